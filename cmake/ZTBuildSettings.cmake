@@ -1,0 +1,49 @@
+# Compiler settings that hold for everything this project builds.
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
+
+include(GNUInstallDirs)
+file(RELATIVE_PATH ZT_BIN_TO_LIB "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
+set(CMAKE_INSTALL_RPATH "$ORIGIN/${ZT_BIN_TO_LIB}")
+
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+  set(CMAKE_BUILD_TYPE Release)
+endif()
+
+find_program(ZT_CCACHE ccache)
+if(ZT_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${ZT_CCACHE}")
+endif()
+
+add_library(zt_settings INTERFACE)
+target_compile_definitions(zt_settings INTERFACE
+  QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
+  QT_DISABLE_DEPRECATED_BEFORE=0x050e00)
+target_compile_options(zt_settings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow
+  # Mark paths are exact to the last bit on every target: no fused multiply-add.
+  -ffp-contract=off)
+target_link_options(zt_settings INTERFACE
+  $<$<NOT:$<BOOL:${ZT_SANITIZE}>>:-Wl,--no-undefined> -Wl,--as-needed)
+if(ZT_WERROR)
+  target_compile_options(zt_settings INTERFACE -Werror)
+endif()
+if(ZT_SANITIZE)
+  target_compile_options(zt_settings INTERFACE
+    -fsanitize=${ZT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(zt_settings INTERFACE -fsanitize=${ZT_SANITIZE})
+endif()
+if(ZT_COVERAGE)
+  target_compile_options(zt_settings INTERFACE --coverage)
+  target_link_options(zt_settings INTERFACE --coverage)
+endif()

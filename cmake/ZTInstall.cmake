@@ -1,0 +1,41 @@
+# Installation: headers as they stand in the tree, exported targets, a .pc file per library.
+
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+# Installs library TARGET with its public headers; PC_REQUIRES names its pkg-config requirements.
+function(zt_install_library target)
+  cmake_parse_arguments(arg "" "DESCRIPTION" "PC_REQUIRES" ${ARGN})
+  set_target_properties(${target} PROPERTIES
+    VERSION ${PROJECT_VERSION}
+    SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+  install(TARGETS ${target} EXPORT ZTDrawEngineLibTargets
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+  install(DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}/" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${target}
+    FILES_MATCHING PATTERN "*.h" PATTERN "*_p.h" EXCLUDE)
+  list(JOIN arg_PC_REQUIRES " " ZT_PC_REQUIRES)
+  set(ZT_PC_NAME ${target})
+  set(ZT_PC_DESCRIPTION "${arg_DESCRIPTION}")
+  configure_file("${PROJECT_SOURCE_DIR}/cmake/library.pc.in"
+                 "${PROJECT_BINARY_DIR}/pkgconfig/${target}.pc" @ONLY)
+  install(FILES "${PROJECT_BINARY_DIR}/pkgconfig/${target}.pc"
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endfunction()
+
+function(zt_install_package)
+  set(destination "${CMAKE_INSTALL_LIBDIR}/cmake/ZTDrawEngineLib")
+  install(EXPORT ZTDrawEngineLibTargets NAMESPACE ZTDrawEngineLib:: DESTINATION "${destination}")
+  configure_package_config_file(
+    "${PROJECT_SOURCE_DIR}/cmake/ZTDrawEngineLibConfig.cmake.in"
+    "${PROJECT_BINARY_DIR}/ZTDrawEngineLibConfig.cmake"
+    INSTALL_DESTINATION "${destination}")
+  write_basic_package_version_file("${PROJECT_BINARY_DIR}/ZTDrawEngineLibConfigVersion.cmake"
+    COMPATIBILITY SameMinorVersion)
+  install(FILES
+    "${PROJECT_BINARY_DIR}/ZTDrawEngineLibConfig.cmake"
+    "${PROJECT_BINARY_DIR}/ZTDrawEngineLibConfigVersion.cmake"
+    DESTINATION "${destination}")
+endfunction()

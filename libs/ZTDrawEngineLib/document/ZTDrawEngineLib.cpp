@@ -1,0 +1,3 @@
+#include <ZTDrawEngineLib/document/ZTDrawEngineLib.h>
+
+ZTDrawEngineLib::ZTDrawEngineLib() = default;

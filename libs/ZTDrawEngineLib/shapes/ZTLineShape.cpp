@@ -1,0 +1,49 @@
+#include <ZTDrawEngineLib/shapes/ZTLineShape.h>
+
+#include <ZTDrawEngineLib/document/ZTCoord.h>
+
+ZTLineShape::ZTLineShape() : line(getRect().topLeft(), getRect().bottomRight())
+{
+    setShapeType(ShapeType::Line);
+    setUpdate(1);
+    ZTLineShape::paint();
+}
+
+void ZTLineShape::paint()
+{
+    if (!isUpdate())
+        return;
+    setUpdate(0);
+    const QTransform lineToPx = getTransformParam() * ZTCoord::getInstance()->getMm2pixTransform();
+    const QLineF linePx = lineToPx.map(line);
+    m_angle = linePx.angle();
+    m_length = getTransformParam().map(line).length();
+    QPainterPath lines;
+    lines.moveTo(linePx.p1());
+    lines.lineTo(linePx.p2());
+    setLines(lines);
+}
+
+double ZTLineShape::angle() const { return m_angle; }
+
+double ZTLineShape::length() const { return m_length; }
+
+void ZTLineShape::takeTransformIntoLine() { line = getTransformParam().map(line); }
+
+void ZTLineShape::setAngle(double angleDeg)
+{
+    m_angle = angleDeg;
+    takeTransformIntoLine();
+    line.setAngle(angleDeg);
+    setTransformParam(QTransform());
+}
+
+void ZTLineShape::setLength(double lengthMm)
+{
+    if (qFuzzyCompare(lengthMm, 0.0))
+        return;
+    m_length = lengthMm;
+    takeTransformIntoLine();
+    line.setLength(lengthMm);
+    setTransformParam(QTransform());
+}

@@ -1,0 +1,137 @@
+#include <ZTDrawEngineLib/shapes/ZTShapeBase.h>
+
+#include <ZTDrawEngineLib/document/ZTCoord.h>
+#include <ZTDrawEngineLib/model/ZTPointSort.h>
+#include <ZTDrawEngineLib/shapes/ZTShapeBase_p.h>
+
+#include <QtCore/QDataStream>
+
+ZTShapeBase::ZTShapeBase() : d(new ZTShapeBasePrivate) {}
+
+ZTShapeBase::ZTShapeBase(const ZTShapeBase &other) : d(new ZTShapeBasePrivate(*other.d)) {}
+
+ZTShapeBase::ZTShapeBase(ZTShapeBase &&other) noexcept = default;
+
+// Kept: assignment shares the record instead of copying it, so that hosts that hold a shape by
+// value can let two of them stand for one geometry. The count in the record deletes it once.
+ZTShapeBase &ZTShapeBase::operator=(const ZTShapeBase &other) = default;
+ZTShapeBase &ZTShapeBase::operator=(ZTShapeBase &&other) noexcept = default;
+
+ZTShapeBase::~ZTShapeBase() = default;
+
+QString ZTShapeBase::text() const { return {}; }
+
+void ZTShapeBase::setText(const QString &) {}
+
+const QPainterPath &ZTShapeBase::getLines() const { return d->lines; }
+
+void ZTShapeBase::setTransformParam(const QTransform &transform)
+{
+    d->transformParam = transform;
+    setUpdate(1);
+    paint();
+}
+
+QTransform &ZTShapeBase::getTransformParam() { return d->transformParam; }
+
+QTransform &ZTShapeBase::getRoundingTransformParam() { return d->roundingTransformParam; }
+
+void ZTShapeBase::setRoundingTransformParam(const QTransform &transform)
+{
+    d->roundingTransformParam = transform;
+}
+
+QRectF ZTShapeBase::getRect() const { return d->rect; }
+
+void ZTShapeBase::setRect(const QRectF &rectMm)
+{
+    if (rectMm != d->rect) {
+        d->rect = rectMm;
+        setUpdate(1);
+    }
+}
+
+QRectF ZTShapeBase::controlPointRect() { return d->lines.controlPointRect(); }
+
+void ZTShapeBase::scale(double sx, double sy)
+{
+    d->rect.setSize(QSizeF(d->rect.width() * sx, d->rect.height() * sy));
+}
+
+ZTFillParam ZTShapeBase::getFillParam() { return d->fillParam; }
+
+void ZTShapeBase::setFillParam(const ZTFillParam &param)
+{
+    d->fillParam = param;
+    setUpdate(1);
+}
+
+ShapeType ZTShapeBase::getShapeType() { return d->shapeType; }
+
+void ZTShapeBase::setShapeType(const ShapeType &type) { d->shapeType = type; }
+
+const QVector<QLineF> &ZTShapeBase::getFillLines() const { return d->fillLines; }
+
+bool ZTShapeBase::load(QDataStream &stream)
+{
+    stream >> *this;
+    setUpdate(1);
+    return true;
+}
+
+void ZTShapeBase::save(QDataStream &stream) const { stream << *this; }
+
+int ZTShapeBase::getId() const { return d->id; }
+void ZTShapeBase::setId(int id) { d->id = id; }
+int ZTShapeBase::getPenId() const { return d->penId; }
+void ZTShapeBase::setPenId(int penId) { d->penId = penId; }
+bool ZTShapeBase::getLockAspectRatio() const { return d->lockAspectRatio; }
+void ZTShapeBase::setLockAspectRatio(bool lock) { d->lockAspectRatio = lock; }
+bool ZTShapeBase::isUpdate() const { return d->update != 0; }
+void ZTShapeBase::setUpdate(int update) { d->update = update; }
+
+QPainterPath &ZTShapeBase::getPath() const { return d->path; }
+
+QTransform ZTShapeBase::pathToMm() const
+{
+    if (d->roundingTransformParam.isIdentity())
+        return d->transformParam;
+    return d->roundingTransformParam * d->transformParam;
+}
+
+void ZTShapeBase::path2Lines(bool sort)
+{
+    const QTransform pathToPx = pathToMm() * ZTCoord::getInstance()->getMm2pixTransform();
+    QList<QPolygonF> polygons = d->path.toSubpathPolygons(pathToPx);
+    if (sort)
+        polygons = ZTPointSort::getInstance()->sort(polygons);
+
+    QPainterPath lines;
+    for (const QPolygonF &polygon : qAsConst(polygons))
+        lines.addPolygon(polygon);
+    d->lines = lines;
+}
+
+void ZTShapeBase::setLines(const QPainterPath &linesPx) { d->lines = linesPx; }
+
+void ZTShapeBase::setFillLines(const QVector<QLineF> &fillLinesPx) { d->fillLines = fillLinesPx; }
+
+QDataStream &operator<<(QDataStream &stream, const ZTShapeBase &shape)
+{
+    const ZTShapeBasePrivate &record = *shape.d;
+    return stream << record.rect << record.transformParam << record.roundingTransformParam
+                  << record.fillParam << static_cast<qint32>(record.shapeType) << record.update
+                  << record.id << record.lockAspectRatio << record.penId;
+}
+
+QDataStream &operator>>(QDataStream &stream, ZTShapeBase &shape)
+{
+    ZTShapeBasePrivate &record = *shape.d;
+    qint32 shapeType = 0;
+    stream >> record.rect >> record.transformParam >> record.roundingTransformParam >>
+        record.fillParam >> shapeType >> record.update >> record.id >> record.lockAspectRatio >>
+        record.penId;
+    // Kept: eight bits in memory, so only the low ones of the stream's 32 count.
+    record.shapeType = static_cast<ShapeType>(shapeType);
+    return stream;
+}

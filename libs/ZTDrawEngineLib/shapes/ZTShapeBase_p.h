@@ -1,0 +1,28 @@
+#pragma once
+
+#include <ZTDrawEngineLib/common/ZTFillParam.h>
+
+#include <QtCore/QLineF>
+#include <QtCore/QRectF>
+#include <QtCore/QSharedData>
+#include <QtCore/QVector>
+#include <QtGui/QPainterPath>
+#include <QtGui/QTransform>
+
+/** Record behind a shape; assigned shapes share one, copied shapes have their own. */
+class ZTShapeBasePrivate : public QSharedData
+{
+public:
+    QRectF rect{0, 0, 10, 10};         ///< millimetres, untransformed
+    QPainterPath path;                 ///< millimetres, written by paint()
+    QPainterPath lines;                ///< outline in scene pixels
+    QVector<QLineF> fillLines;         ///< hatch in scene pixels
+    QTransform transformParam;         ///< given by rotating, mirroring, resizing
+    QTransform roundingTransformParam; ///< for text on an arc
+    ZTFillParam fillParam;
+    ShapeType shapeType = ShapeType::None;
+    qint32 penId = 1;
+    qint32 update = 0; ///< non-zero: the next paint() rebuilds
+    qint32 id = 0;
+    bool lockAspectRatio = false;
+};

@@ -1,0 +1,50 @@
+#include <ZTDrawEngineLib/shapes/ZTVecGraph.h>
+
+#include <QtCore/QDataStream>
+#include <QtGui/QFont>
+
+ZTVecGraph::ZTVecGraph()
+{
+    setShapeType(ShapeType::TDOT);
+    setUpdate(1);
+    setRect(QRectF(0, 0, 100, 100));
+}
+
+void ZTVecGraph::paint()
+{
+    if (!isUpdate())
+        return;
+    setUpdate(0);
+    const QPainterPath drawing = imageKind == 1 ? reader.getPath() : QPainterPath();
+    QPainterPath path;
+    if (drawing.isEmpty())
+        path.addText(10, 10, QFont(), QStringLiteral("null"));
+    else
+        path.addPath(drawing);
+    getPath() = path;
+    path2Lines(true);
+    fill();
+}
+
+bool ZTVecGraph::load(QDataStream &stream)
+{
+    QString path;
+    stream >> path;
+    setImagePath(path);
+    return true;
+}
+
+void ZTVecGraph::save(QDataStream &stream) const { stream << imagePath; }
+
+void ZTVecGraph::setImagePath(const QString &path)
+{
+    imagePath = path;
+    // Kept: the whole name is compared, not its extension, so that files of any extension load.
+    if (path.compare(QLatin1String(".plt"), Qt::CaseInsensitive) == 0)
+        return;
+    imageKind = 1;
+    reader.load(imagePath);
+    setUpdate(1);
+}
+
+const QString &ZTVecGraph::getImagePath() const { return imagePath; }

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <ZTDrawEngineLib/shapes/PltReader.h>
+#include <ZTDrawEngineLib/shapes/ZTShapeBase.h>
+
+/**
+ * An imported plotter drawing, 20 mm high before its transform; shows the word "null" while there
+ * is nothing to show, so that it stays visible and can be selected. The rectangle plays no part.
+ *
+ * Kept: the shape type of a new one is that of a TDOT figure; the item beside it carries
+ * `ShapeType::VecGraph`.
+ */
+class ZTDRAWENGINELIB_EXPORT ZTVecGraph : public ZTShapeBase
+{
+public:
+    ZTVecGraph();
+
+    void paint() override;
+
+    /** Reads the path and the file behind it anew. */
+    bool load(QDataStream &stream) override;
+
+    /** Writes the path (QString) alone: neither the drawing nor transform nor hatch. */
+    void save(QDataStream &stream) const override;
+
+    /**
+     * Reads a plotter file, of any extension, and marks the shape. Does not paint.
+     *
+     * Failure: none is told. The name is kept in every case, and the former drawing stays when
+     * the file yields none. A path that is nothing but ".plt", in any case, is not read.
+     */
+    void setImagePath(const QString &path);
+    const QString &getImagePath() const;
+
+private:
+    QString imagePath;
+    PltReader reader;
+    qint32 imageKind = 0; ///< 1 once a file was handed to the reader
+};

@@ -1,0 +1,21 @@
+#include "SingletonGuard.h"
+
+#include <ZTDrawEngineLib/ZTDrawEngineLib.h>
+
+namespace {
+
+void releaseAll()
+{
+    ZTCoord::release();
+    ZTPointSort::release();
+}
+
+} // namespace
+
+namespace testsupport {
+
+SingletonGuard::SingletonGuard() { releaseAll(); }
+
+SingletonGuard::~SingletonGuard() { releaseAll(); }
+
+} // namespace testsupport
