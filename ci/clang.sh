@@ -1,0 +1,7 @@
+#!/usr/bin/env bash
+# The second compiler, warnings as errors, and the tests on what it made.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+tools/build.sh clang
+ctest --test-dir build/clang --output-on-failure --parallel "$(nproc)" -LE slow

@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# Static analysis of libraries and programs: clang-tidy with the checks of .clang-tidy, then clazy.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+tools/build.sh tidy
+mapfile -t sources < <(git ls-files 'libs/*.cpp' 'apps/*.cpp')
+
+run_on_sources() {
+    printf '%s\0' "${sources[@]}" | xargs -0 -n 4 -P "$(nproc)" "$@"
+}
+
+run_on_sources clang-tidy -p build/tidy --quiet --warnings-as-errors='*' 2>/dev/null
+run_on_sources clazy-standalone -p build/tidy -checks=level1 -header-filter='libs/.*' \
+    >build/clazy.log 2>&1
+if grep -q 'warning:' build/clazy.log; then
+    grep 'warning:' build/clazy.log | sort -u >&2
+    exit 1
+fi
