@@ -1,6 +1,6 @@
 #pragma once
 
-/** Everything a host needs, in one include. For hosts only: the library itself never includes it. */
+/** Everything a host needs in one include. For hosts only: the library never includes it. */
 
 #include <ZTDrawEngineLib/common/ZTEnumerations.h>
 #include <ZTDrawEngineLib/common/ZTFillParam.h>

@@ -23,13 +23,13 @@ class ZTDRAWENGINELIB_EXPORT ZTCoord : public ZTSingletonTemplate<ZTCoord>
     friend class ZTSingletonTemplate<ZTCoord>;
 
 public:
-    double getWidth() const;          ///< reference screen width in pixels, 1600
-    void setWidth(double width);      ///< stored only
-    double getHeight() const;         ///< reference screen height in pixels, 900
-    void setHeight(double height);    ///< scales every later conversion
-    double getPhysicalWidth() const;  ///< reference screen width in millimetres, 343.126
-    void setPhysicalWidth(double mm); ///< stored only
-    double getPhysicalHeight() const; ///< reference screen height in millimetres, 193
+    double getWidth() const;               ///< reference screen width in pixels, 1600
+    void setWidth(double width);           ///< stored only
+    double getHeight() const;              ///< reference screen height in pixels, 900
+    void setHeight(double height);         ///< scales every later conversion
+    double getPhysicalWidth() const;       ///< reference screen width in millimetres, 343.126
+    void setPhysicalWidth(double mm);      ///< stored only
+    double getPhysicalHeight() const;      ///< reference screen height in millimetres, 193
     void setPhysicalHeight(double mm);     ///< scales every later conversion
     double getDisplayRatio() const;        ///< extra scale factor of the display, 1
     void setDisplayRatio(double ratio);    ///< scales every later conversion; 0 is allowed

@@ -73,6 +73,7 @@ public:
      * the outline into zigzags, so that the laser seldom jumps. An open outline is hatched as if
      * its last chord closed it.
      *
+     * @param type `Line` or `ULine`
      * @param spac distance of the lines in scene pixels
      * @param angle direction in degrees
      *
@@ -152,7 +153,7 @@ public:
     void setPenId(int penId);
     bool getLockAspectRatio() const; ///< whether resizing keeps the proportions, false
     void setLockAspectRatio(bool lock);
-    bool isUpdate() const; ///< whether the next `paint()` rebuilds
+    bool isUpdate() const;      ///< whether the next `paint()` rebuilds
     void setUpdate(int update); ///< non-zero marks the shape
 
 protected:
