@@ -1,0 +1,37 @@
+#!/usr/bin/env bash
+# check_package.sh BUILD-TREE SOURCE-TREE SCRATCH
+set -euo pipefail
+build=$1 source=$2 scratch=$3
+prefix=$scratch/prefix
+example=$source/examples/minimal-host
+
+rm -rf "$scratch"
+mkdir -p "$scratch"
+cmake --install "$build" --prefix "$prefix" >"$scratch/install.log"
+
+libdir=$(dirname "$(find "$prefix" -name 'libZTDrawEngineLib.so' | head -n 1)")
+version=$(head -n 1 "$source/version.txt")
+soname=$(readelf -d "$libdir/libZTDrawEngineLib.so" | sed -n 's/.*soname: \[\(.*\)\]/\1/p')
+echo "soname: $soname"
+[ "$soname" = "libZTDrawEngineLib.so.${version%.*}" ]
+[ -z "$(find "$prefix" -name '*_p.h')" ] || { echo "private headers are installed" >&2; exit 1; }
+
+echo "-- by find_package"
+cmake -S "$example" -B "$scratch/cmake-host" -DCMAKE_PREFIX_PATH="$prefix" >"$scratch/cmake.log"
+cmake --build "$scratch/cmake-host" >>"$scratch/cmake.log"
+"$scratch/cmake-host/minimal-host" >"$scratch/cmake-host.out"
+
+echo "-- by pkg-config"
+export PKG_CONFIG_PATH=$libdir/pkgconfig
+# shellcheck disable=SC2046
+"$CXX" -std=c++17 -fPIC "$example/main.cpp" \
+    $(pkg-config --define-variable=prefix="$prefix" --cflags --libs ZTDrawEngineLib) \
+    -o "$scratch/pkg-config-host"
+LD_LIBRARY_PATH=$libdir "$scratch/pkg-config-host" >"$scratch/pkg-config-host.out"
+
+cat "$scratch/cmake-host.out"
+cmp "$scratch/cmake-host.out" "$scratch/pkg-config-host.out"
+cmp "$scratch/cmake-host.out" "$example/expected-output.txt"
+
+echo "-- the installed command line"
+[ "$("$prefix/bin/ztmark" --version)" = "ztmark $version" ]
