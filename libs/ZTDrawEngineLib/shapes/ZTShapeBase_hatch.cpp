@@ -2,15 +2,29 @@
 
 #include <ZTDrawEngineLib/document/ZTCoord.h>
 #include <ZTDrawEngineLib/shapes/ZTShapeBase_p.h>
+#include <ZTDrawEngineLib/shapes/hatch/HatchFill_p.h>
+#include <ZTDrawEngineLib/shapes/hatch/LevelLines_p.h>
 
 void ZTShapeBase::fill()
 {
     const ZTFillParam &param = d->fillParam;
     if (param.fillType == FillType::None || qFuzzyCompare(param.spac, 0.0))
         return;
+    // Kept: the spacing is converted as it stands, also one that the property grid has converted
+    // before; existing drawings hold spacings of both kinds.
     fillULine(param.fillType, ZTCoord::getInstance()->mm2pix(param.spac), param.angle);
 }
 
-void ZTShapeBase::fillULine(FillType, double, double) { setFillLines({}); }
+void ZTShapeBase::fillULine(FillType type, double spac, double angle)
+{
+    setFillLines(
+        zthatch::hatchLines(getLines().toSubpathPolygons(QTransform()), type, spac, angle));
+}
 
-void ZTShapeBase::fillLine() {}
+void ZTShapeBase::fillLine()
+{
+    if (d->path.isEmpty())
+        return;
+    d->fillLines.clear();
+    d->fillLines = zthatch::levelLines(d->path.toSubpathPolygons(pathToMm()), d->fillParam.spac);
+}

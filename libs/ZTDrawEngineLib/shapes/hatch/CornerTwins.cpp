@@ -1,0 +1,87 @@
+#include <ZTDrawEngineLib/shapes/hatch/CornerTwins_p.h>
+
+#include <ZTDrawEngineLib/shapes/hatch/HatchGeometry_p.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zthatch {
+
+namespace {
+
+/** Calls `visit(begin, end)` for every longest run of sorted corners without a gap between. */
+template <typename Coordinate, typename Visit>
+void forEachCluster(std::vector<int>::iterator begin, std::vector<int>::iterator end,
+                    const Coordinate &coordinate, const Visit &visit)
+{
+    std::sort(begin, end, [&](int a, int b) {
+        return coordinate(a) < coordinate(b) || (coordinate(a) == coordinate(b) && a < b);
+    });
+    while (begin != end) {
+        auto next = begin + 1;
+        while (next != end && coordinate(*next) - coordinate(*(next - 1)) <= kSamePointTolerance)
+            ++next;
+        visit(begin, next);
+        begin = next;
+    }
+}
+
+} // namespace
+
+CornerTwins::CornerTwins(const HatchOutline &outline_)
+    : outline(outline_), isPrepared(static_cast<std::size_t>(outline_.polygonCount())),
+      groups(static_cast<std::size_t>(outline_.edgeCount()))
+{
+}
+
+// Corners at one point, within the tolerance, have no gap between their x nor between their y.
+// So groups without gaps hold all of a corner's twins, and perhaps others that are tested one by
+// one: being at the same point is not transitive.
+void CornerTwins::prepare(int polygon)
+{
+    isPrepared[static_cast<std::size_t>(polygon)] = 1;
+    const int firstEdge = outline.firstEdge(polygon);
+    std::vector<int> corners;
+    for (int edge = firstEdge; edge < outline.firstEdge(polygon + 1); ++edge) {
+        if (std::isfinite(pointOf(edge).x()) && std::isfinite(pointOf(edge).y()))
+            corners.push_back(edge);
+    }
+    using Iterator = std::vector<int>::iterator;
+    const auto x = [this](int edge) { return pointOf(edge).x(); };
+    const auto y = [this](int edge) { return pointOf(edge).y(); };
+    const auto keep = [&](Iterator begin, Iterator end) {
+        if (end - begin < 2)
+            return;
+        std::sort(begin, end);
+        const auto first = static_cast<int>(members.size());
+        const Group group{first, first + static_cast<int>(end - begin)};
+        for (Iterator edge = begin; edge != end; ++edge) {
+            members.push_back(*edge - firstEdge);
+            groups[static_cast<std::size_t>(*edge)] = group;
+        }
+    };
+    forEachCluster(corners.begin(), corners.end(), x, [&](Iterator begin, Iterator end) {
+        if (end - begin > 1)
+            forEachCluster(begin, end, y, keep);
+    });
+}
+
+int CornerTwins::firstFrom(int polygon, int corner, int start)
+{
+    if (!isPrepared[static_cast<std::size_t>(polygon)])
+        prepare(polygon);
+    const int firstEdge = outline.firstEdge(polygon);
+    const QPointF point = pointOf(firstEdge + corner);
+    const Group &group = groups[static_cast<std::size_t>(firstEdge + corner)];
+    if (group.begin == group.end)
+        return samePoint(point, point) ? corner : -1;
+
+    const auto begin = members.begin() + group.begin;
+    const auto end = members.begin() + group.end;
+    const auto from = std::lower_bound(begin, end, start);
+    const auto matches = [&](int other) { return samePoint(pointOf(firstEdge + other), point); };
+    const auto after = std::find_if(from, end, matches);
+    return after != end ? *after : *std::find_if(begin, from, matches);
+}
+
+} // namespace zthatch

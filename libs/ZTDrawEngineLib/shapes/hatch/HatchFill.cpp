@@ -1,0 +1,100 @@
+#include <ZTDrawEngineLib/shapes/hatch/HatchFill_p.h>
+
+#include <ZTDrawEngineLib/shapes/hatch/HatchLimits_p.h>
+#include <ZTDrawEngineLib/shapes/hatch/HatchOutline_p.h>
+#include <ZTDrawEngineLib/shapes/hatch/HatchPairing_p.h>
+#include <ZTDrawEngineLib/shapes/hatch/ScanLineCrossings_p.h>
+#include <ZTDrawEngineLib/shapes/hatch/ScanLineLayout_p.h>
+#include <ZTDrawEngineLib/shapes/hatch/ZigzagLinker_p.h>
+
+#include <algorithm>
+#include <cstdint>
+
+namespace zthatch {
+
+namespace {
+
+void warnOfLayout(ScanLineLayout::State state, double spac)
+{
+    if (state == ScanLineLayout::State::TooFine)
+        warnOfLostSpacing(spac);
+    else if (state == ScanLineLayout::State::TooMany)
+        warnOfTooManyScanLines(spac);
+}
+
+QVector<QLineF> unlessTooMany(const QVector<QLineF> &lines, double spac)
+{
+    if (lines.size() <= kMostHatchLines)
+        return lines;
+    warnOfTooManyLines(spac);
+    return {};
+}
+
+/** Room that the pairs of all scan lines hardly exceed, so that they seldom have to move. */
+int mostPairs(const ScanLineCrossings &crossings)
+{
+    return static_cast<int>(std::min<std::int64_t>(crossings.mostCrossings() / 2, kMostHatchLines));
+}
+
+/** Separate segments; the direction changes from one scan line to the next, an empty one too. */
+QVector<QLineF> separateLines(ScanLineCrossings *crossings, int edgeCount)
+{
+    QVector<QLineF> lines;
+    lines.reserve(mostPairs(*crossings));
+    HatchPairing pairing(edgeCount);
+    bool ascending = true;
+    crossings->visit([&](const Crossing *hits, int count) {
+        for (const HatchPairing::Pair &pair : pairing.pair(hits, count, ascending))
+            lines.append(QLineF(hits[pair.first].point, hits[pair.second].point));
+        ascending = !ascending;
+        return lines.size() <= kMostHatchLines;
+    });
+    return lines;
+}
+
+std::vector<HatchRow> rowsOf(ScanLineCrossings *crossings, int edgeCount)
+{
+    std::vector<HatchRow> rows;
+    rows.reserve(static_cast<std::size_t>(mostPairs(*crossings)));
+    HatchPairing pairing(edgeCount);
+    crossings->visit([&](const Crossing *hits, int count) {
+        for (const HatchPairing::Pair &pair : pairing.pair(hits, count, true)) {
+            const Crossing &first = hits[pair.first];
+            const Crossing &second = hits[pair.second];
+            rows.push_back({first.point, second.point, first.edge, second.edge});
+        }
+        return rows.size() <= kMostHatchLines;
+    });
+    return rows;
+}
+
+QVector<QLineF> zigzags(const HatchOutline &outline, ScanLineCrossings *crossings)
+{
+    QVector<QLineF> lines;
+    const std::vector<HatchRow> rows = rowsOf(crossings, outline.edgeCount());
+    ZigzagLinker(outline, crossings->hitEdges(), rows).link(kMostHatchLines, &lines);
+    return lines;
+}
+
+} // namespace
+
+QVector<QLineF> hatchLines(const QList<QPolygonF> &polygons, FillType type, double spac,
+                           double angleDeg)
+{
+    const HatchOutline outline(polygons);
+    if (outline.edgeCount() == 0)
+        return {};
+    const ScanLineLayout layout(outline.bounds(), spac, normalisedAngle(angleDeg));
+    if (layout.state() != ScanLineLayout::State::Complete) {
+        warnOfLayout(layout.state(), spac);
+        return {};
+    }
+    ScanLineCrossings crossings(outline, layout);
+    if (type == FillType::Line)
+        return unlessTooMany(separateLines(&crossings, outline.edgeCount()), spac);
+    if (type == FillType::ULine)
+        return unlessTooMany(zigzags(outline, &crossings), spac);
+    return {};
+}
+
+} // namespace zthatch

@@ -1,0 +1,179 @@
+#include <ZTDrawEngineLib/shapes/hatch/HatchPairing_p.h>
+
+#include <ZTDrawEngineLib/shapes/hatch/HatchGeometry_p.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zthatch {
+
+namespace {
+
+/** So few crossings are in order sooner than the last order is looked up. */
+constexpr std::size_t kFewCrossings = 16;
+
+/** Places that a crossing may move on average before sorting anew is cheaper. */
+constexpr std::size_t kCheapMoves = 8;
+
+} // namespace
+
+/** Order of (x, number), numbers before what is not one. */
+bool HatchPairing::IsBefore::operator()(const Key &a, const Key &b) const
+{
+    if (a.x < b.x)
+        return true;
+    if (a.x > b.x)
+        return false;
+    if (a.x == b.x || (std::isnan(a.x) && std::isnan(b.x)))
+        return a.number < b.number;
+    return std::isnan(b.x);
+}
+
+HatchPairing::HatchPairing(int edgeCount)
+    : keys(static_cast<std::size_t>(edgeCount) + 1),
+      numbersOfEdges(static_cast<std::size_t>(edgeCount))
+{
+}
+
+const std::vector<HatchPairing::Pair> &HatchPairing::pair(const Crossing *crossings,
+                                                          int crossingCount, bool ascending)
+{
+    count = static_cast<std::size_t>(crossingCount);
+    order(crossings, ascending);
+    pairs.clear();
+    if (hasDoubt(crossings)) {
+        pairWithDoubt(crossings);
+        return pairs;
+    }
+    for (std::size_t i = 0; i + 1 < count; i += 2)
+        pairs.push_back({keys[i].number, keys[i + 1].number});
+    return pairs;
+}
+
+// From one scan line to the next the order of the edges hardly changes, so the last order is where
+// sorting starts. The result does not depend on it: no two keys are equal.
+void HatchPairing::order(const Crossing *crossings, bool ascending)
+{
+    if (count > kFewCrossings) {
+        startFromLastOrder(crossings, ascending);
+    } else {
+        for (std::size_t i = 0; i < count; ++i)
+            keys[i] = {crossings[i].point.x(), static_cast<int>(i)};
+    }
+    if (!ascending) {
+        for (std::size_t i = 0; i < count; ++i)
+            keys[i].x = -keys[i].x;
+    }
+    sortKeys();
+    lastOrder.resize(count);
+    for (std::size_t i = 0; i < count; ++i)
+        lastOrder[ascending ? i : count - 1 - i] = crossings[keys[i].number].edge;
+}
+
+void HatchPairing::startFromLastOrder(const Crossing *crossings, bool ascending)
+{
+    int *const numbers = numbersOfEdges.data();
+    for (std::size_t i = 0; i < count; ++i)
+        numbers[crossings[i].edge] = static_cast<int>(i) + 1;
+    Key *end = keys.data();
+    // A key is written without asking and kept if the edge has a crossing: that cannot be foreseen.
+    const auto takeUp = [&](int edge) {
+        const int number = std::max(numbers[edge] - 1, 0);
+        *end = {crossings[number].point.x(), number};
+        end += numbers[edge] > 0;
+        numbers[edge] = 0;
+    };
+    if (ascending)
+        std::for_each(lastOrder.begin(), lastOrder.end(), takeUp);
+    else
+        std::for_each(lastOrder.rbegin(), lastOrder.rend(), takeUp);
+    for (std::size_t i = 0; i < count && end < keys.data() + count; ++i)
+        takeUp(crossings[i].edge);
+}
+
+void HatchPairing::sortKeys()
+{
+    const IsBefore isBefore;
+    std::size_t moves = 0;
+    for (std::size_t i = 1; i < count; ++i) {
+        const Key key = keys[i];
+        std::size_t j = i;
+        for (; j > 0 && isBefore(key, keys[j - 1]); --j)
+            keys[j] = keys[j - 1];
+        keys[j] = key;
+        moves += i - j;
+        if (moves > kCheapMoves * count) {
+            std::sort(keys.data(), keys.data() + count, isBefore);
+            return;
+        }
+    }
+}
+
+bool HatchPairing::areSame(const Crossing *crossings, std::size_t i, std::size_t j) const
+{
+    return std::fabs(keys[i].x - keys[j].x) <= kSamePointTolerance &&
+           samePoint(crossings[keys[i].number].point, crossings[keys[j].number].point);
+}
+
+/** Whether two neighbours lie at one point: the scan line passes through a corner. */
+bool HatchPairing::hasDoubt(const Crossing *crossings) const
+{
+    for (std::size_t i = 1; i < count; ++i) {
+        if (areSame(crossings, i - 1, i))
+            return true;
+    }
+    return false;
+}
+
+void HatchPairing::pairWithDoubt(const Crossing *crossings)
+{
+    isUsed.assign(count, 0);
+    placeOf.resize(count);
+    for (std::size_t i = 0; i < count; ++i)
+        placeOf[static_cast<std::size_t>(keys[i].number)] = i;
+
+    for (std::size_t i = 0; i + 1 < count; i += 2) {
+        const std::size_t start = isUsed[i] ? i - 1 : i;
+        const bool isDoubtful = (i + 2 < count && areSame(crossings, i + 1, i + 2)) ||
+                                (i > 0 && areSame(crossings, i - 1, i));
+        if (isDoubtful)
+            repair(start);
+        else
+            give(start, i + 1);
+    }
+}
+
+/**
+ * Pairs a crossing with a free neighbour in the order of the edges: the two sides of one corner.
+ *
+ * The first free neighbour in the order of x wins. After an odd number the next one does not
+ * count. Without a neighbour nothing is paired.
+ *
+ * Kept: a row can be lost by this; it is how existing hatches look where lines meet corners.
+ */
+void HatchPairing::repair(std::size_t at)
+{
+    const auto number = static_cast<std::size_t>(keys[at].number);
+    const std::size_t none = count;
+    std::size_t found = none;
+    const auto consider = [&](std::size_t neighbour) {
+        const std::size_t place = placeOf[neighbour];
+        if (!isUsed[place])
+            found = std::min(found, place);
+    };
+    if (number > 0)
+        consider(number - 1);
+    if (number % 2 == 0 && number + 1 < none)
+        consider(number + 1);
+    if (found != none)
+        give(at, found);
+}
+
+void HatchPairing::give(std::size_t first, std::size_t second)
+{
+    pairs.push_back({keys[first].number, keys[second].number});
+    isUsed[first] = 1;
+    isUsed[second] = 1;
+}
+
+} // namespace zthatch

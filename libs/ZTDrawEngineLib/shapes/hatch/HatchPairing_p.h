@@ -1,0 +1,62 @@
+#pragma once
+
+#include <ZTDrawEngineLib/shapes/hatch/ScanLineCrossings_p.h>
+
+#include <vector>
+
+namespace zthatch {
+
+/** Orders the crossings of one scan line after the other and pairs them into hatch segments. */
+class HatchPairing
+{
+public:
+    /** An edge has at most one crossing with a scan line. */
+    explicit HatchPairing(int edgeCount);
+
+    /** Two crossings, as numbers in the order of the edges, that bound one segment. */
+    struct Pair
+    {
+        int first;
+        int second;
+    };
+
+    /**
+     * Pairs crossings that stand in the order of the edges. Good until the next call.
+     *
+     * They are ordered by x alone, whatever the angle. Equal ones keep the order of the edges in
+     * either direction; one that is not a number goes last.
+     */
+    const std::vector<Pair> &pair(const Crossing *crossings, int crossingCount, bool ascending);
+
+private:
+    /** What a crossing is ordered by; `number` is its place in the order of the edges. */
+    struct Key
+    {
+        double x; ///< turned in sign when descending
+        int number;
+    };
+
+    struct IsBefore
+    {
+        bool operator()(const Key &a, const Key &b) const;
+    };
+
+    void order(const Crossing *crossings, bool ascending);
+    void startFromLastOrder(const Crossing *crossings, bool ascending);
+    void sortKeys();
+    bool hasDoubt(const Crossing *crossings) const;
+    bool areSame(const Crossing *crossings, std::size_t i, std::size_t j) const;
+    void pairWithDoubt(const Crossing *crossings);
+    void repair(std::size_t at);
+    void give(std::size_t first, std::size_t second);
+
+    std::vector<Key> keys; ///< the first `count`, and room for one of every edge
+    std::size_t count = 0; ///< of crossings at hand
+    std::vector<Pair> pairs;
+    std::vector<char> isUsed;         ///< by place in the order of x
+    std::vector<std::size_t> placeOf; ///< by number: its place in the order of x
+    std::vector<int> lastOrder;       ///< edges of the last scan line, by growing x
+    std::vector<int> numbersOfEdges;  ///< by edge: number of its crossing + 1 while ordering, or 0
+};
+
+} // namespace zthatch

@@ -1,0 +1,152 @@
+#include <ZTDrawEngineLib/shapes/hatch/ScanLineCrossings_p.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zthatch {
+
+namespace {
+
+/** Fewest candidates that a block of scan lines should have: bounds memory, keeps to the cache. */
+constexpr std::size_t kBlockCandidates = 1u << 13;
+
+bool isFinite(const QLineF &line)
+{
+    return std::isfinite(line.x1()) && std::isfinite(line.y1()) && std::isfinite(line.x2()) &&
+           std::isfinite(line.y2());
+}
+
+/** Whether products with the edge's extent may lose all their digits. */
+bool isVanishing(const QLineF &edge)
+{
+    return std::max(std::fabs(edge.dx()), std::fabs(edge.dy())) < 1e-100;
+}
+
+} // namespace
+
+// How wide the margin has to be. Let u = 2^-53 be the unit of rounding and M bound every
+// coordinate, and let a be the scan line's vector, e the edge's, c the one between their starts.
+// QLineF divides num = a x c by den = a x e and accepts a result from 0 to 1. Each product is off
+// by at most 4u|a| times the other factor. So an accepted edge has, measured across the carrier
+// of a, one end at most 8u(|c| + |e|) <= 48uM on one side of it and the other end at most that
+// much on the other: even where den is nothing but rounding, as for an edge along the scan line.
+// The computed ends of the scan line lie within 16uM of where they belong, and with them the
+// carrier beside the outline; the level of an edge's end is computed within 16uM. Together that
+// is less than 128uM. The margin is eight times as wide.
+//
+// The argument needs that no product overflows or vanishes, that the scan line is long against
+// 16uM and that the edge lies beside it: edges for which this is not sure meet all scan lines.
+ScanLineCrossings::ScanLineCrossings(const HatchOutline &outline_, const ScanLineLayout &layout_)
+    : outline(outline_), layout(layout_), margin(std::ldexp(layout_.magnitude(), -43))
+{
+    const auto edgeCount = static_cast<std::size_t>(outline.edgeCount());
+    isHit.resize(edgeCount);
+    runs.reserve(edgeCount);
+    candidates.resize(static_cast<std::size_t>(layout.count()) + 1);
+    for (int e = 0; e < outline.edgeCount(); ++e) {
+        const Run run = runOf(outline.edge(e));
+        runs.push_back(run);
+        ++candidates[static_cast<std::size_t>(run.first)];
+        --candidates[static_cast<std::size_t>(run.end)];
+    }
+    int running = 0;
+    for (int &candidate : candidates)
+        candidateCount += candidate = running += candidate;
+}
+
+ScanLineCrossings::Run ScanLineCrossings::runOf(const QLineF &edge) const
+{
+    if (edge.x1() == edge.x2() && edge.y1() == edge.y2())
+        return {}; // no length, no direction: QLineF finds no crossing
+    if (!layout.isSteady() || !isFinite(edge) || isVanishing(edge) || !layout.covers(edge.p1()) ||
+        !layout.covers(edge.p2()))
+        return {0, layout.count()};
+    const double level1 = layout.levelOf(edge.p1());
+    const double level2 = layout.levelOf(edge.p2());
+    const int first = firstAtOrAbove(std::min(level1, level2) - margin);
+    const int end = firstAtOrAbove(std::max(level1, level2) + 2 * margin);
+    return {first, end};
+}
+
+/** Number of the first scan line at or above a level, searched from where it should be. */
+int ScanLineCrossings::firstAtOrAbove(double level) const
+{
+    const std::vector<double> &levels = layout.levels();
+    const int count = layout.count();
+    if (count == 0 || level <= levels.front())
+        return 0;
+    if (level > levels.back())
+        return count;
+    const double share = (level - levels.front()) / (levels.back() - levels.front());
+    const int guess = std::min(count - 1, static_cast<int>(share * (count - 1)));
+    // Spans double around the guess until they hold the answer: equal steps make the guess good,
+    // but accumulated steps need not be equal.
+    int low = guess;
+    int high = guess;
+    int span = 1;
+    for (; low > 0 && levels[static_cast<std::size_t>(low)] >= level; span *= 2)
+        low = std::max(0, low - span);
+    span = 1;
+    for (; high < count - 1 && levels[static_cast<std::size_t>(high)] < level; span *= 2)
+        high = std::min(count - 1, high + span);
+    return static_cast<int>(
+        std::lower_bound(levels.begin() + low, levels.begin() + high + 1, level) - levels.begin());
+}
+
+void ScanLineCrossings::visit(const Visitor &visitor)
+{
+    for (int begin = 0; begin < layout.count();) {
+        const int end = blockEnd(begin);
+        fillBlock(begin, end);
+        for (int line = 0; line < end - begin; ++line) {
+            const auto at = static_cast<std::size_t>(line);
+            if (!visitor(crossings.data() + starts[at], counts[at]))
+                return;
+        }
+        begin = end;
+    }
+}
+
+/** Scan lines up to this one have candidates enough for the edges to be worth going through. */
+int ScanLineCrossings::blockEnd(int begin) const
+{
+    const std::size_t wanted = std::max(kBlockCandidates, 2 * runs.size());
+    std::size_t found = 0;
+    int end = begin;
+    while (end < layout.count() && found < wanted)
+        found += static_cast<std::size_t>(candidates[static_cast<std::size_t>(end++)]) + 1;
+    return end;
+}
+
+void ScanLineCrossings::fillBlock(int begin, int end)
+{
+    const auto lineCount = static_cast<std::size_t>(end - begin);
+    starts.resize(lineCount);
+    counts.assign(lineCount, 0);
+    scanLines.resize(lineCount);
+    std::size_t total = 0;
+    for (std::size_t line = 0; line < lineCount; ++line) {
+        const int number = begin + static_cast<int>(line);
+        starts[line] = total;
+        total += static_cast<std::size_t>(candidates[static_cast<std::size_t>(number)]);
+        scanLines[line] = layout.scanLine(number);
+    }
+    if (crossings.size() < total)
+        crossings.resize(total);
+
+    // Edge by edge, so that each scan line gets its crossings in the order of the edges.
+    for (int e = 0; e < outline.edgeCount(); ++e) {
+        const Run &run = runs[static_cast<std::size_t>(e)];
+        const int last = std::min(run.end, end);
+        for (int number = std::max(run.first, begin); number < last; ++number) {
+            const auto line = static_cast<std::size_t>(number - begin);
+            QPointF point;
+            if (scanLines[line].intersects(outline.edge(e), &point) != QLineF::BoundedIntersection)
+                continue;
+            crossings[starts[line] + static_cast<std::size_t>(counts[line]++)] = {point, e};
+            isHit[static_cast<std::size_t>(e)] = 1;
+        }
+    }
+}
+
+} // namespace zthatch

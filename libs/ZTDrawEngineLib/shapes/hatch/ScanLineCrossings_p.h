@@ -1,0 +1,68 @@
+#pragma once
+
+#include <ZTDrawEngineLib/shapes/hatch/HatchOutline_p.h>
+#include <ZTDrawEngineLib/shapes/hatch/ScanLineLayout_p.h>
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+namespace zthatch {
+
+/** Crossing of one scan line and one edge. */
+struct Crossing
+{
+    QPointF point;
+    int edge;
+};
+
+/**
+ * Crossings of every scan line with every edge, found without testing every pair.
+ *
+ * An edge is tested only against the scan lines that its extent can meet. What counts as a
+ * crossing and where it lies is `QLineF`'s answer alone.
+ */
+class ScanLineCrossings
+{
+public:
+    ScanLineCrossings(const HatchOutline &outline, const ScanLineLayout &layout);
+
+    /** How many crossings there can be at most. */
+    std::int64_t mostCrossings() const { return candidateCount; }
+
+    /** Called with the crossings of one scan line in the order of the edges. False: stop. */
+    using Visitor = std::function<bool(const Crossing *crossings, int count)>;
+
+    /** Visits all scan lines in order, those without a crossing too. */
+    void visit(const Visitor &visitor);
+
+    /** Whether an edge has had a crossing on any scan line visited. */
+    const std::vector<char> &hitEdges() const { return isHit; }
+
+private:
+    /** Scan lines that an edge may cross: from `first`, `end` not included. */
+    struct Run
+    {
+        int first = 0;
+        int end = 0;
+    };
+
+    Run runOf(const QLineF &edge) const;
+    int firstAtOrAbove(double level) const;
+    int blockEnd(int begin) const;
+    void fillBlock(int begin, int end);
+
+    const HatchOutline &outline;
+    const ScanLineLayout &layout;
+    double margin = 0.0;
+    std::vector<Run> runs;       ///< by edge
+    std::vector<int> candidates; ///< by scan line: edges that may cross it
+    std::int64_t candidateCount = 0;
+    std::vector<Crossing> crossings; ///< of the block of scan lines at hand
+    std::vector<std::size_t> starts; ///< by scan line of the block: its first crossing
+    std::vector<int> counts;         ///< by scan line of the block: its crossings
+    std::vector<QLineF> scanLines;   ///< by scan line of the block
+    std::vector<char> isHit;
+};
+
+} // namespace zthatch

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <ZTDrawEngineLib/shapes/hatch/EdgeMeetings_p.h>
+#include <ZTDrawEngineLib/shapes/hatch/HatchGeometry_p.h>
+#include <ZTDrawEngineLib/shapes/hatch/HatchOutline_p.h>
+#include <ZTDrawEngineLib/shapes/hatch/OutlineWalks_p.h>
+#include <ZTDrawEngineLib/shapes/hatch/RowLists_p.h>
+
+#include <QtCore/QVector>
+
+#include <memory>
+#include <vector>
+
+namespace zthatch {
+
+/** Hatch segment waiting to be linked, and the edges of the outline that its ends lie on. */
+struct HatchRow
+{
+    QPointF first;
+    QPointF second;
+    int firstEdge;
+    int secondEdge;
+};
+
+/**
+ * Strings hatch segments together into zigzags, along the outline where need be.
+ *
+ * A zigzag begins with the first row not yet linked and goes on to the first later row that the
+ * outline leads to: on the same edge, round the corner where two edges meet, or along edges
+ * without crossings. Every second row is taken backwards.
+ */
+class ZigzagLinker
+{
+public:
+    ZigzagLinker(const HatchOutline &outline, const std::vector<char> &hitEdges,
+                 const std::vector<HatchRow> &rows);
+
+    /** Appends all zigzags; stops soon after `limit` lines are there. */
+    void link(int limit, QVector<QLineF> *lines);
+
+private:
+    /** How a row can be joined to the one before. */
+    enum class Joint {
+        None,     ///< not at all
+        Blocked,  ///< the walk comes upon another part of the hatch
+        Stop,     ///< the zigzag ends with the row before
+        SameEdge, ///< along the edge that both rows end at
+        Corner,   ///< through the point where the edges of both meet
+        Walk      ///< along the outline
+    };
+
+    /** Which ends of the rows the zigzag has reached. */
+    enum Reached { AtSecond = 0, AtFirst = 1 };
+
+    const QPointF &reachedPoint(int row) const;
+    int reachedEdge(int row) const;
+    Joint jointOf(int row, int next, QPointF *corner);
+    Joint walkJoint(int row, int next);
+    Side walkSide(int row) const;
+    OutlineWalks::Direction walkDirection(Side side) const;
+    bool canJoin(int row, int next);
+
+    int nextOf(int row);
+    int nextBeforeStop(int row);
+    int nextInCrowd(int row, int best);
+    int bestOn(int edge, int row, int best);
+    RowLists &polygonLists();
+
+    void appendZigzag(int row);
+    void appendJoint(int row, int next);
+    void appendRow(int row, bool asItStands);
+    void take(int row);
+
+    const HatchOutline &outline;
+    const std::vector<HatchRow> &rows;
+    OutlineWalks walks;
+    EdgeMeetings meetings;
+    RowLists edgeLists[2];                         ///< by reached end: rows by the edge it lies on
+    std::unique_ptr<RowLists> lazyPolygonLists[2]; ///< the same by polygon
+    std::vector<char> isUsed;                      ///< by row: linked already
+    Reached reached = AtSecond;
+    int limit = 0;
+    QVector<QLineF> *lines = nullptr;
+};
+
+} // namespace zthatch
