@@ -1,0 +1,88 @@
+#include <ZTDrawEngineLib/shapes/PltDrawing_p.h>
+
+#include <ZTDrawEngineLib/shapes/PltLine_p.h>
+
+#include <QtGui/QTransform>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double kHeight = 20.0;
+
+bool isFinite(const QTransform &transform)
+{
+    return std::isfinite(transform.m11()) && std::isfinite(transform.m22()) &&
+           std::isfinite(transform.dx()) && std::isfinite(transform.dy());
+}
+
+} // namespace
+
+bool PltDrawing::add(const PltLine &line)
+{
+    if (line.kind == PltLineKind::PenUp)
+        isOpen = false;
+    if (!line.hasPoint)
+        return true;
+    if (points.size() >= maxPoints)
+        return false;
+    const QPoint point(line.x, line.y);
+    if (!isOpen)
+        startPolyline(point);
+    else if (points.back() != point)
+        points.push_back(point);
+    isOpen = true;
+    return true;
+}
+
+void PltDrawing::startPolyline(const QPoint &point)
+{
+    if (endsInSinglePoint()) {
+        points.back() = point;
+        return;
+    }
+    starts.push_back(points.size());
+    points.push_back(point);
+}
+
+QRectF PltDrawing::extent() const
+{
+    if (points.empty())
+        return {};
+    QPoint least = points.front();
+    QPoint most = points.front();
+    for (const QPoint &point : points) {
+        least.rx() = std::min(least.x(), point.x());
+        least.ry() = std::min(least.y(), point.y());
+        most.rx() = std::max(most.x(), point.x());
+        most.ry() = std::max(most.y(), point.y());
+    }
+    return {QPointF(least), QPointF(most)};
+}
+
+int PltDrawing::polylineCount() const
+{
+    return static_cast<int>(starts.size()) - (endsInSinglePoint() ? 1 : 0);
+}
+
+QPainterPath PltDrawing::normalised() const
+{
+    const QRectF rect = extent();
+    const double factor = kHeight / rect.height();
+    QTransform toMm = QTransform::fromTranslate(-rect.x(), -rect.y() - rect.height());
+    toMm *= QTransform::fromScale(factor, -factor);
+    if (!isFinite(toMm))
+        return {};
+
+    QPainterPath path;
+    path.reserve(static_cast<int>(points.size()));
+    for (int i = 0; i < polylineCount(); ++i) {
+        const auto index = static_cast<std::size_t>(i);
+        const std::size_t end = index + 1 < starts.size() ? starts[index + 1] : points.size();
+        path.moveTo(toMm.map(QPointF(points[starts[index]])));
+        for (std::size_t k = starts[index] + 1; k < end; ++k)
+            path.lineTo(toMm.map(QPointF(points[k])));
+    }
+    return path;
+}
