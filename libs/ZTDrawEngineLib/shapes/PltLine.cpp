@@ -1,6 +1,8 @@
 #include <ZTDrawEngineLib/shapes/PltLine_p.h>
 
 #include <QtCore/QByteArray>
+#include <QtCore/QtAlgorithms>
+#include <QtCore/QtEndian>
 
 #include <cstring>
 
@@ -12,25 +14,47 @@ const char *endOfLine(const char *begin, const char *end)
     return lineFeed == nullptr ? end : static_cast<const char *>(lineFeed) + 1;
 }
 
+/** The value of eight decimal digits, each a byte from 0 to 9, the first in the lowest byte. */
+quint32 valueOfDigits(quint64 digits)
+{
+    const quint64 pairs =
+        (digits & 0x00ff00ff00ff00ffU) * 10 + ((digits >> 8) & 0x00ff00ff00ff00ffU);
+    const quint64 fours =
+        (pairs & 0x0000ffff0000ffffU) * 100 + ((pairs >> 16) & 0x0000ffff0000ffffU);
+    return static_cast<quint32>((fours & 0xffffffffU) * 10000 + (fours >> 32));
+}
+
 /**
- * Reads a whole number of at most nine digits, which always fits, and returns where it ends; null
- * for anything else.
+ * Reads the digits at `at`, one to seven of them, and returns how many; 0 for none or more.
+ *
+ * Eight bytes at once and without a branch a digit: how long a coordinate is cannot be foreseen.
+ */
+int readDigits(const char *at, quint32 &value)
+{
+    const quint64 digits = qFromLittleEndian<quint64>(at) ^ 0x3030303030303030U;
+    // A byte above 9 gets its high bit. What carries on from it only touches bytes behind it.
+    const quint64 others = ((digits + 0x7676767676767676U) | digits) & 0x8080808080808080U;
+    const int count = static_cast<int>(qCountTrailingZeroBits(others) / 8);
+    if (count == 0 || count == 8)
+        return 0;
+    value = valueOfDigits(digits << (64 - 8 * count));
+    return count;
+}
+
+/**
+ * Reads a whole number of at most seven digits, which always fits, and returns where it ends; null
+ * for anything else, also where the bytes end within a number's reach.
  */
 const char *readPlainNumber(const char *at, const char *end, qint32 &number)
 {
-    const bool negative = at != end && *at == '-';
-    const char *const digits = negative ? at + 1 : at;
-    quint32 magnitude = 0;
-    for (at = digits; at != end; ++at) {
-        const auto digit = static_cast<quint32>(static_cast<unsigned char>(*at)) - '0';
-        if (digit > 9)
-            break;
-        magnitude = magnitude * 10 + digit;
-    }
-    if (at == digits || at - digits > 9)
+    constexpr int kReach = 9; // a sign and eight bytes
+    if (end - at < kReach)
         return nullptr;
-    number = negative ? -static_cast<qint32>(magnitude) : static_cast<qint32>(magnitude);
-    return at;
+    const int negative = *at == '-' ? 1 : 0;
+    quint32 magnitude = 0;
+    const int count = readDigits(at + negative, magnitude);
+    number = (static_cast<qint32>(magnitude) ^ -negative) + negative;
+    return count == 0 ? nullptr : at + negative + count;
 }
 
 /** Where the next line begins, when nothing but a line end follows; null otherwise. */
