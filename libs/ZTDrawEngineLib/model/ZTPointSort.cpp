@@ -12,16 +12,6 @@ namespace {
 /** Where chains start, in mark units: outside any work area. */
 constexpr double kFarAway = 30000.0;
 
-double xSub(const QPointF &a, const QPointF &b)
-{
-    return std::abs(a.x() - b.x());
-}
-
-double ySub(const QPointF &a, const QPointF &b)
-{
-    return std::abs(a.y() - b.y());
-}
-
 /** Moves what has no first x to the end, NaN before empty; returns the end of the sortable part. */
 QList<QPolygonF>::iterator setUnsortableAside(QList<QPolygonF> &polygons)
 {
@@ -57,15 +47,15 @@ ZTMarkGraph &ZTPointSort::markGraphSort(ZTMarkGraph &graph)
         return graph;
     switch (shapeMarkSort) {
     case EShapeSortType::ShapeSortNearest:
-        return sort(graph, pointSub, {kFarAway, kFarAway});
+        return sort(graph, LargerDifference(), {kFarAway, kFarAway});
     case EShapeSortType::ShapeSortXFromMin:
-        return sort(graph, xSub, {-kFarAway, 0});
+        return sort(graph, XDifference(), {-kFarAway, 0});
     case EShapeSortType::ShapeSortXFromMax:
-        return sort(graph, xSub, {kFarAway, 0});
+        return sort(graph, XDifference(), {kFarAway, 0});
     case EShapeSortType::ShapeSortYFromMin:
-        return sort(graph, ySub, {0, -kFarAway});
+        return sort(graph, YDifference(), {0, -kFarAway});
     case EShapeSortType::ShapeSortYFromMax:
-        return sort(graph, ySub, {0, kFarAway});
+        return sort(graph, YDifference(), {0, kFarAway});
     case EShapeSortType::ShapeSortNone:
         break;
     }
@@ -86,15 +76,11 @@ ZTMarkGraph &ZTPointSort::sort(ZTMarkGraph &graph, Cost cost, QPointF start)
     // Kept: a chain that ends early leaves default objects in the places behind it.
     QVector<ZTMarkObject> sorted(graph.objects.size());
     ZTMarkObject *const source = graph.objects.data();
-    std::transform(order.begin(), order.end(), sorted.begin(),
-                   [source](int index) { return std::move(source[index]); });
+    ZTMarkObject *place = sorted.data();
+    for (const int index : order)
+        *place++ = std::move(source[index]);
     graph.objects = std::move(sorted);
     return graph;
-}
-
-double ZTPointSort::pointSub(const QPointF &a, const QPointF &b)
-{
-    return std::max(std::abs(a.x() - b.x()), std::abs(a.y() - b.y()));
 }
 
 void ZTPointSort::setShapeMarkSort(EShapeSortType type)
