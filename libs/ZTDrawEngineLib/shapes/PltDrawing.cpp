@@ -30,7 +30,7 @@ bool PltDrawing::add(const PltLine &line)
     const QPoint point(line.x, line.y);
     if (!isOpen)
         startPolyline(point);
-    else if (points.back() != point)
+    else
         points.push_back(point);
     isOpen = true;
     return true;
@@ -63,7 +63,17 @@ QRectF PltDrawing::extent() const
 
 int PltDrawing::polylineCount() const
 {
-    return static_cast<int>(starts.size()) - (endsInSinglePoint() ? 1 : 0);
+    return static_cast<int>(drawnCount());
+}
+
+std::size_t PltDrawing::drawnCount() const
+{
+    return starts.size() - (endsInSinglePoint() ? 1 : 0);
+}
+
+std::size_t PltDrawing::endOf(std::size_t polyline) const
+{
+    return polyline + 1 < starts.size() ? starts[polyline + 1] : points.size();
 }
 
 QPainterPath PltDrawing::normalised() const
@@ -77,12 +87,12 @@ QPainterPath PltDrawing::normalised() const
 
     QPainterPath path;
     path.reserve(static_cast<int>(points.size()));
-    for (int i = 0; i < polylineCount(); ++i) {
-        const auto index = static_cast<std::size_t>(i);
-        const std::size_t end = index + 1 < starts.size() ? starts[index + 1] : points.size();
-        path.moveTo(toMm.map(QPointF(points[starts[index]])));
-        for (std::size_t k = starts[index] + 1; k < end; ++k)
-            path.lineTo(toMm.map(QPointF(points[k])));
+    QPolygonF polygon;
+    for (std::size_t i = 0; i < drawnCount(); ++i) {
+        polygon.clear();
+        for (std::size_t k = starts[i]; k < endOf(i); ++k)
+            polygon << toMm.map(QPointF(points[k]));
+        path.addPolygon(polygon);
     }
     return path;
 }

@@ -13,8 +13,8 @@ struct PltLine;
 /**
  * The polylines of a plotter file while it is read, in plotter units, y upward.
  *
- * Holds the points that a `QPainterPath` of the same polylines would hold: a point equal to the one
- * before it is not repeated, and a polyline of one point gives way to the next polyline.
+ * Holds what a `QPainterPath` of the same polylines would hold: a polyline of one point gives way
+ * to the next one, and a last one of one point is not drawn but counts in the extent.
  */
 class ZTDRAWENGINELIB_PRIVATE_EXPORT PltDrawing
 {
@@ -27,7 +27,7 @@ public:
     /** Follows one line of the file. Returns false, and changes nothing, at the limit. */
     bool add(const PltLine &line);
 
-    /** Whether there is not one segment. */
+    /** Whether there is no polyline of two points; they may be equal. */
     bool isEmpty() const { return points.size() < 2; }
 
     /** Around all points, a last polyline of one point included; null when there is none. */
@@ -46,6 +46,9 @@ private:
     void startPolyline(const QPoint &point);
 
     /** Whether the last polyline is a single point, which draws nothing. */
+    std::size_t drawnCount() const;
+    std::size_t endOf(std::size_t polyline) const;
+
     bool endsInSinglePoint() const { return !starts.empty() && starts.back() + 1 == points.size(); }
 
     std::size_t maxPoints;

@@ -24,7 +24,7 @@ public:
      *
      * Failure: false, and the former drawing stays, when the file cannot be opened (told in the
      * debug log as "file open failed..." with the system's reason) or read to its end, is beyond
-     * the limits, is empty, or draws not one segment.
+     * the limits, is empty, or has no polyline of two points.
      */
     bool load(const QString &fileName);
 
