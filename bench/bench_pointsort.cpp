@@ -50,10 +50,7 @@ EShapeSortType kindOf(const benchmark::State &state)
     return static_cast<EShapeSortType>(state.range(1));
 }
 
-Layout layoutOf(const benchmark::State &state)
-{
-    return static_cast<Layout>(state.range(2));
-}
+Layout layoutOf(const benchmark::State &state) { return static_cast<Layout>(state.range(2)); }
 
 template <class Sort>
 void run(benchmark::State &state, Sort sort)

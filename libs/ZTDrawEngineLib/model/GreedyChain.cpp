@@ -10,10 +10,7 @@ namespace {
 /** Kept: part of the rule. What costs as much as this is not chosen for its cost. */
 constexpr double kUnreachable = 999999999999999.0;
 
-bool isFinite(const QPointF &point)
-{
-    return std::isfinite(point.x()) && std::isfinite(point.y());
-}
+bool isFinite(const QPointF &point) { return std::isfinite(point.x()) && std::isfinite(point.y()); }
 
 /** What the chain needs to know of an object, side by side in memory. */
 struct Stop

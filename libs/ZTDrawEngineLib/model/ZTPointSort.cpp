@@ -83,12 +83,6 @@ ZTMarkGraph &ZTPointSort::sort(ZTMarkGraph &graph, Cost cost, QPointF start)
     return graph;
 }
 
-void ZTPointSort::setShapeMarkSort(EShapeSortType type)
-{
-    shapeMarkSort = type;
-}
+void ZTPointSort::setShapeMarkSort(EShapeSortType type) { shapeMarkSort = type; }
 
-EShapeSortType ZTPointSort::getShapeMarkSort() const
-{
-    return shapeMarkSort;
-}
+EShapeSortType ZTPointSort::getShapeMarkSort() const { return shapeMarkSort; }

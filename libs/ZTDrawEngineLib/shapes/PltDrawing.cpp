@@ -61,15 +61,9 @@ QRectF PltDrawing::extent() const
     return {QPointF(least), QPointF(most)};
 }
 
-int PltDrawing::polylineCount() const
-{
-    return static_cast<int>(drawnCount());
-}
+int PltDrawing::polylineCount() const { return static_cast<int>(drawnCount()); }
 
-std::size_t PltDrawing::drawnCount() const
-{
-    return starts.size() - (endsInSinglePoint() ? 1 : 0);
-}
+std::size_t PltDrawing::drawnCount() const { return starts.size() - (endsInSinglePoint() ? 1 : 0); }
 
 std::size_t PltDrawing::endOf(std::size_t polyline) const
 {

@@ -130,7 +130,4 @@ bool PltReader::load(QIODevice &device)
     return true;
 }
 
-const QPainterPath &PltReader::getPath() const
-{
-    return path;
-}
+const QPainterPath &PltReader::getPath() const { return path; }

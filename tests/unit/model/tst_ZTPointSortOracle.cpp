@@ -18,31 +18,19 @@ constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 using Random = std::mt19937;
 using MakeCoordinate = double (*)(Random &);
 
-int below(Random &random, int limit)
-{
-    return static_cast<int>(random() % unsigned(limit));
-}
+int below(Random &random, int limit) { return static_cast<int>(random() % unsigned(limit)); }
 
 double inField(Random &random)
 {
     return std::uniform_real_distribution<double>(-30000.0, 30000.0)(random);
 }
 
-double onLattice(Random &random)
-{
-    return below(random, 5) * 10.0;
-}
+double onLattice(Random &random) { return below(random, 5) * 10.0; }
 
-double onFineLattice(Random &random)
-{
-    return below(random, 40) * 0.1;
-}
+double onFineLattice(Random &random) { return below(random, 40) * 0.1; }
 
 /** Distinct places that one computed cost from the start point cannot tell apart. */
-double closerThanRounding(Random &random)
-{
-    return below(random, 50) * 1e-13;
-}
+double closerThanRounding(Random &random) { return below(random, 50) * 1e-13; }
 
 /** Places far apart and close together at once, where sums round in every step. */
 double ofAllSizes(Random &random)
@@ -101,10 +89,7 @@ struct Oddities
     int morePolygons = 2; ///< one in so many has more than one polygon
 };
 
-bool oneIn(Random &random, int count)
-{
-    return count > 0 && below(random, count) == 0;
-}
+bool oneIn(Random &random, int count) { return count > 0 && below(random, count) == 0; }
 
 ZTMarkGraph randomGraph(Random &random, int count, MakeCoordinate make, const Oddities &odd)
 {

@@ -20,10 +20,7 @@ bool loadBytes(PltReader &reader, const QByteArray &bytes)
     return reader.load(buffer);
 }
 
-Polygons polygonsOf(const QPainterPath &path)
-{
-    return path.toSubpathPolygons(QTransform());
-}
+Polygons polygonsOf(const QPainterPath &path) { return path.toSubpathPolygons(QTransform()); }
 
 Polygons polygonsIn(const QByteArray &bytes)
 {
@@ -32,10 +29,7 @@ Polygons polygonsIn(const QByteArray &bytes)
     return polygonsOf(reader.getPath());
 }
 
-QPolygonF polygon(const QVector<QPointF> &points)
-{
-    return {points};
-}
+QPolygonF polygon(const QVector<QPointF> &points) { return {points}; }
 
 /** A drawing whose second point, (`x`, `y`) of 0 to 20, is read from the line under test. */
 QPointF secondPoint(const QByteArray &line)

@@ -12,10 +12,7 @@ namespace {
 
 using Random = std::mt19937;
 
-int below(Random &random, int limit)
-{
-    return static_cast<int>(random() % unsigned(limit));
-}
+int below(Random &random, int limit) { return static_cast<int>(random() % unsigned(limit)); }
 
 /** A device that gives a few bytes a time, so that lines are cut anywhere. */
 class Trickle : public QIODevice
@@ -137,10 +134,7 @@ QByteArray madeOfPieces(Random &random, int count)
 }
 
 /** Every other file begins with a line to draw, so that what follows it shows. */
-QByteArray startOf(int round)
-{
-    return round % 2 == 0 ? "PU1 2;\nPD3 4;\n" : "";
-}
+QByteArray startOf(int round) { return round % 2 == 0 ? "PU1 2;\nPD3 4;\n" : ""; }
 
 QByteArray randomNumber(Random &random)
 {

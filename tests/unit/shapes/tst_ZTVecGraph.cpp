@@ -41,14 +41,8 @@ QPainterPath nullWord()
     return path;
 }
 
-Polygons steep()
-{
-    return {QPolygonF(QVector<QPointF>{{0, 20}, {5, 0}})};
-}
-Polygons gentle()
-{
-    return {QPolygonF(QVector<QPointF>{{0, 20}, {80, 0}})};
-}
+Polygons steep() { return {QPolygonF(QVector<QPointF>{{0, 20}, {5, 0}})}; }
+Polygons gentle() { return {QPolygonF(QVector<QPointF>{{0, 20}, {80, 0}})}; }
 
 QByteArray saved(const ZTVecGraph &graph)
 {
