@@ -14,11 +14,19 @@ namespace {
 constexpr std::size_t kChunkBytes = 256 * 1024;
 constexpr std::size_t kMaxLineBytes = 64 * 1024 * 1024;
 
+/** Room for a whole small file, or for a chunk of a large one or of one of unknown size. */
+std::size_t firstRoom(const QIODevice &device)
+{
+    if (device.isSequential() || device.bytesAvailable() >= static_cast<qint64>(kChunkBytes))
+        return kChunkBytes;
+    return static_cast<std::size_t>(device.bytesAvailable()) + 1;
+}
+
 /** A device taken in chunks, each cut behind its last complete line. */
 class LineChunks
 {
 public:
-    explicit LineChunks(QIODevice &source) : device(source), buffer(kChunkBytes) {}
+    explicit LineChunks(QIODevice &source) : device(source), buffer(firstRoom(source)) {}
 
     /** Makes the next lines available; false when there are none, or none that can be read. */
     bool next()
