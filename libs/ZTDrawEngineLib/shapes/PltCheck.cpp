@@ -1,7 +1,7 @@
 #include <ZTDrawEngineLib/shapes/PltCheck.h>
 
-#include <ZTDrawEngineLib/shapes/PltDrawing_p.h>
 #include <ZTDrawEngineLib/shapes/PltLine_p.h>
+#include <ZTDrawEngineLib/shapes/ZTPltDrawing_p.h>
 
 namespace {
 
@@ -94,7 +94,7 @@ private:
 PltReport PltCheck::inspect(const QByteArray &bytes, int maxListed)
 {
     Inspector inspector(maxListed);
-    PltDrawing drawing;
+    ZTPltDrawing drawing;
     PltLine line;
     const char *const end = bytes.constData() + bytes.size();
     for (const char *at = bytes.constData(); at != end;) {

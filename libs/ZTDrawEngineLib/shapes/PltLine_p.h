@@ -1,7 +1,5 @@
 #pragma once
 
-#include <ZTDrawEngineLib/common/ZTDrawEngineGlobal.h>
-
 #include <QtCore/QString>
 
 /** What a line of a plotter file does to the pen. */
@@ -34,8 +32,7 @@ struct PltLine
  * Reads the first line of the bytes [begin, end), its line end included, and returns where the next
  * line begins. The bytes must not be none; a line end that is missing is that of the file's end.
  */
-ZTDRAWENGINELIB_PRIVATE_EXPORT const char *readPltLine(const char *begin, const char *end,
-                                                       PltLine &line);
+const char *readPltLine(const char *begin, const char *end, PltLine &line);
 
 /** The line as text: UTF-8, up to the first zero byte if there is one, without a byte order mark.
  */

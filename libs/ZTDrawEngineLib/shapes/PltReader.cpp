@@ -1,7 +1,7 @@
 #include <ZTDrawEngineLib/shapes/PltReader.h>
 
-#include <ZTDrawEngineLib/shapes/PltDrawing_p.h>
 #include <ZTDrawEngineLib/shapes/PltLine_p.h>
+#include <ZTDrawEngineLib/shapes/ZTPltDrawing_p.h>
 
 #include <QtCore/QDebug>
 #include <QtCore/QFile>
@@ -103,7 +103,7 @@ private:
 };
 
 /** Follows all lines of the device; false when it cannot be read to its end. */
-bool readDrawing(QIODevice &device, PltDrawing &drawing)
+bool readDrawing(QIODevice &device, ZTPltDrawing &drawing)
 {
     LineChunks chunks(device);
     PltLine line;
@@ -131,7 +131,7 @@ bool PltReader::load(const QString &fileName)
 
 bool PltReader::load(QIODevice &device)
 {
-    PltDrawing drawing;
+    ZTPltDrawing drawing;
     if (!readDrawing(device, drawing) || drawing.isEmpty())
         return false;
     path = drawing.normalised();

@@ -1,8 +1,8 @@
 #include <support/WarningGuard.h>
 
-#include <ZTDrawEngineLib/shapes/PltDrawing_p.h>
 #include <ZTDrawEngineLib/shapes/PltLine_p.h>
 #include <ZTDrawEngineLib/shapes/PltReader.h>
+#include <ZTDrawEngineLib/shapes/ZTPltDrawing_p.h>
 
 #include <QtCore/QBuffer>
 #include <QtCore/QTemporaryDir>
@@ -382,14 +382,14 @@ private Q_SLOTS:
 
     void add_atTheLimit_refuses()
     {
-        PltDrawing drawing(2);
+        ZTPltDrawing drawing(2);
         PltLine line;
         line.kind = PltLineKind::PenDown;
         line.hasPoint = true;
         QVERIFY(drawing.add(line));
         QVERIFY(drawing.add(line));
         QVERIFY(!drawing.add(line));
-        QCOMPARE(PltDrawing::kMaxPoints, std::size_t(50'000'000));
+        QCOMPARE(ZTPltDrawing::kMaxPoints, std::size_t(50'000'000));
     }
 };
 

@@ -16,13 +16,13 @@ struct PltLine;
  * Holds what a `QPainterPath` of the same polylines would hold: a polyline of one point gives way
  * to the next one, and a last one of one point is not drawn but counts in the extent.
  */
-class ZTDRAWENGINELIB_PRIVATE_EXPORT PltDrawing
+class ZTDRAWENGINELIB_PRIVATE_EXPORT ZTPltDrawing
 {
 public:
     /** Limit: more points than any plotter drawing has, and no more than a path can hold. */
     static constexpr std::size_t kMaxPoints = 50'000'000;
 
-    explicit PltDrawing(std::size_t limit = kMaxPoints) : maxPoints(limit) {}
+    explicit ZTPltDrawing(std::size_t limit = kMaxPoints) : maxPoints(limit) {}
 
     /** Follows one line of the file. Returns false, and changes nothing, at the limit. */
     bool add(const PltLine &line);

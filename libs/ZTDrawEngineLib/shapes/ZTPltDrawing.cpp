@@ -1,4 +1,4 @@
-#include <ZTDrawEngineLib/shapes/PltDrawing_p.h>
+#include <ZTDrawEngineLib/shapes/ZTPltDrawing_p.h>
 
 #include <ZTDrawEngineLib/shapes/PltLine_p.h>
 
@@ -19,7 +19,7 @@ bool isFinite(const QTransform &transform)
 
 } // namespace
 
-bool PltDrawing::add(const PltLine &line)
+bool ZTPltDrawing::add(const PltLine &line)
 {
     if (line.kind == PltLineKind::PenUp)
         isOpen = false;
@@ -36,7 +36,7 @@ bool PltDrawing::add(const PltLine &line)
     return true;
 }
 
-void PltDrawing::startPolyline(const QPoint &point)
+void ZTPltDrawing::startPolyline(const QPoint &point)
 {
     if (endsInSinglePoint()) {
         points.back() = point;
@@ -46,7 +46,7 @@ void PltDrawing::startPolyline(const QPoint &point)
     points.push_back(point);
 }
 
-QRectF PltDrawing::extent() const
+QRectF ZTPltDrawing::extent() const
 {
     if (points.empty())
         return {};
@@ -61,16 +61,19 @@ QRectF PltDrawing::extent() const
     return {QPointF(least), QPointF(most)};
 }
 
-int PltDrawing::polylineCount() const { return static_cast<int>(drawnCount()); }
+int ZTPltDrawing::polylineCount() const { return static_cast<int>(drawnCount()); }
 
-std::size_t PltDrawing::drawnCount() const { return starts.size() - (endsInSinglePoint() ? 1 : 0); }
+std::size_t ZTPltDrawing::drawnCount() const
+{
+    return starts.size() - (endsInSinglePoint() ? 1 : 0);
+}
 
-std::size_t PltDrawing::endOf(std::size_t polyline) const
+std::size_t ZTPltDrawing::endOf(std::size_t polyline) const
 {
     return polyline + 1 < starts.size() ? starts[polyline + 1] : points.size();
 }
 
-QPainterPath PltDrawing::normalised() const
+QPainterPath ZTPltDrawing::normalised() const
 {
     const QRectF rect = extent();
     const double factor = kHeight / rect.height();
