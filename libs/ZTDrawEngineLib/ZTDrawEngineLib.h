@@ -10,6 +10,7 @@
 #include <ZTDrawEngineLib/document/ZTDrawEngineLib.h>
 #include <ZTDrawEngineLib/model/ZTMarkData.h>
 #include <ZTDrawEngineLib/model/ZTPointSort.h>
+#include <ZTDrawEngineLib/shapes/PltCheck.h>
 #include <ZTDrawEngineLib/shapes/PltReader.h>
 #include <ZTDrawEngineLib/shapes/ZTEllipseShape.h>
 #include <ZTDrawEngineLib/shapes/ZTLineShape.h>

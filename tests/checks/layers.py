@@ -10,6 +10,7 @@ ENGINE_LAYERS = {
     "model/ZTMarkData": 3,
     "model/ZTPointSort": 3,
     "model/GreedyChain": 3,
+    "model/PointTree": 3,
     "shapes": 4,
     "text": 5,
     "items": 6,

@@ -1,11 +1,16 @@
 #include <ZTDrawEngineLib/model/ZTPointSort.h>
 
+#include <ZTDrawEngineLib/model/GreedyChain_p.h>
+
 #include <algorithm>
 #include <cmath>
 
 template class ZTSingletonTemplate<ZTPointSort>;
 
 namespace {
+
+/** Where chains start, in mark units: outside any work area. */
+constexpr double kFarAway = 30000.0;
 
 /** Moves what has no first x to the end, NaN before empty; returns the end of the sortable part. */
 QList<QPolygonF>::iterator setUnsortableAside(QList<QPolygonF> &polygons)
@@ -34,6 +39,48 @@ QList<QPolygonF> ZTPointSort::sort(QList<QPolygonF> &polygons)
         });
     }
     return polygons;
+}
+
+ZTMarkGraph &ZTPointSort::markGraphSort(ZTMarkGraph &graph)
+{
+    if (!check(graph))
+        return graph;
+    switch (shapeMarkSort) {
+    case EShapeSortType::ShapeSortNearest:
+        return sort(graph, LargerDifference(), {kFarAway, kFarAway});
+    case EShapeSortType::ShapeSortXFromMin:
+        return sort(graph, XDifference(), {-kFarAway, 0});
+    case EShapeSortType::ShapeSortXFromMax:
+        return sort(graph, XDifference(), {kFarAway, 0});
+    case EShapeSortType::ShapeSortYFromMin:
+        return sort(graph, YDifference(), {0, -kFarAway});
+    case EShapeSortType::ShapeSortYFromMax:
+        return sort(graph, YDifference(), {0, kFarAway});
+    case EShapeSortType::ShapeSortNone:
+        break;
+    }
+    return graph;
+}
+
+bool ZTPointSort::check(const ZTMarkGraph &graph)
+{
+    if (graph.objects.isEmpty())
+        return false;
+    const QList<QPolygonF> &lines = graph.objects.constFirst().lines;
+    return !lines.isEmpty() && !lines.constFirst().isEmpty();
+}
+
+ZTMarkGraph &ZTPointSort::sort(ZTMarkGraph &graph, Cost cost, QPointF start)
+{
+    const std::vector<int> order = greedyChain(graph.objects, cost, start);
+    // Kept: a chain that ends early leaves default objects in the places behind it.
+    QVector<ZTMarkObject> sorted(graph.objects.size());
+    ZTMarkObject *const source = graph.objects.data();
+    ZTMarkObject *place = sorted.data();
+    for (const int index : order)
+        *place++ = std::move(source[index]);
+    graph.objects = std::move(sorted);
+    return graph;
 }
 
 void ZTPointSort::setShapeMarkSort(EShapeSortType type) { shapeMarkSort = type; }

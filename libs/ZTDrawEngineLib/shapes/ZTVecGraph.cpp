@@ -48,3 +48,11 @@ void ZTVecGraph::setImagePath(const QString &path)
 }
 
 const QString &ZTVecGraph::getImagePath() const { return imagePath; }
+
+bool ZTVecGraph::readImage(QIODevice &device, const QString &path)
+{
+    imagePath = path;
+    imageKind = 1;
+    setUpdate(1);
+    return reader.load(device);
+}

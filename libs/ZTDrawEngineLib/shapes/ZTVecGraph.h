@@ -32,6 +32,14 @@ public:
     void setImagePath(const QString &path);
     const QString &getImagePath() const;
 
+    /**
+     * Takes the drawing from an open device, such as standard input, under the name `path`, and
+     * marks the shape. The name is kept and saved; nothing opens it now.
+     *
+     * Failure: false, and the former drawing stays, when the device yields none.
+     */
+    bool readImage(QIODevice &device, const QString &path);
+
 private:
     QString imagePath;
     PltReader reader;

@@ -1,0 +1,189 @@
+#include <ZTDrawEngineLib/model/GreedyChain_p.h>
+
+#include <ZTDrawEngineLib/model/PointTree_p.h>
+
+#include <cmath>
+#include <iterator>
+
+namespace {
+
+/** Kept: part of the rule. What costs as much as this is not chosen for its cost. */
+constexpr double kUnreachable = 999999999999999.0;
+
+bool isFinite(const QPointF &point) { return std::isfinite(point.x()) && std::isfinite(point.y()); }
+
+/** What the chain needs to know of an object, side by side in memory. */
+struct Stop
+{
+    enum Kind : quint8 {
+        Reachable, ///< its first polygon has a first point
+        Barrier,   ///< its first polygon is empty
+        Blank      ///< it has no polygons
+    };
+
+    QPointF first; ///< where it is reached
+    QPointF next;  ///< where the chain goes on from
+    Kind kind = Blank;
+    bool endsChain = true; ///< there is nowhere to go on from
+};
+
+Stop stopAt(const ZTMarkObject &object)
+{
+    Stop stop;
+    const QList<QPolygonF> &lines = object.lines;
+    if (lines.isEmpty())
+        return stop;
+    stop.kind = lines.constFirst().isEmpty() ? Stop::Barrier : Stop::Reachable;
+    if (stop.kind == Stop::Reachable)
+        stop.first = lines.constFirst().constFirst();
+    stop.endsChain = lines.constLast().isEmpty();
+    // Kept: the laser ends at the last point of this polygon, and the chain goes on from its first;
+    // orders that users know depend on it.
+    if (!stop.endsChain)
+        stop.next = lines.constLast().constFirst();
+    return stop;
+}
+
+std::vector<Stop> stopsAt(const QVector<ZTMarkObject> &objects)
+{
+    std::vector<Stop> stops;
+    stops.reserve(static_cast<std::size_t>(objects.size()));
+    std::transform(objects.begin(), objects.end(), std::back_inserter(stops), stopAt);
+    return stops;
+}
+
+/**
+ * The objects between two barriers, a barrier being an object with an empty first polygon.
+ *
+ * A barrier hides what stands behind it and goes only when it is the first remaining object, so
+ * the objects of one stretch are all taken before any of the next is looked at.
+ */
+template <class Cost>
+class Stretch
+{
+    using Tree = PointTree<Cost>;
+
+public:
+    Stretch(const std::vector<Stop> &all, int begin, int stretchEnd, const Cost &costBetween)
+        : stops(all), cost(costBetween), base(begin), end(stretchEnd), firstRemaining(begin),
+          isTaken(static_cast<std::size_t>(stretchEnd - begin)), tree(sortOut(), costBetween)
+    {
+    }
+
+    bool isEmpty() const { return firstRemaining == end; }
+
+    /** Takes the object that costs least to reach, or the first one where none can be reached. */
+    int take(const QPointF &from)
+    {
+        typename Tree::Hit best{kUnreachable, -1};
+        if (isFinite(from)) {
+            tree.improve(from, best);
+            for (const int index : odd)
+                improveBy(index, from, best);
+        } else {
+            for (int index = firstRemaining; index < end; ++index)
+                improveBy(index, from, best);
+        }
+        const int index = best.number < 0 ? firstRemaining : best.number;
+        remove(index);
+        return index;
+    }
+
+private:
+    /** Fills `odd` and gives the others to the tree. Objects without polygons go to neither. */
+    std::vector<typename Tree::Item> sortOut()
+    {
+        std::vector<typename Tree::Item> items;
+        items.reserve(isTaken.size());
+        for (int index = base; index < end; ++index) {
+            if (stops[index].kind == Stop::Blank)
+                continue;
+            if (isFinite(stops[index].first))
+                items.push_back({stops[index].first, index});
+            else
+                odd.push_back(index);
+        }
+        return items;
+    }
+
+    void improveBy(int index, const QPointF &from, typename Tree::Hit &best) const
+    {
+        if (isTaken[index - base] || stops[index].kind == Stop::Blank)
+            return;
+        const double itemCost = cost(from, stops[index].first);
+        if (itemCost < best.cost || (itemCost == best.cost && index < best.number))
+            best = {itemCost, index};
+    }
+
+    void remove(int index)
+    {
+        isTaken[index - base] = true;
+        while (firstRemaining < end && isTaken[firstRemaining - base])
+            ++firstRemaining;
+        if (stops[index].kind == Stop::Blank)
+            return;
+        if (isFinite(stops[index].first))
+            tree.remove(index);
+        else
+            odd.erase(std::find(odd.begin(), odd.end(), index));
+    }
+
+    const std::vector<Stop> &stops;
+    const Cost &cost;
+    int base; ///< index of the first object of the stretch
+    int end;  ///< index behind the last one
+    int firstRemaining;
+    std::vector<bool> isTaken; ///< by index less `base`
+    std::vector<int> odd;      ///< remaining objects whose first point is not finite
+    Tree tree;                 ///< remaining objects whose first point is
+};
+
+/** Index of the next barrier, or of the end. */
+int nextBarrier(const std::vector<Stop> &stops, int from)
+{
+    const auto barrier = std::find_if(stops.begin() + from, stops.end(),
+                                      [](const Stop &stop) { return stop.kind == Stop::Barrier; });
+    return static_cast<int>(barrier - stops.begin());
+}
+
+template <class Cost>
+std::vector<int> chainOf(const std::vector<Stop> &stops, const Cost &cost, QPointF current)
+{
+    std::vector<int> order;
+    order.reserve(stops.size());
+    const auto goTo = [&](int index) {
+        order.push_back(index);
+        current = stops[index].next;
+        return !stops[index].endsChain;
+    };
+
+    const int count = static_cast<int>(stops.size());
+    for (int begin = 0; begin < count;) {
+        const int end = nextBarrier(stops, begin);
+        Stretch<Cost> stretch(stops, begin, end, cost);
+        while (!stretch.isEmpty()) {
+            if (!goTo(stretch.take(current)))
+                return order;
+        }
+        if (end < count && !goTo(end))
+            return order;
+        begin = end + 1;
+    }
+    return order;
+}
+
+} // namespace
+
+std::vector<int> greedyChain(const QVector<ZTMarkObject> &objects, const PointCost &cost,
+                             const QPointF &start)
+{
+    const std::vector<Stop> stops = stopsAt(objects);
+    // A cost that is known by its type is computed in place, without a call.
+    if (const auto *known = cost.target<LargerDifference>())
+        return chainOf(stops, *known, start);
+    if (const auto *known = cost.target<XDifference>())
+        return chainOf(stops, *known, start);
+    if (const auto *known = cost.target<YDifference>())
+        return chainOf(stops, *known, start);
+    return chainOf(stops, cost, start);
+}

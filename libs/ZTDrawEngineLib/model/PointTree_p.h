@@ -1,0 +1,265 @@
+#pragma once
+
+#include <QtCore/QPointF>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+#include <vector>
+
+/**
+ * Points that can be asked, again and again, which of them costs least to reach, and removed.
+ *
+ * A balanced tree: every node knows the box around its remaining points and the least of their
+ * numbers. Costs are compared as they are computed, rounding included. That is sound because each
+ * cost here grows with the absolute differences of x and of y, and rounding keeps that order: no
+ * point in a box has a smaller computed cost than the spot of the box that is closest on both axes.
+ *
+ * `Cost` takes two points and gives a double. All coordinates must be finite.
+ */
+template <class Cost>
+class PointTree
+{
+public:
+    /** A point and what the caller calls it: a number of 0 or more, used once. */
+    struct Item
+    {
+        QPointF point;
+        int number;
+    };
+
+    /** A point that was found. Without one, the number is -1 and the cost one to undercut. */
+    struct Hit
+    {
+        double cost;
+        int number;
+    };
+
+    PointTree(std::vector<Item> items, Cost cost);
+
+    /** Puts the remaining point of least cost into `best`, of least number among equal costs. */
+    void improve(const QPointF &from, Hit &best) const;
+
+    /** Takes a point out. It must be there. */
+    void remove(int number);
+
+private:
+    static constexpr int kLeafSize = 8;
+    static constexpr int kNone = std::numeric_limits<int>::max();
+
+    struct Node
+    {
+        double left = std::numeric_limits<double>::infinity();
+        double top = std::numeric_limits<double>::infinity();
+        double right = -std::numeric_limits<double>::infinity();
+        double bottom = -std::numeric_limits<double>::infinity();
+        int least = kNone;
+
+        void add(const Node &other);
+        void add(const Item &item);
+        bool operator==(const Node &other) const;
+    };
+
+    struct Leaf
+    {
+        int begin = 0;
+        int count = 0;
+    };
+
+    /** A node that is still to be looked into, and what its points cost at least. */
+    struct Visit
+    {
+        double bound;
+        int node;
+    };
+
+    bool isLeaf(int node) const { return node >= static_cast<int>(leaves.size()); }
+    Leaf &leafOf(int node) { return leaves[node - leaves.size()]; }
+    const Leaf &leafOf(int node) const { return leaves[node - leaves.size()]; }
+
+    void build(int node, int begin, int end);
+    bool splitsAcross(const Node &box) const;
+    Node boxOf(int begin, int end) const;
+    Node boxOfChildren(int node) const;
+    Visit visit(int node, const QPointF &from) const;
+    bool isHopeless(const Visit &visit, const Hit &best) const;
+    void improveInLeaf(const Leaf &leaf, const QPointF &from, Hit &best) const;
+
+    Cost cost;
+    std::vector<Item> items;
+    std::vector<Node> nodes;       ///< children of i are 2i and 2i + 1; the root is 1
+    std::vector<Leaf> leaves;      ///< of the last nodes, as many as there are others
+    std::vector<int> leafOfNumber; ///< node, by number less the least one
+    int firstNumber = 0;
+};
+
+template <class Cost>
+PointTree<Cost>::PointTree(std::vector<Item> points, Cost costBetween)
+    : cost(std::move(costBetween)), items(std::move(points))
+{
+    std::size_t leafCount = 1;
+    while (leafCount * kLeafSize < items.size())
+        leafCount *= 2;
+    leaves.resize(leafCount);
+    nodes.resize(2 * leafCount);
+
+    int lastNumber = -1;
+    firstNumber = kNone;
+    for (const Item &item : items) {
+        firstNumber = std::min(firstNumber, item.number);
+        lastNumber = std::max(lastNumber, item.number);
+    }
+    if (!items.empty())
+        leafOfNumber.resize(static_cast<std::size_t>(lastNumber - firstNumber + 1));
+    build(1, 0, static_cast<int>(items.size()));
+}
+
+template <class Cost>
+void PointTree<Cost>::build(int node, int begin, int end)
+{
+    nodes[node] = boxOf(begin, end);
+    if (isLeaf(node)) {
+        leafOf(node) = {begin, end - begin};
+        for (int i = begin; i < end; ++i)
+            leafOfNumber[items[i].number - firstNumber] = node;
+        return;
+    }
+    const int middle = begin + (end - begin) / 2;
+    const auto first = items.begin();
+    if (splitsAcross(nodes[node])) {
+        std::nth_element(
+            first + begin, first + middle, first + end, [](const Item &a, const Item &b) {
+                return std::pair(a.point.x(), a.number) < std::pair(b.point.x(), b.number);
+            });
+    } else {
+        std::nth_element(
+            first + begin, first + middle, first + end, [](const Item &a, const Item &b) {
+                return std::pair(a.point.y(), a.number) < std::pair(b.point.y(), b.number);
+            });
+    }
+    build(2 * node, begin, middle);
+    build(2 * node + 1, middle, end);
+}
+
+/** Whether the box is wider than high, as the cost sees it. */
+template <class Cost>
+bool PointTree<Cost>::splitsAcross(const Node &box) const
+{
+    const QPointF corner(box.left, box.top);
+    return cost(corner, {box.right, box.top}) >= cost(corner, {box.left, box.bottom});
+}
+
+template <class Cost>
+void PointTree<Cost>::improve(const QPointF &from, Hit &best) const
+{
+    constexpr int kDepth = 32; // one waiting node a level
+    Visit waiting[kDepth];
+    int waitingCount = 0;
+    Visit current = visit(1, from);
+    for (;;) {
+        while (!isHopeless(current, best)) {
+            if (isLeaf(current.node)) {
+                improveInLeaf(leafOf(current.node), from, best);
+                break;
+            }
+            Visit near = visit(2 * current.node, from);
+            Visit far = visit(2 * current.node + 1, from);
+            if (std::pair(far.bound, nodes[far.node].least) <
+                std::pair(near.bound, nodes[near.node].least))
+                std::swap(near, far);
+            waiting[waitingCount++] = far;
+            current = near;
+        }
+        if (waitingCount == 0)
+            return;
+        current = waiting[--waitingCount];
+    }
+}
+
+template <class Cost>
+void PointTree<Cost>::remove(int number)
+{
+    int node = leafOfNumber[number - firstNumber];
+    Leaf &leaf = leafOf(node);
+    const auto begin = items.begin() + leaf.begin;
+    const auto taken = std::find_if(begin, begin + leaf.count,
+                                    [number](const Item &item) { return item.number == number; });
+    --leaf.count;
+    std::swap(*taken, *(begin + leaf.count));
+
+    Node box = boxOf(leaf.begin, leaf.begin + leaf.count);
+    while (!(nodes[node] == box)) {
+        nodes[node] = box;
+        node /= 2;
+        if (node == 0)
+            return;
+        box = boxOfChildren(node);
+    }
+}
+
+template <class Cost>
+typename PointTree<Cost>::Visit PointTree<Cost>::visit(int node, const QPointF &from) const
+{
+    const Node &box = nodes[node];
+    const QPointF closest(std::min(std::max(from.x(), box.left), box.right),
+                          std::min(std::max(from.y(), box.top), box.bottom));
+    return {cost(from, closest), node};
+}
+
+/** Whether no point of the node is better; none is in an empty one. */
+template <class Cost>
+bool PointTree<Cost>::isHopeless(const Visit &visit, const Hit &best) const
+{
+    return !(visit.bound < best.cost) &&
+           !(visit.bound == best.cost && nodes[visit.node].least < best.number);
+}
+
+template <class Cost>
+void PointTree<Cost>::improveInLeaf(const Leaf &leaf, const QPointF &from, Hit &best) const
+{
+    for (int i = leaf.begin; i < leaf.begin + leaf.count; ++i) {
+        const double itemCost = cost(from, items[i].point);
+        if (itemCost < best.cost || (itemCost == best.cost && items[i].number < best.number))
+            best = {itemCost, items[i].number};
+    }
+}
+
+template <class Cost>
+typename PointTree<Cost>::Node PointTree<Cost>::boxOf(int begin, int end) const
+{
+    Node box;
+    for (int i = begin; i < end; ++i)
+        box.add(items[i]);
+    return box;
+}
+
+template <class Cost>
+typename PointTree<Cost>::Node PointTree<Cost>::boxOfChildren(int node) const
+{
+    Node box = nodes[2 * node];
+    box.add(nodes[2 * node + 1]);
+    return box;
+}
+
+template <class Cost>
+void PointTree<Cost>::Node::add(const Node &other)
+{
+    left = std::min(left, other.left);
+    top = std::min(top, other.top);
+    right = std::max(right, other.right);
+    bottom = std::max(bottom, other.bottom);
+    least = std::min(least, other.least);
+}
+
+template <class Cost>
+void PointTree<Cost>::Node::add(const Item &item)
+{
+    add(Node{item.point.x(), item.point.y(), item.point.x(), item.point.y(), item.number});
+}
+
+template <class Cost>
+bool PointTree<Cost>::Node::operator==(const Node &other) const
+{
+    return left == other.left && top == other.top && right == other.right &&
+           bottom == other.bottom && least == other.least;
+}
