@@ -69,7 +69,7 @@ public:
         const QDateTime moment = present.addDays(segment.offsetDays)
                                      .addSecs(qint64(segment.offsetHours) * 3600)
                                      .addSecs(qint64(segment.offsetMinutes) * 60);
-        if (moment.isValid())
+        if (present.isValid() && moment.isValid())
             text += dateTimeText(segment, moment);
         else
             errors << QCoreApplication::translate("ZTVariantText", "no valid date and time");

@@ -4,6 +4,7 @@
 #include <ZTMarkDataManager/ZTVariantText.h>
 
 #include <QtCore/QDataStream>
+#include <QtCore/QIODevice>
 #include <QtCore/QLoggingCategory>
 
 #include <algorithm>
@@ -20,7 +21,10 @@ namespace {
 /** Whether there is anything to read, so that no announced count can outlast the stream. */
 bool hasMore(const QDataStream &stream)
 {
-    return stream.status() != QDataStream::ReadPastEnd && !stream.atEnd();
+    if (stream.status() == QDataStream::ReadPastEnd || stream.atEnd())
+        return false;
+    // Once something was wrong, a transaction reads nothing more and never comes to the end.
+    return stream.status() == QDataStream::Ok || !stream.device()->isTransactionStarted();
 }
 
 } // namespace
