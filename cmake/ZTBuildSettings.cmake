@@ -33,8 +33,14 @@ target_compile_options(zt_settings INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow
   # Mark paths are exact to the last bit on every target: no fused multiply-add.
   -ffp-contract=off)
-target_link_options(zt_settings INTERFACE
-  $<$<NOT:$<BOOL:${ZT_SANITIZE}>>:-Wl,--no-undefined> -Wl,--as-needed)
+target_link_options(zt_settings INTERFACE -Wl,--as-needed)
+if(NOT ZT_SANITIZE)
+  target_link_options(zt_settings INTERFACE -Wl,--no-undefined)
+endif()
+if(ZT_BUILD_FUZZ)
+  # The fuzzer must see which branches of the library an input takes.
+  target_compile_options(zt_settings INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 if(ZT_WERROR)
   target_compile_options(zt_settings INTERFACE -Werror)
 endif()
