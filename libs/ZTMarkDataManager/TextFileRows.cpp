@@ -22,8 +22,6 @@ constexpr int kUtf32BigEndian = 1018;
 constexpr int kUtf32LittleEndian = 1019;
 constexpr int kUtf32 = 1017;
 
-QString tr(const char *text) { return QCoreApplication::translate("ZTVariantText", text); }
-
 /** How the bytes of a file make characters. */
 struct Encoding
 {
@@ -288,13 +286,13 @@ QString open(QFile &file)
     const QFileInfo info(path);
     // Qt warns about a null character in a path instead of just not finding it.
     if (path.isEmpty() || path.contains(QChar::Null) || !info.exists())
-        return tr("%1: no such file").arg(path);
+        return QCoreApplication::translate("ZTVariantText", "%1: no such file").arg(path);
     if (!info.isFile())
-        return tr("%1: not a regular file").arg(path);
+        return QCoreApplication::translate("ZTVariantText", "%1: not a regular file").arg(path);
     if (info.size() > kMaxFileSize)
-        return tr("%1: larger than 256 MiB").arg(path);
+        return QCoreApplication::translate("ZTVariantText", "%1: larger than 256 MiB").arg(path);
     if (!file.open(QIODevice::ReadOnly))
-        return tr("%1: %2").arg(path, file.errorString());
+        return QCoreApplication::translate("ZTVariantText", "%1: %2").arg(path, file.errorString());
     return {};
 }
 
@@ -305,7 +303,9 @@ QString separatorProblem(const ZTTextFileSegment &segment)
     const bool isUsable = !c.isNull() && c != u'"' && c != u'\n' && c != u'\r';
     if (segment.column < 0 || isUsable)
         return {};
-    return tr("%1: this character cannot separate columns").arg(segment.path);
+    return QCoreApplication::translate("ZTVariantText",
+                                       "%1: this character cannot separate columns")
+        .arg(segment.path);
 }
 
 /** What is wrong with a row that was read; rows and columns count from 1 for the reader. */
@@ -313,10 +313,12 @@ QString rowProblem(const ZTTextFileSegment &segment, quint64 row, const ParsedRo
 {
     const QString number = QString::number(row + 1);
     if (!parsed.fits)
-        return tr("%1: row %2 is too long").arg(segment.path, number);
+        return QCoreApplication::translate("ZTVariantText", "%1: row %2 is too long")
+            .arg(segment.path, number);
     if (!parsed.hasColumn) {
         const QString column = QString::number(qint64(segment.column) + 1);
-        return tr("%1: row %2 has no column %3").arg(segment.path, number, column);
+        return QCoreApplication::translate("ZTVariantText", "%1: row %2 has no column %3")
+            .arg(segment.path, number, column);
     }
     return {};
 }
@@ -347,7 +349,8 @@ TextFileRow nextTextFileRow(const ZTTextFileSegment &segment, TextFileCursor &cu
         return failed(separation);
     const Encoding encoding = encodingOf(file, segment.encoding);
     if (encoding.codec == nullptr)
-        return failed(tr("%1: no text encoding %2").arg(segment.path, segment.encoding));
+        return failed(QCoreApplication::translate("ZTVariantText", "%1: no text encoding %2")
+                          .arg(segment.path, segment.encoding));
 
     quint64 row = qMax(segment.nextRow, segment.firstRow);
     renew(cursor, file, row, encoding);
@@ -357,7 +360,8 @@ TextFileRow nextTextFileRow(const ZTTextFileSegment &segment, TextFileCursor &cu
     const bool found = rows.find(row, &parsed);
     if (!found) {
         if (rows.count() <= segment.firstRow)
-            return failed(tr("%1: no rows").arg(segment.path));
+            return failed(
+                QCoreApplication::translate("ZTVariantText", "%1: no rows").arg(segment.path));
         row = segment.atEnd == ZTVariantTextEnd::Wrap ? segment.firstRow : rows.count() - 1;
         renew(cursor, file, row, encoding);
         rows.find(row, &parsed);
