@@ -19,3 +19,7 @@
 #include <ZTDrawEngineLib/shapes/ZTShapeBase.h>
 #include <ZTDrawEngineLib/shapes/ZTTdotShape.h>
 #include <ZTDrawEngineLib/shapes/ZTVecGraph.h>
+#include <ZTDrawEngineLib/text/ZTTextShapeBase.h>
+#include <ZTDrawEngineLib/text/ZTVariantTextManager.h>
+#include <ZTMarkDataManager/ZTVariantText.h>
+#include <ZTMarkDataManager/ZTVariantTextSegment.h>

@@ -8,6 +8,8 @@ void releaseAll()
 {
     ZTCoord::release();
     ZTPointSort::release();
+    ZTVariantTextManager::release();
+    ZTVariantText::setClock({});
 }
 
 } // namespace
