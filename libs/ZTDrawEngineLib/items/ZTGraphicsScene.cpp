@@ -6,6 +6,7 @@
 #include <ZTDrawEngineLib/items/commands/ZTUndoStep_p.h>
 #include <ZTDrawEngineLib/shapes/ZTShapeBase.h>
 
+#include <QtCore/QCoreApplication>
 #include <QtWidgets/QGraphicsSceneContextMenuEvent>
 #include <QtWidgets/QMenu>
 
@@ -78,7 +79,15 @@ ZTGraphicsScene::~ZTGraphicsScene()
 {
     // Each selected item that goes would announce a selection, and all who listen would walk it.
     blockSignals(true);
+    polishItems();
     delete resizeItem;
+}
+
+void ZTGraphicsScene::polishItems()
+{
+    // Qt queues new items for polishing, and searches the queue for each of them that goes. The
+    // queue is worked off by a posted call to the scene itself.
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
 }
 
 void ZTGraphicsScene::setUndoStack(QUndoStack *stack)
@@ -128,6 +137,30 @@ QHash<int, QList<ZTAbstractGraphicsItem *>> ZTGraphicsScene::getItemsById() cons
             byId[shapeItem->getShapeBase()->getId()].append(shapeItem);
     }
     return byId;
+}
+
+void ZTGraphicsScene::deleteItems(const QList<ZTAbstractGraphicsItem *> &items)
+{
+    const QList<QPointer<ZTAbstractGraphicsItem>> guarded(items.begin(), items.end());
+    polishItems();
+    deselect(guarded);
+    // Backwards, because Qt finds the item added last at once, and any other by searching.
+    for (auto item = guarded.crbegin(); item != guarded.crend(); ++item)
+        delete *item;
+}
+
+void ZTGraphicsScene::deselect(const QList<QPointer<ZTAbstractGraphicsItem>> &items)
+{
+    const int selectedBefore = selectedItems().size();
+    {
+        const QSignalBlocker oneSignalForAll(this);
+        for (const auto &item : items) {
+            if (item)
+                item->setSelected(false);
+        }
+    }
+    if (selectedItems().size() != selectedBefore)
+        Q_EMIT selectionChanged();
 }
 
 void ZTGraphicsScene::setMirror(int kind)

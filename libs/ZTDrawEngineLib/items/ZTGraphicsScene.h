@@ -50,6 +50,13 @@ public:
     QHash<int, QList<ZTAbstractGraphicsItem *>> getItemsById() const;
 
     /**
+     * Removes items from the scene and deletes them: one `selectionChanged` for all, and a cost
+     * that grows with their number when they stand lowest first, as `items(Qt::AscendingOrder)`
+     * gives them. Null and items of other scenes are allowed.
+     */
+    void deleteItems(const QList<ZTAbstractGraphicsItem *> &items);
+
+    /**
      * Mirrors the selected items within the frame: 1 left to right, 2 top to bottom, any other
      * value nothing.
      *
@@ -76,6 +83,8 @@ private:
     QFlags<Qt::AlignmentFlag> displayMenu(QPoint screenPos);
     void align(QFlags<Qt::AlignmentFlag> alignment);
     QList<QPointer<ZTAbstractGraphicsItem>> selectedShapeItems() const;
+    void deselect(const QList<QPointer<ZTAbstractGraphicsItem>> &items);
+    void polishItems();
 
     QPointer<QUndoStack> undoStack;            ///< borrowed from the host
     QPointer<ZTGraphicsResizeItem> resizeItem; ///< an item of this scene
