@@ -36,6 +36,12 @@ const QPen &penOfId(int penId)
     return pens[isKnown ? static_cast<std::size_t>(penId) - 1 : 0];
 }
 
+/** False for a position that is not a number, which QRectF takes for contained. */
+bool isInside(const QRectF &rectPx, const QPointF &posPx)
+{
+    return rectPx.contains(posPx) && !qIsNaN(posPx.x()) && !qIsNaN(posPx.y());
+}
+
 } // namespace
 
 ZTAbstractGraphicsItem::ZTAbstractGraphicsItem()
@@ -199,7 +205,7 @@ QVariant ZTAbstractGraphicsItem::itemChange(GraphicsItemChange change, const QVa
     switch (change) {
     case ItemPositionChange: {
         const QPointF posPx = value.toPointF();
-        if (scene() != nullptr && !scene()->sceneRect().contains(posPx))
+        if (scene() != nullptr && !isInside(scene()->sceneRect(), posPx))
             return clampedToScene(posPx);
         break;
     }
