@@ -13,3 +13,12 @@ inline bool isLastButton(const QGraphicsSceneMouseEvent *release)
 {
     return release->buttons() == Qt::NoButton;
 }
+
+/**
+ * The release that never comes when a drag loses the mouse. Qt keeps the positions that items had
+ * at the press until an item gets its release; the next drag would start from them.
+ */
+struct LostRelease
+{
+    QGraphicsSceneMouseEvent event{QEvent::GraphicsSceneMouseRelease};
+};

@@ -149,6 +149,8 @@ bool ZTGraphicsResizeHandle::sceneEvent(QEvent *event)
     // A drag that loses the mouse has resized nothing yet: the frame goes back to its items.
     if (event->type() == QEvent::UngrabMouse && isDragging && frame != nullptr) {
         isDragging = false;
+        LostRelease release;
+        QGraphicsRectItem::mouseReleaseEvent(&release.event);
         frame->resizeFromChild();
     }
     return QGraphicsRectItem::sceneEvent(event);

@@ -222,8 +222,25 @@ void ZTGraphicsResizeItem::storeOffsets(ItemDataKey key)
         item->setData(key, item->pos() - pos());
 }
 
+void ZTGraphicsResizeItem::rememberStarts()
+{
+    startPositions.clear();
+    for (const auto &item : selection->shapeItems())
+        startPositions.insert(item, item->pos());
+}
+
+// An offset is a rounded difference. Undo has to bring back the very position an item had, to the
+// last bit, or what is marked after it would not be what was marked before.
+QPointF ZTGraphicsResizeItem::snappedToStart(const ZTAbstractGraphicsItem *item,
+                                             const QPointF &posPx) const
+{
+    const QPointF startPx = startPositions.value(item, posPx);
+    return startPx == posPx ? startPx : posPx;
+}
+
 void ZTGraphicsResizeItem::beforeAdjust()
 {
+    rememberStarts();
     storeOffsets(START_POS);
     storeOffsets(ITEM_OFFSET);
     setData(START_POS, pos());
@@ -282,7 +299,7 @@ void ZTGraphicsResizeItem::resizeChild(const QPointer<ZTAbstractGraphicsItem> &c
         return;
     const QPointF offsetPx = child->data(START_POS).toPointF();
     const QPointF newPos = pos() + scaled(offsetPx, ratio.x, ratio.y);
-    const QPointF oldPos = data(START_POS).toPointF() + offsetPx;
+    const QPointF oldPos = snappedToStart(child, data(START_POS).toPointF() + offsetPx);
     ZTUndoStep step(undoStack, QStringLiteral("item resize %1")
                                    .arg(child->getShapeBase()->getId(), 0, 10, QLatin1Char(' ')));
     if (oldPos != newPos)
@@ -298,6 +315,7 @@ void ZTGraphicsResizeItem::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     if (isFirstButton(event)) {
         isMoving = true;
+        rememberStarts();
         setEnableResizeFromChild(false);
         storeOffsets(ITEM_OFFSET);
         setData(FRAME_START_RECT, QRectF());
@@ -320,7 +338,7 @@ void ZTGraphicsResizeItem::carryItems()
 {
     for (const auto &item : selection->shapeItems()) {
         if (item)
-            item->setPos(pos() + item->data(ITEM_OFFSET).toPointF());
+            item->setPos(snappedToStart(item, pos() + item->data(ITEM_OFFSET).toPointF()));
     }
     for (QGraphicsItem *item : selection->foreignItems(scene()))
         item->setPos(pos() + item->data(ITEM_OFFSET).toPointF());
@@ -336,8 +354,11 @@ void ZTGraphicsResizeItem::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 bool ZTGraphicsResizeItem::sceneEvent(QEvent *event)
 {
     // A drag that loses the mouse ends like one that is released: what moved stays undoable.
-    if (event->type() == QEvent::UngrabMouse && isMoving)
+    if (event->type() == QEvent::UngrabMouse && isMoving) {
+        LostRelease release;
+        QGraphicsRectItem::mouseReleaseEvent(&release.event);
         finishMove();
+    }
     return QGraphicsRectItem::sceneEvent(event);
 }
 
@@ -358,7 +379,8 @@ void ZTGraphicsResizeItem::finishMove()
         for (const auto &item : selection->shapeItems()) {
             if (!item)
                 continue;
-            const QPointF itemStart = startPos + item->data(ITEM_OFFSET).toPointF();
+            const QPointF itemStart =
+                snappedToStart(item, startPos + item->data(ITEM_OFFSET).toPointF());
             if (item->pos() != itemStart)
                 step.push(std::make_unique<ZTItemPosCommand>(item, itemStart, item->pos()));
         }

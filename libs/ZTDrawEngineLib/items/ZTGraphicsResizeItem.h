@@ -2,6 +2,7 @@
 
 #include <ZTDrawEngineLib/common/ZTDrawEngineGlobal.h>
 
+#include <QtCore/QHash>
 #include <QtCore/QList>
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
@@ -134,6 +135,7 @@ protected:
 private:
     friend class ZTAbstractGraphicsItem;
     friend class ZTGraphicsResizeHandle;
+    friend class ZTGraphicsScene;
 
     struct Ratio
     {
@@ -149,6 +151,8 @@ private:
     void fitAround(const QRectF &rectPx, double maxZ);
     void placeHandles();
     void storeOffsets(ItemDataKey key);
+    void rememberStarts();
+    QPointF snappedToStart(const ZTAbstractGraphicsItem *item, const QPointF &posPx) const;
     void carryItems();
     void endDrag();
     void finishMove();
@@ -161,5 +165,6 @@ private:
     std::unique_ptr<ZTFrameSelection> selection;
     bool enableResizeFromChild = true; ///< false while the frame moves its items
     double rotationAngle = 0.0;        ///< last argument of setRotation
-    bool isMoving = false;             ///< between press and release on the frame
+    QHash<const ZTAbstractGraphicsItem *, QPointF> startPositions; ///< when the drag began
+    bool isMoving = false; ///< between press and release on the frame
 };

@@ -188,6 +188,9 @@ void ZTGraphicsScene::contextMenuEvent(QGraphicsSceneContextMenuEvent *event)
 {
     const QPointer<ZTGraphicsScene> self(this);
     event->accept();
+    // The menu takes the release of the press that opened it: the frame would wait for it for ever.
+    if (resizeItem)
+        resizeItem->endDrag();
     const QFlags<Qt::AlignmentFlag> alignment = displayMenu(event->screenPos());
     // The menu ran an event loop, in which the document may have been closed.
     if (self && resizeItem && selectedItems().size() >= 2)
