@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int kStepsOfASession = 400;
+constexpr int kStepsOfASession = 1000;
 constexpr int kItemCount = 8;
 
 /** An operator at work on a few items, every choice drawn from one seed. */
@@ -104,6 +104,7 @@ private:
         }
         item->getShapeBase()->setId(nextId++);
         item->setPos(spot() / 3.0);
+        item->getShapeBase()->paint();
         scene->addItem(item);
         items.append(item);
     }
@@ -145,7 +146,7 @@ private:
         if (!isOnScreen(at))
             return;
         user->contextMenu(at, [choice](QMenu *menu) {
-            if (choice < 7)
+            if (choice < 7 && menu->isEnabled())
                 QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier,
                                   menu->actionGeometry(menu->actions().at(choice)).center());
         });
