@@ -1,0 +1,68 @@
+#pragma once
+
+#include <ZTDrawEngineLib/items/ZTAbstractGraphicsItem.h>
+#include <ZTDrawEngineLib/items/ZTSelectionBounds_p.h>
+
+#include <QtCore/QHash>
+#include <QtCore/QList>
+#include <QtCore/QPointer>
+#include <QtCore/QVector>
+
+QT_BEGIN_NAMESPACE
+class QGraphicsScene;
+QT_END_NAMESPACE
+
+/**
+ * The items under a selection frame, watched: one that is deleted leaves the list by itself.
+ *
+ * Limit: a plain `QGraphicsItem` that is no `QObject` can only be watched through a scene; without
+ * one it is trusted to live.
+ */
+class ZTFrameSelection
+{
+public:
+    using ShapeItem = QPointer<ZTAbstractGraphicsItem>;
+
+    void assign(const QList<QGraphicsItem *> &items);
+
+    /** The items that are still there, in the order given. */
+    const QList<QGraphicsItem *> &items(const QGraphicsScene *scene);
+
+    /** Those that stand for shapes; each may still go while the list is walked. */
+    QVector<ShapeItem> shapeItems() const;
+
+    /** Those that do not, as far as they are still there. */
+    QVector<QGraphicsItem *> foreignItems(const QGraphicsScene *scene);
+
+    /** Extent of all shape items, read from each of them. */
+    ZTSelectionBounds::Extent readExtent();
+
+    /** The same after a change of `child` alone, for the cost of reading one item. */
+    ZTSelectionBounds::Extent extentAfterChangeOf(ZTAbstractGraphicsItem *child);
+
+    /** Takes note of a changed child for the next `extentAfterChangeOf`. */
+    void noteChange(ZTAbstractGraphicsItem *child);
+    void noteGone(ZTAbstractGraphicsItem *child);
+
+    /** Makes the next `extentAfterChangeOf` read all items. */
+    void forgetExtents();
+
+private:
+    struct Guard
+    {
+        QPointer<QObject> object; ///< null for a plain item, and once the object is gone
+        bool isPlain = false;     ///< not a QObject
+        ZTAbstractGraphicsItem *shapeItem = nullptr; ///< good while `object` is
+    };
+
+    void removeGone(const QGraphicsScene *scene);
+    void readAll();
+
+    QList<QGraphicsItem *> selectItems;
+    QVector<Guard> guards; ///< one for each entry of `selectItems`
+    int plainCount = 0;
+
+    ZTSelectionBounds bounds;
+    QHash<const ZTAbstractGraphicsItem *, int> boundsIndex;
+    bool isBoundsValid = false;
+};

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <ZTDrawEngineLib/items/ZTAbstractGraphicsItem.h>
+
+class ZTPolygonShape;
+
+/** A regular polygon in a scene, over `ZTPolygonShape`. */
+class ZTDRAWENGINELIB_EXPORT ZTGraphicsPolygonItem : public ZTAbstractGraphicsItem
+{
+    Q_OBJECT
+    Q_PROPERTY(int SideCount READ getSideCount WRITE setSideCount)
+
+public:
+    ZTGraphicsPolygonItem();
+
+    void copy(ZTAbstractGraphicsItem *source) override;
+
+    int getSideCount() const;
+
+    /** Rebuilds the shape with that many sides; 3 or less gives a triangle. */
+    void setSideCount(int count);
+
+private:
+    ZTPolygonShape *polygonShape; ///< the object that `shape` owns
+};

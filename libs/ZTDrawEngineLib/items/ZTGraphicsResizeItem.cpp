@@ -1,0 +1,418 @@
+#include <ZTDrawEngineLib/items/ZTGraphicsResizeItem.h>
+
+#include <ZTDrawEngineLib/document/ZTCoord.h>
+#include <ZTDrawEngineLib/items/ZTAbstractGraphicsItem.h>
+#include <ZTDrawEngineLib/items/ZTDragButtons_p.h>
+#include <ZTDrawEngineLib/items/ZTFrameSelection_p.h>
+#include <ZTDrawEngineLib/items/ZTGraphicsResizeHandle_p.h>
+#include <ZTDrawEngineLib/items/commands/ZTItemPosCommand.h>
+#include <ZTDrawEngineLib/items/commands/ZTItemTransformCommand.h>
+#include <ZTDrawEngineLib/items/commands/ZTUndoStep_p.h>
+#include <ZTDrawEngineLib/shapes/ZTShapeBase.h>
+
+#include <QtGui/QCursor>
+#include <QtGui/QPainter>
+#include <QtGui/QPen>
+#include <QtWidgets/QGraphicsScene>
+#include <QtWidgets/QGraphicsSceneHoverEvent>
+
+#include <cmath>
+
+namespace {
+
+constexpr int kHandleCount = 8;
+
+/** Least width and height of the frame: ratios divide by them. */
+constexpr double kMinSizePx = 9.999999747378752e-05;
+
+QPen framePen(const QColor &color, Qt::PenStyle style)
+{
+    return QPen(color, 0, style, Qt::SquareCap, Qt::BevelJoin);
+}
+
+QPointF scaled(const QPointF &offsetPx, double sx, double sy)
+{
+    return {offsetPx.x() * sx, offsetPx.y() * sy};
+}
+
+} // namespace
+
+ZTGraphicsResizeItem::ZTGraphicsResizeItem(const QRectF &rect, QGraphicsItem *parent)
+    : QGraphicsRectItem(rect, parent), selection(std::make_unique<ZTFrameSelection>())
+{
+    setFlags(ItemIsMovable | ItemSendsGeometryChanges);
+    setAcceptHoverEvents(true);
+    for (int i = 0; i < kHandleCount; ++i)
+        handles.append(new ZTGraphicsResizeHandle(i, this));
+    placeHandles();
+}
+
+ZTGraphicsResizeItem::~ZTGraphicsResizeItem()
+{
+    for (const auto &item : selection->shapeItems()) {
+        if (item->getResizeItem() == this)
+            item->setResizeItem(nullptr);
+    }
+    while (!handles.isEmpty())
+        delete handles.takeLast();
+}
+
+void ZTGraphicsResizeItem::setUndoStack(QUndoStack *stack)
+{
+    undoStack = stack;
+}
+
+QUndoStack *ZTGraphicsResizeItem::getUndoStack() const
+{
+    return undoStack;
+}
+
+void ZTGraphicsResizeItem::setEnableResizeFromChild(bool enable)
+{
+    enableResizeFromChild = enable;
+}
+
+bool ZTGraphicsResizeItem::isEnableResizeFromChild() const
+{
+    return enableResizeFromChild;
+}
+
+const QList<QGraphicsItem *> &ZTGraphicsResizeItem::selectItem() const
+{
+    return selection->items(scene());
+}
+
+void ZTGraphicsResizeItem::setSelectItem(const QList<QGraphicsItem *> &items)
+{
+    endDrag();
+    rotationAngle = 0.0;
+    if (items.isEmpty()) {
+        hide();
+        for (const auto &item : selection->shapeItems())
+            item->setResizeItem(nullptr);
+        selection->assign(items);
+    } else {
+        selection->assign(items);
+        resizeFromChild();
+        show();
+    }
+}
+
+void ZTGraphicsResizeItem::setRect(const QRectF &rectPx)
+{
+    QRectF normalized = rectPx.normalized();
+    if (rect() == normalized)
+        return;
+    if (normalized.width() < kMinSizePx)
+        normalized.setWidth(kMinSizePx);
+    if (normalized.height() < kMinSizePx)
+        normalized.setHeight(kMinSizePx);
+    QGraphicsRectItem::setRect(normalized);
+    placeHandles();
+    Q_EMIT sigSizeChanged();
+}
+
+void ZTGraphicsResizeItem::setRect(double x, double y, double width, double height)
+{
+    setRect(QRectF(x, y, width, height));
+}
+
+void ZTGraphicsResizeItem::setPos(const QPointF &posPx)
+{
+    setEnableResizeFromChild(false);
+    storeOffsets(ITEM_OFFSET);
+    QGraphicsRectItem::setPos(posPx);
+    {
+        ZTUndoStep step(undoStack, QStringLiteral("item setPos"));
+        for (const auto &item : selection->shapeItems()) {
+            if (!item)
+                continue;
+            const QPointF newPos = pos() + item->data(ITEM_OFFSET).toPointF();
+            if (item->pos() != newPos)
+                step.push(std::make_unique<ZTItemPosCommand>(item, item->pos(), newPos));
+        }
+    }
+    setEnableResizeFromChild(true);
+}
+
+void ZTGraphicsResizeItem::setRotation(double angleDeg)
+{
+    rotationAngle = angleDeg;
+    const QPointF center = pos() + rect().center();
+    const double mmPerPx = ZTCoord::getInstance()->pix2mm(1.0);
+    for (const auto &item : selection->shapeItems()) {
+        if (!item)
+            continue;
+        const QPointF centerMm = item->mapFromScene(center) * mmPerPx;
+        QTransform turn;
+        turn.translate(centerMm.x(), centerMm.y());
+        turn.rotate(angleDeg, Qt::ZAxis);
+        turn.translate(-centerMm.x(), -centerMm.y());
+        item->setTransformParam(item->getTransformParam() * turn);
+    }
+    resizeFromChild();
+    Q_EMIT sigRotationChanged();
+}
+
+double ZTGraphicsResizeItem::rotation() const
+{
+    const QList<QGraphicsItem *> &items = selectItem();
+    if (items.size() > 1)
+        return rotationAngle;
+    return items.isEmpty() ? 0.0 : items.first()->rotation();
+}
+
+void ZTGraphicsResizeItem::resizeFromChild()
+{
+    if (!enableResizeFromChild)
+        return;
+    const ZTSelectionBounds::Extent extent = selection->readExtent();
+    for (const auto &item : selection->shapeItems())
+        item->setResizeItem(this);
+    fitAround(extent.rect(), extent.z());
+}
+
+void ZTGraphicsResizeItem::followChild(ZTAbstractGraphicsItem *child)
+{
+    if (!enableResizeFromChild) {
+        selection->forgetExtents();
+        return;
+    }
+    const ZTSelectionBounds::Extent extent = selection->extentAfterChangeOf(child);
+    fitAround(extent.rect(), extent.z());
+}
+
+void ZTGraphicsResizeItem::noteChild(ZTAbstractGraphicsItem *child)
+{
+    if (enableResizeFromChild)
+        selection->noteChange(child);
+    else
+        selection->forgetExtents();
+}
+
+void ZTGraphicsResizeItem::noteChildGone(ZTAbstractGraphicsItem *child)
+{
+    selection->noteGone(child);
+}
+
+void ZTGraphicsResizeItem::noteHandleGone(ZTGraphicsResizeHandle *handle)
+{
+    handles.removeOne(handle);
+}
+
+void ZTGraphicsResizeItem::fitAround(const QRectF &rectPx, double maxZ)
+{
+    setZValue(std::trunc(maxZ) + 1);
+    const QPointF posBefore = pos();
+    QGraphicsRectItem::setPos(rectPx.topLeft());
+    if (pos() != posBefore)
+        Q_EMIT sigPosChanged();
+    setRect(0, 0, rectPx.width(), rectPx.height());
+}
+
+void ZTGraphicsResizeItem::placeHandles()
+{
+    for (ZTGraphicsResizeHandle *handle : qAsConst(handles))
+        handle->place();
+}
+
+void ZTGraphicsResizeItem::storeOffsets(ItemDataKey key)
+{
+    for (QGraphicsItem *item : selectItem())
+        item->setData(key, item->pos() - pos());
+}
+
+void ZTGraphicsResizeItem::rememberStarts()
+{
+    startPositions.clear();
+    for (const auto &item : selection->shapeItems())
+        startPositions.insert(item, item->pos());
+}
+
+// An offset is a rounded difference. Undo has to bring back the very position an item had, to the
+// last bit, or what is marked after it would not be what was marked before.
+QPointF ZTGraphicsResizeItem::snappedToStart(const ZTAbstractGraphicsItem *item,
+                                             const QPointF &posPx) const
+{
+    const QPointF startPx = startPositions.value(item, posPx);
+    return startPx == posPx ? startPx : posPx;
+}
+
+void ZTGraphicsResizeItem::beforeAdjust()
+{
+    rememberStarts();
+    storeOffsets(START_POS);
+    storeOffsets(ITEM_OFFSET);
+    setData(START_POS, pos());
+}
+
+void ZTGraphicsResizeItem::item2Scene()
+{
+    const QRectF rectPx = rect();
+    QGraphicsRectItem::setPos(pos() + rectPx.topLeft());
+    setRect(0, 0, rectPx.width(), rectPx.height());
+}
+
+void ZTGraphicsResizeItem::updateChildSize()
+{
+    setEnableResizeFromChild(false);
+    item2Scene();
+    const QRectF startRectPx = data(FRAME_START_RECT).toRectF();
+    // Kept: the frame stays disabled here. Hosts that drive the frame themselves rely on it.
+    if (startRectPx.isEmpty())
+        return;
+    const Ratio ratio = resizeRatio(startRectPx);
+    {
+        ZTUndoStep step(undoStack, QStringLiteral("item resize"));
+        for (const auto &item : selection->shapeItems())
+            resizeChild(item, ratio);
+    }
+    setEnableResizeFromChild(true);
+}
+
+ZTGraphicsResizeItem::Ratio ZTGraphicsResizeItem::resizeRatio(const QRectF &startRectPx) const
+{
+    Ratio ratio = {rect().width() / startRectPx.width(), rect().height() / startRectPx.height()};
+    if (!isAspectRatioLocked())
+        return ratio;
+    if (qFuzzyCompare(ratio.x, 1.0))
+        ratio.x = ratio.y;
+    else if (qFuzzyCompare(ratio.y, 1.0))
+        ratio.y = ratio.x;
+    else
+        ratio.x = ratio.y = qMin(ratio.x, ratio.y);
+    return ratio;
+}
+
+bool ZTGraphicsResizeItem::isAspectRatioLocked() const
+{
+    const QList<QGraphicsItem *> &items = selectItem();
+    const auto *first =
+        items.isEmpty() ? nullptr : dynamic_cast<ZTAbstractGraphicsItem *>(items.first());
+    const ZTShapeBase *shape = first != nullptr ? first->getShapeBase() : nullptr;
+    return shape != nullptr && shape->getLockAspectRatio();
+}
+
+void ZTGraphicsResizeItem::resizeChild(const QPointer<ZTAbstractGraphicsItem> &child, Ratio ratio)
+{
+    if (!child || child->getShapeBase() == nullptr)
+        return;
+    const QPointF offsetPx = child->data(START_POS).toPointF();
+    const QPointF newPos = pos() + scaled(offsetPx, ratio.x, ratio.y);
+    const QPointF oldPos = snappedToStart(child, data(START_POS).toPointF() + offsetPx);
+    ZTUndoStep step(undoStack, QStringLiteral("item resize %1")
+                                   .arg(child->getShapeBase()->getId(), 0, 10, QLatin1Char(' ')));
+    if (oldPos != newPos)
+        step.push(std::make_unique<ZTItemPosCommand>(child, oldPos, newPos));
+    if (!child)
+        return;
+    const QTransform before = child->getTransformParam();
+    child->scale(ratio.x, ratio.y);
+    step.push(std::make_unique<ZTItemTransformCommand>(child, before, child->getTransformParam()));
+}
+
+void ZTGraphicsResizeItem::mousePressEvent(QGraphicsSceneMouseEvent *event)
+{
+    if (isFirstButton(event)) {
+        isMoving = true;
+        rememberStarts();
+        setEnableResizeFromChild(false);
+        storeOffsets(ITEM_OFFSET);
+        setData(FRAME_START_RECT, QRectF());
+        setData(START_POS, pos());
+    }
+    QGraphicsRectItem::mousePressEvent(event);
+}
+
+void ZTGraphicsResizeItem::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
+{
+    const QPointF posBefore = pos();
+    QGraphicsRectItem::mouseMoveEvent(event);
+    if (pos() != posBefore)
+        Q_EMIT sigPosChanged();
+    placeHandles();
+    carryItems();
+}
+
+void ZTGraphicsResizeItem::carryItems()
+{
+    for (const auto &item : selection->shapeItems()) {
+        if (item)
+            item->setPos(snappedToStart(item, pos() + item->data(ITEM_OFFSET).toPointF()));
+    }
+    for (QGraphicsItem *item : selection->foreignItems(scene()))
+        item->setPos(pos() + item->data(ITEM_OFFSET).toPointF());
+}
+
+void ZTGraphicsResizeItem::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
+{
+    QGraphicsRectItem::mouseReleaseEvent(event);
+    if (isLastButton(event))
+        finishMove();
+}
+
+bool ZTGraphicsResizeItem::sceneEvent(QEvent *event)
+{
+    // A drag that loses the mouse ends like one that is released: what moved stays undoable.
+    if (event->type() == QEvent::UngrabMouse && isMoving) {
+        LostRelease release;
+        QGraphicsRectItem::mouseReleaseEvent(&release.event);
+        finishMove();
+    }
+    return QGraphicsRectItem::sceneEvent(event);
+}
+
+void ZTGraphicsResizeItem::endDrag()
+{
+    QGraphicsItem *grabber = scene() != nullptr ? scene()->mouseGrabberItem() : nullptr;
+    if (grabber != nullptr && (grabber == this || grabber->parentItem() == this))
+        grabber->ungrabMouse();
+}
+
+void ZTGraphicsResizeItem::finishMove()
+{
+    isMoving = false;
+    item2Scene();
+    const QPointF startPos = data(START_POS).toPointF();
+    if (startPos != pos()) {
+        ZTUndoStep step(undoStack, QStringLiteral("release item setPos"));
+        for (const auto &item : selection->shapeItems()) {
+            if (!item)
+                continue;
+            const QPointF itemStart =
+                snappedToStart(item, startPos + item->data(ITEM_OFFSET).toPointF());
+            if (item->pos() != itemStart)
+                step.push(std::make_unique<ZTItemPosCommand>(item, itemStart, item->pos()));
+        }
+    }
+    setEnableResizeFromChild(true);
+}
+
+void ZTGraphicsResizeItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
+{
+    drawResizePoint(painter);
+}
+
+void ZTGraphicsResizeItem::drawResizePoint(QPainter *painter)
+{
+    painter->save();
+    painter->setBrush(Qt::NoBrush);
+    painter->setPen(framePen(Qt::white, Qt::SolidLine));
+    painter->drawRect(rect());
+    painter->setPen(framePen(Qt::blue, Qt::DashLine));
+    painter->drawRect(rect());
+    painter->restore();
+}
+
+void ZTGraphicsResizeItem::hoverEnterEvent(QGraphicsSceneHoverEvent *event)
+{
+    QGraphicsRectItem::hoverEnterEvent(event);
+    setCursor(Qt::SizeAllCursor);
+}
+
+void ZTGraphicsResizeItem::hoverLeaveEvent(QGraphicsSceneHoverEvent *) {}
+
+QVariant ZTGraphicsResizeItem::itemChange(GraphicsItemChange, const QVariant &value)
+{
+    return value;
+}

@@ -1,0 +1,256 @@
+#include <ZTDrawEngineLib/items/ZTGraphicsScene.h>
+
+#include <ZTDrawEngineLib/items/ZTAbstractGraphicsItem.h>
+#include <ZTDrawEngineLib/items/ZTGraphicsResizeItem.h>
+#include <ZTDrawEngineLib/items/commands/ZTItemPosCommand.h>
+#include <ZTDrawEngineLib/items/commands/ZTUndoStep_p.h>
+#include <ZTDrawEngineLib/shapes/ZTShapeBase.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtWidgets/QGraphicsSceneContextMenuEvent>
+#include <QtWidgets/QMenu>
+
+namespace {
+
+const QRectF kSceneRectPx(-32768, -32768, 65536, 65536);
+const QRectF kFirstFrameRectPx(0, 0, 150, 150);
+
+struct AlignmentChoice
+{
+    const char *label;
+    Qt::AlignmentFlag flag;
+};
+
+constexpr AlignmentChoice kAlignmentChoices[] = {
+    {QT_TRANSLATE_NOOP("ZTGraphicsScene", "Left"), Qt::AlignLeft},
+    {QT_TRANSLATE_NOOP("ZTGraphicsScene", "Right"), Qt::AlignRight},
+    {QT_TRANSLATE_NOOP("ZTGraphicsScene", "Horizontally Center"), Qt::AlignHCenter},
+    {QT_TRANSLATE_NOOP("ZTGraphicsScene", "Top"), Qt::AlignTop},
+    {QT_TRANSLATE_NOOP("ZTGraphicsScene", "Bottom"), Qt::AlignBottom},
+    {QT_TRANSLATE_NOOP("ZTGraphicsScene", "Vertically Center"), Qt::AlignVCenter},
+    {QT_TRANSLATE_NOOP("ZTGraphicsScene", "Center"), Qt::AlignCenter},
+};
+
+/** Where the selection frame stood before the first item moved. */
+struct Reference
+{
+    QRectF rectPx;
+    QPointF posPx;
+};
+
+QPointF alignedPos(QFlags<Qt::AlignmentFlag> alignment, const Reference &frame, const QRectF &boxPx,
+                   const QPointF &posPx)
+{
+    const double centerX = frame.posPx.x() + frame.rectPx.center().x() - boxPx.center().x();
+    const double centerY = frame.posPx.y() + frame.rectPx.center().y() - boxPx.center().y();
+    switch (static_cast<int>(alignment)) {
+    case Qt::AlignLeft:
+        return {frame.posPx.x(), posPx.y()};
+    case Qt::AlignRight:
+        return {frame.posPx.x() + frame.rectPx.width() - boxPx.width(), posPx.y()};
+    case Qt::AlignHCenter:
+        return {centerX, posPx.y()};
+    case Qt::AlignTop:
+        return {posPx.x(), frame.posPx.y()};
+    case Qt::AlignBottom:
+        return {posPx.x(), frame.posPx.y() + frame.rectPx.height() - boxPx.height()};
+    case Qt::AlignVCenter:
+        return {posPx.x(), centerY};
+    case Qt::AlignCenter:
+        return {centerX, centerY};
+    default:
+        // Kept: without a choice the items go to the scene's origin; one undo step takes it back.
+        return {};
+    }
+}
+
+} // namespace
+
+ZTGraphicsScene::ZTGraphicsScene(QObject *parent)
+    : QGraphicsScene(parent), resizeItem(new ZTGraphicsResizeItem(kFirstFrameRectPx))
+{
+    setSceneRect(kSceneRectPx);
+    resizeItem->setVisible(false);
+    addItem(resizeItem);
+    connect(this, &QGraphicsScene::selectionChanged, this, &ZTGraphicsScene::slotSelectionChanged);
+}
+
+ZTGraphicsScene::~ZTGraphicsScene()
+{
+    // Each selected item that goes would announce a selection, and all who listen would walk it.
+    blockSignals(true);
+    polishItems();
+    delete resizeItem;
+}
+
+void ZTGraphicsScene::polishItems()
+{
+    // Qt queues new items for polishing, and searches the queue for each of them that goes. The
+    // queue is worked off by a posted call to the scene itself.
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+}
+
+void ZTGraphicsScene::setUndoStack(QUndoStack *stack)
+{
+    undoStack = stack;
+    if (resizeItem)
+        resizeItem->setUndoStack(stack);
+}
+
+QUndoStack *ZTGraphicsScene::getUndoStack() const
+{
+    return undoStack;
+}
+
+ZTGraphicsResizeItem *ZTGraphicsScene::getGraphicsResizeItem() const
+{
+    return resizeItem;
+}
+
+QRectF ZTGraphicsScene::getSelectionItemRect() const
+{
+    QRectF rectPx;
+    for (const auto &item : selectedShapeItems())
+        rectPx |= item->mapRectToScene(item->boundingRect());
+    return rectPx;
+}
+
+ZTAbstractGraphicsItem *ZTGraphicsScene::getItemById(int id)
+{
+    const QList<QGraphicsItem *> all = items(Qt::DescendingOrder);
+    for (QGraphicsItem *item : all) {
+        auto *shapeItem = dynamic_cast<ZTAbstractGraphicsItem *>(item);
+        const ZTShapeBase *shape = shapeItem != nullptr ? shapeItem->getShapeBase() : nullptr;
+        if (shape != nullptr && shape->getId() == id)
+            return shapeItem;
+    }
+    return nullptr;
+}
+
+QHash<int, QList<ZTAbstractGraphicsItem *>> ZTGraphicsScene::getItemsById() const
+{
+    QHash<int, QList<ZTAbstractGraphicsItem *>> byId;
+    const QList<QGraphicsItem *> all = items(Qt::DescendingOrder);
+    for (QGraphicsItem *item : all) {
+        auto *shapeItem = dynamic_cast<ZTAbstractGraphicsItem *>(item);
+        if (shapeItem != nullptr && shapeItem->getShapeBase() != nullptr)
+            byId[shapeItem->getShapeBase()->getId()].append(shapeItem);
+    }
+    return byId;
+}
+
+void ZTGraphicsScene::deleteItems(const QList<ZTAbstractGraphicsItem *> &items)
+{
+    const QList<QPointer<ZTAbstractGraphicsItem>> guarded(items.begin(), items.end());
+    polishItems();
+    deselect(guarded);
+    // Backwards, because Qt finds the item added last at once, and any other by searching.
+    for (auto item = guarded.crbegin(); item != guarded.crend(); ++item)
+        delete *item;
+}
+
+void ZTGraphicsScene::deselect(const QList<QPointer<ZTAbstractGraphicsItem>> &items)
+{
+    const int selectedBefore = selectedItems().size();
+    {
+        const QSignalBlocker oneSignalForAll(this);
+        for (const auto &item : items) {
+            if (item)
+                item->setSelected(false);
+        }
+    }
+    if (selectedItems().size() != selectedBefore)
+        Q_EMIT selectionChanged();
+}
+
+void ZTGraphicsScene::setMirror(int kind)
+{
+    if (!resizeItem || (kind != 1 && kind != 2))
+        return;
+    const Reference frame = {resizeItem->rect(), resizeItem->pos()};
+    for (const auto &item : selectedShapeItems()) {
+        if (!item)
+            continue;
+        const QPointF delta = item->pos() - frame.posPx;
+        if (kind == 1) {
+            item->scale(-1.0, 1.0);
+            item->setPos(frame.posPx.x() + frame.rectPx.width() - delta.x(),
+                         frame.posPx.y() + delta.y());
+        } else {
+            item->scale(1.0, -1.0);
+            item->setPos(frame.posPx.x() + delta.x(),
+                         frame.posPx.y() + frame.rectPx.height() - delta.y());
+        }
+    }
+}
+
+void ZTGraphicsScene::contextMenuEvent(QGraphicsSceneContextMenuEvent *event)
+{
+    const QPointer<ZTGraphicsScene> self(this);
+    event->accept();
+    // The menu takes the release of the press that opened it: the frame would wait for it for ever.
+    if (resizeItem)
+        resizeItem->endDrag();
+    const QFlags<Qt::AlignmentFlag> alignment = displayMenu(event->screenPos());
+    // The menu ran an event loop, in which the document may have been closed.
+    if (self && resizeItem && selectedItems().size() >= 2)
+        align(alignment);
+}
+
+void ZTGraphicsScene::align(QFlags<Qt::AlignmentFlag> alignment)
+{
+    const Reference frame = {resizeItem->rect(), resizeItem->pos()};
+    ZTUndoStep step(undoStack, QStringLiteral("item setPos"));
+    for (const auto &item : selectedShapeItems()) {
+        if (!item)
+            continue;
+        const QPointF newPos = alignedPos(alignment, frame, item->boundingRect(), item->pos());
+        step.push(std::make_unique<ZTItemPosCommand>(item, item->pos(), newPos));
+    }
+}
+
+QFlags<Qt::AlignmentFlag> ZTGraphicsScene::displayMenu(QPoint screenPos)
+{
+    QFlags<Qt::AlignmentFlag> chosen;
+    QMenu menu;
+    for (const AlignmentChoice &choice : kAlignmentChoices) {
+        const QAction *action = menu.addAction(tr(choice.label));
+        connect(action, &QAction::triggered, &menu, [&chosen, choice] { chosen = choice.flag; });
+    }
+    if (selectedItems().size() < 2)
+        menu.setEnabled(false);
+    menu.exec(screenPos);
+    return chosen;
+}
+
+QList<QPointer<ZTAbstractGraphicsItem>> ZTGraphicsScene::selectedShapeItems() const
+{
+    QList<QPointer<ZTAbstractGraphicsItem>> shapeItems;
+    const QList<QGraphicsItem *> selected = selectedItems();
+    for (QGraphicsItem *item : selected) {
+        if (auto *shapeItem = dynamic_cast<ZTAbstractGraphicsItem *>(item))
+            shapeItems.append(shapeItem);
+    }
+    return shapeItems;
+}
+
+void ZTGraphicsScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
+{
+    QGraphicsScene::mousePressEvent(event);
+}
+
+void ZTGraphicsScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
+{
+    QGraphicsScene::mouseMoveEvent(event);
+}
+
+void ZTGraphicsScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
+{
+    QGraphicsScene::mouseReleaseEvent(event);
+}
+
+void ZTGraphicsScene::slotSelectionChanged()
+{
+    if (resizeItem)
+        resizeItem->setSelectItem(selectedItems());
+}

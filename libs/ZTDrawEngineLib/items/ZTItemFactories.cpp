@@ -1,0 +1,54 @@
+#include <ZTDrawEngineLib/items/ZTItemFactories.h>
+
+#include <ZTDrawEngineLib/items/ZTGraphicsEllipseItem.h>
+#include <ZTDrawEngineLib/items/ZTGraphicsLineItem.h>
+#include <ZTDrawEngineLib/items/ZTGraphicsPolygonItem.h>
+#include <ZTDrawEngineLib/items/ZTGraphicsRectItem.h>
+#include <ZTDrawEngineLib/items/ZTGraphicsTdotItem.h>
+#include <ZTDrawEngineLib/items/ZTGraphicsVecGraph_p.h>
+
+#include <utility>
+
+template class ZTSingletonTemplate<ZTRectItemFactory>;
+template class ZTSingletonTemplate<ZTEllipseItemFactory>;
+template class ZTSingletonTemplate<ZTPolygonItemFactory>;
+template class ZTSingletonTemplate<ZTLineItemFactory>;
+template class ZTSingletonTemplate<ZTTdotItemFactory>;
+template class ZTSingletonTemplate<ZTVecGraphItemFactory>;
+
+ZTAbstractGraphicsItem *ZTRectItemFactory::create()
+{
+    return new ZTGraphicsRectItem;
+}
+
+ZTAbstractGraphicsItem *ZTEllipseItemFactory::create()
+{
+    return new ZTGraphicsEllipseItem;
+}
+
+ZTAbstractGraphicsItem *ZTPolygonItemFactory::create()
+{
+    return new ZTGraphicsPolygonItem;
+}
+
+ZTAbstractGraphicsItem *ZTLineItemFactory::create()
+{
+    return new ZTGraphicsLineItem;
+}
+
+ZTAbstractGraphicsItem *ZTTdotItemFactory::create()
+{
+    return new ZTGraphicsTdotItem;
+}
+
+void ZTVecGraphItemFactory::setPath(const QString &path)
+{
+    nextPath = path;
+}
+
+ZTAbstractGraphicsItem *ZTVecGraphItemFactory::create()
+{
+    auto *item = new ZTGraphicsVecGraph;
+    item->setImagePath(std::exchange(nextPath, QString()));
+    return item;
+}

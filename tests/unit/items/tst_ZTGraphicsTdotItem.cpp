@@ -1,0 +1,102 @@
+#include <support/SingletonGuard.h>
+
+#include <ZTDrawEngineLib/ZTDrawEngineLib.h>
+
+#include <QtTest/QTest>
+
+class tst_ZTGraphicsTdotItem : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        guard.reset(new testsupport::SingletonGuard);
+        ZTCoord::getInstance()->setHeight(1930.0); // 1 mm is 10 pixels
+    }
+    void cleanup() { guard.reset(); }
+
+    void newItem_ownsAShapeOfItsKind()
+    {
+        const ZTGraphicsTdotItem item;
+        QVERIFY(dynamic_cast<ZTTdotShape *>(item.getShapeBase()) != nullptr);
+        QVERIFY(item.getShapeType() == ShapeType::None);
+        QCOMPARE(item.boundingRect(), QRectF(0, 0, 1000, 1000));
+    }
+
+    void metaObject_hasNoPropertyOfItsOwn()
+    {
+        const QMetaObject &meta = ZTGraphicsTdotItem::staticMetaObject;
+        QCOMPARE(meta.className(), "ZTGraphicsTdotItem");
+        QCOMPARE(meta.propertyCount(), meta.propertyOffset());
+    }
+
+    void copy_takesTheShape_andKeepsTheId()
+    {
+        ZTGraphicsTdotItem source;
+        source.getShapeBase()->setId(5);
+        source.setPenId(12);
+        source.setTransformParam(QTransform::fromScale(2, 3));
+        ZTGraphicsTdotItem item;
+        item.getShapeBase()->setId(9);
+        item.copy(&source);
+        QCOMPARE(item.getShapeBase()->getId(), 9);
+        QCOMPARE(source.getShapeBase()->getId(), 5);
+        QCOMPARE(item.getPenId(), 12);
+        QCOMPARE(item.getTransformParam(), QTransform::fromScale(2, 3));
+        QVERIFY(!item.getShapeBase()->isUpdate());
+        QVERIFY(item.getShapeBase()->getLines() == source.getShapeBase()->getLines());
+        QVERIFY(item.getShapeBase() != source.getShapeBase());
+    }
+
+    void copy_rebuildsAnUnmarkedShape()
+    {
+        ZTGraphicsTdotItem source;
+        source.boundingRect();
+        source.getTransformParam() = QTransform::fromScale(2, 2);
+        ZTGraphicsTdotItem item;
+        item.copy(&source);
+        QCOMPARE(item.boundingRect().width(), 2 * source.boundingRect().width());
+    }
+
+    void copy_ofItself_changesNothing()
+    {
+        ZTGraphicsTdotItem item;
+        item.getShapeBase()->setId(4);
+        item.setTransformParam(QTransform::fromScale(3, 3));
+        const QRectF before = item.boundingRect();
+        item.copy(&item);
+        QCOMPARE(item.getShapeBase()->getId(), 4);
+        QCOMPARE(item.boundingRect(), before);
+    }
+
+    void copy_nullOrAnotherKind_changesNothing()
+    {
+        ZTGraphicsTdotItem item;
+        const ZTShapeBase *before = item.getShapeBase();
+        item.copy(nullptr);
+        ZTGraphicsRectItem other;
+        item.copy(&other);
+        QCOMPARE(item.getShapeBase(), before);
+    }
+
+    void copy_inAScene_keepsTheItemHittable()
+    {
+        QGraphicsScene scene(-1000, -1000, 4000, 4000);
+        ZTGraphicsTdotItem source;
+        source.setTransformParam(QTransform::fromScale(3, 3));
+        ZTGraphicsTdotItem item;
+        scene.addItem(&item);
+        const double width = item.boundingRect().width();
+        QVERIFY(scene.items(QPointF(2.5 * width, 2.5 * width)).isEmpty());
+        item.copy(&source);
+        QCOMPARE(scene.items(QPointF(2.5 * width, 2.5 * width)).size(), 1);
+        scene.removeItem(&item);
+    }
+
+private:
+    QScopedPointer<testsupport::SingletonGuard> guard;
+};
+
+QTEST_MAIN(tst_ZTGraphicsTdotItem)
+#include "tst_ZTGraphicsTdotItem.moc"
