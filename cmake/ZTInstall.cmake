@@ -17,6 +17,8 @@ function(zt_install_library target)
   install(DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}/" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${target}
     FILES_MATCHING PATTERN "*.h" PATTERN "*_p.h" EXCLUDE)
   list(JOIN arg_PC_REQUIRES " " ZT_PC_REQUIRES)
+  # Relative, so that the package may be moved.
+  file(RELATIVE_PATH ZT_PC_TO_PREFIX "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
   set(ZT_PC_NAME ${target})
   set(ZT_PC_DESCRIPTION "${arg_DESCRIPTION}")
   configure_file("${PROJECT_SOURCE_DIR}/cmake/library.pc.in"

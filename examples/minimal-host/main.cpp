@@ -1,18 +1,22 @@
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 #include <QtCore/QTextStream>
+#include <QtWidgets/QApplication>
 
-int main()
+int main(int argc, char **argv)
 {
-    ZTRectShape square; // millimetres
-    square.setRect(QRectF(0, 0, 20, 20));
-    square.setFillParam({FillType::ULine, 5.0, 0.0, true}); // a zigzag every 5 mm
-    square.paint();                                         // rebuild outline and hatch
+    QApplication app(argc, argv);
+    ZTGraphicsItemFactory::regist("Rect", ZTRectItemFactory::getInstance());
+    ZTGraphicsDocument document; // the widget for your form
 
-    const ZTCoord &coord = *ZTCoord::getInstance();
-    QTextStream out(stdout);
-    for (const QLineF &line : square.getFillLines()) // scene pixels
-        out << coord.pix2mm(line.x1()) << ' ' << coord.pix2mm(line.y1()) << " -> "
-            << coord.pix2mm(line.x2()) << ' ' << coord.pix2mm(line.y2()) << '\n';
-    return 0;
+    ZTAbstractGraphicsItem *square =
+        document.itemMag()->addShape(ShapeType::Rect, QRectF(0, 0, 10, 10)); // millimetres
+    square->setFillParam({FillType::ULine, 2.0, 0.0, true});                 // zigzag, every 2 mm
+
+    const ZTMarkGraph marks = document.itemMag()->getShapeLines(); // for the marking head
+    for (const ZTMarkObject &object : marks.objects)
+        QTextStream(stdout) << "pen " << object.penId << ": " << object.lines.size() << " outline, "
+                            << object.fillLines.size() << " hatch segments\n";
+    document.show();
+    return app.arguments().contains(QLatin1String("--once")) ? 0 : app.exec();
 }

@@ -8,6 +8,8 @@
 #include <ZTDrawEngineLib/common/ZTSingletonTemplate.h>
 #include <ZTDrawEngineLib/document/ZTCoord.h>
 #include <ZTDrawEngineLib/document/ZTDrawEngineLib.h>
+#include <ZTDrawEngineLib/document/ZTGraphicsDocument.h>
+#include <ZTDrawEngineLib/document/ZTGraphicsView.h>
 #include <ZTDrawEngineLib/items/ZTAbstractGraphicsItem.h>
 #include <ZTDrawEngineLib/items/ZTGraphicsEllipseItem.h>
 #include <ZTDrawEngineLib/items/ZTGraphicsItemFactory.h>
@@ -22,8 +24,11 @@
 #include <ZTDrawEngineLib/items/commands/ZTItemPropertyCommand.h>
 #include <ZTDrawEngineLib/items/commands/ZTItemTransformCommand.h>
 #include <ZTDrawEngineLib/items/commands/ZTSetItemPosSizeCommand.h>
+#include <ZTDrawEngineLib/model/ZTItemModel.h>
 #include <ZTDrawEngineLib/model/ZTMarkData.h>
+#include <ZTDrawEngineLib/model/ZTObjectTreeWidget.h>
 #include <ZTDrawEngineLib/model/ZTPointSort.h>
+#include <ZTDrawEngineLib/model/ZTShapeManager.h>
 #include <ZTDrawEngineLib/shapes/PltCheck.h>
 #include <ZTDrawEngineLib/shapes/PltReader.h>
 #include <ZTDrawEngineLib/shapes/ZTEllipseShape.h>

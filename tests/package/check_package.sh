@@ -19,15 +19,15 @@ echo "soname: $soname"
 echo "-- by find_package"
 cmake -S "$example" -B "$scratch/cmake-host" -DCMAKE_PREFIX_PATH="$prefix" >"$scratch/cmake.log"
 cmake --build "$scratch/cmake-host" >>"$scratch/cmake.log"
-"$scratch/cmake-host/minimal-host" >"$scratch/cmake-host.out"
+"$scratch/cmake-host/minimal-host" --once >"$scratch/cmake-host.out"
 
 echo "-- by pkg-config"
 export PKG_CONFIG_PATH=$libdir/pkgconfig
 # shellcheck disable=SC2046
 "$CXX" -std=c++17 -fPIC "$example/main.cpp" \
-    $(pkg-config --define-variable=prefix="$prefix" --cflags --libs ZTDrawEngineLib) \
+    $(pkg-config --cflags --libs ZTDrawEngineLib) \
     -o "$scratch/pkg-config-host"
-LD_LIBRARY_PATH=$libdir "$scratch/pkg-config-host" >"$scratch/pkg-config-host.out"
+LD_LIBRARY_PATH=$libdir "$scratch/pkg-config-host" --once >"$scratch/pkg-config-host.out"
 
 cat "$scratch/cmake-host.out"
 cmp "$scratch/cmake-host.out" "$scratch/pkg-config-host.out"

@@ -31,6 +31,9 @@ void WarningGuard::collect(QtMsgType type, const QMessageLogContext &context, co
 {
     if (type == QtFatalMsg)
         current->previous(type, context, text);
+    // The offscreen platform says so of any window that has a least size.
+    if (text.startsWith(QLatin1String("This plugin does not support")))
+        return;
     current->messages << text;
 }
 

@@ -1,0 +1,171 @@
+#include <ZTDrawEngineLib/document/ZTGraphicsView.h>
+
+#include <ZTDrawEngineLib/document/ZTCoord.h>
+#include <ZTDrawEngineLib/items/ZTAbstractGraphicsItem.h>
+#include <ZTDrawEngineLib/items/ZTGraphicsResizeItem.h>
+
+#include <QtGui/QMouseEvent>
+#include <QtGui/QPainter>
+#include <QtGui/QWheelEvent>
+
+#include <cmath>
+
+namespace {
+
+constexpr double kZoomStep = 1.2;
+constexpr double kUpperZoomLimit = 20.0;
+constexpr double kLowerZoomLimit = 0.09;
+constexpr double kGridSpacingMm = 10.0;
+
+QPen hairline(const QColor &color)
+{
+    return {QBrush(color), 0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin};
+}
+
+/** Turn of a wheel along the axis that turned further. */
+int wheelDelta(const QWheelEvent &event)
+{
+    const QPoint angle = event.angleDelta();
+    return std::abs(angle.x()) > std::abs(angle.y()) ? angle.x() : angle.y();
+}
+
+/** Numbers of the grid lines on one side of an axis that can lie within a distance of it. */
+struct LineRange
+{
+    int first;
+    int end;
+};
+
+// Lines outside what is exposed leave no pixel, so they are not drawn.
+LineRange gridLinesWithin(double nearPx, double farPx, int edge)
+{
+    const double stepPx = ZTCoord::getInstance()->mm2pix(kGridSpacingMm);
+    // Kept: a count of millimetres is held against the scene's edge in pixels.
+    const int count = std::max(0, static_cast<int>(std::ceil(edge / kGridSpacingMm)));
+    if (!(stepPx > 0.0))
+        return {0, count};
+    const double first = std::floor(nearPx / stepPx) - 1;
+    const double last = std::ceil(farPx / stepPx) + 1;
+    return {static_cast<int>(qBound(0.0, first, double(count))),
+            static_cast<int>(qBound(0.0, last + 1, double(count)))};
+}
+
+/** Appends the lines at plus and minus each grid position that may cut `exposed` sideways. */
+template <class LineAt>
+void appendGrid(QVector<QLineF> &lines, double exposedFrom, double exposedTo, int edge,
+                const LineAt &lineAt)
+{
+    const ZTCoord &coord = *ZTCoord::getInstance();
+    const bool spansZero = exposedFrom <= 0.0 && exposedTo >= 0.0;
+    const double farthest = std::max(std::abs(exposedFrom), std::abs(exposedTo));
+    const double nearest = spansZero ? 0.0 : std::min(std::abs(exposedFrom), std::abs(exposedTo));
+    const LineRange range = gridLinesWithin(nearest, farthest, edge);
+    for (int k = range.first; k < range.end; ++k) {
+        const double position = coord.mm2pix(k * kGridSpacingMm);
+        lines << lineAt(position) << lineAt(-position);
+    }
+}
+
+} // namespace
+
+ZTGraphicsView::ZTGraphicsView(QWidget *parent) : QGraphicsView(parent)
+{
+    setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    setRenderHint(QPainter::Antialiasing, false);
+    setDragMode(QGraphicsView::RubberBandDrag);
+    setOptimizationFlags(QGraphicsView::DontSavePainterState);
+    setViewportUpdateMode(QGraphicsView::SmartViewportUpdate);
+    setTransformationAnchor(QGraphicsView::AnchorUnderMouse);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+}
+
+void ZTGraphicsView::zoomIn()
+{
+    if (scale < kUpperZoomLimit)
+        setScale(scale * kZoomStep);
+}
+
+void ZTGraphicsView::zoomOut()
+{
+    if (scale > kLowerZoomLimit)
+        setScale(scale / kZoomStep);
+}
+
+void ZTGraphicsView::resetSize(double newScale) { setScale(newScale); }
+
+void ZTGraphicsView::setScale(double newScale)
+{
+    scale = newScale;
+    QTransform transform;
+    transform.scale(scale, scale);
+    setTransform(transform);
+}
+
+double ZTGraphicsView::getDisplayScale() const { return scale; }
+
+QRect ZTGraphicsView::getWorkArea() const { return workArea; }
+
+void ZTGraphicsView::setWorkArea(QRect areaMm) { workArea = areaMm; }
+
+void ZTGraphicsView::wheelEvent(QWheelEvent *event)
+{
+    if (!event->modifiers().testFlag(Qt::ControlModifier)) {
+        QGraphicsView::wheelEvent(event);
+        return;
+    }
+    if (wheelDelta(*event) > 0)
+        zoomIn();
+    else
+        zoomOut();
+    event->accept();
+}
+
+void ZTGraphicsView::mouseMoveEvent(QMouseEvent *event) { QGraphicsView::mouseMoveEvent(event); }
+
+void ZTGraphicsView::scrollContentsBy(int dx, int dy)
+{
+    scrollOffset -= QPointF(dx, dy);
+    QGraphicsView::scrollContentsBy(dx, dy);
+}
+
+void ZTGraphicsView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    QList<QGraphicsItem *> hit = items(event->pos());
+    // The selection frame covers what is selected; it must not swallow the double click.
+    const auto frame = std::find_if(hit.begin(), hit.end(), [](QGraphicsItem *item) {
+        return dynamic_cast<ZTGraphicsResizeItem *>(item) != nullptr;
+    });
+    if (frame != hit.end())
+        hit.erase(frame);
+    if (!hit.isEmpty())
+        Q_EMIT sigOnItemDouble(dynamic_cast<ZTAbstractGraphicsItem *>(hit.first()));
+    QGraphicsView::mouseDoubleClickEvent(event);
+}
+
+void ZTGraphicsView::resizeEvent(QResizeEvent *event) { QGraphicsView::resizeEvent(event); }
+
+void ZTGraphicsView::drawBackground(QPainter *painter, const QRectF &rect)
+{
+    QGraphicsView::drawBackground(painter, rect);
+    const QRect scene = sceneRect().toRect();
+    const int left = scene.left();
+    const int top = scene.top();
+    const int right = scene.right();
+    const int bottom = scene.bottom();
+
+    QVector<QLineF> grid;
+    appendGrid(grid, rect.left(), rect.right(), right,
+               [=](double x) { return QLineF(x, top, x, bottom); });
+    appendGrid(grid, rect.top(), rect.bottom(), bottom,
+               [=](double y) { return QLineF(left, y, right, y); });
+    painter->setPen(hairline(QColor(218, 218, 218, 255)));
+    painter->drawLines(grid);
+
+    painter->setPen(hairline(Qt::black));
+    const int middleX = left + scene.width() / 2;
+    const int middleY = top + scene.height() / 2;
+    painter->drawLine(middleX, top + 1, middleX, bottom - 1);
+    painter->drawLine(left, middleY, right, middleY);
+    painter->drawRect(ZTCoord::getInstance()->getMm2pixTransform().mapRect(QRectF(workArea)));
+}

@@ -1,0 +1,198 @@
+#include <ZTDrawEngineLib/model/ZTItemModel.h>
+
+#include <ZTDrawEngineLib/items/ZTAbstractGraphicsItem.h>
+#include <ZTDrawEngineLib/shapes/ZTShapeBase.h>
+
+#include <QtCore/QHash>
+#include <QtCore/QSignalBlocker>
+#include <QtWidgets/QGraphicsScene>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kIdColumn = 0;
+
+/** Cell of column 1: hands out its item as long as that lives. */
+class TextCell : public QStandardItem
+{
+public:
+    explicit TextCell(ZTAbstractGraphicsItem *graphicsItem) : item(graphicsItem)
+    {
+        setData(graphicsItem->text(), Qt::EditRole);
+    }
+
+    QVariant data(int role) const override
+    {
+        if (role == ZTItemModel::kItemRole)
+            return QVariant::fromValue<ZTAbstractGraphicsItem *>(item.data());
+        return QStandardItem::data(role);
+    }
+
+private:
+    QPointer<ZTAbstractGraphicsItem> item;
+};
+
+QStandardItem *newIdCell(int id)
+{
+    auto *cell = new QStandardItem;
+    cell->setData(id, Qt::DisplayRole);
+    return cell;
+}
+
+int idOf(const ZTAbstractGraphicsItem &item) { return item.getShapeBase()->getId(); }
+
+QVector<int> idsOf(const QItemSelection &selection)
+{
+    QVector<int> ids;
+    for (const QModelIndex &index : selection.indexes()) {
+        if (index.column() == kIdColumn)
+            ids << index.data(Qt::DisplayRole).toInt();
+    }
+    return ids;
+}
+
+/** Calls `work(first, count)` for each run of consecutive numbers, the last run first. */
+template <class Work>
+void forEachRunFromTheEnd(const QVector<int> &ascending, const Work &work)
+{
+    int end = ascending.size();
+    while (end > 0) {
+        int begin = end - 1;
+        while (begin > 0 && ascending[begin - 1] == ascending[begin] - 1)
+            --begin;
+        work(ascending[begin], end - begin);
+        end = begin;
+    }
+}
+
+} // namespace
+
+ZTItemModel::ZTItemModel(QObject *parent) : QStandardItemModel(parent)
+{
+    setColumnCount(2);
+    connect(this, &QAbstractItemModel::dataChanged, this,
+            [this](const QModelIndex &topLeft) { renameItemOf(topLeft); });
+    m_selectionModel = new QItemSelectionModel(this);
+    connect(m_selectionModel, &QItemSelectionModel::selectionChanged, this,
+            &ZTItemModel::objectTreeSelectChanged);
+}
+
+ZTItemModel::~ZTItemModel() { delete m_selectionModel; }
+
+void ZTItemModel::renameItemOf(const QModelIndex &topLeft)
+{
+    const QStandardItem *cell = itemFromIndex(topLeft);
+    if (cell == nullptr)
+        return;
+    auto *item = cell->data(kItemRole).value<ZTAbstractGraphicsItem *>();
+    if (item == nullptr)
+        return;
+    const QString text = cell->data(Qt::EditRole).toString();
+    if (item->text() != text)
+        item->setText(text);
+}
+
+void ZTItemModel::insert(ShapeType type, ZTAbstractGraphicsItem *item)
+{
+    auto *kindCell = new QStandardItem;
+    kindCell->setText(QString::fromLatin1(ShapeType2String(type)));
+    insertRow(rowCount(), {newIdCell(idOf(*item)), new TextCell(item), kindCell});
+}
+
+void ZTItemModel::remove(int id) { remove(QVector<int>{id}); }
+
+void ZTItemModel::remove(const QVector<int> &ids)
+{
+    QHash<int, int> wanted;
+    for (const int id : ids)
+        ++wanted[id];
+    QVector<int> rows;
+    for (int row = 0; row < rowCount() && rows.size() < ids.size(); ++row) {
+        const auto found = wanted.find(index(row, kIdColumn).data(Qt::DisplayRole).toInt());
+        if (found == wanted.end() || *found == 0)
+            continue;
+        --*found;
+        rows << row;
+    }
+    forEachRunFromTheEnd(rows, [this](int first, int count) { removeRows(first, count); });
+}
+
+void ZTItemModel::setScene(QGraphicsScene *scene) { m_scene = scene; }
+
+QGraphicsScene *ZTItemModel::getScene() const { return m_scene; }
+
+QItemSelectionModel *ZTItemModel::itemSelectionModel() const { return m_selectionModel; }
+
+void ZTItemModel::objectTreeSelectChanged(const QItemSelection &selected,
+                                          const QItemSelection &deselected)
+{
+    if (m_selectSource == Scene)
+        return;
+    selectInScene(idsOf(selected), idsOf(deselected));
+    m_selectSource = Nobody;
+}
+
+// The items are looked up once for all ids, and the scene tells its new selection once.
+void ZTItemModel::selectInScene(const QVector<int> &selectedIds, const QVector<int> &deselectedIds)
+{
+    if (m_scene == nullptr || (selectedIds.isEmpty() && deselectedIds.isEmpty()))
+        return;
+    m_selectSource = Tree;
+    QHash<int, bool> wanted;
+    for (const int id : selectedIds)
+        wanted[id] = true;
+    for (const int id : deselectedIds)
+        wanted[id] = false;
+
+    bool changed = false;
+    {
+        const QSignalBlocker oneSignalForAll(m_scene);
+        for (QGraphicsItem *candidate : m_scene->items(Qt::DescendingOrder)) {
+            const auto *item = dynamic_cast<ZTAbstractGraphicsItem *>(candidate);
+            if (item == nullptr)
+                continue;
+            const auto found = wanted.constFind(idOf(*item));
+            if (found == wanted.constEnd() || candidate->isSelected() == *found)
+                continue;
+            candidate->setSelected(*found);
+            changed = true;
+        }
+    }
+    if (changed)
+        Q_EMIT m_scene->selectionChanged();
+}
+
+QItemSelection ZTItemModel::rowsOf(const std::function<bool(int row)> &isWanted)
+{
+    QItemSelection selection;
+    const int rows = rowCount();
+    for (int row = 0; row < rows; ++row) {
+        const int first = row;
+        while (row < rows && isWanted(row))
+            ++row;
+        if (row > first)
+            selection.select(index(first, 0), index(row - 1, columnCount() - 1));
+    }
+    return selection;
+}
+
+// The rows are deselected in one step and selected in another, whatever their number.
+void ZTItemModel::sceneSelectChange()
+{
+    if (m_selectSource == Tree || m_scene == nullptr)
+        return;
+    QSet<int> selectedIds;
+    for (QGraphicsItem *candidate : m_scene->selectedItems()) {
+        if (const auto *item = dynamic_cast<ZTAbstractGraphicsItem *>(candidate))
+            selectedIds << idOf(*item);
+    }
+    m_selectSource = Scene;
+    m_selectionModel->select(m_selectionModel->selection(),
+                             QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
+    const QItemSelection rows = rowsOf([&](int row) {
+        return selectedIds.contains(index(row, kIdColumn).data(Qt::DisplayRole).toInt());
+    });
+    m_selectionModel->select(rows, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    m_selectSource = Nobody;
+}

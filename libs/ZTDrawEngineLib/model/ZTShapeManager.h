@@ -1,0 +1,123 @@
+#pragma once
+
+#include <ZTDrawEngineLib/common/ZTEnumerations.h>
+#include <ZTDrawEngineLib/items/ZTAbstractGraphicsItem.h>
+#include <ZTDrawEngineLib/model/ZTMarkData.h>
+
+#include <QtCore/QList>
+#include <QtCore/QObject>
+#include <QtCore/QVector>
+
+#include <tuple>
+
+QT_BEGIN_NAMESPACE
+class QAbstractItemModel;
+class QGraphicsItem;
+QT_END_NAMESPACE
+
+class ZTGraphicsScene;
+class ZTItemModel;
+class ZTShapeBase;
+
+/**
+ * The one door through which shapes enter and leave a drawing.
+ *
+ * Owns the scene and the object model of one document, makes items through the registered
+ * factories, gives every shape its id, repeats and deletes items, and hands out the mark data.
+ *
+ * Frame: positions and gaps in scene pixels, mark data in mark units.
+ * Owner: the document. Items belong to the scene; only the manager deletes them.
+ * Order: GUI thread only.
+ */
+class ZTDRAWENGINELIB_EXPORT ZTShapeManager : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** Makes scene and model, and takes `ZTCoord::screen2mark()` as scale of both axes, once. */
+    explicit ZTShapeManager(QObject *parent = nullptr);
+    ~ZTShapeManager() override;
+
+    /**
+     * Makes an item of a kind, gives it the next id and adds it to scene and model.
+     *
+     * A rectangle with its top left at the origin puts the item at minus the rectangle's centre,
+     * converted from millimetres to pixels, so that a shape of that size stands on the scene's
+     * origin. Kept: any other rectangle puts the item at minus its top left, not converted. The
+     * rectangle does not size the shape.
+     *
+     * Owner: the scene.
+     * Failure: null, and no change, for a kind without a registered factory.
+     */
+    ZTAbstractGraphicsItem *addShape(ShapeType type, const QRectF &rectMm);
+
+    /**
+     * Repeats the first selected item in rows and columns, itself being the cell (0, 0).
+     *
+     * @param rows number of rows, the source's own included
+     * @param columns number of columns, the source's own included
+     * @param dx gap between bounding boxes in x, in scene pixels
+     * @param dy gap between bounding boxes in y, in scene pixels
+     * @return the new items, row by row. They are not selected, and no undo command is pushed.
+     *
+     * Failure: an empty list without a selection, for a foreign item, and for a kind without a
+     * registered factory.
+     */
+    QList<ZTAbstractGraphicsItem *> addMatrix(int rows, int columns, double dx, double dy);
+
+    /** Takes the selected items out of model and scene and deletes them. */
+    void removeSelect();
+
+    /** Deletes all shapes, starts ids at 0 again, and clears the process-wide variant texts. */
+    void clear();
+
+    /** The shapes, topmost item first. Owner: their items. */
+    QVector<ZTShapeBase *> getShapeList();
+
+    /** The selected shapes, in the order of `QGraphicsScene::selectedItems`. Owner: their items. */
+    QVector<ZTShapeBase *> getSelectedShapeList();
+
+    /** Mark units per scene pixel in x and y; negative values mirror. */
+    void setScale(float x, float y);
+
+    /** The scale, x first. */
+    std::tuple<float, float> getScale() const;
+
+    /** The model for an object tree, a `ZTItemModel`. Owner: the manager. */
+    QAbstractItemModel *itemModel() const;
+
+    /** The scene. Owner: the manager. */
+    ZTGraphicsScene *scene() const;
+
+    /** Always true; looks at neither argument. */
+    bool deduplicatio(ZTMarkGraph &graph, const QLineF &line);
+
+    /**
+     * Fills `object` with the mark data of one item, from freshly rebuilt geometry.
+     *
+     * Outline (if the border is enabled) and hatch (if there is one) are moved by the item's
+     * position and scaled. Kept: the extent is the item's bounding rectangle moved with its top
+     * left to the item's position, scaled by the absolute scale, so that under a negative scale
+     * it keeps its sign while the lines are mirrored.
+     */
+    void genMarkObject(ZTAbstractGraphicsItem *item, ZTShapeBase *shape, ZTMarkObject &object);
+
+    /** Mark data of the whole drawing, ordered by `ZTPointSort`. Rebuilds every shape. */
+    ZTMarkGraph getShapeLines();
+
+    /** Mark data of the selection, ordered by `ZTPointSort`. Rebuilds its shapes. */
+    ZTMarkGraph getSelectedShapeLines();
+
+Q_SIGNALS:
+    /** A shape came in through the document, null if that failed. Not for matrix copies. */
+    void sigAddedShape(ZTAbstractGraphicsItem *item);
+
+private:
+    ZTMarkGraph markGraphOf(const QList<QGraphicsItem *> &items);
+
+    ZTGraphicsScene *m_scene = nullptr; ///< child
+    ZTItemModel *m_itemModel = nullptr; ///< child
+    qint32 nextShapeId = 0;
+    float scaleX = 1.0F; ///< mark units per scene pixel
+    float scaleY = 1.0F; ///< mark units per scene pixel
+};

@@ -1,0 +1,94 @@
+#include <ZTDrawEngineLib/model/ZTShapeManager.h>
+
+#include <ZTDrawEngineLib/items/ZTAbstractGraphicsItem.h>
+#include <ZTDrawEngineLib/items/ZTGraphicsScene.h>
+#include <ZTDrawEngineLib/model/ZTPointSort.h>
+#include <ZTDrawEngineLib/shapes/ZTShapeBase.h>
+
+#include <cmath>
+
+namespace {
+
+/** Takes points of an item into mark units: first the item's position, then the scale. */
+struct ToMark
+{
+    QPointF posPx;
+    double sx;
+    double sy;
+
+    QPointF operator()(const QPointF &point) const
+    {
+        return {(point.x() + posPx.x()) * sx, (point.y() + posPx.y()) * sy};
+    }
+};
+
+// Kept: the bounding rectangle's corner, not the item's origin, comes to the item's position, and
+// the scale loses its sign.
+QRectF extentOf(const ZTAbstractGraphicsItem &item, const ToMark &toMark)
+{
+    QRectF box = item.boundingRect();
+    box.moveTo(toMark.posPx);
+    const double sx = std::abs(toMark.sx);
+    const double sy = std::abs(toMark.sy);
+    return {box.left() * sx, box.top() * sy, box.width() * sx, box.height() * sy};
+}
+
+QList<QPolygonF> outlineOf(const ZTShapeBase &shape, const ToMark &toMark)
+{
+    const QTransform move = QTransform::fromTranslate(toMark.posPx.x(), toMark.posPx.y());
+    return shape.getLines().toSubpathPolygons(move * QTransform::fromScale(toMark.sx, toMark.sy));
+}
+
+QVector<QLineF> hatchOf(const ZTShapeBase &shape, const ToMark &toMark)
+{
+    QVector<QLineF> hatch = shape.getFillLines();
+    for (QLineF &line : hatch)
+        line.setPoints(toMark(line.p1()), toMark(line.p2()));
+    return hatch;
+}
+
+} // namespace
+
+void ZTShapeManager::genMarkObject(ZTAbstractGraphicsItem *item, ZTShapeBase *shape,
+                                   ZTMarkObject &object)
+{
+    shape->setUpdate(1);
+    shape->paint();
+
+    const ToMark toMark{item->pos(), scaleX, scaleY};
+    const ZTFillParam fillParam = shape->getFillParam();
+    ZTMarkObject made;
+    made.rect = extentOf(*item, toMark);
+    if (fillParam.isEnableBorder)
+        made.lines = outlineOf(*shape, toMark);
+    if (fillParam.fillType != FillType::None)
+        made.fillLines = hatchOf(*shape, toMark);
+    made.penId = shape->getPenId();
+    object = std::move(made);
+}
+
+ZTMarkGraph ZTShapeManager::getShapeLines()
+{
+    return markGraphOf(m_scene->items(Qt::DescendingOrder));
+}
+
+ZTMarkGraph ZTShapeManager::getSelectedShapeLines()
+{
+    return markGraphOf(m_scene->selectedItems());
+}
+
+ZTMarkGraph ZTShapeManager::markGraphOf(const QList<QGraphicsItem *> &items)
+{
+    ZTMarkGraph graph;
+    graph.objects.reserve(items.size());
+    for (QGraphicsItem *candidate : items) {
+        auto *item = dynamic_cast<ZTAbstractGraphicsItem *>(candidate);
+        if (item == nullptr || item->getShapeBase() == nullptr)
+            continue;
+        ZTMarkObject object;
+        genMarkObject(item, item->getShapeBase(), object);
+        graph.rect |= object.rect;
+        graph.objects.append(std::move(object));
+    }
+    return ZTPointSort::getInstance()->markGraphSort(graph);
+}
