@@ -59,13 +59,14 @@ auto fields(const ZTTextFileSegment &s)
 quint64 ZTCounterSegment::lastIndex() const
 {
     using Limits = std::numeric_limits<qint64>;
-    if (step == 0)
+    const quint64 stride = magnitude(step);
+    if (stride == 0)
         return 0;
     const qint64 bound = last.value_or(step > 0 ? Limits::max() : Limits::min());
     if (step > 0 ? bound < start : bound > start)
         return 0;
     const quint64 way = static_cast<quint64>(bound) - static_cast<quint64>(start);
-    return (step > 0 ? way : 0 - way) / magnitude(step);
+    return (step > 0 ? way : 0 - way) / stride;
 }
 
 quint64 ZTCounterSegment::nextIndex() const

@@ -18,6 +18,8 @@ ZTTextShapeBase::ZTTextShapeBase(const ZTTextShapeBase &other)
 // Kept: assignment shares the variant text as it shares the record. The count deletes it once.
 ZTTextShapeBase &ZTTextShapeBase::operator=(const ZTTextShapeBase &other)
 {
+    if (this == &other)
+        return *this;
     ZTShapeBase::operator=(other);
     m_text = other.m_text;
     m_variantTextId = other.m_variantTextId;
