@@ -1,0 +1,19 @@
+#pragma once
+
+#include <CLI/App.hpp>
+
+#include <string>
+
+/** `ztmark info`: what is in a file, and what of it is lost. */
+class InfoCommand
+{
+public:
+    explicit InfoCommand(CLI::App &app);
+
+    bool isChosen() const; ///< valid after the command line was parsed
+    int run();
+
+private:
+    CLI::App *command; ///< owned by the application it was added to
+    std::string file;
+};

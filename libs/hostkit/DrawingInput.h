@@ -1,0 +1,62 @@
+#pragma once
+
+#include <ZTDrawEngineLib/ZTDrawEngineLib.h>
+
+#include <QtCore/QTemporaryFile>
+
+#include <memory>
+
+namespace hostkit {
+
+/**
+ * A plotter drawing on its way in: reads it, tells what is wrong with it, and offers it as a file
+ * that shapes can load. The library's own reader takes what it can and is silent about the rest.
+ */
+class DrawingInput
+{
+public:
+    /** Limit: no drawing larger than this is read; it would hold some 17 million points. */
+    static constexpr qint64 kMaxBytes = 256 * 1024 * 1024;
+
+    DrawingInput();
+    ~DrawingInput();
+    DrawingInput(const DrawingInput &) = delete;
+    DrawingInput &operator=(const DrawingInput &) = delete;
+
+    /**
+     * Reads the file, pipe or device `name`; "-" is standard input.
+     *
+     * Failure: false, and `error` (if given) says why in one sentence without the name: it cannot
+     * be read, is empty, too large or binary, or holds nothing that can be drawn.
+     */
+    bool open(const QString &name, QString *error);
+
+    /**
+     * A file with the drawing, good as long as this object: the file itself, or a temporary copy
+     * of what can be read only once. Absolute, so that no name is taken for anything but a file.
+     */
+    const QString &filePath() const { return path; }
+
+    /**
+     * What the drawing holds and which lines lose something. Filled in also where `open` fails
+     * because nothing can be drawn; without lines where it failed before.
+     */
+    const PltReport &report() const { return contents; }
+
+    /** Size of the drawing as the library imports it, in millimetres: always 20 high. */
+    const QSizeF &sizeMm() const { return size; }
+
+    /** "line 17: no point in "PU10,20;"" */
+    static QString describe(const PltProblem &problem);
+
+private:
+    bool readAll(const QString &name, QByteArray *bytes, QString *error);
+    bool keepCopy(const QByteArray &bytes, QString *error);
+
+    QString path;
+    PltReport contents;
+    QSizeF size;
+    std::unique_ptr<QTemporaryFile> copy;
+};
+
+} // namespace hostkit

@@ -1,0 +1,20 @@
+#pragma once
+
+namespace hostkit {
+
+/** How mark data measures: what a writer or a measurement needs to speak of millimetres. */
+struct MarkUnits
+{
+    double perMm = 1.0; ///< mark units in one millimetre; greater than 0
+
+    /**
+     * The units of mark data made with the coordinate service's present figures and a shape
+     * manager's scale left as it starts: 500 to a millimetre at the defaults.
+     */
+    static MarkUnits current();
+
+    /** Millimetres of a length or coordinate in mark units. */
+    double toMm(double lengthMark) const { return lengthMark / perMm; }
+};
+
+} // namespace hostkit

@@ -1,0 +1,501 @@
+#include "ZtmarkProcess.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <QtCore/QTemporaryDir>
+#include <QtGui/QImage>
+
+#include <cstdlib>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+/** A summary as the program prints it. */
+QString summary(int objects, int polylines, int segments, const char *markLength,
+                const char *jumpLength)
+{
+    return QStringLiteral("Objects:        %1\n"
+                          "Polylines:      %2\n"
+                          "Hatch segments: %3\n"
+                          "Mark length:    %4\n"
+                          "Jump length:    %5\n")
+        .arg(objects)
+        .arg(polylines)
+        .arg(segments)
+        .arg(QString::fromLatin1(markLength), QString::fromLatin1(jumpLength));
+}
+
+const char *const kNoJumps = "0.000 mm before ordering, 0.000 mm after";
+
+/** Empty when the values are equal, numbers within a thousandth of a mark unit. */
+QString difference(const QJsonValue &actual, const QJsonValue &expected, const QString &where)
+{
+    if (actual.type() != expected.type())
+        return where + QStringLiteral(": another type");
+    if (expected.isDouble() && qAbs(actual.toDouble() - expected.toDouble()) > 1e-3)
+        return QStringLiteral("%1: %2 instead of %3")
+            .arg(where)
+            .arg(actual.toDouble(), 0, 'g', 17)
+            .arg(expected.toDouble(), 0, 'g', 17);
+    if (expected.isString() && actual != expected)
+        return QStringLiteral("%1: %2").arg(where, actual.toString());
+    if (expected.isArray()) {
+        const QJsonArray a = actual.toArray();
+        const QJsonArray e = expected.toArray();
+        if (a.size() != e.size())
+            return QStringLiteral("%1: %2 entries instead of %3")
+                .arg(where)
+                .arg(a.size())
+                .arg(e.size());
+        for (int i = 0; i < e.size(); ++i) {
+            const QString found =
+                difference(a[i], e[i], QStringLiteral("%1[%2]").arg(where).arg(i));
+            if (!found.isEmpty())
+                return found;
+        }
+    }
+    if (expected.isObject()) {
+        const QJsonObject a = actual.toObject();
+        const QJsonObject e = expected.toObject();
+        if (a.keys() != e.keys())
+            return QStringLiteral("%1: other keys").arg(where);
+        for (const QString &key : e.keys()) {
+            const QString found =
+                difference(a[key], e[key], QStringLiteral("%1.%2").arg(where, key));
+            if (!found.isEmpty())
+                return found;
+        }
+    }
+    return {};
+}
+
+QJsonValue parsed(const QByteArray &json)
+{
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(json, &error);
+    return error.error == QJsonParseError::NoError ? QJsonValue(document.object())
+                                                   : QJsonValue(error.errorString());
+}
+
+} // namespace
+
+class tst_MarkCommand : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        folder.reset(new QTemporaryDir);
+        QVERIFY(folder->isValid());
+        for (const char *name : {"corner.plt", "frame.plt", "half.plt", "commas.plt", "flat.plt",
+                                 "text.plt", "empty.plt", "binary.plt"})
+            copyCliData(QString::fromLatin1(name), folder->path());
+    }
+
+    void drawing_isSummedUp()
+    {
+        expect(mark("corner.plt"), summary(1, 1, 0, "60.000 mm", kNoJumps));
+    }
+
+    void outputs_equalTheOnesWorkedOutByHand()
+    {
+        expect(mark("corner.plt -o a.svg -o a.json -o a.csv -o a.png"),
+               summary(1, 1, 0, "60.000 mm", kNoJumps));
+        QCOMPARE(written("a.svg"), bytesOf(cliData(QStringLiteral("corner.svg"))));
+        QCOMPARE(written("a.csv"), bytesOf(cliData(QStringLiteral("corner.csv"))));
+        QCOMPARE(written("a.json"), bytesOf(cliData(QStringLiteral("corner.json"))));
+        const QImage image(folder->filePath(QStringLiteral("a.png")));
+        QCOMPARE(image.size(), QSize(1728, 928)); // 43.2 x 23.2 mm, 40 pixels each
+    }
+
+    void hatch_equalsTheOneWorkedOutByHand_data()
+    {
+        QTest::addColumn<QString>("style");
+        QTest::addColumn<QString>("expected");
+        // The first hatch line lies 4.571 mm from the top, the outline ends lower left.
+        QTest::newRow("line") << QStringLiteral("line")
+                              << summary(1, 1, 4, "280.000 mm",
+                                         "57.872 mm before ordering, 57.872 mm after");
+        QTest::newRow("zigzag") << QStringLiteral("zigzag")
+                                << summary(1, 1, 7, "295.000 mm",
+                                           "15.429 mm before ordering, 15.429 mm after");
+    }
+
+    void hatch_equalsTheOneWorkedOutByHand()
+    {
+        QFETCH(QString, style);
+        QFETCH(QString, expected);
+        expect(mark("frame.plt --spacing 5 -o a.json --hatch " + style.toLatin1()), expected);
+        const QByteArray byHand = bytesOf(cliData(QStringLiteral("frame-%1.json").arg(style)));
+        QCOMPARE(difference(parsed(written("a.json")), parsed(byHand), style), QString());
+    }
+
+    void lengths_takeUnits_data()
+    {
+        QTest::addColumn<QString>("gap");
+        QTest::addColumn<double>("secondX");
+        QTest::newRow("default") << QString() << 21000.0;
+        QTest::newRow("millimetres") << QStringLiteral("3mm") << 21500.0;
+        QTest::newRow("no unit") << QStringLiteral("3") << 21500.0;
+        QTest::newRow("centimetres") << QStringLiteral("0.4cm,1mm") << 22000.0;
+        QTest::newRow("inches") << QStringLiteral("1in") << 32700.0;
+        QTest::newRow("exponent") << QStringLiteral("1e1") << 25000.0;
+        QTest::newRow("none") << QStringLiteral("0") << 20000.0;
+    }
+
+    void lengths_takeUnits()
+    {
+        QFETCH(QString, gap);
+        QFETCH(double, secondX);
+        QByteArray arguments("corner.plt --quiet -o a.csv --matrix 2x1");
+        if (!gap.isEmpty())
+            arguments += " --gap " + gap.toLatin1();
+        expect(mark(arguments), QString());
+        const QByteArray row = written("a.csv").split('\n').value(4);
+        QVERIFY2(row.startsWith("2,1,outline,1,"), row);
+        QVERIFY(qAbs(row.split(',').value(4).toDouble() - secondX) < 1e-6);
+    }
+
+    void matrix_isOrderedAndMeasuredBeforeAndAfter()
+    {
+        // Three corners of 20 x 10 mm in pitches of 22 mm; swept from the right, each jump goes
+        // from an upper right corner 42 mm to the left and 10 mm down: 43.174 mm.
+        expect(mark("corner.plt --scale 0.5 --matrix 3x1 --order x-max"),
+               summary(3, 3, 0, "90.000 mm", "20.396 mm before ordering, 86.348 mm after"));
+    }
+
+    void rotate_turnsTheDrawing()
+    {
+        expect(mark("corner.plt --rotate 90 -o a.csv -q"), QString());
+        const QList<QByteArray> rows = written("a.csv").split('\n');
+        const double expected[3][2] = {{0, 0}, {0, 20000}, {10000, 20000}};
+        for (int i = 0; i < 3; ++i) {
+            const QList<QByteArray> fields = rows.value(i + 1).split(',');
+            QVERIFY(qAbs(fields.value(4).toDouble() - expected[i][0]) < 1e-6);
+            QVERIFY(qAbs(fields.value(5).toDouble() - expected[i][1]) < 1e-6);
+        }
+    }
+
+    void severalDrawings_giveSeveralObjects()
+    {
+        // From the corner's upper right to the frame's lower left, 2 mm on and 20 mm down.
+        expect(mark("corner.plt frame.plt"),
+               summary(2, 2, 0, "180.000 mm", "20.100 mm before ordering, 20.100 mm after"));
+    }
+
+    void noOutline_marksTheHatchAlone()
+    {
+        expect(mark("frame.plt --hatch line --spacing 5 --no-outline"),
+               summary(1, 0, 4, "160.000 mm", "15.000 mm before ordering, 15.000 mm after"));
+    }
+
+    void laterOption_wins()
+    {
+        expect(mark("corner.plt --scale 9 --scale 2"), summary(1, 1, 0, "120.000 mm", kNoJumps));
+    }
+
+    void standardInput_isRead()
+    {
+        const ZtmarkRun run =
+            runZtmark({QStringLiteral("mark"), QStringLiteral("-")}, folder->path(),
+                      bytesOf(cliData(QStringLiteral("corner.plt"))));
+        expect(run, summary(1, 1, 0, "60.000 mm", kNoJumps));
+    }
+
+    void standardInput_empty_fails() { expectFailure(mark("-"), "-: is empty"); }
+
+    void quiet_saysNothing() { expect(mark("corner.plt --quiet"), QString()); }
+
+    void illFormedLines_areWarnedOf()
+    {
+        const QString warning =
+            QStringLiteral("ztmark: half.plt: warning: 2 ill-formed lines, ztmark info lists them; "
+                           "the first is line 4: no point in \"PU10,20;\"\n");
+        const ZtmarkRun run = mark("half.plt");
+        QCOMPARE(run.err, warning);
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(mark("half.plt --quiet").err, warning); // what is lost is told in any case
+    }
+
+    void oneIllFormedLine_isNamed()
+    {
+        const ZtmarkRun run = runZtmark({QStringLiteral("mark"), QStringLiteral("-")},
+                                        folder->path(), "PU0 0;\nPD9 9;\nPD7,7;\n");
+        QCOMPARE(run.err, QStringLiteral("ztmark: -: warning: line 3: no point in \"PD7,7;\"\n"));
+        QCOMPARE(run.exitCode, 0);
+    }
+
+    void emptyHatch_isWarnedOf()
+    {
+        const ZtmarkRun run = mark("frame.plt --hatch line --spacing 90");
+        QCOMPARE(run.err, QStringLiteral("ztmark: warning: the hatch is empty: no line meets the "
+                                         "drawing\n"));
+        QCOMPARE(run.exitCode, 0);
+    }
+
+    void failures_areOneLineAndWriteNothing_data()
+    {
+        QTest::addColumn<QByteArray>("arguments");
+        QTest::addColumn<QString>("complaint");
+        const auto row = [](const char *arguments, const char *complaint) {
+            QTest::newRow(arguments) << QByteArray(arguments) << QString::fromUtf8(complaint);
+        };
+        row("none.plt", "none.plt: no such file");
+        row(".", ".: is a folder");
+        row("empty.plt", "empty.plt: is empty");
+        row("binary.plt", "binary.plt: holds binary data, not a plotter drawing");
+        row("flat.plt", "flat.plt: nothing to draw: all points lie at one height");
+        row("text.plt", "text.plt: no plotter drawing: not one PU or PD line with a point");
+        row("commas.plt", "commas.plt: no plotter drawing: not one PU or PD line with a point "
+                          "(line 1: no point in \"PU0,0;\")");
+        row("corner.plt none.plt", "none.plt: no such file");
+        row("/dev/zero", "/dev/zero: holds binary data, not a plotter drawing");
+        row("corner.plt -o none/b.svg", "none/b.svg: the folder does not exist");
+        row("corner.plt -o corner.plt/b.svg", "corner.plt/b.svg: the folder does not exist");
+        row("corner.plt --hatch line --spacing 0.000001",
+            "corner.plt: too much work: 60,857,431 hatch lines over the drawing, the limit is "
+            "10,000,000");
+        row("corner.plt corner.plt --matrix 1000x1000",
+            "too much work: 2,000,000 objects, the limit is 1,000,000");
+    }
+
+    void failures_areOneLineAndWriteNothing()
+    {
+        QFETCH(QByteArray, arguments);
+        QFETCH(QString, complaint);
+        const QStringList before = entries();
+        expectFailure(mark(arguments + " -o out.svg -o out.json"), complaint.toUtf8());
+        QCOMPARE(entries(), before);
+    }
+
+    void output_neverOverwritesItsDrawing()
+    {
+        const QByteArray drawing = bytesOf(cliData(QStringLiteral("corner.plt")));
+        QVERIFY(QFile::copy(cliData(QStringLiteral("corner.plt")),
+                            folder->filePath(QStringLiteral("a.csv"))));
+        QVERIFY(QFile::link(QStringLiteral("a.csv"), folder->filePath(QStringLiteral("b.csv"))));
+        expectFailure(mark("a.csv -o ./a.csv"),
+                      "./a.csv: would overwrite the drawing it is made of");
+        expectFailure(mark("a.csv -o b.csv"), "b.csv: would overwrite the drawing it is made of");
+        QCOMPARE(written("a.csv"), drawing);
+    }
+
+    void hugeFile_isNotRead()
+    {
+        QFile file(folder->filePath(QStringLiteral("huge.plt")));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.resize(300 * 1024 * 1024));
+        expectFailure(mark("huge.plt"), "huge.plt: larger than 256 MiB, the limit for a drawing");
+    }
+
+    void nameWithALineBreak_isShownOnOneLine()
+    {
+        const ZtmarkRun run =
+            runZtmark({QStringLiteral("mark"), QStringLiteral("a\n\x1b[31mb.plt")}, folder->path());
+        QCOMPARE(run.err, QStringLiteral("ztmark: a??[31mb.plt: no such file\n"));
+        QCOMPARE(run.exitCode, 1);
+    }
+
+    void nameOutsideAscii_isReadInEveryLocale()
+    {
+        const QString name = QString::fromUtf8("\xc3\xa4.plt");
+        QVERIFY(QFile::copy(cliData(QStringLiteral("corner.plt")), folder->filePath(name)));
+        // Through a shell, so that this test's own locale has no say in the name's bytes.
+        const ZtmarkRun run = shell("LC_ALL=C '" ZT_ZTMARK "' mark \"$(printf '\\303\\244').plt\" "
+                                    "-o \"$(printf '\\303\\244').csv\"");
+        expect(run, summary(1, 1, 0, "60.000 mm", kNoJumps));
+    }
+
+    void noDisplay_andForeignLocale_changeNothing()
+    {
+        const ZtmarkRun run =
+            shell("unset DISPLAY WAYLAND_DISPLAY; LC_ALL=de_DE.UTF-8 "
+                  "QT_QPA_PLATFORM=xcb '" ZT_ZTMARK "' mark corner.plt --scale 0.5 -o a.svg");
+        expect(run, summary(1, 1, 0, "30.000 mm", kNoJumps));
+        QVERIFY(written("a.svg").contains("M0 10L20 10L20 0"));
+    }
+
+    void failedWrite_leavesTheOlderFile_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char *name : {"a.svg", "a.json", "a.csv", "a.png"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+
+    void failedWrite_leavesTheOlderFile()
+    {
+        QFETCH(QString, name);
+        QFile older(folder->filePath(name));
+        QVERIFY(older.open(QIODevice::WriteOnly) && older.write("older") == 5);
+        older.close();
+        const QStringList before = entries();
+        // No file may grow beyond one block; the signal for it is ignored, the write fails.
+        const ZtmarkRun run = shell("trap '' XFSZ; ulimit -f 1; '" ZT_ZTMARK
+                                    "' mark frame.plt --matrix 30x30 --quiet -o " +
+                                    name.toLatin1());
+        QCOMPARE(run.err,
+                 QStringLiteral("ztmark: %1: cannot be written: File too large\n").arg(name));
+        QCOMPARE(run.exitCode, 1);
+        QCOMPARE(bytesOf(older.fileName()), QByteArray("older"));
+        QCOMPARE(entries(), before);
+    }
+
+    void failedWrite_ofOneFile_doesNotKeepTheOthers()
+    {
+        QVERIFY(
+            QFile::link(QStringLiteral("/dev/full/x"), folder->filePath(QStringLiteral("a.svg"))));
+        const ZtmarkRun run = mark("corner.plt -q -o a.svg -o b.csv");
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(run.err.startsWith(QStringLiteral("ztmark: a.svg: ")), qPrintable(run.err));
+        QCOMPARE(run.err.count(QLatin1Char('\n')), 1);
+        QCOMPARE(written("b.csv"), bytesOf(cliData(QStringLiteral("corner.csv"))));
+    }
+
+    void progress_isShownOnATerminalAfterASecond()
+    {
+        const QByteArray shown =
+            terminalOutput({QStringLiteral("mark"), QStringLiteral("-")}, 30000, "reading -, 2 s");
+        QVERIFY2(shown.startsWith("\r\x1b[Kztmark: reading -, 1 s\r\x1b[K"), shown);
+        QVERIFY2(shown.endsWith("\r\x1b[K"), shown); // taken away in the end
+        QVERIFY2(!shown.contains('\n'), shown);
+    }
+
+    void progress_quiet_isNotShown()
+    {
+        QCOMPARE(terminalOutput({QStringLiteral("mark"), QStringLiteral("-"), QStringLiteral("-q")},
+                                1300),
+                 QByteArray());
+    }
+
+    void progress_ofQuickWork_isNotShown()
+    {
+        QCOMPARE(terminalOutput({QStringLiteral("mark"), QStringLiteral("-")}, 0), QByteArray());
+    }
+
+    void sample_isMarkedInEveryWay_data()
+    {
+        QTest::addColumn<QString>("hatch");
+        QTest::addColumn<QString>("order");
+        for (const char *hatch : {"none", "line", "zigzag"}) {
+            for (const char *order : {"none", "nearest", "x-min", "x-max", "y-min", "y-max"})
+                QTest::addRow("%s %s", hatch, order)
+                    << QString::fromLatin1(hatch) << QString::fromLatin1(order);
+        }
+    }
+
+    void sample_isMarkedInEveryWay()
+    {
+        QFETCH(QString, hatch);
+        QFETCH(QString, order);
+        const ZtmarkRun run = mark(
+            QByteArray(ZT_TEST_DATA_DIR "/../../samples/logo.plt --matrix 2x2 -o a.json --hatch ") +
+            hatch.toLatin1() + " --order " + order.toLatin1());
+        QCOMPARE(run.err, QString());
+        QCOMPARE(run.exitCode, 0);
+        const QJsonArray objects =
+            parsed(written("a.json")).toObject().value(QLatin1String("objects")).toArray();
+        QCOMPARE(objects.size(), 4);
+        for (const QJsonValue &object : objects) {
+            QCOMPARE(object.toObject().value(QLatin1String("polylines")).toArray().size(), 26);
+            QCOMPARE(object.toObject().value(QLatin1String("hatch")).toArray().isEmpty(),
+                     hatch == QLatin1String("none"));
+        }
+    }
+
+private:
+    ZtmarkRun mark(const QByteArray &arguments) const
+    {
+        return runZtmark(QString::fromUtf8("mark " + arguments).split(QLatin1Char(' ')),
+                         folder->path());
+    }
+
+    ZtmarkRun shell(const QByteArray &command) const
+    {
+        QProcess process;
+        process.setWorkingDirectory(folder->path());
+        process.start(QStringLiteral("bash"), {QStringLiteral("-c"), QString::fromUtf8(command)});
+        ZtmarkRun run;
+        if (process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit)
+            run.exitCode = process.exitCode();
+        run.out = QString::fromUtf8(process.readAllStandardOutput());
+        run.err = QString::fromUtf8(process.readAllStandardError());
+        return run;
+    }
+
+    /**
+     * What a run shows on a terminal as stderr. Its standard input comes when it has shown
+     * `awaited` or after `patienceMs`.
+     */
+    QByteArray terminalOutput(const QStringList &arguments, int patienceMs,
+                              const QByteArray &awaited = "\n") const
+    {
+        const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
+        if (terminal < 0 || grantpt(terminal) != 0 || unlockpt(terminal) != 0)
+            return "no terminal";
+        const QString name = QString::fromLocal8Bit(ptsname(terminal));
+        const int kept = open(name.toLocal8Bit().constData(), O_RDWR | O_NOCTTY);
+        fcntl(terminal, F_SETFL, O_NONBLOCK);
+
+        QProcess process;
+        process.setWorkingDirectory(folder->path());
+        process.setStandardErrorFile(name);
+        process.start(QStringLiteral(ZT_ZTMARK), arguments);
+        QByteArray shown;
+        QElapsedTimer waited;
+        waited.start();
+        while (waited.elapsed() < patienceMs && !shown.contains(awaited)) {
+            process.waitForFinished(20);
+            shown += readTerminal(terminal);
+        }
+        process.write(bytesOf(cliData(QStringLiteral("corner.plt"))));
+        process.closeWriteChannel();
+        const bool done = process.waitForFinished() && process.exitCode() == 0;
+        shown += readTerminal(terminal);
+        ::close(kept);
+        ::close(terminal);
+        return done ? shown : "the run failed: " + shown;
+    }
+
+    static QByteArray readTerminal(int terminal)
+    {
+        QByteArray bytes;
+        char buffer[4096];
+        for (ssize_t size; (size = read(terminal, buffer, sizeof buffer)) > 0;)
+            bytes.append(buffer, static_cast<int>(size));
+        return bytes;
+    }
+
+    static void expect(const ZtmarkRun &run, const QString &out)
+    {
+        QCOMPARE(run.err, QString());
+        QCOMPARE(run.out, out);
+        QCOMPARE(run.exitCode, 0);
+    }
+
+    static void expectFailure(const ZtmarkRun &run, const QByteArray &complaint)
+    {
+        QCOMPARE(run.err, QStringLiteral("ztmark: %1\n").arg(QString::fromUtf8(complaint)));
+        QCOMPARE(run.out, QString());
+        QCOMPARE(run.exitCode, 1);
+    }
+
+    QByteArray written(const char *name) const
+    {
+        return bytesOf(folder->filePath(QString::fromLatin1(name)));
+    }
+
+    QStringList entries() const
+    {
+        return QDir(folder->path())
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+
+    QScopedPointer<QTemporaryDir> folder;
+};
+
+QTEST_GUILESS_MAIN(tst_MarkCommand)
+#include "tst_MarkCommand.moc"

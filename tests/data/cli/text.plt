@@ -1,0 +1,2 @@
+Dear reader,
+this is a letter.
