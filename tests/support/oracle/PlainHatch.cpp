@@ -130,10 +130,7 @@ void pairHits(QVector<HatchHit> &hits, const Emit &emitPair)
 }
 
 /** Numbers before what is not a number; otherwise by x alone. */
-bool isLeft(double a, double b)
-{
-    return a < b || (std::isnan(b) && !std::isnan(a));
-}
+bool isLeft(double a, double b) { return a < b || (std::isnan(b) && !std::isnan(a)); }
 
 void sortHits(QVector<HatchHit> &hits, bool ascending)
 {
