@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace {
 
@@ -146,7 +147,7 @@ class PlainLinker
 {
 public:
     PlainLinker(const QList<QPolygonF> &polygons_, const QVector<HatchEdge> &edges_,
-                QVector<HatchRow> &rows_)
+                std::vector<HatchRow> &rows_)
         : polygons(polygons_), edges(edges_), rows(rows_)
     {
     }
@@ -154,13 +155,13 @@ public:
     QVector<QLineF> run()
     {
         QVector<QLineF> out;
-        for (int i = 0; i < rows.size(); ++i) {
+        for (std::size_t i = 0; i < rows.size(); ++i) {
             if (rows[i].used)
                 continue;
             reverse = false;
-            int k = i;
+            std::size_t k = i;
             group = {rows[k].line};
-            for (int t = k + 1; t < rows.size(); ++t) {
+            for (std::size_t t = k + 1; t < rows.size(); ++t) {
                 const int outcome = link(rows[k], rows[t]);
                 if (outcome == 2)
                     break;
@@ -256,7 +257,7 @@ private:
 
     const QList<QPolygonF> &polygons;
     const QVector<HatchEdge> &edges;
-    QVector<HatchRow> &rows;
+    std::vector<HatchRow> &rows;
     QVector<QLineF> group;
     bool reverse = false;
 };
@@ -274,7 +275,7 @@ QVector<QLineF> testsupport::plainHatch(const QPainterPath &linesPx, FillType ty
         bounds = bounds.united(polygon.boundingRect());
 
     bool ascending = true;
-    QVector<HatchRow> rows;
+    std::vector<HatchRow> rows;
     QVector<QLineF> out;
     for (const QLineF &scan : scanLinesOf(bounds, spac, angle)) {
         QVector<HatchHit> hits;
@@ -298,7 +299,7 @@ QVector<QLineF> testsupport::plainHatch(const QPainterPath &linesPx, FillType ty
             if (type == FillType::Line)
                 out.append(line);
             else if (type == FillType::ULine)
-                rows.append({line, a, b, false});
+                rows.push_back({line, a, b, false});
         });
     }
     if (type == FillType::ULine)
