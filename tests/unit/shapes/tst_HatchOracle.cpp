@@ -110,7 +110,7 @@ private Q_SLOTS:
     /** So many edges and scan lines that they are taken in several parts. */
     void largeOutlines_hatchAsThePlainWay()
     {
-        for (int seed = 0; seed < 24; ++seed) {
+        for (int seed = 0; seed < 12; ++seed) {
             RandomOutlines random(static_cast<quint32>(seed));
             QList<QPolygonF> polygons;
             for (int i = random.between(1, 3); i > 0; --i)
