@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace {
 
@@ -130,10 +131,7 @@ void pairHits(QVector<HatchHit> &hits, const Emit &emitPair)
 }
 
 /** Numbers before what is not a number; otherwise by x alone. */
-bool isLeft(double a, double b)
-{
-    return a < b || (std::isnan(b) && !std::isnan(a));
-}
+bool isLeft(double a, double b) { return a < b || (std::isnan(b) && !std::isnan(a)); }
 
 void sortHits(QVector<HatchHit> &hits, bool ascending)
 {
@@ -149,7 +147,7 @@ class PlainLinker
 {
 public:
     PlainLinker(const QList<QPolygonF> &polygons_, const QVector<HatchEdge> &edges_,
-                QVector<HatchRow> &rows_)
+                std::vector<HatchRow> &rows_)
         : polygons(polygons_), edges(edges_), rows(rows_)
     {
     }
@@ -157,13 +155,13 @@ public:
     QVector<QLineF> run()
     {
         QVector<QLineF> out;
-        for (int i = 0; i < rows.size(); ++i) {
+        for (std::size_t i = 0; i < rows.size(); ++i) {
             if (rows[i].used)
                 continue;
             reverse = false;
-            int k = i;
+            std::size_t k = i;
             group = {rows[k].line};
-            for (int t = k + 1; t < rows.size(); ++t) {
+            for (std::size_t t = k + 1; t < rows.size(); ++t) {
                 const int outcome = link(rows[k], rows[t]);
                 if (outcome == 2)
                     break;
@@ -259,7 +257,7 @@ private:
 
     const QList<QPolygonF> &polygons;
     const QVector<HatchEdge> &edges;
-    QVector<HatchRow> &rows;
+    std::vector<HatchRow> &rows;
     QVector<QLineF> group;
     bool reverse = false;
 };
@@ -277,7 +275,7 @@ QVector<QLineF> testsupport::plainHatch(const QPainterPath &linesPx, FillType ty
         bounds = bounds.united(polygon.boundingRect());
 
     bool ascending = true;
-    QVector<HatchRow> rows;
+    std::vector<HatchRow> rows;
     QVector<QLineF> out;
     for (const QLineF &scan : scanLinesOf(bounds, spac, angle)) {
         QVector<HatchHit> hits;
@@ -301,7 +299,7 @@ QVector<QLineF> testsupport::plainHatch(const QPainterPath &linesPx, FillType ty
             if (type == FillType::Line)
                 out.append(line);
             else if (type == FillType::ULine)
-                rows.append({line, a, b, false});
+                rows.push_back({line, a, b, false});
         });
     }
     if (type == FillType::ULine)

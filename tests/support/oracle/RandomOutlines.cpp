@@ -1,6 +1,7 @@
 #include <support/oracle/RandomOutlines.h>
 
 #include <QtCore/QtMath>
+#include <QtGui/QTransform>
 
 #include <cmath>
 #include <limits>
@@ -69,6 +70,36 @@ QPolygonF RandomOutlines::scattered(int corners)
     for (int i = 0; i < corners; ++i)
         polygon.append({between(-50.0, 50.0), between(-50.0, 50.0)});
     return closed(polygon);
+}
+
+/** Turned a little, so that its many sides are nearly but not quite parallel or in line. */
+QPolygonF RandomOutlines::comb(int teeth)
+{
+    QPolygonF polygon;
+    for (int i = 0; i < teeth; ++i) {
+        const double x = i * 100.0 / teeth - 50.0;
+        const double half = 50.0 / teeth;
+        for (const QPointF &point : {QPointF(x, -50.0), QPointF(x + half, -50.0),
+                                     QPointF(x + half, 40.0), QPointF(x + 2 * half, 40.0)})
+            polygon.append(point);
+    }
+    polygon.append({50.0, 50.0});
+    polygon.append({-50.0, 50.0});
+    return QTransform().rotate(between(-90.0, 90.0)).map(closed(polygon));
+}
+
+QPolygonF RandomOutlines::large(Large kind)
+{
+    switch (kind) {
+    case LargeStar:
+        return star(between(100, 250));
+    case LargeTangle:
+        return scattered(between(60, 150));
+    case LargeLattice:
+        return lattice(between(60, 150), between(5, 20));
+    default:
+        return comb(between(40, 90));
+    }
 }
 
 QPolygonF RandomOutlines::retraced()

@@ -30,6 +30,11 @@ public:
     /** An outline about 100 wide around the origin, times `scale`, moved by `offset`. */
     QPainterPath outline(Kind kind, double scale, const QPointF &offset);
 
+    enum Large { LargeStar, LargeTangle, LargeLattice, LargeComb };
+
+    /** A polygon of some hundred edges, about 100 wide around the origin. */
+    QPolygonF large(Large kind);
+
     double between(double low, double high);
     int between(int low, int high); ///< both included
     bool chance(double share) { return between(0.0, 1.0) < share; }
@@ -40,6 +45,7 @@ private:
     QPolygonF star(int spikes);
     QPolygonF lattice(int corners, int cells);
     QPolygonF scattered(int corners);
+    QPolygonF comb(int teeth);
     QPolygonF retraced();
     QPolygonF nearlyInLine();
     QPolygonF withTinyGaps();

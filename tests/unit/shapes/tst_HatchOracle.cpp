@@ -58,17 +58,17 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("kind");
         QTest::addColumn<int>("rounds");
-        QTest::newRow("convex") << int(RandomOutlines::Convex) << 3000;
-        QTest::newRow("concave star") << int(RandomOutlines::ConcaveStar) << 3000;
-        QTest::newRow("self-crossing") << int(RandomOutlines::SelfCrossing) << 3000;
-        QTest::newRow("touching") << int(RandomOutlines::Touching) << 6000;
-        QTest::newRow("retraced") << int(RandomOutlines::Retraced) << 4000;
-        QTest::newRow("nearly in line") << int(RandomOutlines::NearlyInLine) << 6000;
-        QTest::newRow("ring") << int(RandomOutlines::Ring) << 2000;
-        QTest::newRow("letters") << int(RandomOutlines::Letters) << 2000;
-        QTest::newRow("open") << int(RandomOutlines::Open) << 2000;
-        QTest::newRow("tiny gaps") << int(RandomOutlines::TinyGaps) << 6000;
-        QTest::newRow("not finite") << int(RandomOutlines::NotFinite) << 3000;
+        QTest::newRow("convex") << int(RandomOutlines::Convex) << 6000;
+        QTest::newRow("concave star") << int(RandomOutlines::ConcaveStar) << 6000;
+        QTest::newRow("self-crossing") << int(RandomOutlines::SelfCrossing) << 6000;
+        QTest::newRow("touching") << int(RandomOutlines::Touching) << 12000;
+        QTest::newRow("retraced") << int(RandomOutlines::Retraced) << 8000;
+        QTest::newRow("nearly in line") << int(RandomOutlines::NearlyInLine) << 12000;
+        QTest::newRow("ring") << int(RandomOutlines::Ring) << 4000;
+        QTest::newRow("letters") << int(RandomOutlines::Letters) << 4000;
+        QTest::newRow("open") << int(RandomOutlines::Open) << 4000;
+        QTest::newRow("tiny gaps") << int(RandomOutlines::TinyGaps) << 12000;
+        QTest::newRow("not finite") << int(RandomOutlines::NotFinite) << 6000;
     }
 
     void randomOutlines_hatchAsThePlainWay()
@@ -105,6 +105,26 @@ private Q_SLOTS:
             }
         }
         QVERIFY2(lines > rounds, "the comparison had next to nothing to compare");
+    }
+
+    /** So many edges and scan lines that they are taken in several parts. */
+    void largeOutlines_hatchAsThePlainWay()
+    {
+        for (int seed = 0; seed < 12; ++seed) {
+            RandomOutlines random(static_cast<quint32>(seed));
+            QList<QPolygonF> polygons;
+            for (int i = random.between(1, 3); i > 0; --i)
+                polygons.append(random.large(static_cast<RandomOutlines::Large>(seed % 4)));
+            const QPainterPath outline = testsupport::pathOf(polygons);
+            const double spac = random.between(0.3, 0.6);
+            const double angle = someAngle(&random);
+            for (const FillType type : {FillType::Line, FillType::ULine}) {
+                const QVector<QLineF> plain = testsupport::plainHatch(outline, type, spac, angle);
+                QVERIFY(plain.size() > 100);
+                QVERIFY2(isSameToTheBit(plain, hatch(outline, type, spac, angle)),
+                         qPrintable(QStringLiteral("seed %1").arg(seed)));
+            }
+        }
     }
 };
 

@@ -9,7 +9,7 @@ namespace zthatch {
 namespace {
 
 /** An edge that meets more others than this is crowded: its list would cost more than it saves. */
-constexpr std::size_t kCrowd = 32;
+constexpr std::size_t kCrowd = 8;
 
 constexpr int kEdgesInLeaf = 4;
 
