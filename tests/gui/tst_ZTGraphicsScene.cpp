@@ -4,10 +4,12 @@
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 #include <QtCore/QTranslator>
+#include <QtGui/QKeyEvent>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QGraphicsView>
 #include <QtWidgets/QMenu>
+#include <QtWidgets/QScrollBar>
 #include <QtWidgets/QUndoStack>
 
 #include <memory>
@@ -27,6 +29,21 @@ public:
             return {};
         return QLatin1Char('<') + QString::fromLatin1(source) + QLatin1Char('>');
     }
+};
+
+/** Notes the keys that reach an object. */
+class KeyRecorder : public QObject
+{
+public:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::KeyPress) {
+            const auto *press = static_cast<QKeyEvent *>(event);
+            pressed << (static_cast<int>(press->modifiers()) | press->key());
+        }
+        return false;
+    }
+    QList<int> pressed;
 };
 
 } // namespace
@@ -273,6 +290,22 @@ private Q_SLOTS:
             menu->close();
         }));
         QCOMPARE(stack->count(), 0);
+    }
+
+    void wheelAndKeys_areThoseOfQt()
+    {
+        view->setSceneRect(-400, -600, 800, 1200);
+        QScrollBar *bar = view->verticalScrollBar();
+        const int before = bar->value();
+        user->wheel({0, 0}, 120);
+        QVERIFY(bar->value() < before);
+
+        KeyRecorder keys;
+        scene->installEventFilter(&keys);
+        user->key(Qt::Key_A, Qt::ShiftModifier);
+        // Shift itself, then the letter with it.
+        QCOMPARE(keys.pressed.size(), 2);
+        QCOMPARE(keys.pressed.last(), int(Qt::ShiftModifier | Qt::Key_A));
     }
 
 private:

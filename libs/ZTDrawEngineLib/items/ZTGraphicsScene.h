@@ -50,9 +50,13 @@ public:
     QHash<int, QList<ZTAbstractGraphicsItem *>> getItemsById() const;
 
     /**
-     * Removes items from the scene and deletes them: one `selectionChanged` for all, and a cost
-     * that grows with their number when they stand lowest first, as `items(Qt::AscendingOrder)`
-     * gives them. Null and items of other scenes are allowed.
+     * Removes items from the scene and deletes them, with one `selectionChanged` for all. Null and
+     * items of other scenes are allowed.
+     *
+     * Order: give them lowest first, as `items(Qt::AscendingOrder)` does. Deleting all of a scene
+     * then costs what their number is worth.
+     * Limit: Qt looks for each item among those that stay, so that deleting half of 100,000 items
+     * takes about a second.
      */
     void deleteItems(const QList<ZTAbstractGraphicsItem *> &items);
 
