@@ -281,7 +281,7 @@ private Q_SLOTS:
         ZTShxParser parser = load(writerOfA(1).shapes());
         QCOMPARE(parser.getTextExtent("A"), 2.0);
         ShxWriter other;
-        other.glyphs = {{66, bytes({0x50}), {}}};
+        other.glyphs = {{66, bytes({0x50}), {}}, {67, {}, {}}, {68, {}, {}}, {69, {}, {}}};
         const QString path = write(QStringLiteral("second"), other.unifont());
         parser.setTextHeight(7.0);
         parser.resetNextGlyph();
