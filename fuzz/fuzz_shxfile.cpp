@@ -1,10 +1,10 @@
 // A font file of any bytes: loading, text in both forms, the walk, copies and a second file.
 
+#include "MemoryFile.h"
+
 #include <ZTDrawEngineLib/shx/ZTShxParser.h>
 
 #include <QtCore/QByteArray>
-#include <QtCore/QFile>
-#include <QtCore/QTemporaryDir>
 
 #include <cmath>
 #include <cstdlib>
@@ -24,15 +24,6 @@ public:
     void glEnd() override {}
     void next() override {}
 };
-
-void writeFile(const QString &path, const std::uint8_t *data, std::size_t size)
-{
-    QFile::remove(path);
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        std::abort();
-    file.write(reinterpret_cast<const char *>(data), static_cast<qint64>(size));
-}
 
 /** Text of the font's own codes: the first bytes of its data, and what is usual. */
 void drawTexts(ZTShxParser &parser, const QByteArray &own)
@@ -64,16 +55,16 @@ void walk(ZTShxParser &parser)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    static const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("font.shx"));
-    writeFile(path, data, size);
+    static MemoryFile file;
+    file.write(data, size);
+    const QByteArray path = file.path();
     const QByteArray own(reinterpret_cast<const char *>(data + (size > 30 ? 30 : size)),
                          static_cast<int>(size > 40 ? 10 : 0));
-    ZTShxParser parser(path.toLocal8Bit().constData());
+    ZTShxParser parser(path.constData());
     drawTexts(parser, own);
     walk(parser);
     const ZTShxParser copy(parser);
-    parser.init(path.toLocal8Bit().constData());
+    parser.init(path.constData());
     parser.cleanup();
     drawTexts(parser, own);
     parser = copy;
