@@ -163,6 +163,7 @@ void QtAbstractPropertyBrowserPrivate::propertyChanged(QtProperty *property)
 QtAbstractPropertyBrowser::QtAbstractPropertyBrowser(QWidget *parent)
     : QWidget(parent), d(new QtAbstractPropertyBrowserPrivate(this))
 {
+    qRegisterMetaType<QtBrowserItem *>("QtBrowserItem*");
 }
 
 QtAbstractPropertyBrowser::~QtAbstractPropertyBrowser() = default;

@@ -12,6 +12,8 @@ public:
 QtAbstractPropertyManager::QtAbstractPropertyManager(QObject *parent)
     : QObject(parent), d(new QtAbstractPropertyManagerPrivate)
 {
+    // By name, which leaves a program free to declare the type itself.
+    qRegisterMetaType<QtProperty *>("QtProperty*");
 }
 
 QtAbstractPropertyManager::~QtAbstractPropertyManager() { clear(); }
