@@ -5,7 +5,7 @@
 #include <QtPropertyBrowser/QtVariantPropertyManager.h>
 
 #include <QtCore/QMap>
-#include <QtCore/QPointer>
+
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
