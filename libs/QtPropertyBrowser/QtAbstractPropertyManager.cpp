@@ -30,8 +30,11 @@ void QtAbstractPropertyManager::clear() const
 QtProperty *QtAbstractPropertyManager::addProperty(const QString &name)
 {
     QtProperty *property = createProperty();
-    if (!property)
+    // A row of another manager would never leave this one's list.
+    if (!property || property->propertyManager() != this) {
+        delete property;
         return nullptr;
+    }
     property->d->name = name;
     d->properties.insert(property);
     initializeProperty(property);

@@ -31,7 +31,7 @@ public:
     /** Deletes every row, and with it its place in parents, browsers and editors. */
     void clear() const;
 
-    /** A new row with this name; null if `createProperty` gives none. */
+    /** A new row with this name; null if `createProperty` gives none of this manager. */
     QtProperty *addProperty(const QString &name = QString());
 
 Q_SIGNALS:

@@ -18,7 +18,8 @@ class QtPropertyPrivate;
  * stand under several parents and in several browsers at once.
  *
  * Owner: its manager, which deletes it at the latest in its own destructor. Anyone may delete a
- * row earlier; parents, browsers and open editors then forget it.
+ * row earlier; parents, browsers and open editors then forget it. With a row go the sub-rows that
+ * its manager made as parts of its value; sub-rows that were added to it stay.
  */
 class QTPROPERTYBROWSER_EXPORT QtProperty
 {

@@ -40,7 +40,8 @@ bool QtPropertyEditorView::openEditor(QTreeWidgetItem *item)
 {
     if (!item || !item->flags().testFlag(Qt::ItemIsEnabled))
         return false;
-    return edit(indexFromItem(item, kValueColumn), QAbstractItemView::AllEditTriggers, nullptr);
+    edit(indexFromItem(item, kValueColumn), QAbstractItemView::AllEditTriggers, nullptr);
+    return state() == EditingState;
 }
 
 void QtPropertyEditorView::drawRow(QPainter *painter, const QStyleOptionViewItem &option,

@@ -15,8 +15,8 @@ class QtTreePropertyBrowserPrivate;
  * come expanded. Texts are those of the language at the time when a row is filled: a change of
  * language changes nothing that stands.
  *
- * Limit: every row is 75 pixels high and the scroll bar 200 wide, so that a finger finds both. A
- * style sheet that a program puts on the browser itself overrides the row height.
+ * Limit: every row is 75 pixels high and the scroll bar 200 wide. A program that wants it denser
+ * gives the `QtPropertyEditorView` inside a style sheet of its own.
  */
 class QTPROPERTYBROWSER_EXPORT QtTreePropertyBrowser : public QtAbstractPropertyBrowser
 {

@@ -6,7 +6,7 @@
 #include <QtPropertyBrowser/QtVariantPropertyManager.h>
 
 #include <QtCore/QTranslator>
-#include <QtGui/QPainter>
+#include <QtGui/QKeyEvent>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
@@ -668,6 +668,38 @@ private Q_SLOTS:
                  QColor(Qt::yellow).rgb());
         browser->setBackgroundColor(item, QColor());
         QVERIFY(!browser->calculatedBackgroundColor(child).isValid());
+    }
+
+    void modifiedRow_hasABoldName()
+    {
+        QtVariantProperty *row = add(QMetaType::Int, "mmmmmmmm");
+        const auto inkOfName = [this] {
+            QRect cell = tree->visualItemRect(tree->topLevelItem(0));
+            cell.setRight(tree->columnViewportPosition(1) - 3);
+            cell.setBottom(cell.bottom() - 2);
+            const QImage image = tree->viewport()->grab(cell).toImage();
+            int ink = 0;
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x)
+                    ink += 255 - qGray(image.pixel(x, y));
+            }
+            return ink;
+        };
+        const int before = inkOfName();
+        row->setModified(true);
+        QVERIFY(inkOfName() > before);
+        row->setModified(false);
+        QCOMPARE(inkOfName(), before);
+    }
+
+    void groupRow_leavesItsKeysToTheWindow()
+    {
+        add(Manager::groupTypeId(), "g");
+        click(0, 0);
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_F2, Qt::NoModifier);
+        QCoreApplication::sendEvent(tree, &key);
+        QVERIFY(!key.isAccepted());
+        QVERIFY(!editor());
     }
 
     void groups_areDarkHeadingsUnlessSwitchedOff()

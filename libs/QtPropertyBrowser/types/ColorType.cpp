@@ -20,7 +20,7 @@ public:
     QString text(const QVariant &value, const QVariantMap &) const override
     {
         const QColor held = color(value);
-        return QCoreApplication::translate("QtColorPropertyManager", "[%1, %2, %3] (%4)")
+        return QStringLiteral("[%1, %2, %3] (%4)")
             .arg(numberText(held.red()), numberText(held.green()), numberText(held.blue()),
                  numberText(held.alpha()));
     }

@@ -55,12 +55,11 @@ public:
     {
         const QFont held = font(value);
         const bool hasPixels = held.pixelSize() > 0;
-        const QString size = hasPixels
-                                 ? numberText(held.pixelSize())
-                                 : QCoreApplication::translate("QtFontPropertyManager", "%1 pt")
-                                       .arg(numberLocale().toString(held.pointSizeF(), 'g', 4));
-        return QCoreApplication::translate("QtFontPropertyManager", "[%1, %2]")
-            .arg(held.family(), size);
+        const QString size =
+            hasPixels
+                ? numberText(held.pixelSize())
+                : QStringLiteral("%1 pt").arg(numberLocale().toString(held.pointSizeF(), 'g', 4));
+        return QStringLiteral("[%1, %2]").arg(held.family(), size);
     }
 
     QIcon icon(const QVariant &value, const QVariantMap &) const override

@@ -80,9 +80,8 @@ public:
     QString text(const QVariant &value, const QVariantMap &) const override
     {
         const QLocale held = locale(value);
-        return QCoreApplication::translate("QtLocalePropertyManager", "%1, %2")
-            .arg(QLocale::languageToString(held.language()),
-                 QLocale::countryToString(held.country()));
+        return QStringLiteral("%1, %2").arg(QLocale::languageToString(held.language()),
+                                            QLocale::countryToString(held.country()));
     }
 
     QVector<FieldSpec> fields(const QVariant &value, const QVariantMap &) const override

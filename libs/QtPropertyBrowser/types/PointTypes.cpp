@@ -21,8 +21,7 @@ public:
     QString text(const QVariant &value, const QVariantMap &) const override
     {
         const QPoint point = value.toPoint();
-        return QCoreApplication::translate("QtPointPropertyManager", "(%1, %2)")
-            .arg(numberText(point.x()), numberText(point.y()));
+        return QStringLiteral("(%1, %2)").arg(numberText(point.x()), numberText(point.y()));
     }
 
     QVector<FieldSpec> fields(const QVariant &, const QVariantMap &) const override
@@ -86,7 +85,7 @@ public:
     {
         const QPointF point = value.toPointF();
         const int decimals = attributes.value(decimalsName()).toInt();
-        return QCoreApplication::translate("QtPointFPropertyManager", "(%1, %2)")
+        return QStringLiteral("(%1, %2)")
             .arg(numberText(point.x(), decimals), numberText(point.y(), decimals));
     }
 

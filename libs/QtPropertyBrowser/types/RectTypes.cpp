@@ -169,7 +169,7 @@ public:
 
     QString text(const QVariant &value, const QVariantMap &) const override
     {
-        return QCoreApplication::translate("QtRectPropertyManager", "[(%1, %2), %3 x %4]")
+        return QStringLiteral("[(%1, %2), %3 x %4]")
             .arg(numberText(fieldValue(value, 0).toInt()), numberText(fieldValue(value, 1).toInt()),
                  numberText(fieldValue(value, 2).toInt()),
                  numberText(fieldValue(value, 3).toInt()));
@@ -206,7 +206,7 @@ public:
     {
         const QRectF held = rect(value);
         const int decimals = attributes.value(decimalsName()).toInt();
-        return QCoreApplication::translate("QtRectFPropertyManager", "[(%1, %2), %3 x %4]")
+        return QStringLiteral("[(%1, %2), %3 x %4]")
             .arg(numberText(held.x(), decimals), numberText(held.y(), decimals),
                  numberText(held.width(), decimals), numberText(held.height(), decimals));
     }

@@ -44,7 +44,7 @@ public:
     {
         const QSizePolicy held = policy(value);
         const QStringList names = policyNames();
-        return QCoreApplication::translate("QtSizePolicyPropertyManager", "[%1, %2, %3, %4]")
+        return QStringLiteral("[%1, %2, %3, %4]")
             .arg(names.value(policyIndex(held.horizontalPolicy())),
                  names.value(policyIndex(held.verticalPolicy())),
                  numberText(held.horizontalStretch()), numberText(held.verticalStretch()));

@@ -100,8 +100,8 @@ public:
 
     QString text(const QVariant &value, const QVariantMap &) const override
     {
-        return QCoreApplication::translate("QtSizePropertyManager", "%1 x %2")
-            .arg(numberText(size(value).width()), numberText(size(value).height()));
+        return QStringLiteral("%1 x %2").arg(numberText(size(value).width()),
+                                             numberText(size(value).height()));
     }
 
 protected:
@@ -135,9 +135,8 @@ public:
     QString text(const QVariant &value, const QVariantMap &attributes) const override
     {
         const int decimals = attributes.value(decimalsName()).toInt();
-        return QCoreApplication::translate("QtSizeFPropertyManager", "%1 x %2")
-            .arg(numberText(size(value).width(), decimals),
-                 numberText(size(value).height(), decimals));
+        return QStringLiteral("%1 x %2").arg(numberText(size(value).width(), decimals),
+                                             numberText(size(value).height(), decimals));
     }
 
 protected:

@@ -63,6 +63,24 @@ private Q_SLOTS:
         QVERIFY(manager.properties().isEmpty());
     }
 
+    void addProperty_rowOfAnotherManager_isRefused()
+    {
+        TextManager other;
+        class Thief : public TextManager
+        {
+        public:
+            QtAbstractPropertyManager *victim = nullptr;
+
+        protected:
+            QtProperty *createProperty() override { return victim->addProperty(); }
+        };
+        Thief thief;
+        thief.victim = &other;
+        QVERIFY(!thief.addProperty());
+        QVERIFY(thief.properties().isEmpty());
+        QVERIFY(other.properties().isEmpty());
+    }
+
     void clear_deletesEveryRowAndTellsSo()
     {
         TextManager manager;
