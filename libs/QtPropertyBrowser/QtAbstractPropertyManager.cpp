@@ -70,7 +70,10 @@ void QtAbstractPropertyManager::forget(QtProperty *property)
 {
     if (!d->properties.contains(property))
         return;
-    Q_EMIT propertyDestroyed(property);
+    {
+        const OpenSignals open(this);
+        Q_EMIT propertyDestroyed(property);
+    }
     uninitializeProperty(property);
     d->properties.remove(property);
 }

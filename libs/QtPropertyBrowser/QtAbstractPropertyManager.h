@@ -15,6 +15,9 @@ class QtAbstractPropertyManagerPrivate;
  *
  * A class for a value of one's own needs `initializeProperty`, and to show something `valueText`.
  *
+ * A program that blocks the manager's signals silences `propertyChanged` and with it the browsers'
+ * texts. What tells of rows that come and go gets through all the same.
+ *
  * Owner: of all its rows. A class that overrides `uninitializeProperty` calls `clear` in its own
  * destructor: later its override is no longer reached.
  */

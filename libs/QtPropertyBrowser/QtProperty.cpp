@@ -83,16 +83,20 @@ void QtProperty::insertSubProperty(QtProperty *property, QtProperty *after)
     QtProperty *preceding = place > 0 ? after : nullptr;
     d->subProperties.insert(place, property);
     property->d->parents.append(this);
-    if (d->manager)
+    if (d->manager) {
+        const OpenSignals open(d->manager);
         Q_EMIT d->manager->propertyInserted(property, this, preceding);
+    }
 }
 
 void QtProperty::removeSubProperty(QtProperty *property)
 {
     if (!property || !d->subProperties.contains(property))
         return;
-    if (d->manager)
+    if (d->manager) {
+        const OpenSignals open(d->manager);
         Q_EMIT d->manager->propertyRemoved(property, this);
+    }
     d->subProperties.removeOne(property);
     property->d->parents.removeOne(this);
 }

@@ -11,6 +11,9 @@
  * boxes at once, colours and fonts when their dialog is accepted. Several editors of one row stay
  * in step. A row whose parts are edited below it has no editor of its own, apart from font and
  * color, which have a dialog too.
+ *
+ * Limit: keys that close an editor in a tree (Return, Tab, Escape) cannot be entered as a key
+ * sequence there.
  */
 class QTPROPERTYBROWSER_EXPORT QtVariantEditorFactory
     : public QtAbstractEditorFactory<QtVariantPropertyManager>

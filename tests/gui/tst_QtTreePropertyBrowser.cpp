@@ -670,6 +670,25 @@ private Q_SLOTS:
         QVERIFY(!browser->calculatedBackgroundColor(child).isValid());
     }
 
+    void blockedSignals_rowsStillComeAndGo()
+    {
+        QtVariantProperty *flags = add(Manager::flagTypeId(), "f");
+        QtVariantProperty *number = add(QMetaType::Int, "n");
+        flags->setAttribute(str("flagNames"), QStringList{str("a"), str("b")});
+        click(1, 1);
+        manager->blockSignals(true);
+        flags->setAttribute(str("flagNames"), QStringList{str("c")});
+        delete number;
+        flags->addSubProperty(manager->addProperty(QMetaType::Int, str("i")));
+        QVERIFY(manager->signalsBlocked());
+        manager->blockSignals(false);
+        QCOMPARE(tree->topLevelItemCount(), 1);
+        QCOMPARE(tree->topLevelItem(0)->childCount(), 2);
+        QCOMPARE(tree->topLevelItem(0)->child(0)->text(0), str("c"));
+        QCOMPARE(tree->topLevelItem(0)->child(1)->text(0), str("i"));
+        tree->viewport()->grab();
+    }
+
     void modifiedRow_hasABoldName()
     {
         QtVariantProperty *row = add(QMetaType::Int, "mmmmmmmm");

@@ -24,7 +24,8 @@ public:
         auto *application = qobject_cast<QGuiApplication *>(QCoreApplication::instance());
         if (!application)
             return {};
-        auto *cache = application->findChild<FontFamilies *>(cacheName());
+        auto *cache =
+            application->findChild<FontFamilies *>(cacheName(), Qt::FindDirectChildrenOnly);
         if (!cache)
             cache = new FontFamilies(application);
         return cache->families;
