@@ -2,6 +2,15 @@
 
 /** Everything a host needs in one include. For hosts only: the library never includes it. */
 
+#include <QtPropertyBrowser/QtAbstractEditorFactory.h>
+#include <QtPropertyBrowser/QtAbstractPropertyBrowser.h>
+#include <QtPropertyBrowser/QtAbstractPropertyManager.h>
+#include <QtPropertyBrowser/QtBrowserItem.h>
+#include <QtPropertyBrowser/QtProperty.h>
+#include <QtPropertyBrowser/QtTreePropertyBrowser.h>
+#include <QtPropertyBrowser/QtVariantEditorFactory.h>
+#include <QtPropertyBrowser/QtVariantProperty.h>
+#include <QtPropertyBrowser/QtVariantPropertyManager.h>
 #include <ZTDrawEngineLib/common/ZTEnumerations.h>
 #include <ZTDrawEngineLib/common/ZTFillParam.h>
 #include <ZTDrawEngineLib/common/ZTRoundingParam.h>

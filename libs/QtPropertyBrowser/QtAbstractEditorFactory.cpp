@@ -1,0 +1,3 @@
+#include <QtPropertyBrowser/QtAbstractEditorFactory.h>
+
+QtAbstractEditorFactoryBase::QtAbstractEditorFactoryBase(QObject *parent) : QObject(parent) {}
