@@ -6,7 +6,8 @@
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
-#include <QtCore/QTemporaryDir>
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
 
 #include <benchmark/benchmark.h>
 
@@ -46,26 +47,27 @@ QByteArray letter(std::mt19937 &random)
     return codes + testsupport::bytes({2, 0x60, 0});
 }
 
+/** Both fonts in the folder beside the program, and a pair of them. */
 struct Fonts
 {
-    QTemporaryDir folder;
     QByteArray latinFile;
     QByteArray bigFile;
-    ZTShxParser latin;
-    ZTShxParser big;
+    QByteArray bigPath;
     QByteArray latinText;
     QByteArray bigText;
+    ZTRegBigFontShxParser pair;
 
     Fonts()
     {
         makeLatin();
         makeBig();
-        const QString latinPath = folder.filePath(QStringLiteral("latin.shx"));
-        const QString bigPath = folder.filePath(QStringLiteral("big.shx"));
-        testsupport::writeFile(latinPath, latinFile);
-        testsupport::writeFile(bigPath, bigFile);
-        latin.init(latinPath.toLocal8Bit().constData());
-        big.init(bigPath.toLocal8Bit().constData());
+        const QDir folder(QCoreApplication::applicationDirPath() + QStringLiteral("/font"));
+        folder.mkpath(QStringLiteral("."));
+        bigPath = folder.filePath(QStringLiteral("bench-big.shx")).toLocal8Bit();
+        testsupport::writeFile(folder.filePath(QStringLiteral("bench-latin.shx")), latinFile);
+        testsupport::writeFile(QString::fromLocal8Bit(bigPath), bigFile);
+        ZTShxFontManager::regFonts();
+        pair.init("bench-latin.shx", "bench-big.shx");
     }
 
 private:
@@ -117,84 +119,85 @@ std::vector<int> codesOf(const QByteArray &text, int bytesPerCode)
     return codes;
 }
 
-/** Ends a character at every glyph, as a pair does, so that paths stay as small as there. */
-void drawPaths(ZTShxParser &font, const QByteArray &text)
-{
-    ZTPathGlyphCallback paths;
-    font.drawText(&paths, text.constData(), 0, 0);
-    paths.next();
-    benchmark::DoNotOptimize(paths.getPath().constData());
-}
-
 void perCharacter(benchmark::State &state, int characters)
 {
     state.counters["per_character"] = benchmark::Counter(
         characters, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 
-void measureLatin(benchmark::State &state)
+void measure(benchmark::State &state, const QByteArray &text, int characters)
 {
     for (auto _ : state)
-        benchmark::DoNotOptimize(fonts().latin.getTextExtent(fonts().latinText.constData()));
-    perCharacter(state, kLatinCharacters);
+        benchmark::DoNotOptimize(fonts().pair.getTextExtent(text.constData()));
+    perCharacter(state, characters);
 }
 
-void measureLatinPlain(benchmark::State &state)
+void draw(benchmark::State &state, const QByteArray &text, int characters)
 {
-    PlainShxFont font(fonts().latinFile);
-    const std::vector<int> codes = codesOf(fonts().latinText, 1);
-    for (auto _ : state)
-        benchmark::DoNotOptimize(font.draw(nullptr, codes, 1.0));
-    perCharacter(state, kLatinCharacters);
+    for (auto _ : state) {
+        ZTPathGlyphCallback paths;
+        fonts().pair.drawText(&paths, text.constData(), 0, 0, 0);
+        benchmark::DoNotOptimize(paths.getPath().constData());
+    }
+    perCharacter(state, characters);
 }
 
-void measureBig(benchmark::State &state)
+void measurePlain(benchmark::State &state, const QByteArray &file, const std::vector<int> &codes)
 {
-    for (auto _ : state)
-        benchmark::DoNotOptimize(fonts().big.getTextExtent(fonts().bigText.constData()));
-    perCharacter(state, kBigCharacters);
-}
-
-void measureBigPlain(benchmark::State &state)
-{
-    PlainShxFont font(fonts().bigFile);
-    const std::vector<int> codes = codesOf(fonts().bigText, 2);
+    PlainShxFont font(file);
     for (auto _ : state)
         benchmark::DoNotOptimize(font.draw(nullptr, codes, 1.0));
-    perCharacter(state, kBigCharacters);
+    perCharacter(state, static_cast<int>(codes.size()));
 }
 
-void drawLatin(benchmark::State &state)
+/** All characters into one path; the library's pairs make a path for each. */
+void drawPlain(benchmark::State &state, const QByteArray &file, const std::vector<int> &codes)
 {
-    for (auto _ : state)
-        drawPaths(fonts().latin, fonts().latinText);
-    perCharacter(state, kLatinCharacters);
+    PlainShxFont font(file);
+    for (auto _ : state) {
+        ZTPathGlyphCallback paths;
+        font.draw(&paths, codes, 1.0);
+        paths.next();
+        benchmark::DoNotOptimize(paths.getPath().constData());
+    }
+    perCharacter(state, static_cast<int>(codes.size()));
 }
 
-void drawBig(benchmark::State &state)
-{
-    for (auto _ : state)
-        drawPaths(fonts().big, fonts().bigText);
-    perCharacter(state, kBigCharacters);
-}
-
+/** Reads the big font and finds its first glyph, which makes the table. */
 void loadBig(benchmark::State &state)
 {
-    const QByteArray path = fonts().folder.filePath(QStringLiteral("big.shx")).toLocal8Bit();
     for (auto _ : state) {
-        ZTShxParser font(path.constData());
+        ZTShxParser font(fonts().bigPath.constData());
         benchmark::DoNotOptimize(font.getTextExtent("A"));
     }
 }
 
+void addBenchmarks()
+{
+    const Fonts &all = fonts();
+    const std::vector<int> latin = codesOf(all.latinText, 1);
+    const std::vector<int> big = codesOf(all.bigText, 2);
+    const auto add = [](const char *name, auto function, auto &&...arguments) {
+        benchmark::RegisterBenchmark(name, function, arguments...)->Unit(benchmark::kMillisecond);
+    };
+    add("measure/latin", measure, all.latinText, kLatinCharacters);
+    add("measure/latin/plain", measurePlain, all.latinFile, latin);
+    add("measure/big", measure, all.bigText, kBigCharacters);
+    add("measure/big/plain", measurePlain, all.bigFile, big);
+    add("draw/latin", draw, all.latinText, kLatinCharacters);
+    add("draw/latin/plain", drawPlain, all.latinFile, latin);
+    add("draw/big", draw, all.bigText, kBigCharacters);
+    add("draw/big/plain", drawPlain, all.bigFile, big);
+    add("load/big", loadBig);
+}
+
 } // namespace
 
-BENCHMARK(measureLatin)->Unit(benchmark::kMillisecond);
-BENCHMARK(measureLatinPlain)->Unit(benchmark::kMillisecond);
-BENCHMARK(measureBig)->Unit(benchmark::kMillisecond);
-BENCHMARK(measureBigPlain)->Unit(benchmark::kMillisecond);
-BENCHMARK(drawLatin)->Unit(benchmark::kMillisecond);
-BENCHMARK(drawBig)->Unit(benchmark::kMillisecond);
-BENCHMARK(loadBig)->Unit(benchmark::kMillisecond);
-
-BENCHMARK_MAIN();
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    addBenchmarks();
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

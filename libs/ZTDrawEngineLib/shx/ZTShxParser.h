@@ -144,6 +144,7 @@ private:
     void parseDefBytes(ZTAbstractGlyphCallback *cb, const unsigned char *bytes, int length);
     void parseOneCode(ZTAbstractGlyphCallback *cb, const unsigned char *&bytes, int &length);
     void parseLenDirByte(ZTAbstractGlyphCallback *cb, unsigned char code);
+    void measureMoves(const unsigned char *&bytes, int &length);
     void caseCode5();
     void caseCode6(ZTAbstractGlyphCallback *cb);
     void caseCode7(ZTAbstractGlyphCallback *cb, const unsigned char *&bytes, int &length);

@@ -4,7 +4,6 @@
 #include <QtCore/QPointF>
 #include <QtCore/QtMath>
 
-#include <array>
 #include <cmath>
 #include <cstring>
 
@@ -22,22 +21,26 @@ struct Vector
 };
 
 // Counter-clockwise from east, not normalised: a diagonal step is longer than a straight one.
-constexpr std::array<Vector, 16> kDirections = {{{1, 0},
-                                                 {1, 0.5},
-                                                 {1, 1},
-                                                 {0.5, 1},
-                                                 {0, 1},
-                                                 {-0.5, 1},
-                                                 {-1, 1},
-                                                 {-1, 0.5},
-                                                 {-1, 0},
-                                                 {-1, -0.5},
-                                                 {-1, -1},
-                                                 {-0.5, -1},
-                                                 {0, -1},
-                                                 {0.5, -1},
-                                                 {1, -1},
-                                                 {1, -0.5}}};
+constexpr Vector kDirections[16] = {{1, 0},  {1, 0.5},  {1, 1},  {0.5, 1},   {0, 1},   {-0.5, 1},
+                                    {-1, 1}, {-1, 0.5}, {-1, 0}, {-1, -0.5}, {-1, -1}, {-0.5, -1},
+                                    {0, -1}, {0.5, -1}, {1, -1}, {1, -0.5}};
+
+/** The vector of each code: length in the high four bits, direction in the low four. */
+struct VectorTable
+{
+    Vector ofCode[256] = {};
+
+    constexpr VectorTable()
+    {
+        for (int code = 0; code < 256; ++code) {
+            const Vector &direction = kDirections[code & 0xF];
+            ofCode[code] = {direction.dx * (code >> 4), direction.dy * (code >> 4)};
+        }
+    }
+};
+constexpr VectorTable kVectors;
+
+constexpr unsigned char kFirstVectorCode = 0x10;
 
 int signedByte(unsigned char byte) { return static_cast<signed char>(byte); }
 
@@ -47,6 +50,39 @@ unsigned char take(const unsigned char *&bytes, int &length)
     --length;
     return *bytes++;
 }
+
+/** The displacement in the two bytes at `at`. */
+Vector pairAt(const unsigned char *at)
+{
+    return {static_cast<double>(signedByte(at[0])), static_cast<double>(signedByte(at[1]))};
+}
+
+/** Position and scale of the interpreter while nothing but the pen moves. */
+struct Pen
+{
+    double x;
+    double y;
+    double scale;
+
+    void move(const Vector &vector)
+    {
+        x += vector.dx * scale;
+        y += vector.dy * scale;
+    }
+
+    /** Moves by pairs up to their terminator; where they end, or null if not before `end`. */
+    const unsigned char *moveByPairs(const unsigned char *pairs, const unsigned char *end)
+    {
+        const Pen before = *this;
+        for (; end - pairs >= 2; pairs += 2) {
+            move(pairAt(pairs));
+            if ((pairs[0] | pairs[1]) == 0)
+                return pairs + 2;
+        }
+        *this = before;
+        return nullptr;
+    }
+};
 
 /** Where an octant arc starts and how many octants it spans, negative when clockwise. */
 struct Octants
@@ -121,8 +157,12 @@ void ZTShxParser::parseDefinition(ZTAbstractGlyphCallback *cb, const unsigned ch
 void ZTShxParser::parseDefBytes(ZTAbstractGlyphCallback *cb, const unsigned char *bytes, int length)
 {
     m_penDown = true;
-    while (length > 0)
-        parseOneCode(cb, bytes, length);
+    while (length > 0) {
+        if (cb == nullptr)
+            measureMoves(bytes, length);
+        if (length > 0)
+            parseOneCode(cb, bytes, length);
+    }
 }
 
 void ZTShxParser::parseOneCode(ZTAbstractGlyphCallback *cb, const unsigned char *&bytes,
@@ -247,11 +287,50 @@ bool ZTShxParser::caseCode8(ZTAbstractGlyphCallback *cb, const unsigned char *&b
 
 void ZTShxParser::parseLenDirByte(ZTAbstractGlyphCallback *cb, unsigned char code)
 {
-    const int vectorLength = code >> 4;
-    const Vector &direction = kDirections[code & 0xF];
-    m_x += direction.dx * vectorLength * m_scale;
-    m_y += direction.dy * vectorLength * m_scale;
+    m_x += kVectors.ofCode[code].dx * m_scale;
+    m_y += kVectors.ofCode[code].dy * m_scale;
     drawLine(cb);
+}
+
+/**
+ * Runs the codes that stand next as long as they only move the pen or raise and lower it.
+ *
+ * Does what `parseOneCode` does without a callback, code by code, with the pen in registers:
+ * measuring text is mostly this. Stops before any other code, and where bounds come near.
+ */
+void ZTShxParser::measureMoves(const unsigned char *&bytes, int &length)
+{
+    constexpr int kMostOperands = 2;
+    const unsigned char *next = bytes;
+    const qint64 room = qMax<qint64>(0, qMin<qint64>(m_bufferEnd - next, m_stepsLeft));
+    const unsigned char *const roomEnd = next + room;
+    const unsigned char *const end = next + qMin<qint64>(length, room - kMostOperands);
+    Pen pen{m_x, m_y, m_scale};
+    while (next < end) {
+        const unsigned char code = *next;
+        if (code >= kFirstVectorCode) {
+            pen.move(kVectors.ofCode[code]);
+            ++next;
+        } else if (code == 0x1 || code == 0x2) {
+            m_penDown = code == 0x1;
+            ++next;
+        } else if (code == 0x8) {
+            pen.move(pairAt(next + 1));
+            next += 3;
+        } else if (code == 0x9) {
+            const unsigned char *pairsEnd = pen.moveByPairs(next + 1, roomEnd);
+            if (pairsEnd == nullptr)
+                break;
+            next = pairsEnd;
+        } else {
+            break;
+        }
+    }
+    m_x = pen.x;
+    m_y = pen.y;
+    m_stepsLeft -= next - bytes;
+    length -= static_cast<int>(next - bytes);
+    bytes = next;
 }
 
 void ZTShxParser::drawLine(ZTAbstractGlyphCallback *cb) const

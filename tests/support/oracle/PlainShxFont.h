@@ -39,10 +39,10 @@ private:
     using Calls = ZTAbstractGlyphCallback;
 
     qint64 size() const { return image.size(); }
-    bool has(qint64 at, int count) const { return at >= 0 && at + count <= size(); }
-    int u8(qint64 at) const { return static_cast<unsigned char>(image[static_cast<int>(at)]); }
-    int s8(qint64 at) const { return static_cast<signed char>(image[static_cast<int>(at)]); }
-    int u16(qint64 at) const { return u8(at) | u8(at + 1) << 8; }
+    bool has(qint64 from, int bytes) const { return from >= 0 && from + bytes <= size(); }
+    int u8(qint64 from) const { return static_cast<unsigned char>(image[static_cast<int>(from)]); }
+    int s8(qint64 from) const { return static_cast<signed char>(image[static_cast<int>(from)]); }
+    int u16(qint64 from) const { return u8(from) | u8(from + 1) << 8; }
 
     void readShapes();
     void readBigfont();
