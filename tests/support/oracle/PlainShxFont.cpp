@@ -104,6 +104,27 @@ PlainShxFont::Definition PlainShxFont::find(int code) const
     return {};
 }
 
+std::vector<int> PlainShxFont::codesOf(const char *text) const
+{
+    const auto isLead = [this](int byte) {
+        for (qint64 range = 31; kind == Form::Bigfont && range < index; range += 4)
+            if (byte >= u8(range) && byte <= u8(range + 2))
+                return true;
+        return false;
+    };
+    std::vector<int> codes;
+    while (*text != '\0') {
+        int code = static_cast<unsigned char>(*text++);
+        if (isLead(code)) {
+            code = code << 8 | static_cast<unsigned char>(*text);
+            if (*text != '\0')
+                ++text;
+        }
+        codes.push_back(code);
+    }
+    return codes;
+}
+
 double PlainShxFont::draw(Calls *callback, const std::vector<int> &codes, double height)
 {
     x = 0;

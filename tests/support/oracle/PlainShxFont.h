@@ -32,6 +32,9 @@ public:
     };
     Definition find(int code) const;
 
+    /** The codes that a byte text stands for. */
+    std::vector<int> codesOf(const char *text) const;
+
     /** Draws the codes of a text at (0, 0) and returns its width. */
     double draw(ZTAbstractGlyphCallback *callback, const std::vector<int> &codes, double height);
 
