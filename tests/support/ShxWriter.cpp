@@ -95,6 +95,7 @@ QByteArray ShxWriter::unifont() const
 
 void writeFile(const QString &path, const QByteArray &content)
 {
+    QFile::remove(path); // some file systems flush a file that is cut and written anew
     QFile file(path);
     QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(path));
     QCOMPARE(file.write(content), qint64(content.size()));
