@@ -145,6 +145,7 @@ private:
     void parseOneCode(ZTAbstractGlyphCallback *cb, const unsigned char *&bytes, int &length);
     void parseLenDirByte(ZTAbstractGlyphCallback *cb, unsigned char code);
     void measureMoves(const unsigned char *&bytes, int &length);
+    void caseCodes3And4(unsigned char code, const unsigned char *&bytes, int &length);
     void caseCode5();
     void caseCode6(ZTAbstractGlyphCallback *cb);
     void caseCode7(ZTAbstractGlyphCallback *cb, const unsigned char *&bytes, int &length);
@@ -153,7 +154,6 @@ private:
     void caseCodeB(ZTAbstractGlyphCallback *cb, const unsigned char *&bytes, int &length);
     bool caseCodeC(ZTAbstractGlyphCallback *cb, const unsigned char *&bytes, int &length);
     void caseCodeE(const unsigned char *&bytes, int &length);
-    void scaleBy(const unsigned char *&bytes, int &length, bool multiply);
     void drawLine(ZTAbstractGlyphCallback *cb) const;
     static void emitVertex(ZTAbstractGlyphCallback *cb, double x, double y);
     static void restartStroke(ZTAbstractGlyphCallback *cb, double x, double y);

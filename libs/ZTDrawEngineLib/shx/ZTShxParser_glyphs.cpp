@@ -178,16 +178,12 @@ void ZTShxParser::parseOneCode(ZTAbstractGlyphCallback *cb, const unsigned char 
     case 0xF:
         break;
     case 0x1:
-        m_penDown = true;
-        break;
     case 0x2:
-        m_penDown = false;
+        m_penDown = code == 0x1;
         break;
     case 0x3:
-        scaleBy(bytes, length, false);
-        break;
     case 0x4:
-        scaleBy(bytes, length, true);
+        caseCodes3And4(code, bytes, length);
         break;
     case 0x5:
         caseCode5();
@@ -227,12 +223,12 @@ void ZTShxParser::parseOneCode(ZTAbstractGlyphCallback *cb, const unsigned char 
     }
 }
 
-void ZTShxParser::scaleBy(const unsigned char *&bytes, int &length, bool multiply)
+void ZTShxParser::caseCodes3And4(unsigned char code, const unsigned char *&bytes, int &length)
 {
     if (!has(bytes, 1))
         return endDefinition(bytes, length);
     const double operand = take(bytes, length);
-    if (multiply)
+    if (code == 0x4)
         m_scale *= operand;
     else
         m_scale /= operand; // 0 makes the scale infinite; points that come of it are left out

@@ -121,6 +121,24 @@ private Q_SLOTS:
         QCOMPARE(static_cast<int>(parser.GetType()), type);
     }
 
+    void exampleOfTheFormatDescription_isAFont()
+    {
+        const QByteArray file = QByteArray::fromHex("5A5420666F6E7420312E30"
+                                                    "736861706573"
+                                                    "1A1A1A1A1A1A1A1A1A1A1A"
+                                                    "0200"
+                                                    "00000900"
+                                                    "41000400"
+                                                    "666F6E740004010000"
+                                                    "0044028C");
+        ZTShxParser parser = load(file);
+        QCOMPARE(parser.GetType(), SHX_TYPE::SHX_SHAPES);
+        parser.setTextHeight(4.0);
+        ShxRecorder recorder;
+        parser.drawText(&recorder, "A", 0.0, 0.0);
+        QVERIFY(nearCalls(recorder, QStringLiteral("B 0,0 0,4 E B 0,-4 E")));
+    }
+
     void firstElevenBytes_areFree()
     {
         ShxWriter writer = writerOfA(1);
@@ -128,6 +146,29 @@ private Q_SLOTS:
         QCOMPARE(load(writer.shapes()).GetType(), SHX_TYPE::SHX_SHAPES);
         QCOMPARE(load(writer.unifont()).GetType(), SHX_TYPE::SHX_UNIFONT);
         QCOMPARE(load(writer.bigfont()).GetType(), SHX_TYPE::SHX_BIGFONT);
+    }
+
+    void bytesBetweenKeywordAndCount_areFree()
+    {
+        QByteArray shapes = writerOfA(1).shapes();
+        shapes.replace(17, 11, QByteArray(11, '\0'));
+        QCOMPARE(load(shapes).getTextExtent("A"), 2.0);
+        QByteArray bigfont = writerOfA(1).bigfont();
+        bigfont.replace(18, 9, QByteArray(9, '\0'));
+        QCOMPARE(load(bigfont).getTextExtent("A"), 2.0);
+        QByteArray unifont = writerOfA(1).unifont();
+        unifont.replace(18, 7, QByteArray(7, '\0'));
+        QCOMPARE(load(unifont).getTextExtent(L"A"), 2.0);
+    }
+
+    void unifontDescription_endsAtTheFirstNulFromByte31()
+    {
+        QByteArray file = writerOfA(1).unifont();
+        file.replace(27, 4, QByteArray(4, '\0')); // before it: not the end
+        QCOMPARE(load(file).getTextExtent(L"A"), 2.0);
+        file.remove(31, 8); // "unifont" and the line end: no description at all
+        QCOMPARE(file[31], '\0');
+        QCOMPARE(load(file).getTextExtent(L"A"), 2.0);
     }
 
     void bytesOfTheFile_areNotTranslated()
