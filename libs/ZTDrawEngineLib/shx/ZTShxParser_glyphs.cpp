@@ -84,7 +84,7 @@ struct Pen
     }
 };
 
-/** Where an octant arc starts and how many octants it spans, negative when clockwise. */
+/** The octants byte of an arc: its sign (-1 is clockwise), the octant it starts in, how many. */
 struct Octants
 {
     int sign;
