@@ -38,6 +38,11 @@
 #include <ZTDrawEngineLib/shapes/ZTShapeBase.h>
 #include <ZTDrawEngineLib/shapes/ZTTdotShape.h>
 #include <ZTDrawEngineLib/shapes/ZTVecGraph.h>
+#include <ZTDrawEngineLib/shx/ZTAbstractGlyphCallback.h>
+#include <ZTDrawEngineLib/shx/ZTPathGlyphCallback.h>
+#include <ZTDrawEngineLib/shx/ZTRegBigFontShxParser.h>
+#include <ZTDrawEngineLib/shx/ZTShxFontManager.h>
+#include <ZTDrawEngineLib/shx/ZTShxParser.h>
 #include <ZTDrawEngineLib/text/ZTTextShapeBase.h>
 #include <ZTDrawEngineLib/text/ZTVariantTextManager.h>
 #include <ZTMarkDataManager/ZTVariantText.h>

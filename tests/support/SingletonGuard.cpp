@@ -10,6 +10,7 @@ void releaseAll()
     ZTPointSort::release();
     ZTVariantTextManager::release();
     ZTVariantText::setClock({});
+    ZTShxFontManager::release();
 }
 
 } // namespace

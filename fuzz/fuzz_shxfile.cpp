@@ -1,0 +1,82 @@
+// A font file of any bytes: loading, text in both forms, the walk, copies and a second file.
+
+#include <ZTDrawEngineLib/shx/ZTShxParser.h>
+
+#include <QtCore/QByteArray>
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+
+#include <cmath>
+#include <cstdlib>
+
+namespace {
+
+/** Stops the fuzzer at a number that is not finite. */
+class FiniteCallback : public ZTAbstractGlyphCallback
+{
+public:
+    void glBegin() override {}
+    void glVertex2d(double x, double y) override
+    {
+        if (!std::isfinite(x) || !std::isfinite(y))
+            std::abort();
+    }
+    void glEnd() override {}
+    void next() override {}
+};
+
+void writeFile(const QString &path, const std::uint8_t *data, std::size_t size)
+{
+    QFile::remove(path);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        std::abort();
+    file.write(reinterpret_cast<const char *>(data), static_cast<qint64>(size));
+}
+
+/** Text of the font's own codes: the first bytes of its data, and what is usual. */
+void drawTexts(ZTShxParser &parser, const QByteArray &own)
+{
+    FiniteCallback callback;
+    if (parser.GetType() == SHX_TYPE::SHX_UNIFONT) {
+        std::wstring wide;
+        for (int i = 0; i + 1 < own.size(); i += 2)
+            wide += static_cast<wchar_t>(static_cast<unsigned char>(own[i]) |
+                                         static_cast<unsigned char>(own[i + 1]) << 8);
+        parser.drawText(&callback, wide.c_str(), 1.0, 2.0);
+        parser.getTextExtent(L"AB");
+        return;
+    }
+    parser.drawText(&callback, own.constData(), 1.0, 2.0);
+    parser.drawText(&callback, L"AB", 0.0, 0.0);
+    parser.getTextExtent(own.constData());
+}
+
+void walk(ZTShxParser &parser)
+{
+    FiniteCallback callback;
+    parser.resetNextGlyph();
+    for (int i = 0; i < 50 && parser.showNextGlyph(&callback, 0.0, 0.0); ++i) {
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    static const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("font.shx"));
+    writeFile(path, data, size);
+    const QByteArray own(reinterpret_cast<const char *>(data + (size > 30 ? 30 : size)),
+                         static_cast<int>(size > 40 ? 10 : 0));
+    ZTShxParser parser(path.toLocal8Bit().constData());
+    drawTexts(parser, own);
+    walk(parser);
+    const ZTShxParser copy(parser);
+    parser.init(path.toLocal8Bit().constData());
+    parser.cleanup();
+    drawTexts(parser, own);
+    parser = copy;
+    walk(parser);
+    return 0;
+}
