@@ -4,7 +4,9 @@
 
 #include <ZTDrawEngineLib/common/ZTEnumerations.h>
 #include <ZTDrawEngineLib/common/ZTFillParam.h>
+#include <ZTDrawEngineLib/common/ZTFontParam.h>
 #include <ZTDrawEngineLib/common/ZTRoundingParam.h>
+#include <ZTDrawEngineLib/common/ZTShxFontParam.h>
 #include <ZTDrawEngineLib/common/ZTSingletonTemplate.h>
 #include <ZTDrawEngineLib/document/ZTCoord.h>
 #include <ZTDrawEngineLib/document/ZTDrawEngineLib.h>
