@@ -15,7 +15,10 @@ function(zt_install_library target)
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
     INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
   install(DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}/" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${target}
-    FILES_MATCHING PATTERN "*.h" PATTERN "*_p.h" EXCLUDE)
+    FILES_MATCHING PATTERN "*.h" PATTERN "*_p.h" EXCLUDE
+    # Folders without a public header.
+    PATTERN "types" EXCLUDE PATTERN "editors" EXCLUDE PATTERN "hatch" EXCLUDE
+    PATTERN "resources" EXCLUDE)
   list(JOIN arg_PC_REQUIRES " " ZT_PC_REQUIRES)
   # Relative, so that the package may be moved.
   file(RELATIVE_PATH ZT_PC_TO_PREFIX "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")

@@ -13,7 +13,9 @@
 #include <QtPropertyBrowser/QtVariantPropertyManager.h>
 #include <ZTDrawEngineLib/common/ZTEnumerations.h>
 #include <ZTDrawEngineLib/common/ZTFillParam.h>
+#include <ZTDrawEngineLib/common/ZTFontParam.h>
 #include <ZTDrawEngineLib/common/ZTRoundingParam.h>
+#include <ZTDrawEngineLib/common/ZTShxFontParam.h>
 #include <ZTDrawEngineLib/common/ZTSingletonTemplate.h>
 #include <ZTDrawEngineLib/document/ZTCoord.h>
 #include <ZTDrawEngineLib/document/ZTDrawEngineLib.h>
