@@ -17,7 +17,7 @@ echo "soname: $soname"
 [ -z "$(find "$prefix" -name '*_p.h')" ] || { echo "private headers are installed" >&2; exit 1; }
 
 echo "-- by find_package"
-cmake -S "$example" -B "$scratch/cmake-host" -DCMAKE_PREFIX_PATH="$prefix" >"$scratch/cmake.log"
+cmake -G Ninja -S "$example" -B "$scratch/cmake-host" -DCMAKE_PREFIX_PATH="$prefix" >"$scratch/cmake.log"
 cmake --build "$scratch/cmake-host" >>"$scratch/cmake.log"
 "$scratch/cmake-host/minimal-host" --once >"$scratch/cmake-host.out"
 
