@@ -1,18 +1,10 @@
 // A font file of any bytes: loading, text in both forms, the walk, copies and a second file.
 
-<<<<<<< HEAD
 #include "MemoryFile.h"
 
 #include <ZTDrawEngineLib/shx/ZTShxParser.h>
 
 #include <QtCore/QByteArray>
-=======
-#include <ZTDrawEngineLib/shx/ZTShxParser.h>
-
-#include <QtCore/QByteArray>
-#include <QtCore/QFile>
-#include <QtCore/QTemporaryDir>
->>>>>>> 693508d
 
 #include <cmath>
 #include <cstdlib>
@@ -33,18 +25,6 @@ public:
     void next() override {}
 };
 
-<<<<<<< HEAD
-=======
-void writeFile(const QString &path, const std::uint8_t *data, std::size_t size)
-{
-    QFile::remove(path);
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        std::abort();
-    file.write(reinterpret_cast<const char *>(data), static_cast<qint64>(size));
-}
-
->>>>>>> 693508d
 /** Text of the font's own codes: the first bytes of its data, and what is usual. */
 void drawTexts(ZTShxParser &parser, const QByteArray &own)
 {
@@ -75,7 +55,6 @@ void walk(ZTShxParser &parser)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-<<<<<<< HEAD
     static MemoryFile file;
     file.write(data, size);
     const QByteArray path = file.path();
@@ -86,18 +65,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     walk(parser);
     const ZTShxParser copy(parser);
     parser.init(path.constData());
-=======
-    static const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("font.shx"));
-    writeFile(path, data, size);
-    const QByteArray own(reinterpret_cast<const char *>(data + (size > 30 ? 30 : size)),
-                         static_cast<int>(size > 40 ? 10 : 0));
-    ZTShxParser parser(path.toLocal8Bit().constData());
-    drawTexts(parser, own);
-    walk(parser);
-    const ZTShxParser copy(parser);
-    parser.init(path.toLocal8Bit().constData());
->>>>>>> 693508d
     parser.cleanup();
     drawTexts(parser, own);
     parser = copy;

@@ -2,19 +2,11 @@
 //
 // The first byte chooses the form; then come the glyphs "A", "B", … each a length and its codes.
 
-<<<<<<< HEAD
 #include "MemoryFile.h"
 
 #include <ZTDrawEngineLib/shx/ZTShxParser.h>
 
 #include <QtCore/QByteArray>
-=======
-#include <ZTDrawEngineLib/shx/ZTShxParser.h>
-
-#include <QtCore/QByteArray>
-#include <QtCore/QFile>
-#include <QtCore/QTemporaryDir>
->>>>>>> 693508d
 #include <QtCore/QVector>
 
 #include <algorithm>
@@ -80,18 +72,6 @@ QVector<QByteArray> split(const char *data, int size)
     return glyphs;
 }
 
-<<<<<<< HEAD
-=======
-void write(const QString &path, const QByteArray &content)
-{
-    QFile::remove(path);
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        std::abort();
-    file.write(content);
-}
-
->>>>>>> 693508d
 bool sameNumber(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
 
 } // namespace
@@ -100,7 +80,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
 {
     if (size < 2 || size > 4096)
         return 0;
-<<<<<<< HEAD
     static MemoryFile file;
     const QVector<QByteArray> glyphs =
         split(reinterpret_cast<const char *>(data + 1), static_cast<int>(size - 1));
@@ -111,16 +90,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     ZTShxParser drawing(file.path().constData());
     if (drawing.GetType() == SHX_TYPE::SHX_NONE)
         std::abort();
-=======
-    static const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("font.shx"));
-    const QVector<QByteArray> glyphs =
-        split(reinterpret_cast<const char *>(data + 1), static_cast<int>(size - 1));
-    const bool isUnifont = (data[0] & 1) != 0;
-    write(path, isUnifont ? unifontFile(glyphs) : shapesFile(glyphs));
-
-    ZTShxParser drawing(path.toLocal8Bit().constData());
->>>>>>> 693508d
     drawing.setTextHeight(4.0);
     ZTShxParser measuring(drawing);
     FiniteCallback callback;

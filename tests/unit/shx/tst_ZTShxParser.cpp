@@ -281,11 +281,7 @@ private Q_SLOTS:
         ZTShxParser parser = load(writerOfA(1).shapes());
         QCOMPARE(parser.getTextExtent("A"), 2.0);
         ShxWriter other;
-<<<<<<< HEAD
         other.glyphs = {{66, bytes({0x50}), {}}, {67, {}, {}}, {68, {}, {}}, {69, {}, {}}};
-=======
-        other.glyphs = {{66, bytes({0x50}), {}}};
->>>>>>> 693508d
         const QString path = write(QStringLiteral("second"), other.unifont());
         parser.setTextHeight(7.0);
         parser.resetNextGlyph();
