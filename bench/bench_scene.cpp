@@ -69,10 +69,7 @@ public:
     QRectF blockPx;
 };
 
-int countOf(const benchmark::State &state)
-{
-    return static_cast<int>(state.range(0));
-}
+int countOf(const benchmark::State &state) { return static_cast<int>(state.range(0)); }
 
 void BM_create(benchmark::State &state)
 {

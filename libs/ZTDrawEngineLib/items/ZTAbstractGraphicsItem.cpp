@@ -71,10 +71,7 @@ bool ZTAbstractGraphicsItem::load(QDataStream &stream)
     return true;
 }
 
-QString ZTAbstractGraphicsItem::text() const
-{
-    return {};
-}
+QString ZTAbstractGraphicsItem::text() const { return {}; }
 
 void ZTAbstractGraphicsItem::setText(const QString &) {}
 
@@ -97,10 +94,7 @@ void ZTAbstractGraphicsItem::setSize(const QSizeF &sizePx)
     updateResizeItem();
 }
 
-QSizeF ZTAbstractGraphicsItem::getSize() const
-{
-    return size;
-}
+QSizeF ZTAbstractGraphicsItem::getSize() const { return size; }
 
 void ZTAbstractGraphicsItem::setTransformParam(const QTransform &transform)
 {
@@ -163,25 +157,13 @@ void ZTAbstractGraphicsItem::paint(QPainter *painter, const QStyleOptionGraphics
         painter->drawLines(shape->getFillLines());
 }
 
-ZTShapeBase *ZTAbstractGraphicsItem::getShapeBase() const
-{
-    return shape;
-}
+ZTShapeBase *ZTAbstractGraphicsItem::getShapeBase() const { return shape; }
 
-ShapeType ZTAbstractGraphicsItem::getShapeType() const
-{
-    return shapeType;
-}
+ShapeType ZTAbstractGraphicsItem::getShapeType() const { return shapeType; }
 
-void ZTAbstractGraphicsItem::setShapeType(ShapeType type)
-{
-    shapeType = type;
-}
+void ZTAbstractGraphicsItem::setShapeType(ShapeType type) { shapeType = type; }
 
-int ZTAbstractGraphicsItem::getPenId() const
-{
-    return shape != nullptr ? shape->getPenId() : 1;
-}
+int ZTAbstractGraphicsItem::getPenId() const { return shape != nullptr ? shape->getPenId() : 1; }
 
 void ZTAbstractGraphicsItem::setPenId(int penId)
 {
@@ -190,15 +172,9 @@ void ZTAbstractGraphicsItem::setPenId(int penId)
     update();
 }
 
-ZTGraphicsResizeItem *ZTAbstractGraphicsItem::getResizeItem() const
-{
-    return resizeItem;
-}
+ZTGraphicsResizeItem *ZTAbstractGraphicsItem::getResizeItem() const { return resizeItem; }
 
-void ZTAbstractGraphicsItem::setResizeItem(ZTGraphicsResizeItem *frame)
-{
-    resizeItem = frame;
-}
+void ZTAbstractGraphicsItem::setResizeItem(ZTGraphicsResizeItem *frame) { resizeItem = frame; }
 
 QVariant ZTAbstractGraphicsItem::itemChange(GraphicsItemChange change, const QVariant &value)
 {

@@ -135,10 +135,7 @@ void ZTFrameSelection::noteGone(ZTAbstractGraphicsItem *child)
     }
 }
 
-void ZTFrameSelection::forgetExtents()
-{
-    isBoundsValid = false;
-}
+void ZTFrameSelection::forgetExtents() { isBoundsValid = false; }
 
 void ZTFrameSelection::readAll()
 {

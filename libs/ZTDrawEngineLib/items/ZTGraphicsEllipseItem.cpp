@@ -3,10 +3,7 @@
 #include <ZTDrawEngineLib/items/ZTShapeCopy_p.h>
 #include <ZTDrawEngineLib/shapes/ZTEllipseShape.h>
 
-ZTGraphicsEllipseItem::ZTGraphicsEllipseItem()
-{
-    shape = new ZTEllipseShape;
-}
+ZTGraphicsEllipseItem::ZTGraphicsEllipseItem() { shape = new ZTEllipseShape; }
 
 void ZTGraphicsEllipseItem::copy(ZTAbstractGraphicsItem *source)
 {

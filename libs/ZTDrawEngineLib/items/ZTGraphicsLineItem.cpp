@@ -3,10 +3,7 @@
 #include <ZTDrawEngineLib/items/ZTShapeCopy_p.h>
 #include <ZTDrawEngineLib/shapes/ZTLineShape.h>
 
-ZTGraphicsLineItem::ZTGraphicsLineItem() : lineShape(new ZTLineShape)
-{
-    shape = lineShape;
-}
+ZTGraphicsLineItem::ZTGraphicsLineItem() : lineShape(new ZTLineShape) { shape = lineShape; }
 
 void ZTGraphicsLineItem::copy(ZTAbstractGraphicsItem *source)
 {
@@ -17,10 +14,7 @@ void ZTGraphicsLineItem::copy(ZTAbstractGraphicsItem *source)
     }
 }
 
-double ZTGraphicsLineItem::angle() const
-{
-    return lineShape->angle();
-}
+double ZTGraphicsLineItem::angle() const { return lineShape->angle(); }
 
 void ZTGraphicsLineItem::setAngle(double angleDeg)
 {
@@ -29,10 +23,7 @@ void ZTGraphicsLineItem::setAngle(double angleDeg)
     updateResizeItem();
 }
 
-double ZTGraphicsLineItem::length() const
-{
-    return lineShape->length();
-}
+double ZTGraphicsLineItem::length() const { return lineShape->length(); }
 
 void ZTGraphicsLineItem::setLength(double lengthMm)
 {

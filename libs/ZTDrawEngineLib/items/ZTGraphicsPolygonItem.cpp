@@ -21,10 +21,7 @@ void ZTGraphicsPolygonItem::copy(ZTAbstractGraphicsItem *source)
     }
 }
 
-int ZTGraphicsPolygonItem::getSideCount() const
-{
-    return polygonShape->getSideCount();
-}
+int ZTGraphicsPolygonItem::getSideCount() const { return polygonShape->getSideCount(); }
 
 void ZTGraphicsPolygonItem::setSideCount(int count)
 {

@@ -3,10 +3,7 @@
 #include <ZTDrawEngineLib/items/ZTShapeCopy_p.h>
 #include <ZTDrawEngineLib/shapes/ZTRectShape.h>
 
-ZTGraphicsRectItem::ZTGraphicsRectItem()
-{
-    shape = new ZTRectShape;
-}
+ZTGraphicsRectItem::ZTGraphicsRectItem() { shape = new ZTRectShape; }
 
 void ZTGraphicsRectItem::copy(ZTAbstractGraphicsItem *source)
 {

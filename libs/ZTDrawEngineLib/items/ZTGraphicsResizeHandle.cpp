@@ -21,38 +21,14 @@ struct HandleKind
     void (*drag)(QRectF &rectPx, const QPointF &handlePos);
 };
 
-void dragTopLeft(QRectF &rectPx, const QPointF &pos)
-{
-    rectPx.setTopLeft(pos);
-}
-void dragTopRight(QRectF &rectPx, const QPointF &pos)
-{
-    rectPx.setTopRight(pos);
-}
-void dragBottomLeft(QRectF &rectPx, const QPointF &pos)
-{
-    rectPx.setBottomLeft(pos);
-}
-void dragBottomRight(QRectF &rectPx, const QPointF &pos)
-{
-    rectPx.setBottomRight(pos);
-}
-void dragTop(QRectF &rectPx, const QPointF &pos)
-{
-    rectPx.setTop(pos.y());
-}
-void dragLeft(QRectF &rectPx, const QPointF &pos)
-{
-    rectPx.setLeft(pos.x());
-}
-void dragRight(QRectF &rectPx, const QPointF &pos)
-{
-    rectPx.setRight(pos.x());
-}
-void dragBottom(QRectF &rectPx, const QPointF &pos)
-{
-    rectPx.setBottom(pos.y());
-}
+void dragTopLeft(QRectF &rectPx, const QPointF &pos) { rectPx.setTopLeft(pos); }
+void dragTopRight(QRectF &rectPx, const QPointF &pos) { rectPx.setTopRight(pos); }
+void dragBottomLeft(QRectF &rectPx, const QPointF &pos) { rectPx.setBottomLeft(pos); }
+void dragBottomRight(QRectF &rectPx, const QPointF &pos) { rectPx.setBottomRight(pos); }
+void dragTop(QRectF &rectPx, const QPointF &pos) { rectPx.setTop(pos.y()); }
+void dragLeft(QRectF &rectPx, const QPointF &pos) { rectPx.setLeft(pos.x()); }
+void dragRight(QRectF &rectPx, const QPointF &pos) { rectPx.setRight(pos.x()); }
+void dragBottom(QRectF &rectPx, const QPointF &pos) { rectPx.setBottom(pos.y()); }
 
 const HandleKind &kindOf(int index)
 {

@@ -57,25 +57,13 @@ ZTGraphicsResizeItem::~ZTGraphicsResizeItem()
         delete handles.takeLast();
 }
 
-void ZTGraphicsResizeItem::setUndoStack(QUndoStack *stack)
-{
-    undoStack = stack;
-}
+void ZTGraphicsResizeItem::setUndoStack(QUndoStack *stack) { undoStack = stack; }
 
-QUndoStack *ZTGraphicsResizeItem::getUndoStack() const
-{
-    return undoStack;
-}
+QUndoStack *ZTGraphicsResizeItem::getUndoStack() const { return undoStack; }
 
-void ZTGraphicsResizeItem::setEnableResizeFromChild(bool enable)
-{
-    enableResizeFromChild = enable;
-}
+void ZTGraphicsResizeItem::setEnableResizeFromChild(bool enable) { enableResizeFromChild = enable; }
 
-bool ZTGraphicsResizeItem::isEnableResizeFromChild() const
-{
-    return enableResizeFromChild;
-}
+bool ZTGraphicsResizeItem::isEnableResizeFromChild() const { return enableResizeFromChild; }
 
 const QList<QGraphicsItem *> &ZTGraphicsResizeItem::selectItem() const
 {

@@ -97,15 +97,9 @@ void ZTGraphicsScene::setUndoStack(QUndoStack *stack)
         resizeItem->setUndoStack(stack);
 }
 
-QUndoStack *ZTGraphicsScene::getUndoStack() const
-{
-    return undoStack;
-}
+QUndoStack *ZTGraphicsScene::getUndoStack() const { return undoStack; }
 
-ZTGraphicsResizeItem *ZTGraphicsScene::getGraphicsResizeItem() const
-{
-    return resizeItem;
-}
+ZTGraphicsResizeItem *ZTGraphicsScene::getGraphicsResizeItem() const { return resizeItem; }
 
 QRectF ZTGraphicsScene::getSelectionItemRect() const
 {

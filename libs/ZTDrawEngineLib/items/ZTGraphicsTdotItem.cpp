@@ -3,10 +3,7 @@
 #include <ZTDrawEngineLib/items/ZTShapeCopy_p.h>
 #include <ZTDrawEngineLib/shapes/ZTTdotShape.h>
 
-ZTGraphicsTdotItem::ZTGraphicsTdotItem()
-{
-    shape = new ZTTdotShape;
-}
+ZTGraphicsTdotItem::ZTGraphicsTdotItem() { shape = new ZTTdotShape; }
 
 void ZTGraphicsTdotItem::copy(ZTAbstractGraphicsItem *source)
 {

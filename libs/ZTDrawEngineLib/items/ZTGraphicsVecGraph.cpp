@@ -3,10 +3,7 @@
 #include <ZTDrawEngineLib/items/ZTShapeCopy_p.h>
 #include <ZTDrawEngineLib/shapes/ZTVecGraph.h>
 
-ZTGraphicsVecGraph::ZTGraphicsVecGraph()
-{
-    shape = new ZTVecGraph;
-}
+ZTGraphicsVecGraph::ZTGraphicsVecGraph() { shape = new ZTVecGraph; }
 
 void ZTGraphicsVecGraph::copy(ZTAbstractGraphicsItem *source)
 {

@@ -16,35 +16,17 @@ template class ZTSingletonTemplate<ZTLineItemFactory>;
 template class ZTSingletonTemplate<ZTTdotItemFactory>;
 template class ZTSingletonTemplate<ZTVecGraphItemFactory>;
 
-ZTAbstractGraphicsItem *ZTRectItemFactory::create()
-{
-    return new ZTGraphicsRectItem;
-}
+ZTAbstractGraphicsItem *ZTRectItemFactory::create() { return new ZTGraphicsRectItem; }
 
-ZTAbstractGraphicsItem *ZTEllipseItemFactory::create()
-{
-    return new ZTGraphicsEllipseItem;
-}
+ZTAbstractGraphicsItem *ZTEllipseItemFactory::create() { return new ZTGraphicsEllipseItem; }
 
-ZTAbstractGraphicsItem *ZTPolygonItemFactory::create()
-{
-    return new ZTGraphicsPolygonItem;
-}
+ZTAbstractGraphicsItem *ZTPolygonItemFactory::create() { return new ZTGraphicsPolygonItem; }
 
-ZTAbstractGraphicsItem *ZTLineItemFactory::create()
-{
-    return new ZTGraphicsLineItem;
-}
+ZTAbstractGraphicsItem *ZTLineItemFactory::create() { return new ZTGraphicsLineItem; }
 
-ZTAbstractGraphicsItem *ZTTdotItemFactory::create()
-{
-    return new ZTGraphicsTdotItem;
-}
+ZTAbstractGraphicsItem *ZTTdotItemFactory::create() { return new ZTGraphicsTdotItem; }
 
-void ZTVecGraphItemFactory::setPath(const QString &path)
-{
-    nextPath = path;
-}
+void ZTVecGraphItemFactory::setPath(const QString &path) { nextPath = path; }
 
 ZTAbstractGraphicsItem *ZTVecGraphItemFactory::create()
 {

@@ -26,10 +26,7 @@ QRectF ZTSelectionBounds::Extent::rect() const
     return isNull ? QRectF() : QRectF(QPointF(left, top), QPointF(right, bottom));
 }
 
-double ZTSelectionBounds::Extent::z() const
-{
-    return maxZ;
-}
+double ZTSelectionBounds::Extent::z() const { return maxZ; }
 
 void ZTSelectionBounds::assign(const std::vector<Extent> &extents)
 {

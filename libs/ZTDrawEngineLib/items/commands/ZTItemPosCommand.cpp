@@ -13,15 +13,9 @@ ZTItemPosCommand::ZTItemPosCommand(ZTAbstractGraphicsItem *movedItem, const QPoi
     setText(QObject::tr("Pos %1 %2").arg(shapeIdOf(movedItem), 0, 10, blank).arg(position));
 }
 
-void ZTItemPosCommand::undo()
-{
-    moveTo(oldPos);
-}
+void ZTItemPosCommand::undo() { moveTo(oldPos); }
 
-void ZTItemPosCommand::redo()
-{
-    moveTo(newPos);
-}
+void ZTItemPosCommand::redo() { moveTo(newPos); }
 
 void ZTItemPosCommand::moveTo(const QPointF &posPx)
 {

@@ -9,15 +9,9 @@ ZTItemPropertyCommand::ZTItemPropertyCommand(QObject *changedObject, const QStri
     setText(QObject::tr("Property"));
 }
 
-void ZTItemPropertyCommand::undo()
-{
-    write(oldValue);
-}
+void ZTItemPropertyCommand::undo() { write(oldValue); }
 
-void ZTItemPropertyCommand::redo()
-{
-    write(newValue);
-}
+void ZTItemPropertyCommand::redo() { write(newValue); }
 
 void ZTItemPropertyCommand::write(const QVariant &value)
 {

@@ -10,15 +10,9 @@ ZTItemTransformCommand::ZTItemTransformCommand(ZTAbstractGraphicsItem *changedIt
     setText(QObject::tr("Transform %1").arg(shapeIdOf(changedItem), 0, 10, QLatin1Char(' ')));
 }
 
-void ZTItemTransformCommand::undo()
-{
-    giveTransform(oldTransform);
-}
+void ZTItemTransformCommand::undo() { giveTransform(oldTransform); }
 
-void ZTItemTransformCommand::redo()
-{
-    giveTransform(newTransform);
-}
+void ZTItemTransformCommand::redo() { giveTransform(newTransform); }
 
 void ZTItemTransformCommand::giveTransform(const QTransform &transform)
 {

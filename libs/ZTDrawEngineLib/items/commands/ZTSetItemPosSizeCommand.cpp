@@ -14,12 +14,6 @@ void ZTSetItemPosSizeCommand::undo() {}
 
 void ZTSetItemPosSizeCommand::redo() {}
 
-int ZTSetItemPosSizeCommand::id() const
-{
-    return 0;
-}
+int ZTSetItemPosSizeCommand::id() const { return 0; }
 
-bool ZTSetItemPosSizeCommand::mergeWith(const QUndoCommand *)
-{
-    return false;
-}
+bool ZTSetItemPosSizeCommand::mergeWith(const QUndoCommand *) { return false; }

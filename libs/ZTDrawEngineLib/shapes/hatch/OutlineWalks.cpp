@@ -26,10 +26,7 @@ QPointF OutlineWalks::start(int edge, Direction direction) const
 }
 
 /** First edge of a walk: searched from the polygon's first edge. */
-int OutlineWalks::firstStep(int edge, Direction direction)
-{
-    return stepFrom(edge, 0, direction);
-}
+int OutlineWalks::firstStep(int edge, Direction direction) { return stepFrom(edge, 0, direction); }
 
 /** Edge after one that the walk has taken: searched from the one behind it. */
 int OutlineWalks::nextStep(int edge, Direction direction)
