@@ -12,6 +12,7 @@
 
 QT_BEGIN_NAMESPACE
 class QAbstractItemModel;
+class QDataStream;
 class QGraphicsItem;
 QT_END_NAMESPACE
 
@@ -89,6 +90,27 @@ public:
     /** The scene. Owner: the manager. */
     ZTGraphicsScene *scene() const;
 
+    /**
+     * Writes the drawing: the variant texts, the next id (qint32), the number of items (qint32),
+     * and each item from the bottom up: its kind (quint8), its position (QPointF), its shape's own
+     * record.
+     *
+     * Version, byte order and precision are those that the caller set on the stream. There is no
+     * magic number and no checksum: a host writes a header of its own around it.
+     * Kept: polygons and imported drawings store only their one field, see their `save`.
+     */
+    void save(QDataStream &stream);
+
+    /**
+     * Adds the drawing that `save` wrote to the present one. Returns true whatever it read.
+     *
+     * Nothing is cleared first, no undo command is pushed and `sigAddedShape` is not emitted. The
+     * id counter becomes the stream's, so ids may repeat. The stream's status is the caller's to
+     * test; the item count is taken as it stands, so give it streams that are known to be whole.
+     * Kept: where the stream ends early, each item still announced becomes an empty rectangle.
+     */
+    bool load(QDataStream &stream);
+
     /** Always true; looks at neither argument. */
     bool deduplicatio(ZTMarkGraph &graph, const QLineF &line);
 
@@ -113,6 +135,7 @@ Q_SIGNALS:
     void sigAddedShape(ZTAbstractGraphicsItem *item);
 
 private:
+    void loadItem(QDataStream &stream);
     ZTMarkGraph markGraphOf(const QList<QGraphicsItem *> &items);
 
     ZTGraphicsScene *m_scene = nullptr; ///< child
