@@ -9,6 +9,8 @@
 #include <QtCore/QDir>
 #include <QtWidgets/QApplication>
 
+#include <cstdio>
+
 namespace {
 
 struct Options
@@ -44,6 +46,13 @@ QString fromArgument(const std::string &text)
     return QString::fromLocal8Bit(text.data(), static_cast<int>(text.size()));
 }
 
+/** Passes messages on, but for what the offscreen platform says of any window with a least size. */
+void tellMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
+{
+    if (!text.startsWith(QLatin1String("This plugin does not support")))
+        std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
+}
+
 int runWindow(const Options &options)
 {
     studio::MainWindow window;
@@ -58,8 +67,8 @@ int runWindow(const Options &options)
 int runWithoutDisplay(const Options &options)
 {
     studio::MainWindow window(std::make_unique<studio::ConsoleMessages>());
-    return studio::runHeadless(
-        window, {fromArgument(options.drawing), fromArgument(options.outFolder)});
+    return studio::runHeadless(window,
+                               {fromArgument(options.drawing), fromArgument(options.outFolder)});
 }
 
 } // namespace
@@ -75,8 +84,10 @@ int main(int argc, char *argv[])
         return app.exit(error) == 0 ? 0 : 2;
     }
     options.headless = options.headless || !hasDisplay();
-    if (options.headless)
+    if (options.headless) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+        qInstallMessageHandler(&tellMessage);
+    }
 
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);

@@ -6,7 +6,8 @@ namespace hostkit {
 
 namespace {
 
-template <class ItemFactory> void registerAs(ShapeType type)
+template <class ItemFactory>
+void registerAs(ShapeType type)
 {
     // The first factory under a name stays, so a second call is harmless.
     ZTGraphicsItemFactory::regist(ShapeType2String(type), ItemFactory::getInstance());

@@ -101,9 +101,8 @@ void drawDial(Draughtsman &draw)
     constexpr double kHexagonWidth = 0.866; // of its height, standing on a corner
     for (int i = 0; i < kSteps; ++i) {
         const QSizeF halfMm = QSizeF(kHexagonWidth, 1.0) * (17.0 - 2.2 * i);
-        ZTAbstractGraphicsItem *polygon =
-            draw.add(ShapeType::Polygon,
-                     {{-30 - halfMm.width(), 8 - halfMm.height()}, 2 * halfMm}, Blue, 6);
+        ZTAbstractGraphicsItem *polygon = draw.add(
+            ShapeType::Polygon, {{-30 - halfMm.width(), 8 - halfMm.height()}, 2 * halfMm}, Blue, 6);
         draw.turn(polygon, 10.0 * i);
         if (i == kSteps - 1)
             draw.hatch(polygon, FillType::Line, 0.5, 0);

@@ -19,38 +19,45 @@ constexpr double kSmallNudgeMm = 0.1;
 constexpr auto kWindow = ShortcutScope::Window;
 constexpr auto kView = ShortcutScope::View;
 
-template <ShapeType type> void create(MainWindow &window)
+template <ShapeType type>
+void create(MainWindow &window)
 {
     window.edit().create(type);
 }
 
-template <int alignment> void align(MainWindow &window)
+template <int alignment>
+void align(MainWindow &window)
 {
     window.edit().align(Qt::Alignment(alignment));
 }
 
-template <int degrees> void rotate(MainWindow &window)
+template <int degrees>
+void rotate(MainWindow &window)
 {
     window.edit().rotate(degrees);
 }
 
-template <MirrorCommand::Kind kind> void mirror(MainWindow &window)
+template <MirrorCommand::Kind kind>
+void mirror(MainWindow &window)
 {
     window.edit().mirror(kind);
 }
 
 /** Nudges by a direction, each part -1, 0 or 1, times one of the three steps. */
-template <int x, int y> void nudge(MainWindow &window)
+template <int x, int y>
+void nudge(MainWindow &window)
 {
     window.edit().nudge(QPointF(x, y) * kNudgeMm);
 }
 
-template <int x, int y> void nudgeFar(MainWindow &window)
+template <int x, int y>
+void nudgeFar(MainWindow &window)
 {
     window.edit().nudge(QPointF(x, y) * kLargeNudgeMm);
 }
 
-template <int x, int y> void nudgeFinely(MainWindow &window)
+template <int x, int y>
+void nudgeFinely(MainWindow &window)
 {
     window.edit().nudge(QPointF(x, y) * kSmallNudgeMm);
 }
@@ -202,10 +209,17 @@ QString toolTipOf(const Command &command, const QList<QKeySequence> &shortcuts)
     return tip;
 }
 
+QList<QKeySequence> shortcutsOf(const Command &command)
+{
+    if (*command.shortcuts == '\0')
+        return {};
+    return QKeySequence::listFromString(QString::fromLatin1(command.shortcuts));
+}
+
 QAction *newAction(const Command &command, QObject *parent)
 {
     auto *action = new QAction(translated(command.text), parent);
-    const auto shortcuts = QKeySequence::listFromString(QString::fromLatin1(command.shortcuts));
+    const QList<QKeySequence> shortcuts = shortcutsOf(command);
     action->setObjectName(QString::fromLatin1(command.id));
     action->setIcon(icon(command.icon));
     action->setShortcuts(shortcuts);
@@ -215,10 +229,7 @@ QAction *newAction(const Command &command, QObject *parent)
 
 } // namespace
 
-const QVector<Command> &commandTable()
-{
-    return kTable;
-}
+const QVector<Command> &commandTable() { return kTable; }
 
 Commands::Commands(MainWindow &window, QWidget &view) : QObject(&window)
 {

@@ -63,20 +63,11 @@ void DocumentActions::followSelection()
         frame->resizeFromChild();
 }
 
-ShapeItems DocumentActions::selected() const
-{
-    return selectedShapeItems(*document.scene());
-}
+ShapeItems DocumentActions::selected() const { return selectedShapeItems(*document.scene()); }
 
-void DocumentActions::push(QUndoCommand *command)
-{
-    document.undoStack()->push(command);
-}
+void DocumentActions::push(QUndoCommand *command) { document.undoStack()->push(command); }
 
-void DocumentActions::create(ShapeType type)
-{
-    document.slotCreateShape(type);
-}
+void DocumentActions::create(ShapeType type) { document.slotCreateShape(type); }
 
 void DocumentActions::recordCreated(ShapeItem *item)
 {
@@ -107,10 +98,7 @@ void DocumentActions::removeSelected()
                                 tr("Delete %n shape(s)", nullptr, doomed.size())));
 }
 
-void DocumentActions::clear()
-{
-    document.clear();
-}
+void DocumentActions::clear() { document.clear(); }
 
 void DocumentActions::selectAll()
 {
@@ -127,10 +115,7 @@ void DocumentActions::invertSelection()
     selectOnly(*document.scene(), others);
 }
 
-void DocumentActions::clearSelection()
-{
-    document.scene()->clearSelection();
-}
+void DocumentActions::clearSelection() { document.scene()->clearSelection(); }
 
 void DocumentActions::nudge(const QPointF &byMm)
 {

@@ -19,26 +19,22 @@ QString nameBeside(const QString &path)
 {
     const QFileInfo info(path);
     return QStringLiteral("%1/.%2-%3.%4")
-        .arg(info.path(), info.completeBaseName(),
-             QUuid::createUuid().toString(QUuid::Id128), info.suffix());
+        .arg(info.path(), info.completeBaseName(), QUuid::createUuid().toString(QUuid::Id128),
+             info.suffix());
 }
 
 /** Moves a file over another one in one step. */
 bool replaceFile(const QString &from, const QString &to)
 {
-    return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) ==
-           0;
+    return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
 }
 
 } // namespace
 
 ExportJob::ExportJob(ZTShapeManager &manager, bool selectionOnly, const QString &path,
                      QObject *parent)
-    : QObject(parent),
-      builder(std::make_unique<MarkGraphBuilder>(manager, selectionOnly)),
-      target(path),
-      partPath(nameBeside(path)),
-      units(hostkit::MarkUnits::current()),
+    : QObject(parent), builder(std::make_unique<MarkGraphBuilder>(manager, selectionOnly)),
+      target(path), partPath(nameBeside(path)), units(hostkit::MarkUnits::current()),
       objectCount(builder->total())
 {
     nextStep.setInterval(0);
@@ -84,9 +80,8 @@ void ExportJob::write()
     nextStep.stop();
     graph = builder->takeSorted();
     builder.reset();
-    writer.reset(QThread::create([this] {
-        hostkit::saveMarkGraph(graph, units, partPath, &error);
-    }));
+    writer.reset(
+        QThread::create([this] { hostkit::saveMarkGraph(graph, units, partPath, &error); }));
     connect(writer.get(), &QThread::finished, this, &ExportJob::finish);
     writer->start();
     Q_EMIT writing();

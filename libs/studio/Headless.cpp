@@ -67,9 +67,8 @@ int runHeadless(MainWindow &window, const HeadlessJob &job)
     if (!draw(window, job.drawingPath))
         return 1;
 
-    const QString name = job.drawingPath.isEmpty()
-                             ? QStringLiteral("sample")
-                             : QFileInfo(job.drawingPath).completeBaseName();
+    const QString name = job.drawingPath.isEmpty() ? QStringLiteral("sample")
+                                                   : QFileInfo(job.drawingPath).completeBaseName();
     const QString base = QDir(job.outFolder).filePath(name);
     const QString picture = base + QStringLiteral("-window.png");
     if (!renderWindow(window, picture))

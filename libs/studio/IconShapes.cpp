@@ -18,8 +18,9 @@ constexpr IconShape kShapes[] = {
     {"align-right", "M 21 3 L 21 21", "R 5 5 14 5 R 11 14 8 5"},
     {"align-top", "M 3 3 L 21 3", "R 5 5 5 14 R 14 5 5 9"},
     {"align-vcenter", "M 2 12 L 22 12", "R 5 5 5 14 R 14 8 5 8"},
-    {"delete", "M 4 6 L 20 6 M 9 6 L 9 3 L 15 3 L 15 6 M 6 6 L 7 21 L 17 21 L 18 6 M 10 10 L 10.4 17 "
-               "M 14 10 L 13.6 17",
+    {"delete",
+     "M 4 6 L 20 6 M 9 6 L 9 3 L 15 3 L 15 6 M 6 6 L 7 21 L 17 21 L 18 6 M 10 10 L 10.4 17 "
+     "M 14 10 L 13.6 17",
      ""},
     {"duplicate", "R 3 3 12 12", "R 9 9 12 12"},
     {"ellipse", "E 2.5 5.5 19 13", ""},
@@ -39,8 +40,9 @@ constexpr IconShape kShapes[] = {
     {"rotate", "M 16 4 L 4 20 L 21 20 M 14.5 20 C 14.5 16 13 14 10.5 12", "E 2 18 4 4"},
     {"rotate-left", "M 4 5 L 4 10 L 9 10 M 4 10 C 6 3 20 3 20 12 C 20 20 11 22 6 18", ""},
     {"rotate-right", "M 20 5 L 20 10 L 15 10 M 20 10 C 18 3 4 3 4 12 C 4 20 13 22 18 18", ""},
-    {"tdot", "E 3 3 18 18", "E 5.5 5.5 4 4 E 14.5 5.5 4 4 E 5.5 14.5 4 4 E 14.5 14.5 4 4 "
-                           "E 9.5 9.5 5 5"},
+    {"tdot", "E 3 3 18 18",
+     "E 5.5 5.5 4 4 E 14.5 5.5 4 4 E 5.5 14.5 4 4 E 14.5 14.5 4 4 "
+     "E 9.5 9.5 5 5"},
     {"undo", "M 4 9 L 15 9 C 19 9 21 12 21 14.5 C 21 17 19 20 15 20 L 9 20 M 9 4 L 4 9 L 9 14", ""},
     {"zoom-in", "E 3 3 13 13 M 14.5 14.5 L 21 21 M 6.5 9.5 L 12.5 9.5 M 9.5 6.5 L 9.5 12.5", ""},
     {"zoom-out", "E 3 3 13 13 M 14.5 14.5 L 21 21 M 6.5 9.5 L 12.5 9.5", ""},
@@ -81,9 +83,9 @@ private:
 
 const IconShape *findIconShape(const char *name)
 {
-    const auto *found = std::find_if(std::begin(kShapes), std::end(kShapes), [&](const auto &shape) {
-        return std::strcmp(shape.name, name) == 0;
-    });
+    const auto *found =
+        std::find_if(std::begin(kShapes), std::end(kShapes),
+                     [&](const auto &shape) { return std::strcmp(shape.name, name) == 0; });
     return found != std::end(kShapes) ? found : nullptr;
 }
 

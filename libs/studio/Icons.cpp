@@ -57,8 +57,8 @@ public:
         painter->save();
         enterField(*painter, rect);
         painter->fillPath(areas, accent);
-        painter->strokePath(
-            lines, QPen(ink, kLineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter->strokePath(lines,
+                            QPen(ink, kLineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         painter->restore();
     }
 
@@ -108,9 +108,6 @@ QIcon icon(const char *name)
     return shape != nullptr ? QIcon(new ShapeIconEngine(*shape)) : QIcon();
 }
 
-QIcon programIcon()
-{
-    return QIcon(new ProgramIconEngine);
-}
+QIcon programIcon() { return QIcon(new ProgramIconEngine); }
 
 } // namespace studio

@@ -18,10 +18,7 @@ struct ImportTexts
     Q_DECLARE_TR_FUNCTIONS(studio::Importer)
 };
 
-QString fileNameOf(const QString &path)
-{
-    return QFileInfo(path).fileName();
-}
+QString fileNameOf(const QString &path) { return QFileInfo(path).fileName(); }
 
 /** What a report lists of lines that lose something. */
 QStringList problemLines(const PltReport &report)
@@ -99,8 +96,8 @@ int Importer::importFiles(const QStringList &paths, std::optional<QPointF> centr
     const QString text = imported.size() == 1
                              ? ImportTexts::tr("Import %1").arg(fileNameOf(paths.first()))
                              : ImportTexts::tr("Import %n drawing(s)", nullptr, imported.size());
-    document.undoStack()->push(new AddItemsCommand(
-        document.itemMag(), imported, selectedShapeItems(*document.scene()), text));
+    document.undoStack()->push(new AddItemsCommand(document.itemMag(), imported,
+                                                   selectedShapeItems(*document.scene()), text));
     return imported.size();
 }
 

@@ -97,9 +97,9 @@ void MainWindow::buildDocument()
     connect(viewNavigation, &ViewNavigation::zoomChanged, status, &StatusBar::showZoom);
     connect(actions, &DocumentActions::added, viewNavigation, &ViewNavigation::reveal);
     connect(fileExporter, &Exporter::exported, this, [this](const QString &path, int objects) {
-        status->showMessage(tr("%n shape(s) written to %1", nullptr, objects)
-                                .arg(QDir::toNativeSeparators(path)),
-                            kStatusMs);
+        status->showMessage(
+            tr("%n shape(s) written to %1", nullptr, objects).arg(QDir::toNativeSeparators(path)),
+            kStatusMs);
     });
 }
 
@@ -213,10 +213,7 @@ void MainWindow::chooseImport()
     dialog->open();
 }
 
-void MainWindow::chooseExport(bool selectionOnly)
-{
-    fileExporter->choose(selectionOnly);
-}
+void MainWindow::chooseExport(bool selectionOnly) { fileExporter->choose(selectionOnly); }
 
 void MainWindow::newDrawing()
 {
@@ -244,8 +241,8 @@ void MainWindow::addSample()
     const ShapeItems selectedBefore = selectedShapeItems(*drawing->scene());
     hostkit::buildSampleDrawing(*drawing);
     const ShapeItems added = shapeItemsOf(*drawing->scene()).mid(before.size());
-    drawing->undoStack()->push(new AddItemsCommand(drawing->itemMag(), added, selectedBefore,
-                                                   tr("Add sample drawing")));
+    drawing->undoStack()->push(
+        new AddItemsCommand(drawing->itemMag(), added, selectedBefore, tr("Add sample drawing")));
     drawing->scene()->clearSelection();
     fitAll();
 }
@@ -275,21 +272,15 @@ void MainWindow::showMatrixDialog()
     matrixDialog->activateWindow();
 }
 
-void MainWindow::fitSelection()
-{
-    navigation().fit(drawing->scene()->getSelectionItemRect());
-}
+void MainWindow::fitSelection() { navigation().fit(drawing->scene()->getSelectionItemRect()); }
 
-void MainWindow::fitAll()
-{
-    navigation().fit(sceneBox(shapeItemsOf(*drawing->scene())));
-}
+void MainWindow::fitAll() { navigation().fit(sceneBox(shapeItemsOf(*drawing->scene()))); }
 
 void MainWindow::showAbout()
 {
-    auto *box = new QMessageBox(QMessageBox::NoIcon, tr("About"),
-                                tr("Studio %1").arg(QStringLiteral(ZT_VERSION)), QMessageBox::Ok,
-                                this);
+    auto *box =
+        new QMessageBox(QMessageBox::NoIcon, tr("About"),
+                        tr("Studio %1").arg(QStringLiteral(ZT_VERSION)), QMessageBox::Ok, this);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setIconPixmap(windowIcon().pixmap(64));
     box->setInformativeText(tr("Draws what a laser marks, and hands out the paths."));

@@ -8,8 +8,8 @@ namespace studio {
 
 MarkGraphBuilder::MarkGraphBuilder(ZTShapeManager &source, bool selectionOnly) : manager(source)
 {
-    const ShapeItems ascending = selectionOnly ? selectedShapeItems(*manager.scene())
-                                               : shapeItemsOf(*manager.scene());
+    const ShapeItems ascending =
+        selectionOnly ? selectedShapeItems(*manager.scene()) : shapeItemsOf(*manager.scene());
     items = guarded(ascending);
     std::reverse(items.begin(), items.end());
     graph.objects.reserve(items.size());

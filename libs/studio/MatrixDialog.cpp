@@ -23,15 +23,11 @@ constexpr int kMarginPx = 24;
 } // namespace
 
 MatrixDialog::MatrixDialog(ZTGraphicsDocument &edited, DocumentActions &editing, QWidget *parent)
-    : QDialog(parent),
-      document(edited),
-      actions(editing),
+    : QDialog(parent), document(edited), actions(editing),
       rowsBox(addCount(QStringLiteral("rows"), 3)),
       columnsBox(addCount(QStringLiteral("columns"), 4)),
-      acrossBox(addGap(QStringLiteral("gapAcross"))),
-      downBox(addGap(QStringLiteral("gapDown"))),
-      hintLabel(new QLabel(this)),
-      createButton(new QPushButton(tr("&Create"), this))
+      acrossBox(addGap(QStringLiteral("gapAcross"))), downBox(addGap(QStringLiteral("gapDown"))),
+      hintLabel(new QLabel(this)), createButton(new QPushButton(tr("&Create"), this))
 {
     setWindowTitle(tr("Matrix"));
     setObjectName(QStringLiteral("matrixDialog"));
@@ -40,10 +36,7 @@ MatrixDialog::MatrixDialog(ZTGraphicsDocument &edited, DocumentActions &editing,
     connect(document.undoStack(), &QUndoStack::indexChanged, this, &MatrixDialog::refresh);
 }
 
-MatrixDialog::~MatrixDialog()
-{
-    delete preview;
-}
+MatrixDialog::~MatrixDialog() { delete preview; }
 
 QSpinBox *MatrixDialog::addCount(const QString &name, int value)
 {
@@ -122,8 +115,8 @@ void MatrixDialog::refresh()
         return;
     const ShapeItem *item = source();
     const MatrixGrid wanted = grid();
-    const bool isPossible = item != nullptr && wanted.cells() > 1 &&
-                            wanted.cells() <= DocumentActions::kMaxMatrix;
+    const bool isPossible =
+        item != nullptr && wanted.cells() > 1 && wanted.cells() <= DocumentActions::kMaxMatrix;
     preview->show(isPossible ? item : nullptr, wanted);
     createButton->setEnabled(isPossible);
     hintLabel->setText(hint(item, wanted));

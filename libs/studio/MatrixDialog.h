@@ -52,7 +52,7 @@ private:
     QDoubleSpinBox *downBox;
     QLabel *hintLabel;
     QPushButton *createButton;
-    QPointer<MatrixPreview> preview;   ///< an item of the scene, while the dialog is open
+    QPointer<MatrixPreview> preview; ///< an item of the scene, while the dialog is open
     bool hasBeenShown = false;
     QMetaObject::Connection following; ///< moves of the source
 };

@@ -64,8 +64,8 @@ void MatrixPreview::show(const ShapeItem *source, const MatrixGrid &grid)
 
 MatrixPreview::CellRange MatrixPreview::cellsWithin(const QRectF &exposedPx) const
 {
-    const auto columns = cellsOf(exposedPx.left() - boxPx.right(),
-                                 exposedPx.right() - boxPx.left(), pitch.x(), shown.columns);
+    const auto columns = cellsOf(exposedPx.left() - boxPx.right(), exposedPx.right() - boxPx.left(),
+                                 pitch.x(), shown.columns);
     const auto rows = cellsOf(exposedPx.top() - boxPx.bottom(), exposedPx.bottom() - boxPx.top(),
                               pitch.y(), shown.rows);
     return {columns.first, columns.second, rows.first, rows.second};
@@ -75,8 +75,8 @@ void MatrixPreview::paint(QPainter *painter, const QStyleOptionGraphicsItem *opt
 {
     if (extentPx.isNull())
         return;
-    const CellRange range = cellsWithin(painter->worldTransform().inverted().mapRect(
-        QRectF(painter->viewport())));
+    const CellRange range =
+        cellsWithin(painter->worldTransform().inverted().mapRect(QRectF(painter->viewport())));
     const double scale = option->levelOfDetailFromTransform(painter->worldTransform());
     const double cellPx = scale * qMax(std::abs(pitch.x()), std::abs(pitch.y()));
     painter->setPen(QPen(kInk, 0, Qt::DashLine));

@@ -40,8 +40,7 @@ public:
 
     QRectF boundingRect() const override { return extentPx; }
     QPainterPath shape() const override { return {}; }
-    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option,
-               QWidget *widget) override;
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
 
 private:
     /** Cells from a first to behind a last one, in both directions. */

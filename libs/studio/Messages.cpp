@@ -8,10 +8,7 @@ namespace studio {
 
 namespace {
 
-void print(const QString &line)
-{
-    std::fprintf(stderr, "ztstudio: %s\n", qUtf8Printable(line));
-}
+void print(const QString &line) { std::fprintf(stderr, "ztstudio: %s\n", qUtf8Printable(line)); }
 
 void print(const Message &message)
 {
@@ -26,15 +23,9 @@ Messages::~Messages() = default;
 
 DialogMessages::DialogMessages(QWidget *parent) : window(parent) {}
 
-void DialogMessages::failure(const Message &message)
-{
-    show(QMessageBox::Critical, message);
-}
+void DialogMessages::failure(const Message &message) { show(QMessageBox::Critical, message); }
 
-void DialogMessages::warning(const Message &message)
-{
-    show(QMessageBox::Warning, message);
-}
+void DialogMessages::warning(const Message &message) { show(QMessageBox::Warning, message); }
 
 void DialogMessages::show(int icon, const Message &message)
 {
@@ -49,14 +40,8 @@ void DialogMessages::show(int icon, const Message &message)
     box->open();
 }
 
-void ConsoleMessages::failure(const Message &message)
-{
-    print(message);
-}
+void ConsoleMessages::failure(const Message &message) { print(message); }
 
-void ConsoleMessages::warning(const Message &message)
-{
-    print(message);
-}
+void ConsoleMessages::warning(const Message &message) { print(message); }
 
 } // namespace studio

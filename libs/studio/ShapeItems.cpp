@@ -36,10 +36,7 @@ ShapeItems selectedShapeItems(const QGraphicsScene &scene)
     return only != nullptr ? ShapeItems{only} : ShapeItems();
 }
 
-QRectF sceneBox(const ShapeItem &item)
-{
-    return item.mapRectToScene(item.boundingRect());
-}
+QRectF sceneBox(const ShapeItem &item) { return item.mapRectToScene(item.boundingRect()); }
 
 QRectF sceneBox(const ShapeItems &items)
 {

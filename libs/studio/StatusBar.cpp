@@ -25,17 +25,18 @@ QString mmText(double lengthPx)
 StatusBar::StatusBar(ZTGraphicsDocument &shown, QWidget *parent)
     : QStatusBar(parent), document(shown)
 {
-    cursorField = addField(QStringLiteral("cursorField"),
-                           tr("X %1  Y %2 mm").arg(QStringLiteral("-9999.999")).arg(QStringLiteral("-9999.999")),
-                           tr("Place of the mouse, y downward"));
+    cursorField = addField(
+        QStringLiteral("cursorField"),
+        tr("X %1  Y %2 mm").arg(QStringLiteral("-9999.999")).arg(QStringLiteral("-9999.999")),
+        tr("Place of the mouse, y downward"));
     boxField = addField(QStringLiteral("boxField"),
                         tr("Selection X %1  Y %2  W %3  H %4 mm")
                             .arg(QStringLiteral("-999.999"), QStringLiteral("-999.999"),
                                  QStringLiteral("999.999"), QStringLiteral("999.999")),
                         tr("Top left corner and size of the selection's box"));
-    countField = addField(QStringLiteral("countField"),
-                          tr("%1 of %2 selected").arg(99999).arg(99999),
-                          tr("Selected shapes, and all shapes"));
+    countField =
+        addField(QStringLiteral("countField"), tr("%1 of %2 selected").arg(99999).arg(99999),
+                 tr("Selected shapes, and all shapes"));
     zoomField = addField(QStringLiteral("zoomField"), tr("%1 %").arg(2400),
                          tr("Zoom; Ctrl and the wheel change it"));
     refreshTimer.setSingleShot(true);
@@ -86,10 +87,7 @@ void StatusBar::showCursorAt(const QPointF &scenePx)
     cursorField->setText(tr("X %1  Y %2 mm").arg(mmText(scenePx.x()), mmText(scenePx.y())));
 }
 
-void StatusBar::showZoom(double scale)
-{
-    zoomField->setText(tr("%1 %").arg(qRound(scale * 100)));
-}
+void StatusBar::showZoom(double scale) { zoomField->setText(tr("%1 %").arg(qRound(scale * 100))); }
 
 void StatusBar::showSelection()
 {

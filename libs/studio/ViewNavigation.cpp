@@ -27,15 +27,9 @@ ViewNavigation::ViewNavigation(ZTGraphicsView &navigated, QObject *parent)
             [this] { Q_EMIT zoomChanged(view.getDisplayScale()); });
 }
 
-void ViewNavigation::zoomIn()
-{
-    view.zoomIn();
-}
+void ViewNavigation::zoomIn() { view.zoomIn(); }
 
-void ViewNavigation::zoomOut()
-{
-    view.zoomOut();
-}
+void ViewNavigation::zoomOut() { view.zoomOut(); }
 
 void ViewNavigation::home()
 {
@@ -110,8 +104,8 @@ bool ViewNavigation::spaceKey(QKeyEvent *event, bool down)
 
 bool ViewNavigation::beginPan(QMouseEvent *event)
 {
-    const bool isPanButton = event->button() == Qt::MiddleButton ||
-                             (event->button() == Qt::LeftButton && isSpaceHeld);
+    const bool isPanButton =
+        event->button() == Qt::MiddleButton || (event->button() == Qt::LeftButton && isSpaceHeld);
     const bool isFirst = event->buttons() == Qt::MouseButtons(event->button());
     if (!isPanButton || !isFirst)
         return panButton != Qt::NoButton;

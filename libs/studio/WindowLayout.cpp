@@ -24,7 +24,8 @@ struct Layout
 
 using Ids = std::initializer_list<const char *>;
 
-template <class Target> void fill(Target &target, const Commands &commands, Ids ids)
+template <class Target>
+void fill(Target &target, const Commands &commands, Ids ids)
 {
     for (const char *id : ids) {
         if (std::strcmp(id, kSeparator) == 0)
@@ -64,12 +65,12 @@ void addMenus(QMainWindow &window, const Commands &commands, QMenu *orderMenu)
              "edit.invert", "edit.deselect"});
     addMenu(window, Layout::tr("&Create"), commands,
             {"create.rectangle", "create.ellipse", "create.polygon", "create.line", "create.tdot"});
-    QMenu &arrange = addMenu(
-        window, Layout::tr("&Arrange"), commands,
-        {"arrange.left", "arrange.hcenter", "arrange.right", "arrange.top", "arrange.vcenter",
-         "arrange.bottom", "arrange.center", "-", "arrange.mirrorHorizontal",
-         "arrange.mirrorVertical", "-", "arrange.rotateRight", "arrange.rotateLeft",
-         "arrange.rotate", "-", "arrange.matrix", "-"});
+    QMenu &arrange =
+        addMenu(window, Layout::tr("&Arrange"), commands,
+                {"arrange.left", "arrange.hcenter", "arrange.right", "arrange.top",
+                 "arrange.vcenter", "arrange.bottom", "arrange.center", "-",
+                 "arrange.mirrorHorizontal", "arrange.mirrorVertical", "-", "arrange.rotateRight",
+                 "arrange.rotateLeft", "arrange.rotate", "-", "arrange.matrix", "-"});
     fill(*arrange.addMenu(Layout::tr("&Nudge")), commands,
          {"nudge.left", "nudge.right", "nudge.up", "nudge.down", "-", "nudge.farLeft",
           "nudge.farRight", "nudge.farUp", "nudge.farDown", "-", "nudge.fineLeft",
@@ -93,9 +94,9 @@ void addToolBars(QMainWindow &window, const Commands &commands)
                 "arrange.rotateRight", "arrange.rotate", "arrange.matrix"});
     addToolBar(window, Layout::tr("View"), "viewToolBar", Qt::TopToolBarArea, commands,
                {"view.zoomOut", "view.zoomIn", "view.home", "view.fitSelection"});
-    addToolBar(window, Layout::tr("Create"), "createToolBar", Qt::LeftToolBarArea, commands,
-               {"create.rectangle", "create.ellipse", "create.polygon", "create.line",
-                "create.tdot"});
+    addToolBar(
+        window, Layout::tr("Create"), "createToolBar", Qt::LeftToolBarArea, commands,
+        {"create.rectangle", "create.ellipse", "create.polygon", "create.line", "create.tdot"});
 }
 
 } // namespace studio

@@ -69,16 +69,12 @@ public:
     /** A rectangle with its corner at a place on the scene, not recorded for undo. */
     studio::ShapeItem *addRect(double xPx, double yPx)
     {
-        studio::ShapeItem *item =
-            document().itemMag()->addShape(ShapeType::Rect, {0, 0, 10, 10});
+        studio::ShapeItem *item = document().itemMag()->addShape(ShapeType::Rect, {0, 0, 10, 10});
         item->setPos(xPx, yPx);
         return item;
     }
 
-    void select(const studio::ShapeItems &items)
-    {
-        studio::selectOnly(*document().scene(), items);
-    }
+    void select(const studio::ShapeItems &items) { studio::selectOnly(*document().scene(), items); }
 
     /** Whether the selection frame stands exactly around the selected shapes. */
     bool frameFits()

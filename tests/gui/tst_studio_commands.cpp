@@ -46,8 +46,8 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("id");
         QTest::addColumn<QString>("kind");
         QTest::addColumn<int>("key");
-        QTest::newRow("rectangle") << QByteArray("create.rectangle") << QStringLiteral("Rect")
-                                   << int(Qt::Key_R);
+        QTest::newRow("rectangle")
+            << QByteArray("create.rectangle") << QStringLiteral("Rect") << int(Qt::Key_R);
         QTest::newRow("ellipse") << QByteArray("create.ellipse") << QStringLiteral("Ellipse")
                                  << int(Qt::Key_E);
         QTest::newRow("polygon") << QByteArray("create.polygon") << QStringLiteral("Polygon")
@@ -180,7 +180,8 @@ private Q_SLOTS:
         ShapeItem *two = studio->addRect(100, 50);
         // Mirrored about its own origin: its box now ends where it stood.
         two->scale(-1, -1);
-        two->setPos(two->pos() + QPointF(two->boundingRect().width(), two->boundingRect().height()));
+        two->setPos(two->pos() +
+                    QPointF(two->boundingRect().width(), two->boundingRect().height()));
         const QPointF oneBefore = one->pos();
         const QPointF twoBefore = two->pos();
         studio->select({one, two});
@@ -314,8 +315,7 @@ private Q_SLOTS:
         QList<QAction *> reachable;
         collect(studio->window->menuBar()->actions(), reachable);
         for (const studio::Command &command : studio::commandTable())
-            QVERIFY2(reachable.contains(studio->window->commands().action(command.id)),
-                     command.id);
+            QVERIFY2(reachable.contains(studio->window->commands().action(command.id)), command.id);
     }
 
     void toolBarButtons_haveIconsAndTips()
@@ -328,6 +328,8 @@ private Q_SLOTS:
                     continue;
                 QVERIFY2(!action->icon().isNull(), qPrintable(action->objectName()));
                 QVERIFY2(!action->toolTip().isEmpty(), qPrintable(action->objectName()));
+                QVERIFY2(!action->toolTip().contains(QStringLiteral("()")),
+                         qPrintable(action->toolTip()));
             }
         }
     }

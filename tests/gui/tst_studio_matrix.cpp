@@ -55,8 +55,7 @@ private Q_SLOTS:
         QCOMPARE(studio->stack().count(), 1);
         const ShapeItem *last = studio->document().scene()->getItemById(5);
         const ZTCoord &coord = *ZTCoord::getInstance();
-        QCOMPARE(last->pos(),
-                 QPointF(2 * (side + coord.mm2pix(1.0)), side + coord.mm2pix(2.0)));
+        QCOMPARE(last->pos(), QPointF(2 * (side + coord.mm2pix(1.0)), side + coord.mm2pix(2.0)));
         QCOMPARE(studio->selected(), (QVector<int>{1, 2, 3, 4, 5}));
         QVERIFY(dialog()->isVisible());
         const DrawingSnapshot after = studio->snapshot();
@@ -175,7 +174,8 @@ private:
         QCoreApplication::processEvents();
     }
 
-    template <class Widget> Widget *child(const char *name)
+    template <class Widget>
+    Widget *child(const char *name)
     {
         return dialog()->findChild<Widget *>(QString::fromLatin1(name));
     }

@@ -19,7 +19,8 @@ private Q_SLOTS:
         const QPointF before = middle();
         studio->driver->press({0, 0}, Qt::MiddleButton);
         drag({30, 10});
-        QTest::mouseRelease(viewport(), Qt::MiddleButton, Qt::NoModifier, centre() + QPoint(30, 10));
+        QTest::mouseRelease(viewport(), Qt::MiddleButton, Qt::NoModifier,
+                            centre() + QPoint(30, 10));
         QCOMPARE(middle() - before, QPointF(-30, -10));
         drag({60, 60});
         QCOMPARE(middle() - before, QPointF(-30, -10));
@@ -83,8 +84,7 @@ private Q_SLOTS:
                                        studio->addRect(otherCorner.x(), otherCorner.y())};
         studio->select(items);
         QVERIFY(studio->run("view.fitSelection"));
-        const QRectF seen =
-            studio->view().mapToScene(viewport()->rect()).boundingRect();
+        const QRectF seen = studio->view().mapToScene(viewport()->rect()).boundingRect();
         const QRectF box = studio::sceneBox(items);
         QVERIFY(seen.contains(box));
         QVERIFY(box.width() > 0.85 * seen.width() || box.height() > 0.85 * seen.height());

@@ -60,7 +60,7 @@ public:
 
 private:
     static constexpr Qt::Alignment kAlignments[] = {
-        Qt::AlignLeft, Qt::AlignRight,   Qt::AlignHCenter, Qt::AlignTop,
+        Qt::AlignLeft,   Qt::AlignRight,   Qt::AlignHCenter, Qt::AlignTop,
         Qt::AlignBottom, Qt::AlignVCenter, Qt::AlignCenter};
 
     ShapeItems items() const { return studio::shapeItemsOf(*studio.document().scene()); }

@@ -33,10 +33,7 @@ void ItemGeometryCommand::restore(const QVector<State> &states)
     }
 }
 
-void ItemGeometryCommand::undo()
-{
-    restore(before);
-}
+void ItemGeometryCommand::undo() { restore(before); }
 
 void ItemGeometryCommand::redo()
 {
@@ -58,10 +55,7 @@ MirrorCommand::MirrorCommand(ZTGraphicsScene *scene, Kind mirrorKind, const QStr
 {
 }
 
-void MirrorCommand::change(ZTGraphicsScene &scene)
-{
-    scene.setMirror(kind);
-}
+void MirrorCommand::change(ZTGraphicsScene &scene) { scene.setMirror(kind); }
 
 RotateCommand::RotateCommand(ZTGraphicsScene *scene, double angle, const QString &text)
     : ItemGeometryCommand(scene, selectedShapeItems(*scene), text), angleDeg(angle)

@@ -4,9 +4,7 @@ namespace studio {
 
 AddItemsCommand::AddItemsCommand(ZTShapeManager *shapeManager, const ShapeItems &items,
                                  const ShapeItems &selected, const QString &text)
-    : QUndoCommand(text),
-      manager(shapeManager),
-      store(shapeManager, items),
+    : QUndoCommand(text), manager(shapeManager), store(shapeManager, items),
       selectedBefore(guarded(selected))
 {
 }
@@ -32,14 +30,8 @@ DeleteItemsCommand::DeleteItemsCommand(ZTShapeManager *manager, const ShapeItems
 {
 }
 
-void DeleteItemsCommand::undo()
-{
-    store.putBack();
-}
+void DeleteItemsCommand::undo() { store.putBack(); }
 
-void DeleteItemsCommand::redo()
-{
-    store.takeOut({});
-}
+void DeleteItemsCommand::redo() { store.takeOut({}); }
 
 } // namespace studio

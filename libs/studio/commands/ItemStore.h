@@ -43,7 +43,8 @@ private:
     using ItemSet = QSet<const ShapeItem *>;
 
     /** Something that is out of its list, and its place there while all stood in it. */
-    template <class Entry> struct Held
+    template <class Entry>
+    struct Held
     {
         Entry entry;
         int place;

@@ -24,14 +24,8 @@ void MoveItemsCommand::moveAll(QPointF Step::*place)
     }
 }
 
-void MoveItemsCommand::undo()
-{
-    moveAll(&Step::fromPx);
-}
+void MoveItemsCommand::undo() { moveAll(&Step::fromPx); }
 
-void MoveItemsCommand::redo()
-{
-    moveAll(&Step::toPx);
-}
+void MoveItemsCommand::redo() { moveAll(&Step::toPx); }
 
 } // namespace studio

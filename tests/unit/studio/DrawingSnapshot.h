@@ -22,10 +22,10 @@ struct DrawingSnapshot
         }
     };
 
-    QVector<Shape> stacked;  ///< lowest first
-    QStringList rows;        ///< of the tree: id and kind
+    QVector<Shape> stacked; ///< lowest first
+    QStringList rows;       ///< of the tree: id and kind
     QVector<const studio::ShapeItem *> rowItems;
-    QByteArray mark;         ///< mark data in stacking order, byte for byte
+    QByteArray mark; ///< mark data in stacking order, byte for byte
 
     bool operator==(const DrawingSnapshot &other) const
     {
@@ -56,9 +56,8 @@ inline DrawingSnapshot snapshotOf(ZTGraphicsDocument &document)
     for (int row = 0; row < model->rowCount(); ++row) {
         snapshot.rows << model->index(row, 0).data().toString() + QLatin1Char(' ') +
                              model->index(row, 2).data().toString();
-        snapshot.rowItems << model->index(row, 1)
-                                 .data(ZTItemModel::kItemRole)
-                                 .value<ZTAbstractGraphicsItem *>();
+        snapshot.rowItems
+            << model->index(row, 1).data(ZTItemModel::kItemRole).value<ZTAbstractGraphicsItem *>();
     }
     snapshot.mark = markBytes(document.itemMag()->getShapeLines());
     return snapshot;
@@ -72,8 +71,8 @@ inline QByteArray toText(const DrawingSnapshot &snapshot)
     stream << "stacked";
     for (const auto &shape : snapshot.stacked)
         stream << ' ' << shape.id << '(' << shape.posPx.x() << ',' << shape.posPx.y() << ')';
-    stream << "; rows " << snapshot.rows.join(QStringLiteral(", ")) << "; "
-           << snapshot.mark.size() << " bytes of mark data";
+    stream << "; rows " << snapshot.rows.join(QStringLiteral(", ")) << "; " << snapshot.mark.size()
+           << " bytes of mark data";
     return text.toLocal8Bit();
 }
 

@@ -57,10 +57,7 @@ public:
     ~DocumentTest() { document.reset(); }
 
     /** A rectangle of 10 by 10 mm with its corner at a place on the scene. */
-    studio::ShapeItem *addRect(double xPx, double yPx)
-    {
-        return add(ShapeType::Rect, xPx, yPx);
-    }
+    studio::ShapeItem *addRect(double xPx, double yPx) { return add(ShapeType::Rect, xPx, yPx); }
 
     studio::ShapeItem *add(ShapeType type, double xPx, double yPx)
     {

@@ -120,10 +120,10 @@ private Q_SLOTS:
     }
 
 private:
-    template <class EditCommand, class Argument> void push(Argument argument)
+    template <class EditCommand, class Argument>
+    void push(Argument argument)
     {
-        stack()->push(
-            new EditCommand(test->document->scene(), argument, QStringLiteral("edit")));
+        stack()->push(new EditCommand(test->document->scene(), argument, QStringLiteral("edit")));
     }
 
     bool frameFits(const ShapeItems &items) const

@@ -152,7 +152,9 @@ private Q_SLOTS:
         }
         QVERIFY(!out);
         QVERIFY(in);
-        { const ItemStore unused(document->itemMag(), {items[0]}); }
+        {
+            const ItemStore unused(document->itemMag(), {items[0]});
+        }
         QVERIFY(in);
     }
 
