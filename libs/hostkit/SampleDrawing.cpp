@@ -79,10 +79,24 @@ private:
     ZTGraphicsDocument &document;
 };
 
+/** A frame of four lines: a rectangle would catch each click inside it. */
+void drawFrame(Draughtsman &draw, const QRectF &rectMm)
+{
+    for (const double y : {rectMm.top(), rectMm.bottom()})
+        draw.add(ShapeType::Line, {rectMm.left(), y, rectMm.width(), 0}, Black);
+    const double left = rectMm.center().x() - rectMm.height() / 2;
+    for (const double x : {rectMm.left(), rectMm.right()}) {
+        const double shift = x - rectMm.center().x();
+        draw.turn(draw.add(ShapeType::Line, {left + shift, rectMm.center().y(), rectMm.height(), 0},
+                           Black),
+                  90);
+    }
+}
+
 void drawPlate(Draughtsman &draw)
 {
-    draw.add(ShapeType::Rect, {-60, -40, 120, 80}, Black);
-    draw.add(ShapeType::Rect, {-58, -38, 116, 76}, Black);
+    drawFrame(draw, {-60, -40, 120, 80});
+    drawFrame(draw, {-58, -38, 116, 76});
     for (const double x : {-54.0, 50.0}) {
         for (const double y : {-34.0, 30.0})
             draw.hatch(draw.add(ShapeType::Ellipse, {x, y, 4, 4}, Blue), FillType::ULine, 0.4, 45);

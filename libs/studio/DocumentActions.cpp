@@ -85,8 +85,7 @@ void DocumentActions::duplicate()
     const ShapeItems copies = copiesOf(sources, *document.itemMag(), {offsetPx, offsetPx});
     if (copies.isEmpty())
         return;
-    push(new AddItemsCommand(document.itemMag(), copies, sources,
-                             tr("Duplicate %n shape(s)", nullptr, copies.size())));
+    push(new AddItemsCommand(document.itemMag(), copies, sources, tr("Duplicate")));
 }
 
 void DocumentActions::removeSelected()
@@ -94,8 +93,7 @@ void DocumentActions::removeSelected()
     const ShapeItems doomed = selected();
     if (doomed.isEmpty())
         return;
-    push(new DeleteItemsCommand(document.itemMag(), doomed,
-                                tr("Delete %n shape(s)", nullptr, doomed.size())));
+    push(new DeleteItemsCommand(document.itemMag(), doomed, tr("Delete")));
 }
 
 void DocumentActions::clear() { document.clear(); }
@@ -124,8 +122,7 @@ void DocumentActions::nudge(const QPointF &byMm)
     for (ShapeItem *item : selected())
         moves.append({item, item->pos() + byPx});
     if (!moves.isEmpty())
-        push(new MoveItemsCommand(document.scene(), moves,
-                                  tr("Move %n shape(s)", nullptr, moves.size())));
+        push(new MoveItemsCommand(document.scene(), moves, tr("Move")));
 }
 
 void DocumentActions::align(Qt::Alignment alignment)
@@ -135,23 +132,19 @@ void DocumentActions::align(Qt::Alignment alignment)
         return;
     const QVector<ItemMove> moves = alignedMoves(items, alignment);
     if (!moves.isEmpty())
-        push(new MoveItemsCommand(document.scene(), moves,
-                                  tr("Align %n shape(s)", nullptr, items.size())));
+        push(new MoveItemsCommand(document.scene(), moves, tr("Align")));
 }
 
 void DocumentActions::mirror(MirrorCommand::Kind kind)
 {
-    const int count = selected().size();
-    if (count > 0)
-        push(new MirrorCommand(document.scene(), kind, tr("Mirror %n shape(s)", nullptr, count)));
+    if (!selected().isEmpty())
+        push(new MirrorCommand(document.scene(), kind, tr("Mirror")));
 }
 
 void DocumentActions::rotate(double angleDeg)
 {
-    const int count = selected().size();
-    if (count > 0 && angleDeg != 0.0)
-        push(new RotateCommand(document.scene(), angleDeg,
-                               tr("Rotate %n shape(s)", nullptr, count)));
+    if (!selected().isEmpty() && angleDeg != 0.0)
+        push(new RotateCommand(document.scene(), angleDeg, tr("Rotate")));
 }
 
 int DocumentActions::repeat(int rows, int columns, const QSizeF &gapMm)

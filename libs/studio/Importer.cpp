@@ -28,7 +28,7 @@ QStringList problemLines(const PltReport &report)
         lines << hostkit::DrawingInput::describe(problem);
     const int more = report.illFormedLines - report.problems.size();
     if (more > 0)
-        lines << ImportTexts::tr("... and %n more line(s)", nullptr, more);
+        lines << ImportTexts::tr("... and %1 more").arg(more);
     return lines;
 }
 
@@ -44,9 +44,9 @@ Message refusal(const QString &path, const QString &error, const PltReport &repo
 Message loss(const QString &path, const PltReport &report)
 {
     return {ImportTexts::tr("\"%1\" was imported with losses.").arg(fileNameOf(path)),
-            ImportTexts::tr("%n line(s) could not be read as they stand. Compare the drawing with "
-                            "its source before marking it.",
-                            nullptr, report.illFormedLines),
+            ImportTexts::tr("Lines that could not be read as they stand: %1. Compare the drawing "
+                            "with its source before marking it.")
+                .arg(report.illFormedLines),
             problemLines(report)};
 }
 
@@ -95,7 +95,7 @@ int Importer::importFiles(const QStringList &paths, std::optional<QPointF> centr
     layOutInRow(imported, centrePx.value_or(QPointF()));
     const QString text = imported.size() == 1
                              ? ImportTexts::tr("Import %1").arg(fileNameOf(paths.first()))
-                             : ImportTexts::tr("Import %n drawing(s)", nullptr, imported.size());
+                             : ImportTexts::tr("Import %1 drawings").arg(imported.size());
     document.undoStack()->push(new AddItemsCommand(document.itemMag(), imported,
                                                    selectedShapeItems(*document.scene()), text));
     return imported.size();

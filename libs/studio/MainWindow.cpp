@@ -97,9 +97,10 @@ void MainWindow::buildDocument()
     connect(viewNavigation, &ViewNavigation::zoomChanged, status, &StatusBar::showZoom);
     connect(actions, &DocumentActions::added, viewNavigation, &ViewNavigation::reveal);
     connect(fileExporter, &Exporter::exported, this, [this](const QString &path, int objects) {
-        status->showMessage(
-            tr("%n shape(s) written to %1", nullptr, objects).arg(QDir::toNativeSeparators(path)),
-            kStatusMs);
+        status->showMessage(tr("Mark paths of %1 shapes written to %2")
+                                .arg(objects)
+                                .arg(QDir::toNativeSeparators(path)),
+                            kStatusMs);
     });
 }
 

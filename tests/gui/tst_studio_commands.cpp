@@ -106,7 +106,7 @@ private Q_SLOTS:
         const double offset = ZTCoord::getInstance()->mm2pix(5.0);
         QCOMPARE(copy->pos(), QPointF(offset, offset));
         QCOMPARE(copy->getPenId(), 7);
-        QCOMPARE(studio->stack().undoText(), QStringLiteral("Duplicate 1 shape(s)"));
+        QCOMPARE(studio->stack().undoText(), QStringLiteral("Duplicate"));
     }
 
     void arrows_nudge_data()
