@@ -39,7 +39,7 @@ public:
     void rotate(double angleDeg); ///< about the frame's middle; positive is clockwise
 
     /**
-     * Repeats the one selected shape in rows and columns and selects the result.
+     * Repeats the one selected shape in rows and columns and selects the copies.
      *
      * @param gapMm space between the shapes' boxes, in x and y
      * @return shapes made; 0 if not exactly one is selected, or more than `kMaxMatrix` would stand

@@ -112,12 +112,22 @@ void MainWindow::buildTree()
     tree->setUniformRowHeights(true);
     tree->setAlternatingRowColors(true);
     drawing->setObjectTree(tree);
+    connect(drawing->scene(), &QGraphicsScene::selectionChanged, this,
+            &MainWindow::showSelectionInTree);
     auto *dock = new QDockWidget(tr("Shapes"), this);
     dock->setObjectName(QStringLiteral("treeDock"));
     dock->setWidget(tree);
     addDockWidget(Qt::RightDockWidgetArea, dock);
     resizeDocks({dock}, {kTreeWidth}, Qt::Horizontal);
     labelTree();
+}
+
+// Not while the user works in the tree: it would jump away under the mouse.
+void MainWindow::showSelectionInTree()
+{
+    const QItemSelection rows = tree->selectionModel()->selection();
+    if (!rows.isEmpty() && !tree->hasFocus())
+        tree->scrollTo(rows.first().topLeft());
 }
 
 // The tree labels its columns when the language changes, and emptying the drawing takes the labels.

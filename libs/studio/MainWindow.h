@@ -64,6 +64,7 @@ private:
     void buildCommands();
     void connectState();
     void emptyDrawing();
+    void showSelectionInTree();
     void labelTree();
     void refreshCommands();
     void refreshUndoTexts();

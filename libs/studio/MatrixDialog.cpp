@@ -64,6 +64,8 @@ void MatrixDialog::layOut()
 {
     hintLabel->setObjectName(QStringLiteral("hint"));
     hintLabel->setWordWrap(true);
+    hintLabel->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    hintLabel->setMinimumHeight(2 * hintLabel->fontMetrics().lineSpacing());
     hintLabel->setMinimumWidth(hintLabel->fontMetrics().averageCharWidth() * 40);
     createButton->setObjectName(QStringLiteral("create"));
     createButton->setDefault(true);

@@ -31,6 +31,7 @@ void DialogMessages::show(int icon, const Message &message)
 {
     auto *box = new QMessageBox(window);
     box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setWindowTitle(window ? window->windowTitle() : QString());
     box->setIcon(static_cast<QMessageBox::Icon>(icon));
     // File names may look like markup.
     box->setTextFormat(Qt::PlainText);

@@ -310,6 +310,18 @@ private Q_SLOTS:
         QCOMPARE(studio->ids(), QVector<int>{1});
     }
 
+    void selectionInTheDrawing_isBroughtIntoSightInTheTree()
+    {
+        for (int i = 0; i < 200; ++i)
+            studio->addRect(i, i);
+        auto *tree = studio->window->findChild<ZTObjectTreeWidget *>();
+        const QModelIndex last = tree->model()->index(199, 0);
+        QVERIFY(!tree->viewport()->rect().contains(tree->visualRect(last)));
+        studio->select({studio->document().scene()->getItemById(199)});
+        QCoreApplication::processEvents();
+        QVERIFY(tree->viewport()->rect().intersects(tree->visualRect(last)));
+    }
+
     void everyCommand_standsInTheMenus()
     {
         QList<QAction *> reachable;
