@@ -54,6 +54,8 @@ public:
         : quietScene(manager.scene()), quietRows(treeModel(manager).itemSelectionModel())
     {
         manager.scene()->clearSelection();
+        // Each row that goes would be looked for in each range of selected rows.
+        treeModel(manager).itemSelectionModel()->clearSelection();
     }
 
 private:
