@@ -141,7 +141,8 @@ const QVector<Command> kTable = {
     {"view.home", TEXT("&Home"), "home", "Ctrl+0", TEXT("Show the origin at 100 %"),
      Needs::Nothing, kWindow, [](MainWindow &w) { w.navigation().home(); }},
     {"view.fitSelection", TEXT("Fit &selection"), "fit", "Ctrl+1; F",
-     TEXT("Show the whole selection"), Needs::Selection, kWindow, [](MainWindow &w) { w.fitSelection(); }},
+     TEXT("Show the whole selection"), Needs::Selection, kWindow,
+     [](MainWindow &w) { w.fitSelection(); }},
     {"view.fitAll", TEXT("Fit &all"), "", "Ctrl+2", TEXT("Show the whole drawing"), Needs::Shapes,
      kWindow, [](MainWindow &w) { w.fitAll(); }},
 
