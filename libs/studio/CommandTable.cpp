@@ -1,0 +1,267 @@
+#include <studio/CommandTable.h>
+
+#include <studio/DocumentActions.h>
+#include <studio/Icons.h>
+#include <studio/MainWindow.h>
+#include <studio/ViewNavigation.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtWidgets/QAction>
+
+namespace studio {
+
+namespace {
+
+constexpr double kNudgeMm = 1.0;
+constexpr double kLargeNudgeMm = 10.0;
+constexpr double kSmallNudgeMm = 0.1;
+
+constexpr auto kWindow = ShortcutScope::Window;
+constexpr auto kView = ShortcutScope::View;
+
+template <ShapeType type>
+void create(MainWindow &window)
+{
+    window.edit().create(type);
+}
+
+template <int alignment>
+void align(MainWindow &window)
+{
+    window.edit().align(Qt::Alignment(alignment));
+}
+
+template <int degrees>
+void rotate(MainWindow &window)
+{
+    window.edit().rotate(degrees);
+}
+
+template <MirrorCommand::Kind kind>
+void mirror(MainWindow &window)
+{
+    window.edit().mirror(kind);
+}
+
+/** Nudges by a direction, each part -1, 0 or 1, times one of the three steps. */
+template <int x, int y>
+void nudge(MainWindow &window)
+{
+    window.edit().nudge(QPointF(x, y) * kNudgeMm);
+}
+
+template <int x, int y>
+void nudgeFar(MainWindow &window)
+{
+    window.edit().nudge(QPointF(x, y) * kLargeNudgeMm);
+}
+
+template <int x, int y>
+void nudgeFinely(MainWindow &window)
+{
+    window.edit().nudge(QPointF(x, y) * kSmallNudgeMm);
+}
+
+#define TEXT(text) QT_TRANSLATE_NOOP("studio::Commands", text)
+
+// clang-format off
+const QVector<Command> kTable = {
+    {"file.new", TEXT("&New"), "new", "Ctrl+N", TEXT("Empty the drawing"), Needs::Nothing, kWindow,
+     [](MainWindow &w) { w.newDrawing(); }},
+    {"file.import", TEXT("&Import..."), "import", "Ctrl+I", TEXT("Import plotter files"),
+     Needs::Nothing, kWindow, [](MainWindow &w) { w.chooseImport(); }},
+    {"file.sample", TEXT("Add &sample drawing"), "", "", "", Needs::Nothing, kWindow,
+     [](MainWindow &w) { w.addSample(); }},
+    {"file.exportAll", TEXT("&Export mark paths..."), "export", "Ctrl+E",
+     TEXT("Export the mark paths of the whole drawing"), Needs::Shapes, kWindow,
+     [](MainWindow &w) { w.chooseExport(false); }},
+    {"file.exportSelection", TEXT("Export mark paths of se&lection..."), "", "Ctrl+Shift+E", "",
+     Needs::Selection, kWindow, [](MainWindow &w) { w.chooseExport(true); }},
+    {"file.quit", TEXT("&Quit"), "", "Ctrl+Q", "", Needs::Nothing, kWindow,
+     [](MainWindow &w) { w.close(); }},
+
+    {"edit.undo", TEXT("&Undo"), "undo", "Ctrl+Z", "", Needs::Undo, kWindow,
+     [](MainWindow &w) { w.edit().undo(); }},
+    {"edit.redo", TEXT("&Redo"), "redo", "Ctrl+Y; Ctrl+Shift+Z", "", Needs::Redo, kWindow,
+     [](MainWindow &w) { w.edit().redo(); }},
+    {"edit.delete", TEXT("&Delete"), "delete", "Del", "", Needs::Selection, kWindow,
+     [](MainWindow &w) { w.edit().removeSelected(); }},
+    {"edit.duplicate", TEXT("D&uplicate"), "duplicate", "Ctrl+D", "", Needs::Selection, kWindow,
+     [](MainWindow &w) { w.edit().duplicate(); }},
+    {"edit.selectAll", TEXT("Select &all"), "", "Ctrl+A", "", Needs::Shapes, kWindow,
+     [](MainWindow &w) { w.edit().selectAll(); }},
+    {"edit.invert", TEXT("&Invert selection"), "", "Ctrl+Shift+I", "", Needs::Shapes, kWindow,
+     [](MainWindow &w) { w.edit().invertSelection(); }},
+    {"edit.deselect", TEXT("Select n&othing"), "", "Esc", "", Needs::Selection, kView,
+     [](MainWindow &w) { w.edit().clearSelection(); }},
+
+    {"create.rectangle", TEXT("&Rectangle"), "rectangle", "R", TEXT("Create a rectangle"),
+     Needs::Nothing, kView, &create<ShapeType::Rect>},
+    {"create.ellipse", TEXT("&Ellipse"), "ellipse", "E", TEXT("Create an ellipse"),
+     Needs::Nothing, kView, &create<ShapeType::Ellipse>},
+    {"create.polygon", TEXT("&Polygon"), "polygon", "P", TEXT("Create a regular polygon"),
+     Needs::Nothing, kView, &create<ShapeType::Polygon>},
+    {"create.line", TEXT("&Line"), "line", "L", TEXT("Create a line"),
+     Needs::Nothing, kView, &create<ShapeType::Line>},
+    {"create.tdot", TEXT("&TDOT figure"), "tdot", "T", TEXT("Create a TDOT figure"),
+     Needs::Nothing, kView, &create<ShapeType::TDOT>},
+
+    {"arrange.left", TEXT("Align &left"), "align-left", "", "", Needs::TwoSelected, kWindow,
+     &align<Qt::AlignLeft>},
+    {"arrange.hcenter", TEXT("Align &centres across"), "align-hcenter", "", "",
+     Needs::TwoSelected, kWindow, &align<Qt::AlignHCenter>},
+    {"arrange.right", TEXT("Align &right"), "align-right", "", "", Needs::TwoSelected, kWindow,
+     &align<Qt::AlignRight>},
+    {"arrange.top", TEXT("Align &top"), "align-top", "", "", Needs::TwoSelected, kWindow,
+     &align<Qt::AlignTop>},
+    {"arrange.vcenter", TEXT("Align centres &down"), "align-vcenter", "", "",
+     Needs::TwoSelected, kWindow, &align<Qt::AlignVCenter>},
+    {"arrange.bottom", TEXT("Align &bottom"), "align-bottom", "", "", Needs::TwoSelected, kWindow,
+     &align<Qt::AlignBottom>},
+    {"arrange.center", TEXT("C&entre on each other"), "align-center", "", "",
+     Needs::TwoSelected, kWindow, &align<Qt::AlignCenter>},
+    {"arrange.mirrorHorizontal", TEXT("Mirror left to rig&ht"), "mirror-horizontal", "Ctrl+Shift+H",
+     "", Needs::Selection, kWindow, &mirror<MirrorCommand::LeftToRight>},
+    {"arrange.mirrorVertical", TEXT("Mirror top to botto&m"), "mirror-vertical", "Ctrl+Shift+V", "",
+     Needs::Selection, kWindow, &mirror<MirrorCommand::TopToBottom>},
+    {"arrange.rotateRight", TEXT("Rotate 90° clock&wise"), "rotate-right", "Ctrl+R", "",
+     Needs::Selection, kWindow, &rotate<90>},
+    {"arrange.rotateLeft", TEXT("Rotate 90° &anticlockwise"), "rotate-left", "Ctrl+Shift+R", "",
+     Needs::Selection, kWindow, &rotate<-90>},
+    {"arrange.rotate", TEXT("R&otate by..."), "rotate", "", TEXT("Rotate by any angle"),
+     Needs::Selection, kWindow, [](MainWindow &w) { w.chooseRotation(); }},
+    {"arrange.matrix", TEXT("Matri&x..."), "matrix", "Ctrl+M",
+     TEXT("Repeat a shape in rows and columns"), Needs::OneSelected, kWindow,
+     [](MainWindow &w) { w.showMatrixDialog(); }},
+
+    {"view.zoomIn", TEXT("Zoom &in"), "zoom-in", "Ctrl+=; Ctrl++", "", Needs::Nothing, kWindow,
+     [](MainWindow &w) { w.navigation().zoomIn(); }},
+    {"view.zoomOut", TEXT("Zoom &out"), "zoom-out", "Ctrl+-", "", Needs::Nothing, kWindow,
+     [](MainWindow &w) { w.navigation().zoomOut(); }},
+    {"view.home", TEXT("&Home"), "home", "Ctrl+0", TEXT("Show the origin at 100 %"),
+     Needs::Nothing, kWindow, [](MainWindow &w) { w.navigation().home(); }},
+    {"view.fitSelection", TEXT("Fit &selection"), "fit", "Ctrl+1; F",
+     TEXT("Show the whole selection"), Needs::Selection, kWindow,
+     [](MainWindow &w) { w.fitSelection(); }},
+    {"view.fitAll", TEXT("Fit &all"), "", "Ctrl+2", TEXT("Show the whole drawing"), Needs::Shapes,
+     kWindow, [](MainWindow &w) { w.fitAll(); }},
+
+    {"nudge.left", TEXT("Left by 1 mm"), "", "Left", "", Needs::Selection, kView, &nudge<-1, 0>},
+    {"nudge.right", TEXT("Right by 1 mm"), "", "Right", "", Needs::Selection, kView, &nudge<1, 0>},
+    {"nudge.up", TEXT("Up by 1 mm"), "", "Up", "", Needs::Selection, kView, &nudge<0, -1>},
+    {"nudge.down", TEXT("Down by 1 mm"), "", "Down", "", Needs::Selection, kView, &nudge<0, 1>},
+    {"nudge.farLeft", TEXT("Left by 10 mm"), "", "Shift+Left", "", Needs::Selection, kView,
+     &nudgeFar<-1, 0>},
+    {"nudge.farRight", TEXT("Right by 10 mm"), "", "Shift+Right", "", Needs::Selection, kView,
+     &nudgeFar<1, 0>},
+    {"nudge.farUp", TEXT("Up by 10 mm"), "", "Shift+Up", "", Needs::Selection, kView,
+     &nudgeFar<0, -1>},
+    {"nudge.farDown", TEXT("Down by 10 mm"), "", "Shift+Down", "", Needs::Selection, kView,
+     &nudgeFar<0, 1>},
+    {"nudge.fineLeft", TEXT("Left by 0.1 mm"), "", "Ctrl+Left", "", Needs::Selection, kView,
+     &nudgeFinely<-1, 0>},
+    {"nudge.fineRight", TEXT("Right by 0.1 mm"), "", "Ctrl+Right", "", Needs::Selection, kView,
+     &nudgeFinely<1, 0>},
+    {"nudge.fineUp", TEXT("Up by 0.1 mm"), "", "Ctrl+Up", "", Needs::Selection, kView,
+     &nudgeFinely<0, -1>},
+    {"nudge.fineDown", TEXT("Down by 0.1 mm"), "", "Ctrl+Down", "", Needs::Selection, kView,
+     &nudgeFinely<0, 1>},
+
+    {"help.about", TEXT("&About"), "", "", "", Needs::Nothing, kWindow,
+     [](MainWindow &w) { w.showAbout(); }},
+};
+// clang-format on
+
+#undef TEXT
+
+bool isMet(Needs needs, const EditorState &state)
+{
+    switch (needs) {
+    case Needs::Nothing:
+        return true;
+    case Needs::Shapes:
+        return state.shapes > 0;
+    case Needs::Selection:
+        return state.selected > 0;
+    case Needs::OneSelected:
+        return state.selected == 1;
+    case Needs::TwoSelected:
+        return state.selected > 1;
+    case Needs::Undo:
+        return state.canUndo;
+    case Needs::Redo:
+        return state.canRedo;
+    }
+    return false;
+}
+
+QString translated(const char *text)
+{
+    return QCoreApplication::translate("studio::Commands", text);
+}
+
+/** A tool tip with the first shortcut behind it. */
+QString toolTipOf(const Command &command, const QList<QKeySequence> &shortcuts)
+{
+    QString tip = translated(*command.toolTip != '\0' ? command.toolTip : command.text);
+    tip.remove(QLatin1Char('&')).remove(QStringLiteral("..."));
+    if (!shortcuts.isEmpty())
+        tip += QStringLiteral(" (%1)").arg(shortcuts.first().toString(QKeySequence::NativeText));
+    return tip;
+}
+
+QList<QKeySequence> shortcutsOf(const Command &command)
+{
+    if (*command.shortcuts == '\0')
+        return {};
+    return QKeySequence::listFromString(QString::fromLatin1(command.shortcuts));
+}
+
+QAction *newAction(const Command &command, QObject *parent)
+{
+    auto *action = new QAction(translated(command.text), parent);
+    const QList<QKeySequence> shortcuts = shortcutsOf(command);
+    action->setObjectName(QString::fromLatin1(command.id));
+    action->setIcon(icon(command.icon));
+    action->setShortcuts(shortcuts);
+    action->setToolTip(toolTipOf(command, shortcuts));
+    return action;
+}
+
+} // namespace
+
+const QVector<Command> &commandTable() { return kTable; }
+
+Commands::Commands(MainWindow &window, QWidget &view) : QObject(&window)
+{
+    for (const Command &command : commandTable()) {
+        QAction *action = newAction(command, this);
+        if (command.scope == ShortcutScope::View) {
+            action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+            view.addAction(action);
+        } else {
+            window.addAction(action);
+        }
+        connect(action, &QAction::triggered, &window, [&window, run = command.run] {
+            // A drag under way is an edit of its own and comes first.
+            window.edit().finishDrag();
+            run(window);
+        });
+        actions.insert(command.id, action);
+    }
+}
+
+QAction *Commands::action(const char *id) const
+{
+    QAction *found = actions.value(id);
+    Q_ASSERT(found != nullptr);
+    return found;
+}
+
+void Commands::enableFor(const EditorState &state)
+{
+    for (const Command &command : commandTable())
+        actions.value(command.id)->setEnabled(isMet(command.needs, state));
+}
+
+} // namespace studio

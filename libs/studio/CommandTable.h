@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QtCore/QHash>
+#include <QtCore/QObject>
+#include <QtCore/QVector>
+
+QT_BEGIN_NAMESPACE
+class QAction;
+class QWidget;
+QT_END_NAMESPACE
+
+namespace studio {
+
+class MainWindow;
+
+/** What a command needs to make sense; otherwise it is greyed. */
+enum class Needs { Nothing, Shapes, Selection, OneSelected, TwoSelected, Undo, Redo };
+
+/** Where a command's shortcuts work. */
+enum class ShortcutScope {
+    Window, ///< anywhere in the window
+    View    ///< in the drawing alone: elsewhere the keys have a use of their own
+};
+
+/** One entry of the table of commands. */
+struct Command
+{
+    const char *id;
+    const char *text;      ///< to be translated; "&" marks the mnemonic
+    const char *icon;      ///< name for `icon()`, empty for none
+    const char *shortcuts; ///< portable key sequences, "; " between them
+    const char *toolTip;   ///< to be translated; empty: the text
+    Needs needs;
+    ShortcutScope scope;
+    void (*run)(MainWindow &window);
+};
+
+/** All commands of the studio: the one place where a command is defined. */
+const QVector<Command> &commandTable();
+
+/** What the commands depend on. */
+struct EditorState
+{
+    int shapes = 0;
+    int selected = 0;
+    bool canUndo = false;
+    bool canRedo = false;
+};
+
+/** The table turned into actions of a window. */
+class Commands : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** Shortcuts of scope View work in `view` and its children. Owner: actions belong to this. */
+    Commands(MainWindow &window, QWidget &view);
+
+    /** The action of a command. An id that is not in the table is a mistake in the program. */
+    QAction *action(const char *id) const;
+
+    /** Greys what makes no sense now. */
+    void enableFor(const EditorState &state);
+
+private:
+    QHash<QByteArray, QAction *> actions; ///< by id
+};
+
+} // namespace studio

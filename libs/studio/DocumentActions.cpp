@@ -1,0 +1,183 @@
+#include <studio/DocumentActions.h>
+
+#include <studio/Alignment.h>
+#include <studio/commands/ItemSetCommand.h>
+
+#include <QtWidgets/QUndoStack>
+
+namespace studio {
+
+namespace {
+
+constexpr double kDuplicateOffsetMm = 5.0;
+
+/** Copies of items, made in the same stacking order and moved by `byPx`. */
+ShapeItems copiesOf(const ShapeItems &sources, ZTShapeManager &manager, const QPointF &byPx)
+{
+    ShapeItems copies;
+    copies.reserve(sources.size());
+    for (ShapeItem *source : sources) {
+        ShapeItem *copy = manager.addShape(source->getShapeType(), {0, 0, 10, 10});
+        if (copy == nullptr)
+            continue;
+        copy->copy(source);
+        copy->setPos(source->pos() + byPx);
+        copies.append(copy);
+    }
+    return copies;
+}
+
+} // namespace
+
+QString DocumentActions::creationText(ShapeType type)
+{
+    switch (type) {
+    case ShapeType::Rect:
+        return tr("Create rectangle");
+    case ShapeType::Ellipse:
+        return tr("Create ellipse");
+    case ShapeType::Polygon:
+        return tr("Create polygon");
+    case ShapeType::Line:
+        return tr("Create line");
+    case ShapeType::TDOT:
+        return tr("Create TDOT figure");
+    default:
+        return tr("Create shape");
+    }
+}
+
+DocumentActions::DocumentActions(ZTGraphicsDocument &edited, QObject *parent)
+    : QObject(parent), document(edited)
+{
+    connect(document.itemMag(), &ZTShapeManager::sigAddedShape, this,
+            &DocumentActions::recordCreated);
+    connect(document.undoStack(), &QUndoStack::indexChanged, this,
+            &DocumentActions::followSelection);
+}
+
+void DocumentActions::followSelection()
+{
+    ZTGraphicsResizeItem *frame = document.scene()->getGraphicsResizeItem();
+    if (frame != nullptr && !frame->selectItem().isEmpty())
+        frame->resizeFromChild();
+}
+
+ShapeItems DocumentActions::selected() const { return selectedShapeItems(*document.scene()); }
+
+void DocumentActions::push(QUndoCommand *command) { document.undoStack()->push(command); }
+
+void DocumentActions::create(ShapeType type) { document.slotCreateShape(type); }
+
+void DocumentActions::recordCreated(ShapeItem *item)
+{
+    if (item == nullptr)
+        return;
+    push(new AddItemsCommand(document.itemMag(), {item}, selected(),
+                             creationText(item->getShapeType())));
+    Q_EMIT added(sceneBox(*item));
+}
+
+void DocumentActions::duplicate()
+{
+    const ShapeItems sources = selected();
+    const double offsetPx = ZTCoord::getInstance()->mm2pix(kDuplicateOffsetMm);
+    const ShapeItems copies = copiesOf(sources, *document.itemMag(), {offsetPx, offsetPx});
+    if (copies.isEmpty())
+        return;
+    push(new AddItemsCommand(document.itemMag(), copies, sources, tr("Duplicate")));
+}
+
+void DocumentActions::removeSelected()
+{
+    const ShapeItems doomed = selected();
+    if (doomed.isEmpty())
+        return;
+    push(new DeleteItemsCommand(document.itemMag(), doomed, tr("Delete")));
+}
+
+void DocumentActions::clear() { document.clear(); }
+
+void DocumentActions::selectAll()
+{
+    selectOnly(*document.scene(), shapeItemsOf(*document.scene()));
+}
+
+void DocumentActions::invertSelection()
+{
+    ShapeItems others;
+    for (ShapeItem *item : shapeItemsOf(*document.scene())) {
+        if (!item->isSelected())
+            others.append(item);
+    }
+    selectOnly(*document.scene(), others);
+}
+
+void DocumentActions::clearSelection() { document.scene()->clearSelection(); }
+
+void DocumentActions::nudge(const QPointF &byMm)
+{
+    const QPointF byPx = ZTCoord::getInstance()->getMm2pixTransform().map(byMm);
+    QVector<ItemMove> moves;
+    for (ShapeItem *item : selected())
+        moves.append({item, item->pos() + byPx});
+    if (!moves.isEmpty())
+        push(new MoveItemsCommand(document.scene(), moves, tr("Move")));
+}
+
+void DocumentActions::align(Qt::Alignment alignment)
+{
+    const ShapeItems items = selected();
+    if (items.size() < 2)
+        return;
+    const QVector<ItemMove> moves = alignedMoves(items, alignment);
+    if (!moves.isEmpty())
+        push(new MoveItemsCommand(document.scene(), moves, tr("Align")));
+}
+
+void DocumentActions::mirror(MirrorCommand::Kind kind)
+{
+    if (!selected().isEmpty())
+        push(new MirrorCommand(document.scene(), kind, tr("Mirror")));
+}
+
+void DocumentActions::rotate(double angleDeg)
+{
+    if (!selected().isEmpty() && angleDeg != 0.0)
+        push(new RotateCommand(document.scene(), angleDeg, tr("Rotate")));
+}
+
+int DocumentActions::repeat(int rows, int columns, const QSizeF &gapMm)
+{
+    const ShapeItems sources = selected();
+    if (sources.size() != 1 || qint64(rows) * columns > kMaxMatrix)
+        return 0;
+    const ZTCoord &coord = *ZTCoord::getInstance();
+    const auto copies = document.itemMag()->addMatrix(rows, columns, coord.mm2pix(gapMm.width()),
+                                                      coord.mm2pix(gapMm.height()));
+    if (copies.isEmpty())
+        return 0;
+    push(new AddItemsCommand(document.itemMag(), {copies.begin(), copies.end()}, sources,
+                             tr("Matrix of %1 by %2").arg(rows).arg(columns)));
+    return copies.size();
+}
+
+void DocumentActions::undo()
+{
+    finishDrag();
+    document.undoStack()->undo();
+}
+
+void DocumentActions::redo()
+{
+    finishDrag();
+    document.undoStack()->redo();
+}
+
+void DocumentActions::finishDrag()
+{
+    if (QGraphicsItem *grabber = document.scene()->mouseGrabberItem())
+        grabber->ungrabMouse();
+}
+
+} // namespace studio

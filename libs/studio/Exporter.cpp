@@ -1,0 +1,145 @@
+#include <studio/Exporter.h>
+
+#include <hostkit/MarkGraphWriter.h>
+
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+#include <QtCore/QSettings>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QProgressDialog>
+
+namespace studio {
+
+namespace {
+
+const QString kFolderKey = QStringLiteral("export/folder");
+const QString kFormKey = QStringLiteral("export/form");
+
+/** Short exports end within this time and show no progress. */
+constexpr int kQuietMs = 150;
+
+QString formFilter(const QString &extension)
+{
+    const QString form = extension.mid(1).toUpper();
+    const bool isPicture = form == QLatin1String("SVG") || form == QLatin1String("PNG");
+    return (isPicture ? Exporter::tr("%1 picture (*%2)") : Exporter::tr("%1 paths (*%2)"))
+        .arg(form, extension);
+}
+
+QString extensionOf(const QString &filter)
+{
+    for (const QString &extension : hostkit::markGraphExtensions()) {
+        if (formFilter(extension) == filter)
+            return extension;
+    }
+    return hostkit::markGraphExtensions().first();
+}
+
+} // namespace
+
+Exporter::Exporter(ZTGraphicsDocument &exported_, Messages &told, QWidget &parentWindow)
+    : QObject(&parentWindow), document(exported_), messages(told), window(parentWindow)
+{
+}
+
+void Exporter::choose(bool selectionOnly)
+{
+    const QSettings settings;
+    QStringList filters;
+    for (const QString &extension : hostkit::markGraphExtensions())
+        filters << formFilter(extension);
+
+    auto *dialog = new QFileDialog(&window, selectionOnly ? tr("Export mark paths of the selection")
+                                                          : tr("Export mark paths"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setNameFilters(filters);
+    dialog->setDirectory(settings.value(kFolderKey, QDir::homePath()).toString());
+    dialog->selectFile(tr("drawing"));
+    const auto chooseForm = [dialog](const QString &filter) {
+        dialog->setDefaultSuffix(extensionOf(filter).mid(1));
+    };
+    connect(dialog, &QFileDialog::filterSelected, dialog, chooseForm);
+    const QString lastForm = settings.value(kFormKey, filters.first()).toString();
+    dialog->selectNameFilter(lastForm);
+    chooseForm(lastForm);
+    connect(dialog, &QFileDialog::fileSelected, this,
+            [this, dialog, selectionOnly](const QString &path) {
+                QSettings remembered;
+                remembered.setValue(kFolderKey, QFileInfo(path).absolutePath());
+                remembered.setValue(kFormKey, dialog->selectedNameFilter());
+                exportTo(path, selectionOnly);
+            });
+    dialog->open();
+}
+
+void Exporter::exportTo(const QString &path, bool selectionOnly)
+{
+    if (job != nullptr)
+        return;
+    if (!hostkit::hasMarkGraphExtension(path)) {
+        messages.failure({tr("\"%1\" was not written.").arg(QFileInfo(path).fileName()),
+                          tr("The name has to end in one of %1.")
+                              .arg(hostkit::markGraphExtensions().join(QStringLiteral(", "))),
+                          {}});
+        return;
+    }
+    job = new ExportJob(*document.itemMag(), selectionOnly, path, this);
+    connect(job, &ExportJob::finished, this, &Exporter::finish);
+    job->start(kQuietMs);
+    showProgress();
+}
+
+// Shown at once while shapes are still to be gathered, because it keeps the user from editing them.
+// Writing works on a copy; there the dialog comes only if it takes long.
+void Exporter::showProgress()
+{
+    progressDialog = new QProgressDialog(tr("Gathering mark paths..."), tr("Cancel"), 0,
+                                         qMax(1, job->objects()), &window);
+    progressDialog->setWindowModality(Qt::WindowModal);
+    progressDialog->setAutoClose(false);
+    progressDialog->setAutoReset(false);
+    const auto showWriting = [dialog = progressDialog, path = job->path()] {
+        dialog->setLabelText(tr("Writing %1...").arg(QFileInfo(path).fileName()));
+        dialog->setRange(0, 0);
+    };
+    if (job->isWriting())
+        showWriting();
+    connect(job, &ExportJob::writing, progressDialog, showWriting);
+    connect(job, &ExportJob::progress, progressDialog,
+            [dialog = progressDialog](int done, int) { dialog->setValue(done); });
+    connect(progressDialog, &QProgressDialog::canceled, this, [this] {
+        job->cancel();
+        job = nullptr;
+        end();
+    });
+    if (!job->isWriting())
+        progressDialog->show();
+}
+
+void Exporter::finish(const QString &error)
+{
+    const QString path = job->path();
+    const int objects = job->objects();
+    end();
+    if (error.isEmpty()) {
+        Q_EMIT exported(path, objects);
+        return;
+    }
+    messages.failure({tr("\"%1\" was not written.").arg(QFileInfo(path).fileName()),
+                      tr("The file %1. Choose another place and try again.").arg(error),
+                      {}});
+}
+
+void Exporter::end()
+{
+    progressDialog->deleteLater();
+    progressDialog->hide();
+    progressDialog = nullptr;
+    if (job != nullptr)
+        job->deleteLater();
+    job = nullptr;
+    Q_EMIT ended();
+}
+
+} // namespace studio

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <studio/ExportJob.h>
+#include <studio/Messages.h>
+
+QT_BEGIN_NAMESPACE
+class QProgressDialog;
+class QWidget;
+QT_END_NAMESPACE
+
+namespace studio {
+
+/** Lets the user export mark paths: asks for a file, shows progress, tells how it ended. */
+class Exporter : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** All are borrowed and outlive the exporter. */
+    Exporter(ZTGraphicsDocument &document, Messages &messages, QWidget &window);
+
+    /** Asks for a file to export to, without waiting for the answer. */
+    void choose(bool selectionOnly);
+
+    /** Exports to a file; one export at a time, a second call is ignored. */
+    void exportTo(const QString &path, bool selectionOnly);
+
+    bool isBusy() const { return job != nullptr; }
+
+Q_SIGNALS:
+    void exported(const QString &path, int objects);
+    void ended(); ///< in every case: exported, failed or cancelled
+
+private:
+    void showProgress();
+    void finish(const QString &error);
+    void end();
+
+    ZTGraphicsDocument &document;
+    Messages &messages;
+    QWidget &window;
+    ExportJob *job = nullptr; ///< child
+    QProgressDialog *progressDialog = nullptr;
+};
+
+} // namespace studio

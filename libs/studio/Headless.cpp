@@ -1,0 +1,89 @@
+#include <studio/Headless.h>
+
+#include <studio/MainWindow.h>
+
+#include <hostkit/MarkGraphWriter.h>
+
+#include <ZTDrawEngineLib/ZTDrawEngineLib.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
+#include <QtCore/QEventLoop>
+#include <QtCore/QFileInfo>
+#include <QtCore/QTimer>
+#include <QtGui/QPixmap>
+
+#include <cstdio>
+
+namespace studio {
+
+namespace {
+
+const QSize kWindowSize(1400, 900);
+constexpr int kSettlingMs = 150;
+
+int fail(const QString &path, const QString &why)
+{
+    std::fprintf(stderr, "ztstudio: %s: %s\n", qUtf8Printable(path), qUtf8Printable(why));
+    return 1;
+}
+
+void tell(const char *what, const QString &path)
+{
+    std::printf("%-10s %s\n", what, qUtf8Printable(QDir::toNativeSeparators(path)));
+}
+
+/** Fills the document; false if nothing came in, which a message has told. */
+bool draw(MainWindow &window, const QString &path)
+{
+    if (path.isEmpty()) {
+        window.addSample();
+        return true;
+    }
+    if (window.importFiles({path}) == 0)
+        return false;
+    window.fitAll();
+    return true;
+}
+
+bool renderWindow(MainWindow &window, const QString &path)
+{
+    // The status bar gathers changes for a moment before it shows them.
+    QEventLoop settling;
+    QTimer::singleShot(kSettlingMs, &settling, &QEventLoop::quit);
+    settling.exec();
+    return window.grab().save(path, "PNG");
+}
+
+} // namespace
+
+int runHeadless(MainWindow &window, const HeadlessJob &job)
+{
+    if (!QDir().mkpath(job.outFolder))
+        return fail(job.outFolder, QStringLiteral("the folder cannot be made"));
+    window.resize(kWindowSize);
+    window.show();
+    QCoreApplication::processEvents();
+    if (!draw(window, job.drawingPath))
+        return 1;
+
+    const QString name = job.drawingPath.isEmpty() ? QStringLiteral("sample")
+                                                   : QFileInfo(job.drawingPath).completeBaseName();
+    const QString base = QDir(job.outFolder).filePath(name);
+    const QString picture = base + QStringLiteral("-window.png");
+    if (!renderWindow(window, picture))
+        return fail(picture, QStringLiteral("cannot be written"));
+    tell("Window:", picture);
+
+    const ZTMarkGraph graph = window.document().itemMag()->getShapeLines();
+    for (const auto &extension : {QStringLiteral(".svg"), QStringLiteral(".json")}) {
+        QString error;
+        const QString path = base + extension;
+        if (!hostkit::saveMarkGraph(graph, hostkit::MarkUnits::current(), path, &error))
+            return fail(path, error);
+        tell("Mark data:", path);
+    }
+    return 0;
+}
+
+} // namespace studio

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QtCore/QString>
+
+namespace studio {
+
+class MainWindow;
+
+/** What to do where there is no display. */
+struct HeadlessJob
+{
+    QString drawingPath; ///< plotter file; empty: the sample drawing
+    QString outFolder;   ///< made if it does not exist
+};
+
+/**
+ * Does the studio's job without a user: fills the window's document, renders the window to a
+ * picture, writes the mark paths, and prints where they are.
+ *
+ * @return the program's exit code: 0, or 1 when something was not done; standard error says what
+ */
+int runHeadless(MainWindow &window, const HeadlessJob &job);
+
+} // namespace studio

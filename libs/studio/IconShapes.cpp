@@ -1,0 +1,124 @@
+#include <studio/IconShapes_p.h>
+
+#include <QtCore/QStringList>
+
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+
+namespace studio {
+
+namespace {
+
+constexpr IconShape kShapes[] = {
+    {"align-bottom", "M 3 21 L 21 21", "R 5 6 5 13 R 14 11 5 8"},
+    {"align-center", "M 12 2 L 12 22 M 2 12 L 22 12", "R 6 8 12 8"},
+    {"align-hcenter", "M 12 2 L 12 22", "R 5 5 14 5 R 8 14 8 5"},
+    {"align-left", "M 3 3 L 3 21", "R 5 5 14 5 R 5 14 8 5"},
+    {"align-right", "M 21 3 L 21 21", "R 5 5 14 5 R 11 14 8 5"},
+    {"align-top", "M 3 3 L 21 3", "R 5 5 5 14 R 14 5 5 9"},
+    {"align-vcenter", "M 2 12 L 22 12", "R 5 5 5 14 R 14 8 5 8"},
+    {"delete",
+     "M 4 6 L 20 6 M 9 6 L 9 3 L 15 3 L 15 6 M 6 6 L 7 21 L 17 21 L 18 6 M 10 10 L 10.4 17 "
+     "M 14 10 L 13.6 17",
+     ""},
+    {"duplicate", "R 3 3 12 12", "R 9 9 12 12"},
+    {"ellipse", "E 2.5 5.5 19 13", ""},
+    {"export", "M 4 14 L 4 21 L 20 21 L 20 14 M 12 16 L 12 3 M 7 8 L 12 3 L 17 8", ""},
+    {"fit", "M 3 8 L 3 3 L 8 3 M 16 3 L 21 3 L 21 8 M 21 16 L 21 21 L 16 21 M 8 21 L 3 21 L 3 16",
+     "R 8 8 8 8"},
+    {"home", "M 12 3 L 12 21 M 3 12 L 21 12 E 7 7 10 10", "E 10.5 10.5 3 3"},
+    {"import", "M 4 14 L 4 21 L 20 21 L 20 14 M 12 3 L 12 16 M 7 11 L 12 16 L 17 11", ""},
+    {"line", "M 4 20 L 20 4", "E 2 18 4 4 E 18 2 4 4"},
+    {"matrix", "R 3 3 7 7 R 14 3 7 7 R 3 14 7 7 R 14 14 7 7", "R 4 4 5 5"},
+    {"mirror-horizontal", "M 12 2 L 12 22 M 10 6 L 10 18 L 3 18 Z", "M 14 6 L 14 18 L 21 18 Z"},
+    {"mirror-vertical", "M 2 12 L 22 12 M 6 10 L 18 10 L 18 3 Z", "M 6 14 L 18 14 L 18 21 Z"},
+    {"new", "M 6 2.5 L 14 2.5 L 19 7.5 L 19 21.5 L 6 21.5 Z M 14 2.5 L 14 7.5 L 19 7.5", ""},
+    {"polygon", "M 12 3 L 21 9.6 L 17.6 20.3 L 6.4 20.3 L 3 9.6 Z", ""},
+    {"rectangle", "R 3 5.5 18 13", ""},
+    {"redo", "M 20 9 L 9 9 C 5 9 3 12 3 14.5 C 3 17 5 20 9 20 L 15 20 M 15 4 L 20 9 L 15 14", ""},
+    {"rotate", "M 16 4 L 4 20 L 21 20 M 14.5 20 C 14.5 16 13 14 10.5 12", "E 2 18 4 4"},
+    {"rotate-left", "M 4 5 L 4 10 L 9 10 M 4 10 C 6 3 20 3 20 12 C 20 20 11 22 6 18", ""},
+    {"rotate-right", "M 20 5 L 20 10 L 15 10 M 20 10 C 18 3 4 3 4 12 C 4 20 13 22 18 18", ""},
+    {"tdot", "E 3 3 18 18",
+     "E 5.5 5.5 4 4 E 14.5 5.5 4 4 E 5.5 14.5 4 4 E 14.5 14.5 4 4 "
+     "E 9.5 9.5 5 5"},
+    {"undo", "M 4 9 L 15 9 C 19 9 21 12 21 14.5 C 21 17 19 20 15 20 L 9 20 M 9 4 L 4 9 L 9 14", ""},
+    {"zoom-in", "E 3 3 13 13 M 14.5 14.5 L 21 21 M 6.5 9.5 L 12.5 9.5 M 9.5 6.5 L 9.5 12.5", ""},
+    {"zoom-out", "E 3 3 13 13 M 14.5 14.5 L 21 21 M 6.5 9.5 L 12.5 9.5", ""},
+};
+
+/** Reads the numbers of a command, one after the other. */
+class Words
+{
+public:
+    explicit Words(const char *commands)
+        : words(QString::fromLatin1(commands).split(QLatin1Char(' '), Qt::SkipEmptyParts))
+    {
+    }
+
+    bool atEnd() const { return next >= words.size(); }
+    char command() { return words.at(next++).at(0).toLatin1(); }
+    double number() { return words.at(next++).toDouble(); }
+
+    QPointF point()
+    {
+        const double x = number();
+        return {x, number()};
+    }
+
+    QRectF rect()
+    {
+        const QPointF topLeft = point();
+        const QPointF size = point();
+        return {topLeft, QSizeF(size.x(), size.y())};
+    }
+
+private:
+    QStringList words;
+    int next = 0;
+};
+
+} // namespace
+
+const IconShape *findIconShape(const char *name)
+{
+    const auto *found =
+        std::find_if(std::begin(kShapes), std::end(kShapes),
+                     [&](const auto &shape) { return std::strcmp(shape.name, name) == 0; });
+    return found != std::end(kShapes) ? found : nullptr;
+}
+
+QPainterPath iconPath(const char *commands)
+{
+    QPainterPath path;
+    Words words(commands);
+    while (!words.atEnd()) {
+        switch (words.command()) {
+        case 'M':
+            path.moveTo(words.point());
+            break;
+        case 'L':
+            path.lineTo(words.point());
+            break;
+        case 'C': {
+            const QPointF first = words.point();
+            const QPointF second = words.point();
+            path.cubicTo(first, second, words.point());
+            break;
+        }
+        case 'R':
+            path.addRect(words.rect());
+            break;
+        case 'E':
+            path.addEllipse(words.rect());
+            break;
+        default:
+            path.closeSubpath();
+            break;
+        }
+    }
+    return path;
+}
+
+} // namespace studio

@@ -1,0 +1,301 @@
+#include <studio/MainWindow.h>
+
+#include <studio/CommandTable.h>
+#include <studio/DocumentActions.h>
+#include <studio/DropImporter.h>
+#include <studio/Exporter.h>
+#include <studio/Icons.h>
+#include <studio/Importer.h>
+#include <studio/MatrixDialog.h>
+#include <studio/OrderMenu.h>
+#include <studio/StatusBar.h>
+#include <studio/UndoTexts.h>
+#include <studio/ViewNavigation.h>
+#include <studio/WindowLayout.h>
+#include <studio/commands/ItemSetCommand.h>
+
+#include <hostkit/SampleDrawing.h>
+
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+#include <QtCore/QSettings>
+#include <QtGui/QCloseEvent>
+#include <QtWidgets/QAction>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QDockWidget>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QInputDialog>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QUndoStack>
+
+namespace studio {
+
+namespace {
+
+const QString kGeometryKey = QStringLiteral("window/geometry");
+const QString kStateKey = QStringLiteral("window/state");
+const QString kImportFolderKey = QStringLiteral("import/folder");
+
+constexpr int kStatusMs = 8000;
+constexpr int kTreeWidth = 250;
+constexpr int kIdWidth = 64;
+constexpr int kTextWidth = 70;
+const QSize kFirstSize(1280, 820);
+
+} // namespace
+
+MainWindow::MainWindow(std::unique_ptr<Messages> told)
+    : messages(told ? std::move(told) : std::make_unique<DialogMessages>(this))
+{
+    setWindowTitle(tr("Studio"));
+    setWindowIcon(programIcon());
+    buildDocument();
+    buildTree();
+    buildCommands();
+    connectState();
+    readSettings();
+    navigation().home();
+}
+
+MainWindow::~MainWindow()
+{
+    // What watches the document goes first: a document that goes still tells of changes.
+    delete matrixDialog;
+    delete fileExporter;
+    delete status;
+    delete commandSet;
+    delete viewNavigation;
+    delete actions;
+    drawing->undoStack()->disconnect(this);
+    drawing->scene()->disconnect(this);
+    drawing->itemMag()->itemModel()->disconnect(this);
+    delete tree;
+    delete drawing;
+}
+
+void MainWindow::buildDocument()
+{
+    drawing = new ZTGraphicsDocument(this);
+    setCentralWidget(drawing);
+    // Paper is white in every theme: shapes are drawn in the colours of their pens.
+    drawing->view()->setBackgroundBrush(Qt::white);
+    drawing->view()->setFocus();
+
+    actions = new DocumentActions(*drawing, this);
+    viewNavigation = new ViewNavigation(*drawing->view(), this);
+    importer = std::make_unique<Importer>(*drawing, *messages);
+    fileExporter = new Exporter(*drawing, *messages, *this);
+    auto *drops = new DropImporter(*drawing->view(), this);
+    connect(drops, &DropImporter::filesDropped, this,
+            [this](const QStringList &paths, const QPointF &scenePx) {
+                importer->importFiles(paths, scenePx);
+            });
+    status = new StatusBar(*drawing, this);
+    setStatusBar(status);
+    connect(viewNavigation, &ViewNavigation::zoomChanged, status, &StatusBar::showZoom);
+    connect(actions, &DocumentActions::added, viewNavigation, &ViewNavigation::reveal);
+    connect(fileExporter, &Exporter::exported, this, [this](const QString &path, int objects) {
+        status->showMessage(tr("Mark paths of %1 shapes written to %2")
+                                .arg(objects)
+                                .arg(QDir::toNativeSeparators(path)),
+                            kStatusMs);
+    });
+}
+
+void MainWindow::buildTree()
+{
+    tree = new ZTObjectTreeWidget(this);
+    tree->setObjectName(QStringLiteral("objectTree"));
+    tree->setRootIsDecorated(false);
+    tree->setUniformRowHeights(true);
+    tree->setAlternatingRowColors(true);
+    drawing->setObjectTree(tree);
+    connect(drawing->scene(), &QGraphicsScene::selectionChanged, this,
+            &MainWindow::showSelectionInTree);
+    auto *dock = new QDockWidget(tr("Shapes"), this);
+    dock->setObjectName(QStringLiteral("treeDock"));
+    dock->setWidget(tree);
+    addDockWidget(Qt::RightDockWidgetArea, dock);
+    resizeDocks({dock}, {kTreeWidth}, Qt::Horizontal);
+    labelTree();
+}
+
+// Not while the user works in the tree: it would jump away under the mouse.
+void MainWindow::showSelectionInTree()
+{
+    const QItemSelection rows = tree->selectionModel()->selection();
+    if (!rows.isEmpty() && !tree->hasFocus())
+        tree->scrollTo(rows.first().topLeft());
+}
+
+// The tree labels its columns when the language changes, and emptying the drawing takes the labels.
+void MainWindow::labelTree()
+{
+    QEvent languageChange(QEvent::LanguageChange);
+    QCoreApplication::sendEvent(tree, &languageChange);
+    tree->header()->resizeSection(0, kIdWidth);
+    tree->header()->resizeSection(1, kTextWidth);
+}
+
+void MainWindow::buildCommands()
+{
+    commandSet = new Commands(*this, *drawing->view());
+    addMenus(*this, *commandSet, new OrderMenu(this));
+    addToolBars(*this, *commandSet);
+}
+
+void MainWindow::connectState()
+{
+    stateTimer.setSingleShot(true);
+    stateTimer.setInterval(0);
+    connect(&stateTimer, &QTimer::timeout, this, &MainWindow::refreshCommands);
+    const auto refreshSoon = [this] { stateTimer.start(); };
+    const QAbstractItemModel *rows = drawing->itemMag()->itemModel();
+    connect(rows, &QAbstractItemModel::rowsInserted, this, refreshSoon);
+    connect(rows, &QAbstractItemModel::rowsRemoved, this, refreshSoon);
+    connect(rows, &QAbstractItemModel::modelReset, this, refreshSoon);
+    connect(drawing->scene(), &QGraphicsScene::selectionChanged, this,
+            &MainWindow::refreshCommands);
+    const QUndoStack *stack = drawing->undoStack();
+    connect(stack, &QUndoStack::indexChanged, this, &MainWindow::refreshCommands);
+    connect(stack, &QUndoStack::undoTextChanged, this, &MainWindow::refreshUndoTexts);
+    connect(stack, &QUndoStack::redoTextChanged, this, &MainWindow::refreshUndoTexts);
+    refreshCommands();
+    refreshUndoTexts();
+}
+
+void MainWindow::refreshCommands()
+{
+    EditorState state;
+    state.shapes = drawing->itemMag()->itemModel()->rowCount();
+    state.selected = drawing->scene()->selectedItems().size();
+    state.canUndo = drawing->undoStack()->canUndo();
+    state.canRedo = drawing->undoStack()->canRedo();
+    commandSet->enableFor(state);
+}
+
+void MainWindow::refreshUndoTexts()
+{
+    const QString undoText = readableUndoText(drawing->undoStack()->undoText());
+    const QString redoText = readableUndoText(drawing->undoStack()->redoText());
+    commandSet->action("edit.undo")
+        ->setText(undoText.isEmpty() ? tr("&Undo") : tr("&Undo: %1").arg(undoText));
+    commandSet->action("edit.redo")
+        ->setText(redoText.isEmpty() ? tr("&Redo") : tr("&Redo: %1").arg(redoText));
+}
+
+void MainWindow::readSettings()
+{
+    const QSettings settings;
+    if (!restoreGeometry(settings.value(kGeometryKey).toByteArray()))
+        resize(kFirstSize);
+    restoreState(settings.value(kStateKey).toByteArray());
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    QSettings settings;
+    settings.setValue(kGeometryKey, saveGeometry());
+    settings.setValue(kStateKey, saveState());
+    QMainWindow::closeEvent(event);
+}
+
+int MainWindow::importFiles(const QStringList &paths)
+{
+    const int imported = importer->importFiles(paths);
+    if (imported > 0)
+        navigation().reveal(drawing->scene()->getSelectionItemRect());
+    return imported;
+}
+
+void MainWindow::chooseImport()
+{
+    auto *dialog = new QFileDialog(this, tr("Import plotter files"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFiles);
+    dialog->setNameFilters({tr("Plotter files (*.plt *.PLT)"), tr("All files (*)")});
+    dialog->setDirectory(QSettings().value(kImportFolderKey, QDir::homePath()).toString());
+    connect(dialog, &QFileDialog::filesSelected, this, [this](const QStringList &paths) {
+        QSettings().setValue(kImportFolderKey, QFileInfo(paths.first()).absolutePath());
+        importFiles(paths);
+    });
+    dialog->open();
+}
+
+void MainWindow::chooseExport(bool selectionOnly) { fileExporter->choose(selectionOnly); }
+
+void MainWindow::newDrawing()
+{
+    if (drawing->itemMag()->itemModel()->rowCount() == 0 && drawing->undoStack()->count() == 0)
+        return;
+    auto *question = new QMessageBox(QMessageBox::Question, tr("New drawing"),
+                                     tr("Empty the drawing?"), QMessageBox::NoButton, this);
+    question->setAttribute(Qt::WA_DeleteOnClose);
+    question->setInformativeText(tr("All shapes go, and this cannot be undone."));
+    const QPushButton *accept = question->addButton(tr("&Empty"), QMessageBox::DestructiveRole);
+    question->addButton(QMessageBox::Cancel);
+    connect(accept, &QPushButton::clicked, this, &MainWindow::emptyDrawing);
+    question->open();
+}
+
+void MainWindow::emptyDrawing()
+{
+    actions->clear();
+    labelTree();
+}
+
+void MainWindow::addSample()
+{
+    const ShapeItems before = shapeItemsOf(*drawing->scene());
+    const ShapeItems selectedBefore = selectedShapeItems(*drawing->scene());
+    hostkit::buildSampleDrawing(*drawing);
+    const ShapeItems added = shapeItemsOf(*drawing->scene()).mid(before.size());
+    drawing->undoStack()->push(
+        new AddItemsCommand(drawing->itemMag(), added, selectedBefore, tr("Add sample drawing")));
+    drawing->scene()->clearSelection();
+    fitAll();
+}
+
+void MainWindow::chooseRotation()
+{
+    auto *dialog = new QInputDialog(this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setObjectName(QStringLiteral("rotationDialog"));
+    dialog->setWindowTitle(tr("Rotate"));
+    dialog->setLabelText(tr("Degrees, clockwise:"));
+    dialog->setInputMode(QInputDialog::DoubleInput);
+    dialog->setDoubleDecimals(3);
+    dialog->setDoubleRange(-360.0, 360.0);
+    dialog->setDoubleStep(5.0);
+    dialog->setDoubleValue(45.0);
+    connect(dialog, &QInputDialog::doubleValueSelected, actions, &DocumentActions::rotate);
+    dialog->open();
+}
+
+void MainWindow::showMatrixDialog()
+{
+    if (!matrixDialog)
+        matrixDialog = new MatrixDialog(*drawing, *actions, this);
+    matrixDialog->show();
+    matrixDialog->raise();
+    matrixDialog->activateWindow();
+}
+
+void MainWindow::fitSelection() { navigation().fit(drawing->scene()->getSelectionItemRect()); }
+
+void MainWindow::fitAll() { navigation().fit(sceneBox(shapeItemsOf(*drawing->scene()))); }
+
+void MainWindow::showAbout()
+{
+    auto *box =
+        new QMessageBox(QMessageBox::NoIcon, tr("About"),
+                        tr("Studio %1").arg(QStringLiteral(ZT_VERSION)), QMessageBox::Ok, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setIconPixmap(windowIcon().pixmap(64));
+    box->setInformativeText(tr("Draws what a laser marks, and hands out the paths."));
+    box->open();
+}
+
+} // namespace studio

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <studio/Messages.h>
+
+#include <QtCore/QPointer>
+#include <QtCore/QTimer>
+#include <QtWidgets/QMainWindow>
+
+#include <memory>
+
+class ZTGraphicsDocument;
+class ZTObjectTreeWidget;
+
+namespace studio {
+
+class Commands;
+class DocumentActions;
+class Exporter;
+class Importer;
+class MatrixDialog;
+class StatusBar;
+class ViewNavigation;
+
+/**
+ * The studio's window: the drawing in the middle, the object tree beside it, and the commands of
+ * `commandTable` in menus and toolbars.
+ *
+ * Order: after `hostkit::registerFactories`.
+ */
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /** `messages` tells failures; a dialog does if none is given. */
+    explicit MainWindow(std::unique_ptr<Messages> messages = nullptr);
+    ~MainWindow() override;
+
+    ZTGraphicsDocument &document() const { return *drawing; }
+    DocumentActions &edit() const { return *actions; }
+    ViewNavigation &navigation() const { return *viewNavigation; }
+    Exporter &exporter() const { return *fileExporter; }
+    Commands &commands() const { return *commandSet; }
+
+    /** Imports files and shows what came in; number of files that did. */
+    int importFiles(const QStringList &paths);
+
+    void newDrawing(); ///< asks first if there is something to lose
+    void addSample();
+    void chooseImport();
+    void chooseExport(bool selectionOnly);
+    void chooseRotation();
+    void showMatrixDialog();
+    void fitSelection();
+    void fitAll();
+    void showAbout();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void buildDocument();
+    void buildTree();
+    void buildCommands();
+    void connectState();
+    void emptyDrawing();
+    void showSelectionInTree();
+    void labelTree();
+    void refreshCommands();
+    void refreshUndoTexts();
+    void readSettings();
+
+    std::unique_ptr<Messages> messages;
+    ZTGraphicsDocument *drawing = nullptr; ///< child, as all below
+    ZTObjectTreeWidget *tree = nullptr;
+    DocumentActions *actions = nullptr;
+    ViewNavigation *viewNavigation = nullptr;
+    Exporter *fileExporter = nullptr;
+    Commands *commandSet = nullptr;
+    StatusBar *status = nullptr;
+    QPointer<MatrixDialog> matrixDialog;
+    std::unique_ptr<Importer> importer;
+    QTimer stateTimer;
+};
+
+} // namespace studio

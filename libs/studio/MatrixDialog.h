@@ -1,0 +1,60 @@
+#pragma once
+
+#include <studio/MatrixPreview.h>
+
+#include <QtWidgets/QDialog>
+
+QT_BEGIN_NAMESPACE
+class QDoubleSpinBox;
+class QLabel;
+class QPushButton;
+class QSpinBox;
+QT_END_NAMESPACE
+
+namespace studio {
+
+class DocumentActions;
+
+/**
+ * Repeats the selected shape in rows and columns. Stays open beside the drawing and shows at once
+ * where the copies would stand; only "Create" makes them, as one undo step. Closing it leaves the
+ * drawing as it is.
+ */
+class MatrixDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /** `document` and `actions` are borrowed and outlive the dialog. */
+    MatrixDialog(ZTGraphicsDocument &document, DocumentActions &actions, QWidget *parent);
+    ~MatrixDialog() override;
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
+private:
+    QSpinBox *addCount(const QString &name, int value);
+    QDoubleSpinBox *addGap(const QString &name);
+    void layOut();
+    void follow();
+    void refresh();
+    void create();
+    MatrixGrid grid() const;
+    ShapeItem *source() const;
+    QString hint(const ShapeItem *source, const MatrixGrid &grid) const;
+
+    ZTGraphicsDocument &document;
+    DocumentActions &actions;
+    QSpinBox *rowsBox;
+    QSpinBox *columnsBox;
+    QDoubleSpinBox *acrossBox;
+    QDoubleSpinBox *downBox;
+    QLabel *hintLabel;
+    QPushButton *createButton;
+    QPointer<MatrixPreview> preview; ///< an item of the scene, while the dialog is open
+    bool hasBeenShown = false;
+    QMetaObject::Connection following; ///< moves of the source
+};
+
+} // namespace studio

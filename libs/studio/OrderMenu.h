@@ -1,0 +1,31 @@
+#pragma once
+
+#include <ZTDrawEngineLib/ZTDrawEngineLib.h>
+
+#include <QtWidgets/QMenu>
+
+QT_BEGIN_NAMESPACE
+class QActionGroup;
+QT_END_NAMESPACE
+
+namespace studio {
+
+/**
+ * Lets the user choose the order in which shapes are marked. The choice is remembered, and holds
+ * for the whole process from the construction of the menu on.
+ */
+class OrderMenu : public QMenu
+{
+    Q_OBJECT
+
+public:
+    explicit OrderMenu(QWidget *parent = nullptr);
+
+private:
+    void add(const QString &text, EShapeSortType order);
+    void choose(const QAction *action);
+
+    QActionGroup *group;
+};
+
+} // namespace studio

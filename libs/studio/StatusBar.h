@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QtCore/QTimer>
+#include <QtWidgets/QStatusBar>
+
+class ZTGraphicsDocument;
+
+QT_BEGIN_NAMESPACE
+class QLabel;
+QT_END_NAMESPACE
+
+namespace studio {
+
+/**
+ * Shows where the mouse is, the selection's box, the zoom and how many shapes are selected.
+ *
+ * Lengths are millimetres, x to the right and y downward from the origin. The box is read from the
+ * selection frame, and figures are brought up to date at most some thirty times a second, so it
+ * costs the same however much is selected.
+ */
+class StatusBar : public QStatusBar
+{
+    Q_OBJECT
+
+public:
+    /** `document` is borrowed and outlives this. */
+    explicit StatusBar(ZTGraphicsDocument &document, QWidget *parent = nullptr);
+
+    void showZoom(double scale);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    QLabel *addField(const QString &name, const QString &widestText, const QString &toolTip);
+    void connectDocument();
+    void refreshLater();
+    void refresh();
+    void showSelection();
+    void showCursorAt(const QPointF &scenePx);
+
+    ZTGraphicsDocument &document;
+    QLabel *cursorField = nullptr;
+    QLabel *boxField = nullptr;
+    QLabel *countField = nullptr;
+    QLabel *zoomField = nullptr;
+    QTimer refreshTimer;
+    int selectedCount = 0;
+};
+
+} // namespace studio

@@ -1,0 +1,150 @@
+#include <studio/ViewNavigation.h>
+
+#include <ZTDrawEngineLib/ZTDrawEngineLib.h>
+
+#include <QtGui/QMouseEvent>
+#include <QtWidgets/QScrollBar>
+
+namespace studio {
+
+namespace {
+
+constexpr double kFitShare = 0.9;
+constexpr double kLeastScale = 0.09;
+constexpr double kLargestScale = 20.0;
+constexpr int kRevealMarginPx = 24;
+
+} // namespace
+
+ViewNavigation::ViewNavigation(ZTGraphicsView &navigated, QObject *parent)
+    : QObject(parent), view(navigated)
+{
+    view.installEventFilter(this);
+    view.viewport()->installEventFilter(this);
+    view.viewport()->setMouseTracking(true);
+    // The range follows the scale, whoever changes it.
+    connect(view.horizontalScrollBar(), &QScrollBar::rangeChanged, this,
+            [this] { Q_EMIT zoomChanged(view.getDisplayScale()); });
+}
+
+void ViewNavigation::zoomIn() { view.zoomIn(); }
+
+void ViewNavigation::zoomOut() { view.zoomOut(); }
+
+void ViewNavigation::home()
+{
+    view.resetSize(1.0);
+    // Last, because a new scale keeps the point under the mouse in its place.
+    view.centerOn(0.0, 0.0);
+}
+
+void ViewNavigation::fit(const QRectF &boxPx)
+{
+    if (boxPx.isNull())
+        return;
+    const QSize shown = view.viewport()->size();
+    const double acrossScale = shown.width() / qMax(boxPx.width(), 1.0);
+    const double downScale = shown.height() / qMax(boxPx.height(), 1.0);
+    view.resetSize(qBound(kLeastScale, kFitShare * qMin(acrossScale, downScale), kLargestScale));
+    view.centerOn(boxPx.center());
+}
+
+void ViewNavigation::reveal(const QRectF &boxPx)
+{
+    view.ensureVisible(boxPx, kRevealMarginPx, kRevealMarginPx);
+}
+
+bool ViewNavigation::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isTaken = watched == &view ? viewEvent(event) : viewportEvent(event);
+    return isTaken || QObject::eventFilter(watched, event);
+}
+
+bool ViewNavigation::viewEvent(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        return spaceKey(static_cast<QKeyEvent *>(event), true);
+    case QEvent::KeyRelease:
+        return spaceKey(static_cast<QKeyEvent *>(event), false);
+    case QEvent::FocusOut:
+        isSpaceHeld = false;
+        showCursor();
+        return false;
+    default:
+        return false;
+    }
+}
+
+bool ViewNavigation::viewportEvent(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+        return beginPan(static_cast<QMouseEvent *>(event));
+    case QEvent::MouseMove:
+        return pan(static_cast<QMouseEvent *>(event));
+    case QEvent::MouseButtonRelease:
+        return endPan(static_cast<QMouseEvent *>(event));
+    default:
+        return false;
+    }
+}
+
+bool ViewNavigation::spaceKey(QKeyEvent *event, bool down)
+{
+    if (event->key() != Qt::Key_Space)
+        return false;
+    if (!event->isAutoRepeat()) {
+        isSpaceHeld = down;
+        showCursor();
+    }
+    return true;
+}
+
+bool ViewNavigation::beginPan(QMouseEvent *event)
+{
+    const bool isPanButton =
+        event->button() == Qt::MiddleButton || (event->button() == Qt::LeftButton && isSpaceHeld);
+    const bool isFirst = event->buttons() == Qt::MouseButtons(event->button());
+    if (!isPanButton || !isFirst)
+        return panButton != Qt::NoButton;
+    panButton = event->button();
+    lastPos = event->pos();
+    showCursor();
+    return true;
+}
+
+bool ViewNavigation::pan(QMouseEvent *event)
+{
+    if (panButton == Qt::NoButton)
+        return false;
+    const QPoint moved = event->pos() - lastPos;
+    lastPos = event->pos();
+    view.horizontalScrollBar()->setValue(view.horizontalScrollBar()->value() - moved.x());
+    view.verticalScrollBar()->setValue(view.verticalScrollBar()->value() - moved.y());
+    return true;
+}
+
+bool ViewNavigation::endPan(QMouseEvent *event)
+{
+    if (panButton == Qt::NoButton)
+        return false;
+    if (event->button() == panButton) {
+        panButton = Qt::NoButton;
+        showCursor();
+    }
+    return true;
+}
+
+void ViewNavigation::showCursor()
+{
+    if (panButton != Qt::NoButton)
+        view.viewport()->setCursor(Qt::ClosedHandCursor);
+    else if (isSpaceHeld)
+        view.viewport()->setCursor(Qt::OpenHandCursor);
+    else
+        view.viewport()->unsetCursor();
+}
+
+} // namespace studio

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <studio/ShapeItems.h>
+
+#include <QtGui/QTransform>
+#include <QtWidgets/QUndoCommand>
+
+namespace studio {
+
+/**
+ * A change of places and transforms of shapes, carried out by a derived class once and repeated
+ * from what it left: undo and redo restore both exactly, to the last bit.
+ *
+ * A shape that others delete is passed over.
+ */
+class ItemGeometryCommand : public QUndoCommand
+{
+public:
+    void undo() override;
+    void redo() override;
+
+protected:
+    ItemGeometryCommand(ZTGraphicsScene *scene, const ShapeItems &items, const QString &text);
+
+    /** Changes the items, the scene's selection at that time. Called once, by the first `redo`. */
+    virtual void change(ZTGraphicsScene &scene) = 0;
+
+private:
+    struct State
+    {
+        QPointF posPx;
+        QTransform transform; ///< works on millimetres
+    };
+
+    QVector<State> states() const;
+    void restore(const QVector<State> &states);
+
+    QPointer<ZTGraphicsScene> drawing; ///< borrowed from the document
+    QVector<QPointer<ShapeItem>> items;
+    QVector<State> before;
+    QVector<State> after; ///< empty until the first `redo`
+};
+
+/** Mirrors the selected shapes within their frame. */
+class MirrorCommand : public ItemGeometryCommand
+{
+public:
+    enum Kind { LeftToRight = 1, TopToBottom = 2 };
+
+    MirrorCommand(ZTGraphicsScene *scene, Kind kind, const QString &text);
+
+protected:
+    void change(ZTGraphicsScene &scene) override;
+
+private:
+    Kind kind;
+};
+
+/** Turns the selected shapes about the middle of their frame. */
+class RotateCommand : public ItemGeometryCommand
+{
+public:
+    /** `angleDeg` is positive for clockwise. */
+    RotateCommand(ZTGraphicsScene *scene, double angleDeg, const QString &text);
+
+protected:
+    void change(ZTGraphicsScene &scene) override;
+
+private:
+    double angleDeg;
+};
+
+} // namespace studio

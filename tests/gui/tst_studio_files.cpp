@@ -1,0 +1,325 @@
+#include "StudioWindow.h"
+
+#include <studio/Exporter.h>
+#include <studio/Importer.h>
+#include <studio/MarkGraphBuilder.h>
+#include <studio/OrderMenu.h>
+
+#include <QtCore/QFileInfo>
+#include <QtCore/QMimeData>
+#include <QtCore/QUrl>
+#include <QtGui/QDropEvent>
+#include <QtTest/QSignalSpy>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QProgressDialog>
+
+using studio::ShapeItem;
+
+namespace {
+
+const QByteArray kTriangle = "PU0 0;\nPD400 0;\nPD200 200;\nPD0 0;\n";
+
+/** Two points, one line with a comma, one without numbers. */
+const QByteArray kLossy = "PU0 0;\nPD100,50;\nPDab cd;\nPD100 100;\n";
+
+} // namespace
+
+class tst_studio_files : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { studio = std::make_unique<StudioWindow>(); }
+    void cleanup() { studio.reset(); }
+
+    void import_centresTheDrawingAndSelectsIt()
+    {
+        const QString path = write("triangle.plt", kTriangle);
+        QCOMPARE(studio->window->importFiles({path}), 1);
+        QCOMPARE(studio->snapshot().rows, QStringList{QStringLiteral("0 VecGraph")});
+        QCOMPARE(studio->selected(), QVector<int>{0});
+        const QRectF box = studio->document().scene()->getSelectionItemRect();
+        const double mm = ZTCoord::getInstance()->mm2pix(1.0);
+        QVERIFY(box.center().manhattanLength() < 1e-9);
+        QVERIFY(qAbs(box.height() - 20 * mm) < 1e-9);
+        QVERIFY(qAbs(box.width() - 40 * mm) < 1e-9);
+        QCOMPARE(studio->stack().undoText(), QStringLiteral("Import triangle.plt"));
+        QVERIFY(studio->messages->failures.isEmpty() && studio->messages->warnings.isEmpty());
+        const DrawingSnapshot after = studio->snapshot();
+        studio->edit().undo();
+        QVERIFY(studio->ids().isEmpty());
+        studio->edit().redo();
+        COMPARE_DRAWINGS(studio->snapshot(), after);
+    }
+
+    void import_severalFiles_standSideBySideAsOneStep()
+    {
+        const QStringList paths{write("a.plt", kTriangle), write("b.plt", kTriangle)};
+        QCOMPARE(studio->window->importFiles(paths), 2);
+        const auto items = studio::selectedShapeItems(*studio->document().scene());
+        const QRectF first = studio::sceneBox(*items[0]);
+        const QRectF second = studio::sceneBox(*items[1]);
+        const double mm = ZTCoord::getInstance()->mm2pix(1.0);
+        QVERIFY(qAbs(second.left() - first.right() - 5 * mm) < 1e-9);
+        QVERIFY(studio::sceneBox(items).center().manhattanLength() < 1e-9);
+        QCOMPARE(studio->stack().count(), 1);
+    }
+
+    void import_ofWhatIsNoDrawing_saysWhy_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("empty") << QByteArray() << QStringLiteral("is empty");
+        QTest::newRow("text") << QByteArray("hello\nworld\n")
+                              << QStringLiteral("no plotter drawing");
+        QTest::newRow("binary") << QByteArray("\x89PNG\0\0", 6) << QStringLiteral("binary");
+    }
+
+    void import_ofWhatIsNoDrawing_saysWhy()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(QString, reason);
+        QCOMPARE(studio->window->importFiles({write("bad.plt", content)}), 0);
+        QCOMPARE(studio->messages->failures.size(), 1);
+        const studio::Message message = studio->messages->failures.first();
+        QCOMPARE(message.what, QStringLiteral("\"bad.plt\" was not imported."));
+        QVERIFY2(message.why.contains(reason), qPrintable(message.why));
+        QVERIFY(studio->ids().isEmpty());
+        QCOMPARE(studio->stack().count(), 0);
+    }
+
+    void import_withIllFormedLines_listsThem()
+    {
+        QCOMPARE(studio->window->importFiles({write("lossy.plt", kLossy)}), 1);
+        QCOMPARE(studio->messages->warnings.size(), 1);
+        const studio::Message message = studio->messages->warnings.first();
+        QCOMPARE(message.what, QStringLiteral("\"lossy.plt\" was imported with losses."));
+        QVERIFY(message.details.join(QLatin1Char('\n')).contains(QStringLiteral("line 2")));
+        QVERIFY(message.details.join(QLatin1Char('\n')).contains(QStringLiteral("line 3")));
+    }
+
+    void import_goodAndBadTogether_keepsTheGood()
+    {
+        const QStringList paths{studio->path("missing.plt"), write("good.plt", kTriangle)};
+        QCOMPARE(studio->window->importFiles(paths), 1);
+        QCOMPARE(studio->messages->failures.size(), 1);
+        QVERIFY(studio->messages->failures.first().why.contains(QStringLiteral("no such file")));
+        QCOMPARE(studio->ids().size(), 1);
+    }
+
+    void importDialog_importsWhatIsChosen()
+    {
+        const QString path = write("chosen.plt", kTriangle);
+        QVERIFY(studio->run("file.import"));
+        auto *dialog = studio->window->findChild<QFileDialog *>();
+        QVERIFY(dialog != nullptr);
+        Q_EMIT dialog->filesSelected({path});
+        dialog->close();
+        QCOMPARE(studio->ids().size(), 1);
+    }
+
+    void drop_ofFiles_importsThemWhereTheyFall()
+    {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(write("dropped.plt", kTriangle))});
+        const QPoint at = studio->view().mapFromScene(120, 80);
+        QVERIFY(drop(data, at));
+        const QRectF box = studio->document().scene()->getSelectionItemRect();
+        QVERIFY((box.center() - QPointF(120, 80)).manhattanLength() < 1e-6);
+        QCOMPARE(studio->stack().count(), 1);
+    }
+
+    void drop_ofAnythingElse_isRefused()
+    {
+        QMimeData text;
+        text.setText(QStringLiteral("PU0 0;"));
+        QVERIFY(!drop(text, QPoint(50, 50)));
+        QMimeData remote;
+        remote.setUrls({QUrl(QStringLiteral("http://example.org/a.plt"))});
+        QVERIFY(!drop(remote, QPoint(50, 50)));
+        QVERIFY(studio->ids().isEmpty());
+    }
+
+    void exportOfAll_holdsTheSortedMarkData_data()
+    {
+        QTest::addColumn<QString>("extension");
+        for (const char *extension : {"svg", "png", "json", "csv"})
+            QTest::newRow(extension) << QString::fromLatin1(extension);
+    }
+
+    void exportOfAll_holdsTheSortedMarkData()
+    {
+        QFETCH(QString, extension);
+        studio->run("file.sample");
+        const QString path = studio->path("all.") + extension;
+        QVERIFY(exportTo(path, false));
+        QVERIFY(QFileInfo(path).size() > 100);
+        QVERIFY(studio->messages->failures.isEmpty());
+    }
+
+    void exportOfSelection_holdsTheSelectionAlone()
+    {
+        studio->addRect(0, 0);
+        ShapeItem *chosen = studio->addRect(100, 0);
+        studio->addRect(200, 0);
+        studio->select({chosen});
+        const QString all = studio->path("all.csv");
+        const QString one = studio->path("one.csv");
+        QVERIFY(exportTo(all, false));
+        QVERIFY(exportTo(one, true));
+        QVERIFY(QFileInfo(one).size() < QFileInfo(all).size());
+        QCOMPARE(contentOf(one).count('\n') - 1, (contentOf(all).count('\n') - 1) / 3);
+    }
+
+    void builder_gathersWhatTheManagerDoes()
+    {
+        studio->run("file.sample");
+        ZTPointSort::getInstance()->setShapeMarkSort(EShapeSortType::ShapeSortNearest);
+        ZTShapeManager &manager = *studio->document().itemMag();
+        studio::MarkGraphBuilder builder(manager, false);
+        int steps = 1;
+        while (builder.work(0))
+            ++steps;
+        QCOMPARE(steps, builder.total());
+        QCOMPARE(markBytes(builder.takeSorted()), markBytes(manager.getShapeLines()));
+    }
+
+    void export_toWhereNothingCanBeWritten_saysWhyAndLeavesNothing()
+    {
+        studio->addRect(0, 0);
+        QVERIFY(exportTo(studio->path("missing/folder/a.svg"), false));
+        QCOMPARE(studio->messages->failures.size(), 1);
+        QVERIFY(studio->messages->failures.first().why.contains(QStringLiteral("does not exist")));
+        studio->window->exporter().exportTo(studio->path("a.txt"), false);
+        QCOMPARE(studio->messages->failures.size(), 2);
+        QVERIFY(studio->messages->failures.last().why.contains(QStringLiteral(".svg")));
+    }
+
+    void export_cancelled_leavesTheOldFile()
+    {
+        for (int i = 0; i < 3000; ++i)
+            studio->addRect(i % 50, i / 50);
+        const QString path = write("kept.json", "old");
+        studio::ExportJob *job = new studio::ExportJob(*studio->document().itemMag(), false, path);
+        QSignalSpy finished(job, &studio::ExportJob::finished);
+        QPointer<studio::ExportJob> gone(job);
+        QSignalSpy writing(job, &studio::ExportJob::writing);
+        job->start(10000);
+        QCOMPARE(writing.count(), 1);
+        job->cancel();
+        QTRY_VERIFY_WITH_TIMEOUT(gone.isNull(), 20000);
+        QCOMPARE(contentOf(path), QByteArray("old"));
+        QCOMPARE(folderEntries(path), 1);
+
+        auto *early = new studio::ExportJob(*studio->document().itemMag(), false, path);
+        gone = early;
+        early->start(0);
+        early->cancel();
+        QTRY_VERIFY(gone.isNull());
+        QCOMPARE(contentOf(path), QByteArray("old"));
+    }
+
+    void export_cancelledInTheDialog_ends()
+    {
+        for (int i = 0; i < 20000; ++i)
+            studio->addRect(i % 200, i / 200);
+        studio::Exporter &exporter = studio->window->exporter();
+        QSignalSpy ended(&exporter, &studio::Exporter::ended);
+        exporter.exportTo(studio->path("big.svg"), false);
+        QVERIFY(exporter.isBusy());
+        auto *progress = studio->window->findChild<QProgressDialog *>();
+        QVERIFY(progress != nullptr);
+        Q_EMIT progress->canceled();
+        QCOMPARE(ended.count(), 1);
+        QVERIFY(!exporter.isBusy());
+        QVERIFY(!QFileInfo::exists(studio->path("big.svg")));
+    }
+
+    void exportDialog_offersTheFourFormsAndRemembers()
+    {
+        studio->addRect(0, 0);
+        QVERIFY(studio->run("file.exportAll"));
+        auto *dialog = studio->window->findChild<QFileDialog *>();
+        QVERIFY(dialog != nullptr);
+        QCOMPARE(dialog->nameFilters().size(), 4);
+        dialog->selectNameFilter(dialog->nameFilters().at(3));
+        const QString path = studio->path("remembered.csv");
+        QSignalSpy ended(&studio->window->exporter(), &studio::Exporter::ended);
+        Q_EMIT dialog->fileSelected(path);
+        dialog->close();
+        QVERIFY(ended.count() == 1 || ended.wait(20000));
+        QVERIFY(QFileInfo::exists(path));
+        QTRY_VERIFY(studio->window->findChild<QFileDialog *>() == nullptr);
+        studio->run("file.exportAll");
+        dialog = studio->window->findChild<QFileDialog *>();
+        QVERIFY(dialog->selectedNameFilter().contains(QStringLiteral("csv")));
+        dialog->close();
+    }
+
+    void order_isChosenInTheMenuAndRemembered()
+    {
+        const auto *menu = studio->window->findChild<studio::OrderMenu *>();
+        QCOMPARE(menu->actions().size(), 6);
+        QVERIFY(menu->actions().at(0)->isChecked());
+        menu->actions().at(2)->trigger();
+        QVERIFY(ZTPointSort::getInstance()->getShapeMarkSort() ==
+                EShapeSortType::ShapeSortXFromMin);
+        ZTPointSort::getInstance()->setShapeMarkSort(EShapeSortType::ShapeSortNone);
+        const studio::OrderMenu later;
+        QVERIFY(later.actions().at(2)->isChecked());
+        QVERIFY(ZTPointSort::getInstance()->getShapeMarkSort() ==
+                EShapeSortType::ShapeSortXFromMin);
+    }
+
+private:
+    QString write(const char *name, const QByteArray &content)
+    {
+        QFile file(studio->path(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+            qFatal("a test file cannot be written");
+        return file.fileName();
+    }
+
+    static QByteArray contentOf(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    /** Files beside a file that have its extension, itself included. */
+    static int folderEntries(const QString &path)
+    {
+        const QFileInfo info(path);
+        return info.dir()
+            .entryList({QStringLiteral("*.") + info.suffix()}, QDir::Files | QDir::Hidden)
+            .size();
+    }
+
+    bool exportTo(const QString &path, bool selectionOnly)
+    {
+        studio::Exporter &exporter = studio->window->exporter();
+        QSignalSpy ended(&exporter, &studio::Exporter::ended);
+        exporter.exportTo(path, selectionOnly);
+        return ended.count() == 1 || (exporter.isBusy() && ended.wait(20000));
+    }
+
+    /** Enters, moves and drops as the window system does; false if the data is refused. */
+    bool drop(const QMimeData &data, const QPoint &pos)
+    {
+        QWidget *viewport = studio->view().viewport();
+        QDragEnterEvent enter(pos, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(viewport, &enter);
+        QDragMoveEvent move(pos, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(viewport, &move);
+        if (!enter.isAccepted() || !move.isAccepted())
+            return false;
+        QDropEvent drop(pos, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(viewport, &drop);
+        return drop.isAccepted();
+    }
+
+    std::unique_ptr<StudioWindow> studio;
+};
+
+QTEST_MAIN(tst_studio_files)
+#include "tst_studio_files.moc"

@@ -1,0 +1,189 @@
+#include "StudioWindow.h"
+
+#include <studio/MatrixDialog.h>
+#include <studio/MatrixPreview.h>
+
+#include <QtWidgets/QDoubleSpinBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+
+using studio::MatrixDialog;
+using studio::MatrixPreview;
+using studio::ShapeItem;
+
+class tst_studio_matrix : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        studio = std::make_unique<StudioWindow>();
+        source = studio->addRect(0, 0);
+        side = source->boundingRect().width();
+    }
+    void cleanup() { studio.reset(); }
+
+    void preview_showsTheCopiesAndMakesNone()
+    {
+        const QPointF inSecondColumn(1.5 * side + gapPx(), side / 2);
+        open();
+        set("gapAcross", 1.0);
+        const QImage withPreview = studio->view().grab().toImage();
+        QCOMPARE(studio->ids(), QVector<int>{0});
+        QCOMPARE(studio->stack().count(), 0);
+        QVERIFY(preview()->sceneBoundingRect().contains(inSecondColumn));
+        dialog()->close();
+        QVERIFY(preview() == nullptr);
+        studio->view().viewport()->update();
+        const QImage without = studio->view().grab().toImage();
+        QVERIFY(withPreview != without);
+        QCOMPARE(studio->ids(), QVector<int>{0});
+        QCOMPARE(studio->addRect(5, 5)->getShapeBase()->getId(), 1);
+    }
+
+    void create_makesRowsAndColumns_asOneStep()
+    {
+        open();
+        set("rows", 2);
+        set("columns", 3);
+        set("gapAcross", 1.0);
+        set("gapDown", 2.0);
+        const DrawingSnapshot before = studio->snapshot();
+        click("create");
+        QCOMPARE(studio->ids().size(), 6);
+        QCOMPARE(studio->stack().count(), 1);
+        const ShapeItem *last = studio->document().scene()->getItemById(5);
+        const ZTCoord &coord = *ZTCoord::getInstance();
+        QCOMPARE(last->pos(), QPointF(2 * (side + coord.mm2pix(1.0)), side + coord.mm2pix(2.0)));
+        QCOMPARE(studio->selected(), (QVector<int>{1, 2, 3, 4, 5}));
+        QVERIFY(dialog()->isVisible());
+        const DrawingSnapshot after = studio->snapshot();
+        COMPARE_UNDO_AND_REDO(studio->document(), before, after);
+        QCOMPARE(studio->selected(), QVector<int>{0});
+    }
+
+    void preview_matchesWhatIsCreated()
+    {
+        source->scale(1.5, 0.5);
+        open();
+        set("rows", 3);
+        set("columns", 2);
+        set("gapAcross", -1.0);
+        const QRectF expected = preview()->sceneBoundingRect().adjusted(1, 1, -1, -1);
+        click("create");
+        const QRectF made = studio::sceneBox(studio::shapeItemsOf(*studio->document().scene()));
+        QVERIFY((expected.topLeft() - made.topLeft()).manhattanLength() < 1e-9);
+        QVERIFY((expected.bottomRight() - made.bottomRight()).manhattanLength() < 1e-9);
+    }
+
+    void dialog_followsTheSelection()
+    {
+        open();
+        QVERIFY(button("create")->isEnabled());
+        studio->edit().clearSelection();
+        QVERIFY(!button("create")->isEnabled());
+        QVERIFY(hint().startsWith(QStringLiteral("Select the one shape")));
+        QVERIFY(preview()->boundingRect().isNull());
+        ShapeItem *other = studio->addRect(100, 100);
+        studio->select({other, source});
+        QVERIFY(!button("create")->isEnabled());
+        studio->select({other});
+        QVERIFY(button("create")->isEnabled());
+        QCOMPARE(preview()->pos(), QPointF(100, 100));
+        studio->edit().nudge({1.0, 0});
+        QCOMPARE(preview()->pos(), other->pos());
+        studio->edit().removeSelected();
+        QVERIFY(!button("create")->isEnabled());
+    }
+
+    void preview_letsTheMouseThrough()
+    {
+        open();
+        ShapeItem *beneath = studio->addRect(1.1 * side + gapPx(), 0);
+        studio->driver->click(studio::sceneBox(*beneath).center().toPoint());
+        QCOMPARE(studio->selected(), QVector<int>{1});
+    }
+
+    void tooMany_areRefused()
+    {
+        open();
+        set("rows", 1000);
+        set("columns", 101);
+        QVERIFY(!button("create")->isEnabled());
+        QVERIFY(hint().contains(QStringLiteral("101,000")));
+        set("columns", 1);
+        set("rows", 1);
+        QVERIFY(!button("create")->isEnabled());
+        QCOMPARE(studio->edit().repeat(1000, 101, {1, 1}), 0);
+        QCOMPARE(studio->ids().size(), 1);
+    }
+
+    void manyCells_showAtOnce()
+    {
+        open();
+        set("rows", 300);
+        set("columns", 300);
+        set("gapAcross", 1.0);
+        for (const double scale : {0.01, 0.1, 1.0, 10.0}) {
+            studio->view().resetSize(scale);
+            QElapsedTimer timer;
+            timer.start();
+            studio->view().grab();
+            QVERIFY2(timer.elapsed() < 2000, qPrintable(QString::number(timer.elapsed())));
+        }
+    }
+
+    void clear_withDialogOpen_isHarmless()
+    {
+        open();
+        studio->edit().clear();
+        QVERIFY(!button("create")->isEnabled());
+        studio->run("create.ellipse");
+        QVERIFY(button("create")->isEnabled());
+        studio->window.reset();
+    }
+
+private:
+    void open()
+    {
+        studio->select({source});
+        QVERIFY(studio->run("arrange.matrix"));
+    }
+
+    MatrixDialog *dialog() { return studio->window->findChild<MatrixDialog *>(); }
+
+    MatrixPreview *preview()
+    {
+        for (QGraphicsItem *item : studio->document().scene()->items()) {
+            if (auto *found = dynamic_cast<MatrixPreview *>(item))
+                return found;
+        }
+        return nullptr;
+    }
+
+    void set(const char *name, int value) { child<QSpinBox>(name)->setValue(value); }
+    void set(const char *name, double value) { child<QDoubleSpinBox>(name)->setValue(value); }
+    QPushButton *button(const char *name) { return child<QPushButton>(name); }
+    QString hint() { return child<QLabel>("hint")->text(); }
+    double gapPx() const { return ZTCoord::getInstance()->mm2pix(1.0); }
+
+    void click(const char *name)
+    {
+        QTest::mouseClick(button(name), Qt::LeftButton);
+        QCoreApplication::processEvents();
+    }
+
+    template <class Widget>
+    Widget *child(const char *name)
+    {
+        return dialog()->findChild<Widget *>(QString::fromLatin1(name));
+    }
+
+    std::unique_ptr<StudioWindow> studio;
+    ShapeItem *source = nullptr;
+    double side = 0.0;
+};
+
+QTEST_MAIN(tst_studio_matrix)
+#include "tst_studio_matrix.moc"
