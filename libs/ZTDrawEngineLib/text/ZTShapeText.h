@@ -19,8 +19,10 @@
  * Order: every setter but the switch to `FontType::None` rebuilds at once, through the virtual
  * `paint()`, some of them twice as told. A stroke font is drawn at the text height that was last
  * set for its files by anyone: nothing here sets it.
- * Failure: a stroke font without loaded fonts, `FontType::None`, and geometry that is not finite
- * give an empty shape.
+ * Failure: a stroke font without loaded fonts, `FontType::None`, and an arc whose numbers are not
+ * finite give an empty shape.
+ * Limit: so does a text that reaches beyond 1,000,000,000 mm. Letter spacing of a system font is at
+ * most 1,000,000 pixels.
  */
 class ZTDRAWENGINELIB_EXPORT ZTShapeText : public ZTTextShapeBase
 {

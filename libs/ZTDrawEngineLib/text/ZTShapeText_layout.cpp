@@ -71,18 +71,22 @@ QByteArray toGbk(const QString &text)
     return codec != nullptr ? codec->fromUnicode(text) : QByteArray();
 }
 
-bool isFinite(const QRectF &rect)
+/** Limit: a text reaches no further, in millimetres; far more than anything can mark or show. */
+constexpr double kMaxReachMm = 1e9;
+
+/** False also for what is no number. */
+bool isWithinReach(const QRectF &rectMm)
 {
-    return std::isfinite(rect.left()) && std::isfinite(rect.top()) && std::isfinite(rect.width()) &&
-           std::isfinite(rect.height());
+    return std::abs(rectMm.left()) <= kMaxReachMm && std::abs(rectMm.top()) <= kMaxReachMm &&
+           rectMm.width() <= kMaxReachMm && rectMm.height() <= kMaxReachMm;
 }
 
-/** Moves a path to (0, 0). One whose extent is not finite becomes empty: nothing can show it. */
+/** Moves a path to (0, 0). One that reaches too far becomes empty. */
 void moveToOrigin(QPainterPath &path)
 {
-    const QRectF rect = path.controlPointRect();
-    if (isFinite(rect))
-        path.translate(-rect.left(), -rect.top());
+    const QRectF rectMm = path.controlPointRect();
+    if (isWithinReach(rectMm))
+        path.translate(-rectMm.left(), -rectMm.top());
     else
         path = QPainterPath();
 }
