@@ -22,6 +22,7 @@
 #include <ZTDrawEngineLib/document/ZTGraphicsDocument.h>
 #include <ZTDrawEngineLib/document/ZTGraphicsView.h>
 #include <ZTDrawEngineLib/items/ZTAbstractGraphicsItem.h>
+#include <ZTDrawEngineLib/items/ZTAbstractGraphicsTextItem.h>
 #include <ZTDrawEngineLib/items/ZTGraphicsEllipseItem.h>
 #include <ZTDrawEngineLib/items/ZTGraphicsItemFactory.h>
 #include <ZTDrawEngineLib/items/ZTGraphicsLineItem.h>
@@ -30,6 +31,7 @@
 #include <ZTDrawEngineLib/items/ZTGraphicsResizeItem.h>
 #include <ZTDrawEngineLib/items/ZTGraphicsScene.h>
 #include <ZTDrawEngineLib/items/ZTGraphicsTdotItem.h>
+#include <ZTDrawEngineLib/items/ZTGraphicsTextItem.h>
 #include <ZTDrawEngineLib/items/ZTItemFactories.h>
 #include <ZTDrawEngineLib/items/commands/ZTItemPosCommand.h>
 #include <ZTDrawEngineLib/items/commands/ZTItemPropertyCommand.h>
@@ -54,6 +56,7 @@
 #include <ZTDrawEngineLib/shx/ZTRegBigFontShxParser.h>
 #include <ZTDrawEngineLib/shx/ZTShxFontManager.h>
 #include <ZTDrawEngineLib/shx/ZTShxParser.h>
+#include <ZTDrawEngineLib/text/ZTShapeText.h>
 #include <ZTDrawEngineLib/text/ZTTextShapeBase.h>
 #include <ZTDrawEngineLib/text/ZTVariantTextManager.h>
 #include <ZTMarkDataManager/ZTVariantText.h>

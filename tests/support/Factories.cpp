@@ -11,6 +11,7 @@ void registerFactories()
     ZTGraphicsItemFactory::regist("Polygon", ZTPolygonItemFactory::getInstance());
     ZTGraphicsItemFactory::regist("Line", ZTLineItemFactory::getInstance());
     ZTGraphicsItemFactory::regist("TDOT", ZTTdotItemFactory::getInstance());
+    ZTGraphicsItemFactory::regist("Text", ZTTextItemFactory::getInstance());
     ZTGraphicsItemFactory::regist("VecGraph", ZTVecGraphItemFactory::getInstance());
 }
 

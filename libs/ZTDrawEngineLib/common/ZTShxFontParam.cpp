@@ -2,6 +2,8 @@
 
 #include <QtCore/QDataStream>
 
+#include <cmath>
+
 bool operator==(const ZTShxFontParam &a, const ZTShxFontParam &b)
 {
     return a.zhName == b.zhName && a.enName == b.enName && a.height == b.height;
@@ -20,6 +22,9 @@ QDataStream &operator>>(QDataStream &stream, ZTShxFontParam &param)
     // The stream holds the big font first, the pair takes the regular one first.
     param.parser.init(param.enName.toLocal8Bit().constData(),
                       param.zhName.toLocal8Bit().constData());
-    param.parser.setTextHeight(param.height);
+    if (std::isfinite(param.height) && param.height != 0)
+        param.parser.setTextHeight(param.height);
+    else // such a height would make every text in these fonts vanish, not only this one
+        param.parser = ZTRegBigFontShxParser();
     return stream;
 }

@@ -5,6 +5,7 @@
 #include <ZTDrawEngineLib/items/ZTGraphicsPolygonItem.h>
 #include <ZTDrawEngineLib/items/ZTGraphicsRectItem.h>
 #include <ZTDrawEngineLib/items/ZTGraphicsTdotItem.h>
+#include <ZTDrawEngineLib/items/ZTGraphicsTextItem.h>
 #include <ZTDrawEngineLib/items/ZTGraphicsVecGraph_p.h>
 
 #include <utility>
@@ -14,6 +15,7 @@ template class ZTSingletonTemplate<ZTEllipseItemFactory>;
 template class ZTSingletonTemplate<ZTPolygonItemFactory>;
 template class ZTSingletonTemplate<ZTLineItemFactory>;
 template class ZTSingletonTemplate<ZTTdotItemFactory>;
+template class ZTSingletonTemplate<ZTTextItemFactory>;
 template class ZTSingletonTemplate<ZTVecGraphItemFactory>;
 
 ZTAbstractGraphicsItem *ZTRectItemFactory::create() { return new ZTGraphicsRectItem; }
@@ -25,6 +27,8 @@ ZTAbstractGraphicsItem *ZTPolygonItemFactory::create() { return new ZTGraphicsPo
 ZTAbstractGraphicsItem *ZTLineItemFactory::create() { return new ZTGraphicsLineItem; }
 
 ZTAbstractGraphicsItem *ZTTdotItemFactory::create() { return new ZTGraphicsTdotItem; }
+
+ZTAbstractGraphicsItem *ZTTextItemFactory::create() { return new ZTGraphicsTextItem; }
 
 void ZTVecGraphItemFactory::setPath(const QString &path) { nextPath = path; }
 

@@ -23,6 +23,8 @@ class ZTDRAWENGINELIB_EXPORT ZTLineItemFactory;
 extern template class ZTSingletonTemplate<ZTLineItemFactory>;
 class ZTDRAWENGINELIB_EXPORT ZTTdotItemFactory;
 extern template class ZTSingletonTemplate<ZTTdotItemFactory>;
+class ZTDRAWENGINELIB_EXPORT ZTTextItemFactory;
+extern template class ZTSingletonTemplate<ZTTextItemFactory>;
 class ZTDRAWENGINELIB_EXPORT ZTVecGraphItemFactory;
 extern template class ZTSingletonTemplate<ZTVecGraphItemFactory>;
 
@@ -96,6 +98,20 @@ public:
 private:
     ZTTdotItemFactory() = default;
     ~ZTTdotItemFactory() = default;
+};
+
+/** Makes texts; registered under "Text". */
+class ZTDRAWENGINELIB_EXPORT ZTTextItemFactory final : public Factory,
+                                                       public ZTSingletonTemplate<ZTTextItemFactory>
+{
+    friend class ZTSingletonTemplate<ZTTextItemFactory>;
+
+public:
+    ZTAbstractGraphicsItem *create() override;
+
+private:
+    ZTTextItemFactory() = default;
+    virtual ~ZTTextItemFactory() = default;
 };
 
 /** Makes imported plotter drawings; registered under "VecGraph". */

@@ -49,6 +49,7 @@ private Q_SLOTS:
         ZTPolygonItemFactory::release();
         ZTLineItemFactory::release();
         ZTTdotItemFactory::release();
+        ZTTextItemFactory::release();
         ZTVecGraphItemFactory::release();
     }
 
@@ -59,6 +60,7 @@ private Q_SLOTS:
         checkFactory<ZTPolygonItemFactory, ZTGraphicsPolygonItem>();
         checkFactory<ZTLineItemFactory, ZTGraphicsLineItem>();
         checkFactory<ZTTdotItemFactory, ZTGraphicsTdotItem>();
+        checkFactory<ZTTextItemFactory, ZTGraphicsTextItem>();
         checkFactory<ZTVecGraphItemFactory, ZTGraphicsVecGraph>();
     }
 
