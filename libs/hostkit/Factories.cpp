@@ -22,6 +22,7 @@ void registerFactories()
     registerAs<ZTPolygonItemFactory>(ShapeType::Polygon);
     registerAs<ZTLineItemFactory>(ShapeType::Line);
     registerAs<ZTTdotItemFactory>(ShapeType::TDOT);
+    registerAs<ZTTextItemFactory>(ShapeType::Text);
     registerAs<ZTVecGraphItemFactory>(ShapeType::VecGraph);
 }
 

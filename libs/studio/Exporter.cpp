@@ -127,7 +127,7 @@ void Exporter::finish(const QString &error)
         return;
     }
     messages.failure({tr("\"%1\" was not written.").arg(QFileInfo(path).fileName()),
-                      tr("The file %1. Choose another place and try again.").arg(error),
+                      tr("Reason: %1. Choose another place and try again.").arg(error),
                       {}});
 }
 

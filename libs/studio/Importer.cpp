@@ -35,7 +35,7 @@ QStringList problemLines(const PltReport &report)
 Message refusal(const QString &path, const QString &error, const PltReport &report)
 {
     return {ImportTexts::tr("\"%1\" was not imported.").arg(fileNameOf(path)),
-            ImportTexts::tr("The file %1. Plotter files hold one PU or PD command with one pair "
+            ImportTexts::tr("Reason: %1. Plotter files hold one PU or PD command with one pair "
                             "of numbers per line, such as \"PD100 250;\".")
                 .arg(error),
             problemLines(report)};
