@@ -1,5 +1,6 @@
 #include <support/SingletonGuard.h>
 
+#include <hostkit/Factories.h>
 #include <hostkit/MarkJob.h>
 
 #include <QtCore/QFile>
@@ -42,6 +43,8 @@ class tst_MarkJob : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { hostkit::registerFactories(); }
+
     void init()
     {
         guard.reset(new testsupport::SingletonGuard);
