@@ -43,7 +43,16 @@ class tst_MarkJob : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { hostkit::registerFactories(); }
+    void initTestCase()
+    {
+        init();
+        add(kCorner);
+        QVERIFY(!build());
+        QCOMPARE(error.drawing, 0);
+        QCOMPARE(error.reason, QStringLiteral("no factory for drawings is registered"));
+        cleanup();
+        hostkit::registerFactories();
+    }
 
     void init()
     {
@@ -135,6 +144,41 @@ private Q_SLOTS:
             COMPARE_CLOSE(corners[i], QPointF(i % 4 * 10500.0, i / 4 * 7000.0));
         COMPARE_CLOSE(result.graph.rect, QRectF(0, 0, 41500, 19000));
         COMPARE_CLOSE(result.graph.objects[11].lines[0][0], QPointF(31500, 19000));
+    }
+
+    void matrix_largerThanANewScene_isNotClamped()
+    {
+        add(kCorner);
+        options.columns = 400; // pitch 42 mm, so nearly 17 m; an item may go some 7 m
+        options.rows = 2;
+        options.gapMm = QSizeF(2.0, 20000.0);
+        QVERIFY(build());
+        QCOMPARE(result.graph.objects.size(), 800);
+        COMPARE_CLOSE(result.graph.objects[399].rect, QRectF(399 * 21000.0, 0, 20000, 10000));
+        COMPARE_CLOSE(result.graph.objects[799].lines[0][0], QPointF(399 * 21000.0, 10020000));
+    }
+
+    void drawings_keepTheirPenAndEachOther()
+    {
+        add(kCorner);
+        add(kFrame);
+        options.columns = 3;
+        options.order = EShapeSortType::ShapeSortXFromMax;
+        QVERIFY(build());
+        for (int i = 0; i < 6; ++i) { // from the right, the frame stands right of the corner
+            QCOMPARE(result.graph.objects[i].penId, 1);
+            QCOMPARE(result.graph.objects[i].lines[0].size(), i % 2 == 0 ? 5 : 3);
+        }
+    }
+
+    void job_leavesVariantTextsAlone()
+    {
+        ZTVariantTextManager &texts = *ZTVariantTextManager::getInstance();
+        ZTVariantText text;
+        const auto before = texts.newItem(QStringLiteral("serial"), text);
+        add(kCorner);
+        QVERIFY(build());
+        QVERIFY(texts.newItem(QStringLiteral("other"), text) != before);
     }
 
     void hatch_hasTheSpacingAskedForWhateverTheScale_data()
