@@ -2,10 +2,12 @@
 #include "InfoCommand.h"
 #include "MarkCommand.h"
 
+#include <hostkit/Factories.h>
+
 #include <CLI/CLI.hpp>
 
 #include <QtCore/QTextCodec>
-#include <QtGui/QGuiApplication>
+#include <QtWidgets/QApplication>
 
 #include <iostream>
 
@@ -90,6 +92,7 @@ int main(int argc, char **argv)
 
     makeIndependent();
     int onlyName = 1;
-    const QGuiApplication application(onlyName, argv);
+    const QApplication application(onlyName, argv);
+    hostkit::registerFactories();
     return info.isChosen() ? info.run() : mark.run();
 }

@@ -1,7 +1,6 @@
 #include <hostkit/MarkJob.h>
 
-#include <hostkit/MarkObjectMaker.h>
-
+#include <QtCore/QSignalBlocker>
 #include <QtCore/QtMath>
 
 #include <algorithm>
@@ -54,15 +53,15 @@ QString tooMany(const QString &what, double count, double limit)
 }
 
 /** Turns the drawing and brings the corner of the turned box back to the origin. */
-void turn(ZTShapeBase &shape, double rotateDeg)
+void turn(ZTAbstractGraphicsItem &item, double rotateDeg)
 {
     const QTransform rotation = QTransform().rotate(rotateDeg);
-    shape.setTransformParam(rotation);
-    const QPointF cornerPx = shape.controlPointRect().topLeft();
+    item.setTransformParam(rotation);
+    const QPointF cornerPx = item.boundingRect().topLeft();
     const ZTCoord &coord = *ZTCoord::getInstance();
     const QTransform back =
         QTransform::fromTranslate(-coord.pix2mm(cornerPx.x()), -coord.pix2mm(cornerPx.y()));
-    shape.setTransformParam(rotation * back);
+    item.setTransformParam(rotation * back);
 }
 
 /** Number of hatch lines laid over the shape, those that miss it included. */
@@ -88,27 +87,67 @@ double hatchSegments(const ZTShapeBase &shape, double spacingPx, double angleDeg
     return acrossPx / spacingPx / 2.0;
 }
 
-/** One job on its way from drawings to an ordered graph. */
+double pointsOf(const QPainterPath &path)
+{
+    double points = 0.0;
+    for (const QPolygonF &polygon : path.toSubpathPolygons())
+        points += polygon.size();
+    return points;
+}
+
+void enlarge(ZTMarkGraph &graph, double factor)
+{
+    const auto enlarged = [factor](const QRectF &rect) {
+        return QRectF(rect.topLeft() * factor, rect.size() * factor);
+    };
+    for (ZTMarkObject &object : graph.objects) {
+        for (QPolygonF &polygon : object.lines) {
+            for (QPointF &point : polygon)
+                point *= factor;
+        }
+        for (QLineF &line : object.fillLines)
+            line.setPoints(line.p1() * factor, line.p2() * factor);
+        object.rect = enlarged(object.rect);
+    }
+    graph.rect = enlarged(graph.rect);
+}
+
+void dropOutlines(ZTMarkGraph &graph)
+{
+    for (ZTMarkObject &object : graph.objects)
+        object.lines.clear();
+}
+
+void tell(const MarkJobOptions &options, const QString &step)
+{
+    if (options.progress)
+        options.progress(step);
+}
+
+/** A drawing surface of its own, on which a job is laid out. */
 class Builder
 {
 public:
     Builder(const MarkJobOptions &jobOptions, MarkJobError *jobError)
-        : options(jobOptions), error(jobError), screen2mark(ZTCoord::getInstance()->screen2mark())
+        : options(jobOptions), error(jobError), nobodyFollows(manager.scene())
     {
+        // The scale of a manager is a float, too coarse for paths written to the last digit: the
+        // graph leaves it in scene pixels and is brought to mark units afterwards.
+        manager.setScale(1.0F, 1.0F);
     }
 
     bool addDrawing(int index, const DrawingInput &drawing);
     bool repeat();
-    void order(MarkJobResult *result);
-    void tell(const QString &step) const
-    {
-        if (options.progress)
-            options.progress(step);
-    }
+    ZTMarkGraph takeGraph();
 
 private:
-    bool checkHatch(int index, ZTShapeBase &shape);
+    bool checkWork(int index, ZTShapeBase &shape);
+    bool checkCopies() const;
     ZTFillParam fillParam() const;
+    void layOut();
+    void addCopies(int drawing, const QSizeF &pitchPx);
+    void hatch();
+    double copies() const { return double(options.columns) * options.rows; }
 
     /** Scene pixels of a length on the marked result, which the scale enlarges. */
     double scenePx(double lengthMm) const
@@ -116,13 +155,16 @@ private:
         return ZTCoord::getInstance()->mm2pix(lengthMm / options.scale);
     }
 
+    /** The items in the order of the drawings, copies row by row: drawing `number % drawings`. */
+    using Items = std::vector<ZTAbstractGraphicsItem *>;
+
     const MarkJobOptions &options;
     MarkJobError *error;
-    double screen2mark;
-    double nextXPx = 0.0;  ///< where the next drawing begins
-    double heightPx = 0.0; ///< of the highest drawing
-    double pieces = 0.0;   ///< points and hatch segments so far
-    ZTMarkGraph graph;
+    ZTShapeManager manager;
+    QSignalBlocker nobodyFollows; ///< neither frame nor tree need to know what is selected
+    Items drawn;                  ///< one for each drawing; owned by the scene
+    Items items;                  ///< of all copies; owned by the scene
+    double pieces = 0.0;          ///< points and about how many hatch segments, of one copy
 };
 
 /**
@@ -140,8 +182,9 @@ ZTFillParam Builder::fillParam() const
     return fill;
 }
 
-bool Builder::checkHatch(int index, ZTShapeBase &shape)
+bool Builder::checkWork(int index, ZTShapeBase &shape)
 {
+    pieces += pointsOf(shape.getLines());
     if (options.hatch == FillType::None)
         return true;
     const double spacingPx = scenePx(options.spacingMm);
@@ -153,67 +196,134 @@ bool Builder::checkHatch(int index, ZTShapeBase &shape)
     const double segments = joints * hatchSegments(shape, spacingPx, options.angleDeg);
     if (!(segments <= kMaxPieces))
         return fail(error, index, tooMany(QStringLiteral("hatch segments"), segments, kMaxPieces));
+    pieces += segments;
+    return true;
+}
+
+bool Builder::checkCopies() const
+{
+    const double objects = copies() * static_cast<double>(drawn.size());
+    if (objects > kMaxObjects)
+        return fail(error, -1, tooMany(QStringLiteral("objects"), objects, kMaxObjects));
+    if (copies() * pieces > kMaxPieces)
+        return fail(
+            error, -1,
+            tooMany(QStringLiteral("points and hatch segments"), copies() * pieces, kMaxPieces));
     return true;
 }
 
 bool Builder::addDrawing(int index, const DrawingInput &drawing)
 {
-    ZTVecGraph shape;
-    shape.setImagePath(drawing.filePath());
-    shape.paint();
+    ZTVecGraphItemFactory::getInstance()->setPath(drawing.filePath());
+    ZTAbstractGraphicsItem *item = manager.addShape(ShapeType::VecGraph, QRectF());
+    if (item == nullptr)
+        return fail(error, index, QStringLiteral("no factory for drawings is registered"));
+    item->getShapeBase()->paint();
     if (options.rotateDeg != 0.0)
-        turn(shape, options.rotateDeg);
-    if (!checkHatch(index, shape))
-        return false;
-    shape.setFillParam(fillParam());
-
-    const double factor = screen2mark * options.scale;
-    ZTMarkObject object = makeMarkObject(shape, QPointF(nextXPx, 0.0), QSizeF(factor, factor));
-    const QRectF boxPx = shape.controlPointRect();
-    nextXPx += boxPx.width() + scenePx(options.gapMm.width());
-    heightPx = std::max(heightPx, boxPx.height());
-    for (const QPolygonF &polygon : object.lines)
-        pieces += polygon.size();
-    pieces += object.fillLines.size();
-    graph.rect |= object.rect;
-    graph.objects.append(std::move(object));
-    return true;
+        turn(*item, options.rotateDeg);
+    drawn.push_back(item);
+    return checkWork(index, *item->getShapeBase());
 }
 
 bool Builder::repeat()
 {
-    const double copies = double(options.columns) * options.rows;
-    const double objects = copies * graph.objects.size();
-    if (objects > kMaxObjects)
-        return fail(error, -1, tooMany(QStringLiteral("objects"), objects, kMaxObjects));
-    if (copies * pieces > kMaxPieces)
-        return fail(
-            error, -1,
-            tooMany(QStringLiteral("points and hatch segments"), copies * pieces, kMaxPieces));
-    const double factor = screen2mark * options.scale;
-    const double pitchX = nextXPx * factor;
-    const double pitchY = (heightPx + scenePx(options.gapMm.height())) * factor;
-    const QVector<ZTMarkObject> cell = graph.objects;
-    if (cell.isEmpty())
-        return true;
-    graph.objects.reserve(static_cast<int>(objects));
-    for (int i = 1; i < options.columns * options.rows; ++i) {
-        const QPointF byMark(i % options.columns * pitchX, i / options.columns * pitchY);
-        for (const ZTMarkObject &object : cell) {
-            graph.objects.append(movedMarkObject(object, byMark));
-            graph.rect |= graph.objects.last().rect;
-        }
-    }
+    if (!checkCopies())
+        return false;
+    if (!drawn.empty())
+        layOut();
     return true;
 }
 
-void dropOutlines(ZTMarkGraph &graph)
+/** Puts the drawings side by side and repeats them; the scene grows to hold all of it. */
+void Builder::layOut()
 {
-    for (ZTMarkObject &object : graph.objects)
-        object.lines.clear();
+    std::vector<double> placesPx;
+    double widthPx = 0.0;
+    double heightPx = 0.0;
+    for (const ZTAbstractGraphicsItem *item : drawn) {
+        const QSizeF sizePx = item->boundingRect().size();
+        placesPx.push_back(widthPx);
+        widthPx += sizePx.width() + scenePx(options.gapMm.width());
+        heightPx = std::max(heightPx, sizePx.height());
+    }
+    const QSizeF pitchPx(widthPx, heightPx + scenePx(options.gapMm.height()));
+    // An item's position is clamped to the scene.
+    const QSizeF layoutPx(options.columns * pitchPx.width(), options.rows * pitchPx.height());
+    manager.scene()->setSceneRect(manager.scene()->sceneRect() | QRectF(QPointF(), layoutPx));
+
+    items.resize(drawn.size() * static_cast<std::size_t>(copies()));
+    for (std::size_t i = 0; i < drawn.size(); ++i) {
+        drawn[i]->setPos(placesPx[i], 0.0);
+        addCopies(static_cast<int>(i), pitchPx);
+    }
 }
 
-void Builder::order(MarkJobResult *result)
+void Builder::addCopies(int drawing, const QSizeF &pitchPx)
+{
+    std::size_t number = static_cast<std::size_t>(drawing);
+    ZTAbstractGraphicsItem *const source = drawn[number];
+    items[number] = source;
+    if (items.size() == drawn.size())
+        return;
+    manager.scene()->clearSelection();
+    source->setSelected(true);
+    const QSizeF gapPx = pitchPx - source->boundingRect().size();
+    const QList<ZTAbstractGraphicsItem *> added =
+        manager.addMatrix(options.rows, options.columns, gapPx.width(), gapPx.height());
+    for (ZTAbstractGraphicsItem *copy : added)
+        items[number += drawn.size()] = copy;
+}
+
+// Not before the copies are made: each of them is rebuilt when it is made, and again when its mark
+// data are.
+void Builder::hatch()
+{
+    for (ZTAbstractGraphicsItem *item : items)
+        item->getShapeBase()->setFillParam(fillParam());
+}
+
+/** Mark data of all items, in the order of `items` whatever the sort made of them. */
+ZTMarkGraph Builder::takeGraph()
+{
+    hatch();
+    // An object of a graph does not tell which item it came from, but it tells its pen.
+    const int pen = items.empty() ? 1 : items.front()->getPenId();
+    for (std::size_t i = 0; i < items.size(); ++i)
+        items[i]->getShapeBase()->setPenId(static_cast<int>(i));
+    ZTMarkGraph sorted = manager.getShapeLines();
+
+    ZTMarkGraph graph;
+    graph.rect = sorted.rect;
+    graph.objects.resize(sorted.objects.size());
+    for (ZTMarkObject &object : sorted.objects) {
+        ZTMarkObject &place = graph.objects[object.penId];
+        place = std::move(object);
+        place.penId = pen;
+    }
+    enlarge(graph, ZTCoord::getInstance()->screen2mark() * options.scale);
+    return graph;
+}
+
+/** Mark data of the whole job in the order of the drawings, copies row by row. */
+bool buildGraph(const std::vector<std::unique_ptr<DrawingInput>> &drawings,
+                const MarkJobOptions &options, ZTMarkGraph *graph, MarkJobError *error)
+{
+    Builder builder(options, error);
+    for (size_t i = 0; i < drawings.size(); ++i) {
+        tell(options, QStringLiteral("preparing outlines"));
+        if (!builder.addDrawing(static_cast<int>(i), *drawings[i]))
+            return false;
+    }
+    tell(options, QStringLiteral("copying"));
+    if (!builder.repeat())
+        return false;
+    if (options.hatch != FillType::None)
+        tell(options, QStringLiteral("hatching"));
+    *graph = builder.takeGraph();
+    return true;
+}
+
+void order(ZTMarkGraph &graph, const MarkJobOptions &options, MarkJobResult *result)
 {
     const MarkUnits units = MarkUnits::current();
     const auto measure = [&](ZTMarkGraph measured) {
@@ -235,18 +345,11 @@ bool buildMarkJob(const std::vector<std::unique_ptr<DrawingInput>> &drawings,
                   const MarkJobOptions &options, MarkJobResult *result, MarkJobError *error)
 {
     const SortKind kind(options.order);
-    Builder builder(options, error);
-    for (size_t i = 0; i < drawings.size(); ++i) {
-        builder.tell(options.hatch == FillType::None ? QStringLiteral("preparing outlines")
-                                                     : QStringLiteral("hatching"));
-        if (!builder.addDrawing(static_cast<int>(i), *drawings[i]))
-            return false;
-    }
-    builder.tell(QStringLiteral("copying"));
-    if (!builder.repeat())
+    ZTMarkGraph graph;
+    if (!buildGraph(drawings, options, &graph, error))
         return false;
-    builder.tell(QStringLiteral("ordering"));
-    builder.order(result);
+    tell(options, QStringLiteral("ordering"));
+    order(graph, options, result);
     return true;
 }
 

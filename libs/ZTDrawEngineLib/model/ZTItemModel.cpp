@@ -13,6 +13,12 @@ namespace {
 
 constexpr int kIdColumn = 0;
 
+/** Up to this many runs of rows are removed one by one. */
+constexpr int kFewRuns = 64;
+
+/** Role that rows on their way out carry. */
+constexpr int kGoingRole = ZTItemModel::kItemRole + 1;
+
 /** Cell of column 1: hands out its item as long as that lives. */
 class TextCell : public QStandardItem
 {
@@ -50,6 +56,14 @@ QVector<int> idsOf(const QItemSelection &selection)
             ids << index.data(Qt::DisplayRole).toInt();
     }
     return ids;
+}
+
+int runCount(const QVector<int> &ascending)
+{
+    int runs = ascending.isEmpty() ? 0 : 1;
+    for (int i = 1; i < ascending.size(); ++i)
+        runs += ascending[i] == ascending[i - 1] + 1 ? 0 : 1;
+    return runs;
 }
 
 /** Calls `work(first, count)` for each run of consecutive numbers, the last run first. */
@@ -104,18 +118,66 @@ void ZTItemModel::remove(int id) { remove(QVector<int>{id}); }
 
 void ZTItemModel::remove(const QVector<int> &ids)
 {
+    const QVector<int> rows = firstRowsOf(ids);
+    if (runCount(rows) > kFewRuns) {
+        deselectRows(rows);
+        gatherInFront(rows);
+        removeRows(0, rows.size());
+        return;
+    }
+    forEachRunFromTheEnd(rows, [this](int first, int count) { removeRows(first, count); });
+}
+
+QVector<int> ZTItemModel::firstRowsOf(const QVector<int> &ids) const
+{
     QHash<int, int> wanted;
     for (const int id : ids)
         ++wanted[id];
     QVector<int> rows;
     for (int row = 0; row < rowCount() && rows.size() < ids.size(); ++row) {
-        const auto found = wanted.find(index(row, kIdColumn).data(Qt::DisplayRole).toInt());
+        const auto found = wanted.find(idAt(row));
         if (found == wanted.end() || *found == 0)
             continue;
         --*found;
         rows << row;
     }
-    forEachRunFromTheEnd(rows, [this](int first, int count) { removeRows(first, count); });
+    return rows;
+}
+
+int ZTItemModel::idAt(int row) const { return index(row, kIdColumn).data(Qt::DisplayRole).toInt(); }
+
+// Each removal of a run moves all rows behind it, and walks the selection and the scene: thousands
+// of runs are brought together first. Sorting keeps the order of equals and puts a cell that has
+// the sort role before one that has not.
+void ZTItemModel::gatherInFront(const QVector<int> &rows)
+{
+    {
+        const QSignalBlocker nobodyKnowsTheRole(this);
+        for (const int row : rows)
+            item(row, kIdColumn)->setData(true, kGoingRole);
+    }
+    const int formerRole = sortRole();
+    setSortRole(kGoingRole);
+    sort(kIdColumn);
+    setSortRole(formerRole);
+}
+
+void ZTItemModel::deselectRows(const QVector<int> &ascending)
+{
+    QVector<int> deselectedIds;
+    QSet<int> keptRows;
+    for (const QItemSelectionRange &range : m_selectionModel->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            if (std::binary_search(ascending.begin(), ascending.end(), row))
+                deselectedIds << idAt(row);
+            else
+                keptRows << row;
+        }
+    }
+    m_selectSource = Scene;
+    selectOnly([&](int row) { return keptRows.contains(row); });
+    selectInScene({}, deselectedIds);
+    m_selectSource = Nobody;
 }
 
 void ZTItemModel::setScene(QGraphicsScene *scene) { m_scene = scene; }
@@ -177,7 +239,6 @@ QItemSelection ZTItemModel::rowsOf(const std::function<bool(int row)> &isWanted)
     return selection;
 }
 
-// The rows are deselected in one step and selected in another, whatever their number.
 void ZTItemModel::sceneSelectChange()
 {
     if (m_selectSource == Tree || m_scene == nullptr)
@@ -188,11 +249,15 @@ void ZTItemModel::sceneSelectChange()
             selectedIds << idOf(*item);
     }
     m_selectSource = Scene;
-    m_selectionModel->select(m_selectionModel->selection(),
-                             QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
-    const QItemSelection rows = rowsOf([&](int row) {
-        return selectedIds.contains(index(row, kIdColumn).data(Qt::DisplayRole).toInt());
-    });
-    m_selectionModel->select(rows, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    selectOnly([&](int row) { return selectedIds.contains(idAt(row)); });
     m_selectSource = Nobody;
+}
+
+// The rows are deselected in one step and selected in another, whatever their number: from and to
+// an empty selection, and with ranges that are whole rows already, a selection model need not hold
+// every range against every other.
+void ZTItemModel::selectOnly(const std::function<bool(int row)> &isWanted)
+{
+    m_selectionModel->clearSelection();
+    m_selectionModel->select(rowsOf(isWanted), QItemSelectionModel::Select);
 }

@@ -50,7 +50,12 @@ public:
     /** Removes the first row with that id, if there is one. */
     void remove(int id);
 
-    /** Removes for each id of the list the first row that still has it. */
+    /**
+     * Removes for each id of the list the first row that still has it.
+     *
+     * Emits: `rowsRemoved` for each run of rows; for a great number of runs `layoutChanged`, and
+     * `rowsRemoved` once.
+     */
     void remove(const QVector<int> &ids);
 
     /** The scene whose selection is mirrored. Owner: the caller. */
@@ -72,6 +77,11 @@ private:
     enum SelectSource { Nobody = 0, Tree = 1, Scene = 2 };
 
     void renameItemOf(const QModelIndex &topLeft);
+    int idAt(int row) const;
+    QVector<int> firstRowsOf(const QVector<int> &ids) const;
+    void deselectRows(const QVector<int> &ascending);
+    void gatherInFront(const QVector<int> &rows);
+    void selectOnly(const std::function<bool(int row)> &isWanted);
     QItemSelection rowsOf(const std::function<bool(int row)> &isWanted);
     void selectInScene(const QVector<int> &selectedIds, const QVector<int> &deselectedIds);
 

@@ -6,6 +6,8 @@
 ZTObjectTreeWidget::ZTObjectTreeWidget(QWidget *parent) : QTreeView(parent)
 {
     setEditTriggers(QAbstractItemView::NoEditTriggers);
+    // Else a view adds up the heights of all rows above each run of selected ones.
+    setUniformRowHeights(true);
 }
 
 void ZTObjectTreeWidget::changeEvent(QEvent *event)

@@ -8,7 +8,7 @@
  * The object tree beside the drawing: a read-only view on a `ZTItemModel`.
  *
  * `ZTGraphicsDocument::setObjectTree` gives it model and selection. The header shows column numbers
- * until the first language change sets its labels.
+ * until the first language change sets its labels. All rows have the height of the first one.
  *
  * Owner: the host.
  */

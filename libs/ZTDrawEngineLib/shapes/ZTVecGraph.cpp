@@ -3,6 +3,24 @@
 #include <QtCore/QDataStream>
 #include <QtGui/QFont>
 
+namespace {
+
+/** The word in the default font, drawn once: an empty graphic stands behind every copy of one. */
+QPainterPath nullWord()
+{
+    thread_local QString drawnFont;
+    thread_local QPainterPath word;
+    const QFont font;
+    if (font.key() != drawnFont) {
+        word = QPainterPath();
+        word.addText(10, 10, font, QStringLiteral("null"));
+        drawnFont = font.key();
+    }
+    return word;
+}
+
+} // namespace
+
 ZTVecGraph::ZTVecGraph()
 {
     setShapeType(ShapeType::TDOT);
@@ -16,12 +34,7 @@ void ZTVecGraph::paint()
         return;
     setUpdate(0);
     const QPainterPath drawing = imageKind == 1 ? reader.getPath() : QPainterPath();
-    QPainterPath path;
-    if (drawing.isEmpty())
-        path.addText(10, 10, QFont(), QStringLiteral("null"));
-    else
-        path.addPath(drawing);
-    getPath() = path;
+    getPath() = drawing.isEmpty() ? nullWord() : drawing;
     path2Lines(true);
     fill();
 }

@@ -1,5 +1,6 @@
 #include <support/SingletonGuard.h>
 
+#include <hostkit/Factories.h>
 #include <hostkit/MarkJob.h>
 
 #include <QtCore/QFile>
@@ -28,6 +29,12 @@ bool isClose(const QRectF &a, const QRectF &b)
     return isClose(a.topLeft(), b.topLeft()) && isClose(a.bottomRight(), b.bottomRight());
 }
 
+class TextShape : public ZTTextShapeBase
+{
+public:
+    void paint() override {}
+};
+
 } // namespace
 
 #define COMPARE_CLOSE(actual, expected)                                                            \
@@ -42,6 +49,17 @@ class tst_MarkJob : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase()
+    {
+        init();
+        add(kCorner);
+        QVERIFY(!build());
+        QCOMPARE(error.drawing, 0);
+        QCOMPARE(error.reason, QStringLiteral("no factory for drawings is registered"));
+        cleanup();
+        hostkit::registerFactories();
+    }
+
     void init()
     {
         guard.reset(new testsupport::SingletonGuard);
@@ -132,6 +150,41 @@ private Q_SLOTS:
             COMPARE_CLOSE(corners[i], QPointF(i % 4 * 10500.0, i / 4 * 7000.0));
         COMPARE_CLOSE(result.graph.rect, QRectF(0, 0, 41500, 19000));
         COMPARE_CLOSE(result.graph.objects[11].lines[0][0], QPointF(31500, 19000));
+    }
+
+    void matrix_largerThanANewScene_isNotClamped()
+    {
+        add(kCorner);
+        options.columns = 400; // pitch 42 mm, so nearly 17 m; an item may go some 7 m
+        options.rows = 2;
+        options.gapMm = QSizeF(2.0, 20000.0);
+        QVERIFY(build());
+        QCOMPARE(result.graph.objects.size(), 800);
+        COMPARE_CLOSE(result.graph.objects[399].rect, QRectF(399 * 21000.0, 0, 20000, 10000));
+        COMPARE_CLOSE(result.graph.objects[799].lines[0][0], QPointF(399 * 21000.0, 10020000));
+    }
+
+    void drawings_keepTheirPenAndEachOther()
+    {
+        add(kCorner);
+        add(kFrame);
+        options.columns = 3;
+        options.scale = 0.1; // all of it left of where the sweep begins
+        options.order = EShapeSortType::ShapeSortXFromMax;
+        QVERIFY(build());
+        for (int i = 0; i < 6; ++i) { // from the right, the frame stands right of the corner
+            QCOMPARE(result.graph.objects[i].penId, 1);
+            QCOMPARE(result.graph.objects[i].lines[0].size(), i % 2 == 0 ? 5 : 3);
+        }
+    }
+
+    void job_leavesVariantTextsAlone()
+    {
+        TextShape shape;
+        ZTVariantTextManager::getInstance()->newItem(&shape);
+        add(kCorner);
+        QVERIFY(build());
+        QVERIFY(ZTVariantTextManager::getInstance()->getVariantText(&shape) != nullptr);
     }
 
     void hatch_hasTheSpacingAskedForWhateverTheScale_data()

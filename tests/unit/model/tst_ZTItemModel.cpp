@@ -5,6 +5,8 @@
 #include <ZTDrawEngineLib/model/ZTItemModel.h>
 #include <ZTDrawEngineLib/shapes/ZTShapeBase.h>
 
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QSignalBlocker>
 #include <QtTest/QAbstractItemModelTester>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
@@ -103,6 +105,68 @@ private Q_SLOTS:
             add(id);
         model->remove(QVector<int>{4, 1, 1, 8});
         QCOMPARE(rowIds(), (QVector<int>{2, 3, 1}));
+    }
+
+    void removeSeveral_manyRuns_keepsOrderItemsAndSelection()
+    {
+        constexpr int kCount = 400;
+        QVector<ZTAbstractGraphicsItem *> items;
+        for (int id = 0; id < kCount; ++id)
+            items << add(id);
+        QVector<int> doomed;
+        QVector<int> kept;
+        QVector<int> keptSelected;
+        {
+            const QSignalBlocker oneSignalForAll(scene.get());
+            for (int id = 0; id < kCount; ++id) {
+                (id % 2 == 0 ? doomed : kept) << id;
+                items[id]->setSelected(id % 2 == 0 || id % 4 == 1);
+            }
+        }
+        Q_EMIT scene->selectionChanged();
+        QCOMPARE(selectedRows().size(), 3 * kCount / 4);
+        model->setSortRole(Qt::DisplayRole);
+        const QPersistentModelIndex watched(model->index(301, 0));
+        QSignalSpy removed(model.get(), &QAbstractItemModel::rowsRemoved);
+        QSignalSpy changed(model.get(), &QAbstractItemModel::dataChanged);
+        QSignalSpy selected(scene.get(), &QGraphicsScene::selectionChanged);
+
+        model->remove(doomed);
+        QCOMPARE(rowIds(), kept);
+        for (int row = 0; row < kept.size(); ++row) {
+            QCOMPARE(itemOf(row), items[kept[row]]);
+            if (kept[row] % 4 == 1)
+                keptSelected << row;
+        }
+        QCOMPARE(selectedRows(), keptSelected);
+        for (int id = 0; id < kCount; ++id)
+            QCOMPARE(items[id]->isSelected(), id % 4 == 1);
+        QCOMPARE(watched.row(), 150);
+        QCOMPARE(watched.data().toInt(), 301);
+        QCOMPARE(model->sortRole(), int(Qt::DisplayRole));
+        QCOMPARE(removed.count(), 1);
+        QCOMPARE(changed.count(), 0);
+        QCOMPARE(selected.count(), 1);
+    }
+
+    void sceneSelection_ofManyRuns_isQuick()
+    {
+        constexpr int kCount = 20000; // held against each other, 10,000 runs take seconds
+        QVector<ZTAbstractGraphicsItem *> items;
+        tester.reset();
+        for (int id = 0; id < kCount; ++id)
+            items << add(id);
+        {
+            const QSignalBlocker oneSignalForAll(scene.get());
+            for (int id = 0; id < kCount; id += 2)
+                items[id]->setSelected(true);
+        }
+        QElapsedTimer timer;
+        timer.start();
+        model->sceneSelectChange();
+        model->sceneSelectChange();
+        QVERIFY2(timer.elapsed() < 2000, qPrintable(QString::number(timer.elapsed())));
+        QCOMPARE(model->itemSelectionModel()->selection().size(), kCount / 2);
     }
 
     void setData_text_renamesTheItem()
