@@ -17,6 +17,7 @@ bool operator==(const PenRecord &a, const PenRecord &b)
 {
     return a.pen == b.pen && a.note == b.note;
 }
+bool operator!=(const PenRecord &a, const PenRecord &b) { return !(a == b); }
 Q_DECLARE_METATYPE(PenRecord)
 
 namespace {

@@ -25,11 +25,16 @@ class tst_ZTRoundingParamPropertySetHelper : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void init()
+    {
+        object.roundingParam = {true, 1.0, 2.0, 3.0, 4.0, 5};
+        row.fill(&helper, &manager);
+    }
+    void cleanup() { manager.clear(); }
+
     void rows_oneAField_inOrder_asTheyStand()
     {
         const testsupport::WarningGuard warnings;
-        object.roundingParam = {true, 1.0, 2.0, 3.0, 4.0, 5};
-        row.fill(&helper, &manager);
         QCOMPARE(row.names(), (QStringList{str("isEnableRounding"), str("startAngle"),
                                            str("spanAngle"), str("diameter"), str("itemRotate")}));
         QCOMPARE(row.sub("isEnableRounding")->propertyType(), int(QMetaType::Bool));
@@ -44,7 +49,6 @@ private Q_SLOTS:
 
     void edit_changesOneField_andKeepsTheFlag()
     {
-        object.roundingParam = {true, 1.0, 2.0, 3.0, 4.0, 5};
         QCOMPARE(paramOf(row.edited("isEnableRounding", false)),
                  (ZTRoundingParam{false, 1.0, 2.0, 3.0, 4.0, 5}));
         QCOMPARE(paramOf(row.edited("startAngle", 9.0)),
@@ -73,14 +77,13 @@ private Q_SLOTS:
     void getValue_outsideAGrid_hasTheDefaultFlag()
     {
         QCOMPARE(paramOf(helper.getValue(row.group)),
-                 (ZTRoundingParam{false, 6.0, 7.0, 8.0, 9.0, 0}));
+                 (ZTRoundingParam{true, 1.0, 2.0, 3.0, 4.0, 0}));
         QCOMPARE(paramOf(helper.getValue(nullptr)), ZTRoundingParam());
     }
 
     void getValue_inAGrid_hasTheObjectsFlag()
     {
         ZTItemPropertyList list(nullptr);
-        object.roundingParam = {true, 1.0, 2.0, 3.0, 4.0, 5};
         list.setObject(&object);
         auto *browser = list.findChild<QtTreePropertyBrowser *>();
         auto *group = dynamic_cast<QtVariantProperty *>(browser->properties().at(3));
