@@ -92,6 +92,8 @@ void QtTreePropertyBrowserPrivate::remove(QtBrowserItem *item)
     QTreeWidgetItem *leaving = viewItems.take(item);
     browserItems.remove(leaving);
     backgrounds.remove(item);
+    // The view would remember an expanded row for good.
+    leaving->setExpanded(false);
     delete leaving;
     // The view moves on to a neighbour by itself; the browser's own choice counts.
     showCurrent(q->currentItem());

@@ -42,6 +42,12 @@
 #include <ZTDrawEngineLib/model/ZTObjectTreeWidget.h>
 #include <ZTDrawEngineLib/model/ZTPointSort.h>
 #include <ZTDrawEngineLib/model/ZTShapeManager.h>
+#include <ZTDrawEngineLib/properties/ZTAbstractPropertySetHelper.h>
+#include <ZTDrawEngineLib/properties/ZTFillParamPropertySetHelper.h>
+#include <ZTDrawEngineLib/properties/ZTFontPropertySetHelper.h>
+#include <ZTDrawEngineLib/properties/ZTItemPropertyList.h>
+#include <ZTDrawEngineLib/properties/ZTRoundingParamPropertySetHelper.h>
+#include <ZTDrawEngineLib/properties/ZTShxFontPropertySetHelper.h>
 #include <ZTDrawEngineLib/shapes/PltCheck.h>
 #include <ZTDrawEngineLib/shapes/PltReader.h>
 #include <ZTDrawEngineLib/shapes/ZTEllipseShape.h>

@@ -1,0 +1,8 @@
+#include <ZTDrawEngineLib/properties/ZTAbstractPropertySetHelper.h>
+
+ZTAbstractPropertySetHelper::ZTAbstractPropertySetHelper(QtVariantPropertyManager *rowManager)
+    : manager(rowManager)
+{
+}
+
+ZTAbstractPropertySetHelper::~ZTAbstractPropertySetHelper() = default;

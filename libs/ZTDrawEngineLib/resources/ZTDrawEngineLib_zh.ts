@@ -1,0 +1,684 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>QObject</name>
+    <message>
+        <source>Pos %1 %2</source>
+        <translation>位置 %1 %2</translation>
+    </message>
+    <message>
+        <source>Property</source>
+        <translation>属性</translation>
+    </message>
+    <message>
+        <source>Transform %1</source>
+        <translation>变换 %1</translation>
+    </message>
+    <message>
+        <source>ZTSetItemPosSizeCommand</source>
+        <translation>设置位置和大小</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>直线</translation>
+    </message>
+    <message>
+        <source>ULine</source>
+        <translation>弓形线</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>无</translation>
+    </message>
+</context>
+<context>
+    <name>QtBoolEdit</name>
+    <message>
+        <source>True</source>
+        <translation>启用</translation>
+    </message>
+    <message>
+        <source>False</source>
+        <translation>禁用</translation>
+    </message>
+</context>
+<context>
+    <name>QtBoolPropertyManager</name>
+    <message>
+        <source>True</source>
+        <translation>启用</translation>
+    </message>
+    <message>
+        <source>False</source>
+        <translation>禁用</translation>
+    </message>
+</context>
+<context>
+    <name>QtColorPropertyManager</name>
+    <message>
+        <source>Red</source>
+        <translation>红</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>绿</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>蓝</translation>
+    </message>
+    <message>
+        <source>Alpha</source>
+        <translation>不透明度</translation>
+    </message>
+</context>
+<context>
+    <name>QtCursorPropertyManager</name>
+    <message>
+        <source>Arrow</source>
+        <translation>箭头</translation>
+    </message>
+    <message>
+        <source>Up arrow</source>
+        <translation>向上箭头</translation>
+    </message>
+    <message>
+        <source>Cross</source>
+        <translation>十字</translation>
+    </message>
+    <message>
+        <source>Wait</source>
+        <translation>等待</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>文本</translation>
+    </message>
+    <message>
+        <source>Size vertically</source>
+        <translation>垂直调整</translation>
+    </message>
+    <message>
+        <source>Size horizontally</source>
+        <translation>水平调整</translation>
+    </message>
+    <message>
+        <source>Size falling diagonal</source>
+        <translation>左上右下调整</translation>
+    </message>
+    <message>
+        <source>Size rising diagonal</source>
+        <translation>左下右上调整</translation>
+    </message>
+    <message>
+        <source>Size all</source>
+        <translation>全向调整</translation>
+    </message>
+    <message>
+        <source>Blank</source>
+        <translation>空白</translation>
+    </message>
+    <message>
+        <source>Split vertically</source>
+        <translation>垂直拆分</translation>
+    </message>
+    <message>
+        <source>Split horizontally</source>
+        <translation>水平拆分</translation>
+    </message>
+    <message>
+        <source>Pointing hand</source>
+        <translation>手形</translation>
+    </message>
+    <message>
+        <source>Forbidden</source>
+        <translation>禁止</translation>
+    </message>
+    <message>
+        <source>Open hand</source>
+        <translation>张开的手</translation>
+    </message>
+    <message>
+        <source>Closed hand</source>
+        <translation>握紧的手</translation>
+    </message>
+    <message>
+        <source>What&apos;s this</source>
+        <translation>这是什么</translation>
+    </message>
+    <message>
+        <source>Busy</source>
+        <translation>忙碌</translation>
+    </message>
+</context>
+<context>
+    <name>QtFontPropertyManager</name>
+    <message>
+        <source>Family</source>
+        <translation>族</translation>
+    </message>
+    <message>
+        <source>Pixel Size</source>
+        <translation>尺寸</translation>
+    </message>
+    <message>
+        <source>Bold</source>
+        <translation>粗体</translation>
+    </message>
+    <message>
+        <source>Italic</source>
+        <translation>斜体</translation>
+    </message>
+    <message>
+        <source>Underline</source>
+        <translation>下划线</translation>
+    </message>
+    <message>
+        <source>Strikeout</source>
+        <translation>删除线</translation>
+    </message>
+    <message>
+        <source>Kerning</source>
+        <translation>字距</translation>
+    </message>
+</context>
+<context>
+    <name>QtLocalePropertyManager</name>
+    <message>
+        <source>Language</source>
+        <translation>语言</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>国家/地区</translation>
+    </message>
+</context>
+<context>
+    <name>QtPointFPropertyManager</name>
+    <message>
+        <source>X</source>
+        <translation>水平</translation>
+    </message>
+    <message>
+        <source>Y</source>
+        <translation>垂直</translation>
+    </message>
+</context>
+<context>
+    <name>QtPointPropertyManager</name>
+    <message>
+        <source>X</source>
+        <translation>水平</translation>
+    </message>
+    <message>
+        <source>Y</source>
+        <translation>垂直</translation>
+    </message>
+</context>
+<context>
+    <name>QtRectFPropertyManager</name>
+    <message>
+        <source>X</source>
+        <translation>水平</translation>
+    </message>
+    <message>
+        <source>Y</source>
+        <translation>垂直</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>宽度</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高度</translation>
+    </message>
+</context>
+<context>
+    <name>QtRectPropertyManager</name>
+    <message>
+        <source>X</source>
+        <translation>水平</translation>
+    </message>
+    <message>
+        <source>Y</source>
+        <translation>垂直</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>宽度</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高度</translation>
+    </message>
+</context>
+<context>
+    <name>QtSizeFPropertyManager</name>
+    <message>
+        <source>Width</source>
+        <translation>宽度</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高度</translation>
+    </message>
+</context>
+<context>
+    <name>QtSizePolicyPropertyManager</name>
+    <message>
+        <source>Horizontal Policy</source>
+        <translation>水平策略</translation>
+    </message>
+    <message>
+        <source>Vertical Policy</source>
+        <translation>垂直策略</translation>
+    </message>
+    <message>
+        <source>Horizontal Stretch</source>
+        <translation>水平伸展</translation>
+    </message>
+    <message>
+        <source>Vertical Stretch</source>
+        <translation>垂直伸展</translation>
+    </message>
+</context>
+<context>
+    <name>QtSizePropertyManager</name>
+    <message>
+        <source>Width</source>
+        <translation>宽度</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高度</translation>
+    </message>
+</context>
+<context>
+    <name>QtTreePropertyBrowser</name>
+    <message>
+        <source>Property</source>
+        <translation>属性</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>值</translation>
+    </message>
+</context>
+<context>
+    <name>QtTreePropertyBrowserPrivate</name>
+    <message>
+        <source>text</source>
+        <translation>文本</translation>
+    </message>
+    <message>
+        <source>pos</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>X</source>
+        <translation>水平</translation>
+    </message>
+    <message>
+        <source>Y</source>
+        <translation>垂直</translation>
+    </message>
+    <message>
+        <source>fillParam</source>
+        <translation>填充</translation>
+    </message>
+    <message>
+        <source>fillType</source>
+        <translation>类型</translation>
+    </message>
+    <message>
+        <source>spac</source>
+        <translation>间隙</translation>
+    </message>
+    <message>
+        <source>angle</source>
+        <translation>角度</translation>
+    </message>
+    <message>
+        <source>isEnableBorder</source>
+        <translation>启用边框</translation>
+    </message>
+    <message>
+        <source>roundingParam</source>
+        <translation>圆弧化</translation>
+    </message>
+    <message>
+        <source>isEnableRounding</source>
+        <translation>启用</translation>
+    </message>
+    <message>
+        <source>startAngle</source>
+        <translation>开始角度</translation>
+    </message>
+    <message>
+        <source>spanAngle</source>
+        <translation>跨度</translation>
+    </message>
+    <message>
+        <source>diameter</source>
+        <translation>直径</translation>
+    </message>
+    <message>
+        <source>itemRotate</source>
+        <translation>旋转角度</translation>
+    </message>
+    <message>
+        <source>font</source>
+        <translation>字体</translation>
+    </message>
+    <message>
+        <source>Family</source>
+        <translation>族</translation>
+    </message>
+    <message>
+        <source>Pixel Size</source>
+        <translation>尺寸</translation>
+    </message>
+    <message>
+        <source>Bold</source>
+        <translation>粗体</translation>
+    </message>
+    <message>
+        <source>Italic</source>
+        <translation>斜体</translation>
+    </message>
+    <message>
+        <source>Underline</source>
+        <translation>下划线</translation>
+    </message>
+    <message>
+        <source>Strikeout</source>
+        <translation>删除线</translation>
+    </message>
+    <message>
+        <source>Kerning</source>
+        <translation>字距</translation>
+    </message>
+    <message>
+        <source>LaserPower</source>
+        <translation>激光功率</translation>
+    </message>
+    <message>
+        <source>PulseWidth</source>
+        <translation>脉宽</translation>
+    </message>
+    <message>
+        <source>RunSpeed</source>
+        <translation>加工速度</translation>
+    </message>
+    <message>
+        <source>LaserFrequency</source>
+        <translation>激光频率</translation>
+    </message>
+    <message>
+        <source>OpenDelay</source>
+        <translation>开光延时</translation>
+    </message>
+    <message>
+        <source>ShutDelay</source>
+        <translation>关光延时</translation>
+    </message>
+    <message>
+        <source>EffectWaitTime</source>
+        <translation>功率设置生效时间</translation>
+    </message>
+    <message>
+        <source>CornerDelay</source>
+        <translation>拐角延时</translation>
+    </message>
+    <message>
+        <source>OpenBehind</source>
+        <translation>开光滞后</translation>
+    </message>
+    <message>
+        <source>ChangeCornerDelay</source>
+        <translation>拐角延时可变</translation>
+    </message>
+    <message>
+        <source>MopaPulse</source>
+        <translation>Mopa脉宽</translation>
+    </message>
+    <message>
+        <source>JumpSpeed</source>
+        <translation>跳转速度</translation>
+    </message>
+    <message>
+        <source>JumpPosDelay</source>
+        <translation>跳转位置延时</translation>
+    </message>
+    <message>
+        <source>FirstJumpDelay</source>
+        <translation>首次跳转延时</translation>
+    </message>
+    <message>
+        <source>StartLineDelay</source>
+        <translation>首笔延时</translation>
+    </message>
+    <message>
+        <source>LineEndsDelay</source>
+        <translation>线段两端延时</translation>
+    </message>
+    <message>
+        <source>ShapeEndDelay</source>
+        <translation>结束延时</translation>
+    </message>
+    <message>
+        <source>PointTime</source>
+        <translation>打点时间</translation>
+    </message>
+    <message>
+        <source>FJAutoDelay</source>
+        <translation>自动延时</translation>
+    </message>
+    <message>
+        <source>TwoDCodeParam</source>
+        <translation>二维码</translation>
+    </message>
+    <message>
+        <source>mode</source>
+        <translation>模式</translation>
+    </message>
+    <message>
+        <source>version</source>
+        <translation>版本</translation>
+    </message>
+    <message>
+        <source>mask</source>
+        <translation>掩码</translation>
+    </message>
+    <message>
+        <source>type</source>
+        <translation>类型</translation>
+    </message>
+    <message>
+        <source>ecc</source>
+        <translation>纠错等级</translation>
+    </message>
+    <message>
+        <source>xMultiple</source>
+        <translation>x倍数</translation>
+    </message>
+    <message>
+        <source>yMultiple</source>
+        <translation>y倍数</translation>
+    </message>
+    <message>
+        <source>del</source>
+        <translation>中空</translation>
+    </message>
+    <message>
+        <source>ratio</source>
+        <translation>比例</translation>
+    </message>
+    <message>
+        <source>reversal</source>
+        <translation>反转</translation>
+    </message>
+    <message>
+        <source>shxFont</source>
+        <translation>单线字体</translation>
+    </message>
+    <message>
+        <source>zhName</source>
+        <translation>中文字体</translation>
+    </message>
+    <message>
+        <source>enName</source>
+        <translation>英文字体</translation>
+    </message>
+    <message>
+        <source>height</source>
+        <translation>高</translation>
+    </message>
+    <message>
+        <source>fontType</source>
+        <translation>字体类型</translation>
+    </message>
+    <message>
+        <source>singleLine</source>
+        <translation>单线字体</translation>
+    </message>
+    <message>
+        <source>doubleLine</source>
+        <translation>双线字体</translation>
+    </message>
+    <message>
+        <source>lineSpan</source>
+        <translation>行间距</translation>
+    </message>
+    <message>
+        <source>BarCode</source>
+        <translation>条码</translation>
+    </message>
+    <message>
+        <source>BarCodeType</source>
+        <translation>条码类型</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高度</translation>
+    </message>
+    <message>
+        <source>ModuleWid</source>
+        <translation>模块宽度</translation>
+    </message>
+    <message>
+        <source>Reverse</source>
+        <translation>反转</translation>
+    </message>
+    <message>
+        <source>HideText</source>
+        <translation>显示文本</translation>
+    </message>
+    <message>
+        <source>FontSize</source>
+        <translation>字体大小</translation>
+    </message>
+    <message>
+        <source>BarSpaceReverse</source>
+        <translation>条空反转</translation>
+    </message>
+</context>
+<context>
+    <name>ZTGraphicsDocument</name>
+    <message>
+        <source>ZTGraphicsDocument</source>
+        <translation>图形文档</translation>
+    </message>
+</context>
+<context>
+    <name>ZTGraphicsScene</name>
+    <message>
+        <source>Left</source>
+        <translation>左</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>右</translation>
+    </message>
+    <message>
+        <source>Horizontally Center</source>
+        <translation>水平中央</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>顶</translation>
+    </message>
+    <message>
+        <source>Bottom</source>
+        <translation>底</translation>
+    </message>
+    <message>
+        <source>Vertically Center</source>
+        <translation>垂直中央</translation>
+    </message>
+    <message>
+        <source>Center</source>
+        <translation>中心</translation>
+    </message>
+</context>
+<context>
+    <name>ZTObjectTreeWidget</name>
+    <message>
+        <source>id</source>
+        <translation>标识号</translation>
+    </message>
+    <message>
+        <source>text</source>
+        <translation>文本</translation>
+    </message>
+    <message>
+        <source>shape</source>
+        <translation>图元类型</translation>
+    </message>
+</context>
+<context>
+    <name>ZTVariantText</name>
+    <message>
+        <source>%1: no such file</source>
+        <translation>%1：文件不存在</translation>
+    </message>
+    <message>
+        <source>%1: not a regular file</source>
+        <translation>%1：不是普通文件</translation>
+    </message>
+    <message>
+        <source>%1: larger than 256 MiB</source>
+        <translation>%1：大于 256 MiB</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>%1: this character cannot separate columns</source>
+        <translation>%1：此字符不能用作列分隔符</translation>
+    </message>
+    <message>
+        <source>%1: row %2 is too long</source>
+        <translation>%1：第 %2 行过长</translation>
+    </message>
+    <message>
+        <source>%1: row %2 has no column %3</source>
+        <translation>%1：第 %2 行没有第 %3 列</translation>
+    </message>
+    <message>
+        <source>%1: no text encoding %2</source>
+        <translation>%1：没有文本编码 %2</translation>
+    </message>
+    <message>
+        <source>%1: no rows</source>
+        <translation>%1：没有数据行</translation>
+    </message>
+    <message>
+        <source>no valid date and time</source>
+        <translation>日期和时间无效</translation>
+    </message>
+</context>
+</TS>
