@@ -714,6 +714,41 @@ private Q_SLOTS:
         QCoreApplication::sendPostedEvents();
     }
 
+    void textItem_hasItsRows_andIsEditedAndUndone()
+    {
+        ZTGraphicsTextItem item;
+        warnings->take();
+        list->setObject(&item);
+        QCOMPARE(rowNames(), str("pos,fillParam,roundingParam,lineSpan,font,shxFont,fontType"));
+        list->updateProperty();
+        QCOMPARE(stack->count(), 0);
+        row("lineSpan")->setValue(4.0);
+        QCOMPARE(item.getLineSpan(), 4.0);
+        sub("roundingParam", "isEnableRounding")->setValue(true);
+        QVERIFY(item.getRoundingParam().isEnableRounding);
+        row("fontType")->setValue(0);
+        QCOMPARE(item.fontType(), FontType::singleLine);
+        QCOMPARE(stack->count(), 3);
+        while (stack->canUndo())
+            stack->undo();
+        list->updateProperty();
+        QCOMPARE(item.fontType(), FontType::doubleLine);
+        QVERIFY(!item.getRoundingParam().isEnableRounding);
+        QCOMPARE(sub("roundingParam", "isEnableRounding")->value(), QVariant(false));
+        QVERIFY(row("font")->isEnabled());
+        list->setObject(nullptr);
+    }
+
+    void polygonItem_hasItsRows()
+    {
+        ZTGraphicsPolygonItem item;
+        list->setObject(&item);
+        QCOMPARE(rowNames(), str("pos,fillParam,SideCount"));
+        row("SideCount")->setValue(7);
+        QCOMPARE(item.getSideCount(), 7);
+        list->setObject(nullptr);
+    }
+
     void anHourOfRefreshes_pushesNothing_andMakesNoRows()
     {
         EveryTypeObject every;
