@@ -62,6 +62,18 @@ public:
     double height = 5.0;
 };
 
+/** Pointers to a class of Qt's and to one of the library's. */
+class PointerObject : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QWidget *first MEMBER first)
+    Q_PROPERTY(ZTItemPropertyList *later MEMBER later)
+
+public:
+    QWidget *first = nullptr;
+    ZTItemPropertyList *later = nullptr;
+};
+
 struct Call
 {
     QString name;
@@ -696,10 +708,16 @@ private Q_SLOTS:
         QVERIFY(QVariant::fromValue(ZTRoundingParam()) == QVariant::fromValue(ZTRoundingParam()));
     }
 
-    void firstUserType_isNoRecord_andHasNoRow()
+    void firstUserType_hasNoRow_whereOthersHaveAnEmptyGroup()
     {
         QVERIFY(kFirstAskedRecord > 1024);
-        QVERIFY(!list->getVariantManager()->isPropertyTypeSupported(1024));
+        PointerObject object;
+        const QMetaObject *meta = object.metaObject();
+        QCOMPARE(meta->property(meta->indexOfProperty("first")).userType(), 1024);
+        list->setObject(&object);
+        QCOMPARE(rowNames(), str("later"));
+        QVERIFY(row("later")->subProperties().isEmpty());
+        list->setObject(nullptr);
     }
 
     void languageChange_isSwallowed()
