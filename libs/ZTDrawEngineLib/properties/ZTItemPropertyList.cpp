@@ -27,21 +27,13 @@
 #include <memory>
 #include <vector>
 
-/** Holds the first id of user types, which has no row: a record that got it could not be edited. */
-struct ZTFirstUserType
-{
-};
-Q_DECLARE_METATYPE(ZTFirstUserType)
-
 namespace {
 
-// Kept: the first user type itself counts as one of Qt's in some places and not in others.
+// Kept: the first user type counts as a record below a row and as none on top. No record has this
+// id: Qt's widgets take it for QWidget* as they are loaded.
 constexpr int kFirstUserType = 1024;
 constexpr int kRefreshMs = 1000;
 constexpr int kIndentationPx = 10;
-
-/** Registered as the library is loaded, before any record can be. */
-[[maybe_unused]] const int kReservedTypeId = qMetaTypeId<ZTFirstUserType>();
 
 bool isPos(const QString &name) { return name == QLatin1String("pos"); }
 

@@ -79,8 +79,8 @@ public:
     /**
      * Adds a row for a property of the object that is shown; does nothing without an object.
      *
-     * Kept: a user type with the very first id, 1024, has no row. The library takes that id for
-     * itself, so that no record gets it.
+     * Kept: the user type with the very first id, 1024, has no row at all, where others have an
+     * empty group. In programs with widgets it is `QWidget *`.
      */
     void insertProperty(const QMetaProperty &property);
 
@@ -101,9 +101,9 @@ public:
      *
      * It is called before the edit is recorded, and when a refresh changes a top-level row. The
      * default, which each object gets as it is shown, enables the row "font" or "shxFont",
-     * whichever the value of "fontType" uses, and disables the other. Kept: an object keeps its
-     * function for good, and hands it down to one that is later created at the same address; while
-     * the grid is filled none is called, so all rows start enabled.
+     * whichever the value of "fontType" uses, and disables the other.
+     * Kept: an object keeps its function for good, and hands it down to one that is later created
+     * at the same address; while the grid is filled none is called, so all rows start enabled.
      */
     void addDisableFunction(QObject *target, DisableFunction function);
 

@@ -624,6 +624,13 @@
     </message>
 </context>
 <context>
+    <name>ZTGraphicsTextItem</name>
+    <message>
+        <source>TEXT</source>
+        <translation>文本</translation>
+    </message>
+</context>
+<context>
     <name>ZTObjectTreeWidget</name>
     <message>
         <source>id</source>

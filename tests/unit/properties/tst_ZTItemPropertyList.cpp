@@ -62,6 +62,18 @@ public:
     double height = 5.0;
 };
 
+/** Pointers to a class of Qt's and to one of the library's. */
+class PointerObject : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QWidget *first MEMBER first)
+    Q_PROPERTY(ZTItemPropertyList *later MEMBER later)
+
+public:
+    QWidget *first = nullptr;
+    ZTItemPropertyList *later = nullptr;
+};
+
 struct Call
 {
     QString name;
@@ -696,10 +708,16 @@ private Q_SLOTS:
         QVERIFY(QVariant::fromValue(ZTRoundingParam()) == QVariant::fromValue(ZTRoundingParam()));
     }
 
-    void firstUserType_isNoRecord_andHasNoRow()
+    void firstUserType_hasNoRow_whereOthersHaveAnEmptyGroup()
     {
         QVERIFY(kFirstAskedRecord > 1024);
-        QVERIFY(!list->getVariantManager()->isPropertyTypeSupported(1024));
+        PointerObject object;
+        const QMetaObject *meta = object.metaObject();
+        QCOMPARE(meta->property(meta->indexOfProperty("first")).userType(), 1024);
+        list->setObject(&object);
+        QCOMPARE(rowNames(), str("later"));
+        QVERIFY(row("later")->subProperties().isEmpty());
+        list->setObject(nullptr);
     }
 
     void languageChange_isSwallowed()
@@ -712,6 +730,41 @@ private Q_SLOTS:
         QCoreApplication::removeTranslator(&catalogue);
         QCOMPARE(sub("fillParam", "fillType")->valueText(), str("None"));
         QCoreApplication::sendPostedEvents();
+    }
+
+    void textItem_hasItsRows_andIsEditedAndUndone()
+    {
+        ZTGraphicsTextItem item;
+        warnings->take();
+        list->setObject(&item);
+        QCOMPARE(rowNames(), str("pos,fillParam,roundingParam,lineSpan,font,shxFont,fontType"));
+        list->updateProperty();
+        QCOMPARE(stack->count(), 0);
+        row("lineSpan")->setValue(4.0);
+        QCOMPARE(item.getLineSpan(), 4.0);
+        sub("roundingParam", "isEnableRounding")->setValue(true);
+        QVERIFY(item.getRoundingParam().isEnableRounding);
+        row("fontType")->setValue(0);
+        QCOMPARE(item.fontType(), FontType::singleLine);
+        QCOMPARE(stack->count(), 3);
+        while (stack->canUndo())
+            stack->undo();
+        list->updateProperty();
+        QCOMPARE(item.fontType(), FontType::doubleLine);
+        QVERIFY(!item.getRoundingParam().isEnableRounding);
+        QCOMPARE(sub("roundingParam", "isEnableRounding")->value(), QVariant(false));
+        QVERIFY(row("font")->isEnabled());
+        list->setObject(nullptr);
+    }
+
+    void polygonItem_hasItsRows()
+    {
+        ZTGraphicsPolygonItem item;
+        list->setObject(&item);
+        QCOMPARE(rowNames(), str("pos,fillParam,SideCount"));
+        row("SideCount")->setValue(7);
+        QCOMPARE(item.getSideCount(), 7);
+        list->setObject(nullptr);
     }
 
     void anHourOfRefreshes_pushesNothing_andMakesNoRows()

@@ -108,6 +108,7 @@ const Text kTexts[] = {
     {"ZTObjectTreeWidget", "id", "标识号"},
     {"ZTObjectTreeWidget", "shape", "图元类型"},
     {"ZTObjectTreeWidget", "text", "文本"},
+    {"ZTGraphicsTextItem", "TEXT", "文本"},
 };
 
 QString str(const char *text) { return QString::fromUtf8(text); }
