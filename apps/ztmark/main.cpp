@@ -46,7 +46,7 @@ std::string describe(const CLI::App &app, const CLI::ParseError &error)
     if (app.get_subcommands().empty())
         return unknown.empty() ? "a command is missing: mark or info"
                                : "unknown command \"" + unknown.front() + "\": mark or info";
-    const std::string what = error.what();
+    std::string what = error.what();
     const auto kind = static_cast<CLI::ExitCodes>(error.get_exit_code());
     const size_t colon = what.find(':');
     if (kind == CLI::ExitCodes::ExtrasError && colon != std::string::npos)

@@ -90,7 +90,8 @@ void QtVariantPropertyManagerPrivate::uninitialize(QtProperty *property)
         return;
     if (leaving->owner)
         leaving->owner->fields[leaving->field] = nullptr;
-    for (int i = 0; i < leaving->fields.size(); ++i) {
+    // By index, because a row that goes clears its entry here.
+    for (int i = 0; i < leaving->fields.size(); ++i) { // NOLINT(modernize-loop-convert)
         if (VariantRow *part = leaving->fields.at(i))
             delete part->property;
     }

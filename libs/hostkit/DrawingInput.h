@@ -16,7 +16,7 @@ class DrawingInput
 {
 public:
     /** Limit: no drawing larger than this is read; it would hold some 17 million points. */
-    static constexpr qint64 kMaxBytes = 256 * 1024 * 1024;
+    static constexpr qint64 kMaxBytes = qint64(256) * 1024 * 1024;
 
     DrawingInput();
     ~DrawingInput();

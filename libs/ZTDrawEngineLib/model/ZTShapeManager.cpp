@@ -47,8 +47,8 @@ QList<ZTAbstractGraphicsItem *> shapeItemsOf(const QGraphicsScene &scene, const 
 void deleteForeign(const QList<QGraphicsItem *> &selected)
 {
     const QSet<QGraphicsItem *> picked = selectedSet(selected);
-    const auto goesWithAnAncestor = [&](const QGraphicsItem *item) {
-        for (QGraphicsItem *above = item->parentItem(); above; above = above->parentItem()) {
+    const auto goesWithAnAncestor = [&](const QGraphicsItem &item) {
+        for (QGraphicsItem *above = item.parentItem(); above; above = above->parentItem()) {
             if (picked.contains(above))
                 return true;
         }
@@ -56,7 +56,7 @@ void deleteForeign(const QList<QGraphicsItem *> &selected)
     };
     QList<QGraphicsItem *> foreign;
     for (QGraphicsItem *candidate : selected) {
-        if (asShapeItem(candidate) == nullptr && !goesWithAnAncestor(candidate))
+        if (asShapeItem(candidate) == nullptr && !goesWithAnAncestor(*candidate))
             foreign << candidate;
     }
     qDeleteAll(foreign);

@@ -18,7 +18,11 @@ bool isDrawable(double widthMm, int sideCount)
 }
 
 /** Half the whole part of the width, in whole millimetres. */
-float radiusOfWidth(double widthMm) { return static_cast<float>(static_cast<qint32>(widthMm) / 2); }
+float radiusOfWidth(double widthMm)
+{
+    const qint32 wholeMm = static_cast<qint32>(widthMm) / 2;
+    return static_cast<float>(wholeMm);
+}
 
 QPolygonF regularPolygon(float radius, int sideCount)
 {

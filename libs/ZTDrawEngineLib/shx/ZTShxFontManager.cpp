@@ -117,7 +117,7 @@ std::shared_ptr<ZTShxParser> ZTShxFontManager::newParser(const std::string &name
     const auto released = m_released.find(name);
     if (released == m_released.end())
         return std::make_shared<ZTShxParser>();
-    const std::shared_ptr<ZTShxParser> parser = released->second;
+    std::shared_ptr<ZTShxParser> parser = released->second;
     m_released.erase(released);
     return parser;
 }

@@ -133,8 +133,8 @@ void ZTShxParser::drawWide(ZTAbstractGlyphCallback *cb, const wchar_t *text, dou
 {
     beginText(cb, x, y);
     for (; *text != L'\0'; ++text) {
-        const auto code = static_cast<uint>(*text);
-        if (QChar::requiresSurrogates(code)) { // codes are 16-bit units, surrogates unpaired
+        const auto code = static_cast<uint>(*text); // NOLINT(bugprone-signed-char-misuse): wide
+        if (QChar::requiresSurrogates(code)) {      // codes are 16-bit units, surrogates unpaired
             drawCharacter(cb, QChar::highSurrogate(code));
             drawCharacter(cb, QChar::lowSurrogate(code));
         } else {
