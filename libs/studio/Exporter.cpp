@@ -28,11 +28,12 @@ QString formFilter(const QString &extension)
 
 QString extensionOf(const QString &filter)
 {
-    for (const QString &extension : hostkit::markGraphExtensions()) {
+    const QStringList extensions = hostkit::markGraphExtensions();
+    for (const QString &extension : extensions) {
         if (formFilter(extension) == filter)
             return extension;
     }
-    return hostkit::markGraphExtensions().first();
+    return extensions.first();
 }
 
 } // namespace

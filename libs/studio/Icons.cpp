@@ -51,7 +51,7 @@ public:
     {
         const QPalette palette = QApplication::palette();
         const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-        const QColor ink = palette.color(group, QPalette::ButtonText);
+        const QColor &ink = palette.color(group, QPalette::ButtonText);
         const QColor accent =
             mode == QIcon::Disabled ? ink : palette.color(group, QPalette::Highlight);
         painter->save();

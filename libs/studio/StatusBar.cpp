@@ -25,10 +25,10 @@ QString mmText(double lengthPx)
 StatusBar::StatusBar(ZTGraphicsDocument &shown, QWidget *parent)
     : QStatusBar(parent), document(shown)
 {
-    cursorField = addField(
-        QStringLiteral("cursorField"),
-        tr("X %1  Y %2 mm").arg(QStringLiteral("-9999.999")).arg(QStringLiteral("-9999.999")),
-        tr("Place of the mouse, y downward"));
+    cursorField =
+        addField(QStringLiteral("cursorField"),
+                 tr("X %1  Y %2 mm").arg(QStringLiteral("-9999.999"), QStringLiteral("-9999.999")),
+                 tr("Place of the mouse, y downward"));
     boxField = addField(QStringLiteral("boxField"),
                         tr("Selection X %1  Y %2  W %3  H %4 mm")
                             .arg(QStringLiteral("-999.999"), QStringLiteral("-999.999"),

@@ -209,7 +209,9 @@ QFlags<Qt::AlignmentFlag> ZTGraphicsScene::displayMenu(QPoint screenPos)
     QMenu menu;
     for (const AlignmentChoice &choice : kAlignmentChoices) {
         const QAction *action = menu.addAction(tr(choice.label));
-        connect(action, &QAction::triggered, &menu, [&chosen, choice] { chosen = choice.flag; });
+        // The menu, and with it the connection, goes before `chosen` does.
+        connect(action, &QAction::triggered, &menu, // clazy:exclude=lambda-in-connect
+                [&chosen, choice] { chosen = choice.flag; });
     }
     if (selectedItems().size() < 2)
         menu.setEnabled(false);
