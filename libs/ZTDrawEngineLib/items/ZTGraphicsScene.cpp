@@ -210,8 +210,8 @@ QFlags<Qt::AlignmentFlag> ZTGraphicsScene::displayMenu(QPoint screenPos)
     for (const AlignmentChoice &choice : kAlignmentChoices) {
         const QAction *action = menu.addAction(tr(choice.label));
         // The menu, and with it the connection, goes before `chosen` does.
-        connect(action, &QAction::triggered, &menu, // clazy:exclude=lambda-in-connect
-                [&chosen, choice] { chosen = choice.flag; });
+        connect(action, &QAction::triggered, &menu,
+                [&chosen, choice] { chosen = choice.flag; }); // clazy:exclude=lambda-in-connect
     }
     if (selectedItems().size() < 2)
         menu.setEnabled(false);
