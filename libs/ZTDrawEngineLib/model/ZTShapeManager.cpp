@@ -56,7 +56,8 @@ void deleteForeign(const QList<QGraphicsItem *> &selected)
     };
     QList<QGraphicsItem *> foreign;
     for (QGraphicsItem *candidate : selected) {
-        if (asShapeItem(candidate) == nullptr && !goesWithAnAncestor(*candidate))
+        const bool isForeign = candidate != nullptr && asShapeItem(candidate) == nullptr;
+        if (isForeign && !goesWithAnAncestor(*candidate))
             foreign << candidate;
     }
     qDeleteAll(foreign);
