@@ -2,8 +2,11 @@
 
 #include <studio/Alignment.h>
 #include <studio/commands/ItemSetCommand.h>
+#include <studio/commands/ItemValueCommand.h>
 
 #include <QtWidgets/QUndoStack>
+
+#include <algorithm>
 
 namespace studio {
 
@@ -160,6 +163,25 @@ int DocumentActions::repeat(int rows, int columns, const QSizeF &gapMm)
     push(new AddItemsCommand(document.itemMag(), {copies.begin(), copies.end()}, sources,
                              tr("Matrix of %1 by %2").arg(rows).arg(columns)));
     return copies.size();
+}
+
+void DocumentActions::setPen(int pen)
+{
+    const ShapeItems items = selected();
+    const auto differs = [pen](const ShapeItem *item) { return item->getPenId() != pen; };
+    if (std::any_of(items.begin(), items.end(), differs))
+        push(new PenCommand(items, pen, tr("Change pen")));
+}
+
+void DocumentActions::lockAspect(bool isLocked)
+{
+    const ShapeItems items = selected();
+    const auto differs = [isLocked](const ShapeItem *item) {
+        return isAspectLocked(*item) != isLocked;
+    };
+    if (std::any_of(items.begin(), items.end(), differs))
+        push(new AspectLockCommand(items, isLocked,
+                                   isLocked ? tr("Lock proportions") : tr("Free proportions")));
 }
 
 void DocumentActions::undo()

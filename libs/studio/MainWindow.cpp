@@ -8,6 +8,7 @@
 #include <studio/Importer.h>
 #include <studio/MatrixDialog.h>
 #include <studio/OrderMenu.h>
+#include <studio/PropertyDock.h>
 #include <studio/StatusBar.h>
 #include <studio/UndoTexts.h>
 #include <studio/ViewNavigation.h>
@@ -39,7 +40,9 @@ const QString kStateKey = QStringLiteral("window/state");
 const QString kImportFolderKey = QStringLiteral("import/folder");
 
 constexpr int kStatusMs = 8000;
-constexpr int kTreeWidth = 250;
+constexpr int kDockWidth = 320;
+constexpr int kTreeHeight = 260;
+constexpr int kPropertiesHeight = 460;
 constexpr int kIdWidth = 64;
 constexpr int kTextWidth = 70;
 const QSize kFirstSize(1280, 820);
@@ -53,6 +56,7 @@ MainWindow::MainWindow(std::unique_ptr<Messages> told)
     setWindowIcon(programIcon());
     buildDocument();
     buildTree();
+    buildProperties();
     buildCommands();
     connectState();
     readSettings();
@@ -67,6 +71,7 @@ MainWindow::~MainWindow()
     delete status;
     delete commandSet;
     delete viewNavigation;
+    delete properties;
     delete actions;
     drawing->undoStack()->disconnect(this);
     drawing->scene()->disconnect(this);
@@ -114,12 +119,19 @@ void MainWindow::buildTree()
     drawing->setObjectTree(tree);
     connect(drawing->scene(), &QGraphicsScene::selectionChanged, this,
             &MainWindow::showSelectionInTree);
-    auto *dock = new QDockWidget(tr("Shapes"), this);
-    dock->setObjectName(QStringLiteral("treeDock"));
-    dock->setWidget(tree);
-    addDockWidget(Qt::RightDockWidgetArea, dock);
-    resizeDocks({dock}, {kTreeWidth}, Qt::Horizontal);
+    treeDock = new QDockWidget(tr("Shapes"), this);
+    treeDock->setObjectName(QStringLiteral("treeDock"));
+    treeDock->setWidget(tree);
+    addDockWidget(Qt::RightDockWidgetArea, treeDock);
     labelTree();
+}
+
+void MainWindow::buildProperties()
+{
+    properties = new PropertyDock(*drawing, *actions, this);
+    addDockWidget(Qt::RightDockWidgetArea, properties);
+    resizeDocks({treeDock}, {kDockWidth}, Qt::Horizontal);
+    resizeDocks({treeDock, properties}, {kTreeHeight, kPropertiesHeight}, Qt::Vertical);
 }
 
 // Not while the user works in the tree: it would jump away under the mouse.
@@ -142,7 +154,9 @@ void MainWindow::labelTree()
 void MainWindow::buildCommands()
 {
     commandSet = new Commands(*this, *drawing->view());
-    addMenus(*this, *commandSet, new OrderMenu(this));
+    addMenus(*this, *commandSet, new OrderMenu(this),
+             {treeDock->toggleViewAction(), properties->toggleViewAction(),
+              properties->denseRowsAction()});
     addToolBars(*this, *commandSet);
 }
 

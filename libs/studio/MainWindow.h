@@ -8,6 +8,10 @@
 
 #include <memory>
 
+QT_BEGIN_NAMESPACE
+class QDockWidget;
+QT_END_NAMESPACE
+
 class ZTGraphicsDocument;
 class ZTObjectTreeWidget;
 
@@ -18,12 +22,13 @@ class DocumentActions;
 class Exporter;
 class Importer;
 class MatrixDialog;
+class PropertyDock;
 class StatusBar;
 class ViewNavigation;
 
 /**
- * The studio's window: the drawing in the middle, the object tree beside it, and the commands of
- * `commandTable` in menus and toolbars.
+ * The studio's window: the drawing in the middle, the object tree and the properties of the
+ * selection beside it, and the commands of `commandTable` in menus and toolbars.
  *
  * Order: after `hostkit::registerFactories`.
  */
@@ -61,6 +66,7 @@ protected:
 private:
     void buildDocument();
     void buildTree();
+    void buildProperties();
     void buildCommands();
     void connectState();
     void emptyDrawing();
@@ -73,6 +79,8 @@ private:
     std::unique_ptr<Messages> messages;
     ZTGraphicsDocument *drawing = nullptr; ///< child, as all below
     ZTObjectTreeWidget *tree = nullptr;
+    QDockWidget *treeDock = nullptr;
+    PropertyDock *properties = nullptr;
     DocumentActions *actions = nullptr;
     ViewNavigation *viewNavigation = nullptr;
     Exporter *fileExporter = nullptr;

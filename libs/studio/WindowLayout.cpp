@@ -54,7 +54,8 @@ void addToolBar(QMainWindow &window, const QString &title, const char *name, Qt:
 
 } // namespace
 
-void addMenus(QMainWindow &window, const Commands &commands, QMenu *orderMenu)
+void addMenus(QMainWindow &window, const Commands &commands, QMenu *orderMenu,
+              const QList<QAction *> &viewActions)
 {
     QMenu &file = addMenu(window, Layout::tr("&File"), commands,
                           {"file.new", "file.import", "file.sample", "-", "file.exportAll",
@@ -75,8 +76,10 @@ void addMenus(QMainWindow &window, const Commands &commands, QMenu *orderMenu)
          {"nudge.left", "nudge.right", "nudge.up", "nudge.down", "-", "nudge.farLeft",
           "nudge.farRight", "nudge.farUp", "nudge.farDown", "-", "nudge.fineLeft",
           "nudge.fineRight", "nudge.fineUp", "nudge.fineDown"});
-    addMenu(window, Layout::tr("&View"), commands,
-            {"view.zoomIn", "view.zoomOut", "view.home", "-", "view.fitSelection", "view.fitAll"});
+    QMenu &view = addMenu(
+        window, Layout::tr("&View"), commands,
+        {"view.zoomIn", "view.zoomOut", "view.home", "-", "view.fitSelection", "view.fitAll", "-"});
+    view.addActions(viewActions);
     addMenu(window, Layout::tr("&Help"), commands, {"help.about"});
 }
 
