@@ -6,6 +6,8 @@
 #include <studio/Exporter.h>
 #include <studio/Icons.h>
 #include <studio/Importer.h>
+#include <studio/Language.h>
+#include <studio/LanguageMenu.h>
 #include <studio/MatrixDialog.h>
 #include <studio/OrderMenu.h>
 #include <studio/PropertyDock.h>
@@ -50,14 +52,15 @@ const QSize kFirstSize(1280, 820);
 } // namespace
 
 MainWindow::MainWindow(std::unique_ptr<Messages> told)
-    : messages(told ? std::move(told) : std::make_unique<DialogMessages>(this))
+    : messages(told ? std::move(told) : std::make_unique<DialogMessages>(this)),
+      language(std::make_unique<Language>())
 {
-    setWindowTitle(tr("Studio"));
     setWindowIcon(programIcon());
     buildDocument();
     buildTree();
     buildProperties();
     buildCommands();
+    retranslate();
     connectState();
     readSettings();
     navigation().home();
@@ -119,7 +122,7 @@ void MainWindow::buildTree()
     drawing->setObjectTree(tree);
     connect(drawing->scene(), &QGraphicsScene::selectionChanged, this,
             &MainWindow::showSelectionInTree);
-    treeDock = new QDockWidget(tr("Shapes"), this);
+    treeDock = new QDockWidget(this);
     treeDock->setObjectName(QStringLiteral("treeDock"));
     treeDock->setWidget(tree);
     addDockWidget(Qt::RightDockWidgetArea, treeDock);
@@ -156,7 +159,7 @@ void MainWindow::buildCommands()
     commandSet = new Commands(*this, *drawing->view());
     addMenus(*this, *commandSet, new OrderMenu(this),
              {treeDock->toggleViewAction(), properties->toggleViewAction(),
-              properties->denseRowsAction()});
+              properties->denseRowsAction(), (new LanguageMenu(*language, this))->menuAction()});
     addToolBars(*this, *commandSet);
 }
 
@@ -177,6 +180,22 @@ void MainWindow::connectState()
     connect(stack, &QUndoStack::undoTextChanged, this, &MainWindow::refreshUndoTexts);
     connect(stack, &QUndoStack::redoTextChanged, this, &MainWindow::refreshUndoTexts);
     refreshCommands();
+}
+
+void MainWindow::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+// The widgets of the window's classes do the same for themselves.
+void MainWindow::retranslate()
+{
+    setWindowTitle(tr("Studio"));
+    treeDock->setWindowTitle(tr("Shapes"));
+    retranslateTitles(*this);
+    commandSet->retranslate();
     refreshUndoTexts();
 }
 
@@ -266,8 +285,9 @@ void MainWindow::addSample()
     const ShapeItems selectedBefore = selectedShapeItems(*drawing->scene());
     hostkit::buildSampleDrawing(*drawing);
     const ShapeItems added = shapeItemsOf(*drawing->scene()).mid(before.size());
-    drawing->undoStack()->push(
-        new AddItemsCommand(drawing->itemMag(), added, selectedBefore, tr("Add sample drawing")));
+    drawing->undoStack()->push(new AddItemsCommand(
+        drawing->itemMag(), added, selectedBefore,
+        undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Add sample drawing"))));
     drawing->scene()->clearSelection();
     fitAll();
 }

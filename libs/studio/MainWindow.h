@@ -21,6 +21,7 @@ class Commands;
 class DocumentActions;
 class Exporter;
 class Importer;
+class Language;
 class MatrixDialog;
 class PropertyDock;
 class StatusBar;
@@ -62,6 +63,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     void buildDocument();
@@ -72,11 +74,13 @@ private:
     void emptyDrawing();
     void showSelectionInTree();
     void labelTree();
+    void retranslate();
     void refreshCommands();
     void refreshUndoTexts();
     void readSettings();
 
     std::unique_ptr<Messages> messages;
+    std::unique_ptr<Language> language;    ///< comes before all that has texts
     ZTGraphicsDocument *drawing = nullptr; ///< child, as all below
     ZTObjectTreeWidget *tree = nullptr;
     QDockWidget *treeDock = nullptr;

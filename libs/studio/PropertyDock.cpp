@@ -118,8 +118,10 @@ void PropertyDock::applyDensity()
     const int rowHeight = fontMetrics().height() + kRowMargin;
     const QString denseSheet =
         QStringLiteral("QtPropertyEditorView::item{height:%1px;}").arg(rowHeight);
-    list->findChild<QTreeWidget *>()->setStyleSheet(denseRows->isChecked() ? denseSheet
-                                                                           : tallRowsSheet);
+    auto *view = list->findChild<QTreeWidget *>();
+    // A widget that has read its sheet before it was polished would keep to that one.
+    view->ensurePolished();
+    view->setStyleSheet(denseRows->isChecked() ? denseSheet : tallRowsSheet);
 }
 
 void PropertyDock::changeEvent(QEvent *event)

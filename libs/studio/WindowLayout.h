@@ -22,4 +22,7 @@ void addMenus(QMainWindow &window, const Commands &commands, QMenu *orderMenu,
 /** Adds the toolbars of a window. */
 void addToolBars(QMainWindow &window, const Commands &commands);
 
+/** Titles the menus and toolbars of a window in the language of the program. */
+void retranslateTitles(QMainWindow &window);
+
 } // namespace studio
