@@ -62,7 +62,8 @@ void nudgeFinely(MainWindow &window)
     window.edit().nudge(QPointF(x, y) * kSmallNudgeMm);
 }
 
-#define TEXT(text) QT_TRANSLATE_NOOP("studio::Commands", text)
+// For the tool that gathers texts to translate, which takes them as texts of the namespace.
+#define TEXT(text) text
 
 // clang-format off
 const QVector<Command> kTable = {
@@ -195,10 +196,7 @@ bool isMet(Needs needs, const EditorState &state)
     return false;
 }
 
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("studio::Commands", text);
-}
+QString translated(const char *text) { return QCoreApplication::translate("studio", text); }
 
 /** A tool tip with the first shortcut behind it. */
 QString toolTipOf(const Command &command, const QList<QKeySequence> &shortcuts)
@@ -217,14 +215,19 @@ QList<QKeySequence> shortcutsOf(const Command &command)
     return QKeySequence::listFromString(QString::fromLatin1(command.shortcuts));
 }
 
+void label(QAction &action, const Command &command)
+{
+    action.setText(translated(command.text));
+    action.setToolTip(toolTipOf(command, action.shortcuts()));
+}
+
 QAction *newAction(const Command &command, QObject *parent)
 {
-    auto *action = new QAction(translated(command.text), parent);
-    const QList<QKeySequence> shortcuts = shortcutsOf(command);
+    auto *action = new QAction(parent);
     action->setObjectName(QString::fromLatin1(command.id));
     action->setIcon(icon(command.icon));
-    action->setShortcuts(shortcuts);
-    action->setToolTip(toolTipOf(command, shortcuts));
+    action->setShortcuts(shortcutsOf(command));
+    label(*action, command);
     return action;
 }
 
@@ -256,6 +259,12 @@ QAction *Commands::action(const char *id) const
     QAction *found = actions.value(id);
     Q_ASSERT(found != nullptr);
     return found;
+}
+
+void Commands::retranslate()
+{
+    for (const Command &command : commandTable())
+        label(*actions.value(command.id), command);
 }
 
 void Commands::enableFor(const EditorState &state)

@@ -59,6 +59,9 @@ public:
     /** The action of a command. An id that is not in the table is a mistake in the program. */
     QAction *action(const char *id) const;
 
+    /** Gives all actions their texts in the language of the program. */
+    void retranslate();
+
     /** Greys what makes no sense now. */
     void enableFor(const EditorState &state);
 

@@ -1,9 +1,13 @@
 #include <studio/DocumentActions.h>
 
 #include <studio/Alignment.h>
+#include <studio/UndoTexts.h>
 #include <studio/commands/ItemSetCommand.h>
+#include <studio/commands/ItemValueCommand.h>
 
 #include <QtWidgets/QUndoStack>
+
+#include <algorithm>
 
 namespace studio {
 
@@ -33,17 +37,17 @@ QString DocumentActions::creationText(ShapeType type)
 {
     switch (type) {
     case ShapeType::Rect:
-        return tr("Create rectangle");
+        return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create rectangle"));
     case ShapeType::Ellipse:
-        return tr("Create ellipse");
+        return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create ellipse"));
     case ShapeType::Polygon:
-        return tr("Create polygon");
+        return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create polygon"));
     case ShapeType::Line:
-        return tr("Create line");
+        return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create line"));
     case ShapeType::TDOT:
-        return tr("Create TDOT figure");
+        return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create TDOT figure"));
     default:
-        return tr("Create shape");
+        return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create shape"));
     }
 }
 
@@ -85,7 +89,8 @@ void DocumentActions::duplicate()
     const ShapeItems copies = copiesOf(sources, *document.itemMag(), {offsetPx, offsetPx});
     if (copies.isEmpty())
         return;
-    push(new AddItemsCommand(document.itemMag(), copies, sources, tr("Duplicate")));
+    push(new AddItemsCommand(document.itemMag(), copies, sources,
+                             undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Duplicate"))));
 }
 
 void DocumentActions::removeSelected()
@@ -93,7 +98,8 @@ void DocumentActions::removeSelected()
     const ShapeItems doomed = selected();
     if (doomed.isEmpty())
         return;
-    push(new DeleteItemsCommand(document.itemMag(), doomed, tr("Delete")));
+    push(new DeleteItemsCommand(document.itemMag(), doomed,
+                                undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Delete"))));
 }
 
 void DocumentActions::clear() { document.clear(); }
@@ -122,7 +128,8 @@ void DocumentActions::nudge(const QPointF &byMm)
     for (ShapeItem *item : selected())
         moves.append({item, item->pos() + byPx});
     if (!moves.isEmpty())
-        push(new MoveItemsCommand(document.scene(), moves, tr("Move")));
+        push(new MoveItemsCommand(document.scene(), moves,
+                                  undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Move"))));
 }
 
 void DocumentActions::align(Qt::Alignment alignment)
@@ -132,19 +139,22 @@ void DocumentActions::align(Qt::Alignment alignment)
         return;
     const QVector<ItemMove> moves = alignedMoves(items, alignment);
     if (!moves.isEmpty())
-        push(new MoveItemsCommand(document.scene(), moves, tr("Align")));
+        push(new MoveItemsCommand(document.scene(), moves,
+                                  undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Align"))));
 }
 
 void DocumentActions::mirror(MirrorCommand::Kind kind)
 {
     if (!selected().isEmpty())
-        push(new MirrorCommand(document.scene(), kind, tr("Mirror")));
+        push(new MirrorCommand(document.scene(), kind,
+                               undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Mirror"))));
 }
 
 void DocumentActions::rotate(double angleDeg)
 {
     if (!selected().isEmpty() && angleDeg != 0.0)
-        push(new RotateCommand(document.scene(), angleDeg, tr("Rotate")));
+        push(new RotateCommand(document.scene(), angleDeg,
+                               undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Rotate"))));
 }
 
 int DocumentActions::repeat(int rows, int columns, const QSizeF &gapMm)
@@ -158,8 +168,31 @@ int DocumentActions::repeat(int rows, int columns, const QSizeF &gapMm)
     if (copies.isEmpty())
         return 0;
     push(new AddItemsCommand(document.itemMag(), {copies.begin(), copies.end()}, sources,
-                             tr("Matrix of %1 by %2").arg(rows).arg(columns)));
+                             undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Matrix of %1 by %2"),
+                                      {QString::number(rows), QString::number(columns)})));
     return copies.size();
+}
+
+void DocumentActions::setPen(int pen)
+{
+    const ShapeItems items = selected();
+    const auto differs = [pen](const ShapeItem *item) { return item->getPenId() != pen; };
+    if (std::any_of(items.begin(), items.end(), differs))
+        push(new PenCommand(items, pen,
+                            undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Change pen"))));
+}
+
+void DocumentActions::lockAspect(bool isLocked)
+{
+    const ShapeItems items = selected();
+    const auto differs = [isLocked](const ShapeItem *item) {
+        return isAspectLocked(*item) != isLocked;
+    };
+    if (std::any_of(items.begin(), items.end(), differs))
+        push(new AspectLockCommand(
+            items, isLocked,
+            isLocked ? undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Lock proportions"))
+                     : undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Free proportions"))));
 }
 
 void DocumentActions::undo()

@@ -46,6 +46,9 @@ public:
      */
     int repeat(int rows, int columns, const QSizeF &gapMm);
 
+    void setPen(int pen);           ///< of all selected shapes
+    void lockAspect(bool isLocked); ///< of all selected shapes
+
     void undo();
     void redo();
 

@@ -1,5 +1,6 @@
 #include <studio/Importer.h>
 
+#include <studio/UndoTexts.h>
 #include <studio/commands/ItemSetCommand.h>
 
 #include <hostkit/DrawingInput.h>
@@ -93,9 +94,12 @@ int Importer::importFiles(const QStringList &paths, std::optional<QPointF> centr
     if (imported.isEmpty())
         return 0;
     layOutInRow(imported, centrePx.value_or(QPointF()));
-    const QString text = imported.size() == 1
-                             ? ImportTexts::tr("Import %1").arg(fileNameOf(paths.first()))
-                             : ImportTexts::tr("Import %1 drawings").arg(imported.size());
+    const QString text =
+        imported.size() == 1
+            ? undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Import %1"),
+                       {fileNameOf(paths.first())})
+            : undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Import %1 drawings"),
+                       {QString::number(imported.size())});
     document.undoStack()->push(new AddItemsCommand(document.itemMag(), imported,
                                                    selectedShapeItems(*document.scene()), text));
     return imported.size();

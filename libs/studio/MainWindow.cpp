@@ -6,8 +6,11 @@
 #include <studio/Exporter.h>
 #include <studio/Icons.h>
 #include <studio/Importer.h>
+#include <studio/Language.h>
+#include <studio/LanguageMenu.h>
 #include <studio/MatrixDialog.h>
 #include <studio/OrderMenu.h>
+#include <studio/PropertyDock.h>
 #include <studio/StatusBar.h>
 #include <studio/UndoTexts.h>
 #include <studio/ViewNavigation.h>
@@ -39,7 +42,9 @@ const QString kStateKey = QStringLiteral("window/state");
 const QString kImportFolderKey = QStringLiteral("import/folder");
 
 constexpr int kStatusMs = 8000;
-constexpr int kTreeWidth = 250;
+constexpr int kDockWidth = 320;
+constexpr int kTreeHeight = 260;
+constexpr int kPropertiesHeight = 460;
 constexpr int kIdWidth = 64;
 constexpr int kTextWidth = 70;
 const QSize kFirstSize(1280, 820);
@@ -47,13 +52,15 @@ const QSize kFirstSize(1280, 820);
 } // namespace
 
 MainWindow::MainWindow(std::unique_ptr<Messages> told)
-    : messages(told ? std::move(told) : std::make_unique<DialogMessages>(this))
+    : messages(told ? std::move(told) : std::make_unique<DialogMessages>(this)),
+      language(std::make_unique<Language>())
 {
-    setWindowTitle(tr("Studio"));
     setWindowIcon(programIcon());
     buildDocument();
     buildTree();
+    buildProperties();
     buildCommands();
+    retranslate();
     connectState();
     readSettings();
     navigation().home();
@@ -67,6 +74,7 @@ MainWindow::~MainWindow()
     delete status;
     delete commandSet;
     delete viewNavigation;
+    delete properties;
     delete actions;
     drawing->undoStack()->disconnect(this);
     drawing->scene()->disconnect(this);
@@ -114,12 +122,19 @@ void MainWindow::buildTree()
     drawing->setObjectTree(tree);
     connect(drawing->scene(), &QGraphicsScene::selectionChanged, this,
             &MainWindow::showSelectionInTree);
-    auto *dock = new QDockWidget(tr("Shapes"), this);
-    dock->setObjectName(QStringLiteral("treeDock"));
-    dock->setWidget(tree);
-    addDockWidget(Qt::RightDockWidgetArea, dock);
-    resizeDocks({dock}, {kTreeWidth}, Qt::Horizontal);
+    treeDock = new QDockWidget(this);
+    treeDock->setObjectName(QStringLiteral("treeDock"));
+    treeDock->setWidget(tree);
+    addDockWidget(Qt::RightDockWidgetArea, treeDock);
     labelTree();
+}
+
+void MainWindow::buildProperties()
+{
+    properties = new PropertyDock(*drawing, *actions, this);
+    addDockWidget(Qt::RightDockWidgetArea, properties);
+    resizeDocks({treeDock}, {kDockWidth}, Qt::Horizontal);
+    resizeDocks({treeDock, properties}, {kTreeHeight, kPropertiesHeight}, Qt::Vertical);
 }
 
 // Not while the user works in the tree: it would jump away under the mouse.
@@ -142,7 +157,9 @@ void MainWindow::labelTree()
 void MainWindow::buildCommands()
 {
     commandSet = new Commands(*this, *drawing->view());
-    addMenus(*this, *commandSet, new OrderMenu(this));
+    addMenus(*this, *commandSet, new OrderMenu(this),
+             {treeDock->toggleViewAction(), properties->toggleViewAction(),
+              properties->denseRowsAction(), (new LanguageMenu(*language, this))->menuAction()});
     addToolBars(*this, *commandSet);
 }
 
@@ -163,6 +180,22 @@ void MainWindow::connectState()
     connect(stack, &QUndoStack::undoTextChanged, this, &MainWindow::refreshUndoTexts);
     connect(stack, &QUndoStack::redoTextChanged, this, &MainWindow::refreshUndoTexts);
     refreshCommands();
+}
+
+void MainWindow::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+// The widgets of the window's classes do the same for themselves.
+void MainWindow::retranslate()
+{
+    setWindowTitle(tr("Studio"));
+    treeDock->setWindowTitle(tr("Shapes"));
+    retranslateTitles(*this);
+    commandSet->retranslate();
     refreshUndoTexts();
 }
 
@@ -252,8 +285,9 @@ void MainWindow::addSample()
     const ShapeItems selectedBefore = selectedShapeItems(*drawing->scene());
     hostkit::buildSampleDrawing(*drawing);
     const ShapeItems added = shapeItemsOf(*drawing->scene()).mid(before.size());
-    drawing->undoStack()->push(
-        new AddItemsCommand(drawing->itemMag(), added, selectedBefore, tr("Add sample drawing")));
+    drawing->undoStack()->push(new AddItemsCommand(
+        drawing->itemMag(), added, selectedBefore,
+        undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Add sample drawing"))));
     drawing->scene()->clearSelection();
     fitAll();
 }

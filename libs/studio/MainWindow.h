@@ -8,6 +8,10 @@
 
 #include <memory>
 
+QT_BEGIN_NAMESPACE
+class QDockWidget;
+QT_END_NAMESPACE
+
 class ZTGraphicsDocument;
 class ZTObjectTreeWidget;
 
@@ -17,13 +21,15 @@ class Commands;
 class DocumentActions;
 class Exporter;
 class Importer;
+class Language;
 class MatrixDialog;
+class PropertyDock;
 class StatusBar;
 class ViewNavigation;
 
 /**
- * The studio's window: the drawing in the middle, the object tree beside it, and the commands of
- * `commandTable` in menus and toolbars.
+ * The studio's window: the drawing in the middle, the object tree and the properties of the
+ * selection beside it, and the commands of `commandTable` in menus and toolbars.
  *
  * Order: after `hostkit::registerFactories`.
  */
@@ -57,22 +63,28 @@ public:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     void buildDocument();
     void buildTree();
+    void buildProperties();
     void buildCommands();
     void connectState();
     void emptyDrawing();
     void showSelectionInTree();
     void labelTree();
+    void retranslate();
     void refreshCommands();
     void refreshUndoTexts();
     void readSettings();
 
     std::unique_ptr<Messages> messages;
+    std::unique_ptr<Language> language;    ///< comes before all that has texts
     ZTGraphicsDocument *drawing = nullptr; ///< child, as all below
     ZTObjectTreeWidget *tree = nullptr;
+    QDockWidget *treeDock = nullptr;
+    PropertyDock *properties = nullptr;
     DocumentActions *actions = nullptr;
     ViewNavigation *viewNavigation = nullptr;
     Exporter *fileExporter = nullptr;

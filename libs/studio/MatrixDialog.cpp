@@ -27,11 +27,11 @@ MatrixDialog::MatrixDialog(ZTGraphicsDocument &edited, DocumentActions &editing,
       rowsBox(addCount(QStringLiteral("rows"), 3)),
       columnsBox(addCount(QStringLiteral("columns"), 4)),
       acrossBox(addGap(QStringLiteral("gapAcross"))), downBox(addGap(QStringLiteral("gapDown"))),
-      hintLabel(new QLabel(this)), createButton(new QPushButton(tr("&Create"), this))
+      hintLabel(new QLabel(this)), createButton(new QPushButton(this))
 {
-    setWindowTitle(tr("Matrix"));
     setObjectName(QStringLiteral("matrixDialog"));
     layOut();
+    retranslate();
     connect(document.scene(), &QGraphicsScene::selectionChanged, this, &MatrixDialog::follow);
     connect(document.undoStack(), &QUndoStack::indexChanged, this, &MatrixDialog::refresh);
 }
@@ -54,10 +54,38 @@ QDoubleSpinBox *MatrixDialog::addGap(const QString &name)
     box->setObjectName(name);
     box->setRange(-kLargestGapMm, kLargestGapMm);
     box->setDecimals(3);
-    box->setSuffix(tr(" mm"));
     box->setValue(kFirstGapMm);
     connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &MatrixDialog::refresh);
     return box;
+}
+
+QLabel *MatrixDialog::addRow(QFormLayout &form, QWidget *box)
+{
+    auto *label = new QLabel(this);
+    label->setBuddy(box);
+    form.addRow(label, box);
+    return label;
+}
+
+void MatrixDialog::changeEvent(QEvent *event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    retranslate();
+    refresh();
+}
+
+void MatrixDialog::retranslate()
+{
+    setWindowTitle(tr("Matrix"));
+    rowsLabel->setText(tr("&Rows"));
+    columnsLabel->setText(tr("C&olumns"));
+    acrossLabel->setText(tr("Gap &across"));
+    downLabel->setText(tr("Gap &down"));
+    acrossBox->setSuffix(tr(" mm"));
+    downBox->setSuffix(tr(" mm"));
+    createButton->setText(tr("&Create"));
 }
 
 void MatrixDialog::layOut()
@@ -76,10 +104,10 @@ void MatrixDialog::layOut()
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
     auto *form = new QFormLayout(this);
-    form->addRow(tr("&Rows"), rowsBox);
-    form->addRow(tr("C&olumns"), columnsBox);
-    form->addRow(tr("Gap &across"), acrossBox);
-    form->addRow(tr("Gap &down"), downBox);
+    rowsLabel = addRow(*form, rowsBox);
+    columnsLabel = addRow(*form, columnsBox);
+    acrossLabel = addRow(*form, acrossBox);
+    downLabel = addRow(*form, downBox);
     form->addRow(hintLabel);
     form->addRow(buttons);
 }

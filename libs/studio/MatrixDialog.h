@@ -6,6 +6,7 @@
 
 QT_BEGIN_NAMESPACE
 class QDoubleSpinBox;
+class QFormLayout;
 class QLabel;
 class QPushButton;
 class QSpinBox;
@@ -32,11 +33,14 @@ public:
 protected:
     void showEvent(QShowEvent *event) override;
     void hideEvent(QHideEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     QSpinBox *addCount(const QString &name, int value);
     QDoubleSpinBox *addGap(const QString &name);
+    QLabel *addRow(QFormLayout &form, QWidget *box);
     void layOut();
+    void retranslate();
     void follow();
     void refresh();
     void create();
@@ -50,6 +54,10 @@ private:
     QSpinBox *columnsBox;
     QDoubleSpinBox *acrossBox;
     QDoubleSpinBox *downBox;
+    QLabel *rowsLabel = nullptr;
+    QLabel *columnsLabel = nullptr;
+    QLabel *acrossLabel = nullptr;
+    QLabel *downLabel = nullptr;
     QLabel *hintLabel;
     QPushButton *createButton;
     QPointer<MatrixPreview> preview; ///< an item of the scene, while the dialog is open

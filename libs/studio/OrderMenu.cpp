@@ -1,5 +1,6 @@
 #include <studio/OrderMenu.h>
 
+#include <QtCore/QEvent>
 #include <QtCore/QSettings>
 #include <QtWidgets/QActionGroup>
 
@@ -21,28 +22,45 @@ int rememberedOrder()
 
 } // namespace
 
-OrderMenu::OrderMenu(QWidget *parent) : QMenu(tr("Marking &order"), parent)
+OrderMenu::OrderMenu(QWidget *parent) : QMenu(parent)
 {
     setObjectName(QStringLiteral("orderMenu"));
     group = new QActionGroup(this);
-    add(tr("As &stacked"), EShapeSortType::ShapeSortNone);
-    add(tr("&Nearest next"), EShapeSortType::ShapeSortNearest);
-    add(tr("&Left to right"), EShapeSortType::ShapeSortXFromMin);
-    add(tr("&Right to left"), EShapeSortType::ShapeSortXFromMax);
-    add(tr("&Top to bottom"), EShapeSortType::ShapeSortYFromMin);
-    add(tr("&Bottom to top"), EShapeSortType::ShapeSortYFromMax);
+    add(EShapeSortType::ShapeSortNone);
+    add(EShapeSortType::ShapeSortNearest);
+    add(EShapeSortType::ShapeSortXFromMin);
+    add(EShapeSortType::ShapeSortXFromMax);
+    add(EShapeSortType::ShapeSortYFromMin);
+    add(EShapeSortType::ShapeSortYFromMax);
     connect(group, &QActionGroup::triggered, this, &OrderMenu::choose);
     const int order = rememberedOrder();
+    retranslate();
     group->actions().at(order)->setChecked(true);
     ZTPointSort::getInstance()->setShapeMarkSort(static_cast<EShapeSortType>(order));
 }
 
-void OrderMenu::add(const QString &text, EShapeSortType order)
+void OrderMenu::add(EShapeSortType order)
 {
-    QAction *action = addAction(text);
+    QAction *action = addAction(QString());
     action->setCheckable(true);
     action->setData(static_cast<int>(order));
     group->addAction(action);
+}
+
+void OrderMenu::changeEvent(QEvent *event)
+{
+    QMenu::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+void OrderMenu::retranslate()
+{
+    const QStringList texts = {tr("As &stacked"),    tr("&Nearest next"),  tr("&Left to right"),
+                               tr("&Right to left"), tr("&Top to bottom"), tr("&Bottom to top")};
+    setTitle(tr("Marking &order"));
+    for (int i = 0; i < texts.size(); ++i)
+        group->actions().at(i)->setText(texts.at(i));
 }
 
 void OrderMenu::choose(const QAction *action)

@@ -21,8 +21,12 @@ class OrderMenu : public QMenu
 public:
     explicit OrderMenu(QWidget *parent = nullptr);
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
-    void add(const QString &text, EShapeSortType order);
+    void add(EShapeSortType order);
+    void retranslate();
     void choose(const QAction *action);
 
     QActionGroup *group;

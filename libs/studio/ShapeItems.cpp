@@ -46,6 +46,12 @@ QRectF sceneBox(const ShapeItems &items)
     return boxPx;
 }
 
+bool isAspectLocked(const ShapeItem &item)
+{
+    const ZTShapeBase *shape = item.getShapeBase();
+    return shape != nullptr && shape->getLockAspectRatio();
+}
+
 void selectOnly(QGraphicsScene &scene, const ShapeItems &items)
 {
     {

@@ -22,6 +22,9 @@ QRectF sceneBox(const ShapeItem &item);
 /** Box around items as drawn; null for none. Frame: scene pixels. */
 QRectF sceneBox(const ShapeItems &items);
 
+/** Whether resizing a shape keeps its proportions. */
+bool isAspectLocked(const ShapeItem &item);
+
 /**
  * Makes `items` the selection, with one `selectionChanged` for all.
  *

@@ -20,25 +20,23 @@ QString mmText(double lengthPx)
     return QString::number(lengthMm, 'f', 3);
 }
 
+/** Explains a field, and gives it room for its widest text. */
+void label(QLabel &field, const QString &widestText, const QString &toolTip)
+{
+    field.setToolTip(toolTip);
+    field.setMinimumWidth(field.fontMetrics().horizontalAdvance(widestText));
+}
+
 } // namespace
 
 StatusBar::StatusBar(ZTGraphicsDocument &shown, QWidget *parent)
     : QStatusBar(parent), document(shown)
 {
-    cursorField =
-        addField(QStringLiteral("cursorField"),
-                 tr("X %1  Y %2 mm").arg(QStringLiteral("-9999.999"), QStringLiteral("-9999.999")),
-                 tr("Place of the mouse, y downward"));
-    boxField = addField(QStringLiteral("boxField"),
-                        tr("Selection X %1  Y %2  W %3  H %4 mm")
-                            .arg(QStringLiteral("-999.999"), QStringLiteral("-999.999"),
-                                 QStringLiteral("999.999"), QStringLiteral("999.999")),
-                        tr("Top left corner and size of the selection's box"));
-    countField =
-        addField(QStringLiteral("countField"), tr("%1 of %2 selected").arg(99999).arg(99999),
-                 tr("Selected shapes, and all shapes"));
-    zoomField = addField(QStringLiteral("zoomField"), tr("%1 %").arg(2400),
-                         tr("Zoom; Ctrl and the wheel change it"));
+    cursorField = addField(QStringLiteral("cursorField"));
+    boxField = addField(QStringLiteral("boxField"));
+    countField = addField(QStringLiteral("countField"));
+    zoomField = addField(QStringLiteral("zoomField"));
+    retranslate();
     refreshTimer.setSingleShot(true);
     refreshTimer.setInterval(kRefreshMs);
     connect(&refreshTimer, &QTimer::timeout, this, &StatusBar::refresh);
@@ -47,14 +45,35 @@ StatusBar::StatusBar(ZTGraphicsDocument &shown, QWidget *parent)
     refresh();
 }
 
-QLabel *StatusBar::addField(const QString &name, const QString &widestText, const QString &toolTip)
+QLabel *StatusBar::addField(const QString &name)
 {
     auto *field = new QLabel(this);
     field->setObjectName(name);
-    field->setToolTip(toolTip);
-    field->setMinimumWidth(field->fontMetrics().horizontalAdvance(widestText));
     addPermanentWidget(field);
     return field;
+}
+
+void StatusBar::retranslate()
+{
+    const QString widest = QStringLiteral("-9999.999");
+    label(*cursorField, tr("X %1  Y %2 mm").arg(widest, widest),
+          tr("Place of the mouse, y downward"));
+    const QString wide = QStringLiteral("-999.999");
+    label(*boxField, tr("Selection X %1  Y %2  W %3  H %4 mm").arg(wide, wide, wide, wide),
+          tr("Top left corner and size of the selection's box"));
+    label(*countField, tr("%1 of %2 selected").arg(99999).arg(99999),
+          tr("Selected shapes, and all shapes"));
+    label(*zoomField, tr("%1 %").arg(2400), tr("Zoom; Ctrl and the wheel change it"));
+}
+
+void StatusBar::changeEvent(QEvent *event)
+{
+    QStatusBar::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    retranslate();
+    showZoom(document.view()->getDisplayScale());
+    refresh();
 }
 
 void StatusBar::connectDocument()

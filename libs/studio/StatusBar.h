@@ -30,9 +30,11 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
-    QLabel *addField(const QString &name, const QString &widestText, const QString &toolTip);
+    QLabel *addField(const QString &name);
+    void retranslate();
     void connectDocument();
     void refreshLater();
     void refresh();

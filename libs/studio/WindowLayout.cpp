@@ -17,9 +17,30 @@ namespace {
 constexpr const char *kSeparator = "-";
 constexpr int kIconSize = 22;
 
-struct Layout
+/** What a menu or toolbar is called; its object has the name. */
+struct Title
 {
-    Q_DECLARE_TR_FUNCTIONS(studio::WindowLayout)
+    const char *name;
+    const char *text; ///< to be translated
+};
+
+constexpr Title kMenuTitles[] = {
+    {"fileMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&File")},
+    {"editMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Edit")},
+    {"createMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Create")},
+    {"arrangeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Arrange")},
+    {"nudgeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Nudge")},
+    {"viewMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&View")},
+    {"helpMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Help")},
+};
+
+constexpr Title kToolBarTitles[] = {
+    {"fileToolBar", QT_TRANSLATE_NOOP("studio::WindowLayout", "File")},
+    {"editToolBar", QT_TRANSLATE_NOOP("studio::WindowLayout", "Edit")},
+    {"alignToolBar", QT_TRANSLATE_NOOP("studio::WindowLayout", "Align")},
+    {"transformToolBar", QT_TRANSLATE_NOOP("studio::WindowLayout", "Transform")},
+    {"viewToolBar", QT_TRANSLATE_NOOP("studio::WindowLayout", "View")},
+    {"createToolBar", QT_TRANSLATE_NOOP("studio::WindowLayout", "Create")},
 };
 
 using Ids = std::initializer_list<const char *>;
@@ -35,17 +56,23 @@ void fill(Target &target, const Commands &commands, Ids ids)
     }
 }
 
-QMenu &addMenu(QMainWindow &window, const QString &title, const Commands &commands, Ids ids)
+QString translated(const char *text)
 {
-    QMenu *menu = window.menuBar()->addMenu(title);
+    return QCoreApplication::translate("studio::WindowLayout", text);
+}
+
+QMenu &addMenu(QMainWindow &window, const char *name, const Commands &commands, Ids ids)
+{
+    QMenu *menu = window.menuBar()->addMenu(QString());
+    menu->setObjectName(QString::fromLatin1(name));
     fill(*menu, commands, ids);
     return *menu;
 }
 
-void addToolBar(QMainWindow &window, const QString &title, const char *name, Qt::ToolBarArea area,
+void addToolBar(QMainWindow &window, const char *name, Qt::ToolBarArea area,
                 const Commands &commands, Ids ids)
 {
-    auto *bar = new QToolBar(title, &window);
+    auto *bar = new QToolBar(&window);
     bar->setObjectName(QString::fromLatin1(name));
     bar->setIconSize({kIconSize, kIconSize});
     window.addToolBar(area, bar);
@@ -54,49 +81,64 @@ void addToolBar(QMainWindow &window, const QString &title, const char *name, Qt:
 
 } // namespace
 
-void addMenus(QMainWindow &window, const Commands &commands, QMenu *orderMenu)
+void addMenus(QMainWindow &window, const Commands &commands, QMenu *orderMenu,
+              const QList<QAction *> &viewActions)
 {
-    QMenu &file = addMenu(window, Layout::tr("&File"), commands,
+    QMenu &file = addMenu(window, "fileMenu", commands,
                           {"file.new", "file.import", "file.sample", "-", "file.exportAll",
                            "file.exportSelection", "-", "file.quit"});
     file.insertMenu(commands.action("file.exportAll"), orderMenu);
-    addMenu(window, Layout::tr("&Edit"), commands,
+    addMenu(window, "editMenu", commands,
             {"edit.undo", "edit.redo", "-", "edit.duplicate", "edit.delete", "-", "edit.selectAll",
              "edit.invert", "edit.deselect"});
-    addMenu(window, Layout::tr("&Create"), commands,
+    addMenu(window, "createMenu", commands,
             {"create.rectangle", "create.ellipse", "create.polygon", "create.line", "create.tdot"});
     QMenu &arrange =
-        addMenu(window, Layout::tr("&Arrange"), commands,
+        addMenu(window, "arrangeMenu", commands,
                 {"arrange.left", "arrange.hcenter", "arrange.right", "arrange.top",
                  "arrange.vcenter", "arrange.bottom", "arrange.center", "-",
                  "arrange.mirrorHorizontal", "arrange.mirrorVertical", "-", "arrange.rotateRight",
                  "arrange.rotateLeft", "arrange.rotate", "-", "arrange.matrix", "-"});
-    fill(*arrange.addMenu(Layout::tr("&Nudge")), commands,
+    QMenu *nudge = arrange.addMenu(QString());
+    nudge->setObjectName(QStringLiteral("nudgeMenu"));
+    fill(*nudge, commands,
          {"nudge.left", "nudge.right", "nudge.up", "nudge.down", "-", "nudge.farLeft",
           "nudge.farRight", "nudge.farUp", "nudge.farDown", "-", "nudge.fineLeft",
           "nudge.fineRight", "nudge.fineUp", "nudge.fineDown"});
-    addMenu(window, Layout::tr("&View"), commands,
-            {"view.zoomIn", "view.zoomOut", "view.home", "-", "view.fitSelection", "view.fitAll"});
-    addMenu(window, Layout::tr("&Help"), commands, {"help.about"});
+    QMenu &view = addMenu(
+        window, "viewMenu", commands,
+        {"view.zoomIn", "view.zoomOut", "view.home", "-", "view.fitSelection", "view.fitAll", "-"});
+    view.addActions(viewActions);
+    addMenu(window, "helpMenu", commands, {"help.about"});
 }
 
 void addToolBars(QMainWindow &window, const Commands &commands)
 {
-    addToolBar(window, Layout::tr("File"), "fileToolBar", Qt::TopToolBarArea, commands,
+    addToolBar(window, "fileToolBar", Qt::TopToolBarArea, commands,
                {"file.new", "file.import", "file.exportAll"});
-    addToolBar(window, Layout::tr("Edit"), "editToolBar", Qt::TopToolBarArea, commands,
+    addToolBar(window, "editToolBar", Qt::TopToolBarArea, commands,
                {"edit.undo", "edit.redo", "-", "edit.duplicate", "edit.delete"});
-    addToolBar(window, Layout::tr("Align"), "alignToolBar", Qt::TopToolBarArea, commands,
+    addToolBar(window, "alignToolBar", Qt::TopToolBarArea, commands,
                {"arrange.left", "arrange.hcenter", "arrange.right", "arrange.top",
                 "arrange.vcenter", "arrange.bottom", "arrange.center"});
-    addToolBar(window, Layout::tr("Transform"), "transformToolBar", Qt::TopToolBarArea, commands,
+    addToolBar(window, "transformToolBar", Qt::TopToolBarArea, commands,
                {"arrange.mirrorHorizontal", "arrange.mirrorVertical", "arrange.rotateLeft",
                 "arrange.rotateRight", "arrange.rotate", "arrange.matrix"});
-    addToolBar(window, Layout::tr("View"), "viewToolBar", Qt::TopToolBarArea, commands,
+    addToolBar(window, "viewToolBar", Qt::TopToolBarArea, commands,
                {"view.zoomOut", "view.zoomIn", "view.home", "view.fitSelection"});
     addToolBar(
-        window, Layout::tr("Create"), "createToolBar", Qt::LeftToolBarArea, commands,
+        window, "createToolBar", Qt::LeftToolBarArea, commands,
         {"create.rectangle", "create.ellipse", "create.polygon", "create.line", "create.tdot"});
+}
+
+void retranslateTitles(QMainWindow &window)
+{
+    for (const Title &title : kMenuTitles)
+        window.findChild<QMenu *>(QLatin1String(title.name))->setTitle(translated(title.text));
+    for (const Title &title : kToolBarTitles) {
+        auto *bar = window.findChild<QToolBar *>(QLatin1String(title.name));
+        bar->setWindowTitle(translated(title.text));
+    }
 }
 
 } // namespace studio

@@ -1,4 +1,4 @@
-"""The Chinese catalogue holds every text of the libraries' sources, and no other.
+"""The Chinese catalogues hold every text of their sources, and no other.
 
 translations.py LUPDATE
 """
@@ -12,7 +12,15 @@ from pathlib import Path
 
 from project import ENGINE, LIBRARIES, LIBS, ROOT, finish
 
-CATALOGUE = ENGINE / "resources" / "ZTDrawEngineLib_zh.ts"
+# Each catalogue, and the folders whose texts it holds.
+CATALOGUES = {
+    ENGINE / "resources" / "ZTDrawEngineLib_zh.ts": [LIBS / library for library in LIBRARIES],
+    LIBS / "studio" / "resources" / "studio_zh.ts":
+        [LIBS / "studio", LIBS / "hostkit", ROOT / "apps" / "studio"],
+}
+
+# The studio's table of commands marks its texts with TEXT.
+OPTIONS = ["-I", str(LIBS), "-tr-function-alias", "QT_TR_NOOP+=TEXT"]
 
 
 def messages(path):
@@ -24,24 +32,20 @@ def messages(path):
     return found
 
 
-def texts_of_the_sources(lupdate):
+def texts_of_the_sources(lupdate, folders):
     """The texts that lupdate finds when it starts from nothing."""
-    with tempfile.TemporaryDirectory() as folder:
-        fresh = Path(folder) / "fresh.ts"
-        folders = [str(LIBS / library) for library in LIBRARIES]
-        subprocess.run([lupdate, "-silent", *folders, "-ts", str(fresh)], check=True,
-                       capture_output=True)
+    with tempfile.TemporaryDirectory() as scratch:
+        fresh = Path(scratch) / "fresh.ts"
+        subprocess.run([lupdate, "-silent", *OPTIONS, *map(str, folders), "-ts", str(fresh)],
+                       check=True, capture_output=True)
         return set(messages(fresh))
 
 
-def main():
-    lupdate = shutil.which(sys.argv[1])
-    if not lupdate:
-        sys.exit(f"translations: {sys.argv[1]}: no such program")
+def problems_of(catalogue, used):
+    """What is wrong with a catalogue for sources that use these texts."""
     problems = []
-    translated = messages(CATALOGUE)
-    used = texts_of_the_sources(lupdate)
-    name = CATALOGUE.relative_to(ROOT)
+    translated = messages(catalogue)
+    name = catalogue.relative_to(ROOT)
     for context, source in sorted(used - set(translated)):
         problems.append(f"{name}: missing: {context}: {source}")
     for context, source in sorted(set(translated) - used):
@@ -52,7 +56,17 @@ def main():
         elif set(filter(str.isdigit, source)) - set(filter(str.isdigit, translation.text)):
             problems.append(f"{name}: loses an argument: {context}: {source}")
     if not used:
-        problems.append("no text found in the sources")
+        problems.append(f"{name}: no text found in the sources")
+    return problems
+
+
+def main():
+    lupdate = shutil.which(sys.argv[1])
+    if not lupdate:
+        sys.exit(f"translations: {sys.argv[1]}: no such program")
+    problems = []
+    for catalogue, folders in CATALOGUES.items():
+        problems += problems_of(catalogue, texts_of_the_sources(lupdate, folders))
     finish(problems, "translations")
 
 

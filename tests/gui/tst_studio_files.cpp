@@ -4,6 +4,7 @@
 #include <studio/Importer.h>
 #include <studio/MarkGraphBuilder.h>
 #include <studio/OrderMenu.h>
+#include <studio/UndoTexts.h>
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QMimeData>
@@ -43,7 +44,8 @@ private Q_SLOTS:
         QVERIFY(box.center().manhattanLength() < 1e-9);
         QVERIFY(qAbs(box.height() - 20 * mm) < 1e-9);
         QVERIFY(qAbs(box.width() - 40 * mm) < 1e-9);
-        QCOMPARE(studio->stack().undoText(), QStringLiteral("Import triangle.plt"));
+        QCOMPARE(studio::readableUndoText(studio->stack().undoText()),
+                 QStringLiteral("Import triangle.plt"));
         QVERIFY(studio->messages->failures.isEmpty() && studio->messages->warnings.isEmpty());
         const DrawingSnapshot after = studio->snapshot();
         studio->edit().undo();

@@ -81,6 +81,17 @@ private Q_SLOTS:
         QCOMPARE(studio::readableUndoText(QStringLiteral("item setPos")), QStringLiteral("Align"));
         QCOMPARE(studio::readableUndoText(QStringLiteral("Import a.plt")),
                  QStringLiteral("Import a.plt"));
+        QCOMPARE(studio::readableUndoText(QStringLiteral("Property")),
+                 QStringLiteral("Change property"));
+        QCOMPARE(studio::readableUndoText(QString()), QString());
+    }
+
+    void undoTexts_takeTheirArguments()
+    {
+        QCOMPARE(studio::readableUndoText(studio::undoText("Mirror")), QStringLiteral("Mirror"));
+        QCOMPARE(studio::readableUndoText(studio::undoText(
+                     "Matrix of %1 by %2", {QStringLiteral("3"), QStringLiteral("40")})),
+                 QStringLiteral("Matrix of 3 by 40"));
     }
 
 private:

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <studio/ShapeItems.h>
+
+#include <QtCore/QTimer>
+#include <QtWidgets/QDockWidget>
+
+QT_BEGIN_NAMESPACE
+class QAction;
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QVBoxLayout;
+QT_END_NAMESPACE
+
+namespace studio {
+
+class DocumentActions;
+
+/**
+ * Shows what can be changed about the selected shapes: the pen and the lock of the proportions of
+ * all of them, and the properties of the first, the lowest in the drawing.
+ *
+ * Every edit is one undo step. Follows the selection and each step of the undo stack as soon as
+ * the program is back at waiting for the user.
+ */
+class PropertyDock : public QDockWidget
+{
+    Q_OBJECT
+
+public:
+    /** `document` and `actions` are borrowed and outlive this. */
+    PropertyDock(ZTGraphicsDocument &document, DocumentActions &actions, QWidget *parent);
+
+    /** Switches between rows of a text's height and the tall ones of the grid; remembered. */
+    QAction *denseRowsAction() const { return denseRows; }
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    void buildControls(QVBoxLayout &layout);
+    void buildDenseRows();
+    void rebuildList();
+    void applyDensity();
+    void retranslate();
+    void follow();
+    void showControls(const ShapeItems &items);
+    void showPen(const ShapeItems &items);
+    void showLock(const ShapeItems &items);
+
+    ZTGraphicsDocument &document;
+    DocumentActions &actions;
+    QAction *denseRows = nullptr;
+    QLabel *countLabel = nullptr;
+    QLabel *penLabel = nullptr;
+    QComboBox *penBox = nullptr;
+    QCheckBox *lockBox = nullptr;
+    ZTItemPropertyList *list = nullptr;
+    QString tallRowsSheet;    ///< the grid's own
+    bool isListStale = false; ///< in the language before
+    QTimer followTimer;
+};
+
+} // namespace studio

@@ -1,0 +1,716 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>studio</name>
+    <message>
+        <source>&amp;New</source>
+        <translation>新建(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Empty the drawing</source>
+        <translation>清空图纸</translation>
+    </message>
+    <message>
+        <source>&amp;Import...</source>
+        <translation>导入(&amp;I)...</translation>
+    </message>
+    <message>
+        <source>Import plotter files</source>
+        <translation>导入绘图仪文件</translation>
+    </message>
+    <message>
+        <source>Add &amp;sample drawing</source>
+        <translation>添加示例图纸(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Export mark paths...</source>
+        <translation>导出标刻路径(&amp;E)...</translation>
+    </message>
+    <message>
+        <source>Export the mark paths of the whole drawing</source>
+        <translation>导出整张图纸的标刻路径</translation>
+    </message>
+    <message>
+        <source>Export mark paths of se&amp;lection...</source>
+        <translation>导出选中图形的标刻路径(&amp;L)...</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>退出(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>撤销(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>重做(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>删除(&amp;D)</translation>
+    </message>
+    <message>
+        <source>D&amp;uplicate</source>
+        <translation>创建副本(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Select &amp;all</source>
+        <translation>全选(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Invert selection</source>
+        <translation>反选(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Select n&amp;othing</source>
+        <translation>取消选择(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Rectangle</source>
+        <translation>矩形(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Create a rectangle</source>
+        <translation>创建矩形</translation>
+    </message>
+    <message>
+        <source>&amp;Ellipse</source>
+        <translation>椭圆(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Create an ellipse</source>
+        <translation>创建椭圆</translation>
+    </message>
+    <message>
+        <source>&amp;Polygon</source>
+        <translation>多边形(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Create a regular polygon</source>
+        <translation>创建正多边形</translation>
+    </message>
+    <message>
+        <source>&amp;Line</source>
+        <translation>直线(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Create a line</source>
+        <translation>创建直线</translation>
+    </message>
+    <message>
+        <source>&amp;TDOT figure</source>
+        <translation>TDOT 图形(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Create a TDOT figure</source>
+        <translation>创建 TDOT 图形</translation>
+    </message>
+    <message>
+        <source>Align &amp;left</source>
+        <translation>左对齐(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Align &amp;centres across</source>
+        <translation>水平居中对齐(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Align &amp;right</source>
+        <translation>右对齐(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Align &amp;top</source>
+        <translation>上对齐(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Align centres &amp;down</source>
+        <translation>垂直居中对齐(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Align &amp;bottom</source>
+        <translation>下对齐(&amp;B)</translation>
+    </message>
+    <message>
+        <source>C&amp;entre on each other</source>
+        <translation>中心重合(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Mirror left to rig&amp;ht</source>
+        <translation>左右镜像(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Mirror top to botto&amp;m</source>
+        <translation>上下镜像(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Rotate 90° clock&amp;wise</source>
+        <translation>顺时针旋转 90°(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Rotate 90° &amp;anticlockwise</source>
+        <translation>逆时针旋转 90°(&amp;A)</translation>
+    </message>
+    <message>
+        <source>R&amp;otate by...</source>
+        <translation>旋转(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>Rotate by any angle</source>
+        <translation>旋转任意角度</translation>
+    </message>
+    <message>
+        <source>Matri&amp;x...</source>
+        <translation>阵列(&amp;X)...</translation>
+    </message>
+    <message>
+        <source>Repeat a shape in rows and columns</source>
+        <translation>按行列重复一个图形</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;in</source>
+        <translation>放大(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;out</source>
+        <translation>缩小(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Home</source>
+        <translation>原点(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Show the origin at 100 %</source>
+        <translation>以 100 % 显示原点</translation>
+    </message>
+    <message>
+        <source>Fit &amp;selection</source>
+        <translation>适合选中图形(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Show the whole selection</source>
+        <translation>显示全部选中图形</translation>
+    </message>
+    <message>
+        <source>Fit &amp;all</source>
+        <translation>适合全部(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Show the whole drawing</source>
+        <translation>显示整张图纸</translation>
+    </message>
+    <message>
+        <source>Left by 1 mm</source>
+        <translation>左移 1 mm</translation>
+    </message>
+    <message>
+        <source>Right by 1 mm</source>
+        <translation>右移 1 mm</translation>
+    </message>
+    <message>
+        <source>Up by 1 mm</source>
+        <translation>上移 1 mm</translation>
+    </message>
+    <message>
+        <source>Down by 1 mm</source>
+        <translation>下移 1 mm</translation>
+    </message>
+    <message>
+        <source>Left by 10 mm</source>
+        <translation>左移 10 mm</translation>
+    </message>
+    <message>
+        <source>Right by 10 mm</source>
+        <translation>右移 10 mm</translation>
+    </message>
+    <message>
+        <source>Up by 10 mm</source>
+        <translation>上移 10 mm</translation>
+    </message>
+    <message>
+        <source>Down by 10 mm</source>
+        <translation>下移 10 mm</translation>
+    </message>
+    <message>
+        <source>Left by 0.1 mm</source>
+        <translation>左移 0.1 mm</translation>
+    </message>
+    <message>
+        <source>Right by 0.1 mm</source>
+        <translation>右移 0.1 mm</translation>
+    </message>
+    <message>
+        <source>Up by 0.1 mm</source>
+        <translation>上移 0.1 mm</translation>
+    </message>
+    <message>
+        <source>Down by 0.1 mm</source>
+        <translation>下移 0.1 mm</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>关于(&amp;A)</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ExportJob</name>
+    <message>
+        <source>the file cannot be replaced</source>
+        <translation>无法替换该文件</translation>
+    </message>
+</context>
+<context>
+    <name>studio::Exporter</name>
+    <message>
+        <source>%1 picture (*%2)</source>
+        <translation>%1 图片 (*%2)</translation>
+    </message>
+    <message>
+        <source>%1 paths (*%2)</source>
+        <translation>%1 路径 (*%2)</translation>
+    </message>
+    <message>
+        <source>Export mark paths of the selection</source>
+        <translation>导出选中图形的标刻路径</translation>
+    </message>
+    <message>
+        <source>Export mark paths</source>
+        <translation>导出标刻路径</translation>
+    </message>
+    <message>
+        <source>drawing</source>
+        <translation>图纸</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was not written.</source>
+        <translation>“%1”未写入。</translation>
+    </message>
+    <message>
+        <source>The name has to end in one of %1.</source>
+        <translation>文件名必须以 %1 之一结尾。</translation>
+    </message>
+    <message>
+        <source>Gathering mark paths...</source>
+        <translation>正在收集标刻路径...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Writing %1...</source>
+        <translation>正在写入 %1...</translation>
+    </message>
+    <message>
+        <source>Reason: %1. Choose another place and try again.</source>
+        <translation>原因：%1。请选择其他位置后重试。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::Importer</name>
+    <message>
+        <source>... and %1 more</source>
+        <translation>... 以及另外 %1 项</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was not imported.</source>
+        <translation>“%1”未导入。</translation>
+    </message>
+    <message>
+        <source>Reason: %1. Plotter files hold one PU or PD command with one pair of numbers per line, such as &quot;PD100 250;&quot;.</source>
+        <translation>原因：%1。绘图仪文件每行包含一条 PU 或 PD 命令和一对数字，例如“PD100 250;”。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was imported with losses.</source>
+        <translation>“%1”已导入，但有缺失。</translation>
+    </message>
+    <message>
+        <source>Lines that could not be read as they stand: %1. Compare the drawing with its source before marking it.</source>
+        <translation>无法按原样读取的行：%1。标刻前请将图形与原文件核对。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::LanguageMenu</name>
+    <message>
+        <source>&amp;Language</source>
+        <translation>语言(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;System language</source>
+        <translation>系统语言(&amp;S)</translation>
+    </message>
+</context>
+<context>
+    <name>studio::MainWindow</name>
+    <message>
+        <source>Mark paths of %1 shapes written to %2</source>
+        <translation>%1 个图形的标刻路径已写入 %2</translation>
+    </message>
+    <message>
+        <source>Studio</source>
+        <translation>绘图工作室</translation>
+    </message>
+    <message>
+        <source>Shapes</source>
+        <translation>图形</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>撤销(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo: %1</source>
+        <translation>撤销(&amp;U)：%1</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>重做(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo: %1</source>
+        <translation>重做(&amp;R)：%1</translation>
+    </message>
+    <message>
+        <source>Import plotter files</source>
+        <translation>导入绘图仪文件</translation>
+    </message>
+    <message>
+        <source>Plotter files (*.plt *.PLT)</source>
+        <translation>绘图仪文件 (*.plt *.PLT)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>New drawing</source>
+        <translation>新建图纸</translation>
+    </message>
+    <message>
+        <source>Empty the drawing?</source>
+        <translation>要清空图纸吗？</translation>
+    </message>
+    <message>
+        <source>All shapes go, and this cannot be undone.</source>
+        <translation>所有图形都将被移除，且无法撤销。</translation>
+    </message>
+    <message>
+        <source>&amp;Empty</source>
+        <translation>清空(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>旋转</translation>
+    </message>
+    <message>
+        <source>Degrees, clockwise:</source>
+        <translation>顺时针角度：</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>关于</translation>
+    </message>
+    <message>
+        <source>Studio %1</source>
+        <translation>绘图工作室 %1</translation>
+    </message>
+    <message>
+        <source>Draws what a laser marks, and hands out the paths.</source>
+        <translation>绘制激光标刻的内容，并输出路径。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::MatrixDialog</name>
+    <message>
+        <source>Matrix</source>
+        <translation>阵列</translation>
+    </message>
+    <message>
+        <source>&amp;Rows</source>
+        <translation>行数(&amp;R)</translation>
+    </message>
+    <message>
+        <source>C&amp;olumns</source>
+        <translation>列数(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Gap &amp;across</source>
+        <translation>横向间隔(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Gap &amp;down</source>
+        <translation>纵向间隔(&amp;D)</translation>
+    </message>
+    <message>
+        <source> mm</source>
+        <translation> mm</translation>
+    </message>
+    <message>
+        <source>&amp;Create</source>
+        <translation>创建(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Select the one shape that is to be repeated.</source>
+        <translation>请选中要重复的那一个图形。</translation>
+    </message>
+    <message>
+        <source>%L1 shapes are too many; at most %L2 can be made at once.</source>
+        <translation>%L1 个图形太多；一次最多可创建 %L2 个。</translation>
+    </message>
+    <message>
+        <source>%L1 shapes on %2 by %3 mm</source>
+        <translation>%L1 个图形，占 %2 × %3 mm</translation>
+    </message>
+</context>
+<context>
+    <name>studio::OrderMenu</name>
+    <message>
+        <source>As &amp;stacked</source>
+        <translation>按堆叠顺序(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Nearest next</source>
+        <translation>最近优先(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Left to right</source>
+        <translation>从左到右(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Right to left</source>
+        <translation>从右到左(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Top to bottom</source>
+        <translation>从上到下(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Bottom to top</source>
+        <translation>从下到上(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Marking &amp;order</source>
+        <translation>标刻顺序(&amp;O)</translation>
+    </message>
+</context>
+<context>
+    <name>studio::PropertyDock</name>
+    <message>
+        <source>Properties</source>
+        <translation>属性</translation>
+    </message>
+    <message>
+        <source>&amp;Dense property rows</source>
+        <translation>紧凑属性行(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Pen</source>
+        <translation>笔(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Pen that marks the selected shapes</source>
+        <translation>标刻选中图形的笔</translation>
+    </message>
+    <message>
+        <source>&amp;Keep proportions</source>
+        <translation>保持比例(&amp;K)</translation>
+    </message>
+    <message>
+        <source>Resizing keeps the proportions of the selected shapes</source>
+        <translation>缩放时保持选中图形的比例</translation>
+    </message>
+    <message>
+        <source>Nothing selected</source>
+        <translation>未选中图形</translation>
+    </message>
+    <message>
+        <source>1 shape selected</source>
+        <translation>已选中 1 个图形</translation>
+    </message>
+    <message>
+        <source>%1 shapes selected; the grid shows the first</source>
+        <translation>已选中 %1 个图形；表格显示第一个</translation>
+    </message>
+</context>
+<context>
+    <name>studio::StatusBar</name>
+    <message>
+        <source>X %1  Y %2 mm</source>
+        <translation>X %1  Y %2 mm</translation>
+    </message>
+    <message>
+        <source>Place of the mouse, y downward</source>
+        <translation>鼠标位置，y 轴向下</translation>
+    </message>
+    <message>
+        <source>Selection X %1  Y %2  W %3  H %4 mm</source>
+        <translation>选区 X %1  Y %2  宽 %3  高 %4 mm</translation>
+    </message>
+    <message>
+        <source>Top left corner and size of the selection&apos;s box</source>
+        <translation>选区外框的左上角和尺寸</translation>
+    </message>
+    <message>
+        <source>%1 of %2 selected</source>
+        <translation>已选中 %1 / %2</translation>
+    </message>
+    <message>
+        <source>Selected shapes, and all shapes</source>
+        <translation>选中的图形数和图形总数</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Zoom; Ctrl and the wheel change it</source>
+        <translation>缩放比例；按住 Ctrl 并滚动滚轮可更改</translation>
+    </message>
+    <message>
+        <source>Nothing selected</source>
+        <translation>未选中图形</translation>
+    </message>
+</context>
+<context>
+    <name>studio::UndoTexts</name>
+    <message>
+        <source>Create rectangle</source>
+        <translation>创建矩形</translation>
+    </message>
+    <message>
+        <source>Create ellipse</source>
+        <translation>创建椭圆</translation>
+    </message>
+    <message>
+        <source>Create polygon</source>
+        <translation>创建多边形</translation>
+    </message>
+    <message>
+        <source>Create line</source>
+        <translation>创建直线</translation>
+    </message>
+    <message>
+        <source>Create TDOT figure</source>
+        <translation>创建 TDOT 图形</translation>
+    </message>
+    <message>
+        <source>Create shape</source>
+        <translation>创建图形</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>创建副本</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>移动</translation>
+    </message>
+    <message>
+        <source>Align</source>
+        <translation>对齐</translation>
+    </message>
+    <message>
+        <source>Mirror</source>
+        <translation>镜像</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>旋转</translation>
+    </message>
+    <message>
+        <source>Matrix of %1 by %2</source>
+        <translation>%1 × %2 阵列</translation>
+    </message>
+    <message>
+        <source>Change pen</source>
+        <translation>更改笔</translation>
+    </message>
+    <message>
+        <source>Lock proportions</source>
+        <translation>锁定比例</translation>
+    </message>
+    <message>
+        <source>Free proportions</source>
+        <translation>解除比例锁定</translation>
+    </message>
+    <message>
+        <source>Import %1</source>
+        <translation>导入 %1</translation>
+    </message>
+    <message>
+        <source>Import %1 drawings</source>
+        <translation>导入 %1 张图纸</translation>
+    </message>
+    <message>
+        <source>Add sample drawing</source>
+        <translation>添加示例图纸</translation>
+    </message>
+    <message>
+        <source>Resize</source>
+        <translation>调整大小</translation>
+    </message>
+    <message>
+        <source>Change property</source>
+        <translation>更改属性</translation>
+    </message>
+</context>
+<context>
+    <name>studio::WindowLayout</name>
+    <message>
+        <source>&amp;File</source>
+        <translation>文件(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>编辑(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Create</source>
+        <translation>创建(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Arrange</source>
+        <translation>排列(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Nudge</source>
+        <translation>微移(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>视图(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>帮助(&amp;H)</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>编辑</translation>
+    </message>
+    <message>
+        <source>Align</source>
+        <translation>对齐</translation>
+    </message>
+    <message>
+        <source>Transform</source>
+        <translation>变换</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>视图</translation>
+    </message>
+    <message>
+        <source>Create</source>
+        <translation>创建</translation>
+    </message>
+</context>
+</TS>
