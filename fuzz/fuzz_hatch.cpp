@@ -84,10 +84,12 @@ double angleFrom(Bytes *bytes)
     return kind < 240 ? angles[kind % 8] + kind / 64 * 0.5 : bytes->number();
 }
 
-/** Extent of the scan lines, roughly. */
+/** Extent of the scan lines, roughly. A subpath of one point has none. */
 double extentOf(const QPainterPath &outline)
 {
-    const QRectF box = outline.controlPointRect();
+    QRectF box;
+    for (const QPolygonF &polygon : outline.toSubpathPolygons(QTransform()))
+        box |= polygon.boundingRect();
     return 1.5 * std::fmax(box.width(), box.height()) + 20.0;
 }
 
