@@ -50,7 +50,10 @@ bool renderWindow(MainWindow &window, const QString &path)
 {
     // The status bar gathers changes for a moment before it shows them.
     QEventLoop settling;
-    QTimer::singleShot(kSettlingMs, &settling, &QEventLoop::quit);
+    QTimer timer;
+    timer.setSingleShot(true);
+    QObject::connect(&timer, &QTimer::timeout, &settling, &QEventLoop::quit);
+    timer.start(kSettlingMs);
     settling.exec();
     return window.grab().save(path, "PNG");
 }
