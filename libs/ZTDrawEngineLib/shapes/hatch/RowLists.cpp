@@ -10,23 +10,19 @@ namespace {
 
 constexpr int kBeyondRows = std::numeric_limits<int>::max();
 
+/** Places tried one after the other before a list is searched. */
+constexpr int kNearPlaces = 4;
+
 } // namespace
 
-RowLists::RowLists(const std::vector<int> &keys, int keyCount)
-    : placeOfRow(keys.size()), starts(static_cast<std::size_t>(keyCount) + 1),
-      rows(keys.size() + static_cast<std::size_t>(keyCount), kBeyondRows), forwards(rows.size())
+/** From the number of rows of every key to the places of the lists. */
+void RowLists::startLists()
 {
-    for (const int key : keys)
-        ++starts[static_cast<std::size_t>(key) + 1];
     for (std::size_t key = 1; key < starts.size(); ++key)
         starts[key] += starts[key - 1] + 1;
-
-    std::vector<int> ends(starts.begin(), starts.end() - 1);
-    for (std::size_t row = 0; row < keys.size(); ++row) {
-        const int place = ends[static_cast<std::size_t>(keys[row])]++;
-        placeOfRow[row] = place;
-        rows[static_cast<std::size_t>(place)] = static_cast<int>(row);
-    }
+    rows.assign(static_cast<std::size_t>(starts.back()), kBeyondRows);
+    found.assign(starts.begin(), starts.end() - 1);
+    forwards.resize(rows.size());
     std::iota(forwards.begin(), forwards.end(), 0);
 }
 
@@ -36,37 +32,50 @@ int RowLists::nextAfter(int key, int row, int end)
     const int last = starts[static_cast<std::size_t>(key) + 1] - 1;
     if (begin == last || rowAt(begin) >= end || rowAt(last - 1) <= row)
         return -1;
-    const int next = rowAt(firstLeft(placeAfter(begin, last, row)));
+    const int next = rowAt(firstLeft(placeAfter(key, row)));
     return next < end ? next : -1;
 }
 
-/** First place of a list, from `begin` to `last`, whose row comes after `row`. */
-int RowLists::placeAfter(int begin, int last, int row) const
+/**
+ * First place of a list whose row comes after `row`, which is before the list's last.
+ *
+ * A zigzag asks for row after row: the answer is mostly near the one of before, not far behind it.
+ */
+int RowLists::placeAfter(int key, int row)
 {
-    if (rowAt(begin) > row)
-        return begin;
-    const int own = placeOfRow[static_cast<std::size_t>(row)];
-    if (own >= begin && own < last)
-        return own + 1;
-    return static_cast<int>(std::upper_bound(rows.begin() + begin, rows.begin() + last, row) -
-                            rows.begin());
+    int begin = starts[static_cast<std::size_t>(key)];
+    const int last = starts[static_cast<std::size_t>(key) + 1] - 1;
+    int &place = found[static_cast<std::size_t>(key)];
+    if (place == begin || rowAt(place - 1) <= row) {
+        begin = place;
+        for (int trial = 0; trial < kNearPlaces; ++trial, ++begin) {
+            if (rowAt(begin) > row)
+                return place = begin;
+        }
+    }
+    const auto after = std::upper_bound(rows.begin() + begin, rows.begin() + last, row);
+    return place = static_cast<int>(after - rows.begin());
 }
 
-void RowLists::remove(int row)
+bool RowLists::isPassedOver(int place) const
 {
-    const int place = placeOfRow[static_cast<std::size_t>(row)];
-    forwards[static_cast<std::size_t>(place)] = place + 1;
+    const int row = rowAt(place);
+    return row != kBeyondRows && isTaken[static_cast<std::size_t>(row)] != 0;
 }
 
 /** First place from this one on whose row is left, shortening the way for the next to ask. */
 int RowLists::firstLeft(int place)
 {
     auto at = [this](int number) -> int & { return forwards[static_cast<std::size_t>(number)]; };
-    while (at(place) != place) {
-        at(place) = at(at(place));
-        place = at(place);
+    for (;;) {
+        while (at(place) != place) {
+            at(place) = at(at(place));
+            place = at(place);
+        }
+        if (!isPassedOver(place))
+            return place;
+        at(place) = place + 1;
     }
-    return place;
 }
 
 } // namespace zthatch

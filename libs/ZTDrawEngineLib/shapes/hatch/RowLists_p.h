@@ -5,30 +5,50 @@
 namespace zthatch {
 
 /**
- * Rows in growing order, in one list for each key (an edge, a polygon), from which they are taken
- * out one by one.
+ * Rows in growing order, in one list for each key (an edge, a polygon), passing over those that
+ * are taken meanwhile. What is taken stays so.
  */
 class RowLists
 {
 public:
-    /** `keys`: the key of every row, from 0 to `keyCount` - 1. */
-    RowLists(const std::vector<int> &keys, int keyCount);
+    /**
+     * `keyOf` gives the key of a row, from 0 to `keyCount` - 1; called twice a row. `isTaken` tells
+     * by row what is to be passed over; it must outlive the lists.
+     */
+    template <typename KeyOf>
+    RowLists(const std::vector<char> &isTaken, int keyCount, const KeyOf &keyOf);
 
-    /** First row after `row` and before `end` that is still in a key's list; -1 without one. */
+    /** First row after `row` and before `end` in a key's list that is not taken; -1 without one. */
     int nextAfter(int key, int row, int end);
-
-    /** Takes a row out of its list. */
-    void remove(int row);
 
 private:
     int rowAt(int place) const { return rows[static_cast<std::size_t>(place)]; }
-    int placeAfter(int begin, int last, int row) const;
+    int placeAfter(int key, int row);
     int firstLeft(int place);
+    bool isPassedOver(int place) const;
+    void startLists();
 
-    std::vector<int> placeOfRow;
+    const std::vector<char> &isTaken;
     std::vector<int> starts;   ///< by key: place of its first row; lists end with a place of none
+    std::vector<int> found;    ///< by key: where the last search ended
     std::vector<int> rows;     ///< by place; beyond every row at the end of a list
-    std::vector<int> forwards; ///< by place: itself, or one further on if its row was taken out
+    std::vector<int> forwards; ///< by place: itself, or one further on once its row was passed over
 };
+
+template <typename KeyOf>
+RowLists::RowLists(const std::vector<char> &isTaken_, int keyCount, const KeyOf &keyOf)
+    : isTaken(isTaken_), starts(static_cast<std::size_t>(keyCount) + 1)
+{
+    const int rowCount = static_cast<int>(isTaken.size());
+    for (int row = 0; row < rowCount; ++row)
+        ++starts[static_cast<std::size_t>(keyOf(row)) + 1];
+    startLists();
+
+    std::vector<int> ends(starts.begin(), starts.end() - 1);
+    for (int row = 0; row < rowCount; ++row) {
+        int &end = ends[static_cast<std::size_t>(keyOf(row))];
+        rows[static_cast<std::size_t>(end++)] = row;
+    }
+}
 
 } // namespace zthatch

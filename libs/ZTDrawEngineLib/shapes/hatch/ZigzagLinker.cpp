@@ -1,5 +1,6 @@
 #include <ZTDrawEngineLib/shapes/hatch/ZigzagLinker_p.h>
 
+#include <algorithm>
 #include <limits>
 
 namespace zthatch {
@@ -11,25 +12,16 @@ constexpr int kNoRow = std::numeric_limits<int>::max();
 /** Rows tried one after the other from an edge that meets very many others. */
 constexpr int kCrowdTrials = 64;
 
-template <typename KeyOf>
-RowLists listsBy(const std::vector<HatchRow> &rows, int keyCount, const KeyOf &keyOf)
-{
-    std::vector<int> keys;
-    keys.reserve(rows.size());
-    for (const HatchRow &row : rows)
-        keys.push_back(keyOf(row));
-    return RowLists(keys, keyCount);
-}
-
 } // namespace
 
 ZigzagLinker::ZigzagLinker(const HatchOutline &outline_, const std::vector<char> &hitEdges,
                            const std::vector<HatchRow> &rows_)
-    : outline(outline_), rows(rows_), walks(outline_, hitEdges), meetings(outline_, hitEdges),
-      edgeLists{
-          listsBy(rows_, outline_.edgeCount(), [](const HatchRow &row) { return row.secondEdge; }),
-          listsBy(rows_, outline_.edgeCount(), [](const HatchRow &row) { return row.firstEdge; })},
-      isUsed(rows_.size())
+    : outline(outline_), rows(rows_), isUsed(rows_.size()), walks(outline_, hitEdges),
+      meetings(outline_, hitEdges), edgeLists{
+                                        RowLists(isUsed, outline_.edgeCount(),
+                                                 [this](int row) { return at(row).secondEdge; }),
+                                        RowLists(isUsed, outline_.edgeCount(),
+                                                 [this](int row) { return at(row).firstEdge; })}
 {
 }
 
@@ -37,6 +29,9 @@ void ZigzagLinker::link(int limit_, QVector<QLineF> *lines_)
 {
     limit = limit_;
     lines = lines_;
+    // A joint for every row but the first of a zigzag, in most hatches one line each.
+    lines->reserve(
+        static_cast<int>(std::min<std::size_t>(2 * rows.size(), static_cast<std::size_t>(limit))));
     for (int row = 0; row < static_cast<int>(rows.size()) && lines->size() <= limit; ++row) {
         if (!isUsed[static_cast<std::size_t>(row)])
             appendZigzag(row);
@@ -53,7 +48,7 @@ void ZigzagLinker::appendZigzag(int row)
             return;
         appendJoint(row, next);
         appendRow(next, reached == AtFirst);
-        take(next);
+        isUsed[static_cast<std::size_t>(next)] = 1;
         reached = reached == AtFirst ? AtSecond : AtFirst;
         row = next;
     }
@@ -61,21 +56,21 @@ void ZigzagLinker::appendZigzag(int row)
 
 const QPointF &ZigzagLinker::reachedPoint(int row) const
 {
-    const HatchRow &at = rows[static_cast<std::size_t>(row)];
-    return reached == AtFirst ? at.first : at.second;
+    const HatchRow &line = at(row);
+    return reached == AtFirst ? line.first : line.second;
 }
 
 int ZigzagLinker::reachedEdge(int row) const
 {
-    const HatchRow &at = rows[static_cast<std::size_t>(row)];
-    return reached == AtFirst ? at.firstEdge : at.secondEdge;
+    const HatchRow &line = at(row);
+    return reached == AtFirst ? line.firstEdge : line.secondEdge;
 }
 
 /** Whether and how the zigzag that has reached `row` goes on to `next`. */
 ZigzagLinker::Joint ZigzagLinker::jointOf(int row, int next, QPointF *corner)
 {
-    const HatchRow &a = rows[static_cast<std::size_t>(row)];
-    const HatchRow &b = rows[static_cast<std::size_t>(next)];
+    const HatchRow &a = at(row);
+    const HatchRow &b = at(next);
     if (samePoint(a.second, b.first) || samePoint(a.first, b.second))
         return Joint::None;
     const int fromEdge = reachedEdge(row);
@@ -105,8 +100,8 @@ ZigzagLinker::Joint ZigzagLinker::walkJoint(int row, int next)
 /** Side of the row on which the edge at its second end starts. */
 Side ZigzagLinker::walkSide(int row) const
 {
-    const HatchRow &at = rows[static_cast<std::size_t>(row)];
-    return sideOf(at.first, at.second, outline.edge(at.secondEdge).p1());
+    const HatchRow &line = at(row);
+    return sideOf(line.first, line.second, outline.edge(line.secondEdge).p1());
 }
 
 OutlineWalks::Direction ZigzagLinker::walkDirection(Side side) const
@@ -119,7 +114,10 @@ bool ZigzagLinker::canJoin(int row, int next)
 {
     QPointF corner;
     const Joint joint = jointOf(row, next, &corner);
-    return joint == Joint::SameEdge || joint == Joint::Corner || joint == Joint::Walk;
+    if (joint != Joint::SameEdge && joint != Joint::Corner && joint != Joint::Walk)
+        return false;
+    found = {joint, corner};
+    return true;
 }
 
 /**
@@ -154,10 +152,9 @@ int ZigzagLinker::nextBeforeStop(int row)
         next = polygonLists().nextAfter(polygon, next, kNoRow);
         if (next < 0)
             return kNoRow;
-        QPointF corner;
-        const Joint joint = jointOf(row, next, &corner);
-        if (joint != Joint::None)
-            return joint == Joint::Stop ? kNoRow : next;
+        found.joint = jointOf(row, next, &found.corner);
+        if (found.joint != Joint::None)
+            return found.joint == Joint::Stop ? kNoRow : next;
     }
 }
 
@@ -193,49 +190,30 @@ RowLists &ZigzagLinker::polygonLists()
 {
     std::unique_ptr<RowLists> &lists = lazyPolygonLists[reached];
     if (!lists) {
-        lists = std::make_unique<RowLists>(
-            listsBy(rows, outline.polygonCount(), [this](const HatchRow &row) {
-                return outline.polygonOf(reached == AtFirst ? row.firstEdge : row.secondEdge);
-            }));
-        for (std::size_t row = 0; row < rows.size(); ++row) {
-            if (isUsed[row])
-                lists->remove(static_cast<int>(row));
-        }
+        const auto polygonOf = [this](int row) { return outline.polygonOf(reachedEdge(row)); };
+        lists = std::make_unique<RowLists>(isUsed, outline.polygonCount(), polygonOf);
     }
     return *lists;
 }
 
-void ZigzagLinker::take(int row)
-{
-    isUsed[static_cast<std::size_t>(row)] = 1;
-    for (RowLists &lists : edgeLists)
-        lists.remove(row);
-    for (const std::unique_ptr<RowLists> &lists : lazyPolygonLists) {
-        if (lists)
-            lists->remove(row);
-    }
-}
-
 void ZigzagLinker::appendRow(int row, bool asItStands)
 {
-    const HatchRow &at = rows[static_cast<std::size_t>(row)];
+    const HatchRow &line = at(row);
     if (asItStands)
-        lines->append(QLineF(at.first, at.second));
+        lines->append(QLineF(line.first, line.second));
     else
-        lines->append(QLineF(at.second, at.first));
+        lines->append(QLineF(line.second, line.first));
 }
 
 void ZigzagLinker::appendJoint(int row, int next)
 {
     const QPointF &from = reachedPoint(row);
     const QPointF &to = reachedPoint(next);
-    QPointF corner;
-    const Joint joint = jointOf(row, next, &corner);
-    if (joint == Joint::SameEdge) {
+    if (found.joint == Joint::SameEdge) {
         lines->append(QLineF(from, to));
-    } else if (joint == Joint::Corner) {
-        lines->append(QLineF(from, corner));
-        lines->append(QLineF(corner, to));
+    } else if (found.joint == Joint::Corner) {
+        lines->append(QLineF(from, found.corner));
+        lines->append(QLineF(found.corner, to));
     } else {
         const int edge = reachedEdge(row);
         const OutlineWalks::Direction direction = walkDirection(walkSide(row));

@@ -52,6 +52,14 @@ private:
     /** Which ends of the rows the zigzag has reached. */
     enum Reached { AtSecond = 0, AtFirst = 1 };
 
+    /** How the row found last is joined. */
+    struct Found
+    {
+        Joint joint = Joint::None;
+        QPointF corner; ///< of a joint through one
+    };
+
+    const HatchRow &at(int row) const { return rows[static_cast<std::size_t>(row)]; }
     const QPointF &reachedPoint(int row) const;
     int reachedEdge(int row) const;
     Joint jointOf(int row, int next, QPointF *corner);
@@ -69,16 +77,16 @@ private:
     void appendZigzag(int row);
     void appendJoint(int row, int next);
     void appendRow(int row, bool asItStands);
-    void take(int row);
 
     const HatchOutline &outline;
     const std::vector<HatchRow> &rows;
+    std::vector<char> isUsed; ///< by row: linked already
     OutlineWalks walks;
     EdgeMeetings meetings;
     RowLists edgeLists[2];                         ///< by reached end: rows by the edge it lies on
     std::unique_ptr<RowLists> lazyPolygonLists[2]; ///< the same by polygon
-    std::vector<char> isUsed;                      ///< by row: linked already
     Reached reached = AtSecond;
+    Found found;
     int limit = 0;
     QVector<QLineF> *lines = nullptr;
 };
