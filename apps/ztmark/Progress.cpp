@@ -1,6 +1,6 @@
 #include "Progress.h"
 
-#include "Console.h"
+#include <common/Console.h>
 
 #include <cstdio>
 #include <unistd.h>

@@ -1,5 +1,7 @@
 #include "FontFile.h"
 
+#include "CodeText_p.h"
+
 #include <QtCore/QtEndian>
 
 #include <algorithm>
@@ -11,7 +13,6 @@ namespace {
 
 constexpr int kPrefixSize = 11;
 constexpr int kLargestNumber = 0xFFFF;
-constexpr qint64 kLargestFile = 1 << 30; // Limit: far above any font, within a byte array
 
 template <typename Number>
 void append(QByteArray &to, Number number)
@@ -36,19 +37,15 @@ QByteArray bytesOf(const FontInformation &information, FontForm form)
     return bytes;
 }
 
-QString hex(quint16 code)
-{
-    return QStringLiteral("0x") + QString::number(code, 16).rightJustified(2, QLatin1Char('0'));
-}
-
 QString problemOf(const GlyphDefinition &glyph)
 {
     if (glyph.name.contains('\0'))
-        return QStringLiteral("glyph %1: a name holds no NUL").arg(hex(glyph.code));
-    if (glyph.bare && !glyph.name.isEmpty())
-        return QStringLiteral("glyph %1: a bare glyph has no name").arg(hex(glyph.code));
+        return QStringLiteral("glyph %1: a name holds no NUL").arg(codeText(glyph.code));
+    if (glyph.bare && (!glyph.name.isEmpty() || glyph.program.contains('\0')))
+        return QStringLiteral("glyph %1: a bare glyph has no name and no byte 0")
+            .arg(codeText(glyph.code));
     if (glyph.name.size() + glyph.program.size() + (glyph.bare ? 0 : 1) > kLargestNumber)
-        return QStringLiteral("glyph %1: longer than 65535 bytes").arg(hex(glyph.code));
+        return QStringLiteral("glyph %1: longer than 65535 bytes").arg(codeText(glyph.code));
     return {};
 }
 
@@ -65,7 +62,7 @@ QString problemOfHeader(const FontFile &font)
         return QStringLiteral("a unifont needs its font information");
     if (font.information && font.information->name.contains('\0'))
         return QStringLiteral("the font's name holds a NUL");
-    if (font.information && bytesOf(*font.information, font.form).size() > kLargestNumber)
+    if (font.information && font.information->name.size() > longestName(font.form))
         return QStringLiteral("the font's name is too long");
     if (!font.unused.isEmpty() && font.unused.size() != 4)
         return QStringLiteral("there are 4 unused bytes, not %1").arg(font.unused.size());
@@ -92,15 +89,17 @@ QString problemOfForm(const FontFile &font)
 
 QString problemOfCounts(const FontFile &font)
 {
-    const size_t records = font.glyphs.size() + font.entries.size() + (font.information ? 1 : 0);
+    const bool isOneMore =
+        font.form == FontForm::Unifont ? font.countsInformation : font.information.has_value();
+    const size_t records = font.glyphs.size() + font.entries.size() + (isOneMore ? 1 : 0);
     if (records > kLargestNumber)
         return QStringLiteral("%1 glyphs are too many, at most 65535").arg(records);
     if (font.ranges.size() > kLargestNumber)
         return QStringLiteral("%1 ranges are too many, at most 65535").arg(font.ranges.size());
     qint64 size = font.trailing.size();
     for (const GlyphDefinition &glyph : font.glyphs)
-        size += glyph.gapBefore.size() + glyph.name.size() + glyph.program.size() + 16;
-    return size > kLargestFile ? QStringLiteral("the file would be larger than 1 GiB") : QString();
+        size += glyph.gapBefore.size() + glyph.name.size() + glyph.program.size();
+    return size > kLargestFile ? QStringLiteral("the file would be larger than 64 MiB") : QString();
 }
 
 QString problemOf(const FontFile &font)
@@ -269,6 +268,12 @@ QByteArray keywordOf(FontForm form)
         return QByteArrayLiteral("unifont");
     }
     return {};
+}
+
+int longestName(FontForm form)
+{
+    FontInformation nameless;
+    return kLargestNumber - bytesOf(nameless, form).size();
 }
 
 int versionRoom(FontForm form)

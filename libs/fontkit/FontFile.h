@@ -9,6 +9,9 @@
 /** Stroke fonts: what is in a file, and making one from text or from outline data. */
 namespace fontkit {
 
+/** Limit: bytes of a font file, several times those of any font there is. */
+constexpr int kLargestFile = 64 << 20;
+
 /** The three forms of a font file. */
 enum class FontForm {
     Shapes,  ///< codes of one byte to a text's byte
@@ -36,7 +39,7 @@ struct GlyphDefinition
     quint16 code = 0;   ///< of a character of two bytes: the lead byte high
     QByteArray name;    ///< without a NUL
     QByteArray program; ///< code bytes as `GlyphProgram` makes them, with the 0 that ends them
-    bool bare = false;  ///< the definition lacks the NUL after the name, and has no name
+    bool bare = false;  ///< no NUL, hence no name, stands before a program without any byte 0
 
     /**
      * Only in a "bigfont": place in the index, -1 for the next free one behind that of the glyph
@@ -107,6 +110,9 @@ QByteArray keywordOf(FontForm form);
 
 /** Bytes between the keyword and the first field of a form. */
 int versionRoom(FontForm form);
+
+/** Bytes of a font's name at most. */
+int longestName(FontForm form);
 
 /**
  * The slot of every glyph of a "bigfont", in the order of the glyphs.

@@ -1,29 +1,13 @@
 #include "GlyphProgram.h"
 
+#include "GlyphCodes_p.h"
+
 #include <algorithm>
 #include <cmath>
 
 namespace fontkit {
 
 namespace {
-
-enum Code {
-    End = 0x0,
-    PenDown = 0x1,
-    PenUp = 0x2,
-    ScaleDown = 0x3,
-    ScaleUp = 0x4,
-    Push = 0x5,
-    Pop = 0x6,
-    Subshape = 0x7,
-    Line = 0x8,
-    Lines = 0x9,
-    OctantArc = 0xA,
-    FractionalArc = 0xB,
-    Bulge = 0xC,
-    Bulges = 0xD,
-    VerticalOnly = 0xE
-};
 
 /** Steps of the directions in halves of a unit. */
 constexpr int kHalfX[16] = {2, 2, 2, 1, 0, -1, -2, -2, -2, -2, -2, -1, 0, 1, 2, 2};
@@ -81,20 +65,20 @@ bool GlyphProgram::demandOctants(const OctantSpan &octants)
 
 GlyphProgram &GlyphProgram::penDown()
 {
-    append(PenDown);
+    append(CodePenDown);
     return *this;
 }
 
 GlyphProgram &GlyphProgram::penUp()
 {
-    append(PenUp);
+    append(CodePenUp);
     return *this;
 }
 
 GlyphProgram &GlyphProgram::scaleDown(int divisor)
 {
     if (demand(divisor, 1, 255, "a scale of")) {
-        append(ScaleDown);
+        append(CodeScaleDown);
         append(divisor);
     }
     return *this;
@@ -103,7 +87,7 @@ GlyphProgram &GlyphProgram::scaleDown(int divisor)
 GlyphProgram &GlyphProgram::scaleUp(int factor)
 {
     if (demand(factor, 1, 255, "a scale of")) {
-        append(ScaleUp);
+        append(CodeScaleUp);
         append(factor);
     }
     return *this;
@@ -111,13 +95,13 @@ GlyphProgram &GlyphProgram::scaleUp(int factor)
 
 GlyphProgram &GlyphProgram::push()
 {
-    append(Push);
+    append(CodePush);
     return *this;
 }
 
 GlyphProgram &GlyphProgram::pop()
 {
-    append(Pop);
+    append(CodePop);
     return *this;
 }
 
@@ -126,7 +110,7 @@ GlyphProgram &GlyphProgram::subshape(int code)
     const bool isWide = form == FontForm::Unifont;
     if (!demand(code, 0, isWide ? 0xFFFF : 0xFF, "subshape"))
         return *this;
-    append(Subshape);
+    append(CodeSubshape);
     append(code);
     if (isWide)
         append(code >> 8);
@@ -143,7 +127,7 @@ GlyphProgram &GlyphProgram::vector(int length, int direction)
 GlyphProgram &GlyphProgram::line(int dx, int dy)
 {
     if (demandSteps(dx, dy)) {
-        append(Line);
+        append(CodeLine);
         append(dx);
         append(dy);
     }
@@ -160,7 +144,7 @@ GlyphProgram &GlyphProgram::lines(const std::vector<QPoint> &steps)
             return *this;
         }
     }
-    append(Lines);
+    append(CodeLines);
     for (const QPoint &step : steps) {
         append(step.x());
         append(step.y());
@@ -190,7 +174,7 @@ GlyphProgram &GlyphProgram::lineAny(int dx, int dy)
 GlyphProgram &GlyphProgram::octantArc(int radius, const OctantSpan &octants)
 {
     if (demand(radius, 0, 255, "a radius of") && demandOctants(octants)) {
-        append(OctantArc);
+        append(CodeOctantArc);
         append(radius);
         append(octantByte(octants));
     }
@@ -203,8 +187,8 @@ GlyphProgram &GlyphProgram::fractionalArc(int radius, const OctantSpan &octants,
     if (!demand(radius, 0, 0xFFFF, "a radius of") || !demandOctants(octants) ||
         !demand(startOffset, 0, 255, "a start of") || !demand(endOffset, 0, 255, "an end of"))
         return *this;
-    for (const int byte :
-         {int(FractionalArc), startOffset, endOffset, radius >> 8, radius, octantByte(octants)})
+    for (const int byte : {static_cast<int>(CodeFractionalArc), startOffset, endOffset, radius >> 8,
+                           radius, octantByte(octants)})
         append(byte);
     return *this;
 }
@@ -213,7 +197,7 @@ GlyphProgram &GlyphProgram::bulge(const BulgeStep &step)
 {
     if (!demandSteps(step.dx, step.dy) || !demand(step.bulge, -128, 127, "a bulge of"))
         return *this;
-    append(Bulge);
+    append(CodeBulge);
     append(step.dx);
     append(step.dy);
     if (step.dx != 0 || step.dy != 0)
@@ -231,7 +215,7 @@ GlyphProgram &GlyphProgram::bulges(const std::vector<BulgeStep> &steps)
             return *this;
         }
     }
-    append(Bulges);
+    append(CodeBulges);
     for (const BulgeStep &step : steps) {
         append(step.dx);
         append(step.dy);
@@ -244,13 +228,13 @@ GlyphProgram &GlyphProgram::bulges(const std::vector<BulgeStep> &steps)
 
 GlyphProgram &GlyphProgram::verticalOnly()
 {
-    append(VerticalOnly);
+    append(CodeVerticalOnly);
     return *this;
 }
 
 GlyphProgram &GlyphProgram::end()
 {
-    append(End);
+    append(CodeEnd);
     return *this;
 }
 

@@ -7,6 +7,12 @@
 /** What people read: one line a message, errors and warnings on stderr, results on stdout. */
 namespace console {
 
+/** The program that complains, from now on. */
+void setProgram(const std::string &name);
+
+/** The same behaviour on every machine: file names in UTF-8, no messages meant for developers. */
+void makeIndependent();
+
 /** Exit codes of every subcommand. */
 enum ExitCode {
     Done = 0,      ///< everything asked for was done
@@ -14,10 +20,11 @@ enum ExitCode {
     WrongUsage = 2 ///< the command line was at fault
 };
 
-/** "ztmark: FILE: what" on stderr. Control characters are shown as '?', so that it stays a line. */
+/** "PROGRAM: FILE: what" on stderr. Control characters are shown as '?', so that it stays a line.
+ */
 void complain(const std::string &file, const QString &what);
 
-/** "ztmark: what" on stderr. */
+/** "PROGRAM: what" on stderr. */
 void complain(const std::string &what);
 
 /** A line on stdout. */
