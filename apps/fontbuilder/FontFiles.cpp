@@ -36,7 +36,7 @@ std::optional<QByteArray> read(const std::string &path)
 {
     QFile file;
     QString problem;
-    if (QFileInfo(nameOf(path)).isDir()) {
+    if (path != "-" && QFileInfo(nameOf(path)).isDir()) {
         problem = QStringLiteral("is a folder");
     } else if (!open(file, path)) {
         problem = file.errorString();
@@ -76,6 +76,8 @@ bool write(const std::string &path, const QByteArray &bytes)
 
 bool isSame(const std::string &input, const std::string &output)
 {
+    if (input == "-" || output == "-")
+        return false;
     const QString inputFile = QFileInfo(nameOf(input)).canonicalFilePath();
     const bool same =
         !inputFile.isEmpty() && inputFile == QFileInfo(nameOf(output)).canonicalFilePath();

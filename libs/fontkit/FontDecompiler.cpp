@@ -6,19 +6,32 @@ namespace fontkit {
 
 namespace {
 
-/** Everything but plain ASCII as an escape, so that any bytes come back as they were. */
+/** A byte of a text: everything but plain ASCII as an escape, so that any bytes come back. */
+QByteArray escaped(char c)
+{
+    switch (c) {
+    case '"':
+        return "\\\"";
+    case '\\':
+        return "\\\\";
+    case '\n':
+        return "\\n";
+    case '\r':
+        return "\\r";
+    case '\t':
+        return "\\t";
+    default:
+        break;
+    }
+    const QByteArray byte(1, c);
+    return c >= 0x20 && c < 0x7F ? byte : "\\x" + byte.toHex().toUpper();
+}
+
 QByteArray quoted(const QByteArray &bytes)
 {
     QByteArray text = "\"";
-    for (const char c : bytes) {
-        const auto byte = static_cast<quint8>(c);
-        if (c == '"' || c == '\\')
-            text += QByteArray("\\") + c;
-        else if (byte >= 0x20 && byte < 0x7F)
-            text += c;
-        else
-            text += "\\x" + QByteArray(1, c).toHex().toUpper();
-    }
+    for (const char c : bytes)
+        text += escaped(c);
     return text + '"';
 }
 

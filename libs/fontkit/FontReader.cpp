@@ -205,17 +205,22 @@ void readRanges(FontFile &font, Cursor &file, int count)
 }
 
 /** A definition may lie anywhere, yet not outside the file. */
-void demandInside(const IndexEntry &entry, const Cursor &file)
+void demandInside(const std::vector<IndexEntry> &index, const Cursor &file)
 {
-    const qint64 end = static_cast<qint64>(entry.offset) + entry.length;
+    constexpr int kRecordSize = 8;
+    constexpr int kOffsetInRecord = 4;
     const int size = file.position() + file.left();
-    if (entry.length > 0 && end > size)
-        throw Damage{file.position() - 4,
-                     QStringLiteral("%1 lies at %2 to %3, the file has %4 bytes")
-                         .arg(glyphText(entry.code))
-                         .arg(entry.offset)
-                         .arg(end)
-                         .arg(size)};
+    const int indexStart = file.position() - kRecordSize * static_cast<int>(index.size());
+    for (const IndexEntry &entry : index) {
+        const qint64 end = static_cast<qint64>(entry.offset) + entry.length;
+        if (entry.length > 0 && end > size)
+            throw Damage{indexStart + kRecordSize * entry.slot + kOffsetInRecord,
+                         QStringLiteral("%1 lies at %2 to %3, the file has %4 bytes")
+                             .arg(glyphText(entry.code))
+                             .arg(entry.offset)
+                             .arg(end)
+                             .arg(size)};
+    }
 }
 
 std::vector<IndexEntry> readIndex(FontFile &font, Cursor &file)
@@ -230,9 +235,9 @@ std::vector<IndexEntry> readIndex(FontFile &font, Cursor &file)
         entry.code = file.take16(what);
         entry.length = file.take16(what);
         entry.offset = file.take32(what);
-        demandInside(entry, file);
         index.push_back(entry);
     }
+    demandInside(index, file);
     return index;
 }
 

@@ -12,13 +12,13 @@ struct ZtmarkRun
     QString err;
 };
 
-/** Runs the built program in `folder`, feeding it `input`. A crash or a hang is exit code -1. */
-inline ZtmarkRun runZtmark(const QStringList &arguments, const QString &folder,
-                           const QByteArray &input = {})
+/** Runs a built program in `folder`, feeding it `input`. A crash or a hang is exit code -1. */
+inline ZtmarkRun runProgram(const QString &program, const QStringList &arguments,
+                            const QString &folder, const QByteArray &input = {})
 {
     QProcess process;
     process.setWorkingDirectory(folder);
-    process.start(QStringLiteral(ZT_ZTMARK), arguments);
+    process.start(program, arguments);
     process.write(input);
     process.closeWriteChannel();
     ZtmarkRun run;
@@ -27,6 +27,12 @@ inline ZtmarkRun runZtmark(const QStringList &arguments, const QString &folder,
     run.out = QString::fromUtf8(process.readAllStandardOutput());
     run.err = QString::fromUtf8(process.readAllStandardError());
     return run;
+}
+
+inline ZtmarkRun runZtmark(const QStringList &arguments, const QString &folder,
+                           const QByteArray &input = {})
+{
+    return runProgram(QStringLiteral(ZT_ZTMARK), arguments, folder, input);
 }
 
 /** A file of the command line's test data. */
