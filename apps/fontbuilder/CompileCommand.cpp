@@ -12,6 +12,8 @@ CompileCommand::CompileCommand(CLI::App &app)
     command->add_option("-o,--output", output, "Font file to write; - for standard output")
         ->required()
         ->type_name("FONT");
+    command->footer("docs/formats/font-source.md tells how a source is written; decompile shows it "
+                    "of any font.");
 }
 
 int CompileCommand::run()

@@ -427,6 +427,19 @@ private Q_SLOTS:
         QVERIFY(!fontkit::compileFont(source));
     }
 
+    void examplesOfTheManual_compile()
+    {
+        QFile manual(QStringLiteral(ZT_TEST_DATA_DIR "/../../docs/formats/font-source.md"));
+        QVERIFY(manual.open(QIODevice::ReadOnly));
+        const QList<QByteArray> parts = manual.readAll().replace("```", "\a").split('\a');
+        QCOMPARE(parts.size(), 5);
+        QCOMPARE(compiled(parts[1]).glyphs.size(), size_t(2));
+        const FontFile big = compiled(parts[3]);
+        QCOMPARE(int(big.glyphs[0].code), 0xC4E3);
+        QCOMPARE(big.trailing, QByteArray("EOF"));
+        QVERIFY(!fontkit::writeFont(big).isEmpty());
+    }
+
     void unwrittenNulByte_isNoWayOutOfTheText()
     {
         QByteArray source = kStart + "glyph 5\nup\n";
