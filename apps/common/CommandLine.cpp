@@ -4,6 +4,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <QtCore/QTextCodec>
+
 #include <iostream>
 
 namespace console {
@@ -46,7 +48,7 @@ std::string describe(CLI::App &app, const CLI::ParseError &error)
         return (unknown.empty() ? "a command is missing: "
                                 : "unknown command \"" + unknown.front() + "\": ") +
                commandList(app);
-    const std::string what = error.what();
+    std::string what = error.what();
     const auto kind = static_cast<CLI::ExitCodes>(error.get_exit_code());
     const size_t colon = what.find(':');
     if (kind == CLI::ExitCodes::ExtrasError && colon != std::string::npos)
@@ -70,11 +72,23 @@ int endParsing(CLI::App &app, const CLI::ParseError &error)
     return WrongUsage;
 }
 
+/** Messages meant for developers do not belong between the lines of a command. */
+void dropMessage(QtMsgType type, const QMessageLogContext &, const QString &text)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        complain(text.toStdString());
+}
+
 } // namespace
+
+void makeIndependent()
+{
+    qInstallMessageHandler(dropMessage);
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+}
 
 std::optional<int> parse(CLI::App &app, int argc, char **argv)
 {
-    setProgram(app.get_name());
     app.require_subcommand(1);
     app.get_formatter()->column_width(kHelpColumn);
     app.footer("Exit codes: 0 done, 1 failed work, 2 wrong usage.\n" + app.get_name() +

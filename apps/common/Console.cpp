@@ -1,7 +1,5 @@
 #include "Console.h"
 
-#include <QtCore/QTextCodec>
-
 #include <algorithm>
 #include <cstdio>
 
@@ -9,30 +7,13 @@ namespace console {
 
 namespace {
 
-std::string program;
-
 bool isControl(char c)
 {
     const auto code = static_cast<unsigned char>(c);
     return code < 0x20 || code == 0x7f;
 }
 
-/** Messages meant for developers do not belong between the lines of a command. */
-void dropMessage(QtMsgType type, const QMessageLogContext &, const QString &text)
-{
-    if (type == QtCriticalMsg || type == QtFatalMsg)
-        complain(text.toStdString());
-}
-
 } // namespace
-
-void setProgram(const std::string &name) { program = name; }
-
-void makeIndependent()
-{
-    qInstallMessageHandler(dropMessage);
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
-}
 
 std::string printable(const std::string &text)
 {
@@ -48,7 +29,7 @@ void complain(const std::string &file, const QString &what)
 
 void complain(const std::string &what)
 {
-    const std::string line = program + ": " + printable(what) + "\n";
+    const std::string line = ZT_PROGRAM ": " + printable(what) + "\n";
     std::fwrite(line.data(), 1, line.size(), stderr);
 }
 

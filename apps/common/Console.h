@@ -7,12 +7,6 @@
 /** What people read: one line a message, errors and warnings on stderr, results on stdout. */
 namespace console {
 
-/** The program that complains, from now on. */
-void setProgram(const std::string &name);
-
-/** The same behaviour on every machine: file names in UTF-8, no messages meant for developers. */
-void makeIndependent();
-
 /** Exit codes of every subcommand. */
 enum ExitCode {
     Done = 0,      ///< everything asked for was done

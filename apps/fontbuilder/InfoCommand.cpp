@@ -4,11 +4,9 @@
 
 #include <common/Console.h>
 
-#include <algorithm>
 #include <set>
 
 using fontkit::FontFile;
-using fontkit::FontForm;
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "InfoCommand.h"
 
-#include <common/Console.h>
+#include "Console.h"
 
 #include <hostkit/DrawingInput.h>
 #include <hostkit/NumberText.h>

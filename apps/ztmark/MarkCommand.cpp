@@ -1,8 +1,8 @@
 #include "MarkCommand.h"
 
 #include "Arguments.h"
+#include "Console.h"
 #include "Progress.h"
-#include <common/Console.h>
 
 #include <hostkit/MarkGraphWriter.h>
 

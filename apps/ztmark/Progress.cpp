@@ -1,6 +1,6 @@
 #include "Progress.h"
 
-#include <common/Console.h>
+#include "Console.h"
 
 #include <cstdio>
 #include <unistd.h>

@@ -105,12 +105,12 @@ QString problemOfCounts(const FontFile &font)
 QString problemOf(const FontFile &font)
 {
     for (const auto check : {problemOfHeader, problemOfForm, problemOfCounts}) {
-        const QString problem = check(font);
+        QString problem = check(font);
         if (!problem.isEmpty())
             return problem;
     }
     for (const GlyphDefinition &glyph : font.glyphs) {
-        const QString problem = problemOf(glyph);
+        QString problem = problemOf(glyph);
         if (!problem.isEmpty())
             return problem;
     }

@@ -34,7 +34,7 @@ public:
     {
         if (size > left())
             throw Damage{at, QStringLiteral("the file ends within %1").arg(what)};
-        const QByteArray taken = bytes.mid(at, static_cast<int>(size));
+        QByteArray taken = bytes.mid(at, static_cast<int>(size));
         at += taken.size();
         return taken;
     }
@@ -57,7 +57,7 @@ public:
         const int end = bytes.indexOf('\0', at);
         if (end < 0)
             throw Damage{at, QStringLiteral("%1 has no end").arg(what)};
-        const QByteArray text = bytes.mid(at, end - at);
+        QByteArray text = bytes.mid(at, end - at);
         at = end + 1;
         return text;
     }

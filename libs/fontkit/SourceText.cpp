@@ -18,18 +18,14 @@ bool isControl(char c)
     return code < 0x20 || code == 0x7F;
 }
 
-int hexDigit(char c)
+bool isHexDigit(char c)
 {
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    if (c >= 'A' && c <= 'F')
-        return c - 'A' + 10;
-    return c >= 'a' && c <= 'f' ? c - 'a' + 10 : -1;
+    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
 }
 
 bool isHexPair(const QByteArray &text)
 {
-    return text.size() == 2 && hexDigit(text[0]) >= 0 && hexDigit(text[1]) >= 0;
+    return text.size() == 2 && isHexDigit(text[0]) && isHexDigit(text[1]);
 }
 
 } // namespace
@@ -65,7 +61,7 @@ int Statement::toNumber(const QByteArray &word) const
     const bool isHex = word.startsWith("0x") || word.startsWith("0X");
     bool isNumber = false;
     const int value = isHex ? word.mid(2).toInt(&isNumber, 16) : word.toInt(&isNumber, 10);
-    const bool hasSecondSign = isHex && word.size() > 2 && hexDigit(word[2]) < 0;
+    const bool hasSecondSign = isHex && word.size() > 2 && !isHexDigit(word[2]);
     if (!isNumber || hasSecondSign)
         fail(shown(word) + QStringLiteral(" is no whole number"));
     return value;
@@ -168,7 +164,7 @@ QByteArray Statement::hexBytes()
         const QByteArray pair = word("a byte");
         if (!isHexPair(pair))
             fail(shown(pair) + QStringLiteral(" is no byte of two hexadecimal digits"));
-        bytes += static_cast<char>(hexDigit(pair[0]) << 4 | hexDigit(pair[1]));
+        bytes += QByteArray::fromHex(pair);
     } while (!atEnd());
     return bytes;
 }
@@ -289,7 +285,7 @@ char SourceText::escape()
         throw SourceError{line, QStringLiteral("behind \\ comes one of \" \\ n r t or x and two "
                                                "hexadecimal digits")};
     at += 2;
-    return static_cast<char>(hexDigit(pair[0]) << 4 | hexDigit(pair[1]));
+    return QByteArray::fromHex(pair)[0];
 }
 
 Token SourceText::quotedCharacter()

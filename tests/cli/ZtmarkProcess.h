@@ -12,12 +12,14 @@ struct ZtmarkRun
     QString err;
 };
 
-/** Runs a built program in `folder`, feeding it `input`. A crash or a hang is exit code -1. */
+/** Runs a program with more settings "NAME=VALUE" of the environment; else as `runZtmark`. */
 inline ZtmarkRun runProgram(const QString &program, const QStringList &arguments,
-                            const QString &folder, const QByteArray &input = {})
+                            const QString &folder, const QByteArray &input,
+                            const QStringList &environment)
 {
     QProcess process;
     process.setWorkingDirectory(folder);
+    process.setEnvironment(QProcess::systemEnvironment() + environment);
     process.start(program, arguments);
     process.write(input);
     process.closeWriteChannel();
@@ -29,10 +31,22 @@ inline ZtmarkRun runProgram(const QString &program, const QStringList &arguments
     return run;
 }
 
+/** Runs the built program in `folder`, feeding it `input`. A crash or a hang is exit code -1. */
 inline ZtmarkRun runZtmark(const QStringList &arguments, const QString &folder,
-                           const QByteArray &input = {})
+                           const QByteArray &input = {}, const QStringList &environment = {})
 {
-    return runProgram(QStringLiteral(ZT_ZTMARK), arguments, folder, input);
+    return runProgram(QStringLiteral(ZT_ZTMARK), arguments, folder, input, environment);
+}
+
+/**
+ * Runs a line of the shell, byte for byte as it stands here, whatever the locale of the test.
+ * "$ZTMARK" is the built program.
+ */
+inline ZtmarkRun runShell(const QByteArray &line, const QString &folder,
+                          const QStringList &environment = {})
+{
+    return runProgram(QStringLiteral("bash"), {QStringLiteral("-s")}, folder, line + '\n',
+                      environment + QStringList{QStringLiteral("ZTMARK=" ZT_ZTMARK)});
 }
 
 /** A file of the command line's test data. */
