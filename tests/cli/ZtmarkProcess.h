@@ -66,3 +66,10 @@ inline void copyCliData(const QString &name, const QString &folder)
 {
     QVERIFY2(QFile::copy(cliData(name), folder + QLatin1Char('/') + name), qPrintable(name));
 }
+
+/** Runs a program in the environment as it is. */
+inline ZtmarkRun runProgram(const QString &program, const QStringList &arguments,
+                            const QString &folder, const QByteArray &input = {})
+{
+    return runProgram(program, arguments, folder, input, {});
+}

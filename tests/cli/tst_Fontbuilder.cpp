@@ -221,7 +221,7 @@ private:
     {
         return runProgram(QStringLiteral(ZT_FONTBUILDER),
                           arguments.split(QLatin1Char(' '), Qt::SkipEmptyParts), folder->path(),
-                          input, {});
+                          input);
     }
 
     QString path(const char *name) const { return folder->filePath(QLatin1String(name)); }
