@@ -66,6 +66,8 @@ def check_standing_alone(problems):
             for line, name in includes(source):
                 if name.startswith(("ZT", "Qt")) and not name.startswith((f"{library}/", "Qt")):
                     problems.append(f"{source.relative_to(ROOT)}:{line}: {name}: stands alone")
+                if library == "fontkit" and name.startswith("Qt") and not name.startswith("QtCore/"):
+                    problems.append(f"{source.relative_to(ROOT)}:{line}: {name}: Qt Core alone")
     for folder in (LIBS / "hostkit", LIBS / "studio", ROOT / "apps", ROOT / "examples"):
         for source in sources(folder, "*.h", "*.cpp"):
             for line, name in includes(source):

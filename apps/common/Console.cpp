@@ -29,7 +29,7 @@ void complain(const std::string &file, const QString &what)
 
 void complain(const std::string &what)
 {
-    const std::string line = "ztmark: " + printable(what) + "\n";
+    const std::string line = ZT_PROGRAM ": " + printable(what) + "\n";
     std::fwrite(line.data(), 1, line.size(), stderr);
 }
 

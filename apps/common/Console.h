@@ -14,10 +14,11 @@ enum ExitCode {
     WrongUsage = 2 ///< the command line was at fault
 };
 
-/** "ztmark: FILE: what" on stderr. Control characters are shown as '?', so that it stays a line. */
+/** "PROGRAM: FILE: what" on stderr. Control characters are shown as '?', so that it stays a line.
+ */
 void complain(const std::string &file, const QString &what);
 
-/** "ztmark: what" on stderr. */
+/** "PROGRAM: what" on stderr. */
 void complain(const std::string &what);
 
 /** A line on stdout. */

@@ -1,0 +1,34 @@
+#include "CompileCommand.h"
+
+#include "FontFiles.h"
+
+#include <common/Console.h>
+#include <fontkit/FontSource.h>
+
+CompileCommand::CompileCommand(CLI::App &app)
+    : Command(app, "compile", "Make a font file from its source text")
+{
+    addFile("SOURCE", source, "Source text of a font; - reads standard input");
+    command->add_option("-o,--output", output, "Font file to write; - for standard output")
+        ->required()
+        ->type_name("FONT");
+    command->footer("docs/formats/font-source.md tells how a source is written; decompile shows it "
+                    "of any font.");
+}
+
+int CompileCommand::run()
+{
+    if (fontfiles::isSame(source, output))
+        return console::WrongUsage;
+    const auto text = fontfiles::read(source);
+    if (!text)
+        return console::Failed;
+    QString error;
+    const auto font = fontkit::compileFont(*text, &error);
+    const QByteArray bytes = font ? fontkit::writeFont(*font, &error) : QByteArray();
+    if (bytes.isEmpty()) {
+        console::complain(source, error);
+        return console::Failed;
+    }
+    return fontfiles::write(output, bytes) ? console::Done : console::Failed;
+}

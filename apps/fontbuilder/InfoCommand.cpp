@@ -1,0 +1,89 @@
+#include "InfoCommand.h"
+
+#include "FontFiles.h"
+
+#include <common/Console.h>
+
+#include <set>
+
+using fontkit::FontFile;
+
+namespace {
+
+void printRow(const char *name, const QString &value)
+{
+    console::print(QStringLiteral("%1 %2").arg(QLatin1String(name), -18).arg(value));
+}
+
+void printRow(const char *name, size_t number) { printRow(name, QString::number(number)); }
+
+QString printable(const QByteArray &text)
+{
+    return QString::fromStdString(console::printable(QString::fromUtf8(text).toStdString()));
+}
+
+QString hex(int code, int digits)
+{
+    return QStringLiteral("0x") +
+           QString::number(code, 16).toUpper().rightJustified(digits, QLatin1Char('0'));
+}
+
+void printInformation(const FontFile &font)
+{
+    if (!font.information) {
+        printRow("Font information:", QStringLiteral("none"));
+        return;
+    }
+    printRow("Name:", printable(font.information->name));
+    printRow("Above:", font.information->above);
+    printRow("Below:", font.information->below);
+    printRow("Modes:", font.information->modes);
+}
+
+void printRanges(const FontFile &font)
+{
+    for (const fontkit::LeadByteRange &range : font.ranges)
+        printRow(
+            "Lead bytes:",
+            QStringLiteral("%1 to %2").arg(hex(range.first & 0xFF, 2), hex(range.last & 0xFF, 2)));
+}
+
+void printGlyphs(const FontFile &font)
+{
+    std::set<int> codes;
+    size_t bytes = 0;
+    for (const fontkit::GlyphDefinition &glyph : font.glyphs) {
+        codes.insert(glyph.code);
+        bytes += static_cast<size_t>(glyph.program.size());
+    }
+    printRow("Glyphs:", font.glyphs.size());
+    if (!codes.empty())
+        printRow("Codes:",
+                 QStringLiteral("%1 to %2").arg(hex(*codes.begin(), 2), hex(*codes.rbegin(), 2)));
+    if (codes.size() < font.glyphs.size())
+        printRow("Repeated codes:", font.glyphs.size() - codes.size());
+    if (!font.entries.empty())
+        printRow("Other records:", font.entries.size());
+    printRow("Program bytes:", bytes);
+}
+
+} // namespace
+
+InfoCommand::InfoCommand(CLI::App &app) : Command(app, "info", "Tell what is in a font file")
+{
+    addFile("FONT", font, "Font file; - reads standard input");
+    command->footer("Repeated codes are dead: the first glyph of a code counts. Other records are "
+                    "entries\nof the index without a glyph of their own, as a rule empty ones.");
+}
+
+int InfoCommand::run()
+{
+    const auto content = fontfiles::readFont(font);
+    if (!content)
+        return console::Failed;
+    printRow("Form:", QString::fromLatin1(fontkit::keywordOf(content->form)));
+    printInformation(*content);
+    printRanges(*content);
+    printGlyphs(*content);
+    return console::finishOutput() ? console::Done : console::Failed;
+}
