@@ -55,11 +55,17 @@ bool HanziReader::read(const QByteArray &json)
         return false;
     }
     QVector<QVector<QPointF>> strokes;
+    int points = 0;
     const QJsonArray all = document.object().value(QLatin1String("medians")).toArray();
     for (const QJsonValue &value : all) {
         QVector<QPointF> stroke;
         if (!readStroke(value, &stroke)) {
             error = QStringLiteral("stroke %1 is no list of points").arg(strokes.size() + 1);
+            return false;
+        }
+        points += stroke.size();
+        if (points > kMaxPoints) {
+            error = QStringLiteral("more than %1 points").arg(kMaxPoints);
             return false;
         }
         if (!stroke.isEmpty())

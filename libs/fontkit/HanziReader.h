@@ -22,11 +22,15 @@ public:
     static constexpr int kEm = 1024;
     static constexpr int kEmTop = 900;
 
+    /** Limit: points of a character; the data has some 70 on average. */
+    static constexpr int kMaxPoints = 2000;
+
     /**
      * Reads a character; what was read before is forgotten.
      *
      * Failure: false with a sentence in `errorText`, and no strokes, when the bytes are no such
-     * object, a point is no pair of numbers, or one lies more than 4 em away. A stroke without
+     * object, a point is no pair of numbers, one lies more than 4 em away, or there are more than
+     * `kMaxPoints`. A stroke without
      * points is left out; without any stroke the character counts as missing.
      */
     bool read(const QByteArray &json);

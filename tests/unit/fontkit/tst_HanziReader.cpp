@@ -18,6 +18,7 @@ private Q_SLOTS:
     void read_emptyStroke_isLeftOut();
     void read_strokeOfOnePoint_isKept();
     void read_farthestPoints_areTaken();
+    void read_tooManyPoints_isFalse();
     void read_damage_isFalseAndTold_data();
     void read_damage_isFalseAndTold();
     void read_again_forgetsTheFirst();
@@ -58,6 +59,19 @@ void tst_HanziReader::read_farthestPoints_areTaken()
     HanziReader reader;
     QVERIFY(reader.read(R"({"medians":[[[4096,-4096],[-4096,4096]]]})"));
     QCOMPARE(reader.strokes(), Strokes({{{4096, -4096}, {-4096, 4096}}}));
+}
+
+void tst_HanziReader::read_tooManyPoints_isFalse()
+{
+    const auto character = [](int count) {
+        return QByteArray(R"({"medians":[[)") + QByteArray("[1,2],").repeated(count - 2) +
+               "[3,4]],[[5,6]]]}";
+    };
+    HanziReader reader;
+    QVERIFY(reader.read(character(2000)));
+    QVERIFY(!reader.read(character(2001)));
+    QCOMPARE(reader.errorText(), QStringLiteral("more than 2000 points"));
+    QVERIFY(reader.strokes().isEmpty());
 }
 
 void tst_HanziReader::read_damage_isFalseAndTold_data()
