@@ -24,7 +24,7 @@ std::optional<QByteArray> DataFolder::read(const QByteArray &name) const
 
 QString DataFolder::shown(const QByteArray &name) const
 {
-    return QString::fromUtf8(path + '/' + name);
+    return QString::fromUtf8(name.isEmpty() ? path : path + '/' + name);
 }
 
 } // namespace fontkit

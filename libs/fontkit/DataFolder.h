@@ -24,7 +24,7 @@ public:
     /** All of a file; no value when there is no such file, or none that can be read. */
     std::optional<QByteArray> read(const QByteArray &name) const;
 
-    /** The path of a file, to be shown. */
+    /** The path of a file, or without a name that of the folder, to be shown. */
     QString shown(const QByteArray &name) const;
 
 private:

@@ -42,7 +42,8 @@ if [ -e "$build/bin/font/README.txt" ]; then
     for file in "$fonts"/*; do
         cmp "$file" "$build/bin/font/$(basename "$file")"
     done
-    [ -s "$fonts/hershey-simplex.shx" ] && [ -s "$fonts/LICENSE-hershey.txt" ]
+    [ -s "$fonts/hershey-simplex.shx" ]
+    [ -s "$fonts/LICENSE-hershey.txt" ]
     [ -e "$fonts/gb-strokes.shx" ] || echo "no Chinese font was made"
     [ ! -e "$fonts/gb-strokes.shx" ] || [ -s "$fonts/ARPHICPL.TXT" ]
 else
