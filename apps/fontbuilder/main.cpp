@@ -12,8 +12,9 @@
 
 int main(int argc, char **argv)
 {
-    CLI::App app("Makes stroke fonts from source text, and source text from stroke fonts.",
-                 "fontbuilder");
+    CLI::App app(
+        "Makes stroke fonts from source text or free data, and source text from stroke fonts.",
+        "fontbuilder");
     CompileCommand compile(app);
     DecompileCommand decompile(app);
     InfoCommand info(app);
