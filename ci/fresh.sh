@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Proves the two commands on a machine where nothing is: makes a bare Debian 12 root, copies the
 # checkout in, and gives ./run and ./test there as a newcomer would, ./run twice.
-# Needs root and debootstrap; takes mirror and keys from this machine's apt configuration.
+# Needs root and debootstrap; takes mirror and keys from this machine's apt and npm configuration.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 suite=bookworm
@@ -36,6 +36,13 @@ cp /etc/resolv.conf "$root/etc/resolv.conf"
 for settings in /etc/apt/apt.conf.d/*; do
     grep -q '^Acquire' "$settings" && cp "$settings" "$root/etc/apt/apt.conf.d/"
 done
+# The same for npm: its registry, and the certificate authority of a network that has its own.
+registry=$(npm config get registry 2>/dev/null || true)
+certificates=
+if [ -f "${NODE_EXTRA_CA_CERTS:-}" ]; then
+    certificates=/etc/extra-certificates.pem
+    cp "$NODE_EXTRA_CA_CERTS" "$root$certificates"
+fi
 mount -t proc proc "$root/proc"
 mount --rbind /dev "$root/dev"
 
@@ -45,10 +52,17 @@ git archive HEAD | tar -x -C "$root/home/newcomer/checkout"
 
 as_newcomer() {
     env -i PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin HOME=/root TERM=dumb \
-        chroot "$root" "$@"
+        ${registry:+npm_config_registry="$registry"} \
+        ${certificates:+NODE_EXTRA_CA_CERTS="$certificates"} chroot "$root" "$@"
 }
 echo "-- ./run from another folder"
 as_newcomer sh -c 'cd /tmp && /home/newcomer/checkout/run'
+for font in hershey-simplex gb-strokes; do
+    [ -s "$root/home/newcomer/checkout/build/release/bin/font/$font.shx" ] || {
+        echo "ci/fresh.sh: the font $font was not made" >&2
+        exit 1
+    }
+done
 echo "-- ./run again, with nothing left to install"
 as_newcomer sh -c 'rm -f /etc/resolv.conf && cd / && /home/newcomer/checkout/run'
 cp /etc/resolv.conf "$root/etc/resolv.conf"

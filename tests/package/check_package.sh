@@ -35,3 +35,17 @@ cmp "$scratch/cmake-host.out" "$example/expected-output.txt"
 
 echo "-- the installed command line"
 [ "$("$prefix/bin/ztmark" --version)" = "ztmark $version" ]
+
+echo "-- the stroke fonts"
+fonts=$prefix/bin/font
+if [ -e "$build/bin/font/README.txt" ]; then
+    for file in "$fonts"/*; do
+        cmp "$file" "$build/bin/font/$(basename "$file")"
+    done
+    [ -s "$fonts/hershey-simplex.shx" ]
+    [ -s "$fonts/LICENSE-hershey.txt" ]
+    [ -e "$fonts/gb-strokes.shx" ] || echo "no Chinese font was made"
+    [ ! -e "$fonts/gb-strokes.shx" ] || [ -s "$fonts/ARPHICPL.TXT" ]
+else
+    echo "no stroke fonts were made"
+fi

@@ -1,0 +1,32 @@
+#include "GbCommand.h"
+
+#include "FontOutput.h"
+
+#include <common/Console.h>
+#include <fontkit/GbStrokesFont.h>
+
+GbCommand::GbCommand(CLI::App &app)
+    : Command(app, "gb", "Make the Chinese big font from stroke medians")
+{
+    addFile("DIR", data, "Folder with the .json files of hanzi-writer-data");
+    command->add_option("--hershey", hershey, "Folder with the .jhf files, for full-width forms")
+        ->capture_default_str()
+        ->type_name("DIR");
+    command->add_option("-o,--output", output, "Folder to write the font into")
+        ->required()
+        ->type_name("FOLDER");
+}
+
+int GbCommand::run()
+{
+    fontkit::GbStrokesFont maker(fontkit::DataFolder(QByteArray::fromStdString(data)),
+                                 fontkit::DataFolder(QByteArray::fromStdString(hershey)));
+    fontkit::FontFile font;
+    QString error;
+    if (!maker.make(&font, &error)) {
+        console::complain(error.toStdString());
+        return console::Failed;
+    }
+    return writeFontTo(output, fontkit::GbStrokesFont::fileName(), font) ? console::Done
+                                                                         : console::Failed;
+}

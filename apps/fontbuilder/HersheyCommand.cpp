@@ -1,0 +1,31 @@
+#include "HersheyCommand.h"
+
+#include "FontOutput.h"
+
+#include <common/Console.h>
+#include <fontkit/HersheyFonts.h>
+
+HersheyCommand::HersheyCommand(CLI::App &app)
+    : Command(app, "hershey", "Make the regular fonts from the Hershey data")
+{
+    addFile("DIR", data, "Folder with the .jhf files");
+    command->add_option("-o,--output", output, "Folder to write the fonts into")
+        ->required()
+        ->type_name("FOLDER");
+}
+
+int HersheyCommand::run()
+{
+    fontkit::HersheyFonts fonts{fontkit::DataFolder(QByteArray::fromStdString(data))};
+    for (const QString &name : fontkit::HersheyFonts::fileNames()) {
+        fontkit::FontFile font;
+        QString error;
+        if (!fonts.make(name, &font, &error)) {
+            console::complain(error.toStdString());
+            return console::Failed;
+        }
+        if (!writeFontTo(output, name, font))
+            return console::Failed;
+    }
+    return console::Done;
+}
