@@ -12,12 +12,16 @@ struct ZtmarkRun
     QString err;
 };
 
-/** Runs the built program in `folder`, feeding it `input`. A crash or a hang is exit code -1. */
+/**
+ * Runs the built program in `folder`, feeding it `input`, with more settings "NAME=VALUE" of the
+ * environment. A crash or a hang is exit code -1.
+ */
 inline ZtmarkRun runZtmark(const QStringList &arguments, const QString &folder,
-                           const QByteArray &input = {})
+                           const QByteArray &input = {}, const QStringList &environment = {})
 {
     QProcess process;
     process.setWorkingDirectory(folder);
+    process.setEnvironment(QProcess::systemEnvironment() + environment);
     process.start(QStringLiteral(ZT_ZTMARK), arguments);
     process.write(input);
     process.closeWriteChannel();
