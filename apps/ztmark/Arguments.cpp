@@ -64,7 +64,9 @@ QString decoded(const std::string &typed, const QTextCodec *codec)
         return {};
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
     const QString text = codec->toUnicode(typed.data(), static_cast<int>(typed.size()), &state);
-    return state.invalidChars == 0 && state.remainingChars == 0 ? text : QString();
+    const bool isWhole = state.invalidChars == 0 && state.remainingChars == 0;
+    // Some codecs do not count what they replace.
+    return isWhole && !text.contains(QChar::ReplacementCharacter) ? text : QString();
 }
 
 /** A whole number that stands for itself; refuses the whole argument else. */

@@ -12,17 +12,15 @@ struct ZtmarkRun
     QString err;
 };
 
-/**
- * Runs the built program in `folder`, feeding it `input`, with more settings "NAME=VALUE" of the
- * environment. A crash or a hang is exit code -1.
- */
-inline ZtmarkRun runZtmark(const QStringList &arguments, const QString &folder,
-                           const QByteArray &input = {}, const QStringList &environment = {})
+/** Runs a program with more settings "NAME=VALUE" of the environment; else as `runZtmark`. */
+inline ZtmarkRun runProgram(const QString &program, const QStringList &arguments,
+                            const QString &folder, const QByteArray &input,
+                            const QStringList &environment)
 {
     QProcess process;
     process.setWorkingDirectory(folder);
     process.setEnvironment(QProcess::systemEnvironment() + environment);
-    process.start(QStringLiteral(ZT_ZTMARK), arguments);
+    process.start(program, arguments);
     process.write(input);
     process.closeWriteChannel();
     ZtmarkRun run;
@@ -31,6 +29,24 @@ inline ZtmarkRun runZtmark(const QStringList &arguments, const QString &folder,
     run.out = QString::fromUtf8(process.readAllStandardOutput());
     run.err = QString::fromUtf8(process.readAllStandardError());
     return run;
+}
+
+/** Runs the built program in `folder`, feeding it `input`. A crash or a hang is exit code -1. */
+inline ZtmarkRun runZtmark(const QStringList &arguments, const QString &folder,
+                           const QByteArray &input = {}, const QStringList &environment = {})
+{
+    return runProgram(QStringLiteral(ZT_ZTMARK), arguments, folder, input, environment);
+}
+
+/**
+ * Runs a line of the shell, byte for byte as it stands here, whatever the locale of the test.
+ * "$ZTMARK" is the built program.
+ */
+inline ZtmarkRun runShell(const QByteArray &line, const QString &folder,
+                          const QStringList &environment = {})
+{
+    return runProgram(QStringLiteral("bash"), {QStringLiteral("-s")}, folder, line + '\n',
+                      environment + QStringList{QStringLiteral("ZTMARK=" ZT_ZTMARK)});
 }
 
 /** A file of the command line's test data. */
