@@ -272,10 +272,14 @@ int FontCommand::sheet() const
         console::complain(file, error);
         return console::Failed;
     }
+    const QFileInfo font(fontPath());
     bool written = true;
     for (const std::string &output : outputs) {
-        const QString title = QFileInfo(fontPath()).fileName();
-        if (!drawn.save(QString::fromStdString(output), title, &error)) {
+        if (QFileInfo(QString::fromStdString(output)) == font) {
+            console::complain(output, tr("would overwrite the font it shows"));
+            return console::Failed;
+        }
+        if (!drawn.save(QString::fromStdString(output), font.fileName(), &error)) {
             console::complain(output, error);
             written = false;
         }

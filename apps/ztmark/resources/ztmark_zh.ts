@@ -212,6 +212,10 @@ a pair of them: a regular one and a big one, which has the Chinese characters.</
         <translation>在 %1 中没有单线字体</translation>
     </message>
     <message>
+        <source>would overwrite the font it shows</source>
+        <translation>会覆盖所显示的字体</translation>
+    </message>
+    <message>
         <source>Grid:</source>
         <translation>网格：</translation>
     </message>
