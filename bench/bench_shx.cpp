@@ -1,104 +1,38 @@
 // Stroke-font text, measured and drawn, per character: the library beside a plain search of the
-// index for every glyph.
+// index for every glyph. Longer texts and larger fonts show how the cost grows.
 
-#include <support/ShxWriter.h>
+#include "BenchFonts.h"
+
 #include <support/oracle/PlainShxFont.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
-#include <QtCore/QCoreApplication>
-#include <QtCore/QDir>
-
 #include <benchmark/benchmark.h>
 
-#include <random>
-
 using testsupport::PlainShxFont;
-using testsupport::ShxGlyph;
-using testsupport::ShxWriter;
 
 namespace {
 
-constexpr int kBigGlyphs = 9500;
 constexpr int kBigCharacters = 10000;
 constexpr int kLatinCharacters = 100000;
-
-/** Strokes of a few points each, begun with the pen up, and a move to the next character. */
-QByteArray strokes(std::mt19937 &random, int count, int points)
-{
-    std::uniform_int_distribution<int> step(-20, 20);
-    QByteArray codes;
-    for (int stroke = 0; stroke < count; ++stroke) {
-        codes += testsupport::bytes({2, 8, step(random), step(random), 1, 9});
-        for (int i = 1; i < points; ++i)
-            codes += testsupport::bytes({step(random), step(random) | 1});
-        codes += testsupport::bytes({0, 0});
-    }
-    return codes + testsupport::bytes({2, 8, 100, 0});
-}
-
-/** Vector codes as letters have them. */
-QByteArray letter(std::mt19937 &random)
-{
-    std::uniform_int_distribution<int> code(0x10, 0xFF);
-    QByteArray codes = testsupport::bytes({2, code(random), 1});
-    for (int i = 0; i < 14; ++i)
-        codes += testsupport::bytes({code(random)});
-    return codes + testsupport::bytes({2, 0x60, 0});
-}
 
 /** Both fonts in the folder beside the program, and a pair of them. */
 struct Fonts
 {
-    QByteArray latinFile;
-    QByteArray bigFile;
+    QByteArray latinFile = benchfonts::latinFont();
+    QByteArray bigFile = benchfonts::bigFont();
+    QByteArray latinText = benchfonts::latinText(kLatinCharacters).toLatin1();
+    QByteArray bigText = benchfonts::toGbk(benchfonts::chineseText(kBigCharacters));
     QByteArray bigPath;
-    QByteArray latinText;
-    QByteArray bigText;
     ZTRegBigFontShxParser pair;
 
     Fonts()
     {
-        makeLatin();
-        makeBig();
-        const QDir folder(QCoreApplication::applicationDirPath() + QStringLiteral("/font"));
-        folder.mkpath(QStringLiteral("."));
-        bigPath = folder.filePath(QStringLiteral("bench-big.shx")).toLocal8Bit();
-        testsupport::writeFile(folder.filePath(QStringLiteral("bench-latin.shx")), latinFile);
-        testsupport::writeFile(QString::fromLocal8Bit(bigPath), bigFile);
+        benchfonts::putFont("bench-latin.shx", latinFile);
+        bigPath = benchfonts::putFont("bench-big.shx", bigFile);
         ZTShxFontManager::regFonts();
         pair.init("bench-latin.shx", "bench-big.shx");
     }
-
-private:
-    void makeLatin()
-    {
-        std::mt19937 random(1);
-        ShxWriter writer;
-        writer.above = 21;
-        for (int code = 32; code < 127; ++code)
-            writer.glyphs.append({code, letter(random), {}});
-        latinFile = writer.shapes();
-        for (int i = 0; i < kLatinCharacters; ++i)
-            latinText += static_cast<char>(32 + random() % 95);
-    }
-
-    void makeBig()
-    {
-        std::mt19937 random(2);
-        ShxWriter writer;
-        writer.above = 100;
-        writer.ranges = {{0x81, 0xFE}};
-        for (int i = 0; i < kBigGlyphs; ++i)
-            writer.glyphs.append({code(i), strokes(random, 8, 5), {}});
-        bigFile = writer.bigfont();
-        for (int i = 0; i < kBigCharacters; ++i) {
-            const int character = code(static_cast<int>(random() % kBigGlyphs));
-            bigText += testsupport::bytes({character >> 8, character});
-        }
-    }
-
-    static int code(int i) { return (0xB0 - 0x20 + i / 190) << 8 | (0x41 + i % 190); }
 };
 
 Fonts &fonts()
@@ -172,6 +106,59 @@ void loadBig(benchmark::State &state)
     }
 }
 
+/** A text of growing length: the cost has to grow with it and no faster. */
+void drawLength(benchmark::State &state)
+{
+    const int characters = static_cast<int>(state.range(0));
+    draw(state, benchfonts::toGbk(benchfonts::chineseText(characters)), characters);
+    state.SetComplexityN(state.range(0));
+}
+
+/** Characters of a big font of growing size: the cost of a character has to stay. */
+QByteArray textOfFont(int glyphs)
+{
+    return benchfonts::toGbk(benchfonts::chineseText(1000, glyphs));
+}
+
+void measureInFont(benchmark::State &state)
+{
+    const int glyphs = static_cast<int>(state.range(0));
+    ZTShxParser font(
+        benchfonts::putFont("bench-size.shx", benchfonts::bigFont(glyphs)).constData());
+    const QByteArray text = textOfFont(glyphs);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(font.getTextExtent(text.constData()));
+    perCharacter(state, 1000);
+    state.SetComplexityN(state.range(0));
+}
+
+void measureInFontPlain(benchmark::State &state)
+{
+    const int glyphs = static_cast<int>(state.range(0));
+    measurePlain(state, benchfonts::bigFont(glyphs), codesOf(textOfFont(glyphs), 2));
+    state.SetComplexityN(state.range(0));
+}
+
+void addGrowth()
+{
+    benchmark::RegisterBenchmark("draw/big/length", drawLength)
+        ->RangeMultiplier(10)
+        ->Range(100, 100000)
+        ->Complexity(benchmark::oN)
+        ->Unit(benchmark::kMillisecond);
+    const auto add = [](const char *name, auto function, benchmark::BigO growth) {
+        benchmark::RegisterBenchmark(name, function)
+            ->Arg(150)
+            ->Arg(1500)
+            ->Arg(9500)
+            ->Arg(20000)
+            ->Complexity(growth)
+            ->Unit(benchmark::kMicrosecond);
+    };
+    add("measure/fontsize", measureInFont, benchmark::o1);
+    add("measure/fontsize/plain", measureInFontPlain, benchmark::oN);
+}
+
 void addBenchmarks()
 {
     const Fonts &all = fonts();
@@ -198,6 +185,7 @@ int main(int argc, char **argv)
     const QCoreApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     addBenchmarks();
+    addGrowth();
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

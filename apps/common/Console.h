@@ -24,6 +24,15 @@ void complain(const std::string &what);
 /** A line on stdout. */
 void print(const QString &line);
 
+/** A line on stdout: the name, filled up to `width` columns, and its value behind it. */
+void printRow(const QString &name, const QString &value, int width);
+
+/** Columns that the text takes on a terminal: two for a Chinese character. */
+int columnsOf(const QString &text);
+
+/** The text, filled up with blanks to `width` columns. */
+QString filledUp(const QString &text, int width);
+
 /** Brings stdout to its end; says so on stderr and returns false if it could not be written. */
 bool finishOutput();
 

@@ -9,6 +9,8 @@
 
 namespace {
 
+constexpr int kLabelWidth = 18;
+
 QString rounded(double value)
 {
     QByteArray text;
@@ -18,7 +20,7 @@ QString rounded(double value)
 
 void printRow(const QString &name, const QString &value)
 {
-    console::print(QStringLiteral("%1 %2").arg(name, -18).arg(value));
+    console::printRow(name, value, kLabelWidth);
 }
 
 void printLines(const QString &name, int count, const QVector<PltProblem> &listed)
@@ -31,48 +33,50 @@ void printLines(const QString &name, int count, const QVector<PltProblem> &liste
 void printMore(int count, int listed)
 {
     if (count > listed)
-        console::print(QStringLiteral("  and %1 more").arg(count - listed));
+        console::print(QStringLiteral("  ") + InfoCommand::tr("and %1 more").arg(count - listed));
 }
 
 void printReport(const PltReport &report)
 {
-    printRow(QStringLiteral("Lines:"), QString::number(report.lines));
-    printRow(QStringLiteral("Pen-up lines:"), QString::number(report.penUpLines));
-    printRow(QStringLiteral("Pen-down lines:"), QString::number(report.penDownLines));
-    printRow(QStringLiteral("Points:"), QString::number(report.points));
-    printRow(QStringLiteral("Polylines:"), QString::number(report.polylines));
+    printRow(InfoCommand::tr("Lines:"), QString::number(report.lines));
+    printRow(InfoCommand::tr("Pen-up lines:"), QString::number(report.penUpLines));
+    printRow(InfoCommand::tr("Pen-down lines:"), QString::number(report.penDownLines));
+    printRow(InfoCommand::tr("Points:"), QString::number(report.points));
+    printRow(InfoCommand::tr("Polylines:"), QString::number(report.polylines));
     const QRectF box = report.extent;
     if (report.points > 0)
-        printRow(QStringLiteral("Plotter units:"),
-                 QStringLiteral("x %1 to %2, y %3 to %4")
+        printRow(InfoCommand::tr("Plotter units:"),
+                 InfoCommand::tr("x %1 to %2, y %3 to %4")
                      .arg(rounded(box.left()), rounded(box.right()), rounded(box.top()),
                           rounded(box.bottom())));
 }
 
 void printSize(const QSizeF &sizeMm)
 {
-    printRow(QStringLiteral("Size as imported:"),
-             QStringLiteral("%1 x %2 mm").arg(rounded(sizeMm.width()), rounded(sizeMm.height())));
+    printRow(InfoCommand::tr("Size as imported:"),
+             InfoCommand::tr("%1 x %2 mm").arg(rounded(sizeMm.width()), rounded(sizeMm.height())));
 }
 
 void printLosses(const PltReport &report)
 {
-    printLines(QStringLiteral("Skipped lines:"), report.skippedLines, report.skipped);
-    printLines(QStringLiteral("Ill-formed lines:"), report.illFormedLines, report.problems);
+    printLines(InfoCommand::tr("Skipped lines:"), report.skippedLines, report.skipped);
+    printLines(InfoCommand::tr("Ill-formed lines:"), report.illFormedLines, report.problems);
     printMore(report.illFormedLines, report.problems.size());
 }
 
 } // namespace
 
 InfoCommand::InfoCommand(CLI::App &app)
-    : command(app.add_subcommand("info", "Tell what is in a plotter drawing, and what of it is "
-                                         "lost on import"))
+    : command(app.add_subcommand(
+          "info",
+          tr("Tell what is in a plotter drawing, and what of it is lost on import").toStdString()))
 {
-    command->add_option("FILE", file, "Plotter drawing; - reads standard input")
+    command->add_option("FILE", file, tr("Plotter drawing; - reads standard input").toStdString())
         ->required()
         ->type_name("");
-    command->footer("Skipped lines are no pen moves and change nothing. Ill-formed lines are pen "
-                    "moves\nthat lose something: mend them in the file.");
+    command->footer(tr("Skipped lines are no pen moves and change nothing. Ill-formed lines are "
+                       "pen moves\nthat lose something: mend them in the file.")
+                        .toStdString());
 }
 
 bool InfoCommand::isChosen() const { return command->parsed(); }

@@ -2,11 +2,15 @@
 
 #include <CLI/App.hpp>
 
+#include <QtCore/QCoreApplication>
+
 #include <string>
 
 /** `ztmark info`: what is in a file, and what of it is lost. */
 class InfoCommand
 {
+    Q_DECLARE_TR_FUNCTIONS(InfoCommand)
+
 public:
     explicit InfoCommand(CLI::App &app);
 

@@ -29,14 +29,14 @@ bool openDevice(QFile &file, bool standardInput, QString *error)
 {
     if (standardInput)
         return file.open(stdin, QIODevice::ReadOnly) ||
-               fail(error, QStringLiteral("cannot be read: %1").arg(file.errorString()));
+               fail(error, DrawingInput::tr("cannot be read: %1").arg(file.errorString()));
     const QFileInfo info(file.fileName());
     if (!info.exists())
-        return fail(error, QStringLiteral("no such file"));
+        return fail(error, DrawingInput::tr("no such file"));
     if (info.isDir())
-        return fail(error, QStringLiteral("is a folder"));
+        return fail(error, DrawingInput::tr("is a folder"));
     if (!file.open(QIODevice::ReadOnly))
-        return fail(error, QStringLiteral("cannot be read: %1").arg(file.errorString()));
+        return fail(error, DrawingInput::tr("cannot be read: %1").arg(file.errorString()));
     return true;
 }
 
@@ -44,20 +44,20 @@ bool isBinary(const QByteArray &bytes) { return bytes.left(kBinaryProbe).contain
 
 QString tooLarge()
 {
-    return QStringLiteral("larger than %1 MiB, the limit for a drawing")
+    return DrawingInput::tr("larger than %1 MiB, the limit for a drawing")
         .arg(DrawingInput::kMaxBytes / (1024 * 1024));
 }
 
-QString binary() { return QStringLiteral("holds binary data, not a plotter drawing"); }
+QString binary() { return DrawingInput::tr("holds binary data, not a plotter drawing"); }
 
 /** Why a drawing that was read shows nothing, with the first line that may be to blame. */
 QString nothingToDraw(const PltReport &report)
 {
-    QString reason = QStringLiteral("nothing to draw: all points lie at one height");
+    QString reason = DrawingInput::tr("nothing to draw: all points lie at one height");
     if (report.points == 0)
-        reason = QStringLiteral("no plotter drawing: not one PU or PD line with a point");
+        reason = DrawingInput::tr("no plotter drawing: not one PU or PD line with a point");
     else if (report.polylines == 0)
-        reason = QStringLiteral("nothing to draw: no PD line leads from one point to another");
+        reason = DrawingInput::tr("nothing to draw: no PD line leads from one point to another");
     if (!report.problems.isEmpty())
         reason += QStringLiteral(" (%1)").arg(DrawingInput::describe(report.problems.first()));
     return reason;
@@ -70,18 +70,18 @@ DrawingInput::~DrawingInput() = default;
 
 QString DrawingInput::describe(const PltProblem &problem)
 {
-    return QStringLiteral("line %1: %2").arg(problem.line).arg(problem.text);
+    return tr("line %1: %2").arg(problem.line).arg(problem.text);
 }
 
 bool DrawingInput::open(const QString &name, QString *error)
 {
     if (name.isEmpty())
-        return fail(error, QStringLiteral("is no file name"));
+        return fail(error, tr("is no file name"));
     QByteArray bytes;
     if (!readAll(name, &bytes, error))
         return false;
     if (bytes.isEmpty())
-        return fail(error, QStringLiteral("is empty"));
+        return fail(error, tr("is empty"));
     if (isBinary(bytes))
         return fail(error, binary());
     contents = PltCheck::inspect(bytes);
@@ -116,7 +116,7 @@ bool DrawingInput::readAll(const QString &name, QByteArray *bytes, QString *erro
             return fail(error, tooLarge());
     }
     if (file.error() != QFileDevice::NoError)
-        return fail(error, QStringLiteral("cannot be read: %1").arg(file.errorString()));
+        return fail(error, tr("cannot be read: %1").arg(file.errorString()));
     return true;
 }
 
@@ -124,8 +124,7 @@ bool DrawingInput::keepCopy(const QByteArray &bytes, QString *error)
 {
     copy = std::make_unique<QTemporaryFile>(QDir::tempPath() + QStringLiteral("/drawing.XXXXXX"));
     if (!copy->open() || copy->write(bytes) != bytes.size() || !copy->flush())
-        return fail(error,
-                    QStringLiteral("no room for a temporary copy: %1").arg(copy->errorString()));
+        return fail(error, tr("no room for a temporary copy: %1").arg(copy->errorString()));
     path = copy->fileName();
     return true;
 }

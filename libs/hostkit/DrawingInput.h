@@ -2,6 +2,7 @@
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QTemporaryFile>
 
 #include <memory>
@@ -14,6 +15,8 @@ namespace hostkit {
  */
 class DrawingInput
 {
+    Q_DECLARE_TR_FUNCTIONS(hostkit::DrawingInput)
+
 public:
     /** Limit: no drawing larger than this is read; it would hold some 17 million points. */
     static constexpr qint64 kMaxBytes = qint64(256) * 1024 * 1024;

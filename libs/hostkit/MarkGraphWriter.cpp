@@ -1,10 +1,9 @@
 #include <hostkit/MarkGraphWriter.h>
 
 #include <hostkit/MarkGraphForms_p.h>
+#include <hostkit/WholeFile_p.h>
 
-#include <QtCore/QDir>
-#include <QtCore/QFileInfo>
-#include <QtCore/QSaveFile>
+#include <QtCore/QCoreApplication>
 
 #include <array>
 
@@ -45,22 +44,15 @@ const Form *formOf(const QString &path)
     return nullptr;
 }
 
-bool fail(QString *error, const QString &reason)
+struct Texts
 {
-    if (error != nullptr)
-        *error = reason;
-    return false;
-}
+    Q_DECLARE_TR_FUNCTIONS(hostkit::MarkGraphWriter)
+};
 
 QString unknownExtension()
 {
-    return QStringLiteral("unknown form, the name must end in one of %1")
+    return Texts::tr("unknown form, the name must end in one of %1")
         .arg(markGraphExtensions().join(QStringLiteral(", ")));
-}
-
-QString cannotWrite(const QSaveFile &file)
-{
-    return QStringLiteral("cannot be written: %1").arg(file.errorString());
 }
 
 } // namespace
@@ -79,25 +71,13 @@ bool saveMarkGraph(const ZTMarkGraph &graph, const MarkUnits &units, const QStri
                    QString *error)
 {
     const Form *form = formOf(path);
-    if (form == nullptr)
-        return fail(error, unknownExtension());
-    // Asked first because a file saved through a temporary one names that one in its own reasons.
-    const QFileInfo target(path);
-    if (target.isDir())
-        return fail(error, QStringLiteral("is a folder"));
-    if (!target.dir().exists())
-        return fail(error, QStringLiteral("the folder does not exist"));
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return fail(error, cannotWrite(file));
-    const bool written = form->write(graph, units, file);
-    if (!written && file.error() == QFileDevice::NoError) {
-        file.cancelWriting();
-        return fail(error, QStringLiteral("the picture could not be made"));
+    if (form == nullptr) {
+        if (error != nullptr)
+            *error = unknownExtension();
+        return false;
     }
-    if (!file.commit())
-        return fail(error, cannotWrite(file));
-    return true;
+    return saveWhole(
+        path, [&](QIODevice &device) { return form->write(graph, units, device); }, error);
 }
 
 } // namespace hostkit

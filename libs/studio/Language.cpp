@@ -8,7 +8,11 @@
 
 // In no namespace, as the macro demands. Without it a linker drops the resources of a static
 // library.
-static void initializeCatalogue() { Q_INIT_RESOURCE(studio_zh); }
+static void initializeCatalogues()
+{
+    Q_INIT_RESOURCE(studio_zh);
+    Q_INIT_RESOURCE(hostkit_zh);
+}
 
 namespace studio {
 
@@ -50,7 +54,7 @@ bool isSystemChinese()
 
 Language::Language() : chosen(rememberedChoice())
 {
-    initializeCatalogue();
+    initializeCatalogues();
     apply();
 }
 
@@ -79,6 +83,7 @@ void Language::apply()
         return;
     load(QStringLiteral("qtbase_zh_CN"), QLibraryInfo::location(QLibraryInfo::TranslationsPath));
     load(QStringLiteral("ZTDrawEngineLib_zh"), QStringLiteral(":/"));
+    load(QStringLiteral("hostkit_zh"), QStringLiteral(":/"));
     load(QStringLiteral("studio_zh"), QStringLiteral(":/"));
 }
 

@@ -15,8 +15,10 @@ from project import ENGINE, LIBRARIES, LIBS, ROOT, finish
 # Each catalogue, and the folders whose texts it holds.
 CATALOGUES = {
     ENGINE / "resources" / "ZTDrawEngineLib_zh.ts": [LIBS / library for library in LIBRARIES],
-    LIBS / "studio" / "resources" / "studio_zh.ts":
-        [LIBS / "studio", LIBS / "hostkit", ROOT / "apps" / "studio"],
+    LIBS / "hostkit" / "resources" / "hostkit_zh.ts": [LIBS / "hostkit"],
+    LIBS / "studio" / "resources" / "studio_zh.ts": [LIBS / "studio", ROOT / "apps" / "studio"],
+    ROOT / "apps" / "ztmark" / "resources" / "ztmark_zh.ts":
+        [ROOT / "apps" / "ztmark", ROOT / "apps" / "common"],
 }
 
 # The studio's table of commands marks its texts with TEXT.

@@ -41,6 +41,18 @@ private Q_SLOTS:
         QCOMPARE(run.exitCode, 0);
     }
 
+    void lostLines_areListedInChinese()
+    {
+        const ZtmarkRun run = runZtmark(
+            {QStringLiteral("info"), QStringLiteral("half.plt"), QStringLiteral("--language=zh")},
+            cliData());
+        QVERIFY2(run.out.contains(QStringLiteral("  第 1 行：已跳过 \"IN;\"\n")),
+                 qPrintable(run.out));
+        QVERIFY2(run.out.contains(QStringLiteral("  第 4 行：没有坐标点：\"PU10,20;\"\n")),
+                 qPrintable(run.out));
+        QCOMPARE(run.exitCode, 0);
+    }
+
     void manyLostLines_areListedInPart()
     {
         QByteArray drawing("PU0 0;\nPD100 50;\n");

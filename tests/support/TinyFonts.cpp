@@ -50,11 +50,16 @@ void emptyFontFolder()
     ZTShxFontManager::release();
 }
 
+void writeTinyFonts(const QString &folder)
+{
+    writeFile(folder + QStringLiteral("/tiny.shx"), regularFont().shapes());
+    writeFile(folder + QStringLiteral("/tinybig.shx"), bigFont().bigfont());
+}
+
 void makeTinyFonts()
 {
     emptyFontFolder();
-    writeFile(fontFolder() + QStringLiteral("/tiny.shx"), regularFont().shapes());
-    writeFile(fontFolder() + QStringLiteral("/tinybig.shx"), bigFont().bigfont());
+    writeTinyFonts(fontFolder());
     ZTShxFontManager::regFonts();
 }
 

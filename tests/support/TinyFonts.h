@@ -7,6 +7,9 @@ namespace testsupport {
 /** Empties the folder "font" beside the program, and makes the font manager forget its fonts. */
 void emptyFontFolder();
 
+/** Writes "tiny.shx" and "tinybig.shx" into a folder; `makeTinyFonts` tells their glyphs. */
+void writeTinyFonts(const QString &folder);
+
 /**
  * Fills the font folder with "tiny.shx" and "tinybig.shx" alone, and lets the manager scan it.
  *

@@ -33,6 +33,29 @@
     </message>
 </context>
 <context>
+    <name>PltCheck</name>
+    <message>
+        <source>no point in %1</source>
+        <translation>没有坐标点：%1</translation>
+    </message>
+    <message>
+        <source>not a whole number, taken as 0, in %1</source>
+        <translation>不是整数，按 0 处理：%1</translation>
+    </message>
+    <message>
+        <source>only the first point is read of %1</source>
+        <translation>只读取第一个点：%1</translation>
+    </message>
+    <message>
+        <source>only the first command is read of %1</source>
+        <translation>只读取第一条命令：%1</translation>
+    </message>
+    <message>
+        <source>skipped %1</source>
+        <translation>已跳过 %1</translation>
+    </message>
+</context>
+<context>
     <name>QtBoolEdit</name>
     <message>
         <source>True</source>

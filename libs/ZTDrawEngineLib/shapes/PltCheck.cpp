@@ -3,9 +3,17 @@
 #include <ZTDrawEngineLib/shapes/PltLine_p.h>
 #include <ZTDrawEngineLib/shapes/ZTPltDrawing_p.h>
 
+#include <QtCore/QCoreApplication>
+
 namespace {
 
 constexpr int kShownCharacters = 60;
+
+/** Texts of this file for the catalogue. */
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(PltCheck)
+};
 
 /** The line as a person can read it: one row, of bounded length, in quotes. */
 QString quoted(const QString &text)
@@ -27,13 +35,13 @@ QString describe(PltFlaw flaw, const QString &text)
     case PltFlaw::None:
         break;
     case PltFlaw::NoPoint:
-        return QStringLiteral("no point in ") + quoted(text);
+        return Texts::tr("no point in %1").arg(quoted(text));
     case PltFlaw::NoNumber:
-        return QStringLiteral("not a whole number, taken as 0, in ") + quoted(text);
+        return Texts::tr("not a whole number, taken as 0, in %1").arg(quoted(text));
     case PltFlaw::MoreParts:
-        return QStringLiteral("only the first point is read of ") + quoted(text);
+        return Texts::tr("only the first point is read of %1").arg(quoted(text));
     case PltFlaw::RestOfLine:
-        return QStringLiteral("only the first command is read of ") + quoted(text);
+        return Texts::tr("only the first command is read of %1").arg(quoted(text));
     }
     return {};
 }
@@ -75,7 +83,7 @@ private:
             return;
         const QString text = pltLineText(bytes.cbegin(), bytes.cend());
         if (!text.trimmed().isEmpty())
-            report.skipped.append({report.lines, QStringLiteral("skipped ") + quoted(text)});
+            report.skipped.append({report.lines, Texts::tr("skipped %1").arg(quoted(text))});
     }
 
     void listProblem(PltFlaw flaw, const QByteArray &bytes)

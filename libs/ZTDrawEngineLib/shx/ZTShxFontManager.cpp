@@ -39,6 +39,7 @@ void ZTShxFontManager::release()
     manager.m_bigFonts.clear();
     manager.m_fontPaths.clear();
     manager.m_scanned.clear();
+    manager.m_moreFolders.clear();
 }
 
 const std::vector<std::string> &ZTShxFontManager::regFonts()
@@ -73,9 +74,24 @@ ZTShxParser *ZTShxFontManager::getFont(std::string name, int height)
     return parser.get();
 }
 
+void ZTShxFontManager::addFolder(const QString &folder)
+{
+    ZTShxFontManager &manager = *getInstance();
+    manager.m_moreFolders.append(folder);
+    manager.m_regFonts.clear();
+    manager.m_bigFonts.clear();
+}
+
 void ZTShxFontManager::findFontFile()
 {
-    QDir folder(QCoreApplication::applicationDirPath() + QStringLiteral("/font"));
+    findFontFile(QCoreApplication::applicationDirPath() + QStringLiteral("/font"));
+    for (const QString &folder : m_moreFolders)
+        findFontFile(folder);
+}
+
+void ZTShxFontManager::findFontFile(const QString &folderPath)
+{
+    QDir folder(folderPath);
     folder.setFilter(QDir::Files | QDir::Hidden | QDir::NoSymLinks);
     folder.setSorting(QDir::Size | QDir::Reversed);
     folder.setNameFilters({QStringLiteral("*.shx")});

@@ -2,6 +2,7 @@
 
 #include <ZTDrawEngineLib/shx/ZTShxParser.h>
 
+#include <QtCore/QStringList>
 #include <QtCore/QtGlobal>
 
 #include <map>
@@ -12,8 +13,8 @@
 class QFileInfo;
 
 /**
- * The stroke fonts in the folder "font" beside the program: lists them by kind, and keeps one
- * loaded parser per file.
+ * The stroke fonts in the folder "font" beside the program, and in others that a host adds: lists
+ * them by kind, and keeps one loaded parser per file.
  *
  * Names are file names with their extension, in the local 8-bit encoding.
  * Order: GUI thread only. `regFonts` and `bigFonts` scan the folder; `getFont` knows what a scan
@@ -60,6 +61,13 @@ public:
      */
     static ZTShxParser *getFont(std::string name, int height);
 
+    /**
+     * Scans this folder as well from now on, behind the one beside the program and the folders
+     * added before; the lists are made anew. Of fonts with one name, the one added last is loaded,
+     * unless the name is loaded already. Until `release`.
+     */
+    static void addFolder(const QString &folder);
+
 private:
     /** What a scan learned of a file, good while the file's size and times stay. */
     struct ScannedFile
@@ -74,6 +82,7 @@ private:
     ZTShxFontManager();
 
     void findFontFile();
+    void findFontFile(const QString &folderPath);
     SHX_TYPE typeOf(const QFileInfo &file, const std::string &path);
     std::shared_ptr<ZTShxParser> newParser(const std::string &name);
 
@@ -82,5 +91,6 @@ private:
     std::vector<std::string> m_bigFonts;
     std::map<std::string, std::string> m_fontPaths; ///< of every file seen, by file name
     std::map<std::string, ScannedFile> m_scanned;   ///< by path
+    QStringList m_moreFolders;                      ///< scanned behind the one beside the program
     FontMap m_released; ///< emptied parsers that somebody may still point at, by file name
 };

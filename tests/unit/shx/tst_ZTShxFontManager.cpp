@@ -8,6 +8,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 
 #include <sys/inotify.h>
@@ -65,6 +66,40 @@ private Q_SLOTS:
         QVERIFY(QFile::link(path("font.shx"), path("link.shx")));
         QVERIFY(fontFolder().mkdir(QStringLiteral("folder.shx")));
         QCOMPARE(ZTShxFontManager::regFonts(), (Names{".hidden.shx", "font.shx"}));
+    }
+
+    void addedFolders_areScannedBehindTheFontFolder()
+    {
+        write("own.shx", writerOf(90).shapes());
+        write("own-big.shx", writerOf(90).bigfont());
+        QVERIFY(ZTShxFontManager::bigFonts() == Names{"own-big.shx"});
+        const QTemporaryDir more;
+        testsupport::writeFile(more.filePath(QStringLiteral("more.shx")), writerOf(1).shapes());
+        testsupport::writeFile(more.filePath(QStringLiteral("more-big.shx")),
+                               writerOf(1).bigfont());
+        ZTShxFontManager::addFolder(more.path());
+        QCOMPARE(ZTShxFontManager::regFonts(), (Names{"own.shx", "more.shx"}));
+        QCOMPARE(ZTShxFontManager::bigFonts(), (Names{"own-big.shx", "more-big.shx"}));
+        QVERIFY(ZTShxFontManager::getFont("more.shx", 1)->GetType() == SHX_TYPE::SHX_SHAPES);
+        ZTShxFontManager::release();
+        QCOMPARE(ZTShxFontManager::regFonts(), Names{"own.shx"});
+    }
+
+    void addedFolder_bringsTheFontThatIsLoaded_ofTwoWithOneName()
+    {
+        write("font.shx", writerOf(1).shapes());
+        const QTemporaryDir more;
+        testsupport::writeFile(more.filePath(QStringLiteral("font.shx")), writerOf(1).unifont());
+        ZTShxFontManager::addFolder(more.path());
+        QCOMPARE(ZTShxFontManager::regFonts(), (Names{"font.shx", "font.shx"}));
+        QVERIFY(ZTShxFontManager::getFont("font.shx", 1)->GetType() == SHX_TYPE::SHX_UNIFONT);
+    }
+
+    void addedFolderThatIsMissing_addsNothing()
+    {
+        write("font.shx", writerOf(1).shapes());
+        ZTShxFontManager::addFolder(QStringLiteral("/none"));
+        QCOMPARE(ZTShxFontManager::regFonts(), Names{"font.shx"});
     }
 
     void missingFolder_givesEmptyLists_silently()

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <CLI/App.hpp>
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QStringList>
+
+#include <string>
+#include <vector>
+
+/** `ztmark font`: which fonts there are, what is in a stroke font, and how it looks. */
+class FontCommand
+{
+    Q_DECLARE_TR_FUNCTIONS(FontCommand)
+
+public:
+    explicit FontCommand(CLI::App &app);
+
+    bool isChosen() const; ///< valid after the command line was parsed
+    int run();
+
+private:
+    void addList();
+    void addInfo();
+    void addSheet();
+    void addFile(CLI::App *part);
+    void addFolders(CLI::App *part);
+    int list() const;
+    int info() const;
+    int sheet() const;
+    bool listStrokeFonts() const;
+    QStringList folders() const;
+    QString fontPath() const;
+
+    CLI::App *command; ///< this and the next three: owned by the application
+    CLI::App *listCommand = nullptr;
+    CLI::App *infoCommand = nullptr;
+    CLI::App *sheetCommand = nullptr;
+    std::string file;
+    std::vector<std::string> moreFolders;
+    std::vector<std::string> outputs;
+    bool systemFonts = false;
+    bool quiet = false;
+};

@@ -1,0 +1,190 @@
+#include "JobArguments.h"
+
+#include "Console.h"
+
+#include "Progress.h"
+#include "Usage.h"
+
+#include <hostkit/MarkGraphWriter.h>
+
+#include <CLI/CLI.hpp>
+
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+
+#include <algorithm>
+#include <map>
+
+using usage::addValue;
+using usage::chosen;
+
+namespace {
+
+const std::map<std::string, FillType> kHatches{
+    {"none", FillType::None}, {"line", FillType::Line}, {"zigzag", FillType::ULine}};
+
+const std::map<std::string, EShapeSortType> kOrders{
+    {"none", EShapeSortType::ShapeSortNone},      {"nearest", EShapeSortType::ShapeSortNearest},
+    {"x-min", EShapeSortType::ShapeSortXFromMin}, {"x-max", EShapeSortType::ShapeSortXFromMax},
+    {"y-min", EShapeSortType::ShapeSortYFromMin}, {"y-max", EShapeSortType::ShapeSortYFromMax}};
+
+constexpr int kLabelWidth = 15;
+
+QString millimetres(double length)
+{
+    return QString::number(length, 'f', 3) + QStringLiteral(" mm");
+}
+
+/** Why the output cannot be written; empty when nothing is known to stand against it. */
+QString obstacleTo(const QFileInfo &output, const std::vector<std::string> &inputs)
+{
+    if (output.isDir())
+        return JobArguments::tr("is a folder");
+    if (!output.dir().exists())
+        return JobArguments::tr("the folder does not exist");
+    const auto isOutput = [&output](const std::string &input) {
+        return input != "-" && output.exists() &&
+               QFileInfo(QString::fromStdString(input)) == output;
+    };
+    if (std::any_of(inputs.begin(), inputs.end(), isOutput))
+        return JobArguments::tr("would overwrite the drawing it is made of");
+    return {};
+}
+
+/** Empty for a name whose extension tells a form; else what is wrong with it. */
+std::string checkExtension(const std::string &name)
+{
+    if (hostkit::hasMarkGraphExtension(QString::fromStdString(name)))
+        return {};
+    return JobArguments::tr("\"%1\" must end in one of %2")
+        .arg(QString::fromStdString(name),
+             hostkit::markGraphExtensions().join(QStringLiteral(", ")))
+        .toStdString();
+}
+
+} // namespace
+
+JobArguments::JobArguments(CLI::App *owner) : command(owner) {}
+
+void JobArguments::addOutputs()
+{
+    command
+        ->add_option("-o,--output", outputs,
+                     tr("Write the paths to a file; its extension says how: .svg or .png\n"
+                        "a picture, .json or .csv the paths. Can be given several times")
+                         .toStdString())
+        ->type_name("OUT")
+        ->allow_extra_args(false)
+        ->check(CLI::Validator([](std::string &name) { return checkExtension(name); }, ""));
+    command->add_flag("-q,--quiet", quiet,
+                      tr("No summary and no progress; warnings stay").toStdString());
+}
+
+void JobArguments::addHatch()
+{
+    addValue(command, "--hatch", tr("Hatch style: none, line, or zigzag (lines joined end to end)"),
+             [this](const std::string &text) { options.hatch = chosen(kHatches, text); })
+        ->type_name("STYLE")
+        ->default_str("none");
+    addValue(
+        command, "--spacing", tr("Distance of the hatch lines on the marked result"),
+        [this](const std::string &text) { options.spacingMm = arguments::positiveLengthMm(text); })
+        ->type_name("LENGTH")
+        ->default_str("0.5mm");
+    addValue(command, "--angle", tr("Direction of the hatch lines, -360 to 360"),
+             [this](const std::string &text) {
+                 options.angleDeg = arguments::number(text, -360.0, 360.0);
+             })
+        ->type_name("DEGREES")
+        ->default_str("0");
+    command->add_flag(
+        "--no-outline", [this](std::int64_t) { options.outline = false; },
+        tr("Mark the hatch alone, without the outlines").toStdString());
+}
+
+void JobArguments::addLayout()
+{
+    addValue(command, "--order",
+             tr("Order of the objects: none, nearest, or a sweep x-min, x-max, y-min,\ny-max from "
+                "that side"),
+             [this](const std::string &text) { options.order = chosen(kOrders, text); })
+        ->type_name("ORDER")
+        ->default_str("none");
+    addValue(command, "--matrix", tr("Repeat the layout in columns x rows"),
+             [this](const std::string &text) {
+                 const QSize size = arguments::matrix(text);
+                 options.columns = size.width();
+                 options.rows = size.height();
+             })
+        ->type_name("CxR")
+        ->default_str("1x1");
+    addValue(command, "--gap", tr("Space between copies and objects, across and down"),
+             [this](const std::string &text) { options.gapMm = arguments::gapMm(text); })
+        ->type_name("LENGTH[,LENGTH]")
+        ->default_str("2mm,2mm");
+    addValue(command, "--rotate", tr("Turn each object, -360 to 360"),
+             [this](const std::string &text) {
+                 options.rotateDeg = arguments::number(text, -360.0, 360.0);
+             })
+        ->type_name("DEGREES")
+        ->default_str("0");
+}
+
+void JobArguments::checkTogether() const
+{
+    if (!options.outline && options.hatch == FillType::None)
+        usage::refuse("--no-outline", tr("nothing to mark without --hatch line or zigzag"));
+}
+
+bool JobArguments::canWrite(const std::vector<std::string> &outputNames,
+                            const std::vector<std::string> &inputs) const
+{
+    for (const std::string &output : outputNames) {
+        const QString obstacle = obstacleTo(QFileInfo(QString::fromStdString(output)), inputs);
+        if (!obstacle.isEmpty()) {
+            console::complain(output, obstacle);
+            return false;
+        }
+    }
+    return true;
+}
+
+bool JobArguments::write(const ZTMarkGraph &graph, const std::vector<std::string> &outputNames,
+                         Progress &progress) const
+{
+    bool written = true;
+    for (const std::string &output : outputNames) {
+        const QString path = QString::fromStdString(output);
+        progress.begin(tr("writing %1").arg(path));
+        QString error;
+        if (hostkit::saveMarkGraph(graph, hostkit::MarkUnits::current(), path, &error))
+            continue;
+        progress.finish();
+        console::complain(output, error);
+        written = false;
+    }
+    return written;
+}
+
+void JobArguments::warnOfEmptyHatch(const hostkit::MarkPathMeasure &measure) const
+{
+    if (options.hatch != FillType::None && measure.hatchSegments == 0)
+        console::complain(
+            tr("warning: the hatch is empty: no line meets the drawing").toStdString());
+}
+
+void JobArguments::printRow(const QString &name, const QString &value)
+{
+    console::printRow(name, value, kLabelWidth);
+}
+
+void JobArguments::printSummary(const hostkit::MarkPathMeasure &before,
+                                const hostkit::MarkPathMeasure &after)
+{
+    printRow(tr("Objects:"), QString::number(after.objects));
+    printRow(tr("Polylines:"), QString::number(after.polylines));
+    printRow(tr("Hatch segments:"), QString::number(after.hatchSegments));
+    printRow(tr("Mark length:"), millimetres(after.markMm));
+    printRow(tr("Jump length:"), tr("%1 before ordering, %2 after")
+                                     .arg(millimetres(before.jumpMm), millimetres(after.jumpMm)));
+}

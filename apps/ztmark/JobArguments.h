@@ -1,0 +1,50 @@
+#pragma once
+
+#include <hostkit/MarkJob.h>
+
+#include <CLI/App.hpp>
+
+#include <QtCore/QCoreApplication>
+
+#include <string>
+#include <vector>
+
+class Progress;
+
+/** What all commands that make mark paths share: hatch, layout, outputs and the summary. */
+class JobArguments
+{
+    Q_DECLARE_TR_FUNCTIONS(JobArguments)
+
+public:
+    explicit JobArguments(CLI::App *command);
+
+    void addOutputs();
+    void addHatch();
+    void addLayout();
+
+    /** Throws a usage error for options that contradict each other. */
+    void checkTogether() const;
+
+    /** Finds what would fail in the end, or destroy an input, before the work begins. */
+    bool canWrite(const std::vector<std::string> &outputNames,
+                  const std::vector<std::string> &inputs) const;
+
+    /** Writes the paths; a file that fails does not keep the others from being written. */
+    bool write(const ZTMarkGraph &graph, const std::vector<std::string> &outputNames,
+               Progress &progress) const;
+
+    void warnOfEmptyHatch(const hostkit::MarkPathMeasure &measure) const;
+    static void printSummary(const hostkit::MarkPathMeasure &before,
+                             const hostkit::MarkPathMeasure &after);
+
+    /** A line of a summary. */
+    static void printRow(const QString &name, const QString &value);
+
+    hostkit::MarkJobOptions options;
+    std::vector<std::string> outputs;
+    bool quiet = false;
+
+private:
+    CLI::App *command; ///< owned by the application it was added to
+};

@@ -1,0 +1,457 @@
+#include "TextCommand.h"
+
+#include "Console.h"
+#include "Progress.h"
+#include "Usage.h"
+
+#include <hostkit/StrokeFont.h>
+
+#include <CLI/CLI.hpp>
+
+#include <QtCore/QFileInfo>
+#include <QtGui/QFontDatabase>
+#include <QtWidgets/QApplication>
+
+#include <algorithm>
+
+using usage::addValue;
+
+namespace {
+
+constexpr int kMaxParts = 10000;
+constexpr int kLeastDigits = 4;
+constexpr double kUsualLineSpacing = 0.3; // of the text height
+constexpr double kTopDeg = -90.0;
+constexpr int kMostCharactersNamed = 20;
+
+QString millimetres(double length) { return QString::number(length, 'f', 3); }
+
+/** "é" (U+00E9), ... */
+QString named(const QStringList &characters)
+{
+    QStringList names;
+    for (const QString &character : characters.mid(0, kMostCharactersNamed))
+        names << QStringLiteral("\"%1\" (U+%2)")
+                     .arg(character, QString::number(character.toUcs4().first(), 16)
+                                         .toUpper()
+                                         .rightJustified(4, QLatin1Char('0')));
+    const int more = characters.size() - names.size();
+    if (more > 0)
+        names << TextCommand::tr("and %1 more").arg(more);
+    return names.join(QStringLiteral(", "));
+}
+
+/** Families of several makers are listed with their maker, "Nimbus Sans [urw]". */
+bool isSystemFont(const QString &family)
+{
+    const QStringList families = QFontDatabase().families();
+    return std::any_of(families.begin(), families.end(), [&family](const QString &listed) {
+        return listed.compare(family, Qt::CaseInsensitive) == 0 ||
+               listed.startsWith(family + QStringLiteral(" ["), Qt::CaseInsensitive);
+    });
+}
+
+void addNew(QStringList *all, const QStringList &more)
+{
+    for (const QString &text : more) {
+        if (!all->contains(text))
+            all->append(text);
+    }
+}
+
+void addMeasure(hostkit::MarkPathMeasure *sum, const hostkit::MarkPathMeasure &more)
+{
+    sum->objects += more.objects;
+    sum->polylines += more.polylines;
+    sum->hatchSegments += more.hatchSegments;
+    sum->markMm += more.markMm;
+    sum->jumpMm += more.jumpMm;
+}
+
+QRectF markedRect(const ZTMarkGraph &graph)
+{
+    QRectF rectMark;
+    for (const ZTMarkObject &object : graph.objects) {
+        for (const QPolygonF &polygon : object.lines)
+            rectMark |= polygon.boundingRect();
+        for (const QLineF &line : object.fillLines)
+            rectMark |= QRectF(line.p1(), line.p2()).normalized();
+    }
+    return rectMark;
+}
+
+} // namespace
+
+TextCommand::TextCommand(CLI::App &app)
+    : command(app.add_subcommand("text", tr("Turn texts into ordered mark paths").toStdString())),
+      job(command)
+{
+    addTexts();
+    job.addOutputs();
+    addFont();
+    addArc();
+    addSerial();
+    job.addHatch();
+    job.addLayout();
+    command->final_callback([this] { checkTogether(); });
+    command->footer(
+        tr("Several texts stand side by side, a gap apart, each one object. In a text, \\n begins "
+           "a new\n"
+           "line, {serial} or {} is the place of the serial number and {date} or "
+           "{date:yyyy-MM-dd}\n"
+           "that of the date; \\\\ is a backslash and \\{ a brace.\n"
+           "\n"
+           "Stroke fonts are drawn in single strokes and are not hatched. On an arc the letters of "
+           "a\n"
+           "stroke font hang by their upper left corners, each height of letter from a circle of "
+           "its\n"
+           "own; those of a system font are centred on one circle. --order x-min also brings the\n"
+           "strokes of a text in order from left to right.\n"
+           "\n"
+           "With --count, part 3 of OUT.svg is written to OUT-0003.svg.\n"
+           "\n"
+           "Examples:\n"
+           "  ztmark text \"ABC 123\" --font-pair hershey-simplex.shx,gb-strokes.shx -o abc.svg\n"
+           "  ztmark text \"SN-{serial}\" --serial start=1,width=4 --count 50 -o sn.svg")
+            .toStdString());
+}
+
+void TextCommand::addTexts()
+{
+    // "[A,B]" would be taken apart where extra arguments are allowed, so all are expected ones;
+    // and the texts are read raw afterwards, because a conversion has its own idea of "{}".
+    const int any = CLI::detail::expected_max_vector_size;
+    const auto ignore = [](const std::vector<std::string> &) {};
+    typed = command
+                ->add_option_function<std::vector<std::string>>("TEXT", ignore,
+                                                                tr("Texts to mark").toStdString())
+                ->type_name("")
+                ->expected(any, any)
+                ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+                ->allow_extra_args(false);
+}
+
+void TextCommand::addFont()
+{
+    const auto setPair = [this](const std::string &text) {
+        const QString pair = arguments::text(text);
+        regularFont = pair.section(QLatin1Char(','), 0, 0).trimmed();
+        bigFont = pair.section(QLatin1Char(','), 1).trimmed();
+        if (regularFont.isEmpty())
+            arguments::refuse(text, tr("\"%1\" names no font, write REGULAR.shx,BIG.shx"));
+    };
+    addValue(command, "--font-pair",
+             tr("Stroke fonts, the big one for Chinese; without it the first one found"), setPair)
+        ->type_name("REG.shx[,BIG.shx]");
+    addValue(command, "--font", tr("Family of a system font; else the system's usual font"),
+             [this](const std::string &text) {
+                 family = arguments::text(text);
+                 if (family.isEmpty())
+                     arguments::refuse(text, tr("\"%1\" names no font"));
+             })
+        ->type_name("FAMILY");
+    command
+        ->add_option_function<std::vector<std::string>>(
+            "--font-dir",
+            [this](const std::vector<std::string> &folders) {
+                for (const std::string &folder : folders)
+                    fontFolders << QString::fromStdString(folder);
+            },
+            tr("More stroke fonts than those in the folder font beside the program").toStdString())
+        ->type_name("DIR")
+        ->allow_extra_args(false);
+    addValue(
+        command, "--height",
+        tr("Text height: the width of \"W\" and of a Chinese character in stroke\nfonts, the "
+           "em of a system font"),
+        [this](const std::string &text) { options.heightMm = arguments::positiveLengthMm(text); })
+        ->type_name("LENGTH")
+        ->default_str("10mm");
+    addValue(command, "--char-spacing", tr("Space added between characters"),
+             [this](const std::string &text) { options.charSpacingMm = arguments::lengthMm(text); })
+        ->type_name("LENGTH")
+        ->default_str("0");
+    addValue(command, "--line-spacing",
+             tr("Space between a line and the base line of the next, letters left\nout; 0.3 of "
+                "the height else"),
+             [this](const std::string &text) { lineSpacingMm = arguments::lengthMm(text); })
+        ->type_name("LENGTH");
+}
+
+void TextCommand::addArc()
+{
+    const auto angle = [this](const std::string &text) {
+        hasArcOption = true;
+        return arguments::number(text, -360.0, 360.0);
+    };
+    addValue(command, "--arc", tr("Run the text along a circle of this diameter"),
+             [this](const std::string &text) {
+                 options.arc.diameterMm = arguments::positiveLengthMm(text);
+             })
+        ->type_name("DIAMETER");
+    addValue(command, "--arc-start",
+             tr("Where the arc starts, 0 is three o'clock; else it is centred at the\ntop"),
+             [this, angle](const std::string &text) { arcStartDeg = angle(text); })
+        ->type_name("DEGREES");
+    addValue(command, "--arc-span",
+             tr("Angle that the characters share, -360 to 360, positive is clockwise"),
+             [this, angle](const std::string &text) { options.arc.spanDeg = angle(text); })
+        ->type_name("DEGREES")
+        ->default_str("90");
+}
+
+void TextCommand::addSerial()
+{
+    serial =
+        addValue(command, "--serial",
+                 tr("Serial number: start=1,step=1,last=99,width=4,base=10 or some of them;\nbase "
+                    "16 and 26 (letters) too. Without a place for it, it ends the last\ntext"),
+                 [this](const std::string &text) { counter = arguments::serial(text); })
+            ->type_name("COUNTER");
+    addValue(command, "--count", tr("Write so many parts, 1 to 10000, each with its own number"),
+             [this](const std::string &text) { count = arguments::count(text, 1, kMaxParts); })
+        ->type_name("N")
+        ->default_str("1");
+}
+
+bool TextCommand::isChosen() const { return command->parsed(); }
+
+void TextCommand::checkTogether()
+{
+    job.checkTogether();
+    if (!regularFont.isEmpty() && !family.isEmpty())
+        usage::refuse("--font", tr("cannot be given together with --font-pair"));
+    if (!regularFont.isEmpty() && job.options.hatch != FillType::None)
+        usage::refuse("--hatch", tr("stroke fonts are not hatched"));
+    checkArc();
+    readTexts();
+    checkOutputNames();
+}
+
+void TextCommand::checkArc() const
+{
+    if (options.arc.diameterMm == 0.0 && hasArcOption)
+        usage::refuse("--arc-start, --arc-span", tr("nothing without --arc"));
+    if (options.arc.diameterMm == 0.0)
+        return;
+    if (options.charSpacingMm > 0.0)
+        usage::refuse("--char-spacing", tr("nothing on an arc, --arc-span spreads the text"));
+    if (lineSpacingMm)
+        usage::refuse("--line-spacing", tr("nothing on an arc, its text is one line"));
+}
+
+/** Without a place for it, the serial number follows the last text. */
+void TextCommand::readTexts()
+{
+    std::vector<QVector<ZTVariantTextSegment>> all;
+    bool hasSerial = false;
+    for (const std::string &text : typed->results()) {
+        QString decoded;
+        try {
+            decoded = arguments::text(text);
+        } catch (const arguments::ArgumentError &error) {
+            throw CLI::ValidationError("TEXT", error.what);
+        }
+        const hostkit::TextPlaces places = hostkit::readTextPlaces(decoded, counter);
+        all.push_back(places.segments);
+        hasSerial = hasSerial || places.hasSerial;
+    }
+    if (all.empty() && serial->count() == 0)
+        throw CLI::RequiredError("TEXT");
+    if (serial->count() > 0 && !hasSerial) {
+        if (all.empty())
+            all.emplace_back();
+        all.back().append(counter);
+        hasSerial = true;
+    }
+    if (count > 1 && !hasSerial)
+        usage::refuse("--count", tr("all parts would be the same without --serial or {serial}"));
+    for (const QVector<ZTVariantTextSegment> &segments : all) {
+        texts.emplace_back();
+        if (!texts.back().setSegments(segments))
+            usage::refuse("TEXT", tr("has more than %1 places").arg(ZTVariantText::kMaxSegments));
+    }
+}
+
+void TextCommand::checkOutputNames() const
+{
+    QStringList paths;
+    for (const std::string &output : job.outputs) {
+        const QString path = QFileInfo(QString::fromStdString(output)).absoluteFilePath();
+        if (paths.contains(path))
+            usage::refuse("--output",
+                          tr("\"%1\" is named twice").arg(QString::fromStdString(output)));
+        paths << path;
+    }
+}
+
+int TextCommand::run()
+{
+    options.layout = job.options;
+    options.lineSpacingMm = lineSpacingMm.value_or(kUsualLineSpacing * options.heightMm);
+    options.arc.startDeg = arcStartDeg.value_or(kTopDeg - options.arc.spanDeg / 2.0);
+    if (!chooseFont() || !hasEnoughValues() || !job.canWrite(allOutputs(), {}))
+        return console::Failed;
+
+    Progress progress(!job.quiet);
+    Sum sum;
+    bool made = true;
+    for (int part = 1; made && part <= count; ++part)
+        made = makePart(part, &sum, progress);
+    progress.finish();
+    warn(sum);
+    if (made && !job.quiet)
+        printSummary(sum);
+    const bool printed = console::finishOutput();
+    return made && printed ? console::Done : console::Failed;
+}
+
+bool TextCommand::chooseFont()
+{
+    for (const QString &folder : qAsConst(fontFolders)) {
+        if (!QFileInfo(folder).isDir()) {
+            console::complain(folder.toStdString(), tr("no such folder"));
+            return false;
+        }
+        ZTShxFontManager::addFolder(folder);
+    }
+    if (regularFont.isEmpty())
+        return chooseSystemFont();
+    options.font.fontType = FontType::singleLine;
+    QString error;
+    const QStringList folders = QStringList{hostkit::strokeFontFolder()} + fontFolders;
+    if (hostkit::strokeFont(regularFont, bigFont, folders, &options.font.shxFont, &error))
+        return true;
+    console::complain(error.toStdString());
+    return false;
+}
+
+bool TextCommand::chooseSystemFont()
+{
+    options.font.fontType = FontType::doubleLine;
+    options.font.font = QApplication::font();
+    if (family.isEmpty())
+        return true;
+    if (!isSystemFont(family)) {
+        console::complain(tr("no system font %1, ztmark font list --system tells them")
+                              .arg(family)
+                              .toStdString());
+        return false;
+    }
+    options.font.font.setFamily(family);
+    return true;
+}
+
+/** Tried on copies: no part is written when the last one would have no number of its own. */
+bool TextCommand::hasEnoughValues() const
+{
+    if (count == 1)
+        return true;
+    for (ZTVariantText text : texts) {
+        for (int part = 0; part < count; ++part, text.update()) {
+            if (text.isExhausted()) {
+                console::complain(tr("the serial number ends after part %1 of %2")
+                                      .arg(part)
+                                      .arg(count)
+                                      .toStdString());
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+/** The files of one part: with several parts, the number stands before the extension. */
+std::vector<std::string> TextCommand::outputsOf(int part) const
+{
+    if (count == 1)
+        return job.outputs;
+    const int digits = std::max(kLeastDigits, QString::number(count).size());
+    const std::string number =
+        '-' + QString::number(part).rightJustified(digits, QLatin1Char('0')).toStdString();
+    std::vector<std::string> names = job.outputs;
+    for (std::string &name : names)
+        name.insert(name.rfind('.'), number);
+    return names;
+}
+
+std::vector<std::string> TextCommand::allOutputs() const
+{
+    std::vector<std::string> all;
+    for (int part = 1; part <= count; ++part) {
+        const std::vector<std::string> names = outputsOf(part);
+        all.insert(all.end(), names.begin(), names.end());
+    }
+    return all;
+}
+
+bool TextCommand::makePart(int part, Sum *sum, Progress &progress)
+{
+    if (count > 1)
+        progress.begin(tr("part %1 of %2").arg(part).arg(count));
+    else
+        options.layout.progress = [&progress](const QString &step) { progress.begin(step); };
+    hostkit::MarkJobResult result;
+    hostkit::MarkJobError error;
+    const bool built = hostkit::buildTextJob(&texts, options, &result, &error);
+    options.layout.progress = nullptr;
+    add(result, sum);
+    if (built)
+        return job.write(result.graph, outputsOf(part), progress);
+    progress.finish();
+    console::complain(error.reason.toStdString());
+    return false;
+}
+
+QStringList TextCommand::values() const
+{
+    QStringList shown;
+    for (const ZTVariantText &text : texts)
+        shown << text.getText();
+    return shown;
+}
+
+void TextCommand::add(const hostkit::MarkJobResult &result, Sum *sum) const
+{
+    addMeasure(&sum->before, result.before);
+    addMeasure(&sum->after, result.after);
+    const hostkit::MarkUnits units = hostkit::MarkUnits::current();
+    sum->sizeMm = markedRect(result.graph).size() / units.perMm;
+    if (sum->firstValues.isEmpty())
+        sum->firstValues = values();
+    sum->lastValues = values();
+    const hostkit::MissingCharacters missing =
+        hostkit::missingCharacters(sum->lastValues.join(QLatin1Char('\n')), options.font);
+    addNew(&sum->noGlyph, missing.noGlyph);
+    addNew(&sum->notEncoded, missing.notEncoded);
+}
+
+void TextCommand::warn(const Sum &sum) const
+{
+    if (!sum.notEncoded.isEmpty())
+        console::complain(tr("warning: not among the characters of stroke fonts, marked as \"?\": "
+                             "%1")
+                              .arg(named(sum.notEncoded))
+                              .toStdString());
+    if (!sum.noGlyph.isEmpty())
+        console::complain(
+            tr("warning: the font has no glyph for %1").arg(named(sum.noGlyph)).toStdString());
+    job.warnOfEmptyHatch(sum.after);
+}
+
+void TextCommand::printSummary(const Sum &sum) const
+{
+    const auto joined = [](const QStringList &parts) {
+        return QString(parts.join(QLatin1Char(' '))).replace(QLatin1Char('\n'), QLatin1Char(' '));
+    };
+    if (count > 1) {
+        JobArguments::printRow(tr("Parts:"), QString::number(count));
+        JobArguments::printRow(tr("First part:"), joined(sum.firstValues));
+        JobArguments::printRow(tr("Last part:"), joined(sum.lastValues));
+    } else {
+        JobArguments::printRow(tr("Size:"), tr("%1 x %2 mm")
+                                                .arg(millimetres(sum.sizeMm.width()),
+                                                     millimetres(sum.sizeMm.height())));
+    }
+    JobArguments::printSummary(sum.before, sum.after);
+}

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "JobArguments.h"
+
+#include <hostkit/TextJob.h>
+#include <hostkit/TextPlaces.h>
+
+#include <optional>
+#include <set>
+
+/** `ztmark text`: texts become ordered mark paths, one part or many with values of their own. */
+class TextCommand
+{
+    Q_DECLARE_TR_FUNCTIONS(TextCommand)
+
+public:
+    explicit TextCommand(CLI::App &app);
+
+    bool isChosen() const; ///< valid after the command line was parsed
+    int run();
+
+private:
+    /** What all parts came to. */
+    struct Sum
+    {
+        hostkit::MarkPathMeasure before;
+        hostkit::MarkPathMeasure after;
+        QSizeF sizeMm; ///< of the last part
+        QStringList firstValues;
+        QStringList lastValues;
+        QStringList noGlyph;
+        QStringList notEncoded;
+    };
+
+    void addTexts();
+    void addFont();
+    void addArc();
+    void addSerial();
+    void checkTogether();
+    void readTexts();
+    void checkArc() const;
+    void checkCount() const;
+    void checkOutputNames() const;
+    bool chooseFont();
+    bool chooseSystemFont();
+    bool hasEnoughValues() const;
+    std::vector<std::string> outputsOf(int part) const;
+    std::vector<std::string> allOutputs() const;
+    bool makePart(int part, Sum *sum, Progress &progress);
+    void add(const hostkit::MarkJobResult &result, Sum *sum) const;
+    void warn(const Sum &sum) const;
+    void printSummary(const Sum &sum) const;
+    QStringList values() const;
+
+    CLI::App *command;             ///< owned by the application it was added to
+    CLI::Option *typed = nullptr;  ///< the texts as they were typed; owned by the command
+    CLI::Option *serial = nullptr; ///< owned by the command
+    JobArguments job;
+    hostkit::TextJobOptions options;
+    std::vector<ZTVariantText> texts;
+    ZTCounterSegment counter;
+    int count = 1;
+    QString regularFont; ///< file names; empty without stroke fonts
+    QString bigFont;
+    QString family; ///< of a system font; empty for the default one
+    QStringList fontFolders;
+    std::optional<double> lineSpacingMm;
+    std::optional<double> arcStartDeg;
+    bool hasArcOption = false; ///< something was said of the arc
+};

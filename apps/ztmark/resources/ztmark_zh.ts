@@ -1,0 +1,706 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>Arguments</name>
+    <message>
+        <source>&quot;%1&quot; is too large, at most 1000000 copies can be made</source>
+        <translation>“%1”过大，最多可以复制 1000000 份</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no matrix, write columns x rows such as 3x4</source>
+        <translation>“%1”不是矩阵，请写列数 x 行数，例如 3x4</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no matrix, columns and rows must be at least 1</source>
+        <translation>“%1”不是矩阵，列数和行数至少为 1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no serial number: &quot;%2&quot; is not a whole number</source>
+        <translation>“%1”不是序列号：“%2”不是整数</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no serial number: base is 10, 16 or 26 (letters)</source>
+        <translation>“%1”不是序列号：base 为 10、16 或 26（字母）</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no serial number: width must be from 0 to 256</source>
+        <translation>“%1”不是序列号：width 必须在 0 到 256 之间</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no serial number, write start=1,step=1,last=99,width=4,base=10 or some of them</source>
+        <translation>“%1”不是序列号，请写 start=1,step=1,last=99,width=4,base=10 或其中几项</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is neither UTF-8 nor in the encoding of the locale</source>
+        <translation>“%1”既不是 UTF-8，也不是当前区域设置的编码</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a number</source>
+        <translation>“%1”不是数字</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is out of range, it must be from %2 to %3</source>
+        <translation>“%1”超出范围，必须在 %2 到 %3 之间</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a whole number</source>
+        <translation>“%1”不是整数</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a length, write a number with mm, cm or in behind it</source>
+        <translation>“%1”不是长度，请写数字，后面加 mm、cm 或 in</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has an unknown unit, lengths take mm, cm or in</source>
+        <translation>“%1”的单位未知，长度单位为 mm、cm 或 in</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is negative</source>
+        <translation>“%1”是负数</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is too long, at most 10000 mm are allowed</source>
+        <translation>“%1”过长，最多 10000 mm</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must be greater than 0</source>
+        <translation>“%1”必须大于 0</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not among the choices</source>
+        <translation>“%1”不在可选值之中</translation>
+    </message>
+</context>
+<context>
+    <name>Console</name>
+    <message>
+        <source>standard output</source>
+        <translation>标准输出</translation>
+    </message>
+    <message>
+        <source>cannot be written</source>
+        <translation>无法写入</translation>
+    </message>
+</context>
+<context>
+    <name>FontCommand</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 到 %2</translation>
+    </message>
+    <message>
+        <source>big</source>
+        <translation>大字体</translation>
+    </message>
+    <message>
+        <source>regular</source>
+        <translation>常规</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>以及另外 %1 个</translation>
+    </message>
+    <message>
+        <source>Form:</source>
+        <translation>格式：</translation>
+    </message>
+    <message>
+        <source>Kind:</source>
+        <translation>种类：</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>名称：</translation>
+    </message>
+    <message>
+        <source>Above:</source>
+        <translation>上高：</translation>
+    </message>
+    <message>
+        <source>Below:</source>
+        <translation>下深：</translation>
+    </message>
+    <message>
+        <source>Lead bytes:</source>
+        <translation>首字节：</translation>
+    </message>
+    <message>
+        <source>Glyphs:</source>
+        <translation>字形：</translation>
+    </message>
+    <message>
+        <source>Codes:</source>
+        <translation>编码：</translation>
+    </message>
+    <message>
+        <source>Damage:</source>
+        <translation>损坏：</translation>
+    </message>
+    <message>
+        <source>Show which fonts there are and what is in them</source>
+        <translation>显示有哪些字体及其内容</translation>
+    </message>
+    <message>
+        <source>List the stroke fonts</source>
+        <translation>列出单线字体</translation>
+    </message>
+    <message>
+        <source>List the families of system fonts instead</source>
+        <translation>改为列出系统字体</translation>
+    </message>
+    <message>
+        <source>Stroke fonts are the files *.shx in the folder font beside the program. A text takes
+a pair of them: a regular one and a big one, which has the Chinese characters.</source>
+        <translation>单线字体是程序旁 font 文件夹中的 *.shx 文件。文字使用一对字体：
+一个常规字体和一个含有汉字的大字体。</translation>
+    </message>
+    <message>
+        <source>Tell what is in a stroke font, and what of it is damaged</source>
+        <translation>说明单线字体的内容及损坏之处</translation>
+    </message>
+    <message>
+        <source>Draw every glyph of a stroke font above its code</source>
+        <translation>绘制单线字体的每个字形及其编码</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must end in one of %2</source>
+        <translation>“%1”必须以 %2 之一结尾</translation>
+    </message>
+    <message>
+        <source>Picture to write, .svg or .png. Can be given several times</source>
+        <translation>要写出的图片，.svg 或 .png，可以多次给出</translation>
+    </message>
+    <message>
+        <source>No summary</source>
+        <translation>不显示摘要</translation>
+    </message>
+    <message>
+        <source>Stroke font; a name without a folder is looked for in the font folders too</source>
+        <translation>单线字体；不带文件夹的名称也会在字体文件夹中查找</translation>
+    </message>
+    <message>
+        <source>Another folder with stroke fonts. Can be given several times</source>
+        <translation>另一个存放单线字体的文件夹，可以多次给出</translation>
+    </message>
+    <message>
+        <source>no such folder</source>
+        <translation>文件夹不存在</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>字体</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>种类</translation>
+    </message>
+    <message>
+        <source>Form</source>
+        <translation>格式</translation>
+    </message>
+    <message>
+        <source>Glyphs</source>
+        <translation>字形</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>No stroke fonts in %1</source>
+        <translation>在 %1 中没有单线字体</translation>
+    </message>
+    <message>
+        <source>would overwrite the font it shows</source>
+        <translation>会覆盖所显示的字体</translation>
+    </message>
+    <message>
+        <source>Grid:</source>
+        <translation>网格：</translation>
+    </message>
+    <message>
+        <source>%1 x %2 cells</source>
+        <translation>%1 x %2 格</translation>
+    </message>
+</context>
+<context>
+    <name>InfoCommand</name>
+    <message>
+        <source>and %1 more</source>
+        <translation>以及另外 %1 个</translation>
+    </message>
+    <message>
+        <source>Lines:</source>
+        <translation>行数：</translation>
+    </message>
+    <message>
+        <source>Pen-up lines:</source>
+        <translation>抬笔行：</translation>
+    </message>
+    <message>
+        <source>Pen-down lines:</source>
+        <translation>落笔行：</translation>
+    </message>
+    <message>
+        <source>Points:</source>
+        <translation>点数：</translation>
+    </message>
+    <message>
+        <source>Polylines:</source>
+        <translation>折线：</translation>
+    </message>
+    <message>
+        <source>Plotter units:</source>
+        <translation>绘图仪单位：</translation>
+    </message>
+    <message>
+        <source>x %1 to %2, y %3 to %4</source>
+        <translation>x %1 到 %2，y %3 到 %4</translation>
+    </message>
+    <message>
+        <source>Size as imported:</source>
+        <translation>导入尺寸：</translation>
+    </message>
+    <message>
+        <source>%1 x %2 mm</source>
+        <translation>%1 x %2 mm</translation>
+    </message>
+    <message>
+        <source>Skipped lines:</source>
+        <translation>跳过的行：</translation>
+    </message>
+    <message>
+        <source>Ill-formed lines:</source>
+        <translation>格式错误的行：</translation>
+    </message>
+    <message>
+        <source>Tell what is in a plotter drawing, and what of it is lost on import</source>
+        <translation>说明绘图仪图纸的内容，以及导入时丢失的部分</translation>
+    </message>
+    <message>
+        <source>Plotter drawing; - reads standard input</source>
+        <translation>绘图仪图纸；- 表示读取标准输入</translation>
+    </message>
+    <message>
+        <source>Skipped lines are no pen moves and change nothing. Ill-formed lines are pen moves
+that lose something: mend them in the file.</source>
+        <translation>跳过的行不是笔的移动，不影响结果。格式错误的行是会丢失内容的笔的移动：
+请在文件中修正。</translation>
+    </message>
+</context>
+<context>
+    <name>JobArguments</name>
+    <message>
+        <source>is a folder</source>
+        <translation>是文件夹</translation>
+    </message>
+    <message>
+        <source>the folder does not exist</source>
+        <translation>文件夹不存在</translation>
+    </message>
+    <message>
+        <source>would overwrite the drawing it is made of</source>
+        <translation>会覆盖作为输入的图纸</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must end in one of %2</source>
+        <translation>“%1”必须以 %2 之一结尾</translation>
+    </message>
+    <message>
+        <source>Write the paths to a file; its extension says how: .svg or .png
+a picture, .json or .csv the paths. Can be given several times</source>
+        <translation>把路径写入文件，格式由扩展名决定：.svg 或 .png 为图片，
+.json 或 .csv 为路径数据。可以多次给出</translation>
+    </message>
+    <message>
+        <source>No summary and no progress; warnings stay</source>
+        <translation>不显示摘要和进度，警告保留</translation>
+    </message>
+    <message>
+        <source>Hatch style: none, line, or zigzag (lines joined end to end)</source>
+        <translation>填充方式：none（无）、line（线）或 zigzag（首尾相连的线）</translation>
+    </message>
+    <message>
+        <source>Distance of the hatch lines on the marked result</source>
+        <translation>标刻结果上填充线的间距</translation>
+    </message>
+    <message>
+        <source>Direction of the hatch lines, -360 to 360</source>
+        <translation>填充线的方向，-360 到 360</translation>
+    </message>
+    <message>
+        <source>Mark the hatch alone, without the outlines</source>
+        <translation>只标刻填充，不标刻轮廓</translation>
+    </message>
+    <message>
+        <source>Order of the objects: none, nearest, or a sweep x-min, x-max, y-min,
+y-max from that side</source>
+        <translation>对象顺序：none（不排序）、nearest（最近），或从一侧扫过：
+x-min、x-max、y-min、y-max</translation>
+    </message>
+    <message>
+        <source>Repeat the layout in columns x rows</source>
+        <translation>按列数 x 行数重复整个布局</translation>
+    </message>
+    <message>
+        <source>Space between copies and objects, across and down</source>
+        <translation>副本和对象之间的水平与垂直间距</translation>
+    </message>
+    <message>
+        <source>Turn each object, -360 to 360</source>
+        <translation>旋转每个对象，-360 到 360</translation>
+    </message>
+    <message>
+        <source>nothing to mark without --hatch line or zigzag</source>
+        <translation>没有 --hatch line 或 zigzag 就没有可标刻的内容</translation>
+    </message>
+    <message>
+        <source>writing %1</source>
+        <translation>正在写入 %1</translation>
+    </message>
+    <message>
+        <source>warning: the hatch is empty: no line meets the drawing</source>
+        <translation>警告：填充为空：没有填充线与图形相交</translation>
+    </message>
+    <message>
+        <source>Objects:</source>
+        <translation>对象：</translation>
+    </message>
+    <message>
+        <source>Polylines:</source>
+        <translation>折线：</translation>
+    </message>
+    <message>
+        <source>Hatch segments:</source>
+        <translation>填充线段：</translation>
+    </message>
+    <message>
+        <source>Mark length:</source>
+        <translation>标刻长度：</translation>
+    </message>
+    <message>
+        <source>Jump length:</source>
+        <translation>跳转长度：</translation>
+    </message>
+    <message>
+        <source>%1 before ordering, %2 after</source>
+        <translation>排序前 %1，排序后 %2</translation>
+    </message>
+</context>
+<context>
+    <name>Language</name>
+    <message>
+        <source>Language of help and messages, en or zh; else the environment&apos;s</source>
+        <translation>帮助和消息的语言，en 或 zh；缺省由环境决定</translation>
+    </message>
+</context>
+<context>
+    <name>MarkCommand</name>
+    <message>
+        <source>warning: %1</source>
+        <translation>警告：%1</translation>
+    </message>
+    <message>
+        <source>warning: %1 ill-formed lines, ztmark info lists them; the first is %2</source>
+        <translation>警告：有 %1 个格式错误的行，可用 ztmark info 列出；第一个是%2</translation>
+    </message>
+    <message>
+        <source>Turn plotter drawings into ordered mark paths</source>
+        <translation>把绘图仪图纸变成有序的标刻路径</translation>
+    </message>
+    <message>
+        <source>Plotter drawings; - reads standard input</source>
+        <translation>绘图仪图纸；- 表示读取标准输入</translation>
+    </message>
+    <message>
+        <source>Enlarge the drawings, 0.001 to 1000</source>
+        <translation>放大图纸，0.001 到 1000</translation>
+    </message>
+    <message>
+        <source>Lengths take mm (the default), cm or in: 0.5, 0.5mm, 2cm, 1in. Angles are degrees,
+clockwise. A drawing is imported 20 mm high. Several drawings stand side by side, a gap
+apart, each one object.
+
+Limits: drawings of 256 MiB, 1,000,000 objects, 10,000,000 hatch lines over a drawing,
+20,000,000 points and hatch segments in all.
+
+Example:
+  ztmark mark logo.plt --hatch zigzag --spacing 0.3mm --angle 45 -o logo.svg</source>
+        <translation>长度单位为 mm（缺省）、cm 或 in：0.5、0.5mm、2cm、1in。角度以度为单位，顺时针为正。
+图纸导入后高 20 mm。多个图纸并排放置，相隔一个间距，各为一个对象。
+
+上限：图纸 256 MiB，1,000,000 个对象，一个图纸 10,000,000 条填充线，
+总共 20,000,000 个点和填充线段。
+
+示例：
+  ztmark mark logo.plt --hatch zigzag --spacing 0.3mm --angle 45 -o logo.svg</translation>
+    </message>
+    <message>
+        <source>standard input can be read only once</source>
+        <translation>标准输入只能读取一次</translation>
+    </message>
+    <message>
+        <source>reading %1</source>
+        <translation>正在读取 %1</translation>
+    </message>
+</context>
+<context>
+    <name>TextCommand</name>
+    <message>
+        <source>and %1 more</source>
+        <translation>以及另外 %1 个</translation>
+    </message>
+    <message>
+        <source>Turn texts into ordered mark paths</source>
+        <translation>把文字变成有序的标刻路径</translation>
+    </message>
+    <message>
+        <source>Several texts stand side by side, a gap apart, each one object. In a text, \n begins a new
+line, {serial} or {} is the place of the serial number and {date} or {date:yyyy-MM-dd}
+that of the date; \\ is a backslash and \{ a brace.
+
+Stroke fonts are drawn in single strokes and are not hatched. On an arc the letters of a
+stroke font hang by their upper left corners, each height of letter from a circle of its
+own; those of a system font are centred on one circle. --order x-min also brings the
+strokes of a text in order from left to right.
+
+With --count, part 3 of OUT.svg is written to OUT-0003.svg.
+
+Examples:
+  ztmark text &quot;ABC 123&quot; --font-pair hershey-simplex.shx,gb-strokes.shx -o abc.svg
+  ztmark text &quot;SN-{serial}&quot; --serial start=1,width=4 --count 50 -o sn.svg</source>
+        <translation>多个文字并排放置，相隔一个间距，各为一个对象。文字中 \n 开始新行，{serial} 或 {} 是序列号的位置，
+{date} 或 {date:yyyy-MM-dd} 是日期的位置；\\ 表示反斜杠，\{ 表示花括号。
+
+单线字体以单线绘制，不能填充。在圆弧上，单线字体的字母以左上角挂在圆上，每种字母高度各有自己的圆；
+系统字体的字母居中于同一个圆。--order x-min 还会把文字的笔画从左到右排序。
+
+使用 --count 时，OUT.svg 的第 3 份写入 OUT-0003.svg。
+
+示例：
+  ztmark text &quot;ABC 123&quot; --font-pair hershey-simplex.shx,gb-strokes.shx -o abc.svg
+  ztmark text &quot;SN-{serial}&quot; --serial start=1,width=4 --count 50 -o sn.svg</translation>
+    </message>
+    <message>
+        <source>Texts to mark</source>
+        <translation>要标刻的文字</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; names no font, write REGULAR.shx,BIG.shx</source>
+        <translation>“%1”没有字体名称，请写 常规字体.shx,大字体.shx</translation>
+    </message>
+    <message>
+        <source>Stroke fonts, the big one for Chinese; without it the first one found</source>
+        <translation>单线字体，大字体用于汉字；不写大字体则取找到的第一个</translation>
+    </message>
+    <message>
+        <source>Family of a system font; else the system&apos;s usual font</source>
+        <translation>系统字体名称；缺省为系统常用字体</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; names no font</source>
+        <translation>“%1”没有字体名称</translation>
+    </message>
+    <message>
+        <source>More stroke fonts than those in the folder font beside the program</source>
+        <translation>除程序旁 font 文件夹外，另一个单线字体文件夹</translation>
+    </message>
+    <message>
+        <source>Text height: the width of &quot;W&quot; and of a Chinese character in stroke
+fonts, the em of a system font</source>
+        <translation>文字高度：单线字体中为“W”和汉字的宽度，
+系统字体中为字身高度</translation>
+    </message>
+    <message>
+        <source>Space added between characters</source>
+        <translation>字符之间增加的间距</translation>
+    </message>
+    <message>
+        <source>Space between a line and the base line of the next, letters left
+out; 0.3 of the height else</source>
+        <translation>一行与下一行基线之间除字母外的间距；缺省为高度的 0.3</translation>
+    </message>
+    <message>
+        <source>Run the text along a circle of this diameter</source>
+        <translation>文字沿此直径的圆排列</translation>
+    </message>
+    <message>
+        <source>Where the arc starts, 0 is three o&apos;clock; else it is centred at the
+top</source>
+        <translation>圆弧的起始角，0 为三点钟方向；缺省以顶部为中心</translation>
+    </message>
+    <message>
+        <source>Angle that the characters share, -360 to 360, positive is clockwise</source>
+        <translation>字符分享的角度，-360 到 360，正值为顺时针</translation>
+    </message>
+    <message>
+        <source>Serial number: start=1,step=1,last=99,width=4,base=10 or some of them;
+base 16 and 26 (letters) too. Without a place for it, it ends the last
+text</source>
+        <translation>序列号：start=1,step=1,last=99,width=4,base=10 或其中几项；
+base 也可以是 16 和 26（字母）。没有给出位置时放在最后一个文字末尾</translation>
+    </message>
+    <message>
+        <source>Write so many parts, 1 to 10000, each with its own number</source>
+        <translation>写出的份数，1 到 10000，每份有自己的序列号</translation>
+    </message>
+    <message>
+        <source>cannot be given together with --font-pair</source>
+        <translation>不能与 --font-pair 同时给出</translation>
+    </message>
+    <message>
+        <source>stroke fonts are not hatched</source>
+        <translation>单线字体不能填充</translation>
+    </message>
+    <message>
+        <source>nothing without --arc</source>
+        <translation>没有 --arc 就不起作用</translation>
+    </message>
+    <message>
+        <source>nothing on an arc, --arc-span spreads the text</source>
+        <translation>在圆弧上不起作用，用 --arc-span 展开文字</translation>
+    </message>
+    <message>
+        <source>nothing on an arc, its text is one line</source>
+        <translation>在圆弧上不起作用，圆弧文字只有一行</translation>
+    </message>
+    <message>
+        <source>all parts would be the same without --serial or {serial}</source>
+        <translation>没有 --serial 或 {serial}，所有份都会相同</translation>
+    </message>
+    <message>
+        <source>has more than %1 places</source>
+        <translation>有超过 %1 个位置</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is named twice</source>
+        <translation>“%1”给出了两次</translation>
+    </message>
+    <message>
+        <source>no such folder</source>
+        <translation>文件夹不存在</translation>
+    </message>
+    <message>
+        <source>no system font %1, ztmark font list --system tells them</source>
+        <translation>没有系统字体 %1，可用 ztmark font list --system 查看</translation>
+    </message>
+    <message>
+        <source>the serial number ends after part %1 of %2</source>
+        <translation>序列号在第 %1 份后用完，需要 %2 份</translation>
+    </message>
+    <message>
+        <source>part %1 of %2</source>
+        <translation>第 %1 份，共 %2 份</translation>
+    </message>
+    <message>
+        <source>warning: not among the characters of stroke fonts, marked as &quot;?&quot;: %1</source>
+        <translation>警告：不属于单线字体的字符，标刻为“?”：%1</translation>
+    </message>
+    <message>
+        <source>warning: the font has no glyph for %1</source>
+        <translation>警告：字体没有以下字符的字形：%1</translation>
+    </message>
+    <message>
+        <source>Parts:</source>
+        <translation>份数：</translation>
+    </message>
+    <message>
+        <source>First part:</source>
+        <translation>第一份：</translation>
+    </message>
+    <message>
+        <source>Last part:</source>
+        <translation>最后一份：</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <translation>尺寸：</translation>
+    </message>
+    <message>
+        <source>%1 x %2 mm</source>
+        <translation>%1 x %2 mm</translation>
+    </message>
+</context>
+<context>
+    <name>ztmark</name>
+    <message>
+        <source>Usage</source>
+        <translation>用法</translation>
+    </message>
+    <message>
+        <source>Positionals</source>
+        <translation>位置参数</translation>
+    </message>
+    <message>
+        <source>REQUIRED</source>
+        <translation>必需</translation>
+    </message>
+    <message>
+        <source>OPTIONS</source>
+        <translation>选项</translation>
+    </message>
+    <message>
+        <source>SUBCOMMAND</source>
+        <translation>子命令</translation>
+    </message>
+    <message>
+        <source>Print this help message and exit</source>
+        <translation>显示帮助并退出</translation>
+    </message>
+    <message>
+        <source>Display program version information and exit</source>
+        <translation>显示版本并退出</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>选项</translation>
+    </message>
+    <message>
+        <source>Subcommands</source>
+        <translation>子命令</translation>
+    </message>
+    <message>
+        <source>%1 or %2</source>
+        <translation>%1 或 %2</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>、</translation>
+    </message>
+    <message>
+        <source>a command is missing: %1</source>
+        <translation>缺少命令：%1</translation>
+    </message>
+    <message>
+        <source>unknown command &quot;%1&quot;: %2</source>
+        <translation>未知命令“%1”：%2</translation>
+    </message>
+    <message>
+        <source>unknown argument %1</source>
+        <translation>未知参数 %1</translation>
+    </message>
+    <message>
+        <source>%1: its value is missing</source>
+        <translation>%1：缺少值</translation>
+    </message>
+    <message>
+        <source>%1 is missing</source>
+        <translation>缺少 %1</translation>
+    </message>
+    <message>
+        <source>%1 (see %2 --help)</source>
+        <translation>%1（见 %2 --help）</translation>
+    </message>
+    <message>
+        <source>Turns plotter drawings and texts into hatched, ordered mark paths.</source>
+        <translation>把绘图仪图纸和文字变成带填充的有序标刻路径。</translation>
+    </message>
+    <message>
+        <source>Exit codes: 0 done, 1 failed work, 2 wrong usage.
+ztmark COMMAND --help tells more about a command.</source>
+        <translation>退出码：0 完成，1 工作失败，2 用法错误。
+ztmark COMMAND --help 说明各个命令。</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <ZTDrawEngineLib/ZTDrawEngineLib.h>
+
+#include <QtCore/QStringList>
+
+namespace hostkit {
+
+/** Text height at which all stroke fonts of a host are drawn; transforms make it a size. */
+constexpr double kStrokeFontUnits = 100.0;
+
+/** The folder "font" beside the program. */
+QString strokeFontFolder();
+
+/**
+ * A pair of stroke fonts by their file names, loaded and brought to a height of `kStrokeFontUnits`.
+ *
+ * Without a name of a big font the first one that the manager lists is taken.
+ *
+ * Order: after the folders of the fonts have been made known to `ZTShxFontManager`.
+ * Failure: false, and `error` says why in one sentence with the font's name: it is not in
+ * `folders` (which the sentence names), is no stroke font or of the other kind, or has not the
+ * character by whose width fonts are brought to a height.
+ */
+bool strokeFont(const QString &regularName, const QString &bigName, const QStringList &folders,
+                ZTShxFontParam *font, QString *error);
+
+/** The characters of a text that a font cannot show, each once, in the order of the text. */
+struct MissingCharacters
+{
+    QStringList noGlyph;    ///< the font has no glyph for them, and leaves them out
+    QStringList notEncoded; ///< not among the characters of GBK; marked as its replacement
+};
+
+/** Characters of the text without a glyph. Line feeds are not looked at. */
+MissingCharacters missingCharacters(const QString &text, const ZTFontParam &font);
+
+} // namespace hostkit
