@@ -126,10 +126,10 @@ QString text(const std::string &typed)
 {
     if (typed.empty())
         return {};
-    const QString utf8 = decoded(typed, QTextCodec::codecForName("UTF-8"));
+    QString utf8 = decoded(typed, QTextCodec::codecForName("UTF-8"));
     if (!utf8.isEmpty())
         return utf8;
-    const QString local = decoded(typed, QTextCodec::codecForName(nl_langinfo(CODESET)));
+    QString local = decoded(typed, QTextCodec::codecForName(nl_langinfo(CODESET)));
     if (local.isEmpty())
         refuse(typed, Texts::tr("\"%1\" is neither UTF-8 nor in the encoding of the locale"));
     return local;

@@ -214,7 +214,7 @@ QString FontCommand::fontPath() const
     QStringList all = folders();
     std::reverse(all.begin(), all.end()); // as texts do, the folder named last first
     for (const QString &folder : qAsConst(all)) {
-        const QString path = QDir(folder).filePath(name);
+        QString path = QDir(folder).filePath(name);
         if (QFileInfo::exists(path))
             return path;
     }

@@ -256,6 +256,25 @@ private Q_SLOTS:
                       "no system font No Such Font, ztmark font list --system tells them");
     }
 
+    /** The "W" of this font is 24 units wide and 21 high, and so are its other capitals. */
+    void fontsBesideTheProgram_areFound()
+    {
+        const QString fonts = QFileInfo(QStringLiteral(ZT_ZTMARK)).path() + QStringLiteral("/font");
+        const ZtmarkRun run = text("'ABC 你好' --font-pair hershey-simplex.shx,gb-strokes.shx "
+                                   "--height 5mm -o out.csv");
+        for (const QString &name :
+             {QStringLiteral("hershey-simplex.shx"), QStringLiteral("gb-strokes.shx")}) {
+            if (!QFile::exists(fonts + QLatin1Char('/') + name)) { // built without its data
+                expectFailure(run,
+                              QStringLiteral("no stroke font %1 in %2").arg(name, fonts).toUtf8());
+                return;
+            }
+        }
+        QCOMPARE(run.err, QString());
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY2(run.out.contains(QStringLiteral(" x 4.375 mm\n")), qPrintable(run.out));
+    }
+
     void missingCharacters_areNamed()
     {
         const ZtmarkRun run = strokes("'AC你吗😀C' -q");
