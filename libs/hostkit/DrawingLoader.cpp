@@ -1,0 +1,272 @@
+#include <hostkit/DrawingSnapshot.h>
+
+#include <hostkit/DrawingContent_p.h>
+#include <hostkit/DrawingStream_p.h>
+#include <hostkit/StrokeFontHeights_p.h>
+
+#include <ZTDrawEngineLib/ZTDrawEngineLib.h>
+
+#include <QtCore/QBuffer>
+#include <QtCore/QFileInfo>
+#include <QtGui/QFontDatabase>
+
+#include <memory>
+#include <set>
+#include <vector>
+
+namespace hostkit {
+
+namespace {
+
+constexpr int kItemsAtOnce = 500;
+
+/** Big-endian and of the drawing's version, as every stream over a drawing's bytes is. */
+void prepare(QDataStream &stream) { stream.setVersion(kStreamVersion); }
+
+void restore(ZTShapeBase &shape, const DrawingItemRest &kept)
+{
+    shape.setRect(kept.rectMm);
+    shape.getTransformParam() = kept.transform;
+    shape.setRoundingTransformParam(kept.roundingTransform);
+    shape.setShapeType(kept.shapeType);
+    shape.setId(kept.id);
+    shape.setLockAspectRatio(kept.lockAspectRatio);
+    shape.setPenId(kept.penId);
+    shape.setFillParam(kept.fill);
+    shape.setUpdate(1);
+    shape.paint();
+}
+
+/** Notes the fonts that texts name and this machine lacks. */
+class FontCheck
+{
+public:
+    void look(const ZTShapeText &text)
+    {
+        const ZTFontParam param = text.getFont();
+        if (param.fontType == FontType::doubleLine)
+            lookForFamily(param.font.family());
+        if (param.fontType == FontType::singleLine) {
+            lookForStrokeFont(param.shxFont.enName);
+            lookForStrokeFont(param.shxFont.zhName);
+        }
+    }
+
+    QStringList missing() const
+    {
+        QStringList names;
+        for (const QString &name : lacking)
+            names << name;
+        return names;
+    }
+
+private:
+    void lookForFamily(const QString &family)
+    {
+        if (known.insert(family).second && !QFontDatabase().hasFamily(family))
+            lacking.insert(family);
+    }
+
+    void lookForStrokeFont(const QString &fileName)
+    {
+        const std::string name = fileName.toLocal8Bit().toStdString();
+        if (known.insert(fileName).second && !fileName.isEmpty() &&
+            ZTShxFontManager::getFont(name, 1) == nullptr)
+            lacking.insert(fileName);
+    }
+
+    std::set<QString> known;
+    std::set<QString> lacking;
+};
+
+/** Builds the items of a drawing, in no scene, and hands them over at the end. */
+class Loader
+{
+public:
+    Loader(const DrawingFile &source, ZTGraphicsDocument &target)
+        : drawing(source), document(target), ownSetup(DrawingSetup::of(target)),
+          ownHeights(strokeFontHeights(target)), buffer(&bytes), stream(&buffer)
+    {
+        bytes = source.stream;
+        buffer.open(QIODevice::ReadOnly);
+        prepare(stream);
+    }
+
+    bool build(const DrawingProgress &progress, DrawingError *error);
+    void handOver();
+    QStringList missingFonts() const { return fonts.missing(); }
+
+private:
+    bool buildSome(int until, DrawingError *error);
+    bool buildNext(DrawingError *error);
+    void fillShape(ZTAbstractGraphicsItem &item, const DrawingRecord &record);
+    bool takeGraphic(ZTShapeBase &shape, const DrawingRecord &record);
+    void takeText(ZTShapeText &text, const DrawingRecord &record);
+    void redrawStrokeTexts();
+    void takeCounters();
+
+    const DrawingFile &drawing;
+    ZTGraphicsDocument &document;
+    const DrawingSetup ownSetup;
+    const QVector<DrawingFontHeight> ownHeights;
+    DrawingStreamIndex index;
+    QByteArray bytes;
+    QBuffer buffer;
+    QDataStream stream;
+    std::vector<std::unique_ptr<ZTAbstractGraphicsItem>> items;
+    int nextRest = 0;
+    FontCheck fonts;
+};
+
+bool Loader::build(const DrawingProgress &progress, DrawingError *error)
+{
+    QString reason;
+    if (!checkDrawing(drawing, error) || !indexDrawingStream(drawing.stream, &index, &reason))
+        return false;
+    const int total = index.records.size();
+    items.reserve(static_cast<std::size_t>(total));
+    for (int done = 0; done < total;) {
+        const int until = qMin(done + kItemsAtOnce, total);
+        if (!buildSome(until, error))
+            return false;
+        done = until;
+        if (progress && !progress(done, total)) {
+            *error = {DrawingError::Kind::Cancelled, QStringLiteral("cancelled")};
+            return false;
+        }
+    }
+    return true;
+}
+
+/** The drawing's set-up holds while its shapes are rebuilt, and no longer. */
+bool Loader::buildSome(int until, DrawingError *error)
+{
+    drawing.meta.setup.applyToProcess();
+    bool isGood = true;
+    while (isGood && static_cast<int>(items.size()) < until)
+        isGood = buildNext(error);
+    ownSetup.applyToProcess();
+    setStrokeFontHeights(ownHeights);
+    return isGood;
+}
+
+bool Loader::buildNext(DrawingError *error)
+{
+    const DrawingRecord &record = index.records[static_cast<int>(items.size())];
+    const char *kind = ShapeType2String(record.type);
+    std::unique_ptr<ZTAbstractGraphicsItem> item(ZTGraphicsItemFactory::create(kind));
+    if (!item || item->getShapeBase() == nullptr) {
+        *error = {
+            DrawingError::Kind::NotLoadable,
+            QStringLiteral("this program makes no objects of kind %1").arg(QLatin1String(kind))};
+        return false;
+    }
+    QPointF posPx;
+    buffer.seek(record.begin + 1);
+    stream >> posPx;
+    fillShape(*item, record);
+    item->setPos(posPx);
+    item->setShapeType(record.type);
+    items.push_back(std::move(item));
+    return true;
+}
+
+void Loader::fillShape(ZTAbstractGraphicsItem &item, const DrawingRecord &record)
+{
+    ZTShapeBase &shape = *item.getShapeBase();
+    if (!takeGraphic(shape, record))
+        item.load(stream);
+    if (drawing.hasRest && isShortRecord(record.type))
+        restore(shape, drawing.rest.items[nextRest++]);
+    if (ZTShapeText *text = textOf(item))
+        takeText(*text, record);
+}
+
+/**
+ * An imported drawing comes with the file. Without it the library opens the file behind the path,
+ * as it does; but a path may name a pipe or a device that never ends.
+ */
+bool Loader::takeGraphic(ZTShapeBase &shape, const DrawingRecord &record)
+{
+    auto *graphic = dynamic_cast<ZTVecGraph *>(&shape);
+    if (graphic == nullptr)
+        return false;
+    QString path;
+    stream >> path;
+    buffer.seek(record.shape);
+    const QFileInfo file(path);
+    if (!drawing.hasRest && (!file.exists() || file.isFile()))
+        return false;
+    const int number = drawing.hasRest ? drawing.rest.items[nextRest].drawing : -1;
+    graphic->setDrawing(number < 0 ? QPainterPath() : drawing.rest.drawings[number], path);
+    graphic->paint();
+    return true;
+}
+
+/** Loading a text gives it the rectangle of its font; what was saved may be another one. */
+void Loader::takeText(ZTShapeText &text, const DrawingRecord &record)
+{
+    fonts.look(text);
+    QRectF savedMm;
+    buffer.seek(record.shape);
+    stream >> savedMm;
+    if (text.getRect() == savedMm)
+        return;
+    text.setRect(savedMm);
+    text.paint();
+}
+
+void Loader::handOver()
+{
+    drawing.meta.setup.applyTo(document);
+    setStrokeFontHeights(drawing.rest.fontHeights);
+    redrawStrokeTexts();
+    document.clear();
+    takeCounters();
+    ZTGraphicsScene *scene = document.itemMag()->scene();
+    auto *model = qobject_cast<ZTItemModel *>(document.itemMag()->itemModel());
+    for (auto &item : items) {
+        ZTAbstractGraphicsItem *taken = item.release();
+        scene->addItem(taken);
+        model->insert(taken->getShapeType(), taken);
+    }
+    items.clear();
+    scene->update(QRectF());
+}
+
+void Loader::redrawStrokeTexts()
+{
+    for (const auto &item : items) {
+        ZTShapeText *text = textOf(*item);
+        if (text == nullptr || text->getFont().fontType != FontType::singleLine)
+            continue;
+        text->setUpdate(1);
+        text->paint();
+    }
+}
+
+/** Variant texts and next id, by the library's own loader, of a stream that announces no item. */
+void Loader::takeCounters()
+{
+    QByteArray counters = drawing.stream.left(index.counters + int(sizeof(qint32)));
+    counters.append(int(sizeof(qint32)), '\0');
+    QDataStream countersStream(counters);
+    prepare(countersStream);
+    document.itemMag()->load(countersStream);
+}
+
+} // namespace
+
+bool applyDrawing(const DrawingFile &drawing, ZTGraphicsDocument &document,
+                  const DrawingProgress &progress, DrawingReport *report, DrawingError *error)
+{
+    Loader loader(drawing, document);
+    if (!loader.build(progress, error))
+        return false;
+    loader.handOver();
+    if (report != nullptr)
+        report->missingFonts = loader.missingFonts();
+    return true;
+}
+
+} // namespace hostkit

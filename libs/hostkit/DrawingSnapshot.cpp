@@ -1,0 +1,137 @@
+#include <hostkit/DrawingSnapshot.h>
+
+#include <hostkit/DrawingContent_p.h>
+#include <hostkit/DrawingPreview_p.h>
+#include <hostkit/DrawingStream_p.h>
+#include <hostkit/StrokeFontHeights_p.h>
+
+#include <ZTDrawEngineLib/ZTDrawEngineLib.h>
+
+#include <QtCore/QBuffer>
+#include <QtCore/QHash>
+
+#include <cstring>
+#include <map>
+
+namespace hostkit {
+
+namespace {
+
+constexpr int kUpdateOffset = 201; // of the mark for a rebuild in a shape's base record
+
+QByteArray streamOf(ZTGraphicsDocument &document)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QDataStream stream(&buffer);
+    stream.setVersion(kStreamVersion);
+    document.itemMag()->save(stream);
+    return bytes;
+}
+
+/** Every loaded shape is rebuilt, so that the mark says nothing; without it equal is equal. */
+void clearMarks(const DrawingStreamIndex &index, QByteArray *stream)
+{
+    for (const DrawingRecord &record : index.records) {
+        if (!isShortRecord(record.type))
+            std::memset(stream->data() + record.shape + kUpdateOffset, 0, sizeof(qint32));
+    }
+}
+
+QVector<DrawingPen> pensOf(const QVector<ZTAbstractGraphicsItem *> &items)
+{
+    std::map<qint32, qint32> counts;
+    for (const ZTAbstractGraphicsItem *item : items)
+        ++counts[item->getPenId()];
+    QVector<DrawingPen> pens;
+    for (const auto &[id, count] : counts)
+        pens << DrawingPen{id, count};
+    return pens;
+}
+
+/** Collects what the stream loses, each imported drawing once. */
+class RestCollector
+{
+public:
+    void add(const ZTAbstractGraphicsItem &item)
+    {
+        ZTShapeBase &shape = *item.getShapeBase();
+        DrawingItemRest kept;
+        kept.rectMm = shape.getRect();
+        kept.transform = shape.getTransformParam();
+        kept.roundingTransform = shape.getRoundingTransformParam();
+        kept.fill = shape.getFillParam();
+        kept.shapeType = shape.getShapeType();
+        kept.id = shape.getId();
+        kept.lockAspectRatio = shape.getLockAspectRatio();
+        kept.penId = shape.getPenId();
+        if (const auto *graphic = dynamic_cast<const ZTVecGraph *>(&shape))
+            kept.drawing = numberOf(graphic->getDrawing());
+        rest.items << kept;
+    }
+
+    DrawingRest rest;
+
+private:
+    qint32 numberOf(const QPainterPath &path)
+    {
+        if (path.isEmpty())
+            return -1;
+        const QByteArray content = drawingsToBytes({path});
+        const auto known = numbers.constFind(content);
+        if (known != numbers.constEnd())
+            return *known;
+        const qint32 number = rest.drawings.size();
+        rest.drawings << path;
+        numbers.insert(content, number);
+        return number;
+    }
+
+    QHash<QByteArray, qint32> numbers;
+};
+
+} // namespace
+
+bool captureDrawing(ZTGraphicsDocument &document, const DrawingCapture &capture,
+                    DrawingFile *drawing, DrawingError *error)
+{
+    DrawingFile taken;
+    taken.stream = streamOf(document);
+    DrawingStreamIndex index;
+    QString reason;
+    if (!indexDrawingStream(taken.stream, &index, &reason)) {
+        *error = {DrawingError::Kind::NotLoadable,
+                  QStringLiteral("the drawing could not be loaded again: %1").arg(reason)};
+        return false;
+    }
+    clearMarks(index, &taken.stream);
+    const QVector<ZTAbstractGraphicsItem *> items = shapeItemsOf(document);
+    taken.meta.programVersion = capture.programVersion;
+    taken.meta.savedAt =
+        capture.savedAt.isValid() ? capture.savedAt.toUTC() : QDateTime::currentDateTimeUtc();
+    taken.meta.setup = DrawingSetup::of(document);
+    taken.meta.pens = pensOf(items);
+    RestCollector collector;
+    for (const ZTAbstractGraphicsItem *item : items) {
+        if (isShortRecord(item->getShapeType()))
+            collector.add(*item);
+    }
+    taken.hasRest = true;
+    taken.rest = collector.rest;
+    taken.rest.fontHeights = strokeFontHeights(document);
+    if (capture.withPreview)
+        taken.previewPng = drawPreview(document);
+    taken.unknown = capture.unknown;
+    *drawing = taken;
+    return true;
+}
+
+bool saveDrawing(ZTGraphicsDocument &document, const DrawingCapture &capture, const QString &path,
+                 DrawingError *error)
+{
+    DrawingFile drawing;
+    return captureDrawing(document, capture, &drawing, error) && writeDrawing(drawing, path, error);
+}
+
+} // namespace hostkit

@@ -1,0 +1,61 @@
+#include <hostkit/StrokeFontHeights_p.h>
+
+#include <ZTDrawEngineLib/ZTDrawEngineLib.h>
+
+#include <cmath>
+#include <set>
+
+namespace hostkit {
+
+namespace {
+
+ZTShxParser *fontNamed(const QString &fileName)
+{
+    return ZTShxFontManager::getFont(fileName.toLocal8Bit().toStdString(), 1);
+}
+
+} // namespace
+
+ZTShapeText *textOf(const ZTAbstractGraphicsItem &item)
+{
+    return dynamic_cast<ZTShapeText *>(item.getShapeBase());
+}
+
+QVector<ZTAbstractGraphicsItem *> shapeItemsOf(const ZTGraphicsDocument &document)
+{
+    QVector<ZTAbstractGraphicsItem *> found;
+    for (QGraphicsItem *candidate : document.itemMag()->scene()->items(Qt::AscendingOrder)) {
+        if (auto *item = dynamic_cast<ZTAbstractGraphicsItem *>(candidate))
+            found << item;
+    }
+    return found;
+}
+
+QVector<DrawingFontHeight> strokeFontHeights(const ZTGraphicsDocument &document)
+{
+    std::set<QString> names;
+    for (const ZTAbstractGraphicsItem *item : shapeItemsOf(document)) {
+        if (const ZTShapeText *text = textOf(*item)) {
+            const ZTShxFontParam font = text->getFont().shxFont;
+            names.insert(font.enName);
+            names.insert(font.zhName);
+        }
+    }
+    QVector<DrawingFontHeight> heights;
+    for (const QString &name : names) {
+        if (const ZTShxParser *font = fontNamed(name))
+            heights << DrawingFontHeight{name, font->getTextHeight()};
+    }
+    return heights;
+}
+
+void setStrokeFontHeights(const QVector<DrawingFontHeight> &heights)
+{
+    for (const DrawingFontHeight &wanted : heights) {
+        ZTShxParser *font = fontNamed(wanted.fileName);
+        if (font != nullptr && std::isfinite(wanted.height))
+            font->setTextHeight(wanted.height);
+    }
+}
+
+} // namespace hostkit
