@@ -5,6 +5,10 @@
 
 #include <QtCore/QDataStream>
 
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
 namespace hostkit {
 
 namespace {
@@ -35,20 +39,36 @@ public:
         return *this;
     }
 
+    void single(float value)
+    {
+        quint32 bits = 0;
+        std::memcpy(&bits, &value, sizeof bits);
+        stream << bits;
+    }
+
     QByteArray bytes;
 
 private:
     QDataStream stream;
 };
 
-/** A count that what is left can hold; 0, and the reader no longer good, for any other. */
+void spoil(ByteReader &reader) { reader.skip(quint64(reader.left()) + 1); }
+
+/** A count that what is left can hold; 0, and the reader spoiled, for any other. */
 quint32 countOf(ByteReader &reader, quint32 leastSize)
 {
     const auto count = reader.number<quint32>();
     if (count <= reader.left() / leastSize)
         return count;
-    reader.skip(quint64(reader.left()) + 1);
+    spoil(reader);
     return 0;
+}
+
+/** Limit: so far that the far side of a work area is still a whole number of 32 bits. */
+bool isWorkArea(qint32 fromMm, qint32 sizeMm)
+{
+    constexpr qint32 kMaxMm = 1'000'000'000;
+    return std::abs(qint64(fromMm)) <= kMaxMm && std::abs(qint64(sizeMm)) <= kMaxMm;
 }
 
 QString textOf(ByteReader &reader)
@@ -65,12 +85,40 @@ QPointF pointOf(ByteReader &reader)
     return {x, reader.real()};
 }
 
+/** False for what is no number, and for what no plotter drawing reaches at 20 mm of height. */
+bool isPlace(const QPointF &pointMm)
+{
+    constexpr double kMaxMm = 1e12;
+    return std::abs(pointMm.x()) <= kMaxMm && std::abs(pointMm.y()) <= kMaxMm;
+}
+
+/** At least two points, as every polyline of an imported drawing has. */
+QPolygonF polylineOf(ByteReader &reader)
+{
+    const quint32 count = countOf(reader, kPointSize);
+    QPolygonF polyline;
+    polyline.reserve(static_cast<int>(count));
+    for (quint32 i = 0; i < count; ++i)
+        polyline << pointOf(reader);
+    if (count < 2 || !std::all_of(polyline.begin(), polyline.end(), isPlace))
+        spoil(reader);
+    return polyline;
+}
+
 QTransform transformOf(ByteReader &reader)
 {
     double m[9];
     for (double &value : m)
         value = reader.real();
     return {m[0], m[1], m[2], m[3], m[4], m[5], m[6], m[7], m[8]};
+}
+
+float singleOf(ByteReader &reader)
+{
+    const auto bits = reader.number<quint32>();
+    float value = 0.0F;
+    std::memcpy(&value, &bits, sizeof value);
+    return value;
 }
 
 DrawingSetup setupOf(ByteReader &reader)
@@ -86,9 +134,13 @@ DrawingSetup setupOf(ByteReader &reader)
     const auto x = reader.number<qint32>();
     const auto y = reader.number<qint32>();
     const auto width = reader.number<qint32>();
-    setup.workAreaMm = QRect(x, y, width, reader.number<qint32>());
-    setup.markScaleX = static_cast<float>(reader.real());
-    setup.markScaleY = static_cast<float>(reader.real());
+    const auto height = reader.number<qint32>();
+    if (isWorkArea(x, width) && isWorkArea(y, height))
+        setup.workAreaMm = QRect(x, y, width, height);
+    else
+        spoil(reader);
+    setup.markScaleX = singleOf(reader);
+    setup.markScaleY = singleOf(reader);
     return setup;
 }
 
@@ -123,7 +175,8 @@ QByteArray metaToBytes(const DrawingMeta &meta)
         << setup.displayRatio << setup.distance << static_cast<qint32>(setup.sortKind);
     const QRect &area = setup.workAreaMm;
     out << area.x() << area.y() << area.width() << area.height();
-    out << static_cast<double>(setup.markScaleX) << static_cast<double>(setup.markScaleY);
+    out.single(setup.markScaleX);
+    out.single(setup.markScaleY);
     out << static_cast<quint32>(meta.pens.size());
     for (const DrawingPen &pen : meta.pens)
         out << pen.id << pen.items;
@@ -191,17 +244,11 @@ bool drawingsFromBytes(const QByteArray &bytes, QVector<QPainterPath> *drawings)
 {
     ByteReader reader(bytes);
     const quint32 count = countOf(reader, sizeof(quint32));
-    for (quint32 i = 0; i < count; ++i) {
+    for (quint32 i = 0; i < count && reader.ok(); ++i) {
         QPainterPath drawing;
         const quint32 polylines = countOf(reader, sizeof(quint32));
-        for (quint32 k = 0; k < polylines; ++k) {
-            const quint32 points = countOf(reader, kPointSize);
-            QPolygonF polyline;
-            polyline.reserve(static_cast<int>(points));
-            for (quint32 p = 0; p < points; ++p)
-                polyline << pointOf(reader);
-            drawing.addPolygon(polyline);
-        }
+        for (quint32 k = 0; k < polylines && reader.ok(); ++k)
+            drawing.addPolygon(polylineOf(reader));
         *drawings << drawing;
     }
     return isWhole(reader);

@@ -141,6 +141,8 @@ bool checkDrawing(const DrawingFile &drawing, DrawingError *error)
     QString reason;
     if (!indexDrawingStream(drawing.stream, &index, &reason))
         return damaged(error, reason);
+    if (!drawing.meta.setup.isUsable())
+        return damaged(error, QStringLiteral("its millimetres have no size"));
     if (!drawing.hasRest)
         return true;
     const auto shortRecords =

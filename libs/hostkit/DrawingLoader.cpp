@@ -7,6 +7,7 @@
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 #include <QtCore/QBuffer>
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QFileInfo>
 #include <QtGui/QFontDatabase>
 
@@ -18,7 +19,8 @@ namespace hostkit {
 
 namespace {
 
-constexpr int kItemsAtOnce = 500;
+constexpr qint64 kPieceMs = 40; // between two calls of the progress function
+constexpr qint64 kMaxPieces = 200'000'000;
 
 /** Big-endian and of the drawing's version, as every stream over a drawing's bytes is. */
 void prepare(QDataStream &stream) { stream.setVersion(kStreamVersion); }
@@ -97,8 +99,10 @@ public:
     QStringList missingFonts() const { return fonts.missing(); }
 
 private:
-    bool buildSome(int until, DrawingError *error);
+    int doneItems() const { return static_cast<int>(items.size()); }
+    bool buildSome(DrawingError *error);
     bool buildNext(DrawingError *error);
+    bool keep(std::unique_ptr<ZTAbstractGraphicsItem> item, DrawingError *error);
     void fillShape(ZTAbstractGraphicsItem &item, const DrawingRecord &record);
     bool takeGraphic(ZTShapeBase &shape, const DrawingRecord &record);
     void takeText(ZTShapeText &text, const DrawingRecord &record);
@@ -114,6 +118,7 @@ private:
     QBuffer buffer;
     QDataStream stream;
     std::vector<std::unique_ptr<ZTAbstractGraphicsItem>> items;
+    qint64 pieces = 0; ///< points and hatch lines of the items so far
     int nextRest = 0;
     FontCheck fonts;
 };
@@ -125,12 +130,10 @@ bool Loader::build(const DrawingProgress &progress, DrawingError *error)
         return false;
     const int total = index.records.size();
     items.reserve(static_cast<std::size_t>(total));
-    for (int done = 0; done < total;) {
-        const int until = qMin(done + kItemsAtOnce, total);
-        if (!buildSome(until, error))
+    while (doneItems() < total) {
+        if (!buildSome(error))
             return false;
-        done = until;
-        if (progress && !progress(done, total)) {
+        if (progress && !progress(doneItems(), total)) {
             *error = {DrawingError::Kind::Cancelled, QStringLiteral("cancelled")};
             return false;
         }
@@ -139,11 +142,13 @@ bool Loader::build(const DrawingProgress &progress, DrawingError *error)
 }
 
 /** The drawing's set-up holds while its shapes are rebuilt, and no longer. */
-bool Loader::buildSome(int until, DrawingError *error)
+bool Loader::buildSome(DrawingError *error)
 {
     drawing.meta.setup.applyToProcess();
+    QElapsedTimer sinceStart;
+    sinceStart.start();
     bool isGood = true;
-    while (isGood && static_cast<int>(items.size()) < until)
+    while (isGood && doneItems() < index.records.size() && !sinceStart.hasExpired(kPieceMs))
         isGood = buildNext(error);
     ownSetup.applyToProcess();
     setStrokeFontHeights(ownHeights);
@@ -152,7 +157,7 @@ bool Loader::buildSome(int until, DrawingError *error)
 
 bool Loader::buildNext(DrawingError *error)
 {
-    const DrawingRecord &record = index.records[static_cast<int>(items.size())];
+    const DrawingRecord &record = index.records[doneItems()];
     const char *kind = ShapeType2String(record.type);
     std::unique_ptr<ZTAbstractGraphicsItem> item(ZTGraphicsItemFactory::create(kind));
     if (!item || item->getShapeBase() == nullptr) {
@@ -167,6 +172,22 @@ bool Loader::buildNext(DrawingError *error)
     fillShape(*item, record);
     item->setPos(posPx);
     item->setShapeType(record.type);
+    return keep(std::move(item), error);
+}
+
+/**
+ * Keeps an item, unless those so far have become too much: small records can ask for shapes that
+ * are each within the library's limits and together beyond any memory.
+ */
+bool Loader::keep(std::unique_ptr<ZTAbstractGraphicsItem> item, DrawingError *error)
+{
+    const ZTShapeBase &shape = *item->getShapeBase();
+    pieces += shape.getLines().elementCount() + shape.getFillLines().size();
+    if (pieces > kMaxPieces) {
+        *error = {DrawingError::Kind::NotLoadable,
+                  QStringLiteral("holds more than %1 points and hatch lines").arg(kMaxPieces)};
+        return false;
+    }
     items.push_back(std::move(item));
     return true;
 }
@@ -203,10 +224,19 @@ bool Loader::takeGraphic(ZTShapeBase &shape, const DrawingRecord &record)
     return true;
 }
 
-/** Loading a text gives it the rectangle of its font; what was saved may be another one. */
+/**
+ * Loading gives a text the rectangle of its font; what was saved may be another one. And a text
+ * that names no stroke fonts keeps those that every new text has at hand.
+ */
 void Loader::takeText(ZTShapeText &text, const DrawingRecord &record)
 {
     fonts.look(text);
+    ZTShxFontParam strokeFont = text.getFont().shxFont;
+    const bool isNamed = !strokeFont.enName.isEmpty() && !strokeFont.zhName.isEmpty();
+    if (!isNamed && strokeFont.parser.getTextHeight() != 0.0) {
+        strokeFont.parser = ZTRegBigFontShxParser();
+        text.setFont(strokeFont);
+    }
     QRectF savedMm;
     buffer.seek(record.shape);
     stream >> savedMm;

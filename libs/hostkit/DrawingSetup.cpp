@@ -2,6 +2,7 @@
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
+#include <cmath>
 #include <tuple>
 
 namespace hostkit {
@@ -14,7 +15,20 @@ auto fieldsOf(const DrawingSetup &s)
                     s.distance, s.sortKind, s.workAreaMm, s.markScaleX, s.markScaleY);
 }
 
+bool isScale(double factor)
+{
+    constexpr double kLargest = 1e6;
+    return std::abs(factor) >= 1.0 / kLargest && std::abs(factor) <= kLargest;
+}
+
 } // namespace
+
+bool DrawingSetup::isUsable() const
+{
+    const double pxPerMm = height / physicalHeight * displayRatio;
+    const double others = width + physicalWidth + double(markScaleX) + double(markScaleY);
+    return isScale(pxPerMm) && isScale(distance) && std::isfinite(others);
+}
 
 DrawingSetup DrawingSetup::of(const ZTGraphicsDocument &document)
 {

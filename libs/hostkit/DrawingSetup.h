@@ -28,6 +28,12 @@ struct DrawingSetup
     float markScaleX = 1.0F;
     float markScaleY = 1.0F;
 
+    /**
+     * Whether lengths come out as lengths: every figure is a finite number, and a millimetre is
+     * between a millionth and a million of scene pixels and of mark units.
+     */
+    bool isUsable() const;
+
     /** What holds now: of the process and of `document`. */
     static DrawingSetup of(const ZTGraphicsDocument &document);
 

@@ -19,6 +19,13 @@ namespace {
 
 constexpr int kUpdateOffset = 201; // of the mark for a rebuild in a shape's base record
 
+bool notLoadable(const QString &reason, DrawingError *error)
+{
+    *error = {DrawingError::Kind::NotLoadable,
+              QStringLiteral("the drawing could not be loaded again: %1").arg(reason)};
+    return false;
+}
+
 QByteArray streamOf(ZTGraphicsDocument &document)
 {
     QByteArray bytes;
@@ -100,17 +107,16 @@ bool captureDrawing(ZTGraphicsDocument &document, const DrawingCapture &capture,
     taken.stream = streamOf(document);
     DrawingStreamIndex index;
     QString reason;
-    if (!indexDrawingStream(taken.stream, &index, &reason)) {
-        *error = {DrawingError::Kind::NotLoadable,
-                  QStringLiteral("the drawing could not be loaded again: %1").arg(reason)};
-        return false;
-    }
+    if (!indexDrawingStream(taken.stream, &index, &reason))
+        return notLoadable(reason, error);
     clearMarks(index, &taken.stream);
     const QVector<ZTAbstractGraphicsItem *> items = shapeItemsOf(document);
     taken.meta.programVersion = capture.programVersion;
     taken.meta.savedAt =
         capture.savedAt.isValid() ? capture.savedAt.toUTC() : QDateTime::currentDateTimeUtc();
     taken.meta.setup = DrawingSetup::of(document);
+    if (!taken.meta.setup.isUsable())
+        return notLoadable(QStringLiteral("its millimetres have no size"), error);
     taken.meta.pens = pensOf(items);
     RestCollector collector;
     for (const ZTAbstractGraphicsItem *item : items) {

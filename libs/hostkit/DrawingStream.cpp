@@ -8,6 +8,7 @@
 
 namespace hostkit {
 
+constexpr int kMaxTextLength = 1'000'000;
 const int kStreamVersion = QDataStream::Qt_5_15;
 
 namespace {
@@ -16,7 +17,8 @@ constexpr quint32 kNullString = 0xffffffffU;
 constexpr quint32 kPointSize = 16;
 constexpr quint32 kBaseSize = 214;
 constexpr quint32 kRoundingSize = 37;
-constexpr quint32 kLeastEntry = 10;  // id, version and size of a variant text
+constexpr quint32 kLeastEntry = 10; // id, version and size of a variant text
+constexpr int kMaxTextBytes = 4 + 2 * kMaxTextLength;
 constexpr quint32 kLeastRecord = 21; // a polygon
 
 class Walk
@@ -110,10 +112,19 @@ private:
         return string() && string() && skip(kNumbers) && strings();
     }
 
+    /** The text that is shown: every character of it becomes an outline. */
+    bool shownText()
+    {
+        const int from = reader.offset();
+        if (!string())
+            return false;
+        return reader.offset() - from <= kMaxTextBytes || fail(QStringLiteral("a text too long"));
+    }
+
     bool text()
     {
         constexpr quint32 kFontNumbers = 4 + 8 + 8;
-        return skip(kBaseSize + 1) && string() && string() && skip(sizeof(qint32)) &&
+        return skip(kBaseSize + 1) && shownText() && string() && skip(sizeof(qint32)) &&
                variantText() && skip(kFontNumbers) && font() && string() && string() &&
                skip(sizeof(double) + kRoundingSize);
     }

@@ -28,6 +28,7 @@ struct DrawingStreamIndex
  * building anything, so that the library's loader gets nothing but streams that are in step from
  * beginning to end. Numbers are not looked at.
  *
+ * Limit: a text shows at most 1,000,000 characters.
  * Failure: false and, in `reason`, what does not fit and where.
  */
 bool indexDrawingStream(const QByteArray &stream, DrawingStreamIndex *index, QString *reason);

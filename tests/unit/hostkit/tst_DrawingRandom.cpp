@@ -1,0 +1,91 @@
+#include <support/OwnFolder.h>
+#include <support/RandomDrawing.h>
+#include <support/SingletonGuard.h>
+#include <support/TinyFonts.h>
+#include <support/WarningGuard.h>
+
+#include <hostkit/DrawingSnapshot.h>
+#include <hostkit/Factories.h>
+
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+
+using hostkit::DrawingError;
+using hostkit::DrawingFile;
+
+namespace {
+
+constexpr int kDrawings = 2000;
+const QDateTime kMoment(QDate(2024, 2, 29), QTime(12, 34, 56, 789), Qt::UTC);
+
+QByteArray saved(ZTGraphicsDocument &document)
+{
+    hostkit::DrawingCapture capture;
+    capture.savedAt = kMoment;
+    capture.withPreview = false;
+    DrawingFile drawing;
+    DrawingError error;
+    if (!captureDrawing(document, capture, &drawing, &error))
+        qFatal("%s", qPrintable(error.reason));
+    return drawingToBytes(drawing);
+}
+
+bool load(const QByteArray &bytes, ZTGraphicsDocument &document, DrawingError *error)
+{
+    DrawingFile drawing;
+    return readDrawing(bytes, &drawing, error) &&
+           applyDrawing(drawing, document, {}, nullptr, error);
+}
+
+} // namespace
+
+/** Drawings by lot, many of them, saved, loaded and damaged. */
+class tst_DrawingRandom : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { hostkit::registerFactories(); }
+    void init()
+    {
+        guard.reset(new testsupport::SingletonGuard);
+        testsupport::makeTinyFonts();
+    }
+    void cleanup() { guard.reset(); }
+
+    void drawings_savedAndLoaded_markTheSameAndSaveTheSameBytes()
+    {
+        testsupport::WarningGuard messages; // imported drawings without a file log that
+        ZTGraphicsDocument document;
+        ZTGraphicsDocument other;
+        for (quint32 seed = 0; seed < kDrawings; ++seed) {
+            document.clear();
+            testsupport::RandomDrawing random(seed);
+            random.strokeFonts << QStringLiteral("tiny.shx") << QStringLiteral("tinybig.shx");
+            random.add(document, static_cast<int>(seed % 8));
+            const ZTMarkGraph before = document.itemMag()->getShapeLines();
+            const QByteArray bytes = saved(document);
+            DrawingError error;
+            QVERIFY2(load(bytes, other, &error), qPrintable(error.reason));
+            const QString which = QStringLiteral("seed %1").arg(seed);
+            QVERIFY2(testsupport::sameGraph(other.itemMag()->getShapeLines(), before),
+                     qPrintable(which));
+            QVERIFY2(saved(other) == bytes, qPrintable(which));
+        }
+        messages.take();
+    }
+
+private:
+    QScopedPointer<testsupport::SingletonGuard> guard;
+};
+
+int main(int argc, char **argv)
+{
+    const int code = testsupport::runInOwnFolder(argc, argv);
+    if (code >= 0)
+        return code;
+    QApplication application(argc, argv);
+    tst_DrawingRandom test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_DrawingRandom.moc"
