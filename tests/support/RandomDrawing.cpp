@@ -89,6 +89,8 @@ void RandomDrawing::setText(ZTGraphicsTextItem &item)
     }
     if (oneIn(3))
         setVariantText(item);
+    if (oneIn(3)) // not the one that the font gives it
+        shape.setRect(QRectF(real(-5, 5), real(-5, 5), real(0, 40), real(0, 40)));
 }
 
 void RandomDrawing::setVariantText(ZTGraphicsTextItem &item)
