@@ -184,7 +184,8 @@ bool writeDrawing(const DrawingFile &drawing, const QString &path, DrawingError 
         return cannot(QStringLiteral("the drawing is larger than %1 MiB")
                           .arg(kMaxDrawingBytes / (1024 * 1024)));
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
+    // Unbuffered: QSaveFile does not notice when the last piece of its buffer finds no room.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return cannot(file.errorString());
     if (file.write(bytes) != bytes.size() || !file.commit())
         return cannot(file.errorString());

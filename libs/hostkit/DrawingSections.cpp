@@ -16,13 +16,6 @@ constexpr int kTagSize = 4;
 constexpr int kSectionHead = 12; // tag and length
 constexpr int kSumSize = 4;
 
-quint32 checksum(const char *bytes, qint64 count)
-{
-    // Limit: kMaxDrawingBytes is less than what one call takes.
-    return static_cast<quint32>(
-        crc32(0, reinterpret_cast<const Bytef *>(bytes), static_cast<uInt>(count)));
-}
-
 template <class Number>
 void append(QByteArray *bytes, Number number)
 {
@@ -33,7 +26,7 @@ void append(QByteArray *bytes, Number number)
 
 void appendSum(QByteArray *bytes, int from)
 {
-    append(bytes, checksum(bytes->constData() + from, bytes->size() - from));
+    append(bytes, drawingChecksum(bytes->constData() + from, bytes->size() - from));
 }
 
 bool refuse(DrawingError *error, DrawingError::Kind kind, const QString &reason)
@@ -73,7 +66,7 @@ bool checkHeader(const QByteArray &bytes, quint32 *sectionCount, DrawingSections
     const auto flags = reader.number<quint32>();
     const auto length = reader.number<quint64>();
     *sectionCount = reader.number<quint32>();
-    if (reader.number<quint32>() != checksum(bytes.constData(), kHeaderSummed))
+    if (reader.number<quint32>() != drawingChecksum(bytes.constData(), kHeaderSummed))
         return damaged(error, QStringLiteral("its header does not match its checksum"));
     if (version != kFormatVersion || flags != 0)
         return refuse(error, DrawingError::Kind::NewerVersion,
@@ -100,7 +93,7 @@ bool readSection(ByteReader &reader, const QByteArray &bytes, DrawingSection *se
     const auto sum = reader.number<quint32>();
     if (!reader.ok())
         return damaged(error, QStringLiteral("a section is longer than the file"));
-    if (sum != checksum(bytes.constData() + from, summed))
+    if (sum != drawingChecksum(bytes.constData() + from, summed))
         return damaged(
             error,
             QStringLiteral("section %1 does not match its checksum").arg(nameOf(section->tag)));
@@ -108,6 +101,13 @@ bool readSection(ByteReader &reader, const QByteArray &bytes, DrawingSection *se
 }
 
 } // namespace
+
+quint32 drawingChecksum(const char *bytes, qint64 count)
+{
+    // Limit: kMaxDrawingBytes is less than what one call takes.
+    return static_cast<quint32>(
+        crc32(0, reinterpret_cast<const Bytef *>(bytes), static_cast<uInt>(count)));
+}
 
 QByteArray joinSections(const DrawingSections &file)
 {

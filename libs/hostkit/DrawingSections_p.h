@@ -22,4 +22,7 @@ QByteArray joinSections(const DrawingSections &file);
  */
 bool splitSections(const QByteArray &bytes, DrawingSections *file, DrawingError *error);
 
+/** The checksum of the format, CRC-32. */
+quint32 drawingChecksum(const char *bytes, qint64 count);
+
 } // namespace hostkit

@@ -29,8 +29,8 @@ public:
     QStringList strokeFonts;
 
     /** The kinds to choose from. */
-    QVector<ShapeType> kinds{ShapeType::Rect, ShapeType::Line,    ShapeType::Ellipse,
-                             ShapeType::TDOT, ShapeType::Polygon, ShapeType::Text,
+    QVector<ShapeType> kinds{ShapeType::Rect,    ShapeType::Line,    ShapeType::Ellipse,
+                             ShapeType::TDOT,    ShapeType::Polygon, ShapeType::Text,
                              ShapeType::VecGraph};
 
     void add(ZTGraphicsDocument &document, int items);

@@ -1,42 +1,20 @@
+#include <support/DrawingBytes.h>
 #include <support/OwnFolder.h>
 #include <support/RandomDrawing.h>
 #include <support/SingletonGuard.h>
 #include <support/TinyFonts.h>
 #include <support/WarningGuard.h>
 
-#include <hostkit/DrawingSnapshot.h>
 #include <hostkit/Factories.h>
 
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 
 using hostkit::DrawingError;
-using hostkit::DrawingFile;
 
 namespace {
 
 constexpr int kDrawings = 2000;
-const QDateTime kMoment(QDate(2024, 2, 29), QTime(12, 34, 56, 789), Qt::UTC);
-
-QByteArray saved(ZTGraphicsDocument &document)
-{
-    hostkit::DrawingCapture capture;
-    capture.savedAt = kMoment;
-    capture.withPreview = false;
-    DrawingFile drawing;
-    DrawingError error;
-    if (!captureDrawing(document, capture, &drawing, &error))
-        qFatal("%s", qPrintable(error.reason));
-    return drawingToBytes(drawing);
-}
-
-bool load(const QByteArray &bytes, ZTGraphicsDocument &document, DrawingError *error)
-{
-    DrawingFile drawing;
-    return readDrawing(bytes, &drawing, error) &&
-           applyDrawing(drawing, document, {}, nullptr, error);
-}
-
 /** What is painted now, nothing being rebuilt for it. */
 QVector<QPainterPath> outlinesOf(ZTGraphicsDocument &document)
 {
@@ -72,16 +50,17 @@ private Q_SLOTS:
             testsupport::RandomDrawing random(seed);
             random.strokeFonts << QStringLiteral("tiny.shx") << QStringLiteral("tinybig.shx");
             random.add(document, static_cast<int>(seed % 8));
-            const QByteArray bytes = saved(document); // with shapes that wait for a rebuild
+            const QByteArray bytes =
+                testsupport::savedBytes(document); // with shapes that wait for a rebuild
             const ZTMarkGraph before = document.itemMag()->getShapeLines();
             DrawingError error;
-            QVERIFY2(load(bytes, other, &error), qPrintable(error.reason));
+            QVERIFY2(testsupport::load(bytes, other, &error), qPrintable(error.reason));
             const QString which = QStringLiteral("seed %1").arg(seed);
             const QVector<QPainterPath> shown = outlinesOf(other);
             QVERIFY2(testsupport::sameGraph(other.itemMag()->getShapeLines(), before),
                      qPrintable(which));
             QVERIFY2(outlinesOf(other) == shown, qPrintable(which)); // as a rebuild makes them
-            QVERIFY2(saved(other) == bytes, qPrintable(which));
+            QVERIFY2(testsupport::savedBytes(other) == bytes, qPrintable(which));
         }
         messages.take();
     }
