@@ -133,6 +133,19 @@ bool readAll(const QString &path, QByteArray *bytes, DrawingError *error)
     return true;
 }
 
+/** In as many steps as it takes: only a step that writes nothing knows why. */
+bool writeAll(QIODevice &device, const QByteArray &bytes)
+{
+    qint64 done = 0;
+    while (done < bytes.size()) {
+        const qint64 written = device.write(bytes.constData() + done, bytes.size() - done);
+        if (written <= 0)
+            return false;
+        done += written;
+    }
+    return true;
+}
+
 } // namespace
 
 bool checkDrawing(const DrawingFile &drawing, DrawingError *error)
@@ -187,7 +200,7 @@ bool writeDrawing(const DrawingFile &drawing, const QString &path, DrawingError 
     // Unbuffered: QSaveFile does not notice when the last piece of its buffer finds no room.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return cannot(file.errorString());
-    if (file.write(bytes) != bytes.size() || !file.commit())
+    if (!writeAll(file, bytes) || !file.commit())
         return cannot(file.errorString());
     return true;
 }
