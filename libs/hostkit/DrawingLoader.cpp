@@ -1,4 +1,4 @@
-#include <hostkit/DrawingSnapshot.h>
+#include <hostkit/DrawingLoader_p.h>
 
 #include <hostkit/DrawingContent_p.h>
 #include <hostkit/DrawingStream_p.h>
@@ -20,7 +20,6 @@ namespace hostkit {
 namespace {
 
 constexpr qint64 kPieceMs = 40; // between two calls of the progress function
-constexpr qint64 kMaxPieces = 200'000'000;
 
 /** Big-endian and of the drawing's version, as every stream over a drawing's bytes is. */
 void prepare(QDataStream &stream) { stream.setVersion(kStreamVersion); }
@@ -85,8 +84,8 @@ private:
 class Loader
 {
 public:
-    Loader(const DrawingFile &source, ZTGraphicsDocument &target)
-        : drawing(source), document(target), ownSetup(DrawingSetup::of(target)),
+    Loader(const DrawingLoad &how, const DrawingFile &source, ZTGraphicsDocument &target)
+        : load(how), drawing(source), document(target), ownSetup(DrawingSetup::of(target)),
           ownHeights(strokeFontHeights(target)), buffer(&bytes), stream(&buffer)
     {
         bytes = source.stream;
@@ -94,7 +93,7 @@ public:
         prepare(stream);
     }
 
-    bool build(const DrawingProgress &progress, DrawingError *error);
+    bool build(DrawingError *error);
     void handOver();
     QStringList missingFonts() const { return fonts.missing(); }
 
@@ -109,6 +108,7 @@ private:
     void redrawStrokeTexts();
     void takeCounters();
 
+    const DrawingLoad &load;
     const DrawingFile &drawing;
     ZTGraphicsDocument &document;
     const DrawingSetup ownSetup;
@@ -123,7 +123,7 @@ private:
     FontCheck fonts;
 };
 
-bool Loader::build(const DrawingProgress &progress, DrawingError *error)
+bool Loader::build(DrawingError *error)
 {
     QString reason;
     if (!checkDrawing(drawing, error) || !indexDrawingStream(drawing.stream, &index, &reason))
@@ -133,7 +133,7 @@ bool Loader::build(const DrawingProgress &progress, DrawingError *error)
     while (doneItems() < total) {
         if (!buildSome(error))
             return false;
-        if (progress && !progress(doneItems(), total)) {
+        if (load.progress && !load.progress(doneItems(), total)) {
             *error = {DrawingError::Kind::Cancelled, QStringLiteral("cancelled")};
             return false;
         }
@@ -183,9 +183,9 @@ bool Loader::keep(std::unique_ptr<ZTAbstractGraphicsItem> item, DrawingError *er
 {
     const ZTShapeBase &shape = *item->getShapeBase();
     pieces += shape.getLines().elementCount() + shape.getFillLines().size();
-    if (pieces > kMaxPieces) {
+    if (pieces > load.maxPieces) {
         *error = {DrawingError::Kind::NotLoadable,
-                  QStringLiteral("holds more than %1 points and hatch lines").arg(kMaxPieces)};
+                  QStringLiteral("holds more than %1 points and hatch lines").arg(load.maxPieces)};
         return false;
     }
     items.push_back(std::move(item));
@@ -290,8 +290,14 @@ void Loader::takeCounters()
 bool applyDrawing(const DrawingFile &drawing, ZTGraphicsDocument &document,
                   const DrawingProgress &progress, DrawingReport *report, DrawingError *error)
 {
-    Loader loader(drawing, document);
-    if (!loader.build(progress, error))
+    return applyWithin({progress}, drawing, document, report, error);
+}
+
+bool applyWithin(const DrawingLoad &load, const DrawingFile &drawing, ZTGraphicsDocument &document,
+                 DrawingReport *report, DrawingError *error)
+{
+    Loader loader(load, drawing, document);
+    if (!loader.build(error))
         return false;
     loader.handOver();
     if (report != nullptr)

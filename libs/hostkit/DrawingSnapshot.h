@@ -51,7 +51,7 @@ struct DrawingReport
  * the drawing's. Before that the open drawing, its undo stack and its selection stand untouched,
  * and whenever `progress` is called the set-up is the open drawing's: it may run events.
  *
- * Limit: 200,000,000 points of outlines and hatch lines in all.
+ * Limit: 50,000,000 points of outlines and hatch lines in all.
  * Order: after the item factories were registered. `document` must outlive the call.
  * Failure: false with the reason, cancelled included; the open drawing stays as it was.
  */
