@@ -12,6 +12,7 @@
 #include <QtGui/QFontDatabase>
 
 #include <memory>
+#include <new>
 #include <set>
 #include <vector>
 
@@ -80,6 +81,29 @@ private:
     std::set<QString> lacking;
 };
 
+/** Lets the drawing's set-up hold while its shapes are rebuilt, and no longer. */
+class BorrowedSetup
+{
+public:
+    BorrowedSetup(const DrawingSetup &borrowed, const DrawingSetup &ownSetup,
+                  const QVector<DrawingFontHeight> &ownHeights)
+        : setup(ownSetup), heights(ownHeights)
+    {
+        borrowed.applyToProcess();
+    }
+    ~BorrowedSetup()
+    {
+        setup.applyToProcess();
+        setStrokeFontHeights(heights);
+    }
+    BorrowedSetup(const BorrowedSetup &) = delete;
+    BorrowedSetup &operator=(const BorrowedSetup &) = delete;
+
+private:
+    const DrawingSetup &setup;
+    const QVector<DrawingFontHeight> &heights;
+};
+
 /** Builds the items of a drawing, in no scene, and hands them over at the end. */
 class Loader
 {
@@ -141,17 +165,15 @@ bool Loader::build(DrawingError *error)
     return true;
 }
 
-/** The drawing's set-up holds while its shapes are rebuilt, and no longer. */
+/** As much as fits between two calls of the progress function. */
 bool Loader::buildSome(DrawingError *error)
 {
-    drawing.meta.setup.applyToProcess();
+    const BorrowedSetup borrowed(drawing.meta.setup, ownSetup, ownHeights);
     QElapsedTimer sinceStart;
     sinceStart.start();
     bool isGood = true;
     while (isGood && doneItems() < index.records.size() && !sinceStart.hasExpired(kPieceMs))
         isGood = buildNext(error);
-    ownSetup.applyToProcess();
-    setStrokeFontHeights(ownHeights);
     return isGood;
 }
 
@@ -285,6 +307,18 @@ void Loader::takeCounters()
     document.itemMag()->load(countersStream);
 }
 
+/** Qt throws when there is no memory for a shape; the items so far make room again. */
+bool buildWithin(Loader &loader, DrawingError *error)
+{
+    try {
+        return loader.build(error);
+    } catch (const std::bad_alloc &) {
+        *error = {DrawingError::Kind::NotLoadable,
+                  QStringLiteral("needs more memory than there is")};
+        return false;
+    }
+}
+
 } // namespace
 
 bool applyDrawing(const DrawingFile &drawing, ZTGraphicsDocument &document,
@@ -297,7 +331,7 @@ bool applyWithin(const DrawingLoad &load, const DrawingFile &drawing, ZTGraphics
                  DrawingReport *report, DrawingError *error)
 {
     Loader loader(load, drawing, document);
-    if (!loader.build(error))
+    if (!buildWithin(loader, error))
         return false;
     loader.handOver();
     if (report != nullptr)
