@@ -63,16 +63,16 @@ bool isTame(double value, double most) { return std::abs(value) <= most; }
 
 bool isTame(const ZTFillParam &fill)
 {
-    return fill.fillType == FillType::None || !(std::abs(fill.spac) < 1.0);
+    return fill.fillType == FillType::None || !(std::abs(fill.spac) < 5.0);
 }
 
 bool isTame(const QTransform &t)
 {
     for (const double value : {t.m11(), t.m12(), t.m13(), t.m21(), t.m22(), t.m23(), t.m33()}) {
-        if (!isTame(value, 10.0))
+        if (!isTame(value, 3.0))
             return false;
     }
-    return isTame(t.m31(), 1000.0) && isTame(t.m32(), 1000.0);
+    return isTame(t.m31(), 100.0) && isTame(t.m32(), 100.0);
 }
 
 /** Whether a record asks for a shape of common size: the large ones are no news, only slow. */
@@ -87,11 +87,11 @@ bool isTame(const QByteArray &stream, const hostkit::DrawingRecord &record)
     constexpr int kRect = 4;
     constexpr int kHatchKind = 176;
     for (int i = 0; i < kRect + 18; ++i) {
-        if (!isTame(realAt(stream, record.shape + 8 * i), i < kRect ? 300.0 : 20.0))
+        if (!isTame(realAt(stream, record.shape + 8 * i), i < kRect ? 100.0 : 3.0))
             return false;
     }
     const auto kind = qFromBigEndian<qint32>(stream.constData() + record.shape + kHatchKind);
-    return kind == 2 || !(std::abs(realAt(stream, record.shape + kHatchKind + 4)) < 1.0);
+    return kind == 2 || !(std::abs(realAt(stream, record.shape + kHatchKind + 4)) < 5.0);
 }
 
 bool isTame(const DrawingFile &drawing)
@@ -103,15 +103,15 @@ bool isTame(const DrawingFile &drawing)
     const auto recordIsTame = [&](const auto &record) { return isTame(drawing.stream, record); };
     const auto restIsTame = [](const hostkit::DrawingItemRest &item) {
         return isTame(item.fill) && isTame(item.transform) && isTame(item.roundingTransform) &&
-               isTame(item.rectMm.width(), 300.0) && isTame(item.rectMm.height(), 300.0);
+               isTame(item.rectMm.width(), 100.0) && isTame(item.rectMm.height(), 100.0);
     };
     const auto drawingIsTame = [](const QPainterPath &path) {
         const QRectF box = path.controlPointRect();
-        return isTame(box.width(), 300.0) && isTame(box.height(), 300.0);
+        return isTame(box.width(), 100.0) && isTame(box.height(), 100.0);
     };
     const hostkit::DrawingSetup &setup = drawing.meta.setup;
     const double pxPerMm = setup.height / setup.physicalHeight * setup.displayRatio;
-    return drawing.hasRest && isTame(pxPerMm, 20.0) && index.records.size() <= 20 &&
+    return drawing.hasRest && isTame(pxPerMm, 10.0) && index.records.size() <= 20 &&
            std::all_of(index.records.begin(), index.records.end(), recordIsTame) &&
            std::all_of(drawing.rest.items.begin(), drawing.rest.items.end(), restIsTame) &&
            std::all_of(drawing.rest.drawings.begin(), drawing.rest.drawings.end(), drawingIsTame);
