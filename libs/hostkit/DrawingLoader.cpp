@@ -110,7 +110,7 @@ class Loader
 public:
     Loader(const DrawingLoad &how, const DrawingFile &source, ZTGraphicsDocument &target)
         : load(how), drawing(source), document(target), ownSetup(DrawingSetup::of(target)),
-          ownHeights(strokeFontHeights(target)), buffer(&bytes), stream(&buffer)
+          ownHeights(strokeFontHeights(shapeItemsOf(target))), buffer(&bytes), stream(&buffer)
     {
         bytes = source.stream;
         buffer.open(QIODevice::ReadOnly);

@@ -1,7 +1,5 @@
 #include <hostkit/DrawingPreview_p.h>
 
-#include <hostkit/StrokeFontHeights_p.h>
-
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 #include <QtCore/QBuffer>
@@ -32,9 +30,8 @@ QRectF extentOf(const QVector<ZTAbstractGraphicsItem *> &items)
 } // namespace
 
 // The items are painted one by one: the scene would show selection frame and grid, too.
-QByteArray drawPreview(const ZTGraphicsDocument &document)
+QByteArray drawPreview(const QVector<ZTAbstractGraphicsItem *> &items)
 {
-    const QVector<ZTAbstractGraphicsItem *> items = shapeItemsOf(document);
     const QRectF extentPx = extentOf(items);
     const double longer = qMax(extentPx.width(), extentPx.height());
     if (!(longer > 0.0))

@@ -1,12 +1,13 @@
 #pragma once
 
 #include <QtCore/QByteArray>
+#include <QtCore/QVector>
 
-class ZTGraphicsDocument;
+class ZTAbstractGraphicsItem;
 
 namespace hostkit {
 
-/** A PNG of the whole drawing, its longer side 256 pixels; empty for a drawing without extent. */
-QByteArray drawPreview(const ZTGraphicsDocument &document);
+/** A PNG of all items, lowest first, its longer side 256 pixels; empty for items without extent. */
+QByteArray drawPreview(const QVector<ZTAbstractGraphicsItem *> &items);
 
 } // namespace hostkit

@@ -46,6 +46,18 @@ void clearMarks(const DrawingStreamIndex &index, QByteArray *stream)
     }
 }
 
+/** The stream, once it is certain that it can be loaded again. */
+bool takeStream(ZTGraphicsDocument &document, QByteArray *stream, DrawingError *error)
+{
+    *stream = streamOf(document);
+    DrawingStreamIndex index;
+    QString reason;
+    if (!indexDrawingStream(*stream, &index, &reason))
+        return notLoadable(reason, error);
+    clearMarks(index, stream);
+    return true;
+}
+
 QVector<DrawingPen> pensOf(const QVector<ZTAbstractGraphicsItem *> &items)
 {
     std::map<qint32, qint32> counts;
@@ -55,6 +67,16 @@ QVector<DrawingPen> pensOf(const QVector<ZTAbstractGraphicsItem *> &items)
     for (const auto &[id, count] : counts)
         pens << DrawingPen{id, count};
     return pens;
+}
+
+DrawingMeta metaOf(const QVector<ZTAbstractGraphicsItem *> &items, const DrawingCapture &capture)
+{
+    DrawingMeta meta;
+    meta.programVersion = capture.programVersion;
+    meta.savedAt =
+        capture.savedAt.isValid() ? capture.savedAt.toUTC() : QDateTime::currentDateTimeUtc();
+    meta.pens = pensOf(items);
+    return meta;
 }
 
 /** Collects what the stream loses, each imported drawing once. */
@@ -98,36 +120,34 @@ private:
     QHash<QByteArray, qint32> numbers;
 };
 
+DrawingRest restOf(const QVector<ZTAbstractGraphicsItem *> &items)
+{
+    RestCollector collector;
+    for (const ZTAbstractGraphicsItem *item : items) {
+        if (isShortRecord(item->getShapeType()))
+            collector.add(*item);
+    }
+    collector.rest.fontHeights = strokeFontHeights(items);
+    return collector.rest;
+}
+
 } // namespace
 
 bool captureDrawing(ZTGraphicsDocument &document, const DrawingCapture &capture,
                     DrawingFile *drawing, DrawingError *error)
 {
     DrawingFile taken;
-    taken.stream = streamOf(document);
-    DrawingStreamIndex index;
-    QString reason;
-    if (!indexDrawingStream(taken.stream, &index, &reason))
-        return notLoadable(reason, error);
-    clearMarks(index, &taken.stream);
+    if (!takeStream(document, &taken.stream, error))
+        return false;
     const QVector<ZTAbstractGraphicsItem *> items = shapeItemsOf(document);
-    taken.meta.programVersion = capture.programVersion;
-    taken.meta.savedAt =
-        capture.savedAt.isValid() ? capture.savedAt.toUTC() : QDateTime::currentDateTimeUtc();
+    taken.meta = metaOf(items, capture);
     taken.meta.setup = DrawingSetup::of(document);
     if (!taken.meta.setup.isUsable())
         return notLoadable(QStringLiteral("its millimetres have no size"), error);
-    taken.meta.pens = pensOf(items);
-    RestCollector collector;
-    for (const ZTAbstractGraphicsItem *item : items) {
-        if (isShortRecord(item->getShapeType()))
-            collector.add(*item);
-    }
     taken.hasRest = true;
-    taken.rest = collector.rest;
-    taken.rest.fontHeights = strokeFontHeights(document);
+    taken.rest = restOf(items);
     if (capture.withPreview)
-        taken.previewPng = drawPreview(document);
+        taken.previewPng = drawPreview(items);
     taken.unknown = capture.unknown;
     *drawing = taken;
     return true;

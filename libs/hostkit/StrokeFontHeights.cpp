@@ -31,10 +31,10 @@ QVector<ZTAbstractGraphicsItem *> shapeItemsOf(const ZTGraphicsDocument &documen
     return found;
 }
 
-QVector<DrawingFontHeight> strokeFontHeights(const ZTGraphicsDocument &document)
+QVector<DrawingFontHeight> strokeFontHeights(const QVector<ZTAbstractGraphicsItem *> &items)
 {
     std::set<QString> names;
-    for (const ZTAbstractGraphicsItem *item : shapeItemsOf(document)) {
+    for (const ZTAbstractGraphicsItem *item : items) {
         if (const ZTShapeText *text = textOf(*item)) {
             const ZTShxFontParam font = text->getFont().shxFont;
             names.insert(font.enName);

@@ -24,7 +24,7 @@ void RandomDrawing::addOne(ZTGraphicsDocument &document)
         polygon->setSideCount(random.bounded(1, 12));
     if (auto *graphic = dynamic_cast<ZTVecGraph *>(item->getShapeBase()))
         graphic->setDrawing(drawing(), QStringLiteral("/nowhere/%1.plt").arg(random.bounded(5)));
-    if (!oneIn(6))
+    if (!withMatrices || !oneIn(6))
         return;
     item->setSelected(true);
     document.itemMag()->addMatrix(random.bounded(1, 4), random.bounded(1, 4), 3.0, 4.0);

@@ -33,6 +33,9 @@ public:
                              ShapeType::TDOT,    ShapeType::Polygon, ShapeType::Text,
                              ShapeType::VecGraph};
 
+    /** Whether some shapes are repeated in a matrix; selecting each is slow among very many. */
+    bool withMatrices = true;
+
     void add(ZTGraphicsDocument &document, int items);
 
 private:

@@ -15,6 +15,7 @@ using hostkit::DrawingError;
 namespace {
 
 constexpr int kDrawings = 2000;
+constexpr int kDamages = 3000;
 /** What is painted now, nothing being rebuilt for it. */
 QVector<QPainterPath> outlinesOf(ZTGraphicsDocument &document)
 {
@@ -65,7 +66,64 @@ private Q_SLOTS:
         messages.take();
     }
 
+    void largeDrawing_damagedAnywhere_isRefused()
+    {
+        testsupport::WarningGuard messages;
+        ZTGraphicsDocument document;
+        testsupport::RandomDrawing drawing(7);
+        drawing.add(document, 600);
+        const QByteArray whole = testsupport::savedBytes(document);
+        QVERIFY(whole.size() > 100'000);
+        QRandomGenerator random(1);
+        int refused = 0;
+        for (int i = 0; i < kDamages; ++i) {
+            const QByteArray damaged = withDamage(whole, &random);
+            hostkit::DrawingFile read;
+            DrawingError error;
+            if (damaged == whole)
+                continue;
+            QVERIFY2(!readDrawing(damaged, &read, &error), qPrintable(QString::number(i)));
+            QVERIFY(!error.reason.isEmpty());
+            ++refused;
+        }
+        QVERIFY(refused > kDamages * 9 / 10);
+        messages.take();
+    }
+
 private:
+    /** Bits turned over, a piece overwritten, taken out, doubled or moved, or the end cut off. */
+    static QByteArray withDamage(const QByteArray &whole, QRandomGenerator *random)
+    {
+        QByteArray bytes = whole;
+        const int at = random->bounded(bytes.size());
+        const int length = random->bounded(1, 300);
+        switch (random->bounded(6)) {
+        case 0:
+            bytes[at] = static_cast<char>(bytes[at] ^ (1 << random->bounded(8)));
+            break;
+        case 1:
+            for (int i = at; i < qMin(at + length, bytes.size()); ++i)
+                bytes[i] = static_cast<char>(random->bounded(256));
+            break;
+        case 2:
+            bytes.remove(at, length);
+            break;
+        case 3:
+            bytes.insert(at, bytes.mid(at, length));
+            break;
+        case 4: {
+            const QByteArray piece = bytes.mid(at, length);
+            bytes.remove(at, length);
+            bytes.insert(random->bounded(bytes.size()), piece);
+            break;
+        }
+        default:
+            bytes.truncate(at);
+            break;
+        }
+        return bytes;
+    }
+
     QScopedPointer<testsupport::SingletonGuard> guard;
 };
 
