@@ -28,6 +28,7 @@ void fill(ZTGraphicsDocument &document, Content content, int count)
         random.kinds.removeAll(ShapeType::Text);
         random.withMatrices = false;
         random.add(document, count);
+        document.itemMag()->getShapeLines(); // nothing waits for a rebuild
         return;
     }
     const int columns = static_cast<int>(std::ceil(std::sqrt(count)));

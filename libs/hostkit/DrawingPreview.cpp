@@ -47,7 +47,10 @@ public:
             return true;
         const QRectF box =
             (item.sceneTransform() * toPicture).mapRect(item.boundingRect()).intersected(kPicture);
-        const auto cell = [](double px) { return static_cast<quint32>(qMax(0.0, px / kCell)); };
+        const bool isSmall = qMax(box.width(), box.height()) < kLargeCell;
+        const auto cell = [side = isSmall ? kSmallCell : kLargeCell](double px) {
+            return static_cast<quint32>(qMax(0.0, px / side));
+        };
         const quint32 key = (cell(box.left()) << 24) | (cell(box.top()) << 16) |
                             (cell(box.width()) << 8) | cell(box.height());
         const int known = taken.size();
@@ -57,7 +60,8 @@ public:
 
 private:
     static constexpr int kFew = 4000;
-    static constexpr double kCell = 4.0;
+    static constexpr double kSmallCell = 2.0;
+    static constexpr double kLargeCell = 8.0;
     static constexpr QRectF kPicture{0.0, 0.0, kSide, kSide};
 
     bool isFew;

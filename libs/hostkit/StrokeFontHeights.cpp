@@ -35,11 +35,14 @@ QVector<DrawingFontHeight> strokeFontHeights(const QVector<ZTAbstractGraphicsIte
 {
     std::set<QString> names;
     for (const ZTAbstractGraphicsItem *item : items) {
-        if (const ZTShapeText *text = textOf(*item)) {
-            const ZTShxFontParam font = text->getFont().shxFont;
-            names.insert(font.enName);
-            names.insert(font.zhName);
-        }
+        const ZTShapeText *text = textOf(*item);
+        if (text == nullptr)
+            continue;
+        ZTShxFontParam font = text->getFont().shxFont;
+        if (font.parser.getTextHeight() == 0.0) // no fonts, or none that draw
+            continue;
+        names.insert(font.enName);
+        names.insert(font.zhName);
     }
     QVector<DrawingFontHeight> heights;
     for (const QString &name : names) {

@@ -6,6 +6,7 @@
 #include <hostkit/Factories.h>
 
 #include <QtCore/QBuffer>
+#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
@@ -618,6 +619,32 @@ private Q_SLOTS:
     void write_ofTheSameDrawing_givesTheSameBytes()
     {
         QCOMPARE(drawingToBytes(hexagon()), drawingToBytes(hexagon()));
+    }
+
+    void write_throughALink_replacesWhatItPointsTo()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("a.ztd"));
+        const QString link = folder.filePath(QStringLiteral("link.ztd"));
+        put(path, "old");
+        QVERIFY(QFile::link(path, link));
+        DrawingError error;
+        QVERIFY2(writeDrawing(hexagon(), link, &error), qPrintable(error.reason));
+        QVERIFY(QFileInfo(link).isSymLink());
+        QCOMPARE(contentOfFile(path), drawingToBytes(hexagon()));
+    }
+
+    void write_keepsThePermissionsOfTheOldFile()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("a.ztd"));
+        put(path, "old");
+        const QFile::Permissions wanted = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
+        QVERIFY(QFile::setPermissions(path, wanted));
+        DrawingError error;
+        QVERIFY2(writeDrawing(hexagon(), path, &error), qPrintable(error.reason));
+        const QFile::Permissions ofUser = QFile::ReadUser | QFile::WriteUser | QFile::ExeUser;
+        QCOMPARE(QFile::permissions(path) & ~ofUser, wanted);
     }
 
     void write_onAFullDisk_keepsTheOldFileAndSaysSo()
