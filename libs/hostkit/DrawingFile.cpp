@@ -1,6 +1,7 @@
 #include <hostkit/DrawingFile.h>
 
 #include <hostkit/DrawingContent_p.h>
+#include <hostkit/DrawingRefusal_p.h>
 #include <hostkit/DrawingSections_p.h>
 #include <hostkit/DrawingStream_p.h>
 
@@ -21,18 +22,6 @@ const QByteArray kStream = QByteArrayLiteral("STRM");
 const QByteArray kRest = QByteArrayLiteral("REST");
 const QByteArray kDrawings = QByteArrayLiteral("PLOT");
 constexpr int kPreviewSide = 256;
-
-bool fail(DrawingError *error, DrawingError::Kind kind, const QString &reason)
-{
-    *error = {kind, reason};
-    return false;
-}
-
-bool damaged(DrawingError *error, const QString &what)
-{
-    return fail(error, DrawingError::Kind::Damaged,
-                QStringLiteral("the drawing is damaged: %1").arg(what));
-}
 
 bool isKnown(const QByteArray &tag)
 {
@@ -66,16 +55,17 @@ bool checkSections(const Sections &sections, DrawingError *error)
 {
     for (const QByteArray &tag : {kMeta, kPreview, kStream, kRest, kDrawings}) {
         if (sections.hasTwice(tag))
-            return damaged(error,
-                           QStringLiteral("it has two sections %1").arg(QString::fromLatin1(tag)));
+            return refuseDamaged(
+                error, QStringLiteral("it has two sections %1").arg(QString::fromLatin1(tag)));
     }
     for (const QByteArray &tag : {kMeta, kStream}) {
         if (sections.find(tag) == nullptr)
-            return damaged(error,
-                           QStringLiteral("it has no section %1").arg(QString::fromLatin1(tag)));
+            return refuseDamaged(
+                error, QStringLiteral("it has no section %1").arg(QString::fromLatin1(tag)));
     }
     if ((sections.find(kRest) == nullptr) != (sections.find(kDrawings) == nullptr))
-        return damaged(error, QStringLiteral("it has only one of the sections REST and PLOT"));
+        return refuseDamaged(error,
+                             QStringLiteral("it has only one of the sections REST and PLOT"));
     return true;
 }
 
@@ -85,9 +75,9 @@ bool readRest(const Sections &sections, DrawingFile *drawing, DrawingError *erro
     if (!drawing->hasRest)
         return true;
     if (!restFromBytes(sections.find(kRest)->bytes, &drawing->rest))
-        return damaged(error, QStringLiteral("section REST is out of step"));
+        return refuseDamaged(error, QStringLiteral("section REST is out of step"));
     if (!drawingsFromBytes(sections.find(kDrawings)->bytes, &drawing->rest.drawings))
-        return damaged(error, QStringLiteral("section PLOT is out of step"));
+        return refuseDamaged(error, QStringLiteral("section PLOT is out of step"));
     return true;
 }
 
@@ -99,7 +89,7 @@ bool readSections(const QVector<DrawingSection> &all, DrawingFile *drawing, Draw
     if (!checkSections(sections, error))
         return false;
     if (!metaFromBytes(sections.find(kMeta)->bytes, &drawing->meta))
-        return damaged(error, QStringLiteral("section META is out of step"));
+        return refuseDamaged(error, QStringLiteral("section META is out of step"));
     if (const DrawingSection *preview = sections.find(kPreview))
         drawing->previewPng = copied(preview->bytes);
     drawing->stream = copied(sections.find(kStream)->bytes);
@@ -113,7 +103,7 @@ bool readSections(const QVector<DrawingSection> &all, DrawingFile *drawing, Draw
 bool readAll(const QString &path, QByteArray *bytes, DrawingError *error)
 {
     const auto cannot = [error](const QString &why) {
-        return fail(error, DrawingError::Kind::CannotRead, why);
+        return refuse(error, DrawingError::Kind::CannotRead, why);
     };
     const QFileInfo info(path);
     if (!info.exists())
@@ -153,19 +143,19 @@ bool checkDrawing(const DrawingFile &drawing, DrawingError *error)
     DrawingStreamIndex index;
     QString reason;
     if (!indexDrawingStream(drawing.stream, &index, &reason))
-        return damaged(error, reason);
+        return refuseDamaged(error, reason);
     if (!drawing.meta.setup.isUsable())
-        return damaged(error, QStringLiteral("its millimetres have no size"));
+        return refuseDamaged(error, QStringLiteral("its millimetres have no size"));
     if (!drawing.hasRest)
         return true;
     const auto shortRecords =
         std::count_if(index.records.begin(), index.records.end(),
                       [](const DrawingRecord &record) { return isShortRecord(record.type); });
     if (shortRecords != drawing.rest.items.size())
-        return damaged(error, QStringLiteral("section REST is not about its objects"));
+        return refuseDamaged(error, QStringLiteral("section REST is not about its objects"));
     for (const DrawingItemRest &item : drawing.rest.items) {
         if (item.drawing < -1 || item.drawing >= drawing.rest.drawings.size())
-            return damaged(error, QStringLiteral("section PLOT lacks a drawing"));
+            return refuseDamaged(error, QStringLiteral("section PLOT lacks a drawing"));
     }
     return true;
 }
@@ -189,8 +179,8 @@ QByteArray drawingToBytes(const DrawingFile &drawing)
 bool writeDrawing(const DrawingFile &drawing, const QString &path, DrawingError *error)
 {
     const auto cannot = [error](const QString &why) {
-        return fail(error, DrawingError::Kind::CannotWrite,
-                    QStringLiteral("cannot be written: %1").arg(why));
+        return refuse(error, DrawingError::Kind::CannotWrite,
+                      QStringLiteral("cannot be written: %1").arg(why));
     };
     const QByteArray bytes = drawingToBytes(drawing);
     if (bytes.isEmpty())
@@ -212,10 +202,10 @@ bool readDrawing(const QByteArray &bytes, DrawingFile *drawing, DrawingError *er
     if (!splitSections(bytes, &file, error))
         return false;
     if (file.streamVersion != kStreamVersion)
-        return fail(error, DrawingError::Kind::NewerVersion,
-                    QStringLiteral("holds data of stream version %1, this program reads %2")
-                        .arg(file.streamVersion)
-                        .arg(kStreamVersion));
+        return refuse(error, DrawingError::Kind::NewerVersion,
+                      QStringLiteral("holds data of stream version %1, this program reads %2")
+                          .arg(file.streamVersion)
+                          .arg(kStreamVersion));
     if (!readSections(file.sections, &read, error))
         return false;
     *drawing = read;

@@ -1,6 +1,7 @@
 #include <hostkit/DrawingLoader_p.h>
 
 #include <hostkit/DrawingContent_p.h>
+#include <hostkit/DrawingRefusal_p.h>
 #include <hostkit/DrawingStream_p.h>
 #include <hostkit/StrokeFontHeights_p.h>
 
@@ -158,8 +159,7 @@ bool Loader::build(DrawingError *error)
         if (!buildSome(error))
             return false;
         if (load.progress && !load.progress(doneItems(), total)) {
-            *error = {DrawingError::Kind::Cancelled, QStringLiteral("cancelled")};
-            return false;
+            return refuse(error, DrawingError::Kind::Cancelled, QStringLiteral("cancelled"));
         }
     }
     return true;
@@ -206,9 +206,9 @@ bool Loader::keep(std::unique_ptr<ZTAbstractGraphicsItem> item, DrawingError *er
     const ZTShapeBase &shape = *item->getShapeBase();
     pieces += shape.getLines().elementCount() + shape.getFillLines().size();
     if (pieces > load.maxPieces) {
-        *error = {DrawingError::Kind::NotLoadable,
-                  QStringLiteral("holds more than %1 points and hatch lines").arg(load.maxPieces)};
-        return false;
+        return refuse(
+            error, DrawingError::Kind::NotLoadable,
+            QStringLiteral("holds more than %1 points and hatch lines").arg(load.maxPieces));
     }
     items.push_back(std::move(item));
     return true;
@@ -313,9 +313,8 @@ bool buildWithin(Loader &loader, DrawingError *error)
     try {
         return loader.build(error);
     } catch (const std::bad_alloc &) {
-        *error = {DrawingError::Kind::NotLoadable,
-                  QStringLiteral("needs more memory than there is")};
-        return false;
+        return refuse(error, DrawingError::Kind::NotLoadable,
+                      QStringLiteral("needs more memory than there is"));
     }
 }
 

@@ -1,6 +1,7 @@
 #include <hostkit/DrawingSections_p.h>
 
 #include <hostkit/DrawingBytes_p.h>
+#include <hostkit/DrawingRefusal_p.h>
 
 #include <zlib.h>
 
@@ -29,18 +30,6 @@ void appendSum(QByteArray *bytes, int from)
     append(bytes, drawingChecksum(bytes->constData() + from, bytes->size() - from));
 }
 
-bool refuse(DrawingError *error, DrawingError::Kind kind, const QString &reason)
-{
-    *error = {kind, reason};
-    return false;
-}
-
-bool damaged(DrawingError *error, const QString &what)
-{
-    return refuse(error, DrawingError::Kind::Damaged,
-                  QStringLiteral("the drawing is damaged: %1").arg(what));
-}
-
 /** The tag as people can read it. */
 QString nameOf(const QByteArray &tag)
 {
@@ -58,7 +47,7 @@ bool checkHeader(const QByteArray &bytes, quint32 *sectionCount, DrawingSections
     if (bytes.left(kMagic.size()) != kMagic.left(bytes.size()))
         return refuse(error, DrawingError::Kind::NotADrawing, QStringLiteral("is not a drawing"));
     if (bytes.size() < kHeaderSize)
-        return damaged(error, QStringLiteral("it ends after %1 bytes").arg(bytes.size()));
+        return refuseDamaged(error, QStringLiteral("it ends after %1 bytes").arg(bytes.size()));
     ByteReader reader(bytes);
     reader.skip(static_cast<quint64>(kMagic.size()));
     const auto version = reader.number<quint16>();
@@ -67,7 +56,7 @@ bool checkHeader(const QByteArray &bytes, quint32 *sectionCount, DrawingSections
     const auto length = reader.number<quint64>();
     *sectionCount = reader.number<quint32>();
     if (reader.number<quint32>() != drawingChecksum(bytes.constData(), kHeaderSummed))
-        return damaged(error, QStringLiteral("its header does not match its checksum"));
+        return refuseDamaged(error, QStringLiteral("its header does not match its checksum"));
     if (version != kFormatVersion || flags != 0)
         return refuse(error, DrawingError::Kind::NewerVersion,
                       QStringLiteral("was saved by a newer version of the program (file format %1, "
@@ -76,9 +65,10 @@ bool checkHeader(const QByteArray &bytes, quint32 *sectionCount, DrawingSections
                           .arg(kFormatVersion));
     const auto size = static_cast<quint64>(bytes.size());
     if (size < length)
-        return damaged(error, QStringLiteral("it ends after %1 of %2 bytes").arg(size).arg(length));
+        return refuseDamaged(error,
+                             QStringLiteral("it ends after %1 of %2 bytes").arg(size).arg(length));
     if (size > length)
-        return damaged(error, QStringLiteral("%1 bytes follow its end").arg(size - length));
+        return refuseDamaged(error, QStringLiteral("%1 bytes follow its end").arg(size - length));
     return true;
 }
 
@@ -92,9 +82,9 @@ bool readSection(ByteReader &reader, const QByteArray &bytes, DrawingSection *se
     const qint64 summed = reader.offset() - from;
     const auto sum = reader.number<quint32>();
     if (!reader.ok())
-        return damaged(error, QStringLiteral("a section is longer than the file"));
+        return refuseDamaged(error, QStringLiteral("a section is longer than the file"));
     if (sum != drawingChecksum(bytes.constData() + from, summed))
-        return damaged(
+        return refuseDamaged(
             error,
             QStringLiteral("section %1 does not match its checksum").arg(nameOf(section->tag)));
     return true;
@@ -149,7 +139,7 @@ bool splitSections(const QByteArray &bytes, DrawingSections *file, DrawingError 
         file->sections << section;
     }
     if (!reader.atEnd())
-        return damaged(error, QStringLiteral("its sections end before the file"));
+        return refuseDamaged(error, QStringLiteral("its sections end before the file"));
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include <hostkit/DrawingContent_p.h>
 #include <hostkit/DrawingPreview_p.h>
+#include <hostkit/DrawingRefusal_p.h>
 #include <hostkit/DrawingStream_p.h>
 #include <hostkit/StrokeFontHeights_p.h>
 
@@ -21,9 +22,8 @@ constexpr int kUpdateOffset = 201; // of the mark for a rebuild in a shape's bas
 
 bool notLoadable(const QString &reason, DrawingError *error)
 {
-    *error = {DrawingError::Kind::NotLoadable,
-              QStringLiteral("the drawing could not be loaded again: %1").arg(reason)};
-    return false;
+    return refuse(error, DrawingError::Kind::NotLoadable,
+                  QStringLiteral("the drawing could not be loaded again: %1").arg(reason));
 }
 
 QByteArray streamOf(ZTGraphicsDocument &document)
