@@ -33,9 +33,10 @@ void fill(ZTGraphicsDocument &document, Content content, int count)
     }
     const int columns = static_cast<int>(std::ceil(std::sqrt(count)));
     for (int i = 0; i < count; ++i) {
+        const QPoint cell(i % columns, i / columns);
         document.itemMag()
             ->addShape(ShapeType::Rect, QRectF(0, 0, 10, 10))
-            ->setPos((i % columns) * kPitchPx, (i / columns) * kPitchPx);
+            ->setPos(QPointF(cell) * kPitchPx);
     }
 }
 
