@@ -1,83 +1,12 @@
 #include <hostkit/SampleDrawing.h>
 
-#include <ZTDrawEngineLib/ZTDrawEngineLib.h>
+#include <hostkit/Draughtsman_p.h>
 
 #include <QtCore/QtMath>
 
 namespace hostkit {
 
 namespace {
-
-enum Pen { Black = 1, Blue = 2, Green = 6, Magenta = 9, Orange = 10, Red = 12, Turquoise = 14 };
-
-/** Puts shapes of a given size at a given place into a document. */
-class Draughtsman
-{
-public:
-    explicit Draughtsman(ZTGraphicsDocument &drawn) : document(drawn) {}
-
-    /** A shape that fills `rectMm` exactly; null for a kind without a factory. */
-    ZTAbstractGraphicsItem *add(ShapeType type, const QRectF &rectMm, int penId, int sides = 5)
-    {
-        ZTAbstractGraphicsItem *item = document.itemMag()->addShape(type, {0, 0, 10, 10});
-        if (item == nullptr)
-            return nullptr;
-        if (auto *polygon = qobject_cast<ZTGraphicsPolygonItem *>(item))
-            polygon->setSideCount(sides);
-        const QRectF boxPx = item->boundingRect();
-        const ZTCoord &coord = *ZTCoord::getInstance();
-        item->scale(coord.mm2pix(rectMm.width()) / boxPx.width(),
-                    boxPx.height() > 0.0 ? coord.mm2pix(rectMm.height()) / boxPx.height() : 1.0);
-        moveTo(item, rectMm.topLeft());
-        item->setPenId(penId);
-        return item;
-    }
-
-    void hatch(ZTAbstractGraphicsItem *item, FillType type, double spacingMm, double angleDeg)
-    {
-        if (item == nullptr)
-            return;
-        ZTFillParam param;
-        param.fillType = type;
-        param.spac = spacingMm;
-        param.angle = angleDeg;
-        item->setFillParam(param);
-    }
-
-    /** Turns an item about the middle of its box. */
-    void turn(ZTAbstractGraphicsItem *item, double angleDeg)
-    {
-        if (item == nullptr)
-            return;
-        const QPointF middleMm =
-            item->boundingRect().center() * ZTCoord::getInstance()->pix2mm(1.0);
-        QTransform turned;
-        turned.translate(middleMm.x(), middleMm.y());
-        turned.rotate(angleDeg);
-        turned.translate(-middleMm.x(), -middleMm.y());
-        item->setTransformParam(item->getTransformParam() * turned);
-    }
-
-    /** Repeats one item; `gapMm` is the space between copies. */
-    void repeat(ZTAbstractGraphicsItem *item, int rows, int columns, double gapMm)
-    {
-        if (item == nullptr)
-            return;
-        const double gapPx = ZTCoord::getInstance()->mm2pix(gapMm);
-        item->setSelected(true);
-        document.itemMag()->addMatrix(rows, columns, gapPx, gapPx);
-        item->setSelected(false);
-    }
-
-private:
-    void moveTo(ZTAbstractGraphicsItem *item, const QPointF &topLeftMm)
-    {
-        const QTransform toPx = ZTCoord::getInstance()->getMm2pixTransform();
-        item->setPos(toPx.map(topLeftMm) - item->boundingRect().topLeft());
-    }
-
-    ZTGraphicsDocument &document;
-};
 
 /** A frame of four lines: a rectangle would catch each click inside it. */
 void drawFrame(Draughtsman &draw, const QRectF &rectMm)

@@ -139,3 +139,5 @@ bool PltReader::load(QIODevice &device)
 }
 
 const QPainterPath &PltReader::getPath() const { return path; }
+
+void PltReader::setPath(const QPainterPath &pathMm) { path = pathMm; }

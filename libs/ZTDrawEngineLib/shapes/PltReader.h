@@ -38,6 +38,9 @@ public:
     /** The normalised drawing, one open polygon per pen-down run; empty before the first load. */
     const QPainterPath &getPath() const;
 
+    /** Puts a normalised drawing in place of the one that was read. */
+    void setPath(const QPainterPath &pathMm);
+
 private:
     QPainterPath path;
 };

@@ -69,3 +69,13 @@ bool ZTVecGraph::readImage(QIODevice &device, const QString &path)
     setUpdate(1);
     return reader.load(device);
 }
+
+const QPainterPath &ZTVecGraph::getDrawing() const { return reader.getPath(); }
+
+void ZTVecGraph::setDrawing(const QPainterPath &drawingMm, const QString &path)
+{
+    imagePath = path;
+    imageKind = 1;
+    reader.setPath(drawingMm);
+    setUpdate(1);
+}

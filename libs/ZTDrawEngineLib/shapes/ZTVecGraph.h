@@ -40,6 +40,15 @@ public:
      */
     bool readImage(QIODevice &device, const QString &path);
 
+    /** The imported drawing, 20 mm high; empty while there is none. */
+    const QPainterPath &getDrawing() const;
+
+    /**
+     * Takes a drawing that was read before, under the name `path`, without a look at any file, and
+     * marks the shape. An empty one takes the former drawing away.
+     */
+    void setDrawing(const QPainterPath &drawingMm, const QString &path);
+
 private:
     QString imagePath;
     PltReader reader;
