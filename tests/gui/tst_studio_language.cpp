@@ -65,7 +65,7 @@ private Q_SLOTS:
         QCOMPARE(labelText("propertyCount"), str("已选中 1 个图形"));
         QCOMPARE(studio->window->findChild<QCheckBox *>(str("lockBox"))->text(),
                  str("保持比例(&K)"));
-        QCOMPARE(studio->window->windowTitle(), str("绘图工作室"));
+        QCOMPARE(studio->window->windowTitle(), str("未命名[*] - 绘图工作室"));
     }
 
     void chinese_reachesTheGridAndTheTree()

@@ -22,7 +22,8 @@ RecoveryEntry entryOf(std::shared_ptr<RecoverySlot> slot, hostkit::DrawingFile *
     entry.slot = std::move(slot);
     entry.origin = takeOrigin(drawing);
     entry.savedAt = drawing->meta.savedAt;
-    entry.preview = hostkit::drawingPreview(*drawing);
+    if (!drawing->previewPng.isEmpty())
+        entry.preview = hostkit::drawingPreview(*drawing);
     for (const hostkit::DrawingPen &pen : drawing->meta.pens)
         entry.shapes += pen.items;
     return entry;
