@@ -13,6 +13,8 @@
 #include <QtWidgets/QProgressDialog>
 #include <QtWidgets/QPushButton>
 
+#include <sys/stat.h>
+
 using studio::RecentDrawings;
 
 /** Drawings as files: everything that the file menu does with them. */
@@ -72,6 +74,21 @@ private Q_SLOTS:
         QCOMPARE(RecentDrawings::paths(), (QStringList{studio->path("second.ztd"), first}));
     }
 
+    void nameWithoutTheExtension_getsIt_andReplacesNothingUnasked()
+    {
+        studio->key(Qt::Key_R);
+        const QString path = studio->write("plate.v2.ztd", "old");
+        studio->key(Qt::Key_S, Qt::ControlModifier);
+        chooseFile("saveDialog", studio->path("plate.v2"));
+        click("replaceQuestion", QMessageBox::Cancel);
+        QCOMPARE(StudioTest::contentOf(path), QByteArray("old"));
+        studio->key(Qt::Key_S, Qt::ControlModifier);
+        chooseFile("saveDialog", studio->path("plate.v2"));
+        clickRole("replaceQuestion", QMessageBox::DestructiveRole);
+        QVERIFY(files().load(path));
+        QVERIFY(!QFile::exists(studio->path("plate.v2")));
+    }
+
     void nameWithTheSignOfTheMark_standsInTheTitleAsItIs()
     {
         saveAs("a[*]b.ztd", 1);
@@ -80,20 +97,21 @@ private Q_SLOTS:
 
     void openedDrawing_isTheSavedOne()
     {
-        studio->run("file.sample");
-        studio->key(Qt::Key_P);
+        for (const int kind : {Qt::Key_R, Qt::Key_E, Qt::Key_P, Qt::Key_L})
+            studio->key(kind);
+        studio->edit().rotate(30.0);
         const DrawingSnapshot drawn = studio->snapshot();
-        QVERIFY(files().saveTo(studio->path("sample.ztd")));
+        QVERIFY(files().saveTo(studio->path("all.ztd")));
         studio->run("file.new");
         QVERIFY(studio->ids().isEmpty());
         QCOMPARE(title(), QStringLiteral("Unnamed - Studio"));
 
         studio->key(Qt::Key_O, Qt::ControlModifier);
-        chooseFile("openDialog", studio->path("sample.ztd"));
+        chooseFile("openDialog", studio->path("all.ztd"));
         const DrawingSnapshot opened = studio->snapshot();
         QCOMPARE(opened.mark, drawn.mark);
         QCOMPARE(opened.rows, drawn.rows);
-        QCOMPARE(title(), QStringLiteral("sample.ztd - Studio"));
+        QCOMPARE(title(), QStringLiteral("all.ztd - Studio"));
         QCOMPARE(studio->stack().count(), 0);
         const auto *tree = studio->window->findChild<ZTObjectTreeWidget *>();
         QCOMPARE(tree->model()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("id"));
@@ -339,11 +357,17 @@ private Q_SLOTS:
         QVERIFY(RecentDrawings::paths().isEmpty());
     }
 
-    void fullDisk_isTold_andLosesNothing()
+    void whatIsNoOrdinaryFile_isNotReplacedByOne()
     {
         studio->key(Qt::Key_R);
-        QVERIFY(!files().saveTo(QStringLiteral("/dev/full")));
-        QCOMPARE(studio->messages->failures.size(), 1);
+        const QString pipe = studio->path("pipe.ztd");
+        QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        QVERIFY(!files().saveTo(pipe));
+        QVERIFY(!QFileInfo(pipe).isFile());
+        QVERIFY(!files().load(pipe));
+        QVERIFY(QDir().mkdir(studio->path("folder.ztd")));
+        QVERIFY(!files().saveTo(studio->path("folder.ztd")));
+        QCOMPARE(studio->messages->failures.size(), 3);
         QVERIFY(studio->window->isWindowModified());
     }
 
@@ -405,36 +429,39 @@ private Q_SLOTS:
         QVERIFY(hostkit::DrawingSetup::of(studio->document()) == first);
     }
 
-    void loadingALargeDrawing_canBeCancelled_andLeavesTheOpenOne()
+    void loading_canBeCancelled_andLeavesTheOpenDrawing()
     {
-        constexpr int kMany = 60000;
-        for (int i = 0; i < kMany; ++i)
-            studio->addRect(i % 300, i / 300);
-        QVERIFY(files().saveTo(studio->path("large.ztd")));
+        for (int i = 0; i < 2000; ++i)
+            studio->addRect(i % 50, i / 50);
+        const QString large = saveAs("large.ztd", 1);
         files().startNew();
         const QString path = saveAs("small.ztd", 2);
         const DrawingSnapshot before = studio->snapshot();
+        files().setQuietMs(0);
+        int cancelled = 0;
         QTimer canceller;
-        bool hasCancelled = false;
         connect(&canceller, &QTimer::timeout, this, [&] {
             auto *progress = studio->window->findChild<QProgressDialog *>();
-            if (progress == nullptr || hasCancelled)
+            if (progress == nullptr || progress->maximum() == 0 || cancelled > 0)
                 return;
-            hasCancelled = true;
+            ++cancelled;
             // Nothing else can begin meanwhile.
+            QVERIFY(files().isBusy());
             QVERIFY(!files().load(path));
+            QVERIFY(!files().saveTo(path));
             QVERIFY(!studio->window->close());
             QTest::mouseClick(progress->findChild<QPushButton *>(), Qt::LeftButton);
         });
-        canceller.start(5);
-        const bool isLoaded = files().load(studio->path("large.ztd"));
-        if (!hasCancelled)
-            QSKIP("this machine loads 60,000 shapes before there is something to cancel");
-        QVERIFY(!isLoaded);
+        canceller.start(0);
+        QVERIFY(!files().load(large));
+        QCOMPARE(cancelled, 1);
         COMPARE_DRAWINGS(studio->snapshot(), before);
         QCOMPARE(files().session().path(), path);
         QVERIFY(studio->messages->failures.isEmpty());
         QVERIFY(studio->window->findChild<QProgressDialog *>() == nullptr);
+        canceller.stop();
+        QVERIFY(files().load(large));
+        QCOMPARE(studio->ids().size(), 2001);
     }
 
 private:
@@ -468,11 +495,24 @@ private:
         auto *dialog = studio->window->findChild<QFileDialog *>(QLatin1String(dialogName));
         QVERIFY2(dialog != nullptr, dialogName);
         auto *edit = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-        edit->clear();
+        // Without the keyboard the dialog would go on filling in names by itself.
+        dialog->activateWindow();
+        edit->setFocus();
+        QTRY_VERIFY(edit->hasFocus());
+        edit->selectAll();
         QTest::keyClicks(edit, path);
+        QCOMPARE(edit->text(), path);
         QTest::keyClick(edit, Qt::Key_Return);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        closed();
         QVERIFY(studio->window->findChild<QFileDialog *>(QLatin1String(dialogName)) == nullptr);
+    }
+
+    /** After a dialog: it goes, and the window has the keyboard again. */
+    void closed()
+    {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        studio->window->activateWindow();
+        QCoreApplication::processEvents();
     }
 
     QMessageBox *question(const char *name) const
@@ -486,9 +526,10 @@ private:
     void press(QMessageBox *box, QAbstractButton *button)
     {
         QVERIFY(button != nullptr);
+        const QPointer<QMessageBox> asked(box);
         QTest::mouseClick(button, Qt::LeftButton);
-        QVERIFY(!box->isVisible());
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!asked || !asked->isVisible());
+        closed();
     }
 
     void click(const char *name, QMessageBox::StandardButton answer)

@@ -1,7 +1,6 @@
 #include <studio/drawing/DrawingFiles.h>
 
 #include <studio/drawing/DrawingMessages.h>
-#include <studio/drawing/LongWork.h>
 #include <studio/drawing/RecentDrawings.h>
 #include <studio/drawing/RecoveryStore.h>
 
@@ -136,7 +135,7 @@ bool DrawingFiles::read(const QString &path, DrawingFile *file, DrawingError *er
 {
     const QScopedValueRollback<bool> isBusy(busy, true);
     LongWork work(window, tr("Reading %1...").arg(QFileInfo(path).fileName()),
-                  LongWork::Cancel::Possible);
+                  LongWork::Cancel::Possible, quietMs);
     const auto result = std::make_shared<ReadResult>();
     if (!work.run([path, result] { hostkit::readDrawing(path, &result->file, &result->error); })) {
         error->kind = DrawingError::Kind::Cancelled;
@@ -151,7 +150,7 @@ bool DrawingFiles::apply(const DrawingFile &file, const QString &label, DrawingE
                          QStringList *missingFonts)
 {
     const QScopedValueRollback<bool> isBusy(busy, true);
-    LongWork work(window, label, LongWork::Cancel::Possible);
+    LongWork work(window, label, LongWork::Cancel::Possible, quietMs);
     hostkit::DrawingReport report;
     const auto progress = [&work](int done, int total) { return work.step(done, total); };
     const bool isApplied = hostkit::applyDrawing(file, document, progress, &report, error);
@@ -232,8 +231,7 @@ void DrawingFiles::saveThen(const Next &next)
         askToOverwrite(next);
         return;
     }
-    if (saveTo(drawing.path()) && next)
-        next();
+    saveAndGoOn(drawing.path(), next);
 }
 
 void DrawingFiles::saveAsThen(const Next &next)
@@ -243,17 +241,43 @@ void DrawingFiles::saveAsThen(const Next &next)
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setNameFilters(nameFilters());
-    dialog->setDefaultSuffix(kExtension);
     const QString path = drawing.path();
     dialog->setDirectory(path.isEmpty() ? startFolder() : QFileInfo(path).absolutePath());
     dialog->selectFile(path.isEmpty() ? tr("drawing") + QStringLiteral(".ztd")
                                       : QFileInfo(path).fileName());
-    connect(dialog, &QFileDialog::fileSelected, this, [this, next](const QString &chosen) {
-        rememberFolder(chosen);
-        if (saveTo(chosen) && next)
-            next();
-    });
+    connect(dialog, &QFileDialog::fileSelected, this,
+            [this, next](const QString &chosen) { saveUnder(chosen, next); });
     dialog->open();
+}
+
+// The dialog asks before it takes the name of a file; the name that an extension was added to is
+// another one. It adds none where there is a point anywhere in the path.
+void DrawingFiles::saveUnder(const QString &chosen, const Next &next)
+{
+    rememberFolder(chosen);
+    if (QFileInfo(chosen).suffix().compare(kExtension, Qt::CaseInsensitive) == 0) {
+        saveAndGoOn(chosen, next);
+        return;
+    }
+    const QString path = chosen + QLatin1Char('.') + kExtension;
+    if (!QFileInfo::exists(path)) {
+        saveAndGoOn(path, next);
+        return;
+    }
+    QMessageBox *box =
+        question("replaceQuestion", tr("\"%1\" is there already.").arg(QFileInfo(path).fileName()),
+                 tr("Replacing it loses what it holds."));
+    const QPushButton *replacing = box->addButton(tr("&Replace"), QMessageBox::DestructiveRole);
+    box->addButton(QMessageBox::Cancel);
+    connect(replacing, &QPushButton::clicked, this,
+            [this, path, next] { saveAndGoOn(path, next); });
+    box->open();
+}
+
+void DrawingFiles::saveAndGoOn(const QString &path, const Next &next)
+{
+    if (saveTo(path) && next)
+        next();
 }
 
 void DrawingFiles::askToOverwrite(const Next &next)
@@ -266,10 +290,8 @@ void DrawingFiles::askToOverwrite(const Next &next)
     QPushButton *renaming = box->addButton(tr("Save &as..."), QMessageBox::AcceptRole);
     box->addButton(QMessageBox::Cancel);
     box->setDefaultButton(renaming);
-    connect(overwriting, &QPushButton::clicked, this, [this, next] {
-        if (saveTo(drawing.path()) && next)
-            next();
-    });
+    connect(overwriting, &QPushButton::clicked, this,
+            [this, next] { saveAndGoOn(drawing.path(), next); });
     connect(renaming, &QPushButton::clicked, this, [this, next] { saveAsThen(next); });
     box->open();
 }
@@ -292,9 +314,14 @@ bool DrawingFiles::saveTo(const QString &path)
 // There is no way back once the file is being written; QSaveFile takes care that it is whole.
 bool DrawingFiles::write(const QString &path, DrawingError *error)
 {
+    // A pipe or a device would be replaced by a file.
+    if (QFileInfo::exists(path) && !QFileInfo(path).isFile()) {
+        *error = {DrawingError::Kind::CannotWrite, QStringLiteral("is no ordinary file")};
+        return false;
+    }
     const QScopedValueRollback<bool> isBusy(busy, true);
     LongWork work(window, tr("Saving %1...").arg(QFileInfo(path).fileName()),
-                  LongWork::Cancel::Impossible);
+                  LongWork::Cancel::Impossible, quietMs);
     const auto file = std::make_shared<DrawingFile>();
     if (!drawing.capture(true, file.get(), error))
         return false;

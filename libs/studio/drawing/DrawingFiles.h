@@ -2,6 +2,7 @@
 
 #include <studio/Messages.h>
 #include <studio/drawing/DrawingSession.h>
+#include <studio/drawing/LongWork.h>
 
 #include <QtCore/QObject>
 
@@ -60,6 +61,9 @@ public:
     /** Opens a drawing that was left behind, unsaved still. Its file stays in the slot. */
     bool recover(const RecoveryEntry &entry);
 
+    /** How long reading, loading and writing go on before they show progress. */
+    void setQuietMs(int quiet) { quietMs = quiet; }
+
     /** Whether a drawing is on its way in or out; then everything else has to wait. */
     bool isBusy() const { return busy; }
 
@@ -78,6 +82,8 @@ private:
     void saveThen(const Next &next);
     void saveAsThen(const Next &next);
     void askToOverwrite(const Next &next);
+    void saveUnder(const QString &chosen, const Next &next);
+    void saveAndGoOn(const QString &path, const Next &next);
     QMessageBox *question(const char *name, const QString &text, const QString &more);
     void failedToLoad(const QString &path, const hostkit::DrawingError &error);
 
@@ -86,6 +92,7 @@ private:
     QWidget &window;
     DrawingSession drawing;
     hostkit::DrawingSetup firstSetup; ///< of a new drawing
+    int quietMs = LongWork::kQuietMs;
     bool busy = false;
 };
 

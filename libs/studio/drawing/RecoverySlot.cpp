@@ -45,7 +45,11 @@ std::unique_ptr<RecoverySlot> RecoverySlot::claim(const QString &path)
     return slot->lock.tryLock(0) ? std::move(slot) : nullptr;
 }
 
-void RecoverySlot::discard() { QFile::remove(filePath); }
+void RecoverySlot::discard()
+{
+    QFile::remove(filePath);
+    lock.unlock();
+}
 
 QString RecoverySlot::setAside()
 {

@@ -32,7 +32,7 @@ public:
 
     QString path() const { return filePath; }
 
-    /** Removes the file. */
+    /** Removes the file and the lock. The last use of a slot. */
     void discard();
 
     /** Renames the file, so that it is offered no more; its new path, empty if that failed. */
