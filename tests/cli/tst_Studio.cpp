@@ -113,6 +113,7 @@ private Q_SLOTS:
 
     void runningStudio_keepsItsDrawingToItself()
     {
+        setInterval(1);
         QProcess studio;
         startWindow(studio);
         QTRY_COMPARE_WITH_TIMEOUT(recoveryFiles("*.ztd").size(), 1, 30000);

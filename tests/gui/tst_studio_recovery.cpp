@@ -60,7 +60,7 @@ private Q_SLOTS:
         QCOMPARE(plate.size(), 3);
         QCOMPARE(plate[0], QStringLiteral("plate.ztd"));
         QCOMPARE(plate[1], QLocale().toString(kNoon.toLocalTime(), QLocale::ShortFormat) +
-                               QStringLiteral(", 2 shapes"));
+                               QStringLiteral(", shapes: 2"));
         QCOMPARE(plate[2], studio->path("plate.ztd"));
     }
 

@@ -12,8 +12,15 @@
 namespace studio {
 
 namespace {
+
 constexpr int kEventsMs = 30;
-}
+
+struct WorkTexts
+{
+    Q_DECLARE_TR_FUNCTIONS(studio::LongWork)
+};
+
+} // namespace
 
 LongWork::LongWork(QWidget &parentWindow, const QString &text, Cancel canCancel, int quiet)
     : window(parentWindow), label(text), cancel(canCancel), quietMs(quiet)
@@ -58,8 +65,8 @@ void LongWork::showProgress(int done, int total)
 {
     if (!dialog) {
         const bool canCancel = cancel == Cancel::Possible;
-        dialog = new QProgressDialog(label, canCancel ? QProgressDialog::tr("Cancel") : QString(),
-                                     done, total, &window);
+        dialog = new QProgressDialog(label, canCancel ? WorkTexts::tr("Cancel") : QString(), done,
+                                     total, &window);
         dialog->setWindowModality(Qt::WindowModal);
         dialog->setAutoClose(false);
         dialog->setAutoReset(false);

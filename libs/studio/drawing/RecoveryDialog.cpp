@@ -118,7 +118,8 @@ void RecoveryDialog::retranslate()
 QString RecoveryDialog::describe(const RecoveryEntry &entry)
 {
     const QString when = QLocale().toString(entry.savedAt.toLocalTime(), QLocale::ShortFormat);
-    QString text = tr("%1\n%2, %L3 shapes").arg(entry.name(), when).arg(entry.shapes);
+    QString text =
+        entry.name() + QLatin1Char('\n') + tr("%1, shapes: %L2").arg(when).arg(entry.shapes);
     if (!entry.origin.path.isEmpty())
         text += QLatin1Char('\n') + QDir::toNativeSeparators(entry.origin.path);
     return text;
