@@ -43,11 +43,15 @@ public:
     bool isGood = false;
 };
 
-/** From the file to a window that shows the drawing. */
+/** From the file to a window that shows the drawing, and showed an empty one before. */
 void openToPainted(benchmark::State &state)
 {
     Studio studio(static_cast<int>(state.range(0)));
     for (auto _ : state) {
+        state.PauseTiming();
+        studio.window.files().startNew();
+        QApplication::processEvents();
+        state.ResumeTiming();
         if (!studio.isGood || !studio.window.files().load(studio.path()))
             state.SkipWithError("not opened");
         QApplication::processEvents();

@@ -63,7 +63,7 @@ bool Autosaver::prepare(hostkit::DrawingFile *drawing)
         return false;
     }
     DrawingError error;
-    if (!session.capture(false, drawing, &error)) {
+    if (!session.capture(true, drawing, &error)) {
         tellOnce(error.reason);
         return false;
     }
