@@ -392,6 +392,23 @@ private Q_SLOTS:
         QVERIFY(file.unknown.isEmpty());
     }
 
+    void missingFonts_areNamed_andTheDrawingIsOpenAllTheSame()
+    {
+        auto *text = qobject_cast<ZTGraphicsTextItem *>(
+            studio->document().itemMag()->addShape(ShapeType::Text, {0, 0, 10, 10}));
+        text->setText(QStringLiteral("AB"));
+        text->setFont(QFont(QStringLiteral("No Such Family")));
+        const QString path = saveAs("text.ztd", 1);
+        files().startNew();
+        QVERIFY(files().load(path));
+        QCOMPARE(studio->ids().size(), 2);
+        QCOMPARE(studio->messages->warnings.size(), 1);
+        QCOMPARE(studio->messages->warnings.first().what,
+                 QStringLiteral("Fonts of \"text.ztd\" are missing."));
+        QVERIFY(studio->messages->warnings.first().why.contains(
+            QStringLiteral("differently here: No Such Family. ")));
+    }
+
     void orderOfMarking_belongsToTheDrawing()
     {
         auto *menu = studio->window->findChild<studio::OrderMenu *>();
