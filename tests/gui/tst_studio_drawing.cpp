@@ -401,6 +401,9 @@ private Q_SLOTS:
         const QString path = saveAs("text.ztd", 1);
         files().startNew();
         QVERIFY(files().load(path));
+        // A text begins in a stroke font, and there is none beside the tests.
+        for (const QString &said : studio->takeWarnings())
+            QVERIFY2(said.startsWith(QStringLiteral("ShxFont")), qPrintable(said));
         QCOMPARE(studio->ids().size(), 2);
         QCOMPARE(studio->messages->warnings.size(), 1);
         QCOMPARE(studio->messages->warnings.first().what,
