@@ -1,6 +1,7 @@
 #include <studio/Headless.h>
 #include <studio/MainWindow.h>
 #include <studio/Messages.h>
+#include <studio/drawing/CrashGuard.h>
 
 #include <hostkit/Factories.h>
 
@@ -19,17 +20,22 @@ struct Options
     std::string outFolder = "out";
     bool headless = false;
     bool sample = false;
+    bool listRecovery = false;
 };
 
 void describe(CLI::App &app, Options &options)
 {
     app.set_version_flag("--version", "ztstudio " ZT_VERSION);
-    app.add_option("FILE", options.drawing, "Plotter drawing to open")->type_name("");
+    app.add_option("FILE", options.drawing,
+                   "Drawing (.ztd) to open, or plotter drawing (.plt) to import")
+        ->type_name("");
     app.add_flag("--sample", options.sample, "Open the sample drawing");
     app.add_flag("--headless", options.headless,
                  "Open no window: render it to a picture, write the mark data, and end.\n"
                  "Without a display this is what happens anyway; without FILE it takes\n"
                  "the sample drawing");
+    app.add_flag("--list-recovery", options.listRecovery,
+                 "List the drawings that can be recovered, and end: name, time, shapes, file");
     app.add_option("--out", options.outFolder, "Folder for what --headless writes")
         ->type_name("DIR")
         ->capture_default_str();
@@ -58,9 +64,10 @@ int runWindow(const Options &options)
     studio::MainWindow window;
     window.show();
     if (!options.drawing.empty())
-        window.importFiles({fromArgument(options.drawing)});
+        window.openFiles({fromArgument(options.drawing)});
     else if (options.sample)
         window.addSample();
+    window.guardAgainstCrashes(studio::CrashGuardSetup::ofUser());
     return QApplication::exec();
 }
 
@@ -83,7 +90,7 @@ int main(int argc, char *argv[])
     } catch (const CLI::ParseError &error) {
         return app.exit(error) == 0 ? 0 : 2;
     }
-    options.headless = options.headless || !hasDisplay();
+    options.headless = options.headless || options.listRecovery || !hasDisplay();
     if (options.headless) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
         qInstallMessageHandler(&tellMessage);
@@ -97,5 +104,7 @@ int main(int argc, char *argv[])
     const QApplication application(argc, argv);
     QGuiApplication::setDesktopFileName(QStringLiteral("ztstudio"));
     hostkit::registerFactories();
+    if (options.listRecovery)
+        return studio::listRecovery(studio::RecoveryStore::defaultFolder());
     return options.headless ? runWithoutDisplay(options) : runWindow(options);
 }

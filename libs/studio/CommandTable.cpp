@@ -4,6 +4,7 @@
 #include <studio/Icons.h>
 #include <studio/MainWindow.h>
 #include <studio/ViewNavigation.h>
+#include <studio/drawing/DrawingFiles.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtWidgets/QAction>
@@ -67,8 +68,20 @@ void nudgeFinely(MainWindow &window)
 
 // clang-format off
 const QVector<Command> kTable = {
-    {"file.new", TEXT("&New"), "new", "Ctrl+N", TEXT("Empty the drawing"), Needs::Nothing, kWindow,
-     [](MainWindow &w) { w.newDrawing(); }},
+    {"file.new", TEXT("&New"), "new", "Ctrl+N", TEXT("Begin a new drawing"), Needs::Nothing,
+     kWindow, [](MainWindow &w) { w.files().startNew(); }},
+    {"file.open", TEXT("&Open..."), "open", "Ctrl+O", TEXT("Open a drawing"), Needs::Nothing,
+     kWindow, [](MainWindow &w) { w.files().chooseOpen(); }},
+    {"file.save", TEXT("&Save"), "save", "Ctrl+S", TEXT("Save the drawing"), Needs::Nothing,
+     kWindow, [](MainWindow &w) { w.files().save(); }},
+    {"file.saveAs", TEXT("Save &as..."), "", "Ctrl+Shift+S",
+     TEXT("Save the drawing under another name"), Needs::Nothing, kWindow,
+     [](MainWindow &w) { w.files().saveAs(); }},
+    {"file.revert", TEXT("Re&vert"), "", "", TEXT("Go back to the drawing as it was saved"),
+     Needs::Revertible, kWindow, [](MainWindow &w) { w.files().revert(); }},
+    {"file.recover", TEXT("Recover &drawings..."), "", "",
+     TEXT("Recover drawings after a crash"), Needs::Nothing, kWindow,
+     [](MainWindow &w) { w.showRecovery(); }},
     {"file.import", TEXT("&Import..."), "import", "Ctrl+I", TEXT("Import plotter files"),
      Needs::Nothing, kWindow, [](MainWindow &w) { w.chooseImport(); }},
     {"file.sample", TEXT("Add &sample drawing"), "", "", "", Needs::Nothing, kWindow,
@@ -192,6 +205,8 @@ bool isMet(Needs needs, const EditorState &state)
         return state.canUndo;
     case Needs::Redo:
         return state.canRedo;
+    case Needs::Revertible:
+        return state.canRevert;
     }
     return false;
 }

@@ -14,7 +14,7 @@ namespace studio {
 class MainWindow;
 
 /** What a command needs to make sense; otherwise it is greyed. */
-enum class Needs { Nothing, Shapes, Selection, OneSelected, TwoSelected, Undo, Redo };
+enum class Needs { Nothing, Shapes, Selection, OneSelected, TwoSelected, Undo, Redo, Revertible };
 
 /** Where a command's shortcuts work. */
 enum class ShortcutScope {
@@ -45,6 +45,7 @@ struct EditorState
     int selected = 0;
     bool canUndo = false;
     bool canRedo = false;
+    bool canRevert = false; ///< the drawing has a file, and the file is behind
 };
 
 /** The table turned into actions of a window. */

@@ -1,6 +1,8 @@
 #include <studio/Headless.h>
 
 #include <studio/MainWindow.h>
+#include <studio/drawing/DrawingMessages.h>
+#include <studio/drawing/RecoveryStore.h>
 
 #include <hostkit/MarkGraphWriter.h>
 
@@ -40,7 +42,7 @@ bool draw(MainWindow &window, const QString &path)
         window.addSample();
         return true;
     }
-    if (window.importFiles({path}) == 0)
+    if (!window.openFiles({path}))
         return false;
     window.fitAll();
     return true;
@@ -87,6 +89,19 @@ int runHeadless(MainWindow &window, const HeadlessJob &job)
         tell("Mark data:", path);
     }
     return 0;
+}
+
+int listRecovery(const QString &folder)
+{
+    const RecoveryStore::Findings found = RecoveryStore(folder).find();
+    for (const RecoveryEntry &entry : found.entries)
+        std::printf("%s\t%s\t%d\t%s\n", qUtf8Printable(entry.name()),
+                    qUtf8Printable(entry.savedAt.toString(Qt::ISODate)), entry.shapes,
+                    qUtf8Printable(QDir::toNativeSeparators(entry.slot->path())));
+    if (found.damaged.isEmpty())
+        return 0;
+    ConsoleMessages().failure(recoveryDamaged(found.damaged));
+    return 1;
 }
 
 } // namespace studio

@@ -9,7 +9,7 @@ class MainWindow;
 /** What to do where there is no display. */
 struct HeadlessJob
 {
-    QString drawingPath; ///< plotter file; empty: the sample drawing
+    QString drawingPath; ///< drawing or plotter file; empty: the sample drawing
     QString outFolder;   ///< made if it does not exist
 };
 
@@ -20,5 +20,13 @@ struct HeadlessJob
  * @return the program's exit code: 0, or 1 when something was not done; standard error says what
  */
 int runHeadless(MainWindow &window, const HeadlessJob &job);
+
+/**
+ * Prints the drawings that a studio left behind in a folder, a line each: name, time, shapes and
+ * recovery file, with tabs between them. The file can be opened as any drawing.
+ *
+ * @return the program's exit code: 0, or 1 when a recovery file is damaged; standard error says so
+ */
+int listRecovery(const QString &folder);
 
 } // namespace studio

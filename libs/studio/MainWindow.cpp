@@ -16,6 +16,10 @@
 #include <studio/ViewNavigation.h>
 #include <studio/WindowLayout.h>
 #include <studio/commands/ItemSetCommand.h>
+#include <studio/drawing/CrashGuard.h>
+#include <studio/drawing/DrawingFiles.h>
+#include <studio/drawing/DrawingMessages.h>
+#include <studio/drawing/RecentMenu.h>
 
 #include <hostkit/SampleDrawing.h>
 
@@ -30,7 +34,6 @@
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QMessageBox>
-#include <QtWidgets/QPushButton>
 #include <QtWidgets/QUndoStack>
 
 namespace studio {
@@ -48,6 +51,21 @@ constexpr int kPropertiesHeight = 460;
 constexpr int kIdWidth = 64;
 constexpr int kTextWidth = 70;
 const QSize kFirstSize(1280, 820);
+
+/** Files that come in together: drawings are opened, all else is imported. */
+struct FileKinds
+{
+    QStringList drawings;
+    QStringList others;
+};
+
+FileKinds kindsOf(const QStringList &paths)
+{
+    FileKinds files;
+    for (const QString &path : paths)
+        (DrawingFiles::isDrawing(path) ? files.drawings : files.others) << path;
+    return files;
+}
 
 } // namespace
 
@@ -69,6 +87,8 @@ MainWindow::MainWindow(std::unique_ptr<Messages> told)
 MainWindow::~MainWindow()
 {
     // What watches the document goes first: a document that goes still tells of changes.
+    delete crashGuard;
+    delete drawingFiles;
     delete matrixDialog;
     delete fileExporter;
     delete status;
@@ -94,12 +114,10 @@ void MainWindow::buildDocument()
     actions = new DocumentActions(*drawing, this);
     viewNavigation = new ViewNavigation(*drawing->view(), this);
     importer = std::make_unique<Importer>(*drawing, *messages);
+    drawingFiles = new DrawingFiles(*drawing, *messages, *this);
     fileExporter = new Exporter(*drawing, *messages, *this);
     auto *drops = new DropImporter(*drawing->view(), this);
-    connect(drops, &DropImporter::filesDropped, this,
-            [this](const QStringList &paths, const QPointF &scenePx) {
-                importer->importFiles(paths, scenePx);
-            });
+    connect(drops, &DropImporter::filesDropped, this, &MainWindow::takeDropped);
     status = new StatusBar(*drawing, this);
     setStatusBar(status);
     connect(viewNavigation, &ViewNavigation::zoomChanged, status, &StatusBar::showZoom);
@@ -157,7 +175,11 @@ void MainWindow::labelTree()
 void MainWindow::buildCommands()
 {
     commandSet = new Commands(*this, *drawing->view());
-    addMenus(*this, *commandSet, new OrderMenu(this),
+    orderMenu = new OrderMenu(this);
+    auto *recentMenu = new RecentMenu(this);
+    connect(recentMenu, &RecentMenu::chosen, this,
+            [this](const QString &path) { files().open(path); });
+    addMenus(*this, *commandSet, {recentMenu, orderMenu},
              {treeDock->toggleViewAction(), properties->toggleViewAction(),
               properties->denseRowsAction(), (new LanguageMenu(*language, this))->menuAction()});
     addToolBars(*this, *commandSet);
@@ -179,7 +201,46 @@ void MainWindow::connectState()
     connect(stack, &QUndoStack::indexChanged, this, &MainWindow::refreshCommands);
     connect(stack, &QUndoStack::undoTextChanged, this, &MainWindow::refreshUndoTexts);
     connect(stack, &QUndoStack::redoTextChanged, this, &MainWindow::refreshUndoTexts);
+    connectFiles();
     refreshCommands();
+}
+
+void MainWindow::connectFiles()
+{
+    DrawingSession *session = &files().session();
+    connect(session, &DrawingSession::stateChanged, this, &MainWindow::refreshTitle);
+    connect(session, &DrawingSession::stateChanged, this, &MainWindow::refreshCommands);
+    connect(orderMenu, &OrderMenu::changed, session, &DrawingSession::markChanged);
+    connect(drawingFiles, &DrawingFiles::emptied, this, [this] {
+        labelTree();
+        orderMenu->restore();
+        navigation().home();
+    });
+    connect(drawingFiles, &DrawingFiles::loaded, this, &MainWindow::showReplacedDrawing);
+    connect(drawingFiles, &DrawingFiles::saved, this, [this](const QString &path) {
+        status->showMessage(tr("Saved to %1").arg(QDir::toNativeSeparators(path)), kStatusMs);
+    });
+}
+
+void MainWindow::showReplacedDrawing()
+{
+    labelTree();
+    orderMenu->follow();
+    navigation().home();
+    fitAll();
+}
+
+void MainWindow::guardAgainstCrashes(const CrashGuardSetup &setup)
+{
+    delete crashGuard;
+    crashGuard = new CrashGuard(*drawingFiles, *messages, *this, setup);
+    crashGuard->offerFound();
+}
+
+void MainWindow::showRecovery()
+{
+    if (crashGuard != nullptr)
+        crashGuard->showDialog();
 }
 
 void MainWindow::changeEvent(QEvent *event)
@@ -192,11 +253,22 @@ void MainWindow::changeEvent(QEvent *event)
 // The widgets of the window's classes do the same for themselves.
 void MainWindow::retranslate()
 {
-    setWindowTitle(tr("Studio"));
+    refreshTitle();
     treeDock->setWindowTitle(tr("Shapes"));
     retranslateTitles(*this);
     commandSet->retranslate();
     refreshUndoTexts();
+}
+
+void MainWindow::refreshTitle()
+{
+    const DrawingSession &session = files().session();
+    // "[*]" is where the mark of a changed drawing goes, and stands for itself when doubled.
+    QString name = session.name();
+    name.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+    setWindowTitle(tr("%1[*] - Studio").arg(name));
+    setWindowModified(session.isModified());
+    setWindowFilePath(session.path());
 }
 
 void MainWindow::refreshCommands()
@@ -206,6 +278,7 @@ void MainWindow::refreshCommands()
     state.selected = drawing->scene()->selectedItems().size();
     state.canUndo = drawing->undoStack()->canUndo();
     state.canRedo = drawing->undoStack()->canRedo();
+    state.canRevert = !files().session().path().isEmpty() && files().session().isModified();
     commandSet->enableFor(state);
 }
 
@@ -229,10 +302,48 @@ void MainWindow::readSettings()
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
+    if (files().isBusy() || (files().session().isModified() && !isLetGo)) {
+        event->ignore();
+        files().confirmLoss([this] {
+            isLetGo = true;
+            close();
+        });
+        return;
+    }
+    if (crashGuard != nullptr)
+        crashGuard->letGo();
     QSettings settings;
     settings.setValue(kGeometryKey, saveGeometry());
     settings.setValue(kStateKey, saveState());
     QMainWindow::closeEvent(event);
+}
+
+bool MainWindow::openFiles(const QStringList &paths)
+{
+    const FileKinds files = kindsOf(paths);
+    const bool isOpened = !files.drawings.isEmpty() && drawingFiles->load(files.drawings.first());
+    const bool isImported = !files.others.isEmpty() && importFiles(files.others) > 0;
+    return isOpened || isImported;
+}
+
+// A drawing takes the place of the one in the window; plotter files come into the one they fall on.
+void MainWindow::takeDropped(const QStringList &paths, const QPointF &scenePx)
+{
+    const FileKinds dropped = kindsOf(paths);
+    const auto import = [this, dropped, scenePx] {
+        if (!dropped.others.isEmpty())
+            importer->importFiles(dropped.others, scenePx);
+    };
+    if (dropped.drawings.isEmpty()) {
+        import();
+        return;
+    }
+    const QString first = dropped.drawings.first();
+    files().open(first, [this, import, first, left = dropped.drawings.mid(1)] {
+        if (!left.isEmpty())
+            messages->warning(onlyOneOpened(first, left));
+        import();
+    });
 }
 
 int MainWindow::importFiles(const QStringList &paths)
@@ -258,26 +369,6 @@ void MainWindow::chooseImport()
 }
 
 void MainWindow::chooseExport(bool selectionOnly) { fileExporter->choose(selectionOnly); }
-
-void MainWindow::newDrawing()
-{
-    if (drawing->itemMag()->itemModel()->rowCount() == 0 && drawing->undoStack()->count() == 0)
-        return;
-    auto *question = new QMessageBox(QMessageBox::Question, tr("New drawing"),
-                                     tr("Empty the drawing?"), QMessageBox::NoButton, this);
-    question->setAttribute(Qt::WA_DeleteOnClose);
-    question->setInformativeText(tr("All shapes go, and this cannot be undone."));
-    const QPushButton *accept = question->addButton(tr("&Empty"), QMessageBox::DestructiveRole);
-    question->addButton(QMessageBox::Cancel);
-    connect(accept, &QPushButton::clicked, this, &MainWindow::emptyDrawing);
-    question->open();
-}
-
-void MainWindow::emptyDrawing()
-{
-    actions->clear();
-    labelTree();
-}
 
 void MainWindow::addSample()
 {

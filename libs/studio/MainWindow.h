@@ -18,14 +18,18 @@ class ZTObjectTreeWidget;
 namespace studio {
 
 class Commands;
+class CrashGuard;
 class DocumentActions;
+class DrawingFiles;
 class Exporter;
 class Importer;
 class Language;
 class MatrixDialog;
+class OrderMenu;
 class PropertyDock;
 class StatusBar;
 class ViewNavigation;
+struct CrashGuardSetup;
 
 /**
  * The studio's window: the drawing in the middle, the object tree and the properties of the
@@ -47,16 +51,23 @@ public:
     ViewNavigation &navigation() const { return *viewNavigation; }
     Exporter &exporter() const { return *fileExporter; }
     Commands &commands() const { return *commandSet; }
+    DrawingFiles &files() const { return *drawingFiles; }
+
+    /** Keeps recovery files from now on, and offers those that were left behind. */
+    void guardAgainstCrashes(const CrashGuardSetup &setup);
+
+    /** Opens a drawing or imports plotter files, without a question; false if nothing came in. */
+    bool openFiles(const QStringList &paths);
 
     /** Imports files and shows what came in; number of files that did. */
     int importFiles(const QStringList &paths);
 
-    void newDrawing(); ///< asks first if there is something to lose
     void addSample();
     void chooseImport();
     void chooseExport(bool selectionOnly);
     void chooseRotation();
     void showMatrixDialog();
+    void showRecovery();
     void fitSelection();
     void fitAll();
     void showAbout();
@@ -71,7 +82,10 @@ private:
     void buildProperties();
     void buildCommands();
     void connectState();
-    void emptyDrawing();
+    void connectFiles();
+    void takeDropped(const QStringList &paths, const QPointF &scenePx);
+    void showReplacedDrawing();
+    void refreshTitle();
     void showSelectionInTree();
     void labelTree();
     void retranslate();
@@ -90,9 +104,13 @@ private:
     Exporter *fileExporter = nullptr;
     Commands *commandSet = nullptr;
     StatusBar *status = nullptr;
+    OrderMenu *orderMenu = nullptr;
+    DrawingFiles *drawingFiles = nullptr;
+    CrashGuard *crashGuard = nullptr; ///< null: no recovery files
     QPointer<MatrixDialog> matrixDialog;
     std::unique_ptr<Importer> importer;
     QTimer stateTimer;
+    bool isLetGo = false; ///< the user closes the window, and the changes may be lost
 };
 
 } // namespace studio

@@ -33,10 +33,20 @@ OrderMenu::OrderMenu(QWidget *parent) : QMenu(parent)
     add(EShapeSortType::ShapeSortYFromMin);
     add(EShapeSortType::ShapeSortYFromMax);
     connect(group, &QActionGroup::triggered, this, &OrderMenu::choose);
-    const int order = rememberedOrder();
     retranslate();
-    group->actions().at(order)->setChecked(true);
-    ZTPointSort::getInstance()->setShapeMarkSort(static_cast<EShapeSortType>(order));
+    restore();
+}
+
+void OrderMenu::restore()
+{
+    ZTPointSort::getInstance()->setShapeMarkSort(static_cast<EShapeSortType>(rememberedOrder()));
+    follow();
+}
+
+void OrderMenu::follow()
+{
+    const int order = static_cast<int>(ZTPointSort::getInstance()->getShapeMarkSort());
+    group->actions().at(qBound(0, order, group->actions().size() - 1))->setChecked(true);
 }
 
 void OrderMenu::add(EShapeSortType order)
@@ -68,6 +78,7 @@ void OrderMenu::choose(const QAction *action)
     const int order = action->data().toInt();
     ZTPointSort::getInstance()->setShapeMarkSort(static_cast<EShapeSortType>(order));
     QSettings().setValue(kOrderKey, order);
+    Q_EMIT changed();
 }
 
 } // namespace studio

@@ -21,6 +21,12 @@ class OrderMenu : public QMenu
 public:
     explicit OrderMenu(QWidget *parent = nullptr);
 
+    void restore(); ///< goes back to the remembered order
+    void follow();  ///< shows the order that holds; a drawing may have brought its own
+
+Q_SIGNALS:
+    void changed(); ///< by the user
+
 protected:
     void changeEvent(QEvent *event) override;
 

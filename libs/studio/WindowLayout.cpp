@@ -81,13 +81,15 @@ void addToolBar(QMainWindow &window, const char *name, Qt::ToolBarArea area,
 
 } // namespace
 
-void addMenus(QMainWindow &window, const Commands &commands, QMenu *orderMenu,
+void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fileMenus,
               const QList<QAction *> &viewActions)
 {
     QMenu &file = addMenu(window, "fileMenu", commands,
-                          {"file.new", "file.import", "file.sample", "-", "file.exportAll",
+                          {"file.new", "file.open", "-", "file.save", "file.saveAs", "file.revert",
+                           "file.recover", "-", "file.import", "file.sample", "-", "file.exportAll",
                            "file.exportSelection", "-", "file.quit"});
-    file.insertMenu(commands.action("file.exportAll"), orderMenu);
+    file.insertMenu(file.actions().at(2), fileMenus.recent);
+    file.insertMenu(commands.action("file.exportAll"), fileMenus.order);
     addMenu(window, "editMenu", commands,
             {"edit.undo", "edit.redo", "-", "edit.duplicate", "edit.delete", "-", "edit.selectAll",
              "edit.invert", "edit.deselect"});
@@ -115,7 +117,7 @@ void addMenus(QMainWindow &window, const Commands &commands, QMenu *orderMenu,
 void addToolBars(QMainWindow &window, const Commands &commands)
 {
     addToolBar(window, "fileToolBar", Qt::TopToolBarArea, commands,
-               {"file.new", "file.import", "file.exportAll"});
+               {"file.new", "file.open", "file.save", "-", "file.import", "file.exportAll"});
     addToolBar(window, "editToolBar", Qt::TopToolBarArea, commands,
                {"edit.undo", "edit.redo", "-", "edit.duplicate", "edit.delete"});
     addToolBar(window, "alignToolBar", Qt::TopToolBarArea, commands,

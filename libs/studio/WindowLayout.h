@@ -12,11 +12,17 @@ namespace studio {
 
 class Commands;
 
+/** Menus within the file menu that are no commands. */
+struct FileMenus
+{
+    QMenu *recent;
+    QMenu *order;
+};
+
 /**
- * Fills the menu bar of a window with the commands. `orderMenu` goes to the file menu, and
- * `viewActions` to the end of the view menu.
+ * Fills the menu bar of a window with the commands. `viewActions` go to the end of the view menu.
  */
-void addMenus(QMainWindow &window, const Commands &commands, QMenu *orderMenu,
+void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fileMenus,
               const QList<QAction *> &viewActions);
 
 /** Adds the toolbars of a window. */

@@ -1,5 +1,7 @@
+#include <QtCore/QDateTime>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QProcess>
@@ -7,6 +9,7 @@
 #include <QtGui/QImage>
 #include <QtTest/QTest>
 
+#include <csignal>
 #include <memory>
 
 /** The studio's program without a display. */
@@ -57,6 +60,95 @@ private Q_SLOTS:
         QVERIFY(stderrText.contains(QStringLiteral("the folder cannot be made")));
     }
 
+    void headless_withDrawing_opensIt()
+    {
+        // What was left behind is a drawing like any other.
+        const QString drawing = leaveBehind(SIGKILL);
+        run({QStringLiteral("--headless"), QStringLiteral("--out"), out(), drawing});
+        QCOMPARE(exitCode, 0);
+        const QString base = out() + QLatin1Char('/') + QFileInfo(drawing).completeBaseName();
+        const QByteArray recovered = contentOf(base + QStringLiteral(".svg"));
+        run({QStringLiteral("--headless"), QStringLiteral("--out"), out(), plotterFile()});
+        QCOMPARE(recovered, contentOf(out() + QStringLiteral("/drawing.svg")));
+        QVERIFY(recovered.contains("<path"));
+    }
+
+    void headless_withDamagedDrawing_saysWhyAndFails()
+    {
+        const QString drawing = leaveBehind(SIGKILL);
+        QFile file(drawing);
+        QVERIFY(file.resize(file.size() - 1));
+        run({QStringLiteral("--headless"), QStringLiteral("--out"), out(), drawing});
+        QCOMPARE(exitCode, 1);
+        QVERIFY2(stderrText.contains(QStringLiteral("was not opened. The file is damaged")),
+                 qPrintable(stderrText));
+    }
+
+    void killedStudio_leavesItsDrawingBehind_data()
+    {
+        QTest::addColumn<int>("signal");
+        QTest::newRow("kill") << int(SIGKILL);
+        QTest::newRow("crash") << int(SIGSEGV);
+        QTest::newRow("end") << int(SIGTERM);
+        QTest::newRow("interrupt") << int(SIGINT);
+        QTest::newRow("hangup") << int(SIGHUP);
+    }
+
+    void killedStudio_leavesItsDrawingBehind()
+    {
+        QFETCH(int, signal);
+        run({QStringLiteral("--list-recovery")});
+        QCOMPARE(stdoutText, QString());
+        const QString drawing = leaveBehind(signal);
+        run({QStringLiteral("--list-recovery")});
+        QCOMPARE(exitCode, 0);
+        const QStringList columns = stdoutText.trimmed().split(QLatin1Char('\t'));
+        QCOMPARE(columns.size(), 4);
+        QCOMPARE(columns[0], QStringLiteral("Unsaved drawing"));
+        const QDateTime savedAt = QDateTime::fromString(columns[1], Qt::ISODate);
+        QVERIFY(qAbs(savedAt.secsTo(QDateTime::currentDateTimeUtc())) < 120);
+        QCOMPARE(columns[2], QStringLiteral("1"));
+        QCOMPARE(columns[3], drawing);
+    }
+
+    void runningStudio_keepsItsDrawingToItself()
+    {
+        setInterval(1);
+        QProcess studio;
+        startWindow(studio);
+        QTRY_COMPARE_WITH_TIMEOUT(recoveryFiles("*.ztd").size(), 1, 30000);
+        run({QStringLiteral("--list-recovery")});
+        QCOMPARE(stdoutText, QString());
+        studio.kill();
+        QVERIFY(studio.waitForFinished());
+        run({QStringLiteral("--list-recovery")});
+        QCOMPARE(stdoutText.count(QLatin1Char('\n')), 1);
+    }
+
+    void terminatedBeforeTheInterval_savesAllTheSame()
+    {
+        setInterval(60);
+        QProcess studio;
+        startWindow(studio);
+        QTRY_VERIFY_WITH_TIMEOUT(listens(studio), 30000);
+        studio.terminate();
+        QVERIFY(studio.waitForFinished(30000));
+        QCOMPARE(studio.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(recoveryFiles("*.ztd").size(), 1);
+    }
+
+    void listRecovery_ofADamagedFile_namesAndKeepsIt()
+    {
+        QFile file(leaveBehind(SIGKILL));
+        QVERIFY(file.resize(100));
+        run({QStringLiteral("--list-recovery")});
+        QCOMPARE(exitCode, 1);
+        QCOMPARE(stdoutText, QString());
+        QVERIFY2(stderrText.contains(file.fileName() + QStringLiteral(".damaged")),
+                 qPrintable(stderrText));
+        QVERIFY(QFile::exists(file.fileName() + QStringLiteral(".damaged")));
+    }
+
     void options_helpAndVersion()
     {
         run({QStringLiteral("--version")});
@@ -64,7 +156,7 @@ private Q_SLOTS:
         QCOMPARE(stdoutText, QStringLiteral("ztstudio " ZT_VERSION "\n"));
         run({QStringLiteral("--help")});
         QCOMPARE(exitCode, 0);
-        for (const char *option : {"--headless", "--sample", "--out", "FILE"})
+        for (const char *option : {"--headless", "--sample", "--out", "--list-recovery", "FILE"})
             QVERIFY2(stdoutText.contains(QLatin1String(option)), option);
         run({QStringLiteral("--nonsense")});
         QCOMPARE(exitCode, 2);
@@ -82,14 +174,83 @@ private:
         return file.fileName();
     }
 
+    QString plotterFile() const { return write("PU0 0;\nPD400 0;\nPD200 200;\nPD0 0;\n"); }
+
+    static QByteArray contentOf(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    /** The user's settings and data stand in the test's folder. */
+    QProcessEnvironment environment() const
+    {
+        QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+        variables.remove(QStringLiteral("DISPLAY"));
+        variables.remove(QStringLiteral("WAYLAND_DISPLAY"));
+        variables.insert(QStringLiteral("XDG_CONFIG_HOME"), folder->path());
+        variables.insert(QStringLiteral("XDG_DATA_HOME"), folder->path());
+        return variables;
+    }
+
+    QStringList recoveryFiles(const char *pattern) const
+    {
+        const QDir dir(folder->filePath(QStringLiteral("ZTDrawEngineLib/ztstudio/recovery")));
+        QStringList paths;
+        for (const QString &name : dir.entryList({QLatin1String(pattern)}, QDir::Files))
+            paths << dir.filePath(name);
+        return paths;
+    }
+
+    void setInterval(int seconds) const
+    {
+        const QString organisation = folder->filePath(QStringLiteral("ZTDrawEngineLib"));
+        QFile file(organisation + QStringLiteral("/ztstudio.conf"));
+        if (!QDir().mkpath(organisation) || !file.open(QIODevice::WriteOnly) ||
+            file.write(QByteArray("[drawing]\nautosaveSeconds=") + QByteArray::number(seconds)) < 0)
+            qFatal("the settings cannot be written");
+    }
+
+    /** A studio with a window, on no screen, that has just imported a file. */
+    void startWindow(QProcess &studio) const
+    {
+        QProcessEnvironment variables = environment();
+        variables.insert(QStringLiteral("DISPLAY"), QStringLiteral(":none"));
+        variables.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        studio.setProcessEnvironment(variables);
+        studio.start(QStringLiteral(ZT_ZTSTUDIO), {plotterFile()});
+        if (!studio.waitForStarted(30000))
+            qFatal("the studio does not start");
+    }
+
+    /** Whether a process catches SIGTERM, as /proc tells. */
+    static bool listens(const QProcess &process)
+    {
+        const QByteArray status =
+            contentOf(QStringLiteral("/proc/%1/status").arg(process.processId()));
+        const int at = status.indexOf("SigCgt:");
+        const quint64 caught = status.mid(at + 7, 18).trimmed().toULongLong(nullptr, 16);
+        return at >= 0 && (caught >> (SIGTERM - 1) & 1U) != 0U;
+    }
+
+    /** Ends a studio by a signal once it saved a copy of a drawing; path of that copy. */
+    QString leaveBehind(int signal) const
+    {
+        setInterval(1);
+        QProcess studio;
+        startWindow(studio);
+        for (int i = 0; i < 3000 && recoveryFiles("*.ztd").isEmpty(); ++i)
+            QTest::qWait(10);
+        ::kill(static_cast<pid_t>(studio.processId()), signal);
+        if (!studio.waitForFinished(30000) || recoveryFiles("*.ztd").size() != 1)
+            qFatal("the studio left nothing behind");
+        return recoveryFiles("*.ztd").first();
+    }
+
     void run(const QStringList &arguments)
     {
         QProcess process;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.remove(QStringLiteral("DISPLAY"));
-        environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
-        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder->path());
-        process.setProcessEnvironment(environment);
+        process.setProcessEnvironment(environment());
         process.start(QStringLiteral(ZT_ZTSTUDIO), arguments);
         QVERIFY(process.waitForFinished(60000));
         exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;

@@ -9,8 +9,11 @@
 #include <studio/MainWindow.h>
 #include <studio/ViewNavigation.h>
 
+#include <QtCore/QMimeData>
+#include <QtGui/QDropEvent>
 #include <QtTest/QTest>
 #include <QtWidgets/QAction>
+#include <QtWidgets/QApplication>
 
 /** The studio's window on screen, with a user before it. */
 class StudioWindow : public StudioTest
@@ -56,6 +59,21 @@ public:
         view().setFocus();
         QTest::keyClick(&view(), static_cast<Qt::Key>(key), modifiers);
         QCoreApplication::processEvents();
+    }
+
+    /** Enters, moves and drops as the window system does; false if the data is refused. */
+    bool drop(const QMimeData &data, const QPoint &pos)
+    {
+        QWidget *viewport = view().viewport();
+        QDragEnterEvent enter(pos, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(viewport, &enter);
+        QDragMoveEvent move(pos, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(viewport, &move);
+        if (!enter.isAccepted() || !move.isAccepted())
+            return false;
+        QDropEvent drop(pos, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(viewport, &drop);
+        return drop.isAccepted();
     }
 
     ZTGraphicsDocument &document() { return window->document(); }

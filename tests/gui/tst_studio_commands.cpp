@@ -355,6 +355,9 @@ private Q_SLOTS:
         studio->run("create.line");
         studio->run("arrange.matrix");
         studio->window->close();
+        auto *question = studio->window->findChild<QMessageBox *>(QStringLiteral("lossQuestion"));
+        QTest::mouseClick(question->button(QMessageBox::Discard), Qt::LeftButton);
+        QVERIFY(!studio->window->isVisible());
         studio->window.reset();
     }
 

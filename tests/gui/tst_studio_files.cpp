@@ -9,7 +9,6 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QMimeData>
 #include <QtCore/QUrl>
-#include <QtGui/QDropEvent>
 #include <QtTest/QSignalSpy>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QProgressDialog>
@@ -276,17 +275,10 @@ private Q_SLOTS:
 private:
     QString write(const char *name, const QByteArray &content)
     {
-        QFile file(studio->path(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-            qFatal("a test file cannot be written");
-        return file.fileName();
+        return studio->write(name, content);
     }
 
-    static QByteArray contentOf(const QString &path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    static QByteArray contentOf(const QString &path) { return StudioTest::contentOf(path); }
 
     /** Files beside a file that have its extension, itself included. */
     static int folderEntries(const QString &path)
@@ -305,20 +297,7 @@ private:
         return ended.count() == 1 || (exporter.isBusy() && ended.wait(20000));
     }
 
-    /** Enters, moves and drops as the window system does; false if the data is refused. */
-    bool drop(const QMimeData &data, const QPoint &pos)
-    {
-        QWidget *viewport = studio->view().viewport();
-        QDragEnterEvent enter(pos, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(viewport, &enter);
-        QDragMoveEvent move(pos, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(viewport, &move);
-        if (!enter.isAccepted() || !move.isAccepted())
-            return false;
-        QDropEvent drop(pos, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(viewport, &drop);
-        return drop.isAccepted();
-    }
+    bool drop(const QMimeData &data, const QPoint &pos) { return studio->drop(data, pos); }
 
     std::unique_ptr<StudioWindow> studio;
 };

@@ -46,7 +46,7 @@ private Q_SLOTS:
         QCOMPARE(menuTitle("orderMenu"), str("标刻顺序(&O)"));
         QCOMPARE(menuTitle("languageMenu"), str("语言(&L)"));
         QCOMPARE(action("file.new")->text(), str("新建(&N)"));
-        QCOMPARE(action("file.new")->toolTip(), str("清空图纸 (Ctrl+N)"));
+        QCOMPARE(action("file.new")->toolTip(), str("新建图纸 (Ctrl+N)"));
         QCOMPARE(languageAction("system")->text(), str("系统语言(&S)"));
         // Each language is found by those who read no other.
         QCOMPARE(languageAction("english")->text(), str("English"));
@@ -65,7 +65,7 @@ private Q_SLOTS:
         QCOMPARE(labelText("propertyCount"), str("已选中 1 个图形"));
         QCOMPARE(studio->window->findChild<QCheckBox *>(str("lockBox"))->text(),
                  str("保持比例(&K)"));
-        QCOMPARE(studio->window->windowTitle(), str("绘图工作室"));
+        QCOMPARE(studio->window->windowTitle(), str("未命名[*] - 绘图工作室"));
     }
 
     void chinese_reachesTheGridAndTheTree()

@@ -49,3 +49,21 @@ if [ -e "$build/bin/font/README.txt" ]; then
 else
     echo "no stroke fonts were made"
 fi
+
+echo "-- the file manager knows drawings"
+desktop=$prefix/share/applications/ztstudio.desktop
+mime=$prefix/share/mime/packages/application-x-ztdrawing.xml
+grep -q '^Exec=ztstudio %f$' "$desktop"
+grep -q '^MimeType=.*application/x-ztdrawing;' "$desktop"
+[ -x "$prefix/bin/ztstudio" ]
+[ -f "$prefix/share/icons/hicolor/scalable/apps/ztstudio.svg" ]
+[ -f "$prefix/share/icons/hicolor/scalable/mimetypes/application-x-ztdrawing.svg" ]
+grep -q 'glob pattern="\*.ztd"' "$mime"
+if command -v desktop-file-validate >/dev/null; then desktop-file-validate "$desktop"; fi
+if command -v xmllint >/dev/null; then xmllint --noout "$mime"; fi
+if command -v update-mime-database >/dev/null; then
+    update-mime-database "$prefix/share/mime" 2>"$scratch/mime.log"
+    grep -q '^application/x-ztdrawing:\*.ztd$' "$prefix/share/mime/globs"
+    # The database of magic numbers holds the beginning of a drawing as it is.
+    LC_ALL=C grep -qaF "$(printf '\x89ZTD')" "$prefix/share/mime/magic"
+fi

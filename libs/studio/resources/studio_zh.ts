@@ -8,10 +8,6 @@
         <translation>新建(&amp;N)</translation>
     </message>
     <message>
-        <source>Empty the drawing</source>
-        <translation>清空图纸</translation>
-    </message>
-    <message>
         <source>&amp;Import...</source>
         <translation>导入(&amp;I)...</translation>
     </message>
@@ -251,6 +247,214 @@
         <source>&amp;About</source>
         <translation>关于(&amp;A)</translation>
     </message>
+    <message>
+        <source>&amp;Open...</source>
+        <translation>打开(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>保存(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Begin a new drawing</source>
+        <translation>新建图纸</translation>
+    </message>
+    <message>
+        <source>Go back to the drawing as it was saved</source>
+        <translation>恢复到上次保存的图纸</translation>
+    </message>
+    <message>
+        <source>Open a drawing</source>
+        <translation>打开图纸</translation>
+    </message>
+    <message>
+        <source>Re&amp;vert</source>
+        <translation>还原(&amp;V)</translation>
+    </message>
+    <message>
+        <source>Recover &amp;drawings...</source>
+        <translation>恢复图纸(&amp;D)...</translation>
+    </message>
+    <message>
+        <source>Recover drawings after a crash</source>
+        <translation>在程序崩溃后恢复图纸</translation>
+    </message>
+    <message>
+        <source>Save &amp;as...</source>
+        <translation>另存为(&amp;A)...</translation>
+    </message>
+    <message>
+        <source>Save the drawing</source>
+        <translation>保存图纸</translation>
+    </message>
+    <message>
+        <source>Save the drawing under another name</source>
+        <translation>以其他名称保存图纸</translation>
+    </message>
+</context>
+<context>
+    <name>studio::Autosaver</name>
+    <message>
+        <source>Reason: %1. Save it yourself from time to time.</source>
+        <translation>原因：%1。请不时自行保存。</translation>
+    </message>
+    <message>
+        <source>The drawing is not protected against a crash.</source>
+        <translation>图纸当前没有崩溃保护。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::DrawingFiles</name>
+    <message>
+        <source>&quot;%1&quot; is there already.</source>
+        <translation>“%1”已经存在。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was changed by another program.</source>
+        <translation>“%1”已被其他程序更改。</translation>
+    </message>
+    <message>
+        <source>&amp;Overwrite</source>
+        <translation>覆盖(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Replace</source>
+        <translation>替换(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Revert</source>
+        <translation>还原(&amp;R)</translation>
+    </message>
+    <message>
+        <source>All changes since &quot;%1&quot; was saved go, and this cannot be undone.</source>
+        <translation>“%1”上次保存以来的所有更改都将丢失，且无法撤销。</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>Drawings (*.ztd *.ZTD)</source>
+        <translation>图纸 (*.ztd *.ZTD)</translation>
+    </message>
+    <message>
+        <source>Open a drawing</source>
+        <translation>打开图纸</translation>
+    </message>
+    <message>
+        <source>Opening %1...</source>
+        <translation>正在打开 %1...</translation>
+    </message>
+    <message>
+        <source>Otherwise they are lost.</source>
+        <translation>否则更改将会丢失。</translation>
+    </message>
+    <message>
+        <source>Overwriting it loses those changes. Saving under another name keeps both.</source>
+        <translation>覆盖会丢失那些更改。以其他名称保存可保留两者。</translation>
+    </message>
+    <message>
+        <source>Reading %1...</source>
+        <translation>正在读取 %1...</translation>
+    </message>
+    <message>
+        <source>Recovering %1...</source>
+        <translation>正在恢复 %1...</translation>
+    </message>
+    <message>
+        <source>Replacing it loses what it holds.</source>
+        <translation>替换后其内容将会丢失。</translation>
+    </message>
+    <message>
+        <source>Revert to the saved drawing?</source>
+        <translation>还原到已保存的图纸？</translation>
+    </message>
+    <message>
+        <source>Save &amp;as...</source>
+        <translation>另存为(&amp;A)...</translation>
+    </message>
+    <message>
+        <source>Save the changes to &quot;%1&quot;?</source>
+        <translation>是否保存对“%1”的更改？</translation>
+    </message>
+    <message>
+        <source>Save the drawing</source>
+        <translation>保存图纸</translation>
+    </message>
+    <message>
+        <source>Saving %1...</source>
+        <translation>正在保存 %1...</translation>
+    </message>
+    <message>
+        <source>drawing</source>
+        <translation>图纸</translation>
+    </message>
+</context>
+<context>
+    <name>studio::DrawingMessages</name>
+    <message>
+        <source>&quot;%1&quot; was not opened.</source>
+        <translation>“%1”未能打开。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was not recovered.</source>
+        <translation>“%1”未能恢复。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was not saved.</source>
+        <translation>“%1”未能保存。</translation>
+    </message>
+    <message>
+        <source>A drawing cannot be recovered.</source>
+        <translation>有图纸无法恢复。</translation>
+    </message>
+    <message>
+        <source>A newer studio is needed to open it: the file %1.</source>
+        <translation>需要更新版本的工作室才能打开此文件(%1)。</translation>
+    </message>
+    <message>
+        <source>A window holds one drawing. These were left out: %1.</source>
+        <translation>一个窗口只能打开一张图纸。以下文件未打开：%1。</translation>
+    </message>
+    <message>
+        <source>Fonts of &quot;%1&quot; are missing.</source>
+        <translation>缺少“%1”所用的字体。</translation>
+    </message>
+    <message>
+        <source>Its recovery file is damaged. It was kept as %1.</source>
+        <translation>其恢复文件已损坏，已保留为 %1。</translation>
+    </message>
+    <message>
+        <source>Only &quot;%1&quot; was opened.</source>
+        <translation>只打开了“%1”。</translation>
+    </message>
+    <message>
+        <source>Reason: %1.</source>
+        <translation>原因：%1。</translation>
+    </message>
+    <message>
+        <source>Reason: %1. The drawing is still in the window; save it to another place.</source>
+        <translation>原因：%1。图纸仍在窗口中；请保存到其他位置。</translation>
+    </message>
+    <message>
+        <source>Texts in these fonts look and mark differently here: %1. They keep the names of their fonts.</source>
+        <translation>使用下列字体的文字在此处的显示和标刻会有所不同：%1。文字保留其字体名称。</translation>
+    </message>
+    <message>
+        <source>The file is damaged, and half a drawing is worse than none. Take a copy of it from elsewhere. Reason: %1.</source>
+        <translation>文件已损坏，残缺的图纸不如没有。请从别处取得副本。原因：%1。</translation>
+    </message>
+    <message>
+        <source>The file is no drawing of the studio: it %1. Plotter files are imported, not opened.</source>
+        <translation>该文件不是工作室的图纸(%1)。绘图仪文件应导入，而不是打开。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::DrawingSession</name>
+    <message>
+        <source>Unnamed</source>
+        <translation>未命名</translation>
+    </message>
 </context>
 <context>
     <name>studio::ExportJob</name>
@@ -341,14 +545,17 @@
     </message>
 </context>
 <context>
+    <name>studio::LongWork</name>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+</context>
+<context>
     <name>studio::MainWindow</name>
     <message>
         <source>Mark paths of %1 shapes written to %2</source>
         <translation>%1 个图形的标刻路径已写入 %2</translation>
-    </message>
-    <message>
-        <source>Studio</source>
-        <translation>绘图工作室</translation>
     </message>
     <message>
         <source>Shapes</source>
@@ -383,22 +590,6 @@
         <translation>所有文件 (*)</translation>
     </message>
     <message>
-        <source>New drawing</source>
-        <translation>新建图纸</translation>
-    </message>
-    <message>
-        <source>Empty the drawing?</source>
-        <translation>要清空图纸吗？</translation>
-    </message>
-    <message>
-        <source>All shapes go, and this cannot be undone.</source>
-        <translation>所有图形都将被移除，且无法撤销。</translation>
-    </message>
-    <message>
-        <source>&amp;Empty</source>
-        <translation>清空(&amp;E)</translation>
-    </message>
-    <message>
         <source>Rotate</source>
         <translation>旋转</translation>
     </message>
@@ -417,6 +608,14 @@
     <message>
         <source>Draws what a laser marks, and hands out the paths.</source>
         <translation>绘制激光标刻的内容，并输出路径。</translation>
+    </message>
+    <message>
+        <source>%1[*] - Studio</source>
+        <translation>%1[*] - 绘图工作室</translation>
+    </message>
+    <message>
+        <source>Saved to %1</source>
+        <translation>已保存到 %1</translation>
     </message>
 </context>
 <context>
@@ -530,6 +729,67 @@
     <message>
         <source>%1 shapes selected; the grid shows the first</source>
         <translation>已选中 %1 个图形；表格显示第一个</translation>
+    </message>
+</context>
+<context>
+    <name>studio::RecentMenu</name>
+    <message>
+        <source>&amp;Clear list</source>
+        <translation>清除列表(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Open &amp;recent</source>
+        <translation>最近打开(&amp;R)</translation>
+    </message>
+</context>
+<context>
+    <name>studio::RecoveryDialog</name>
+    <message>
+        <source>%1, shapes: %L2</source>
+        <translation>%1,图形：%L2</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>关闭(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Discard...</source>
+        <translation>丢弃(&amp;D)...</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>以后再说(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>恢复(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Discard for good?</source>
+        <translation>确定永久丢弃？</translation>
+    </message>
+    <message>
+        <source>Recover drawings</source>
+        <translation>恢复图纸</translation>
+    </message>
+    <message>
+        <source>The studio ended without saving these drawings. What is left for later is offered again.</source>
+        <translation>工作室结束时未保存这些图纸。留待以后的图纸会再次提供恢复。</translation>
+    </message>
+    <message>
+        <source>There is nothing to recover: every drawing was saved or let go.</source>
+        <translation>没有可恢复的内容：所有图纸均已保存或放弃。</translation>
+    </message>
+    <message>
+        <source>What was not saved of these drawings is lost.</source>
+        <translation>这些图纸中未保存的内容将会丢失。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::RecoveryStore</name>
+    <message>
+        <source>Unsaved drawing</source>
+        <translation>未保存的图纸</translation>
     </message>
 </context>
 <context>

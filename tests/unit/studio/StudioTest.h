@@ -10,6 +10,7 @@
 #include <hostkit/Factories.h>
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
 #include <QtCore/QSettings>
 #include <QtCore/QTemporaryDir>
 #include <QtWidgets/QUndoStack>
@@ -43,6 +44,24 @@ public:
     ~StudioTest() { QSettings().clear(); }
 
     QString path(const char *name) const { return folder.filePath(QString::fromLatin1(name)); }
+
+    /** What the library said; it fails the test no more. */
+    QStringList takeWarnings() { return warnings.take(); }
+
+    /** A file in the test's folder. */
+    QString write(const char *name, const QByteArray &content) const
+    {
+        QFile file(path(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+            qFatal("a test file cannot be written");
+        return file.fileName();
+    }
+
+    static QByteArray contentOf(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
 
 private:
     testsupport::WarningGuard warnings;

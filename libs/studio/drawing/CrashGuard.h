@@ -1,0 +1,66 @@
+#pragma once
+
+#include <studio/Messages.h>
+#include <studio/drawing/Autosaver.h>
+#include <studio/drawing/TerminationWatch.h>
+
+#include <QtCore/QPointer>
+
+QT_BEGIN_NAMESPACE
+class QWidget;
+QT_END_NAMESPACE
+
+namespace studio {
+
+class DrawingFiles;
+class RecoveryDialog;
+
+/** Where recovery files stand, and how much a crash may cost. */
+struct CrashGuardSetup
+{
+    QString folder = RecoveryStore::defaultFolder();
+    int intervalMs = 45000; ///< leaves time to write within Autosaver::kMostSeconds
+
+    /** That of this user; the settings may shorten the interval. */
+    static CrashGuardSetup ofUser();
+};
+
+/**
+ * Sees to it that an end of the program does not cost a drawing: saves copies as it changes, and
+ * at once when the process is asked to end; offers what was left behind.
+ */
+class CrashGuard : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** All are borrowed and outlive this. */
+    CrashGuard(DrawingFiles &files, Messages &messages, QWidget &window,
+               const CrashGuardSetup &setup);
+
+    Autosaver &autosaver() { return saver; }
+
+    /** Offers what was left behind, if there is something. */
+    void offerFound();
+
+    /** The same as a user's command: says so when there is nothing. */
+    void showDialog();
+
+    /** The window closes, and the user let the drawing go. */
+    void letGo() { saver.discard(); }
+
+private:
+    void open(const QVector<RecoveryEntry> &entries);
+    RecoveryStore::Findings findings();
+    void recover(const RecoveryEntry &entry);
+
+    DrawingFiles &files;
+    Messages &messages;
+    QWidget &window;
+    RecoveryStore store;
+    Autosaver saver;
+    TerminationWatch termination;
+    QPointer<RecoveryDialog> dialog;
+};
+
+} // namespace studio

@@ -1,0 +1,346 @@
+#include <studio/drawing/DrawingFiles.h>
+
+#include <studio/drawing/DrawingMessages.h>
+#include <studio/drawing/RecentDrawings.h>
+#include <studio/drawing/RecoveryStore.h>
+
+#include <ZTDrawEngineLib/ZTDrawEngineLib.h>
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QScopedValueRollback>
+#include <QtCore/QSettings>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+
+#include <memory>
+
+namespace studio {
+
+namespace {
+
+using hostkit::DrawingError;
+using hostkit::DrawingFile;
+
+const QString kFolderKey = QStringLiteral("drawing/folder");
+const QString kExtension = QStringLiteral("ztd");
+const QByteArray kBeginning = QByteArrayLiteral("\x89ZTD");
+
+QString startFolder() { return QSettings().value(kFolderKey, QDir::homePath()).toString(); }
+
+void rememberFolder(const QString &path)
+{
+    QSettings().setValue(kFolderKey, QFileInfo(path).absolutePath());
+}
+
+QStringList nameFilters()
+{
+    return {DrawingFiles::tr("Drawings (*.ztd *.ZTD)"), DrawingFiles::tr("All files (*)")};
+}
+
+/** What a reading thread hands over. */
+struct ReadResult
+{
+    DrawingFile file;
+    DrawingError error;
+};
+
+} // namespace
+
+DrawingFiles::DrawingFiles(ZTGraphicsDocument &edited, Messages &told, QWidget &parentWindow)
+    : QObject(&parentWindow), document(edited), messages(told), window(parentWindow),
+      drawing(edited), firstSetup(hostkit::DrawingSetup::of(edited))
+{
+}
+
+bool DrawingFiles::isDrawing(const QString &path)
+{
+    if (QFileInfo(path).suffix().compare(kExtension, Qt::CaseInsensitive) == 0)
+        return true;
+    QFile file(path);
+    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) &&
+           file.read(kBeginning.size()) == kBeginning;
+}
+
+void DrawingFiles::startNew()
+{
+    confirmLoss([this] { empty(); });
+}
+
+void DrawingFiles::empty()
+{
+    document.clear();
+    firstSetup.applyTo(document);
+    drawing.startNew();
+    Q_EMIT emptied();
+}
+
+void DrawingFiles::chooseOpen()
+{
+    auto *dialog = new QFileDialog(&window, tr("Open a drawing"));
+    dialog->setObjectName(QStringLiteral("openDialog"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setNameFilters(nameFilters());
+    dialog->setDirectory(startFolder());
+    connect(dialog, &QFileDialog::fileSelected, this, [this](const QString &path) {
+        rememberFolder(path);
+        open(path);
+    });
+    dialog->open();
+}
+
+void DrawingFiles::open(const QString &path, const Next &next)
+{
+    confirmLoss([this, path, next] {
+        if (load(path) && next)
+            next();
+    });
+}
+
+bool DrawingFiles::load(const QString &path)
+{
+    if (busy)
+        return false;
+    DrawingFile file;
+    DrawingError error;
+    QStringList missingFonts;
+    const FileStamp stamp = FileStamp::of(path);
+    const QString label = tr("Opening %1...").arg(QFileInfo(path).fileName());
+    if (!read(path, &file, &error) || !apply(file, label, &error, &missingFonts)) {
+        failedToLoad(path, error);
+        return false;
+    }
+    drawing.setOpened(path, stamp, file.unknown);
+    RecentDrawings::add(path);
+    Q_EMIT loaded();
+    if (!missingFonts.isEmpty())
+        messages.warning(fontsMissing(path, missingFonts));
+    return true;
+}
+
+void DrawingFiles::failedToLoad(const QString &path, const DrawingError &error)
+{
+    if (error.kind == DrawingError::Kind::Cancelled)
+        return;
+    if (!QFileInfo::exists(path))
+        RecentDrawings::remove(path);
+    messages.failure(notOpened(path, error));
+}
+
+// Reading and checking touch no document: they go on in a thread, even unheeded.
+bool DrawingFiles::read(const QString &path, DrawingFile *file, DrawingError *error)
+{
+    const QScopedValueRollback<bool> isBusy(busy, true);
+    LongWork work(window, tr("Reading %1...").arg(QFileInfo(path).fileName()),
+                  LongWork::Cancel::Possible, quietMs);
+    const auto result = std::make_shared<ReadResult>();
+    if (!work.run([path, result] { hostkit::readDrawing(path, &result->file, &result->error); })) {
+        error->kind = DrawingError::Kind::Cancelled;
+        return false;
+    }
+    *file = std::move(result->file);
+    *error = result->error;
+    return error->kind == DrawingError::Kind::None;
+}
+
+bool DrawingFiles::apply(const DrawingFile &file, const QString &label, DrawingError *error,
+                         QStringList *missingFonts)
+{
+    const QScopedValueRollback<bool> isBusy(busy, true);
+    LongWork work(window, label, LongWork::Cancel::Possible, quietMs);
+    hostkit::DrawingReport report;
+    const auto progress = [&work](int done, int total) { return work.step(done, total); };
+    const bool isApplied = hostkit::applyDrawing(file, document, progress, &report, error);
+    *missingFonts = report.missingFonts;
+    return isApplied;
+}
+
+bool DrawingFiles::recover(const RecoveryEntry &entry)
+{
+    if (busy)
+        return false;
+    DrawingFile file;
+    DrawingError error;
+    QStringList missingFonts;
+    const QString label = tr("Recovering %1...").arg(entry.name());
+    if (!read(entry.slot->path(), &file, &error) || !apply(file, label, &error, &missingFonts)) {
+        if (error.kind != DrawingError::Kind::Cancelled)
+            messages.failure(notRecovered(entry.name(), error));
+        return false;
+    }
+    takeOrigin(&file);
+    drawing.setRecovered(entry.origin.path, entry.origin.stamp, file.unknown);
+    Q_EMIT loaded();
+    if (!missingFonts.isEmpty())
+        messages.warning(fontsMissing(entry.name(), missingFonts));
+    return true;
+}
+
+void DrawingFiles::revert()
+{
+    const QString path = drawing.path();
+    if (path.isEmpty())
+        return;
+    QMessageBox *box = question("revertQuestion", tr("Revert to the saved drawing?"),
+                                tr("All changes since \"%1\" was saved go, and this cannot be "
+                                   "undone.")
+                                    .arg(drawing.name()));
+    const QPushButton *accept = box->addButton(tr("&Revert"), QMessageBox::DestructiveRole);
+    box->addButton(QMessageBox::Cancel);
+    connect(accept, &QPushButton::clicked, this, [this, path] {
+        if (load(path))
+            Q_EMIT reverted();
+    });
+    box->open();
+}
+
+void DrawingFiles::confirmLoss(const Next &next)
+{
+    if (busy)
+        return;
+    if (!drawing.isModified()) {
+        next();
+        return;
+    }
+    QMessageBox *box =
+        question("lossQuestion", tr("Save the changes to \"%1\"?").arg(drawing.name()),
+                 tr("Otherwise they are lost."));
+    QPushButton *saving = box->addButton(QMessageBox::Save);
+    const QPushButton *discarding = box->addButton(QMessageBox::Discard);
+    box->addButton(QMessageBox::Cancel);
+    box->setDefaultButton(saving);
+    connect(saving, &QPushButton::clicked, this, [this, next] { saveThen(next); });
+    connect(discarding, &QPushButton::clicked, this, next);
+    box->open();
+}
+
+void DrawingFiles::save() { saveThen({}); }
+
+void DrawingFiles::saveAs() { saveAsThen({}); }
+
+void DrawingFiles::saveThen(const Next &next)
+{
+    if (drawing.path().isEmpty()) {
+        saveAsThen(next);
+        return;
+    }
+    if (drawing.isFileForeign()) {
+        askToOverwrite(next);
+        return;
+    }
+    saveAndGoOn(drawing.path(), next);
+}
+
+void DrawingFiles::saveAsThen(const Next &next)
+{
+    auto *dialog = new QFileDialog(&window, tr("Save the drawing"));
+    dialog->setObjectName(QStringLiteral("saveDialog"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setNameFilters(nameFilters());
+    const QString path = drawing.path();
+    dialog->setDirectory(path.isEmpty() ? startFolder() : QFileInfo(path).absolutePath());
+    dialog->selectFile(path.isEmpty() ? tr("drawing") + QStringLiteral(".ztd")
+                                      : QFileInfo(path).fileName());
+    connect(dialog, &QFileDialog::fileSelected, this,
+            [this, next](const QString &chosen) { saveUnder(chosen, next); });
+    dialog->open();
+}
+
+// The dialog asks before it takes the name of a file; the name that an extension was added to is
+// another one. It adds none where there is a point anywhere in the path.
+void DrawingFiles::saveUnder(const QString &chosen, const Next &next)
+{
+    rememberFolder(chosen);
+    if (QFileInfo(chosen).suffix().compare(kExtension, Qt::CaseInsensitive) == 0) {
+        saveAndGoOn(chosen, next);
+        return;
+    }
+    const QString path = chosen + QLatin1Char('.') + kExtension;
+    if (!QFileInfo::exists(path)) {
+        saveAndGoOn(path, next);
+        return;
+    }
+    QMessageBox *box =
+        question("replaceQuestion", tr("\"%1\" is there already.").arg(QFileInfo(path).fileName()),
+                 tr("Replacing it loses what it holds."));
+    const QPushButton *replacing = box->addButton(tr("&Replace"), QMessageBox::DestructiveRole);
+    box->addButton(QMessageBox::Cancel);
+    connect(replacing, &QPushButton::clicked, this,
+            [this, path, next] { saveAndGoOn(path, next); });
+    box->open();
+}
+
+void DrawingFiles::saveAndGoOn(const QString &path, const Next &next)
+{
+    if (saveTo(path) && next)
+        next();
+}
+
+void DrawingFiles::askToOverwrite(const Next &next)
+{
+    QMessageBox *box = question(
+        "overwriteQuestion", tr("\"%1\" was changed by another program.").arg(drawing.name()),
+        tr("Overwriting it loses those changes. Saving under another name keeps both."));
+    box->setIcon(QMessageBox::Warning);
+    const QPushButton *overwriting = box->addButton(tr("&Overwrite"), QMessageBox::DestructiveRole);
+    QPushButton *renaming = box->addButton(tr("Save &as..."), QMessageBox::AcceptRole);
+    box->addButton(QMessageBox::Cancel);
+    box->setDefaultButton(renaming);
+    connect(overwriting, &QPushButton::clicked, this,
+            [this, next] { saveAndGoOn(drawing.path(), next); });
+    connect(renaming, &QPushButton::clicked, this, [this, next] { saveAsThen(next); });
+    box->open();
+}
+
+bool DrawingFiles::saveTo(const QString &path)
+{
+    if (busy)
+        return false;
+    DrawingError error;
+    if (!write(path, &error)) {
+        messages.failure(notSaved(path, error));
+        return false;
+    }
+    drawing.setSaved(path);
+    RecentDrawings::add(path);
+    Q_EMIT saved(drawing.path());
+    return true;
+}
+
+// There is no way back once the file is being written; QSaveFile takes care that it is whole.
+bool DrawingFiles::write(const QString &path, DrawingError *error)
+{
+    // A pipe or a device would be replaced by a file.
+    if (QFileInfo::exists(path) && !QFileInfo(path).isFile()) {
+        *error = {DrawingError::Kind::CannotWrite, QStringLiteral("is no ordinary file")};
+        return false;
+    }
+    const QScopedValueRollback<bool> isBusy(busy, true);
+    LongWork work(window, tr("Saving %1...").arg(QFileInfo(path).fileName()),
+                  LongWork::Cancel::Impossible, quietMs);
+    const auto file = std::make_shared<DrawingFile>();
+    if (!drawing.capture(true, file.get(), error))
+        return false;
+    const auto result = std::make_shared<DrawingError>();
+    work.run([file, path, result] { hostkit::writeDrawing(*file, path, result.get()); });
+    *error = *result;
+    return error->kind == DrawingError::Kind::None;
+}
+
+QMessageBox *DrawingFiles::question(const char *name, const QString &text, const QString &more)
+{
+    auto *box =
+        new QMessageBox(QMessageBox::Question, QString(), text, QMessageBox::NoButton, &window);
+    box->setObjectName(QLatin1String(name));
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    // File names may look like markup.
+    box->setTextFormat(Qt::PlainText);
+    box->setInformativeText(more);
+    return box;
+}
+
+} // namespace studio

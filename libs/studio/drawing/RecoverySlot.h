@@ -1,0 +1,54 @@
+#pragma once
+
+#include <studio/drawing/FileStamp.h>
+
+#include <hostkit/DrawingFile.h>
+
+#include <QtCore/QLockFile>
+
+#include <memory>
+
+namespace studio {
+
+/** Where a recovered drawing belongs. */
+struct RecoveryOrigin
+{
+    QString path;    ///< file of the drawing; empty for one that was never saved
+    FileStamp stamp; ///< what that file looked like to the studio that worked on it
+};
+
+/**
+ * A recovery file, and the lock that says that a running studio looks after it. The lock goes with
+ * this, the file stays until it is discarded.
+ */
+class RecoverySlot
+{
+public:
+    /** A new one in a folder, which is made. Failure: null with the reason. */
+    static std::unique_ptr<RecoverySlot> create(const QString &folder, QString *error);
+
+    /** One that a studio left behind. Failure: null while that studio, or another one, has it. */
+    static std::unique_ptr<RecoverySlot> claim(const QString &filePath);
+
+    QString path() const { return filePath; }
+
+    /** Removes the file and the lock. The last use of a slot. */
+    void discard();
+
+    /** Renames the file, so that it is offered no more; its new path, empty if that failed. */
+    QString setAside();
+
+private:
+    explicit RecoverySlot(const QString &path);
+
+    QString filePath;
+    QLockFile lock;
+};
+
+/** Notes the origin in a drawing that is about to become a recovery file. */
+void addOrigin(const RecoveryOrigin &origin, hostkit::DrawingFile *drawing);
+
+/** Takes the origin out of a drawing; an empty one if there is none, or it makes no sense. */
+RecoveryOrigin takeOrigin(hostkit::DrawingFile *drawing);
+
+} // namespace studio
