@@ -16,6 +16,7 @@
 #include <studio/ViewNavigation.h>
 #include <studio/WindowLayout.h>
 #include <studio/commands/ItemSetCommand.h>
+#include <studio/text/TextTools.h>
 
 #include <hostkit/SampleDrawing.h>
 
@@ -70,6 +71,7 @@ MainWindow::~MainWindow()
 {
     // What watches the document goes first: a document that goes still tells of changes.
     delete matrixDialog;
+    delete textTools;
     delete fileExporter;
     delete status;
     delete commandSet;
@@ -94,6 +96,7 @@ void MainWindow::buildDocument()
     actions = new DocumentActions(*drawing, this);
     viewNavigation = new ViewNavigation(*drawing->view(), this);
     importer = std::make_unique<Importer>(*drawing, *messages);
+    textTools = new TextTools(*drawing, *messages, *this);
     fileExporter = new Exporter(*drawing, *messages, *this);
     auto *drops = new DropImporter(*drawing->view(), this);
     connect(drops, &DropImporter::filesDropped, this,
@@ -104,6 +107,8 @@ void MainWindow::buildDocument()
     setStatusBar(status);
     connect(viewNavigation, &ViewNavigation::zoomChanged, status, &StatusBar::showZoom);
     connect(actions, &DocumentActions::added, viewNavigation, &ViewNavigation::reveal);
+    connect(textTools, &TextTools::told, status,
+            [this](const QString &text) { status->showMessage(text, kStatusMs); });
     connect(fileExporter, &Exporter::exported, this, [this](const QString &path, int objects) {
         status->showMessage(tr("Mark paths of %1 shapes written to %2")
                                 .arg(objects)
@@ -204,6 +209,7 @@ void MainWindow::refreshCommands()
     EditorState state;
     state.shapes = drawing->itemMag()->itemModel()->rowCount();
     state.selected = drawing->scene()->selectedItems().size();
+    state.isOneText = textTools->selectedText() != nullptr;
     state.canUndo = drawing->undoStack()->canUndo();
     state.canRedo = drawing->undoStack()->canRedo();
     commandSet->enableFor(state);

@@ -25,6 +25,7 @@ class Language;
 class MatrixDialog;
 class PropertyDock;
 class StatusBar;
+class TextTools;
 class ViewNavigation;
 
 /**
@@ -45,6 +46,7 @@ public:
     ZTGraphicsDocument &document() const { return *drawing; }
     DocumentActions &edit() const { return *actions; }
     ViewNavigation &navigation() const { return *viewNavigation; }
+    TextTools &text() const { return *textTools; }
     Exporter &exporter() const { return *fileExporter; }
     Commands &commands() const { return *commandSet; }
 
@@ -87,6 +89,7 @@ private:
     PropertyDock *properties = nullptr;
     DocumentActions *actions = nullptr;
     ViewNavigation *viewNavigation = nullptr;
+    TextTools *textTools = nullptr;
     Exporter *fileExporter = nullptr;
     Commands *commandSet = nullptr;
     StatusBar *status = nullptr;

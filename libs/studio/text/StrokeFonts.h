@@ -1,0 +1,25 @@
+#pragma once
+
+#include <ZTDrawEngineLib/ZTDrawEngineLib.h>
+
+#include <QtCore/QStringList>
+
+namespace studio {
+
+/** File names of the stroke fonts, each once, in the order of the alphabet. */
+QStringList regularStrokeFonts();
+QStringList bigStrokeFonts();
+
+/** The folder that they come from. */
+QString strokeFontFolder();
+
+/** A pair of stroke fonts, ready to draw; without fonts if a name is unknown. */
+ZTShxFontParam strokeFontPair(const QString &regularName, const QString &bigName);
+
+/**
+ * Makes a new text what an operator expects: a word to see, capitals 10 mm high, and at hand the
+ * plain stroke fonts that come with the program, if they are there.
+ */
+void setUpNewText(ZTGraphicsTextItem &item);
+
+} // namespace studio
