@@ -251,6 +251,38 @@
         <source>&amp;About</source>
         <translation>关于(&amp;A)</translation>
     </message>
+    <message>
+        <source>&amp;Next part</source>
+        <translation>下一个工件(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Type on the drawing</source>
+        <translation>在图纸上输入(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Create a text and type into it</source>
+        <translation>创建文字并直接输入</translation>
+    </message>
+    <message>
+        <source>Move all variant texts on to the next part</source>
+        <translation>把所有可变文字推进到下一个工件</translation>
+    </message>
+    <message>
+        <source>Te&amp;xt</source>
+        <translation>文字(&amp;X)</translation>
+    </message>
+    <message>
+        <source>Text and &amp;font...</source>
+        <translation>文字和字体(&amp;F)...</translation>
+    </message>
+    <message>
+        <source>Type into the selected text on the drawing</source>
+        <translation>在图纸上编辑选中的文字</translation>
+    </message>
+    <message>
+        <source>Words, font, size, arc and hatch of the selected text</source>
+        <translation>选中文字的内容、字体、大小、弧线和填充</translation>
+    </message>
 </context>
 <context>
     <name>studio::ExportJob</name>
@@ -657,6 +689,18 @@
         <source>Change property</source>
         <translation>更改属性</translation>
     </message>
+    <message>
+        <source>Change text</source>
+        <translation>更改文字</translation>
+    </message>
+    <message>
+        <source>Create text</source>
+        <translation>创建文字</translation>
+    </message>
+    <message>
+        <source>Type text</source>
+        <translation>输入文字</translation>
+    </message>
 </context>
 <context>
     <name>studio::WindowLayout</name>
@@ -711,6 +755,531 @@
     <message>
         <source>Create</source>
         <translation>创建</translation>
+    </message>
+    <message>
+        <source>&amp;Text</source>
+        <translation>文字(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>文字</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ArcPage</name>
+    <message>
+        <source> mm</source>
+        <translation> mm</translation>
+    </message>
+    <message>
+        <source> °</source>
+        <translation> °</translation>
+    </message>
+    <message>
+        <source>&amp;Diameter</source>
+        <translation>直径(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Start</source>
+        <translation>起始角(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Of the circle on which the characters stand</source>
+        <translation>字符所在圆的直径</translation>
+    </message>
+    <message>
+        <source>S&amp;pan</source>
+        <translation>张角(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Shared out among the characters; positive runs clockwise, negative anticlockwise</source>
+        <translation>平均分给各个字符；正值为顺时针，负值为逆时针</translation>
+    </message>
+    <message>
+        <source>Text on an &amp;arc</source>
+        <translation>弧线文字(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Where the arc starts: 0° is at three o'clock, 270° at twelve</source>
+        <translation>弧线的起点：0° 在三点钟方向，270° 在十二点钟方向</translation>
+    </message>
+</context>
+<context>
+    <name>studio::FontPage</name>
+    <message>
+        <source> %</source>
+        <translation> %</translation>
+    </message>
+    <message>
+        <source> mm</source>
+        <translation> mm</translation>
+    </message>
+    <message>
+        <source>&amp;Bold</source>
+        <translation>粗体(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Chinese</source>
+        <translation>汉字(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Height</source>
+        <translation>高度(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Italic</source>
+        <translation>斜体(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Letters and digits</source>
+        <translation>字母和数字(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;System font, outlines</source>
+        <translation>系统字体，轮廓(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Width</source>
+        <translation>宽度(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Added to what the font has; on an arc the span decides</source>
+        <translation>在字体自身间距之外增加；在弧线上由张角决定</translation>
+    </message>
+    <message>
+        <source>F&amp;amily</source>
+        <translation>字体(&amp;A)</translation>
+    </message>
+    <message>
+        <source>From the ink of the lines above to the tops of capitals</source>
+        <translation>从上面各行的笔画到本行大写字母的顶端</translation>
+    </message>
+    <message>
+        <source>Height of capital letters on the part</source>
+        <translation>大写字母在工件上的高度</translation>
+    </message>
+    <message>
+        <source>S&amp;pace between lines</source>
+        <translation>行间距(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Space between c&amp;haracters</source>
+        <translation>字符间距(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Stroke &amp;fonts, single lines</source>
+        <translation>单线字体(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Stroke fonts come in pairs: one for letters and one for Chinese, as SHX files in %1.</source>
+        <translation>单线字体成对使用：一个用于字母，一个用于汉字，都是 %1 中的 SHX 文件。</translation>
+    </message>
+    <message>
+        <source>Width of the letters; at 100 % they are as the font has them</source>
+        <translation>字母的宽度；100 % 时与字体原样相同</translation>
+    </message>
+</context>
+<context>
+    <name>studio::HatchPage</name>
+    <message>
+        <source> mm</source>
+        <translation> mm</translation>
+    </message>
+    <message>
+        <source> °</source>
+        <translation> °</translation>
+    </message>
+    <message>
+        <source>&amp;Direction</source>
+        <translation>方向(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Lines</source>
+        <translation>线条(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Outlines as well</source>
+        <translation>同时标刻轮廓(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Spacing</source>
+        <translation>间距(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Marks the outlines of the letters, too</source>
+        <translation>字母的轮廓也一并标刻</translation>
+    </message>
+    <message>
+        <source>Stroke fonts are single lines: there is nothing to hatch.</source>
+        <translation>单线字体只有线条，没有可填充的区域。</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>single lines</source>
+        <translation>单线</translation>
+    </message>
+    <message>
+        <source>zigzag</source>
+        <translation>折线</translation>
+    </message>
+</context>
+<context>
+    <name>studio::InPlaceEditor</name>
+    <message>
+        <source>Ctrl+Return or a click elsewhere takes the words, Esc gives them up</source>
+        <translation>按 Ctrl+回车 或点击别处确认，按 Esc 放弃</translation>
+    </message>
+</context>
+<context>
+    <name>studio::SegmentForm</name>
+    <message>
+        <source>&amp;Behind it</source>
+        <translation>结束之后(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Characters</source>
+        <translation>字符数(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Column</source>
+        <translation>列(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Days later</source>
+        <translation>推后天数(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Digits</source>
+        <translation>数制(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Encoding</source>
+        <translation>编码(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>文件(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;First number</source>
+        <translation>起始值(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Format</source>
+        <translation>格式(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Hours later</source>
+        <translation>推后小时(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Last number</source>
+        <translation>终止值(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Minutes later</source>
+        <translation>推后分钟(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Names in</source>
+        <translation>名称语言(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Separated by</source>
+        <translation>分隔符(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Shows</source>
+        <translation>显示(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Step</source>
+        <translation>步长(&amp;S)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>Choose the list file</source>
+        <translation>选择列表文件</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>英语</translation>
+    </message>
+    <message>
+        <source>Filled &amp;up</source>
+        <translation>补齐方式(&amp;U)</translation>
+    </message>
+    <message>
+        <source>First &amp;row</source>
+        <translation>首行(&amp;R)</translation>
+    </message>
+    <message>
+        <source>How many parts get the same number</source>
+        <translation>多少个工件使用同一个数</translation>
+    </message>
+    <message>
+        <source>Julian day</source>
+        <translation>儒略日</translation>
+    </message>
+    <message>
+        <source>Lists (*.csv *.txt *.tsv)</source>
+        <translation>列表 (*.csv *.txt *.tsv)</translation>
+    </message>
+    <message>
+        <source>Number of the part that is marked now</source>
+        <translation>当前标刻工件的数</translation>
+    </message>
+    <message>
+        <source>Parts for &amp;each number</source>
+        <translation>每个数的工件数(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Row of the part that is marked now</source>
+        <translation>当前标刻工件的行</translation>
+    </message>
+    <message>
+        <source>Rows above this one are headings</source>
+        <translation>此行以上为标题</translation>
+    </message>
+    <message>
+        <source>Te&amp;xt</source>
+        <translation>文字(&amp;X)</translation>
+    </message>
+    <message>
+        <source>The counter never comes to this number.</source>
+        <translation>计数器永远不会到达这个数。</translation>
+    </message>
+    <message>
+        <source>This &amp;part</source>
+        <translation>当前工件(&amp;P)</translation>
+    </message>
+    <message>
+        <source>comma</source>
+        <translation>逗号</translation>
+    </message>
+    <message>
+        <source>date and time in a format</source>
+        <translation>按格式显示日期和时间</translation>
+    </message>
+    <message>
+        <source>day of the year</source>
+        <translation>一年中的第几天</translation>
+    </message>
+    <message>
+        <source>decimal, 0 to 9</source>
+        <translation>十进制，0 到 9</translation>
+    </message>
+    <message>
+        <source>hexadecimal, 0 to F</source>
+        <translation>十六进制，0 到 F</translation>
+    </message>
+    <message>
+        <source>letters, A to Z</source>
+        <translation>字母，A 到 Z</translation>
+    </message>
+    <message>
+        <source>number of the week</source>
+        <translation>周数</translation>
+    </message>
+    <message>
+        <source>semicolon</source>
+        <translation>分号</translation>
+    </message>
+    <message>
+        <source>shows the last number again</source>
+        <translation>重复最后的数</translation>
+    </message>
+    <message>
+        <source>shows the last row again</source>
+        <translation>重复最后一行</translation>
+    </message>
+    <message>
+        <source>starts anew</source>
+        <translation>从头开始</translation>
+    </message>
+    <message>
+        <source>tabulator</source>
+        <translation>制表符</translation>
+    </message>
+    <message>
+        <source>whole row</source>
+        <translation>整行</translation>
+    </message>
+    <message>
+        <source>with blanks</source>
+        <translation>用空格</translation>
+    </message>
+    <message>
+        <source>with zeros</source>
+        <translation>用零</translation>
+    </message>
+    <message>
+        <source>year of the week</source>
+        <translation>该周所属的年份</translation>
+    </message>
+    <message>
+        <source>yyyy year, MM month, dd day, HH hour, mm minute, ss second; text in 'quotes'</source>
+        <translation>yyyy 年，MM 月，dd 日，HH 时，mm 分，ss 秒；文字放在 '引号' 中</translation>
+    </message>
+</context>
+<context>
+    <name>studio::StrokeFonts</name>
+    <message>
+        <source>TEXT</source>
+        <translation>文字</translation>
+    </message>
+</context>
+<context>
+    <name>studio::TextDialog</name>
+    <message>
+        <source>&amp;1 Words</source>
+        <translation>&amp;1 内容</translation>
+    </message>
+    <message>
+        <source>&amp;2 Font</source>
+        <translation>&amp;2 字体</translation>
+    </message>
+    <message>
+        <source>&amp;3 Arc</source>
+        <translation>&amp;3 弧线</translation>
+    </message>
+    <message>
+        <source>&amp;4 Hatch</source>
+        <translation>&amp;4 填充</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>文字</translation>
+    </message>
+</context>
+<context>
+    <name>studio::TextTools</name>
+    <message>
+        <source>A variant text is not complete.</source>
+        <translation>有可变文字不完整。</translation>
+    </message>
+    <message>
+        <source>A variant text is used up: its last value shows once more.</source>
+        <translation>有可变文字已用完：重复显示最后的值。</translation>
+    </message>
+    <message>
+        <source>Give it new values before another part is marked.</source>
+        <translation>标刻下一个工件之前，请为它设置新的值。</translation>
+    </message>
+    <message>
+        <source>Mend the list file or the text, then go to the next part.</source>
+        <translation>请修正列表文件或文字，然后再转到下一个工件。</translation>
+    </message>
+    <message>
+        <source>Next part: %1</source>
+        <translation>下一个工件：%1</translation>
+    </message>
+    <message>
+        <source>The drawing has no variant text</source>
+        <translation>图纸中没有可变文字</translation>
+    </message>
+</context>
+<context>
+    <name>studio::VariantPanel</name>
+    <message>
+        <source>&amp;Add</source>
+        <translation>添加(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Counter</source>
+        <translation>计数器(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Date and time</source>
+        <translation>日期和时间(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;List file</source>
+        <translation>列表文件(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>删除(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Text</source>
+        <translation>文字(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Add a segment at the end</source>
+        <translation>在末尾添加一段</translation>
+    </message>
+    <message>
+        <source>Move the chosen segment down</source>
+        <translation>把选中的段下移</translation>
+    </message>
+    <message>
+        <source>Move the chosen segment up</source>
+        <translation>把选中的段上移</translation>
+    </message>
+    <message>
+        <source>Remove the chosen segment</source>
+        <translation>删除选中的段</translation>
+    </message>
+    <message>
+        <source>Segments, strung together</source>
+        <translation>依次相连的各段</translation>
+    </message>
+    <message>
+        <source>This part and the next ones</source>
+        <translation>当前和后续工件</translation>
+    </message>
+</context>
+<context>
+    <name>studio::VariantParts</name>
+    <message>
+        <source>Counter: %1</source>
+        <translation>计数器：%1</translation>
+    </message>
+    <message>
+        <source>Date: %1</source>
+        <translation>日期：%1</translation>
+    </message>
+    <message>
+        <source>Date: Julian day</source>
+        <translation>日期：儒略日</translation>
+    </message>
+    <message>
+        <source>Date: day of the year</source>
+        <translation>日期：一年中的第几天</translation>
+    </message>
+    <message>
+        <source>Date: week</source>
+        <translation>日期：周数</translation>
+    </message>
+    <message>
+        <source>Date: year of the week</source>
+        <translation>日期：该周所属的年份</translation>
+    </message>
+    <message>
+        <source>List: %1</source>
+        <translation>列表：%1</translation>
+    </message>
+    <message>
+        <source>Text: %1</source>
+        <translation>文字：%1</translation>
+    </message>
+</context>
+<context>
+    <name>studio::WordsPage</name>
+    <message>
+        <source>&amp;Fixed text</source>
+        <translation>固定文字(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Variant text, another for each part</source>
+        <translation>可变文字，每个工件各不相同(&amp;V)</translation>
     </message>
 </context>
 </TS>

@@ -9,6 +9,11 @@ namespace studio {
 
 namespace {
 
+// A new text has the arc from three o'clock down to six; the upper half is what people expect.
+constexpr double kNeverSetSpanDeg = 90.0;
+constexpr double kUsualStartDeg = 180.0;
+constexpr double kUsualSpanDeg = 180.0;
+
 constexpr MeasureBox::Range kAngleDeg{-3600.0, 3600.0, 5.0, 3};
 constexpr MeasureBox::Range kDiameterMm{0.0, 100000.0, 1.0, 3};
 
@@ -41,7 +46,13 @@ ArcPage::ArcPage(const TextSettings &settings, QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(group);
     layout->addStretch(1);
-    connect(group, &QGroupBox::toggled, this, &TextPage::changed);
+    connect(group, &QGroupBox::toggled, this, [this](bool isOn) {
+        if (isOn && startBox->measure() == 0.0 && spanBox->measure() == kNeverSetSpanDeg) {
+            startBox->setMeasure(kUsualStartDeg);
+            spanBox->setMeasure(kUsualSpanDeg);
+        }
+        Q_EMIT changed();
+    });
     for (MeasureBox *box : {startBox, spanBox, diameterBox})
         connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &TextPage::changed);
 }

@@ -19,6 +19,7 @@ namespace {
 constexpr double kMostNumber = 9007199254740991.0;
 constexpr int kMostCharacters = 256;
 constexpr int kMostRepeats = 1000000;
+constexpr qint64 kUsualSteps = 998; ///< from 1 to 999
 
 enum Pad { WithZeros, WithBlanks };
 
@@ -110,7 +111,7 @@ private:
             changeCourse([&] {
                 counter.last.reset();
                 if (hasLast)
-                    counter.last = qint64(lastBox->value());
+                    counter.last = counter.start + kUsualSteps * counter.step;
             });
         });
         connect(repeatBox, qOverload<int>(&QSpinBox::valueChanged), this,

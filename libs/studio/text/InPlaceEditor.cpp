@@ -10,7 +10,7 @@ namespace studio {
 
 namespace {
 
-constexpr int kGap = 10; ///< to the text; the frame's handles stand there
+constexpr int kGap = 24; ///< to the text; the frame's handles stand there
 constexpr int kSmallestFontPx = 16;
 constexpr int kLargestFontPx = 32;
 constexpr int kLeastWidth = 160;

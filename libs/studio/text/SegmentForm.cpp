@@ -9,7 +9,6 @@ namespace studio {
 namespace {
 
 constexpr int kNewCounterWidth = 4;
-constexpr int kFixedTextLines = 4;
 
 class FixedTextForm final : public SegmentForm
 {
@@ -18,7 +17,6 @@ public:
     {
         auto *form = new QFormLayout(this);
         words->setTabChangesFocus(true);
-        words->setFixedHeight(kFixedTextLines * words->fontMetrics().lineSpacing());
         addRow(*form, SegmentForm::tr("Te&xt"), words, "segmentText");
         connect(words, &QPlainTextEdit::textChanged, this, &SegmentForm::changed);
     }

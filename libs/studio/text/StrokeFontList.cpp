@@ -28,7 +28,7 @@ public:
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &) const override
     {
         const int line = option.fontMetrics.height();
-        return {14 * line, qRound(line * (1.0 + kSampleLines)) + 2 * kMargin};
+        return {8 * line, qRound(line * (1.0 + kSampleLines)) + 2 * kMargin};
     }
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
@@ -105,7 +105,7 @@ void StrokeFontList::choose(const QString &name)
 
 QSize StrokeFontList::sizeHint() const
 {
-    return {18 * fontMetrics().height(), 11 * fontMetrics().height()};
+    return {14 * fontMetrics().height(), 11 * fontMetrics().height()};
 }
 
 void StrokeFontList::currentChanged(const QModelIndex &current, const QModelIndex &previous)

@@ -25,6 +25,9 @@ public:
     TextCommand(ZTGraphicsTextItem *item, TextState before, VariantText variantText,
                 const QString &text);
 
+    /** The text that is edited, or null when it has gone. */
+    const ZTGraphicsTextItem *edited() const { return item; }
+
     void undo() override;
     void redo() override;
 

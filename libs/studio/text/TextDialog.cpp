@@ -1,5 +1,6 @@
 #include <studio/text/TextDialog.h>
 
+#include <studio/ShapeItems.h>
 #include <studio/UndoTexts.h>
 #include <studio/text/ArcPage.h>
 #include <studio/text/FontPage.h>
@@ -10,6 +11,7 @@
 #include <QtGui/QScreen>
 #include <QtGui/QShowEvent>
 #include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QScrollBar>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QUndoStack>
 #include <QtWidgets/QVBoxLayout>
@@ -19,6 +21,7 @@ namespace studio {
 namespace {
 
 constexpr int kMargin = 24;
+constexpr int kLeastFreePx = 100; ///< of the drawing beside the dialog
 
 } // namespace
 
@@ -84,6 +87,8 @@ void TextDialog::done(int result)
     if (!isFinished) {
         isFinished = true;
         previewTimer.stop();
+        if (item && item->scene() != nullptr)
+            scroll(scrolledPx);
         if (result == Accepted)
             take();
         else
@@ -117,19 +122,47 @@ void TextDialog::giveBack()
         before.restore(*item);
 }
 
-// At the right edge of the window, where it leaves the drawing in sight.
 void TextDialog::showEvent(QShowEvent *event)
 {
     QDialog::showEvent(event);
-    if (event->spontaneous() || parentWidget() == nullptr)
-        return;
-    const QRect window = parentWidget()->frameGeometry();
-    const QRect room = screen()->availableGeometry();
-    QRect place(QPoint(), frameGeometry().size());
-    place.moveTopRight(window.topRight() + QPoint(-kMargin, 4 * kMargin));
-    place.moveRight(qMin(place.right(), room.right()));
-    place.moveBottom(qMin(place.bottom(), room.bottom()));
-    move(qMax(place.left(), room.left()), qMax(place.top(), room.top()));
+    if (!event->spontaneous() && item)
+        moveAside();
+}
+
+/**
+ * At the side of the window where the dialog covers less of its text, which moves to the middle of
+ * what is left.
+ */
+void TextDialog::moveAside()
+{
+    auto &view = *static_cast<ZTGraphicsView *>(item->scene()->views().first());
+    const QRect seen = view.mapFromScene(sceneBox(*item)).boundingRect();
+    const QRect text(view.viewport()->mapToGlobal(seen.topLeft()), seen.size());
+    const QRect drawing(view.viewport()->mapToGlobal(QPoint()), view.viewport()->size());
+    const QRect window = view.window()->frameGeometry();
+    const QRect room = screen()->availableGeometry().adjusted(0, 0, -kMargin, -kMargin);
+    QRect right(QPoint(), frameGeometry().size());
+    right.moveTop(drawing.top() + kMargin);
+    right.moveRight(qMin(window.right() - kMargin, room.right()));
+    right.moveBottom(qMin(right.bottom(), room.bottom()));
+    QRect left = right;
+    left.moveLeft(qMax(window.left() + kMargin, room.left()));
+    QRect free = drawing;
+    if (left.intersected(text).width() < right.intersected(text).width()) {
+        move(left.topLeft());
+        free.setLeft(left.right());
+    } else {
+        move(right.topLeft());
+        free.setRight(right.left());
+    }
+    scrolledPx = free.width() > kLeastFreePx ? free.center().x() - text.center().x() : 0;
+    scroll(-scrolledPx);
+}
+
+void TextDialog::scroll(int byPx)
+{
+    QScrollBar &bar = *item->scene()->views().first()->horizontalScrollBar();
+    bar.setValue(bar.value() + byPx);
 }
 
 } // namespace studio

@@ -41,6 +41,8 @@ private:
     void preview();
     void take();
     void giveBack();
+    void moveAside();
+    void scroll(int byPx);
 
     QPointer<ZTGraphicsTextItem> item;
     QUndoStack &stack;
@@ -50,6 +52,7 @@ private:
     QVector<TextPage *> pages;
     HatchPage *hatch;
     QTimer previewTimer; ///< gathers changes that come together
+    int scrolledPx = 0;  ///< to the right, to bring the text out from under the dialog
     bool isFinished = false;
 };
 

@@ -21,6 +21,7 @@ TextTools::TextTools(ZTGraphicsDocument &edited, Messages &told, QWidget &over)
         if (auto *text = qobject_cast<ZTGraphicsTextItem *>(item))
             type(*text);
     });
+    connect(document.undoStack(), &QUndoStack::indexChanged, this, &TextTools::followStack);
 }
 
 TextTools::~TextTools()
@@ -123,6 +124,34 @@ void TextTools::showDialogFor(ZTGraphicsTextItem &item)
     dialog->open();
 }
 
+/** The tree keeps the words that a text had when it came in; copies come in before their words. */
+void TextTools::followStack()
+{
+    QSet<const ShapeItem *> texts;
+    for (QGraphicsItem *selected : document.scene()->selectedItems()) {
+        if (auto *text = dynamic_cast<ZTGraphicsTextItem *>(selected))
+            texts.insert(text);
+    }
+    const QUndoStack &stack = *document.undoStack();
+    for (const int step : {stack.index() - 1, stack.index()}) {
+        if (const auto *command = dynamic_cast<const TextCommand *>(stack.command(step)))
+            texts.insert(command->edited());
+    }
+    if (!texts.isEmpty())
+        showInTree(texts);
+}
+
+void TextTools::showInTree(const QSet<const ShapeItem *> &texts)
+{
+    QAbstractItemModel &rows = *document.itemMag()->itemModel();
+    for (int row = 0; row < rows.rowCount(); ++row) {
+        const QModelIndex cell = rows.index(row, 1);
+        const auto *item = cell.data(ZTItemModel::kItemRole).value<ShapeItem *>();
+        if (item != nullptr && texts.contains(item) && cell.data(Qt::EditRole) != item->text())
+            rows.setData(cell, item->text(), Qt::EditRole);
+    }
+}
+
 void TextTools::nextPart()
 {
     const NextPart part = NextPart::make(shapeItemsOf(*document.scene()));
@@ -130,6 +159,8 @@ void TextTools::nextPart()
         Q_EMIT told(tr("The drawing has no variant text"));
         return;
     }
+    const ShapeItems all = shapeItemsOf(*document.scene());
+    showInTree({all.begin(), all.end()});
     // The drawing is another one now, although nothing stands on the stack for it.
     document.undoStack()->resetClean();
     Q_EMIT told(tr("Next part: %1").arg(part.texts.join(QStringLiteral(", "))));

@@ -2,6 +2,7 @@
 
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
+#include <QtCore/QSet>
 
 class ZTAbstractGraphicsItem;
 class ZTGraphicsDocument;
@@ -55,6 +56,8 @@ private:
     void take(const QString &words, const TextState &before);
     void closeEditor();
     void showDialogFor(ZTGraphicsTextItem &item);
+    void followStack();
+    void showInTree(const QSet<const ZTAbstractGraphicsItem *> &texts);
 
     ZTGraphicsDocument &document;
     Messages &messages;

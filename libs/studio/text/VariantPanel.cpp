@@ -16,13 +16,15 @@ namespace {
 
 constexpr int kPreviewParts = 10;
 constexpr int kListLines = 6;
-constexpr int kPreviewLines = 6;
+constexpr int kListWidth = 13; ///< in lines
 
 QListWidget *newList(const char *name, int lines, QWidget *parent)
 {
     auto *list = new QListWidget(parent);
     list->setObjectName(QString::fromLatin1(name));
-    list->setFixedHeight(lines * (list->fontMetrics().height() + 6));
+    const int line = list->fontMetrics().height();
+    list->setMinimumSize(kListWidth * line, lines * (line + 2));
+    list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
     list->setUniformItemSizes(true);
     return list;
 }
@@ -33,7 +35,7 @@ VariantPanel::VariantPanel(QWidget *parent) : QWidget(parent), forms(new QStacke
 {
     auto *left = new QVBoxLayout;
     buildList(*left);
-    left->addStretch(1);
+    buildPreview(*left);
     forms->addWidget(new QWidget(forms));
     for (SegmentForm *form : newSegmentForms(forms)) {
         forms->addWidget(form);
@@ -42,10 +44,14 @@ VariantPanel::VariantPanel(QWidget *parent) : QWidget(parent), forms(new QStacke
     auto *upper = new QHBoxLayout;
     upper->addLayout(left, 2);
     upper->addWidget(forms, 3);
+    problem = new QLabel(this);
+    problem->setObjectName(QStringLiteral("variantProblem"));
+    problem->setTextFormat(Qt::PlainText);
+    problem->setWordWrap(true);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addLayout(upper);
-    buildPreview(*layout);
+    layout->addLayout(upper, 1);
+    layout->addWidget(problem);
     showSegments({});
 }
 
@@ -89,16 +95,11 @@ void VariantPanel::buildList(QVBoxLayout &layout)
 
 void VariantPanel::buildPreview(QVBoxLayout &layout)
 {
-    preview = newList("preview", kPreviewLines, this);
+    preview = newList("preview", kPreviewParts, this);
     preview->setSelectionMode(QAbstractItemView::NoSelection);
     preview->setFocusPolicy(Qt::NoFocus);
-    problem = new QLabel(this);
-    problem->setObjectName(QStringLiteral("variantProblem"));
-    problem->setTextFormat(Qt::PlainText);
-    problem->setWordWrap(true);
     layout.addWidget(new QLabel(tr("This part and the next ones"), this));
     layout.addWidget(preview);
-    layout.addWidget(problem);
 }
 
 void VariantPanel::showSegments(const Segments &segments)
@@ -186,7 +187,13 @@ void VariantPanel::showPreview()
     const ZTVariantText text = variantTextOf(parts);
     preview->clear();
     const QStringList values = parts.isEmpty() ? QStringList() : text.preview(kPreviewParts);
-    preview->addItems(values);
+    for (const QString &value : values)
+        preview->addItem(onOneLine(value));
+    if (!values.isEmpty()) {
+        QFont ofThisPart = preview->font();
+        ofThisPart.setBold(true);
+        preview->item(0)->setFont(ofThisPart);
+    }
     problem->setText(text.errorText());
     problem->setVisible(!problem->text().isEmpty());
 }

@@ -12,9 +12,6 @@ QString translated(const char *text)
     return QCoreApplication::translate("studio::VariantParts", text);
 }
 
-/** A text on one line, with marks for what does not show. */
-QString onOneLine(QString text) { return text.replace(QLatin1Char('\n'), QChar(0x21B5)); }
-
 /** Takes one update back. */
 struct StepBack
 {
@@ -73,6 +70,8 @@ struct Describer
 };
 
 } // namespace
+
+QString onOneLine(QString text) { return text.replace(QLatin1Char('\n'), QChar(0x21B5)); }
 
 Segments beforePresentPart(const Segments &segments)
 {

@@ -19,6 +19,9 @@ Segments beforePresentPart(const Segments &segments);
 /** A variant text whose next update makes the present part out of these segments. */
 ZTVariantText variantTextOf(const Segments &segments);
 
+/** A text on one line, with arrows for its line ends. */
+QString onOneLine(QString text);
+
 /** One line about a segment, for a list of them. */
 QString describe(const Segment &segment);
 
