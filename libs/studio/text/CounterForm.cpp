@@ -19,7 +19,7 @@ namespace {
 constexpr double kMostNumber = 9007199254740991.0;
 constexpr int kMostCharacters = 256;
 constexpr int kMostRepeats = 1000000;
-constexpr qint64 kUsualSteps = 998; ///< from 1 to 999
+constexpr double kUsualSteps = 998.0; ///< from 1 to 999
 
 enum Pad { WithZeros, WithBlanks };
 
@@ -42,6 +42,7 @@ public:
     void showSegment(const Segment &segment) override
     {
         counter = std::get<ZTCounterSegment>(segment);
+        wantedPresent = counter.nextValue();
         showCounter();
     }
 
@@ -95,12 +96,15 @@ private:
             const bool isReached = counter.setNextValue(qint64(value));
             problem->setText(
                 isReached ? QString() : SegmentForm::tr("The counter never comes to this number."));
-            if (isReached)
+            if (isReached) {
+                wantedPresent = counter.nextValue();
                 Q_EMIT changed();
+            }
         });
         connect(startBox, edited, this, [this](double value) {
             counter.start = qint64(value);
             counter.updates = 0;
+            wantedPresent = counter.start;
             tellChange();
         });
         connect(stepBox, edited, this,
@@ -111,7 +115,7 @@ private:
             changeCourse([&] {
                 counter.last.reset();
                 if (hasLast)
-                    counter.last = counter.start + kUsualSteps * counter.step;
+                    counter.last = usualLast();
             });
         });
         connect(repeatBox, qOverload<int>(&QSpinBox::valueChanged), this,
@@ -139,15 +143,20 @@ private:
         });
     }
 
-    /** Changes the way of counting; the present number stays if the counter still comes to it. */
+    /** Changes the way of counting; the present number stays while the counter comes to it. */
     template <class Change>
     void changeCourse(Change change)
     {
-        const qint64 present = counter.nextValue();
         change();
-        if (!counter.setNextValue(present))
+        if (!counter.setNextValue(wantedPresent))
             counter.updates = 0;
         tellChange();
+    }
+
+    qint64 usualLast() const
+    {
+        const double number = double(counter.start) + kUsualSteps * double(counter.step);
+        return qint64(qBound(-kMostNumber, number, kMostNumber));
     }
 
     void tellChange()
@@ -185,6 +194,7 @@ private:
     }
 
     ZTCounterSegment counter;
+    qint64 wantedPresent = 1; ///< outlasts steps and ends that are half typed
     MeasureBox *presentBox;
     MeasureBox *startBox;
     MeasureBox *stepBox;

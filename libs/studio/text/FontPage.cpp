@@ -68,6 +68,7 @@ QWidget *FontPage::newSystemPart(const TextSettings &settings)
     familyBox = new QFontComboBox(part);
     familyBox->setObjectName(QStringLiteral("family"));
     familyBox->setCurrentFont(settings.font);
+    shownFamily = familyBox->currentFont().family();
     boldBox = new QCheckBox(tr("&Bold"), part);
     boldBox->setObjectName(QStringLiteral("bold"));
     boldBox->setChecked(settings.font.bold());
@@ -150,7 +151,8 @@ QWidget *FontPage::newSizes(const TextSettings &settings)
 void FontPage::read(TextSettings &settings) const
 {
     settings.kind = strokeButton->isChecked() ? FontType::singleLine : FontType::doubleLine;
-    if (settings.font.family() != familyBox->currentFont().family())
+    // A family that is not installed shows as another one, and stays until one is chosen.
+    if (familyBox->currentFont().family() != shownFamily)
         settings.font.setFamily(familyBox->currentFont().family());
     settings.font.setBold(boldBox->isChecked());
     settings.font.setItalic(italicBox->isChecked());

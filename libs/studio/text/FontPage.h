@@ -34,6 +34,7 @@ private:
     QRadioButton *strokeButton;
     QStackedWidget *kinds;
     QFontComboBox *familyBox = nullptr;
+    QString shownFamily; ///< at first, for the family of the text
     QCheckBox *boldBox = nullptr;
     QCheckBox *italicBox = nullptr;
     StrokeSamples *samples = nullptr;

@@ -27,16 +27,21 @@ public:
         if (path.elementCount() >= kMostPoints || std::abs(x) > kMostWidth ||
             std::abs(y) > kMostWidth)
             return;
-        if (isFirst)
-            path.moveTo(x, -y);
-        else
-            path.lineTo(x, -y);
+        const QPointF point(x, -y);
+        if (!isFirst) {
+            // Not before there is a line: a move alone is no ink.
+            if (path.currentPosition() != last || path.isEmpty())
+                path.moveTo(last);
+            path.lineTo(point);
+        }
+        last = point;
         isFirst = false;
     }
 
     QPainterPath path;
 
 private:
+    QPointF last;
     bool isFirst = true;
 };
 

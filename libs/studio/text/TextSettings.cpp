@@ -9,6 +9,9 @@ namespace studio {
 
 namespace {
 
+// Lines stand at whole units, cut off: rounding must not turn what was meant into a unit less.
+constexpr double kHairMore = 1.0 + 1e-12;
+
 /** Letters that tell how high capitals are: the first one that a font has. */
 constexpr const char *kCapitals[] = {"H", "A", "W"};
 
@@ -169,7 +172,7 @@ void TextSettings::applyTo(ZTGraphicsTextItem &item) const
     const QTransform after = sized(before, down * widthFactor, down);
     const Scale scale(after);
     param.wordSpac = settled(coord.pix2mm(charSpacingMm / scale.across), present.wordSpac);
-    param.rowSpac = settled(coord.pix2mm(lineSpacingMm / scale.down), present.rowSpac);
+    param.rowSpac = settled(coord.pix2mm(lineSpacingMm / scale.down) * kHairMore, present.rowSpac);
     if (param != present)
         item.setFontParam(param);
     applyArc(*this, scale.down, item);

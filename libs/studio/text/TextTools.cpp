@@ -3,6 +3,7 @@
 #include <studio/Messages.h>
 #include <studio/ShapeItems.h>
 #include <studio/UndoTexts.h>
+#include <studio/commands/FramePause.h>
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/text/InPlaceEditor.h>
 #include <studio/text/TextCommand.h>
@@ -154,12 +155,15 @@ void TextTools::showInTree(const QSet<const ShapeItem *> &texts)
 
 void TextTools::nextPart()
 {
-    const NextPart part = NextPart::make(shapeItemsOf(*document.scene()));
+    const ShapeItems all = shapeItemsOf(*document.scene());
+    const NextPart part = [&] {
+        const FramePause pause(*document.scene());
+        return NextPart::make(all);
+    }();
     if (part.texts.isEmpty()) {
         Q_EMIT told(tr("The drawing has no variant text"));
         return;
     }
-    const ShapeItems all = shapeItemsOf(*document.scene());
     showInTree({all.begin(), all.end()});
     // The drawing is another one now, although nothing stands on the stack for it.
     document.undoStack()->resetClean();
