@@ -171,6 +171,32 @@ private Q_SLOTS:
         QCOMPARE(preview().first(), QStringLiteral("SN 14"));
         choose("counterRadix", 2); // 20 is U in letters
         QCOMPARE(preview().first(), QStringLiteral("SN  U"));
+        choose("counterPad", 2);
+        QCOMPARE(preview().first(), QStringLiteral("SN--U"));
+        choose("counterPad", 0);
+        QCOMPARE(preview().first(), QStringLiteral("SNAAU"));
+    }
+
+    void settingsFromElsewhere_areShownAndKept()
+    {
+        ZTCounterSegment counter;
+        counter.pad = u'#';
+        counter.width = 3;
+        ZTDateTimeSegment date;
+        date.locale = QStringLiteral("it_IT");
+        date.format = QStringLiteral("MMMM");
+        ZTVariantText text;
+        text.setSegments({counter, date});
+        text.update();
+        studio::textShapeOf(*item).cloneVariantText(&text);
+        item->setEnableVariantText(true);
+        QVERIFY(studio->openDialog(0));
+        QCOMPARE(studio->box<QComboBox>("counterPad")->currentText(), QStringLiteral("#"));
+        studio->box<QListWidget>("segments")->setCurrentRow(1);
+        QCOMPARE(studio->box<QComboBox>("dateLocale")->currentText(), QStringLiteral("it_IT"));
+        QCOMPARE(preview().first(), QStringLiteral("##1novembre"));
+        studio->enter("dateDays", "30");
+        QCOMPARE(preview().first(), QStringLiteral("##1dicembre"));
     }
 
     void date_showsTheMomentWithItsOffset()

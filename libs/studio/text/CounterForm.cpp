@@ -21,8 +21,6 @@ constexpr int kMostCharacters = 256;
 constexpr int kMostRepeats = 1000000;
 constexpr double kUsualSteps = 998.0; ///< from 1 to 999
 
-enum Pad { WithZeros, WithBlanks };
-
 /** Settings of a counter. What is not touched stays, whatever the boxes can show. */
 class CounterForm final : public SegmentForm
 {
@@ -59,8 +57,10 @@ private:
         endBox->addItem(SegmentForm::tr("shows the last number again"),
                         int(ZTVariantTextEnd::Stop));
         endBox->addItem(SegmentForm::tr("starts anew"), int(ZTVariantTextEnd::Wrap));
-        padBox->addItem(SegmentForm::tr("with zeros"), WithZeros);
-        padBox->addItem(SegmentForm::tr("with blanks"), WithBlanks);
+        padBox->addItem(SegmentForm::tr("with zeros"), QChar());
+        padBox->addItem(SegmentForm::tr("with blanks"), QChar(u' '));
+        for (const char pad : {'-', '_', '*', '.'})
+            padBox->addItem(QString(QLatin1Char(pad)), QChar(QLatin1Char(pad)));
         radixBox->addItem(SegmentForm::tr("decimal, 0 to 9"), int(ZTCounterRadix::Decimal));
         radixBox->addItem(SegmentForm::tr("hexadecimal, 0 to F"), int(ZTCounterRadix::Hexadecimal));
         radixBox->addItem(SegmentForm::tr("letters, A to Z"), int(ZTCounterRadix::Letters));
@@ -134,7 +134,7 @@ private:
             tellChange();
         });
         connect(padBox, chosen, this, [this] {
-            counter.pad = padBox->currentData() == WithBlanks ? QChar(u' ') : QChar();
+            counter.pad = padBox->currentData().toChar();
             tellChange();
         });
         connect(radixBox, chosen, this, [this] {
@@ -180,17 +180,9 @@ private:
             lastBox->setMeasure(double(*counter.last));
         endBox->setCurrentIndex(endBox->findData(int(counter.atEnd)));
         widthBox->setValue(counter.width);
-        showPad();
+        chooseData(*padBox, QString(counter.pad), counter.pad);
         radixBox->setCurrentIndex(radixBox->findData(int(counter.radix)));
         repeatBox->setValue(int(qMin(counter.repeat, quint32(kMostRepeats))));
-    }
-
-    void showPad()
-    {
-        // Another character than the two has no entry, and stays until one is chosen.
-        const bool isZero = counter.pad.isNull();
-        const bool isBlank = counter.pad == QChar(u' ');
-        padBox->setCurrentIndex(isZero ? 0 : isBlank ? 1 : -1);
     }
 
     ZTCounterSegment counter;

@@ -37,9 +37,7 @@ public:
                                            QSignalBlocker(hoursBox), QSignalBlocker(minutesBox)};
         contentBox->setCurrentIndex(contentBox->findData(int(moment.content)));
         formatBox->setEditText(moment.format);
-        if (localeBox->findData(moment.locale) < 0)
-            localeBox->addItem(moment.locale, moment.locale);
-        localeBox->setCurrentIndex(localeBox->findData(moment.locale));
+        chooseData(*localeBox, moment.locale, moment.locale);
         daysBox->setValue(moment.offsetDays);
         hoursBox->setValue(moment.offsetHours);
         minutesBox->setValue(moment.offsetMinutes);

@@ -38,8 +38,8 @@ public:
                                            QSignalBlocker(firstBox), QSignalBlocker(presentBox)};
         pathEdit->setText(rows.path);
         columnBox->setValue(rows.column + 1);
-        showOther(*separatorBox, QString(rows.separator), rows.separator);
-        showOther(*encodingBox, rows.encoding, rows.encoding);
+        chooseData(*separatorBox, QString(rows.separator), rows.separator);
+        chooseData(*encodingBox, rows.encoding, rows.encoding);
         firstBox->setValue(rowNumber(rows.firstRow));
         presentBox->setValue(rowNumber(qMax(rows.nextRow, rows.firstRow)));
         endBox->setCurrentIndex(endBox->findData(int(rows.atEnd)));
@@ -51,14 +51,6 @@ public:
 private:
     static int rowNumber(quint64 row) { return int(qMin<quint64>(row + 1, kMostRows)); }
 
-    /** Chooses an entry, which is added if it is none of the usual ones. */
-    static void showOther(QComboBox &box, const QString &text, const QVariant &data)
-    {
-        if (box.findData(data) < 0)
-            box.addItem(text, data);
-        box.setCurrentIndex(box.findData(data));
-    }
-
     void fillChoices()
     {
         columnBox->setRange(0, kMostColumns);
@@ -66,6 +58,7 @@ private:
         separatorBox->addItem(SegmentForm::tr("comma"), QChar(u','));
         separatorBox->addItem(SegmentForm::tr("semicolon"), QChar(u';'));
         separatorBox->addItem(SegmentForm::tr("tabulator"), QChar(u'\t'));
+        separatorBox->addItem(QStringLiteral("|"), QChar(u'|'));
         encodingBox->addItem(QStringLiteral("UTF-8"), QString());
         for (const char *name : {"GBK", "GB18030", "ISO-8859-1", "UTF-16"})
             encodingBox->addItem(QString::fromLatin1(name), QString::fromLatin1(name));

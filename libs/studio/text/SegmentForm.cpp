@@ -1,5 +1,6 @@
 #include <studio/text/SegmentForm.h>
 
+#include <QtWidgets/QComboBox>
 #include <QtWidgets/QFormLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPlainTextEdit>
@@ -41,6 +42,13 @@ void SegmentForm::addRow(QFormLayout &form, const QString &text, QWidget *box, c
     auto *label = new QLabel(text, form.parentWidget());
     label->setBuddy(box);
     form.addRow(label, box);
+}
+
+void SegmentForm::chooseData(QComboBox &box, const QString &text, const QVariant &data)
+{
+    if (box.findData(data) < 0)
+        box.addItem(text, data);
+    box.setCurrentIndex(box.findData(data));
 }
 
 SegmentForm *newFixedTextForm(QWidget *parent) { return new FixedTextForm(parent); }

@@ -5,6 +5,7 @@
 #include <QtWidgets/QWidget>
 
 QT_BEGIN_NAMESPACE
+class QComboBox;
 class QFormLayout;
 QT_END_NAMESPACE
 
@@ -30,6 +31,9 @@ Q_SIGNALS:
 protected:
     /** Adds a box under a label; the box gets the name for those who look for it. */
     static void addRow(QFormLayout &form, const QString &label, QWidget *box, const char *name);
+
+    /** Chooses the entry with that data, which is added if it is none of the usual ones. */
+    static void chooseData(QComboBox &box, const QString &text, const QVariant &data);
 };
 
 SegmentForm *newFixedTextForm(QWidget *parent);
