@@ -4,6 +4,8 @@
 
 #include <QtWidgets/QFontComboBox>
 #include <QtWidgets/QListView>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QToolButton>
 
 using studio::TextState;
 using testsupport::bytes;
@@ -237,6 +239,45 @@ private Q_SLOTS:
         QVERIFY(qAbs(after.m22() - 2.0 * before.m22()) < 1e-9);
     }
 
+    void mnemonics_areUniqueOnEachPage_data()
+    {
+        QTest::addColumn<int>("tab");
+        QTest::addColumn<bool>("isStroke");
+        QTest::addColumn<int>("segment");
+        QTest::newRow("words") << int(Words) << false << -1;
+        QTest::newRow("system font") << int(Font) << false << -1;
+        QTest::newRow("stroke font") << int(Font) << true << -1;
+        QTest::newRow("arc") << int(Arc) << false << -1;
+        QTest::newRow("hatch") << int(Hatch) << false << -1;
+        QTest::newRow("fixed segment") << int(Words) << false << 0;
+        QTest::newRow("counter") << int(Words) << false << 1;
+        QTest::newRow("date") << int(Words) << false << 2;
+        QTest::newRow("list") << int(Words) << false << 3;
+    }
+
+    void mnemonics_areUniqueOnEachPage()
+    {
+        QFETCH(int, tab);
+        QFETCH(bool, isStroke);
+        QFETCH(int, segment);
+        QVERIFY(studio->openDialog(tab));
+        if (isStroke)
+            studio->check("strokeFont");
+        if (segment >= 0) {
+            studio->check("variantText");
+            auto *add = studio->box<QToolButton>("addSegment");
+            add->menu()->actions().at(segment)->trigger();
+        }
+        QCoreApplication::processEvents();
+        QSet<QString> taken;
+        for (const QString &text : visibleTexts()) {
+            const QString key = QKeySequence::mnemonic(text).toString();
+            QVERIFY2(key.isEmpty() || !taken.contains(key), qPrintable(text));
+            taken << key;
+        }
+        QVERIFY(taken.size() > 1);
+    }
+
     void missingStrokeFonts_areTold()
     {
         testsupport::emptyFontFolder();
@@ -260,6 +301,23 @@ private Q_SLOTS:
     }
 
 private:
+    QStringList visibleTexts()
+    {
+        QStringList texts;
+        for (auto *label : studio->dialog()->findChildren<QLabel *>()) {
+            if (label->isVisible())
+                texts << label->text();
+        }
+        for (auto *button : studio->dialog()->findChildren<QAbstractButton *>()) {
+            if (button->isVisible())
+                texts << button->text();
+        }
+        const auto *tabs = studio->box<QTabWidget>("tabs");
+        for (int tab = 0; tab < tabs->count(); ++tab)
+            texts << tabs->tabText(tab);
+        return texts;
+    }
+
     std::unique_ptr<TextWindow> studio;
     ZTGraphicsTextItem *item = nullptr;
 };

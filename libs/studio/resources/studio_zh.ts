@@ -863,8 +863,8 @@
         <translation>行间距(&amp;P)</translation>
     </message>
     <message>
-        <source>Space between c&amp;haracters</source>
-        <translation>字符间距(&amp;H)</translation>
+        <source>Space between charac&amp;ters</source>
+        <translation>字符间距(&amp;T)</translation>
     </message>
     <message>
         <source>Stroke &amp;fonts, single lines</source>
@@ -960,16 +960,16 @@
         <translation>编码(&amp;E)</translation>
     </message>
     <message>
-        <source>&amp;File</source>
-        <translation>文件(&amp;F)</translation>
+        <source>F&amp;ile</source>
+        <translation>文件(&amp;I)</translation>
     </message>
     <message>
-        <source>&amp;First number</source>
-        <translation>起始值(&amp;F)</translation>
+        <source>First &amp;number</source>
+        <translation>起始值(&amp;N)</translation>
     </message>
     <message>
-        <source>&amp;Format</source>
-        <translation>格式(&amp;F)</translation>
+        <source>For&amp;mat</source>
+        <translation>格式(&amp;M)</translation>
     </message>
     <message>
         <source>&amp;Hours later</source>
@@ -980,8 +980,8 @@
         <translation>终止值(&amp;L)</translation>
     </message>
     <message>
-        <source>&amp;Minutes later</source>
-        <translation>推后分钟(&amp;M)</translation>
+        <source>Min&amp;utes later</source>
+        <translation>推后分钟(&amp;U)</translation>
     </message>
     <message>
         <source>&amp;Names in</source>
@@ -1016,8 +1016,8 @@
         <translation>补齐方式(&amp;U)</translation>
     </message>
     <message>
-        <source>First &amp;row</source>
-        <translation>首行(&amp;R)</translation>
+        <source>First ro&amp;w</source>
+        <translation>首行(&amp;W)</translation>
     </message>
     <message>
         <source>How many parts get the same number</source>
@@ -1234,6 +1234,10 @@
     <message>
         <source>This part and the next ones</source>
         <translation>当前和后续工件</translation>
+    </message>
+    <message>
+        <source>Choose a list file.</source>
+        <translation>请选择列表文件。</translation>
     </message>
 </context>
 <context>

@@ -76,7 +76,7 @@ private:
     {
         auto *form = new QFormLayout(this);
         addRow(*form, SegmentForm::tr("This &part"), presentBox, "counterPresent");
-        addRow(*form, SegmentForm::tr("&First number"), startBox, "counterStart");
+        addRow(*form, SegmentForm::tr("First &number"), startBox, "counterStart");
         addRow(*form, SegmentForm::tr("&Step"), stepBox, "counterStep");
         lastCheck->setObjectName(QStringLiteral("counterHasLast"));
         lastBox->setObjectName(QStringLiteral("counterLast"));

@@ -80,11 +80,11 @@ private:
     {
         auto *form = new QFormLayout(this);
         addRow(*form, SegmentForm::tr("&Shows"), contentBox, "dateContent");
-        addRow(*form, SegmentForm::tr("&Format"), formatBox, "dateFormat");
+        addRow(*form, SegmentForm::tr("For&mat"), formatBox, "dateFormat");
         addRow(*form, SegmentForm::tr("&Names in"), localeBox, "dateLocale");
         addRow(*form, SegmentForm::tr("&Days later"), daysBox, "dateDays");
         addRow(*form, SegmentForm::tr("&Hours later"), hoursBox, "dateHours");
-        addRow(*form, SegmentForm::tr("&Minutes later"), minutesBox, "dateMinutes");
+        addRow(*form, SegmentForm::tr("Min&utes later"), minutesBox, "dateMinutes");
     }
 
     void connectAll()

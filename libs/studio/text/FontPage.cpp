@@ -139,7 +139,7 @@ QWidget *FontPage::newSizes(const TextSettings &settings)
     widthBox = add(tr("&Width"), kWidthPercent, tr(" %"), "width");
     widthBox->setToolTip(tr("Width of the letters; at 100 % they are as the font has them"));
     widthBox->setMeasure(settings.widthFactor * 100.0);
-    charSpacingBox = add(tr("Space between c&haracters"), kSpacingMm, tr(" mm"), "charSpacing");
+    charSpacingBox = add(tr("Space between charac&ters"), kSpacingMm, tr(" mm"), "charSpacing");
     charSpacingBox->setToolTip(tr("Added to what the font has; on an arc the span decides"));
     charSpacingBox->setMeasure(settings.charSpacingMm);
     lineSpacingBox = add(tr("S&pace between lines"), kSpacingMm, tr(" mm"), "lineSpacing");

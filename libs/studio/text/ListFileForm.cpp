@@ -84,12 +84,12 @@ private:
         pathLayout->addWidget(browse);
         pathRow->setFocusProxy(pathEdit);
         auto *form = new QFormLayout(this);
-        addRow(*form, SegmentForm::tr("&File"), pathRow, "listFile");
+        addRow(*form, SegmentForm::tr("F&ile"), pathRow, "listFile");
         pathEdit->setObjectName(QStringLiteral("listPath"));
         addRow(*form, SegmentForm::tr("&Column"), columnBox, "listColumn");
         addRow(*form, SegmentForm::tr("&Separated by"), separatorBox, "listSeparator");
         addRow(*form, SegmentForm::tr("&Encoding"), encodingBox, "listEncoding");
-        addRow(*form, SegmentForm::tr("First &row"), firstBox, "listFirst");
+        addRow(*form, SegmentForm::tr("First ro&w"), firstBox, "listFirst");
         addRow(*form, SegmentForm::tr("This &part"), presentBox, "listPresent");
         addRow(*form, SegmentForm::tr("&Behind it"), endBox, "listEnd");
     }

@@ -10,6 +10,8 @@
 #include <QtWidgets/QStyle>
 #include <QtWidgets/QToolButton>
 
+#include <algorithm>
+
 namespace studio {
 
 namespace {
@@ -109,6 +111,16 @@ void VariantPanel::showSegments(const Segments &segments)
     showPreview();
 }
 
+void VariantPanel::showProblem(const QString &errorText)
+{
+    const bool lacksFile = std::any_of(parts.begin(), parts.end(), [](const Segment &segment) {
+        const auto *rows = std::get_if<ZTTextFileSegment>(&segment);
+        return rows != nullptr && rows->path.isEmpty();
+    });
+    problem->setText(lacksFile ? tr("Choose a list file.") : errorText);
+    problem->setVisible(!problem->text().isEmpty());
+}
+
 int VariantPanel::chosen() const { return list->currentRow(); }
 
 void VariantPanel::add(int kind)
@@ -194,8 +206,7 @@ void VariantPanel::showPreview()
         ofThisPart.setBold(true);
         preview->item(0)->setFont(ofThisPart);
     }
-    problem->setText(text.errorText());
-    problem->setVisible(!problem->text().isEmpty());
+    showProblem(text.errorText());
 }
 
 } // namespace studio

@@ -45,6 +45,7 @@ private:
     void fillList(int chosen);
     void showChosen();
     void showPreview();
+    void showProblem(const QString &errorText);
     int chosen() const;
 
     Segments parts;
