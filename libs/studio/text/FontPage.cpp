@@ -5,6 +5,8 @@
 #include <studio/text/StrokeFonts.h>
 #include <studio/text/StrokeSamples.h>
 
+#include <hostkit/StrokeFont.h>
+
 #include <QtCore/QDir>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QFontComboBox>
@@ -112,7 +114,7 @@ QWidget *FontPage::newStrokePart(const TextSettings &settings)
     if (regular.isEmpty() || big.isEmpty()) {
         auto *hint = new QLabel(tr("Stroke fonts come in pairs: one for letters and one for "
                                    "Chinese, as SHX files in %1.")
-                                    .arg(QDir::toNativeSeparators(strokeFontFolder())),
+                                    .arg(QDir::toNativeSeparators(hostkit::strokeFontFolder())),
                                 part);
         hint->setObjectName(QStringLiteral("strokeHint"));
         hint->setWordWrap(true);

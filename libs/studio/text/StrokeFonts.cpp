@@ -2,6 +2,8 @@
 
 #include <studio/text/TextSettings.h>
 
+#include <hostkit/StrokeFont.h>
+
 #include <QtCore/QCoreApplication>
 
 namespace studio {
@@ -13,10 +15,6 @@ const QString kPreferredBig = QStringLiteral("gb-strokes.shx");
 
 constexpr double kNewHeightMm = 10.0;
 constexpr double kNewLineSpacingMm = 4.0;
-
-// The height of a font file is shared by all texts that use it, so all texts of the studio leave
-// it at this one, and their transforms bring them to size.
-constexpr double kSharedHeight = 100.0;
 
 /** The manager lists a name again with every scan that an empty list of the other kind causes. */
 QStringList sortedOnce(const std::vector<std::string> &names)
@@ -40,19 +38,14 @@ QStringList regularStrokeFonts() { return sortedOnce(ZTShxFontManager::regFonts(
 
 QStringList bigStrokeFonts() { return sortedOnce(ZTShxFontManager::bigFonts()); }
 
-QString strokeFontFolder()
-{
-    return QCoreApplication::applicationDirPath() + QStringLiteral("/font");
-}
-
 ZTShxFontParam strokeFontPair(const QString &regularName, const QString &bigName)
 {
     ZTShxFontParam param;
     param.enName = regularName;
     param.zhName = bigName;
-    param.height = kSharedHeight;
+    param.height = hostkit::kStrokeFontUnits;
     param.parser.init(regularName.toLocal8Bit().constData(), bigName.toLocal8Bit().constData());
-    param.parser.setTextHeight(kSharedHeight);
+    param.parser.setTextHeight(hostkit::kStrokeFontUnits);
     return param;
 }
 

@@ -10,10 +10,12 @@ namespace studio {
 QStringList regularStrokeFonts();
 QStringList bigStrokeFonts();
 
-/** The folder that they come from. */
-QString strokeFontFolder();
-
-/** A pair of stroke fonts, ready to draw; without fonts if a name is unknown. */
+/**
+ * A pair of stroke fonts, ready to draw; without fonts if a name is unknown.
+ *
+ * The height of a font file is shared by all texts that use it, so all texts of the studio leave it
+ * at `hostkit::kStrokeFontUnits`, and their transforms bring them to size.
+ */
 ZTShxFontParam strokeFontPair(const QString &regularName, const QString &bigName);
 
 /**

@@ -1,6 +1,6 @@
 #include <studio/text/StrokeSamples.h>
 
-#include <studio/text/StrokeFonts.h>
+#include <hostkit/StrokeFont.h>
 
 #include <QtCore/QTextCodec>
 
@@ -80,7 +80,7 @@ void StrokeSamples::makeNext()
         return;
     }
     const QString fontName = wanted.takeLast();
-    made.insert(fontName, draw(strokeFontFolder() + QLatin1Char('/') + fontName));
+    made.insert(fontName, draw(hostkit::strokeFontFolder() + QLatin1Char('/') + fontName));
     Q_EMIT ready(fontName);
 }
 

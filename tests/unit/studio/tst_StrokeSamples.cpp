@@ -3,8 +3,9 @@
 #include "support/TinyFonts.h"
 
 #include <studio/text/StrokeFontList.h>
-#include <studio/text/StrokeFonts.h>
 #include <studio/text/StrokeSamples.h>
+
+#include <hostkit/StrokeFont.h>
 
 #include <QtCore/QFile>
 #include <QtTest/QSignalSpy>
@@ -130,7 +131,7 @@ private Q_SLOTS:
 private:
     static QString pathOf(const QByteArray &name)
     {
-        return studio::strokeFontFolder() + QLatin1Char('/') + QString::fromLatin1(name);
+        return hostkit::strokeFontFolder() + QLatin1Char('/') + QString::fromLatin1(name);
     }
 
     const QString tiny = QStringLiteral("tiny.shx");

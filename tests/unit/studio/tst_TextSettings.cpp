@@ -8,6 +8,8 @@
 #include <studio/text/TextSettings.h>
 #include <studio/text/TextState.h>
 
+#include <hostkit/StrokeFont.h>
+
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 
@@ -43,7 +45,7 @@ private Q_SLOTS:
 
     void newText_prefersThePlainFontsOfTheProgram()
     {
-        const QString folder = studio::strokeFontFolder();
+        const QString folder = hostkit::strokeFontFolder();
         QVERIFY(QFile::copy(folder + QStringLiteral("/tiny.shx"),
                             folder + QStringLiteral("/hershey-simplex.shx")));
         QVERIFY(QFile::copy(folder + QStringLiteral("/tinybig.shx"),
@@ -147,7 +149,7 @@ private Q_SLOTS:
 
     void fontLists_nameEachFontOnce_sorted()
     {
-        const QString folder = studio::strokeFontFolder();
+        const QString folder = hostkit::strokeFontFolder();
         QVERIFY(QFile::remove(folder + QStringLiteral("/tinybig.shx")));
         QVERIFY(QFile::copy(folder + QStringLiteral("/tiny.shx"),
                             folder + QStringLiteral("/Alpha.shx")));
