@@ -80,6 +80,7 @@ void TextDialog::preview()
     const TextSettings settings = wanted();
     settings.applyTo(*item);
     hatch->setKind(settings.kind);
+    bringIntoSight();
 }
 
 void TextDialog::done(int result)
@@ -88,7 +89,7 @@ void TextDialog::done(int result)
         isFinished = true;
         previewTimer.stop();
         if (item && item->scene() != nullptr)
-            scroll(scrolledPx);
+            scroll(-scrolledPx);
         if (result == Accepted)
             take();
         else
@@ -129,17 +130,12 @@ void TextDialog::showEvent(QShowEvent *event)
         moveAside();
 }
 
-/**
- * At the side of the window where the dialog covers less of its text, which moves to the middle of
- * what is left.
- */
+/** At the side of the window where the dialog leaves more of the drawing free. */
 void TextDialog::moveAside()
 {
-    auto &view = *static_cast<ZTGraphicsView *>(item->scene()->views().first());
-    const QRect seen = view.mapFromScene(sceneBox(*item)).boundingRect();
-    const QRect text(view.viewport()->mapToGlobal(seen.topLeft()), seen.size());
-    const QRect drawing(view.viewport()->mapToGlobal(QPoint()), view.viewport()->size());
-    const QRect window = view.window()->frameGeometry();
+    const QWidget &canvas = *item->scene()->views().first()->viewport();
+    const QRect drawing(canvas.mapToGlobal(QPoint()), canvas.size());
+    const QRect window = canvas.window()->frameGeometry();
     const QRect room = screen()->availableGeometry().adjusted(0, 0, -kMargin, -kMargin);
     QRect right(QPoint(), frameGeometry().size());
     right.moveTop(drawing.top() + kMargin);
@@ -147,16 +143,34 @@ void TextDialog::moveAside()
     right.moveBottom(qMin(right.bottom(), room.bottom()));
     QRect left = right;
     left.moveLeft(qMax(window.left() + kMargin, room.left()));
-    QRect free = drawing;
-    if (left.intersected(text).width() < right.intersected(text).width()) {
-        move(left.topLeft());
-        free.setLeft(left.right());
-    } else {
-        move(right.topLeft());
-        free.setRight(right.left());
-    }
-    scrolledPx = free.width() > kLeastFreePx ? free.center().x() - text.center().x() : 0;
-    scroll(-scrolledPx);
+    QRect besideRight = drawing;
+    besideRight.setRight(right.left());
+    QRect besideLeft = drawing;
+    besideLeft.setLeft(left.right());
+    const bool isRight = besideRight.width() >= besideLeft.width();
+    freePlace = isRight ? besideRight : besideLeft;
+    move((isRight ? right : left).topLeft());
+    bringIntoSight();
+}
+
+/** Frame: pixels of the screen. */
+QRect TextDialog::textPlace() const
+{
+    const QGraphicsView &view = *item->scene()->views().first();
+    const QRect seen = view.mapFromScene(sceneBox(*item)).boundingRect();
+    return {view.viewport()->mapToGlobal(seen.topLeft()), seen.size()};
+}
+
+/** Scrolls a text that is not all in what the dialog left free to the middle of it. */
+void TextDialog::bringIntoSight()
+{
+    const QRect text = textPlace();
+    if (freePlace.width() < kLeastFreePx ||
+        (text.left() >= freePlace.left() && text.right() <= freePlace.right()))
+        return;
+    const int byPx = text.center().x() - freePlace.center().x();
+    scrolledPx += byPx;
+    scroll(byPx);
 }
 
 void TextDialog::scroll(int byPx)

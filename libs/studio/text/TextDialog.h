@@ -42,6 +42,8 @@ private:
     void take();
     void giveBack();
     void moveAside();
+    QRect textPlace() const;
+    void bringIntoSight();
     void scroll(int byPx);
 
     QPointer<ZTGraphicsTextItem> item;
@@ -52,7 +54,8 @@ private:
     QVector<TextPage *> pages;
     HatchPage *hatch;
     QTimer previewTimer; ///< gathers changes that come together
-    int scrolledPx = 0;  ///< to the right, to bring the text out from under the dialog
+    QRect freePlace;     ///< the drawing beside the dialog; pixels of the screen
+    int scrolledPx = 0;  ///< by which the drawing was moved to show its text there
     bool isFinished = false;
 };
 
