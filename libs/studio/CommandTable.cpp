@@ -5,6 +5,7 @@
 #include <studio/MainWindow.h>
 #include <studio/ViewNavigation.h>
 #include <studio/drawing/DrawingFiles.h>
+#include <studio/text/TextTools.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtWidgets/QAction>
@@ -117,8 +118,20 @@ const QVector<Command> kTable = {
      Needs::Nothing, kView, &create<ShapeType::Polygon>},
     {"create.line", TEXT("&Line"), "line", "L", TEXT("Create a line"),
      Needs::Nothing, kView, &create<ShapeType::Line>},
-    {"create.tdot", TEXT("&TDOT figure"), "tdot", "T", TEXT("Create a TDOT figure"),
+    {"create.tdot", TEXT("&TDOT figure"), "tdot", "D", TEXT("Create a TDOT figure"),
      Needs::Nothing, kView, &create<ShapeType::TDOT>},
+    {"create.text", TEXT("Te&xt"), "text", "T", TEXT("Create a text and type into it"),
+     Needs::Nothing, kView, &create<ShapeType::Text>},
+
+    {"text.type", TEXT("&Type on the drawing"), "", "F2",
+     TEXT("Type into the selected text on the drawing"), Needs::OneText, kView,
+     [](MainWindow &w) { w.text().typeIntoSelected(); }},
+    {"text.settings", TEXT("Text and &font..."), "text-settings", "Ctrl+T",
+     TEXT("Words, font, size, arc and hatch of the selected text"), Needs::OneText, kWindow,
+     [](MainWindow &w) { w.text().showDialog(); }},
+    {"text.nextPart", TEXT("&Next part"), "next-part", "Ctrl+Shift+N",
+     TEXT("Move all variant texts on to the next part"), Needs::Shapes, kWindow,
+     [](MainWindow &w) { w.text().nextPart(); }},
 
     {"arrange.left", TEXT("Align &left"), "align-left", "", "", Needs::TwoSelected, kWindow,
      &align<Qt::AlignLeft>},
@@ -201,6 +214,8 @@ bool isMet(Needs needs, const EditorState &state)
         return state.selected == 1;
     case Needs::TwoSelected:
         return state.selected > 1;
+    case Needs::OneText:
+        return state.isOneText;
     case Needs::Undo:
         return state.canUndo;
     case Needs::Redo:
@@ -261,8 +276,9 @@ Commands::Commands(MainWindow &window, QWidget &view) : QObject(&window)
             window.addAction(action);
         }
         connect(action, &QAction::triggered, &window, [&window, run = command.run] {
-            // A drag under way is an edit of its own and comes first.
+            // A drag under way, or typing, is an edit of its own and comes first.
             window.edit().finishDrag();
+            window.text().finishTyping();
             run(window);
         });
         actions.insert(command.id, action);

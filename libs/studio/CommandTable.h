@@ -14,7 +14,17 @@ namespace studio {
 class MainWindow;
 
 /** What a command needs to make sense; otherwise it is greyed. */
-enum class Needs { Nothing, Shapes, Selection, OneSelected, TwoSelected, Undo, Redo, Revertible };
+enum class Needs {
+    Nothing,
+    Shapes,
+    Selection,
+    OneSelected,
+    TwoSelected,
+    OneText,
+    Undo,
+    Redo,
+    Revertible
+};
 
 /** Where a command's shortcuts work. */
 enum class ShortcutScope {
@@ -43,6 +53,7 @@ struct EditorState
 {
     int shapes = 0;
     int selected = 0;
+    bool isOneText = false; ///< the selection is one text
     bool canUndo = false;
     bool canRedo = false;
     bool canRevert = false; ///< the drawing has a file, and the file is behind

@@ -4,6 +4,7 @@
 #include <studio/UndoTexts.h>
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/commands/ItemValueCommand.h>
+#include <studio/text/StrokeFonts.h>
 
 #include <QtWidgets/QUndoStack>
 
@@ -44,6 +45,8 @@ QString DocumentActions::creationText(ShapeType type)
         return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create polygon"));
     case ShapeType::Line:
         return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create line"));
+    case ShapeType::Text:
+        return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create text"));
     case ShapeType::TDOT:
         return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create TDOT figure"));
     default:
@@ -77,6 +80,8 @@ void DocumentActions::recordCreated(ShapeItem *item)
 {
     if (item == nullptr)
         return;
+    if (auto *text = qobject_cast<ZTGraphicsTextItem *>(item))
+        setUpNewText(*text);
     push(new AddItemsCommand(document.itemMag(), {item}, selected(),
                              creationText(item->getShapeType())));
     Q_EMIT added(sceneBox(*item));

@@ -20,6 +20,7 @@
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/drawing/DrawingMessages.h>
 #include <studio/drawing/RecentMenu.h>
+#include <studio/text/TextTools.h>
 
 #include <hostkit/SampleDrawing.h>
 
@@ -90,6 +91,7 @@ MainWindow::~MainWindow()
     delete crashGuard;
     delete drawingFiles;
     delete matrixDialog;
+    delete textTools;
     delete fileExporter;
     delete status;
     delete commandSet;
@@ -115,6 +117,7 @@ void MainWindow::buildDocument()
     viewNavigation = new ViewNavigation(*drawing->view(), this);
     importer = std::make_unique<Importer>(*drawing, *messages);
     drawingFiles = new DrawingFiles(*drawing, *messages, *this);
+    textTools = new TextTools(*drawing, *messages, *this);
     fileExporter = new Exporter(*drawing, *messages, *this);
     auto *drops = new DropImporter(*drawing->view(), this);
     connect(drops, &DropImporter::filesDropped, this, &MainWindow::takeDropped);
@@ -122,6 +125,8 @@ void MainWindow::buildDocument()
     setStatusBar(status);
     connect(viewNavigation, &ViewNavigation::zoomChanged, status, &StatusBar::showZoom);
     connect(actions, &DocumentActions::added, viewNavigation, &ViewNavigation::reveal);
+    connect(textTools, &TextTools::told, status,
+            [this](const QString &text) { status->showMessage(text, kStatusMs); });
     connect(fileExporter, &Exporter::exported, this, [this](const QString &path, int objects) {
         status->showMessage(tr("Mark paths of %1 shapes written to %2")
                                 .arg(objects)
@@ -211,6 +216,8 @@ void MainWindow::connectFiles()
     connect(session, &DrawingSession::stateChanged, this, &MainWindow::refreshTitle);
     connect(session, &DrawingSession::stateChanged, this, &MainWindow::refreshCommands);
     connect(orderMenu, &OrderMenu::changed, session, &DrawingSession::markChanged);
+    connect(textTools, &TextTools::partChanged, session, &DrawingSession::markChanged);
+    connect(drawingFiles, &DrawingFiles::settling, textTools, &TextTools::finishTyping);
     connect(drawingFiles, &DrawingFiles::emptied, this, [this] {
         labelTree();
         orderMenu->restore();
@@ -276,6 +283,7 @@ void MainWindow::refreshCommands()
     EditorState state;
     state.shapes = drawing->itemMag()->itemModel()->rowCount();
     state.selected = drawing->scene()->selectedItems().size();
+    state.isOneText = textTools->selectedText() != nullptr;
     state.canUndo = drawing->undoStack()->canUndo();
     state.canRedo = drawing->undoStack()->canRedo();
     state.canRevert = !files().session().path().isEmpty() && files().session().isModified();
@@ -302,6 +310,7 @@ void MainWindow::readSettings()
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
+    textTools->finishTyping();
     if (files().isBusy() || (files().session().isModified() && !isLetGo)) {
         event->ignore();
         files().confirmLoss([this] {

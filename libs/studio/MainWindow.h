@@ -28,6 +28,7 @@ class MatrixDialog;
 class OrderMenu;
 class PropertyDock;
 class StatusBar;
+class TextTools;
 class ViewNavigation;
 struct CrashGuardSetup;
 
@@ -49,6 +50,7 @@ public:
     ZTGraphicsDocument &document() const { return *drawing; }
     DocumentActions &edit() const { return *actions; }
     ViewNavigation &navigation() const { return *viewNavigation; }
+    TextTools &text() const { return *textTools; }
     Exporter &exporter() const { return *fileExporter; }
     Commands &commands() const { return *commandSet; }
     DrawingFiles &files() const { return *drawingFiles; }
@@ -101,6 +103,7 @@ private:
     PropertyDock *properties = nullptr;
     DocumentActions *actions = nullptr;
     ViewNavigation *viewNavigation = nullptr;
+    TextTools *textTools = nullptr;
     Exporter *fileExporter = nullptr;
     Commands *commandSet = nullptr;
     StatusBar *status = nullptr;

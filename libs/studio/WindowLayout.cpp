@@ -28,6 +28,7 @@ constexpr Title kMenuTitles[] = {
     {"fileMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&File")},
     {"editMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Edit")},
     {"createMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Create")},
+    {"textMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Text")},
     {"arrangeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Arrange")},
     {"nudgeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Nudge")},
     {"viewMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&View")},
@@ -40,6 +41,7 @@ constexpr Title kToolBarTitles[] = {
     {"alignToolBar", QT_TRANSLATE_NOOP("studio::WindowLayout", "Align")},
     {"transformToolBar", QT_TRANSLATE_NOOP("studio::WindowLayout", "Transform")},
     {"viewToolBar", QT_TRANSLATE_NOOP("studio::WindowLayout", "View")},
+    {"textToolBar", QT_TRANSLATE_NOOP("studio::WindowLayout", "Text")},
     {"createToolBar", QT_TRANSLATE_NOOP("studio::WindowLayout", "Create")},
 };
 
@@ -94,7 +96,10 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
             {"edit.undo", "edit.redo", "-", "edit.duplicate", "edit.delete", "-", "edit.selectAll",
              "edit.invert", "edit.deselect"});
     addMenu(window, "createMenu", commands,
-            {"create.rectangle", "create.ellipse", "create.polygon", "create.line", "create.tdot"});
+            {"create.rectangle", "create.ellipse", "create.polygon", "create.line", "create.tdot",
+             "create.text"});
+    addMenu(window, "textMenu", commands,
+            {"create.text", "-", "text.type", "text.settings", "-", "text.nextPart"});
     QMenu &arrange =
         addMenu(window, "arrangeMenu", commands,
                 {"arrange.left", "arrange.hcenter", "arrange.right", "arrange.top",
@@ -128,9 +133,11 @@ void addToolBars(QMainWindow &window, const Commands &commands)
                 "arrange.rotateRight", "arrange.rotate", "arrange.matrix"});
     addToolBar(window, "viewToolBar", Qt::TopToolBarArea, commands,
                {"view.zoomOut", "view.zoomIn", "view.home", "view.fitSelection"});
-    addToolBar(
-        window, "createToolBar", Qt::LeftToolBarArea, commands,
-        {"create.rectangle", "create.ellipse", "create.polygon", "create.line", "create.tdot"});
+    addToolBar(window, "textToolBar", Qt::TopToolBarArea, commands,
+               {"text.settings", "text.nextPart"});
+    addToolBar(window, "createToolBar", Qt::LeftToolBarArea, commands,
+               {"create.rectangle", "create.ellipse", "create.polygon", "create.line",
+                "create.tdot", "create.text"});
 }
 
 void retranslateTitles(QMainWindow &window)

@@ -55,7 +55,7 @@ private Q_SLOTS:
         QTest::newRow("line") << QByteArray("create.line") << QStringLiteral("Line")
                               << int(Qt::Key_L);
         QTest::newRow("tdot") << QByteArray("create.tdot") << QStringLiteral("TDOT")
-                              << int(Qt::Key_T);
+                              << int(Qt::Key_D);
     }
 
     void create_eachKind_addsOneUndoableShapeAndSelectsIt()

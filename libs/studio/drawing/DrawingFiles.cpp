@@ -201,6 +201,7 @@ void DrawingFiles::confirmLoss(const Next &next)
 {
     if (busy)
         return;
+    Q_EMIT settling();
     if (!drawing.isModified()) {
         next();
         return;
@@ -300,6 +301,7 @@ bool DrawingFiles::saveTo(const QString &path)
 {
     if (busy)
         return false;
+    Q_EMIT settling();
     DrawingError error;
     if (!write(path, &error)) {
         messages.failure(notSaved(path, error));

@@ -68,6 +68,7 @@ public:
     bool isBusy() const { return busy; }
 
 Q_SIGNALS:
+    void settling(); ///< what is half done, such as typing, has to be recorded now
     void emptied();  ///< by startNew()
     void loaded();   ///< another drawing is in the document, or the same one once more
     void reverted(); ///< after `loaded`, when it is the same one

@@ -4,112 +4,96 @@
 <context>
     <name>studio</name>
     <message>
-        <source>&amp;New</source>
-        <translation>新建(&amp;N)</translation>
-    </message>
-    <message>
-        <source>&amp;Import...</source>
-        <translation>导入(&amp;I)...</translation>
-    </message>
-    <message>
-        <source>Import plotter files</source>
-        <translation>导入绘图仪文件</translation>
-    </message>
-    <message>
-        <source>Add &amp;sample drawing</source>
-        <translation>添加示例图纸(&amp;S)</translation>
-    </message>
-    <message>
-        <source>&amp;Export mark paths...</source>
-        <translation>导出标刻路径(&amp;E)...</translation>
-    </message>
-    <message>
-        <source>Export the mark paths of the whole drawing</source>
-        <translation>导出整张图纸的标刻路径</translation>
-    </message>
-    <message>
-        <source>Export mark paths of se&amp;lection...</source>
-        <translation>导出选中图形的标刻路径(&amp;L)...</translation>
-    </message>
-    <message>
-        <source>&amp;Quit</source>
-        <translation>退出(&amp;Q)</translation>
-    </message>
-    <message>
-        <source>&amp;Undo</source>
-        <translation>撤销(&amp;U)</translation>
-    </message>
-    <message>
-        <source>&amp;Redo</source>
-        <translation>重做(&amp;R)</translation>
+        <source>&amp;About</source>
+        <translation>关于(&amp;A)</translation>
     </message>
     <message>
         <source>&amp;Delete</source>
         <translation>删除(&amp;D)</translation>
     </message>
     <message>
-        <source>D&amp;uplicate</source>
-        <translation>创建副本(&amp;U)</translation>
+        <source>&amp;Ellipse</source>
+        <translation>椭圆(&amp;E)</translation>
     </message>
     <message>
-        <source>Select &amp;all</source>
-        <translation>全选(&amp;A)</translation>
+        <source>&amp;Export mark paths...</source>
+        <translation>导出标刻路径(&amp;E)...</translation>
+    </message>
+    <message>
+        <source>&amp;Home</source>
+        <translation>原点(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Import...</source>
+        <translation>导入(&amp;I)...</translation>
     </message>
     <message>
         <source>&amp;Invert selection</source>
         <translation>反选(&amp;I)</translation>
     </message>
     <message>
-        <source>Select n&amp;othing</source>
-        <translation>取消选择(&amp;O)</translation>
+        <source>&amp;Line</source>
+        <translation>直线(&amp;L)</translation>
     </message>
     <message>
-        <source>&amp;Rectangle</source>
-        <translation>矩形(&amp;R)</translation>
+        <source>&amp;New</source>
+        <translation>新建(&amp;N)</translation>
     </message>
     <message>
-        <source>Create a rectangle</source>
-        <translation>创建矩形</translation>
+        <source>&amp;Next part</source>
+        <translation>下一个工件(&amp;N)</translation>
     </message>
     <message>
-        <source>&amp;Ellipse</source>
-        <translation>椭圆(&amp;E)</translation>
-    </message>
-    <message>
-        <source>Create an ellipse</source>
-        <translation>创建椭圆</translation>
+        <source>&amp;Open...</source>
+        <translation>打开(&amp;O)...</translation>
     </message>
     <message>
         <source>&amp;Polygon</source>
         <translation>多边形(&amp;P)</translation>
     </message>
     <message>
-        <source>Create a regular polygon</source>
-        <translation>创建正多边形</translation>
+        <source>&amp;Quit</source>
+        <translation>退出(&amp;Q)</translation>
     </message>
     <message>
-        <source>&amp;Line</source>
-        <translation>直线(&amp;L)</translation>
+        <source>&amp;Rectangle</source>
+        <translation>矩形(&amp;R)</translation>
     </message>
     <message>
-        <source>Create a line</source>
-        <translation>创建直线</translation>
+        <source>&amp;Redo</source>
+        <translation>重做(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>保存(&amp;S)</translation>
     </message>
     <message>
         <source>&amp;TDOT figure</source>
         <translation>TDOT 图形(&amp;T)</translation>
     </message>
     <message>
-        <source>Create a TDOT figure</source>
-        <translation>创建 TDOT 图形</translation>
+        <source>&amp;Type on the drawing</source>
+        <translation>在图纸上输入(&amp;T)</translation>
     </message>
     <message>
-        <source>Align &amp;left</source>
-        <translation>左对齐(&amp;L)</translation>
+        <source>&amp;Undo</source>
+        <translation>撤销(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Add &amp;sample drawing</source>
+        <translation>添加示例图纸(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Align &amp;bottom</source>
+        <translation>下对齐(&amp;B)</translation>
     </message>
     <message>
         <source>Align &amp;centres across</source>
         <translation>水平居中对齐(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Align &amp;left</source>
+        <translation>左对齐(&amp;L)</translation>
     </message>
     <message>
         <source>Align &amp;right</source>
@@ -124,12 +108,92 @@
         <translation>垂直居中对齐(&amp;D)</translation>
     </message>
     <message>
-        <source>Align &amp;bottom</source>
-        <translation>下对齐(&amp;B)</translation>
+        <source>Begin a new drawing</source>
+        <translation>新建图纸</translation>
     </message>
     <message>
         <source>C&amp;entre on each other</source>
         <translation>中心重合(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Create a TDOT figure</source>
+        <translation>创建 TDOT 图形</translation>
+    </message>
+    <message>
+        <source>Create a line</source>
+        <translation>创建直线</translation>
+    </message>
+    <message>
+        <source>Create a rectangle</source>
+        <translation>创建矩形</translation>
+    </message>
+    <message>
+        <source>Create a regular polygon</source>
+        <translation>创建正多边形</translation>
+    </message>
+    <message>
+        <source>Create a text and type into it</source>
+        <translation>创建文字并直接输入</translation>
+    </message>
+    <message>
+        <source>Create an ellipse</source>
+        <translation>创建椭圆</translation>
+    </message>
+    <message>
+        <source>D&amp;uplicate</source>
+        <translation>创建副本(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Down by 0.1 mm</source>
+        <translation>下移 0.1 mm</translation>
+    </message>
+    <message>
+        <source>Down by 1 mm</source>
+        <translation>下移 1 mm</translation>
+    </message>
+    <message>
+        <source>Down by 10 mm</source>
+        <translation>下移 10 mm</translation>
+    </message>
+    <message>
+        <source>Export mark paths of se&amp;lection...</source>
+        <translation>导出选中图形的标刻路径(&amp;L)...</translation>
+    </message>
+    <message>
+        <source>Export the mark paths of the whole drawing</source>
+        <translation>导出整张图纸的标刻路径</translation>
+    </message>
+    <message>
+        <source>Fit &amp;all</source>
+        <translation>适合全部(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Fit &amp;selection</source>
+        <translation>适合选中图形(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Go back to the drawing as it was saved</source>
+        <translation>恢复到上次保存的图纸</translation>
+    </message>
+    <message>
+        <source>Import plotter files</source>
+        <translation>导入绘图仪文件</translation>
+    </message>
+    <message>
+        <source>Left by 0.1 mm</source>
+        <translation>左移 0.1 mm</translation>
+    </message>
+    <message>
+        <source>Left by 1 mm</source>
+        <translation>左移 1 mm</translation>
+    </message>
+    <message>
+        <source>Left by 10 mm</source>
+        <translation>左移 10 mm</translation>
+    </message>
+    <message>
+        <source>Matri&amp;x...</source>
+        <translation>阵列(&amp;X)...</translation>
     </message>
     <message>
         <source>Mirror left to rig&amp;ht</source>
@@ -140,132 +204,16 @@
         <translation>上下镜像(&amp;M)</translation>
     </message>
     <message>
-        <source>Rotate 90° clock&amp;wise</source>
-        <translation>顺时针旋转 90°(&amp;W)</translation>
-    </message>
-    <message>
-        <source>Rotate 90° &amp;anticlockwise</source>
-        <translation>逆时针旋转 90°(&amp;A)</translation>
-    </message>
-    <message>
-        <source>R&amp;otate by...</source>
-        <translation>旋转(&amp;O)...</translation>
-    </message>
-    <message>
-        <source>Rotate by any angle</source>
-        <translation>旋转任意角度</translation>
-    </message>
-    <message>
-        <source>Matri&amp;x...</source>
-        <translation>阵列(&amp;X)...</translation>
-    </message>
-    <message>
-        <source>Repeat a shape in rows and columns</source>
-        <translation>按行列重复一个图形</translation>
-    </message>
-    <message>
-        <source>Zoom &amp;in</source>
-        <translation>放大(&amp;I)</translation>
-    </message>
-    <message>
-        <source>Zoom &amp;out</source>
-        <translation>缩小(&amp;O)</translation>
-    </message>
-    <message>
-        <source>&amp;Home</source>
-        <translation>原点(&amp;H)</translation>
-    </message>
-    <message>
-        <source>Show the origin at 100 %</source>
-        <translation>以 100 % 显示原点</translation>
-    </message>
-    <message>
-        <source>Fit &amp;selection</source>
-        <translation>适合选中图形(&amp;S)</translation>
-    </message>
-    <message>
-        <source>Show the whole selection</source>
-        <translation>显示全部选中图形</translation>
-    </message>
-    <message>
-        <source>Fit &amp;all</source>
-        <translation>适合全部(&amp;A)</translation>
-    </message>
-    <message>
-        <source>Show the whole drawing</source>
-        <translation>显示整张图纸</translation>
-    </message>
-    <message>
-        <source>Left by 1 mm</source>
-        <translation>左移 1 mm</translation>
-    </message>
-    <message>
-        <source>Right by 1 mm</source>
-        <translation>右移 1 mm</translation>
-    </message>
-    <message>
-        <source>Up by 1 mm</source>
-        <translation>上移 1 mm</translation>
-    </message>
-    <message>
-        <source>Down by 1 mm</source>
-        <translation>下移 1 mm</translation>
-    </message>
-    <message>
-        <source>Left by 10 mm</source>
-        <translation>左移 10 mm</translation>
-    </message>
-    <message>
-        <source>Right by 10 mm</source>
-        <translation>右移 10 mm</translation>
-    </message>
-    <message>
-        <source>Up by 10 mm</source>
-        <translation>上移 10 mm</translation>
-    </message>
-    <message>
-        <source>Down by 10 mm</source>
-        <translation>下移 10 mm</translation>
-    </message>
-    <message>
-        <source>Left by 0.1 mm</source>
-        <translation>左移 0.1 mm</translation>
-    </message>
-    <message>
-        <source>Right by 0.1 mm</source>
-        <translation>右移 0.1 mm</translation>
-    </message>
-    <message>
-        <source>Up by 0.1 mm</source>
-        <translation>上移 0.1 mm</translation>
-    </message>
-    <message>
-        <source>Down by 0.1 mm</source>
-        <translation>下移 0.1 mm</translation>
-    </message>
-    <message>
-        <source>&amp;About</source>
-        <translation>关于(&amp;A)</translation>
-    </message>
-    <message>
-        <source>&amp;Open...</source>
-        <translation>打开(&amp;O)...</translation>
-    </message>
-    <message>
-        <source>&amp;Save</source>
-        <translation>保存(&amp;S)</translation>
-    </message>
-    <message>
-        <source>Begin a new drawing</source>
-        <translation>新建图纸</translation>
-    </message>
-    <message>
-        <source>Go back to the drawing as it was saved</source>
-        <translation>恢复到上次保存的图纸</translation>
+        <source>Move all variant texts on to the next part</source>
+        <translation>把所有可变文字推进到下一个工件</translation>
     </message>
     <message>
         <source>Open a drawing</source>
         <translation>打开图纸</translation>
+    </message>
+    <message>
+        <source>R&amp;otate by...</source>
+        <translation>旋转(&amp;O)...</translation>
     </message>
     <message>
         <source>Re&amp;vert</source>
@@ -280,6 +228,34 @@
         <translation>在程序崩溃后恢复图纸</translation>
     </message>
     <message>
+        <source>Repeat a shape in rows and columns</source>
+        <translation>按行列重复一个图形</translation>
+    </message>
+    <message>
+        <source>Right by 0.1 mm</source>
+        <translation>右移 0.1 mm</translation>
+    </message>
+    <message>
+        <source>Right by 1 mm</source>
+        <translation>右移 1 mm</translation>
+    </message>
+    <message>
+        <source>Right by 10 mm</source>
+        <translation>右移 10 mm</translation>
+    </message>
+    <message>
+        <source>Rotate 90° &amp;anticlockwise</source>
+        <translation>逆时针旋转 90°(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Rotate 90° clock&amp;wise</source>
+        <translation>顺时针旋转 90°(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Rotate by any angle</source>
+        <translation>旋转任意角度</translation>
+    </message>
+    <message>
         <source>Save &amp;as...</source>
         <translation>另存为(&amp;A)...</translation>
     </message>
@@ -290,6 +266,101 @@
     <message>
         <source>Save the drawing under another name</source>
         <translation>以其他名称保存图纸</translation>
+    </message>
+    <message>
+        <source>Select &amp;all</source>
+        <translation>全选(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Select n&amp;othing</source>
+        <translation>取消选择(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Show the origin at 100 %</source>
+        <translation>以 100 % 显示原点</translation>
+    </message>
+    <message>
+        <source>Show the whole drawing</source>
+        <translation>显示整张图纸</translation>
+    </message>
+    <message>
+        <source>Show the whole selection</source>
+        <translation>显示全部选中图形</translation>
+    </message>
+    <message>
+        <source>Te&amp;xt</source>
+        <translation>文字(&amp;X)</translation>
+    </message>
+    <message>
+        <source>Text and &amp;font...</source>
+        <translation>文字和字体(&amp;F)...</translation>
+    </message>
+    <message>
+        <source>Type into the selected text on the drawing</source>
+        <translation>在图纸上编辑选中的文字</translation>
+    </message>
+    <message>
+        <source>Up by 0.1 mm</source>
+        <translation>上移 0.1 mm</translation>
+    </message>
+    <message>
+        <source>Up by 1 mm</source>
+        <translation>上移 1 mm</translation>
+    </message>
+    <message>
+        <source>Up by 10 mm</source>
+        <translation>上移 10 mm</translation>
+    </message>
+    <message>
+        <source>Words, font, size, arc and hatch of the selected text</source>
+        <translation>选中文字的内容、字体、大小、弧线和填充</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;in</source>
+        <translation>放大(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;out</source>
+        <translation>缩小(&amp;O)</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ArcPage</name>
+    <message>
+        <source> mm</source>
+        <translation> mm</translation>
+    </message>
+    <message>
+        <source> °</source>
+        <translation> °</translation>
+    </message>
+    <message>
+        <source>&amp;Diameter</source>
+        <translation>直径(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Start</source>
+        <translation>起始角(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Of the circle on which the characters stand</source>
+        <translation>字符所在圆的直径</translation>
+    </message>
+    <message>
+        <source>S&amp;pan</source>
+        <translation>张角(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Shared out among the characters; positive runs clockwise, negative anticlockwise</source>
+        <translation>平均分给各个字符；正值为顺时针，负值为逆时针</translation>
+    </message>
+    <message>
+        <source>Text on an &amp;arc</source>
+        <translation>弧线文字(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Where the arc starts: 0° is at three o&apos;clock, 270° at twelve</source>
+        <translation>弧线的起点：0° 在三点钟方向，270° 在十二点钟方向</translation>
     </message>
 </context>
 <context>
@@ -466,71 +537,200 @@
 <context>
     <name>studio::Exporter</name>
     <message>
-        <source>%1 picture (*%2)</source>
-        <translation>%1 图片 (*%2)</translation>
+        <source>&quot;%1&quot; was not written.</source>
+        <translation>“%1”未写入。</translation>
     </message>
     <message>
         <source>%1 paths (*%2)</source>
         <translation>%1 路径 (*%2)</translation>
     </message>
     <message>
-        <source>Export mark paths of the selection</source>
-        <translation>导出选中图形的标刻路径</translation>
-    </message>
-    <message>
-        <source>Export mark paths</source>
-        <translation>导出标刻路径</translation>
-    </message>
-    <message>
-        <source>drawing</source>
-        <translation>图纸</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; was not written.</source>
-        <translation>“%1”未写入。</translation>
-    </message>
-    <message>
-        <source>The name has to end in one of %1.</source>
-        <translation>文件名必须以 %1 之一结尾。</translation>
-    </message>
-    <message>
-        <source>Gathering mark paths...</source>
-        <translation>正在收集标刻路径...</translation>
+        <source>%1 picture (*%2)</source>
+        <translation>%1 图片 (*%2)</translation>
     </message>
     <message>
         <source>Cancel</source>
         <translation>取消</translation>
     </message>
     <message>
-        <source>Writing %1...</source>
-        <translation>正在写入 %1...</translation>
+        <source>Export mark paths</source>
+        <translation>导出标刻路径</translation>
+    </message>
+    <message>
+        <source>Export mark paths of the selection</source>
+        <translation>导出选中图形的标刻路径</translation>
+    </message>
+    <message>
+        <source>Gathering mark paths...</source>
+        <translation>正在收集标刻路径...</translation>
     </message>
     <message>
         <source>Reason: %1. Choose another place and try again.</source>
         <translation>原因：%1。请选择其他位置后重试。</translation>
     </message>
+    <message>
+        <source>The name has to end in one of %1.</source>
+        <translation>文件名必须以 %1 之一结尾。</translation>
+    </message>
+    <message>
+        <source>Writing %1...</source>
+        <translation>正在写入 %1...</translation>
+    </message>
+    <message>
+        <source>drawing</source>
+        <translation>图纸</translation>
+    </message>
+</context>
+<context>
+    <name>studio::FontPage</name>
+    <message>
+        <source> %</source>
+        <translation> %</translation>
+    </message>
+    <message>
+        <source> mm</source>
+        <translation> mm</translation>
+    </message>
+    <message>
+        <source>&amp;Bold</source>
+        <translation>粗体(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Chinese</source>
+        <translation>汉字(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Height</source>
+        <translation>高度(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Italic</source>
+        <translation>斜体(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Letters and digits</source>
+        <translation>字母和数字(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;System font, outlines</source>
+        <translation>系统字体，轮廓(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Width</source>
+        <translation>宽度(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Added to what the font has; on an arc the span decides</source>
+        <translation>在字体自身间距之外增加；在弧线上由张角决定</translation>
+    </message>
+    <message>
+        <source>F&amp;amily</source>
+        <translation>字体(&amp;A)</translation>
+    </message>
+    <message>
+        <source>From the ink of the lines above to the tops of capitals</source>
+        <translation>从上面各行的笔画到本行大写字母的顶端</translation>
+    </message>
+    <message>
+        <source>Height of capital letters on the part</source>
+        <translation>大写字母在工件上的高度</translation>
+    </message>
+    <message>
+        <source>S&amp;pace between lines</source>
+        <translation>行间距(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Space between charac&amp;ters</source>
+        <translation>字符间距(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Stroke &amp;fonts, single lines</source>
+        <translation>单线字体(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Stroke fonts come in pairs: one for letters and one for Chinese, as SHX files in %1.</source>
+        <translation>单线字体成对使用：一个用于字母，一个用于汉字，都是 %1 中的 SHX 文件。</translation>
+    </message>
+    <message>
+        <source>Width of the letters; at 100 % they are as the font has them</source>
+        <translation>字母的宽度；100 % 时与字体原样相同</translation>
+    </message>
+</context>
+<context>
+    <name>studio::HatchPage</name>
+    <message>
+        <source> mm</source>
+        <translation> mm</translation>
+    </message>
+    <message>
+        <source> °</source>
+        <translation> °</translation>
+    </message>
+    <message>
+        <source>&amp;Direction</source>
+        <translation>方向(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Lines</source>
+        <translation>线条(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Outlines as well</source>
+        <translation>同时标刻轮廓(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Spacing</source>
+        <translation>间距(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Marks the outlines of the letters, too</source>
+        <translation>字母的轮廓也一并标刻</translation>
+    </message>
+    <message>
+        <source>Stroke fonts are single lines: there is nothing to hatch.</source>
+        <translation>单线字体只有线条，没有可填充的区域。</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>single lines</source>
+        <translation>单线</translation>
+    </message>
+    <message>
+        <source>zigzag</source>
+        <translation>折线</translation>
+    </message>
 </context>
 <context>
     <name>studio::Importer</name>
     <message>
-        <source>... and %1 more</source>
-        <translation>... 以及另外 %1 项</translation>
+        <source>&quot;%1&quot; was imported with losses.</source>
+        <translation>“%1”已导入，但有缺失。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; was not imported.</source>
         <translation>“%1”未导入。</translation>
     </message>
     <message>
-        <source>Reason: %1. Plotter files hold one PU or PD command with one pair of numbers per line, such as &quot;PD100 250;&quot;.</source>
-        <translation>原因：%1。绘图仪文件每行包含一条 PU 或 PD 命令和一对数字，例如“PD100 250;”。</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; was imported with losses.</source>
-        <translation>“%1”已导入，但有缺失。</translation>
+        <source>... and %1 more</source>
+        <translation>... 以及另外 %1 项</translation>
     </message>
     <message>
         <source>Lines that could not be read as they stand: %1. Compare the drawing with its source before marking it.</source>
         <translation>无法按原样读取的行：%1。标刻前请将图形与原文件核对。</translation>
+    </message>
+    <message>
+        <source>Reason: %1. Plotter files hold one PU or PD command with one pair of numbers per line, such as &quot;PD100 250;&quot;.</source>
+        <translation>原因：%1。绘图仪文件每行包含一条 PU 或 PD 命令和一对数字，例如“PD100 250;”。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::InPlaceEditor</name>
+    <message>
+        <source>Ctrl+Return or a click elsewhere takes the words, Esc gives them up</source>
+        <translation>按 Ctrl+回车 或点击别处确认，按 Esc 放弃</translation>
     </message>
 </context>
 <context>
@@ -554,20 +754,8 @@
 <context>
     <name>studio::MainWindow</name>
     <message>
-        <source>Mark paths of %1 shapes written to %2</source>
-        <translation>%1 个图形的标刻路径已写入 %2</translation>
-    </message>
-    <message>
-        <source>Shapes</source>
-        <translation>图形</translation>
-    </message>
-    <message>
-        <source>&amp;Undo</source>
-        <translation>撤销(&amp;U)</translation>
-    </message>
-    <message>
-        <source>&amp;Undo: %1</source>
-        <translation>撤销(&amp;U)：%1</translation>
+        <source>%1[*] - Studio</source>
+        <translation>%1[*] - 绘图工作室</translation>
     </message>
     <message>
         <source>&amp;Redo</source>
@@ -578,51 +766,75 @@
         <translation>重做(&amp;R)：%1</translation>
     </message>
     <message>
-        <source>Import plotter files</source>
-        <translation>导入绘图仪文件</translation>
+        <source>&amp;Undo</source>
+        <translation>撤销(&amp;U)</translation>
     </message>
     <message>
-        <source>Plotter files (*.plt *.PLT)</source>
-        <translation>绘图仪文件 (*.plt *.PLT)</translation>
-    </message>
-    <message>
-        <source>All files (*)</source>
-        <translation>所有文件 (*)</translation>
-    </message>
-    <message>
-        <source>Rotate</source>
-        <translation>旋转</translation>
-    </message>
-    <message>
-        <source>Degrees, clockwise:</source>
-        <translation>顺时针角度：</translation>
+        <source>&amp;Undo: %1</source>
+        <translation>撤销(&amp;U)：%1</translation>
     </message>
     <message>
         <source>About</source>
         <translation>关于</translation>
     </message>
     <message>
-        <source>Studio %1</source>
-        <translation>绘图工作室 %1</translation>
+        <source>All files (*)</source>
+        <translation>所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>Degrees, clockwise:</source>
+        <translation>顺时针角度：</translation>
     </message>
     <message>
         <source>Draws what a laser marks, and hands out the paths.</source>
         <translation>绘制激光标刻的内容，并输出路径。</translation>
     </message>
     <message>
-        <source>%1[*] - Studio</source>
-        <translation>%1[*] - 绘图工作室</translation>
+        <source>Import plotter files</source>
+        <translation>导入绘图仪文件</translation>
+    </message>
+    <message>
+        <source>Mark paths of %1 shapes written to %2</source>
+        <translation>%1 个图形的标刻路径已写入 %2</translation>
+    </message>
+    <message>
+        <source>Plotter files (*.plt *.PLT)</source>
+        <translation>绘图仪文件 (*.plt *.PLT)</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>旋转</translation>
     </message>
     <message>
         <source>Saved to %1</source>
         <translation>已保存到 %1</translation>
     </message>
+    <message>
+        <source>Shapes</source>
+        <translation>图形</translation>
+    </message>
+    <message>
+        <source>Studio %1</source>
+        <translation>绘图工作室 %1</translation>
+    </message>
 </context>
 <context>
     <name>studio::MatrixDialog</name>
     <message>
-        <source>Matrix</source>
-        <translation>阵列</translation>
+        <source> mm</source>
+        <translation> mm</translation>
+    </message>
+    <message>
+        <source>%L1 shapes are too many; at most %L2 can be made at once.</source>
+        <translation>%L1 个图形太多；一次最多可创建 %L2 个。</translation>
+    </message>
+    <message>
+        <source>%L1 shapes on %2 by %3 mm</source>
+        <translation>%L1 个图形，占 %2 × %3 mm</translation>
+    </message>
+    <message>
+        <source>&amp;Create</source>
+        <translation>创建(&amp;C)</translation>
     </message>
     <message>
         <source>&amp;Rows</source>
@@ -641,39 +853,27 @@
         <translation>纵向间隔(&amp;D)</translation>
     </message>
     <message>
-        <source> mm</source>
-        <translation> mm</translation>
-    </message>
-    <message>
-        <source>&amp;Create</source>
-        <translation>创建(&amp;C)</translation>
+        <source>Matrix</source>
+        <translation>阵列</translation>
     </message>
     <message>
         <source>Select the one shape that is to be repeated.</source>
         <translation>请选中要重复的那一个图形。</translation>
     </message>
-    <message>
-        <source>%L1 shapes are too many; at most %L2 can be made at once.</source>
-        <translation>%L1 个图形太多；一次最多可创建 %L2 个。</translation>
-    </message>
-    <message>
-        <source>%L1 shapes on %2 by %3 mm</source>
-        <translation>%L1 个图形，占 %2 × %3 mm</translation>
-    </message>
 </context>
 <context>
     <name>studio::OrderMenu</name>
     <message>
-        <source>As &amp;stacked</source>
-        <translation>按堆叠顺序(&amp;S)</translation>
-    </message>
-    <message>
-        <source>&amp;Nearest next</source>
-        <translation>最近优先(&amp;N)</translation>
+        <source>&amp;Bottom to top</source>
+        <translation>从下到上(&amp;B)</translation>
     </message>
     <message>
         <source>&amp;Left to right</source>
         <translation>从左到右(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Nearest next</source>
+        <translation>最近优先(&amp;N)</translation>
     </message>
     <message>
         <source>&amp;Right to left</source>
@@ -684,8 +884,8 @@
         <translation>从上到下(&amp;T)</translation>
     </message>
     <message>
-        <source>&amp;Bottom to top</source>
-        <translation>从下到上(&amp;B)</translation>
+        <source>As &amp;stacked</source>
+        <translation>按堆叠顺序(&amp;S)</translation>
     </message>
     <message>
         <source>Marking &amp;order</source>
@@ -695,40 +895,40 @@
 <context>
     <name>studio::PropertyDock</name>
     <message>
-        <source>Properties</source>
-        <translation>属性</translation>
+        <source>%1 shapes selected; the grid shows the first</source>
+        <translation>已选中 %1 个图形；表格显示第一个</translation>
     </message>
     <message>
         <source>&amp;Dense property rows</source>
         <translation>紧凑属性行(&amp;D)</translation>
     </message>
     <message>
-        <source>&amp;Pen</source>
-        <translation>笔(&amp;P)</translation>
-    </message>
-    <message>
-        <source>Pen that marks the selected shapes</source>
-        <translation>标刻选中图形的笔</translation>
-    </message>
-    <message>
         <source>&amp;Keep proportions</source>
         <translation>保持比例(&amp;K)</translation>
     </message>
     <message>
-        <source>Resizing keeps the proportions of the selected shapes</source>
-        <translation>缩放时保持选中图形的比例</translation>
-    </message>
-    <message>
-        <source>Nothing selected</source>
-        <translation>未选中图形</translation>
+        <source>&amp;Pen</source>
+        <translation>笔(&amp;P)</translation>
     </message>
     <message>
         <source>1 shape selected</source>
         <translation>已选中 1 个图形</translation>
     </message>
     <message>
-        <source>%1 shapes selected; the grid shows the first</source>
-        <translation>已选中 %1 个图形；表格显示第一个</translation>
+        <source>Nothing selected</source>
+        <translation>未选中图形</translation>
+    </message>
+    <message>
+        <source>Pen that marks the selected shapes</source>
+        <translation>标刻选中图形的笔</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>属性</translation>
+    </message>
+    <message>
+        <source>Resizing keeps the proportions of the selected shapes</source>
+        <translation>缩放时保持选中图形的比例</translation>
     </message>
 </context>
 <context>
@@ -793,14 +993,221 @@
     </message>
 </context>
 <context>
+    <name>studio::SegmentForm</name>
+    <message>
+        <source>&amp;Behind it</source>
+        <translation>结束之后(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Characters</source>
+        <translation>字符数(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Column</source>
+        <translation>列(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Days later</source>
+        <translation>推后天数(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Digits</source>
+        <translation>数制(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Encoding</source>
+        <translation>编码(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Hours later</source>
+        <translation>推后小时(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Last number</source>
+        <translation>终止值(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Names in</source>
+        <translation>名称语言(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Separated by</source>
+        <translation>分隔符(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Shows</source>
+        <translation>显示(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Step</source>
+        <translation>步长(&amp;S)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>Choose the list file</source>
+        <translation>选择列表文件</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>英语</translation>
+    </message>
+    <message>
+        <source>F&amp;ile</source>
+        <translation>文件(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Filled &amp;up</source>
+        <translation>补齐方式(&amp;U)</translation>
+    </message>
+    <message>
+        <source>First &amp;number</source>
+        <translation>起始值(&amp;N)</translation>
+    </message>
+    <message>
+        <source>First ro&amp;w</source>
+        <translation>首行(&amp;W)</translation>
+    </message>
+    <message>
+        <source>For&amp;mat</source>
+        <translation>格式(&amp;M)</translation>
+    </message>
+    <message>
+        <source>How many parts get the same number</source>
+        <translation>多少个工件使用同一个数</translation>
+    </message>
+    <message>
+        <source>Julian day</source>
+        <translation>儒略日</translation>
+    </message>
+    <message>
+        <source>Lists (*.csv *.txt *.tsv)</source>
+        <translation>列表 (*.csv *.txt *.tsv)</translation>
+    </message>
+    <message>
+        <source>Min&amp;utes later</source>
+        <translation>推后分钟(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Number of the part that is marked now</source>
+        <translation>当前标刻工件的数</translation>
+    </message>
+    <message>
+        <source>Parts for &amp;each number</source>
+        <translation>每个数的工件数(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Row of the part that is marked now</source>
+        <translation>当前标刻工件的行</translation>
+    </message>
+    <message>
+        <source>Rows above this one are headings</source>
+        <translation>此行以上为标题</translation>
+    </message>
+    <message>
+        <source>Te&amp;xt</source>
+        <translation>文字(&amp;X)</translation>
+    </message>
+    <message>
+        <source>The counter never comes to this number.</source>
+        <translation>计数器永远不会到达这个数。</translation>
+    </message>
+    <message>
+        <source>This &amp;part</source>
+        <translation>当前工件(&amp;P)</translation>
+    </message>
+    <message>
+        <source>comma</source>
+        <translation>逗号</translation>
+    </message>
+    <message>
+        <source>date and time in a format</source>
+        <translation>按格式显示日期和时间</translation>
+    </message>
+    <message>
+        <source>day of the year</source>
+        <translation>一年中的第几天</translation>
+    </message>
+    <message>
+        <source>decimal, 0 to 9</source>
+        <translation>十进制，0 到 9</translation>
+    </message>
+    <message>
+        <source>hexadecimal, 0 to F</source>
+        <translation>十六进制，0 到 F</translation>
+    </message>
+    <message>
+        <source>letters, A to Z</source>
+        <translation>字母，A 到 Z</translation>
+    </message>
+    <message>
+        <source>number of the week</source>
+        <translation>周数</translation>
+    </message>
+    <message>
+        <source>semicolon</source>
+        <translation>分号</translation>
+    </message>
+    <message>
+        <source>shows the last number again</source>
+        <translation>重复最后的数</translation>
+    </message>
+    <message>
+        <source>shows the last row again</source>
+        <translation>重复最后一行</translation>
+    </message>
+    <message>
+        <source>starts anew</source>
+        <translation>从头开始</translation>
+    </message>
+    <message>
+        <source>tabulator</source>
+        <translation>制表符</translation>
+    </message>
+    <message>
+        <source>whole row</source>
+        <translation>整行</translation>
+    </message>
+    <message>
+        <source>with blanks</source>
+        <translation>用空格</translation>
+    </message>
+    <message>
+        <source>with zeros</source>
+        <translation>用零</translation>
+    </message>
+    <message>
+        <source>year of the week</source>
+        <translation>该周所属的年份</translation>
+    </message>
+    <message>
+        <source>yyyy year, MM month, dd day, HH hour, mm minute, ss second; text in &apos;quotes&apos;</source>
+        <translation>yyyy 年，MM 月，dd 日，HH 时，mm 分，ss 秒；文字放在 &apos;引号&apos; 中</translation>
+    </message>
+</context>
+<context>
     <name>studio::StatusBar</name>
     <message>
-        <source>X %1  Y %2 mm</source>
-        <translation>X %1  Y %2 mm</translation>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>%1 of %2 selected</source>
+        <translation>已选中 %1 / %2</translation>
+    </message>
+    <message>
+        <source>Nothing selected</source>
+        <translation>未选中图形</translation>
     </message>
     <message>
         <source>Place of the mouse, y downward</source>
         <translation>鼠标位置，y 轴向下</translation>
+    </message>
+    <message>
+        <source>Selected shapes, and all shapes</source>
+        <translation>选中的图形数和图形总数</translation>
     </message>
     <message>
         <source>Selection X %1  Y %2  W %3  H %4 mm</source>
@@ -811,87 +1218,128 @@
         <translation>选区外框的左上角和尺寸</translation>
     </message>
     <message>
-        <source>%1 of %2 selected</source>
-        <translation>已选中 %1 / %2</translation>
-    </message>
-    <message>
-        <source>Selected shapes, and all shapes</source>
-        <translation>选中的图形数和图形总数</translation>
-    </message>
-    <message>
-        <source>%1 %</source>
-        <translation>%1 %</translation>
+        <source>X %1  Y %2 mm</source>
+        <translation>X %1  Y %2 mm</translation>
     </message>
     <message>
         <source>Zoom; Ctrl and the wheel change it</source>
         <translation>缩放比例；按住 Ctrl 并滚动滚轮可更改</translation>
     </message>
+</context>
+<context>
+    <name>studio::StrokeFonts</name>
     <message>
-        <source>Nothing selected</source>
-        <translation>未选中图形</translation>
+        <source>TEXT</source>
+        <translation>文字</translation>
+    </message>
+</context>
+<context>
+    <name>studio::TextDialog</name>
+    <message>
+        <source>&amp;1 Words</source>
+        <translation>&amp;1 内容</translation>
+    </message>
+    <message>
+        <source>&amp;2 Font</source>
+        <translation>&amp;2 字体</translation>
+    </message>
+    <message>
+        <source>&amp;3 Arc</source>
+        <translation>&amp;3 弧线</translation>
+    </message>
+    <message>
+        <source>&amp;4 Hatch</source>
+        <translation>&amp;4 填充</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>文字</translation>
+    </message>
+</context>
+<context>
+    <name>studio::TextTools</name>
+    <message>
+        <source>A variant text is not complete.</source>
+        <translation>有可变文字不完整。</translation>
+    </message>
+    <message>
+        <source>A variant text is used up: its last value shows once more.</source>
+        <translation>有可变文字已用完：重复显示最后的值。</translation>
+    </message>
+    <message>
+        <source>Give it new values before another part is marked.</source>
+        <translation>标刻下一个工件之前，请为它设置新的值。</translation>
+    </message>
+    <message>
+        <source>Mend the list file or the text, then go to the next part.</source>
+        <translation>请修正列表文件或文字，然后再转到下一个工件。</translation>
+    </message>
+    <message>
+        <source>Next part: %1</source>
+        <translation>下一个工件：%1</translation>
+    </message>
+    <message>
+        <source>The drawing has no variant text</source>
+        <translation>图纸中没有可变文字</translation>
     </message>
 </context>
 <context>
     <name>studio::UndoTexts</name>
     <message>
-        <source>Create rectangle</source>
-        <translation>创建矩形</translation>
-    </message>
-    <message>
-        <source>Create ellipse</source>
-        <translation>创建椭圆</translation>
-    </message>
-    <message>
-        <source>Create polygon</source>
-        <translation>创建多边形</translation>
-    </message>
-    <message>
-        <source>Create line</source>
-        <translation>创建直线</translation>
-    </message>
-    <message>
-        <source>Create TDOT figure</source>
-        <translation>创建 TDOT 图形</translation>
-    </message>
-    <message>
-        <source>Create shape</source>
-        <translation>创建图形</translation>
-    </message>
-    <message>
-        <source>Duplicate</source>
-        <translation>创建副本</translation>
-    </message>
-    <message>
-        <source>Delete</source>
-        <translation>删除</translation>
-    </message>
-    <message>
-        <source>Move</source>
-        <translation>移动</translation>
+        <source>Add sample drawing</source>
+        <translation>添加示例图纸</translation>
     </message>
     <message>
         <source>Align</source>
         <translation>对齐</translation>
     </message>
     <message>
-        <source>Mirror</source>
-        <translation>镜像</translation>
-    </message>
-    <message>
-        <source>Rotate</source>
-        <translation>旋转</translation>
-    </message>
-    <message>
-        <source>Matrix of %1 by %2</source>
-        <translation>%1 × %2 阵列</translation>
-    </message>
-    <message>
         <source>Change pen</source>
         <translation>更改笔</translation>
     </message>
     <message>
-        <source>Lock proportions</source>
-        <translation>锁定比例</translation>
+        <source>Change property</source>
+        <translation>更改属性</translation>
+    </message>
+    <message>
+        <source>Change text</source>
+        <translation>更改文字</translation>
+    </message>
+    <message>
+        <source>Create TDOT figure</source>
+        <translation>创建 TDOT 图形</translation>
+    </message>
+    <message>
+        <source>Create ellipse</source>
+        <translation>创建椭圆</translation>
+    </message>
+    <message>
+        <source>Create line</source>
+        <translation>创建直线</translation>
+    </message>
+    <message>
+        <source>Create polygon</source>
+        <translation>创建多边形</translation>
+    </message>
+    <message>
+        <source>Create rectangle</source>
+        <translation>创建矩形</translation>
+    </message>
+    <message>
+        <source>Create shape</source>
+        <translation>创建图形</translation>
+    </message>
+    <message>
+        <source>Create text</source>
+        <translation>创建文字</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>创建副本</translation>
     </message>
     <message>
         <source>Free proportions</source>
@@ -906,59 +1354,177 @@
         <translation>导入 %1 张图纸</translation>
     </message>
     <message>
-        <source>Add sample drawing</source>
-        <translation>添加示例图纸</translation>
+        <source>Lock proportions</source>
+        <translation>锁定比例</translation>
+    </message>
+    <message>
+        <source>Matrix of %1 by %2</source>
+        <translation>%1 × %2 阵列</translation>
+    </message>
+    <message>
+        <source>Mirror</source>
+        <translation>镜像</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>移动</translation>
     </message>
     <message>
         <source>Resize</source>
         <translation>调整大小</translation>
     </message>
     <message>
-        <source>Change property</source>
-        <translation>更改属性</translation>
+        <source>Rotate</source>
+        <translation>旋转</translation>
+    </message>
+    <message>
+        <source>Type text</source>
+        <translation>输入文字</translation>
+    </message>
+</context>
+<context>
+    <name>studio::VariantPanel</name>
+    <message>
+        <source>&amp;Add</source>
+        <translation>添加(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Counter</source>
+        <translation>计数器(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Date and time</source>
+        <translation>日期和时间(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;List file</source>
+        <translation>列表文件(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>删除(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Text</source>
+        <translation>文字(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Add a segment at the end</source>
+        <translation>在末尾添加一段</translation>
+    </message>
+    <message>
+        <source>Choose a list file.</source>
+        <translation>请选择列表文件。</translation>
+    </message>
+    <message>
+        <source>Move the chosen segment down</source>
+        <translation>把选中的段下移</translation>
+    </message>
+    <message>
+        <source>Move the chosen segment up</source>
+        <translation>把选中的段上移</translation>
+    </message>
+    <message>
+        <source>Remove the chosen segment</source>
+        <translation>删除选中的段</translation>
+    </message>
+    <message>
+        <source>Segments, strung together</source>
+        <translation>依次相连的各段</translation>
+    </message>
+    <message>
+        <source>This part and the next ones</source>
+        <translation>当前和后续工件</translation>
+    </message>
+</context>
+<context>
+    <name>studio::VariantParts</name>
+    <message>
+        <source>Counter: %1</source>
+        <translation>计数器：%1</translation>
+    </message>
+    <message>
+        <source>Date: %1</source>
+        <translation>日期：%1</translation>
+    </message>
+    <message>
+        <source>Date: Julian day</source>
+        <translation>日期：儒略日</translation>
+    </message>
+    <message>
+        <source>Date: day of the year</source>
+        <translation>日期：一年中的第几天</translation>
+    </message>
+    <message>
+        <source>Date: week</source>
+        <translation>日期：周数</translation>
+    </message>
+    <message>
+        <source>Date: year of the week</source>
+        <translation>日期：该周所属的年份</translation>
+    </message>
+    <message>
+        <source>List: %1</source>
+        <translation>列表：%1</translation>
+    </message>
+    <message>
+        <source>Text: %1</source>
+        <translation>文字：%1</translation>
     </message>
 </context>
 <context>
     <name>studio::WindowLayout</name>
     <message>
-        <source>&amp;File</source>
-        <translation>文件(&amp;F)</translation>
-    </message>
-    <message>
-        <source>&amp;Edit</source>
-        <translation>编辑(&amp;E)</translation>
+        <source>&amp;Arrange</source>
+        <translation>排列(&amp;A)</translation>
     </message>
     <message>
         <source>&amp;Create</source>
         <translation>创建(&amp;C)</translation>
     </message>
     <message>
-        <source>&amp;Arrange</source>
-        <translation>排列(&amp;A)</translation>
+        <source>&amp;Edit</source>
+        <translation>编辑(&amp;E)</translation>
     </message>
     <message>
-        <source>&amp;Nudge</source>
-        <translation>微移(&amp;N)</translation>
-    </message>
-    <message>
-        <source>&amp;View</source>
-        <translation>视图(&amp;V)</translation>
+        <source>&amp;File</source>
+        <translation>文件(&amp;F)</translation>
     </message>
     <message>
         <source>&amp;Help</source>
         <translation>帮助(&amp;H)</translation>
     </message>
     <message>
-        <source>File</source>
-        <translation>文件</translation>
+        <source>&amp;Nudge</source>
+        <translation>微移(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Text</source>
+        <translation>文字(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>视图(&amp;V)</translation>
+    </message>
+    <message>
+        <source>Align</source>
+        <translation>对齐</translation>
+    </message>
+    <message>
+        <source>Create</source>
+        <translation>创建</translation>
     </message>
     <message>
         <source>Edit</source>
         <translation>编辑</translation>
     </message>
     <message>
-        <source>Align</source>
-        <translation>对齐</translation>
+        <source>File</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>文字</translation>
     </message>
     <message>
         <source>Transform</source>
@@ -968,9 +1534,16 @@
         <source>View</source>
         <translation>视图</translation>
     </message>
+</context>
+<context>
+    <name>studio::WordsPage</name>
     <message>
-        <source>Create</source>
-        <translation>创建</translation>
+        <source>&amp;Fixed text</source>
+        <translation>固定文字(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Variant text, another for each part</source>
+        <translation>可变文字，每个工件各不相同(&amp;V)</translation>
     </message>
 </context>
 </TS>

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <studio/text/TextPage.h>
+
+QT_BEGIN_NAMESPACE
+class QGroupBox;
+QT_END_NAMESPACE
+
+namespace studio {
+
+class MeasureBox;
+
+/** Text on an arc. */
+class ArcPage final : public TextPage
+{
+    Q_OBJECT
+
+public:
+    explicit ArcPage(const TextSettings &settings, QWidget *parent = nullptr);
+    void read(TextSettings &settings) const override;
+
+private:
+    QGroupBox *group;
+    MeasureBox *startBox;
+    MeasureBox *spanBox;
+    MeasureBox *diameterBox;
+};
+
+} // namespace studio

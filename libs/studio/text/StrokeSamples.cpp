@@ -1,0 +1,97 @@
+#include <studio/text/StrokeSamples.h>
+
+#include <hostkit/StrokeFont.h>
+
+#include <QtCore/QTextCodec>
+
+#include <cmath>
+
+namespace studio {
+
+namespace {
+
+constexpr int kMostPoints = 20000; ///< of one sample; far more than real letters have
+constexpr double kMostWidth = 4000.0;
+
+/** Collects strokes as a path, turned to y downward. */
+class StrokePath final : public ZTAbstractGlyphCallback
+{
+public:
+    void glBegin() override { isFirst = true; }
+    void glEnd() override {}
+    void next() override {}
+
+    void glVertex2d(double x, double y) override
+    {
+        // A painter's numbers are smaller than a damaged font's.
+        if (path.elementCount() >= kMostPoints || std::abs(x) > kMostWidth ||
+            std::abs(y) > kMostWidth)
+            return;
+        const QPointF point(x, -y);
+        if (!isFirst) {
+            // Not before there is a line: a move alone is no ink.
+            if (path.currentPosition() != last || path.isEmpty())
+                path.moveTo(last);
+            path.lineTo(point);
+        }
+        last = point;
+        isFirst = false;
+    }
+
+    QPainterPath path;
+
+private:
+    QPointF last;
+    bool isFirst = true;
+};
+
+/** Words that show what kind of letters a font has. */
+QByteArray wordsFor(SHX_TYPE type)
+{
+    if (type != SHX_TYPE::SHX_BIGFONT)
+        return QByteArrayLiteral("AaBbGg 123");
+    const QTextCodec *codec = QTextCodec::codecForName("GBK");
+    return codec != nullptr ? codec->fromUnicode(QStringLiteral("你好 激光标刻")) : QByteArray();
+}
+
+} // namespace
+
+StrokeSamples::StrokeSamples(QObject *parent) : QObject(parent)
+{
+    idleTimer.setInterval(0);
+    connect(&idleTimer, &QTimer::timeout, this, &StrokeSamples::makeNext);
+}
+
+const QPainterPath *StrokeSamples::sample(const QString &fontName)
+{
+    const auto found = made.constFind(fontName);
+    if (found != made.constEnd())
+        return &*found;
+    wanted.removeOne(fontName);
+    wanted.append(fontName);
+    idleTimer.start();
+    return nullptr;
+}
+
+void StrokeSamples::makeNext()
+{
+    if (wanted.isEmpty()) {
+        idleTimer.stop();
+        return;
+    }
+    const QString fontName = wanted.takeLast();
+    made.insert(fontName, draw(hostkit::strokeFontFolder() + QLatin1Char('/') + fontName));
+    Q_EMIT ready(fontName);
+}
+
+QPainterPath StrokeSamples::draw(const QString &path)
+{
+    ZTShxParser parser(path.toLocal8Bit().constData());
+    parser.setTextHeight(kHeight);
+    StrokePath strokes;
+    const QByteArray words = wordsFor(parser.GetType());
+    parser.drawText(&strokes, words.constData(), 0.0, 0.0);
+    return strokes.path;
+}
+
+} // namespace studio

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <studio/text/TextSettings.h>
+#include <studio/text/TextState.h>
+
+#include <QtCore/QPointer>
+#include <QtCore/QTimer>
+#include <QtWidgets/QDialog>
+
+QT_BEGIN_NAMESPACE
+class QTabWidget;
+class QUndoStack;
+QT_END_NAMESPACE
+
+namespace studio {
+
+class HatchPage;
+class TextPage;
+
+/**
+ * All settings of a text. The drawing shows each change at once; OK makes them one undo step, and
+ * Cancel brings back what was there.
+ */
+class TextDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /** `item` and `stack` are borrowed; an item that goes closes the dialog. */
+    TextDialog(ZTGraphicsTextItem &item, QUndoStack &stack, QWidget *parent);
+    ~TextDialog() override;
+
+    void done(int result) override;
+
+protected:
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void addPage(TextPage *page, const QString &title);
+    TextSettings wanted() const;
+    void preview();
+    void take();
+    void giveBack();
+    void moveAside();
+    QRect textPlace() const;
+    void bringIntoSight();
+    void scroll(int byPx);
+
+    QPointer<ZTGraphicsTextItem> item;
+    QUndoStack &stack;
+    const TextState before;
+    const TextSettings initial;
+    QTabWidget *tabs;
+    QVector<TextPage *> pages;
+    HatchPage *hatch;
+    QTimer previewTimer; ///< gathers changes that come together
+    QRect freePlace;     ///< the drawing beside the dialog; pixels of the screen
+    int scrolledPx = 0;  ///< by which the drawing was moved to show its text there
+    bool isFinished = false;
+};
+
+} // namespace studio

@@ -1,0 +1,186 @@
+#include <studio/text/TextSettings.h>
+
+#include <studio/text/StrokeFonts.h>
+#include <studio/text/TextState.h>
+
+#include <cmath>
+
+namespace studio {
+
+namespace {
+
+// Lines stand at whole units, cut off: rounding must not turn what was meant into a unit less.
+constexpr double kHairMore = 1.0 + 1e-12;
+
+/** Letters that tell how high capitals are: the first one that a font has. */
+constexpr const char *kCapitals[] = {"H", "A", "W"};
+
+QPainterPath glyphOf(ZTFontParam &param, const char *letter)
+{
+    QPainterPath path;
+    if (param.fontType == FontType::singleLine) {
+        ZTPathGlyphCallback strokes;
+        param.shxFont.parser.drawText(&strokes, letter, 0.0, 0.0, 0.0);
+        for (const QPainterPath &glyph : strokes.getPath())
+            path.addPath(glyph);
+    } else {
+        path.addText(0.0, 0.0, param.font, QString::fromLatin1(letter));
+    }
+    return path;
+}
+
+/** Height of capitals before the transform; some height for a font that has none. */
+double capitalHeight(ZTFontParam param)
+{
+    for (const char *letter : kCapitals) {
+        const double height = glyphOf(param, letter).boundingRect().height();
+        if (std::isfinite(height) && height > 0.0)
+            return height;
+    }
+    const double nominal =
+        param.fontType == FontType::singleLine ? param.shxFont.height : param.font.pixelSize();
+    return nominal > 0.0 ? nominal : 1.0;
+}
+
+/** Lengths of what the unit vectors of a text become; 1 for what cannot be scaled. */
+struct Scale
+{
+    explicit Scale(const QTransform &transform)
+        : across(usable(std::hypot(transform.m11(), transform.m12()))),
+          down(usable(std::hypot(transform.m21(), transform.m22())))
+    {
+    }
+
+    static double usable(double length)
+    {
+        return std::isfinite(length) && length > 0.0 ? length : 1.0;
+    }
+
+    double across;
+    double down;
+};
+
+/** The wanted number; the present one where they differ by no more than sums were rounded. */
+double settled(double wanted, double present)
+{
+    return std::abs(wanted - present) <= 1e-9 * qMax(1.0, std::abs(present)) ? present : wanted;
+}
+
+QFont restyled(QFont font, const QFont &wanted)
+{
+    if (font.family() != wanted.family())
+        font.setFamily(wanted.family());
+    if (font.bold() != wanted.bold())
+        font.setBold(wanted.bold());
+    if (font.italic() != wanted.italic())
+        font.setItalic(wanted.italic());
+    return font;
+}
+
+ZTShxFontParam chosenPair(const ZTShxFontParam &present, const TextSettings &settings)
+{
+    if (present.enName == settings.enName && present.zhName == settings.zhName)
+        return present;
+    return strokeFontPair(settings.enName, settings.zhName);
+}
+
+QTransform sized(const QTransform &present, double across, double down)
+{
+    const Scale scale(present);
+    const double widthFactor = settled(across / scale.across, 1.0);
+    const double heightFactor = settled(down / scale.down, 1.0);
+    if (widthFactor == 1.0 && heightFactor == 1.0)
+        return present;
+    return QTransform::fromScale(widthFactor, heightFactor) * present;
+}
+
+/** The variant text of an item, also while it is switched off. */
+ZTVariantText storedVariantText(const ZTGraphicsTextItem &item)
+{
+    ZTShapeText &shape = textShapeOf(item);
+    const bool isOn = shape.isEnableVariantText();
+    shape.setEnableVariantText(true);
+    const ZTVariantText stored = *shape.getVarTxt();
+    shape.setEnableVariantText(isOn);
+    return stored;
+}
+
+void applyWords(const TextSettings &settings, ZTGraphicsTextItem &item)
+{
+    ZTShapeText &shape = textShapeOf(item);
+    if (settings.variantText != storedVariantText(item)) {
+        ZTVariantText source(settings.variantText);
+        shape.cloneVariantText(&source);
+    }
+    item.setFixedText(settings.fixedText);
+    item.setEnableVariantText(settings.isVariant);
+}
+
+void applyArc(const TextSettings &settings, double unitMm, ZTGraphicsTextItem &item)
+{
+    const ZTRoundingParam present = item.getRoundingParam();
+    ZTRoundingParam arc = present;
+    arc.isEnableRounding = settings.isOnArc;
+    arc.startAngle = settings.startDeg;
+    arc.spanAngle = settings.spanDeg;
+    // The record's diameter is the distance from the centre.
+    arc.diameter = settled(settings.diameterMm / 2.0 / unitMm, present.diameter);
+    if (arc != present)
+        item.setRoundingParam(arc);
+}
+
+} // namespace
+
+TextSettings TextSettings::of(const ZTGraphicsTextItem &item)
+{
+    const ZTCoord &coord = *ZTCoord::getInstance();
+    const ZTFontParam param = item.getFontParam();
+    const ZTRoundingParam arc = item.getRoundingParam();
+    const Scale scale(textShapeOf(item).getTransformParam());
+    TextSettings settings;
+    settings.fixedText = item.getFixedText();
+    settings.isVariant = item.isEnableVariantText();
+    settings.variantText = storedVariantText(item);
+    settings.kind = param.fontType;
+    settings.font = param.font;
+    settings.enName = param.shxFont.enName;
+    settings.zhName = param.shxFont.zhName;
+    settings.heightMm = capitalHeight(param) * scale.down;
+    settings.widthFactor = scale.across / scale.down;
+    settings.charSpacingMm = coord.mm2pix(param.wordSpac) * scale.across;
+    settings.lineSpacingMm = coord.mm2pix(param.rowSpac) * scale.down;
+    settings.isOnArc = arc.isEnableRounding;
+    settings.startDeg = arc.startAngle;
+    settings.spanDeg = arc.spanAngle;
+    settings.diameterMm = 2.0 * arc.diameter * scale.down;
+    settings.fill = item.getFillParam();
+    return settings;
+}
+
+void TextSettings::applyTo(ZTGraphicsTextItem &item) const
+{
+    const ZTCoord &coord = *ZTCoord::getInstance();
+    applyWords(*this, item);
+
+    const ZTFontParam present = item.getFontParam();
+    ZTFontParam param = present;
+    param.fontType = kind;
+    param.font = restyled(param.font, font);
+    param.shxFont = chosenPair(param.shxFont, *this);
+    const QTransform before = item.getTransformParam();
+    const double down = heightMm / capitalHeight(param);
+    const QTransform after = sized(before, down * widthFactor, down);
+    const Scale scale(after);
+    param.wordSpac = settled(coord.pix2mm(charSpacingMm / scale.across), present.wordSpac);
+    param.rowSpac = settled(coord.pix2mm(lineSpacingMm / scale.down) * kHairMore, present.rowSpac);
+    if (param != present)
+        item.setFontParam(param);
+    applyArc(*this, scale.down, item);
+    if (after != before)
+        item.setTransformParam(after);
+    if (fill != item.getFillParam())
+        item.setFillParam(fill);
+    showChanged(item);
+}
+
+} // namespace studio

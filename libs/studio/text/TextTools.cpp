@@ -1,0 +1,179 @@
+#include <studio/text/TextTools.h>
+
+#include <studio/Messages.h>
+#include <studio/ShapeItems.h>
+#include <studio/UndoTexts.h>
+#include <studio/commands/FramePause.h>
+#include <studio/commands/ItemSetCommand.h>
+#include <studio/text/InPlaceEditor.h>
+#include <studio/text/TextCommand.h>
+#include <studio/text/TextDialog.h>
+#include <studio/text/VariantParts.h>
+
+#include <QtWidgets/QUndoStack>
+
+namespace studio {
+
+TextTools::TextTools(ZTGraphicsDocument &edited, Messages &told, QWidget &over)
+    : QObject(&over), document(edited), messages(told), window(over)
+{
+    connect(document.view(), &ZTGraphicsView::sigOnItemDouble, this, &TextTools::open);
+    connect(document.itemMag(), &ZTShapeManager::sigAddedShape, this, [this](ShapeItem *item) {
+        if (auto *text = qobject_cast<ZTGraphicsTextItem *>(item))
+            type(*text);
+    });
+    connect(document.undoStack(), &QUndoStack::indexChanged, this, &TextTools::followStack);
+}
+
+TextTools::~TextTools()
+{
+    closeEditor();
+    delete dialog;
+}
+
+ZTGraphicsTextItem *TextTools::selectedText() const
+{
+    const QList<QGraphicsItem *> selected = document.scene()->selectedItems();
+    return selected.size() == 1 ? dynamic_cast<ZTGraphicsTextItem *>(selected.first()) : nullptr;
+}
+
+void TextTools::open(ShapeItem *item)
+{
+    auto *text = qobject_cast<ZTGraphicsTextItem *>(item);
+    // A handle of the frame is no item; it stands for what the frame is around.
+    if (item == nullptr)
+        text = selectedText();
+    if (text == nullptr)
+        return;
+    if (text->isEnableVariantText())
+        showDialogFor(*text);
+    else
+        type(*text);
+}
+
+void TextTools::typeIntoSelected() { open(selectedText()); }
+
+void TextTools::showDialog()
+{
+    if (ZTGraphicsTextItem *text = selectedText())
+        showDialogFor(*text);
+}
+
+void TextTools::type(ZTGraphicsTextItem &item)
+{
+    finishTyping();
+    editor = new InPlaceEditor(*document.view(), item);
+    const TextState before(item);
+    connect(editor, &InPlaceEditor::accepted, this,
+            [this, before](const QString &words) { take(words, before); });
+    connect(editor, &InPlaceEditor::givenUp, this, [this, before] {
+        if (ZTGraphicsTextItem *text = editor->edited())
+            before.restore(*text);
+        closeEditor();
+    });
+}
+
+void TextTools::take(const QString &words, const TextState &before)
+{
+    ZTGraphicsTextItem *item = editor->edited();
+    closeEditor();
+    if (item == nullptr)
+        return;
+    before.restore(*item);
+    if (words.trimmed().isEmpty()) {
+        // Nobody would find it again on the drawing.
+        document.undoStack()->push(
+            new DeleteItemsCommand(document.itemMag(), {item},
+                                   undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Delete"))));
+        return;
+    }
+    if (words == item->getFixedText())
+        return;
+    item->setFixedText(words);
+    document.undoStack()->push(
+        new TextCommand(item, before, TextCommand::VariantText::Kept,
+                        undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Type text"))));
+}
+
+// Later, because the field is often what is just telling of something.
+void TextTools::closeEditor()
+{
+    if (!editor)
+        return;
+    InPlaceEditor *closing = editor;
+    editor.clear();
+    closing->disconnect(this);
+    const bool hadFocus = closing->hasFocus();
+    closing->hide();
+    closing->deleteLater();
+    if (hadFocus)
+        document.view()->setFocus();
+}
+
+void TextTools::finishTyping()
+{
+    if (editor)
+        editor->accept();
+}
+
+void TextTools::showDialogFor(ZTGraphicsTextItem &item)
+{
+    finishTyping();
+    delete dialog;
+    dialog = new TextDialog(item, *document.undoStack(), &window);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->open();
+}
+
+/** The tree keeps the words that a text had when it came in; copies come in before their words. */
+void TextTools::followStack()
+{
+    QSet<const ShapeItem *> texts;
+    for (QGraphicsItem *selected : document.scene()->selectedItems()) {
+        if (auto *text = dynamic_cast<ZTGraphicsTextItem *>(selected))
+            texts.insert(text);
+    }
+    const QUndoStack &stack = *document.undoStack();
+    for (const int step : {stack.index() - 1, stack.index()}) {
+        if (const auto *command = dynamic_cast<const TextCommand *>(stack.command(step)))
+            texts.insert(command->edited());
+    }
+    if (!texts.isEmpty())
+        showInTree(texts);
+}
+
+void TextTools::showInTree(const QSet<const ShapeItem *> &texts)
+{
+    QAbstractItemModel &rows = *document.itemMag()->itemModel();
+    for (int row = 0; row < rows.rowCount(); ++row) {
+        const QModelIndex cell = rows.index(row, 1);
+        const auto *item = cell.data(ZTItemModel::kItemRole).value<ShapeItem *>();
+        if (item != nullptr && texts.contains(item) && cell.data(Qt::EditRole) != item->text())
+            rows.setData(cell, item->text(), Qt::EditRole);
+    }
+}
+
+void TextTools::nextPart()
+{
+    const ShapeItems all = shapeItemsOf(*document.scene());
+    const NextPart part = [&] {
+        const FramePause pause(*document.scene());
+        return NextPart::make(all);
+    }();
+    if (part.texts.isEmpty()) {
+        Q_EMIT told(tr("The drawing has no variant text"));
+        return;
+    }
+    showInTree({all.begin(), all.end()});
+    Q_EMIT partChanged();
+    Q_EMIT told(tr("Next part: %1").arg(part.texts.join(QStringLiteral(", "))));
+    if (!part.errors.isEmpty())
+        messages.failure({tr("A variant text is not complete."),
+                          tr("Mend the list file or the text, then go to the next part."),
+                          part.errors});
+    else if (!part.usedUp.isEmpty())
+        messages.warning({tr("A variant text is used up: its last value shows once more."),
+                          tr("Give it new values before another part is marked."), part.usedUp});
+}
+
+} // namespace studio

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <studio/text/VariantParts.h>
+
+#include <QtWidgets/QWidget>
+
+QT_BEGIN_NAMESPACE
+class QLabel;
+class QListWidget;
+class QStackedWidget;
+class QToolButton;
+class QVBoxLayout;
+QT_END_NAMESPACE
+
+namespace studio {
+
+class SegmentForm;
+
+/**
+ * Composes a variant text: its segments one below the other, the settings of the chosen one beside
+ * them, and the values of the next parts. Nothing here moves a counter or a list on.
+ */
+class VariantPanel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit VariantPanel(QWidget *parent = nullptr);
+
+    /** Shows segments as they were before the present part, without telling. */
+    void showSegments(const Segments &segments);
+    const Segments &segments() const { return parts; }
+
+Q_SIGNALS:
+    void changed(); ///< by the user
+
+private:
+    void buildList(QVBoxLayout &layout);
+    void buildPreview(QVBoxLayout &layout);
+    QToolButton *newButton(const char *name, const QString &text, const QString &toolTip);
+    void add(int kind);
+    void removeChosen();
+    void moveChosen(int by);
+    void edit(const SegmentForm &form);
+    void fillList(int chosen);
+    void showChosen();
+    void showPreview();
+    void showProblem(const QString &errorText);
+    int chosen() const;
+
+    Segments parts;
+    QListWidget *list = nullptr;
+    QToolButton *addButton = nullptr;
+    QToolButton *removeButton = nullptr;
+    QToolButton *upButton = nullptr;
+    QToolButton *downButton = nullptr;
+    QStackedWidget *forms = nullptr; ///< by kind of segment, behind an empty one
+    QListWidget *preview = nullptr;
+    QLabel *problem = nullptr;
+};
+
+} // namespace studio

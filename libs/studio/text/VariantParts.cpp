@@ -1,0 +1,113 @@
+#include <studio/text/VariantParts.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFileInfo>
+
+namespace studio {
+
+namespace {
+
+QString translated(const char *text)
+{
+    return QCoreApplication::translate("studio::VariantParts", text);
+}
+
+/** Takes one update back. */
+struct StepBack
+{
+    void operator()(ZTFixedTextSegment &) const {}
+    void operator()(ZTDateTimeSegment &) const {}
+
+    void operator()(ZTCounterSegment &counter) const
+    {
+        if (counter.updates > 0)
+            --counter.updates;
+    }
+
+    void operator()(ZTTextFileSegment &rows) const
+    {
+        if (rows.nextRow > rows.firstRow)
+            --rows.nextRow;
+    }
+};
+
+struct Describer
+{
+    QString operator()(const ZTFixedTextSegment &fixed) const
+    {
+        return translated(QT_TRANSLATE_NOOP("studio::VariantParts", "Text: %1"))
+            .arg(onOneLine(fixed.text));
+    }
+
+    QString operator()(const ZTCounterSegment &counter) const
+    {
+        return translated(QT_TRANSLATE_NOOP("studio::VariantParts", "Counter: %1"))
+            .arg(counter.format(counter.nextValue()));
+    }
+
+    QString operator()(const ZTDateTimeSegment &moment) const
+    {
+        switch (moment.content) {
+        case ZTDateTimeContent::WeekNumber:
+            return translated(QT_TRANSLATE_NOOP("studio::VariantParts", "Date: week"));
+        case ZTDateTimeContent::WeekYear:
+            return translated(QT_TRANSLATE_NOOP("studio::VariantParts", "Date: year of the week"));
+        case ZTDateTimeContent::DayOfYear:
+            return translated(QT_TRANSLATE_NOOP("studio::VariantParts", "Date: day of the year"));
+        case ZTDateTimeContent::JulianDay:
+            return translated(QT_TRANSLATE_NOOP("studio::VariantParts", "Date: Julian day"));
+        case ZTDateTimeContent::Formatted:
+            break;
+        }
+        return translated(QT_TRANSLATE_NOOP("studio::VariantParts", "Date: %1")).arg(moment.format);
+    }
+
+    QString operator()(const ZTTextFileSegment &rows) const
+    {
+        return translated(QT_TRANSLATE_NOOP("studio::VariantParts", "List: %1"))
+            .arg(QFileInfo(rows.path).fileName());
+    }
+};
+
+} // namespace
+
+QString onOneLine(QString text) { return text.replace(QLatin1Char('\n'), QChar(0x21B5)); }
+
+Segments beforePresentPart(const Segments &segments)
+{
+    Segments before = segments;
+    for (Segment &segment : before)
+        std::visit(StepBack(), segment);
+    return before;
+}
+
+ZTVariantText variantTextOf(const Segments &segments)
+{
+    ZTVariantText text;
+    text.setSegments(segments);
+    return text;
+}
+
+QString describe(const Segment &segment) { return std::visit(Describer(), segment); }
+
+NextPart NextPart::make(const QVector<ZTAbstractGraphicsItem *> &items)
+{
+    NextPart part;
+    for (ZTAbstractGraphicsItem *item : items) {
+        auto *textItem = qobject_cast<ZTAbstractGraphicsTextItem *>(item);
+        ZTVariantText *variantText = textItem != nullptr ? textItem->getVariantText() : nullptr;
+        if (variantText == nullptr)
+            continue;
+        const bool isUsedUp = variantText->isExhausted();
+        variantText->update();
+        textItem->fromVariantTextSetText();
+        part.texts << onOneLine(variantText->getText());
+        if (isUsedUp)
+            part.usedUp << part.texts.last();
+        if (!variantText->errorText().isEmpty())
+            part.errors << variantText->errorText().split(QLatin1Char('\n'));
+    }
+    return part;
+}
+
+} // namespace studio
