@@ -45,7 +45,7 @@ std::string_view optionOf(int argc, char **argv)
 QByteArray environmentLanguage()
 {
     for (const char *variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        const QByteArray value = qgetenv(variable);
+        QByteArray value = qgetenv(variable);
         if (!value.isEmpty())
             return value;
     }
