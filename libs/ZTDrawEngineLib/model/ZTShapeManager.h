@@ -108,6 +108,8 @@ public:
      * id counter becomes the stream's, so ids may repeat. The stream's status is the caller's to
      * test; the item count is taken as it stands, so give it streams that are known to be whole.
      * Kept: where the stream ends early, each item still announced becomes an empty rectangle.
+     * Limit: an item whose position is no number, or farther away than 1,000,000,000 pixels, comes
+     * to the scene's origin.
      */
     bool load(QDataStream &stream);
 

@@ -89,6 +89,8 @@ public:
      *
      * Frame: scene pixels, relative to the item's origin.
      * Owner: the shape; the reference is good until the next `paint()`.
+     * Limit: empty for an outline that has a coordinate which is no number, or one beyond
+     * 1,000,000,000 pixels.
      */
     virtual const QPainterPath &getLines() const;
 

@@ -452,11 +452,21 @@ private Q_SLOTS:
         QCOMPARE(saved(), header(4, 0));
     }
 
-    void load_countBeyondTheStream_endsWithIt()
+    void load_countBeyondTheStream_appendsEmptyEntries()
     {
-        load(header(4, std::numeric_limits<qint32>::max()) + entry(1, numbers(1)) +
-             entry(2, numbers(2)));
-        QCOMPARE(saved(), header(4, 2) + entry(1, numbers(1)) + entry(2, numbers(2)));
+        load(header(4, 4) + entry(1, numbers(1)) + entry(2, numbers(2)));
+        QCOMPARE(saved(), header(4, 4) + entry(1, numbers(1)) + entry(2, numbers(2)) +
+                              entry(0, ZTVariantText()) + entry(0, ZTVariantText()));
+    }
+
+    void load_statusAlreadyBad_readsAllTheSame()
+    {
+        const QByteArray bytes = header(4, 1) + entry(1, numbers(1));
+        QDataStream stream(bytes);
+        stream.setStatus(QDataStream::ReadCorruptData);
+        registry().load(stream);
+        QCOMPARE(stream.status(), QDataStream::ReadCorruptData);
+        QCOMPARE(saved(), bytes);
     }
 
     void load_anyTruncation_keepsTheWholeEntries()
