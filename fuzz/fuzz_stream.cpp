@@ -91,7 +91,7 @@ struct Extent
 
 /**
  * Walks the records and switches off the hatches that the library lays out although they take
- * seconds: below its limit of ten million scan lines, which is for its own fuzz target to look at.
+ * seconds: below its limit of a million scan lines, which is for its own fuzz target to look at.
  */
 class Hatches
 {
