@@ -12,6 +12,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -87,8 +88,8 @@ void BM_save(benchmark::State &state, MakeDrawing make)
     QByteArray plain = bytesOf(make(countOf(state)));
     QDataStream in(plain);
     manager.load(in);
-    const QByteArray bytes = timeSaves(state, plain.size(),
-                                       [&](QDataStream &stream) { manager.save(stream); });
+    const QByteArray bytes =
+        timeSaves(state, plain.size(), [&](QDataStream &stream) { manager.save(stream); });
     QDataStream saved(bytes);
     if (bytesOf(testsupport::readPlainly(saved)) != bytes)
         state.SkipWithError("the plain way writes other bytes");
@@ -201,7 +202,47 @@ void BM_longestSilence(benchmark::State &state, MakeDrawing make)
         open.reset();
         state.ResumeTiming();
     }
+    state.SetComplexityN(state.range(0));
     state.counters["silence_ms"] = static_cast<double>(longestNs) / 1e6;
+}
+
+/** A buffer that is cancelled after a hundredth of its bytes: it gives no kind of item any more. */
+class CancelledBuffer : public QBuffer
+{
+public:
+    explicit CancelledBuffer(QByteArray *bytes) : QBuffer(bytes), good(bytes->size() / 100)
+    {
+        open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+    }
+
+protected:
+    qint64 readData(char *data, qint64 size) override
+    {
+        if (pos() < good)
+            return QBuffer::readData(data, size);
+        std::fill_n(data, size, '\xFF');
+        return size;
+    }
+
+private:
+    qint64 good;
+};
+
+void BM_cancelledLoad(benchmark::State &state, MakeDrawing make)
+{
+    QByteArray bytes = bytesOf(make(countOf(state)));
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto open = std::make_unique<OpenDocument>();
+        state.ResumeTiming();
+        CancelledBuffer device(&bytes);
+        QDataStream stream(&device);
+        open->manager().load(stream);
+        state.PauseTiming();
+        open.reset();
+        state.ResumeTiming();
+    }
+    state.SetComplexityN(state.range(0));
 }
 
 void sizes(benchmark::internal::Benchmark *bench)
@@ -222,6 +263,7 @@ BENCHMARK_CAPTURE(BM_readPlainly, mixed, testsupport::mixedDrawing)->Apply(sizes
 BENCHMARK_CAPTURE(BM_load, mixed, testsupport::mixedDrawing)->Apply(sizes);
 BENCHMARK_CAPTURE(BM_loadAndShow, mixed, testsupport::mixedDrawing)->Apply(sizes);
 BENCHMARK_CAPTURE(BM_clear, rectangles, testsupport::rectanglesDrawing)->Apply(sizes);
+BENCHMARK_CAPTURE(BM_cancelledLoad, rectangles, testsupport::rectanglesDrawing)->Apply(sizes);
 BENCHMARK_CAPTURE(BM_longestSilence, rectangles, testsupport::rectanglesDrawing)->Apply(sizes);
 BENCHMARK_CAPTURE(BM_longestSilence, mixed, testsupport::mixedDrawing)->Apply(sizes);
 

@@ -30,10 +30,12 @@ QStringList readFamilies(QDataStream &stream)
     const QDataStream::Status before = stream.status();
     if (stream.device() == nullptr || !stream.device()->isTransactionStarted())
         stream.resetStatus();
-    quint32 count = 0;
+    qint32 count = 0;
     stream >> count;
+    if (count < 0) // more than a list can hold
+        stream.setStatus(QDataStream::ReadCorruptData);
     QStringList families;
-    for (quint32 i = 0; i < count; ++i) {
+    for (qint32 i = 0; i < count; ++i) {
         QString family;
         stream >> family;
         if (stream.status() != QDataStream::Ok) {
@@ -61,12 +63,12 @@ void readWithFamilies(QDataStream &stream, QFont &font)
         other.setFloatingPointPrecision(stream.floatingPointPrecision());
     };
     setUpAlike(checked);
-    relay<QString, QString>(stream, checked);                 // family, style name
-    relay<double, qint32>(stream, checked);                   // sizes in points and pixels
-    relay<quint8, quint16>(stream, checked);                  // style hint and strategy
+    relay<QString, QString>(stream, checked);                        // family, style name
+    relay<double, qint32>(stream, checked);                          // sizes in points and pixels
+    relay<quint8, quint16>(stream, checked);                         // style hint and strategy
     relay<quint8, quint8, quint8, quint16, quint8>(stream, checked); // up to stretch, more bits
-    relay<qint32, qint32>(stream, checked);                   // letter and word spacing
-    relay<quint8, quint8>(stream, checked);                   // hinting, capitals
+    relay<qint32, qint32>(stream, checked);                          // letter and word spacing
+    relay<quint8, quint8>(stream, checked);                          // hinting, capitals
     checked << readFamilies(stream);
     QDataStream fields(bytes);
     setUpAlike(fields);

@@ -21,9 +21,8 @@ public:
     /** False where fields take another form, or would not be written at all. */
     static bool suits(const QDataStream &stream)
     {
-        const bool hasDoubles =
-            stream.version() < QDataStream::Qt_4_6 ||
-            stream.floatingPointPrecision() == QDataStream::DoublePrecision;
+        const bool hasDoubles = stream.version() < QDataStream::Qt_4_6 ||
+                                stream.floatingPointPrecision() == QDataStream::DoublePrecision;
         return hasDoubles && stream.status() == QDataStream::Ok && stream.device() != nullptr;
     }
 

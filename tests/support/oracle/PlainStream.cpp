@@ -111,7 +111,10 @@ public:
         state = state * 6364136223846793005ULL + 1442695040888963407ULL;
         return static_cast<quint32>(state >> 33) % limit;
     }
-    double number(double from, double to) { return from + (to - from) * below(1U << 30) / (1U << 30); }
+    double number(double from, double to)
+    {
+        return from + (to - from) * below(1U << 30) / (1U << 30);
+    }
     bool coin() { return below(2) == 1; }
 
 private:
@@ -133,7 +136,8 @@ QTransform randomTransform(Dice &dice)
 PlainBase randomBase(Dice &dice, quint8 kind, int id)
 {
     PlainBase base;
-    base.rect = {dice.number(-50, 50), dice.number(-50, 50), dice.number(0, 40), dice.number(0, 40)};
+    base.rect = {dice.number(-50, 50), dice.number(-50, 50), dice.number(0, 40),
+                 dice.number(0, 40)};
     base.transform = randomTransform(dice);
     if (dice.below(4) == 0)
         base.roundingTransform = randomTransform(dice);
@@ -202,6 +206,8 @@ PlainItem randomItem(Dice &dice, quint8 kind, int id)
     item.kind = kind;
     item.posPx = {dice.number(-3000, 3000), dice.number(-3000, 3000)};
     item.base = randomBase(dice, kind, id);
+    if (kind == Tdot && dice.coin())
+        item.base.rect = {0, 0, 100, 100}; // nothing gives the figure another one
     item.sideCount = static_cast<qint32>(dice.below(12));
     if (kind == Image)
         item.imagePath = QStringLiteral(".plt"); // nothing that a file could be behind

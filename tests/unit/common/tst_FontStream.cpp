@@ -136,7 +136,7 @@ private Q_SLOTS:
 
     void read_announcedFamiliesThatAreNotThere_makesNoRoomForThem()
     {
-        const QByteArray bytes = announcing(0xFFFFFFFF, QByteArray("\0\0\0\2\0A", 6));
+        const QByteArray bytes = announcing(0x7FFFFFFF, QByteArray("\0\0\0\2\0A", 6));
         QDataStream stream(bytes);
         QFont font;
         readFont(stream, font);
@@ -144,6 +144,17 @@ private Q_SLOTS:
         QCOMPARE(stream.status(), QDataStream::ReadPastEnd);
         QCOMPARE(font.families(), QStringList());
         QCOMPARE(font.family(), QStringLiteral("F"));
+    }
+
+    void read_moreFamiliesThanAListHolds_readsNone()
+    {
+        const QByteArray bytes = announcing(0xFFFFFFFF, QByteArray(8, '\xFF'));
+        QDataStream stream(bytes);
+        QFont font;
+        readFont(stream, font);
+        QCOMPARE(stream.status(), QDataStream::ReadCorruptData);
+        QCOMPARE(stream.device()->bytesAvailable(), 8LL);
+        QCOMPARE(font.families(), QStringList());
     }
 
     void read_manyFamilies_keepsTheFirst()

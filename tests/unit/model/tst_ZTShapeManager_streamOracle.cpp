@@ -230,8 +230,7 @@ private:
         SetUp setUp;
         setUp.version = version;
         setUp.order = isBigEndian ? QDataStream::BigEndian : QDataStream::LittleEndian;
-        setUp.precision =
-            isDouble ? QDataStream::DoublePrecision : QDataStream::SinglePrecision;
+        setUp.precision = isDouble ? QDataStream::DoublePrecision : QDataStream::SinglePrecision;
         return setUp;
     }
 
