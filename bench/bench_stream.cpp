@@ -105,8 +105,8 @@ void BM_readPlainly(benchmark::State &state, MakeDrawing make)
     state.SetComplexityN(state.range(0));
 }
 
-/** The call alone: the items are built, painted once, in the scene and in the tree. */
-void BM_load(benchmark::State &state, MakeDrawing make)
+template <class Finish>
+void timeLoads(benchmark::State &state, MakeDrawing make, const Finish &finish)
 {
     const QByteArray bytes = bytesOf(make(countOf(state)));
     for (auto _ : state) {
@@ -114,6 +114,7 @@ void BM_load(benchmark::State &state, MakeDrawing make)
         auto open = std::make_unique<OpenDocument>();
         state.ResumeTiming();
         open->load(bytes);
+        finish();
         state.PauseTiming();
         if (open->manager().itemModel()->rowCount() != countOf(state))
             state.SkipWithError("not all items are there");
@@ -123,21 +124,16 @@ void BM_load(benchmark::State &state, MakeDrawing make)
     state.SetComplexityN(state.range(0));
 }
 
+/** The call alone: the items are built, painted once, in the scene and in the tree. */
+void BM_load(benchmark::State &state, MakeDrawing make)
+{
+    timeLoads(state, make, [] {});
+}
+
 /** Until the window is up to date again. */
 void BM_loadAndShow(benchmark::State &state, MakeDrawing make)
 {
-    const QByteArray bytes = bytesOf(make(countOf(state)));
-    for (auto _ : state) {
-        state.PauseTiming();
-        auto open = std::make_unique<OpenDocument>();
-        state.ResumeTiming();
-        open->load(bytes);
-        QApplication::processEvents();
-        state.PauseTiming();
-        open.reset();
-        state.ResumeTiming();
-    }
-    state.SetComplexityN(state.range(0));
+    timeLoads(state, make, [] { QApplication::processEvents(); });
 }
 
 /** Taking back what was loaded, as a host does when the user cancels or opens another drawing. */

@@ -3,16 +3,13 @@
 // hangs or yields coordinates that are no numbers.
 
 #include <support/Factories.h>
+#include <support/RoughUse.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 #include <QtCore/QDataStream>
 #include <QtCore/QtEndian>
-#include <QtGui/QImage>
-#include <QtGui/QMouseEvent>
-#include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QGraphicsView>
 
 #include <cmath>
 #include <cstdint>
@@ -219,44 +216,6 @@ void checkMarks(const ZTMarkGraph &graph)
     }
 }
 
-void send(QGraphicsView &view, QEvent::Type type, const QPoint &pos, Qt::MouseButtons buttons)
-{
-    QMouseEvent event(type, pos, view.viewport()->mapToGlobal(pos),
-                      type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, buttons,
-                      Qt::NoModifier);
-    QApplication::sendEvent(view.viewport(), &event);
-}
-
-void paint(ZTGraphicsScene &scene)
-{
-    QImage image(64, 64, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    scene.render(&painter, image.rect(), QRectF(-200, -200, 400, 400));
-}
-
-void edit(ZTGraphicsScene &scene)
-{
-    QGraphicsView view(&scene);
-    view.resize(100, 100);
-    QPainterPath everywhere;
-    everywhere.addRect(scene.sceneRect());
-    scene.setSelectionArea(everywhere);
-    send(view, QEvent::MouseButtonPress, {50, 50}, Qt::LeftButton);
-    send(view, QEvent::MouseMove, {60, 65}, Qt::LeftButton);
-    send(view, QEvent::MouseButtonRelease, {60, 65}, Qt::NoButton);
-    scene.setMirror(1);
-    const QList<QGraphicsItem *> items = scene.items();
-    for (QGraphicsItem *candidate : items) {
-        if (auto *item = dynamic_cast<ZTAbstractGraphicsItem *>(candidate)) {
-            item->scale(2.0, 0.5);
-            item->moveBy(3, 4);
-        }
-    }
-    QImage image(view.size(), QImage::Format_RGB32);
-    view.viewport()->render(&image);
-}
-
 QByteArray saved(ZTShapeManager &manager)
 {
     QByteArray bytes;
@@ -291,14 +250,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     ZTShapeManager manager(nullptr);
     load(manager, bytes, setUp);
     checkMarks(manager.getShapeLines());
-    paint(*manager.scene());
-    edit(*manager.scene());
+    testsupport::useRoughly(*manager.scene());
     const QByteArray written = saved(manager);
     manager.clear();
 
     load(manager, written, SetUp(0));
     checkMarks(manager.getShapeLines());
-    paint(*manager.scene());
+    testsupport::useRoughly(*manager.scene());
     manager.clear();
     check(manager.getShapeList().isEmpty());
     ZTVariantTextManager::release();

@@ -1,5 +1,6 @@
 #include <support/Factories.h>
 #include <support/OwnFolder.h>
+#include <support/RoughUse.h>
 #include <support/SingletonGuard.h>
 #include <support/TinyFonts.h>
 #include <support/oracle/PlainStream.h>
@@ -10,9 +11,6 @@
 #include <QtCore/QDataStream>
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
-#include <QtGui/QImage>
-#include <QtGui/QMouseEvent>
-#include <QtGui/QPainter>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QGraphicsView>
@@ -96,38 +94,6 @@ bool isFinite(const ZTMarkGraph &graph)
         }
     }
     return true;
-}
-
-void send(QGraphicsView &view, QEvent::Type type, const QPoint &pos, Qt::MouseButtons buttons)
-{
-    const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-    QMouseEvent event(type, pos, view.viewport()->mapToGlobal(pos), button, buttons,
-                      Qt::NoModifier);
-    QApplication::sendEvent(view.viewport(), &event);
-}
-
-/** What a user does with a drawing: look at it, select all, drag, mirror, resize. */
-void use(ZTGraphicsScene &scene)
-{
-    QGraphicsView view(&scene);
-    view.resize(120, 120);
-    QImage image(view.size(), QImage::Format_RGB32);
-    view.viewport()->render(&image);
-    QPainterPath everywhere;
-    everywhere.addRect(scene.sceneRect());
-    scene.setSelectionArea(everywhere);
-    send(view, QEvent::MouseButtonPress, {60, 60}, Qt::LeftButton);
-    send(view, QEvent::MouseMove, {70, 75}, Qt::LeftButton);
-    send(view, QEvent::MouseButtonRelease, {70, 75}, Qt::NoButton);
-    scene.setMirror(1);
-    const QList<QGraphicsItem *> items = scene.items();
-    for (QGraphicsItem *candidate : items) {
-        if (auto *item = dynamic_cast<ZTAbstractGraphicsItem *>(candidate)) {
-            item->scale(2.0, 0.5);
-            item->moveBy(3, 4);
-        }
-    }
-    view.viewport()->render(&image);
 }
 
 /** Gives the first `good` bytes, and fails from then on. */
@@ -575,7 +541,7 @@ private:
         const QByteArray bytes = bytesOf(drawingOf(item));
         load(bytes);
         QVERIFY(isFinite(manager->getShapeLines()));
-        use(*manager->scene());
+        testsupport::useRoughly(*manager->scene());
         QVERIFY(isFinite(manager->getShapeLines()));
         const QByteArray again = saved(*manager);
         manager->clear();
