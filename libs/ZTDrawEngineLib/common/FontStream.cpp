@@ -90,7 +90,7 @@ void cutToSize(QFont &font)
 
 } // namespace
 
-void readFont(QDataStream &stream, QFont &font)
+void ztstream::readFont(QDataStream &stream, QFont &font)
 {
     if (stream.version() >= QDataStream::Qt_5_13)
         readWithFamilies(stream, font);

@@ -7,6 +7,8 @@ class QDataStream;
 class QFont;
 QT_END_NAMESPACE
 
+namespace ztstream {
+
 /**
  * Reads a font as its standard operator does, and survives any bytes.
  *
@@ -18,3 +20,5 @@ QT_END_NAMESPACE
  * 1,000,000, to which larger ones are cut. A size that is no number becomes 1.
  */
 ZTDRAWENGINELIB_PRIVATE_EXPORT void readFont(QDataStream &stream, QFont &font);
+
+} // namespace ztstream

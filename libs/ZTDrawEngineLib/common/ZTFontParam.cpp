@@ -23,7 +23,7 @@ QDataStream &operator>>(QDataStream &stream, ZTFontParam &param)
     qint32 fontType = 0;
     stream >> fontType >> param.wordSpac >> param.rowSpac;
     param.fontType = static_cast<FontType>(fontType & 0xFF);
-    readFont(stream, param.font);
+    ztstream::readFont(stream, param.font);
     stream >> param.shxFont;
     return stream;
 }

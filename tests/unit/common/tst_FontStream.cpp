@@ -7,6 +7,8 @@
 
 #include <limits>
 
+using ztstream::readFont;
+
 namespace {
 
 constexpr int kVersions[] = {QDataStream::Qt_1_0,  QDataStream::Qt_2_1,  QDataStream::Qt_3_0,
