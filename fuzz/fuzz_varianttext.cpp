@@ -6,6 +6,7 @@
 
 #include <QtCore/QDataStream>
 #include <QtCore/QDateTime>
+#include <QtCore/QtEndian>
 
 #include <cstdint>
 #include <cstdlib>
@@ -57,8 +58,14 @@ void readText(const QByteArray &bytes)
     text.restart();
 }
 
-void readRegistry(const QByteArray &bytes)
+/** Read with few entries, as all that are announced are made, whatever the stream holds. */
+void readRegistry(QByteArray bytes)
 {
+    constexpr qint32 kMostEntries = 50;
+    if (bytes.size() < 8)
+        return;
+    char *count = bytes.data() + 4;
+    qToBigEndian(qMin(qFromBigEndian<qint32>(count), kMostEntries), count);
     QDataStream stream(bytes);
     ZTVariantTextManager::getInstance()->load(stream);
     ZTVariantTextManager::release();

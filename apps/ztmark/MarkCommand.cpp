@@ -48,7 +48,7 @@ MarkCommand::MarkCommand(CLI::App &app)
            "gap\n"
            "apart, each one object.\n"
            "\n"
-           "Limits: drawings of 256 MiB, 1,000,000 objects, 10,000,000 hatch lines over a "
+           "Limits: drawings of 256 MiB, 1,000,000 objects, 1,000,000 hatch lines over a "
            "drawing,\n"
            "20,000,000 points and hatch segments in all.\n"
            "\n"

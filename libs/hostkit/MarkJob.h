@@ -57,7 +57,7 @@ struct MarkJobError
  * Order: on the GUI thread of a `QApplication`, after `registerFactories`. The files behind the
  * drawings must not change meanwhile.
  * Failure: false with the reason, before any memory is spent on a job beyond the limits.
- * Limit: 10,000,000 hatch lines laid over a drawing, and in the whole job 1,000,000 objects and
+ * Limit: 1,000,000 hatch lines laid over a drawing, and in the whole job 1,000,000 objects and
  * 20,000,000 points of outlines and hatch segments, the segments as estimated beforehand.
  */
 bool buildMarkJob(const std::vector<std::unique_ptr<DrawingInput>> &drawings,

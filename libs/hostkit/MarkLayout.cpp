@@ -9,7 +9,7 @@ namespace hostkit {
 
 namespace {
 
-constexpr double kMaxHatchRows = 10e6;
+constexpr double kMaxHatchRows = 1e6;
 constexpr double kMaxPieces = 20e6;
 constexpr double kMaxObjects = 1e6;
 constexpr double kHatchMarginPx = 10.0; // on each side of a layout of hatch lines

@@ -259,7 +259,7 @@ private Q_SLOTS:
         row("corner.plt -o corner.plt/b.svg", "corner.plt/b.svg: the folder does not exist");
         row("corner.plt --hatch line --spacing 0.000001",
             "corner.plt: too much work: 60,857,431 hatch lines over the drawing, the limit is "
-            "10,000,000");
+            "1,000,000");
         row("corner.plt corner.plt --matrix 1000x1000",
             "too much work: 2,000,000 objects, the limit is 1,000,000");
     }

@@ -422,7 +422,7 @@ x-min、x-max、y-min、y-max</translation>
 clockwise. A drawing is imported 20 mm high. Several drawings stand side by side, a gap
 apart, each one object.
 
-Limits: drawings of 256 MiB, 1,000,000 objects, 10,000,000 hatch lines over a drawing,
+Limits: drawings of 256 MiB, 1,000,000 objects, 1,000,000 hatch lines over a drawing,
 20,000,000 points and hatch segments in all.
 
 Example:
@@ -430,7 +430,7 @@ Example:
         <translation>长度单位为 mm（缺省）、cm 或 in：0.5、0.5mm、2cm、1in。角度以度为单位，顺时针为正。
 图纸导入后高 20 mm。多个图纸并排放置，相隔一个间距，各为一个对象。
 
-上限：图纸 256 MiB，1,000,000 个对象，一个图纸 10,000,000 条填充线，
+上限：图纸 256 MiB，1,000,000 个对象，一个图纸 1,000,000 条填充线，
 总共 20,000,000 个点和填充线段。
 
 示例：

@@ -1,5 +1,7 @@
 #include <ZTDrawEngineLib/common/ZTFontParam.h>
 
+#include <ZTDrawEngineLib/common/FontStream_p.h>
+
 #include <QtCore/QDataStream>
 
 bool operator==(const ZTFontParam &a, const ZTFontParam &b)
@@ -19,7 +21,9 @@ QDataStream &operator<<(QDataStream &stream, const ZTFontParam &param)
 QDataStream &operator>>(QDataStream &stream, ZTFontParam &param)
 {
     qint32 fontType = 0;
-    stream >> fontType >> param.wordSpac >> param.rowSpac >> param.font >> param.shxFont;
+    stream >> fontType >> param.wordSpac >> param.rowSpac;
     param.fontType = static_cast<FontType>(fontType & 0xFF);
+    ztstream::readFont(stream, param.font);
+    stream >> param.shxFont;
     return stream;
 }

@@ -4,6 +4,18 @@
 
 #include <cmath>
 
+namespace {
+
+/** The fonts are shared: another height would make every text in them vanish, not only this one. */
+bool isUsableHeight(double height)
+{
+    constexpr double kLeast = 1e-6;
+    constexpr double kMost = 1e6;
+    return std::abs(height) >= kLeast && std::abs(height) <= kMost;
+}
+
+} // namespace
+
 bool operator==(const ZTShxFontParam &a, const ZTShxFontParam &b)
 {
     return a.zhName == b.zhName && a.enName == b.enName && a.height == b.height;
@@ -22,9 +34,9 @@ QDataStream &operator>>(QDataStream &stream, ZTShxFontParam &param)
     // The stream holds the big font first, the pair takes the regular one first.
     param.parser.init(param.enName.toLocal8Bit().constData(),
                       param.zhName.toLocal8Bit().constData());
-    if (std::isfinite(param.height) && param.height != 0)
+    if (isUsableHeight(param.height))
         param.parser.setTextHeight(param.height);
-    else // such a height would make every text in these fonts vanish, not only this one
+    else
         param.parser = ZTRegBigFontShxParser();
     return stream;
 }

@@ -37,8 +37,9 @@ ZTDRAWENGINELIB_EXPORT bool operator!=(const ZTShxFontParam &a, const ZTShxFontP
  * Stream form: zhName (QString), enName (QString), height (double).
  *
  * A record that was read has loaded its fonts and set their height: it is ready to draw.
- * Failure: with an empty name the record keeps the fonts that it had. A height of 0, or one that is
- * not finite, leaves it without fonts: they are shared, and such a height is no use to anyone.
+ * Failure: with an empty name the record keeps the fonts that it had. A height that is
+ * no number leaves it without fonts: they are shared, and such a height is no use to anyone.
+ * Limit: so does a height below 0.000001 or above 1,000,000, its sign aside.
  */
 ZTDRAWENGINELIB_EXPORT QDataStream &operator<<(QDataStream &stream, const ZTShxFontParam &param);
 ZTDRAWENGINELIB_EXPORT QDataStream &operator>>(QDataStream &stream, ZTShxFontParam &param);

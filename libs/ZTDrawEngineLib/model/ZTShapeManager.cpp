@@ -96,7 +96,8 @@ ZTAbstractGraphicsItem *ZTShapeManager::addShape(ShapeType type, const QRectF &r
     item->getShapeBase()->setId(nextShapeId);
     m_scene->addItem(item);
     m_itemModel->insert(type, item);
-    ++nextShapeId;
+    // A loaded counter may be the largest there is.
+    nextShapeId = static_cast<qint32>(static_cast<quint32>(nextShapeId) + 1);
     return item;
 }
 

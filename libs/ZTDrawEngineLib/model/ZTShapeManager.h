@@ -108,6 +108,15 @@ public:
      * id counter becomes the stream's, so ids may repeat. The stream's status is the caller's to
      * test; the item count is taken as it stands, so give it streams that are known to be whole.
      * Kept: where the stream ends early, each item still announced becomes an empty rectangle.
+     *
+     * Progress: the device is read from front to back, and nothing is put off to the end, so that
+     * a device of the host's own can count the bytes that it gives; it may run the event loop
+     * meanwhile. To cancel, it answers every further read with bytes of 255: none of what is still
+     * announced becomes an item then. Every answer has to be whole, a short one is taken for the
+     * end.
+     *
+     * Limit: an item whose position is no number, or farther away than 1,000,000,000 pixels, comes
+     * to the scene's origin.
      */
     bool load(QDataStream &stream);
 

@@ -1,9 +1,11 @@
 #include <ZTDrawEngineLib/model/ZTShapeManager.h>
 
+#include <ZTDrawEngineLib/common/PackedFields_p.h>
 #include <ZTDrawEngineLib/items/ZTAbstractGraphicsItem.h>
 #include <ZTDrawEngineLib/items/ZTGraphicsItemFactory.h>
 #include <ZTDrawEngineLib/items/ZTGraphicsScene.h>
 #include <ZTDrawEngineLib/model/ZTItemModel.h>
+#include <ZTDrawEngineLib/shapes/Reach_p.h>
 #include <ZTDrawEngineLib/shapes/ZTShapeBase.h>
 #include <ZTDrawEngineLib/text/ZTVariantTextManager.h>
 
@@ -22,6 +24,20 @@ QVector<const ZTAbstractGraphicsItem *> shapeItemsFromBelow(const QGraphicsScene
     return found;
 }
 
+/** What stands in front of a shape's own record: the item's kind and its position. */
+void writeHead(QDataStream &stream, const ZTAbstractGraphicsItem &item)
+{
+    const auto kind = static_cast<quint8>(item.getShapeType());
+    using Fields = PackedFields<sizeof(quint8) + 2 * sizeof(double)>;
+    if (!Fields::suits(stream)) {
+        stream << kind << item.pos();
+        return;
+    }
+    Fields fields(stream);
+    fields << kind << item.pos();
+    fields.writeTo(stream);
+}
+
 } // namespace
 
 void ZTShapeManager::save(QDataStream &stream)
@@ -30,7 +46,7 @@ void ZTShapeManager::save(QDataStream &stream)
     const QVector<const ZTAbstractGraphicsItem *> shapeItems = shapeItemsFromBelow(*m_scene);
     stream << nextShapeId << static_cast<qint32>(shapeItems.size());
     for (const ZTAbstractGraphicsItem *item : shapeItems) {
-        stream << static_cast<quint8>(item->getShapeType()) << item->pos();
+        writeHead(stream, *item);
         item->getShapeBase()->save(stream);
     }
 }
@@ -59,7 +75,8 @@ void ZTShapeManager::loadItem(QDataStream &stream)
     QPointF posPx;
     stream >> posPx;
     item->load(stream);
-    item->setPos(posPx);
+    // What lies nowhere would put no numbers into the mark data.
+    item->setPos(isWithinReach(posPx) ? posPx : QPointF());
     item->setShapeType(type);
     m_scene->addItem(item);
     m_itemModel->insert(type, item);

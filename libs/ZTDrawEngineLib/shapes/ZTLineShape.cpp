@@ -1,6 +1,7 @@
 #include <ZTDrawEngineLib/shapes/ZTLineShape.h>
 
 #include <ZTDrawEngineLib/document/ZTCoord.h>
+#include <ZTDrawEngineLib/shapes/Reach_p.h>
 
 ZTLineShape::ZTLineShape() : line(getRect().topLeft(), getRect().bottomRight())
 {
@@ -19,8 +20,10 @@ void ZTLineShape::paint()
     m_angle = linePx.angle();
     m_length = getTransformParam().map(line).length();
     QPainterPath lines;
-    lines.moveTo(linePx.p1());
-    lines.lineTo(linePx.p2());
+    if (isWithinReach(linePx.p1()) && isWithinReach(linePx.p2())) {
+        lines.moveTo(linePx.p1());
+        lines.lineTo(linePx.p2());
+    }
     setLines(lines);
 }
 

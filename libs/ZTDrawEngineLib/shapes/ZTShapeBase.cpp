@@ -1,10 +1,19 @@
 #include <ZTDrawEngineLib/shapes/ZTShapeBase.h>
 
+#include <ZTDrawEngineLib/common/PackedFields_p.h>
 #include <ZTDrawEngineLib/document/ZTCoord.h>
 #include <ZTDrawEngineLib/model/ZTPointSort.h>
+#include <ZTDrawEngineLib/shapes/Reach_p.h>
 #include <ZTDrawEngineLib/shapes/ZTShapeBase_p.h>
 
 #include <QtCore/QDataStream>
+
+namespace {
+
+/** Bytes of the base record where numbers keep their full width. */
+constexpr int kRecordSize = 214;
+
+} // namespace
 
 ZTShapeBase::ZTShapeBase() : d(new ZTShapeBasePrivate) {}
 
@@ -103,6 +112,8 @@ void ZTShapeBase::path2Lines(bool sort)
 {
     const QTransform pathToPx = pathToMm() * ZTCoord::getInstance()->getMm2pixTransform();
     QList<QPolygonF> polygons = d->path.toSubpathPolygons(pathToPx);
+    if (!isWithinReach(polygons))
+        polygons.clear();
     if (sort)
         polygons = ZTPointSort::getInstance()->sort(polygons);
 
@@ -119,6 +130,17 @@ void ZTShapeBase::setFillLines(const QVector<QLineF> &fillLinesPx) { d->fillLine
 QDataStream &operator<<(QDataStream &stream, const ZTShapeBase &shape)
 {
     const ZTShapeBasePrivate &record = *shape.d;
+    using Fields = PackedFields<kRecordSize>;
+    if (Fields::suits(stream)) {
+        const ZTFillParam &fill = record.fillParam;
+        Fields fields(stream);
+        fields << record.rect << record.transformParam << record.roundingTransformParam
+               << static_cast<qint32>(fill.fillType) << fill.spac << fill.angle
+               << fill.isEnableBorder << static_cast<qint32>(record.shapeType) << record.update
+               << record.id << record.lockAspectRatio << record.penId;
+        fields.writeTo(stream);
+        return stream;
+    }
     return stream << record.rect << record.transformParam << record.roundingTransformParam
                   << record.fillParam << static_cast<qint32>(record.shapeType) << record.update
                   << record.id << record.lockAspectRatio << record.penId;

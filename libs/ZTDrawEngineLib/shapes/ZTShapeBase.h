@@ -78,8 +78,8 @@ public:
      * @param angle direction in degrees
      *
      * Failure: a spacing that is not a positive finite number gives an empty hatch.
-     * Limit: so does a layout of more than 10,000,000 scan lines, or one so fine that the ordinate
-     * no longer grows, or a hatch of more than 60,000,000 lines; the logging category
+     * Limit: so does a layout of more than 1,000,000 scan lines, or one so fine that the ordinate
+     * no longer grows, or a hatch of more than 25,000,000 lines; the logging category
      * "ZTDrawEngineLib.Hatch" tells.
      */
     virtual void fillULine(FillType type, double spac, double angle);
@@ -89,6 +89,8 @@ public:
      *
      * Frame: scene pixels, relative to the item's origin.
      * Owner: the shape; the reference is good until the next `paint()`.
+     * Limit: empty for an outline that has a coordinate which is no number, or one beyond
+     * 1,000,000,000 pixels.
      */
     virtual const QPainterPath &getLines() const;
 

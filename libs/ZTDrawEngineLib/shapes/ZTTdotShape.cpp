@@ -58,13 +58,35 @@ void addLabel(QPainterPath &path, const QPointF &anchor, const QString &text)
     path.addText(anchor - box.center(), font, text);
 }
 
-void addLabels(QPainterPath &path, const QRectF &r)
+void drawLabels(QPainterPath &path, const QRectF &r)
 {
     const QPointF centre = r.center();
     addLabel(path, {centre.x(), r.top() + 10}, QStringLiteral("up"));
     addLabel(path, {centre.x(), r.bottom() - 10}, QStringLiteral("down"));
     addLabel(path, {r.left() + 10, centre.y()}, QStringLiteral("left"));
     addLabel(path, {r.right() - 10, centre.y()}, QStringLiteral("right"));
+}
+
+/** Unlike the operator of the class, which takes nearly equal ones for equal. */
+bool isExactly(const QRectF &a, const QRectF &b)
+{
+    return a.x() == b.x() && a.y() == b.y() && a.width() == b.width() && a.height() == b.height();
+}
+
+/** Adds the labels, drawn once for all figures of one rectangle: letters cost most of a figure. */
+void addLabels(QPainterPath &path, const QRectF &r)
+{
+    thread_local QString drawnFont;
+    thread_local QRectF drawnRect;
+    thread_local QPainterPath labels;
+    const QString font = QFont().key();
+    if (font != drawnFont || !isExactly(r, drawnRect)) {
+        labels = QPainterPath();
+        drawLabels(labels, r);
+        drawnFont = font;
+        drawnRect = r;
+    }
+    path.addPath(labels);
 }
 
 } // namespace

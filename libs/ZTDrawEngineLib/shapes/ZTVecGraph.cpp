@@ -1,6 +1,7 @@
 #include <ZTDrawEngineLib/shapes/ZTVecGraph.h>
 
 #include <QtCore/QDataStream>
+#include <QtCore/QFileInfo>
 #include <QtGui/QFont>
 
 namespace {
@@ -17,6 +18,13 @@ QPainterPath nullWord()
         drawnFont = font.key();
     }
     return word;
+}
+
+/** Whether reading the file could wait for ever: a pipe, a terminal, a device. */
+bool isNoPlainFile(const QString &path)
+{
+    const QFileInfo file(path);
+    return file.exists() && !file.isFile();
 }
 
 } // namespace
@@ -43,7 +51,13 @@ bool ZTVecGraph::load(QDataStream &stream)
 {
     QString path;
     stream >> path;
-    setImagePath(path);
+    if (isNoPlainFile(path)) { // nobody chose it: a drawing must not read the machine's devices
+        imagePath = path;
+        imageKind = 1;
+        setUpdate(1);
+    } else {
+        setImagePath(path);
+    }
     return true;
 }
 

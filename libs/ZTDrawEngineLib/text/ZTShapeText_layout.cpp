@@ -1,6 +1,7 @@
 #include <ZTDrawEngineLib/text/ZTShapeText.h>
 
 #include <ZTDrawEngineLib/document/ZTCoord.h>
+#include <ZTDrawEngineLib/shapes/Reach_p.h>
 #include <ZTDrawEngineLib/shx/ZTPathGlyphCallback.h>
 
 #include <QtCore/QStringList>
@@ -69,16 +70,6 @@ QByteArray toGbk(const QString &text)
 {
     const QTextCodec *codec = QTextCodec::codecForName("GBK");
     return codec != nullptr ? codec->fromUnicode(text) : QByteArray();
-}
-
-/** Limit: a text reaches no further, in millimetres; far more than anything can mark or show. */
-constexpr double kMaxReachMm = 1e9;
-
-/** False also for what is no number. */
-bool isWithinReach(const QRectF &rectMm)
-{
-    return std::abs(rectMm.left()) <= kMaxReachMm && std::abs(rectMm.top()) <= kMaxReachMm &&
-           rectMm.width() <= kMaxReachMm && rectMm.height() <= kMaxReachMm;
 }
 
 /** Moves a path to (0, 0). One that reaches too far becomes empty. */

@@ -4,7 +4,6 @@
 #include <ZTMarkDataManager/ZTVariantText.h>
 
 #include <QtCore/QDataStream>
-#include <QtCore/QIODevice>
 #include <QtCore/QLoggingCategory>
 
 #include <algorithm>
@@ -15,19 +14,6 @@ Q_DECLARE_LOGGING_CATEGORY(LogZTVariantTextManager)
 Q_LOGGING_CATEGORY(LogZTVariantTextManager, "R417.LogZTVariantTextManager")
 
 template class ZTSingletonTemplate<ZTVariantTextManager>;
-
-namespace {
-
-/** Whether there is anything to read, so that no announced count can outlast the stream. */
-bool hasMore(const QDataStream &stream)
-{
-    if (stream.status() == QDataStream::ReadPastEnd || stream.atEnd())
-        return false;
-    // Once something was wrong, a transaction reads nothing more and never comes to the end.
-    return stream.status() == QDataStream::Ok || !stream.device()->isTransactionStarted();
-}
-
-} // namespace
 
 ZTVariantTextManager::ZTVariantTextManager() = default;
 ZTVariantTextManager::~ZTVariantTextManager() { deleteAll(); }
@@ -123,7 +109,7 @@ void ZTVariantTextManager::load(QDataStream &stream)
 {
     qint32 count = 0;
     stream >> m_lastId >> count;
-    for (qint32 i = 0; i < count && hasMore(stream); ++i) {
+    for (qint32 i = 0; i < count; ++i) {
         const auto entry = std::make_shared<Entry>();
         entry->text = std::make_unique<ZTVariantText>();
         stream >> entry->id >> *entry->text;

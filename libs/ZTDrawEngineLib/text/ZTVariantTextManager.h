@@ -85,7 +85,8 @@ public:
     /**
      * Takes over the stream's last id and appends its entries, without shapes, to those there.
      *
-     * Failure: none is told. Reading stops where the stream ends, whatever count it announced.
+     * Kept: nothing looks at the stream's status. Each entry still announced where the stream has
+     * ended is appended with id 0 and an empty variant text, so give it streams known to be whole.
      */
     void load(QDataStream &stream);
 

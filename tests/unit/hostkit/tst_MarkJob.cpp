@@ -311,7 +311,7 @@ private Q_SLOTS:
         QCOMPARE(error.drawing, 0);
         // (40 mm x sqrt(2) + 20 pixels of 193 / 900 mm) / 1e-6 mm
         QCOMPARE(error.reason, QStringLiteral("too much work: 60,857,431 hatch lines over the "
-                                              "drawing, the limit is 10,000,000"));
+                                              "drawing, the limit is 1,000,000"));
         QVERIFY(result.graph.objects.isEmpty());
 
         options.hatch = FillType::None;

@@ -314,13 +314,13 @@ private Q_SLOTS:
 
     void fillULine_tooManyScanLines_givesNoneAndWarns()
     {
-        // 161.42 px of lines at 1.6e-5 px are more than ten millions, at 1.62e-5 they are not.
-        QCOMPARE(hatch(square100(), FillType::Line, 1.6e-5, 0.0), Lines{});
+        // 161.42 px of lines at 1.6e-4 px are more than a million, at 1.62e-4 they are not.
+        QCOMPARE(hatch(square100(), FillType::Line, 1.6e-4, 0.0), Lines{});
         QCOMPARE(warnings->take().size(), 1);
-        const QPolygonF flat = polygonOf({{0, 0}, {100, 0}, {100, 1e-3}, {0, 1e-3}, {0, 0}});
-        const int rows = hatch(flat, FillType::Line, 1.62e-5, 0.0).size();
+        const QPolygonF flat = polygonOf({{0, 0}, {100, 0}, {100, 1e-2}, {0, 1e-2}, {0, 0}});
+        const int rows = hatch(flat, FillType::Line, 1.62e-4, 0.0).size();
         QVERIFY2(rows == 61 || rows == 62, qPrintable(QString::number(rows)));
-        QCOMPARE(hatch(flat, FillType::Line, 1.6e-5, 0.0), Lines{});
+        QCOMPARE(hatch(flat, FillType::Line, 1.6e-4, 0.0), Lines{});
         QCOMPARE(warnings->take().size(), 1);
     }
 

@@ -452,11 +452,21 @@ private Q_SLOTS:
         QCOMPARE(saved(), header(4, 0));
     }
 
-    void load_countBeyondTheStream_endsWithIt()
+    void load_countBeyondTheStream_appendsEmptyEntries()
     {
-        load(header(4, std::numeric_limits<qint32>::max()) + entry(1, numbers(1)) +
-             entry(2, numbers(2)));
-        QCOMPARE(saved(), header(4, 2) + entry(1, numbers(1)) + entry(2, numbers(2)));
+        load(header(4, 4) + entry(1, numbers(1)) + entry(2, numbers(2)));
+        QCOMPARE(saved(), header(4, 4) + entry(1, numbers(1)) + entry(2, numbers(2)) +
+                              entry(0, ZTVariantText()) + entry(0, ZTVariantText()));
+    }
+
+    void load_statusAlreadyBad_readsAllTheSame()
+    {
+        const QByteArray bytes = header(4, 1) + entry(1, numbers(1));
+        QDataStream stream(bytes);
+        stream.setStatus(QDataStream::ReadCorruptData);
+        registry().load(stream);
+        QCOMPARE(stream.status(), QDataStream::ReadCorruptData);
+        QCOMPARE(saved(), bytes);
     }
 
     void load_anyTruncation_keepsTheWholeEntries()
@@ -482,16 +492,18 @@ private Q_SLOTS:
                               entry(3, numbers(3)));
     }
 
-    void load_insideAFailedTransaction_comesToAnEnd()
+    void load_insideAFailedTransaction_appendsEmptyEntries()
     {
         QByteArray damaged = entry(1, numbers(1));
         damaged[5] = 9;
-        const QByteArray bytes = header(3, std::numeric_limits<qint32>::max()) + damaged +
-                                 entry(2, numbers(2)) + entry(3, numbers(3));
+        const QByteArray bytes =
+            header(3, 4) + damaged + entry(2, numbers(2)) + entry(3, numbers(3));
         QDataStream stream(bytes);
         stream.startTransaction();
         registry().load(stream);
         QVERIFY(!stream.commitTransaction());
+        QCOMPARE(saved(), header(3, 4) + entry(1, ZTVariantText()) + entry(0, ZTVariantText()) +
+                              entry(0, ZTVariantText()) + entry(0, ZTVariantText()));
     }
 
     void release_forgetsEverything()
