@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# All tests under the address, leak and undefined behaviour sanitizers.
+# The second compiler, warnings as errors; all tests under the address, leak and undefined behaviour
+# sanitizers on what it made.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 

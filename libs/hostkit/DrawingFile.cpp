@@ -182,6 +182,9 @@ bool writeDrawing(const DrawingFile &drawing, const QString &path, DrawingError 
         return refuse(error, DrawingError::Kind::CannotWrite,
                       QStringLiteral("cannot be written: %1").arg(why));
     };
+    // A pipe or a device would be replaced by a file.
+    if (QFileInfo::exists(path) && !QFileInfo(path).isFile())
+        return cannot(QStringLiteral("is no ordinary file"));
     const QByteArray bytes = drawingToBytes(drawing);
     if (bytes.isEmpty())
         return cannot(QStringLiteral("the drawing is larger than %1 MiB")

@@ -316,11 +316,6 @@ bool DrawingFiles::saveTo(const QString &path)
 // There is no way back once the file is being written; QSaveFile takes care that it is whole.
 bool DrawingFiles::write(const QString &path, DrawingError *error)
 {
-    // A pipe or a device would be replaced by a file.
-    if (QFileInfo::exists(path) && !QFileInfo(path).isFile()) {
-        *error = {DrawingError::Kind::CannotWrite, QStringLiteral("is no ordinary file")};
-        return false;
-    }
     const QScopedValueRollback<bool> isBusy(busy, true);
     LongWork work(window, tr("Saving %1...").arg(QFileInfo(path).fileName()),
                   LongWork::Cancel::Impossible, quietMs);

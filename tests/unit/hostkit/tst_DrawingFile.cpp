@@ -675,6 +675,17 @@ private Q_SLOTS:
         QCOMPARE(error.kind, Kind::CannotWrite);
     }
 
+    void write_overAPipe_isRefused_andLeavesIt()
+    {
+        const QTemporaryDir folder;
+        const QString pipe = folder.filePath(QStringLiteral("pipe"));
+        QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        DrawingError error;
+        QVERIFY(!writeDrawing(hexagon(), pipe, &error));
+        QCOMPARE(error.reason, QStringLiteral("cannot be written: is no ordinary file"));
+        QVERIFY(QFileInfo::exists(pipe) && !QFileInfo(pipe).isFile());
+    }
+
     void read_ofWhatIsNoFile_saysWhy()
     {
         const QTemporaryDir folder;
