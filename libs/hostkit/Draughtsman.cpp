@@ -1,5 +1,7 @@
 #include <hostkit/Draughtsman_p.h>
 
+#include <hostkit/StrokeFont.h>
+
 namespace hostkit {
 
 namespace {
@@ -55,12 +57,14 @@ ZTGraphicsTextItem *Draughtsman::addStrokeText(const QString &text, const QPoint
     ZTGraphicsTextItem *item = addText(text, posMm, kStrokeHeight, penId);
     if (item == nullptr)
         return nullptr;
-    item->setTransformParam(QTransform());
+    // A text that is made later brings the shared fonts back to their common height.
+    constexpr double kFactor = kStrokeHeight / kStrokeFontUnits;
+    item->setTransformParam(QTransform::fromScale(kFactor, kFactor));
     ZTShxFontManager::regFonts(); // the fonts are known after a look at the folder
     ZTShxFontParam font;
     font.enName = kRegularFont;
     font.zhName = kBigFont;
-    font.height = kStrokeHeight;
+    font.height = kStrokeFontUnits;
     font.parser.init(kRegularFont.toLocal8Bit().constData(), kBigFont.toLocal8Bit().constData());
     font.parser.setTextHeight(font.height);
     item->setShxFont(font);

@@ -111,11 +111,11 @@ void buildTextSample(ZTGraphicsDocument &document)
 
     ZTGraphicsTextItem *arc = draw.addText(QStringLiteral("Text on an arc"), {-70, 5}, 6, Blue);
     ZTGraphicsTextItem *strokeArc =
-        draw.addStrokeText(QStringLiteral("Strokes on an arc"), {40, 5}, Green);
+        draw.addStrokeText(QStringLiteral("Strokes on an arc"), {62, 5}, Green);
     if (arc == nullptr || strokeArc == nullptr)
         return;
     arc->setRoundingParam(arcOf(900.0));
-    strokeArc->setRoundingParam(arcOf(50.0));
+    strokeArc->setRoundingParam(arcOf(1000.0));
 
     ZTGraphicsTextItem *serial = draw.addText(QStringLiteral("0000"), {-70, 45}, 8, Black);
     ZTVariantText number = serialNumber();

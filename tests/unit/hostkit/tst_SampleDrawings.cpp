@@ -1,3 +1,4 @@
+#include <support/BoardFonts.h>
 #include <support/DrawingBytes.h>
 #include <support/OwnFolder.h>
 #include <support/SingletonGuard.h>
@@ -133,6 +134,23 @@ private Q_SLOTS:
         QVERIFY(applyDrawing(sample(QStringLiteral("text.ztd")), document, {}, &report, &error));
         QCOMPARE(report.missingFonts, (QStringList{QStringLiteral("gb-strokes.shx"),
                                                    QStringLiteral("hershey-simplex.shx")}));
+    }
+
+    void strokeText_keepsItsHeight_whateverTextIsMadeAfterIt()
+    {
+        if (!testsupport::boardFonts().contains(QStringLiteral("hershey-simplex.shx")))
+            QSKIP("the build made no stroke fonts");
+        testsupport::installBoardFonts();
+        ZTGraphicsDocument document;
+        load(QStringLiteral("text.ztd"), document);
+        document.itemMag()->addShape(ShapeType::Text, {0, 0, 10, 10});
+        const QModelIndex cell = document.itemMag()->itemModel()->index(3, 1);
+        auto *item = cell.data(ZTItemModel::kItemRole).value<ZTAbstractGraphicsItem *>();
+        QCOMPARE(item->text(), QStringLiteral("Strokes 0123"));
+        item->getShapeBase()->setUpdate(1);
+        // 21 units of capitals where a "W" is 24 wide and 5 mm.
+        const double heightMm = ZTCoord::getInstance()->pix2mm(item->boundingRect().height());
+        QVERIFY2(qAbs(heightMm - 5.0 * 21 / 24) < 0.01, qPrintable(QString::number(heightMm)));
     }
 
     void text_countsOn()
