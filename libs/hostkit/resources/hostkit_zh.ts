@@ -53,6 +53,13 @@
     </message>
 </context>
 <context>
+    <name>hostkit::DrawingPicture</name>
+    <message>
+        <source>nothing to draw</source>
+        <translation>没有可绘制的内容</translation>
+    </message>
+</context>
+<context>
     <name>hostkit::FontSheet</name>
     <message>
         <source>the font has no glyphs</source>
