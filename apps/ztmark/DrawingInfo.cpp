@@ -1,32 +1,20 @@
 #include "DrawingInfo.h"
 
 #include "Console.h"
-
-#include <hostkit/NumberText.h>
+#include "InfoRows.h"
 
 #include <algorithm>
 #include <map>
 
+using inforows::printRow;
+using inforows::rounded;
+
 namespace {
-
-constexpr int kLabelWidth = 18;
-
-QString rounded(double value)
-{
-    QByteArray text;
-    hostkit::appendRounded(text, value, 3);
-    return QString::fromLatin1(text);
-}
 
 /** A text that came with a file, fit to be shown on a line. */
 QString shown(const QString &text)
 {
     return QString::fromStdString(console::printable(text.toStdString()));
-}
-
-void printRow(const QString &name, const QString &value)
-{
-    console::printRow(name, value, kLabelWidth);
 }
 
 void printEntry(const QString &entry) { console::print(QStringLiteral("  ") + entry); }

@@ -2,28 +2,17 @@
 
 #include "Console.h"
 #include "DrawingInfo.h"
+#include "InfoRows.h"
 #include "Progress.h"
 
 #include <hostkit/DrawingInput.h>
-#include <hostkit/NumberText.h>
 
 #include <CLI/CLI.hpp>
 
+using inforows::printRow;
+using inforows::rounded;
+
 namespace {
-
-constexpr int kLabelWidth = 18;
-
-QString rounded(double value)
-{
-    QByteArray text;
-    hostkit::appendRounded(text, value, 3);
-    return QString::fromLatin1(text);
-}
-
-void printRow(const QString &name, const QString &value)
-{
-    console::printRow(name, value, kLabelWidth);
-}
 
 void printLines(const QString &name, int count, const QVector<PltProblem> &listed)
 {

@@ -28,7 +28,7 @@ RenderCommand::RenderCommand(CLI::App &app)
 {
     command->add_option("FILE", file, tr("Drawing, .ztd").toStdString())->required()->type_name("");
     addOutput();
-    usage::addValue(command, "--size", tr("Longer side of a .png in pixels, 16 to 16384"),
+    usage::addValue(command, "--size", tr("Longer side of a .png in pixels, 16 to 8192"),
                     [this](const std::string &text) {
                         longerSidePx = arguments::count(text, hostkit::kLeastPictureSide,
                                                         hostkit::kMostPictureSide);

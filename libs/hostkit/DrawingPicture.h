@@ -8,7 +8,7 @@ namespace hostkit {
 
 /** Limits of a picture's longer side in pixels. */
 constexpr int kLeastPictureSide = 16;
-constexpr int kMostPictureSide = 16384;
+constexpr int kMostPictureSide = 8192;
 
 /**
  * Saves a picture of all shapes as they look on the screen, as PNG: white behind them, neither grid

@@ -135,10 +135,12 @@ QByteArray drawPreview(const QVector<ZTAbstractGraphicsItem *> &items)
 bool saveDrawingPicture(const ZTGraphicsDocument &document, int longerSidePx, const QString &path,
                         QString *error)
 {
-    const QImage image = drawItems(shapeItemsOf(document), longerSidePx, Crowd::Whole);
+    const QVector<ZTAbstractGraphicsItem *> items = shapeItemsOf(document);
+    const QImage image = drawItems(items, longerSidePx, Crowd::Whole);
     if (image.isNull()) {
         if (error != nullptr)
-            *error = Texts::tr("nothing to draw");
+            *error = extentOf(items).isEmpty() ? Texts::tr("nothing to draw")
+                                               : Texts::tr("no room for the picture");
         return false;
     }
     // The encoder prints to stderr when its device fails, so it does not get to see the file.

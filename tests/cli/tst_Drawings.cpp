@@ -338,7 +338,7 @@ private Q_SLOTS:
         row("render plate.ztd -o o.csv", "--output: \"o.csv\" must end in one of .png, .svg (see "
                                          "ztmark render --help)");
         row("render plate.ztd -o o.png --size 15", "--size: \"15\" is out of range, it must be "
-                                                   "from 16 to 16384 (see ztmark render --help)");
+                                                   "from 16 to 8192 (see ztmark render --help)");
         row("render plate.ztd -o o.svg --size 99",
             "--size: an .svg has no pixels, its size is "
             "that of the drawing (see ztmark render --help)");

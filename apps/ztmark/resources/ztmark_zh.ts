@@ -732,8 +732,8 @@ Examples:
         <translation>图片，.png 或 .svg</translation>
     </message>
     <message>
-        <source>Longer side of a .png in pixels, 16 to 16384</source>
-        <translation>.png 长边的像素数，16 到 16384</translation>
+        <source>Longer side of a .png in pixels, 16 to 8192</source>
+        <translation>.png 长边的像素数，16 到 8192</translation>
     </message>
     <message>
         <source>an .svg has no pixels, its size is that of the drawing</source>

@@ -55,6 +55,10 @@
 <context>
     <name>hostkit::DrawingPicture</name>
     <message>
+        <source>no room for the picture</source>
+        <translation>内存不足，无法生成图片</translation>
+    </message>
+    <message>
         <source>nothing to draw</source>
         <translation>没有可绘制的内容</translation>
     </message>
