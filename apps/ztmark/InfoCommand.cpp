@@ -1,27 +1,18 @@
 #include "InfoCommand.h"
 
 #include "Console.h"
+#include "DrawingInfo.h"
+#include "InfoRows.h"
+#include "Progress.h"
 
 #include <hostkit/DrawingInput.h>
-#include <hostkit/NumberText.h>
 
 #include <CLI/CLI.hpp>
 
+using inforows::printRow;
+using inforows::rounded;
+
 namespace {
-
-constexpr int kLabelWidth = 18;
-
-QString rounded(double value)
-{
-    QByteArray text;
-    hostkit::appendRounded(text, value, 3);
-    return QString::fromLatin1(text);
-}
-
-void printRow(const QString &name, const QString &value)
-{
-    console::printRow(name, value, kLabelWidth);
-}
 
 void printLines(const QString &name, int count, const QVector<PltProblem> &listed)
 {
@@ -69,11 +60,15 @@ void printLosses(const PltReport &report)
 InfoCommand::InfoCommand(CLI::App &app)
     : command(app.add_subcommand(
           "info",
-          tr("Tell what is in a plotter drawing, and what of it is lost on import").toStdString()))
+          tr("Tell what is in a drawing, or in a plotter drawing and what of it is lost on import")
+              .toStdString()))
 {
-    command->add_option("FILE", file, tr("Plotter drawing; - reads standard input").toStdString())
+    command
+        ->add_option("FILE", file,
+                     tr("Drawing, .ztd, or plotter drawing; - reads standard input").toStdString())
         ->required()
         ->type_name("");
+    fonts.addOption(command);
     command->footer(tr("Skipped lines are no pen moves and change nothing. Ill-formed lines are "
                        "pen moves\nthat lose something: mend them in the file.")
                         .toStdString());
@@ -82,6 +77,22 @@ InfoCommand::InfoCommand(CLI::App &app)
 bool InfoCommand::isChosen() const { return command->parsed(); }
 
 int InfoCommand::run()
+{
+    return OpenedDrawing::isNamed(file) ? describeDrawing() : describePlotterFile();
+}
+
+int InfoCommand::describeDrawing() const
+{
+    Progress progress(true);
+    OpenedDrawing drawing;
+    if (!fonts.makeKnown() || !drawing.open(file, progress))
+        return console::Failed;
+    progress.finish();
+    DrawingInfo(drawing).print();
+    return console::finishOutput() ? console::Done : console::Failed;
+}
+
+int InfoCommand::describePlotterFile() const
 {
     hostkit::DrawingInput drawing;
     QString error;

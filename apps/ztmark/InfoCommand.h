@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FontFolders.h"
+
 #include <CLI/App.hpp>
 
 #include <QtCore/QCoreApplication>
@@ -18,6 +20,10 @@ public:
     int run();
 
 private:
+    int describeDrawing() const;
+    int describePlotterFile() const;
+
     CLI::App *command; ///< owned by the application it was added to
     std::string file;
+    FontFolders fonts;
 };

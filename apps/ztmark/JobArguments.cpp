@@ -137,7 +137,7 @@ void JobArguments::checkTogether() const
 }
 
 bool JobArguments::canWrite(const std::vector<std::string> &outputNames,
-                            const std::vector<std::string> &inputs) const
+                            const std::vector<std::string> &inputs)
 {
     for (const std::string &output : outputNames) {
         const QString obstacle = obstacleTo(QFileInfo(QString::fromStdString(output)), inputs);
@@ -150,14 +150,14 @@ bool JobArguments::canWrite(const std::vector<std::string> &outputNames,
 }
 
 bool JobArguments::write(const ZTMarkGraph &graph, const std::vector<std::string> &outputNames,
-                         Progress &progress) const
+                         Progress &progress, const hostkit::MarkUnits &units) const
 {
     bool written = true;
     for (const std::string &output : outputNames) {
         const QString path = QString::fromStdString(output);
         progress.begin(tr("writing %1").arg(path));
         QString error;
-        if (hostkit::saveMarkGraph(graph, hostkit::MarkUnits::current(), path, &error))
+        if (hostkit::saveMarkGraph(graph, units, path, &error))
             continue;
         progress.finish();
         console::complain(output, error);

@@ -27,12 +27,13 @@ public:
     void checkTogether() const;
 
     /** Finds what would fail in the end, or destroy an input, before the work begins. */
-    bool canWrite(const std::vector<std::string> &outputNames,
-                  const std::vector<std::string> &inputs) const;
+    static bool canWrite(const std::vector<std::string> &outputNames,
+                         const std::vector<std::string> &inputs);
 
     /** Writes the paths; a file that fails does not keep the others from being written. */
     bool write(const ZTMarkGraph &graph, const std::vector<std::string> &outputNames,
-               Progress &progress) const;
+               Progress &progress,
+               const hostkit::MarkUnits &units = hostkit::MarkUnits::current()) const;
 
     void warnOfEmptyHatch(const hostkit::MarkPathMeasure &measure) const;
     static void printSummary(const hostkit::MarkPathMeasure &before,

@@ -1,35 +1,32 @@
 #include "MarkCommand.h"
 
 #include "Console.h"
+#include "OpenedDrawing.h"
 #include "Progress.h"
 #include "Usage.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
-using hostkit::DrawingInput;
-
-QString warningAbout(const PltReport &report)
-{
-    const QString first = DrawingInput::describe(report.problems.first());
-    if (report.illFormedLines == 1)
-        return MarkCommand::tr("warning: %1").arg(first);
-    return MarkCommand::tr("warning: %1 ill-formed lines, ztmark info lists them; the first is %2")
-        .arg(report.illFormedLines)
-        .arg(first);
-}
+/** What lays out or hatches plotter drawings, and a drawing has of its own. */
+constexpr std::array<const char *, 8> kOnlyPlotter{
+    "--hatch", "--spacing", "--angle", "--no-outline", "--matrix", "--gap", "--scale", "--rotate"};
 
 } // namespace
 
 MarkCommand::MarkCommand(CLI::App &app)
     : command(app.add_subcommand(
-          "mark", tr("Turn plotter drawings into ordered mark paths").toStdString())),
+          "mark", tr("Turn a drawing or plotter drawings into ordered mark paths").toStdString())),
       job(command)
 {
-    command->add_option("FILE", files, tr("Plotter drawings; - reads standard input").toStdString())
+    command
+        ->add_option(
+            "FILE", files,
+            tr("Plotter drawings, - reads standard input; or one drawing, .ztd").toStdString())
         ->required()
         ->type_name("");
     job.addOutputs();
@@ -41,10 +38,11 @@ MarkCommand::MarkCommand(CLI::App &app)
                     })
         ->type_name("FACTOR")
         ->default_str("1");
+    fonts.addOption(command);
     command->final_callback([this] { checkTogether(); });
     command->footer(
         tr("Lengths take mm (the default), cm or in: 0.5, 0.5mm, 2cm, 1in. Angles are degrees,\n"
-           "clockwise. A drawing is imported 20 mm high. Several drawings stand side by side, a "
+           "clockwise. A plotter drawing is imported 20 mm high. Several stand side by side, a "
            "gap\n"
            "apart, each one object.\n"
            "\n"
@@ -52,7 +50,12 @@ MarkCommand::MarkCommand(CLI::App &app)
            "drawing,\n"
            "20,000,000 points and hatch segments in all.\n"
            "\n"
-           "Example:\n"
+           "A drawing, .ztd, is marked as it was saved, in its own order unless --order says "
+           "another.\n"
+           "Options that lay out, hatch, scale or turn plotter drawings are not for it.\n"
+           "\n"
+           "Examples:\n"
+           "  ztmark mark plate.ztd -o plate.json\n"
            "  ztmark mark logo.plt --hatch zigzag --spacing 0.3mm --angle 45 -o logo.svg")
             .toStdString());
 }
@@ -61,46 +64,74 @@ bool MarkCommand::isChosen() const { return command->parsed(); }
 
 void MarkCommand::checkTogether() const
 {
+    if (std::any_of(files.begin(), files.end(), OpenedDrawing::isNamed)) {
+        checkDrawing();
+        return;
+    }
     job.checkTogether();
-    if (std::count(files.begin(), files.end(), "-") > 1)
-        usage::refuse("FILE", tr("standard input can be read only once"));
+    PlotterFiles::checkNames(files);
+}
+
+void MarkCommand::checkDrawing() const
+{
+    if (files.size() > 1)
+        usage::refuse("FILE", tr("a drawing is marked alone, without other files"));
+    for (const char *option : kOnlyPlotter) {
+        if (command->get_option(option)->count() > 0)
+            usage::refuse(option, tr("not for a drawing, which has its own layout and hatch"));
+    }
 }
 
 int MarkCommand::run()
 {
-    Drawings drawings;
-    hostkit::MarkJobResult result;
+    if (!JobArguments::canWrite(job.outputs, files) || !fonts.makeKnown())
+        return console::Failed;
     Progress progress(!job.quiet);
-    if (!job.canWrite(job.outputs, files) || !readDrawings(&drawings, progress) ||
-        !build(drawings, &result, progress))
+    return OpenedDrawing::isNamed(files.front()) ? markDrawing(progress)
+                                                 : markPlotterFiles(progress);
+}
+
+int MarkCommand::markPlotterFiles(Progress &progress)
+{
+    PlotterFiles plotter;
+    hostkit::MarkJobResult result;
+    if (!plotter.open(files, progress) || !build(plotter.drawings(), &result, progress))
         return console::Failed;
     const bool written = job.write(result.graph, job.outputs, progress);
     progress.finish();
-    warn(drawings, result.after);
+    plotter.warnOfLosses();
+    job.warnOfEmptyHatch(result.after);
+    return finish(written, result.before, result.after);
+}
+
+int MarkCommand::markDrawing(Progress &progress)
+{
+    OpenedDrawing drawing;
+    if (!drawing.open(files.front(), progress))
+        return console::Failed;
+    progress.begin(tr("ordering"));
+    const bool isOrdered = command->get_option("--order")->count() > 0;
+    const DrawingMarks marks =
+        drawing.marks(isOrdered ? std::make_optional(job.options.order) : std::nullopt);
+    const bool written = job.write(marks.graph, job.outputs, progress, marks.units);
+    progress.finish();
+    if (!marks.isWhole())
+        console::complain(files.front(),
+                          tr("warning: the order leaves shapes out: it ends at the first one "
+                             "without an outline; --order none marks all"));
+    return finish(written, marks.before, marks.after);
+}
+
+int MarkCommand::finish(bool written, const hostkit::MarkPathMeasure &before,
+                        const hostkit::MarkPathMeasure &after) const
+{
     if (!job.quiet)
-        JobArguments::printSummary(result.before, result.after);
+        JobArguments::printSummary(before, after);
     const bool printed = console::finishOutput();
     return written && printed ? console::Done : console::Failed;
 }
 
-bool MarkCommand::readDrawings(Drawings *drawings, Progress &progress) const
-{
-    for (const std::string &file : files) {
-        const QString name = QString::fromStdString(file);
-        progress.begin(tr("reading %1").arg(name));
-        auto drawing = std::make_unique<DrawingInput>();
-        QString error;
-        if (!drawing->open(name, &error)) {
-            progress.finish();
-            console::complain(file, error);
-            return false;
-        }
-        drawings->push_back(std::move(drawing));
-    }
-    return true;
-}
-
-bool MarkCommand::build(const Drawings &drawings, hostkit::MarkJobResult *result,
+bool MarkCommand::build(const PlotterFiles::Drawings &drawings, hostkit::MarkJobResult *result,
                         Progress &progress)
 {
     job.options.progress = [&progress](const QString &step) { progress.begin(step); };
@@ -115,13 +146,4 @@ bool MarkCommand::build(const Drawings &drawings, hostkit::MarkJobResult *result
     else
         console::complain(error.reason.toStdString());
     return false;
-}
-
-void MarkCommand::warn(const Drawings &drawings, const hostkit::MarkPathMeasure &measure) const
-{
-    for (size_t i = 0; i < drawings.size(); ++i) {
-        if (drawings[i]->report().illFormedLines > 0)
-            console::complain(files[i], warningAbout(drawings[i]->report()));
-    }
-    job.warnOfEmptyHatch(measure);
 }

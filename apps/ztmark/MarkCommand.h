@@ -1,16 +1,17 @@
 #pragma once
 
+#include "FontFolders.h"
 #include "JobArguments.h"
+#include "PlotterFiles.h"
 
 #include <CLI/App.hpp>
 
-#include <memory>
 #include <string>
 #include <vector>
 
 class Progress;
 
-/** `ztmark mark`: plotter drawings become ordered mark paths. */
+/** `ztmark mark`: plotter drawings, or a drawing, become ordered mark paths. */
 class MarkCommand
 {
     Q_DECLARE_TR_FUNCTIONS(MarkCommand)
@@ -22,14 +23,17 @@ public:
     int run();
 
 private:
-    using Drawings = std::vector<std::unique_ptr<hostkit::DrawingInput>>;
-
     void checkTogether() const;
-    bool readDrawings(Drawings *drawings, Progress &progress) const;
-    bool build(const Drawings &drawings, hostkit::MarkJobResult *result, Progress &progress);
-    void warn(const Drawings &drawings, const hostkit::MarkPathMeasure &measure) const;
+    void checkDrawing() const;
+    int markPlotterFiles(Progress &progress);
+    int markDrawing(Progress &progress);
+    bool build(const PlotterFiles::Drawings &drawings, hostkit::MarkJobResult *result,
+               Progress &progress);
+    int finish(bool written, const hostkit::MarkPathMeasure &before,
+               const hostkit::MarkPathMeasure &after) const;
 
     CLI::App *command; ///< owned by the application it was added to
     std::vector<std::string> files;
     JobArguments job;
+    FontFolders fonts;
 };

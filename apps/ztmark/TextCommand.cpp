@@ -150,16 +150,7 @@ void TextCommand::addFont()
                      arguments::refuse(text, tr("\"%1\" names no font"));
              })
         ->type_name("FAMILY");
-    command
-        ->add_option_function<std::vector<std::string>>(
-            "--font-dir",
-            [this](const std::vector<std::string> &folders) {
-                for (const std::string &folder : folders)
-                    fontFolders << QString::fromStdString(folder);
-            },
-            tr("More stroke fonts than those in the folder font beside the program").toStdString())
-        ->type_name("DIR")
-        ->allow_extra_args(false);
+    fontFolders.addOption(command);
     addValue(
         command, "--height",
         tr("Text height: the width of \"W\" and of a Chinese character in stroke\nfonts, the "
@@ -308,18 +299,13 @@ int TextCommand::run()
 
 bool TextCommand::chooseFont()
 {
-    for (const QString &folder : qAsConst(fontFolders)) {
-        if (!QFileInfo(folder).isDir()) {
-            console::complain(folder.toStdString(), tr("no such folder"));
-            return false;
-        }
-        ZTShxFontManager::addFolder(folder);
-    }
+    if (!fontFolders.makeKnown())
+        return false;
     if (regularFont.isEmpty())
         return chooseSystemFont();
     options.font.fontType = FontType::singleLine;
     QString error;
-    const QStringList folders = QStringList{hostkit::strokeFontFolder()} + fontFolders;
+    const QStringList folders = QStringList{hostkit::strokeFontFolder()} + fontFolders.names;
     if (hostkit::strokeFont(regularFont, bigFont, folders, &options.font.shxFont, &error))
         return true;
     console::complain(error.toStdString());

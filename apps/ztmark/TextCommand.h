@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FontFolders.h"
 #include "JobArguments.h"
 
 #include <hostkit/TextJob.h>
@@ -63,7 +64,7 @@ private:
     QString regularFont; ///< file names; empty without stroke fonts
     QString bigFont;
     QString family; ///< of a system font; empty for the default one
-    QStringList fontFolders;
+    FontFolders fontFolders;
     std::optional<double> lineSpacingMm;
     std::optional<double> arcStartDeg;
     bool hasArcOption = false; ///< something was said of the arc

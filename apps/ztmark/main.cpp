@@ -1,8 +1,10 @@
 #include "Console.h"
+#include "ConvertCommand.h"
 #include "FontCommand.h"
 #include "InfoCommand.h"
 #include "Language.h"
 #include "MarkCommand.h"
+#include "RenderCommand.h"
 #include "TextCommand.h"
 
 #include <hostkit/Factories.h>
@@ -146,15 +148,18 @@ int main(int argc, char **argv)
     const QApplication application(onlyName, argv);
     language::choose(argc, argv);
 
-    CLI::App app(Texts::tr("Turns plotter drawings and texts into hatched, ordered mark paths.")
-                     .toStdString(),
-                 "ztmark");
+    CLI::App app(
+        Texts::tr("Turns drawings, plotter drawings and texts into hatched, ordered mark paths.")
+            .toStdString(),
+        "ztmark");
     app.require_subcommand(1);
     translateFormatter(app);
     MarkCommand mark(app);
     TextCommand text(app);
     FontCommand font(app);
     InfoCommand info(app);
+    RenderCommand render(app);
+    ConvertCommand convert(app);
     addCommonOptions(&app);
     app.footer(Texts::tr("Exit codes: 0 done, 1 failed work, 2 wrong usage.\n"
                          "ztmark COMMAND --help tells more about a command.")
@@ -170,5 +175,9 @@ int main(int argc, char **argv)
         return text.run();
     if (font.isChosen())
         return font.run();
+    if (render.isChosen())
+        return render.run();
+    if (convert.isChosen())
+        return convert.run();
     return info.isChosen() ? info.run() : mark.run();
 }

@@ -82,6 +82,12 @@ struct DrawingFile
     QVector<DrawingSection> unknown; ///< kept through a save, in their order
 };
 
+/** The version of the format that is written, and the only one that is read. */
+constexpr quint16 kDrawingFormatVersion = 1;
+
+/** Whether a file that begins with these bytes says of itself that it is a drawing. */
+bool hasDrawingMagic(const QByteArray &start);
+
 /** Limit: no drawing file is larger. */
 constexpr qint64 kMaxDrawingBytes = qint64(1024) * 1024 * 1024;
 

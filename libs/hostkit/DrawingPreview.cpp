@@ -1,8 +1,13 @@
 #include <hostkit/DrawingPreview_p.h>
 
+#include <hostkit/DrawingPicture.h>
+#include <hostkit/StrokeFontHeights_p.h>
+#include <hostkit/WholeFile_p.h>
+
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 #include <QtCore/QBuffer>
+#include <QtCore/QCoreApplication>
 #include <QtCore/QSet>
 #include <QtCore/QtMath>
 #include <QtGui/QImage>
@@ -69,20 +74,31 @@ private:
     QSet<quint32> taken;
 };
 
-} // namespace
+/** What becomes of items that a small picture cannot tell apart. */
+enum class Crowd {
+    Whole,   ///< all are drawn
+    Thinned, ///< one for each place is
+};
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(hostkit::DrawingPicture)
+};
 
 // The items are painted one by one: the scene would show selection frame and grid, too.
-QByteArray drawPreview(const QVector<ZTAbstractGraphicsItem *> &items)
+QImage drawItems(const QVector<ZTAbstractGraphicsItem *> &items, int longerSidePx, Crowd crowd)
 {
     const QRectF extentPx = extentOf(items);
     const double longer = qMax(extentPx.width(), extentPx.height());
     if (!(longer > 0.0))
         return {};
-    const double scale = (kSide - 2.0 * kMargin) / longer;
+    const double scale = (longerSidePx - 2.0 * kMargin) / longer;
     const QSizeF innerSize = extentPx.size() * scale;
     const QSize size(qCeil(innerSize.width() + 2.0 * kMargin),
                      qCeil(innerSize.height() + 2.0 * kMargin));
-    QImage image(size.boundedTo(QSize(int(kSide), int(kSide))), QImage::Format_ARGB32);
+    QImage image(size.boundedTo(QSize(longerSidePx, longerSidePx)), QImage::Format_ARGB32);
+    if (image.isNull())
+        return {};
     image.fill(Qt::white);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -91,17 +107,46 @@ QByteArray drawPreview(const QVector<ZTAbstractGraphicsItem *> &items)
                                  QTransform::fromTranslate(kMargin, kMargin);
     Places places(items.size(), toPicture);
     for (ZTAbstractGraphicsItem *item : items) {
-        if (!places.isNew(*item))
+        if (crowd == Crowd::Thinned && !places.isNew(*item))
             continue;
         painter.setTransform(item->sceneTransform() * toPicture);
         item->paint(&painter, nullptr);
     }
-    painter.end();
+    return image;
+}
+
+QByteArray pngOf(const QImage &image)
+{
     QByteArray png;
     QBuffer buffer(&png);
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, "PNG");
     return png;
+}
+
+} // namespace
+
+QByteArray drawPreview(const QVector<ZTAbstractGraphicsItem *> &items)
+{
+    const QImage image = drawItems(items, int(kSide), Crowd::Thinned);
+    return image.isNull() ? QByteArray() : pngOf(image);
+}
+
+bool saveDrawingPicture(const ZTGraphicsDocument &document, int longerSidePx, const QString &path,
+                        QString *error)
+{
+    const QVector<ZTAbstractGraphicsItem *> items = shapeItemsOf(document);
+    const QImage image = drawItems(items, longerSidePx, Crowd::Whole);
+    if (image.isNull()) {
+        if (error != nullptr)
+            *error = extentOf(items).isEmpty() ? Texts::tr("nothing to draw")
+                                               : Texts::tr("no room for the picture");
+        return false;
+    }
+    // The encoder prints to stderr when its device fails, so it does not get to see the file.
+    const QByteArray png = pngOf(image);
+    return saveWhole(
+        path, [&png](QIODevice &device) { return device.write(png) == png.size(); }, error);
 }
 
 } // namespace hostkit

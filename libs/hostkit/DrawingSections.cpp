@@ -10,7 +10,6 @@ namespace hostkit {
 namespace {
 
 const QByteArray kMagic = QByteArrayLiteral("\x89ZTD\r\n\x1a\n");
-constexpr quint16 kFormatVersion = 1;
 constexpr int kHeaderSize = 32;
 constexpr int kHeaderSummed = 28; // all but its checksum
 constexpr int kTagSize = 4;
@@ -57,12 +56,12 @@ bool checkHeader(const QByteArray &bytes, quint32 *sectionCount, DrawingSections
     *sectionCount = reader.number<quint32>();
     if (reader.number<quint32>() != drawingChecksum(bytes.constData(), kHeaderSummed))
         return refuseDamaged(error, QStringLiteral("its header does not match its checksum"));
-    if (version != kFormatVersion || flags != 0)
+    if (version != kDrawingFormatVersion || flags != 0)
         return refuse(error, DrawingError::Kind::NewerVersion,
                       QStringLiteral("was saved by a newer version of the program (file format %1, "
                                      "this program reads %2)")
                           .arg(version)
-                          .arg(kFormatVersion));
+                          .arg(kDrawingFormatVersion));
     const auto size = static_cast<quint64>(bytes.size());
     if (size < length)
         return refuseDamaged(error,
@@ -92,6 +91,8 @@ bool readSection(ByteReader &reader, const QByteArray &bytes, DrawingSection *se
 
 } // namespace
 
+bool hasDrawingMagic(const QByteArray &start) { return start.startsWith(kMagic); }
+
 quint32 drawingChecksum(const char *bytes, qint64 count)
 {
     // Limit: kMaxDrawingBytes is less than what one call takes.
@@ -109,7 +110,7 @@ QByteArray joinSections(const DrawingSections &file)
     QByteArray bytes;
     bytes.reserve(static_cast<int>(size));
     bytes.append(kMagic);
-    append(&bytes, kFormatVersion);
+    append(&bytes, kDrawingFormatVersion);
     append(&bytes, file.streamVersion);
     append(&bytes, quint32(0));
     append(&bytes, static_cast<quint64>(size));

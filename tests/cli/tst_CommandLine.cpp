@@ -24,6 +24,8 @@ private Q_SLOTS:
         row("font info", "help-font-info.txt");
         row("font sheet", "help-font-sheet.txt");
         row("info", "help-info.txt");
+        row("render", "help-render.txt");
+        row("convert", "help-convert.txt");
         row("--language zh", "help-zh.txt");
         row("text --language=zh", "help-text-zh.txt");
     }
@@ -57,8 +59,10 @@ private Q_SLOTS:
             QTest::newRow(*arguments == '\0' ? "nothing" : arguments)
                 << QString::fromUtf8(arguments) << QString::fromUtf8(complaint);
         };
-        row("", "a command is missing: mark, text, font or info (see ztmark --help)");
-        row("print", "unknown command \"print\": mark, text, font or info (see ztmark --help)");
+        row("",
+            "a command is missing: mark, text, font, info, render or convert (see ztmark --help)");
+        row("print", "unknown command \"print\": mark, text, font, info, render or convert (see "
+                     "ztmark --help)");
         row("font", "a command is missing: list, info or sheet (see ztmark font --help)");
         row("font show", "unknown command \"show\": list, info or sheet (see ztmark font --help)");
         row("font info", "FILE is missing (see ztmark font info --help)");

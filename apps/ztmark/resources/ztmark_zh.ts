@@ -84,6 +84,205 @@
     </message>
 </context>
 <context>
+    <name>ConvertCommand</name>
+    <message>
+        <source>&quot;%1&quot; must end in .ztd; ztmark mark and render write other forms</source>
+        <translation>“%1”必须以 .ztd 结尾；其他格式由 ztmark mark 和 render 写出</translation>
+    </message>
+    <message>
+        <source>Turn plotter drawings into a drawing, or save a drawing anew</source>
+        <translation>把绘图仪图纸变成图纸，或重新保存图纸</translation>
+    </message>
+    <message>
+        <source>Plotter drawings are imported 20 mm high, side by side, 2 mm apart, each one shape, and
+kept in the drawing: their files are not needed any more. A drawing that is saved anew
+marks as before; sections of it that this version does not know are kept.
+Mark paths of a drawing are written by ztmark mark, pictures by ztmark render.
+
+Examples:
+  ztmark convert logo.plt frame.plt -o plate.ztd
+  ztmark convert old.ztd -o new.ztd</source>
+        <translation>绘图仪图纸导入后高 20 mm，并排放置，间距 2 mm，各为一个图形，并保存在图纸中：
+此后不再需要原文件。重新保存的图纸标刻结果不变；本版本不认识的部分原样保留。
+图纸的标刻路径由 ztmark mark 写出，图片由 ztmark render 写出。
+
+示例：
+  ztmark convert logo.plt frame.plt -o plate.ztd
+  ztmark convert old.ztd -o new.ztd</translation>
+    </message>
+    <message>
+        <source>Plotter drawings, - reads standard input; or one drawing, .ztd</source>
+        <translation>绘图仪图纸，- 表示读取标准输入；或一个图纸 .ztd</translation>
+    </message>
+    <message>
+        <source>The drawing, .ztd</source>
+        <translation>图纸文件 .ztd</translation>
+    </message>
+    <message>
+        <source>a drawing is converted alone, without other files</source>
+        <translation>图纸只能单独转换，不能与其他文件一起</translation>
+    </message>
+    <message>
+        <source>writing %1</source>
+        <translation>正在写入 %1</translation>
+    </message>
+</context>
+<context>
+    <name>DrawingInfo</name>
+    <message>
+        <source>Format:</source>
+        <translation>格式：</translation>
+    </message>
+    <message>
+        <source>drawing, version %1</source>
+        <translation>图纸，版本 %1</translation>
+    </message>
+    <message>
+        <source>Saved by:</source>
+        <translation>保存程序：</translation>
+    </message>
+    <message>
+        <source>Saved at:</source>
+        <translation>保存时间：</translation>
+    </message>
+    <message>
+        <source>Kind:</source>
+        <translation>种类：</translation>
+    </message>
+    <message>
+        <source>bare stream, without what imported drawings hold</source>
+        <translation>裸数据流，不含导入图纸的内容</translation>
+    </message>
+    <message>
+        <source>Unknown sections:</source>
+        <translation>未知部分：</translation>
+    </message>
+    <message>
+        <source>Reference screen:</source>
+        <translation>参考屏幕：</translation>
+    </message>
+    <message>
+        <source>%1 x %2 px, %3 x %4 mm, ratio %5</source>
+        <translation>%1 x %2 像素，%3 x %4 mm，比例 %5</translation>
+    </message>
+    <message>
+        <source>Marking distance:</source>
+        <translation>标刻距离：</translation>
+    </message>
+    <message>
+        <source>Mark scale:</source>
+        <translation>标刻比例：</translation>
+    </message>
+    <message>
+        <source>%1 x %2</source>
+        <translation>%1 x %2</translation>
+    </message>
+    <message>
+        <source>Work area:</source>
+        <translation>工作区域：</translation>
+    </message>
+    <message>
+        <source>%1 x %2 mm from (%3, %4)</source>
+        <translation>%1 x %2 mm，起点 (%3, %4)</translation>
+    </message>
+    <message>
+        <source>Order:</source>
+        <translation>顺序：</translation>
+    </message>
+    <message>
+        <source>Shapes:</source>
+        <translation>图形：</translation>
+    </message>
+    <message>
+        <source>rectangles: %1</source>
+        <translation>矩形：%1</translation>
+    </message>
+    <message>
+        <source>ellipses: %1</source>
+        <translation>椭圆：%1</translation>
+    </message>
+    <message>
+        <source>polygons: %1</source>
+        <translation>多边形：%1</translation>
+    </message>
+    <message>
+        <source>lines: %1</source>
+        <translation>直线：%1</translation>
+    </message>
+    <message>
+        <source>TDOT figures: %1</source>
+        <translation>TDOT 图形：%1</translation>
+    </message>
+    <message>
+        <source>texts: %1</source>
+        <translation>文字：%1</translation>
+    </message>
+    <message>
+        <source>imported plotter drawings: %1</source>
+        <translation>导入的绘图仪图纸：%1</translation>
+    </message>
+    <message>
+        <source>others: %1</source>
+        <translation>其他：%1</translation>
+    </message>
+    <message>
+        <source>Pens:</source>
+        <translation>笔：</translation>
+    </message>
+    <message>
+        <source>pen %1, shapes: %2</source>
+        <translation>笔 %1，图形：%2</translation>
+    </message>
+    <message>
+        <source>Imported files:</source>
+        <translation>导入的文件：</translation>
+    </message>
+    <message>
+        <source>%1, shapes: %2</source>
+        <translation>%1，图形：%2</translation>
+    </message>
+    <message>
+        <source>Fonts:</source>
+        <translation>字体：</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>stroke font</source>
+        <translation>单线字体</translation>
+    </message>
+    <message>
+        <source>system font</source>
+        <translation>系统字体</translation>
+    </message>
+    <message>
+        <source>stroke font, missing</source>
+        <translation>单线字体，缺失</translation>
+    </message>
+    <message>
+        <source>system font, missing</source>
+        <translation>系统字体，缺失</translation>
+    </message>
+    <message>
+        <source>Variant texts:</source>
+        <translation>可变文本：</translation>
+    </message>
+    <message>
+        <source>Preview:</source>
+        <translation>预览：</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>%1 x %2 pixels</source>
+        <translation>%1 x %2 像素</translation>
+    </message>
+</context>
+<context>
     <name>FontCommand</name>
     <message>
         <source>%1 to %2</source>
@@ -225,6 +424,17 @@ a pair of them: a regular one and a big one, which has the Chinese characters.</
     </message>
 </context>
 <context>
+    <name>FontFolders</name>
+    <message>
+        <source>More stroke fonts than those in the folder font beside the program</source>
+        <translation>除程序旁 font 文件夹外，另一个单线字体文件夹</translation>
+    </message>
+    <message>
+        <source>no such folder</source>
+        <translation>文件夹不存在</translation>
+    </message>
+</context>
+<context>
     <name>InfoCommand</name>
     <message>
         <source>and %1 more</source>
@@ -275,18 +485,18 @@ a pair of them: a regular one and a big one, which has the Chinese characters.</
         <translation>格式错误的行：</translation>
     </message>
     <message>
-        <source>Tell what is in a plotter drawing, and what of it is lost on import</source>
-        <translation>说明绘图仪图纸的内容，以及导入时丢失的部分</translation>
-    </message>
-    <message>
-        <source>Plotter drawing; - reads standard input</source>
-        <translation>绘图仪图纸；- 表示读取标准输入</translation>
-    </message>
-    <message>
         <source>Skipped lines are no pen moves and change nothing. Ill-formed lines are pen moves
 that lose something: mend them in the file.</source>
         <translation>跳过的行不是笔的移动，不影响结果。格式错误的行是会丢失内容的笔的移动：
 请在文件中修正。</translation>
+    </message>
+    <message>
+        <source>Tell what is in a drawing, or in a plotter drawing and what of it is lost on import</source>
+        <translation>说明图纸的内容，或绘图仪图纸的内容以及导入时丢失的部分</translation>
+    </message>
+    <message>
+        <source>Drawing, .ztd, or plotter drawing; - reads standard input</source>
+        <translation>图纸 .ztd 或绘图仪图纸；- 表示读取标准输入</translation>
     </message>
 </context>
 <context>
@@ -398,51 +608,149 @@ x-min、x-max、y-min、y-max</translation>
 <context>
     <name>MarkCommand</name>
     <message>
-        <source>warning: %1</source>
-        <translation>警告：%1</translation>
-    </message>
-    <message>
-        <source>warning: %1 ill-formed lines, ztmark info lists them; the first is %2</source>
-        <translation>警告：有 %1 个格式错误的行，可用 ztmark info 列出；第一个是%2</translation>
-    </message>
-    <message>
-        <source>Turn plotter drawings into ordered mark paths</source>
-        <translation>把绘图仪图纸变成有序的标刻路径</translation>
-    </message>
-    <message>
-        <source>Plotter drawings; - reads standard input</source>
-        <translation>绘图仪图纸；- 表示读取标准输入</translation>
-    </message>
-    <message>
         <source>Enlarge the drawings, 0.001 to 1000</source>
         <translation>放大图纸，0.001 到 1000</translation>
     </message>
     <message>
+        <source>Plotter drawings, - reads standard input; or one drawing, .ztd</source>
+        <translation>绘图仪图纸，- 表示读取标准输入；或一个图纸 .ztd</translation>
+    </message>
+    <message>
+        <source>Turn a drawing or plotter drawings into ordered mark paths</source>
+        <translation>把图纸或绘图仪图纸变成有序的标刻路径</translation>
+    </message>
+    <message>
+        <source>a drawing is marked alone, without other files</source>
+        <translation>图纸只能单独标刻，不能与其他文件一起</translation>
+    </message>
+    <message>
+        <source>not for a drawing, which has its own layout and hatch</source>
+        <translation>不适用于图纸，图纸自带布局和填充</translation>
+    </message>
+    <message>
+        <source>ordering</source>
+        <translation>正在排序</translation>
+    </message>
+    <message>
+        <source>warning: the order leaves shapes out: it ends at the first one without an outline; --order none marks all</source>
+        <translation>警告：该顺序漏掉了图形：排序在第一个没有轮廓的图形处终止；--order none 标刻全部图形</translation>
+    </message>
+    <message>
         <source>Lengths take mm (the default), cm or in: 0.5, 0.5mm, 2cm, 1in. Angles are degrees,
-clockwise. A drawing is imported 20 mm high. Several drawings stand side by side, a gap
+clockwise. A plotter drawing is imported 20 mm high. Several stand side by side, a gap
 apart, each one object.
 
 Limits: drawings of 256 MiB, 1,000,000 objects, 1,000,000 hatch lines over a drawing,
 20,000,000 points and hatch segments in all.
 
-Example:
+A drawing, .ztd, is marked as it was saved, in its own order unless --order says another.
+Options that lay out, hatch, scale or turn plotter drawings are not for it.
+
+Examples:
+  ztmark mark plate.ztd -o plate.json
   ztmark mark logo.plt --hatch zigzag --spacing 0.3mm --angle 45 -o logo.svg</source>
         <translation>长度单位为 mm（缺省）、cm 或 in：0.5、0.5mm、2cm、1in。角度以度为单位，顺时针为正。
-图纸导入后高 20 mm。多个图纸并排放置，相隔一个间距，各为一个对象。
+绘图仪图纸导入后高 20 mm。多个图纸并排放置，相隔一个间距，各为一个对象。
 
-上限：图纸 256 MiB，1,000,000 个对象，一个图纸 1,000,000 条填充线，
+上限：绘图仪图纸 256 MiB，1,000,000 个对象，一个图纸 1,000,000 条填充线，
 总共 20,000,000 个点和填充线段。
 
+图纸 .ztd 按保存时的样子标刻，除非用 --order 另行指定，否则按其自身的顺序。
+布局、填充、缩放或旋转绘图仪图纸的选项对它不适用。
+
 示例：
+  ztmark mark plate.ztd -o plate.json
   ztmark mark logo.plt --hatch zigzag --spacing 0.3mm --angle 45 -o logo.svg</translation>
     </message>
+</context>
+<context>
+    <name>OpenedDrawing</name>
+    <message>
+        <source>reading %1</source>
+        <translation>正在读取 %1</translation>
+    </message>
+    <message>
+        <source>cannot be opened: %1</source>
+        <translation>无法打开：%1</translation>
+    </message>
+    <message>
+        <source>not readable: it %1</source>
+        <translation>不可读：该文件 %1</translation>
+    </message>
+    <message>
+        <source>not readable: %1</source>
+        <translation>不可读：%1</translation>
+    </message>
+    <message>
+        <source>not saved: %1</source>
+        <translation>未保存：%1</translation>
+    </message>
+    <message>
+        <source>cannot be loaded: %1</source>
+        <translation>无法载入：%1</translation>
+    </message>
+    <message>
+        <source>warning: these fonts are missing, and texts in them look and mark differently: %1</source>
+        <translation>警告：缺少以下字体，使用这些字体的文字外观和标刻结果会不同：%1</translation>
+    </message>
+</context>
+<context>
+    <name>PlotterFiles</name>
     <message>
         <source>standard input can be read only once</source>
         <translation>标准输入只能读取一次</translation>
     </message>
     <message>
+        <source>warning: %1</source>
+        <translation>警告：%1</translation>
+    </message>
+    <message>
         <source>reading %1</source>
         <translation>正在读取 %1</translation>
+    </message>
+    <message>
+        <source>warning: %1 ill-formed lines, ztmark info lists them; the first is %2</source>
+        <translation>警告：有 %1 个格式错误的行，可用 ztmark info 列出；第一个是%2</translation>
+    </message>
+</context>
+<context>
+    <name>RenderCommand</name>
+    <message>
+        <source>&quot;%1&quot; must end in one of %2</source>
+        <translation>“%1”必须以 %2 之一结尾</translation>
+    </message>
+    <message>
+        <source>Make a picture of a drawing</source>
+        <translation>生成图纸的图片</translation>
+    </message>
+    <message>
+        <source>Drawing, .ztd</source>
+        <translation>图纸 .ztd</translation>
+    </message>
+    <message>
+        <source>The picture, .png or .svg</source>
+        <translation>图片，.png 或 .svg</translation>
+    </message>
+    <message>
+        <source>Longer side of a .png in pixels, 16 to 8192</source>
+        <translation>.png 长边的像素数，16 到 8192</translation>
+    </message>
+    <message>
+        <source>an .svg has no pixels, its size is that of the drawing</source>
+        <translation>.svg 没有像素，其大小就是图纸的大小</translation>
+    </message>
+    <message>
+        <source>A .png shows the shapes as the studio does, in the colours of their pens, without grid,
+frame and selection. An .svg shows what is marked, true to size in millimetres: the
+picture that ztmark mark writes.
+
+Example:
+  ztmark render plate.ztd --size 2000 -o plate.png</source>
+        <translation>.png 显示图形在工作室中的样子，使用各自的笔色，不含网格、边框和选择。
+.svg 显示标刻的内容，以毫米为单位的实际大小：即 ztmark mark 写出的图片。
+
+示例：
+  ztmark render plate.ztd --size 2000 -o plate.png</translation>
     </message>
 </context>
 <context>
@@ -501,10 +809,6 @@ Examples:
     <message>
         <source>&quot;%1&quot; names no font</source>
         <translation>“%1”没有字体名称</translation>
-    </message>
-    <message>
-        <source>More stroke fonts than those in the folder font beside the program</source>
-        <translation>除程序旁 font 文件夹外，另一个单线字体文件夹</translation>
     </message>
     <message>
         <source>Text height: the width of &quot;W&quot; and of a Chinese character in stroke
@@ -576,10 +880,6 @@ base 也可以是 16 和 26（字母）。没有给出位置时放在最后一�
     <message>
         <source>&quot;%1&quot; is named twice</source>
         <translation>“%1”给出了两次</translation>
-    </message>
-    <message>
-        <source>no such folder</source>
-        <translation>文件夹不存在</translation>
     </message>
     <message>
         <source>no system font %1, ztmark font list --system tells them</source>
@@ -693,14 +993,14 @@ base 也可以是 16 和 26（字母）。没有给出位置时放在最后一�
         <translation>%1（见 %2 --help）</translation>
     </message>
     <message>
-        <source>Turns plotter drawings and texts into hatched, ordered mark paths.</source>
-        <translation>把绘图仪图纸和文字变成带填充的有序标刻路径。</translation>
-    </message>
-    <message>
         <source>Exit codes: 0 done, 1 failed work, 2 wrong usage.
 ztmark COMMAND --help tells more about a command.</source>
         <translation>退出码：0 完成，1 工作失败，2 用法错误。
 ztmark COMMAND --help 说明各个命令。</translation>
+    </message>
+    <message>
+        <source>Turns drawings, plotter drawings and texts into hatched, ordered mark paths.</source>
+        <translation>把图纸、绘图仪图纸和文字变成带填充的有序标刻路径。</translation>
     </message>
 </context>
 </TS>

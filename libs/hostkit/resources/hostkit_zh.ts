@@ -53,6 +53,17 @@
     </message>
 </context>
 <context>
+    <name>hostkit::DrawingPicture</name>
+    <message>
+        <source>no room for the picture</source>
+        <translation>内存不足，无法生成图片</translation>
+    </message>
+    <message>
+        <source>nothing to draw</source>
+        <translation>没有可绘制的内容</translation>
+    </message>
+</context>
+<context>
     <name>hostkit::FontSheet</name>
     <message>
         <source>the font has no glyphs</source>

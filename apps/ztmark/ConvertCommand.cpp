@@ -1,0 +1,158 @@
+#include "ConvertCommand.h"
+
+#include "Console.h"
+#include "JobArguments.h"
+#include "PlotterFiles.h"
+#include "Progress.h"
+#include "Usage.h"
+
+#include <CLI/CLI.hpp>
+
+#include <QtCore/QFileInfo>
+
+#include <algorithm>
+
+namespace {
+
+constexpr double kGapMm = 2.0;
+
+/**
+ * The name under which a drawing keeps where it came from. What could be read only once has none
+ * but the one that was typed.
+ */
+QString sourceOf(const std::string &file, const hostkit::DrawingInput &input)
+{
+    const QString name = QString::fromStdString(file);
+    return name != QLatin1String("-") && QFileInfo(name).isFile() ? input.filePath() : name;
+}
+
+/** A plotter drawing as a shape, as large as it is imported; null without a factory. */
+ZTAbstractGraphicsItem *addGraphic(ZTShapeManager &manager, const hostkit::DrawingInput &input,
+                                   const QString &source)
+{
+    ZTVecGraphItemFactory::getInstance()->setPath(input.filePath());
+    ZTAbstractGraphicsItem *item = manager.addShape(ShapeType::VecGraph, QRectF());
+    if (item == nullptr)
+        return nullptr;
+    auto *graphic = dynamic_cast<ZTVecGraph *>(item->getShapeBase());
+    if (graphic != nullptr && graphic->getImagePath() != source)
+        graphic->setDrawing(QPainterPath(graphic->getDrawing()), source);
+    item->getShapeBase()->paint();
+    return item;
+}
+
+} // namespace
+
+ConvertCommand::ConvertCommand(CLI::App &app)
+    : command(app.add_subcommand(
+          "convert",
+          tr("Turn plotter drawings into a drawing, or save a drawing anew").toStdString()))
+{
+    command
+        ->add_option(
+            "FILE", files,
+            tr("Plotter drawings, - reads standard input; or one drawing, .ztd").toStdString())
+        ->required()
+        ->type_name("");
+    addOutput();
+    fonts.addOption(command);
+    command->final_callback([this] { checkTogether(); });
+    command->footer(
+        tr("Plotter drawings are imported 20 mm high, side by side, 2 mm apart, each one shape, "
+           "and\n"
+           "kept in the drawing: their files are not needed any more. A drawing that is saved "
+           "anew\n"
+           "marks as before; sections of it that this version does not know are kept.\n"
+           "Mark paths of a drawing are written by ztmark mark, pictures by ztmark render.\n"
+           "\n"
+           "Examples:\n"
+           "  ztmark convert logo.plt frame.plt -o plate.ztd\n"
+           "  ztmark convert old.ztd -o new.ztd")
+            .toStdString());
+}
+
+void ConvertCommand::addOutput()
+{
+    const auto check = [](std::string &name) {
+        if (QString::fromStdString(name).endsWith(QLatin1String(".ztd"), Qt::CaseInsensitive))
+            return std::string();
+        return tr("\"%1\" must end in .ztd; ztmark mark and render write other forms")
+            .arg(QString::fromStdString(name))
+            .toStdString();
+    };
+    command->add_option("-o,--output", output, tr("The drawing, .ztd").toStdString())
+        ->required()
+        ->type_name("OUT")
+        ->check(CLI::Validator(check, ""));
+}
+
+bool ConvertCommand::isChosen() const { return command->parsed(); }
+
+void ConvertCommand::checkTogether() const
+{
+    if (files.size() > 1 && std::any_of(files.begin(), files.end(), OpenedDrawing::isNamed))
+        usage::refuse("FILE", tr("a drawing is converted alone, without other files"));
+    PlotterFiles::checkNames(files);
+}
+
+int ConvertCommand::run()
+{
+    if (!JobArguments::canWrite({output}, files) || !fonts.makeKnown())
+        return console::Failed;
+    Progress progress(true);
+    return OpenedDrawing::isNamed(files.front()) ? saveAnew(progress) : importFiles(progress);
+}
+
+int ConvertCommand::saveAnew(Progress &progress) const
+{
+    OpenedDrawing drawing;
+    if (!drawing.open(files.front(), progress))
+        return console::Failed;
+    return save(drawing.document, drawing.file.unknown, progress);
+}
+
+int ConvertCommand::importFiles(Progress &progress) const
+{
+    PlotterFiles plotter;
+    if (!plotter.open(files, progress))
+        return console::Failed;
+    ZTGraphicsDocument document;
+    import(plotter, document);
+    const int code = save(document, {}, progress);
+    plotter.warnOfLosses();
+    return code;
+}
+
+void ConvertCommand::import(const PlotterFiles &plotter, ZTGraphicsDocument &document) const
+{
+    ZTShapeManager &manager = *document.itemMag();
+    const double gapPx = ZTCoord::getInstance()->mm2pix(kGapMm);
+    double leftPx = 0.0;
+    for (size_t i = 0; i < files.size(); ++i) {
+        const hostkit::DrawingInput &input = *plotter.drawings()[i];
+        ZTAbstractGraphicsItem *item = addGraphic(manager, input, sourceOf(files[i], input));
+        if (item == nullptr)
+            return;
+        const QSizeF sizePx = item->boundingRect().size();
+        // An item's position is clamped to the scene.
+        const QRectF placePx(QPointF(leftPx, 0.0), sizePx);
+        manager.scene()->setSceneRect(manager.scene()->sceneRect() | placePx);
+        item->setPos(leftPx, 0.0);
+        leftPx += sizePx.width() + gapPx;
+    }
+}
+
+int ConvertCommand::save(ZTGraphicsDocument &document,
+                         const QVector<hostkit::DrawingSection> &unknown, Progress &progress) const
+{
+    progress.begin(tr("writing %1").arg(QString::fromStdString(output)));
+    hostkit::DrawingCapture capture;
+    capture.programVersion = QStringLiteral(ZT_VERSION);
+    capture.unknown = unknown;
+    hostkit::DrawingError error;
+    const bool isSaved = saveDrawing(document, capture, QString::fromStdString(output), &error);
+    progress.finish();
+    if (!isSaved)
+        console::complain(output, OpenedDrawing::describe(error));
+    return isSaved ? console::Done : console::Failed;
+}

@@ -1,0 +1,190 @@
+#include "DrawingInfo.h"
+
+#include "Console.h"
+#include "InfoRows.h"
+
+#include <algorithm>
+#include <map>
+
+using inforows::printRow;
+using inforows::rounded;
+
+namespace {
+
+/** A text that came with a file, fit to be shown on a line. */
+QString shown(const QString &text)
+{
+    return QString::fromStdString(console::printable(text.toStdString()));
+}
+
+void printEntry(const QString &entry) { console::print(QStringLiteral("  ") + entry); }
+
+QString nameOf(ShapeType kind)
+{
+    switch (kind) {
+    case ShapeType::Rect:
+        return DrawingInfo::tr("rectangles: %1");
+    case ShapeType::Ellipse:
+        return DrawingInfo::tr("ellipses: %1");
+    case ShapeType::Polygon:
+        return DrawingInfo::tr("polygons: %1");
+    case ShapeType::Line:
+        return DrawingInfo::tr("lines: %1");
+    case ShapeType::TDOT:
+        return DrawingInfo::tr("TDOT figures: %1");
+    case ShapeType::Text:
+        return DrawingInfo::tr("texts: %1");
+    case ShapeType::VecGraph:
+        return DrawingInfo::tr("imported plotter drawings: %1");
+    default:
+        return DrawingInfo::tr("others: %1");
+    }
+}
+
+QString nameOf(EShapeSortType order)
+{
+    switch (order) {
+    case EShapeSortType::ShapeSortNearest:
+        return QStringLiteral("nearest");
+    case EShapeSortType::ShapeSortXFromMin:
+        return QStringLiteral("x-min");
+    case EShapeSortType::ShapeSortXFromMax:
+        return QStringLiteral("x-max");
+    case EShapeSortType::ShapeSortYFromMin:
+        return QStringLiteral("y-min");
+    case EShapeSortType::ShapeSortYFromMax:
+        return QStringLiteral("y-max");
+    default:
+        return QStringLiteral("none");
+    }
+}
+
+/** The fonts that texts are drawn in, and whether each is a stroke font. */
+std::map<QString, bool> fontsOf(const QVector<ZTAbstractGraphicsItem *> &items)
+{
+    std::map<QString, bool> fonts;
+    for (const ZTAbstractGraphicsItem *item : items) {
+        const auto *text = dynamic_cast<const ZTShapeText *>(item->getShapeBase());
+        if (text == nullptr)
+            continue;
+        const ZTFontParam font = text->getFont();
+        if (font.fontType == FontType::doubleLine)
+            fonts[font.font.family()] = false;
+        if (font.fontType != FontType::singleLine)
+            continue;
+        for (const QString &name : {font.shxFont.enName, font.shxFont.zhName}) {
+            if (!name.isEmpty())
+                fonts[name] = true;
+        }
+    }
+    return fonts;
+}
+
+} // namespace
+
+DrawingInfo::DrawingInfo(const OpenedDrawing &described)
+    : drawing(described), items(described.items())
+{
+}
+
+void DrawingInfo::print() const
+{
+    printFile();
+    printField();
+    printShapes();
+    printImports();
+    printFonts();
+    printVariantTexts();
+    printPreview();
+}
+
+void DrawingInfo::printFile() const
+{
+    const hostkit::DrawingMeta &meta = drawing.file.meta;
+    printRow(tr("Format:"), tr("drawing, version %1").arg(hostkit::kDrawingFormatVersion));
+    printRow(tr("Saved by:"), shown(meta.programVersion));
+    printRow(tr("Saved at:"),
+             meta.savedAt.toUTC().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss 'UTC'")));
+    if (!drawing.file.hasRest)
+        printRow(tr("Kind:"), tr("bare stream, without what imported drawings hold"));
+    if (!drawing.file.unknown.isEmpty())
+        printRow(tr("Unknown sections:"), QString::number(drawing.file.unknown.size()));
+}
+
+void DrawingInfo::printField() const
+{
+    const hostkit::DrawingSetup &setup = drawing.file.meta.setup;
+    printRow(tr("Reference screen:"),
+             tr("%1 x %2 px, %3 x %4 mm, ratio %5")
+                 .arg(rounded(setup.width), rounded(setup.height), rounded(setup.physicalWidth),
+                      rounded(setup.physicalHeight), rounded(setup.displayRatio)));
+    printRow(tr("Marking distance:"), rounded(setup.distance));
+    printRow(tr("Mark scale:"),
+             tr("%1 x %2").arg(rounded(setup.markScaleX), rounded(setup.markScaleY)));
+    const QRect area = setup.workAreaMm;
+    printRow(tr("Work area:"), tr("%1 x %2 mm from (%3, %4)")
+                                   .arg(area.width())
+                                   .arg(area.height())
+                                   .arg(area.x())
+                                   .arg(area.y()));
+    printRow(tr("Order:"), nameOf(setup.sortKind));
+}
+
+void DrawingInfo::printShapes() const
+{
+    std::map<ShapeType, int> counts;
+    for (const ZTAbstractGraphicsItem *item : items)
+        ++counts[item->getShapeType()];
+    printRow(tr("Shapes:"), QString::number(items.size()));
+    for (const auto &[kind, count] : counts)
+        printEntry(nameOf(kind).arg(count));
+    printRow(tr("Pens:"), QString::number(drawing.file.meta.pens.size()));
+    for (const hostkit::DrawingPen &pen : drawing.file.meta.pens)
+        printEntry(tr("pen %1, shapes: %2").arg(pen.id).arg(pen.items));
+}
+
+void DrawingInfo::printImports() const
+{
+    std::map<QString, int> counts;
+    for (const ZTAbstractGraphicsItem *item : items) {
+        if (const auto *graphic = dynamic_cast<const ZTVecGraph *>(item->getShapeBase()))
+            ++counts[graphic->getImagePath()];
+    }
+    printRow(tr("Imported files:"), QString::number(counts.size()));
+    for (const auto &[path, count] : counts)
+        printEntry(tr("%1, shapes: %2").arg(shown(path)).arg(count));
+}
+
+void DrawingInfo::printFonts() const
+{
+    const std::map<QString, bool> fonts = fontsOf(items);
+    printRow(tr("Fonts:"), QString::number(fonts.size()));
+    for (const auto &[name, isStroke] : fonts) {
+        const bool isMissing = drawing.report.missingFonts.contains(name);
+        QString state = isStroke ? tr("stroke font") : tr("system font");
+        if (isMissing)
+            state = isStroke ? tr("stroke font, missing") : tr("system font, missing");
+        printEntry(tr("%1: %2").arg(shown(name), state));
+    }
+}
+
+void DrawingInfo::printVariantTexts() const
+{
+    QStringList texts;
+    for (const ZTAbstractGraphicsItem *item : items) {
+        const auto *text = dynamic_cast<const ZTTextShapeBase *>(item->getShapeBase());
+        if (text != nullptr && text->isEnableVariantText() && text->getVarTxt() != nullptr)
+            texts << text->getVarTxt()->getText();
+    }
+    printRow(tr("Variant texts:"), QString::number(texts.size()));
+    for (const QString &text : texts)
+        printEntry(QStringLiteral("\"%1\"").arg(shown(text)));
+}
+
+void DrawingInfo::printPreview() const
+{
+    const QImage preview = hostkit::drawingPreview(drawing.file);
+    printRow(tr("Preview:"), preview.isNull()
+                                 ? tr("none")
+                                 : tr("%1 x %2 pixels").arg(preview.width()).arg(preview.height()));
+}

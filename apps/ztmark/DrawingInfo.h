@@ -1,0 +1,28 @@
+#pragma once
+
+#include "OpenedDrawing.h"
+
+#include <QtCore/QCoreApplication>
+
+/** Tells on stdout what a drawing holds. */
+class DrawingInfo
+{
+    Q_DECLARE_TR_FUNCTIONS(DrawingInfo)
+
+public:
+    explicit DrawingInfo(const OpenedDrawing &described);
+
+    void print() const;
+
+private:
+    void printFile() const;
+    void printField() const;
+    void printShapes() const;
+    void printImports() const;
+    void printFonts() const;
+    void printVariantTexts() const;
+    void printPreview() const;
+
+    const OpenedDrawing &drawing;
+    const QVector<ZTAbstractGraphicsItem *> items; ///< the drawing's
+};

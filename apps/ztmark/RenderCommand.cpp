@@ -1,0 +1,99 @@
+#include "RenderCommand.h"
+
+#include "Console.h"
+#include "JobArguments.h"
+#include "OpenedDrawing.h"
+#include "Progress.h"
+#include "Usage.h"
+
+#include <hostkit/DrawingPicture.h>
+#include <hostkit/MarkGraphWriter.h>
+
+#include <CLI/CLI.hpp>
+
+namespace {
+
+constexpr int kUsualSide = 1024;
+
+bool endsIn(const std::string &name, const char *extension)
+{
+    return QString::fromStdString(name).endsWith(QLatin1String(extension), Qt::CaseInsensitive);
+}
+
+} // namespace
+
+RenderCommand::RenderCommand(CLI::App &app)
+    : command(app.add_subcommand("render", tr("Make a picture of a drawing").toStdString())),
+      longerSidePx(kUsualSide)
+{
+    command->add_option("FILE", file, tr("Drawing, .ztd").toStdString())->required()->type_name("");
+    addOutput();
+    usage::addValue(command, "--size", tr("Longer side of a .png in pixels, 16 to 8192"),
+                    [this](const std::string &text) {
+                        longerSidePx = arguments::count(text, hostkit::kLeastPictureSide,
+                                                        hostkit::kMostPictureSide);
+                    })
+        ->type_name("PIXELS")
+        ->default_str("1024");
+    fonts.addOption(command);
+    command->final_callback([this] { checkTogether(); });
+    command->footer(
+        tr("A .png shows the shapes as the studio does, in the colours of their pens, without "
+           "grid,\n"
+           "frame and selection. An .svg shows what is marked, true to size in millimetres: the\n"
+           "picture that ztmark mark writes.\n"
+           "\n"
+           "Example:\n"
+           "  ztmark render plate.ztd --size 2000 -o plate.png")
+            .toStdString());
+}
+
+void RenderCommand::addOutput()
+{
+    const auto check = [](std::string &name) {
+        if (endsIn(name, ".png") || endsIn(name, ".svg"))
+            return std::string();
+        return tr("\"%1\" must end in one of %2")
+            .arg(QString::fromStdString(name), QStringLiteral(".png, .svg"))
+            .toStdString();
+    };
+    command->add_option("-o,--output", output, tr("The picture, .png or .svg").toStdString())
+        ->required()
+        ->type_name("OUT")
+        ->check(CLI::Validator(check, ""));
+}
+
+bool RenderCommand::isChosen() const { return command->parsed(); }
+
+bool RenderCommand::asPaths() const { return endsIn(output, ".svg"); }
+
+void RenderCommand::checkTogether() const
+{
+    if (asPaths() && command->get_option("--size")->count() > 0)
+        usage::refuse("--size", tr("an .svg has no pixels, its size is that of the drawing"));
+}
+
+int RenderCommand::run()
+{
+    if (!JobArguments::canWrite({output}, {file}) || !fonts.makeKnown())
+        return console::Failed;
+    Progress progress(true);
+    OpenedDrawing drawing;
+    if (!drawing.open(file, progress))
+        return console::Failed;
+    QString error;
+    const bool isSaved = save(drawing, &error);
+    progress.finish();
+    if (!isSaved)
+        console::complain(output, error);
+    return isSaved ? console::Done : console::Failed;
+}
+
+bool RenderCommand::save(OpenedDrawing &drawing, QString *error) const
+{
+    const QString path = QString::fromStdString(output);
+    if (!asPaths())
+        return hostkit::saveDrawingPicture(drawing.document, longerSidePx, path, error);
+    const DrawingMarks marks = drawing.marks(std::nullopt);
+    return hostkit::saveMarkGraph(marks.graph, marks.units, path, error);
+}
