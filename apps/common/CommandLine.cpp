@@ -2,8 +2,6 @@
 
 #include "Console.h"
 
-#include <CLI/CLI.hpp>
-
 #include <QtCore/QTextCodec>
 
 #include <iostream>

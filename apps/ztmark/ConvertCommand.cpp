@@ -6,8 +6,6 @@
 #include "Progress.h"
 #include "Usage.h"
 
-#include <CLI/CLI.hpp>
-
 #include <QtCore/QFileInfo>
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 #include "FontFolders.h"
 #include "OpenedDrawing.h"
 
-#include <CLI/App.hpp>
+#include <CLI/CLI.hpp>
 
 #include <QtCore/QCoreApplication>
 

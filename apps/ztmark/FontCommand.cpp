@@ -6,8 +6,6 @@
 #include <hostkit/FontSheet.h>
 #include <hostkit/StrokeFont.h>
 
-#include <CLI/CLI.hpp>
-
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtGui/QFontDatabase>

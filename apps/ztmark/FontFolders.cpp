@@ -4,8 +4,6 @@
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
-#include <CLI/CLI.hpp>
-
 #include <QtCore/QFileInfo>
 
 void FontFolders::addOption(CLI::App *command)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <CLI/App.hpp>
+#include <CLI/CLI.hpp>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QStringList>

@@ -7,8 +7,6 @@
 
 #include <hostkit/DrawingInput.h>
 
-#include <CLI/CLI.hpp>
-
 using inforows::printRow;
 using inforows::rounded;
 

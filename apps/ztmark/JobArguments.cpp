@@ -7,8 +7,6 @@
 
 #include <hostkit/MarkGraphWriter.h>
 
-#include <CLI/CLI.hpp>
-
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 

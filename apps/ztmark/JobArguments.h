@@ -2,7 +2,7 @@
 
 #include <hostkit/MarkJob.h>
 
-#include <CLI/App.hpp>
+#include <CLI/CLI.hpp>
 
 #include <QtCore/QCoreApplication>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <CLI/App.hpp>
+#include <CLI/CLI.hpp>
 
 /**
  * The language in which the program speaks: English, or Chinese where the environment asks for it

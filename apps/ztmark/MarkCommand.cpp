@@ -5,8 +5,6 @@
 #include "Progress.h"
 #include "Usage.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <array>
 

@@ -4,7 +4,7 @@
 #include "JobArguments.h"
 #include "PlotterFiles.h"
 
-#include <CLI/App.hpp>
+#include <CLI/CLI.hpp>
 
 #include <string>
 #include <vector>

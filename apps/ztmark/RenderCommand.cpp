@@ -9,8 +9,6 @@
 #include <hostkit/DrawingPicture.h>
 #include <hostkit/MarkGraphWriter.h>
 
-#include <CLI/CLI.hpp>
-
 namespace {
 
 constexpr int kUsualSide = 1024;

@@ -2,7 +2,7 @@
 
 #include "Arguments.h"
 
-#include <CLI/App.hpp>
+#include <CLI/CLI.hpp>
 
 #include <QtCore/QCoreApplication>
 
