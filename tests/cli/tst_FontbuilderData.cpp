@@ -75,7 +75,7 @@ private Q_SLOTS:
     void outputThatIsNoFolder_isTold()
     {
         if (!QFile::exists(QStringLiteral(ZT_HERSHEY_DIR "/futural.jhf")))
-            QSKIP("the Hershey data is missing: install the package hershey-fonts-data");
+            ZT_SKIP("the Hershey data is missing: install the package hershey-fonts-data");
         QFile file(folder->filePath(output()));
         QVERIFY(file.open(QIODevice::WriteOnly));
         const ZtmarkRun ended = run({QStringLiteral("hershey"), QStringLiteral(ZT_HERSHEY_DIR),
@@ -88,7 +88,7 @@ private Q_SLOTS:
     void hershey_makesTheFontsOfTheBuild()
     {
         if (!QFile::exists(QStringLiteral(ZT_HERSHEY_DIR "/futural.jhf")))
-            QSKIP("the Hershey data is missing: install the package hershey-fonts-data");
+            ZT_SKIP("the Hershey data is missing: install the package hershey-fonts-data");
         const ZtmarkRun ended = run({QStringLiteral("hershey"), QStringLiteral(ZT_HERSHEY_DIR),
                                      QStringLiteral("--output"), output()});
         QCOMPARE(ended.err + ended.out, QString());
@@ -102,7 +102,7 @@ private Q_SLOTS:
     void gb_makesTheFontOfTheBuild_inAnyLocale()
     {
         if (!QFile::exists(QStringLiteral(ZT_HANZI_DIR "/package.json")))
-            QSKIP("the Chinese data is missing: tools/setup.sh build could not fetch it");
+            ZT_SKIP("the Chinese data is missing: tools/setup.sh build could not fetch it");
         const ZtmarkRun ended =
             run({QStringLiteral("gb"), QStringLiteral(ZT_HANZI_DIR), QStringLiteral("--hershey"),
                  QStringLiteral(ZT_HERSHEY_DIR), QStringLiteral("-o"), output()});
@@ -130,3 +130,5 @@ private:
 
 QTEST_GUILESS_MAIN(tst_FontbuilderData)
 #include "tst_FontbuilderData.moc"
+
+#include <support/Skip.h>

@@ -1,5 +1,6 @@
 #include <support/BoardFonts.h>
 #include <support/OwnFolder.h>
+#include <support/Skip.h>
 
 #include <fontkit/GbStrokesFont.h>
 #include <fontkit/HersheyFonts.h>
@@ -46,7 +47,7 @@ private Q_SLOTS:
 void tst_FontsOnBoard::initTestCase()
 {
     if (!hasHershey())
-        QSKIP("no stroke fonts were made: install the package hershey-fonts-data");
+        ZT_SKIP("no stroke fonts were made: install the package hershey-fonts-data");
     testsupport::installBoardFonts();
 }
 
@@ -66,7 +67,7 @@ void tst_FontsOnBoard::manager_listsThemByKind_simplexFirst()
     QCOMPARE(static_cast<int>(regular.size()), kinds);
     QCOMPARE(regular.front(), std::string("hershey-simplex.shx")); // what a new text gets
     if (!testsupport::hasChineseBoardFont())
-        QSKIP("the Chinese font was not made: tools/setup.sh build could not fetch its data");
+        ZT_SKIP("the Chinese font was not made: tools/setup.sh build could not fetch its data");
     QCOMPARE(ZTShxFontManager::bigFonts(), std::vector<std::string>{"gb-strokes.shx"});
 }
 
@@ -84,7 +85,7 @@ void tst_FontsOnBoard::licences_standBesideTheFonts()
 void tst_FontsOnBoard::pair_drawsMixedText()
 {
     if (!testsupport::hasChineseBoardFont())
-        QSKIP("the Chinese font was not made: tools/setup.sh build could not fetch its data");
+        ZT_SKIP("the Chinese font was not made: tools/setup.sh build could not fetch its data");
     ZTRegBigFontShxParser pair("hershey-simplex.shx", "gb-strokes.shx");
     pair.setTextHeight(10.0);
     QCOMPARE(pair.getTextExtent("W"), 10.0);
@@ -110,7 +111,7 @@ void tst_FontsOnBoard::pair_drawsMixedText()
 void tst_FontsOnBoard::pair_capitalsOfBothFontsAreOfOneSize()
 {
     if (!testsupport::hasChineseBoardFont())
-        QSKIP("the Chinese font was not made: tools/setup.sh build could not fetch its data");
+        ZT_SKIP("the Chinese font was not made: tools/setup.sh build could not fetch its data");
     ZTRegBigFontShxParser pair("hershey-simplex.shx", "gb-strokes.shx");
     pair.setTextHeight(24.0);
     ZTPathGlyphCallback callback;
@@ -125,7 +126,7 @@ void tst_FontsOnBoard::pair_capitalsOfBothFontsAreOfOneSize()
 void tst_FontsOnBoard::fonts_atOneHeight_goTogetherWithoutAPair()
 {
     if (!testsupport::hasChineseBoardFont())
-        QSKIP("the Chinese font was not made: tools/setup.sh build could not fetch its data");
+        ZT_SKIP("the Chinese font was not made: tools/setup.sh build could not fetch its data");
     ZTShxParser *regular = ZTShxFontManager::getFont("hershey-simplex.shx", 50);
     ZTShxParser *big = ZTShxFontManager::getFont("gb-strokes.shx", 50);
     regular->setTextHeight(21.0);

@@ -1,5 +1,6 @@
 #include <support/BoardFonts.h>
 #include <support/DrawnStrokes.h>
+#include <support/Skip.h>
 
 #include <fontkit/GbPunctuation.h>
 #include <fontkit/GbStrokesFont.h>
@@ -26,7 +27,7 @@ using Strokes = QVector<QVector<QPointF>>;
 
 #define SKIP_WITHOUT_CHINESE_FONT()                                                                \
     if (!testsupport::hasChineseBoardFont())                                                       \
-    QSKIP("the Chinese font was not made: tools/setup.sh build could not fetch its data")
+    ZT_SKIP("the Chinese font was not made: tools/setup.sh build could not fetch its data")
 
 DataFolder hanziData() { return DataFolder(QByteArrayLiteral(ZT_HANZI_DIR)); }
 DataFolder hersheyData() { return DataFolder(QByteArrayLiteral(ZT_HERSHEY_DIR)); }
@@ -396,7 +397,7 @@ void tst_GbStrokesFont::make_damagedCharacter_failsAndTells()
 void tst_GbStrokesFont::make_someCharacters_makesThoseAlone()
 {
     if (!hersheyData().read("futural.jhf"))
-        QSKIP("the Hershey data is missing: install the package hershey-fonts-data");
+        ZT_SKIP("the Hershey data is missing: install the package hershey-fonts-data");
     const QTemporaryDir folder;
     writeCharacter(folder, "\xE4\xBD\xA0.json", R"({"medians":[[[132,100],[232,100]]]})");
     GbStrokesFont maker(DataFolder(QFile::encodeName(folder.path())), hersheyData());

@@ -1,5 +1,6 @@
 #include <support/BoardFonts.h>
 #include <support/DrawnStrokes.h>
+#include <support/Skip.h>
 
 #include <fontkit/HersheyFonts.h>
 
@@ -104,7 +105,7 @@ private Q_SLOTS:
 void tst_HersheyFonts::make_latinFont_hasTheStrokesOfTheData_data()
 {
     if (!hasData())
-        QSKIP("the Hershey data is missing: install the package hershey-fonts-data");
+        ZT_SKIP("the Hershey data is missing: install the package hershey-fonts-data");
     QTest::addColumn<QString>("font");
     QTest::addColumn<QByteArray>("data");
     QTest::newRow("simplex") << QStringLiteral("hershey-simplex.shx") << QByteArray("futural.jhf");
@@ -138,7 +139,7 @@ void tst_HersheyFonts::make_latinFont_hasTheStrokesOfTheData()
 void tst_HersheyFonts::make_font_tellsItsHeights_data()
 {
     if (!hasData())
-        QSKIP("the Hershey data is missing: install the package hershey-fonts-data");
+        ZT_SKIP("the Hershey data is missing: install the package hershey-fonts-data");
     QTest::addColumn<QString>("font");
     QTest::addColumn<int>("below");
     QTest::newRow("brackets reach lowest") << QStringLiteral("hershey-simplex.shx") << 7;
@@ -162,7 +163,7 @@ void tst_HersheyFonts::make_font_tellsItsHeights()
 void tst_HersheyFonts::character_greek_isTheLetterOfLikeSound_data()
 {
     if (!hasData())
-        QSKIP("the Hershey data is missing: install the package hershey-fonts-data");
+        ZT_SKIP("the Hershey data is missing: install the package hershey-fonts-data");
     QTest::addColumn<char>("code");
     QTest::addColumn<QByteArray>("file");
     QTest::addColumn<int>("number");
@@ -199,7 +200,7 @@ void tst_HersheyFonts::character_greek_isTheLetterOfLikeSound()
 void tst_HersheyFonts::character_cyrillic_followsTheSevenBitCode_data()
 {
     if (!hasData())
-        QSKIP("the Hershey data is missing: install the package hershey-fonts-data");
+        ZT_SKIP("the Hershey data is missing: install the package hershey-fonts-data");
     QTest::addColumn<int>("code");
     QTest::addColumn<QByteArray>("file");
     QTest::addColumn<char>("place");
@@ -238,7 +239,7 @@ void tst_HersheyFonts::character_cyrillic_followsTheSevenBitCode()
 void tst_HersheyFonts::character_cyrillicSmallE_isTheCapitalReduced()
 {
     if (!hasData())
-        QSKIP("the Hershey data is missing: install the package hershey-fonts-data");
+        ZT_SKIP("the Hershey data is missing: install the package hershey-fonts-data");
     HersheyFonts fonts(debianData());
     HersheyCharacter capital;
     HersheyCharacter small;
@@ -257,7 +258,7 @@ void tst_HersheyFonts::character_cyrillicSmallE_isTheCapitalReduced()
 void tst_HersheyFonts::make_script_hasACaret()
 {
     if (!hasData())
-        QSKIP("the Hershey data is missing: install the package hershey-fonts-data");
+        ZT_SKIP("the Hershey data is missing: install the package hershey-fonts-data");
     for (const char code : {'^', '_', '`'}) {
         Strokes strokes;
         draw(QStringLiteral("hershey-script.shx"), code, &strokes);
@@ -268,7 +269,7 @@ void tst_HersheyFonts::make_script_hasACaret()
 void tst_HersheyFonts::make_twice_givesTheSameBytes()
 {
     if (!hasData())
-        QSKIP("the Hershey data is missing: install the package hershey-fonts-data");
+        ZT_SKIP("the Hershey data is missing: install the package hershey-fonts-data");
     for (const QString &name : HersheyFonts::fileNames()) {
         fontkit::FontFile first;
         fontkit::FontFile second;

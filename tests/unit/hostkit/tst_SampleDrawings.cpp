@@ -2,6 +2,7 @@
 #include <support/DrawingBytes.h>
 #include <support/OwnFolder.h>
 #include <support/SingletonGuard.h>
+#include <support/Skip.h>
 #include <support/TinyFonts.h>
 #include <support/WarningGuard.h>
 
@@ -139,7 +140,7 @@ private Q_SLOTS:
     void strokeText_keepsItsHeight_whateverTextIsMadeAfterIt()
     {
         if (!testsupport::boardFonts().contains(QStringLiteral("hershey-simplex.shx")))
-            QSKIP("the build made no stroke fonts");
+            ZT_SKIP("the build made no stroke fonts");
         testsupport::installBoardFonts();
         ZTGraphicsDocument document;
         load(QStringLiteral("text.ztd"), document);
