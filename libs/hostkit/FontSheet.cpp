@@ -65,7 +65,8 @@ bool fail(QString *error, const QString &reason)
 /** Where a glyph's cell begins. */
 QPointF cellOf(int number, const QSize &grid)
 {
-    return QPointF(number % grid.width(), kTitleCells + number / grid.width());
+    const int row = number / grid.width();
+    return QPointF(number % grid.width(), kTitleCells + row);
 }
 
 void writeStrokes(TextOutput &out, const FontSheetGlyph &glyph, const QPointF &cell)

@@ -18,6 +18,7 @@ namespace {
 constexpr double kPixelsPerMm = 40.0;
 constexpr double kLongestSide = 2400.0;
 constexpr double kShortestLongSide = 800.0;
+constexpr double kMostDotsPerMeter = 1e9;
 constexpr int kBatch = 4096;
 constexpr int kRun = 256;
 
@@ -172,8 +173,10 @@ bool writeMarkPng(const ZTMarkGraph &graph, const MarkUnits &units, QIODevice &d
     if (image.isNull())
         return false;
     image.fill(Qt::white);
-    image.setDotsPerMeterX(qRound(scale * 1000.0));
-    image.setDotsPerMeterY(qRound(scale * 1000.0));
+    // A drawing may be so small that no number of dots tells its size.
+    const int dotsPerMeter = qRound(std::min(scale * 1000.0, kMostDotsPerMeter));
+    image.setDotsPerMeterX(dotsPerMeter);
+    image.setDotsPerMeterY(dotsPerMeter);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(scale, scale);

@@ -1,5 +1,7 @@
 #include "ZtmarkProcess.h"
 
+#include <support/Skip.h>
+
 #include <QtCore/QDir>
 #include <QtCore/QTemporaryDir>
 
