@@ -196,8 +196,8 @@ void addPairs(QMap<int, Strokes> &marks)
     marks[0xA1BB] = turned(whiteCornerBracket(), middle);
     marks[0xA1AE] = openingQuote(210);
     marks[0xA1AF] = closingQuote(46);
-    marks[0xA1B0] = openingQuote(170) + openingQuote(214).first();
-    marks[0xA1B1] = closingQuote(42) + closingQuote(86).first();
+    marks[0xA1B0] = openingQuote(170) + openingQuote(214).constFirst();
+    marks[0xA1B1] = closingQuote(42) + closingQuote(86).constFirst();
 }
 
 void addSigns(QMap<int, Strokes> &marks)

@@ -25,7 +25,7 @@ public:
 
 Q_SIGNALS:
     /** The user wants this one; the dialog closes. */
-    void chosen(const RecoveryEntry &entry);
+    void chosen(const studio::RecoveryEntry &entry);
 
 protected:
     void changeEvent(QEvent *event) override;
