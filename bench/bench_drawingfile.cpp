@@ -1,7 +1,7 @@
 #include <support/RandomDrawing.h>
 
-#include <hostkit/DrawingSnapshot.h>
-#include <hostkit/Factories.h>
+#include <hostkit/drawing/DrawingSnapshot.h>
+#include <hostkit/setup/Factories.h>
 
 #include <QtCore/QTemporaryDir>
 #include <QtWidgets/QApplication>

@@ -1,4 +1,4 @@
-#include <hostkit/Factories.h>
+#include <hostkit/setup/Factories.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 

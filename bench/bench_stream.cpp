@@ -1,6 +1,6 @@
 // Saving and loading large drawings, beside the plain writing and reading of the same bytes.
 
-#include <hostkit/Factories.h>
+#include <hostkit/setup/Factories.h>
 #include <support/oracle/PlainStream.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>

@@ -1,7 +1,7 @@
 #include <studio/MainWindow.h>
 #include <studio/drawing/DrawingFiles.h>
 
-#include <hostkit/Factories.h>
+#include <hostkit/setup/Factories.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 

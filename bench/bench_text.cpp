@@ -4,7 +4,7 @@
 
 #include <support/oracle/PlainShxFont.h>
 
-#include <hostkit/Factories.h>
+#include <hostkit/setup/Factories.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 

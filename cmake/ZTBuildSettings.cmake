@@ -34,6 +34,10 @@ target_compile_options(zt_settings INTERFACE
   # Mark paths are exact to the last bit on every target: no fused multiply-add.
   -ffp-contract=off)
 target_link_options(zt_settings INTERFACE -Wl,--as-needed)
+find_program(ZT_LLD ld.lld)
+if(ZT_LLD)
+  target_link_options(zt_settings INTERFACE -fuse-ld=lld) # a quarter of the time of the other
+endif()
 if(NOT ZT_SANITIZE)
   target_link_options(zt_settings INTERFACE -Wl,--no-undefined)
 endif()
@@ -53,3 +57,16 @@ if(ZT_COVERAGE)
   target_compile_options(zt_settings INTERFACE --coverage)
   target_link_options(zt_settings INTERFACE --coverage)
 endif()
+
+# The Qt headers that nearly every source pulls in, parsed once a target. Sources include what they
+# use all the same: the checks compile without these.
+option(ZT_PRECOMPILE "Precompile the Qt headers" ON)
+set(ZT_CORE_HEADERS <QtCore/QObject> <QtCore/QString> <QtCore/QVector> <QtCore/QVariant>
+  <QtCore/QDataStream> <QtCore/QFile> <QtCore/QDir> <vector> <memory> <algorithm> <functional>)
+set(ZT_WIDGET_HEADERS ${ZT_CORE_HEADERS} <QtGui/QPainterPath> <QtGui/QPainter> <QtWidgets/QWidget>
+  <QtWidgets/QGraphicsItem> <QtWidgets/QGraphicsScene> <QtWidgets/QUndoStack>)
+function(zt_precompile target)
+  if(ZT_PRECOMPILE)
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+  endif()
+endfunction()

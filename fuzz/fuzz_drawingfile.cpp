@@ -1,10 +1,10 @@
 // Drawing files, with lengths and checksums put right so that the fuzzer gets behind them: nothing
 // crashes, and what is read, loaded and saved again is the same from then on.
 
-#include <hostkit/DrawingLoader_p.h>
-#include <hostkit/DrawingSections_p.h>
-#include <hostkit/DrawingStream_p.h>
-#include <hostkit/Factories.h>
+#include <hostkit/drawing/DrawingLoader_p.h>
+#include <hostkit/drawing/DrawingSections_p.h>
+#include <hostkit/drawing/DrawingStream_p.h>
+#include <hostkit/setup/Factories.h>
 
 #include <QtCore/QtEndian>
 #include <QtWidgets/QApplication>

@@ -1,9 +1,9 @@
 // write_samples FOLDER: writes the sample drawings into the folder, which holds logo.plt.
 
-#include <hostkit/DrawingSnapshot.h>
-#include <hostkit/Factories.h>
-#include <hostkit/SampleDrawing.h>
-#include <hostkit/SampleDrawings.h>
+#include <hostkit/drawing/DrawingSnapshot.h>
+#include <hostkit/setup/Factories.h>
+#include <hostkit/drawing/SampleDrawing.h>
+#include <hostkit/drawing/SampleDrawings.h>
 
 #include <QtCore/QFile>
 #include <QtWidgets/QApplication>

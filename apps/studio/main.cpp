@@ -3,7 +3,7 @@
 #include <studio/Messages.h>
 #include <studio/drawing/CrashGuard.h>
 
-#include <hostkit/Factories.h>
+#include <hostkit/setup/Factories.h>
 
 #include <CLI/CLI.hpp>
 

@@ -3,8 +3,8 @@
 #include "Console.h"
 #include "Usage.h"
 
-#include <hostkit/FontSheet.h>
-#include <hostkit/StrokeFont.h>
+#include <hostkit/text/FontSheet.h>
+#include <hostkit/text/StrokeFont.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>

@@ -5,7 +5,7 @@
 #include "InfoRows.h"
 #include "Progress.h"
 
-#include <hostkit/DrawingInput.h>
+#include <hostkit/marks/DrawingInput.h>
 
 using inforows::printRow;
 using inforows::rounded;

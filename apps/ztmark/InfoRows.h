@@ -2,7 +2,7 @@
 
 #include "Console.h"
 
-#include <hostkit/NumberText.h>
+#include <hostkit/marks/NumberText.h>
 
 /** How `ztmark info` tells what it finds. */
 namespace inforows {

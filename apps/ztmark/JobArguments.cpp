@@ -5,7 +5,7 @@
 #include "Progress.h"
 #include "Usage.h"
 
-#include <hostkit/MarkGraphWriter.h>
+#include <hostkit/marks/MarkGraphWriter.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <hostkit/MarkJob.h>
+#include <hostkit/marks/MarkJob.h>
 
 #include <CLI/CLI.hpp>
 

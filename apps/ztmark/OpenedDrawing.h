@@ -1,7 +1,7 @@
 #pragma once
 
-#include <hostkit/DrawingSnapshot.h>
-#include <hostkit/MarkPathMeasure.h>
+#include <hostkit/drawing/DrawingSnapshot.h>
+#include <hostkit/marks/MarkPathMeasure.h>
 
 #include <QtCore/QCoreApplication>
 

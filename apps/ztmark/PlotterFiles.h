@@ -1,6 +1,6 @@
 #pragma once
 
-#include <hostkit/DrawingInput.h>
+#include <hostkit/marks/DrawingInput.h>
 
 #include <QtCore/QCoreApplication>
 

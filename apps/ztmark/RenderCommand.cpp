@@ -6,8 +6,8 @@
 #include "Progress.h"
 #include "Usage.h"
 
-#include <hostkit/DrawingPicture.h>
-#include <hostkit/MarkGraphWriter.h>
+#include <hostkit/marks/DrawingPicture.h>
+#include <hostkit/marks/MarkGraphWriter.h>
 
 namespace {
 

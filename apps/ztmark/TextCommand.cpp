@@ -4,7 +4,7 @@
 #include "Progress.h"
 #include "Usage.h"
 
-#include <hostkit/StrokeFont.h>
+#include <hostkit/text/StrokeFont.h>
 
 #include <CLI/CLI.hpp>
 

@@ -3,8 +3,8 @@
 #include "FontFolders.h"
 #include "JobArguments.h"
 
-#include <hostkit/TextJob.h>
-#include <hostkit/TextPlaces.h>
+#include <hostkit/text/TextJob.h>
+#include <hostkit/text/TextPlaces.h>
 
 #include <optional>
 #include <set>

@@ -7,7 +7,7 @@
 #include "RenderCommand.h"
 #include "TextCommand.h"
 
-#include <hostkit/Factories.h>
+#include <hostkit/setup/Factories.h>
 
 #include <CLI/CLI.hpp>
 

@@ -1,6 +1,6 @@
 #include <studio/ExportJob.h>
 
-#include <hostkit/MarkGraphWriter.h>
+#include <hostkit/marks/MarkGraphWriter.h>
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>

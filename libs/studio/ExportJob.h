@@ -2,7 +2,7 @@
 
 #include <studio/MarkGraphBuilder.h>
 
-#include <hostkit/MarkUnits.h>
+#include <hostkit/marks/MarkUnits.h>
 
 #include <QtCore/QThread>
 #include <QtCore/QTimer>

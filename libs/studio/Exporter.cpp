@@ -1,6 +1,6 @@
 #include <studio/Exporter.h>
 
-#include <hostkit/MarkGraphWriter.h>
+#include <hostkit/marks/MarkGraphWriter.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>

@@ -4,7 +4,7 @@
 #include <studio/drawing/DrawingMessages.h>
 #include <studio/drawing/RecoveryStore.h>
 
-#include <hostkit/MarkGraphWriter.h>
+#include <hostkit/marks/MarkGraphWriter.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 

@@ -3,7 +3,7 @@
 #include <studio/UndoTexts.h>
 #include <studio/commands/ItemSetCommand.h>
 
-#include <hostkit/DrawingInput.h>
+#include <hostkit/marks/DrawingInput.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>

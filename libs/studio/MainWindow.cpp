@@ -22,7 +22,7 @@
 #include <studio/drawing/RecentMenu.h>
 #include <studio/text/TextTools.h>
 
-#include <hostkit/SampleDrawing.h>
+#include <hostkit/drawing/SampleDrawing.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>

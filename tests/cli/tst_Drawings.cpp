@@ -3,8 +3,8 @@
 #include <support/DrawingBytes.h>
 #include <support/SingletonGuard.h>
 
-#include <hostkit/Factories.h>
-#include <hostkit/MarkGraphWriter.h>
+#include <hostkit/setup/Factories.h>
+#include <hostkit/marks/MarkGraphWriter.h>
 
 #include <QtCore/QDataStream>
 #include <QtCore/QDir>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <hostkit/DrawingSnapshot.h>
+#include <hostkit/drawing/DrawingSnapshot.h>
 
 namespace testsupport {
 

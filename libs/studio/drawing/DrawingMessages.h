@@ -2,7 +2,7 @@
 
 #include <studio/Messages.h>
 
-#include <hostkit/DrawingError.h>
+#include <hostkit/drawing/DrawingError.h>
 
 namespace studio {
 

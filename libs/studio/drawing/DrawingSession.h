@@ -2,7 +2,7 @@
 
 #include <studio/drawing/FileStamp.h>
 
-#include <hostkit/DrawingSnapshot.h>
+#include <hostkit/drawing/DrawingSnapshot.h>
 
 #include <QtCore/QObject>
 

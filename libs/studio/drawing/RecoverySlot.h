@@ -2,7 +2,7 @@
 
 #include <studio/drawing/FileStamp.h>
 
-#include <hostkit/DrawingFile.h>
+#include <hostkit/drawing/DrawingFile.h>
 
 #include <QtCore/QLockFile>
 

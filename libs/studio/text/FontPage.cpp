@@ -5,7 +5,7 @@
 #include <studio/text/StrokeFonts.h>
 #include <studio/text/StrokeSamples.h>
 
-#include <hostkit/StrokeFont.h>
+#include <hostkit/text/StrokeFont.h>
 
 #include <QtCore/QDir>
 #include <QtWidgets/QCheckBox>

@@ -2,7 +2,7 @@
 
 #include <studio/text/TextSettings.h>
 
-#include <hostkit/StrokeFont.h>
+#include <hostkit/text/StrokeFont.h>
 
 #include <QtCore/QCoreApplication>
 

@@ -1,6 +1,6 @@
 #include <studio/text/StrokeSamples.h>
 
-#include <hostkit/StrokeFont.h>
+#include <hostkit/text/StrokeFont.h>
 
 #include <QtCore/QTextCodec>
 

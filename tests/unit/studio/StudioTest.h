@@ -7,7 +7,7 @@
 
 #include <studio/Messages.h>
 
-#include <hostkit/Factories.h>
+#include <hostkit/setup/Factories.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>

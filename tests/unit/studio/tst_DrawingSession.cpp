@@ -2,7 +2,7 @@
 
 #include <studio/drawing/DrawingSession.h>
 
-#include <hostkit/DrawingFile.h>
+#include <hostkit/drawing/DrawingFile.h>
 
 #include <QtCore/QFileInfo>
 #include <QtTest/QSignalSpy>

@@ -5,7 +5,7 @@
 #include "support/SingletonGuard.h"
 #include "support/WarningGuard.h"
 
-#include <hostkit/Factories.h>
+#include <hostkit/setup/Factories.h>
 
 #include <QtTest/QTest>
 

@@ -5,7 +5,7 @@
 #include <studio/text/StrokeFontList.h>
 #include <studio/text/StrokeSamples.h>
 
-#include <hostkit/StrokeFont.h>
+#include <hostkit/text/StrokeFont.h>
 
 #include <QtCore/QFile>
 #include <QtTest/QSignalSpy>

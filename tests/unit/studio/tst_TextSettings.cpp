@@ -8,7 +8,7 @@
 #include <studio/text/TextSettings.h>
 #include <studio/text/TextState.h>
 
-#include <hostkit/StrokeFont.h>
+#include <hostkit/text/StrokeFont.h>
 
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <hostkit/marks/MarkUnits.h>
+
+#include <ZTDrawEngineLib/ZTDrawEngineLib.h>
+
+#include <QtCore/QStringList>
+
+namespace hostkit {
+
+/** The extensions that `saveMarkGraph` knows, with their points: ".svg", ".png", ... */
+QStringList markGraphExtensions();
+
+/** Whether the name ends in one of `markGraphExtensions()`, in any case. */
+bool hasMarkGraphExtension(const QString &path);
+
+/**
+ * Writes mark data to a file whose extension picks the form: a picture (SVG, PNG) or the paths
+ * themselves (JSON, CSV). `docs/formats/mark-data.md` tells the forms.
+ *
+ * The file appears whole or not at all: a failed write leaves what stood there before.
+ *
+ * Failure: false, and `error` (if given) says why in one sentence without the file's name.
+ */
+bool saveMarkGraph(const ZTMarkGraph &graph, const MarkUnits &units, const QString &path,
+                   QString *error);
+
+} // namespace hostkit

@@ -1,0 +1,97 @@
+#include <hostkit/marks/MarkGraphForms_p.h>
+
+#include <hostkit/marks/TextOutput_p.h>
+
+#include <QtCore/qnumeric.h>
+
+namespace hostkit {
+
+// Written by hand instead of through a QJsonDocument, which holds the whole graph a second time,
+// several times larger, and refuses the largest ones.
+namespace {
+
+/** A number, or null where there is none: JSON knows neither "nan" nor "inf". */
+void writeNumber(TextOutput &out, double value)
+{
+    if (qIsFinite(value))
+        out << value;
+    else
+        out << "null";
+}
+
+void writeNumbers(TextOutput &out, std::initializer_list<double> values)
+{
+    const char *before = "[";
+    for (const double value : values) {
+        out << before;
+        writeNumber(out, value);
+        before = ",";
+    }
+    out << "]";
+}
+
+void writeExtent(TextOutput &out, const QRectF &rect)
+{
+    out << "\"extent\":{\"x\":";
+    writeNumber(out, rect.x());
+    out << ",\"y\":";
+    writeNumber(out, rect.y());
+    out << ",\"width\":";
+    writeNumber(out, rect.width());
+    out << ",\"height\":";
+    writeNumber(out, rect.height());
+    out << "}";
+}
+
+void writePolyline(TextOutput &out, const QPolygonF &polygon)
+{
+    const char *before = "[";
+    for (const QPointF &point : polygon) {
+        out << before;
+        writeNumbers(out, {point.x(), point.y()});
+        before = ",";
+    }
+    out << (polygon.isEmpty() ? "[]" : "]");
+}
+
+void writeObject(TextOutput &out, const ZTMarkObject &object)
+{
+    out << "{\"pen\":" << object.penId << ",";
+    writeExtent(out, object.rect);
+    out << ",\n\"polylines\":[";
+    const char *before = "\n";
+    for (const QPolygonF &polygon : object.lines) {
+        out << before;
+        writePolyline(out, polygon);
+        before = ",\n";
+    }
+    out << "],\n\"hatch\":[";
+    before = "\n";
+    for (const QLineF &line : object.fillLines) {
+        out << before;
+        writeNumbers(out, {line.x1(), line.y1(), line.x2(), line.y2()});
+        before = ",\n";
+    }
+    out << "]}";
+}
+
+} // namespace
+
+void writeMarkJson(const ZTMarkGraph &graph, const MarkUnits &units, QIODevice &device)
+{
+    TextOutput out(device);
+    out << "{\"format\":\"mark-data\",\"version\":1,\"unit\":\"mark\",\"unitsPerMm\":";
+    writeNumber(out, units.perMm);
+    out << ",\n";
+    writeExtent(out, graph.rect);
+    out << ",\n\"objects\":[";
+    const char *before = "\n";
+    for (const ZTMarkObject &object : graph.objects) {
+        out << before;
+        writeObject(out, object);
+        before = ",\n";
+    }
+    out << "]}\n";
+}
+
+} // namespace hostkit

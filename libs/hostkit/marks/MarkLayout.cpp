@@ -1,0 +1,317 @@
+#include <hostkit/marks/MarkLayout_p.h>
+
+#include <QtCore/QtMath>
+
+#include <algorithm>
+#include <cmath>
+
+namespace hostkit {
+
+namespace {
+
+constexpr double kMaxHatchRows = 1e6;
+constexpr double kMaxPieces = 20e6;
+constexpr double kMaxObjects = 1e6;
+constexpr double kHatchMarginPx = 10.0; // on each side of a layout of hatch lines
+
+bool fail(MarkJobError *error, int drawing, const QString &reason)
+{
+    *error = MarkJobError{drawing, reason};
+    return false;
+}
+
+/** "12,345,678", the same in every locale. */
+QString grouped(double count)
+{
+    QString digits = QString::number(count, 'f', 0);
+    for (int i = digits.size() - 3; i > 0; i -= 3)
+        digits.insert(i, QLatin1Char(','));
+    return digits;
+}
+
+QString tooMany(const QString &what, double count, double limit)
+{
+    return MarkLayout::tr("too much work: %1 %2, the limit is %3")
+        .arg(grouped(count), what, grouped(limit));
+}
+
+/** Turns the item, as it stands, and brings the corner of the turned box back to the origin. */
+void turn(ZTAbstractGraphicsItem &item, double rotateDeg)
+{
+    const QTransform turned = item.getTransformParam() * QTransform().rotate(rotateDeg);
+    item.setTransformParam(turned);
+    const QPointF cornerPx = item.boundingRect().topLeft();
+    const ZTCoord &coord = *ZTCoord::getInstance();
+    const QTransform back =
+        QTransform::fromTranslate(-coord.pix2mm(cornerPx.x()), -coord.pix2mm(cornerPx.y()));
+    item.setTransformParam(turned * back);
+}
+
+/** Number of hatch lines laid over the shape, those that miss it included. */
+double hatchRows(ZTShapeBase &shape, double spacingPx)
+{
+    const QRectF box = shape.controlPointRect();
+    const double diagonal = std::sqrt(2.0) * std::max(box.width(), box.height());
+    return (diagonal + 2.0 * kHatchMarginPx) / spacingPx;
+}
+
+/** About how many segments the hatch will have: half its crossings with the outline. */
+double hatchSegments(const ZTShapeBase &shape, double spacingPx, double angleDeg)
+{
+    const double angle = qDegreesToRadians(angleDeg);
+    const QPointF normal(-std::sin(angle), std::cos(angle));
+    double acrossPx = 0.0;
+    for (const QPolygonF &polygon : shape.getLines().toSubpathPolygons()) {
+        for (int i = 0; i < polygon.size(); ++i) {
+            const QPointF edge = polygon[(i + 1) % polygon.size()] - polygon[i];
+            acrossPx += std::abs(QPointF::dotProduct(edge, normal));
+        }
+    }
+    return acrossPx / spacingPx / 2.0;
+}
+
+double pointsOf(const QPainterPath &path)
+{
+    double points = 0.0;
+    for (const QPolygonF &polygon : path.toSubpathPolygons())
+        points += polygon.size();
+    return points;
+}
+
+void enlarge(ZTMarkGraph &graph, double factor)
+{
+    const auto enlarged = [factor](const QRectF &rect) {
+        return QRectF(rect.topLeft() * factor, rect.size() * factor);
+    };
+    for (ZTMarkObject &object : graph.objects) {
+        for (QPolygonF &polygon : object.lines) {
+            for (QPointF &point : polygon)
+                point *= factor;
+        }
+        for (QLineF &line : object.fillLines)
+            line.setPoints(line.p1() * factor, line.p2() * factor);
+        object.rect = enlarged(object.rect);
+    }
+    graph.rect = enlarged(graph.rect);
+}
+
+/** Sets the process-wide sort kind, which shapes and graphs obey, and puts the old one back. */
+class SortKind
+{
+public:
+    explicit SortKind(EShapeSortType kind) : former(ZTPointSort::getInstance()->getShapeMarkSort())
+    {
+        ZTPointSort::getInstance()->setShapeMarkSort(kind);
+    }
+    ~SortKind() { ZTPointSort::getInstance()->setShapeMarkSort(former); }
+    SortKind(const SortKind &) = delete;
+    SortKind &operator=(const SortKind &) = delete;
+
+private:
+    EShapeSortType former;
+};
+
+void dropOutlines(ZTMarkGraph &graph)
+{
+    for (ZTMarkObject &object : graph.objects)
+        object.lines.clear();
+}
+
+void tell(const MarkJobOptions &options, const QString &step)
+{
+    if (options.progress)
+        options.progress(step);
+}
+
+void order(ZTMarkGraph &graph, const MarkJobOptions &options, MarkJobResult *result)
+{
+    const MarkUnits units = MarkUnits::current();
+    const auto measure = [&](ZTMarkGraph measured) {
+        if (!options.outline)
+            dropOutlines(measured);
+        return measureMarkPath(measured, units);
+    };
+    result->before = measure(graph);
+    ZTPointSort::getInstance()->markGraphSort(graph);
+    if (!options.outline)
+        dropOutlines(graph);
+    result->after = measureMarkPath(graph, units);
+    result->graph = std::move(graph);
+}
+
+} // namespace
+
+bool MarkLayout::build(const MarkJobOptions &options, const Filling &fill, MarkJobResult *result,
+                       MarkJobError *error)
+{
+    const SortKind kind(options.order);
+    ZTMarkGraph graph;
+    if (!buildGraph(options, fill, &graph, error))
+        return false;
+    tell(options, tr("ordering"));
+    order(graph, options, result);
+    return true;
+}
+
+/** Mark data of the whole job as its items were added, copies row by row. */
+bool MarkLayout::buildGraph(const MarkJobOptions &options, const Filling &fill, ZTMarkGraph *graph,
+                            MarkJobError *error)
+{
+    MarkLayout layout(options, error);
+    tell(options, tr("preparing outlines"));
+    if (!fill(layout))
+        return false;
+    tell(options, tr("copying"));
+    if (!layout.repeat())
+        return false;
+    if (options.hatch != FillType::None)
+        tell(options, tr("hatching"));
+    *graph = layout.takeGraph();
+    return true;
+}
+
+MarkLayout::MarkLayout(const MarkJobOptions &jobOptions, MarkJobError *jobError)
+    : options(jobOptions), error(jobError), nobodyFollows(manager.scene())
+{
+    // The scale of a manager is a float, too coarse for paths written to the last digit: the
+    // graph leaves it in scene pixels and is brought to mark units afterwards.
+    manager.setScale(1.0F, 1.0F);
+}
+
+/**
+ * The shape converts its spacing from millimetres to pixels once, and the scale then enlarges the
+ * hatch with the drawing: dividing by the scale brings the lines out at the distance asked for.
+ */
+ZTFillParam MarkLayout::fillParam() const
+{
+    ZTFillParam fill;
+    fill.fillType = options.hatch;
+    fill.spac = options.spacingMm / options.scale;
+    fill.angle = options.angleDeg;
+    // The outline is needed to order the objects, also where it is dropped in the end.
+    fill.isEnableBorder = true;
+    return fill;
+}
+
+bool MarkLayout::checkWork(int index, ZTShapeBase &shape)
+{
+    pieces += pointsOf(shape.getLines());
+    if (options.hatch == FillType::None)
+        return true;
+    const double spacingPx = scenePx(options.spacingMm);
+    const double rows = hatchRows(shape, spacingPx);
+    if (!(rows <= kMaxHatchRows))
+        return fail(error, index, tooMany(tr("hatch lines over the drawing"), rows, kMaxHatchRows));
+    const double joints = options.hatch == FillType::ULine ? 2.0 : 1.0;
+    const double segments = joints * hatchSegments(shape, spacingPx, options.angleDeg);
+    if (!(segments <= kMaxPieces))
+        return fail(error, index, tooMany(tr("hatch segments"), segments, kMaxPieces));
+    pieces += segments;
+    return true;
+}
+
+bool MarkLayout::checkCopies() const
+{
+    const double objects = copies() * static_cast<double>(drawn.size());
+    if (objects > kMaxObjects)
+        return fail(error, -1, tooMany(tr("objects"), objects, kMaxObjects));
+    if (copies() * pieces > kMaxPieces)
+        return fail(error, -1,
+                    tooMany(tr("points and hatch segments"), copies() * pieces, kMaxPieces));
+    return true;
+}
+
+bool MarkLayout::add(ShapeType type, const Shaping &shape)
+{
+    const int index = static_cast<int>(drawn.size());
+    ZTAbstractGraphicsItem *item = manager.addShape(type, QRectF());
+    if (item == nullptr)
+        return fail(error, index, tr("no factory for drawings is registered"));
+    shape(*item);
+    item->getShapeBase()->paint();
+    if (options.rotateDeg != 0.0)
+        turn(*item, options.rotateDeg);
+    drawn.push_back(item);
+    return checkWork(index, *item->getShapeBase());
+}
+
+bool MarkLayout::repeat()
+{
+    if (!checkCopies())
+        return false;
+    if (!drawn.empty())
+        layOut();
+    return true;
+}
+
+/** Puts the items side by side and repeats them; the scene grows to hold all of it. */
+void MarkLayout::layOut()
+{
+    std::vector<double> placesPx;
+    double widthPx = 0.0;
+    double heightPx = 0.0;
+    for (const ZTAbstractGraphicsItem *item : drawn) {
+        const QSizeF sizePx = item->boundingRect().size();
+        placesPx.push_back(widthPx);
+        widthPx += sizePx.width() + scenePx(options.gapMm.width());
+        heightPx = std::max(heightPx, sizePx.height());
+    }
+    const QSizeF pitchPx(widthPx, heightPx + scenePx(options.gapMm.height()));
+    // An item's position is clamped to the scene.
+    const QSizeF layoutPx(options.columns * pitchPx.width(), options.rows * pitchPx.height());
+    manager.scene()->setSceneRect(manager.scene()->sceneRect() | QRectF(QPointF(), layoutPx));
+
+    items.resize(drawn.size() * static_cast<std::size_t>(copies()));
+    for (std::size_t i = 0; i < drawn.size(); ++i) {
+        drawn[i]->setPos(placesPx[i], 0.0);
+        addCopies(static_cast<int>(i), pitchPx);
+    }
+}
+
+void MarkLayout::addCopies(int drawing, const QSizeF &pitchPx)
+{
+    std::size_t number = static_cast<std::size_t>(drawing);
+    ZTAbstractGraphicsItem *const source = drawn[number];
+    items[number] = source;
+    if (items.size() == drawn.size())
+        return;
+    manager.scene()->clearSelection();
+    source->setSelected(true);
+    const QSizeF gapPx = pitchPx - source->boundingRect().size();
+    const QList<ZTAbstractGraphicsItem *> added =
+        manager.addMatrix(options.rows, options.columns, gapPx.width(), gapPx.height());
+    for (ZTAbstractGraphicsItem *copy : added)
+        items[number += drawn.size()] = copy;
+}
+
+// Not before the copies are made: each of them is rebuilt when it is made, and again when its mark
+// data are.
+void MarkLayout::hatch()
+{
+    for (ZTAbstractGraphicsItem *item : items)
+        item->getShapeBase()->setFillParam(fillParam());
+}
+
+/** Mark data of all items, in the order of `items` whatever the sort made of them. */
+ZTMarkGraph MarkLayout::takeGraph()
+{
+    hatch();
+    // An object of a graph does not tell which item it came from, but it tells its pen.
+    const int pen = items.empty() ? 1 : items.front()->getPenId();
+    for (std::size_t i = 0; i < items.size(); ++i)
+        items[i]->getShapeBase()->setPenId(static_cast<int>(i));
+    ZTMarkGraph sorted = manager.getShapeLines();
+
+    ZTMarkGraph graph;
+    graph.rect = sorted.rect;
+    graph.objects.resize(sorted.objects.size());
+    for (ZTMarkObject &object : sorted.objects) {
+        ZTMarkObject &place = graph.objects[object.penId];
+        place = std::move(object);
+        place.penId = pen;
+    }
+    enlarge(graph, ZTCoord::getInstance()->screen2mark() * options.scale);
+    return graph;
+}
+
+} // namespace hostkit

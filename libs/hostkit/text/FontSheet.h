@@ -1,0 +1,55 @@
+#pragma once
+
+#include <hostkit/text/ShxFontInfo.h>
+
+#include <QtCore/QSize>
+#include <QtGui/QPolygonF>
+
+namespace hostkit {
+
+/** One glyph of a specimen. */
+struct FontSheetGlyph
+{
+    int code = 0;
+    QVector<QPolygonF> strokes; ///< polylines of at least two points, in cells; y downward
+};
+
+/**
+ * A specimen of a stroke font: every glyph in a cell of a grid, above its code.
+ *
+ * Frame: a cell is 1 wide and high; a glyph's origin stands at (0.2, 0.7) of its cell, and its
+ * ascender is 0.5 high.
+ */
+class FontSheet
+{
+public:
+    /**
+     * Draws every glyph of the file, in the file's order.
+     *
+     * Failure: false, and `error` says why in one sentence without the name.
+     */
+    bool read(const QString &path, QString *error);
+
+    const ShxFontInfo &font() const { return info; }
+    const QVector<FontSheetGlyph> &glyphs() const { return drawn; }
+
+    /** Columns and rows of the grid: 16 columns, more where the sheet would become too tall. */
+    QSize grid() const;
+
+    /**
+     * Writes the specimen; the extension, ".svg" or ".png", tells the form.
+     *
+     * The file appears whole or not at all.
+     * Failure: false, and `error` says why in one sentence without the name.
+     */
+    bool save(const QString &path, const QString &title, QString *error) const;
+
+    /** Whether `save` knows the extension. */
+    static bool hasExtension(const QString &path);
+
+private:
+    ShxFontInfo info;
+    QVector<FontSheetGlyph> drawn;
+};
+
+} // namespace hostkit

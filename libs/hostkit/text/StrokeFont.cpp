@@ -1,0 +1,165 @@
+#include <hostkit/text/StrokeFont.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QSet>
+#include <QtCore/QTextCodec>
+#include <QtGui/QFontMetrics>
+
+#include <algorithm>
+#include <cmath>
+
+namespace hostkit {
+
+namespace {
+
+/** Texts of this file for the catalogue. */
+struct StrokeFontTexts
+{
+    Q_DECLARE_TR_FUNCTIONS(hostkit::StrokeFont)
+};
+
+bool fail(QString *error, const QString &reason)
+{
+    *error = reason;
+    return false;
+}
+
+/** What became of the pen, and whether it drew. */
+class StrokeProbe : public ZTAbstractGlyphCallback
+{
+public:
+    void glBegin() override {}
+    void glVertex2d(double, double) override { ++vertices; }
+    void glEnd() override {}
+    void next() override {}
+
+    int vertices = 0;
+};
+
+bool isListed(const std::vector<std::string> &names, const QByteArray &name)
+{
+    return std::find(names.begin(), names.end(), name.toStdString()) != names.end();
+}
+
+bool findFont(const QString &name, const std::vector<std::string> &kind, const QString &otherKind,
+              const QStringList &folders, QString *error)
+{
+    const QByteArray local = name.toLocal8Bit();
+    if (isListed(kind, local))
+        return true;
+    if (isListed(ZTShxFontManager::regFonts(), local) ||
+        isListed(ZTShxFontManager::bigFonts(), local))
+        return fail(error, otherKind.arg(name));
+    if (ZTShxFontManager::getFont(local.toStdString(), 1) != nullptr)
+        return fail(error, StrokeFontTexts::tr("%1 is no stroke font").arg(name));
+    return fail(error, StrokeFontTexts::tr("no stroke font %1 in %2")
+                           .arg(name, folders.join(QStringLiteral(", "))));
+}
+
+/** False also where there is no font at all. */
+bool hasHeight(const QString &name)
+{
+    const ZTShxParser *font = ZTShxFontManager::getFont(name.toLocal8Bit().toStdString(), 1);
+    return font != nullptr && std::isfinite(font->getTextHeight());
+}
+
+/** The code points of a text, each once, line feeds left out. */
+QVector<uint> charactersOf(const QString &text)
+{
+    QVector<uint> characters;
+    QSet<uint> seen;
+    for (const uint character : text.toUcs4()) {
+        if (character == '\n' || seen.contains(character))
+            continue;
+        seen.insert(character);
+        characters.append(character);
+    }
+    return characters;
+}
+
+/** Empty where GBK has no such character. */
+QByteArray toGbk(const QString &character)
+{
+    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
+    const QTextCodec *codec = QTextCodec::codecForName("GBK");
+    const QByteArray bytes = codec->fromUnicode(character.constData(), character.size(), &state);
+    return state.invalidChars == 0 ? bytes : QByteArray();
+}
+
+bool hasGlyph(const QByteArray &bytes, ZTRegBigFontShxParser &pair)
+{
+    StrokeProbe probe;
+    const double width = pair.drawText(&probe, bytes.constData(), 0.0, 0.0, 0.0);
+    const int verticesOfNothing = 1; // where the pen begins
+    return probe.vertices > verticesOfNothing || width != 0.0;
+}
+
+MissingCharacters missingStrokes(const QString &text, ZTRegBigFontShxParser pair)
+{
+    MissingCharacters missing;
+    for (const uint character : charactersOf(text)) {
+        const QString shown = QString::fromUcs4(&character, 1);
+        const QByteArray bytes = toGbk(shown);
+        if (bytes.isEmpty())
+            missing.notEncoded.append(shown);
+        else if (!hasGlyph(bytes, pair))
+            missing.noGlyph.append(shown);
+    }
+    return missing;
+}
+
+MissingCharacters missingOutlines(const QString &text, const QFont &font)
+{
+    MissingCharacters missing;
+    const QFontMetrics metrics(font);
+    for (const uint character : charactersOf(text)) {
+        if (!metrics.inFontUcs4(character))
+            missing.noGlyph.append(QString::fromUcs4(&character, 1));
+    }
+    return missing;
+}
+
+} // namespace
+
+QString strokeFontFolder()
+{
+    return QCoreApplication::applicationDirPath() + QStringLiteral("/font");
+}
+
+bool strokeFont(const QString &regularName, const QString &bigName, const QStringList &folders,
+                ZTShxFontParam *font, QString *error)
+{
+    const std::vector<std::string> regular = ZTShxFontManager::regFonts();
+    const std::vector<std::string> big = ZTShxFontManager::bigFonts();
+    if (!findFont(regularName, regular, StrokeFontTexts::tr("%1 is a big font, no regular one"),
+                  folders, error))
+        return false;
+    if (bigName.isEmpty() && big.empty())
+        return fail(
+            error,
+            StrokeFontTexts::tr("no big font in %1").arg(folders.join(QStringLiteral(", "))));
+    font->enName = regularName;
+    font->zhName = bigName.isEmpty() ? QString::fromLocal8Bit(big.front().c_str()) : bigName;
+    if (!findFont(font->zhName, big, StrokeFontTexts::tr("%1 is a regular font, no big one"),
+                  folders, error))
+        return false;
+    font->height = kStrokeFontUnits;
+    font->parser.init(font->enName.toLocal8Bit().constData(),
+                      font->zhName.toLocal8Bit().constData());
+    font->parser.setTextHeight(font->height);
+    const QString noReference =
+        StrokeFontTexts::tr("%1 has no \"%2\", by whose width fonts are brought to a height");
+    if (!hasHeight(font->enName))
+        return fail(error, noReference.arg(font->enName, QStringLiteral("W")));
+    if (!hasHeight(font->zhName))
+        return fail(error, noReference.arg(font->zhName, QString(QChar(0x4F60))));
+    return true;
+}
+
+MissingCharacters missingCharacters(const QString &text, const ZTFontParam &font)
+{
+    return font.fontType == FontType::singleLine ? missingStrokes(text, font.shxFont.parser)
+                                                 : missingOutlines(text, font.font);
+}
+
+} // namespace hostkit
