@@ -148,7 +148,7 @@ void addArc(const VectorPath::Piece &arc, Box *box)
 double cubicLength(const QPointF &a, const QPointF &b, const QPointF &c, const QPointF &d,
                    int depth)
 {
-    constexpr int kDeepest = 24;
+    constexpr int kDeepest = 16;
     constexpr int kAlwaysHalved = 3;
     const double chord = distance(a, d);
     const double around = distance(a, b) + distance(b, c) + distance(c, d);
