@@ -9,10 +9,15 @@ namespace vectorkit {
 bool readSvg(const QByteArray &bytes, const ReadOptions &options, VectorDrawing *drawing,
              ReadFailure *failure)
 {
-    const auto tr = [](const char *text) { return QCoreApplication::translate("vectorkit", text); };
+    ReadFailure unheard;
+    if (!failure)
+        failure = &unheard;
     if (bytes.size() > options.mostBytes) {
-        *failure = {ReadFailure::Kind::TooLarge, tr("The drawing is larger than can be read."),
-                    tr("Take it apart with the program that wrote it.")};
+        *failure = {
+            ReadFailure::Kind::TooLarge,
+            QCoreApplication::translate("vectorkit", "The drawing is larger than can be read."),
+            QCoreApplication::translate("vectorkit",
+                                        "Take it apart with the program that wrote it.")};
         return false;
     }
     SvgTree tree;
@@ -25,10 +30,14 @@ bool readSvg(const QByteArray &bytes, const ReadOptions &options, VectorDrawing 
     if (!walker.walk(failure))
         return false;
     if (read.isEmpty()) {
-        *failure = {ReadFailure::Kind::Empty, tr("The drawing holds no shapes and no texts."),
-                    QString()};
+        *failure = {
+            ReadFailure::Kind::Empty,
+            QCoreApplication::translate("vectorkit", "The drawing holds no shapes and no texts."),
+            QString()};
         for (const VectorNote &note : read.notes)
-            failure->advice += tr("Left out: %1 (%2).").arg(note.what).arg(note.count);
+            failure->advice += QCoreApplication::translate("vectorkit", "Left out: %1 (%2).")
+                                   .arg(note.what)
+                                   .arg(note.count);
         return false;
     }
     *drawing = read;

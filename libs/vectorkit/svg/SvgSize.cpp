@@ -14,8 +14,6 @@ namespace {
 
 constexpr double kMmPerInch = 25.4;
 
-QString tr(const char *text) { return QCoreApplication::translate("vectorkit", text); }
-
 QString shortNumber(double value) { return QLocale::c().toString(value, 'g', 6); }
 
 /** First and second number of a version such as "0.48.3.1 r9886"; false when there is none. */
@@ -89,7 +87,8 @@ double SvgWalker::pixelsPerInchOfProducer(QString *reason)
     if (!editor.isEmpty()) {
         drawing->producer = QStringLiteral("Inkscape ") + editor.section(QLatin1Char(' '), 0, 0);
         if (parseVersion(editor, &first, &second) && first == 0 && second < 92) {
-            *reason = tr("Its sizes are in pixels, of which %1 took 90 for an inch.")
+            *reason = QCoreApplication::translate(
+                          "vectorkit", "Its sizes are in pixels, of which %1 took 90 for an inch.")
                           .arg(drawing->producer);
             return 90.0;
         }
@@ -97,18 +96,21 @@ double SvgWalker::pixelsPerInchOfProducer(QString *reason)
         drawing->producer =
             QStringLiteral("Sodipodi ") +
             tree.attribute(0, SvgName::OldEditorVersion).section(QLatin1Char(' '), 0, 0);
-        *reason =
-            tr("Its sizes are in pixels, of which %1 took 90 for an inch.").arg(drawing->producer);
+        *reason = QCoreApplication::translate(
+                      "vectorkit", "Its sizes are in pixels, of which %1 took 90 for an inch.")
+                      .arg(drawing->producer);
         return 90.0;
     } else {
         drawing->producer = tree.producer;
         if (tree.producer.contains(QLatin1String("Illustrator"))) {
-            *reason = tr("Its sizes are in pixels, of which %1 takes 72 for an inch.")
+            *reason = QCoreApplication::translate(
+                          "vectorkit", "Its sizes are in pixels, of which %1 takes 72 for an inch.")
                           .arg(drawing->producer);
             return 72.0;
         }
     }
-    *reason = tr("Its sizes are in pixels, of which 96 make an inch.");
+    *reason = QCoreApplication::translate("vectorkit",
+                                          "Its sizes are in pixels, of which 96 make an inch.");
     return 96.0;
 }
 
@@ -139,14 +141,16 @@ void SvgWalker::findSize()
     }
     const bool isAbsolute = (hasWidth && width.isAbsolute()) || (hasHeight && height.isAbsolute());
     if (isAbsolute) {
-        drawing->sizeReason = tr("The file gives its size: %1 × %2 mm.")
-                                  .arg(shortNumber(sheet.width()), shortNumber(sheet.height()));
+        drawing->sizeReason =
+            QCoreApplication::translate("vectorkit", "The file gives its size: %1 × %2 mm.")
+                .arg(shortNumber(sheet.width()), shortNumber(sheet.height()));
         drawing->sizeSource = SizeSource::Declared;
     } else if (hasWidth || hasHeight) {
         drawing->sizeReason = pixelReason;
         drawing->sizeSource = SizeSource::Declared;
     } else {
-        drawing->sizeReason = tr("The file gives no size. %1").arg(pixelReason);
+        drawing->sizeReason =
+            QCoreApplication::translate("vectorkit", "The file gives no size. %1").arg(pixelReason);
         drawing->sizeSource = SizeSource::Guessed;
     }
     if (hasWidth && hasHeight && !sheet.isEmpty() && !hasBox) {
@@ -166,7 +170,9 @@ void SvgWalker::findSize()
         drawing->declaredSizeMm *= factor;
         drawing->unitMm = options.unitMm;
         drawing->sizeSource = SizeSource::Chosen;
-        drawing->sizeReason = tr("The unit was chosen: %1 mm.").arg(shortNumber(options.unitMm));
+        drawing->sizeReason =
+            QCoreApplication::translate("vectorkit", "The unit was chosen: %1 mm.")
+                .arg(shortNumber(options.unitMm));
     }
 }
 

@@ -64,7 +64,7 @@ bool colorFunction(const QString &text, QColor *color)
         !colorPart(parts[2], 100.0, &z))
         return false;
     x = std::fmod(std::fmod(degrees, 360.0) + 360.0, 360.0) / 360.0;
-    *color = QColor::fromHslF(std::min(x, 1.0), y, z, a);
+    *color = QColor::fromHslF(std::min(x, 1.0), y, z, a).toRgb();
     return true;
 }
 

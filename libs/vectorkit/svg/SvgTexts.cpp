@@ -20,8 +20,6 @@ constexpr int kProbePixels = 1000;
 constexpr double kUsualCapital = 0.7;
 constexpr double kUsualAdvance = 0.55;
 
-QString tr(const char *text) { return QCoreApplication::translate("vectorkit", text); }
-
 bool hasFonts() { return qobject_cast<QGuiApplication *>(QCoreApplication::instance()) != nullptr; }
 
 QFont probeFont(const SvgStyle &style)
@@ -72,7 +70,8 @@ QString withBlanks(const QString &text, const SvgStyle &style, bool isAfterBlank
 void SvgWalker::addText(int node, const SvgPlace &place)
 {
     if (!place.style.isVisible) {
-        note(VectorNote::Kind::Left, tr("hidden elements"), node);
+        note(VectorNote::Kind::Left, QCoreApplication::translate("vectorkit", "hidden elements"),
+             node);
         return;
     }
     QVector<SvgTextRun> runs;
@@ -108,7 +107,9 @@ void SvgWalker::collectRuns(int node, const SvgPlace &place, QVector<SvgTextRun>
         pen->setY(ys.first());
     *pen += QPointF(list(SvgName::Dx).value(0, 0.0), list(SvgName::Dy).value(0, 0.0));
     if (!list(SvgName::Rotate).isEmpty())
-        note(VectorNote::Kind::Changed, tr("turned letters in a text, kept upright"), node);
+        note(VectorNote::Kind::Changed,
+             QCoreApplication::translate("vectorkit", "turned letters in a text, kept upright"),
+             node);
     const bool isText = tree.nodes[node].element == SvgElement::Text;
     bool startsChunk = isText || !xs.isEmpty() || !ys.isEmpty();
     double widthWanted = xs.size() > 1 ? -1.0 : 0.0;
@@ -139,7 +140,10 @@ void SvgWalker::collectRuns(int node, const SvgPlace &place, QVector<SvgTextRun>
                 const double wide = xs[placed - 1] - xs.first();
                 if (part > 0.0 && wide > 0.0)
                     run.widthFactor = wide / part;
-                note(VectorNote::Kind::Changed, tr("letters placed one by one, now evenly"), child);
+                note(VectorNote::Kind::Changed,
+                     QCoreApplication::translate("vectorkit",
+                                                 "letters placed one by one, now evenly"),
+                     child);
             }
             *pen += QPointF(advanceOf(run.text, run.style) * run.widthFactor, 0.0);
             runs->append(run);
@@ -147,7 +151,9 @@ void SvgWalker::collectRuns(int node, const SvgPlace &place, QVector<SvgTextRun>
             break;
         }
         case SvgElement::TextPath:
-            note(VectorNote::Kind::Changed, tr("texts along a path, set straight"), child);
+            note(VectorNote::Kind::Changed,
+                 QCoreApplication::translate("vectorkit", "texts along a path, set straight"),
+                 child);
             Q_FALLTHROUGH();
         case SvgElement::Tspan:
         case SvgElement::A: {
@@ -160,7 +166,8 @@ void SvgWalker::collectRuns(int node, const SvgPlace &place, QVector<SvgTextRun>
             break;
         }
         case SvgElement::Tref:
-            note(VectorNote::Kind::Left, tr("texts taken from elsewhere"), child);
+            note(VectorNote::Kind::Left,
+                 QCoreApplication::translate("vectorkit", "texts taken from elsewhere"), child);
             break;
         default:
             break;
@@ -209,7 +216,8 @@ void SvgWalker::placeRun(int node, const SvgPlace &place, const SvgTextRun &run)
     if (!text.color.isValid())
         text.color = colorOf(run.style.stroke, run.style.strokeOpacity);
     if (!text.color.isValid()) {
-        note(VectorNote::Kind::Left, tr("shapes without stroke and fill"), node);
+        note(VectorNote::Kind::Left,
+             QCoreApplication::translate("vectorkit", "shapes without stroke and fill"), node);
         return;
     }
     const QTransform &m = place.toMm;
@@ -230,12 +238,15 @@ void SvgWalker::placeRun(int node, const SvgPlace &place, const SvgTextRun &run)
                         std::abs(text.positionMm.x()) <= 1e9 &&
                         std::abs(text.positionMm.y()) <= 1e9;
     if (!isGood) {
-        note(VectorNote::Kind::Damaged, tr("texts without a size or out of range"), node);
+        note(VectorNote::Kind::Damaged,
+             QCoreApplication::translate("vectorkit", "texts without a size or out of range"),
+             node);
         return;
     }
     if (place.clip &&
         place.clip->coverOf(QRectF(text.positionMm, QSizeF())) != SvgClip::Cover::Whole)
-        note(VectorNote::Kind::Changed, tr("texts under a clip path, kept whole"), node);
+        note(VectorNote::Kind::Changed,
+             QCoreApplication::translate("vectorkit", "texts under a clip path, kept whole"), node);
     pieces += text.text.size();
     isTooLarge = isTooLarge || pieces > options.mostPieces;
     if (!isTooLarge)
@@ -245,7 +256,8 @@ void SvgWalker::placeRun(int node, const SvgPlace &place, const SvgTextRun &run)
 /** Paragraphs of flowed text, one a line from the top left of their region. */
 void SvgWalker::addFlowedText(int node, const SvgPlace &place)
 {
-    note(VectorNote::Kind::Changed, tr("flowed text, its lines not broken"), node);
+    note(VectorNote::Kind::Changed,
+         QCoreApplication::translate("vectorkit", "flowed text, its lines not broken"), node);
     QPointF corner;
     double y = 0.0;
     for (int child = tree.nodes[node].firstChild; child >= 0;

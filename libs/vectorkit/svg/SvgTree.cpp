@@ -12,8 +12,6 @@ const QLatin1String kSvgNamespace("http://www.w3.org/2000/svg");
 /** Limit: elements in one another. */
 constexpr int kMostDepth = 500;
 
-QString tr(const char *text) { return QCoreApplication::translate("vectorkit", text); }
-
 const QHash<QString, SvgElement> &elementNames()
 {
     static const QHash<QString, SvgElement> kNames = [] {
@@ -236,23 +234,31 @@ bool TreeReader::read(ReadFailure *failure)
 bool TreeReader::fail(ReadFailure *failure) const
 {
     if (isCancelled) {
-        *failure = {ReadFailure::Kind::Cancelled, tr("Reading was cancelled."), QString()};
+        *failure = {ReadFailure::Kind::Cancelled,
+                    QCoreApplication::translate("vectorkit", "Reading was cancelled."), QString()};
     } else if (isNoSvg) {
-        *failure = {ReadFailure::Kind::WrongFormat, tr("This XML file is no SVG drawing."),
+        *failure = {ReadFailure::Kind::WrongFormat,
+                    QCoreApplication::translate("vectorkit", "This XML file is no SVG drawing."),
                     QString()};
     } else if (isTooDeep) {
-        *failure = {ReadFailure::Kind::TooLarge,
-                    tr("More than %1 elements stand in one another.").arg(kMostDepth), QString()};
+        *failure = {
+            ReadFailure::Kind::TooLarge,
+            QCoreApplication::translate("vectorkit", "More than %1 elements stand in one another.")
+                .arg(kMostDepth),
+            QString()};
     } else if (xml.hasError()) {
         const bool isNothing = tree->nodes.isEmpty();
         *failure = {isNothing ? ReadFailure::Kind::WrongFormat : ReadFailure::Kind::Damaged,
-                    tr("The file is not well-formed at line %1, column %2: %3")
+                    QCoreApplication::translate(
+                        "vectorkit", "The file is not well-formed at line %1, column %2: %3")
                         .arg(xml.lineNumber())
                         .arg(xml.columnNumber())
                         .arg(xml.errorString()),
-                    tr("Save it again with the program that wrote it.")};
+                    QCoreApplication::translate("vectorkit",
+                                                "Save it again with the program that wrote it.")};
     } else if (tree->nodes.isEmpty()) {
-        *failure = {ReadFailure::Kind::WrongFormat, tr("This XML file is no SVG drawing."),
+        *failure = {ReadFailure::Kind::WrongFormat,
+                    QCoreApplication::translate("vectorkit", "This XML file is no SVG drawing."),
                     QString()};
     } else {
         return true;

@@ -23,8 +23,6 @@ constexpr int kMostClips = 20;
 /** Limit: coordinates in millimetres. */
 constexpr double kFarthest = 1e9;
 
-QString tr(const char *text) { return QCoreApplication::translate("vectorkit", text); }
-
 bool isNear(const QPointF &point)
 {
     return std::abs(point.x()) <= kFarthest && std::abs(point.y()) <= kFarthest;
@@ -88,8 +86,11 @@ bool SvgWalker::walk(ReadFailure *failure)
             continue;
         const int misread = sheets.add(tree.charactersOf(node));
         if (misread > 0) {
-            drawing->note(VectorNote::Kind::Left, tr("style rules that are not known"),
-                          tr("line %1").arg(tree.nodes[node].line), misread);
+            drawing->note(
+                VectorNote::Kind::Left,
+                QCoreApplication::translate("vectorkit", "style rules that are not known"),
+                QCoreApplication::translate("vectorkit", "line %1").arg(tree.nodes[node].line),
+                misread);
         }
     }
     findSize();
@@ -102,16 +103,21 @@ bool SvgWalker::walk(ReadFailure *failure)
                                          }),
                           drawing->layers.end());
     if (isCancelled)
-        *failure = {ReadFailure::Kind::Cancelled, tr("Reading was cancelled."), QString()};
+        *failure = {ReadFailure::Kind::Cancelled,
+                    QCoreApplication::translate("vectorkit", "Reading was cancelled."), QString()};
     else if (isTooLarge)
-        *failure = {ReadFailure::Kind::TooLarge, tr("The drawing is larger than can be read."),
-                    tr("Take it apart with the program that wrote it.")};
+        *failure = {
+            ReadFailure::Kind::TooLarge,
+            QCoreApplication::translate("vectorkit", "The drawing is larger than can be read."),
+            QCoreApplication::translate("vectorkit",
+                                        "Take it apart with the program that wrote it.")};
     return !isCancelled && !isTooLarge;
 }
 
 void SvgWalker::note(VectorNote::Kind kind, const QString &what, int node)
 {
-    drawing->note(kind, what, tr("line %1").arg(tree.nodes[node].line));
+    drawing->note(kind, what,
+                  QCoreApplication::translate("vectorkit", "line %1").arg(tree.nodes[node].line));
 }
 
 VectorLayer &SvgWalker::layer()
@@ -132,7 +138,8 @@ double SvgWalker::length(int node, SvgName name, double whole, const SvgPlace &p
         return none;
     SvgLength read;
     if (!parseSvgLength(text, &read)) {
-        note(VectorNote::Kind::Damaged, tr("lengths that are no numbers"), node);
+        note(VectorNote::Kind::Damaged,
+             QCoreApplication::translate("vectorkit", "lengths that are no numbers"), node);
         return none;
     }
     return read.toUser(pixelsPerInch, whole, place.style.fontSize);
@@ -159,9 +166,11 @@ bool SvgWalker::isHidden(int node, const SvgProperties &properties)
         return false;
     const QString label = tree.attribute(node, SvgName::Label);
     if (tree.attribute(node, SvgName::GroupMode) == QLatin1String("layer"))
-        note(VectorNote::Kind::Left, tr("hidden layer \"%1\"").arg(label), node);
+        note(VectorNote::Kind::Left,
+             QCoreApplication::translate("vectorkit", "hidden layer \"%1\"").arg(label), node);
     else
-        note(VectorNote::Kind::Left, tr("hidden elements"), node);
+        note(VectorNote::Kind::Left, QCoreApplication::translate("vectorkit", "hidden elements"),
+             node);
     return true;
 }
 
@@ -172,7 +181,8 @@ QTransform SvgWalker::transformOf(const SvgProperties &properties, int node)
     if (text.isEmpty())
         return transform;
     if (!parseSvgTransform(text, &transform)) {
-        note(VectorNote::Kind::Damaged, tr("transforms that cannot be read"), node);
+        note(VectorNote::Kind::Damaged,
+             QCoreApplication::translate("vectorkit", "transforms that cannot be read"), node);
         return transform;
     }
     const QVector<double> origin =
@@ -206,9 +216,11 @@ bool SvgWalker::enter(int node, const SvgPlace &outer, SvgPlace *place)
     if (properties.value(SvgName::VectorEffect).contains(QLatin1String("non-scaling-stroke")))
         place->style.strokeWidth *= std::sqrt(std::abs(root.toMm.determinant() / size2));
     if (!saysNone(properties.value(SvgName::MaskUse)))
-        note(VectorNote::Kind::Changed, tr("masks, shown without them"), node);
+        note(VectorNote::Kind::Changed,
+             QCoreApplication::translate("vectorkit", "masks, shown without them"), node);
     if (!saysNone(properties.value(SvgName::FilterUse)))
-        note(VectorNote::Kind::Changed, tr("filters, shown without them"), node);
+        note(VectorNote::Kind::Changed,
+             QCoreApplication::translate("vectorkit", "filters, shown without them"), node);
     const QString clip = properties.value(SvgName::ClipPathUse);
     if (!saysNone(clip))
         applyClip(clip, node, place);
@@ -234,7 +246,10 @@ void SvgWalker::visit(int node, const SvgPlace &outer)
         isCancelled = isCancelled || !options.progress(0.5 + std::min(0.5, done * 0.5));
     }
     if (outer.depth > kMostDepth) {
-        note(VectorNote::Kind::Left, tr("elements that stand too deep in one another"), node);
+        note(
+            VectorNote::Kind::Left,
+            QCoreApplication::translate("vectorkit", "elements that stand too deep in one another"),
+            node);
         return;
     }
     SvgPlace place;
@@ -288,19 +303,23 @@ void SvgWalker::visitOther(int node)
 {
     switch (tree.nodes[node].element) {
     case SvgElement::Image:
-        note(VectorNote::Kind::Left, tr("pictures (bitmaps)"), node);
+        note(VectorNote::Kind::Left, QCoreApplication::translate("vectorkit", "pictures (bitmaps)"),
+             node);
         break;
     case SvgElement::Script:
-        note(VectorNote::Kind::Left, tr("scripts"), node);
+        note(VectorNote::Kind::Left, QCoreApplication::translate("vectorkit", "scripts"), node);
         break;
     case SvgElement::Animate:
-        note(VectorNote::Kind::Left, tr("animations"), node);
+        note(VectorNote::Kind::Left, QCoreApplication::translate("vectorkit", "animations"), node);
         break;
     case SvgElement::ForeignObject:
-        note(VectorNote::Kind::Left, tr("content of other formats"), node);
+        note(VectorNote::Kind::Left,
+             QCoreApplication::translate("vectorkit", "content of other formats"), node);
         break;
     case SvgElement::Other:
-        note(VectorNote::Kind::Left, tr("element \"%1\"").arg(tree.nodes[node].text.left(40)),
+        note(VectorNote::Kind::Left,
+             QCoreApplication::translate("vectorkit", "element \"%1\"")
+                 .arg(tree.nodes[node].text.left(40)),
              node);
         break;
     default:
@@ -369,20 +388,24 @@ void SvgWalker::visitUse(int node, const SvgPlace &place)
     const QString id = svgReference(href);
     const int target = tree.idToNode.value(id, -1);
     if (id.isEmpty() && !href.trimmed().isEmpty()) {
-        note(VectorNote::Kind::Left, tr("references to other files"), node);
+        note(VectorNote::Kind::Left,
+             QCoreApplication::translate("vectorkit", "references to other files"), node);
         return;
     }
     if (target < 0) {
-        note(VectorNote::Kind::Damaged, tr("references to nothing"), node);
+        note(VectorNote::Kind::Damaged,
+             QCoreApplication::translate("vectorkit", "references to nothing"), node);
         return;
     }
     if (usesOpen.contains(target) || target == 0) {
-        note(VectorNote::Kind::Damaged, tr("elements that show themselves"), node);
+        note(VectorNote::Kind::Damaged,
+             QCoreApplication::translate("vectorkit", "elements that show themselves"), node);
         return;
     }
     for (int above = tree.nodes[node].parent; above >= 0; above = tree.nodes[above].parent) {
         if (above == target) {
-            note(VectorNote::Kind::Damaged, tr("elements that show themselves"), node);
+            note(VectorNote::Kind::Damaged,
+                 QCoreApplication::translate("vectorkit", "elements that show themselves"), node);
             return;
         }
     }
@@ -439,7 +462,9 @@ QVector<VectorPath> SvgWalker::outlineOf(int node, const SvgPlace &place)
     case SvgElement::Path: {
         int damageAt = 0;
         if (!parseSvgPath(tree.attribute(node, SvgName::D), &paths, &damageAt))
-            note(VectorNote::Kind::Damaged, tr("paths that end where they are damaged"), node);
+            note(VectorNote::Kind::Damaged,
+                 QCoreApplication::translate("vectorkit", "paths that end where they are damaged"),
+                 node);
         break;
     }
     case SvgElement::Rect: {
@@ -475,7 +500,9 @@ QVector<VectorPath> SvgWalker::outlineOf(int node, const SvgPlace &place)
         bool isGood = true;
         const QVector<double> n = parseSvgNumbers(tree.attribute(node, SvgName::Points), &isGood);
         if (!isGood || n.size() % 2 != 0)
-            note(VectorNote::Kind::Damaged, tr("paths that end where they are damaged"), node);
+            note(VectorNote::Kind::Damaged,
+                 QCoreApplication::translate("vectorkit", "paths that end where they are damaged"),
+                 node);
         QVector<QPointF> points;
         for (int index = 0; index + 1 < n.size(); index += 2)
             points.append({n[index], n[index + 1]});
@@ -507,14 +534,17 @@ QColor SvgWalker::colorOf(const SvgPaint &paint, double opacity)
     for (int hop = 0; hop < 10 && server >= 0; ++hop) {
         const SvgElement element = tree.nodes[server].element;
         if (element != SvgElement::LinearGradient && element != SvgElement::RadialGradient) {
-            note(VectorNote::Kind::Changed, tr("patterns, filled all over"), server);
+            note(VectorNote::Kind::Changed,
+                 QCoreApplication::translate("vectorkit", "patterns, filled all over"), server);
             return paint.color.isValid() ? paint.color : QColor(Qt::black);
         }
         for (int child = tree.nodes[server].firstChild; child >= 0;
              child = tree.nodes[child].nextSibling) {
             if (tree.nodes[child].element != SvgElement::Stop)
                 continue;
-            note(VectorNote::Kind::Changed, tr("gradients, in their first colour"), server);
+            note(VectorNote::Kind::Changed,
+                 QCoreApplication::translate("vectorkit", "gradients, in their first colour"),
+                 server);
             QColor color(Qt::black);
             parseSvgColor(sheets.propertiesOf(tree, child).value(SvgName::StopColor), Qt::black,
                           &color);
@@ -530,14 +560,16 @@ void SvgWalker::addShape(int node, const SvgPlace &place)
 {
     const SvgStyle &style = place.style;
     if (!style.isVisible) {
-        note(VectorNote::Kind::Left, tr("hidden elements"), node);
+        note(VectorNote::Kind::Left, QCoreApplication::translate("vectorkit", "hidden elements"),
+             node);
         return;
     }
     const QColor stroke = colorOf(style.stroke, style.strokeOpacity);
     const bool isLine = tree.nodes[node].element == SvgElement::Line;
     const QColor fill = isLine ? QColor() : colorOf(style.fill, style.fillOpacity);
     if (!stroke.isValid() && !fill.isValid()) {
-        note(VectorNote::Kind::Left, tr("shapes without stroke and fill"), node);
+        note(VectorNote::Kind::Left,
+             QCoreApplication::translate("vectorkit", "shapes without stroke and fill"), node);
         return;
     }
     VectorShape shape;
@@ -549,15 +581,21 @@ void SvgWalker::addShape(int node, const SvgPlace &place)
         shape.strokeWidthMm = style.strokeWidth * std::sqrt(std::abs(place.toMm.determinant()));
     shape.id = tree.attribute(node, SvgName::Id);
     if (shape.isStroked && style.isDashed)
-        note(VectorNote::Kind::Changed, tr("dashed lines, drawn through"), node);
+        note(VectorNote::Kind::Changed,
+             QCoreApplication::translate("vectorkit", "dashed lines, drawn through"), node);
     if (shape.isStroked && style.strokeWidth == 0.0)
-        note(VectorNote::Kind::Changed, tr("lines of no width, kept as thin ones"), node);
+        note(VectorNote::Kind::Changed,
+             QCoreApplication::translate("vectorkit", "lines of no width, kept as thin ones"),
+             node);
     if (style.hasMarkers)
-        note(VectorNote::Kind::Left, tr("markers on lines"), node);
+        note(VectorNote::Kind::Left, QCoreApplication::translate("vectorkit", "markers on lines"),
+             node);
     for (const VectorPath &path : outlineOf(node, place)) {
         VectorPath placed = path.transformed(place.toMm);
         if (!isInRange(placed)) {
-            note(VectorNote::Kind::Damaged, tr("paths with coordinates out of range"), node);
+            note(VectorNote::Kind::Damaged,
+                 QCoreApplication::translate("vectorkit", "paths with coordinates out of range"),
+                 node);
             continue;
         }
         // What is filled alone is bounded all around.
@@ -613,12 +651,16 @@ void SvgWalker::applyClip(const QString &value, int node, SvgPlace *place)
 {
     const int target = tree.idToNode.value(svgReference(value), -1);
     if (target < 0 || tree.nodes[target].element != SvgElement::ClipPath) {
-        note(VectorNote::Kind::Changed, tr("clip paths that are not known, shown without them"),
+        note(VectorNote::Kind::Changed,
+             QCoreApplication::translate("vectorkit",
+                                         "clip paths that are not known, shown without them"),
              node);
         return;
     }
     if (tree.attribute(target, SvgName::ClipPathUnits) == QLatin1String("objectBoundingBox")) {
-        note(VectorNote::Kind::Changed, tr("clip paths of relative size, shown without them"),
+        note(VectorNote::Kind::Changed,
+             QCoreApplication::translate("vectorkit",
+                                         "clip paths of relative size, shown without them"),
              node);
         return;
     }
@@ -638,7 +680,8 @@ bool SvgWalker::buildClip(int node, const SvgPlace &place, int depth, SvgClip *c
     const SvgProperties properties = sheets.propertiesOf(tree, node);
     inner.toMm = transformOf(properties, node) * place.toMm;
     if (depth > kMostClips) {
-        note(VectorNote::Kind::Damaged, tr("elements that show themselves"), node);
+        note(VectorNote::Kind::Damaged,
+             QCoreApplication::translate("vectorkit", "elements that show themselves"), node);
         return false;
     }
     for (int child = tree.nodes[node].firstChild; child >= 0; child = tree.nodes[child].nextSibling)
@@ -675,7 +718,8 @@ void SvgWalker::addToClip(int node, const SvgPlace &outer, int depth, SvgClip *c
             addToClip(target, place, depth, clip);
         }
     } else if (element == SvgElement::Text) {
-        note(VectorNote::Kind::Left, tr("texts in clip paths"), node);
+        note(VectorNote::Kind::Left,
+             QCoreApplication::translate("vectorkit", "texts in clip paths"), node);
     } else if (element >= SvgElement::Path && element <= SvgElement::Polygon) {
         QVector<VectorPath> outlines;
         for (const VectorPath &path : outlineOf(node, place)) {
@@ -688,7 +732,8 @@ void SvgWalker::addToClip(int node, const SvgPlace &outer, int depth, SvgClip *c
         const int further =
             tree.idToNode.value(svgReference(properties.value(SvgName::ClipPathUse)), -1);
         if (further >= 0)
-            note(VectorNote::Kind::Changed, tr("clip paths within clip paths"), node);
+            note(VectorNote::Kind::Changed,
+                 QCoreApplication::translate("vectorkit", "clip paths within clip paths"), node);
     }
 }
 
