@@ -36,10 +36,6 @@
         <translation>请在电路板程序中将该层输出为 DXF、SVG 或 HP-GL。</translation>
     </message>
     <message>
-        <source>SVG drawings are not read.</source>
-        <translation>不读取 SVG 图形。</translation>
-    </message>
-    <message>
         <source>Save it as DXF in the program it comes from.</source>
         <translation>请在原程序中另存为 DXF。</translation>
     </message>
