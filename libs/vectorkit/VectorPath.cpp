@@ -223,6 +223,12 @@ void VectorPath::arcAbout(const QPointF &centreMm, double sweepDeg)
     points << centreMm << QPointF(sweep, 0.0) << (isWhole ? from : turned(from, centreMm, sweep));
 }
 
+void VectorPath::arcTo(const QPointF &centreMm, double sweepDeg, const QPointF &endMm)
+{
+    arcAbout(centreMm, sweepDeg);
+    points.last() = endMm;
+}
+
 void VectorPath::close()
 {
     if (points.isEmpty())
