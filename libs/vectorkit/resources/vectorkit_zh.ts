@@ -4,6 +4,14 @@
 <context>
     <name>vectorkit</name>
     <message>
+        <source>%1 of %2 commands are damaged or unknown.</source>
+        <translation>%2 条命令中有 %1 条损坏或未知。</translation>
+    </message>
+    <message>
+        <source>A plotter&apos;s unit is 0.025 mm.</source>
+        <translation>绘图仪单位为 0.025 mm。</translation>
+    </message>
+    <message>
         <source>Choose HP-GL in the program or driver that writes the file.</source>
         <translation>请在生成该文件的程序或驱动中选择 HP-GL。</translation>
     </message>
@@ -16,10 +24,6 @@
         <translation>可读取 HP-GL、SVG 和 DXF 图形。</translation>
     </message>
     <message>
-        <source>HP-GL drawings are not read.</source>
-        <translation>不读取 HP-GL 图形。</translation>
-    </message>
-    <message>
         <source>Open it in a drawing program and save it as SVG.</source>
         <translation>请在绘图程序中打开，另存为 SVG。</translation>
     </message>
@@ -28,12 +32,20 @@
         <translation>请在原程序中打开，另存为 SVG 或 DXF。</translation>
     </message>
     <message>
+        <source>Page %1</source>
+        <translation>第 %1 页</translation>
+    </message>
+    <message>
         <source>Pixels have no outlines: trace it in a drawing program and save that as SVG.</source>
         <translation>像素没有轮廓：请在绘图程序中描摹，再保存为 SVG。</translation>
     </message>
     <message>
         <source>Plot the layer as DXF, SVG or HP-GL in the board program.</source>
         <translation>请在电路板程序中将该层输出为 DXF、SVG 或 HP-GL。</translation>
+    </message>
+    <message>
+        <source>Reading was cancelled.</source>
+        <translation>读取已取消。</translation>
     </message>
     <message>
         <source>SVG drawings are not read.</source>
@@ -56,8 +68,20 @@
         <translation>请使用图形本身：SVG、DXF 或 HP-GL。</translation>
     </message>
     <message>
+        <source>The drawing has more than %1 lines, the limit.</source>
+        <translation>图形的线段数超过上限 %1。</translation>
+    </message>
+    <message>
+        <source>The drawing is scaled to the plotter&apos;s sheet, which the file does not name; A4 is taken.</source>
+        <translation>图形按绘图仪图纸缩放，文件未说明图纸大小，按 A4 处理。</translation>
+    </message>
+    <message>
         <source>The file cannot be read: %1</source>
         <translation>无法读取文件：%1</translation>
+    </message>
+    <message>
+        <source>The file draws nothing.</source>
+        <translation>文件中没有绘制内容。</translation>
     </message>
     <message>
         <source>The file is empty.</source>
@@ -66,6 +90,10 @@
     <message>
         <source>The file is larger than %1 MiB, the limit.</source>
         <translation>文件超过上限 %1 MiB。</translation>
+    </message>
+    <message>
+        <source>The plotter&apos;s unit was chosen as %1 mm.</source>
+        <translation>绘图仪单位选定为 %1 mm。</translation>
     </message>
     <message>
         <source>There is no such file.</source>
@@ -146,6 +174,58 @@
     <message>
         <source>Unpack it and take the drawing that is inside.</source>
         <translation>请先解压，再使用其中的图形。</translation>
+    </message>
+    <message>
+        <source>Write the file anew as HP-GL.</source>
+        <translation>请重新输出为 HP-GL 文件。</translation>
+    </message>
+    <message>
+        <source>byte %1</source>
+        <translation>字节 %1</translation>
+    </message>
+    <message>
+        <source>command %1</source>
+        <translation>命令 %1</translation>
+    </message>
+    <message>
+        <source>drawn although the pen was put away (SP0)</source>
+        <translation>收笔（SP0）后仍绘制的内容</translation>
+    </message>
+    <message>
+        <source>labels without their end</source>
+        <translation>缺少结束符的标注</translation>
+    </message>
+    <message>
+        <source>line types, drawn solid (LT)</source>
+        <translation>线型按实线绘制（LT）</translation>
+    </message>
+    <message>
+        <source>numbers of command %1</source>
+        <translation>命令 %1 的数值</translation>
+    </message>
+    <message>
+        <source>packed lines without their end</source>
+        <translation>缺少结束符的压缩折线</translation>
+    </message>
+    <message>
+        <source>packed lines written as UTF-8</source>
+        <translation>被写成 UTF-8 的压缩折线</translation>
+    </message>
+    <message>
+        <source>points beyond all sheets</source>
+        <translation>超出一切图纸的点</translation>
+    </message>
+    <message>
+        <source>polygon neither filled nor drawn</source>
+        <translation>多边形既未填充也未绘出</translation>
+    </message>
+    <message>
+        <source>text that is no command</source>
+        <translation>不是命令的文字</translation>
+    </message>
+    <message>
+        <source>unknown command %1</source>
+        <translation>未知命令 %1</translation>
     </message>
 </context>
 </TS>
