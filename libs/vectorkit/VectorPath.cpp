@@ -225,9 +225,8 @@ void VectorPath::arcAbout(const QPointF &centreMm, double sweepDeg)
 
 void VectorPath::arcTo(const QPointF &centreMm, double sweepDeg, const QPointF &endMm)
 {
-    needKinds();
-    kinds.append(PieceKind::Arc);
-    points << centreMm << QPointF(sweepDeg, 0.0) << endMm;
+    arcAbout(centreMm, sweepDeg);
+    points.last() = endMm;
 }
 
 void VectorPath::append(const VectorPath &other)
@@ -243,7 +242,6 @@ void VectorPath::append(const VectorPath &other)
         else
             kinds += other.kinds;
     }
-    points.reserve(points.size() + other.points.size() - 1);
     std::copy(other.points.begin() + 1, other.points.end(), std::back_inserter(points));
 }
 

@@ -46,11 +46,7 @@ public:
      */
     void arcAbout(const QPointF &centreMm, double sweepDeg);
 
-    /**
-     * The same for a known end, which must lie on that circle but for rounding.
-     *
-     * Range: `sweepDeg` other than 0, at most 360 in size.
-     */
+    /** The same to an end that is known to the last bit; it is the caller's to be on the circle. */
     void arcTo(const QPointF &centreMm, double sweepDeg, const QPointF &endMm);
 
     /** Joins the end to the start; a straight line is added when they differ. */
