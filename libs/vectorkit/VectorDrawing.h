@@ -105,3 +105,7 @@ struct VectorDrawing
 };
 
 } // namespace vectorkit
+
+Q_DECLARE_TYPEINFO(vectorkit::VectorShape, Q_MOVABLE_TYPE);
+Q_DECLARE_TYPEINFO(vectorkit::VectorText, Q_MOVABLE_TYPE);
+Q_DECLARE_TYPEINFO(vectorkit::VectorLayer, Q_MOVABLE_TYPE);

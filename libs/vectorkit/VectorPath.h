@@ -139,3 +139,5 @@ void VectorPath::forEach(Visit visit) const
 }
 
 } // namespace vectorkit
+
+Q_DECLARE_TYPEINFO(vectorkit::VectorPath, Q_MOVABLE_TYPE);
