@@ -53,6 +53,8 @@ ConvertCommand::ConvertCommand(CLI::App &app)
         ->required()
         ->type_name("");
     addOutput();
+    foreign.addOptions(command);
+    foreign.options.toleranceMm = 0.0; // curves stay curves
     fonts.addOption(command);
     command->final_callback([this] { checkTogether(); });
     command->footer(
@@ -91,6 +93,7 @@ void ConvertCommand::checkTogether() const
     if (files.size() > 1 && std::any_of(files.begin(), files.end(), OpenedDrawing::isNamed))
         usage::refuse("FILE", tr("a drawing is converted alone, without other files"));
     PlotterFiles::checkNames(files);
+    foreign.checkTogether();
 }
 
 int ConvertCommand::run()
@@ -98,6 +101,8 @@ int ConvertCommand::run()
     if (!JobArguments::canWrite({output}, files) || !fonts.makeKnown())
         return console::Failed;
     Progress progress(true);
+    if (!OpenedDrawing::isNamed(files.front()) && foreign.isChosen(files))
+        return importForeignFiles(progress);
     return OpenedDrawing::isNamed(files.front()) ? saveAnew(progress) : importFiles(progress);
 }
 
@@ -119,6 +124,18 @@ int ConvertCommand::importFiles(Progress &progress) const
     const int code = save(document, {}, progress);
     plotter.warnOfLosses();
     return code;
+}
+
+int ConvertCommand::importForeignFiles(Progress &progress)
+{
+    ZTGraphicsDocument document;
+    const bool isWhole = foreign.import(files, document, progress);
+    if (document.itemMag()->getShapeList().isEmpty()) {
+        progress.finish();
+        return console::Failed;
+    }
+    const int code = save(document, {}, progress);
+    return isWhole ? code : console::Failed;
 }
 
 void ConvertCommand::import(const PlotterFiles &plotter, ZTGraphicsDocument &document) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FontFolders.h"
+#include "ForeignFiles.h"
 #include "OpenedDrawing.h"
 
 #include <CLI/CLI.hpp>
@@ -27,6 +28,7 @@ private:
     void addOutput();
     void checkTogether() const;
     int importFiles(Progress &progress) const;
+    int importForeignFiles(Progress &progress);
     int saveAnew(Progress &progress) const;
     void import(const PlotterFiles &plotter, ZTGraphicsDocument &document) const;
     int save(ZTGraphicsDocument &document, const QVector<hostkit::DrawingSection> &unknown,
@@ -35,5 +37,6 @@ private:
     CLI::App *command; ///< owned by the application it was added to
     std::vector<std::string> files;
     std::string output;
+    ForeignFiles foreign;
     FontFolders fonts;
 };

@@ -2,6 +2,7 @@
 
 #include "Console.h"
 #include "DrawingInfo.h"
+#include "ForeignFiles.h"
 #include "InfoRows.h"
 #include "Progress.h"
 
@@ -76,6 +77,10 @@ bool InfoCommand::isChosen() const { return command->parsed(); }
 
 int InfoCommand::run()
 {
+    if (!OpenedDrawing::isNamed(file) && ForeignFiles::isNamed(file)) {
+        const bool isRead = ForeignFiles::describe(file);
+        return console::finishOutput() && isRead ? console::Done : console::Failed;
+    }
     return OpenedDrawing::isNamed(file) ? describeDrawing() : describePlotterFile();
 }
 

@@ -14,6 +14,9 @@ namespace {
 constexpr std::array<const char *, 8> kOnlyPlotter{
     "--hatch", "--spacing", "--angle", "--no-outline", "--matrix", "--gap", "--scale", "--rotate"};
 
+/** What lays out copies of what the library's own reader takes. */
+constexpr std::array<const char *, 4> kOnlyLibrary{"--matrix", "--gap", "--scale", "--rotate"};
+
 } // namespace
 
 MarkCommand::MarkCommand(CLI::App &app)
@@ -36,6 +39,7 @@ MarkCommand::MarkCommand(CLI::App &app)
                     })
         ->type_name("FACTOR")
         ->default_str("1");
+    foreign.addOptions(command);
     fonts.addOption(command);
     command->final_callback([this] { checkTogether(); });
     command->footer(
@@ -43,6 +47,11 @@ MarkCommand::MarkCommand(CLI::App &app)
            "clockwise. A plotter drawing is imported 20 mm high. Several stand side by side, a "
            "gap\n"
            "apart, each one object.\n"
+           "\n"
+           "SVG and DXF drawings, plotter drawings of other dialects, and all of them with "
+           "--size,\n"
+           "--width, --height, --unit, --split, --tolerance or --fill-open come in at true size.\n"
+           "Open outlines are not hatched unless --fill-open is given.\n"
            "\n"
            "Limits: drawings of 256 MiB, 1,000,000 objects, 1,000,000 hatch lines over a "
            "drawing,\n"
@@ -68,6 +77,13 @@ void MarkCommand::checkTogether() const
     }
     job.checkTogether();
     PlotterFiles::checkNames(files);
+    foreign.checkTogether();
+    if (!foreign.isChosen(files))
+        return;
+    for (const char *option : kOnlyLibrary) {
+        if (command->get_option(option)->count() > 0)
+            usage::refuse(option, tr("not for drawings that come in at true size"));
+    }
 }
 
 void MarkCommand::checkDrawing() const
@@ -85,6 +101,8 @@ int MarkCommand::run()
     if (!JobArguments::canWrite(job.outputs, files) || !fonts.makeKnown())
         return console::Failed;
     Progress progress(!job.quiet);
+    if (!OpenedDrawing::isNamed(files.front()) && foreign.isChosen(files))
+        return markForeignFiles(progress);
     return OpenedDrawing::isNamed(files.front()) ? markDrawing(progress)
                                                  : markPlotterFiles(progress);
 }
@@ -118,6 +136,35 @@ int MarkCommand::markDrawing(Progress &progress)
                           tr("warning: the order leaves shapes out: it ends at the first one "
                              "without an outline; --order none marks all"));
     return finish(written, marks.before, marks.after);
+}
+
+/** Pieces of drawings at true size, each marked with its own pen. */
+int MarkCommand::markForeignFiles(Progress &progress)
+{
+    ZTFillParam fill;
+    fill.fillType = job.options.hatch;
+    fill.spac = job.options.spacingMm;
+    fill.angle = job.options.angleDeg;
+    foreign.options.fill = fill;
+    OpenedDrawing drawing;
+    const bool isWhole = foreign.import(files, drawing.document, progress);
+    if (drawing.items().isEmpty()) {
+        progress.finish();
+        return console::Failed;
+    }
+    drawing.file.meta.setup = hostkit::DrawingSetup::of(drawing.document);
+    progress.begin(tr("ordering"));
+    DrawingMarks marks = drawing.marks(job.options.order);
+    // The order follows the outlines also where they are not marked.
+    if (!job.options.outline) {
+        for (ZTMarkObject &object : marks.graph.objects)
+            object.lines.clear();
+        marks.after = hostkit::measureMarkPath(marks.graph, marks.units);
+    }
+    const bool written = job.write(marks.graph, job.outputs, progress, marks.units);
+    progress.finish();
+    job.warnOfEmptyHatch(marks.after);
+    return finish(written && isWhole, marks.before, marks.after);
 }
 
 int MarkCommand::finish(bool written, const hostkit::MarkPathMeasure &before,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FontFolders.h"
+#include "ForeignFiles.h"
 #include "JobArguments.h"
 #include "PlotterFiles.h"
 
@@ -27,6 +28,7 @@ private:
     void checkDrawing() const;
     int markPlotterFiles(Progress &progress);
     int markDrawing(Progress &progress);
+    int markForeignFiles(Progress &progress);
     bool build(const PlotterFiles::Drawings &drawings, hostkit::MarkJobResult *result,
                Progress &progress);
     int finish(bool written, const hostkit::MarkPathMeasure &before,
@@ -35,5 +37,6 @@ private:
     CLI::App *command; ///< owned by the application it was added to
     std::vector<std::string> files;
     JobArguments job;
+    ForeignFiles foreign;
     FontFolders fonts;
 };

@@ -640,6 +640,10 @@ x-min、x-max、y-min、y-max</translation>
 clockwise. A plotter drawing is imported 20 mm high. Several stand side by side, a gap
 apart, each one object.
 
+SVG and DXF drawings, plotter drawings of other dialects, and all of them with --size,
+--width, --height, --unit, --split, --tolerance or --fill-open come in at true size.
+Open outlines are not hatched unless --fill-open is given.
+
 Limits: drawings of 256 MiB, 1,000,000 objects, 1,000,000 hatch lines over a drawing,
 20,000,000 points and hatch segments in all.
 
@@ -652,6 +656,10 @@ Examples:
         <translation>长度单位为 mm（缺省）、cm 或 in：0.5、0.5mm、2cm、1in。角度以度为单位，顺时针为正。
 绘图仪图纸导入后高 20 mm。多个图纸并排放置，相隔一个间距，各为一个对象。
 
+SVG 和 DXF 图形、其他方言的绘图仪图纸，以及使用 --size、--width、--height、--unit、
+--split、--tolerance 或 --fill-open 时的所有图纸均按真实尺寸导入。
+除非指定 --fill-open，未闭合轮廓不填充。
+
 上限：绘图仪图纸 256 MiB，1,000,000 个对象，一个图纸 1,000,000 条填充线，
 总共 20,000,000 个点和填充线段。
 
@@ -661,6 +669,10 @@ Examples:
 示例：
   ztmark mark plate.ztd -o plate.json
   ztmark mark logo.plt --hatch zigzag --spacing 0.3mm --angle 45 -o logo.svg</translation>
+    </message>
+    <message>
+        <source>not for drawings that come in at true size</source>
+        <translation>不适用于按真实尺寸导入的图形</translation>
     </message>
 </context>
 <context>
@@ -1001,6 +1013,137 @@ ztmark COMMAND --help 说明各个命令。</translation>
     <message>
         <source>Turns drawings, plotter drawings and texts into hatched, ordered mark paths.</source>
         <translation>把图纸、绘图仪图纸和文字变成带填充的有序标刻路径。</translation>
+    </message>
+</context>
+<context>
+    <name>ForeignFiles</name>
+    <message>
+        <source>&quot;%1&quot; is no size such as 40x20 or 40mmx2cm</source>
+        <translation>“%1”不是 40x20 或 40mmx2cm 这样的尺寸</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;, %2 shapes, %3 texts</source>
+        <translation>“%1”，%2 个形状，%3 段文字</translation>
+    </message>
+    <message>
+        <source>%1 closed, %2 open</source>
+        <translation>%1 条闭合，%2 条未闭合</translation>
+    </message>
+    <message>
+        <source>%1 lines, %2 arcs, %3 curves</source>
+        <translation>%1 条直线，%2 段圆弧，%3 段曲线</translation>
+    </message>
+    <message>
+        <source>%1 mm. %2</source>
+        <translation>%1 mm。%2</translation>
+    </message>
+    <message>
+        <source>%1 x %2 mm</source>
+        <translation>%1 x %2 mm</translation>
+    </message>
+    <message>
+        <source>%1, first at %2</source>
+        <translation>%1，首次出现于 %2</translation>
+    </message>
+    <message>
+        <source>Colors:</source>
+        <translation>颜色：</translation>
+    </message>
+    <message>
+        <source>Enlarge each drawing to this height</source>
+        <translation>将每个图形缩放到此高度</translation>
+    </message>
+    <message>
+        <source>Enlarge each drawing to this width</source>
+        <translation>将每个图形缩放到此宽度</translation>
+    </message>
+    <message>
+        <source>Format:</source>
+        <translation>格式：</translation>
+    </message>
+    <message>
+        <source>Hatch open outlines as if they were closed</source>
+        <translation>将未闭合轮廓视为闭合进行填充</translation>
+    </message>
+    <message>
+        <source>How far straight pieces may lie beside curves</source>
+        <translation>直线段与曲线的最大偏差</translation>
+    </message>
+    <message>
+        <source>Layer:</source>
+        <translation>图层：</translation>
+    </message>
+    <message>
+        <source>Length of the file's unit: mm, cm, in, or a length such as 0.025mm</source>
+        <translation>文件单位的长度：mm、cm、in 或如 0.025mm 的长度</translation>
+    </message>
+    <message>
+        <source>Outlines:</source>
+        <translation>轮廓：</translation>
+    </message>
+    <message>
+        <source>Pens:</source>
+        <translation>笔：</translation>
+    </message>
+    <message>
+        <source>Pieces:</source>
+        <translation>线段：</translation>
+    </message>
+    <message>
+        <source>Sheet:</source>
+        <translation>页面：</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <translation>尺寸：</translation>
+    </message>
+    <message>
+        <source>Stretch each drawing to this width and height</source>
+        <translation>将每个图形拉伸到此宽度和高度</translation>
+    </message>
+    <message>
+        <source>Texts:</source>
+        <translation>文字：</translation>
+    </message>
+    <message>
+        <source>Unit:</source>
+        <translation>单位：</translation>
+    </message>
+    <message>
+        <source>What becomes one shape: none, layer, color, outline</source>
+        <translation>按什么拆分为形状：none、layer、color、outline</translation>
+    </message>
+    <message>
+        <source>Written by:</source>
+        <translation>生成程序：</translation>
+    </message>
+    <message>
+        <source>changed</source>
+        <translation>已更改</translation>
+    </message>
+    <message>
+        <source>damaged</source>
+        <translation>已损坏</translation>
+    </message>
+    <message>
+        <source>has no extent in the direction of the size asked for</source>
+        <translation>在所要求尺寸的方向上没有大小</translation>
+    </message>
+    <message>
+        <source>left out</source>
+        <translation>已略去</translation>
+    </message>
+    <message>
+        <source>one of --size, --width and --height is enough</source>
+        <translation>--size、--width 和 --height 只能选一个</translation>
+    </message>
+    <message>
+        <source>reading %1</source>
+        <translation>正在读取 %1</translation>
+    </message>
+    <message>
+        <source>warning: %1</source>
+        <translation>警告：%1</translation>
     </message>
 </context>
 </TS>
