@@ -217,6 +217,13 @@ void VectorPath::arcAbout(const QPointF &centreMm, double sweepDeg)
     points << centreMm << QPointF(sweep, 0.0) << (isWhole ? from : turned(from, centreMm, sweep));
 }
 
+void VectorPath::arcTo(const QPointF &centreMm, double sweepDeg, const QPointF &endMm)
+{
+    needKinds();
+    kinds.append(PieceKind::Arc);
+    points << centreMm << QPointF(std::clamp(sweepDeg, -360.0, 360.0), 0.0) << endMm;
+}
+
 void VectorPath::close()
 {
     if (points.isEmpty())
@@ -328,9 +335,8 @@ VectorPath VectorPath::transformed(const QTransform &transform) const
             path.cubicTo(transform.map(piece.control1), transform.map(piece.control2),
                          transform.map(piece.to));
         } else if (keepsArcs) {
-            path.arcAbout(transform.map(piece.control1),
-                          isMirrored ? -piece.sweepDeg : piece.sweepDeg);
-            path.points.last() = transform.map(piece.to);
+            path.arcTo(transform.map(piece.control1), isMirrored ? -piece.sweepDeg : piece.sweepDeg,
+                       transform.map(piece.to));
         } else {
             arcAsCubics(piece, [&](const QPointF &c1, const QPointF &c2, const QPointF &to) {
                 path.cubicTo(transform.map(c1), transform.map(c2), transform.map(to));

@@ -46,6 +46,9 @@ public:
      */
     void arcAbout(const QPointF &centreMm, double sweepDeg);
 
+    /** The same arc to an end that is known, which is kept to the last bit. */
+    void arcTo(const QPointF &centreMm, double sweepDeg, const QPointF &endMm);
+
     /** Joins the end to the start; a straight line is added when they differ. */
     void close();
 
