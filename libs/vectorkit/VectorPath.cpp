@@ -233,6 +233,31 @@ void VectorPath::close()
     closed = true;
 }
 
+void VectorPath::close(double withinMm)
+{
+    if (pieceCount() > 0 && distance(points.first(), points.last()) <= withinMm)
+        points.last() = points.first();
+    close();
+}
+
+void VectorPath::append(const VectorPath &path)
+{
+    if (path.points.isEmpty())
+        return;
+    if (points.isEmpty())
+        points.append(path.start());
+    else if (end() != path.start())
+        lineTo(path.start());
+    path.forEach([&](const Piece &piece) {
+        if (piece.kind == PieceKind::Line)
+            lineTo(piece.to);
+        else if (piece.kind == PieceKind::Cubic)
+            cubicTo(piece.control1, piece.control2, piece.to);
+        else
+            arcTo(piece.control1, piece.sweepDeg, piece.to);
+    });
+}
+
 int VectorPath::pieceCount() const
 {
     return kinds.isEmpty() ? std::max(0, points.size() - 1) : kinds.size();
