@@ -18,8 +18,7 @@ from ezdxf import path as curves
 VERSIONS = ["R12", "R2000", "R2004", "R2007", "R2010", "R2013", "R2018"]
 MILLIMETRES = 4
 TILTED = (0.3, -0.4, 0.866)
-BARELY_MILLIMETRES = 4
-TILTED = (0.01, 0.005, 1.0)
+BARELY_TILTED = (0.01, 0.005, 1.0)
 
 
 def plain(space):
@@ -50,7 +49,7 @@ def blocks(space):
     inner.add_line((0, 0), (5, 1))
     outer = space.doc.blocks.new("OUTER")
     outer.add_blockref("INNER", (3, 4), dxfattribs={
-        "xscale": 2, "yscale": 2, "rotation": 30})
+        "xscale": 2, "yscale": 1, "rotation": 90})
     outer.add_blockref("INNER", (0, 9), dxfattribs={"xscale": -1, "rotation": 90})
     outer.add_arc((0, 0), 3, 10, 200)
     space.add_blockref("OUTER", (10, 10), dxfattribs={"rotation": 17})
@@ -129,6 +128,15 @@ def write(folder):
                 drawing.write(stream, fmt="bin")
 
 
+def spline_points(curve, steps=2000):
+    """Points of a spline where it is defined: its packaged path is a cubic through some of them."""
+    knots = curve.knots()
+    first, last = knots[curve.degree], knots[curve.count]
+    places = [first + (last - first) * i / steps for i in range(steps + 1)]
+    return [(point.x, point.y) for point in curve.points(sorted({*places, *knots[
+        curve.degree:curve.count + 1]}))]
+
+
 def flat_curves(drawing, tolerance):
     """The points of every curve of the model space, seen from above."""
     for entity in disassemble.recursive_decompose(drawing.modelspace()):
@@ -140,6 +148,9 @@ def flat_curves(drawing, tolerance):
         elif kind in ("SOLID", "TRACE", "3DFACE"):
             corners = entity.wcs_vertices(close=True)
             yield [(corner.x, corner.y) for corner in corners]
+            continue
+        elif kind == "SPLINE":
+            yield spline_points(entity.construction_tool())
             continue
         elif kind == "LEADER":
             yield [(corner.x, corner.y) for corner in entity.vertices]
