@@ -1,3 +1,4 @@
+#include <vectorkit/FormatSniffer_p.h>
 #include <vectorkit/VectorReader.h>
 #include <vectorkit/dxf/DxfEntities_p.h>
 
@@ -12,8 +13,7 @@ namespace {
 using namespace dxf;
 
 constexpr double kInchMm = 25.4;
-
-QString translated(const char *text) { return QCoreApplication::translate("vectorkit", text); }
+constexpr int kSniffedBytes = 65536;
 
 bool fail(ReadFailure *failure, ReadFailure::Kind kind, const QString &reason,
           const QString &advice = QString())
@@ -38,12 +38,6 @@ QString versionName(const QString &version)
             return QStringLiteral("%1 (%2)").arg(version, QLatin1String(row.name));
     }
     return version;
-}
-
-bool isDwg(const QByteArray &bytes)
-{
-    return bytes.size() >= 6 && (bytes.startsWith("AC1") || bytes.startsWith("AC2.")) &&
-           bytes.left(32).contains('\0');
 }
 
 /** Whether the tags are those of a drawing: a section, or comments before it. */
@@ -98,7 +92,7 @@ bool settleUnit(const Header &header, const ReadOptions &options, VectorDrawing 
     if (options.unitMm > 0.0) {
         drawing->unitMm = options.unitMm;
         drawing->sizeSource = SizeSource::Chosen;
-        drawing->sizeReason = translated("The unit was chosen.");
+        drawing->sizeReason = QCoreApplication::translate("vectorkit", "The unit was chosen.");
         return true;
     }
     const double declared = declaredUnitMm(header.units);
@@ -106,7 +100,8 @@ bool settleUnit(const Header &header, const ReadOptions &options, VectorDrawing 
         drawing->unitMm = declared;
         drawing->sizeSource = SizeSource::Declared;
         drawing->sizeReason =
-            translated("The file names its unit: it is %1 mm long.").arg(declared, 0, 'g', 7);
+            QCoreApplication::translate("vectorkit", "The file names its unit: it is %1 mm long.")
+                .arg(declared, 0, 'g', 7);
         return true;
     }
     return false;
@@ -119,7 +114,7 @@ void guessUnit(const Header &header, VectorDrawing *drawing)
         drawing->scale(guess.unitMm);
     drawing->unitMm = guess.unitMm;
     drawing->sizeSource = SizeSource::Guessed;
-    drawing->sizeReason = translated(guess.reason);
+    drawing->sizeReason = QCoreApplication::translate("vectorkit", guess.reason);
 }
 
 /** Reads the entities of the sheet; false when it must stop. */
@@ -148,10 +143,12 @@ bool readEntities(File *file, const Frame &sheet, EntityReader *reader)
 bool tellStop(const EntityReader &reader, const ReadOptions &options, ReadFailure *failure)
 {
     if (reader.isCancelled())
-        return fail(failure, ReadFailure::Kind::Cancelled, translated("Reading was cancelled."));
-    return fail(
-        failure, ReadFailure::Kind::TooLarge,
-        translated("It draws more than %1 lines and curves, the limit.").arg(options.mostPieces));
+        return fail(failure, ReadFailure::Kind::Cancelled,
+                    QCoreApplication::translate("vectorkit", "Reading was cancelled."));
+    return fail(failure, ReadFailure::Kind::TooLarge,
+                QCoreApplication::translate("vectorkit",
+                                            "It draws more than %1 lines and curves, the limit.")
+                    .arg(options.mostPieces));
 }
 
 /** Takes out layers on which nothing stands. */
@@ -171,34 +168,26 @@ bool tellEmpty(const VectorDrawing &drawing, ReadFailure *failure)
         left.append(QStringLiteral("%1 (%2)").arg(note.what).arg(note.count));
     if (left.isEmpty())
         return fail(failure, ReadFailure::Kind::Empty,
-                    translated("There is nothing in the drawing."));
-    return fail(failure, ReadFailure::Kind::Empty,
-                translated("There is nothing in the drawing that can be read, only: %1.")
-                    .arg(left.join(QStringLiteral(", "))),
-                translated("Put what you need into the model space on visible layers, as lines, "
-                           "curves and texts, and save it again."));
+                    QCoreApplication::translate("vectorkit", "There is nothing in the drawing."));
+    return fail(
+        failure, ReadFailure::Kind::Empty,
+        QCoreApplication::translate("vectorkit",
+                                    "There is nothing in the drawing that can be read, only: %1.")
+            .arg(left.join(QStringLiteral(", "))),
+        QCoreApplication::translate(
+            "vectorkit", "Put what you need into the model space on visible layers, as lines, "
+                         "curves and texts, and save it again."));
 }
 
 bool tellDamage(const EntityReader &reader, ReadFailure *failure)
 {
     return fail(
         failure, ReadFailure::Kind::Damaged,
-        translated("It is damaged: %1 of %2 entities have values that are missing or wrong.")
+        QCoreApplication::translate(
+            "vectorkit", "It is damaged: %1 of %2 entities have values that are missing or wrong.")
             .arg(reader.damagedCount())
             .arg(reader.entityCount()),
-        translated("Save it again from the program that drew it."));
-}
-
-bool refuseOthers(const QByteArray &bytes, const ReadOptions &options, ReadFailure *failure)
-{
-    if (isDwg(bytes))
-        return fail(failure, ReadFailure::Kind::WrongFormat, translated("It is a DWG drawing."),
-                    translated("Save it as DXF."));
-    if (bytes.size() > options.mostBytes)
-        return fail(failure, ReadFailure::Kind::TooLarge,
-                    translated("It is larger than %1 MiB, the limit.")
-                        .arg(options.mostBytes / (1024 * 1024)));
-    return true;
+        QCoreApplication::translate("vectorkit", "Save it again from the program that drew it."));
 }
 
 } // namespace
@@ -206,17 +195,22 @@ bool refuseOthers(const QByteArray &bytes, const ReadOptions &options, ReadFailu
 bool readDxf(const QByteArray &bytes, const ReadOptions &options, VectorDrawing *drawing,
              ReadFailure *failure)
 {
-    if (!refuseOthers(bytes, options, failure))
-        return false;
+    if (bytes.size() > options.mostBytes)
+        return fail(
+            failure, ReadFailure::Kind::TooLarge,
+            QCoreApplication::translate("vectorkit", "The file is larger than %1 MiB, the limit.")
+                .arg(options.mostBytes / (1024 * 1024)));
     File file(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
     // Finding the sections is a third of the work.
     const auto findingGoesOn = [&](double share) {
         return !options.progress || options.progress(share / 3.0);
     };
     if (!startsAsDrawing(&file))
-        return fail(failure, ReadFailure::Kind::WrongFormat, translated("It is no DXF drawing."));
+        return fail(failure, ReadFailure::Kind::WrongFormat,
+                    QCoreApplication::translate("vectorkit", "It is no DXF drawing."));
     if (!file.readFrame(findingGoesOn))
-        return fail(failure, ReadFailure::Kind::Cancelled, translated("Reading was cancelled."));
+        return fail(failure, ReadFailure::Kind::Cancelled,
+                    QCoreApplication::translate("vectorkit", "Reading was cancelled."));
     VectorDrawing read;
     read.format = VectorFormat::Dxf;
     read.formatVersion = versionName(file.header.version);
@@ -233,7 +227,8 @@ bool readDxf(const QByteArray &bytes, const ReadOptions &options, VectorDrawing 
     if (!readEntities(&file, sheet, &reader))
         return tellStop(reader, options, failure);
     if (!file.hasEnd)
-        read.note(VectorNote::Kind::Damaged, translated("the end of the file is missing"),
+        read.note(VectorNote::Kind::Damaged,
+                  QCoreApplication::translate("vectorkit", "the end of the file is missing"),
                   QString());
     // Beyond a tenth, what is left is not the drawing any more.
     if (reader.damagedCount() * 10 > reader.entityCount())
