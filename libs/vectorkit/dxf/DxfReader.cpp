@@ -107,9 +107,25 @@ bool settleUnit(const Header &header, const ReadOptions &options, VectorDrawing 
     return false;
 }
 
+/** How far the drawing is from (0, 0), in both directions together. */
+double reachOf(const VectorDrawing &drawing)
+{
+    const QRectF bounds = drawing.boundsMm();
+    double reach = std::max({std::abs(bounds.left()), std::abs(bounds.top()),
+                             std::abs(bounds.right()), std::abs(bounds.bottom())});
+    for (const VectorLayer &layer : drawing.layers) {
+        for (const VectorText &text : layer.texts)
+            reach = std::max({reach, text.positionMm.manhattanLength(), text.heightMm});
+    }
+    return reach;
+}
+
 void guessUnit(const Header &header, VectorDrawing *drawing)
 {
-    const UnitGuess guess = guessedUnit(header, extentOf(*drawing));
+    constexpr double kMostMm = 1e9;
+    UnitGuess guess = guessedUnit(header, extentOf(*drawing));
+    if (guess.unitMm * reachOf(*drawing) > kMostMm)
+        guess = guessedUnit(Header(), 0.0);
     if (guess.unitMm != 1.0)
         drawing->scale(guess.unitMm);
     drawing->unitMm = guess.unitMm;
@@ -205,9 +221,10 @@ bool readDxf(const QByteArray &bytes, const ReadOptions &options, VectorDrawing 
     const auto findingGoesOn = [&](double share) {
         return !options.progress || options.progress(share / 3.0);
     };
-    if (!startsAsDrawing(&file))
-        return fail(failure, ReadFailure::Kind::WrongFormat,
-                    QCoreApplication::translate("vectorkit", "It is no DXF drawing."));
+    if (!startsAsDrawing(&file)) {
+        const ReadFailure foreign = foreignKindOf(bytes.left(kSniffedBytes));
+        return fail(failure, ReadFailure::Kind::WrongFormat, foreign.reason, foreign.advice);
+    }
     if (!file.readFrame(findingGoesOn))
         return fail(failure, ReadFailure::Kind::Cancelled,
                     QCoreApplication::translate("vectorkit", "Reading was cancelled."));

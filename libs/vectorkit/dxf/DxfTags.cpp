@@ -108,16 +108,18 @@ bool isBookkeeping(int code)
     return code == 5 || code == 100 || code == 102 || code == 330 || code == 360 || code > 1000;
 }
 
-/** Entities and entries are named in capitals, digits and underlines. */
+/** Entities and entries are named by letters, digits and a few signs. */
 bool isTypeName(std::string_view text)
 {
-    if (text.size() < 2)
-        return false;
+    bool hasLetter = false;
     for (const char letter : text) {
-        if ((letter < 'A' || letter > 'Z') && (letter < '0' || letter > '9') && letter != '_')
+        const bool isLetter = (letter >= 'A' && letter <= 'Z') || (letter >= 'a' && letter <= 'z');
+        const bool isOther = (letter >= '0' && letter <= '9') || letter == '_' || letter == '-';
+        if (!isLetter && !isOther)
             return false;
+        hasLetter = hasLetter || isLetter;
     }
-    return text.front() > '9';
+    return hasLetter;
 }
 
 } // namespace
@@ -247,11 +249,10 @@ TagReader::Found TagReader::nextText(Tag *tag)
         }
         return Found::Damage;
     }
-    if (at >= bytes.size()) {
-        cut = true;
+    // A last 0 still says that what stands before it is whole.
+    if (at >= bytes.size() && tag->code != 0)
         return Found::End;
-    }
-    tag->value = nextLine();
+    tag->value = at < bytes.size() ? nextLine() : std::string_view();
     tag->isBinary = false;
     return Found::Tag;
 }
@@ -262,7 +263,6 @@ TagReader::Found TagReader::nextBinary(Tag *tag)
         return Found::End;
     const auto cutHere = [this] {
         at = bytes.size();
-        cut = true;
         return Found::End;
     };
     const bool isWide = hasWideCodes || bytes[at] == '\xff';
@@ -304,12 +304,18 @@ bool TagReader::nextInRecord(Tag *tag)
     const Found found = next(tag);
     if (found == Found::Tag && tag->code != 0)
         return true;
-    if (found == Found::Tag) {
+    const bool isType =
+        found == Found::Tag && (at >= bytes.size() || isTypeName(trimmed(tag->value)));
+    if (isType) {
         pending = *tag;
         pendingPlace = before;
         hasPending = true;
-    } else if (found == Found::Damage) {
+    } else if (found != Found::End) {
         sawDamage = true;
+        if (found == Found::Tag) { // codes and values have changed places
+            at = before.at;
+            line = before.line;
+        }
         findNextRecord();
     }
     return false;

@@ -87,9 +87,6 @@ public:
     /** A place in words: "line 12" or "byte 4711". */
     QString where(std::size_t position) const;
 
-    /** The last line or value was cut off. */
-    bool isCut() const { return cut; }
-
 private:
     enum class Found : quint8 { Tag, End, Damage };
     Found next(Tag *tag);
@@ -105,8 +102,7 @@ private:
     bool hasWideCodes = false; ///< group codes of two bytes
     char lineEnd = '\n';
     bool hasPending = false; ///< the 0 that ended the last record
-    bool cut = false;
-    bool sawDamage = false; ///< since the last record began
+    bool sawDamage = false;  ///< since the last record began
     Tag pending;
     Place pendingPlace;
 };

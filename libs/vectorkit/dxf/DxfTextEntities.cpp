@@ -54,7 +54,7 @@ Outcome addLine(const Line &line, const Frame &frame, EntityReader *out)
     text.heightMm = std::abs(height) * line.height;
     text.isMirrored = height < 0.0;
     const QPointF run = text.isMirrored ? -along : along;
-    text.angleDeg = qRadiansToDegrees(std::atan2(run.y(), run.x()));
+    text.angleDeg = qRadiansToDegrees(std::atan2(run.y() + 0.0, run.x())); // 0 has no sign
     text.widthFactor = line.widthFactor * length / std::abs(height);
     const double lean = QPointF::dotProduct(along, up) / length;
     text.slantDeg = qRadiansToDegrees(std::atan2(lean, std::abs(height)));

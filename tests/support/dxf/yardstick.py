@@ -48,9 +48,8 @@ def blocks(space):
     inner.add_circle((2, 2), 1.5)
     inner.add_line((0, 0), (5, 1))
     outer = space.doc.blocks.new("OUTER")
-    outer.add_blockref("INNER", (3, 4), dxfattribs={
-        "xscale": 2, "yscale": 1, "rotation": 90})
-    outer.add_blockref("INNER", (0, 9), dxfattribs={"xscale": -1, "rotation": 90})
+    outer.add_blockref("INNER", (3, 4), dxfattribs={"xscale": 2, "yscale": 1})
+    outer.add_blockref("INNER", (0, 9), dxfattribs={"xscale": -1})
     outer.add_arc((0, 0), 3, 10, 200)
     space.add_blockref("OUTER", (10, 10), dxfattribs={"rotation": 17})
     space.add_blockref("OUTER", (60, 10), dxfattribs={"xscale": -2, "yscale": 0.5})
