@@ -77,7 +77,7 @@ def newer(space):
         [(x + 80, y + 30, 0) for x, y in points], [1, 2, 3, 1, 2, 1], 3)
     quarter = math.sqrt(0.5)
     space.add_rational_spline([(60, 0), (60, 10), (50, 10)], [1, quarter, 1], 2)
-    space.add_leader([(0, 0), (5, 5), (9, 5)])
+    space.add_leader([(0, 0), (5, 5), (9, 5)], dxfattribs={"has_arrowhead": 0})
 
 
 def hatches(space):
@@ -127,7 +127,7 @@ def write(folder):
                 drawing.write(stream, fmt="bin")
 
 
-def spline_points(curve, steps=2000):
+def spline_points(curve, steps=400):
     """Points of a spline where it is defined: its packaged path is a cubic through some of them."""
     knots = curve.knots()
     first, last = knots[curve.degree], knots[curve.count]
@@ -151,7 +151,7 @@ def flat_curves(drawing, tolerance):
         elif kind == "SPLINE":
             yield spline_points(entity.construction_tool())
             continue
-        elif kind == "LEADER":
+        elif kind == "LEADER":  # without its arrow head
             yield [(corner.x, corner.y) for corner in entity.vertices]
             continue
         else:

@@ -108,6 +108,8 @@ private Q_SLOTS:
     void read_chosenUnit_winsOverTheFile();
     void guess_data();
     void guess();
+    void read_binary_isTheSameAsText_data();
+    void read_binary_isTheSameAsText();
     void read_bulges_areExactArcs();
     void read_oldPolyline_leavesOutItsFrame();
     void read_circlesAndEllipses_keepWhatIsRound();
@@ -213,6 +215,33 @@ void tst_DxfReader::guess()
     QCOMPARE(drawing.sizeSource, SizeSource::Guessed);
     QCOMPARE(drawing.unitMm, unit);
     QCOMPARE(drawing.boundsMm().width(), x.toDouble() * unit);
+}
+
+void tst_DxfReader::read_binary_isTheSameAsText_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("codes of one byte") << QStringLiteral("binary-r12");
+    QTest::newRow("codes of two bytes") << QStringLiteral("binary");
+}
+
+void tst_DxfReader::read_binary_isTheSameAsText()
+{
+    QFETCH(QString, name);
+    const QByteArray bytes = fixture(name);
+    const QVector<VectorShape> shapes = shapesOf(readBytes(bytes));
+    QCOMPARE(shapes.size(), 2);
+    QCOMPARE(shapes[0].color, QColor(Qt::red));
+    QCOMPARE(shapes[0].paths[0].end(), QPointF(4.0, -6.0));
+    QCOMPARE(shapes[1].paths[0].boundsMm(), QRectF(-3.0, -3.0, 6.0, 6.0));
+    // Cut anywhere, it is read without what is cut or refused.
+    for (int length = 0; length < bytes.size(); ++length) {
+        VectorDrawing drawing;
+        ReadFailure failure;
+        if (readDxf(bytes.left(length), ReadOptions(), &drawing, &failure))
+            QVERIFY(drawing.shapeCount() > 0);
+        else
+            QVERIFY(failure.kind != ReadFailure::Kind::None);
+    }
 }
 
 void tst_DxfReader::read_bulges_areExactArcs()
