@@ -229,11 +229,38 @@ void VectorPath::arcTo(const QPointF &centreMm, double sweepDeg, const QPointF &
     points.last() = endMm;
 }
 
+void VectorPath::append(const VectorPath &other)
+{
+    if (other.isEmpty())
+        return;
+    if (points.isEmpty())
+        points.append(other.start());
+    if (!kinds.isEmpty() || !other.kinds.isEmpty()) {
+        needKinds();
+        if (other.kinds.isEmpty())
+            kinds.insert(kinds.size(), other.pieceCount(), PieceKind::Line);
+        else
+            kinds += other.kinds;
+    }
+    std::copy(other.points.begin() + 1, other.points.end(), std::back_inserter(points));
+}
+
+bool VectorPath::operator==(const VectorPath &other) const
+{
+    const auto isSame = [](const QPointF &a, const QPointF &b) {
+        return a.x() == b.x() && a.y() == b.y(); // QPointF's own comparison is a rough one
+    };
+    return closed == other.closed && kinds == other.kinds &&
+           std::equal(points.begin(), points.end(), other.points.begin(), other.points.end(),
+                      isSame);
+}
+
 void VectorPath::close()
 {
     if (points.isEmpty())
         return;
-    if (points.last() != points.first())
+    const QPointF gap = points.last() - points.first();
+    if (gap.x() != 0.0 || gap.y() != 0.0) // exactly: QPointF's own comparison is a rough one
         lineTo(points.first());
     closed = true;
 }
@@ -243,24 +270,6 @@ void VectorPath::close(double withinMm)
     if (pieceCount() > 0 && distance(points.first(), points.last()) <= withinMm)
         points.last() = points.first();
     close();
-}
-
-void VectorPath::append(const VectorPath &path)
-{
-    if (path.points.isEmpty())
-        return;
-    if (points.isEmpty())
-        points.append(path.start());
-    else if (end() != path.start())
-        lineTo(path.start());
-    path.forEach([&](const Piece &piece) {
-        if (piece.kind == PieceKind::Line)
-            lineTo(piece.to);
-        else if (piece.kind == PieceKind::Cubic)
-            cubicTo(piece.control1, piece.control2, piece.to);
-        else
-            arcTo(piece.control1, piece.sweepDeg, piece.to);
-    });
 }
 
 int VectorPath::pieceCount() const

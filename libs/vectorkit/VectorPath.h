@@ -55,9 +55,6 @@ public:
     /** The same; an end at most this far from the start is put onto it. */
     void close(double withinMm);
 
-    /** Adds the pieces of another path; a straight line leads to its start when it is elsewhere. */
-    void append(const VectorPath &path);
-
     bool isEmpty() const { return pieceCount() == 0; }
     bool isClosed() const { return closed; }
     bool isPolyline() const { return kinds.isEmpty(); }
@@ -78,6 +75,13 @@ public:
         QPointF control2;      ///< Cubic: second control point
         double sweepDeg = 0.0; ///< Arc alone; positive is counter-clockwise on the screen
     };
+
+    /** Adds another path's pieces; its first one begins where this path stands. */
+    void append(const VectorPath &other);
+
+    /** Whether both have the same pieces, bit for bit. */
+    bool operator==(const VectorPath &other) const;
+    bool operator!=(const VectorPath &other) const { return !(*this == other); }
 
     /** Calls `visit(const Piece &)` for each piece in order. */
     template <class Visit>
@@ -138,3 +142,5 @@ void VectorPath::forEach(Visit visit) const
 }
 
 } // namespace vectorkit
+
+Q_DECLARE_TYPEINFO(vectorkit::VectorPath, Q_MOVABLE_TYPE);

@@ -240,6 +240,8 @@ private:
             } else if (distance(loop.end(), edge.end()) < distance(loop.end(), edge.start())) {
                 edge = edge.reversed();
             }
+            if (!loop.isEmpty() && distance(loop.end(), edge.start()) > near)
+                loop.lineTo(edge.start());
             loop.append(edge);
         }
         if (!loop.isEmpty()) {
