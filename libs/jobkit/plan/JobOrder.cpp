@@ -1,5 +1,6 @@
 #include <jobkit/plan/JobOrder.h>
 
+#include <jobkit/plan/FewStops_p.h>
 #include <jobkit/plan/PointIndex_p.h>
 #include <jobkit/plan/Tour_p.h>
 
@@ -191,6 +192,21 @@ TourStop stopOf(const PlanPiece &piece)
     return stop;
 }
 
+std::vector<Tour::Visit> bestVisits(std::vector<TourStop> stops, const OrderOptions &options,
+                                    const QPointF *head, Patience *patience)
+{
+    if (stops.size() <= kFewStops)
+        return shortestOfAll(stops, head);
+    const auto count = static_cast<qint64>(stops.size());
+    Tour tour(std::move(stops), head);
+    tour.improve([patience] { return patience->mayGoOn(); });
+    std::mt19937 random(options.seed);
+    const qint64 steps = options.mostSteps < 0 ? defaultSteps(count) : options.mostSteps;
+    for (qint64 step = 0; step < steps && patience->mayGoOn(); ++step)
+        tour.kick(&random);
+    return tour.visits();
+}
+
 Pieces exchanged(const Pieces &pieces, const OrderOptions &options,
                  const std::optional<QPointF> &head, Patience *patience)
 {
@@ -198,19 +214,13 @@ Pieces exchanged(const Pieces &pieces, const OrderOptions &options,
     stops.reserve(static_cast<size_t>(pieces.size()));
     for (const PlanPiece &piece : pieces)
         stops.push_back(stopOf(piece));
-    Tour tour(std::move(stops), head ? &*head : nullptr);
-    tour.improve([patience] { return patience->mayGoOn(); });
-    std::mt19937 random(options.seed);
-    const qint64 steps = options.mostSteps < 0 ? defaultSteps(pieces.size()) : options.mostSteps;
-    for (qint64 step = 0; step < steps && patience->mayGoOn(); ++step)
-        tour.kick(&random);
-
+    const std::vector<Tour::Visit> visits =
+        bestVisits(std::move(stops), options, head ? &*head : nullptr, patience);
     Pieces result;
     result.reserve(pieces.size());
-    const std::vector<Tour::Visit> visits = tour.visits();
     for (const Tour::Visit &visit : visits) {
         PlanPiece piece = pieces[visit.stop];
-        if (piece.isClosed())
+        if (piece.isClosed() && !piece.isOneWay)
             beginAt(&piece, piece.pointsMm.indexOf(visit.start));
         else if (visit.isReversed)
             reverse(&piece);

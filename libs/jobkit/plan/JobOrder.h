@@ -49,6 +49,9 @@ struct OrderResult
  * within a stage the pieces are free. Open pieces may be reversed, closed ones may begin at any of
  * their points; the segments of the plan stay the same, as a set.
  *
+ * `Best` gives the shortest order there is for up to 6 pieces in a stage, closed ones with no more
+ * than 64 points.
+ *
  * The same plan, options and seed give the same order, unless the time cuts it short.
  */
 OrderResult orderPlan(JobPlan *plan, const OrderOptions &options);

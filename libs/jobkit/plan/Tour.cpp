@@ -367,12 +367,12 @@ bool Tour::improveStop(int stop)
 
 void Tour::kick(std::mt19937 *random)
 {
-    if (count < 5)
+    if (count < 3)
         return;
     const auto below = [random](int most) {
         return static_cast<int>((*random)() % static_cast<quint32>(most));
     };
-    const int longest = std::min(kLongestKicked, (count - 2) / 3);
+    const int longest = std::clamp((count - 2) / 3, 1, kLongestKicked);
     const int first = ring[below(count)];
     int last = first;
     for (int i = below(longest); i > 0; --i)
@@ -381,12 +381,22 @@ void Tour::kick(std::mt19937 *random)
     for (int i = below(longest); i > 0; --i)
         target = next(target);
     const Gap gap{target, next(target)};
-    if (isInStretch(count - 1, first, target))
+    if (gap.after == first || isInStretch(count - 1, first, target))
         return;
+    const bool isReversed = (*random)() % 2 == 0 && mayTurn(first, last);
     changes.clear();
-    gained = link(previous(first), first) + link(last, next(last)) + link(target, gap.after) -
-             link(previous(first), next(last)) - link(target, first) - link(last, gap.after);
-    moveBetween(first, last, gap, false);
+    const int before = previous(first);
+    const int after = next(last);
+    gained =
+        link(before, first) + link(last, after) + link(target, gap.after) - link(before, after);
+    const auto joined = [this](int a, int sideA, int b, int sideB) {
+        gained -= between(a, sideA, b, sideB);
+    };
+    const int head = isReversed ? last : first;
+    const int tail = isReversed ? first : last;
+    joined(target, exitSide(target), head, isReversed ? exitSide(head) : entrySide(head));
+    joined(tail, isReversed ? entrySide(tail) : exitSide(tail), gap.after, entrySide(gap.after));
+    moveBetween(first, last, gap, isReversed);
     while (!waiting.empty()) {
         const int stop = waiting.back();
         waiting.pop_back();

@@ -12,7 +12,7 @@ using namespace jobkit;
 
 namespace {
 
-PlanPiece piece(const QPolygonF &points, int object = 0)
+PlanPiece piece(const QVector<QPointF> &points, int object = 0)
 {
     PlanPiece made;
     made.pointsMm = points;
@@ -32,7 +32,7 @@ JobPlan randomPlan(std::mt19937 *random, int count)
         if (i % 3 == 0)
             plan.pieces.append(piece(square(from.x(), from.y(), 5.0), i));
         else if (i % 7 == 1)
-            plan.pieces.append(piece({from}, i));
+            plan.pieces.append(piece(QVector<QPointF>{from}, i));
         else
             plan.pieces.append(piece({from, {at(*random), at(*random)}, {at(*random), 0.0}}, i));
     }
@@ -135,8 +135,8 @@ void tst_JobOrder::handMade_best()
     QCOMPARE(result.jumpsBeforeMm, std::hypot(4.0, 10.0) + std::hypot(2.0, 10.0));
     QCOMPARE(plan.pieces[1].object, 1);
     QVERIFY(plan.pieces[1].isReversed);
-    QCOMPARE(plan.pieces[1].pointsMm, QPolygonF({{2, 10}, {2, 0}}));
-    QCOMPARE(plan.pieces[2].pointsMm, QPolygonF({{4, 0}, {4, 10}}));
+    QCOMPARE(plan.pieces[1].pointsMm, QPolygonF(QVector<QPointF>{{2, 10}, {2, 0}}));
+    QCOMPARE(plan.pieces[2].pointsMm, QPolygonF(QVector<QPointF>{{4, 0}, {4, 10}}));
     QVERIFY(!result.isCutShort);
 
     // A closed one begins at the corner on the way.
@@ -146,7 +146,7 @@ void tst_JobOrder::handMade_best()
     nearest.kind = OrderKind::Nearest;
     orderPlan(&corner, nearest);
     QCOMPARE(corner.pieces[1].pointsMm,
-             QPolygonF({{11, 10}, {11, 0}, {21, 0}, {21, 10}, {11, 10}}));
+             QPolygonF(QVector<QPointF>{{11, 10}, {11, 0}, {21, 0}, {21, 10}, {11, 10}}));
     QCOMPARE(corner.jumpLengthMm(), 1.0);
 }
 

@@ -170,14 +170,14 @@ void tst_JobTimes::gantry_byHand_data()
     row("too short for its speed", "0,0 2.5,0", 0.1, 0.0); // to 50 mm/s and down
     row("straight on", "0,0 10,0 20,0", 0.3, 0.0);
     row("back", "0,0 10,0 0,0", 0.4, 0.0);
-    // A right angle: s = sqrt(1/2), v2 = 10 s / (1 - s) = 10 (1 + sqrt 2), v = 4.913463574 mm/s.
-    // From rest to v over 10 mm: ramps 9.987928932 mm, 0.195086536 s, the rest 0.000120711 s.
-    row("right angle", "0,0 10,0 10,10", 2 * 0.195207247, 0.0);
-    // From v to v over 10 mm: ramps 9.975857864 mm, 0.190173073 s, the rest 0.000241421 s.
-    row("square", "0,0 10,0 10,10 0,10 0,0", 2 * 0.195207247 + 2 * 0.190414494, 0.0);
+    // A right angle: s = sqrt(1/2), v2 = 10 s / (1 - s) = 10 (1 + sqrt 2), v = 4.913464727 mm/s.
+    // From rest to v over 10 mm: ramps 9.987928932 mm, 0.195086535 s, the rest 0.000120711 s.
+    row("right angle", "0,0 10,0 10,10", 2 * 0.1952072460, 0.0);
+    // From v to v over 10 mm: ramps 9.975857864 mm, 0.190173071 s, the rest 0.000241421 s.
+    row("square", "0,0 10,0 10,10 0,10 0,0", 2 * 0.1952072460 + 2 * 0.1904144919, 0.0);
     // s = sqrt(3/4), v2 = 10 s / (1 - s) = 64.641016151, v = 8.039963691 mm/s; ramps 9.967679492
     // mm, 0.191960036 s, the rest 0.000323205 s.
-    row("turn of 60 degrees", "0,0 10,0 15,8.660254037844387", 2 * 0.192283241, 0.0);
+    row("turn of 60 degrees", "0,0 10,0 15,8.660254037844387", 2 * 0.1922832414, 0.0);
     row("jump straight on", "0,0 10,0; 20,0 30,0", 0.3, 0.1);
     row("jump back and forth", "0,0 10,0; 0,0 10,0", 0.4, 0.2);
     row("way from the head", "10,0 20,0", 0.15, 0.15, true);
