@@ -24,7 +24,10 @@ struct LineHatch
     double turnEachPassDeg = 0.0; ///< added to the angle for each pass after the first
 };
 
-/** The limits of a hatch: spacing in mm, and lines of one hatch. */
+/** Limit: coordinates of an area, mm from (0, 0). */
+constexpr double kMostCoordinateMm = 10000.0;
+
+/** Limit: spacing in mm, and lines of one hatch. */
 constexpr double kLeastSpacingMm = 0.005;
 constexpr double kMostSpacingMm = 1000.0;
 constexpr int kMostHatchLines = 5000000;

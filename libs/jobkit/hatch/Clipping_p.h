@@ -8,8 +8,6 @@ namespace jobkit {
 
 /** Whole steps in a millimetre: within 10,000 mm the clipper reckons in 64 bits. */
 constexpr double kClipStepsMm = 100000.0;
-constexpr double kMostCoordinateMm = 10000.0;
-
 /** The area in whole steps, by the rule; empty where a coordinate is out of range. */
 ClipperLib::Paths clipPaths(const Area &area, ClipperLib::PolyFillType rule);
 

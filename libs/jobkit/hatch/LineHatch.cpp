@@ -11,8 +11,6 @@ namespace jobkit {
 
 namespace {
 
-constexpr double kMostCoordinateMm = 10000.0;
-
 bool isInRange(const Area &area)
 {
     for (const QPolygonF &outline : area) {

@@ -19,7 +19,7 @@ namespace {
 constexpr int kMostStarts = 64; // of a closed piece, while exchanging
 
 /** Enough for the best order of a few pieces, and in proportion for many. */
-qint64 defaultSteps(qint64 pieces) { return std::max<qint64>(200, 10 * pieces); }
+qint64 defaultSteps(qint64 pieces) { return std::max<qint64>(200, 4 * pieces); }
 
 using Pieces = QVector<PlanPiece>;
 
@@ -284,7 +284,7 @@ OrderResult orderPlan(JobPlan *plan, const OrderOptions &options)
     Pieces start;
     for (const Pieces &stage : stages)
         start += stage;
-    Patience patience(options, 12 * plan->pieces.size());
+    Patience patience(options, 6 * plan->pieces.size());
     Pieces ordered;
     std::optional<QPointF> head = options.headMm;
     for (const Pieces &stage : stages) {

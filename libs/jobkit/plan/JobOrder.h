@@ -27,8 +27,9 @@ struct OrderOptions
 
     std::optional<QPointF> headMm; ///< where the head stands before; none: at the first piece
     quint32 seed = 1;
-    qint64 mostSteps = -1; ///< exchanges tried beyond the first best; -1: ten a piece, 200 at least
-    int budgetMs = 20000;  ///< time after which the best so far is kept
+    qint64 mostSteps =
+        -1;               ///< exchanges tried beyond the first best; -1: four a piece, 200 at least
+    int budgetMs = 20000; ///< time after which the best so far is kept
 
     /** Told how much is done, 0 to 1, now and then; false keeps the best so far. May be empty. */
     std::function<bool(double done)> progress;

@@ -46,6 +46,13 @@ void repeatRange(const QVector<PlanPiece> &pieces, int from, int to, QVector<Pla
 
 } // namespace
 
+bool PlanPiece::isClosed() const
+{
+    // Not by ==, which takes points for equal that are not.
+    return pointsMm.size() > 2 && pointsMm.first().x() == pointsMm.last().x() &&
+           pointsMm.first().y() == pointsMm.last().y();
+}
+
 double JobPlan::markLengthMm() const
 {
     double length = 0.0;

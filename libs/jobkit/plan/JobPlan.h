@@ -45,7 +45,7 @@ struct PlanPiece
     bool isReversed = false; ///< runs against the drawing
 
     /** Whether it ends where it began, so that it may begin at any of its points. */
-    bool isClosed() const { return pointsMm.size() > 2 && pointsMm.first() == pointsMm.last(); }
+    bool isClosed() const;
 };
 
 /** A job in the order of marking. Frame: as of `JobHatch`. */
