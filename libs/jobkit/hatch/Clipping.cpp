@@ -22,9 +22,12 @@ Paths clipPaths(const Area &area, ClipperLib::PolyFillType rule)
         }
         paths.push_back(std::move(path));
     }
-    Paths simple;
-    ClipperLib::SimplifyPolygons(paths, simple, rule);
-    return simple;
+    // Strictly simple outlines would take a time that grows with the square of their points.
+    ClipperLib::Clipper clipper;
+    clipper.AddPaths(paths, ClipperLib::ptSubject, true);
+    Paths united;
+    clipper.Execute(ClipperLib::ctUnion, united, rule, rule);
+    return united;
 }
 
 QPolygonF closedPolygon(const ClipperLib::Path &path)

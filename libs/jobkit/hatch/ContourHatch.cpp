@@ -11,7 +11,10 @@ using ClipperLib::IntPoint;
 using ClipperLib::Path;
 using ClipperLib::Paths;
 
-constexpr double kToleranceShare = 0.01; // of the spacing: how far a contour may stand off
+// Shares of the spacing: how far the outline may be simplified at first, and then each contour,
+// whose errors add up from one to the next.
+constexpr double kFirstTolerance = 0.01;
+constexpr double kTolerance = 0.004;
 constexpr double kLongestJoinShare = 1.5;
 
 /** The distance of a point from the straight way between two others, squared, in steps. */
@@ -147,13 +150,13 @@ QVector<QPolygonF> contourHatch(const Area &area, double spacingMm, double inset
                            insetMm >= 0.0 && insetMm <= kMostCoordinateMm;
     if (!isInRange)
         return {};
-    const double tolerance = spacingMm * kToleranceShare;
-    const double steps = tolerance * kClipStepsMm / 2.0;
-    Paths paths = thinned(clipPaths(area, ClipperLib::pftEvenOdd), steps);
+    Paths paths = thinned(clipPaths(area, ClipperLib::pftEvenOdd),
+                          spacingMm * kFirstTolerance * kClipStepsMm);
     double step = insetMm > 0.0 ? insetMm : spacingMm;
     ContourRuns runs(spacingMm);
     while (!paths.empty()) {
-        paths = thinned(movedInward(paths, step, tolerance / 2.0), steps);
+        paths = thinned(movedInward(paths, step, spacingMm * kTolerance),
+                        spacingMm * kTolerance * kClipStepsMm);
         runs.add(areaOf(paths));
         step = spacingMm;
     }

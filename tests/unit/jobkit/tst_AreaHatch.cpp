@@ -197,19 +197,16 @@ void tst_AreaHatch::contours_keepTheirDistance()
     const double spacing = 0.4;
     const QVector<QPolygonF> runs = contourHatch(area, spacing);
     QVERIFY(!runs.isEmpty());
-    int near = 0;
-    int all = 0;
+    double farthest = 0.0;
     for (const QPolygonF &run : runs) {
         for (const QPointF &point : run) {
             QVERIFY(isInside(area, point));
             const double level = distanceTo(area, point) / spacing;
             QVERIFY(level > 0.95);
-            ++all;
-            if (std::abs(level - std::round(level)) < 0.05)
-                ++near;
+            farthest = std::max(farthest, std::abs(level - std::round(level)));
         }
     }
-    QCOMPARE(near, all);
+    QVERIFY2(farthest < 0.05, qPrintable(QString::number(farthest)));
     // All of the area is within a spacing of some line: probe it.
     std::mt19937 random(2);
     std::uniform_real_distribution<double> at(-20.0, 20.0);
