@@ -1,5 +1,9 @@
 #include <jobkit/values/MachineProfile.h>
 
+#include <jobkit/values/Material.h>
+
+#include <QtCore/QFile>
+#include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtTest/QTest>
@@ -15,6 +19,7 @@ private Q_SLOTS:
     void damaged_isRefusedWithTheField_data();
     void damaged_isRefusedWithTheField();
     void everyNumber_isTakenAtItsBoundsAndRefusedBeyond();
+    void schemas_haveTheSameFieldsAndRanges();
     void machineFrame_followsOriginAndY_data();
     void machineFrame_followsOriginAndY();
 };
@@ -106,6 +111,48 @@ void tst_MachineProfile::everyNumber_isTakenAtItsBoundsAndRefusedBeyond()
     QCOMPARE(wrong.problem(), QString());
     wrong.mostPower = 0.0;
     QCOMPARE(wrong.problem(), QStringLiteral("mostPower: 1 to 1000000 is allowed, not 0"));
+}
+
+/** The properties that a schema of the documentation gives; of one level below with `items`. */
+static QJsonObject schemaOf(const char *name, bool items)
+{
+    QFile file(QStringLiteral(ZT_TEST_DATA_DIR "/../../docs/formats/%1.schema.json")
+                   .arg(QLatin1String(name)));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QJsonObject properties =
+        QJsonDocument::fromJson(file.readAll()).object()[QStringLiteral("properties")].toObject();
+    if (items)
+        properties = properties[QStringLiteral("pens")]
+                         .toObject()[QStringLiteral("items")]
+                         .toObject()[QStringLiteral("properties")]
+                         .toObject();
+    return properties;
+}
+
+static void compareRanges(const QJsonObject &schema, const QVector<FieldRange> &ranges)
+{
+    for (const FieldRange &range : ranges) {
+        const QJsonObject field = schema[range.name].toObject();
+        QCOMPARE(field[QStringLiteral("minimum")].toDouble(-1.0), range.least);
+        QCOMPARE(field[QStringLiteral("maximum")].toDouble(-1.0), range.most);
+    }
+}
+
+void tst_MachineProfile::schemas_haveTheSameFieldsAndRanges()
+{
+    MachineProfile profile;
+    profile.name = QStringLiteral("m");
+    const QJsonObject schema = schemaOf("job-profile", false);
+    QCOMPARE(schema.keys(), QJsonDocument::fromJson(writeProfile(profile)).object().keys());
+    compareRanges(schema, profileRanges());
+    const QJsonObject pens = schemaOf("job-pens", true);
+    const QJsonObject pen = QJsonDocument::fromJson(writeMaterial({profile.name, {Pen()}}))
+                                .object()[QStringLiteral("pens")]
+                                .toArray()[0]
+                                .toObject();
+    QCOMPARE(pens.keys(), pen.keys());
+    compareRanges(pens, penRanges());
 }
 
 void tst_MachineProfile::machineFrame_followsOriginAndY_data()
