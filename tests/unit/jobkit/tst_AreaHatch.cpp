@@ -1,11 +1,11 @@
 #include <jobkit/hatch/AreaHatch.h>
 
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QtMath>
 #include <QtTest/QTest>
 
 #include <algorithm>
 #include <cmath>
+#include <ctime>
 #include <random>
 
 using namespace jobkit;
@@ -97,7 +97,7 @@ private Q_SLOTS:
     void inset_byHand();
     void united_byHand();
     void outOfRange_givesNothing();
-    void manyEdges_withinASecond();
+    void manyEdges_takeNoTimeThatGrowsWithTheirSquare();
 };
 
 void tst_AreaHatch::lines_byHand()
@@ -272,7 +272,7 @@ void tst_AreaHatch::outOfRange_givesNothing()
     QVERIFY(lineHatch({star(5000, 9000, 10)}, {0.005}).isEmpty());
 }
 
-void tst_AreaHatch::manyEdges_withinASecond()
+void tst_AreaHatch::manyEdges_takeNoTimeThatGrowsWithTheirSquare()
 {
     std::mt19937 random(1);
     std::uniform_real_distribution<double> noise(-0.01, 0.01);
@@ -280,14 +280,14 @@ void tst_AreaHatch::manyEdges_withinASecond()
     for (QPointF &point : outline)
         point += QPointF(noise(random), noise(random));
     QCOMPARE(outline.size(), 20000);
-    QElapsedTimer clock;
-    clock.start();
+    const std::clock_t start = std::clock();
     const QVector<QPolygonF> runs = contourHatch({outline}, 0.1);
-    const qint64 elapsed = clock.elapsed();
+    const double seconds = double(std::clock() - start) / CLOCKS_PER_SEC;
     // The area over the spacing.
     const double expected = M_PI * 49.95 * 49.95 / 0.1;
     QVERIFY(std::abs(lengthOf(runs) / expected - 1.0) < 0.02);
-    QVERIFY2(elapsed < 5000, qPrintable(QString::number(elapsed))); // 1000 without other work
+    // The processor's time: about one with optimisation, and several where a check is built in.
+    QVERIFY2(seconds < 5.0, qPrintable(QString::number(seconds)));
 }
 
 QTEST_GUILESS_MAIN(tst_AreaHatch)
