@@ -1,6 +1,7 @@
 #include <studio/MainWindow.h>
 
 #include <studio/CommandTable.h>
+#include <studio/ContextMenus.h>
 #include <studio/DocumentActions.h>
 #include <studio/DropImporter.h>
 #include <studio/Exporter.h>
@@ -94,6 +95,7 @@ MainWindow::~MainWindow()
     delete textTools;
     delete fileExporter;
     delete status;
+    delete contextMenus;
     delete commandSet;
     delete viewNavigation;
     delete properties;
@@ -188,6 +190,7 @@ void MainWindow::buildCommands()
              {treeDock->toggleViewAction(), properties->toggleViewAction(),
               properties->denseRowsAction(), (new LanguageMenu(*language, this))->menuAction()});
     addToolBars(*this, *commandSet);
+    contextMenus = new ContextMenus(*drawing, *tree, *actions, *commandSet, this);
 }
 
 void MainWindow::connectState()

@@ -18,6 +18,7 @@ class ZTObjectTreeWidget;
 namespace studio {
 
 class Commands;
+class ContextMenus;
 class CrashGuard;
 class DocumentActions;
 class DrawingFiles;
@@ -106,6 +107,7 @@ private:
     TextTools *textTools = nullptr;
     Exporter *fileExporter = nullptr;
     Commands *commandSet = nullptr;
+    ContextMenus *contextMenus = nullptr;
     StatusBar *status = nullptr;
     OrderMenu *orderMenu = nullptr;
     DrawingFiles *drawingFiles = nullptr;

@@ -932,6 +932,13 @@
     </message>
 </context>
 <context>
+    <name>studio::PropertyGrid</name>
+    <message>
+        <source>3 to %L1 sides</source>
+        <translation>3 至 %L1 条边</translation>
+    </message>
+</context>
+<context>
     <name>studio::RecentMenu</name>
     <message>
         <source>&amp;Clear list</source>
@@ -1474,6 +1481,10 @@
 </context>
 <context>
     <name>studio::WindowLayout</name>
+    <message>
+        <source>&amp;Align</source>
+        <translation>对齐(&amp;A)</translation>
+    </message>
     <message>
         <source>&amp;Arrange</source>
         <translation>排列(&amp;A)</translation>
