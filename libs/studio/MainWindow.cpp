@@ -210,7 +210,19 @@ void MainWindow::connectState()
     connect(stack, &QUndoStack::undoTextChanged, this, &MainWindow::refreshUndoTexts);
     connect(stack, &QUndoStack::redoTextChanged, this, &MainWindow::refreshUndoTexts);
     connectFiles();
+    repaintAfterSteps();
     refreshCommands();
+}
+
+// The frame's handles keep their size at every zoom, and Qt does not always know where it painted
+// them last: after scrolling, the handles of what was selected before would stay on the screen.
+void MainWindow::repaintAfterSteps()
+{
+    QWidget *viewport = drawing->view()->viewport();
+    connect(drawing->scene(), &QGraphicsScene::selectionChanged, viewport,
+            qOverload<>(&QWidget::update));
+    connect(drawing->undoStack(), &QUndoStack::indexChanged, viewport,
+            [viewport] { viewport->update(); });
 }
 
 void MainWindow::connectFiles()

@@ -86,6 +86,7 @@ private:
     void buildCommands();
     void connectState();
     void connectFiles();
+    void repaintAfterSteps();
     void takeDropped(const QStringList &paths, const QPointF &scenePx);
     void showReplacedDrawing();
     void refreshTitle();

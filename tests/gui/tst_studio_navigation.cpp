@@ -1,6 +1,25 @@
 #include "StudioWindow.h"
 
+#include <QtGui/QPaintEvent>
 #include <QtWidgets/QLabel>
+
+/** Counts the paintings of a whole widget. */
+class WholePaints : public QObject
+{
+public:
+    explicit WholePaints(QWidget &watched) { watched.installEventFilter(this); }
+
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint &&
+            static_cast<QPaintEvent *>(event)->region() == static_cast<QWidget *>(watched)->rect())
+            ++count;
+        return false;
+    }
+};
 
 class tst_studio_navigation : public QObject
 {
@@ -24,6 +43,21 @@ private Q_SLOTS:
         QCOMPARE(middle() - before, QPointF(-30, -10));
         drag({60, 60});
         QCOMPARE(middle() - before, QPointF(-30, -10));
+    }
+
+    void changeOfTheSelection_andEachStep_paintTheDrawingAsAWhole()
+    {
+        // Handles that stay where they were are otherwise seen on a real screen only.
+        studio::ShapeItem *item = studio->addRect(0, 0);
+        QTest::qWait(50);
+        WholePaints whole(*viewport());
+        studio->driver->click({20, 20});
+        QVERIFY(item->isSelected());
+        QTRY_COMPARE(whole.count, 1);
+        studio->key(Qt::Key_Right);
+        QTRY_COMPARE(whole.count, 2);
+        studio->key(Qt::Key_Escape);
+        QTRY_COMPARE(whole.count, 3);
     }
 
     void spaceAndLeftButton_panInsteadOfSelecting()
