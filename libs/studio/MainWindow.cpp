@@ -5,6 +5,7 @@
 #include <studio/DocumentActions.h>
 #include <studio/DropImporter.h>
 #include <studio/Exporter.h>
+#include <studio/FieldCheck.h>
 #include <studio/Icons.h>
 #include <studio/Importer.h>
 #include <studio/Language.h>
@@ -392,7 +393,13 @@ void MainWindow::chooseImport()
     dialog->open();
 }
 
-void MainWindow::chooseExport(bool selectionOnly) { fileExporter->choose(selectionOnly); }
+void MainWindow::chooseExport(bool selectionOnly)
+{
+    const QGraphicsScene &scene = *drawing->scene();
+    const ShapeItems exported = selectionOnly ? selectedShapeItems(scene) : shapeItemsOf(scene);
+    askAboutField(exported, *drawing, *this,
+                  [this, selectionOnly] { fileExporter->choose(selectionOnly); });
+}
 
 void MainWindow::addSample()
 {
