@@ -53,6 +53,7 @@ constexpr int kTreeHeight = 260;
 constexpr int kPropertiesHeight = 460;
 constexpr int kIdWidth = 64;
 constexpr int kTextWidth = 70;
+constexpr int kHandlePx = 24; ///< room outside the frame that its handles may take
 const QSize kFirstSize(1280, 820);
 
 /** Files that come in together: drawings are opened, all else is imported. */
@@ -211,19 +212,29 @@ void MainWindow::connectState()
     connect(stack, &QUndoStack::undoTextChanged, this, &MainWindow::refreshUndoTexts);
     connect(stack, &QUndoStack::redoTextChanged, this, &MainWindow::refreshUndoTexts);
     connectFiles();
-    repaintAfterSteps();
+    connectFrame();
     refreshCommands();
+}
+
+void MainWindow::connectFrame()
+{
+    const ZTGraphicsResizeItem *frame = drawing->scene()->getGraphicsResizeItem();
+    connect(drawing->scene(), &QGraphicsScene::selectionChanged, this, &MainWindow::repaintFrame);
+    connect(frame, &ZTGraphicsResizeItem::sigPosChanged, this, &MainWindow::repaintFrame);
+    connect(frame, &ZTGraphicsResizeItem::sigSizeChanged, this, &MainWindow::repaintFrame);
 }
 
 // The frame's handles keep their size at every zoom, and Qt does not always know where it painted
 // them last: after scrolling, the handles of what was selected before would stay on the screen.
-void MainWindow::repaintAfterSteps()
+void MainWindow::repaintFrame()
 {
-    QWidget *viewport = drawing->view()->viewport();
-    connect(drawing->scene(), &QGraphicsScene::selectionChanged, viewport,
-            qOverload<>(&QWidget::update));
-    connect(drawing->undoStack(), &QUndoStack::indexChanged, viewport,
-            [viewport] { viewport->update(); });
+    const QRect inner = drawing->view()->mapFromScene(paintedFramePx).boundingRect();
+    if (!paintedFramePx.isNull()) {
+        const QRect outer = inner.adjusted(-kHandlePx, -kHandlePx, kHandlePx, kHandlePx);
+        drawing->view()->viewport()->update(QRegion(outer) - QRegion(inner));
+    }
+    const ZTGraphicsResizeItem *frame = drawing->scene()->getGraphicsResizeItem();
+    paintedFramePx = frame->isVisible() ? frame->rect().translated(frame->pos()) : QRectF();
 }
 
 void MainWindow::connectFiles()

@@ -86,7 +86,8 @@ private:
     void buildCommands();
     void connectState();
     void connectFiles();
-    void repaintAfterSteps();
+    void connectFrame();
+    void repaintFrame();
     void takeDropped(const QStringList &paths, const QPointF &scenePx);
     void showReplacedDrawing();
     void refreshTitle();
@@ -116,6 +117,7 @@ private:
     QPointer<MatrixDialog> matrixDialog;
     std::unique_ptr<Importer> importer;
     QTimer stateTimer;
+    QRectF paintedFramePx; ///< where the selection frame stood when it was seen last; or null
     bool isLetGo = false; ///< the user closes the window, and the changes may be lost
 };
 
