@@ -167,7 +167,7 @@ private:
         const double marks =
             graph.value(QStringLiteral("extent")).toObject().value(QLatin1String(side)).toDouble();
         const double unitsPerMm = graph.value(QStringLiteral("unitsPerMm")).toDouble();
-        return qRound(marks / unitsPerMm * 100000) / 100000.0;
+        return qRound(marks / unitsPerMm * 1000) / 1000.0;
     }
     static double widthMm(const QJsonObject &graph) { return extentMm(graph, "width"); }
     static double heightMm(const QJsonObject &graph) { return extentMm(graph, "height"); }

@@ -28,8 +28,8 @@ struct ImportOptions
     double toleranceMm = 0.0;
 
     /**
-     * Open outlines share a shape with closed ones, and are hatched with them as if closed. Else
-     * they come in shapes of their own, which are left without a hatch.
+     * Open outlines of more than one piece are closed by a straight line, which is marked too, and
+     * hatched. Else they come in shapes of their own, which are left without a hatch.
      */
     bool fillsOpen = false;
 

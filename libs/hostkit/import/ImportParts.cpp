@@ -44,8 +44,12 @@ QVector<Row> rowsOf(const VectorDrawing &drawing, const ImportOptions &options)
         for (const VectorShape &shape : drawing.layers[layer].shapes) {
             const int pen = penOf(shape, options);
             const QString color = colorName(shape);
-            for (const VectorPath &path : shape.paths)
+            for (const VectorPath &path : shape.paths) {
                 rows.append({path, layer, pen, color});
+                // The library leaves out the last side of what is open. A lone line has no inside.
+                if (options.fillsOpen && path.pieceCount() > 1)
+                    rows.last().path.close();
+            }
         }
     }
     return rows;
@@ -203,14 +207,7 @@ QVector<ImportPart> importParts(const VectorDrawing &drawing, const ImportOption
             [](const Row &row) { return row.color; }, &parts);
         break;
     case ImportSplit::Outline:
-        if (options.fillsOpen) {
-            QVector<Row> all = rows;
-            for (Row &row : all)
-                row.path.close();
-            addOutlines(all, drawing, &parts);
-        } else {
-            addOutlines(rows, drawing, &parts);
-        }
+        addOutlines(rows, drawing, &parts);
         break;
     }
     return parts;

@@ -193,7 +193,17 @@ void tst_DrawingImport::import_fillOpen_hatchesThemWithTheRest()
     ZTGraphicsDocument document;
     ImportOptions options = splitBy(ImportSplit::None);
     options.fillsOpen = true;
-    QCOMPARE(hostkit::importDrawing(document, plate(), options).items.size(), 1);
+    VectorDrawing drawing;
+    drawing.layers << VectorLayer();
+    drawing.layers[0].shapes << shape({VectorPath::polyline({{0, 0}, {20, 0}, {20, 20}})}, Qt::red);
+    ZTFillParam fill;
+    fill.fillType = FillType::Line;
+    fill.spac = 1.0;
+    options.fill = fill;
+    const ImportResult result = hostkit::importDrawing(document, drawing, options);
+    QCOMPARE(result.items.size(), 1);
+    result.items[0]->getShapeBase()->paint();
+    QVERIFY(!result.items[0]->getShapeBase()->getFillLines().isEmpty());
 }
 
 void tst_DrawingImport::import_hatchesClosedOutlinesAlone()
