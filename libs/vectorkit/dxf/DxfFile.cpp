@@ -201,14 +201,11 @@ bool File::readFrame(const std::function<bool(double)> &goesOn)
             isGoing = readTables(this, &pace);
         } else if (name == "BLOCKS") {
             isGoing = readBlocks(this, &pace);
-        } else if (name == "ENTITIES") {
-            entitySections.push_back(tags.place());
-            isGoing = skipSection(this, &pace);
         } else {
+            if (name == "ENTITIES")
+                entitySections.push_back(tags.place());
             isGoing = skipSection(this, &pace);
-            continue;
         }
-        isKnown = true;
         if (!isGoing)
             return false;
     }

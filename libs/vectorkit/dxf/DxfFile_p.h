@@ -94,7 +94,6 @@ struct File
     QHash<QString, Block> blocks;
     std::vector<TagReader::Place> entitySections;
     bool hasEnd = false;
-    bool isKnown = false; ///< at least one section of a drawing was there
 
     /** Passes over the comments at the beginning, the first of which names the producer. */
     void readOpeningComment();
