@@ -229,6 +229,16 @@ void VectorPath::arcTo(const QPointF &centreMm, double sweepDeg, const QPointF &
     points.last() = endMm;
 }
 
+void VectorPath::setEnd(const QPointF &endMm)
+{
+    if (isEmpty())
+        return;
+    if (!kinds.isEmpty() && kinds.last() == PieceKind::Arc)
+        lineTo(endMm);
+    else
+        points.last() = endMm;
+}
+
 void VectorPath::append(const VectorPath &other)
 {
     if (other.isEmpty())

@@ -51,7 +51,7 @@ public:
      */
     void appendItem(int id, ZTTextShapeBase *shape);
 
-    bool hasId(int id);
+    bool hasId(int id); ///< whether an entry has that id
 
     /** Variant text of the first entry that the shape uses, or null. Owner: the registry. */
     ZTVariantText *getVariantText(ZTTextShapeBase *shape);
