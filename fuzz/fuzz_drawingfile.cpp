@@ -13,7 +13,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-using hostkit::DrawingError;
+using hostkit::Failure;
 using hostkit::DrawingFile;
 
 namespace {
@@ -121,7 +121,7 @@ DrawingFile loadedAndTaken(const DrawingFile &drawing, ZTGraphicsDocument &docum
 {
     hostkit::DrawingLoad load;
     load.maxPieces = 1'000'000;
-    DrawingError error;
+    Failure error;
     hostkit::DrawingReport report;
     if (!applyWithin(load, drawing, document, &report, &error))
         return drawing;
@@ -137,7 +137,7 @@ DrawingFile loadedAndTaken(const DrawingFile &drawing, ZTGraphicsDocument &docum
 void check(const QByteArray &bytes, ZTGraphicsDocument &document)
 {
     DrawingFile drawing;
-    DrawingError error;
+    Failure error;
     if (!readDrawing(bytes, &drawing, &error)) {
         if (error.reason.isEmpty())
             std::abort();

@@ -14,7 +14,7 @@
 
 #include <memory>
 
-using hostkit::DrawingError;
+using hostkit::Failure;
 using hostkit::DrawingFile;
 
 namespace {
@@ -36,7 +36,7 @@ void put(const QString &path, const QByteArray &bytes)
 DrawingFile readFile(const QString &path)
 {
     DrawingFile drawing;
-    DrawingError error;
+    Failure error;
     if (!readDrawing(path, &drawing, &error))
         qWarning("%s: %s", qPrintable(path), qPrintable(error.reason));
     return drawing;
@@ -47,7 +47,7 @@ QByteArray libraryCsv(const QString &drawingPath, const QString &csvPath,
                       const EShapeSortType *order = nullptr)
 {
     ZTGraphicsDocument document;
-    DrawingError error;
+    Failure error;
     if (!applyDrawing(readFile(drawingPath), document, {}, nullptr, &error))
         return "not loaded: " + error.reason.toUtf8();
     if (order != nullptr)
@@ -450,7 +450,7 @@ private Q_SLOTS:
         put(path("corner.plt"), kCorner);
         ztmark({"convert", "corner.plt", "corner.plt", "-o", "two.ztd"});
         ZTGraphicsDocument document;
-        DrawingError error;
+        Failure error;
         QVERIFY(applyDrawing(readFile(path("two.ztd")), document, {}, nullptr, &error));
         QVector<double> leftMm;
         for (QGraphicsItem *item : document.scene()->items(Qt::AscendingOrder)) {

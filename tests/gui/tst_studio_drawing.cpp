@@ -375,7 +375,7 @@ private Q_SLOTS:
     {
         const QString path = saveAs("plate.ztd", 1);
         hostkit::DrawingFile file;
-        hostkit::DrawingError error;
+        hostkit::Failure error;
         QVERIFY(hostkit::readDrawing(path, &file, &error));
         file.unknown << hostkit::DrawingSection{QByteArrayLiteral("abcd"),
                                                 QByteArrayLiteral("of others")};
@@ -439,7 +439,7 @@ private Q_SLOTS:
         studio->key(Qt::Key_R);
         const QString path = saveAs("plate.ztd", 0);
         hostkit::DrawingFile file;
-        hostkit::DrawingError error;
+        hostkit::Failure error;
         QVERIFY(hostkit::readDrawing(path, &file, &error));
         file.meta.setup.workAreaMm = QRect(-50, -50, 100, 100);
         QVERIFY(hostkit::writeDrawing(file, path, &error));

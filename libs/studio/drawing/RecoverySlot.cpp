@@ -1,18 +1,12 @@
 #include <studio/drawing/RecoverySlot.h>
 
-#include <QtCore/QDataStream>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QUuid>
 
-#include <algorithm>
-
 namespace studio {
 
 namespace {
-
-const QByteArray kOriginTag = QByteArrayLiteral("rcvr");
-constexpr quint32 kOriginVersion = 1;
 
 QString lockPathOf(const QString &filePath) { return filePath + QStringLiteral(".lock"); }
 
@@ -57,29 +51,20 @@ QString RecoverySlot::setAside()
     return QFile::rename(filePath, aside) ? aside : QString();
 }
 
-void addOrigin(const RecoveryOrigin &origin, hostkit::DrawingFile *drawing)
+void setOrigin(const RecoveryOrigin &origin, hostkit::DrawingFile *drawing)
 {
-    hostkit::DrawingSection section{kOriginTag, {}};
-    QDataStream stream(&section.bytes, QIODevice::WriteOnly);
-    stream.setVersion(QDataStream::Qt_5_15);
-    stream << kOriginVersion << origin.path << origin.stamp.size << origin.stamp.modifiedMs;
-    drawing->unknown << section;
+    drawing->origin = {origin.path, origin.stamp.size, origin.stamp.modifiedMs};
 }
 
-RecoveryOrigin takeOrigin(hostkit::DrawingFile *drawing)
+RecoveryOrigin originOf(const hostkit::DrawingFile &drawing)
 {
-    const auto found = std::find_if(drawing->unknown.begin(), drawing->unknown.end(),
-                                    [](const auto &section) { return section.tag == kOriginTag; });
-    if (found == drawing->unknown.end())
+    if (!drawing.origin)
         return {};
-    QDataStream stream(found->bytes);
-    stream.setVersion(QDataStream::Qt_5_15);
-    quint32 version = 0;
     RecoveryOrigin origin;
-    stream >> version >> origin.path >> origin.stamp.size >> origin.stamp.modifiedMs;
-    const bool isGood = stream.status() == QDataStream::Ok && version == kOriginVersion;
-    drawing->unknown.erase(found);
-    return isGood ? origin : RecoveryOrigin();
+    origin.path = drawing.origin->path;
+    origin.stamp.size = drawing.origin->size;
+    origin.stamp.modifiedMs = drawing.origin->modifiedMs;
+    return origin;
 }
 
 } // namespace studio

@@ -19,7 +19,7 @@ public:
         const auto slot = studio::RecoverySlot::create(path, &error);
         drawing.meta.savedAt = savedAt;
         studio::addOrigin(origin, &drawing);
-        hostkit::DrawingError why;
+        hostkit::Failure why;
         if (!slot || !hostkit::writeDrawing(drawing, slot->path(), &why))
             qFatal("a recovery file cannot be written");
         return slot->path();

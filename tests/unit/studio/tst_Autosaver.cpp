@@ -50,7 +50,7 @@ private Q_SLOTS:
         push();
         QVERIFY(saved.wait());
         hostkit::DrawingFile file;
-        hostkit::DrawingError error;
+        hostkit::Failure error;
         QVERIFY2(hostkit::readDrawing(saver->recoveryPath(), &file, &error),
                  qPrintable(error.reason));
         QCOMPARE(file.meta.pens.first().items, 1);
@@ -176,7 +176,7 @@ private Q_SLOTS:
     void adopted_isKeptUntilTheDrawingIsSaved()
     {
         hostkit::DrawingFile file;
-        hostkit::DrawingError error;
+        hostkit::Failure error;
         QVERIFY(session->capture(false, &file, &error));
         const QString path = folder->leave({}, QDateTime::currentDateTimeUtc(), file);
         const QByteArray before = StudioTest::contentOf(path);

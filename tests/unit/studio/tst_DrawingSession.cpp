@@ -136,7 +136,7 @@ private Q_SLOTS:
         const hostkit::DrawingSection foreign{QByteArrayLiteral("abcd"), QByteArrayLiteral("kept")};
         session->setOpened(studio->path("a.ztd"), {}, {foreign});
         hostkit::DrawingFile file;
-        hostkit::DrawingError error;
+        hostkit::Failure error;
         QVERIFY(session->capture(false, &file, &error));
         QCOMPARE(file.unknown.size(), 1);
         QCOMPARE(file.unknown.first().tag, foreign.tag);

@@ -172,7 +172,7 @@ private:
         for (int i = 0; i < shapes; ++i)
             studio->addRect(i * 50.0, 0);
         hostkit::DrawingFile file;
-        hostkit::DrawingError error;
+        hostkit::Failure error;
         hostkit::DrawingCapture wanted;
         wanted.withPreview = withPreview;
         if (!hostkit::captureDrawing(*studio->document, wanted, &file, &error))

@@ -14,7 +14,7 @@
 
 #include <csignal>
 
-using hostkit::DrawingError;
+using hostkit::Failure;
 using hostkit::DrawingFile;
 
 namespace {
@@ -64,7 +64,7 @@ private:
                                          const QString &path, int out)
     {
         const auto tell = [out](char byte) { return write(out, &byte, 1) == 1; };
-        DrawingError error;
+        Failure error;
         bool isGood = true;
         while (isGood) {
             for (const DrawingFile *drawing : drawings)
@@ -109,7 +109,7 @@ private Q_SLOTS:
 
         const QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("a.ztd"));
-        DrawingError error;
+        Failure error;
         QVERIFY(writeDrawing(small, path, &error));
         QRandomGenerator random(1);
         int smallOnes = 0;

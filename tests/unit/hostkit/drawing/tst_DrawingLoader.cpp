@@ -7,7 +7,7 @@
 
 #include <new>
 
-using hostkit::DrawingError;
+using hostkit::Failure;
 
 namespace {
 
@@ -51,9 +51,9 @@ private Q_SLOTS:
         ZTGraphicsDocument document;
         document.itemMag()->addShape(ShapeType::Ellipse, QRectF(0, 0, 10, 10));
         const QByteArray before = testsupport::savedBytes(document);
-        DrawingError error;
+        Failure error;
         QVERIFY(!testsupport::load(bytes, document, &error));
-        QCOMPARE(error.kind, DrawingError::Kind::NotLoadable);
+        QCOMPARE(error.kind, Failure::Kind::NotPossible);
         QCOMPARE(error.reason, QStringLiteral("needs more memory than there is"));
         QCOMPARE(testsupport::savedBytes(document), before);
     }

@@ -16,7 +16,7 @@
 
 #include <functional>
 
-using hostkit::DrawingError;
+using hostkit::Failure;
 using hostkit::DrawingFile;
 
 namespace {
@@ -130,7 +130,7 @@ private Q_SLOTS:
     void text_namesTheFontsOfTheSamples()
     {
         ZTGraphicsDocument document;
-        DrawingError error;
+        Failure error;
         hostkit::DrawingReport report;
         QVERIFY(applyDrawing(sample(QStringLiteral("text.ztd")), document, {}, &report, &error));
         QCOMPARE(report.missingFonts, (QStringList{QStringLiteral("gb-strokes.shx"),
@@ -169,7 +169,7 @@ private:
     static DrawingFile sample(const QString &name)
     {
         DrawingFile drawing;
-        DrawingError error;
+        Failure error;
         if (!readDrawing(samplePath(name), &drawing, &error))
             qFatal("%s: %s", qPrintable(name), qPrintable(error.reason));
         return drawing;
@@ -177,7 +177,7 @@ private:
 
     static void load(const QString &name, ZTGraphicsDocument &document)
     {
-        DrawingError error;
+        Failure error;
         QVERIFY2(applyDrawing(sample(name), document, {}, nullptr, &error),
                  qPrintable(error.reason));
     }

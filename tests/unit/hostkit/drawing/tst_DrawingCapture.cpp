@@ -17,7 +17,7 @@
 
 #include <sys/stat.h>
 
-using hostkit::DrawingError;
+using hostkit::Failure;
 using hostkit::DrawingFile;
 using testsupport::captured;
 using testsupport::load;
@@ -87,7 +87,7 @@ void checkIsSetUp(const ZTAbstractGraphicsItem &item)
 
 } // namespace
 
-class tst_DrawingSnapshot : public QObject
+class tst_DrawingCapture : public QObject
 {
     Q_OBJECT
 
@@ -97,9 +97,9 @@ private Q_SLOTS:
         ZTGraphicsDocument document;
         DrawingFile drawing = captured(document);
         drawing.stream = QByteArray("\0\0\0\0\0\0\0\0\0\0\0\1\0\0\0\1", 16) + QByteArray(231, '\0');
-        DrawingError error;
+        Failure error;
         QVERIFY(!applyDrawing(drawing, document, {}, nullptr, &error));
-        QCOMPARE(error.kind, DrawingError::Kind::NotLoadable);
+        QCOMPARE(error.kind, Failure::Kind::NotPossible);
         QCOMPARE(error.reason, QStringLiteral("this program makes no objects of kind Rect"));
         hostkit::registerFactories();
     }
@@ -120,7 +120,7 @@ private Q_SLOTS:
         ZTGraphicsDocument document;
         addTo(document, ShapeType::Rect);
         ZTGraphicsDocument empty;
-        DrawingError error;
+        Failure error;
         const QByteArray bytes = savedBytes(empty);
         QVERIFY2(load(bytes, document, &error), qPrintable(error.reason));
         QVERIFY(document.itemMag()->getShapeList().isEmpty());
@@ -140,7 +140,7 @@ private Q_SLOTS:
             ZTGraphicsDocument document;
             setUp(*addTo(document, type));
             ZTGraphicsDocument other;
-            DrawingError error;
+            Failure error;
             QVERIFY2(load(savedBytes(document), other, &error), qPrintable(error.reason));
             checkIsSetUp(*onlyItemOf(other));
             QCOMPARE(onlyItemOf(other)->getShapeType(), type);
@@ -157,7 +157,7 @@ private Q_SLOTS:
         DrawingFile drawing = captured(document);
         drawing.hasRest = false;
         ZTGraphicsDocument other;
-        DrawingError error;
+        Failure error;
         QVERIFY2(load(drawingToBytes(drawing), other, &error), qPrintable(error.reason));
         ZTShapeBase &shape = *onlyItemOf(other)->getShapeBase();
         QCOMPARE(shape.getRect(), QRectF(0, 0, 10, 10));
@@ -182,7 +182,7 @@ private Q_SLOTS:
         QVERIFY(QFile::remove(path));
         messages->take();
         ZTGraphicsDocument other;
-        DrawingError error;
+        Failure error;
         QVERIFY2(load(bytes, other, &error), qPrintable(error.reason));
         QVERIFY(testsupport::sameGraph(other.itemMag()->getShapeLines(), before));
         QCOMPARE(graphicOf(onlyItemOf(other))->getImagePath(), path);
@@ -222,7 +222,7 @@ private Q_SLOTS:
         graphicOf(addTo(document, ShapeType::VecGraph))->setDrawing(QPainterPath(), pipe);
         DrawingFile drawing = captured(document);
         drawing.hasRest = false;
-        DrawingError error;
+        Failure error;
         QVERIFY2(load(drawingToBytes(drawing), document, &error), qPrintable(error.reason));
         QCOMPARE(graphicOf(onlyItemOf(document))->getImagePath(), pipe);
         messages->take();
@@ -237,7 +237,7 @@ private Q_SLOTS:
         graphicOf(addTo(document, ShapeType::VecGraph))->setDrawing(QPainterPath(), path);
         DrawingFile drawing = captured(document);
         drawing.hasRest = false;
-        DrawingError error;
+        Failure error;
         QVERIFY2(load(drawingToBytes(drawing), document, &error), qPrintable(error.reason));
         QCOMPARE(graphicOf(onlyItemOf(document))->getDrawing().controlPointRect(),
                  QRectF(0, 0, 40, 20));
@@ -293,7 +293,7 @@ private Q_SLOTS:
         const QByteArray bytes = savedBytes(document);
         small.parser.setTextHeight(3.0);
         ZTGraphicsDocument other;
-        DrawingError error;
+        Failure error;
         QVERIFY2(load(bytes, other, &error), qPrintable(error.reason));
         QCOMPARE(small.parser.getTextHeight(), height);
         QVERIFY(testsupport::sameGraph(other.itemMag()->getShapeLines(), before));
@@ -310,7 +310,7 @@ private Q_SLOTS:
         QVERIFY(document.itemMag()->getShapeLines().objects[0].lines.isEmpty());
         testsupport::makeTinyFonts();
         ZTGraphicsDocument other;
-        DrawingError error;
+        Failure error;
         QVERIFY2(load(bytes, other, &error), qPrintable(error.reason));
         QVERIFY(other.itemMag()->getShapeLines().objects[0].lines.isEmpty());
         QCOMPARE(savedBytes(other), bytes);
@@ -331,7 +331,7 @@ private Q_SLOTS:
         strokes->setFontType(FontType::singleLine);
         const DrawingFile drawing = captured(document);
         ZTGraphicsDocument other;
-        DrawingError error;
+        Failure error;
         hostkit::DrawingReport report;
         QVERIFY(applyDrawing(drawing, other, {}, &report, &error));
         QCOMPARE(report.missingFonts,
@@ -344,7 +344,7 @@ private Q_SLOTS:
         ZTGraphicsDocument document;
         for (const ShapeType type : {ShapeType::Rect, ShapeType::Polygon, ShapeType::Line})
             addTo(document, type);
-        DrawingError error;
+        Failure error;
         ZTGraphicsDocument other;
         addTo(other, ShapeType::Ellipse);
         QVERIFY2(load(savedBytes(document), other, &error), qPrintable(error.reason));
@@ -372,7 +372,7 @@ private Q_SLOTS:
         guard.reset(new testsupport::SingletonGuard);
         ZTGraphicsDocument other;
         QVERIFY(hostkit::DrawingSetup::of(other) != setup);
-        DrawingError error;
+        Failure error;
         QVERIFY2(load(bytes, other, &error), qPrintable(error.reason));
         QVERIFY(hostkit::DrawingSetup::of(other) == setup);
         QCOMPARE(other.view()->getWorkArea(), QRect(1, 2, 3, 4));
@@ -408,9 +408,9 @@ private Q_SLOTS:
             }();
             return false;
         };
-        DrawingError error;
+        Failure error;
         QVERIFY(!applyDrawing(drawing, document, cancel, nullptr, &error));
-        QCOMPARE(error.kind, DrawingError::Kind::Cancelled);
+        QCOMPARE(error.kind, Failure::Kind::Cancelled);
         QCOMPARE(calls, 1);
         QCOMPARE(savedBytes(document), before);
         QVERIFY(item->isSelected());
@@ -426,7 +426,7 @@ private Q_SLOTS:
         document.undoStack()->push(new QUndoCommand(QStringLiteral("step")));
         const DrawingFile drawing = captured(document);
         int last = 0;
-        DrawingError error;
+        Failure error;
         QVERIFY(applyDrawing(
             drawing, document,
             [&](int done, int total) {
@@ -446,9 +446,9 @@ private Q_SLOTS:
         DrawingFile drawing = captured(document);
         drawing.stream.chop(1);
         const QByteArray before = savedBytes(document);
-        DrawingError error;
+        Failure error;
         QVERIFY(!applyDrawing(drawing, document, {}, nullptr, &error));
-        QCOMPARE(error.kind, DrawingError::Kind::Damaged);
+        QCOMPARE(error.kind, Failure::Kind::Damaged);
         QCOMPARE(savedBytes(document), before);
     }
 
@@ -467,9 +467,9 @@ private Q_SLOTS:
         hostkit::DrawingLoad load;
         QCOMPARE(load.maxPieces, 50'000'000);
         load.maxPieces = pieces - 1;
-        DrawingError error;
+        Failure error;
         QVERIFY(!applyWithin(load, drawing, document, nullptr, &error));
-        QCOMPARE(error.kind, DrawingError::Kind::NotLoadable);
+        QCOMPARE(error.kind, Failure::Kind::NotPossible);
         QCOMPARE(error.reason,
                  QStringLiteral("holds more than %1 points and hatch lines").arg(pieces - 1));
         QCOMPARE(savedBytes(document), before);
@@ -482,9 +482,9 @@ private Q_SLOTS:
         ZTGraphicsDocument document;
         addTo(document, ShapeType::Rect)->setShapeType(ShapeType::None);
         DrawingFile drawing;
-        DrawingError error;
+        Failure error;
         QVERIFY(!captureDrawing(document, {}, &drawing, &error));
-        QCOMPARE(error.kind, DrawingError::Kind::NotLoadable);
+        QCOMPARE(error.kind, Failure::Kind::NotPossible);
         QCOMPARE(error.reason,
                  QStringLiteral("the drawing could not be loaded again: an object of kind 11 at "
                                 "byte 33 of the drawing's data"));
@@ -513,7 +513,7 @@ private Q_SLOTS:
     {
         ZTGraphicsDocument document;
         DrawingFile drawing;
-        DrawingError error;
+        Failure error;
         const QDateTime before = QDateTime::currentDateTimeUtc();
         QVERIFY(captureDrawing(document, {}, &drawing, &error));
         QVERIFY(drawing.meta.savedAt >= before);
@@ -527,7 +527,7 @@ private Q_SLOTS:
         ZTGraphicsDocument document;
         hostkit::DrawingCapture capture;
         capture.unknown << hostkit::DrawingSection{"NEW1", "content"};
-        DrawingError error;
+        Failure error;
         QVERIFY2(saveDrawing(document, capture, path, &error), qPrintable(error.reason));
         DrawingFile drawing;
         QVERIFY2(readDrawing(path, &drawing, &error), qPrintable(error.reason));
@@ -573,7 +573,7 @@ private:
         const ZTMarkGraph before = document.itemMag()->getShapeLines();
         const QByteArray bytes = savedBytes(document);
         auto other = std::make_unique<ZTGraphicsDocument>();
-        DrawingError error;
+        Failure error;
         QVERIFY2(load(bytes, *other, &error), qPrintable(error.reason));
         QVERIFY(testsupport::sameGraph(other->itemMag()->getShapeLines(), before));
         QCOMPARE(savedBytes(*other), bytes);
@@ -592,7 +592,7 @@ int main(int argc, char **argv)
     if (code >= 0)
         return code;
     QApplication application(argc, argv);
-    tst_DrawingSnapshot test;
+    tst_DrawingCapture test;
     return QTest::qExec(&test, argc, argv);
 }
-#include "tst_DrawingSnapshot.moc"
+#include "tst_DrawingCapture.moc"

@@ -18,11 +18,11 @@
 
 #include <csignal>
 
-using hostkit::DrawingError;
+using hostkit::Failure;
 using hostkit::DrawingFile;
 using hostkit::DrawingSection;
 using hostkit::DrawingSections;
-using Kind = hostkit::DrawingError::Kind;
+using Kind = hostkit::Failure::Kind;
 
 namespace {
 
@@ -62,18 +62,18 @@ DrawingSections sectionsOf(const DrawingFile &drawing)
     static QByteArray bytes; // lent to the sections
     bytes = drawingToBytes(drawing);
     DrawingSections file;
-    DrawingError error;
+    Failure error;
     if (!splitSections(bytes, &file, &error))
         qFatal("%s", qPrintable(error.reason));
     return file;
 }
 
 /** What reading says; nothing is expected to be read. */
-DrawingError refusalOf(const QByteArray &bytes)
+Failure refusalOf(const QByteArray &bytes)
 {
     DrawingFile drawing;
     drawing.meta.programVersion = QStringLiteral("untouched");
-    DrawingError error;
+    Failure error;
     if (readDrawing(bytes, &drawing, &error))
         return {};
     if (drawing.meta.programVersion != QLatin1String("untouched") || error.reason.isEmpty())
@@ -160,7 +160,7 @@ private:
 
 } // namespace
 
-class tst_DrawingFile : public QObject
+class tst_DrawingVersion1 : public QObject
 {
     Q_OBJECT
 
@@ -179,7 +179,7 @@ private Q_SLOTS:
     void example_isReadFieldByField()
     {
         DrawingFile drawing;
-        DrawingError error;
+        Failure error;
         QVERIFY2(readDrawing(documentedExample(), &drawing, &error), qPrintable(error.reason));
         QCOMPARE(drawing.meta.programVersion, QStringLiteral("1.0"));
         QCOMPARE(drawing.meta.savedAt,
@@ -201,7 +201,7 @@ private Q_SLOTS:
     void drawing_cutAtEveryLength_isRefused()
     {
         const QByteArray whole = drawingToBytes(hexagon());
-        QCOMPARE(refusalOf(QByteArray()).kind, Kind::NotADrawing);
+        QCOMPARE(refusalOf(QByteArray()).kind, Kind::OtherFormat);
         for (int length = 1; length < whole.size(); ++length)
             QCOMPARE(refusalOf(whole.left(length)).kind, Kind::Damaged);
         QCOMPARE(refusalOf(whole.left(100)).reason,
@@ -216,14 +216,14 @@ private Q_SLOTS:
             for (int difference = 1; difference < 256; ++difference) {
                 changed[at] = static_cast<char>(whole[at] ^ difference);
                 const Kind kind = refusalOf(changed).kind;
-                QCOMPARE(kind, at < 8 ? Kind::NotADrawing : Kind::Damaged);
+                QCOMPARE(kind, at < 8 ? Kind::OtherFormat : Kind::Damaged);
             }
         }
     }
 
     void drawing_withMoreBehindItsEnd_isRefused()
     {
-        const DrawingError error = refusalOf(drawingToBytes(hexagon()) + "xy");
+        const Failure error = refusalOf(drawingToBytes(hexagon()) + "xy");
         QCOMPARE(error.kind, Kind::Damaged);
         QCOMPARE(error.reason, QStringLiteral("the drawing is damaged: 2 bytes follow its end"));
     }
@@ -239,7 +239,7 @@ private Q_SLOTS:
     void otherFiles_areNoDrawings()
     {
         QFETCH(QByteArray, bytes);
-        QCOMPARE(refusalOf(bytes).kind, Kind::NotADrawing);
+        QCOMPARE(refusalOf(bytes).kind, Kind::OtherFormat);
         QCOMPARE(refusalOf(bytes).reason, QStringLiteral("is not a drawing"));
     }
 
@@ -275,7 +275,7 @@ private Q_SLOTS:
         drawing.unknown = {{"NEW1", "one"}, {"ABCD", QByteArray(70000, 'x')}, {"NEW1", ""}};
         const QByteArray bytes = drawingToBytes(drawing);
         DrawingFile read;
-        DrawingError error;
+        Failure error;
         QVERIFY2(readDrawing(bytes, &read, &error), qPrintable(error.reason));
         QCOMPARE(read.unknown.size(), 3);
         QCOMPARE(read.unknown[0].tag, QByteArray("NEW1"));
@@ -573,7 +573,7 @@ private Q_SLOTS:
         makeHexagon(document);
         document.itemMag()->addShape(ShapeType::Rect, QRectF(0, 0, 10, 10))->setPos(700, 20);
         DrawingFile drawing;
-        DrawingError error;
+        Failure error;
         QVERIFY(captureDrawing(document, {}, &drawing, &error));
         const QImage picture = drawingPreview(drawing);
         QCOMPARE(qMax(picture.width(), picture.height()), 256);
@@ -586,7 +586,7 @@ private Q_SLOTS:
     {
         ZTGraphicsDocument document;
         DrawingFile drawing;
-        DrawingError error;
+        Failure error;
         QVERIFY(captureDrawing(document, {}, &drawing, &error));
         QVERIFY(drawing.previewPng.isEmpty());
         QVERIFY(drawingPreview(drawing).isNull());
@@ -608,7 +608,7 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("a b.ztd"));
         put(path, "old");
-        DrawingError error;
+        Failure error;
         QVERIFY2(writeDrawing(hexagon(), path, &error), qPrintable(error.reason));
         QCOMPARE(contentOfFile(path), drawingToBytes(hexagon()));
         DrawingFile drawing;
@@ -628,7 +628,7 @@ private Q_SLOTS:
         const QString link = folder.filePath(QStringLiteral("link.ztd"));
         put(path, "old");
         QVERIFY(QFile::link(path, link));
-        DrawingError error;
+        Failure error;
         QVERIFY2(writeDrawing(hexagon(), link, &error), qPrintable(error.reason));
         QVERIFY(QFileInfo(link).isSymLink());
         QCOMPARE(contentOfFile(path), drawingToBytes(hexagon()));
@@ -641,7 +641,7 @@ private Q_SLOTS:
         put(path, "old");
         const QFile::Permissions wanted = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
         QVERIFY(QFile::setPermissions(path, wanted));
-        DrawingError error;
+        Failure error;
         QVERIFY2(writeDrawing(hexagon(), path, &error), qPrintable(error.reason));
         const QFile::Permissions ofUser = QFile::ReadUser | QFile::WriteUser | QFile::ExeUser;
         QCOMPARE(QFile::permissions(path) & ~ofUser, wanted);
@@ -652,7 +652,7 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("a.ztd"));
         put(path, "old");
-        DrawingError error;
+        Failure error;
         {
             const SmallDisk disk(100);
             QVERIFY(!writeDrawing(hexagon(), path, &error));
@@ -666,7 +666,7 @@ private Q_SLOTS:
     void write_whereNothingCanBe_saysWhy()
     {
         const QTemporaryDir folder;
-        DrawingError error;
+        Failure error;
         QVERIFY(!writeDrawing(hexagon(), folder.filePath(QStringLiteral("no/a.ztd")), &error));
         QCOMPARE(error.reason, QStringLiteral("cannot be written: No such file or directory"));
         QVERIFY(!writeDrawing(hexagon(), folder.path(), &error));
@@ -680,7 +680,7 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         const QString pipe = folder.filePath(QStringLiteral("pipe"));
         QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
-        DrawingError error;
+        Failure error;
         QVERIFY(!writeDrawing(hexagon(), pipe, &error));
         QCOMPARE(error.reason, QStringLiteral("cannot be written: is no ordinary file"));
         QVERIFY(QFileInfo::exists(pipe) && !QFileInfo(pipe).isFile());
@@ -690,7 +690,7 @@ private Q_SLOTS:
     {
         const QTemporaryDir folder;
         DrawingFile drawing;
-        DrawingError error;
+        Failure error;
         QVERIFY(!readDrawing(folder.filePath(QStringLiteral("no.ztd")), &drawing, &error));
         QCOMPARE(error.reason, QStringLiteral("no such file"));
         QVERIFY(!readDrawing(folder.path(), &drawing, &error));
@@ -710,7 +710,7 @@ private Q_SLOTS:
         put(path, drawingToBytes(hexagon()));
         QVERIFY(QFile::resize(path, hostkit::kMaxDrawingBytes + 1)); // takes no room
         DrawingFile drawing;
-        DrawingError error;
+        Failure error;
         QVERIFY(!readDrawing(path, &drawing, &error));
         QCOMPARE(error.reason, QStringLiteral("larger than 1024 MiB, the limit for a drawing"));
     }
@@ -759,5 +759,5 @@ private:
     QScopedPointer<testsupport::SingletonGuard> guard;
 };
 
-QTEST_MAIN(tst_DrawingFile)
-#include "tst_DrawingFile.moc"
+QTEST_MAIN(tst_DrawingVersion1)
+#include "tst_DrawingVersion1.moc"
