@@ -12,8 +12,8 @@
 #include <cmath>
 #include <memory>
 
-using hostkit::Failure;
 using hostkit::DrawingFile;
+using hostkit::Failure;
 
 namespace {
 

@@ -1,9 +1,9 @@
 // write_samples FOLDER: writes the sample drawings into the folder, which holds logo.plt.
 
 #include <hostkit/drawing/DrawingCapture.h>
-#include <hostkit/setup/Factories.h>
 #include <hostkit/drawing/SampleDrawing.h>
 #include <hostkit/drawing/SampleDrawings.h>
+#include <hostkit/setup/Factories.h>
 
 #include <QtCore/QFile>
 #include <QtWidgets/QApplication>

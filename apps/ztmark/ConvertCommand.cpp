@@ -6,6 +6,8 @@
 #include "Progress.h"
 #include "Usage.h"
 
+#include <hostkit/drawing/DrawingCapture.h>
+
 #include <QtCore/QFileInfo>
 
 #include <algorithm>

@@ -6,6 +6,8 @@
 #include <studio/commands/ItemValueCommand.h>
 #include <studio/text/StrokeFonts.h>
 
+#include <hostkit/drawing/ItemExtras.h>
+
 #include <QtWidgets/QUndoStack>
 
 #include <algorithm>
@@ -26,6 +28,7 @@ ShapeItems copiesOf(const ShapeItems &sources, ZTShapeManager &manager, const QP
         if (copy == nullptr)
             continue;
         copy->copy(source);
+        hostkit::copyItemExtras(*source, *copy);
         copy->setPos(source->pos() + byPx);
         copies.append(copy);
     }
@@ -172,6 +175,8 @@ int DocumentActions::repeat(int rows, int columns, const QSizeF &gapMm)
                                                       coord.mm2pix(gapMm.height()));
     if (copies.isEmpty())
         return 0;
+    for (ShapeItem *copy : copies)
+        hostkit::copyItemExtras(*sources.first(), *copy);
     push(new AddItemsCommand(document.itemMag(), {copies.begin(), copies.end()}, sources,
                              undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Matrix of %1 by %2"),
                                       {QString::number(rows), QString::number(columns)})));

@@ -82,7 +82,7 @@ private Q_SLOTS:
         hostkit::DrawingFile saved;
         hostkit::Failure error;
         QVERIFY(hostkit::readDrawing(path, &saved, &error));
-        QVERIFY(saved.unknown.isEmpty());
+        QVERIFY(saved.extras.sections.isEmpty());
     }
 
     void recovered_whoseFileChangedSince_asksBeforeOverwriting()

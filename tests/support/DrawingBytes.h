@@ -26,8 +26,7 @@ inline QByteArray savedBytes(ZTGraphicsDocument &document)
 }
 
 /** Reads a file's bytes and puts the drawing into a document. */
-inline bool load(const QByteArray &bytes, ZTGraphicsDocument &document,
-                 hostkit::Failure *error)
+inline bool load(const QByteArray &bytes, ZTGraphicsDocument &document, hostkit::Failure *error)
 {
     hostkit::DrawingFile drawing;
     return readDrawing(bytes, &drawing, error) &&

@@ -666,6 +666,10 @@ Examples:
 <context>
     <name>OpenedDrawing</name>
     <message>
+        <source>warning: shapes of kinds that this program does not know are neither shown nor marked (%1)</source>
+        <translation>警告：本程序不认识的图形既不显示也不打标（%1）</translation>
+    </message>
+    <message>
         <source>reading %1</source>
         <translation>正在读取 %1</translation>
     </message>

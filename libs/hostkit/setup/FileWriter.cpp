@@ -111,6 +111,18 @@ public:
         return false;
     }
 
+    /** Whether all that was written so far found room. */
+    bool takeAll()
+    {
+        if (file.error() != QFileDevice::NoError)
+            return false;
+        if (file.flush())
+            return true;
+        // Only a step that writes nothing knows why.
+        file.unsetError();
+        return file.flush();
+    }
+
     /** All that was written is on the disk, and then in the target's place. */
     bool replaceTarget()
     {
@@ -175,8 +187,7 @@ bool saveWhole(const QString &path, const DeviceWriter &write, Failure *failure)
     if (!unfinished.open())
         return cannotWrite(unfinished.reason(), failure);
     const bool isWritten = write(unfinished.file);
-    unfinished.file.flush(); // what finds no room in the end leaves an error
-    if (unfinished.file.error() != QFileDevice::NoError)
+    if (!unfinished.takeAll())
         return cannotWrite(unfinished.reason(), failure);
     if (!isWritten)
         return fail(failure, Failure::Kind::NotPossible,

@@ -57,7 +57,7 @@ private:
     Messages &messages;
     QString folder;
     QTimer timer;
-    std::shared_ptr<RecoverySlot> slot;         ///< null before the first write
+    std::shared_ptr<RecoverySlot> slot;    ///< null before the first write
     std::future<hostkit::Failure> writing; ///< valid while a write is under way
     quint64 writingRevision = 0;
     quint64 savedRevision = 0; ///< the revision that the recovery file holds

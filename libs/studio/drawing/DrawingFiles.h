@@ -4,6 +4,8 @@
 #include <studio/drawing/DrawingSession.h>
 #include <studio/drawing/LongWork.h>
 
+#include <hostkit/drawing/DrawingLoader.h>
+
 #include <QtCore/QObject>
 
 #include <functional>

@@ -1,5 +1,7 @@
 #include <studio/drawing/DrawingSession.h>
 
+#include <hostkit/drawing/DrawingCapture.h>
+
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 #include <QtCore/QCoreApplication>

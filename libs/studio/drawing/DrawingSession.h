@@ -2,7 +2,7 @@
 
 #include <studio/drawing/FileStamp.h>
 
-#include <hostkit/drawing/DrawingLoader.h>
+#include <hostkit/drawing/DrawingFile.h>
 
 #include <QtCore/QObject>
 

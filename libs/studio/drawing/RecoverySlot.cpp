@@ -1,5 +1,6 @@
 #include <studio/drawing/RecoverySlot.h>
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QUuid>
@@ -7,6 +8,11 @@
 namespace studio {
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(studio::RecoverySlot)
+};
 
 QString lockPathOf(const QString &filePath) { return filePath + QStringLiteral(".lock"); }
 
@@ -21,7 +27,7 @@ RecoverySlot::RecoverySlot(const QString &path) : filePath(path), lock(lockPathO
 std::unique_ptr<RecoverySlot> RecoverySlot::create(const QString &folder, QString *error)
 {
     if (!QDir().mkpath(folder)) {
-        *error = QStringLiteral("the folder %1 cannot be made").arg(folder);
+        *error = Texts::tr("the folder %1 cannot be made").arg(folder);
         return nullptr;
     }
     const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces);
@@ -29,7 +35,7 @@ std::unique_ptr<RecoverySlot> RecoverySlot::create(const QString &folder, QStrin
         new RecoverySlot(QDir(folder).filePath(name + QStringLiteral(".ztd"))));
     if (slot->lock.tryLock(0))
         return slot;
-    *error = QStringLiteral("nothing can be written to the folder %1").arg(folder);
+    *error = Texts::tr("nothing can be written to the folder %1").arg(folder);
     return nullptr;
 }
 

@@ -1,5 +1,7 @@
 #include <studio/drawing/RecoveryStore.h>
 
+#include <hostkit/setup/FileWriter.h>
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -45,6 +47,7 @@ QString RecoveryStore::defaultFolder()
 
 RecoveryStore::Findings RecoveryStore::find() const
 {
+    hostkit::removeLeftovers(folderPath);
     Findings findings;
     const QDir folder(folderPath);
     for (const QString &name : folder.entryList({QStringLiteral("*.ztd")}, QDir::Files)) {

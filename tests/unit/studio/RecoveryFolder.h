@@ -18,7 +18,7 @@ public:
         QString error;
         const auto slot = studio::RecoverySlot::create(path, &error);
         drawing.meta.savedAt = savedAt;
-        studio::addOrigin(origin, &drawing);
+        studio::setOrigin(origin, &drawing);
         hostkit::Failure why;
         if (!slot || !hostkit::writeDrawing(drawing, slot->path(), &why))
             qFatal("a recovery file cannot be written");

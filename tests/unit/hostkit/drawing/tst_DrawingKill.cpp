@@ -1,8 +1,8 @@
 #include <support/DrawingBytes.h>
 #include <support/SingletonGuard.h>
 
-#include <hostkit/setup/Factories.h>
 #include <hostkit/drawing/SampleDrawing.h>
+#include <hostkit/setup/Factories.h>
 
 #include <QtCore/QFile>
 #include <QtCore/QRandomGenerator>
@@ -14,8 +14,8 @@
 
 #include <csignal>
 
-using hostkit::Failure;
 using hostkit::DrawingFile;
+using hostkit::Failure;
 
 namespace {
 
@@ -103,7 +103,7 @@ private Q_SLOTS:
         DrawingFile small = testsupport::captured(document);
         hostkit::buildSampleDrawing(document);
         DrawingFile large = testsupport::captured(document);
-        large.unknown << hostkit::DrawingSection{"FILL", QByteArray(1'000'000, 'x')};
+        large.extras.sections << hostkit::DrawingSection{"FILL", QByteArray(1'000'000, 'x')};
         const QByteArray smallBytes = drawingToBytes(small);
         const QByteArray largeBytes = drawingToBytes(large);
 

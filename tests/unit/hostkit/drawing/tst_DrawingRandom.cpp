@@ -59,8 +59,7 @@ private Q_SLOTS:
             Failure error;
             QVERIFY2(testsupport::load(bytes, other, &error), qPrintable(error.reason));
             const QString which = QStringLiteral("seed %1").arg(seed);
-            const QString lost =
-                testsupport::difference(testsupport::stateOf(other), state);
+            const QString lost = testsupport::difference(testsupport::stateOf(other), state);
             QVERIFY2(lost.isEmpty(), qPrintable(which + QStringLiteral(", ") + lost));
             const QVector<QPainterPath> shown = outlinesOf(other);
             QVERIFY2(testsupport::sameGraph(other.itemMag()->getShapeLines(), before),

@@ -6,9 +6,9 @@
 #include <support/TinyFonts.h>
 #include <support/WarningGuard.h>
 
-#include <hostkit/setup/Factories.h>
 #include <hostkit/drawing/SampleDrawing.h>
 #include <hostkit/drawing/SampleDrawings.h>
+#include <hostkit/setup/Factories.h>
 
 #include <QtCore/QFile>
 #include <QtTest/QTest>
@@ -16,8 +16,8 @@
 
 #include <functional>
 
-using hostkit::Failure;
 using hostkit::DrawingFile;
+using hostkit::Failure;
 
 namespace {
 
