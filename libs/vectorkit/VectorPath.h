@@ -46,6 +46,9 @@ public:
      */
     void arcAbout(const QPointF &centreMm, double sweepDeg);
 
+    /** The same to an end that is known to the last bit; it is the caller's to be on the circle. */
+    void arcTo(const QPointF &centreMm, double sweepDeg, const QPointF &endMm);
+
     /** Joins the end to the start; a straight line is added when they differ. */
     void close();
 
@@ -69,6 +72,13 @@ public:
         QPointF control2;      ///< Cubic: second control point
         double sweepDeg = 0.0; ///< Arc alone; positive is counter-clockwise on the screen
     };
+
+    /** Adds another path's pieces; its first one begins where this path stands. */
+    void append(const VectorPath &other);
+
+    /** Whether both have the same pieces, bit for bit. */
+    bool operator==(const VectorPath &other) const;
+    bool operator!=(const VectorPath &other) const { return !(*this == other); }
 
     /** Calls `visit(const Piece &)` for each piece in order. */
     template <class Visit>
@@ -129,3 +139,5 @@ void VectorPath::forEach(Visit visit) const
 }
 
 } // namespace vectorkit
+
+Q_DECLARE_TYPEINFO(vectorkit::VectorPath, Q_MOVABLE_TYPE);
