@@ -69,8 +69,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("reason");
         QTest::newRow("folder") << QStringLiteral(".") << QStringLiteral("is a folder");
-        QTest::newRow("no folder") << QStringLiteral("none/a.txt")
-                                   << QStringLiteral("the folder does not exist");
+        QTest::newRow("no folder")
+            << QStringLiteral("none/a.txt") << QStringLiteral("the folder does not exist");
         QTest::newRow("pipe") << QStringLiteral("pipe") << QStringLiteral("is no ordinary file");
     }
     void impossiblePlaces_areNamed()
@@ -107,10 +107,10 @@ private Q_SLOTS:
     void removeLeftovers_leavesWhatIsBeingWrittenAndWhatIsNobodysLeftover()
     {
         leaveBehind("a.txt");
-        const QStringList others{QStringLiteral("a.txt.zt-part-"),
-                                 QStringLiteral("a.txt.zt-part-12345678.bak"),
-                                 QStringLiteral("a.txt.zt-part-nothexed"),
-                                 QStringLiteral(".zt-part-12345678"), QStringLiteral("a.txt.123456")};
+        const QStringList others{
+            QStringLiteral("a.txt.zt-part-"), QStringLiteral("a.txt.zt-part-12345678.bak"),
+            QStringLiteral("a.txt.zt-part-nothexed"), QStringLiteral(".zt-part-12345678"),
+            QStringLiteral("a.txt.123456")};
         for (const QString &name : others)
             put(qPrintable(name), "somebody's");
         QStringList during;
