@@ -7,6 +7,8 @@
 #include <studio/drawing/RecoveryDialog.h>
 #include <studio/drawing/RecoveryStore.h>
 
+#include <hostkit/drawing/DrawingCapture.h>
+
 #include <QtCore/QFileInfo>
 #include <QtTest/QSignalSpy>
 #include <QtWidgets/QMessageBox>

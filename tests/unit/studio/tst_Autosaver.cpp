@@ -131,7 +131,7 @@ private Q_SLOTS:
     void recoveryFile_knowsWhereTheDrawingBelongs()
     {
         const QString path = studio->write("plate.ztd", "x");
-        session->setOpened(path, studio::FileStamp::of(path), {});
+        session->setOpened(path, studio::FileStamp::of(path));
         start(kNeverMs);
         push();
         saver->saveNow();
@@ -182,7 +182,7 @@ private Q_SLOTS:
         const QByteArray before = StudioTest::contentOf(path);
         start(kNeverMs);
         auto found = studio::RecoveryStore(folder->path).find();
-        session->setRecovered({}, {}, {});
+        session->setRecovered({}, {});
         saver->adopt(found.entries.first().slot);
         found.entries.clear();
         QCOMPARE(saver->recoveryPath(), path);

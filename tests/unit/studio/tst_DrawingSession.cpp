@@ -2,6 +2,7 @@
 
 #include <studio/drawing/DrawingSession.h>
 
+#include <hostkit/drawing/DrawingCapture.h>
 #include <hostkit/drawing/DrawingFile.h>
 
 #include <QtCore/QFileInfo>

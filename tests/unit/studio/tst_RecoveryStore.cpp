@@ -4,6 +4,8 @@
 #include <studio/drawing/DrawingSession.h>
 #include <studio/drawing/RecoveryStore.h>
 
+#include <hostkit/drawing/DrawingCapture.h>
+
 #include <QtCore/QProcess>
 #include <QtCore/QSysInfo>
 
