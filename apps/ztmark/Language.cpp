@@ -10,6 +10,7 @@ static void initializeCatalogues()
 {
     Q_INIT_RESOURCE(ztmark_zh);
     Q_INIT_RESOURCE(hostkit_zh);
+    Q_INIT_RESOURCE(vectorkit_zh);
 }
 
 namespace language {
@@ -75,7 +76,7 @@ void choose(int argc, char **argv)
     initializeCatalogues();
     if (!wantsChinese(argc, argv))
         return;
-    for (const char *name : {"ZTDrawEngineLib_zh", "hostkit_zh", "ztmark_zh"})
+    for (const char *name : {"ZTDrawEngineLib_zh", "hostkit_zh", "vectorkit_zh", "ztmark_zh"})
         install(QLatin1String(name));
 }
 

@@ -1,6 +1,7 @@
 #include <studio/DocumentActions.h>
 
 #include <studio/Alignment.h>
+#include <studio/ShapeKinds.h>
 #include <studio/UndoTexts.h>
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/commands/ItemValueCommand.h>
@@ -37,26 +38,6 @@ ShapeItems copiesOf(const ShapeItems &sources, ZTShapeManager &manager, const QP
 
 } // namespace
 
-QString DocumentActions::creationText(ShapeType type)
-{
-    switch (type) {
-    case ShapeType::Rect:
-        return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create rectangle"));
-    case ShapeType::Ellipse:
-        return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create ellipse"));
-    case ShapeType::Polygon:
-        return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create polygon"));
-    case ShapeType::Line:
-        return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create line"));
-    case ShapeType::Text:
-        return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create text"));
-    case ShapeType::TDOT:
-        return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create TDOT figure"));
-    default:
-        return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create shape"));
-    }
-}
-
 DocumentActions::DocumentActions(ZTGraphicsDocument &edited, QObject *parent)
     : QObject(parent), document(edited)
 {
@@ -86,7 +67,7 @@ void DocumentActions::recordCreated(ShapeItem *item)
     if (auto *text = qobject_cast<ZTGraphicsTextItem *>(item))
         setUpNewText(*text);
     push(new AddItemsCommand(document.itemMag(), {item}, selected(),
-                             creationText(item->getShapeType())));
+                             undoText(shapeKind(item->getShapeType()).creation)));
     Q_EMIT added(sceneBox(*item));
 }
 

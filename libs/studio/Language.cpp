@@ -12,6 +12,7 @@ static void initializeCatalogues()
 {
     Q_INIT_RESOURCE(studio_zh);
     Q_INIT_RESOURCE(hostkit_zh);
+    Q_INIT_RESOURCE(vectorkit_zh);
 }
 
 namespace studio {
@@ -84,6 +85,7 @@ void Language::apply()
     load(QStringLiteral("qtbase_zh_CN"), QLibraryInfo::location(QLibraryInfo::TranslationsPath));
     load(QStringLiteral("ZTDrawEngineLib_zh"), QStringLiteral(":/"));
     load(QStringLiteral("hostkit_zh"), QStringLiteral(":/"));
+    load(QStringLiteral("vectorkit_zh"), QStringLiteral(":/"));
     load(QStringLiteral("studio_zh"), QStringLiteral(":/"));
 }
 

@@ -229,6 +229,16 @@ void VectorPath::arcTo(const QPointF &centreMm, double sweepDeg, const QPointF &
     points.last() = endMm;
 }
 
+void VectorPath::setEnd(const QPointF &endMm)
+{
+    if (isEmpty())
+        return;
+    if (!kinds.isEmpty() && kinds.last() == PieceKind::Arc)
+        lineTo(endMm);
+    else
+        points.last() = endMm;
+}
+
 void VectorPath::append(const VectorPath &other)
 {
     if (other.isEmpty())
@@ -263,6 +273,13 @@ void VectorPath::close()
     if (gap.x() != 0.0 || gap.y() != 0.0) // exactly: QPointF's own comparison is a rough one
         lineTo(points.first());
     closed = true;
+}
+
+void VectorPath::close(double withinMm)
+{
+    if (pieceCount() > 0 && distance(points.first(), points.last()) <= withinMm)
+        points.last() = points.first();
+    close();
 }
 
 int VectorPath::pieceCount() const

@@ -49,8 +49,14 @@ public:
     /** The same to an end that is known to the last bit; it is the caller's to be on the circle. */
     void arcTo(const QPointF &centreMm, double sweepDeg, const QPointF &endMm);
 
+    /** Moves the end of the last line or curve; from an arc, a line leads there. */
+    void setEnd(const QPointF &endMm);
+
     /** Joins the end to the start; a straight line is added when they differ. */
     void close();
+
+    /** The same; an end at most this far from the start is put onto it. */
+    void close(double withinMm);
 
     bool isEmpty() const { return pieceCount() == 0; }
     bool isClosed() const { return closed; }

@@ -81,7 +81,7 @@ private:
     bool apply(const hostkit::DrawingFile &file, const QString &label, hostkit::Failure *error,
                hostkit::DrawingReport *report);
     void tell(const hostkit::DrawingReport &report, const QString &path);
-    bool write(const QString &path, hostkit::Failure *error);
+    bool write(const QString &path, quint64 *revision, hostkit::Failure *error);
     void empty();
     void saveThen(const Next &next);
     void saveAsThen(const Next &next);

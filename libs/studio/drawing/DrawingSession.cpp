@@ -65,14 +65,17 @@ void DrawingSession::setRecovered(const QString &path, const FileStamp &stamp)
     begin(path, stamp, true);
 }
 
-void DrawingSession::setSaved(const QString &path) { begin(path, FileStamp::of(path), false); }
+void DrawingSession::setSaved(const QString &path, quint64 atRevision)
+{
+    begin(path, FileStamp::of(path), changes != atRevision);
+}
 
 void DrawingSession::begin(const QString &path, const FileStamp &stamp, bool isBehind)
 {
     filePath = path.isEmpty() ? path : QFileInfo(path).absoluteFilePath();
     fileStamp = stamp;
     isMarked = isBehind;
-    document.undoStack()->setClean();
+    document.undoStack()->setClean(); // counts only while nothing is marked
     Q_EMIT stateChanged();
 }
 

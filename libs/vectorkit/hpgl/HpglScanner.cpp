@@ -140,7 +140,9 @@ bool HpglScanner::readNumber()
         return false;
     double value = 0.0;
     if (count <= 15 && !isExponent()) { // a quotient of exact numbers is rounded once
-        value = static_cast<double>(mantissa) / kTens[decimals];
+        value = static_cast<double>(mantissa);
+        if (decimals > 0)
+            value /= kTens[decimals];
     } else {
         const auto read = std::from_chars(digits, last, value);
         if (read.ec != std::errc())

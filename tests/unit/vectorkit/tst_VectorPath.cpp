@@ -115,6 +115,7 @@ class tst_VectorPath : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void close_nearlyClosedRun_putsItsEndOntoItsStart();
     void polyline_keepsItsPoints()
     {
         const VectorPath path = VectorPath::polyline({{0, 0}, {3, 0}, {3, 4}});
@@ -299,6 +300,19 @@ private Q_SLOTS:
         }
     }
 };
+
+void tst_VectorPath::close_nearlyClosedRun_putsItsEndOntoItsStart()
+{
+    VectorPath near = VectorPath::polyline({{0.0, 0.0}, {5.0, 0.0}, {5.0, 5.0}, {0.0, 1e-7}});
+    VectorPath far = near;
+    near.close(1e-6);
+    QVERIFY(near.isClosed());
+    QCOMPARE(near.pieceCount(), 3);
+    QVERIFY(near.end().y() == 0.0); // exactly
+    far.close(1e-8);
+    QVERIFY(far.isClosed());
+    QCOMPARE(far.pieceCount(), 4);
+}
 
 QTEST_MAIN(tst_VectorPath)
 #include "tst_VectorPath.moc"
