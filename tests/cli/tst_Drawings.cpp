@@ -3,8 +3,8 @@
 #include <support/DrawingBytes.h>
 #include <support/SingletonGuard.h>
 
-#include <hostkit/drawing/DrawingLoader.h>
 #include <hostkit/drawing/DrawingContent_p.h>
+#include <hostkit/drawing/DrawingLoader.h>
 #include <hostkit/marks/MarkGraphWriter.h>
 #include <hostkit/setup/Factories.h>
 
