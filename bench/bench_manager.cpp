@@ -2,6 +2,8 @@
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
+#include <QtCore/QByteArray>
+#include <QtCore/QDataStream>
 #include <QtCore/QSignalBlocker>
 #include <QtWidgets/QApplication>
 
@@ -221,6 +223,30 @@ void BM_clear(benchmark::State &state)
     deleteShapes(state, [](ZTShapeManager &manager) { manager.clear(); });
 }
 
+/** As after opening a file: none of the items was painted, selected or in the tree's view. */
+void BM_clearAfterLoad(benchmark::State &state)
+{
+    QByteArray bytes;
+    {
+        Drawing drawing(Tree::None, countOf(state));
+        QDataStream stream(&bytes, QIODevice::WriteOnly);
+        drawing.manager().save(stream);
+    }
+    for (auto _ : state) {
+        state.PauseTiming();
+        ZTShapeManager manager(nullptr);
+        QDataStream stream(bytes);
+        manager.load(stream);
+        state.ResumeTiming();
+        manager.clear();
+        state.PauseTiming();
+        if (!manager.getShapeList().isEmpty())
+            state.SkipWithError("not all are gone");
+        state.ResumeTiming();
+    }
+    state.SetComplexityN(state.range(0));
+}
+
 void BM_closeDocument(benchmark::State &state)
 {
     for (auto _ : state) {
@@ -272,6 +298,7 @@ BENCHMARK(BM_getSelectedShapeLines)->Apply(sizes);
 BENCHMARK(BM_removeSelect)->Apply(sizes);
 BENCHMARK(BM_removeEverySecond)->Apply(sizes);
 BENCHMARK(BM_clear)->Apply(sizes);
+BENCHMARK(BM_clearAfterLoad)->Apply(sizes);
 BENCHMARK(BM_closeDocument)->Apply(sizes);
 
 int main(int argc, char **argv)

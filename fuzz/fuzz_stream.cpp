@@ -1,6 +1,6 @@
 // Loads a drawing from any bytes, as any version of the stream may have them, and works with what
-// came of it: marking, painting, editing, saving, loading once more, clearing. Nothing crashes,
-// hangs or yields coordinates that are no numbers.
+// came of it: marking, painting, editing, saving, loading and marking once more, clearing. Nothing
+// crashes, hangs or yields coordinates that are no numbers.
 
 #include <support/Factories.h>
 #include <support/RoughUse.h>
@@ -18,8 +18,13 @@
 
 namespace {
 
-constexpr qint32 kMostItems = 20;
-constexpr qint32 kMostEntries = 20;
+// Work is bounded by the input: the large drawings are for the tests, the fine hatches for the
+// target of their own.
+constexpr std::size_t kMostBytes = 2048;
+constexpr qint32 kMostItems = 3;
+constexpr qint32 kMostEntries = 3;
+constexpr double kLeastHatchSpacing = 10.0;
+constexpr double kMostExtentMm = 150.0;
 
 /** How the stream is set up: first byte of the input. */
 struct SetUp
@@ -74,9 +79,9 @@ struct Extent
 {
     bool isSmall() const
     {
-        return rect.width() < 300 && rect.height() < 300 && ::isSmall(transform) &&
-               ::isSmall(rounding) && text.size() < 10 && font.pixelSize() < 200 &&
-               font.pointSizeF() < 200;
+        return rect.width() < kMostExtentMm && rect.height() < kMostExtentMm &&
+               ::isSmall(transform) && ::isSmall(rounding) && text.size() < 10 &&
+               font.pixelSize() < 100 && font.pointSizeF() < 100;
     }
 
     QRectF rect;
@@ -88,7 +93,7 @@ struct Extent
 
 /**
  * Walks the records and switches off the hatches that the library lays out although they take
- * seconds: below its limit of a million scan lines, which is for its own fuzz target to look at.
+ * long: what is below its limit of a million scan lines is for a fuzz target of its own.
  */
 class Hatches
 {
@@ -146,7 +151,7 @@ private:
             extent.font = font.font;
         }
         const bool isRefused = !(fill.spac > 1e-10);
-        if (!isRefused && (fill.spac < 0.2 || !extent.isSmall()))
+        if (!isRefused && (fill.spac < kLeastHatchSpacing || !extent.isSmall()))
             switchOff(fillAt);
     }
 
@@ -241,24 +246,27 @@ int prepare()
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     static const int prepared = prepare();
-    if (size < 1)
+    if (size < 1 || size > kMostBytes)
         return prepared;
     const SetUp setUp(data[0]);
     const QByteArray bytes = limited(
         QByteArray(reinterpret_cast<const char *>(data) + 1, static_cast<int>(size) - 1), setUp);
 
-    ZTShapeManager manager(nullptr);
+    // One manager and one view for all inputs: an empty one is like a new one, as is checked below.
+    static ZTShapeManager manager(nullptr);
+    static testsupport::RoughUser user(*manager.scene());
+    static const int itemsOfEmptyScene = manager.scene()->items().size();
     load(manager, bytes, setUp);
     checkMarks(manager.getShapeLines());
-    testsupport::useRoughly(*manager.scene());
+    user.use();
     const QByteArray written = saved(manager);
     manager.clear();
 
     load(manager, written, SetUp(0));
     checkMarks(manager.getShapeLines());
-    testsupport::useRoughly(*manager.scene());
     manager.clear();
     check(manager.getShapeList().isEmpty());
+    check(manager.scene()->items().size() == itemsOfEmptyScene);
     ZTVariantTextManager::release();
     return 0;
 }

@@ -12,7 +12,8 @@ namespace fontfiles {
 
 namespace {
 
-constexpr qint64 kLargestInput = 1 << 30; // Limit: sources are larger than fonts
+constexpr int kLargestInput = 1 << 30; // Limit: sources are larger than fonts
+constexpr int kPiece = 1 << 20;
 
 QString nameOf(const std::string &path) { return QString::fromStdString(path); }
 
@@ -22,6 +23,19 @@ bool open(QFile &file, const std::string &path)
         return file.open(stdin, QIODevice::ReadOnly);
     file.setFileName(nameOf(path));
     return file.open(QIODevice::ReadOnly);
+}
+
+/** All bytes, or so many that they are too many; memory for what is there only. */
+QByteArray readAll(QFile &file)
+{
+    QByteArray bytes;
+    while (bytes.size() < kLargestInput) {
+        const QByteArray piece = file.read(kPiece);
+        if (piece.isEmpty())
+            break;
+        bytes += piece;
+    }
+    return bytes;
 }
 
 bool writeToStdout(const QByteArray &bytes)
@@ -41,7 +55,7 @@ std::optional<QByteArray> read(const std::string &path)
     } else if (!open(file, path)) {
         problem = file.errorString();
     } else {
-        const QByteArray bytes = file.read(kLargestInput);
+        const QByteArray bytes = readAll(file);
         if (file.error() == QFileDevice::NoError && bytes.size() < kLargestInput)
             return bytes;
         problem = bytes.size() < kLargestInput ? file.errorString()

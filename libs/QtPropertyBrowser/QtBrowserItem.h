@@ -21,10 +21,10 @@ public:
     QtBrowserItem(const QtBrowserItem &) = delete;
     QtBrowserItem &operator=(const QtBrowserItem &) = delete;
 
-    QtProperty *property() const;
-    QtBrowserItem *parent() const;           ///< null on top
-    QList<QtBrowserItem *> children() const; ///< in the order in which they show
-    QtAbstractPropertyBrowser *browser() const;
+    QtProperty *property() const;               ///< the row that the item shows
+    QtBrowserItem *parent() const;              ///< null on top
+    QList<QtBrowserItem *> children() const;    ///< in the order in which they show
+    QtAbstractPropertyBrowser *browser() const; ///< the one that shows it and owns the item
 
 private:
     friend class QtAbstractPropertyBrowserPrivate;

@@ -37,11 +37,11 @@ public:
     QtAbstractPropertyManager *propertyManager() const; ///< who made the row and holds its value
 
     QString propertyName() const; ///< the key: never translated, unlike what a tree shows
-    QString toolTip() const;
-    QString statusTip() const;
-    QString whatsThis() const;
-    bool isEnabled() const;  ///< true at first; a row that is not enabled shows grey
-    bool isModified() const; ///< false at first; the name of a modified row shows bold
+    QString toolTip() const;      ///< shown under the mouse; empty at first
+    QString statusTip() const;    ///< for a status bar; empty at first
+    QString whatsThis() const;    ///< longer help; empty at first
+    bool isEnabled() const;       ///< true at first; a row that is not enabled shows grey
+    bool isModified() const;      ///< false at first; the name of a modified row shows bold
 
     bool hasValue() const;     ///< false for a row that only holds others
     QString valueText() const; ///< the value as a person reads it

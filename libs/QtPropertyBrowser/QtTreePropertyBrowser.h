@@ -38,32 +38,33 @@ public:
     explicit QtTreePropertyBrowser(QWidget *parent = nullptr);
     ~QtTreePropertyBrowser() override;
 
-    int indentation() const; ///< of each level, in pixels
-    void setIndentation(int indentationPx);
+    int indentation() const;                ///< of each level, in pixels
+    void setIndentation(int indentationPx); ///< in pixels
 
-    bool rootIsDecorated() const; ///< whether top rows can be folded; true at first
-    void setRootIsDecorated(bool show);
+    bool rootIsDecorated() const;       ///< whether top rows can be folded; true at first
+    void setRootIsDecorated(bool show); ///< shows or hides the handles of top rows
 
-    bool alternatingRowColors() const; ///< true at first
-    void setAlternatingRowColors(bool enable);
+    bool alternatingRowColors() const;         ///< true at first
+    void setAlternatingRowColors(bool enable); ///< every second row on another ground
 
     bool propertiesWithoutValueMarked() const; ///< whether groups show as headings; true at first
-    void setPropertiesWithoutValueMarked(bool mark);
+    void setPropertiesWithoutValueMarked(bool mark); ///< true: groups as headings
 
-    bool isHeaderVisible() const; ///< true at first
-    void setHeaderVisible(bool visible);
+    bool isHeaderVisible() const;        ///< true at first
+    void setHeaderVisible(bool visible); ///< the row of column titles
 
-    ResizeMode resizeMode() const; ///< `Stretch` at first
-    void setResizeMode(ResizeMode mode);
+    ResizeMode resizeMode() const;       ///< `Stretch` at first
+    void setResizeMode(ResizeMode mode); ///< how the two columns share the width
 
     /** Width of the name column in pixels. Setting it lasts in modes that leave it alone. */
     int splitterPosition() const;
     void setSplitterPosition(int positionPx);
 
-    bool isExpanded(QtBrowserItem *item) const;
-    void setExpanded(QtBrowserItem *item, bool expanded);
+    bool isExpanded(QtBrowserItem *item) const;           ///< false for an item of another browser
+    void setExpanded(QtBrowserItem *item, bool expanded); ///< ignores items of others
 
-    bool isItemVisible(QtBrowserItem *item) const;
+    bool isItemVisible(QtBrowserItem *item) const; ///< false for an item of another browser
+    /** With the rows below; ignores items of others. */
     void setItemVisible(QtBrowserItem *item, bool visible);
 
     /** Colour behind a row and, where they have none, the rows below; invalid takes it away. */
@@ -75,8 +76,8 @@ public:
     void editItem(QtBrowserItem *item);
 
 Q_SIGNALS:
-    void expanded(QtBrowserItem *item);
-    void collapsed(QtBrowserItem *item);
+    void expanded(QtBrowserItem *item);  ///< a row was unfolded, by hand or by call
+    void collapsed(QtBrowserItem *item); ///< a row was folded, by hand or by call
 
 protected:
     void itemInserted(QtBrowserItem *item, QtBrowserItem *after) override;

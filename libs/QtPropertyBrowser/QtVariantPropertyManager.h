@@ -34,12 +34,15 @@ public:
     int valueType(const QtProperty *property) const;    ///< meta-type id of the value, or 0
     QtVariantProperty *variantProperty(const QtProperty *property) const; ///< or null
 
+    /** Whether rows of it can be made. */
     virtual bool isPropertyTypeSupported(int propertyType) const;
-    virtual int valueType(int propertyType) const; ///< 0 for groups and unsupported types
-    virtual QStringList attributes(int propertyType) const;
+    virtual int valueType(int propertyType) const;          ///< 0 for groups and unsupported types
+    virtual QStringList attributes(int propertyType) const; ///< names; empty for unsupported types
     virtual int attributeType(int propertyType, const QString &attribute) const; ///< or 0
 
+    /** Invalid for a row of another manager. */
     virtual QVariant value(const QtProperty *property) const;
+    /** Invalid for a row of another manager or without that attribute. */
     virtual QVariant attributeValue(const QtProperty *property, const QString &attribute) const;
 
     static int enumTypeId();    ///< an `int` that is an index into the attribute "enumNames"

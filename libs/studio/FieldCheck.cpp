@@ -22,7 +22,7 @@ struct Texts
 /** What people call a shape: its own name, or its kind, its number and its words. */
 QString nameOf(const ShapeItem &item)
 {
-    const QString name = hostkit::itemExtras(item).name;
+    QString name = hostkit::itemExtras(item).name;
     if (!name.isEmpty())
         return name;
     const QString kind = kindName(item.getShapeType());

@@ -21,12 +21,16 @@ void send(QGraphicsView &view, QEvent::Type type, const QPoint &pos, Qt::MouseBu
 
 namespace testsupport {
 
-void useRoughly(ZTGraphicsScene &scene)
+RoughUser::RoughUser(ZTGraphicsScene &scene_) : scene(scene_), view(&scene_)
 {
-    QGraphicsView view(&scene);
     view.resize(120, 120);
-    QImage image(view.size(), QImage::Format_RGB32);
-    view.viewport()->render(&image);
+    image = QImage(view.size(), QImage::Format_RGB32);
+}
+
+void RoughUser::use()
+{
+    view.setSceneRect(scene.itemsBoundingRect());
+    paint();
     QPainterPath everywhere;
     everywhere.addRect(scene.sceneRect());
     scene.setSelectionArea(everywhere);
@@ -41,7 +45,11 @@ void useRoughly(ZTGraphicsScene &scene)
             item->moveBy(3, 4);
         }
     }
-    view.viewport()->render(&image);
+    paint();
 }
+
+void RoughUser::paint() { view.viewport()->render(&image); }
+
+void useRoughly(ZTGraphicsScene &scene) { RoughUser(scene).use(); }
 
 } // namespace testsupport

@@ -2,6 +2,7 @@
 
 #include <ZTDrawEngineLib/document/ZTCoord.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -69,11 +70,14 @@ QVector<ZTAbstractAxis::Tick> ZTAbstractAxis::visibleTicks(double extentPx) cons
     if (!isDrawable)
         return ticks;
     const double last = std::min(end, kMaxTickNumber);
+    const bool isGrowing = tickStep * scale >= 0.0;
     for (int i = static_cast<int>(start); i < last && ticks.size() < kMaxTicks; ++i) {
         const double position = i * tickStep * scale - start * tickStep * scale;
-        if (position > extentPx + kMarginPx)
+        const bool isBefore = position < -kMarginPx;
+        const bool isBehind = position > extentPx + kMarginPx;
+        if (std::isnan(position) || (isGrowing ? isBehind : isBefore))
             break;
-        if (position >= -kMarginPx)
+        if (!isBefore && !isBehind)
             ticks.append({i, position, i % kMajorEvery == 0});
     }
     return ticks;

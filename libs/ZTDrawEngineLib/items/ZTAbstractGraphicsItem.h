@@ -80,8 +80,8 @@ public:
     /** The shape's own transform, writable: writing through it neither marks nor repaints. */
     virtual QTransform &getTransformParam();
 
-    virtual ZTFillParam getFillParam() const;
-    virtual void setFillParam(const ZTFillParam &param);
+    virtual ZTFillParam getFillParam() const;            ///< hatch settings of the shape
+    virtual void setFillParam(const ZTFillParam &param); ///< sets them and repaints
 
     /**
      * Rectangle around the outline, relative to the item's origin.
@@ -120,8 +120,8 @@ public:
     void setResizeItem(ZTGraphicsResizeItem *frame);
 
 Q_SIGNALS:
-    void posChanged();
-    void sizeChanged();
+    void posChanged();      ///< the position changed, by hand or by call
+    void sizeChanged();     ///< `setSize` set another size
     void rotationChanged(); ///< declared for hosts, never emitted
     void scaleChanged();    ///< declared for hosts, never emitted
 

@@ -16,8 +16,8 @@ public:
 
     void copy(ZTAbstractGraphicsItem *source) override;
 
-    double angle() const; ///< degrees, counter-clockwise from three o'clock
-    void setAngle(double angleDeg);
+    double angle() const;           ///< degrees, counter-clockwise from three o'clock
+    void setAngle(double angleDeg); ///< degrees, as `angle`; the length stays
 
     double length() const; ///< millimetres
 

@@ -15,7 +15,7 @@ public:
 
     void copy(ZTAbstractGraphicsItem *source) override;
 
-    int getSideCount() const;
+    int getSideCount() const; ///< as set or loaded
 
     /** Rebuilds the shape with that many sides; 3 or less gives a triangle. */
     void setSideCount(int count);

@@ -47,8 +47,8 @@ public:
     explicit ZTGraphicsResizeItem(const QRectF &rect, QGraphicsItem *parent = nullptr);
     ~ZTGraphicsResizeItem() override;
 
-    void setUndoStack(QUndoStack *stack);
-    QUndoStack *getUndoStack() const;
+    void setUndoStack(QUndoStack *stack); ///< where steps go, or null; stays the host's
+    QUndoStack *getUndoStack() const;     ///< null at first
 
     /** While false, changes of the items do not move the frame. Each release sets it to true. */
     void setEnableResizeFromChild(bool enable);
@@ -116,9 +116,9 @@ public:
                QWidget *widget = nullptr) override;
 
 Q_SIGNALS:
-    void sigPosChanged();
-    void sigSizeChanged();
-    void sigRotationChanged();
+    void sigPosChanged();      ///< the frame was moved
+    void sigSizeChanged();     ///< the frame's rectangle was set
+    void sigRotationChanged(); ///< the items were turned
 
 protected:
     void hoverEnterEvent(QGraphicsSceneHoverEvent *event) override;

@@ -136,11 +136,18 @@ QHash<int, QList<ZTAbstractGraphicsItem *>> ZTGraphicsScene::getItemsById() cons
 void ZTGraphicsScene::deleteItems(const QList<ZTAbstractGraphicsItem *> &items)
 {
     const QList<QPointer<ZTAbstractGraphicsItem>> guarded(items.begin(), items.end());
+    const int itemCount = this->items().size();
     polishItems();
     deselect(guarded);
-    // Backwards, because Qt finds the item added last at once, and any other by searching.
-    for (auto item = guarded.crbegin(); item != guarded.crend(); ++item)
-        delete *item;
+    // Qt searches its lists for an item from the front: what is mostly all that there is goes from
+    // the front, where each is found at once. Backwards a few of the last are found sooner.
+    if (2 * guarded.size() > itemCount) {
+        for (const auto &item : guarded)
+            delete item;
+    } else {
+        for (auto item = guarded.crbegin(); item != guarded.crend(); ++item)
+            delete *item;
+    }
 }
 
 void ZTGraphicsScene::deselect(const QList<QPointer<ZTAbstractGraphicsItem>> &items)

@@ -54,7 +54,7 @@ public:
      * items of other scenes are allowed.
      *
      * Order: give them lowest first, as `items(Qt::AscendingOrder)` does. Deleting all of a scene
-     * then costs what their number is worth.
+     * then costs what their number is worth, painted or not.
      * Limit: Qt looks for each item among those that stay, so that deleting half of 100,000 items
      * takes about a second.
      */

@@ -55,8 +55,8 @@ public:
     QFont font() const;
     void setFont(const QFont &font);
 
-    ZTRoundingParam getRoundingParam() const;
-    void setRoundingParam(const ZTRoundingParam &param);
+    ZTRoundingParam getRoundingParam() const;            ///< text on an arc: angles in degrees
+    void setRoundingParam(const ZTRoundingParam &param); ///< lays the text out anew
 
     /** The whole font record. */
     ZTFontParam getFontParam() const;

@@ -64,8 +64,8 @@ public:
      */
     ZTMarkGraph &markGraphSort(ZTMarkGraph &graph);
 
-    void setShapeMarkSort(EShapeSortType type);
-    EShapeSortType getShapeMarkSort() const;
+    void setShapeMarkSort(EShapeSortType type); ///< how `markGraphSort` and `sort` order
+    EShapeSortType getShapeMarkSort() const;    ///< the kind of order set last
 
 private:
     using Cost = std::function<double(const QPointF &, const QPointF &)>;

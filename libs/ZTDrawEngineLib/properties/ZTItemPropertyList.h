@@ -57,8 +57,8 @@ public:
      */
     ~ZTItemPropertyList() override;
 
-    QObject *getObject() const; ///< the object shown, or null
-    QUndoStack *getUndoStack() const;
+    QObject *getObject() const;       ///< the object shown, or null
+    QUndoStack *getUndoStack() const; ///< where edits are recorded, or null; the host's
     QtVariantPropertyManager *getVariantManager() const; ///< makes the rows; the list's
 
     /**

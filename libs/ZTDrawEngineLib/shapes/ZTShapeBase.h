@@ -122,13 +122,13 @@ public:
      */
     virtual void scale(double sx, double sy);
 
-    virtual ZTFillParam getFillParam();
+    virtual ZTFillParam getFillParam(); ///< hatch settings, a copy
 
     /** Stores the hatch settings and marks the shape. */
     virtual void setFillParam(const ZTFillParam &param);
 
-    virtual ShapeType getShapeType();
-    virtual void setShapeType(const ShapeType &type);
+    virtual ShapeType getShapeType();                 ///< the kind, as it is saved
+    virtual void setShapeType(const ShapeType &type); ///< stored; changes no geometry
 
     /**
      * Hatch segments in marking order.
@@ -150,14 +150,14 @@ public:
      */
     virtual void save(QDataStream &stream) const;
 
-    int getId() const; ///< document-wide id, 0 until the shape manager gives one
-    void setId(int id);
-    int getPenId() const; ///< pen that marks the shape, counted from 1
-    void setPenId(int penId);
-    bool getLockAspectRatio() const; ///< whether resizing keeps the proportions, false
-    void setLockAspectRatio(bool lock);
-    bool isUpdate() const;      ///< whether the next `paint()` rebuilds
-    void setUpdate(int update); ///< non-zero marks the shape
+    int getId() const;                  ///< document-wide id, 0 until the shape manager gives one
+    void setId(int id);                 ///< stored as it comes; need not be unique
+    int getPenId() const;               ///< pen that marks the shape, counted from 1
+    void setPenId(int penId);           ///< stored as it comes
+    bool getLockAspectRatio() const;    ///< whether resizing keeps the proportions, false
+    void setLockAspectRatio(bool lock); ///< for the frame that resizes
+    bool isUpdate() const;              ///< whether the next `paint()` rebuilds
+    void setUpdate(int update);         ///< non-zero marks the shape
 
 protected:
     /** The path in millimetres, writable also in a const shape. */

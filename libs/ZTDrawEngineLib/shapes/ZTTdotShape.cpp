@@ -1,5 +1,7 @@
 #include <ZTDrawEngineLib/shapes/ZTTdotShape.h>
 
+#include <ZTDrawEngineLib/common/SystemText_p.h>
+
 #include <QtGui/QFont>
 #include <QtGui/QFontMetrics>
 
@@ -55,7 +57,7 @@ void addLabel(QPainterPath &path, const QPointF &anchor, const QString &text)
     QFont font;
     font.setPointSize(5);
     const QRectF box = QFontMetrics(font).boundingRect(text);
-    path.addText(anchor - box.center(), font, text);
+    ztoutline::addText(path, anchor - box.center(), font, text);
 }
 
 void drawLabels(QPainterPath &path, const QRectF &r)

@@ -1,5 +1,7 @@
 #include <ZTDrawEngineLib/shapes/ZTVecGraph.h>
 
+#include <ZTDrawEngineLib/common/SystemText_p.h>
+
 #include <QtCore/QDataStream>
 #include <QtCore/QFileInfo>
 #include <QtGui/QFont>
@@ -14,7 +16,7 @@ QPainterPath nullWord()
     const QFont font;
     if (font.key() != drawnFont) {
         word = QPainterPath();
-        word.addText(10, 10, font, QStringLiteral("null"));
+        ztoutline::addText(word, {10.0, 10.0}, font, QStringLiteral("null"));
         drawnFont = font.key();
     }
     return word;

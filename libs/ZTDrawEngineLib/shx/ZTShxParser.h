@@ -78,7 +78,7 @@ public:
      */
     void cleanup();
 
-    SHX_TYPE GetType();
+    SHX_TYPE GetType(); ///< form of the file; `SHX_NONE` before one was loaded
 
     /** Height of a glyph as tall as the ascender; a negative height counts as positive. */
     void setTextHeight(double height);

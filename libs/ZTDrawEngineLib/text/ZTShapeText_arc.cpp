@@ -1,5 +1,7 @@
 #include <ZTDrawEngineLib/text/ZTShapeText.h>
 
+#include <ZTDrawEngineLib/common/SystemText_p.h>
+
 #include <QtCore/QHash>
 
 #include <algorithm>
@@ -105,7 +107,7 @@ public:
         if (found != outlines.constEnd())
             return *found;
         QPainterPath outline;
-        outline.addText(0.0, 0.0, font, QString(character));
+        ztoutline::addText(outline, {0.0, 0.0}, font, QString(character));
         return *outlines.insert(character, outline);
     }
 

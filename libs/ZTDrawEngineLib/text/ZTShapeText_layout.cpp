@@ -1,9 +1,11 @@
 #include <ZTDrawEngineLib/text/ZTShapeText.h>
 
+#include <ZTDrawEngineLib/common/SystemText_p.h>
 #include <ZTDrawEngineLib/document/ZTCoord.h>
 #include <ZTDrawEngineLib/shapes/Reach_p.h>
 #include <ZTDrawEngineLib/shx/ZTPathGlyphCallback.h>
 
+#include <QtCore/QPointF>
 #include <QtCore/QStringList>
 #include <QtCore/QTextCodec>
 
@@ -136,7 +138,7 @@ void ZTShapeText::paintLine(QPainterPath &path, const QString &line, int lineOff
         if (isRound)
             paintDlineRound(path, line);
         else
-            path.addText(0.0, lineOffsetPx, m_fontParam.font, line);
+            ztoutline::addText(path, QPointF(0.0, lineOffsetPx), m_fontParam.font, line);
         break;
     case FontType::singleLine:
         if (isRound)

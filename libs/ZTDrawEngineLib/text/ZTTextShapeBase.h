@@ -64,7 +64,7 @@ public:
      */
     void cloneVariantText(ZTVariantText *source);
 
-    bool isEnableVariantText() const;
+    bool isEnableVariantText() const; ///< whether the text follows the variant text
 
     /** Switches; does not touch the text shown. */
     void setEnableVariantText(bool enable);

@@ -51,7 +51,7 @@ public:
      */
     void appendItem(int id, ZTTextShapeBase *shape);
 
-    bool hasId(int id);
+    bool hasId(int id); ///< whether an entry has that id
 
     /** The ids of all entries, in their order; one may stand there twice after a stream. */
     QVector<int> getIds() const;

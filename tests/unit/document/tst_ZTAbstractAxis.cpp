@@ -3,9 +3,34 @@
 #include <ZTDrawEngineLib/document/ZTAbstractAxis.h>
 #include <ZTDrawEngineLib/document/ZTCoord.h>
 
+#include <QtCore/QElapsedTimer>
 #include <QtTest/QTest>
 
 #include <limits>
+
+namespace {
+
+/** A ruler of any length. */
+class OpenRuler : public ZTAbstractAxis
+{
+public:
+    OpenRuler(double lengthTicks, double step)
+    {
+        length = lengthTicks;
+        pixelsPerUnit = 1.0;
+        setTickStep(step);
+    }
+
+    QVector<double> positions(double extentPx) const
+    {
+        QVector<double> result;
+        for (const Tick &tick : visibleTicks(extentPx))
+            result.append(tick.positionPx);
+        return result;
+    }
+};
+
+} // namespace
 
 class tst_ZTAbstractAxis : public QObject
 {
@@ -62,6 +87,37 @@ private Q_SLOTS:
         QFETCH(double, value);
         QFETCH(double, nice);
         QCOMPARE(ZTAbstractAxis::niceNumber(value), nice);
+    }
+
+    void visibleTicks_negativeStep_runAgainstTheRuler()
+    {
+        QCOMPARE(OpenRuler(4.0, -10.0).positions(100.0),
+                 (QVector<double>{0.0, -10.0, -20.0, -30.0}));
+    }
+
+    void visibleTicks_longRulerAndAnyStep_endAtOnce_data()
+    {
+        QTest::addColumn<double>("step");
+        QTest::addColumn<int>("count");
+        // What stands 500 pixels outside the strip is not there any more.
+        QTest::newRow("negative") << -10.0 << 51;
+        QTest::newRow("hardly negative") << -1e-300 << 10000;
+        QTest::newRow("zero") << 0.0 << 10000;
+        QTest::newRow("positive") << 10.0 << 61;
+        QTest::newRow("not a number") << std::numeric_limits<double>::quiet_NaN() << 0;
+        QTest::newRow("infinite") << std::numeric_limits<double>::infinity() << 0;
+        QTest::newRow("minus infinite") << -std::numeric_limits<double>::infinity() << 0;
+    }
+
+    void visibleTicks_longRulerAndAnyStep_endAtOnce()
+    {
+        QFETCH(double, step);
+        QFETCH(int, count);
+        const OpenRuler ruler(1e12, step);
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(ruler.positions(100.0).size(), count);
+        QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
     }
 };
 

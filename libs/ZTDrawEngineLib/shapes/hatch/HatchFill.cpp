@@ -22,25 +22,32 @@ void warnOfLayout(ScanLineLayout::State state, double spac)
         warnOfTooManyScanLines(spac);
 }
 
-QVector<QLineF> unlessTooMany(const QVector<QLineF> &lines, double spac)
+/** The hatch as the shape keeps it: without room for more. */
+QVector<QLineF> finished(QVector<QLineF> lines, double spac)
 {
-    if (lines.size() <= kMostHatchLines)
-        return lines;
-    warnOfTooManyLines(spac);
-    return {};
+    if (lines.size() > kMostHatchLines) {
+        warnOfTooManyLines(spac);
+        return {};
+    }
+    if (lines.capacity() - lines.size() > lines.size() / 8)
+        lines.squeeze();
+    return lines;
 }
 
-/** Room that the pairs of all scan lines hardly exceed, so that they seldom have to move. */
-int mostPairs(const ScanLineCrossings &crossings)
+/** Lines for which there is room from the start; more room is made with the lines. */
+constexpr std::int64_t kFirstRoom = 1 << 14;
+
+/** The pairs there can be, but not many for those that hardly will be. */
+int firstRoom(const ScanLineCrossings &crossings)
 {
-    return static_cast<int>(std::min<std::int64_t>(crossings.mostCrossings() / 2, kMostHatchLines));
+    return static_cast<int>(std::min(crossings.mostCrossings() / 2, kFirstRoom));
 }
 
 /** Separate segments; the direction changes from one scan line to the next, an empty one too. */
 QVector<QLineF> separateLines(ScanLineCrossings *crossings, int edgeCount)
 {
     QVector<QLineF> lines;
-    lines.reserve(mostPairs(*crossings));
+    lines.reserve(firstRoom(*crossings));
     HatchPairing pairing(edgeCount);
     bool ascending = true;
     crossings->visit([&](const Crossing *hits, int count) {
@@ -55,7 +62,7 @@ QVector<QLineF> separateLines(ScanLineCrossings *crossings, int edgeCount)
 std::vector<HatchRow> rowsOf(ScanLineCrossings *crossings, int edgeCount)
 {
     std::vector<HatchRow> rows;
-    rows.reserve(static_cast<std::size_t>(mostPairs(*crossings)));
+    rows.reserve(static_cast<std::size_t>(firstRoom(*crossings)));
     HatchPairing pairing(edgeCount);
     crossings->visit([&](const Crossing *hits, int count) {
         for (const HatchPairing::Pair &pair : pairing.pair(hits, count, true)) {
@@ -91,9 +98,9 @@ QVector<QLineF> hatchLines(const QList<QPolygonF> &polygons, FillType type, doub
     }
     ScanLineCrossings crossings(outline, layout);
     if (type == FillType::Line)
-        return unlessTooMany(separateLines(&crossings, outline.edgeCount()), spac);
+        return finished(separateLines(&crossings, outline.edgeCount()), spac);
     if (type == FillType::ULine)
-        return unlessTooMany(zigzags(outline, &crossings), spac);
+        return finished(zigzags(outline, &crossings), spac);
     return {};
 }
 

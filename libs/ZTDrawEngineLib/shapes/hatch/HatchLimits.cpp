@@ -27,4 +27,6 @@ void warnOfLostSpacing(double spac)
     qCWarning(hatchLog, "no hatch: a spacing of %g is lost in the rounding of coordinates", spac);
 }
 
+void warnOfLackingMemory() { qCWarning(hatchLog, "no hatch: not enough memory"); }
+
 } // namespace zthatch

@@ -15,5 +15,6 @@ constexpr int kMostHatchLines = 25000000;
 void warnOfTooManyScanLines(double spac);
 void warnOfTooManyLines(double spac);
 void warnOfLostSpacing(double spac);
+void warnOfLackingMemory();
 
 } // namespace zthatch

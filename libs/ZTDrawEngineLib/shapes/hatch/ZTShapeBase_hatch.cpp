@@ -3,7 +3,6 @@
 #include <ZTDrawEngineLib/document/ZTCoord.h>
 #include <ZTDrawEngineLib/shapes/ZTShapeBase_p.h>
 #include <ZTDrawEngineLib/shapes/hatch/HatchFill_p.h>
-#include <ZTDrawEngineLib/shapes/hatch/LevelLines_p.h>
 
 void ZTShapeBase::fill()
 {
@@ -19,12 +18,4 @@ void ZTShapeBase::fillULine(FillType type, double spac, double angle)
 {
     setFillLines(
         zthatch::hatchLines(getLines().toSubpathPolygons(QTransform()), type, spac, angle));
-}
-
-void ZTShapeBase::fillLine()
-{
-    if (d->path.isEmpty())
-        return;
-    d->fillLines.clear();
-    d->fillLines = zthatch::levelLines(d->path.toSubpathPolygons(pathToMm()), d->fillParam.spac);
 }
