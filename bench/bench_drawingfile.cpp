@@ -1,6 +1,7 @@
 #include <support/RandomDrawing.h>
 
-#include <hostkit/drawing/DrawingSnapshot.h>
+#include <hostkit/drawing/DrawingCapture.h>
+#include <hostkit/drawing/DrawingLoader.h>
 #include <hostkit/setup/Factories.h>
 
 #include <QtCore/QTemporaryDir>
@@ -11,8 +12,8 @@
 #include <cmath>
 #include <memory>
 
-using hostkit::DrawingError;
 using hostkit::DrawingFile;
+using hostkit::Failure;
 
 namespace {
 
@@ -62,7 +63,7 @@ DrawingFile drawingOf(Content content, int count, bool withPreview = false)
     hostkit::DrawingCapture capture;
     capture.withPreview = withPreview;
     DrawingFile drawing;
-    DrawingError error;
+    Failure error;
     if (!captureDrawing(document, capture, &drawing, &error))
         qFatal("%s", qPrintable(error.reason));
     return drawing;
@@ -81,7 +82,7 @@ void capture(benchmark::State &state, bool withPreview)
     fill(document, contentOf(state), countOf(state));
     hostkit::DrawingCapture how;
     how.withPreview = withPreview;
-    DrawingError error;
+    Failure error;
     for (auto _ : state) {
         DrawingFile drawing;
         if (!captureDrawing(document, how, &drawing, &error))
@@ -111,7 +112,7 @@ void BM_write(benchmark::State &state)
     const DrawingFile drawing = drawingOf(contentOf(state), countOf(state));
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("a.ztd"));
-    DrawingError error;
+    Failure error;
     for (auto _ : state) {
         if (!writeDrawing(drawing, path, &error))
             state.SkipWithError("not written");
@@ -123,7 +124,7 @@ void BM_write(benchmark::State &state)
 void BM_read(benchmark::State &state)
 {
     const QByteArray bytes = drawingToBytes(drawingOf(contentOf(state), countOf(state)));
-    DrawingError error;
+    Failure error;
     for (auto _ : state) {
         DrawingFile drawing;
         if (!readDrawing(bytes, &drawing, &error))
@@ -137,7 +138,7 @@ void BM_read(benchmark::State &state)
 void BM_apply(benchmark::State &state)
 {
     const DrawingFile drawing = drawingOf(contentOf(state), countOf(state));
-    DrawingError error;
+    Failure error;
     for (auto _ : state) {
         state.PauseTiming();
         auto window = std::make_unique<Window>();
@@ -158,7 +159,7 @@ void BM_open(benchmark::State &state)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("a.ztd"));
-    DrawingError error;
+    Failure error;
     if (!writeDrawing(drawingOf(contentOf(state), countOf(state), true), path, &error))
         state.SkipWithError("not written");
     for (auto _ : state) {

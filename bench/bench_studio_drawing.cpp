@@ -75,7 +75,7 @@ void snapshot(benchmark::State &state, bool withPreview)
     Studio studio(static_cast<int>(state.range(0)));
     for (auto _ : state) {
         hostkit::DrawingFile file;
-        hostkit::DrawingError error;
+        hostkit::Failure error;
         if (!studio.window.files().session().capture(withPreview, &file, &error))
             state.SkipWithError("not taken");
     }

@@ -1,20 +1,24 @@
 // Drawing files, with lengths and checksums put right so that the fuzzer gets behind them: nothing
 // crashes, and what is read, loaded and saved again is the same from then on.
 
-#include <hostkit/drawing/DrawingLoader_p.h>
-#include <hostkit/drawing/DrawingSections_p.h>
-#include <hostkit/drawing/DrawingStream_p.h>
+#include <hostkit/drawing/DrawingCapture.h>
+#include <hostkit/drawing/DrawingContent_p.h>
+#include <hostkit/drawing/DrawingFrame_p.h>
+#include <hostkit/drawing/DrawingLoader.h>
+#include <hostkit/drawing/ShapeRecords_p.h>
 #include <hostkit/setup/Factories.h>
 
 #include <QtCore/QtEndian>
 #include <QtWidgets/QApplication>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
 
-using hostkit::DrawingError;
 using hostkit::DrawingFile;
+using hostkit::DrawingItem;
+using hostkit::Failure;
 
 namespace {
 
@@ -75,55 +79,63 @@ bool isTame(const QTransform &t)
     return isTame(t.m31(), 100.0) && isTame(t.m32(), 100.0);
 }
 
-/** Whether a record asks for a shape of common size: the large ones are no news, only slow. */
-bool isTame(const QByteArray &stream, const hostkit::DrawingRecord &record)
+/** Whether base settings, which begin so many records, ask for a shape of common size. */
+bool isTameBase(const QByteArray &shape)
 {
-    if (record.type == ShapeType::Polygon) {
-        const auto sides = qFromBigEndian<qint32>(stream.constData() + record.shape);
-        return sides <= 100;
-    }
-    if (record.type == ShapeType::VecGraph)
-        return true;
     constexpr int kRect = 4;
     constexpr int kHatchKind = 176;
     for (int i = 0; i < kRect + 18; ++i) {
-        if (!isTame(realAt(stream, record.shape + 8 * i), i < kRect ? 100.0 : 3.0))
+        if (!isTame(realAt(shape, 8 * i), i < kRect ? 100.0 : 3.0))
             return false;
     }
-    const auto kind = qFromBigEndian<qint32>(stream.constData() + record.shape + kHatchKind);
-    return kind == 2 || !(std::abs(realAt(stream, record.shape + kHatchKind + 4)) < 5.0);
+    const auto kind = qFromBigEndian<qint32>(shape.constData() + kHatchKind);
+    return kind == 2 || !(std::abs(realAt(shape, kHatchKind + 4)) < 5.0);
+}
+
+/** Whether fields ask for a shape of common size: the large ones are no news, only slow. */
+bool areTameFields(const hostkit::KeyedFields &fields)
+{
+    hostkit::ShapeBaseFields base;
+    if (baseFromBytes(fields.value(hostkit::itemfield::kBase), &base) &&
+        !(isTame(base.fill) && isTame(base.transform) && isTame(base.roundingTransform) &&
+          isTame(base.rectMm.width(), 100.0) && isTame(base.rectMm.height(), 100.0)))
+        return false;
+    QLineF line;
+    return !hostkit::lineFromBytes(fields.value(hostkit::itemfield::kLine), &line) ||
+           isTame(line.length(), 1000.0);
+}
+
+bool isTame(const DrawingItem &item)
+{
+    const auto kind = hostkit::libraryKind(item.kind);
+    if (kind == ShapeType::Polygon && qFromBigEndian<qint32>(item.shape.constData()) > 100)
+        return false;
+    if (!hostkit::lacksBase(item.kind) && !isTameBase(item.shape))
+        return false;
+    return areTameFields(item.fields);
 }
 
 bool isTame(const DrawingFile &drawing)
 {
-    hostkit::DrawingStreamIndex index;
-    QString reason;
-    if (!indexDrawingStream(drawing.stream, &index, &reason))
-        std::abort(); // it was read, so it is in step
-    const auto recordIsTame = [&](const auto &record) { return isTame(drawing.stream, record); };
-    const auto restIsTame = [](const hostkit::DrawingItemRest &item) {
-        return isTame(item.fill) && isTame(item.transform) && isTame(item.roundingTransform) &&
-               isTame(item.rectMm.width(), 100.0) && isTame(item.rectMm.height(), 100.0);
-    };
+    const auto itemIsTame = [](const DrawingItem &item) { return isTame(item); };
     const auto drawingIsTame = [](const QPainterPath &path) {
         const QRectF box = path.controlPointRect();
         return isTame(box.width(), 100.0) && isTame(box.height(), 100.0);
     };
     const hostkit::DrawingSetup &setup = drawing.meta.setup;
     const double pxPerMm = setup.height / setup.physicalHeight * setup.displayRatio;
-    return drawing.hasRest && isTame(pxPerMm, 10.0) && index.records.size() <= 20 &&
-           std::all_of(index.records.begin(), index.records.end(), recordIsTame) &&
-           std::all_of(drawing.rest.items.begin(), drawing.rest.items.end(), restIsTame) &&
-           std::all_of(drawing.rest.drawings.begin(), drawing.rest.drawings.end(), drawingIsTame);
+    return !drawing.isBare && isTame(pxPerMm, 10.0) && drawing.items.size() <= 20 &&
+           std::all_of(drawing.items.begin(), drawing.items.end(), itemIsTame) &&
+           std::all_of(drawing.drawings.begin(), drawing.drawings.end(), drawingIsTame);
 }
 
 DrawingFile loadedAndTaken(const DrawingFile &drawing, ZTGraphicsDocument &document)
 {
     hostkit::DrawingLoad load;
     load.maxPieces = 1'000'000;
-    DrawingError error;
+    Failure error;
     hostkit::DrawingReport report;
-    if (!applyWithin(load, drawing, document, &report, &error))
+    if (!applyDrawing(drawing, document, load, &report, &error))
         return drawing;
     hostkit::DrawingCapture capture;
     capture.savedAt = drawing.meta.savedAt;
@@ -137,7 +149,7 @@ DrawingFile loadedAndTaken(const DrawingFile &drawing, ZTGraphicsDocument &docum
 void check(const QByteArray &bytes, ZTGraphicsDocument &document)
 {
     DrawingFile drawing;
-    DrawingError error;
+    Failure error;
     if (!readDrawing(bytes, &drawing, &error)) {
         if (error.reason.isEmpty())
             std::abort();

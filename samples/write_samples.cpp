@@ -1,9 +1,9 @@
 // write_samples FOLDER: writes the sample drawings into the folder, which holds logo.plt.
 
-#include <hostkit/drawing/DrawingSnapshot.h>
-#include <hostkit/setup/Factories.h>
+#include <hostkit/drawing/DrawingCapture.h>
 #include <hostkit/drawing/SampleDrawing.h>
 #include <hostkit/drawing/SampleDrawings.h>
+#include <hostkit/setup/Factories.h>
 
 #include <QtCore/QFile>
 #include <QtWidgets/QApplication>
@@ -22,7 +22,7 @@ bool write(const QString &path, const std::function<void(ZTGraphicsDocument &)> 
     hostkit::DrawingCapture capture;
     capture.programVersion = QStringLiteral("samples");
     capture.savedAt = kMoment;
-    hostkit::DrawingError error;
+    hostkit::Failure error;
     if (saveDrawing(document, capture, path, &error))
         return true;
     std::fprintf(stderr, "%s: %s\n", qPrintable(path), qPrintable(error.reason));

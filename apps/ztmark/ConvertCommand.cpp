@@ -6,6 +6,8 @@
 #include "Progress.h"
 #include "Usage.h"
 
+#include <hostkit/drawing/DrawingCapture.h>
+
 #include <QtCore/QFileInfo>
 
 #include <algorithm>
@@ -111,7 +113,7 @@ int ConvertCommand::saveAnew(Progress &progress) const
     OpenedDrawing drawing;
     if (!drawing.open(files.front(), progress))
         return console::Failed;
-    return save(drawing.document, drawing.file.unknown, progress);
+    return save(drawing.document, progress);
 }
 
 int ConvertCommand::importFiles(Progress &progress) const
@@ -121,7 +123,7 @@ int ConvertCommand::importFiles(Progress &progress) const
         return console::Failed;
     ZTGraphicsDocument document;
     import(plotter, document);
-    const int code = save(document, {}, progress);
+    const int code = save(document, progress);
     plotter.warnOfLosses();
     return code;
 }
@@ -157,14 +159,12 @@ void ConvertCommand::import(const PlotterFiles &plotter, ZTGraphicsDocument &doc
     }
 }
 
-int ConvertCommand::save(ZTGraphicsDocument &document,
-                         const QVector<hostkit::DrawingSection> &unknown, Progress &progress) const
+int ConvertCommand::save(ZTGraphicsDocument &document, Progress &progress) const
 {
     progress.begin(tr("writing %1").arg(QString::fromStdString(output)));
     hostkit::DrawingCapture capture;
     capture.programVersion = QStringLiteral(ZT_VERSION);
-    capture.unknown = unknown;
-    hostkit::DrawingError error;
+    hostkit::Failure error;
     const bool isSaved = saveDrawing(document, capture, QString::fromStdString(output), &error);
     progress.finish();
     if (!isSaved)

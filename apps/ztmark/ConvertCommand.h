@@ -31,8 +31,7 @@ private:
     int importForeignFiles(Progress &progress);
     int saveAnew(Progress &progress) const;
     void import(const PlotterFiles &plotter, ZTGraphicsDocument &document) const;
-    int save(ZTGraphicsDocument &document, const QVector<hostkit::DrawingSection> &unknown,
-             Progress &progress) const;
+    int save(ZTGraphicsDocument &document, Progress &progress) const;
 
     CLI::App *command; ///< owned by the application it was added to
     std::vector<std::string> files;

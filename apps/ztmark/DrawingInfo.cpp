@@ -101,14 +101,14 @@ void DrawingInfo::print() const
 void DrawingInfo::printFile() const
 {
     const hostkit::DrawingMeta &meta = drawing.file.meta;
-    printRow(tr("Format:"), tr("drawing, version %1").arg(hostkit::kDrawingFormatVersion));
+    printRow(tr("Format:"), tr("drawing, version %1").arg(drawing.file.version));
     printRow(tr("Saved by:"), shown(meta.programVersion));
     printRow(tr("Saved at:"),
              meta.savedAt.toUTC().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss 'UTC'")));
-    if (!drawing.file.hasRest)
+    if (drawing.file.isBare)
         printRow(tr("Kind:"), tr("bare stream, without what imported drawings hold"));
-    if (!drawing.file.unknown.isEmpty())
-        printRow(tr("Unknown sections:"), QString::number(drawing.file.unknown.size()));
+    if (!drawing.file.extras.sections.isEmpty())
+        printRow(tr("Unknown sections:"), QString::number(drawing.file.extras.sections.size()));
 }
 
 void DrawingInfo::printField() const

@@ -8,7 +8,7 @@
 
 #include <cmath>
 
-using hostkit::DrawingError;
+using hostkit::Failure;
 
 namespace {
 
@@ -54,17 +54,17 @@ bool OpenedDrawing::isNamed(const std::string &name)
            hostkit::hasDrawingMagic(file.read(kMagicProbe));
 }
 
-QString OpenedDrawing::describe(const DrawingError &error)
+QString OpenedDrawing::describe(const Failure &error)
 {
     switch (error.kind) {
-    case DrawingError::Kind::CannotRead:
+    case Failure::Kind::CannotRead:
         return tr("cannot be opened: %1").arg(error.reason);
-    case DrawingError::Kind::NotADrawing:
-    case DrawingError::Kind::NewerVersion:
+    case Failure::Kind::OtherFormat:
+    case Failure::Kind::NewerVersion:
         return tr("not readable: it %1").arg(error.reason);
-    case DrawingError::Kind::Damaged:
+    case Failure::Kind::Damaged:
         return tr("not readable: %1").arg(error.reason);
-    case DrawingError::Kind::CannotWrite:
+    case Failure::Kind::CannotWrite:
         return tr("not saved: %1").arg(error.reason);
     default:
         return tr("cannot be loaded: %1").arg(error.reason);
@@ -75,10 +75,10 @@ bool OpenedDrawing::open(const std::string &name, Progress &progress)
 {
     const QString path = QString::fromStdString(name);
     progress.begin(tr("reading %1").arg(path));
-    DrawingError error;
+    Failure error;
     const bool isLoaded = readDrawing(absolutePath(path), &file, &error) &&
                           applyDrawing(file, document, {}, &report, &error);
-    if (!isLoaded || !report.missingFonts.isEmpty())
+    if (!isLoaded || !report.missingFonts.isEmpty() || !report.unknownKinds.isEmpty())
         progress.finish();
     if (!isLoaded)
         console::complain(name, describe(error));
@@ -86,7 +86,20 @@ bool OpenedDrawing::open(const std::string &name, Progress &progress)
         console::complain(name, tr("warning: these fonts are missing, and texts in them look and "
                                    "mark differently: %1")
                                     .arg(report.missingFonts.join(QStringLiteral(", "))));
+    if (isLoaded)
+        warnOfUnknownKinds(name);
     return isLoaded;
+}
+
+void OpenedDrawing::warnOfUnknownKinds(const std::string &name) const
+{
+    QStringList counts;
+    for (auto kind = report.unknownKinds.begin(); kind != report.unknownKinds.end(); ++kind)
+        counts << QStringLiteral("%1: %2").arg(kind.key()).arg(kind.value());
+    if (!counts.isEmpty())
+        console::complain(name, tr("warning: shapes of kinds that this program does not know are "
+                                   "neither shown nor marked (%1)")
+                                    .arg(counts.join(QStringLiteral(", "))));
 }
 
 QVector<ZTAbstractGraphicsItem *> OpenedDrawing::items() const

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <hostkit/drawing/DrawingSnapshot.h>
+#include <hostkit/drawing/DrawingLoader.h>
 #include <hostkit/marks/MarkPathMeasure.h>
 
 #include <QtCore/QCoreApplication>
@@ -35,7 +35,7 @@ public:
     static bool isNamed(const std::string &name);
 
     /** Why a drawing was not read, loaded or written, to follow its name. */
-    static QString describe(const hostkit::DrawingError &error);
+    static QString describe(const hostkit::Failure &error);
 
     /** False, told on stderr, when it cannot be read or loaded. Warns of missing fonts. */
     bool open(const std::string &name, Progress &progress);
@@ -49,4 +49,7 @@ public:
     hostkit::DrawingFile file;
     hostkit::DrawingReport report;
     ZTGraphicsDocument document;
+
+private:
+    void warnOfUnknownKinds(const std::string &name) const;
 };

@@ -3,8 +3,10 @@
 #include <support/DrawingBytes.h>
 #include <support/SingletonGuard.h>
 
-#include <hostkit/setup/Factories.h>
+#include <hostkit/drawing/DrawingContent_p.h>
+#include <hostkit/drawing/DrawingLoader.h>
 #include <hostkit/marks/MarkGraphWriter.h>
+#include <hostkit/setup/Factories.h>
 
 #include <QtCore/QDataStream>
 #include <QtCore/QDir>
@@ -14,8 +16,8 @@
 
 #include <memory>
 
-using hostkit::DrawingError;
 using hostkit::DrawingFile;
+using hostkit::Failure;
 
 namespace {
 
@@ -36,10 +38,17 @@ void put(const QString &path, const QByteArray &bytes)
 DrawingFile readFile(const QString &path)
 {
     DrawingFile drawing;
-    DrawingError error;
+    Failure error;
     if (!readDrawing(path, &drawing, &error))
         qWarning("%s: %s", qPrintable(path), qPrintable(error.reason));
     return drawing;
+}
+
+/** The items as their bytes stand in a file. */
+QByteArray itemsOf(const QString &path)
+{
+    const DrawingFile drawing = readFile(path);
+    return hostkit::itemsToBytes(drawing.counters, drawing.items);
 }
 
 /** What the library itself marks of a drawing, as a table. */
@@ -47,7 +56,7 @@ QByteArray libraryCsv(const QString &drawingPath, const QString &csvPath,
                       const EShapeSortType *order = nullptr)
 {
     ZTGraphicsDocument document;
-    DrawingError error;
+    Failure error;
     if (!applyDrawing(readFile(drawingPath), document, {}, nullptr, &error))
         return "not loaded: " + error.reason.toUtf8();
     if (order != nullptr)
@@ -238,8 +247,12 @@ private Q_SLOTS:
     {
         DrawingFile drawing = readFile(sample(QStringLiteral("text")));
         const QByteArray wide = wideText(QStringLiteral("hershey-simplex.shx"));
-        QVERIFY(drawing.stream.contains(wide));
-        drawing.stream.replace(wide, wideText(QStringLiteral("nobodys-simplex.shx")));
+        bool isThere = false;
+        for (hostkit::DrawingItem &item : drawing.items) {
+            isThere = isThere || item.shape.contains(wide);
+            item.shape.replace(wide, wideText(QStringLiteral("nobodys-simplex.shx")));
+        }
+        QVERIFY(isThere);
         put(path("foreign.ztd"), drawingToBytes(drawing));
         for (const char *command : {"info", "mark"}) {
             const ZtmarkRun run = ztmark({command, "foreign.ztd"});
@@ -400,6 +413,36 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(path("out.png")));
     }
 
+    void convert_ofARecoveryFile_leavesItsOriginBehind()
+    {
+        DrawingFile drawing = readFile(sample(QStringLiteral("shapes")));
+        drawing.origin = hostkit::DrawingOrigin{QStringLiteral("/home/me/private.ztd"), 1, 2};
+        put(path("recovery.ztd"), drawingToBytes(drawing));
+        const QByteArray wide = wideText(QStringLiteral("private"));
+        QVERIFY(bytesOf(path("recovery.ztd")).contains(wide.mid(4)));
+        QCOMPARE(ztmark({"convert", "recovery.ztd", "-o", "plain.ztd"}).exitCode, 0);
+        QVERIFY(!bytesOf(path("plain.ztd")).contains(wide.mid(4)));
+        QVERIFY(!readFile(path("plain.ztd")).origin);
+    }
+
+    void unknownKinds_areToldAndKept()
+    {
+        DrawingFile drawing = readFile(sample(QStringLiteral("shapes")));
+        hostkit::DrawingItem slot;
+        slot.kind = "maker.Slot";
+        slot.shape = "any bytes";
+        drawing.items << slot;
+        put(path("slot.ztd"), drawingToBytes(drawing));
+        const ZtmarkRun run = ztmark({"mark", "slot.ztd", "-o", "slot.csv"});
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY2(run.err.startsWith(QStringLiteral(
+                     "ztmark: slot.ztd: warning: shapes of kinds that this program does not know "
+                     "are neither shown nor marked (maker.Slot: 1)\n")),
+                 qPrintable(run.err));
+        QCOMPARE(ztmark({"convert", "slot.ztd", "-o", "kept.ztd"}).exitCode, 0);
+        QCOMPARE(readFile(path("kept.ztd")).items.last().shape, slot.shape);
+    }
+
     void convert_ofDrawings_marksAsBefore_data()
     {
         QTest::addColumn<QString>("name");
@@ -410,19 +453,19 @@ private Q_SLOTS:
     {
         QFETCH(QString, name);
         DrawingFile drawing = readFile(sample(name));
-        drawing.unknown << hostkit::DrawingSection{"LATE", "from tomorrow"};
+        drawing.extras.sections << hostkit::DrawingSection{"LATE", "from tomorrow"};
         put(path("in.ztd"), drawingToBytes(drawing));
         const ZtmarkRun run = ztmark({"convert", "in.ztd", "-o", "out.ztd"});
         QCOMPARE(run.exitCode, 0);
         const DrawingFile saved = readFile(path("out.ztd"));
         QCOMPARE(saved.meta.programVersion, QStringLiteral(ZT_VERSION));
         QCOMPARE(saved.meta.setup, drawing.meta.setup);
-        QCOMPARE(saved.rest.items.size(), drawing.rest.items.size());
-        QCOMPARE(saved.unknown.size(), 1);
-        QCOMPARE(saved.unknown.first().tag, QByteArray("LATE"));
-        QCOMPARE(saved.unknown.first().bytes, QByteArray("from tomorrow"));
+        QCOMPARE(saved.items.size(), drawing.items.size());
+        QCOMPARE(saved.extras.sections.size(), 1);
+        QCOMPARE(saved.extras.sections.first().tag, QByteArray("LATE"));
+        QCOMPARE(saved.extras.sections.first().bytes, QByteArray("from tomorrow"));
         QCOMPARE(ztmark({"convert", "out.ztd", "-o", "again.ztd"}).exitCode, 0);
-        QVERIFY(readFile(path("again.ztd")).stream == saved.stream);
+        QVERIFY(itemsOf(path("again.ztd")) == itemsOf(path("out.ztd")));
         ztmark({"mark", "in.ztd", "-o", "in.csv"});
         ztmark({"mark", "out.ztd", "-o", "out.csv"});
         QVERIFY(bytesOf(path("in.csv")).startsWith("object,pen,"));
@@ -450,7 +493,7 @@ private Q_SLOTS:
         put(path("corner.plt"), kCorner);
         ztmark({"convert", "corner.plt", "corner.plt", "-o", "two.ztd"});
         ZTGraphicsDocument document;
-        DrawingError error;
+        Failure error;
         QVERIFY(applyDrawing(readFile(path("two.ztd")), document, {}, nullptr, &error));
         QVector<double> leftMm;
         for (QGraphicsItem *item : document.scene()->items(Qt::AscendingOrder)) {

@@ -384,21 +384,21 @@ private Q_SLOTS:
     {
         const QString path = saveAs("plate.ztd", 1);
         hostkit::DrawingFile file;
-        hostkit::DrawingError error;
+        hostkit::Failure error;
         QVERIFY(hostkit::readDrawing(path, &file, &error));
-        file.unknown << hostkit::DrawingSection{QByteArrayLiteral("abcd"),
-                                                QByteArrayLiteral("of others")};
+        file.extras.sections << hostkit::DrawingSection{QByteArrayLiteral("abcd"),
+                                                        QByteArrayLiteral("of others")};
         QVERIFY(hostkit::writeDrawing(file, path, &error));
         QVERIFY(files().load(path));
         studio->key(Qt::Key_R);
         studio->key(Qt::Key_S, Qt::ControlModifier);
         QVERIFY(hostkit::readDrawing(path, &file, &error));
-        QCOMPARE(file.unknown.size(), 1);
-        QCOMPARE(file.unknown.first().bytes, QByteArrayLiteral("of others"));
+        QCOMPARE(file.extras.sections.size(), 1);
+        QCOMPARE(file.extras.sections.first().bytes, QByteArrayLiteral("of others"));
         files().startNew();
         QVERIFY(files().saveTo(studio->path("new.ztd")));
         QVERIFY(hostkit::readDrawing(studio->path("new.ztd"), &file, &error));
-        QVERIFY(file.unknown.isEmpty());
+        QVERIFY(file.extras.sections.isEmpty());
     }
 
     void missingFonts_areNamed_andTheDrawingIsOpenAllTheSame()
@@ -448,7 +448,7 @@ private Q_SLOTS:
         studio->key(Qt::Key_R);
         const QString path = saveAs("plate.ztd", 0);
         hostkit::DrawingFile file;
-        hostkit::DrawingError error;
+        hostkit::Failure error;
         QVERIFY(hostkit::readDrawing(path, &file, &error));
         file.meta.setup.workAreaMm = QRect(-50, -50, 100, 100);
         QVERIFY(hostkit::writeDrawing(file, path, &error));

@@ -7,6 +7,8 @@
 #include <studio/drawing/RecoveryDialog.h>
 #include <studio/drawing/RecoveryStore.h>
 
+#include <hostkit/drawing/DrawingCapture.h>
+
 #include <QtCore/QFileInfo>
 #include <QtTest/QSignalSpy>
 #include <QtWidgets/QMessageBox>
@@ -80,9 +82,9 @@ private Q_SLOTS:
         QVERIFY(!studio->window->isWindowModified());
         QVERIFY(folder->names("*").isEmpty());
         hostkit::DrawingFile saved;
-        hostkit::DrawingError error;
+        hostkit::Failure error;
         QVERIFY(hostkit::readDrawing(path, &saved, &error));
-        QVERIFY(saved.unknown.isEmpty());
+        QVERIFY(saved.extras.sections.isEmpty());
     }
 
     void recovered_whoseFileChangedSince_asksBeforeOverwriting()
@@ -240,7 +242,7 @@ private:
         for (int i = 0; i < rectangles; ++i)
             other.itemMag()->addShape(ShapeType::Rect, {1.0 + i, 1.0, 10.0, 10.0});
         hostkit::DrawingFile file;
-        hostkit::DrawingError error;
+        hostkit::Failure error;
         if (!hostkit::captureDrawing(other, {}, &file, &error))
             qFatal("a drawing cannot be taken");
         return folder->leave({path, studio::FileStamp::of(path)}, savedAt, file);

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <hostkit/drawing/DrawingSnapshot.h>
+#include <hostkit/drawing/DrawingCapture.h>
+#include <hostkit/drawing/DrawingLoader.h>
 
 namespace testsupport {
 
@@ -12,7 +13,7 @@ inline hostkit::DrawingFile captured(ZTGraphicsDocument &document)
     capture.savedAt = QDateTime(QDate(2024, 2, 29), QTime(12, 34, 56, 789), Qt::UTC);
     capture.withPreview = false;
     hostkit::DrawingFile drawing;
-    hostkit::DrawingError error;
+    hostkit::Failure error;
     if (!captureDrawing(document, capture, &drawing, &error))
         qFatal("%s", qPrintable(error.reason));
     return drawing;
@@ -25,8 +26,7 @@ inline QByteArray savedBytes(ZTGraphicsDocument &document)
 }
 
 /** Reads a file's bytes and puts the drawing into a document. */
-inline bool load(const QByteArray &bytes, ZTGraphicsDocument &document,
-                 hostkit::DrawingError *error)
+inline bool load(const QByteArray &bytes, ZTGraphicsDocument &document, hostkit::Failure *error)
 {
     hostkit::DrawingFile drawing;
     return readDrawing(bytes, &drawing, error) &&

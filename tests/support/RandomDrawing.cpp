@@ -22,6 +22,12 @@ void RandomDrawing::addOne(ZTGraphicsDocument &document)
         setText(*text);
     if (auto *polygon = qobject_cast<ZTGraphicsPolygonItem *>(item))
         polygon->setSideCount(random.bounded(1, 12));
+    if (auto *line = qobject_cast<ZTGraphicsLineItem *>(item)) {
+        if (oneIn(2))
+            line->setLength(real(1, 60));
+        if (oneIn(2))
+            line->setAngle(real(-360, 360));
+    }
     if (auto *graphic = dynamic_cast<ZTVecGraph *>(item->getShapeBase()))
         graphic->setDrawing(drawing(), QStringLiteral("/nowhere/%1.plt").arg(random.bounded(5)));
     if (!withMatrices || !oneIn(6))

@@ -678,6 +678,10 @@ SVG 和 DXF 图形、其他方言的绘图仪图纸，以及使用 --size、--wi
 <context>
     <name>OpenedDrawing</name>
     <message>
+        <source>warning: shapes of kinds that this program does not know are neither shown nor marked (%1)</source>
+        <translation>警告：本程序不认识的图形既不显示也不打标（%1）</translation>
+    </message>
+    <message>
         <source>reading %1</source>
         <translation>正在读取 %1</translation>
     </message>

@@ -161,6 +161,8 @@ QVector<ZTShapeBase *> ZTShapeManager::getSelectedShapeList()
     return shapesOf(m_scene->selectedItems());
 }
 
+int ZTShapeManager::getNextShapeId() const { return nextShapeId; }
+
 void ZTShapeManager::setScale(float x, float y)
 {
     scaleX = x;

@@ -78,6 +78,9 @@ public:
     /** The selected shapes, in the order of `QGraphicsScene::selectedItems`. Owner: their items. */
     QVector<ZTShapeBase *> getSelectedShapeList();
 
+    /** The id that the next `addShape` gives. */
+    int getNextShapeId() const;
+
     /** Mark units per scene pixel in x and y; negative values mirror. */
     void setScale(float x, float y);
 

@@ -31,6 +31,15 @@ double ZTLineShape::angle() const { return m_angle; }
 
 double ZTLineShape::length() const { return m_length; }
 
+const QLineF &ZTLineShape::getLine() const { return line; }
+
+void ZTLineShape::setLine(const QLineF &lineMm)
+{
+    line = lineMm;
+    setUpdate(1);
+    paint();
+}
+
 void ZTLineShape::takeTransformIntoLine() { line = getTransformParam().map(line); }
 
 void ZTLineShape::setAngle(double angleDeg)

@@ -32,6 +32,12 @@ public:
      */
     void setLength(double lengthMm);
 
+    /** The line itself in millimetres, before the transform. */
+    const QLineF &getLine() const;
+
+    /** Gives the line its ends, in millimetres before the transform, which stays. Paints. */
+    void setLine(const QLineF &lineMm);
+
 private:
     void takeTransformIntoLine();
 

@@ -49,6 +49,21 @@ bool ZTVariantTextManager::hasId(int id)
                        [id](const auto &entry) { return entry->id == id; });
 }
 
+QVector<int> ZTVariantTextManager::getIds() const
+{
+    QVector<int> ids;
+    for (const auto &entry : m_items)
+        ids << entry->id;
+    return ids;
+}
+
+QVector<ZTTextShapeBase *> ZTVariantTextManager::getShapes(int id) const
+{
+    const auto found = std::find_if(m_items.begin(), m_items.end(),
+                                    [id](const auto &entry) { return entry->id == id; });
+    return found != m_items.end() ? (*found)->shapes : QVector<ZTTextShapeBase *>();
+}
+
 ZTVariantText *ZTVariantTextManager::getVariantText(ZTTextShapeBase *shape)
 {
     for (const auto &entry : m_items) {

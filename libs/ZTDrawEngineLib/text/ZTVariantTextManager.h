@@ -53,6 +53,15 @@ public:
 
     bool hasId(int id); ///< whether an entry has that id
 
+    /** The ids of all entries, in their order; one may stand there twice after a stream. */
+    QVector<int> getIds() const;
+
+    /**
+     * The shapes that use the first entry with that id, in the order in which `flush` gives them
+     * their texts; none for an unknown id. Owner: not the registry.
+     */
+    QVector<ZTTextShapeBase *> getShapes(int id) const;
+
     /** Variant text of the first entry that the shape uses, or null. Owner: the registry. */
     ZTVariantText *getVariantText(ZTTextShapeBase *shape);
 

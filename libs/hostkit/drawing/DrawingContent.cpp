@@ -1,9 +1,10 @@
 #include <hostkit/drawing/DrawingContent_p.h>
 
 #include <hostkit/drawing/DrawingBytes_p.h>
-#include <hostkit/drawing/DrawingStream_p.h>
+#include <hostkit/drawing/ShapeRecords_p.h>
 
 #include <QtCore/QDataStream>
+#include <QtCore/QSizeF>
 
 #include <algorithm>
 #include <cmath>
@@ -16,7 +17,13 @@ namespace {
 constexpr quint32 kLeastString = 4;
 constexpr quint32 kPointSize = 16;
 constexpr quint32 kPenSize = 8;
-constexpr quint32 kItemSize = 211;
+constexpr quint32 kLeastRecord = 4 + 4 + 1 + kPointSize + 4; // lengths, kind, type, place
+constexpr quint32 kUseSize = 8;
+constexpr quint32 kBaseSize = 207;
+constexpr quint32 kRestSize = kBaseSize + 4;
+constexpr quint32 kOriginVersion = 1;
+
+const QByteArray kGroupNames = QByteArrayLiteral("GRPS");
 
 /** A stream onto bytes, big-endian and in double precision. */
 class Writer
@@ -37,6 +44,13 @@ public:
         stream << static_cast<quint32>(utf8.size());
         stream.writeRawData(utf8.constData(), utf8.size());
         return *this;
+    }
+
+    /** A count, then the bytes. */
+    void counted(const QByteArray &content)
+    {
+        stream << static_cast<quint32>(content.size());
+        stream.writeRawData(content.constData(), content.size());
     }
 
     void single(float value)
@@ -144,24 +158,104 @@ DrawingSetup setupOf(ByteReader &reader)
     return setup;
 }
 
-DrawingItemRest itemOf(ByteReader &reader)
+QByteArray copied(const QByteArray &borrowed) { return {borrowed.constData(), borrowed.size()}; }
+
+QByteArray countedOf(ByteReader &reader)
 {
-    DrawingItemRest item;
-    const QPointF topLeft = pointOf(reader);
-    const double width = reader.real();
-    item.rectMm = QRectF(topLeft, QSizeF(width, reader.real()));
-    item.transform = transformOf(reader);
-    item.roundingTransform = transformOf(reader);
-    item.fill.fillType = static_cast<FillType>(reader.number<qint32>());
-    item.fill.spac = reader.real();
-    item.fill.angle = reader.real();
-    item.fill.isEnableBorder = reader.byte() != 0;
-    item.shapeType = static_cast<ShapeType>(reader.byte());
-    item.id = reader.number<qint32>();
-    item.lockAspectRatio = reader.byte() != 0;
-    item.penId = reader.number<qint32>();
-    item.drawing = reader.number<qint32>();
-    return item;
+    const auto size = reader.number<quint32>();
+    return copied(reader.bytes(size));
+}
+
+void writeFields(Writer &out, const KeyedFields &fields)
+{
+    for (auto field = fields.begin(); field != fields.end(); ++field) {
+        out.counted(field.key());
+        out.counted(field.value());
+    }
+}
+
+/** The fields up to the end of what is read, each key once. */
+KeyedFields fieldsOf(ByteReader &reader)
+{
+    KeyedFields fields;
+    while (reader.ok() && !reader.atEnd()) {
+        const QByteArray key = countedOf(reader);
+        if (fields.contains(key))
+            spoil(reader);
+        fields.insert(key, countedOf(reader));
+    }
+    return fields;
+}
+
+QByteArray recordOf(const DrawingItem &item)
+{
+    Writer out;
+    out.counted(item.kind);
+    out << static_cast<quint8>(item.type) << item.posPx;
+    out.counted(item.shape);
+    writeFields(out, item.fields);
+    return out.bytes;
+}
+
+bool takeRecord(const QByteArray &bytes, DrawingItem *item)
+{
+    ByteReader reader(bytes);
+    item->kind = countedOf(reader);
+    item->type = static_cast<ShapeType>(reader.byte());
+    item->posPx = pointOf(reader);
+    item->shape = countedOf(reader);
+    item->fields = fieldsOf(reader);
+    return isWhole(reader) && !item->kind.isEmpty();
+}
+
+QByteArray groupNamesToBytes(const QMap<qint32, QString> &names)
+{
+    Writer out;
+    for (auto name = names.begin(); name != names.end(); ++name)
+        out << name.key() << name.value();
+    return out.bytes;
+}
+
+bool groupNamesFromBytes(const QByteArray &bytes, QMap<qint32, QString> *names)
+{
+    ByteReader reader(bytes);
+    while (reader.ok() && !reader.atEnd()) {
+        const auto id = reader.number<qint32>();
+        names->insert(id, textOf(reader));
+    }
+    return isWhole(reader);
+}
+
+/** The first 207 bytes of an item in section REST of version 1 are those of a field. */
+KeyedFields restOf(ByteReader &reader)
+{
+    KeyedFields fields;
+    fields.insert(itemfield::kBase, copied(reader.bytes(kBaseSize)));
+    const auto drawing = reader.number<qint32>();
+    if (drawing < -1)
+        spoil(reader);
+    if (drawing >= 0)
+        fields.insert(itemfield::kDrawing, numberToBytes(drawing));
+    return fields;
+}
+
+QVector<DrawingFontHeight> fontHeightsOf(ByteReader &reader)
+{
+    QVector<DrawingFontHeight> heights;
+    const quint32 fonts = countOf(reader, kLeastString + sizeof(double));
+    for (quint32 i = 0; i < fonts && reader.ok(); ++i) {
+        const QString fileName = textOf(reader);
+        heights << DrawingFontHeight{fileName, reader.real()};
+    }
+    return heights;
+}
+
+/** Runs a check on a field that may be missing. */
+template <class Check>
+bool isGood(const DrawingItem &item, const QByteArray &key, const Check &check)
+{
+    const auto field = item.fields.constFind(key);
+    return field == item.fields.constEnd() || check(*field);
 }
 
 } // namespace
@@ -197,34 +291,94 @@ bool metaFromBytes(const QByteArray &bytes, DrawingMeta *meta)
     return isWhole(reader);
 }
 
-QByteArray restToBytes(const DrawingRest &rest)
+QByteArray itemsToBytes(const QByteArray &counters, const QVector<DrawingItem> &items)
 {
     Writer out;
-    out << static_cast<quint32>(rest.items.size());
-    for (const DrawingItemRest &item : rest.items) {
-        out << item.rectMm << item.transform << item.roundingTransform
-            << static_cast<qint32>(item.fill.fillType) << item.fill.spac << item.fill.angle
-            << item.fill.isEnableBorder << static_cast<quint8>(item.shapeType) << item.id
-            << item.lockAspectRatio << item.penId << item.drawing;
+    out.counted(counters);
+    out << static_cast<quint32>(items.size());
+    for (const DrawingItem &item : items)
+        out.counted(recordOf(item));
+    return out.bytes;
+}
+
+bool itemsFromBytes(const QByteArray &bytes, QByteArray *counters, QVector<DrawingItem> *items)
+{
+    ByteReader reader(bytes);
+    *counters = countedOf(reader);
+    const quint32 count = countOf(reader, kLeastRecord);
+    items->reserve(static_cast<int>(count));
+    for (quint32 i = 0; i < count && reader.ok(); ++i) {
+        const auto size = reader.number<quint32>();
+        DrawingItem item;
+        if (!takeRecord(reader.bytes(size), &item))
+            return false;
+        *items << item;
     }
-    out << static_cast<quint32>(rest.fontHeights.size());
-    for (const DrawingFontHeight &font : rest.fontHeights)
+    return isWhole(reader);
+}
+
+QByteArray fontHeightsToBytes(const QVector<DrawingFontHeight> &heights)
+{
+    Writer out;
+    out << static_cast<quint32>(heights.size());
+    for (const DrawingFontHeight &font : heights)
         out << font.fileName << font.height;
     return out.bytes;
 }
 
-bool restFromBytes(const QByteArray &bytes, DrawingRest *rest)
+bool fontHeightsFromBytes(const QByteArray &bytes, QVector<DrawingFontHeight> *heights)
 {
     ByteReader reader(bytes);
-    const quint32 items = countOf(reader, kItemSize);
-    for (quint32 i = 0; i < items; ++i)
-        rest->items << itemOf(reader);
-    const quint32 fonts = countOf(reader, kLeastString + sizeof(double));
-    for (quint32 i = 0; i < fonts && reader.ok(); ++i) {
-        const QString fileName = textOf(reader);
-        rest->fontHeights << DrawingFontHeight{fileName, reader.real()};
-    }
+    *heights = fontHeightsOf(reader);
     return isWhole(reader);
+}
+
+bool restFromBytes(const QByteArray &bytes, QVector<KeyedFields> *fieldsOfItems,
+                   QVector<DrawingFontHeight> *heights)
+{
+    ByteReader reader(bytes);
+    const quint32 items = countOf(reader, kRestSize);
+    for (quint32 i = 0; i < items; ++i)
+        *fieldsOfItems << restOf(reader);
+    *heights = fontHeightsOf(reader);
+    return isWhole(reader);
+}
+
+QByteArray drawingExtrasToBytes(const DrawingExtras &extras)
+{
+    KeyedFields fields = extras.fields;
+    if (!extras.groupNames.isEmpty())
+        fields[kGroupNames] = groupNamesToBytes(extras.groupNames);
+    Writer out;
+    writeFields(out, fields);
+    return out.bytes;
+}
+
+bool drawingExtrasFromBytes(const QByteArray &bytes, DrawingExtras *extras)
+{
+    ByteReader reader(bytes);
+    extras->fields = fieldsOf(reader);
+    return isWhole(reader) &&
+           groupNamesFromBytes(extras->fields.take(kGroupNames), &extras->groupNames);
+}
+
+// As the studio has always written it: texts are UTF-16 here.
+QByteArray originToBytes(const DrawingOrigin &origin)
+{
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out.setVersion(kStreamVersion);
+    out << kOriginVersion << origin.path << origin.size << origin.modifiedMs;
+    return bytes;
+}
+
+bool originFromBytes(const QByteArray &bytes, DrawingOrigin *origin)
+{
+    QDataStream in(bytes);
+    in.setVersion(kStreamVersion);
+    quint32 version = 0;
+    in >> version >> origin->path >> origin->size >> origin->modifiedMs;
+    return in.status() == QDataStream::Ok && version == kOriginVersion;
 }
 
 QByteArray drawingsToBytes(const QVector<QPainterPath> &drawings)
@@ -252,6 +406,151 @@ bool drawingsFromBytes(const QByteArray &bytes, QVector<QPainterPath> *drawings)
         *drawings << drawing;
     }
     return isWhole(reader);
+}
+
+namespace itemfield {
+
+const QByteArray kBase = QByteArrayLiteral("BASE");
+const QByteArray kLine = QByteArrayLiteral("LINE");
+const QByteArray kDrawing = QByteArrayLiteral("PLOT");
+const QByteArray kSize = QByteArrayLiteral("SIZE");
+const QByteArray kZValue = QByteArrayLiteral("ZVAL");
+const QByteArray kVariants = QByteArrayLiteral("VARS");
+
+} // namespace itemfield
+
+QByteArray baseToBytes(const ShapeBaseFields &base)
+{
+    Writer out;
+    out << base.rectMm << base.transform << base.roundingTransform
+        << static_cast<qint32>(base.fill.fillType) << base.fill.spac << base.fill.angle
+        << base.fill.isEnableBorder << static_cast<quint8>(base.shapeType) << base.id
+        << base.lockAspectRatio << base.penId;
+    return out.bytes;
+}
+
+bool baseFromBytes(const QByteArray &bytes, ShapeBaseFields *base)
+{
+    ByteReader reader(bytes);
+    const QPointF topLeft = pointOf(reader);
+    const double width = reader.real();
+    base->rectMm = QRectF(topLeft, QSizeF(width, reader.real()));
+    base->transform = transformOf(reader);
+    base->roundingTransform = transformOf(reader);
+    base->fill.fillType = static_cast<FillType>(reader.number<qint32>());
+    base->fill.spac = reader.real();
+    base->fill.angle = reader.real();
+    base->fill.isEnableBorder = reader.byte() != 0;
+    base->shapeType = static_cast<ShapeType>(reader.byte());
+    base->id = reader.number<qint32>();
+    base->lockAspectRatio = reader.byte() != 0;
+    base->penId = reader.number<qint32>();
+    return isWhole(reader);
+}
+
+QByteArray lineToBytes(const QLineF &line)
+{
+    Writer out;
+    out << line;
+    return out.bytes;
+}
+
+bool lineFromBytes(const QByteArray &bytes, QLineF *line)
+{
+    ByteReader reader(bytes);
+    const QPointF from = pointOf(reader);
+    *line = QLineF(from, pointOf(reader));
+    return isWhole(reader);
+}
+
+QByteArray numberToBytes(qint32 number)
+{
+    Writer out;
+    out << number;
+    return out.bytes;
+}
+
+bool numberFromBytes(const QByteArray &bytes, qint32 *number)
+{
+    ByteReader reader(bytes);
+    *number = reader.number<qint32>();
+    return isWhole(reader);
+}
+
+QByteArray sizeToBytes(const QSizeF &size)
+{
+    Writer out;
+    out << size;
+    return out.bytes;
+}
+
+bool sizeFromBytes(const QByteArray &bytes, QSizeF *size)
+{
+    ByteReader reader(bytes);
+    const double width = reader.real();
+    *size = QSizeF(width, reader.real());
+    return isWhole(reader);
+}
+
+QByteArray realToBytes(double value)
+{
+    Writer out;
+    out << value;
+    return out.bytes;
+}
+
+bool realFromBytes(const QByteArray &bytes, double *value)
+{
+    ByteReader reader(bytes);
+    *value = reader.real();
+    return isWhole(reader);
+}
+
+QByteArray usesToBytes(const QVector<VariantTextUse> &uses)
+{
+    Writer out;
+    for (const VariantTextUse &use : uses)
+        out << use.entryId << use.turn;
+    return out.bytes;
+}
+
+bool usesFromBytes(const QByteArray &bytes, QVector<VariantTextUse> *uses)
+{
+    ByteReader reader(bytes);
+    while (reader.left() >= kUseSize) {
+        const auto id = reader.number<qint32>();
+        *uses << VariantTextUse{id, reader.number<qint32>()};
+    }
+    return isWhole(reader);
+}
+
+KeyedFields extraFieldsOf(const DrawingItem &item)
+{
+    KeyedFields fields = item.fields;
+    for (const QByteArray &key : {itemfield::kBase, itemfield::kLine, itemfield::kDrawing,
+                                  itemfield::kSize, itemfield::kZValue, itemfield::kVariants})
+        fields.remove(key);
+    return fields;
+}
+
+bool hasGoodFields(const DrawingItem &item, int drawings)
+{
+    ShapeBaseFields base;
+    QLineF line;
+    qint32 number = 0;
+    QSizeF size;
+    double value = 0.0;
+    QVector<VariantTextUse> uses;
+    const auto isNumberOfADrawing = [&](const QByteArray &bytes) {
+        return numberFromBytes(bytes, &number) && number >= 0 && number < drawings;
+    };
+    using Bytes = const QByteArray &;
+    return isGood(item, itemfield::kBase, [&](Bytes b) { return baseFromBytes(b, &base); }) &&
+           isGood(item, itemfield::kLine, [&](Bytes b) { return lineFromBytes(b, &line); }) &&
+           isGood(item, itemfield::kDrawing, isNumberOfADrawing) &&
+           isGood(item, itemfield::kSize, [&](Bytes b) { return sizeFromBytes(b, &size); }) &&
+           isGood(item, itemfield::kZValue, [&](Bytes b) { return realFromBytes(b, &value); }) &&
+           isGood(item, itemfield::kVariants, [&](Bytes b) { return usesFromBytes(b, &uses); });
 }
 
 } // namespace hostkit

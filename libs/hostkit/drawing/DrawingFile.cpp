@@ -1,126 +1,216 @@
 #include <hostkit/drawing/DrawingFile.h>
 
 #include <hostkit/drawing/DrawingContent_p.h>
-#include <hostkit/drawing/DrawingRefusal_p.h>
-#include <hostkit/drawing/DrawingSections_p.h>
-#include <hostkit/drawing/DrawingStream_p.h>
+#include <hostkit/drawing/DrawingFrame_p.h>
+#include <hostkit/drawing/ShapeRecords_p.h>
+#include <hostkit/setup/FileWriter.h>
 
 #include <QtCore/QBuffer>
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
-#include <QtCore/QSaveFile>
 #include <QtGui/QImageReader>
 
 #include <algorithm>
+#include <new>
 
 namespace hostkit {
 
 namespace {
 
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(hostkit::DrawingFile)
+};
+
 const QByteArray kMeta = QByteArrayLiteral("META");
 const QByteArray kPreview = QByteArrayLiteral("PREV");
-const QByteArray kStream = QByteArrayLiteral("STRM");
-const QByteArray kRest = QByteArrayLiteral("REST");
+const QByteArray kItems = QByteArrayLiteral("ITEM");
 const QByteArray kDrawings = QByteArrayLiteral("PLOT");
+const QByteArray kFonts = QByteArrayLiteral("FONT");
+const QByteArray kExtras = QByteArrayLiteral("XTRA");
+const QByteArray kOrigin = QByteArrayLiteral("rcvr");
+const QByteArray kStream = QByteArrayLiteral("STRM"); // of version 1
+const QByteArray kRest = QByteArrayLiteral("REST");   // of version 1
 constexpr int kPreviewSide = 256;
+constexpr int kPiece = 1024 * 1024;
 
-bool isKnown(const QByteArray &tag)
+QVector<QByteArray> knownTags()
 {
-    return tag == kMeta || tag == kPreview || tag == kStream || tag == kRest || tag == kDrawings;
+    return {kMeta, kPreview, kItems, kDrawings, kFonts, kExtras, kOrigin};
 }
 
-/** The sections of a file by tag, each known one at most once. */
+/** The sections of a file by tag. */
 class Sections
 {
 public:
-    explicit Sections(const QVector<DrawingSection> &all) : sections(all) {}
+    explicit Sections(const DrawingFrame &whole) : frame(whole) {}
 
     const DrawingSection *find(const QByteArray &tag) const
     {
-        const auto found = std::find_if(sections.begin(), sections.end(),
+        const auto found = std::find_if(frame.sections.begin(), frame.sections.end(),
                                         [&](const auto &section) { return section.tag == tag; });
-        return found != sections.end() ? &*found : nullptr;
+        return found != frame.sections.end() ? &*found : nullptr;
     }
 
     bool hasTwice(const QByteArray &tag) const
     {
-        return std::count_if(sections.begin(), sections.end(),
+        return std::count_if(frame.sections.begin(), frame.sections.end(),
                              [&](const auto &section) { return section.tag == tag; }) > 1;
     }
 
+    /** Reads a section that may be missing. */
+    template <class Read>
+    bool readIfThere(const QByteArray &tag, const Read &read, Failure *failure) const
+    {
+        const DrawingSection *section = find(tag);
+        return section == nullptr || read(section->bytes) ||
+               failDamaged(failure,
+                           Texts::tr("section %1 is out of step").arg(QString::fromLatin1(tag)));
+    }
+
+    bool isOfVersion1() const { return frame.version == 1; }
+
+    QVector<QByteArray> known() const
+    {
+        if (isOfVersion1())
+            return {kMeta, kPreview, kStream, kRest, kDrawings, kOrigin};
+        return knownTags();
+    }
+
 private:
-    const QVector<DrawingSection> &sections;
+    const DrawingFrame &frame;
 };
 
-bool checkSections(const Sections &sections, DrawingError *error)
+bool checkSections(const Sections &sections, Failure *failure)
 {
-    for (const QByteArray &tag : {kMeta, kPreview, kStream, kRest, kDrawings}) {
+    for (const QByteArray &tag : sections.known()) {
         if (sections.hasTwice(tag))
-            return refuseDamaged(
-                error, QStringLiteral("it has two sections %1").arg(QString::fromLatin1(tag)));
+            return failDamaged(failure,
+                               Texts::tr("it has two sections %1").arg(QString::fromLatin1(tag)));
     }
-    for (const QByteArray &tag : {kMeta, kStream}) {
+    for (const QByteArray &tag : {kMeta, sections.isOfVersion1() ? kStream : kItems}) {
         if (sections.find(tag) == nullptr)
-            return refuseDamaged(
-                error, QStringLiteral("it has no section %1").arg(QString::fromLatin1(tag)));
+            return failDamaged(failure,
+                               Texts::tr("it has no section %1").arg(QString::fromLatin1(tag)));
     }
-    if ((sections.find(kRest) == nullptr) != (sections.find(kDrawings) == nullptr))
-        return refuseDamaged(error,
-                             QStringLiteral("it has only one of the sections REST and PLOT"));
+    const bool hasRest = sections.find(kRest) != nullptr;
+    if (sections.isOfVersion1() && hasRest != (sections.find(kDrawings) != nullptr))
+        return failDamaged(failure, Texts::tr("it has only one of the sections REST and PLOT"));
     return true;
 }
 
-bool readRest(const Sections &sections, DrawingFile *drawing, DrawingError *error)
+/** Gives the polygons and imported drawings of a version-1 file what their stream lost. */
+bool takeRest(const QByteArray &bytes, DrawingFile *drawing, Failure *failure)
 {
-    drawing->hasRest = sections.find(kRest) != nullptr;
-    if (!drawing->hasRest)
-        return true;
-    if (!restFromBytes(sections.find(kRest)->bytes, &drawing->rest))
-        return refuseDamaged(error, QStringLiteral("section REST is out of step"));
-    if (!drawingsFromBytes(sections.find(kDrawings)->bytes, &drawing->rest.drawings))
-        return refuseDamaged(error, QStringLiteral("section PLOT is out of step"));
-    return true;
+    QVector<KeyedFields> fields;
+    if (!restFromBytes(bytes, &fields, &drawing->fontHeights))
+        return failDamaged(failure, Texts::tr("section REST is out of step"));
+    int next = 0;
+    for (DrawingItem &item : drawing->items) {
+        if (lacksBase(item.kind) && next++ < fields.size())
+            item.fields = fields[next - 1];
+    }
+    return next == fields.size() ||
+           failDamaged(failure, Texts::tr("section REST is not about its objects"));
+}
+
+bool readVersion1(const Sections &sections, DrawingFile *drawing, Failure *failure)
+{
+    QString reason;
+    if (!splitStream(sections.find(kStream)->bytes, &drawing->counters, &drawing->items, &reason))
+        return failDamaged(failure, reason);
+    const DrawingSection *rest = sections.find(kRest);
+    drawing->isBare = rest == nullptr;
+    return drawing->isBare || takeRest(rest->bytes, drawing, failure);
+}
+
+bool readVersion2(const Sections &sections, DrawingFile *drawing, Failure *failure)
+{
+    const auto items = [&](const QByteArray &bytes) {
+        return itemsFromBytes(bytes, &drawing->counters, &drawing->items);
+    };
+    const auto fonts = [&](const QByteArray &bytes) {
+        return fontHeightsFromBytes(bytes, &drawing->fontHeights);
+    };
+    const auto extras = [&](const QByteArray &bytes) {
+        return drawingExtrasFromBytes(bytes, &drawing->extras);
+    };
+    return sections.readIfThere(kItems, items, failure) &&
+           sections.readIfThere(kFonts, fonts, failure) &&
+           sections.readIfThere(kExtras, extras, failure);
 }
 
 QByteArray copied(const QByteArray &borrowed) { return {borrowed.constData(), borrowed.size()}; }
 
-bool readSections(const QVector<DrawingSection> &all, DrawingFile *drawing, DrawingError *error)
+bool readSections(const DrawingFrame &frame, DrawingFile *drawing, Failure *failure)
 {
-    const Sections sections(all);
-    if (!checkSections(sections, error))
+    const Sections sections(frame);
+    if (!checkSections(sections, failure))
         return false;
-    if (!metaFromBytes(sections.find(kMeta)->bytes, &drawing->meta))
-        return refuseDamaged(error, QStringLiteral("section META is out of step"));
+    drawing->version = frame.version;
     if (const DrawingSection *preview = sections.find(kPreview))
         drawing->previewPng = copied(preview->bytes);
-    drawing->stream = copied(sections.find(kStream)->bytes);
-    for (const DrawingSection &section : all) {
-        if (!isKnown(section.tag))
-            drawing->unknown << DrawingSection{copied(section.tag), copied(section.bytes)};
+    // An origin that makes no sense is none: the drawing is whole without it.
+    DrawingOrigin origin;
+    const DrawingSection *known = sections.find(kOrigin);
+    if (known != nullptr && originFromBytes(known->bytes, &origin))
+        drawing->origin = origin;
+    for (const DrawingSection &section : frame.sections) {
+        if (!sections.known().contains(section.tag))
+            drawing->extras.sections << DrawingSection{copied(section.tag), copied(section.bytes)};
     }
-    return readRest(sections, drawing, error) && checkDrawing(*drawing, error);
+    const auto meta = [&](const QByteArray &bytes) { return metaFromBytes(bytes, &drawing->meta); };
+    const auto drawings = [&](const QByteArray &bytes) {
+        return drawingsFromBytes(bytes, &drawing->drawings);
+    };
+    const auto readItems = sections.isOfVersion1() ? readVersion1 : readVersion2;
+    return sections.readIfThere(kMeta, meta, failure) && readItems(sections, drawing, failure) &&
+           sections.readIfThere(kDrawings, drawings, failure) && checkDrawing(*drawing, failure);
 }
 
-bool readAll(const QString &path, QByteArray *bytes, DrawingError *error)
+bool cannotRead(Failure *failure, const QString &why)
 {
-    const auto cannot = [error](const QString &why) {
-        return refuse(error, DrawingError::Kind::CannotRead, why);
-    };
+    return fail(failure, Failure::Kind::CannotRead, why);
+}
+
+QString tooLarge()
+{
+    return Texts::tr("larger than %1 MiB, the limit for a drawing")
+        .arg(kMaxDrawingBytes / (1024 * 1024));
+}
+
+/** As much as there is, in pieces: a file may grow or be no longer than its size says. */
+bool readPieces(QFile &file, QByteArray *bytes, Failure *failure)
+{
+    bytes->reserve(static_cast<int>(file.size()));
+    while (true) {
+        const QByteArray piece = file.read(kPiece);
+        if (piece.isEmpty())
+            break;
+        if (bytes->size() + piece.size() > kMaxDrawingBytes)
+            return cannotRead(failure, tooLarge());
+        bytes->append(piece);
+    }
+    return file.error() == QFileDevice::NoError ||
+           cannotRead(failure, Texts::tr("cannot be read: %1").arg(file.errorString()));
+}
+
+bool readAll(const QString &path, QByteArray *bytes, Failure *failure)
+{
     const QFileInfo info(path);
     if (!info.exists())
-        return cannot(QStringLiteral("no such file"));
+        return cannotRead(failure, Texts::tr("no such file"));
+    if (info.isDir())
+        return cannotRead(failure, Texts::tr("is a folder"));
     if (!info.isFile())
-        return cannot(info.isDir() ? QStringLiteral("is a folder")
-                                   : QStringLiteral("is no ordinary file"));
+        return cannotRead(failure, Texts::tr("is no ordinary file"));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return cannot(QStringLiteral("cannot be read: %1").arg(file.errorString()));
+        return cannotRead(failure, Texts::tr("cannot be read: %1").arg(file.errorString()));
     if (file.size() > kMaxDrawingBytes)
-        return cannot(QStringLiteral("larger than %1 MiB, the limit for a drawing")
-                          .arg(kMaxDrawingBytes / (1024 * 1024)));
-    *bytes = file.read(kMaxDrawingBytes);
-    if (file.error() != QFileDevice::NoError)
-        return cannot(QStringLiteral("cannot be read: %1").arg(file.errorString()));
-    return true;
+        return cannotRead(failure, tooLarge());
+    return readPieces(file, bytes, failure);
 }
 
 /** In as many steps as it takes: only a step that writes nothing knows why. */
@@ -136,89 +226,105 @@ bool writeAll(QIODevice &device, const QByteArray &bytes)
     return true;
 }
 
+bool readWhole(const QByteArray &bytes, DrawingFile *drawing, Failure *failure)
+{
+    DrawingFrame frame;
+    DrawingFile read;
+    if (!splitFrame(bytes, &frame, failure))
+        return false;
+    if (frame.streamVersion != kStreamVersion)
+        return fail(failure, Failure::Kind::NewerVersion,
+                    Texts::tr("holds data of stream version %1, this program reads %2")
+                        .arg(frame.streamVersion)
+                        .arg(kStreamVersion));
+    if (!readSections(frame, &read, failure))
+        return false;
+    *drawing = read;
+    return true;
+}
+
+/** Runs a step that takes as much memory as a file asks for. */
+template <class Step>
+bool within(const Step &step, Failure::Kind kind, Failure *failure)
+{
+    try {
+        return step();
+    } catch (const std::bad_alloc &) {
+        return fail(failure, kind, Texts::tr("needs more memory than there is"));
+    }
+}
+
 } // namespace
 
-bool checkDrawing(const DrawingFile &drawing, DrawingError *error)
+bool checkDrawing(const DrawingFile &drawing, Failure *failure)
 {
-    DrawingStreamIndex index;
     QString reason;
-    if (!indexDrawingStream(drawing.stream, &index, &reason))
-        return refuseDamaged(error, reason);
+    if (!checkCounters(drawing.counters, &reason))
+        return failDamaged(failure, reason);
     if (!drawing.meta.setup.isUsable())
-        return refuseDamaged(error, QStringLiteral("its millimetres have no size"));
-    if (!drawing.hasRest)
-        return true;
-    const auto shortRecords =
-        std::count_if(index.records.begin(), index.records.end(),
-                      [](const DrawingRecord &record) { return isShortRecord(record.type); });
-    if (shortRecords != drawing.rest.items.size())
-        return refuseDamaged(error, QStringLiteral("section REST is not about its objects"));
-    for (const DrawingItemRest &item : drawing.rest.items) {
-        if (item.drawing < -1 || item.drawing >= drawing.rest.drawings.size())
-            return refuseDamaged(error, QStringLiteral("section PLOT lacks a drawing"));
+        return failDamaged(failure, Texts::tr("its millimetres have no size"));
+    for (int i = 0; i < drawing.items.size(); ++i) {
+        const DrawingItem &item = drawing.items[i];
+        const auto type = libraryKind(item.kind);
+        if (type && !checkShapeRecord(*type, item.shape, &reason))
+            return failDamaged(failure, Texts::tr("%1, object %2").arg(reason).arg(i + 1));
+        if (!hasGoodFields(item, drawing.drawings.size()))
+            return failDamaged(failure, Texts::tr("object %1 is out of step").arg(i + 1));
     }
     return true;
 }
 
 QByteArray drawingToBytes(const DrawingFile &drawing)
 {
-    DrawingSections file;
-    file.streamVersion = static_cast<quint16>(kStreamVersion);
-    file.sections << DrawingSection{kMeta, metaToBytes(drawing.meta)};
+    DrawingFrame frame;
+    frame.streamVersion = static_cast<quint16>(kStreamVersion);
+    frame.sections << DrawingSection{kMeta, metaToBytes(drawing.meta)};
     if (!drawing.previewPng.isEmpty())
-        file.sections << DrawingSection{kPreview, drawing.previewPng};
-    file.sections << DrawingSection{kStream, drawing.stream};
-    if (drawing.hasRest) {
-        file.sections << DrawingSection{kRest, restToBytes(drawing.rest)};
-        file.sections << DrawingSection{kDrawings, drawingsToBytes(drawing.rest.drawings)};
+        frame.sections << DrawingSection{kPreview, drawing.previewPng};
+    frame.sections << DrawingSection{kItems, itemsToBytes(drawing.counters, drawing.items)};
+    if (!drawing.drawings.isEmpty())
+        frame.sections << DrawingSection{kDrawings, drawingsToBytes(drawing.drawings)};
+    if (!drawing.fontHeights.isEmpty())
+        frame.sections << DrawingSection{kFonts, fontHeightsToBytes(drawing.fontHeights)};
+    const QByteArray extras = drawingExtrasToBytes(drawing.extras);
+    if (!extras.isEmpty())
+        frame.sections << DrawingSection{kExtras, extras};
+    if (drawing.origin)
+        frame.sections << DrawingSection{kOrigin, originToBytes(*drawing.origin)};
+    for (const DrawingSection &section : drawing.extras.sections) {
+        if (!knownTags().contains(section.tag))
+            frame.sections << section;
     }
-    file.sections << drawing.unknown;
-    return joinSections(file);
+    return joinFrame(frame);
 }
 
-bool writeDrawing(const DrawingFile &drawing, const QString &path, DrawingError *error)
+bool writeDrawing(const DrawingFile &drawing, const QString &path, Failure *failure)
 {
-    const auto cannot = [error](const QString &why) {
-        return refuse(error, DrawingError::Kind::CannotWrite,
-                      QStringLiteral("cannot be written: %1").arg(why));
+    const auto write = [&] {
+        const QByteArray bytes = drawingToBytes(drawing);
+        if (bytes.isEmpty())
+            return fail(failure, Failure::Kind::CannotWrite,
+                        Texts::tr("cannot be written: the drawing is larger than %1 MiB")
+                            .arg(kMaxDrawingBytes / (1024 * 1024)));
+        return saveWhole(
+            path, [&bytes](QIODevice &device) { return writeAll(device, bytes); }, failure);
     };
-    // A pipe or a device would be replaced by a file.
-    if (QFileInfo::exists(path) && !QFileInfo(path).isFile())
-        return cannot(QStringLiteral("is no ordinary file"));
-    const QByteArray bytes = drawingToBytes(drawing);
-    if (bytes.isEmpty())
-        return cannot(QStringLiteral("the drawing is larger than %1 MiB")
-                          .arg(kMaxDrawingBytes / (1024 * 1024)));
-    QSaveFile file(path);
-    // Unbuffered: QSaveFile does not notice when the last piece of its buffer finds no room.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return cannot(file.errorString());
-    if (!writeAll(file, bytes) || !file.commit())
-        return cannot(file.errorString());
-    return true;
+    return within(write, Failure::Kind::CannotWrite, failure);
 }
 
-bool readDrawing(const QByteArray &bytes, DrawingFile *drawing, DrawingError *error)
+bool readDrawing(const QByteArray &bytes, DrawingFile *drawing, Failure *failure)
 {
-    DrawingSections file;
-    DrawingFile read;
-    if (!splitSections(bytes, &file, error))
-        return false;
-    if (file.streamVersion != kStreamVersion)
-        return refuse(error, DrawingError::Kind::NewerVersion,
-                      QStringLiteral("holds data of stream version %1, this program reads %2")
-                          .arg(file.streamVersion)
-                          .arg(kStreamVersion));
-    if (!readSections(file.sections, &read, error))
-        return false;
-    *drawing = read;
-    return true;
+    return within([&] { return readWhole(bytes, drawing, failure); }, Failure::Kind::NotPossible,
+                  failure);
 }
 
-bool readDrawing(const QString &path, DrawingFile *drawing, DrawingError *error)
+bool readDrawing(const QString &path, DrawingFile *drawing, Failure *failure)
 {
-    QByteArray bytes;
-    return readAll(path, &bytes, error) && readDrawing(bytes, drawing, error);
+    const auto read = [&] {
+        QByteArray bytes;
+        return readAll(path, &bytes, failure) && readWhole(bytes, drawing, failure);
+    };
+    return within(read, Failure::Kind::NotPossible, failure);
 }
 
 // The size is looked at first: a small picture file can announce a gigantic picture.

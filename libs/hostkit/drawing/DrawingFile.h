@@ -1,16 +1,16 @@
 #pragma once
 
-#include <hostkit/drawing/DrawingError.h>
+#include <hostkit/drawing/DrawingExtras.h>
 #include <hostkit/drawing/DrawingSetup.h>
-
-#include <ZTDrawEngineLib/ZTDrawEngineLib.h>
+#include <hostkit/setup/Failure.h>
 
 #include <QtCore/QByteArray>
 #include <QtCore/QDateTime>
 #include <QtCore/QVector>
 #include <QtGui/QImage>
 #include <QtGui/QPainterPath>
-#include <QtGui/QTransform>
+
+#include <optional>
 
 namespace hostkit {
 
@@ -30,60 +30,47 @@ struct DrawingMeta
     QVector<DrawingPen> pens; ///< the pens in use, by id
 };
 
-/** What the document stream does not hold of a polygon or of an imported drawing. */
-struct DrawingItemRest
-{
-    QRectF rectMm;
-    QTransform transform;
-    QTransform roundingTransform;
-    ZTFillParam fill;
-    ShapeType shapeType = ShapeType::None; ///< the one that the shape carries itself
-    qint32 id = 0;
-    bool lockAspectRatio = false;
-    qint32 penId = 1;
-    qint32 drawing = -1; ///< which of `DrawingRest::drawings`; -1: none, or not an imported one
-};
-
 /** Text height of a stroke font, which all texts in it share. */
 struct DrawingFontHeight
 {
     QString fileName;
-    double height = 0.0;
+    double height = 0.0; ///< drawing units
 };
 
-/** All that the document stream loses of a drawing. */
-struct DrawingRest
+/**
+ * Where the drawing in a recovery file belongs. It is about that very file: it stays behind when
+ * the drawing is put into a document.
+ */
+struct DrawingOrigin
 {
-    QVector<DrawingItemRest> items; ///< of each polygon and imported drawing, from the lowest up
-    QVector<DrawingFontHeight> fontHeights;
-    QVector<QPainterPath> drawings; ///< imported plotter drawings, millimetres; each one once
-};
-
-/** A section that this version does not know. */
-struct DrawingSection
-{
-    QByteArray tag; ///< four bytes
-    QByteArray bytes;
+    QString path;          ///< file of the drawing; empty for one that was never saved
+    qint64 size = -1;       ///< of that file in bytes when the studio read or wrote it; -1: none
+    qint64 modifiedMs = -1; ///< since 1970-01-01 00:00 UTC; -1: no file
 };
 
 /**
  * A drawing as a file holds it, away from any document: a value, which may be taken to another
  * thread. `docs/formats/drawing-file.md` tells the bytes.
  *
- * captureDrawing (DrawingSnapshot.h) fills one from a document; applyDrawing loads one.
+ * captureDrawing (DrawingCapture.h) fills one from a document; applyDrawing (DrawingLoader.h) puts
+ * one into a document.
  */
 struct DrawingFile
 {
+    quint16 version = 0; ///< of the format it was read from; writing gives the latest
+    bool isBare = false; ///< of version 1, without what its document stream loses
     DrawingMeta meta;
-    QByteArray previewPng; ///< may be empty
-    QByteArray stream;     ///< what `ZTShapeManager::save` wrote
-    bool hasRest = false;  ///< false: a bare stream, which loads as the library loads it
-    DrawingRest rest;
-    QVector<DrawingSection> unknown; ///< kept through a save, in their order
+    QByteArray previewPng;          ///< may be empty
+    QByteArray counters;            ///< registry of variant texts, then the next id
+    QVector<DrawingItem> items;     ///< lowest first
+    QVector<QPainterPath> drawings; ///< imported plotter drawings, millimetres; each one once
+    QVector<DrawingFontHeight> fontHeights;
+    DrawingExtras extras;                ///< its foreign items stand among `items`, until applied
+    std::optional<DrawingOrigin> origin; ///< of a recovery file
 };
 
-/** The version of the format that is written, and the only one that is read. */
-constexpr quint16 kDrawingFormatVersion = 1;
+/** The version of the format that is written. All versions from 1 on are read. */
+constexpr quint16 kDrawingFormatVersion = 2;
 
 /** Whether a file that begins with these bytes says of itself that it is a drawing. */
 bool hasDrawingMagic(const QByteArray &start);
@@ -98,16 +85,16 @@ QByteArray drawingToBytes(const DrawingFile &drawing);
  * Writes a drawing: at any moment, whatever happens, the old file or the new one is there, whole.
  * Failure: false with the reason; the old file stays.
  */
-bool writeDrawing(const DrawingFile &drawing, const QString &path, DrawingError *error);
+bool writeDrawing(const DrawingFile &drawing, const QString &path, Failure *failure);
 
 /**
- * Reads a drawing and checks everything: each byte is covered by a checksum, and what the document
- * stream says of itself is compared with what is there. Touches no document.
+ * Reads a drawing and checks everything: each byte is covered by a checksum, and every record of
+ * the library's own kinds is walked from end to end. Touches no document.
  *
  * Failure: false with the reason, and `drawing` stays as it was.
  */
-bool readDrawing(const QByteArray &bytes, DrawingFile *drawing, DrawingError *error);
-bool readDrawing(const QString &path, DrawingFile *drawing, DrawingError *error);
+bool readDrawing(const QByteArray &bytes, DrawingFile *drawing, Failure *failure);
+bool readDrawing(const QString &path, DrawingFile *drawing, Failure *failure);
 
 /** The picture of the drawing, at most 256 pixels wide and high; null when there is none. */
 QImage drawingPreview(const DrawingFile &drawing);

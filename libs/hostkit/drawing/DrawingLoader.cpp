@@ -1,17 +1,20 @@
-#include <hostkit/drawing/DrawingLoader_p.h>
+#include <hostkit/drawing/DrawingLoader.h>
 
 #include <hostkit/drawing/DrawingContent_p.h>
-#include <hostkit/drawing/DrawingRefusal_p.h>
-#include <hostkit/drawing/DrawingStream_p.h>
+#include <hostkit/drawing/ShapeRecords_p.h>
 #include <hostkit/text/StrokeFontHeights_p.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 #include <QtCore/QBuffer>
+#include <QtCore/QCoreApplication>
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QFileInfo>
 #include <QtGui/QFontDatabase>
+#include <QtWidgets/QUndoStack>
 
+#include <algorithm>
+#include <exception>
 #include <memory>
 #include <new>
 #include <set>
@@ -23,10 +26,15 @@ namespace {
 
 constexpr qint64 kPieceMs = 40; // between two calls of the progress function
 
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(hostkit::DrawingLoader)
+};
+
 /** Big-endian and of the drawing's version, as every stream over a drawing's bytes is. */
 void prepare(QDataStream &stream) { stream.setVersion(kStreamVersion); }
 
-void restore(ZTShapeBase &shape, const DrawingItemRest &kept)
+void restore(ZTShapeBase &shape, const ShapeBaseFields &kept)
 {
     shape.setRect(kept.rectMm);
     shape.getTransformParam() = kept.transform;
@@ -105,152 +113,246 @@ private:
     const QVector<DrawingFontHeight> &heights;
 };
 
+/** Puts the registry of variant texts and the next id in the place of those there are. */
+void replaceCounters(const QByteArray &counters, ZTGraphicsDocument &document)
+{
+    // By the library's own loader, as a stream that announces no item.
+    QByteArray bytes = counters;
+    bytes.append(int(sizeof(qint32)), '\0');
+    QDataStream stream(bytes);
+    prepare(stream);
+    ZTVariantTextManager::getInstance()->deleteAll();
+    document.itemMag()->load(stream);
+}
+
+/** Which shape uses which entry of the registry, in the order in which a flush gives them texts. */
+struct RegistryUse
+{
+    VariantTextUse use;
+    ZTTextShapeBase *shape = nullptr;
+};
+
+void addUses(std::vector<RegistryUse> uses)
+{
+    std::stable_sort(uses.begin(), uses.end(),
+                     [](const auto &a, const auto &b) { return a.use.turn < b.use.turn; });
+    for (const RegistryUse &one : uses)
+        ZTVariantTextManager::getInstance()->appendItem(one.use.entryId, one.shape);
+}
+
+/** The registry and the next id as they are, to be put back. */
+class KeptCounters
+{
+public:
+    explicit KeptCounters(ZTGraphicsDocument &kept) : document(kept)
+    {
+        ZTVariantTextManager &registry = *ZTVariantTextManager::getInstance();
+        QDataStream stream(&counters, QIODevice::WriteOnly);
+        prepare(stream);
+        registry.save(stream);
+        stream << static_cast<qint32>(document.itemMag()->getNextShapeId());
+        for (const int id : registry.getIds()) {
+            qint32 turn = 0;
+            for (ZTTextShapeBase *shape : registry.getShapes(id))
+                uses.push_back({{id, turn++}, shape});
+        }
+    }
+
+    void putBack() const
+    {
+        replaceCounters(counters, document);
+        addUses(uses);
+    }
+
+private:
+    ZTGraphicsDocument &document;
+    QByteArray counters;
+    std::vector<RegistryUse> uses;
+};
+
 /** Builds the items of a drawing, in no scene, and hands them over at the end. */
 class Loader
 {
 public:
     Loader(const DrawingLoad &how, const DrawingFile &source, ZTGraphicsDocument &target)
         : load(how), drawing(source), document(target), ownSetup(DrawingSetup::of(target)),
-          ownHeights(strokeFontHeights(shapeItemsOf(target))), buffer(&bytes), stream(&buffer)
+          ownHeights(strokeFontHeights(shapeItemsOf(target))), extras(source.extras)
     {
-        bytes = source.stream;
-        buffer.open(QIODevice::ReadOnly);
-        prepare(stream);
     }
 
-    bool build(DrawingError *error);
+    bool build(Failure *failure);
     void handOver();
-    QStringList missingFonts() const { return fonts.missing(); }
+    DrawingReport report() const;
 
 private:
-    int doneItems() const { return static_cast<int>(items.size()); }
-    bool buildSome(DrawingError *error);
-    bool buildNext(DrawingError *error);
-    bool keep(std::unique_ptr<ZTAbstractGraphicsItem> item, DrawingError *error);
-    void fillShape(ZTAbstractGraphicsItem &item, const DrawingRecord &record);
-    bool takeGraphic(ZTShapeBase &shape, const DrawingRecord &record);
-    void takeText(ZTShapeText &text, const DrawingRecord &record);
+    using Item = std::unique_ptr<ZTAbstractGraphicsItem>;
+
+    bool buildSome(Failure *failure);
+    bool buildNext(Failure *failure);
+    bool keep(Item item, Failure *failure);
+    void keepForeign(int place);
+    void fill(ZTAbstractGraphicsItem &item, const DrawingItem &record);
+    void fillShape(ZTAbstractGraphicsItem &item, const DrawingItem &record);
+    bool takeGraphic(ZTShapeBase &shape, const DrawingItem &record);
+    void takeDrawing(ZTShapeBase &shape, const DrawingItem &record);
+    void takeText(ZTShapeText &text, const DrawingItem &record);
+    void takeUses(ZTShapeBase &shape, const DrawingItem &record);
     void redrawStrokeTexts();
-    void takeCounters();
+    void takeOwnPlace();
+    void addItems();
+    void removeOldDrawing(int rows, const QList<ZTAbstractGraphicsItem *> &old);
 
     const DrawingLoad &load;
     const DrawingFile &drawing;
     ZTGraphicsDocument &document;
     const DrawingSetup ownSetup;
     const QVector<DrawingFontHeight> ownHeights;
-    DrawingStreamIndex index;
-    QByteArray bytes;
-    QBuffer buffer;
-    QDataStream stream;
-    std::vector<std::unique_ptr<ZTAbstractGraphicsItem>> items;
+    DrawingExtras extras;
+    int next = 0; ///< record to be built
+    std::vector<Item> items;
+    QList<ZTAbstractGraphicsItem *> added; ///< those that the scene has
+    std::vector<RegistryUse> uses;
     qint64 pieces = 0; ///< points and hatch lines of the items so far
-    int nextRest = 0;
     FontCheck fonts;
 };
 
-bool Loader::build(DrawingError *error)
+bool Loader::build(Failure *failure)
 {
-    QString reason;
-    if (!checkDrawing(drawing, error) || !indexDrawingStream(drawing.stream, &index, &reason))
+    if (!checkDrawing(drawing, failure))
         return false;
-    const int total = index.records.size();
+    const int total = drawing.items.size();
     items.reserve(static_cast<std::size_t>(total));
-    while (doneItems() < total) {
-        if (!buildSome(error))
+    while (next < total) {
+        if (!buildSome(failure))
             return false;
-        if (load.progress && !load.progress(doneItems(), total)) {
-            return refuse(error, DrawingError::Kind::Cancelled, QStringLiteral("cancelled"));
-        }
+        if (load.progress && !load.progress(next, total))
+            return fail(failure, Failure::Kind::Cancelled, Texts::tr("cancelled"));
     }
     return true;
 }
 
 /** As much as fits between two calls of the progress function. */
-bool Loader::buildSome(DrawingError *error)
+bool Loader::buildSome(Failure *failure)
 {
     const BorrowedSetup borrowed(drawing.meta.setup, ownSetup, ownHeights);
     QElapsedTimer sinceStart;
     sinceStart.start();
     bool isGood = true;
-    while (isGood && doneItems() < index.records.size() && !sinceStart.hasExpired(kPieceMs))
-        isGood = buildNext(error);
+    while (isGood && next < drawing.items.size() && !sinceStart.hasExpired(kPieceMs))
+        isGood = buildNext(failure);
     return isGood;
 }
 
-bool Loader::buildNext(DrawingError *error)
+bool Loader::buildNext(Failure *failure)
 {
-    const DrawingRecord &record = index.records[doneItems()];
-    const char *kind = ShapeType2String(record.type);
-    std::unique_ptr<ZTAbstractGraphicsItem> item(ZTGraphicsItemFactory::create(kind));
+    const int place = next++;
+    const DrawingItem &record = drawing.items[place];
+    Item item(ZTGraphicsItemFactory::create(record.kind.toStdString()));
     if (!item || item->getShapeBase() == nullptr) {
-        *error = {
-            DrawingError::Kind::NotLoadable,
-            QStringLiteral("this program makes no objects of kind %1").arg(QLatin1String(kind))};
-        return false;
+        keepForeign(place);
+        return true;
     }
-    QPointF posPx;
-    buffer.seek(record.begin + 1);
-    stream >> posPx;
-    fillShape(*item, record);
-    item->setPos(posPx);
-    item->setShapeType(record.type);
-    return keep(std::move(item), error);
+    fill(*item, record);
+    return keep(std::move(item), failure);
+}
+
+void Loader::keepForeign(int place)
+{
+    ForeignItem kept{place, drawing.items[place], {}};
+    qint32 number = -1;
+    if (numberFromBytes(kept.item.fields.take(itemfield::kDrawing), &number))
+        kept.drawing = drawing.drawings[number];
+    extras.foreignItems << kept;
 }
 
 /**
  * Keeps an item, unless those so far have become too much: small records can ask for shapes that
  * are each within the library's limits and together beyond any memory.
  */
-bool Loader::keep(std::unique_ptr<ZTAbstractGraphicsItem> item, DrawingError *error)
+bool Loader::keep(Item item, Failure *failure)
 {
     const ZTShapeBase &shape = *item->getShapeBase();
     pieces += shape.getLines().elementCount() + shape.getFillLines().size();
-    if (pieces > load.maxPieces) {
-        return refuse(
-            error, DrawingError::Kind::NotLoadable,
-            QStringLiteral("holds more than %1 points and hatch lines").arg(load.maxPieces));
-    }
+    if (pieces > load.maxPieces)
+        return fail(failure, Failure::Kind::NotPossible,
+                    Texts::tr("holds more than %1 points and hatch lines").arg(load.maxPieces));
     items.push_back(std::move(item));
     return true;
 }
 
-void Loader::fillShape(ZTAbstractGraphicsItem &item, const DrawingRecord &record)
+void Loader::fill(ZTAbstractGraphicsItem &item, const DrawingItem &record)
+{
+    fillShape(item, record);
+    item.setPos(record.posPx);
+    item.setShapeType(record.type);
+    if (record.kind != ShapeType2String(record.type))
+        setItemKind(item, record.kind);
+    QSizeF sizePx;
+    if (sizeFromBytes(record.fields.value(itemfield::kSize), &sizePx))
+        item.setSize(sizePx);
+    double zValue = 0.0;
+    if (realFromBytes(record.fields.value(itemfield::kZValue), &zValue))
+        item.setZValue(zValue);
+    setItemExtras(item, extrasFromFields(extraFieldsOf(record)));
+}
+
+void Loader::fillShape(ZTAbstractGraphicsItem &item, const DrawingItem &record)
 {
     ZTShapeBase &shape = *item.getShapeBase();
-    if (!takeGraphic(shape, record))
+    if (!takeGraphic(shape, record)) {
+        QDataStream stream(record.shape);
+        prepare(stream);
         item.load(stream);
-    if (drawing.hasRest && isShortRecord(record.type))
-        restore(shape, drawing.rest.items[nextRest++]);
+    }
+    takeDrawing(shape, record);
+    ShapeBaseFields base;
+    if (baseFromBytes(record.fields.value(itemfield::kBase), &base))
+        restore(shape, base);
+    auto *line = dynamic_cast<ZTLineShape *>(&shape);
+    QLineF lineMm;
+    if (line != nullptr && lineFromBytes(record.fields.value(itemfield::kLine), &lineMm))
+        line->setLine(lineMm);
     if (ZTShapeText *text = textOf(item))
         takeText(*text, record);
+    takeUses(shape, record);
 }
 
 /**
  * An imported drawing comes with the file. Without it the library opens the file behind the path,
  * as it does; but a path may name a pipe or a device that never ends.
  */
-bool Loader::takeGraphic(ZTShapeBase &shape, const DrawingRecord &record)
+bool Loader::takeGraphic(ZTShapeBase &shape, const DrawingItem &record)
+{
+    auto *graphic = dynamic_cast<ZTVecGraph *>(&shape);
+    if (graphic == nullptr || libraryKind(record.kind) != ShapeType::VecGraph)
+        return false;
+    QString path;
+    QDataStream stream(record.shape);
+    prepare(stream);
+    stream >> path;
+    const QFileInfo file(path);
+    if (drawing.isBare && (!file.exists() || file.isFile()))
+        return false;
+    graphic->setDrawing(QPainterPath(), path);
+    return true;
+}
+
+void Loader::takeDrawing(ZTShapeBase &shape, const DrawingItem &record)
 {
     auto *graphic = dynamic_cast<ZTVecGraph *>(&shape);
     if (graphic == nullptr)
-        return false;
-    QString path;
-    stream >> path;
-    buffer.seek(record.shape);
-    const QFileInfo file(path);
-    if (!drawing.hasRest && (!file.exists() || file.isFile()))
-        return false;
-    const int number = drawing.hasRest ? drawing.rest.items[nextRest].drawing : -1;
-    graphic->setDrawing(number < 0 ? QPainterPath() : drawing.rest.drawings[number], path);
+        return;
+    qint32 number = -1;
+    if (numberFromBytes(record.fields.value(itemfield::kDrawing), &number))
+        graphic->setDrawing(drawing.drawings[number], graphic->getImagePath());
     graphic->paint();
-    return true;
 }
 
 /**
  * Loading gives a text the rectangle of its font; what was saved may be another one. And a text
  * that names no stroke fonts keeps those that every new text has at hand.
  */
-void Loader::takeText(ZTShapeText &text, const DrawingRecord &record)
+void Loader::takeText(ZTShapeText &text, const DrawingItem &record)
 {
     fonts.look(text);
     ZTShxFontParam strokeFont = text.getFont().shxFont;
@@ -259,8 +361,11 @@ void Loader::takeText(ZTShapeText &text, const DrawingRecord &record)
         strokeFont.parser = ZTRegBigFontShxParser();
         text.setFont(strokeFont);
     }
+    if (libraryKind(record.kind) != ShapeType::Text)
+        return;
     QRectF savedMm;
-    buffer.seek(record.shape);
+    QDataStream stream(record.shape);
+    prepare(stream);
     stream >> savedMm;
     if (text.getRect() == savedMm)
         return;
@@ -268,22 +373,67 @@ void Loader::takeText(ZTShapeText &text, const DrawingRecord &record)
     text.paint();
 }
 
+void Loader::takeUses(ZTShapeBase &shape, const DrawingItem &record)
+{
+    auto *text = dynamic_cast<ZTTextShapeBase *>(&shape);
+    QVector<VariantTextUse> found;
+    if (text == nullptr || !usesFromBytes(record.fields.value(itemfield::kVariants), &found))
+        return;
+    for (const VariantTextUse &use : found)
+        uses.push_back({use, text});
+}
+
+/** Whatever fails here, the old drawing is as it was: nothing of it goes before all is in. */
 void Loader::handOver()
 {
+    const KeptCounters ownCounters(document);
+    const QVector<ZTAbstractGraphicsItem *> before = shapeItemsOf(document);
+    const QList<ZTAbstractGraphicsItem *> old(before.begin(), before.end());
+    auto *model = qobject_cast<ZTItemModel *>(document.itemMag()->itemModel());
+    const int rows = model->rowCount();
+    try {
+        takeOwnPlace();
+        addItems();
+        replaceCounters(drawing.counters, document);
+        addUses(uses);
+        setDrawingExtras(document, extras);
+    } catch (...) {
+        model->removeRows(rows, model->rowCount() - rows);
+        document.itemMag()->scene()->deleteItems(added);
+        ownCounters.putBack();
+        ownSetup.applyTo(document);
+        setStrokeFontHeights(ownHeights);
+        throw;
+    }
+    removeOldDrawing(rows, old);
+}
+
+/** The process and the document as the drawing's shapes need them. */
+void Loader::takeOwnPlace()
+{
     drawing.meta.setup.applyTo(document);
-    setStrokeFontHeights(drawing.rest.fontHeights);
+    setStrokeFontHeights(drawing.fontHeights);
     redrawStrokeTexts();
-    document.clear();
-    takeCounters();
+}
+
+void Loader::addItems()
+{
     ZTGraphicsScene *scene = document.itemMag()->scene();
     auto *model = qobject_cast<ZTItemModel *>(document.itemMag()->itemModel());
-    for (auto &item : items) {
-        ZTAbstractGraphicsItem *taken = item.release();
-        scene->addItem(taken);
-        model->insert(taken->getShapeType(), taken);
+    added.reserve(static_cast<int>(items.size()));
+    for (Item &item : items) {
+        scene->addItem(item.get());
+        added << item.release(); // the scene's now
+        model->insert(added.last()->getShapeType(), added.last());
     }
-    items.clear();
-    scene->update(QRectF());
+}
+
+void Loader::removeOldDrawing(int rows, const QList<ZTAbstractGraphicsItem *> &old)
+{
+    document.undoStack()->clear();
+    document.itemMag()->itemModel()->removeRows(0, rows);
+    document.itemMag()->scene()->deleteItems(old);
+    document.itemMag()->scene()->update(QRectF());
 }
 
 void Loader::redrawStrokeTexts()
@@ -297,45 +447,39 @@ void Loader::redrawStrokeTexts()
     }
 }
 
-/** Variant texts and next id, by the library's own loader, of a stream that announces no item. */
-void Loader::takeCounters()
+DrawingReport Loader::report() const
 {
-    QByteArray counters = drawing.stream.left(index.counters + int(sizeof(qint32)));
-    counters.append(int(sizeof(qint32)), '\0');
-    QDataStream countersStream(counters);
-    prepare(countersStream);
-    document.itemMag()->load(countersStream);
-}
-
-/** Qt throws when there is no memory for a shape; the items so far make room again. */
-bool buildWithin(Loader &loader, DrawingError *error)
-{
-    try {
-        return loader.build(error);
-    } catch (const std::bad_alloc &) {
-        return refuse(error, DrawingError::Kind::NotLoadable,
-                      QStringLiteral("needs more memory than there is"));
-    }
+    DrawingReport told;
+    told.missingFonts = fonts.missing();
+    for (const ForeignItem &kept : extras.foreignItems)
+        ++told.unknownKinds[QString::fromUtf8(kept.item.kind)];
+    return told;
 }
 
 } // namespace
 
-bool applyDrawing(const DrawingFile &drawing, ZTGraphicsDocument &document,
-                  const DrawingProgress &progress, DrawingReport *report, DrawingError *error)
+// Qt and shapes throw when there is no memory; what was built so far makes room again.
+bool applyDrawing(const DrawingFile &drawing, ZTGraphicsDocument &document, const DrawingLoad &load,
+                  DrawingReport *report, Failure *failure)
 {
-    return applyWithin({progress}, drawing, document, report, error);
-}
-
-bool applyWithin(const DrawingLoad &load, const DrawingFile &drawing, ZTGraphicsDocument &document,
-                 DrawingReport *report, DrawingError *error)
-{
-    Loader loader(load, drawing, document);
-    if (!buildWithin(loader, error))
-        return false;
-    loader.handOver();
-    if (report != nullptr)
-        report->missingFonts = loader.missingFonts();
-    return true;
+    try {
+        Loader loader(load, drawing, document);
+        if (!loader.build(failure))
+            return false;
+        const DrawingReport told = loader.report();
+        loader.handOver();
+        if (report != nullptr)
+            *report = told;
+        return true;
+    } catch (const std::bad_alloc &) {
+        return fail(failure, Failure::Kind::NotPossible,
+                    Texts::tr("needs more memory than there is"));
+    } catch (const std::exception &problem) {
+        return fail(failure, Failure::Kind::NotPossible,
+                    Texts::tr("cannot be built: %1").arg(QString::fromLocal8Bit(problem.what())));
+    } catch (...) {
+        return fail(failure, Failure::Kind::NotPossible, Texts::tr("cannot be built"));
+    }
 }
 
 } // namespace hostkit

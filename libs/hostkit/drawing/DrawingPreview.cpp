@@ -1,8 +1,8 @@
 #include <hostkit/drawing/DrawingPreview_p.h>
 
 #include <hostkit/marks/DrawingPicture.h>
+#include <hostkit/setup/FileWriter.h>
 #include <hostkit/text/StrokeFontHeights_p.h>
-#include <hostkit/setup/WholeFile_p.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
@@ -26,6 +26,8 @@ QRectF extentOf(const QVector<ZTAbstractGraphicsItem *> &items)
 {
     QRectF extentPx;
     for (const ZTAbstractGraphicsItem *item : items) {
+        if (!item->isVisible())
+            continue;
         const QRectF boxPx = item->mapRectToScene(item->boundingRect());
         if (std::isfinite(boxPx.x() + boxPx.y() + boxPx.width() + boxPx.height()))
             extentPx |= boxPx;
@@ -107,7 +109,7 @@ QImage drawItems(const QVector<ZTAbstractGraphicsItem *> &items, int longerSideP
                                  QTransform::fromTranslate(kMargin, kMargin);
     Places places(items.size(), toPicture);
     for (ZTAbstractGraphicsItem *item : items) {
-        if (crowd == Crowd::Thinned && !places.isNew(*item))
+        if (!item->isVisible() || (crowd == Crowd::Thinned && !places.isNew(*item)))
             continue;
         painter.setTransform(item->sceneTransform() * toPicture);
         item->paint(&painter, nullptr);
@@ -145,8 +147,12 @@ bool saveDrawingPicture(const ZTGraphicsDocument &document, int longerSidePx, co
     }
     // The encoder prints to stderr when its device fails, so it does not get to see the file.
     const QByteArray png = pngOf(image);
-    return saveWhole(
-        path, [&png](QIODevice &device) { return device.write(png) == png.size(); }, error);
+    Failure failure;
+    const bool isSaved = saveWhole(
+        path, [&png](QIODevice &device) { return device.write(png) == png.size(); }, &failure);
+    if (!isSaved && error != nullptr)
+        *error = failure.reason;
+    return isSaved;
 }
 
 } // namespace hostkit

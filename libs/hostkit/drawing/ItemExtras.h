@@ -10,7 +10,11 @@ class ZTAbstractGraphicsItem;
 
 namespace hostkit {
 
-/** Bytes under keys of four characters; what a program does not know it keeps and hands on. */
+/**
+ * Bytes under keys, which are short words: in capitals those of the file format, in small letters
+ * those of features, with a dot ("maker.word") those of other hosts. What a program does not know
+ * it keeps and hands on.
+ */
 using KeyedFields = QMap<QByteArray, QByteArray>;
 
 /**

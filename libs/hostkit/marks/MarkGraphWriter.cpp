@@ -1,7 +1,7 @@
 #include <hostkit/marks/MarkGraphWriter.h>
 
 #include <hostkit/marks/MarkGraphForms_p.h>
-#include <hostkit/setup/WholeFile_p.h>
+#include <hostkit/setup/FileWriter.h>
 
 #include <QtCore/QCoreApplication>
 
@@ -76,8 +76,12 @@ bool saveMarkGraph(const ZTMarkGraph &graph, const MarkUnits &units, const QStri
             *error = unknownExtension();
         return false;
     }
-    return saveWhole(
-        path, [&](QIODevice &device) { return form->write(graph, units, device); }, error);
+    Failure failure;
+    const bool isSaved = saveWhole(
+        path, [&](QIODevice &device) { return form->write(graph, units, device); }, &failure);
+    if (!isSaved && error != nullptr)
+        *error = failure.reason;
+    return isSaved;
 }
 
 } // namespace hostkit

@@ -195,7 +195,196 @@
     </message>
 </context>
 <context>
-    <name>hostkit::WholeFile</name>
+    <name>hostkit::DrawingCapture</name>
+    <message>
+        <source>its millimetres have no size</source>
+        <translation>其毫米没有大小</translation>
+    </message>
+    <message>
+        <source>needs more memory than there is</source>
+        <translation>所需内存超过可用内存</translation>
+    </message>
+    <message>
+        <source>object %1 is of no kind</source>
+        <translation>对象 %1 没有类型</translation>
+    </message>
+    <message>
+        <source>the drawing could not be loaded again: %1</source>
+        <translation>该图纸将无法再次载入：%1</translation>
+    </message>
+</context>
+<context>
+    <name>hostkit::DrawingFile</name>
+    <message>
+        <source>%1 at byte %2 of the drawing&apos;s data</source>
+        <translation>%1（图纸数据第 %2 字节处）</translation>
+    </message>
+    <message>
+        <source>%1 bytes follow its end</source>
+        <translation>结尾之后还有 %1 个字节</translation>
+    </message>
+    <message>
+        <source>%1, object %2</source>
+        <translation>%1，对象 %2</translation>
+    </message>
+    <message>
+        <source>a count of %1</source>
+        <translation>数目为 %1</translation>
+    </message>
+    <message>
+        <source>a section is longer than the file</source>
+        <translation>有一个区段比文件还长</translation>
+    </message>
+    <message>
+        <source>a text too long</source>
+        <translation>文本过长</translation>
+    </message>
+    <message>
+        <source>an object of kind %1</source>
+        <translation>类型为 %1 的对象</translation>
+    </message>
+    <message>
+        <source>an unknown variant text</source>
+        <translation>未知的可变文本</translation>
+    </message>
+    <message>
+        <source>cannot be read: %1</source>
+        <translation>无法读取：%1</translation>
+    </message>
+    <message>
+        <source>cannot be written: the drawing is larger than %1 MiB</source>
+        <translation>无法写入：图纸大于 %1 MiB</translation>
+    </message>
+    <message>
+        <source>half a character</source>
+        <translation>只有半个字符</translation>
+    </message>
+    <message>
+        <source>holds data of stream version %1, this program reads %2</source>
+        <translation>包含流版本 %1 的数据，本程序读取版本 %2</translation>
+    </message>
+    <message>
+        <source>is a folder</source>
+        <translation>是文件夹</translation>
+    </message>
+    <message>
+        <source>is empty</source>
+        <translation>是空文件</translation>
+    </message>
+    <message>
+        <source>is no ordinary file</source>
+        <translation>不是普通文件</translation>
+    </message>
+    <message>
+        <source>is not a drawing</source>
+        <translation>不是图纸</translation>
+    </message>
+    <message>
+        <source>it ends after %1 bytes</source>
+        <translation>在 %1 个字节后结束</translation>
+    </message>
+    <message>
+        <source>it ends after %1 of %2 bytes</source>
+        <translation>在 %2 个字节中的第 %1 个之后结束</translation>
+    </message>
+    <message>
+        <source>it ends early</source>
+        <translation>提前结束</translation>
+    </message>
+    <message>
+        <source>it has no section %1</source>
+        <translation>缺少区段 %1</translation>
+    </message>
+    <message>
+        <source>it has only one of the sections REST and PLOT</source>
+        <translation>REST 和 PLOT 两个区段只有其一</translation>
+    </message>
+    <message>
+        <source>it has two sections %1</source>
+        <translation>有两个 %1 区段</translation>
+    </message>
+    <message>
+        <source>its header does not match its checksum</source>
+        <translation>文件头与校验和不符</translation>
+    </message>
+    <message>
+        <source>its millimetres have no size</source>
+        <translation>其毫米没有大小</translation>
+    </message>
+    <message>
+        <source>its sections end before the file</source>
+        <translation>区段在文件结尾之前结束</translation>
+    </message>
+    <message>
+        <source>larger than %1 MiB, the limit for a drawing</source>
+        <translation>大于图纸上限 %1 MiB</translation>
+    </message>
+    <message>
+        <source>more than it announces</source>
+        <translation>内容比所声明的多</translation>
+    </message>
+    <message>
+        <source>needs more memory than there is</source>
+        <translation>所需内存超过可用内存</translation>
+    </message>
+    <message>
+        <source>no such file</source>
+        <translation>文件不存在</translation>
+    </message>
+    <message>
+        <source>object %1 is out of step</source>
+        <translation>对象 %1 的数据错位</translation>
+    </message>
+    <message>
+        <source>section %1 does not match its checksum</source>
+        <translation>区段 %1 与校验和不符</translation>
+    </message>
+    <message>
+        <source>section %1 is out of step</source>
+        <translation>区段 %1 的数据错位</translation>
+    </message>
+    <message>
+        <source>section REST is not about its objects</source>
+        <translation>区段 REST 与其对象不对应</translation>
+    </message>
+    <message>
+        <source>section REST is out of step</source>
+        <translation>区段 REST 的数据错位</translation>
+    </message>
+    <message>
+        <source>the drawing is damaged: %1</source>
+        <translation>图纸已损坏：%1</translation>
+    </message>
+    <message>
+        <source>was saved by a newer version of the program (file format %1, this program reads %2)</source>
+        <translation>由更新版本的程序保存（文件格式 %1，本程序读取 %2）</translation>
+    </message>
+</context>
+<context>
+    <name>hostkit::DrawingLoader</name>
+    <message>
+        <source>cancelled</source>
+        <translation>已取消</translation>
+    </message>
+    <message>
+        <source>cannot be built</source>
+        <translation>无法构建</translation>
+    </message>
+    <message>
+        <source>cannot be built: %1</source>
+        <translation>无法构建：%1</translation>
+    </message>
+    <message>
+        <source>holds more than %1 points and hatch lines</source>
+        <translation>包含超过 %1 个点和填充线</translation>
+    </message>
+    <message>
+        <source>needs more memory than there is</source>
+        <translation>所需内存超过可用内存</translation>
+    </message>
+</context>
+<context>
+    <name>hostkit::FileWriter</name>
     <message>
         <source>cannot be written: %1</source>
         <translation>无法写入：%1</translation>
@@ -203,6 +392,18 @@
     <message>
         <source>is a folder</source>
         <translation>是文件夹</translation>
+    </message>
+    <message>
+        <source>is no file name</source>
+        <translation>不是文件名</translation>
+    </message>
+    <message>
+        <source>is no ordinary file</source>
+        <translation>不是普通文件</translation>
+    </message>
+    <message>
+        <source>the file is write-protected</source>
+        <translation>文件有写保护</translation>
     </message>
     <message>
         <source>the folder does not exist</source>

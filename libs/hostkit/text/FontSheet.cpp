@@ -1,7 +1,7 @@
 #include <hostkit/text/FontSheet.h>
 
 #include <hostkit/marks/TextOutput_p.h>
-#include <hostkit/setup/WholeFile_p.h>
+#include <hostkit/setup/FileWriter.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
@@ -202,7 +202,11 @@ bool FontSheet::save(const QString &path, const QString &title, QString *error) 
         writeSvg(*this, title, device);
         return true;
     };
-    return saveWhole(path, write, error);
+    Failure failure;
+    const bool isSaved = saveWhole(path, write, &failure);
+    if (!isSaved && error != nullptr)
+        *error = failure.reason;
+    return isSaved;
 }
 
 } // namespace hostkit

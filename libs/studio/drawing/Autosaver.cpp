@@ -9,12 +9,16 @@ namespace studio {
 
 namespace {
 
-using hostkit::DrawingError;
+using hostkit::Failure;
 
-DrawingError written(const hostkit::DrawingFile &drawing, const QString &path)
+Failure written(const hostkit::DrawingFile &drawing, const QString &path)
 {
-    DrawingError error;
-    hostkit::writeDrawing(drawing, path, &error);
+    Failure error;
+    try {
+        hostkit::writeDrawing(drawing, path, &error);
+    } catch (...) {
+        error.kind = Failure::Kind::CannotWrite; // no memory, not even for a reason
+    }
     return error;
 }
 
@@ -62,12 +66,12 @@ bool Autosaver::prepare(hostkit::DrawingFile *drawing)
         tellOnce(reason);
         return false;
     }
-    DrawingError error;
+    Failure error;
     if (!session.capture(true, drawing, &error)) {
         tellOnce(error.reason);
         return false;
     }
-    addOrigin({session.path(), session.stamp()}, drawing);
+    setOrigin({session.path(), session.stamp()}, drawing);
     writingRevision = session.revision();
     return true;
 }
@@ -79,10 +83,10 @@ void Autosaver::start()
         timer.start();
         return;
     }
-    auto result = std::make_shared<std::promise<DrawingError>>();
+    auto result = std::make_shared<std::promise<Failure>>();
     writing = result->get_future();
     QThreadPool::globalInstance()->start([this, result, drawing, path = slot->path()] {
-        const DrawingError error = written(drawing, path);
+        const Failure error = written(drawing, path);
         // This object waits for the result before it goes.
         QMetaObject::invokeMethod(this, &Autosaver::finish, Qt::QueuedConnection);
         result->set_value(error);
@@ -95,9 +99,9 @@ void Autosaver::finish()
         take(writing.get());
 }
 
-void Autosaver::take(const DrawingError &error)
+void Autosaver::take(const Failure &error)
 {
-    if (error.kind == DrawingError::Kind::None) {
+    if (error.kind == Failure::Kind::None) {
         savedRevision = writingRevision;
         hasSaved = true;
         hasTold = false;

@@ -50,15 +50,15 @@ private:
     void start();
     bool prepare(hostkit::DrawingFile *drawing);
     void finish();
-    void take(const hostkit::DrawingError &result);
+    void take(const hostkit::Failure &result);
     void tellOnce(const QString &reason);
 
     DrawingSession &session;
     Messages &messages;
     QString folder;
     QTimer timer;
-    std::shared_ptr<RecoverySlot> slot;         ///< null before the first write
-    std::future<hostkit::DrawingError> writing; ///< valid while a write is under way
+    std::shared_ptr<RecoverySlot> slot;    ///< null before the first write
+    std::future<hostkit::Failure> writing; ///< valid while a write is under way
     quint64 writingRevision = 0;
     quint64 savedRevision = 0; ///< the revision that the recovery file holds
     bool hasSaved = false;

@@ -21,8 +21,8 @@ namespace studio {
 
 namespace {
 
-using hostkit::DrawingError;
 using hostkit::DrawingFile;
+using hostkit::Failure;
 
 const QString kFolderKey = QStringLiteral("drawing/folder");
 const QString kExtension = QStringLiteral("ztd");
@@ -40,11 +40,17 @@ QStringList nameFilters()
     return {DrawingFiles::tr("Drawings (*.ztd *.ZTD)"), DrawingFiles::tr("All files (*)")};
 }
 
+/** What a thread says that ended before it could say anything. */
+Failure unsaid()
+{
+    return {Failure::Kind::NotPossible, DrawingFiles::tr("there is not enough memory"), {}};
+}
+
 /** What a reading thread hands over. */
 struct ReadResult
 {
     DrawingFile file;
-    DrawingError error;
+    Failure error = unsaid();
 };
 
 } // namespace
@@ -71,7 +77,7 @@ void DrawingFiles::startNew()
 
 void DrawingFiles::empty()
 {
-    document.clear();
+    hostkit::clearDrawing(document);
     firstSetup.applyTo(document);
     drawing.startNew();
     Q_EMIT emptied();
@@ -105,25 +111,24 @@ bool DrawingFiles::load(const QString &path)
     if (busy)
         return false;
     DrawingFile file;
-    DrawingError error;
-    QStringList missingFonts;
+    Failure error;
+    hostkit::DrawingReport report;
     const FileStamp stamp = FileStamp::of(path);
     const QString label = tr("Opening %1...").arg(QFileInfo(path).fileName());
-    if (!read(path, &file, &error) || !apply(file, label, &error, &missingFonts)) {
+    if (!read(path, &file, &error) || !apply(file, label, &error, &report)) {
         failedToLoad(path, error);
         return false;
     }
-    drawing.setOpened(path, stamp, file.unknown);
+    drawing.setOpened(path, stamp);
     RecentDrawings::add(path);
     Q_EMIT loaded();
-    if (!missingFonts.isEmpty())
-        messages.warning(fontsMissing(path, missingFonts));
+    tell(report, path);
     return true;
 }
 
-void DrawingFiles::failedToLoad(const QString &path, const DrawingError &error)
+void DrawingFiles::failedToLoad(const QString &path, const Failure &error)
 {
-    if (error.kind == DrawingError::Kind::Cancelled)
+    if (error.kind == Failure::Kind::Cancelled)
         return;
     if (!QFileInfo::exists(path))
         RecentDrawings::remove(path);
@@ -131,31 +136,40 @@ void DrawingFiles::failedToLoad(const QString &path, const DrawingError &error)
 }
 
 // Reading and checking touch no document: they go on in a thread, even unheeded.
-bool DrawingFiles::read(const QString &path, DrawingFile *file, DrawingError *error)
+bool DrawingFiles::read(const QString &path, DrawingFile *file, Failure *error)
 {
     const QScopedValueRollback<bool> isBusy(busy, true);
     LongWork work(window, tr("Reading %1...").arg(QFileInfo(path).fileName()),
                   LongWork::Cancel::Possible, quietMs);
     const auto result = std::make_shared<ReadResult>();
-    if (!work.run([path, result] { hostkit::readDrawing(path, &result->file, &result->error); })) {
-        error->kind = DrawingError::Kind::Cancelled;
+    const auto job = [path, result] {
+        if (hostkit::readDrawing(path, &result->file, &result->error))
+            result->error = {};
+    };
+    if (!work.run(job)) {
+        error->kind = Failure::Kind::Cancelled;
         return false;
     }
     *file = std::move(result->file);
     *error = result->error;
-    return error->kind == DrawingError::Kind::None;
+    return error->kind == Failure::Kind::None;
 }
 
-bool DrawingFiles::apply(const DrawingFile &file, const QString &label, DrawingError *error,
-                         QStringList *missingFonts)
+bool DrawingFiles::apply(const DrawingFile &file, const QString &label, Failure *error,
+                         hostkit::DrawingReport *report)
 {
     const QScopedValueRollback<bool> isBusy(busy, true);
     LongWork work(window, label, LongWork::Cancel::Possible, quietMs);
-    hostkit::DrawingReport report;
     const auto progress = [&work](int done, int total) { return work.step(done, total); };
-    const bool isApplied = hostkit::applyDrawing(file, document, progress, &report, error);
-    *missingFonts = report.missingFonts;
-    return isApplied;
+    return hostkit::applyDrawing(file, document, {progress}, report, error);
+}
+
+void DrawingFiles::tell(const hostkit::DrawingReport &report, const QString &path)
+{
+    if (!report.missingFonts.isEmpty())
+        messages.warning(fontsMissing(path, report.missingFonts));
+    if (!report.unknownKinds.isEmpty())
+        messages.warning(kindsUnknown(path, report.unknownKinds));
 }
 
 bool DrawingFiles::recover(const RecoveryEntry &entry)
@@ -163,19 +177,17 @@ bool DrawingFiles::recover(const RecoveryEntry &entry)
     if (busy)
         return false;
     DrawingFile file;
-    DrawingError error;
-    QStringList missingFonts;
+    Failure error;
+    hostkit::DrawingReport report;
     const QString label = tr("Recovering %1...").arg(entry.name());
-    if (!read(entry.slot->path(), &file, &error) || !apply(file, label, &error, &missingFonts)) {
-        if (error.kind != DrawingError::Kind::Cancelled)
+    if (!read(entry.slot->path(), &file, &error) || !apply(file, label, &error, &report)) {
+        if (error.kind != Failure::Kind::Cancelled)
             messages.failure(notRecovered(entry.name(), error));
         return false;
     }
-    takeOrigin(&file);
-    drawing.setRecovered(entry.origin.path, entry.origin.stamp, file.unknown);
+    drawing.setRecovered(entry.origin.path, entry.origin.stamp);
     Q_EMIT loaded();
-    if (!missingFonts.isEmpty())
-        messages.warning(fontsMissing(entry.name(), missingFonts));
+    tell(report, entry.name());
     return true;
 }
 
@@ -302,7 +314,7 @@ bool DrawingFiles::saveTo(const QString &path)
     if (busy)
         return false;
     Q_EMIT settling();
-    DrawingError error;
+    Failure error;
     quint64 revision = 0;
     if (!write(path, &revision, &error)) {
         messages.failure(notSaved(path, error));
@@ -314,9 +326,9 @@ bool DrawingFiles::saveTo(const QString &path)
     return true;
 }
 
-// There is no way back once the file is being written; QSaveFile takes care that it is whole.
+// There is no way back once the file is being written; the writer takes care that it is whole.
 // `revision` is what goes into the file: the drawing may change while it is written.
-bool DrawingFiles::write(const QString &path, quint64 *revision, DrawingError *error)
+bool DrawingFiles::write(const QString &path, quint64 *revision, Failure *error)
 {
     const QScopedValueRollback<bool> isBusy(busy, true);
     LongWork work(window, tr("Saving %1...").arg(QFileInfo(path).fileName()),
@@ -325,10 +337,13 @@ bool DrawingFiles::write(const QString &path, quint64 *revision, DrawingError *e
     *revision = drawing.revision();
     if (!drawing.capture(true, file.get(), error))
         return false;
-    const auto result = std::make_shared<DrawingError>();
-    work.run([file, path, result] { hostkit::writeDrawing(*file, path, result.get()); });
+    const auto result = std::make_shared<Failure>(unsaid());
+    work.run([file, path, result] {
+        if (hostkit::writeDrawing(*file, path, result.get()))
+            *result = {};
+    });
     *error = *result;
-    return error->kind == DrawingError::Kind::None;
+    return error->kind == Failure::Kind::None;
 }
 
 QMessageBox *DrawingFiles::question(const char *name, const QString &text, const QString &more)

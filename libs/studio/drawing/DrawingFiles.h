@@ -4,6 +4,8 @@
 #include <studio/drawing/DrawingSession.h>
 #include <studio/drawing/LongWork.h>
 
+#include <hostkit/drawing/DrawingLoader.h>
+
 #include <QtCore/QObject>
 
 #include <functional>
@@ -75,10 +77,11 @@ Q_SIGNALS:
     void saved(const QString &path);
 
 private:
-    bool read(const QString &path, hostkit::DrawingFile *file, hostkit::DrawingError *error);
-    bool apply(const hostkit::DrawingFile &file, const QString &label, hostkit::DrawingError *error,
-               QStringList *missingFonts);
-    bool write(const QString &path, quint64 *revision, hostkit::DrawingError *error);
+    bool read(const QString &path, hostkit::DrawingFile *file, hostkit::Failure *error);
+    bool apply(const hostkit::DrawingFile &file, const QString &label, hostkit::Failure *error,
+               hostkit::DrawingReport *report);
+    void tell(const hostkit::DrawingReport &report, const QString &path);
+    bool write(const QString &path, quint64 *revision, hostkit::Failure *error);
     void empty();
     void saveThen(const Next &next);
     void saveAsThen(const Next &next);
@@ -86,7 +89,7 @@ private:
     void saveUnder(const QString &chosen, const Next &next);
     void saveAndGoOn(const QString &path, const Next &next);
     QMessageBox *question(const char *name, const QString &text, const QString &more);
-    void failedToLoad(const QString &path, const hostkit::DrawingError &error);
+    void failedToLoad(const QString &path, const hostkit::Failure &error);
 
     ZTGraphicsDocument &document;
     Messages &messages;

@@ -15,11 +15,11 @@ struct Texts
 
 QString fileNameOf(const QString &path) { return QFileInfo(path).fileName(); }
 
-QString whyNotOpened(const hostkit::DrawingError &error)
+QString whyNotOpened(const hostkit::Failure &error)
 {
-    using Kind = hostkit::DrawingError::Kind;
+    using Kind = hostkit::Failure::Kind;
     switch (error.kind) {
-    case Kind::NotADrawing:
+    case Kind::OtherFormat:
         return Texts::tr("The file is no drawing of the studio: it %1. Plotter files are imported, "
                          "not opened.")
             .arg(error.reason);
@@ -36,12 +36,12 @@ QString whyNotOpened(const hostkit::DrawingError &error)
 
 } // namespace
 
-Message notOpened(const QString &path, const hostkit::DrawingError &error)
+Message notOpened(const QString &path, const hostkit::Failure &error)
 {
     return {Texts::tr("\"%1\" was not opened.").arg(fileNameOf(path)), whyNotOpened(error), {}};
 }
 
-Message notSaved(const QString &path, const hostkit::DrawingError &error)
+Message notSaved(const QString &path, const hostkit::Failure &error)
 {
     return {Texts::tr("\"%1\" was not saved.").arg(fileNameOf(path)),
             Texts::tr("Reason: %1. The drawing is still in the window; save it to another place.")
@@ -49,7 +49,7 @@ Message notSaved(const QString &path, const hostkit::DrawingError &error)
             {}};
 }
 
-Message notRecovered(const QString &name, const hostkit::DrawingError &error)
+Message notRecovered(const QString &name, const hostkit::Failure &error)
 {
     return {Texts::tr("\"%1\" was not recovered.").arg(name), whyNotOpened(error), {}};
 }
@@ -62,6 +62,17 @@ Message fontsMissing(const QString &path, const QStringList &fonts)
                   "of their fonts.")
             .arg(fonts.join(QStringLiteral(", "))),
         {}};
+}
+
+Message kindsUnknown(const QString &path, const QMap<QString, int> &kinds)
+{
+    QStringList counts;
+    for (auto kind = kinds.begin(); kind != kinds.end(); ++kind)
+        counts << QStringLiteral("%1: %2").arg(kind.key()).arg(kind.value());
+    return {Texts::tr("\"%1\" holds shapes that this program does not know.").arg(fileNameOf(path)),
+            Texts::tr("They are neither shown nor marked here (%1). Saving keeps them.")
+                .arg(counts.join(QStringLiteral(", "))),
+            {}};
 }
 
 Message recoveryDamaged(const QStringList &paths)

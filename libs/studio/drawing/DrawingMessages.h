@@ -2,16 +2,17 @@
 
 #include <studio/Messages.h>
 
-#include <hostkit/drawing/DrawingError.h>
+#include <hostkit/setup/Failure.h>
 
 namespace studio {
 
 // What went wrong with a drawing's file, in the language of the program.
 
-Message notOpened(const QString &path, const hostkit::DrawingError &error);
-Message notSaved(const QString &path, const hostkit::DrawingError &error);
-Message notRecovered(const QString &name, const hostkit::DrawingError &error);
+Message notOpened(const QString &path, const hostkit::Failure &error);
+Message notSaved(const QString &path, const hostkit::Failure &error);
+Message notRecovered(const QString &name, const hostkit::Failure &error);
 Message fontsMissing(const QString &path, const QStringList &fonts);
+Message kindsUnknown(const QString &path, const QMap<QString, int> &kinds);
 Message recoveryDamaged(const QStringList &paths);
 Message onlyOneOpened(const QString &path, const QStringList &others);
 

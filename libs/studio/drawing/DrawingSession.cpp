@@ -1,5 +1,7 @@
 #include <studio/drawing/DrawingSession.h>
 
+#include <hostkit/drawing/DrawingCapture.h>
+
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 #include <QtCore/QCoreApplication>
@@ -30,12 +32,11 @@ bool DrawingSession::isFileForeign() const
 }
 
 bool DrawingSession::capture(bool withPreview, hostkit::DrawingFile *file,
-                             hostkit::DrawingError *error) const
+                             hostkit::Failure *error) const
 {
     hostkit::DrawingCapture wanted;
     wanted.programVersion = QCoreApplication::applicationVersion();
     wanted.withPreview = withPreview;
-    wanted.unknown = unknownSections;
     return hostkit::captureDrawing(document, wanted, file, error);
 }
 
@@ -52,31 +53,27 @@ void DrawingSession::noteChange()
     Q_EMIT changed();
 }
 
-void DrawingSession::startNew() { begin({}, {}, {}, false); }
+void DrawingSession::startNew() { begin({}, {}, false); }
 
-void DrawingSession::setOpened(const QString &path, const FileStamp &stamp,
-                               const QVector<hostkit::DrawingSection> &unknown)
+void DrawingSession::setOpened(const QString &path, const FileStamp &stamp)
 {
-    begin(path, stamp, unknown, false);
+    begin(path, stamp, false);
 }
 
-void DrawingSession::setRecovered(const QString &path, const FileStamp &stamp,
-                                  const QVector<hostkit::DrawingSection> &unknown)
+void DrawingSession::setRecovered(const QString &path, const FileStamp &stamp)
 {
-    begin(path, stamp, unknown, true);
+    begin(path, stamp, true);
 }
 
 void DrawingSession::setSaved(const QString &path, quint64 atRevision)
 {
-    begin(path, FileStamp::of(path), unknownSections, changes != atRevision);
+    begin(path, FileStamp::of(path), changes != atRevision);
 }
 
-void DrawingSession::begin(const QString &path, const FileStamp &stamp,
-                           const QVector<hostkit::DrawingSection> &unknown, bool isBehind)
+void DrawingSession::begin(const QString &path, const FileStamp &stamp, bool isBehind)
 {
     filePath = path.isEmpty() ? path : QFileInfo(path).absoluteFilePath();
     fileStamp = stamp;
-    unknownSections = unknown;
     isMarked = isBehind;
     document.undoStack()->setClean(); // counts only while nothing is marked
     Q_EMIT stateChanged();

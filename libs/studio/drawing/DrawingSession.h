@@ -2,7 +2,7 @@
 
 #include <studio/drawing/FileStamp.h>
 
-#include <hostkit/drawing/DrawingSnapshot.h>
+#include <hostkit/drawing/DrawingFile.h>
 
 #include <QtCore/QObject>
 
@@ -11,8 +11,8 @@ class ZTGraphicsDocument;
 namespace studio {
 
 /**
- * What a window knows about the drawing in it beside the drawing itself: the file it stands in,
- * whether that file is behind, and what came with the file and goes back into it.
+ * What a window knows about the drawing in it beside the drawing itself: the file it stands in, and
+ * whether that file is behind.
  *
  * Steps of the undo stack are noticed; every other change has to be told by markChanged().
  */
@@ -43,7 +43,7 @@ public:
     bool isFileForeign() const;
 
     /** Takes the drawing out of the document, with all that came with its file. */
-    bool capture(bool withPreview, hostkit::DrawingFile *file, hostkit::DrawingError *error) const;
+    bool capture(bool withPreview, hostkit::DrawingFile *file, hostkit::Failure *error) const;
 
     /** A change that is no step of the undo stack. */
     void markChanged();
@@ -51,29 +51,25 @@ public:
     // The steps in a drawing's life, each told after it was done.
 
     void startNew(); ///< the document was emptied
-    void setOpened(const QString &path, const FileStamp &stamp,
-                   const QVector<hostkit::DrawingSection> &unknown);
+    void setOpened(const QString &path, const FileStamp &stamp);
 
     /** The file holds the drawing as it was at a revision; what changed since is still unsaved. */
     void setSaved(const QString &path, quint64 atRevision);
 
     /** As setOpened(), but the file lacks what was recovered; `path` may be empty. */
-    void setRecovered(const QString &path, const FileStamp &stamp,
-                      const QVector<hostkit::DrawingSection> &unknown);
+    void setRecovered(const QString &path, const FileStamp &stamp);
 
 Q_SIGNALS:
     void stateChanged(); ///< path or modified mark
     void changed();      ///< the revision grew
 
 private:
-    void begin(const QString &path, const FileStamp &stamp,
-               const QVector<hostkit::DrawingSection> &unknown, bool isBehind);
+    void begin(const QString &path, const FileStamp &stamp, bool isBehind);
     void noteChange();
 
     ZTGraphicsDocument &document;
     QString filePath;
     FileStamp fileStamp;
-    QVector<hostkit::DrawingSection> unknownSections;
     bool isMarked = false; ///< changed beside the undo stack
     quint64 changes = 0;
 };

@@ -60,7 +60,11 @@ bool LongWork::run(const std::function<void()> &job)
     const auto ended = std::make_shared<std::promise<void>>();
     const std::future<void> end = ended->get_future();
     QThreadPool::globalInstance()->start([job, ended] {
-        job();
+        try {
+            job();
+        } catch (...) {
+            // It ends the job, not the program; what the job was to say stays unsaid.
+        }
         ended->set_value();
     });
     const auto endsWithin = [&end](qint64 waitMs) {

@@ -1,18 +1,18 @@
 #include <studio/drawing/RecoverySlot.h>
 
-#include <QtCore/QDataStream>
+#include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QUuid>
-
-#include <algorithm>
 
 namespace studio {
 
 namespace {
 
-const QByteArray kOriginTag = QByteArrayLiteral("rcvr");
-constexpr quint32 kOriginVersion = 1;
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(studio::RecoverySlot)
+};
 
 QString lockPathOf(const QString &filePath) { return filePath + QStringLiteral(".lock"); }
 
@@ -27,7 +27,7 @@ RecoverySlot::RecoverySlot(const QString &path) : filePath(path), lock(lockPathO
 std::unique_ptr<RecoverySlot> RecoverySlot::create(const QString &folder, QString *error)
 {
     if (!QDir().mkpath(folder)) {
-        *error = QStringLiteral("the folder %1 cannot be made").arg(folder);
+        *error = Texts::tr("the folder %1 cannot be made").arg(folder);
         return nullptr;
     }
     const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces);
@@ -35,7 +35,7 @@ std::unique_ptr<RecoverySlot> RecoverySlot::create(const QString &folder, QStrin
         new RecoverySlot(QDir(folder).filePath(name + QStringLiteral(".ztd"))));
     if (slot->lock.tryLock(0))
         return slot;
-    *error = QStringLiteral("nothing can be written to the folder %1").arg(folder);
+    *error = Texts::tr("nothing can be written to the folder %1").arg(folder);
     return nullptr;
 }
 
@@ -57,29 +57,20 @@ QString RecoverySlot::setAside()
     return QFile::rename(filePath, aside) ? aside : QString();
 }
 
-void addOrigin(const RecoveryOrigin &origin, hostkit::DrawingFile *drawing)
+void setOrigin(const RecoveryOrigin &origin, hostkit::DrawingFile *drawing)
 {
-    hostkit::DrawingSection section{kOriginTag, {}};
-    QDataStream stream(&section.bytes, QIODevice::WriteOnly);
-    stream.setVersion(QDataStream::Qt_5_15);
-    stream << kOriginVersion << origin.path << origin.stamp.size << origin.stamp.modifiedMs;
-    drawing->unknown << section;
+    drawing->origin = {origin.path, origin.stamp.size, origin.stamp.modifiedMs};
 }
 
-RecoveryOrigin takeOrigin(hostkit::DrawingFile *drawing)
+RecoveryOrigin originOf(const hostkit::DrawingFile &drawing)
 {
-    const auto found = std::find_if(drawing->unknown.begin(), drawing->unknown.end(),
-                                    [](const auto &section) { return section.tag == kOriginTag; });
-    if (found == drawing->unknown.end())
+    if (!drawing.origin)
         return {};
-    QDataStream stream(found->bytes);
-    stream.setVersion(QDataStream::Qt_5_15);
-    quint32 version = 0;
     RecoveryOrigin origin;
-    stream >> version >> origin.path >> origin.stamp.size >> origin.stamp.modifiedMs;
-    const bool isGood = stream.status() == QDataStream::Ok && version == kOriginVersion;
-    drawing->unknown.erase(found);
-    return isGood ? origin : RecoveryOrigin();
+    origin.path = drawing.origin->path;
+    origin.stamp.size = drawing.origin->size;
+    origin.stamp.modifiedMs = drawing.origin->modifiedMs;
+    return origin;
 }
 
 } // namespace studio

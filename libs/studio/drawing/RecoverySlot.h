@@ -46,9 +46,9 @@ private:
 };
 
 /** Notes the origin in a drawing that is about to become a recovery file. */
-void addOrigin(const RecoveryOrigin &origin, hostkit::DrawingFile *drawing);
+void setOrigin(const RecoveryOrigin &origin, hostkit::DrawingFile *drawing);
 
-/** Takes the origin out of a drawing; an empty one if there is none, or it makes no sense. */
-RecoveryOrigin takeOrigin(hostkit::DrawingFile *drawing);
+/** The origin of the drawing in a recovery file; an empty one if there is none. */
+RecoveryOrigin originOf(const hostkit::DrawingFile &drawing);
 
 } // namespace studio

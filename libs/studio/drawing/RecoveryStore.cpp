@@ -1,5 +1,7 @@
 #include <studio/drawing/RecoveryStore.h>
 
+#include <hostkit/setup/FileWriter.h>
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -16,15 +18,15 @@ struct StoreTexts
     Q_DECLARE_TR_FUNCTIONS(studio::RecoveryStore)
 };
 
-RecoveryEntry entryOf(std::shared_ptr<RecoverySlot> slot, hostkit::DrawingFile *drawing)
+RecoveryEntry entryOf(std::shared_ptr<RecoverySlot> slot, const hostkit::DrawingFile &drawing)
 {
     RecoveryEntry entry;
     entry.slot = std::move(slot);
-    entry.origin = takeOrigin(drawing);
-    entry.savedAt = drawing->meta.savedAt;
-    if (!drawing->previewPng.isEmpty())
-        entry.preview = hostkit::drawingPreview(*drawing);
-    for (const hostkit::DrawingPen &pen : drawing->meta.pens)
+    entry.origin = originOf(drawing);
+    entry.savedAt = drawing.meta.savedAt;
+    if (!drawing.previewPng.isEmpty())
+        entry.preview = hostkit::drawingPreview(drawing);
+    for (const hostkit::DrawingPen &pen : drawing.meta.pens)
         entry.shapes += pen.items;
     return entry;
 }
@@ -45,6 +47,7 @@ QString RecoveryStore::defaultFolder()
 
 RecoveryStore::Findings RecoveryStore::find() const
 {
+    hostkit::removeLeftovers(folderPath);
     Findings findings;
     const QDir folder(folderPath);
     for (const QString &name : folder.entryList({QStringLiteral("*.ztd")}, QDir::Files)) {
@@ -53,11 +56,11 @@ RecoveryStore::Findings RecoveryStore::find() const
         if (!slot || !QFileInfo::exists(slot->path()))
             continue;
         hostkit::DrawingFile drawing;
-        hostkit::DrawingError error;
+        hostkit::Failure error;
         if (hostkit::readDrawing(slot->path(), &drawing, &error))
-            findings.entries << entryOf(std::move(slot), &drawing);
-        else if (error.kind == hostkit::DrawingError::Kind::Damaged ||
-                 error.kind == hostkit::DrawingError::Kind::NotADrawing)
+            findings.entries << entryOf(std::move(slot), drawing);
+        else if (error.kind == hostkit::Failure::Kind::Damaged ||
+                 error.kind == hostkit::Failure::Kind::OtherFormat)
             findings.damaged << slot->setAside();
     }
     findings.damaged.removeAll(QString());

@@ -385,6 +385,10 @@
 <context>
     <name>studio::DrawingFiles</name>
     <message>
+        <source>there is not enough memory</source>
+        <translation>内存不足</translation>
+    </message>
+    <message>
         <source>&quot;%1&quot; is there already.</source>
         <translation>“%1”已经存在。</translation>
     </message>
@@ -471,6 +475,14 @@
 </context>
 <context>
     <name>studio::DrawingMessages</name>
+    <message>
+        <source>&quot;%1&quot; holds shapes that this program does not know.</source>
+        <translation>“%1”包含本程序不认识的图形。</translation>
+    </message>
+    <message>
+        <source>They are neither shown nor marked here (%1). Saving keeps them.</source>
+        <translation>它们在此既不显示也不打标（%1）。保存时会保留它们。</translation>
+    </message>
     <message>
         <source>&quot;%1&quot; was not opened.</source>
         <translation>“%1”未能打开。</translation>
@@ -1775,6 +1787,17 @@
     <message>
         <source>left out</source>
         <translation>已略去</translation>
+    </message>
+</context>
+<context>
+    <name>studio::RecoverySlot</name>
+    <message>
+        <source>nothing can be written to the folder %1</source>
+        <translation>无法写入文件夹 %1</translation>
+    </message>
+    <message>
+        <source>the folder %1 cannot be made</source>
+        <translation>无法创建文件夹 %1</translation>
     </message>
 </context>
 </TS>

@@ -116,6 +116,18 @@ private Q_SLOTS:
         QCOMPARE(shape.getLines(), lines);
     }
 
+    void setLine_givesItsEndsBeforeTheTransform()
+    {
+        ZTLineShape shape;
+        QCOMPARE(shape.getLine(), QLineF(0, 0, 10, 10));
+        shape.setTransformParam(QTransform::fromScale(2.0, 2.0));
+        shape.setLine(QLineF(1, 2, 4, 6));
+        QCOMPARE(shape.getLine(), QLineF(1, 2, 4, 6));
+        QCOMPARE(shape.getTransformParam(), QTransform::fromScale(2.0, 2.0));
+        QCOMPARE(shape.length(), 10.0);
+        QVERIFY(!shape.isUpdate());
+    }
+
     void copy_isIndependent()
     {
         ZTLineShape source;

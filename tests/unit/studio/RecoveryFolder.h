@@ -18,8 +18,8 @@ public:
         QString error;
         const auto slot = studio::RecoverySlot::create(path, &error);
         drawing.meta.savedAt = savedAt;
-        studio::addOrigin(origin, &drawing);
-        hostkit::DrawingError why;
+        studio::setOrigin(origin, &drawing);
+        hostkit::Failure why;
         if (!slot || !hostkit::writeDrawing(drawing, slot->path(), &why))
             qFatal("a recovery file cannot be written");
         return slot->path();

@@ -50,7 +50,7 @@ private Q_SLOTS:
         push();
         QVERIFY(saved.wait());
         hostkit::DrawingFile file;
-        hostkit::DrawingError error;
+        hostkit::Failure error;
         QVERIFY2(hostkit::readDrawing(saver->recoveryPath(), &file, &error),
                  qPrintable(error.reason));
         QCOMPARE(file.meta.pens.first().items, 1);
@@ -131,7 +131,7 @@ private Q_SLOTS:
     void recoveryFile_knowsWhereTheDrawingBelongs()
     {
         const QString path = studio->write("plate.ztd", "x");
-        session->setOpened(path, studio::FileStamp::of(path), {});
+        session->setOpened(path, studio::FileStamp::of(path));
         start(kNeverMs);
         push();
         saver->saveNow();
@@ -176,13 +176,13 @@ private Q_SLOTS:
     void adopted_isKeptUntilTheDrawingIsSaved()
     {
         hostkit::DrawingFile file;
-        hostkit::DrawingError error;
+        hostkit::Failure error;
         QVERIFY(session->capture(false, &file, &error));
         const QString path = folder->leave({}, QDateTime::currentDateTimeUtc(), file);
         const QByteArray before = StudioTest::contentOf(path);
         start(kNeverMs);
         auto found = studio::RecoveryStore(folder->path).find();
-        session->setRecovered({}, {}, {});
+        session->setRecovered({}, {});
         saver->adopt(found.entries.first().slot);
         found.entries.clear();
         QCOMPARE(saver->recoveryPath(), path);

@@ -2,6 +2,7 @@
 
 #include <studio/drawing/DrawingSession.h>
 
+#include <hostkit/drawing/DrawingCapture.h>
 #include <hostkit/drawing/DrawingFile.h>
 
 #include <QtCore/QFileInfo>
@@ -88,13 +89,13 @@ private Q_SLOTS:
 
     void relativePath_becomesAbsolute()
     {
-        session->setOpened(QStringLiteral("b.ztd"), {}, {});
+        session->setOpened(QStringLiteral("b.ztd"), {});
         QCOMPARE(session->path(), QFileInfo(QStringLiteral("b.ztd")).absoluteFilePath());
     }
 
     void recovered_isModifiedWithoutAStep()
     {
-        session->setRecovered(studio->path("gone.ztd"), {}, {});
+        session->setRecovered(studio->path("gone.ztd"), {});
         QVERIFY(session->isModified());
         QCOMPARE(session->name(), QStringLiteral("gone.ztd"));
         session->startNew();
@@ -105,13 +106,13 @@ private Q_SLOTS:
     void foreignFile_isOneWrittenSince_notOneThatIsGone()
     {
         const QString path = studio->write("a.ztd", "one");
-        session->setOpened(path, FileStamp::of(path), {});
+        session->setOpened(path, FileStamp::of(path));
         QVERIFY(!session->isFileForeign());
         studio->write("a.ztd", "other");
         QVERIFY(session->isFileForeign());
         QFile::remove(path);
         QVERIFY(!session->isFileForeign());
-        session->setOpened(path, FileStamp::of(path), {});
+        session->setOpened(path, FileStamp::of(path));
         studio->write("a.ztd", "new");
         QVERIFY(session->isFileForeign());
         session->setSaved(path, session->revision());
@@ -121,7 +122,7 @@ private Q_SLOTS:
     void foreignFile_isSeenByItsTime_whereTheSizeIsTheSame()
     {
         const QString path = studio->write("a.ztd", "one");
-        session->setOpened(path, FileStamp::of(path), {});
+        session->setOpened(path, FileStamp::of(path));
         QFile file(path);
         QVERIFY(file.open(QIODevice::ReadWrite));
         QVERIFY(file.setFileTime(QDateTime::currentDateTime().addSecs(-100),
@@ -134,17 +135,20 @@ private Q_SLOTS:
     {
         studio->addRect(0, 0);
         const hostkit::DrawingSection foreign{QByteArrayLiteral("abcd"), QByteArrayLiteral("kept")};
-        session->setOpened(studio->path("a.ztd"), {}, {foreign});
+        hostkit::DrawingExtras extras;
+        extras.sections << foreign;
+        hostkit::setDrawingExtras(*studio->document, extras);
+        session->setOpened(studio->path("a.ztd"), {});
         hostkit::DrawingFile file;
-        hostkit::DrawingError error;
+        hostkit::Failure error;
         QVERIFY(session->capture(false, &file, &error));
-        QCOMPARE(file.unknown.size(), 1);
-        QCOMPARE(file.unknown.first().tag, foreign.tag);
-        QCOMPARE(file.unknown.first().bytes, foreign.bytes);
+        QCOMPARE(file.extras.sections.size(), 1);
+        QCOMPARE(file.extras.sections.first().tag, foreign.tag);
+        QCOMPARE(file.extras.sections.first().bytes, foreign.bytes);
         QVERIFY(file.previewPng.isEmpty());
-        session->startNew();
+        hostkit::setDrawingExtras(*studio->document, {});
         QVERIFY(session->capture(true, &file, &error));
-        QVERIFY(file.unknown.isEmpty());
+        QVERIFY(file.extras.sections.isEmpty());
         QVERIFY(!file.previewPng.isEmpty());
     }
 

@@ -506,6 +506,20 @@ private Q_SLOTS:
                               entry(0, ZTVariantText()) + entry(0, ZTVariantText()));
     }
 
+    void idsAndShapes_standInTheOrderOfTheFlush()
+    {
+        TestText one;
+        TestText two;
+        QVERIFY(registry().getIds().isEmpty());
+        registry().newItem(&one);
+        registry().newItem(&two);
+        registry().appendItem(1, &two);
+        QCOMPARE(registry().getIds(), (QVector<int>{1, 2}));
+        QCOMPARE(registry().getShapes(1), (QVector<ZTTextShapeBase *>{&one, &two}));
+        QCOMPARE(registry().getShapes(2), (QVector<ZTTextShapeBase *>{&two}));
+        QVERIFY(registry().getShapes(3).isEmpty());
+    }
+
     void release_forgetsEverything()
     {
         TestText shape;

@@ -1,6 +1,7 @@
 #include <support/DrawingBytes.h>
 #include <support/OwnFolder.h>
 #include <support/RandomDrawing.h>
+#include <support/ShapeState.h>
 #include <support/SingletonGuard.h>
 #include <support/TinyFonts.h>
 #include <support/WarningGuard.h>
@@ -10,7 +11,7 @@
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 
-using hostkit::DrawingError;
+using hostkit::Failure;
 
 namespace {
 
@@ -54,9 +55,12 @@ private Q_SLOTS:
             const QByteArray bytes =
                 testsupport::savedBytes(document); // with shapes that wait for a rebuild
             const ZTMarkGraph before = document.itemMag()->getShapeLines();
-            DrawingError error;
+            const QStringList state = testsupport::stateOf(document);
+            Failure error;
             QVERIFY2(testsupport::load(bytes, other, &error), qPrintable(error.reason));
             const QString which = QStringLiteral("seed %1").arg(seed);
+            const QString lost = testsupport::difference(testsupport::stateOf(other), state);
+            QVERIFY2(lost.isEmpty(), qPrintable(which + QStringLiteral(", ") + lost));
             const QVector<QPainterPath> shown = outlinesOf(other);
             QVERIFY2(testsupport::sameGraph(other.itemMag()->getShapeLines(), before),
                      qPrintable(which));
@@ -79,7 +83,7 @@ private Q_SLOTS:
         for (int i = 0; i < kDamages; ++i) {
             const QByteArray damaged = withDamage(whole, &random);
             hostkit::DrawingFile read;
-            DrawingError error;
+            Failure error;
             if (damaged == whole)
                 continue;
             QVERIFY2(!readDrawing(damaged, &read, &error), qPrintable(QString::number(i)));

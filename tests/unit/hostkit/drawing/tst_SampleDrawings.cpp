@@ -6,9 +6,9 @@
 #include <support/TinyFonts.h>
 #include <support/WarningGuard.h>
 
-#include <hostkit/setup/Factories.h>
 #include <hostkit/drawing/SampleDrawing.h>
 #include <hostkit/drawing/SampleDrawings.h>
+#include <hostkit/setup/Factories.h>
 
 #include <QtCore/QFile>
 #include <QtTest/QTest>
@@ -16,8 +16,8 @@
 
 #include <functional>
 
-using hostkit::DrawingError;
 using hostkit::DrawingFile;
+using hostkit::Failure;
 
 namespace {
 
@@ -130,7 +130,7 @@ private Q_SLOTS:
     void text_namesTheFontsOfTheSamples()
     {
         ZTGraphicsDocument document;
-        DrawingError error;
+        Failure error;
         hostkit::DrawingReport report;
         QVERIFY(applyDrawing(sample(QStringLiteral("text.ztd")), document, {}, &report, &error));
         QCOMPARE(report.missingFonts, (QStringList{QStringLiteral("gb-strokes.shx"),
@@ -169,7 +169,7 @@ private:
     static DrawingFile sample(const QString &name)
     {
         DrawingFile drawing;
-        DrawingError error;
+        Failure error;
         if (!readDrawing(samplePath(name), &drawing, &error))
             qFatal("%s: %s", qPrintable(name), qPrintable(error.reason));
         return drawing;
@@ -177,7 +177,7 @@ private:
 
     static void load(const QString &name, ZTGraphicsDocument &document)
     {
-        DrawingError error;
+        Failure error;
         QVERIFY2(applyDrawing(sample(name), document, {}, nullptr, &error),
                  qPrintable(error.reason));
     }

@@ -1,6 +1,7 @@
 #include <support/SingletonGuard.h>
 
-#include <hostkit/drawing/DrawingSnapshot.h>
+#include <hostkit/drawing/DrawingCapture.h>
+#include <hostkit/drawing/DrawingLoader.h>
 #include <hostkit/drawing/ItemExtras.h>
 #include <hostkit/import/DrawingImport.h>
 #include <hostkit/import/ImportParts_p.h>
@@ -315,7 +316,7 @@ void tst_DrawingImport::import_savedAndLoaded_isTheSame()
     hostkit::DrawingFile file;
     ZTGraphicsDocument loaded;
     hostkit::DrawingReport report;
-    hostkit::DrawingError error;
+    hostkit::Failure error;
     QVERIFY(hostkit::captureDrawing(document, {}, &file, &error));
     QVERIFY(hostkit::applyDrawing(file, loaded, {}, &report, &error));
     QVector<QRectF> boxes;

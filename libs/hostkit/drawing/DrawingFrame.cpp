@@ -1,13 +1,19 @@
-#include <hostkit/drawing/DrawingSections_p.h>
+#include <hostkit/drawing/DrawingFrame_p.h>
 
 #include <hostkit/drawing/DrawingBytes_p.h>
-#include <hostkit/drawing/DrawingRefusal_p.h>
+
+#include <QtCore/QCoreApplication>
 
 #include <zlib.h>
 
 namespace hostkit {
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(hostkit::DrawingFile)
+};
 
 const QByteArray kMagic = QByteArrayLiteral("\x89ZTD\r\n\x1a\n");
 constexpr int kHeaderSize = 32;
@@ -38,41 +44,41 @@ QString nameOf(const QByteArray &tag)
     return name;
 }
 
-bool checkHeader(const QByteArray &bytes, quint32 *sectionCount, DrawingSections *file,
-                 DrawingError *error)
+bool checkHeader(const QByteArray &bytes, quint32 *sectionCount, DrawingFrame *frame,
+                 Failure *failure)
 {
     if (bytes.isEmpty())
-        return refuse(error, DrawingError::Kind::NotADrawing, QStringLiteral("is empty"));
+        return fail(failure, Failure::Kind::OtherFormat, Texts::tr("is empty"));
     if (bytes.left(kMagic.size()) != kMagic.left(bytes.size()))
-        return refuse(error, DrawingError::Kind::NotADrawing, QStringLiteral("is not a drawing"));
+        return fail(failure, Failure::Kind::OtherFormat, Texts::tr("is not a drawing"));
     if (bytes.size() < kHeaderSize)
-        return refuseDamaged(error, QStringLiteral("it ends after %1 bytes").arg(bytes.size()));
+        return failDamaged(failure, Texts::tr("it ends after %1 bytes").arg(bytes.size()));
     ByteReader reader(bytes);
     reader.skip(static_cast<quint64>(kMagic.size()));
-    const auto version = reader.number<quint16>();
-    file->streamVersion = reader.number<quint16>();
+    frame->version = reader.number<quint16>();
+    frame->streamVersion = reader.number<quint16>();
     const auto flags = reader.number<quint32>();
     const auto length = reader.number<quint64>();
     *sectionCount = reader.number<quint32>();
     if (reader.number<quint32>() != drawingChecksum(bytes.constData(), kHeaderSummed))
-        return refuseDamaged(error, QStringLiteral("its header does not match its checksum"));
-    if (version != kDrawingFormatVersion || flags != 0)
-        return refuse(error, DrawingError::Kind::NewerVersion,
-                      QStringLiteral("was saved by a newer version of the program (file format %1, "
-                                     "this program reads %2)")
-                          .arg(version)
-                          .arg(kDrawingFormatVersion));
+        return failDamaged(failure, Texts::tr("its header does not match its checksum"));
+    if (frame->version < 1 || frame->version > kDrawingFormatVersion || flags != 0)
+        return fail(failure, Failure::Kind::NewerVersion,
+                    Texts::tr("was saved by a newer version of the program (file format %1, "
+                              "this program reads %2)")
+                        .arg(frame->version)
+                        .arg(kDrawingFormatVersion));
     const auto size = static_cast<quint64>(bytes.size());
     if (size < length)
-        return refuseDamaged(error,
-                             QStringLiteral("it ends after %1 of %2 bytes").arg(size).arg(length));
+        return failDamaged(failure,
+                           Texts::tr("it ends after %1 of %2 bytes").arg(size).arg(length));
     if (size > length)
-        return refuseDamaged(error, QStringLiteral("%1 bytes follow its end").arg(size - length));
+        return failDamaged(failure, Texts::tr("%1 bytes follow its end").arg(size - length));
     return true;
 }
 
 bool readSection(ByteReader &reader, const QByteArray &bytes, DrawingSection *section,
-                 DrawingError *error)
+                 Failure *failure)
 {
     const int from = reader.offset();
     section->tag = reader.bytes(kTagSize);
@@ -81,15 +87,19 @@ bool readSection(ByteReader &reader, const QByteArray &bytes, DrawingSection *se
     const qint64 summed = reader.offset() - from;
     const auto sum = reader.number<quint32>();
     if (!reader.ok())
-        return refuseDamaged(error, QStringLiteral("a section is longer than the file"));
+        return failDamaged(failure, Texts::tr("a section is longer than the file"));
     if (sum != drawingChecksum(bytes.constData() + from, summed))
-        return refuseDamaged(
-            error,
-            QStringLiteral("section %1 does not match its checksum").arg(nameOf(section->tag)));
+        return failDamaged(
+            failure, Texts::tr("section %1 does not match its checksum").arg(nameOf(section->tag)));
     return true;
 }
 
 } // namespace
+
+bool failDamaged(Failure *failure, const QString &what)
+{
+    return fail(failure, Failure::Kind::Damaged, Texts::tr("the drawing is damaged: %1").arg(what));
+}
 
 bool hasDrawingMagic(const QByteArray &start) { return start.startsWith(kMagic); }
 
@@ -100,23 +110,23 @@ quint32 drawingChecksum(const char *bytes, qint64 count)
         crc32(0, reinterpret_cast<const Bytef *>(bytes), static_cast<uInt>(count)));
 }
 
-QByteArray joinSections(const DrawingSections &file)
+QByteArray joinFrame(const DrawingFrame &frame)
 {
     qint64 size = kHeaderSize;
-    for (const DrawingSection &section : file.sections)
+    for (const DrawingSection &section : frame.sections)
         size += kSectionHead + qint64(section.bytes.size()) + kSumSize;
     if (size > kMaxDrawingBytes)
         return {};
     QByteArray bytes;
     bytes.reserve(static_cast<int>(size));
     bytes.append(kMagic);
-    append(&bytes, kDrawingFormatVersion);
-    append(&bytes, file.streamVersion);
+    append(&bytes, frame.version);
+    append(&bytes, frame.streamVersion);
     append(&bytes, quint32(0));
     append(&bytes, static_cast<quint64>(size));
-    append(&bytes, static_cast<quint32>(file.sections.size()));
+    append(&bytes, static_cast<quint32>(frame.sections.size()));
     appendSum(&bytes, 0);
-    for (const DrawingSection &section : file.sections) {
+    for (const DrawingSection &section : frame.sections) {
         const int from = bytes.size();
         bytes.append(section.tag.leftJustified(kTagSize, '\0', true));
         append(&bytes, static_cast<quint64>(section.bytes.size()));
@@ -126,21 +136,21 @@ QByteArray joinSections(const DrawingSections &file)
     return bytes;
 }
 
-bool splitSections(const QByteArray &bytes, DrawingSections *file, DrawingError *error)
+bool splitFrame(const QByteArray &bytes, DrawingFrame *frame, Failure *failure)
 {
     quint32 sectionCount = 0;
-    if (!checkHeader(bytes, &sectionCount, file, error))
+    if (!checkHeader(bytes, &sectionCount, frame, failure))
         return false;
     ByteReader reader(bytes);
     reader.skip(kHeaderSize);
     for (quint32 i = 0; i < sectionCount; ++i) {
         DrawingSection section;
-        if (!readSection(reader, bytes, &section, error))
+        if (!readSection(reader, bytes, &section, failure))
             return false;
-        file->sections << section;
+        frame->sections << section;
     }
     if (!reader.atEnd())
-        return refuseDamaged(error, QStringLiteral("its sections end before the file"));
+        return failDamaged(failure, Texts::tr("its sections end before the file"));
     return true;
 }
 

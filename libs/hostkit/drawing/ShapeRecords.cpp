@@ -1,10 +1,13 @@
-#include <hostkit/drawing/DrawingStream_p.h>
+#include <hostkit/drawing/ShapeRecords_p.h>
 
 #include <hostkit/drawing/DrawingBytes_p.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QDataStream>
+
+#include <array>
 
 namespace hostkit {
 
@@ -21,19 +24,38 @@ constexpr quint32 kLeastEntry = 10; // id, version and size of a variant text
 constexpr int kMaxTextBytes = 4 + 2 * kMaxTextLength;
 constexpr quint32 kLeastRecord = 21; // a polygon
 
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(hostkit::DrawingFile)
+};
+
+constexpr std::array<ShapeType, 7> kLibraryKinds{
+    ShapeType::Rect, ShapeType::Line, ShapeType::Ellipse, ShapeType::Polygon,
+    ShapeType::Text, ShapeType::TDOT, ShapeType::VecGraph};
+
 class Walk
 {
 public:
     explicit Walk(const QByteArray &stream) : reader(stream), bytes(stream) {}
 
-    bool run(DrawingStreamIndex *index, QString *reason)
+    bool stream(QByteArray *counters, QVector<DrawingItem> *found)
     {
-        const bool isInStep = variantTexts() && items(index);
-        if (!isInStep)
-            *reason = QStringLiteral("%1 at byte %2 of the drawing's data")
-                          .arg(problem.isEmpty() ? QStringLiteral("it ends early") : problem)
-                          .arg(reader.offset());
-        return isInStep;
+        if (!variantTexts() || !skip(sizeof(qint32)))
+            return false;
+        *counters = copied(0);
+        return items(found);
+    }
+
+    bool onlyShape(ShapeType type) { return shape(type) && isAtEnd(); }
+
+    bool onlyCounters() { return variantTexts() && skip(sizeof(qint32)) && isAtEnd(); }
+
+    /** What was in the way, after one of the above was false. */
+    QString reason() const
+    {
+        return Texts::tr("%1 at byte %2 of the drawing's data")
+            .arg(problem.isEmpty() ? Texts::tr("it ends early") : problem)
+            .arg(reader.offset());
     }
 
 private:
@@ -55,7 +77,7 @@ private:
         if (size == kNullString)
             return reader.ok();
         if (size % 2 != 0)
-            return fail(QStringLiteral("half a character"));
+            return fail(Texts::tr("half a character"));
         return skip(size);
     }
 
@@ -76,7 +98,7 @@ private:
         if (!reader.ok())
             return false;
         if (*value < 0 || static_cast<quint32>(*value) > reader.left() / leastSize)
-            return fail(QStringLiteral("a count of %1").arg(*value));
+            return fail(Texts::tr("a count of %1").arg(*value));
         return true;
     }
 
@@ -90,7 +112,7 @@ private:
         QDataStream stream(
             QByteArray::fromRawData(bytes.constData() + from, reader.offset() - from));
         ZTVariantText text;
-        return text.load(stream) || fail(QStringLiteral("an unknown variant text"));
+        return text.load(stream) || fail(Texts::tr("an unknown variant text"));
     }
 
     bool variantTexts()
@@ -118,7 +140,7 @@ private:
         const int from = reader.offset();
         if (!string())
             return false;
-        return reader.offset() - from <= kMaxTextBytes || fail(QStringLiteral("a text too long"));
+        return reader.offset() - from <= kMaxTextBytes || fail(Texts::tr("a text too long"));
     }
 
     bool text()
@@ -144,29 +166,35 @@ private:
         case ShapeType::VecGraph:
             return string();
         default:
-            return fail(QStringLiteral("an object of kind %1").arg(static_cast<int>(type)));
+            return fail(Texts::tr("an object of kind %1").arg(static_cast<int>(type)));
         }
     }
 
-    bool items(DrawingStreamIndex *index)
+    bool items(QVector<DrawingItem> *found)
     {
         qint32 items = 0;
-        index->counters = reader.offset();
-        if (!skip(sizeof(qint32)) || !count(kLeastRecord, &items))
+        if (!count(kLeastRecord, &items))
             return false;
-        index->records.reserve(items);
+        found->reserve(items);
         for (qint32 i = 0; i < items; ++i) {
-            DrawingRecord record;
-            record.begin = reader.offset();
-            record.type = static_cast<ShapeType>(reader.byte());
-            record.shape = record.begin + 1 + static_cast<int>(kPointSize);
-            if (!skip(kPointSize) || !shape(record.type))
+            DrawingItem item;
+            item.type = static_cast<ShapeType>(reader.byte());
+            item.kind = ShapeType2String(item.type);
+            const double x = reader.real();
+            item.posPx = QPointF(x, reader.real());
+            const int from = reader.offset();
+            if (!shape(item.type))
                 return false;
-            record.end = reader.offset();
-            index->records << record;
+            item.shape = copied(from);
+            *found << item;
         }
-        return reader.atEnd() || fail(QStringLiteral("more than it announces"));
+        return isAtEnd();
     }
+
+    bool isAtEnd() { return reader.atEnd() || fail(Texts::tr("more than it announces")); }
+
+    /** The bytes from an offset to where the walk is. */
+    QByteArray copied(int from) const { return bytes.mid(from, reader.offset() - from); }
 
     ByteReader reader;
     const QByteArray &bytes;
@@ -175,13 +203,47 @@ private:
 
 } // namespace
 
-bool indexDrawingStream(const QByteArray &stream, DrawingStreamIndex *index, QString *reason)
+std::optional<ShapeType> libraryKind(const QByteArray &kind)
 {
-    DrawingStreamIndex found;
-    if (!Walk(stream).run(&found, reason))
-        return false;
-    *index = found;
-    return true;
+    for (const ShapeType type : kLibraryKinds) {
+        if (kind == ShapeType2String(type))
+            return type;
+    }
+    return {};
+}
+
+bool lacksBase(const QByteArray &kind)
+{
+    const std::optional<ShapeType> type = libraryKind(kind);
+    return !type || type == ShapeType::Polygon || type == ShapeType::VecGraph;
+}
+
+bool checkShapeRecord(ShapeType kind, const QByteArray &record, QString *reason)
+{
+    Walk walk(record);
+    const bool isInStep = walk.onlyShape(kind);
+    if (!isInStep)
+        *reason = walk.reason();
+    return isInStep;
+}
+
+bool checkCounters(const QByteArray &counters, QString *reason)
+{
+    Walk walk(counters);
+    const bool isInStep = walk.onlyCounters();
+    if (!isInStep)
+        *reason = walk.reason();
+    return isInStep;
+}
+
+bool splitStream(const QByteArray &stream, QByteArray *counters, QVector<DrawingItem> *items,
+                 QString *reason)
+{
+    Walk walk(stream);
+    const bool isInStep = walk.stream(counters, items);
+    if (!isInStep)
+        *reason = walk.reason();
+    return isInStep;
 }
 
 } // namespace hostkit

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <hostkit/drawing/DrawingFile.h>
+
+#include <QtCore/QStringList>
+
+#include <functional>
+
+class ZTGraphicsDocument;
+
+namespace hostkit {
+
+/** Told how many of how many items are done, now and then; false cancels. May run events. */
+using DrawingProgress = std::function<bool(int done, int total)>;
+
+/** What happened while a drawing was loaded. */
+struct DrawingReport
+{
+    QStringList missingFonts; ///< used by texts and not on this machine; the texts keep the names
+
+    /** How many items of which kinds this program cannot make; they are kept, unseen. */
+    QMap<QString, int> unknownKinds;
+};
+
+/** Limit: points of outlines and hatch lines in all. */
+constexpr qint64 kMaxDrawingPieces = 50'000'000;
+
+/** How a drawing is loaded. */
+struct DrawingLoad
+{
+    DrawingProgress progress;
+    qint64 maxPieces = kMaxDrawingPieces;
+};
+
+/**
+ * Puts a drawing in the place of what the document holds.
+ *
+ * All items are built apart from the document. Only when the last one is ready do they go into it,
+ * and only when they are all in does the old drawing go: its items, its undo stack, the
+ * process-wide variant texts and what the document carries. The field set-up (`ZTCoord`, sort kind,
+ * work area, mark scale) and the heights of stroke fonts become the drawing's. Until then the open
+ * drawing, its undo stack and its selection stand untouched, also when there is not enough memory,
+ * and whenever `progress` is called the set-up is the open drawing's: it may run events.
+ *
+ * Items of kinds that no factory makes are kept by the document, unseen and unmarked, and saved
+ * with it; the report tells them.
+ *
+ * Limit: `load.maxPieces` points of outlines and hatch lines in all.
+ * Order: after the item factories were registered. `document` must outlive the call.
+ * Failure: false with the reason, cancelled included; the open drawing stays as it was.
+ */
+bool applyDrawing(const DrawingFile &drawing, ZTGraphicsDocument &document, const DrawingLoad &load,
+                  DrawingReport *report, Failure *failure);
+
+} // namespace hostkit
