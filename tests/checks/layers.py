@@ -60,8 +60,8 @@ def check_engine(problems):
 
 
 def check_standing_alone(problems):
-    """The sister libraries and fontkit know nothing of the engine; hosts know its umbrella."""
-    for library in ("QtPropertyBrowser", "ZTMarkDataManager", "fontkit"):
+    """The sister libraries, fontkit and vectorkit know nothing of the engine; hosts know its umbrella."""
+    for library in ("QtPropertyBrowser", "ZTMarkDataManager", "fontkit", "vectorkit"):
         for source in sources(LIBS / library, "*.h", "*.cpp"):
             for line, name in includes(source):
                 if name.startswith(("ZT", "Qt")) and not name.startswith((f"{library}/", "Qt")):

@@ -1,0 +1,131 @@
+#pragma once
+
+#include <QtCore/QMetaType>
+#include <QtCore/QPointF>
+#include <QtCore/QRectF>
+#include <QtCore/QVector>
+#include <QtGui/QColor>
+#include <QtGui/QTransform>
+
+QT_BEGIN_NAMESPACE
+class QPainterPath;
+class QPolygonF;
+QT_END_NAMESPACE
+
+namespace vectorkit {
+
+/** What one piece of a path is. The values are written nowhere. */
+enum class PieceKind : quint8 { Line, Cubic, Arc };
+
+/**
+ * One run of pieces without a jump: straight lines, cubic curves and exact arcs of circles, each
+ * beginning where the last one ended.
+ *
+ * Frame: millimetres, x to the right, y down, as on the screen.
+ */
+class VectorPath
+{
+public:
+    VectorPath() = default;
+    explicit VectorPath(const QPointF &startMm) : points{startMm} {}
+
+    /** A straight run through these points; fewer than two give an empty path. */
+    static VectorPath polyline(const QVector<QPointF> &pointsMm, bool closed = false);
+
+    /** A whole circle, run counter-clockwise on the screen from three o'clock. */
+    static VectorPath circle(const QPointF &centreMm, double radiusMm);
+
+    void lineTo(const QPointF &endMm);
+    void cubicTo(const QPointF &control1Mm, const QPointF &control2Mm, const QPointF &endMm);
+
+    /**
+     * An arc about a centre, from where the path stands.
+     *
+     * Range: `sweepDeg` other than 0; positive runs counter-clockwise on the screen; 360 or more in
+     * size is a whole circle, once.
+     */
+    void arcAbout(const QPointF &centreMm, double sweepDeg);
+
+    /** Joins the end to the start; a straight line is added when they differ. */
+    void close();
+
+    bool isEmpty() const { return pieceCount() == 0; }
+    bool isClosed() const { return closed; }
+    bool isPolyline() const { return kinds.isEmpty(); }
+    int pieceCount() const;
+    QPointF start() const { return points.isEmpty() ? QPointF() : points.first(); }
+    QPointF end() const;
+
+    /** The points of a path of straight pieces alone; empty for any other. */
+    const QVector<QPointF> &polylinePoints() const;
+
+    /** One piece, for a walk over the path. */
+    struct Piece
+    {
+        PieceKind kind = PieceKind::Line;
+        QPointF from;
+        QPointF to;
+        QPointF control1;      ///< Cubic: first control point; Arc: the centre
+        QPointF control2;      ///< Cubic: second control point
+        double sweepDeg = 0.0; ///< Arc alone; positive is counter-clockwise on the screen
+    };
+
+    /** Calls `visit(const Piece &)` for each piece in order. */
+    template <class Visit>
+    void forEach(Visit visit) const;
+
+    /** Points on the path no farther than `toleranceMm` (greater than 0) from it, ends included. */
+    QPolygonF flattened(double toleranceMm) const;
+
+    /** Box of the true curves, not of their control points. */
+    QRectF boundsMm() const;
+
+    /** Length of lines and arcs exactly, of curves within a millionth. */
+    double lengthMm() const;
+
+    /** The same path run the other way round. */
+    VectorPath reversed() const;
+
+    /** Moved, scaled, turned. Arcs stay arcs under a similarity and become cubics under any other.
+     */
+    VectorPath transformed(const QTransform &transform) const;
+
+    /** Curves as Qt knows them: arcs as cubics. */
+    void addTo(QPainterPath *path) const;
+
+private:
+    void needKinds();
+
+    QVector<QPointF>
+        points; ///< start, then 1 point a line, 3 a cubic, 3 an arc (centre, sweep in x, end)
+    QVector<PieceKind> kinds; ///< empty while all pieces are lines
+    bool closed = false;
+};
+
+template <class Visit>
+void VectorPath::forEach(Visit visit) const
+{
+    if (points.isEmpty())
+        return;
+    Piece piece;
+    piece.to = points.first();
+    int at = 1;
+    for (int index = 0; at < points.size(); ++index) {
+        piece.from = piece.to;
+        piece.kind = kinds.isEmpty() ? PieceKind::Line : kinds[index];
+        if (piece.kind == PieceKind::Line) {
+            piece.to = points[at++];
+        } else {
+            piece.control1 = points[at];
+            if (piece.kind == PieceKind::Cubic)
+                piece.control2 = points[at + 1];
+            else
+                piece.sweepDeg = points[at + 1].x();
+            piece.to = points[at + 2];
+            at += 3;
+        }
+        visit(static_cast<const Piece &>(piece));
+    }
+}
+
+} // namespace vectorkit
