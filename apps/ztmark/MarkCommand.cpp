@@ -5,6 +5,8 @@
 #include "Progress.h"
 #include "Usage.h"
 
+#include <hostkit/marks/MarkGraphBuilder.h>
+
 #include <algorithm>
 #include <array>
 
@@ -36,6 +38,9 @@ MarkCommand::MarkCommand(CLI::App &app)
                     })
         ->type_name("FACTOR")
         ->default_str("1");
+    command->add_flag(
+        "--outside", marksOutside,
+        tr("Mark a drawing also where its shapes reach out of its work area").toStdString());
     fonts.addOption(command);
     command->final_callback([this] { checkTogether(); });
     command->footer(
@@ -109,14 +114,17 @@ int MarkCommand::markDrawing(Progress &progress)
         return console::Failed;
     progress.begin(tr("ordering"));
     const bool isOrdered = command->get_option("--order")->count() > 0;
-    const DrawingMarks marks =
-        drawing.marks(isOrdered ? std::make_optional(job.options.order) : std::nullopt);
-    const bool written = job.write(marks.graph, job.outputs, progress, marks.units);
+    const hostkit::DrawingMarks marks = hostkit::drawingMarks(
+        drawing.document, isOrdered ? std::make_optional(job.options.order) : std::nullopt);
     progress.finish();
-    if (!marks.isWhole())
-        console::complain(files.front(),
-                          tr("warning: the order leaves shapes out: it ends at the first one "
-                             "without an outline; --order none marks all"));
+    for (const QString &sentence : hostkit::describeFindings(marks.findings))
+        console::complain(files.front(), tr("warning: %1").arg(sentence));
+    if (!marks.findings.outside.isEmpty() && !marksOutside) {
+        console::complain(files.front(), tr("nothing written: shapes outside the work area are "
+                                            "marked with --outside alone"));
+        return console::Failed;
+    }
+    const bool written = job.write(marks.graph, job.outputs, progress, marks.units);
     return finish(written, marks.before, marks.after);
 }
 

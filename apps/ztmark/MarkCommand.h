@@ -35,5 +35,6 @@ private:
     CLI::App *command; ///< owned by the application it was added to
     std::vector<std::string> files;
     JobArguments job;
+    bool marksOutside = false;
     FontFolders fonts;
 };

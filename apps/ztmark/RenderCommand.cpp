@@ -7,6 +7,7 @@
 #include "Usage.h"
 
 #include <hostkit/marks/DrawingPicture.h>
+#include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/marks/MarkGraphWriter.h>
 
 namespace {
@@ -92,6 +93,6 @@ bool RenderCommand::save(OpenedDrawing &drawing, QString *error) const
     const QString path = QString::fromStdString(output);
     if (!asPaths())
         return hostkit::saveDrawingPicture(drawing.document, longerSidePx, path, error);
-    const DrawingMarks marks = drawing.marks(std::nullopt);
+    const hostkit::DrawingMarks marks = hostkit::drawingMarks(drawing.document);
     return hostkit::saveMarkGraph(marks.graph, marks.units, path, error);
 }

@@ -1,5 +1,7 @@
 #include <hostkit/marks/MarkCheck_p.h>
 
+#include <hostkit/drawing/ItemExtras.h>
+
 #include <QtCore/QCoreApplication>
 
 #include <algorithm>
@@ -188,6 +190,9 @@ QPointF MarkCheck::toMm(const QPointF &mark) const
 
 QString shapeName(const ZTAbstractGraphicsItem &item)
 {
+    const QString given = itemExtras(item).name;
+    if (!given.isEmpty())
+        return QStringLiteral("\"%1\"").arg(given);
     const ZTShapeBase *shape = item.getShapeBase();
     return nameOf(item.getShapeType()).arg(shape != nullptr ? shape->getId() : 0);
 }

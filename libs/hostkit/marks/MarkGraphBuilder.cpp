@@ -1,5 +1,6 @@
 #include <hostkit/marks/MarkGraphBuilder.h>
 
+#include <hostkit/drawing/ItemExtras.h>
 #include <hostkit/marks/MarkCheck_p.h>
 #include <hostkit/marks/MarkOrder.h>
 #include <hostkit/setup/ProcessState.h>
@@ -17,7 +18,7 @@ MarkItems shapesOf(const QList<QGraphicsItem *> &candidates)
     MarkItems found;
     for (QGraphicsItem *candidate : candidates) {
         auto *item = dynamic_cast<ZTAbstractGraphicsItem *>(candidate);
-        if (item != nullptr && item->getShapeBase() != nullptr)
+        if (item != nullptr && item->getShapeBase() != nullptr && isMarked(*item))
             found.append(item);
     }
     return found;

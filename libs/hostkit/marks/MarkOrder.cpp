@@ -37,7 +37,7 @@ ZTMarkObject standIn(const Ends &ends, int number)
 {
     ZTMarkObject stand;
     stand.penId = 0;
-    stand.lines = {QPolygonF{ends.start}, QPolygonF{ends.end}};
+    stand.lines = {QPolygonF(QVector<QPointF>{ends.start}), QPolygonF(QVector<QPointF>{ends.end})};
     stand.rect = QRectF(number, 0.0, 0.0, 0.0);
     return stand;
 }

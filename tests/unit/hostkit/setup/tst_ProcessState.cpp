@@ -39,8 +39,7 @@ private Q_SLOTS:
         QCOMPARE(coord.getDisplayRatio(), 1.0);
         QCOMPARE(coord.getDistance(), 1000.0);
         QCOMPARE(coord.screen2mark(), 1000.0 / (1000.0 / 65535.0) / (700.0 / 193.0));
-        QCOMPARE(ZTPointSort::getInstance()->getShapeMarkSort(),
-                 EShapeSortType::ShapeSortYFromMax);
+        QCOMPARE(ZTPointSort::getInstance()->getShapeMarkSort(), EShapeSortType::ShapeSortYFromMax);
     }
 
     void guard_putsBackTheHeightsOfLoadedFonts()
@@ -69,5 +68,14 @@ private:
     QScopedPointer<testsupport::SingletonGuard> guard;
 };
 
-ZT_TEST_MAIN_IN_OWN_FOLDER(tst_ProcessState)
+int main(int argc, char **argv)
+{
+    const int code = testsupport::runInOwnFolder(argc, argv);
+    if (code >= 0)
+        return code;
+    const QCoreApplication application(argc, argv);
+    tst_ProcessState test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "tst_ProcessState.moc"
