@@ -42,9 +42,7 @@ ZTAbstractGraphicsItem *addGraphic(ZTShapeManager &manager, const hostkit::Drawi
 } // namespace
 
 ConvertCommand::ConvertCommand(CLI::App &app)
-    : command(app.add_subcommand(
-          "convert",
-          tr("Turn plotter drawings into a drawing, or save a drawing anew").toStdString()))
+    : Command(app, "convert", tr("Turn plotter drawings into a drawing, or save a drawing anew"))
 {
     command
         ->add_option(
@@ -83,8 +81,6 @@ void ConvertCommand::addOutput()
         ->type_name("OUT")
         ->check(CLI::Validator(check, ""));
 }
-
-bool ConvertCommand::isChosen() const { return command->parsed(); }
 
 void ConvertCommand::checkTogether() const
 {

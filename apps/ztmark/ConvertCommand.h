@@ -3,7 +3,7 @@
 #include "FontFolders.h"
 #include "OpenedDrawing.h"
 
-#include <CLI/CLI.hpp>
+#include <common/Command.h>
 
 #include <QtCore/QCoreApplication>
 
@@ -13,15 +13,14 @@
 class PlotterFiles;
 
 /** `ztmark convert`: plotter drawings become a drawing, or a drawing is saved anew. */
-class ConvertCommand
+class ConvertCommand final : public console::Command
 {
     Q_DECLARE_TR_FUNCTIONS(ConvertCommand)
 
 public:
     explicit ConvertCommand(CLI::App &app);
 
-    bool isChosen() const; ///< valid after the command line was parsed
-    int run();
+    int run() override;
 
 private:
     void addOutput();
@@ -32,7 +31,6 @@ private:
     int save(ZTGraphicsDocument &document, const QVector<hostkit::DrawingSection> &unknown,
              Progress &progress) const;
 
-    CLI::App *command; ///< owned by the application it was added to
     std::vector<std::string> files;
     std::string output;
     FontFolders fonts;

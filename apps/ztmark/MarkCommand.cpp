@@ -19,8 +19,7 @@ constexpr std::array<const char *, 8> kOnlyPlotter{
 } // namespace
 
 MarkCommand::MarkCommand(CLI::App &app)
-    : command(app.add_subcommand(
-          "mark", tr("Turn a drawing or plotter drawings into ordered mark paths").toStdString())),
+    : Command(app, "mark", tr("Turn a drawing or plotter drawings into ordered mark paths")),
       job(command)
 {
     command
@@ -62,8 +61,6 @@ MarkCommand::MarkCommand(CLI::App &app)
            "  ztmark mark logo.plt --hatch zigzag --spacing 0.3mm --angle 45 -o logo.svg")
             .toStdString());
 }
-
-bool MarkCommand::isChosen() const { return command->parsed(); }
 
 void MarkCommand::checkTogether() const
 {

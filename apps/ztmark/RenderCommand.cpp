@@ -22,8 +22,7 @@ bool endsIn(const std::string &name, const char *extension)
 } // namespace
 
 RenderCommand::RenderCommand(CLI::App &app)
-    : command(app.add_subcommand("render", tr("Make a picture of a drawing").toStdString())),
-      longerSidePx(kUsualSide)
+    : Command(app, "render", tr("Make a picture of a drawing")), longerSidePx(kUsualSide)
 {
     command->add_option("FILE", file, tr("Drawing, .ztd").toStdString())->required()->type_name("");
     addOutput();
@@ -61,8 +60,6 @@ void RenderCommand::addOutput()
         ->type_name("OUT")
         ->check(CLI::Validator(check, ""));
 }
-
-bool RenderCommand::isChosen() const { return command->parsed(); }
 
 bool RenderCommand::asPaths() const { return endsIn(output, ".svg"); }
 
