@@ -4,4 +4,4 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 tools/build.sh clang
-ctest --test-dir build/clang --output-on-failure --parallel "$(nproc)"
+ctest --test-dir build/clang --no-tests=error --output-on-failure --parallel "$(nproc)"

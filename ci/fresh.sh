@@ -21,7 +21,7 @@ debian_sources() {
 }
 
 root=$(mktemp -d "${TMPDIR:-/tmp}/fresh-debian.XXXXXX")
-trap 'umount --recursive --lazy "$root/proc" "$root/dev" 2>/dev/null; rm -rf --one-file-system "$root"' EXIT
+trap 'umount --recursive --lazy "$root/proc" "$root/dev" "$root/root/.cache/ccache" 2>/dev/null; rm -rf --one-file-system "$root"' EXIT
 
 mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' 'Origin: Debian' \
     "Codename: $suite" | head -n 1)
@@ -45,6 +45,12 @@ if [ -f "${NODE_EXTRA_CA_CERTS:-}" ]; then
 fi
 mount -t proc proc "$root/proc"
 mount --rbind /dev "$root/dev"
+# A compiler cache of this machine serves there too, once ./test has installed ccache: it holds only
+# what the same compiler makes of the same text, headers included.
+if [ -d "$HOME/.cache/ccache" ]; then
+    mkdir -p "$root/root/.cache/ccache"
+    mount --bind "$HOME/.cache/ccache" "$root/root/.cache/ccache"
+fi
 
 echo "-- copying the checkout in"
 mkdir -p "$root/home/newcomer/checkout"

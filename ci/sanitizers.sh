@@ -8,4 +8,4 @@ tools/build.sh asan-ubsan
 export ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1
 export LSAN_OPTIONS=suppressions=$PWD/ci/lsan.supp:print_suppressions=0
 export UBSAN_OPTIONS=print_stacktrace=1
-ctest --test-dir build/asan-ubsan --output-on-failure --parallel "$(nproc)" -LE package
+ctest --test-dir build/asan-ubsan --no-tests=error --output-on-failure --parallel "$(nproc)" -LE package

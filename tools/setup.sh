@@ -8,9 +8,17 @@ top=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 packages_of() {
     case "$1" in
-    build) echo g++ cmake ninja-build qtbase5-dev libqt5svg5-dev libpolyclipping-dev qttools5-dev-tools qttranslations5-l10n \
-        libcli11-dev zlib1g-dev fonts-dejavu-core hershey-fonts-data ;;
-    test) echo python3-minimal python3 pkg-config lld ccache ;;
+    build)
+        echo g++ cmake ninja-build qtbase5-dev qttools5-dev-tools qttranslations5-l10n
+        echo libcli11-dev zlib1g-dev fonts-dejavu-core hershey-fonts-data
+        echo libqt5svg5-dev libpolyclipping-dev
+        echo libzint-dev
+        ;;
+    test)
+        echo python3-minimal python3 pkg-config lld ccache
+        echo librsvg2-bin
+        echo libzxing-dev
+        ;;
     check) echo git clang clang-format clang-tidy clazy libclang-rt-14-dev libomp-dev \
         libbenchmark-dev doxygen gcovr debootstrap ;;
     *)

@@ -35,6 +35,8 @@ QRectF VectorDrawing::boundsMm() const
     for (const VectorLayer &layer : layers) {
         for (const VectorShape &shape : layer.shapes) {
             for (const VectorPath &path : shape.paths) {
+                if (path.isEmpty())
+                    continue;
                 const QRectF box = path.boundsMm();
                 if (isFirst) {
                     bounds = box;

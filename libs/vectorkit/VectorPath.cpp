@@ -141,21 +141,27 @@ void addArc(const VectorPath::Piece &arc, Box *box)
     }
 }
 
-double cubicLength(const VectorPath::Piece &piece, double from, double to, int depth)
+/**
+ * Length by halving until the control points hardly leave the chord: the curve is never shorter
+ * than the one and never longer than the way along the other.
+ */
+double cubicLength(const QPointF &a, const QPointF &b, const QPointF &c, const QPointF &d,
+                   int depth)
 {
-    const QPointF a = onCubic(piece, from);
-    const QPointF m1 = onCubic(piece, from + (to - from) * 0.25);
-    const QPointF m = onCubic(piece, (from + to) * 0.5);
-    const QPointF m2 = onCubic(piece, from + (to - from) * 0.75);
-    const QPointF b = onCubic(piece, to);
-    const double coarse = distance(a, m) + distance(m, b);
-    const double fine = distance(a, m1) + distance(m1, m) + distance(m, m2) + distance(m2, b);
-    // Chord sums come nearer by a factor of four with each halving.
-    const double better = fine + (fine - coarse) / 3.0;
-    if (depth == 0 || fine - coarse <= 1e-6 * fine)
-        return better;
-    const double middle = (from + to) * 0.5;
-    return cubicLength(piece, from, middle, depth - 1) + cubicLength(piece, middle, to, depth - 1);
+    constexpr int kDeepest = 16;
+    constexpr int kAlwaysHalved = 3;
+    const double chord = distance(a, d);
+    const double around = distance(a, b) + distance(b, c) + distance(c, d);
+    const bool isStraight = depth >= kAlwaysHalved && around - chord <= 1e-4 * around;
+    if (isStraight || depth == kDeepest)
+        return (chord + around) / 2.0;
+    const QPointF ab = (a + b) / 2.0;
+    const QPointF bc = (b + c) / 2.0;
+    const QPointF cd = (c + d) / 2.0;
+    const QPointF abc = (ab + bc) / 2.0;
+    const QPointF bcd = (bc + cd) / 2.0;
+    const QPointF middle = (abc + bcd) / 2.0;
+    return cubicLength(a, ab, abc, middle, depth + 1) + cubicLength(middle, bcd, cd, d, depth + 1);
 }
 
 bool isSimilarity(const QTransform &transform)
@@ -215,6 +221,12 @@ void VectorPath::arcAbout(const QPointF &centreMm, double sweepDeg)
     needKinds();
     kinds.append(PieceKind::Arc);
     points << centreMm << QPointF(sweep, 0.0) << (isWhole ? from : turned(from, centreMm, sweep));
+}
+
+void VectorPath::arcTo(const QPointF &centreMm, double sweepDeg, const QPointF &endMm)
+{
+    arcAbout(centreMm, sweepDeg);
+    points.last() = endMm;
 }
 
 void VectorPath::close()
@@ -280,7 +292,7 @@ double VectorPath::lengthMm() const
         if (piece.kind == PieceKind::Line)
             length += distance(piece.from, piece.to);
         else if (piece.kind == PieceKind::Cubic)
-            length += cubicLength(piece, 0.0, 1.0, 16);
+            length += cubicLength(piece.from, piece.control1, piece.control2, piece.to, 0);
         else
             length +=
                 distance(piece.control1, piece.from) * qDegreesToRadians(std::abs(piece.sweepDeg));

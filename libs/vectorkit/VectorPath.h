@@ -46,6 +46,9 @@ public:
      */
     void arcAbout(const QPointF &centreMm, double sweepDeg);
 
+    /** The same to an end that is known to the last bit; it is the caller's to be on the circle. */
+    void arcTo(const QPointF &centreMm, double sweepDeg, const QPointF &endMm);
+
     /** Joins the end to the start; a straight line is added when they differ. */
     void close();
 

@@ -1,5 +1,7 @@
 """Dependencies run in one direction: every include is held against the table of layers."""
 
+import re
+
 from project import ENGINE, LIBS, ROOT, finish, includes, sources
 
 # Layer of each folder or, where a file serves folders below its own, of the file.
@@ -36,6 +38,9 @@ def check_engine(problems):
         if len(relative.parts) == 1:
             continue
         key = engine_key(relative)
+        if key not in ENGINE_LAYERS:
+            problems.append(f"{source.relative_to(ROOT)}: its folder has no layer")
+            continue
         layer = ENGINE_LAYERS[key]
         for line, name in includes(source):
             where = f"{source.relative_to(ROOT)}:{line}: {name}"
@@ -59,28 +64,94 @@ def check_engine(problems):
                 problems.append(f"{where}: properties/ knows no shape and no item")
 
 
-def check_standing_alone(problems):
-    """The sister libraries, fontkit and vectorkit know nothing of the engine; hosts know its umbrella."""
-    for library in ("QtPropertyBrowser", "ZTMarkDataManager", "fontkit", "vectorkit"):
-        for source in sources(LIBS / library, "*.h", "*.cpp"):
-            for line, name in includes(source):
-                if name.startswith(("ZT", "Qt")) and not name.startswith((f"{library}/", "Qt")):
-                    problems.append(f"{source.relative_to(ROOT)}:{line}: {name}: stands alone")
-                if library == "fontkit" and name.startswith("Qt") and not name.startswith("QtCore/"):
-                    problems.append(f"{source.relative_to(ROOT)}:{line}: {name}: Qt Core alone")
-    for folder in (LIBS / "hostkit", LIBS / "studio", ROOT / "apps", ROOT / "examples"):
-        for source in sources(folder, "*.h", "*.cpp"):
-            for line, name in includes(source):
-                if name.startswith("ZTDrawEngineLib/") and name != UMBRELLA:
-                    problems.append(
-                        f"{source.relative_to(ROOT)}:{line}: {name}: hosts include the umbrella"
-                    )
+# What each library may include beside itself, Qt and the standard library.
+LIBRARIES = {
+    "QtPropertyBrowser": (),
+    "ZTMarkDataManager": (),
+    "ZTDrawEngineLib": ("QtPropertyBrowser", "ZTMarkDataManager"),
+    "fontkit": (),
+    "vectorkit": (),
+    "hostkit": (UMBRELLA, "vectorkit"),
+    "codekit": (UMBRELLA, "hostkit", "vectorkit"),
+    "jobkit": (UMBRELLA, "hostkit", "vectorkit"),
+    "studio": (UMBRELLA, "hostkit", "vectorkit", "codekit", "jobkit"),
+}
+WITHOUT_WIDGETS = ("ZTMarkDataManager", "fontkit", "vectorkit", "jobkit")
+QT_CORE_ALONE = ("ZTMarkDataManager", "fontkit")
+# Nothing below includes anything of these, and they include each other's shared folder alone.
+PROGRAMS = ROOT / "apps"
+
+
+def check_library(library, problems):
+    """Each library keeps to its row of the table."""
+    allowed = LIBRARIES[library]
+    for source in sources(LIBS / library, "*.h", "*.cpp"):
+        for line, name in includes(source):
+            where = f"{source.relative_to(ROOT)}:{line}: {name}"
+            owner = name.split("/")[0]
+            if owner in LIBRARIES and owner != library and not {owner, name} & set(allowed):
+                problems.append(f"{where}: {library} may not include this")
+            if library in WITHOUT_WIDGETS and name.startswith(WIDGETS):
+                problems.append(f"{where}: {library} has no widgets")
+            if library in QT_CORE_ALONE and re.match(r"Qt(?!Core)\w+/", name):
+                problems.append(f"{where}: {library} has Qt Core alone")
+
+
+def check_programs(problems):
+    """A program includes libraries, its own files and those that programs share."""
+    names = {folder.name for folder in PROGRAMS.iterdir() if folder.is_dir()}
+    for source in [*sources(PROGRAMS, "*.h", "*.cpp"), *sources(ROOT / "examples", "*.h", "*.cpp")]:
+        own = source.relative_to(ROOT).parts[1]
+        for line, name in includes(source):
+            where = f"{source.relative_to(ROOT)}:{line}: {name}"
+            owner = name.split("/")[0]
+            if owner == "ZTDrawEngineLib" and name != UMBRELLA:
+                problems.append(f"{where}: hosts include the umbrella")
+            if owner in names - {own, "common"} and owner not in LIBRARIES:
+                problems.append(f"{where}: programs know nothing of each other")
+
+
+def folder_includes(library):
+    """The folders of a library, and which other ones each includes."""
+    graph = {}
+    for source in sources(LIBS / library, "*.h", "*.cpp"):
+        folder = source.parent.relative_to(LIBS / library).parts[:1]
+        for _, name in includes(source):
+            parts = name.split("/")
+            if folder and parts[0] == library and len(parts) > 2 and parts[1] != folder[0]:
+                graph.setdefault(folder[0], set()).add(parts[1])
+    return graph
+
+
+def check_one_direction(library, problems):
+    """Between two folders of a library includes run one way, also by way of a third."""
+    graph = folder_includes(library)
+
+    def reach(folder):
+        seen, ahead = set(), [folder]
+        while ahead:
+            for below in graph.get(ahead.pop(), ()):
+                if below not in seen:
+                    seen.add(below)
+                    ahead.append(below)
+        return seen
+
+    for folder in sorted(graph):
+        if folder in reach(folder):
+            problems.append(f"libs/{library}/{folder} comes back to itself by its includes")
 
 
 def main():
     problems = []
     check_engine(problems)
-    check_standing_alone(problems)
+    for library in sorted(path.name for path in LIBS.iterdir() if path.is_dir()):
+        if library not in LIBRARIES:
+            problems.append(f"libs/{library}: has no row in the table")
+            continue
+        check_library(library, problems)
+        if library not in ("ZTDrawEngineLib", "hostkit"):  # the engine has the table of its layers
+            check_one_direction(library, problems)
+    check_programs(problems)
     finish(problems, "layers")
 
 

@@ -16,6 +16,8 @@ from project import ENGINE, LIBRARIES, LIBS, ROOT, finish
 CATALOGUES = {
     ENGINE / "resources" / "ZTDrawEngineLib_zh.ts": [LIBS / library for library in LIBRARIES],
     LIBS / "hostkit" / "resources" / "hostkit_zh.ts": [LIBS / "hostkit"],
+    LIBS / "vectorkit" / "resources" / "vectorkit_zh.ts": [LIBS / "vectorkit"],
+    LIBS / "codekit" / "resources" / "codekit_zh.ts": [LIBS / "codekit"],
     LIBS / "studio" / "resources" / "studio_zh.ts": [LIBS / "studio", ROOT / "apps" / "studio"],
     ROOT / "apps" / "ztmark" / "resources" / "ztmark_zh.ts":
         [ROOT / "apps" / "ztmark"],

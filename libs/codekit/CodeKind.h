@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QtCore/QMargins>
+#include <QtCore/QString>
+#include <QtCore/QVector>
+
+namespace codekit {
+
+/** The symbologies. The values are written to drawings: they stay. */
+enum class CodeKind : quint8 {
+    Qr = 0,
+    MicroQr = 1,
+    RectMicroQr = 2,
+    DataMatrix = 3,
+    Aztec = 4,
+    Pdf417 = 5,
+    MicroPdf417 = 6,
+    Code128 = 7,
+    Code39 = 8,
+    Code39Extended = 9,
+    Code93 = 10,
+    Codabar = 11,
+    Interleaved25 = 12,
+    Itf14 = 13,
+    Ean13 = 14,
+    Ean8 = 15,
+    UpcA = 16,
+    UpcE = 17,
+    Gs1_128 = 18,
+    Gs1DataMatrix = 19
+};
+
+/** What holds for all codes of a kind. */
+struct CodeKindInfo
+{
+    CodeKind kind = CodeKind::Qr;
+    const char *name = "";  ///< on the command line and in files: "datamatrix"
+    const char *label = ""; ///< as people call it; the same in all languages
+    bool isLinear = false;  ///< bars of one height, which can be chosen
+    QMargins quietModules;  ///< what the symbology wants free around it
+    int leastLevel = 0;     ///< error correction that can be asked for, 1 to `mostLevel`; 0: none
+    int mostLevel = 0;
+    int mostVersion = 0; ///< sizes that can be asked for, 1 to this; 0: none
+    bool isGs1 = false;  ///< content in bracketed application identifiers: "[01]04012345678901"
+};
+
+/** All kinds, in the order in which they are offered. */
+const QVector<CodeKindInfo> &codeKinds();
+
+const CodeKindInfo &infoOf(CodeKind kind);
+
+/** The kind of a name, or null. */
+const CodeKindInfo *kindNamed(const QString &name);
+
+/** What the kind can hold, one translated sentence. */
+QString limitsOf(CodeKind kind);
+
+} // namespace codekit

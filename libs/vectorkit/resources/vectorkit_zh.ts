@@ -1,0 +1,351 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>vectorkit</name>
+    <message>
+        <source>Choose HP-GL in the program or driver that writes the file.</source>
+        <translation>请在生成该文件的程序或驱动中选择 HP-GL。</translation>
+    </message>
+    <message>
+        <source>DXF drawings are not read.</source>
+        <translation>不读取 DXF 图形。</translation>
+    </message>
+    <message>
+        <source>Drawings are read as HP-GL, SVG and DXF.</source>
+        <translation>可读取 HP-GL、SVG 和 DXF 图形。</translation>
+    </message>
+    <message>
+        <source>HP-GL drawings are not read.</source>
+        <translation>不读取 HP-GL 图形。</translation>
+    </message>
+    <message>
+        <source>Open it in a drawing program and save it as SVG.</source>
+        <translation>请在绘图程序中打开，另存为 SVG。</translation>
+    </message>
+    <message>
+        <source>Open it in the program it comes from and save it as SVG or DXF.</source>
+        <translation>请在原程序中打开，另存为 SVG 或 DXF。</translation>
+    </message>
+    <message>
+        <source>Pixels have no outlines: trace it in a drawing program and save that as SVG.</source>
+        <translation>像素没有轮廓：请在绘图程序中描摹，再保存为 SVG。</translation>
+    </message>
+    <message>
+        <source>Plot the layer as DXF, SVG or HP-GL in the board program.</source>
+        <translation>请在电路板程序中将该层输出为 DXF、SVG 或 HP-GL。</translation>
+    </message>
+    <message>
+        <source>Save it as DXF in the program it comes from.</source>
+        <translation>请在原程序中另存为 DXF。</translation>
+    </message>
+    <message>
+        <source>Save it as SVG.</source>
+        <translation>请另存为 SVG。</translation>
+    </message>
+    <message>
+        <source>Take the drawing it was made from.</source>
+        <translation>请使用生成它的图形。</translation>
+    </message>
+    <message>
+        <source>Take the drawing itself: SVG, DXF or HP-GL.</source>
+        <translation>请使用图形本身：SVG、DXF 或 HP-GL。</translation>
+    </message>
+    <message>
+        <source>The file cannot be read: %1</source>
+        <translation>无法读取文件：%1</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>文件为空。</translation>
+    </message>
+    <message>
+        <source>The file is larger than %1 MiB, the limit.</source>
+        <translation>文件超过上限 %1 MiB。</translation>
+    </message>
+    <message>
+        <source>There is no such file.</source>
+        <translation>文件不存在。</translation>
+    </message>
+    <message>
+        <source>This is DMPL, the language of other plotters.</source>
+        <translation>这是 DMPL，另一类绘图仪的语言。</translation>
+    </message>
+    <message>
+        <source>This is G-code, the program of a machine.</source>
+        <translation>这是 G 代码，即机床程序。</translation>
+    </message>
+    <message>
+        <source>This is PostScript (PS or EPS).</source>
+        <translation>这是 PostScript（PS 或 EPS）。</translation>
+    </message>
+    <message>
+        <source>This is XML or HTML, but no SVG drawing.</source>
+        <translation>这是 XML 或 HTML，但不是 SVG 图形。</translation>
+    </message>
+    <message>
+        <source>This is a CDR drawing.</source>
+        <translation>这是 CDR 图形。</translation>
+    </message>
+    <message>
+        <source>This is a DWG drawing.</source>
+        <translation>这是 DWG 图形。</translation>
+    </message>
+    <message>
+        <source>This is a GIF picture.</source>
+        <translation>这是 GIF 图片。</translation>
+    </message>
+    <message>
+        <source>This is a Gerber file of a circuit board.</source>
+        <translation>这是电路板的 Gerber 文件。</translation>
+    </message>
+    <message>
+        <source>This is a JPEG picture.</source>
+        <translation>这是 JPEG 图片。</translation>
+    </message>
+    <message>
+        <source>This is a PDF document.</source>
+        <translation>这是 PDF 文档。</translation>
+    </message>
+    <message>
+        <source>This is a PDF from Illustrator.</source>
+        <translation>这是 Illustrator 生成的 PDF。</translation>
+    </message>
+    <message>
+        <source>This is a PNG picture.</source>
+        <translation>这是 PNG 图片。</translation>
+    </message>
+    <message>
+        <source>This is a TIFF picture.</source>
+        <translation>这是 TIFF 图片。</translation>
+    </message>
+    <message>
+        <source>This is a WebP picture.</source>
+        <translation>这是 WebP 图片。</translation>
+    </message>
+    <message>
+        <source>This is a ZIP archive.</source>
+        <translation>这是 ZIP 压缩包。</translation>
+    </message>
+    <message>
+        <source>This is compressed (gzip), as .svgz files are.</source>
+        <translation>这是压缩文件（gzip），例如 .svgz 文件。</translation>
+    </message>
+    <message>
+        <source>This is no file that holds data.</source>
+        <translation>这不是含有数据的文件。</translation>
+    </message>
+    <message>
+        <source>This is none of the drawings that can be read.</source>
+        <translation>这不是可读取的图形。</translation>
+    </message>
+    <message>
+        <source>Unpack it and take the drawing that is inside.</source>
+        <translation>请先解压，再使用其中的图形。</translation>
+    </message>
+    <message>
+        <source>The drawing is larger than can be read.</source>
+        <translation>图形过大，无法读取。</translation>
+    </message>
+    <message>
+        <source>Take it apart with the program that wrote it.</source>
+        <translation>请用生成它的程序将其拆分。</translation>
+    </message>
+    <message>
+        <source>The drawing holds no shapes and no texts.</source>
+        <translation>图形中没有任何形状和文字。</translation>
+    </message>
+    <message>
+        <source>Left out: %1 (%2).</source>
+        <translation>已略去：%1（%2）。</translation>
+    </message>
+    <message>
+        <source>Its sizes are in pixels, of which %1 took 90 for an inch.</source>
+        <translation>其尺寸以像素为单位，%1 按每英寸 90 像素计。</translation>
+    </message>
+    <message>
+        <source>Its sizes are in pixels, of which %1 takes 72 for an inch.</source>
+        <translation>其尺寸以像素为单位，%1 按每英寸 72 像素计。</translation>
+    </message>
+    <message>
+        <source>Its sizes are in pixels, of which 96 make an inch.</source>
+        <translation>其尺寸以像素为单位，每英寸 96 像素。</translation>
+    </message>
+    <message>
+        <source>The file gives its size: %1 × %2 mm.</source>
+        <translation>文件给出了尺寸：%1 × %2 mm。</translation>
+    </message>
+    <message>
+        <source>The file gives no size. %1</source>
+        <translation>文件没有给出尺寸。%1</translation>
+    </message>
+    <message>
+        <source>The unit was chosen: %1 mm.</source>
+        <translation>单位由用户选定：%1 mm。</translation>
+    </message>
+    <message>
+        <source>hidden elements</source>
+        <translation>隐藏的元素</translation>
+    </message>
+    <message>
+        <source>turned letters in a text, kept upright</source>
+        <translation>文字中旋转的字母，按不旋转处理</translation>
+    </message>
+    <message>
+        <source>letters placed one by one, now evenly</source>
+        <translation>逐个定位的字母，改为均匀排列</translation>
+    </message>
+    <message>
+        <source>texts along a path, set straight</source>
+        <translation>沿路径的文字，改为直排</translation>
+    </message>
+    <message>
+        <source>texts taken from elsewhere</source>
+        <translation>引自他处的文字</translation>
+    </message>
+    <message>
+        <source>shapes without stroke and fill</source>
+        <translation>没有描边和填充的形状</translation>
+    </message>
+    <message>
+        <source>texts without a size or out of range</source>
+        <translation>没有大小或超出范围的文字</translation>
+    </message>
+    <message>
+        <source>texts under a clip path, kept whole</source>
+        <translation>受剪切路径限制的文字，完整保留</translation>
+    </message>
+    <message>
+        <source>flowed text, its lines not broken</source>
+        <translation>流式文字，不自动换行</translation>
+    </message>
+    <message>
+        <source>Reading was cancelled.</source>
+        <translation>读取已取消。</translation>
+    </message>
+    <message>
+        <source>This XML file is no SVG drawing.</source>
+        <translation>此 XML 文件不是 SVG 图形。</translation>
+    </message>
+    <message>
+        <source>More than %1 elements stand in one another.</source>
+        <translation>元素嵌套超过 %1 层。</translation>
+    </message>
+    <message>
+        <source>The file is not well-formed at line %1, column %2: %3</source>
+        <translation>文件在第 %1 行第 %2 列格式不正确：%3</translation>
+    </message>
+    <message>
+        <source>Save it again with the program that wrote it.</source>
+        <translation>请用生成它的程序重新保存。</translation>
+    </message>
+    <message>
+        <source>style rules that are not known</source>
+        <translation>无法识别的样式规则</translation>
+    </message>
+    <message>
+        <source>line %1</source>
+        <translation>第 %1 行</translation>
+    </message>
+    <message>
+        <source>lengths that are no numbers</source>
+        <translation>不是数字的长度</translation>
+    </message>
+    <message>
+        <source>hidden layer &quot;%1&quot;</source>
+        <translation>隐藏图层“%1”</translation>
+    </message>
+    <message>
+        <source>transforms that cannot be read</source>
+        <translation>无法读取的变换</translation>
+    </message>
+    <message>
+        <source>masks, shown without them</source>
+        <translation>蒙版，按无蒙版显示</translation>
+    </message>
+    <message>
+        <source>filters, shown without them</source>
+        <translation>滤镜，按无滤镜显示</translation>
+    </message>
+    <message>
+        <source>elements that stand too deep in one another</source>
+        <translation>嵌套过深的元素</translation>
+    </message>
+    <message>
+        <source>pictures (bitmaps)</source>
+        <translation>图片（位图）</translation>
+    </message>
+    <message>
+        <source>scripts</source>
+        <translation>脚本</translation>
+    </message>
+    <message>
+        <source>animations</source>
+        <translation>动画</translation>
+    </message>
+    <message>
+        <source>content of other formats</source>
+        <translation>其他格式的内容</translation>
+    </message>
+    <message>
+        <source>element &quot;%1&quot;</source>
+        <translation>元素“%1”</translation>
+    </message>
+    <message>
+        <source>references to other files</source>
+        <translation>对其他文件的引用</translation>
+    </message>
+    <message>
+        <source>references to nothing</source>
+        <translation>引用的对象不存在</translation>
+    </message>
+    <message>
+        <source>elements that show themselves</source>
+        <translation>引用自身的元素</translation>
+    </message>
+    <message>
+        <source>paths that end where they are damaged</source>
+        <translation>在损坏处中止的路径</translation>
+    </message>
+    <message>
+        <source>patterns, filled all over</source>
+        <translation>图案填充，按整体填充处理</translation>
+    </message>
+    <message>
+        <source>gradients, in their first colour</source>
+        <translation>渐变，取其首个颜色</translation>
+    </message>
+    <message>
+        <source>dashed lines, drawn through</source>
+        <translation>虚线，按实线绘制</translation>
+    </message>
+    <message>
+        <source>lines of no width, kept as thin ones</source>
+        <translation>零宽度线条，按细线保留</translation>
+    </message>
+    <message>
+        <source>markers on lines</source>
+        <translation>线条上的标记</translation>
+    </message>
+    <message>
+        <source>paths with coordinates out of range</source>
+        <translation>坐标超出范围的路径</translation>
+    </message>
+    <message>
+        <source>clip paths that are not known, shown without them</source>
+        <translation>未知的剪切路径，按无剪切显示</translation>
+    </message>
+    <message>
+        <source>clip paths of relative size, shown without them</source>
+        <translation>相对尺寸的剪切路径，按无剪切显示</translation>
+    </message>
+    <message>
+        <source>texts in clip paths</source>
+        <translation>剪切路径中的文字</translation>
+    </message>
+    <message>
+        <source>clip paths within clip paths</source>
+        <translation>剪切路径中的剪切路径</translation>
+    </message>
+</context>
+</TS>

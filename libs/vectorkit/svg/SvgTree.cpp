@@ -1,0 +1,448 @@
+#include <vectorkit/svg/SvgTree_p.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QXmlStreamReader>
+
+namespace vectorkit {
+
+namespace {
+
+const QLatin1String kSvgNamespace("http://www.w3.org/2000/svg");
+
+/** Limit: elements in one another. */
+constexpr int kMostDepth = 500;
+
+const QHash<QString, SvgElement> &elementNames()
+{
+    static const QHash<QString, SvgElement> kNames = [] {
+        const struct
+        {
+            const char *name;
+            SvgElement element;
+        } rows[] = {{"svg", SvgElement::Svg},
+                    {"g", SvgElement::G},
+                    {"a", SvgElement::A},
+                    {"defs", SvgElement::Defs},
+                    {"symbol", SvgElement::Symbol},
+                    {"use", SvgElement::Use},
+                    {"switch", SvgElement::Switch},
+                    {"path", SvgElement::Path},
+                    {"rect", SvgElement::Rect},
+                    {"circle", SvgElement::Circle},
+                    {"ellipse", SvgElement::Ellipse},
+                    {"line", SvgElement::Line},
+                    {"polyline", SvgElement::Polyline},
+                    {"polygon", SvgElement::Polygon},
+                    {"text", SvgElement::Text},
+                    {"tspan", SvgElement::Tspan},
+                    {"textPath", SvgElement::TextPath},
+                    {"tref", SvgElement::Tref},
+                    {"flowRoot", SvgElement::FlowRoot},
+                    {"flowRegion", SvgElement::FlowRegion},
+                    {"flowPara", SvgElement::FlowPara},
+                    {"flowDiv", SvgElement::FlowDiv},
+                    {"flowSpan", SvgElement::FlowSpan},
+                    {"image", SvgElement::Image},
+                    {"clipPath", SvgElement::ClipPath},
+                    {"mask", SvgElement::Mask},
+                    {"filter", SvgElement::Filter},
+                    {"marker", SvgElement::Marker},
+                    {"pattern", SvgElement::Pattern},
+                    {"linearGradient", SvgElement::LinearGradient},
+                    {"radialGradient", SvgElement::RadialGradient},
+                    {"stop", SvgElement::Stop},
+                    {"style", SvgElement::Style},
+                    {"script", SvgElement::Script},
+                    {"foreignObject", SvgElement::ForeignObject},
+                    {"title", SvgElement::Title},
+                    {"desc", SvgElement::Desc},
+                    {"metadata", SvgElement::Metadata},
+                    {"animate", SvgElement::Animate},
+                    {"animateTransform", SvgElement::Animate},
+                    {"animateMotion", SvgElement::Animate},
+                    {"animateColor", SvgElement::Animate},
+                    {"set", SvgElement::Animate}};
+        QHash<QString, SvgElement> names;
+        for (const auto &row : rows)
+            names.insert(QLatin1String(row.name), row.element);
+        return names;
+    }();
+    return kNames;
+}
+
+const QHash<QString, SvgName> &attributeNames()
+{
+    static const QHash<QString, SvgName> kNames = [] {
+        const struct
+        {
+            const char *name;
+            SvgName value;
+        } rows[] = {{"fill", SvgName::Fill},
+                    {"fill-rule", SvgName::FillRule},
+                    {"fill-opacity", SvgName::FillOpacity},
+                    {"stroke", SvgName::Stroke},
+                    {"stroke-opacity", SvgName::StrokeOpacity},
+                    {"stroke-width", SvgName::StrokeWidth},
+                    {"stroke-dasharray", SvgName::StrokeDasharray},
+                    {"opacity", SvgName::Opacity},
+                    {"display", SvgName::Display},
+                    {"visibility", SvgName::Visibility},
+                    {"color", SvgName::Color},
+                    {"clip-path", SvgName::ClipPathUse},
+                    {"clip-rule", SvgName::ClipRule},
+                    {"mask", SvgName::MaskUse},
+                    {"filter", SvgName::FilterUse},
+                    {"font-size", SvgName::FontSize},
+                    {"font-family", SvgName::FontFamily},
+                    {"font", SvgName::Font},
+                    {"text-anchor", SvgName::TextAnchor},
+                    {"transform", SvgName::Transform},
+                    {"transform-origin", SvgName::TransformOrigin},
+                    {"overflow", SvgName::Overflow},
+                    {"stop-color", SvgName::StopColor},
+                    {"marker-start", SvgName::MarkerStart},
+                    {"marker-mid", SvgName::MarkerMid},
+                    {"marker-end", SvgName::MarkerEnd},
+                    {"marker", SvgName::MarkerAll},
+                    {"vector-effect", SvgName::VectorEffect},
+                    {"white-space", SvgName::WhiteSpace},
+                    {"id", SvgName::Id},
+                    {"class", SvgName::Class},
+                    {"style", SvgName::StyleText},
+                    {"href", SvgName::Href},
+                    {"xlink:href", SvgName::Href},
+                    {"x", SvgName::X},
+                    {"y", SvgName::Y},
+                    {"width", SvgName::Width},
+                    {"height", SvgName::Height},
+                    {"x1", SvgName::X1},
+                    {"y1", SvgName::Y1},
+                    {"x2", SvgName::X2},
+                    {"y2", SvgName::Y2},
+                    {"cx", SvgName::Cx},
+                    {"cy", SvgName::Cy},
+                    {"r", SvgName::R},
+                    {"rx", SvgName::Rx},
+                    {"ry", SvgName::Ry},
+                    {"d", SvgName::D},
+                    {"points", SvgName::Points},
+                    {"viewBox", SvgName::ViewBox},
+                    {"preserveAspectRatio", SvgName::PreserveAspectRatio},
+                    {"clipPathUnits", SvgName::ClipPathUnits},
+                    {"inkscape:groupmode", SvgName::GroupMode},
+                    {"inkscape:label", SvgName::Label},
+                    {"i:layer", SvgName::IsLayer},
+                    {"requiredExtensions", SvgName::RequiredExtensions},
+                    {"systemLanguage", SvgName::SystemLanguage},
+                    {"dx", SvgName::Dx},
+                    {"dy", SvgName::Dy},
+                    {"rotate", SvgName::Rotate},
+                    {"textLength", SvgName::TextLength},
+                    {"xml:space", SvgName::Space},
+                    {"sodipodi:role", SvgName::Role},
+                    {"version", SvgName::Version},
+                    {"inkscape:version", SvgName::EditorVersion},
+                    {"sodipodi:version", SvgName::OldEditorVersion},
+                    {"type", SvgName::Type}};
+        QHash<QString, SvgName> names;
+        for (const auto &row : rows)
+            names.insert(QLatin1String(row.name), row.value);
+        return names;
+    }();
+    return kNames;
+}
+
+/** Builds the tree while the XML goes by. */
+class TreeReader
+{
+public:
+    TreeReader(const QByteArray &source, const ReadOptions &readOptions, SvgTree *target)
+        : bytes(source), options(readOptions), tree(target), xml(source)
+    {
+        // Prefixes are often used without being declared where a part of a file was cut out.
+        xml.setNamespaceProcessing(false);
+    }
+
+    bool read(ReadFailure *failure);
+
+private:
+    struct Prefix
+    {
+        int depth;
+        QString name;
+        bool isSvg;
+    };
+
+    void startElement();
+    void declarePrefixes(const QXmlStreamAttributes &attributes);
+    SvgElement elementOf(const QStringRef &qualifiedName) const;
+    void addAttributes(const QXmlStreamAttributes &attributes, SvgNode *node);
+    void addNode(SvgNode node);
+    void characters();
+    void comment();
+    bool fail(ReadFailure *failure) const;
+
+    const QByteArray &bytes;
+    const ReadOptions &options;
+    SvgTree *tree;
+    QXmlStreamReader xml;
+    QVector<int> open;      ///< elements that the next one is in
+    QVector<int> lastChild; ///< of each of them; -1: none yet
+    QVector<Prefix> prefixes;
+    int foreignDepth = 0; ///< elements of other name spaces that are open
+    bool isCancelled = false;
+    bool isTooDeep = false;
+    bool isNoSvg = false;
+};
+
+bool TreeReader::read(ReadFailure *failure)
+{
+    qint64 tokens = 0;
+    while (!xml.atEnd() && !isCancelled && !isTooDeep && !isNoSvg) {
+        switch (xml.readNext()) {
+        case QXmlStreamReader::StartElement:
+            startElement();
+            break;
+        case QXmlStreamReader::EndElement:
+            if (foreignDepth > 0) {
+                --foreignDepth;
+            } else {
+                open.removeLast();
+                lastChild.removeLast();
+            }
+            while (!prefixes.isEmpty() && prefixes.last().depth > open.size() + foreignDepth)
+                prefixes.removeLast();
+            break;
+        case QXmlStreamReader::Characters:
+            characters();
+            break;
+        case QXmlStreamReader::Comment:
+            comment();
+            break;
+        default:
+            break;
+        }
+        if (options.progress && ++tokens % 1024 == 0) {
+            const double done = double(xml.characterOffset()) / std::max(1, bytes.size());
+            isCancelled = !options.progress(std::min(0.5, done * 0.5));
+        }
+    }
+    return fail(failure);
+}
+
+/** True when nothing failed; else tells what did. */
+bool TreeReader::fail(ReadFailure *failure) const
+{
+    if (isCancelled) {
+        *failure = {ReadFailure::Kind::Cancelled,
+                    QCoreApplication::translate("vectorkit", "Reading was cancelled."), QString()};
+    } else if (isNoSvg) {
+        *failure = {ReadFailure::Kind::WrongFormat,
+                    QCoreApplication::translate("vectorkit", "This XML file is no SVG drawing."),
+                    QString()};
+    } else if (isTooDeep) {
+        *failure = {
+            ReadFailure::Kind::TooLarge,
+            QCoreApplication::translate("vectorkit", "More than %1 elements stand in one another.")
+                .arg(kMostDepth),
+            QString()};
+    } else if (xml.hasError()) {
+        const bool isNothing = tree->nodes.isEmpty();
+        *failure = {isNothing ? ReadFailure::Kind::WrongFormat : ReadFailure::Kind::Damaged,
+                    QCoreApplication::translate(
+                        "vectorkit", "The file is not well-formed at line %1, column %2: %3")
+                        .arg(xml.lineNumber())
+                        .arg(xml.columnNumber())
+                        .arg(xml.errorString()),
+                    QCoreApplication::translate("vectorkit",
+                                                "Save it again with the program that wrote it.")};
+    } else if (tree->nodes.isEmpty()) {
+        *failure = {ReadFailure::Kind::WrongFormat,
+                    QCoreApplication::translate("vectorkit", "This XML file is no SVG drawing."),
+                    QString()};
+    } else {
+        return true;
+    }
+    return false;
+}
+
+void TreeReader::declarePrefixes(const QXmlStreamAttributes &attributes)
+{
+    const int depth = open.size() + foreignDepth + 1;
+    for (const QXmlStreamAttribute &attribute : attributes) {
+        const QStringRef name = attribute.qualifiedName();
+        if (!name.startsWith(QLatin1String("xmlns")))
+            continue;
+        if (name.size() == 5)
+            prefixes.append({depth, QString(), attribute.value() == kSvgNamespace});
+        else if (name.at(5) == QLatin1Char(':'))
+            prefixes.append({depth, name.mid(6).toString(), attribute.value() == kSvgNamespace});
+    }
+}
+
+SvgElement TreeReader::elementOf(const QStringRef &qualifiedName) const
+{
+    const int colon = qualifiedName.indexOf(QLatin1Char(':'));
+    const QStringRef prefix = colon < 0 ? QStringRef() : qualifiedName.left(colon);
+    // Without a declaration a plain name is one of the format, and so is the usual prefix.
+    bool isSvg = prefix.isEmpty() || prefix == QLatin1String("svg");
+    for (int index = prefixes.size() - 1; index >= 0; --index) {
+        if (prefixes[index].name == prefix) {
+            isSvg = prefixes[index].isSvg;
+            break;
+        }
+    }
+    if (!isSvg)
+        return SvgElement::Foreign;
+    return elementNames().value(qualifiedName.mid(colon + 1).toString(), SvgElement::Other);
+}
+
+void TreeReader::startElement()
+{
+    if (foreignDepth > 0) {
+        ++foreignDepth;
+        isTooDeep = open.size() + foreignDepth > kMostDepth;
+        return;
+    }
+    const QXmlStreamAttributes attributes = xml.attributes();
+    declarePrefixes(attributes);
+    SvgNode node;
+    node.element = elementOf(xml.qualifiedName());
+    if (tree->nodes.isEmpty() && node.element != SvgElement::Svg) {
+        isNoSvg = true;
+        return;
+    }
+    if (node.element == SvgElement::Foreign || node.element == SvgElement::Metadata) {
+        ++foreignDepth;
+        return;
+    }
+    if (node.element == SvgElement::Other)
+        node.text = xml.name().toString();
+    addAttributes(attributes, &node);
+    addNode(node);
+    open.append(tree->nodes.size() - 1);
+    lastChild.append(-1);
+    isTooDeep = open.size() > kMostDepth;
+}
+
+void TreeReader::addAttributes(const QXmlStreamAttributes &attributes, SvgNode *node)
+{
+    node->firstAttribute = tree->attributes.size();
+    for (const QXmlStreamAttribute &attribute : attributes) {
+        const SvgName name = svgNameOf(attribute.qualifiedName().toString());
+        if (name == SvgName::Unknown)
+            continue;
+        const QString value = attribute.value().toString();
+        if (name == SvgName::Id && !tree->idToNode.contains(value))
+            tree->idToNode.insert(value, tree->nodes.size());
+        tree->attributes.append({name, value});
+    }
+    node->attributeCount = tree->attributes.size() - node->firstAttribute;
+}
+
+void TreeReader::addNode(SvgNode node)
+{
+    const int index = tree->nodes.size();
+    node.line = int(xml.lineNumber());
+    if (!open.isEmpty()) {
+        node.parent = open.last();
+        if (lastChild.last() < 0)
+            tree->nodes[node.parent].firstChild = index;
+        else
+            tree->nodes[lastChild.last()].nextSibling = index;
+        lastChild.last() = index;
+    }
+    tree->nodes.append(node);
+}
+
+void TreeReader::characters()
+{
+    if (open.isEmpty() || foreignDepth > 0)
+        return;
+    switch (tree->nodes[open.last()].element) {
+    case SvgElement::Text:
+    case SvgElement::Tspan:
+    case SvgElement::TextPath:
+    case SvgElement::A:
+    case SvgElement::FlowPara:
+    case SvgElement::FlowDiv:
+    case SvgElement::FlowSpan:
+    case SvgElement::Style: {
+        SvgNode node;
+        node.element = SvgElement::Characters;
+        node.text = xml.text().toString();
+        addNode(node);
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+void TreeReader::comment()
+{
+    if (!tree->producer.isEmpty())
+        return;
+    const QString text = xml.text().toString().simplified();
+    for (const QLatin1String start : {QLatin1String("Generator: "), QLatin1String("Creator: "),
+                                      QLatin1String("Created with ")}) {
+        if (text.startsWith(start, Qt::CaseInsensitive)) {
+            tree->producer = text.mid(start.size()).left(200);
+            // "Adobe Illustrator 15.1.0, SVG Export Plug-In . SVG Version: 6.00 Build 0)"
+            const int end = tree->producer.indexOf(QLatin1Char(','));
+            if (end > 0)
+                tree->producer.truncate(end);
+            return;
+        }
+    }
+}
+
+} // namespace
+
+SvgName svgNameOf(const QString &name) { return attributeNames().value(name, SvgName::Unknown); }
+
+QString svgElementName(const SvgNode &node)
+{
+    static const QHash<int, QString> kNames = [] {
+        QHash<int, QString> names;
+        const QHash<QString, SvgElement> &elements = elementNames();
+        for (auto it = elements.begin(); it != elements.end(); ++it)
+            names.insert(int(it.value()), it.key());
+        return names;
+    }();
+    return node.element == SvgElement::Other ? node.text : kNames.value(int(node.element));
+}
+
+QString SvgTree::attribute(int node, SvgName name) const
+{
+    const int first = nodes[node].firstAttribute;
+    for (int index = first; index < first + nodes[node].attributeCount; ++index) {
+        if (attributes[index].name == name)
+            return attributes[index].value;
+    }
+    return QString();
+}
+
+QString SvgTree::charactersOf(int node) const
+{
+    QString all;
+    // Children stand behind their parents, and all of a parent's before its next sibling.
+    for (int index = node + 1; index < nodes.size(); ++index) {
+        int above = nodes[index].parent;
+        while (above > node)
+            above = nodes[above].parent;
+        if (above != node)
+            break;
+        if (nodes[index].element == SvgElement::Characters)
+            all += nodes[index].text;
+    }
+    return all;
+}
+
+bool readSvgTree(const QByteArray &bytes, const ReadOptions &options, SvgTree *tree,
+                 ReadFailure *failure)
+{
+    return TreeReader(bytes, options, tree).read(failure);
+}
+
+} // namespace vectorkit
