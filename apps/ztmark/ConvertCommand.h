@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FontFolders.h"
+#include "InputFiles.h"
 #include "OpenedDrawing.h"
 
 #include <common/Command.h>
@@ -24,14 +25,13 @@ public:
 
 private:
     void addOutput();
-    void checkTogether() const;
     int importFiles(Progress &progress) const;
     int saveAnew(Progress &progress) const;
     void import(const PlotterFiles &plotter, ZTGraphicsDocument &document) const;
     int save(ZTGraphicsDocument &document, const QVector<hostkit::DrawingSection> &unknown,
              Progress &progress) const;
 
-    std::vector<std::string> files;
+    InputFiles files;
     std::string output;
     FontFolders fonts;
 };

@@ -22,12 +22,7 @@ MarkCommand::MarkCommand(CLI::App &app)
     : Command(app, "mark", tr("Turn a drawing or plotter drawings into ordered mark paths")),
       job(command)
 {
-    command
-        ->add_option(
-            "FILE", files,
-            tr("Plotter drawings, - reads standard input; or one drawing, .ztd").toStdString())
-        ->required()
-        ->type_name("");
+    files.addOption(command);
     job.addOutputs();
     job.addHatch();
     job.addLayout();
@@ -64,18 +59,15 @@ MarkCommand::MarkCommand(CLI::App &app)
 
 void MarkCommand::checkTogether() const
 {
-    if (std::any_of(files.begin(), files.end(), OpenedDrawing::isNamed)) {
+    files.checkTogether();
+    if (files.isDrawing())
         checkDrawing();
-        return;
-    }
-    job.checkTogether();
-    PlotterFiles::checkNames(files);
+    else
+        job.checkTogether();
 }
 
 void MarkCommand::checkDrawing() const
 {
-    if (files.size() > 1)
-        usage::refuse("FILE", tr("a drawing is marked alone, without other files"));
     for (const char *option : kOnlyPlotter) {
         if (command->get_option(option)->count() > 0)
             usage::refuse(option, tr("not for a drawing, which has its own layout and hatch"));
@@ -84,18 +76,17 @@ void MarkCommand::checkDrawing() const
 
 int MarkCommand::run()
 {
-    if (!JobArguments::canWrite(job.outputs, files) || !fonts.makeKnown())
+    if (!JobArguments::canWrite(job.outputs, files.names) || !fonts.makeKnown())
         return console::Failed;
     Progress progress(!job.quiet);
-    return OpenedDrawing::isNamed(files.front()) ? markDrawing(progress)
-                                                 : markPlotterFiles(progress);
+    return files.isDrawing() ? markDrawing(progress) : markPlotterFiles(progress);
 }
 
 int MarkCommand::markPlotterFiles(Progress &progress)
 {
     PlotterFiles plotter;
     hostkit::MarkJobResult result;
-    if (!plotter.open(files, progress) || !build(plotter.drawings(), &result, progress))
+    if (!plotter.open(files.names, progress) || !build(plotter.drawings(), &result, progress))
         return console::Failed;
     const bool written = job.write(result.graph, job.outputs, progress);
     progress.finish();
@@ -107,7 +98,7 @@ int MarkCommand::markPlotterFiles(Progress &progress)
 int MarkCommand::markDrawing(Progress &progress)
 {
     OpenedDrawing drawing;
-    if (!drawing.open(files.front(), progress))
+    if (!drawing.open(files.names.front(), progress))
         return console::Failed;
     progress.begin(tr("ordering"));
     const bool isOrdered = command->get_option("--order")->count() > 0;
@@ -115,10 +106,11 @@ int MarkCommand::markDrawing(Progress &progress)
         drawing.document, isOrdered ? std::make_optional(job.options.order) : std::nullopt);
     progress.finish();
     for (const QString &sentence : hostkit::describeFindings(marks.findings))
-        console::complain(files.front(), tr("warning: %1").arg(sentence));
+        console::complain(files.names.front(), tr("warning: %1").arg(sentence));
     if (!marks.findings.outside.isEmpty() && !marksOutside) {
-        console::complain(files.front(), tr("nothing written: shapes outside the work area are "
-                                            "marked with --outside alone"));
+        console::complain(files.names.front(),
+                          tr("nothing written: shapes outside the work area are "
+                             "marked with --outside alone"));
         return console::Failed;
     }
     const bool written = job.write(marks.graph, job.outputs, progress, marks.units);
@@ -145,7 +137,7 @@ bool MarkCommand::build(const PlotterFiles::Drawings &drawings, hostkit::MarkJob
         return true;
     progress.finish();
     if (error.drawing >= 0)
-        console::complain(files[static_cast<size_t>(error.drawing)], error.reason);
+        console::complain(files.names[static_cast<size_t>(error.drawing)], error.reason);
     else
         console::complain(error.reason.toStdString());
     return false;

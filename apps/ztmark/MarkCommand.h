@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FontFolders.h"
+#include "InputFiles.h"
 #include "JobArguments.h"
 #include "PlotterFiles.h"
 
@@ -31,7 +32,7 @@ private:
     int finish(bool written, const hostkit::MarkPathMeasure &before,
                const hostkit::MarkPathMeasure &after) const;
 
-    std::vector<std::string> files;
+    InputFiles files;
     JobArguments job;
     bool marksOutside = false;
     FontFolders fonts;

@@ -100,16 +100,8 @@ Examples:
   ztmark convert old.ztd -o new.ztd</translation>
     </message>
     <message>
-        <source>Plotter drawings, - reads standard input; or one drawing, .ztd</source>
-        <translation>绘图仪图纸，- 表示读取标准输入；或一个图纸 .ztd</translation>
-    </message>
-    <message>
         <source>The drawing, .ztd</source>
         <translation>图纸文件 .ztd</translation>
-    </message>
-    <message>
-        <source>a drawing is converted alone, without other files</source>
-        <translation>图纸只能单独转换，不能与其他文件一起</translation>
     </message>
     <message>
         <source>writing %1</source>
@@ -269,6 +261,22 @@ Examples:
     <message>
         <source>%1 x %2 pixels</source>
         <translation>%1 x %2 像素</translation>
+    </message>
+    <message>
+        <source>Marked twice:</source>
+        <translation>标刻两次：</translation>
+    </message>
+    <message>
+        <source>Outside the field:</source>
+        <translation>超出工作区：</translation>
+    </message>
+    <message>
+        <source>Without length:</source>
+        <translation>无长度的轮廓：</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>另有 %1 个</translation>
     </message>
 </context>
 <context>
@@ -594,16 +602,8 @@ x-min、x-max、y-min、y-max</translation>
         <translation>放大图纸，0.001 到 1000</translation>
     </message>
     <message>
-        <source>Plotter drawings, - reads standard input; or one drawing, .ztd</source>
-        <translation>绘图仪图纸，- 表示读取标准输入；或一个图纸 .ztd</translation>
-    </message>
-    <message>
         <source>Turn a drawing or plotter drawings into ordered mark paths</source>
         <translation>把图纸或绘图仪图纸变成有序的标刻路径</translation>
-    </message>
-    <message>
-        <source>a drawing is marked alone, without other files</source>
-        <translation>图纸只能单独标刻，不能与其他文件一起</translation>
     </message>
     <message>
         <source>not for a drawing, which has its own layout and hatch</source>
@@ -686,10 +686,6 @@ Examples:
 </context>
 <context>
     <name>PlotterFiles</name>
-    <message>
-        <source>standard input can be read only once</source>
-        <translation>标准输入只能读取一次</translation>
-    </message>
     <message>
         <source>warning: %1</source>
         <translation>警告：%1</translation>
@@ -915,6 +911,21 @@ base 也可以是 16 和 26（字母）。没有给出位置时放在最后一�
     <message>
         <source>Turns drawings, plotter drawings and texts into hatched, ordered mark paths.</source>
         <translation>把图纸、绘图仪图纸和文字变成带填充的有序标刻路径。</translation>
+    </message>
+</context>
+<context>
+    <name>InputFiles</name>
+    <message>
+        <source>Plotter drawings, - reads standard input; or one drawing, .ztd</source>
+        <translation>绘图仪图纸，- 表示读取标准输入；或一个图纸 .ztd</translation>
+    </message>
+    <message>
+        <source>a drawing is taken alone, without other files</source>
+        <translation>图纸只能单独使用，不能与其他文件一起</translation>
+    </message>
+    <message>
+        <source>standard input can be read only once</source>
+        <translation>标准输入只能读取一次</translation>
     </message>
 </context>
 </TS>
