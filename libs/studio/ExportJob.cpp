@@ -75,24 +75,14 @@ void ExportJob::gather()
     budgetOfStepMs = kStepMs;
     Q_EMIT progress(builder->done(), builder->total());
     if (!isMore && !isCancelled)
-        endGathering();
+        write();
 }
 
-void ExportJob::endGathering()
+void ExportJob::write()
 {
     nextStep.stop();
     marks = builder->take();
     builder.reset();
-    if (marks.findings.outside.isEmpty())
-        goOn();
-    else
-        Q_EMIT outsideFound();
-}
-
-void ExportJob::goOn()
-{
-    if (isCancelled || writer)
-        return;
     if (!marks.isWhole())
         error = tr("a shape was deleted meanwhile");
     writer.reset(QThread::create([this] { writeFile(); }));

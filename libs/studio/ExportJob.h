@@ -31,9 +31,6 @@ public:
      */
     void start(int budgetMs);
 
-    /** Writes although shapes reach out of the work area. Order: after `outsideFound`. */
-    void goOn();
-
     /**
      * Gives up; `finished` does not come. What stood in the file stays.
      *
@@ -43,17 +40,11 @@ public:
 
     QString path() const { return target; }
     int objects() const { return objectCount; }
-
-    /** Likely mistakes in what is exported. Order: from `outsideFound` or `writing` on. */
-    const hostkit::MarkFindings &findings() const { return marks.findings; }
     bool isWriting() const { return writer != nullptr; }
 
 Q_SIGNALS:
     /** Shapes gathered so far, of how many. */
     void progress(int done, int total);
-
-    /** All is gathered, and shapes reach out of the work area: goes on with `goOn` or `cancel`. */
-    void outsideFound();
 
     /** All is gathered, writing begins. */
     void writing();
@@ -63,7 +54,7 @@ Q_SIGNALS:
 
 private:
     void gather();
-    void endGathering();
+    void write();
     void writeFile() noexcept;
     void finish();
 

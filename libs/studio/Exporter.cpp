@@ -6,9 +6,7 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QSettings>
 #include <QtWidgets/QFileDialog>
-#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QProgressDialog>
-#include <QtWidgets/QPushButton>
 
 namespace studio {
 
@@ -89,8 +87,6 @@ void Exporter::exportTo(const QString &path, bool selectionOnly)
     }
     job = new ExportJob(document, selectionOnly, path, this);
     connect(job, &ExportJob::finished, this, &Exporter::finish);
-    // Queued: the progress dialog comes first in any case.
-    connect(job, &ExportJob::outsideFound, this, &Exporter::askAboutOutside, Qt::QueuedConnection);
     job->start(kQuietMs);
     showProgress();
 }
@@ -116,30 +112,6 @@ void Exporter::showProgress()
     connect(progressDialog, &QProgressDialog::canceled, this, &Exporter::giveUp);
     if (!job->isWriting())
         progressDialog->show();
-}
-
-void Exporter::askAboutOutside()
-{
-    if (job == nullptr)
-        return;
-    progressDialog->hide();
-    auto *question =
-        new QMessageBox(QMessageBox::Warning, tr("Shapes outside the work area"),
-                        tr("Some shapes reach out of the work area, where the head may not come."),
-                        QMessageBox::NoButton, &window);
-    question->setInformativeText(hostkit::describeOutside(job->findings()));
-    question->setAttribute(Qt::WA_DeleteOnClose);
-    QPushButton *goOn = question->addButton(tr("Export anyway"), QMessageBox::AcceptRole);
-    question->setDefaultButton(question->addButton(QMessageBox::Cancel));
-    connect(question, &QMessageBox::finished, this, [this, question, goOn] {
-        if (job == nullptr)
-            return;
-        if (question->clickedButton() == goOn)
-            job->goOn();
-        else
-            giveUp();
-    });
-    question->open();
 }
 
 void Exporter::giveUp()

@@ -10,10 +10,7 @@ QT_END_NAMESPACE
 
 namespace studio {
 
-/**
- * Lets the user export mark paths: asks for a file, asks again where shapes reach out of the work
- * area, shows progress, tells how it ended.
- */
+/** Lets the user export mark paths: asks for a file, shows progress, tells how it ended. */
 class Exporter : public QObject
 {
     Q_OBJECT
@@ -36,7 +33,6 @@ Q_SIGNALS:
 
 private:
     void showProgress();
-    void askAboutOutside();
     void giveUp();
     void finish(const QString &error);
     void end();

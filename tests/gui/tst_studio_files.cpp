@@ -12,9 +12,7 @@
 #include <QtCore/QMimeData>
 #include <QtCore/QUrl>
 #include <QtTest/QSignalSpy>
-#include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QFileDialog>
-#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QProgressDialog>
 
 using studio::ShapeItem;
@@ -202,39 +200,6 @@ private Q_SLOTS:
         QCOMPARE(objects.size(), 4);
         for (int i = 0; i < 3; ++i)
             QVERIFY(!objects[i].toObject()[QStringLiteral("hatch")].toArray().isEmpty());
-    }
-
-    void export_ofShapesOutsideTheWorkArea_asksFirst_data()
-    {
-        QTest::addColumn<bool>("goesOn");
-        QTest::newRow("go on") << true;
-        QTest::newRow("cancel") << false;
-    }
-    void export_ofShapesOutsideTheWorkArea_asksFirst()
-    {
-        QFETCH(bool, goesOn);
-        studio->document().view()->setWorkArea(QRect(0, 0, 20, 20));
-        studio->addRect(-1, 0);
-        studio::Exporter &exporter = studio->window->exporter();
-        QSignalSpy exported(&exporter, &studio::Exporter::exported);
-        QSignalSpy ended(&exporter, &studio::Exporter::ended);
-        const QString path = studio->path("outside.svg");
-        exporter.exportTo(path, false);
-        QMessageBox *question = nullptr;
-        QTRY_VERIFY((question = studio->window->findChild<QMessageBox *>()) != nullptr);
-        QVERIFY(question->informativeText().contains(QStringLiteral("rectangle 0")));
-        QVERIFY(!QFile::exists(path));
-        for (QAbstractButton *button : question->buttons()) {
-            const bool isCancel = question->buttonRole(button) == QMessageBox::RejectRole;
-            if (isCancel != goesOn) {
-                QTest::mouseClick(button, Qt::LeftButton);
-                break;
-            }
-        }
-        QTRY_COMPARE(ended.count(), 1);
-        QCOMPARE(exported.count(), goesOn ? 1 : 0);
-        QCOMPARE(QFile::exists(path), goesOn);
-        QVERIFY(!exporter.isBusy());
     }
 
     void export_toWhereNothingCanBeWritten_saysWhyAndLeavesNothing()

@@ -592,18 +592,6 @@
         <source>drawing</source>
         <translation>图纸</translation>
     </message>
-    <message>
-        <source>Export anyway</source>
-        <translation>仍然导出</translation>
-    </message>
-    <message>
-        <source>Shapes outside the work area</source>
-        <translation>图形超出工作区</translation>
-    </message>
-    <message>
-        <source>Some shapes reach out of the work area, where the head may not come.</source>
-        <translation>有些图形超出工作区，振镜可能到不了那里。</translation>
-    </message>
 </context>
 <context>
     <name>studio::FontPage</name>

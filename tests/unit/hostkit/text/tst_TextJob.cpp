@@ -125,7 +125,8 @@ private Q_SLOTS:
         add("H");
         double leastMark = 1e9;
         double mostMark = -1e9;
-        for (const QPolygonF &line : build().graph.objects[0].lines) {
+        const ZTMarkGraph graph = build().graph;
+        for (const QPolygonF &line : graph.objects[0].lines) {
             leastMark = qMin(leastMark, line.boundingRect().top());
             mostMark = qMax(mostMark, line.boundingRect().bottom());
         }
