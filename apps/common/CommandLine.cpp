@@ -115,14 +115,15 @@ CommandLine::CommandLine(const std::string &program, const std::string &number, 
 {
     app.require_subcommand(1);
     translateFormatter(app);
-    app.footer(Texts::tr("Exit codes: 0 done, 1 failed work, 2 wrong usage.\n"
-                         "%1 COMMAND --help tells more about a command.")
-                   .arg(QString::fromStdString(program))
-                   .toStdString());
 }
 
 int CommandLine::run(int argc, char **argv)
 {
+    // Last: commands that are added later would take it over.
+    app.footer(Texts::tr("Exit codes: 0 done, 1 failed work, 2 wrong usage.\n"
+                         "%1 COMMAND --help tells more about a command.")
+                   .arg(QString::fromStdString(app.get_name()))
+                   .toStdString());
     addCommonOptions(&app);
     try {
         app.parse(argc, argv);

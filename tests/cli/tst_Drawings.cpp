@@ -375,7 +375,7 @@ private Q_SLOTS:
                                         "ztmark mark --help)");
         row("mark corner.plt plate.ztd", "FILE: a drawing is taken alone, without other files "
                                          "(see ztmark mark --help)");
-        row("convert corner.plt plate.ztd -o o.ztd", "FILE: a drawing is converted alone, without "
+        row("convert corner.plt plate.ztd -o o.ztd", "FILE: a drawing is taken alone, without "
                                                      "other files (see ztmark convert --help)");
         row("convert - - -o o.ztd", "FILE: standard input can be read only once (see ztmark "
                                     "convert --help)");

@@ -129,7 +129,7 @@ private Q_SLOTS:
     void blankTexts_areLeftInPlaceByAnOrder()
     {
         expect(strokes("' ' B ' ' A --order nearest -o a.csv"),
-               summary("8.000 x 8.000", 4, 2, "48.000", "0.000"));
+               summary("16.000 x 8.000", 4, 2, "48.000", "8.944")); // the root of 8^2 + 4^2
         QCOMPARE(written("a.csv").count('\n'), 1 + 10);
     }
 
@@ -314,7 +314,7 @@ private Q_SLOTS:
         const ZtmarkRun run =
             runShell("LC_ALL=" + locale.toLatin1() +
                          " $ZTMARK text '你好' --language en --font-pair tiny.shx,tinybig.shx "
-                         "--font-dir fonts -o 文.csv",
+                         "--font-dir fonts --height 8mm -o 文.csv",
                      folder->path());
         expect(run, summary("14.000 x 8.000", 1, 2, "48.000", "10.000"));
         QCOMPARE(rounded(bytesOf(folder->path() + QStringLiteral("/文.csv"))),

@@ -152,7 +152,7 @@ void MarkCheck::look(const ZTAbstractGraphicsItem &item, const ZTMarkObject &obj
             continue;
         if (!hasLength(outline))
             isWithout = true;
-        else if (isRepeated(outline))
+        else if (isRepeated(outline, item))
             isDoubled = true;
     }
     if (isWithout)
@@ -177,9 +177,11 @@ void MarkCheck::lookForOutside(const ZTAbstractGraphicsItem &item, const ZTMarkO
         findings.outside.append({shapeName(item), rectMm});
 }
 
-bool MarkCheck::isRepeated(const QPolygonF &outline)
+/** A TDOT figure has doubled lines by its nature: only another shape's count for it. */
+bool MarkCheck::isRepeated(const QPolygonF &outline, const ZTAbstractGraphicsItem &item)
 {
-    return !m_outlines.insert(keyOf(outline)).second;
+    const auto [known, isNew] = m_outlines.emplace(keyOf(outline), &item);
+    return !isNew && (known->second != &item || item.getShapeType() != ShapeType::TDOT);
 }
 
 QPointF MarkCheck::toMm(const QPointF &mark) const

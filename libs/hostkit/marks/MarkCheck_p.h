@@ -2,7 +2,7 @@
 
 #include <hostkit/marks/MarkFindings.h>
 
-#include <unordered_set>
+#include <unordered_map>
 
 namespace hostkit {
 
@@ -20,13 +20,15 @@ public:
 
 private:
     void lookForOutside(const ZTAbstractGraphicsItem &item, const ZTMarkObject &object);
-    bool isRepeated(const QPolygonF &outline);
+    bool isRepeated(const QPolygonF &outline, const ZTAbstractGraphicsItem &item);
     QPointF toMm(const QPointF &mark) const;
 
     const QRectF m_fieldMm;
     const double m_scaleX;
     const double m_scaleY;
-    std::unordered_set<quint64> m_outlines; ///< keys of those so far
+
+    /** By key, the item that had the outline first; never looked into, it may be gone. */
+    std::unordered_map<quint64, const ZTAbstractGraphicsItem *> m_outlines;
 };
 
 } // namespace hostkit

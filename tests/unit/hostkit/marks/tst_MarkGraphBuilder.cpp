@@ -192,6 +192,15 @@ private Q_SLOTS:
                  QStringList{QStringLiteral("outlines that are marked twice: rectangle 1")});
     }
 
+    void linesThatATdotFigureDoublesItself_areNoMistake()
+    {
+        document->itemMag()->addShape(ShapeType::TDOT, QRectF());
+        QVERIFY(hostkit::drawingMarks(*document).findings.doubled.isEmpty());
+        document->itemMag()->addShape(ShapeType::TDOT, QRectF());
+        QCOMPARE(hostkit::drawingMarks(*document).findings.doubled,
+                 QStringList{QStringLiteral("TDOT figure 0")});
+    }
+
     void manyShapes_areNotAllNamed()
     {
         hostkit::MarkFindings findings;
