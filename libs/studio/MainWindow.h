@@ -7,6 +7,7 @@
 #include <QtWidgets/QMainWindow>
 
 #include <memory>
+#include <optional>
 
 QT_BEGIN_NAMESPACE
 class QDockWidget;
@@ -31,6 +32,7 @@ class StatusBar;
 class TextTools;
 class ViewNavigation;
 struct CrashGuardSetup;
+struct ReadDrawing;
 
 /**
  * The studio's window: the drawing in the middle, the object tree and the properties of the
@@ -58,14 +60,18 @@ public:
     /** Keeps recovery files from now on, and offers those that were left behind. */
     void guardAgainstCrashes(const CrashGuardSetup &setup);
 
-    /** Opens a drawing or imports plotter files, without a question; false if nothing came in. */
+    /** Opens a drawing or imports foreign ones, without a question; false if nothing came in. */
     bool openFiles(const QStringList &paths);
+
+    /** Opens a drawing, or shows a foreign one before it comes in. */
+    void offerFile(const QString &path);
 
     /** Imports files and shows what came in; number of files that did. */
     int importFiles(const QStringList &paths);
 
     void addSample();
     void chooseImport();
+    void importClipboard();
     void chooseExport(bool selectionOnly);
     void chooseRotation();
     void showMatrixDialog();
@@ -85,6 +91,8 @@ private:
     void buildCommands();
     void connectState();
     void connectFiles();
+    bool offerImport(const QStringList &paths, std::optional<QPointF> scenePx);
+    bool offerDrawing(const ReadDrawing &read, std::optional<QPointF> scenePx);
     void takeDropped(const QStringList &paths, const QPointF &scenePx);
     void showReplacedDrawing();
     void refreshTitle();

@@ -86,10 +86,11 @@ void addToolBar(QMainWindow &window, const char *name, Qt::ToolBarArea area,
 void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fileMenus,
               const QList<QAction *> &viewActions)
 {
-    QMenu &file = addMenu(window, "fileMenu", commands,
-                          {"file.new", "file.open", "-", "file.save", "file.saveAs", "file.revert",
-                           "file.recover", "-", "file.import", "file.sample", "-", "file.exportAll",
-                           "file.exportSelection", "-", "file.quit"});
+    QMenu &file =
+        addMenu(window, "fileMenu", commands,
+                {"file.new", "file.open", "-", "file.save", "file.saveAs", "file.revert",
+                 "file.recover", "-", "file.import", "file.importClipboard", "file.sample", "-",
+                 "file.exportAll", "file.exportSelection", "-", "file.quit"});
     file.insertMenu(file.actions().at(2), fileMenus.recent);
     file.insertMenu(commands.action("file.exportAll"), fileMenus.order);
     addMenu(window, "editMenu", commands,

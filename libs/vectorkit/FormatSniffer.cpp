@@ -56,24 +56,32 @@ QByteArray rootElement(const QByteArray &text)
 
 bool isSvg(const QByteArray &text) { return isXml(text) && rootElement(text) == "svg"; }
 
+/** The next line that is not blank, without its ends; `at` moves past it. */
+QByteArray nextFilledLine(const QByteArray &text, int *at)
+{
+    QByteArray line;
+    while (*at < text.size() && line.isEmpty()) {
+        const int begin = *at;
+        while (*at < text.size() && text[*at] != '\n' && text[*at] != '\r')
+            ++*at;
+        line = text.mid(begin, *at - begin).trimmed();
+        ++*at;
+    }
+    return line;
+}
+
 /** Pairs of lines, the first a group code, comments (999) before the first section. */
 bool isTextDxf(const QByteArray &text)
 {
-    const QList<QByteArray> lines = text.trimmed().replace('\r', "\n").split('\n');
-    QList<QByteArray> filled;
-    for (const QByteArray &line : lines) {
-        if (!line.trimmed().isEmpty())
-            filled.append(line.trimmed());
-    }
-    for (int i = 0; i + 1 < filled.size(); i += 2) {
+    int at = 0;
+    while (at < text.size()) {
         bool isCode = false;
-        const int code = filled[i].toInt(&isCode);
-        if (!isCode)
+        const int code = nextFilledLine(text, &at).toInt(&isCode);
+        const QByteArray value = nextFilledLine(text, &at);
+        if (!isCode || (code != 0 && code != 999))
             return false;
         if (code == 0)
-            return filled[i + 1].toUpper() == "SECTION";
-        if (code != 999)
-            return false;
+            return value.toUpper() == "SECTION";
     }
     return false;
 }
@@ -263,10 +271,11 @@ Foreign foreignOf(const QByteArray &text)
 
 bool looksLikeHpgl(const QByteArray &start)
 {
+    constexpr int kEnough = 100;
     const QByteArray text = start.left(kSniffedBytes);
     int known = 0;
     int other = 0;
-    for (int at = 0; at < text.size();) {
+    for (int at = 0; at < text.size() && known + other < kEnough;) {
         if (text[at] == '\x1B') {
             at = afterEscape(text, at);
         } else if (text[at] == '#') {

@@ -78,6 +78,7 @@ void VectorDrawing::scale(double factor)
         for (VectorText &text : layer.texts) {
             text.positionMm *= factor;
             text.heightMm *= factor;
+            text.lengthMm *= factor;
         }
     }
     declaredSizeMm *= factor;

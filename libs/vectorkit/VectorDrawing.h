@@ -37,6 +37,7 @@ struct VectorText
     double heightMm = 0.0;    ///< of capitals
     double angleDeg = 0.0;    ///< positive turns counter-clockwise on the screen
     double widthFactor = 1.0; ///< of the letters; 1 is the font's own
+    double lengthMm = 0.0;    ///< from the first letter to past the last; 0: the font's own
     double slantDeg = 0.0;    ///< positive leans to the right
     bool isMirrored = false;  ///< runs to the left
     TextAnchor anchor = TextAnchor::Left;
@@ -104,3 +105,7 @@ struct VectorDrawing
 };
 
 } // namespace vectorkit
+
+Q_DECLARE_TYPEINFO(vectorkit::VectorShape, Q_MOVABLE_TYPE);
+Q_DECLARE_TYPEINFO(vectorkit::VectorText, Q_MOVABLE_TYPE);
+Q_DECLARE_TYPEINFO(vectorkit::VectorLayer, Q_MOVABLE_TYPE);

@@ -229,11 +229,38 @@ void VectorPath::arcTo(const QPointF &centreMm, double sweepDeg, const QPointF &
     points.last() = endMm;
 }
 
+void VectorPath::append(const VectorPath &other)
+{
+    if (other.isEmpty())
+        return;
+    if (points.isEmpty())
+        points.append(other.start());
+    if (!kinds.isEmpty() || !other.kinds.isEmpty()) {
+        needKinds();
+        if (other.kinds.isEmpty())
+            kinds.insert(kinds.size(), other.pieceCount(), PieceKind::Line);
+        else
+            kinds += other.kinds;
+    }
+    std::copy(other.points.begin() + 1, other.points.end(), std::back_inserter(points));
+}
+
+bool VectorPath::operator==(const VectorPath &other) const
+{
+    const auto isSame = [](const QPointF &a, const QPointF &b) {
+        return a.x() == b.x() && a.y() == b.y(); // QPointF's own comparison is a rough one
+    };
+    return closed == other.closed && kinds == other.kinds &&
+           std::equal(points.begin(), points.end(), other.points.begin(), other.points.end(),
+                      isSame);
+}
+
 void VectorPath::close()
 {
     if (points.isEmpty())
         return;
-    if (points.last() != points.first())
+    const QPointF gap = points.last() - points.first();
+    if (gap.x() != 0.0 || gap.y() != 0.0) // exactly: QPointF's own comparison is a rough one
         lineTo(points.first());
     closed = true;
 }

@@ -73,6 +73,13 @@ public:
         double sweepDeg = 0.0; ///< Arc alone; positive is counter-clockwise on the screen
     };
 
+    /** Adds another path's pieces; its first one begins where this path stands. */
+    void append(const VectorPath &other);
+
+    /** Whether both have the same pieces, bit for bit. */
+    bool operator==(const VectorPath &other) const;
+    bool operator!=(const VectorPath &other) const { return !(*this == other); }
+
     /** Calls `visit(const Piece &)` for each piece in order. */
     template <class Visit>
     void forEach(Visit visit) const;
@@ -132,3 +139,5 @@ void VectorPath::forEach(Visit visit) const
 }
 
 } // namespace vectorkit
+
+Q_DECLARE_TYPEINFO(vectorkit::VectorPath, Q_MOVABLE_TYPE);

@@ -7,6 +7,7 @@
 
 #include <QtCore/QUrl>
 #include <QtTest/QSignalSpy>
+#include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMessageBox>
@@ -294,6 +295,10 @@ private Q_SLOTS:
         const QString plot = studio->write("t.plt", "PU0 0;\nPD400 0;\nPD200 200;\n");
         files().startNew();
         QVERIFY(drop({plot, first, second}));
+        auto *dialog = studio->window->findChild<QDialog *>(QStringLiteral("importDialog"));
+        QVERIFY(dialog != nullptr);
+        auto *buttons = dialog->findChild<QDialogButtonBox *>();
+        QTest::mouseClick(buttons->button(QDialogButtonBox::Ok), Qt::LeftButton);
         QCOMPARE(studio->ids().size(), 3);
         QCOMPARE(title(), QStringLiteral("first.ztd* - Studio"));
         QCOMPARE(studio->messages->warnings.size(), 1);

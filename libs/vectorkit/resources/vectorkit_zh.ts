@@ -4,6 +4,14 @@
 <context>
     <name>vectorkit</name>
     <message>
+        <source>%1 of %2 commands are damaged or unknown.</source>
+        <translation>%2 条命令中有 %1 条损坏或未知。</translation>
+    </message>
+    <message>
+        <source>A plotter&apos;s unit is 0.025 mm.</source>
+        <translation>绘图仪单位为 0.025 mm。</translation>
+    </message>
+    <message>
         <source>Choose HP-GL in the program or driver that writes the file.</source>
         <translation>请在生成该文件的程序或驱动中选择 HP-GL。</translation>
     </message>
@@ -16,8 +24,24 @@
         <translation>可读取 HP-GL、SVG 和 DXF 图形。</translation>
     </message>
     <message>
-        <source>HP-GL drawings are not read.</source>
-        <translation>不读取 HP-GL 图形。</translation>
+        <source>Its sizes are in pixels, of which %1 takes 72 for an inch.</source>
+        <translation>其尺寸以像素为单位，%1 按每英寸 72 像素计。</translation>
+    </message>
+    <message>
+        <source>Its sizes are in pixels, of which %1 took 90 for an inch.</source>
+        <translation>其尺寸以像素为单位，%1 按每英寸 90 像素计。</translation>
+    </message>
+    <message>
+        <source>Its sizes are in pixels, of which 96 make an inch.</source>
+        <translation>其尺寸以像素为单位，每英寸 96 像素。</translation>
+    </message>
+    <message>
+        <source>Left out: %1 (%2).</source>
+        <translation>已略去：%1（%2）。</translation>
+    </message>
+    <message>
+        <source>More than %1 elements stand in one another.</source>
+        <translation>元素嵌套超过 %1 层。</translation>
     </message>
     <message>
         <source>Open it in a drawing program and save it as SVG.</source>
@@ -28,12 +52,24 @@
         <translation>请在原程序中打开，另存为 SVG 或 DXF。</translation>
     </message>
     <message>
+        <source>Page %1</source>
+        <translation>第 %1 页</translation>
+    </message>
+    <message>
         <source>Pixels have no outlines: trace it in a drawing program and save that as SVG.</source>
         <translation>像素没有轮廓：请在绘图程序中描摹，再保存为 SVG。</translation>
     </message>
     <message>
         <source>Plot the layer as DXF, SVG or HP-GL in the board program.</source>
         <translation>请在电路板程序中将该层输出为 DXF、SVG 或 HP-GL。</translation>
+    </message>
+    <message>
+        <source>Reading was cancelled.</source>
+        <translation>读取已取消。</translation>
+    </message>
+    <message>
+        <source>Save it again with the program that wrote it.</source>
+        <translation>请用生成它的程序重新保存。</translation>
     </message>
     <message>
         <source>Save it as DXF in the program it comes from.</source>
@@ -44,6 +80,10 @@
         <translation>请另存为 SVG。</translation>
     </message>
     <message>
+        <source>Take it apart with the program that wrote it.</source>
+        <translation>请用生成它的程序将其拆分。</translation>
+    </message>
+    <message>
         <source>Take the drawing it was made from.</source>
         <translation>请使用生成它的图形。</translation>
     </message>
@@ -52,8 +92,36 @@
         <translation>请使用图形本身：SVG、DXF 或 HP-GL。</translation>
     </message>
     <message>
+        <source>The drawing has more than %1 lines, the limit.</source>
+        <translation>图形的线段数超过上限 %1。</translation>
+    </message>
+    <message>
+        <source>The drawing holds no shapes and no texts.</source>
+        <translation>图形中没有任何形状和文字。</translation>
+    </message>
+    <message>
+        <source>The drawing is larger than can be read.</source>
+        <translation>图形过大，无法读取。</translation>
+    </message>
+    <message>
+        <source>The drawing is scaled to the plotter&apos;s sheet, which the file does not name; A4 is taken.</source>
+        <translation>图形按绘图仪图纸缩放，文件未说明图纸大小，按 A4 处理。</translation>
+    </message>
+    <message>
         <source>The file cannot be read: %1</source>
         <translation>无法读取文件：%1</translation>
+    </message>
+    <message>
+        <source>The file draws nothing.</source>
+        <translation>文件中没有绘制内容。</translation>
+    </message>
+    <message>
+        <source>The file gives its size: %1 × %2 mm.</source>
+        <translation>文件给出了尺寸：%1 × %2 mm。</translation>
+    </message>
+    <message>
+        <source>The file gives no size. %1</source>
+        <translation>文件没有给出尺寸。%1</translation>
     </message>
     <message>
         <source>The file is empty.</source>
@@ -64,8 +132,24 @@
         <translation>文件超过上限 %1 MiB。</translation>
     </message>
     <message>
+        <source>The file is not well-formed at line %1, column %2: %3</source>
+        <translation>文件在第 %1 行第 %2 列格式不正确：%3</translation>
+    </message>
+    <message>
+        <source>The plotter&apos;s unit was chosen as %1 mm.</source>
+        <translation>绘图仪单位选定为 %1 mm。</translation>
+    </message>
+    <message>
+        <source>The unit was chosen: %1 mm.</source>
+        <translation>单位由用户选定：%1 mm。</translation>
+    </message>
+    <message>
         <source>There is no such file.</source>
         <translation>文件不存在。</translation>
+    </message>
+    <message>
+        <source>This XML file is no SVG drawing.</source>
+        <translation>此 XML 文件不是 SVG 图形。</translation>
     </message>
     <message>
         <source>This is DMPL, the language of other plotters.</source>
@@ -144,180 +228,96 @@
         <translation>请先解压，再使用其中的图形。</translation>
     </message>
     <message>
-        <source>The drawing is larger than can be read.</source>
-        <translation>图形过大，无法读取。</translation>
-    </message>
-    <message>
-        <source>Take it apart with the program that wrote it.</source>
-        <translation>请用生成它的程序将其拆分。</translation>
-    </message>
-    <message>
-        <source>The drawing holds no shapes and no texts.</source>
-        <translation>图形中没有任何形状和文字。</translation>
-    </message>
-    <message>
-        <source>Left out: %1 (%2).</source>
-        <translation>已略去：%1（%2）。</translation>
-    </message>
-    <message>
-        <source>Its sizes are in pixels, of which %1 took 90 for an inch.</source>
-        <translation>其尺寸以像素为单位，%1 按每英寸 90 像素计。</translation>
-    </message>
-    <message>
-        <source>Its sizes are in pixels, of which %1 takes 72 for an inch.</source>
-        <translation>其尺寸以像素为单位，%1 按每英寸 72 像素计。</translation>
-    </message>
-    <message>
-        <source>Its sizes are in pixels, of which 96 make an inch.</source>
-        <translation>其尺寸以像素为单位，每英寸 96 像素。</translation>
-    </message>
-    <message>
-        <source>The file gives its size: %1 × %2 mm.</source>
-        <translation>文件给出了尺寸：%1 × %2 mm。</translation>
-    </message>
-    <message>
-        <source>The file gives no size. %1</source>
-        <translation>文件没有给出尺寸。%1</translation>
-    </message>
-    <message>
-        <source>The unit was chosen: %1 mm.</source>
-        <translation>单位由用户选定：%1 mm。</translation>
-    </message>
-    <message>
-        <source>hidden elements</source>
-        <translation>隐藏的元素</translation>
-    </message>
-    <message>
-        <source>turned letters in a text, kept upright</source>
-        <translation>文字中旋转的字母，按不旋转处理</translation>
-    </message>
-    <message>
-        <source>letters placed one by one, now evenly</source>
-        <translation>逐个定位的字母，改为均匀排列</translation>
-    </message>
-    <message>
-        <source>texts along a path, set straight</source>
-        <translation>沿路径的文字，改为直排</translation>
-    </message>
-    <message>
-        <source>texts taken from elsewhere</source>
-        <translation>引自他处的文字</translation>
-    </message>
-    <message>
-        <source>shapes without stroke and fill</source>
-        <translation>没有描边和填充的形状</translation>
-    </message>
-    <message>
-        <source>texts without a size or out of range</source>
-        <translation>没有大小或超出范围的文字</translation>
-    </message>
-    <message>
-        <source>texts under a clip path, kept whole</source>
-        <translation>受剪切路径限制的文字，完整保留</translation>
-    </message>
-    <message>
-        <source>flowed text, its lines not broken</source>
-        <translation>流式文字，不自动换行</translation>
-    </message>
-    <message>
-        <source>Reading was cancelled.</source>
-        <translation>读取已取消。</translation>
-    </message>
-    <message>
-        <source>This XML file is no SVG drawing.</source>
-        <translation>此 XML 文件不是 SVG 图形。</translation>
-    </message>
-    <message>
-        <source>More than %1 elements stand in one another.</source>
-        <translation>元素嵌套超过 %1 层。</translation>
-    </message>
-    <message>
-        <source>The file is not well-formed at line %1, column %2: %3</source>
-        <translation>文件在第 %1 行第 %2 列格式不正确：%3</translation>
-    </message>
-    <message>
-        <source>Save it again with the program that wrote it.</source>
-        <translation>请用生成它的程序重新保存。</translation>
-    </message>
-    <message>
-        <source>style rules that are not known</source>
-        <translation>无法识别的样式规则</translation>
-    </message>
-    <message>
-        <source>line %1</source>
-        <translation>第 %1 行</translation>
-    </message>
-    <message>
-        <source>lengths that are no numbers</source>
-        <translation>不是数字的长度</translation>
-    </message>
-    <message>
-        <source>hidden layer &quot;%1&quot;</source>
-        <translation>隐藏图层“%1”</translation>
-    </message>
-    <message>
-        <source>transforms that cannot be read</source>
-        <translation>无法读取的变换</translation>
-    </message>
-    <message>
-        <source>masks, shown without them</source>
-        <translation>蒙版，按无蒙版显示</translation>
-    </message>
-    <message>
-        <source>filters, shown without them</source>
-        <translation>滤镜，按无滤镜显示</translation>
-    </message>
-    <message>
-        <source>elements that stand too deep in one another</source>
-        <translation>嵌套过深的元素</translation>
-    </message>
-    <message>
-        <source>pictures (bitmaps)</source>
-        <translation>图片（位图）</translation>
-    </message>
-    <message>
-        <source>scripts</source>
-        <translation>脚本</translation>
+        <source>Write the file anew as HP-GL.</source>
+        <translation>请重新输出为 HP-GL 文件。</translation>
     </message>
     <message>
         <source>animations</source>
         <translation>动画</translation>
     </message>
     <message>
+        <source>byte %1</source>
+        <translation>字节 %1</translation>
+    </message>
+    <message>
+        <source>clip paths of relative size, shown without them</source>
+        <translation>相对尺寸的剪切路径，按无剪切显示</translation>
+    </message>
+    <message>
+        <source>clip paths that are not known, shown without them</source>
+        <translation>未知的剪切路径，按无剪切显示</translation>
+    </message>
+    <message>
+        <source>clip paths within clip paths</source>
+        <translation>剪切路径中的剪切路径</translation>
+    </message>
+    <message>
+        <source>command %1</source>
+        <translation>命令 %1</translation>
+    </message>
+    <message>
         <source>content of other formats</source>
         <translation>其他格式的内容</translation>
+    </message>
+    <message>
+        <source>dashed lines, drawn through</source>
+        <translation>虚线，按实线绘制</translation>
+    </message>
+    <message>
+        <source>drawn although the pen was put away (SP0)</source>
+        <translation>收笔（SP0）后仍绘制的内容</translation>
     </message>
     <message>
         <source>element &quot;%1&quot;</source>
         <translation>元素“%1”</translation>
     </message>
     <message>
-        <source>references to other files</source>
-        <translation>对其他文件的引用</translation>
-    </message>
-    <message>
-        <source>references to nothing</source>
-        <translation>引用的对象不存在</translation>
-    </message>
-    <message>
         <source>elements that show themselves</source>
         <translation>引用自身的元素</translation>
     </message>
     <message>
-        <source>paths that end where they are damaged</source>
-        <translation>在损坏处中止的路径</translation>
+        <source>elements that stand too deep in one another</source>
+        <translation>嵌套过深的元素</translation>
     </message>
     <message>
-        <source>patterns, filled all over</source>
-        <translation>图案填充，按整体填充处理</translation>
+        <source>filters, shown without them</source>
+        <translation>滤镜，按无滤镜显示</translation>
+    </message>
+    <message>
+        <source>flowed text, its lines not broken</source>
+        <translation>流式文字，不自动换行</translation>
     </message>
     <message>
         <source>gradients, in their first colour</source>
         <translation>渐变，取其首个颜色</translation>
     </message>
     <message>
-        <source>dashed lines, drawn through</source>
-        <translation>虚线，按实线绘制</translation>
+        <source>hidden elements</source>
+        <translation>隐藏的元素</translation>
+    </message>
+    <message>
+        <source>hidden layer &quot;%1&quot;</source>
+        <translation>隐藏图层“%1”</translation>
+    </message>
+    <message>
+        <source>labels without their end</source>
+        <translation>缺少结束符的标注</translation>
+    </message>
+    <message>
+        <source>lengths that are no numbers</source>
+        <translation>不是数字的长度</translation>
+    </message>
+    <message>
+        <source>letters placed one by one, now evenly</source>
+        <translation>逐个定位的字母，改为均匀排列</translation>
+    </message>
+    <message>
+        <source>line %1</source>
+        <translation>第 %1 行</translation>
+    </message>
+    <message>
+        <source>line types, drawn solid (LT)</source>
+        <translation>线型按实线绘制（LT）</translation>
     </message>
     <message>
         <source>lines of no width, kept as thin ones</source>
@@ -328,24 +328,100 @@
         <translation>线条上的标记</translation>
     </message>
     <message>
+        <source>masks, shown without them</source>
+        <translation>蒙版，按无蒙版显示</translation>
+    </message>
+    <message>
+        <source>numbers of command %1</source>
+        <translation>命令 %1 的数值</translation>
+    </message>
+    <message>
+        <source>packed lines without their end</source>
+        <translation>缺少结束符的压缩折线</translation>
+    </message>
+    <message>
+        <source>packed lines written as UTF-8</source>
+        <translation>被写成 UTF-8 的压缩折线</translation>
+    </message>
+    <message>
+        <source>paths that end where they are damaged</source>
+        <translation>在损坏处中止的路径</translation>
+    </message>
+    <message>
         <source>paths with coordinates out of range</source>
         <translation>坐标超出范围的路径</translation>
     </message>
     <message>
-        <source>clip paths that are not known, shown without them</source>
-        <translation>未知的剪切路径，按无剪切显示</translation>
+        <source>patterns, filled all over</source>
+        <translation>图案填充，按整体填充处理</translation>
     </message>
     <message>
-        <source>clip paths of relative size, shown without them</source>
-        <translation>相对尺寸的剪切路径，按无剪切显示</translation>
+        <source>pictures (bitmaps)</source>
+        <translation>图片（位图）</translation>
+    </message>
+    <message>
+        <source>points beyond all sheets</source>
+        <translation>超出一切图纸的点</translation>
+    </message>
+    <message>
+        <source>polygon neither filled nor drawn</source>
+        <translation>多边形既未填充也未绘出</translation>
+    </message>
+    <message>
+        <source>references to nothing</source>
+        <translation>引用的对象不存在</translation>
+    </message>
+    <message>
+        <source>references to other files</source>
+        <translation>对其他文件的引用</translation>
+    </message>
+    <message>
+        <source>scripts</source>
+        <translation>脚本</translation>
+    </message>
+    <message>
+        <source>shapes without stroke and fill</source>
+        <translation>没有描边和填充的形状</translation>
+    </message>
+    <message>
+        <source>style rules that are not known</source>
+        <translation>无法识别的样式规则</translation>
+    </message>
+    <message>
+        <source>text that is no command</source>
+        <translation>不是命令的文字</translation>
+    </message>
+    <message>
+        <source>texts along a path, set straight</source>
+        <translation>沿路径的文字，改为直排</translation>
     </message>
     <message>
         <source>texts in clip paths</source>
         <translation>剪切路径中的文字</translation>
     </message>
     <message>
-        <source>clip paths within clip paths</source>
-        <translation>剪切路径中的剪切路径</translation>
+        <source>texts taken from elsewhere</source>
+        <translation>引自他处的文字</translation>
+    </message>
+    <message>
+        <source>texts under a clip path, kept whole</source>
+        <translation>受剪切路径限制的文字，完整保留</translation>
+    </message>
+    <message>
+        <source>texts without a size or out of range</source>
+        <translation>没有大小或超出范围的文字</translation>
+    </message>
+    <message>
+        <source>transforms that cannot be read</source>
+        <translation>无法读取的变换</translation>
+    </message>
+    <message>
+        <source>turned letters in a text, kept upright</source>
+        <translation>文字中旋转的字母，按不旋转处理</translation>
+    </message>
+    <message>
+        <source>unknown command %1</source>
+        <translation>未知命令 %1</translation>
     </message>
 </context>
 </TS>

@@ -1,0 +1,157 @@
+#include <codekit/CodeReadback.h>
+
+#include <QtGui/QPainter>
+#include <QtGui/QPolygonF>
+
+#define ZX_USE_UTF8 1
+#include <ZXing/ReadBarcode.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace codekit {
+
+namespace {
+
+constexpr int kMostPixels = 4096;
+
+ZXing::BarcodeFormat formatOf(CodeKind kind)
+{
+    using Format = ZXing::BarcodeFormat;
+    switch (kind) {
+    case CodeKind::Qr:
+        return Format::QRCode;
+    case CodeKind::MicroQr:
+        return Format::MicroQRCode;
+    case CodeKind::DataMatrix:
+    case CodeKind::Gs1DataMatrix:
+        return Format::DataMatrix;
+    case CodeKind::Aztec:
+        return Format::Aztec;
+    case CodeKind::Pdf417:
+        return Format::PDF417;
+    case CodeKind::Code128:
+    case CodeKind::Gs1_128:
+        return Format::Code128;
+    case CodeKind::Code39:
+    case CodeKind::Code39Extended:
+        return Format::Code39;
+    case CodeKind::Code93:
+        return Format::Code93;
+    case CodeKind::Codabar:
+        return Format::Codabar;
+    case CodeKind::Interleaved25:
+    case CodeKind::Itf14:
+        return Format::ITF;
+    case CodeKind::Ean13:
+        return Format::EAN13;
+    case CodeKind::Ean8:
+        return Format::EAN8;
+    case CodeKind::UpcA:
+        return Format::UPCA;
+    case CodeKind::UpcE:
+        return Format::UPCE;
+    case CodeKind::RectMicroQr:
+    case CodeKind::MicroPdf417:
+        break;
+    }
+    return Format::None;
+}
+
+QRectF boundsOf(const QVector<QVector<QPointF>> &lines)
+{
+    bool isFirst = true;
+    QPointF low;
+    QPointF high;
+    for (const auto &line : lines) {
+        for (const QPointF &point : line) {
+            low = isFirst ? point
+                          : QPointF(std::min(low.x(), point.x()), std::min(low.y(), point.y()));
+            high = isFirst ? point
+                           : QPointF(std::max(high.x(), point.x()), std::max(high.y(), point.y()));
+            isFirst = false;
+        }
+    }
+    return isFirst ? QRectF() : QRectF(low, high);
+}
+
+ReadCode readOnce(const QImage &image, CodeKind kind)
+{
+    ZXing::DecodeHints hints;
+    hints.setFormats(formatOf(kind)).setTryHarder(true).setTryRotate(true);
+    hints.setTryCode39ExtendedMode(kind == CodeKind::Code39Extended);
+    hints.setReturnCodabarStartEnd(true).setEanAddOnSymbol(ZXing::EanAddOnSymbol::Read);
+    const ZXing::ImageView view(image.constBits(), image.width(), image.height(),
+                                ZXing::ImageFormat::Lum, image.bytesPerLine());
+    const ZXing::Result result = ZXing::ReadBarcode(view, hints);
+    if (!result.isValid())
+        return {};
+    return {true, QString::fromStdString(result.text()), result.isMirrored()};
+}
+
+} // namespace
+
+bool canReadBack(CodeKind kind) { return formatOf(kind) != ZXing::BarcodeFormat::None; }
+
+QImage drawMarks(const MarkedLines &marks, double pxPerMm)
+{
+    const QRectF bounds = boundsOf(marks.linesMm);
+    const double rim = marks.quietMm + marks.beamMm;
+    const QRectF field = bounds.adjusted(-rim, -rim, rim, rim);
+    const double longer = std::max(field.width(), field.height());
+    if (marks.linesMm.isEmpty() || !(longer > 0.0) || !std::isfinite(longer) || !(pxPerMm > 0.0))
+        return QImage();
+    const double scale = std::min(pxPerMm, kMostPixels / longer);
+    QImage image(std::max(1, int(std::ceil(field.width() * scale))),
+                 std::max(1, int(std::ceil(field.height() * scale))), QImage::Format_Grayscale8);
+    if (image.isNull())
+        return image;
+    image.fill(marks.isInverse ? Qt::black : Qt::white);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(scale, scale);
+    painter.translate(-field.topLeft());
+    painter.setPen(QPen(marks.isInverse ? Qt::white : Qt::black, marks.beamMm, Qt::SolidLine,
+                        Qt::RoundCap, Qt::RoundJoin));
+    for (const auto &line : marks.linesMm) {
+        if (line.size() == 1)
+            painter.drawPoint(line.first());
+        else
+            painter.drawPolyline(line.constData(), line.size());
+    }
+    return image;
+}
+
+ReadCode readMarks(const MarkedLines &marks, CodeKind kind, double moduleMm)
+{
+    if (!canReadBack(kind) || !(moduleMm > 0.0))
+        return {};
+    for (const bool isMirrored : {false, true}) {
+        for (const double pxPerModule : {6.0, 4.0, 9.0, 3.0}) {
+            const QImage image = drawMarks(marks, pxPerModule / moduleMm);
+            if (image.isNull())
+                return {};
+            ReadCode read = readOnce(isMirrored ? image.mirrored(true, false) : image, kind);
+            // Some readers turn a picture over by themselves, and say so.
+            read.isMirrored = read.isMirrored != isMirrored;
+            if (read.isRead)
+                return read;
+        }
+    }
+    return {};
+}
+
+bool isSameContent(CodeKind kind, const QString &read, const QString &promised)
+{
+    if (!infoOf(kind).isGs1)
+        return read == promised;
+    // Separators between the elements may come as control characters or not at all.
+    const auto bare = [](QString text) {
+        for (const QChar c : {QLatin1Char('('), QLatin1Char(')'), QLatin1Char('\x1D')})
+            text.remove(c);
+        return text;
+    };
+    return bare(read) == bare(promised);
+}
+
+} // namespace codekit

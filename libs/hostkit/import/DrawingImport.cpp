@@ -1,0 +1,306 @@
+#include <hostkit/import/DrawingImport.h>
+
+#include <hostkit/drawing/ItemExtras.h>
+#include <hostkit/import/ImportParts_p.h>
+
+#include <QtGui/QFontMetricsF>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace hostkit {
+
+namespace {
+
+using vectorkit::VectorDrawing;
+using vectorkit::VectorLayer;
+using vectorkit::VectorPath;
+using vectorkit::VectorShape;
+using vectorkit::VectorText;
+
+/** The one name behind which the library never looks for a file, so that copies keep theirs. */
+const QString kNoFile = QStringLiteral(".plt");
+
+constexpr int kFontPx = 100;
+
+QPainterPath pathOf(const QVector<VectorPath> &paths, double toleranceMm)
+{
+    QPainterPath path;
+    for (const VectorPath &one : paths) {
+        if (toleranceMm > 0.0) {
+            path.addPolygon(one.flattened(toleranceMm));
+            if (one.isClosed())
+                path.closeSubpath();
+        } else {
+            one.addTo(&path);
+        }
+    }
+    return path;
+}
+
+/** Box of paths with their curves, null for none. */
+QRectF boxOf(const QVector<VectorPath> &paths)
+{
+    VectorDrawing drawing;
+    drawing.layers.append(VectorLayer());
+    drawing.layers.last().shapes.append(VectorShape());
+    drawing.layers.last().shapes.last().paths = paths;
+    return drawing.boundsMm();
+}
+
+/** Brings the parts and texts of one drawing into a document. */
+class DrawingImporter
+{
+public:
+    DrawingImporter(ZTGraphicsDocument &target, const ImportOptions &importOptions)
+        : document(target), options(importOptions)
+    {
+    }
+
+    ImportResult import(const VectorDrawing &drawing)
+    {
+        const QVector<ImportPart> parts = importParts(drawing, options);
+        total = parts.size() + drawing.textCount();
+        groupLayers(drawing);
+        for (const ImportPart &part : parts) {
+            addPart(part);
+            if (!goOn())
+                return takeBack();
+        }
+        for (int layer = 0; layer < drawing.layers.size(); ++layer) {
+            for (const VectorText &text : drawing.layers[layer].texts) {
+                addText(text, layer);
+                if (!goOn())
+                    return takeBack();
+            }
+        }
+        if (options.centreMm)
+            moveTo(*options.centreMm);
+        return result;
+    }
+
+private:
+    bool goOn()
+    {
+        ++done;
+        return !options.progress || options.progress(double(done) / total);
+    }
+
+    ImportResult takeBack()
+    {
+        document.scene()->clearSelection();
+        for (ZTAbstractGraphicsItem *item : qAsConst(result.items))
+            item->setSelected(true);
+        document.itemMag()->removeSelect();
+        ImportResult nothing;
+        nothing.isCancelled = true;
+        return nothing;
+    }
+
+    /** A group a layer, where several come in piece by piece. */
+    void groupLayers(const VectorDrawing &drawing)
+    {
+        if (options.split != ImportSplit::Outline || drawing.layers.size() < 2)
+            return;
+        qint32 last = 0;
+        for (QGraphicsItem *candidate : document.scene()->items()) {
+            if (auto *item = dynamic_cast<ZTAbstractGraphicsItem *>(candidate)) {
+                for (const qint32 group : itemExtras(*item).groupPath)
+                    last = std::max(last, group);
+            }
+        }
+        firstGroup = last + 1;
+    }
+
+    void nameItem(ZTAbstractGraphicsItem &item, const QString &name, int layer) const
+    {
+        ItemExtras extras = itemExtras(item);
+        extras.name = name;
+        if (firstGroup > 0 && layer >= 0)
+            extras.groupPath = {firstGroup + layer};
+        setItemExtras(item, extras);
+    }
+
+    void addPart(const ImportPart &part)
+    {
+        ZTVecGraphItemFactory::getInstance()->setPath(kNoFile);
+        ZTAbstractGraphicsItem *item =
+            document.itemMag()->addShape(ShapeType::VecGraph, {0, 0, 10, 10});
+        auto *graphic =
+            item != nullptr ? dynamic_cast<ZTVecGraph *>(item->getShapeBase()) : nullptr;
+        if (graphic == nullptr)
+            return;
+        const QRectF boxMm = boxOf(part.paths);
+        QPainterPath path = pathOf(part.paths, options.toleranceMm);
+        path.translate(-boxMm.topLeft());
+        graphic->setDrawing(path, kNoFile);
+        // Painted through the item, which tells the scene of the new box.
+        item->setTransformParam(QTransform());
+        item->setPos(ZTCoord::getInstance()->getMm2pixTransform().map(boxMm.topLeft()));
+        item->setPenId(part.pen);
+        if (options.fill && !part.isOpen)
+            item->setFillParam(*options.fill);
+        nameItem(*item, part.name, part.layer);
+        result.items.append(item);
+        result.openShapes += part.isOpen ? 1 : 0;
+        result.mergedPens += part.hasOtherPens ? 1 : 0;
+    }
+
+    void addText(const VectorText &text, int layer)
+    {
+        QFont font;
+        if (!text.fontFamily.isEmpty())
+            font.setFamily(text.fontFamily);
+        font.setPixelSize(kFontPx);
+        QPainterPath letters;
+        letters.addText(0.0, 0.0, font, text.text);
+        const QFontMetricsF metrics(font);
+        if (letters.isEmpty() || !(metrics.capHeight() > 0.0) || !(text.heightMm > 0.0))
+            return;
+        auto *item = qobject_cast<ZTGraphicsTextItem *>(
+            document.itemMag()->addShape(ShapeType::Text, {0, 0, 10, 10}));
+        if (item == nullptr)
+            return;
+        const double size = text.heightMm / metrics.capHeight();
+        QTransform form(1.0, 0.0, -std::tan(text.slantDeg * M_PI / 180.0), 1.0, 0.0, 0.0);
+        form = QTransform::fromScale(size * text.widthFactor, size) * form;
+        form *= QTransform::fromScale(text.isMirrored ? -1.0 : 1.0, 1.0);
+        QTransform turned;
+        turned.rotate(-text.angleDeg);
+        form *= turned;
+        item->setFont(font);
+        item->setFontType(FontType::doubleLine);
+        item->setFixedText(text.text);
+        item->setTransformParam(form);
+        item->setPenId(text.pen > 0 ? text.pen : penForColor(text.color, options.pens));
+        // The library lays out a text by its own rule: what counts is where its letters come to.
+        const double advance = metrics.horizontalAdvance(text.text);
+        const double shift = text.anchor == vectorkit::TextAnchor::Left     ? 0.0
+                             : text.anchor == vectorkit::TextAnchor::Middle ? -advance / 2.0
+                                                                            : -advance;
+        letters.translate(shift, 0.0);
+        const QTransform toPx = ZTCoord::getInstance()->getMm2pixTransform();
+        const QTransform place =
+            form * QTransform::fromTranslate(text.positionMm.x(), text.positionMm.y()) * toPx;
+        QRectF wantedPx;
+        for (const QPolygonF &polygon : letters.toSubpathPolygons(place))
+            wantedPx |= polygon.boundingRect();
+        item->setPos(wantedPx.center() - item->getShapeBase()->getLines().boundingRect().center());
+        nameItem(*item, QString(), layer);
+        result.items.append(item);
+        ++result.texts;
+    }
+
+    void moveTo(const QPointF &centreMm) const
+    {
+        QRectF boxPx;
+        for (ZTAbstractGraphicsItem *item : result.items) {
+            const QRectF linesPx =
+                item->getShapeBase()->getLines().boundingRect().translated(item->pos());
+            if (boxPx.isNull()) {
+                boxPx = linesPx;
+            } else {
+                // Not united(): it ignores boxes without a width or height.
+                boxPx = QRectF(QPointF(std::min(boxPx.left(), linesPx.left()),
+                                       std::min(boxPx.top(), linesPx.top())),
+                               QPointF(std::max(boxPx.right(), linesPx.right()),
+                                       std::max(boxPx.bottom(), linesPx.bottom())));
+            }
+        }
+        const QPointF wayPx =
+            ZTCoord::getInstance()->getMm2pixTransform().map(centreMm) - boxPx.center();
+        for (ZTAbstractGraphicsItem *item : result.items)
+            item->setPos(item->pos() + wayPx);
+    }
+
+    ZTGraphicsDocument &document;
+    const ImportOptions &options;
+    ImportResult result;
+    int total = 0;
+    int done = 0;
+    qint32 firstGroup = 0; ///< 0: no groups
+};
+
+void stretch(VectorDrawing *drawing, double scaleX, double scaleY)
+{
+    const QTransform larger = QTransform::fromScale(scaleX, scaleY);
+    for (VectorLayer &layer : drawing->layers) {
+        for (VectorShape &shape : layer.shapes) {
+            for (VectorPath &path : shape.paths)
+                path = path.transformed(larger);
+        }
+        for (VectorText &text : layer.texts) {
+            text.positionMm = larger.map(text.positionMm);
+            text.heightMm *= scaleY;
+            text.widthFactor *= scaleX / scaleY;
+        }
+    }
+    drawing->declaredSizeMm =
+        QSizeF(drawing->declaredSizeMm.width() * scaleX, drawing->declaredSizeMm.height() * scaleY);
+}
+
+} // namespace
+
+QColor screenPenColor(int pen)
+{
+    static const char *const kColors[kScreenPens] = {
+        "black",   "blue",   "cyan",   "goldenrod", "navy",   "green",     "grey",   "khaki",
+        "magenta", "orange", "orchid", "red",       "salmon", "turquoise", "yellow", "fuchsia"};
+    const bool isKnown = pen >= 1 && pen <= kScreenPens;
+    return QColor(QLatin1String(kColors[isKnown ? pen - 1 : 0]));
+}
+
+int penForColor(const QColor &color, const QMap<QRgb, int> &pens)
+{
+    if (!color.isValid())
+        return 1;
+    const auto chosen = pens.constFind(color.rgb());
+    if (chosen != pens.constEnd())
+        return chosen.value();
+    int nearest = 1;
+    int least = std::numeric_limits<int>::max();
+    for (int pen = 1; pen <= kScreenPens; ++pen) {
+        const QColor known = screenPenColor(pen);
+        const int red = known.red() - color.red();
+        const int green = known.green() - color.green();
+        const int blue = known.blue() - color.blue();
+        const int apart = red * red + green * green + blue * blue;
+        if (apart < least) {
+            least = apart;
+            nearest = pen;
+        }
+    }
+    return nearest;
+}
+
+bool fitDrawing(VectorDrawing *drawing, const QSizeF &sizeMm)
+{
+    const QRectF box = drawing->boundsMm();
+    const bool hasWidth = sizeMm.width() > 0.0;
+    const bool hasHeight = sizeMm.height() > 0.0;
+    if (!hasWidth && !hasHeight)
+        return true;
+    if ((hasWidth && !(box.width() > 0.0)) || (hasHeight && !(box.height() > 0.0)))
+        return false;
+    double scaleX = hasWidth ? sizeMm.width() / box.width() : 0.0;
+    double scaleY = hasHeight ? sizeMm.height() / box.height() : 0.0;
+    scaleX = hasWidth ? scaleX : scaleY;
+    scaleY = hasHeight ? scaleY : scaleX;
+    if (!std::isfinite(scaleX) || !std::isfinite(scaleY))
+        return false;
+    if (scaleX == scaleY) {
+        drawing->scale(scaleX);
+    } else {
+        stretch(drawing, scaleX, scaleY);
+    }
+    return true;
+}
+
+ImportResult importDrawing(ZTGraphicsDocument &document, const VectorDrawing &drawing,
+                           const ImportOptions &options)
+{
+    return DrawingImporter(document, options).import(drawing);
+}
+
+} // namespace hostkit

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <ZTDrawEngineLib/ZTDrawEngineLib.h>
+
+#include <vectorkit/VectorDrawing.h>
+
+#include <QtCore/QMap>
+
+#include <functional>
+#include <optional>
+
+namespace hostkit {
+
+/** What becomes one shape. */
+enum class ImportSplit : quint8 {
+    None,   ///< the whole drawing
+    Layer,  ///< each layer
+    Color,  ///< each colour, or each pen of a plotter
+    Outline ///< each outline with the holes in it, and the islands in those apart
+};
+
+/** How a foreign drawing comes in. */
+struct ImportOptions
+{
+    ImportSplit split = ImportSplit::Color;
+
+    /** Curves become straight pieces within this many mm; 0: they stay curves. */
+    double toleranceMm = 0.0;
+
+    /**
+     * Open outlines share a shape with closed ones, and are hatched with them as if closed. Else
+     * they come in shapes of their own, which are left without a hatch.
+     */
+    bool fillsOpen = false;
+
+    QMap<QRgb, int> pens;            ///< pen of a colour; others go to the pen nearest in colour
+    std::optional<ZTFillParam> fill; ///< hatch of closed outlines; none: the library's default
+
+    /** Where on the scene the middle of the drawing comes to; none: as it lies in the file. */
+    std::optional<QPointF> centreMm;
+
+    /** Told how much is done, 0 to 1; false cancels. May be empty. */
+    std::function<bool(double done)> progress;
+};
+
+/** What came in. */
+struct ImportResult
+{
+    QList<ZTAbstractGraphicsItem *> items; ///< from the lowest up. Owner: the scene
+    int texts = 0;                         ///< of the items
+    int openShapes = 0;                    ///< of the items: those of open outlines
+    int mergedPens = 0;       ///< shapes that hold more than one colour and show the first of them
+    bool isCancelled = false; ///< nothing came in
+};
+
+/** Colours in which items show the pens 1 to 16. */
+constexpr int kScreenPens = 16;
+QColor screenPenColor(int pen);
+
+/** The pen for a colour: as the table says, else the one nearest in colour; 1 for an invalid one.
+ */
+int penForColor(const QColor &color, const QMap<QRgb, int> &pens);
+
+/**
+ * Stretches a drawing so that the box of its paths gets this size. A width or height that is not
+ * above 0 follows the other one; with neither above 0, or without a box, nothing changes.
+ *
+ * Failure: false, and no change, where the box has no extent in a direction that is asked for, or
+ * the factor is not finite.
+ */
+bool fitDrawing(vectorkit::VectorDrawing *drawing, const QSizeF &sizeMm);
+
+/**
+ * Brings a drawing into a document at true size: shapes as vector graphics, texts as texts.
+ *
+ * Each vector graphic holds its own piece of the drawing, named by what it was split by, moved so
+ * that its box begins at the shape's origin. Where a drawing has several layers, the shapes of
+ * `ImportSplit::Outline` are grouped by them. No undo command is pushed and nothing is selected:
+ * the caller has the items. The drawing is in the shapes and in drawing files; the library's own
+ * stream of documents has no room for it.
+ *
+ * Order: GUI thread, after `registerFactories`.
+ */
+ImportResult importDrawing(ZTGraphicsDocument &document, const vectorkit::VectorDrawing &drawing,
+                           const ImportOptions &options);
+
+} // namespace hostkit

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <hostkit/import/DrawingImport.h>
+
+namespace hostkit {
+
+/** What becomes one vector graphic. */
+struct ImportPart
+{
+    QString name;
+    int pen = 1;
+    int layer = -1;      ///< of the drawing; -1: several
+    bool isOpen = false; ///< holds open outlines alone, kept apart from the closed ones
+    bool hasOtherPens = false;
+    QVector<vectorkit::VectorPath> paths;
+};
+
+/** A drawing taken apart as the options say, from the lowest up. */
+QVector<ImportPart> importParts(const vectorkit::VectorDrawing &drawing,
+                                const ImportOptions &options);
+
+/**
+ * Closed outlines gathered with the holes in them: indices of paths, the outer outline first.
+ * An island in a hole begins a group of its own.
+ */
+QVector<QVector<int>> outlinesWithHoles(const QVector<vectorkit::VectorPath> &closed);
+
+} // namespace hostkit

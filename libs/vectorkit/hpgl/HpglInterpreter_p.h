@@ -1,0 +1,77 @@
+#pragma once
+
+#include <vectorkit/VectorReader.h>
+#include <vectorkit/hpgl/HpglFrame_p.h>
+#include <vectorkit/hpgl/HpglLettering_p.h>
+#include <vectorkit/hpgl/HpglPlotter_p.h>
+#include <vectorkit/hpgl/HpglScanner_p.h>
+
+namespace vectorkit {
+
+/** Carries out the commands of a plotter file. */
+class HpglInterpreter
+{
+public:
+    HpglInterpreter(const QByteArray &bytes, const ReadOptions &readOptions, VectorDrawing *target);
+
+    /** All of the file; false with the reason. */
+    bool run(ReadFailure *failure);
+
+private:
+    // Each carries out one of its commands, and says whether it is one of them.
+    bool carryOutMove(int code);
+    bool carryOutArc(int code);
+    bool carryOutArea(int code);
+    bool carryOutFrame(int code);
+    bool carryOutLettering(int code);
+    bool carryOutPen(int code);
+    bool carryOutPage(int code);
+    bool passOver(int code);
+
+    void moves();
+    void arc(bool isRelative);
+    void arcThrough(bool isRelative);
+    void curves(bool isRelative);
+    void packed();
+    void wedge(bool isFilled);
+    void window();
+    void label();
+    void symbolMode();
+    void movePenByLetters();
+    void terminator();
+    void penColor();
+    void reset();
+
+    /** The command's numbers; what is wrong with them is noted. Fewer than `least` is damage. */
+    bool take(std::size_t least);
+    const std::vector<double> &numbers() const { return scanner.numbers(); }
+    double number(std::size_t index, double otherwise) const;
+    QPointF point(std::size_t index, bool isRelative) const;
+    void require(bool isSensible);
+    void damaged(const QString &what, qint64 place, qint64 count = 1);
+    void note(VectorNote::Kind kind, const QString &what);
+    QString commandName() const;
+    double chord(std::size_t index) const;
+    bool checkLimits(ReadFailure *failure);
+    void noteRemains();
+    void describe();
+
+    const ReadOptions &options; ///< borrowed from the caller
+    VectorDrawing *drawing;     ///< borrowed from the caller
+    HpglScanner scanner;
+    HpglFrame frame;
+    HpglPlotter plotter;
+    HpglLettering lettering;
+    QPointF lineStartMm;
+    char labelEnd = '\x03';
+    char symbol = '\0';
+    bool isChordLength = false;
+    bool isSecondLanguage = false;
+    bool isWidthRelative = false;
+    QSizeF sheet;
+    qint64 commands = 0;
+    qint64 damagedCommands = 0;
+    qint64 unknownCommands = 0;
+};
+
+} // namespace vectorkit

@@ -1,0 +1,160 @@
+#include <vectorkit/hpgl/HpglPacked_p.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace vectorkit {
+
+namespace {
+
+/** Walks over the bytes of a packed polyline. */
+class Unpacker
+{
+public:
+    explicit Unpacker(const QByteArray &packed) : bytes(packed) {}
+
+    QVector<PackedStep> steps()
+    {
+        QVector<PackedStep> found;
+        while (skipBlanks() && !damaged) {
+            good = at;
+            const char byte = bytes[at];
+            if (byte == '7') {
+                isSevenBit = true;
+                ++at;
+            } else if (byte == '<') {
+                isPenUp = true;
+                ++at;
+            } else if (byte == '=') {
+                isAbsolute = true;
+                ++at;
+            } else if (byte == ':' || byte == '>') {
+                ++at;
+                takeSetting(byte, &found);
+            } else {
+                takePoint(&found);
+            }
+        }
+        return found;
+    }
+
+    bool isDamaged() const { return damaged; }
+
+    /** Where the last step ended that is whole. */
+    int goodEnd() const { return good; }
+
+private:
+    bool skipBlanks()
+    {
+        while (at < bytes.size() && static_cast<unsigned char>(bytes[at]) <= ' ')
+            ++at;
+        return at < bytes.size();
+    }
+
+    /** A whole number in digits of six bits, or five, the lowest first; its sign is its lowest bit.
+     */
+    double number()
+    {
+        const int base = isSevenBit ? 32 : 64;
+        double value = 0.0;
+        double weight = 1.0;
+        bool isFirst = true;
+        bool isNegative = false;
+        while (skipBlanks()) {
+            int digit = static_cast<unsigned char>(bytes[at]) - 63;
+            const int lastFrom = isSevenBit ? 32 : 128;
+            const bool isLast = digit >= lastFrom;
+            digit -= isLast ? lastFrom : 0;
+            if (digit < 0 || digit >= base || weight > 1e15)
+                break;
+            ++at;
+            if (isFirst) {
+                isNegative = digit % 2 != 0;
+                value = digit / 2;
+                weight = base / 2.0;
+            } else {
+                value += digit * weight;
+                weight *= base;
+            }
+            isFirst = false;
+            if (isLast)
+                return isNegative ? -value : value;
+        }
+        damaged = true;
+        return 0.0;
+    }
+
+    void takeSetting(char kind, QVector<PackedStep> *found)
+    {
+        const double value = number();
+        const bool isSensible = std::abs(value) <= (kind == ':' ? 32767.0 : 26.0);
+        damaged = damaged || !isSensible;
+        if (damaged)
+            return;
+        if (kind == '>') {
+            fraction = std::ldexp(1.0, -static_cast<int>(value));
+            return;
+        }
+        PackedStep step;
+        step.kind = PackedStep::Kind::Pen;
+        step.pen = static_cast<int>(std::abs(value));
+        found->append(step);
+    }
+
+    void takePoint(QVector<PackedStep> *found)
+    {
+        PackedStep step;
+        step.x = number() * fraction;
+        if (!damaged)
+            step.y = number() * fraction;
+        if (damaged)
+            return;
+        step.isAbsolute = isAbsolute;
+        step.isPenUp = isPenUp;
+        found->append(step);
+        isAbsolute = false;
+        isPenUp = false;
+    }
+
+    QByteArray bytes;
+    int at = 0;
+    int good = 0;
+    bool isSevenBit = false;
+    bool isAbsolute = false;
+    bool isPenUp = false;
+    bool damaged = false;
+    double fraction = 1.0;
+};
+
+/**
+ * The bytes as they were, when an editor or a transfer wrote them as UTF-8.
+ *
+ * Bytes of 128 to 190 have no place in a packed polyline, so there is nothing to confuse.
+ */
+QByteArray withoutUtf8(const QByteArray &bytes)
+{
+    const bool isStrange = std::any_of(bytes.begin(), bytes.end(), [](char byte) {
+        const auto value = static_cast<unsigned char>(byte);
+        return value >= 128 && value <= 190;
+    });
+    return isStrange ? QString::fromUtf8(bytes).toLatin1() : bytes;
+}
+
+} // namespace
+
+PackedLine unpackedLine(const QByteArray &bytes)
+{
+    PackedLine line;
+    const QByteArray packed = withoutUtf8(bytes);
+    line.isRecoded = packed.size() != bytes.size();
+    Unpacker unpacker(packed);
+    line.steps = unpacker.steps();
+    if (unpacker.isDamaged())
+        line.rest = packed.size() - unpacker.goodEnd();
+    const QByteArray rest = packed.right(line.rest);
+    line.restIsCommand =
+        rest.size() > 1 && rest[0] >= 'A' && rest[0] <= 'Z' && rest[1] >= 'A' && rest[1] <= 'Z';
+    return line;
+}
+
+} // namespace vectorkit

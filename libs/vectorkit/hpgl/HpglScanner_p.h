@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QtCore/QByteArray>
+
+#include <vector>
+
+namespace vectorkit {
+
+/** A command's two letters as one number. */
+constexpr int hpglCode(char first, char second) { return first * 256 + second; }
+
+/**
+ * Walks over the commands of a plotter file: separators of all sorts or none, escape sequences, the
+ * printer's language around them, comments.
+ *
+ * Owner: the bytes are borrowed from whoever made it.
+ */
+class HpglScanner
+{
+public:
+    HpglScanner(const char *begin, const char *end) : first(begin), at(begin), last(end) {}
+
+    /** To the next command, past what is left of the last one; false at the end. */
+    bool next();
+
+    /** The command's letters, in upper case. */
+    int code() const { return current; }
+
+    /** Bytes before the command. */
+    qint64 place() const { return commandAt - first; }
+    qint64 size() const { return last - first; }
+
+    /** Reads the command's numbers up to the first that is none; false when there was one. */
+    bool readNumbers();
+    const std::vector<double> &numbers() const { return values; }
+
+    /** A label up to its terminator, which is passed; `isMended` when the terminator is missing. */
+    QByteArray readLabel(char terminator, bool *isMended);
+
+    /** One byte, whatever it is; 0 at the end or before a semicolon. */
+    char readByte();
+
+    /** Bytes up to the semicolon, which is passed. */
+    QByteArray readToSemicolon();
+
+    /** Back by so many bytes before the semicolon that was passed last. */
+    void stepBack(int bytes);
+
+    /** Past parameters of which some may be quoted. */
+    void skipQuoted();
+
+    /** Bytes that belong to no command, so far, each run counted once. */
+    qint64 strayRuns() const { return strays; }
+    qint64 firstStray() const { return firstStrayAt; }
+
+    /** Whether the printer's language stood around the commands. */
+    bool isWrapped() const { return wrapped; }
+
+private:
+    bool readNumber();
+    void skipEscape();
+    void skipPrinterSequence();
+    void skipLine();
+    void skipStray();
+
+    const char *first;
+    const char *at;
+    const char *last;
+    const char *commandAt = nullptr;
+    int current = 0;
+    std::vector<double> values;
+    qint64 strays = 0;
+    qint64 firstStrayAt = 0;
+    bool wrapped = false;
+};
+
+} // namespace vectorkit
