@@ -72,8 +72,7 @@ private:
 
     void lookForStrokeFont(const QString &fileName)
     {
-        if (known.insert(fileName).second && !fileName.isEmpty() &&
-            !hasStrokeFont(fileName))
+        if (known.insert(fileName).second && !fileName.isEmpty() && !hasStrokeFont(fileName))
             lacking.insert(fileName);
     }
 
