@@ -1,9 +1,11 @@
 #include <studio/MainWindow.h>
 
 #include <studio/CommandTable.h>
+#include <studio/ContextMenus.h>
 #include <studio/DocumentActions.h>
 #include <studio/DropImporter.h>
 #include <studio/Exporter.h>
+#include <studio/FieldCheck.h>
 #include <studio/Icons.h>
 #include <studio/Importer.h>
 #include <studio/Language.h>
@@ -57,6 +59,7 @@ constexpr int kTreeHeight = 260;
 constexpr int kPropertiesHeight = 460;
 constexpr int kIdWidth = 64;
 constexpr int kTextWidth = 70;
+constexpr int kHandlePx = 24; ///< room outside the frame that its handles may take
 const QSize kFirstSize(1280, 820);
 
 /** Files that come in together: drawings are opened, all else is imported. */
@@ -100,6 +103,7 @@ MainWindow::~MainWindow()
     delete textTools;
     delete fileExporter;
     delete status;
+    delete contextMenus;
     delete commandSet;
     delete viewNavigation;
     delete properties;
@@ -194,6 +198,7 @@ void MainWindow::buildCommands()
              {treeDock->toggleViewAction(), properties->toggleViewAction(),
               properties->denseRowsAction(), (new LanguageMenu(*language, this))->menuAction()});
     addToolBars(*this, *commandSet);
+    contextMenus = new ContextMenus(*drawing, *tree, *actions, *commandSet, this);
 }
 
 void MainWindow::connectState()
@@ -213,7 +218,29 @@ void MainWindow::connectState()
     connect(stack, &QUndoStack::undoTextChanged, this, &MainWindow::refreshUndoTexts);
     connect(stack, &QUndoStack::redoTextChanged, this, &MainWindow::refreshUndoTexts);
     connectFiles();
+    connectFrame();
     refreshCommands();
+}
+
+void MainWindow::connectFrame()
+{
+    const ZTGraphicsResizeItem *frame = drawing->scene()->getGraphicsResizeItem();
+    connect(drawing->scene(), &QGraphicsScene::selectionChanged, this, &MainWindow::repaintFrame);
+    connect(frame, &ZTGraphicsResizeItem::sigPosChanged, this, &MainWindow::repaintFrame);
+    connect(frame, &ZTGraphicsResizeItem::sigSizeChanged, this, &MainWindow::repaintFrame);
+}
+
+// The frame's handles keep their size at every zoom, and Qt does not always know where it painted
+// them last: after scrolling, the handles of what was selected before would stay on the screen.
+void MainWindow::repaintFrame()
+{
+    const QRect inner = drawing->view()->mapFromScene(paintedFramePx).boundingRect();
+    if (!paintedFramePx.isNull()) {
+        const QRect outer = inner.adjusted(-kHandlePx, -kHandlePx, kHandlePx, kHandlePx);
+        drawing->view()->viewport()->update(QRegion(outer) - QRegion(inner));
+    }
+    const ZTGraphicsResizeItem *frame = drawing->scene()->getGraphicsResizeItem();
+    paintedFramePx = frame->isVisible() ? frame->rect().translated(frame->pos()) : QRectF();
 }
 
 void MainWindow::connectFiles()
@@ -422,7 +449,13 @@ void MainWindow::chooseImport()
     dialog->open();
 }
 
-void MainWindow::chooseExport(bool selectionOnly) { fileExporter->choose(selectionOnly); }
+void MainWindow::chooseExport(bool selectionOnly)
+{
+    const QGraphicsScene &scene = *drawing->scene();
+    const ShapeItems exported = selectionOnly ? selectedShapeItems(scene) : shapeItemsOf(scene);
+    askAboutField(exported, *drawing, *this,
+                  [this, selectionOnly] { fileExporter->choose(selectionOnly); });
+}
 
 void MainWindow::addSample()
 {

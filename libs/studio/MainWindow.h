@@ -19,6 +19,7 @@ class ZTObjectTreeWidget;
 namespace studio {
 
 class Commands;
+class ContextMenus;
 class CrashGuard;
 class DocumentActions;
 class DrawingFiles;
@@ -91,6 +92,8 @@ private:
     void buildCommands();
     void connectState();
     void connectFiles();
+    void connectFrame();
+    void repaintFrame();
     bool offerImport(const QStringList &paths, std::optional<QPointF> scenePx);
     bool offerDrawing(const ReadDrawing &read, std::optional<QPointF> scenePx);
     void takeDropped(const QStringList &paths, const QPointF &scenePx);
@@ -114,6 +117,7 @@ private:
     TextTools *textTools = nullptr;
     Exporter *fileExporter = nullptr;
     Commands *commandSet = nullptr;
+    ContextMenus *contextMenus = nullptr;
     StatusBar *status = nullptr;
     OrderMenu *orderMenu = nullptr;
     DrawingFiles *drawingFiles = nullptr;
@@ -121,7 +125,8 @@ private:
     QPointer<MatrixDialog> matrixDialog;
     std::unique_ptr<Importer> importer;
     QTimer stateTimer;
-    bool isLetGo = false; ///< the user closes the window, and the changes may be lost
+    QRectF paintedFramePx; ///< where the selection frame stood when it was seen last; or null
+    bool isLetGo = false;  ///< the user closes the window, and the changes may be lost
 };
 
 } // namespace studio

@@ -12,8 +12,10 @@
 #include <QtCore/QMimeData>
 #include <QtCore/QUrl>
 #include <QtTest/QSignalSpy>
+#include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QFileDialog>
+#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QProgressDialog>
 #include <QtWidgets/QPushButton>
 
@@ -280,6 +282,54 @@ private Q_SLOTS:
         dialog->close();
     }
 
+    void exportOfShapesOutsideTheField_namesThem_andGoesOnIfTold()
+    {
+        const ZTCoord &coord = *ZTCoord::getInstance();
+        studio->addRect(0, 0);
+        studio->document().view()->setWorkArea({-50, -50, 100, 100});
+        QVERIFY(studio->run("file.exportAll"));
+        QVERIFY(fieldQuestion() == nullptr);
+        studio->window->findChild<QFileDialog *>()->close();
+        QTRY_VERIFY(studio->window->findChild<QFileDialog *>() == nullptr);
+
+        // Rectangles of 10 mm: one to the very edge of the field, and one beyond it.
+        studio->addRect(coord.mm2pix(40.0), 0);
+        QVERIFY(studio->run("file.exportAll"));
+        QVERIFY(fieldQuestion() == nullptr);
+        studio->window->findChild<QFileDialog *>()->close();
+        QTRY_VERIFY(studio->window->findChild<QFileDialog *>() == nullptr);
+        studio->addRect(0, coord.mm2pix(41.0));
+        QVERIFY(studio->run("file.exportAll"));
+        QVERIFY(fieldQuestion() != nullptr);
+        QVERIFY(fieldQuestion()->informativeText().contains(QStringLiteral("Rectangle 2")));
+        QVERIFY(!fieldQuestion()->informativeText().contains(QStringLiteral("Rectangle 1")));
+        // Return takes nothing that may be wrong.
+        QTest::keyClick(fieldQuestion(), Qt::Key_Return);
+        QTRY_VERIFY(fieldQuestion() == nullptr);
+        QVERIFY(studio->window->findChild<QFileDialog *>() == nullptr);
+
+        QVERIFY(studio->run("file.exportAll"));
+        const QList<QAbstractButton *> buttons = fieldQuestion()->buttons();
+        for (QAbstractButton *button : buttons) {
+            if (fieldQuestion()->buttonRole(button) == QMessageBox::AcceptRole) {
+                QTest::mouseClick(button, Qt::LeftButton);
+                break;
+            }
+        }
+        QVERIFY(studio->window->findChild<QFileDialog *>() != nullptr);
+        studio->window->findChild<QFileDialog *>()->close();
+    }
+
+    void exportOfTheSelection_looksAtTheSelectionAlone()
+    {
+        studio::ShapeItem *inside = studio->addRect(0, 0);
+        studio->addRect(3000, 0);
+        studio->select({inside});
+        QVERIFY(studio->run("file.exportSelection"));
+        QVERIFY(fieldQuestion() == nullptr);
+        studio->window->findChild<QFileDialog *>()->close();
+    }
+
     void order_isChosenInTheMenuAndRemembered()
     {
         const auto *menu = studio->window->findChild<studio::OrderMenu *>();
@@ -296,6 +346,11 @@ private Q_SLOTS:
     }
 
 private:
+    QMessageBox *fieldQuestion()
+    {
+        return studio->window->findChild<QMessageBox *>(QStringLiteral("fieldQuestion"));
+    }
+
     QString write(const char *name, const QByteArray &content)
     {
         return studio->write(name, content);

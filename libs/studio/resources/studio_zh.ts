@@ -948,6 +948,71 @@
     </message>
 </context>
 <context>
+    <name>studio::FieldCheck</name>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>%1 %2 &quot;%3&quot;</source>
+        <translation>%1 %2“%3”</translation>
+    </message>
+    <message>
+        <source>Shapes lie outside the field.</source>
+        <translation>有图形位于工作区之外。</translation>
+    </message>
+    <message>
+        <source>The machine may not reach what lies there.</source>
+        <translation>机器可能无法到达这些位置。</translation>
+    </message>
+    <message>
+        <source>&amp;Export all the same</source>
+        <translation>仍然导出(&amp;E)</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ShapeKinds</name>
+    <message>
+        <source>Rectangle</source>
+        <translation>矩形</translation>
+    </message>
+    <message>
+        <source>Ellipse</source>
+        <translation>椭圆</translation>
+    </message>
+    <message>
+        <source>Polygon</source>
+        <translation>多边形</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>直线</translation>
+    </message>
+    <message>
+        <source>TDOT figure</source>
+        <translation>TDOT 图形</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>文本</translation>
+    </message>
+    <message>
+        <source>Imported drawing</source>
+        <translation>导入的图纸</translation>
+    </message>
+    <message>
+        <source>Shape</source>
+        <translation>图形</translation>
+    </message>
+</context>
+<context>
+    <name>studio::PropertyGrid</name>
+    <message>
+        <source>3 to %L1 sides</source>
+        <translation>3 至 %L1 条边</translation>
+    </message>
+</context>
+<context>
     <name>studio::RecentMenu</name>
     <message>
         <source>&amp;Clear list</source>
@@ -1490,6 +1555,10 @@
 </context>
 <context>
     <name>studio::WindowLayout</name>
+    <message>
+        <source>&amp;Align</source>
+        <translation>对齐(&amp;A)</translation>
+    </message>
     <message>
         <source>&amp;Arrange</source>
         <translation>排列(&amp;A)</translation>
