@@ -3,6 +3,7 @@
 #include <common/Console.h>
 #include <fontkit/FontReader.h>
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>
 #include <QtCore/QSaveFile>
 
@@ -12,8 +13,13 @@ namespace fontfiles {
 
 namespace {
 
-constexpr int kLargestInput = 1 << 30; // Limit: sources are larger than fonts
-constexpr int kPiece = 1 << 20;
+constexpr qint64 kLargestInput = 1 << 30; // Limit: sources are larger than fonts
+constexpr qint64 kPiece = 1 << 20;
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(FontFiles)
+};
 
 QString nameOf(const std::string &path) { return QString::fromStdString(path); }
 
@@ -25,15 +31,15 @@ bool open(QFile &file, const std::string &path)
     return file.open(QIODevice::ReadOnly);
 }
 
-/** All bytes, or so many that they are too many; memory for what is there only. */
-QByteArray readAll(QFile &file)
+/** What there is, and no memory for more; a pipe does not tell its size. */
+QByteArray readPieces(QFile &file)
 {
     QByteArray bytes;
     while (bytes.size() < kLargestInput) {
         const QByteArray piece = file.read(kPiece);
         if (piece.isEmpty())
             break;
-        bytes += piece;
+        bytes.append(piece);
     }
     return bytes;
 }
@@ -51,15 +57,15 @@ std::optional<QByteArray> read(const std::string &path)
     QFile file;
     QString problem;
     if (path != "-" && QFileInfo(nameOf(path)).isDir()) {
-        problem = QStringLiteral("is a folder");
+        problem = Texts::tr("is a folder");
     } else if (!open(file, path)) {
         problem = file.errorString();
     } else {
-        const QByteArray bytes = readAll(file);
+        const QByteArray bytes = readPieces(file);
         if (file.error() == QFileDevice::NoError && bytes.size() < kLargestInput)
             return bytes;
-        problem = bytes.size() < kLargestInput ? file.errorString()
-                                               : QStringLiteral("is larger than 1 GiB");
+        problem =
+            bytes.size() < kLargestInput ? file.errorString() : Texts::tr("is larger than 1 GiB");
     }
     console::complain(path, problem);
     return std::nullopt;
@@ -96,7 +102,7 @@ bool isSame(const std::string &input, const std::string &output)
     const bool same =
         !inputFile.isEmpty() && inputFile == QFileInfo(nameOf(output)).canonicalFilePath();
     if (same)
-        console::complain(output, QStringLiteral("is the input, too"));
+        console::complain(output, Texts::tr("is the input, too"));
     return same;
 }
 

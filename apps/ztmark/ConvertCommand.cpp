@@ -44,21 +44,17 @@ ZTAbstractGraphicsItem *addGraphic(ZTShapeManager &manager, const hostkit::Drawi
 } // namespace
 
 ConvertCommand::ConvertCommand(CLI::App &app)
-    : command(app.add_subcommand(
-          "convert",
-          tr("Turn plotter drawings into a drawing, or save a drawing anew").toStdString()))
+    : Command(app, "convert", tr("Turn plotter drawings into a drawing, or save a drawing anew"))
 {
-    command
-        ->add_option(
-            "FILE", files,
-            tr("Plotter drawings, - reads standard input; or one drawing, .ztd").toStdString())
-        ->required()
-        ->type_name("");
+    files.addOption(command);
     addOutput();
     foreign.addOptions(command);
     foreign.options.toleranceMm = 0.0; // curves stay curves
     fonts.addOption(command);
-    command->final_callback([this] { checkTogether(); });
+    command->final_callback([this] {
+        files.checkTogether();
+        foreign.checkTogether();
+    });
     command->footer(
         tr("Plotter drawings are imported 20 mm high, side by side, 2 mm apart, each one shape, "
            "and\n"
@@ -88,30 +84,20 @@ void ConvertCommand::addOutput()
         ->check(CLI::Validator(check, ""));
 }
 
-bool ConvertCommand::isChosen() const { return command->parsed(); }
-
-void ConvertCommand::checkTogether() const
-{
-    if (files.size() > 1 && std::any_of(files.begin(), files.end(), OpenedDrawing::isNamed))
-        usage::refuse("FILE", tr("a drawing is converted alone, without other files"));
-    PlotterFiles::checkNames(files);
-    foreign.checkTogether();
-}
-
 int ConvertCommand::run()
 {
-    if (!JobArguments::canWrite({output}, files) || !fonts.makeKnown())
+    if (!JobArguments::canWrite({output}, files.names) || !fonts.makeKnown())
         return console::Failed;
     Progress progress(true);
-    if (!OpenedDrawing::isNamed(files.front()) && foreign.isChosen(files))
+    if (!files.isDrawing() && foreign.isChosen(files.names))
         return importForeignFiles(progress);
-    return OpenedDrawing::isNamed(files.front()) ? saveAnew(progress) : importFiles(progress);
+    return files.isDrawing() ? saveAnew(progress) : importFiles(progress);
 }
 
 int ConvertCommand::saveAnew(Progress &progress) const
 {
     OpenedDrawing drawing;
-    if (!drawing.open(files.front(), progress))
+    if (!drawing.open(files.names.front(), progress))
         return console::Failed;
     return save(drawing.document, progress);
 }
@@ -119,7 +105,7 @@ int ConvertCommand::saveAnew(Progress &progress) const
 int ConvertCommand::importFiles(Progress &progress) const
 {
     PlotterFiles plotter;
-    if (!plotter.open(files, progress))
+    if (!plotter.open(files.names, progress))
         return console::Failed;
     ZTGraphicsDocument document;
     import(plotter, document);
@@ -131,7 +117,7 @@ int ConvertCommand::importFiles(Progress &progress) const
 int ConvertCommand::importForeignFiles(Progress &progress)
 {
     ZTGraphicsDocument document;
-    const bool isWhole = foreign.import(files, document, progress);
+    const bool isWhole = foreign.import(files.names, document, progress);
     if (document.itemMag()->getShapeList().isEmpty()) {
         progress.finish();
         return console::Failed;
@@ -145,9 +131,9 @@ void ConvertCommand::import(const PlotterFiles &plotter, ZTGraphicsDocument &doc
     ZTShapeManager &manager = *document.itemMag();
     const double gapPx = ZTCoord::getInstance()->mm2pix(kGapMm);
     double leftPx = 0.0;
-    for (size_t i = 0; i < files.size(); ++i) {
+    for (size_t i = 0; i < files.names.size(); ++i) {
         const hostkit::DrawingInput &input = *plotter.drawings()[i];
-        ZTAbstractGraphicsItem *item = addGraphic(manager, input, sourceOf(files[i], input));
+        ZTAbstractGraphicsItem *item = addGraphic(manager, input, sourceOf(files.names[i], input));
         if (item == nullptr)
             return;
         const QSizeF sizePx = item->boundingRect().size();

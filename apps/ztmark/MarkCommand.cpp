@@ -5,6 +5,8 @@
 #include "Progress.h"
 #include "Usage.h"
 
+#include <hostkit/marks/MarkGraphBuilder.h>
+
 #include <algorithm>
 #include <array>
 
@@ -20,16 +22,10 @@ constexpr std::array<const char *, 4> kOnlyLibrary{"--matrix", "--gap", "--scale
 } // namespace
 
 MarkCommand::MarkCommand(CLI::App &app)
-    : command(app.add_subcommand(
-          "mark", tr("Turn a drawing or plotter drawings into ordered mark paths").toStdString())),
+    : Command(app, "mark", tr("Turn a drawing or plotter drawings into ordered mark paths")),
       job(command)
 {
-    command
-        ->add_option(
-            "FILE", files,
-            tr("Plotter drawings, - reads standard input; or one drawing, .ztd").toStdString())
-        ->required()
-        ->type_name("");
+    files.addOption(command);
     job.addOutputs();
     job.addHatch();
     job.addLayout();
@@ -40,6 +36,9 @@ MarkCommand::MarkCommand(CLI::App &app)
         ->type_name("FACTOR")
         ->default_str("1");
     foreign.addOptions(command);
+    command->add_flag(
+        "--outside", marksOutside,
+        tr("Mark a drawing also where its shapes reach out of its work area").toStdString());
     fonts.addOption(command);
     command->final_callback([this] { checkTogether(); });
     command->footer(
@@ -67,18 +66,20 @@ MarkCommand::MarkCommand(CLI::App &app)
             .toStdString());
 }
 
-bool MarkCommand::isChosen() const { return command->parsed(); }
-
 void MarkCommand::checkTogether() const
 {
-    if (std::any_of(files.begin(), files.end(), OpenedDrawing::isNamed)) {
+    files.checkTogether();
+    if (files.isDrawing())
         checkDrawing();
-        return;
-    }
+    else
+        checkTogetherWithFiles();
+}
+
+void MarkCommand::checkTogetherWithFiles() const
+{
     job.checkTogether();
-    PlotterFiles::checkNames(files);
     foreign.checkTogether();
-    if (!foreign.isChosen(files))
+    if (!foreign.isChosen(files.names))
         return;
     for (const char *option : kOnlyLibrary) {
         if (command->get_option(option)->count() > 0)
@@ -88,8 +89,6 @@ void MarkCommand::checkTogether() const
 
 void MarkCommand::checkDrawing() const
 {
-    if (files.size() > 1)
-        usage::refuse("FILE", tr("a drawing is marked alone, without other files"));
     for (const char *option : kOnlyPlotter) {
         if (command->get_option(option)->count() > 0)
             usage::refuse(option, tr("not for a drawing, which has its own layout and hatch"));
@@ -98,20 +97,19 @@ void MarkCommand::checkDrawing() const
 
 int MarkCommand::run()
 {
-    if (!JobArguments::canWrite(job.outputs, files) || !fonts.makeKnown())
+    if (!JobArguments::canWrite(job.outputs, files.names) || !fonts.makeKnown())
         return console::Failed;
     Progress progress(!job.quiet);
-    if (!OpenedDrawing::isNamed(files.front()) && foreign.isChosen(files))
+    if (!files.isDrawing() && foreign.isChosen(files.names))
         return markForeignFiles(progress);
-    return OpenedDrawing::isNamed(files.front()) ? markDrawing(progress)
-                                                 : markPlotterFiles(progress);
+    return files.isDrawing() ? markDrawing(progress) : markPlotterFiles(progress);
 }
 
 int MarkCommand::markPlotterFiles(Progress &progress)
 {
     PlotterFiles plotter;
     hostkit::MarkJobResult result;
-    if (!plotter.open(files, progress) || !build(plotter.drawings(), &result, progress))
+    if (!plotter.open(files.names, progress) || !build(plotter.drawings(), &result, progress))
         return console::Failed;
     const bool written = job.write(result.graph, job.outputs, progress);
     progress.finish();
@@ -123,18 +121,22 @@ int MarkCommand::markPlotterFiles(Progress &progress)
 int MarkCommand::markDrawing(Progress &progress)
 {
     OpenedDrawing drawing;
-    if (!drawing.open(files.front(), progress))
+    if (!drawing.open(files.names.front(), progress))
         return console::Failed;
     progress.begin(tr("ordering"));
     const bool isOrdered = command->get_option("--order")->count() > 0;
-    const DrawingMarks marks =
-        drawing.marks(isOrdered ? std::make_optional(job.options.order) : std::nullopt);
-    const bool written = job.write(marks.graph, job.outputs, progress, marks.units);
+    const hostkit::DrawingMarks marks = hostkit::drawingMarks(
+        drawing.document, isOrdered ? std::make_optional(job.options.order) : std::nullopt);
     progress.finish();
-    if (!marks.isWhole())
-        console::complain(files.front(),
-                          tr("warning: the order leaves shapes out: it ends at the first one "
-                             "without an outline; --order none marks all"));
+    for (const QString &sentence : hostkit::describeFindings(marks.findings))
+        console::complain(files.names.front(), tr("warning: %1").arg(sentence));
+    if (!marks.findings.outside.isEmpty() && !marksOutside) {
+        console::complain(files.names.front(),
+                          tr("nothing written: shapes outside the work area are "
+                             "marked with --outside alone"));
+        return console::Failed;
+    }
+    const bool written = job.write(marks.graph, job.outputs, progress, marks.units);
     return finish(written, marks.before, marks.after);
 }
 
@@ -147,22 +149,25 @@ int MarkCommand::markForeignFiles(Progress &progress)
     fill.angle = job.options.angleDeg;
     foreign.options.fill = fill;
     OpenedDrawing drawing;
-    const bool isWhole = foreign.import(files, drawing.document, progress);
+    const bool isWhole = foreign.import(files.names, drawing.document, progress);
     if (drawing.items().isEmpty()) {
         progress.finish();
         return console::Failed;
     }
-    drawing.file.meta.setup = hostkit::DrawingSetup::of(drawing.document);
     progress.begin(tr("ordering"));
-    DrawingMarks marks = drawing.marks(job.options.order);
+    hostkit::DrawingMarks marks = hostkit::drawingMarks(drawing.document, job.options.order);
     // The order follows the outlines also where they are not marked.
     if (!job.options.outline) {
         for (ZTMarkObject &object : marks.graph.objects)
             object.lines.clear();
-        marks.after = hostkit::measureMarkPath(marks.graph, marks.units);
+        marks.before = marks.after = hostkit::measureMarkPath(marks.graph, marks.units);
     }
     const bool written = job.write(marks.graph, job.outputs, progress, marks.units);
     progress.finish();
+    // A foreign drawing knows no work area: that it reaches out of the usual one is no fault.
+    marks.findings.outside.clear();
+    for (const QString &sentence : hostkit::describeFindings(marks.findings))
+        console::complain(tr("warning: %1").arg(sentence).toStdString());
     job.warnOfEmptyHatch(marks.after);
     return finish(written && isWhole, marks.before, marks.after);
 }
@@ -187,7 +192,7 @@ bool MarkCommand::build(const PlotterFiles::Drawings &drawings, hostkit::MarkJob
         return true;
     progress.finish();
     if (error.drawing >= 0)
-        console::complain(files[static_cast<size_t>(error.drawing)], error.reason);
+        console::complain(files.names[static_cast<size_t>(error.drawing)], error.reason);
     else
         console::complain(error.reason.toStdString());
     return false;

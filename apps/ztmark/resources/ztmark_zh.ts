@@ -281,6 +281,22 @@ Examples:
         <source>%1 x %2 pixels</source>
         <translation>%1 x %2 像素</translation>
     </message>
+    <message>
+        <source>Marked twice:</source>
+        <translation>标刻两次：</translation>
+    </message>
+    <message>
+        <source>Outside the field:</source>
+        <translation>超出工作区：</translation>
+    </message>
+    <message>
+        <source>Without length:</source>
+        <translation>无长度的轮廓：</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>另有 %1 个</translation>
+    </message>
 </context>
 <context>
     <name>FontCommand</name>
@@ -601,7 +617,7 @@ x-min、x-max、y-min、y-max</translation>
 <context>
     <name>Language</name>
     <message>
-        <source>Language of help and messages, en or zh; else the environment&apos;s</source>
+        <source>Language of help and messages, en or zh; else the environment&#x27;s</source>
         <translation>帮助和消息的语言，en 或 zh；缺省由环境决定</translation>
     </message>
 </context>
@@ -673,6 +689,45 @@ SVG 和 DXF 图形、其他方言的绘图仪图纸，以及使用 --size、--wi
     <message>
         <source>not for drawings that come in at true size</source>
         <translation>不适用于按真实尺寸导入的图形</translation>
+    </message>
+    <message>
+        <source>Lengths take mm (the default), cm or in: 0.5, 0.5mm, 2cm, 1in. Angles are degrees,
+clockwise. A plotter drawing is imported 20 mm high. Several stand side by side, a gap
+apart, each one object.
+
+Limits: drawings of 256 MiB, 1,000,000 objects, 1,000,000 hatch lines over a drawing,
+20,000,000 points and hatch segments in all.
+
+A drawing, .ztd, is marked as it was saved, in its own order unless --order says another.
+Options that lay out, hatch, scale or turn plotter drawings are not for it.
+
+Examples:
+  ztmark mark plate.ztd -o plate.json
+  ztmark mark logo.plt --hatch zigzag --spacing 0.3mm --angle 45 -o logo.svg</source>
+        <translation>长度单位为 mm（缺省）、cm 或 in：0.5、0.5mm、2cm、1in。角度以度为单位，顺时针为正。
+绘图仪图纸导入后高 20 mm。多个图纸并排放置，相隔一个间距，各为一个对象。
+
+上限：绘图仪图纸 256 MiB，1,000,000 个对象，一个图纸 1,000,000 条填充线，
+总共 20,000,000 个点和填充线段。
+
+图纸 .ztd 按保存时的样子标刻，除非用 --order 另行指定，否则按其自身的顺序。
+布局、填充、缩放或旋转绘图仪图纸的选项对它不适用。
+
+示例：
+  ztmark mark plate.ztd -o plate.json
+  ztmark mark logo.plt --hatch zigzag --spacing 0.3mm --angle 45 -o logo.svg</translation>
+    </message>
+    <message>
+        <source>warning: %1</source>
+        <translation>警告：%1</translation>
+    </message>
+    <message>
+        <source>Mark a drawing also where its shapes reach out of its work area</source>
+        <translation>即使图形超出工作区也标刻图纸</translation>
+    </message>
+    <message>
+        <source>nothing written: shapes outside the work area are marked with --outside alone</source>
+        <translation>未写入任何文件：只有加上 --outside 才标刻超出工作区的图形</translation>
     </message>
 </context>
 <context>
@@ -819,7 +874,7 @@ Examples:
         <translation>单线字体，大字体用于汉字；不写大字体则取找到的第一个</translation>
     </message>
     <message>
-        <source>Family of a system font; else the system&apos;s usual font</source>
+        <source>Family of a system font; else the system&#x27;s usual font</source>
         <translation>系统字体名称；缺省为系统常用字体</translation>
     </message>
     <message>
@@ -846,7 +901,7 @@ out; 0.3 of the height else</source>
         <translation>文字沿此直径的圆排列</translation>
     </message>
     <message>
-        <source>Where the arc starts, 0 is three o&apos;clock; else it is centred at the
+        <source>Where the arc starts, 0 is three o&#x27;clock; else it is centred at the
 top</source>
         <translation>圆弧的起始角，0 为三点钟方向；缺省以顶部为中心</translation>
     </message>
@@ -936,6 +991,10 @@ base 也可以是 16 和 26（字母）。没有给出位置时放在最后一�
     <message>
         <source>%1 x %2 mm</source>
         <translation>%1 x %2 mm</translation>
+    </message>
+    <message>
+        <source>Text height: how high capital letters are</source>
+        <translation>字高：大写字母的高度</translation>
     </message>
 </context>
 <context>
@@ -1078,7 +1137,7 @@ ztmark COMMAND --help 说明各个命令。</translation>
         <translation>图层：</translation>
     </message>
     <message>
-        <source>Length of the file's unit: mm, cm, in, or a length such as 0.025mm</source>
+        <source>Length of the file&#x27;s unit: mm, cm, in, or a length such as 0.025mm</source>
         <translation>文件单位的长度：mm、cm、in 或如 0.025mm 的长度</translation>
     </message>
     <message>
@@ -1148,6 +1207,21 @@ ztmark COMMAND --help 说明各个命令。</translation>
     <message>
         <source>warning: %1</source>
         <translation>警告：%1</translation>
+    </message>
+</context>
+<context>
+    <name>InputFiles</name>
+    <message>
+        <source>Plotter drawings, - reads standard input; or one drawing, .ztd</source>
+        <translation>绘图仪图纸，- 表示读取标准输入；或一个图纸 .ztd</translation>
+    </message>
+    <message>
+        <source>a drawing is taken alone, without other files</source>
+        <translation>图纸只能单独使用，不能与其他文件一起</translation>
+    </message>
+    <message>
+        <source>standard input can be read only once</source>
+        <translation>标准输入只能读取一次</translation>
     </message>
 </context>
 </TS>

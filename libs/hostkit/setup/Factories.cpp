@@ -1,5 +1,7 @@
 #include <hostkit/setup/Factories.h>
 
+#include <hostkit/text/TextItem.h>
+
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 namespace hostkit {
@@ -22,7 +24,7 @@ void registerFactories()
     registerAs<ZTPolygonItemFactory>(ShapeType::Polygon);
     registerAs<ZTLineItemFactory>(ShapeType::Line);
     registerAs<ZTTdotItemFactory>(ShapeType::TDOT);
-    registerAs<ZTTextItemFactory>(ShapeType::Text);
+    registerAs<TextItemFactory>(ShapeType::Text);
     registerAs<ZTVecGraphItemFactory>(ShapeType::VecGraph);
 }
 
