@@ -12,10 +12,11 @@ packages_of() {
         echo g++ cmake ninja-build qtbase5-dev qttools5-dev-tools qttranslations5-l10n
         echo libcli11-dev zlib1g-dev fonts-dejavu-core hershey-fonts-data
         echo libqt5svg5-dev libpolyclipping-dev
+        echo ccache lld # not needed, but what is built again is there at once
         echo libzint-dev libzxing-dev
         ;;
     test)
-        echo python3-minimal python3 pkg-config lld ccache
+        echo python3-minimal python3 pkg-config
         echo librsvg2-bin
         ;;
     check) echo git clang clang-format clang-tidy clazy libclang-rt-14-dev libomp-dev \

@@ -27,7 +27,7 @@ void describe(CLI::App &app, Options &options)
 {
     app.set_version_flag("--version", "ztstudio " ZT_VERSION);
     app.add_option("FILE", options.drawing,
-                   "Drawing (.ztd) to open, or plotter drawing (.plt) to import")
+                   "Drawing (.ztd) to open, or SVG, DXF or plotter drawing to import")
         ->type_name("");
     app.add_flag("--sample", options.sample, "Open the sample drawing");
     app.add_flag("--headless", options.headless,
@@ -64,7 +64,7 @@ int runWindow(const Options &options)
     studio::MainWindow window;
     window.show();
     if (!options.drawing.empty())
-        window.openFiles({fromArgument(options.drawing)});
+        window.offerFile(fromArgument(options.drawing));
     else if (options.sample)
         window.addSample();
     window.guardAgainstCrashes(studio::CrashGuardSetup::ofUser());

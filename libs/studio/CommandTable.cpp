@@ -3,6 +3,7 @@
 #include <studio/DocumentActions.h>
 #include <studio/Icons.h>
 #include <studio/MainWindow.h>
+#include <studio/ShapeKinds.h>
 #include <studio/ViewNavigation.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/text/TextTools.h>
@@ -20,12 +21,6 @@ constexpr double kSmallNudgeMm = 0.1;
 
 constexpr auto kWindow = ShortcutScope::Window;
 constexpr auto kView = ShortcutScope::View;
-
-template <ShapeType type>
-void create(MainWindow &window)
-{
-    window.edit().create(type);
-}
 
 template <int alignment>
 void align(MainWindow &window)
@@ -68,7 +63,7 @@ void nudgeFinely(MainWindow &window)
 #define TEXT(text) text
 
 // clang-format off
-const QVector<Command> kTable = {
+const QVector<Command> kFixedCommands = {
     {"file.new", TEXT("&New"), "new", "Ctrl+N", TEXT("Begin a new drawing"), Needs::Nothing,
      kWindow, [](MainWindow &w) { w.files().startNew(); }},
     {"file.open", TEXT("&Open..."), "open", "Ctrl+O", TEXT("Open a drawing"), Needs::Nothing,
@@ -83,8 +78,11 @@ const QVector<Command> kTable = {
     {"file.recover", TEXT("Recover &drawings..."), "", "",
      TEXT("Recover drawings after a crash"), Needs::Nothing, kWindow,
      [](MainWindow &w) { w.showRecovery(); }},
-    {"file.import", TEXT("&Import..."), "import", "Ctrl+I", TEXT("Import plotter files"),
-     Needs::Nothing, kWindow, [](MainWindow &w) { w.chooseImport(); }},
+    {"file.import", TEXT("&Import..."), "import", "Ctrl+I",
+     TEXT("Import plotter files, SVG and DXF drawings"), Needs::Nothing, kWindow, [](MainWindow &w) { w.chooseImport(); }},
+    {"file.importClipboard", TEXT("Import from the cli&pboard..."), "", "Ctrl+Alt+V",
+     TEXT("Import an SVG drawing that another program has copied"), Needs::Nothing, kWindow,
+     [](MainWindow &w) { w.importClipboard(); }},
     {"file.sample", TEXT("Add &sample drawing"), "", "", "", Needs::Nothing, kWindow,
      [](MainWindow &w) { w.addSample(); }},
     {"file.exportAll", TEXT("&Export mark paths..."), "export", "Ctrl+E",
@@ -109,19 +107,6 @@ const QVector<Command> kTable = {
      [](MainWindow &w) { w.edit().invertSelection(); }},
     {"edit.deselect", TEXT("Select n&othing"), "", "Esc", "", Needs::Selection, kView,
      [](MainWindow &w) { w.edit().clearSelection(); }},
-
-    {"create.rectangle", TEXT("&Rectangle"), "rectangle", "R", TEXT("Create a rectangle"),
-     Needs::Nothing, kView, &create<ShapeType::Rect>},
-    {"create.ellipse", TEXT("&Ellipse"), "ellipse", "E", TEXT("Create an ellipse"),
-     Needs::Nothing, kView, &create<ShapeType::Ellipse>},
-    {"create.polygon", TEXT("&Polygon"), "polygon", "P", TEXT("Create a regular polygon"),
-     Needs::Nothing, kView, &create<ShapeType::Polygon>},
-    {"create.line", TEXT("&Line"), "line", "L", TEXT("Create a line"),
-     Needs::Nothing, kView, &create<ShapeType::Line>},
-    {"create.tdot", TEXT("&TDOT figure"), "tdot", "D", TEXT("Create a TDOT figure"),
-     Needs::Nothing, kView, &create<ShapeType::TDOT>},
-    {"create.text", TEXT("Te&xt"), "text", "T", TEXT("Create a text and type into it"),
-     Needs::Nothing, kView, &create<ShapeType::Text>},
 
     {"text.type", TEXT("&Type on the drawing"), "", "F2",
      TEXT("Type into the selected text on the drawing"), Needs::OneText, kView,
@@ -201,6 +186,20 @@ const QVector<Command> kTable = {
 
 #undef TEXT
 
+/** A command for each kind of shape that people can create. */
+QVector<Command> creatingCommands()
+{
+    QVector<Command> commands;
+    for (const ShapeKind &kind : shapeKinds()) {
+        if (*kind.command == '\0')
+            continue;
+        commands.append({kind.command, kind.menuText, kind.icon, kind.shortcut, kind.toolTip,
+                         Needs::Nothing, kView,
+                         [type = kind.type](MainWindow &w) { w.edit().create(type); }});
+    }
+    return commands;
+}
+
 bool isMet(Needs needs, const EditorState &state)
 {
     switch (needs) {
@@ -263,7 +262,11 @@ QAction *newAction(const Command &command, QObject *parent)
 
 } // namespace
 
-const QVector<Command> &commandTable() { return kTable; }
+const QVector<Command> &commandTable()
+{
+    static const QVector<Command> table = kFixedCommands + creatingCommands();
+    return table;
+}
 
 Commands::Commands(MainWindow &window, QWidget &view) : QObject(&window)
 {

@@ -4,6 +4,8 @@
 #include <QtCore/QObject>
 #include <QtCore/QVector>
 
+#include <functional>
+
 QT_BEGIN_NAMESPACE
 class QAction;
 class QWidget;
@@ -42,10 +44,13 @@ struct Command
     const char *toolTip;   ///< to be translated; empty: the text
     Needs needs;
     ShortcutScope scope;
-    void (*run)(MainWindow &window);
+    std::function<void(MainWindow &window)> run;
 };
 
-/** All commands of the studio: the one place where a command is defined. */
+/**
+ * All commands of the studio: the one place where a command is defined, but for those that create
+ * shapes, which come from the table of kinds.
+ */
 const QVector<Command> &commandTable();
 
 /** What the commands depend on. */

@@ -1,10 +1,13 @@
 #include <studio/DocumentActions.h>
 
 #include <studio/Alignment.h>
+#include <studio/ShapeKinds.h>
 #include <studio/UndoTexts.h>
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/commands/ItemValueCommand.h>
 #include <studio/text/StrokeFonts.h>
+
+#include <hostkit/drawing/ItemExtras.h>
 
 #include <QtWidgets/QUndoStack>
 
@@ -26,6 +29,7 @@ ShapeItems copiesOf(const ShapeItems &sources, ZTShapeManager &manager, const QP
         if (copy == nullptr)
             continue;
         copy->copy(source);
+        hostkit::copyItemExtras(*source, *copy);
         copy->setPos(source->pos() + byPx);
         copies.append(copy);
     }
@@ -33,26 +37,6 @@ ShapeItems copiesOf(const ShapeItems &sources, ZTShapeManager &manager, const QP
 }
 
 } // namespace
-
-QString DocumentActions::creationText(ShapeType type)
-{
-    switch (type) {
-    case ShapeType::Rect:
-        return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create rectangle"));
-    case ShapeType::Ellipse:
-        return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create ellipse"));
-    case ShapeType::Polygon:
-        return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create polygon"));
-    case ShapeType::Line:
-        return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create line"));
-    case ShapeType::Text:
-        return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create text"));
-    case ShapeType::TDOT:
-        return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create TDOT figure"));
-    default:
-        return undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Create shape"));
-    }
-}
 
 DocumentActions::DocumentActions(ZTGraphicsDocument &edited, QObject *parent)
     : QObject(parent), document(edited)
@@ -83,7 +67,7 @@ void DocumentActions::recordCreated(ShapeItem *item)
     if (auto *text = qobject_cast<ZTGraphicsTextItem *>(item))
         setUpNewText(*text);
     push(new AddItemsCommand(document.itemMag(), {item}, selected(),
-                             creationText(item->getShapeType())));
+                             undoText(shapeKind(item->getShapeType()).creation)));
     Q_EMIT added(sceneBox(*item));
 }
 
@@ -172,6 +156,8 @@ int DocumentActions::repeat(int rows, int columns, const QSizeF &gapMm)
                                                       coord.mm2pix(gapMm.height()));
     if (copies.isEmpty())
         return 0;
+    for (ShapeItem *copy : copies)
+        hostkit::copyItemExtras(*sources.first(), *copy);
     push(new AddItemsCommand(document.itemMag(), {copies.begin(), copies.end()}, sources,
                              undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Matrix of %1 by %2"),
                                       {QString::number(rows), QString::number(columns)})));

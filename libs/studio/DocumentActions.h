@@ -60,7 +60,6 @@ Q_SIGNALS:
     void added(const QRectF &boxPx);
 
 private:
-    static QString creationText(ShapeType type);
     void recordCreated(ShapeItem *item);
     void followSelection();
     ShapeItems selected() const;

@@ -2,8 +2,8 @@
 
 #include <studio/UndoTexts.h>
 #include <studio/commands/ItemSetCommand.h>
-
-#include <hostkit/marks/DrawingInput.h>
+#include <studio/import/ImportNotes.h>
+#include <studio/import/ImportSettings.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>
@@ -21,47 +21,35 @@ struct ImportTexts
 
 QString fileNameOf(const QString &path) { return QFileInfo(path).fileName(); }
 
-/** What a report lists of lines that lose something. */
-QStringList problemLines(const PltReport &report)
+Message refusal(const QString &name, const vectorkit::ReadFailure &failure)
 {
-    QStringList lines;
-    for (const PltProblem &problem : report.problems)
-        lines << hostkit::DrawingInput::describe(problem);
-    const int more = report.illFormedLines - report.problems.size();
-    if (more > 0)
-        lines << ImportTexts::tr("... and %1 more").arg(more);
-    return lines;
+    const QString why = failure.advice.isEmpty()
+                            ? failure.reason
+                            : failure.reason + QLatin1Char(' ') + failure.advice;
+    return {ImportTexts::tr("\"%1\" was not imported.").arg(name), why, {}};
 }
 
-Message refusal(const QString &path, const QString &error, const PltReport &report)
+Message loss(const QString &name, const QStringList &losses)
 {
-    return {ImportTexts::tr("\"%1\" was not imported.").arg(fileNameOf(path)),
-            ImportTexts::tr("Reason: %1. Plotter files hold one PU or PD command with one pair "
-                            "of numbers per line, such as \"PD100 250;\".")
-                .arg(error),
-            problemLines(report)};
+    return {ImportTexts::tr("\"%1\" was imported with losses.").arg(name),
+            ImportTexts::tr("Some of it was left out or is damaged. Compare the drawing with its "
+                            "source before marking it."),
+            losses};
 }
 
-Message loss(const QString &path, const PltReport &report)
-{
-    return {ImportTexts::tr("\"%1\" was imported with losses.").arg(fileNameOf(path)),
-            ImportTexts::tr("Lines that could not be read as they stand: %1. Compare the drawing "
-                            "with its source before marking it.")
-                .arg(report.illFormedLines),
-            problemLines(report)};
-}
-
-/** Puts the items in a row, their boxes in line, the middle of the row at `centrePx`. */
-void layOutInRow(const ShapeItems &items, const QPointF &centrePx)
+/** Puts blocks of items in a row, their boxes in line, the middle of the row at `centrePx`. */
+void layOutInRow(const QVector<ShapeItems> &blocks, const QPointF &centrePx)
 {
     const double gapPx = ZTCoord::getInstance()->mm2pix(kGapMm);
-    double widthPx = gapPx * (items.size() - 1);
-    for (const ShapeItem *item : items)
-        widthPx += item->boundingRect().width();
+    double widthPx = gapPx * (blocks.size() - 1);
+    for (const ShapeItems &block : blocks)
+        widthPx += sceneBox(block).width();
     double leftPx = centrePx.x() - widthPx / 2;
-    for (ShapeItem *item : items) {
-        const QRectF boxPx = item->boundingRect();
-        item->setPos(QPointF(leftPx, centrePx.y() - boxPx.height() / 2) - boxPx.topLeft());
+    for (const ShapeItems &block : blocks) {
+        const QRectF boxPx = sceneBox(block);
+        const QPointF wayPx = QPointF(leftPx, centrePx.y() - boxPx.height() / 2) - boxPx.topLeft();
+        for (ShapeItem *item : block)
+            item->setPos(item->pos() + wayPx);
         leftPx += boxPx.width() + gapPx;
     }
 }
@@ -73,36 +61,63 @@ Importer::Importer(ZTGraphicsDocument &target, Messages &reader)
 {
 }
 
+bool Importer::read(const QString &path, ReadDrawing *read)
+{
+    vectorkit::ReadFailure failure;
+    read->path = path;
+    const bool isRead = vectorkit::readDrawingFile(path, {}, &read->drawing, &failure);
+    if (!isRead)
+        messages.failure(refusal(fileNameOf(path), failure));
+    return isRead;
+}
+
+bool Importer::read(const QByteArray &bytes, const QString &name, ReadDrawing *read)
+{
+    vectorkit::ReadFailure failure;
+    read->path = name;
+    const bool isRead = vectorkit::readDrawing(bytes, {}, &read->drawing, &failure);
+    if (!isRead)
+        messages.failure(refusal(name, failure));
+    return isRead;
+}
+
 int Importer::importFiles(const QStringList &paths, std::optional<QPointF> centrePx)
 {
-    ShapeItems imported;
+    QVector<ReadDrawing> drawings;
     for (const QString &path : paths) {
-        hostkit::DrawingInput input;
-        QString error;
-        if (!input.open(path, &error)) {
-            messages.failure(refusal(path, error, input.report()));
+        ReadDrawing one;
+        if (read(path, &one))
+            drawings.append(one);
+    }
+    return bringIn(drawings, rememberedImportOptions(), centrePx);
+}
+
+int Importer::bringIn(const QVector<ReadDrawing> &drawings, const hostkit::ImportOptions &options,
+                      std::optional<QPointF> centrePx)
+{
+    QVector<ShapeItems> blocks;
+    ShapeItems imported;
+    for (const ReadDrawing &one : drawings) {
+        const hostkit::ImportResult result = hostkit::importDrawing(document, one.drawing, options);
+        if (result.items.isEmpty())
             continue;
-        }
-        ZTVecGraphItemFactory::getInstance()->setPath(input.filePath());
-        ShapeItem *item = document.itemMag()->addShape(ShapeType::VecGraph, {0, 0, 10, 10});
-        if (item == nullptr)
-            continue;
-        imported.append(item);
-        if (input.report().illFormedLines > 0)
-            messages.warning(loss(path, input.report()));
+        blocks.append(result.items.toVector());
+        imported += blocks.last();
+        const QStringList losses = lossesOf(one.drawing);
+        if (!losses.isEmpty())
+            messages.warning(loss(fileNameOf(one.path), losses));
     }
     if (imported.isEmpty())
         return 0;
-    layOutInRow(imported, centrePx.value_or(QPointF()));
+    layOutInRow(blocks, centrePx.value_or(QPointF()));
     const QString text =
-        imported.size() == 1
-            ? undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Import %1"),
-                       {fileNameOf(paths.first())})
-            : undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Import %1 drawings"),
-                       {QString::number(imported.size())});
+        blocks.size() == 1 ? undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Import %1"),
+                                      {fileNameOf(drawings.first().path)})
+                           : undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Import %1 drawings"),
+                                      {QString::number(blocks.size())});
     document.undoStack()->push(new AddItemsCommand(document.itemMag(), imported,
                                                    selectedShapeItems(*document.scene()), text));
-    return imported.size();
+    return blocks.size();
 }
 
 } // namespace studio

@@ -1,9 +1,11 @@
 #include <studio/MainWindow.h>
 
 #include <studio/CommandTable.h>
+#include <studio/ContextMenus.h>
 #include <studio/DocumentActions.h>
 #include <studio/DropImporter.h>
 #include <studio/Exporter.h>
+#include <studio/FieldCheck.h>
 #include <studio/Icons.h>
 #include <studio/Importer.h>
 #include <studio/Language.h>
@@ -20,13 +22,16 @@
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/drawing/DrawingMessages.h>
 #include <studio/drawing/RecentMenu.h>
+#include <studio/import/ImportDialog.h>
 #include <studio/text/TextTools.h>
 
 #include <hostkit/drawing/SampleDrawing.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
+#include <QtCore/QMimeData>
 #include <QtCore/QSettings>
+#include <QtGui/QClipboard>
 #include <QtGui/QCloseEvent>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QApplication>
@@ -45,12 +50,16 @@ const QString kGeometryKey = QStringLiteral("window/geometry");
 const QString kStateKey = QStringLiteral("window/state");
 const QString kImportFolderKey = QStringLiteral("import/folder");
 
+const QString kDrawingPatterns = QStringLiteral(
+    "*.svg *.dxf *.plt *.hpgl *.hpg *.hgl *.plo *.hp *.SVG *.DXF *.PLT *.HPGL *.HPG *.HGL");
+
 constexpr int kStatusMs = 8000;
 constexpr int kDockWidth = 320;
 constexpr int kTreeHeight = 260;
 constexpr int kPropertiesHeight = 460;
 constexpr int kIdWidth = 64;
 constexpr int kTextWidth = 70;
+constexpr int kHandlePx = 24; ///< room outside the frame that its handles may take
 const QSize kFirstSize(1280, 820);
 
 /** Files that come in together: drawings are opened, all else is imported. */
@@ -94,6 +103,7 @@ MainWindow::~MainWindow()
     delete textTools;
     delete fileExporter;
     delete status;
+    delete contextMenus;
     delete commandSet;
     delete viewNavigation;
     delete properties;
@@ -188,6 +198,7 @@ void MainWindow::buildCommands()
              {treeDock->toggleViewAction(), properties->toggleViewAction(),
               properties->denseRowsAction(), (new LanguageMenu(*language, this))->menuAction()});
     addToolBars(*this, *commandSet);
+    contextMenus = new ContextMenus(*drawing, *tree, *actions, *commandSet, this);
 }
 
 void MainWindow::connectState()
@@ -207,7 +218,29 @@ void MainWindow::connectState()
     connect(stack, &QUndoStack::undoTextChanged, this, &MainWindow::refreshUndoTexts);
     connect(stack, &QUndoStack::redoTextChanged, this, &MainWindow::refreshUndoTexts);
     connectFiles();
+    connectFrame();
     refreshCommands();
+}
+
+void MainWindow::connectFrame()
+{
+    const ZTGraphicsResizeItem *frame = drawing->scene()->getGraphicsResizeItem();
+    connect(drawing->scene(), &QGraphicsScene::selectionChanged, this, &MainWindow::repaintFrame);
+    connect(frame, &ZTGraphicsResizeItem::sigPosChanged, this, &MainWindow::repaintFrame);
+    connect(frame, &ZTGraphicsResizeItem::sigSizeChanged, this, &MainWindow::repaintFrame);
+}
+
+// The frame's handles keep their size at every zoom, and Qt does not always know where it painted
+// them last: after scrolling, the handles of what was selected before would stay on the screen.
+void MainWindow::repaintFrame()
+{
+    const QRect inner = drawing->view()->mapFromScene(paintedFramePx).boundingRect();
+    if (!paintedFramePx.isNull()) {
+        const QRect outer = inner.adjusted(-kHandlePx, -kHandlePx, kHandlePx, kHandlePx);
+        drawing->view()->viewport()->update(QRegion(outer) - QRegion(inner));
+    }
+    const ZTGraphicsResizeItem *frame = drawing->scene()->getGraphicsResizeItem();
+    paintedFramePx = frame->isVisible() ? frame->rect().translated(frame->pos()) : QRectF();
 }
 
 void MainWindow::connectFiles()
@@ -335,13 +368,21 @@ bool MainWindow::openFiles(const QStringList &paths)
     return isOpened || isImported;
 }
 
+void MainWindow::offerFile(const QString &path)
+{
+    if (DrawingFiles::isDrawing(path))
+        drawingFiles->load(path);
+    else
+        offerImport({path}, std::nullopt);
+}
+
 // A drawing takes the place of the one in the window; plotter files come into the one they fall on.
 void MainWindow::takeDropped(const QStringList &paths, const QPointF &scenePx)
 {
     const FileKinds dropped = kindsOf(paths);
     const auto import = [this, dropped, scenePx] {
         if (!dropped.others.isEmpty())
-            importer->importFiles(dropped.others, scenePx);
+            offerImport(dropped.others, scenePx);
     };
     if (dropped.drawings.isEmpty()) {
         import();
@@ -363,21 +404,58 @@ int MainWindow::importFiles(const QStringList &paths)
     return imported;
 }
 
+// One drawing is shown before it comes in; several come in as the last one did.
+bool MainWindow::offerImport(const QStringList &paths, std::optional<QPointF> scenePx)
+{
+    if (paths.size() > 1)
+        return importer->importFiles(paths, scenePx) > 0;
+    ReadDrawing read;
+    return importer->read(paths.first(), &read) && offerDrawing(read, scenePx);
+}
+
+bool MainWindow::offerDrawing(const ReadDrawing &read, std::optional<QPointF> scenePx)
+{
+    auto *dialog = new ImportDialog(read.path, read.drawing, this);
+    connect(dialog, &ImportDialog::chosen, this, [this, dialog, path = read.path, scenePx] {
+        if (importer->bringIn({{path, dialog->drawing()}}, dialog->options(), scenePx) > 0)
+            navigation().reveal(drawing->scene()->getSelectionItemRect());
+    });
+    dialog->open();
+    return true;
+}
+
+void MainWindow::importClipboard()
+{
+    const QMimeData *held = QGuiApplication::clipboard()->mimeData();
+    QByteArray bytes = held != nullptr ? held->data(QStringLiteral("image/svg+xml")) : QByteArray();
+    if (bytes.isEmpty() && held != nullptr)
+        bytes = held->text().toUtf8();
+    ReadDrawing read;
+    if (importer->read(bytes, tr("clipboard"), &read))
+        offerDrawing(read, std::nullopt);
+}
+
 void MainWindow::chooseImport()
 {
-    auto *dialog = new QFileDialog(this, tr("Import plotter files"));
+    auto *dialog = new QFileDialog(this, tr("Import drawings"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFiles);
-    dialog->setNameFilters({tr("Plotter files (*.plt *.PLT)"), tr("All files (*)")});
+    dialog->setNameFilters({tr("Drawings (%1)").arg(kDrawingPatterns), tr("All files (*)")});
     dialog->setDirectory(QSettings().value(kImportFolderKey, QDir::homePath()).toString());
     connect(dialog, &QFileDialog::filesSelected, this, [this](const QStringList &paths) {
         QSettings().setValue(kImportFolderKey, QFileInfo(paths.first()).absolutePath());
-        importFiles(paths);
+        offerImport(paths, std::nullopt);
     });
     dialog->open();
 }
 
-void MainWindow::chooseExport(bool selectionOnly) { fileExporter->choose(selectionOnly); }
+void MainWindow::chooseExport(bool selectionOnly)
+{
+    const QGraphicsScene &scene = *drawing->scene();
+    const ShapeItems exported = selectionOnly ? selectedShapeItems(scene) : shapeItemsOf(scene);
+    askAboutField(exported, *drawing, *this,
+                  [this, selectionOnly] { fileExporter->choose(selectionOnly); });
+}
 
 void MainWindow::addSample()
 {

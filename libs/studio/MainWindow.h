@@ -7,6 +7,7 @@
 #include <QtWidgets/QMainWindow>
 
 #include <memory>
+#include <optional>
 
 QT_BEGIN_NAMESPACE
 class QDockWidget;
@@ -18,6 +19,7 @@ class ZTObjectTreeWidget;
 namespace studio {
 
 class Commands;
+class ContextMenus;
 class CrashGuard;
 class DocumentActions;
 class DrawingFiles;
@@ -31,6 +33,7 @@ class StatusBar;
 class TextTools;
 class ViewNavigation;
 struct CrashGuardSetup;
+struct ReadDrawing;
 
 /**
  * The studio's window: the drawing in the middle, the object tree and the properties of the
@@ -58,14 +61,18 @@ public:
     /** Keeps recovery files from now on, and offers those that were left behind. */
     void guardAgainstCrashes(const CrashGuardSetup &setup);
 
-    /** Opens a drawing or imports plotter files, without a question; false if nothing came in. */
+    /** Opens a drawing or imports foreign ones, without a question; false if nothing came in. */
     bool openFiles(const QStringList &paths);
+
+    /** Opens a drawing, or shows a foreign one before it comes in. */
+    void offerFile(const QString &path);
 
     /** Imports files and shows what came in; number of files that did. */
     int importFiles(const QStringList &paths);
 
     void addSample();
     void chooseImport();
+    void importClipboard();
     void chooseExport(bool selectionOnly);
     void chooseRotation();
     void showMatrixDialog();
@@ -85,6 +92,10 @@ private:
     void buildCommands();
     void connectState();
     void connectFiles();
+    void connectFrame();
+    void repaintFrame();
+    bool offerImport(const QStringList &paths, std::optional<QPointF> scenePx);
+    bool offerDrawing(const ReadDrawing &read, std::optional<QPointF> scenePx);
     void takeDropped(const QStringList &paths, const QPointF &scenePx);
     void showReplacedDrawing();
     void refreshTitle();
@@ -106,6 +117,7 @@ private:
     TextTools *textTools = nullptr;
     Exporter *fileExporter = nullptr;
     Commands *commandSet = nullptr;
+    ContextMenus *contextMenus = nullptr;
     StatusBar *status = nullptr;
     OrderMenu *orderMenu = nullptr;
     DrawingFiles *drawingFiles = nullptr;
@@ -113,7 +125,8 @@ private:
     QPointer<MatrixDialog> matrixDialog;
     std::unique_ptr<Importer> importer;
     QTimer stateTimer;
-    bool isLetGo = false; ///< the user closes the window, and the changes may be lost
+    QRectF paintedFramePx; ///< where the selection frame stood when it was seen last; or null
+    bool isLetGo = false;  ///< the user closes the window, and the changes may be lost
 };
 
 } // namespace studio

@@ -2,6 +2,7 @@
 
 #include <studio/DocumentActions.h>
 #include <studio/PenColors.h>
+#include <studio/PropertyGrid.h>
 
 #include <QtCore/QEvent>
 #include <QtCore/QSettings>
@@ -103,9 +104,8 @@ void PropertyDock::buildDenseRows()
 void PropertyDock::rebuildList()
 {
     delete list;
-    list = new ZTItemPropertyList(widget());
+    list = new PropertyGrid(*document.undoStack(), widget());
     list->setObjectName(QStringLiteral("propertyList"));
-    list->setUndoStack(document.undoStack());
     list->setObject(nullptr);
     widget()->layout()->addWidget(list);
     tallRowsSheet = list->findChild<QTreeWidget *>()->styleSheet();

@@ -16,6 +16,7 @@ QT_END_NAMESPACE
 namespace studio {
 
 class DocumentActions;
+class PropertyGrid;
 
 /**
  * Shows what can be changed about the selected shapes: the pen and the lock of the proportions of
@@ -56,7 +57,7 @@ private:
     QLabel *penLabel = nullptr;
     QComboBox *penBox = nullptr;
     QCheckBox *lockBox = nullptr;
-    ZTItemPropertyList *list = nullptr;
+    PropertyGrid *list = nullptr;
     QString tallRowsSheet;    ///< the grid's own
     bool isListStale = false; ///< in the language before
     QTimer followTimer;

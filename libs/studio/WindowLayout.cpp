@@ -45,6 +45,8 @@ constexpr Title kToolBarTitles[] = {
     {"createToolBar", QT_TRANSLATE_NOOP("studio::WindowLayout", "Create")},
 };
 
+constexpr const char *kAlignTitle = QT_TRANSLATE_NOOP("studio::WindowLayout", "&Align");
+
 using Ids = std::initializer_list<const char *>;
 
 template <class Target>
@@ -86,10 +88,11 @@ void addToolBar(QMainWindow &window, const char *name, Qt::ToolBarArea area,
 void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fileMenus,
               const QList<QAction *> &viewActions)
 {
-    QMenu &file = addMenu(window, "fileMenu", commands,
-                          {"file.new", "file.open", "-", "file.save", "file.saveAs", "file.revert",
-                           "file.recover", "-", "file.import", "file.sample", "-", "file.exportAll",
-                           "file.exportSelection", "-", "file.quit"});
+    QMenu &file =
+        addMenu(window, "fileMenu", commands,
+                {"file.new", "file.open", "-", "file.save", "file.saveAs", "file.revert",
+                 "file.recover", "-", "file.import", "file.importClipboard", "file.sample", "-",
+                 "file.exportAll", "file.exportSelection", "-", "file.quit"});
     file.insertMenu(file.actions().at(2), fileMenus.recent);
     file.insertMenu(commands.action("file.exportAll"), fileMenus.order);
     addMenu(window, "editMenu", commands,
@@ -138,6 +141,32 @@ void addToolBars(QMainWindow &window, const Commands &commands)
     addToolBar(window, "createToolBar", Qt::LeftToolBarArea, commands,
                {"create.rectangle", "create.ellipse", "create.polygon", "create.line",
                 "create.tdot", "create.text"});
+}
+
+QMenu *newContextMenu(const Commands &commands, bool isForShapes, QWidget *parent)
+{
+    auto *menu = new QMenu(parent);
+    if (!isForShapes) {
+        menu->setObjectName(QStringLiteral("canvasMenu"));
+        fill(*menu, commands,
+             {"edit.undo", "edit.redo", "-", "edit.selectAll", "edit.invert", "-",
+              "create.rectangle", "create.ellipse", "create.polygon", "create.line", "create.tdot",
+              "create.text", "-", "view.fitAll", "view.home"});
+        return menu;
+    }
+    menu->setObjectName(QStringLiteral("shapeMenu"));
+    fill(*menu, commands,
+         {"text.type", "text.settings", "-", "edit.duplicate", "edit.delete", "-"});
+    QMenu *align = menu->addMenu(translated(kAlignTitle));
+    align->setObjectName(QStringLiteral("alignMenu"));
+    fill(*align, commands,
+         {"arrange.left", "arrange.hcenter", "arrange.right", "arrange.top", "arrange.vcenter",
+          "arrange.bottom", "arrange.center"});
+    fill(*menu, commands,
+         {"arrange.mirrorHorizontal", "arrange.mirrorVertical", "arrange.rotateRight",
+          "arrange.rotateLeft", "arrange.rotate", "arrange.matrix", "-", "file.exportSelection",
+          "view.fitSelection"});
+    return menu;
 }
 
 void retranslateTitles(QMainWindow &window)

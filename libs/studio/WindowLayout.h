@@ -6,6 +6,7 @@ QT_BEGIN_NAMESPACE
 class QAction;
 class QMainWindow;
 class QMenu;
+class QWidget;
 QT_END_NAMESPACE
 
 namespace studio {
@@ -27,6 +28,9 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
 
 /** Adds the toolbars of a window. */
 void addToolBars(QMainWindow &window, const Commands &commands);
+
+/** A menu for what is selected, or for the empty drawing. Owner: `parent`. */
+QMenu *newContextMenu(const Commands &commands, bool isForShapes, QWidget *parent);
 
 /** Titles the menus and toolbars of a window in the language of the program. */
 void retranslateTitles(QMainWindow &window);

@@ -26,6 +26,90 @@ private Q_SLOTS:
             QVERIFY2(studio->isEnabled(id), id);
     }
 
+    void contextMenu_leftWithEscape_changesNothing()
+    {
+        ShapeItem *first = studio->addRect(100, 100);
+        ShapeItem *second = studio->addRect(200, 120);
+        studio->select({first, second});
+        QVERIFY(studio->run("edit.duplicate"));
+        QVERIFY(studio->run("edit.undo"));
+        studio->select({first, second});
+        const DrawingSnapshot before = studio->snapshot();
+        QVERIFY(studio->driver->escapeMenu({120, 115}));
+        COMPARE_DRAWINGS(studio->snapshot(), before);
+        QVERIFY(studio->stack().canRedo());
+        QCOMPARE(studio->selected().size(), 2);
+    }
+
+    void contextMenu_onAShape_selectsItAndIsAboutIt()
+    {
+        ShapeItem *first = studio->addRect(100, 100);
+        ShapeItem *second = studio->addRect(300, 100);
+        studio->select({first});
+        QString name;
+        QVERIFY(studio->driver->contextMenu(studio::sceneBox(*second).center(),
+                                            [&](QMenu *menu) { name = menu->objectName(); }));
+        QCOMPARE(name, QStringLiteral("shapeMenu"));
+        QVERIFY(second->isSelected() && !first->isSelected());
+        QVERIFY(studio->driver->chooseFromMenu(studio::sceneBox(*second).center(),
+                                               QStringLiteral("&Delete")));
+        QCoreApplication::processEvents();
+        QCOMPARE(studio->ids().size(), 1);
+        QVERIFY(studio->run("edit.undo"));
+        QCOMPARE(studio->ids().size(), 2);
+    }
+
+    void contextMenu_withinTheFrameOfSeveral_keepsThemSelected()
+    {
+        studio->select({studio->addRect(100, 100), studio->addRect(300, 100)});
+        QString name;
+        QVERIFY(studio->driver->contextMenu({200, 110},
+                                            [&](QMenu *menu) { name = menu->objectName(); }));
+        QCOMPARE(name, QStringLiteral("shapeMenu"));
+        QCOMPARE(studio->selected().size(), 2);
+        // The frame has let go of the mouse: what is moved next is not dragged along.
+        QVERIFY(studio->document().scene()->mouseGrabberItem() == nullptr);
+    }
+
+    void contextMenu_besideAllShapes_isAboutTheDrawing()
+    {
+        ShapeItem *item = studio->addRect(100, 100);
+        studio->select({item});
+        QString name;
+        QVERIFY(studio->driver->contextMenu({-200, -200},
+                                            [&](QMenu *menu) { name = menu->objectName(); }));
+        QCOMPARE(name, QStringLiteral("canvasMenu"));
+        QVERIFY(studio->selected().isEmpty());
+        QVERIFY(studio->driver->chooseFromMenu({-200, -200}, QStringLiteral("&Rectangle")));
+        QCoreApplication::processEvents();
+        QCOMPARE(studio->ids().size(), 2);
+    }
+
+    void contextMenu_inTheList_isAboutTheSelectedShapes()
+    {
+        studio->select({studio->addRect(100, 100)});
+        auto *tree = studio->window->findChild<ZTObjectTreeWidget *>();
+        const QPoint pos = tree->visualRect(tree->model()->index(0, 0)).center();
+        QContextMenuEvent asked(QContextMenuEvent::Mouse, pos, tree->viewport()->mapToGlobal(pos));
+        QApplication::sendEvent(tree->viewport(), &asked);
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        QCOMPARE(menu->objectName(), QStringLiteral("shapeMenu"));
+        menu->close();
+    }
+
+    void menuKey_opensTheMenuOfWhatIsSelected()
+    {
+        studio->select({studio->addRect(100, 100)});
+        QContextMenuEvent asked(QContextMenuEvent::Keyboard, QPoint(1, 1), QPoint(1, 1));
+        QApplication::sendEvent(studio->view().viewport(), &asked);
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        QCOMPARE(menu->objectName(), QStringLiteral("shapeMenu"));
+        QCOMPARE(studio->selected().size(), 1);
+        menu->close();
+    }
+
     void selection_decidesWhatCanBeDone()
     {
         ShapeItem *first = studio->addRect(0, 0);

@@ -5,13 +5,18 @@
 #include <studio/drawing/RecentDrawings.h>
 #include <studio/drawing/RecentMenu.h>
 
+#include <QtCore/QThreadPool>
+#include <QtCore/QTimer>
 #include <QtCore/QUrl>
 #include <QtTest/QSignalSpy>
+#include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QProgressDialog>
 #include <QtWidgets/QPushButton>
+
+#include <future>
 
 #include <sys/stat.h>
 
@@ -294,6 +299,10 @@ private Q_SLOTS:
         const QString plot = studio->write("t.plt", "PU0 0;\nPD400 0;\nPD200 200;\n");
         files().startNew();
         QVERIFY(drop({plot, first, second}));
+        auto *dialog = studio->window->findChild<QDialog *>(QStringLiteral("importDialog"));
+        QVERIFY(dialog != nullptr);
+        auto *buttons = dialog->findChild<QDialogButtonBox *>();
+        QTest::mouseClick(buttons->button(QDialogButtonBox::Ok), Qt::LeftButton);
         QCOMPARE(studio->ids().size(), 3);
         QCOMPARE(title(), QStringLiteral("first.ztd* - Studio"));
         QCOMPARE(studio->messages->warnings.size(), 1);
@@ -482,6 +491,45 @@ private Q_SLOTS:
         canceller.stop();
         QVERIFY(files().load(large));
         QCOMPARE(studio->ids().size(), 2001);
+    }
+
+    void editDuringASlowSave_isNotSaved()
+    {
+        const QString path = saveAs("slow.ztd", 1);
+        QVERIFY(studio->run("create.ellipse"));
+        files().setQuietMs(0);
+        std::promise<void> mayWrite;
+        const std::shared_future<void> writing = mayWrite.get_future().share();
+        // The save waits behind other work in a pool of one thread.
+        QThreadPool &pool = *QThreadPool::globalInstance();
+        const int threads = pool.maxThreadCount();
+        pool.setMaxThreadCount(1);
+        pool.start([writing] { writing.wait(); });
+        bool isEdited = false;
+        QTimer editor;
+        connect(&editor, &QTimer::timeout, this, [&] {
+            auto *progress = studio->window->findChild<QProgressDialog *>();
+            if (progress == nullptr || isEdited)
+                return;
+            isEdited = true;
+            QTest::keyClick(progress, Qt::Key_Escape);
+            QVERIFY(progress->isVisible());
+            studio->edit().create(ShapeType::Line);
+            mayWrite.set_value();
+        });
+        editor.start(0);
+        QVERIFY(files().saveTo(path));
+        editor.stop();
+        pool.setMaxThreadCount(threads);
+        QVERIFY(isEdited);
+        QCOMPARE(title(), QStringLiteral("slow.ztd* - Studio"));
+        QVERIFY(files().session().isModified());
+
+        const DrawingSnapshot edited = studio->snapshot();
+        QVERIFY(files().saveTo(path));
+        QCOMPARE(title(), QStringLiteral("slow.ztd - Studio"));
+        QVERIFY(files().load(path));
+        QCOMPARE(studio->snapshot().mark, edited.mark);
     }
 
 private:

@@ -75,7 +75,6 @@ private Q_SLOTS:
         choose("chinese");
         const auto *list = studio->window->findChild<ZTItemPropertyList *>();
         QCOMPARE(list->getObject(), static_cast<QObject *>(item));
-        QCOMPARE(list->getUndoStack(), &studio->stack());
         auto *grid = list->findChild<QTreeWidget *>();
         QCOMPARE(grid->headerItem()->text(0), str("属性"));
         QCOMPARE(grid->topLevelItem(0)->text(0), str("位置"));

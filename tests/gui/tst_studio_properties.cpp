@@ -6,6 +6,7 @@
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDockWidget>
 #include <QtWidgets/QDoubleSpinBox>
+#include <QtWidgets/QInputDialog>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QSpinBox>
 #include <QtWidgets/QTreeWidget>
@@ -84,6 +85,100 @@ private Q_SLOTS:
         QCOMPARE(valueOf({"pos", "X"}), QStringLiteral("10.00"));
         QVERIFY(studio->run("edit.redo"));
         QCOMPARE(valueOf({"pos", "X"}), QStringLiteral("30.00"));
+    }
+
+    void lineTurnedAndGivenAnAngle_undone_isWhatItWas()
+    {
+        QVERIFY(studio->run("create.line"));
+        const DrawingSnapshot created = studio->snapshot();
+        rotateBy("30");
+        const DrawingSnapshot turned = studio->snapshot();
+        // The diagonal runs down at 45 degrees, which 30 degrees clockwise make 75.
+        auto *line = static_cast<ZTGraphicsLineItem *>(
+            studio::shapeItemsOf(*studio->document().scene()).first());
+        QVERIFY(qAbs(line->angle() - 285.0) < 1e-9);
+        click({"angle"});
+        typeOver("10");
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QVERIFY(qAbs(line->angle() - 10.0) < 1e-9);
+        const DrawingSnapshot given = studio->snapshot();
+
+        QVERIFY(studio->run("edit.undo"));
+        COMPARE_DRAWINGS(studio->snapshot(), turned);
+        QVERIFY(studio->run("edit.undo"));
+        COMPARE_DRAWINGS(studio->snapshot(), created);
+        QVERIFY(studio->run("edit.redo"));
+        COMPARE_DRAWINGS(studio->snapshot(), turned);
+        QVERIFY(studio->run("edit.redo"));
+        COMPARE_DRAWINGS(studio->snapshot(), given);
+    }
+
+    void everyRow_edited_isUndoneToTheLastBit_data()
+    {
+        QTest::addColumn<QByteArray>("command");
+        for (const char *command :
+             {"create.rectangle", "create.ellipse", "create.polygon", "create.line", "create.tdot"})
+            QTest::newRow(command) << QByteArray(command);
+    }
+
+    void everyRow_edited_isUndoneToTheLastBit()
+    {
+        QFETCH(QByteArray, command);
+        QVERIFY(studio->run(command.constData()));
+        rotateBy("17.3");
+        int edited = 0;
+        for (QtProperty *property : list()->getVariantManager()->properties()) {
+            auto *row = static_cast<QtVariantProperty *>(property);
+            const DrawingSnapshot before = studio->snapshot();
+            const int steps = studio->stack().count();
+            QVariant value = row->value();
+            switch (int(value.type())) {
+            case QVariant::Int:
+                value = row->propertyName() == QLatin1String("SideCount") ? 7 : 1;
+                break;
+            case QVariant::Double:
+                value = value.toDouble() + 1.7;
+                break;
+            case QVariant::Bool:
+                value = !value.toBool();
+                break;
+            case QVariant::PointF:
+                value = QPointF(3.3, 4.7);
+                break;
+            default:
+                continue;
+            }
+            row->setValue(value);
+            QCoreApplication::processEvents();
+            if (studio->stack().count() == steps)
+                continue;
+            ++edited;
+            const DrawingSnapshot after = studio->snapshot();
+            QVERIFY(studio->run("edit.undo"));
+            COMPARE_DRAWINGS(studio->snapshot(), before);
+            QVERIFY(studio->run("edit.redo"));
+            COMPARE_DRAWINGS(studio->snapshot(), after);
+        }
+        QVERIFY(edited >= 5);
+        while (studio->stack().index() > 1)
+            QVERIFY(studio->run("edit.undo"));
+        QCOMPARE(studio->snapshot().stacked.first().transform, QTransform());
+    }
+
+    void sidesTyped_areNoMoreThanThereCanBe()
+    {
+        QVERIFY(studio->run("create.polygon"));
+        const auto *polygon = static_cast<ZTGraphicsPolygonItem *>(
+            studio::shapeItemsOf(*studio->document().scene()).first());
+        click({kSides});
+        typeOver("99999999");
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QCoreApplication::processEvents();
+        // The field takes no digit that leads beyond 10,000.
+        QCOMPARE(polygon->getSideCount(), 9999);
+        QVERIFY(!polygon->getShapeBase()->getLines().isEmpty());
+        QVERIFY(list()->getVariantManager() != nullptr);
+        QVERIFY(row({kSides})->toolTip(1).contains(QStringLiteral("10,000")));
     }
 
     void edges_typed_rebuildThePolygon()
@@ -319,6 +414,20 @@ private:
         const int x = tree()->columnViewportPosition(1) + 5;
         QTest::mouseClick(tree()->viewport(), Qt::LeftButton, {},
                           QPoint(x, tree()->visualItemRect(shown).center().y()));
+    }
+
+    /** Turns what is selected, by the dialog. */
+    void rotateBy(const char *degrees)
+    {
+        QVERIFY(studio->run("arrange.rotate"));
+        auto *dialog = studio->window->findChild<QInputDialog *>(QStringLiteral("rotationDialog"));
+        QVERIFY(dialog);
+        auto *field = dialog->findChild<QDoubleSpinBox *>();
+        field->selectAll();
+        QTest::keyClicks(field, QString::fromLatin1(degrees));
+        QTest::keyClick(field, Qt::Key_Return);
+        QCoreApplication::processEvents();
+        QApplication::setActiveWindow(studio->window.get());
     }
 
     static void typeOver(const char *words)

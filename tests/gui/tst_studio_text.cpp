@@ -1,5 +1,7 @@
 #include "TextWindow.h"
 
+#include <studio/drawing/DrawingFiles.h>
+
 #include <QtGui/QInputMethodEvent>
 #include <QtWidgets/QScrollBar>
 
@@ -40,6 +42,19 @@ private Q_SLOTS:
         QCOMPARE(studio->ids(), QVector<int>{0});
         QCOMPARE(studio->stack().count(), 1);
         QVERIFY(studio->frameFits());
+    }
+
+    void field_hasLettersOfTheTextsHeight_alsoAfterLoading()
+    {
+        const ZTGraphicsTextItem *item = studio->addText(QStringLiteral("H"));
+        const int expectedPx = qBound(16, qRound(studio::sceneBox(*item).height()), 32);
+        QVERIFY(expectedPx > 16);
+        QVERIFY(studio->window->files().saveTo(studio->path("text.ztd")));
+        QVERIFY(studio->window->files().load(studio->path("text.ztd")));
+        studio->window->navigation().home();
+        studio->edit().selectAll();
+        QVERIFY(studio->run("text.type"));
+        QCOMPARE(studio->editor()->font().pixelSize(), expectedPx);
     }
 
     void returnStartsALine_andControlReturnTakes_asOneStep()

@@ -1,5 +1,6 @@
 #include "SceneDriver.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QTimer>
 #include <QtGui/QWindow>
 #include <QtTest/QTest>
@@ -14,7 +15,10 @@ namespace {
 constexpr int kMenuWaitMs = 5000;
 constexpr int kMenuPollMs = 1;
 
-/** Waits in the event loop that the menu itself runs, then acts on it and closes it. */
+/**
+ * Waits for a menu, in the event loop that the menu itself runs or in its own, then acts on the
+ * menu and closes it.
+ */
 class MenuUser : public QObject
 {
 public:
@@ -24,7 +28,12 @@ public:
         timer.start(kMenuPollMs);
     }
 
-    bool hasSeenMenu() const { return seen; }
+    bool hasSeenMenu() const
+    {
+        while (timer.isActive())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        return seen;
+    }
 
 private:
     void look()

@@ -303,23 +303,26 @@ bool DrawingFiles::saveTo(const QString &path)
         return false;
     Q_EMIT settling();
     DrawingError error;
-    if (!write(path, &error)) {
+    quint64 revision = 0;
+    if (!write(path, &revision, &error)) {
         messages.failure(notSaved(path, error));
         return false;
     }
-    drawing.setSaved(path);
+    drawing.setSaved(path, revision);
     RecentDrawings::add(path);
     Q_EMIT saved(drawing.path());
     return true;
 }
 
 // There is no way back once the file is being written; QSaveFile takes care that it is whole.
-bool DrawingFiles::write(const QString &path, DrawingError *error)
+// `revision` is what goes into the file: the drawing may change while it is written.
+bool DrawingFiles::write(const QString &path, quint64 *revision, DrawingError *error)
 {
     const QScopedValueRollback<bool> isBusy(busy, true);
     LongWork work(window, tr("Saving %1...").arg(QFileInfo(path).fileName()),
                   LongWork::Cancel::Impossible, quietMs);
     const auto file = std::make_shared<DrawingFile>();
+    *revision = drawing.revision();
     if (!drawing.capture(true, file.get(), error))
         return false;
     const auto result = std::make_shared<DrawingError>();

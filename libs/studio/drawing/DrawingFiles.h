@@ -78,7 +78,7 @@ private:
     bool read(const QString &path, hostkit::DrawingFile *file, hostkit::DrawingError *error);
     bool apply(const hostkit::DrawingFile &file, const QString &label, hostkit::DrawingError *error,
                QStringList *missingFonts);
-    bool write(const QString &path, hostkit::DrawingError *error);
+    bool write(const QString &path, quint64 *revision, hostkit::DrawingError *error);
     void empty();
     void saveThen(const Next &next);
     void saveAsThen(const Next &next);

@@ -66,9 +66,9 @@ void DrawingSession::setRecovered(const QString &path, const FileStamp &stamp,
     begin(path, stamp, unknown, true);
 }
 
-void DrawingSession::setSaved(const QString &path)
+void DrawingSession::setSaved(const QString &path, quint64 atRevision)
 {
-    begin(path, FileStamp::of(path), unknownSections, false);
+    begin(path, FileStamp::of(path), unknownSections, changes != atRevision);
 }
 
 void DrawingSession::begin(const QString &path, const FileStamp &stamp,
@@ -78,7 +78,7 @@ void DrawingSession::begin(const QString &path, const FileStamp &stamp,
     fileStamp = stamp;
     unknownSections = unknown;
     isMarked = isBehind;
-    document.undoStack()->setClean();
+    document.undoStack()->setClean(); // counts only while nothing is marked
     Q_EMIT stateChanged();
 }
 

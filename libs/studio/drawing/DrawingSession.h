@@ -53,7 +53,9 @@ public:
     void startNew(); ///< the document was emptied
     void setOpened(const QString &path, const FileStamp &stamp,
                    const QVector<hostkit::DrawingSection> &unknown);
-    void setSaved(const QString &path); ///< the file holds the drawing as it is
+
+    /** The file holds the drawing as it was at a revision; what changed since is still unsaved. */
+    void setSaved(const QString &path, quint64 atRevision);
 
     /** As setOpened(), but the file lacks what was recovered; `path` may be empty. */
     void setRecovered(const QString &path, const FileStamp &stamp,

@@ -2,6 +2,7 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QThreadPool>
+#include <QtGui/QCloseEvent>
 #include <QtGui/QGuiApplication>
 #include <QtWidgets/QProgressDialog>
 
@@ -19,6 +20,25 @@ struct WorkTexts
 {
     Q_DECLARE_TR_FUNCTIONS(studio::LongWork)
 };
+
+/** Stays while its work lasts, whatever keys are pressed: a hidden one would block no window. */
+class LastingProgress : public QProgressDialog
+{
+public:
+    using QProgressDialog::QProgressDialog;
+
+    void reject() override {}
+
+protected:
+    void closeEvent(QCloseEvent *event) override { event->ignore(); }
+};
+
+QProgressDialog *newProgress(const QString &label, bool canCancel, QWidget *window)
+{
+    if (canCancel)
+        return new QProgressDialog(label, WorkTexts::tr("Cancel"), 0, 0, window);
+    return new LastingProgress(label, QString(), 0, 0, window);
+}
 
 } // namespace
 
@@ -65,8 +85,7 @@ void LongWork::showProgress(int done, int total)
 {
     if (!dialog) {
         const bool canCancel = cancel == Cancel::Possible;
-        dialog = new QProgressDialog(label, canCancel ? WorkTexts::tr("Cancel") : QString(), done,
-                                     total, &window);
+        dialog = newProgress(label, canCancel, &window);
         dialog->setWindowModality(Qt::WindowModal);
         dialog->setAutoClose(false);
         dialog->setAutoReset(false);

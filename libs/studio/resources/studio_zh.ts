@@ -176,10 +176,6 @@
         <translation>恢复到上次保存的图纸</translation>
     </message>
     <message>
-        <source>Import plotter files</source>
-        <translation>导入绘图仪文件</translation>
-    </message>
-    <message>
         <source>Left by 0.1 mm</source>
         <translation>左移 0.1 mm</translation>
     </message>
@@ -322,6 +318,18 @@
     <message>
         <source>Zoom &amp;out</source>
         <translation>缩小(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Import an SVG drawing that another program has copied</source>
+        <translation>导入其他程序复制的 SVG 图形</translation>
+    </message>
+    <message>
+        <source>Import from the cli&amp;pboard...</source>
+        <translation>从剪贴板导入(&amp;P)...</translation>
+    </message>
+    <message>
+        <source>Import plotter files, SVG and DXF drawings</source>
+        <translation>导入绘图仪文件、SVG 和 DXF 图形</translation>
     </message>
 </context>
 <context>
@@ -714,16 +722,8 @@
         <translation>“%1”未导入。</translation>
     </message>
     <message>
-        <source>... and %1 more</source>
-        <translation>... 以及另外 %1 项</translation>
-    </message>
-    <message>
-        <source>Lines that could not be read as they stand: %1. Compare the drawing with its source before marking it.</source>
-        <translation>无法按原样读取的行：%1。标刻前请将图形与原文件核对。</translation>
-    </message>
-    <message>
-        <source>Reason: %1. Plotter files hold one PU or PD command with one pair of numbers per line, such as &quot;PD100 250;&quot;.</source>
-        <translation>原因：%1。绘图仪文件每行包含一条 PU 或 PD 命令和一对数字，例如“PD100 250;”。</translation>
+        <source>Some of it was left out or is damaged. Compare the drawing with its source before marking it.</source>
+        <translation>部分内容被略去或已损坏。标刻前请将图形与原文件核对。</translation>
     </message>
 </context>
 <context>
@@ -790,16 +790,8 @@
         <translation>绘制激光标刻的内容，并输出路径。</translation>
     </message>
     <message>
-        <source>Import plotter files</source>
-        <translation>导入绘图仪文件</translation>
-    </message>
-    <message>
         <source>Mark paths of %1 shapes written to %2</source>
         <translation>%1 个图形的标刻路径已写入 %2</translation>
-    </message>
-    <message>
-        <source>Plotter files (*.plt *.PLT)</source>
-        <translation>绘图仪文件 (*.plt *.PLT)</translation>
     </message>
     <message>
         <source>Rotate</source>
@@ -816,6 +808,18 @@
     <message>
         <source>Studio %1</source>
         <translation>绘图工作室 %1</translation>
+    </message>
+    <message>
+        <source>Drawings (%1)</source>
+        <translation>图形 (%1)</translation>
+    </message>
+    <message>
+        <source>Import drawings</source>
+        <translation>导入图形</translation>
+    </message>
+    <message>
+        <source>clipboard</source>
+        <translation>剪贴板</translation>
     </message>
 </context>
 <context>
@@ -929,6 +933,71 @@
     <message>
         <source>Resizing keeps the proportions of the selected shapes</source>
         <translation>缩放时保持选中图形的比例</translation>
+    </message>
+</context>
+<context>
+    <name>studio::FieldCheck</name>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>%1 %2 &quot;%3&quot;</source>
+        <translation>%1 %2“%3”</translation>
+    </message>
+    <message>
+        <source>Shapes lie outside the field.</source>
+        <translation>有图形位于工作区之外。</translation>
+    </message>
+    <message>
+        <source>The machine may not reach what lies there.</source>
+        <translation>机器可能无法到达这些位置。</translation>
+    </message>
+    <message>
+        <source>&amp;Export all the same</source>
+        <translation>仍然导出(&amp;E)</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ShapeKinds</name>
+    <message>
+        <source>Rectangle</source>
+        <translation>矩形</translation>
+    </message>
+    <message>
+        <source>Ellipse</source>
+        <translation>椭圆</translation>
+    </message>
+    <message>
+        <source>Polygon</source>
+        <translation>多边形</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>直线</translation>
+    </message>
+    <message>
+        <source>TDOT figure</source>
+        <translation>TDOT 图形</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>文本</translation>
+    </message>
+    <message>
+        <source>Imported drawing</source>
+        <translation>导入的图纸</translation>
+    </message>
+    <message>
+        <source>Shape</source>
+        <translation>图形</translation>
+    </message>
+</context>
+<context>
+    <name>studio::PropertyGrid</name>
+    <message>
+        <source>3 to %L1 sides</source>
+        <translation>3 至 %L1 条边</translation>
     </message>
 </context>
 <context>
@@ -1475,6 +1544,10 @@
 <context>
     <name>studio::WindowLayout</name>
     <message>
+        <source>&amp;Align</source>
+        <translation>对齐(&amp;A)</translation>
+    </message>
+    <message>
         <source>&amp;Arrange</source>
         <translation>排列(&amp;A)</translation>
     </message>
@@ -1544,6 +1617,164 @@
     <message>
         <source>&amp;Variant text, another for each part</source>
         <translation>可变文字，每个工件各不相同(&amp;V)</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ImportDialog</name>
+    <message>
+        <source> mm</source>
+        <translation> mm</translation>
+    </message>
+    <message>
+        <source>%1 layers, %2 outlines, %3 texts</source>
+        <translation>%1 个图层，%2 条轮廓，%3 段文字</translation>
+    </message>
+    <message>
+        <source>%1 × %2 mm. %3</source>
+        <translation>%1 × %2 mm。%3</translation>
+    </message>
+    <message>
+        <source>%1, written by %2</source>
+        <translation>%1，由 %2 生成</translation>
+    </message>
+    <message>
+        <source>&amp;Height:</source>
+        <translation>高度(&amp;H)：</translation>
+    </message>
+    <message>
+        <source>&amp;Import</source>
+        <translation>导入(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Left out or changed:</source>
+        <translation>略去或更改的内容(&amp;L)：</translation>
+    </message>
+    <message>
+        <source>&amp;Pens:</source>
+        <translation>笔(&amp;P)：</translation>
+    </message>
+    <message>
+        <source>&amp;Split:</source>
+        <translation>拆分(&amp;S)：</translation>
+    </message>
+    <message>
+        <source>&amp;Unit:</source>
+        <translation>单位(&amp;U)：</translation>
+    </message>
+    <message>
+        <source>&amp;Width:</source>
+        <translation>宽度(&amp;W)：</translation>
+    </message>
+    <message>
+        <source>0.025 mm (plotter)</source>
+        <translation>0.025 mm（绘图仪）</translation>
+    </message>
+    <message>
+        <source>1 cm</source>
+        <translation>1 cm</translation>
+    </message>
+    <message>
+        <source>1 inch</source>
+        <translation>1 英寸</translation>
+    </message>
+    <message>
+        <source>1 mm</source>
+        <translation>1 mm</translation>
+    </message>
+    <message>
+        <source>1/1016 inch (plotter)</source>
+        <translation>1/1016 英寸（绘图仪）</translation>
+    </message>
+    <message>
+        <source>1/72 inch (point)</source>
+        <translation>1/72 英寸（磅）</translation>
+    </message>
+    <message>
+        <source>1/96 inch (pixel)</source>
+        <translation>1/96 英寸（像素）</translation>
+    </message>
+    <message>
+        <source>All of it was read.</source>
+        <translation>已全部读取。</translation>
+    </message>
+    <message>
+        <source>As found: %1 mm</source>
+        <translation>按文件：%1 mm</translation>
+    </message>
+    <message>
+        <source>Color</source>
+        <translation>颜色</translation>
+    </message>
+    <message>
+        <source>File:</source>
+        <translation>文件：</translation>
+    </message>
+    <message>
+        <source>Format:</source>
+        <translation>格式：</translation>
+    </message>
+    <message>
+        <source>Hatch open outlines as if closed</source>
+        <translation>将未闭合轮廓视为闭合进行填充</translation>
+    </message>
+    <message>
+        <source>Holds:</source>
+        <translation>内容：</translation>
+    </message>
+    <message>
+        <source>Import &quot;%1&quot;</source>
+        <translation>导入“%1”</translation>
+    </message>
+    <message>
+        <source>Keep proportions</source>
+        <translation>保持比例</translation>
+    </message>
+    <message>
+        <source>One shape</source>
+        <translation>一个形状</translation>
+    </message>
+    <message>
+        <source>One shape a color</source>
+        <translation>每种颜色一个形状</translation>
+    </message>
+    <message>
+        <source>One shape a layer</source>
+        <translation>每个图层一个形状</translation>
+    </message>
+    <message>
+        <source>One shape an outline with its holes</source>
+        <translation>每条轮廓及其孔一个形状</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>笔</translation>
+    </message>
+    <message>
+        <source>Size as found:</source>
+        <translation>文件尺寸：</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ImportNotes</name>
+    <message>
+        <source>%1, first at %2</source>
+        <translation>%1，首次出现于 %2</translation>
+    </message>
+    <message>
+        <source>%1: %2 (%3)</source>
+        <translation>%1：%2（%3）</translation>
+    </message>
+    <message>
+        <source>changed</source>
+        <translation>已更改</translation>
+    </message>
+    <message>
+        <source>damaged</source>
+        <translation>已损坏</translation>
+    </message>
+    <message>
+        <source>left out</source>
+        <translation>已略去</translation>
     </message>
 </context>
 </TS>

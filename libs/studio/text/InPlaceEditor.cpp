@@ -129,7 +129,7 @@ void InPlaceEditor::follow()
 {
     if (!item || isDone)
         return;
-    const double heightPx = item->getSize().height() * view.getDisplayScale();
+    const double heightPx = sceneBox(*item).height() * view.getDisplayScale();
     const int lines = qMax(1, document()->blockCount());
     QFont shown = font();
     shown.setPixelSize(qBound(kSmallestFontPx, qRound(heightPx / lines), kLargestFontPx));

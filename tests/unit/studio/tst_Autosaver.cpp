@@ -85,7 +85,7 @@ private Q_SLOTS:
             if (isUndone)
                 studio->document->undoStack()->undo();
             else
-                session->setSaved(studio->write("a.ztd", "x"));
+                session->setSaved(studio->write("a.ztd", "x"), session->revision());
             QVERIFY(folder->names("*").isEmpty());
             QVERIFY(saver->recoveryPath().isEmpty());
         }
@@ -191,7 +191,7 @@ private Q_SLOTS:
         push();
         saver->saveNow();
         QVERIFY(StudioTest::contentOf(path) != before);
-        session->setSaved(studio->write("a.ztd", "x"));
+        session->setSaved(studio->write("a.ztd", "x"), session->revision());
         QVERIFY(folder->names("*").isEmpty());
     }
 

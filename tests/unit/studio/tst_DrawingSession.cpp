@@ -68,7 +68,7 @@ private Q_SLOTS:
         push();
         studio->document->undoStack()->undo();
         QVERIFY(session->isModified());
-        session->setSaved(studio->write("a.ztd", "x"));
+        session->setSaved(studio->write("a.ztd", "x"), session->revision());
         QVERIFY(!session->isModified());
     }
 
@@ -76,7 +76,7 @@ private Q_SLOTS:
     {
         push();
         const QString path = studio->write("a.ztd", "x");
-        session->setSaved(path);
+        session->setSaved(path, session->revision());
         QVERIFY(!session->isModified());
         QCOMPARE(session->path(), path);
         QCOMPARE(session->name(), QStringLiteral("a.ztd"));
@@ -114,7 +114,7 @@ private Q_SLOTS:
         session->setOpened(path, FileStamp::of(path), {});
         studio->write("a.ztd", "new");
         QVERIFY(session->isFileForeign());
-        session->setSaved(path);
+        session->setSaved(path, session->revision());
         QVERIFY(!session->isFileForeign());
     }
 

@@ -112,6 +112,10 @@ private Q_SLOTS:
         QVERIFY(work.step(1, 10));
         QVERIFY(dialog()->findChild<QPushButton *>() == nullptr);
         QTest::keyClick(dialog(), Qt::Key_Escape);
+        QVERIFY(dialog()->isVisible());
+        QVERIFY(!dialog()->close());
+        QVERIFY(dialog()->isVisible());
+        QCOMPARE(QApplication::activeModalWidget(), static_cast<QWidget *>(dialog()));
         QVERIFY(work.step(2, 10));
     }
 

@@ -1,0 +1,85 @@
+#include <studio/ContextMenus.h>
+
+#include <studio/CommandTable.h>
+#include <studio/DocumentActions.h>
+#include <studio/WindowLayout.h>
+
+#include <QtGui/QContextMenuEvent>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QTreeView>
+
+namespace studio {
+
+namespace {
+
+/** The topmost shape under a point of the view, or null; the selection frame is none. */
+ShapeItem *shapeAt(const ZTGraphicsView &view, const QPoint &pos)
+{
+    const QList<QGraphicsItem *> hit = view.items(pos);
+    for (QGraphicsItem *candidate : hit) {
+        if (auto *item = dynamic_cast<ShapeItem *>(candidate))
+            return item;
+    }
+    return nullptr;
+}
+
+/** Whether a point lies within the frame around what is selected. */
+bool isWithinFrame(const ZTGraphicsDocument &document, const QPoint &pos)
+{
+    const ZTGraphicsResizeItem *frame = document.scene()->getGraphicsResizeItem();
+    return frame != nullptr && frame->isVisible() &&
+           frame->sceneBoundingRect().contains(document.view()->mapToScene(pos));
+}
+
+} // namespace
+
+ContextMenus::ContextMenus(ZTGraphicsDocument &shown, QTreeView &shapeList,
+                           DocumentActions &editing, const Commands &commandSet, QObject *parent)
+    : QObject(parent), document(shown), list(shapeList), actions(editing), commands(commandSet)
+{
+    document.view()->viewport()->installEventFilter(this);
+    list.viewport()->installEventFilter(this);
+}
+
+bool ContextMenus::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::ContextMenu)
+        return QObject::eventFilter(watched, event);
+    const auto &asked = *static_cast<QContextMenuEvent *>(event);
+    if (watched == list.viewport())
+        openOnList(asked);
+    else
+        openOnDrawing(asked);
+    event->accept();
+    return true;
+}
+
+void ContextMenus::openOnDrawing(const QContextMenuEvent &event)
+{
+    // The menu takes the release of the press that opened it: the frame would wait for it.
+    actions.finishDrag();
+    const bool isByMouse = event.reason() == QContextMenuEvent::Mouse;
+    if (isByMouse) {
+        ShapeItem *item = shapeAt(*document.view(), event.pos());
+        if (item != nullptr && !item->isSelected())
+            selectOnly(*document.scene(), {item});
+        else if (item == nullptr && !isWithinFrame(document, event.pos()))
+            actions.clearSelection();
+    }
+    const QWidget *viewport = document.view()->viewport();
+    show(isByMouse ? event.globalPos() : viewport->mapToGlobal(viewport->rect().center()));
+}
+
+// The press has selected the row already.
+void ContextMenus::openOnList(const QContextMenuEvent &event) { show(event.globalPos()); }
+
+void ContextMenus::show(const QPoint &screenPos)
+{
+    delete menu;
+    const bool isForShapes = !document.scene()->selectedItems().isEmpty();
+    menu = newContextMenu(commands, isForShapes, document.view());
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(screenPos);
+}
+
+} // namespace studio

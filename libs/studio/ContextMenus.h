@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtCore/QPointer>
+
+QT_BEGIN_NAMESPACE
+class QContextMenuEvent;
+class QMenu;
+class QTreeView;
+QT_END_NAMESPACE
+
+class ZTGraphicsDocument;
+
+namespace studio {
+
+class Commands;
+class DocumentActions;
+
+/**
+ * The menus of the right mouse button and of the menu key: one for shapes, on the drawing and in
+ * the list, and one for the empty drawing.
+ *
+ * They stand in for the library's menu, which takes closing it without a choice for a command.
+ * A click on a shape that is not selected selects it first, and one beside all shapes none.
+ */
+class ContextMenus : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** All are borrowed and outlive this. */
+    ContextMenus(ZTGraphicsDocument &document, QTreeView &list, DocumentActions &actions,
+                 const Commands &commands, QObject *parent);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void openOnDrawing(const QContextMenuEvent &event);
+    void openOnList(const QContextMenuEvent &event);
+    void show(const QPoint &screenPos);
+
+    ZTGraphicsDocument &document;
+    QTreeView &list;
+    DocumentActions &actions;
+    const Commands &commands;
+    QPointer<QMenu> menu; ///< the one that is open
+};
+
+} // namespace studio

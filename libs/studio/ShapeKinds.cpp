@@ -1,0 +1,69 @@
+#include <studio/ShapeKinds.h>
+
+#include <QtCore/QCoreApplication>
+
+#include <algorithm>
+
+namespace studio {
+
+namespace {
+
+constexpr const char *kNames = "studio::ShapeKinds";
+
+// clang-format off
+const QVector<ShapeKind> kTable = {
+    {ShapeType::Rect, QT_TRANSLATE_NOOP("studio::ShapeKinds", "Rectangle"),
+     QT_TRANSLATE_NOOP("studio::UndoTexts", "Create rectangle"), "create.rectangle",
+     QT_TRANSLATE_NOOP("studio", "&Rectangle"), QT_TRANSLATE_NOOP("studio", "Create a rectangle"),
+     "rectangle", "R"},
+    {ShapeType::Ellipse, QT_TRANSLATE_NOOP("studio::ShapeKinds", "Ellipse"),
+     QT_TRANSLATE_NOOP("studio::UndoTexts", "Create ellipse"), "create.ellipse",
+     QT_TRANSLATE_NOOP("studio", "&Ellipse"), QT_TRANSLATE_NOOP("studio", "Create an ellipse"),
+     "ellipse", "E"},
+    {ShapeType::Polygon, QT_TRANSLATE_NOOP("studio::ShapeKinds", "Polygon"),
+     QT_TRANSLATE_NOOP("studio::UndoTexts", "Create polygon"), "create.polygon",
+     QT_TRANSLATE_NOOP("studio", "&Polygon"),
+     QT_TRANSLATE_NOOP("studio", "Create a regular polygon"), "polygon", "P"},
+    {ShapeType::Line, QT_TRANSLATE_NOOP("studio::ShapeKinds", "Line"),
+     QT_TRANSLATE_NOOP("studio::UndoTexts", "Create line"), "create.line",
+     QT_TRANSLATE_NOOP("studio", "&Line"), QT_TRANSLATE_NOOP("studio", "Create a line"), "line",
+     "L"},
+    {ShapeType::TDOT, QT_TRANSLATE_NOOP("studio::ShapeKinds", "TDOT figure"),
+     QT_TRANSLATE_NOOP("studio::UndoTexts", "Create TDOT figure"), "create.tdot",
+     QT_TRANSLATE_NOOP("studio", "&TDOT figure"),
+     QT_TRANSLATE_NOOP("studio", "Create a TDOT figure"), "tdot", "D"},
+    {ShapeType::Text, QT_TRANSLATE_NOOP("studio::ShapeKinds", "Text"),
+     QT_TRANSLATE_NOOP("studio::UndoTexts", "Create text"), "create.text",
+     QT_TRANSLATE_NOOP("studio", "Te&xt"),
+     QT_TRANSLATE_NOOP("studio", "Create a text and type into it"), "text", "T"},
+    {ShapeType::VecGraph, QT_TRANSLATE_NOOP("studio::ShapeKinds", "Imported drawing"),
+     QT_TRANSLATE_NOOP("studio::UndoTexts", "Create shape"), "", "", "", "", ""},
+};
+// clang-format on
+
+const ShapeKind kUnknown = {ShapeType::None,
+                            QT_TRANSLATE_NOOP("studio::ShapeKinds", "Shape"),
+                            QT_TRANSLATE_NOOP("studio::UndoTexts", "Create shape"),
+                            "",
+                            "",
+                            "",
+                            "",
+                            ""};
+
+} // namespace
+
+const QVector<ShapeKind> &shapeKinds() { return kTable; }
+
+const ShapeKind &shapeKind(ShapeType type)
+{
+    const auto found = std::find_if(kTable.begin(), kTable.end(),
+                                    [type](const ShapeKind &kind) { return kind.type == type; });
+    return found != kTable.end() ? *found : kUnknown;
+}
+
+QString kindName(ShapeType type)
+{
+    return QCoreApplication::translate(kNames, shapeKind(type).name);
+}
+
+} // namespace studio

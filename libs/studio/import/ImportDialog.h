@@ -1,0 +1,69 @@
+#pragma once
+
+#include <hostkit/import/DrawingImport.h>
+
+#include <QtWidgets/QDialog>
+
+QT_BEGIN_NAMESPACE
+class QCheckBox;
+class QComboBox;
+class QDoubleSpinBox;
+class QLabel;
+class QListWidget;
+class QTableWidget;
+QT_END_NAMESPACE
+
+namespace studio {
+
+class ImportPicture;
+
+/**
+ * Shows a foreign drawing before it comes in: its picture, its size and how that was found, and
+ * what was left out. The user may change unit, size, splitting and pens.
+ *
+ * Range: sizes from 0.001 to 100,000 mm.
+ */
+class ImportDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    ImportDialog(const QString &path, const vectorkit::VectorDrawing &read, QWidget *parent);
+
+    /** The drawing in the size that the user chose. */
+    vectorkit::VectorDrawing drawing() const;
+
+    /** Split, hatch of open outlines and pens, as chosen. */
+    hostkit::ImportOptions options() const;
+
+Q_SIGNALS:
+    /** The user lets it in. */
+    void chosen();
+
+private:
+    void layOut(const QString &path);
+    QDoubleSpinBox *addSize(const QString &name);
+    void fillUnits();
+    void fillNotes();
+    void fillPens();
+    void takeUnit();
+    void takeWidth();
+    void takeHeight();
+    void showSize(const QSizeF &sizeMm);
+    void take();
+
+    vectorkit::VectorDrawing found;
+    QSizeF foundSizeMm;
+    hostkit::ImportOptions first; ///< as remembered
+    ImportPicture *picture;       ///< children, as all below
+    QComboBox *unitBox;
+    QDoubleSpinBox *widthBox;
+    QDoubleSpinBox *heightBox;
+    QCheckBox *proportionsBox;
+    QComboBox *splitBox;
+    QCheckBox *fillOpenBox;
+    QTableWidget *pens;
+    QListWidget *notes;
+};
+
+} // namespace studio

@@ -1,0 +1,104 @@
+#include <studio/import/ImportPicture.h>
+
+#include <QtGui/QFontMetricsF>
+#include <QtGui/QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace studio {
+
+namespace {
+
+constexpr int kMarginPx = 8;
+constexpr int kFontPx = 100;
+const QSize kLeast(360, 300);
+
+/** A colour that can be seen on paper. */
+QColor inkOf(const QColor &color)
+{
+    if (!color.isValid())
+        return Qt::black;
+    return color.lightness() > 220 ? color.darker(150) : color;
+}
+
+QRectF united(const QRectF &a, const QRectF &b)
+{
+    return QRectF(QPointF(std::min(a.left(), b.left()), std::min(a.top(), b.top())),
+                  QPointF(std::max(a.right(), b.right()), std::max(a.bottom(), b.bottom())));
+}
+
+} // namespace
+
+ImportPicture::ImportPicture(QWidget *parent) : QWidget(parent)
+{
+    setMinimumSize(kLeast);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+void ImportPicture::show(const vectorkit::VectorDrawing &drawing)
+{
+    parts.clear();
+    texts.clear();
+    boxMm = drawing.boundsMm();
+    for (const vectorkit::VectorLayer &layer : drawing.layers) {
+        for (const vectorkit::VectorShape &shape : layer.shapes) {
+            const QColor ink = inkOf(shape.color);
+            if (parts.isEmpty() || parts.last().color != ink)
+                parts.append({QPainterPath(), ink});
+            for (const vectorkit::VectorPath &path : shape.paths)
+                path.addTo(&parts.last().path);
+        }
+        for (const vectorkit::VectorText &text : layer.texts) {
+            const double sideMm = text.heightMm * std::max(1, text.text.size());
+            const QRectF around(text.positionMm - QPointF(sideMm, sideMm) / 2,
+                                QSizeF(sideMm, sideMm));
+            boxMm = drawing.shapeCount() == 0 && texts.isEmpty() ? around : united(boxMm, around);
+            texts.append(text);
+        }
+    }
+    update();
+}
+
+void ImportPicture::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), Qt::white);
+    painter.setPen(palette().mid().color());
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    const QRectF room = QRectF(rect()).adjusted(kMarginPx, kMarginPx, -kMarginPx, -kMarginPx);
+    const double widthScale = boxMm.width() > 0.0 ? room.width() / boxMm.width() : HUGE_VAL;
+    const double heightScale = boxMm.height() > 0.0 ? room.height() / boxMm.height() : HUGE_VAL;
+    const double scale = std::min(widthScale, heightScale);
+    if (!std::isfinite(scale))
+        return;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(room.center());
+    painter.scale(scale, scale);
+    painter.translate(-boxMm.center());
+    for (const Part &part : qAsConst(parts)) {
+        QPen pen(part.color, 1.0);
+        pen.setCosmetic(true);
+        painter.strokePath(part.path, pen);
+    }
+    for (const vectorkit::VectorText &text : qAsConst(texts)) {
+        QFont font;
+        font.setPixelSize(kFontPx);
+        const QFontMetricsF metrics(font);
+        const double size = text.heightMm / metrics.capHeight();
+        const double advance = metrics.horizontalAdvance(text.text);
+        const double shift = text.anchor == vectorkit::TextAnchor::Left     ? 0.0
+                             : text.anchor == vectorkit::TextAnchor::Middle ? -advance / 2
+                                                                            : -advance;
+        painter.save();
+        painter.translate(text.positionMm);
+        painter.rotate(-text.angleDeg);
+        painter.scale((text.isMirrored ? -size : size) * text.widthFactor, size);
+        painter.setFont(font);
+        painter.setPen(inkOf(text.color));
+        painter.drawText(QPointF(shift, 0), text.text);
+        painter.restore();
+    }
+}
+
+} // namespace studio

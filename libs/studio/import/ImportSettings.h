@@ -1,0 +1,13 @@
+#pragma once
+
+#include <hostkit/import/DrawingImport.h>
+
+namespace studio {
+
+/** How the user lets drawings come in: kept from one import to the next. */
+hostkit::ImportOptions rememberedImportOptions();
+
+/** Keeps split, hatch of open outlines and the table of pens. */
+void rememberImportOptions(const hostkit::ImportOptions &options);
+
+} // namespace studio

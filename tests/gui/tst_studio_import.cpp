@@ -1,0 +1,248 @@
+#include "StudioWindow.h"
+
+#include <studio/Importer.h>
+#include <studio/UndoTexts.h>
+#include <studio/import/ImportDialog.h>
+#include <studio/import/ImportNotes.h>
+#include <studio/import/ImportPicture.h>
+#include <studio/import/ImportSettings.h>
+
+#include <hostkit/drawing/ItemExtras.h>
+
+#include <QtCore/QMimeData>
+#include <QtCore/QSettings>
+#include <QtCore/QUrl>
+#include <QtGui/QClipboard>
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QDoubleSpinBox>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QTableWidget>
+
+namespace {
+
+/** A red square of 40 mm and a blue line of 60 mm, both on one layer, and a picture. */
+const QByteArray kPlate =
+    "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"100mm\" height=\"100mm\" "
+    "viewBox=\"0 0 100 100\">"
+    "<rect x=\"10\" y=\"10\" width=\"40\" height=\"40\" fill=\"none\" stroke=\"red\"/>"
+    "<path d=\"M10 90H70\" fill=\"none\" stroke=\"blue\"/>"
+    "<image width=\"5\" height=\"5\"/></svg>";
+
+} // namespace
+
+class tst_studio_import : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        QSettings().remove(QStringLiteral("import"));
+        studio = std::make_unique<StudioWindow>();
+    }
+    void cleanup()
+    {
+        studio.reset();
+        QSettings().remove(QStringLiteral("import"));
+    }
+
+    void importFiles_keepsTrueSizeAndColors()
+    {
+        QCOMPARE(studio->window->importFiles({plate()}), 1);
+        const auto items = studio::shapeItemsOf(*studio->document().scene());
+        QCOMPARE(items.size(), 2);
+        QCOMPARE(items[0]->getPenId(), 12);
+        QCOMPARE(items[1]->getPenId(), 2);
+        QVERIFY(hasSize(*items[0], QSizeF(40, 40)));
+        QVERIFY(hasSize(*items[1], QSizeF(60, 0)));
+        QCOMPARE(studio->messages->warnings.size(), 1);
+        const studio::Message told = studio->messages->warnings.first();
+        QCOMPARE(told.what, QStringLiteral("\"plate.svg\" was imported with losses."));
+        QCOMPARE(told.details,
+                 QStringList{QStringLiteral("left out: pictures (bitmaps) (1), first at line 1")});
+        QCOMPARE(studio->stack().count(), 1);
+        studio->edit().undo();
+        QVERIFY(studio->ids().isEmpty());
+        studio->edit().redo();
+        QCOMPARE(studio->ids().size(), 2);
+    }
+
+    void dialog_showsWhatWasFound()
+    {
+        studio::ImportDialog *dialog = offer();
+        QCOMPARE(dialog->windowTitle(), QStringLiteral("Import \"plate.svg\""));
+        QVERIFY(textOf(dialog, "importFound").startsWith(QStringLiteral("60 × 80 mm. ")));
+        QVERIFY(textOf(dialog, "importFound").contains(QStringLiteral("100 × 100 mm")));
+        QCOMPARE(textOf(dialog, "importCounts"), QStringLiteral("1 layers, 2 outlines, 0 texts"));
+        auto *notes = dialog->findChild<QListWidget *>(QStringLiteral("importNotes"));
+        QCOMPARE(notes->count(), 1);
+        QVERIFY(notes->item(0)->text().contains(QStringLiteral("pictures")));
+        QCOMPARE(size(dialog, "importWidth")->value(), 60.0);
+        QCOMPARE(size(dialog, "importHeight")->value(), 80.0);
+        // The outlines can be seen.
+        const QImage image = dialog->findChild<studio::ImportPicture *>()->grab().toImage();
+        int red = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                red += image.pixelColor(x, y).red() > 200 && image.pixelColor(x, y).blue() < 80;
+        }
+        QVERIFY(red > 100);
+        QVERIFY(studio->ids().isEmpty());
+    }
+
+    void dialog_takenAsItIs_isOneUndoStep()
+    {
+        press(offer(), QDialogButtonBox::Ok);
+        QCOMPARE(studio->ids().size(), 2);
+        QCOMPARE(studio->stack().count(), 1);
+        QCOMPARE(studio::readableUndoText(studio->stack().undoText()),
+                 QStringLiteral("Import plate.svg"));
+        QVERIFY(hasSize(*studio::shapeItemsOf(*studio->document().scene())[0], QSizeF(40, 40)));
+    }
+
+    void dialog_givenUp_changesNothing()
+    {
+        press(offer(), QDialogButtonBox::Cancel);
+        QVERIFY(studio->ids().isEmpty());
+        QCOMPARE(studio->stack().count(), 0);
+    }
+
+    void dialog_width_keepsProportions()
+    {
+        studio::ImportDialog *dialog = offer();
+        enter(size(dialog, "importWidth"), "30");
+        QCOMPARE(size(dialog, "importHeight")->value(), 40.0);
+        press(dialog, QDialogButtonBox::Ok);
+        const auto items = studio::shapeItemsOf(*studio->document().scene());
+        QVERIFY(hasSize(*items[0], QSizeF(20, 20)));
+        QVERIFY(hasSize(*items[1], QSizeF(30, 0)));
+    }
+
+    void dialog_withoutProportions_stretches()
+    {
+        studio::ImportDialog *dialog = offer();
+        dialog->findChild<QCheckBox *>(QStringLiteral("importProportions"))->click();
+        enter(size(dialog, "importHeight"), "160");
+        QCOMPARE(size(dialog, "importWidth")->value(), 60.0);
+        press(dialog, QDialogButtonBox::Ok);
+        QVERIFY(hasSize(*studio::shapeItemsOf(*studio->document().scene())[0], QSizeF(40, 80)));
+    }
+
+    void dialog_unit_changesTheSize()
+    {
+        studio::ImportDialog *dialog = offer();
+        auto *unit = dialog->findChild<QComboBox *>(QStringLiteral("importUnit"));
+        QCOMPARE(unit->currentText(), QStringLiteral("As found: 1 mm"));
+        const int centimetres = unit->findText(QStringLiteral("1 cm"));
+        unit->setFocus();
+        for (int step = 0; step < centimetres; ++step)
+            QTest::keyClick(unit, Qt::Key_Down);
+        QCOMPARE(size(dialog, "importWidth")->value(), 600.0);
+        press(dialog, QDialogButtonBox::Ok);
+        QVERIFY(hasSize(*studio::shapeItemsOf(*studio->document().scene())[0], QSizeF(400, 400)));
+    }
+
+    void dialog_splitAndPens_areRemembered()
+    {
+        studio::ImportDialog *dialog = offer();
+        auto *split = dialog->findChild<QComboBox *>(QStringLiteral("importSplit"));
+        QCOMPARE(split->currentIndex(), int(hostkit::ImportSplit::Color));
+        QTest::keyClick(split, Qt::Key_Down); // an outline
+        auto *pens = dialog->findChild<QTableWidget *>(QStringLiteral("importPens"));
+        QCOMPARE(pens->rowCount(), 2); // blue, red
+        QCOMPARE(pens->item(1, 0)->text(), QStringLiteral("#ff0000"));
+        QTest::keyClick(pens->cellWidget(1, 1), Qt::Key_Home); // pen 1
+        press(dialog, QDialogButtonBox::Ok);
+        const auto items = studio::shapeItemsOf(*studio->document().scene());
+        QCOMPARE(items.size(), 2);
+        QVector<int> numbers{items[0]->getPenId(), items[1]->getPenId()};
+        std::sort(numbers.begin(), numbers.end());
+        QCOMPARE(numbers, (QVector<int>{1, 2}));
+        const hostkit::ImportOptions kept = studio::rememberedImportOptions();
+        QCOMPARE(kept.split, hostkit::ImportSplit::Outline);
+        QCOMPARE(kept.pens.size(), 1);
+        QCOMPARE(kept.pens.value(QColor(Qt::red).rgb()), 1);
+    }
+
+    void clipboard_svg_isOffered()
+    {
+        QGuiApplication::clipboard()->setText(QString::fromUtf8(kPlate));
+        QVERIFY(studio->run("file.importClipboard"));
+        auto *dialog = studio->window->findChild<studio::ImportDialog *>();
+        QVERIFY(dialog != nullptr);
+        press(dialog, QDialogButtonBox::Ok);
+        QCOMPARE(studio->ids().size(), 2);
+    }
+
+    void clipboard_ofAnythingElse_isRefused()
+    {
+        QGuiApplication::clipboard()->setText(QStringLiteral("hello"));
+        QVERIFY(studio->run("file.importClipboard"));
+        QVERIFY(studio->window->findChild<studio::ImportDialog *>() == nullptr);
+        QCOMPARE(studio->messages->failures.size(), 1);
+    }
+
+    void drop_ofOneDrawing_offersIt_whereItFell()
+    {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(plate())});
+        QVERIFY(studio->drop(data, studio->view().mapFromScene(120, 80)));
+        auto *dialog = studio->window->findChild<studio::ImportDialog *>();
+        QVERIFY(dialog != nullptr);
+        press(dialog, QDialogButtonBox::Ok);
+        const QRectF box = studio->document().scene()->getSelectionItemRect();
+        QVERIFY((box.center() - QPointF(120, 80)).manhattanLength() < 3);
+    }
+
+private:
+    QString plate() { return studio->write("plate.svg", kPlate); }
+
+    studio::ImportDialog *offer()
+    {
+        studio->window->offerFile(plate());
+        QCoreApplication::processEvents();
+        return studio->window->findChild<studio::ImportDialog *>();
+    }
+
+    static void press(studio::ImportDialog *dialog, QDialogButtonBox::StandardButton button)
+    {
+        QTest::mouseClick(dialog->findChild<QDialogButtonBox *>()->button(button), Qt::LeftButton);
+        QCoreApplication::processEvents();
+    }
+
+    static QDoubleSpinBox *size(studio::ImportDialog *dialog, const char *name)
+    {
+        return dialog->findChild<QDoubleSpinBox *>(QLatin1String(name));
+    }
+
+    static void enter(QDoubleSpinBox *box, const char *text)
+    {
+        box->setFocus();
+        box->selectAll();
+        QTest::keyClicks(box, QLatin1String(text));
+        QTest::keyClick(box, Qt::Key_Tab);
+    }
+
+    static QString textOf(studio::ImportDialog *dialog, const char *name)
+    {
+        return dialog->findChild<QLabel *>(QLatin1String(name))->text();
+    }
+
+    static bool hasSize(const studio::ShapeItem &item, const QSizeF &sizeMm)
+    {
+        const QRectF linesPx = item.getShapeBase()->getLines().boundingRect();
+        const QSizeF isMm = linesPx.size() * ZTCoord::getInstance()->pix2mm(1.0);
+        return qAbs(isMm.width() - sizeMm.width()) < 1e-6 &&
+               qAbs(isMm.height() - sizeMm.height()) < 1e-6;
+    }
+
+    std::unique_ptr<StudioWindow> studio;
+};
+
+QTEST_MAIN(tst_studio_import)
+#include "tst_studio_import.moc"
