@@ -1,10 +1,15 @@
 #include "CommandLine.h"
 
 #include "Console.h"
+#include "Language.h"
 
+#include <QtCore/QCoreApplication>
+#include <QtCore/QStringList>
 #include <QtCore/QTextCodec>
 
+#include <algorithm>
 #include <iostream>
+#include <new>
 
 namespace console {
 
@@ -12,62 +17,82 @@ namespace {
 
 constexpr int kHelpColumn = 36;
 
-void addVersion(CLI::App *command, const CLI::App &app)
+struct Texts
 {
-    command->set_version_flag("--version", app.get_name() + " " ZT_VERSION);
+    Q_DECLARE_TR_FUNCTIONS(CommandLine)
+};
+
+/** What the library for arguments says by itself in its help, in the program's language. */
+void translateFormatter(CLI::App &app)
+{
+    CLI::FormatterBase &formatter = *app.get_formatter();
+    formatter.column_width(kHelpColumn);
+    formatter.label("Usage", Texts::tr("Usage").toStdString());
+    formatter.label("Positionals", Texts::tr("Positionals").toStdString());
+    formatter.label("REQUIRED", Texts::tr("REQUIRED").toStdString());
+    formatter.label("OPTIONS", Texts::tr("OPTIONS").toStdString());
+    formatter.label("SUBCOMMAND", Texts::tr("SUBCOMMAND").toStdString());
 }
 
-/** The name of the command that the arguments choose, the program's if they choose none. */
-std::string chosenCommand(const CLI::App &app)
+bool hasParts(const CLI::App &app)
 {
-    std::string command = app.get_name();
-    for (const CLI::App *chosen : app.get_subcommands())
-        command += " " + chosen->get_name();
-    return command;
+    return !app.get_subcommands([](const CLI::App *) { return true; }).empty();
 }
 
-/** "compile, decompile or info". */
-std::string commandList(CLI::App &app)
+/** The command that the arguments choose, down to its last part. */
+const CLI::App &chosenCommand(const CLI::App &app)
 {
-    const std::vector<CLI::App *> commands = app.get_subcommands({});
-    std::string list;
-    for (size_t i = 0; i < commands.size(); ++i) {
-        const bool isLast = i + 1 == commands.size();
-        list += (i == 0 ? "" : isLast ? " or " : ", ") + commands[i]->get_name();
+    const std::vector<CLI::App *> chosen = app.get_subcommands();
+    return chosen.empty() ? app : chosenCommand(*chosen.front());
+}
+
+/** "ztmark font list": how a command is called. */
+std::string callOf(const CLI::App &app)
+{
+    const CLI::App *parent = app.get_parent();
+    return parent != nullptr ? callOf(*parent) + " " + app.get_name() : app.get_name();
+}
+
+/** "mark, info, text or font" */
+QString partsOf(const CLI::App &app)
+{
+    QStringList names;
+    for (const CLI::App *part : app.get_subcommands([](const CLI::App *) { return true; }))
+        names << QString::fromStdString(part->get_name());
+    const QString last = names.takeLast();
+    return Texts::tr("%1 or %2").arg(names.join(Texts::tr(", ")), last);
+}
+
+/** What is wrong with a command that is missing or unknown. */
+QString describeChoice(const CLI::App &command)
+{
+    const std::vector<std::string> unknown = command.remaining();
+    if (unknown.empty())
+        return Texts::tr("a command is missing: %1").arg(partsOf(command));
+    return Texts::tr("unknown command \"%1\": %2")
+        .arg(QString::fromStdString(unknown.front()), partsOf(command));
+}
+
+/** What is wrong with the command line, in the program's words. */
+QString describe(const CLI::App &app, const CLI::ParseError &error)
+{
+    const CLI::App &command = chosenCommand(app);
+    if (hasParts(command))
+        return describeChoice(command);
+    const QString what = QString::fromStdString(error.what());
+    const QString beforeColon = what.section(QLatin1Char(':'), 0, 0);
+    switch (static_cast<CLI::ExitCodes>(error.get_exit_code())) {
+    case CLI::ExitCodes::ExtrasError:
+        return Texts::tr("unknown argument %1").arg(what.section(QStringLiteral(": "), 1));
+    case CLI::ExitCodes::ArgumentMismatch:
+        return Texts::tr("%1: its value is missing").arg(beforeColon);
+    case CLI::ExitCodes::RequiredError:
+        return Texts::tr("%1 is missing").arg(what.section(QLatin1Char(' '), 0, 0));
+    case CLI::ExitCodes::ValidationError: // the commands' own words
+        return what;
+    default: // a flag with a value that is none
+        return Texts::tr("an option has a value that it does not take");
     }
-    return list;
-}
-
-/** What is wrong with the command line, in the programs' words. */
-std::string describe(CLI::App &app, const CLI::ParseError &error)
-{
-    const std::vector<std::string> unknown = app.remaining();
-    if (app.get_subcommands().empty())
-        return (unknown.empty() ? "a command is missing: "
-                                : "unknown command \"" + unknown.front() + "\": ") +
-               commandList(app);
-    std::string what = error.what();
-    const auto kind = static_cast<CLI::ExitCodes>(error.get_exit_code());
-    const size_t colon = what.find(':');
-    if (kind == CLI::ExitCodes::ExtrasError && colon != std::string::npos)
-        return "unknown argument" + what.substr(colon + 1);
-    if (kind == CLI::ExitCodes::ArgumentMismatch && colon != std::string::npos)
-        return what.substr(0, colon) + ": its value is missing";
-    if (kind == CLI::ExitCodes::RequiredError)
-        return what.substr(0, what.find(' ')) + " is missing";
-    return what;
-}
-
-/** Help and version go to stdout; anything else is one line on stderr. */
-int endParsing(CLI::App &app, const CLI::ParseError &error)
-{
-    if (error.get_exit_code() == 0) {
-        app.exit(error, std::cout, std::cerr);
-        std::cout.flush();
-        return finishOutput() ? Done : Failed;
-    }
-    complain(describe(app, error) + " (see " + chosenCommand(app) + " --help)");
-    return WrongUsage;
 }
 
 /** Messages meant for developers do not belong between the lines of a command. */
@@ -85,21 +110,70 @@ void makeIndependent()
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
 }
 
-std::optional<int> parse(CLI::App &app, int argc, char **argv)
+CommandLine::CommandLine(const std::string &program, const std::string &number, const QString &help)
+    : app(help.toStdString(), program), version(program + " " + number)
 {
     app.require_subcommand(1);
-    app.get_formatter()->column_width(kHelpColumn);
-    app.footer("Exit codes: 0 done, 1 failed work, 2 wrong usage.\n" + app.get_name() +
-               " COMMAND --help tells more about a command.");
-    addVersion(&app, app);
-    for (CLI::App *command : app.get_subcommands({}))
-        addVersion(command, app);
+    translateFormatter(app);
+}
+
+int CommandLine::run(int argc, char **argv)
+{
+    // Last: commands that are added later would take it over.
+    app.footer(Texts::tr("Exit codes: 0 done, 1 failed work, 2 wrong usage.\n"
+                         "%1 COMMAND --help tells more about a command.")
+                   .arg(QString::fromStdString(app.get_name()))
+                   .toStdString());
+    addCommonOptions(&app);
     try {
         app.parse(argc, argv);
+        return work();
     } catch (const CLI::ParseError &error) {
-        return endParsing(app, error);
+        return endParsing(error);
+    } catch (const std::bad_alloc &) {
+        complain(Texts::tr("there is not enough memory").toStdString());
+    } catch (const std::exception &error) {
+        complain(error.what());
     }
-    return std::nullopt;
+    return Failed;
+}
+
+int CommandLine::work()
+{
+    const auto chosen = std::find_if(commands.begin(), commands.end(),
+                                     [](const auto &command) { return command->isChosen(); });
+    return (*chosen)->run();
+}
+
+/** Help and version go to stdout; anything else is one line on stderr. */
+int CommandLine::endParsing(const CLI::ParseError &error)
+{
+    if (error.get_exit_code() == 0) {
+        app.exit(error, std::cout, std::cerr);
+        std::cout.flush();
+        return finishOutput() ? Done : Failed;
+    }
+    const QString help = QString::fromStdString(callOf(chosenCommand(app)));
+    complain(Texts::tr("%1 (see %2 --help)").arg(describe(app, error), help).toStdString());
+    return WrongUsage;
+}
+
+/** Options that every command has. */
+void CommandLine::addCommonOptions(CLI::App *command)
+{
+    command->set_help_flag("-h,--help",
+                           Texts::tr("Print this help message and exit").toStdString());
+    command->set_version_flag(
+        "--version", version,
+        Texts::tr("Display program version information and exit").toStdString());
+    language::addOption(command);
+    // Groups are headings of the help.
+    for (CLI::Option *option :
+         command->get_options([](const CLI::Option *added) { return !added->get_positional(); }))
+        option->group(Texts::tr("Options").toStdString());
+    command->group(Texts::tr("Subcommands").toStdString());
+    for (CLI::App *part : command->get_subcommands([](CLI::App *) { return true; }))
+        addCommonOptions(part);
 }
 
 } // namespace console

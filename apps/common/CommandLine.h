@@ -1,8 +1,12 @@
 #pragma once
 
+#include "Command.h"
+
 #include <CLI/CLI.hpp>
 
-#include <optional>
+#include <memory>
+#include <utility>
+#include <vector>
 
 namespace console {
 
@@ -10,13 +14,37 @@ namespace console {
 void makeIndependent();
 
 /**
- * Parses the arguments of a program whose work is done by subcommands, after all of them were
- * added.
- *
- * Gives every command its --version and sees to it that exactly one is chosen. Returns the exit
- * code when the run ends here: after help or version on stdout, or after one line on stderr that
- * says what is wrong with the arguments.
+ * The command line of a program whose work is done by subcommands: each is one class, added by one
+ * line. Order: with a `QCoreApplication`, after `language::choose`.
  */
-std::optional<int> parse(CLI::App &app, int argc, char **argv);
+class CommandLine
+{
+public:
+    /** `help` says in one sentence what the program does. */
+    CommandLine(const std::string &program, const std::string &version, const QString &help);
+
+    /** Adds a subcommand, in the order of the help. */
+    template <class Subcommand>
+    void add()
+    {
+        commands.push_back(std::make_unique<Subcommand>(app));
+    }
+
+    /**
+     * Parses the arguments, does the work of the command that they choose, and returns the
+     * program's exit code: that of the work, `Done` after help or version on stdout, `WrongUsage`
+     * after one line on stderr that says what is wrong with the arguments. No exception leaves it.
+     */
+    int run(int argc, char **argv);
+
+private:
+    int work();
+    int endParsing(const CLI::ParseError &error);
+    void addCommonOptions(CLI::App *command);
+
+    CLI::App app;
+    std::string version; ///< as --version tells it
+    std::vector<std::unique_ptr<Command>> commands;
+};
 
 } // namespace console

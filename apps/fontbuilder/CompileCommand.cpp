@@ -6,14 +6,18 @@
 #include <fontkit/FontSource.h>
 
 CompileCommand::CompileCommand(CLI::App &app)
-    : Command(app, "compile", "Make a font file from its source text")
+    : Command(app, "compile", tr("Make a font file from its source text"))
 {
-    addFile("SOURCE", source, "Source text of a font; - reads standard input");
-    command->add_option("-o,--output", output, "Font file to write; - for standard output")
+    addFile("SOURCE", source, tr("Source text of a font; - reads standard input"));
+    command
+        ->add_option("-o,--output", output,
+                     tr("Font file to write; - for standard output").toStdString())
         ->required()
         ->type_name("FONT");
-    command->footer("docs/formats/font-source.md tells how a source is written; decompile shows it "
-                    "of any font.");
+    command->footer(
+        tr("docs/formats/font-source.md tells how a source is written; decompile shows it "
+           "of any font.")
+            .toStdString());
 }
 
 int CompileCommand::run()

@@ -1,10 +1,14 @@
 #pragma once
 
-#include "Command.h"
+#include <common/Command.h>
+
+#include <QtCore/QCoreApplication>
 
 /** `fontbuilder compile`: a font from its source. */
-class CompileCommand : public Command
+class CompileCommand final : public console::Command
 {
+    Q_DECLARE_TR_FUNCTIONS(CompileCommand)
+
 public:
     explicit CompileCommand(CLI::App &app);
 

@@ -6,10 +6,12 @@
 #include <fontkit/FontSource.h>
 
 DecompileCommand::DecompileCommand(CLI::App &app)
-    : Command(app, "decompile", "Make the source text of a font file")
+    : Command(app, "decompile", tr("Make the source text of a font file"))
 {
-    addFile("FONT", font, "Font file; - reads standard input");
-    command->add_option("-o,--output", output, "Source text to write instead of standard output")
+    addFile("FONT", font, tr("Font file; - reads standard input"));
+    command
+        ->add_option("-o,--output", output,
+                     tr("Source text to write instead of standard output").toStdString())
         ->type_name("SOURCE");
 }
 

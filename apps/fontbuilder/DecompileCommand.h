@@ -1,10 +1,14 @@
 #pragma once
 
-#include "Command.h"
+#include <common/Command.h>
+
+#include <QtCore/QCoreApplication>
 
 /** `fontbuilder decompile`: the source of a font. */
-class DecompileCommand : public Command
+class DecompileCommand final : public console::Command
 {
+    Q_DECLARE_TR_FUNCTIONS(DecompileCommand)
+
 public:
     explicit DecompileCommand(CLI::App &app);
 

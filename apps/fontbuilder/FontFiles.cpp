@@ -3,6 +3,7 @@
 #include <common/Console.h>
 #include <fontkit/FontReader.h>
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>
 #include <QtCore/QSaveFile>
 
@@ -13,6 +14,12 @@ namespace fontfiles {
 namespace {
 
 constexpr qint64 kLargestInput = 1 << 30; // Limit: sources are larger than fonts
+constexpr qint64 kPiece = 1 << 20;
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(FontFiles)
+};
 
 QString nameOf(const std::string &path) { return QString::fromStdString(path); }
 
@@ -22,6 +29,19 @@ bool open(QFile &file, const std::string &path)
         return file.open(stdin, QIODevice::ReadOnly);
     file.setFileName(nameOf(path));
     return file.open(QIODevice::ReadOnly);
+}
+
+/** What there is, and no memory for more; a pipe does not tell its size. */
+QByteArray readPieces(QFile &file)
+{
+    QByteArray bytes;
+    while (bytes.size() < kLargestInput) {
+        const QByteArray piece = file.read(kPiece);
+        if (piece.isEmpty())
+            break;
+        bytes.append(piece);
+    }
+    return bytes;
 }
 
 bool writeToStdout(const QByteArray &bytes)
@@ -37,15 +57,15 @@ std::optional<QByteArray> read(const std::string &path)
     QFile file;
     QString problem;
     if (path != "-" && QFileInfo(nameOf(path)).isDir()) {
-        problem = QStringLiteral("is a folder");
+        problem = Texts::tr("is a folder");
     } else if (!open(file, path)) {
         problem = file.errorString();
     } else {
-        const QByteArray bytes = file.read(kLargestInput);
+        const QByteArray bytes = readPieces(file);
         if (file.error() == QFileDevice::NoError && bytes.size() < kLargestInput)
             return bytes;
-        problem = bytes.size() < kLargestInput ? file.errorString()
-                                               : QStringLiteral("is larger than 1 GiB");
+        problem =
+            bytes.size() < kLargestInput ? file.errorString() : Texts::tr("is larger than 1 GiB");
     }
     console::complain(path, problem);
     return std::nullopt;
@@ -82,7 +102,7 @@ bool isSame(const std::string &input, const std::string &output)
     const bool same =
         !inputFile.isEmpty() && inputFile == QFileInfo(nameOf(output)).canonicalFilePath();
     if (same)
-        console::complain(output, QStringLiteral("is the input, too"));
+        console::complain(output, Texts::tr("is the input, too"));
     return same;
 }
 

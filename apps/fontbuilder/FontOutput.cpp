@@ -4,13 +4,15 @@
 
 #include <common/Console.h>
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 
 bool writeFontTo(const std::string &folder, const QString &fileName, const fontkit::FontFile &font)
 {
     const QDir dir(QString::fromStdString(folder));
     if (!dir.mkpath(QStringLiteral("."))) {
-        console::complain(folder, QStringLiteral("is no folder, and none can be made"));
+        console::complain(
+            folder, QCoreApplication::translate("FontFiles", "is no folder, and none can be made"));
         return false;
     }
     const std::string path = dir.filePath(fileName).toStdString();

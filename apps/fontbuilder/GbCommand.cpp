@@ -6,13 +6,15 @@
 #include <fontkit/GbStrokesFont.h>
 
 GbCommand::GbCommand(CLI::App &app)
-    : Command(app, "gb", "Make the Chinese big font from stroke medians")
+    : Command(app, "gb", tr("Make the Chinese big font from stroke medians"))
 {
-    addFile("DIR", data, "Folder with the .json files of hanzi-writer-data");
-    command->add_option("--hershey", hershey, "Folder with the .jhf files, for full-width forms")
+    addFile("DIR", data, tr("Folder with the .json files of hanzi-writer-data"));
+    command
+        ->add_option("--hershey", hershey,
+                     tr("Folder with the .jhf files, for full-width forms").toStdString())
         ->capture_default_str()
         ->type_name("DIR");
-    command->add_option("-o,--output", output, "Folder to write the font into")
+    command->add_option("-o,--output", output, tr("Folder to write the font into").toStdString())
         ->required()
         ->type_name("FOLDER");
 }

@@ -1,10 +1,14 @@
 #pragma once
 
-#include "Command.h"
+#include <common/Command.h>
+
+#include <QtCore/QCoreApplication>
 
 /** `fontbuilder gb`: the Chinese big font out of stroke medians. */
-class GbCommand : public Command
+class GbCommand final : public console::Command
 {
+    Q_DECLARE_TR_FUNCTIONS(GbCommand)
+
 public:
     explicit GbCommand(CLI::App &app);
 

@@ -6,10 +6,10 @@
 #include <fontkit/HersheyFonts.h>
 
 HersheyCommand::HersheyCommand(CLI::App &app)
-    : Command(app, "hershey", "Make the regular fonts from the Hershey data")
+    : Command(app, "hershey", tr("Make the regular fonts from the Hershey data"))
 {
-    addFile("DIR", data, "Folder with the .jhf files");
-    command->add_option("-o,--output", output, "Folder to write the fonts into")
+    addFile("DIR", data, tr("Folder with the .jhf files"));
+    command->add_option("-o,--output", output, tr("Folder to write the fonts into").toStdString())
         ->required()
         ->type_name("FOLDER");
 }

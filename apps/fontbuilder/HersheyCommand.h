@@ -1,10 +1,14 @@
 #pragma once
 
-#include "Command.h"
+#include <common/Command.h>
+
+#include <QtCore/QCoreApplication>
 
 /** `fontbuilder hershey`: the regular fonts out of the Hershey data. */
-class HersheyCommand : public Command
+class HersheyCommand final : public console::Command
 {
+    Q_DECLARE_TR_FUNCTIONS(HersheyCommand)
+
 public:
     explicit HersheyCommand(CLI::App &app);
 

@@ -10,12 +10,14 @@ using fontkit::FontFile;
 
 namespace {
 
-void printRow(const char *name, const QString &value)
+constexpr int kLabelWidth = 18;
+
+void printRow(const QString &name, const QString &value)
 {
-    console::print(QStringLiteral("%1 %2").arg(QLatin1String(name), -18).arg(value));
+    console::printRow(name, value, kLabelWidth);
 }
 
-void printRow(const char *name, size_t number) { printRow(name, QString::number(number)); }
+void printRow(const QString &name, size_t number) { printRow(name, QString::number(number)); }
 
 QString printable(const QByteArray &text)
 {
@@ -31,21 +33,21 @@ QString hex(int code, int digits)
 void printInformation(const FontFile &font)
 {
     if (!font.information) {
-        printRow("Font information:", QStringLiteral("none"));
+        printRow(InfoCommand::tr("Font information:"), InfoCommand::tr("none"));
         return;
     }
-    printRow("Name:", printable(font.information->name));
-    printRow("Above:", font.information->above);
-    printRow("Below:", font.information->below);
-    printRow("Modes:", font.information->modes);
+    printRow(InfoCommand::tr("Name:"), printable(font.information->name));
+    printRow(InfoCommand::tr("Above:"), font.information->above);
+    printRow(InfoCommand::tr("Below:"), font.information->below);
+    printRow(InfoCommand::tr("Modes:"), font.information->modes);
 }
 
 void printRanges(const FontFile &font)
 {
     for (const fontkit::LeadByteRange &range : font.ranges)
         printRow(
-            "Lead bytes:",
-            QStringLiteral("%1 to %2").arg(hex(range.first & 0xFF, 2), hex(range.last & 0xFF, 2)));
+            InfoCommand::tr("Lead bytes:"),
+            InfoCommand::tr("%1 to %2").arg(hex(range.first & 0xFF, 2), hex(range.last & 0xFF, 2)));
 }
 
 void printGlyphs(const FontFile &font)
@@ -56,24 +58,26 @@ void printGlyphs(const FontFile &font)
         codes.insert(glyph.code);
         bytes += static_cast<size_t>(glyph.program.size());
     }
-    printRow("Glyphs:", font.glyphs.size());
+    printRow(InfoCommand::tr("Glyphs:"), font.glyphs.size());
     if (!codes.empty())
-        printRow("Codes:",
-                 QStringLiteral("%1 to %2").arg(hex(*codes.begin(), 2), hex(*codes.rbegin(), 2)));
+        printRow(InfoCommand::tr("Codes:"),
+                 InfoCommand::tr("%1 to %2").arg(hex(*codes.begin(), 2), hex(*codes.rbegin(), 2)));
     if (codes.size() < font.glyphs.size())
-        printRow("Repeated codes:", font.glyphs.size() - codes.size());
+        printRow(InfoCommand::tr("Repeated codes:"), font.glyphs.size() - codes.size());
     if (!font.entries.empty())
-        printRow("Other records:", font.entries.size());
-    printRow("Program bytes:", bytes);
+        printRow(InfoCommand::tr("Other records:"), font.entries.size());
+    printRow(InfoCommand::tr("Program bytes:"), bytes);
 }
 
 } // namespace
 
-InfoCommand::InfoCommand(CLI::App &app) : Command(app, "info", "Tell what is in a font file")
+InfoCommand::InfoCommand(CLI::App &app) : Command(app, "info", tr("Tell what is in a font file"))
 {
-    addFile("FONT", font, "Font file; - reads standard input");
-    command->footer("Repeated codes are dead: the first glyph of a code counts. Other records are "
-                    "entries\nof the index without a glyph of their own, as a rule empty ones.");
+    addFile("FONT", font, tr("Font file; - reads standard input"));
+    command->footer(
+        tr("Repeated codes are dead: the first glyph of a code counts. Other records are "
+           "entries\nof the index without a glyph of their own, as a rule empty ones.")
+            .toStdString());
 }
 
 int InfoCommand::run()
@@ -81,7 +85,7 @@ int InfoCommand::run()
     const auto content = fontfiles::readFont(font);
     if (!content)
         return console::Failed;
-    printRow("Form:", QString::fromLatin1(fontkit::keywordOf(content->form)));
+    printRow(InfoCommand::tr("Form:"), QString::fromLatin1(fontkit::keywordOf(content->form)));
     printInformation(*content);
     printRanges(*content);
     printGlyphs(*content);

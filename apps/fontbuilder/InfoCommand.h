@@ -1,10 +1,14 @@
 #pragma once
 
-#include "Command.h"
+#include <common/Command.h>
+
+#include <QtCore/QCoreApplication>
 
 /** `fontbuilder info`: what is in a font file. */
-class InfoCommand : public Command
+class InfoCommand final : public console::Command
 {
+    Q_DECLARE_TR_FUNCTIONS(InfoCommand)
+
 public:
     explicit InfoCommand(CLI::App &app);
 

@@ -5,27 +5,36 @@
 #include "InfoCommand.h"
 
 #include <common/CommandLine.h>
-#include <common/Console.h>
+#include <common/Language.h>
 
-#include <algorithm>
-#include <iterator>
+#include <QtCore/QCoreApplication>
+
+namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(fontbuilder)
+};
+
+} // namespace
+
+static void initializeCatalogue() { Q_INIT_RESOURCE(fontbuilder_zh); }
 
 int main(int argc, char **argv)
 {
-    CLI::App app(
-        "Makes stroke fonts from source text or free data, and source text from stroke fonts.",
-        "fontbuilder");
-    CompileCommand compile(app);
-    DecompileCommand decompile(app);
-    InfoCommand info(app);
-    HersheyCommand hershey(app);
-    GbCommand gb(app);
-    Command *const commands[] = {&compile, &decompile, &info, &hershey, &gb};
-
-    if (const auto ended = console::parse(app, argc, argv))
-        return *ended;
     console::makeIndependent();
-    const auto *chosen = std::find_if(std::begin(commands), std::end(commands),
-                                      [](const Command *command) { return command->isChosen(); });
-    return (*chosen)->run();
+    int onlyName = 1;
+    const QCoreApplication application(onlyName, argv);
+    initializeCatalogue();
+    language::choose(argc, argv, {QStringLiteral("fontbuilder_zh")});
+
+    console::CommandLine line("fontbuilder", ZT_VERSION,
+                              Texts::tr("Makes stroke fonts from source text or free data, and "
+                                        "source text from stroke fonts."));
+    line.add<CompileCommand>();
+    line.add<DecompileCommand>();
+    line.add<InfoCommand>();
+    line.add<HersheyCommand>();
+    line.add<GbCommand>();
+    return line.run(argc, argv);
 }

@@ -21,6 +21,7 @@ struct Options
     bool headless = false;
     bool sample = false;
     bool listRecovery = false;
+    bool outside = false;
 };
 
 void describe(CLI::App &app, Options &options)
@@ -36,6 +37,8 @@ void describe(CLI::App &app, Options &options)
                  "the sample drawing");
     app.add_flag("--list-recovery", options.listRecovery,
                  "List the drawings that can be recovered, and end: name, time, shapes, file");
+    app.add_flag("--outside", options.outside,
+                 "With --headless: write mark data also where shapes reach out of the work area");
     app.add_option("--out", options.outFolder, "Folder for what --headless writes")
         ->type_name("DIR")
         ->capture_default_str();
@@ -74,8 +77,8 @@ int runWindow(const Options &options)
 int runWithoutDisplay(const Options &options)
 {
     studio::MainWindow window(std::make_unique<studio::ConsoleMessages>());
-    return studio::runHeadless(window,
-                               {fromArgument(options.drawing), fromArgument(options.outFolder)});
+    return studio::runHeadless(
+        window, {fromArgument(options.drawing), fromArgument(options.outFolder), options.outside});
 }
 
 } // namespace

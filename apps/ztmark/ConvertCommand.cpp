@@ -42,19 +42,12 @@ ZTAbstractGraphicsItem *addGraphic(ZTShapeManager &manager, const hostkit::Drawi
 } // namespace
 
 ConvertCommand::ConvertCommand(CLI::App &app)
-    : command(app.add_subcommand(
-          "convert",
-          tr("Turn plotter drawings into a drawing, or save a drawing anew").toStdString()))
+    : Command(app, "convert", tr("Turn plotter drawings into a drawing, or save a drawing anew"))
 {
-    command
-        ->add_option(
-            "FILE", files,
-            tr("Plotter drawings, - reads standard input; or one drawing, .ztd").toStdString())
-        ->required()
-        ->type_name("");
+    files.addOption(command);
     addOutput();
     fonts.addOption(command);
-    command->final_callback([this] { checkTogether(); });
+    command->final_callback([this] { files.checkTogether(); });
     command->footer(
         tr("Plotter drawings are imported 20 mm high, side by side, 2 mm apart, each one shape, "
            "and\n"
@@ -84,27 +77,18 @@ void ConvertCommand::addOutput()
         ->check(CLI::Validator(check, ""));
 }
 
-bool ConvertCommand::isChosen() const { return command->parsed(); }
-
-void ConvertCommand::checkTogether() const
-{
-    if (files.size() > 1 && std::any_of(files.begin(), files.end(), OpenedDrawing::isNamed))
-        usage::refuse("FILE", tr("a drawing is converted alone, without other files"));
-    PlotterFiles::checkNames(files);
-}
-
 int ConvertCommand::run()
 {
-    if (!JobArguments::canWrite({output}, files) || !fonts.makeKnown())
+    if (!JobArguments::canWrite({output}, files.names) || !fonts.makeKnown())
         return console::Failed;
     Progress progress(true);
-    return OpenedDrawing::isNamed(files.front()) ? saveAnew(progress) : importFiles(progress);
+    return files.isDrawing() ? saveAnew(progress) : importFiles(progress);
 }
 
 int ConvertCommand::saveAnew(Progress &progress) const
 {
     OpenedDrawing drawing;
-    if (!drawing.open(files.front(), progress))
+    if (!drawing.open(files.names.front(), progress))
         return console::Failed;
     return save(drawing.document, drawing.file.unknown, progress);
 }
@@ -112,7 +96,7 @@ int ConvertCommand::saveAnew(Progress &progress) const
 int ConvertCommand::importFiles(Progress &progress) const
 {
     PlotterFiles plotter;
-    if (!plotter.open(files, progress))
+    if (!plotter.open(files.names, progress))
         return console::Failed;
     ZTGraphicsDocument document;
     import(plotter, document);
@@ -126,9 +110,9 @@ void ConvertCommand::import(const PlotterFiles &plotter, ZTGraphicsDocument &doc
     ZTShapeManager &manager = *document.itemMag();
     const double gapPx = ZTCoord::getInstance()->mm2pix(kGapMm);
     double leftPx = 0.0;
-    for (size_t i = 0; i < files.size(); ++i) {
+    for (size_t i = 0; i < files.names.size(); ++i) {
         const hostkit::DrawingInput &input = *plotter.drawings()[i];
-        ZTAbstractGraphicsItem *item = addGraphic(manager, input, sourceOf(files[i], input));
+        ZTAbstractGraphicsItem *item = addGraphic(manager, input, sourceOf(files.names[i], input));
         if (item == nullptr)
             return;
         const QSizeF sizePx = item->boundingRect().size();

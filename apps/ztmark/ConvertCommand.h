@@ -1,9 +1,10 @@
 #pragma once
 
 #include "FontFolders.h"
+#include "InputFiles.h"
 #include "OpenedDrawing.h"
 
-#include <CLI/CLI.hpp>
+#include <common/Command.h>
 
 #include <QtCore/QCoreApplication>
 
@@ -13,27 +14,24 @@
 class PlotterFiles;
 
 /** `ztmark convert`: plotter drawings become a drawing, or a drawing is saved anew. */
-class ConvertCommand
+class ConvertCommand final : public console::Command
 {
     Q_DECLARE_TR_FUNCTIONS(ConvertCommand)
 
 public:
     explicit ConvertCommand(CLI::App &app);
 
-    bool isChosen() const; ///< valid after the command line was parsed
-    int run();
+    int run() override;
 
 private:
     void addOutput();
-    void checkTogether() const;
     int importFiles(Progress &progress) const;
     int saveAnew(Progress &progress) const;
     void import(const PlotterFiles &plotter, ZTGraphicsDocument &document) const;
     int save(ZTGraphicsDocument &document, const QVector<hostkit::DrawingSection> &unknown,
              Progress &progress) const;
 
-    CLI::App *command; ///< owned by the application it was added to
-    std::vector<std::string> files;
+    InputFiles files;
     std::string output;
     FontFolders fonts;
 };

@@ -3,6 +3,8 @@
 #include "Console.h"
 #include "InfoRows.h"
 
+#include <hostkit/marks/MarkGraphBuilder.h>
+
 #include <algorithm>
 #include <map>
 
@@ -95,6 +97,7 @@ void DrawingInfo::print() const
     printImports();
     printFonts();
     printVariantTexts();
+    printFindings();
     printPreview();
 }
 
@@ -179,6 +182,24 @@ void DrawingInfo::printVariantTexts() const
     printRow(tr("Variant texts:"), QString::number(texts.size()));
     for (const QString &text : texts)
         printEntry(QStringLiteral("\"%1\"").arg(shown(text)));
+}
+
+void DrawingInfo::printFindings() const
+{
+    const hostkit::MarkFindings findings = hostkit::drawingMarks(drawing.document).findings;
+    QStringList outside;
+    for (const hostkit::ShapeOutside &shape : findings.outside)
+        outside << shape.name;
+    const auto printShapesOf = [](const QString &what, const QStringList &names) {
+        printRow(what, QString::number(names.size()));
+        for (const QString &name : names.mid(0, hostkit::kMostShapesNamed))
+            printEntry(shown(name));
+        if (names.size() > hostkit::kMostShapesNamed)
+            printEntry(tr("and %1 more").arg(names.size() - hostkit::kMostShapesNamed));
+    };
+    printShapesOf(tr("Outside the field:"), outside);
+    printShapesOf(tr("Without length:"), findings.withoutLength);
+    printShapesOf(tr("Marked twice:"), findings.doubled);
 }
 
 void DrawingInfo::printPreview() const

@@ -21,6 +21,7 @@ private:
     void printImports() const;
     void printFonts() const;
     void printVariantTexts() const;
+    void printFindings() const;
     void printPreview() const;
 
     const OpenedDrawing &drawing;

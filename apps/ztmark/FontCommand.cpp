@@ -115,8 +115,7 @@ void printTable(const QVector<QStringList> &rows)
 } // namespace
 
 FontCommand::FontCommand(CLI::App &app)
-    : command(app.add_subcommand(
-          "font", tr("Show which fonts there are and what is in them").toStdString()))
+    : Command(app, "font", tr("Show which fonts there are and what is in them"))
 {
     command->require_subcommand(1);
     addList();
@@ -185,8 +184,6 @@ void FontCommand::addFolders(CLI::App *part)
         ->type_name("DIR")
         ->allow_extra_args(false);
 }
-
-bool FontCommand::isChosen() const { return command->parsed(); }
 
 int FontCommand::run()
 {

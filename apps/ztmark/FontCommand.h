@@ -1,6 +1,6 @@
 #pragma once
 
-#include <CLI/CLI.hpp>
+#include <common/Command.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QStringList>
@@ -9,15 +9,14 @@
 #include <vector>
 
 /** `ztmark font`: which fonts there are, what is in a stroke font, and how it looks. */
-class FontCommand
+class FontCommand final : public console::Command
 {
     Q_DECLARE_TR_FUNCTIONS(FontCommand)
 
 public:
     explicit FontCommand(CLI::App &app);
 
-    bool isChosen() const; ///< valid after the command line was parsed
-    int run();
+    int run() override;
 
 private:
     void addList();
@@ -32,8 +31,7 @@ private:
     QStringList folders() const;
     QString fontPath() const;
 
-    CLI::App *command; ///< this and the next three: owned by the application
-    CLI::App *listCommand = nullptr;
+    CLI::App *listCommand = nullptr; ///< this and the next two: owned by the application
     CLI::App *infoCommand = nullptr;
     CLI::App *sheetCommand = nullptr;
     std::string file;

@@ -56,10 +56,9 @@ void printLosses(const PltReport &report)
 } // namespace
 
 InfoCommand::InfoCommand(CLI::App &app)
-    : command(app.add_subcommand(
-          "info",
-          tr("Tell what is in a drawing, or in a plotter drawing and what of it is lost on import")
-              .toStdString()))
+    : Command(
+          app, "info",
+          tr("Tell what is in a drawing, or in a plotter drawing and what of it is lost on import"))
 {
     command
         ->add_option("FILE", file,
@@ -71,8 +70,6 @@ InfoCommand::InfoCommand(CLI::App &app)
                        "pen moves\nthat lose something: mend them in the file.")
                         .toStdString());
 }
-
-bool InfoCommand::isChosen() const { return command->parsed(); }
 
 int InfoCommand::run()
 {

@@ -2,28 +2,26 @@
 
 #include "FontFolders.h"
 
-#include <CLI/CLI.hpp>
+#include <common/Command.h>
 
 #include <QtCore/QCoreApplication>
 
 #include <string>
 
 /** `ztmark info`: what is in a file, and what of it is lost. */
-class InfoCommand
+class InfoCommand final : public console::Command
 {
     Q_DECLARE_TR_FUNCTIONS(InfoCommand)
 
 public:
     explicit InfoCommand(CLI::App &app);
 
-    bool isChosen() const; ///< valid after the command line was parsed
-    int run();
+    int run() override;
 
 private:
     int describeDrawing() const;
     int describePlotterFile() const;
 
-    CLI::App *command; ///< owned by the application it was added to
     std::string file;
     FontFolders fonts;
 };

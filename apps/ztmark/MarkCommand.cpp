@@ -5,6 +5,8 @@
 #include "Progress.h"
 #include "Usage.h"
 
+#include <hostkit/marks/MarkGraphBuilder.h>
+
 #include <algorithm>
 #include <array>
 
@@ -17,16 +19,10 @@ constexpr std::array<const char *, 8> kOnlyPlotter{
 } // namespace
 
 MarkCommand::MarkCommand(CLI::App &app)
-    : command(app.add_subcommand(
-          "mark", tr("Turn a drawing or plotter drawings into ordered mark paths").toStdString())),
+    : Command(app, "mark", tr("Turn a drawing or plotter drawings into ordered mark paths")),
       job(command)
 {
-    command
-        ->add_option(
-            "FILE", files,
-            tr("Plotter drawings, - reads standard input; or one drawing, .ztd").toStdString())
-        ->required()
-        ->type_name("");
+    files.addOption(command);
     job.addOutputs();
     job.addHatch();
     job.addLayout();
@@ -36,6 +32,9 @@ MarkCommand::MarkCommand(CLI::App &app)
                     })
         ->type_name("FACTOR")
         ->default_str("1");
+    command->add_flag(
+        "--outside", marksOutside,
+        tr("Mark a drawing also where its shapes reach out of its work area").toStdString());
     fonts.addOption(command);
     command->final_callback([this] { checkTogether(); });
     command->footer(
@@ -58,22 +57,17 @@ MarkCommand::MarkCommand(CLI::App &app)
             .toStdString());
 }
 
-bool MarkCommand::isChosen() const { return command->parsed(); }
-
 void MarkCommand::checkTogether() const
 {
-    if (std::any_of(files.begin(), files.end(), OpenedDrawing::isNamed)) {
+    files.checkTogether();
+    if (files.isDrawing())
         checkDrawing();
-        return;
-    }
-    job.checkTogether();
-    PlotterFiles::checkNames(files);
+    else
+        job.checkTogether();
 }
 
 void MarkCommand::checkDrawing() const
 {
-    if (files.size() > 1)
-        usage::refuse("FILE", tr("a drawing is marked alone, without other files"));
     for (const char *option : kOnlyPlotter) {
         if (command->get_option(option)->count() > 0)
             usage::refuse(option, tr("not for a drawing, which has its own layout and hatch"));
@@ -82,18 +76,17 @@ void MarkCommand::checkDrawing() const
 
 int MarkCommand::run()
 {
-    if (!JobArguments::canWrite(job.outputs, files) || !fonts.makeKnown())
+    if (!JobArguments::canWrite(job.outputs, files.names) || !fonts.makeKnown())
         return console::Failed;
     Progress progress(!job.quiet);
-    return OpenedDrawing::isNamed(files.front()) ? markDrawing(progress)
-                                                 : markPlotterFiles(progress);
+    return files.isDrawing() ? markDrawing(progress) : markPlotterFiles(progress);
 }
 
 int MarkCommand::markPlotterFiles(Progress &progress)
 {
     PlotterFiles plotter;
     hostkit::MarkJobResult result;
-    if (!plotter.open(files, progress) || !build(plotter.drawings(), &result, progress))
+    if (!plotter.open(files.names, progress) || !build(plotter.drawings(), &result, progress))
         return console::Failed;
     const bool written = job.write(result.graph, job.outputs, progress);
     progress.finish();
@@ -105,18 +98,22 @@ int MarkCommand::markPlotterFiles(Progress &progress)
 int MarkCommand::markDrawing(Progress &progress)
 {
     OpenedDrawing drawing;
-    if (!drawing.open(files.front(), progress))
+    if (!drawing.open(files.names.front(), progress))
         return console::Failed;
     progress.begin(tr("ordering"));
     const bool isOrdered = command->get_option("--order")->count() > 0;
-    const DrawingMarks marks =
-        drawing.marks(isOrdered ? std::make_optional(job.options.order) : std::nullopt);
-    const bool written = job.write(marks.graph, job.outputs, progress, marks.units);
+    const hostkit::DrawingMarks marks = hostkit::drawingMarks(
+        drawing.document, isOrdered ? std::make_optional(job.options.order) : std::nullopt);
     progress.finish();
-    if (!marks.isWhole())
-        console::complain(files.front(),
-                          tr("warning: the order leaves shapes out: it ends at the first one "
-                             "without an outline; --order none marks all"));
+    for (const QString &sentence : hostkit::describeFindings(marks.findings))
+        console::complain(files.names.front(), tr("warning: %1").arg(sentence));
+    if (!marks.findings.outside.isEmpty() && !marksOutside) {
+        console::complain(files.names.front(),
+                          tr("nothing written: shapes outside the work area are "
+                             "marked with --outside alone"));
+        return console::Failed;
+    }
+    const bool written = job.write(marks.graph, job.outputs, progress, marks.units);
     return finish(written, marks.before, marks.after);
 }
 
@@ -140,7 +137,7 @@ bool MarkCommand::build(const PlotterFiles::Drawings &drawings, hostkit::MarkJob
         return true;
     progress.finish();
     if (error.drawing >= 0)
-        console::complain(files[static_cast<size_t>(error.drawing)], error.reason);
+        console::complain(files.names[static_cast<size_t>(error.drawing)], error.reason);
     else
         console::complain(error.reason.toStdString());
     return false;

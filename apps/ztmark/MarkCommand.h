@@ -1,10 +1,11 @@
 #pragma once
 
 #include "FontFolders.h"
+#include "InputFiles.h"
 #include "JobArguments.h"
 #include "PlotterFiles.h"
 
-#include <CLI/CLI.hpp>
+#include <common/Command.h>
 
 #include <string>
 #include <vector>
@@ -12,15 +13,14 @@
 class Progress;
 
 /** `ztmark mark`: plotter drawings, or a drawing, become ordered mark paths. */
-class MarkCommand
+class MarkCommand final : public console::Command
 {
     Q_DECLARE_TR_FUNCTIONS(MarkCommand)
 
 public:
     explicit MarkCommand(CLI::App &app);
 
-    bool isChosen() const; ///< valid after the command line was parsed
-    int run();
+    int run() override;
 
 private:
     void checkTogether() const;
@@ -32,8 +32,8 @@ private:
     int finish(bool written, const hostkit::MarkPathMeasure &before,
                const hostkit::MarkPathMeasure &after) const;
 
-    CLI::App *command; ///< owned by the application it was added to
-    std::vector<std::string> files;
+    InputFiles files;
     JobArguments job;
+    bool marksOutside = false;
     FontFolders fonts;
 };

@@ -6,8 +6,6 @@
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 
-#include <cmath>
-
 using hostkit::DrawingError;
 
 namespace {
@@ -20,27 +18,7 @@ QString absolutePath(const QString &name)
     return name.startsWith(QLatin1Char('/')) ? name : QDir::currentPath() + QLatin1Char('/') + name;
 }
 
-/**
- * Millimetres lie behind the drawing's mark scale. Of a scale that is not the same in x and y the
- * geometric mean is taken: there is no unit that is right for both.
- */
-hostkit::MarkUnits unitsOf(const hostkit::DrawingSetup &setup)
-{
-    const ZTCoord &coord = *ZTCoord::getInstance();
-    const auto usual = static_cast<float>(coord.screen2mark());
-    const double scale = std::sqrt(std::abs(double(setup.markScaleX) * setup.markScaleY));
-    const bool isUsual = setup.markScaleX == usual && setup.markScaleY == usual;
-    if (isUsual || !(scale > 0.0))
-        return hostkit::MarkUnits::current();
-    return hostkit::MarkUnits{scale * coord.mm2pix(1.0)};
-}
-
 } // namespace
-
-bool DrawingMarks::isWhole() const
-{
-    return after.polylines == before.polylines && after.hatchSegments == before.hatchSegments;
-}
 
 bool OpenedDrawing::isNamed(const std::string &name)
 {
@@ -97,24 +75,4 @@ QVector<ZTAbstractGraphicsItem *> OpenedDrawing::items() const
             found << item;
     }
     return found;
-}
-
-// The steps of getShapeLines one by one: between them stands what is measured before the ordering.
-DrawingMarks OpenedDrawing::marks(std::optional<EShapeSortType> order)
-{
-    ZTPointSort &sort = *ZTPointSort::getInstance();
-    if (order)
-        sort.setShapeMarkSort(*order);
-    DrawingMarks made;
-    made.units = unitsOf(file.meta.setup);
-    for (ZTAbstractGraphicsItem *item : items()) {
-        ZTMarkObject object;
-        document.itemMag()->genMarkObject(item, item->getShapeBase(), object);
-        made.graph.rect |= object.rect;
-        made.graph.objects.append(std::move(object));
-    }
-    made.before = measureMarkPath(made.graph, made.units);
-    sort.markGraphSort(made.graph);
-    made.after = measureMarkPath(made.graph, made.units);
-    return made;
 }

@@ -1,26 +1,12 @@
 #pragma once
 
 #include <hostkit/drawing/DrawingSnapshot.h>
-#include <hostkit/marks/MarkPathMeasure.h>
 
 #include <QtCore/QCoreApplication>
 
-#include <optional>
 #include <string>
 
 class Progress;
-
-/** Mark paths of a drawing, in the units of its mark scale. */
-struct DrawingMarks
-{
-    ZTMarkGraph graph;
-    hostkit::MarkUnits units;
-    hostkit::MarkPathMeasure before; ///< as the shapes lie, the topmost one first
-    hostkit::MarkPathMeasure after;  ///< in the order asked for
-
-    /** Whether everything that the shapes mark is still there after the ordering. */
-    bool isWhole() const;
-};
 
 /** A drawing file, opened without a window: its field set-up is that of the process. */
 class OpenedDrawing
@@ -39,9 +25,6 @@ public:
 
     /** False, told on stderr, when it cannot be read or loaded. Warns of missing fonts. */
     bool open(const std::string &name, Progress &progress);
-
-    /** Mark paths as `ZTShapeManager::getShapeLines` gives them; without `order` in its own. */
-    DrawingMarks marks(std::optional<EShapeSortType> order);
 
     /** The shapes, the topmost one first. */
     QVector<ZTAbstractGraphicsItem *> items() const;

@@ -2,11 +2,6 @@
 
 #include "Console.h"
 #include "Progress.h"
-#include "Usage.h"
-
-#include <CLI/CLI.hpp>
-
-#include <algorithm>
 
 using hostkit::DrawingInput;
 
@@ -23,12 +18,6 @@ QString warningAbout(const PltReport &report)
 }
 
 } // namespace
-
-void PlotterFiles::checkNames(const std::vector<std::string> &files)
-{
-    if (std::count(files.begin(), files.end(), "-") > 1)
-        usage::refuse("FILE", tr("standard input can be read only once"));
-}
 
 bool PlotterFiles::open(const std::vector<std::string> &files, Progress &progress)
 {

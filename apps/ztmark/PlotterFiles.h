@@ -18,9 +18,6 @@ class PlotterFiles
 public:
     using Drawings = std::vector<std::unique_ptr<hostkit::DrawingInput>>;
 
-    /** Throws a usage error for what is named in vain. */
-    static void checkNames(const std::vector<std::string> &files);
-
     /** Reads all; false, told on stderr, for the first one that cannot be drawn. */
     bool open(const std::vector<std::string> &files, Progress &progress);
 

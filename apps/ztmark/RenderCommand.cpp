@@ -7,6 +7,7 @@
 #include "Usage.h"
 
 #include <hostkit/marks/DrawingPicture.h>
+#include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/marks/MarkGraphWriter.h>
 
 namespace {
@@ -21,8 +22,7 @@ bool endsIn(const std::string &name, const char *extension)
 } // namespace
 
 RenderCommand::RenderCommand(CLI::App &app)
-    : command(app.add_subcommand("render", tr("Make a picture of a drawing").toStdString())),
-      longerSidePx(kUsualSide)
+    : Command(app, "render", tr("Make a picture of a drawing")), longerSidePx(kUsualSide)
 {
     command->add_option("FILE", file, tr("Drawing, .ztd").toStdString())->required()->type_name("");
     addOutput();
@@ -61,8 +61,6 @@ void RenderCommand::addOutput()
         ->check(CLI::Validator(check, ""));
 }
 
-bool RenderCommand::isChosen() const { return command->parsed(); }
-
 bool RenderCommand::asPaths() const { return endsIn(output, ".svg"); }
 
 void RenderCommand::checkTogether() const
@@ -92,6 +90,6 @@ bool RenderCommand::save(OpenedDrawing &drawing, QString *error) const
     const QString path = QString::fromStdString(output);
     if (!asPaths())
         return hostkit::saveDrawingPicture(drawing.document, longerSidePx, path, error);
-    const DrawingMarks marks = drawing.marks(std::nullopt);
+    const hostkit::DrawingMarks marks = hostkit::drawingMarks(drawing.document);
     return hostkit::saveMarkGraph(marks.graph, marks.units, path, error);
 }

@@ -2,7 +2,7 @@
 
 #include "FontFolders.h"
 
-#include <CLI/CLI.hpp>
+#include <common/Command.h>
 
 #include <QtCore/QCoreApplication>
 
@@ -11,15 +11,14 @@
 class OpenedDrawing;
 
 /** `ztmark render`: a picture of a drawing. */
-class RenderCommand
+class RenderCommand final : public console::Command
 {
     Q_DECLARE_TR_FUNCTIONS(RenderCommand)
 
 public:
     explicit RenderCommand(CLI::App &app);
 
-    bool isChosen() const; ///< valid after the command line was parsed
-    int run();
+    int run() override;
 
 private:
     void addOutput();
@@ -27,7 +26,6 @@ private:
     bool save(OpenedDrawing &drawing, QString *error) const;
     bool asPaths() const;
 
-    CLI::App *command; ///< owned by the application it was added to
     std::string file;
     std::string output;
     int longerSidePx;

@@ -4,12 +4,12 @@
 #include "Progress.h"
 #include "Usage.h"
 
+#include <hostkit/text/FontPresence.h>
 #include <hostkit/text/StrokeFont.h>
 
 #include <CLI/CLI.hpp>
 
 #include <QtCore/QFileInfo>
-#include <QtGui/QFontDatabase>
 #include <QtWidgets/QApplication>
 
 #include <algorithm>
@@ -39,16 +39,6 @@ QString named(const QStringList &characters)
     if (more > 0)
         names << TextCommand::tr("and %1 more").arg(more);
     return names.join(QStringLiteral(", "));
-}
-
-/** Families of several makers are listed with their maker, "Nimbus Sans [urw]". */
-bool isSystemFont(const QString &family)
-{
-    const QStringList families = QFontDatabase().families();
-    return std::any_of(families.begin(), families.end(), [&family](const QString &listed) {
-        return listed.compare(family, Qt::CaseInsensitive) == 0 ||
-               listed.startsWith(family + QStringLiteral(" ["), Qt::CaseInsensitive);
-    });
 }
 
 void addNew(QStringList *all, const QStringList &more)
@@ -83,8 +73,7 @@ QRectF markedRect(const ZTMarkGraph &graph)
 } // namespace
 
 TextCommand::TextCommand(CLI::App &app)
-    : command(app.add_subcommand("text", tr("Turn texts into ordered mark paths").toStdString())),
-      job(command)
+    : Command(app, "text", tr("Turn texts into ordered mark paths")), job(command)
 {
     addTexts();
     job.addOutputs();
@@ -152,9 +141,7 @@ void TextCommand::addFont()
         ->type_name("FAMILY");
     fontFolders.addOption(command);
     addValue(
-        command, "--height",
-        tr("Text height: the width of \"W\" and of a Chinese character in stroke\nfonts, the "
-           "em of a system font"),
+        command, "--height", tr("Text height: how high capital letters are"),
         [this](const std::string &text) { options.heightMm = arguments::positiveLengthMm(text); })
         ->type_name("LENGTH")
         ->default_str("10mm");
@@ -204,8 +191,6 @@ void TextCommand::addSerial()
         ->type_name("N")
         ->default_str("1");
 }
-
-bool TextCommand::isChosen() const { return command->parsed(); }
 
 void TextCommand::checkTogether()
 {
@@ -318,7 +303,7 @@ bool TextCommand::chooseSystemFont()
     options.font.font = QApplication::font();
     if (family.isEmpty())
         return true;
-    if (!isSystemFont(family)) {
+    if (!hostkit::hasSystemFont(family)) {
         console::complain(tr("no system font %1, ztmark font list --system tells them")
                               .arg(family)
                               .toStdString());

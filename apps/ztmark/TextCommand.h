@@ -3,6 +3,7 @@
 #include "FontFolders.h"
 #include "JobArguments.h"
 
+#include <common/Command.h>
 #include <hostkit/text/TextJob.h>
 #include <hostkit/text/TextPlaces.h>
 
@@ -10,15 +11,14 @@
 #include <set>
 
 /** `ztmark text`: texts become ordered mark paths, one part or many with values of their own. */
-class TextCommand
+class TextCommand final : public console::Command
 {
     Q_DECLARE_TR_FUNCTIONS(TextCommand)
 
 public:
     explicit TextCommand(CLI::App &app);
 
-    bool isChosen() const; ///< valid after the command line was parsed
-    int run();
+    int run() override;
 
 private:
     /** What all parts came to. */
@@ -53,7 +53,6 @@ private:
     void printSummary(const Sum &sum) const;
     QStringList values() const;
 
-    CLI::App *command;             ///< owned by the application it was added to
     CLI::Option *typed = nullptr;  ///< the texts as they were typed; owned by the command
     CLI::Option *serial = nullptr; ///< owned by the command
     JobArguments job;

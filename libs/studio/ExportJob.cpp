@@ -7,6 +7,7 @@
 #include <QtCore/QUuid>
 
 #include <cstdio>
+#include <new>
 
 namespace studio {
 
@@ -31,11 +32,12 @@ bool replaceFile(const QString &from, const QString &to)
 
 } // namespace
 
-ExportJob::ExportJob(ZTShapeManager &manager, bool selectionOnly, const QString &path,
+ExportJob::ExportJob(const ZTGraphicsDocument &document, bool selectionOnly, const QString &path,
                      QObject *parent)
-    : QObject(parent), builder(std::make_unique<MarkGraphBuilder>(manager, selectionOnly)),
-      target(path), partPath(nameBeside(path)), units(hostkit::MarkUnits::current()),
-      objectCount(builder->total())
+    : QObject(parent), builder(std::make_unique<hostkit::MarkGraphBuilder>(
+                           document, selectionOnly ? hostkit::selectedMarkedItems(document)
+                                                   : hostkit::markedItems(document))),
+      target(path), partPath(nameBeside(path)), objectCount(builder->total())
 {
     nextStep.setInterval(0);
     connect(&nextStep, &QTimer::timeout, this, &ExportJob::gather);
@@ -53,7 +55,8 @@ void ExportJob::start(int budgetMs)
 {
     budgetOfStepMs = budgetMs;
     gather();
-    nextStep.start();
+    if (builder)
+        nextStep.start();
 }
 
 void ExportJob::cancel()
@@ -66,7 +69,7 @@ void ExportJob::cancel()
 
 void ExportJob::gather()
 {
-    if (isCancelled || writer)
+    if (isCancelled || !builder)
         return;
     const bool isMore = builder->work(budgetOfStepMs);
     budgetOfStepMs = kStepMs;
@@ -78,13 +81,28 @@ void ExportJob::gather()
 void ExportJob::write()
 {
     nextStep.stop();
-    graph = builder->takeSorted();
+    marks = builder->take();
     builder.reset();
-    writer.reset(
-        QThread::create([this] { hostkit::saveMarkGraph(graph, units, partPath, &error); }));
+    if (!marks.isWhole())
+        error = tr("a shape was deleted meanwhile");
+    writer.reset(QThread::create([this] { writeFile(); }));
     connect(writer.get(), &QThread::finished, this, &ExportJob::finish);
     writer->start();
     Q_EMIT writing();
+}
+
+/** In the writing thread, which no exception may leave. */
+void ExportJob::writeFile() noexcept
+{
+    if (!error.isEmpty())
+        return;
+    try {
+        hostkit::saveMarkGraph(marks.graph, marks.units, partPath, &error);
+    } catch (const std::bad_alloc &) {
+        error = tr("there is not enough memory");
+    } catch (...) {
+        error = tr("it could not be made");
+    }
 }
 
 void ExportJob::finish()

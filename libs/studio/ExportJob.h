@@ -1,8 +1,6 @@
 #pragma once
 
-#include <studio/MarkGraphBuilder.h>
-
-#include <hostkit/marks/MarkUnits.h>
+#include <hostkit/marks/MarkGraphBuilder.h>
 
 #include <QtCore/QThread>
 #include <QtCore/QTimer>
@@ -20,8 +18,8 @@ class ExportJob : public QObject
     Q_OBJECT
 
 public:
-    /** `manager` is borrowed and outlives the job; its shapes should not change meanwhile. */
-    ExportJob(ZTShapeManager &manager, bool selectionOnly, const QString &path,
+    /** `document` is borrowed and outlives the job; its shapes should not change meanwhile. */
+    ExportJob(const ZTGraphicsDocument &document, bool selectionOnly, const QString &path,
               QObject *parent = nullptr);
 
     /** Waits for the writing thread. */
@@ -57,19 +55,19 @@ Q_SIGNALS:
 private:
     void gather();
     void write();
+    void writeFile() noexcept;
     void finish();
 
-    std::unique_ptr<MarkGraphBuilder> builder;
+    std::unique_ptr<hostkit::MarkGraphBuilder> builder;
     QString target;
     QString partPath; ///< where the thread writes until all is there
-    hostkit::MarkUnits units;
     QTimer nextStep;
     int budgetOfStepMs = 0;
     int objectCount = 0;
     bool isCancelled = false;
     std::unique_ptr<QThread> writer;
-    ZTMarkGraph graph; ///< the thread's while it runs
-    QString error;     ///< the thread's while it runs
+    hostkit::DrawingMarks marks; ///< the thread's while it runs
+    QString error;               ///< the thread's while it runs
 };
 
 } // namespace studio

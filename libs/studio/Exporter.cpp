@@ -85,7 +85,7 @@ void Exporter::exportTo(const QString &path, bool selectionOnly)
                           {}});
         return;
     }
-    job = new ExportJob(*document.itemMag(), selectionOnly, path, this);
+    job = new ExportJob(document, selectionOnly, path, this);
     connect(job, &ExportJob::finished, this, &Exporter::finish);
     job->start(kQuietMs);
     showProgress();
@@ -109,13 +109,16 @@ void Exporter::showProgress()
     connect(job, &ExportJob::writing, progressDialog, showWriting);
     connect(job, &ExportJob::progress, progressDialog,
             [dialog = progressDialog](int done, int) { dialog->setValue(done); });
-    connect(progressDialog, &QProgressDialog::canceled, this, [this] {
-        job->cancel();
-        job = nullptr;
-        end();
-    });
+    connect(progressDialog, &QProgressDialog::canceled, this, &Exporter::giveUp);
     if (!job->isWriting())
         progressDialog->show();
+}
+
+void Exporter::giveUp()
+{
+    job->cancel();
+    job = nullptr;
+    end();
 }
 
 void Exporter::finish(const QString &error)

@@ -33,6 +33,7 @@ Q_SIGNALS:
 
 private:
     void showProgress();
+    void giveUp();
     void finish(const QString &error);
     void end();
 

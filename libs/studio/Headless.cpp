@@ -4,6 +4,7 @@
 #include <studio/drawing/DrawingMessages.h>
 #include <studio/drawing/RecoveryStore.h>
 
+#include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/marks/MarkGraphWriter.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
@@ -24,9 +25,20 @@ namespace {
 const QSize kWindowSize(1400, 900);
 constexpr int kSettlingMs = 150;
 
+/** Texts of this file for the catalogue. */
+struct Headless
+{
+    Q_DECLARE_TR_FUNCTIONS(studio::Headless)
+};
+
+void complain(const QString &path, const QString &what)
+{
+    std::fprintf(stderr, "ztstudio: %s: %s\n", qUtf8Printable(path), qUtf8Printable(what));
+}
+
 int fail(const QString &path, const QString &why)
 {
-    std::fprintf(stderr, "ztstudio: %s: %s\n", qUtf8Printable(path), qUtf8Printable(why));
+    complain(path, why);
     return 1;
 }
 
@@ -60,12 +72,38 @@ bool renderWindow(MainWindow &window, const QString &path)
     return window.grab().save(path, "PNG");
 }
 
+/** Beside a drawing's marks nothing is told that is as it should be. */
+void warnOf(const hostkit::MarkFindings &findings, const QString &drawing)
+{
+    for (const QString &sentence : hostkit::describeFindings(findings))
+        complain(drawing, Headless::tr("warning: %1").arg(sentence));
+}
+
+int writeMarks(const MainWindow &window, const HeadlessJob &job, const QString &base)
+{
+    const hostkit::DrawingMarks marks = hostkit::drawingMarks(window.document());
+    const QString drawing =
+        job.drawingPath.isEmpty() ? Headless::tr("sample drawing") : job.drawingPath;
+    warnOf(marks.findings, drawing);
+    if (!marks.findings.outside.isEmpty() && !job.marksOutside)
+        return fail(drawing, Headless::tr("no mark data: shapes outside the work area are written "
+                                          "with --outside alone"));
+    for (const auto &extension : {QStringLiteral(".svg"), QStringLiteral(".json")}) {
+        QString error;
+        const QString path = base + extension;
+        if (!hostkit::saveMarkGraph(marks.graph, marks.units, path, &error))
+            return fail(path, error);
+        tell("Mark data:", path);
+    }
+    return 0;
+}
+
 } // namespace
 
 int runHeadless(MainWindow &window, const HeadlessJob &job)
 {
     if (!QDir().mkpath(job.outFolder))
-        return fail(job.outFolder, QStringLiteral("the folder cannot be made"));
+        return fail(job.outFolder, Headless::tr("the folder cannot be made"));
     window.resize(kWindowSize);
     window.show();
     QCoreApplication::processEvents();
@@ -77,18 +115,10 @@ int runHeadless(MainWindow &window, const HeadlessJob &job)
     const QString base = QDir(job.outFolder).filePath(name);
     const QString picture = base + QStringLiteral("-window.png");
     if (!renderWindow(window, picture))
-        return fail(picture, QStringLiteral("cannot be written"));
+        return fail(picture, Headless::tr("cannot be written"));
     tell("Window:", picture);
 
-    const ZTMarkGraph graph = window.document().itemMag()->getShapeLines();
-    for (const auto &extension : {QStringLiteral(".svg"), QStringLiteral(".json")}) {
-        QString error;
-        const QString path = base + extension;
-        if (!hostkit::saveMarkGraph(graph, hostkit::MarkUnits::current(), path, &error))
-            return fail(path, error);
-        tell("Mark data:", path);
-    }
-    return 0;
+    return writeMarks(window, job, base);
 }
 
 int listRecovery(const QString &folder)

@@ -9,8 +9,9 @@ class MainWindow;
 /** What to do where there is no display. */
 struct HeadlessJob
 {
-    QString drawingPath; ///< drawing or plotter file; empty: the sample drawing
-    QString outFolder;   ///< made if it does not exist
+    QString drawingPath;       ///< drawing or plotter file; empty: the sample drawing
+    QString outFolder;         ///< made if it does not exist
+    bool marksOutside = false; ///< true: writes mark data of shapes outside the work area, too
 };
 
 /**

@@ -20,7 +20,10 @@ CATALOGUES = {
     LIBS / "codekit" / "resources" / "codekit_zh.ts": [LIBS / "codekit"],
     LIBS / "studio" / "resources" / "studio_zh.ts": [LIBS / "studio", ROOT / "apps" / "studio"],
     ROOT / "apps" / "ztmark" / "resources" / "ztmark_zh.ts":
-        [ROOT / "apps" / "ztmark", ROOT / "apps" / "common"],
+        [ROOT / "apps" / "ztmark"],
+    ROOT / "apps" / "fontbuilder" / "resources" / "fontbuilder_zh.ts":
+        [ROOT / "apps" / "fontbuilder"],
+    ROOT / "apps" / "common" / "resources" / "console_zh.ts": [ROOT / "apps" / "common"],
 }
 
 # The studio's table of commands marks its texts with TEXT.

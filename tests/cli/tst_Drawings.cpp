@@ -3,8 +3,8 @@
 #include <support/DrawingBytes.h>
 #include <support/SingletonGuard.h>
 
-#include <hostkit/setup/Factories.h>
 #include <hostkit/marks/MarkGraphWriter.h>
+#include <hostkit/setup/Factories.h>
 
 #include <QtCore/QDataStream>
 #include <QtCore/QDir>
@@ -188,16 +188,64 @@ private Q_SLOTS:
         QVERIFY2(qAbs(unitsPerMm - 1000.0) < 0.001, json.left(100).constData());
     }
 
-    void mark_whatTheOrderLeavesOut_isWarnedOf()
+    void mark_inAnOrder_keepsHatchesWithoutOutline()
     {
         put(path("bare.ztd"), outlinelessDrawing());
-        const QString warning = QStringLiteral(
-            "ztmark: bare.ztd: warning: the order leaves shapes out: it ends at the first one "
-            "without an outline; --order none marks all\n");
-        const ZtmarkRun own = ztmark({"mark", "bare.ztd"});
-        QCOMPARE(own.err, warning);
-        QCOMPARE(own.exitCode, 0);
-        QCOMPARE(ztmark({"mark", "bare.ztd", "--order", "none"}).err, QString());
+        const ZtmarkRun ordered = ztmark({"mark", "bare.ztd", "-o", "ordered.json"});
+        QCOMPARE(ordered.err, QString());
+        QCOMPARE(ordered.exitCode, 0);
+        const ZtmarkRun plain = ztmark({"mark", "bare.ztd", "--order", "none"});
+        const QString jump = QStringLiteral("Jump length:");
+        QCOMPARE(ordered.out.section(jump, 0, 0), plain.out.section(jump, 0, 0));
+        QVERIFY(ordered.out.startsWith(QStringLiteral("Objects:        4\n")));
+        const QByteArray json = bytesOf(path("ordered.json"));
+        QCOMPARE(json.count("\"hatch\":[\n"), 4);
+        QCOMPARE(json.count("\"polylines\":[]"), 2);
+    }
+
+    void mark_outsideTheWorkArea_isDoneOnlyIfToldSo()
+    {
+        DrawingFile drawing = readFile(sample(QStringLiteral("shapes")));
+        drawing.meta.setup.workAreaMm = QRect(0, 0, 10, 10);
+        put(path("far.ztd"), drawingToBytes(drawing));
+        const ZtmarkRun refused = ztmark({"mark", "far.ztd", "-o", "far.csv"});
+        QCOMPARE(refused.exitCode, 1);
+        QVERIFY2(refused.err.startsWith(
+                     QStringLiteral("ztmark: far.ztd: warning: outside the work area: ")),
+                 qPrintable(refused.err));
+        QVERIFY2(refused.err.endsWith(
+                     QStringLiteral("ztmark: far.ztd: nothing written: shapes outside the work "
+                                    "area are marked with --outside alone\n")),
+                 qPrintable(refused.err));
+        QVERIFY2(refused.err.contains(QStringLiteral("rectangle ")), qPrintable(refused.err));
+        QVERIFY(!QFile::exists(path("far.csv")));
+        const ZtmarkRun told = ztmark({"mark", "far.ztd", "--outside", "-o", "far.csv"});
+        QCOMPARE(told.exitCode, 0);
+        QVERIFY(told.err.startsWith(QStringLiteral("ztmark: far.ztd: warning: outside")));
+        ztmark({"mark", "shapes.ztd", "-o", "near.csv"}, {"shapes"});
+        QVERIFY(bytesOf(path("far.csv")) == bytesOf(path("near.csv")));
+    }
+
+    void info_namesLikelyMistakes()
+    {
+        ZTGraphicsDocument document;
+        document.view()->setWorkArea(QRect(-50, -50, 100, 100));
+        const auto addRect = [&document](double xPx) {
+            ZTAbstractGraphicsItem *item =
+                document.itemMag()->addShape(ShapeType::Rect, QRectF(0, 0, 10, 10));
+            item->setPos(xPx, 0.0);
+            return item;
+        };
+        addRect(0.0);
+        addRect(0.0);
+        addRect(1000.0);
+        addRect(100.0)->setTransformParam(QTransform::fromScale(0.0, 0.0));
+        put(path("odd.ztd"), testsupport::savedBytes(document));
+        const ZtmarkRun run = ztmark({"info", "odd.ztd"});
+        QVERIFY2(run.out.contains(QStringLiteral("Outside the field: 1\n  rectangle 2\n"
+                                                 "Without length:    1\n  rectangle 3\n"
+                                                 "Marked twice:      1\n  rectangle 0\n")),
+                 qPrintable(run.out));
     }
 
     void drawing_isKnownByItsFirstBytes()
@@ -228,8 +276,8 @@ private Q_SLOTS:
             QStringLiteral("  imported plotter drawings: 4\n"),
             QStringLiteral("Pens:              16\n  pen 1, shapes: 2\n"),
             QStringLiteral("Imported files:    1\n  logo.plt, shapes: 4\n"),
-            QStringLiteral(
-                "Fonts:             0\nVariant texts:     0\nPreview:           256 x ")};
+            QStringLiteral("Fonts:             0\nVariant texts:     0\nOutside the field: 0\n"
+                           "Without length:    0\n")};
         for (const QString &part : expected)
             QVERIFY2(run.out.contains(part), qPrintable(part + run.out));
     }
@@ -323,11 +371,11 @@ private Q_SLOTS:
                 qPrintable(QString::fromLatin1(option).section(QLatin1Char(' '), 0, 0) +
                            QStringLiteral(": not for a drawing, which has its own layout and "
                                           "hatch (see ztmark mark --help)")));
-        row("mark plate.ztd plate.ztd", "FILE: a drawing is marked alone, without other files (see "
+        row("mark plate.ztd plate.ztd", "FILE: a drawing is taken alone, without other files (see "
                                         "ztmark mark --help)");
-        row("mark corner.plt plate.ztd", "FILE: a drawing is marked alone, without other files "
+        row("mark corner.plt plate.ztd", "FILE: a drawing is taken alone, without other files "
                                          "(see ztmark mark --help)");
-        row("convert corner.plt plate.ztd -o o.ztd", "FILE: a drawing is converted alone, without "
+        row("convert corner.plt plate.ztd -o o.ztd", "FILE: a drawing is taken alone, without "
                                                      "other files (see ztmark convert --help)");
         row("convert - - -o o.ztd", "FILE: standard input can be read only once (see ztmark "
                                     "convert --help)");

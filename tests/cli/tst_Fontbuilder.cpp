@@ -68,6 +68,16 @@ private Q_SLOTS:
         }
     }
 
+    void language_isChosen()
+    {
+        const ZtmarkRun help = run(QStringLiteral("info --language zh --help"));
+        QVERIFY2(help.out.contains(QStringLiteral("说明字体文件的内容")), qPrintable(help.out));
+        const ZtmarkRun wrong = run(QStringLiteral("info --language=zh"));
+        QCOMPARE(wrong.err,
+                 QStringLiteral("fontbuilder: 缺少 FONT（见 fontbuilder info --help）\n"));
+        QCOMPARE(wrong.exitCode, 2);
+    }
+
     void wrongUsage_isOneLineAndExitCode2_data()
     {
         QTest::addColumn<QString>("arguments");
@@ -76,6 +86,10 @@ private Q_SLOTS:
             QTest::newRow(*arguments == '\0' ? "nothing" : arguments)
                 << QString::fromLatin1(arguments) << QString::fromLatin1(complaint);
         };
+        row("", "a command is missing: compile, decompile, info, hershey or gb (see fontbuilder "
+                "--help)");
+        row("info a --language fr",
+            "--language: \"fr\" is not among the choices (see fontbuilder info --help)");
         row("compile", "SOURCE is missing (see fontbuilder compile --help)");
         row("compile a.txt", "--output is missing (see fontbuilder compile --help)");
         row("compile a.txt -o", "--output: its value is missing (see fontbuilder compile --help)");

@@ -73,6 +73,23 @@ private Q_SLOTS:
         QVERIFY(recovered.contains("<path"));
     }
 
+    void headless_withShapesOutsideTheWorkArea_marksThemOnlyIfToldSo()
+    {
+        // Imports are 20 mm high; this one is 800 mm wide.
+        const QString drawing = write("PU0 0;\nPD4000 0;\nPD4000 100;\n");
+        const QString paths = out() + QStringLiteral("/drawing.svg");
+        run({QStringLiteral("--headless"), QStringLiteral("--out"), out(), drawing});
+        QCOMPARE(exitCode, 1);
+        QVERIFY2(stderrText.contains(
+                     QStringLiteral("warning: outside the work area: imported drawing 0 (x ")),
+                 qPrintable(stderrText));
+        QVERIFY(!QFile::exists(paths));
+        run({QStringLiteral("--headless"), QStringLiteral("--outside"), QStringLiteral("--out"),
+             out(), drawing});
+        QCOMPARE(exitCode, 0);
+        QVERIFY(QFile::exists(paths));
+    }
+
     void headless_withDamagedDrawing_saysWhyAndFails()
     {
         const QString drawing = leaveBehind(SIGKILL);

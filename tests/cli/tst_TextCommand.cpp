@@ -69,8 +69,8 @@ const QByteArray kCsvHead("object,pen,kind,piece,x1_mark,y1_mark,x2_mark,y2_mark
 } // namespace
 
 // In the tiny fonts "A" and the first Chinese character are squares of 8 units, "B" and the other
-// one of 4; from one character to the next are 10 units. At a height of 10 mm a unit is 1 mm, which
-// is 500 mark units.
+// one of 4; from one character to the next are 10 units. At a height of 8 mm, that of the capital
+// "A", a unit is 1 mm, which is 500 mark units.
 class tst_TextCommand : public QObject
 {
     Q_OBJECT
@@ -85,7 +85,7 @@ private Q_SLOTS:
 
     void mixedText_isMarkedInStrokes()
     {
-        expect(strokes("'AB 你好' --height 5mm -o a.csv -o a.svg -o a.json -o a.png"),
+        expect(strokes("'AB 你好' --height 4mm -o a.csv -o a.svg -o a.json -o a.png"),
                summary("22.000 x 4.000", 1, 4, "48.000", "20.000"));
         // A unit is 250 mark units; strokes come from right to left.
         QCOMPARE(writtenPaths("a.csv"),
@@ -100,8 +100,8 @@ private Q_SLOTS:
     {
         for (const char *height : {"10", "10mm", "1cm", "'1 cm'"})
             expect(strokes(QByteArray("A --height ") + height),
-                   summary("8.000 x 8.000", 1, 1, "32.000"));
-        expect(strokes("A --height 1in"), summary("20.320 x 20.320", 1, 1, "81.280"));
+                   summary("10.000 x 10.000", 1, 1, "40.000"));
+        expect(strokes("A --height 1in"), summary("25.400 x 25.400", 1, 1, "101.600"));
     }
 
     void spacing_isAdded()
@@ -111,8 +111,8 @@ private Q_SLOTS:
         // From base to base: 8 mm of the first line and the spacing.
         expect(strokes("'A\\nA' --line-spacing 2mm -o a.csv"),
                summary("8.000 x 18.000", 1, 2, "64.000", "10.000"));
-        expect(strokes("'A\\nA'"), summary("8.000 x 19.000", 1, 2, "64.000", "11.000"));
-        expect(strokes("$'A\\nA'"), summary("8.000 x 19.000", 1, 2, "64.000", "11.000"));
+        expect(strokes("'A\\nA'"), summary("8.000 x 18.400", 1, 2, "64.000", "10.400"));
+        expect(strokes("$'A\\nA'"), summary("8.000 x 18.400", 1, 2, "64.000", "10.400"));
     }
 
     void severalTexts_areObjectsSideBySide()
@@ -124,6 +124,13 @@ private Q_SLOTS:
         expect(strokes("A B --gap 3mm --order x-max -q -o a.csv"), QString());
         QCOMPARE(writtenPaths("a.csv"),
                  kCsvHead + square(1, 1, 5500, 2000, 2000) + square(2, 1, 0, 4000, 4000));
+    }
+
+    void blankTexts_areLeftInPlaceByAnOrder()
+    {
+        expect(strokes("' ' B ' ' A --order nearest -o a.csv"),
+               summary("16.000 x 8.000", 4, 2, "48.000", "8.944")); // the root of 8^2 + 4^2
+        QCOMPARE(written("a.csv").count('\n'), 1 + 10);
     }
 
     void textsThatLookLikeSomethingElse_areTexts()
@@ -272,7 +279,7 @@ private Q_SLOTS:
         }
         QCOMPARE(run.err, QString());
         QCOMPARE(run.exitCode, 0);
-        QVERIFY2(run.out.contains(QStringLiteral(" x 4.375 mm\n")), qPrintable(run.out));
+        QVERIFY2(run.out.contains(QStringLiteral(" x 5.000 mm\n")), qPrintable(run.out));
     }
 
     void missingCharacters_areNamed()
@@ -307,7 +314,7 @@ private Q_SLOTS:
         const ZtmarkRun run =
             runShell("LC_ALL=" + locale.toLatin1() +
                          " $ZTMARK text '你好' --language en --font-pair tiny.shx,tinybig.shx "
-                         "--font-dir fonts -o 文.csv",
+                         "--font-dir fonts --height 8mm -o 文.csv",
                      folder->path());
         expect(run, summary("14.000 x 8.000", 1, 2, "48.000", "10.000"));
         QCOMPARE(rounded(bytesOf(folder->path() + QStringLiteral("/文.csv"))),
@@ -343,7 +350,7 @@ private:
 
     ZtmarkRun strokes(const QByteArray &arguments) const
     {
-        return text("--font-pair tiny.shx,tinybig.shx --font-dir fonts " + arguments);
+        return text("--font-pair tiny.shx,tinybig.shx --font-dir fonts --height 8mm " + arguments);
     }
 
     int objectsOf(const QByteArray &arguments) const

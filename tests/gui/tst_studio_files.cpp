@@ -2,11 +2,13 @@
 
 #include <studio/Exporter.h>
 #include <studio/Importer.h>
-#include <studio/MarkGraphBuilder.h>
 #include <studio/OrderMenu.h>
 #include <studio/UndoTexts.h>
 
 #include <QtCore/QFileInfo>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
 #include <QtCore/QMimeData>
 #include <QtCore/QUrl>
 #include <QtTest/QSignalSpy>
@@ -180,17 +182,32 @@ private Q_SLOTS:
         QCOMPARE(contentOf(one).count('\n') - 1, (contentOf(all).count('\n') - 1) / 3);
     }
 
-    void builder_gathersWhatTheManagerDoes()
+    void export_heedsTheDrawingsMarkScale()
     {
-        studio->run("file.sample");
-        ZTPointSort::getInstance()->setShapeMarkSort(EShapeSortType::ShapeSortNearest);
-        ZTShapeManager &manager = *studio->document().itemMag();
-        studio::MarkGraphBuilder builder(manager, false);
-        int steps = 1;
-        while (builder.work(0))
-            ++steps;
-        QCOMPARE(steps, builder.total());
-        QCOMPARE(markBytes(builder.takeSorted()), markBytes(manager.getShapeLines()));
+        studio->addRect(0, 0);
+        studio->document().itemMag()->setScale(2.0F, 2.0F);
+        const QString path = studio->path("scaled.json");
+        QVERIFY(exportTo(path, false));
+        const QJsonObject marks = QJsonDocument::fromJson(contentOf(path)).object();
+        QCOMPARE(marks[QStringLiteral("unitsPerMm")].toDouble(), 2.0 * 900.0 / 193.0);
+    }
+
+    void export_withAnOrder_keepsHatchesWithoutOutline()
+    {
+        ZTFillParam fill;
+        fill.fillType = FillType::Line;
+        fill.isEnableBorder = false;
+        for (int i = 0; i < 3; ++i)
+            studio->addRect(i * 60.0, 0)->setFillParam(fill);
+        studio->addRect(200, 0);
+        ZTPointSort::getInstance()->setShapeMarkSort(EShapeSortType::ShapeSortXFromMin);
+        const QString path = studio->path("ordered.json");
+        QVERIFY(exportTo(path, false));
+        const QJsonArray objects =
+            QJsonDocument::fromJson(contentOf(path)).object()[QStringLiteral("objects")].toArray();
+        QCOMPARE(objects.size(), 4);
+        for (int i = 0; i < 3; ++i)
+            QVERIFY(!objects[i].toObject()[QStringLiteral("hatch")].toArray().isEmpty());
     }
 
     void export_toWhereNothingCanBeWritten_saysWhyAndLeavesNothing()
@@ -209,7 +226,7 @@ private Q_SLOTS:
         for (int i = 0; i < 3000; ++i)
             studio->addRect(i % 50, i / 50);
         const QString path = write("kept.json", "old");
-        studio::ExportJob *job = new studio::ExportJob(*studio->document().itemMag(), false, path);
+        studio::ExportJob *job = new studio::ExportJob(studio->document(), false, path);
         QSignalSpy finished(job, &studio::ExportJob::finished);
         QPointer<studio::ExportJob> gone(job);
         QSignalSpy writing(job, &studio::ExportJob::writing);
@@ -220,7 +237,7 @@ private Q_SLOTS:
         QCOMPARE(contentOf(path), QByteArray("old"));
         QCOMPARE(folderEntries(path), 1);
 
-        auto *early = new studio::ExportJob(*studio->document().itemMag(), false, path);
+        auto *early = new studio::ExportJob(studio->document(), false, path);
         gone = early;
         early->start(0);
         early->cancel();

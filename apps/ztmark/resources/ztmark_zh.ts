@@ -73,17 +73,6 @@
     </message>
 </context>
 <context>
-    <name>Console</name>
-    <message>
-        <source>standard output</source>
-        <translation>标准输出</translation>
-    </message>
-    <message>
-        <source>cannot be written</source>
-        <translation>无法写入</translation>
-    </message>
-</context>
-<context>
     <name>ConvertCommand</name>
     <message>
         <source>&quot;%1&quot; must end in .ztd; ztmark mark and render write other forms</source>
@@ -111,16 +100,8 @@ Examples:
   ztmark convert old.ztd -o new.ztd</translation>
     </message>
     <message>
-        <source>Plotter drawings, - reads standard input; or one drawing, .ztd</source>
-        <translation>绘图仪图纸，- 表示读取标准输入；或一个图纸 .ztd</translation>
-    </message>
-    <message>
         <source>The drawing, .ztd</source>
         <translation>图纸文件 .ztd</translation>
-    </message>
-    <message>
-        <source>a drawing is converted alone, without other files</source>
-        <translation>图纸只能单独转换，不能与其他文件一起</translation>
     </message>
     <message>
         <source>writing %1</source>
@@ -280,6 +261,22 @@ Examples:
     <message>
         <source>%1 x %2 pixels</source>
         <translation>%1 x %2 像素</translation>
+    </message>
+    <message>
+        <source>Marked twice:</source>
+        <translation>标刻两次：</translation>
+    </message>
+    <message>
+        <source>Outside the field:</source>
+        <translation>超出工作区：</translation>
+    </message>
+    <message>
+        <source>Without length:</source>
+        <translation>无长度的轮廓：</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>另有 %1 个</translation>
     </message>
 </context>
 <context>
@@ -599,29 +596,14 @@ x-min、x-max、y-min、y-max</translation>
     </message>
 </context>
 <context>
-    <name>Language</name>
-    <message>
-        <source>Language of help and messages, en or zh; else the environment&apos;s</source>
-        <translation>帮助和消息的语言，en 或 zh；缺省由环境决定</translation>
-    </message>
-</context>
-<context>
     <name>MarkCommand</name>
     <message>
         <source>Enlarge the drawings, 0.001 to 1000</source>
         <translation>放大图纸，0.001 到 1000</translation>
     </message>
     <message>
-        <source>Plotter drawings, - reads standard input; or one drawing, .ztd</source>
-        <translation>绘图仪图纸，- 表示读取标准输入；或一个图纸 .ztd</translation>
-    </message>
-    <message>
         <source>Turn a drawing or plotter drawings into ordered mark paths</source>
         <translation>把图纸或绘图仪图纸变成有序的标刻路径</translation>
-    </message>
-    <message>
-        <source>a drawing is marked alone, without other files</source>
-        <translation>图纸只能单独标刻，不能与其他文件一起</translation>
     </message>
     <message>
         <source>not for a drawing, which has its own layout and hatch</source>
@@ -630,10 +612,6 @@ x-min、x-max、y-min、y-max</translation>
     <message>
         <source>ordering</source>
         <translation>正在排序</translation>
-    </message>
-    <message>
-        <source>warning: the order leaves shapes out: it ends at the first one without an outline; --order none marks all</source>
-        <translation>警告：该顺序漏掉了图形：排序在第一个没有轮廓的图形处终止；--order none 标刻全部图形</translation>
     </message>
     <message>
         <source>Lengths take mm (the default), cm or in: 0.5, 0.5mm, 2cm, 1in. Angles are degrees,
@@ -661,6 +639,18 @@ Examples:
 示例：
   ztmark mark plate.ztd -o plate.json
   ztmark mark logo.plt --hatch zigzag --spacing 0.3mm --angle 45 -o logo.svg</translation>
+    </message>
+    <message>
+        <source>warning: %1</source>
+        <translation>警告：%1</translation>
+    </message>
+    <message>
+        <source>Mark a drawing also where its shapes reach out of its work area</source>
+        <translation>即使图形超出工作区也标刻图纸</translation>
+    </message>
+    <message>
+        <source>nothing written: shapes outside the work area are marked with --outside alone</source>
+        <translation>未写入任何文件：只有加上 --outside 才标刻超出工作区的图形</translation>
     </message>
 </context>
 <context>
@@ -696,10 +686,6 @@ Examples:
 </context>
 <context>
     <name>PlotterFiles</name>
-    <message>
-        <source>standard input can be read only once</source>
-        <translation>标准输入只能读取一次</translation>
-    </message>
     <message>
         <source>warning: %1</source>
         <translation>警告：%1</translation>
@@ -811,12 +797,6 @@ Examples:
         <translation>“%1”没有字体名称</translation>
     </message>
     <message>
-        <source>Text height: the width of &quot;W&quot; and of a Chinese character in stroke
-fonts, the em of a system font</source>
-        <translation>文字高度：单线字体中为“W”和汉字的宽度，
-系统字体中为字身高度</translation>
-    </message>
-    <message>
         <source>Space added between characters</source>
         <translation>字符之间增加的间距</translation>
     </message>
@@ -921,86 +901,31 @@ base 也可以是 16 和 26（字母）。没有给出位置时放在最后一�
         <source>%1 x %2 mm</source>
         <translation>%1 x %2 mm</translation>
     </message>
+    <message>
+        <source>Text height: how high capital letters are</source>
+        <translation>字高：大写字母的高度</translation>
+    </message>
 </context>
 <context>
     <name>ztmark</name>
     <message>
-        <source>Usage</source>
-        <translation>用法</translation>
-    </message>
-    <message>
-        <source>Positionals</source>
-        <translation>位置参数</translation>
-    </message>
-    <message>
-        <source>REQUIRED</source>
-        <translation>必需</translation>
-    </message>
-    <message>
-        <source>OPTIONS</source>
-        <translation>选项</translation>
-    </message>
-    <message>
-        <source>SUBCOMMAND</source>
-        <translation>子命令</translation>
-    </message>
-    <message>
-        <source>Print this help message and exit</source>
-        <translation>显示帮助并退出</translation>
-    </message>
-    <message>
-        <source>Display program version information and exit</source>
-        <translation>显示版本并退出</translation>
-    </message>
-    <message>
-        <source>Options</source>
-        <translation>选项</translation>
-    </message>
-    <message>
-        <source>Subcommands</source>
-        <translation>子命令</translation>
-    </message>
-    <message>
-        <source>%1 or %2</source>
-        <translation>%1 或 %2</translation>
-    </message>
-    <message>
-        <source>, </source>
-        <translation>、</translation>
-    </message>
-    <message>
-        <source>a command is missing: %1</source>
-        <translation>缺少命令：%1</translation>
-    </message>
-    <message>
-        <source>unknown command &quot;%1&quot;: %2</source>
-        <translation>未知命令“%1”：%2</translation>
-    </message>
-    <message>
-        <source>unknown argument %1</source>
-        <translation>未知参数 %1</translation>
-    </message>
-    <message>
-        <source>%1: its value is missing</source>
-        <translation>%1：缺少值</translation>
-    </message>
-    <message>
-        <source>%1 is missing</source>
-        <translation>缺少 %1</translation>
-    </message>
-    <message>
-        <source>%1 (see %2 --help)</source>
-        <translation>%1（见 %2 --help）</translation>
-    </message>
-    <message>
-        <source>Exit codes: 0 done, 1 failed work, 2 wrong usage.
-ztmark COMMAND --help tells more about a command.</source>
-        <translation>退出码：0 完成，1 工作失败，2 用法错误。
-ztmark COMMAND --help 说明各个命令。</translation>
-    </message>
-    <message>
         <source>Turns drawings, plotter drawings and texts into hatched, ordered mark paths.</source>
         <translation>把图纸、绘图仪图纸和文字变成带填充的有序标刻路径。</translation>
+    </message>
+</context>
+<context>
+    <name>InputFiles</name>
+    <message>
+        <source>Plotter drawings, - reads standard input; or one drawing, .ztd</source>
+        <translation>绘图仪图纸，- 表示读取标准输入；或一个图纸 .ztd</translation>
+    </message>
+    <message>
+        <source>a drawing is taken alone, without other files</source>
+        <translation>图纸只能单独使用，不能与其他文件一起</translation>
+    </message>
+    <message>
+        <source>standard input can be read only once</source>
+        <translation>标准输入只能读取一次</translation>
     </message>
 </context>
 </TS>

@@ -66,10 +66,17 @@ ZTGraphicsTextItem::~ZTGraphicsTextItem()
 void ZTGraphicsTextItem::copy(ZTAbstractGraphicsItem *source)
 {
     if (auto *copied = copiedShape<ZTShapeText>(source)) {
-        replaceShape(copied);
-        textShape = copied;
+        replaceTextShape(copied);
         rebuildShape();
     }
+}
+
+void ZTGraphicsTextItem::replaceTextShape(ZTShapeText *replacement)
+{
+    if (replacement == nullptr || replacement == textShape)
+        return;
+    replaceShape(replacement);
+    textShape = replacement;
 }
 
 QString ZTGraphicsTextItem::text() const { return textShape->text(); }

@@ -62,6 +62,13 @@ public:
     ZTFontParam getFontParam() const;
     void setFontParam(const ZTFontParam &param);
 
+protected:
+    /**
+     * Owns `replacement` instead of the shape so far, under the same shape id, for items whose text
+     * is of a derived class. Does not rebuild it. Null changes nothing.
+     */
+    void replaceTextShape(ZTShapeText *replacement);
+
 private:
     template <class Change>
     void changeShape(Change change);

@@ -74,6 +74,20 @@ ZTShxParser *ZTShxFontManager::getFont(std::string name, int height)
     return parser.get();
 }
 
+bool ZTShxFontManager::hasFont(const std::string &name)
+{
+    const ZTShxFontManager &manager = *getInstance();
+    return manager.m_fontCache.count(name) > 0 || manager.m_fontPaths.count(name) > 0;
+}
+
+std::vector<std::string> ZTShxFontManager::loadedFonts()
+{
+    std::vector<std::string> names;
+    for (const auto &entry : getInstance()->m_fontCache)
+        names.push_back(entry.first);
+    return names;
+}
+
 void ZTShxFontManager::addFolder(const QString &folder)
 {
     ZTShxFontManager &manager = *getInstance();

@@ -61,6 +61,12 @@ public:
      */
     static ZTShxParser *getFont(std::string name, int height);
 
+    /** Whether `getFont` would give a parser for the name; neither loads nor scans. */
+    static bool hasFont(const std::string &name);
+
+    /** Names of the fonts whose parsers `getFont` has handed out, in the order of their bytes. */
+    static std::vector<std::string> loadedFonts();
+
     /**
      * Scans this folder as well from now on, behind the one beside the program and the folders
      * added before; the lists are made anew. Of fonts with one name, the one added last is loaded,

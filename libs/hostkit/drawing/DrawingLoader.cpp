@@ -3,6 +3,7 @@
 #include <hostkit/drawing/DrawingContent_p.h>
 #include <hostkit/drawing/DrawingRefusal_p.h>
 #include <hostkit/drawing/DrawingStream_p.h>
+#include <hostkit/text/FontPresence.h>
 #include <hostkit/text/StrokeFontHeights_p.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
@@ -10,7 +11,6 @@
 #include <QtCore/QBuffer>
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QFileInfo>
-#include <QtGui/QFontDatabase>
 
 #include <memory>
 #include <new>
@@ -66,15 +66,13 @@ public:
 private:
     void lookForFamily(const QString &family)
     {
-        if (known.insert(family).second && !QFontDatabase().hasFamily(family))
+        if (known.insert(family).second && !hasSystemFont(family))
             lacking.insert(family);
     }
 
     void lookForStrokeFont(const QString &fileName)
     {
-        const std::string name = fileName.toLocal8Bit().toStdString();
-        if (known.insert(fileName).second && !fileName.isEmpty() &&
-            ZTShxFontManager::getFont(name, 1) == nullptr)
+        if (known.insert(fileName).second && !fileName.isEmpty() && !hasStrokeFont(fileName))
             lacking.insert(fileName);
     }
 

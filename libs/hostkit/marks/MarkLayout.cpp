@@ -1,9 +1,14 @@
 #include <hostkit/marks/MarkLayout_p.h>
 
+#include <hostkit/marks/MarkGraphBuilder.h>
+#include <hostkit/marks/MarkOrder.h>
+#include <hostkit/setup/ProcessState.h>
+
 #include <QtCore/QtMath>
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace hostkit {
 
@@ -95,22 +100,6 @@ void enlarge(ZTMarkGraph &graph, double factor)
     graph.rect = enlarged(graph.rect);
 }
 
-/** Sets the process-wide sort kind, which shapes and graphs obey, and puts the old one back. */
-class SortKind
-{
-public:
-    explicit SortKind(EShapeSortType kind) : former(ZTPointSort::getInstance()->getShapeMarkSort())
-    {
-        ZTPointSort::getInstance()->setShapeMarkSort(kind);
-    }
-    ~SortKind() { ZTPointSort::getInstance()->setShapeMarkSort(former); }
-    SortKind(const SortKind &) = delete;
-    SortKind &operator=(const SortKind &) = delete;
-
-private:
-    EShapeSortType former;
-};
-
 void dropOutlines(ZTMarkGraph &graph)
 {
     for (ZTMarkObject &object : graph.objects)
@@ -132,7 +121,7 @@ void order(ZTMarkGraph &graph, const MarkJobOptions &options, MarkJobResult *res
         return measureMarkPath(measured, units);
     };
     result->before = measure(graph);
-    ZTPointSort::getInstance()->markGraphSort(graph);
+    orderMarkGraph(&graph);
     if (!options.outline)
         dropOutlines(graph);
     result->after = measureMarkPath(graph, units);
@@ -144,7 +133,8 @@ void order(ZTMarkGraph &graph, const MarkJobOptions &options, MarkJobResult *res
 bool MarkLayout::build(const MarkJobOptions &options, const Filling &fill, MarkJobResult *result,
                        MarkJobError *error)
 {
-    const SortKind kind(options.order);
+    const ProcessStateGuard former;
+    ZTPointSort::getInstance()->setShapeMarkSort(options.order);
     ZTMarkGraph graph;
     if (!buildGraph(options, fill, &graph, error))
         return false;
@@ -292,24 +282,13 @@ void MarkLayout::hatch()
         item->getShapeBase()->setFillParam(fillParam());
 }
 
-/** Mark data of all items, in the order of `items` whatever the sort made of them. */
+/** Mark data of all items, in their order. */
 ZTMarkGraph MarkLayout::takeGraph()
 {
     hatch();
-    // An object of a graph does not tell which item it came from, but it tells its pen.
-    const int pen = items.empty() ? 1 : items.front()->getPenId();
-    for (std::size_t i = 0; i < items.size(); ++i)
-        items[i]->getShapeBase()->setPenId(static_cast<int>(i));
-    ZTMarkGraph sorted = manager.getShapeLines();
-
-    ZTMarkGraph graph;
-    graph.rect = sorted.rect;
-    graph.objects.resize(sorted.objects.size());
-    for (ZTMarkObject &object : sorted.objects) {
-        ZTMarkObject &place = graph.objects[object.penId];
-        place = std::move(object);
-        place.penId = pen;
-    }
+    MarkGraphBuilder builder(manager, MarkItems(items.begin(), items.end()));
+    builder.work(std::numeric_limits<int>::max());
+    ZTMarkGraph graph = builder.takeUnordered();
     enlarge(graph, ZTCoord::getInstance()->screen2mark() * options.scale);
     return graph;
 }

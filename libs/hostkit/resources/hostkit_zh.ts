@@ -213,4 +213,63 @@
         <translation>无法生成图片</translation>
     </message>
 </context>
+<context>
+    <name>hostkit::MarkFindings</name>
+    <message>
+        <source>, </source>
+        <translation>、</translation>
+    </message>
+    <message>
+        <source>%1 (x %2 to %3, y %4 to %5 mm)</source>
+        <translation>%1（x %2 到 %3，y %4 到 %5 mm）</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1，另有 %2 个</translation>
+    </message>
+    <message>
+        <source>TDOT figure %1</source>
+        <translation>TDOT 图形 %1</translation>
+    </message>
+    <message>
+        <source>ellipse %1</source>
+        <translation>椭圆 %1</translation>
+    </message>
+    <message>
+        <source>imported drawing %1</source>
+        <translation>导入的图纸 %1</translation>
+    </message>
+    <message>
+        <source>line %1</source>
+        <translation>直线 %1</translation>
+    </message>
+    <message>
+        <source>outlines that are marked twice: %1</source>
+        <translation>被标刻两次的轮廓：%1</translation>
+    </message>
+    <message>
+        <source>outlines without any length: %1</source>
+        <translation>没有长度的轮廓：%1</translation>
+    </message>
+    <message>
+        <source>outside the work area: %1</source>
+        <translation>超出工作区：%1</translation>
+    </message>
+    <message>
+        <source>polygon %1</source>
+        <translation>多边形 %1</translation>
+    </message>
+    <message>
+        <source>rectangle %1</source>
+        <translation>矩形 %1</translation>
+    </message>
+    <message>
+        <source>shape %1</source>
+        <translation>图形 %1</translation>
+    </message>
+    <message>
+        <source>text %1</source>
+        <translation>文字 %1</translation>
+    </message>
+</context>
 </TS>

@@ -1,10 +1,37 @@
 #include <hostkit/setup/Factories.h>
 
+#include <hostkit/text/TextItem.h>
+
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 namespace hostkit {
 
 namespace {
+
+/**
+ * Makes imported drawings as the library's factory does. One without a file is made empty at once:
+ * the library's would look for the file of no name, and log that there is none.
+ */
+class ImportFactory : public Factory
+{
+public:
+    static ImportFactory *getInstance()
+    {
+        static ImportFactory factory;
+        return &factory;
+    }
+
+    ZTAbstractGraphicsItem *create() override
+    {
+        ZTVecGraphItemFactory &imports = *ZTVecGraphItemFactory::getInstance();
+        if (!imports.path().isEmpty())
+            return imports.create();
+        imports.setPath(QStringLiteral(".plt")); // the one name that is not read
+        ZTAbstractGraphicsItem *item = imports.create();
+        static_cast<ZTVecGraph &>(*item->getShapeBase()).setDrawing({}, {});
+        return item;
+    }
+};
 
 template <class ItemFactory>
 void registerAs(ShapeType type)
@@ -22,8 +49,8 @@ void registerFactories()
     registerAs<ZTPolygonItemFactory>(ShapeType::Polygon);
     registerAs<ZTLineItemFactory>(ShapeType::Line);
     registerAs<ZTTdotItemFactory>(ShapeType::TDOT);
-    registerAs<ZTTextItemFactory>(ShapeType::Text);
-    registerAs<ZTVecGraphItemFactory>(ShapeType::VecGraph);
+    registerAs<TextItemFactory>(ShapeType::Text);
+    registerAs<ImportFactory>(ShapeType::VecGraph);
 }
 
 } // namespace hostkit

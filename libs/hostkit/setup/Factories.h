@@ -3,8 +3,11 @@
 namespace hostkit {
 
 /**
- * Registers the factories of all kinds of shapes that the library offers, once; further calls
- * change nothing. A host calls it before the first document.
+ * Registers a factory for each kind of shape that the library offers, once; further calls change
+ * nothing. They are the library's own, but for texts: those are `TextItem`s, each at its own
+ * height.
+ *
+ * Order: before the first document. A factory that a host registered for a kind before stays.
  */
 void registerFactories();
 

@@ -248,7 +248,12 @@ bool readShxFontInfo(const QString &path, ShxFontInfo *info, QString *error)
         return fail(error, Reader::unreadable(file.errorString()));
     if (file.size() > kMaxBytes)
         return fail(error, Reader::tooLarge());
-    const QByteArray image = file.readAll();
+    return readShxFontInfo(file.readAll(), info, error);
+}
+
+bool readShxFontInfo(const QByteArray &image, ShxFontInfo *info, QString *error)
+{
+    *info = ShxFontInfo();
     return Reader(image, info).read() || fail(error, Reader::noFont());
 }
 

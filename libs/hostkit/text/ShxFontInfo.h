@@ -2,6 +2,7 @@
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
+#include <QtCore/QByteArray>
 #include <QtCore/QPair>
 #include <QtCore/QStringList>
 #include <QtCore/QVector>
@@ -53,6 +54,9 @@ struct ShxFontInfo
  * no stroke font.
  */
 bool readShxFontInfo(const QString &path, ShxFontInfo *info, QString *error);
+
+/** The same of a font file's bytes. */
+bool readShxFontInfo(const QByteArray &image, ShxFontInfo *info, QString *error);
 
 /** A stroke-font file that was found in a folder. */
 struct ShxFontFileInfo

@@ -63,6 +63,38 @@ bool hasHeight(const QString &name)
     return font != nullptr && std::isfinite(font->getTextHeight());
 }
 
+bool isUsableHeight(double height)
+{
+    constexpr double kLeast = 1e-6;
+    constexpr double kMost = 1e6;
+    return std::abs(height) >= kLeast && std::abs(height) <= kMost;
+}
+
+/** A font that lost its height to a missing reference character gets the number itself. */
+void mendHeight(const QString &name, double height)
+{
+    ZTShxParser *font = ZTShxFontManager::getFont(name.toLocal8Bit().toStdString(), 1);
+    if (font != nullptr && !std::isfinite(font->getTextHeight()))
+        font->setTextHeight(height);
+}
+
+/** Letters that tell how high capitals are: the first one that a font has. */
+constexpr const char *kCapitals[] = {"H", "A", "W"};
+
+QPainterPath glyphOf(ZTFontParam &font, const char *letter)
+{
+    QPainterPath path;
+    if (font.fontType == FontType::singleLine) {
+        ZTPathGlyphCallback strokes;
+        font.shxFont.parser.drawText(&strokes, letter, 0.0, 0.0, 0.0);
+        for (const QPainterPath &glyph : strokes.getPath())
+            path.addPath(glyph);
+    } else {
+        path.addText(0.0, 0.0, font.font, QString::fromLatin1(letter));
+    }
+    return path;
+}
+
 /** The code points of a text, each once, line feeds left out. */
 QVector<uint> charactersOf(const QString &text)
 {
@@ -154,6 +186,29 @@ bool strokeFont(const QString &regularName, const QString &bigName, const QStrin
     if (!hasHeight(font->zhName))
         return fail(error, noReference.arg(font->zhName, QString(QChar(0x4F60))));
     return true;
+}
+
+void setStrokeHeight(ZTShxFontParam *font)
+{
+    if (!isUsableHeight(font->height))
+        return;
+    font->parser.setTextHeight(font->height);
+    mendHeight(font->enName, font->height);
+    mendHeight(font->zhName, font->height);
+}
+
+double capitalHeight(ZTFontParam font)
+{
+    if (font.fontType == FontType::singleLine)
+        setStrokeHeight(&font.shxFont);
+    for (const char *letter : kCapitals) {
+        const double height = glyphOf(font, letter).boundingRect().height();
+        if (std::isfinite(height) && height > 0.0)
+            return height;
+    }
+    const double nominal =
+        font.fontType == FontType::singleLine ? font.shxFont.height : font.font.pixelSize();
+    return nominal > 0.0 ? nominal : 1.0;
 }
 
 MissingCharacters missingCharacters(const QString &text, const ZTFontParam &font)

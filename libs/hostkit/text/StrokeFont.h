@@ -25,6 +25,22 @@ QString strokeFontFolder();
 bool strokeFont(const QString &regularName, const QString &bigName, const QStringList &folders,
                 ZTShxFontParam *font, QString *error);
 
+/**
+ * Brings the fonts of a record to the record's own height, for whatever is laid out or measured
+ * next: fonts are shared, and another text may have left them at another height.
+ *
+ * A font without the character by whose width it is brought to a height takes the number itself.
+ * Failure: nothing changes for a record without fonts, and for a height that is not between
+ * 0.000001 and 1,000,000, its sign aside.
+ */
+void setStrokeHeight(ZTShxFontParam *font);
+
+/**
+ * How high the capitals of a font are drawn, in units of the text's path: of "H", else of "A", else
+ * of "W", measured on what is drawn. Some positive height for a font that has none of them.
+ */
+double capitalHeight(ZTFontParam font);
+
 /** The characters of a text that a font cannot show, each once, in the order of the text. */
 struct MissingCharacters
 {

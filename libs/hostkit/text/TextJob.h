@@ -20,10 +20,7 @@ struct TextJobOptions
     /** Kind of font, and the font of this kind; a stroke font as `strokeFont` gives it. */
     ZTFontParam font;
 
-    /**
-     * Text height, greater than 0. In a stroke font a "W" and a Chinese character come out so wide;
-     * in a system font it is the em.
-     */
+    /** Height of capital letters, greater than 0: of "H" as `capitalHeight` measures it. */
     double heightMm = 10.0;
 
     double charSpacingMm = 0.0; ///< added behind each character; straight lines only
@@ -46,7 +43,7 @@ struct TextJobOptions
  *
  * Order: on the GUI thread of a `QApplication`, after `registerFactories`.
  * Failure: false with the reason; also when no text has anything to mark.
- * Limit: line offsets are cut to a hundredth of the text height.
+ * Limit: lines stand at whole units of the font, cut off; a hundred make its em.
  */
 bool buildTextJob(std::vector<ZTVariantText> *texts, const TextJobOptions &options,
                   MarkJobResult *result, MarkJobError *error);

@@ -541,6 +541,18 @@
         <source>the file cannot be replaced</source>
         <translation>无法替换该文件</translation>
     </message>
+    <message>
+        <source>a shape was deleted meanwhile</source>
+        <translation>其间有图形被删除</translation>
+    </message>
+    <message>
+        <source>it could not be made</source>
+        <translation>无法生成</translation>
+    </message>
+    <message>
+        <source>there is not enough memory</source>
+        <translation>内存不足</translation>
+    </message>
 </context>
 <context>
     <name>studio::Exporter</name>
@@ -1617,6 +1629,29 @@
     <message>
         <source>&amp;Variant text, another for each part</source>
         <translation>可变文字，每个工件各不相同(&amp;V)</translation>
+    </message>
+</context>
+<context>
+    <name>studio::Headless</name>
+    <message>
+        <source>cannot be written</source>
+        <translation>无法写入</translation>
+    </message>
+    <message>
+        <source>warning: %1</source>
+        <translation>警告：%1</translation>
+    </message>
+    <message>
+        <source>no mark data: shapes outside the work area are written with --outside alone</source>
+        <translation>没有写入标刻数据：只有加上 --outside 才写入超出工作区的图形</translation>
+    </message>
+    <message>
+        <source>sample drawing</source>
+        <translation>示例图纸</translation>
+    </message>
+    <message>
+        <source>the folder cannot be made</source>
+        <translation>无法创建文件夹</translation>
     </message>
 </context>
 <context>

@@ -3,6 +3,8 @@
 #include <studio/text/StrokeFonts.h>
 #include <studio/text/TextState.h>
 
+#include <hostkit/text/StrokeFont.h>
+
 #include <cmath>
 
 namespace studio {
@@ -11,36 +13,6 @@ namespace {
 
 // Lines stand at whole units, cut off: rounding must not turn what was meant into a unit less.
 constexpr double kHairMore = 1.0 + 1e-12;
-
-/** Letters that tell how high capitals are: the first one that a font has. */
-constexpr const char *kCapitals[] = {"H", "A", "W"};
-
-QPainterPath glyphOf(ZTFontParam &param, const char *letter)
-{
-    QPainterPath path;
-    if (param.fontType == FontType::singleLine) {
-        ZTPathGlyphCallback strokes;
-        param.shxFont.parser.drawText(&strokes, letter, 0.0, 0.0, 0.0);
-        for (const QPainterPath &glyph : strokes.getPath())
-            path.addPath(glyph);
-    } else {
-        path.addText(0.0, 0.0, param.font, QString::fromLatin1(letter));
-    }
-    return path;
-}
-
-/** Height of capitals before the transform; some height for a font that has none. */
-double capitalHeight(ZTFontParam param)
-{
-    for (const char *letter : kCapitals) {
-        const double height = glyphOf(param, letter).boundingRect().height();
-        if (std::isfinite(height) && height > 0.0)
-            return height;
-    }
-    const double nominal =
-        param.fontType == FontType::singleLine ? param.shxFont.height : param.font.pixelSize();
-    return nominal > 0.0 ? nominal : 1.0;
-}
 
 /** Lengths of what the unit vectors of a text become; 1 for what cannot be scaled. */
 struct Scale
@@ -145,7 +117,7 @@ TextSettings TextSettings::of(const ZTGraphicsTextItem &item)
     settings.font = param.font;
     settings.enName = param.shxFont.enName;
     settings.zhName = param.shxFont.zhName;
-    settings.heightMm = capitalHeight(param) * scale.down;
+    settings.heightMm = hostkit::capitalHeight(param) * scale.down;
     settings.widthFactor = scale.across / scale.down;
     settings.charSpacingMm = coord.mm2pix(param.wordSpac) * scale.across;
     settings.lineSpacingMm = coord.mm2pix(param.rowSpac) * scale.down;
@@ -168,7 +140,7 @@ void TextSettings::applyTo(ZTGraphicsTextItem &item) const
     param.font = restyled(param.font, font);
     param.shxFont = chosenPair(param.shxFont, *this);
     const QTransform before = item.getTransformParam();
-    const double down = heightMm / capitalHeight(param);
+    const double down = heightMm / hostkit::capitalHeight(param);
     const QTransform after = sized(before, down * widthFactor, down);
     const Scale scale(after);
     param.wordSpac = settled(coord.pix2mm(charSpacingMm / scale.across), present.wordSpac);

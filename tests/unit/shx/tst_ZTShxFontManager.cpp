@@ -45,6 +45,23 @@ private Q_SLOTS:
     }
     void cleanup() { warnings.reset(); }
 
+    void presence_isToldWithoutLoading()
+    {
+        write("a.shx", writerOf(1).shapes());
+        write("none.shx", "no font at all, whatever its name says");
+        QVERIFY(!ZTShxFontManager::hasFont("a.shx")); // never scans by itself
+        ZTShxFontManager::regFonts();
+        QVERIFY(ZTShxFontManager::hasFont("a.shx"));
+        QVERIFY(ZTShxFontManager::hasFont("none.shx")); // as getFont gives a parser for it
+        QVERIFY(!ZTShxFontManager::hasFont("b.shx"));
+        QVERIFY(ZTShxFontManager::loadedFonts().empty());
+        ZTShxFontManager::getFont("a.shx", 10);
+        QCOMPARE(ZTShxFontManager::loadedFonts(), Names{"a.shx"});
+        ZTShxFontManager::release();
+        QVERIFY(ZTShxFontManager::loadedFonts().empty());
+        QVERIFY(!ZTShxFontManager::hasFont("a.shx"));
+    }
+
     void lists_sortRegularFromBig_smallestFirst()
     {
         write("d-shapes.shx", writerOf(40).shapes());

@@ -1,7 +1,7 @@
 #include <support/SingletonGuard.h>
 
-#include <hostkit/setup/Factories.h>
 #include <hostkit/marks/MarkJob.h>
+#include <hostkit/setup/Factories.h>
 
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>

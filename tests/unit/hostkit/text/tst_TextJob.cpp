@@ -37,8 +37,8 @@ bool isBefore(const QRectF &a, const QRectF &b) { return a.top() + a.left() < b.
 
 } // namespace
 
-// At a height of 10 mm a unit of the tiny fonts is a millimetre: "A" is a square of 8 mm, "B" one
-// of 4 mm, and from one character to the next are 10 mm.
+// Their capital "A" is a square of 8 units. At a height of 8 mm a unit of the tiny fonts is a
+// millimetre: "B" is a square of 4 mm, and from one character to the next are 10 mm.
 class tst_TextJob : public QObject
 {
     Q_OBJECT
@@ -51,6 +51,7 @@ private Q_SLOTS:
         guard.reset(new testsupport::SingletonGuard);
         testsupport::makeTinyFonts();
         options = TextJobOptions();
+        options.heightMm = 8.0;
         options.font.fontType = FontType::singleLine;
         QString error;
         QVERIFY2(hostkit::strokeFont(QStringLiteral("tiny.shx"), QStringLiteral("tinybig.shx"), {},
@@ -64,7 +65,7 @@ private Q_SLOTS:
     {
         add("AB");
         expectBoxes({{{0, 0, 8, 8}, {10, 4, 4, 4}}});
-        options.heightMm = 5.0;
+        options.heightMm = 4.0;
         expectBoxes({{{0, 0, 4, 4}, {5, 2, 2, 2}}});
     }
 
@@ -77,7 +78,7 @@ private Q_SLOTS:
     void charSpacing_standsBehindEachCharacter()
     {
         add("AAB");
-        options.heightMm = 5.0;
+        options.heightMm = 4.0;
         options.charSpacingMm = 1.5;
         expectBoxes({{{0, 0, 4, 4}, {6.5, 0, 4, 4}, {13, 2, 2, 2}}});
     }
@@ -116,6 +117,29 @@ private Q_SLOTS:
         expectBoxes({{{10, 0, 4, 4}}, {{0, 0, 8, 8}}});
     }
 
+    void systemFont_hasItsHeightInMillimetres()
+    {
+        options.font.fontType = FontType::doubleLine;
+        options.font.font = QFont(QStringLiteral("DejaVu Sans"));
+        options.heightMm = 5.0;
+        add("H");
+        double leastMark = 1e9;
+        double mostMark = -1e9;
+        const ZTMarkGraph graph = build().graph;
+        for (const QPolygonF &line : graph.objects[0].lines) {
+            leastMark = qMin(leastMark, line.boundingRect().top());
+            mostMark = qMax(mostMark, line.boundingRect().bottom());
+        }
+        QVERIFY(std::abs(mostMark - leastMark - 5.0 * kMarkPerMm) < 1e-6);
+    }
+
+    void strokeFont_keepsItsHeightWhateverOthersSet()
+    {
+        options.font.shxFont.parser.setTextHeight(33.0);
+        add("AB");
+        expectBoxes({{{0, 0, 8, 8}, {10, 4, 4, 4}}});
+    }
+
     /**
      * Half a turn to the right of the top: one character in the middle of its share stands at three
      * o'clock, lying on its side. The upper left corner lies on the circle, the rest inside.
@@ -142,7 +166,11 @@ private Q_SLOTS:
     {
         options.font.fontType = FontType::doubleLine;
         options.font.font = QFont(QStringLiteral("DejaVu Sans"));
-        options.heightMm = 10.0;
+        QPainterPath capital;
+        QFont em100(options.font.font);
+        em100.setPixelSize(100);
+        capital.addText(0.0, 0.0, em100, QStringLiteral("H"));
+        options.heightMm = capital.boundingRect().height() / 10.0; // a new text's is a tenth
         options.layout.hatch = FillType::Line;
         options.layout.spacingMm = 0.5;
         add("Ag");

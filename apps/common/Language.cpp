@@ -1,22 +1,19 @@
 #include "Language.h"
 
-#include "Usage.h"
-
+#include <QtCore/QCoreApplication>
 #include <QtCore/QTranslator>
 
+#include <map>
+#include <string>
 #include <string_view>
 
-static void initializeCatalogues()
-{
-    Q_INIT_RESOURCE(ztmark_zh);
-    Q_INIT_RESOURCE(hostkit_zh);
-}
+static void initializeOwnCatalogue() { Q_INIT_RESOURCE(console_zh); }
 
 namespace language {
 
 namespace {
 
-constexpr std::string_view kOption = "--language";
+const std::string kOption = "--language";
 
 struct Texts
 {
@@ -35,7 +32,7 @@ std::string_view optionOf(int argc, char **argv)
             break;
         if (argument == kOption && i + 1 < argc)
             value = argv[++i];
-        else if (argument.substr(0, kOption.size() + 1) == std::string(kOption) + "=")
+        else if (argument.substr(0, kOption.size() + 1) == kOption + "=")
             value = argument.substr(kOption.size() + 1);
     }
     return value;
@@ -70,20 +67,29 @@ void install(const QString &catalogue)
 
 } // namespace
 
-void choose(int argc, char **argv)
+void choose(int argc, char **argv, const QStringList &catalogues)
 {
-    initializeCatalogues();
+    initializeOwnCatalogue();
     if (!wantsChinese(argc, argv))
         return;
-    for (const char *name : {"ZTDrawEngineLib_zh", "hostkit_zh", "ztmark_zh"})
-        install(QLatin1String(name));
+    for (const QString &name : QStringList{QStringLiteral("console_zh")} + catalogues)
+        install(name);
 }
 
 void addOption(CLI::App *command)
 {
-    usage::addValue(command, std::string(kOption),
-                    Texts::tr("Language of help and messages, en or zh; else the environment's"),
-                    [](const std::string &text) { usage::chosen(kIsChinese, text); })
+    const auto take = [](const std::string &text) {
+        if (kIsChinese.find(text) == kIsChinese.end())
+            throw CLI::ValidationError(kOption, Texts::tr("\"%1\" is not among the choices")
+                                                    .arg(QString::fromStdString(text))
+                                                    .toStdString());
+    };
+    command
+        ->add_option_function<std::string>(
+            kOption, take,
+            Texts::tr("Language of help and messages, en or zh; else the environment's")
+                .toStdString())
+        ->take_last()
         ->type_name("LANG");
 }
 

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <ZTDrawEngineLib/ZTDrawEngineLib.h>
+
+#include <QtCore/QRectF>
+#include <QtCore/QString>
+#include <QtCore/QVector>
+
+namespace hostkit {
+
+/** A shape that is marked, at least in part, outside the field. */
+struct ShapeOutside
+{
+    QString name; ///< as `shapeName` gives it
+    QRectF boxMm; ///< of all that it marks, in millimetres from the origin of the scene
+};
+
+/** What an operator should know of a drawing before it is marked. */
+struct MarkFindings
+{
+    QVector<ShapeOutside> outside; ///< reach out of the work area
+    QStringList withoutLength;     ///< shapes with an outline that marks no length
+    QStringList doubled;           ///< shapes with an outline that was marked before, to the point
+
+    bool isEmpty() const
+    {
+        return outside.isEmpty() && withoutLength.isEmpty() && doubled.isEmpty();
+    }
+};
+
+/** What people call a shape: the name it was given, else its kind and its number, "rectangle 3". */
+QString shapeName(const ZTAbstractGraphicsItem &item);
+
+/**
+ * Sentences about findings, one for each kind that there is, in the language of the program; they
+ * name at most `kMostShapesNamed` shapes each.
+ */
+QStringList describeFindings(const MarkFindings &findings);
+constexpr int kMostShapesNamed = 10;
+
+/** The sentence about shapes outside the field; empty without any. */
+QString describeOutside(const MarkFindings &findings);
+
+} // namespace hostkit

@@ -1,0 +1,144 @@
+#include <hostkit/marks/MarkGraphBuilder.h>
+
+#include <hostkit/drawing/ItemExtras.h>
+#include <hostkit/marks/MarkCheck_p.h>
+#include <hostkit/marks/MarkOrder.h>
+#include <hostkit/setup/ProcessState.h>
+
+#include <QtCore/QElapsedTimer>
+
+#include <limits>
+
+namespace hostkit {
+
+namespace {
+
+MarkItems shapesOf(const QList<QGraphicsItem *> &candidates)
+{
+    MarkItems found;
+    for (QGraphicsItem *candidate : candidates) {
+        auto *item = dynamic_cast<ZTAbstractGraphicsItem *>(candidate);
+        if (item != nullptr && item->getShapeBase() != nullptr && isMarked(*item))
+            found.append(item);
+    }
+    return found;
+}
+
+std::unique_ptr<MarkCheck> checkOf(const ZTShapeManager &manager, const QRectF &fieldMm)
+{
+    const auto [scaleX, scaleY] = manager.getScale();
+    return std::make_unique<MarkCheck>(fieldMm, scaleX, scaleY);
+}
+
+QRectF endlessField()
+{
+    constexpr double kFarMm = std::numeric_limits<double>::max() / 4.0;
+    return {-kFarMm, -kFarMm, 2.0 * kFarMm, 2.0 * kFarMm};
+}
+
+/** Lets a sort kind hold for as long as it lives; shapes obey it when they are rebuilt. */
+class OrderHolds
+{
+public:
+    explicit OrderHolds(EShapeSortType order)
+    {
+        ZTPointSort::getInstance()->setShapeMarkSort(order);
+    }
+
+private:
+    ProcessStateGuard m_former;
+};
+
+} // namespace
+
+bool DrawingMarks::isWhole() const
+{
+    return graph.objects.size() == shapes && after.objects == before.objects &&
+           after.polylines == before.polylines && after.hatchSegments == before.hatchSegments;
+}
+
+MarkItems markedItems(const ZTGraphicsDocument &document)
+{
+    return shapesOf(document.itemMag()->scene()->items(Qt::DescendingOrder));
+}
+
+MarkItems selectedMarkedItems(const ZTGraphicsDocument &document)
+{
+    MarkItems selected;
+    for (ZTAbstractGraphicsItem *item : markedItems(document)) {
+        if (item->isSelected())
+            selected.append(item);
+    }
+    return selected;
+}
+
+MarkGraphBuilder::MarkGraphBuilder(const ZTGraphicsDocument &document, const MarkItems &items,
+                                   std::optional<EShapeSortType> order)
+    : MarkGraphBuilder(*document.itemMag(), items, order,
+                       checkOf(*document.itemMag(), QRectF(document.view()->getWorkArea())))
+{
+}
+
+MarkGraphBuilder::MarkGraphBuilder(ZTShapeManager &manager, const MarkItems &items,
+                                   std::optional<EShapeSortType> order)
+    : MarkGraphBuilder(manager, items, order, checkOf(manager, endlessField()))
+{
+}
+
+MarkGraphBuilder::MarkGraphBuilder(ZTShapeManager &manager, const MarkItems &items,
+                                   std::optional<EShapeSortType> order,
+                                   std::unique_ptr<MarkCheck> check)
+    : m_manager(manager), m_items(items.begin(), items.end()),
+      m_order(order.value_or(ZTPointSort::getInstance()->getShapeMarkSort())),
+      m_check(std::move(check))
+{
+    m_marks.units = MarkUnits::of(manager);
+    m_marks.shapes = m_items.size();
+    m_marks.graph.objects.reserve(m_items.size());
+}
+
+MarkGraphBuilder::~MarkGraphBuilder() = default;
+
+bool MarkGraphBuilder::work(int budgetMs)
+{
+    const OrderHolds order(m_order);
+    QElapsedTimer timer;
+    timer.start();
+    while (m_next < m_items.size()) {
+        if (ZTAbstractGraphicsItem *item = m_items[m_next++])
+            gather(*item);
+        if (timer.elapsed() >= budgetMs)
+            break;
+    }
+    return m_next < m_items.size();
+}
+
+void MarkGraphBuilder::gather(ZTAbstractGraphicsItem &item)
+{
+    ZTMarkObject object;
+    m_manager.genMarkObject(&item, item.getShapeBase(), object);
+    m_check->look(item, object);
+    m_marks.graph.rect |= object.rect;
+    m_marks.graph.objects.append(std::move(object));
+}
+
+DrawingMarks MarkGraphBuilder::take()
+{
+    const OrderHolds order(m_order);
+    m_marks.findings = std::move(m_check->findings);
+    m_marks.before = measureMarkPath(m_marks.graph, m_marks.units);
+    orderMarkGraph(&m_marks.graph);
+    m_marks.after = measureMarkPath(m_marks.graph, m_marks.units);
+    return std::move(m_marks);
+}
+
+ZTMarkGraph MarkGraphBuilder::takeUnordered() { return std::move(m_marks.graph); }
+
+DrawingMarks drawingMarks(const ZTGraphicsDocument &document, std::optional<EShapeSortType> order)
+{
+    MarkGraphBuilder builder(document, markedItems(document), order);
+    builder.work(std::numeric_limits<int>::max());
+    return builder.take();
+}
+
+} // namespace hostkit
