@@ -265,6 +265,13 @@ void VectorPath::close()
     closed = true;
 }
 
+void VectorPath::close(double withinMm)
+{
+    if (pieceCount() > 0 && distance(points.first(), points.last()) <= withinMm)
+        points.last() = points.first();
+    close();
+}
+
 int VectorPath::pieceCount() const
 {
     return kinds.isEmpty() ? std::max(0, points.size() - 1) : kinds.size();

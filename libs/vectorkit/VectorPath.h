@@ -52,6 +52,9 @@ public:
     /** Joins the end to the start; a straight line is added when they differ. */
     void close();
 
+    /** The same; an end at most this far from the start is put onto it. */
+    void close(double withinMm);
+
     bool isEmpty() const { return pieceCount() == 0; }
     bool isClosed() const { return closed; }
     bool isPolyline() const { return kinds.isEmpty(); }

@@ -18,6 +18,7 @@ CATALOGUES = {
     LIBS / "hostkit" / "resources" / "hostkit_zh.ts": [LIBS / "hostkit"],
     LIBS / "vectorkit" / "resources" / "vectorkit_zh.ts": [LIBS / "vectorkit"],
     LIBS / "codekit" / "resources" / "codekit_zh.ts": [LIBS / "codekit"],
+    LIBS / "jobkit" / "resources" / "jobkit_zh.ts": [LIBS / "jobkit"],
     LIBS / "studio" / "resources" / "studio_zh.ts": [LIBS / "studio", ROOT / "apps" / "studio"],
     ROOT / "apps" / "ztmark" / "resources" / "ztmark_zh.ts":
         [ROOT / "apps" / "ztmark"],

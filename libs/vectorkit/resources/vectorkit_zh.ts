@@ -16,10 +16,6 @@
         <translation>请在生成该文件的程序或驱动中选择 HP-GL。</translation>
     </message>
     <message>
-        <source>DXF drawings are not read.</source>
-        <translation>不读取 DXF 图形。</translation>
-    </message>
-    <message>
         <source>Drawings are read as HP-GL, SVG and DXF.</source>
         <translation>可读取 HP-GL、SVG 和 DXF 图形。</translation>
     </message>
@@ -422,6 +418,134 @@
     <message>
         <source>unknown command %1</source>
         <translation>未知命令 %1</translation>
+    </message>
+    <message>
+        <source>%1 with a value that is missing or wrong</source>
+        <translation>%1 缺少数值或数值有误</translation>
+    </message>
+    <message>
+        <source>It draws more than %1 lines and curves, the limit.</source>
+        <translation>图形的线段和曲线超过上限 %1。</translation>
+    </message>
+    <message>
+        <source>It is damaged: %1 of %2 entities have values that are missing or wrong.</source>
+        <translation>文件已损坏：%2 个图元中有 %1 个缺少数值或数值有误。</translation>
+    </message>
+    <message>
+        <source>Put what you need into the model space on visible layers, as lines, curves and texts, and save it again.</source>
+        <translation>请将需要的内容以线、曲线和文字的形式放入模型空间的可见图层，再重新保存。</translation>
+    </message>
+    <message>
+        <source>Save it again from the program that drew it.</source>
+        <translation>请在原绘图程序中重新保存。</translation>
+    </message>
+    <message>
+        <source>The file names its unit: it is %1 mm long.</source>
+        <translation>文件注明了单位：其长度为 %1 mm。</translation>
+    </message>
+    <message>
+        <source>The file names no unit; it says that it is metric, so millimetres are taken.</source>
+        <translation>文件未注明单位；文件标明为公制，故按毫米读取。</translation>
+    </message>
+    <message>
+        <source>The file names no unit; it says that it is not metric and is small, so inches are taken.</source>
+        <translation>文件未注明单位；文件标明非公制且尺寸较小，故按英寸读取。</translation>
+    </message>
+    <message>
+        <source>The file names no unit; it shows lengths in feet and inches, so inches are taken.</source>
+        <translation>文件未注明单位；文件以英尺和英寸显示长度，故按英寸读取。</translation>
+    </message>
+    <message>
+        <source>The file names no unit; it would be smaller than 1 mm, so inches are taken.</source>
+        <translation>文件未注明单位；按毫米将小于 1 mm，故按英寸读取。</translation>
+    </message>
+    <message>
+        <source>The file names no unit; millimetres are taken, as most drawings are in them.</source>
+        <translation>文件未注明单位；多数图形使用毫米，故按毫米读取。</translation>
+    </message>
+    <message>
+        <source>The unit was chosen.</source>
+        <translation>单位由用户选定。</translation>
+    </message>
+    <message>
+        <source>There is nothing in the drawing that can be read, only: %1.</source>
+        <translation>图形中没有可读取的内容，只有：%1。</translation>
+    </message>
+    <message>
+        <source>There is nothing in the drawing.</source>
+        <translation>图形中没有内容。</translation>
+    </message>
+    <message>
+        <source>arrow heads of leaders</source>
+        <translation>引线的箭头</translation>
+    </message>
+    <message>
+        <source>blocks that hold themselves, or too many in another</source>
+        <translation>包含自身或嵌套过深的图块</translation>
+    </message>
+    <message>
+        <source>blocks that stand in other files</source>
+        <translation>位于其他文件中的图块</translation>
+    </message>
+    <message>
+        <source>byte %1</source>
+        <translation>字节 %1</translation>
+    </message>
+    <message>
+        <source>dashed line types: drawn without gaps</source>
+        <translation>虚线线型：按实线绘制</translation>
+    </message>
+    <message>
+        <source>dimensions without a picture of theirs</source>
+        <translation>没有图形的尺寸标注</translation>
+    </message>
+    <message>
+        <source>entities of the kind %1</source>
+        <translation>类型为 %1 的图元</translation>
+    </message>
+    <message>
+        <source>inserts of a block that is missing</source>
+        <translation>引用了不存在的图块</translation>
+    </message>
+    <message>
+        <source>meshes of surfaces</source>
+        <translation>曲面网格</translation>
+    </message>
+    <message>
+        <source>patterns of hatches: their areas are filled</source>
+        <translation>填充图案：按区域填实</translation>
+    </message>
+    <message>
+        <source>points, which have no length to mark</source>
+        <translation>点（没有可标刻的长度）</translation>
+    </message>
+    <message>
+        <source>polylines of changing width: drawn as their middle line</source>
+        <translation>宽度变化的多段线：按中心线绘制</translation>
+    </message>
+    <message>
+        <source>texts stretched between two points: centred there</source>
+        <translation>在两点之间拉伸的文字：居中放置</translation>
+    </message>
+    <message>
+        <source>the end of the file is missing</source>
+        <translation>文件缺少结尾</translation>
+    </message>
+    <message>
+        <source>things made invisible</source>
+        <translation>设为不可见的对象</translation>
+    </message>
+    <message>
+        <source>things of the paper space</source>
+        <translation>图纸空间中的对象</translation>
+    </message>
+    <message>
+        <source>things on frozen layers</source>
+        <translation>冻结图层上的对象</translation>
+    </message>
+    <message>
+        <source>things on layers that are switched off</source>
+        <translation>关闭图层上的对象</translation>
     </message>
 </context>
 </TS>

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <jobkit/values/Pen.h>
+
+#include <QtCore/QLineF>
+#include <QtGui/QPolygonF>
+
+namespace jobkit {
+
+/**
+ * One hatch of an item: runs that are marked without a jump.
+ *
+ * Frame: millimetres, x to the right, y down, (0, 0) in the middle of the field.
+ */
+struct JobHatch
+{
+    int pen = 1;
+    int passes = 1;        ///< 1 to 1000; times those of the pen
+    bool isOneWay = false; ///< every run is marked in its own direction
+    QVector<QPolygonF> runsMm;
+};
+
+/** What a drawing's object gives to a job. Frame: as of `JobHatch`. */
+struct JobItem
+{
+    int object = 0;                ///< tells the caller which object it is
+    QString name;                  ///< for people; may be empty
+    int pen = 1;                   ///< of the outlines
+    QVector<QPolygonF> outlinesMm; ///< closed where the last point is the first; one point: a dot
+    QVector<JobHatch> hatches;     ///< at most 8
+    bool isSerialUsedUp = false;   ///< its text has no further number
+    QString missingCharacters;     ///< those of its text that the font does not have
+};
+
+/** One run of a job: the head marks it from its first point to its last. */
+struct PlanPiece
+{
+    QPolygonF pointsMm; ///< never empty; one point marks a dot
+    int object = 0;
+    int pen = 1;
+    int hatch = 0;           ///< 0: an outline; otherwise the hatch, counted from 1
+    int passes = 1;          ///< how often it is to be marked; 1 once the passes are laid out
+    int pass = 1;            ///< which of them this is
+    bool isOneWay = false;   ///< must not be reversed
+    bool isReversed = false; ///< runs against the drawing
+
+    /** Whether it ends where it began, so that it may begin at any of its points. */
+    bool isClosed() const;
+};
+
+/** A job in the order of marking. Frame: as of `JobHatch`. */
+struct JobPlan
+{
+    QVector<PlanPiece> pieces;
+
+    /** Length of what is marked, mm. */
+    double markLengthMm() const;
+    /** Length of the straight ways from piece to piece, mm; the way to the first is none. */
+    double jumpLengthMm() const;
+    /** Straight pieces that are marked. */
+    qint64 segmentCount() const;
+    /** Box of all points, mm; null when there is none. */
+    QRectF boundsMm() const;
+};
+
+/** What follows what where a piece is marked more than once. */
+enum class PassOrder : quint8 {
+    WholeJob,  ///< all pieces once, then all that have a second pass, and so on
+    EachObject ///< the outlines of an object, or one of its hatches, as often as they need, then on
+};
+
+/** The pen with this number, or a default one where the list has none. */
+Pen penOf(const QVector<Pen> &pens, int number);
+
+/**
+ * The pieces of the items in their order: of each item its outlines, then its hatches, each once
+ * with the number of its passes. What has a pen that is off is left out, and nothing else is: no
+ * run is torn, dropped or doubled. Polylines without a point are none.
+ */
+JobPlan planOf(const QVector<JobItem> &items, const QVector<Pen> &pens);
+
+/** Repeats the pieces that have several passes, each copy with its pass, counted from 1. */
+void layOutPasses(JobPlan *plan, PassOrder order);
+
+/**
+ * Runs of hatch lines: a line that begins exactly where the one before it ended goes on with its
+ * run. Every line is in one run, in its order and direction.
+ */
+QVector<QPolygonF> hatchRuns(const QVector<QLineF> &lines);
+
+} // namespace jobkit

@@ -1,0 +1,160 @@
+#include <jobkit/writers/JobForms_p.h>
+
+#include <hostkit/marks/NumberText.h>
+
+#include <QtCore/QSet>
+
+#include <algorithm>
+#include <cmath>
+
+namespace jobkit {
+
+namespace {
+
+constexpr int kLongText = 1 << 16;
+
+struct Extension
+{
+    const char *text;
+    JobForm form;
+};
+
+constexpr Extension kExtensions[] = {
+    {".nc", JobForm::Gcode},  {".gcode", JobForm::Gcode}, {".plt", JobForm::Hpgl},
+    {".hpgl", JobForm::Hpgl}, {".dxf", JobForm::Dxf},     {".svg", JobForm::Svg},
+    {".json", JobForm::Json}, {".csv", JobForm::Csv},
+};
+
+bool isFinite(const JobFile &job)
+{
+    for (const JobPlan &plan : job.parts) {
+        for (const PlanPiece &piece : plan.pieces) {
+            for (const QPointF &point : piece.pointsMm) {
+                if (!std::isfinite(point.x()) || !std::isfinite(point.y()))
+                    return false;
+            }
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+JobText &JobText::operator<<(const char *more)
+{
+    text.append(more);
+    flushIfLong();
+    return *this;
+}
+
+JobText &JobText::operator<<(const QByteArray &more)
+{
+    text.append(more);
+    flushIfLong();
+    return *this;
+}
+
+JobText &JobText::operator<<(int value)
+{
+    hostkit::appendWhole(text, value);
+    return *this;
+}
+
+JobText &JobText::number(double value, int decimals)
+{
+    hostkit::appendRounded(text, value, decimals);
+    return *this;
+}
+
+JobText &JobText::exact(double value)
+{
+    hostkit::appendShortest(text, value);
+    return *this;
+}
+
+void JobText::flushIfLong()
+{
+    if (text.size() < kLongText)
+        return;
+    isGood = device.write(text) == text.size() && isGood;
+    text.clear();
+}
+
+bool JobText::finish()
+{
+    isGood = device.write(text) == text.size() && isGood;
+    text.clear();
+    return isGood;
+}
+
+QByteArray plainText(const QString &text)
+{
+    QByteArray plain;
+    for (const QChar letter : text) {
+        const ushort code = letter.unicode();
+        plain.append(code >= 0x20 && code < 0x7f ? char(code) : '?');
+    }
+    return plain;
+}
+
+QVector<int> pensOf(const JobPlan &plan)
+{
+    QVector<int> numbers;
+    QSet<int> known;
+    for (const PlanPiece &piece : plan.pieces) {
+        if (known.contains(piece.pen))
+            continue;
+        known.insert(piece.pen);
+        numbers.append(piece.pen);
+    }
+    return numbers;
+}
+
+QStringList jobExtensions()
+{
+    QStringList names;
+    for (const Extension &extension : kExtensions)
+        names.append(QLatin1String(extension.text));
+    return names;
+}
+
+std::optional<JobForm> jobFormOf(const QString &path)
+{
+    for (const Extension &extension : kExtensions) {
+        if (path.endsWith(QLatin1String(extension.text), Qt::CaseInsensitive))
+            return extension.form;
+    }
+    return std::nullopt;
+}
+
+bool canPause(JobForm form) { return form == JobForm::Gcode; }
+
+bool writeJob(JobForm form, const JobFile &job, QIODevice &device)
+{
+    if (job.parts.isEmpty() || (job.parts.size() > 1 && !canPause(form)) || !isFinite(job))
+        return false;
+    JobText text(device);
+    switch (form) {
+    case JobForm::Gcode:
+        writeGcode(job, &text);
+        break;
+    case JobForm::Hpgl:
+        writeHpgl(job, &text);
+        break;
+    case JobForm::Dxf:
+        writeDxf(job, &text);
+        break;
+    case JobForm::Svg:
+        writeSvg(job, &text);
+        break;
+    case JobForm::Json:
+        writeJson(job, &text);
+        break;
+    case JobForm::Csv:
+        writeCsv(job, &text);
+        break;
+    }
+    return text.finish();
+}
+
+} // namespace jobkit

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <jobkit/plan/JobTimes.h>
+
+#include <QtCore/QStringList>
+
+QT_BEGIN_NAMESPACE
+class QIODevice;
+QT_END_NAMESPACE
+
+namespace jobkit {
+
+/** What a file of a job holds. The passes of its plans are laid out. */
+struct JobFile
+{
+    QVector<JobPlan> parts; ///< what is marked on each part; one in most forms
+    QVector<Pen> pens;
+    MachineProfile profile;
+    QString title;                 ///< for people: comments; may be empty
+    std::optional<QPointF> headMm; ///< where the head stands before, for the times in JSON and CSV
+};
+
+/** The extensions of machine files, with their points: ".nc", ".plt", ... */
+QStringList jobExtensions();
+
+/** The form that a file's name asks for by its extension, in any case; none for any other. */
+std::optional<JobForm> jobFormOf(const QString &path);
+
+/** Whether a form can hold several parts with a pause between them: G-code alone. */
+bool canPause(JobForm form);
+
+/**
+ * Writes a job in one of the forms of `docs/formats/job-files.md`, piece by piece.
+ *
+ * Whatever the plan: the laser is off during every jump and at every end of the file.
+ *
+ * Failure: false where the device does, where there are several parts and the form knows no pause,
+ * or where a coordinate is no number; then the file must not be kept.
+ */
+bool writeJob(JobForm form, const JobFile &job, QIODevice &device);
+
+} // namespace jobkit
