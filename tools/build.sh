@@ -10,7 +10,7 @@ cd "$top"
 mkdir -p build
 # Where the machine keeps a compiler cache: the same sources are known again in another folder.
 export CCACHE_BASEDIR=$top CCACHE_NOHASHDIR=1
-export CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+export CCACHE_SLOPPINESS=pch_defines,time_macros
 log=build/$preset.log
 echo "Building ($preset) ..."
 if ! { cmake --preset "$preset" "$@" && cmake --build --preset "$preset"; } >"$log" 2>&1; then

@@ -27,6 +27,7 @@ const std::map<std::string, EShapeSortType> kOrders{
     {"y-min", EShapeSortType::ShapeSortYFromMin}, {"y-max", EShapeSortType::ShapeSortYFromMax}};
 
 constexpr int kLabelWidth = 15;
+constexpr int kLeastDigits = 4; ///< of a part's number in a file name
 
 QString millimetres(double length)
 {
@@ -162,6 +163,19 @@ bool JobArguments::write(const ZTMarkGraph &graph, const std::vector<std::string
         written = false;
     }
     return written;
+}
+
+std::vector<std::string> JobArguments::outputsOfPart(int part, int parts) const
+{
+    std::vector<std::string> names = outputs;
+    if (parts == 1)
+        return names;
+    const int digits = std::max(kLeastDigits, QString::number(parts).size());
+    const std::string number =
+        '-' + QString::number(part).rightJustified(digits, QLatin1Char('0')).toStdString();
+    for (std::string &name : names)
+        name.insert(name.rfind('.'), number);
+    return names;
 }
 
 void JobArguments::warnOfEmptyHatch(const hostkit::MarkPathMeasure &measure) const

@@ -35,6 +35,10 @@ public:
                Progress &progress,
                const hostkit::MarkUnits &units = hostkit::MarkUnits::current()) const;
 
+    /** The outputs of part `part` of `parts`: of several, the number stands before the extension.
+     */
+    std::vector<std::string> outputsOfPart(int part, int parts) const;
+
     void warnOfEmptyHatch(const hostkit::MarkPathMeasure &measure) const;
     static void printSummary(const hostkit::MarkPathMeasure &before,
                              const hostkit::MarkPathMeasure &after);

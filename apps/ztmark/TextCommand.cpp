@@ -19,7 +19,6 @@ using usage::addValue;
 namespace {
 
 constexpr int kMaxParts = 10000;
-constexpr int kLeastDigits = 4;
 constexpr double kUsualLineSpacing = 0.3; // of the text height
 constexpr double kTopDeg = -90.0;
 constexpr int kMostCharactersNamed = 20;
@@ -332,18 +331,9 @@ bool TextCommand::hasEnoughValues() const
     return true;
 }
 
-/** The files of one part: with several parts, the number stands before the extension. */
 std::vector<std::string> TextCommand::outputsOf(int part) const
 {
-    if (count == 1)
-        return job.outputs;
-    const int digits = std::max(kLeastDigits, QString::number(count).size());
-    const std::string number =
-        '-' + QString::number(part).rightJustified(digits, QLatin1Char('0')).toStdString();
-    std::vector<std::string> names = job.outputs;
-    for (std::string &name : names)
-        name.insert(name.rfind('.'), number);
-    return names;
+    return job.outputsOfPart(part, count);
 }
 
 std::vector<std::string> TextCommand::allOutputs() const

@@ -1,3 +1,4 @@
+#include "CodeCommand.h"
 #include "ConvertCommand.h"
 #include "FontCommand.h"
 #include "InfoCommand.h"
@@ -26,6 +27,7 @@ static void initializeCatalogues()
     Q_INIT_RESOURCE(ztmark_zh);
     Q_INIT_RESOURCE(hostkit_zh);
     Q_INIT_RESOURCE(vectorkit_zh);
+    Q_INIT_RESOURCE(codekit_zh);
 }
 
 int main(int argc, char **argv)
@@ -36,7 +38,8 @@ int main(int argc, char **argv)
     const QApplication application(onlyName, argv);
     initializeCatalogues();
     language::choose(argc, argv,
-                     {QStringLiteral("ZTDrawEngineLib_zh"), QStringLiteral("hostkit_zh"), QStringLiteral("vectorkit_zh"),
+                     {QStringLiteral("ZTDrawEngineLib_zh"), QStringLiteral("hostkit_zh"),
+                      QStringLiteral("vectorkit_zh"), QStringLiteral("codekit_zh"),
                       QStringLiteral("ztmark_zh")});
     hostkit::registerFactories();
 
@@ -45,6 +48,7 @@ int main(int argc, char **argv)
         Texts::tr("Turns drawings, plotter drawings and texts into hatched, ordered mark paths."));
     line.add<MarkCommand>();
     line.add<TextCommand>();
+    line.add<CodeCommand>();
     line.add<FontCommand>();
     line.add<InfoCommand>();
     line.add<RenderCommand>();

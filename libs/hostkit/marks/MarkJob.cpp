@@ -20,4 +20,30 @@ bool buildMarkJob(const std::vector<std::unique_ptr<DrawingInput>> &drawings,
     return MarkLayout::build(options, addAll, result, error);
 }
 
+bool buildPathJob(const std::vector<QPainterPath> &drawingsMm, const MarkJobOptions &options,
+                  MarkJobResult *result, MarkJobError *error)
+{
+    // A name that is nothing but its ending is opened by nobody.
+    const QString noFile = QStringLiteral(".plt");
+    const auto addPath = [&noFile](MarkLayout &layout, const QPainterPath &path) {
+        ZTVecGraphItemFactory::getInstance()->setPath(noFile);
+        return layout.add(ShapeType::VecGraph, [&](ZTAbstractGraphicsItem &item) {
+            const QPointF corner = path.boundingRect().topLeft();
+            static_cast<ZTVecGraph &>(*item.getShapeBase())
+                .setDrawing(path.translated(-corner), noFile);
+        });
+    };
+    for (std::size_t drawing = 0; drawing < drawingsMm.size(); ++drawing) {
+        if (drawingsMm[drawing].length() > 0.0)
+            continue;
+        *error = {static_cast<int>(drawing), MarkLayout::tr("there is nothing to mark")};
+        return false;
+    }
+    const auto addAll = [&](MarkLayout &layout) {
+        return std::all_of(drawingsMm.begin(), drawingsMm.end(),
+                           [&](const QPainterPath &path) { return addPath(layout, path); });
+    };
+    return MarkLayout::build(options, addAll, result, error);
+}
+
 } // namespace hostkit

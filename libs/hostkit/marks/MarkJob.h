@@ -3,6 +3,8 @@
 #include <hostkit/marks/DrawingInput.h>
 #include <hostkit/marks/MarkPathMeasure.h>
 
+#include <QtGui/QPainterPath>
+
 #include <functional>
 #include <vector>
 
@@ -62,5 +64,14 @@ struct MarkJobError
  */
 bool buildMarkJob(const std::vector<std::unique_ptr<DrawingInput>> &drawings,
                   const MarkJobOptions &options, MarkJobResult *result, MarkJobError *error);
+
+/**
+ * The same for drawings that are paths already, at their true size.
+ *
+ * Frame: millimetres, y down; the box of each drawing comes to its place in the row.
+ * Failure, limits: as above, and false for a drawing without any length.
+ */
+bool buildPathJob(const std::vector<QPainterPath> &drawingsMm, const MarkJobOptions &options,
+                  MarkJobResult *result, MarkJobError *error);
 
 } // namespace hostkit

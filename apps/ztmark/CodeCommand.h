@@ -1,0 +1,61 @@
+#pragma once
+
+#include "JobArguments.h"
+
+#include <codekit/CodeMarks.h>
+#include <common/Command.h>
+
+#include <optional>
+
+/** `ztmark code`: QR, Data Matrix and bar codes, one part or many with values of their own. */
+class CodeCommand final : public console::Command
+{
+    Q_DECLARE_TR_FUNCTIONS(CodeCommand)
+
+public:
+    explicit CodeCommand(CLI::App &app);
+
+    int run() override;
+
+private:
+    /** Where the text for people stands. */
+    enum class HumanText { None, Above, Below };
+
+    /** One part, ready to be marked. */
+    struct Part
+    {
+        codekit::CodeSymbol symbol;
+        codekit::CodeMarks marks;
+        QPainterPath path; ///< code and text, millimetres
+    };
+
+    void addContent();
+    void addSize();
+    void addForm();
+    void addSerial();
+    void checkTogether();
+    void readContent();
+    void listKinds() const;
+    bool encodeParts(std::vector<Part> *parts);
+    bool makePart(const QString &content, Part *part, QString *reason);
+    void addHumanText(Part *part) const;
+    bool markPart(const Part &part, int number, hostkit::MarkJobResult *result, Progress &progress);
+    bool verify(const Part &part, const ZTMarkGraph &graph) const;
+    void printSummary(const Part &part, const hostkit::MarkJobResult &result) const;
+
+    JobArguments job;
+    bool wantsList = false;
+    std::string symbology;
+    CLI::Option *typed = nullptr;  ///< the content as it was typed; owned by the command
+    CLI::Option *serial = nullptr; ///< owned by the command
+    codekit::CodeSpec spec;
+    codekit::CodeForm form;
+    std::optional<double> widthMm;
+    HumanText humanText = HumanText::None;
+    double textHeightMm = 2.0;
+    ZTVariantText content;
+    ZTCounterSegment counter;
+    int parts = 1;
+    bool wantsVerify = false;
+    double beamMm = 0.0; ///< 0: as wide as the hatch's spacing
+};
