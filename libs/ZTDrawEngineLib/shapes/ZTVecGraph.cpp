@@ -72,9 +72,7 @@ void ZTVecGraph::setImagePath(const QString &path)
     if (path.compare(QLatin1String(".plt"), Qt::CaseInsensitive) == 0)
         return;
     imageKind = 1;
-    // A drawing that came from no file has none to read, and that is no failure to tell of.
-    if (!imagePath.isEmpty())
-        reader.load(imagePath);
+    reader.load(imagePath);
     setUpdate(1);
 }
 

@@ -209,20 +209,6 @@ private Q_SLOTS:
         QCOMPARE(graph.polygonsMm(), steep());
     }
 
-    void setImagePath_noFile_keepsTheFormerDrawingInSilence()
-    {
-        Graph graph;
-        graph.setImagePath(file("a.plt", "PU0 0;\nPD1 4;\n"));
-        graph.paint();
-        testsupport::WarningGuard warnings;
-        graph.setImagePath(QString());
-        QCOMPARE(warnings.take(), QStringList());
-        QVERIFY(graph.getImagePath().isEmpty());
-        QVERIFY(graph.isUpdate());
-        graph.paint();
-        QCOMPARE(graph.polygonsMm(), steep());
-    }
-
     void setImagePath_nothingToDraw_keepsTheFormerDrawingInSilence_data()
     {
         QTest::addColumn<QByteArray>("content");
