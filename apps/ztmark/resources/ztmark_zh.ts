@@ -73,14 +73,196 @@
     </message>
 </context>
 <context>
-    <name>Console</name>
+    <name>CodeCommand</name>
     <message>
-        <source>standard output</source>
-        <translation>标准输出</translation>
+        <source>Make a QR, Data Matrix or bar code</source>
+        <translation>生成 QR 码、Data Matrix 或一维条码</translation>
     </message>
     <message>
-        <source>cannot be written</source>
-        <translation>无法写入</translation>
+        <source>In the content, {serial} or {} is the place of the serial number and {date} or
+{date:yyyy-MM-dd} that of the date; \n is a line feed, \\ a backslash, \{ a brace.
+A content that the symbology cannot hold is refused, and nothing is written.
+
+Examples:
+  ztmark code datamatrix SN-0001 --module 0.5mm --hatch line --spacing 0.05mm -o sn.svg
+  ztmark code ean13 400638133393 --text below --hatch line --spacing 0.05mm -o ean.svg
+  ztmark code qr &quot;SN-{serial}&quot; --serial start=1,width=4 --parts 50 -o sn.json
+  ztmark code --list</source>
+        <translation>内容中，{serial} 或 {} 是序列号的位置，{date} 或 {date:yyyy-MM-dd} 是日期的位置；
+\n 表示换行，\\ 表示反斜杠，\{ 表示花括号。
+码制无法容纳的内容会被拒绝，并且不写出任何文件。
+
+示例：
+  ztmark code datamatrix SN-0001 --module 0.5mm --hatch line --spacing 0.05mm -o sn.svg
+  ztmark code ean13 400638133393 --text below --hatch line --spacing 0.05mm -o ean.svg
+  ztmark code qr &quot;SN-{serial}&quot; --serial start=1,width=4 --parts 50 -o sn.json
+  ztmark code --list</translation>
+    </message>
+    <message>
+        <source>Kind of code, as --list tells</source>
+        <translation>码制，见 --list</translation>
+    </message>
+    <message>
+        <source>What the code holds</source>
+        <translation>条码的内容</translation>
+    </message>
+    <message>
+        <source>Tell all symbologies and what each can hold</source>
+        <translation>列出所有码制及各自可容纳的内容</translation>
+    </message>
+    <message>
+        <source>Width of a module, the narrowest bar</source>
+        <translation>模块的宽度，即最窄条的宽度</translation>
+    </message>
+    <message>
+        <source>Width of the code without its quiet zone</source>
+        <translation>条码的宽度，不含静区</translation>
+    </message>
+    <message>
+        <source>Height of the bars of a bar code</source>
+        <translation>一维条码中条的高度</translation>
+    </message>
+    <message>
+        <source>Error correction, 1 to 4 in QR and Aztec, 1 to 9 in PDF417</source>
+        <translation>纠错等级，QR 和 Aztec 为 1 到 4，PDF417 为 1 到 9</translation>
+    </message>
+    <message>
+        <source>Size by its number in the symbology; else the smallest</source>
+        <translation>按码制中的编号选择尺寸；缺省取最小</translation>
+    </message>
+    <message>
+        <source>A Data Matrix that is not square</source>
+        <translation>非正方形的 Data Matrix</translation>
+    </message>
+    <message>
+        <source>Add the check digit that Code 39, Codabar and i25 may have</source>
+        <translation>加上 Code 39、Codabar 和 i25 可选的校验位</translation>
+    </message>
+    <message>
+        <source>What is marked: merged (outlines of dark areas), squares, dots, bars
+or lines</source>
+        <translation>标刻方式：merged（深色区域的轮廓）、squares、dots、bars
+或 lines</translation>
+    </message>
+    <message>
+        <source>Mark what is light, for dark material</source>
+        <translation>标刻浅色部分，用于深色材料</translation>
+    </message>
+    <message>
+        <source>Width of the beam, taken off each dark area</source>
+        <translation>光束宽度，从每个深色区域中减去</translation>
+    </message>
+    <message>
+        <source>Text for people: none, above or below the code</source>
+        <translation>供人识读的文字：none 无、above 在码上方或 below 在码下方</translation>
+    </message>
+    <message>
+        <source>Height of its capital letters</source>
+        <translation>其大写字母的高度</translation>
+    </message>
+    <message>
+        <source>Read the code back from its marks; what reads otherwise fails</source>
+        <translation>从标刻结果回读条码；读出内容不符即失败</translation>
+    </message>
+    <message>
+        <source>Width of the beam for --verify; else the spacing of the hatch</source>
+        <translation>--verify 所用的光束宽度；缺省为填充间距</translation>
+    </message>
+    <message>
+        <source>Serial number: start=1,step=1,last=99,width=4,base=10 or some of them</source>
+        <translation>序列号：start=1,step=1,last=99,width=4,base=10 或其中几项</translation>
+    </message>
+    <message>
+        <source>Write so many parts, 1 to 10000, each with its own number</source>
+        <translation>写出的份数，1 到 10000，每份有自己的序列号</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no symbology, ztmark code --list tells them</source>
+        <translation>“%1”不是码制，可用 ztmark code --list 查看</translation>
+    </message>
+    <message>
+        <source>cannot be given together with --module</source>
+        <translation>不能与 --module 同时给出</translation>
+    </message>
+    <message>
+        <source>codes have their size by --module or --width</source>
+        <translation>条码的尺寸由 --module 或 --width 决定</translation>
+    </message>
+    <message>
+        <source>all parts would be the same without --serial or {serial}</source>
+        <translation>没有 --serial 或 {serial}，所有份都会相同</translation>
+    </message>
+    <message>
+        <source>has more than %1 places</source>
+        <translation>有超过 %1 个位置</translation>
+    </message>
+    <message>
+        <source>the serial number ends after part %1 of %2</source>
+        <translation>序列号在第 %1 份后用完，需要 %2 份</translation>
+    </message>
+    <message>
+        <source>part %1, &quot;%2&quot;: %3</source>
+        <translation>第 %1 份，“%2”：%3</translation>
+    </message>
+    <message>
+        <source>part %1 of %2</source>
+        <translation>第 %1 份，共 %2 份</translation>
+    </message>
+    <message>
+        <source>there is no reader for %1 to verify it</source>
+        <translation>没有可验证 %1 的识读程序</translation>
+    </message>
+    <message>
+        <source>the marks read as nothing: try a larger module or a closer hatch</source>
+        <translation>标刻结果无法读出：请用更大的模块或更密的填充</translation>
+    </message>
+    <message>
+        <source>the marks read as nothing: outlines alone are no code, give --hatch</source>
+        <translation>标刻结果无法读出：只有轮廓不成条码，请给出 --hatch</translation>
+    </message>
+    <message>
+        <source>the code is mirrored</source>
+        <translation>条码是镜像的</translation>
+    </message>
+    <message>
+        <source>the marks read as &quot;%1&quot;, not as &quot;%2&quot;</source>
+        <translation>标刻结果读作“%1”，而不是“%2”</translation>
+    </message>
+    <message>
+        <source>Code:</source>
+        <translation>条码：</translation>
+    </message>
+    <message>
+        <source>%1, %2 x %3 modules</source>
+        <translation>%1，%2 x %3 个模块</translation>
+    </message>
+    <message>
+        <source>Parts:</source>
+        <translation>份数：</translation>
+    </message>
+    <message>
+        <source>Verified:</source>
+        <translation>已验证：</translation>
+    </message>
+    <message>
+        <source>Reads:</source>
+        <translation>内容：</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <translation>尺寸：</translation>
+    </message>
+    <message>
+        <source>%1 x %2 mm</source>
+        <translation>%1 x %2 mm</translation>
+    </message>
+    <message>
+        <source>Module:</source>
+        <translation>模块：</translation>
+    </message>
+    <message>
+        <source>%1 mm</source>
+        <translation>%1 mm</translation>
     </message>
 </context>
 <context>
@@ -111,16 +293,8 @@ Examples:
   ztmark convert old.ztd -o new.ztd</translation>
     </message>
     <message>
-        <source>Plotter drawings, - reads standard input; or one drawing, .ztd</source>
-        <translation>绘图仪图纸，- 表示读取标准输入；或一个图纸 .ztd</translation>
-    </message>
-    <message>
         <source>The drawing, .ztd</source>
         <translation>图纸文件 .ztd</translation>
-    </message>
-    <message>
-        <source>a drawing is converted alone, without other files</source>
-        <translation>图纸只能单独转换，不能与其他文件一起</translation>
     </message>
     <message>
         <source>writing %1</source>
@@ -615,29 +789,14 @@ x-min、x-max、y-min、y-max</translation>
     </message>
 </context>
 <context>
-    <name>Language</name>
-    <message>
-        <source>Language of help and messages, en or zh; else the environment&#x27;s</source>
-        <translation>帮助和消息的语言，en 或 zh；缺省由环境决定</translation>
-    </message>
-</context>
-<context>
     <name>MarkCommand</name>
     <message>
         <source>Enlarge the drawings, 0.001 to 1000</source>
         <translation>放大图纸，0.001 到 1000</translation>
     </message>
     <message>
-        <source>Plotter drawings, - reads standard input; or one drawing, .ztd</source>
-        <translation>绘图仪图纸，- 表示读取标准输入；或一个图纸 .ztd</translation>
-    </message>
-    <message>
         <source>Turn a drawing or plotter drawings into ordered mark paths</source>
         <translation>把图纸或绘图仪图纸变成有序的标刻路径</translation>
-    </message>
-    <message>
-        <source>a drawing is marked alone, without other files</source>
-        <translation>图纸只能单独标刻，不能与其他文件一起</translation>
     </message>
     <message>
         <source>not for a drawing, which has its own layout and hatch</source>
@@ -646,10 +805,6 @@ x-min、x-max、y-min、y-max</translation>
     <message>
         <source>ordering</source>
         <translation>正在排序</translation>
-    </message>
-    <message>
-        <source>warning: the order leaves shapes out: it ends at the first one without an outline; --order none marks all</source>
-        <translation>警告：该顺序漏掉了图形：排序在第一个没有轮廓的图形处终止；--order none 标刻全部图形</translation>
     </message>
     <message>
         <source>Lengths take mm (the default), cm or in: 0.5, 0.5mm, 2cm, 1in. Angles are degrees,
@@ -689,33 +844,6 @@ SVG 和 DXF 图形、其他方言的绘图仪图纸，以及使用 --size、--wi
     <message>
         <source>not for drawings that come in at true size</source>
         <translation>不适用于按真实尺寸导入的图形</translation>
-    </message>
-    <message>
-        <source>Lengths take mm (the default), cm or in: 0.5, 0.5mm, 2cm, 1in. Angles are degrees,
-clockwise. A plotter drawing is imported 20 mm high. Several stand side by side, a gap
-apart, each one object.
-
-Limits: drawings of 256 MiB, 1,000,000 objects, 1,000,000 hatch lines over a drawing,
-20,000,000 points and hatch segments in all.
-
-A drawing, .ztd, is marked as it was saved, in its own order unless --order says another.
-Options that lay out, hatch, scale or turn plotter drawings are not for it.
-
-Examples:
-  ztmark mark plate.ztd -o plate.json
-  ztmark mark logo.plt --hatch zigzag --spacing 0.3mm --angle 45 -o logo.svg</source>
-        <translation>长度单位为 mm（缺省）、cm 或 in：0.5、0.5mm、2cm、1in。角度以度为单位，顺时针为正。
-绘图仪图纸导入后高 20 mm。多个图纸并排放置，相隔一个间距，各为一个对象。
-
-上限：绘图仪图纸 256 MiB，1,000,000 个对象，一个图纸 1,000,000 条填充线，
-总共 20,000,000 个点和填充线段。
-
-图纸 .ztd 按保存时的样子标刻，除非用 --order 另行指定，否则按其自身的顺序。
-布局、填充、缩放或旋转绘图仪图纸的选项对它不适用。
-
-示例：
-  ztmark mark plate.ztd -o plate.json
-  ztmark mark logo.plt --hatch zigzag --spacing 0.3mm --angle 45 -o logo.svg</translation>
     </message>
     <message>
         <source>warning: %1</source>
@@ -767,10 +895,6 @@ Examples:
 </context>
 <context>
     <name>PlotterFiles</name>
-    <message>
-        <source>standard input can be read only once</source>
-        <translation>标准输入只能读取一次</translation>
-    </message>
     <message>
         <source>warning: %1</source>
         <translation>警告：%1</translation>
@@ -880,12 +1004,6 @@ Examples:
     <message>
         <source>&quot;%1&quot; names no font</source>
         <translation>“%1”没有字体名称</translation>
-    </message>
-    <message>
-        <source>Text height: the width of &quot;W&quot; and of a Chinese character in stroke
-fonts, the em of a system font</source>
-        <translation>文字高度：单线字体中为“W”和汉字的宽度，
-系统字体中为字身高度</translation>
     </message>
     <message>
         <source>Space added between characters</source>
@@ -999,80 +1117,6 @@ base 也可以是 16 和 26（字母）。没有给出位置时放在最后一�
 </context>
 <context>
     <name>ztmark</name>
-    <message>
-        <source>Usage</source>
-        <translation>用法</translation>
-    </message>
-    <message>
-        <source>Positionals</source>
-        <translation>位置参数</translation>
-    </message>
-    <message>
-        <source>REQUIRED</source>
-        <translation>必需</translation>
-    </message>
-    <message>
-        <source>OPTIONS</source>
-        <translation>选项</translation>
-    </message>
-    <message>
-        <source>SUBCOMMAND</source>
-        <translation>子命令</translation>
-    </message>
-    <message>
-        <source>Print this help message and exit</source>
-        <translation>显示帮助并退出</translation>
-    </message>
-    <message>
-        <source>Display program version information and exit</source>
-        <translation>显示版本并退出</translation>
-    </message>
-    <message>
-        <source>Options</source>
-        <translation>选项</translation>
-    </message>
-    <message>
-        <source>Subcommands</source>
-        <translation>子命令</translation>
-    </message>
-    <message>
-        <source>%1 or %2</source>
-        <translation>%1 或 %2</translation>
-    </message>
-    <message>
-        <source>, </source>
-        <translation>、</translation>
-    </message>
-    <message>
-        <source>a command is missing: %1</source>
-        <translation>缺少命令：%1</translation>
-    </message>
-    <message>
-        <source>unknown command &quot;%1&quot;: %2</source>
-        <translation>未知命令“%1”：%2</translation>
-    </message>
-    <message>
-        <source>unknown argument %1</source>
-        <translation>未知参数 %1</translation>
-    </message>
-    <message>
-        <source>%1: its value is missing</source>
-        <translation>%1：缺少值</translation>
-    </message>
-    <message>
-        <source>%1 is missing</source>
-        <translation>缺少 %1</translation>
-    </message>
-    <message>
-        <source>%1 (see %2 --help)</source>
-        <translation>%1（见 %2 --help）</translation>
-    </message>
-    <message>
-        <source>Exit codes: 0 done, 1 failed work, 2 wrong usage.
-ztmark COMMAND --help tells more about a command.</source>
-        <translation>退出码：0 完成，1 工作失败，2 用法错误。
-ztmark COMMAND --help 说明各个命令。</translation>
-    </message>
     <message>
         <source>Turns drawings, plotter drawings and texts into hatched, ordered mark paths.</source>
         <translation>把图纸、绘图仪图纸和文字变成带填充的有序标刻路径。</translation>

@@ -80,6 +80,10 @@
 <context>
     <name>hostkit::MarkLayout</name>
     <message>
+        <source>there is nothing to mark</source>
+        <translation>没有可标刻的内容</translation>
+    </message>
+    <message>
         <source>too much work: %1 %2, the limit is %3</source>
         <translation>工作量过大：%1 %2，上限为 %3</translation>
     </message>
