@@ -19,6 +19,7 @@ private Q_SLOTS:
         row("", "help.txt");
         row("mark", "help-mark.txt");
         row("text", "help-text.txt");
+        row("code", "help-code.txt");
         row("font", "help-font.txt");
         row("font list", "help-font-list.txt");
         row("font info", "help-font-info.txt");
@@ -28,6 +29,7 @@ private Q_SLOTS:
         row("convert", "help-convert.txt");
         row("--language zh", "help-zh.txt");
         row("text --language=zh", "help-text-zh.txt");
+        row("code --language=zh", "help-code-zh.txt");
     }
 
     void help_isComplete()
@@ -42,8 +44,9 @@ private Q_SLOTS:
 
     void version_isToldEverywhere()
     {
-        for (const char *command : {"--version", "mark --version", "info --version",
-                                    "text --version", "font --version", "font sheet --version"}) {
+        for (const char *command :
+             {"--version", "mark --version", "info --version", "text --version", "code --version",
+              "font --version", "font sheet --version"}) {
             const ZtmarkRun run = runZtmark(words(command), QDir::tempPath());
             QCOMPARE(run.out, QStringLiteral("ztmark " ZT_VERSION "\n"));
             QCOMPARE(run.err, QString());
@@ -59,10 +62,10 @@ private Q_SLOTS:
             QTest::newRow(*arguments == '\0' ? "nothing" : arguments)
                 << QString::fromUtf8(arguments) << QString::fromUtf8(complaint);
         };
-        row("",
-            "a command is missing: mark, text, font, info, render or convert (see ztmark --help)");
-        row("print", "unknown command \"print\": mark, text, font, info, render or convert (see "
-                     "ztmark --help)");
+        row("", "a command is missing: mark, text, code, font, info, render or convert (see ztmark "
+                "--help)");
+        row("print", "unknown command \"print\": mark, text, code, font, info, render or convert "
+                     "(see ztmark --help)");
         row("font", "a command is missing: list, info or sheet (see ztmark font --help)");
         row("font show", "unknown command \"show\": list, info or sheet (see ztmark font --help)");
         row("font info", "FILE is missing (see ztmark font info --help)");

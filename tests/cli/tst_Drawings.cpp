@@ -273,7 +273,7 @@ private Q_SLOTS:
         QCOMPARE(run.err, QString());
         QCOMPARE(run.exitCode, 0);
         const QStringList expected{
-            QStringLiteral("Format:            drawing, version 1\n"
+            QStringLiteral("Format:            drawing, version 2\n"
                            "Saved by:          samples\n"
                            "Saved at:          2024-02-29 12:00:00 UTC\n"
                            "Reference screen:  1600 x 900 px, 343.126 x 193 mm, ratio 1\n"
@@ -333,7 +333,9 @@ private Q_SLOTS:
         QTest::addColumn<QString>("reason");
         const QByteArray whole = bytesOf(sample(QStringLiteral("plate")));
         QByteArray flipped = whole;
-        const int place = whole.indexOf("STRM") + 100;
+        const int items = whole.indexOf("ITEM");
+        QVERIFY(items > 0);
+        const int place = items + 100;
         flipped[place] = static_cast<char>(flipped[place] ^ 1);
         QTest::newRow("empty") << QByteArray() << QStringLiteral("not readable: it is empty");
         QTest::newRow("foreign") << kCorner << QStringLiteral("not readable: it is not a drawing");
@@ -343,7 +345,7 @@ private Q_SLOTS:
                                     .arg(whole.size());
         QTest::newRow("changed") << flipped
                                  << QStringLiteral("not readable: the drawing is damaged: section "
-                                                   "STRM does not match its checksum");
+                                                   "ITEM does not match its checksum");
     }
     void badFile_isRefusedInOneLine()
     {

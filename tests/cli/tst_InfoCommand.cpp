@@ -69,9 +69,26 @@ private Q_SLOTS:
         QCOMPARE(run.exitCode, 0);
     }
 
+    void dialectOfCommas_isDescribedAtTrueSize()
+    {
+        // One pen stroke of 100 units, 0.025 mm each.
+        const ZtmarkRun run = info(QStringLiteral("commas.plt"));
+        QCOMPARE(run.out,
+                 QStringLiteral("Format:            HP-GL\n"
+                                "Unit:              0.025 mm. A plotter's unit is 0.025 mm.\n"
+                                "Size:              2.5 x 0 mm\n"
+                                "Layer:             \"\", 1 shapes, 0 texts\n"
+                                "Pens:              1\n"
+                                "Outlines:          0 closed, 1 open\n"
+                                "Pieces:            1 lines, 0 arcs, 0 curves\n"
+                                "Texts:             0\n"));
+        QCOMPARE(run.err, QString());
+        QCOMPARE(run.exitCode, 0);
+    }
+
     void fileWithNothingToDraw_isDescribedAndFails()
     {
-        const ZtmarkRun run = info(QStringLiteral("commas.plt"));
+        const ZtmarkRun run = info(QStringLiteral("pointless.plt"));
         QCOMPARE(run.out, QStringLiteral("Lines:             2\n"
                                          "Pen-up lines:      1\n"
                                          "Pen-down lines:    1\n"
@@ -79,11 +96,11 @@ private Q_SLOTS:
                                          "Polylines:         0\n"
                                          "Skipped lines:     0\n"
                                          "Ill-formed lines:  2\n"
-                                         "  line 1: no point in \"PU0,0;\"\n"
-                                         "  line 2: no point in \"PD100,0;\"\n"));
+                                         "  line 1: no point in \"PU?;\"\n"
+                                         "  line 2: no point in \"PDx;\"\n"));
         QCOMPARE(run.err,
-                 QStringLiteral("ztmark: commas.plt: no plotter drawing: not one PU or PD line "
-                                "with a point (line 1: no point in \"PU0,0;\")\n"));
+                 QStringLiteral("ztmark: pointless.plt: no plotter drawing: not one PU or PD line "
+                                "with a point (line 1: no point in \"PU?;\")\n"));
         QCOMPARE(run.exitCode, 1);
     }
 

@@ -93,7 +93,7 @@ private Q_SLOTS:
         folder.reset(new QTemporaryDir);
         QVERIFY(folder->isValid());
         for (const char *name : {"corner.plt", "frame.plt", "half.plt", "commas.plt", "flat.plt",
-                                 "text.plt", "empty.plt", "binary.plt"})
+                                 "text.plt", "empty.plt", "binary.plt", "pointless.plt"})
             copyCliData(QString::fromLatin1(name), folder->path());
     }
 
@@ -181,6 +181,17 @@ private Q_SLOTS:
         }
     }
 
+    void dialectOfCommas_isMarkedAtTrueSize()
+    {
+        // One stroke of 100 units of 0.025 mm each, which are 12.5 marks.
+        expect(mark("commas.plt -o a.json"), summary(1, 1, 0, "2.500 mm", kNoJumps));
+        const QJsonObject graph = parsed(written("a.json")).toObject();
+        const QJsonObject object = graph.value(QLatin1String("objects")).toArray().at(0).toObject();
+        const QJsonArray stroke{QJsonArray{0, 0}, QJsonArray{1250, 0}};
+        QCOMPARE(difference(object.value(QLatin1String("polylines")), QJsonArray{stroke}, {}),
+                 QString());
+    }
+
     void severalDrawings_giveSeveralObjects()
     {
         // From the corner's upper right to the frame's lower left, 2 mm on and 20 mm down.
@@ -251,8 +262,9 @@ private Q_SLOTS:
         row("binary.plt", "binary.plt: holds binary data, not a plotter drawing");
         row("flat.plt", "flat.plt: nothing to draw: all points lie at one height");
         row("text.plt", "text.plt: no plotter drawing: not one PU or PD line with a point");
-        row("commas.plt", "commas.plt: no plotter drawing: not one PU or PD line with a point "
-                          "(line 1: no point in \"PU0,0;\")");
+        row("pointless.plt",
+            "pointless.plt: no plotter drawing: not one PU or PD line with a point "
+            "(line 1: no point in \"PU?;\")");
         row("corner.plt none.plt", "none.plt: no such file");
         row("/dev/zero", "/dev/zero: holds binary data, not a plotter drawing");
         row("corner.plt -o none/b.svg", "none/b.svg: the folder does not exist");
