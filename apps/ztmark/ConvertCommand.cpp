@@ -122,7 +122,7 @@ int ConvertCommand::importForeignFiles(Progress &progress)
         progress.finish();
         return console::Failed;
     }
-    const int code = save(document, {}, progress);
+    const int code = save(document, progress);
     return isWhole ? code : console::Failed;
 }
 

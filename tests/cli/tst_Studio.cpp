@@ -1,3 +1,5 @@
+#include <hostkit/drawing/DrawingFile.h>
+
 #include <QtCore/QDateTime>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -68,15 +70,16 @@ private Q_SLOTS:
         QCOMPARE(exitCode, 0);
         const QString base = out() + QLatin1Char('/') + QFileInfo(drawing).completeBaseName();
         const QByteArray recovered = contentOf(base + QStringLiteral(".svg"));
-        run({QStringLiteral("--headless"), QStringLiteral("--out"), out(), plotterFile()});
-        QCOMPARE(recovered, contentOf(out() + QStringLiteral("/drawing.svg")));
+        run({QStringLiteral("--headless"), QStringLiteral("--out"), out(),
+             QStringLiteral("--sample")});
+        QCOMPARE(recovered, contentOf(out() + QStringLiteral("/sample.svg")));
         QVERIFY(recovered.contains("<path"));
     }
 
     void headless_withShapesOutsideTheWorkArea_marksThemOnlyIfToldSo()
     {
-        // Imports are 20 mm high; this one is 800 mm wide.
-        const QString drawing = write("PU0 0;\nPD4000 0;\nPD4000 100;\n");
+        // 40 units are 1 mm: 800 mm wide.
+        const QString drawing = write("PU0 0;\nPD32000 0;\nPD32000 800;\n");
         const QString paths = out() + QStringLiteral("/drawing.svg");
         run({QStringLiteral("--headless"), QStringLiteral("--out"), out(), drawing});
         QCOMPARE(exitCode, 1);
@@ -124,7 +127,7 @@ private Q_SLOTS:
         QCOMPARE(columns[0], QStringLiteral("Unsaved drawing"));
         const QDateTime savedAt = QDateTime::fromString(columns[1], Qt::ISODate);
         QVERIFY(qAbs(savedAt.secsTo(QDateTime::currentDateTimeUtc())) < 120);
-        QCOMPARE(columns[2], QStringLiteral("1"));
+        QCOMPARE(columns[2].toInt(), shapesIn(drawing));
         QCOMPARE(columns[3], drawing);
     }
 
@@ -181,6 +184,19 @@ private Q_SLOTS:
     }
 
 private:
+    /** Shapes of a drawing file, as its pens tell; -1 for one that cannot be read. */
+    static int shapesIn(const QString &path)
+    {
+        hostkit::DrawingFile drawing;
+        hostkit::Failure failure;
+        if (!hostkit::readDrawing(path, &drawing, &failure))
+            return -1;
+        int shapes = 0;
+        for (const hostkit::DrawingPen &pen : qAsConst(drawing.meta.pens))
+            shapes += pen.items;
+        return shapes;
+    }
+
     QString out() const { return folder->filePath(QStringLiteral("out")); }
 
     QString write(const QByteArray &content) const
@@ -235,7 +251,7 @@ private:
         variables.insert(QStringLiteral("DISPLAY"), QStringLiteral(":none"));
         variables.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
         studio.setProcessEnvironment(variables);
-        studio.start(QStringLiteral(ZT_ZTSTUDIO), {plotterFile()});
+        studio.start(QStringLiteral(ZT_ZTSTUDIO), {QStringLiteral("--sample")});
         if (!studio.waitForStarted(30000))
             qFatal("the studio does not start");
     }

@@ -7,7 +7,7 @@
 
 #include <studio/text/InPlaceEditor.h>
 #include <studio/text/TextDialog.h>
-#include <studio/text/TextState.h>
+#include <studio/commands/TextState.h>
 #include <studio/text/TextTools.h>
 
 #include <QtWidgets/QCheckBox>

@@ -6,6 +6,8 @@
 #include <QtCore/QDataStream>
 #include <QtCore/QDebug>
 
+#include <typeinfo>
+
 namespace testsupport {
 
 namespace {
@@ -104,7 +106,9 @@ void addText(ZTShapeText &text, Lines *out)
     out->add("regular stroke font", strokes.enName);
     out->add("big stroke font", strokes.zhName);
     out->add("stroke height", strokes.height);
-    out->add("parser's height", strokes.parser.getTextHeight());
+    // A host's text that sets its own height has none of the height that the fonts' users share.
+    if (typeid(text) == typeid(ZTShapeText))
+        out->add("parser's height", strokes.parser.getTextHeight());
     out->add("arc on", arc.isEnableRounding);
     out->add("arc start", arc.startAngle);
     out->add("arc span", arc.spanAngle);

@@ -32,6 +32,8 @@ ZTAbstractGraphicsItem *ZTTextItemFactory::create() { return new ZTGraphicsTextI
 
 void ZTVecGraphItemFactory::setPath(const QString &path) { nextPath = path; }
 
+const QString &ZTVecGraphItemFactory::path() const { return nextPath; }
+
 ZTAbstractGraphicsItem *ZTVecGraphItemFactory::create()
 {
     auto *item = new ZTGraphicsVecGraph;

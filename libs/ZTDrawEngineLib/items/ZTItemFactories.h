@@ -125,6 +125,9 @@ public:
     /** The file that the next item imports; good for one item. */
     void setPath(const QString &path);
 
+    /** The file that the next item imports; empty when none was named since the last item. */
+    const QString &path() const;
+
     /** An item that imports the file of the last `setPath`; one without a file if there is none. */
     ZTAbstractGraphicsItem *create() override;
 

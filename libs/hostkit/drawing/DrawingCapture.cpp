@@ -220,7 +220,7 @@ bool captureWhole(ZTGraphicsDocument &document, const DrawingCapture &capture, D
     taken.extras.foreignItems.clear();
     taken.items = collector.items;
     taken.drawings = collector.drawings;
-    taken.fontHeights = strokeFontHeights(items);
+    taken.fontHeights = recordedFontHeights(items);
     if (capture.withPreview)
         taken.previewPng = drawPreview(items);
     *drawing = taken;

@@ -8,6 +8,31 @@ namespace hostkit {
 
 namespace {
 
+/**
+ * Makes imported drawings as the library's factory does. One without a file is made empty at once:
+ * the library's would look for the file of no name, and log that there is none.
+ */
+class ImportFactory : public Factory
+{
+public:
+    static ImportFactory *getInstance()
+    {
+        static ImportFactory factory;
+        return &factory;
+    }
+
+    ZTAbstractGraphicsItem *create() override
+    {
+        ZTVecGraphItemFactory &imports = *ZTVecGraphItemFactory::getInstance();
+        if (!imports.path().isEmpty())
+            return imports.create();
+        imports.setPath(QStringLiteral(".plt")); // the one name that is not read
+        ZTAbstractGraphicsItem *item = imports.create();
+        static_cast<ZTVecGraph &>(*item->getShapeBase()).setDrawing({}, {});
+        return item;
+    }
+};
+
 template <class ItemFactory>
 void registerAs(ShapeType type)
 {
@@ -25,7 +50,7 @@ void registerFactories()
     registerAs<ZTLineItemFactory>(ShapeType::Line);
     registerAs<ZTTdotItemFactory>(ShapeType::TDOT);
     registerAs<TextItemFactory>(ShapeType::Text);
-    registerAs<ZTVecGraphItemFactory>(ShapeType::VecGraph);
+    registerAs<ImportFactory>(ShapeType::VecGraph);
 }
 
 } // namespace hostkit

@@ -114,13 +114,12 @@ public:
     /** Whether all that was written so far found room. */
     bool takeAll()
     {
-        if (file.error() != QFileDevice::NoError)
-            return false;
-        if (file.flush())
+        if (file.error() == QFileDevice::NoError && file.flush())
             return true;
-        // Only a step that writes nothing knows why.
-        file.unsetError();
-        return file.flush();
+        // Qt forgets why a write stopped half way: only a step that writes nothing knows it.
+        if (::write(file.handle(), "", 1) != 1)
+            problem = qt_error_string(errno);
+        return false;
     }
 
     /** All that was written is on the disk, and then in the target's place. */

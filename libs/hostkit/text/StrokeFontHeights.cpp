@@ -1,6 +1,10 @@
 #include <hostkit/text/StrokeFontHeights_p.h>
 
+#include <hostkit/text/TextItem.h>
+
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
+
+#include <QtCore/QMap>
 
 #include <cmath>
 #include <set>
@@ -50,6 +54,32 @@ QVector<DrawingFontHeight> strokeFontHeights(const QVector<ZTAbstractGraphicsIte
             heights << DrawingFontHeight{name, font->getTextHeight()};
     }
     return heights;
+}
+
+QVector<DrawingFontHeight> recordedFontHeights(const QVector<ZTAbstractGraphicsItem *> &items)
+{
+    QMap<QString, double> heights;
+    for (const ZTAbstractGraphicsItem *item : items) {
+        const ZTShapeText *text = textOf(*item);
+        if (text == nullptr)
+            continue;
+        ZTShxFontParam font = text->getFont().shxFont;
+        const double sharedHeight = font.parser.getTextHeight();
+        if (sharedHeight == 0.0) // no fonts, or none that draw
+            continue;
+        const bool hasOwnHeight = dynamic_cast<const TextShape *>(text) != nullptr;
+        const double height = hasOwnHeight ? font.height : sharedHeight;
+        if (!std::isfinite(height) || height <= 0.0)
+            continue;
+        for (const QString &name : {font.enName, font.zhName}) {
+            if (!name.isEmpty())
+                heights.insert(name, height);
+        }
+    }
+    QVector<DrawingFontHeight> list;
+    for (auto height = heights.begin(); height != heights.end(); ++height)
+        list << DrawingFontHeight{height.key(), height.value()};
+    return list;
 }
 
 void setStrokeFontHeights(const QVector<DrawingFontHeight> &heights)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <studio/ShapeItems.h>
-#include <studio/text/TextState.h>
+#include <studio/commands/TextState.h>
 
 #include <QtWidgets/QUndoCommand>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <studio/text/TextState.h>
+#include <studio/commands/TextState.h>
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QTextEdit>

@@ -67,8 +67,11 @@ private Q_SLOTS:
     void vecGraph_pathIsGoodForOneItem()
     {
         auto *factory = ZTVecGraphItemFactory::getInstance();
+        QVERIFY(factory->path().isEmpty());
         factory->setPath(QStringLiteral(".plt"));
+        QCOMPARE(factory->path(), QStringLiteral(".plt"));
         const QScopedPointer<ZTAbstractGraphicsItem> first(factory->create());
+        QVERIFY(factory->path().isEmpty());
         const QScopedPointer<ZTAbstractGraphicsItem> second(factory->create());
         QCOMPARE(importedPath(*first), QStringLiteral(".plt"));
         QCOMPARE(importedPath(*second), QString());

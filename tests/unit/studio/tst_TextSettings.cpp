@@ -6,7 +6,7 @@
 
 #include <studio/text/StrokeFonts.h>
 #include <studio/text/TextSettings.h>
-#include <studio/text/TextState.h>
+#include <studio/commands/TextState.h>
 
 #include <hostkit/text/StrokeFont.h>
 

@@ -1,4 +1,4 @@
-#include <studio/text/TextState.h>
+#include <studio/commands/TextState.h>
 
 #include <QtCore/QDataStream>
 
