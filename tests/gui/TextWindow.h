@@ -5,9 +5,9 @@
 #include "support/OwnFolder.h"
 #include "support/TinyFonts.h"
 
+#include <studio/commands/TextState.h>
 #include <studio/text/InPlaceEditor.h>
 #include <studio/text/TextDialog.h>
-#include <studio/commands/TextState.h>
 #include <studio/text/TextTools.h>
 
 #include <QtWidgets/QCheckBox>

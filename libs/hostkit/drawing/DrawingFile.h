@@ -43,7 +43,7 @@ struct DrawingFontHeight
  */
 struct DrawingOrigin
 {
-    QString path;          ///< file of the drawing; empty for one that was never saved
+    QString path;           ///< file of the drawing; empty for one that was never saved
     qint64 size = -1;       ///< of that file in bytes when the studio read or wrote it; -1: none
     qint64 modifiedMs = -1; ///< since 1970-01-01 00:00 UTC; -1: no file
 };

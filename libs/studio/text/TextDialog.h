@@ -1,7 +1,7 @@
 #pragma once
 
-#include <studio/text/TextSettings.h>
 #include <studio/commands/TextState.h>
+#include <studio/text/TextSettings.h>
 
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>

@@ -1,7 +1,7 @@
 #include <studio/text/TextSettings.h>
 
-#include <studio/text/StrokeFonts.h>
 #include <studio/commands/TextState.h>
+#include <studio/text/StrokeFonts.h>
 
 #include <hostkit/text/StrokeFont.h>
 

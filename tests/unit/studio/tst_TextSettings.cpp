@@ -4,9 +4,9 @@
 #include "support/ShxWriter.h"
 #include "support/TinyFonts.h"
 
+#include <studio/commands/TextState.h>
 #include <studio/text/StrokeFonts.h>
 #include <studio/text/TextSettings.h>
-#include <studio/commands/TextState.h>
 
 #include <hostkit/text/StrokeFont.h>
 
