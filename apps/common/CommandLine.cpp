@@ -79,7 +79,7 @@ QString describe(const CLI::App &app, const CLI::ParseError &error)
     const CLI::App &command = chosenCommand(app);
     if (hasParts(command))
         return describeChoice(command);
-    const QString what = QString::fromStdString(error.what());
+    QString what = QString::fromStdString(error.what());
     const QString beforeColon = what.section(QLatin1Char(':'), 0, 0);
     switch (static_cast<CLI::ExitCodes>(error.get_exit_code())) {
     case CLI::ExitCodes::ExtrasError:

@@ -17,7 +17,6 @@ const int kStreamVersion = QDataStream::Qt_5_15;
 namespace {
 
 constexpr quint32 kNullString = 0xffffffffU;
-constexpr quint32 kPointSize = 16;
 constexpr quint32 kBaseSize = 214;
 constexpr quint32 kRoundingSize = 37;
 constexpr quint32 kLeastEntry = 10; // id, version and size of a variant text
