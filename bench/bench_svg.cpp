@@ -71,3 +71,5 @@ BENCHMARK(BM_ReadSvg)
     ->Unit(benchmark::kMillisecond)
     ->Complexity(benchmark::oN);
 BENCHMARK(BM_OtherReader)->Arg(100'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+BENCHMARK_MAIN();
