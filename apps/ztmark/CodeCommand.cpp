@@ -184,8 +184,6 @@ void CodeCommand::checkTogether()
     spec.kind = info->kind;
     if (widthMm && command->get_option("--module")->count() > 0)
         usage::refuse("--width", tr("cannot be given together with --module"));
-    if (job.options.scale != 1.0)
-        usage::refuse("--scale", tr("codes have their size by --module or --width"));
     readContent();
 }
 

@@ -185,10 +185,6 @@ or lines</source>
         <translation>不能与 --module 同时给出</translation>
     </message>
     <message>
-        <source>codes have their size by --module or --width</source>
-        <translation>条码的尺寸由 --module 或 --width 决定</translation>
-    </message>
-    <message>
         <source>all parts would be the same without --serial or {serial}</source>
         <translation>没有 --serial 或 {serial}，所有份都会相同</translation>
     </message>

@@ -17,9 +17,9 @@ using DeviceWriter = std::function<bool(QIODevice &device)>;
  * Writes a file: at any moment, whatever happens, the old file or the new one is there, whole. The
  * one way in which files of this system are written.
  *
- * The new content stands in a file beside it, "NAME.part-XXXXXX", until it is all there. One that a
- * killed process left behind is removed by the next `saveWhole` of the same file. A link stays a
- * link, and the permissions of the old file stay.
+ * The new content stands in a file beside it, "NAME.zt-part-XXXXXXXX", until it is all there. One
+ * that a killed process left behind is removed by the next `saveWhole` of the same file. A link
+ * stays a link, and the permissions of the old file stay.
  *
  * Failure: false with the reason, and what stood there before stays. Nothing but an ordinary file
  * is ever replaced.
