@@ -3,17 +3,17 @@
 namespace console {
 
 Command::Command(CLI::App &app, const std::string &name, const QString &help)
-    : command(app.add_subcommand(name, help.toStdString()))
+    : m_command(app.add_subcommand(name, help.toStdString()))
 {
 }
 
 Command::~Command() = default;
 
-bool Command::isChosen() const { return command->parsed(); }
+bool Command::isChosen() const { return m_command->parsed(); }
 
 void Command::addFile(const std::string &name, std::string &path, const QString &help)
 {
-    command->add_option(name, path, help.toStdString())->required()->type_name("");
+    m_command->add_option(name, path, help.toStdString())->required()->type_name("");
 }
 
 } // namespace console

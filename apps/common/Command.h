@@ -27,7 +27,7 @@ protected:
     /** A file that has to be given by its place among the arguments. */
     void addFile(const std::string &name, std::string &path, const QString &help);
 
-    CLI::App *const command; ///< owned by the application it was added to
+    CLI::App *const m_command; ///< owned by the application it was added to
 };
 
 } // namespace console

@@ -111,22 +111,22 @@ void makeIndependent()
 }
 
 CommandLine::CommandLine(const std::string &program, const std::string &number, const QString &help)
-    : app(help.toStdString(), program), version(program + " " + number)
+    : m_app(help.toStdString(), program), m_version(program + " " + number)
 {
-    app.require_subcommand(1);
-    translateFormatter(app);
+    m_app.require_subcommand(1);
+    translateFormatter(m_app);
 }
 
 int CommandLine::run(int argc, char **argv)
 {
     // Last: commands that are added later would take it over.
-    app.footer(Texts::tr("Exit codes: 0 done, 1 failed work, 2 wrong usage.\n"
-                         "%1 COMMAND --help tells more about a command.")
-                   .arg(QString::fromStdString(app.get_name()))
-                   .toStdString());
-    addCommonOptions(&app);
+    m_app.footer(Texts::tr("Exit codes: 0 done, 1 failed work, 2 wrong usage.\n"
+                           "%1 COMMAND --help tells more about a command.")
+                     .arg(QString::fromStdString(m_app.get_name()))
+                     .toStdString());
+    addCommonOptions(&m_app);
     try {
-        app.parse(argc, argv);
+        m_app.parse(argc, argv);
         return work();
     } catch (const CLI::ParseError &error) {
         return endParsing(error);
@@ -140,7 +140,7 @@ int CommandLine::run(int argc, char **argv)
 
 int CommandLine::work()
 {
-    const auto chosen = std::find_if(commands.begin(), commands.end(),
+    const auto chosen = std::find_if(m_commands.begin(), m_commands.end(),
                                      [](const auto &command) { return command->isChosen(); });
     return (*chosen)->run();
 }
@@ -149,12 +149,12 @@ int CommandLine::work()
 int CommandLine::endParsing(const CLI::ParseError &error)
 {
     if (error.get_exit_code() == 0) {
-        app.exit(error, std::cout, std::cerr);
+        m_app.exit(error, std::cout, std::cerr);
         std::cout.flush();
         return finishOutput() ? Done : Failed;
     }
-    const QString help = QString::fromStdString(callOf(chosenCommand(app)));
-    complain(Texts::tr("%1 (see %2 --help)").arg(describe(app, error), help).toStdString());
+    const QString help = QString::fromStdString(callOf(chosenCommand(m_app)));
+    complain(Texts::tr("%1 (see %2 --help)").arg(describe(m_app, error), help).toStdString());
     return WrongUsage;
 }
 
@@ -164,7 +164,7 @@ void CommandLine::addCommonOptions(CLI::App *command)
     command->set_help_flag("-h,--help",
                            Texts::tr("Print this help message and exit").toStdString());
     command->set_version_flag(
-        "--version", version,
+        "--version", m_version,
         Texts::tr("Display program version information and exit").toStdString());
     language::addOption(command);
     // Groups are headings of the help.

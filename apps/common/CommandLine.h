@@ -27,7 +27,7 @@ public:
     template <class Subcommand>
     void add()
     {
-        commands.push_back(std::make_unique<Subcommand>(app));
+        m_commands.push_back(std::make_unique<Subcommand>(m_app));
     }
 
     /**
@@ -42,9 +42,9 @@ private:
     int endParsing(const CLI::ParseError &error);
     void addCommonOptions(CLI::App *command);
 
-    CLI::App app;
-    std::string version; ///< as --version tells it
-    std::vector<std::unique_ptr<Command>> commands;
+    CLI::App m_app;
+    std::string m_version; ///< as --version tells it
+    std::vector<std::unique_ptr<Command>> m_commands;
 };
 
 } // namespace console

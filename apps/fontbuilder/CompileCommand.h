@@ -15,6 +15,6 @@ public:
     int run() override;
 
 private:
-    std::string source;
-    std::string output;
+    std::string m_source;
+    std::string m_output;
 };

@@ -15,6 +15,6 @@ public:
     int run() override;
 
 private:
-    std::string font;
-    std::string output = "-";
+    std::string m_font;
+    std::string m_output = "-";
 };

@@ -15,7 +15,7 @@ public:
     int run() override;
 
 private:
-    std::string data;
-    std::string hershey = "/usr/share/hershey-fonts";
-    std::string output;
+    std::string m_data;
+    std::string m_hershey = "/usr/share/hershey-fonts";
+    std::string m_output;
 };

@@ -8,15 +8,16 @@
 HersheyCommand::HersheyCommand(CLI::App &app)
     : Command(app, "hershey", tr("Make the regular fonts from the Hershey data"))
 {
-    addFile("DIR", data, tr("Folder with the .jhf files"));
-    command->add_option("-o,--output", output, tr("Folder to write the fonts into").toStdString())
+    addFile("DIR", m_data, tr("Folder with the .jhf files"));
+    m_command
+        ->add_option("-o,--output", m_output, tr("Folder to write the fonts into").toStdString())
         ->required()
         ->type_name("FOLDER");
 }
 
 int HersheyCommand::run()
 {
-    fontkit::HersheyFonts fonts{fontkit::DataFolder(QByteArray::fromStdString(data))};
+    fontkit::HersheyFonts fonts{fontkit::DataFolder(QByteArray::fromStdString(m_data))};
     for (const QString &name : fontkit::HersheyFonts::fileNames()) {
         fontkit::FontFile font;
         QString error;
@@ -24,7 +25,7 @@ int HersheyCommand::run()
             console::complain(error.toStdString());
             return console::Failed;
         }
-        if (!writeFontTo(output, name, font))
+        if (!writeFontTo(m_output, name, font))
             return console::Failed;
     }
     return console::Done;

@@ -15,6 +15,6 @@ public:
     int run() override;
 
 private:
-    std::string data;
-    std::string output;
+    std::string m_data;
+    std::string m_output;
 };

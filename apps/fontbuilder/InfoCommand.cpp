@@ -73,8 +73,8 @@ void printGlyphs(const FontFile &font)
 
 InfoCommand::InfoCommand(CLI::App &app) : Command(app, "info", tr("Tell what is in a font file"))
 {
-    addFile("FONT", font, tr("Font file; - reads standard input"));
-    command->footer(
+    addFile("FONT", m_font, tr("Font file; - reads standard input"));
+    m_command->footer(
         tr("Repeated codes are dead: the first glyph of a code counts. Other records are "
            "entries\nof the index without a glyph of their own, as a rule empty ones.")
             .toStdString());
@@ -82,7 +82,7 @@ InfoCommand::InfoCommand(CLI::App &app) : Command(app, "info", tr("Tell what is 
 
 int InfoCommand::run()
 {
-    const auto content = fontfiles::readFont(font);
+    const auto content = fontfiles::readFont(m_font);
     if (!content)
         return console::Failed;
     printRow(InfoCommand::tr("Form:"), QString::fromLatin1(fontkit::keywordOf(content->form)));

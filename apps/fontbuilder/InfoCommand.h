@@ -15,5 +15,5 @@ public:
     int run() override;
 
 private:
-    std::string font;
+    std::string m_font;
 };

@@ -61,17 +61,17 @@ codekit::MarkedLines linesOf(const ZTMarkGraph &graph, const hostkit::MarkUnits 
 } // namespace
 
 CodeCommand::CodeCommand(CLI::App &app)
-    : Command(app, "code", tr("Make a QR, Data Matrix or bar code")), job(command)
+    : Command(app, "code", tr("Make a QR, Data Matrix or bar code")), m_job(m_command)
 {
     addContent();
-    job.addOutputs();
+    m_job.addOutputs();
     addSize();
     addForm();
     addSerial();
-    job.addHatch();
-    job.addLayout();
-    command->final_callback([this] { checkTogether(); });
-    command->footer(
+    m_job.addHatch();
+    m_job.addLayout();
+    m_command->final_callback([this] { checkTogether(); });
+    m_command->footer(
         tr("In the content, {serial} or {} is the place of the serial number and {date} or\n"
            "{date:yyyy-MM-dd} that of the date; \\n is a line feed, \\\\ a backslash, \\{ a "
            "brace.\n"
@@ -89,100 +89,105 @@ CodeCommand::CodeCommand(CLI::App &app)
 
 void CodeCommand::addContent()
 {
-    command->add_option("SYMBOLOGY", symbology, tr("Kind of code, as --list tells").toStdString())
+    m_command
+        ->add_option("SYMBOLOGY", m_symbology, tr("Kind of code, as --list tells").toStdString())
         ->type_name("");
     const auto ignore = [](const std::string &) {};
-    typed = command
-                ->add_option_function<std::string>("TEXT", ignore,
-                                                   tr("What the code holds").toStdString())
-                ->type_name("");
-    command->add_flag("--list", wantsList,
-                      tr("Tell all symbologies and what each can hold").toStdString());
+    m_typed = m_command
+                  ->add_option_function<std::string>("TEXT", ignore,
+                                                     tr("What the code holds").toStdString())
+                  ->type_name("");
+    m_command->add_flag("--list", m_wantsList,
+                        tr("Tell all symbologies and what each can hold").toStdString());
 }
 
 void CodeCommand::addSize()
 {
-    addValue(command, "--module", tr("Width of a module, the narrowest bar"),
-             [this](const std::string &text) { form.moduleMm = arguments::positiveLengthMm(text); })
+    addValue(
+        m_command, "--module", tr("Width of a module, the narrowest bar"),
+        [this](const std::string &text) { m_form.moduleMm = arguments::positiveLengthMm(text); })
         ->type_name("LENGTH")
         ->default_str("0.5mm");
-    addValue(command, "--width", tr("Width of the code without its quiet zone"),
-             [this](const std::string &text) { widthMm = arguments::positiveLengthMm(text); })
+    addValue(m_command, "--width", tr("Width of the code without its quiet zone"),
+             [this](const std::string &text) { m_widthMm = arguments::positiveLengthMm(text); })
         ->type_name("LENGTH");
-    addValue(command, "--height", tr("Height of the bars of a bar code"),
-             [this](const std::string &text) { form.heightMm = arguments::positiveLengthMm(text); })
+    addValue(
+        m_command, "--height", tr("Height of the bars of a bar code"),
+        [this](const std::string &text) { m_form.heightMm = arguments::positiveLengthMm(text); })
         ->type_name("LENGTH")
         ->default_str("10mm");
-    addValue(command, "--level", tr("Error correction, 1 to 4 in QR and Aztec, 1 to 9 in PDF417"),
-             [this](const std::string &text) { spec.level = arguments::count(text, 1, 9); })
+    addValue(m_command, "--level", tr("Error correction, 1 to 4 in QR and Aztec, 1 to 9 in PDF417"),
+             [this](const std::string &text) { m_spec.level = arguments::count(text, 1, 9); })
         ->type_name("LEVEL");
-    addValue(command, "--size", tr("Size by its number in the symbology; else the smallest"),
-             [this](const std::string &text) { spec.version = arguments::count(text, 1, 40); })
+    addValue(m_command, "--size", tr("Size by its number in the symbology; else the smallest"),
+             [this](const std::string &text) { m_spec.version = arguments::count(text, 1, 40); })
         ->type_name("N");
-    command->add_flag("--rectangular", spec.isRectangular,
-                      tr("A Data Matrix that is not square").toStdString());
-    command->add_flag(
-        "--check-digit", spec.hasCheckDigit,
+    m_command->add_flag("--rectangular", m_spec.isRectangular,
+                        tr("A Data Matrix that is not square").toStdString());
+    m_command->add_flag(
+        "--check-digit", m_spec.hasCheckDigit,
         tr("Add the check digit that Code 39, Codabar and i25 may have").toStdString());
 }
 
 void CodeCommand::addForm()
 {
-    addValue(command, "--style",
+    addValue(m_command, "--style",
              tr("What is marked: merged (outlines of dark areas), squares, dots, bars\nor lines"),
-             [this](const std::string &text) { form.style = chosen(kStyles, text); })
+             [this](const std::string &text) { m_form.style = chosen(kStyles, text); })
         ->type_name("STYLE")
         ->default_str("merged");
-    command->add_flag("--inverse", form.isInverse,
-                      tr("Mark what is light, for dark material").toStdString());
-    addValue(command, "--growth", tr("Width of the beam, taken off each dark area"),
-             [this](const std::string &text) { form.growthMm = arguments::lengthMm(text); })
+    m_command->add_flag("--inverse", m_form.isInverse,
+                        tr("Mark what is light, for dark material").toStdString());
+    addValue(m_command, "--growth", tr("Width of the beam, taken off each dark area"),
+             [this](const std::string &text) { m_form.growthMm = arguments::lengthMm(text); })
         ->type_name("LENGTH")
         ->default_str("0");
     const std::map<std::string, HumanText> places{
         {"none", HumanText::None}, {"above", HumanText::Above}, {"below", HumanText::Below}};
-    addValue(command, "--text", tr("Text for people: none, above or below the code"),
-             [this, places](const std::string &text) { humanText = chosen(places, text); })
+    addValue(m_command, "--text", tr("Text for people: none, above or below the code"),
+             [this, places](const std::string &text) { m_humanText = chosen(places, text); })
         ->type_name("PLACE")
         ->default_str("none");
-    addValue(command, "--text-height", tr("Height of its capital letters"),
-             [this](const std::string &text) { textHeightMm = arguments::positiveLengthMm(text); })
+    addValue(
+        m_command, "--text-height", tr("Height of its capital letters"),
+        [this](const std::string &text) { m_textHeightMm = arguments::positiveLengthMm(text); })
         ->type_name("LENGTH")
         ->default_str("2mm");
-    command->add_flag(
-        "--verify", wantsVerify,
+    m_command->add_flag(
+        "--verify", m_wantsVerify,
         tr("Read the code back from its marks; what reads otherwise fails").toStdString());
-    addValue(command, "--beam", tr("Width of the beam for --verify; else the spacing of the hatch"),
-             [this](const std::string &text) { beamMm = arguments::positiveLengthMm(text); })
+    addValue(m_command, "--beam",
+             tr("Width of the beam for --verify; else the spacing of the hatch"),
+             [this](const std::string &text) { m_beamMm = arguments::positiveLengthMm(text); })
         ->type_name("LENGTH");
 }
 
 void CodeCommand::addSerial()
 {
-    serial = addValue(command, "--serial",
-                      tr("Serial number: start=1,step=1,last=99,width=4,base=10 or some of them"),
-                      [this](const std::string &text) { counter = arguments::serial(text); })
-                 ->type_name("COUNTER");
-    addValue(command, "--parts", tr("Write so many parts, 1 to 10000, each with its own number"),
-             [this](const std::string &text) { parts = arguments::count(text, 1, kMostParts); })
+    m_serial = addValue(m_command, "--serial",
+                        tr("Serial number: start=1,step=1,last=99,width=4,base=10 or some of them"),
+                        [this](const std::string &text) { m_counter = arguments::serial(text); })
+                   ->type_name("COUNTER");
+    addValue(m_command, "--parts", tr("Write so many parts, 1 to 10000, each with its own number"),
+             [this](const std::string &text) { m_parts = arguments::count(text, 1, kMostParts); })
         ->type_name("N")
         ->default_str("1");
 }
 
 void CodeCommand::checkTogether()
 {
-    if (wantsList)
+    if (m_wantsList)
         return;
-    job.checkTogether();
-    const QString name = QString::fromStdString(symbology);
+    m_job.checkTogether();
+    const QString name = QString::fromStdString(m_symbology);
     if (name.isEmpty())
         throw CLI::RequiredError("SYMBOLOGY");
     const CodeKindInfo *info = codekit::kindNamed(name);
     if (info == nullptr)
         usage::refuse("SYMBOLOGY",
                       tr("\"%1\" is no symbology, ztmark code --list tells them").arg(name));
-    spec.kind = info->kind;
-    if (widthMm && command->get_option("--module")->count() > 0)
+    m_spec.kind = info->kind;
+    if (m_widthMm && m_command->get_option("--module")->count() > 0)
         usage::refuse("--width", tr("cannot be given together with --module"));
     readContent();
 }
@@ -190,48 +195,48 @@ void CodeCommand::checkTogether()
 /** Without a place for it, the serial number follows the content. */
 void CodeCommand::readContent()
 {
-    if (typed->count() == 0 && serial->count() == 0)
+    if (m_typed->count() == 0 && m_serial->count() == 0)
         throw CLI::RequiredError("TEXT");
     QString decoded;
     try {
-        if (typed->count() > 0)
-            decoded = arguments::text(typed->results().front());
+        if (m_typed->count() > 0)
+            decoded = arguments::text(m_typed->results().front());
     } catch (const arguments::ArgumentError &error) {
         throw CLI::ValidationError("TEXT", error.what);
     }
-    hostkit::TextPlaces places = hostkit::readTextPlaces(decoded, counter);
-    if (serial->count() > 0 && !places.hasSerial) {
-        places.segments.append(counter);
+    hostkit::TextPlaces places = hostkit::readTextPlaces(decoded, m_counter);
+    if (m_serial->count() > 0 && !places.hasSerial) {
+        places.segments.append(m_counter);
         places.hasSerial = true;
     }
-    if (parts > 1 && !places.hasSerial)
+    if (m_parts > 1 && !places.hasSerial)
         usage::refuse("--parts", tr("all parts would be the same without --serial or {serial}"));
-    if (!content.setSegments(places.segments))
+    if (!m_content.setSegments(places.segments))
         usage::refuse("TEXT", tr("has more than %1 places").arg(ZTVariantText::kMaxSegments));
 }
 
 int CodeCommand::run()
 {
-    if (wantsList) {
+    if (m_wantsList) {
         listKinds();
         return console::Done;
     }
     std::vector<Part> all;
     if (!encodeParts(&all))
         return console::Failed;
-    for (int part = 1; part <= parts; ++part) {
-        if (!JobArguments::canWrite(job.outputsOfPart(part, parts), {}))
+    for (int part = 1; part <= m_parts; ++part) {
+        if (!JobArguments::canWrite(m_job.outputsOfPart(part, m_parts), {}))
             return console::Failed;
     }
-    Progress progress(!job.quiet);
+    Progress progress(!m_job.quiet);
     hostkit::MarkJobResult result;
-    for (int number = 1; number <= parts; ++number) {
+    for (int number = 1; number <= m_parts; ++number) {
         if (!markPart(all[std::size_t(number - 1)], number, &result, progress))
             return console::Failed;
     }
     progress.finish();
-    job.warnOfEmptyHatch(result.after);
-    if (!job.quiet)
+    m_job.warnOfEmptyHatch(result.after);
+    if (!m_job.quiet)
         printSummary(all.back(), result);
     return console::Done;
 }
@@ -249,21 +254,22 @@ void CodeCommand::listKinds() const
 /** All of them before the first is written: no part is marked when a later one cannot be. */
 bool CodeCommand::encodeParts(std::vector<Part> *all)
 {
-    for (int number = 1; number <= parts; ++number) {
-        if (content.isExhausted()) {
+    for (int number = 1; number <= m_parts; ++number) {
+        if (m_content.isExhausted()) {
             console::complain(tr("the serial number ends after part %1 of %2")
                                   .arg(number - 1)
-                                  .arg(parts)
+                                  .arg(m_parts)
                                   .toStdString());
             return false;
         }
         Part part;
         QString reason;
-        const QString text = shown(content);
+        const QString text = shown(m_content);
         if (!makePart(text, &part, &reason)) {
             console::complain(
-                parts == 1 ? reason.toStdString()
-                           : tr("part %1, \"%2\": %3").arg(number).arg(text, reason).toStdString());
+                m_parts == 1
+                    ? reason.toStdString()
+                    : tr("part %1, \"%2\": %3").arg(number).arg(text, reason).toStdString());
             return false;
         }
         all->push_back(part);
@@ -273,19 +279,19 @@ bool CodeCommand::encodeParts(std::vector<Part> *all)
 
 bool CodeCommand::makePart(const QString &text, Part *part, QString *reason)
 {
-    spec.content = text;
-    if (!codekit::encodeCode(spec, &part->symbol, reason))
+    m_spec.content = text;
+    if (!codekit::encodeCode(m_spec, &part->symbol, reason))
         return false;
-    if (widthMm)
-        form.moduleMm = codekit::moduleForWidth(part->symbol, *widthMm);
-    if (!codekit::markCode(part->symbol, form, &part->marks, reason))
+    if (m_widthMm)
+        m_form.moduleMm = codekit::moduleForWidth(part->symbol, *m_widthMm);
+    if (!codekit::markCode(part->symbol, m_form, &part->marks, reason))
         return false;
     part->path = part->marks.areas;
     for (const QLineF &line : part->marks.lines) {
         part->path.moveTo(line.p1());
         part->path.lineTo(line.p2());
     }
-    if (humanText != HumanText::None)
+    if (m_humanText != HumanText::None)
         addHumanText(part);
     return true;
 }
@@ -298,12 +304,12 @@ void CodeCommand::addHumanText(Part *part) const
     font.setHintingPreference(QFont::PreferNoHinting);
     QPainterPath letters;
     letters.addText(0.0, 0.0, font, part->symbol.humanText);
-    const double scale = textHeightMm / QFontMetricsF(font).capHeight();
+    const double scale = m_textHeightMm / QFontMetricsF(font).capHeight();
     letters = QTransform::fromScale(scale, scale).map(letters);
     const QRectF box = letters.boundingRect();
     const QRectF field = part->marks.fieldMm;
-    const double y = humanText == HumanText::Below ? field.bottom() + form.moduleMm - box.top()
-                                                   : field.top() - form.moduleMm - box.bottom();
+    const double y = m_humanText == HumanText::Below ? field.bottom() + m_form.moduleMm - box.top()
+                                                     : field.top() - m_form.moduleMm - box.bottom();
     letters.translate(part->marks.symbolMm.center().x() - box.center().x(), y);
     part->path.addPath(letters);
 }
@@ -311,36 +317,36 @@ void CodeCommand::addHumanText(Part *part) const
 bool CodeCommand::markPart(const Part &part, int number, hostkit::MarkJobResult *result,
                            Progress &progress)
 {
-    if (parts > 1)
-        progress.begin(tr("part %1 of %2").arg(number).arg(parts));
+    if (m_parts > 1)
+        progress.begin(tr("part %1 of %2").arg(number).arg(m_parts));
     hostkit::MarkJobError error;
-    if (!hostkit::buildPathJob({part.path}, job.options, result, &error)) {
+    if (!hostkit::buildPathJob({part.path}, m_job.options, result, &error)) {
         progress.finish();
         console::complain(error.reason.toStdString());
         return false;
     }
-    if (wantsVerify && !verify(part, result->graph)) {
+    if (m_wantsVerify && !verify(part, result->graph)) {
         progress.finish();
         return false;
     }
-    return job.write(result->graph, job.outputsOfPart(number, parts), progress);
+    return m_job.write(result->graph, m_job.outputsOfPart(number, m_parts), progress);
 }
 
 bool CodeCommand::verify(const Part &part, const ZTMarkGraph &graph) const
 {
-    const QString label = QLatin1String(codekit::infoOf(spec.kind).label);
-    if (!codekit::canReadBack(spec.kind)) {
+    const QString label = QLatin1String(codekit::infoOf(m_spec.kind).label);
+    if (!codekit::canReadBack(m_spec.kind)) {
         console::complain(tr("there is no reader for %1 to verify it").arg(label).toStdString());
         return false;
     }
     codekit::MarkedLines lines = linesOf(graph, hostkit::MarkUnits::current());
-    const bool isHatched = job.options.hatch != FillType::None;
-    lines.beamMm = beamMm > 0.0 ? beamMm : isHatched ? job.options.spacingMm : kUsualBeamMm;
-    if (beamMm == 0.0 && form.style == CodeStyle::BarLines)
-        lines.beamMm = form.moduleMm;
-    lines.isInverse = form.isInverse;
-    lines.quietMm = 11.0 * form.moduleMm;
-    const codekit::ReadCode read = codekit::readMarks(lines, spec.kind, form.moduleMm);
+    const bool isHatched = m_job.options.hatch != FillType::None;
+    lines.beamMm = m_beamMm > 0.0 ? m_beamMm : isHatched ? m_job.options.spacingMm : kUsualBeamMm;
+    if (m_beamMm == 0.0 && m_form.style == CodeStyle::BarLines)
+        lines.beamMm = m_form.moduleMm;
+    lines.isInverse = m_form.isInverse;
+    lines.quietMm = 11.0 * m_form.moduleMm;
+    const codekit::ReadCode read = codekit::readMarks(lines, m_spec.kind, m_form.moduleMm);
     if (!read.isRead) {
         console::complain(
             (isHatched ? tr("the marks read as nothing: try a larger module or a closer hatch")
@@ -352,7 +358,7 @@ bool CodeCommand::verify(const Part &part, const ZTMarkGraph &graph) const
         console::complain(tr("the code is mirrored").toStdString());
         return false;
     }
-    if (codekit::isSameContent(spec.kind, read.text, part.symbol.reads))
+    if (codekit::isSameContent(m_spec.kind, read.text, part.symbol.reads))
         return true;
     console::complain(tr("the marks read as \"%1\", not as \"%2\"")
                           .arg(read.text, part.symbol.reads)
@@ -364,14 +370,14 @@ void CodeCommand::printSummary(const Part &part, const hostkit::MarkJobResult &r
 {
     const QSizeF size = part.marks.symbolMm.size();
     JobArguments::printRow(tr("Code:"), tr("%1, %2 x %3 modules")
-                                            .arg(QLatin1String(codekit::infoOf(spec.kind).label))
+                                            .arg(QLatin1String(codekit::infoOf(m_spec.kind).label))
                                             .arg(part.symbol.columns)
                                             .arg(part.symbol.rows));
-    if (parts > 1)
-        JobArguments::printRow(tr("Parts:"), QString::number(parts));
-    JobArguments::printRow(wantsVerify ? tr("Verified:") : tr("Reads:"), part.symbol.reads);
+    if (m_parts > 1)
+        JobArguments::printRow(tr("Parts:"), QString::number(m_parts));
+    JobArguments::printRow(m_wantsVerify ? tr("Verified:") : tr("Reads:"), part.symbol.reads);
     JobArguments::printRow(
         tr("Size:"), tr("%1 x %2 mm").arg(millimetres(size.width()), millimetres(size.height())));
-    JobArguments::printRow(tr("Module:"), tr("%1 mm").arg(millimetres(form.moduleMm)));
+    JobArguments::printRow(tr("Module:"), tr("%1 mm").arg(millimetres(m_form.moduleMm)));
     JobArguments::printSummary(result.before, result.after);
 }

@@ -43,19 +43,19 @@ private:
     bool verify(const Part &part, const ZTMarkGraph &graph) const;
     void printSummary(const Part &part, const hostkit::MarkJobResult &result) const;
 
-    JobArguments job;
-    bool wantsList = false;
-    std::string symbology;
-    CLI::Option *typed = nullptr;  ///< the content as it was typed; owned by the command
-    CLI::Option *serial = nullptr; ///< owned by the command
-    codekit::CodeSpec spec;
-    codekit::CodeForm form;
-    std::optional<double> widthMm;
-    HumanText humanText = HumanText::None;
-    double textHeightMm = 2.0;
-    ZTVariantText content;
-    ZTCounterSegment counter;
-    int parts = 1;
-    bool wantsVerify = false;
-    double beamMm = 0.0; ///< 0: as wide as the hatch's spacing
+    JobArguments m_job;
+    bool m_wantsList = false;
+    std::string m_symbology;
+    CLI::Option *m_typed = nullptr;  ///< the content as it was typed; owned by the command
+    CLI::Option *m_serial = nullptr; ///< owned by the command
+    codekit::CodeSpec m_spec;
+    codekit::CodeForm m_form;
+    std::optional<double> m_widthMm;
+    HumanText m_humanText = HumanText::None;
+    double m_textHeightMm = 2.0;
+    ZTVariantText m_content;
+    ZTCounterSegment m_counter;
+    int m_parts = 1;
+    bool m_wantsVerify = false;
+    double m_beamMm = 0.0; ///< 0: as wide as the hatch's spacing
 };

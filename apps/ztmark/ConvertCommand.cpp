@@ -46,16 +46,16 @@ ZTAbstractGraphicsItem *addGraphic(ZTShapeManager &manager, const hostkit::Drawi
 ConvertCommand::ConvertCommand(CLI::App &app)
     : Command(app, "convert", tr("Turn plotter drawings into a drawing, or save a drawing anew"))
 {
-    files.addOption(command);
+    m_files.addOption(m_command);
     addOutput();
-    foreign.addOptions(command);
-    foreign.options.toleranceMm = 0.0; // curves stay curves
-    fonts.addOption(command);
-    command->final_callback([this] {
-        files.checkTogether();
-        foreign.checkTogether();
+    m_foreign.addOptions(m_command);
+    m_foreign.options.toleranceMm = 0.0; // curves stay curves
+    m_fonts.addOption(m_command);
+    m_command->final_callback([this] {
+        m_files.checkTogether();
+        m_foreign.checkTogether();
     });
-    command->footer(
+    m_command->footer(
         tr("Plotter drawings are imported 20 mm high, side by side, 2 mm apart, each one shape, "
            "and\n"
            "kept in the drawing: their files are not needed any more. A drawing that is saved "
@@ -78,7 +78,7 @@ void ConvertCommand::addOutput()
             .arg(QString::fromStdString(name))
             .toStdString();
     };
-    command->add_option("-o,--output", output, tr("The drawing, .ztd").toStdString())
+    m_command->add_option("-o,--output", m_output, tr("The drawing, .ztd").toStdString())
         ->required()
         ->type_name("OUT")
         ->check(CLI::Validator(check, ""));
@@ -86,18 +86,18 @@ void ConvertCommand::addOutput()
 
 int ConvertCommand::run()
 {
-    if (!JobArguments::canWrite({output}, files.names) || !fonts.makeKnown())
+    if (!JobArguments::canWrite({m_output}, m_files.names) || !m_fonts.makeKnown())
         return console::Failed;
     Progress progress(true);
-    if (!files.isDrawing() && foreign.isChosen(files.names))
+    if (!m_files.isDrawing() && m_foreign.isChosen(m_files.names))
         return importForeignFiles(progress);
-    return files.isDrawing() ? saveAnew(progress) : importFiles(progress);
+    return m_files.isDrawing() ? saveAnew(progress) : importFiles(progress);
 }
 
 int ConvertCommand::saveAnew(Progress &progress) const
 {
     OpenedDrawing drawing;
-    if (!drawing.open(files.names.front(), progress))
+    if (!drawing.open(m_files.names.front(), progress))
         return console::Failed;
     return save(drawing.document, progress);
 }
@@ -105,7 +105,7 @@ int ConvertCommand::saveAnew(Progress &progress) const
 int ConvertCommand::importFiles(Progress &progress) const
 {
     PlotterFiles plotter;
-    if (!plotter.open(files.names, progress))
+    if (!plotter.open(m_files.names, progress))
         return console::Failed;
     ZTGraphicsDocument document;
     import(plotter, document);
@@ -117,7 +117,7 @@ int ConvertCommand::importFiles(Progress &progress) const
 int ConvertCommand::importForeignFiles(Progress &progress)
 {
     ZTGraphicsDocument document;
-    const bool isWhole = foreign.import(files.names, document, progress);
+    const bool isWhole = m_foreign.import(m_files.names, document, progress);
     if (document.itemMag()->getShapeList().isEmpty()) {
         progress.finish();
         return console::Failed;
@@ -131,9 +131,10 @@ void ConvertCommand::import(const PlotterFiles &plotter, ZTGraphicsDocument &doc
     ZTShapeManager &manager = *document.itemMag();
     const double gapPx = ZTCoord::getInstance()->mm2pix(kGapMm);
     double leftPx = 0.0;
-    for (size_t i = 0; i < files.names.size(); ++i) {
+    for (size_t i = 0; i < m_files.names.size(); ++i) {
         const hostkit::DrawingInput &input = *plotter.drawings()[i];
-        ZTAbstractGraphicsItem *item = addGraphic(manager, input, sourceOf(files.names[i], input));
+        ZTAbstractGraphicsItem *item =
+            addGraphic(manager, input, sourceOf(m_files.names[i], input));
         if (item == nullptr)
             return;
         const QSizeF sizePx = item->boundingRect().size();
@@ -147,13 +148,13 @@ void ConvertCommand::import(const PlotterFiles &plotter, ZTGraphicsDocument &doc
 
 int ConvertCommand::save(ZTGraphicsDocument &document, Progress &progress) const
 {
-    progress.begin(tr("writing %1").arg(QString::fromStdString(output)));
+    progress.begin(tr("writing %1").arg(QString::fromStdString(m_output)));
     hostkit::DrawingCapture capture;
     capture.programVersion = QStringLiteral(ZT_VERSION);
     hostkit::Failure error;
-    const bool isSaved = saveDrawing(document, capture, QString::fromStdString(output), &error);
+    const bool isSaved = saveDrawing(document, capture, QString::fromStdString(m_output), &error);
     progress.finish();
     if (!isSaved)
-        console::complain(output, OpenedDrawing::describe(error));
+        console::complain(m_output, OpenedDrawing::describe(error));
     return isSaved ? console::Done : console::Failed;
 }

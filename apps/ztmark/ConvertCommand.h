@@ -32,8 +32,8 @@ private:
     void import(const PlotterFiles &plotter, ZTGraphicsDocument &document) const;
     int save(ZTGraphicsDocument &document, Progress &progress) const;
 
-    InputFiles files;
-    std::string output;
-    ForeignFiles foreign;
-    FontFolders fonts;
+    InputFiles m_files;
+    std::string m_output;
+    ForeignFiles m_foreign;
+    FontFolders m_fonts;
 };

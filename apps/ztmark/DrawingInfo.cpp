@@ -85,7 +85,7 @@ std::map<QString, bool> fontsOf(const QVector<ZTAbstractGraphicsItem *> &items)
 } // namespace
 
 DrawingInfo::DrawingInfo(const OpenedDrawing &described)
-    : drawing(described), items(described.items())
+    : m_drawing(described), m_items(described.items())
 {
 }
 
@@ -103,20 +103,20 @@ void DrawingInfo::print() const
 
 void DrawingInfo::printFile() const
 {
-    const hostkit::DrawingMeta &meta = drawing.file.meta;
-    printRow(tr("Format:"), tr("drawing, version %1").arg(drawing.file.version));
+    const hostkit::DrawingMeta &meta = m_drawing.file.meta;
+    printRow(tr("Format:"), tr("drawing, version %1").arg(m_drawing.file.version));
     printRow(tr("Saved by:"), shown(meta.programVersion));
     printRow(tr("Saved at:"),
              meta.savedAt.toUTC().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss 'UTC'")));
-    if (drawing.file.isBare)
+    if (m_drawing.file.isBare)
         printRow(tr("Kind:"), tr("bare stream, without what imported drawings hold"));
-    if (!drawing.file.extras.sections.isEmpty())
-        printRow(tr("Unknown sections:"), QString::number(drawing.file.extras.sections.size()));
+    if (!m_drawing.file.extras.sections.isEmpty())
+        printRow(tr("Unknown sections:"), QString::number(m_drawing.file.extras.sections.size()));
 }
 
 void DrawingInfo::printField() const
 {
-    const hostkit::DrawingSetup &setup = drawing.file.meta.setup;
+    const hostkit::DrawingSetup &setup = m_drawing.file.meta.setup;
     printRow(tr("Reference screen:"),
              tr("%1 x %2 px, %3 x %4 mm, ratio %5")
                  .arg(rounded(setup.width), rounded(setup.height), rounded(setup.physicalWidth),
@@ -136,20 +136,20 @@ void DrawingInfo::printField() const
 void DrawingInfo::printShapes() const
 {
     std::map<ShapeType, int> counts;
-    for (const ZTAbstractGraphicsItem *item : items)
+    for (const ZTAbstractGraphicsItem *item : m_items)
         ++counts[item->getShapeType()];
-    printRow(tr("Shapes:"), QString::number(items.size()));
+    printRow(tr("Shapes:"), QString::number(m_items.size()));
     for (const auto &[kind, count] : counts)
         printEntry(nameOf(kind).arg(count));
-    printRow(tr("Pens:"), QString::number(drawing.file.meta.pens.size()));
-    for (const hostkit::DrawingPen &pen : drawing.file.meta.pens)
+    printRow(tr("Pens:"), QString::number(m_drawing.file.meta.pens.size()));
+    for (const hostkit::DrawingPen &pen : m_drawing.file.meta.pens)
         printEntry(tr("pen %1, shapes: %2").arg(pen.id).arg(pen.items));
 }
 
 void DrawingInfo::printImports() const
 {
     std::map<QString, int> counts;
-    for (const ZTAbstractGraphicsItem *item : items) {
+    for (const ZTAbstractGraphicsItem *item : m_items) {
         if (const auto *graphic = dynamic_cast<const ZTVecGraph *>(item->getShapeBase()))
             ++counts[graphic->getImagePath()];
     }
@@ -160,10 +160,10 @@ void DrawingInfo::printImports() const
 
 void DrawingInfo::printFonts() const
 {
-    const std::map<QString, bool> fonts = fontsOf(items);
+    const std::map<QString, bool> fonts = fontsOf(m_items);
     printRow(tr("Fonts:"), QString::number(fonts.size()));
     for (const auto &[name, isStroke] : fonts) {
-        const bool isMissing = drawing.report.missingFonts.contains(name);
+        const bool isMissing = m_drawing.report.missingFonts.contains(name);
         QString state = isStroke ? tr("stroke font") : tr("system font");
         if (isMissing)
             state = isStroke ? tr("stroke font, missing") : tr("system font, missing");
@@ -174,7 +174,7 @@ void DrawingInfo::printFonts() const
 void DrawingInfo::printVariantTexts() const
 {
     QStringList texts;
-    for (const ZTAbstractGraphicsItem *item : items) {
+    for (const ZTAbstractGraphicsItem *item : m_items) {
         const auto *text = dynamic_cast<const ZTTextShapeBase *>(item->getShapeBase());
         if (text != nullptr && text->isEnableVariantText() && text->getVarTxt() != nullptr)
             texts << text->getVarTxt()->getText();
@@ -186,7 +186,7 @@ void DrawingInfo::printVariantTexts() const
 
 void DrawingInfo::printFindings() const
 {
-    const hostkit::MarkFindings findings = hostkit::drawingMarks(drawing.document).findings;
+    const hostkit::MarkFindings findings = hostkit::drawingMarks(m_drawing.document).findings;
     QStringList outside;
     for (const hostkit::ShapeOutside &shape : findings.outside)
         outside << shape.name;
@@ -204,7 +204,7 @@ void DrawingInfo::printFindings() const
 
 void DrawingInfo::printPreview() const
 {
-    const QImage preview = hostkit::drawingPreview(drawing.file);
+    const QImage preview = hostkit::drawingPreview(m_drawing.file);
     printRow(tr("Preview:"), preview.isNull()
                                  ? tr("none")
                                  : tr("%1 x %2 pixels").arg(preview.width()).arg(preview.height()));

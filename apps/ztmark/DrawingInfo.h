@@ -24,6 +24,6 @@ private:
     void printFindings() const;
     void printPreview() const;
 
-    const OpenedDrawing &drawing;
-    const QVector<ZTAbstractGraphicsItem *> items; ///< the drawing's
+    const OpenedDrawing &m_drawing;
+    const QVector<ZTAbstractGraphicsItem *> m_items; ///< the drawing's
 };

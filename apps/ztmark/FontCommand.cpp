@@ -117,7 +117,7 @@ void printTable(const QVector<QStringList> &rows)
 FontCommand::FontCommand(CLI::App &app)
     : Command(app, "font", tr("Show which fonts there are and what is in them"))
 {
-    command->require_subcommand(1);
+    m_command->require_subcommand(1);
     addList();
     addInfo();
     addSheet();
@@ -125,11 +125,11 @@ FontCommand::FontCommand(CLI::App &app)
 
 void FontCommand::addList()
 {
-    listCommand = command->add_subcommand("list", tr("List the stroke fonts").toStdString());
-    listCommand->add_flag("--system", systemFonts,
-                          tr("List the families of system fonts instead").toStdString());
-    addFolders(listCommand);
-    listCommand->footer(
+    m_listCommand = m_command->add_subcommand("list", tr("List the stroke fonts").toStdString());
+    m_listCommand->add_flag("--system", m_systemFonts,
+                            tr("List the families of system fonts instead").toStdString());
+    addFolders(m_listCommand);
+    m_listCommand->footer(
         tr("Stroke fonts are the files *.shx in the folder font beside the program. A text takes\n"
            "a pair of them: a regular one and a big one, which has the Chinese characters.")
             .toStdString());
@@ -137,17 +137,17 @@ void FontCommand::addList()
 
 void FontCommand::addInfo()
 {
-    infoCommand = command->add_subcommand(
+    m_infoCommand = m_command->add_subcommand(
         "info", tr("Tell what is in a stroke font, and what of it is damaged").toStdString());
-    addFile(infoCommand);
-    addFolders(infoCommand);
+    addFile(m_infoCommand);
+    addFolders(m_infoCommand);
 }
 
 void FontCommand::addSheet()
 {
-    sheetCommand = command->add_subcommand(
+    m_sheetCommand = m_command->add_subcommand(
         "sheet", tr("Draw every glyph of a stroke font above its code").toStdString());
-    addFile(sheetCommand);
+    addFile(m_sheetCommand);
     const auto check = [](const std::string &name) {
         if (hostkit::FontSheet::hasExtension(QString::fromStdString(name)))
             return std::string();
@@ -155,20 +155,20 @@ void FontCommand::addSheet()
             .arg(QString::fromStdString(name), QStringLiteral(".svg, .png"))
             .toStdString();
     };
-    sheetCommand
-        ->add_option("-o,--output", outputs,
+    m_sheetCommand
+        ->add_option("-o,--output", m_outputs,
                      tr("Picture to write, .svg or .png. Can be given several times").toStdString())
         ->required()
         ->type_name("OUT")
         ->allow_extra_args(false)
         ->check(CLI::Validator([check](std::string &name) { return check(name); }, ""));
-    sheetCommand->add_flag("-q,--quiet", quiet, tr("No summary").toStdString());
-    addFolders(sheetCommand);
+    m_sheetCommand->add_flag("-q,--quiet", m_quiet, tr("No summary").toStdString());
+    addFolders(m_sheetCommand);
 }
 
 void FontCommand::addFile(CLI::App *part)
 {
-    part->add_option("FILE", file,
+    part->add_option("FILE", m_file,
                      tr("Stroke font; a name without a folder is looked for in the font folders "
                         "too")
                          .toStdString())
@@ -179,7 +179,7 @@ void FontCommand::addFile(CLI::App *part)
 void FontCommand::addFolders(CLI::App *part)
 {
     part->add_option(
-            "--font-dir", moreFolders,
+            "--font-dir", m_moreFolders,
             tr("Another folder with stroke fonts. Can be given several times").toStdString())
         ->type_name("DIR")
         ->allow_extra_args(false);
@@ -187,15 +187,15 @@ void FontCommand::addFolders(CLI::App *part)
 
 int FontCommand::run()
 {
-    if (listCommand->parsed())
+    if (m_listCommand->parsed())
         return list();
-    return infoCommand->parsed() ? info() : sheet();
+    return m_infoCommand->parsed() ? info() : sheet();
 }
 
 QStringList FontCommand::folders() const
 {
     QStringList all{hostkit::strokeFontFolder()};
-    for (const std::string &folder : moreFolders)
+    for (const std::string &folder : m_moreFolders)
         all << QString::fromStdString(folder);
     return all;
 }
@@ -203,7 +203,7 @@ QStringList FontCommand::folders() const
 /** The file as it was named; where there is none, the one of this name in a font folder. */
 QString FontCommand::fontPath() const
 {
-    const QString name = QString::fromStdString(file);
+    const QString name = QString::fromStdString(m_file);
     if (QFileInfo::exists(name) || name.contains(QLatin1Char('/')))
         return QFileInfo(name).absoluteFilePath();
     QStringList all = folders();
@@ -219,7 +219,7 @@ QString FontCommand::fontPath() const
 int FontCommand::list() const
 {
     bool listed = true;
-    if (systemFonts) {
+    if (m_systemFonts) {
         for (const QString &family : QFontDatabase().families())
             console::print(family);
     } else {
@@ -230,7 +230,7 @@ int FontCommand::list() const
 
 bool FontCommand::listStrokeFonts() const
 {
-    for (const std::string &folder : moreFolders) {
+    for (const std::string &folder : m_moreFolders) {
         if (!QFileInfo(QString::fromStdString(folder)).isDir()) {
             console::complain(folder, tr("no such folder"));
             return false;
@@ -252,7 +252,7 @@ int FontCommand::info() const
     ShxFontInfo font;
     QString error;
     if (!hostkit::readShxFontInfo(fontPath(), &font, &error)) {
-        console::complain(file, error);
+        console::complain(m_file, error);
         return console::Failed;
     }
     printFont(font);
@@ -264,12 +264,12 @@ int FontCommand::sheet() const
     hostkit::FontSheet drawn;
     QString error;
     if (!drawn.read(fontPath(), &error)) {
-        console::complain(file, error);
+        console::complain(m_file, error);
         return console::Failed;
     }
     const QFileInfo font(fontPath());
     bool written = true;
-    for (const std::string &output : outputs) {
+    for (const std::string &output : m_outputs) {
         if (QFileInfo(QString::fromStdString(output)) == font) {
             console::complain(output, tr("would overwrite the font it shows"));
             return console::Failed;
@@ -279,7 +279,7 @@ int FontCommand::sheet() const
             written = false;
         }
     }
-    if (!quiet) {
+    if (!m_quiet) {
         printRow(tr("Glyphs:"), QString::number(drawn.glyphs().size()));
         printRow(tr("Grid:"),
                  tr("%1 x %2 cells").arg(drawn.grid().width()).arg(drawn.grid().height()));

@@ -31,12 +31,12 @@ private:
     QStringList folders() const;
     QString fontPath() const;
 
-    CLI::App *listCommand = nullptr; ///< this and the next two: owned by the application
-    CLI::App *infoCommand = nullptr;
-    CLI::App *sheetCommand = nullptr;
-    std::string file;
-    std::vector<std::string> moreFolders;
-    std::vector<std::string> outputs;
-    bool systemFonts = false;
-    bool quiet = false;
+    CLI::App *m_listCommand = nullptr; ///< this and the next two: owned by the application
+    CLI::App *m_infoCommand = nullptr;
+    CLI::App *m_sheetCommand = nullptr;
+    std::string m_file;
+    std::vector<std::string> m_moreFolders;
+    std::vector<std::string> m_outputs;
+    bool m_systemFonts = false;
+    bool m_quiet = false;
 };

@@ -202,44 +202,44 @@ bool ForeignFiles::isNamed(const std::string &name)
 
 void ForeignFiles::addOptions(CLI::App *owner)
 {
-    command = owner;
+    m_command = owner;
     options.toleranceMm = kUsualToleranceMm;
-    usage::addValue(command, "--size", tr("Stretch each drawing to this width and height"),
-                    [this](const std::string &text) { sizeMm = sizeOf(text); })
+    usage::addValue(m_command, "--size", tr("Stretch each drawing to this width and height"),
+                    [this](const std::string &text) { m_sizeMm = sizeOf(text); })
         ->type_name("WxH");
-    usage::addValue(command, "--width", tr("Enlarge each drawing to this width"),
+    usage::addValue(m_command, "--width", tr("Enlarge each drawing to this width"),
                     [this](const std::string &text) {
-                        sizeMm = QSizeF(arguments::positiveLengthMm(text), 0.0);
+                        m_sizeMm = QSizeF(arguments::positiveLengthMm(text), 0.0);
                     })
         ->type_name("LENGTH");
-    usage::addValue(command, "--height", tr("Enlarge each drawing to this height"),
+    usage::addValue(m_command, "--height", tr("Enlarge each drawing to this height"),
                     [this](const std::string &text) {
-                        sizeMm = QSizeF(0.0, arguments::positiveLengthMm(text));
+                        m_sizeMm = QSizeF(0.0, arguments::positiveLengthMm(text));
                     })
         ->type_name("LENGTH");
-    usage::addValue(command, "--unit",
+    usage::addValue(m_command, "--unit",
                     tr("Length of the file's unit: mm, cm, in, or a length such as 0.025mm"),
-                    [this](const std::string &text) { reading.unitMm = unitOf(text); })
+                    [this](const std::string &text) { m_reading.unitMm = unitOf(text); })
         ->type_name("UNIT");
     usage::addValue(
-        command, "--split", tr("What becomes one shape: none, layer, color, outline"),
+        m_command, "--split", tr("What becomes one shape: none, layer, color, outline"),
         [this](const std::string &text) { options.split = usage::chosen(kSplits, text); })
         ->type_name("BY")
         ->default_str("color");
-    usage::addValue(command, "--tolerance", tr("How far straight pieces may lie beside curves"),
+    usage::addValue(m_command, "--tolerance", tr("How far straight pieces may lie beside curves"),
                     [this](const std::string &text) {
                         options.toleranceMm = arguments::positiveLengthMm(text);
                     })
         ->type_name("LENGTH")
         ->default_str("0.005mm");
-    command->add_flag("--fill-open", options.fillsOpen,
-                      tr("Hatch open outlines as if they were closed").toStdString());
+    m_command->add_flag("--fill-open", options.fillsOpen,
+                        tr("Hatch open outlines as if they were closed").toStdString());
 }
 
 bool ForeignFiles::isChosen(const std::vector<std::string> &names) const
 {
     for (const char *option : kOptions) {
-        if (command->get_option(option)->count() > 0)
+        if (m_command->get_option(option)->count() > 0)
             return true;
     }
     return std::any_of(names.begin(), names.end(), isNamed);
@@ -249,7 +249,7 @@ void ForeignFiles::checkTogether() const
 {
     std::size_t sizes = 0;
     for (const char *option : {"--size", "--width", "--height"})
-        sizes += command->get_option(option)->count() > 0 ? 1 : 0;
+        sizes += m_command->get_option(option)->count() > 0 ? 1 : 0;
     if (sizes > 1)
         usage::refuse("--size", tr("one of --size, --width and --height is enough"));
 }
@@ -275,11 +275,11 @@ bool ForeignFiles::import(const std::vector<std::string> &names, ZTGraphicsDocum
     for (const std::string &name : names) {
         progress.begin(tr("reading %1").arg(QString::fromStdString(name)));
         VectorDrawing drawing;
-        if (!read(name, reading, &drawing)) {
+        if (!read(name, m_reading, &drawing)) {
             isWhole = false;
             continue;
         }
-        if (!hostkit::fitDrawing(&drawing, sizeMm)) {
+        if (!hostkit::fitDrawing(&drawing, m_sizeMm)) {
             console::complain(name, tr("has no extent in the direction of the size asked for"));
             isWhole = false;
             continue;

@@ -50,7 +50,7 @@ private:
     static bool read(const std::string &name, const vectorkit::ReadOptions &how,
                      vectorkit::VectorDrawing *drawing);
 
-    CLI::App *command = nullptr; ///< owned by the application it was added to
-    vectorkit::ReadOptions reading;
-    QSizeF sizeMm;
+    CLI::App *m_command = nullptr; ///< owned by the application it was added to
+    vectorkit::ReadOptions m_reading;
+    QSizeF m_sizeMm;
 };

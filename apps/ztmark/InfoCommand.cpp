@@ -61,31 +61,31 @@ InfoCommand::InfoCommand(CLI::App &app)
           app, "info",
           tr("Tell what is in a drawing, or in a plotter drawing and what of it is lost on import"))
 {
-    command
-        ->add_option("FILE", file,
+    m_command
+        ->add_option("FILE", m_file,
                      tr("Drawing, .ztd, or plotter drawing; - reads standard input").toStdString())
         ->required()
         ->type_name("");
-    fonts.addOption(command);
-    command->footer(tr("Skipped lines are no pen moves and change nothing. Ill-formed lines are "
-                       "pen moves\nthat lose something: mend them in the file.")
-                        .toStdString());
+    m_fonts.addOption(m_command);
+    m_command->footer(tr("Skipped lines are no pen moves and change nothing. Ill-formed lines are "
+                         "pen moves\nthat lose something: mend them in the file.")
+                          .toStdString());
 }
 
 int InfoCommand::run()
 {
-    if (!OpenedDrawing::isNamed(file) && ForeignFiles::isNamed(file)) {
-        const bool isRead = ForeignFiles::describe(file);
+    if (!OpenedDrawing::isNamed(m_file) && ForeignFiles::isNamed(m_file)) {
+        const bool isRead = ForeignFiles::describe(m_file);
         return console::finishOutput() && isRead ? console::Done : console::Failed;
     }
-    return OpenedDrawing::isNamed(file) ? describeDrawing() : describePlotterFile();
+    return OpenedDrawing::isNamed(m_file) ? describeDrawing() : describePlotterFile();
 }
 
 int InfoCommand::describeDrawing() const
 {
     Progress progress(true);
     OpenedDrawing drawing;
-    if (!fonts.makeKnown() || !drawing.open(file, progress))
+    if (!m_fonts.makeKnown() || !drawing.open(m_file, progress))
         return console::Failed;
     progress.finish();
     DrawingInfo(drawing).print();
@@ -96,7 +96,7 @@ int InfoCommand::describePlotterFile() const
 {
     hostkit::DrawingInput drawing;
     QString error;
-    const bool drawable = drawing.open(QString::fromStdString(file), &error);
+    const bool drawable = drawing.open(QString::fromStdString(m_file), &error);
     if (drawing.report().lines > 0) {
         printReport(drawing.report());
         if (drawable)
@@ -105,6 +105,6 @@ int InfoCommand::describePlotterFile() const
     }
     const bool printed = console::finishOutput();
     if (!drawable)
-        console::complain(file, error);
+        console::complain(m_file, error);
     return drawable && printed ? console::Done : console::Failed;
 }

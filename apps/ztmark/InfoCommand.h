@@ -22,6 +22,6 @@ private:
     int describeDrawing() const;
     int describePlotterFile() const;
 
-    std::string file;
-    FontFolders fonts;
+    std::string m_file;
+    FontFolders m_fonts;
 };

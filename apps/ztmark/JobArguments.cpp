@@ -63,11 +63,11 @@ std::string checkExtension(const std::string &name)
 
 } // namespace
 
-JobArguments::JobArguments(CLI::App *owner) : command(owner) {}
+JobArguments::JobArguments(CLI::App *owner) : m_command(owner) {}
 
 void JobArguments::addOutputs()
 {
-    command
+    m_command
         ->add_option("-o,--output", outputs,
                      tr("Write the paths to a file; its extension says how: .svg or .png\n"
                         "a picture, .json or .csv the paths. Can be given several times")
@@ -75,41 +75,42 @@ void JobArguments::addOutputs()
         ->type_name("OUT")
         ->allow_extra_args(false)
         ->check(CLI::Validator([](std::string &name) { return checkExtension(name); }, ""));
-    command->add_flag("-q,--quiet", quiet,
-                      tr("No summary and no progress; warnings stay").toStdString());
+    m_command->add_flag("-q,--quiet", quiet,
+                        tr("No summary and no progress; warnings stay").toStdString());
 }
 
 void JobArguments::addHatch()
 {
-    addValue(command, "--hatch", tr("Hatch style: none, line, or zigzag (lines joined end to end)"),
+    addValue(m_command, "--hatch",
+             tr("Hatch style: none, line, or zigzag (lines joined end to end)"),
              [this](const std::string &text) { options.hatch = chosen(kHatches, text); })
         ->type_name("STYLE")
         ->default_str("none");
     addValue(
-        command, "--spacing", tr("Distance of the hatch lines on the marked result"),
+        m_command, "--spacing", tr("Distance of the hatch lines on the marked result"),
         [this](const std::string &text) { options.spacingMm = arguments::positiveLengthMm(text); })
         ->type_name("LENGTH")
         ->default_str("0.5mm");
-    addValue(command, "--angle", tr("Direction of the hatch lines, -360 to 360"),
+    addValue(m_command, "--angle", tr("Direction of the hatch lines, -360 to 360"),
              [this](const std::string &text) {
                  options.angleDeg = arguments::number(text, -360.0, 360.0);
              })
         ->type_name("DEGREES")
         ->default_str("0");
-    command->add_flag(
+    m_command->add_flag(
         "--no-outline", [this](std::int64_t) { options.outline = false; },
         tr("Mark the hatch alone, without the outlines").toStdString());
 }
 
 void JobArguments::addLayout()
 {
-    addValue(command, "--order",
+    addValue(m_command, "--order",
              tr("Order of the objects: none, nearest, or a sweep x-min, x-max, y-min,\ny-max from "
                 "that side"),
              [this](const std::string &text) { options.order = chosen(kOrders, text); })
         ->type_name("ORDER")
         ->default_str("none");
-    addValue(command, "--matrix", tr("Repeat the layout in columns x rows"),
+    addValue(m_command, "--matrix", tr("Repeat the layout in columns x rows"),
              [this](const std::string &text) {
                  const QSize size = arguments::matrix(text);
                  options.columns = size.width();
@@ -117,11 +118,11 @@ void JobArguments::addLayout()
              })
         ->type_name("CxR")
         ->default_str("1x1");
-    addValue(command, "--gap", tr("Space between copies and objects, across and down"),
+    addValue(m_command, "--gap", tr("Space between copies and objects, across and down"),
              [this](const std::string &text) { options.gapMm = arguments::gapMm(text); })
         ->type_name("LENGTH[,LENGTH]")
         ->default_str("2mm,2mm");
-    addValue(command, "--rotate", tr("Turn each object, -360 to 360"),
+    addValue(m_command, "--rotate", tr("Turn each object, -360 to 360"),
              [this](const std::string &text) {
                  options.rotateDeg = arguments::number(text, -360.0, 360.0);
              })

@@ -51,5 +51,5 @@ public:
     bool quiet = false;
 
 private:
-    CLI::App *command; ///< owned by the application it was added to
+    CLI::App *m_command; ///< owned by the application it was added to
 };

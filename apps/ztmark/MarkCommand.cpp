@@ -23,25 +23,25 @@ constexpr std::array<const char *, 4> kOnlyLibrary{"--matrix", "--gap", "--scale
 
 MarkCommand::MarkCommand(CLI::App &app)
     : Command(app, "mark", tr("Turn a drawing or plotter drawings into ordered mark paths")),
-      job(command)
+      m_job(m_command)
 {
-    files.addOption(command);
-    job.addOutputs();
-    job.addHatch();
-    job.addLayout();
-    usage::addValue(command, "--scale", tr("Enlarge the drawings, 0.001 to 1000"),
+    m_files.addOption(m_command);
+    m_job.addOutputs();
+    m_job.addHatch();
+    m_job.addLayout();
+    usage::addValue(m_command, "--scale", tr("Enlarge the drawings, 0.001 to 1000"),
                     [this](const std::string &text) {
-                        job.options.scale = arguments::number(text, 0.001, 1000.0);
+                        m_job.options.scale = arguments::number(text, 0.001, 1000.0);
                     })
         ->type_name("FACTOR")
         ->default_str("1");
-    foreign.addOptions(command);
-    command->add_flag(
-        "--outside", marksOutside,
+    m_foreign.addOptions(m_command);
+    m_command->add_flag(
+        "--outside", m_marksOutside,
         tr("Mark a drawing also where its shapes reach out of its work area").toStdString());
-    fonts.addOption(command);
-    command->final_callback([this] { checkTogether(); });
-    command->footer(
+    m_fonts.addOption(m_command);
+    m_command->final_callback([this] { checkTogether(); });
+    m_command->footer(
         tr("Lengths take mm (the default), cm or in: 0.5, 0.5mm, 2cm, 1in. Angles are degrees,\n"
            "clockwise. A plotter drawing is imported 20 mm high. Several stand side by side, a "
            "gap\n"
@@ -68,8 +68,8 @@ MarkCommand::MarkCommand(CLI::App &app)
 
 void MarkCommand::checkTogether() const
 {
-    files.checkTogether();
-    if (files.isDrawing())
+    m_files.checkTogether();
+    if (m_files.isDrawing())
         checkDrawing();
     else
         checkTogetherWithFiles();
@@ -77,12 +77,12 @@ void MarkCommand::checkTogether() const
 
 void MarkCommand::checkTogetherWithFiles() const
 {
-    job.checkTogether();
-    foreign.checkTogether();
-    if (!foreign.isChosen(files.names))
+    m_job.checkTogether();
+    m_foreign.checkTogether();
+    if (!m_foreign.isChosen(m_files.names))
         return;
     for (const char *option : kOnlyLibrary) {
-        if (command->get_option(option)->count() > 0)
+        if (m_command->get_option(option)->count() > 0)
             usage::refuse(option, tr("not for drawings that come in at true size"));
     }
 }
@@ -90,53 +90,53 @@ void MarkCommand::checkTogetherWithFiles() const
 void MarkCommand::checkDrawing() const
 {
     for (const char *option : kOnlyPlotter) {
-        if (command->get_option(option)->count() > 0)
+        if (m_command->get_option(option)->count() > 0)
             usage::refuse(option, tr("not for a drawing, which has its own layout and hatch"));
     }
 }
 
 int MarkCommand::run()
 {
-    if (!JobArguments::canWrite(job.outputs, files.names) || !fonts.makeKnown())
+    if (!JobArguments::canWrite(m_job.outputs, m_files.names) || !m_fonts.makeKnown())
         return console::Failed;
-    Progress progress(!job.quiet);
-    if (!files.isDrawing() && foreign.isChosen(files.names))
+    Progress progress(!m_job.quiet);
+    if (!m_files.isDrawing() && m_foreign.isChosen(m_files.names))
         return markForeignFiles(progress);
-    return files.isDrawing() ? markDrawing(progress) : markPlotterFiles(progress);
+    return m_files.isDrawing() ? markDrawing(progress) : markPlotterFiles(progress);
 }
 
 int MarkCommand::markPlotterFiles(Progress &progress)
 {
     PlotterFiles plotter;
     hostkit::MarkJobResult result;
-    if (!plotter.open(files.names, progress) || !build(plotter.drawings(), &result, progress))
+    if (!plotter.open(m_files.names, progress) || !build(plotter.drawings(), &result, progress))
         return console::Failed;
-    const bool written = job.write(result.graph, job.outputs, progress);
+    const bool written = m_job.write(result.graph, m_job.outputs, progress);
     progress.finish();
     plotter.warnOfLosses();
-    job.warnOfEmptyHatch(result.after);
+    m_job.warnOfEmptyHatch(result.after);
     return finish(written, result.before, result.after);
 }
 
 int MarkCommand::markDrawing(Progress &progress)
 {
     OpenedDrawing drawing;
-    if (!drawing.open(files.names.front(), progress))
+    if (!drawing.open(m_files.names.front(), progress))
         return console::Failed;
     progress.begin(tr("ordering"));
-    const bool isOrdered = command->get_option("--order")->count() > 0;
+    const bool isOrdered = m_command->get_option("--order")->count() > 0;
     const hostkit::DrawingMarks marks = hostkit::drawingMarks(
-        drawing.document, isOrdered ? std::make_optional(job.options.order) : std::nullopt);
+        drawing.document, isOrdered ? std::make_optional(m_job.options.order) : std::nullopt);
     progress.finish();
     for (const QString &sentence : hostkit::describeFindings(marks.findings))
-        console::complain(files.names.front(), tr("warning: %1").arg(sentence));
-    if (!marks.findings.outside.isEmpty() && !marksOutside) {
-        console::complain(files.names.front(),
+        console::complain(m_files.names.front(), tr("warning: %1").arg(sentence));
+    if (!marks.findings.outside.isEmpty() && !m_marksOutside) {
+        console::complain(m_files.names.front(),
                           tr("nothing written: shapes outside the work area are "
                              "marked with --outside alone"));
         return console::Failed;
     }
-    const bool written = job.write(marks.graph, job.outputs, progress, marks.units);
+    const bool written = m_job.write(marks.graph, m_job.outputs, progress, marks.units);
     return finish(written, marks.before, marks.after);
 }
 
@@ -144,38 +144,38 @@ int MarkCommand::markDrawing(Progress &progress)
 int MarkCommand::markForeignFiles(Progress &progress)
 {
     ZTFillParam fill;
-    fill.fillType = job.options.hatch;
-    fill.spac = job.options.spacingMm;
-    fill.angle = job.options.angleDeg;
-    foreign.options.fill = fill;
+    fill.fillType = m_job.options.hatch;
+    fill.spac = m_job.options.spacingMm;
+    fill.angle = m_job.options.angleDeg;
+    m_foreign.options.fill = fill;
     OpenedDrawing drawing;
-    const bool isWhole = foreign.import(files.names, drawing.document, progress);
+    const bool isWhole = m_foreign.import(m_files.names, drawing.document, progress);
     if (drawing.items().isEmpty()) {
         progress.finish();
         return console::Failed;
     }
     progress.begin(tr("ordering"));
-    hostkit::DrawingMarks marks = hostkit::drawingMarks(drawing.document, job.options.order);
+    hostkit::DrawingMarks marks = hostkit::drawingMarks(drawing.document, m_job.options.order);
     // The order follows the outlines also where they are not marked.
-    if (!job.options.outline) {
+    if (!m_job.options.outline) {
         for (ZTMarkObject &object : marks.graph.objects)
             object.lines.clear();
         marks.before = marks.after = hostkit::measureMarkPath(marks.graph, marks.units);
     }
-    const bool written = job.write(marks.graph, job.outputs, progress, marks.units);
+    const bool written = m_job.write(marks.graph, m_job.outputs, progress, marks.units);
     progress.finish();
     // A foreign drawing knows no work area: that it reaches out of the usual one is no fault.
     marks.findings.outside.clear();
     for (const QString &sentence : hostkit::describeFindings(marks.findings))
         console::complain(tr("warning: %1").arg(sentence).toStdString());
-    job.warnOfEmptyHatch(marks.after);
+    m_job.warnOfEmptyHatch(marks.after);
     return finish(written && isWhole, marks.before, marks.after);
 }
 
 int MarkCommand::finish(bool written, const hostkit::MarkPathMeasure &before,
                         const hostkit::MarkPathMeasure &after) const
 {
-    if (!job.quiet)
+    if (!m_job.quiet)
         JobArguments::printSummary(before, after);
     const bool printed = console::finishOutput();
     return written && printed ? console::Done : console::Failed;
@@ -184,15 +184,15 @@ int MarkCommand::finish(bool written, const hostkit::MarkPathMeasure &before,
 bool MarkCommand::build(const PlotterFiles::Drawings &drawings, hostkit::MarkJobResult *result,
                         Progress &progress)
 {
-    job.options.progress = [&progress](const QString &step) { progress.begin(step); };
+    m_job.options.progress = [&progress](const QString &step) { progress.begin(step); };
     hostkit::MarkJobError error;
-    const bool built = hostkit::buildMarkJob(drawings, job.options, result, &error);
-    job.options.progress = nullptr;
+    const bool built = hostkit::buildMarkJob(drawings, m_job.options, result, &error);
+    m_job.options.progress = nullptr;
     if (built)
         return true;
     progress.finish();
     if (error.drawing >= 0)
-        console::complain(files.names[static_cast<size_t>(error.drawing)], error.reason);
+        console::complain(m_files.names[static_cast<size_t>(error.drawing)], error.reason);
     else
         console::complain(error.reason.toStdString());
     return false;

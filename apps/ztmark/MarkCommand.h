@@ -35,9 +35,9 @@ private:
     int finish(bool written, const hostkit::MarkPathMeasure &before,
                const hostkit::MarkPathMeasure &after) const;
 
-    InputFiles files;
-    JobArguments job;
-    ForeignFiles foreign;
-    bool marksOutside = false;
-    FontFolders fonts;
+    InputFiles m_files;
+    JobArguments m_job;
+    ForeignFiles m_foreign;
+    bool m_marksOutside = false;
+    FontFolders m_fonts;
 };

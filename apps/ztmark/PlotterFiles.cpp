@@ -21,7 +21,7 @@ QString warningAbout(const PltReport &report)
 
 bool PlotterFiles::open(const std::vector<std::string> &files, Progress &progress)
 {
-    names = files;
+    m_names = files;
     for (const std::string &file : files) {
         const QString name = QString::fromStdString(file);
         progress.begin(tr("reading %1").arg(name));
@@ -32,15 +32,15 @@ bool PlotterFiles::open(const std::vector<std::string> &files, Progress &progres
             console::complain(file, error);
             return false;
         }
-        opened.push_back(std::move(drawing));
+        m_opened.push_back(std::move(drawing));
     }
     return true;
 }
 
 void PlotterFiles::warnOfLosses() const
 {
-    for (size_t i = 0; i < opened.size(); ++i) {
-        if (opened[i]->report().illFormedLines > 0)
-            console::complain(names[i], warningAbout(opened[i]->report()));
+    for (size_t i = 0; i < m_opened.size(); ++i) {
+        if (m_opened[i]->report().illFormedLines > 0)
+            console::complain(m_names[i], warningAbout(m_opened[i]->report()));
     }
 }

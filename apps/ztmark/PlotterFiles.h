@@ -24,9 +24,9 @@ public:
     /** Warns of those that lose something. */
     void warnOfLosses() const;
 
-    const Drawings &drawings() const { return opened; }
+    const Drawings &drawings() const { return m_opened; }
 
 private:
-    std::vector<std::string> names;
-    Drawings opened;
+    std::vector<std::string> m_names;
+    Drawings m_opened;
 };

@@ -15,40 +15,40 @@ constexpr char kEraseLine[] = "\r\x1b[K";
 
 } // namespace
 
-Progress::Progress(bool wanted) : started(std::chrono::steady_clock::now())
+Progress::Progress(bool wanted) : m_started(std::chrono::steady_clock::now())
 {
     if (wanted && isatty(STDERR_FILENO) == 1)
-        watcher = std::thread(&Progress::watch, this);
+        m_watcher = std::thread(&Progress::watch, this);
 }
 
 Progress::~Progress() { finish(); }
 
 void Progress::begin(const QString &step)
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    text = console::printable(step.toStdString());
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_text = console::printable(step.toStdString());
 }
 
 void Progress::finish()
 {
-    if (!watcher.joinable())
+    if (!m_watcher.joinable())
         return;
     {
-        const std::lock_guard<std::mutex> lock(mutex);
-        finished = true;
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_finished = true;
     }
-    changed.notify_one();
-    watcher.join();
-    if (shown)
+    m_changed.notify_one();
+    m_watcher.join();
+    if (m_shown)
         std::fputs(kEraseLine, stderr);
 }
 
 /** The work itself blocks in the library, so another thread keeps the line alive. */
 void Progress::watch()
 {
-    std::unique_lock<std::mutex> lock(mutex);
-    auto next = started + kPatience;
-    while (!changed.wait_until(lock, next, [this] { return finished; })) {
+    std::unique_lock<std::mutex> lock(m_mutex);
+    auto next = m_started + kPatience;
+    while (!m_changed.wait_until(lock, next, [this] { return m_finished; })) {
         show();
         next += kRefresh;
     }
@@ -56,10 +56,10 @@ void Progress::watch()
 
 void Progress::show()
 {
-    const auto elapsed = std::chrono::steady_clock::now() - started;
+    const auto elapsed = std::chrono::steady_clock::now() - m_started;
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(elapsed).count();
-    std::fprintf(stderr, "%sztmark: %s, %lld s", kEraseLine, text.c_str(),
+    std::fprintf(stderr, "%sztmark: %s, %lld s", kEraseLine, m_text.c_str(),
                  static_cast<long long>(seconds));
     std::fflush(stderr);
-    shown = true;
+    m_shown = true;
 }

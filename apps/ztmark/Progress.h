@@ -30,11 +30,11 @@ private:
     void show();
     void watch();
 
-    std::mutex mutex;
-    std::condition_variable changed;
-    std::string text;
-    bool finished = false;
-    bool shown = false;
-    std::chrono::steady_clock::time_point started;
-    std::thread watcher;
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    std::string m_text;
+    bool m_finished = false;
+    bool m_shown = false;
+    std::chrono::steady_clock::time_point m_started;
+    std::thread m_watcher;
 };

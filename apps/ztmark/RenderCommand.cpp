@@ -22,20 +22,22 @@ bool endsIn(const std::string &name, const char *extension)
 } // namespace
 
 RenderCommand::RenderCommand(CLI::App &app)
-    : Command(app, "render", tr("Make a picture of a drawing")), longerSidePx(kUsualSide)
+    : Command(app, "render", tr("Make a picture of a drawing")), m_longerSidePx(kUsualSide)
 {
-    command->add_option("FILE", file, tr("Drawing, .ztd").toStdString())->required()->type_name("");
+    m_command->add_option("FILE", m_file, tr("Drawing, .ztd").toStdString())
+        ->required()
+        ->type_name("");
     addOutput();
-    usage::addValue(command, "--size", tr("Longer side of a .png in pixels, 16 to 8192"),
+    usage::addValue(m_command, "--size", tr("Longer side of a .png in pixels, 16 to 8192"),
                     [this](const std::string &text) {
-                        longerSidePx = arguments::count(text, hostkit::kLeastPictureSide,
-                                                        hostkit::kMostPictureSide);
+                        m_longerSidePx = arguments::count(text, hostkit::kLeastPictureSide,
+                                                          hostkit::kMostPictureSide);
                     })
         ->type_name("PIXELS")
         ->default_str("1024");
-    fonts.addOption(command);
-    command->final_callback([this] { checkTogether(); });
-    command->footer(
+    m_fonts.addOption(m_command);
+    m_command->final_callback([this] { checkTogether(); });
+    m_command->footer(
         tr("A .png shows the shapes as the studio does, in the colours of their pens, without "
            "grid,\n"
            "frame and selection. An .svg shows what is marked, true to size in millimetres: the\n"
@@ -55,41 +57,41 @@ void RenderCommand::addOutput()
             .arg(QString::fromStdString(name), QStringLiteral(".png, .svg"))
             .toStdString();
     };
-    command->add_option("-o,--output", output, tr("The picture, .png or .svg").toStdString())
+    m_command->add_option("-o,--output", m_output, tr("The picture, .png or .svg").toStdString())
         ->required()
         ->type_name("OUT")
         ->check(CLI::Validator(check, ""));
 }
 
-bool RenderCommand::asPaths() const { return endsIn(output, ".svg"); }
+bool RenderCommand::asPaths() const { return endsIn(m_output, ".svg"); }
 
 void RenderCommand::checkTogether() const
 {
-    if (asPaths() && command->get_option("--size")->count() > 0)
+    if (asPaths() && m_command->get_option("--size")->count() > 0)
         usage::refuse("--size", tr("an .svg has no pixels, its size is that of the drawing"));
 }
 
 int RenderCommand::run()
 {
-    if (!JobArguments::canWrite({output}, {file}) || !fonts.makeKnown())
+    if (!JobArguments::canWrite({m_output}, {m_file}) || !m_fonts.makeKnown())
         return console::Failed;
     Progress progress(true);
     OpenedDrawing drawing;
-    if (!drawing.open(file, progress))
+    if (!drawing.open(m_file, progress))
         return console::Failed;
     QString error;
     const bool isSaved = save(drawing, &error);
     progress.finish();
     if (!isSaved)
-        console::complain(output, error);
+        console::complain(m_output, error);
     return isSaved ? console::Done : console::Failed;
 }
 
 bool RenderCommand::save(OpenedDrawing &drawing, QString *error) const
 {
-    const QString path = QString::fromStdString(output);
+    const QString path = QString::fromStdString(m_output);
     if (!asPaths())
-        return hostkit::saveDrawingPicture(drawing.document, longerSidePx, path, error);
+        return hostkit::saveDrawingPicture(drawing.document, m_longerSidePx, path, error);
     const hostkit::DrawingMarks marks = hostkit::drawingMarks(drawing.document);
     return hostkit::saveMarkGraph(marks.graph, marks.units, path, error);
 }

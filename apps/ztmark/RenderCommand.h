@@ -26,8 +26,8 @@ private:
     bool save(OpenedDrawing &drawing, QString *error) const;
     bool asPaths() const;
 
-    std::string file;
-    std::string output;
-    int longerSidePx;
-    FontFolders fonts;
+    std::string m_file;
+    std::string m_output;
+    int m_longerSidePx;
+    FontFolders m_fonts;
 };

@@ -72,17 +72,17 @@ QRectF markedRect(const ZTMarkGraph &graph)
 } // namespace
 
 TextCommand::TextCommand(CLI::App &app)
-    : Command(app, "text", tr("Turn texts into ordered mark paths")), job(command)
+    : Command(app, "text", tr("Turn texts into ordered mark paths")), m_job(m_command)
 {
     addTexts();
-    job.addOutputs();
+    m_job.addOutputs();
     addFont();
     addArc();
     addSerial();
-    job.addHatch();
-    job.addLayout();
-    command->final_callback([this] { checkTogether(); });
-    command->footer(
+    m_job.addHatch();
+    m_job.addLayout();
+    m_command->final_callback([this] { checkTogether(); });
+    m_command->footer(
         tr("Several texts stand side by side, a gap apart, each one object. In a text, \\n begins "
            "a new\n"
            "line, {serial} or {} is the place of the serial number and {date} or "
@@ -110,93 +110,94 @@ void TextCommand::addTexts()
     // and the texts are read raw afterwards, because a conversion has its own idea of "{}".
     const int any = CLI::detail::expected_max_vector_size;
     const auto ignore = [](const std::vector<std::string> &) {};
-    typed = command
-                ->add_option_function<std::vector<std::string>>("TEXT", ignore,
-                                                                tr("Texts to mark").toStdString())
-                ->type_name("")
-                ->expected(any, any)
-                ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
-                ->allow_extra_args(false);
+    m_typed = m_command
+                  ->add_option_function<std::vector<std::string>>("TEXT", ignore,
+                                                                  tr("Texts to mark").toStdString())
+                  ->type_name("")
+                  ->expected(any, any)
+                  ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+                  ->allow_extra_args(false);
 }
 
 void TextCommand::addFont()
 {
     const auto setPair = [this](const std::string &text) {
         const QString pair = arguments::text(text);
-        regularFont = pair.section(QLatin1Char(','), 0, 0).trimmed();
-        bigFont = pair.section(QLatin1Char(','), 1).trimmed();
-        if (regularFont.isEmpty())
+        m_regularFont = pair.section(QLatin1Char(','), 0, 0).trimmed();
+        m_bigFont = pair.section(QLatin1Char(','), 1).trimmed();
+        if (m_regularFont.isEmpty())
             arguments::refuse(text, tr("\"%1\" names no font, write REGULAR.shx,BIG.shx"));
     };
-    addValue(command, "--font-pair",
+    addValue(m_command, "--font-pair",
              tr("Stroke fonts, the big one for Chinese; without it the first one found"), setPair)
         ->type_name("REG.shx[,BIG.shx]");
-    addValue(command, "--font", tr("Family of a system font; else the system's usual font"),
+    addValue(m_command, "--font", tr("Family of a system font; else the system's usual font"),
              [this](const std::string &text) {
-                 family = arguments::text(text);
-                 if (family.isEmpty())
+                 m_family = arguments::text(text);
+                 if (m_family.isEmpty())
                      arguments::refuse(text, tr("\"%1\" names no font"));
              })
         ->type_name("FAMILY");
-    fontFolders.addOption(command);
+    m_fontFolders.addOption(m_command);
     addValue(
-        command, "--height", tr("Text height: how high capital letters are"),
-        [this](const std::string &text) { options.heightMm = arguments::positiveLengthMm(text); })
+        m_command, "--height", tr("Text height: how high capital letters are"),
+        [this](const std::string &text) { m_options.heightMm = arguments::positiveLengthMm(text); })
         ->type_name("LENGTH")
         ->default_str("10mm");
-    addValue(command, "--char-spacing", tr("Space added between characters"),
-             [this](const std::string &text) { options.charSpacingMm = arguments::lengthMm(text); })
+    addValue(
+        m_command, "--char-spacing", tr("Space added between characters"),
+        [this](const std::string &text) { m_options.charSpacingMm = arguments::lengthMm(text); })
         ->type_name("LENGTH")
         ->default_str("0");
-    addValue(command, "--line-spacing",
+    addValue(m_command, "--line-spacing",
              tr("Space between a line and the base line of the next, letters left\nout; 0.3 of "
                 "the height else"),
-             [this](const std::string &text) { lineSpacingMm = arguments::lengthMm(text); })
+             [this](const std::string &text) { m_lineSpacingMm = arguments::lengthMm(text); })
         ->type_name("LENGTH");
 }
 
 void TextCommand::addArc()
 {
     const auto angle = [this](const std::string &text) {
-        hasArcOption = true;
+        m_hasArcOption = true;
         return arguments::number(text, -360.0, 360.0);
     };
-    addValue(command, "--arc", tr("Run the text along a circle of this diameter"),
+    addValue(m_command, "--arc", tr("Run the text along a circle of this diameter"),
              [this](const std::string &text) {
-                 options.arc.diameterMm = arguments::positiveLengthMm(text);
+                 m_options.arc.diameterMm = arguments::positiveLengthMm(text);
              })
         ->type_name("DIAMETER");
-    addValue(command, "--arc-start",
+    addValue(m_command, "--arc-start",
              tr("Where the arc starts, 0 is three o'clock; else it is centred at the\ntop"),
-             [this, angle](const std::string &text) { arcStartDeg = angle(text); })
+             [this, angle](const std::string &text) { m_arcStartDeg = angle(text); })
         ->type_name("DEGREES");
-    addValue(command, "--arc-span",
+    addValue(m_command, "--arc-span",
              tr("Angle that the characters share, -360 to 360, positive is clockwise"),
-             [this, angle](const std::string &text) { options.arc.spanDeg = angle(text); })
+             [this, angle](const std::string &text) { m_options.arc.spanDeg = angle(text); })
         ->type_name("DEGREES")
         ->default_str("90");
 }
 
 void TextCommand::addSerial()
 {
-    serial =
-        addValue(command, "--serial",
+    m_serial =
+        addValue(m_command, "--serial",
                  tr("Serial number: start=1,step=1,last=99,width=4,base=10 or some of them;\nbase "
                     "16 and 26 (letters) too. Without a place for it, it ends the last\ntext"),
-                 [this](const std::string &text) { counter = arguments::serial(text); })
+                 [this](const std::string &text) { m_counter = arguments::serial(text); })
             ->type_name("COUNTER");
-    addValue(command, "--count", tr("Write so many parts, 1 to 10000, each with its own number"),
-             [this](const std::string &text) { count = arguments::count(text, 1, kMaxParts); })
+    addValue(m_command, "--count", tr("Write so many parts, 1 to 10000, each with its own number"),
+             [this](const std::string &text) { m_count = arguments::count(text, 1, kMaxParts); })
         ->type_name("N")
         ->default_str("1");
 }
 
 void TextCommand::checkTogether()
 {
-    job.checkTogether();
-    if (!regularFont.isEmpty() && !family.isEmpty())
+    m_job.checkTogether();
+    if (!m_regularFont.isEmpty() && !m_family.isEmpty())
         usage::refuse("--font", tr("cannot be given together with --font-pair"));
-    if (!regularFont.isEmpty() && job.options.hatch != FillType::None)
+    if (!m_regularFont.isEmpty() && m_job.options.hatch != FillType::None)
         usage::refuse("--hatch", tr("stroke fonts are not hatched"));
     checkArc();
     readTexts();
@@ -205,13 +206,13 @@ void TextCommand::checkTogether()
 
 void TextCommand::checkArc() const
 {
-    if (options.arc.diameterMm == 0.0 && hasArcOption)
+    if (m_options.arc.diameterMm == 0.0 && m_hasArcOption)
         usage::refuse("--arc-start, --arc-span", tr("nothing without --arc"));
-    if (options.arc.diameterMm == 0.0)
+    if (m_options.arc.diameterMm == 0.0)
         return;
-    if (options.charSpacingMm > 0.0)
+    if (m_options.charSpacingMm > 0.0)
         usage::refuse("--char-spacing", tr("nothing on an arc, --arc-span spreads the text"));
-    if (lineSpacingMm)
+    if (m_lineSpacingMm)
         usage::refuse("--line-spacing", tr("nothing on an arc, its text is one line"));
 }
 
@@ -220,30 +221,30 @@ void TextCommand::readTexts()
 {
     std::vector<QVector<ZTVariantTextSegment>> all;
     bool hasSerial = false;
-    for (const std::string &text : typed->results()) {
+    for (const std::string &text : m_typed->results()) {
         QString decoded;
         try {
             decoded = arguments::text(text);
         } catch (const arguments::ArgumentError &error) {
             throw CLI::ValidationError("TEXT", error.what);
         }
-        const hostkit::TextPlaces places = hostkit::readTextPlaces(decoded, counter);
+        const hostkit::TextPlaces places = hostkit::readTextPlaces(decoded, m_counter);
         all.push_back(places.segments);
         hasSerial = hasSerial || places.hasSerial;
     }
-    if (all.empty() && serial->count() == 0)
+    if (all.empty() && m_serial->count() == 0)
         throw CLI::RequiredError("TEXT");
-    if (serial->count() > 0 && !hasSerial) {
+    if (m_serial->count() > 0 && !hasSerial) {
         if (all.empty())
             all.emplace_back();
-        all.back().append(counter);
+        all.back().append(m_counter);
         hasSerial = true;
     }
-    if (count > 1 && !hasSerial)
+    if (m_count > 1 && !hasSerial)
         usage::refuse("--count", tr("all parts would be the same without --serial or {serial}"));
     for (const QVector<ZTVariantTextSegment> &segments : all) {
-        texts.emplace_back();
-        if (!texts.back().setSegments(segments))
+        m_texts.emplace_back();
+        if (!m_texts.back().setSegments(segments))
             usage::refuse("TEXT", tr("has more than %1 places").arg(ZTVariantText::kMaxSegments));
     }
 }
@@ -251,7 +252,7 @@ void TextCommand::readTexts()
 void TextCommand::checkOutputNames() const
 {
     QStringList paths;
-    for (const std::string &output : job.outputs) {
+    for (const std::string &output : m_job.outputs) {
         const QString path = QFileInfo(QString::fromStdString(output)).absoluteFilePath();
         if (paths.contains(path))
             usage::refuse("--output",
@@ -262,20 +263,20 @@ void TextCommand::checkOutputNames() const
 
 int TextCommand::run()
 {
-    options.layout = job.options;
-    options.lineSpacingMm = lineSpacingMm.value_or(kUsualLineSpacing * options.heightMm);
-    options.arc.startDeg = arcStartDeg.value_or(kTopDeg - options.arc.spanDeg / 2.0);
-    if (!chooseFont() || !hasEnoughValues() || !job.canWrite(allOutputs(), {}))
+    m_options.layout = m_job.options;
+    m_options.lineSpacingMm = m_lineSpacingMm.value_or(kUsualLineSpacing * m_options.heightMm);
+    m_options.arc.startDeg = m_arcStartDeg.value_or(kTopDeg - m_options.arc.spanDeg / 2.0);
+    if (!chooseFont() || !hasEnoughValues() || !m_job.canWrite(allOutputs(), {}))
         return console::Failed;
 
-    Progress progress(!job.quiet);
+    Progress progress(!m_job.quiet);
     Sum sum;
     bool made = true;
-    for (int part = 1; made && part <= count; ++part)
+    for (int part = 1; made && part <= m_count; ++part)
         made = makePart(part, &sum, progress);
     progress.finish();
     warn(sum);
-    if (made && !job.quiet)
+    if (made && !m_job.quiet)
         printSummary(sum);
     const bool printed = console::finishOutput();
     return made && printed ? console::Done : console::Failed;
@@ -283,14 +284,14 @@ int TextCommand::run()
 
 bool TextCommand::chooseFont()
 {
-    if (!fontFolders.makeKnown())
+    if (!m_fontFolders.makeKnown())
         return false;
-    if (regularFont.isEmpty())
+    if (m_regularFont.isEmpty())
         return chooseSystemFont();
-    options.font.fontType = FontType::singleLine;
+    m_options.font.fontType = FontType::singleLine;
     QString error;
-    const QStringList folders = QStringList{hostkit::strokeFontFolder()} + fontFolders.names;
-    if (hostkit::strokeFont(regularFont, bigFont, folders, &options.font.shxFont, &error))
+    const QStringList folders = QStringList{hostkit::strokeFontFolder()} + m_fontFolders.names;
+    if (hostkit::strokeFont(m_regularFont, m_bigFont, folders, &m_options.font.shxFont, &error))
         return true;
     console::complain(error.toStdString());
     return false;
@@ -298,31 +299,31 @@ bool TextCommand::chooseFont()
 
 bool TextCommand::chooseSystemFont()
 {
-    options.font.fontType = FontType::doubleLine;
-    options.font.font = QApplication::font();
-    if (family.isEmpty())
+    m_options.font.fontType = FontType::doubleLine;
+    m_options.font.font = QApplication::font();
+    if (m_family.isEmpty())
         return true;
-    if (!hostkit::hasSystemFont(family)) {
+    if (!hostkit::hasSystemFont(m_family)) {
         console::complain(tr("no system font %1, ztmark font list --system tells them")
-                              .arg(family)
+                              .arg(m_family)
                               .toStdString());
         return false;
     }
-    options.font.font.setFamily(family);
+    m_options.font.font.setFamily(m_family);
     return true;
 }
 
 /** Tried on copies: no part is written when the last one would have no number of its own. */
 bool TextCommand::hasEnoughValues() const
 {
-    if (count == 1)
+    if (m_count == 1)
         return true;
-    for (ZTVariantText text : texts) {
-        for (int part = 0; part < count; ++part, text.update()) {
+    for (ZTVariantText text : m_texts) {
+        for (int part = 0; part < m_count; ++part, text.update()) {
             if (text.isExhausted()) {
                 console::complain(tr("the serial number ends after part %1 of %2")
                                       .arg(part)
-                                      .arg(count)
+                                      .arg(m_count)
                                       .toStdString());
                 return false;
             }
@@ -333,13 +334,13 @@ bool TextCommand::hasEnoughValues() const
 
 std::vector<std::string> TextCommand::outputsOf(int part) const
 {
-    return job.outputsOfPart(part, count);
+    return m_job.outputsOfPart(part, m_count);
 }
 
 std::vector<std::string> TextCommand::allOutputs() const
 {
     std::vector<std::string> all;
-    for (int part = 1; part <= count; ++part) {
+    for (int part = 1; part <= m_count; ++part) {
         const std::vector<std::string> names = outputsOf(part);
         all.insert(all.end(), names.begin(), names.end());
     }
@@ -348,17 +349,17 @@ std::vector<std::string> TextCommand::allOutputs() const
 
 bool TextCommand::makePart(int part, Sum *sum, Progress &progress)
 {
-    if (count > 1)
-        progress.begin(tr("part %1 of %2").arg(part).arg(count));
+    if (m_count > 1)
+        progress.begin(tr("part %1 of %2").arg(part).arg(m_count));
     else
-        options.layout.progress = [&progress](const QString &step) { progress.begin(step); };
+        m_options.layout.progress = [&progress](const QString &step) { progress.begin(step); };
     hostkit::MarkJobResult result;
     hostkit::MarkJobError error;
-    const bool built = hostkit::buildTextJob(&texts, options, &result, &error);
-    options.layout.progress = nullptr;
+    const bool built = hostkit::buildTextJob(&m_texts, m_options, &result, &error);
+    m_options.layout.progress = nullptr;
     add(result, sum);
     if (built)
-        return job.write(result.graph, outputsOf(part), progress);
+        return m_job.write(result.graph, outputsOf(part), progress);
     progress.finish();
     console::complain(error.reason.toStdString());
     return false;
@@ -367,7 +368,7 @@ bool TextCommand::makePart(int part, Sum *sum, Progress &progress)
 QStringList TextCommand::values() const
 {
     QStringList shown;
-    for (const ZTVariantText &text : texts)
+    for (const ZTVariantText &text : m_texts)
         shown << text.getText();
     return shown;
 }
@@ -382,7 +383,7 @@ void TextCommand::add(const hostkit::MarkJobResult &result, Sum *sum) const
         sum->firstValues = values();
     sum->lastValues = values();
     const hostkit::MissingCharacters missing =
-        hostkit::missingCharacters(sum->lastValues.join(QLatin1Char('\n')), options.font);
+        hostkit::missingCharacters(sum->lastValues.join(QLatin1Char('\n')), m_options.font);
     addNew(&sum->noGlyph, missing.noGlyph);
     addNew(&sum->notEncoded, missing.notEncoded);
 }
@@ -397,7 +398,7 @@ void TextCommand::warn(const Sum &sum) const
     if (!sum.noGlyph.isEmpty())
         console::complain(
             tr("warning: the font has no glyph for %1").arg(named(sum.noGlyph)).toStdString());
-    job.warnOfEmptyHatch(sum.after);
+    m_job.warnOfEmptyHatch(sum.after);
 }
 
 void TextCommand::printSummary(const Sum &sum) const
@@ -405,8 +406,8 @@ void TextCommand::printSummary(const Sum &sum) const
     const auto joined = [](const QStringList &parts) {
         return QString(parts.join(QLatin1Char(' '))).replace(QLatin1Char('\n'), QLatin1Char(' '));
     };
-    if (count > 1) {
-        JobArguments::printRow(tr("Parts:"), QString::number(count));
+    if (m_count > 1) {
+        JobArguments::printRow(tr("Parts:"), QString::number(m_count));
         JobArguments::printRow(tr("First part:"), joined(sum.firstValues));
         JobArguments::printRow(tr("Last part:"), joined(sum.lastValues));
     } else {

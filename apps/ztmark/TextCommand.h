@@ -53,18 +53,18 @@ private:
     void printSummary(const Sum &sum) const;
     QStringList values() const;
 
-    CLI::Option *typed = nullptr;  ///< the texts as they were typed; owned by the command
-    CLI::Option *serial = nullptr; ///< owned by the command
-    JobArguments job;
-    hostkit::TextJobOptions options;
-    std::vector<ZTVariantText> texts;
-    ZTCounterSegment counter;
-    int count = 1;
-    QString regularFont; ///< file names; empty without stroke fonts
-    QString bigFont;
-    QString family; ///< of a system font; empty for the default one
-    FontFolders fontFolders;
-    std::optional<double> lineSpacingMm;
-    std::optional<double> arcStartDeg;
-    bool hasArcOption = false; ///< something was said of the arc
+    CLI::Option *m_typed = nullptr;  ///< the texts as they were typed; owned by the command
+    CLI::Option *m_serial = nullptr; ///< owned by the command
+    JobArguments m_job;
+    hostkit::TextJobOptions m_options;
+    std::vector<ZTVariantText> m_texts;
+    ZTCounterSegment m_counter;
+    int m_count = 1;
+    QString m_regularFont; ///< file names; empty without stroke fonts
+    QString m_bigFont;
+    QString m_family; ///< of a system font; empty for the default one
+    FontFolders m_fontFolders;
+    std::optional<double> m_lineSpacingMm;
+    std::optional<double> m_arcStartDeg;
+    bool m_hasArcOption = false; ///< something was said of the arc
 };

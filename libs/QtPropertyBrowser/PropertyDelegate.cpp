@@ -38,7 +38,7 @@ bool holdsFocus(const QWidget *editor)
 } // namespace
 
 PropertyDelegate::PropertyDelegate(QtTreePropertyBrowserPrivate *browser, QObject *parent)
-    : QStyledItemDelegate(parent), owner(browser)
+    : QStyledItemDelegate(parent), m_owner(browser)
 {
 }
 
@@ -46,17 +46,17 @@ QWidget *PropertyDelegate::createEditor(QWidget *parent, const QStyleOptionViewI
                                         const QModelIndex &index) const
 {
     Q_UNUSED(option)
-    QtBrowserItem *item = owner->browserItem(owner->view->rowOf(index));
+    QtBrowserItem *item = m_owner->browserItem(m_owner->view->rowOf(index));
     if (!item || index.column() != kValueColumn || !index.flags().testFlag(Qt::ItemIsEnabled))
         return nullptr;
-    QWidget *editor = owner->createEditor(item, parent);
+    QWidget *editor = m_owner->createEditor(item, parent);
     if (!editor)
         return nullptr;
     editor->setAutoFillBackground(true);
-    editors.insert(editor, item);
+    m_editors.insert(editor, item);
     auto *self = const_cast<PropertyDelegate *>(this);
     watch(editor, self);
-    connect(editor, &QObject::destroyed, self, [self, editor] { self->editors.remove(editor); });
+    connect(editor, &QObject::destroyed, self, [self, editor] { self->m_editors.remove(editor); });
     return editor;
 }
 
@@ -108,7 +108,7 @@ bool PropertyDelegate::eventFilter(QObject *object, QEvent *event)
 
 void PropertyDelegate::discardEditors(QtBrowserItem *item)
 {
-    const QList<QWidget *> open = editors.keys(item);
+    const QList<QWidget *> open = m_editors.keys(item);
     for (QWidget *editor : open) {
         if (RowEditor *row = RowEditor::of(editor))
             row->release();
@@ -118,22 +118,22 @@ void PropertyDelegate::discardEditors(QtBrowserItem *item)
 
 void PropertyDelegate::releaseEditors()
 {
-    for (auto it = editors.cbegin(); it != editors.cend(); ++it) {
+    for (auto it = m_editors.cbegin(); it != m_editors.cend(); ++it) {
         if (RowEditor *row = RowEditor::of(it.key()))
             row->release();
     }
-    editors.clear();
+    m_editors.clear();
 }
 
 void PropertyDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
-    const QtBrowserItem *item = owner->browserItem(owner->view->rowOf(index));
+    const QtBrowserItem *item = m_owner->browserItem(m_owner->view->rowOf(index));
     if (!item)
         return;
     if (index.column() == kNameColumn && item->property()->isModified())
         option->font.setBold(true);
-    if (owner->groupsMarked && !item->property()->hasValue()) {
+    if (m_owner->groupsMarked && !item->property()->hasValue()) {
         option->font.setBold(true);
         const QColor bright = option->palette.color(QPalette::BrightText);
         option->palette.setColor(QPalette::Active, QPalette::Text, bright);
@@ -145,7 +145,7 @@ void PropertyDelegate::initStyleOption(QStyleOptionViewItem *option, const QMode
 /** The open editor that `object` is or stands in for. */
 QWidget *PropertyDelegate::editorOf(QObject *object) const
 {
-    for (auto it = editors.cbegin(); it != editors.cend(); ++it) {
+    for (auto it = m_editors.cbegin(); it != m_editors.cend(); ++it) {
         for (QWidget *each = it.key(); each; each = each->focusProxy()) {
             if (each == object)
                 return it.key();

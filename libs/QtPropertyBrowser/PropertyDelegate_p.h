@@ -39,6 +39,6 @@ private:
     void focusLeft(QWidget *editor);
     void commitAndClose(QWidget *editor);
 
-    QtTreePropertyBrowserPrivate *const owner; ///< outlives the delegate's use
-    mutable QHash<QWidget *, QtBrowserItem *> editors;
+    QtTreePropertyBrowserPrivate *const m_owner; ///< outlives the delegate's use
+    mutable QHash<QWidget *, QtBrowserItem *> m_editors;
 };

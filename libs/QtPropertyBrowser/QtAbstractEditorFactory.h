@@ -36,7 +36,7 @@ public:
     /** An editor for a row of one of the factory's managers; null for any other row. */
     QWidget *createEditor(QtProperty *property, QWidget *parent) override
     {
-        for (PropertyManager *manager : qAsConst(managers)) {
+        for (PropertyManager *manager : qAsConst(m_managers)) {
             if (property && manager == property->propertyManager())
                 return createEditor(manager, property, parent);
         }
@@ -46,23 +46,24 @@ public:
     /** Serves the rows of `manager` from now on. Null or a known manager changes nothing. */
     void addPropertyManager(PropertyManager *manager)
     {
-        if (!manager || managers.contains(manager))
+        if (!manager || m_managers.contains(manager))
             return;
-        managers.insert(manager);
+        m_managers.insert(manager);
         connectPropertyManager(manager);
-        connect(manager, &QObject::destroyed, this, [this, manager] { managers.remove(manager); });
+        connect(manager, &QObject::destroyed, this,
+                [this, manager] { m_managers.remove(manager); });
     }
 
     /** No longer serves the rows of `manager`; editors that are open stay in step with them. */
     void removePropertyManager(PropertyManager *manager)
     {
-        if (!managers.remove(manager))
+        if (!m_managers.remove(manager))
             return;
         disconnect(manager, &QObject::destroyed, this, nullptr);
         disconnectPropertyManager(manager);
     }
 
-    QSet<PropertyManager *> propertyManagers() const { return managers; }
+    QSet<PropertyManager *> propertyManagers() const { return m_managers; }
 
 protected:
     virtual QWidget *createEditor(PropertyManager *manager, QtProperty *property,
@@ -73,5 +74,5 @@ protected:
     virtual void disconnectPropertyManager(PropertyManager *manager) { Q_UNUSED(manager) }
 
 private:
-    QSet<PropertyManager *> managers;
+    QSet<PropertyManager *> m_managers;
 };

@@ -18,19 +18,19 @@ QtBrowserItem *itemOf(const QtProperty *property, const QList<QtBrowserItem *> &
 
 QtBrowserItem::QtBrowserItem(QtAbstractPropertyBrowser *browser, QtProperty *property,
                              QtBrowserItem *parent)
-    : d(new QtBrowserItemPrivate{browser, property, parent, {}})
+    : m_d(new QtBrowserItemPrivate{browser, property, parent, {}})
 {
 }
 
 QtBrowserItem::~QtBrowserItem() = default;
 
-QtProperty *QtBrowserItem::property() const { return d->property; }
+QtProperty *QtBrowserItem::property() const { return m_d->property; }
 
-QtBrowserItem *QtBrowserItem::parent() const { return d->parent; }
+QtBrowserItem *QtBrowserItem::parent() const { return m_d->parent; }
 
-QList<QtBrowserItem *> QtBrowserItem::children() const { return d->children; }
+QList<QtBrowserItem *> QtBrowserItem::children() const { return m_d->children; }
 
-QtAbstractPropertyBrowser *QtBrowserItem::browser() const { return d->browser; }
+QtAbstractPropertyBrowser *QtBrowserItem::browser() const { return m_d->browser; }
 
 QtAbstractPropertyBrowserPrivate::~QtAbstractPropertyBrowserPrivate() { deleteQuietly(top); }
 
@@ -38,14 +38,14 @@ QtAbstractPropertyBrowserPrivate::~QtAbstractPropertyBrowserPrivate() { deleteQu
 void QtAbstractPropertyBrowserPrivate::deleteQuietly(const QList<QtBrowserItem *> &items)
 {
     for (QtBrowserItem *item : items) {
-        deleteQuietly(item->d->children);
+        deleteQuietly(item->m_d->children);
         delete item;
     }
 }
 
 QList<QtBrowserItem *> &QtAbstractPropertyBrowserPrivate::siblings(QtBrowserItem *parent)
 {
-    return parent ? parent->d->children : top;
+    return parent ? parent->m_d->children : top;
 }
 
 QtBrowserItem *QtAbstractPropertyBrowserPrivate::insert(QtProperty *property, QtBrowserItem *parent,
@@ -76,18 +76,18 @@ void QtAbstractPropertyBrowserPrivate::remove(QtBrowserItem *item)
 
 void QtAbstractPropertyBrowserPrivate::removeBranch(QtBrowserItem *item)
 {
-    while (!item->d->children.isEmpty())
-        removeBranch(item->d->children.last());
+    while (!item->m_d->children.isEmpty())
+        removeBranch(item->m_d->children.last());
     if (item == current)
         current = nullptr;
     q->itemRemoved(item);
 
-    siblings(item->d->parent).removeOne(item);
-    const auto place = places.find(item->d->property);
+    siblings(item->m_d->parent).removeOne(item);
+    const auto place = places.find(item->m_d->property);
     place->removeOne(item);
     if (place->isEmpty())
         places.erase(place);
-    unlisten(item->d->property->propertyManager());
+    unlisten(item->m_d->property->propertyManager());
     delete item;
 }
 
@@ -95,7 +95,7 @@ void QtAbstractPropertyBrowserPrivate::listen(QtAbstractPropertyManager *manager
 {
     if (!manager)
         return;
-    std::unique_ptr<Link> &link = links[manager];
+    std::unique_ptr<Link> &link = m_links[manager];
     if (!link)
         link = std::make_unique<Link>();
     if (link->items++ > 0)
@@ -117,9 +117,9 @@ void QtAbstractPropertyBrowserPrivate::listen(QtAbstractPropertyManager *manager
 
 void QtAbstractPropertyBrowserPrivate::unlisten(QtAbstractPropertyManager *manager)
 {
-    const auto link = links.find(manager);
-    if (link != links.end() && --link->second->items == 0)
-        links.erase(link);
+    const auto link = m_links.find(manager);
+    if (link != m_links.end() && --link->second->items == 0)
+        m_links.erase(link);
 }
 
 void QtAbstractPropertyBrowserPrivate::setFactory(QtAbstractPropertyManager *manager,
@@ -135,14 +135,14 @@ void QtAbstractPropertyBrowserPrivate::propertyInserted(QtProperty *property, Qt
 {
     const QList<QtBrowserItem *> parents = places.value(parent);
     for (QtBrowserItem *item : parents)
-        insert(property, item, itemOf(preceding, item->d->children));
+        insert(property, item, itemOf(preceding, item->m_d->children));
 }
 
 void QtAbstractPropertyBrowserPrivate::propertyRemoved(QtProperty *property, QtProperty *parent)
 {
     const QList<QtBrowserItem *> parents = places.value(parent);
     for (QtBrowserItem *item : parents) {
-        if (QtBrowserItem *child = itemOf(property, item->d->children))
+        if (QtBrowserItem *child = itemOf(property, item->m_d->children))
             remove(child);
     }
 }
@@ -161,7 +161,7 @@ void QtAbstractPropertyBrowserPrivate::propertyChanged(QtProperty *property)
 }
 
 QtAbstractPropertyBrowser::QtAbstractPropertyBrowser(QWidget *parent)
-    : QWidget(parent), d(new QtAbstractPropertyBrowserPrivate(this))
+    : QWidget(parent), m_d(new QtAbstractPropertyBrowserPrivate(this))
 {
     qRegisterMetaType<QtBrowserItem *>("QtBrowserItem*");
 }
@@ -171,21 +171,21 @@ QtAbstractPropertyBrowser::~QtAbstractPropertyBrowser() = default;
 QList<QtProperty *> QtAbstractPropertyBrowser::properties() const
 {
     QList<QtProperty *> rows;
-    for (const QtBrowserItem *item : qAsConst(d->top))
+    for (const QtBrowserItem *item : qAsConst(m_d->top))
         rows.append(item->property());
     return rows;
 }
 
-QList<QtBrowserItem *> QtAbstractPropertyBrowser::topLevelItems() const { return d->top; }
+QList<QtBrowserItem *> QtAbstractPropertyBrowser::topLevelItems() const { return m_d->top; }
 
 QList<QtBrowserItem *> QtAbstractPropertyBrowser::items(QtProperty *property) const
 {
-    return d->places.value(property);
+    return m_d->places.value(property);
 }
 
 QtBrowserItem *QtAbstractPropertyBrowser::topLevelItem(QtProperty *property) const
 {
-    const QList<QtBrowserItem *> shown = d->places.value(property);
+    const QList<QtBrowserItem *> shown = m_d->places.value(property);
     for (QtBrowserItem *item : shown) {
         if (!item->parent())
             return item;
@@ -193,55 +193,55 @@ QtBrowserItem *QtAbstractPropertyBrowser::topLevelItem(QtProperty *property) con
     return nullptr;
 }
 
-QtBrowserItem *QtAbstractPropertyBrowser::currentItem() const { return d->current; }
+QtBrowserItem *QtAbstractPropertyBrowser::currentItem() const { return m_d->current; }
 
 void QtAbstractPropertyBrowser::setCurrentItem(QtBrowserItem *item)
 {
-    if (item == d->current || (item && item->browser() != this))
+    if (item == m_d->current || (item && item->browser() != this))
         return;
-    d->current = item;
+    m_d->current = item;
     Q_EMIT currentItemChanged(item);
 }
 
 void QtAbstractPropertyBrowser::clear()
 {
-    while (!d->top.isEmpty())
-        d->remove(d->top.last());
+    while (!m_d->top.isEmpty())
+        m_d->remove(m_d->top.last());
 }
 
 void QtAbstractPropertyBrowser::unsetFactoryForManager(QtAbstractPropertyManager *manager)
 {
-    d->factories.remove(manager);
+    m_d->factories.remove(manager);
 }
 
 QtBrowserItem *QtAbstractPropertyBrowser::addProperty(QtProperty *property)
 {
-    return insertProperty(property, d->top.isEmpty() ? nullptr : d->top.last()->property());
+    return insertProperty(property, m_d->top.isEmpty() ? nullptr : m_d->top.last()->property());
 }
 
 QtBrowserItem *QtAbstractPropertyBrowser::insertProperty(QtProperty *property, QtProperty *after)
 {
     if (!property || topLevelItem(property))
         return nullptr;
-    return d->insert(property, nullptr, topLevelItem(after));
+    return m_d->insert(property, nullptr, topLevelItem(after));
 }
 
 void QtAbstractPropertyBrowser::removeProperty(QtProperty *property)
 {
     if (QtBrowserItem *item = topLevelItem(property))
-        d->remove(item);
+        m_d->remove(item);
 }
 
 QWidget *QtAbstractPropertyBrowser::createEditor(QtProperty *property, QWidget *parent)
 {
     if (!property)
         return nullptr;
-    const auto factory = d->factories.value(property->propertyManager());
+    const auto factory = m_d->factories.value(property->propertyManager());
     return factory ? factory->createEditor(property, parent) : nullptr;
 }
 
 void QtAbstractPropertyBrowser::setFactory(QtAbstractPropertyManager *manager,
                                            QtAbstractEditorFactoryBase *factory)
 {
-    d->setFactory(manager, factory);
+    m_d->setFactory(manager, factory);
 }

@@ -79,5 +79,5 @@ private:
 
     void setFactory(QtAbstractPropertyManager *manager, QtAbstractEditorFactoryBase *factory);
 
-    const std::unique_ptr<QtAbstractPropertyBrowserPrivate> d;
+    const std::unique_ptr<QtAbstractPropertyBrowserPrivate> m_d;
 };

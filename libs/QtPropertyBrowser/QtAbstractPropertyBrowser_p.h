@@ -53,5 +53,5 @@ private:
         int items = 0; ///< that the manager's rows have here
     };
 
-    std::unordered_map<QtAbstractPropertyManager *, std::unique_ptr<Link>> links;
+    std::unordered_map<QtAbstractPropertyManager *, std::unique_ptr<Link>> m_links;
 };

@@ -10,7 +10,7 @@ public:
 };
 
 QtAbstractPropertyManager::QtAbstractPropertyManager(QObject *parent)
-    : QObject(parent), d(new QtAbstractPropertyManagerPrivate)
+    : QObject(parent), m_d(new QtAbstractPropertyManagerPrivate)
 {
     // By name, which leaves a program free to declare the type itself.
     qRegisterMetaType<QtProperty *>("QtProperty*");
@@ -18,13 +18,13 @@ QtAbstractPropertyManager::QtAbstractPropertyManager(QObject *parent)
 
 QtAbstractPropertyManager::~QtAbstractPropertyManager() { clear(); }
 
-QSet<QtProperty *> QtAbstractPropertyManager::properties() const { return d->properties; }
+QSet<QtProperty *> QtAbstractPropertyManager::properties() const { return m_d->properties; }
 
 void QtAbstractPropertyManager::clear() const
 {
     // A row may take others along as it goes, so a copy of the set would not do.
-    while (!d->properties.isEmpty())
-        delete *d->properties.constBegin();
+    while (!m_d->properties.isEmpty())
+        delete *m_d->properties.constBegin();
 }
 
 QtProperty *QtAbstractPropertyManager::addProperty(const QString &name)
@@ -35,8 +35,8 @@ QtProperty *QtAbstractPropertyManager::addProperty(const QString &name)
         delete property;
         return nullptr;
     }
-    property->d->name = name;
-    d->properties.insert(property);
+    property->m_d->name = name;
+    m_d->properties.insert(property);
     initializeProperty(property);
     return property;
 }
@@ -68,12 +68,12 @@ QtProperty *QtAbstractPropertyManager::createProperty()
 
 void QtAbstractPropertyManager::forget(QtProperty *property)
 {
-    if (!d->properties.contains(property))
+    if (!m_d->properties.contains(property))
         return;
     {
         const OpenSignals open(this);
         Q_EMIT propertyDestroyed(property);
     }
     uninitializeProperty(property);
-    d->properties.remove(property);
+    m_d->properties.remove(property);
 }

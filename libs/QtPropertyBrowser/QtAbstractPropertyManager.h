@@ -66,5 +66,5 @@ private:
 
     void forget(QtProperty *property);
 
-    const std::unique_ptr<QtAbstractPropertyManagerPrivate> d;
+    const std::unique_ptr<QtAbstractPropertyManagerPrivate> m_d;
 };

@@ -32,5 +32,5 @@ private:
     QtBrowserItem(QtAbstractPropertyBrowser *browser, QtProperty *property, QtBrowserItem *parent);
     ~QtBrowserItem();
 
-    const std::unique_ptr<QtBrowserItemPrivate> d;
+    const std::unique_ptr<QtBrowserItemPrivate> m_d;
 };

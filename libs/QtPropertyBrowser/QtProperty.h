@@ -87,5 +87,5 @@ private:
     void setText(QString *field, const QString &text);
     bool holds(const QtProperty *other) const;
 
-    const std::unique_ptr<QtPropertyPrivate> d;
+    const std::unique_ptr<QtPropertyPrivate> m_d;
 };

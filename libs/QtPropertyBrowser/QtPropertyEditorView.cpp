@@ -78,12 +78,12 @@ void QtPropertyEditorView::mousePressEvent(QMouseEvent *event)
 QColor QtPropertyEditorView::rowColor(const QStyleOptionViewItem &option,
                                       const QModelIndex &index) const
 {
-    QtBrowserItem *item = owner ? owner->browserItem(rowOf(index)) : nullptr;
+    QtBrowserItem *item = m_owner ? m_owner->browserItem(rowOf(index)) : nullptr;
     if (!item)
         return {};
-    if (owner->groupsMarked && !item->property()->hasValue())
+    if (m_owner->groupsMarked && !item->property()->hasValue())
         return option.palette.color(QPalette::Dark);
-    return owner->q->calculatedBackgroundColor(item);
+    return m_owner->q->calculatedBackgroundColor(item);
 }
 
 void QtPropertyEditorView::drawGrid(QPainter *painter, const QStyleOptionViewItem &option) const

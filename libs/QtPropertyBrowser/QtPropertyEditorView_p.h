@@ -12,7 +12,7 @@ class QtPropertyEditorView : public QTreeWidget
 public:
     explicit QtPropertyEditorView(QWidget *parent = nullptr);
 
-    void setBrowser(QtTreePropertyBrowserPrivate *browser) { owner = browser; }
+    void setBrowser(QtTreePropertyBrowserPrivate *browser) { m_owner = browser; }
 
     /** Opens the editor of a row; false if it has none or is not enabled. */
     bool openEditor(QTreeWidgetItem *item);
@@ -30,5 +30,5 @@ private:
     QColor rowColor(const QStyleOptionViewItem &option, const QModelIndex &index) const;
     void drawGrid(QPainter *painter, const QStyleOptionViewItem &option) const;
 
-    QtTreePropertyBrowserPrivate *owner = nullptr; ///< outlives the view
+    QtTreePropertyBrowserPrivate *m_owner = nullptr; ///< outlives the view
 };

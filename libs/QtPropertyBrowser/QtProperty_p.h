@@ -31,18 +31,19 @@ public:
 class OpenSignals
 {
 public:
-    explicit OpenSignals(QObject *sender) : opened(sender), wasBlocked(sender->blockSignals(false))
+    explicit OpenSignals(QObject *sender)
+        : m_opened(sender), m_wasBlocked(sender->blockSignals(false))
     {
     }
     ~OpenSignals()
     {
-        if (opened)
-            opened->blockSignals(wasBlocked);
+        if (m_opened)
+            m_opened->blockSignals(m_wasBlocked);
     }
     OpenSignals(const OpenSignals &) = delete;
     OpenSignals &operator=(const OpenSignals &) = delete;
 
 private:
-    const QPointer<QObject> opened;
-    const bool wasBlocked;
+    const QPointer<QObject> m_opened;
+    const bool m_wasBlocked;
 };

@@ -45,15 +45,15 @@ QtTreePropertyBrowserPrivate::~QtTreePropertyBrowserPrivate()
 void QtTreePropertyBrowserPrivate::connectView()
 {
     QObject::connect(view, &QTreeWidget::itemExpanded, q, [this](QTreeWidgetItem *item) {
-        if (!isFilling)
+        if (!m_isFilling)
             Q_EMIT q->expanded(browserItem(item));
     });
     QObject::connect(view, &QTreeWidget::itemCollapsed, q, [this](QTreeWidgetItem *item) {
-        if (!isFilling)
+        if (!m_isFilling)
             Q_EMIT q->collapsed(browserItem(item));
     });
     QObject::connect(view, &QTreeWidget::currentItemChanged, q, [this](QTreeWidgetItem *item) {
-        if (!isFilling)
+        if (!m_isFilling)
             q->setCurrentItem(browserItem(item));
     });
     QObject::connect(q, &QtAbstractPropertyBrowser::currentItemChanged, view,
@@ -62,7 +62,7 @@ void QtTreePropertyBrowserPrivate::connectView()
 
 void QtTreePropertyBrowserPrivate::showCurrent(QtBrowserItem *item)
 {
-    const QScopedValueRollback<bool> filling(isFilling, true);
+    const QScopedValueRollback<bool> filling(m_isFilling, true);
     QTreeWidgetItem *shown = viewItem(item);
     if (view->currentItem() != shown)
         view->setCurrentItem(shown, kValueColumn);
@@ -70,10 +70,10 @@ void QtTreePropertyBrowserPrivate::showCurrent(QtBrowserItem *item)
 
 void QtTreePropertyBrowserPrivate::insert(QtBrowserItem *item, QtBrowserItem *after)
 {
-    const QScopedValueRollback<bool> filling(isFilling, true);
+    const QScopedValueRollback<bool> filling(m_isFilling, true);
     auto *made = new QTreeWidgetItem;
-    viewItems.insert(item, made);
-    browserItems.insert(made, item);
+    m_viewItems.insert(item, made);
+    m_browserItems.insert(made, item);
     fill(item);
 
     QTreeWidgetItem *parent = item->parent() ? viewItem(item->parent()) : view->invisibleRootItem();
@@ -87,10 +87,10 @@ void QtTreePropertyBrowserPrivate::insert(QtBrowserItem *item, QtBrowserItem *af
 
 void QtTreePropertyBrowserPrivate::remove(QtBrowserItem *item)
 {
-    const QScopedValueRollback<bool> filling(isFilling, true);
+    const QScopedValueRollback<bool> filling(m_isFilling, true);
     delegate->discardEditors(item);
-    QTreeWidgetItem *leaving = viewItems.take(item);
-    browserItems.remove(leaving);
+    QTreeWidgetItem *leaving = m_viewItems.take(item);
+    m_browserItems.remove(leaving);
     backgrounds.remove(item);
     // The view would remember an expanded row for good.
     leaving->setExpanded(false);
@@ -147,45 +147,48 @@ QWidget *QtTreePropertyBrowserPrivate::createEditor(QtBrowserItem *item, QWidget
 }
 
 QtTreePropertyBrowser::QtTreePropertyBrowser(QWidget *parent)
-    : QtAbstractPropertyBrowser(parent), d(new QtTreePropertyBrowserPrivate(this))
+    : QtAbstractPropertyBrowser(parent), m_d(new QtTreePropertyBrowserPrivate(this))
 {
 }
 
 QtTreePropertyBrowser::~QtTreePropertyBrowser() = default;
 
-int QtTreePropertyBrowser::indentation() const { return d->view->indentation(); }
+int QtTreePropertyBrowser::indentation() const { return m_d->view->indentation(); }
 
 void QtTreePropertyBrowser::setIndentation(int indentationPx)
 {
-    d->view->setIndentation(indentationPx);
+    m_d->view->setIndentation(indentationPx);
 }
 
-bool QtTreePropertyBrowser::rootIsDecorated() const { return d->view->rootIsDecorated(); }
+bool QtTreePropertyBrowser::rootIsDecorated() const { return m_d->view->rootIsDecorated(); }
 
-void QtTreePropertyBrowser::setRootIsDecorated(bool show) { d->view->setRootIsDecorated(show); }
+void QtTreePropertyBrowser::setRootIsDecorated(bool show) { m_d->view->setRootIsDecorated(show); }
 
-bool QtTreePropertyBrowser::alternatingRowColors() const { return d->view->alternatingRowColors(); }
+bool QtTreePropertyBrowser::alternatingRowColors() const
+{
+    return m_d->view->alternatingRowColors();
+}
 
 void QtTreePropertyBrowser::setAlternatingRowColors(bool enable)
 {
-    d->view->setAlternatingRowColors(enable);
+    m_d->view->setAlternatingRowColors(enable);
 }
 
-bool QtTreePropertyBrowser::propertiesWithoutValueMarked() const { return d->groupsMarked; }
+bool QtTreePropertyBrowser::propertiesWithoutValueMarked() const { return m_d->groupsMarked; }
 
 void QtTreePropertyBrowser::setPropertiesWithoutValueMarked(bool mark)
 {
-    d->groupsMarked = mark;
-    d->view->viewport()->update();
+    m_d->groupsMarked = mark;
+    m_d->view->viewport()->update();
 }
 
-bool QtTreePropertyBrowser::isHeaderVisible() const { return !d->view->isHeaderHidden(); }
+bool QtTreePropertyBrowser::isHeaderVisible() const { return !m_d->view->isHeaderHidden(); }
 
-void QtTreePropertyBrowser::setHeaderVisible(bool visible) { d->view->setHeaderHidden(!visible); }
+void QtTreePropertyBrowser::setHeaderVisible(bool visible) { m_d->view->setHeaderHidden(!visible); }
 
 QtTreePropertyBrowser::ResizeMode QtTreePropertyBrowser::resizeMode() const
 {
-    return d->resizeMode;
+    return m_d->resizeMode;
 }
 
 void QtTreePropertyBrowser::setResizeMode(ResizeMode mode)
@@ -195,80 +198,80 @@ void QtTreePropertyBrowser::setResizeMode(ResizeMode mode)
         {Stretch, QHeaderView::Stretch},
         {Fixed, QHeaderView::Fixed},
         {ResizeToContents, QHeaderView::ResizeToContents}};
-    d->resizeMode = mode;
-    d->view->header()->setSectionResizeMode(modes.value(mode, QHeaderView::Stretch));
+    m_d->resizeMode = mode;
+    m_d->view->header()->setSectionResizeMode(modes.value(mode, QHeaderView::Stretch));
 }
 
 int QtTreePropertyBrowser::splitterPosition() const
 {
-    return d->view->header()->sectionSize(kNameColumn);
+    return m_d->view->header()->sectionSize(kNameColumn);
 }
 
 void QtTreePropertyBrowser::setSplitterPosition(int positionPx)
 {
-    d->view->header()->resizeSection(kNameColumn, positionPx);
+    m_d->view->header()->resizeSection(kNameColumn, positionPx);
 }
 
 bool QtTreePropertyBrowser::isExpanded(QtBrowserItem *item) const
 {
-    const QTreeWidgetItem *row = d->viewItem(item);
+    const QTreeWidgetItem *row = m_d->viewItem(item);
     return row && row->isExpanded();
 }
 
 void QtTreePropertyBrowser::setExpanded(QtBrowserItem *item, bool expanded)
 {
-    if (QTreeWidgetItem *row = d->viewItem(item))
+    if (QTreeWidgetItem *row = m_d->viewItem(item))
         row->setExpanded(expanded);
 }
 
 bool QtTreePropertyBrowser::isItemVisible(QtBrowserItem *item) const
 {
-    const QTreeWidgetItem *row = d->viewItem(item);
+    const QTreeWidgetItem *row = m_d->viewItem(item);
     return row && !row->isHidden();
 }
 
 void QtTreePropertyBrowser::setItemVisible(QtBrowserItem *item, bool visible)
 {
-    if (QTreeWidgetItem *row = d->viewItem(item))
+    if (QTreeWidgetItem *row = m_d->viewItem(item))
         row->setHidden(!visible);
 }
 
 void QtTreePropertyBrowser::setBackgroundColor(QtBrowserItem *item, const QColor &color)
 {
-    if (!d->viewItem(item))
+    if (!m_d->viewItem(item))
         return;
     if (color.isValid())
-        d->backgrounds.insert(item, color);
+        m_d->backgrounds.insert(item, color);
     else
-        d->backgrounds.remove(item);
-    d->view->viewport()->update();
+        m_d->backgrounds.remove(item);
+    m_d->view->viewport()->update();
 }
 
 QColor QtTreePropertyBrowser::backgroundColor(QtBrowserItem *item) const
 {
-    return d->backgrounds.value(item);
+    return m_d->backgrounds.value(item);
 }
 
 QColor QtTreePropertyBrowser::calculatedBackgroundColor(QtBrowserItem *item) const
 {
-    while (item && !d->backgrounds.contains(item))
+    while (item && !m_d->backgrounds.contains(item))
         item = item->parent();
-    return d->backgrounds.value(item);
+    return m_d->backgrounds.value(item);
 }
 
 void QtTreePropertyBrowser::editItem(QtBrowserItem *item)
 {
-    if (QTreeWidgetItem *row = d->viewItem(item)) {
-        d->view->setCurrentItem(row, kValueColumn);
-        d->view->openEditor(row);
+    if (QTreeWidgetItem *row = m_d->viewItem(item)) {
+        m_d->view->setCurrentItem(row, kValueColumn);
+        m_d->view->openEditor(row);
     }
 }
 
 void QtTreePropertyBrowser::itemInserted(QtBrowserItem *item, QtBrowserItem *after)
 {
-    d->insert(item, after);
+    m_d->insert(item, after);
 }
 
-void QtTreePropertyBrowser::itemRemoved(QtBrowserItem *item) { d->remove(item); }
+void QtTreePropertyBrowser::itemRemoved(QtBrowserItem *item) { m_d->remove(item); }
 
-void QtTreePropertyBrowser::itemChanged(QtBrowserItem *item) { d->fill(item); }
+void QtTreePropertyBrowser::itemChanged(QtBrowserItem *item) { m_d->fill(item); }

@@ -87,5 +87,5 @@ protected:
 private:
     friend class QtTreePropertyBrowserPrivate;
 
-    const std::unique_ptr<QtTreePropertyBrowserPrivate> d;
+    const std::unique_ptr<QtTreePropertyBrowserPrivate> m_d;
 };

@@ -19,8 +19,8 @@ public:
     void remove(QtBrowserItem *item);
     void fill(QtBrowserItem *item);
 
-    QTreeWidgetItem *viewItem(QtBrowserItem *item) const { return viewItems.value(item); }
-    QtBrowserItem *browserItem(QTreeWidgetItem *item) const { return browserItems.value(item); }
+    QTreeWidgetItem *viewItem(QtBrowserItem *item) const { return m_viewItems.value(item); }
+    QtBrowserItem *browserItem(QTreeWidgetItem *item) const { return m_browserItems.value(item); }
     QWidget *createEditor(QtBrowserItem *item, QWidget *parent);
 
     void showCurrent(QtBrowserItem *item);
@@ -36,7 +36,7 @@ private:
     void connectView();
     void fillState(QtBrowserItem *item);
 
-    QHash<const QtBrowserItem *, QTreeWidgetItem *> viewItems;
-    QHash<QTreeWidgetItem *, QtBrowserItem *> browserItems;
-    bool isFilling = false; ///< while the view's signals are our own doing
+    QHash<const QtBrowserItem *, QTreeWidgetItem *> m_viewItems;
+    QHash<QTreeWidgetItem *, QtBrowserItem *> m_browserItems;
+    bool m_isFilling = false; ///< while the view's signals are our own doing
 };

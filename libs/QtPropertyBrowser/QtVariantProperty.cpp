@@ -9,7 +9,7 @@ public:
 };
 
 QtVariantProperty::QtVariantProperty(QtVariantPropertyManager *manager)
-    : QtProperty(manager), d(new QtVariantPropertyPrivate)
+    : QtProperty(manager), m_d(new QtVariantPropertyPrivate)
 {
 }
 
@@ -26,9 +26,9 @@ int QtVariantProperty::valueType() const { return variantManager()->valueType(th
 
 int QtVariantProperty::propertyType() const { return variantManager()->propertyType(this); }
 
-int QtVariantProperty::getUserType() const { return d->userType; }
+int QtVariantProperty::getUserType() const { return m_d->userType; }
 
-void QtVariantProperty::setUserType(int metaTypeId) { d->userType = metaTypeId; }
+void QtVariantProperty::setUserType(int metaTypeId) { m_d->userType = metaTypeId; }
 
 void QtVariantProperty::setValue(const QVariant &value) { variantManager()->setValue(this, value); }
 

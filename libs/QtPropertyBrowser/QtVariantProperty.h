@@ -44,5 +44,5 @@ private:
 
     QtVariantPropertyManager *variantManager() const;
 
-    const std::unique_ptr<QtVariantPropertyPrivate> d;
+    const std::unique_ptr<QtVariantPropertyPrivate> m_d;
 };

@@ -21,7 +21,7 @@ Q_DECLARE_METATYPE(QtFlagRow)
 Q_DECLARE_METATYPE(QtGroupRow)
 
 QtVariantPropertyManager::QtVariantPropertyManager(QObject *parent)
-    : QtAbstractPropertyManager(parent), d(new QtVariantPropertyManagerPrivate(this))
+    : QtAbstractPropertyManager(parent), m_d(new QtVariantPropertyManagerPrivate(this))
 {
 }
 
@@ -29,12 +29,12 @@ QtVariantPropertyManager::~QtVariantPropertyManager() { clear(); }
 
 QtVariantProperty *QtVariantPropertyManager::addProperty(int propertyType, const QString &name)
 {
-    return isPropertyTypeSupported(propertyType) ? d->addRow(propertyType, name) : nullptr;
+    return isPropertyTypeSupported(propertyType) ? m_d->addRow(propertyType, name) : nullptr;
 }
 
 int QtVariantPropertyManager::propertyType(const QtProperty *property) const
 {
-    const VariantRow *row = d->row(property);
+    const VariantRow *row = m_d->row(property);
     return row ? row->propertyType : 0;
 }
 
@@ -45,7 +45,7 @@ int QtVariantPropertyManager::valueType(const QtProperty *property) const
 
 QtVariantProperty *QtVariantPropertyManager::variantProperty(const QtProperty *property) const
 {
-    const VariantRow *row = d->row(property);
+    const VariantRow *row = m_d->row(property);
     return row ? dynamic_cast<QtVariantProperty *>(row->property) : nullptr;
 }
 
@@ -85,14 +85,14 @@ int QtVariantPropertyManager::attributeType(int propertyType, const QString &att
 
 QVariant QtVariantPropertyManager::value(const QtProperty *property) const
 {
-    const VariantRow *row = d->row(property);
+    const VariantRow *row = m_d->row(property);
     return row ? row->value : QVariant();
 }
 
 QVariant QtVariantPropertyManager::attributeValue(const QtProperty *property,
                                                   const QString &attribute) const
 {
-    const VariantRow *row = d->row(property);
+    const VariantRow *row = m_d->row(property);
     return row ? row->attributes.value(attribute) : QVariant();
 }
 
@@ -106,38 +106,41 @@ int QtVariantPropertyManager::iconMapTypeId() { return qMetaTypeId<QMap<int, QIc
 
 void QtVariantPropertyManager::setValue(QtProperty *property, const QVariant &value)
 {
-    d->setValue(d->row(property), value);
+    m_d->setValue(m_d->row(property), value);
 }
 
 void QtVariantPropertyManager::setAttribute(QtProperty *property, const QString &attribute,
                                             const QVariant &value)
 {
-    d->setAttribute(d->row(property), attribute, value);
+    m_d->setAttribute(m_d->row(property), attribute, value);
 }
 
 bool QtVariantPropertyManager::hasValue(const QtProperty *property) const
 {
-    const VariantRow *row = d->row(property);
+    const VariantRow *row = m_d->row(property);
     return row && row->type && row->type->valueType() != QMetaType::UnknownType;
 }
 
 QIcon QtVariantPropertyManager::valueIcon(const QtProperty *property) const
 {
-    const VariantRow *row = d->row(property);
+    const VariantRow *row = m_d->row(property);
     return row && row->type ? row->type->icon(row->value, row->attributes) : QIcon();
 }
 
 QString QtVariantPropertyManager::valueText(const QtProperty *property) const
 {
-    const VariantRow *row = d->row(property);
+    const VariantRow *row = m_d->row(property);
     return row && row->type ? row->type->text(row->value, row->attributes) : QString();
 }
 
-void QtVariantPropertyManager::initializeProperty(QtProperty *property) { d->initialize(property); }
+void QtVariantPropertyManager::initializeProperty(QtProperty *property)
+{
+    m_d->initialize(property);
+}
 
 void QtVariantPropertyManager::uninitializeProperty(QtProperty *property)
 {
-    d->uninitialize(property);
+    m_d->uninitialize(property);
 }
 
 QtProperty *QtVariantPropertyManager::createProperty() { return new QtVariantProperty(this); }

@@ -93,5 +93,5 @@ protected:
 private:
     friend class QtVariantPropertyManagerPrivate;
 
-    const std::unique_ptr<QtVariantPropertyManagerPrivate> d;
+    const std::unique_ptr<QtVariantPropertyManagerPrivate> m_d;
 };

@@ -40,7 +40,7 @@ using VariantSignals = QVector<VariantSignal>;
 class QtVariantPropertyManagerPrivate
 {
 public:
-    explicit QtVariantPropertyManagerPrivate(QtVariantPropertyManager *manager) : q(manager) {}
+    explicit QtVariantPropertyManagerPrivate(QtVariantPropertyManager *manager) : m_q(manager) {}
 
     VariantRow *row(const QtProperty *property) const;
     QtVariantProperty *addRow(int propertyType, const QString &name);
@@ -64,8 +64,8 @@ private:
     void announce(const VariantSignals &told);
     void announceOne(const VariantSignal &signal, const VariantSignals &all);
 
-    QtVariantPropertyManager *const q;
-    std::unordered_map<const QtProperty *, std::unique_ptr<VariantRow>> rows;
-    quint64 lastId = 0;
-    int pendingType = 0; ///< type of the row that `addRow` is making
+    QtVariantPropertyManager *const m_q;
+    std::unordered_map<const QtProperty *, std::unique_ptr<VariantRow>> m_rows;
+    quint64 m_lastId = 0;
+    int m_pendingType = 0; ///< type of the row that `addRow` is making
 };

@@ -45,8 +45,8 @@ bool tellsValue(const VariantSignals &told, quint64 id)
 
 VariantRow *QtVariantPropertyManagerPrivate::row(const QtProperty *property) const
 {
-    const auto found = rows.find(property);
-    return found == rows.end() ? nullptr : found->second.get();
+    const auto found = m_rows.find(property);
+    return found == m_rows.end() ? nullptr : found->second.get();
 }
 
 bool QtVariantPropertyManagerPrivate::isAlive(const QtProperty *property, quint64 id) const
@@ -57,9 +57,9 @@ bool QtVariantPropertyManagerPrivate::isAlive(const QtProperty *property, quint6
 
 QtVariantProperty *QtVariantPropertyManagerPrivate::addRow(int propertyType, const QString &name)
 {
-    pendingType = propertyType;
-    QtProperty *made = q->QtAbstractPropertyManager::addProperty(name);
-    pendingType = 0;
+    m_pendingType = propertyType;
+    QtProperty *made = m_q->QtAbstractPropertyManager::addProperty(name);
+    m_pendingType = 0;
     auto *property = dynamic_cast<QtVariantProperty *>(made);
     if (!property)
         delete made;
@@ -71,10 +71,10 @@ void QtVariantPropertyManagerPrivate::initialize(QtProperty *property)
     auto made = std::make_unique<VariantRow>();
     VariantRow *const row = made.get();
     row->property = property;
-    row->id = ++lastId;
-    row->propertyType = std::exchange(pendingType, 0);
+    row->id = ++m_lastId;
+    row->propertyType = std::exchange(m_pendingType, 0);
     row->type = rowtypes::rowType(row->propertyType);
-    rows[property] = std::move(made);
+    m_rows[property] = std::move(made);
     if (!row->type)
         return;
     row->value = row->type->initialValue();
@@ -95,7 +95,7 @@ void QtVariantPropertyManagerPrivate::uninitialize(QtProperty *property)
         if (VariantRow *part = leaving->fields.at(i))
             delete part->property;
     }
-    rows.erase(property);
+    m_rows.erase(property);
 }
 
 void QtVariantPropertyManagerPrivate::setValue(VariantRow *row, const QVariant &value)
@@ -259,7 +259,7 @@ void QtVariantPropertyManagerPrivate::store(VariantRow *row, const QVariant &val
 
 void QtVariantPropertyManagerPrivate::announce(const VariantSignals &told)
 {
-    const QPointer<QtVariantPropertyManager> guard(q);
+    const QPointer<QtVariantPropertyManager> guard(m_q);
     for (const VariantSignal &signal : told) {
         announceOne(signal, told);
         if (!guard)
@@ -275,11 +275,11 @@ void QtVariantPropertyManagerPrivate::announceOne(const VariantSignal &signal,
         return;
     switch (signal.kind) {
     case VariantSignal::Attribute:
-        Q_EMIT q->attributeChanged(signal.property, signal.attribute, signal.value);
+        Q_EMIT m_q->attributeChanged(signal.property, signal.attribute, signal.value);
         return;
     case VariantSignal::Shown:
         if (!tellsValue(all, signal.id))
-            Q_EMIT q->propertyChanged(signal.property);
+            Q_EMIT m_q->propertyChanged(signal.property);
         return;
     case VariantSignal::Value:
         break;
@@ -287,8 +287,8 @@ void QtVariantPropertyManagerPrivate::announceOne(const VariantSignal &signal,
     const VariantRow *const told = row(signal.property);
     if (!told->type->same(told->value, signal.value))
         return;
-    const QPointer<QtVariantPropertyManager> guard(q);
-    Q_EMIT q->propertyChanged(signal.property);
+    const QPointer<QtVariantPropertyManager> guard(m_q);
+    Q_EMIT m_q->propertyChanged(signal.property);
     if (guard && isAlive(signal.property, signal.id))
-        Q_EMIT q->valueChanged(signal.property, signal.value);
+        Q_EMIT m_q->valueChanged(signal.property, signal.value);
 }

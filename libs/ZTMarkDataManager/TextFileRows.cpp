@@ -71,18 +71,18 @@ class LineReader
 {
 public:
     LineReader(QFile &lineFile, const Encoding &lineEncoding)
-        : file(lineFile), encoding(lineEncoding), end(lineFile.size())
+        : m_file(lineFile), m_encoding(lineEncoding), m_end(lineFile.size())
     {
     }
 
     void seek(qint64 offset)
     {
-        file.seek(offset);
-        bufferStart = offset;
-        used = filled = 0;
+        m_file.seek(offset);
+        m_bufferStart = offset;
+        m_used = m_filled = 0;
     }
 
-    qint64 position() const { return bufferStart + used; }
+    qint64 position() const { return m_bufferStart + m_used; }
 
     bool atEnd() { return peekUnit() < 0; }
 
@@ -96,14 +96,14 @@ public:
         for (; unit >= 0 && unit != '\n' && unit != '\r'; unit = takeUnit()) {
             if (bytes.size() + units.size() >= kMaxLineUnits)
                 fits = false;
-            else if (encoding.isWide)
+            else if (m_encoding.isWide)
                 units.append(QChar(static_cast<ushort>(unit)));
             else
                 bytes.append(static_cast<char>(unit));
         }
         if (unit == '\r' && peekUnit() == '\n')
             takeUnit();
-        *line = encoding.isWide ? units : encoding.codec->toUnicode(bytes);
+        *line = m_encoding.isWide ? units : m_encoding.codec->toUnicode(bytes);
         return fits && line->size() <= kMaxRowLength;
     }
 
@@ -111,25 +111,25 @@ private:
     /** No line that fits has more: four bytes make a character at most. */
     static constexpr int kMaxLineUnits = 4 * kMaxRowLength;
 
-    int unitSize() const { return encoding.isWide ? 2 : 1; }
+    int unitSize() const { return m_encoding.isWide ? 2 : 1; }
 
     /** The next byte or, in UTF-16, pair of bytes; -1 at the end. */
     int peekUnit()
     {
-        if (used + unitSize() > filled && !refill())
+        if (m_used + unitSize() > m_filled && !refill())
             return -1;
-        const auto first = static_cast<uchar>(buffer[static_cast<std::size_t>(used)]);
-        if (!encoding.isWide)
+        const auto first = static_cast<uchar>(m_buffer[static_cast<std::size_t>(m_used)]);
+        if (!m_encoding.isWide)
             return first;
-        const auto second = static_cast<uchar>(buffer[static_cast<std::size_t>(used) + 1]);
-        return encoding.isBigEndian ? first << 8 | second : second << 8 | first;
+        const auto second = static_cast<uchar>(m_buffer[static_cast<std::size_t>(m_used) + 1]);
+        return m_encoding.isBigEndian ? first << 8 | second : second << 8 | first;
     }
 
     int takeUnit()
     {
         const int unit = peekUnit();
         if (unit >= 0)
-            used += unitSize();
+            m_used += unitSize();
         return unit;
     }
 
@@ -137,19 +137,20 @@ private:
     {
         seek(position());
         // Never past the size at the start: somebody may be writing faster than this reads.
-        const qint64 wanted = qMin<qint64>(static_cast<qint64>(buffer.size()), end - bufferStart);
+        const qint64 wanted =
+            qMin<qint64>(static_cast<qint64>(m_buffer.size()), m_end - m_bufferStart);
         if (wanted > 0)
-            filled = static_cast<int>(qMax<qint64>(file.read(buffer.data(), wanted), 0));
-        return filled >= unitSize();
+            m_filled = static_cast<int>(qMax<qint64>(m_file.read(m_buffer.data(), wanted), 0));
+        return m_filled >= unitSize();
     }
 
-    QFile &file;
-    const Encoding encoding;
-    const qint64 end;
-    std::array<char, 65536> buffer;
-    qint64 bufferStart = 0;
-    int used = 0;
-    int filled = 0;
+    QFile &m_file;
+    const Encoding m_encoding;
+    const qint64 m_end;
+    std::array<char, 65536> m_buffer;
+    qint64 m_bufferStart = 0;
+    int m_used = 0;
+    int m_filled = 0;
 };
 
 /** Takes one column out of a CSV row that comes line by line. */
@@ -157,7 +158,7 @@ class ColumnParser
 {
 public:
     ColumnParser(int wantedColumn, QChar columnSeparator)
-        : wanted(wantedColumn), separator(columnSeparator)
+        : m_wanted(wantedColumn), m_separator(columnSeparator)
     {
     }
 
@@ -170,23 +171,23 @@ public:
     void feed(QChar c)
     {
         const bool isQuote = c == u'"';
-        if (state == State::Quoted) {
-            isQuote ? void(state = State::QuoteInQuoted) : keep(c);
-        } else if (c == separator) {
-            ++column;
-            state = State::Start;
-        } else if (isQuote && state == State::Start) {
-            state = State::Quoted;
+        if (m_state == State::Quoted) {
+            isQuote ? void(m_state = State::QuoteInQuoted) : keep(c);
+        } else if (c == m_separator) {
+            ++m_column;
+            m_state = State::Start;
+        } else if (isQuote && m_state == State::Start) {
+            m_state = State::Quoted;
         } else {
             // A quote after a quote stands for one; anything else shows that the field had ended.
-            state = isQuote && state == State::QuoteInQuoted ? State::Quoted : State::Plain;
+            m_state = isQuote && m_state == State::QuoteInQuoted ? State::Quoted : State::Plain;
             keep(c);
         }
     }
 
-    bool isQuoted() const { return state == State::Quoted; }
-    bool hasColumn() const { return column >= wanted; }
-    const QString &text() const { return field; }
+    bool isQuoted() const { return m_state == State::Quoted; }
+    bool hasColumn() const { return m_column >= m_wanted; }
+    const QString &text() const { return m_field; }
 
 private:
     enum class State {
@@ -198,15 +199,15 @@ private:
 
     void keep(QChar c)
     {
-        if (column == wanted)
-            field.append(c);
+        if (m_column == m_wanted)
+            m_field.append(c);
     }
 
-    const int wanted;
-    const QChar separator;
-    int column = 0;
-    State state = State::Start;
-    QString field;
+    const int m_wanted;
+    const QChar m_separator;
+    int m_column = 0;
+    State m_state = State::Start;
+    QString m_field;
 };
 
 /** A row as it was read. */
@@ -248,35 +249,35 @@ class RowFinder
 {
 public:
     RowFinder(LineReader &rowReader, const ZTTextFileSegment &rowSegment, TextFileCursor &position)
-        : reader(rowReader), segment(rowSegment), cursor(position)
+        : m_reader(rowReader), m_segment(rowSegment), m_cursor(position)
     {
     }
 
     /** Reads a row; false when the file has none of that number, and `count` is known. */
     bool find(quint64 row, ParsedRow *found)
     {
-        reader.seek(cursor.offset);
-        for (quint64 at = cursor.row;; ++at) {
-            const qint64 start = reader.position();
-            if (reader.atEnd()) {
-                rowCount = at;
+        m_reader.seek(m_cursor.offset);
+        for (quint64 at = m_cursor.row;; ++at) {
+            const qint64 start = m_reader.position();
+            if (m_reader.atEnd()) {
+                m_rowCount = at;
                 return false;
             }
-            *found = readRow(reader, segment);
-            cursor.row = at;
-            cursor.offset = start;
+            *found = readRow(m_reader, m_segment);
+            m_cursor.row = at;
+            m_cursor.offset = start;
             if (at == row)
                 return true;
         }
     }
 
-    quint64 count() const { return rowCount; }
+    quint64 count() const { return m_rowCount; }
 
 private:
-    LineReader &reader;
-    const ZTTextFileSegment &segment;
-    TextFileCursor &cursor;
-    quint64 rowCount = 0;
+    LineReader &m_reader;
+    const ZTTextFileSegment &m_segment;
+    TextFileCursor &m_cursor;
+    quint64 m_rowCount = 0;
 };
 
 /** Opens a file; the result is empty or says why it cannot be read. */

@@ -123,41 +123,41 @@ public:
     QString errorText;
 };
 
-ZTVariantText::ZTVariantText() : d(new ZTVariantTextPrivate) {}
+ZTVariantText::ZTVariantText() : m_d(new ZTVariantTextPrivate) {}
 ZTVariantText::ZTVariantText(const ZTVariantText &other) = default;
 ZTVariantText &ZTVariantText::operator=(const ZTVariantText &other) = default;
 ZTVariantText::~ZTVariantText() = default;
 
-void ZTVariantText::update() { d->update(now()); }
+void ZTVariantText::update() { m_d->update(now()); }
 
-QString ZTVariantText::getText() const { return d->text; }
+QString ZTVariantText::getText() const { return m_d->text; }
 
-QVector<ZTVariantTextSegment> ZTVariantText::getSegments() const { return d->segments; }
+QVector<ZTVariantTextSegment> ZTVariantText::getSegments() const { return m_d->segments; }
 
 bool ZTVariantText::setSegments(const QVector<ZTVariantTextSegment> &segments)
 {
     if (segments.size() > kMaxSegments)
         return false;
-    d->segments = segments;
-    d->cursors.clear();
-    d->showNext();
+    m_d->segments = segments;
+    m_d->cursors.clear();
+    m_d->showNext();
     return true;
 }
 
 void ZTVariantText::restart()
 {
-    for (ZTVariantTextSegment &segment : d->segments) {
+    for (ZTVariantTextSegment &segment : m_d->segments) {
         if (auto *counter = std::get_if<ZTCounterSegment>(&segment))
             counter->updates = 0;
         if (auto *rows = std::get_if<ZTTextFileSegment>(&segment))
             rows->nextRow = 0;
     }
-    d->showNext();
+    m_d->showNext();
 }
 
 QStringList ZTVariantText::preview(int count) const
 {
-    ZTVariantTextPrivate next(*d);
+    ZTVariantTextPrivate next(*m_d);
     const QDateTime moment = now();
     QStringList texts;
     for (int i = 0; i < qMin(count, kMaxPreview); ++i) {
@@ -169,12 +169,12 @@ QStringList ZTVariantText::preview(int count) const
 
 bool ZTVariantText::isExhausted() const
 {
-    for (int i = 0; i < d->segments.size(); ++i) {
-        const ZTVariantTextSegment &segment = d->segments[i];
+    for (int i = 0; i < m_d->segments.size(); ++i) {
+        const ZTVariantTextSegment &segment = m_d->segments[i];
         const auto *counter = std::get_if<ZTCounterSegment>(&segment);
         if (counter != nullptr && counter->isExhausted())
             return true;
-        TextFileCursor cursor = d->cursors.value(i);
+        TextFileCursor cursor = m_d->cursors.value(i);
         const auto *rows = std::get_if<ZTTextFileSegment>(&segment);
         if (rows != nullptr && nextTextFileRow(*rows, cursor).last)
             return true;
@@ -182,30 +182,30 @@ bool ZTVariantText::isExhausted() const
     return false;
 }
 
-QString ZTVariantText::errorText() const { return d->errorText; }
+QString ZTVariantText::errorText() const { return m_d->errorText; }
 
 bool ZTVariantText::load(QDataStream &stream)
 {
     VariantTextRecord record;
     const bool isGood = readVariantText(stream, &record);
-    d = new ZTVariantTextPrivate;
+    m_d = new ZTVariantTextPrivate;
     if (!isGood)
         return false;
-    d->text = record.text;
-    d->segments = record.segments;
+    m_d->text = record.text;
+    m_d->segments = record.segments;
     return true;
 }
 
 void ZTVariantText::save(QDataStream &stream) const
 {
-    writeVariantText(stream, {d->text, d->segments});
+    writeVariantText(stream, {m_d->text, m_d->segments});
 }
 
 void ZTVariantText::setClock(const std::function<QDateTime()> &function) { hostClock() = function; }
 
 bool operator==(const ZTVariantText &a, const ZTVariantText &b)
 {
-    return a.d == b.d || (a.d->text == b.d->text && a.d->segments == b.d->segments);
+    return a.m_d == b.m_d || (a.m_d->text == b.m_d->text && a.m_d->segments == b.m_d->segments);
 }
 
 bool operator!=(const ZTVariantText &a, const ZTVariantText &b) { return !(a == b); }

@@ -118,7 +118,7 @@ public:
 private:
     friend ZTMARKDATAMANAGER_EXPORT bool operator==(const ZTVariantText &, const ZTVariantText &);
 
-    QSharedDataPointer<ZTVariantTextPrivate> d;
+    QSharedDataPointer<ZTVariantTextPrivate> m_d;
 };
 
 /** Same segments, same progress, same present text. */

@@ -66,7 +66,7 @@ QVector<QPair<Corner, Heading>> follow(const ModuleGrid &grid, Corner start, QBi
 QVector<QPolygonF> ModuleGrid::outlines(double insetMm) const
 {
     QVector<QPolygonF> found;
-    QBitArray taken(cells.size());
+    QBitArray taken(m_cells.size());
     for (int row = 0; row < rows(); ++row) {
         for (int column = 0; column < columns(); ++column) {
             const bool isUpperEdge = isDark(row, column) && !isDark(row - 1, column);
@@ -78,7 +78,7 @@ QVector<QPolygonF> ModuleGrid::outlines(double insetMm) const
             for (int at = 0; at < turns.size(); ++at) {
                 const auto &here = turns[at];
                 const Heading before = turns[(at + turns.size() - 1) % turns.size()].second;
-                QPointF point(x[here.first.column], y[here.first.row]);
+                QPointF point(m_x[here.first.column], m_y[here.first.row]);
                 for (const Heading side : {rightOf(before), rightOf(here.second)})
                     point += insetMm * QPointF(kStepX[side], kStepY[side]);
                 outline.append(point);

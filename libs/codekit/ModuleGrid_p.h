@@ -13,24 +13,24 @@ class ModuleGrid
 public:
     /** Edges in millimetres: one more than there are columns or rows. */
     ModuleGrid(const QVector<double> &columnEdges, const QVector<double> &rowEdges)
-        : x(columnEdges), y(rowEdges), cells((x.size() - 1) * (y.size() - 1))
+        : m_x(columnEdges), m_y(rowEdges), m_cells((m_x.size() - 1) * (m_y.size() - 1))
     {
     }
 
-    int columns() const { return x.size() - 1; }
-    int rows() const { return y.size() - 1; }
-    double left(int column) const { return x[column]; }
-    double right(int column) const { return x[column + 1]; }
-    double top(int row) const { return y[row]; }
-    double bottom(int row) const { return y[row + 1]; }
+    int columns() const { return m_x.size() - 1; }
+    int rows() const { return m_y.size() - 1; }
+    double left(int column) const { return m_x[column]; }
+    double right(int column) const { return m_x[column + 1]; }
+    double top(int row) const { return m_y[row]; }
+    double bottom(int row) const { return m_y[row + 1]; }
 
     /** Light outside of the grid. */
     bool isDark(int row, int column) const
     {
         return row >= 0 && row < rows() && column >= 0 && column < columns() &&
-               cells.testBit(row * columns() + column);
+               m_cells.testBit(row * columns() + column);
     }
-    void setDark(int row, int column, bool dark) { cells.setBit(row * columns() + column, dark); }
+    void setDark(int row, int column, bool dark) { m_cells.setBit(row * columns() + column, dark); }
 
     /**
      * The outlines of the dark areas, each closed, its first point once: outer ones with the dark
@@ -40,9 +40,9 @@ public:
     QVector<QPolygonF> outlines(double insetMm) const;
 
 private:
-    QVector<double> x;
-    QVector<double> y;
-    QBitArray cells;
+    QVector<double> m_x;
+    QVector<double> m_y;
+    QBitArray m_cells;
 };
 
 } // namespace codekit

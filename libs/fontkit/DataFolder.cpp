@@ -4,11 +4,11 @@
 
 namespace fontkit {
 
-DataFolder::DataFolder(const QByteArray &folderPath) : path(folderPath) {}
+DataFolder::DataFolder(const QByteArray &folderPath) : m_path(folderPath) {}
 
 std::optional<QByteArray> DataFolder::read(const QByteArray &name) const
 {
-    std::ifstream file((path + '/' + name).constData(), std::ios::binary | std::ios::ate);
+    std::ifstream file((m_path + '/' + name).constData(), std::ios::binary | std::ios::ate);
     if (!file.is_open())
         return std::nullopt;
     const std::streamoff size = file.tellg();
@@ -24,7 +24,7 @@ std::optional<QByteArray> DataFolder::read(const QByteArray &name) const
 
 QString DataFolder::shown(const QByteArray &name) const
 {
-    return QString::fromUtf8(name.isEmpty() ? path : path + '/' + name);
+    return QString::fromUtf8(name.isEmpty() ? m_path : m_path + '/' + name);
 }
 
 } // namespace fontkit

@@ -28,7 +28,7 @@ public:
     QString shown(const QByteArray &name) const;
 
 private:
-    QByteArray path;
+    QByteArray m_path;
 };
 
 } // namespace fontkit

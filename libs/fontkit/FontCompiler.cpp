@@ -74,17 +74,17 @@ private:
         return static_cast<quint8>(statement.number(0, 0xFF));
     }
 
-    FontFile font;
-    bool isBodyBegun = false;
-    bool isInGlyph = false;
-    std::set<QByteArray> told;
-    std::map<int, int> lineOfSlot;
-    int records = 0;
-    int lastLine = 1;
-    int gapLine = 0;
-    QByteArray pendingGap;
-    GlyphProgram program;
-    int glyphLine = 0;
+    FontFile m_font;
+    bool m_isBodyBegun = false;
+    bool m_isInGlyph = false;
+    std::set<QByteArray> m_told;
+    std::map<int, int> m_lineOfSlot;
+    int m_records = 0;
+    int m_lastLine = 1;
+    int m_gapLine = 0;
+    QByteArray m_pendingGap;
+    GlyphProgram m_program;
+    int m_glyphLine = 0;
 };
 
 const FontCompiler::Known FontCompiler::kKnown[] = {
@@ -109,7 +109,7 @@ const FontCompiler::Known FontCompiler::kKnown[] = {
 
 FontFile FontCompiler::run(const QByteArray &source)
 {
-    font.information = std::nullopt;
+    m_font.information = std::nullopt;
     SourceText text(source);
     Statement statement;
     if (!text.next(&statement))
@@ -118,7 +118,7 @@ FontFile FontCompiler::run(const QByteArray &source)
     while (text.next(&statement))
         add(statement);
     finishFont();
-    return font;
+    return m_font;
 }
 
 void FontCompiler::begin(Statement &statement)
@@ -129,7 +129,7 @@ void FontCompiler::begin(Statement &statement)
     const QByteArray word = statement.word("a form");
     for (const FontForm form : {FontForm::Shapes, FontForm::Bigfont, FontForm::Unifont}) {
         if (word == keywordOf(form)) {
-            font.form = form;
+            m_font.form = form;
             return statement.finish();
         }
     }
@@ -138,7 +138,7 @@ void FontCompiler::begin(Statement &statement)
 
 void FontCompiler::add(Statement &statement)
 {
-    lastLine = statement.line;
+    m_lastLine = statement.line;
     const QByteArray keyword = statement.keyword();
     const auto *known =
         std::find_if(std::begin(kKnown), std::end(kKnown),
@@ -148,10 +148,10 @@ void FontCompiler::add(Statement &statement)
         checkOrder(statement, *known);
         (this->*known->compile)(statement);
         statement.finish();
-    } else if (isInGlyph) {
-        compileGlyphStatement(statement, font.form, program);
+    } else if (m_isInGlyph) {
+        compileGlyphStatement(statement, m_font.form, m_program);
     } else {
-        statement.fail(shown(keyword) + (isBodyBegun
+        statement.fail(shown(keyword) + (m_isBodyBegun
                                              ? QStringLiteral(" stands in no glyph")
                                              : QStringLiteral(" is no statement of a font")));
     }
@@ -159,27 +159,27 @@ void FontCompiler::add(Statement &statement)
 
 void FontCompiler::checkOrder(const Statement &statement, const Known &known)
 {
-    if (known.isHeader && isBodyBegun)
+    if (known.isHeader && m_isBodyBegun)
         statement.fail(shown(known.keyword) + QStringLiteral(" stands before the first glyph"));
-    if (known.isOnce && !told.insert(known.keyword).second)
+    if (known.isOnce && !m_told.insert(known.keyword).second)
         statement.fail(shown(known.keyword) + QStringLiteral(" is told twice"));
-    if (!known.isHeader && !isBodyBegun) {
-        isBodyBegun = true;
-        records = font.information && font.form != FontForm::Unifont ? 1 : 0;
+    if (!known.isHeader && !m_isBodyBegun) {
+        m_isBodyBegun = true;
+        m_records = m_font.information && m_font.form != FontForm::Unifont ? 1 : 0;
     }
 }
 
 void FontCompiler::finishGlyph()
 {
-    if (!isInGlyph)
+    if (!m_isInGlyph)
         return;
-    isInGlyph = false;
-    GlyphDefinition &glyph = font.glyphs.back();
-    glyph.program = program.bytes();
+    m_isInGlyph = false;
+    GlyphDefinition &glyph = m_font.glyphs.back();
+    glyph.program = m_program.bytes();
     if (glyph.bare && glyph.program.contains('\0'))
-        throw SourceError{glyphLine, QStringLiteral("a bare glyph holds no byte 0")};
+        throw SourceError{m_glyphLine, QStringLiteral("a bare glyph holds no byte 0")};
     if (glyph.bytes().size() > kLongestDefinition)
-        throw SourceError{glyphLine,
+        throw SourceError{m_glyphLine,
                           QStringLiteral("the glyph takes %1 bytes, at most %2 with its name")
                               .arg(glyph.bytes().size())
                               .arg(kLongestDefinition)};
@@ -188,57 +188,57 @@ void FontCompiler::finishGlyph()
 void FontCompiler::finishFont()
 {
     finishGlyph();
-    if (!pendingGap.isEmpty())
-        throw SourceError{gapLine, QStringLiteral("no glyph stands behind this gap")};
-    if (font.form == FontForm::Unifont && !font.information)
-        throw SourceError{lastLine, QStringLiteral("a unifont needs a name and above")};
-    for (const auto &[slot, line] : lineOfSlot) {
-        if (slot >= records)
+    if (!m_pendingGap.isEmpty())
+        throw SourceError{m_gapLine, QStringLiteral("no glyph stands behind this gap")};
+    if (m_font.form == FontForm::Unifont && !m_font.information)
+        throw SourceError{m_lastLine, QStringLiteral("a unifont needs a name and above")};
+    for (const auto &[slot, line] : m_lineOfSlot) {
+        if (slot >= m_records)
             throw SourceError{line, QStringLiteral("slot %1 is outside the index of %2 records")
                                         .arg(slot)
-                                        .arg(records)};
+                                        .arg(m_records)};
     }
     QString problem;
-    if (font.form == FontForm::Bigfont && !resolveSlots(font, &problem))
-        throw SourceError{lastLine, problem};
+    if (m_font.form == FontForm::Bigfont && !resolveSlots(m_font, &problem))
+        throw SourceError{m_lastLine, problem};
 }
 
 FontInformation &FontCompiler::information()
 {
-    if (!font.information)
-        font.information = FontInformation();
-    return *font.information;
+    if (!m_font.information)
+        m_font.information = FontInformation();
+    return *m_font.information;
 }
 
 void FontCompiler::demandForm(const Statement &statement, FontForm form, const char *what) const
 {
-    if (font.form != form)
+    if (m_font.form != form)
         statement.fail(only(keywordOf(form).constData(), what));
 }
 
 void FontCompiler::countRecord(const Statement &statement)
 {
-    const bool isInformationCounted = font.countsInformation;
-    if (++records + (isInformationCounted ? 1 : 0) > kMostRecords)
+    const bool isInformationCounted = m_font.countsInformation;
+    if (++m_records + (isInformationCounted ? 1 : 0) > kMostRecords)
         statement.fail(QStringLiteral("more glyphs than a font can count: %1").arg(kMostRecords));
 }
 
 void FontCompiler::prefix(Statement &statement)
 {
-    font.prefix = statement.text("the prefix");
-    if (font.prefix.size() != 11)
-        statement.fail(QStringLiteral("the prefix has %1 bytes, not 11").arg(font.prefix.size()));
+    m_font.prefix = statement.text("the prefix");
+    if (m_font.prefix.size() != 11)
+        statement.fail(QStringLiteral("the prefix has %1 bytes, not 11").arg(m_font.prefix.size()));
 }
 
 void FontCompiler::version(Statement &statement)
 {
-    font.version = statement.text("the version");
-    if (font.version.size() > versionRoom(font.form))
+    m_font.version = statement.text("the version");
+    if (m_font.version.size() > versionRoom(m_font.form))
         statement.fail(QStringLiteral("the version has %1 bytes, at most %2 in this form")
-                           .arg(font.version.size())
-                           .arg(versionRoom(font.form)));
-    while (font.version.endsWith('\x1A')) // as the filling
-        font.version.chop(1);
+                           .arg(m_font.version.size())
+                           .arg(versionRoom(m_font.form)));
+    while (m_font.version.endsWith('\x1A')) // as the filling
+        m_font.version.chop(1);
 }
 
 void FontCompiler::name(Statement &statement)
@@ -246,7 +246,7 @@ void FontCompiler::name(Statement &statement)
     information().name = statement.text("the name");
     if (information().name.contains('\0'))
         statement.fail(QStringLiteral("a name holds no byte 0"));
-    if (information().name.size() > longestName(font.form))
+    if (information().name.size() > longestName(m_font.form))
         statement.fail(QStringLiteral("the name is too long"));
 }
 
@@ -265,34 +265,35 @@ void FontCompiler::embedding(Statement &statement)
 void FontCompiler::unused(Statement &statement)
 {
     demandForm(statement, FontForm::Unifont, "unused bytes");
-    font.unused = statement.hexBytes();
-    if (font.unused.size() != 4)
-        statement.fail(QStringLiteral("there are 4 unused bytes, not %1").arg(font.unused.size()));
+    m_font.unused = statement.hexBytes();
+    if (m_font.unused.size() != 4)
+        statement.fail(
+            QStringLiteral("there are 4 unused bytes, not %1").arg(m_font.unused.size()));
 }
 
 void FontCompiler::countsInformation(Statement &statement)
 {
     demandForm(statement, FontForm::Unifont, "a count with the information");
-    font.countsInformation = true;
+    m_font.countsInformation = true;
 }
 
 void FontCompiler::range(Statement &statement)
 {
     demandForm(statement, FontForm::Bigfont, "ranges of lead bytes");
-    if (font.ranges.size() >= static_cast<size_t>(kMostRecords))
+    if (m_font.ranges.size() >= static_cast<size_t>(kMostRecords))
         statement.fail(QStringLiteral("more ranges than a font can count: %1").arg(kMostRecords));
     LeadByteRange range;
     range.first = static_cast<quint16>(statement.number(0, 0xFFFF));
     statement.expect("to");
     range.last = static_cast<quint16>(statement.number(0, 0xFFFF));
-    font.ranges.push_back(range);
+    m_font.ranges.push_back(range);
 }
 
 void FontCompiler::glyph(Statement &statement)
 {
     countRecord(statement);
     GlyphDefinition glyph;
-    glyph.code = static_cast<quint16>(codeOperand(statement, font.form));
+    glyph.code = static_cast<quint16>(codeOperand(statement, m_font.form));
     const bool isNamed = statement.acceptText(&glyph.name);
     if (glyph.name.contains('\0'))
         statement.fail(QStringLiteral("a name holds no byte 0"));
@@ -303,18 +304,18 @@ void FontCompiler::glyph(Statement &statement)
         demandForm(statement, FontForm::Bigfont, "slots");
         glyph.slot = slotOperand(statement);
     }
-    glyph.gapBefore = std::exchange(pendingGap, {});
-    font.glyphs.push_back(glyph);
-    program = GlyphProgram(font.form);
-    glyphLine = statement.line;
-    isInGlyph = true;
+    glyph.gapBefore = std::exchange(m_pendingGap, {});
+    m_font.glyphs.push_back(glyph);
+    m_program = GlyphProgram(m_font.form);
+    m_glyphLine = statement.line;
+    m_isInGlyph = true;
 }
 
 void FontCompiler::gap(Statement &statement)
 {
     demandForm(statement, FontForm::Bigfont, "gaps");
-    pendingGap += statement.hexBytes();
-    gapLine = statement.line;
+    m_pendingGap += statement.hexBytes();
+    m_gapLine = statement.line;
 }
 
 int FontCompiler::slotOperand(Statement &statement)
@@ -326,9 +327,9 @@ int FontCompiler::slotOperand(Statement &statement)
 
 void FontCompiler::takeSlot(const Statement &statement, int slot)
 {
-    if (slot == 0 && font.information)
+    if (slot == 0 && m_font.information)
         statement.fail(QStringLiteral("slot 0 is that of the font information"));
-    const auto [earlier, isNew] = lineOfSlot.emplace(slot, statement.line);
+    const auto [earlier, isNew] = m_lineOfSlot.emplace(slot, statement.line);
     if (!isNew)
         statement.fail(
             QStringLiteral("slot %1 is taken in line %2").arg(slot).arg(earlier->second));
@@ -341,12 +342,12 @@ void FontCompiler::entry(Statement &statement)
     IndexEntry entry;
     entry.slot = slotOperand(statement);
     statement.expect("code");
-    entry.code = static_cast<quint16>(codeOperand(statement, font.form));
+    entry.code = static_cast<quint16>(codeOperand(statement, m_font.form));
     statement.expect("length");
     entry.length = static_cast<quint16>(statement.number(0, 0xFFFF));
     statement.expect("offset");
     entry.offset = statement.unsignedNumber();
-    font.entries.push_back(entry);
+    m_font.entries.push_back(entry);
 }
 
 void FontCompiler::empty(Statement &statement)
@@ -357,11 +358,11 @@ void FontCompiler::empty(Statement &statement)
     for (int slot = first; slot <= last; ++slot) {
         countRecord(statement);
         takeSlot(statement, slot);
-        font.entries.push_back({slot, 0, 0, 0});
+        m_font.entries.push_back({slot, 0, 0, 0});
     }
 }
 
-void FontCompiler::trailing(Statement &statement) { font.trailing += statement.hexBytes(); }
+void FontCompiler::trailing(Statement &statement) { m_font.trailing += statement.hexBytes(); }
 
 } // namespace
 

@@ -25,17 +25,17 @@ struct Damage
 class Cursor
 {
 public:
-    explicit Cursor(const QByteArray &image) : bytes(image) {}
+    explicit Cursor(const QByteArray &image) : m_bytes(image) {}
 
-    int position() const { return at; }
-    int left() const { return bytes.size() - at; }
+    int position() const { return m_at; }
+    int left() const { return m_bytes.size() - m_at; }
 
     QByteArray take(qint64 size, const QString &what)
     {
         if (size > left())
-            throw Damage{at, QStringLiteral("the file ends within %1").arg(what)};
-        QByteArray taken = bytes.mid(at, static_cast<int>(size));
-        at += taken.size();
+            throw Damage{m_at, QStringLiteral("the file ends within %1").arg(what)};
+        QByteArray taken = m_bytes.mid(m_at, static_cast<int>(size));
+        m_at += taken.size();
         return taken;
     }
 
@@ -54,19 +54,19 @@ public:
     /** Bytes up to the next NUL, and past it. */
     QByteArray takeText(const QString &what)
     {
-        const int end = bytes.indexOf('\0', at);
+        const int end = m_bytes.indexOf('\0', m_at);
         if (end < 0)
-            throw Damage{at, QStringLiteral("%1 has no end").arg(what)};
-        QByteArray text = bytes.mid(at, end - at);
-        at = end + 1;
+            throw Damage{m_at, QStringLiteral("%1 has no end").arg(what)};
+        QByteArray text = m_bytes.mid(m_at, end - m_at);
+        m_at = end + 1;
         return text;
     }
 
     QByteArray takeRest() { return take(left(), {}); }
 
 private:
-    const QByteArray &bytes;
-    int at = 0;
+    const QByteArray &m_bytes;
+    int m_at = 0;
 };
 
 quint8 byteAt(const QByteArray &bytes, int index) { return static_cast<quint8>(bytes[index]); }

@@ -93,7 +93,7 @@ QVector<QVector<QPointF>> trimmed(const QVector<QVector<QPointF>> &mark)
 } // namespace
 
 GbStrokesFont::GbStrokesFont(const DataFolder &hanzi, const DataFolder &hershey)
-    : hanziFolder(hanzi), hersheyFolder(hershey)
+    : m_hanziFolder(hanzi), m_hersheyFolder(hershey)
 {
 }
 
@@ -163,27 +163,28 @@ bool GbStrokesFont::make(FontFile *font, QString *error)
 
 bool GbStrokesFont::addHanzi(QMap<int, GridStrokes> &characters, QString *error)
 {
-    hanziMade = 0;
+    m_hanziMade = 0;
     for (const auto &[code, character] : codes()) {
         const QByteArray name = character + ".json";
-        const auto content = hanziFolder.read(name);
+        const auto content = m_hanziFolder.read(name);
         if (!content)
             continue;
         HanziReader reader;
         if (!reader.read(*content))
-            return fail(error, hanziFolder.shown(name) + QStringLiteral(": ") + reader.errorText());
+            return fail(error,
+                        m_hanziFolder.shown(name) + QStringLiteral(": ") + reader.errorText());
         characters[code] = strokesOf(reader.strokes());
-        ++hanziMade;
+        ++m_hanziMade;
     }
-    if (hanziMade == 0)
-        return fail(error, hanziFolder.shown(QByteArray()) +
+    if (m_hanziMade == 0)
+        return fail(error, m_hanziFolder.shown(QByteArray()) +
                                QStringLiteral(": no character of hanzi-writer-data"));
     return true;
 }
 
 bool GbStrokesFont::addFullWidth(QMap<int, GridStrokes> &characters, QString *error) const
 {
-    HersheyFonts hershey(hersheyFolder);
+    HersheyFonts hershey(m_hersheyFolder);
     for (int ascii = '!'; ascii <= '~'; ++ascii) {
         HersheyCharacter character;
         if (!hershey.character(QStringLiteral("hershey-simplex.shx"), ascii, &character, error))

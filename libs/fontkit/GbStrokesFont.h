@@ -51,7 +51,7 @@ public:
     bool make(FontFile *font, QString *error);
 
     /** Of the font made last: how many glyphs have their strokes from the data. */
-    int hanziCount() const { return hanziMade; }
+    int hanziCount() const { return m_hanziMade; }
 
     /** The GBK codes that stand for one character each, in ascending order, with it in UTF-8. */
     static QVector<std::pair<int, QByteArray>> codes();
@@ -66,9 +66,9 @@ private:
     bool addHanzi(QMap<int, GridStrokes> &characters, QString *error);
     bool addFullWidth(QMap<int, GridStrokes> &characters, QString *error) const;
 
-    DataFolder hanziFolder;
-    DataFolder hersheyFolder;
-    int hanziMade = 0;
+    DataFolder m_hanziFolder;
+    DataFolder m_hersheyFolder;
+    int m_hanziMade = 0;
 };
 
 } // namespace fontkit

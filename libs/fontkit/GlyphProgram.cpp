@@ -31,14 +31,14 @@ int directionOf(int dx, int dy, int length)
 
 } // namespace
 
-GlyphProgram::GlyphProgram(FontForm ofForm) : form(ofForm) {}
+GlyphProgram::GlyphProgram(FontForm ofForm) : m_form(ofForm) {}
 
-void GlyphProgram::append(int byte) { codes += static_cast<char>(byte & 0xFF); }
+void GlyphProgram::append(int byte) { m_codes += static_cast<char>(byte & 0xFF); }
 
 void GlyphProgram::fail(const QString &what)
 {
-    if (firstError.isEmpty())
-        firstError = what;
+    if (m_firstError.isEmpty())
+        m_firstError = what;
 }
 
 bool GlyphProgram::demand(int number, int least, int most, const char *what)
@@ -107,7 +107,7 @@ GlyphProgram &GlyphProgram::pop()
 
 GlyphProgram &GlyphProgram::subshape(int code)
 {
-    const bool isWide = form == FontForm::Unifont;
+    const bool isWide = m_form == FontForm::Unifont;
     if (!demand(code, 0, isWide ? 0xFFFF : 0xFF, "subshape"))
         return *this;
     append(CodeSubshape);
@@ -240,7 +240,7 @@ GlyphProgram &GlyphProgram::end()
 
 GlyphProgram &GlyphProgram::raw(const QByteArray &bytes)
 {
-    codes += bytes;
+    m_codes += bytes;
     return *this;
 }
 

@@ -91,8 +91,8 @@ public:
     /** Bytes as they are. */
     GlyphProgram &raw(const QByteArray &codes);
 
-    const QByteArray &bytes() const { return codes; }
-    const QString &error() const { return firstError; } ///< empty while all is well
+    const QByteArray &bytes() const { return m_codes; }
+    const QString &error() const { return m_firstError; } ///< empty while all is well
 
 private:
     bool demand(int number, int least, int most, const char *what);
@@ -101,9 +101,9 @@ private:
     void append(int byte);
     void fail(const QString &what);
 
-    FontForm form;
-    QByteArray codes;
-    QString firstError;
+    FontForm m_form;
+    QByteArray m_codes;
+    QString m_firstError;
 };
 
 } // namespace fontkit

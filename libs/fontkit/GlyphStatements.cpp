@@ -19,13 +19,15 @@ QByteArray number(int value) { return QByteArray::number(value); }
 class Disassembly
 {
 public:
-    Disassembly(const QByteArray &ofProgram, FontForm ofForm) : program(ofProgram), form(ofForm) {}
+    Disassembly(const QByteArray &ofProgram, FontForm ofForm) : m_program(ofProgram), m_form(ofForm)
+    {
+    }
 
     std::vector<QByteArray> run()
     {
-        while (at < program.size())
+        while (m_at < m_program.size())
             oneCode();
-        return std::move(statements);
+        return std::move(m_statements);
     }
 
 private:
@@ -41,9 +43,9 @@ private:
     void add(const QByteArray &statement, int size);
     void addRaw(int size);
 
-    int left() const { return program.size() - at; }
-    int unsignedAt(int offset) const { return static_cast<quint8>(program[at + offset]); }
-    int signedAt(int offset) const { return static_cast<qint8>(program[at + offset]); }
+    int left() const { return m_program.size() - m_at; }
+    int unsignedAt(int offset) const { return static_cast<quint8>(m_program[m_at + offset]); }
+    int signedAt(int offset) const { return static_cast<qint8>(m_program[m_at + offset]); }
     bool isZeroPair(int offset) const
     {
         return unsignedAt(offset) == 0 && unsignedAt(offset + 1) == 0;
@@ -51,24 +53,24 @@ private:
     QByteArray itemAt(int offset, int size, char separator) const;
     QByteArray octantsAt(int offset) const;
 
-    const QByteArray &program;
-    FontForm form;
-    int at = 0;
-    std::vector<QByteArray> statements;
+    const QByteArray &m_program;
+    FontForm m_form;
+    int m_at = 0;
+    std::vector<QByteArray> m_statements;
 };
 
 void Disassembly::add(const QByteArray &statement, int size)
 {
-    statements.push_back(statement);
-    at += size;
+    m_statements.push_back(statement);
+    m_at += size;
 }
 
 void Disassembly::addRaw(int size)
 {
     const int there = std::min(size, left());
-    for (const QByteArray &line : hexLines("raw", program.mid(at, there)))
-        statements.push_back(line);
-    at += there;
+    for (const QByteArray &line : hexLines("raw", m_program.mid(m_at, there)))
+        m_statements.push_back(line);
+    m_at += there;
 }
 
 void Disassembly::oneCode()
@@ -126,7 +128,7 @@ void Disassembly::scale(const char *keyword)
 
 void Disassembly::subshape()
 {
-    const int size = form == FontForm::Unifont ? 3 : 2;
+    const int size = m_form == FontForm::Unifont ? 3 : 2;
     if (left() < size)
         return addRaw(size);
     const int code = unsignedAt(1) | (size == 3 ? unsignedAt(2) << 8 : 0);
@@ -186,7 +188,7 @@ void Disassembly::list(const char *keyword, int itemSize)
     if (1 + items * itemSize + 2 > left())
         return addRaw(left()); // no end
     appendList(keyword, itemSize, items);
-    at += 1 + items * itemSize + 2;
+    m_at += 1 + items * itemSize + 2;
 }
 
 void Disassembly::appendList(const char *keyword, int itemSize, int items)
@@ -194,12 +196,12 @@ void Disassembly::appendList(const char *keyword, int itemSize, int items)
     QByteArray line = keyword;
     for (int i = 0; i < items; ++i) {
         if (i > 0 && i % kItemsALine == 0) {
-            statements.push_back(line + " \\");
+            m_statements.push_back(line + " \\");
             line = " ";
         }
         line += ' ' + itemAt(1 + i * itemSize, itemSize, ',');
     }
-    statements.push_back(line);
+    m_statements.push_back(line);
 }
 
 } // namespace

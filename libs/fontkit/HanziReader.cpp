@@ -47,11 +47,11 @@ bool readStroke(const QJsonValue &value, QVector<QPointF> *stroke)
 
 bool HanziReader::read(const QByteArray &json)
 {
-    medians.clear();
+    m_medians.clear();
     QJsonParseError problem;
     const QJsonDocument document = QJsonDocument::fromJson(json, &problem);
     if (document.isNull()) {
-        error = QStringLiteral("no JSON: %1").arg(problem.errorString());
+        m_error = QStringLiteral("no JSON: %1").arg(problem.errorString());
         return false;
     }
     QVector<QVector<QPointF>> strokes;
@@ -60,20 +60,20 @@ bool HanziReader::read(const QByteArray &json)
     for (const QJsonValue &value : all) {
         QVector<QPointF> stroke;
         if (!readStroke(value, &stroke)) {
-            error = QStringLiteral("stroke %1 is no list of points").arg(strokes.size() + 1);
+            m_error = QStringLiteral("stroke %1 is no list of points").arg(strokes.size() + 1);
             return false;
         }
         points += stroke.size();
         if (points > kMaxPoints) {
-            error = QStringLiteral("more than %1 points").arg(kMaxPoints);
+            m_error = QStringLiteral("more than %1 points").arg(kMaxPoints);
             return false;
         }
         if (!stroke.isEmpty())
             strokes.append(stroke);
     }
-    error = strokes.isEmpty() ? QStringLiteral("no strokes") : QString();
-    medians = strokes;
-    return error.isEmpty();
+    m_error = strokes.isEmpty() ? QStringLiteral("no strokes") : QString();
+    m_medians = strokes;
+    return m_error.isEmpty();
 }
 
 } // namespace fontkit

@@ -35,12 +35,12 @@ public:
      */
     bool read(const QByteArray &json);
 
-    const QVector<QVector<QPointF>> &strokes() const { return medians; }
-    const QString &errorText() const { return error; } ///< empty while all is well
+    const QVector<QVector<QPointF>> &strokes() const { return m_medians; }
+    const QString &errorText() const { return m_error; } ///< empty while all is well
 
 private:
-    QVector<QVector<QPointF>> medians;
-    QString error;
+    QVector<QVector<QPointF>> m_medians;
+    QString m_error;
 };
 
 } // namespace fontkit

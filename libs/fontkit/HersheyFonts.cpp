@@ -153,7 +153,7 @@ int depthOf(const GridStrokes &strokes)
 
 } // namespace
 
-HersheyFonts::HersheyFonts(const DataFolder &dataFolder) : folder(dataFolder) {}
+HersheyFonts::HersheyFonts(const DataFolder &dataFolder) : m_folder(dataFolder) {}
 
 QStringList HersheyFonts::fileNames()
 {
@@ -203,7 +203,7 @@ bool HersheyFonts::character(const QString &fileName, int code, HersheyCharacter
     const int place = source.code - kFirstCode;
     if (place >= glyphs->size())
         return fail(error, QStringLiteral("%1: only %2 characters")
-                               .arg(folder.shown(source.data + ".jhf"))
+                               .arg(m_folder.shown(source.data + ".jhf"))
                                .arg(glyphs->size()));
     *result = characterOf(glyphs->at(place), source.isReduced);
     return true;
@@ -211,11 +211,11 @@ bool HersheyFonts::character(const QString &fileName, int code, HersheyCharacter
 
 const QVector<HersheyGlyph> *HersheyFonts::glyphsOf(const QByteArray &dataName, QString *error)
 {
-    const auto known = loaded.constFind(dataName);
-    if (known != loaded.constEnd())
+    const auto known = m_loaded.constFind(dataName);
+    if (known != m_loaded.constEnd())
         return &known.value();
     const QByteArray fileName = dataName + ".jhf";
-    const auto content = folder.read(fileName);
+    const auto content = m_folder.read(fileName);
     HersheyReader reader;
     QString problem;
     if (!content)
@@ -225,10 +225,10 @@ const QVector<HersheyGlyph> *HersheyFonts::glyphsOf(const QByteArray &dataName, 
     else if (!reader.problems().isEmpty())
         problem = reader.problems().first();
     if (!problem.isEmpty()) {
-        fail(error, QStringLiteral("%1: %2").arg(folder.shown(fileName), problem));
+        fail(error, QStringLiteral("%1: %2").arg(m_folder.shown(fileName), problem));
         return nullptr;
     }
-    return &loaded.insert(dataName, reader.glyphs()).value();
+    return &m_loaded.insert(dataName, reader.glyphs()).value();
 }
 
 } // namespace fontkit

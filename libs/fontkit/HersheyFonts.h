@@ -53,8 +53,8 @@ public:
 private:
     const QVector<HersheyGlyph> *glyphsOf(const QByteArray &dataName, QString *error);
 
-    DataFolder folder;
-    QMap<QByteArray, QVector<HersheyGlyph>> loaded; ///< by name of the data
+    DataFolder m_folder;
+    QMap<QByteArray, QVector<HersheyGlyph>> m_loaded; ///< by name of the data
 };
 
 } // namespace fontkit

@@ -74,8 +74,8 @@ QVector<QVector<QPoint>> strokesOf(const QByteArray &pairs)
 
 bool HersheyReader::read(const QByteArray &content)
 {
-    all.clear();
-    wrong.clear();
+    m_all.clear();
+    m_wrong.clear();
     QByteArray record;
     int recordLine = 0;
     int lineNumber = 0;
@@ -93,21 +93,21 @@ bool HersheyReader::read(const QByteArray &content)
             readRecord(record, recordLine);
         record = line;
         recordLine = lineNumber;
-        if (all.size() >= kMaxRecords) {
+        if (m_all.size() >= kMaxRecords) {
             tell(lineNumber, QStringLiteral("more than %1 records").arg(kMaxRecords));
             return true;
         }
     }
     if (!record.isEmpty())
         readRecord(record, recordLine);
-    return !all.isEmpty();
+    return !m_all.isEmpty();
 }
 
 void HersheyReader::readRecord(const QByteArray &record, int lineNumber)
 {
     if (!isHeader(record)) {
         tell(lineNumber, QStringLiteral("no record of a glyph"));
-        all.append(HersheyGlyph());
+        m_all.append(HersheyGlyph());
         return;
     }
     const int count = pairsOf(record);
@@ -130,12 +130,12 @@ void HersheyReader::readRecord(const QByteArray &record, int lineNumber)
             tell(lineNumber, QStringLiteral("no width"));
     }
     glyph.strokes = strokesOf(pairs);
-    all.append(glyph);
+    m_all.append(glyph);
 }
 
 void HersheyReader::tell(int lineNumber, const QString &what)
 {
-    wrong.append(QStringLiteral("line %1: %2").arg(lineNumber).arg(what));
+    m_wrong.append(QStringLiteral("line %1: %2").arg(lineNumber).arg(what));
 }
 
 } // namespace fontkit

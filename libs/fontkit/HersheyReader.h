@@ -39,17 +39,17 @@ public:
     /** Reads a whole file; false when it holds no record. What was read before is forgotten. */
     bool read(const QByteArray &content);
 
-    const QVector<HersheyGlyph> &glyphs() const { return all; }
+    const QVector<HersheyGlyph> &glyphs() const { return m_all; }
 
     /** "line 43: 12 pairs of 45", one for each thing that is wrong. */
-    const QStringList &problems() const { return wrong; }
+    const QStringList &problems() const { return m_wrong; }
 
 private:
     void readRecord(const QByteArray &record, int lineNumber);
     void tell(int lineNumber, const QString &what);
 
-    QVector<HersheyGlyph> all;
-    QStringList wrong;
+    QVector<HersheyGlyph> m_all;
+    QStringList m_wrong;
 };
 
 } // namespace fontkit

@@ -45,14 +45,14 @@ const Token &Statement::take(const char *what)
     if (atEnd())
         fail(QStringLiteral("%1 is missing behind %2")
                  .arg(QLatin1String(what), shown(tokens.back().text)));
-    return tokens[next++];
+    return tokens[m_next++];
 }
 
 bool Statement::isNumberNext() const
 {
-    if (atEnd() || tokens[next].kind != Token::Word || tokens[next].text.isEmpty())
+    if (atEnd() || tokens[m_next].kind != Token::Word || tokens[m_next].text.isEmpty())
         return false;
-    const char first = tokens[next].text[0];
+    const char first = tokens[m_next].text[0];
     return (first >= '0' && first <= '9') || first == '-' || first == '+';
 }
 
@@ -121,25 +121,25 @@ void Statement::expect(const char *word)
 
 bool Statement::accept(const char *word)
 {
-    if (atEnd() || tokens[next].kind != Token::Word || tokens[next].text != word)
+    if (atEnd() || tokens[m_next].kind != Token::Word || tokens[m_next].text != word)
         return false;
-    ++next;
+    ++m_next;
     return true;
 }
 
 bool Statement::acceptText(QByteArray *text)
 {
-    if (atEnd() || tokens[next].kind != Token::Text)
+    if (atEnd() || tokens[m_next].kind != Token::Text)
         return false;
-    *text = tokens[next++].text;
+    *text = tokens[m_next++].text;
     return true;
 }
 
 bool Statement::acceptCharacter(QString *character)
 {
-    if (atEnd() || tokens[next].kind != Token::Character)
+    if (atEnd() || tokens[m_next].kind != Token::Character)
         return false;
-    const QByteArray bytes = tokens[next++].text;
+    const QByteArray bytes = tokens[m_next++].text;
     *character = QString::fromUtf8(bytes);
     if (character->toUtf8() != bytes)
         fail(QStringLiteral("the character in quotes is not in UTF-8"));
@@ -173,39 +173,39 @@ void Statement::finish() const
 {
     if (!atEnd())
         fail(QStringLiteral("%1 is too much behind %2")
-                 .arg(shown(tokens[next].text), shown(keyword())));
+                 .arg(shown(tokens[m_next].text), shown(keyword())));
 }
 
 SourceText::SourceText(const QByteArray &text)
-    : source(text.startsWith("\xEF\xBB\xBF") ? text.mid(3) : text)
+    : m_source(text.startsWith("\xEF\xBB\xBF") ? text.mid(3) : text)
 {
 }
 
-bool SourceText::isAtNewline() const { return at >= source.size() || source[at] == '\n'; }
+bool SourceText::isAtNewline() const { return m_at >= m_source.size() || m_source[m_at] == '\n'; }
 
 void SourceText::skipComment()
 {
     while (!isAtNewline())
-        ++at;
+        ++m_at;
 }
 
 /** Passes over blanks, comments and continued lines; false at the end of the statement. */
 bool SourceText::skipBlanks()
 {
     while (!isAtNewline()) {
-        if (isBlank(source[at])) {
-            ++at;
-        } else if (source[at] == '#') {
+        if (isBlank(m_source[m_at])) {
+            ++m_at;
+        } else if (m_source[m_at] == '#') {
             skipComment();
-        } else if (source[at] == '\\') {
-            ++at;
-            while (!isAtNewline() && isBlank(source[at]))
-                ++at;
+        } else if (m_source[m_at] == '\\') {
+            ++m_at;
+            while (!isAtNewline() && isBlank(m_source[m_at]))
+                ++m_at;
             if (!isAtNewline())
-                throw SourceError{line, QStringLiteral("\\ stands at the end of a line only")};
-            if (at < source.size()) {
-                ++at;
-                ++line;
+                throw SourceError{m_line, QStringLiteral("\\ stands at the end of a line only")};
+            if (m_at < m_source.size()) {
+                ++m_at;
+                ++m_line;
             }
         } else {
             return true;
@@ -217,15 +217,15 @@ bool SourceText::skipBlanks()
 bool SourceText::next(Statement *statement)
 {
     *statement = Statement();
-    while (at < source.size()) {
+    while (m_at < m_source.size()) {
         while (skipBlanks()) {
             if (statement->tokens.empty())
-                statement->line = line;
+                statement->line = m_line;
             statement->tokens.push_back(token());
         }
-        if (at < source.size()) {
-            ++at; // the line feed
-            ++line;
+        if (m_at < m_source.size()) {
+            ++m_at; // the line feed
+            ++m_line;
         }
         if (!statement->tokens.empty())
             return true;
@@ -235,38 +235,38 @@ bool SourceText::next(Statement *statement)
 
 Token SourceText::token()
 {
-    if (source[at] == '"')
+    if (m_source[m_at] == '"')
         return quotedText();
-    if (source[at] == '\'')
+    if (m_source[m_at] == '\'')
         return quotedCharacter();
-    const int start = at;
-    while (!isAtNewline() && !isBlank(source[at]) && source[at] != '#' && source[at] != '"' &&
-           source[at] != '\\')
-        ++at;
-    const QByteArray word = source.mid(start, at - start);
+    const int start = m_at;
+    while (!isAtNewline() && !isBlank(m_source[m_at]) && m_source[m_at] != '#' &&
+           m_source[m_at] != '"' && m_source[m_at] != '\\')
+        ++m_at;
+    const QByteArray word = m_source.mid(start, m_at - start);
     if (std::any_of(word.begin(), word.end(), isControl))
-        throw SourceError{line, QStringLiteral("a control character stands outside of quotes")};
+        throw SourceError{m_line, QStringLiteral("a control character stands outside of quotes")};
     return {Token::Word, word};
 }
 
 Token SourceText::quotedText()
 {
     Token token{Token::Text, {}};
-    for (++at; !isAtNewline(); ++at) {
-        if (source[at] == '"') {
-            ++at;
+    for (++m_at; !isAtNewline(); ++m_at) {
+        if (m_source[m_at] == '"') {
+            ++m_at;
             return token;
         }
-        token.text += source[at] == '\\' ? escape() : source[at];
+        token.text += m_source[m_at] == '\\' ? escape() : m_source[m_at];
     }
-    throw SourceError{line, QStringLiteral("a text in double quotes has no end")};
+    throw SourceError{m_line, QStringLiteral("a text in double quotes has no end")};
 }
 
 /** The byte of an escape; leaves the place at its last character. */
 char SourceText::escape()
 {
-    ++at;
-    const char kind = isAtNewline() ? '\n' : source[at];
+    ++m_at;
+    const char kind = isAtNewline() ? '\n' : m_source[m_at];
     switch (kind) {
     case '"':
     case '\\':
@@ -280,23 +280,23 @@ char SourceText::escape()
     default:
         break;
     }
-    const QByteArray pair = source.mid(at + 1, 2);
+    const QByteArray pair = m_source.mid(m_at + 1, 2);
     if (kind != 'x' || !isHexPair(pair))
-        throw SourceError{line, QStringLiteral("behind \\ comes one of \" \\ n r t or x and two "
-                                               "hexadecimal digits")};
-    at += 2;
+        throw SourceError{m_line, QStringLiteral("behind \\ comes one of \" \\ n r t or x and two "
+                                                 "hexadecimal digits")};
+    m_at += 2;
     return QByteArray::fromHex(pair)[0];
 }
 
 Token SourceText::quotedCharacter()
 {
-    const int start = at + 1;
-    const int lineEnd = source.indexOf('\n', start);
-    const int end = source.indexOf('\'', start + 1); // ''' is the quote itself
+    const int start = m_at + 1;
+    const int lineEnd = m_source.indexOf('\n', start);
+    const int end = m_source.indexOf('\'', start + 1); // ''' is the quote itself
     if (end < 0 || (lineEnd >= 0 && end > lineEnd))
-        throw SourceError{line, QStringLiteral("a character in single quotes has no end")};
-    at = end + 1;
-    return {Token::Character, source.mid(start, end - start)};
+        throw SourceError{m_line, QStringLiteral("a character in single quotes has no end")};
+    m_at = end + 1;
+    return {Token::Character, m_source.mid(start, end - start)};
 }
 
 } // namespace fontkit

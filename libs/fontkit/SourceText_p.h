@@ -36,7 +36,7 @@ public:
 
     QByteArray keyword() const { return tokens.front().text; }
 
-    bool atEnd() const { return next >= tokens.size(); }
+    bool atEnd() const { return m_next >= tokens.size(); }
     bool isNumberNext() const; ///< the next operand begins as a number does
 
     int number();                    ///< decimal or, behind 0x, hexadecimal
@@ -58,7 +58,7 @@ private:
     const Token &take(const char *what);
     int toNumber(const QByteArray &word) const;
 
-    size_t next = 1;
+    size_t m_next = 1;
 };
 
 /** Cuts a source text into statements. */
@@ -79,9 +79,9 @@ private:
     char escape();
     bool isAtNewline() const;
 
-    const QByteArray source;
-    int at = 0;
-    int line = 1;
+    const QByteArray m_source;
+    int m_at = 0;
+    int m_line = 1;
 };
 
 /** A token as a message shows it, in quotes and not too long. */

@@ -285,13 +285,13 @@ Commands::Commands(MainWindow &window, QWidget &view) : QObject(&window)
             window.text().finishTyping();
             run(window);
         });
-        actions.insert(command.id, action);
+        m_actions.insert(command.id, action);
     }
 }
 
 QAction *Commands::action(const char *id) const
 {
-    QAction *found = actions.value(id);
+    QAction *found = m_actions.value(id);
     Q_ASSERT(found != nullptr);
     return found;
 }
@@ -299,13 +299,13 @@ QAction *Commands::action(const char *id) const
 void Commands::retranslate()
 {
     for (const Command &command : commandTable())
-        label(*actions.value(command.id), command);
+        label(*m_actions.value(command.id), command);
 }
 
 void Commands::enableFor(const EditorState &state)
 {
     for (const Command &command : commandTable())
-        actions.value(command.id)->setEnabled(isMet(command.needs, state));
+        m_actions.value(command.id)->setEnabled(isMet(command.needs, state));
 }
 
 } // namespace studio

@@ -83,7 +83,7 @@ public:
     void enableFor(const EditorState &state);
 
 private:
-    QHash<QByteArray, QAction *> actions; ///< by id
+    QHash<QByteArray, QAction *> m_actions; ///< by id
 };
 
 } // namespace studio

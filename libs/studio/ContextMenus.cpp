@@ -35,10 +35,11 @@ bool isWithinFrame(const ZTGraphicsDocument &document, const QPoint &pos)
 
 ContextMenus::ContextMenus(ZTGraphicsDocument &shown, QTreeView &shapeList,
                            DocumentActions &editing, const Commands &commandSet, QObject *parent)
-    : QObject(parent), document(shown), list(shapeList), actions(editing), commands(commandSet)
+    : QObject(parent), m_document(shown), m_list(shapeList), m_actions(editing),
+      m_commands(commandSet)
 {
-    document.view()->viewport()->installEventFilter(this);
-    list.viewport()->installEventFilter(this);
+    m_document.view()->viewport()->installEventFilter(this);
+    m_list.viewport()->installEventFilter(this);
 }
 
 bool ContextMenus::eventFilter(QObject *watched, QEvent *event)
@@ -46,7 +47,7 @@ bool ContextMenus::eventFilter(QObject *watched, QEvent *event)
     if (event->type() != QEvent::ContextMenu)
         return QObject::eventFilter(watched, event);
     const auto &asked = *static_cast<QContextMenuEvent *>(event);
-    if (watched == list.viewport())
+    if (watched == m_list.viewport())
         openOnList(asked);
     else
         openOnDrawing(asked);
@@ -57,16 +58,16 @@ bool ContextMenus::eventFilter(QObject *watched, QEvent *event)
 void ContextMenus::openOnDrawing(const QContextMenuEvent &event)
 {
     // The menu takes the release of the press that opened it: the frame would wait for it.
-    actions.finishDrag();
+    m_actions.finishDrag();
     const bool isByMouse = event.reason() == QContextMenuEvent::Mouse;
     if (isByMouse) {
-        ShapeItem *item = shapeAt(*document.view(), event.pos());
+        ShapeItem *item = shapeAt(*m_document.view(), event.pos());
         if (item != nullptr && !item->isSelected())
-            selectOnly(*document.scene(), {item});
-        else if (item == nullptr && !isWithinFrame(document, event.pos()))
-            actions.clearSelection();
+            selectOnly(*m_document.scene(), {item});
+        else if (item == nullptr && !isWithinFrame(m_document, event.pos()))
+            m_actions.clearSelection();
     }
-    const QWidget *viewport = document.view()->viewport();
+    const QWidget *viewport = m_document.view()->viewport();
     show(isByMouse ? event.globalPos() : viewport->mapToGlobal(viewport->rect().center()));
 }
 
@@ -75,11 +76,11 @@ void ContextMenus::openOnList(const QContextMenuEvent &event) { show(event.globa
 
 void ContextMenus::show(const QPoint &screenPos)
 {
-    delete menu;
-    const bool isForShapes = !document.scene()->selectedItems().isEmpty();
-    menu = newContextMenu(commands, isForShapes, document.view());
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->popup(screenPos);
+    delete m_menu;
+    const bool isForShapes = !m_document.scene()->selectedItems().isEmpty();
+    m_menu = newContextMenu(m_commands, isForShapes, m_document.view());
+    m_menu->setAttribute(Qt::WA_DeleteOnClose);
+    m_menu->popup(screenPos);
 }
 
 } // namespace studio

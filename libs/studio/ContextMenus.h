@@ -40,11 +40,11 @@ private:
     void openOnList(const QContextMenuEvent &event);
     void show(const QPoint &screenPos);
 
-    ZTGraphicsDocument &document;
-    QTreeView &list;
-    DocumentActions &actions;
-    const Commands &commands;
-    QPointer<QMenu> menu; ///< the one that is open
+    ZTGraphicsDocument &m_document;
+    QTreeView &m_list;
+    DocumentActions &m_actions;
+    const Commands &m_commands;
+    QPointer<QMenu> m_menu; ///< the one that is open
 };
 
 } // namespace studio

@@ -39,26 +39,26 @@ ShapeItems copiesOf(const ShapeItems &sources, ZTShapeManager &manager, const QP
 } // namespace
 
 DocumentActions::DocumentActions(ZTGraphicsDocument &edited, QObject *parent)
-    : QObject(parent), document(edited)
+    : QObject(parent), m_document(edited)
 {
-    connect(document.itemMag(), &ZTShapeManager::sigAddedShape, this,
+    connect(m_document.itemMag(), &ZTShapeManager::sigAddedShape, this,
             &DocumentActions::recordCreated);
-    connect(document.undoStack(), &QUndoStack::indexChanged, this,
+    connect(m_document.undoStack(), &QUndoStack::indexChanged, this,
             &DocumentActions::followSelection);
 }
 
 void DocumentActions::followSelection()
 {
-    ZTGraphicsResizeItem *frame = document.scene()->getGraphicsResizeItem();
+    ZTGraphicsResizeItem *frame = m_document.scene()->getGraphicsResizeItem();
     if (frame != nullptr && !frame->selectItem().isEmpty())
         frame->resizeFromChild();
 }
 
-ShapeItems DocumentActions::selected() const { return selectedShapeItems(*document.scene()); }
+ShapeItems DocumentActions::selected() const { return selectedShapeItems(*m_document.scene()); }
 
-void DocumentActions::push(QUndoCommand *command) { document.undoStack()->push(command); }
+void DocumentActions::push(QUndoCommand *command) { m_document.undoStack()->push(command); }
 
-void DocumentActions::create(ShapeType type) { document.slotCreateShape(type); }
+void DocumentActions::create(ShapeType type) { m_document.slotCreateShape(type); }
 
 void DocumentActions::recordCreated(ShapeItem *item)
 {
@@ -66,7 +66,7 @@ void DocumentActions::recordCreated(ShapeItem *item)
         return;
     if (auto *text = qobject_cast<ZTGraphicsTextItem *>(item))
         setUpNewText(*text);
-    push(new AddItemsCommand(document.itemMag(), {item}, selected(),
+    push(new AddItemsCommand(m_document.itemMag(), {item}, selected(),
                              undoText(shapeKind(item->getShapeType()).creation)));
     Q_EMIT added(sceneBox(*item));
 }
@@ -75,10 +75,10 @@ void DocumentActions::duplicate()
 {
     const ShapeItems sources = selected();
     const double offsetPx = ZTCoord::getInstance()->mm2pix(kDuplicateOffsetMm);
-    const ShapeItems copies = copiesOf(sources, *document.itemMag(), {offsetPx, offsetPx});
+    const ShapeItems copies = copiesOf(sources, *m_document.itemMag(), {offsetPx, offsetPx});
     if (copies.isEmpty())
         return;
-    push(new AddItemsCommand(document.itemMag(), copies, sources,
+    push(new AddItemsCommand(m_document.itemMag(), copies, sources,
                              undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Duplicate"))));
 }
 
@@ -87,28 +87,28 @@ void DocumentActions::removeSelected()
     const ShapeItems doomed = selected();
     if (doomed.isEmpty())
         return;
-    push(new DeleteItemsCommand(document.itemMag(), doomed,
+    push(new DeleteItemsCommand(m_document.itemMag(), doomed,
                                 undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Delete"))));
 }
 
-void DocumentActions::clear() { document.clear(); }
+void DocumentActions::clear() { m_document.clear(); }
 
 void DocumentActions::selectAll()
 {
-    selectOnly(*document.scene(), shapeItemsOf(*document.scene()));
+    selectOnly(*m_document.scene(), shapeItemsOf(*m_document.scene()));
 }
 
 void DocumentActions::invertSelection()
 {
     ShapeItems others;
-    for (ShapeItem *item : shapeItemsOf(*document.scene())) {
+    for (ShapeItem *item : shapeItemsOf(*m_document.scene())) {
         if (!item->isSelected())
             others.append(item);
     }
-    selectOnly(*document.scene(), others);
+    selectOnly(*m_document.scene(), others);
 }
 
-void DocumentActions::clearSelection() { document.scene()->clearSelection(); }
+void DocumentActions::clearSelection() { m_document.scene()->clearSelection(); }
 
 void DocumentActions::nudge(const QPointF &byMm)
 {
@@ -117,7 +117,7 @@ void DocumentActions::nudge(const QPointF &byMm)
     for (ShapeItem *item : selected())
         moves.append({item, item->pos() + byPx});
     if (!moves.isEmpty())
-        push(new MoveItemsCommand(document.scene(), moves,
+        push(new MoveItemsCommand(m_document.scene(), moves,
                                   undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Move"))));
 }
 
@@ -128,21 +128,21 @@ void DocumentActions::align(Qt::Alignment alignment)
         return;
     const QVector<ItemMove> moves = alignedMoves(items, alignment);
     if (!moves.isEmpty())
-        push(new MoveItemsCommand(document.scene(), moves,
+        push(new MoveItemsCommand(m_document.scene(), moves,
                                   undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Align"))));
 }
 
 void DocumentActions::mirror(MirrorCommand::Kind kind)
 {
     if (!selected().isEmpty())
-        push(new MirrorCommand(document.scene(), kind,
+        push(new MirrorCommand(m_document.scene(), kind,
                                undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Mirror"))));
 }
 
 void DocumentActions::rotate(double angleDeg)
 {
     if (!selected().isEmpty() && angleDeg != 0.0)
-        push(new RotateCommand(document.scene(), angleDeg,
+        push(new RotateCommand(m_document.scene(), angleDeg,
                                undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Rotate"))));
 }
 
@@ -152,13 +152,13 @@ int DocumentActions::repeat(int rows, int columns, const QSizeF &gapMm)
     if (sources.size() != 1 || qint64(rows) * columns > kMaxMatrix)
         return 0;
     const ZTCoord &coord = *ZTCoord::getInstance();
-    const auto copies = document.itemMag()->addMatrix(rows, columns, coord.mm2pix(gapMm.width()),
-                                                      coord.mm2pix(gapMm.height()));
+    const auto copies = m_document.itemMag()->addMatrix(rows, columns, coord.mm2pix(gapMm.width()),
+                                                        coord.mm2pix(gapMm.height()));
     if (copies.isEmpty())
         return 0;
     for (ShapeItem *copy : copies)
         hostkit::copyItemExtras(*sources.first(), *copy);
-    push(new AddItemsCommand(document.itemMag(), {copies.begin(), copies.end()}, sources,
+    push(new AddItemsCommand(m_document.itemMag(), {copies.begin(), copies.end()}, sources,
                              undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Matrix of %1 by %2"),
                                       {QString::number(rows), QString::number(columns)})));
     return copies.size();
@@ -189,18 +189,18 @@ void DocumentActions::lockAspect(bool isLocked)
 void DocumentActions::undo()
 {
     finishDrag();
-    document.undoStack()->undo();
+    m_document.undoStack()->undo();
 }
 
 void DocumentActions::redo()
 {
     finishDrag();
-    document.undoStack()->redo();
+    m_document.undoStack()->redo();
 }
 
 void DocumentActions::finishDrag()
 {
-    if (QGraphicsItem *grabber = document.scene()->mouseGrabberItem())
+    if (QGraphicsItem *grabber = m_document.scene()->mouseGrabberItem())
         grabber->ungrabMouse();
 }
 

@@ -65,7 +65,7 @@ private:
     ShapeItems selected() const;
     void push(QUndoCommand *command);
 
-    ZTGraphicsDocument &document;
+    ZTGraphicsDocument &m_document;
 };
 
 } // namespace studio

@@ -22,10 +22,10 @@ QStringList localFiles(const QMimeData *data)
 
 } // namespace
 
-DropImporter::DropImporter(QGraphicsView &target, QObject *parent) : QObject(parent), view(target)
+DropImporter::DropImporter(QGraphicsView &target, QObject *parent) : QObject(parent), m_view(target)
 {
-    view.viewport()->setAcceptDrops(true);
-    view.viewport()->installEventFilter(this);
+    m_view.viewport()->setAcceptDrops(true);
+    m_view.viewport()->installEventFilter(this);
 }
 
 bool DropImporter::eventFilter(QObject *watched, QEvent *event)
@@ -57,7 +57,7 @@ bool DropImporter::take(QDropEvent *event)
         return false;
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    Q_EMIT filesDropped(paths, view.mapToScene(event->pos()));
+    Q_EMIT filesDropped(paths, m_view.mapToScene(event->pos()));
     return true;
 }
 

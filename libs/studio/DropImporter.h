@@ -31,7 +31,7 @@ private:
     bool offer(QDropEvent *event);
     bool take(QDropEvent *event);
 
-    QGraphicsView &view;
+    QGraphicsView &m_view;
 };
 
 } // namespace studio

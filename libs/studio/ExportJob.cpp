@@ -34,86 +34,86 @@ bool replaceFile(const QString &from, const QString &to)
 
 ExportJob::ExportJob(const ZTGraphicsDocument &document, bool selectionOnly, const QString &path,
                      QObject *parent)
-    : QObject(parent), builder(std::make_unique<hostkit::MarkGraphBuilder>(
+    : QObject(parent), m_builder(std::make_unique<hostkit::MarkGraphBuilder>(
                            document, selectionOnly ? hostkit::selectedMarkedItems(document)
                                                    : hostkit::markedItems(document))),
-      target(path), partPath(nameBeside(path)), objectCount(builder->total())
+      m_target(path), m_partPath(nameBeside(path)), m_objectCount(m_builder->total())
 {
-    nextStep.setInterval(0);
-    connect(&nextStep, &QTimer::timeout, this, &ExportJob::gather);
+    m_nextStep.setInterval(0);
+    connect(&m_nextStep, &QTimer::timeout, this, &ExportJob::gather);
 }
 
 ExportJob::~ExportJob()
 {
-    if (!writer)
+    if (!m_writer)
         return;
-    writer->wait();
-    QFile::remove(partPath);
+    m_writer->wait();
+    QFile::remove(m_partPath);
 }
 
 void ExportJob::start(int budgetMs)
 {
-    budgetOfStepMs = budgetMs;
+    m_budgetOfStepMs = budgetMs;
     gather();
-    if (builder)
-        nextStep.start();
+    if (m_builder)
+        m_nextStep.start();
 }
 
 void ExportJob::cancel()
 {
-    isCancelled = true;
-    nextStep.stop();
-    if (!writer)
+    m_isCancelled = true;
+    m_nextStep.stop();
+    if (!m_writer)
         deleteLater();
 }
 
 void ExportJob::gather()
 {
-    if (isCancelled || !builder)
+    if (m_isCancelled || !m_builder)
         return;
-    const bool isMore = builder->work(budgetOfStepMs);
-    budgetOfStepMs = kStepMs;
-    Q_EMIT progress(builder->done(), builder->total());
-    if (!isMore && !isCancelled)
+    const bool isMore = m_builder->work(m_budgetOfStepMs);
+    m_budgetOfStepMs = kStepMs;
+    Q_EMIT progress(m_builder->done(), m_builder->total());
+    if (!isMore && !m_isCancelled)
         write();
 }
 
 void ExportJob::write()
 {
-    nextStep.stop();
-    marks = builder->take();
-    builder.reset();
-    if (!marks.isWhole())
-        error = tr("a shape was deleted meanwhile");
-    writer.reset(QThread::create([this] { writeFile(); }));
-    connect(writer.get(), &QThread::finished, this, &ExportJob::finish);
-    writer->start();
+    m_nextStep.stop();
+    m_marks = m_builder->take();
+    m_builder.reset();
+    if (!m_marks.isWhole())
+        m_error = tr("a shape was deleted meanwhile");
+    m_writer.reset(QThread::create([this] { writeFile(); }));
+    connect(m_writer.get(), &QThread::finished, this, &ExportJob::finish);
+    m_writer->start();
     Q_EMIT writing();
 }
 
 /** In the writing thread, which no exception may leave. */
 void ExportJob::writeFile() noexcept
 {
-    if (!error.isEmpty())
+    if (!m_error.isEmpty())
         return;
     try {
-        hostkit::saveMarkGraph(marks.graph, marks.units, partPath, &error);
+        hostkit::saveMarkGraph(m_marks.graph, m_marks.units, m_partPath, &m_error);
     } catch (const std::bad_alloc &) {
-        error = tr("there is not enough memory");
+        m_error = tr("there is not enough memory");
     } catch (...) {
-        error = tr("it could not be made");
+        m_error = tr("it could not be made");
     }
 }
 
 void ExportJob::finish()
 {
-    if (isCancelled) {
+    if (m_isCancelled) {
         deleteLater();
         return;
     }
-    if (error.isEmpty() && !replaceFile(partPath, target))
-        error = tr("the file cannot be replaced");
-    Q_EMIT finished(error);
+    if (m_error.isEmpty() && !replaceFile(m_partPath, m_target))
+        m_error = tr("the file cannot be replaced");
+    Q_EMIT finished(m_error);
 }
 
 } // namespace studio

@@ -38,9 +38,9 @@ public:
      */
     void cancel();
 
-    QString path() const { return target; }
-    int objects() const { return objectCount; }
-    bool isWriting() const { return writer != nullptr; }
+    QString path() const { return m_target; }
+    int objects() const { return m_objectCount; }
+    bool isWriting() const { return m_writer != nullptr; }
 
 Q_SIGNALS:
     /** Shapes gathered so far, of how many. */
@@ -58,16 +58,16 @@ private:
     void writeFile() noexcept;
     void finish();
 
-    std::unique_ptr<hostkit::MarkGraphBuilder> builder;
-    QString target;
-    QString partPath; ///< where the thread writes until all is there
-    QTimer nextStep;
-    int budgetOfStepMs = 0;
-    int objectCount = 0;
-    bool isCancelled = false;
-    std::unique_ptr<QThread> writer;
-    hostkit::DrawingMarks marks; ///< the thread's while it runs
-    QString error;               ///< the thread's while it runs
+    std::unique_ptr<hostkit::MarkGraphBuilder> m_builder;
+    QString m_target;
+    QString m_partPath; ///< where the thread writes until all is there
+    QTimer m_nextStep;
+    int m_budgetOfStepMs = 0;
+    int m_objectCount = 0;
+    bool m_isCancelled = false;
+    std::unique_ptr<QThread> m_writer;
+    hostkit::DrawingMarks m_marks; ///< the thread's while it runs
+    QString m_error;               ///< the thread's while it runs
 };
 
 } // namespace studio

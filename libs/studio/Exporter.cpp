@@ -39,7 +39,7 @@ QString extensionOf(const QString &filter)
 } // namespace
 
 Exporter::Exporter(ZTGraphicsDocument &exported_, Messages &told, QWidget &parentWindow)
-    : QObject(&parentWindow), document(exported_), messages(told), window(parentWindow)
+    : QObject(&parentWindow), m_document(exported_), m_messages(told), m_window(parentWindow)
 {
 }
 
@@ -50,8 +50,9 @@ void Exporter::choose(bool selectionOnly)
     for (const QString &extension : hostkit::markGraphExtensions())
         filters << formFilter(extension);
 
-    auto *dialog = new QFileDialog(&window, selectionOnly ? tr("Export mark paths of the selection")
-                                                          : tr("Export mark paths"));
+    auto *dialog =
+        new QFileDialog(&m_window, selectionOnly ? tr("Export mark paths of the selection")
+                                                 : tr("Export mark paths"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setNameFilters(filters);
@@ -76,18 +77,18 @@ void Exporter::choose(bool selectionOnly)
 
 void Exporter::exportTo(const QString &path, bool selectionOnly)
 {
-    if (job != nullptr)
+    if (m_job != nullptr)
         return;
     if (!hostkit::hasMarkGraphExtension(path)) {
-        messages.failure({tr("\"%1\" was not written.").arg(QFileInfo(path).fileName()),
-                          tr("The name has to end in one of %1.")
-                              .arg(hostkit::markGraphExtensions().join(QStringLiteral(", "))),
-                          {}});
+        m_messages.failure({tr("\"%1\" was not written.").arg(QFileInfo(path).fileName()),
+                            tr("The name has to end in one of %1.")
+                                .arg(hostkit::markGraphExtensions().join(QStringLiteral(", "))),
+                            {}});
         return;
     }
-    job = new ExportJob(document, selectionOnly, path, this);
-    connect(job, &ExportJob::finished, this, &Exporter::finish);
-    job->start(kQuietMs);
+    m_job = new ExportJob(m_document, selectionOnly, path, this);
+    connect(m_job, &ExportJob::finished, this, &Exporter::finish);
+    m_job->start(kQuietMs);
     showProgress();
 }
 
@@ -95,54 +96,54 @@ void Exporter::exportTo(const QString &path, bool selectionOnly)
 // Writing works on a copy; there the dialog comes only if it takes long.
 void Exporter::showProgress()
 {
-    progressDialog = new QProgressDialog(tr("Gathering mark paths..."), tr("Cancel"), 0,
-                                         qMax(1, job->objects()), &window);
-    progressDialog->setWindowModality(Qt::WindowModal);
-    progressDialog->setAutoClose(false);
-    progressDialog->setAutoReset(false);
-    const auto showWriting = [dialog = progressDialog, path = job->path()] {
+    m_progressDialog = new QProgressDialog(tr("Gathering mark paths..."), tr("Cancel"), 0,
+                                           qMax(1, m_job->objects()), &m_window);
+    m_progressDialog->setWindowModality(Qt::WindowModal);
+    m_progressDialog->setAutoClose(false);
+    m_progressDialog->setAutoReset(false);
+    const auto showWriting = [dialog = m_progressDialog, path = m_job->path()] {
         dialog->setLabelText(tr("Writing %1...").arg(QFileInfo(path).fileName()));
         dialog->setRange(0, 0);
     };
-    if (job->isWriting())
+    if (m_job->isWriting())
         showWriting();
-    connect(job, &ExportJob::writing, progressDialog, showWriting);
-    connect(job, &ExportJob::progress, progressDialog,
-            [dialog = progressDialog](int done, int) { dialog->setValue(done); });
-    connect(progressDialog, &QProgressDialog::canceled, this, &Exporter::giveUp);
-    if (!job->isWriting())
-        progressDialog->show();
+    connect(m_job, &ExportJob::writing, m_progressDialog, showWriting);
+    connect(m_job, &ExportJob::progress, m_progressDialog,
+            [dialog = m_progressDialog](int done, int) { dialog->setValue(done); });
+    connect(m_progressDialog, &QProgressDialog::canceled, this, &Exporter::giveUp);
+    if (!m_job->isWriting())
+        m_progressDialog->show();
 }
 
 void Exporter::giveUp()
 {
-    job->cancel();
-    job = nullptr;
+    m_job->cancel();
+    m_job = nullptr;
     end();
 }
 
 void Exporter::finish(const QString &error)
 {
-    const QString path = job->path();
-    const int objects = job->objects();
+    const QString path = m_job->path();
+    const int objects = m_job->objects();
     end();
     if (error.isEmpty()) {
         Q_EMIT exported(path, objects);
         return;
     }
-    messages.failure({tr("\"%1\" was not written.").arg(QFileInfo(path).fileName()),
-                      tr("Reason: %1. Choose another place and try again.").arg(error),
-                      {}});
+    m_messages.failure({tr("\"%1\" was not written.").arg(QFileInfo(path).fileName()),
+                        tr("Reason: %1. Choose another place and try again.").arg(error),
+                        {}});
 }
 
 void Exporter::end()
 {
-    progressDialog->deleteLater();
-    progressDialog->hide();
-    progressDialog = nullptr;
-    if (job != nullptr)
-        job->deleteLater();
-    job = nullptr;
+    m_progressDialog->deleteLater();
+    m_progressDialog->hide();
+    m_progressDialog = nullptr;
+    if (m_job != nullptr)
+        m_job->deleteLater();
+    m_job = nullptr;
     Q_EMIT ended();
 }
 

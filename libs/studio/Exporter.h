@@ -25,7 +25,7 @@ public:
     /** Exports to a file; one export at a time, a second call is ignored. */
     void exportTo(const QString &path, bool selectionOnly);
 
-    bool isBusy() const { return job != nullptr; }
+    bool isBusy() const { return m_job != nullptr; }
 
 Q_SIGNALS:
     void exported(const QString &path, int objects);
@@ -37,11 +37,11 @@ private:
     void finish(const QString &error);
     void end();
 
-    ZTGraphicsDocument &document;
-    Messages &messages;
-    QWidget &window;
-    ExportJob *job = nullptr; ///< child
-    QProgressDialog *progressDialog = nullptr;
+    ZTGraphicsDocument &m_document;
+    Messages &m_messages;
+    QWidget &m_window;
+    ExportJob *m_job = nullptr; ///< child
+    QProgressDialog *m_progressDialog = nullptr;
 };
 
 } // namespace studio

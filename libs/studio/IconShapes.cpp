@@ -63,13 +63,13 @@ class Words
 {
 public:
     explicit Words(const char *commands)
-        : words(QString::fromLatin1(commands).split(QLatin1Char(' '), Qt::SkipEmptyParts))
+        : m_words(QString::fromLatin1(commands).split(QLatin1Char(' '), Qt::SkipEmptyParts))
     {
     }
 
-    bool atEnd() const { return next >= words.size(); }
-    char command() { return words.at(next++).at(0).toLatin1(); }
-    double number() { return words.at(next++).toDouble(); }
+    bool atEnd() const { return m_next >= m_words.size(); }
+    char command() { return m_words.at(m_next++).at(0).toLatin1(); }
+    double number() { return m_words.at(m_next++).toDouble(); }
 
     QPointF point()
     {
@@ -85,8 +85,8 @@ public:
     }
 
 private:
-    QStringList words;
-    int next = 0;
+    QStringList m_words;
+    int m_next = 0;
 };
 
 } // namespace

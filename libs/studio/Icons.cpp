@@ -43,7 +43,7 @@ class ShapeIconEngine final : public PaintedIconEngine
 {
 public:
     explicit ShapeIconEngine(const IconShape &drawn)
-        : shape(drawn), lines(iconPath(drawn.lines)), areas(iconPath(drawn.areas))
+        : m_shape(drawn), m_lines(iconPath(drawn.lines)), m_areas(iconPath(drawn.areas))
     {
     }
 
@@ -56,18 +56,18 @@ public:
             mode == QIcon::Disabled ? ink : palette.color(group, QPalette::Highlight);
         painter->save();
         enterField(*painter, rect);
-        painter->fillPath(areas, accent);
-        painter->strokePath(lines,
+        painter->fillPath(m_areas, accent);
+        painter->strokePath(m_lines,
                             QPen(ink, kLineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         painter->restore();
     }
 
-    QIconEngine *clone() const override { return new ShapeIconEngine(shape); }
+    QIconEngine *clone() const override { return new ShapeIconEngine(m_shape); }
 
 private:
-    const IconShape &shape; ///< borrowed from the table of drawings
-    QPainterPath lines;
-    QPainterPath areas;
+    const IconShape &m_shape; ///< borrowed from the table of drawings
+    QPainterPath m_lines;
+    QPainterPath m_areas;
 };
 
 /** A beam that writes a mark on a plate. */

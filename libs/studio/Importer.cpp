@@ -57,7 +57,7 @@ void layOutInRow(const QVector<ShapeItems> &blocks, const QPointF &centrePx)
 } // namespace
 
 Importer::Importer(ZTGraphicsDocument &target, Messages &reader)
-    : document(target), messages(reader)
+    : m_document(target), m_messages(reader)
 {
 }
 
@@ -67,7 +67,7 @@ bool Importer::read(const QString &path, ReadDrawing *read)
     read->path = path;
     const bool isRead = vectorkit::readDrawingFile(path, {}, &read->drawing, &failure);
     if (!isRead)
-        messages.failure(refusal(fileNameOf(path), failure));
+        m_messages.failure(refusal(fileNameOf(path), failure));
     return isRead;
 }
 
@@ -77,7 +77,7 @@ bool Importer::read(const QByteArray &bytes, const QString &name, ReadDrawing *r
     read->path = name;
     const bool isRead = vectorkit::readDrawing(bytes, {}, &read->drawing, &failure);
     if (!isRead)
-        messages.failure(refusal(name, failure));
+        m_messages.failure(refusal(name, failure));
     return isRead;
 }
 
@@ -98,14 +98,15 @@ int Importer::bringIn(const QVector<ReadDrawing> &drawings, const hostkit::Impor
     QVector<ShapeItems> blocks;
     ShapeItems imported;
     for (const ReadDrawing &one : drawings) {
-        const hostkit::ImportResult result = hostkit::importDrawing(document, one.drawing, options);
+        const hostkit::ImportResult result =
+            hostkit::importDrawing(m_document, one.drawing, options);
         if (result.items.isEmpty())
             continue;
         blocks.append(result.items.toVector());
         imported += blocks.last();
         const QStringList losses = lossesOf(one.drawing);
         if (!losses.isEmpty())
-            messages.warning(loss(fileNameOf(one.path), losses));
+            m_messages.warning(loss(fileNameOf(one.path), losses));
     }
     if (imported.isEmpty())
         return 0;
@@ -115,8 +116,8 @@ int Importer::bringIn(const QVector<ReadDrawing> &drawings, const hostkit::Impor
                                       {fileNameOf(drawings.first().path)})
                            : undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Import %1 drawings"),
                                       {QString::number(blocks.size())});
-    document.undoStack()->push(new AddItemsCommand(document.itemMag(), imported,
-                                                   selectedShapeItems(*document.scene()), text));
+    m_document.undoStack()->push(new AddItemsCommand(
+        m_document.itemMag(), imported, selectedShapeItems(*m_document.scene()), text));
     return blocks.size();
 }
 

@@ -48,8 +48,8 @@ public:
                 std::optional<QPointF> centrePx = std::nullopt);
 
 private:
-    ZTGraphicsDocument &document;
-    Messages &messages;
+    ZTGraphicsDocument &m_document;
+    Messages &m_messages;
 };
 
 } // namespace studio

@@ -53,7 +53,7 @@ bool isSystemChinese()
 
 } // namespace
 
-Language::Language() : chosen(rememberedChoice())
+Language::Language() : m_chosen(rememberedChoice())
 {
     initializeCatalogues();
     apply();
@@ -63,7 +63,7 @@ Language::~Language() = default;
 
 void Language::choose(LanguageChoice choice)
 {
-    chosen = choice;
+    m_chosen = choice;
     if (choice == LanguageChoice::System)
         QSettings().remove(kLanguageKey);
     else
@@ -73,14 +73,14 @@ void Language::choose(LanguageChoice choice)
 
 void Language::apply()
 {
-    const bool wantsChinese = chosen == LanguageChoice::Chinese ||
-                              (chosen == LanguageChoice::System && isSystemChinese());
-    if (wantsChinese == isChinese)
+    const bool wantsChinese = m_chosen == LanguageChoice::Chinese ||
+                              (m_chosen == LanguageChoice::System && isSystemChinese());
+    if (wantsChinese == m_isChinese)
         return;
-    isChinese = wantsChinese;
+    m_isChinese = wantsChinese;
     // A catalogue that goes uninstalls itself.
-    catalogues.clear();
-    if (!isChinese)
+    m_catalogues.clear();
+    if (!m_isChinese)
         return;
     load(QStringLiteral("qtbase_zh_CN"), QLibraryInfo::location(QLibraryInfo::TranslationsPath));
     load(QStringLiteral("ZTDrawEngineLib_zh"), QStringLiteral(":/"));
@@ -95,7 +95,7 @@ void Language::load(const QString &name, const QString &folder)
     if (!catalogue->load(name, folder))
         return;
     QCoreApplication::installTranslator(catalogue.get());
-    catalogues.push_back(std::move(catalogue));
+    m_catalogues.push_back(std::move(catalogue));
 }
 
 } // namespace studio

@@ -29,7 +29,7 @@ public:
     Language();
     ~Language();
 
-    LanguageChoice choice() const { return chosen; }
+    LanguageChoice choice() const { return m_chosen; }
 
     /** Switches at once, and remembers. */
     void choose(LanguageChoice choice);
@@ -38,9 +38,9 @@ private:
     void apply();
     void load(const QString &name, const QString &folder);
 
-    LanguageChoice chosen;
-    bool isChinese = false;
-    std::vector<std::unique_ptr<QTranslator>> catalogues;
+    LanguageChoice m_chosen;
+    bool m_isChinese = false;
+    std::vector<std::unique_ptr<QTranslator>> m_catalogues;
 };
 
 } // namespace studio

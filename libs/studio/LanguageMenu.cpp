@@ -8,8 +8,8 @@
 namespace studio {
 
 LanguageMenu::LanguageMenu(Language &changed, QWidget *parent)
-    : QMenu(parent), language(changed), group(new QActionGroup(this)),
-      systemAction(add(QString(), "language.system", LanguageChoice::System))
+    : QMenu(parent), m_language(changed), m_group(new QActionGroup(this)),
+      m_systemAction(add(QString(), "language.system", LanguageChoice::System))
 {
     setObjectName(QStringLiteral("languageMenu"));
     add(QStringLiteral("English"), "language.english", LanguageChoice::English);
@@ -22,9 +22,9 @@ QAction *LanguageMenu::add(const QString &text, const char *name, LanguageChoice
     QAction *action = addAction(text);
     action->setObjectName(QLatin1String(name));
     action->setCheckable(true);
-    action->setChecked(choice == language.choice());
-    group->addAction(action);
-    connect(action, &QAction::triggered, this, [this, choice] { language.choose(choice); });
+    action->setChecked(choice == m_language.choice());
+    m_group->addAction(action);
+    connect(action, &QAction::triggered, this, [this, choice] { m_language.choose(choice); });
     return action;
 }
 
@@ -38,7 +38,7 @@ void LanguageMenu::changeEvent(QEvent *event)
 void LanguageMenu::retranslate()
 {
     setTitle(tr("&Language"));
-    systemAction->setText(tr("&System language"));
+    m_systemAction->setText(tr("&System language"));
 }
 
 } // namespace studio

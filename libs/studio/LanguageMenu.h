@@ -27,9 +27,9 @@ private:
     QAction *add(const QString &text, const char *name, LanguageChoice choice);
     void retranslate();
 
-    Language &language;
-    QActionGroup *group;
-    QAction *systemAction;
+    Language &m_language;
+    QActionGroup *m_group;
+    QAction *m_systemAction;
 };
 
 } // namespace studio

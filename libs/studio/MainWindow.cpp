@@ -80,8 +80,8 @@ FileKinds kindsOf(const QStringList &paths)
 } // namespace
 
 MainWindow::MainWindow(std::unique_ptr<Messages> told)
-    : messages(told ? std::move(told) : std::make_unique<DialogMessages>(this)),
-      language(std::make_unique<Language>())
+    : m_messages(told ? std::move(told) : std::make_unique<DialogMessages>(this)),
+      m_language(std::make_unique<Language>())
 {
     setWindowIcon(programIcon());
     buildDocument();
@@ -97,123 +97,124 @@ MainWindow::MainWindow(std::unique_ptr<Messages> told)
 MainWindow::~MainWindow()
 {
     // What watches the document goes first: a document that goes still tells of changes.
-    delete crashGuard;
-    delete drawingFiles;
-    delete matrixDialog;
-    delete textTools;
-    delete fileExporter;
-    delete status;
-    delete contextMenus;
-    delete commandSet;
-    delete viewNavigation;
-    delete properties;
-    delete actions;
-    drawing->undoStack()->disconnect(this);
-    drawing->scene()->disconnect(this);
-    drawing->itemMag()->itemModel()->disconnect(this);
-    delete tree;
-    delete drawing;
+    delete m_crashGuard;
+    delete m_drawingFiles;
+    delete m_matrixDialog;
+    delete m_textTools;
+    delete m_fileExporter;
+    delete m_status;
+    delete m_contextMenus;
+    delete m_commandSet;
+    delete m_viewNavigation;
+    delete m_properties;
+    delete m_actions;
+    m_drawing->undoStack()->disconnect(this);
+    m_drawing->scene()->disconnect(this);
+    m_drawing->itemMag()->itemModel()->disconnect(this);
+    delete m_tree;
+    delete m_drawing;
 }
 
 void MainWindow::buildDocument()
 {
-    drawing = new ZTGraphicsDocument(this);
-    setCentralWidget(drawing);
+    m_drawing = new ZTGraphicsDocument(this);
+    setCentralWidget(m_drawing);
     // Paper is white in every theme: shapes are drawn in the colours of their pens.
-    drawing->view()->setBackgroundBrush(Qt::white);
-    drawing->view()->setFocus();
+    m_drawing->view()->setBackgroundBrush(Qt::white);
+    m_drawing->view()->setFocus();
 
-    actions = new DocumentActions(*drawing, this);
-    viewNavigation = new ViewNavigation(*drawing->view(), this);
-    importer = std::make_unique<Importer>(*drawing, *messages);
-    drawingFiles = new DrawingFiles(*drawing, *messages, *this);
-    textTools = new TextTools(*drawing, *messages, *this);
-    fileExporter = new Exporter(*drawing, *messages, *this);
-    auto *drops = new DropImporter(*drawing->view(), this);
+    m_actions = new DocumentActions(*m_drawing, this);
+    m_viewNavigation = new ViewNavigation(*m_drawing->view(), this);
+    m_importer = std::make_unique<Importer>(*m_drawing, *m_messages);
+    m_drawingFiles = new DrawingFiles(*m_drawing, *m_messages, *this);
+    m_textTools = new TextTools(*m_drawing, *m_messages, *this);
+    m_fileExporter = new Exporter(*m_drawing, *m_messages, *this);
+    auto *drops = new DropImporter(*m_drawing->view(), this);
     connect(drops, &DropImporter::filesDropped, this, &MainWindow::takeDropped);
-    status = new StatusBar(*drawing, this);
-    setStatusBar(status);
-    connect(viewNavigation, &ViewNavigation::zoomChanged, status, &StatusBar::showZoom);
-    connect(actions, &DocumentActions::added, viewNavigation, &ViewNavigation::reveal);
-    connect(textTools, &TextTools::told, status,
-            [this](const QString &text) { status->showMessage(text, kStatusMs); });
-    connect(fileExporter, &Exporter::exported, this, [this](const QString &path, int objects) {
-        status->showMessage(tr("Mark paths of %1 shapes written to %2")
-                                .arg(objects)
-                                .arg(QDir::toNativeSeparators(path)),
-                            kStatusMs);
+    m_status = new StatusBar(*m_drawing, this);
+    setStatusBar(m_status);
+    connect(m_viewNavigation, &ViewNavigation::zoomChanged, m_status, &StatusBar::showZoom);
+    connect(m_actions, &DocumentActions::added, m_viewNavigation, &ViewNavigation::reveal);
+    connect(m_textTools, &TextTools::told, m_status,
+            [this](const QString &text) { m_status->showMessage(text, kStatusMs); });
+    connect(m_fileExporter, &Exporter::exported, this, [this](const QString &path, int objects) {
+        m_status->showMessage(tr("Mark paths of %1 shapes written to %2")
+                                  .arg(objects)
+                                  .arg(QDir::toNativeSeparators(path)),
+                              kStatusMs);
     });
 }
 
 void MainWindow::buildTree()
 {
-    tree = new ZTObjectTreeWidget(this);
-    tree->setObjectName(QStringLiteral("objectTree"));
-    tree->setRootIsDecorated(false);
-    tree->setUniformRowHeights(true);
-    tree->setAlternatingRowColors(true);
-    drawing->setObjectTree(tree);
-    connect(drawing->scene(), &QGraphicsScene::selectionChanged, this,
+    m_tree = new ZTObjectTreeWidget(this);
+    m_tree->setObjectName(QStringLiteral("objectTree"));
+    m_tree->setRootIsDecorated(false);
+    m_tree->setUniformRowHeights(true);
+    m_tree->setAlternatingRowColors(true);
+    m_drawing->setObjectTree(m_tree);
+    connect(m_drawing->scene(), &QGraphicsScene::selectionChanged, this,
             &MainWindow::showSelectionInTree);
-    treeDock = new QDockWidget(this);
-    treeDock->setObjectName(QStringLiteral("treeDock"));
-    treeDock->setWidget(tree);
-    addDockWidget(Qt::RightDockWidgetArea, treeDock);
+    m_treeDock = new QDockWidget(this);
+    m_treeDock->setObjectName(QStringLiteral("treeDock"));
+    m_treeDock->setWidget(m_tree);
+    addDockWidget(Qt::RightDockWidgetArea, m_treeDock);
     labelTree();
 }
 
 void MainWindow::buildProperties()
 {
-    properties = new PropertyDock(*drawing, *actions, this);
-    addDockWidget(Qt::RightDockWidgetArea, properties);
-    resizeDocks({treeDock}, {kDockWidth}, Qt::Horizontal);
-    resizeDocks({treeDock, properties}, {kTreeHeight, kPropertiesHeight}, Qt::Vertical);
+    m_properties = new PropertyDock(*m_drawing, *m_actions, this);
+    addDockWidget(Qt::RightDockWidgetArea, m_properties);
+    resizeDocks({m_treeDock}, {kDockWidth}, Qt::Horizontal);
+    resizeDocks({m_treeDock, m_properties}, {kTreeHeight, kPropertiesHeight}, Qt::Vertical);
 }
 
 // Not while the user works in the tree: it would jump away under the mouse.
 void MainWindow::showSelectionInTree()
 {
-    const QItemSelection rows = tree->selectionModel()->selection();
-    if (!rows.isEmpty() && !tree->hasFocus())
-        tree->scrollTo(rows.first().topLeft());
+    const QItemSelection rows = m_tree->selectionModel()->selection();
+    if (!rows.isEmpty() && !m_tree->hasFocus())
+        m_tree->scrollTo(rows.first().topLeft());
 }
 
 // The tree labels its columns when the language changes, and emptying the drawing takes the labels.
 void MainWindow::labelTree()
 {
     QEvent languageChange(QEvent::LanguageChange);
-    QCoreApplication::sendEvent(tree, &languageChange);
-    tree->header()->resizeSection(0, kIdWidth);
-    tree->header()->resizeSection(1, kTextWidth);
+    QCoreApplication::sendEvent(m_tree, &languageChange);
+    m_tree->header()->resizeSection(0, kIdWidth);
+    m_tree->header()->resizeSection(1, kTextWidth);
 }
 
 void MainWindow::buildCommands()
 {
-    commandSet = new Commands(*this, *drawing->view());
-    orderMenu = new OrderMenu(this);
+    m_commandSet = new Commands(*this, *m_drawing->view());
+    m_orderMenu = new OrderMenu(this);
     auto *recentMenu = new RecentMenu(this);
     connect(recentMenu, &RecentMenu::chosen, this,
             [this](const QString &path) { files().open(path); });
-    addMenus(*this, *commandSet, {recentMenu, orderMenu},
-             {treeDock->toggleViewAction(), properties->toggleViewAction(),
-              properties->denseRowsAction(), (new LanguageMenu(*language, this))->menuAction()});
-    addToolBars(*this, *commandSet);
-    contextMenus = new ContextMenus(*drawing, *tree, *actions, *commandSet, this);
+    addMenus(*this, *m_commandSet, {recentMenu, m_orderMenu},
+             {m_treeDock->toggleViewAction(), m_properties->toggleViewAction(),
+              m_properties->denseRowsAction(),
+              (new LanguageMenu(*m_language, this))->menuAction()});
+    addToolBars(*this, *m_commandSet);
+    m_contextMenus = new ContextMenus(*m_drawing, *m_tree, *m_actions, *m_commandSet, this);
 }
 
 void MainWindow::connectState()
 {
-    stateTimer.setSingleShot(true);
-    stateTimer.setInterval(0);
-    connect(&stateTimer, &QTimer::timeout, this, &MainWindow::refreshCommands);
-    const auto refreshSoon = [this] { stateTimer.start(); };
-    const QAbstractItemModel *rows = drawing->itemMag()->itemModel();
+    m_stateTimer.setSingleShot(true);
+    m_stateTimer.setInterval(0);
+    connect(&m_stateTimer, &QTimer::timeout, this, &MainWindow::refreshCommands);
+    const auto refreshSoon = [this] { m_stateTimer.start(); };
+    const QAbstractItemModel *rows = m_drawing->itemMag()->itemModel();
     connect(rows, &QAbstractItemModel::rowsInserted, this, refreshSoon);
     connect(rows, &QAbstractItemModel::rowsRemoved, this, refreshSoon);
     connect(rows, &QAbstractItemModel::modelReset, this, refreshSoon);
-    connect(drawing->scene(), &QGraphicsScene::selectionChanged, this,
+    connect(m_drawing->scene(), &QGraphicsScene::selectionChanged, this,
             &MainWindow::refreshCommands);
-    const QUndoStack *stack = drawing->undoStack();
+    const QUndoStack *stack = m_drawing->undoStack();
     connect(stack, &QUndoStack::indexChanged, this, &MainWindow::refreshCommands);
     connect(stack, &QUndoStack::undoTextChanged, this, &MainWindow::refreshUndoTexts);
     connect(stack, &QUndoStack::redoTextChanged, this, &MainWindow::refreshUndoTexts);
@@ -224,8 +225,8 @@ void MainWindow::connectState()
 
 void MainWindow::connectFrame()
 {
-    const ZTGraphicsResizeItem *frame = drawing->scene()->getGraphicsResizeItem();
-    connect(drawing->scene(), &QGraphicsScene::selectionChanged, this, &MainWindow::repaintFrame);
+    const ZTGraphicsResizeItem *frame = m_drawing->scene()->getGraphicsResizeItem();
+    connect(m_drawing->scene(), &QGraphicsScene::selectionChanged, this, &MainWindow::repaintFrame);
     connect(frame, &ZTGraphicsResizeItem::sigPosChanged, this, &MainWindow::repaintFrame);
     connect(frame, &ZTGraphicsResizeItem::sigSizeChanged, this, &MainWindow::repaintFrame);
 }
@@ -234,13 +235,13 @@ void MainWindow::connectFrame()
 // them last: after scrolling, the handles of what was selected before would stay on the screen.
 void MainWindow::repaintFrame()
 {
-    const QRect inner = drawing->view()->mapFromScene(paintedFramePx).boundingRect();
-    if (!paintedFramePx.isNull()) {
+    const QRect inner = m_drawing->view()->mapFromScene(m_paintedFramePx).boundingRect();
+    if (!m_paintedFramePx.isNull()) {
         const QRect outer = inner.adjusted(-kHandlePx, -kHandlePx, kHandlePx, kHandlePx);
-        drawing->view()->viewport()->update(QRegion(outer) - QRegion(inner));
+        m_drawing->view()->viewport()->update(QRegion(outer) - QRegion(inner));
     }
-    const ZTGraphicsResizeItem *frame = drawing->scene()->getGraphicsResizeItem();
-    paintedFramePx = frame->isVisible() ? frame->rect().translated(frame->pos()) : QRectF();
+    const ZTGraphicsResizeItem *frame = m_drawing->scene()->getGraphicsResizeItem();
+    m_paintedFramePx = frame->isVisible() ? frame->rect().translated(frame->pos()) : QRectF();
 }
 
 void MainWindow::connectFiles()
@@ -248,39 +249,39 @@ void MainWindow::connectFiles()
     DrawingSession *session = &files().session();
     connect(session, &DrawingSession::stateChanged, this, &MainWindow::refreshTitle);
     connect(session, &DrawingSession::stateChanged, this, &MainWindow::refreshCommands);
-    connect(orderMenu, &OrderMenu::changed, session, &DrawingSession::markChanged);
-    connect(textTools, &TextTools::partChanged, session, &DrawingSession::markChanged);
-    connect(drawingFiles, &DrawingFiles::settling, textTools, &TextTools::finishTyping);
-    connect(drawingFiles, &DrawingFiles::emptied, this, [this] {
+    connect(m_orderMenu, &OrderMenu::changed, session, &DrawingSession::markChanged);
+    connect(m_textTools, &TextTools::partChanged, session, &DrawingSession::markChanged);
+    connect(m_drawingFiles, &DrawingFiles::settling, m_textTools, &TextTools::finishTyping);
+    connect(m_drawingFiles, &DrawingFiles::emptied, this, [this] {
         labelTree();
-        orderMenu->restore();
+        m_orderMenu->restore();
         navigation().home();
     });
-    connect(drawingFiles, &DrawingFiles::loaded, this, &MainWindow::showReplacedDrawing);
-    connect(drawingFiles, &DrawingFiles::saved, this, [this](const QString &path) {
-        status->showMessage(tr("Saved to %1").arg(QDir::toNativeSeparators(path)), kStatusMs);
+    connect(m_drawingFiles, &DrawingFiles::loaded, this, &MainWindow::showReplacedDrawing);
+    connect(m_drawingFiles, &DrawingFiles::saved, this, [this](const QString &path) {
+        m_status->showMessage(tr("Saved to %1").arg(QDir::toNativeSeparators(path)), kStatusMs);
     });
 }
 
 void MainWindow::showReplacedDrawing()
 {
     labelTree();
-    orderMenu->follow();
+    m_orderMenu->follow();
     navigation().home();
     fitAll();
 }
 
 void MainWindow::guardAgainstCrashes(const CrashGuardSetup &setup)
 {
-    delete crashGuard;
-    crashGuard = new CrashGuard(*drawingFiles, *messages, *this, setup);
-    crashGuard->offerFound();
+    delete m_crashGuard;
+    m_crashGuard = new CrashGuard(*m_drawingFiles, *m_messages, *this, setup);
+    m_crashGuard->offerFound();
 }
 
 void MainWindow::showRecovery()
 {
-    if (crashGuard != nullptr)
-        crashGuard->showDialog();
+    if (m_crashGuard != nullptr)
+        m_crashGuard->showDialog();
 }
 
 void MainWindow::changeEvent(QEvent *event)
@@ -294,9 +295,9 @@ void MainWindow::changeEvent(QEvent *event)
 void MainWindow::retranslate()
 {
     refreshTitle();
-    treeDock->setWindowTitle(tr("Shapes"));
+    m_treeDock->setWindowTitle(tr("Shapes"));
     retranslateTitles(*this);
-    commandSet->retranslate();
+    m_commandSet->retranslate();
     refreshUndoTexts();
 }
 
@@ -314,22 +315,22 @@ void MainWindow::refreshTitle()
 void MainWindow::refreshCommands()
 {
     EditorState state;
-    state.shapes = drawing->itemMag()->itemModel()->rowCount();
-    state.selected = drawing->scene()->selectedItems().size();
-    state.isOneText = textTools->selectedText() != nullptr;
-    state.canUndo = drawing->undoStack()->canUndo();
-    state.canRedo = drawing->undoStack()->canRedo();
+    state.shapes = m_drawing->itemMag()->itemModel()->rowCount();
+    state.selected = m_drawing->scene()->selectedItems().size();
+    state.isOneText = m_textTools->selectedText() != nullptr;
+    state.canUndo = m_drawing->undoStack()->canUndo();
+    state.canRedo = m_drawing->undoStack()->canRedo();
     state.canRevert = !files().session().path().isEmpty() && files().session().isModified();
-    commandSet->enableFor(state);
+    m_commandSet->enableFor(state);
 }
 
 void MainWindow::refreshUndoTexts()
 {
-    const QString undoText = readableUndoText(drawing->undoStack()->undoText());
-    const QString redoText = readableUndoText(drawing->undoStack()->redoText());
-    commandSet->action("edit.undo")
+    const QString undoText = readableUndoText(m_drawing->undoStack()->undoText());
+    const QString redoText = readableUndoText(m_drawing->undoStack()->redoText());
+    m_commandSet->action("edit.undo")
         ->setText(undoText.isEmpty() ? tr("&Undo") : tr("&Undo: %1").arg(undoText));
-    commandSet->action("edit.redo")
+    m_commandSet->action("edit.redo")
         ->setText(redoText.isEmpty() ? tr("&Redo") : tr("&Redo: %1").arg(redoText));
 }
 
@@ -343,17 +344,17 @@ void MainWindow::readSettings()
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
-    textTools->finishTyping();
-    if (files().isBusy() || (files().session().isModified() && !isLetGo)) {
+    m_textTools->finishTyping();
+    if (files().isBusy() || (files().session().isModified() && !m_isLetGo)) {
         event->ignore();
         files().confirmLoss([this] {
-            isLetGo = true;
+            m_isLetGo = true;
             close();
         });
         return;
     }
-    if (crashGuard != nullptr)
-        crashGuard->letGo();
+    if (m_crashGuard != nullptr)
+        m_crashGuard->letGo();
     QSettings settings;
     settings.setValue(kGeometryKey, saveGeometry());
     settings.setValue(kStateKey, saveState());
@@ -363,7 +364,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
 bool MainWindow::openFiles(const QStringList &paths)
 {
     const FileKinds files = kindsOf(paths);
-    const bool isOpened = !files.drawings.isEmpty() && drawingFiles->load(files.drawings.first());
+    const bool isOpened = !files.drawings.isEmpty() && m_drawingFiles->load(files.drawings.first());
     const bool isImported = !files.others.isEmpty() && importFiles(files.others) > 0;
     return isOpened || isImported;
 }
@@ -371,7 +372,7 @@ bool MainWindow::openFiles(const QStringList &paths)
 void MainWindow::offerFile(const QString &path)
 {
     if (DrawingFiles::isDrawing(path))
-        drawingFiles->load(path);
+        m_drawingFiles->load(path);
     else
         offerImport({path}, std::nullopt);
 }
@@ -391,16 +392,16 @@ void MainWindow::takeDropped(const QStringList &paths, const QPointF &scenePx)
     const QString first = dropped.drawings.first();
     files().open(first, [this, import, first, left = dropped.drawings.mid(1)] {
         if (!left.isEmpty())
-            messages->warning(onlyOneOpened(first, left));
+            m_messages->warning(onlyOneOpened(first, left));
         import();
     });
 }
 
 int MainWindow::importFiles(const QStringList &paths)
 {
-    const int imported = importer->importFiles(paths);
+    const int imported = m_importer->importFiles(paths);
     if (imported > 0)
-        navigation().reveal(drawing->scene()->getSelectionItemRect());
+        navigation().reveal(m_drawing->scene()->getSelectionItemRect());
     return imported;
 }
 
@@ -408,17 +409,17 @@ int MainWindow::importFiles(const QStringList &paths)
 bool MainWindow::offerImport(const QStringList &paths, std::optional<QPointF> scenePx)
 {
     if (paths.size() > 1)
-        return importer->importFiles(paths, scenePx) > 0;
+        return m_importer->importFiles(paths, scenePx) > 0;
     ReadDrawing read;
-    return importer->read(paths.first(), &read) && offerDrawing(read, scenePx);
+    return m_importer->read(paths.first(), &read) && offerDrawing(read, scenePx);
 }
 
 bool MainWindow::offerDrawing(const ReadDrawing &read, std::optional<QPointF> scenePx)
 {
     auto *dialog = new ImportDialog(read.path, read.drawing, this);
     connect(dialog, &ImportDialog::chosen, this, [this, dialog, path = read.path, scenePx] {
-        if (importer->bringIn({{path, dialog->drawing()}}, dialog->options(), scenePx) > 0)
-            navigation().reveal(drawing->scene()->getSelectionItemRect());
+        if (m_importer->bringIn({{path, dialog->drawing()}}, dialog->options(), scenePx) > 0)
+            navigation().reveal(m_drawing->scene()->getSelectionItemRect());
     });
     dialog->open();
     return true;
@@ -431,7 +432,7 @@ void MainWindow::importClipboard()
     if (bytes.isEmpty() && held != nullptr)
         bytes = held->text().toUtf8();
     ReadDrawing read;
-    if (importer->read(bytes, tr("clipboard"), &read))
+    if (m_importer->read(bytes, tr("clipboard"), &read))
         offerDrawing(read, std::nullopt);
 }
 
@@ -451,22 +452,22 @@ void MainWindow::chooseImport()
 
 void MainWindow::chooseExport(bool selectionOnly)
 {
-    const QGraphicsScene &scene = *drawing->scene();
+    const QGraphicsScene &scene = *m_drawing->scene();
     const ShapeItems exported = selectionOnly ? selectedShapeItems(scene) : shapeItemsOf(scene);
-    askAboutField(exported, *drawing, *this,
-                  [this, selectionOnly] { fileExporter->choose(selectionOnly); });
+    askAboutField(exported, *m_drawing, *this,
+                  [this, selectionOnly] { m_fileExporter->choose(selectionOnly); });
 }
 
 void MainWindow::addSample()
 {
-    const ShapeItems before = shapeItemsOf(*drawing->scene());
-    const ShapeItems selectedBefore = selectedShapeItems(*drawing->scene());
-    hostkit::buildSampleDrawing(*drawing);
-    const ShapeItems added = shapeItemsOf(*drawing->scene()).mid(before.size());
-    drawing->undoStack()->push(new AddItemsCommand(
-        drawing->itemMag(), added, selectedBefore,
+    const ShapeItems before = shapeItemsOf(*m_drawing->scene());
+    const ShapeItems selectedBefore = selectedShapeItems(*m_drawing->scene());
+    hostkit::buildSampleDrawing(*m_drawing);
+    const ShapeItems added = shapeItemsOf(*m_drawing->scene()).mid(before.size());
+    m_drawing->undoStack()->push(new AddItemsCommand(
+        m_drawing->itemMag(), added, selectedBefore,
         undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Add sample drawing"))));
-    drawing->scene()->clearSelection();
+    m_drawing->scene()->clearSelection();
     fitAll();
 }
 
@@ -482,22 +483,22 @@ void MainWindow::chooseRotation()
     dialog->setDoubleRange(-360.0, 360.0);
     dialog->setDoubleStep(5.0);
     dialog->setDoubleValue(45.0);
-    connect(dialog, &QInputDialog::doubleValueSelected, actions, &DocumentActions::rotate);
+    connect(dialog, &QInputDialog::doubleValueSelected, m_actions, &DocumentActions::rotate);
     dialog->open();
 }
 
 void MainWindow::showMatrixDialog()
 {
-    if (!matrixDialog)
-        matrixDialog = new MatrixDialog(*drawing, *actions, this);
-    matrixDialog->show();
-    matrixDialog->raise();
-    matrixDialog->activateWindow();
+    if (!m_matrixDialog)
+        m_matrixDialog = new MatrixDialog(*m_drawing, *m_actions, this);
+    m_matrixDialog->show();
+    m_matrixDialog->raise();
+    m_matrixDialog->activateWindow();
 }
 
-void MainWindow::fitSelection() { navigation().fit(drawing->scene()->getSelectionItemRect()); }
+void MainWindow::fitSelection() { navigation().fit(m_drawing->scene()->getSelectionItemRect()); }
 
-void MainWindow::fitAll() { navigation().fit(sceneBox(shapeItemsOf(*drawing->scene()))); }
+void MainWindow::fitAll() { navigation().fit(sceneBox(shapeItemsOf(*m_drawing->scene()))); }
 
 void MainWindow::showAbout()
 {

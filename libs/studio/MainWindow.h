@@ -50,13 +50,13 @@ public:
     explicit MainWindow(std::unique_ptr<Messages> messages = nullptr);
     ~MainWindow() override;
 
-    ZTGraphicsDocument &document() const { return *drawing; }
-    DocumentActions &edit() const { return *actions; }
-    ViewNavigation &navigation() const { return *viewNavigation; }
-    TextTools &text() const { return *textTools; }
-    Exporter &exporter() const { return *fileExporter; }
-    Commands &commands() const { return *commandSet; }
-    DrawingFiles &files() const { return *drawingFiles; }
+    ZTGraphicsDocument &document() const { return *m_drawing; }
+    DocumentActions &edit() const { return *m_actions; }
+    ViewNavigation &navigation() const { return *m_viewNavigation; }
+    TextTools &text() const { return *m_textTools; }
+    Exporter &exporter() const { return *m_fileExporter; }
+    Commands &commands() const { return *m_commandSet; }
+    DrawingFiles &files() const { return *m_drawingFiles; }
 
     /** Keeps recovery files from now on, and offers those that were left behind. */
     void guardAgainstCrashes(const CrashGuardSetup &setup);
@@ -106,27 +106,27 @@ private:
     void refreshUndoTexts();
     void readSettings();
 
-    std::unique_ptr<Messages> messages;
-    std::unique_ptr<Language> language;    ///< comes before all that has texts
-    ZTGraphicsDocument *drawing = nullptr; ///< child, as all below
-    ZTObjectTreeWidget *tree = nullptr;
-    QDockWidget *treeDock = nullptr;
-    PropertyDock *properties = nullptr;
-    DocumentActions *actions = nullptr;
-    ViewNavigation *viewNavigation = nullptr;
-    TextTools *textTools = nullptr;
-    Exporter *fileExporter = nullptr;
-    Commands *commandSet = nullptr;
-    ContextMenus *contextMenus = nullptr;
-    StatusBar *status = nullptr;
-    OrderMenu *orderMenu = nullptr;
-    DrawingFiles *drawingFiles = nullptr;
-    CrashGuard *crashGuard = nullptr; ///< null: no recovery files
-    QPointer<MatrixDialog> matrixDialog;
-    std::unique_ptr<Importer> importer;
-    QTimer stateTimer;
-    QRectF paintedFramePx; ///< where the selection frame stood when it was seen last; or null
-    bool isLetGo = false;  ///< the user closes the window, and the changes may be lost
+    std::unique_ptr<Messages> m_messages;
+    std::unique_ptr<Language> m_language;    ///< comes before all that has texts
+    ZTGraphicsDocument *m_drawing = nullptr; ///< child, as all below
+    ZTObjectTreeWidget *m_tree = nullptr;
+    QDockWidget *m_treeDock = nullptr;
+    PropertyDock *m_properties = nullptr;
+    DocumentActions *m_actions = nullptr;
+    ViewNavigation *m_viewNavigation = nullptr;
+    TextTools *m_textTools = nullptr;
+    Exporter *m_fileExporter = nullptr;
+    Commands *m_commandSet = nullptr;
+    ContextMenus *m_contextMenus = nullptr;
+    StatusBar *m_status = nullptr;
+    OrderMenu *m_orderMenu = nullptr;
+    DrawingFiles *m_drawingFiles = nullptr;
+    CrashGuard *m_crashGuard = nullptr; ///< null: no recovery files
+    QPointer<MatrixDialog> m_matrixDialog;
+    std::unique_ptr<Importer> m_importer;
+    QTimer m_stateTimer;
+    QRectF m_paintedFramePx; ///< where the selection frame stood when it was seen last; or null
+    bool m_isLetGo = false;  ///< the user closes the window, and the changes may be lost
 };
 
 } // namespace studio

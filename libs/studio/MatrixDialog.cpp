@@ -23,20 +23,21 @@ constexpr int kMarginPx = 24;
 } // namespace
 
 MatrixDialog::MatrixDialog(ZTGraphicsDocument &edited, DocumentActions &editing, QWidget *parent)
-    : QDialog(parent), document(edited), actions(editing),
-      rowsBox(addCount(QStringLiteral("rows"), 3)),
-      columnsBox(addCount(QStringLiteral("columns"), 4)),
-      acrossBox(addGap(QStringLiteral("gapAcross"))), downBox(addGap(QStringLiteral("gapDown"))),
-      hintLabel(new QLabel(this)), createButton(new QPushButton(this))
+    : QDialog(parent), m_document(edited), m_actions(editing),
+      m_rowsBox(addCount(QStringLiteral("rows"), 3)),
+      m_columnsBox(addCount(QStringLiteral("columns"), 4)),
+      m_acrossBox(addGap(QStringLiteral("gapAcross"))),
+      m_downBox(addGap(QStringLiteral("gapDown"))), m_hintLabel(new QLabel(this)),
+      m_createButton(new QPushButton(this))
 {
     setObjectName(QStringLiteral("matrixDialog"));
     layOut();
     retranslate();
-    connect(document.scene(), &QGraphicsScene::selectionChanged, this, &MatrixDialog::follow);
-    connect(document.undoStack(), &QUndoStack::indexChanged, this, &MatrixDialog::refresh);
+    connect(m_document.scene(), &QGraphicsScene::selectionChanged, this, &MatrixDialog::follow);
+    connect(m_document.undoStack(), &QUndoStack::indexChanged, this, &MatrixDialog::refresh);
 }
 
-MatrixDialog::~MatrixDialog() { delete preview; }
+MatrixDialog::~MatrixDialog() { delete m_preview; }
 
 QSpinBox *MatrixDialog::addCount(const QString &name, int value)
 {
@@ -79,87 +80,88 @@ void MatrixDialog::changeEvent(QEvent *event)
 void MatrixDialog::retranslate()
 {
     setWindowTitle(tr("Matrix"));
-    rowsLabel->setText(tr("&Rows"));
-    columnsLabel->setText(tr("C&olumns"));
-    acrossLabel->setText(tr("Gap &across"));
-    downLabel->setText(tr("Gap &down"));
-    acrossBox->setSuffix(tr(" mm"));
-    downBox->setSuffix(tr(" mm"));
-    createButton->setText(tr("&Create"));
+    m_rowsLabel->setText(tr("&Rows"));
+    m_columnsLabel->setText(tr("C&olumns"));
+    m_acrossLabel->setText(tr("Gap &across"));
+    m_downLabel->setText(tr("Gap &down"));
+    m_acrossBox->setSuffix(tr(" mm"));
+    m_downBox->setSuffix(tr(" mm"));
+    m_createButton->setText(tr("&Create"));
 }
 
 void MatrixDialog::layOut()
 {
-    hintLabel->setObjectName(QStringLiteral("hint"));
-    hintLabel->setWordWrap(true);
-    hintLabel->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    hintLabel->setMinimumHeight(2 * hintLabel->fontMetrics().lineSpacing());
-    hintLabel->setMinimumWidth(hintLabel->fontMetrics().averageCharWidth() * 40);
-    createButton->setObjectName(QStringLiteral("create"));
-    createButton->setDefault(true);
-    connect(createButton, &QPushButton::clicked, this, &MatrixDialog::create);
+    m_hintLabel->setObjectName(QStringLiteral("hint"));
+    m_hintLabel->setWordWrap(true);
+    m_hintLabel->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    m_hintLabel->setMinimumHeight(2 * m_hintLabel->fontMetrics().lineSpacing());
+    m_hintLabel->setMinimumWidth(m_hintLabel->fontMetrics().averageCharWidth() * 40);
+    m_createButton->setObjectName(QStringLiteral("create"));
+    m_createButton->setDefault(true);
+    connect(m_createButton, &QPushButton::clicked, this, &MatrixDialog::create);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
-    buttons->addButton(createButton, QDialogButtonBox::ActionRole);
+    buttons->addButton(m_createButton, QDialogButtonBox::ActionRole);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
     auto *form = new QFormLayout(this);
-    rowsLabel = addRow(*form, rowsBox);
-    columnsLabel = addRow(*form, columnsBox);
-    acrossLabel = addRow(*form, acrossBox);
-    downLabel = addRow(*form, downBox);
-    form->addRow(hintLabel);
+    m_rowsLabel = addRow(*form, m_rowsBox);
+    m_columnsLabel = addRow(*form, m_columnsBox);
+    m_acrossLabel = addRow(*form, m_acrossBox);
+    m_downLabel = addRow(*form, m_downBox);
+    form->addRow(m_hintLabel);
     form->addRow(buttons);
 }
 
 void MatrixDialog::showEvent(QShowEvent *event)
 {
     QDialog::showEvent(event);
-    if (!event->spontaneous() && !hasBeenShown) {
+    if (!event->spontaneous() && !m_hasBeenShown) {
         // Out of the way: the preview matters as much as the dialog.
-        move(document.mapToGlobal(QPoint(kMarginPx, kMarginPx)));
-        hasBeenShown = true;
+        move(m_document.mapToGlobal(QPoint(kMarginPx, kMarginPx)));
+        m_hasBeenShown = true;
     }
-    if (!preview)
-        preview = new MatrixPreview(*document.scene());
+    if (!m_preview)
+        m_preview = new MatrixPreview(*m_document.scene());
     follow();
 }
 
 void MatrixDialog::hideEvent(QHideEvent *event)
 {
     QDialog::hideEvent(event);
-    delete preview;
+    delete m_preview;
 }
 
 void MatrixDialog::follow()
 {
-    disconnect(following);
+    disconnect(m_following);
     if (const ShapeItem *item = source())
-        following = connect(item, &ShapeItem::posChanged, this, &MatrixDialog::refresh);
+        m_following = connect(item, &ShapeItem::posChanged, this, &MatrixDialog::refresh);
     refresh();
 }
 
 void MatrixDialog::refresh()
 {
-    if (!preview)
+    if (!m_preview)
         return;
     const ShapeItem *item = source();
     const MatrixGrid wanted = grid();
     const bool isPossible =
         item != nullptr && wanted.cells() > 1 && wanted.cells() <= DocumentActions::kMaxMatrix;
-    preview->show(isPossible ? item : nullptr, wanted);
-    createButton->setEnabled(isPossible);
-    hintLabel->setText(hint(item, wanted));
+    m_preview->show(isPossible ? item : nullptr, wanted);
+    m_createButton->setEnabled(isPossible);
+    m_hintLabel->setText(hint(item, wanted));
 }
 
 MatrixGrid MatrixDialog::grid() const
 {
-    return {rowsBox->value(), columnsBox->value(), QSizeF(acrossBox->value(), downBox->value())};
+    return {m_rowsBox->value(), m_columnsBox->value(),
+            QSizeF(m_acrossBox->value(), m_downBox->value())};
 }
 
 ShapeItem *MatrixDialog::source() const
 {
-    const ShapeItems selected = selectedShapeItems(*document.scene());
+    const ShapeItems selected = selectedShapeItems(*m_document.scene());
     return selected.size() == 1 ? selected.first() : nullptr;
 }
 
@@ -186,7 +188,7 @@ void MatrixDialog::create()
 {
     const MatrixGrid wanted = grid();
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    actions.repeat(wanted.rows, wanted.columns, wanted.gapMm);
+    m_actions.repeat(wanted.rows, wanted.columns, wanted.gapMm);
     QGuiApplication::restoreOverrideCursor();
 }
 

@@ -48,21 +48,21 @@ private:
     ShapeItem *source() const;
     QString hint(const ShapeItem *source, const MatrixGrid &grid) const;
 
-    ZTGraphicsDocument &document;
-    DocumentActions &actions;
-    QSpinBox *rowsBox;
-    QSpinBox *columnsBox;
-    QDoubleSpinBox *acrossBox;
-    QDoubleSpinBox *downBox;
-    QLabel *rowsLabel = nullptr;
-    QLabel *columnsLabel = nullptr;
-    QLabel *acrossLabel = nullptr;
-    QLabel *downLabel = nullptr;
-    QLabel *hintLabel;
-    QPushButton *createButton;
-    QPointer<MatrixPreview> preview; ///< an item of the scene, while the dialog is open
-    bool hasBeenShown = false;
-    QMetaObject::Connection following; ///< moves of the source
+    ZTGraphicsDocument &m_document;
+    DocumentActions &m_actions;
+    QSpinBox *m_rowsBox;
+    QSpinBox *m_columnsBox;
+    QDoubleSpinBox *m_acrossBox;
+    QDoubleSpinBox *m_downBox;
+    QLabel *m_rowsLabel = nullptr;
+    QLabel *m_columnsLabel = nullptr;
+    QLabel *m_acrossLabel = nullptr;
+    QLabel *m_downLabel = nullptr;
+    QLabel *m_hintLabel;
+    QPushButton *m_createButton;
+    QPointer<MatrixPreview> m_preview; ///< an item of the scene, while the dialog is open
+    bool m_hasBeenShown = false;
+    QMetaObject::Connection m_following; ///< moves of the source
 };
 
 } // namespace studio

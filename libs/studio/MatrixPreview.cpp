@@ -48,52 +48,52 @@ MatrixPreview::MatrixPreview(ZTGraphicsScene &scene)
 void MatrixPreview::show(const ShapeItem *source, const MatrixGrid &grid)
 {
     prepareGeometryChange();
-    shown = grid;
-    outlinePx = QPainterPath();
-    extentPx = QRectF();
+    m_shown = grid;
+    m_outlinePx = QPainterPath();
+    m_extentPx = QRectF();
     if (source == nullptr || grid.cells() < 2)
         return;
-    boxPx = source->boundingRect();
-    outlinePx = source->getShapeBase()->getLines();
-    pitch = grid.pitchPx(boxPx);
+    m_boxPx = source->boundingRect();
+    m_outlinePx = source->getShapeBase()->getLines();
+    m_pitch = grid.pitchPx(m_boxPx);
     setPos(source->pos());
-    const QPointF lastPx((grid.columns - 1) * pitch.x(), (grid.rows - 1) * pitch.y());
-    extentPx = (boxPx | boxPx.translated(lastPx)).adjusted(-1, -1, 1, 1);
+    const QPointF lastPx((grid.columns - 1) * m_pitch.x(), (grid.rows - 1) * m_pitch.y());
+    m_extentPx = (m_boxPx | m_boxPx.translated(lastPx)).adjusted(-1, -1, 1, 1);
     update();
 }
 
 MatrixPreview::CellRange MatrixPreview::cellsWithin(const QRectF &exposedPx) const
 {
-    const auto columns = cellsOf(exposedPx.left() - boxPx.right(), exposedPx.right() - boxPx.left(),
-                                 pitch.x(), shown.columns);
-    const auto rows = cellsOf(exposedPx.top() - boxPx.bottom(), exposedPx.bottom() - boxPx.top(),
-                              pitch.y(), shown.rows);
+    const auto columns = cellsOf(exposedPx.left() - m_boxPx.right(),
+                                 exposedPx.right() - m_boxPx.left(), m_pitch.x(), m_shown.columns);
+    const auto rows = cellsOf(exposedPx.top() - m_boxPx.bottom(),
+                              exposedPx.bottom() - m_boxPx.top(), m_pitch.y(), m_shown.rows);
     return {columns.first, columns.second, rows.first, rows.second};
 }
 
 void MatrixPreview::paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *)
 {
-    if (extentPx.isNull())
+    if (m_extentPx.isNull())
         return;
     const CellRange range =
         cellsWithin(painter->worldTransform().inverted().mapRect(QRectF(painter->viewport())));
     const double scale = option->levelOfDetailFromTransform(painter->worldTransform());
-    const double cellPx = scale * qMax(std::abs(pitch.x()), std::abs(pitch.y()));
+    const double cellPx = scale * qMax(std::abs(m_pitch.x()), std::abs(m_pitch.y()));
     painter->setPen(QPen(kInk, 0, Qt::DashLine));
     if (range.count() > kMostBoxes || cellPx < kLeastCellPx) {
-        painter->fillRect(extentPx, QBrush(kInk, Qt::Dense6Pattern));
+        painter->fillRect(m_extentPx, QBrush(kInk, Qt::Dense6Pattern));
         return;
     }
-    const bool asBoxes = range.count() * qMax(1, outlinePx.elementCount()) > kMostElements;
+    const bool asBoxes = range.count() * qMax(1, m_outlinePx.elementCount()) > kMostElements;
     for (int row = range.firstRow; row < range.endRow; ++row) {
         for (int column = range.firstColumn; column < range.endColumn; ++column) {
             if (row == 0 && column == 0)
                 continue;
-            const QPointF placePx(column * pitch.x(), row * pitch.y());
+            const QPointF placePx(column * m_pitch.x(), row * m_pitch.y());
             if (asBoxes)
-                painter->drawRect(boxPx.translated(placePx));
+                painter->drawRect(m_boxPx.translated(placePx));
             else
-                painter->drawPath(outlinePx.translated(placePx));
+                painter->drawPath(m_outlinePx.translated(placePx));
         }
     }
 }

@@ -38,7 +38,7 @@ public:
     /** Shows the copies of `source`, or nothing if it is null. */
     void show(const ShapeItem *source, const MatrixGrid &grid);
 
-    QRectF boundingRect() const override { return extentPx; }
+    QRectF boundingRect() const override { return m_extentPx; }
     QPainterPath shape() const override { return {}; }
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
 
@@ -56,11 +56,11 @@ private:
 
     CellRange cellsWithin(const QRectF &exposedPx) const;
 
-    MatrixGrid shown;
-    QPainterPath outlinePx; ///< of one copy, relative to its place
-    QRectF boxPx;           ///< of one copy, relative to its place
-    QPointF pitch;          ///< scene pixels
-    QRectF extentPx;
+    MatrixGrid m_shown;
+    QPainterPath m_outlinePx; ///< of one copy, relative to its place
+    QRectF m_boxPx;           ///< of one copy, relative to its place
+    QPointF m_pitch;          ///< scene pixels
+    QRectF m_extentPx;
 };
 
 } // namespace studio

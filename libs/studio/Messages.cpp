@@ -21,7 +21,7 @@ void print(const Message &message)
 
 Messages::~Messages() = default;
 
-DialogMessages::DialogMessages(QWidget *parent) : window(parent) {}
+DialogMessages::DialogMessages(QWidget *parent) : m_window(parent) {}
 
 void DialogMessages::failure(const Message &message) { show(QMessageBox::Critical, message); }
 
@@ -29,9 +29,9 @@ void DialogMessages::warning(const Message &message) { show(QMessageBox::Warning
 
 void DialogMessages::show(int icon, const Message &message)
 {
-    auto *box = new QMessageBox(window);
+    auto *box = new QMessageBox(m_window);
     box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setWindowTitle(window ? window->windowTitle() : QString());
+    box->setWindowTitle(m_window ? m_window->windowTitle() : QString());
     box->setIcon(static_cast<QMessageBox::Icon>(icon));
     // File names may look like markup.
     box->setTextFormat(Qt::PlainText);

@@ -43,7 +43,7 @@ public:
 private:
     void show(int icon, const Message &message);
 
-    QPointer<QWidget> window; ///< borrowed
+    QPointer<QWidget> m_window; ///< borrowed
 };
 
 /** Writes messages to standard error, each line behind the program's name. */

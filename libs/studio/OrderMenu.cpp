@@ -25,14 +25,14 @@ int rememberedOrder()
 OrderMenu::OrderMenu(QWidget *parent) : QMenu(parent)
 {
     setObjectName(QStringLiteral("orderMenu"));
-    group = new QActionGroup(this);
+    m_group = new QActionGroup(this);
     add(EShapeSortType::ShapeSortNone);
     add(EShapeSortType::ShapeSortNearest);
     add(EShapeSortType::ShapeSortXFromMin);
     add(EShapeSortType::ShapeSortXFromMax);
     add(EShapeSortType::ShapeSortYFromMin);
     add(EShapeSortType::ShapeSortYFromMax);
-    connect(group, &QActionGroup::triggered, this, &OrderMenu::choose);
+    connect(m_group, &QActionGroup::triggered, this, &OrderMenu::choose);
     retranslate();
     restore();
 }
@@ -46,7 +46,7 @@ void OrderMenu::restore()
 void OrderMenu::follow()
 {
     const int order = static_cast<int>(ZTPointSort::getInstance()->getShapeMarkSort());
-    group->actions().at(qBound(0, order, group->actions().size() - 1))->setChecked(true);
+    m_group->actions().at(qBound(0, order, m_group->actions().size() - 1))->setChecked(true);
 }
 
 void OrderMenu::add(EShapeSortType order)
@@ -54,7 +54,7 @@ void OrderMenu::add(EShapeSortType order)
     QAction *action = addAction(QString());
     action->setCheckable(true);
     action->setData(static_cast<int>(order));
-    group->addAction(action);
+    m_group->addAction(action);
 }
 
 void OrderMenu::changeEvent(QEvent *event)
@@ -70,7 +70,7 @@ void OrderMenu::retranslate()
                                tr("&Right to left"), tr("&Top to bottom"), tr("&Bottom to top")};
     setTitle(tr("Marking &order"));
     for (int i = 0; i < texts.size(); ++i)
-        group->actions().at(i)->setText(texts.at(i));
+        m_group->actions().at(i)->setText(texts.at(i));
 }
 
 void OrderMenu::choose(const QAction *action)

@@ -35,7 +35,7 @@ private:
     void retranslate();
     void choose(const QAction *action);
 
-    QActionGroup *group;
+    QActionGroup *m_group;
 };
 
 } // namespace studio

@@ -37,7 +37,7 @@ bool agree(const ShapeItems &items, const Value &valueOf)
 } // namespace
 
 PropertyDock::PropertyDock(ZTGraphicsDocument &shown, DocumentActions &editing, QWidget *parent)
-    : QDockWidget(parent), document(shown), actions(editing)
+    : QDockWidget(parent), m_document(shown), m_actions(editing)
 {
     setObjectName(QStringLiteral("propertyDock"));
     auto *panel = new QWidget(this);
@@ -49,52 +49,52 @@ PropertyDock::PropertyDock(ZTGraphicsDocument &shown, DocumentActions &editing, 
     rebuildList();
     retranslate();
 
-    followTimer.setSingleShot(true);
-    followTimer.setInterval(0);
-    connect(&followTimer, &QTimer::timeout, this, &PropertyDock::follow);
+    m_followTimer.setSingleShot(true);
+    m_followTimer.setInterval(0);
+    connect(&m_followTimer, &QTimer::timeout, this, &PropertyDock::follow);
     // Later, not within the signal: a grid that is just telling of an edit takes no new values.
-    const auto followSoon = [this] { followTimer.start(); };
-    connect(document.scene(), &QGraphicsScene::selectionChanged, this, followSoon);
-    connect(document.undoStack(), &QUndoStack::indexChanged, this, followSoon);
+    const auto followSoon = [this] { m_followTimer.start(); };
+    connect(m_document.scene(), &QGraphicsScene::selectionChanged, this, followSoon);
+    connect(m_document.undoStack(), &QUndoStack::indexChanged, this, followSoon);
     follow();
 }
 
 void PropertyDock::buildControls(QVBoxLayout &layout)
 {
-    countLabel = new QLabel(this);
-    countLabel->setObjectName(QStringLiteral("propertyCount"));
-    countLabel->setWordWrap(true);
-    penLabel = new QLabel(this);
-    penBox = new QComboBox(this);
-    penBox->setObjectName(QStringLiteral("penBox"));
+    m_countLabel = new QLabel(this);
+    m_countLabel->setObjectName(QStringLiteral("propertyCount"));
+    m_countLabel->setWordWrap(true);
+    m_penLabel = new QLabel(this);
+    m_penBox = new QComboBox(this);
+    m_penBox->setObjectName(QStringLiteral("penBox"));
     for (int pen = 1; pen <= kPenCount; ++pen)
-        penBox->addItem(penSwatch(pen), QString::number(pen));
-    penLabel->setBuddy(penBox);
-    connect(penBox, qOverload<int>(&QComboBox::activated), this,
-            [this](int index) { actions.setPen(index + 1); });
-    lockBox = new QCheckBox(this);
-    lockBox->setObjectName(QStringLiteral("lockBox"));
-    connect(lockBox, &QCheckBox::clicked, this,
-            [this] { actions.lockAspect(lockBox->checkState() == Qt::Checked); });
+        m_penBox->addItem(penSwatch(pen), QString::number(pen));
+    m_penLabel->setBuddy(m_penBox);
+    connect(m_penBox, qOverload<int>(&QComboBox::activated), this,
+            [this](int index) { m_actions.setPen(index + 1); });
+    m_lockBox = new QCheckBox(this);
+    m_lockBox->setObjectName(QStringLiteral("lockBox"));
+    connect(m_lockBox, &QCheckBox::clicked, this,
+            [this] { m_actions.lockAspect(m_lockBox->checkState() == Qt::Checked); });
 
     auto *row = new QHBoxLayout;
-    row->addWidget(penLabel);
-    row->addWidget(penBox);
-    row->addWidget(lockBox, 1);
+    row->addWidget(m_penLabel);
+    row->addWidget(m_penBox);
+    row->addWidget(m_lockBox, 1);
     auto *controls = new QVBoxLayout;
     controls->setContentsMargins(kPanelMargin, 0, kPanelMargin, 0);
-    controls->addWidget(countLabel);
+    controls->addWidget(m_countLabel);
     controls->addLayout(row);
     layout.addLayout(controls);
 }
 
 void PropertyDock::buildDenseRows()
 {
-    denseRows = new QAction(this);
-    denseRows->setObjectName(QStringLiteral("denseRows"));
-    denseRows->setCheckable(true);
-    denseRows->setChecked(QSettings().value(kDenseKey, true).toBool());
-    connect(denseRows, &QAction::toggled, this, [this](bool isDense) {
+    m_denseRows = new QAction(this);
+    m_denseRows->setObjectName(QStringLiteral("denseRows"));
+    m_denseRows->setCheckable(true);
+    m_denseRows->setChecked(QSettings().value(kDenseKey, true).toBool());
+    connect(m_denseRows, &QAction::toggled, this, [this](bool isDense) {
         QSettings().setValue(kDenseKey, isDense);
         applyDensity();
     });
@@ -103,14 +103,14 @@ void PropertyDock::buildDenseRows()
 /** A grid has its texts from the language in which it was made. */
 void PropertyDock::rebuildList()
 {
-    delete list;
-    list = new PropertyGrid(*document.undoStack(), widget());
-    list->setObjectName(QStringLiteral("propertyList"));
-    list->setObject(nullptr);
-    widget()->layout()->addWidget(list);
-    tallRowsSheet = list->findChild<QTreeWidget *>()->styleSheet();
+    delete m_list;
+    m_list = new PropertyGrid(*m_document.undoStack(), widget());
+    m_list->setObjectName(QStringLiteral("propertyList"));
+    m_list->setObject(nullptr);
+    widget()->layout()->addWidget(m_list);
+    m_tallRowsSheet = m_list->findChild<QTreeWidget *>()->styleSheet();
     applyDensity();
-    isListStale = false;
+    m_isListStale = false;
 }
 
 void PropertyDock::applyDensity()
@@ -118,10 +118,10 @@ void PropertyDock::applyDensity()
     const int rowHeight = fontMetrics().height() + kRowMargin;
     const QString denseSheet =
         QStringLiteral("QtPropertyEditorView::item{height:%1px;}").arg(rowHeight);
-    auto *view = list->findChild<QTreeWidget *>();
+    auto *view = m_list->findChild<QTreeWidget *>();
     // A widget that has read its sheet before it was polished would keep to that one.
     view->ensurePolished();
-    view->setStyleSheet(denseRows->isChecked() ? denseSheet : tallRowsSheet);
+    view->setStyleSheet(m_denseRows->isChecked() ? denseSheet : m_tallRowsSheet);
 }
 
 void PropertyDock::changeEvent(QEvent *event)
@@ -130,44 +130,44 @@ void PropertyDock::changeEvent(QEvent *event)
     if (event->type() != QEvent::LanguageChange)
         return;
     retranslate();
-    isListStale = true;
-    followTimer.start();
+    m_isListStale = true;
+    m_followTimer.start();
 }
 
 void PropertyDock::retranslate()
 {
     setWindowTitle(tr("Properties"));
-    denseRows->setText(tr("&Dense property rows"));
-    penLabel->setText(tr("&Pen"));
-    penBox->setToolTip(tr("Pen that marks the selected shapes"));
-    lockBox->setText(tr("&Keep proportions"));
-    lockBox->setToolTip(tr("Resizing keeps the proportions of the selected shapes"));
+    m_denseRows->setText(tr("&Dense property rows"));
+    m_penLabel->setText(tr("&Pen"));
+    m_penBox->setToolTip(tr("Pen that marks the selected shapes"));
+    m_lockBox->setText(tr("&Keep proportions"));
+    m_lockBox->setToolTip(tr("Resizing keeps the proportions of the selected shapes"));
 }
 
 void PropertyDock::follow()
 {
-    if (isListStale)
+    if (m_isListStale)
         rebuildList();
-    const ShapeItems items = selectedShapeItems(*document.scene());
+    const ShapeItems items = selectedShapeItems(*m_document.scene());
     ShapeItem *first = items.isEmpty() ? nullptr : items.first();
-    if (first == nullptr || first != list->getObject())
-        list->setObject(first);
+    if (first == nullptr || first != m_list->getObject())
+        m_list->setObject(first);
     else
-        list->updateProperty();
+        m_list->updateProperty();
     showControls(items);
 }
 
 void PropertyDock::showControls(const ShapeItems &items)
 {
     if (items.isEmpty())
-        countLabel->setText(tr("Nothing selected"));
+        m_countLabel->setText(tr("Nothing selected"));
     else if (items.size() == 1)
-        countLabel->setText(tr("1 shape selected"));
+        m_countLabel->setText(tr("1 shape selected"));
     else
-        countLabel->setText(tr("%1 shapes selected; the grid shows the first").arg(items.size()));
-    penLabel->setEnabled(!items.isEmpty());
-    penBox->setEnabled(!items.isEmpty());
-    lockBox->setEnabled(!items.isEmpty());
+        m_countLabel->setText(tr("%1 shapes selected; the grid shows the first").arg(items.size()));
+    m_penLabel->setEnabled(!items.isEmpty());
+    m_penBox->setEnabled(!items.isEmpty());
+    m_lockBox->setEnabled(!items.isEmpty());
     showPen(items);
     showLock(items);
 }
@@ -177,18 +177,18 @@ void PropertyDock::showPen(const ShapeItems &items)
     const bool isOne =
         !items.isEmpty() && agree(items, [](const ShapeItem &item) { return item.getPenId(); });
     const int pen = isOne ? items.first()->getPenId() : 0;
-    penBox->setCurrentIndex(pen >= 1 && pen <= kPenCount ? pen - 1 : -1);
+    m_penBox->setCurrentIndex(pen >= 1 && pen <= kPenCount ? pen - 1 : -1);
 }
 
 void PropertyDock::showLock(const ShapeItems &items)
 {
     if (!agree(items, &isAspectLocked)) {
-        lockBox->setCheckState(Qt::PartiallyChecked);
+        m_lockBox->setCheckState(Qt::PartiallyChecked);
         return;
     }
     // Shapes that differ make it a box of three states.
-    lockBox->setTristate(false);
-    lockBox->setChecked(!items.isEmpty() && isAspectLocked(*items.first()));
+    m_lockBox->setTristate(false);
+    m_lockBox->setChecked(!items.isEmpty() && isAspectLocked(*items.first()));
 }
 
 } // namespace studio

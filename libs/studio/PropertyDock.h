@@ -34,7 +34,7 @@ public:
     PropertyDock(ZTGraphicsDocument &document, DocumentActions &actions, QWidget *parent);
 
     /** Switches between rows of a text's height and the tall ones of the grid; remembered. */
-    QAction *denseRowsAction() const { return denseRows; }
+    QAction *denseRowsAction() const { return m_denseRows; }
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -50,17 +50,17 @@ private:
     void showPen(const ShapeItems &items);
     void showLock(const ShapeItems &items);
 
-    ZTGraphicsDocument &document;
-    DocumentActions &actions;
-    QAction *denseRows = nullptr;
-    QLabel *countLabel = nullptr;
-    QLabel *penLabel = nullptr;
-    QComboBox *penBox = nullptr;
-    QCheckBox *lockBox = nullptr;
-    PropertyGrid *list = nullptr;
-    QString tallRowsSheet;    ///< the grid's own
-    bool isListStale = false; ///< in the language before
-    QTimer followTimer;
+    ZTGraphicsDocument &m_document;
+    DocumentActions &m_actions;
+    QAction *m_denseRows = nullptr;
+    QLabel *m_countLabel = nullptr;
+    QLabel *m_penLabel = nullptr;
+    QComboBox *m_penBox = nullptr;
+    QCheckBox *m_lockBox = nullptr;
+    PropertyGrid *m_list = nullptr;
+    QString m_tallRowsSheet;    ///< the grid's own
+    bool m_isListStale = false; ///< in the language before
+    QTimer m_followTimer;
 };
 
 } // namespace studio

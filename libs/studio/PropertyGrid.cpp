@@ -14,9 +14,9 @@ const QString kSidesRow = QStringLiteral("SideCount");
 }
 
 PropertyGrid::PropertyGrid(QUndoStack &stack, QWidget *parent)
-    : ZTItemPropertyList(parent), steps(stack)
+    : ZTItemPropertyList(parent), m_steps(stack)
 {
-    ZTItemPropertyList::setUndoStack(&ownSteps);
+    ZTItemPropertyList::setUndoStack(&m_ownSteps);
     QtVariantPropertyManager *rows = getVariantManager();
     disconnect(rows, &QtVariantPropertyManager::valueChanged, this,
                &ZTItemPropertyList::slotValueChanged);
@@ -25,7 +25,7 @@ PropertyGrid::PropertyGrid(QUndoStack &stack, QWidget *parent)
 
 void PropertyGrid::setObject(QObject *shown)
 {
-    const QScopedValueRollback<bool> filling(isFilling, true);
+    const QScopedValueRollback<bool> filling(m_isFilling, true);
     ZTItemPropertyList::setObject(shown);
     limitSides();
 }
@@ -33,17 +33,17 @@ void PropertyGrid::setObject(QObject *shown)
 void PropertyGrid::edit(QtProperty *row, const QVariant &value)
 {
     const QPointer<ShapeItem> item = qobject_cast<ShapeItem *>(getObject());
-    if (!item || isFilling) {
+    if (!item || m_isFilling) {
         slotValueChanged(row, value);
         return;
     }
     const ShapeState before(*item);
     slotValueChanged(row, value);
-    if (ownSteps.count() == 0)
+    if (m_ownSteps.count() == 0)
         return;
-    ownSteps.clear();
+    m_ownSteps.clear();
     if (item)
-        steps.push(new ShapeStateCommand(
+        m_steps.push(new ShapeStateCommand(
             item, before, undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Change property"))));
 }
 

@@ -31,9 +31,9 @@ private:
     void edit(QtProperty *row, const QVariant &value);
     void limitSides();
 
-    QUndoStack &steps;
-    QUndoStack ownSteps; ///< where the library's grid records an edit
-    bool isFilling = false;
+    QUndoStack &m_steps;
+    QUndoStack m_ownSteps; ///< where the library's grid records an edit
+    bool m_isFilling = false;
 };
 
 } // namespace studio

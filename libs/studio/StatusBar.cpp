@@ -30,18 +30,18 @@ void label(QLabel &field, const QString &widestText, const QString &toolTip)
 } // namespace
 
 StatusBar::StatusBar(ZTGraphicsDocument &shown, QWidget *parent)
-    : QStatusBar(parent), document(shown)
+    : QStatusBar(parent), m_document(shown)
 {
-    cursorField = addField(QStringLiteral("cursorField"));
-    boxField = addField(QStringLiteral("boxField"));
-    countField = addField(QStringLiteral("countField"));
-    zoomField = addField(QStringLiteral("zoomField"));
+    m_cursorField = addField(QStringLiteral("cursorField"));
+    m_boxField = addField(QStringLiteral("boxField"));
+    m_countField = addField(QStringLiteral("countField"));
+    m_zoomField = addField(QStringLiteral("zoomField"));
     retranslate();
-    refreshTimer.setSingleShot(true);
-    refreshTimer.setInterval(kRefreshMs);
-    connect(&refreshTimer, &QTimer::timeout, this, &StatusBar::refresh);
+    m_refreshTimer.setSingleShot(true);
+    m_refreshTimer.setInterval(kRefreshMs);
+    connect(&m_refreshTimer, &QTimer::timeout, this, &StatusBar::refresh);
     connectDocument();
-    showZoom(document.view()->getDisplayScale());
+    showZoom(m_document.view()->getDisplayScale());
     refresh();
 }
 
@@ -56,14 +56,14 @@ QLabel *StatusBar::addField(const QString &name)
 void StatusBar::retranslate()
 {
     const QString widest = QStringLiteral("-9999.999");
-    label(*cursorField, tr("X %1  Y %2 mm").arg(widest, widest),
+    label(*m_cursorField, tr("X %1  Y %2 mm").arg(widest, widest),
           tr("Place of the mouse, y downward"));
     const QString wide = QStringLiteral("-999.999");
-    label(*boxField, tr("Selection X %1  Y %2  W %3  H %4 mm").arg(wide, wide, wide, wide),
+    label(*m_boxField, tr("Selection X %1  Y %2  W %3  H %4 mm").arg(wide, wide, wide, wide),
           tr("Top left corner and size of the selection's box"));
-    label(*countField, tr("%1 of %2 selected").arg(99999).arg(99999),
+    label(*m_countField, tr("%1 of %2 selected").arg(99999).arg(99999),
           tr("Selected shapes, and all shapes"));
-    label(*zoomField, tr("%1 %").arg(2400), tr("Zoom; Ctrl and the wheel change it"));
+    label(*m_zoomField, tr("%1 %").arg(2400), tr("Zoom; Ctrl and the wheel change it"));
 }
 
 void StatusBar::changeEvent(QEvent *event)
@@ -72,15 +72,15 @@ void StatusBar::changeEvent(QEvent *event)
     if (event->type() != QEvent::LanguageChange)
         return;
     retranslate();
-    showZoom(document.view()->getDisplayScale());
+    showZoom(m_document.view()->getDisplayScale());
     refresh();
 }
 
 void StatusBar::connectDocument()
 {
-    const ZTGraphicsScene *scene = document.scene();
+    const ZTGraphicsScene *scene = m_document.scene();
     connect(scene, &QGraphicsScene::selectionChanged, this, &StatusBar::showSelection);
-    const QAbstractItemModel *rows = document.itemMag()->itemModel();
+    const QAbstractItemModel *rows = m_document.itemMag()->itemModel();
     connect(rows, &QAbstractItemModel::rowsInserted, this, &StatusBar::refreshLater);
     connect(rows, &QAbstractItemModel::rowsRemoved, this, &StatusBar::refreshLater);
     connect(rows, &QAbstractItemModel::modelReset, this, &StatusBar::refreshLater);
@@ -88,14 +88,14 @@ void StatusBar::connectDocument()
         connect(frame, &ZTGraphicsResizeItem::sigPosChanged, this, &StatusBar::refreshLater);
         connect(frame, &ZTGraphicsResizeItem::sigSizeChanged, this, &StatusBar::refreshLater);
     }
-    document.view()->viewport()->installEventFilter(this);
+    m_document.view()->viewport()->installEventFilter(this);
 }
 
 bool StatusBar::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::MouseMove) {
         const auto *mouse = static_cast<QMouseEvent *>(event);
-        const QTransform toScene = document.view()->viewportTransform().inverted();
+        const QTransform toScene = m_document.view()->viewportTransform().inverted();
         showCursorAt(toScene.map(mouse->localPos()));
     }
     return QStatusBar::eventFilter(watched, event);
@@ -103,37 +103,40 @@ bool StatusBar::eventFilter(QObject *watched, QEvent *event)
 
 void StatusBar::showCursorAt(const QPointF &scenePx)
 {
-    cursorField->setText(tr("X %1  Y %2 mm").arg(mmText(scenePx.x()), mmText(scenePx.y())));
+    m_cursorField->setText(tr("X %1  Y %2 mm").arg(mmText(scenePx.x()), mmText(scenePx.y())));
 }
 
-void StatusBar::showZoom(double scale) { zoomField->setText(tr("%1 %").arg(qRound(scale * 100))); }
+void StatusBar::showZoom(double scale)
+{
+    m_zoomField->setText(tr("%1 %").arg(qRound(scale * 100)));
+}
 
 void StatusBar::showSelection()
 {
-    selectedCount = document.scene()->selectedItems().size();
+    m_selectedCount = m_document.scene()->selectedItems().size();
     refreshLater();
 }
 
 void StatusBar::refreshLater()
 {
-    if (!refreshTimer.isActive())
-        refreshTimer.start();
+    if (!m_refreshTimer.isActive())
+        m_refreshTimer.start();
 }
 
 void StatusBar::refresh()
 {
-    const ZTGraphicsResizeItem *frame = document.scene()->getGraphicsResizeItem();
-    if (frame == nullptr || selectedCount == 0) {
-        boxField->setText(tr("Nothing selected"));
+    const ZTGraphicsResizeItem *frame = m_document.scene()->getGraphicsResizeItem();
+    if (frame == nullptr || m_selectedCount == 0) {
+        m_boxField->setText(tr("Nothing selected"));
     } else {
         const QRectF boxPx = frame->rect().translated(frame->pos());
-        boxField->setText(tr("Selection X %1  Y %2  W %3  H %4 mm")
-                              .arg(mmText(boxPx.x()), mmText(boxPx.y()), mmText(boxPx.width()),
-                                   mmText(boxPx.height())));
+        m_boxField->setText(tr("Selection X %1  Y %2  W %3  H %4 mm")
+                                .arg(mmText(boxPx.x()), mmText(boxPx.y()), mmText(boxPx.width()),
+                                     mmText(boxPx.height())));
     }
-    countField->setText(tr("%1 of %2 selected")
-                            .arg(selectedCount)
-                            .arg(document.itemMag()->itemModel()->rowCount()));
+    m_countField->setText(tr("%1 of %2 selected")
+                              .arg(m_selectedCount)
+                              .arg(m_document.itemMag()->itemModel()->rowCount()));
 }
 
 } // namespace studio

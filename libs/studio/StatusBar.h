@@ -41,13 +41,13 @@ private:
     void showSelection();
     void showCursorAt(const QPointF &scenePx);
 
-    ZTGraphicsDocument &document;
-    QLabel *cursorField = nullptr;
-    QLabel *boxField = nullptr;
-    QLabel *countField = nullptr;
-    QLabel *zoomField = nullptr;
-    QTimer refreshTimer;
-    int selectedCount = 0;
+    ZTGraphicsDocument &m_document;
+    QLabel *m_cursorField = nullptr;
+    QLabel *m_boxField = nullptr;
+    QLabel *m_countField = nullptr;
+    QLabel *m_zoomField = nullptr;
+    QTimer m_refreshTimer;
+    int m_selectedCount = 0;
 };
 
 } // namespace studio

@@ -17,46 +17,46 @@ constexpr int kRevealMarginPx = 24;
 } // namespace
 
 ViewNavigation::ViewNavigation(ZTGraphicsView &navigated, QObject *parent)
-    : QObject(parent), view(navigated)
+    : QObject(parent), m_view(navigated)
 {
-    view.installEventFilter(this);
-    view.viewport()->installEventFilter(this);
-    view.viewport()->setMouseTracking(true);
+    m_view.installEventFilter(this);
+    m_view.viewport()->installEventFilter(this);
+    m_view.viewport()->setMouseTracking(true);
     // The range follows the scale, whoever changes it.
-    connect(view.horizontalScrollBar(), &QScrollBar::rangeChanged, this,
-            [this] { Q_EMIT zoomChanged(view.getDisplayScale()); });
+    connect(m_view.horizontalScrollBar(), &QScrollBar::rangeChanged, this,
+            [this] { Q_EMIT zoomChanged(m_view.getDisplayScale()); });
 }
 
-void ViewNavigation::zoomIn() { view.zoomIn(); }
+void ViewNavigation::zoomIn() { m_view.zoomIn(); }
 
-void ViewNavigation::zoomOut() { view.zoomOut(); }
+void ViewNavigation::zoomOut() { m_view.zoomOut(); }
 
 void ViewNavigation::home()
 {
-    view.resetSize(1.0);
+    m_view.resetSize(1.0);
     // Last, because a new scale keeps the point under the mouse in its place.
-    view.centerOn(0.0, 0.0);
+    m_view.centerOn(0.0, 0.0);
 }
 
 void ViewNavigation::fit(const QRectF &boxPx)
 {
     if (boxPx.isNull())
         return;
-    const QSize shown = view.viewport()->size();
+    const QSize shown = m_view.viewport()->size();
     const double acrossScale = shown.width() / qMax(boxPx.width(), 1.0);
     const double downScale = shown.height() / qMax(boxPx.height(), 1.0);
-    view.resetSize(qBound(kLeastScale, kFitShare * qMin(acrossScale, downScale), kLargestScale));
-    view.centerOn(boxPx.center());
+    m_view.resetSize(qBound(kLeastScale, kFitShare * qMin(acrossScale, downScale), kLargestScale));
+    m_view.centerOn(boxPx.center());
 }
 
 void ViewNavigation::reveal(const QRectF &boxPx)
 {
-    view.ensureVisible(boxPx, kRevealMarginPx, kRevealMarginPx);
+    m_view.ensureVisible(boxPx, kRevealMarginPx, kRevealMarginPx);
 }
 
 bool ViewNavigation::eventFilter(QObject *watched, QEvent *event)
 {
-    const bool isTaken = watched == &view ? viewEvent(event) : viewportEvent(event);
+    const bool isTaken = watched == &m_view ? viewEvent(event) : viewportEvent(event);
     return isTaken || QObject::eventFilter(watched, event);
 }
 
@@ -68,7 +68,7 @@ bool ViewNavigation::viewEvent(QEvent *event)
     case QEvent::KeyRelease:
         return spaceKey(static_cast<QKeyEvent *>(event), false);
     case QEvent::FocusOut:
-        isSpaceHeld = false;
+        m_isSpaceHeld = false;
         showCursor();
         return false;
     default:
@@ -96,7 +96,7 @@ bool ViewNavigation::spaceKey(QKeyEvent *event, bool down)
     if (event->key() != Qt::Key_Space)
         return false;
     if (!event->isAutoRepeat()) {
-        isSpaceHeld = down;
+        m_isSpaceHeld = down;
         showCursor();
     }
     return true;
@@ -105,33 +105,33 @@ bool ViewNavigation::spaceKey(QKeyEvent *event, bool down)
 bool ViewNavigation::beginPan(QMouseEvent *event)
 {
     const bool isPanButton =
-        event->button() == Qt::MiddleButton || (event->button() == Qt::LeftButton && isSpaceHeld);
+        event->button() == Qt::MiddleButton || (event->button() == Qt::LeftButton && m_isSpaceHeld);
     const bool isFirst = event->buttons() == Qt::MouseButtons(event->button());
     if (!isPanButton || !isFirst)
-        return panButton != Qt::NoButton;
-    panButton = event->button();
-    lastPos = event->pos();
+        return m_panButton != Qt::NoButton;
+    m_panButton = event->button();
+    m_lastPos = event->pos();
     showCursor();
     return true;
 }
 
 bool ViewNavigation::pan(QMouseEvent *event)
 {
-    if (panButton == Qt::NoButton)
+    if (m_panButton == Qt::NoButton)
         return false;
-    const QPoint moved = event->pos() - lastPos;
-    lastPos = event->pos();
-    view.horizontalScrollBar()->setValue(view.horizontalScrollBar()->value() - moved.x());
-    view.verticalScrollBar()->setValue(view.verticalScrollBar()->value() - moved.y());
+    const QPoint moved = event->pos() - m_lastPos;
+    m_lastPos = event->pos();
+    m_view.horizontalScrollBar()->setValue(m_view.horizontalScrollBar()->value() - moved.x());
+    m_view.verticalScrollBar()->setValue(m_view.verticalScrollBar()->value() - moved.y());
     return true;
 }
 
 bool ViewNavigation::endPan(QMouseEvent *event)
 {
-    if (panButton == Qt::NoButton)
+    if (m_panButton == Qt::NoButton)
         return false;
-    if (event->button() == panButton) {
-        panButton = Qt::NoButton;
+    if (event->button() == m_panButton) {
+        m_panButton = Qt::NoButton;
         showCursor();
     }
     return true;
@@ -139,12 +139,12 @@ bool ViewNavigation::endPan(QMouseEvent *event)
 
 void ViewNavigation::showCursor()
 {
-    if (panButton != Qt::NoButton)
-        view.viewport()->setCursor(Qt::ClosedHandCursor);
-    else if (isSpaceHeld)
-        view.viewport()->setCursor(Qt::OpenHandCursor);
+    if (m_panButton != Qt::NoButton)
+        m_view.viewport()->setCursor(Qt::ClosedHandCursor);
+    else if (m_isSpaceHeld)
+        m_view.viewport()->setCursor(Qt::OpenHandCursor);
     else
-        view.viewport()->unsetCursor();
+        m_view.viewport()->unsetCursor();
 }
 
 } // namespace studio

@@ -50,10 +50,10 @@ private:
     bool endPan(QMouseEvent *event);
     void showCursor();
 
-    ZTGraphicsView &view;
-    bool isSpaceHeld = false;
-    Qt::MouseButton panButton = Qt::NoButton; ///< the button that pans now
-    QPoint lastPos;                           ///< of the mouse while panning; viewport pixels
+    ZTGraphicsView &m_view;
+    bool m_isSpaceHeld = false;
+    Qt::MouseButton m_panButton = Qt::NoButton; ///< the button that pans now
+    QPoint m_lastPos;                           ///< of the mouse while panning; viewport pixels
 };
 
 } // namespace studio

@@ -179,7 +179,7 @@ bool isSimilarity(const QTransform &transform)
 VectorPath VectorPath::polyline(const QVector<QPointF> &pointsMm, bool closed)
 {
     VectorPath path;
-    path.points = pointsMm;
+    path.m_points = pointsMm;
     if (closed)
         path.close();
     return path;
@@ -195,22 +195,22 @@ VectorPath VectorPath::circle(const QPointF &centreMm, double radiusMm)
 
 void VectorPath::needKinds()
 {
-    if (kinds.isEmpty())
-        kinds.fill(PieceKind::Line, std::max(0, points.size() - 1));
+    if (m_kinds.isEmpty())
+        m_kinds.fill(PieceKind::Line, std::max(0, m_points.size() - 1));
 }
 
 void VectorPath::lineTo(const QPointF &endMm)
 {
-    if (!kinds.isEmpty())
-        kinds.append(PieceKind::Line);
-    points.append(endMm);
+    if (!m_kinds.isEmpty())
+        m_kinds.append(PieceKind::Line);
+    m_points.append(endMm);
 }
 
 void VectorPath::cubicTo(const QPointF &control1Mm, const QPointF &control2Mm, const QPointF &endMm)
 {
     needKinds();
-    kinds.append(PieceKind::Cubic);
-    points << control1Mm << control2Mm << endMm;
+    m_kinds.append(PieceKind::Cubic);
+    m_points << control1Mm << control2Mm << endMm;
 }
 
 void VectorPath::arcAbout(const QPointF &centreMm, double sweepDeg)
@@ -219,40 +219,40 @@ void VectorPath::arcAbout(const QPointF &centreMm, double sweepDeg)
     const double sweep = isWhole ? std::copysign(360.0, sweepDeg) : sweepDeg;
     const QPointF from = end();
     needKinds();
-    kinds.append(PieceKind::Arc);
-    points << centreMm << QPointF(sweep, 0.0) << (isWhole ? from : turned(from, centreMm, sweep));
+    m_kinds.append(PieceKind::Arc);
+    m_points << centreMm << QPointF(sweep, 0.0) << (isWhole ? from : turned(from, centreMm, sweep));
 }
 
 void VectorPath::arcTo(const QPointF &centreMm, double sweepDeg, const QPointF &endMm)
 {
     arcAbout(centreMm, sweepDeg);
-    points.last() = endMm;
+    m_points.last() = endMm;
 }
 
 void VectorPath::setEnd(const QPointF &endMm)
 {
     if (isEmpty())
         return;
-    if (!kinds.isEmpty() && kinds.last() == PieceKind::Arc)
+    if (!m_kinds.isEmpty() && m_kinds.last() == PieceKind::Arc)
         lineTo(endMm);
     else
-        points.last() = endMm;
+        m_points.last() = endMm;
 }
 
 void VectorPath::append(const VectorPath &other)
 {
     if (other.isEmpty())
         return;
-    if (points.isEmpty())
-        points.append(other.start());
-    if (!kinds.isEmpty() || !other.kinds.isEmpty()) {
+    if (m_points.isEmpty())
+        m_points.append(other.start());
+    if (!m_kinds.isEmpty() || !other.m_kinds.isEmpty()) {
         needKinds();
-        if (other.kinds.isEmpty())
-            kinds.insert(kinds.size(), other.pieceCount(), PieceKind::Line);
+        if (other.m_kinds.isEmpty())
+            m_kinds.insert(m_kinds.size(), other.pieceCount(), PieceKind::Line);
         else
-            kinds += other.kinds;
+            m_kinds += other.m_kinds;
     }
-    std::copy(other.points.begin() + 1, other.points.end(), std::back_inserter(points));
+    std::copy(other.m_points.begin() + 1, other.m_points.end(), std::back_inserter(m_points));
 }
 
 bool VectorPath::operator==(const VectorPath &other) const
@@ -260,45 +260,45 @@ bool VectorPath::operator==(const VectorPath &other) const
     const auto isSame = [](const QPointF &a, const QPointF &b) {
         return a.x() == b.x() && a.y() == b.y(); // QPointF's own comparison is a rough one
     };
-    return closed == other.closed && kinds == other.kinds &&
-           std::equal(points.begin(), points.end(), other.points.begin(), other.points.end(),
-                      isSame);
+    return m_closed == other.m_closed && m_kinds == other.m_kinds &&
+           std::equal(m_points.begin(), m_points.end(), other.m_points.begin(),
+                      other.m_points.end(), isSame);
 }
 
 void VectorPath::close()
 {
-    if (points.isEmpty())
+    if (m_points.isEmpty())
         return;
-    const QPointF gap = points.last() - points.first();
+    const QPointF gap = m_points.last() - m_points.first();
     if (gap.x() != 0.0 || gap.y() != 0.0) // exactly: QPointF's own comparison is a rough one
-        lineTo(points.first());
-    closed = true;
+        lineTo(m_points.first());
+    m_closed = true;
 }
 
 void VectorPath::close(double withinMm)
 {
-    if (pieceCount() > 0 && distance(points.first(), points.last()) <= withinMm)
-        points.last() = points.first();
+    if (pieceCount() > 0 && distance(m_points.first(), m_points.last()) <= withinMm)
+        m_points.last() = m_points.first();
     close();
 }
 
 int VectorPath::pieceCount() const
 {
-    return kinds.isEmpty() ? std::max(0, points.size() - 1) : kinds.size();
+    return m_kinds.isEmpty() ? std::max(0, m_points.size() - 1) : m_kinds.size();
 }
 
-QPointF VectorPath::end() const { return points.isEmpty() ? QPointF() : points.last(); }
+QPointF VectorPath::end() const { return m_points.isEmpty() ? QPointF() : m_points.last(); }
 
 const QVector<QPointF> &VectorPath::polylinePoints() const
 {
     static const QVector<QPointF> kNone;
-    return isPolyline() ? points : kNone;
+    return isPolyline() ? m_points : kNone;
 }
 
 QPolygonF VectorPath::flattened(double toleranceMm) const
 {
     if (isPolyline())
-        return QPolygonF(points);
+        return QPolygonF(m_points);
     QPolygonF polygon;
     polygon.append(start());
     forEach([&](const Piece &piece) {
@@ -347,17 +347,17 @@ double VectorPath::lengthMm() const
 VectorPath VectorPath::reversed() const
 {
     VectorPath path;
-    path.closed = closed;
-    path.points.reserve(points.size());
-    path.kinds.reserve(kinds.size());
-    std::reverse_copy(points.begin(), points.end(), std::back_inserter(path.points));
-    std::reverse_copy(kinds.begin(), kinds.end(), std::back_inserter(path.kinds));
+    path.m_closed = m_closed;
+    path.m_points.reserve(m_points.size());
+    path.m_kinds.reserve(m_kinds.size());
+    std::reverse_copy(m_points.begin(), m_points.end(), std::back_inserter(path.m_points));
+    std::reverse_copy(m_kinds.begin(), m_kinds.end(), std::back_inserter(path.m_kinds));
     // An arc's centre and sweep have changed places, and the sweep its sense.
     int at = 1;
-    for (const PieceKind kind : qAsConst(path.kinds)) {
+    for (const PieceKind kind : qAsConst(path.m_kinds)) {
         if (kind == PieceKind::Arc) {
-            std::swap(path.points[at], path.points[at + 1]);
-            path.points[at + 1].rx() *= -1.0;
+            std::swap(path.m_points[at], path.m_points[at + 1]);
+            path.m_points[at + 1].rx() *= -1.0;
         }
         at += kind == PieceKind::Line ? 1 : 3;
     }
@@ -368,10 +368,10 @@ VectorPath VectorPath::transformed(const QTransform &transform) const
 {
     if (isPolyline()) {
         VectorPath path;
-        path.closed = closed;
-        path.points.reserve(points.size());
-        for (const QPointF &point : points)
-            path.points.append(transform.map(point));
+        path.m_closed = m_closed;
+        path.m_points.reserve(m_points.size());
+        for (const QPointF &point : m_points)
+            path.m_points.append(transform.map(point));
         return path;
     }
     const bool keepsArcs = isSimilarity(transform);
@@ -386,14 +386,14 @@ VectorPath VectorPath::transformed(const QTransform &transform) const
         } else if (keepsArcs) {
             path.arcAbout(transform.map(piece.control1),
                           isMirrored ? -piece.sweepDeg : piece.sweepDeg);
-            path.points.last() = transform.map(piece.to);
+            path.m_points.last() = transform.map(piece.to);
         } else {
             arcAsCubics(piece, [&](const QPointF &c1, const QPointF &c2, const QPointF &to) {
                 path.cubicTo(transform.map(c1), transform.map(c2), transform.map(to));
             });
         }
     });
-    path.closed = closed;
+    path.m_closed = m_closed;
     return path;
 }
 
@@ -412,7 +412,7 @@ void VectorPath::addTo(QPainterPath *path) const
                 path->cubicTo(c1, c2, to);
             });
     });
-    if (closed)
+    if (m_closed)
         path->closeSubpath();
 }
 

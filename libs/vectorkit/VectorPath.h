@@ -27,7 +27,7 @@ class VectorPath
 {
 public:
     VectorPath() = default;
-    explicit VectorPath(const QPointF &startMm) : points{startMm} {}
+    explicit VectorPath(const QPointF &startMm) : m_points{startMm} {}
 
     /** A straight run through these points; fewer than two give an empty path. */
     static VectorPath polyline(const QVector<QPointF> &pointsMm, bool closed = false);
@@ -59,10 +59,10 @@ public:
     void close(double withinMm);
 
     bool isEmpty() const { return pieceCount() == 0; }
-    bool isClosed() const { return closed; }
-    bool isPolyline() const { return kinds.isEmpty(); }
+    bool isClosed() const { return m_closed; }
+    bool isPolyline() const { return m_kinds.isEmpty(); }
     int pieceCount() const;
-    QPointF start() const { return points.isEmpty() ? QPointF() : points.first(); }
+    QPointF start() const { return m_points.isEmpty() ? QPointF() : m_points.first(); }
     QPointF end() const;
 
     /** The points of a path of straight pieces alone; empty for any other. */
@@ -113,31 +113,31 @@ private:
     void needKinds();
 
     QVector<QPointF>
-        points; ///< start, then 1 point a line, 3 a cubic, 3 an arc (centre, sweep in x, end)
-    QVector<PieceKind> kinds; ///< empty while all pieces are lines
-    bool closed = false;
+        m_points; ///< start, then 1 point a line, 3 a cubic, 3 an arc (centre, sweep in x, end)
+    QVector<PieceKind> m_kinds; ///< empty while all pieces are lines
+    bool m_closed = false;
 };
 
 template <class Visit>
 void VectorPath::forEach(Visit visit) const
 {
-    if (points.isEmpty())
+    if (m_points.isEmpty())
         return;
     Piece piece;
-    piece.to = points.first();
+    piece.to = m_points.first();
     int at = 1;
-    for (int index = 0; at < points.size(); ++index) {
+    for (int index = 0; at < m_points.size(); ++index) {
         piece.from = piece.to;
-        piece.kind = kinds.isEmpty() ? PieceKind::Line : kinds[index];
+        piece.kind = m_kinds.isEmpty() ? PieceKind::Line : m_kinds[index];
         if (piece.kind == PieceKind::Line) {
-            piece.to = points[at++];
+            piece.to = m_points[at++];
         } else {
-            piece.control1 = points[at];
+            piece.control1 = m_points[at];
             if (piece.kind == PieceKind::Cubic)
-                piece.control2 = points[at + 1];
+                piece.control2 = m_points[at + 1];
             else
-                piece.sweepDeg = points[at + 1].x();
-            piece.to = points[at + 2];
+                piece.sweepDeg = m_points[at + 1].x();
+            piece.to = m_points[at + 2];
             at += 3;
         }
         visit(static_cast<const Piece &>(piece));

@@ -19,48 +19,49 @@ class BoolEditor : public RowEditor
 {
 public:
     BoolEditor(const EditedRow &row, QtBoolEdit *boolEdit)
-        : RowEditor(row, boolEdit), edit(boolEdit)
+        : RowEditor(row, boolEdit), m_edit(boolEdit)
     {
         start();
-        connect(edit, &QtBoolEdit::toggled, this, [this](bool checked) { write(checked); });
+        connect(m_edit, &QtBoolEdit::toggled, this, [this](bool checked) { write(checked); });
     }
 
 protected:
     void showValue() override
     {
-        const QSignalBlocker blocker(edit);
-        edit->setChecked(value().toBool());
+        const QSignalBlocker blocker(m_edit);
+        m_edit->setChecked(value().toBool());
     }
 
 private:
-    QtBoolEdit *const edit;
+    QtBoolEdit *const m_edit;
 };
 
 /** A list to choose from: by hand, for the list's own filling is no choice. */
 class ListEditor : public RowEditor
 {
 public:
-    ListEditor(const EditedRow &row, QComboBox *box) : RowEditor(row, box), list(box)
+    ListEditor(const EditedRow &row, QComboBox *box) : RowEditor(row, box), m_list(box)
     {
-        list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-        connect(list, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this](int index) {
-            if (index >= 0)
-                write(valueAt(index));
-        });
+        m_list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        connect(m_list, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+                [this](int index) {
+                    if (index >= 0)
+                        write(valueAt(index));
+                });
     }
 
 protected:
     void showValue() override
     {
-        const QSignalBlocker blocker(list);
+        const QSignalBlocker blocker(m_list);
         const int index = indexOf(value());
-        list->setCurrentIndex(index < list->count() ? index : -1);
+        m_list->setCurrentIndex(index < m_list->count() ? index : -1);
     }
 
     virtual QVariant valueAt(int index) const = 0;
     virtual int indexOf(const QVariant &value) const = 0;
 
-    QComboBox *const list;
+    QComboBox *const m_list;
 };
 
 class EnumEditor : public ListEditor
@@ -71,12 +72,12 @@ public:
 protected:
     void showAttributes() override
     {
-        const QSignalBlocker blocker(list);
+        const QSignalBlocker blocker(m_list);
         const QStringList names = attribute(rowtypes::enumNamesName()).toStringList();
         const auto icons = attribute(rowtypes::enumIconsName()).value<QMap<int, QIcon>>();
-        list->clear();
+        m_list->clear();
         for (int i = 0; i < names.size(); ++i)
-            list->addItem(icons.value(i), names.at(i));
+            m_list->addItem(icons.value(i), names.at(i));
     }
 
     QVariant valueAt(int index) const override { return index; }
@@ -91,11 +92,11 @@ public:
 protected:
     void showAttributes() override
     {
-        const QSignalBlocker blocker(list);
-        list->clear();
+        const QSignalBlocker blocker(m_list);
+        m_list->clear();
         const QVector<Qt::CursorShape> shapes = rowtypes::cursorShapes();
         for (const Qt::CursorShape shape : shapes)
-            list->addItem(rowtypes::cursorIcon(shape), rowtypes::cursorName(shape));
+            m_list->addItem(rowtypes::cursorIcon(shape), rowtypes::cursorName(shape));
     }
 
     QVariant valueAt(int index) const override

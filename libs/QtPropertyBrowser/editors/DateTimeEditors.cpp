@@ -14,15 +14,15 @@ class AnyDateTimeEditor : public RowEditor
 {
 public:
     AnyDateTimeEditor(const EditedRow &row, QDateTimeEdit *dateTimeEdit)
-        : RowEditor(row, dateTimeEdit), edit(dateTimeEdit)
+        : RowEditor(row, dateTimeEdit), m_edit(dateTimeEdit)
     {
-        edit->setKeyboardTracking(false);
+        m_edit->setKeyboardTracking(false);
     }
 
 protected:
-    void takeEntry() override { edit->interpretText(); }
+    void takeEntry() override { m_edit->interpretText(); }
 
-    QDateTimeEdit *const edit;
+    QDateTimeEdit *const m_edit;
 };
 
 class DateEditor : public AnyDateTimeEditor
@@ -30,23 +30,23 @@ class DateEditor : public AnyDateTimeEditor
 public:
     DateEditor(const EditedRow &row, QDateTimeEdit *dateEdit) : AnyDateTimeEditor(row, dateEdit)
     {
-        edit->setCalendarPopup(true);
+        m_edit->setCalendarPopup(true);
         start();
-        connect(edit, &QDateTimeEdit::dateChanged, this, [this](QDate date) { write(date); });
+        connect(m_edit, &QDateTimeEdit::dateChanged, this, [this](QDate date) { write(date); });
     }
 
 protected:
     void showAttributes() override
     {
-        const QSignalBlocker blocker(edit);
-        edit->setDateRange(attribute(rowtypes::minimumName()).toDate(),
-                           attribute(rowtypes::maximumName()).toDate());
+        const QSignalBlocker blocker(m_edit);
+        m_edit->setDateRange(attribute(rowtypes::minimumName()).toDate(),
+                             attribute(rowtypes::maximumName()).toDate());
     }
 
     void showValue() override
     {
-        const QSignalBlocker blocker(edit);
-        edit->setDate(value().toDate());
+        const QSignalBlocker blocker(m_edit);
+        m_edit->setDate(value().toDate());
     }
 };
 
@@ -56,14 +56,14 @@ public:
     TimeEditor(const EditedRow &row, QDateTimeEdit *timeEdit) : AnyDateTimeEditor(row, timeEdit)
     {
         start();
-        connect(edit, &QDateTimeEdit::timeChanged, this, [this](QTime time) { write(time); });
+        connect(m_edit, &QDateTimeEdit::timeChanged, this, [this](QTime time) { write(time); });
     }
 
 protected:
     void showValue() override
     {
-        const QSignalBlocker blocker(edit);
-        edit->setTime(value().toTime());
+        const QSignalBlocker blocker(m_edit);
+        m_edit->setTime(value().toTime());
     }
 };
 
@@ -73,18 +73,18 @@ public:
     DateTimeEditor(const EditedRow &row, QDateTimeEdit *dateTimeEdit)
         : AnyDateTimeEditor(row, dateTimeEdit)
     {
-        edit->setCalendarPopup(true);
+        m_edit->setCalendarPopup(true);
         start();
-        connect(edit, &QDateTimeEdit::dateTimeChanged, this,
+        connect(m_edit, &QDateTimeEdit::dateTimeChanged, this,
                 [this](const QDateTime &dateTime) { write(dateTime); });
     }
 
 protected:
     void showValue() override
     {
-        const QSignalBlocker blocker(edit);
-        edit->setTimeSpec(value().toDateTime().timeSpec());
-        edit->setDateTime(value().toDateTime());
+        const QSignalBlocker blocker(m_edit);
+        m_edit->setTimeSpec(value().toDateTime().timeSpec());
+        m_edit->setDateTime(value().toDateTime());
     }
 };
 

@@ -17,26 +17,26 @@ bool isRemoval(const QKeyEvent &event)
 } // namespace
 
 DialogEdit::DialogEdit(QWidget *parent)
-    : QWidget(parent), picture(new QLabel(this)), words(new QLabel(this)),
-      button(new QToolButton(this))
+    : QWidget(parent), m_picture(new QLabel(this)), m_words(new QLabel(this)),
+      m_button(new QToolButton(this))
 {
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(4, 0, 0, 0);
     layout->setSpacing(4);
-    layout->addWidget(picture);
-    layout->addWidget(words, 1);
-    layout->addWidget(button);
-    words->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    button->setText(QStringLiteral("..."));
-    button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
-    setFocusProxy(button);
-    connect(button, &QToolButton::clicked, this, &DialogEdit::dialogWanted);
+    layout->addWidget(m_picture);
+    layout->addWidget(m_words, 1);
+    layout->addWidget(m_button);
+    m_words->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_button->setText(QStringLiteral("..."));
+    m_button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+    setFocusProxy(m_button);
+    connect(m_button, &QToolButton::clicked, this, &DialogEdit::dialogWanted);
 }
 
 void DialogEdit::setContent(const QIcon &icon, const QString &text)
 {
-    picture->setPixmap(icon.pixmap(kPictureSizePx));
-    words->setText(text);
+    m_picture->setPixmap(icon.pixmap(kPictureSizePx));
+    m_words->setText(text);
 }
 
 bool DialogEdit::event(QEvent *event)

@@ -24,7 +24,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    QLabel *const picture; ///< a child, like the others
-    QLabel *const words;
-    QToolButton *const button;
+    QLabel *const m_picture; ///< a child, like the others
+    QLabel *const m_words;
+    QToolButton *const m_button;
 };

@@ -19,20 +19,20 @@ class AnyDialogEditor : public RowEditor
 {
 public:
     AnyDialogEditor(const EditedRow &row, DialogEdit *dialogEdit)
-        : RowEditor(row, dialogEdit), edit(dialogEdit), shown(row.property)
+        : RowEditor(row, dialogEdit), m_edit(dialogEdit), m_shown(row.property)
     {
         start();
-        connect(edit, &DialogEdit::dialogWanted, this, [this] { openDialog(); });
+        connect(m_edit, &DialogEdit::dialogWanted, this, [this] { openDialog(); });
     }
 
 protected:
-    void showValue() override { edit->setContent(shown->valueIcon(), shown->valueText()); }
+    void showValue() override { m_edit->setContent(m_shown->valueIcon(), m_shown->valueText()); }
     virtual void openDialog() = 0;
 
-    DialogEdit *const edit;
+    DialogEdit *const m_edit;
 
 private:
-    QtProperty *const shown; ///< the row; read only while the editor is tied to it
+    QtProperty *const m_shown; ///< the row; read only while the editor is tied to it
 };
 
 class ColorEditor : public AnyDialogEditor
@@ -43,7 +43,7 @@ public:
 protected:
     void openDialog() override
     {
-        auto *dialog = new QColorDialog(value().value<QColor>(), edit);
+        auto *dialog = new QColorDialog(value().value<QColor>(), m_edit);
         dialog->setAttribute(Qt::WA_DeleteOnClose);
         dialog->setOption(QColorDialog::ShowAlphaChannel);
         connect(dialog, &QColorDialog::colorSelected, this,
@@ -85,10 +85,10 @@ protected:
     void openDialog() override
     {
         const QFont before = value().value<QFont>();
-        auto *dialog = new QFontDialog(before, edit);
+        auto *dialog = new QFontDialog(before, m_edit);
         dialog->setAttribute(Qt::WA_DeleteOnClose);
         connect(dialog, &QFontDialog::fontSelected, this, [this, before](const QFont &chosen) {
-            write(merged(before, chosen, edit->logicalDpiY()));
+            write(merged(before, chosen, m_edit->logicalDpiY()));
         });
         dialog->open();
     }

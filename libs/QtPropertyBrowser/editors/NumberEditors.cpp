@@ -14,31 +14,31 @@ template <class Box, class Number>
 class NumberEditor : public RowEditor
 {
 public:
-    NumberEditor(const EditedRow &row, Box *spinBox) : RowEditor(row, spinBox), box(spinBox)
+    NumberEditor(const EditedRow &row, Box *spinBox) : RowEditor(row, spinBox), m_box(spinBox)
     {
         // Without this every keystroke would be an edit of its own.
-        box->setKeyboardTracking(false);
+        m_box->setKeyboardTracking(false);
         start();
-        connect(box, QOverload<Number>::of(&Box::valueChanged), this,
+        connect(m_box, QOverload<Number>::of(&Box::valueChanged), this,
                 [this](Number entered) { write(entered); });
     }
 
 protected:
     void showAttributes() override
     {
-        const QSignalBlocker blocker(box);
+        const QSignalBlocker blocker(m_box);
         showDecimals();
-        box->setRange(number(rowtypes::minimumName()), number(rowtypes::maximumName()));
-        box->setSingleStep(number(rowtypes::singleStepName()));
+        m_box->setRange(number(rowtypes::minimumName()), number(rowtypes::maximumName()));
+        m_box->setSingleStep(number(rowtypes::singleStepName()));
     }
 
     void showValue() override
     {
-        const QSignalBlocker blocker(box);
-        box->setValue(value().template value<Number>());
+        const QSignalBlocker blocker(m_box);
+        m_box->setValue(value().template value<Number>());
     }
 
-    void takeEntry() override { box->interpretText(); }
+    void takeEntry() override { m_box->interpretText(); }
 
 private:
     Number number(const QString &name) const { return attribute(name).template value<Number>(); }
@@ -46,10 +46,10 @@ private:
     void showDecimals()
     {
         if constexpr (std::is_same_v<Box, QDoubleSpinBox>)
-            box->setDecimals(attribute(rowtypes::decimalsName()).toInt());
+            m_box->setDecimals(attribute(rowtypes::decimalsName()).toInt());
     }
 
-    Box *const box;
+    Box *const m_box;
 };
 
 template <class Box, class Number>

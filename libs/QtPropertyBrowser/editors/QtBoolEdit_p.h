@@ -24,5 +24,5 @@ protected:
 private:
     void showText();
 
-    QCheckBox *const box; ///< a child
+    QCheckBox *const m_box; ///< a child
 };

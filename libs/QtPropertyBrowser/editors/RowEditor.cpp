@@ -28,7 +28,7 @@ Maker maker(int propertyType)
 }
 
 RowEditor::RowEditor(const EditedRow &row, QWidget *widget)
-    : QObject(widget), manager(row.manager), property(row.property)
+    : QObject(widget), m_manager(row.manager), m_property(row.property)
 {
     connect(row.manager, &QtVariantPropertyManager::valueChanged, this,
             [this](QtProperty *changed) { follow(changed, false); });
@@ -36,7 +36,7 @@ RowEditor::RowEditor(const EditedRow &row, QWidget *widget)
             [this](QtProperty *changed) { follow(changed, true); });
     connect(row.manager, &QtAbstractPropertyManager::propertyDestroyed, this,
             [this](QtProperty *destroyed) {
-                if (destroyed == property)
+                if (destroyed == m_property)
                     release();
             });
 }
@@ -58,7 +58,7 @@ void RowEditor::revert()
         showValue();
 }
 
-void RowEditor::release() { property = nullptr; }
+void RowEditor::release() { m_property = nullptr; }
 
 void RowEditor::start()
 {
@@ -68,27 +68,27 @@ void RowEditor::start()
 
 QVariant RowEditor::attribute(const QString &name) const
 {
-    return isTied() ? manager->attributeValue(property, name) : QVariant();
+    return isTied() ? m_manager->attributeValue(m_property, name) : QVariant();
 }
 
-QVariant RowEditor::value() const { return isTied() ? manager->value(property) : QVariant(); }
+QVariant RowEditor::value() const { return isTied() ? m_manager->value(m_property) : QVariant(); }
 
 void RowEditor::write(const QVariant &value)
 {
     if (!isTied())
         return;
     const QPointer<RowEditor> guard(this);
-    manager->setValue(property, value);
+    m_manager->setValue(m_property, value);
     // The row may have refused the value or bounded it, and a slot may have deleted everything.
     if (guard && isTied())
         showValue();
 }
 
-bool RowEditor::isTied() const { return manager && property; }
+bool RowEditor::isTied() const { return m_manager && m_property; }
 
 void RowEditor::follow(const QtProperty *changed, bool attributes)
 {
-    if (!isTied() || changed != property)
+    if (!isTied() || changed != m_property)
         return;
     if (attributes)
         showAttributes();

@@ -65,8 +65,8 @@ private:
     bool isTied() const;
     void follow(const QtProperty *changed, bool attributes);
 
-    QPointer<QtVariantPropertyManager> manager;
-    QtProperty *property; ///< borrowed from the manager; null once it is destroyed
+    QPointer<QtVariantPropertyManager> m_manager;
+    QtProperty *m_property; ///< borrowed from the manager; null once it is destroyed
 };
 
 } // namespace roweditors

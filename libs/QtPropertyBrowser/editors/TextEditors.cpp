@@ -32,38 +32,38 @@ class StringEditor : public RowEditor
 {
 public:
     StringEditor(const EditedRow &row, QLineEdit *lineEdit)
-        : RowEditor(row, lineEdit), edit(lineEdit)
+        : RowEditor(row, lineEdit), m_edit(lineEdit)
     {
         start();
-        connect(edit, &QLineEdit::editingFinished, this, [this] { commit(); });
+        connect(m_edit, &QLineEdit::editingFinished, this, [this] { commit(); });
     }
 
 protected:
     void showAttributes() override
     {
-        const QValidator *former = edit->validator();
-        edit->setValidator(validatorOf(attribute(rowtypes::regExpName()), edit));
+        const QValidator *former = m_edit->validator();
+        m_edit->setValidator(validatorOf(attribute(rowtypes::regExpName()), m_edit));
         delete former;
-        edit->setEchoMode(QLineEdit::EchoMode(attribute(rowtypes::echoModeName()).toInt()));
-        edit->setReadOnly(attribute(rowtypes::readOnlyName()).toBool());
+        m_edit->setEchoMode(QLineEdit::EchoMode(attribute(rowtypes::echoModeName()).toInt()));
+        m_edit->setReadOnly(attribute(rowtypes::readOnlyName()).toBool());
     }
 
     void showValue() override
     {
-        if (edit->text() != value().toString())
-            edit->setText(value().toString());
+        if (m_edit->text() != value().toString())
+            m_edit->setText(value().toString());
     }
 
     void takeEntry() override
     {
-        if (!edit->hasAcceptableInput())
+        if (!m_edit->hasAcceptableInput())
             showValue();
-        else if (edit->text() != value().toString())
-            write(edit->text());
+        else if (m_edit->text() != value().toString())
+            write(m_edit->text());
     }
 
 private:
-    QLineEdit *const edit;
+    QLineEdit *const m_edit;
 };
 
 /** Takes one character: each key replaces the last, Delete and Backspace leave none. */
@@ -90,10 +90,10 @@ protected:
 class CharEditor : public RowEditor
 {
 public:
-    CharEditor(const EditedRow &row, OneKeyEdit *keyEdit) : RowEditor(row, keyEdit), edit(keyEdit)
+    CharEditor(const EditedRow &row, OneKeyEdit *keyEdit) : RowEditor(row, keyEdit), m_edit(keyEdit)
     {
         start();
-        connect(edit, &QLineEdit::textEdited, this,
+        connect(m_edit, &QLineEdit::textEdited, this,
                 [this](const QString &text) { write(text.isEmpty() ? QChar() : text.at(0)); });
     }
 
@@ -101,35 +101,35 @@ protected:
     void showValue() override
     {
         const QChar held = value().toChar();
-        edit->setText(held.isNull() ? QString() : QString(held));
+        m_edit->setText(held.isNull() ? QString() : QString(held));
     }
 
 private:
-    OneKeyEdit *const edit;
+    OneKeyEdit *const m_edit;
 };
 
 class KeySequenceEditor : public RowEditor
 {
 public:
     KeySequenceEditor(const EditedRow &row, QKeySequenceEdit *keyEdit)
-        : RowEditor(row, keyEdit), edit(keyEdit)
+        : RowEditor(row, keyEdit), m_edit(keyEdit)
     {
         start();
-        connect(edit, &QKeySequenceEdit::editingFinished, this, [this] { commit(); });
+        connect(m_edit, &QKeySequenceEdit::editingFinished, this, [this] { commit(); });
     }
 
 protected:
     void showValue() override
     {
-        const QSignalBlocker blocker(edit);
-        if (edit->keySequence() != value().value<QKeySequence>())
-            edit->setKeySequence(value().value<QKeySequence>());
+        const QSignalBlocker blocker(m_edit);
+        if (m_edit->keySequence() != value().value<QKeySequence>())
+            m_edit->setKeySequence(value().value<QKeySequence>());
     }
 
-    void takeEntry() override { write(QVariant::fromValue(edit->keySequence())); }
+    void takeEntry() override { write(QVariant::fromValue(m_edit->keySequence())); }
 
 private:
-    QKeySequenceEdit *const edit;
+    QKeySequenceEdit *const m_edit;
 };
 
 template <class Editor, class Widget>

@@ -28,21 +28,21 @@ public:
             application->findChild<FontFamilies *>(cacheName(), Qt::FindDirectChildrenOnly);
         if (!cache)
             cache = new FontFamilies(application);
-        return cache->families;
+        return cache->m_families;
     }
 
 private:
     explicit FontFamilies(QGuiApplication *application)
-        : QObject(application), families(QFontDatabase().families())
+        : QObject(application), m_families(QFontDatabase().families())
     {
         setObjectName(cacheName());
         connect(application, &QGuiApplication::fontDatabaseChanged, this,
-                [this] { families = QFontDatabase().families(); });
+                [this] { m_families = QFontDatabase().families(); });
     }
 
     static QString cacheName() { return QStringLiteral("qt_propertybrowser_fontfamilies"); }
 
-    QStringList families;
+    QStringList m_families;
 };
 
 class FontType : public RowType

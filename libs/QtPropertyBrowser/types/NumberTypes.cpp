@@ -15,7 +15,7 @@ class NumberType : public RowType
 {
 public:
     NumberType(int type, Number lowest, Number highest)
-        : RowType(type, type), lowestValue(lowest), highestValue(highest)
+        : RowType(type, type), m_lowestValue(lowest), m_highestValue(highest)
     {
     }
 
@@ -23,8 +23,8 @@ public:
 
     QVector<AttributeSpec> attributes() const override
     {
-        return {{minimumName(), valueType(), lowestValue},
-                {maximumName(), valueType(), highestValue},
+        return {{minimumName(), valueType(), m_lowestValue},
+                {maximumName(), valueType(), m_highestValue},
                 {singleStepName(), valueType(), Number(1)}};
     }
 
@@ -63,8 +63,8 @@ protected:
     static Number number(const QVariant &value) { return value.value<Number>(); }
 
 private:
-    const Number lowestValue;
-    const Number highestValue;
+    const Number m_lowestValue;
+    const Number m_highestValue;
 };
 
 class IntType : public NumberType<int>

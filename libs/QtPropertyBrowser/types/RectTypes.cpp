@@ -53,7 +53,7 @@ template <class Rect, class Number, class Wide>
 class AnyRectType : public RowType
 {
 public:
-    AnyRectType(int type, int numberType) : RowType(type, type), number(numberType) {}
+    AnyRectType(int type, int numberType) : RowType(type, type), m_number(numberType) {}
 
     QVariant initialValue() const override { return Rect(0, 0, 0, 0); }
 
@@ -103,7 +103,7 @@ public:
     {
         QVector<FieldSpec> specs;
         for (int field = 0; field < 4; ++field)
-            specs.append({fieldName(field), number, fieldAttributes(field, attributes)});
+            specs.append({fieldName(field), m_number, fieldAttributes(field, attributes)});
         return specs;
     }
 
@@ -159,7 +159,7 @@ private:
         return own;
     }
 
-    const int number;
+    const int m_number;
 };
 
 class RectType : public AnyRectType<QRect, int, qint64>

@@ -30,13 +30,13 @@ struct FieldSpec
 class RowType
 {
 public:
-    RowType(int propertyType, int valueType) : ownType(propertyType), heldType(valueType) {}
+    RowType(int propertyType, int valueType) : m_ownType(propertyType), m_heldType(valueType) {}
     virtual ~RowType() = default;
     RowType(const RowType &) = delete;
     RowType &operator=(const RowType &) = delete;
 
-    int propertyType() const { return ownType; }
-    int valueType() const { return heldType; }
+    int propertyType() const { return m_ownType; }
+    int valueType() const { return m_heldType; }
 
     virtual QVariant initialValue() const = 0;
     virtual QVector<AttributeSpec> attributes() const { return {}; }
@@ -71,8 +71,8 @@ public:
     virtual QVariant withField(const QVariant &value, int field, const QVariant &part) const;
 
 private:
-    const int ownType;
-    const int heldType;
+    const int m_ownType;
+    const int m_heldType;
 };
 
 using RowTypes = std::vector<std::unique_ptr<RowType>>;

@@ -16,7 +16,7 @@ template <class Size, class Number>
 class AnySizeType : public RowType
 {
 public:
-    AnySizeType(int type, int sideType) : RowType(type, type), side(sideType) {}
+    AnySizeType(int type, int sideType) : RowType(type, type), m_side(sideType) {}
 
     QVariant initialValue() const override { return Size(0, 0); }
 
@@ -60,8 +60,8 @@ public:
         const Size smallest = size(attributes.value(minimumName()));
         const Size largest = size(attributes.value(maximumName()));
         return {
-            {sideName(0), side, sideAttributes(smallest.width(), largest.width(), attributes)},
-            {sideName(1), side, sideAttributes(smallest.height(), largest.height(), attributes)}};
+            {sideName(0), m_side, sideAttributes(smallest.width(), largest.width(), attributes)},
+            {sideName(1), m_side, sideAttributes(smallest.height(), largest.height(), attributes)}};
     }
 
     QVariant fieldValue(const QVariant &value, int field) const override
@@ -90,7 +90,7 @@ private:
         return own;
     }
 
-    const int side;
+    const int m_side;
 };
 
 class SizeType : public AnySizeType<QSize, int>

@@ -27,13 +27,13 @@ public:
     }
 
     explicit PackedFields(const QDataStream &stream)
-        : isBigEndian(stream.byteOrder() == QDataStream::BigEndian)
+        : m_isBigEndian(stream.byteOrder() == QDataStream::BigEndian)
     {
     }
 
     PackedFields &operator<<(quint8 value)
     {
-        bytes[size++] = static_cast<char>(value);
+        m_bytes[m_size++] = static_cast<char>(value);
         return *this;
     }
 
@@ -67,20 +67,20 @@ public:
                      << t.m32() << t.m33();
     }
 
-    void writeTo(QDataStream &stream) const { stream.writeRawData(bytes, size); }
+    void writeTo(QDataStream &stream) const { stream.writeRawData(m_bytes, m_size); }
 
 private:
     template <class Integer>
     void append(Integer value)
     {
-        if (isBigEndian)
-            qToBigEndian(value, bytes + size);
+        if (m_isBigEndian)
+            qToBigEndian(value, m_bytes + m_size);
         else
-            qToLittleEndian(value, bytes + size);
-        size += static_cast<int>(sizeof value);
+            qToLittleEndian(value, m_bytes + m_size);
+        m_size += static_cast<int>(sizeof value);
     }
 
-    char bytes[Size];
-    int size = 0;
-    bool isBigEndian;
+    char m_bytes[Size];
+    int m_size = 0;
+    bool m_isBigEndian;
 };

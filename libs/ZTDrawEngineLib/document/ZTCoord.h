@@ -58,15 +58,15 @@ private:
     ZTCoord();
     ~ZTCoord() = default;
 
-    double physicalWidth = 343.126;
-    double physicalHeight = 193.0;
-    double width = 1600.0;
-    double height = 900.0;
-    double displayRatio = 1.0;
-    double fieldScale = 10.0;    ///< factor of the marking field
-    double fieldUnits = 65535.0; ///< full count of the marking field's coordinates
-    double distance = 131070.0;
-    double fieldExtent = fieldUnits * fieldScale;
-    double markRatio = 2.0;    ///< distance / fieldUnits
-    double speedRatio = 200.0; ///< distance / fieldExtent * 1000
+    double m_physicalWidth = 343.126;
+    double m_physicalHeight = 193.0;
+    double m_width = 1600.0;
+    double m_height = 900.0;
+    double m_displayRatio = 1.0;
+    double m_fieldScale = 10.0;    ///< factor of the marking field
+    double m_fieldUnits = 65535.0; ///< full count of the marking field's coordinates
+    double m_distance = 131070.0;
+    double m_fieldExtent = m_fieldUnits * m_fieldScale;
+    double m_markRatio = 2.0;    ///< distance / fieldUnits
+    double m_speedRatio = 200.0; ///< distance / fieldExtent * 1000
 };

@@ -56,28 +56,28 @@ struct ZTGraphicsDocument::Form
 };
 
 ZTGraphicsDocument::ZTGraphicsDocument(QWidget *parent)
-    : QFrame(parent), ui(std::make_unique<Form>())
+    : QFrame(parent), m_ui(std::make_unique<Form>())
 {
-    ui->setupUi(*this);
+    m_ui->setupUi(*this);
     std::srand(static_cast<unsigned>(std::clock()));
     m_undoStack = new QUndoStack(this);
-    shapeManager = new ZTShapeManager;
-    m_scene = shapeManager->scene();
+    m_shapeManager = new ZTShapeManager;
+    m_scene = m_shapeManager->scene();
     m_scene->setUndoStack(m_undoStack);
-    ui->graphicsView->setScene(m_scene);
+    m_ui->graphicsView->setScene(m_scene);
 }
 
 ZTGraphicsDocument::~ZTGraphicsDocument()
 {
     delete m_undoStack;
-    delete shapeManager;
+    delete m_shapeManager;
 }
 
-ZTGraphicsView *ZTGraphicsDocument::view() const { return ui->graphicsView; }
+ZTGraphicsView *ZTGraphicsDocument::view() const { return m_ui->graphicsView; }
 
 ZTGraphicsScene *ZTGraphicsDocument::scene() const { return m_scene; }
 
-ZTShapeManager *ZTGraphicsDocument::itemMag() const { return shapeManager; }
+ZTShapeManager *ZTGraphicsDocument::itemMag() const { return m_shapeManager; }
 
 QUndoStack *ZTGraphicsDocument::undoStack() const { return m_undoStack; }
 
@@ -91,25 +91,25 @@ void ZTGraphicsDocument::setObjectTree(ZTObjectTreeWidget *tree)
     if (tree == nullptr)
         return;
     tree->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    tree->setModel(shapeManager->itemModel());
-    if (auto *model = qobject_cast<ZTItemModel *>(shapeManager->itemModel()))
+    tree->setModel(m_shapeManager->itemModel());
+    if (auto *model = qobject_cast<ZTItemModel *>(m_shapeManager->itemModel()))
         tree->setSelectionModel(model->itemSelectionModel());
 }
 
 void ZTGraphicsDocument::clear()
 {
     m_undoStack->clear();
-    shapeManager->clear();
+    m_shapeManager->clear();
 }
 
-void ZTGraphicsDocument::removeSelectItem() { shapeManager->removeSelect(); }
+void ZTGraphicsDocument::removeSelectItem() { m_shapeManager->removeSelect(); }
 
 void ZTGraphicsDocument::slotCreateShape(const ShapeType &type)
 {
     const int x = randomOffset();
     const int y = randomOffset();
-    Q_EMIT shapeManager->sigAddedShape(
-        shapeManager->addShape(type, QRectF(x, y, kNewShapeMm, kNewShapeMm)));
+    Q_EMIT m_shapeManager->sigAddedShape(
+        m_shapeManager->addShape(type, QRectF(x, y, kNewShapeMm, kNewShapeMm)));
 }
 
 void ZTGraphicsDocument::slotCreateShape(int type)
@@ -117,14 +117,14 @@ void ZTGraphicsDocument::slotCreateShape(int type)
     slotCreateShape(static_cast<ShapeType>(type));
 }
 
-void ZTGraphicsDocument::slotViewZoomIn() { ui->graphicsView->zoomIn(); }
+void ZTGraphicsDocument::slotViewZoomIn() { m_ui->graphicsView->zoomIn(); }
 
-void ZTGraphicsDocument::slotViewZoomOut() { ui->graphicsView->zoomOut(); }
+void ZTGraphicsDocument::slotViewZoomOut() { m_ui->graphicsView->zoomOut(); }
 
 void ZTGraphicsDocument::slotViewResize()
 {
-    ui->graphicsView->centerOn(0.0, 0.0);
-    ui->graphicsView->resetSize(1.0);
+    m_ui->graphicsView->centerOn(0.0, 0.0);
+    m_ui->graphicsView->resetSize(1.0);
 }
 
 void ZTGraphicsDocument::slotViewDisplayItem()
@@ -132,7 +132,7 @@ void ZTGraphicsDocument::slotViewDisplayItem()
     const QRectF shown = m_scene != nullptr ? m_scene->getSelectionItemRect() : QRectF();
     if (shown.isEmpty())
         return;
-    ZTGraphicsView &view = *ui->graphicsView;
+    ZTGraphicsView &view = *m_ui->graphicsView;
     view.centerOn(shown.center());
     // Kept: only the larger side is fitted, whatever the proportions of the view are.
     const double fit = shown.width() > shown.height() ? view.width() / shown.width()

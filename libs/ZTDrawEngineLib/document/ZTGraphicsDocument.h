@@ -85,9 +85,9 @@ private:
 
     void removeSelectItem();
 
-    std::unique_ptr<Form> ui;
+    std::unique_ptr<Form> m_ui;
     QUndoStack *m_undoStack = nullptr;         ///< owned; deleted before the manager
-    ZTShapeManager *shapeManager = nullptr;    ///< owned
+    ZTShapeManager *m_shapeManager = nullptr;  ///< owned
     QPointer<ZTGraphicsScene> m_scene;         ///< borrowed from the manager
     QPointer<ZTObjectTreeWidget> m_objectTree; ///< borrowed from the host
 };

@@ -82,31 +82,31 @@ ZTGraphicsView::ZTGraphicsView(QWidget *parent) : QGraphicsView(parent)
 
 void ZTGraphicsView::zoomIn()
 {
-    if (scale < kUpperZoomLimit)
-        setScale(scale * kZoomStep);
+    if (m_scale < kUpperZoomLimit)
+        setScale(m_scale * kZoomStep);
 }
 
 void ZTGraphicsView::zoomOut()
 {
-    if (scale > kLowerZoomLimit)
-        setScale(scale / kZoomStep);
+    if (m_scale > kLowerZoomLimit)
+        setScale(m_scale / kZoomStep);
 }
 
 void ZTGraphicsView::resetSize(double newScale) { setScale(newScale); }
 
 void ZTGraphicsView::setScale(double newScale)
 {
-    scale = newScale;
+    m_scale = newScale;
     QTransform transform;
-    transform.scale(scale, scale);
+    transform.scale(m_scale, m_scale);
     setTransform(transform);
 }
 
-double ZTGraphicsView::getDisplayScale() const { return scale; }
+double ZTGraphicsView::getDisplayScale() const { return m_scale; }
 
-QRect ZTGraphicsView::getWorkArea() const { return workArea; }
+QRect ZTGraphicsView::getWorkArea() const { return m_workArea; }
 
-void ZTGraphicsView::setWorkArea(QRect areaMm) { workArea = areaMm; }
+void ZTGraphicsView::setWorkArea(QRect areaMm) { m_workArea = areaMm; }
 
 void ZTGraphicsView::wheelEvent(QWheelEvent *event)
 {
@@ -125,7 +125,7 @@ void ZTGraphicsView::mouseMoveEvent(QMouseEvent *event) { QGraphicsView::mouseMo
 
 void ZTGraphicsView::scrollContentsBy(int dx, int dy)
 {
-    scrollOffset -= QPointF(dx, dy);
+    m_scrollOffset -= QPointF(dx, dy);
     QGraphicsView::scrollContentsBy(dx, dy);
 }
 
@@ -167,5 +167,5 @@ void ZTGraphicsView::drawBackground(QPainter *painter, const QRectF &rect)
     const int middleY = top + scene.height() / 2;
     painter->drawLine(middleX, top + 1, middleX, bottom - 1);
     painter->drawLine(left, middleY, right, middleY);
-    painter->drawRect(ZTCoord::getInstance()->getMm2pixTransform().mapRect(QRectF(workArea)));
+    painter->drawRect(ZTCoord::getInstance()->getMm2pixTransform().mapRect(QRectF(m_workArea)));
 }

@@ -59,9 +59,9 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    double scale = 1.0;
-    ZTAbstractAxis *horizontalRuler = nullptr; ///< reserved for a ruler; stays null
-    ZTAbstractAxis *verticalRuler = nullptr;   ///< reserved for a ruler; stays null
-    QPointF scrollOffset;                      ///< running sum of scrolling, for a ruler
-    QRect workArea{-300, -300, 600, 600};      ///< millimetres
+    double m_scale = 1.0;
+    ZTAbstractAxis *m_horizontalRuler = nullptr; ///< reserved for a ruler; stays null
+    ZTAbstractAxis *m_verticalRuler = nullptr;   ///< reserved for a ruler; stays null
+    QPointF m_scrollOffset;                      ///< running sum of scrolling, for a ruler
+    QRect m_workArea{-300, -300, 600, 600};      ///< millimetres
 };

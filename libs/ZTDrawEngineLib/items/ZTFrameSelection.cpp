@@ -23,17 +23,17 @@ QSet<const QGraphicsItem *> itemsOf(const QGraphicsScene *scene)
 
 void ZTFrameSelection::assign(const QList<QGraphicsItem *> &items)
 {
-    selectItems = items;
-    guards.clear();
-    guards.reserve(items.size());
-    plainCount = 0;
+    m_selectItems = items;
+    m_guards.clear();
+    m_guards.reserve(items.size());
+    m_plainCount = 0;
     for (QGraphicsItem *item : items) {
         Guard guard;
         guard.shapeItem = dynamic_cast<ZTAbstractGraphicsItem *>(item);
         guard.object = guard.shapeItem != nullptr ? guard.shapeItem : dynamic_cast<QObject *>(item);
         guard.isPlain = guard.object.isNull();
-        plainCount += guard.isPlain ? 1 : 0;
-        guards.append(guard);
+        m_plainCount += guard.isPlain ? 1 : 0;
+        m_guards.append(guard);
     }
     forgetExtents();
 }
@@ -41,42 +41,42 @@ void ZTFrameSelection::assign(const QList<QGraphicsItem *> &items)
 const QList<QGraphicsItem *> &ZTFrameSelection::items(const QGraphicsScene *scene)
 {
     removeGone(scene);
-    return selectItems;
+    return m_selectItems;
 }
 
 void ZTFrameSelection::removeGone(const QGraphicsScene *scene)
 {
-    const bool canWatchPlain = plainCount > 0 && scene != nullptr;
+    const bool canWatchPlain = m_plainCount > 0 && scene != nullptr;
     const QSet<const QGraphicsItem *> present =
         canWatchPlain ? itemsOf(scene) : QSet<const QGraphicsItem *>();
     const auto isThere = [&](int i) {
-        if (guards.at(i).isPlain)
-            return !canWatchPlain || present.contains(selectItems.at(i));
-        return !guards.at(i).object.isNull();
+        if (m_guards.at(i).isPlain)
+            return !canWatchPlain || present.contains(m_selectItems.at(i));
+        return !m_guards.at(i).object.isNull();
     };
 
     int kept = 0;
-    while (kept < guards.size() && isThere(kept))
+    while (kept < m_guards.size() && isThere(kept))
         ++kept;
-    if (kept == guards.size())
+    if (kept == m_guards.size())
         return;
-    for (int i = kept + 1; i < guards.size(); ++i) {
+    for (int i = kept + 1; i < m_guards.size(); ++i) {
         if (isThere(i)) {
-            selectItems[kept] = selectItems.at(i);
-            guards[kept] = guards.at(i);
+            m_selectItems[kept] = m_selectItems.at(i);
+            m_guards[kept] = m_guards.at(i);
             ++kept;
         }
     }
-    selectItems.erase(selectItems.begin() + kept, selectItems.end());
-    guards.resize(kept);
+    m_selectItems.erase(m_selectItems.begin() + kept, m_selectItems.end());
+    m_guards.resize(kept);
     forgetExtents();
 }
 
 QVector<ZTFrameSelection::ShapeItem> ZTFrameSelection::shapeItems() const
 {
     QVector<ShapeItem> result;
-    result.reserve(guards.size());
-    for (const Guard &guard : guards) {
+    result.reserve(m_guards.size());
+    for (const Guard &guard : m_guards) {
         if (guard.shapeItem != nullptr && guard.object)
             result.append(guard.shapeItem);
     }
@@ -87,9 +87,9 @@ QVector<QGraphicsItem *> ZTFrameSelection::foreignItems(const QGraphicsScene *sc
 {
     removeGone(scene);
     QVector<QGraphicsItem *> result;
-    for (int i = 0; i < guards.size(); ++i) {
-        if (guards.at(i).shapeItem == nullptr)
-            result.append(selectItems.at(i));
+    for (int i = 0; i < m_guards.size(); ++i) {
+        if (m_guards.at(i).shapeItem == nullptr)
+            result.append(m_selectItems.at(i));
     }
     return result;
 }
@@ -99,7 +99,7 @@ ZTSelectionBounds::Extent ZTFrameSelection::readExtent()
     forgetExtents();
     QRectF rectPx;
     double z = 0;
-    for (const Guard &guard : qAsConst(guards)) {
+    for (const Guard &guard : qAsConst(m_guards)) {
         if (guard.shapeItem == nullptr || !guard.object)
             continue;
         rectPx |= guard.shapeItem->mapRectToScene(guard.shapeItem->boundingRect());
@@ -110,45 +110,45 @@ ZTSelectionBounds::Extent ZTFrameSelection::readExtent()
 
 ZTSelectionBounds::Extent ZTFrameSelection::extentAfterChangeOf(ZTAbstractGraphicsItem *child)
 {
-    if (guards.size() <= kFewItems)
+    if (m_guards.size() <= kFewItems)
         return readExtent();
-    if (isBoundsValid)
+    if (m_isBoundsValid)
         noteChange(child);
     else
         readAll();
-    return bounds.total();
+    return m_bounds.total();
 }
 
 void ZTFrameSelection::noteChange(ZTAbstractGraphicsItem *child)
 {
-    const int index = isBoundsValid ? boundsIndex.value(child, -1) : -1;
+    const int index = m_isBoundsValid ? m_boundsIndex.value(child, -1) : -1;
     if (index >= 0)
-        bounds.replace(index, extentOf(child));
+        m_bounds.replace(index, extentOf(child));
 }
 
 void ZTFrameSelection::noteGone(ZTAbstractGraphicsItem *child)
 {
-    const int index = isBoundsValid ? boundsIndex.value(child, -1) : -1;
+    const int index = m_isBoundsValid ? m_boundsIndex.value(child, -1) : -1;
     if (index >= 0) {
-        bounds.replace(index, {});
-        boundsIndex.remove(child);
+        m_bounds.replace(index, {});
+        m_boundsIndex.remove(child);
     }
 }
 
-void ZTFrameSelection::forgetExtents() { isBoundsValid = false; }
+void ZTFrameSelection::forgetExtents() { m_isBoundsValid = false; }
 
 void ZTFrameSelection::readAll()
 {
     std::vector<ZTSelectionBounds::Extent> extents;
-    extents.reserve(static_cast<std::size_t>(guards.size()));
-    boundsIndex.clear();
-    boundsIndex.reserve(guards.size());
-    for (const Guard &guard : qAsConst(guards)) {
+    extents.reserve(static_cast<std::size_t>(m_guards.size()));
+    m_boundsIndex.clear();
+    m_boundsIndex.reserve(m_guards.size());
+    for (const Guard &guard : qAsConst(m_guards)) {
         if (guard.shapeItem == nullptr || !guard.object)
             continue;
-        boundsIndex.insert(guard.shapeItem, static_cast<int>(extents.size()));
+        m_boundsIndex.insert(guard.shapeItem, static_cast<int>(extents.size()));
         extents.push_back(extentOf(guard.shapeItem));
     }
-    bounds.assign(extents);
-    isBoundsValid = true;
+    m_bounds.assign(extents);
+    m_isBoundsValid = true;
 }

@@ -58,11 +58,11 @@ private:
     void removeGone(const QGraphicsScene *scene);
     void readAll();
 
-    QList<QGraphicsItem *> selectItems;
-    QVector<Guard> guards; ///< one for each entry of `selectItems`
-    int plainCount = 0;
+    QList<QGraphicsItem *> m_selectItems;
+    QVector<Guard> m_guards; ///< one for each entry of `selectItems`
+    int m_plainCount = 0;
 
-    ZTSelectionBounds bounds;
-    QHash<const ZTAbstractGraphicsItem *, int> boundsIndex;
-    bool isBoundsValid = false;
+    ZTSelectionBounds m_bounds;
+    QHash<const ZTAbstractGraphicsItem *, int> m_boundsIndex;
+    bool m_isBoundsValid = false;
 };

@@ -3,31 +3,31 @@
 #include <ZTDrawEngineLib/items/ZTShapeCopy_p.h>
 #include <ZTDrawEngineLib/shapes/ZTLineShape.h>
 
-ZTGraphicsLineItem::ZTGraphicsLineItem() : lineShape(new ZTLineShape) { shape = lineShape; }
+ZTGraphicsLineItem::ZTGraphicsLineItem() : m_lineShape(new ZTLineShape) { shape = m_lineShape; }
 
 void ZTGraphicsLineItem::copy(ZTAbstractGraphicsItem *source)
 {
     if (auto *copied = copiedShape<ZTLineShape>(source)) {
         replaceShape(copied);
-        lineShape = copied;
+        m_lineShape = copied;
         rebuildShape();
     }
 }
 
-double ZTGraphicsLineItem::angle() const { return lineShape->angle(); }
+double ZTGraphicsLineItem::angle() const { return m_lineShape->angle(); }
 
 void ZTGraphicsLineItem::setAngle(double angleDeg)
 {
     prepareGeometryChange();
-    lineShape->setAngle(angleDeg);
+    m_lineShape->setAngle(angleDeg);
     updateResizeItem();
 }
 
-double ZTGraphicsLineItem::length() const { return lineShape->length(); }
+double ZTGraphicsLineItem::length() const { return m_lineShape->length(); }
 
 void ZTGraphicsLineItem::setLength(double lengthMm)
 {
     prepareGeometryChange();
-    lineShape->setLength(lengthMm);
+    m_lineShape->setLength(lengthMm);
     updateResizeItem();
 }

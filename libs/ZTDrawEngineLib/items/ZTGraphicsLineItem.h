@@ -25,5 +25,5 @@ public:
     void setLength(double lengthMm);
 
 private:
-    ZTLineShape *lineShape; ///< the object that `shape` owns
+    ZTLineShape *m_lineShape; ///< the object that `shape` owns
 };

@@ -7,27 +7,27 @@ namespace {
 constexpr int kMinSideCount = 3;
 }
 
-ZTGraphicsPolygonItem::ZTGraphicsPolygonItem() : polygonShape(new ZTPolygonShape)
+ZTGraphicsPolygonItem::ZTGraphicsPolygonItem() : m_polygonShape(new ZTPolygonShape)
 {
-    shape = polygonShape;
+    shape = m_polygonShape;
 }
 
 void ZTGraphicsPolygonItem::copy(ZTAbstractGraphicsItem *source)
 {
     if (auto *copied = copiedShape<ZTPolygonShape>(source)) {
         replaceShape(copied);
-        polygonShape = copied;
+        m_polygonShape = copied;
         rebuildShape();
     }
 }
 
-int ZTGraphicsPolygonItem::getSideCount() const { return polygonShape->getSideCount(); }
+int ZTGraphicsPolygonItem::getSideCount() const { return m_polygonShape->getSideCount(); }
 
 void ZTGraphicsPolygonItem::setSideCount(int count)
 {
     prepareGeometryChange();
-    polygonShape->setSideCount(qMax(count, kMinSideCount));
+    m_polygonShape->setSideCount(qMax(count, kMinSideCount));
     update();
-    polygonShape->paint();
+    m_polygonShape->paint();
     updateResizeItem();
 }

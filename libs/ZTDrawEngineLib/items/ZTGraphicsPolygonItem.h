@@ -21,5 +21,5 @@ public:
     void setSideCount(int count);
 
 private:
-    ZTPolygonShape *polygonShape; ///< the object that `shape` owns
+    ZTPolygonShape *m_polygonShape; ///< the object that `shape` owns
 };

@@ -48,26 +48,27 @@ const HandleKind &kindOf(int index)
 } // namespace
 
 ZTGraphicsResizeHandle::ZTGraphicsResizeHandle(int handleIndex, ZTGraphicsResizeItem *parentFrame)
-    : QGraphicsRectItem(QRectF(0, 0, 20, 20), parentFrame), index(handleIndex), frame(parentFrame)
+    : QGraphicsRectItem(QRectF(0, 0, 20, 20), parentFrame), m_index(handleIndex),
+      m_frame(parentFrame)
 {
     setFlags(ItemIsMovable | ItemIgnoresTransformations);
     setAcceptHoverEvents(true);
-    const QPointF shift = kindOf(index).shift;
+    const QPointF shift = kindOf(m_index).shift;
     setTransform(QTransform::fromTranslate(shift.x(), shift.y()));
 }
 
 ZTGraphicsResizeHandle::~ZTGraphicsResizeHandle()
 {
-    if (frame != nullptr)
-        frame->noteHandleGone(this);
+    if (m_frame != nullptr)
+        m_frame->noteHandleGone(this);
 }
 
 void ZTGraphicsResizeHandle::place()
 {
-    if (frame == nullptr)
+    if (m_frame == nullptr)
         return;
-    const QRectF rectPx = frame->rect();
-    const HandleKind &kind = kindOf(index);
+    const QRectF rectPx = m_frame->rect();
+    const HandleKind &kind = kindOf(m_index);
     setPos(rectPx.x() + kind.anchorX * rectPx.width(), rectPx.y() + kind.anchorY * rectPx.height());
 }
 
@@ -81,7 +82,7 @@ void ZTGraphicsResizeHandle::paint(QPainter *painter, const QStyleOptionGraphics
 void ZTGraphicsResizeHandle::hoverEnterEvent(QGraphicsSceneHoverEvent *event)
 {
     QGraphicsRectItem::hoverEnterEvent(event);
-    setCursor(kindOf(index).cursor);
+    setCursor(kindOf(m_index).cursor);
 }
 
 void ZTGraphicsResizeHandle::hoverLeaveEvent(QGraphicsSceneHoverEvent *event)
@@ -92,42 +93,42 @@ void ZTGraphicsResizeHandle::hoverLeaveEvent(QGraphicsSceneHoverEvent *event)
 void ZTGraphicsResizeHandle::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     QGraphicsRectItem::mousePressEvent(event);
-    if (frame == nullptr || !isFirstButton(event))
+    if (m_frame == nullptr || !isFirstButton(event))
         return;
-    isDragging = true;
-    frame->setData(ZTGraphicsResizeItem::FRAME_START_RECT, frame->rect());
-    frame->beforeAdjust();
+    m_isDragging = true;
+    m_frame->setData(ZTGraphicsResizeItem::FRAME_START_RECT, m_frame->rect());
+    m_frame->beforeAdjust();
 }
 
 void ZTGraphicsResizeHandle::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 {
     QGraphicsRectItem::mouseMoveEvent(event);
-    if (frame == nullptr)
+    if (m_frame == nullptr)
         return;
-    QRectF rectPx = frame->rect();
-    kindOf(index).drag(rectPx, pos());
-    frame->setRect(rectPx);
+    QRectF rectPx = m_frame->rect();
+    kindOf(m_index).drag(rectPx, pos());
+    m_frame->setRect(rectPx);
     place();
 }
 
 void ZTGraphicsResizeHandle::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 {
     QGraphicsRectItem::mouseReleaseEvent(event);
-    if (frame == nullptr || !isLastButton(event))
+    if (m_frame == nullptr || !isLastButton(event))
         return;
-    isDragging = false;
-    frame->updateChildSize();
-    frame->resizeFromChild();
+    m_isDragging = false;
+    m_frame->updateChildSize();
+    m_frame->resizeFromChild();
 }
 
 bool ZTGraphicsResizeHandle::sceneEvent(QEvent *event)
 {
     // A drag that loses the mouse has resized nothing yet: the frame goes back to its items.
-    if (event->type() == QEvent::UngrabMouse && isDragging && frame != nullptr) {
-        isDragging = false;
+    if (event->type() == QEvent::UngrabMouse && m_isDragging && m_frame != nullptr) {
+        m_isDragging = false;
         LostRelease release;
         QGraphicsRectItem::mouseReleaseEvent(&release.event);
-        frame->resizeFromChild();
+        m_frame->resizeFromChild();
     }
     return QGraphicsRectItem::sceneEvent(event);
 }

@@ -34,7 +34,7 @@ protected:
     QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
 
 private:
-    int index;
-    ZTGraphicsResizeItem *frame; ///< the parent item, which deletes its handles before it goes
-    bool isDragging = false;     ///< between press and release
+    int m_index;
+    ZTGraphicsResizeItem *m_frame; ///< the parent item, which deletes its handles before it goes
+    bool m_isDragging = false;     ///< between press and release
 };

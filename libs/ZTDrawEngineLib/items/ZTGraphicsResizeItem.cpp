@@ -38,49 +38,52 @@ QPointF scaled(const QPointF &offsetPx, double sx, double sy)
 } // namespace
 
 ZTGraphicsResizeItem::ZTGraphicsResizeItem(const QRectF &rect, QGraphicsItem *parent)
-    : QGraphicsRectItem(rect, parent), selection(std::make_unique<ZTFrameSelection>())
+    : QGraphicsRectItem(rect, parent), m_selection(std::make_unique<ZTFrameSelection>())
 {
     setFlags(ItemIsMovable | ItemSendsGeometryChanges);
     setAcceptHoverEvents(true);
     for (int i = 0; i < kHandleCount; ++i)
-        handles.append(new ZTGraphicsResizeHandle(i, this));
+        m_handles.append(new ZTGraphicsResizeHandle(i, this));
     placeHandles();
 }
 
 ZTGraphicsResizeItem::~ZTGraphicsResizeItem()
 {
-    for (const auto &item : selection->shapeItems()) {
+    for (const auto &item : m_selection->shapeItems()) {
         if (item->getResizeItem() == this)
             item->setResizeItem(nullptr);
     }
-    while (!handles.isEmpty())
-        delete handles.takeLast();
+    while (!m_handles.isEmpty())
+        delete m_handles.takeLast();
 }
 
-void ZTGraphicsResizeItem::setUndoStack(QUndoStack *stack) { undoStack = stack; }
+void ZTGraphicsResizeItem::setUndoStack(QUndoStack *stack) { m_undoStack = stack; }
 
-QUndoStack *ZTGraphicsResizeItem::getUndoStack() const { return undoStack; }
+QUndoStack *ZTGraphicsResizeItem::getUndoStack() const { return m_undoStack; }
 
-void ZTGraphicsResizeItem::setEnableResizeFromChild(bool enable) { enableResizeFromChild = enable; }
+void ZTGraphicsResizeItem::setEnableResizeFromChild(bool enable)
+{
+    m_enableResizeFromChild = enable;
+}
 
-bool ZTGraphicsResizeItem::isEnableResizeFromChild() const { return enableResizeFromChild; }
+bool ZTGraphicsResizeItem::isEnableResizeFromChild() const { return m_enableResizeFromChild; }
 
 const QList<QGraphicsItem *> &ZTGraphicsResizeItem::selectItem() const
 {
-    return selection->items(scene());
+    return m_selection->items(scene());
 }
 
 void ZTGraphicsResizeItem::setSelectItem(const QList<QGraphicsItem *> &items)
 {
     endDrag();
-    rotationAngle = 0.0;
+    m_rotationAngle = 0.0;
     if (items.isEmpty()) {
         hide();
-        for (const auto &item : selection->shapeItems())
+        for (const auto &item : m_selection->shapeItems())
             item->setResizeItem(nullptr);
-        selection->assign(items);
+        m_selection->assign(items);
     } else {
-        selection->assign(items);
+        m_selection->assign(items);
         resizeFromChild();
         show();
     }
@@ -111,8 +114,8 @@ void ZTGraphicsResizeItem::setPos(const QPointF &posPx)
     storeOffsets(ITEM_OFFSET);
     QGraphicsRectItem::setPos(posPx);
     {
-        ZTUndoStep step(undoStack, QStringLiteral("item setPos"));
-        for (const auto &item : selection->shapeItems()) {
+        ZTUndoStep step(m_undoStack, QStringLiteral("item setPos"));
+        for (const auto &item : m_selection->shapeItems()) {
             if (!item)
                 continue;
             const QPointF newPos = pos() + item->data(ITEM_OFFSET).toPointF();
@@ -125,10 +128,10 @@ void ZTGraphicsResizeItem::setPos(const QPointF &posPx)
 
 void ZTGraphicsResizeItem::setRotation(double angleDeg)
 {
-    rotationAngle = angleDeg;
+    m_rotationAngle = angleDeg;
     const QPointF center = pos() + rect().center();
     const double mmPerPx = ZTCoord::getInstance()->pix2mm(1.0);
-    for (const auto &item : selection->shapeItems()) {
+    for (const auto &item : m_selection->shapeItems()) {
         if (!item)
             continue;
         const QPointF centerMm = item->mapFromScene(center) * mmPerPx;
@@ -146,46 +149,46 @@ double ZTGraphicsResizeItem::rotation() const
 {
     const QList<QGraphicsItem *> &items = selectItem();
     if (items.size() > 1)
-        return rotationAngle;
+        return m_rotationAngle;
     return items.isEmpty() ? 0.0 : items.first()->rotation();
 }
 
 void ZTGraphicsResizeItem::resizeFromChild()
 {
-    if (!enableResizeFromChild)
+    if (!m_enableResizeFromChild)
         return;
-    const ZTSelectionBounds::Extent extent = selection->readExtent();
-    for (const auto &item : selection->shapeItems())
+    const ZTSelectionBounds::Extent extent = m_selection->readExtent();
+    for (const auto &item : m_selection->shapeItems())
         item->setResizeItem(this);
     fitAround(extent.rect(), extent.z());
 }
 
 void ZTGraphicsResizeItem::followChild(ZTAbstractGraphicsItem *child)
 {
-    if (!enableResizeFromChild) {
-        selection->forgetExtents();
+    if (!m_enableResizeFromChild) {
+        m_selection->forgetExtents();
         return;
     }
-    const ZTSelectionBounds::Extent extent = selection->extentAfterChangeOf(child);
+    const ZTSelectionBounds::Extent extent = m_selection->extentAfterChangeOf(child);
     fitAround(extent.rect(), extent.z());
 }
 
 void ZTGraphicsResizeItem::noteChild(ZTAbstractGraphicsItem *child)
 {
-    if (enableResizeFromChild)
-        selection->noteChange(child);
+    if (m_enableResizeFromChild)
+        m_selection->noteChange(child);
     else
-        selection->forgetExtents();
+        m_selection->forgetExtents();
 }
 
 void ZTGraphicsResizeItem::noteChildGone(ZTAbstractGraphicsItem *child)
 {
-    selection->noteGone(child);
+    m_selection->noteGone(child);
 }
 
 void ZTGraphicsResizeItem::noteHandleGone(ZTGraphicsResizeHandle *handle)
 {
-    handles.removeOne(handle);
+    m_handles.removeOne(handle);
 }
 
 void ZTGraphicsResizeItem::fitAround(const QRectF &rectPx, double maxZ)
@@ -200,7 +203,7 @@ void ZTGraphicsResizeItem::fitAround(const QRectF &rectPx, double maxZ)
 
 void ZTGraphicsResizeItem::placeHandles()
 {
-    for (ZTGraphicsResizeHandle *handle : qAsConst(handles))
+    for (ZTGraphicsResizeHandle *handle : qAsConst(m_handles))
         handle->place();
 }
 
@@ -212,9 +215,9 @@ void ZTGraphicsResizeItem::storeOffsets(ItemDataKey key)
 
 void ZTGraphicsResizeItem::rememberStarts()
 {
-    startPositions.clear();
-    for (const auto &item : selection->shapeItems())
-        startPositions.insert(item, item->pos());
+    m_startPositions.clear();
+    for (const auto &item : m_selection->shapeItems())
+        m_startPositions.insert(item, item->pos());
 }
 
 // An offset is a rounded difference. Undo has to bring back the very position an item had, to the
@@ -222,7 +225,7 @@ void ZTGraphicsResizeItem::rememberStarts()
 QPointF ZTGraphicsResizeItem::snappedToStart(const ZTAbstractGraphicsItem *item,
                                              const QPointF &posPx) const
 {
-    const QPointF startPx = startPositions.value(item, posPx);
+    const QPointF startPx = m_startPositions.value(item, posPx);
     return startPx == posPx ? startPx : posPx;
 }
 
@@ -251,8 +254,8 @@ void ZTGraphicsResizeItem::updateChildSize()
         return;
     const Ratio ratio = resizeRatio(startRectPx);
     {
-        ZTUndoStep step(undoStack, QStringLiteral("item resize"));
-        for (const auto &item : selection->shapeItems())
+        ZTUndoStep step(m_undoStack, QStringLiteral("item resize"));
+        for (const auto &item : m_selection->shapeItems())
             resizeChild(item, ratio);
     }
     setEnableResizeFromChild(true);
@@ -288,8 +291,8 @@ void ZTGraphicsResizeItem::resizeChild(const QPointer<ZTAbstractGraphicsItem> &c
     const QPointF offsetPx = child->data(START_POS).toPointF();
     const QPointF newPos = pos() + scaled(offsetPx, ratio.x, ratio.y);
     const QPointF oldPos = snappedToStart(child, data(START_POS).toPointF() + offsetPx);
-    ZTUndoStep step(undoStack, QStringLiteral("item resize %1")
-                                   .arg(child->getShapeBase()->getId(), 0, 10, QLatin1Char(' ')));
+    ZTUndoStep step(m_undoStack, QStringLiteral("item resize %1")
+                                     .arg(child->getShapeBase()->getId(), 0, 10, QLatin1Char(' ')));
     if (oldPos != newPos)
         step.push(std::make_unique<ZTItemPosCommand>(child, oldPos, newPos));
     if (!child)
@@ -302,7 +305,7 @@ void ZTGraphicsResizeItem::resizeChild(const QPointer<ZTAbstractGraphicsItem> &c
 void ZTGraphicsResizeItem::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     if (isFirstButton(event)) {
-        isMoving = true;
+        m_isMoving = true;
         rememberStarts();
         setEnableResizeFromChild(false);
         storeOffsets(ITEM_OFFSET);
@@ -324,11 +327,11 @@ void ZTGraphicsResizeItem::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 
 void ZTGraphicsResizeItem::carryItems()
 {
-    for (const auto &item : selection->shapeItems()) {
+    for (const auto &item : m_selection->shapeItems()) {
         if (item)
             item->setPos(snappedToStart(item, pos() + item->data(ITEM_OFFSET).toPointF()));
     }
-    for (QGraphicsItem *item : selection->foreignItems(scene()))
+    for (QGraphicsItem *item : m_selection->foreignItems(scene()))
         item->setPos(pos() + item->data(ITEM_OFFSET).toPointF());
 }
 
@@ -342,7 +345,7 @@ void ZTGraphicsResizeItem::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 bool ZTGraphicsResizeItem::sceneEvent(QEvent *event)
 {
     // A drag that loses the mouse ends like one that is released: what moved stays undoable.
-    if (event->type() == QEvent::UngrabMouse && isMoving) {
+    if (event->type() == QEvent::UngrabMouse && m_isMoving) {
         LostRelease release;
         QGraphicsRectItem::mouseReleaseEvent(&release.event);
         finishMove();
@@ -359,12 +362,12 @@ void ZTGraphicsResizeItem::endDrag()
 
 void ZTGraphicsResizeItem::finishMove()
 {
-    isMoving = false;
+    m_isMoving = false;
     item2Scene();
     const QPointF startPos = data(START_POS).toPointF();
     if (startPos != pos()) {
-        ZTUndoStep step(undoStack, QStringLiteral("release item setPos"));
-        for (const auto &item : selection->shapeItems()) {
+        ZTUndoStep step(m_undoStack, QStringLiteral("release item setPos"));
+        for (const auto &item : m_selection->shapeItems()) {
             if (!item)
                 continue;
             const QPointF itemStart =

@@ -160,11 +160,11 @@ private:
     bool isAspectRatioLocked() const;
     void resizeChild(const QPointer<ZTAbstractGraphicsItem> &child, Ratio ratio);
 
-    QPointer<QUndoStack> undoStack;          ///< borrowed from the host
-    QList<ZTGraphicsResizeHandle *> handles; ///< owned; index in the list is the handle's index
-    std::unique_ptr<ZTFrameSelection> selection;
-    bool enableResizeFromChild = true; ///< false while the frame moves its items
-    double rotationAngle = 0.0;        ///< last argument of setRotation
-    QHash<const ZTAbstractGraphicsItem *, QPointF> startPositions; ///< when the drag began
-    bool isMoving = false; ///< between press and release on the frame
+    QPointer<QUndoStack> m_undoStack;          ///< borrowed from the host
+    QList<ZTGraphicsResizeHandle *> m_handles; ///< owned; index in the list is the handle's index
+    std::unique_ptr<ZTFrameSelection> m_selection;
+    bool m_enableResizeFromChild = true; ///< false while the frame moves its items
+    double m_rotationAngle = 0.0;        ///< last argument of setRotation
+    QHash<const ZTAbstractGraphicsItem *, QPointF> m_startPositions; ///< when the drag began
+    bool m_isMoving = false; ///< between press and release on the frame
 };

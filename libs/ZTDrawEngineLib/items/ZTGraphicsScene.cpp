@@ -67,11 +67,11 @@ QPointF alignedPos(QFlags<Qt::AlignmentFlag> alignment, const Reference &frame, 
 } // namespace
 
 ZTGraphicsScene::ZTGraphicsScene(QObject *parent)
-    : QGraphicsScene(parent), resizeItem(new ZTGraphicsResizeItem(kFirstFrameRectPx))
+    : QGraphicsScene(parent), m_resizeItem(new ZTGraphicsResizeItem(kFirstFrameRectPx))
 {
     setSceneRect(kSceneRectPx);
-    resizeItem->setVisible(false);
-    addItem(resizeItem);
+    m_resizeItem->setVisible(false);
+    addItem(m_resizeItem);
     connect(this, &QGraphicsScene::selectionChanged, this, &ZTGraphicsScene::slotSelectionChanged);
 }
 
@@ -80,7 +80,7 @@ ZTGraphicsScene::~ZTGraphicsScene()
     // Each selected item that goes would announce a selection, and all who listen would walk it.
     blockSignals(true);
     polishItems();
-    delete resizeItem;
+    delete m_resizeItem;
 }
 
 void ZTGraphicsScene::polishItems()
@@ -92,14 +92,14 @@ void ZTGraphicsScene::polishItems()
 
 void ZTGraphicsScene::setUndoStack(QUndoStack *stack)
 {
-    undoStack = stack;
-    if (resizeItem)
-        resizeItem->setUndoStack(stack);
+    m_undoStack = stack;
+    if (m_resizeItem)
+        m_resizeItem->setUndoStack(stack);
 }
 
-QUndoStack *ZTGraphicsScene::getUndoStack() const { return undoStack; }
+QUndoStack *ZTGraphicsScene::getUndoStack() const { return m_undoStack; }
 
-ZTGraphicsResizeItem *ZTGraphicsScene::getGraphicsResizeItem() const { return resizeItem; }
+ZTGraphicsResizeItem *ZTGraphicsScene::getGraphicsResizeItem() const { return m_resizeItem; }
 
 QRectF ZTGraphicsScene::getSelectionItemRect() const
 {
@@ -166,9 +166,9 @@ void ZTGraphicsScene::deselect(const QList<QPointer<ZTAbstractGraphicsItem>> &it
 
 void ZTGraphicsScene::setMirror(int kind)
 {
-    if (!resizeItem || (kind != 1 && kind != 2))
+    if (!m_resizeItem || (kind != 1 && kind != 2))
         return;
-    const Reference frame = {resizeItem->rect(), resizeItem->pos()};
+    const Reference frame = {m_resizeItem->rect(), m_resizeItem->pos()};
     for (const auto &item : selectedShapeItems()) {
         if (!item)
             continue;
@@ -190,18 +190,18 @@ void ZTGraphicsScene::contextMenuEvent(QGraphicsSceneContextMenuEvent *event)
     const QPointer<ZTGraphicsScene> self(this);
     event->accept();
     // The menu takes the release of the press that opened it: the frame would wait for it for ever.
-    if (resizeItem)
-        resizeItem->endDrag();
+    if (m_resizeItem)
+        m_resizeItem->endDrag();
     const QFlags<Qt::AlignmentFlag> alignment = displayMenu(event->screenPos());
     // The menu ran an event loop, in which the document may have been closed.
-    if (self && resizeItem && selectedItems().size() >= 2)
+    if (self && m_resizeItem && selectedItems().size() >= 2)
         align(alignment);
 }
 
 void ZTGraphicsScene::align(QFlags<Qt::AlignmentFlag> alignment)
 {
-    const Reference frame = {resizeItem->rect(), resizeItem->pos()};
-    ZTUndoStep step(undoStack, QStringLiteral("item setPos"));
+    const Reference frame = {m_resizeItem->rect(), m_resizeItem->pos()};
+    ZTUndoStep step(m_undoStack, QStringLiteral("item setPos"));
     for (const auto &item : selectedShapeItems()) {
         if (!item)
             continue;
@@ -254,6 +254,6 @@ void ZTGraphicsScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 
 void ZTGraphicsScene::slotSelectionChanged()
 {
-    if (resizeItem)
-        resizeItem->setSelectItem(selectedItems());
+    if (m_resizeItem)
+        m_resizeItem->setSelectItem(selectedItems());
 }

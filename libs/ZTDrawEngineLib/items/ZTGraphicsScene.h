@@ -90,6 +90,6 @@ private:
     void deselect(const QList<QPointer<ZTAbstractGraphicsItem>> &items);
     void polishItems();
 
-    QPointer<QUndoStack> undoStack;            ///< borrowed from the host
-    QPointer<ZTGraphicsResizeItem> resizeItem; ///< an item of this scene
+    QPointer<QUndoStack> m_undoStack;            ///< borrowed from the host
+    QPointer<ZTGraphicsResizeItem> m_resizeItem; ///< an item of this scene
 };

@@ -44,9 +44,9 @@ bool chooseFirstFonts(ZTShxFontParam &param)
 
 } // namespace
 
-ZTGraphicsTextItem::ZTGraphicsTextItem() : textShape(new ZTShapeText)
+ZTGraphicsTextItem::ZTGraphicsTextItem() : m_textShape(new ZTShapeText)
 {
-    shape = textShape;
+    shape = m_textShape;
     setFont(newTextFont());
     ZTGraphicsTextItem::setTransformParam(getTransformParam() *
                                           QTransform::fromScale(kNewScale, kNewScale));
@@ -60,7 +60,7 @@ ZTGraphicsTextItem::ZTGraphicsTextItem() : textShape(new ZTShapeText)
 
 ZTGraphicsTextItem::~ZTGraphicsTextItem()
 {
-    textShape = nullptr; // the base deletes the shape
+    m_textShape = nullptr; // the base deletes the shape
 }
 
 void ZTGraphicsTextItem::copy(ZTAbstractGraphicsItem *source)
@@ -73,69 +73,69 @@ void ZTGraphicsTextItem::copy(ZTAbstractGraphicsItem *source)
 
 void ZTGraphicsTextItem::replaceTextShape(ZTShapeText *replacement)
 {
-    if (replacement == nullptr || replacement == textShape)
+    if (replacement == nullptr || replacement == m_textShape)
         return;
     replaceShape(replacement);
-    textShape = replacement;
+    m_textShape = replacement;
 }
 
-QString ZTGraphicsTextItem::text() const { return textShape->text(); }
+QString ZTGraphicsTextItem::text() const { return m_textShape->text(); }
 
 void ZTGraphicsTextItem::setText(const QString &text)
 {
-    if (text == textShape->text())
+    if (text == m_textShape->text())
         return;
-    changeShape([&] { textShape->setText(text); });
+    changeShape([&] { m_textShape->setText(text); });
 }
 
 double ZTGraphicsTextItem::getLineSpan() const
 {
-    return ZTCoord::getInstance()->pix2mm(textShape->getLineSpan());
+    return ZTCoord::getInstance()->pix2mm(m_textShape->getLineSpan());
 }
 
 void ZTGraphicsTextItem::setLineSpan(double spanMm)
 {
-    changeShape([&] { textShape->setLineSpan(ZTCoord::getInstance()->mm2pix(spanMm)); });
+    changeShape([&] { m_textShape->setLineSpan(ZTCoord::getInstance()->mm2pix(spanMm)); });
 }
 
-FontType ZTGraphicsTextItem::fontType() const { return textShape->getFont().fontType; }
+FontType ZTGraphicsTextItem::fontType() const { return m_textShape->getFont().fontType; }
 
 void ZTGraphicsTextItem::setFontType(FontType type)
 {
     if (type == fontType())
         return;
-    changeShape([&] { textShape->setFontType(type); });
+    changeShape([&] { m_textShape->setFontType(type); });
 }
 
-ZTShxFontParam ZTGraphicsTextItem::shxFont() const { return textShape->getFont().shxFont; }
+ZTShxFontParam ZTGraphicsTextItem::shxFont() const { return m_textShape->getFont().shxFont; }
 
 void ZTGraphicsTextItem::setShxFont(const ZTShxFontParam &param)
 {
-    changeShape([&] { textShape->setFont(param); });
+    changeShape([&] { m_textShape->setFont(param); });
 }
 
-QFont ZTGraphicsTextItem::font() const { return textShape->getFont().font; }
+QFont ZTGraphicsTextItem::font() const { return m_textShape->getFont().font; }
 
 void ZTGraphicsTextItem::setFont(const QFont &font)
 {
-    changeShape([&] { textShape->setFont(font); });
+    changeShape([&] { m_textShape->setFont(font); });
 }
 
 ZTRoundingParam ZTGraphicsTextItem::getRoundingParam() const
 {
-    return textShape->getRoundingParam();
+    return m_textShape->getRoundingParam();
 }
 
 void ZTGraphicsTextItem::setRoundingParam(const ZTRoundingParam &param)
 {
-    changeShape([&] { textShape->setRoundingParam(param); });
+    changeShape([&] { m_textShape->setRoundingParam(param); });
 }
 
-ZTFontParam ZTGraphicsTextItem::getFontParam() const { return textShape->getFont(); }
+ZTFontParam ZTGraphicsTextItem::getFontParam() const { return m_textShape->getFont(); }
 
 void ZTGraphicsTextItem::setFontParam(const ZTFontParam &param)
 {
-    changeShape([&] { textShape->setFont(param); });
+    changeShape([&] { m_textShape->setFont(param); });
 }
 
 /** What every setter does around its change, in this order. */

@@ -73,5 +73,5 @@ private:
     template <class Change>
     void changeShape(Change change);
 
-    ZTShapeText *textShape; ///< the object that `shape` owns
+    ZTShapeText *m_textShape; ///< the object that `shape` owns
 };

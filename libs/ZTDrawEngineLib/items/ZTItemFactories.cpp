@@ -30,13 +30,13 @@ ZTAbstractGraphicsItem *ZTTdotItemFactory::create() { return new ZTGraphicsTdotI
 
 ZTAbstractGraphicsItem *ZTTextItemFactory::create() { return new ZTGraphicsTextItem; }
 
-void ZTVecGraphItemFactory::setPath(const QString &path) { nextPath = path; }
+void ZTVecGraphItemFactory::setPath(const QString &path) { m_nextPath = path; }
 
-const QString &ZTVecGraphItemFactory::path() const { return nextPath; }
+const QString &ZTVecGraphItemFactory::path() const { return m_nextPath; }
 
 ZTAbstractGraphicsItem *ZTVecGraphItemFactory::create()
 {
     auto *item = new ZTGraphicsVecGraph;
-    item->setImagePath(std::exchange(nextPath, QString()));
+    item->setImagePath(std::exchange(m_nextPath, QString()));
     return item;
 }

@@ -135,5 +135,5 @@ private:
     ZTVecGraphItemFactory() = default;
     ~ZTVecGraphItemFactory() = default;
 
-    QString nextPath;
+    QString m_nextPath;
 };

@@ -28,12 +28,12 @@ public:
         double z() const;    ///< the greatest, not below 0
 
     private:
-        bool isNull = true;
-        double left = 0;
-        double top = 0;
-        double right = 0;
-        double bottom = 0;
-        double maxZ = 0;
+        bool m_isNull = true;
+        double m_left = 0;
+        double m_top = 0;
+        double m_right = 0;
+        double m_bottom = 0;
+        double m_maxZ = 0;
     };
 
     /** Takes all extents at once; linear. */
@@ -46,5 +46,5 @@ public:
     Extent total() const;
 
 private:
-    std::vector<Extent> nodes; ///< empty, or twice a power of two
+    std::vector<Extent> m_nodes; ///< empty, or twice a power of two
 };

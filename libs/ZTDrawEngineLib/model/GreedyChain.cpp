@@ -65,26 +65,27 @@ class Stretch
 
 public:
     Stretch(const std::vector<Stop> &all, int begin, int stretchEnd, const Cost &costBetween)
-        : stops(all), cost(costBetween), base(begin), end(stretchEnd), firstRemaining(begin),
-          isTaken(static_cast<std::size_t>(stretchEnd - begin)), tree(sortOut(), costBetween)
+        : m_stops(all), m_cost(costBetween), m_base(begin), m_end(stretchEnd),
+          m_firstRemaining(begin), m_isTaken(static_cast<std::size_t>(stretchEnd - begin)),
+          m_tree(sortOut(), costBetween)
     {
     }
 
-    bool isEmpty() const { return firstRemaining == end; }
+    bool isEmpty() const { return m_firstRemaining == m_end; }
 
     /** Takes the object that costs least to reach, or the first one where none can be reached. */
     int take(const QPointF &from)
     {
         typename Tree::Hit best{kUnreachable, -1};
         if (isFinite(from)) {
-            tree.improve(from, best);
-            for (const int index : odd)
+            m_tree.improve(from, best);
+            for (const int index : m_odd)
                 improveBy(index, from, best);
         } else {
-            for (int index = firstRemaining; index < end; ++index)
+            for (int index = m_firstRemaining; index < m_end; ++index)
                 improveBy(index, from, best);
         }
-        const int index = best.number < 0 ? firstRemaining : best.number;
+        const int index = best.number < 0 ? m_firstRemaining : best.number;
         remove(index);
         return index;
     }
@@ -94,48 +95,48 @@ private:
     std::vector<typename Tree::Item> sortOut()
     {
         std::vector<typename Tree::Item> items;
-        items.reserve(isTaken.size());
-        for (int index = base; index < end; ++index) {
-            if (stops[index].kind == Stop::Blank)
+        items.reserve(m_isTaken.size());
+        for (int index = m_base; index < m_end; ++index) {
+            if (m_stops[index].kind == Stop::Blank)
                 continue;
-            if (isFinite(stops[index].first))
-                items.push_back({stops[index].first, index});
+            if (isFinite(m_stops[index].first))
+                items.push_back({m_stops[index].first, index});
             else
-                odd.push_back(index);
+                m_odd.push_back(index);
         }
         return items;
     }
 
     void improveBy(int index, const QPointF &from, typename Tree::Hit &best) const
     {
-        if (isTaken[index - base] || stops[index].kind == Stop::Blank)
+        if (m_isTaken[index - m_base] || m_stops[index].kind == Stop::Blank)
             return;
-        const double itemCost = cost(from, stops[index].first);
+        const double itemCost = m_cost(from, m_stops[index].first);
         if (itemCost < best.cost || (itemCost == best.cost && index < best.number))
             best = {itemCost, index};
     }
 
     void remove(int index)
     {
-        isTaken[index - base] = true;
-        while (firstRemaining < end && isTaken[firstRemaining - base])
-            ++firstRemaining;
-        if (stops[index].kind == Stop::Blank)
+        m_isTaken[index - m_base] = true;
+        while (m_firstRemaining < m_end && m_isTaken[m_firstRemaining - m_base])
+            ++m_firstRemaining;
+        if (m_stops[index].kind == Stop::Blank)
             return;
-        if (isFinite(stops[index].first))
-            tree.remove(index);
+        if (isFinite(m_stops[index].first))
+            m_tree.remove(index);
         else
-            odd.erase(std::find(odd.begin(), odd.end(), index));
+            m_odd.erase(std::find(m_odd.begin(), m_odd.end(), index));
     }
 
-    const std::vector<Stop> &stops;
-    const Cost &cost;
-    int base; ///< index of the first object of the stretch
-    int end;  ///< index behind the last one
-    int firstRemaining;
-    std::vector<bool> isTaken; ///< by index less `base`
-    std::vector<int> odd;      ///< remaining objects whose first point is not finite
-    Tree tree;                 ///< remaining objects whose first point is
+    const std::vector<Stop> &m_stops;
+    const Cost &m_cost;
+    int m_base; ///< index of the first object of the stretch
+    int m_end;  ///< index behind the last one
+    int m_firstRemaining;
+    std::vector<bool> m_isTaken; ///< by index less `base`
+    std::vector<int> m_odd;      ///< remaining objects whose first point is not finite
+    Tree m_tree;                 ///< remaining objects whose first point is
 };
 
 /** Index of the next barrier, or of the end. */

@@ -73,9 +73,9 @@ private:
         int node;
     };
 
-    bool isLeaf(int node) const { return node >= static_cast<int>(leaves.size()); }
-    Leaf &leafOf(int node) { return leaves[node - leaves.size()]; }
-    const Leaf &leafOf(int node) const { return leaves[node - leaves.size()]; }
+    bool isLeaf(int node) const { return node >= static_cast<int>(m_leaves.size()); }
+    Leaf &leafOf(int node) { return m_leaves[node - m_leaves.size()]; }
+    const Leaf &leafOf(int node) const { return m_leaves[node - m_leaves.size()]; }
 
     void build(int node, int begin, int end);
     bool splitsAcross(const Node &box) const;
@@ -85,48 +85,48 @@ private:
     bool isHopeless(const Visit &visit, const Hit &best) const;
     void improveInLeaf(const Leaf &leaf, const QPointF &from, Hit &best) const;
 
-    Cost cost;
-    std::vector<Item> items;
-    std::vector<Node> nodes;       ///< children of i are 2i and 2i + 1; the root is 1
-    std::vector<Leaf> leaves;      ///< of the last nodes, as many as there are others
-    std::vector<int> leafOfNumber; ///< node, by number less the least one
-    int firstNumber = 0;
+    Cost m_cost;
+    std::vector<Item> m_items;
+    std::vector<Node> m_nodes;       ///< children of i are 2i and 2i + 1; the root is 1
+    std::vector<Leaf> m_leaves;      ///< of the last nodes, as many as there are others
+    std::vector<int> m_leafOfNumber; ///< node, by number less the least one
+    int m_firstNumber = 0;
 };
 
 template <class Cost>
 PointTree<Cost>::PointTree(std::vector<Item> points, Cost costBetween)
-    : cost(std::move(costBetween)), items(std::move(points))
+    : m_cost(std::move(costBetween)), m_items(std::move(points))
 {
     std::size_t leafCount = 1;
-    while (leafCount * kLeafSize < items.size())
+    while (leafCount * kLeafSize < m_items.size())
         leafCount *= 2;
-    leaves.resize(leafCount);
-    nodes.resize(2 * leafCount);
+    m_leaves.resize(leafCount);
+    m_nodes.resize(2 * leafCount);
 
     int lastNumber = -1;
-    firstNumber = kNone;
-    for (const Item &item : items) {
-        firstNumber = std::min(firstNumber, item.number);
+    m_firstNumber = kNone;
+    for (const Item &item : m_items) {
+        m_firstNumber = std::min(m_firstNumber, item.number);
         lastNumber = std::max(lastNumber, item.number);
     }
-    if (!items.empty())
-        leafOfNumber.resize(static_cast<std::size_t>(lastNumber - firstNumber + 1));
-    build(1, 0, static_cast<int>(items.size()));
+    if (!m_items.empty())
+        m_leafOfNumber.resize(static_cast<std::size_t>(lastNumber - m_firstNumber + 1));
+    build(1, 0, static_cast<int>(m_items.size()));
 }
 
 template <class Cost>
 void PointTree<Cost>::build(int node, int begin, int end)
 {
-    nodes[node] = boxOf(begin, end);
+    m_nodes[node] = boxOf(begin, end);
     if (isLeaf(node)) {
         leafOf(node) = {begin, end - begin};
         for (int i = begin; i < end; ++i)
-            leafOfNumber[items[i].number - firstNumber] = node;
+            m_leafOfNumber[m_items[i].number - m_firstNumber] = node;
         return;
     }
     const int middle = begin + (end - begin) / 2;
-    const auto first = items.begin();
-    if (splitsAcross(nodes[node])) {
+    const auto first = m_items.begin();
+    if (splitsAcross(m_nodes[node])) {
         std::nth_element(
             first + begin, first + middle, first + end, [](const Item &a, const Item &b) {
                 return std::pair(a.point.x(), a.number) < std::pair(b.point.x(), b.number);
@@ -146,7 +146,7 @@ template <class Cost>
 bool PointTree<Cost>::splitsAcross(const Node &box) const
 {
     const QPointF corner(box.left, box.top);
-    return cost(corner, {box.right, box.top}) >= cost(corner, {box.left, box.bottom});
+    return m_cost(corner, {box.right, box.top}) >= m_cost(corner, {box.left, box.bottom});
 }
 
 template <class Cost>
@@ -164,8 +164,8 @@ void PointTree<Cost>::improve(const QPointF &from, Hit &best) const
             }
             Visit near = visit(2 * current.node, from);
             Visit far = visit(2 * current.node + 1, from);
-            if (std::pair(far.bound, nodes[far.node].least) <
-                std::pair(near.bound, nodes[near.node].least))
+            if (std::pair(far.bound, m_nodes[far.node].least) <
+                std::pair(near.bound, m_nodes[near.node].least))
                 std::swap(near, far);
             waiting[waitingCount++] = far;
             current = near;
@@ -179,17 +179,17 @@ void PointTree<Cost>::improve(const QPointF &from, Hit &best) const
 template <class Cost>
 void PointTree<Cost>::remove(int number)
 {
-    int node = leafOfNumber[number - firstNumber];
+    int node = m_leafOfNumber[number - m_firstNumber];
     Leaf &leaf = leafOf(node);
-    const auto begin = items.begin() + leaf.begin;
+    const auto begin = m_items.begin() + leaf.begin;
     const auto taken = std::find_if(begin, begin + leaf.count,
                                     [number](const Item &item) { return item.number == number; });
     --leaf.count;
     std::swap(*taken, *(begin + leaf.count));
 
     Node box = boxOf(leaf.begin, leaf.begin + leaf.count);
-    while (!(nodes[node] == box)) {
-        nodes[node] = box;
+    while (!(m_nodes[node] == box)) {
+        m_nodes[node] = box;
         node /= 2;
         if (node == 0)
             return;
@@ -200,10 +200,10 @@ void PointTree<Cost>::remove(int number)
 template <class Cost>
 typename PointTree<Cost>::Visit PointTree<Cost>::visit(int node, const QPointF &from) const
 {
-    const Node &box = nodes[node];
+    const Node &box = m_nodes[node];
     const QPointF closest(std::min(std::max(from.x(), box.left), box.right),
                           std::min(std::max(from.y(), box.top), box.bottom));
-    return {cost(from, closest), node};
+    return {m_cost(from, closest), node};
 }
 
 /** Whether no point of the node is better; none is in an empty one. */
@@ -211,16 +211,16 @@ template <class Cost>
 bool PointTree<Cost>::isHopeless(const Visit &visit, const Hit &best) const
 {
     return !(visit.bound < best.cost) &&
-           !(visit.bound == best.cost && nodes[visit.node].least < best.number);
+           !(visit.bound == best.cost && m_nodes[visit.node].least < best.number);
 }
 
 template <class Cost>
 void PointTree<Cost>::improveInLeaf(const Leaf &leaf, const QPointF &from, Hit &best) const
 {
     for (int i = leaf.begin; i < leaf.begin + leaf.count; ++i) {
-        const double itemCost = cost(from, items[i].point);
-        if (itemCost < best.cost || (itemCost == best.cost && items[i].number < best.number))
-            best = {itemCost, items[i].number};
+        const double itemCost = m_cost(from, m_items[i].point);
+        if (itemCost < best.cost || (itemCost == best.cost && m_items[i].number < best.number))
+            best = {itemCost, m_items[i].number};
     }
 }
 
@@ -229,15 +229,15 @@ typename PointTree<Cost>::Node PointTree<Cost>::boxOf(int begin, int end) const
 {
     Node box;
     for (int i = begin; i < end; ++i)
-        box.add(items[i]);
+        box.add(m_items[i]);
     return box;
 }
 
 template <class Cost>
 typename PointTree<Cost>::Node PointTree<Cost>::boxOfChildren(int node) const
 {
-    Node box = nodes[2 * node];
-    box.add(nodes[2 * node + 1]);
+    Node box = m_nodes[2 * node];
+    box.add(m_nodes[2 * node + 1]);
     return box;
 }
 

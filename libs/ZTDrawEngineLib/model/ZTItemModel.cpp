@@ -23,7 +23,7 @@ constexpr int kGoingRole = ZTItemModel::kItemRole + 1;
 class TextCell : public QStandardItem
 {
 public:
-    explicit TextCell(ZTAbstractGraphicsItem *graphicsItem) : item(graphicsItem)
+    explicit TextCell(ZTAbstractGraphicsItem *graphicsItem) : m_item(graphicsItem)
     {
         setData(graphicsItem->text(), Qt::EditRole);
     }
@@ -31,12 +31,12 @@ public:
     QVariant data(int role) const override
     {
         if (role == ZTItemModel::kItemRole)
-            return QVariant::fromValue<ZTAbstractGraphicsItem *>(item.data());
+            return QVariant::fromValue<ZTAbstractGraphicsItem *>(m_item.data());
         return QStandardItem::data(role);
     }
 
 private:
-    QPointer<ZTAbstractGraphicsItem> item;
+    QPointer<ZTAbstractGraphicsItem> m_item;
 };
 
 QStandardItem *newIdCell(int id)

@@ -29,7 +29,7 @@ QList<QPolygonF> ZTPointSort::sort(QList<QPolygonF> &polygons)
 {
     const auto begin = polygons.begin();
     const auto end = setUnsortableAside(polygons);
-    if (shapeMarkSort == EShapeSortType::ShapeSortXFromMin) {
+    if (m_shapeMarkSort == EShapeSortType::ShapeSortXFromMin) {
         std::sort(begin, end, [](const QPolygonF &a, const QPolygonF &b) {
             return a.first().x() < b.first().x();
         });
@@ -45,7 +45,7 @@ ZTMarkGraph &ZTPointSort::markGraphSort(ZTMarkGraph &graph)
 {
     if (!check(graph))
         return graph;
-    switch (shapeMarkSort) {
+    switch (m_shapeMarkSort) {
     case EShapeSortType::ShapeSortNearest:
         return sort(graph, LargerDifference(), {kFarAway, kFarAway});
     case EShapeSortType::ShapeSortXFromMin:
@@ -83,6 +83,6 @@ ZTMarkGraph &ZTPointSort::sort(ZTMarkGraph &graph, Cost cost, QPointF start)
     return graph;
 }
 
-void ZTPointSort::setShapeMarkSort(EShapeSortType type) { shapeMarkSort = type; }
+void ZTPointSort::setShapeMarkSort(EShapeSortType type) { m_shapeMarkSort = type; }
 
-EShapeSortType ZTPointSort::getShapeMarkSort() const { return shapeMarkSort; }
+EShapeSortType ZTPointSort::getShapeMarkSort() const { return m_shapeMarkSort; }

@@ -80,5 +80,5 @@ private:
         return std::max(std::abs(a.x() - b.x()), std::abs(a.y() - b.y()));
     }
 
-    EShapeSortType shapeMarkSort = EShapeSortType::ShapeSortNone;
+    EShapeSortType m_shapeMarkSort = EShapeSortType::ShapeSortNone;
 };

@@ -93,11 +93,11 @@ ZTAbstractGraphicsItem *ZTShapeManager::addShape(ShapeType type, const QRectF &r
         return nullptr;
     item->setShapeType(type);
     item->setPos(-anchorPx(rectMm));
-    item->getShapeBase()->setId(nextShapeId);
+    item->getShapeBase()->setId(m_nextShapeId);
     m_scene->addItem(item);
     m_itemModel->insert(type, item);
     // A loaded counter may be the largest there is.
-    nextShapeId = static_cast<qint32>(static_cast<quint32>(nextShapeId) + 1);
+    m_nextShapeId = static_cast<qint32>(static_cast<quint32>(m_nextShapeId) + 1);
     return item;
 }
 
@@ -147,7 +147,7 @@ void ZTShapeManager::clear()
 {
     m_itemModel->clear();
     m_scene->deleteItems(shapeItemsOf(*m_scene, [](auto *) { return true; }));
-    nextShapeId = 0;
+    m_nextShapeId = 0;
     ZTVariantTextManager::getInstance()->deleteAll();
 }
 
@@ -161,15 +161,15 @@ QVector<ZTShapeBase *> ZTShapeManager::getSelectedShapeList()
     return shapesOf(m_scene->selectedItems());
 }
 
-int ZTShapeManager::getNextShapeId() const { return nextShapeId; }
+int ZTShapeManager::getNextShapeId() const { return m_nextShapeId; }
 
 void ZTShapeManager::setScale(float x, float y)
 {
-    scaleX = x;
-    scaleY = y;
+    m_scaleX = x;
+    m_scaleY = y;
 }
 
-std::tuple<float, float> ZTShapeManager::getScale() const { return {scaleX, scaleY}; }
+std::tuple<float, float> ZTShapeManager::getScale() const { return {m_scaleX, m_scaleY}; }
 
 QAbstractItemModel *ZTShapeManager::itemModel() const { return m_itemModel; }
 

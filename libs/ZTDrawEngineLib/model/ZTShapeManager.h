@@ -152,7 +152,7 @@ private:
 
     ZTGraphicsScene *m_scene = nullptr; ///< child
     ZTItemModel *m_itemModel = nullptr; ///< child
-    qint32 nextShapeId = 0;
-    float scaleX = 1.0F; ///< mark units per scene pixel
-    float scaleY = 1.0F; ///< mark units per scene pixel
+    qint32 m_nextShapeId = 0;
+    float m_scaleX = 1.0F; ///< mark units per scene pixel
+    float m_scaleY = 1.0F; ///< mark units per scene pixel
 };

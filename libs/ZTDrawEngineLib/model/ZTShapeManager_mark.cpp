@@ -55,7 +55,7 @@ void ZTShapeManager::genMarkObject(ZTAbstractGraphicsItem *item, ZTShapeBase *sh
     shape->setUpdate(1);
     shape->paint();
 
-    const ToMark toMark{item->pos(), scaleX, scaleY};
+    const ToMark toMark{item->pos(), m_scaleX, m_scaleY};
     const ZTFillParam fillParam = shape->getFillParam();
     ZTMarkObject made;
     made.rect = extentOf(*item, toMark);

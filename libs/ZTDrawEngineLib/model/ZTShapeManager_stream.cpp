@@ -44,7 +44,7 @@ void ZTShapeManager::save(QDataStream &stream)
 {
     ZTVariantTextManager::getInstance()->save(stream);
     const QVector<const ZTAbstractGraphicsItem *> shapeItems = shapeItemsFromBelow(*m_scene);
-    stream << nextShapeId << static_cast<qint32>(shapeItems.size());
+    stream << m_nextShapeId << static_cast<qint32>(shapeItems.size());
     for (const ZTAbstractGraphicsItem *item : shapeItems) {
         writeHead(stream, *item);
         item->getShapeBase()->save(stream);
@@ -55,7 +55,7 @@ bool ZTShapeManager::load(QDataStream &stream)
 {
     ZTVariantTextManager::getInstance()->load(stream);
     qint32 count = 0;
-    stream >> nextShapeId >> count;
+    stream >> m_nextShapeId >> count;
     for (qint32 i = 0; i < count; ++i)
         loadItem(stream);
     m_scene->update(QRectF());

@@ -101,39 +101,39 @@ public:
 
     void add(std::unique_ptr<ZTAbstractPropertySetHelper> helper)
     {
-        helpers.push_back(std::move(helper));
+        m_helpers.push_back(std::move(helper));
     }
 
     void remove(const ZTAbstractPropertySetHelper *helper)
     {
-        helpers.erase(std::find_if(helpers.begin(), helpers.end(),
-                                   [helper](const auto &own) { return own.get() == helper; }));
+        m_helpers.erase(std::find_if(m_helpers.begin(), m_helpers.end(),
+                                     [helper](const auto &own) { return own.get() == helper; }));
     }
 
     bool contains(const ZTAbstractPropertySetHelper *helper) const
     {
-        return std::any_of(helpers.begin(), helpers.end(),
+        return std::any_of(m_helpers.begin(), m_helpers.end(),
                            [helper](const auto &own) { return own.get() == helper; });
     }
 
 private:
-    std::vector<std::unique_ptr<ZTAbstractPropertySetHelper>> helpers;
+    std::vector<std::unique_ptr<ZTAbstractPropertySetHelper>> m_helpers;
 };
 
 ZTItemPropertyList::ZTItemPropertyList(QWidget *parent)
-    : QWidget(parent), variantManager(new QtVariantPropertyManager(this)),
-      editorFactory(new QtVariantEditorFactory(this)), browser(new QtTreePropertyBrowser(this)),
-      ownHelpers(new OwnHelpers(this))
+    : QWidget(parent), m_variantManager(new QtVariantPropertyManager(this)),
+      m_editorFactory(new QtVariantEditorFactory(this)), m_browser(new QtTreePropertyBrowser(this)),
+      m_ownHelpers(new OwnHelpers(this))
 {
-    connect(variantManager, &QtVariantPropertyManager::valueChanged, this,
+    connect(m_variantManager, &QtVariantPropertyManager::valueChanged, this,
             &ZTItemPropertyList::slotValueChanged);
-    browser->setIndentation(kIndentationPx);
-    browser->setFactoryForManager(variantManager, editorFactory);
+    m_browser->setIndentation(kIndentationPx);
+    m_browser->setFactoryForManager(m_variantManager, m_editorFactory);
 
     auto *layout = new QGridLayout(this);
     layout->setSpacing(0);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(browser, 0, 0, 1, 1);
+    layout->addWidget(m_browser, 0, 0, 1, 1);
 
     registerRecord<ZTRoundingParam, ZTRoundingParamPropertySetHelper>();
     registerRecord<ZTFillParam, ZTFillParamPropertySetHelper>();
@@ -147,47 +147,47 @@ ZTItemPropertyList::ZTItemPropertyList(QWidget *parent)
 
 ZTItemPropertyList::~ZTItemPropertyList()
 {
-    delete browser;
-    delete editorFactory;
-    delete variantManager;
+    delete m_browser;
+    delete m_editorFactory;
+    delete m_variantManager;
 }
 
-QObject *ZTItemPropertyList::getObject() const { return object; }
+QObject *ZTItemPropertyList::getObject() const { return m_object; }
 
-QUndoStack *ZTItemPropertyList::getUndoStack() const { return undoStack; }
+QUndoStack *ZTItemPropertyList::getUndoStack() const { return m_undoStack; }
 
-QtVariantPropertyManager *ZTItemPropertyList::getVariantManager() const { return variantManager; }
+QtVariantPropertyManager *ZTItemPropertyList::getVariantManager() const { return m_variantManager; }
 
 void ZTItemPropertyList::setObject(QObject *shown)
 {
-    if (shown && shown == object)
+    if (shown && shown == m_object)
         return;
-    if (object)
-        disconnect(object, &QObject::destroyed, this, nullptr);
+    if (m_object)
+        disconnect(m_object, &QObject::destroyed, this, nullptr);
     clearRows();
-    object = shown;
-    if (!object) {
+    m_object = shown;
+    if (!m_object) {
         setEnabled(false);
         return;
     }
-    connect(object, &QObject::destroyed, this, [this] {
+    connect(m_object, &QObject::destroyed, this, [this] {
         clearRows();
         setEnabled(false);
     });
-    addDisableFunction(object, followFontType);
+    addDisableFunction(m_object, followFontType);
     setEnabled(true);
-    const QMetaObject *meta = object->metaObject();
+    const QMetaObject *meta = m_object->metaObject();
     for (int i = 0; i < meta->propertyCount(); ++i)
         insertProperty(meta->property(i));
 }
 
-void ZTItemPropertyList::setUndoStack(QUndoStack *stack) { undoStack = stack; }
+void ZTItemPropertyList::setUndoStack(QUndoStack *stack) { m_undoStack = stack; }
 
 void ZTItemPropertyList::insertProperty(const QMetaProperty &property)
 {
-    if (!object || qstrcmp(property.name(), "objectName") == 0)
+    if (!m_object || qstrcmp(property.name(), "objectName") == 0)
         return;
-    const QScopedValueRollback<Activity> filling(activity, Activity::Filling);
+    const QScopedValueRollback<Activity> filling(m_activity, Activity::Filling);
     const int type = property.userType();
     if (type == qMetaTypeId<FontType>()) {
         insertFontType(property);
@@ -198,39 +198,39 @@ void ZTItemPropertyList::insertProperty(const QMetaProperty &property)
         addRow(isUserType ? QtVariantPropertyManager::groupTypeId() : type, property);
     if (!row)
         return;
-    row->setValue(shownAs(row->propertyName(), property.read(object)));
-    browser->addProperty(row);
+    row->setValue(shownAs(row->propertyName(), property.read(m_object)));
+    m_browser->addProperty(row);
     ZTAbstractPropertySetHelper *helper = isUserType ? getPropertySetHelper(type) : nullptr;
     if (helper) {
         row->setUserType(type);
-        helper->addProperty(object, property, row);
+        helper->addProperty(m_object, property, row);
     }
 }
 
 void ZTItemPropertyList::addPropertySetHelper(int metaTypeId, ZTAbstractPropertySetHelper *helper)
 {
-    if (helper && !helpers.contains(metaTypeId))
-        helpers.insert(metaTypeId, helper);
+    if (helper && !m_helpers.contains(metaTypeId))
+        m_helpers.insert(metaTypeId, helper);
 }
 
 ZTAbstractPropertySetHelper *ZTItemPropertyList::getPropertySetHelper(int metaTypeId)
 {
-    return helpers.value(metaTypeId);
+    return m_helpers.value(metaTypeId);
 }
 
 void ZTItemPropertyList::removePropertySetHelper(int metaTypeId)
 {
-    ZTAbstractPropertySetHelper *helper = helpers.take(metaTypeId);
-    if (ownHelpers->contains(helper))
-        ownHelpers->remove(helper);
+    ZTAbstractPropertySetHelper *helper = m_helpers.take(metaTypeId);
+    if (m_ownHelpers->contains(helper))
+        m_ownHelpers->remove(helper);
     else
         delete helper;
 }
 
 void ZTItemPropertyList::addDisableFunction(QObject *target, DisableFunction function)
 {
-    if (function && !disableFunctions.contains(target))
-        disableFunctions.insert(target, function);
+    if (function && !m_disableFunctions.contains(target))
+        m_disableFunctions.insert(target, function);
 }
 
 bool ZTItemPropertyList::processParentProperty(const QMetaObject *meta, const QVariant &value,
@@ -248,7 +248,7 @@ bool ZTItemPropertyList::processParentProperty(const QMetaObject *meta, const QV
     ZTAbstractPropertySetHelper *helper = getPropertySetHelper(type);
     if (type < kFirstUserType || !helper)
         return false;
-    objectValue = helper->valueChanged(object, parent, name, value);
+    objectValue = helper->valueChanged(m_object, parent, name, value);
     if (!objectValue.isValid())
         return false;
     name = parentName;
@@ -276,33 +276,33 @@ QString ZTItemPropertyList::getParentPropertyName(QtVariantProperty *row, const 
 void ZTItemPropertyList::slotValueChanged(QtProperty *property, const QVariant &value)
 {
     auto *row = dynamic_cast<QtVariantProperty *>(property);
-    if (!row || !object || activity == Activity::Filling)
+    if (!row || !m_object || m_activity == Activity::Filling)
         return;
     QString name = row->propertyName();
     QVariant objectValue = isPos(name) ? QVariant(pxOf(value.toPointF())) : value;
-    if (activity == Activity::Refreshing) {
+    if (m_activity == Activity::Refreshing) {
         // Rows are greyed as the object has become, by an undo for example; it is no edit.
         if (row->parentProperty().isEmpty())
             callDisableFunction(name, objectValue);
         return;
     }
-    if (!processParentProperty(object->metaObject(), value, row, name, objectValue))
+    if (!processParentProperty(m_object->metaObject(), value, row, name, objectValue))
         return;
     // What a disable function does to the grid must not send the edit to another object.
-    const QPointer<QObject> edited = object;
+    const QPointer<QObject> edited = m_object;
     callDisableFunction(name, objectValue);
-    if (edited && undoStack && heldBy(edited, name) != objectValue)
-        undoStack->push(new ZTItemPropertyCommand(edited, name, objectValue));
+    if (edited && m_undoStack && heldBy(edited, name) != objectValue)
+        m_undoStack->push(new ZTItemPropertyCommand(edited, name, objectValue));
 }
 
 void ZTItemPropertyList::updateProperty()
 {
-    const QScopedValueRollback<Activity> refreshing(activity, Activity::Refreshing);
-    const int filled = fillCount;
-    const QList<QtProperty *> rows = browser->properties();
+    const QScopedValueRollback<Activity> refreshing(m_activity, Activity::Refreshing);
+    const int filled = m_fillCount;
+    const QList<QtProperty *> rows = m_browser->properties();
     for (QtProperty *property : rows) {
         // A disable function may have shown another object, which deletes the rows.
-        if (!object || fillCount != filled)
+        if (!m_object || m_fillCount != filled)
             return;
         if (auto *row = dynamic_cast<QtVariantProperty *>(property))
             refreshRow(row);
@@ -320,14 +320,14 @@ template <class Record, class Helper>
 void ZTItemPropertyList::registerRecord()
 {
     compareByOperator<Record>();
-    auto helper = std::make_unique<Helper>(variantManager);
-    helpers.insert(qMetaTypeId<Record>(), helper.get());
-    ownHelpers->add(std::move(helper));
+    auto helper = std::make_unique<Helper>(m_variantManager);
+    m_helpers.insert(qMetaTypeId<Record>(), helper.get());
+    m_ownHelpers->add(std::move(helper));
 }
 
 QtVariantProperty *ZTItemPropertyList::addRow(int type, const QMetaProperty &property)
 {
-    return variantManager->addProperty(type, QString::fromUtf8(property.name()));
+    return m_variantManager->addProperty(type, QString::fromUtf8(property.name()));
 }
 
 /** Kept: two entries, where the row of a whole font record has the third, "None", too. */
@@ -337,19 +337,19 @@ void ZTItemPropertyList::insertFontType(const QMetaProperty &property)
     if (!row)
         return;
     {
-        const QSignalBlocker blocker(variantManager);
+        const QSignalBlocker blocker(m_variantManager);
         row->setAttribute(QStringLiteral("enumNames"),
                           QStringList{QStringLiteral("singleLine"), QStringLiteral("doubleLine")});
     }
-    row->setValue(property.read(object));
-    browser->addProperty(row);
+    row->setValue(property.read(m_object));
+    m_browser->addProperty(row);
 }
 
 void ZTItemPropertyList::clearRows()
 {
-    ++fillCount;
-    const QList<QtProperty *> rows = browser->properties();
-    browser->clear();
+    ++m_fillCount;
+    const QList<QtProperty *> rows = m_browser->properties();
+    m_browser->clear();
     for (QtProperty *row : rows)
         deleteBranch(row);
 }
@@ -357,7 +357,7 @@ void ZTItemPropertyList::clearRows()
 void ZTItemPropertyList::refreshRow(QtVariantProperty *row)
 {
     const QString name = row->propertyName();
-    const QVariant held = heldBy(object, name);
+    const QVariant held = heldBy(m_object, name);
     if (ZTAbstractPropertySetHelper *helper = getPropertySetHelper(held.userType())) {
         helper->setValue(row, held);
         return;
@@ -369,6 +369,6 @@ void ZTItemPropertyList::refreshRow(QtVariantProperty *row)
 
 void ZTItemPropertyList::callDisableFunction(const QString &name, const QVariant &objectValue)
 {
-    if (const DisableFunction function = disableFunctions.value(object))
-        function(browser, name, objectValue);
+    if (const DisableFunction function = m_disableFunctions.value(m_object))
+        function(m_browser, name, objectValue);
 }

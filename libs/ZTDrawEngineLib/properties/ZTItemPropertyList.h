@@ -145,14 +145,14 @@ private:
     void refreshRow(QtVariantProperty *row);
     void callDisableFunction(const QString &name, const QVariant &objectValue);
 
-    QPointer<QUndoStack> undoStack; ///< borrowed
-    QPointer<QObject> object;       ///< borrowed
-    QtVariantPropertyManager *const variantManager;
-    QtVariantEditorFactory *const editorFactory;
-    QtTreePropertyBrowser *const browser;
-    OwnHelpers *const ownHelpers;                      ///< those that no host registered
-    QMap<int, ZTAbstractPropertySetHelper *> helpers;  ///< by meta-type id; own and hosts'
-    QMap<QObject *, DisableFunction> disableFunctions; ///< keys are only compared
-    Activity activity = Activity::Editing;
-    int fillCount = 0; ///< tells whether rows that were listed before are still those shown
+    QPointer<QUndoStack> m_undoStack; ///< borrowed
+    QPointer<QObject> m_object;       ///< borrowed
+    QtVariantPropertyManager *const m_variantManager;
+    QtVariantEditorFactory *const m_editorFactory;
+    QtTreePropertyBrowser *const m_browser;
+    OwnHelpers *const m_ownHelpers;                      ///< those that no host registered
+    QMap<int, ZTAbstractPropertySetHelper *> m_helpers;  ///< by meta-type id; own and hosts'
+    QMap<QObject *, DisableFunction> m_disableFunctions; ///< keys are only compared
+    Activity m_activity = Activity::Editing;
+    int m_fillCount = 0; ///< tells whether rows that were listed before are still those shown
 };

@@ -50,7 +50,7 @@ QString describe(PltFlaw flaw, const QString &text)
 class Inspector
 {
 public:
-    explicit Inspector(int limit) : maxListed(limit) {}
+    explicit Inspector(int limit) : m_maxListed(limit) {}
 
     void add(const PltLine &line, const QByteArray &bytes)
     {
@@ -79,7 +79,7 @@ public:
 private:
     void listSkipped(const QByteArray &bytes)
     {
-        if (report.skipped.size() >= maxListed)
+        if (report.skipped.size() >= m_maxListed)
             return;
         const QString text = pltLineText(bytes.cbegin(), bytes.cend());
         if (!text.trimmed().isEmpty())
@@ -88,13 +88,13 @@ private:
 
     void listProblem(PltFlaw flaw, const QByteArray &bytes)
     {
-        if (report.problems.size() >= maxListed)
+        if (report.problems.size() >= m_maxListed)
             return;
         const QString text = pltLineText(bytes.cbegin(), bytes.cend());
         report.problems.append({report.lines, describe(flaw, text)});
     }
 
-    int maxListed;
+    int m_maxListed;
 };
 
 } // namespace

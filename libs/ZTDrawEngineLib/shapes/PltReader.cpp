@@ -26,80 +26,80 @@ std::size_t firstRoom(const QIODevice &device)
 class LineChunks
 {
 public:
-    explicit LineChunks(QIODevice &source) : device(source), buffer(firstRoom(source)) {}
+    explicit LineChunks(QIODevice &source) : m_device(source), m_buffer(firstRoom(source)) {}
 
     /** Makes the next lines available; false when there are none, or none that can be read. */
     bool next()
     {
         dropTaken();
-        while (taken == 0 && !atEnd) {
-            if (filled == buffer.size() && !grow())
+        while (m_taken == 0 && !m_atEnd) {
+            if (m_filled == m_buffer.size() && !grow())
                 return false;
             if (!readMore())
                 return false;
         }
-        return taken > 0;
+        return m_taken > 0;
     }
 
-    const char *begin() const { return buffer.data(); }
-    const char *end() const { return buffer.data() + taken; }
-    bool hasFailed() const { return failed; }
+    const char *begin() const { return m_buffer.data(); }
+    const char *end() const { return m_buffer.data() + m_taken; }
+    bool hasFailed() const { return m_failed; }
 
 private:
     void dropTaken()
     {
-        std::memmove(buffer.data(), buffer.data() + taken, filled - taken);
-        filled -= taken;
-        taken = 0;
+        std::memmove(m_buffer.data(), m_buffer.data() + m_taken, m_filled - m_taken);
+        m_filled -= m_taken;
+        m_taken = 0;
     }
 
     bool grow()
     {
-        failed = buffer.size() >= kMaxLineBytes;
-        if (!failed)
-            buffer.resize(buffer.size() * 2);
-        return !failed;
+        m_failed = m_buffer.size() >= kMaxLineBytes;
+        if (!m_failed)
+            m_buffer.resize(m_buffer.size() * 2);
+        return !m_failed;
     }
 
     /** Appends what one read gives. At the end of the device, its last line needs no line end. */
     bool readMore()
     {
-        const qint64 count =
-            device.read(buffer.data() + filled, static_cast<qint64>(buffer.size() - filled));
+        const qint64 count = m_device.read(m_buffer.data() + m_filled,
+                                           static_cast<qint64>(m_buffer.size() - m_filled));
         if (count <= 0) {
-            atEnd = true;
-            failed = isReadError(count);
-            taken = failed ? 0 : filled;
-            return !failed;
+            m_atEnd = true;
+            m_failed = isReadError(count);
+            m_taken = m_failed ? 0 : m_filled;
+            return !m_failed;
         }
-        const std::size_t unread = filled;
-        filled += static_cast<std::size_t>(count);
-        taken = endOfLastLine(unread);
+        const std::size_t unread = m_filled;
+        m_filled += static_cast<std::size_t>(count);
+        m_taken = endOfLastLine(unread);
         return true;
     }
 
     /** A sequential device also answers -1 when nothing is left; a file knows which it was. */
     bool isReadError(qint64 count) const
     {
-        if (const auto *file = qobject_cast<const QFileDevice *>(&device))
+        if (const auto *file = qobject_cast<const QFileDevice *>(&m_device))
             return file->error() != QFileDevice::NoError;
-        return count < 0 && !device.isSequential();
+        return count < 0 && !m_device.isSequential();
     }
 
     std::size_t endOfLastLine(std::size_t from) const
     {
-        std::size_t at = filled;
-        while (at > from && buffer[at - 1] != '\n')
+        std::size_t at = m_filled;
+        while (at > from && m_buffer[at - 1] != '\n')
             --at;
         return at > from ? at : 0;
     }
 
-    QIODevice &device;
-    std::vector<char> buffer;
-    std::size_t filled = 0; ///< bytes in the buffer
-    std::size_t taken = 0;  ///< of these, bytes of complete lines
-    bool atEnd = false;
-    bool failed = false;
+    QIODevice &m_device;
+    std::vector<char> m_buffer;
+    std::size_t m_filled = 0; ///< bytes in the buffer
+    std::size_t m_taken = 0;  ///< of these, bytes of complete lines
+    bool m_atEnd = false;
+    bool m_failed = false;
 };
 
 /** Follows all lines of the device; false when it cannot be read to its end. */
@@ -134,10 +134,10 @@ bool PltReader::load(QIODevice &device)
     ZTPltDrawing drawing;
     if (!readDrawing(device, drawing) || drawing.isEmpty())
         return false;
-    path = drawing.normalised();
+    m_path = drawing.normalised();
     return true;
 }
 
-const QPainterPath &PltReader::getPath() const { return path; }
+const QPainterPath &PltReader::getPath() const { return m_path; }
 
-void PltReader::setPath(const QPainterPath &pathMm) { path = pathMm; }
+void PltReader::setPath(const QPainterPath &pathMm) { m_path = pathMm; }

@@ -42,5 +42,5 @@ public:
     void setPath(const QPainterPath &pathMm);
 
 private:
-    QPainterPath path;
+    QPainterPath m_path;
 };

@@ -3,7 +3,7 @@
 #include <ZTDrawEngineLib/document/ZTCoord.h>
 #include <ZTDrawEngineLib/shapes/Reach_p.h>
 
-ZTLineShape::ZTLineShape() : line(getRect().topLeft(), getRect().bottomRight())
+ZTLineShape::ZTLineShape() : m_line(getRect().topLeft(), getRect().bottomRight())
 {
     setShapeType(ShapeType::Line);
     setUpdate(1);
@@ -16,9 +16,9 @@ void ZTLineShape::paint()
         return;
     setUpdate(0);
     const QTransform lineToPx = getTransformParam() * ZTCoord::getInstance()->getMm2pixTransform();
-    const QLineF linePx = lineToPx.map(line);
+    const QLineF linePx = lineToPx.map(m_line);
     m_angle = linePx.angle();
-    m_length = getTransformParam().map(line).length();
+    m_length = getTransformParam().map(m_line).length();
     QPainterPath lines;
     if (isWithinReach(linePx.p1()) && isWithinReach(linePx.p2())) {
         lines.moveTo(linePx.p1());
@@ -31,22 +31,22 @@ double ZTLineShape::angle() const { return m_angle; }
 
 double ZTLineShape::length() const { return m_length; }
 
-const QLineF &ZTLineShape::getLine() const { return line; }
+const QLineF &ZTLineShape::getLine() const { return m_line; }
 
 void ZTLineShape::setLine(const QLineF &lineMm)
 {
-    line = lineMm;
+    m_line = lineMm;
     setUpdate(1);
     paint();
 }
 
-void ZTLineShape::takeTransformIntoLine() { line = getTransformParam().map(line); }
+void ZTLineShape::takeTransformIntoLine() { m_line = getTransformParam().map(m_line); }
 
 void ZTLineShape::setAngle(double angleDeg)
 {
     m_angle = angleDeg;
     takeTransformIntoLine();
-    line.setAngle(angleDeg);
+    m_line.setAngle(angleDeg);
     setTransformParam(QTransform());
 }
 
@@ -56,6 +56,6 @@ void ZTLineShape::setLength(double lengthMm)
         return;
     m_length = lengthMm;
     takeTransformIntoLine();
-    line.setLength(lengthMm);
+    m_line.setLength(lengthMm);
     setTransformParam(QTransform());
 }

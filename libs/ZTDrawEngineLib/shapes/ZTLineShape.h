@@ -41,7 +41,7 @@ public:
 private:
     void takeTransformIntoLine();
 
-    QLineF line; ///< millimetres, before the transform
+    QLineF m_line; ///< millimetres, before the transform
     double m_angle = 0;
     double m_length = 0;
 };

@@ -22,37 +22,37 @@ bool isFinite(const QTransform &transform)
 bool ZTPltDrawing::add(const PltLine &line)
 {
     if (line.kind == PltLineKind::PenUp)
-        isOpen = false;
+        m_isOpen = false;
     if (!line.hasPoint)
         return true;
-    if (points.size() >= maxPoints)
+    if (m_points.size() >= m_maxPoints)
         return false;
     const QPoint point(line.x, line.y);
-    if (!isOpen)
+    if (!m_isOpen)
         startPolyline(point);
     else
-        points.push_back(point);
-    isOpen = true;
+        m_points.push_back(point);
+    m_isOpen = true;
     return true;
 }
 
 void ZTPltDrawing::startPolyline(const QPoint &point)
 {
     if (endsInSinglePoint()) {
-        points.back() = point;
+        m_points.back() = point;
         return;
     }
-    starts.push_back(points.size());
-    points.push_back(point);
+    m_starts.push_back(m_points.size());
+    m_points.push_back(point);
 }
 
 QRectF ZTPltDrawing::extent() const
 {
-    if (points.empty())
+    if (m_points.empty())
         return {};
-    QPoint least = points.front();
-    QPoint most = points.front();
-    for (const QPoint &point : points) {
+    QPoint least = m_points.front();
+    QPoint most = m_points.front();
+    for (const QPoint &point : m_points) {
         least.rx() = std::min(least.x(), point.x());
         least.ry() = std::min(least.y(), point.y());
         most.rx() = std::max(most.x(), point.x());
@@ -65,12 +65,12 @@ int ZTPltDrawing::polylineCount() const { return static_cast<int>(drawnCount());
 
 std::size_t ZTPltDrawing::drawnCount() const
 {
-    return starts.size() - (endsInSinglePoint() ? 1 : 0);
+    return m_starts.size() - (endsInSinglePoint() ? 1 : 0);
 }
 
 std::size_t ZTPltDrawing::endOf(std::size_t polyline) const
 {
-    return polyline + 1 < starts.size() ? starts[polyline + 1] : points.size();
+    return polyline + 1 < m_starts.size() ? m_starts[polyline + 1] : m_points.size();
 }
 
 QPainterPath ZTPltDrawing::normalised() const
@@ -83,12 +83,12 @@ QPainterPath ZTPltDrawing::normalised() const
         return {};
 
     QPainterPath path;
-    path.reserve(static_cast<int>(points.size()));
+    path.reserve(static_cast<int>(m_points.size()));
     QPolygonF polygon;
     for (std::size_t i = 0; i < drawnCount(); ++i) {
         polygon.clear();
-        for (std::size_t k = starts[i]; k < endOf(i); ++k)
-            polygon << toMm.map(QPointF(points[k]));
+        for (std::size_t k = m_starts[i]; k < endOf(i); ++k)
+            polygon << toMm.map(QPointF(m_points[k]));
         path.addPolygon(polygon);
     }
     return path;

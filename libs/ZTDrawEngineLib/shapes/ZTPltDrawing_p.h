@@ -22,13 +22,13 @@ public:
     /** Limit: more points than any plotter drawing has, and no more than a path can hold. */
     static constexpr std::size_t kMaxPoints = 50'000'000;
 
-    explicit ZTPltDrawing(std::size_t limit = kMaxPoints) : maxPoints(limit) {}
+    explicit ZTPltDrawing(std::size_t limit = kMaxPoints) : m_maxPoints(limit) {}
 
     /** Follows one line of the file. Returns false, and changes nothing, at the limit. */
     bool add(const PltLine &line);
 
     /** Whether there is no polyline of two points; they may be equal. */
-    bool isEmpty() const { return points.size() < 2; }
+    bool isEmpty() const { return m_points.size() < 2; }
 
     /** Around all points, a last polyline of one point included; null when there is none. */
     QRectF extent() const;
@@ -49,10 +49,13 @@ private:
     std::size_t drawnCount() const;
     std::size_t endOf(std::size_t polyline) const;
 
-    bool endsInSinglePoint() const { return !starts.empty() && starts.back() + 1 == points.size(); }
+    bool endsInSinglePoint() const
+    {
+        return !m_starts.empty() && m_starts.back() + 1 == m_points.size();
+    }
 
-    std::size_t maxPoints;
-    std::vector<QPoint> points;
-    std::vector<std::size_t> starts; ///< index of each polyline's first point
-    bool isOpen = false;             ///< the next point continues the last polyline
+    std::size_t m_maxPoints;
+    std::vector<QPoint> m_points;
+    std::vector<std::size_t> m_starts; ///< index of each polyline's first point
+    bool m_isOpen = false;             ///< the next point continues the last polyline
 };

@@ -54,8 +54,8 @@ void ZTPolygonShape::paint()
     setUpdate(0);
     QPainterPath path;
     const double width = getRect().width();
-    if (isDrawable(width, sideCount))
-        path.addPolygon(regularPolygon(radiusOfWidth(width), sideCount));
+    if (isDrawable(width, m_sideCount))
+        path.addPolygon(regularPolygon(radiusOfWidth(width), m_sideCount));
     getPath() = path;
     path2Lines(true);
     fill();
@@ -63,16 +63,16 @@ void ZTPolygonShape::paint()
 
 void ZTPolygonShape::setSideCount(int count)
 {
-    sideCount = count;
+    m_sideCount = count;
     setUpdate(1);
 }
 
-int ZTPolygonShape::getSideCount() { return sideCount; }
+int ZTPolygonShape::getSideCount() { return m_sideCount; }
 
 bool ZTPolygonShape::load(QDataStream &stream)
 {
-    stream >> sideCount;
+    stream >> m_sideCount;
     return true;
 }
 
-void ZTPolygonShape::save(QDataStream &stream) const { stream << sideCount; }
+void ZTPolygonShape::save(QDataStream &stream) const { stream << m_sideCount; }

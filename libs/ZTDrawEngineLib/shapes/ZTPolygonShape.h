@@ -35,5 +35,5 @@ public:
     void save(QDataStream &stream) const override;
 
 private:
-    qint32 sideCount = 5;
+    qint32 m_sideCount = 5;
 };

@@ -15,9 +15,9 @@ constexpr int kRecordSize = 214;
 
 } // namespace
 
-ZTShapeBase::ZTShapeBase() : d(new ZTShapeBasePrivate) {}
+ZTShapeBase::ZTShapeBase() : m_d(new ZTShapeBasePrivate) {}
 
-ZTShapeBase::ZTShapeBase(const ZTShapeBase &other) : d(new ZTShapeBasePrivate(*other.d)) {}
+ZTShapeBase::ZTShapeBase(const ZTShapeBase &other) : m_d(new ZTShapeBasePrivate(*other.m_d)) {}
 
 ZTShapeBase::ZTShapeBase(ZTShapeBase &&other) noexcept = default;
 
@@ -32,54 +32,54 @@ QString ZTShapeBase::text() const { return {}; }
 
 void ZTShapeBase::setText(const QString &) {}
 
-const QPainterPath &ZTShapeBase::getLines() const { return d->lines; }
+const QPainterPath &ZTShapeBase::getLines() const { return m_d->lines; }
 
 void ZTShapeBase::setTransformParam(const QTransform &transform)
 {
-    d->transformParam = transform;
+    m_d->transformParam = transform;
     setUpdate(1);
     paint();
 }
 
-QTransform &ZTShapeBase::getTransformParam() { return d->transformParam; }
+QTransform &ZTShapeBase::getTransformParam() { return m_d->transformParam; }
 
-QTransform &ZTShapeBase::getRoundingTransformParam() { return d->roundingTransformParam; }
+QTransform &ZTShapeBase::getRoundingTransformParam() { return m_d->roundingTransformParam; }
 
 void ZTShapeBase::setRoundingTransformParam(const QTransform &transform)
 {
-    d->roundingTransformParam = transform;
+    m_d->roundingTransformParam = transform;
 }
 
-QRectF ZTShapeBase::getRect() const { return d->rect; }
+QRectF ZTShapeBase::getRect() const { return m_d->rect; }
 
 void ZTShapeBase::setRect(const QRectF &rectMm)
 {
-    if (rectMm != d->rect) {
-        d->rect = rectMm;
+    if (rectMm != m_d->rect) {
+        m_d->rect = rectMm;
         setUpdate(1);
     }
 }
 
-QRectF ZTShapeBase::controlPointRect() { return d->lines.controlPointRect(); }
+QRectF ZTShapeBase::controlPointRect() { return m_d->lines.controlPointRect(); }
 
 void ZTShapeBase::scale(double sx, double sy)
 {
-    d->rect.setSize(QSizeF(d->rect.width() * sx, d->rect.height() * sy));
+    m_d->rect.setSize(QSizeF(m_d->rect.width() * sx, m_d->rect.height() * sy));
 }
 
-ZTFillParam ZTShapeBase::getFillParam() { return d->fillParam; }
+ZTFillParam ZTShapeBase::getFillParam() { return m_d->fillParam; }
 
 void ZTShapeBase::setFillParam(const ZTFillParam &param)
 {
-    d->fillParam = param;
+    m_d->fillParam = param;
     setUpdate(1);
 }
 
-ShapeType ZTShapeBase::getShapeType() { return d->shapeType; }
+ShapeType ZTShapeBase::getShapeType() { return m_d->shapeType; }
 
-void ZTShapeBase::setShapeType(const ShapeType &type) { d->shapeType = type; }
+void ZTShapeBase::setShapeType(const ShapeType &type) { m_d->shapeType = type; }
 
-const QVector<QLineF> &ZTShapeBase::getFillLines() const { return d->fillLines; }
+const QVector<QLineF> &ZTShapeBase::getFillLines() const { return m_d->fillLines; }
 
 bool ZTShapeBase::load(QDataStream &stream)
 {
@@ -90,28 +90,28 @@ bool ZTShapeBase::load(QDataStream &stream)
 
 void ZTShapeBase::save(QDataStream &stream) const { stream << *this; }
 
-int ZTShapeBase::getId() const { return d->id; }
-void ZTShapeBase::setId(int id) { d->id = id; }
-int ZTShapeBase::getPenId() const { return d->penId; }
-void ZTShapeBase::setPenId(int penId) { d->penId = penId; }
-bool ZTShapeBase::getLockAspectRatio() const { return d->lockAspectRatio; }
-void ZTShapeBase::setLockAspectRatio(bool lock) { d->lockAspectRatio = lock; }
-bool ZTShapeBase::isUpdate() const { return d->update != 0; }
-void ZTShapeBase::setUpdate(int update) { d->update = update; }
+int ZTShapeBase::getId() const { return m_d->id; }
+void ZTShapeBase::setId(int id) { m_d->id = id; }
+int ZTShapeBase::getPenId() const { return m_d->penId; }
+void ZTShapeBase::setPenId(int penId) { m_d->penId = penId; }
+bool ZTShapeBase::getLockAspectRatio() const { return m_d->lockAspectRatio; }
+void ZTShapeBase::setLockAspectRatio(bool lock) { m_d->lockAspectRatio = lock; }
+bool ZTShapeBase::isUpdate() const { return m_d->update != 0; }
+void ZTShapeBase::setUpdate(int update) { m_d->update = update; }
 
-QPainterPath &ZTShapeBase::getPath() const { return d->path; }
+QPainterPath &ZTShapeBase::getPath() const { return m_d->path; }
 
 QTransform ZTShapeBase::pathToMm() const
 {
-    if (d->roundingTransformParam.isIdentity())
-        return d->transformParam;
-    return d->roundingTransformParam * d->transformParam;
+    if (m_d->roundingTransformParam.isIdentity())
+        return m_d->transformParam;
+    return m_d->roundingTransformParam * m_d->transformParam;
 }
 
 void ZTShapeBase::path2Lines(bool sort)
 {
     const QTransform pathToPx = pathToMm() * ZTCoord::getInstance()->getMm2pixTransform();
-    QList<QPolygonF> polygons = d->path.toSubpathPolygons(pathToPx);
+    QList<QPolygonF> polygons = m_d->path.toSubpathPolygons(pathToPx);
     if (!isWithinReach(polygons))
         polygons.clear();
     if (sort)
@@ -120,16 +120,16 @@ void ZTShapeBase::path2Lines(bool sort)
     QPainterPath lines;
     for (const QPolygonF &polygon : qAsConst(polygons))
         lines.addPolygon(polygon);
-    d->lines = lines;
+    m_d->lines = lines;
 }
 
-void ZTShapeBase::setLines(const QPainterPath &linesPx) { d->lines = linesPx; }
+void ZTShapeBase::setLines(const QPainterPath &linesPx) { m_d->lines = linesPx; }
 
-void ZTShapeBase::setFillLines(const QVector<QLineF> &fillLinesPx) { d->fillLines = fillLinesPx; }
+void ZTShapeBase::setFillLines(const QVector<QLineF> &fillLinesPx) { m_d->fillLines = fillLinesPx; }
 
 QDataStream &operator<<(QDataStream &stream, const ZTShapeBase &shape)
 {
-    const ZTShapeBasePrivate &record = *shape.d;
+    const ZTShapeBasePrivate &record = *shape.m_d;
     using Fields = PackedFields<kRecordSize>;
     if (Fields::suits(stream)) {
         const ZTFillParam &fill = record.fillParam;
@@ -148,7 +148,7 @@ QDataStream &operator<<(QDataStream &stream, const ZTShapeBase &shape)
 
 QDataStream &operator>>(QDataStream &stream, ZTShapeBase &shape)
 {
-    ZTShapeBasePrivate &record = *shape.d;
+    ZTShapeBasePrivate &record = *shape.m_d;
     qint32 shapeType = 0;
     stream >> record.rect >> record.transformParam >> record.roundingTransformParam >>
         record.fillParam >> shapeType >> record.update >> record.id >> record.lockAspectRatio >>

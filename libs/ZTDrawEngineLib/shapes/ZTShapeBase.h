@@ -179,7 +179,7 @@ private:
 
     QTransform pathToMm() const;
 
-    QExplicitlySharedDataPointer<ZTShapeBasePrivate> d;
+    QExplicitlySharedDataPointer<ZTShapeBasePrivate> m_d;
 };
 
 /** Stream form of a shape's base record, as `ZTShapeBase::save` tells. */

@@ -160,8 +160,8 @@ QVector<QLineF> levelLines(const QList<QPolygonF> &polygons, double spac)
 
 void ZTShapeBase::fillLine()
 {
-    if (d->path.isEmpty())
+    if (m_d->path.isEmpty())
         return;
-    d->fillLines.clear();
-    d->fillLines = levelLines(d->path.toSubpathPolygons(pathToMm()), d->fillParam.spac);
+    m_d->fillLines.clear();
+    m_d->fillLines = levelLines(m_d->path.toSubpathPolygons(pathToMm()), m_d->fillParam.spac);
 }

@@ -43,7 +43,7 @@ void ZTVecGraph::paint()
     if (!isUpdate())
         return;
     setUpdate(0);
-    const QPainterPath drawing = imageKind == 1 ? reader.getPath() : QPainterPath();
+    const QPainterPath drawing = m_imageKind == 1 ? m_reader.getPath() : QPainterPath();
     getPath() = drawing.isEmpty() ? nullWord() : drawing;
     path2Lines(true);
     fill();
@@ -54,8 +54,8 @@ bool ZTVecGraph::load(QDataStream &stream)
     QString path;
     stream >> path;
     if (isNoPlainFile(path)) { // nobody chose it: a drawing must not read the machine's devices
-        imagePath = path;
-        imageKind = 1;
+        m_imagePath = path;
+        m_imageKind = 1;
         setUpdate(1);
     } else {
         setImagePath(path);
@@ -63,35 +63,35 @@ bool ZTVecGraph::load(QDataStream &stream)
     return true;
 }
 
-void ZTVecGraph::save(QDataStream &stream) const { stream << imagePath; }
+void ZTVecGraph::save(QDataStream &stream) const { stream << m_imagePath; }
 
 void ZTVecGraph::setImagePath(const QString &path)
 {
-    imagePath = path;
+    m_imagePath = path;
     // Kept: the whole name is compared, not its extension, so that files of any extension load.
     if (path.compare(QLatin1String(".plt"), Qt::CaseInsensitive) == 0)
         return;
-    imageKind = 1;
-    reader.load(imagePath);
+    m_imageKind = 1;
+    m_reader.load(m_imagePath);
     setUpdate(1);
 }
 
-const QString &ZTVecGraph::getImagePath() const { return imagePath; }
+const QString &ZTVecGraph::getImagePath() const { return m_imagePath; }
 
 bool ZTVecGraph::readImage(QIODevice &device, const QString &path)
 {
-    imagePath = path;
-    imageKind = 1;
+    m_imagePath = path;
+    m_imageKind = 1;
     setUpdate(1);
-    return reader.load(device);
+    return m_reader.load(device);
 }
 
-const QPainterPath &ZTVecGraph::getDrawing() const { return reader.getPath(); }
+const QPainterPath &ZTVecGraph::getDrawing() const { return m_reader.getPath(); }
 
 void ZTVecGraph::setDrawing(const QPainterPath &drawingMm, const QString &path)
 {
-    imagePath = path;
-    imageKind = 1;
-    reader.setPath(drawingMm);
+    m_imagePath = path;
+    m_imageKind = 1;
+    m_reader.setPath(drawingMm);
     setUpdate(1);
 }

@@ -50,7 +50,7 @@ public:
     void setDrawing(const QPainterPath &drawingMm, const QString &path);
 
 private:
-    QString imagePath;
-    PltReader reader;
-    qint32 imageKind = 0; ///< 1 once a file was handed to the reader
+    QString m_imagePath;
+    PltReader m_reader;
+    qint32 m_imageKind = 0; ///< 1 once a file was handed to the reader
 };

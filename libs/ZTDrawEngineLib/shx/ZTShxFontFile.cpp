@@ -51,7 +51,7 @@ bool readAll(std::ifstream &stream, std::vector<unsigned char> &bytes)
 } // namespace
 
 ZTShxGlyphTable::ZTShxGlyphTable(const std::vector<unsigned char> &image, const ZTShxIndex &index)
-    : pages(1)
+    : m_pages(1)
 {
     switch (index.type) {
     case SHX_TYPE::SHX_UNIFONT:
@@ -107,12 +107,12 @@ void ZTShxGlyphTable::addShapesRecords(const std::vector<unsigned char> &image,
 
 void ZTShxGlyphTable::add(unsigned code, const ZTShxGlyph &glyph)
 {
-    quint16 &page = pageOf[code >> 8];
+    quint16 &page = m_pageOf[code >> 8];
     if (page == 0) {
-        page = static_cast<quint16>(pages.size());
-        pages.emplace_back();
+        page = static_cast<quint16>(m_pages.size());
+        m_pages.emplace_back();
     }
-    ZTShxGlyph &entry = pages[page][code & 0xFFu];
+    ZTShxGlyph &entry = m_pages[page][code & 0xFFu];
     if (entry.length == ZTShxGlyph::NoRecord)
         entry = glyph;
 }
@@ -126,7 +126,7 @@ std::shared_ptr<ZTShxFontFile> ZTShxFontFile::read(const char *path)
         if (!stream.is_open())
             return nullptr;
         auto file = std::make_shared<ZTShxFontFile>();
-        return readAll(stream, file->image) ? file : nullptr;
+        return readAll(stream, file->m_image) ? file : nullptr;
     } catch (const std::exception &) { // no memory for the image
         return nullptr;
     }
@@ -134,7 +134,7 @@ std::shared_ptr<ZTShxFontFile> ZTShxFontFile::read(const char *path)
 
 const ZTShxGlyphTable &ZTShxFontFile::glyphs(const ZTShxIndex &index)
 {
-    if (!table)
-        table = std::make_unique<ZTShxGlyphTable>(image, index);
-    return *table;
+    if (!m_table)
+        m_table = std::make_unique<ZTShxGlyphTable>(m_image, index);
+    return *m_table;
 }

@@ -43,8 +43,8 @@ public:
     {
         const unsigned number = static_cast<unsigned>(code);
         if (number > 0xFFFFu)
-            return pages.front().front();
-        return pages[pageOf[number >> 8]][number & 0xFFu];
+            return m_pages.front().front();
+        return m_pages[m_pageOf[number >> 8]][number & 0xFFu];
     }
 
 private:
@@ -55,8 +55,8 @@ private:
     void addShapesRecords(const std::vector<unsigned char> &image, const ZTShxIndex &index);
     void add(unsigned code, const ZTShxGlyph &glyph);
 
-    std::array<quint16, 256> pageOf{}; ///< by the high byte of a code; page 0 has no glyph at all
-    std::vector<Page> pages;
+    std::array<quint16, 256> m_pageOf{}; ///< by the high byte of a code; page 0 has no glyph at all
+    std::vector<Page> m_pages;
 };
 
 /** The image of one font file, never changed once read; copies of a parser share it. */
@@ -70,14 +70,14 @@ public:
      */
     static std::shared_ptr<ZTShxFontFile> read(const char *path);
 
-    const std::vector<unsigned char> &bytes() const { return image; }
+    const std::vector<unsigned char> &bytes() const { return m_image; }
 
     /** The glyphs of the image's index; built on the first call, the same index always. */
     const ZTShxGlyphTable &glyphs(const ZTShxIndex &index);
 
 private:
-    std::vector<unsigned char> image;
-    std::unique_ptr<ZTShxGlyphTable> table;
+    std::vector<unsigned char> m_image;
+    std::unique_ptr<ZTShxGlyphTable> m_table;
 };
 
 namespace ztshx {

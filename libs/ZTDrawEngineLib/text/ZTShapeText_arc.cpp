@@ -16,21 +16,21 @@ class ArcSteps
 {
 public:
     ArcSteps(const ZTRoundingParam &param, int characterCount)
-        : angleDeg(param.startAngle), stepDeg(param.spanAngle / (2.0 * characterCount))
+        : m_angleDeg(param.startAngle), m_stepDeg(param.spanAngle / (2.0 * characterCount))
     {
     }
 
     double next()
     {
-        angleDeg += stepDeg;
-        const double middleDeg = angleDeg;
-        angleDeg += stepDeg;
+        m_angleDeg += m_stepDeg;
+        const double middleDeg = m_angleDeg;
+        m_angleDeg += m_stepDeg;
         return middleDeg;
     }
 
 private:
-    double angleDeg;
-    double stepDeg;
+    double m_angleDeg;
+    double m_stepDeg;
 };
 
 bool isFinite(const ZTRoundingParam &param)
@@ -99,21 +99,21 @@ void addGlyph(QPainterPath &path, const QPainterPath &glyph, const QTransform &t
 class CharacterOutlines
 {
 public:
-    explicit CharacterOutlines(const QFont &usedFont) : font(usedFont) {}
+    explicit CharacterOutlines(const QFont &usedFont) : m_font(usedFont) {}
 
     const QPainterPath &of(QChar character)
     {
-        const auto found = outlines.constFind(character);
-        if (found != outlines.constEnd())
+        const auto found = m_outlines.constFind(character);
+        if (found != m_outlines.constEnd())
             return *found;
         QPainterPath outline;
-        ztoutline::addText(outline, {0.0, 0.0}, font, QString(character));
-        return *outlines.insert(character, outline);
+        ztoutline::addText(outline, {0.0, 0.0}, m_font, QString(character));
+        return *m_outlines.insert(character, outline);
     }
 
 private:
-    QFont font;
-    QHash<QChar, QPainterPath> outlines;
+    QFont m_font;
+    QHash<QChar, QPainterPath> m_outlines;
 };
 
 } // namespace

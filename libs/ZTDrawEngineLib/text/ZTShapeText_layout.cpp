@@ -33,9 +33,9 @@ public:
         const int count = path.elementCount();
         const bool endsInMove = count > 0 && path.elementAt(count - 1).isMoveTo();
         const int kept = endsInMove ? count - 1 : count;
-        for (; known < kept; ++known)
-            staying.include(path.elementAt(known).y);
-        Extent now = staying;
+        for (; m_known < kept; ++m_known)
+            m_staying.include(path.elementAt(m_known).y);
+        Extent now = m_staying;
         if (endsInMove)
             now.include(path.elementAt(kept).y);
         return count > 0 ? now.max - now.min : 0.0;
@@ -53,8 +53,8 @@ private:
         double max = std::numeric_limits<double>::lowest();
     };
 
-    Extent staying; ///< of the elements that stay
-    int known = 0;  ///< how many those are
+    Extent m_staying; ///< of the elements that stay
+    int m_known = 0;  ///< how many those are
 };
 
 /** A distance as whole pixels, cut off; 0 for what is no number. */

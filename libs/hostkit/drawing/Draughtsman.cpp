@@ -16,7 +16,7 @@ constexpr double kStrokeHeight = 5.0;
 
 ZTAbstractGraphicsItem *Draughtsman::add(ShapeType type, const QRectF &rectMm, int penId, int sides)
 {
-    ZTAbstractGraphicsItem *item = document.itemMag()->addShape(type, {0, 0, 10, 10});
+    ZTAbstractGraphicsItem *item = m_document.itemMag()->addShape(type, {0, 0, 10, 10});
     if (item == nullptr)
         return nullptr;
     if (auto *polygon = qobject_cast<ZTGraphicsPolygonItem *>(item))
@@ -34,7 +34,7 @@ ZTGraphicsTextItem *Draughtsman::addText(const QString &text, const QPointF &pos
                                          int penId)
 {
     auto *item = qobject_cast<ZTGraphicsTextItem *>(
-        document.itemMag()->addShape(ShapeType::Text, {0, 0, 10, 10}));
+        m_document.itemMag()->addShape(ShapeType::Text, {0, 0, 10, 10}));
     if (item == nullptr)
         return nullptr;
     QFont font(kSystemFont);
@@ -103,7 +103,7 @@ void Draughtsman::repeat(ZTAbstractGraphicsItem *item, int rows, int columns, do
         return;
     const double gapPx = ZTCoord::getInstance()->mm2pix(gapMm);
     item->setSelected(true);
-    document.itemMag()->addMatrix(rows, columns, gapPx, gapPx);
+    m_document.itemMag()->addMatrix(rows, columns, gapPx, gapPx);
     item->setSelected(false);
 }
 

@@ -10,7 +10,7 @@ enum Pen { Black = 1, Blue = 2, Green = 6, Magenta = 9, Orange = 10, Red = 12, T
 class Draughtsman
 {
 public:
-    explicit Draughtsman(ZTGraphicsDocument &drawn) : document(drawn) {}
+    explicit Draughtsman(ZTGraphicsDocument &drawn) : m_document(drawn) {}
 
     /** A shape that fills `rectMm` exactly; null for a kind without a factory. */
     ZTAbstractGraphicsItem *add(ShapeType type, const QRectF &rectMm, int penId, int sides = 5);
@@ -33,7 +33,7 @@ public:
     void moveTo(ZTAbstractGraphicsItem *item, const QPointF &topLeftMm);
 
 private:
-    ZTGraphicsDocument &document;
+    ZTGraphicsDocument &m_document;
 };
 
 } // namespace hostkit

@@ -16,14 +16,14 @@ class ByteReader
 {
 public:
     explicit ByteReader(const QByteArray &borrowed)
-        : begin(borrowed.constData()), at(begin), end(begin + borrowed.size())
+        : m_begin(borrowed.constData()), m_at(m_begin), m_end(m_begin + borrowed.size())
     {
     }
 
-    bool ok() const { return isGood; }
-    bool atEnd() const { return at == end; }
-    int offset() const { return static_cast<int>(at - begin); }
-    quint32 left() const { return static_cast<quint32>(end - at); }
+    bool ok() const { return m_isGood; }
+    bool atEnd() const { return m_at == m_end; }
+    int offset() const { return static_cast<int>(m_at - m_begin); }
+    quint32 left() const { return static_cast<quint32>(m_end - m_at); }
 
     template <class Number>
     Number number()
@@ -55,20 +55,20 @@ public:
 private:
     const char *take(quint64 count)
     {
-        if (!isGood || count > left()) {
-            isGood = false;
-            at = end;
+        if (!m_isGood || count > left()) {
+            m_isGood = false;
+            m_at = m_end;
             return nullptr;
         }
-        const char *from = at;
-        at += count;
+        const char *from = m_at;
+        m_at += count;
         return from;
     }
 
-    const char *begin;
-    const char *at;
-    const char *end;
-    bool isGood = true;
+    const char *m_begin;
+    const char *m_at;
+    const char *m_end;
+    bool m_isGood = true;
 };
 
 } // namespace hostkit

@@ -74,9 +74,9 @@ QHash<const ZTShapeBase *, QVector<VariantTextUse>> variantTextUses()
 class Collector
 {
 public:
-    explicit Collector(const DrawingExtras &carried) : uses(variantTextUses())
+    explicit Collector(const DrawingExtras &carried) : m_uses(variantTextUses())
     {
-        foreign = carried.foreignItems;
+        m_foreign = carried.foreignItems;
     }
 
     bool add(const ZTAbstractGraphicsItem &item, Failure *failure);
@@ -89,9 +89,9 @@ private:
     KeyedFields fieldsOf(const ZTAbstractGraphicsItem &item, const QByteArray &kind);
     qint32 numberOf(const QPainterPath &path);
 
-    QHash<const ZTShapeBase *, QVector<VariantTextUse>> uses;
-    QHash<QByteArray, qint32> numbers;
-    QVector<ForeignItem> foreign;
+    QHash<const ZTShapeBase *, QVector<VariantTextUse>> m_uses;
+    QHash<QByteArray, qint32> m_numbers;
+    QVector<ForeignItem> m_foreign;
 };
 
 /** What a shape writes of itself, once it is certain that it can be loaded again. */
@@ -136,8 +136,8 @@ bool Collector::add(const ZTAbstractGraphicsItem &item, Failure *failure)
 
 void Collector::addForeignUpTo(int place)
 {
-    while (!foreign.isEmpty() && foreign.first().place <= place) {
-        ForeignItem kept = foreign.takeFirst();
+    while (!m_foreign.isEmpty() && m_foreign.first().place <= place) {
+        ForeignItem kept = m_foreign.takeFirst();
         if (!kept.drawing.isEmpty())
             kept.item.fields[itemfield::kDrawing] = numberToBytes(numberOf(kept.drawing));
         items << kept.item;
@@ -160,7 +160,7 @@ KeyedFields Collector::fieldsOf(const ZTAbstractGraphicsItem &item, const QByteA
         fields[itemfield::kSize] = sizeToBytes(item.getSize());
     if (item.zValue() != 0.0)
         fields[itemfield::kZValue] = realToBytes(item.zValue());
-    if (const auto used = uses.constFind(&shape); used != uses.constEnd())
+    if (const auto used = m_uses.constFind(&shape); used != m_uses.constEnd())
         fields[itemfield::kVariants] = usesToBytes(*used);
     return fields;
 }
@@ -168,12 +168,12 @@ KeyedFields Collector::fieldsOf(const ZTAbstractGraphicsItem &item, const QByteA
 qint32 Collector::numberOf(const QPainterPath &path)
 {
     const QByteArray content = drawingsToBytes({path});
-    const auto known = numbers.constFind(content);
-    if (known != numbers.constEnd())
+    const auto known = m_numbers.constFind(content);
+    if (known != m_numbers.constEnd())
         return *known;
     const qint32 number = drawings.size();
     drawings << path;
-    numbers.insert(content, number);
+    m_numbers.insert(content, number);
     return number;
 }
 

@@ -29,41 +29,41 @@ const QByteArray kGroupNames = QByteArrayLiteral("GRPS");
 class Writer
 {
 public:
-    Writer() : stream(&bytes, QIODevice::WriteOnly) { stream.setVersion(kStreamVersion); }
+    Writer() : m_stream(&bytes, QIODevice::WriteOnly) { m_stream.setVersion(kStreamVersion); }
 
     template <class Value>
     Writer &operator<<(const Value &value)
     {
-        stream << value;
+        m_stream << value;
         return *this;
     }
 
     Writer &operator<<(const QString &text)
     {
         const QByteArray utf8 = text.toUtf8();
-        stream << static_cast<quint32>(utf8.size());
-        stream.writeRawData(utf8.constData(), utf8.size());
+        m_stream << static_cast<quint32>(utf8.size());
+        m_stream.writeRawData(utf8.constData(), utf8.size());
         return *this;
     }
 
     /** A count, then the bytes. */
     void counted(const QByteArray &content)
     {
-        stream << static_cast<quint32>(content.size());
-        stream.writeRawData(content.constData(), content.size());
+        m_stream << static_cast<quint32>(content.size());
+        m_stream.writeRawData(content.constData(), content.size());
     }
 
     void single(float value)
     {
         quint32 bits = 0;
         std::memcpy(&bits, &value, sizeof bits);
-        stream << bits;
+        m_stream << bits;
     }
 
     QByteArray bytes;
 
 private:
-    QDataStream stream;
+    QDataStream m_stream;
 };
 
 void spoil(ByteReader &reader) { reader.skip(quint64(reader.left()) + 1); }

@@ -44,18 +44,18 @@ QVector<QByteArray> knownTags()
 class Sections
 {
 public:
-    explicit Sections(const DrawingFrame &whole) : frame(whole) {}
+    explicit Sections(const DrawingFrame &whole) : m_frame(whole) {}
 
     const DrawingSection *find(const QByteArray &tag) const
     {
-        const auto found = std::find_if(frame.sections.begin(), frame.sections.end(),
+        const auto found = std::find_if(m_frame.sections.begin(), m_frame.sections.end(),
                                         [&](const auto &section) { return section.tag == tag; });
-        return found != frame.sections.end() ? &*found : nullptr;
+        return found != m_frame.sections.end() ? &*found : nullptr;
     }
 
     bool hasTwice(const QByteArray &tag) const
     {
-        return std::count_if(frame.sections.begin(), frame.sections.end(),
+        return std::count_if(m_frame.sections.begin(), m_frame.sections.end(),
                              [&](const auto &section) { return section.tag == tag; }) > 1;
     }
 
@@ -69,7 +69,7 @@ public:
                            Texts::tr("section %1 is out of step").arg(QString::fromLatin1(tag)));
     }
 
-    bool isOfVersion1() const { return frame.version == 1; }
+    bool isOfVersion1() const { return m_frame.version == 1; }
 
     QVector<QByteArray> known() const
     {
@@ -79,7 +79,7 @@ public:
     }
 
 private:
-    const DrawingFrame &frame;
+    const DrawingFrame &m_frame;
 };
 
 bool checkSections(const Sections &sections, Failure *failure)

@@ -66,7 +66,7 @@ public:
     QStringList missing() const
     {
         QStringList names;
-        for (const QString &name : lacking)
+        for (const QString &name : m_lacking)
             names << name;
         return names;
     }
@@ -74,18 +74,18 @@ public:
 private:
     void lookForFamily(const QString &family)
     {
-        if (known.insert(family).second && !hasSystemFont(family))
-            lacking.insert(family);
+        if (m_known.insert(family).second && !hasSystemFont(family))
+            m_lacking.insert(family);
     }
 
     void lookForStrokeFont(const QString &fileName)
     {
-        if (known.insert(fileName).second && !fileName.isEmpty() && !hasStrokeFont(fileName))
-            lacking.insert(fileName);
+        if (m_known.insert(fileName).second && !fileName.isEmpty() && !hasStrokeFont(fileName))
+            m_lacking.insert(fileName);
     }
 
-    std::set<QString> known;
-    std::set<QString> lacking;
+    std::set<QString> m_known;
+    std::set<QString> m_lacking;
 };
 
 /** Lets the drawing's set-up hold while its shapes are rebuilt, and no longer. */
@@ -94,21 +94,21 @@ class BorrowedSetup
 public:
     BorrowedSetup(const DrawingSetup &borrowed, const DrawingSetup &ownSetup,
                   const QVector<DrawingFontHeight> &ownHeights)
-        : setup(ownSetup), heights(ownHeights)
+        : m_setup(ownSetup), m_heights(ownHeights)
     {
         borrowed.applyToProcess();
     }
     ~BorrowedSetup()
     {
-        setup.applyToProcess();
-        setStrokeFontHeights(heights);
+        m_setup.applyToProcess();
+        setStrokeFontHeights(m_heights);
     }
     BorrowedSetup(const BorrowedSetup &) = delete;
     BorrowedSetup &operator=(const BorrowedSetup &) = delete;
 
 private:
-    const DrawingSetup &setup;
-    const QVector<DrawingFontHeight> &heights;
+    const DrawingSetup &m_setup;
+    const QVector<DrawingFontHeight> &m_heights;
 };
 
 /** Puts the registry of variant texts and the next id in the place of those there are. */
@@ -142,30 +142,30 @@ void addUses(std::vector<RegistryUse> uses)
 class KeptCounters
 {
 public:
-    explicit KeptCounters(ZTGraphicsDocument &kept) : document(kept)
+    explicit KeptCounters(ZTGraphicsDocument &kept) : m_document(kept)
     {
         ZTVariantTextManager &registry = *ZTVariantTextManager::getInstance();
-        QDataStream stream(&counters, QIODevice::WriteOnly);
+        QDataStream stream(&m_counters, QIODevice::WriteOnly);
         prepare(stream);
         registry.save(stream);
-        stream << static_cast<qint32>(document.itemMag()->getNextShapeId());
+        stream << static_cast<qint32>(m_document.itemMag()->getNextShapeId());
         for (const int id : registry.getIds()) {
             qint32 turn = 0;
             for (ZTTextShapeBase *shape : registry.getShapes(id))
-                uses.push_back({{id, turn++}, shape});
+                m_uses.push_back({{id, turn++}, shape});
         }
     }
 
     void putBack() const
     {
-        replaceCounters(counters, document);
-        addUses(uses);
+        replaceCounters(m_counters, m_document);
+        addUses(m_uses);
     }
 
 private:
-    ZTGraphicsDocument &document;
-    QByteArray counters;
-    std::vector<RegistryUse> uses;
+    ZTGraphicsDocument &m_document;
+    QByteArray m_counters;
+    std::vector<RegistryUse> m_uses;
 };
 
 /** Builds the items of a drawing, in no scene, and hands them over at the end. */
@@ -173,8 +173,8 @@ class Loader
 {
 public:
     Loader(const DrawingLoad &how, const DrawingFile &source, ZTGraphicsDocument &target)
-        : load(how), drawing(source), document(target), ownSetup(DrawingSetup::of(target)),
-          ownHeights(strokeFontHeights(shapeItemsOf(target))), extras(source.extras)
+        : m_load(how), m_drawing(source), m_document(target), m_ownSetup(DrawingSetup::of(target)),
+          m_ownHeights(strokeFontHeights(shapeItemsOf(target))), m_extras(source.extras)
     {
     }
 
@@ -200,30 +200,30 @@ private:
     void addItems();
     void removeOldDrawing(int rows, const QList<ZTAbstractGraphicsItem *> &old);
 
-    const DrawingLoad &load;
-    const DrawingFile &drawing;
-    ZTGraphicsDocument &document;
-    const DrawingSetup ownSetup;
-    const QVector<DrawingFontHeight> ownHeights;
-    DrawingExtras extras;
-    int next = 0; ///< record to be built
-    std::vector<Item> items;
-    QList<ZTAbstractGraphicsItem *> added; ///< those that the scene has
-    std::vector<RegistryUse> uses;
-    qint64 pieces = 0; ///< points and hatch lines of the items so far
-    FontCheck fonts;
+    const DrawingLoad &m_load;
+    const DrawingFile &m_drawing;
+    ZTGraphicsDocument &m_document;
+    const DrawingSetup m_ownSetup;
+    const QVector<DrawingFontHeight> m_ownHeights;
+    DrawingExtras m_extras;
+    int m_next = 0; ///< record to be built
+    std::vector<Item> m_items;
+    QList<ZTAbstractGraphicsItem *> m_added; ///< those that the scene has
+    std::vector<RegistryUse> m_uses;
+    qint64 m_pieces = 0; ///< points and hatch lines of the items so far
+    FontCheck m_fonts;
 };
 
 bool Loader::build(Failure *failure)
 {
-    if (!checkDrawing(drawing, failure))
+    if (!checkDrawing(m_drawing, failure))
         return false;
-    const int total = drawing.items.size();
-    items.reserve(static_cast<std::size_t>(total));
-    while (next < total) {
+    const int total = m_drawing.items.size();
+    m_items.reserve(static_cast<std::size_t>(total));
+    while (m_next < total) {
         if (!buildSome(failure))
             return false;
-        if (load.progress && !load.progress(next, total))
+        if (m_load.progress && !m_load.progress(m_next, total))
             return fail(failure, Failure::Kind::Cancelled, Texts::tr("cancelled"));
     }
     return true;
@@ -232,19 +232,19 @@ bool Loader::build(Failure *failure)
 /** As much as fits between two calls of the progress function. */
 bool Loader::buildSome(Failure *failure)
 {
-    const BorrowedSetup borrowed(drawing.meta.setup, ownSetup, ownHeights);
+    const BorrowedSetup borrowed(m_drawing.meta.setup, m_ownSetup, m_ownHeights);
     QElapsedTimer sinceStart;
     sinceStart.start();
     bool isGood = true;
-    while (isGood && next < drawing.items.size() && !sinceStart.hasExpired(kPieceMs))
+    while (isGood && m_next < m_drawing.items.size() && !sinceStart.hasExpired(kPieceMs))
         isGood = buildNext(failure);
     return isGood;
 }
 
 bool Loader::buildNext(Failure *failure)
 {
-    const int place = next++;
-    const DrawingItem &record = drawing.items[place];
+    const int place = m_next++;
+    const DrawingItem &record = m_drawing.items[place];
     Item item(ZTGraphicsItemFactory::create(record.kind.toStdString()));
     if (!item || item->getShapeBase() == nullptr) {
         keepForeign(place);
@@ -256,11 +256,11 @@ bool Loader::buildNext(Failure *failure)
 
 void Loader::keepForeign(int place)
 {
-    ForeignItem kept{place, drawing.items[place], {}};
+    ForeignItem kept{place, m_drawing.items[place], {}};
     qint32 number = -1;
     if (numberFromBytes(kept.item.fields.take(itemfield::kDrawing), &number))
-        kept.drawing = drawing.drawings[number];
-    extras.foreignItems << kept;
+        kept.drawing = m_drawing.drawings[number];
+    m_extras.foreignItems << kept;
 }
 
 /**
@@ -270,11 +270,11 @@ void Loader::keepForeign(int place)
 bool Loader::keep(Item item, Failure *failure)
 {
     const ZTShapeBase &shape = *item->getShapeBase();
-    pieces += shape.getLines().elementCount() + shape.getFillLines().size();
-    if (pieces > load.maxPieces)
+    m_pieces += shape.getLines().elementCount() + shape.getFillLines().size();
+    if (m_pieces > m_load.maxPieces)
         return fail(failure, Failure::Kind::NotPossible,
-                    Texts::tr("holds more than %1 points and hatch lines").arg(load.maxPieces));
-    items.push_back(std::move(item));
+                    Texts::tr("holds more than %1 points and hatch lines").arg(m_load.maxPieces));
+    m_items.push_back(std::move(item));
     return true;
 }
 
@@ -329,7 +329,7 @@ bool Loader::takeGraphic(ZTShapeBase &shape, const DrawingItem &record)
     prepare(stream);
     stream >> path;
     const QFileInfo file(path);
-    if (drawing.isBare && (!file.exists() || file.isFile()))
+    if (m_drawing.isBare && (!file.exists() || file.isFile()))
         return false;
     graphic->setDrawing(QPainterPath(), path);
     return true;
@@ -342,7 +342,7 @@ void Loader::takeDrawing(ZTShapeBase &shape, const DrawingItem &record)
         return;
     qint32 number = -1;
     if (numberFromBytes(record.fields.value(itemfield::kDrawing), &number))
-        graphic->setDrawing(drawing.drawings[number], graphic->getImagePath());
+        graphic->setDrawing(m_drawing.drawings[number], graphic->getImagePath());
     graphic->paint();
 }
 
@@ -352,7 +352,7 @@ void Loader::takeDrawing(ZTShapeBase &shape, const DrawingItem &record)
  */
 void Loader::takeText(ZTShapeText &text, const DrawingItem &record)
 {
-    fonts.look(text);
+    m_fonts.look(text);
     ZTShxFontParam strokeFont = text.getFont().shxFont;
     const bool isNamed = !strokeFont.enName.isEmpty() && !strokeFont.zhName.isEmpty();
     if (!isNamed && strokeFont.parser.getTextHeight() != 0.0) {
@@ -378,29 +378,29 @@ void Loader::takeUses(ZTShapeBase &shape, const DrawingItem &record)
     if (text == nullptr || !usesFromBytes(record.fields.value(itemfield::kVariants), &found))
         return;
     for (const VariantTextUse &use : found)
-        uses.push_back({use, text});
+        m_uses.push_back({use, text});
 }
 
 /** Whatever fails here, the old drawing is as it was: nothing of it goes before all is in. */
 void Loader::handOver()
 {
-    const KeptCounters ownCounters(document);
-    const QVector<ZTAbstractGraphicsItem *> before = shapeItemsOf(document);
+    const KeptCounters ownCounters(m_document);
+    const QVector<ZTAbstractGraphicsItem *> before = shapeItemsOf(m_document);
     const QList<ZTAbstractGraphicsItem *> old(before.begin(), before.end());
-    auto *model = qobject_cast<ZTItemModel *>(document.itemMag()->itemModel());
+    auto *model = qobject_cast<ZTItemModel *>(m_document.itemMag()->itemModel());
     const int rows = model->rowCount();
     try {
         takeOwnPlace();
         addItems();
-        replaceCounters(drawing.counters, document);
-        addUses(uses);
-        setDrawingExtras(document, extras);
+        replaceCounters(m_drawing.counters, m_document);
+        addUses(m_uses);
+        setDrawingExtras(m_document, m_extras);
     } catch (...) {
         model->removeRows(rows, model->rowCount() - rows);
-        document.itemMag()->scene()->deleteItems(added);
+        m_document.itemMag()->scene()->deleteItems(m_added);
         ownCounters.putBack();
-        ownSetup.applyTo(document);
-        setStrokeFontHeights(ownHeights);
+        m_ownSetup.applyTo(m_document);
+        setStrokeFontHeights(m_ownHeights);
         throw;
     }
     removeOldDrawing(rows, old);
@@ -409,34 +409,34 @@ void Loader::handOver()
 /** The process and the document as the drawing's shapes need them. */
 void Loader::takeOwnPlace()
 {
-    drawing.meta.setup.applyTo(document);
-    setStrokeFontHeights(drawing.fontHeights);
+    m_drawing.meta.setup.applyTo(m_document);
+    setStrokeFontHeights(m_drawing.fontHeights);
     redrawStrokeTexts();
 }
 
 void Loader::addItems()
 {
-    ZTGraphicsScene *scene = document.itemMag()->scene();
-    auto *model = qobject_cast<ZTItemModel *>(document.itemMag()->itemModel());
-    added.reserve(static_cast<int>(items.size()));
-    for (Item &item : items) {
+    ZTGraphicsScene *scene = m_document.itemMag()->scene();
+    auto *model = qobject_cast<ZTItemModel *>(m_document.itemMag()->itemModel());
+    m_added.reserve(static_cast<int>(m_items.size()));
+    for (Item &item : m_items) {
         scene->addItem(item.get());
-        added << item.release(); // the scene's now
-        model->insert(added.last()->getShapeType(), added.last());
+        m_added << item.release(); // the scene's now
+        model->insert(m_added.last()->getShapeType(), m_added.last());
     }
 }
 
 void Loader::removeOldDrawing(int rows, const QList<ZTAbstractGraphicsItem *> &old)
 {
-    document.undoStack()->clear();
-    document.itemMag()->itemModel()->removeRows(0, rows);
-    document.itemMag()->scene()->deleteItems(old);
-    document.itemMag()->scene()->update(QRectF());
+    m_document.undoStack()->clear();
+    m_document.itemMag()->itemModel()->removeRows(0, rows);
+    m_document.itemMag()->scene()->deleteItems(old);
+    m_document.itemMag()->scene()->update(QRectF());
 }
 
 void Loader::redrawStrokeTexts()
 {
-    for (const auto &item : items) {
+    for (const auto &item : m_items) {
         ZTShapeText *text = textOf(*item);
         if (text == nullptr || text->getFont().fontType != FontType::singleLine)
             continue;
@@ -448,8 +448,8 @@ void Loader::redrawStrokeTexts()
 DrawingReport Loader::report() const
 {
     DrawingReport told;
-    told.missingFonts = fonts.missing();
-    for (const ForeignItem &kept : extras.foreignItems)
+    told.missingFonts = m_fonts.missing();
+    for (const ForeignItem &kept : m_extras.foreignItems)
         ++told.unknownKinds[QString::fromUtf8(kept.item.kind)];
     return told;
 }

@@ -44,25 +44,26 @@ class Places
 {
 public:
     Places(int count, const QTransform &pictureTransform)
-        : isFew(count <= kFew), toPicture(pictureTransform)
+        : m_isFew(count <= kFew), m_toPicture(pictureTransform)
     {
     }
 
     bool isNew(const ZTAbstractGraphicsItem &item)
     {
-        if (isFew)
+        if (m_isFew)
             return true;
-        const QRectF box =
-            (item.sceneTransform() * toPicture).mapRect(item.boundingRect()).intersected(kPicture);
+        const QRectF box = (item.sceneTransform() * m_toPicture)
+                               .mapRect(item.boundingRect())
+                               .intersected(kPicture);
         const bool isSmall = qMax(box.width(), box.height()) < kLargeCell;
         const auto cell = [side = isSmall ? kSmallCell : kLargeCell](double px) {
             return static_cast<quint32>(qMax(0.0, px / side));
         };
         const quint32 key = (cell(box.left()) << 24) | (cell(box.top()) << 16) |
                             (cell(box.width()) << 8) | cell(box.height());
-        const int known = taken.size();
-        taken.insert(key);
-        return taken.size() > known;
+        const int known = m_taken.size();
+        m_taken.insert(key);
+        return m_taken.size() > known;
     }
 
 private:
@@ -71,9 +72,9 @@ private:
     static constexpr double kLargeCell = 8.0;
     static constexpr QRectF kPicture{0.0, 0.0, kSide, kSide};
 
-    bool isFew;
-    QTransform toPicture;
-    QSet<quint32> taken;
+    bool m_isFew;
+    QTransform m_toPicture;
+    QSet<quint32> m_taken;
 };
 
 /** What becomes of items that a small picture cannot tell apart. */

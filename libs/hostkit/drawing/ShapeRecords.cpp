@@ -35,7 +35,7 @@ constexpr std::array<ShapeType, 7> kLibraryKinds{
 class Walk
 {
 public:
-    explicit Walk(const QByteArray &stream) : reader(stream), bytes(stream) {}
+    explicit Walk(const QByteArray &stream) : m_reader(stream), m_bytes(stream) {}
 
     bool stream(QByteArray *counters, QVector<DrawingItem> *found)
     {
@@ -53,28 +53,28 @@ public:
     QString reason() const
     {
         return Texts::tr("%1 at byte %2 of the drawing's data")
-            .arg(problem.isEmpty() ? Texts::tr("it ends early") : problem)
-            .arg(reader.offset());
+            .arg(m_problem.isEmpty() ? Texts::tr("it ends early") : m_problem)
+            .arg(m_reader.offset());
     }
 
 private:
     bool fail(const QString &text)
     {
-        problem = text;
+        m_problem = text;
         return false;
     }
 
     bool skip(quint32 count)
     {
-        reader.skip(count);
-        return reader.ok();
+        m_reader.skip(count);
+        return m_reader.ok();
     }
 
     bool string()
     {
-        const auto size = reader.number<quint32>();
+        const auto size = m_reader.number<quint32>();
         if (size == kNullString)
-            return reader.ok();
+            return m_reader.ok();
         if (size % 2 != 0)
             return fail(Texts::tr("half a character"));
         return skip(size);
@@ -82,34 +82,34 @@ private:
 
     bool strings()
     {
-        const auto count = reader.number<quint32>();
+        const auto count = m_reader.number<quint32>();
         for (quint32 i = 0; i < count; ++i) {
             if (!string())
                 return false;
         }
-        return reader.ok();
+        return m_reader.ok();
     }
 
     /** A count that what is left of the stream can hold. */
     bool count(quint32 leastSize, qint32 *value)
     {
-        *value = reader.number<qint32>();
-        if (!reader.ok())
+        *value = m_reader.number<qint32>();
+        if (!m_reader.ok())
             return false;
-        if (*value < 0 || static_cast<quint32>(*value) > reader.left() / leastSize)
+        if (*value < 0 || static_cast<quint32>(*value) > m_reader.left() / leastSize)
             return fail(Texts::tr("a count of %1").arg(*value));
         return true;
     }
 
     bool variantText()
     {
-        const int from = reader.offset();
-        reader.skip(sizeof(quint16));
-        const auto size = reader.number<quint32>();
+        const int from = m_reader.offset();
+        m_reader.skip(sizeof(quint16));
+        const auto size = m_reader.number<quint32>();
         if (!skip(size))
             return false;
         QDataStream stream(
-            QByteArray::fromRawData(bytes.constData() + from, reader.offset() - from));
+            QByteArray::fromRawData(m_bytes.constData() + from, m_reader.offset() - from));
         ZTVariantText text;
         return text.load(stream) || fail(Texts::tr("an unknown variant text"));
     }
@@ -136,10 +136,10 @@ private:
     /** The text that is shown: every character of it becomes an outline. */
     bool shownText()
     {
-        const int from = reader.offset();
+        const int from = m_reader.offset();
         if (!string())
             return false;
-        return reader.offset() - from <= kMaxTextBytes || fail(Texts::tr("a text too long"));
+        return m_reader.offset() - from <= kMaxTextBytes || fail(Texts::tr("a text too long"));
     }
 
     bool text()
@@ -177,11 +177,11 @@ private:
         found->reserve(items);
         for (qint32 i = 0; i < items; ++i) {
             DrawingItem item;
-            item.type = static_cast<ShapeType>(reader.byte());
+            item.type = static_cast<ShapeType>(m_reader.byte());
             item.kind = ShapeType2String(item.type);
-            const double x = reader.real();
-            item.posPx = QPointF(x, reader.real());
-            const int from = reader.offset();
+            const double x = m_reader.real();
+            item.posPx = QPointF(x, m_reader.real());
+            const int from = m_reader.offset();
             if (!shape(item.type))
                 return false;
             item.shape = copied(from);
@@ -190,14 +190,14 @@ private:
         return isAtEnd();
     }
 
-    bool isAtEnd() { return reader.atEnd() || fail(Texts::tr("more than it announces")); }
+    bool isAtEnd() { return m_reader.atEnd() || fail(Texts::tr("more than it announces")); }
 
     /** The bytes from an offset to where the walk is. */
-    QByteArray copied(int from) const { return bytes.mid(from, reader.offset() - from); }
+    QByteArray copied(int from) const { return m_bytes.mid(from, m_reader.offset() - from); }
 
-    ByteReader reader;
-    const QByteArray &bytes;
-    QString problem;
+    ByteReader m_reader;
+    const QByteArray &m_bytes;
+    QString m_problem;
 };
 
 } // namespace

@@ -54,14 +54,14 @@ class DrawingImporter
 {
 public:
     DrawingImporter(ZTGraphicsDocument &target, const ImportOptions &importOptions)
-        : document(target), options(importOptions)
+        : m_document(target), m_options(importOptions)
     {
     }
 
     ImportResult import(const VectorDrawing &drawing)
     {
-        const QVector<ImportPart> parts = importParts(drawing, options);
-        total = parts.size() + drawing.textCount();
+        const QVector<ImportPart> parts = importParts(drawing, m_options);
+        m_total = parts.size() + drawing.textCount();
         groupLayers(drawing);
         for (const ImportPart &part : parts) {
             addPart(part);
@@ -75,24 +75,24 @@ public:
                     return takeBack();
             }
         }
-        if (options.centreMm)
-            moveTo(*options.centreMm);
-        return result;
+        if (m_options.centreMm)
+            moveTo(*m_options.centreMm);
+        return m_result;
     }
 
 private:
     bool goOn()
     {
-        ++done;
-        return !options.progress || options.progress(double(done) / total);
+        ++m_done;
+        return !m_options.progress || m_options.progress(double(m_done) / m_total);
     }
 
     ImportResult takeBack()
     {
-        document.scene()->clearSelection();
-        for (ZTAbstractGraphicsItem *item : qAsConst(result.items))
+        m_document.scene()->clearSelection();
+        for (ZTAbstractGraphicsItem *item : qAsConst(m_result.items))
             item->setSelected(true);
-        document.itemMag()->removeSelect();
+        m_document.itemMag()->removeSelect();
         ImportResult nothing;
         nothing.isCancelled = true;
         return nothing;
@@ -101,24 +101,24 @@ private:
     /** A group a layer, where several come in piece by piece. */
     void groupLayers(const VectorDrawing &drawing)
     {
-        if (options.split != ImportSplit::Outline || drawing.layers.size() < 2)
+        if (m_options.split != ImportSplit::Outline || drawing.layers.size() < 2)
             return;
         qint32 last = 0;
-        for (QGraphicsItem *candidate : document.scene()->items()) {
+        for (QGraphicsItem *candidate : m_document.scene()->items()) {
             if (auto *item = dynamic_cast<ZTAbstractGraphicsItem *>(candidate)) {
                 for (const qint32 group : itemExtras(*item).groupPath)
                     last = std::max(last, group);
             }
         }
-        firstGroup = last + 1;
+        m_firstGroup = last + 1;
     }
 
     void nameItem(ZTAbstractGraphicsItem &item, const QString &name, int layer) const
     {
         ItemExtras extras = itemExtras(item);
         extras.name = name;
-        if (firstGroup > 0 && layer >= 0)
-            extras.groupPath = {firstGroup + layer};
+        if (m_firstGroup > 0 && layer >= 0)
+            extras.groupPath = {m_firstGroup + layer};
         setItemExtras(item, extras);
     }
 
@@ -126,25 +126,25 @@ private:
     {
         ZTVecGraphItemFactory::getInstance()->setPath(kNoFile);
         ZTAbstractGraphicsItem *item =
-            document.itemMag()->addShape(ShapeType::VecGraph, {0, 0, 10, 10});
+            m_document.itemMag()->addShape(ShapeType::VecGraph, {0, 0, 10, 10});
         auto *graphic =
             item != nullptr ? dynamic_cast<ZTVecGraph *>(item->getShapeBase()) : nullptr;
         if (graphic == nullptr)
             return;
         const QRectF boxMm = boxOf(part.paths);
-        QPainterPath path = pathOf(part.paths, options.toleranceMm);
+        QPainterPath path = pathOf(part.paths, m_options.toleranceMm);
         path.translate(-boxMm.topLeft());
         graphic->setDrawing(path, kNoFile);
         // Painted through the item, which tells the scene of the new box.
         item->setTransformParam(QTransform());
         item->setPos(ZTCoord::getInstance()->getMm2pixTransform().map(boxMm.topLeft()));
         item->setPenId(part.pen);
-        if (options.fill && !part.isOpen)
-            item->setFillParam(*options.fill);
+        if (m_options.fill && !part.isOpen)
+            item->setFillParam(*m_options.fill);
         nameItem(*item, part.name, part.layer);
-        result.items.append(item);
-        result.openShapes += part.isOpen ? 1 : 0;
-        result.mergedPens += part.hasOtherPens ? 1 : 0;
+        m_result.items.append(item);
+        m_result.openShapes += part.isOpen ? 1 : 0;
+        m_result.mergedPens += part.hasOtherPens ? 1 : 0;
     }
 
     void addText(const VectorText &text, int layer)
@@ -159,7 +159,7 @@ private:
         if (letters.isEmpty() || !(metrics.capHeight() > 0.0) || !(text.heightMm > 0.0))
             return;
         auto *item = qobject_cast<ZTGraphicsTextItem *>(
-            document.itemMag()->addShape(ShapeType::Text, {0, 0, 10, 10}));
+            m_document.itemMag()->addShape(ShapeType::Text, {0, 0, 10, 10}));
         if (item == nullptr)
             return;
         const double size = text.heightMm / metrics.capHeight();
@@ -173,7 +173,7 @@ private:
         item->setFontType(FontType::doubleLine);
         item->setFixedText(text.text);
         item->setTransformParam(form);
-        item->setPenId(text.pen > 0 ? text.pen : penForColor(text.color, options.pens));
+        item->setPenId(text.pen > 0 ? text.pen : penForColor(text.color, m_options.pens));
         // The library lays out a text by its own rule: what counts is where its letters come to.
         const double advance = metrics.horizontalAdvance(text.text);
         const double shift = text.anchor == vectorkit::TextAnchor::Left     ? 0.0
@@ -188,14 +188,14 @@ private:
             wantedPx |= polygon.boundingRect();
         item->setPos(wantedPx.center() - item->getShapeBase()->getLines().boundingRect().center());
         nameItem(*item, QString(), layer);
-        result.items.append(item);
-        ++result.texts;
+        m_result.items.append(item);
+        ++m_result.texts;
     }
 
     void moveTo(const QPointF &centreMm) const
     {
         QRectF boxPx;
-        for (ZTAbstractGraphicsItem *item : result.items) {
+        for (ZTAbstractGraphicsItem *item : m_result.items) {
             const QRectF linesPx =
                 item->getShapeBase()->getLines().boundingRect().translated(item->pos());
             if (boxPx.isNull()) {
@@ -210,16 +210,16 @@ private:
         }
         const QPointF wayPx =
             ZTCoord::getInstance()->getMm2pixTransform().map(centreMm) - boxPx.center();
-        for (ZTAbstractGraphicsItem *item : result.items)
+        for (ZTAbstractGraphicsItem *item : m_result.items)
             item->setPos(item->pos() + wayPx);
     }
 
-    ZTGraphicsDocument &document;
-    const ImportOptions &options;
-    ImportResult result;
-    int total = 0;
-    int done = 0;
-    qint32 firstGroup = 0; ///< 0: no groups
+    ZTGraphicsDocument &m_document;
+    const ImportOptions &m_options;
+    ImportResult m_result;
+    int m_total = 0;
+    int m_done = 0;
+    qint32 m_firstGroup = 0; ///< 0: no groups
 };
 
 void stretch(VectorDrawing *drawing, double scaleX, double scaleY)

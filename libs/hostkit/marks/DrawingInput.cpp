@@ -84,14 +84,14 @@ bool DrawingInput::open(const QString &name, QString *error)
         return fail(error, tr("is empty"));
     if (isBinary(bytes))
         return fail(error, binary());
-    contents = PltCheck::inspect(bytes);
-    const bool onlyOnce = name == QLatin1String("-") || !QFileInfo(path).isFile();
+    m_contents = PltCheck::inspect(bytes);
+    const bool onlyOnce = name == QLatin1String("-") || !QFileInfo(m_path).isFile();
     if (onlyOnce && !keepCopy(bytes, error))
         return false;
     PltReader reader;
-    if (contents.points == 0 || !reader.load(path) || reader.getPath().isEmpty())
-        return fail(error, nothingToDraw(contents));
-    size = reader.getPath().controlPointRect().size();
+    if (m_contents.points == 0 || !reader.load(m_path) || reader.getPath().isEmpty())
+        return fail(error, nothingToDraw(m_contents));
+    m_size = reader.getPath().controlPointRect().size();
     return true;
 }
 
@@ -99,8 +99,8 @@ bool DrawingInput::open(const QString &name, QString *error)
 bool DrawingInput::readAll(const QString &name, QByteArray *bytes, QString *error)
 {
     const bool standardInput = name == QLatin1String("-");
-    path = absolutePath(name);
-    QFile file(path);
+    m_path = absolutePath(name);
+    QFile file(m_path);
     if (!openDevice(file, standardInput, error))
         return false;
     if (!file.isSequential() && file.size() > kMaxBytes)
@@ -122,10 +122,10 @@ bool DrawingInput::readAll(const QString &name, QByteArray *bytes, QString *erro
 
 bool DrawingInput::keepCopy(const QByteArray &bytes, QString *error)
 {
-    copy = std::make_unique<QTemporaryFile>(QDir::tempPath() + QStringLiteral("/drawing.XXXXXX"));
-    if (!copy->open() || copy->write(bytes) != bytes.size() || !copy->flush())
-        return fail(error, tr("no room for a temporary copy: %1").arg(copy->errorString()));
-    path = copy->fileName();
+    m_copy = std::make_unique<QTemporaryFile>(QDir::tempPath() + QStringLiteral("/drawing.XXXXXX"));
+    if (!m_copy->open() || m_copy->write(bytes) != bytes.size() || !m_copy->flush())
+        return fail(error, tr("no room for a temporary copy: %1").arg(m_copy->errorString()));
+    m_path = m_copy->fileName();
     return true;
 }
 

@@ -38,16 +38,16 @@ public:
      * A file with the drawing, good as long as this object: the file itself, or a temporary copy
      * of what can be read only once. Absolute, so that no name is taken for anything but a file.
      */
-    const QString &filePath() const { return path; }
+    const QString &filePath() const { return m_path; }
 
     /**
      * What the drawing holds and which lines lose something. Filled in also where `open` fails
      * because nothing can be drawn; without lines where it failed before.
      */
-    const PltReport &report() const { return contents; }
+    const PltReport &report() const { return m_contents; }
 
     /** Size of the drawing as the library imports it, in millimetres: always 20 high. */
-    const QSizeF &sizeMm() const { return size; }
+    const QSizeF &sizeMm() const { return m_size; }
 
     /** "line 17: no point in "PU10,20;"" */
     static QString describe(const PltProblem &problem);
@@ -56,10 +56,10 @@ private:
     bool readAll(const QString &name, QByteArray *bytes, QString *error);
     bool keepCopy(const QByteArray &bytes, QString *error);
 
-    QString path;
-    PltReport contents;
-    QSizeF size;
-    std::unique_ptr<QTemporaryFile> copy;
+    QString m_path;
+    PltReport m_contents;
+    QSizeF m_size;
+    std::unique_ptr<QTemporaryFile> m_copy;
 };
 
 } // namespace hostkit

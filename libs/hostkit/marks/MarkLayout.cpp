@@ -161,11 +161,11 @@ bool MarkLayout::buildGraph(const MarkJobOptions &options, const Filling &fill, 
 }
 
 MarkLayout::MarkLayout(const MarkJobOptions &jobOptions, MarkJobError *jobError)
-    : options(jobOptions), error(jobError), nobodyFollows(manager.scene())
+    : m_options(jobOptions), m_error(jobError), m_nobodyFollows(m_manager.scene())
 {
     // The scale of a manager is a float, too coarse for paths written to the last digit: the
     // graph leaves it in scene pixels and is brought to mark units afterwards.
-    manager.setScale(1.0F, 1.0F);
+    m_manager.setScale(1.0F, 1.0F);
 }
 
 /**
@@ -175,9 +175,9 @@ MarkLayout::MarkLayout(const MarkJobOptions &jobOptions, MarkJobError *jobError)
 ZTFillParam MarkLayout::fillParam() const
 {
     ZTFillParam fill;
-    fill.fillType = options.hatch;
-    fill.spac = options.spacingMm / options.scale;
-    fill.angle = options.angleDeg;
+    fill.fillType = m_options.hatch;
+    fill.spac = m_options.spacingMm / m_options.scale;
+    fill.angle = m_options.angleDeg;
     // The outline is needed to order the objects, also where it is dropped in the end.
     fill.isEnableBorder = true;
     return fill;
@@ -185,43 +185,44 @@ ZTFillParam MarkLayout::fillParam() const
 
 bool MarkLayout::checkWork(int index, ZTShapeBase &shape)
 {
-    pieces += pointsOf(shape.getLines());
-    if (options.hatch == FillType::None)
+    m_pieces += pointsOf(shape.getLines());
+    if (m_options.hatch == FillType::None)
         return true;
-    const double spacingPx = scenePx(options.spacingMm);
+    const double spacingPx = scenePx(m_options.spacingMm);
     const double rows = hatchRows(shape, spacingPx);
     if (!(rows <= kMaxHatchRows))
-        return fail(error, index, tooMany(tr("hatch lines over the drawing"), rows, kMaxHatchRows));
-    const double joints = options.hatch == FillType::ULine ? 2.0 : 1.0;
-    const double segments = joints * hatchSegments(shape, spacingPx, options.angleDeg);
+        return fail(m_error, index,
+                    tooMany(tr("hatch lines over the drawing"), rows, kMaxHatchRows));
+    const double joints = m_options.hatch == FillType::ULine ? 2.0 : 1.0;
+    const double segments = joints * hatchSegments(shape, spacingPx, m_options.angleDeg);
     if (!(segments <= kMaxPieces))
-        return fail(error, index, tooMany(tr("hatch segments"), segments, kMaxPieces));
-    pieces += segments;
+        return fail(m_error, index, tooMany(tr("hatch segments"), segments, kMaxPieces));
+    m_pieces += segments;
     return true;
 }
 
 bool MarkLayout::checkCopies() const
 {
-    const double objects = copies() * static_cast<double>(drawn.size());
+    const double objects = copies() * static_cast<double>(m_drawn.size());
     if (objects > kMaxObjects)
-        return fail(error, -1, tooMany(tr("objects"), objects, kMaxObjects));
-    if (copies() * pieces > kMaxPieces)
-        return fail(error, -1,
-                    tooMany(tr("points and hatch segments"), copies() * pieces, kMaxPieces));
+        return fail(m_error, -1, tooMany(tr("objects"), objects, kMaxObjects));
+    if (copies() * m_pieces > kMaxPieces)
+        return fail(m_error, -1,
+                    tooMany(tr("points and hatch segments"), copies() * m_pieces, kMaxPieces));
     return true;
 }
 
 bool MarkLayout::add(ShapeType type, const Shaping &shape)
 {
-    const int index = static_cast<int>(drawn.size());
-    ZTAbstractGraphicsItem *item = manager.addShape(type, QRectF());
+    const int index = static_cast<int>(m_drawn.size());
+    ZTAbstractGraphicsItem *item = m_manager.addShape(type, QRectF());
     if (item == nullptr)
-        return fail(error, index, tr("no factory for drawings is registered"));
+        return fail(m_error, index, tr("no factory for drawings is registered"));
     shape(*item);
     item->getShapeBase()->paint();
-    if (options.rotateDeg != 0.0)
-        turn(*item, options.rotateDeg);
-    drawn.push_back(item);
+    if (m_options.rotateDeg != 0.0)
+        turn(*item, m_options.rotateDeg);
+    m_drawn.push_back(item);
     return checkWork(index, *item->getShapeBase());
 }
 
@@ -229,7 +230,7 @@ bool MarkLayout::repeat()
 {
     if (!checkCopies())
         return false;
-    if (!drawn.empty())
+    if (!m_drawn.empty())
         layOut();
     return true;
 }
@@ -240,20 +241,20 @@ void MarkLayout::layOut()
     std::vector<double> placesPx;
     double widthPx = 0.0;
     double heightPx = 0.0;
-    for (const ZTAbstractGraphicsItem *item : drawn) {
+    for (const ZTAbstractGraphicsItem *item : m_drawn) {
         const QSizeF sizePx = item->boundingRect().size();
         placesPx.push_back(widthPx);
-        widthPx += sizePx.width() + scenePx(options.gapMm.width());
+        widthPx += sizePx.width() + scenePx(m_options.gapMm.width());
         heightPx = std::max(heightPx, sizePx.height());
     }
-    const QSizeF pitchPx(widthPx, heightPx + scenePx(options.gapMm.height()));
+    const QSizeF pitchPx(widthPx, heightPx + scenePx(m_options.gapMm.height()));
     // An item's position is clamped to the scene.
-    const QSizeF layoutPx(options.columns * pitchPx.width(), options.rows * pitchPx.height());
-    manager.scene()->setSceneRect(manager.scene()->sceneRect() | QRectF(QPointF(), layoutPx));
+    const QSizeF layoutPx(m_options.columns * pitchPx.width(), m_options.rows * pitchPx.height());
+    m_manager.scene()->setSceneRect(m_manager.scene()->sceneRect() | QRectF(QPointF(), layoutPx));
 
-    items.resize(drawn.size() * static_cast<std::size_t>(copies()));
-    for (std::size_t i = 0; i < drawn.size(); ++i) {
-        drawn[i]->setPos(placesPx[i], 0.0);
+    m_items.resize(m_drawn.size() * static_cast<std::size_t>(copies()));
+    for (std::size_t i = 0; i < m_drawn.size(); ++i) {
+        m_drawn[i]->setPos(placesPx[i], 0.0);
         addCopies(static_cast<int>(i), pitchPx);
     }
 }
@@ -261,24 +262,24 @@ void MarkLayout::layOut()
 void MarkLayout::addCopies(int drawing, const QSizeF &pitchPx)
 {
     std::size_t number = static_cast<std::size_t>(drawing);
-    ZTAbstractGraphicsItem *const source = drawn[number];
-    items[number] = source;
-    if (items.size() == drawn.size())
+    ZTAbstractGraphicsItem *const source = m_drawn[number];
+    m_items[number] = source;
+    if (m_items.size() == m_drawn.size())
         return;
-    manager.scene()->clearSelection();
+    m_manager.scene()->clearSelection();
     source->setSelected(true);
     const QSizeF gapPx = pitchPx - source->boundingRect().size();
     const QList<ZTAbstractGraphicsItem *> added =
-        manager.addMatrix(options.rows, options.columns, gapPx.width(), gapPx.height());
+        m_manager.addMatrix(m_options.rows, m_options.columns, gapPx.width(), gapPx.height());
     for (ZTAbstractGraphicsItem *copy : added)
-        items[number += drawn.size()] = copy;
+        m_items[number += m_drawn.size()] = copy;
 }
 
 // Not before the copies are made: each of them is rebuilt when it is made, and again when its mark
 // data are.
 void MarkLayout::hatch()
 {
-    for (ZTAbstractGraphicsItem *item : items)
+    for (ZTAbstractGraphicsItem *item : m_items)
         item->getShapeBase()->setFillParam(fillParam());
 }
 
@@ -286,10 +287,10 @@ void MarkLayout::hatch()
 ZTMarkGraph MarkLayout::takeGraph()
 {
     hatch();
-    MarkGraphBuilder builder(manager, MarkItems(items.begin(), items.end()));
+    MarkGraphBuilder builder(m_manager, MarkItems(m_items.begin(), m_items.end()));
     builder.work(std::numeric_limits<int>::max());
     ZTMarkGraph graph = builder.takeUnordered();
-    enlarge(graph, ZTCoord::getInstance()->screen2mark() * options.scale);
+    enlarge(graph, ZTCoord::getInstance()->screen2mark() * m_options.scale);
     return graph;
 }
 

@@ -48,24 +48,24 @@ private:
     void layOut();
     void addCopies(int drawing, const QSizeF &pitchPx);
     void hatch();
-    double copies() const { return double(options.columns) * options.rows; }
+    double copies() const { return double(m_options.columns) * m_options.rows; }
 
     /** Scene pixels of a length on the marked result, which the scale enlarges. */
     double scenePx(double lengthMm) const
     {
-        return ZTCoord::getInstance()->mm2pix(lengthMm / options.scale);
+        return ZTCoord::getInstance()->mm2pix(lengthMm / m_options.scale);
     }
 
     /** The items in the order of the drawings, copies row by row: drawing `number % drawings`. */
     using Items = std::vector<ZTAbstractGraphicsItem *>;
 
-    const MarkJobOptions &options;
-    MarkJobError *error;
-    ZTShapeManager manager;
-    QSignalBlocker nobodyFollows; ///< neither frame nor tree need to know what is selected
-    Items drawn;                  ///< as they were added; owned by the scene
-    Items items;                  ///< of all copies; owned by the scene
-    double pieces = 0.0;          ///< points and about how many hatch segments, of one copy
+    const MarkJobOptions &m_options;
+    MarkJobError *m_error;
+    ZTShapeManager m_manager;
+    QSignalBlocker m_nobodyFollows; ///< neither frame nor tree need to know what is selected
+    Items m_drawn;                  ///< as they were added; owned by the scene
+    Items m_items;                  ///< of all copies; owned by the scene
+    double m_pieces = 0.0;          ///< points and about how many hatch segments, of one copy
 };
 
 } // namespace hostkit

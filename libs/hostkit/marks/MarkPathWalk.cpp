@@ -8,30 +8,30 @@ namespace {
 class Head
 {
 public:
-    explicit Head(MarkPathVisitor &told) : visitor(told) {}
+    explicit Head(MarkPathVisitor &told) : m_visitor(told) {}
 
-    void beginObject() { inObject = false; }
+    void beginObject() { m_inObject = false; }
 
     void moveTo(const QPointF &start)
     {
-        const bool elsewhere = position.x() != start.x() || position.y() != start.y();
-        if (placed && elsewhere)
-            visitor.jump(QLineF(position, start),
-                         inObject ? JumpKind::InsideObject : JumpKind::BetweenObjects);
-        inObject = true;
+        const bool elsewhere = m_position.x() != start.x() || m_position.y() != start.y();
+        if (m_placed && elsewhere)
+            m_visitor.jump(QLineF(m_position, start),
+                           m_inObject ? JumpKind::InsideObject : JumpKind::BetweenObjects);
+        m_inObject = true;
     }
 
     void endAt(const QPointF &end)
     {
-        position = end;
-        placed = true;
+        m_position = end;
+        m_placed = true;
     }
 
 private:
-    MarkPathVisitor &visitor;
-    QPointF position;
-    bool placed = false;   ///< some piece was marked before
-    bool inObject = false; ///< some piece of the present object was
+    MarkPathVisitor &m_visitor;
+    QPointF m_position;
+    bool m_placed = false;   ///< some piece was marked before
+    bool m_inObject = false; ///< some piece of the present object was
 };
 
 void walkObject(const ZTMarkObject &object, Head &head, MarkPathVisitor &visitor)

@@ -43,11 +43,11 @@ class Strokes
 {
 public:
     Strokes(QPainter &target, const PictureStroke &stroke, double unitsPerMm)
-        : painter(target), perMm(unitsPerMm)
+        : m_painter(target), m_perMm(unitsPerMm)
     {
-        painter.setPen(
+        m_painter.setPen(
             QPen(stroke.color, stroke.widthMm, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        batch.reserve(kBatch);
+        m_batch.reserve(kBatch);
     }
     ~Strokes() { flush(); }
     Strokes(const Strokes &) = delete;
@@ -57,8 +57,8 @@ public:
     {
         if (!canShow(line.p1()) || !canShow(line.p2()))
             return;
-        batch.append(QLineF(line.p1() / perMm, line.p2() / perMm));
-        if (batch.size() == kBatch)
+        m_batch.append(QLineF(line.p1() / m_perMm, line.p2() / m_perMm));
+        if (m_batch.size() == kBatch)
             flush();
     }
 
@@ -72,7 +72,7 @@ public:
                 run.clear();
                 continue;
             }
-            run.append(point / perMm);
+            run.append(point / m_perMm);
             if (run.size() == kRun) {
                 draw(run);
                 run.remove(0, kRun - 1);
@@ -86,36 +86,36 @@ private:
     void draw(const QPolygonF &run)
     {
         if (run.size() == 1)
-            painter.drawPoint(run.first());
+            m_painter.drawPoint(run.first());
         else if (!run.isEmpty())
-            painter.drawPolyline(run);
+            m_painter.drawPolyline(run);
     }
 
     void flush()
     {
-        painter.drawLines(batch);
-        batch.resize(0);
+        m_painter.drawLines(m_batch);
+        m_batch.resize(0);
     }
 
-    QPainter &painter;
-    double perMm;
-    QVector<QLineF> batch;
+    QPainter &m_painter;
+    double m_perMm;
+    QVector<QLineF> m_batch;
 };
 
 class JumpStrokes : public MarkPathVisitor
 {
 public:
-    JumpStrokes(Strokes &target, JumpKind wanted) : strokes(target), kind(wanted) {}
+    JumpStrokes(Strokes &target, JumpKind wanted) : m_strokes(target), m_kind(wanted) {}
 
     void jump(const QLineF &line, JumpKind lineKind) override
     {
-        if (lineKind == kind)
-            strokes.add(line);
+        if (lineKind == m_kind)
+            m_strokes.add(line);
     }
 
 private:
-    Strokes &strokes;
-    JumpKind kind;
+    Strokes &m_strokes;
+    JumpKind m_kind;
 };
 
 /** Strokes thinner than a pixel would fade to nothing. */

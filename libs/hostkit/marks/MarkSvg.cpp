@@ -23,7 +23,8 @@ QString text(double value)
 class PathWriter
 {
 public:
-    PathWriter(QXmlStreamWriter &target, const MarkUnits &markUnits) : xml(target), units(markUnits)
+    PathWriter(QXmlStreamWriter &target, const MarkUnits &markUnits)
+        : m_xml(target), m_units(markUnits)
     {
     }
     ~PathWriter() { endPath(); }
@@ -36,7 +37,7 @@ public:
             return;
         addPoint('M', line.p1());
         addPoint('L', line.p2());
-        if (data.size() >= kPathBytes)
+        if (m_data.size() >= kPathBytes)
             endPath();
     }
 
@@ -48,7 +49,7 @@ public:
             if (shown)
                 addPoint(drawing ? 'L' : 'M', point);
             drawing = shown;
-            if (shown && data.size() >= kPathBytes) {
+            if (shown && m_data.size() >= kPathBytes) {
                 endPath();
                 addPoint('M', point);
             }
@@ -61,60 +62,61 @@ public:
 private:
     void addPoint(char command, const QPointF &point)
     {
-        data.append(command);
-        appendRounded(data, units.toMm(point.x()), kDecimals);
-        data.append(' ');
-        appendRounded(data, units.toMm(point.y()), kDecimals);
+        m_data.append(command);
+        appendRounded(m_data, m_units.toMm(point.x()), kDecimals);
+        m_data.append(' ');
+        appendRounded(m_data, m_units.toMm(point.y()), kDecimals);
     }
 
     void endPath()
     {
-        if (data.isEmpty())
+        if (m_data.isEmpty())
             return;
-        xml.writeEmptyElement(QStringLiteral("path"));
-        xml.writeAttribute(QStringLiteral("d"), QString::fromLatin1(data));
-        data.resize(0);
+        m_xml.writeEmptyElement(QStringLiteral("path"));
+        m_xml.writeAttribute(QStringLiteral("d"), QString::fromLatin1(m_data));
+        m_data.resize(0);
     }
 
-    QXmlStreamWriter &xml;
-    const MarkUnits &units;
-    QByteArray data;
+    QXmlStreamWriter &m_xml;
+    const MarkUnits &m_units;
+    QByteArray m_data;
 };
 
 /** A group of strokes, open while it lives. */
 class Group
 {
 public:
-    Group(QXmlStreamWriter &target, const QString &name, const PictureStroke &stroke) : xml(target)
+    Group(QXmlStreamWriter &target, const QString &name, const PictureStroke &stroke)
+        : m_xml(target)
     {
-        xml.writeStartElement(QStringLiteral("g"));
-        xml.writeAttribute(QStringLiteral("class"), name);
-        xml.writeAttribute(QStringLiteral("stroke"), stroke.color.name());
-        xml.writeAttribute(QStringLiteral("stroke-width"), text(stroke.widthMm));
+        m_xml.writeStartElement(QStringLiteral("g"));
+        m_xml.writeAttribute(QStringLiteral("class"), name);
+        m_xml.writeAttribute(QStringLiteral("stroke"), stroke.color.name());
+        m_xml.writeAttribute(QStringLiteral("stroke-width"), text(stroke.widthMm));
     }
-    ~Group() { xml.writeEndElement(); }
+    ~Group() { m_xml.writeEndElement(); }
     Group(const Group &) = delete;
     Group &operator=(const Group &) = delete;
 
 private:
-    QXmlStreamWriter &xml;
+    QXmlStreamWriter &m_xml;
 };
 
 /** Draws the jumps of one kind. */
 class JumpWriter : public MarkPathVisitor
 {
 public:
-    JumpWriter(PathWriter &target, JumpKind wanted) : paths(target), kind(wanted) {}
+    JumpWriter(PathWriter &target, JumpKind wanted) : m_paths(target), m_kind(wanted) {}
 
     void jump(const QLineF &line, JumpKind lineKind) override
     {
-        if (lineKind == kind)
-            paths.add(line);
+        if (lineKind == m_kind)
+            m_paths.add(line);
     }
 
 private:
-    PathWriter &paths;
-    JumpKind kind;
+    PathWriter &m_paths;
+    JumpKind m_kind;
 };
 
 void beginDocument(QXmlStreamWriter &xml, const QRectF &pageMm)

@@ -28,29 +28,29 @@ inline void writeAll(QIODevice &device, const QByteArray &bytes)
 class TextOutput
 {
 public:
-    explicit TextOutput(QIODevice &target) : device(target) { buffer.reserve(kPiece + kRoom); }
+    explicit TextOutput(QIODevice &target) : m_device(target) { m_buffer.reserve(kPiece + kRoom); }
     ~TextOutput() { handOver(); }
     TextOutput(const TextOutput &) = delete;
     TextOutput &operator=(const TextOutput &) = delete;
 
     TextOutput &operator<<(const char *text)
     {
-        buffer.append(text);
+        m_buffer.append(text);
         return *this;
     }
 
     TextOutput &operator<<(int value)
     {
-        appendWhole(buffer, value);
+        appendWhole(m_buffer, value);
         return *this;
     }
 
     /** The shortest text that reads back as the same double. */
     TextOutput &operator<<(double value)
     {
-        if (buffer.size() >= kPiece)
+        if (m_buffer.size() >= kPiece)
             handOver();
-        appendShortest(buffer, value);
+        appendShortest(m_buffer, value);
         return *this;
     }
 
@@ -60,12 +60,12 @@ private:
 
     void handOver()
     {
-        writeAll(device, buffer);
-        buffer.resize(0);
+        writeAll(m_device, m_buffer);
+        m_buffer.resize(0);
     }
 
-    QIODevice &device;
-    QByteArray buffer;
+    QIODevice &m_device;
+    QByteArray m_buffer;
 };
 
 } // namespace hostkit

@@ -82,7 +82,7 @@ bool cannotWrite(const QString &why, Failure *failure)
 class UnfinishedFile
 {
 public:
-    explicit UnfinishedFile(const QFileInfo &replaced) : target(replaced) {}
+    explicit UnfinishedFile(const QFileInfo &replaced) : m_target(replaced) {}
     ~UnfinishedFile()
     {
         if (file.isOpen())
@@ -95,7 +95,7 @@ public:
     {
         constexpr int kTries = 100;
         for (int i = 0; i < kTries; ++i) {
-            file.setFileName(newName(target));
+            file.setFileName(newName(m_target));
             if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
                 if (!QFileInfo::exists(file.fileName()))
                     return false;
@@ -118,32 +118,32 @@ public:
             return true;
         // Qt forgets why a write stopped half way: only a step that writes nothing knows it.
         if (::write(file.handle(), "", 1) != 1)
-            problem = qt_error_string(errno);
+            m_problem = qt_error_string(errno);
         return false;
     }
 
     /** All that was written is on the disk, and then in the target's place. */
     bool replaceTarget()
     {
-        if (target.exists())
-            file.setPermissions(target.permissions());
+        if (m_target.exists())
+            file.setPermissions(m_target.permissions());
         if (fsync(file.handle()) != 0 ||
             std::rename(QFile::encodeName(file.fileName()).constData(),
-                        QFile::encodeName(target.filePath()).constData()) != 0) {
-            problem = qt_error_string(errno);
+                        QFile::encodeName(m_target.filePath()).constData()) != 0) {
+            m_problem = qt_error_string(errno);
             return false;
         }
         file.close();
         return true;
     }
 
-    QString reason() const { return problem.isEmpty() ? file.errorString() : problem; }
+    QString reason() const { return m_problem.isEmpty() ? file.errorString() : m_problem; }
 
     QFile file;
 
 private:
-    QFileInfo target;
-    QString problem;
+    QFileInfo m_target;
+    QString m_problem;
 };
 
 /** Where a path leads in the end, also when nothing stands there. */

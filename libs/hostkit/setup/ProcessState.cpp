@@ -6,29 +6,29 @@ ProcessState ProcessState::now()
 {
     const ZTCoord &coord = *ZTCoord::getInstance();
     ProcessState state;
-    state.width = coord.getWidth();
-    state.height = coord.getHeight();
-    state.physicalWidth = coord.getPhysicalWidth();
-    state.physicalHeight = coord.getPhysicalHeight();
-    state.displayRatio = coord.getDisplayRatio();
-    state.distance = coord.getDistance();
-    state.sortKind = ZTPointSort::getInstance()->getShapeMarkSort();
+    state.m_width = coord.getWidth();
+    state.m_height = coord.getHeight();
+    state.m_physicalWidth = coord.getPhysicalWidth();
+    state.m_physicalHeight = coord.getPhysicalHeight();
+    state.m_displayRatio = coord.getDisplayRatio();
+    state.m_distance = coord.getDistance();
+    state.m_sortKind = ZTPointSort::getInstance()->getShapeMarkSort();
     for (const std::string &name : ZTShxFontManager::loadedFonts())
-        state.fontHeights.push_back({name, ZTShxFontManager::getFont(name, 1)->getTextHeight()});
+        state.m_fontHeights.push_back({name, ZTShxFontManager::getFont(name, 1)->getTextHeight()});
     return state;
 }
 
 void ProcessState::apply() const
 {
     ZTCoord &coord = *ZTCoord::getInstance();
-    coord.setWidth(width);
-    coord.setHeight(height);
-    coord.setPhysicalWidth(physicalWidth);
-    coord.setPhysicalHeight(physicalHeight);
-    coord.setDisplayRatio(displayRatio);
-    coord.setDistance(distance);
-    ZTPointSort::getInstance()->setShapeMarkSort(sortKind);
-    for (const FontHeight &font : fontHeights) {
+    coord.setWidth(m_width);
+    coord.setHeight(m_height);
+    coord.setPhysicalWidth(m_physicalWidth);
+    coord.setPhysicalHeight(m_physicalHeight);
+    coord.setDisplayRatio(m_displayRatio);
+    coord.setDistance(m_distance);
+    ZTPointSort::getInstance()->setShapeMarkSort(m_sortKind);
+    for (const FontHeight &font : m_fontHeights) {
         if (ZTShxFontManager::hasFont(font.fileName))
             ZTShxFontManager::getFont(font.fileName, 1)->setTextHeight(font.height);
     }

@@ -29,27 +29,27 @@ private:
         double height;
     };
 
-    double width = 0.0;
-    double height = 0.0;
-    double physicalWidth = 0.0;
-    double physicalHeight = 0.0;
-    double displayRatio = 0.0;
-    double distance = 0.0;
-    EShapeSortType sortKind = EShapeSortType::ShapeSortNone;
-    std::vector<FontHeight> fontHeights;
+    double m_width = 0.0;
+    double m_height = 0.0;
+    double m_physicalWidth = 0.0;
+    double m_physicalHeight = 0.0;
+    double m_displayRatio = 0.0;
+    double m_distance = 0.0;
+    EShapeSortType m_sortKind = EShapeSortType::ShapeSortNone;
+    std::vector<FontHeight> m_fontHeights;
 };
 
 /** Puts the process's state back as it was when the guard was made, however its scope is left. */
 class ProcessStateGuard
 {
 public:
-    ProcessStateGuard() : former(ProcessState::now()) {}
-    ~ProcessStateGuard() { former.apply(); }
+    ProcessStateGuard() : m_former(ProcessState::now()) {}
+    ~ProcessStateGuard() { m_former.apply(); }
     ProcessStateGuard(const ProcessStateGuard &) = delete;
     ProcessStateGuard &operator=(const ProcessStateGuard &) = delete;
 
 private:
-    const ProcessState former;
+    const ProcessState m_former;
 };
 
 } // namespace hostkit

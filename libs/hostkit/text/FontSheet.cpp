@@ -34,24 +34,24 @@ class StrokeCollector : public ZTAbstractGlyphCallback
 {
 public:
     void glBegin() override { glEnd(); }
-    void glVertex2d(double x, double y) override { open.append(kOrigin + QPointF(x, -y)); }
+    void glVertex2d(double x, double y) override { m_open.append(kOrigin + QPointF(x, -y)); }
     void glEnd() override
     {
-        if (open.size() > 1)
-            strokes.append(open);
-        open.clear();
+        if (m_open.size() > 1)
+            m_strokes.append(m_open);
+        m_open.clear();
     }
     void next() override {}
 
     QVector<QPolygonF> take()
     {
         glEnd();
-        return std::exchange(strokes, {});
+        return std::exchange(m_strokes, {});
     }
 
 private:
-    QPolygonF open;
-    QVector<QPolygonF> strokes;
+    QPolygonF m_open;
+    QVector<QPolygonF> m_strokes;
 };
 
 QString codeText(int code) { return QString::number(code, 16).toUpper(); }
@@ -163,27 +163,27 @@ bool isSvg(const QString &path)
 
 bool FontSheet::read(const QString &path, QString *error)
 {
-    drawn.clear();
-    if (!readShxFontInfo(path, &info, error))
+    m_drawn.clear();
+    if (!readShxFontInfo(path, &m_info, error))
         return false;
     ZTShxParser parser(QFile::encodeName(path).constData());
     parser.setTextHeight(kGlyphHeight);
     parser.resetNextGlyph();
     // The walk of a big font begins behind the font information.
-    const int first = info.isBig() ? 1 : 0;
-    for (int i = first; i < info.glyphs.size(); ++i) {
+    const int first = m_info.isBig() ? 1 : 0;
+    for (int i = first; i < m_info.glyphs.size(); ++i) {
         StrokeCollector collector;
         parser.showNextGlyph(&collector, 0.0, 0.0);
-        if (info.glyphs[i].code != 0)
-            drawn.append({info.glyphs[i].code, collector.take()});
+        if (m_info.glyphs[i].code != 0)
+            m_drawn.append({m_info.glyphs[i].code, collector.take()});
     }
-    return !drawn.isEmpty() || fail(error, SheetTexts::tr("the font has no glyphs"));
+    return !m_drawn.isEmpty() || fail(error, SheetTexts::tr("the font has no glyphs"));
 }
 
 QSize FontSheet::grid() const
 {
     int columns = kLeastColumns;
-    const auto rows = [&] { return (drawn.size() + columns - 1) / columns; };
+    const auto rows = [&] { return (m_drawn.size() + columns - 1) / columns; };
     while (rows() > kMostRowsPerColumn * columns)
         columns *= 2;
     return QSize(columns, rows());

@@ -30,8 +30,8 @@ public:
      */
     bool read(const QString &path, QString *error);
 
-    const ShxFontInfo &font() const { return info; }
-    const QVector<FontSheetGlyph> &glyphs() const { return drawn; }
+    const ShxFontInfo &font() const { return m_info; }
+    const QVector<FontSheetGlyph> &glyphs() const { return m_drawn; }
 
     /** Columns and rows of the grid: 16 columns, more where the sheet would become too tall. */
     QSize grid() const;
@@ -48,8 +48,8 @@ public:
     static bool hasExtension(const QString &path);
 
 private:
-    ShxFontInfo info;
-    QVector<FontSheetGlyph> drawn;
+    ShxFontInfo m_info;
+    QVector<FontSheetGlyph> m_drawn;
 };
 
 } // namespace hostkit

@@ -35,7 +35,7 @@ class Reader
     Q_DECLARE_TR_FUNCTIONS(hostkit::ShxFontInfo)
 
 public:
-    Reader(const QByteArray &image, ShxFontInfo *result) : bytes(image), info(*result) {}
+    Reader(const QByteArray &image, ShxFontInfo *result) : m_bytes(image), m_info(*result) {}
 
     /** False for what is no stroke font. */
     bool read();
@@ -45,12 +45,12 @@ public:
     static QString unreadable(const QString &why) { return tr("cannot be read: %1").arg(why); }
 
 private:
-    bool hasKeyword(const char *word) const { return bytes.mid(kKeywordAt).startsWith(word); }
-    int u8(qint64 at) const { return static_cast<uchar>(bytes[static_cast<int>(at)]); }
+    bool hasKeyword(const char *word) const { return m_bytes.mid(kKeywordAt).startsWith(word); }
+    int u8(qint64 at) const { return static_cast<uchar>(m_bytes[static_cast<int>(at)]); }
     int u16(qint64 at) const { return u8(at) | u8(at + 1) << 8; }
     bool holds(const Place &place) const
     {
-        return place.offset >= 0 && place.offset + place.length <= bytes.size();
+        return place.offset >= 0 && place.offset + place.length <= m_bytes.size();
     }
     void tell(const QString &problem);
     bool hasHeader(int size);
@@ -62,9 +62,9 @@ private:
     void addGlyph(int code, const Place &place);
     QString nameAt(const Place &place) const;
 
-    const QByteArray &bytes;
-    ShxFontInfo &info;
-    QSet<int> codes;
+    const QByteArray &m_bytes;
+    ShxFontInfo &m_info;
+    QSet<int> m_codes;
 };
 
 bool Reader::read()
@@ -75,20 +75,20 @@ bool Reader::read()
         readBigfont();
     else if (hasKeyword("shapes"))
         readShapes();
-    return info.type != SHX_TYPE::SHX_NONE;
+    return m_info.type != SHX_TYPE::SHX_NONE;
 }
 
 void Reader::tell(const QString &problem)
 {
-    if (info.problemCount++ < ShxFontInfo::kMaxProblems)
-        info.problems.append(problem);
+    if (m_info.problemCount++ < ShxFontInfo::kMaxProblems)
+        m_info.problems.append(problem);
 }
 
-bool Reader::hasHeader(int size) { return bytes.size() >= size; }
+bool Reader::hasHeader(int size) { return m_bytes.size() >= size; }
 
 int Reader::recordsThatFit(qint64 index, int count, int size)
 {
-    const int fitting = static_cast<int>(qMax<qint64>(0, bytes.size() - index) / size);
+    const int fitting = static_cast<int>(qMax<qint64>(0, m_bytes.size() - index) / size);
     if (fitting < count)
         tell(tr("the index ends after %1 of %2 records").arg(fitting).arg(count));
     return qMin(fitting, count);
@@ -98,25 +98,25 @@ QString Reader::nameAt(const Place &place) const
 {
     if (!holds(place))
         return {};
-    const QByteArray definition = bytes.mid(static_cast<int>(place.offset), place.length);
+    const QByteArray definition = m_bytes.mid(static_cast<int>(place.offset), place.length);
     return QString::fromLatin1(definition.left(qMax(0, definition.indexOf('\0'))));
 }
 
 /** The definition whose last four bytes begin with ascender and descender. */
 void Reader::readInformation(const Place &place)
 {
-    info.name = nameAt(place);
+    m_info.name = nameAt(place);
     if (place.length < kLeastInformation || !holds(place)) {
         tell(tr("the font information is cut short"));
         return;
     }
     const qint64 end = place.offset + place.length;
-    info.above = u8(end - 4);
+    m_info.above = u8(end - 4);
     const int descender = u8(end - 3);
-    if (info.above == 0)
-        info.above = descender;
-    info.below = info.isBig() ? 0 : descender;
-    if (info.above == 0)
+    if (m_info.above == 0)
+        m_info.above = descender;
+    m_info.below = m_info.isBig() ? 0 : descender;
+    if (m_info.above == 0)
         tell(tr("the ascender is 0: the font has no size"));
 }
 
@@ -126,17 +126,17 @@ void Reader::addGlyph(int code, const Place &place)
     glyph.code = code;
     glyph.length = place.length;
     glyph.name = nameAt(place);
-    const bool isFirst = !codes.contains(code);
-    codes.insert(code);
+    const bool isFirst = !m_codes.contains(code);
+    m_codes.insert(code);
     glyph.usable = code != 0 && isFirst && holds(place);
-    info.glyphs.append(glyph);
+    m_info.glyphs.append(glyph);
     if (code == 0)
         return;
     if (!isFirst)
         tell(tr("glyph %1 stands there once more, this one is never drawn").arg(hex(code)));
     if (!holds(place))
         tell(tr("glyph %1 reaches beyond the end of the file").arg(hex(code)));
-    else if (bytes.mid(static_cast<int>(place.offset), place.length).indexOf('\0') < 0)
+    else if (m_bytes.mid(static_cast<int>(place.offset), place.length).indexOf('\0') < 0)
         tell(tr("glyph %1 is nothing but a name without an end").arg(hex(code)));
 }
 
@@ -146,8 +146,8 @@ void Reader::readShapes()
         return;
     const int count = u16(kShapesHeader - 2);
     const bool hasInformation = u16(kShapesHeader) == 0;
-    info.type = hasInformation ? SHX_TYPE::SHX_SHAPES : SHX_TYPE::SHX_SHAPE_ONLY;
-    info.above = hasInformation ? 0 : 4;
+    m_info.type = hasInformation ? SHX_TYPE::SHX_SHAPES : SHX_TYPE::SHX_SHAPE_ONLY;
+    m_info.above = hasInformation ? 0 : 4;
     const int fitting = recordsThatFit(kShapesHeader, count, 4);
     Place place{kShapesHeader + 4LL * count, 0};
     for (int i = 0; i < fitting; ++i) {
@@ -164,13 +164,13 @@ void Reader::readBigfont()
 {
     if (!hasHeader(kBigfontHeader))
         return;
-    info.type = SHX_TYPE::SHX_BIGFONT;
+    m_info.type = SHX_TYPE::SHX_BIGFONT;
     const int count = u16(kBigfontHeader - 4);
     const int rangeCount = u16(kBigfontHeader - 2);
     const int ranges = recordsThatFit(kBigfontHeader, rangeCount, 4);
     for (int i = 0; i < ranges; ++i) {
         const qint64 at = kBigfontHeader + 4LL * i;
-        info.ranges.append({u8(at), u8(at + 2)});
+        m_info.ranges.append({u8(at), u8(at + 2)});
         if (u8(at) > u8(at + 2))
             tell(tr("range %1 of lead bytes is empty").arg(i + 1));
     }
@@ -187,17 +187,18 @@ void Reader::readBigfont()
 
 void Reader::readUnifont()
 {
-    const int nameEnd = bytes.indexOf('\0', kUnifontHeader);
+    const int nameEnd = m_bytes.indexOf('\0', kUnifontHeader);
     if (nameEnd < 0 || !hasHeader(nameEnd + 1 + kUnifontInformation))
         return;
-    info.type = SHX_TYPE::SHX_UNIFONT;
-    info.name = QString::fromLatin1(bytes.mid(kUnifontHeader, nameEnd - kUnifontHeader)).trimmed();
-    info.below = u8(nameEnd + 2);
-    info.above = u8(nameEnd + 1) != 0 ? u8(nameEnd + 1) : info.below;
+    m_info.type = SHX_TYPE::SHX_UNIFONT;
+    m_info.name =
+        QString::fromLatin1(m_bytes.mid(kUnifontHeader, nameEnd - kUnifontHeader)).trimmed();
+    m_info.below = u8(nameEnd + 2);
+    m_info.above = u8(nameEnd + 1) != 0 ? u8(nameEnd + 1) : m_info.below;
     const int count = u16(25);
     qint64 record = nameEnd + 1 + kUnifontInformation;
     for (int i = 0; i < count; ++i) {
-        if (record + 4 > bytes.size()) {
+        if (record + 4 > m_bytes.size()) {
             tell(tr("the index ends after %1 of %2 records").arg(i).arg(count));
             return;
         }

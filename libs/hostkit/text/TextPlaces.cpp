@@ -11,45 +11,46 @@ class PlacesReader
 {
 public:
     PlacesReader(const QString &typedText, const ZTCounterSegment &counterOfPlaces)
-        : typed(typedText), counter(counterOfPlaces)
+        : m_typed(typedText), m_counter(counterOfPlaces)
     {
-        typed.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-        typed.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+        m_typed.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+        m_typed.replace(QLatin1Char('\r'), QLatin1Char('\n'));
     }
 
     TextPlaces read()
     {
-        while (at < typed.size()) {
+        while (m_at < m_typed.size()) {
             if (!takeEscape() && !takePlace())
-                fixed.append(typed[at++]);
+                m_fixed.append(m_typed[m_at++]);
         }
         endFixed();
-        return places;
+        return m_places;
     }
 
 private:
     /** Takes a backslash that means something, and what it stands before. */
     bool takeEscape()
     {
-        if (typed[at] != QLatin1Char('\\') || at + 1 == typed.size())
+        if (m_typed[m_at] != QLatin1Char('\\') || m_at + 1 == m_typed.size())
             return false;
-        const QChar meant = typed[at + 1];
+        const QChar meant = m_typed[m_at + 1];
         if (meant == QLatin1Char('n'))
-            fixed.append(QLatin1Char('\n'));
+            m_fixed.append(QLatin1Char('\n'));
         else if (meant == QLatin1Char('\\') || meant == QLatin1Char('{'))
-            fixed.append(meant);
+            m_fixed.append(meant);
         else
             return false;
-        at += 2;
+        m_at += 2;
         return true;
     }
 
     bool takePlace()
     {
-        const int end = typed.indexOf(QLatin1Char('}'), at);
-        if (typed[at] != QLatin1Char('{') || end < 0 || !addPlace(typed.mid(at + 1, end - at - 1)))
+        const int end = m_typed.indexOf(QLatin1Char('}'), m_at);
+        if (m_typed[m_at] != QLatin1Char('{') || end < 0 ||
+            !addPlace(m_typed.mid(m_at + 1, end - m_at - 1)))
             return false;
-        at = end + 1;
+        m_at = end + 1;
         return true;
     }
 
@@ -58,8 +59,8 @@ private:
     {
         if (name.isEmpty() || name == QLatin1String("serial")) {
             endFixed();
-            places.segments.append(counter);
-            places.hasSerial = true;
+            m_places.segments.append(m_counter);
+            m_places.hasSerial = true;
             return true;
         }
         const bool hasFormat = name.startsWith(kDate + QLatin1Char(':'));
@@ -69,22 +70,22 @@ private:
         ZTDateTimeSegment date;
         if (hasFormat)
             date.format = name.mid(kDate.size() + 1);
-        places.segments.append(date);
+        m_places.segments.append(date);
         return true;
     }
 
     void endFixed()
     {
-        if (!fixed.isEmpty())
-            places.segments.append(ZTFixedTextSegment{fixed});
-        fixed.clear();
+        if (!m_fixed.isEmpty())
+            m_places.segments.append(ZTFixedTextSegment{m_fixed});
+        m_fixed.clear();
     }
 
-    QString typed;
-    ZTCounterSegment counter;
-    int at = 0;
-    QString fixed; ///< text since the last place
-    TextPlaces places;
+    QString m_typed;
+    ZTCounterSegment m_counter;
+    int m_at = 0;
+    QString m_fixed; ///< text since the last place
+    TextPlaces m_places;
 };
 
 } // namespace

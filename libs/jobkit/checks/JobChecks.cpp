@@ -51,40 +51,40 @@ class Checks
 public:
     Checks(const QVector<JobItem> &jobItems, const QVector<Pen> &penList,
            const MachineProfile &machine, const CheckLimits &checkLimits)
-        : items(jobItems), pens(penList), profile(machine), limits(checkLimits),
-          plan(planOf(jobItems, penList))
+        : m_items(jobItems), m_pens(penList), m_profile(machine), m_limits(checkLimits),
+          m_plan(planOf(jobItems, penList))
     {
-        for (const JobItem &item : items)
-            names.insert(item.object, item.name);
+        for (const JobItem &item : m_items)
+            m_names.insert(item.object, item.name);
     }
 
     QVector<JobFinding> run()
     {
-        for (const JobItem &item : items) {
+        for (const JobItem &item : m_items) {
             checkPens(item);
             checkText(item);
             checkRuns(item);
             checkHatches(item);
         }
-        if (plan.pieces.isEmpty())
+        if (m_plan.pieces.isEmpty())
             add(FindingKind::NothingToMark, -1, {}, Texts::tr("There is nothing to mark."));
-        else if (canCompare)
+        else if (m_canCompare)
             checkOverlaps();
-        std::stable_sort(findings.begin(), findings.end(),
+        std::stable_sort(m_findings.begin(), m_findings.end(),
                          [](const JobFinding &a, const JobFinding &b) { return a.kind < b.kind; });
-        return findings;
+        return m_findings;
     }
 
 private:
     void add(FindingKind kind, int object, const QPointF &atMm, const QString &text, int other = -1)
     {
-        if (++counts[kind] <= limits.mostFindings)
-            findings.append({kind, object, other, atMm, text});
+        if (++m_counts[kind] <= m_limits.mostFindings)
+            m_findings.append({kind, object, other, atMm, text});
     }
 
     QString nameOf(int object) const
     {
-        const QString name = names.value(object);
+        const QString name = m_names.value(object);
         return name.isEmpty() ? Texts::tr("object %1").arg(object + 1)
                               : QStringLiteral("\"%1\"").arg(name);
     }
@@ -109,16 +109,16 @@ private:
         QList<int> numbers = used.values();
         std::sort(numbers.begin(), numbers.end());
         for (const int number : qAsConst(numbers)) {
-            const Pen pen = penOf(pens, number);
+            const Pen pen = penOf(m_pens, number);
             if (!pen.isOn)
                 add(FindingKind::PenOff, item.object, placeOf(item),
                     Texts::tr("Pen %1 of %2 is off: what it draws is left out.")
                         .arg(QString::number(number), nameOf(item.object)));
-            else if (pen.speedMmPerS > profile.mostSpeedMmPerS)
+            else if (pen.speedMmPerS > m_profile.mostSpeedMmPerS)
                 add(FindingKind::TooFast, item.object, placeOf(item),
                     Texts::tr("Pen %1 of %2 asks for %3 mm/s, the machine goes no faster than %4.")
                         .arg(QString::number(number), nameOf(item.object),
-                             numberText(pen.speedMmPerS), numberText(profile.mostSpeedMmPerS)));
+                             numberText(pen.speedMmPerS), numberText(m_profile.mostSpeedMmPerS)));
         }
     }
 
@@ -135,7 +135,7 @@ private:
 
     void checkRuns(const JobItem &item)
     {
-        const QRectF field = profile.fieldMm();
+        const QRectF field = m_profile.fieldMm();
         std::set<FindingKind> told;
         const auto once = [&](FindingKind kind, const QPointF &atMm, const QString &text) {
             if (told.count(kind) == 0)
@@ -145,7 +145,7 @@ private:
         const QVector<QPolygonF> runs = runsOf(item);
         for (const QPolygonF &run : runs) {
             if (!isFinite(run)) {
-                canCompare = false;
+                m_canCompare = false;
                 once(FindingKind::NotANumber, {},
                      Texts::tr("%1 has a coordinate that is no number."));
                 continue;
@@ -158,7 +158,7 @@ private:
                                       point.y() >= field.top() && point.y() <= field.bottom();
                 const bool isFar =
                     std::abs(point.x()) > kFarthestMm || std::abs(point.y()) > kFarthestMm;
-                canCompare = canCompare && !isFar;
+                m_canCompare = m_canCompare && !isFar;
                 if (!isInside)
                     once(FindingKind::OutsideField, point,
                          Texts::tr("%1 reaches beyond the field."));
@@ -171,12 +171,12 @@ private:
         for (const JobHatch &hatch : item.hatches) {
             QPointF at;
             const double spacing = leastSpacing(hatch, &at);
-            if (spacing >= limits.leastHatchMm)
+            if (spacing >= m_limits.leastHatchMm)
                 continue;
             add(FindingKind::HatchTooClose, item.object, at,
                 Texts::tr("Hatch lines of %1 are %2 mm apart, less than %3.")
                     .arg(nameOf(item.object), numberText(spacing),
-                         numberText(limits.leastHatchMm)));
+                         numberText(m_limits.leastHatchMm)));
             return;
         }
     }
@@ -228,7 +228,7 @@ private:
     void checkOverlaps()
     {
         QVector<PlanPiece> outlines;
-        std::copy_if(plan.pieces.begin(), plan.pieces.end(), std::back_inserter(outlines),
+        std::copy_if(m_plan.pieces.begin(), m_plan.pieces.end(), std::back_inserter(outlines),
                      [](const PlanPiece &piece) { return piece.hatch == 0; });
         const QVector<LineOverlap> overlaps = lineOverlaps(outlines);
         for (const LineOverlap &overlap : overlaps) {
@@ -242,15 +242,15 @@ private:
         }
     }
 
-    const QVector<JobItem> &items;
-    const QVector<Pen> &pens;
-    const MachineProfile &profile;
-    const CheckLimits &limits;
-    JobPlan plan;
-    QHash<int, QString> names;
-    QVector<JobFinding> findings;
-    std::map<FindingKind, int> counts;
-    bool canCompare = true;
+    const QVector<JobItem> &m_items;
+    const QVector<Pen> &m_pens;
+    const MachineProfile &m_profile;
+    const CheckLimits &m_limits;
+    JobPlan m_plan;
+    QHash<int, QString> m_names;
+    QVector<JobFinding> m_findings;
+    std::map<FindingKind, int> m_counts;
+    bool m_canCompare = true;
 };
 
 } // namespace

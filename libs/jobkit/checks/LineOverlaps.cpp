@@ -47,7 +47,7 @@ public:
         for (const Segment &segment : segments)
             length += segment.length;
         // About as many entries as segments, and some more.
-        size = std::max(length / std::max<double>(1.0, double(segments.size())), 10.0 * kNearMm);
+        m_size = std::max(length / std::max<double>(1.0, double(segments.size())), 10.0 * kNearMm);
         for (size_t i = 0; i < segments.size(); ++i)
             add(segments[i], static_cast<int>(i));
     }
@@ -55,12 +55,12 @@ public:
     template <class Visit>
     void forEach(Visit visit) const
     {
-        for (const auto &cell : cells)
+        for (const auto &cell : m_cells)
             visit(cell.second);
     }
 
 private:
-    qint64 index(double mm) const { return static_cast<qint64>(std::floor(mm / size)); }
+    qint64 index(double mm) const { return static_cast<qint64>(std::floor(mm / m_size)); }
 
     /** Column by column, the rows that the segment comes near there. */
     void add(const Segment &segment, int number)
@@ -73,15 +73,15 @@ private:
             double from = left.y();
             double to = right.y();
             if (slope != 0.0) {
-                const double low = std::max(left.x(), double(x) * size - kNearMm);
-                const double high = std::min(right.x(), double(x + 1) * size + kNearMm);
+                const double low = std::max(left.x(), double(x) * m_size - kNearMm);
+                const double high = std::min(right.x(), double(x + 1) * m_size + kNearMm);
                 from = left.y() + slope * (low - left.x());
                 to = left.y() + slope * (high - left.x());
             }
             if (from > to)
                 std::swap(from, to);
             for (qint64 y = index(from - kNearMm); y <= index(to + kNearMm); ++y)
-                cells[key(x, y)].push_back(number);
+                m_cells[key(x, y)].push_back(number);
         }
     }
 
@@ -90,8 +90,8 @@ private:
         return (static_cast<quint64>(x) << 32U) ^ (static_cast<quint64>(y) & 0xffffffffU);
     }
 
-    double size = 1.0;
-    std::unordered_map<quint64, std::vector<int>> cells;
+    double m_size = 1.0;
+    std::unordered_map<quint64, std::vector<int>> m_cells;
 };
 
 /** How far along `line` a point lies, and how far off it. */

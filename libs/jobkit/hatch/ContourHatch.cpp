@@ -105,7 +105,7 @@ class ContourRuns
 {
 public:
     explicit ContourRuns(double spacingMm)
-        : longestSquared(std::pow(spacingMm * kLongestJoinShare, 2))
+        : m_longestSquared(std::pow(spacingMm * kLongestJoinShare, 2))
     {
     }
 
@@ -113,33 +113,33 @@ public:
     {
         std::vector<bool> isJoined(static_cast<size_t>(level.size()), false);
         QVector<int> ends;
-        for (const int run : growing) {
+        for (const int run : m_growing) {
             Nearest best;
             for (int i = 0; i < level.size(); ++i) {
                 if (!isJoined[static_cast<size_t>(i)])
-                    findNearest(level[i], runs[run].last(), i, &best);
+                    findNearest(level[i], m_runs[run].last(), i, &best);
             }
-            if (best.squared > longestSquared)
+            if (best.squared > m_longestSquared)
                 continue;
             isJoined[static_cast<size_t>(best.contour)] = true;
-            append(level[best.contour], best, &runs[run]);
+            append(level[best.contour], best, &m_runs[run]);
             ends.append(run);
         }
         for (int i = 0; i < level.size(); ++i) {
             if (isJoined[static_cast<size_t>(i)])
                 continue;
-            ends.append(runs.size());
-            runs.append(level[i]);
+            ends.append(m_runs.size());
+            m_runs.append(level[i]);
         }
-        growing = ends;
+        m_growing = ends;
     }
 
-    const QVector<QPolygonF> &result() const { return runs; }
+    const QVector<QPolygonF> &result() const { return m_runs; }
 
 private:
-    double longestSquared;
-    QVector<QPolygonF> runs;
-    QVector<int> growing; ///< those that end at the level before
+    double m_longestSquared;
+    QVector<QPolygonF> m_runs;
+    QVector<int> m_growing; ///< those that end at the level before
 };
 
 } // namespace

@@ -36,46 +36,46 @@ class Search
 {
 public:
     Search(const std::vector<TourStop> &stops, const QPointF *headOrNull)
-        : head(headOrNull), count(stops.size())
+        : m_head(headOrNull), m_count(stops.size())
     {
-        for (size_t i = 0; i < count; ++i)
-            ways[i] = waysOf(stops[i]);
+        for (size_t i = 0; i < m_count; ++i)
+            m_ways[i] = waysOf(stops[i]);
     }
 
     std::vector<Tour::Visit> run()
     {
         goOn(0);
-        return best;
+        return m_best;
     }
 
 private:
     void goOn(size_t done)
     {
-        if (done == count) {
+        if (done == m_count) {
             keepIfBetter();
             return;
         }
-        for (size_t stop = 0; stop < count; ++stop) {
-            if (isUsed[stop])
+        for (size_t stop = 0; stop < m_count; ++stop) {
+            if (m_isUsed[stop])
                 continue;
             reach(done, stop);
-            isUsed[stop] = true;
+            m_isUsed[stop] = true;
             goOn(done + 1);
-            isUsed[stop] = false;
+            m_isUsed[stop] = false;
         }
     }
 
     /** Fills the level: each way of the stop after the best way of the one before. */
     void reach(size_t level, size_t stop)
     {
-        sequence[level] = stop;
-        levels[level] = ways[stop];
-        for (Way &way : levels[level]) {
+        m_sequence[level] = stop;
+        m_levels[level] = m_ways[stop];
+        for (Way &way : m_levels[level]) {
             way.length = std::numeric_limits<double>::infinity();
             if (level == 0)
-                way.length = head != nullptr ? distance(*head, way.entry) : 0.0;
-            for (size_t i = 0; level > 0 && i < levels[level - 1].size(); ++i) {
-                const Way &from = levels[level - 1][i];
+                way.length = m_head != nullptr ? distance(*m_head, way.entry) : 0.0;
+            for (size_t i = 0; level > 0 && i < m_levels[level - 1].size(); ++i) {
+                const Way &from = m_levels[level - 1][i];
                 const double length = from.length + distance(from.exit, way.entry);
                 if (length < way.length) {
                     way.length = length;
@@ -87,18 +87,18 @@ private:
 
     void keepIfBetter()
     {
-        const std::vector<Way> &last = levels[count - 1];
+        const std::vector<Way> &last = m_levels[m_count - 1];
         const auto shortest =
             std::min_element(last.begin(), last.end(),
                              [](const Way &a, const Way &b) { return a.length < b.length; });
-        if (shortest->length >= bestLength)
+        if (shortest->length >= m_bestLength)
             return;
-        bestLength = shortest->length;
-        best.assign(count, {0, false, {}});
+        m_bestLength = shortest->length;
+        m_best.assign(m_count, {0, false, {}});
         int way = static_cast<int>(shortest - last.begin());
-        for (size_t level = count; level-- > 0;) {
-            const Way &taken = levels[level][static_cast<size_t>(way)];
-            best[level] = {static_cast<int>(sequence[level]), taken.isReversed, taken.entry};
+        for (size_t level = m_count; level-- > 0;) {
+            const Way &taken = m_levels[level][static_cast<size_t>(way)];
+            m_best[level] = {static_cast<int>(m_sequence[level]), taken.isReversed, taken.entry};
             way = taken.before;
         }
     }
@@ -108,14 +108,14 @@ private:
         return std::hypot(b.x() - a.x(), b.y() - a.y());
     }
 
-    const QPointF *head;
-    size_t count;
-    std::array<std::vector<Way>, kFewStops> ways;
-    std::array<std::vector<Way>, kFewStops> levels;
-    std::array<size_t, kFewStops> sequence{};
-    std::array<bool, kFewStops> isUsed{};
-    std::vector<Tour::Visit> best;
-    double bestLength = std::numeric_limits<double>::infinity();
+    const QPointF *m_head;
+    size_t m_count;
+    std::array<std::vector<Way>, kFewStops> m_ways;
+    std::array<std::vector<Way>, kFewStops> m_levels;
+    std::array<size_t, kFewStops> m_sequence{};
+    std::array<bool, kFewStops> m_isUsed{};
+    std::vector<Tour::Visit> m_best;
+    double m_bestLength = std::numeric_limits<double>::infinity();
 };
 
 } // namespace

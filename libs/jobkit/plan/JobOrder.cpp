@@ -28,29 +28,29 @@ class Patience
 {
 public:
     Patience(const OrderOptions &given, qint64 all)
-        : options(given), steps(std::max<qint64>(1, all))
+        : m_options(given), m_steps(std::max<qint64>(1, all))
     {
-        clock.start();
+        m_clock.start();
     }
 
     bool mayGoOn()
     {
-        if (++done % 64 == 0 && !isOver) {
-            const double share = std::min(1.0, double(done) / double(steps));
-            isOver = clock.elapsed() > options.budgetMs ||
-                     (options.progress && !options.progress(share));
+        if (++m_done % 64 == 0 && !m_isOver) {
+            const double share = std::min(1.0, double(m_done) / double(m_steps));
+            m_isOver = m_clock.elapsed() > m_options.budgetMs ||
+                       (m_options.progress && !m_options.progress(share));
         }
-        return !isOver;
+        return !m_isOver;
     }
 
-    bool isOut() const { return isOver; }
+    bool isOut() const { return m_isOver; }
 
 private:
-    const OrderOptions &options;
-    QElapsedTimer clock;
-    qint64 steps;
-    qint64 done = 0;
-    bool isOver = false;
+    const OrderOptions &m_options;
+    QElapsedTimer m_clock;
+    qint64 m_steps;
+    qint64 m_done = 0;
+    bool m_isOver = false;
 };
 
 /** Jumps with the way from the head, where it stands somewhere. */

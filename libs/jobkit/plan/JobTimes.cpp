@@ -23,24 +23,24 @@ class PenSpeeds
 {
 public:
     PenSpeeds(const QVector<Pen> &penList, const MachineProfile &profile)
-        : pens(penList), mostMmPerS(profile.mostSpeedMmPerS)
+        : m_pens(penList), m_mostMmPerS(profile.mostSpeedMmPerS)
     {
     }
 
     double of(int number)
     {
-        const auto known = speeds.find(number);
-        if (known != speeds.end())
+        const auto known = m_speeds.find(number);
+        if (known != m_speeds.end())
             return known->second;
-        const double speed = std::min(penOf(pens, number).speedMmPerS, mostMmPerS);
-        speeds.emplace(number, speed);
+        const double speed = std::min(penOf(m_pens, number).speedMmPerS, m_mostMmPerS);
+        m_speeds.emplace(number, speed);
         return speed;
     }
 
 private:
-    const QVector<Pen> &pens;
-    double mostMmPerS;
-    std::unordered_map<int, double> speeds;
+    const QVector<Pen> &m_pens;
+    double m_mostMmPerS;
+    std::unordered_map<int, double> m_speeds;
 };
 
 JobTimes emptyTimes(const JobPlan &plan)

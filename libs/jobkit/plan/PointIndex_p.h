@@ -53,12 +53,12 @@ private:
     void collect(int node, const QPointF &to, int but, size_t most,
                  std::vector<Found> *found) const;
 
-    std::vector<Entry> entries;
-    std::vector<int> indexes; ///< of entries, in the order of the leaves
-    std::vector<int> leafOf;  ///< of each entry
-    std::vector<char> isGone;
-    std::vector<std::vector<int>> ofOwner;
-    std::vector<Node> nodes;
+    std::vector<Entry> m_entries;
+    std::vector<int> m_indexes; ///< of entries, in the order of the leaves
+    std::vector<int> m_leafOf;  ///< of each entry
+    std::vector<char> m_isGone;
+    std::vector<std::vector<int>> m_ofOwner;
+    std::vector<Node> m_nodes;
 };
 
 } // namespace jobkit

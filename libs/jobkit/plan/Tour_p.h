@@ -60,8 +60,8 @@ private:
 
     int next(int stop) const;
     int previous(int stop) const;
-    int entrySide(int stop) const { return isTurned[stop]; }
-    int exitSide(int stop) const { return 1 - isTurned[stop]; }
+    int entrySide(int stop) const { return m_isTurned[stop]; }
+    int exitSide(int stop) const { return 1 - m_isTurned[stop]; }
     double between(int a, int sideA, int b, int sideB) const;
     double link(int a, int b) const { return between(a, exitSide(a), b, entrySide(b)); }
     double viaStart(int a, const QPointF &start, int b) const;
@@ -85,18 +85,18 @@ private:
     void undo(size_t changesKept);
     void wake(int stop);
 
-    std::vector<TourStop> stops; ///< the last one closes the ring
-    int count = 0;               ///< with the one that closes the ring
-    bool hasHead = false;
-    bool hasOneWay = false;
-    std::vector<int> ring;
-    std::vector<int> place;
-    std::vector<char> isTurned;
-    std::vector<std::vector<int>> neighbours;
-    std::vector<int> waiting;
-    std::vector<char> isWaiting;
-    std::vector<Change> changes;
-    double gained = 0.0;
+    std::vector<TourStop> m_stops; ///< the last one closes the ring
+    int m_count = 0;               ///< with the one that closes the ring
+    bool m_hasHead = false;
+    bool m_hasOneWay = false;
+    std::vector<int> m_ring;
+    std::vector<int> m_place;
+    std::vector<char> m_isTurned;
+    std::vector<std::vector<int>> m_neighbours;
+    std::vector<int> m_waiting;
+    std::vector<char> m_isWaiting;
+    std::vector<Change> m_changes;
+    double m_gained = 0.0;
 };
 
 template <class Ask>
@@ -105,17 +105,17 @@ void Tour::improve(Ask mayGoOn)
     constexpr int kRounds = 2; // closed stops begin elsewhere after the first: other neighbours
     for (int round = 0; round < kRounds; ++round) {
         findNeighbours();
-        waiting.assign(ring.rbegin(), ring.rend());
-        isWaiting.assign(static_cast<size_t>(count), 1);
-        while (!waiting.empty()) {
+        m_waiting.assign(m_ring.rbegin(), m_ring.rend());
+        m_isWaiting.assign(static_cast<size_t>(m_count), 1);
+        while (!m_waiting.empty()) {
             if (!mayGoOn())
                 return;
-            const int stop = waiting.back();
-            waiting.pop_back();
-            isWaiting[stop] = 0;
+            const int stop = m_waiting.back();
+            m_waiting.pop_back();
+            m_isWaiting[stop] = 0;
             while (improveStop(stop)) {
             }
-            changes.clear();
+            m_changes.clear();
         }
     }
 }

@@ -67,31 +67,31 @@ bool readJsonObject(const QByteArray &json, QJsonObject *object, QString *error)
 
 bool JsonFields::refuse(const QString &name, const QString &what)
 {
-    if (isGood && error != nullptr)
-        *error = path + (what.isEmpty() ? name : what.arg(name.left(kLongestName)));
-    isGood = false;
+    if (m_isGood && m_error != nullptr)
+        *m_error = m_path + (what.isEmpty() ? name : what.arg(name.left(kLongestName)));
+    m_isGood = false;
     return false;
 }
 
 bool JsonFields::has(const char *name)
 {
     const QString key = QLatin1String(name);
-    known.insert(key);
-    return isGood && object.contains(key);
+    m_known.insert(key);
+    return m_isGood && m_object.contains(key);
 }
 
 bool JsonFields::need(const char *name)
 {
-    if (isGood && !has(name))
+    if (m_isGood && !has(name))
         return refuse(QLatin1String(name), Texts::tr("%1: is missing"));
-    return isGood;
+    return m_isGood;
 }
 
 bool JsonFields::number(const char *name, double least, double most, double *value)
 {
     if (!has(name))
-        return isGood;
-    const QJsonValue found = object.value(QLatin1String(name));
+        return m_isGood;
+    const QJsonValue found = m_object.value(QLatin1String(name));
     if (!found.isDouble())
         return refuse(QLatin1String(name), Texts::tr("%1: a number is needed"));
     const QString problem = rangeProblem(QLatin1String(name), found.toDouble(), least, most);
@@ -115,8 +115,8 @@ bool JsonFields::whole(const char *name, int least, int most, int *value)
 bool JsonFields::flag(const char *name, bool *value)
 {
     if (!has(name))
-        return isGood;
-    const QJsonValue found = object.value(QLatin1String(name));
+        return m_isGood;
+    const QJsonValue found = m_object.value(QLatin1String(name));
     if (!found.isBool())
         return refuse(QLatin1String(name), Texts::tr("%1: true or false is needed"));
     *value = found.toBool();
@@ -126,8 +126,8 @@ bool JsonFields::flag(const char *name, bool *value)
 bool JsonFields::text(const char *name, const TextRange &range, QString *value)
 {
     if (!has(name))
-        return isGood;
-    const QJsonValue found = object.value(QLatin1String(name));
+        return m_isGood;
+    const QJsonValue found = m_object.value(QLatin1String(name));
     if (!found.isString())
         return refuse(QLatin1String(name), Texts::tr("%1: a text is needed"));
     const QString problem = lengthProblem(QLatin1String(name), found.toString(), range);
@@ -140,8 +140,8 @@ bool JsonFields::text(const char *name, const TextRange &range, QString *value)
 bool JsonFields::choice(const char *name, const QStringList &names, int *value)
 {
     if (!has(name))
-        return isGood;
-    const QJsonValue found = object.value(QLatin1String(name));
+        return m_isGood;
+    const QJsonValue found = m_object.value(QLatin1String(name));
     const int index = found.isString() ? names.indexOf(found.toString()) : -1;
     if (index < 0) {
         const QString what = Texts::tr("%1: one of %2 is needed");
@@ -154,8 +154,8 @@ bool JsonFields::choice(const char *name, const QStringList &names, int *value)
 bool JsonFields::array(const char *name, int most, QJsonArray *value)
 {
     if (!has(name))
-        return isGood;
-    const QJsonValue found = object.value(QLatin1String(name));
+        return m_isGood;
+    const QJsonValue found = m_object.value(QLatin1String(name));
     if (!found.isArray())
         return refuse(QLatin1String(name), Texts::tr("%1: a list is needed"));
     if (found.toArray().size() > most) {
@@ -179,11 +179,11 @@ bool JsonFields::header(const QString &format)
 
 bool JsonFields::finish()
 {
-    if (!isGood)
+    if (!m_isGood)
         return false;
-    const QStringList keys = object.keys();
+    const QStringList keys = m_object.keys();
     for (const QString &key : keys) {
-        if (!known.contains(key))
+        if (!m_known.contains(key))
             return refuse(key, Texts::tr("%1: no such field"));
     }
     return true;

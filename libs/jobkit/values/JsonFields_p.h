@@ -25,7 +25,7 @@ class JsonFields
 {
 public:
     JsonFields(const QJsonObject &taken, const QString &pathOfObject, QString *whyNot)
-        : object(taken), path(pathOfObject), error(whyNot)
+        : m_object(taken), m_path(pathOfObject), m_error(whyNot)
     {
     }
 
@@ -47,11 +47,11 @@ public:
 private:
     bool has(const char *name);
 
-    QJsonObject object;
-    QString path; ///< "pens[2]." or empty
-    QString *error;
-    QSet<QString> known;
-    bool isGood = true;
+    QJsonObject m_object;
+    QString m_path; ///< "pens[2]." or empty
+    QString *m_error;
+    QSet<QString> m_known;
+    bool m_isGood = true;
 };
 
 /** "name: 0 to 100 is allowed, not 140"; empty where the value lies in the range. */

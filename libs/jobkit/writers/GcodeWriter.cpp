@@ -13,29 +13,29 @@ class Program
 {
 public:
     Program(const JobFile &file, JobText *target)
-        : job(file), text(*target),
-          perUnit(file.profile.unit == LengthUnit::Inch ? kMmPerInch : 1.0)
+        : m_job(file), m_text(*target),
+          m_perUnit(file.profile.unit == LengthUnit::Inch ? kMmPerInch : 1.0)
     {
     }
 
     void write()
     {
-        text << "; " << plainText(job.title) << "\n; machine: " << plainText(job.profile.name)
-             << "\n";
+        m_text << "; " << plainText(m_job.title) << "\n; machine: " << plainText(m_job.profile.name)
+               << "\n";
         off();
-        lines(job.profile.head);
+        lines(m_job.profile.head);
         // After the head, which may have changed all of it.
-        text << (perUnit == 1.0 ? "G21\n" : "G20\n") << "G90\n";
+        m_text << (m_perUnit == 1.0 ? "G21\n" : "G20\n") << "G90\n";
         off();
-        for (int part = 0; part < job.parts.size(); ++part) {
+        for (int part = 0; part < m_job.parts.size(); ++part) {
             if (part > 0)
-                text << "; part " << part + 1 << " of " << job.parts.size() << "\nM0\n";
-            writePart(job.parts[part]);
+                m_text << "; part " << part + 1 << " of " << m_job.parts.size() << "\nM0\n";
+            writePart(m_job.parts[part]);
             off();
         }
-        lines(job.profile.tail);
+        lines(m_job.profile.tail);
         off();
-        text << "M2\n";
+        m_text << "M2\n";
     }
 
 private:
@@ -45,7 +45,7 @@ private:
         Pen pen;
         for (const PlanPiece &piece : plan.pieces) {
             if (before == nullptr || before->pen != piece.pen || before->pass != piece.pass) {
-                pen = penOf(job.pens, piece.pen);
+                pen = penOf(m_job.pens, piece.pen);
                 tell(pen, piece.pass);
                 switchTo(pen.powerMode);
             }
@@ -56,49 +56,49 @@ private:
 
     void tell(const Pen &pen, int pass)
     {
-        text << "; pen " << pen.number;
+        m_text << "; pen " << pen.number;
         if (!pen.name.isEmpty())
-            text << " " << plainText(pen.name);
-        text << ", ";
-        text.number(pen.speedMmPerS, 3) << " mm/s, ";
-        text.number(pen.powerPercent, 3) << " %, pass " << pass << "\n";
+            m_text << " " << plainText(pen.name);
+        m_text << ", ";
+        m_text.number(pen.speedMmPerS, 3) << " mm/s, ";
+        m_text.number(pen.powerPercent, 3) << " %, pass " << pass << "\n";
     }
 
     void writePiece(const PlanPiece &piece, const Pen &pen)
     {
-        text << "G0";
+        m_text << "G0";
         place(piece.pointsMm.first());
-        text << (job.profile.isLaserMode ? " S0\n" : "\n");
-        const double power = job.profile.mostPower * pen.powerPercent / 100.0;
-        if (!job.profile.isLaserMode)
+        m_text << (m_job.profile.isLaserMode ? " S0\n" : "\n");
+        const double power = m_job.profile.mostPower * pen.powerPercent / 100.0;
+        if (!m_job.profile.isLaserMode)
             on(pen.powerMode, power);
         const int last = piece.pointsMm.size() - 1;
         for (int i = last == 0 ? 0 : 1; i <= last; ++i) {
-            text << "G1";
+            m_text << "G1";
             place(piece.pointsMm[i]);
             if (i < 2) {
-                text << " F";
-                text.number(pen.speedMmPerS * 60.0 / perUnit, kFeedDecimals) << " S";
-                text.number(power, kPowerDecimals);
+                m_text << " F";
+                m_text.number(pen.speedMmPerS * 60.0 / m_perUnit, kFeedDecimals) << " S";
+                m_text.number(power, kPowerDecimals);
             }
-            text << "\n";
+            m_text << "\n";
         }
-        if (!job.profile.isLaserMode)
+        if (!m_job.profile.isLaserMode)
             off();
     }
 
     void place(const QPointF &pointMm)
     {
-        const QPointF at = job.profile.toMachine(pointMm) / perUnit;
-        text << " X";
-        text.number(at.x(), job.profile.decimals) << " Y";
-        text.number(at.y(), job.profile.decimals);
+        const QPointF at = m_job.profile.toMachine(pointMm) / m_perUnit;
+        m_text << " X";
+        m_text.number(at.x(), m_job.profile.decimals) << " Y";
+        m_text.number(at.y(), m_job.profile.decimals);
     }
 
     /** In laser mode the laser is on at power 0 and takes its power from each move. */
     void switchTo(PowerMode mode)
     {
-        if (!job.profile.isLaserMode || (isOn && current == mode))
+        if (!m_job.profile.isLaserMode || (m_isOn && m_current == mode))
             return;
         off();
         on(mode, 0.0);
@@ -106,30 +106,30 @@ private:
 
     void on(PowerMode mode, double power)
     {
-        text << (mode == PowerMode::Dynamic ? "M4 S" : "M3 S");
-        text.number(power, kPowerDecimals) << "\n";
-        isOn = true;
-        current = mode;
+        m_text << (mode == PowerMode::Dynamic ? "M4 S" : "M3 S");
+        m_text.number(power, kPowerDecimals) << "\n";
+        m_isOn = true;
+        m_current = mode;
     }
 
     void off()
     {
-        text << "M5 S0\n";
-        isOn = false;
+        m_text << "M5 S0\n";
+        m_isOn = false;
     }
 
     void lines(const QString &block)
     {
         const QStringList all = block.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
         for (const QString &line : all)
-            text << plainText(line.trimmed()) << "\n";
+            m_text << plainText(line.trimmed()) << "\n";
     }
 
-    const JobFile &job;
-    JobText &text;
-    double perUnit;
-    bool isOn = false;
-    PowerMode current = PowerMode::Constant;
+    const JobFile &m_job;
+    JobText &m_text;
+    double m_perUnit;
+    bool m_isOn = false;
+    PowerMode m_current = PowerMode::Constant;
 };
 
 } // namespace

@@ -10,7 +10,7 @@ namespace jobkit {
 class JobText
 {
 public:
-    explicit JobText(QIODevice &target) : device(target) {}
+    explicit JobText(QIODevice &target) : m_device(target) {}
 
     JobText &operator<<(const char *text);
     JobText &operator<<(const QByteArray &text);
@@ -26,9 +26,9 @@ public:
 private:
     void flushIfLong();
 
-    QIODevice &device;
-    QByteArray text;
-    bool isGood = true;
+    QIODevice &m_device;
+    QByteArray m_text;
+    bool m_isGood = true;
 };
 
 /** Printable ASCII; other characters become "?", so that every controller can skip a comment. */

@@ -42,49 +42,49 @@ bool isFinite(const JobFile &job)
 
 JobText &JobText::operator<<(const char *more)
 {
-    text.append(more);
+    m_text.append(more);
     flushIfLong();
     return *this;
 }
 
 JobText &JobText::operator<<(const QByteArray &more)
 {
-    text.append(more);
+    m_text.append(more);
     flushIfLong();
     return *this;
 }
 
 JobText &JobText::operator<<(int value)
 {
-    hostkit::appendWhole(text, value);
+    hostkit::appendWhole(m_text, value);
     return *this;
 }
 
 JobText &JobText::number(double value, int decimals)
 {
-    hostkit::appendRounded(text, value, decimals);
+    hostkit::appendRounded(m_text, value, decimals);
     return *this;
 }
 
 JobText &JobText::exact(double value)
 {
-    hostkit::appendShortest(text, value);
+    hostkit::appendShortest(m_text, value);
     return *this;
 }
 
 void JobText::flushIfLong()
 {
-    if (text.size() < kLongText)
+    if (m_text.size() < kLongText)
         return;
-    isGood = device.write(text) == text.size() && isGood;
-    text.clear();
+    m_isGood = m_device.write(m_text) == m_text.size() && m_isGood;
+    m_text.clear();
 }
 
 bool JobText::finish()
 {
-    isGood = device.write(text) == text.size() && isGood;
-    text.clear();
-    return isGood;
+    m_isGood = m_device.write(m_text) == m_text.size() && m_isGood;
+    m_text.clear();
+    return m_isGood;
 }
 
 QByteArray plainText(const QString &text)

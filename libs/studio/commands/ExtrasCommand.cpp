@@ -3,27 +3,27 @@
 namespace studio {
 
 ExtrasCommand::ExtrasCommand(const ShapeItems &changed, const Change &change, const QString &text)
-    : QUndoCommand(text), items(guarded(changed))
+    : QUndoCommand(text), m_items(guarded(changed))
 {
     for (const ShapeItem *item : changed) {
         hostkit::ItemExtras extras;
         if (item != nullptr)
             extras = hostkit::itemExtras(*item);
-        before << extras;
+        m_before << extras;
         change(extras);
-        after << extras;
+        m_after << extras;
     }
 }
 
-void ExtrasCommand::undo() { give(before); }
+void ExtrasCommand::undo() { give(m_before); }
 
-void ExtrasCommand::redo() { give(after); }
+void ExtrasCommand::redo() { give(m_after); }
 
 void ExtrasCommand::give(const QVector<hostkit::ItemExtras> &extras) const
 {
-    for (int i = 0; i < items.size(); ++i) {
-        if (items[i])
-            hostkit::setItemExtras(*items[i], extras[i]);
+    for (int i = 0; i < m_items.size(); ++i) {
+        if (m_items[i])
+            hostkit::setItemExtras(*m_items[i], extras[i]);
     }
 }
 

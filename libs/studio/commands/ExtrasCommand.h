@@ -28,14 +28,14 @@ public:
     void redo() override;
 
     /** Whether the command would change nothing: there is no need to push it. */
-    bool changesNothing() const { return before == after; }
+    bool changesNothing() const { return m_before == m_after; }
 
 private:
     void give(const QVector<hostkit::ItemExtras> &extras) const;
 
-    QVector<QPointer<ShapeItem>> items;
-    QVector<hostkit::ItemExtras> before; ///< by item
-    QVector<hostkit::ItemExtras> after;  ///< by item
+    QVector<QPointer<ShapeItem>> m_items;
+    QVector<hostkit::ItemExtras> m_before; ///< by item
+    QVector<hostkit::ItemExtras> m_after;  ///< by item
 };
 
 } // namespace studio

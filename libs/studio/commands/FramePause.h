@@ -10,26 +10,26 @@ namespace studio {
 class FramePause
 {
 public:
-    explicit FramePause(const ZTGraphicsScene &scene) : frame(scene.getGraphicsResizeItem())
+    explicit FramePause(const ZTGraphicsScene &scene) : m_frame(scene.getGraphicsResizeItem())
     {
-        if (frame)
-            frame->setEnableResizeFromChild(false);
+        if (m_frame)
+            m_frame->setEnableResizeFromChild(false);
     }
 
     ~FramePause()
     {
-        if (!frame)
+        if (!m_frame)
             return;
-        frame->setEnableResizeFromChild(true);
-        if (!frame->selectItem().isEmpty())
-            frame->resizeFromChild();
+        m_frame->setEnableResizeFromChild(true);
+        if (!m_frame->selectItem().isEmpty())
+            m_frame->resizeFromChild();
     }
 
     FramePause(const FramePause &) = delete;
     FramePause &operator=(const FramePause &) = delete;
 
 private:
-    QPointer<ZTGraphicsResizeItem> frame; ///< borrowed from the scene
+    QPointer<ZTGraphicsResizeItem> m_frame; ///< borrowed from the scene
 };
 
 } // namespace studio

@@ -6,66 +6,67 @@ namespace studio {
 
 ItemGeometryCommand::ItemGeometryCommand(ZTGraphicsScene *changedScene,
                                          const ShapeItems &changedItems, const QString &text)
-    : QUndoCommand(text), drawing(changedScene), items(guarded(changedItems)), before(states())
+    : QUndoCommand(text), m_drawing(changedScene), m_items(guarded(changedItems)),
+      m_before(states())
 {
 }
 
 QVector<ItemGeometryCommand::State> ItemGeometryCommand::states() const
 {
     QVector<State> now;
-    now.reserve(items.size());
-    for (const QPointer<ShapeItem> &item : items)
+    now.reserve(m_items.size());
+    for (const QPointer<ShapeItem> &item : m_items)
         now.append(item ? State{item->pos(), item->getTransformParam()} : State());
     return now;
 }
 
 void ItemGeometryCommand::restore(const QVector<State> &states)
 {
-    if (!drawing)
+    if (!m_drawing)
         return;
-    const FramePause pause(*drawing);
-    for (int i = 0; i < items.size(); ++i) {
-        if (!items[i])
+    const FramePause pause(*m_drawing);
+    for (int i = 0; i < m_items.size(); ++i) {
+        if (!m_items[i])
             continue;
-        if (items[i]->getTransformParam() != states[i].transform)
-            items[i]->setTransformParam(states[i].transform);
-        items[i]->setPos(states[i].posPx);
+        if (m_items[i]->getTransformParam() != states[i].transform)
+            m_items[i]->setTransformParam(states[i].transform);
+        m_items[i]->setPos(states[i].posPx);
     }
 }
 
-void ItemGeometryCommand::undo() { restore(before); }
+void ItemGeometryCommand::undo() { restore(m_before); }
 
 void ItemGeometryCommand::redo()
 {
-    if (!after.isEmpty()) {
-        restore(after);
+    if (!m_after.isEmpty()) {
+        restore(m_after);
         return;
     }
-    if (!drawing)
+    if (!m_drawing)
         return;
     {
-        const FramePause pause(*drawing);
-        change(*drawing);
+        const FramePause pause(*m_drawing);
+        change(*m_drawing);
     }
-    after = states();
+    m_after = states();
 }
 
 MirrorCommand::MirrorCommand(ZTGraphicsScene *scene, Kind mirrorKind, const QString &text)
-    : ItemGeometryCommand(scene, selectedShapeItems(*scene), text), kind(mirrorKind)
+    : ItemGeometryCommand(scene, selectedShapeItems(*scene), text), m_kind(mirrorKind)
 {
 }
 
-void MirrorCommand::change(ZTGraphicsScene &scene) { scene.setMirror(kind); }
+void MirrorCommand::change(ZTGraphicsScene &scene) { scene.setMirror(m_kind); }
 
 RotateCommand::RotateCommand(ZTGraphicsScene *scene, double angle, const QString &text)
-    : ItemGeometryCommand(scene, selectedShapeItems(*scene), text), angleDeg(angle)
+    : ItemGeometryCommand(scene, selectedShapeItems(*scene), text), m_angleDeg(angle)
 {
 }
 
 void RotateCommand::change(ZTGraphicsScene &scene)
 {
     if (ZTGraphicsResizeItem *frame = scene.getGraphicsResizeItem())
-        frame->setRotation(angleDeg);
+        frame->setRotation(m_angleDeg);
 }
 
 } // namespace studio

@@ -35,10 +35,10 @@ private:
     QVector<State> states() const;
     void restore(const QVector<State> &states);
 
-    QPointer<ZTGraphicsScene> drawing; ///< borrowed from the document
-    QVector<QPointer<ShapeItem>> items;
-    QVector<State> before;
-    QVector<State> after; ///< empty until the first `redo`
+    QPointer<ZTGraphicsScene> m_drawing; ///< borrowed from the document
+    QVector<QPointer<ShapeItem>> m_items;
+    QVector<State> m_before;
+    QVector<State> m_after; ///< empty until the first `redo`
 };
 
 /** Mirrors the selected shapes within their frame. */
@@ -53,7 +53,7 @@ protected:
     void change(ZTGraphicsScene &scene) override;
 
 private:
-    Kind kind;
+    Kind m_kind;
 };
 
 /** Turns the selected shapes about the middle of their frame. */
@@ -67,7 +67,7 @@ protected:
     void change(ZTGraphicsScene &scene) override;
 
 private:
-    double angleDeg;
+    double m_angleDeg;
 };
 
 } // namespace studio

@@ -4,34 +4,34 @@ namespace studio {
 
 AddItemsCommand::AddItemsCommand(ZTShapeManager *shapeManager, const ShapeItems &items,
                                  const ShapeItems &selected, const QString &text)
-    : QUndoCommand(text), manager(shapeManager), store(shapeManager, items),
-      selectedBefore(guarded(selected))
+    : QUndoCommand(text), m_manager(shapeManager), m_store(shapeManager, items),
+      m_selectedBefore(guarded(selected))
 {
 }
 
 void AddItemsCommand::undo()
 {
-    store.takeOut(stillThere(selectedBefore));
-    isIn = false;
+    m_store.takeOut(stillThere(m_selectedBefore));
+    m_isIn = false;
 }
 
 void AddItemsCommand::redo()
 {
-    if (!isIn)
-        store.putBack();
-    else if (manager)
-        selectOnly(*manager->scene(), store.items());
-    isIn = true;
+    if (!m_isIn)
+        m_store.putBack();
+    else if (m_manager)
+        selectOnly(*m_manager->scene(), m_store.items());
+    m_isIn = true;
 }
 
 DeleteItemsCommand::DeleteItemsCommand(ZTShapeManager *manager, const ShapeItems &items,
                                        const QString &text)
-    : QUndoCommand(text), store(manager, items)
+    : QUndoCommand(text), m_store(manager, items)
 {
 }
 
-void DeleteItemsCommand::undo() { store.putBack(); }
+void DeleteItemsCommand::undo() { m_store.putBack(); }
 
-void DeleteItemsCommand::redo() { store.takeOut({}); }
+void DeleteItemsCommand::redo() { m_store.takeOut({}); }
 
 } // namespace studio

@@ -23,10 +23,10 @@ public:
     void redo() override;
 
 private:
-    QPointer<ZTShapeManager> manager; ///< borrowed from the document
-    ItemStore store;
-    QVector<QPointer<ShapeItem>> selectedBefore;
-    bool isIn = true;
+    QPointer<ZTShapeManager> m_manager; ///< borrowed from the document
+    ItemStore m_store;
+    QVector<QPointer<ShapeItem>> m_selectedBefore;
+    bool m_isIn = true;
 };
 
 /** Shapes that the user deletes. Undo puts them back where they were, and selects them. */
@@ -39,7 +39,7 @@ public:
     void redo() override;
 
 private:
-    ItemStore store;
+    ItemStore m_store;
 };
 
 } // namespace studio

@@ -51,7 +51,7 @@ class QuietSelection
 {
 public:
     explicit QuietSelection(const ZTShapeManager &manager)
-        : quietScene(manager.scene()), quietRows(treeModel(manager).itemSelectionModel())
+        : m_quietScene(manager.scene()), m_quietRows(treeModel(manager).itemSelectionModel())
     {
         manager.scene()->clearSelection();
         // Each row that goes would be looked for in each range of selected rows.
@@ -59,8 +59,8 @@ public:
     }
 
 private:
-    QSignalBlocker quietScene;
-    QSignalBlocker quietRows;
+    QSignalBlocker m_quietScene;
+    QSignalBlocker m_quietRows;
 };
 
 /** Removes the rows from `first` to the end; the bottom row comes first in the result. */
@@ -81,57 +81,57 @@ void removeTail(QGraphicsScene &scene, const ShapeItems &items, int first)
 } // namespace
 
 ItemStore::ItemStore(ZTShapeManager *shapeManager, const ShapeItems &items)
-    : manager(shapeManager), members(guarded(items))
+    : m_manager(shapeManager), m_members(guarded(items))
 {
 }
 
 ItemStore::~ItemStore()
 {
-    for (const auto &held : qAsConst(heldItems))
+    for (const auto &held : qAsConst(m_heldItems))
         delete held.entry;
-    for (const auto &held : qAsConst(heldRows))
+    for (const auto &held : qAsConst(m_heldRows))
         qDeleteAll(held.entry);
 }
 
 void ItemStore::takeOut(const ShapeItems &selectedAfter)
 {
-    if (!manager || !heldItems.isEmpty())
+    if (!m_manager || !m_heldItems.isEmpty())
         return;
     const ShapeItems wanted = items();
-    const ShapeItems before = readiedItems(*manager->scene());
+    const ShapeItems before = readiedItems(*m_manager->scene());
     {
-        const QuietSelection quiet(*manager);
+        const QuietSelection quiet(*m_manager);
         takeItems(before, {wanted.begin(), wanted.end()});
         takeRows({wanted.begin(), wanted.end()});
     }
-    selectOnly(*manager->scene(), selectedAfter);
+    selectOnly(*m_manager->scene(), selectedAfter);
 }
 
 void ItemStore::putBack()
 {
-    if (!manager || heldItems.isEmpty())
+    if (!m_manager || m_heldItems.isEmpty())
         return;
-    const ShapeItems before = readiedItems(*manager->scene());
+    const ShapeItems before = readiedItems(*m_manager->scene());
     {
-        const QuietSelection quiet(*manager);
+        const QuietSelection quiet(*m_manager);
         putRows();
         putItems(before);
     }
-    selectOnly(*manager->scene(), items());
+    selectOnly(*m_manager->scene(), items());
 }
 
 void ItemStore::takeItems(const ShapeItems &before, const ItemSet &wanted)
 {
     for (int place = 0; place < before.size(); ++place) {
         if (wanted.contains(before[place]))
-            heldItems.append({before[place], place});
+            m_heldItems.append({before[place], place});
     }
-    if (heldItems.isEmpty())
+    if (m_heldItems.isEmpty())
         return;
-    QGraphicsScene &scene = *manager->scene();
-    const int lowest = heldItems.first().place;
-    if (oneByOneIsCheaper(heldItems.size(), before.size(), before.size() - lowest)) {
-        for (auto held = heldItems.crbegin(); held != heldItems.crend(); ++held)
+    QGraphicsScene &scene = *m_manager->scene();
+    const int lowest = m_heldItems.first().place;
+    if (oneByOneIsCheaper(m_heldItems.size(), before.size(), before.size() - lowest)) {
+        for (auto held = m_heldItems.crbegin(); held != m_heldItems.crend(); ++held)
             scene.removeItem(held->entry);
         return;
     }
@@ -144,13 +144,13 @@ void ItemStore::takeItems(const ShapeItems &before, const ItemSet &wanted)
 
 void ItemStore::putItems(const ShapeItems &before)
 {
-    QGraphicsScene &scene = *manager->scene();
-    const ShapeItems after = merged(before, heldItems);
-    const int lowest = qMin(heldItems.first().place, before.size());
-    if (oneByOneIsCheaper(heldItems.size(), after.size(), after.size() - lowest)) {
-        for (const auto &held : qAsConst(heldItems))
+    QGraphicsScene &scene = *m_manager->scene();
+    const ShapeItems after = merged(before, m_heldItems);
+    const int lowest = qMin(m_heldItems.first().place, before.size());
+    if (oneByOneIsCheaper(m_heldItems.size(), after.size(), after.size() - lowest)) {
+        for (const auto &held : qAsConst(m_heldItems))
             scene.addItem(held.entry);
-        for (auto held = heldItems.crbegin(); held != heldItems.crend(); ++held) {
+        for (auto held = m_heldItems.crbegin(); held != m_heldItems.crend(); ++held) {
             if (held->place + 1 < after.size())
                 held->entry->stackBefore(after[held->place + 1]);
         }
@@ -159,12 +159,12 @@ void ItemStore::putItems(const ShapeItems &before)
         for (int place = lowest; place < after.size(); ++place)
             scene.addItem(after[place]);
     }
-    heldItems.clear();
+    m_heldItems.clear();
 }
 
 void ItemStore::takeRows(const ItemSet &wanted)
 {
-    ZTItemModel &model = treeModel(*manager);
+    ZTItemModel &model = treeModel(*m_manager);
     QVector<int> rows;
     for (int row = 0; row < model.rowCount(); ++row) {
         if (wanted.contains(itemOfRow(model, row)))
@@ -175,42 +175,42 @@ void ItemStore::takeRows(const ItemSet &wanted)
     const int size = model.rowCount();
     if (oneByOneIsCheaper(rows.size(), size, size - rows.first())) {
         for (auto row = rows.crbegin(); row != rows.crend(); ++row)
-            heldRows.append({model.takeRow(*row), *row});
+            m_heldRows.append({model.takeRow(*row), *row});
     } else {
         const QVector<Row> tail = takeTail(model, rows.first());
         const QSet<int> heldPlaces(rows.begin(), rows.end());
         for (int place = size - 1; place >= rows.first(); --place) {
             if (heldPlaces.contains(place))
-                heldRows.append({tail[size - 1 - place], place});
+                m_heldRows.append({tail[size - 1 - place], place});
         }
         for (int place = rows.first(); place < size; ++place) {
             if (!heldPlaces.contains(place))
                 model.appendRow(tail[size - 1 - place]);
         }
     }
-    std::reverse(heldRows.begin(), heldRows.end());
+    std::reverse(m_heldRows.begin(), m_heldRows.end());
 }
 
 void ItemStore::putRows()
 {
-    if (heldRows.isEmpty())
+    if (m_heldRows.isEmpty())
         return;
-    ZTItemModel &model = treeModel(*manager);
+    ZTItemModel &model = treeModel(*m_manager);
     const int size = model.rowCount();
-    const int first = qMin(heldRows.first().place, size);
-    if (oneByOneIsCheaper(heldRows.size(), size + heldRows.size(), size - first)) {
-        for (const auto &held : qAsConst(heldRows))
+    const int first = qMin(m_heldRows.first().place, size);
+    if (oneByOneIsCheaper(m_heldRows.size(), size + m_heldRows.size(), size - first)) {
+        for (const auto &held : qAsConst(m_heldRows))
             model.insertRow(qMin(held.place, model.rowCount()), held.entry);
     } else {
         QVector<Row> tail = takeTail(model, first);
         std::reverse(tail.begin(), tail.end());
-        QVector<Held<Row>> heldBehind = heldRows;
+        QVector<Held<Row>> heldBehind = m_heldRows;
         for (auto &held : heldBehind)
             held.place -= first;
         for (const Row &row : merged(tail, heldBehind))
             model.appendRow(row);
     }
-    heldRows.clear();
+    m_heldRows.clear();
 }
 
 template <class Entry>

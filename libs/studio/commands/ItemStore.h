@@ -30,7 +30,7 @@ public:
     ItemStore &operator=(const ItemStore &) = delete;
 
     /** Items that are still there, in the drawing or out of it. */
-    ShapeItems items() const { return stillThere(members); }
+    ShapeItems items() const { return stillThere(m_members); }
 
     /** Remembers the places of the items and takes them out; then selects `selectedAfter`. */
     void takeOut(const ShapeItems &selectedAfter);
@@ -57,10 +57,10 @@ private:
     template <class Entry>
     static QVector<Entry> merged(const QVector<Entry> &before, const QVector<Held<Entry>> &held);
 
-    QPointer<ZTShapeManager> manager; ///< borrowed from the document
-    QVector<QPointer<ShapeItem>> members;
-    QVector<Held<ShapeItem *>> heldItems; ///< owned; lowest first
-    QVector<Held<Row>> heldRows;          ///< cells are owned; top row first
+    QPointer<ZTShapeManager> m_manager; ///< borrowed from the document
+    QVector<QPointer<ShapeItem>> m_members;
+    QVector<Held<ShapeItem *>> m_heldItems; ///< owned; lowest first
+    QVector<Held<Row>> m_heldRows;          ///< cells are owned; top row first
 };
 
 } // namespace studio

@@ -4,26 +4,26 @@ namespace studio {
 
 ItemValueCommand::ItemValueCommand(const Access &valueAccess, const ShapeItems &changedItems,
                                    int value, const QString &text)
-    : QUndoCommand(text), access(valueAccess), items(guarded(changedItems)), after(value)
+    : QUndoCommand(text), m_access(valueAccess), m_items(guarded(changedItems)), m_after(value)
 {
-    before.reserve(changedItems.size());
+    m_before.reserve(changedItems.size());
     for (const ShapeItem *item : changedItems)
-        before.append(item != nullptr ? access.read(*item) : value);
+        m_before.append(item != nullptr ? m_access.read(*item) : value);
 }
 
 void ItemValueCommand::undo()
 {
-    for (int i = 0; i < items.size(); ++i) {
-        if (items[i])
-            access.write(*items[i], before[i]);
+    for (int i = 0; i < m_items.size(); ++i) {
+        if (m_items[i])
+            m_access.write(*m_items[i], m_before[i]);
     }
 }
 
 void ItemValueCommand::redo()
 {
-    for (const QPointer<ShapeItem> &item : qAsConst(items)) {
+    for (const QPointer<ShapeItem> &item : qAsConst(m_items)) {
         if (item)
-            access.write(*item, after);
+            m_access.write(*item, m_after);
     }
 }
 

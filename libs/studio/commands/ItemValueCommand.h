@@ -28,10 +28,10 @@ protected:
     ItemValueCommand(const Access &access, const ShapeItems &items, int value, const QString &text);
 
 private:
-    Access access;
-    QVector<QPointer<ShapeItem>> items;
-    QVector<int> before; ///< by item
-    int after;
+    Access m_access;
+    QVector<QPointer<ShapeItem>> m_items;
+    QVector<int> m_before; ///< by item
+    int m_after;
 };
 
 /** Gives shapes the pen that marks them. */

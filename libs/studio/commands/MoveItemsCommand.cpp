@@ -6,19 +6,19 @@ namespace studio {
 
 MoveItemsCommand::MoveItemsCommand(ZTGraphicsScene *scene, const QVector<ItemMove> &moves,
                                    const QString &text)
-    : QUndoCommand(text), drawing(scene)
+    : QUndoCommand(text), m_drawing(scene)
 {
-    steps.reserve(moves.size());
+    m_steps.reserve(moves.size());
     for (const ItemMove &move : moves)
-        steps.append({move.item, move.item->pos(), move.toPx});
+        m_steps.append({move.item, move.item->pos(), move.toPx});
 }
 
 void MoveItemsCommand::moveAll(QPointF Step::*place)
 {
-    if (!drawing)
+    if (!m_drawing)
         return;
-    const FramePause pause(*drawing);
-    for (const Step &step : qAsConst(steps)) {
+    const FramePause pause(*m_drawing);
+    for (const Step &step : qAsConst(m_steps)) {
         if (step.item)
             step.item->setPos(step.*place);
     }

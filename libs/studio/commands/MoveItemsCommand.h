@@ -36,8 +36,8 @@ private:
 
     void moveAll(QPointF Step::*place);
 
-    QPointer<ZTGraphicsScene> drawing; ///< borrowed from the document
-    QVector<Step> steps;
+    QPointer<ZTGraphicsScene> m_drawing; ///< borrowed from the document
+    QVector<Step> m_steps;
 };
 
 } // namespace studio

@@ -21,12 +21,12 @@ std::shared_ptr<ShapeItem> copyOf(ShapeItem &item)
 
 } // namespace
 
-ShapeState::ShapeState(ShapeItem &item) : posPx(item.pos()), base(baseOf(item))
+ShapeState::ShapeState(ShapeItem &item) : m_posPx(item.pos()), m_base(baseOf(item))
 {
     if (const auto *textItem = qobject_cast<ZTGraphicsTextItem *>(&item))
-        text.emplace(*textItem);
+        m_text.emplace(*textItem);
     else
-        copy = copyOf(item);
+        m_copy = copyOf(item);
 }
 
 ShapeState::Base ShapeState::baseOf(ShapeItem &item)
@@ -43,54 +43,54 @@ void ShapeState::restoreBase(ShapeItem &item) const
     ZTShapeBase *shape = item.getShapeBase();
     if (shape == nullptr)
         return;
-    shape->setRect(base.rectMm);
-    shape->setRoundingTransformParam(base.rounding);
-    shape->setFillParam(base.fill);
-    shape->setPenId(base.pen);
-    shape->setLockAspectRatio(base.isAspectLocked);
+    shape->setRect(m_base.rectMm);
+    shape->setRoundingTransformParam(m_base.rounding);
+    shape->setFillParam(m_base.fill);
+    shape->setPenId(m_base.pen);
+    shape->setLockAspectRatio(m_base.isAspectLocked);
     // Last, because it draws the shape anew and tells the scene.
-    item.setTransformParam(base.transform);
+    item.setTransformParam(m_base.transform);
 }
 
 void ShapeState::restore(ShapeItem &item) const
 {
     auto *textItem = qobject_cast<ZTGraphicsTextItem *>(&item);
-    if (text && textItem != nullptr)
-        text->restoreAtPresentPart(*textItem);
-    else if (copy)
-        item.copy(copy.get());
+    if (m_text && textItem != nullptr)
+        m_text->restoreAtPresentPart(*textItem);
+    else if (m_copy)
+        item.copy(m_copy.get());
     else
         restoreBase(item);
-    item.setPos(posPx);
+    item.setPos(m_posPx);
     item.update();
 }
 
 ShapeStateCommand::ShapeStateCommand(ShapeItem *edited, const ShapeState &before,
                                      const QString &text)
-    : QUndoCommand(text), item(edited), other(before)
+    : QUndoCommand(text), m_item(edited), m_other(before)
 {
 }
 
 void ShapeStateCommand::undo()
 {
     exchange();
-    isDone = false;
+    m_isDone = false;
 }
 
 void ShapeStateCommand::redo()
 {
-    if (!isDone)
+    if (!m_isDone)
         exchange();
-    isDone = true;
+    m_isDone = true;
 }
 
 void ShapeStateCommand::exchange()
 {
-    if (!item)
+    if (!m_item)
         return;
-    const ShapeState present(*item);
-    other.restore(*item);
-    other = present;
+    const ShapeState present(*m_item);
+    m_other.restore(*m_item);
+    m_other = present;
 }
 
 } // namespace studio

@@ -40,10 +40,10 @@ private:
     static Base baseOf(ShapeItem &item);
     void restoreBase(ShapeItem &item) const;
 
-    QPointF posPx;
-    std::optional<TextState> text;   ///< of a text
-    std::shared_ptr<ShapeItem> copy; ///< of a shape whose item can be copied for good
-    Base base;
+    QPointF m_posPx;
+    std::optional<TextState> m_text;   ///< of a text
+    std::shared_ptr<ShapeItem> m_copy; ///< of a shape whose item can be copied for good
+    Base m_base;
 };
 
 /**
@@ -64,9 +64,9 @@ public:
 private:
     void exchange();
 
-    QPointer<ShapeItem> item;
-    ShapeState other; ///< the side of the edit that does not show now
-    bool isDone = true;
+    QPointer<ShapeItem> m_item;
+    ShapeState m_other; ///< the side of the edit that does not show now
+    bool m_isDone = true;
 };
 
 } // namespace studio

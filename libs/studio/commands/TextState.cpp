@@ -17,9 +17,9 @@ void showChanged(ZTGraphicsTextItem &item)
     item.update();
 }
 
-TextState::TextState(const ZTGraphicsTextItem &item) : rectMm(textShapeOf(item).getRect())
+TextState::TextState(const ZTGraphicsTextItem &item) : m_rectMm(textShapeOf(item).getRect())
 {
-    QDataStream stream(&record, QIODevice::WriteOnly);
+    QDataStream stream(&m_record, QIODevice::WriteOnly);
     textShapeOf(item).save(stream);
 }
 
@@ -27,9 +27,9 @@ void TextState::restore(ZTGraphicsTextItem &item) const
 {
     // Announces the change while the text still has its old extent: `load` does so afterwards.
     item.scale(1.0, 1.0);
-    QDataStream stream(record);
+    QDataStream stream(m_record);
     item.load(stream);
-    textShapeOf(item).setRect(rectMm);
+    textShapeOf(item).setRect(m_rectMm);
     textShapeOf(item).paint();
     showChanged(item);
 }

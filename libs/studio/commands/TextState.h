@@ -18,12 +18,12 @@ public:
     /** The same, but a variant text stays at the part that it has come to. */
     void restoreAtPresentPart(ZTGraphicsTextItem &item) const;
 
-    bool operator==(const TextState &other) const { return record == other.record; }
+    bool operator==(const TextState &other) const { return m_record == other.m_record; }
     bool operator!=(const TextState &other) const { return !(*this == other); }
 
 private:
-    QByteArray record; ///< as in a drawing's stream
-    QRectF rectMm;     ///< reading the record computes it anew
+    QByteArray m_record; ///< as in a drawing's stream
+    QRectF m_rectMm;     ///< reading the record computes it anew
 };
 
 /** The text behind an item; every text item has one. Owner: the item. */

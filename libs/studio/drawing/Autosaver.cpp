@@ -26,53 +26,56 @@ Failure written(const hostkit::DrawingFile &drawing, const QString &path)
 
 Autosaver::Autosaver(DrawingSession &watched, Messages &told, const QString &recoveryFolder,
                      int intervalMs, QObject *parent)
-    : QObject(parent), session(watched), messages(told), folder(recoveryFolder)
+    : QObject(parent), m_session(watched), m_messages(told), m_folder(recoveryFolder)
 {
-    timer.setSingleShot(true);
-    timer.setInterval(intervalMs);
-    connect(&timer, &QTimer::timeout, this, &Autosaver::start);
-    connect(&session, &DrawingSession::changed, this, &Autosaver::watch);
-    connect(&session, &DrawingSession::stateChanged, this, &Autosaver::watch);
+    m_timer.setSingleShot(true);
+    m_timer.setInterval(intervalMs);
+    connect(&m_timer, &QTimer::timeout, this, &Autosaver::start);
+    connect(&m_session, &DrawingSession::changed, this, &Autosaver::watch);
+    connect(&m_session, &DrawingSession::stateChanged, this, &Autosaver::watch);
     watch();
 }
 
 Autosaver::~Autosaver()
 {
-    if (writing.valid())
-        writing.wait();
+    if (m_writing.valid())
+        m_writing.wait();
 }
 
-QString Autosaver::recoveryPath() const { return hasSaved && slot ? slot->path() : QString(); }
+QString Autosaver::recoveryPath() const
+{
+    return m_hasSaved && m_slot ? m_slot->path() : QString();
+}
 
 // The timer runs from the first change that is not saved yet, whatever follows.
 void Autosaver::watch()
 {
-    if (!session.isModified()) {
-        timer.stop();
+    if (!m_session.isModified()) {
+        m_timer.stop();
         discard();
         return;
     }
-    const bool isBehind = !hasSaved || session.revision() != savedRevision;
-    if (isBehind && !timer.isActive() && !writing.valid())
-        timer.start();
+    const bool isBehind = !m_hasSaved || m_session.revision() != m_savedRevision;
+    if (isBehind && !m_timer.isActive() && !m_writing.valid())
+        m_timer.start();
 }
 
 bool Autosaver::prepare(hostkit::DrawingFile *drawing)
 {
     QString reason;
-    if (!slot)
-        slot = RecoverySlot::create(folder, &reason);
-    if (!slot) {
+    if (!m_slot)
+        m_slot = RecoverySlot::create(m_folder, &reason);
+    if (!m_slot) {
         tellOnce(reason);
         return false;
     }
     Failure error;
-    if (!session.capture(true, drawing, &error)) {
+    if (!m_session.capture(true, drawing, &error)) {
         tellOnce(error.reason);
         return false;
     }
-    setOrigin({session.path(), session.stamp()}, drawing);
-    writingRevision = session.revision();
+    setOrigin({m_session.path(), m_session.stamp()}, drawing);
+    m_writingRevision = m_session.revision();
     return true;
 }
 
@@ -80,12 +83,12 @@ void Autosaver::start()
 {
     hostkit::DrawingFile drawing;
     if (!prepare(&drawing)) {
-        timer.start();
+        m_timer.start();
         return;
     }
     auto result = std::make_shared<std::promise<Failure>>();
-    writing = result->get_future();
-    QThreadPool::globalInstance()->start([this, result, drawing, path = slot->path()] {
+    m_writing = result->get_future();
+    QThreadPool::globalInstance()->start([this, result, drawing, path = m_slot->path()] {
         const Failure error = written(drawing, path);
         // This object waits for the result before it goes.
         QMetaObject::invokeMethod(this, &Autosaver::finish, Qt::QueuedConnection);
@@ -95,16 +98,16 @@ void Autosaver::start()
 
 void Autosaver::finish()
 {
-    if (writing.valid())
-        take(writing.get());
+    if (m_writing.valid())
+        take(m_writing.get());
 }
 
 void Autosaver::take(const Failure &error)
 {
     if (error.kind == Failure::Kind::None) {
-        savedRevision = writingRevision;
-        hasSaved = true;
-        hasTold = false;
+        m_savedRevision = m_writingRevision;
+        m_hasSaved = true;
+        m_hasTold = false;
         Q_EMIT autosaved();
     } else {
         tellOnce(error.reason);
@@ -116,40 +119,40 @@ void Autosaver::saveNow()
 {
     finish();
     hostkit::DrawingFile drawing;
-    const bool isBehind = !hasSaved || session.revision() != savedRevision;
-    if (session.isModified() && isBehind && prepare(&drawing))
-        take(written(drawing, slot->path()));
+    const bool isBehind = !m_hasSaved || m_session.revision() != m_savedRevision;
+    if (m_session.isModified() && isBehind && prepare(&drawing))
+        take(written(drawing, m_slot->path()));
 }
 
 void Autosaver::adopt(std::shared_ptr<RecoverySlot> recovered)
 {
     discard();
-    slot = std::move(recovered);
-    savedRevision = session.revision();
-    hasSaved = true;
-    timer.stop();
+    m_slot = std::move(recovered);
+    m_savedRevision = m_session.revision();
+    m_hasSaved = true;
+    m_timer.stop();
 }
 
 void Autosaver::discard()
 {
-    if (writing.valid()) {
-        writing.wait();
-        writing = {};
+    if (m_writing.valid()) {
+        m_writing.wait();
+        m_writing = {};
     }
-    if (slot)
-        slot->discard();
-    slot.reset();
-    hasSaved = false;
+    if (m_slot)
+        m_slot->discard();
+    m_slot.reset();
+    m_hasSaved = false;
 }
 
 void Autosaver::tellOnce(const QString &reason)
 {
-    if (hasTold)
+    if (m_hasTold)
         return;
-    hasTold = true;
-    messages.warning({tr("The drawing is not protected against a crash."),
-                      tr("Reason: %1. Save it yourself from time to time.").arg(reason),
-                      {}});
+    m_hasTold = true;
+    m_messages.warning({tr("The drawing is not protected against a crash."),
+                        tr("Reason: %1. Save it yourself from time to time.").arg(reason),
+                        {}});
 }
 
 } // namespace studio

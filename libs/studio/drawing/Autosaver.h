@@ -53,16 +53,16 @@ private:
     void take(const hostkit::Failure &result);
     void tellOnce(const QString &reason);
 
-    DrawingSession &session;
-    Messages &messages;
-    QString folder;
-    QTimer timer;
-    std::shared_ptr<RecoverySlot> slot;    ///< null before the first write
-    std::future<hostkit::Failure> writing; ///< valid while a write is under way
-    quint64 writingRevision = 0;
-    quint64 savedRevision = 0; ///< the revision that the recovery file holds
-    bool hasSaved = false;
-    bool hasTold = false; ///< of a failure, since the last success
+    DrawingSession &m_session;
+    Messages &m_messages;
+    QString m_folder;
+    QTimer m_timer;
+    std::shared_ptr<RecoverySlot> m_slot;    ///< null before the first write
+    std::future<hostkit::Failure> m_writing; ///< valid while a write is under way
+    quint64 m_writingRevision = 0;
+    quint64 m_savedRevision = 0; ///< the revision that the recovery file holds
+    bool m_hasSaved = false;
+    bool m_hasTold = false; ///< of a failure, since the last success
 };
 
 } // namespace studio

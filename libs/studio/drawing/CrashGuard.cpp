@@ -24,24 +24,24 @@ CrashGuardSetup CrashGuardSetup::ofUser()
 
 CrashGuard::CrashGuard(DrawingFiles &guarded, Messages &told, QWidget &parentWindow,
                        const CrashGuardSetup &setup)
-    : QObject(&parentWindow), files(guarded), messages(told), window(parentWindow),
-      store(setup.folder), saver(guarded.session(), told, setup.folder, setup.intervalMs)
+    : QObject(&parentWindow), m_files(guarded), m_messages(told), m_window(parentWindow),
+      m_store(setup.folder), m_saver(guarded.session(), told, setup.folder, setup.intervalMs)
 {
-    connect(&termination, &TerminationWatch::asked, this, [this] {
-        saver.saveNow();
+    connect(&m_termination, &TerminationWatch::asked, this, [this] {
+        m_saver.saveNow();
         QCoreApplication::quit();
     });
     // A session that ends may leave no time for questions.
     connect(
-        qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { saver.saveNow(); },
+        qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { m_saver.saveNow(); },
         Qt::DirectConnection);
 }
 
 RecoveryStore::Findings CrashGuard::findings()
 {
-    RecoveryStore::Findings found = store.find();
+    RecoveryStore::Findings found = m_store.find();
     if (!found.damaged.isEmpty())
-        messages.failure(recoveryDamaged(found.damaged));
+        m_messages.failure(recoveryDamaged(found.damaged));
     return found;
 }
 
@@ -56,19 +56,19 @@ void CrashGuard::showDialog() { open(findings().entries); }
 
 void CrashGuard::open(const QVector<RecoveryEntry> &entries)
 {
-    if (dialog)
+    if (m_dialog)
         return;
-    dialog = new RecoveryDialog(entries, &window);
-    connect(dialog, &RecoveryDialog::chosen, this, [this](const RecoveryEntry &entry) {
-        files.confirmLoss([this, entry] { recover(entry); });
+    m_dialog = new RecoveryDialog(entries, &m_window);
+    connect(m_dialog, &RecoveryDialog::chosen, this, [this](const RecoveryEntry &entry) {
+        m_files.confirmLoss([this, entry] { recover(entry); });
     });
-    dialog->open();
+    m_dialog->open();
 }
 
 void CrashGuard::recover(const RecoveryEntry &entry)
 {
-    if (files.recover(entry))
-        saver.adopt(entry.slot);
+    if (m_files.recover(entry))
+        m_saver.adopt(entry.slot);
 }
 
 } // namespace studio

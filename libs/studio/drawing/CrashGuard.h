@@ -38,7 +38,7 @@ public:
     CrashGuard(DrawingFiles &files, Messages &messages, QWidget &window,
                const CrashGuardSetup &setup);
 
-    Autosaver &autosaver() { return saver; }
+    Autosaver &autosaver() { return m_saver; }
 
     /** Offers what was left behind, if there is something. */
     void offerFound();
@@ -47,20 +47,20 @@ public:
     void showDialog();
 
     /** The window closes, and the user let the drawing go. */
-    void letGo() { saver.discard(); }
+    void letGo() { m_saver.discard(); }
 
 private:
     void open(const QVector<RecoveryEntry> &entries);
     RecoveryStore::Findings findings();
     void recover(const RecoveryEntry &entry);
 
-    DrawingFiles &files;
-    Messages &messages;
-    QWidget &window;
-    RecoveryStore store;
-    Autosaver saver;
-    TerminationWatch termination;
-    QPointer<RecoveryDialog> dialog;
+    DrawingFiles &m_files;
+    Messages &m_messages;
+    QWidget &m_window;
+    RecoveryStore m_store;
+    Autosaver m_saver;
+    TerminationWatch m_termination;
+    QPointer<RecoveryDialog> m_dialog;
 };
 
 } // namespace studio

@@ -56,8 +56,8 @@ struct ReadResult
 } // namespace
 
 DrawingFiles::DrawingFiles(ZTGraphicsDocument &edited, Messages &told, QWidget &parentWindow)
-    : QObject(&parentWindow), document(edited), messages(told), window(parentWindow),
-      drawing(edited), firstSetup(hostkit::DrawingSetup::of(edited))
+    : QObject(&parentWindow), m_document(edited), m_messages(told), m_window(parentWindow),
+      m_drawing(edited), m_firstSetup(hostkit::DrawingSetup::of(edited))
 {
 }
 
@@ -77,15 +77,15 @@ void DrawingFiles::startNew()
 
 void DrawingFiles::empty()
 {
-    hostkit::clearDrawing(document);
-    firstSetup.applyTo(document);
-    drawing.startNew();
+    hostkit::clearDrawing(m_document);
+    m_firstSetup.applyTo(m_document);
+    m_drawing.startNew();
     Q_EMIT emptied();
 }
 
 void DrawingFiles::chooseOpen()
 {
-    auto *dialog = new QFileDialog(&window, tr("Open a drawing"));
+    auto *dialog = new QFileDialog(&m_window, tr("Open a drawing"));
     dialog->setObjectName(QStringLiteral("openDialog"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
@@ -108,7 +108,7 @@ void DrawingFiles::open(const QString &path, const Next &next)
 
 bool DrawingFiles::load(const QString &path)
 {
-    if (busy)
+    if (m_busy)
         return false;
     DrawingFile file;
     Failure error;
@@ -119,7 +119,7 @@ bool DrawingFiles::load(const QString &path)
         failedToLoad(path, error);
         return false;
     }
-    drawing.setOpened(path, stamp);
+    m_drawing.setOpened(path, stamp);
     RecentDrawings::add(path);
     Q_EMIT loaded();
     tell(report, path);
@@ -132,15 +132,15 @@ void DrawingFiles::failedToLoad(const QString &path, const Failure &error)
         return;
     if (!QFileInfo::exists(path))
         RecentDrawings::remove(path);
-    messages.failure(notOpened(path, error));
+    m_messages.failure(notOpened(path, error));
 }
 
 // Reading and checking touch no document: they go on in a thread, even unheeded.
 bool DrawingFiles::read(const QString &path, DrawingFile *file, Failure *error)
 {
-    const QScopedValueRollback<bool> isBusy(busy, true);
-    LongWork work(window, tr("Reading %1...").arg(QFileInfo(path).fileName()),
-                  LongWork::Cancel::Possible, quietMs);
+    const QScopedValueRollback<bool> isBusy(m_busy, true);
+    LongWork work(m_window, tr("Reading %1...").arg(QFileInfo(path).fileName()),
+                  LongWork::Cancel::Possible, m_quietMs);
     const auto result = std::make_shared<ReadResult>();
     const auto job = [path, result] {
         if (hostkit::readDrawing(path, &result->file, &result->error))
@@ -158,23 +158,23 @@ bool DrawingFiles::read(const QString &path, DrawingFile *file, Failure *error)
 bool DrawingFiles::apply(const DrawingFile &file, const QString &label, Failure *error,
                          hostkit::DrawingReport *report)
 {
-    const QScopedValueRollback<bool> isBusy(busy, true);
-    LongWork work(window, label, LongWork::Cancel::Possible, quietMs);
+    const QScopedValueRollback<bool> isBusy(m_busy, true);
+    LongWork work(m_window, label, LongWork::Cancel::Possible, m_quietMs);
     const auto progress = [&work](int done, int total) { return work.step(done, total); };
-    return hostkit::applyDrawing(file, document, {progress}, report, error);
+    return hostkit::applyDrawing(file, m_document, {progress}, report, error);
 }
 
 void DrawingFiles::tell(const hostkit::DrawingReport &report, const QString &path)
 {
     if (!report.missingFonts.isEmpty())
-        messages.warning(fontsMissing(path, report.missingFonts));
+        m_messages.warning(fontsMissing(path, report.missingFonts));
     if (!report.unknownKinds.isEmpty())
-        messages.warning(kindsUnknown(path, report.unknownKinds));
+        m_messages.warning(kindsUnknown(path, report.unknownKinds));
 }
 
 bool DrawingFiles::recover(const RecoveryEntry &entry)
 {
-    if (busy)
+    if (m_busy)
         return false;
     DrawingFile file;
     Failure error;
@@ -182,10 +182,10 @@ bool DrawingFiles::recover(const RecoveryEntry &entry)
     const QString label = tr("Recovering %1...").arg(entry.name());
     if (!read(entry.slot->path(), &file, &error) || !apply(file, label, &error, &report)) {
         if (error.kind != Failure::Kind::Cancelled)
-            messages.failure(notRecovered(entry.name(), error));
+            m_messages.failure(notRecovered(entry.name(), error));
         return false;
     }
-    drawing.setRecovered(entry.origin.path, entry.origin.stamp);
+    m_drawing.setRecovered(entry.origin.path, entry.origin.stamp);
     Q_EMIT loaded();
     tell(report, entry.name());
     return true;
@@ -193,13 +193,13 @@ bool DrawingFiles::recover(const RecoveryEntry &entry)
 
 void DrawingFiles::revert()
 {
-    const QString path = drawing.path();
+    const QString path = m_drawing.path();
     if (path.isEmpty())
         return;
     QMessageBox *box = question("revertQuestion", tr("Revert to the saved drawing?"),
                                 tr("All changes since \"%1\" was saved go, and this cannot be "
                                    "undone.")
-                                    .arg(drawing.name()));
+                                    .arg(m_drawing.name()));
     const QPushButton *accept = box->addButton(tr("&Revert"), QMessageBox::DestructiveRole);
     box->addButton(QMessageBox::Cancel);
     connect(accept, &QPushButton::clicked, this, [this, path] {
@@ -211,15 +211,15 @@ void DrawingFiles::revert()
 
 void DrawingFiles::confirmLoss(const Next &next)
 {
-    if (busy)
+    if (m_busy)
         return;
     Q_EMIT settling();
-    if (!drawing.isModified()) {
+    if (!m_drawing.isModified()) {
         next();
         return;
     }
     QMessageBox *box =
-        question("lossQuestion", tr("Save the changes to \"%1\"?").arg(drawing.name()),
+        question("lossQuestion", tr("Save the changes to \"%1\"?").arg(m_drawing.name()),
                  tr("Otherwise they are lost."));
     QPushButton *saving = box->addButton(QMessageBox::Save);
     const QPushButton *discarding = box->addButton(QMessageBox::Discard);
@@ -236,25 +236,25 @@ void DrawingFiles::saveAs() { saveAsThen({}); }
 
 void DrawingFiles::saveThen(const Next &next)
 {
-    if (drawing.path().isEmpty()) {
+    if (m_drawing.path().isEmpty()) {
         saveAsThen(next);
         return;
     }
-    if (drawing.isFileForeign()) {
+    if (m_drawing.isFileForeign()) {
         askToOverwrite(next);
         return;
     }
-    saveAndGoOn(drawing.path(), next);
+    saveAndGoOn(m_drawing.path(), next);
 }
 
 void DrawingFiles::saveAsThen(const Next &next)
 {
-    auto *dialog = new QFileDialog(&window, tr("Save the drawing"));
+    auto *dialog = new QFileDialog(&m_window, tr("Save the drawing"));
     dialog->setObjectName(QStringLiteral("saveDialog"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setNameFilters(nameFilters());
-    const QString path = drawing.path();
+    const QString path = m_drawing.path();
     dialog->setDirectory(path.isEmpty() ? startFolder() : QFileInfo(path).absolutePath());
     dialog->selectFile(path.isEmpty() ? tr("drawing") + QStringLiteral(".ztd")
                                       : QFileInfo(path).fileName());
@@ -296,7 +296,7 @@ void DrawingFiles::saveAndGoOn(const QString &path, const Next &next)
 void DrawingFiles::askToOverwrite(const Next &next)
 {
     QMessageBox *box = question(
-        "overwriteQuestion", tr("\"%1\" was changed by another program.").arg(drawing.name()),
+        "overwriteQuestion", tr("\"%1\" was changed by another program.").arg(m_drawing.name()),
         tr("Overwriting it loses those changes. Saving under another name keeps both."));
     box->setIcon(QMessageBox::Warning);
     const QPushButton *overwriting = box->addButton(tr("&Overwrite"), QMessageBox::DestructiveRole);
@@ -304,25 +304,25 @@ void DrawingFiles::askToOverwrite(const Next &next)
     box->addButton(QMessageBox::Cancel);
     box->setDefaultButton(renaming);
     connect(overwriting, &QPushButton::clicked, this,
-            [this, next] { saveAndGoOn(drawing.path(), next); });
+            [this, next] { saveAndGoOn(m_drawing.path(), next); });
     connect(renaming, &QPushButton::clicked, this, [this, next] { saveAsThen(next); });
     box->open();
 }
 
 bool DrawingFiles::saveTo(const QString &path)
 {
-    if (busy)
+    if (m_busy)
         return false;
     Q_EMIT settling();
     Failure error;
     quint64 revision = 0;
     if (!write(path, &revision, &error)) {
-        messages.failure(notSaved(path, error));
+        m_messages.failure(notSaved(path, error));
         return false;
     }
-    drawing.setSaved(path, revision);
+    m_drawing.setSaved(path, revision);
     RecentDrawings::add(path);
-    Q_EMIT saved(drawing.path());
+    Q_EMIT saved(m_drawing.path());
     return true;
 }
 
@@ -330,12 +330,12 @@ bool DrawingFiles::saveTo(const QString &path)
 // `revision` is what goes into the file: the drawing may change while it is written.
 bool DrawingFiles::write(const QString &path, quint64 *revision, Failure *error)
 {
-    const QScopedValueRollback<bool> isBusy(busy, true);
-    LongWork work(window, tr("Saving %1...").arg(QFileInfo(path).fileName()),
-                  LongWork::Cancel::Impossible, quietMs);
+    const QScopedValueRollback<bool> isBusy(m_busy, true);
+    LongWork work(m_window, tr("Saving %1...").arg(QFileInfo(path).fileName()),
+                  LongWork::Cancel::Impossible, m_quietMs);
     const auto file = std::make_shared<DrawingFile>();
-    *revision = drawing.revision();
-    if (!drawing.capture(true, file.get(), error))
+    *revision = m_drawing.revision();
+    if (!m_drawing.capture(true, file.get(), error))
         return false;
     const auto result = std::make_shared<Failure>(unsaid());
     work.run([file, path, result] {
@@ -349,7 +349,7 @@ bool DrawingFiles::write(const QString &path, quint64 *revision, Failure *error)
 QMessageBox *DrawingFiles::question(const char *name, const QString &text, const QString &more)
 {
     auto *box =
-        new QMessageBox(QMessageBox::Question, QString(), text, QMessageBox::NoButton, &window);
+        new QMessageBox(QMessageBox::Question, QString(), text, QMessageBox::NoButton, &m_window);
     box->setObjectName(QLatin1String(name));
     box->setAttribute(Qt::WA_DeleteOnClose);
     // File names may look like markup.

@@ -37,8 +37,8 @@ public:
     /** All are borrowed and outlive this. */
     DrawingFiles(ZTGraphicsDocument &document, Messages &messages, QWidget &window);
 
-    DrawingSession &session() { return drawing; }
-    const DrawingSession &session() const { return drawing; }
+    DrawingSession &session() { return m_drawing; }
+    const DrawingSession &session() const { return m_drawing; }
 
     /** A file by its extension, or by how it begins. */
     static bool isDrawing(const QString &path);
@@ -64,10 +64,10 @@ public:
     bool recover(const RecoveryEntry &entry);
 
     /** How long reading, loading and writing go on before they show progress. */
-    void setQuietMs(int quiet) { quietMs = quiet; }
+    void setQuietMs(int quiet) { m_quietMs = quiet; }
 
     /** Whether a drawing is on its way in or out; then everything else has to wait. */
-    bool isBusy() const { return busy; }
+    bool isBusy() const { return m_busy; }
 
 Q_SIGNALS:
     void settling(); ///< what is half done, such as typing, has to be recorded now
@@ -91,13 +91,13 @@ private:
     QMessageBox *question(const char *name, const QString &text, const QString &more);
     void failedToLoad(const QString &path, const hostkit::Failure &error);
 
-    ZTGraphicsDocument &document;
-    Messages &messages;
-    QWidget &window;
-    DrawingSession drawing;
-    hostkit::DrawingSetup firstSetup; ///< of a new drawing
-    int quietMs = LongWork::kQuietMs;
-    bool busy = false;
+    ZTGraphicsDocument &m_document;
+    Messages &m_messages;
+    QWidget &m_window;
+    DrawingSession m_drawing;
+    hostkit::DrawingSetup m_firstSetup; ///< of a new drawing
+    int m_quietMs = LongWork::kQuietMs;
+    bool m_busy = false;
 };
 
 } // namespace studio

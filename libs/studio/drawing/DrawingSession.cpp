@@ -11,24 +11,24 @@
 namespace studio {
 
 DrawingSession::DrawingSession(ZTGraphicsDocument &watched, QObject *parent)
-    : QObject(parent), document(watched)
+    : QObject(parent), m_document(watched)
 {
-    const QUndoStack *stack = document.undoStack();
+    const QUndoStack *stack = m_document.undoStack();
     connect(stack, &QUndoStack::indexChanged, this, &DrawingSession::noteChange);
     connect(stack, &QUndoStack::cleanChanged, this, &DrawingSession::stateChanged);
 }
 
 QString DrawingSession::name() const
 {
-    return filePath.isEmpty() ? tr("Unnamed") : QFileInfo(filePath).fileName();
+    return m_filePath.isEmpty() ? tr("Unnamed") : QFileInfo(m_filePath).fileName();
 }
 
-bool DrawingSession::isModified() const { return isMarked || !document.undoStack()->isClean(); }
+bool DrawingSession::isModified() const { return m_isMarked || !m_document.undoStack()->isClean(); }
 
 bool DrawingSession::isFileForeign() const
 {
-    const FileStamp now = FileStamp::of(filePath);
-    return now.exists() && now != fileStamp;
+    const FileStamp now = FileStamp::of(m_filePath);
+    return now.exists() && now != m_fileStamp;
 }
 
 bool DrawingSession::capture(bool withPreview, hostkit::DrawingFile *file,
@@ -37,19 +37,19 @@ bool DrawingSession::capture(bool withPreview, hostkit::DrawingFile *file,
     hostkit::DrawingCapture wanted;
     wanted.programVersion = QCoreApplication::applicationVersion();
     wanted.withPreview = withPreview;
-    return hostkit::captureDrawing(document, wanted, file, error);
+    return hostkit::captureDrawing(m_document, wanted, file, error);
 }
 
 void DrawingSession::markChanged()
 {
-    isMarked = true;
+    m_isMarked = true;
     noteChange();
     Q_EMIT stateChanged();
 }
 
 void DrawingSession::noteChange()
 {
-    ++changes;
+    ++m_changes;
     Q_EMIT changed();
 }
 
@@ -67,15 +67,15 @@ void DrawingSession::setRecovered(const QString &path, const FileStamp &stamp)
 
 void DrawingSession::setSaved(const QString &path, quint64 atRevision)
 {
-    begin(path, FileStamp::of(path), changes != atRevision);
+    begin(path, FileStamp::of(path), m_changes != atRevision);
 }
 
 void DrawingSession::begin(const QString &path, const FileStamp &stamp, bool isBehind)
 {
-    filePath = path.isEmpty() ? path : QFileInfo(path).absoluteFilePath();
-    fileStamp = stamp;
-    isMarked = isBehind;
-    document.undoStack()->setClean(); // counts only while nothing is marked
+    m_filePath = path.isEmpty() ? path : QFileInfo(path).absoluteFilePath();
+    m_fileStamp = stamp;
+    m_isMarked = isBehind;
+    m_document.undoStack()->setClean(); // counts only while nothing is marked
     Q_EMIT stateChanged();
 }
 

@@ -25,7 +25,7 @@ public:
     explicit DrawingSession(ZTGraphicsDocument &document, QObject *parent = nullptr);
 
     /** File of the drawing, absolute; empty for one that was never saved. */
-    QString path() const { return filePath; }
+    QString path() const { return m_filePath; }
 
     /** Name for people: the file's, or a word for a drawing that has none. */
     QString name() const;
@@ -34,10 +34,10 @@ public:
     bool isModified() const;
 
     /** Grows with every change. */
-    quint64 revision() const { return changes; }
+    quint64 revision() const { return m_changes; }
 
     /** What the file looked like when it was read or written last. */
-    const FileStamp &stamp() const { return fileStamp; }
+    const FileStamp &stamp() const { return m_fileStamp; }
 
     /** Whether someone else wrote the file since. One that is gone has nothing to lose. */
     bool isFileForeign() const;
@@ -67,11 +67,11 @@ private:
     void begin(const QString &path, const FileStamp &stamp, bool isBehind);
     void noteChange();
 
-    ZTGraphicsDocument &document;
-    QString filePath;
-    FileStamp fileStamp;
-    bool isMarked = false; ///< changed beside the undo stack
-    quint64 changes = 0;
+    ZTGraphicsDocument &m_document;
+    QString m_filePath;
+    FileStamp m_fileStamp;
+    bool m_isMarked = false; ///< changed beside the undo stack
+    quint64 m_changes = 0;
 };
 
 } // namespace studio

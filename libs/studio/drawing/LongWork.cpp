@@ -43,16 +43,16 @@ QProgressDialog *newProgress(const QString &label, bool canCancel, QWidget *wind
 } // namespace
 
 LongWork::LongWork(QWidget &parentWindow, const QString &text, Cancel canCancel, int quiet)
-    : window(parentWindow), label(text), cancel(canCancel), quietMs(quiet)
+    : m_window(parentWindow), m_label(text), m_cancel(canCancel), m_quietMs(quiet)
 {
-    clock.start();
+    m_clock.start();
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
 }
 
 LongWork::~LongWork()
 {
     QGuiApplication::restoreOverrideCursor();
-    delete dialog;
+    delete m_dialog;
 }
 
 bool LongWork::run(const std::function<void()> &job)
@@ -70,38 +70,38 @@ bool LongWork::run(const std::function<void()> &job)
     const auto endsWithin = [&end](qint64 waitMs) {
         return end.wait_for(std::chrono::milliseconds(waitMs)) == std::future_status::ready;
     };
-    if (endsWithin(qMax(qint64(0), quietMs - clock.elapsed())))
+    if (endsWithin(qMax(qint64(0), m_quietMs - m_clock.elapsed())))
         return true;
-    while (!isCancelled && !endsWithin(kEventsMs))
+    while (!m_isCancelled && !endsWithin(kEventsMs))
         showProgress(0, 0);
-    return !isCancelled;
+    return !m_isCancelled;
 }
 
 bool LongWork::step(int done, int total)
 {
-    if (clock.elapsed() >= quietMs &&
-        (!sinceEvents.isValid() || sinceEvents.elapsed() >= kEventsMs || done == total))
+    if (m_clock.elapsed() >= m_quietMs &&
+        (!m_sinceEvents.isValid() || m_sinceEvents.elapsed() >= kEventsMs || done == total))
         showProgress(done, total);
-    return !isCancelled;
+    return !m_isCancelled;
 }
 
 void LongWork::showProgress(int done, int total)
 {
-    if (!dialog) {
-        const bool canCancel = cancel == Cancel::Possible;
-        dialog = newProgress(label, canCancel, &window);
-        dialog->setWindowModality(Qt::WindowModal);
-        dialog->setAutoClose(false);
-        dialog->setAutoReset(false);
+    if (!m_dialog) {
+        const bool canCancel = m_cancel == Cancel::Possible;
+        m_dialog = newProgress(m_label, canCancel, &m_window);
+        m_dialog->setWindowModality(Qt::WindowModal);
+        m_dialog->setAutoClose(false);
+        m_dialog->setAutoReset(false);
         if (canCancel)
-            QObject::connect(dialog, &QProgressDialog::canceled, &window,
-                             [this] { isCancelled = true; });
-        dialog->show();
+            QObject::connect(m_dialog, &QProgressDialog::canceled, &m_window,
+                             [this] { m_isCancelled = true; });
+        m_dialog->show();
     }
-    dialog->setMaximum(total);
-    dialog->setValue(done);
+    m_dialog->setMaximum(total);
+    m_dialog->setValue(done);
     QCoreApplication::processEvents();
-    sinceEvents.start();
+    m_sinceEvents.start();
 }
 
 } // namespace studio

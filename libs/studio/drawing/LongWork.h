@@ -45,14 +45,14 @@ public:
 private:
     void showProgress(int done, int total);
 
-    QWidget &window;
-    QString label;
-    Cancel cancel;
-    int quietMs;
-    QElapsedTimer clock;
-    QElapsedTimer sinceEvents;
-    QPointer<QProgressDialog> dialog;
-    bool isCancelled = false;
+    QWidget &m_window;
+    QString m_label;
+    Cancel m_cancel;
+    int m_quietMs;
+    QElapsedTimer m_clock;
+    QElapsedTimer m_sinceEvents;
+    QPointer<QProgressDialog> m_dialog;
+    bool m_isCancelled = false;
 };
 
 } // namespace studio

@@ -40,9 +40,9 @@ QIcon pictureOf(const QImage &preview)
 } // namespace
 
 RecoveryDialog::RecoveryDialog(const QVector<RecoveryEntry> &found, QWidget *parent)
-    : QDialog(parent), entries(found), hintLabel(new QLabel(this)), list(new QTreeWidget(this)),
-      recoverButton(new QPushButton(this)), discardButton(new QPushButton(this)),
-      laterButton(new QPushButton(this))
+    : QDialog(parent), m_entries(found), m_hintLabel(new QLabel(this)),
+      m_list(new QTreeWidget(this)), m_recoverButton(new QPushButton(this)),
+      m_discardButton(new QPushButton(this)), m_laterButton(new QPushButton(this))
 {
     setObjectName(QStringLiteral("recoveryDialog"));
     setAttribute(Qt::WA_DeleteOnClose);
@@ -51,45 +51,45 @@ RecoveryDialog::RecoveryDialog(const QVector<RecoveryEntry> &found, QWidget *par
     fill();
     retranslate();
     refresh();
-    connect(recoverButton, &QPushButton::clicked, this, &RecoveryDialog::recoverCurrent);
-    connect(discardButton, &QPushButton::clicked, this, &RecoveryDialog::askToDiscard);
-    connect(laterButton, &QPushButton::clicked, this, &QDialog::reject);
-    connect(list, &QTreeWidget::itemSelectionChanged, this, &RecoveryDialog::refresh);
-    connect(list, &QTreeWidget::itemActivated, this, &RecoveryDialog::recoverCurrent);
+    connect(m_recoverButton, &QPushButton::clicked, this, &RecoveryDialog::recoverCurrent);
+    connect(m_discardButton, &QPushButton::clicked, this, &RecoveryDialog::askToDiscard);
+    connect(m_laterButton, &QPushButton::clicked, this, &QDialog::reject);
+    connect(m_list, &QTreeWidget::itemSelectionChanged, this, &RecoveryDialog::refresh);
+    connect(m_list, &QTreeWidget::itemActivated, this, &RecoveryDialog::recoverCurrent);
 }
 
 void RecoveryDialog::layOut()
 {
-    hintLabel->setWordWrap(true);
-    list->setObjectName(QStringLiteral("recoveryList"));
-    list->setRootIsDecorated(false);
-    list->setHeaderHidden(true);
-    list->setIconSize({kPictureSide, kPictureSide});
-    list->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    recoverButton->setObjectName(QStringLiteral("recover"));
-    recoverButton->setDefault(true);
-    discardButton->setObjectName(QStringLiteral("discard"));
-    laterButton->setObjectName(QStringLiteral("later"));
+    m_hintLabel->setWordWrap(true);
+    m_list->setObjectName(QStringLiteral("recoveryList"));
+    m_list->setRootIsDecorated(false);
+    m_list->setHeaderHidden(true);
+    m_list->setIconSize({kPictureSide, kPictureSide});
+    m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_recoverButton->setObjectName(QStringLiteral("recover"));
+    m_recoverButton->setDefault(true);
+    m_discardButton->setObjectName(QStringLiteral("discard"));
+    m_laterButton->setObjectName(QStringLiteral("later"));
 
     auto *buttons = new QDialogButtonBox(this);
-    buttons->addButton(recoverButton, QDialogButtonBox::AcceptRole);
-    buttons->addButton(discardButton, QDialogButtonBox::DestructiveRole);
-    buttons->addButton(laterButton, QDialogButtonBox::RejectRole);
+    buttons->addButton(m_recoverButton, QDialogButtonBox::AcceptRole);
+    buttons->addButton(m_discardButton, QDialogButtonBox::DestructiveRole);
+    buttons->addButton(m_laterButton, QDialogButtonBox::RejectRole);
     auto *column = new QVBoxLayout(this);
-    column->addWidget(hintLabel);
-    column->addWidget(list);
+    column->addWidget(m_hintLabel);
+    column->addWidget(m_list);
     column->addWidget(buttons);
 }
 
 void RecoveryDialog::fill()
 {
-    for (int i = 0; i < entries.size(); ++i) {
-        auto *row = new QTreeWidgetItem(list);
-        row->setIcon(0, pictureOf(entries[i].preview));
+    for (int i = 0; i < m_entries.size(); ++i) {
+        auto *row = new QTreeWidgetItem(m_list);
+        row->setIcon(0, pictureOf(m_entries[i].preview));
         row->setData(0, kEntryRole, i);
     }
-    if (!entries.isEmpty())
-        list->setCurrentItem(list->topLevelItem(0));
+    if (!m_entries.isEmpty())
+        m_list->setCurrentItem(m_list->topLevelItem(0));
 }
 
 void RecoveryDialog::changeEvent(QEvent *event)
@@ -102,16 +102,16 @@ void RecoveryDialog::changeEvent(QEvent *event)
 void RecoveryDialog::retranslate()
 {
     setWindowTitle(tr("Recover drawings"));
-    hintLabel->setText(entries.isEmpty()
-                           ? tr("There is nothing to recover: every drawing was saved or let go.")
-                           : tr("The studio ended without saving these drawings. What is left for "
-                                "later is offered again."));
-    recoverButton->setText(tr("&Recover"));
-    discardButton->setText(tr("&Discard..."));
-    laterButton->setText(entries.isEmpty() ? tr("&Close") : tr("&Later"));
-    for (int i = 0; i < list->topLevelItemCount(); ++i) {
-        QTreeWidgetItem *row = list->topLevelItem(i);
-        row->setText(0, describe(entries[row->data(0, kEntryRole).toInt()]));
+    m_hintLabel->setText(
+        m_entries.isEmpty() ? tr("There is nothing to recover: every drawing was saved or let go.")
+                            : tr("The studio ended without saving these drawings. What is left for "
+                                 "later is offered again."));
+    m_recoverButton->setText(tr("&Recover"));
+    m_discardButton->setText(tr("&Discard..."));
+    m_laterButton->setText(m_entries.isEmpty() ? tr("&Close") : tr("&Later"));
+    for (int i = 0; i < m_list->topLevelItemCount(); ++i) {
+        QTreeWidgetItem *row = m_list->topLevelItem(i);
+        row->setText(0, describe(m_entries[row->data(0, kEntryRole).toInt()]));
     }
 }
 
@@ -127,17 +127,17 @@ QString RecoveryDialog::describe(const RecoveryEntry &entry)
 
 void RecoveryDialog::refresh()
 {
-    const int selected = list->selectedItems().size();
-    recoverButton->setEnabled(selected == 1);
-    discardButton->setEnabled(selected > 0);
+    const int selected = m_list->selectedItems().size();
+    m_recoverButton->setEnabled(selected == 1);
+    m_discardButton->setEnabled(selected > 0);
 }
 
 void RecoveryDialog::recoverCurrent()
 {
-    const QList<QTreeWidgetItem *> rows = list->selectedItems();
+    const QList<QTreeWidgetItem *> rows = m_list->selectedItems();
     if (rows.size() != 1)
         return;
-    const RecoveryEntry entry = entries[rows.first()->data(0, kEntryRole).toInt()];
+    const RecoveryEntry entry = m_entries[rows.first()->data(0, kEntryRole).toInt()];
     accept();
     Q_EMIT chosen(entry);
 }
@@ -157,14 +157,14 @@ void RecoveryDialog::askToDiscard()
 
 void RecoveryDialog::discardSelected()
 {
-    const QList<QTreeWidgetItem *> rows = list->selectedItems();
+    const QList<QTreeWidgetItem *> rows = m_list->selectedItems();
     for (QTreeWidgetItem *row : rows) {
-        RecoveryEntry &entry = entries[row->data(0, kEntryRole).toInt()];
+        RecoveryEntry &entry = m_entries[row->data(0, kEntryRole).toInt()];
         entry.slot->discard();
         entry.slot.reset();
         delete row;
     }
-    if (list->topLevelItemCount() == 0)
+    if (m_list->topLevelItemCount() == 0)
         accept();
 }
 

@@ -40,12 +40,12 @@ private:
     void discardSelected();
     static QString describe(const RecoveryEntry &entry);
 
-    QVector<RecoveryEntry> entries;
-    QLabel *hintLabel;
-    QTreeWidget *list;
-    QPushButton *recoverButton;
-    QPushButton *discardButton;
-    QPushButton *laterButton;
+    QVector<RecoveryEntry> m_entries;
+    QLabel *m_hintLabel;
+    QTreeWidget *m_list;
+    QPushButton *m_recoverButton;
+    QPushButton *m_discardButton;
+    QPushButton *m_laterButton;
 };
 
 } // namespace studio

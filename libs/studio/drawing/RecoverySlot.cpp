@@ -19,9 +19,9 @@ QString lockPathOf(const QString &filePath) { return filePath + QStringLiteral("
 } // namespace
 
 // A lock is never too old: only the end of the process that holds it makes it void.
-RecoverySlot::RecoverySlot(const QString &path) : filePath(path), lock(lockPathOf(path))
+RecoverySlot::RecoverySlot(const QString &path) : m_filePath(path), m_lock(lockPathOf(path))
 {
-    lock.setStaleLockTime(0);
+    m_lock.setStaleLockTime(0);
 }
 
 std::unique_ptr<RecoverySlot> RecoverySlot::create(const QString &folder, QString *error)
@@ -33,7 +33,7 @@ std::unique_ptr<RecoverySlot> RecoverySlot::create(const QString &folder, QStrin
     const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces);
     std::unique_ptr<RecoverySlot> slot(
         new RecoverySlot(QDir(folder).filePath(name + QStringLiteral(".ztd"))));
-    if (slot->lock.tryLock(0))
+    if (slot->m_lock.tryLock(0))
         return slot;
     *error = Texts::tr("nothing can be written to the folder %1").arg(folder);
     return nullptr;
@@ -42,19 +42,19 @@ std::unique_ptr<RecoverySlot> RecoverySlot::create(const QString &folder, QStrin
 std::unique_ptr<RecoverySlot> RecoverySlot::claim(const QString &path)
 {
     std::unique_ptr<RecoverySlot> slot(new RecoverySlot(path));
-    return slot->lock.tryLock(0) ? std::move(slot) : nullptr;
+    return slot->m_lock.tryLock(0) ? std::move(slot) : nullptr;
 }
 
 void RecoverySlot::discard()
 {
-    QFile::remove(filePath);
-    lock.unlock();
+    QFile::remove(m_filePath);
+    m_lock.unlock();
 }
 
 QString RecoverySlot::setAside()
 {
-    const QString aside = filePath + QStringLiteral(".damaged");
-    return QFile::rename(filePath, aside) ? aside : QString();
+    const QString aside = m_filePath + QStringLiteral(".damaged");
+    return QFile::rename(m_filePath, aside) ? aside : QString();
 }
 
 void setOrigin(const RecoveryOrigin &origin, hostkit::DrawingFile *drawing)

@@ -30,7 +30,7 @@ public:
     /** One that a studio left behind. Failure: null while that studio, or another one, has it. */
     static std::unique_ptr<RecoverySlot> claim(const QString &filePath);
 
-    QString path() const { return filePath; }
+    QString path() const { return m_filePath; }
 
     /** Removes the file and the lock. The last use of a slot. */
     void discard();
@@ -41,8 +41,8 @@ public:
 private:
     explicit RecoverySlot(const QString &path);
 
-    QString filePath;
-    QLockFile lock;
+    QString m_filePath;
+    QLockFile m_lock;
 };
 
 /** Notes the origin in a drawing that is about to become a recovery file. */

@@ -47,9 +47,9 @@ QString RecoveryStore::defaultFolder()
 
 RecoveryStore::Findings RecoveryStore::find() const
 {
-    hostkit::removeLeftovers(folderPath);
+    hostkit::removeLeftovers(m_folderPath);
     Findings findings;
-    const QDir folder(folderPath);
+    const QDir folder(m_folderPath);
     for (const QString &name : folder.entryList({QStringLiteral("*.ztd")}, QDir::Files)) {
         std::shared_ptr<RecoverySlot> slot = RecoverySlot::claim(folder.filePath(name));
         // Another studio may have ended with it between listing and claiming.

@@ -25,12 +25,12 @@ struct RecoveryEntry
 class RecoveryStore
 {
 public:
-    explicit RecoveryStore(const QString &folder) : folderPath(folder) {}
+    explicit RecoveryStore(const QString &folder) : m_folderPath(folder) {}
 
     /** Where the studios of this user keep them. */
     static QString defaultFolder();
 
-    QString folder() const { return folderPath; }
+    QString folder() const { return m_folderPath; }
 
     /** What was found. */
     struct Findings
@@ -46,7 +46,7 @@ public:
     Findings find() const;
 
 private:
-    QString folderPath;
+    QString m_folderPath;
 };
 
 } // namespace studio

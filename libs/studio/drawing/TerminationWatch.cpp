@@ -35,8 +35,8 @@ TerminationWatch::TerminationWatch(QObject *parent) : QObject(parent)
         fcntl(end, F_SETFD, FD_CLOEXEC);
         fcntl(end, F_SETFL, O_NONBLOCK);
     }
-    notifier = new QSocketNotifier(pipeEnds[0], QSocketNotifier::Read, this);
-    connect(notifier, &QSocketNotifier::activated, this, &TerminationWatch::receive);
+    m_notifier = new QSocketNotifier(pipeEnds[0], QSocketNotifier::Read, this);
+    connect(m_notifier, &QSocketNotifier::activated, this, &TerminationWatch::receive);
     for (const int number : kSignals) {
         struct sigaction action = {};
         action.sa_handler = &onSignal;
@@ -47,11 +47,11 @@ TerminationWatch::TerminationWatch(QObject *parent) : QObject(parent)
 
 TerminationWatch::~TerminationWatch()
 {
-    if (notifier == nullptr)
+    if (m_notifier == nullptr)
         return;
     for (const int number : kSignals)
         std::signal(number, SIG_DFL);
-    delete notifier;
+    delete m_notifier;
     for (int &end : pipeEnds) {
         close(end);
         end = -1;

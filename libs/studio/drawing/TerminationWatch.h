@@ -30,7 +30,7 @@ Q_SIGNALS:
 private:
     void receive();
 
-    QSocketNotifier *notifier = nullptr; ///< child
+    QSocketNotifier *m_notifier = nullptr; ///< child
 };
 
 } // namespace studio

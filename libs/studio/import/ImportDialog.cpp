@@ -71,12 +71,12 @@ std::set<QRgb> colorsOf(const vectorkit::VectorDrawing &drawing)
 
 ImportDialog::ImportDialog(const QString &path, const vectorkit::VectorDrawing &read,
                            QWidget *parent)
-    : QDialog(parent), found(read), foundSizeMm(read.boundsMm().size()),
-      first(rememberedImportOptions()), picture(new ImportPicture(this)),
-      unitBox(new QComboBox(this)), widthBox(addSize(QStringLiteral("importWidth"))),
-      heightBox(addSize(QStringLiteral("importHeight"))), proportionsBox(new QCheckBox(this)),
-      splitBox(new QComboBox(this)), fillOpenBox(new QCheckBox(this)), pens(new QTableWidget(this)),
-      notes(new QListWidget(this))
+    : QDialog(parent), m_found(read), m_foundSizeMm(read.boundsMm().size()),
+      m_first(rememberedImportOptions()), m_picture(new ImportPicture(this)),
+      m_unitBox(new QComboBox(this)), m_widthBox(addSize(QStringLiteral("importWidth"))),
+      m_heightBox(addSize(QStringLiteral("importHeight"))), m_proportionsBox(new QCheckBox(this)),
+      m_splitBox(new QComboBox(this)), m_fillOpenBox(new QCheckBox(this)),
+      m_pens(new QTableWidget(this)), m_notes(new QListWidget(this))
 {
     setObjectName(QStringLiteral("importDialog"));
     setAttribute(Qt::WA_DeleteOnClose);
@@ -85,12 +85,12 @@ ImportDialog::ImportDialog(const QString &path, const vectorkit::VectorDrawing &
     fillNotes();
     fillPens();
     layOut(path);
-    picture->show(found);
-    showSize(foundSizeMm);
-    connect(unitBox, qOverload<int>(&QComboBox::activated), this, &ImportDialog::takeUnit);
-    connect(widthBox, qOverload<double>(&QDoubleSpinBox::valueChanged), this,
+    m_picture->show(m_found);
+    showSize(m_foundSizeMm);
+    connect(m_unitBox, qOverload<int>(&QComboBox::activated), this, &ImportDialog::takeUnit);
+    connect(m_widthBox, qOverload<double>(&QDoubleSpinBox::valueChanged), this,
             &ImportDialog::takeWidth);
-    connect(heightBox, qOverload<double>(&QDoubleSpinBox::valueChanged), this,
+    connect(m_heightBox, qOverload<double>(&QDoubleSpinBox::valueChanged), this,
             &ImportDialog::takeHeight);
 }
 
@@ -107,65 +107,65 @@ QDoubleSpinBox *ImportDialog::addSize(const QString &name)
 
 void ImportDialog::fillUnits()
 {
-    unitBox->setObjectName(QStringLiteral("importUnit"));
-    unitBox->addItem(tr("As found: %1 mm").arg(number(found.unitMm)), found.unitMm);
-    unitBox->addItem(tr("1 mm"), 1.0);
-    unitBox->addItem(tr("1 cm"), 10.0);
-    unitBox->addItem(tr("1 inch"), 25.4);
-    unitBox->addItem(tr("1/96 inch (pixel)"), 25.4 / 96);
-    unitBox->addItem(tr("1/72 inch (point)"), 25.4 / 72);
-    unitBox->addItem(tr("0.025 mm (plotter)"), 0.025);
-    unitBox->addItem(tr("1/1016 inch (plotter)"), 25.4 / 1016);
+    m_unitBox->setObjectName(QStringLiteral("importUnit"));
+    m_unitBox->addItem(tr("As found: %1 mm").arg(number(m_found.unitMm)), m_found.unitMm);
+    m_unitBox->addItem(tr("1 mm"), 1.0);
+    m_unitBox->addItem(tr("1 cm"), 10.0);
+    m_unitBox->addItem(tr("1 inch"), 25.4);
+    m_unitBox->addItem(tr("1/96 inch (pixel)"), 25.4 / 96);
+    m_unitBox->addItem(tr("1/72 inch (point)"), 25.4 / 72);
+    m_unitBox->addItem(tr("0.025 mm (plotter)"), 0.025);
+    m_unitBox->addItem(tr("1/1016 inch (plotter)"), 25.4 / 1016);
 }
 
 void ImportDialog::fillNotes()
 {
-    notes->setObjectName(QStringLiteral("importNotes"));
-    notes->setMaximumHeight(kListPx);
-    for (const vectorkit::VectorNote &note : qAsConst(found.notes))
-        notes->addItem(noteText(note));
-    if (found.notes.isEmpty())
-        notes->addItem(tr("All of it was read."));
+    m_notes->setObjectName(QStringLiteral("importNotes"));
+    m_notes->setMaximumHeight(kListPx);
+    for (const vectorkit::VectorNote &note : qAsConst(m_found.notes))
+        m_notes->addItem(noteText(note));
+    if (m_found.notes.isEmpty())
+        m_notes->addItem(tr("All of it was read."));
 }
 
 void ImportDialog::fillPens()
 {
-    pens->setObjectName(QStringLiteral("importPens"));
-    pens->setMaximumHeight(kListPx);
-    pens->setColumnCount(2);
-    pens->setHorizontalHeaderLabels({tr("Color"), tr("Pen")});
-    pens->verticalHeader()->hide();
-    pens->horizontalHeader()->setStretchLastSection(true);
-    for (const QRgb rgb : colorsOf(found)) {
-        if (pens->rowCount() == kMostColors)
+    m_pens->setObjectName(QStringLiteral("importPens"));
+    m_pens->setMaximumHeight(kListPx);
+    m_pens->setColumnCount(2);
+    m_pens->setHorizontalHeaderLabels({tr("Color"), tr("Pen")});
+    m_pens->verticalHeader()->hide();
+    m_pens->horizontalHeader()->setStretchLastSection(true);
+    for (const QRgb rgb : colorsOf(m_found)) {
+        if (m_pens->rowCount() == kMostColors)
             break;
-        const int row = pens->rowCount();
-        pens->insertRow(row);
+        const int row = m_pens->rowCount();
+        m_pens->insertRow(row);
         auto *color = new QTableWidgetItem(QColor(rgb).name());
         color->setFlags(Qt::ItemIsEnabled);
         color->setData(Qt::DecorationRole, QColor(rgb));
         color->setData(Qt::UserRole, rgb);
-        pens->setItem(row, 0, color);
-        auto *box = new QComboBox(pens);
+        m_pens->setItem(row, 0, color);
+        auto *box = new QComboBox(m_pens);
         for (int pen = 1; pen <= hostkit::kScreenPens; ++pen)
             box->addItem(penSwatch(pen), QString::number(pen));
-        box->setCurrentIndex(hostkit::penForColor(QColor(rgb), first.pens) - 1);
-        pens->setCellWidget(row, 1, box);
+        box->setCurrentIndex(hostkit::penForColor(QColor(rgb), m_first.pens) - 1);
+        m_pens->setCellWidget(row, 1, box);
     }
 }
 
 void ImportDialog::layOut(const QString &path)
 {
-    splitBox->setObjectName(QStringLiteral("importSplit"));
-    splitBox->addItems({tr("One shape"), tr("One shape a layer"), tr("One shape a color"),
-                        tr("One shape an outline with its holes")});
-    splitBox->setCurrentIndex(int(first.split));
-    fillOpenBox->setObjectName(QStringLiteral("importFillOpen"));
-    fillOpenBox->setText(tr("Hatch open outlines as if closed"));
-    fillOpenBox->setChecked(first.fillsOpen);
-    proportionsBox->setObjectName(QStringLiteral("importProportions"));
-    proportionsBox->setText(tr("Keep proportions"));
-    proportionsBox->setChecked(true);
+    m_splitBox->setObjectName(QStringLiteral("importSplit"));
+    m_splitBox->addItems({tr("One shape"), tr("One shape a layer"), tr("One shape a color"),
+                          tr("One shape an outline with its holes")});
+    m_splitBox->setCurrentIndex(int(m_first.split));
+    m_fillOpenBox->setObjectName(QStringLiteral("importFillOpen"));
+    m_fillOpenBox->setText(tr("Hatch open outlines as if closed"));
+    m_fillOpenBox->setChecked(m_first.fillsOpen);
+    m_proportionsBox->setObjectName(QStringLiteral("importProportions"));
+    m_proportionsBox->setText(tr("Keep proportions"));
+    m_proportionsBox->setChecked(true);
 
     auto *form = new QFormLayout;
     const auto addText = [&](const QString &label, const QString &text, const QString &name) {
@@ -177,27 +177,29 @@ void ImportDialog::layOut(const QString &path)
     };
     addText(tr("File:"), QFileInfo(path).fileName(), QStringLiteral("importFile"));
     addText(tr("Format:"),
-            found.producer.isEmpty() ? formatOf(found)
-                                     : tr("%1, written by %2").arg(formatOf(found), found.producer),
+            m_found.producer.isEmpty()
+                ? formatOf(m_found)
+                : tr("%1, written by %2").arg(formatOf(m_found), m_found.producer),
             QStringLiteral("importFormat"));
     addText(tr("Holds:"),
             tr("%1 layers, %2 outlines, %3 texts")
-                .arg(found.layers.size())
-                .arg(found.pathCount())
-                .arg(found.textCount()),
+                .arg(m_found.layers.size())
+                .arg(m_found.pathCount())
+                .arg(m_found.textCount()),
             QStringLiteral("importCounts"));
-    addText(tr("Size as found:"),
-            tr("%1 × %2 mm. %3")
-                .arg(number(foundSizeMm.width()), number(foundSizeMm.height()), found.sizeReason),
-            QStringLiteral("importFound"));
-    form->addRow(tr("&Unit:"), unitBox);
-    form->addRow(tr("&Width:"), widthBox);
-    form->addRow(tr("&Height:"), heightBox);
-    form->addRow(QString(), proportionsBox);
-    form->addRow(tr("&Split:"), splitBox);
-    form->addRow(QString(), fillOpenBox);
-    form->addRow(tr("&Pens:"), pens);
-    form->addRow(tr("&Left out or changed:"), notes);
+    addText(
+        tr("Size as found:"),
+        tr("%1 × %2 mm. %3")
+            .arg(number(m_foundSizeMm.width()), number(m_foundSizeMm.height()), m_found.sizeReason),
+        QStringLiteral("importFound"));
+    form->addRow(tr("&Unit:"), m_unitBox);
+    form->addRow(tr("&Width:"), m_widthBox);
+    form->addRow(tr("&Height:"), m_heightBox);
+    form->addRow(QString(), m_proportionsBox);
+    form->addRow(tr("&Split:"), m_splitBox);
+    form->addRow(QString(), m_fillOpenBox);
+    form->addRow(tr("&Pens:"), m_pens);
+    form->addRow(tr("&Left out or changed:"), m_notes);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     buttons->button(QDialogButtonBox::Ok)->setText(tr("&Import"));
@@ -210,68 +212,68 @@ void ImportDialog::layOut(const QString &path)
     column->setLayout(side);
     column->setMaximumWidth(kColumnPx);
     auto *all = new QHBoxLayout(this);
-    all->addWidget(picture, 1);
+    all->addWidget(m_picture, 1);
     all->addWidget(column);
 }
 
 void ImportDialog::showSize(const QSizeF &sizeMm)
 {
-    const QSignalBlocker noWidth(widthBox);
-    const QSignalBlocker noHeight(heightBox);
-    widthBox->setValue(sizeMm.width());
-    heightBox->setValue(sizeMm.height());
+    const QSignalBlocker noWidth(m_widthBox);
+    const QSignalBlocker noHeight(m_heightBox);
+    m_widthBox->setValue(sizeMm.width());
+    m_heightBox->setValue(sizeMm.height());
     // A straight line has but one side to measure.
-    widthBox->setEnabled(foundSizeMm.width() > 0.0);
-    heightBox->setEnabled(foundSizeMm.height() > 0.0);
+    m_widthBox->setEnabled(m_foundSizeMm.width() > 0.0);
+    m_heightBox->setEnabled(m_foundSizeMm.height() > 0.0);
 }
 
 void ImportDialog::takeUnit()
 {
-    showSize(foundSizeMm * (unitBox->currentData().toDouble() / found.unitMm));
+    showSize(m_foundSizeMm * (m_unitBox->currentData().toDouble() / m_found.unitMm));
 }
 
 void ImportDialog::takeWidth()
 {
-    if (proportionsBox->isChecked())
-        showSize(foundSizeMm * (widthBox->value() / foundSizeMm.width()));
+    if (m_proportionsBox->isChecked())
+        showSize(m_foundSizeMm * (m_widthBox->value() / m_foundSizeMm.width()));
 }
 
 void ImportDialog::takeHeight()
 {
-    if (proportionsBox->isChecked())
-        showSize(foundSizeMm * (heightBox->value() / foundSizeMm.height()));
+    if (m_proportionsBox->isChecked())
+        showSize(m_foundSizeMm * (m_heightBox->value() / m_foundSizeMm.height()));
 }
 
 vectorkit::VectorDrawing ImportDialog::drawing() const
 {
-    vectorkit::VectorDrawing sized = found;
-    const double unitFactor = unitBox->currentData().toDouble() / found.unitMm;
+    vectorkit::VectorDrawing sized = m_found;
+    const double unitFactor = m_unitBox->currentData().toDouble() / m_found.unitMm;
     const auto isAt = [&](const QDoubleSpinBox *box, double sizeMm) {
         return qAbs(box->value() - sizeMm) < 0.5 / 1000;
     };
     // What only the unit has changed is not rounded to what the fields show.
-    const bool isUnitAlone = isAt(widthBox, foundSizeMm.width() * unitFactor) &&
-                             isAt(heightBox, foundSizeMm.height() * unitFactor);
-    if (isUnitAlone || foundSizeMm.isNull()) {
+    const bool isUnitAlone = isAt(m_widthBox, m_foundSizeMm.width() * unitFactor) &&
+                             isAt(m_heightBox, m_foundSizeMm.height() * unitFactor);
+    if (isUnitAlone || m_foundSizeMm.isNull()) {
         if (unitFactor != 1.0)
             sized.scale(unitFactor);
         return sized;
     }
-    const bool isWidthAlone = proportionsBox->isChecked() && foundSizeMm.width() > 0.0;
+    const bool isWidthAlone = m_proportionsBox->isChecked() && m_foundSizeMm.width() > 0.0;
     hostkit::fitDrawing(
-        &sized, QSizeF(foundSizeMm.width() > 0.0 ? widthBox->value() : 0.0,
-                       foundSizeMm.height() > 0.0 && !isWidthAlone ? heightBox->value() : 0.0));
+        &sized, QSizeF(m_foundSizeMm.width() > 0.0 ? m_widthBox->value() : 0.0,
+                       m_foundSizeMm.height() > 0.0 && !isWidthAlone ? m_heightBox->value() : 0.0));
     return sized;
 }
 
 hostkit::ImportOptions ImportDialog::options() const
 {
-    hostkit::ImportOptions chosenOptions = first;
-    chosenOptions.split = static_cast<hostkit::ImportSplit>(splitBox->currentIndex());
-    chosenOptions.fillsOpen = fillOpenBox->isChecked();
-    for (int row = 0; row < pens->rowCount(); ++row) {
-        const QRgb rgb = pens->item(row, 0)->data(Qt::UserRole).toUInt();
-        const auto *box = qobject_cast<QComboBox *>(pens->cellWidget(row, 1));
+    hostkit::ImportOptions chosenOptions = m_first;
+    chosenOptions.split = static_cast<hostkit::ImportSplit>(m_splitBox->currentIndex());
+    chosenOptions.fillsOpen = m_fillOpenBox->isChecked();
+    for (int row = 0; row < m_pens->rowCount(); ++row) {
+        const QRgb rgb = m_pens->item(row, 0)->data(Qt::UserRole).toUInt();
+        const auto *box = qobject_cast<QComboBox *>(m_pens->cellWidget(row, 1));
         const int pen = box->currentIndex() + 1;
         // Only what differs is kept: the rest goes by its colour, today and later.
         if (pen == hostkit::penForColor(QColor(rgb), {}))

@@ -52,18 +52,18 @@ private:
     void showSize(const QSizeF &sizeMm);
     void take();
 
-    vectorkit::VectorDrawing found;
-    QSizeF foundSizeMm;
-    hostkit::ImportOptions first; ///< as remembered
-    ImportPicture *picture;       ///< children, as all below
-    QComboBox *unitBox;
-    QDoubleSpinBox *widthBox;
-    QDoubleSpinBox *heightBox;
-    QCheckBox *proportionsBox;
-    QComboBox *splitBox;
-    QCheckBox *fillOpenBox;
-    QTableWidget *pens;
-    QListWidget *notes;
+    vectorkit::VectorDrawing m_found;
+    QSizeF m_foundSizeMm;
+    hostkit::ImportOptions m_first; ///< as remembered
+    ImportPicture *m_picture;       ///< children, as all below
+    QComboBox *m_unitBox;
+    QDoubleSpinBox *m_widthBox;
+    QDoubleSpinBox *m_heightBox;
+    QCheckBox *m_proportionsBox;
+    QComboBox *m_splitBox;
+    QCheckBox *m_fillOpenBox;
+    QTableWidget *m_pens;
+    QListWidget *m_notes;
 };
 
 } // namespace studio

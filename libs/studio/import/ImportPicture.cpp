@@ -38,23 +38,24 @@ ImportPicture::ImportPicture(QWidget *parent) : QWidget(parent)
 
 void ImportPicture::show(const vectorkit::VectorDrawing &drawing)
 {
-    parts.clear();
-    texts.clear();
-    boxMm = drawing.boundsMm();
+    m_parts.clear();
+    m_texts.clear();
+    m_boxMm = drawing.boundsMm();
     for (const vectorkit::VectorLayer &layer : drawing.layers) {
         for (const vectorkit::VectorShape &shape : layer.shapes) {
             const QColor ink = inkOf(shape.color);
-            if (parts.isEmpty() || parts.last().color != ink)
-                parts.append({QPainterPath(), ink});
+            if (m_parts.isEmpty() || m_parts.last().color != ink)
+                m_parts.append({QPainterPath(), ink});
             for (const vectorkit::VectorPath &path : shape.paths)
-                path.addTo(&parts.last().path);
+                path.addTo(&m_parts.last().path);
         }
         for (const vectorkit::VectorText &text : layer.texts) {
             const double sideMm = text.heightMm * std::max(1, text.text.size());
             const QRectF around(text.positionMm - QPointF(sideMm, sideMm) / 2,
                                 QSizeF(sideMm, sideMm));
-            boxMm = drawing.shapeCount() == 0 && texts.isEmpty() ? around : united(boxMm, around);
-            texts.append(text);
+            m_boxMm =
+                drawing.shapeCount() == 0 && m_texts.isEmpty() ? around : united(m_boxMm, around);
+            m_texts.append(text);
         }
     }
     update();
@@ -67,21 +68,21 @@ void ImportPicture::paintEvent(QPaintEvent *)
     painter.setPen(palette().mid().color());
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
     const QRectF room = QRectF(rect()).adjusted(kMarginPx, kMarginPx, -kMarginPx, -kMarginPx);
-    const double widthScale = boxMm.width() > 0.0 ? room.width() / boxMm.width() : HUGE_VAL;
-    const double heightScale = boxMm.height() > 0.0 ? room.height() / boxMm.height() : HUGE_VAL;
+    const double widthScale = m_boxMm.width() > 0.0 ? room.width() / m_boxMm.width() : HUGE_VAL;
+    const double heightScale = m_boxMm.height() > 0.0 ? room.height() / m_boxMm.height() : HUGE_VAL;
     const double scale = std::min(widthScale, heightScale);
     if (!std::isfinite(scale))
         return;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(room.center());
     painter.scale(scale, scale);
-    painter.translate(-boxMm.center());
-    for (const Part &part : qAsConst(parts)) {
+    painter.translate(-m_boxMm.center());
+    for (const Part &part : qAsConst(m_parts)) {
         QPen pen(part.color, 1.0);
         pen.setCosmetic(true);
         painter.strokePath(part.path, pen);
     }
-    for (const vectorkit::VectorText &text : qAsConst(texts)) {
+    for (const vectorkit::VectorText &text : qAsConst(m_texts)) {
         QFont font;
         font.setPixelSize(kFontPx);
         const QFontMetricsF metrics(font);

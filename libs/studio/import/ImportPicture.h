@@ -27,9 +27,9 @@ private:
         QPainterPath path;
         QColor color;
     };
-    QVector<Part> parts;
-    QVector<vectorkit::VectorText> texts;
-    QRectF boxMm;
+    QVector<Part> m_parts;
+    QVector<vectorkit::VectorText> m_texts;
+    QRectF m_boxMm;
 };
 
 } // namespace studio

@@ -20,49 +20,49 @@ constexpr MeasureBox::Range kDiameterMm{0.0, 100000.0, 1.0, 3};
 } // namespace
 
 ArcPage::ArcPage(const TextSettings &settings, QWidget *parent)
-    : TextPage(parent), group(new QGroupBox(tr("Text on an &arc"), this)),
-      startBox(new MeasureBox(kAngleDeg, tr(" °"), group)),
-      spanBox(new MeasureBox(kAngleDeg, tr(" °"), group)),
-      diameterBox(new MeasureBox(kDiameterMm, tr(" mm"), group))
+    : TextPage(parent), m_group(new QGroupBox(tr("Text on an &arc"), this)),
+      m_startBox(new MeasureBox(kAngleDeg, tr(" °"), m_group)),
+      m_spanBox(new MeasureBox(kAngleDeg, tr(" °"), m_group)),
+      m_diameterBox(new MeasureBox(kDiameterMm, tr(" mm"), m_group))
 {
-    group->setObjectName(QStringLiteral("arc"));
-    group->setCheckable(true);
-    group->setChecked(settings.isOnArc);
-    startBox->setObjectName(QStringLiteral("arcStart"));
-    startBox->setToolTip(tr("Where the arc starts: 0° is at three o'clock, 270° at twelve"));
-    startBox->setMeasure(settings.startDeg);
-    spanBox->setObjectName(QStringLiteral("arcSpan"));
-    spanBox->setToolTip(
+    m_group->setObjectName(QStringLiteral("arc"));
+    m_group->setCheckable(true);
+    m_group->setChecked(settings.isOnArc);
+    m_startBox->setObjectName(QStringLiteral("arcStart"));
+    m_startBox->setToolTip(tr("Where the arc starts: 0° is at three o'clock, 270° at twelve"));
+    m_startBox->setMeasure(settings.startDeg);
+    m_spanBox->setObjectName(QStringLiteral("arcSpan"));
+    m_spanBox->setToolTip(
         tr("Shared out among the characters; positive runs clockwise, negative anticlockwise"));
-    spanBox->setMeasure(settings.spanDeg);
-    diameterBox->setObjectName(QStringLiteral("arcDiameter"));
-    diameterBox->setToolTip(tr("Of the circle on which the characters stand"));
-    diameterBox->setMeasure(settings.diameterMm);
+    m_spanBox->setMeasure(settings.spanDeg);
+    m_diameterBox->setObjectName(QStringLiteral("arcDiameter"));
+    m_diameterBox->setToolTip(tr("Of the circle on which the characters stand"));
+    m_diameterBox->setMeasure(settings.diameterMm);
 
-    auto *form = new QFormLayout(group);
-    form->addRow(tr("&Start"), startBox);
-    form->addRow(tr("S&pan"), spanBox);
-    form->addRow(tr("&Diameter"), diameterBox);
+    auto *form = new QFormLayout(m_group);
+    form->addRow(tr("&Start"), m_startBox);
+    form->addRow(tr("S&pan"), m_spanBox);
+    form->addRow(tr("&Diameter"), m_diameterBox);
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(group);
+    layout->addWidget(m_group);
     layout->addStretch(1);
-    connect(group, &QGroupBox::toggled, this, [this](bool isOn) {
-        if (isOn && startBox->measure() == 0.0 && spanBox->measure() == kNeverSetSpanDeg) {
-            startBox->setMeasure(kUsualStartDeg);
-            spanBox->setMeasure(kUsualSpanDeg);
+    connect(m_group, &QGroupBox::toggled, this, [this](bool isOn) {
+        if (isOn && m_startBox->measure() == 0.0 && m_spanBox->measure() == kNeverSetSpanDeg) {
+            m_startBox->setMeasure(kUsualStartDeg);
+            m_spanBox->setMeasure(kUsualSpanDeg);
         }
         Q_EMIT changed();
     });
-    for (MeasureBox *box : {startBox, spanBox, diameterBox})
+    for (MeasureBox *box : {m_startBox, m_spanBox, m_diameterBox})
         connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &TextPage::changed);
 }
 
 void ArcPage::read(TextSettings &settings) const
 {
-    settings.isOnArc = group->isChecked();
-    settings.startDeg = startBox->measure();
-    settings.spanDeg = spanBox->measure();
-    settings.diameterMm = diameterBox->measure();
+    settings.isOnArc = m_group->isChecked();
+    settings.startDeg = m_startBox->measure();
+    settings.spanDeg = m_spanBox->measure();
+    settings.diameterMm = m_diameterBox->measure();
 }
 
 } // namespace studio

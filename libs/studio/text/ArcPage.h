@@ -20,10 +20,10 @@ public:
     void read(TextSettings &settings) const override;
 
 private:
-    QGroupBox *group;
-    MeasureBox *startBox;
-    MeasureBox *spanBox;
-    MeasureBox *diameterBox;
+    QGroupBox *m_group;
+    MeasureBox *m_startBox;
+    MeasureBox *m_spanBox;
+    MeasureBox *m_diameterBox;
 };
 
 } // namespace studio

@@ -37,56 +37,56 @@ QVBoxLayout *labelled(const QString &text, QWidget *box, QWidget *parent)
 } // namespace
 
 FontPage::FontPage(const TextSettings &settings, QWidget *parent)
-    : TextPage(parent), systemButton(new QRadioButton(tr("&System font, outlines"), this)),
-      strokeButton(new QRadioButton(tr("Stroke &fonts, single lines"), this)),
-      kinds(new QStackedWidget(this))
+    : TextPage(parent), m_systemButton(new QRadioButton(tr("&System font, outlines"), this)),
+      m_strokeButton(new QRadioButton(tr("Stroke &fonts, single lines"), this)),
+      m_kinds(new QStackedWidget(this))
 {
-    systemButton->setObjectName(QStringLiteral("systemFont"));
-    strokeButton->setObjectName(QStringLiteral("strokeFont"));
-    kinds->addWidget(newSystemPart(settings));
-    kinds->addWidget(newStrokePart(settings));
-    (settings.kind == FontType::singleLine ? strokeButton : systemButton)->setChecked(true);
+    m_systemButton->setObjectName(QStringLiteral("systemFont"));
+    m_strokeButton->setObjectName(QStringLiteral("strokeFont"));
+    m_kinds->addWidget(newSystemPart(settings));
+    m_kinds->addWidget(newStrokePart(settings));
+    (settings.kind == FontType::singleLine ? m_strokeButton : m_systemButton)->setChecked(true);
 
     auto *choice = new QHBoxLayout;
-    choice->addWidget(systemButton);
-    choice->addWidget(strokeButton);
+    choice->addWidget(m_systemButton);
+    choice->addWidget(m_strokeButton);
     choice->addStretch(1);
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(choice);
-    layout->addWidget(kinds, 1);
+    layout->addWidget(m_kinds, 1);
     layout->addWidget(newSizes(settings));
     showKind();
-    connect(strokeButton, &QRadioButton::toggled, this, [this] {
+    connect(m_strokeButton, &QRadioButton::toggled, this, [this] {
         showKind();
         Q_EMIT changed();
     });
 }
 
-void FontPage::showKind() { kinds->setCurrentIndex(strokeButton->isChecked() ? 1 : 0); }
+void FontPage::showKind() { m_kinds->setCurrentIndex(m_strokeButton->isChecked() ? 1 : 0); }
 
 QWidget *FontPage::newSystemPart(const TextSettings &settings)
 {
     auto *part = new QWidget(this);
-    familyBox = new QFontComboBox(part);
-    familyBox->setObjectName(QStringLiteral("family"));
-    familyBox->setCurrentFont(settings.font);
-    shownFamily = familyBox->currentFont().family();
-    boldBox = new QCheckBox(tr("&Bold"), part);
-    boldBox->setObjectName(QStringLiteral("bold"));
-    boldBox->setChecked(settings.font.bold());
-    italicBox = new QCheckBox(tr("&Italic"), part);
-    italicBox->setObjectName(QStringLiteral("italic"));
-    italicBox->setChecked(settings.font.italic());
+    m_familyBox = new QFontComboBox(part);
+    m_familyBox->setObjectName(QStringLiteral("family"));
+    m_familyBox->setCurrentFont(settings.font);
+    m_shownFamily = m_familyBox->currentFont().family();
+    m_boldBox = new QCheckBox(tr("&Bold"), part);
+    m_boldBox->setObjectName(QStringLiteral("bold"));
+    m_boldBox->setChecked(settings.font.bold());
+    m_italicBox = new QCheckBox(tr("&Italic"), part);
+    m_italicBox->setObjectName(QStringLiteral("italic"));
+    m_italicBox->setChecked(settings.font.italic());
     auto *styles = new QHBoxLayout;
-    styles->addWidget(boldBox);
-    styles->addWidget(italicBox);
+    styles->addWidget(m_boldBox);
+    styles->addWidget(m_italicBox);
     styles->addStretch(1);
     auto *form = new QFormLayout(part);
-    form->addRow(tr("F&amily"), familyBox);
+    form->addRow(tr("F&amily"), m_familyBox);
     form->addRow(QString(), styles);
-    connect(familyBox, &QFontComboBox::currentFontChanged, this, &TextPage::changed);
-    connect(boldBox, &QCheckBox::toggled, this, &TextPage::changed);
-    connect(italicBox, &QCheckBox::toggled, this, &TextPage::changed);
+    connect(m_familyBox, &QFontComboBox::currentFontChanged, this, &TextPage::changed);
+    connect(m_boldBox, &QCheckBox::toggled, this, &TextPage::changed);
+    connect(m_italicBox, &QCheckBox::toggled, this, &TextPage::changed);
     return part;
 }
 
@@ -95,19 +95,19 @@ QWidget *FontPage::newStrokePart(const TextSettings &settings)
     auto *part = new QWidget(this);
     const QStringList regular = regularStrokeFonts();
     const QStringList big = bigStrokeFonts();
-    samples = new StrokeSamples(this);
-    regularList = new StrokeFontList(regular, *samples, part);
-    regularList->setObjectName(QStringLiteral("regularFonts"));
-    regularList->choose(settings.enName);
-    bigList = new StrokeFontList(big, *samples, part);
-    bigList->setObjectName(QStringLiteral("bigFonts"));
-    bigList->choose(settings.zhName);
-    connect(regularList, &StrokeFontList::chosenByUser, this, &TextPage::changed);
-    connect(bigList, &StrokeFontList::chosenByUser, this, &TextPage::changed);
+    m_samples = new StrokeSamples(this);
+    m_regularList = new StrokeFontList(regular, *m_samples, part);
+    m_regularList->setObjectName(QStringLiteral("regularFonts"));
+    m_regularList->choose(settings.enName);
+    m_bigList = new StrokeFontList(big, *m_samples, part);
+    m_bigList->setObjectName(QStringLiteral("bigFonts"));
+    m_bigList->choose(settings.zhName);
+    connect(m_regularList, &StrokeFontList::chosenByUser, this, &TextPage::changed);
+    connect(m_bigList, &StrokeFontList::chosenByUser, this, &TextPage::changed);
 
     auto *lists = new QHBoxLayout;
-    lists->addLayout(labelled(tr("&Letters and digits"), regularList, part));
-    lists->addLayout(labelled(tr("&Chinese"), bigList, part));
+    lists->addLayout(labelled(tr("&Letters and digits"), m_regularList, part));
+    lists->addLayout(labelled(tr("&Chinese"), m_bigList, part));
     auto *layout = new QVBoxLayout(part);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(lists, 1);
@@ -135,37 +135,37 @@ QWidget *FontPage::newSizes(const TextSettings &settings)
         connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &TextPage::changed);
         return box;
     };
-    heightBox = add(tr("&Height"), kHeightMm, tr(" mm"), "height");
-    heightBox->setToolTip(tr("Height of capital letters on the part"));
-    heightBox->setMeasure(settings.heightMm);
-    widthBox = add(tr("&Width"), kWidthPercent, tr(" %"), "width");
-    widthBox->setToolTip(tr("Width of the letters; at 100 % they are as the font has them"));
-    widthBox->setMeasure(settings.widthFactor * 100.0);
-    charSpacingBox = add(tr("Space between charac&ters"), kSpacingMm, tr(" mm"), "charSpacing");
-    charSpacingBox->setToolTip(tr("Added to what the font has; on an arc the span decides"));
-    charSpacingBox->setMeasure(settings.charSpacingMm);
-    lineSpacingBox = add(tr("S&pace between lines"), kSpacingMm, tr(" mm"), "lineSpacing");
-    lineSpacingBox->setToolTip(tr("From the ink of the lines above to the tops of capitals"));
-    lineSpacingBox->setMeasure(settings.lineSpacingMm);
+    m_heightBox = add(tr("&Height"), kHeightMm, tr(" mm"), "height");
+    m_heightBox->setToolTip(tr("Height of capital letters on the part"));
+    m_heightBox->setMeasure(settings.heightMm);
+    m_widthBox = add(tr("&Width"), kWidthPercent, tr(" %"), "width");
+    m_widthBox->setToolTip(tr("Width of the letters; at 100 % they are as the font has them"));
+    m_widthBox->setMeasure(settings.widthFactor * 100.0);
+    m_charSpacingBox = add(tr("Space between charac&ters"), kSpacingMm, tr(" mm"), "charSpacing");
+    m_charSpacingBox->setToolTip(tr("Added to what the font has; on an arc the span decides"));
+    m_charSpacingBox->setMeasure(settings.charSpacingMm);
+    m_lineSpacingBox = add(tr("S&pace between lines"), kSpacingMm, tr(" mm"), "lineSpacing");
+    m_lineSpacingBox->setToolTip(tr("From the ink of the lines above to the tops of capitals"));
+    m_lineSpacingBox->setMeasure(settings.lineSpacingMm);
     return part;
 }
 
 void FontPage::read(TextSettings &settings) const
 {
-    settings.kind = strokeButton->isChecked() ? FontType::singleLine : FontType::doubleLine;
+    settings.kind = m_strokeButton->isChecked() ? FontType::singleLine : FontType::doubleLine;
     // A family that is not installed shows as another one, and stays until one is chosen.
-    if (familyBox->currentFont().family() != shownFamily)
-        settings.font.setFamily(familyBox->currentFont().family());
-    settings.font.setBold(boldBox->isChecked());
-    settings.font.setItalic(italicBox->isChecked());
-    if (!regularList->chosen().isEmpty())
-        settings.enName = regularList->chosen();
-    if (!bigList->chosen().isEmpty())
-        settings.zhName = bigList->chosen();
-    settings.heightMm = heightBox->measure();
-    settings.widthFactor = widthBox->measure() / 100.0;
-    settings.charSpacingMm = charSpacingBox->measure();
-    settings.lineSpacingMm = lineSpacingBox->measure();
+    if (m_familyBox->currentFont().family() != m_shownFamily)
+        settings.font.setFamily(m_familyBox->currentFont().family());
+    settings.font.setBold(m_boldBox->isChecked());
+    settings.font.setItalic(m_italicBox->isChecked());
+    if (!m_regularList->chosen().isEmpty())
+        settings.enName = m_regularList->chosen();
+    if (!m_bigList->chosen().isEmpty())
+        settings.zhName = m_bigList->chosen();
+    settings.heightMm = m_heightBox->measure();
+    settings.widthFactor = m_widthBox->measure() / 100.0;
+    settings.charSpacingMm = m_charSpacingBox->measure();
+    settings.lineSpacingMm = m_lineSpacingBox->measure();
 }
 
 } // namespace studio

@@ -30,20 +30,20 @@ private:
     QWidget *newSizes(const TextSettings &settings);
     void showKind();
 
-    QRadioButton *systemButton;
-    QRadioButton *strokeButton;
-    QStackedWidget *kinds;
-    QFontComboBox *familyBox = nullptr;
-    QString shownFamily; ///< at first, for the family of the text
-    QCheckBox *boldBox = nullptr;
-    QCheckBox *italicBox = nullptr;
-    StrokeSamples *samples = nullptr;
-    StrokeFontList *regularList = nullptr;
-    StrokeFontList *bigList = nullptr;
-    MeasureBox *heightBox = nullptr;
-    MeasureBox *widthBox = nullptr; ///< percent
-    MeasureBox *charSpacingBox = nullptr;
-    MeasureBox *lineSpacingBox = nullptr;
+    QRadioButton *m_systemButton;
+    QRadioButton *m_strokeButton;
+    QStackedWidget *m_kinds;
+    QFontComboBox *m_familyBox = nullptr;
+    QString m_shownFamily; ///< at first, for the family of the text
+    QCheckBox *m_boldBox = nullptr;
+    QCheckBox *m_italicBox = nullptr;
+    StrokeSamples *m_samples = nullptr;
+    StrokeFontList *m_regularList = nullptr;
+    StrokeFontList *m_bigList = nullptr;
+    MeasureBox *m_heightBox = nullptr;
+    MeasureBox *m_widthBox = nullptr; ///< percent
+    MeasureBox *m_charSpacingBox = nullptr;
+    MeasureBox *m_lineSpacingBox = nullptr;
 };
 
 } // namespace studio

@@ -25,11 +25,11 @@ public:
     void setKind(FontType kind);
 
 private:
-    QComboBox *typeBox;
-    MeasureBox *spacingBox;
-    MeasureBox *angleBox;
-    QCheckBox *borderBox;
-    QLabel *hint;
+    QComboBox *m_typeBox;
+    MeasureBox *m_spacingBox;
+    MeasureBox *m_angleBox;
+    QCheckBox *m_borderBox;
+    QLabel *m_hint;
 };
 
 } // namespace studio

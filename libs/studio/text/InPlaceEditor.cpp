@@ -44,7 +44,7 @@ bool belongsToTyping(const QKeyEvent &event)
 } // namespace
 
 InPlaceEditor::InPlaceEditor(ZTGraphicsView &shownIn, ZTGraphicsTextItem &edited)
-    : QTextEdit(shownIn.viewport()), view(shownIn), item(&edited)
+    : QTextEdit(shownIn.viewport()), m_view(shownIn), m_item(&edited)
 {
     setObjectName(QStringLiteral("inPlaceEditor"));
     setAcceptRichText(false);
@@ -63,9 +63,9 @@ InPlaceEditor::InPlaceEditor(ZTGraphicsView &shownIn, ZTGraphicsTextItem &edited
     selectAll();
 
     connect(this, &QTextEdit::textChanged, this, &InPlaceEditor::showWords);
-    connect(view.horizontalScrollBar(), &QScrollBar::valueChanged, this, &InPlaceEditor::follow);
-    connect(view.verticalScrollBar(), &QScrollBar::valueChanged, this, &InPlaceEditor::follow);
-    connect(view.horizontalScrollBar(), &QScrollBar::rangeChanged, this, &InPlaceEditor::follow);
+    connect(m_view.horizontalScrollBar(), &QScrollBar::valueChanged, this, &InPlaceEditor::follow);
+    connect(m_view.verticalScrollBar(), &QScrollBar::valueChanged, this, &InPlaceEditor::follow);
+    connect(m_view.horizontalScrollBar(), &QScrollBar::rangeChanged, this, &InPlaceEditor::follow);
     connect(&edited, &ShapeItem::posChanged, this, &InPlaceEditor::follow);
     connect(&edited, &QObject::destroyed, this, &InPlaceEditor::giveUp);
     follow();
@@ -75,24 +75,24 @@ InPlaceEditor::InPlaceEditor(ZTGraphicsView &shownIn, ZTGraphicsTextItem &edited
 
 void InPlaceEditor::accept()
 {
-    if (isDone)
+    if (m_isDone)
         return;
-    isDone = true;
+    m_isDone = true;
     Q_EMIT accepted(toPlainText());
 }
 
 void InPlaceEditor::giveUp()
 {
-    if (isDone)
+    if (m_isDone)
         return;
-    isDone = true;
+    m_isDone = true;
     Q_EMIT givenUp();
 }
 
 void InPlaceEditor::showWords()
 {
-    if (item)
-        item->setText(toPlainText());
+    if (m_item)
+        m_item->setText(toPlainText());
     follow();
 }
 
@@ -127,9 +127,9 @@ void InPlaceEditor::focusOutEvent(QFocusEvent *event)
 
 void InPlaceEditor::follow()
 {
-    if (!item || isDone)
+    if (!m_item || m_isDone)
         return;
-    const double heightPx = sceneBox(*item).height() * view.getDisplayScale();
+    const double heightPx = sceneBox(*m_item).height() * m_view.getDisplayScale();
     const int lines = qMax(1, document()->blockCount());
     QFont shown = font();
     shown.setPixelSize(qBound(kSmallestFontPx, qRound(heightPx / lines), kLargestFontPx));
@@ -142,7 +142,7 @@ QSize InPlaceEditor::wantedSize() const
 {
     document()->adjustSize();
     const QSize words = document()->size().toSize();
-    const QSize room = view.viewport()->size();
+    const QSize room = m_view.viewport()->size();
     const int caret = fontMetrics().averageCharWidth();
     return {
         qBound(kLeastWidth, words.width() + caret + 2 * kLinePx, qMax(kLeastWidth, room.width())),
@@ -152,8 +152,8 @@ QSize InPlaceEditor::wantedSize() const
 /** Below the text; above it where there is no room; in any case in sight. */
 QPoint InPlaceEditor::wantedPlace(const QSize &size) const
 {
-    const QRect room = view.viewport()->rect();
-    const QRect box = view.mapFromScene(sceneBox(*item)).boundingRect();
+    const QRect room = m_view.viewport()->rect();
+    const QRect box = m_view.mapFromScene(sceneBox(*m_item)).boundingRect();
     QPoint place(box.left(), box.bottom() + kGap);
     if (place.y() + size.height() > room.bottom() && box.top() - kGap - size.height() >= 0)
         place.setY(box.top() - kGap - size.height());

@@ -26,7 +26,7 @@ public:
     InPlaceEditor(ZTGraphicsView &view, ZTGraphicsTextItem &item);
 
     /** The text that is being typed, or null when it has gone. */
-    ZTGraphicsTextItem *edited() const { return item; }
+    ZTGraphicsTextItem *edited() const { return m_item; }
 
     /** Takes the words as if the field were left. */
     void accept();
@@ -47,9 +47,9 @@ private:
     QSize wantedSize() const;
     QPoint wantedPlace(const QSize &size) const;
 
-    ZTGraphicsView &view;
-    QPointer<ZTGraphicsTextItem> item;
-    bool isDone = false;
+    ZTGraphicsView &m_view;
+    QPointer<ZTGraphicsTextItem> m_item;
+    bool m_isDone = false;
 };
 
 } // namespace studio

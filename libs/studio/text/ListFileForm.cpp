@@ -22,9 +22,10 @@ class ListFileForm final : public SegmentForm
 {
 public:
     explicit ListFileForm(QWidget *parent)
-        : SegmentForm(parent), pathEdit(new QLineEdit(this)), columnBox(new QSpinBox(this)),
-          separatorBox(new QComboBox(this)), encodingBox(new QComboBox(this)),
-          firstBox(new QSpinBox(this)), presentBox(new QSpinBox(this)), endBox(new QComboBox(this))
+        : SegmentForm(parent), m_pathEdit(new QLineEdit(this)), m_columnBox(new QSpinBox(this)),
+          m_separatorBox(new QComboBox(this)), m_encodingBox(new QComboBox(this)),
+          m_firstBox(new QSpinBox(this)), m_presentBox(new QSpinBox(this)),
+          m_endBox(new QComboBox(this))
     {
         fillChoices();
         layOut();
@@ -33,41 +34,42 @@ public:
 
     void showSegment(const Segment &segment) override
     {
-        rows = std::get<ZTTextFileSegment>(segment);
-        const QSignalBlocker blockers[] = {QSignalBlocker(pathEdit), QSignalBlocker(columnBox),
-                                           QSignalBlocker(firstBox), QSignalBlocker(presentBox)};
-        pathEdit->setText(rows.path);
-        columnBox->setValue(rows.column + 1);
-        chooseData(*separatorBox, QString(rows.separator), rows.separator);
-        chooseData(*encodingBox, rows.encoding, rows.encoding);
-        firstBox->setValue(rowNumber(rows.firstRow));
-        presentBox->setValue(rowNumber(qMax(rows.nextRow, rows.firstRow)));
-        endBox->setCurrentIndex(endBox->findData(int(rows.atEnd)));
-        separatorBox->setEnabled(rows.column >= 0);
+        m_rows = std::get<ZTTextFileSegment>(segment);
+        const QSignalBlocker blockers[] = {QSignalBlocker(m_pathEdit), QSignalBlocker(m_columnBox),
+                                           QSignalBlocker(m_firstBox),
+                                           QSignalBlocker(m_presentBox)};
+        m_pathEdit->setText(m_rows.path);
+        m_columnBox->setValue(m_rows.column + 1);
+        chooseData(*m_separatorBox, QString(m_rows.separator), m_rows.separator);
+        chooseData(*m_encodingBox, m_rows.encoding, m_rows.encoding);
+        m_firstBox->setValue(rowNumber(m_rows.firstRow));
+        m_presentBox->setValue(rowNumber(qMax(m_rows.nextRow, m_rows.firstRow)));
+        m_endBox->setCurrentIndex(m_endBox->findData(int(m_rows.atEnd)));
+        m_separatorBox->setEnabled(m_rows.column >= 0);
     }
 
-    Segment segment() const override { return rows; }
+    Segment segment() const override { return m_rows; }
 
 private:
     static int rowNumber(quint64 row) { return int(qMin<quint64>(row + 1, kMostRows)); }
 
     void fillChoices()
     {
-        columnBox->setRange(0, kMostColumns);
-        columnBox->setSpecialValueText(SegmentForm::tr("whole row"));
-        separatorBox->addItem(SegmentForm::tr("comma"), QChar(u','));
-        separatorBox->addItem(SegmentForm::tr("semicolon"), QChar(u';'));
-        separatorBox->addItem(SegmentForm::tr("tabulator"), QChar(u'\t'));
-        separatorBox->addItem(QStringLiteral("|"), QChar(u'|'));
-        encodingBox->addItem(QStringLiteral("UTF-8"), QString());
+        m_columnBox->setRange(0, kMostColumns);
+        m_columnBox->setSpecialValueText(SegmentForm::tr("whole row"));
+        m_separatorBox->addItem(SegmentForm::tr("comma"), QChar(u','));
+        m_separatorBox->addItem(SegmentForm::tr("semicolon"), QChar(u';'));
+        m_separatorBox->addItem(SegmentForm::tr("tabulator"), QChar(u'\t'));
+        m_separatorBox->addItem(QStringLiteral("|"), QChar(u'|'));
+        m_encodingBox->addItem(QStringLiteral("UTF-8"), QString());
         for (const char *name : {"GBK", "GB18030", "ISO-8859-1", "UTF-16"})
-            encodingBox->addItem(QString::fromLatin1(name), QString::fromLatin1(name));
-        firstBox->setRange(1, kMostRows);
-        presentBox->setRange(1, kMostRows);
-        endBox->addItem(SegmentForm::tr("shows the last row again"), int(ZTVariantTextEnd::Stop));
-        endBox->addItem(SegmentForm::tr("starts anew"), int(ZTVariantTextEnd::Wrap));
-        firstBox->setToolTip(SegmentForm::tr("Rows above this one are headings"));
-        presentBox->setToolTip(SegmentForm::tr("Row of the part that is marked now"));
+            m_encodingBox->addItem(QString::fromLatin1(name), QString::fromLatin1(name));
+        m_firstBox->setRange(1, kMostRows);
+        m_presentBox->setRange(1, kMostRows);
+        m_endBox->addItem(SegmentForm::tr("shows the last row again"), int(ZTVariantTextEnd::Stop));
+        m_endBox->addItem(SegmentForm::tr("starts anew"), int(ZTVariantTextEnd::Wrap));
+        m_firstBox->setToolTip(SegmentForm::tr("Rows above this one are headings"));
+        m_presentBox->setToolTip(SegmentForm::tr("Row of the part that is marked now"));
     }
 
     void layOut()
@@ -80,52 +82,52 @@ private:
         auto *pathRow = new QWidget(this);
         auto *pathLayout = new QHBoxLayout(pathRow);
         pathLayout->setContentsMargins(0, 0, 0, 0);
-        pathLayout->addWidget(pathEdit);
+        pathLayout->addWidget(m_pathEdit);
         pathLayout->addWidget(browse);
-        pathRow->setFocusProxy(pathEdit);
+        pathRow->setFocusProxy(m_pathEdit);
         auto *form = new QFormLayout(this);
         addRow(*form, SegmentForm::tr("F&ile"), pathRow, "listFile");
-        pathEdit->setObjectName(QStringLiteral("listPath"));
-        addRow(*form, SegmentForm::tr("&Column"), columnBox, "listColumn");
-        addRow(*form, SegmentForm::tr("&Separated by"), separatorBox, "listSeparator");
-        addRow(*form, SegmentForm::tr("&Encoding"), encodingBox, "listEncoding");
-        addRow(*form, SegmentForm::tr("First ro&w"), firstBox, "listFirst");
-        addRow(*form, SegmentForm::tr("This &part"), presentBox, "listPresent");
-        addRow(*form, SegmentForm::tr("&Behind it"), endBox, "listEnd");
+        m_pathEdit->setObjectName(QStringLiteral("listPath"));
+        addRow(*form, SegmentForm::tr("&Column"), m_columnBox, "listColumn");
+        addRow(*form, SegmentForm::tr("&Separated by"), m_separatorBox, "listSeparator");
+        addRow(*form, SegmentForm::tr("&Encoding"), m_encodingBox, "listEncoding");
+        addRow(*form, SegmentForm::tr("First ro&w"), m_firstBox, "listFirst");
+        addRow(*form, SegmentForm::tr("This &part"), m_presentBox, "listPresent");
+        addRow(*form, SegmentForm::tr("&Behind it"), m_endBox, "listEnd");
     }
 
     void connectAll()
     {
-        connect(pathEdit, &QLineEdit::textChanged, this, [this](const QString &path) {
-            rows.path = path;
+        connect(m_pathEdit, &QLineEdit::textChanged, this, [this](const QString &path) {
+            m_rows.path = path;
             Q_EMIT changed();
         });
         const auto edited = qOverload<int>(&QSpinBox::valueChanged);
-        connect(columnBox, edited, this, [this](int column) {
-            rows.column = column - 1;
-            separatorBox->setEnabled(rows.column >= 0);
+        connect(m_columnBox, edited, this, [this](int column) {
+            m_rows.column = column - 1;
+            m_separatorBox->setEnabled(m_rows.column >= 0);
             Q_EMIT changed();
         });
-        connect(firstBox, edited, this, [this](int row) {
-            rows.firstRow = quint64(row - 1);
-            rows.nextRow = rows.firstRow;
-            showSegment(rows);
+        connect(m_firstBox, edited, this, [this](int row) {
+            m_rows.firstRow = quint64(row - 1);
+            m_rows.nextRow = m_rows.firstRow;
+            showSegment(m_rows);
             Q_EMIT changed();
         });
-        connect(presentBox, edited, this, [this](int row) {
-            rows.nextRow = quint64(row - 1);
+        connect(m_presentBox, edited, this, [this](int row) {
+            m_rows.nextRow = quint64(row - 1);
             Q_EMIT changed();
         });
         const auto chosen = qOverload<int>(&QComboBox::activated);
-        for (QComboBox *box : {separatorBox, encodingBox, endBox})
+        for (QComboBox *box : {m_separatorBox, m_encodingBox, m_endBox})
             connect(box, chosen, this, &ListFileForm::takeChoices);
     }
 
     void takeChoices()
     {
-        rows.separator = separatorBox->currentData().toChar();
-        rows.encoding = encodingBox->currentData().toString();
-        rows.atEnd = ZTVariantTextEnd(endBox->currentData().toInt());
+        m_rows.separator = m_separatorBox->currentData().toChar();
+        m_rows.encoding = m_encodingBox->currentData().toString();
+        m_rows.atEnd = ZTVariantTextEnd(m_endBox->currentData().toInt());
         Q_EMIT changed();
     }
 
@@ -136,20 +138,20 @@ private:
         dialog->setFileMode(QFileDialog::ExistingFile);
         dialog->setNameFilters(
             {SegmentForm::tr("Lists (*.csv *.txt *.tsv)"), SegmentForm::tr("All files (*)")});
-        dialog->setDirectory(rows.path.isEmpty() ? QDir::homePath()
-                                                 : QFileInfo(rows.path).absolutePath());
-        connect(dialog, &QFileDialog::fileSelected, pathEdit, &QLineEdit::setText);
+        dialog->setDirectory(m_rows.path.isEmpty() ? QDir::homePath()
+                                                   : QFileInfo(m_rows.path).absolutePath());
+        connect(dialog, &QFileDialog::fileSelected, m_pathEdit, &QLineEdit::setText);
         dialog->open();
     }
 
-    ZTTextFileSegment rows;
-    QLineEdit *pathEdit;
-    QSpinBox *columnBox;
-    QComboBox *separatorBox;
-    QComboBox *encodingBox;
-    QSpinBox *firstBox;
-    QSpinBox *presentBox;
-    QComboBox *endBox;
+    ZTTextFileSegment m_rows;
+    QLineEdit *m_pathEdit;
+    QSpinBox *m_columnBox;
+    QComboBox *m_separatorBox;
+    QComboBox *m_encodingBox;
+    QSpinBox *m_firstBox;
+    QSpinBox *m_presentBox;
+    QComboBox *m_endBox;
 };
 
 } // namespace

@@ -17,11 +17,11 @@ MeasureBox::MeasureBox(const Range &range, const QString &suffix, QWidget *paren
 void MeasureBox::setMeasure(double number)
 {
     const QSignalBlocker quiet(this);
-    given = number;
+    m_given = number;
     setValue(number);
-    shown = value();
+    m_shown = value();
 }
 
-double MeasureBox::measure() const { return value() == shown ? given : value(); }
+double MeasureBox::measure() const { return value() == m_shown ? m_given : value(); }
 
 } // namespace studio

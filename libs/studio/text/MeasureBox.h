@@ -29,8 +29,8 @@ public:
     double measure() const;
 
 private:
-    double given = 0.0;
-    double shown = 0.0; ///< as the box shows what it was given
+    double m_given = 0.0;
+    double m_shown = 0.0; ///< as the box shows what it was given
 };
 
 } // namespace studio

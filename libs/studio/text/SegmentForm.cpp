@@ -14,24 +14,24 @@ constexpr int kNewCounterWidth = 4;
 class FixedTextForm final : public SegmentForm
 {
 public:
-    explicit FixedTextForm(QWidget *parent) : SegmentForm(parent), words(new QPlainTextEdit(this))
+    explicit FixedTextForm(QWidget *parent) : SegmentForm(parent), m_words(new QPlainTextEdit(this))
     {
         auto *form = new QFormLayout(this);
-        words->setTabChangesFocus(true);
-        addRow(*form, SegmentForm::tr("Te&xt"), words, "segmentText");
-        connect(words, &QPlainTextEdit::textChanged, this, &SegmentForm::changed);
+        m_words->setTabChangesFocus(true);
+        addRow(*form, SegmentForm::tr("Te&xt"), m_words, "segmentText");
+        connect(m_words, &QPlainTextEdit::textChanged, this, &SegmentForm::changed);
     }
 
     void showSegment(const Segment &segment) override
     {
-        const QSignalBlocker quiet(words);
-        words->setPlainText(std::get<ZTFixedTextSegment>(segment).text);
+        const QSignalBlocker quiet(m_words);
+        m_words->setPlainText(std::get<ZTFixedTextSegment>(segment).text);
     }
 
-    Segment segment() const override { return ZTFixedTextSegment{words->toPlainText()}; }
+    Segment segment() const override { return ZTFixedTextSegment{m_words->toPlainText()}; }
 
 private:
-    QPlainTextEdit *words;
+    QPlainTextEdit *m_words;
 };
 
 } // namespace

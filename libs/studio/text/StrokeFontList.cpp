@@ -21,7 +21,7 @@ class SampleDelegate final : public QStyledItemDelegate
 {
 public:
     SampleDelegate(StrokeSamples &shown, QObject *parent)
-        : QStyledItemDelegate(parent), samples(shown)
+        : QStyledItemDelegate(parent), m_samples(shown)
     {
     }
 
@@ -51,7 +51,7 @@ public:
         painter->setFont(option.font);
         painter->drawText(nameArea, Qt::AlignLeft | Qt::AlignVCenter,
                           option.fontMetrics.elidedText(name, Qt::ElideMiddle, nameArea.width()));
-        if (const QPainterPath *sample = samples.sample(name))
+        if (const QPainterPath *sample = m_samples.sample(name))
             drawSample(*painter, *sample, area.adjusted(0, nameArea.height(), 0, 0));
         painter->restore();
     }
@@ -77,15 +77,15 @@ private:
         painter.strokePath(sample, pen);
     }
 
-    StrokeSamples &samples;
+    StrokeSamples &m_samples;
 };
 
 } // namespace
 
 StrokeFontList::StrokeFontList(const QStringList &names, StrokeSamples &samples, QWidget *parent)
-    : QListView(parent), fonts(new QStringListModel(names, this))
+    : QListView(parent), m_fonts(new QStringListModel(names, this))
 {
-    setModel(fonts);
+    setModel(m_fonts);
     setItemDelegate(new SampleDelegate(samples, this));
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
@@ -98,9 +98,9 @@ QString StrokeFontList::chosen() const { return currentIndex().data().toString()
 
 void StrokeFontList::choose(const QString &name)
 {
-    isQuiet = true;
-    setCurrentIndex(fonts->index(fonts->stringList().indexOf(name)));
-    isQuiet = false;
+    m_isQuiet = true;
+    setCurrentIndex(m_fonts->index(m_fonts->stringList().indexOf(name)));
+    m_isQuiet = false;
 }
 
 QSize StrokeFontList::sizeHint() const
@@ -111,7 +111,7 @@ QSize StrokeFontList::sizeHint() const
 void StrokeFontList::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
     QListView::currentChanged(current, previous);
-    if (!isQuiet && current.isValid())
+    if (!m_isQuiet && current.isValid())
         Q_EMIT chosenByUser(current.data().toString());
 }
 

@@ -34,8 +34,8 @@ protected:
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
 
 private:
-    QStringListModel *fonts;
-    bool isQuiet = false;
+    QStringListModel *m_fonts;
+    bool m_isQuiet = false;
 };
 
 } // namespace studio

@@ -17,7 +17,7 @@ constexpr double kMostWidth = 4000.0;
 class StrokePath final : public ZTAbstractGlyphCallback
 {
 public:
-    void glBegin() override { isFirst = true; }
+    void glBegin() override { m_isFirst = true; }
     void glEnd() override {}
     void next() override {}
 
@@ -28,21 +28,21 @@ public:
             std::abs(y) > kMostWidth)
             return;
         const QPointF point(x, -y);
-        if (!isFirst) {
+        if (!m_isFirst) {
             // Not before there is a line: a move alone is no ink.
-            if (path.currentPosition() != last || path.isEmpty())
-                path.moveTo(last);
+            if (path.currentPosition() != m_last || path.isEmpty())
+                path.moveTo(m_last);
             path.lineTo(point);
         }
-        last = point;
-        isFirst = false;
+        m_last = point;
+        m_isFirst = false;
     }
 
     QPainterPath path;
 
 private:
-    QPointF last;
-    bool isFirst = true;
+    QPointF m_last;
+    bool m_isFirst = true;
 };
 
 /** Words that show what kind of letters a font has. */
@@ -58,29 +58,29 @@ QByteArray wordsFor(SHX_TYPE type)
 
 StrokeSamples::StrokeSamples(QObject *parent) : QObject(parent)
 {
-    idleTimer.setInterval(0);
-    connect(&idleTimer, &QTimer::timeout, this, &StrokeSamples::makeNext);
+    m_idleTimer.setInterval(0);
+    connect(&m_idleTimer, &QTimer::timeout, this, &StrokeSamples::makeNext);
 }
 
 const QPainterPath *StrokeSamples::sample(const QString &fontName)
 {
-    const auto found = made.constFind(fontName);
-    if (found != made.constEnd())
+    const auto found = m_made.constFind(fontName);
+    if (found != m_made.constEnd())
         return &*found;
-    wanted.removeOne(fontName);
-    wanted.append(fontName);
-    idleTimer.start();
+    m_wanted.removeOne(fontName);
+    m_wanted.append(fontName);
+    m_idleTimer.start();
     return nullptr;
 }
 
 void StrokeSamples::makeNext()
 {
-    if (wanted.isEmpty()) {
-        idleTimer.stop();
+    if (m_wanted.isEmpty()) {
+        m_idleTimer.stop();
         return;
     }
-    const QString fontName = wanted.takeLast();
-    made.insert(fontName, draw(hostkit::strokeFontFolder() + QLatin1Char('/') + fontName));
+    const QString fontName = m_wanted.takeLast();
+    m_made.insert(fontName, draw(hostkit::strokeFontFolder() + QLatin1Char('/') + fontName));
     Q_EMIT ready(fontName);
 }
 

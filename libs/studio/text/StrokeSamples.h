@@ -37,9 +37,9 @@ Q_SIGNALS:
 private:
     void makeNext();
 
-    QHash<QString, QPainterPath> made;
-    QStringList wanted; ///< the last is the next to be made
-    QTimer idleTimer;
+    QHash<QString, QPainterPath> m_made;
+    QStringList m_wanted; ///< the last is the next to be made
+    QTimer m_idleTimer;
 };
 
 } // namespace studio

@@ -6,33 +6,33 @@ namespace studio {
 
 TextCommand::TextCommand(ZTGraphicsTextItem *edited, TextState before, VariantText change,
                          const QString &text)
-    : QUndoCommand(text), item(edited), other(std::move(before)), variantText(change)
+    : QUndoCommand(text), m_item(edited), m_other(std::move(before)), m_variantText(change)
 {
 }
 
 void TextCommand::undo()
 {
     exchange();
-    isDone = false;
+    m_isDone = false;
 }
 
 void TextCommand::redo()
 {
-    if (!isDone)
+    if (!m_isDone)
         exchange();
-    isDone = true;
+    m_isDone = true;
 }
 
 void TextCommand::exchange()
 {
-    if (!item)
+    if (!m_item)
         return;
-    const TextState present(*item);
-    if (variantText == VariantText::Changed)
-        other.restore(*item);
+    const TextState present(*m_item);
+    if (m_variantText == VariantText::Changed)
+        m_other.restore(*m_item);
     else
-        other.restoreAtPresentPart(*item);
-    other = present;
+        m_other.restoreAtPresentPart(*m_item);
+    m_other = present;
 }
 
 } // namespace studio

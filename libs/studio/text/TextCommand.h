@@ -26,7 +26,7 @@ public:
                 const QString &text);
 
     /** The text that is edited, or null when it has gone. */
-    const ZTGraphicsTextItem *edited() const { return item; }
+    const ZTGraphicsTextItem *edited() const { return m_item; }
 
     void undo() override;
     void redo() override;
@@ -34,10 +34,10 @@ public:
 private:
     void exchange();
 
-    QPointer<ZTGraphicsTextItem> item;
-    TextState other; ///< the side of the edit that does not show now
-    VariantText variantText;
-    bool isDone = true;
+    QPointer<ZTGraphicsTextItem> m_item;
+    TextState m_other; ///< the side of the edit that does not show now
+    VariantText m_variantText;
+    bool m_isDone = true;
 };
 
 } // namespace studio

@@ -26,47 +26,48 @@ constexpr int kLeastFreePx = 100; ///< of the drawing beside the dialog
 } // namespace
 
 TextDialog::TextDialog(ZTGraphicsTextItem &edited, QUndoStack &undoStack, QWidget *parent)
-    : QDialog(parent), item(&edited), stack(undoStack), before(edited),
-      initial(TextSettings::of(edited)), tabs(new QTabWidget(this)), hatch(new HatchPage(initial))
+    : QDialog(parent), m_item(&edited), m_stack(undoStack), m_before(edited),
+      m_initial(TextSettings::of(edited)), m_tabs(new QTabWidget(this)),
+      m_hatch(new HatchPage(m_initial))
 {
     setObjectName(QStringLiteral("textDialog"));
     setWindowTitle(tr("Text"));
-    tabs->setObjectName(QStringLiteral("tabs"));
-    addPage(new WordsPage(initial), tr("&1 Words"));
-    addPage(new FontPage(initial), tr("&2 Font"));
-    addPage(new ArcPage(initial), tr("&3 Arc"));
-    addPage(hatch, tr("&4 Hatch"));
+    m_tabs->setObjectName(QStringLiteral("tabs"));
+    addPage(new WordsPage(m_initial), tr("&1 Words"));
+    addPage(new FontPage(m_initial), tr("&2 Font"));
+    addPage(new ArcPage(m_initial), tr("&3 Arc"));
+    addPage(m_hatch, tr("&4 Hatch"));
     auto *buttons =
         new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, Qt::Horizontal, this);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(tabs);
+    layout->addWidget(m_tabs);
     layout->addWidget(buttons);
 
-    previewTimer.setSingleShot(true);
-    previewTimer.setInterval(0);
-    connect(&previewTimer, &QTimer::timeout, this, &TextDialog::preview);
+    m_previewTimer.setSingleShot(true);
+    m_previewTimer.setInterval(0);
+    connect(&m_previewTimer, &QTimer::timeout, this, &TextDialog::preview);
     connect(&edited, &QObject::destroyed, this, &QDialog::reject);
 }
 
 TextDialog::~TextDialog()
 {
-    if (!isFinished)
+    if (!m_isFinished)
         giveBack();
 }
 
 void TextDialog::addPage(TextPage *page, const QString &title)
 {
-    pages.append(page);
-    tabs->addTab(page, title);
-    connect(page, &TextPage::changed, &previewTimer, qOverload<>(&QTimer::start));
+    m_pages.append(page);
+    m_tabs->addTab(page, title);
+    connect(page, &TextPage::changed, &m_previewTimer, qOverload<>(&QTimer::start));
 }
 
 TextSettings TextDialog::wanted() const
 {
-    TextSettings settings = initial;
-    for (const TextPage *page : pages)
+    TextSettings settings = m_initial;
+    for (const TextPage *page : m_pages)
         page->read(settings);
     return settings;
 }
@@ -74,22 +75,22 @@ TextSettings TextDialog::wanted() const
 // From the state before each time, so that going there and back ends exactly where it began.
 void TextDialog::preview()
 {
-    if (!item)
+    if (!m_item)
         return;
-    before.restore(*item);
+    m_before.restore(*m_item);
     const TextSettings settings = wanted();
-    settings.applyTo(*item);
-    hatch->setKind(settings.kind);
+    settings.applyTo(*m_item);
+    m_hatch->setKind(settings.kind);
     bringIntoSight();
 }
 
 void TextDialog::done(int result)
 {
-    if (!isFinished) {
-        isFinished = true;
-        previewTimer.stop();
-        if (item && item->scene() != nullptr)
-            scroll(-scrolledPx);
+    if (!m_isFinished) {
+        m_isFinished = true;
+        m_previewTimer.stop();
+        if (m_item && m_item->scene() != nullptr)
+            scroll(-m_scrolledPx);
         if (result == Accepted)
             take();
         else
@@ -100,40 +101,40 @@ void TextDialog::done(int result)
 
 void TextDialog::take()
 {
-    if (!item)
+    if (!m_item)
         return;
     TextSettings settings = wanted();
-    const bool isNewVariant = settings.variantText != initial.variantText;
+    const bool isNewVariant = settings.variantText != m_initial.variantText;
     if (isNewVariant)
         settings.variantText.update(); // makes the present part
-    before.restore(*item);
-    settings.applyTo(*item);
-    if (TextState(*item) == before)
+    m_before.restore(*m_item);
+    settings.applyTo(*m_item);
+    if (TextState(*m_item) == m_before)
         return;
-    const bool changesVariant = isNewVariant || settings.isVariant != initial.isVariant;
-    stack.push(new TextCommand(item, before,
-                               changesVariant ? TextCommand::VariantText::Changed
-                                              : TextCommand::VariantText::Kept,
-                               undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Change text"))));
+    const bool changesVariant = isNewVariant || settings.isVariant != m_initial.isVariant;
+    m_stack.push(new TextCommand(m_item, m_before,
+                                 changesVariant ? TextCommand::VariantText::Changed
+                                                : TextCommand::VariantText::Kept,
+                                 undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Change text"))));
 }
 
 void TextDialog::giveBack()
 {
-    if (item && TextState(*item) != before)
-        before.restore(*item);
+    if (m_item && TextState(*m_item) != m_before)
+        m_before.restore(*m_item);
 }
 
 void TextDialog::showEvent(QShowEvent *event)
 {
     QDialog::showEvent(event);
-    if (!event->spontaneous() && item)
+    if (!event->spontaneous() && m_item)
         moveAside();
 }
 
 /** At the side of the window where the dialog leaves more of the drawing free. */
 void TextDialog::moveAside()
 {
-    const QWidget &canvas = *item->scene()->views().first()->viewport();
+    const QWidget &canvas = *m_item->scene()->views().first()->viewport();
     const QRect drawing(canvas.mapToGlobal(QPoint()), canvas.size());
     const QRect window = canvas.window()->frameGeometry();
     const QRect room = screen()->availableGeometry().adjusted(0, 0, -kMargin, -kMargin);
@@ -148,7 +149,7 @@ void TextDialog::moveAside()
     QRect besideLeft = drawing;
     besideLeft.setLeft(left.right());
     const bool isRight = besideRight.width() >= besideLeft.width();
-    freePlace = isRight ? besideRight : besideLeft;
+    m_freePlace = isRight ? besideRight : besideLeft;
     move((isRight ? right : left).topLeft());
     bringIntoSight();
 }
@@ -156,8 +157,8 @@ void TextDialog::moveAside()
 /** Frame: pixels of the screen. */
 QRect TextDialog::textPlace() const
 {
-    const QGraphicsView &view = *item->scene()->views().first();
-    const QRect seen = view.mapFromScene(sceneBox(*item)).boundingRect();
+    const QGraphicsView &view = *m_item->scene()->views().first();
+    const QRect seen = view.mapFromScene(sceneBox(*m_item)).boundingRect();
     return {view.viewport()->mapToGlobal(seen.topLeft()), seen.size()};
 }
 
@@ -165,17 +166,17 @@ QRect TextDialog::textPlace() const
 void TextDialog::bringIntoSight()
 {
     const QRect text = textPlace();
-    if (freePlace.width() < kLeastFreePx ||
-        (text.left() >= freePlace.left() && text.right() <= freePlace.right()))
+    if (m_freePlace.width() < kLeastFreePx ||
+        (text.left() >= m_freePlace.left() && text.right() <= m_freePlace.right()))
         return;
-    const int byPx = text.center().x() - freePlace.center().x();
-    scrolledPx += byPx;
+    const int byPx = text.center().x() - m_freePlace.center().x();
+    m_scrolledPx += byPx;
     scroll(byPx);
 }
 
 void TextDialog::scroll(int byPx)
 {
-    QScrollBar &bar = *item->scene()->views().first()->horizontalScrollBar();
+    QScrollBar &bar = *m_item->scene()->views().first()->horizontalScrollBar();
     bar.setValue(bar.value() + byPx);
 }
 

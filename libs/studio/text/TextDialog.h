@@ -46,17 +46,17 @@ private:
     void bringIntoSight();
     void scroll(int byPx);
 
-    QPointer<ZTGraphicsTextItem> item;
-    QUndoStack &stack;
-    const TextState before;
-    const TextSettings initial;
-    QTabWidget *tabs;
-    QVector<TextPage *> pages;
-    HatchPage *hatch;
-    QTimer previewTimer; ///< gathers changes that come together
-    QRect freePlace;     ///< the drawing beside the dialog; pixels of the screen
-    int scrolledPx = 0;  ///< by which the drawing was moved to show its text there
-    bool isFinished = false;
+    QPointer<ZTGraphicsTextItem> m_item;
+    QUndoStack &m_stack;
+    const TextState m_before;
+    const TextSettings m_initial;
+    QTabWidget *m_tabs;
+    QVector<TextPage *> m_pages;
+    HatchPage *m_hatch;
+    QTimer m_previewTimer; ///< gathers changes that come together
+    QRect m_freePlace;     ///< the drawing beside the dialog; pixels of the screen
+    int m_scrolledPx = 0;  ///< by which the drawing was moved to show its text there
+    bool m_isFinished = false;
 };
 
 } // namespace studio

@@ -15,25 +15,25 @@
 namespace studio {
 
 TextTools::TextTools(ZTGraphicsDocument &edited, Messages &told, QWidget &over)
-    : QObject(&over), document(edited), messages(told), window(over)
+    : QObject(&over), m_document(edited), m_messages(told), m_window(over)
 {
-    connect(document.view(), &ZTGraphicsView::sigOnItemDouble, this, &TextTools::open);
-    connect(document.itemMag(), &ZTShapeManager::sigAddedShape, this, [this](ShapeItem *item) {
+    connect(m_document.view(), &ZTGraphicsView::sigOnItemDouble, this, &TextTools::open);
+    connect(m_document.itemMag(), &ZTShapeManager::sigAddedShape, this, [this](ShapeItem *item) {
         if (auto *text = qobject_cast<ZTGraphicsTextItem *>(item))
             type(*text);
     });
-    connect(document.undoStack(), &QUndoStack::indexChanged, this, &TextTools::followStack);
+    connect(m_document.undoStack(), &QUndoStack::indexChanged, this, &TextTools::followStack);
 }
 
 TextTools::~TextTools()
 {
     closeEditor();
-    delete dialog;
+    delete m_dialog;
 }
 
 ZTGraphicsTextItem *TextTools::selectedText() const
 {
-    const QList<QGraphicsItem *> selected = document.scene()->selectedItems();
+    const QList<QGraphicsItem *> selected = m_document.scene()->selectedItems();
     return selected.size() == 1 ? dynamic_cast<ZTGraphicsTextItem *>(selected.first()) : nullptr;
 }
 
@@ -62,12 +62,12 @@ void TextTools::showDialog()
 void TextTools::type(ZTGraphicsTextItem &item)
 {
     finishTyping();
-    editor = new InPlaceEditor(*document.view(), item);
+    m_editor = new InPlaceEditor(*m_document.view(), item);
     const TextState before(item);
-    connect(editor, &InPlaceEditor::accepted, this,
+    connect(m_editor, &InPlaceEditor::accepted, this,
             [this, before](const QString &words) { take(words, before); });
-    connect(editor, &InPlaceEditor::givenUp, this, [this, before] {
-        if (ZTGraphicsTextItem *text = editor->edited())
+    connect(m_editor, &InPlaceEditor::givenUp, this, [this, before] {
+        if (ZTGraphicsTextItem *text = m_editor->edited())
             before.restore(*text);
         closeEditor();
     });
@@ -75,22 +75,22 @@ void TextTools::type(ZTGraphicsTextItem &item)
 
 void TextTools::take(const QString &words, const TextState &before)
 {
-    ZTGraphicsTextItem *item = editor->edited();
+    ZTGraphicsTextItem *item = m_editor->edited();
     closeEditor();
     if (item == nullptr)
         return;
     before.restore(*item);
     if (words.trimmed().isEmpty()) {
         // Nobody would find it again on the drawing.
-        document.undoStack()->push(
-            new DeleteItemsCommand(document.itemMag(), {item},
+        m_document.undoStack()->push(
+            new DeleteItemsCommand(m_document.itemMag(), {item},
                                    undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Delete"))));
         return;
     }
     if (words == item->getFixedText())
         return;
     item->setFixedText(words);
-    document.undoStack()->push(
+    m_document.undoStack()->push(
         new TextCommand(item, before, TextCommand::VariantText::Kept,
                         undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Type text"))));
 }
@@ -98,42 +98,42 @@ void TextTools::take(const QString &words, const TextState &before)
 // Later, because the field is often what is just telling of something.
 void TextTools::closeEditor()
 {
-    if (!editor)
+    if (!m_editor)
         return;
-    InPlaceEditor *closing = editor;
-    editor.clear();
+    InPlaceEditor *closing = m_editor;
+    m_editor.clear();
     closing->disconnect(this);
     const bool hadFocus = closing->hasFocus();
     closing->hide();
     closing->deleteLater();
     if (hadFocus)
-        document.view()->setFocus();
+        m_document.view()->setFocus();
 }
 
 void TextTools::finishTyping()
 {
-    if (editor)
-        editor->accept();
+    if (m_editor)
+        m_editor->accept();
 }
 
 void TextTools::showDialogFor(ZTGraphicsTextItem &item)
 {
     finishTyping();
-    delete dialog;
-    dialog = new TextDialog(item, *document.undoStack(), &window);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->open();
+    delete m_dialog;
+    m_dialog = new TextDialog(item, *m_document.undoStack(), &m_window);
+    m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+    m_dialog->open();
 }
 
 /** The tree keeps the words that a text had when it came in; copies come in before their words. */
 void TextTools::followStack()
 {
     QSet<const ShapeItem *> texts;
-    for (QGraphicsItem *selected : document.scene()->selectedItems()) {
+    for (QGraphicsItem *selected : m_document.scene()->selectedItems()) {
         if (auto *text = dynamic_cast<ZTGraphicsTextItem *>(selected))
             texts.insert(text);
     }
-    const QUndoStack &stack = *document.undoStack();
+    const QUndoStack &stack = *m_document.undoStack();
     for (const int step : {stack.index() - 1, stack.index()}) {
         if (const auto *command = dynamic_cast<const TextCommand *>(stack.command(step)))
             texts.insert(command->edited());
@@ -144,7 +144,7 @@ void TextTools::followStack()
 
 void TextTools::showInTree(const QSet<const ShapeItem *> &texts)
 {
-    QAbstractItemModel &rows = *document.itemMag()->itemModel();
+    QAbstractItemModel &rows = *m_document.itemMag()->itemModel();
     for (int row = 0; row < rows.rowCount(); ++row) {
         const QModelIndex cell = rows.index(row, 1);
         const auto *item = cell.data(ZTItemModel::kItemRole).value<ShapeItem *>();
@@ -155,9 +155,9 @@ void TextTools::showInTree(const QSet<const ShapeItem *> &texts)
 
 void TextTools::nextPart()
 {
-    const ShapeItems all = shapeItemsOf(*document.scene());
+    const ShapeItems all = shapeItemsOf(*m_document.scene());
     const NextPart part = [&] {
-        const FramePause pause(*document.scene());
+        const FramePause pause(*m_document.scene());
         return NextPart::make(all);
     }();
     if (part.texts.isEmpty()) {
@@ -168,12 +168,12 @@ void TextTools::nextPart()
     Q_EMIT partChanged();
     Q_EMIT told(tr("Next part: %1").arg(part.texts.join(QStringLiteral(", "))));
     if (!part.errors.isEmpty())
-        messages.failure({tr("A variant text is not complete."),
-                          tr("Mend the list file or the text, then go to the next part."),
-                          part.errors});
+        m_messages.failure({tr("A variant text is not complete."),
+                            tr("Mend the list file or the text, then go to the next part."),
+                            part.errors});
     else if (!part.usedUp.isEmpty())
-        messages.warning({tr("A variant text is used up: its last value shows once more."),
-                          tr("Give it new values before another part is marked."), part.usedUp});
+        m_messages.warning({tr("A variant text is used up: its last value shows once more."),
+                            tr("Give it new values before another part is marked."), part.usedUp});
 }
 
 } // namespace studio

@@ -62,11 +62,11 @@ private:
     void followStack();
     void showInTree(const QSet<const ZTAbstractGraphicsItem *> &texts);
 
-    ZTGraphicsDocument &document;
-    Messages &messages;
-    QWidget &window;
-    QPointer<InPlaceEditor> editor;
-    QPointer<TextDialog> dialog;
+    ZTGraphicsDocument &m_document;
+    Messages &m_messages;
+    QWidget &m_window;
+    QPointer<InPlaceEditor> m_editor;
+    QPointer<TextDialog> m_dialog;
 };
 
 } // namespace studio

@@ -33,27 +33,27 @@ QListWidget *newList(const char *name, int lines, QWidget *parent)
 
 } // namespace
 
-VariantPanel::VariantPanel(QWidget *parent) : QWidget(parent), forms(new QStackedWidget(this))
+VariantPanel::VariantPanel(QWidget *parent) : QWidget(parent), m_forms(new QStackedWidget(this))
 {
     auto *left = new QVBoxLayout;
     buildList(*left);
     buildPreview(*left);
-    forms->addWidget(new QWidget(forms));
-    for (SegmentForm *form : newSegmentForms(forms)) {
-        forms->addWidget(form);
+    m_forms->addWidget(new QWidget(m_forms));
+    for (SegmentForm *form : newSegmentForms(m_forms)) {
+        m_forms->addWidget(form);
         connect(form, &SegmentForm::changed, this, [this, form] { edit(*form); });
     }
     auto *upper = new QHBoxLayout;
     upper->addLayout(left, 2);
-    upper->addWidget(forms, 3);
-    problem = new QLabel(this);
-    problem->setObjectName(QStringLiteral("variantProblem"));
-    problem->setTextFormat(Qt::PlainText);
-    problem->setWordWrap(true);
+    upper->addWidget(m_forms, 3);
+    m_problem = new QLabel(this);
+    m_problem->setObjectName(QStringLiteral("variantProblem"));
+    m_problem->setTextFormat(Qt::PlainText);
+    m_problem->setWordWrap(true);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(upper, 1);
-    layout->addWidget(problem);
+    layout->addWidget(m_problem);
     showSegments({});
 }
 
@@ -68,67 +68,68 @@ QToolButton *VariantPanel::newButton(const char *name, const QString &text, cons
 
 void VariantPanel::buildList(QVBoxLayout &layout)
 {
-    list = newList("segments", kListLines, this);
-    connect(list, &QListWidget::currentRowChanged, this, &VariantPanel::showChosen);
+    m_list = newList("segments", kListLines, this);
+    connect(m_list, &QListWidget::currentRowChanged, this, &VariantPanel::showChosen);
 
-    addButton = newButton("addSegment", tr("&Add"), tr("Add a segment at the end"));
-    addButton->setPopupMode(QToolButton::InstantPopup);
-    auto *kinds = new QMenu(addButton);
+    m_addButton = newButton("addSegment", tr("&Add"), tr("Add a segment at the end"));
+    m_addButton->setPopupMode(QToolButton::InstantPopup);
+    auto *kinds = new QMenu(m_addButton);
     const QString texts[] = {tr("&Text"), tr("&Counter"), tr("&Date and time"), tr("&List file")};
     for (int kind = 0; kind < 4; ++kind)
         connect(kinds->addAction(texts[kind]), &QAction::triggered, this,
                 [this, kind] { add(kind); });
-    addButton->setMenu(kinds);
-    removeButton = newButton("removeSegment", tr("&Remove"), tr("Remove the chosen segment"));
-    connect(removeButton, &QToolButton::clicked, this, &VariantPanel::removeChosen);
-    upButton = newButton("segmentUp", QStringLiteral("↑"), tr("Move the chosen segment up"));
-    connect(upButton, &QToolButton::clicked, this, [this] { moveChosen(-1); });
-    downButton = newButton("segmentDown", QStringLiteral("↓"), tr("Move the chosen segment down"));
-    connect(downButton, &QToolButton::clicked, this, [this] { moveChosen(1); });
+    m_addButton->setMenu(kinds);
+    m_removeButton = newButton("removeSegment", tr("&Remove"), tr("Remove the chosen segment"));
+    connect(m_removeButton, &QToolButton::clicked, this, &VariantPanel::removeChosen);
+    m_upButton = newButton("segmentUp", QStringLiteral("↑"), tr("Move the chosen segment up"));
+    connect(m_upButton, &QToolButton::clicked, this, [this] { moveChosen(-1); });
+    m_downButton =
+        newButton("segmentDown", QStringLiteral("↓"), tr("Move the chosen segment down"));
+    connect(m_downButton, &QToolButton::clicked, this, [this] { moveChosen(1); });
 
     auto *buttons = new QHBoxLayout;
-    for (QToolButton *button : {addButton, removeButton, upButton, downButton})
+    for (QToolButton *button : {m_addButton, m_removeButton, m_upButton, m_downButton})
         buttons->addWidget(button);
     buttons->addStretch(1);
     layout.addWidget(new QLabel(tr("Segments, strung together"), this));
-    layout.addWidget(list);
+    layout.addWidget(m_list);
     layout.addLayout(buttons);
 }
 
 void VariantPanel::buildPreview(QVBoxLayout &layout)
 {
-    preview = newList("preview", kPreviewParts, this);
-    preview->setSelectionMode(QAbstractItemView::NoSelection);
-    preview->setFocusPolicy(Qt::NoFocus);
+    m_preview = newList("preview", kPreviewParts, this);
+    m_preview->setSelectionMode(QAbstractItemView::NoSelection);
+    m_preview->setFocusPolicy(Qt::NoFocus);
     layout.addWidget(new QLabel(tr("This part and the next ones"), this));
-    layout.addWidget(preview);
+    layout.addWidget(m_preview);
 }
 
 void VariantPanel::showSegments(const Segments &segments)
 {
-    parts = segments;
+    m_parts = segments;
     fillList(0);
     showPreview();
 }
 
 void VariantPanel::showProblem(const QString &errorText)
 {
-    const bool lacksFile = std::any_of(parts.begin(), parts.end(), [](const Segment &segment) {
+    const bool lacksFile = std::any_of(m_parts.begin(), m_parts.end(), [](const Segment &segment) {
         const auto *rows = std::get_if<ZTTextFileSegment>(&segment);
         return rows != nullptr && rows->path.isEmpty();
     });
-    problem->setText(lacksFile ? tr("Choose a list file.") : errorText);
-    problem->setVisible(!problem->text().isEmpty());
+    m_problem->setText(lacksFile ? tr("Choose a list file.") : errorText);
+    m_problem->setVisible(!m_problem->text().isEmpty());
 }
 
-int VariantPanel::chosen() const { return list->currentRow(); }
+int VariantPanel::chosen() const { return m_list->currentRow(); }
 
 void VariantPanel::add(int kind)
 {
-    if (parts.size() >= ZTVariantText::kMaxSegments)
+    if (m_parts.size() >= ZTVariantText::kMaxSegments)
         return;
-    parts.append(newSegment(kind));
-    fillList(parts.size() - 1);
+    m_parts.append(newSegment(kind));
+    fillList(m_parts.size() - 1);
     showPreview();
     Q_EMIT changed();
 }
@@ -138,8 +139,8 @@ void VariantPanel::removeChosen()
     const int row = chosen();
     if (row < 0)
         return;
-    parts.remove(row);
-    fillList(qMin(row, parts.size() - 1));
+    m_parts.remove(row);
+    fillList(qMin(row, m_parts.size() - 1));
     showPreview();
     Q_EMIT changed();
 }
@@ -148,9 +149,9 @@ void VariantPanel::moveChosen(int by)
 {
     const int row = chosen();
     const int to = row + by;
-    if (row < 0 || to < 0 || to >= parts.size())
+    if (row < 0 || to < 0 || to >= m_parts.size())
         return;
-    parts.move(row, to);
+    m_parts.move(row, to);
     fillList(to);
     showPreview();
     Q_EMIT changed();
@@ -161,8 +162,8 @@ void VariantPanel::edit(const SegmentForm &form)
     const int row = chosen();
     if (row < 0)
         return;
-    parts[row] = form.segment();
-    list->item(row)->setText(describe(parts[row]));
+    m_parts[row] = form.segment();
+    m_list->item(row)->setText(describe(m_parts[row]));
     showPreview();
     Q_EMIT changed();
 }
@@ -170,11 +171,11 @@ void VariantPanel::edit(const SegmentForm &form)
 void VariantPanel::fillList(int row)
 {
     {
-        const QSignalBlocker quiet(list);
-        list->clear();
-        for (const Segment &segment : qAsConst(parts))
-            list->addItem(describe(segment));
-        list->setCurrentRow(row);
+        const QSignalBlocker quiet(m_list);
+        m_list->clear();
+        for (const Segment &segment : qAsConst(m_parts))
+            m_list->addItem(describe(segment));
+        m_list->setCurrentRow(row);
     }
     showChosen();
 }
@@ -182,29 +183,29 @@ void VariantPanel::fillList(int row)
 void VariantPanel::showChosen()
 {
     const int row = chosen();
-    removeButton->setEnabled(row >= 0);
-    upButton->setEnabled(row > 0);
-    downButton->setEnabled(row >= 0 && row + 1 < parts.size());
-    addButton->setEnabled(parts.size() < ZTVariantText::kMaxSegments);
+    m_removeButton->setEnabled(row >= 0);
+    m_upButton->setEnabled(row > 0);
+    m_downButton->setEnabled(row >= 0 && row + 1 < m_parts.size());
+    m_addButton->setEnabled(m_parts.size() < ZTVariantText::kMaxSegments);
     if (row < 0) {
-        forms->setCurrentIndex(0);
+        m_forms->setCurrentIndex(0);
         return;
     }
-    forms->setCurrentIndex(1 + int(parts[row].index()));
-    static_cast<SegmentForm *>(forms->currentWidget())->showSegment(parts[row]);
+    m_forms->setCurrentIndex(1 + int(m_parts[row].index()));
+    static_cast<SegmentForm *>(m_forms->currentWidget())->showSegment(m_parts[row]);
 }
 
 void VariantPanel::showPreview()
 {
-    const ZTVariantText text = variantTextOf(parts);
-    preview->clear();
-    const QStringList values = parts.isEmpty() ? QStringList() : text.preview(kPreviewParts);
+    const ZTVariantText text = variantTextOf(m_parts);
+    m_preview->clear();
+    const QStringList values = m_parts.isEmpty() ? QStringList() : text.preview(kPreviewParts);
     for (const QString &value : values)
-        preview->addItem(onOneLine(value));
+        m_preview->addItem(onOneLine(value));
     if (!values.isEmpty()) {
-        QFont ofThisPart = preview->font();
+        QFont ofThisPart = m_preview->font();
         ofThisPart.setBold(true);
-        preview->item(0)->setFont(ofThisPart);
+        m_preview->item(0)->setFont(ofThisPart);
     }
     showProblem(text.errorText());
 }

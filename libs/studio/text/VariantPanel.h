@@ -29,7 +29,7 @@ public:
 
     /** Shows segments as they were before the present part, without telling. */
     void showSegments(const Segments &segments);
-    const Segments &segments() const { return parts; }
+    const Segments &segments() const { return m_parts; }
 
 Q_SIGNALS:
     void changed(); ///< by the user
@@ -48,15 +48,15 @@ private:
     void showProblem(const QString &errorText);
     int chosen() const;
 
-    Segments parts;
-    QListWidget *list = nullptr;
-    QToolButton *addButton = nullptr;
-    QToolButton *removeButton = nullptr;
-    QToolButton *upButton = nullptr;
-    QToolButton *downButton = nullptr;
-    QStackedWidget *forms = nullptr; ///< by kind of segment, behind an empty one
-    QListWidget *preview = nullptr;
-    QLabel *problem = nullptr;
+    Segments m_parts;
+    QListWidget *m_list = nullptr;
+    QToolButton *m_addButton = nullptr;
+    QToolButton *m_removeButton = nullptr;
+    QToolButton *m_upButton = nullptr;
+    QToolButton *m_downButton = nullptr;
+    QStackedWidget *m_forms = nullptr; ///< by kind of segment, behind an empty one
+    QListWidget *m_preview = nullptr;
+    QLabel *m_problem = nullptr;
 };
 
 } // namespace studio

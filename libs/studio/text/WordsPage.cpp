@@ -10,48 +10,49 @@
 namespace studio {
 
 WordsPage::WordsPage(const TextSettings &settings, QWidget *parent)
-    : TextPage(parent), fixedButton(new QRadioButton(tr("&Fixed text"), this)),
-      variantButton(new QRadioButton(tr("&Variant text, another for each part"), this)),
-      words(new QPlainTextEdit(settings.fixedText, this)), panel(new VariantPanel(this)),
-      kinds(new QStackedWidget(this))
+    : TextPage(parent), m_fixedButton(new QRadioButton(tr("&Fixed text"), this)),
+      m_variantButton(new QRadioButton(tr("&Variant text, another for each part"), this)),
+      m_words(new QPlainTextEdit(settings.fixedText, this)), m_panel(new VariantPanel(this)),
+      m_kinds(new QStackedWidget(this))
 {
-    fixedButton->setObjectName(QStringLiteral("fixedText"));
-    variantButton->setObjectName(QStringLiteral("variantText"));
-    words->setObjectName(QStringLiteral("words"));
-    words->setTabChangesFocus(true);
-    kinds->addWidget(words);
-    kinds->addWidget(panel);
-    panel->showSegments(beforePresentPart(settings.variantText.getSegments()));
-    (settings.isVariant ? variantButton : fixedButton)->setChecked(true);
+    m_fixedButton->setObjectName(QStringLiteral("fixedText"));
+    m_variantButton->setObjectName(QStringLiteral("variantText"));
+    m_words->setObjectName(QStringLiteral("words"));
+    m_words->setTabChangesFocus(true);
+    m_kinds->addWidget(m_words);
+    m_kinds->addWidget(m_panel);
+    m_panel->showSegments(beforePresentPart(settings.variantText.getSegments()));
+    (settings.isVariant ? m_variantButton : m_fixedButton)->setChecked(true);
 
     auto *choice = new QHBoxLayout;
-    choice->addWidget(fixedButton);
-    choice->addWidget(variantButton);
+    choice->addWidget(m_fixedButton);
+    choice->addWidget(m_variantButton);
     choice->addStretch(1);
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(choice);
-    layout->addWidget(kinds, 1);
+    layout->addWidget(m_kinds, 1);
     showKind();
 
-    connect(variantButton, &QRadioButton::toggled, this, &WordsPage::switchKind);
-    connect(words, &QPlainTextEdit::textChanged, this, &TextPage::changed);
-    connect(panel, &VariantPanel::changed, this, [this] {
-        isVariantEdited = true;
+    connect(m_variantButton, &QRadioButton::toggled, this, &WordsPage::switchKind);
+    connect(m_words, &QPlainTextEdit::textChanged, this, &TextPage::changed);
+    connect(m_panel, &VariantPanel::changed, this, [this] {
+        m_isVariantEdited = true;
         Q_EMIT changed();
     });
 }
 
 void WordsPage::showKind()
 {
-    kinds->setCurrentWidget(variantButton->isChecked() ? static_cast<QWidget *>(panel) : words);
+    m_kinds->setCurrentWidget(m_variantButton->isChecked() ? static_cast<QWidget *>(m_panel)
+                                                           : m_words);
 }
 
 void WordsPage::switchKind()
 {
     // The typed text is what composing starts from.
-    if (variantButton->isChecked() && panel->segments().isEmpty()) {
-        panel->showSegments({ZTFixedTextSegment{words->toPlainText()}});
-        isVariantEdited = true;
+    if (m_variantButton->isChecked() && m_panel->segments().isEmpty()) {
+        m_panel->showSegments({ZTFixedTextSegment{m_words->toPlainText()}});
+        m_isVariantEdited = true;
     }
     showKind();
     Q_EMIT changed();
@@ -59,10 +60,10 @@ void WordsPage::switchKind()
 
 void WordsPage::read(TextSettings &settings) const
 {
-    settings.fixedText = words->toPlainText();
-    settings.isVariant = variantButton->isChecked();
-    if (isVariantEdited)
-        settings.variantText = variantTextOf(panel->segments());
+    settings.fixedText = m_words->toPlainText();
+    settings.isVariant = m_variantButton->isChecked();
+    if (m_isVariantEdited)
+        settings.variantText = variantTextOf(m_panel->segments());
 }
 
 } // namespace studio

@@ -25,12 +25,12 @@ private:
     void showKind();
     void switchKind();
 
-    QRadioButton *fixedButton;
-    QRadioButton *variantButton;
-    QPlainTextEdit *words;
-    VariantPanel *panel;
-    QStackedWidget *kinds;
-    bool isVariantEdited = false;
+    QRadioButton *m_fixedButton;
+    QRadioButton *m_variantButton;
+    QPlainTextEdit *m_words;
+    VariantPanel *m_panel;
+    QStackedWidget *m_kinds;
+    bool m_isVariantEdited = false;
 };
 
 } // namespace studio

@@ -106,7 +106,7 @@ class Cleaner
 {
 public:
     Cleaner(const CleanOptions &cleanOptions, CleanReport *cleanReport, int layerCount)
-        : options(cleanOptions), report(cleanReport), layers(layerCount)
+        : m_options(cleanOptions), m_report(cleanReport), m_layers(layerCount)
     {
     }
 
@@ -127,15 +127,15 @@ public:
             }
         }
         layer->shapes = shapes;
-        const bool isDone = !options.order || order(layer);
-        ++layersDone;
+        const bool isDone = !m_options.order || order(layer);
+        ++m_layersDone;
         return isDone;
     }
 
 private:
     bool isCancelled(double partOfLayer) const
     {
-        return options.progress && !options.progress((layersDone + partOfLayer) / layers);
+        return m_options.progress && !m_options.progress((m_layersDone + partOfLayer) / m_layers);
     }
 
     bool cleanGroup(Group *group)
@@ -144,33 +144,33 @@ private:
         JoinFigures joins;
         if (isCancelled(0.0))
             return false;
-        if (options.dropZeroLength)
+        if (m_options.dropZeroLength)
             group->lines = withoutZeroLength(group->lines, 0.0, &doubles);
-        if (options.dropDoubles)
-            group->lines = withoutDoubles(group->lines, options.sameMm, &doubles);
+        if (m_options.dropDoubles)
+            group->lines = withoutDoubles(group->lines, m_options.sameMm, &doubles);
         if (isCancelled(0.3))
             return false;
-        if (options.joinMm >= 0.0)
-            group->lines = joinedPaths(group->lines, options.joinMm, &joins);
+        if (m_options.joinMm >= 0.0)
+            group->lines = joinedPaths(group->lines, m_options.joinMm, &joins);
         if (isCancelled(0.5))
             return false;
-        if (options.simplifyMm > 0.0)
+        if (m_options.simplifyMm > 0.0)
             changePaths(group, [&](const VectorPath &path) {
-                return simplifiedPath(path, options.simplifyMm);
+                return simplifiedPath(path, m_options.simplifyMm);
             });
-        if (options.fitArcsMm > 0.0)
+        if (m_options.fitArcsMm > 0.0)
             changePaths(group, [&](const VectorPath &path) {
-                return arcFittedPath(path, options.fitArcsMm);
+                return arcFittedPath(path, m_options.fitArcsMm);
             });
         if (isCancelled(0.6))
             return false;
-        if (options.weld)
-            weld(group, options);
-        report->zeroLength += doubles.zeroLength;
-        report->doubled += doubles.doubled;
-        report->doubledMm += doubles.doubledMm;
-        report->joined += joins.joined;
-        report->closed += joins.closed;
+        if (m_options.weld)
+            weld(group, m_options);
+        m_report->zeroLength += doubles.zeroLength;
+        m_report->doubled += doubles.doubled;
+        m_report->doubledMm += doubles.doubledMm;
+        m_report->joined += joins.joined;
+        m_report->closed += joins.closed;
         return true;
     }
 
@@ -202,10 +202,10 @@ private:
         return true;
     }
 
-    const CleanOptions &options; ///< borrowed from the caller
-    CleanReport *report;         ///< borrowed from the caller
-    int layers;
-    int layersDone = 0;
+    const CleanOptions &m_options; ///< borrowed from the caller
+    CleanReport *m_report;         ///< borrowed from the caller
+    int m_layers;
+    int m_layersDone = 0;
 };
 
 } // namespace

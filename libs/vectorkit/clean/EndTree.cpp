@@ -13,14 +13,14 @@ double coordinate(const QPointF &point, int depth)
 
 } // namespace
 
-EndTree::EndTree(const std::vector<QPointF> &places) : positions(places.size())
+EndTree::EndTree(const std::vector<QPointF> &places) : m_positions(places.size())
 {
-    nodes.reserve(places.size());
+    m_nodes.reserve(places.size());
     for (std::size_t i = 0; i < places.size(); ++i)
-        nodes.push_back({places[i], static_cast<int>(i), 0, false});
-    build(0, static_cast<int>(nodes.size()), 0);
-    for (std::size_t i = 0; i < nodes.size(); ++i)
-        positions[static_cast<std::size_t>(nodes[i].point)] = static_cast<int>(i);
+        m_nodes.push_back({places[i], static_cast<int>(i), 0, false});
+    build(0, static_cast<int>(m_nodes.size()), 0);
+    for (std::size_t i = 0; i < m_nodes.size(); ++i)
+        m_positions[static_cast<std::size_t>(m_nodes[i].point)] = static_cast<int>(i);
 }
 
 void EndTree::build(int low, int high, int depth)
@@ -28,7 +28,7 @@ void EndTree::build(int low, int high, int depth)
     if (high - low < 2)
         return;
     const int middle = low + (high - low) / 2;
-    std::nth_element(nodes.begin() + low, nodes.begin() + middle, nodes.begin() + high,
+    std::nth_element(m_nodes.begin() + low, m_nodes.begin() + middle, m_nodes.begin() + high,
                      [depth](const Node &a, const Node &b) {
                          const double left = coordinate(a.place, depth);
                          const double right = coordinate(b.place, depth);
@@ -40,16 +40,16 @@ void EndTree::build(int low, int high, int depth)
 
 void EndTree::setOn(int point, bool on)
 {
-    const int wanted = positions[static_cast<std::size_t>(point)];
-    Node &changed = nodes[static_cast<std::size_t>(wanted)];
+    const int wanted = m_positions[static_cast<std::size_t>(point)];
+    Node &changed = m_nodes[static_cast<std::size_t>(wanted)];
     if (changed.isOn == on)
         return;
     changed.isOn = on;
     int low = 0;
-    int high = static_cast<int>(nodes.size());
+    int high = static_cast<int>(m_nodes.size());
     while (low < high) {
         const int middle = low + (high - low) / 2;
-        nodes[static_cast<std::size_t>(middle)].on += on ? 1 : -1;
+        m_nodes[static_cast<std::size_t>(middle)].on += on ? 1 : -1;
         if (middle == wanted)
             break;
         if (wanted < middle)
@@ -62,7 +62,7 @@ void EndTree::setOn(int point, bool on)
 int EndTree::nearest(const QPointF &place) const
 {
     Search found{place, -1, 0.0};
-    search(0, static_cast<int>(nodes.size()), 0, &found);
+    search(0, static_cast<int>(m_nodes.size()), 0, &found);
     return found.best;
 }
 
@@ -71,7 +71,7 @@ void EndTree::search(int low, int high, int depth, Search *found) const
     if (low >= high)
         return;
     const int middle = low + (high - low) / 2;
-    const Node &node = nodes[static_cast<std::size_t>(middle)];
+    const Node &node = m_nodes[static_cast<std::size_t>(middle)];
     if (node.on == 0)
         return;
     if (node.isOn) {

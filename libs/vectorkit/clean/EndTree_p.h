@@ -35,8 +35,8 @@ private:
     void build(int low, int high, int depth);
     void search(int low, int high, int depth, Search *search) const;
 
-    std::vector<Node> nodes;    ///< each part's middle is its root
-    std::vector<int> positions; ///< of each point among the nodes
+    std::vector<Node> m_nodes;    ///< each part's middle is its root
+    std::vector<int> m_positions; ///< of each point among the nodes
 };
 
 } // namespace vectorkit

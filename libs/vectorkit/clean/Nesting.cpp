@@ -17,24 +17,24 @@ class Outline
 {
 public:
     explicit Outline(const VectorPath &path)
-        : polygon(path.flattened(0.01)), box(polygon.boundingRect())
+        : m_polygon(path.flattened(0.01)), m_box(m_polygon.boundingRect())
     {
-        const int edges = polygon.size() - 1;
-        strips.resize(static_cast<std::size_t>(std::clamp(edges / 4, 1, 65536)));
+        const int edges = m_polygon.size() - 1;
+        m_strips.resize(static_cast<std::size_t>(std::clamp(edges / 4, 1, 65536)));
         for (int i = 0; i < edges; ++i) {
-            const double a = polygon[i].y();
-            const double b = polygon[i + 1].y();
+            const double a = m_polygon[i].y();
+            const double b = m_polygon[i + 1].y();
             for (int strip = stripOf(std::min(a, b)); strip <= stripOf(std::max(a, b)); ++strip)
-                strips[static_cast<std::size_t>(strip)].push_back(i);
+                m_strips[static_cast<std::size_t>(strip)].push_back(i);
         }
     }
 
     bool contains(const QPointF &point) const
     {
         bool isInside = false;
-        for (const int i : strips[static_cast<std::size_t>(stripOf(point.y()))]) {
-            const QPointF &a = polygon[i];
-            const QPointF &b = polygon[i + 1];
+        for (const int i : m_strips[static_cast<std::size_t>(stripOf(point.y()))]) {
+            const QPointF &a = m_polygon[i];
+            const QPointF &b = m_polygon[i + 1];
             if ((a.y() > point.y()) == (b.y() > point.y()))
                 continue;
             const double x = a.x() + (point.y() - a.y()) / (b.y() - a.y()) * (b.x() - a.x());
@@ -47,14 +47,14 @@ public:
 private:
     int stripOf(double y) const
     {
-        const double part = box.height() > 0.0 ? (y - box.top()) / box.height() : 0.0;
-        const double last = double(strips.size()) - 1.0;
-        return static_cast<int>(std::clamp(part * double(strips.size()), 0.0, last));
+        const double part = m_box.height() > 0.0 ? (y - m_box.top()) / m_box.height() : 0.0;
+        const double last = double(m_strips.size()) - 1.0;
+        return static_cast<int>(std::clamp(part * double(m_strips.size()), 0.0, last));
     }
 
-    QPolygonF polygon;
-    QRectF box;
-    std::vector<std::vector<int>> strips;
+    QPolygonF m_polygon;
+    QRectF m_box;
+    std::vector<std::vector<int>> m_strips;
 };
 
 bool holds(const QRectF &outer, const QRectF &inner)
@@ -67,17 +67,17 @@ bool holds(const QRectF &outer, const QRectF &inner)
 class BoxLevels
 {
 public:
-    explicit BoxLevels(std::size_t count) : table(count * 4, 1.0) {}
+    explicit BoxLevels(std::size_t count) : m_table(count * 4, 1.0) {}
 
     void insert(const QRectF &box, int index)
     {
         const int level = levelOf(box);
-        isUsed[level + kOffset] = true;
+        m_isUsed[level + kOffset] = true;
         const GridCell low = cellOf(box.topLeft(), level);
         const GridCell high = cellOf(box.bottomRight(), level);
         for (qint64 column = low.column; column <= high.column; ++column) {
             for (qint64 row = low.row; row <= high.row; ++row)
-                table.insert(keyed({column, row}, level), index);
+                m_table.insert(keyed({column, row}, level), index);
         }
     }
 
@@ -85,8 +85,8 @@ public:
     void forPoint(const QPointF &point, Visit visit) const
     {
         for (int level = -kOffset; level < kOffset; ++level) {
-            if (isUsed[level + kOffset])
-                table.forCell(keyed(cellOf(point, level), level), visit);
+            if (m_isUsed[level + kOffset])
+                m_table.forCell(keyed(cellOf(point, level), level), visit);
         }
     }
 
@@ -111,8 +111,8 @@ private:
         return {cell.column * 128 + level + kOffset, cell.row};
     }
 
-    CellTable table;
-    bool isUsed[2 * kOffset] = {};
+    CellTable m_table;
+    bool m_isUsed[2 * kOffset] = {};
 };
 
 } // namespace

@@ -68,17 +68,17 @@ class LineSieve
 {
 public:
     LineSieve(std::vector<Piece> allLines, double withinMm)
-        : lines(std::move(allLines)), within(withinMm), left(lines.size()),
-          cells(lines.size() * 3, cellFor(lines, withinMm)), lastSeen(lines.size(), -1)
+        : m_lines(std::move(allLines)), m_within(withinMm), m_left(m_lines.size()),
+          m_cells(m_lines.size() * 3, cellFor(m_lines, withinMm)), m_lastSeen(m_lines.size(), -1)
     {
     }
 
     void run(DoubleFigures *figures)
     {
-        std::vector<double> lengths(lines.size());
-        std::vector<int> order(lines.size());
-        for (std::size_t i = 0; i < lines.size(); ++i) {
-            lengths[i] = distance(lines[i].from, lines[i].to);
+        std::vector<double> lengths(m_lines.size());
+        std::vector<int> order(m_lines.size());
+        for (std::size_t i = 0; i < m_lines.size(); ++i) {
+            lengths[i] = distance(m_lines[i].from, m_lines[i].to);
             order[i] = static_cast<int>(i);
         }
         std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
@@ -88,7 +88,7 @@ public:
             sieve(index, lengths[static_cast<std::size_t>(index)], figures);
     }
 
-    const std::vector<Part> &leftOf(std::size_t line) const { return left[line]; }
+    const std::vector<Part> &leftOf(std::size_t line) const { return m_left[line]; }
 
 private:
     /** The mean length, so that a line lies in few cells and a cell holds few lines. */
@@ -108,11 +108,11 @@ private:
     void forCellsOf(const Piece &line, double length, Visit visit) const
     {
         const int steps =
-            static_cast<int>(std::min(std::ceil(length / (cells.cellMm() * kStride)), 1e6));
+            static_cast<int>(std::min(std::ceil(length / (m_cells.cellMm() * kStride)), 1e6));
         GridCell last{0, 0};
         for (int step = 0; step <= steps; ++step) {
-            const GridCell cell = cells.cellOf(line.from + (line.to - line.from) *
-                                                               (double(step) / std::max(steps, 1)));
+            const GridCell cell = m_cells.cellOf(
+                line.from + (line.to - line.from) * (double(step) / std::max(steps, 1)));
             if (step == 0 || cell.column != last.column || cell.row != last.row)
                 visit(cell);
             last = cell;
@@ -134,31 +134,31 @@ private:
             std::swap(off1, off2);
         }
         // Ends that stand over by less than the tolerance count as level.
-        const double from = t1 <= within ? 0.0 : t1;
-        const double to = t2 >= length - within ? length : t2;
-        if (to - from <= within || t2 - t1 <= 0.0)
+        const double from = t1 <= m_within ? 0.0 : t1;
+        const double to = t2 >= length - m_within ? length : t2;
+        if (to - from <= m_within || t2 - t1 <= 0.0)
             return {0.0, 0.0};
         const auto offAt = [&](double t) {
             const double place = std::clamp(t, t1, t2);
             return std::abs(off1 + (off2 - off1) * (place - t1) / (t2 - t1));
         };
-        if (offAt(from) > within || offAt(to) > within)
+        if (offAt(from) > m_within || offAt(to) > m_within)
             return {0.0, 0.0};
         return {from / length, to / length};
     }
 
     void sieve(int index, double length, DoubleFigures *figures)
     {
-        const Piece &line = lines[static_cast<std::size_t>(index)];
+        const Piece &line = m_lines[static_cast<std::size_t>(index)];
         std::vector<Part> covered;
-        if (length > within) {
+        if (length > m_within) {
             forCellsOf(line, length, [&](const GridCell &cell) {
-                cells.forCellsAround(cell, [&](int other) {
-                    if (lastSeen[static_cast<std::size_t>(other)] == index)
+                m_cells.forCellsAround(cell, [&](int other) {
+                    if (m_lastSeen[static_cast<std::size_t>(other)] == index)
                         return;
-                    lastSeen[static_cast<std::size_t>(other)] = index;
+                    m_lastSeen[static_cast<std::size_t>(other)] = index;
                     const Part part =
-                        coveredPart(line, length, lines[static_cast<std::size_t>(other)]);
+                        coveredPart(line, length, m_lines[static_cast<std::size_t>(other)]);
                     if (part.to > part.from)
                         covered.push_back(part);
                 });
@@ -173,15 +173,15 @@ private:
             ++figures->doubled;
             figures->doubledMm += length - restMm;
         }
-        left[static_cast<std::size_t>(index)] = std::move(rest);
-        forCellsOf(line, length, [&](const GridCell &cell) { cells.insert(cell, index); });
+        m_left[static_cast<std::size_t>(index)] = std::move(rest);
+        forCellsOf(line, length, [&](const GridCell &cell) { m_cells.insert(cell, index); });
     }
 
-    std::vector<Piece> lines;
-    double within;
-    std::vector<std::vector<Part>> left;
-    CellTable cells;
-    std::vector<int> lastSeen;
+    std::vector<Piece> m_lines;
+    double m_within;
+    std::vector<std::vector<Part>> m_left;
+    CellTable m_cells;
+    std::vector<int> m_lastSeen;
 };
 
 /** Curves that were met before, either way round. */
@@ -189,7 +189,7 @@ class CurveSieve
 {
 public:
     CurveSieve(std::size_t count, double withinMm)
-        : within(withinMm), cells(count, std::max(withinMm * 2.0, 1e-6))
+        : m_within(withinMm), m_cells(count, std::max(withinMm * 2.0, 1e-6))
     {
     }
 
@@ -197,13 +197,13 @@ public:
     {
         const Seen seen = seenOf(curve);
         bool found = false;
-        const GridCell cell = cells.cellOf(seen.key);
-        cells.forCellsAround(
-            cell, [&](int index) { found = found || isSame(known[std::size_t(index)], seen); });
+        const GridCell cell = m_cells.cellOf(seen.key);
+        m_cells.forCellsAround(
+            cell, [&](int index) { found = found || isSame(m_known[std::size_t(index)], seen); });
         if (found)
             return true;
-        cells.insert(cell, static_cast<int>(known.size()));
-        known.push_back(seen);
+        m_cells.insert(cell, static_cast<int>(m_known.size()));
+        m_known.push_back(seen);
         return false;
     }
 
@@ -242,12 +242,12 @@ private:
     bool isSame(const Seen &a, const Seen &b) const
     {
         const auto isNear = [&](const QPointF &p, const QPointF &q) {
-            return distance(p, q) <= within;
+            return distance(p, q) <= m_within;
         };
         if (a.isCircle != b.isCircle || !isNear(a.key, b.key))
             return false;
         if (a.isCircle)
-            return std::abs(a.radius - b.radius) <= within;
+            return std::abs(a.radius - b.radius) <= m_within;
         const auto isSameWith = [&](int first) {
             return isNear(a.ends[0], b.ends[first]) && isNear(a.ends[1], b.ends[1 - first]) &&
                    isNear(a.quarters[0], b.quarters[first]) &&
@@ -256,61 +256,61 @@ private:
         return isSameWith(0) || isSameWith(1);
     }
 
-    double within;
-    CellTable cells;
-    std::vector<Seen> known;
+    double m_within;
+    CellTable m_cells;
+    std::vector<Seen> m_known;
 };
 
 /** Collects runs of what is kept of one path. */
 class Runs
 {
 public:
-    explicit Runs(QVector<VectorPath> *collected) : target(collected) {}
+    explicit Runs(QVector<VectorPath> *collected) : m_target(collected) {}
 
     void begin(bool isClosed)
     {
-        first = target->size();
-        isWhole = isClosed;
-        isRunning = false;
+        m_first = m_target->size();
+        m_isWhole = isClosed;
+        m_isRunning = false;
     }
 
     void add(const Piece &piece)
     {
-        if (!isRunning)
-            run = VectorPath(piece.from);
-        isRunning = true;
-        append(&run, piece);
+        if (!m_isRunning)
+            m_run = VectorPath(piece.from);
+        m_isRunning = true;
+        append(&m_run, piece);
     }
 
     void breakRun()
     {
-        if (isRunning)
-            target->append(run);
-        isRunning = false;
-        isWhole = false;
+        if (m_isRunning)
+            m_target->append(m_run);
+        m_isRunning = false;
+        m_isWhole = false;
     }
 
     /** `startsWhole`: the path's first piece is kept from its beginning. */
     void end(bool wasClosed, bool startsWhole)
     {
-        if (isRunning && isWhole && wasClosed) {
-            run.close();
-            target->append(run);
-        } else if (isRunning && wasClosed && startsWhole && target->size() > first) {
-            run.append((*target)[first]); // over the start of the outline
-            (*target)[first] = run;
-        } else if (isRunning) {
-            target->append(run);
+        if (m_isRunning && m_isWhole && wasClosed) {
+            m_run.close();
+            m_target->append(m_run);
+        } else if (m_isRunning && wasClosed && startsWhole && m_target->size() > m_first) {
+            m_run.append((*m_target)[m_first]); // over the start of the outline
+            (*m_target)[m_first] = m_run;
+        } else if (m_isRunning) {
+            m_target->append(m_run);
         }
-        isRunning = false;
+        m_isRunning = false;
     }
 
 private:
-    QVector<VectorPath> *target; ///< borrowed from the caller
-    int first = 0;
-    VectorPath run;
-    bool isRunning = false;
-    bool isWhole = false;
+    QVector<VectorPath> *m_target; ///< borrowed from the caller
+    int m_first = 0;
+    VectorPath m_run;
+    bool m_isRunning = false;
+    bool m_isWhole = false;
 };
 
 } // namespace

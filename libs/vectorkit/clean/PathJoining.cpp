@@ -19,26 +19,26 @@ class Joiner
 {
 public:
     Joiner(const QVector<VectorPath> &paths, double withinMm)
-        : runs(paths), within(withinMm),
-          ends(static_cast<std::size_t>(paths.size()) * 2, std::max(withinMm, 1e-6)),
-          isUsed(static_cast<std::size_t>(paths.size()), false)
+        : m_runs(paths), m_within(withinMm),
+          m_ends(static_cast<std::size_t>(paths.size()) * 2, std::max(withinMm, 1e-6)),
+          m_isUsed(static_cast<std::size_t>(paths.size()), false)
     {
-        for (int i = 0; i < runs.size(); ++i) {
-            if (runs[i].isEmpty() || runs[i].isClosed())
+        for (int i = 0; i < m_runs.size(); ++i) {
+            if (m_runs[i].isEmpty() || m_runs[i].isClosed())
                 continue;
-            ends.insert(ends.cellOf(runs[i].start()), i * 2);
-            ends.insert(ends.cellOf(runs[i].end()), i * 2 + 1);
+            m_ends.insert(m_ends.cellOf(m_runs[i].start()), i * 2);
+            m_ends.insert(m_ends.cellOf(m_runs[i].end()), i * 2 + 1);
         }
     }
 
     QVector<VectorPath> join(JoinFigures *figures)
     {
         QVector<VectorPath> joined;
-        for (int i = 0; i < runs.size(); ++i) {
-            if (isUsed[static_cast<std::size_t>(i)] || runs[i].isEmpty())
+        for (int i = 0; i < m_runs.size(); ++i) {
+            if (m_isUsed[static_cast<std::size_t>(i)] || m_runs[i].isEmpty())
                 continue;
-            isUsed[static_cast<std::size_t>(i)] = true;
-            joined.append(runs[i].isClosed() ? runs[i] : chainFrom(i, figures));
+            m_isUsed[static_cast<std::size_t>(i)] = true;
+            joined.append(m_runs[i].isClosed() ? m_runs[i] : chainFrom(i, figures));
         }
         return joined;
     }
@@ -48,11 +48,11 @@ private:
     int nearestEnd(const QPointF &point) const
     {
         int nearest = -1;
-        double least = within;
-        ends.forCellsAround(ends.cellOf(point), [&](int end) {
-            if (isUsed[static_cast<std::size_t>(end / 2)])
+        double least = m_within;
+        m_ends.forCellsAround(m_ends.cellOf(point), [&](int end) {
+            if (m_isUsed[static_cast<std::size_t>(end / 2)])
                 return;
-            const VectorPath &run = runs[end / 2];
+            const VectorPath &run = m_runs[end / 2];
             const double gap = distance(end % 2 == 0 ? run.start() : run.end(), point);
             if (gap < least || (gap == least && (nearest < 0 || end < nearest))) {
                 nearest = end;
@@ -75,11 +75,12 @@ private:
         for (;;) {
             const int end = nearestEnd(chain->end());
             const double gapToStart = distance(chain->start(), chain->end());
-            const double gap = end < 0 ? 0.0
-                                       : distance(chain->end(), end % 2 == 0 ? runs[end / 2].start()
-                                                                             : runs[end / 2].end());
-            if ((end < 0 || gapToStart <= gap) && gapToStart <= within &&
-                canClose(*chain, gapToStart, within)) {
+            const double gap = end < 0
+                                   ? 0.0
+                                   : distance(chain->end(), end % 2 == 0 ? m_runs[end / 2].start()
+                                                                         : m_runs[end / 2].end());
+            if ((end < 0 || gapToStart <= gap) && gapToStart <= m_within &&
+                canClose(*chain, gapToStart, m_within)) {
                 if (gapToStart > 0.0)
                     chain->setEnd(chain->start());
                 chain->close();
@@ -88,8 +89,8 @@ private:
             }
             if (end < 0)
                 return false;
-            isUsed[static_cast<std::size_t>(end / 2)] = true;
-            const VectorPath next = end % 2 == 0 ? runs[end / 2] : runs[end / 2].reversed();
+            m_isUsed[static_cast<std::size_t>(end / 2)] = true;
+            const VectorPath next = end % 2 == 0 ? m_runs[end / 2] : m_runs[end / 2].reversed();
             if (gap > 0.0)
                 chain->setEnd(next.start());
             chain->append(next);
@@ -99,7 +100,7 @@ private:
 
     VectorPath chainFrom(int first, JoinFigures *figures)
     {
-        VectorPath chain = runs[first];
+        VectorPath chain = m_runs[first];
         if (grow(&chain, figures))
             return chain;
         VectorPath back = chain.reversed();
@@ -108,10 +109,10 @@ private:
         return isClosed || back.pieceCount() != before ? back.reversed() : chain;
     }
 
-    const QVector<VectorPath> &runs;
-    double within;
-    CellTable ends;
-    std::vector<bool> isUsed;
+    const QVector<VectorPath> &m_runs;
+    double m_within;
+    CellTable m_ends;
+    std::vector<bool> m_isUsed;
 };
 
 } // namespace

@@ -32,35 +32,35 @@ class CellTable
 {
 public:
     /** `count` is how many entries are expected, `cellMm` the side of a cell, greater than 0. */
-    CellTable(std::size_t count, double cellMm) : cell(cellMm)
+    CellTable(std::size_t count, double cellMm) : m_cell(cellMm)
     {
         std::size_t size = 16;
         while (size < count * 2)
             size *= 2;
-        heads.assign(size, -1);
-        entries.reserve(count);
+        m_heads.assign(size, -1);
+        m_entries.reserve(count);
     }
 
     GridCell cellOf(const QPointF &point) const
     {
-        return {static_cast<qint64>(std::floor(point.x() / cell)),
-                static_cast<qint64>(std::floor(point.y() / cell))};
+        return {static_cast<qint64>(std::floor(point.x() / m_cell)),
+                static_cast<qint64>(std::floor(point.y() / m_cell))};
     }
 
     void insert(const GridCell &place, int value)
     {
-        int &head = heads[place.hash() & (heads.size() - 1)];
-        entries.push_back({value, head});
-        head = static_cast<int>(entries.size()) - 1;
+        int &head = m_heads[place.hash() & (m_heads.size() - 1)];
+        m_entries.push_back({value, head});
+        head = static_cast<int>(m_entries.size()) - 1;
     }
 
     /** Calls `visit(value)` for the entries of a cell, and perhaps for some of others. */
     template <class Visit>
     void forCell(const GridCell &place, Visit visit) const
     {
-        for (int at = heads[place.hash() & (heads.size() - 1)]; at >= 0;
-             at = entries[static_cast<std::size_t>(at)].next)
-            visit(entries[static_cast<std::size_t>(at)].value);
+        for (int at = m_heads[place.hash() & (m_heads.size() - 1)]; at >= 0;
+             at = m_entries[static_cast<std::size_t>(at)].next)
+            visit(m_entries[static_cast<std::size_t>(at)].value);
     }
 
     /** The same for a cell and the eight around it. */
@@ -73,7 +73,7 @@ public:
         }
     }
 
-    double cellMm() const { return cell; }
+    double cellMm() const { return m_cell; }
 
 private:
     struct Entry
@@ -81,9 +81,9 @@ private:
         int value;
         int next;
     };
-    double cell;
-    std::vector<int> heads;
-    std::vector<Entry> entries;
+    double m_cell;
+    std::vector<int> m_heads;
+    std::vector<Entry> m_entries;
 };
 
 } // namespace vectorkit

@@ -69,14 +69,15 @@ double scaleOf(const Frame &frame)
 }
 
 EntityReader::EntityReader(const File &from, const ReadOptions &how, VectorDrawing *to)
-    : read(from), options(how), drawing(to), layers(from.layers), layerByKey(from.layerIndex)
+    : m_read(from), m_options(how), m_drawing(to), m_layers(from.layers),
+      m_layerByKey(from.layerIndex)
 {
-    for (const LayerEntry &layer : layers) {
+    for (const LayerEntry &layer : m_layers) {
         VectorLayer added;
         added.name = layer.name;
         added.color = layer.color.trueColor.isValid() ? layer.color.trueColor
                                                       : indexedColor(layer.color.index);
-        drawing->layers.append(added);
+        m_drawing->layers.append(added);
     }
 }
 
@@ -96,19 +97,19 @@ EntityReader::Draw EntityReader::drawerOf(std::string_view type)
 bool EntityReader::isWithin()
 {
     constexpr int kEvery = 1024;
-    if (drawn % kEvery == 0 && options.progress && !cancelled)
-        cancelled = !options.progress(read.tags.doneShare());
+    if (m_drawn % kEvery == 0 && m_options.progress && !m_cancelled)
+        m_cancelled = !m_options.progress(m_read.tags.doneShare());
     // Copies of blocks without a single line take time as well.
-    tooLarge = tooLarge || pieces > options.mostPieces || drawn > options.mostPieces;
-    return !tooLarge && !cancelled;
+    m_tooLarge = m_tooLarge || m_pieces > m_options.mostPieces || m_drawn > m_options.mostPieces;
+    return !m_tooLarge && !m_cancelled;
 }
 
 bool EntityReader::add(const Record &entity, const Setting &setting)
 {
-    ++drawn;
-    ++entities;
+    ++m_drawn;
+    ++m_entities;
     if (!setting.isInBlock)
-        record = &entity;
+        m_record = &entity;
     if (entity.isDamaged) {
         noteDamage(entity);
         return isWithin();
@@ -122,44 +123,45 @@ bool EntityReader::add(const Record &entity, const Setting &setting)
         return addPicture(entity, setting);
     const Draw draw = drawerOf(entity.type);
     if (draw) {
-        current = lookOf(entity, setting);
+        m_current = lookOf(entity, setting);
         if (draw(entity, setting.sheet, this) == Outcome::Damaged)
             noteDamage(entity);
     } else {
         const QString name = QString::fromLatin1(
             entity.type.data(), static_cast<int>(std::min<std::size_t>(entity.type.size(), 40)));
-        drawing->note(VectorNote::Kind::Left,
-                      QCoreApplication::translate("vectorkit", "entities of the kind %1").arg(name),
-                      read.tags.where(entity.position));
+        m_drawing->note(
+            VectorNote::Kind::Left,
+            QCoreApplication::translate("vectorkit", "entities of the kind %1").arg(name),
+            m_read.tags.where(entity.position));
     }
     return isWithin();
 }
 
 void EntityReader::noteDamage(const Record &entity)
 {
-    ++damaged;
+    ++m_damaged;
     const QString name = QString::fromLatin1(
         entity.type.data(), static_cast<int>(std::min<std::size_t>(entity.type.size(), 40)));
-    drawing->note(
+    m_drawing->note(
         VectorNote::Kind::Damaged,
         QCoreApplication::translate("vectorkit", "%1 with a value that is missing or wrong")
             .arg(name),
-        read.tags.where(entity.position));
+        m_read.tags.where(entity.position));
 }
 
 void EntityReader::note(VectorNote::Kind kind, const char *what)
 {
-    drawing->note(kind, QCoreApplication::translate("vectorkit", what),
-                  read.tags.where(record ? record->position : 0));
+    m_drawing->note(kind, QCoreApplication::translate("vectorkit", what),
+                    m_read.tags.where(m_record ? m_record->position : 0));
 }
 
 bool EntityReader::isShown(const Record &entity, const Setting &setting, bool isInsert)
 {
     const int own = layerOf(entity.text(8));
     const bool isOfInsert =
-        setting.isInBlock && layers[static_cast<std::size_t>(own)].name == QLatin1String("0");
+        setting.isInBlock && m_layers[static_cast<std::size_t>(own)].name == QLatin1String("0");
     const LayerEntry &layer =
-        layers[static_cast<std::size_t>(isOfInsert ? setting.look.layer : own)];
+        m_layers[static_cast<std::size_t>(isOfInsert ? setting.look.layer : own)];
     if (!setting.isInBlock && entity.integer(67, 0) == 1) {
         if (entity.type != "VIEWPORT") // every sheet has one
             note(VectorNote::Kind::Left,
@@ -181,25 +183,25 @@ bool EntityReader::isShown(const Record &entity, const Setting &setting, bool is
 int EntityReader::layerOf(std::string_view name)
 {
     const QByteArray bytes = QByteArray::fromRawData(name.data(), static_cast<int>(name.size()));
-    const auto known = layerByName.constFind(bytes);
-    if (known != layerByName.constEnd())
+    const auto known = m_layerByName.constFind(bytes);
+    if (known != m_layerByName.constEnd())
         return *known;
-    QString decoded = read.decoder.decode(trimmed(name));
+    QString decoded = m_read.decoder.decode(trimmed(name));
     if (decoded.isEmpty())
         decoded = QStringLiteral("0");
     const QString key = decoded.toUpper();
-    auto found = layerByKey.constFind(key);
-    if (found == layerByKey.constEnd()) {
-        found = layerByKey.insert(key, static_cast<int>(layers.size()));
+    auto found = m_layerByKey.constFind(key);
+    if (found == m_layerByKey.constEnd()) {
+        found = m_layerByKey.insert(key, static_cast<int>(m_layers.size()));
         LayerEntry entry;
         entry.name = decoded;
-        layers.push_back(entry);
+        m_layers.push_back(entry);
         VectorLayer added;
         added.name = decoded;
         added.color = indexedColor(entry.color.index);
-        drawing->layers.append(added);
+        m_drawing->layers.append(added);
     }
-    layerByName.insert(QByteArray(bytes.constData(), bytes.size()), *found);
+    m_layerByName.insert(QByteArray(bytes.constData(), bytes.size()), *found);
     return *found;
 }
 
@@ -208,9 +210,9 @@ Look EntityReader::lookOf(const Record &entity, const Setting &setting)
     Look look;
     look.layer = layerOf(entity.text(8));
     if (setting.isInBlock &&
-        layers[static_cast<std::size_t>(look.layer)].name == QLatin1String("0"))
+        m_layers[static_cast<std::size_t>(look.layer)].name == QLatin1String("0"))
         look.layer = setting.look.layer;
-    const LayerEntry &layer = layers[static_cast<std::size_t>(look.layer)];
+    const LayerEntry &layer = m_layers[static_cast<std::size_t>(look.layer)];
     ColorTag color = colorOf(entity);
     if (!color.trueColor.isValid() && color.index == ColorTag::kByLayer)
         color = layer.color;
@@ -237,11 +239,11 @@ Look EntityReader::lookOf(const Record &entity, const Setting &setting)
 void EntityReader::addShape(const VectorShape &shape)
 {
     VectorShape added = shape;
-    added.color = current.color;
-    added.pen = current.pen;
+    added.color = m_current.color;
+    added.pen = m_current.pen;
     for (const VectorPath &path : shape.paths)
-        pieces += path.pieceCount();
-    drawing->layers[current.layer].shapes.append(added);
+        m_pieces += path.pieceCount();
+    m_drawing->layers[m_current.layer].shapes.append(added);
 }
 
 void EntityReader::addPath(const PathPen &pen, double widthMm)
@@ -255,10 +257,10 @@ void EntityReader::addPath(const PathPen &pen, double widthMm)
 void EntityReader::addText(const VectorText &text)
 {
     VectorText added = text;
-    added.color = current.color;
-    added.pen = current.pen;
-    ++pieces;
-    drawing->layers[current.layer].texts.append(added);
+    added.color = m_current.color;
+    added.pen = m_current.pen;
+    ++m_pieces;
+    m_drawing->layers[m_current.layer].texts.append(added);
 }
 
 bool EntityReader::addInsert(const Record &entity, const Setting &setting)
@@ -267,10 +269,10 @@ bool EntityReader::addInsert(const Record &entity, const Setting &setting)
     const Frame plane = frameOf(entity, setting.sheet, &isSound);
     const Frame placed = insertFrame(entity, &isSound);
     const Vec3 step{entity.number(44, 0.0, &isSound), entity.number(45, 0.0, &isSound), 0.0};
-    const auto block = read.blocks.constFind(read.decoder.key(entity.text(2)));
+    const auto block = m_read.blocks.constFind(m_read.decoder.key(entity.text(2)));
     if (!isSound) {
         noteDamage(entity);
-    } else if (block == read.blocks.constEnd()) {
+    } else if (block == m_read.blocks.constEnd()) {
         note(VectorNote::Kind::Damaged,
              QT_TRANSLATE_NOOP("vectorkit", "inserts of a block that is missing"));
     } else if (block->isOutside) {
@@ -301,8 +303,8 @@ bool EntityReader::addInsert(const Record &entity, const Setting &setting)
 
 bool EntityReader::addPicture(const Record &entity, const Setting &setting)
 {
-    const auto block = read.blocks.constFind(read.decoder.key(entity.text(2)));
-    if (block == read.blocks.constEnd() || block->entities.empty()) {
+    const auto block = m_read.blocks.constFind(m_read.decoder.key(entity.text(2)));
+    if (block == m_read.blocks.constEnd() || block->entities.empty()) {
         note(VectorNote::Kind::Left,
              QT_TRANSLATE_NOOP("vectorkit", "dimensions without a picture of theirs"));
         return isWithin();
@@ -321,8 +323,8 @@ bool EntityReader::addPicture(const Record &entity, const Setting &setting)
 
 bool EntityReader::addBlock(const Block &block, const Setting &setting)
 {
-    ++drawn;
-    const bool isOpen = std::find(open.begin(), open.end(), &block) != open.end();
+    ++m_drawn;
+    const bool isOpen = std::find(m_open.begin(), m_open.end(), &block) != m_open.end();
     if (isOpen || setting.depth > kMostDepth) {
         note(VectorNote::Kind::Damaged,
              QT_TRANSLATE_NOOP("vectorkit", "blocks that hold themselves, or too many in another"));
@@ -330,11 +332,11 @@ bool EntityReader::addBlock(const Block &block, const Setting &setting)
     }
     Setting inner = setting;
     inner.sheet.origin = setting.sheet.map(block.base * -1.0);
-    open.push_back(&block);
+    m_open.push_back(&block);
     bool goesOn = isWithin();
     for (auto entity = block.entities.begin(); goesOn && entity != block.entities.end(); ++entity)
         goesOn = add(*entity, inner);
-    open.pop_back();
+    m_open.pop_back();
     return goesOn;
 }
 

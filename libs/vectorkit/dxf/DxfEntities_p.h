@@ -35,18 +35,18 @@ public:
     bool add(const Record &record, const Setting &setting);
 
     /** Entities so far, those of blocks as often as they are inserted, and the damaged ones. */
-    qint64 entityCount() const { return entities; }
-    qint64 damagedCount() const { return damaged; }
-    bool isTooLarge() const { return tooLarge; }
-    bool isCancelled() const { return cancelled; }
+    qint64 entityCount() const { return m_entities; }
+    qint64 damagedCount() const { return m_damaged; }
+    bool isTooLarge() const { return m_tooLarge; }
+    bool isCancelled() const { return m_cancelled; }
 
     // For the functions that draw one kind each.
     void addShape(const VectorShape &shape);
     void addPath(const PathPen &pen, double widthMm = 0.0);
     void addText(const VectorText &text);
     void note(VectorNote::Kind kind, const char *what);
-    const File &file() const { return read; }
-    const Look &look() const { return current; }
+    const File &file() const { return m_read; }
+    const Look &look() const { return m_current; }
 
 private:
     using Draw = Outcome (*)(const Record &, const Frame &, EntityReader *);
@@ -61,21 +61,21 @@ private:
     bool isWithin();
     void noteDamage(const Record &record);
 
-    const File &read;
-    const ReadOptions &options;
-    VectorDrawing *drawing;
-    QHash<QByteArray, int> layerByName; ///< as the bytes stand
-    std::vector<LayerEntry> layers;     ///< beside those of the drawing
-    QHash<QString, int> layerByKey;
-    std::vector<const Block *> open; ///< blocks that are being drawn
-    const Record *record = nullptr;  ///< the entity of the sheet
-    Look current;
-    qint64 entities = 0;
-    qint64 damaged = 0;
-    qint64 pieces = 0;
-    qint64 drawn = 0; ///< entities, with those of blocks as often as they are inserted
-    bool tooLarge = false;
-    bool cancelled = false;
+    const File &m_read;
+    const ReadOptions &m_options;
+    VectorDrawing *m_drawing;
+    QHash<QByteArray, int> m_layerByName; ///< as the bytes stand
+    std::vector<LayerEntry> m_layers;     ///< beside those of the drawing
+    QHash<QString, int> m_layerByKey;
+    std::vector<const Block *> m_open; ///< blocks that are being drawn
+    const Record *m_record = nullptr;  ///< the entity of the sheet
+    Look m_current;
+    qint64 m_entities = 0;
+    qint64 m_damaged = 0;
+    qint64 m_pieces = 0;
+    qint64 m_drawn = 0; ///< entities, with those of blocks as often as they are inserted
+    bool m_tooLarge = false;
+    bool m_cancelled = false;
 };
 
 /** The frame of an entity with its extrusion direction. */

@@ -85,23 +85,23 @@ class Pace
 {
 public:
     Pace(const TagReader &reader, const std::function<bool(double)> &ask)
-        : tags(reader), goesOn(ask)
+        : m_tags(reader), m_goesOn(ask)
     {
     }
 
     bool step()
     {
         constexpr int kEvery = 1024;
-        if (++count % kEvery == 0 && goesOn)
-            isGoing = isGoing && goesOn(tags.doneShare());
-        return isGoing;
+        if (++m_count % kEvery == 0 && m_goesOn)
+            m_isGoing = m_isGoing && m_goesOn(m_tags.doneShare());
+        return m_isGoing;
     }
 
 private:
-    const TagReader &tags;
-    const std::function<bool(double)> &goesOn;
-    int count = 0;
-    bool isGoing = true;
+    const TagReader &m_tags;
+    const std::function<bool(double)> &m_goesOn;
+    int m_count = 0;
+    bool m_isGoing = true;
 };
 
 bool readTables(File *file, Pace *pace)

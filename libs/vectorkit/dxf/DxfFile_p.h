@@ -76,8 +76,8 @@ public:
 private:
     QString decodeBytes(std::string_view bytes) const;
 
-    const QTextCodec *codec = nullptr;
-    bool prefersUtf8 = true;
+    const QTextCodec *m_codec = nullptr;
+    bool m_prefersUtf8 = true;
 };
 
 /** A drawing but for its entities, which are read one by one. */

@@ -73,29 +73,30 @@ Frame objectFrame(const Vec3 &extrusion)
 
 QPointF PathPen::shown(const Vec3 &point)
 {
-    at = point;
-    const QPointF flat = frame.flat(point);
+    m_at = point;
+    const QPointF flat = m_frame.flat(point);
     // Written so that it fails for what is no number.
     if (!(std::abs(flat.x()) <= kMostMm && std::abs(flat.y()) <= kMostMm))
-        sound = false;
+        m_sound = false;
     return flat;
 }
 
-void PathPen::moveTo(const Vec3 &point) { drawn = VectorPath(shown(point)); }
+void PathPen::moveTo(const Vec3 &point) { m_drawn = VectorPath(shown(point)); }
 
-void PathPen::lineTo(const Vec3 &point) { drawn.lineTo(shown(point)); }
+void PathPen::lineTo(const Vec3 &point) { m_drawn.lineTo(shown(point)); }
 
 void PathPen::cubicTo(const Vec3 &control1, const Vec3 &control2, const Vec3 &point)
 {
     const QPointF first = shown(control1);
     const QPointF second = shown(control2);
-    drawn.cubicTo(first, second, shown(point));
+    m_drawn.cubicTo(first, second, shown(point));
 }
 
 void PathPen::ellipseTo(const Vec3 &centre, const Vec3 &a, const Vec3 &b, double from, double to)
 {
     const bool isWhole = std::abs(std::abs(to - from) - 2.0 * M_PI) < 1e-12;
-    ellipseTo(centre, a, b, from, to, isWhole ? at : centre + a * std::cos(to) + b * std::sin(to));
+    ellipseTo(centre, a, b, from, to,
+              isWhole ? m_at : centre + a * std::cos(to) + b * std::sin(to));
 }
 
 void PathPen::ellipseTo(const Vec3 &centre, const Vec3 &a, const Vec3 &b, double from, double to,
@@ -105,15 +106,15 @@ void PathPen::ellipseTo(const Vec3 &centre, const Vec3 &a, const Vec3 &b, double
     const auto tangent = [&](double t) { return b * std::cos(t) - a * std::sin(t); };
     const double sweep = to - from;
     const bool isWhole = std::abs(std::abs(sweep) - 2.0 * M_PI) < 1e-12;
-    const QPointF flatA = frame.flatDirection(a);
-    const QPointF flatB = frame.flatDirection(b);
+    const QPointF flatA = m_frame.flatDirection(a);
+    const QPointF flatB = m_frame.flatDirection(b);
     if (isCircle(flatA, flatB)) {
         // With y down, a turn from a to b that looks counter-clockwise has a negative product.
         const bool runsOn = flatA.x() * flatB.y() - flatA.y() * flatB.x() < 0.0;
         const double sweepDeg = isWhole ? std::copysign(360.0, sweep) : qRadiansToDegrees(sweep);
         const QPointF middle = shown(centre);
         const QPointF flatEnd = shown(end);
-        drawn.arcTo(middle, runsOn ? sweepDeg : -sweepDeg, isWhole ? drawn.end() : flatEnd);
+        m_drawn.arcTo(middle, runsOn ? sweepDeg : -sweepDeg, isWhole ? m_drawn.end() : flatEnd);
         return;
     }
     const int steps = std::max(1, qCeil(std::abs(sweep) / kMostStep - 1e-9));
@@ -129,7 +130,7 @@ void PathPen::ellipseTo(const Vec3 &centre, const Vec3 &a, const Vec3 &b, double
 
 void PathPen::bulgeTo(const Vec3 &point, double bulge)
 {
-    const Vec3 chord = point - at;
+    const Vec3 chord = point - m_at;
     const double chordLength = std::hypot(chord.x, chord.y);
     // A flatter arc is no farther from its chord than a twenty-millionth of it.
     if (std::abs(bulge) < 1e-7 || chordLength == 0.0) {
@@ -138,17 +139,17 @@ void PathPen::bulgeTo(const Vec3 &point, double bulge)
     }
     // From the middle of the chord to the left by (1 - bulge^2) / (4 bulge) of it.
     const double aside = (1.0 - bulge * bulge) / (4.0 * bulge);
-    const Vec3 centre{at.x + chord.x / 2.0 - chord.y * aside,
-                      at.y + chord.y / 2.0 + chord.x * aside, point.z};
-    const Vec3 ray{at.x - centre.x, at.y - centre.y, 0.0};
+    const Vec3 centre{m_at.x + chord.x / 2.0 - chord.y * aside,
+                      m_at.y + chord.y / 2.0 + chord.x * aside, point.z};
+    const Vec3 ray{m_at.x - centre.x, m_at.y - centre.y, 0.0};
     // To the end that the file says, to the last bit.
     ellipseTo(centre, ray, {-ray.y, ray.x, 0.0}, 0.0, 4.0 * std::atan(bulge), point);
 }
 
 void PathPen::close(double nearShare)
 {
-    const QRectF box = nearShare > 0.0 ? drawn.boundsMm() : QRectF();
-    drawn.close(nearShare * std::max(box.width(), box.height()));
+    const QRectF box = nearShare > 0.0 ? m_drawn.boundsMm() : QRectF();
+    m_drawn.close(nearShare * std::max(box.width(), box.height()));
 }
 
 } // namespace vectorkit::dxf

@@ -53,7 +53,7 @@ class PathPen
 {
 public:
     /** `sheet`: from the space that is drawn in to millimetres with y down; borrowed. */
-    explicit PathPen(const Frame &sheet) : frame(sheet) {}
+    explicit PathPen(const Frame &sheet) : m_frame(sheet) {}
 
     void moveTo(const Vec3 &point);
     void lineTo(const Vec3 &point);
@@ -74,22 +74,22 @@ public:
     /** Closes the path, whose end belongs on its start when it is within this share of its size. */
     void close(double nearShare = 0.0);
 
-    const Vec3 &position() const { return at; }
-    const Frame &sheet() const { return frame; }
+    const Vec3 &position() const { return m_at; }
+    const Frame &sheet() const { return m_frame; }
 
     /** All coordinates were finite and within 1e9 mm. */
-    bool isSound() const { return sound; }
-    const VectorPath &path() const { return drawn; }
+    bool isSound() const { return m_sound; }
+    const VectorPath &path() const { return m_drawn; }
 
 private:
     QPointF shown(const Vec3 &point);
     void ellipseTo(const Vec3 &centre, const Vec3 &a, const Vec3 &b, double from, double to,
                    const Vec3 &end);
 
-    const Frame &frame;
-    VectorPath drawn;
-    Vec3 at;
-    bool sound = true;
+    const Frame &m_frame;
+    VectorPath m_drawn;
+    Vec3 m_at;
+    bool m_sound = true;
 };
 
 /** A curve of rational pieces over knots. */

@@ -23,16 +23,16 @@ struct Boundary
 class HatchReader
 {
 public:
-    HatchReader(const Record &hatch, const Frame &sheet) : record(hatch), frame(sheet) {}
+    HatchReader(const Record &hatch, const Frame &sheet) : m_record(hatch), m_frame(sheet) {}
 
     /** False when something is missing or wrong. */
     bool read(std::vector<Boundary> *boundaries)
     {
-        height = takeHeight();
+        m_height = takeHeight();
         const int count = takeInteger(91);
-        for (int i = 0; i < count && sound; ++i)
+        for (int i = 0; i < count && m_sound; ++i)
             boundaries->push_back(boundary());
-        return sound;
+        return m_sound;
     }
 
 private:
@@ -41,9 +41,9 @@ private:
     double takeHeight()
     {
         double value = 0.0;
-        for (; at != record.tags.end() && at->code != 91; ++at) {
-            if (at->code == 30)
-                sound = at->read(&value) && sound;
+        for (; m_at != m_record.tags.end() && m_at->code != 91; ++m_at) {
+            if (m_at->code == 30)
+                m_sound = m_at->read(&value) && m_sound;
         }
         return value;
     }
@@ -52,12 +52,12 @@ private:
     double take(int code)
     {
         double value = 0.0;
-        while (at != record.tags.end() && at->code != code)
-            ++at;
-        if (at == record.tags.end() || !at->read(&value))
-            sound = false;
+        while (m_at != m_record.tags.end() && m_at->code != code)
+            ++m_at;
+        if (m_at == m_record.tags.end() || !m_at->read(&value))
+            m_sound = false;
         else
-            ++at;
+            ++m_at;
         return value;
     }
 
@@ -66,21 +66,21 @@ private:
         const double value = take(code);
         // Counts are bound by the tags that follow.
         if (!(std::abs(value) < 2147483648.0))
-            sound = false;
-        return sound ? static_cast<int>(value) : 0;
+            m_sound = false;
+        return m_sound ? static_cast<int>(value) : 0;
     }
 
     /** The value of a code if it is the next one. */
     double takeIfNext(int code, double fallback)
     {
-        return at != record.tags.end() && at->code == code ? take(code) : fallback;
+        return m_at != m_record.tags.end() && m_at->code == code ? take(code) : fallback;
     }
 
     Vec3 takePoint(int code)
     {
         const double x = take(code);
         const double y = take(code + 10);
-        return {x, y, height};
+        return {x, y, m_height};
     }
 
     Boundary boundary()
@@ -100,10 +100,10 @@ private:
         takeInteger(72);
         takeIfNext(73, 1.0);
         const int count = takeInteger(93);
-        PathPen pen(frame);
+        PathPen pen(m_frame);
         double bulge = 0.0;
         Vec3 first;
-        for (int i = 0; i < count && sound; ++i) {
+        for (int i = 0; i < count && m_sound; ++i) {
             const Vec3 point = takePoint(10);
             const double next = takeIfNext(42, 0.0);
             if (i == 0) {
@@ -114,27 +114,27 @@ private:
             }
             bulge = next;
         }
-        if (count > 1 && sound) {
+        if (count > 1 && m_sound) {
             if (length(first - pen.position()) > 0.0)
                 pen.bulgeTo(first, bulge);
             pen.close();
             to->loops.append(pen.path());
         }
-        sound = sound && pen.isSound();
+        m_sound = m_sound && pen.isSound();
     }
 
     void addEdges(Boundary *to)
     {
         const int count = takeInteger(93);
         QVector<VectorPath> edges;
-        for (int i = 0; i < count && sound; ++i) {
-            PathPen pen(frame);
+        for (int i = 0; i < count && m_sound; ++i) {
+            PathPen pen(m_frame);
             addEdge(takeInteger(72), &pen);
-            sound = sound && pen.isSound();
+            m_sound = m_sound && pen.isSound();
             if (!pen.path().isEmpty())
                 edges.append(pen.path());
         }
-        if (sound)
+        if (m_sound)
             to->loops = loopsOf(edges);
     }
 
@@ -157,7 +157,7 @@ private:
         } else if (kind == Curve) {
             addCurve(pen);
         } else {
-            sound = false;
+            m_sound = false;
         }
     }
 
@@ -167,8 +167,8 @@ private:
         double from = onEllipse(qDegreesToRadians(take(50)), ratio);
         double to = onEllipse(qDegreesToRadians(take(51)), ratio);
         const bool isForward = takeIfNext(73, 1.0) != 0.0;
-        if (!sound || ratio == 0.0) {
-            sound = false;
+        if (!m_sound || ratio == 0.0) {
+            m_sound = false;
             return;
         }
         orderAngles(&from, &to);
@@ -194,15 +194,15 @@ private:
         takeIfNext(74, 0.0);
         const int knots = takeInteger(95);
         const int controls = takeInteger(96);
-        for (int i = 0; i < knots && sound; ++i)
+        for (int i = 0; i < knots && m_sound; ++i)
             spline.knots.push_back(take(40));
-        for (int i = 0; i < controls && sound; ++i) {
+        for (int i = 0; i < controls && m_sound; ++i) {
             spline.controls.push_back(takePoint(10));
-            if (at != record.tags.end() && at->code == 42)
+            if (m_at != m_record.tags.end() && m_at->code == 42)
                 spline.weights.push_back(take(42));
         }
-        sound = sound && vectorkit::dxf::isSound(spline);
-        if (sound)
+        m_sound = m_sound && vectorkit::dxf::isSound(spline);
+        if (m_sound)
             addSpline(spline, false, pen);
     }
 
@@ -251,11 +251,11 @@ private:
         return loops;
     }
 
-    const Record &record;
-    const Frame &frame;
-    TagAt at = record.tags.begin();
-    double height = 0.0;
-    bool sound = true;
+    const Record &m_record;
+    const Frame &m_frame;
+    TagAt m_at = m_record.tags.begin();
+    double m_height = 0.0;
+    bool m_sound = true;
 };
 
 /** Leaves out what the style of islands leaves empty inside. */

@@ -201,120 +201,120 @@ int Record::integer(int code, int fallback) const
     return integer(code, fallback, &isSound);
 }
 
-TagReader::TagReader(std::string_view drawing) : bytes(drawing)
+TagReader::TagReader(std::string_view drawing) : m_bytes(drawing)
 {
-    if (bytes.substr(0, kBinaryMark.size()) == kBinaryMark) {
-        binary = true;
-        at = kBinaryMark.size();
-        hasWideCodes = at + 1 < bytes.size() && bytes[at + 1] == '\0';
+    if (m_bytes.substr(0, kBinaryMark.size()) == kBinaryMark) {
+        m_binary = true;
+        m_at = kBinaryMark.size();
+        m_hasWideCodes = m_at + 1 < m_bytes.size() && m_bytes[m_at + 1] == '\0';
         return;
     }
-    if (bytes.substr(0, 3) == "\xef\xbb\xbf")
-        at = 3;
-    if (bytes.find('\n') == std::string_view::npos)
-        lineEnd = '\r';
+    if (m_bytes.substr(0, 3) == "\xef\xbb\xbf")
+        m_at = 3;
+    if (m_bytes.find('\n') == std::string_view::npos)
+        m_lineEnd = '\r';
 }
 
 double TagReader::doneShare() const
 {
-    return bytes.empty() ? 1.0 : static_cast<double>(at) / static_cast<double>(bytes.size());
+    return m_bytes.empty() ? 1.0 : static_cast<double>(m_at) / static_cast<double>(m_bytes.size());
 }
 
 std::string_view TagReader::nextLine()
 {
-    const void *end = std::memchr(bytes.data() + at, lineEnd, bytes.size() - at);
+    const void *end = std::memchr(m_bytes.data() + m_at, m_lineEnd, m_bytes.size() - m_at);
     const std::size_t stop =
-        end ? static_cast<std::size_t>(static_cast<const char *>(end) - bytes.data())
-            : bytes.size();
-    std::string_view text = bytes.substr(at, stop - at);
+        end ? static_cast<std::size_t>(static_cast<const char *>(end) - m_bytes.data())
+            : m_bytes.size();
+    std::string_view text = m_bytes.substr(m_at, stop - m_at);
     while (!text.empty() && text.back() == '\r')
         text.remove_suffix(1);
-    at = end ? stop + 1 : stop;
-    ++line;
+    m_at = end ? stop + 1 : stop;
+    ++m_line;
     return text;
 }
 
 TagReader::Found TagReader::nextText(Tag *tag)
 {
-    if (at >= bytes.size())
+    if (m_at >= m_bytes.size())
         return Found::End;
     const std::string_view code = nextLine();
     if (!readText(code, &tag->code)) {
         // Blank lines and the mark of old systems may follow the last tag.
         if (trimmed(code).empty() || code.front() == '\x1a') {
-            if (bytes.find_first_not_of(" \t\r\n\x1a", at) == std::string_view::npos) {
-                at = bytes.size();
+            if (m_bytes.find_first_not_of(" \t\r\n\x1a", m_at) == std::string_view::npos) {
+                m_at = m_bytes.size();
                 return Found::End;
             }
         }
         return Found::Damage;
     }
     // A last 0 still says that what stands before it is whole.
-    if (at >= bytes.size() && tag->code != 0)
+    if (m_at >= m_bytes.size() && tag->code != 0)
         return Found::End;
-    tag->value = at < bytes.size() ? nextLine() : std::string_view();
+    tag->value = m_at < m_bytes.size() ? nextLine() : std::string_view();
     tag->isBinary = false;
     return Found::Tag;
 }
 
 TagReader::Found TagReader::nextBinary(Tag *tag)
 {
-    if (at >= bytes.size())
+    if (m_at >= m_bytes.size())
         return Found::End;
     const auto cutHere = [this] {
-        at = bytes.size();
+        m_at = m_bytes.size();
         return Found::End;
     };
-    const bool isWide = hasWideCodes || bytes[at] == '\xff';
-    const std::size_t codeAt = at + (isWide && !hasWideCodes ? 1 : 0);
+    const bool isWide = m_hasWideCodes || m_bytes[m_at] == '\xff';
+    const std::size_t codeAt = m_at + (isWide && !m_hasWideCodes ? 1 : 0);
     const std::size_t valueAt = codeAt + (isWide ? 2 : 1);
-    if (valueAt > bytes.size())
+    if (valueAt > m_bytes.size())
         return cutHere();
-    tag->code = isWide ? littleEndian<qint16>(bytes.substr(codeAt))
-                       : static_cast<unsigned char>(bytes[codeAt]);
+    tag->code = isWide ? littleEndian<qint16>(m_bytes.substr(codeAt))
+                       : static_cast<unsigned char>(m_bytes[codeAt]);
     const ValueKind kind = kindOf(tag->code);
     std::size_t size = sizeOf(kind);
     std::size_t skipped = 0;
     if (kind == ValueKind::Text) {
-        const std::size_t end = bytes.find('\0', valueAt);
+        const std::size_t end = m_bytes.find('\0', valueAt);
         if (end == std::string_view::npos)
             return cutHere();
         size = end - valueAt;
         skipped = 1;
     } else if (kind == ValueKind::Chunk) {
-        if (valueAt >= bytes.size())
+        if (valueAt >= m_bytes.size())
             return cutHere();
-        size = 1 + static_cast<std::size_t>(static_cast<unsigned char>(bytes[valueAt]));
+        size = 1 + static_cast<std::size_t>(static_cast<unsigned char>(m_bytes[valueAt]));
     }
-    if (valueAt + size > bytes.size())
+    if (valueAt + size > m_bytes.size())
         return cutHere();
-    tag->value = bytes.substr(valueAt, size);
+    tag->value = m_bytes.substr(valueAt, size);
     tag->isBinary = true;
-    at = valueAt + size + skipped;
+    m_at = valueAt + size + skipped;
     return tag->code < 0 && tag->code != -666 ? Found::Damage : Found::Tag;
 }
 
-TagReader::Found TagReader::next(Tag *tag) { return binary ? nextBinary(tag) : nextText(tag); }
+TagReader::Found TagReader::next(Tag *tag) { return m_binary ? nextBinary(tag) : nextText(tag); }
 
 bool TagReader::nextInRecord(Tag *tag)
 {
-    if (hasPending)
+    if (m_hasPending)
         return false;
-    const Place before{at, line};
+    const Place before{m_at, m_line};
     const Found found = next(tag);
     if (found == Found::Tag && tag->code != 0)
         return true;
     const bool isType =
-        found == Found::Tag && (at >= bytes.size() || isTypeName(trimmed(tag->value)));
+        found == Found::Tag && (m_at >= m_bytes.size() || isTypeName(trimmed(tag->value)));
     if (isType) {
-        pending = *tag;
-        pendingPlace = before;
-        hasPending = true;
+        m_pending = *tag;
+        m_pendingPlace = before;
+        m_hasPending = true;
     } else if (found != Found::End) {
-        sawDamage = true;
+        m_sawDamage = true;
         if (found == Found::Tag) { // codes and values have changed places
-            at = before.at;
-            line = before.line;
+            m_at = before.at;
+            m_line = before.line;
         }
         findNextRecord();
     }
@@ -324,21 +324,21 @@ bool TagReader::nextInRecord(Tag *tag)
 /** After something that is no tag: on to the next 0 with the name of an entity after it. */
 void TagReader::findNextRecord()
 {
-    if (binary) {
-        at = bytes.size(); // where one value is wrong, the next can't be found
+    if (m_binary) {
+        m_at = m_bytes.size(); // where one value is wrong, the next can't be found
         return;
     }
-    Place before{at, line};
+    Place before{m_at, m_line};
     bool isZero = false;
-    while (at < bytes.size()) {
-        const Place here{at, line};
+    while (m_at < m_bytes.size()) {
+        const Place here{m_at, m_line};
         const std::string_view text = trimmed(nextLine());
         if (isZero && isTypeName(text)) {
-            pending.code = 0;
-            pending.isBinary = false;
-            pending.value = text;
-            pendingPlace = before;
-            hasPending = true;
+            m_pending.code = 0;
+            m_pending.isBinary = false;
+            m_pending.value = text;
+            m_pendingPlace = before;
+            m_hasPending = true;
             return;
         }
         isZero = text == "0";
@@ -349,9 +349,9 @@ void TagReader::findNextRecord()
 std::string_view TagReader::peekType()
 {
     Tag tag;
-    while (!hasPending && nextInRecord(&tag)) {
+    while (!m_hasPending && nextInRecord(&tag)) {
     }
-    return hasPending ? trimmed(pending.value) : std::string_view();
+    return m_hasPending ? trimmed(m_pending.value) : std::string_view();
 }
 
 bool TagReader::readRecord(Record *record)
@@ -359,11 +359,11 @@ bool TagReader::readRecord(Record *record)
     record->type = peekType();
     record->tags.clear();
     record->parts.clear();
-    if (!hasPending)
+    if (!m_hasPending)
         return false;
-    record->position = binary ? pendingPlace.at : pendingPlace.line;
-    hasPending = false;
-    sawDamage = false;
+    record->position = m_binary ? m_pendingPlace.at : m_pendingPlace.line;
+    m_hasPending = false;
+    m_sawDamage = false;
     Tag tag;
     bool isWanted = true;
     while (nextInRecord(&tag)) {
@@ -372,7 +372,7 @@ bool TagReader::readRecord(Record *record)
         if (isWanted && !isBookkeeping(tag.code))
             record->tags.push_back(tag);
     }
-    record->isDamaged = sawDamage;
+    record->isDamaged = m_sawDamage;
     return true;
 }
 
@@ -400,7 +400,7 @@ bool TagReader::readEntity(Record *record)
 void TagReader::skipRecord()
 {
     peekType();
-    hasPending = false;
+    m_hasPending = false;
     Tag tag;
     while (nextInRecord(&tag)) {
     }
@@ -409,20 +409,20 @@ void TagReader::skipRecord()
 TagReader::Place TagReader::place()
 {
     peekType();
-    return hasPending ? pendingPlace : Place{at, line};
+    return m_hasPending ? m_pendingPlace : Place{m_at, m_line};
 }
 
 void TagReader::goTo(const Place &place)
 {
-    at = place.at;
-    line = place.line;
-    hasPending = false;
+    m_at = place.at;
+    m_line = place.line;
+    m_hasPending = false;
 }
 
 QString TagReader::where(std::size_t position) const
 {
-    const QString words = binary ? QCoreApplication::translate("vectorkit", "byte %1")
-                                 : QCoreApplication::translate("vectorkit", "line %1");
+    const QString words = m_binary ? QCoreApplication::translate("vectorkit", "byte %1")
+                                   : QCoreApplication::translate("vectorkit", "line %1");
     return words.arg(position);
 }
 

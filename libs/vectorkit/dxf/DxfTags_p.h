@@ -53,10 +53,10 @@ class TagReader
 public:
     explicit TagReader(std::string_view bytes);
 
-    bool isBinary() const { return binary; }
+    bool isBinary() const { return m_binary; }
 
     /** All bytes were used. */
-    bool atEnd() const { return at >= bytes.size() && !hasPending; }
+    bool atEnd() const { return m_at >= m_bytes.size() && !m_hasPending; }
     double doneShare() const;
 
     /** A tag other than 0 before the next one; false at a 0, at the end, and where there is none.
@@ -95,16 +95,16 @@ private:
     std::string_view nextLine();
     void findNextRecord();
 
-    std::string_view bytes;
-    std::size_t at = 0;
-    std::size_t line = 1;
-    bool binary = false;
-    bool hasWideCodes = false; ///< group codes of two bytes
-    char lineEnd = '\n';
-    bool hasPending = false; ///< the 0 that ended the last record
-    bool sawDamage = false;  ///< since the last record began
-    Tag pending;
-    Place pendingPlace;
+    std::string_view m_bytes;
+    std::size_t m_at = 0;
+    std::size_t m_line = 1;
+    bool m_binary = false;
+    bool m_hasWideCodes = false; ///< group codes of two bytes
+    char m_lineEnd = '\n';
+    bool m_hasPending = false; ///< the 0 that ended the last record
+    bool m_sawDamage = false;  ///< since the last record began
+    Tag m_pending;
+    Place m_pendingPlace;
 };
 
 /** Without the blanks around it. */

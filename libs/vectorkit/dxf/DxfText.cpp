@@ -96,29 +96,29 @@ QString withoutEscapes(const QString &text)
 class ParagraphReader
 {
 public:
-    explicit ParagraphReader(const QString &coded) : text(coded) {}
+    explicit ParagraphReader(const QString &coded) : m_text(coded) {}
 
     QStringList lines()
     {
-        while (at < text.size())
+        while (m_at < m_text.size())
             takeNext();
-        finished.append(line);
-        return finished;
+        m_finished.append(m_line);
+        return m_finished;
     }
 
 private:
     void takeNext()
     {
-        const QChar letter = text.at(at++);
-        if (letter == QLatin1Char('\\') && at < text.size())
-            takeCode(text.at(at++));
+        const QChar letter = m_text.at(m_at++);
+        if (letter == QLatin1Char('\\') && m_at < m_text.size())
+            takeCode(m_text.at(m_at++));
         else if (letter == QLatin1Char('\n'))
             endLine();
-        else if (letter == QLatin1Char('^') && at < text.size())
-            takeControl(text.at(at++));
+        else if (letter == QLatin1Char('^') && m_at < m_text.size())
+            takeControl(m_text.at(m_at++));
         else if (letter != QLatin1Char('{') && letter != QLatin1Char('}') &&
                  letter != QLatin1Char('\r'))
-            line += letter;
+            m_line += letter;
     }
 
     void takeCode(QChar code)
@@ -130,12 +130,12 @@ private:
             endLine();
             break;
         case '~':
-            line += QChar(QChar::Nbsp);
+            m_line += QChar(QChar::Nbsp);
             break;
         case '\\':
         case '{':
         case '}':
-            line += code;
+            m_line += code;
             break;
         case 'L':
         case 'l':
@@ -160,8 +160,8 @@ private:
             takeArgument();
             break;
         default:
-            line += QLatin1Char('\\');
-            line += code;
+            m_line += QLatin1Char('\\');
+            m_line += code;
         }
     }
 
@@ -170,20 +170,20 @@ private:
         if (code == QLatin1Char('J'))
             endLine();
         else if (code == QLatin1Char('I'))
-            line += QLatin1Char(' ');
+            m_line += QLatin1Char(' ');
         else if (code == QLatin1Char(' '))
-            line += QLatin1Char('^');
+            m_line += QLatin1Char('^');
         else if (code != QLatin1Char('M')) {
-            line += QLatin1Char('^');
-            line += code;
+            m_line += QLatin1Char('^');
+            m_line += code;
         }
     }
 
     QString takeArgument()
     {
-        const int end = text.indexOf(QLatin1Char(';'), at);
-        const QString argument = text.mid(at, end < 0 ? -1 : end - at);
-        at = end < 0 ? text.size() : end + 1;
+        const int end = m_text.indexOf(QLatin1Char(';'), m_at);
+        const QString argument = m_text.mid(m_at, end < 0 ? -1 : end - m_at);
+        m_at = end < 0 ? m_text.size() : end + 1;
         return argument;
     }
 
@@ -193,35 +193,35 @@ private:
         for (int i = 0; i < stack.size(); ++i) {
             const QChar letter = stack.at(i);
             if (letter == QLatin1Char('\\') && i + 1 < stack.size())
-                line += stack.at(++i);
+                m_line += stack.at(++i);
             else if (letter == QLatin1Char('^') || letter == QLatin1Char('#'))
-                line += QLatin1Char('/');
+                m_line += QLatin1Char('/');
             else
-                line += letter;
+                m_line += letter;
         }
     }
 
     void endLine()
     {
-        finished.append(line);
-        line.clear();
+        m_finished.append(m_line);
+        m_line.clear();
     }
 
-    const QString &text;
-    int at = 0;
-    QString line;
-    QStringList finished;
+    const QString &m_text;
+    int m_at = 0;
+    QString m_line;
+    QStringList m_finished;
 };
 
 } // namespace
 
 void TextDecoder::setUp(const Header &header)
 {
-    codec = codecOf(header.codePage);
+    m_codec = codecOf(header.codePage);
     // Since this version all text is UTF-8; before it, programs without a code page of their own
     // name the western one whatever they write.
-    prefersUtf8 = header.version >= QLatin1String("AC1021") || header.codePage.isEmpty() ||
-                  !codec || header.codePage.toUpper() == QLatin1String("ANSI_1252");
+    m_prefersUtf8 = header.version >= QLatin1String("AC1021") || header.codePage.isEmpty() ||
+                    !m_codec || header.codePage.toUpper() == QLatin1String("ANSI_1252");
 }
 
 QString TextDecoder::decodeBytes(std::string_view bytes) const
@@ -229,14 +229,14 @@ QString TextDecoder::decodeBytes(std::string_view bytes) const
     const int size = static_cast<int>(bytes.size());
     QString text;
     static const QTextCodec *const kUtf8 = QTextCodec::codecForName("UTF-8");
-    if (prefersUtf8 && decodeWith(kUtf8, bytes.data(), size, &text))
+    if (m_prefersUtf8 && decodeWith(kUtf8, bytes.data(), size, &text))
         return text;
-    if (codec && decodeWith(codec, bytes.data(), size, &text))
+    if (m_codec && decodeWith(m_codec, bytes.data(), size, &text))
         return text;
     if (decodeWith(kUtf8, bytes.data(), size, &text))
         return text;
     static const QTextCodec *const kWestern = QTextCodec::codecForName("windows-1252");
-    return (codec ? codec : kWestern)->toUnicode(bytes.data(), size);
+    return (m_codec ? m_codec : kWestern)->toUnicode(bytes.data(), size);
 }
 
 QString TextDecoder::decode(std::string_view bytes) const

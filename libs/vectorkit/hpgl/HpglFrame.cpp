@@ -16,22 +16,22 @@ const QPointF kP2(10250.0, 7479.0);
 
 void HpglFrame::reset()
 {
-    sheet = kSheet;
-    hasPage = false;
-    turn = 0;
-    scale.clear();
+    m_sheet = kSheet;
+    m_hasPage = false;
+    m_turn = 0;
+    m_scale.clear();
     setDefaultPoints();
 }
 
 void HpglFrame::setDefaultPoints()
 {
-    arePointsSaid = hasPage;
-    p1 = hasPage ? QPointF(0.0, 0.0) : kP1;
-    p2 = hasPage ? QPointF(turnedSheet().width(), turnedSheet().height()) : kP2;
+    m_arePointsSaid = m_hasPage;
+    m_p1 = m_hasPage ? QPointF(0.0, 0.0) : kP1;
+    m_p2 = m_hasPage ? QPointF(turnedSheet().width(), turnedSheet().height()) : kP2;
     update();
 }
 
-QSizeF HpglFrame::turnedSheet() const { return turn % 180 == 0 ? sheet : sheet.transposed(); }
+QSizeF HpglFrame::turnedSheet() const { return m_turn % 180 == 0 ? m_sheet : m_sheet.transposed(); }
 
 bool HpglFrame::setPoints(const std::vector<double> &numbers)
 {
@@ -42,9 +42,9 @@ bool HpglFrame::setPoints(const std::vector<double> &numbers)
     if (numbers.size() != 2 && numbers.size() != 4)
         return false;
     const QPointF across = span();
-    p1 = QPointF(numbers[0], numbers[1]);
-    p2 = numbers.size() == 4 ? QPointF(numbers[2], numbers[3]) : p1 + across;
-    arePointsSaid = arePointsSaid || numbers.size() == 4;
+    m_p1 = QPointF(numbers[0], numbers[1]);
+    m_p2 = numbers.size() == 4 ? QPointF(numbers[2], numbers[3]) : m_p1 + across;
+    m_arePointsSaid = m_arePointsSaid || numbers.size() == 4;
     update();
     return true;
 }
@@ -54,17 +54,17 @@ bool HpglFrame::setPointsPercent(const std::vector<double> &numbers)
     std::vector<double> units = numbers;
     for (std::size_t i = 0; i < units.size(); ++i)
         units[i] *= (i % 2 == 0 ? turnedSheet().width() : turnedSheet().height()) / 100.0;
-    const bool wasSaid = arePointsSaid;
+    const bool wasSaid = m_arePointsSaid;
     if (!setPoints(units))
         return false;
-    arePointsSaid = wasSaid || hasPage;
+    m_arePointsSaid = wasSaid || m_hasPage;
     return true;
 }
 
 bool HpglFrame::setScale(const std::vector<double> &numbers)
 {
     if (numbers.empty()) {
-        scale.clear();
+        m_scale.clear();
         update();
         return true;
     }
@@ -76,8 +76,8 @@ bool HpglFrame::setScale(const std::vector<double> &numbers)
         return false;
     if (!isByFactor && (span().x() == 0.0 || span().y() == 0.0))
         return false;
-    scale = numbers;
-    wasGuessed = wasGuessed || (!isByFactor && !arePointsSaid);
+    m_scale = numbers;
+    m_wasGuessed = m_wasGuessed || (!isByFactor && !m_arePointsSaid);
     update();
     return true;
 }
@@ -87,7 +87,7 @@ bool HpglFrame::setTurn(const std::vector<double> &numbers)
     const double angle = numbers.empty() ? 0.0 : numbers[0];
     if (angle != 0.0 && angle != 90.0 && angle != 180.0 && angle != 270.0)
         return false;
-    turn = static_cast<int>(angle);
+    m_turn = static_cast<int>(angle);
     update();
     return true;
 }
@@ -100,8 +100,8 @@ bool HpglFrame::setPageSize(const std::vector<double> &numbers)
     const double height = numbers.size() > 1 ? numbers[1] : width;
     if (!(width > 0.0) || !(height > 0.0))
         return false;
-    sheet = QSizeF(width, height);
-    hasPage = true;
+    m_sheet = QSizeF(width, height);
+    m_hasPage = true;
     setDefaultPoints();
     return true;
 }
@@ -109,38 +109,38 @@ bool HpglFrame::setPageSize(const std::vector<double> &numbers)
 void HpglFrame::update()
 {
     QTransform toUnits;
-    if (!scale.empty()) {
-        const bool isByFactor = scale.size() >= 5 && scale[4] == 2.0;
-        const bool isEven = scale.size() >= 5 && scale[4] == 1.0;
-        double across = isByFactor ? scale[1] : span().x() / (scale[1] - scale[0]);
-        double up = isByFactor ? scale[3] : span().y() / (scale[3] - scale[2]);
-        QPointF origin = p1;
+    if (!m_scale.empty()) {
+        const bool isByFactor = m_scale.size() >= 5 && m_scale[4] == 2.0;
+        const bool isEven = m_scale.size() >= 5 && m_scale[4] == 1.0;
+        double across = isByFactor ? m_scale[1] : span().x() / (m_scale[1] - m_scale[0]);
+        double up = isByFactor ? m_scale[3] : span().y() / (m_scale[3] - m_scale[2]);
+        QPointF origin = m_p1;
         if (isEven) {
             const double even = std::min(std::abs(across), std::abs(up));
-            const double left = scale.size() > 5 ? scale[5] / 100.0 : 0.5;
-            const double bottom = scale.size() > 6 ? scale[6] / 100.0 : 0.5;
+            const double left = m_scale.size() > 5 ? m_scale[5] / 100.0 : 0.5;
+            const double bottom = m_scale.size() > 6 ? m_scale[6] / 100.0 : 0.5;
             across = std::copysign(even, across);
             up = std::copysign(even, up);
-            origin += QPointF((span().x() - across * (scale[1] - scale[0])) * left,
-                              (span().y() - up * (scale[3] - scale[2])) * bottom);
+            origin += QPointF((span().x() - across * (m_scale[1] - m_scale[0])) * left,
+                              (span().y() - up * (m_scale[3] - m_scale[2])) * bottom);
         }
-        toUnits = QTransform(across, 0.0, 0.0, up, origin.x() - across * scale[0],
-                             origin.y() - up * scale[2]);
+        toUnits = QTransform(across, 0.0, 0.0, up, origin.x() - across * m_scale[0],
+                             origin.y() - up * m_scale[2]);
     }
     static const QTransform kTurns[] = {
         {1, 0, 0, 1, 0, 0}, {0, 1, -1, 0, 0, 0}, {-1, 0, 0, -1, 0, 0}, {0, -1, 1, 0, 0, 0}};
     // A turned sheet has its origin in the corner that is now at the lower left.
-    const double right = turn == 90 || turn == 180 ? sheet.width() : 0.0;
-    const double top = turn == 180 || turn == 270 ? sheet.height() : 0.0;
-    toMillimetres = toUnits * kTurns[turn / 90] * QTransform::fromTranslate(right, top) *
-                    QTransform::fromScale(unitMm, -unitMm);
-    fromMillimetres = toMillimetres.inverted();
-    xx = toMillimetres.m11();
-    xy = toMillimetres.m12();
-    yx = toMillimetres.m21();
-    yy = toMillimetres.m22();
-    dx = toMillimetres.dx();
-    dy = toMillimetres.dy();
+    const double right = m_turn == 90 || m_turn == 180 ? m_sheet.width() : 0.0;
+    const double top = m_turn == 180 || m_turn == 270 ? m_sheet.height() : 0.0;
+    m_toMillimetres = toUnits * kTurns[m_turn / 90] * QTransform::fromTranslate(right, top) *
+                      QTransform::fromScale(m_unitMm, -m_unitMm);
+    m_fromMillimetres = m_toMillimetres.inverted();
+    m_xx = m_toMillimetres.m11();
+    m_xy = m_toMillimetres.m12();
+    m_yx = m_toMillimetres.m21();
+    m_yy = m_toMillimetres.m22();
+    m_dx = m_toMillimetres.dx();
+    m_dy = m_toMillimetres.dy();
 }
 
 } // namespace vectorkit

@@ -17,7 +17,7 @@ namespace vectorkit {
 class HpglFrame
 {
 public:
-    explicit HpglFrame(double unitInMm) : unitMm(unitInMm) { reset(); }
+    explicit HpglFrame(double unitInMm) : m_unitMm(unitInMm) { reset(); }
 
     /** As a plotter is after IN. */
     void reset();
@@ -30,38 +30,41 @@ public:
     bool setPageSize(const std::vector<double> &numbers);
 
     /** A point of the file in millimetres. */
-    QPointF toMm(double x, double y) const { return {x * xx + y * yx + dx, x * xy + y * yy + dy}; }
-    const QTransform &transform() const { return toMillimetres; }
-    QPointF fromMm(const QPointF &point) const { return fromMillimetres.map(point); }
+    QPointF toMm(double x, double y) const
+    {
+        return {x * m_xx + y * m_yx + m_dx, x * m_xy + y * m_yy + m_dy};
+    }
+    const QTransform &transform() const { return m_toMillimetres; }
+    QPointF fromMm(const QPointF &point) const { return m_fromMillimetres.map(point); }
 
     /** From P1 to P2, in plotter units. */
-    QPointF span() const { return p2 - p1; }
-    double unit() const { return unitMm; }
-    int turnDeg() const { return turn; }
+    QPointF span() const { return m_p2 - m_p1; }
+    double unit() const { return m_unitMm; }
+    int turnDeg() const { return m_turn; }
 
     /** Sheet in plotter units, as the file says it; empty when it does not. */
-    QSizeF page() const { return hasPage ? sheet : QSizeF(); }
+    QSizeF page() const { return m_hasPage ? m_sheet : QSizeF(); }
 
     /** Whether a scale hangs on a sheet that the file does not describe. */
-    bool isGuessed() const { return wasGuessed; }
+    bool isGuessed() const { return m_wasGuessed; }
 
 private:
     void setDefaultPoints();
     QSizeF turnedSheet() const;
     void update();
 
-    double unitMm;
-    QSizeF sheet;
-    bool hasPage = false;
-    QPointF p1;
-    QPointF p2;
-    bool arePointsSaid = false;
-    bool wasGuessed = false;
-    std::vector<double> scale; ///< parameters of SC; empty: off
-    int turn = 0;              ///< degrees, counter-clockwise
-    QTransform toMillimetres;
-    QTransform fromMillimetres;
-    double xx = 1.0, xy = 0.0, yx = 0.0, yy = 1.0, dx = 0.0, dy = 0.0;
+    double m_unitMm;
+    QSizeF m_sheet;
+    bool m_hasPage = false;
+    QPointF m_p1;
+    QPointF m_p2;
+    bool m_arePointsSaid = false;
+    bool m_wasGuessed = false;
+    std::vector<double> m_scale; ///< parameters of SC; empty: off
+    int m_turn = 0;              ///< degrees, counter-clockwise
+    QTransform m_toMillimetres;
+    QTransform m_fromMillimetres;
+    double m_xx = 1.0, m_xy = 0.0, m_yx = 0.0, m_yy = 1.0, m_dx = 0.0, m_dy = 0.0;
 };
 
 } // namespace vectorkit

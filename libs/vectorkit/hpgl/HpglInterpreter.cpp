@@ -29,30 +29,30 @@ bool isOneOf(int wanted, const char *names)
 
 HpglInterpreter::HpglInterpreter(const QByteArray &bytes, const ReadOptions &readOptions,
                                  VectorDrawing *target)
-    : options(readOptions), drawing(target),
-      scanner(bytes.constData(), bytes.constData() + bytes.size()),
-      frame(readOptions.unitMm > 0.0 ? readOptions.unitMm : kUnitMm), plotter(target, &frame)
+    : m_options(readOptions), m_drawing(target),
+      m_scanner(bytes.constData(), bytes.constData() + bytes.size()),
+      m_frame(readOptions.unitMm > 0.0 ? readOptions.unitMm : kUnitMm), m_plotter(target, &m_frame)
 {
 }
 
 bool HpglInterpreter::run(ReadFailure *failure)
 {
-    while (scanner.next()) {
-        ++commands;
-        const int wanted = scanner.code();
+    while (m_scanner.next()) {
+        ++m_commands;
+        const int wanted = m_scanner.code();
         if (!carryOutMove(wanted) && !carryOutPen(wanted) && !carryOutArea(wanted) &&
             !carryOutArc(wanted) && !carryOutLettering(wanted) && !carryOutFrame(wanted) &&
             !carryOutPage(wanted) && !passOver(wanted)) {
-            ++unknownCommands;
+            ++m_unknownCommands;
             note(VectorNote::Kind::Left,
                  QCoreApplication::translate("vectorkit", "unknown command %1").arg(commandName()));
-            scanner.readNumbers();
+            m_scanner.readNumbers();
         }
-        if (commands % 1024 == 0 && !checkLimits(failure))
+        if (m_commands % 1024 == 0 && !checkLimits(failure))
             return false;
     }
-    const bool isUnused = plotter.isInPolygon() || plotter.isPolygonUnused();
-    plotter.finish();
+    const bool isUnused = m_plotter.isInPolygon() || m_plotter.isPolygonUnused();
+    m_plotter.finish();
     if (isUnused)
         note(VectorNote::Kind::Left,
              QCoreApplication::translate("vectorkit", "polygon neither filled nor drawn"));
@@ -60,16 +60,17 @@ bool HpglInterpreter::run(ReadFailure *failure)
     if (!checkLimits(failure))
         return false;
     describe();
-    if ((damagedCommands)*10 > commands + scanner.strayRuns() || unknownCommands * 2 > commands) {
+    if ((m_damagedCommands)*10 > m_commands + m_scanner.strayRuns() ||
+        m_unknownCommands * 2 > m_commands) {
         *failure = {
             ReadFailure::Kind::Damaged,
             QCoreApplication::translate("vectorkit", "%1 of %2 commands are damaged or unknown.")
-                .arg(damagedCommands + unknownCommands)
-                .arg(commands + scanner.strayRuns()),
+                .arg(m_damagedCommands + m_unknownCommands)
+                .arg(m_commands + m_scanner.strayRuns()),
             QCoreApplication::translate("vectorkit", "Write the file anew as HP-GL.")};
         return false;
     }
-    if (drawing->isEmpty()) {
+    if (m_drawing->isEmpty()) {
         *failure = {ReadFailure::Kind::Empty,
                     QCoreApplication::translate("vectorkit", "The file draws nothing."), QString()};
         return false;
@@ -79,16 +80,16 @@ bool HpglInterpreter::run(ReadFailure *failure)
 
 bool HpglInterpreter::checkLimits(ReadFailure *failure)
 {
-    if (plotter.pieceCount() > options.mostPieces) {
+    if (m_plotter.pieceCount() > m_options.mostPieces) {
         *failure = {ReadFailure::Kind::TooLarge,
                     QCoreApplication::translate("vectorkit",
                                                 "The drawing has more than %1 lines, the limit.")
-                        .arg(options.mostPieces),
+                        .arg(m_options.mostPieces),
                     QString()};
         return false;
     }
-    if (options.progress && scanner.size() > 0 &&
-        !options.progress(double(scanner.place()) / double(scanner.size()))) {
+    if (m_options.progress && m_scanner.size() > 0 &&
+        !m_options.progress(double(m_scanner.place()) / double(m_scanner.size()))) {
         *failure = {ReadFailure::Kind::Cancelled,
                     QCoreApplication::translate("vectorkit", "Reading was cancelled."), QString()};
         return false;
@@ -98,22 +99,22 @@ bool HpglInterpreter::checkLimits(ReadFailure *failure)
 
 QString HpglInterpreter::commandName() const
 {
-    const int wanted = scanner.code();
+    const int wanted = m_scanner.code();
     return QString(QLatin1Char(static_cast<char>(wanted / 256))) +
            QLatin1Char(static_cast<char>(wanted % 256));
 }
 
 void HpglInterpreter::note(VectorNote::Kind kind, const QString &what)
 {
-    drawing->note(kind, what,
-                  QCoreApplication::translate("vectorkit", "byte %1").arg(scanner.place()));
+    m_drawing->note(kind, what,
+                    QCoreApplication::translate("vectorkit", "byte %1").arg(m_scanner.place()));
 }
 
 void HpglInterpreter::damaged(const QString &what, qint64 place, qint64 count)
 {
-    damagedCommands += count;
-    drawing->note(VectorNote::Kind::Damaged, what,
-                  QCoreApplication::translate("vectorkit", "byte %1").arg(place), count);
+    m_damagedCommands += count;
+    m_drawing->note(VectorNote::Kind::Damaged, what,
+                    QCoreApplication::translate("vectorkit", "byte %1").arg(place), count);
 }
 
 void HpglInterpreter::noteRemains()
@@ -121,59 +122,60 @@ void HpglInterpreter::noteRemains()
     const auto byte = [](qint64 place) {
         return QCoreApplication::translate("vectorkit", "byte %1").arg(place);
     };
-    if (scanner.strayRuns() > 0) {
-        damagedCommands += scanner.strayRuns();
-        drawing->note(VectorNote::Kind::Damaged,
-                      QCoreApplication::translate("vectorkit", "text that is no command"),
-                      byte(scanner.firstStray()), scanner.strayRuns());
+    if (m_scanner.strayRuns() > 0) {
+        m_damagedCommands += m_scanner.strayRuns();
+        m_drawing->note(VectorNote::Kind::Damaged,
+                        QCoreApplication::translate("vectorkit", "text that is no command"),
+                        byte(m_scanner.firstStray()), m_scanner.strayRuns());
     }
-    if (plotter.farCount() > 0)
+    if (m_plotter.farCount() > 0)
         damaged(QCoreApplication::translate("vectorkit", "points beyond all sheets"), 0,
-                plotter.farCount());
-    if (plotter.drawnWithoutPen() > 0)
-        drawing->note(
+                m_plotter.farCount());
+    if (m_plotter.drawnWithoutPen() > 0)
+        m_drawing->note(
             VectorNote::Kind::Changed,
             QCoreApplication::translate("vectorkit", "drawn although the pen was put away (SP0)"),
-            QString(), plotter.drawnWithoutPen());
+            QString(), m_plotter.drawnWithoutPen());
 }
 
 /** Version, sheet, size and how it is known, names of the pages. */
 void HpglInterpreter::describe()
 {
-    drawing->format = VectorFormat::Hpgl;
-    drawing->formatVersion = isSecondLanguage || scanner.isWrapped() ? QStringLiteral("HP-GL/2")
-                                                                     : QStringLiteral("HP-GL");
-    drawing->unitMm = frame.unit();
-    drawing->declaredSizeMm = sheet * frame.unit();
-    if (options.unitMm > 0.0) {
-        drawing->sizeSource = SizeSource::Chosen;
-        drawing->sizeReason =
+    m_drawing->format = VectorFormat::Hpgl;
+    m_drawing->formatVersion = m_isSecondLanguage || m_scanner.isWrapped()
+                                   ? QStringLiteral("HP-GL/2")
+                                   : QStringLiteral("HP-GL");
+    m_drawing->unitMm = m_frame.unit();
+    m_drawing->declaredSizeMm = m_sheet * m_frame.unit();
+    if (m_options.unitMm > 0.0) {
+        m_drawing->sizeSource = SizeSource::Chosen;
+        m_drawing->sizeReason =
             QCoreApplication::translate("vectorkit", "The plotter's unit was chosen as %1 mm.")
-                .arg(options.unitMm);
-    } else if (frame.isGuessed()) {
-        drawing->sizeSource = SizeSource::Guessed;
-        drawing->sizeReason = QCoreApplication::translate(
+                .arg(m_options.unitMm);
+    } else if (m_frame.isGuessed()) {
+        m_drawing->sizeSource = SizeSource::Guessed;
+        m_drawing->sizeReason = QCoreApplication::translate(
             "vectorkit",
             "The drawing is scaled to the plotter's sheet, which the file does not name; A4 is "
             "taken.");
     } else {
-        drawing->sizeSource = SizeSource::Format;
-        drawing->sizeReason =
+        m_drawing->sizeSource = SizeSource::Format;
+        m_drawing->sizeReason =
             QCoreApplication::translate("vectorkit", "A plotter's unit is 0.025 mm.");
     }
-    if (drawing->layers.size() < 2)
+    if (m_drawing->layers.size() < 2)
         return;
     int number = 0;
-    for (VectorLayer &page : drawing->layers)
+    for (VectorLayer &page : m_drawing->layers)
         page.name = QCoreApplication::translate("vectorkit", "Page %1").arg(++number);
 }
 
 bool HpglInterpreter::take(std::size_t least)
 {
-    if (scanner.readNumbers() && (numbers().empty() || numbers().size() >= least))
+    if (m_scanner.readNumbers() && (numbers().empty() || numbers().size() >= least))
         return numbers().size() >= least;
     damaged(QCoreApplication::translate("vectorkit", "numbers of command %1").arg(commandName()),
-            scanner.place());
+            m_scanner.place());
     return false;
 }
 
@@ -182,7 +184,7 @@ void HpglInterpreter::require(bool isSensible)
     if (!isSensible)
         damaged(
             QCoreApplication::translate("vectorkit", "numbers of command %1").arg(commandName()),
-            scanner.place());
+            m_scanner.place());
 }
 
 double HpglInterpreter::number(std::size_t index, double otherwise) const
@@ -193,55 +195,55 @@ double HpglInterpreter::number(std::size_t index, double otherwise) const
 QPointF HpglInterpreter::point(std::size_t index, bool isRelative) const
 {
     const QPointF place(numbers()[index], numbers()[index + 1]);
-    return isRelative ? plotter.position() + place : place;
+    return isRelative ? m_plotter.position() + place : place;
 }
 
 double HpglInterpreter::chord(std::size_t index) const
 {
-    return isChordLength ? 0.0 : std::abs(number(index, 0.0));
+    return m_isChordLength ? 0.0 : std::abs(number(index, 0.0));
 }
 
 void HpglInterpreter::reset()
 {
-    plotter.setDown(false);
-    plotter.endPolygon();
-    plotter.setWindowMm(QRectF());
-    plotter.setRelative(false);
-    plotter.setPenWidth(0.0);
-    plotter.resetPenColors();
-    frame.reset();
-    lettering.reset();
-    labelEnd = '\x03';
-    symbol = '\0';
-    isChordLength = false;
+    m_plotter.setDown(false);
+    m_plotter.endPolygon();
+    m_plotter.setWindowMm(QRectF());
+    m_plotter.setRelative(false);
+    m_plotter.setPenWidth(0.0);
+    m_plotter.resetPenColors();
+    m_frame.reset();
+    m_lettering.reset();
+    m_labelEnd = '\x03';
+    m_symbol = '\0';
+    m_isChordLength = false;
 }
 
 void HpglInterpreter::moves()
 {
-    require(scanner.readNumbers() && numbers().size() % 2 == 0);
+    require(m_scanner.readNumbers() && numbers().size() % 2 == 0);
     for (std::size_t i = 0; i + 1 < numbers().size(); i += 2) {
-        const QPointF to = point(i, plotter.isRelative());
-        plotter.moveTo(to.x(), to.y());
-        if (symbol != '\0' && !plotter.isInPolygon())
-            plotter.addText(lettering.symbol(symbol, frame, plotter.positionMm()));
+        const QPointF to = point(i, m_plotter.isRelative());
+        m_plotter.moveTo(to.x(), to.y());
+        if (m_symbol != '\0' && !m_plotter.isInPolygon())
+            m_plotter.addText(m_lettering.symbol(m_symbol, m_frame, m_plotter.positionMm()));
     }
-    lineStartMm = plotter.positionMm();
+    m_lineStartMm = m_plotter.positionMm();
 }
 
 bool HpglInterpreter::carryOutMove(int wanted)
 {
     switch (wanted) {
     case code("PU"):
-        plotter.setDown(false);
+        m_plotter.setDown(false);
         break;
     case code("PD"):
-        plotter.setDown(true);
+        m_plotter.setDown(true);
         break;
     case code("PA"):
-        plotter.setRelative(false);
+        m_plotter.setRelative(false);
         break;
     case code("PR"):
-        plotter.setRelative(true);
+        m_plotter.setRelative(true);
         break;
     case code("PE"):
         packed();
@@ -255,25 +257,25 @@ bool HpglInterpreter::carryOutMove(int wanted)
 
 void HpglInterpreter::packed()
 {
-    isSecondLanguage = true;
-    const PackedLine line = unpackedLine(scanner.readToSemicolon());
+    m_isSecondLanguage = true;
+    const PackedLine line = unpackedLine(m_scanner.readToSemicolon());
     for (const PackedStep &step : line.steps) {
         if (step.kind == PackedStep::Kind::Pen) {
-            plotter.selectPen(step.pen);
+            m_plotter.selectPen(step.pen);
             continue;
         }
-        const QPointF base = step.isAbsolute ? QPointF() : plotter.position();
-        plotter.setDown(!step.isPenUp);
-        plotter.moveTo(base.x() + step.x, base.y() + step.y);
+        const QPointF base = step.isAbsolute ? QPointF() : m_plotter.position();
+        m_plotter.setDown(!step.isPenUp);
+        m_plotter.moveTo(base.x() + step.x, base.y() + step.y);
     }
-    lineStartMm = plotter.positionMm();
+    m_lineStartMm = m_plotter.positionMm();
     if (line.isRecoded)
         note(VectorNote::Kind::Changed,
              QCoreApplication::translate("vectorkit", "packed lines written as UTF-8"));
     if (line.restIsCommand) {
         note(VectorNote::Kind::Changed,
              QCoreApplication::translate("vectorkit", "packed lines without their end"));
-        scanner.stepBack(line.rest);
+        m_scanner.stepBack(line.rest);
     }
     require(line.rest == 0 || line.restIsCommand);
 }
@@ -295,11 +297,11 @@ bool HpglInterpreter::carryOutArc(int wanted)
         return true;
     case code("CI"):
         if (take(1))
-            plotter.circle(numbers()[0], chord(1));
+            m_plotter.circle(numbers()[0], chord(1));
         return true;
     case code("CT"):
-        if (scanner.readNumbers())
-            isChordLength = number(0, 0.0) == 1.0;
+        if (m_scanner.readNumbers())
+            m_isChordLength = number(0, 0.0) == 1.0;
         return true;
     default:
         return false;
@@ -311,23 +313,23 @@ void HpglInterpreter::arc(bool isRelative)
     if (!take(3))
         return;
     const QPointF centre = point(0, isRelative);
-    plotter.arcAbout(centre.x(), centre.y(), numbers()[2], chord(3));
+    m_plotter.arcAbout(centre.x(), centre.y(), numbers()[2], chord(3));
 }
 
 void HpglInterpreter::arcThrough(bool isRelative)
 {
     if (take(4))
-        plotter.arcThrough(point(0, isRelative), point(2, isRelative), chord(4));
+        m_plotter.arcThrough(point(0, isRelative), point(2, isRelative), chord(4));
 }
 
 void HpglInterpreter::curves(bool isRelative)
 {
-    isSecondLanguage = true;
+    m_isSecondLanguage = true;
     if (!take(6))
         return;
     require(numbers().size() % 6 == 0);
     for (std::size_t i = 0; i + 5 < numbers().size(); i += 6)
-        plotter.curveTo(point(i, isRelative), point(i + 2, isRelative), point(i + 4, isRelative));
+        m_plotter.curveTo(point(i, isRelative), point(i + 2, isRelative), point(i + 4, isRelative));
 }
 
 bool HpglInterpreter::carryOutArea(int wanted)
@@ -339,31 +341,32 @@ bool HpglInterpreter::carryOutArea(int wanted)
     case code("RR"):
         if (take(2)) {
             const QPointF to = point(0, wanted == code("ER") || wanted == code("RR"));
-            plotter.rectangleTo(to.x(), to.y(), wanted == code("RA") || wanted == code("RR"));
+            m_plotter.rectangleTo(to.x(), to.y(), wanted == code("RA") || wanted == code("RR"));
         }
         return true;
     case code("EW"):
     case code("WG"):
         if (take(3))
-            plotter.wedge(numbers()[0], numbers()[1], numbers()[2], chord(3), wanted == code("WG"));
+            m_plotter.wedge(numbers()[0], numbers()[1], numbers()[2], chord(3),
+                            wanted == code("WG"));
         return true;
     case code("PM"):
-        if (!scanner.readNumbers() || number(0, 0.0) < 0.0 || number(0, 0.0) > 2.0)
+        if (!m_scanner.readNumbers() || number(0, 0.0) < 0.0 || number(0, 0.0) > 2.0)
             require(false);
         else if (number(0, 0.0) == 1.0)
-            plotter.endSubpolygon();
+            m_plotter.endSubpolygon();
         else if (number(0, 0.0) == 2.0)
-            plotter.endPolygon();
+            m_plotter.endPolygon();
         else
-            plotter.beginPolygon();
+            m_plotter.beginPolygon();
         return true;
     case code("FP"):
-        require(scanner.readNumbers());
-        plotter.fillPolygon(number(0, 0.0) == 1.0 ? Qt::WindingFill : Qt::OddEvenFill);
+        require(m_scanner.readNumbers());
+        m_plotter.fillPolygon(number(0, 0.0) == 1.0 ? Qt::WindingFill : Qt::OddEvenFill);
         return true;
     case code("EP"):
-        require(scanner.readNumbers());
-        plotter.edgePolygon();
+        require(m_scanner.readNumbers());
+        m_plotter.edgePolygon();
         return true;
     default:
         return false;
@@ -373,18 +376,18 @@ bool HpglInterpreter::carryOutArea(int wanted)
 bool HpglInterpreter::carryOutFrame(int wanted)
 {
     const auto change = [&](bool (HpglFrame::*set)(const std::vector<double> &)) {
-        require(scanner.readNumbers() &&
-                plotter.changeFrame([&] { return (frame.*set)(numbers()); }));
+        require(m_scanner.readNumbers() &&
+                m_plotter.changeFrame([&] { return (m_frame.*set)(numbers()); }));
     };
     switch (wanted) {
     case code("IN"):
     case code("DF"):
-        require(scanner.readNumbers());
+        require(m_scanner.readNumbers());
         if (wanted == code("IN")) {
             reset();
-            plotter.jumpToMm(frame.toMm(0.0, 0.0));
+            m_plotter.jumpToMm(m_frame.toMm(0.0, 0.0));
         } else {
-            plotter.changeFrame([&] {
+            m_plotter.changeFrame([&] {
                 reset();
                 return true;
             });
@@ -403,9 +406,9 @@ bool HpglInterpreter::carryOutFrame(int wanted)
         change(&HpglFrame::setTurn);
         return true;
     case code("PS"):
-        isSecondLanguage = true;
+        m_isSecondLanguage = true;
         change(&HpglFrame::setPageSize);
-        sheet = frame.page();
+        m_sheet = m_frame.page();
         return true;
     case code("IW"):
         window();
@@ -419,14 +422,14 @@ void HpglInterpreter::window()
 {
     if (!take(4)) {
         if (numbers().empty())
-            plotter.setWindowMm(QRectF());
+            m_plotter.setWindowMm(QRectF());
         return;
     }
-    const QPointF a = frame.toMm(numbers()[0], numbers()[1]);
-    const QPointF b = frame.toMm(numbers()[2], numbers()[3]);
+    const QPointF a = m_frame.toMm(numbers()[0], numbers()[1]);
+    const QPointF b = m_frame.toMm(numbers()[2], numbers()[3]);
     const QRectF box = QRectF(a, b).normalized();
     if (box.width() > 0.0 && box.height() > 0.0)
-        plotter.setWindowMm(box);
+        m_plotter.setWindowMm(box);
     else
         require(false);
 }
@@ -434,7 +437,7 @@ void HpglInterpreter::window()
 bool HpglInterpreter::carryOutLettering(int wanted)
 {
     const auto set = [&](bool (HpglLettering::*setter)(const std::vector<double> &)) {
-        require(scanner.readNumbers() && (lettering.*setter)(numbers()));
+        require(m_scanner.readNumbers() && (m_lettering.*setter)(numbers()));
     };
     switch (wanted) {
     case code("LB"):
@@ -457,8 +460,8 @@ bool HpglInterpreter::carryOutLettering(int wanted)
         return true;
     case code("DI"):
     case code("DR"):
-        require(scanner.readNumbers() &&
-                lettering.setDirection(numbers(), wanted == code("DR") ? &frame : nullptr));
+        require(m_scanner.readNumbers() &&
+                m_lettering.setDirection(numbers(), wanted == code("DR") ? &m_frame : nullptr));
         return true;
     case code("DT"):
         terminator();
@@ -477,45 +480,46 @@ bool HpglInterpreter::carryOutLettering(int wanted)
 void HpglInterpreter::label()
 {
     bool isMended = false;
-    const QByteArray text = scanner.readLabel(labelEnd, &isMended);
+    const QByteArray text = m_scanner.readLabel(m_labelEnd, &isMended);
     if (isMended)
         note(VectorNote::Kind::Changed,
              QCoreApplication::translate("vectorkit", "labels without their end"));
-    QPointF at = plotter.positionMm();
-    const QVector<VectorText> texts = lettering.place(text, frame, &at, &lineStartMm);
+    QPointF at = m_plotter.positionMm();
+    const QVector<VectorText> texts = m_lettering.place(text, m_frame, &at, &m_lineStartMm);
     for (const VectorText &line : texts)
-        plotter.addText(line);
-    plotter.jumpToMm(at);
+        m_plotter.addText(line);
+    m_plotter.jumpToMm(at);
 }
 
 void HpglInterpreter::terminator()
 {
-    labelEnd = scanner.readByte();
-    if (labelEnd == '\0')
-        labelEnd = '\x03';
-    scanner.readNumbers();
+    m_labelEnd = m_scanner.readByte();
+    if (m_labelEnd == '\0')
+        m_labelEnd = '\x03';
+    m_scanner.readNumbers();
 }
 
 void HpglInterpreter::symbolMode()
 {
-    symbol = scanner.readByte();
-    if (static_cast<unsigned char>(symbol) <= ' ')
-        symbol = '\0';
+    m_symbol = m_scanner.readByte();
+    if (static_cast<unsigned char>(m_symbol) <= ' ')
+        m_symbol = '\0';
 }
 
 void HpglInterpreter::movePenByLetters()
 {
-    if (!scanner.readNumbers() || numbers().size() == 1) {
+    if (!m_scanner.readNumbers() || numbers().size() == 1) {
         require(false);
         return;
     }
     if (numbers().empty()) { // a new line
-        lineStartMm = lettering.moved(lineStartMm, frame, 0.0, -1.0);
-        plotter.jumpToMm(lineStartMm);
+        m_lineStartMm = m_lettering.moved(m_lineStartMm, m_frame, 0.0, -1.0);
+        m_plotter.jumpToMm(m_lineStartMm);
         return;
     }
-    lineStartMm = lettering.moved(lineStartMm, frame, 0.0, numbers()[1]);
-    plotter.jumpToMm(lettering.moved(plotter.positionMm(), frame, numbers()[0], numbers()[1]));
+    m_lineStartMm = m_lettering.moved(m_lineStartMm, m_frame, 0.0, numbers()[1]);
+    m_plotter.jumpToMm(
+        m_lettering.moved(m_plotter.positionMm(), m_frame, numbers()[0], numbers()[1]));
 }
 
 bool HpglInterpreter::carryOutPen(int wanted)
@@ -523,21 +527,21 @@ bool HpglInterpreter::carryOutPen(int wanted)
     constexpr double kMostPens = 32767.0;
     switch (wanted) {
     case code("SP"):
-        if (!scanner.readNumbers() || !(number(0, 0.0) >= 0.0 && number(0, 0.0) <= kMostPens))
+        if (!m_scanner.readNumbers() || !(number(0, 0.0) >= 0.0 && number(0, 0.0) <= kMostPens))
             require(false);
         else
-            plotter.selectPen(static_cast<int>(number(0, 0.0)));
+            m_plotter.selectPen(static_cast<int>(number(0, 0.0)));
         return true;
     case code("PW"):
-        if (!scanner.readNumbers() || !(number(0, 0.35) >= 0.0 && number(0, 0.35) <= 1e6))
+        if (!m_scanner.readNumbers() || !(number(0, 0.35) >= 0.0 && number(0, 0.35) <= 1e6))
             require(false);
-        else if (!isWidthRelative)
-            plotter.setPenWidth(number(0, 0.35));
+        else if (!m_isWidthRelative)
+            m_plotter.setPenWidth(number(0, 0.35));
         return true;
     case code("WU"):
-        require(scanner.readNumbers());
-        isWidthRelative = number(0, 0.0) == 1.0;
-        plotter.setPenWidth(0.0);
+        require(m_scanner.readNumbers());
+        m_isWidthRelative = number(0, 0.0) == 1.0;
+        m_plotter.setPenWidth(0.0);
         return true;
     case code("PC"):
         penColor();
@@ -549,8 +553,8 @@ bool HpglInterpreter::carryOutPen(int wanted)
 
 void HpglInterpreter::penColor()
 {
-    isSecondLanguage = true;
-    const bool isRead = scanner.readNumbers();
+    m_isSecondLanguage = true;
+    const bool isRead = m_scanner.readNumbers();
     const auto isByte = [&](std::size_t index) {
         return number(index, -1.0) >= 0.0 && number(index, -1.0) <= 255.0;
     };
@@ -558,7 +562,7 @@ void HpglInterpreter::penColor()
         require(false);
     } else if (numbers().size() >= 4) {
         if (isByte(1) && isByte(2) && isByte(3))
-            plotter.setPenColor(
+            m_plotter.setPenColor(
                 static_cast<int>(numbers()[0]),
                 QColor(qRound(numbers()[1]), qRound(numbers()[2]), qRound(numbers()[3])));
         else
@@ -570,8 +574,8 @@ bool HpglInterpreter::carryOutPage(int wanted)
 {
     if (!isOneOf(wanted, "PG AF AH FR "))
         return false;
-    require(scanner.readNumbers());
-    plotter.endPage();
+    require(m_scanner.readNumbers());
+    m_plotter.endPage();
     return true;
 }
 
@@ -579,25 +583,25 @@ bool HpglInterpreter::carryOutPage(int wanted)
 bool HpglInterpreter::passOver(int wanted)
 {
     if (isOneOf(wanted, "CO BP ")) {
-        isSecondLanguage = isSecondLanguage || wanted == code("BP");
-        scanner.skipQuoted();
+        m_isSecondLanguage = m_isSecondLanguage || wanted == code("BP");
+        m_scanner.skipQuoted();
         return true;
     }
     if (isOneOf(wanted, "BL PB WD ")) {
         bool isMended = false;
         if (wanted != code("PB"))
-            scanner.readLabel(labelEnd, &isMended);
+            m_scanner.readLabel(m_labelEnd, &isMended);
         note(VectorNote::Kind::Left,
              QCoreApplication::translate("vectorkit", "command %1").arg(commandName()));
         return true;
     }
     if (wanted == code("LT")) {
-        if (scanner.readNumbers() && !numbers().empty())
+        if (m_scanner.readNumbers() && !numbers().empty())
             note(VectorNote::Kind::Changed,
                  QCoreApplication::translate("vectorkit", "line types, drawn solid (LT)"));
         return true;
     }
-    if (isOneOf(wanted, "UC DV ") && scanner.readNumbers()) {
+    if (isOneOf(wanted, "UC DV ") && m_scanner.readNumbers()) {
         if (!numbers().empty() && numbers()[0] != 0.0)
             note(VectorNote::Kind::Left,
                  QCoreApplication::translate("vectorkit", "command %1").arg(commandName()));
@@ -610,8 +614,8 @@ bool HpglInterpreter::passOver(int wanted)
         "GM GC IM IC KY PP PR CV DC DP EC ES GP ST RF TL XT YT WG EN CE ";
     if (!isOneOf(wanted, kWithoutMarks))
         return false;
-    isSecondLanguage = isSecondLanguage || isOneOf(wanted, "NP MC TR AC SD UL LA ");
-    scanner.readNumbers();
+    m_isSecondLanguage = m_isSecondLanguage || isOneOf(wanted, "NP MC TR AC SD UL LA ");
+    m_scanner.readNumbers();
     return true;
 }
 

@@ -44,7 +44,7 @@ private:
 
     /** The command's numbers; what is wrong with them is noted. Fewer than `least` is damage. */
     bool take(std::size_t least);
-    const std::vector<double> &numbers() const { return scanner.numbers(); }
+    const std::vector<double> &numbers() const { return m_scanner.numbers(); }
     double number(std::size_t index, double otherwise) const;
     QPointF point(std::size_t index, bool isRelative) const;
     void require(bool isSensible);
@@ -56,22 +56,22 @@ private:
     void noteRemains();
     void describe();
 
-    const ReadOptions &options; ///< borrowed from the caller
-    VectorDrawing *drawing;     ///< borrowed from the caller
-    HpglScanner scanner;
-    HpglFrame frame;
-    HpglPlotter plotter;
-    HpglLettering lettering;
-    QPointF lineStartMm;
-    char labelEnd = '\x03';
-    char symbol = '\0';
-    bool isChordLength = false;
-    bool isSecondLanguage = false;
-    bool isWidthRelative = false;
-    QSizeF sheet;
-    qint64 commands = 0;
-    qint64 damagedCommands = 0;
-    qint64 unknownCommands = 0;
+    const ReadOptions &m_options; ///< borrowed from the caller
+    VectorDrawing *m_drawing;     ///< borrowed from the caller
+    HpglScanner m_scanner;
+    HpglFrame m_frame;
+    HpglPlotter m_plotter;
+    HpglLettering m_lettering;
+    QPointF m_lineStartMm;
+    char m_labelEnd = '\x03';
+    char m_symbol = '\0';
+    bool m_isChordLength = false;
+    bool m_isSecondLanguage = false;
+    bool m_isWidthRelative = false;
+    QSizeF m_sheet;
+    qint64 m_commands = 0;
+    qint64 m_damagedCommands = 0;
+    qint64 m_unknownCommands = 0;
 };
 
 } // namespace vectorkit

@@ -40,9 +40,9 @@ bool HpglLettering::setSize(const std::vector<double> &numbers)
 {
     if (!numbers.empty() && (numbers.size() < 2 || numbers[0] == 0.0 || numbers[1] == 0.0))
         return false;
-    width = numbers.empty() ? 0.187 : numbers[0];
-    height = numbers.empty() ? 0.269 : numbers[1];
-    isRelativeSize = false;
+    m_width = numbers.empty() ? 0.187 : numbers[0];
+    m_height = numbers.empty() ? 0.269 : numbers[1];
+    m_isRelativeSize = false;
     return true;
 }
 
@@ -50,29 +50,29 @@ bool HpglLettering::setRelativeSize(const std::vector<double> &numbers)
 {
     if (!numbers.empty() && (numbers.size() < 2 || numbers[0] == 0.0 || numbers[1] == 0.0))
         return false;
-    width = numbers.empty() ? 0.75 : numbers[0];
-    height = numbers.empty() ? 1.5 : numbers[1];
-    isRelativeSize = true;
+    m_width = numbers.empty() ? 0.75 : numbers[0];
+    m_height = numbers.empty() ? 1.5 : numbers[1];
+    m_isRelativeSize = true;
     return true;
 }
 
 bool HpglLettering::setDirection(const std::vector<double> &numbers, const HpglFrame *relativeTo)
 {
     if (numbers.empty()) {
-        angle = 0.0;
+        m_angle = 0.0;
         return true;
     }
     if (numbers.size() < 2 || (numbers[0] == 0.0 && numbers[1] == 0.0))
         return false;
     const double run = relativeTo ? numbers[0] * relativeTo->span().x() : numbers[0];
     const double rise = relativeTo ? numbers[1] * relativeTo->span().y() : numbers[1];
-    angle = qRadiansToDegrees(std::atan2(rise, run));
+    m_angle = qRadiansToDegrees(std::atan2(rise, run));
     return true;
 }
 
 bool HpglLettering::setSlant(const std::vector<double> &numbers)
 {
-    slantDeg = numbers.empty() ? 0.0 : qRadiansToDegrees(std::atan(numbers[0]));
+    m_slantDeg = numbers.empty() ? 0.0 : qRadiansToDegrees(std::atan(numbers[0]));
     return true;
 }
 
@@ -82,24 +82,24 @@ bool HpglLettering::setOrigin(const std::vector<double> &numbers)
     const bool isKnown = (number >= 1.0 && number <= 9.0) || (number >= 11.0 && number <= 19.0);
     if (!isKnown || number != std::floor(number))
         return false;
-    origin = static_cast<int>(number);
+    m_origin = static_cast<int>(number);
     return true;
 }
 
 bool HpglLettering::setExtraSpace(const std::vector<double> &numbers)
 {
-    extraLetter = numbers.empty() ? 0.0 : numbers[0];
-    extraLine = numbers.size() > 1 ? numbers[1] : 0.0;
+    m_extraLetter = numbers.empty() ? 0.0 : numbers[0];
+    m_extraLine = numbers.size() > 1 ? numbers[1] : 0.0;
     return true;
 }
 
 HpglLettering::Measure HpglLettering::measure(const HpglFrame &frame) const
 {
-    double acrossMm = width * 10.0;
-    double upMm = height * 10.0;
-    if (isRelativeSize) {
-        acrossMm = width / 100.0 * frame.span().x() * frame.unit();
-        upMm = height / 100.0 * frame.span().y() * frame.unit();
+    double acrossMm = m_width * 10.0;
+    double upMm = m_height * 10.0;
+    if (m_isRelativeSize) {
+        acrossMm = m_width / 100.0 * frame.span().x() * frame.unit();
+        upMm = m_height / 100.0 * frame.span().y() * frame.unit();
     } else {
         acrossMm *= frame.unit() / 0.025;
         upMm *= frame.unit() / 0.025;
@@ -107,10 +107,10 @@ HpglLettering::Measure HpglLettering::measure(const HpglFrame &frame) const
     Measure measure{};
     measure.widthMm = std::abs(acrossMm);
     measure.heightMm = std::abs(upMm);
-    measure.cellMm = measure.widthMm * kCellOfWidth * (1.0 + extraLetter);
-    measure.lineMm = measure.heightMm * kLineOfHeight * (1.0 + extraLine);
+    measure.cellMm = measure.widthMm * kCellOfWidth * (1.0 + m_extraLetter);
+    measure.lineMm = measure.heightMm * kLineOfHeight * (1.0 + m_extraLine);
     // Upside down is mirrored and turned by half.
-    measure.angleDeg = angle + frame.turnDeg() + (upMm < 0.0 ? 180.0 : 0.0);
+    measure.angleDeg = m_angle + frame.turnDeg() + (upMm < 0.0 ? 180.0 : 0.0);
     measure.isMirrored = (acrossMm < 0.0) != (upMm < 0.0);
     const double radians = qDegreesToRadians(measure.angleDeg);
     measure.up = QPointF(-std::sin(radians), -std::cos(radians));
@@ -136,15 +136,15 @@ VectorText HpglLettering::line(const QString &text, const Measure &size, const Q
     placed.widthFactor = size.widthMm / (size.heightMm * kOwnWidthOfHeight);
     // The gap after the last letter is not the label's.
     placed.lengthMm = text.size() * size.cellMm - (size.cellMm - size.widthMm);
-    placed.slantDeg = slantDeg;
+    placed.slantDeg = m_slantDeg;
     placed.isMirrored = size.isMirrored;
-    const int column = (origin % 10 - 1) / 3;
-    const int row = (origin % 10 - 1) % 3;
+    const int column = (m_origin % 10 - 1) / 3;
+    const int row = (m_origin % 10 - 1) % 3;
     placed.anchor = column == 0   ? TextAnchor::Left
                     : column == 1 ? TextAnchor::Middle
                                   : TextAnchor::Right;
     QPointF offset = size.up * (-size.heightMm * row / 2.0);
-    if (origin > 10) { // off the point by half a letter
+    if (m_origin > 10) { // off the point by half a letter
         offset += size.along * (size.widthMm / 2.0 * (1 - column));
         offset += size.up * (size.heightMm / 2.0 * (1 - row));
     }
@@ -164,7 +164,7 @@ QVector<VectorText> HpglLettering::place(const QByteArray &label, const HpglFram
         const QString text = textOf(run);
         if (!text.trimmed().isEmpty())
             texts.append(line(text, size, *at));
-        const bool isLeft = origin % 10 <= 3; // other labels leave the pen where it was
+        const bool isLeft = m_origin % 10 <= 3; // other labels leave the pen where it was
         *at += size.along * (isLeft ? text.size() * size.cellMm : 0.0);
         run.clear();
     };
@@ -193,7 +193,7 @@ VectorText HpglLettering::symbol(char letter, const HpglFrame &frame, const QPoi
 {
     const Measure size = measure(frame);
     HpglLettering centred = *this;
-    centred.origin = 5;
+    centred.m_origin = 5;
     return centred.line(QString(QLatin1Char(letter)), size, at);
 }
 

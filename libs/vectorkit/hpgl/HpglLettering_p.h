@@ -41,14 +41,14 @@ private:
     Measure measure(const HpglFrame &frame) const;
     VectorText line(const QString &text, const Measure &measure, const QPointF &at) const;
 
-    double width = 0.187; ///< centimetres, or percent of the span between the scaling points
-    double height = 0.269;
-    bool isRelativeSize = false;
-    double angle = 0.0; ///< degrees, counter-clockwise
-    double slantDeg = 0.0;
-    int origin = 1;
-    double extraLetter = 0.0; ///< parts of a letter's cell
-    double extraLine = 0.0;
+    double m_width = 0.187; ///< centimetres, or percent of the span between the scaling points
+    double m_height = 0.269;
+    bool m_isRelativeSize = false;
+    double m_angle = 0.0; ///< degrees, counter-clockwise
+    double m_slantDeg = 0.0;
+    int m_origin = 1;
+    double m_extraLetter = 0.0; ///< parts of a letter's cell
+    double m_extraLine = 0.0;
 };
 
 } // namespace vectorkit

@@ -11,25 +11,25 @@ namespace {
 class Unpacker
 {
 public:
-    explicit Unpacker(const QByteArray &packed) : bytes(packed) {}
+    explicit Unpacker(const QByteArray &packed) : m_bytes(packed) {}
 
     QVector<PackedStep> steps()
     {
         QVector<PackedStep> found;
-        while (skipBlanks() && !damaged) {
-            good = at;
-            const char byte = bytes[at];
+        while (skipBlanks() && !m_damaged) {
+            m_good = m_at;
+            const char byte = m_bytes[m_at];
             if (byte == '7') {
-                isSevenBit = true;
-                ++at;
+                m_isSevenBit = true;
+                ++m_at;
             } else if (byte == '<') {
-                isPenUp = true;
-                ++at;
+                m_isPenUp = true;
+                ++m_at;
             } else if (byte == '=') {
-                isAbsolute = true;
-                ++at;
+                m_isAbsolute = true;
+                ++m_at;
             } else if (byte == ':' || byte == '>') {
-                ++at;
+                ++m_at;
                 takeSetting(byte, &found);
             } else {
                 takePoint(&found);
@@ -38,36 +38,36 @@ public:
         return found;
     }
 
-    bool isDamaged() const { return damaged; }
+    bool isDamaged() const { return m_damaged; }
 
     /** Where the last step ended that is whole. */
-    int goodEnd() const { return good; }
+    int goodEnd() const { return m_good; }
 
 private:
     bool skipBlanks()
     {
-        while (at < bytes.size() && static_cast<unsigned char>(bytes[at]) <= ' ')
-            ++at;
-        return at < bytes.size();
+        while (m_at < m_bytes.size() && static_cast<unsigned char>(m_bytes[m_at]) <= ' ')
+            ++m_at;
+        return m_at < m_bytes.size();
     }
 
     /** A whole number in digits of six bits, or five, the lowest first; its sign is its lowest bit.
      */
     double number()
     {
-        const int base = isSevenBit ? 32 : 64;
+        const int base = m_isSevenBit ? 32 : 64;
         double value = 0.0;
         double weight = 1.0;
         bool isFirst = true;
         bool isNegative = false;
         while (skipBlanks()) {
-            int digit = static_cast<unsigned char>(bytes[at]) - 63;
-            const int lastFrom = isSevenBit ? 32 : 128;
+            int digit = static_cast<unsigned char>(m_bytes[m_at]) - 63;
+            const int lastFrom = m_isSevenBit ? 32 : 128;
             const bool isLast = digit >= lastFrom;
             digit -= isLast ? lastFrom : 0;
             if (digit < 0 || digit >= base || weight > 1e15)
                 break;
-            ++at;
+            ++m_at;
             if (isFirst) {
                 isNegative = digit % 2 != 0;
                 value = digit / 2;
@@ -80,7 +80,7 @@ private:
             if (isLast)
                 return isNegative ? -value : value;
         }
-        damaged = true;
+        m_damaged = true;
         return 0.0;
     }
 
@@ -88,11 +88,11 @@ private:
     {
         const double value = number();
         const bool isSensible = std::abs(value) <= (kind == ':' ? 32767.0 : 26.0);
-        damaged = damaged || !isSensible;
-        if (damaged)
+        m_damaged = m_damaged || !isSensible;
+        if (m_damaged)
             return;
         if (kind == '>') {
-            fraction = std::ldexp(1.0, -static_cast<int>(value));
+            m_fraction = std::ldexp(1.0, -static_cast<int>(value));
             return;
         }
         PackedStep step;
@@ -104,26 +104,26 @@ private:
     void takePoint(QVector<PackedStep> *found)
     {
         PackedStep step;
-        step.x = number() * fraction;
-        if (!damaged)
-            step.y = number() * fraction;
-        if (damaged)
+        step.x = number() * m_fraction;
+        if (!m_damaged)
+            step.y = number() * m_fraction;
+        if (m_damaged)
             return;
-        step.isAbsolute = isAbsolute;
-        step.isPenUp = isPenUp;
+        step.isAbsolute = m_isAbsolute;
+        step.isPenUp = m_isPenUp;
         found->append(step);
-        isAbsolute = false;
-        isPenUp = false;
+        m_isAbsolute = false;
+        m_isPenUp = false;
     }
 
-    QByteArray bytes;
-    int at = 0;
-    int good = 0;
-    bool isSevenBit = false;
-    bool isAbsolute = false;
-    bool isPenUp = false;
-    bool damaged = false;
-    double fraction = 1.0;
+    QByteArray m_bytes;
+    int m_at = 0;
+    int m_good = 0;
+    bool m_isSevenBit = false;
+    bool m_isAbsolute = false;
+    bool m_isPenUp = false;
+    bool m_damaged = false;
+    double m_fraction = 1.0;
 };
 
 /**

@@ -56,9 +56,9 @@ bool isSame(const QPointF &a, const QPointF &b) { return a.x() == b.x() && a.y()
 } // namespace
 
 HpglPlotter::HpglPlotter(VectorDrawing *target, HpglFrame *frameOfFile)
-    : drawing(target), frame(frameOfFile)
+    : m_drawing(target), m_frame(frameOfFile)
 {
-    drawing->layers.append(VectorLayer());
+    m_drawing->layers.append(VectorLayer());
     resetPenColors();
 }
 
@@ -66,71 +66,72 @@ void HpglPlotter::resetPenColors()
 {
     static const QRgb kColors[] = {0x000000, 0xFF0000, 0x00FF00, 0xFFFF00,
                                    0x0000FF, 0xFF00FF, 0x00FFFF};
-    colors.clear();
+    m_colors.clear();
     for (int i = 0; i < 7; ++i)
-        colors.insert(i + 1, QColor(kColors[i]));
+        m_colors.insert(i + 1, QColor(kColors[i]));
 }
 
-QColor HpglPlotter::penColor() const { return colors.value(currentPen); }
+QColor HpglPlotter::penColor() const { return m_colors.value(m_currentPen); }
 
 void HpglPlotter::setDown(bool on)
 {
-    if (on == down)
+    if (on == m_down)
         return;
     if (on) {
-        down = true;
+        m_down = true;
         touch();
     } else {
         endRun();
-        down = false;
+        m_down = false;
     }
 }
 
 void HpglPlotter::touch()
 {
-    if (inPolygon)
+    if (m_inPolygon)
         return;
-    run = VectorPath(positionMm());
-    touched = true;
+    m_run = VectorPath(positionMm());
+    m_touched = true;
 }
 
 void HpglPlotter::endRun()
 {
-    if (down && !inPolygon) {
-        if (run.isEmpty() && touched)
-            run.lineTo(run.start());
-        if (!run.isEmpty()) {
-            if ((run.pieceCount() > 1 || !run.isPolyline()) && isSame(run.start(), run.end()))
-                run.close();
-            addShape(shapeWith({run}));
+    if (m_down && !m_inPolygon) {
+        if (m_run.isEmpty() && m_touched)
+            m_run.lineTo(m_run.start());
+        if (!m_run.isEmpty()) {
+            if ((m_run.pieceCount() > 1 || !m_run.isPolyline()) &&
+                isSame(m_run.start(), m_run.end()))
+                m_run.close();
+            addShape(shapeWith({m_run}));
         }
     }
-    run = VectorPath(positionMm());
-    touched = false;
+    m_run = VectorPath(positionMm());
+    m_touched = false;
 }
 
 void HpglPlotter::selectPen(int number)
 {
-    if (number == currentPen)
+    if (number == m_currentPen)
         return;
     untouch();
     endRun();
-    currentPen = number;
+    m_currentPen = number;
 }
 
 void HpglPlotter::moveTo(double x, double y)
 {
-    const QPointF mm = frame->toMm(x, y);
+    const QPointF mm = m_frame->toMm(x, y);
     if (!isNear(mm)) {
-        ++far;
+        ++m_far;
         return;
     }
-    at = QPointF(x, y);
-    if (inPolygon) {
+    m_at = QPointF(x, y);
+    if (m_inPolygon) {
         polygonTo(mm);
-    } else if (down && !isSame(mm, run.end())) {
-        run.lineTo(mm);
-        ++pieces;
+    } else if (m_down && !isSame(mm, m_run.end())) {
+        m_run.lineTo(mm);
+        ++m_pieces;
     }
 }
 
@@ -138,41 +139,41 @@ void HpglPlotter::jumpToMm(const QPointF &placeMm)
 {
     untouch();
     endRun();
-    at = frame->fromMm(placeMm);
-    run = VectorPath(placeMm);
+    m_at = m_frame->fromMm(placeMm);
+    m_run = VectorPath(placeMm);
 }
 
 void HpglPlotter::draw(const VectorPath &userPath, double chordDeg)
 {
-    const VectorPath path = withChords(userPath, chordDeg).transformed(frame->transform());
+    const VectorPath path = withChords(userPath, chordDeg).transformed(m_frame->transform());
     if (!isNear(path)) {
-        ++far;
+        ++m_far;
         return;
     }
-    at = userPath.end();
-    pieces += path.pieceCount();
-    if (inPolygon)
+    m_at = userPath.end();
+    m_pieces += path.pieceCount();
+    if (m_inPolygon)
         polygonAppend(path);
-    else if (down)
-        run.append(path);
+    else if (m_down)
+        m_run.append(path);
 }
 
 void HpglPlotter::arcAbout(double x, double y, double sweepDeg, double chordDeg)
 {
     const QPointF centre(x, y);
-    if (sweepDeg == 0.0 || isSame(centre, at))
+    if (sweepDeg == 0.0 || isSame(centre, m_at))
         return;
-    VectorPath arc(at);
+    VectorPath arc(m_at);
     arc.arcAbout(centre, -sweepDeg); // y runs up there
     draw(arc, chordDeg);
 }
 
 void HpglPlotter::arcThrough(const QPointF &middle, const QPointF &end, double chordDeg)
 {
-    const QPointF toMiddle = middle - at;
-    const QPointF toEnd = end - at;
-    if (isSame(end, at) && !isSame(middle, at)) { // a circle across
-        arcAbout(at.x() + toMiddle.x() / 2.0, at.y() + toMiddle.y() / 2.0, 360.0, chordDeg);
+    const QPointF toMiddle = middle - m_at;
+    const QPointF toEnd = end - m_at;
+    if (isSame(end, m_at) && !isSame(middle, m_at)) { // a circle across
+        arcAbout(m_at.x() + toMiddle.x() / 2.0, m_at.y() + toMiddle.y() / 2.0, 360.0, chordDeg);
         return;
     }
     const double cross = toMiddle.x() * toEnd.y() - toMiddle.y() * toEnd.x();
@@ -183,24 +184,24 @@ void HpglPlotter::arcThrough(const QPointF &middle, const QPointF &end, double c
     }
     const double squareMiddle = QPointF::dotProduct(toMiddle, toMiddle);
     const double squareEnd = QPointF::dotProduct(toEnd, toEnd);
-    const QPointF centre = at + QPointF(squareMiddle * toEnd.y() - squareEnd * toMiddle.y(),
-                                        squareEnd * toMiddle.x() - squareMiddle * toEnd.x()) /
-                                    (2.0 * cross);
+    const QPointF centre = m_at + QPointF(squareMiddle * toEnd.y() - squareEnd * toMiddle.y(),
+                                          squareEnd * toMiddle.x() - squareMiddle * toEnd.x()) /
+                                      (2.0 * cross);
     const auto angle = [&](const QPointF &point) {
         return qRadiansToDegrees(std::atan2(point.y() - centre.y(), point.x() - centre.x()));
     };
-    double sweep = std::remainder(angle(end) - angle(at), 360.0);
+    double sweep = std::remainder(angle(end) - angle(m_at), 360.0);
     if (cross > 0.0 && sweep < 0.0) // the end lies to the left of the middle: counter-clockwise
         sweep += 360.0;
     if (cross < 0.0 && sweep > 0.0)
         sweep -= 360.0;
     arcAbout(centre.x(), centre.y(), sweep, chordDeg);
-    at = end;
+    m_at = end;
 }
 
 void HpglPlotter::curveTo(const QPointF &control1, const QPointF &control2, const QPointF &end)
 {
-    VectorPath curve(at);
+    VectorPath curve(m_at);
     curve.cubicTo(control1, control2, end);
     draw(curve, 0.0);
 }
@@ -209,23 +210,23 @@ void HpglPlotter::circle(double radius, double chordDeg)
 {
     if (radius == 0.0)
         return;
-    VectorPath path(at + QPointF(radius, 0.0));
-    path.arcAbout(at, -360.0);
+    VectorPath path(m_at + QPointF(radius, 0.0));
+    path.arcAbout(m_at, -360.0);
     path.close();
-    drawOutline(withChords(path, chordDeg).transformed(frame->transform()));
+    drawOutline(withChords(path, chordDeg).transformed(m_frame->transform()));
 }
 
 void HpglPlotter::drawOutline(const VectorPath &path)
 {
     if (!isNear(path)) {
-        ++far;
+        ++m_far;
         return;
     }
-    pieces += path.pieceCount();
+    m_pieces += path.pieceCount();
     untouch();
-    if (inPolygon) {
-        areas.append(path);
-        edges.append(path);
+    if (m_inPolygon) {
+        m_areas.append(path);
+        m_edges.append(path);
     } else {
         addShape(shapeWith({path}));
     }
@@ -235,9 +236,10 @@ void HpglPlotter::rectangleTo(double x, double y, bool filled)
 {
     untouch();
     const VectorPath path =
-        VectorPath::polyline({at, QPointF(x, at.y()), QPointF(x, y), QPointF(at.x(), y)}, true)
-            .transformed(frame->transform());
-    pieces += path.pieceCount();
+        VectorPath::polyline({m_at, QPointF(x, m_at.y()), QPointF(x, y), QPointF(m_at.x(), y)},
+                             true)
+            .transformed(m_frame->transform());
+    m_pieces += path.pieceCount();
     setOutlines({path});
     if (filled)
         fillPolygon(Qt::OddEvenFill);
@@ -252,18 +254,18 @@ void HpglPlotter::wedge(double radius, double startDeg, double sweepDeg, double 
     if (radius == 0.0 || sweepDeg == 0.0)
         return;
     const double angle = qDegreesToRadians(startDeg);
-    const QPointF rim = at + QPointF(std::cos(angle), std::sin(angle)) * radius;
+    const QPointF rim = m_at + QPointF(std::cos(angle), std::sin(angle)) * radius;
     VectorPath path;
     if (std::abs(sweepDeg) >= 360.0) {
         path = VectorPath(rim);
     } else {
-        path = VectorPath(at);
+        path = VectorPath(m_at);
         path.lineTo(rim);
     }
-    path.arcAbout(at, -sweepDeg);
+    path.arcAbout(m_at, -sweepDeg);
     path.close();
-    path = withChords(path, chordDeg).transformed(frame->transform());
-    pieces += path.pieceCount();
+    path = withChords(path, chordDeg).transformed(m_frame->transform());
+    m_pieces += path.pieceCount();
     setOutlines({path});
     if (filled)
         fillPolygon(Qt::OddEvenFill);
@@ -273,112 +275,112 @@ void HpglPlotter::wedge(double radius, double startDeg, double sweepDeg, double 
 
 void HpglPlotter::setOutlines(const QVector<VectorPath> &paths)
 {
-    if (areas == paths && edges == paths)
+    if (m_areas == paths && m_edges == paths)
         return; // filled and edged one after the other
     const bool isFar = !isNear(paths.first());
-    far += isFar ? 1 : 0;
-    areas = isFar ? QVector<VectorPath>() : paths;
-    edges = areas;
-    filledShape = -1;
+    m_far += isFar ? 1 : 0;
+    m_areas = isFar ? QVector<VectorPath>() : paths;
+    m_edges = m_areas;
+    m_filledShape = -1;
 }
 
 void HpglPlotter::beginPolygon()
 {
     untouch();
     endRun();
-    inPolygon = true;
-    isUnused = true;
-    filledShape = -1;
-    areas.clear();
-    edges.clear();
-    isFirstOfSub = false;
-    isAllDrawn = true;
-    area = VectorPath(positionMm());
-    edge = area;
+    m_inPolygon = true;
+    m_isUnused = true;
+    m_filledShape = -1;
+    m_areas.clear();
+    m_edges.clear();
+    m_isFirstOfSub = false;
+    m_isAllDrawn = true;
+    m_area = VectorPath(positionMm());
+    m_edge = m_area;
 }
 
 void HpglPlotter::polygonTo(const QPointF &mm)
 {
-    if (isFirstOfSub) {
-        area = VectorPath(mm);
-        edge = area;
-        isFirstOfSub = false;
-        isAllDrawn = true;
+    if (m_isFirstOfSub) {
+        m_area = VectorPath(mm);
+        m_edge = m_area;
+        m_isFirstOfSub = false;
+        m_isAllDrawn = true;
         return;
     }
-    ++pieces;
-    VectorPath line(area.end());
+    ++m_pieces;
+    VectorPath line(m_area.end());
     line.lineTo(mm);
     polygonAppend(line);
 }
 
 void HpglPlotter::polygonAppend(const VectorPath &piecesMm)
 {
-    if (isFirstOfSub) { // an arc: it begins where the pen stands
-        area = VectorPath(piecesMm.start());
-        edge = area;
-        isFirstOfSub = false;
-        isAllDrawn = true;
+    if (m_isFirstOfSub) { // an arc: it begins where the pen stands
+        m_area = VectorPath(piecesMm.start());
+        m_edge = m_area;
+        m_isFirstOfSub = false;
+        m_isAllDrawn = true;
     }
-    area.append(piecesMm);
-    if (down) {
-        edge.append(piecesMm);
+    m_area.append(piecesMm);
+    if (m_down) {
+        m_edge.append(piecesMm);
         return;
     }
-    isAllDrawn = false;
-    if (!edge.isEmpty())
-        edges.append(edge);
-    edge = VectorPath(piecesMm.end());
+    m_isAllDrawn = false;
+    if (!m_edge.isEmpty())
+        m_edges.append(m_edge);
+    m_edge = VectorPath(piecesMm.end());
 }
 
 void HpglPlotter::closeSubpolygon()
 {
-    if (isFirstOfSub)
+    if (m_isFirstOfSub)
         return;
-    const bool isArea = area.pieceCount() > 1;
+    const bool isArea = m_area.pieceCount() > 1;
     if (isArea)
-        area.close();
-    if (isAllDrawn && !area.isEmpty())
-        edges.append(area);
-    else if (!edge.isEmpty())
-        edges.append(edge);
+        m_area.close();
+    if (m_isAllDrawn && !m_area.isEmpty())
+        m_edges.append(m_area);
+    else if (!m_edge.isEmpty())
+        m_edges.append(m_edge);
     if (isArea) {
-        areas.append(area);
-        at = frame->fromMm(area.start());
+        m_areas.append(m_area);
+        m_at = m_frame->fromMm(m_area.start());
     }
-    isFirstOfSub = true;
+    m_isFirstOfSub = true;
 }
 
 void HpglPlotter::endSubpolygon()
 {
-    if (inPolygon)
+    if (m_inPolygon)
         closeSubpolygon();
 }
 
 void HpglPlotter::endPolygon()
 {
-    if (!inPolygon)
+    if (!m_inPolygon)
         return;
     closeSubpolygon();
-    inPolygon = false;
-    run = VectorPath(positionMm());
-    touched = false;
+    m_inPolygon = false;
+    m_run = VectorPath(positionMm());
+    m_touched = false;
 }
 
 void HpglPlotter::fillPolygon(Qt::FillRule rule)
 {
-    isUnused = false;
-    if (areas.isEmpty())
+    m_isUnused = false;
+    if (m_areas.isEmpty())
         return;
-    VectorShape shape = shapeWith(areas);
+    VectorShape shape = shapeWith(m_areas);
     shape.isFilled = true;
     shape.fillRule = rule;
     const int last = page().shapes.size() - 1;
-    const bool isEdgeOfIt = last >= 0 && edges == areas && page().shapes[last].isStroked &&
+    const bool isEdgeOfIt = last >= 0 && m_edges == m_areas && page().shapes[last].isStroked &&
                             !page().shapes[last].isFilled &&
-                            page().shapes[last].pen == currentPen &&
-                            page().shapes[last].paths == edges;
-    if (isEdgeOfIt && window.isNull()) { // edged before: one shape with both
+                            page().shapes[last].pen == m_currentPen &&
+                            page().shapes[last].paths == m_edges;
+    if (isEdgeOfIt && m_window.isNull()) { // edged before: one shape with both
         page().shapes[last].isFilled = true;
         page().shapes[last].fillRule = rule;
         return;
@@ -386,51 +388,51 @@ void HpglPlotter::fillPolygon(Qt::FillRule rule)
     shape.isStroked = false;
     const int before = page().shapes.size();
     addShape(shape);
-    filledShape = page().shapes.size() > before ? before : -1;
-    filledPage = drawing->layers.size();
+    m_filledShape = page().shapes.size() > before ? before : -1;
+    m_filledPage = m_drawing->layers.size();
 }
 
 void HpglPlotter::edgePolygon()
 {
-    isUnused = false;
-    if (edges.isEmpty())
+    m_isUnused = false;
+    if (m_edges.isEmpty())
         return;
-    const bool isFill = filledShape >= 0 && filledPage == drawing->layers.size() &&
-                        filledShape == page().shapes.size() - 1 && window.isNull() &&
-                        edges == areas && page().shapes[filledShape].pen == currentPen;
+    const bool isFill = m_filledShape >= 0 && m_filledPage == m_drawing->layers.size() &&
+                        m_filledShape == page().shapes.size() - 1 && m_window.isNull() &&
+                        m_edges == m_areas && page().shapes[m_filledShape].pen == m_currentPen;
     if (isFill)
-        page().shapes[filledShape].isStroked = true;
+        page().shapes[m_filledShape].isStroked = true;
     else
-        addShape(shapeWith(edges));
+        addShape(shapeWith(m_edges));
 }
 
 VectorShape HpglPlotter::shapeWith(const QVector<VectorPath> &paths) const
 {
     VectorShape shape;
     shape.paths = paths;
-    shape.pen = currentPen;
+    shape.pen = m_currentPen;
     shape.color = penColor();
-    shape.strokeWidthMm = penWidthMm;
+    shape.strokeWidthMm = m_penWidthMm;
     return shape;
 }
 
 void HpglPlotter::addShape(const VectorShape &shape)
 {
-    if (currentPen == 0)
-        ++penless;
-    if (window.isNull()) {
+    if (m_currentPen == 0)
+        ++m_penless;
+    if (m_window.isNull()) {
         page().shapes.append(shape);
         return;
     }
     VectorShape clipped = shape;
     if (shape.isFilled) {
-        clipped.paths = clippedArea(shape.paths, shape.fillRule, window);
+        clipped.paths = clippedArea(shape.paths, shape.fillRule, m_window);
         if (!clipped.paths.isEmpty())
             page().shapes.append(clipped);
         return;
     }
     for (const VectorPath &path : shape.paths) {
-        for (const VectorPath &part : clippedPath(path, window)) {
+        for (const VectorPath &part : clippedPath(path, m_window)) {
             clipped.paths = {part};
             page().shapes.append(clipped);
         }
@@ -440,10 +442,10 @@ void HpglPlotter::addShape(const VectorShape &shape)
 void HpglPlotter::addText(VectorText text)
 {
     if (!isNear(text.positionMm) || !(text.heightMm <= kFarthestMm)) {
-        ++far;
+        ++m_far;
         return;
     }
-    text.pen = currentPen;
+    text.pen = m_currentPen;
     text.color = penColor();
     page().texts.append(text);
 }
@@ -453,15 +455,15 @@ void HpglPlotter::endPage()
     untouch();
     endRun();
     if (!page().shapes.isEmpty() || !page().texts.isEmpty())
-        drawing->layers.append(VectorLayer());
+        m_drawing->layers.append(VectorLayer());
 }
 
 void HpglPlotter::finish()
 {
     endPolygon();
     endRun();
-    if (drawing->layers.size() > 1 && page().shapes.isEmpty() && page().texts.isEmpty())
-        drawing->layers.removeLast();
+    if (m_drawing->layers.size() > 1 && page().shapes.isEmpty() && page().texts.isEmpty())
+        m_drawing->layers.removeLast();
 }
 
 } // namespace vectorkit

@@ -18,24 +18,24 @@ public:
     HpglPlotter(VectorDrawing *target, HpglFrame *frameOfFile);
 
     // The pen.
-    bool isDown() const { return down; }
-    bool isRelative() const { return relative; }
-    void setRelative(bool on) { relative = on; }
+    bool isDown() const { return m_down; }
+    bool isRelative() const { return m_relative; }
+    void setRelative(bool on) { m_relative = on; }
     void setDown(bool on);
     void selectPen(int number);
-    int pen() const { return currentPen; }
-    void setPenColor(int number, const QColor &color) { colors.insert(number, color); }
+    int pen() const { return m_currentPen; }
+    void setPenColor(int number, const QColor &color) { m_colors.insert(number, color); }
     void resetPenColors();
     QColor penColor() const;
-    void setPenWidth(double mm) { penWidthMm = mm; }
+    void setPenWidth(double mm) { m_penWidthMm = mm; }
 
     // Moves; drawn when the pen is down. Numbers are absolute.
     void moveTo(double x, double y);
     void arcAbout(double x, double y, double sweepDeg, double chordDeg);
     void arcThrough(const QPointF &middle, const QPointF &end, double chordDeg);
     void curveTo(const QPointF &control1, const QPointF &control2, const QPointF &end);
-    QPointF position() const { return at; }
-    QPointF positionMm() const { return frame->toMm(at.x(), at.y()); }
+    QPointF position() const { return m_at; }
+    QPointF positionMm() const { return m_frame->toMm(m_at.x(), m_at.y()); }
     void jumpToMm(const QPointF &placeMm);
 
     /** Around a change of the frame: the pen stays where it is on the sheet. */
@@ -51,27 +51,27 @@ public:
     void beginPolygon();
     void endSubpolygon();
     void endPolygon();
-    bool isInPolygon() const { return inPolygon; }
-    bool isPolygonUnused() const { return isUnused; }
+    bool isInPolygon() const { return m_inPolygon; }
+    bool isPolygonUnused() const { return m_isUnused; }
     void fillPolygon(Qt::FillRule rule);
     void edgePolygon();
 
-    void setWindowMm(const QRectF &windowMm) { window = windowMm; }
+    void setWindowMm(const QRectF &windowMm) { m_window = windowMm; }
     void addText(VectorText text);
     void endPage();
 
     /** Ends what is being drawn. */
     void finish();
 
-    qint64 pieceCount() const { return pieces; }
-    qint64 drawnWithoutPen() const { return penless; }
+    qint64 pieceCount() const { return m_pieces; }
+    qint64 drawnWithoutPen() const { return m_penless; }
 
     /** What was left out because it lies farther than any sheet reaches. */
-    qint64 farCount() const { return far; }
+    qint64 farCount() const { return m_far; }
 
 private:
     void touch();
-    void untouch() { touched = touched && run.pieceCount() > 0; }
+    void untouch() { m_touched = m_touched && m_run.pieceCount() > 0; }
     void endRun();
     void polygonTo(const QPointF &mm);
     void polygonAppend(const VectorPath &piecesMm);
@@ -81,34 +81,34 @@ private:
     void drawOutline(const VectorPath &path);
     VectorShape shapeWith(const QVector<VectorPath> &paths) const;
     void addShape(const VectorShape &shape);
-    VectorLayer &page() { return drawing->layers.last(); }
+    VectorLayer &page() { return m_drawing->layers.last(); }
 
-    VectorDrawing *drawing; ///< borrowed from the reader
-    HpglFrame *frame;       ///< borrowed from the reader
-    QHash<int, QColor> colors;
-    QPointF at;
-    bool down = false;
-    bool relative = false;
-    int currentPen = 1;
-    double penWidthMm = 0.0;
-    VectorPath run;
-    bool touched = false; ///< the pen came down here: a dot, if nothing follows
+    VectorDrawing *m_drawing; ///< borrowed from the reader
+    HpglFrame *m_frame;       ///< borrowed from the reader
+    QHash<int, QColor> m_colors;
+    QPointF m_at;
+    bool m_down = false;
+    bool m_relative = false;
+    int m_currentPen = 1;
+    double m_penWidthMm = 0.0;
+    VectorPath m_run;
+    bool m_touched = false; ///< the pen came down here: a dot, if nothing follows
 
-    bool inPolygon = false;
-    bool isFirstOfSub = false;
-    bool isAllDrawn = true;
-    bool isUnused = false;
-    VectorPath area;
-    VectorPath edge;
-    QVector<VectorPath> areas;
-    QVector<VectorPath> edges;
-    int filledShape = -1; ///< of the page, when it is the fill of the polygon as it stands
-    int filledPage = -1;
+    bool m_inPolygon = false;
+    bool m_isFirstOfSub = false;
+    bool m_isAllDrawn = true;
+    bool m_isUnused = false;
+    VectorPath m_area;
+    VectorPath m_edge;
+    QVector<VectorPath> m_areas;
+    QVector<VectorPath> m_edges;
+    int m_filledShape = -1; ///< of the page, when it is the fill of the polygon as it stands
+    int m_filledPage = -1;
 
-    QRectF window; ///< null: none
-    qint64 pieces = 0;
-    qint64 penless = 0;
-    qint64 far = 0;
+    QRectF m_window; ///< null: none
+    qint64 m_pieces = 0;
+    qint64 m_penless = 0;
+    qint64 m_far = 0;
 };
 
 template <class Change>
@@ -116,7 +116,7 @@ bool HpglPlotter::changeFrame(Change change)
 {
     const QPointF placeMm = positionMm();
     const bool isChanged = change();
-    at = frame->fromMm(placeMm);
+    m_at = m_frame->fromMm(placeMm);
     return isChanged;
 }
 

@@ -28,18 +28,18 @@ constexpr double kTens[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,
 
 bool HpglScanner::next()
 {
-    while (at < last) {
-        const char byte = *at;
-        if (isLetter(byte) && at + 1 < last && isLetter(at[1])) {
-            commandAt = at;
-            current = hpglCode(upper(byte), upper(at[1]));
-            at += 2;
+    while (m_at < m_last) {
+        const char byte = *m_at;
+        if (isLetter(byte) && m_at + 1 < m_last && isLetter(m_at[1])) {
+            m_commandAt = m_at;
+            m_current = hpglCode(upper(byte), upper(m_at[1]));
+            m_at += 2;
             return true;
         }
         if (byte == kEscape)
             skipEscape();
         else if (isBlank(byte) || byte == ';' || byte == ',' || byte == ':' || byte == '!')
-            ++at;
+            ++m_at;
         else if (byte == '#' || byte == '@') // a comment; a line to the printer's job language
             skipLine();
         else
@@ -50,36 +50,36 @@ bool HpglScanner::next()
 
 void HpglScanner::skipLine()
 {
-    while (at < last && *at != '\n' && *at != '\r' && *at != kEscape)
-        ++at;
+    while (m_at < m_last && *m_at != '\n' && *m_at != '\r' && *m_at != kEscape)
+        ++m_at;
 }
 
 void HpglScanner::skipStray()
 {
-    if (strays++ == 0)
-        firstStrayAt = at - first;
-    ++at;
-    while (at < last && *at != ';' && *at != '\n' && *at != '\r' && *at != kEscape &&
-           !(isLetter(*at) && at + 1 < last && isLetter(at[1])))
-        ++at;
+    if (m_strays++ == 0)
+        m_firstStrayAt = m_at - m_first;
+    ++m_at;
+    while (m_at < m_last && *m_at != ';' && *m_at != '\n' && *m_at != '\r' && *m_at != kEscape &&
+           !(isLetter(*m_at) && m_at + 1 < m_last && isLetter(m_at[1])))
+        ++m_at;
 }
 
 void HpglScanner::skipEscape()
 {
-    ++at;
-    if (at >= last)
+    ++m_at;
+    if (m_at >= m_last)
         return;
-    const char kind = *at++;
+    const char kind = *m_at++;
     if (kind == '.') { // device control: a letter, then for most numbers up to a colon
-        if (at < last)
-            ++at;
-        const char *end = at;
-        while (end < last && (isDigit(*end) || *end == ';' || *end == ' '))
+        if (m_at < m_last)
+            ++m_at;
+        const char *end = m_at;
+        while (end < m_last && (isDigit(*end) || *end == ';' || *end == ' '))
             ++end;
-        if (end < last && *end == ':')
-            at = end + 1;
+        if (end < m_last && *end == ':')
+            m_at = end + 1;
     } else if (!isLetter(kind) && kind != '=' && kind != '9') {
-        --at;
+        --m_at;
         skipPrinterSequence();
     }
 }
@@ -87,56 +87,56 @@ void HpglScanner::skipEscape()
 /** Such as `ESC % 0 B`, which enters this language, or `ESC * b 80 W`, which 80 bytes follow. */
 void HpglScanner::skipPrinterSequence()
 {
-    const char family = *at++;
-    const char *number = at;
+    const char family = *m_at++;
+    const char *number = m_at;
     qint64 value = 0;
-    while (at < last && !(*at >= '@' && *at <= '^')) {
-        if (isLetter(*at))
-            number = at + 1;
-        ++at;
-        if (at - number > 64) // no such sequence
+    while (m_at < m_last && !(*m_at >= '@' && *m_at <= '^')) {
+        if (isLetter(*m_at))
+            number = m_at + 1;
+        ++m_at;
+        if (m_at - number > 64) // no such sequence
             return;
     }
-    if (at >= last)
+    if (m_at >= m_last)
         return;
-    std::from_chars(number, at, value);
-    const char end = *at++;
+    std::from_chars(number, m_at, value);
+    const char end = *m_at++;
     if (end == 'W')
-        at += std::clamp<qint64>(value, 0, last - at);
+        m_at += std::clamp<qint64>(value, 0, m_last - m_at);
     if (family != '%' || (end != 'A' && end != 'B'))
         return;
-    wrapped = true;
+    m_wrapped = true;
     if (end == 'A') { // back in the printer's language until it comes here again
-        while (at < last && *at != kEscape)
-            ++at;
+        while (m_at < m_last && *m_at != kEscape)
+            ++m_at;
     }
 }
 
 bool HpglScanner::readNumber()
 {
-    const char *place = at;
+    const char *place = m_at;
     const bool isNegative = *place == '-';
     if (isNegative || *place == '+')
         ++place;
     quint64 mantissa = 0;
     const char *digits = place;
-    while (place < last && isDigit(*place))
+    while (place < m_last && isDigit(*place))
         mantissa = mantissa * 10 + static_cast<quint64>(*place++ - '0');
     qint64 count = place - digits;
     qint64 decimals = 0;
-    if (place < last && *place == '.') {
+    if (place < m_last && *place == '.') {
         const char *point = ++place;
-        while (place < last && isDigit(*place))
+        while (place < m_last && isDigit(*place))
             mantissa = mantissa * 10 + static_cast<quint64>(*place++ - '0');
         decimals = place - point;
         count += decimals;
     }
     const auto isExponent = [&] {
-        return place + 1 < last && upper(*place) == 'E' &&
+        return place + 1 < m_last && upper(*place) == 'E' &&
                (isDigit(place[1]) ||
-                ((place[1] == '-' || place[1] == '+') && place + 2 < last && isDigit(place[2])));
+                ((place[1] == '-' || place[1] == '+') && place + 2 < m_last && isDigit(place[2])));
     };
-    if (count == 0 || (place < last && *place == '.'))
+    if (count == 0 || (place < m_last && *place == '.'))
         return false;
     double value = 0.0;
     if (count <= 15 && !isExponent()) { // a quotient of exact numbers is rounded once
@@ -144,50 +144,50 @@ bool HpglScanner::readNumber()
         if (decimals > 0)
             value /= kTens[decimals];
     } else {
-        const auto read = std::from_chars(digits, last, value);
+        const auto read = std::from_chars(digits, m_last, value);
         if (read.ec != std::errc())
             return false;
         place = read.ptr;
     }
-    values.push_back(isNegative ? -value : value);
-    at = place;
+    m_values.push_back(isNegative ? -value : value);
+    m_at = place;
     return true;
 }
 
 bool HpglScanner::readNumbers()
 {
-    values.clear();
+    m_values.clear();
     bool hadComma = false;
-    while (at < last) {
-        const char byte = *at;
+    while (m_at < m_last) {
+        const char byte = *m_at;
         if (isDigit(byte) || byte == '-' || byte == '+' || byte == '.') {
             if (!readNumber())
                 break;
             hadComma = false;
         } else if (byte == ';') {
-            ++at;
+            ++m_at;
             return true;
         } else if (isBlank(byte)) {
-            ++at;
+            ++m_at;
         } else if (byte == ',') {
             if (hadComma) // a number left out
                 break;
-            hadComma = !values.empty();
-            ++at;
+            hadComma = !m_values.empty();
+            ++m_at;
         } else if (byte == kEscape) {
             skipEscape();
         } else if (byte == ':' || byte == '#' || byte == '!') {
             return true;
-        } else if (isLetter(byte) && at + 1 < last && isLetter(at[1])) {
+        } else if (isLetter(byte) && m_at + 1 < m_last && isLetter(m_at[1])) {
             return true;
         } else {
             break;
         }
     }
-    if (at >= last)
+    if (m_at >= m_last)
         return true;
-    while (at < last && *at != ';' && *at != '\n' && *at != '\r' && *at != kEscape)
-        ++at;
+    while (m_at < m_last && *m_at != ';' && *m_at != '\n' && *m_at != '\r' && *m_at != kEscape)
+        ++m_at;
     return false;
 }
 
@@ -195,54 +195,54 @@ QByteArray HpglScanner::readLabel(char terminator, bool *isMended)
 {
     const auto find = [&](char wanted) {
         return static_cast<const char *>(
-            std::memchr(at, wanted, static_cast<std::size_t>(last - at)));
+            std::memchr(m_at, wanted, static_cast<std::size_t>(m_last - m_at)));
     };
-    const char *end = at < last ? find(terminator) : nullptr;
+    const char *end = m_at < m_last ? find(terminator) : nullptr;
     *isMended = !end;
     if (!end && terminator != kEndOfText)
-        end = at < last ? find(kEndOfText) : nullptr;
+        end = m_at < m_last ? find(kEndOfText) : nullptr;
     if (!end) {
         for (const char stop : {'\n', ';'}) {
-            end = at < last && !end ? find(stop) : end;
+            end = m_at < m_last && !end ? find(stop) : end;
         }
     }
     if (!end)
-        end = last;
-    QByteArray text(at, static_cast<int>(end - at));
+        end = m_last;
+    QByteArray text(m_at, static_cast<int>(end - m_at));
     if (*isMended && text.endsWith('\r'))
         text.chop(1);
-    at = end < last ? end + 1 : last;
+    m_at = end < m_last ? end + 1 : m_last;
     return text;
 }
 
 char HpglScanner::readByte()
 {
-    if (at >= last || *at == ';')
+    if (m_at >= m_last || *m_at == ';')
         return '\0';
-    return *at++;
+    return *m_at++;
 }
 
 QByteArray HpglScanner::readToSemicolon()
 {
-    const char *end = std::find(at, last, ';');
-    const QByteArray text(at, static_cast<int>(end - at));
-    at = end < last ? end + 1 : last;
+    const char *end = std::find(m_at, m_last, ';');
+    const QByteArray text(m_at, static_cast<int>(end - m_at));
+    m_at = end < m_last ? end + 1 : m_last;
     return text;
 }
 
 void HpglScanner::stepBack(int bytes)
 {
-    const char *semicolon = at > first && at[-1] == ';' ? at - 1 : at;
-    at = std::max(commandAt + 2, semicolon - bytes);
+    const char *semicolon = m_at > m_first && m_at[-1] == ';' ? m_at - 1 : m_at;
+    m_at = std::max(m_commandAt + 2, semicolon - bytes);
 }
 
 void HpglScanner::skipQuoted()
 {
     bool isQuoted = false;
-    while (at < last && (isQuoted || (*at != ';' && !isLetter(*at) && *at != kEscape))) {
-        if (*at == '"')
+    while (m_at < m_last && (isQuoted || (*m_at != ';' && !isLetter(*m_at) && *m_at != kEscape))) {
+        if (*m_at == '"')
             isQuoted = !isQuoted;
-        ++at;
+        ++m_at;
     }
 }
 

@@ -18,21 +18,21 @@ constexpr int hpglCode(char first, char second) { return first * 256 + second; }
 class HpglScanner
 {
 public:
-    HpglScanner(const char *begin, const char *end) : first(begin), at(begin), last(end) {}
+    HpglScanner(const char *begin, const char *end) : m_first(begin), m_at(begin), m_last(end) {}
 
     /** To the next command, past what is left of the last one; false at the end. */
     bool next();
 
     /** The command's letters, in upper case. */
-    int code() const { return current; }
+    int code() const { return m_current; }
 
     /** Bytes before the command. */
-    qint64 place() const { return commandAt - first; }
-    qint64 size() const { return last - first; }
+    qint64 place() const { return m_commandAt - m_first; }
+    qint64 size() const { return m_last - m_first; }
 
     /** Reads the command's numbers up to the first that is none; false when there was one. */
     bool readNumbers();
-    const std::vector<double> &numbers() const { return values; }
+    const std::vector<double> &numbers() const { return m_values; }
 
     /** A label up to its terminator, which is passed; `isMended` when the terminator is missing. */
     QByteArray readLabel(char terminator, bool *isMended);
@@ -50,11 +50,11 @@ public:
     void skipQuoted();
 
     /** Bytes that belong to no command, so far, each run counted once. */
-    qint64 strayRuns() const { return strays; }
-    qint64 firstStray() const { return firstStrayAt; }
+    qint64 strayRuns() const { return m_strays; }
+    qint64 firstStray() const { return m_firstStrayAt; }
 
     /** Whether the printer's language stood around the commands. */
-    bool isWrapped() const { return wrapped; }
+    bool isWrapped() const { return m_wrapped; }
 
 private:
     bool readNumber();
@@ -63,15 +63,15 @@ private:
     void skipLine();
     void skipStray();
 
-    const char *first;
-    const char *at;
-    const char *last;
-    const char *commandAt = nullptr;
-    int current = 0;
-    std::vector<double> values;
-    qint64 strays = 0;
-    qint64 firstStrayAt = 0;
-    bool wrapped = false;
+    const char *m_first;
+    const char *m_at;
+    const char *m_last;
+    const char *m_commandAt = nullptr;
+    int m_current = 0;
+    std::vector<double> m_values;
+    qint64 m_strays = 0;
+    qint64 m_firstStrayAt = 0;
+    bool m_wrapped = false;
 };
 
 } // namespace vectorkit

@@ -86,15 +86,15 @@ QPointF pointOn(const VectorPath::Piece &piece, double t)
 class Cutter
 {
 public:
-    explicit Cutter(const QRectF &windowMm) : window(windowMm) {}
+    explicit Cutter(const QRectF &windowMm) : m_window(windowMm) {}
 
     void add(const VectorPath::Piece &piece)
     {
         std::vector<double> at{0.0, 1.0};
         if (piece.kind == PieceKind::Line)
-            crossingsOfLine(piece, window, &at);
+            crossingsOfLine(piece, m_window, &at);
         else
-            crossingsOfArc(piece, window, &at);
+            crossingsOfArc(piece, m_window, &at);
         at.erase(std::remove_if(at.begin(), at.end(), [](double t) { return !(t >= 0 && t <= 1); }),
                  at.end());
         std::sort(at.begin(), at.end());
@@ -107,21 +107,21 @@ public:
     QVector<VectorPath> takeRuns()
     {
         endRun();
-        return runs;
+        return m_runs;
     }
 
 private:
     void addPart(const VectorPath::Piece &piece, double from, double to)
     {
-        if (!isInside(window, pointOn(piece, (from + to) / 2.0))) {
+        if (!isInside(m_window, pointOn(piece, (from + to) / 2.0))) {
             endRun();
             return;
         }
-        if (!isRunning)
-            run = VectorPath(from == 0.0 ? piece.from : pointOn(piece, from));
-        isRunning = true;
+        if (!m_isRunning)
+            m_run = VectorPath(from == 0.0 ? piece.from : pointOn(piece, from));
+        m_isRunning = true;
         if (piece.kind == PieceKind::Line)
-            run.lineTo(to == 1.0 ? piece.to : pointOn(piece, to));
+            m_run.lineTo(to == 1.0 ? piece.to : pointOn(piece, to));
         else
             addArc(piece, from, to);
     }
@@ -129,22 +129,22 @@ private:
     void addArc(const VectorPath::Piece &piece, double from, double to)
     {
         if (to == 1.0)
-            run.arcTo(piece.control1, piece.sweepDeg * (to - from), piece.to);
+            m_run.arcTo(piece.control1, piece.sweepDeg * (to - from), piece.to);
         else
-            run.arcAbout(piece.control1, piece.sweepDeg * (to - from));
+            m_run.arcAbout(piece.control1, piece.sweepDeg * (to - from));
     }
 
     void endRun()
     {
-        if (isRunning && !run.isEmpty())
-            runs.append(run);
-        isRunning = false;
+        if (m_isRunning && !m_run.isEmpty())
+            m_runs.append(m_run);
+        m_isRunning = false;
     }
 
-    QRectF window;
-    QVector<VectorPath> runs;
-    VectorPath run;
-    bool isRunning = false;
+    QRectF m_window;
+    QVector<VectorPath> m_runs;
+    VectorPath m_run;
+    bool m_isRunning = false;
 };
 
 } // namespace

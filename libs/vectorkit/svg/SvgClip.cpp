@@ -72,42 +72,43 @@ QVector<QPolygonF> flattened(const QVector<VectorPath> &paths)
 
 void SvgClip::settle()
 {
-    bounds = QRectF();
-    for (const QPolygonF &polygon : qAsConst(polygons))
-        bounds |= polygon.boundingRect();
-    isRectangle = polygons.size() == 1 && polygons.first().size() == 4;
-    if (!isRectangle)
+    m_bounds = QRectF();
+    for (const QPolygonF &polygon : qAsConst(m_polygons))
+        m_bounds |= polygon.boundingRect();
+    m_isRectangle = m_polygons.size() == 1 && m_polygons.first().size() == 4;
+    if (!m_isRectangle)
         return;
     for (int index = 0; index < 4; ++index) {
-        const QPointF side = polygons.first()[(index + 1) % 4] - polygons.first()[index];
-        isRectangle = isRectangle && (side.x() == 0.0 || side.y() == 0.0);
+        const QPointF side = m_polygons.first()[(index + 1) % 4] - m_polygons.first()[index];
+        m_isRectangle = m_isRectangle && (side.x() == 0.0 || side.y() == 0.0);
     }
 }
 
 void SvgClip::add(const QVector<VectorPath> &outlines, Qt::FillRule rule)
 {
-    polygons += combined(ClipperLib::ctUnion, flattened(outlines), rule, {});
-    polygons = combined(ClipperLib::ctUnion, polygons, Qt::WindingFill, {});
+    m_polygons += combined(ClipperLib::ctUnion, flattened(outlines), rule, {});
+    m_polygons = combined(ClipperLib::ctUnion, m_polygons, Qt::WindingFill, {});
     settle();
 }
 
 void SvgClip::intersect(const SvgClip &other)
 {
-    polygons = combined(ClipperLib::ctIntersection, polygons, Qt::OddEvenFill, other.polygons);
+    m_polygons =
+        combined(ClipperLib::ctIntersection, m_polygons, Qt::OddEvenFill, other.m_polygons);
     settle();
 }
 
 SvgClip::Cover SvgClip::coverOf(const QRectF &box) const
 {
     // Not intersects(): a straight line has a box without a width.
-    if (polygons.isEmpty() || box.right() < bounds.left() || box.left() > bounds.right() ||
-        box.bottom() < bounds.top() || box.top() > bounds.bottom())
+    if (m_polygons.isEmpty() || box.right() < m_bounds.left() || box.left() > m_bounds.right() ||
+        box.bottom() < m_bounds.top() || box.top() > m_bounds.bottom())
         return Cover::None;
     // What runs along the edge of a rectangle is seen, rounding or not.
-    const QRectF wide = bounds.adjusted(-1e-6, -1e-6, 1e-6, 1e-6);
+    const QRectF wide = m_bounds.adjusted(-1e-6, -1e-6, 1e-6, 1e-6);
     const bool isInside = box.left() >= wide.left() && box.right() <= wide.right() &&
                           box.top() >= wide.top() && box.bottom() <= wide.bottom();
-    return isRectangle && isInside ? Cover::Whole : Cover::Part;
+    return m_isRectangle && isInside ? Cover::Whole : Cover::Part;
 }
 
 QVector<VectorPath> SvgClip::lines(const QVector<VectorPath> &paths) const
@@ -115,7 +116,7 @@ QVector<VectorPath> SvgClip::lines(const QVector<VectorPath> &paths) const
     ClipperLib::Clipper clipper;
     for (const QPolygonF &polygon : flattened(paths))
         clipper.AddPath(toSteps(polygon), ClipperLib::ptSubject, false);
-    for (const QPolygonF &polygon : polygons)
+    for (const QPolygonF &polygon : m_polygons)
         clipper.AddPath(toSteps(polygon), ClipperLib::ptClip, true);
     ClipperLib::PolyTree tree;
     clipper.Execute(ClipperLib::ctIntersection, tree, ClipperLib::pftEvenOdd,
@@ -134,7 +135,7 @@ QVector<VectorPath> SvgClip::area(const QVector<VectorPath> &outlines, Qt::FillR
 {
     QVector<VectorPath> result;
     const QVector<QPolygonF> seen =
-        combined(ClipperLib::ctIntersection, flattened(outlines), rule, polygons);
+        combined(ClipperLib::ctIntersection, flattened(outlines), rule, m_polygons);
     for (const QPolygonF &polygon : seen)
         result.append(VectorPath::polyline(polygon, true));
     return result;

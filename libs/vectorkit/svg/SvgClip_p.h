@@ -30,9 +30,9 @@ public:
     QVector<VectorPath> area(const QVector<VectorPath> &outlines, Qt::FillRule rule) const;
 
 private:
-    QVector<QPolygonF> polygons;
-    QRectF bounds;
-    bool isRectangle = false;
+    QVector<QPolygonF> m_polygons;
+    QRectF m_bounds;
+    bool m_isRectangle = false;
 
     void settle();
 };

@@ -14,92 +14,92 @@ namespace {
 class PathBuilder
 {
 public:
-    explicit PathBuilder(QVector<VectorPath> *target) : paths(target) {}
+    explicit PathBuilder(QVector<VectorPath> *target) : m_paths(target) {}
 
     /** One command with its numbers, relative ones already made absolute. */
     void moveTo(const QPointF &to)
     {
         finish();
-        path = VectorPath(to);
-        start = current = to;
-        isBegun = true;
+        m_path = VectorPath(to);
+        m_start = m_current = to;
+        m_isBegun = true;
         forget();
     }
 
     void lineTo(const QPointF &to)
     {
         begin();
-        path.lineTo(to);
-        current = to;
+        m_path.lineTo(to);
+        m_current = to;
         forget();
     }
 
     void cubicTo(const QPointF &c1, const QPointF &c2, const QPointF &to)
     {
         begin();
-        path.cubicTo(c1, c2, to);
-        current = to;
-        lastCubic = c2;
-        lastQuadratic = to;
+        m_path.cubicTo(c1, c2, to);
+        m_current = to;
+        m_lastCubic = c2;
+        m_lastQuadratic = to;
     }
 
     void quadraticTo(const QPointF &c, const QPointF &to)
     {
-        const QPointF from = current;
+        const QPointF from = m_current;
         cubicTo(from + (c - from) * (2.0 / 3.0), to + (c - to) * (2.0 / 3.0), to);
-        lastCubic = to;
-        lastQuadratic = c;
+        m_lastCubic = to;
+        m_lastQuadratic = c;
     }
 
     void arcTo(const double *n, bool isLarge, bool isClockwise, const QPointF &to)
     {
         begin();
-        addSvgArc(&path, n[0], n[1], n[2], isLarge, isClockwise, to);
-        current = to;
+        addSvgArc(&m_path, n[0], n[1], n[2], isLarge, isClockwise, to);
+        m_current = to;
         forget();
     }
 
     void close()
     {
-        if (isBegun)
-            path.close();
+        if (m_isBegun)
+            m_path.close();
         finish();
-        current = start;
+        m_current = m_start;
         forget();
     }
 
     void finish()
     {
-        if (isBegun && !path.isEmpty()) {
-            if (path.start() == path.end())
-                path.close();
-            paths->append(path);
+        if (m_isBegun && !m_path.isEmpty()) {
+            if (m_path.start() == m_path.end())
+                m_path.close();
+            m_paths->append(m_path);
         }
-        isBegun = false;
-        path = VectorPath();
+        m_isBegun = false;
+        m_path = VectorPath();
     }
 
-    QPointF at() const { return current; }
-    QPointF smoothCubic() const { return current * 2.0 - lastCubic; }
-    QPointF smoothQuadratic() const { return current * 2.0 - lastQuadratic; }
+    QPointF at() const { return m_current; }
+    QPointF smoothCubic() const { return m_current * 2.0 - m_lastCubic; }
+    QPointF smoothQuadratic() const { return m_current * 2.0 - m_lastQuadratic; }
 
 private:
     void begin()
     {
-        if (!isBegun) {
-            path = VectorPath(current);
-            isBegun = true;
+        if (!m_isBegun) {
+            m_path = VectorPath(m_current);
+            m_isBegun = true;
         }
     }
-    void forget() { lastCubic = lastQuadratic = current; }
+    void forget() { m_lastCubic = m_lastQuadratic = m_current; }
 
-    QVector<VectorPath> *paths;
-    VectorPath path;
-    bool isBegun = false;
-    QPointF start;
-    QPointF current;
-    QPointF lastCubic;
-    QPointF lastQuadratic;
+    QVector<VectorPath> *m_paths;
+    VectorPath m_path;
+    bool m_isBegun = false;
+    QPointF m_start;
+    QPointF m_current;
+    QPointF m_lastCubic;
+    QPointF m_lastQuadratic;
 };
 
 /** How many numbers a command takes; -1: it is none. */

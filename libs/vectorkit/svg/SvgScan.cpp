@@ -140,29 +140,29 @@ bool transformOf(const QByteArray &name, const QVector<double> &values, QTransfo
 
 void SvgScan::skipSpaces()
 {
-    while (at != last && isSpace(*at))
-        ++at;
+    while (m_at != m_last && isSpace(*m_at))
+        ++m_at;
 }
 
 void SvgScan::skipSeparator()
 {
     skipSpaces();
-    if (at != last && *at == ',') {
-        ++at;
+    if (m_at != m_last && *m_at == ',') {
+        ++m_at;
         skipSpaces();
     }
 }
 
 bool SvgScan::number(double *value)
 {
-    const char *from = at;
-    const bool isSigned = from != last && (*from == '+' || *from == '-');
+    const char *from = m_at;
+    const bool isSigned = from != m_last && (*from == '+' || *from == '-');
     const char *digits = isSigned ? from + 1 : from;
     // Not left to the parser, which also knows "inf" and "nan".
-    if (digits == last || !(isDigit(*digits) || *digits == '.'))
+    if (digits == m_last || !(isDigit(*digits) || *digits == '.'))
         return false;
     double read = 0.0;
-    const auto result = std::from_chars(digits, last, read);
+    const auto result = std::from_chars(digits, m_last, read);
     if (result.ec == std::errc::result_out_of_range) {
         // Too small is zero; too large is no number.
         read = std::strtod(std::string(digits, result.ptr).c_str(), nullptr);
@@ -172,25 +172,25 @@ bool SvgScan::number(double *value)
         return false;
     }
     *value = isSigned && *from == '-' ? -read : read;
-    at = result.ptr;
+    m_at = result.ptr;
     return true;
 }
 
 bool SvgScan::flag(bool *value)
 {
-    if (at == last || (*at != '0' && *at != '1'))
+    if (m_at == m_last || (*m_at != '0' && *m_at != '1'))
         return false;
-    *value = *at == '1';
-    ++at;
+    *value = *m_at == '1';
+    ++m_at;
     return true;
 }
 
 QByteArray SvgScan::word()
 {
-    const char *from = at;
-    while (at != last && isLetter(*at))
-        ++at;
-    return QByteArray(from, int(at - from));
+    const char *from = m_at;
+    while (m_at != m_last && isLetter(*m_at))
+        ++m_at;
+    return QByteArray(from, int(m_at - from));
 }
 
 double SvgLength::toMm() const { return value * inchesOf(unit) * kMmPerInch; }

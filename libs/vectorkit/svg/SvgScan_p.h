@@ -12,14 +12,14 @@ class SvgScan
 {
 public:
     explicit SvgScan(const QByteArray &text)
-        : begin(text.constData()), at(begin), last(begin + text.size())
+        : m_begin(text.constData()), m_at(m_begin), m_last(m_begin + text.size())
     {
     }
 
-    bool atEnd() const { return at == last; }
-    char peek() const { return at == last ? '\0' : *at; }
-    void step() { ++at; }
-    int position() const { return int(at - begin); }
+    bool atEnd() const { return m_at == m_last; }
+    char peek() const { return m_at == m_last ? '\0' : *m_at; }
+    void step() { ++m_at; }
+    int position() const { return int(m_at - m_begin); }
 
     void skipSpaces();
 
@@ -36,9 +36,9 @@ public:
     QByteArray word();
 
 private:
-    const char *begin;
-    const char *at;
-    const char *last;
+    const char *m_begin;
+    const char *m_at;
+    const char *m_last;
 };
 
 /** What a length is counted in. */

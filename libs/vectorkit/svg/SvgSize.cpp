@@ -51,14 +51,14 @@ QTransform SvgWalker::viewTransform(int node, const QRectF &port, QSizeF *viewpo
 {
     QTransform transform = QTransform::fromTranslate(port.x(), port.y());
     QRectF box;
-    if (!parseViewBox(tree.attribute(node, SvgName::ViewBox), &box)) {
+    if (!parseViewBox(m_tree.attribute(node, SvgName::ViewBox), &box)) {
         *viewport = port.size();
         return transform;
     }
     *viewport = box.size();
     double scaleX = port.width() / box.width();
     double scaleY = port.height() / box.height();
-    QString how = tree.attribute(node, SvgName::PreserveAspectRatio).simplified();
+    QString how = m_tree.attribute(node, SvgName::PreserveAspectRatio).simplified();
     if (how.startsWith(QLatin1String("defer ")))
         how.remove(0, 6);
     const QString align = how.section(QLatin1Char(' '), 0, 0);
@@ -81,31 +81,31 @@ QTransform SvgWalker::viewTransform(int node, const QRectF &port, QSizeF *viewpo
 /** How many pixels the program that wrote the file takes for an inch. */
 double SvgWalker::pixelsPerInchOfProducer(QString *reason)
 {
-    const QString editor = tree.attribute(0, SvgName::EditorVersion);
+    const QString editor = m_tree.attribute(0, SvgName::EditorVersion);
     int first = 0;
     int second = 0;
     if (!editor.isEmpty()) {
-        drawing->producer = QStringLiteral("Inkscape ") + editor.section(QLatin1Char(' '), 0, 0);
+        m_drawing->producer = QStringLiteral("Inkscape ") + editor.section(QLatin1Char(' '), 0, 0);
         if (parseVersion(editor, &first, &second) && first == 0 && second < 92) {
             *reason = QCoreApplication::translate(
                           "vectorkit", "Its sizes are in pixels, of which %1 took 90 for an inch.")
-                          .arg(drawing->producer);
+                          .arg(m_drawing->producer);
             return 90.0;
         }
-    } else if (!tree.attribute(0, SvgName::OldEditorVersion).isEmpty()) {
-        drawing->producer =
+    } else if (!m_tree.attribute(0, SvgName::OldEditorVersion).isEmpty()) {
+        m_drawing->producer =
             QStringLiteral("Sodipodi ") +
-            tree.attribute(0, SvgName::OldEditorVersion).section(QLatin1Char(' '), 0, 0);
+            m_tree.attribute(0, SvgName::OldEditorVersion).section(QLatin1Char(' '), 0, 0);
         *reason = QCoreApplication::translate(
                       "vectorkit", "Its sizes are in pixels, of which %1 took 90 for an inch.")
-                      .arg(drawing->producer);
+                      .arg(m_drawing->producer);
         return 90.0;
     } else {
-        drawing->producer = tree.producer;
-        if (tree.producer.contains(QLatin1String("Illustrator"))) {
+        m_drawing->producer = m_tree.producer;
+        if (m_tree.producer.contains(QLatin1String("Illustrator"))) {
             *reason = QCoreApplication::translate(
                           "vectorkit", "Its sizes are in pixels, of which %1 takes 72 for an inch.")
-                          .arg(drawing->producer);
+                          .arg(m_drawing->producer);
             return 72.0;
         }
     }
@@ -118,16 +118,16 @@ double SvgWalker::pixelsPerInchOfProducer(QString *reason)
 void SvgWalker::findSize()
 {
     QString pixelReason;
-    pixelsPerInch = pixelsPerInchOfProducer(&pixelReason);
-    const double mmPerPixel = kMmPerInch / pixelsPerInch;
+    m_pixelsPerInch = pixelsPerInchOfProducer(&pixelReason);
+    const double mmPerPixel = kMmPerInch / m_pixelsPerInch;
     SvgLength width;
     SvgLength height;
-    const bool hasWidth = sheetLength(tree.attribute(0, SvgName::Width), &width);
-    const bool hasHeight = sheetLength(tree.attribute(0, SvgName::Height), &height);
+    const bool hasWidth = sheetLength(m_tree.attribute(0, SvgName::Width), &width);
+    const bool hasHeight = sheetLength(m_tree.attribute(0, SvgName::Height), &height);
     QRectF box;
-    const bool hasBox = parseViewBox(tree.attribute(0, SvgName::ViewBox), &box);
+    const bool hasBox = parseViewBox(m_tree.attribute(0, SvgName::ViewBox), &box);
     const auto mm = [&](const SvgLength &length) {
-        return length.toUser(pixelsPerInch, 0.0, root.style.fontSize) * mmPerPixel;
+        return length.toUser(m_pixelsPerInch, 0.0, m_root.style.fontSize) * mmPerPixel;
     };
     QSizeF sheet; // millimetres
     if (hasWidth && hasHeight) {
@@ -141,38 +141,38 @@ void SvgWalker::findSize()
     }
     const bool isAbsolute = (hasWidth && width.isAbsolute()) || (hasHeight && height.isAbsolute());
     if (isAbsolute) {
-        drawing->sizeReason =
+        m_drawing->sizeReason =
             QCoreApplication::translate("vectorkit", "The file gives its size: %1 × %2 mm.")
                 .arg(shortNumber(sheet.width()), shortNumber(sheet.height()));
-        drawing->sizeSource = SizeSource::Declared;
+        m_drawing->sizeSource = SizeSource::Declared;
     } else if (hasWidth || hasHeight) {
-        drawing->sizeReason = pixelReason;
-        drawing->sizeSource = SizeSource::Declared;
+        m_drawing->sizeReason = pixelReason;
+        m_drawing->sizeSource = SizeSource::Declared;
     } else {
-        drawing->sizeReason =
+        m_drawing->sizeReason =
             QCoreApplication::translate("vectorkit", "The file gives no size. %1").arg(pixelReason);
-        drawing->sizeSource = SizeSource::Guessed;
+        m_drawing->sizeSource = SizeSource::Guessed;
     }
     if (hasWidth && hasHeight && !sheet.isEmpty() && !hasBox) {
-        root.viewport = sheet / mmPerPixel;
-        root.toMm = QTransform::fromScale(mmPerPixel, mmPerPixel);
+        m_root.viewport = sheet / mmPerPixel;
+        m_root.toMm = QTransform::fromScale(mmPerPixel, mmPerPixel);
     } else if (!sheet.isEmpty() && hasBox) {
-        root.toMm = viewTransform(0, QRectF(QPointF(), sheet), &root.viewport);
+        m_root.toMm = viewTransform(0, QRectF(QPointF(), sheet), &m_root.viewport);
     } else {
-        root.viewport = QSizeF(300.0, 150.0); // what viewers take without any word of a size
-        root.toMm = QTransform::fromScale(mmPerPixel, mmPerPixel);
+        m_root.viewport = QSizeF(300.0, 150.0); // what viewers take without any word of a size
+        m_root.toMm = QTransform::fromScale(mmPerPixel, mmPerPixel);
     }
-    drawing->unitMm = std::sqrt(std::abs(root.toMm.determinant()));
-    drawing->declaredSizeMm = hasWidth || hasHeight || hasBox ? sheet : QSizeF();
-    if (options.unitMm > 0.0) {
-        const double factor = options.unitMm / drawing->unitMm;
-        root.toMm *= QTransform::fromScale(factor, factor);
-        drawing->declaredSizeMm *= factor;
-        drawing->unitMm = options.unitMm;
-        drawing->sizeSource = SizeSource::Chosen;
-        drawing->sizeReason =
+    m_drawing->unitMm = std::sqrt(std::abs(m_root.toMm.determinant()));
+    m_drawing->declaredSizeMm = hasWidth || hasHeight || hasBox ? sheet : QSizeF();
+    if (m_options.unitMm > 0.0) {
+        const double factor = m_options.unitMm / m_drawing->unitMm;
+        m_root.toMm *= QTransform::fromScale(factor, factor);
+        m_drawing->declaredSizeMm *= factor;
+        m_drawing->unitMm = m_options.unitMm;
+        m_drawing->sizeSource = SizeSource::Chosen;
+        m_drawing->sizeReason =
             QCoreApplication::translate("vectorkit", "The unit was chosen: %1 mm.")
-                .arg(shortNumber(options.unitMm));
+                .arg(shortNumber(m_options.unitMm));
     }
 }
 

@@ -197,7 +197,7 @@ QString withoutComments(const QString &text)
 
 void SvgProperties::set(SvgName name, const QString &value, bool isImportant)
 {
-    for (Row &row : rows) {
+    for (Row &row : m_rows) {
         if (row.name != name)
             continue;
         if (!row.isImportant || isImportant) {
@@ -206,12 +206,12 @@ void SvgProperties::set(SvgName name, const QString &value, bool isImportant)
         }
         return;
     }
-    rows.append({name, isImportant, value});
+    m_rows.append({name, isImportant, value});
 }
 
 QString SvgProperties::value(SvgName name) const
 {
-    for (const Row &row : rows) {
+    for (const Row &row : m_rows) {
         if (row.name == name)
             return row.value;
     }
@@ -271,8 +271,8 @@ void SvgSheets::addRule(const Rule &rule)
         key = QLatin1Char('.') + last.classes.first();
     else if (!last.element.isEmpty())
         key = last.element;
-    keyToRules.insert(key, rules.size());
-    rules.append(rule);
+    m_keyToRules.insert(key, m_rules.size());
+    m_rules.append(rule);
 }
 
 bool SvgSheets::parseSelector(const QString &text, Rule *rule)
@@ -379,12 +379,12 @@ SvgProperties SvgSheets::propertiesOf(const SvgTree &tree, int node) const
         else if (attribute.name == SvgName::StyleText)
             own = attribute.value;
     }
-    if (!rules.isEmpty()) {
+    if (!m_rules.isEmpty()) {
         QVector<int> found;
         const auto collect = [&](const QString &key) {
-            for (auto it = keyToRules.constFind(key);
-                 it != keyToRules.constEnd() && it.key() == key; ++it) {
-                const QVector<Compound> &selector = rules[it.value()].selector;
+            for (auto it = m_keyToRules.constFind(key);
+                 it != m_keyToRules.constEnd() && it.key() == key; ++it) {
+                const QVector<Compound> &selector = m_rules[it.value()].selector;
                 if (isMatch(tree, node, selector, selector.size()))
                     found.append(it.value());
             }
@@ -398,11 +398,12 @@ SvgProperties SvgSheets::propertiesOf(const SvgTree &tree, int node) const
              tree.attribute(node, SvgName::Class).simplified().split(QLatin1Char(' ')))
             collect(QLatin1Char('.') + name);
         std::sort(found.begin(), found.end(), [&](int a, int b) {
-            return rules[a].strength != rules[b].strength ? rules[a].strength < rules[b].strength
-                                                          : a < b;
+            return m_rules[a].strength != m_rules[b].strength
+                       ? m_rules[a].strength < m_rules[b].strength
+                       : a < b;
         });
         for (const int index : qAsConst(found)) {
-            for (const Declaration &declaration : rules[index].declarations)
+            for (const Declaration &declaration : m_rules[index].declarations)
                 properties.set(declaration.name, declaration.value, declaration.isImportant);
         }
     }

@@ -51,7 +51,7 @@ private:
         bool isImportant;
         QString value;
     };
-    QVector<Row> rows;
+    QVector<Row> m_rows;
 };
 
 /** The style sheets of a drawing. */
@@ -93,8 +93,8 @@ private:
                         int count);
     void addRule(const Rule &rule);
 
-    QVector<Rule> rules;
-    QMultiHash<QString, int> keyToRules; ///< "#id", ".class", "element" or "*" of the last step
+    QVector<Rule> m_rules;
+    QMultiHash<QString, int> m_keyToRules; ///< "#id", ".class", "element" or "*" of the last step
 };
 
 /** A colour in any of its forms; false when the text is none. */

@@ -86,13 +86,13 @@ void SvgWalker::collectRuns(int node, const SvgPlace &place, QVector<SvgTextRun>
 {
     const auto list = [&](SvgName name) {
         QVector<double> values;
-        for (const QString &part : tree.attribute(node, name)
+        for (const QString &part : m_tree.attribute(node, name)
                                        .replace(QLatin1Char(','), QLatin1Char(' '))
                                        .simplified()
                                        .split(QLatin1Char(' '))) {
             SvgLength length;
             if (parseSvgLength(part, &length))
-                values.append(length.toUser(pixelsPerInch,
+                values.append(length.toUser(m_pixelsPerInch,
                                             name == SvgName::X ? place.viewport.width()
                                                                : place.viewport.height(),
                                             place.style.fontSize));
@@ -110,20 +110,20 @@ void SvgWalker::collectRuns(int node, const SvgPlace &place, QVector<SvgTextRun>
         note(VectorNote::Kind::Changed,
              QCoreApplication::translate("vectorkit", "turned letters in a text, kept upright"),
              node);
-    const bool isText = tree.nodes[node].element == SvgElement::Text;
+    const bool isText = m_tree.nodes[node].element == SvgElement::Text;
     bool startsChunk = isText || !xs.isEmpty() || !ys.isEmpty();
     double widthWanted = xs.size() > 1 ? -1.0 : 0.0;
     const QVector<double> lengthWanted = list(SvgName::TextLength);
     if (!lengthWanted.isEmpty())
         widthWanted = lengthWanted.first();
-    for (int child = tree.nodes[node].firstChild; child >= 0;
-         child = tree.nodes[child].nextSibling) {
-        switch (tree.nodes[child].element) {
+    for (int child = m_tree.nodes[node].firstChild; child >= 0;
+         child = m_tree.nodes[child].nextSibling) {
+        switch (m_tree.nodes[child].element) {
         case SvgElement::Characters: {
             const bool isAfterBlank =
                 startsChunk || runs->isEmpty() || runs->last().text.endsWith(QLatin1Char(' '));
             SvgTextRun run;
-            run.text = withBlanks(tree.nodes[child].text, place.style, isAfterBlank);
+            run.text = withBlanks(m_tree.nodes[child].text, place.style, isAfterBlank);
             if (run.text.isEmpty())
                 break;
             run.at = *pen;
@@ -247,9 +247,9 @@ void SvgWalker::placeRun(int node, const SvgPlace &place, const SvgTextRun &run)
         place.clip->coverOf(QRectF(text.positionMm, QSizeF())) != SvgClip::Cover::Whole)
         note(VectorNote::Kind::Changed,
              QCoreApplication::translate("vectorkit", "texts under a clip path, kept whole"), node);
-    pieces += text.text.size();
-    isTooLarge = isTooLarge || pieces > options.mostPieces;
-    if (!isTooLarge)
+    m_pieces += text.text.size();
+    m_isTooLarge = m_isTooLarge || m_pieces > m_options.mostPieces;
+    if (!m_isTooLarge)
         layer().texts.append(text);
 }
 
@@ -260,10 +260,10 @@ void SvgWalker::addFlowedText(int node, const SvgPlace &place)
          QCoreApplication::translate("vectorkit", "flowed text, its lines not broken"), node);
     QPointF corner;
     double y = 0.0;
-    for (int child = tree.nodes[node].firstChild; child >= 0;
-         child = tree.nodes[child].nextSibling) {
-        const SvgElement element = tree.nodes[child].element;
-        const int region = tree.nodes[child].firstChild;
+    for (int child = m_tree.nodes[node].firstChild; child >= 0;
+         child = m_tree.nodes[child].nextSibling) {
+        const SvgElement element = m_tree.nodes[child].element;
+        const int region = m_tree.nodes[child].firstChild;
         if (element == SvgElement::FlowRegion && region >= 0) {
             corner =
                 QPointF(lengthX(region, SvgName::X, place), lengthY(region, SvgName::Y, place));
@@ -273,7 +273,7 @@ void SvgWalker::addFlowedText(int node, const SvgPlace &place)
                 continue;
             y += y == 0.0 ? inner.style.fontSize : inner.style.fontSize * 1.25;
             SvgTextRun run;
-            run.text = withBlanks(tree.charactersOf(child), inner.style, true);
+            run.text = withBlanks(m_tree.charactersOf(child), inner.style, true);
             run.at = corner + QPointF(0.0, y);
             run.style = inner.style;
             run.style.anchor = TextAnchor::Left;

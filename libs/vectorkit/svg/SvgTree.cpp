@@ -157,10 +157,10 @@ class TreeReader
 {
 public:
     TreeReader(const QByteArray &source, const ReadOptions &readOptions, SvgTree *target)
-        : bytes(source), options(readOptions), tree(target), xml(source)
+        : m_bytes(source), m_options(readOptions), m_tree(target), m_xml(source)
     {
         // Prefixes are often used without being declared where a part of a file was cut out.
-        xml.setNamespaceProcessing(false);
+        m_xml.setNamespaceProcessing(false);
     }
 
     bool read(ReadFailure *failure);
@@ -182,36 +182,37 @@ private:
     void comment();
     bool fail(ReadFailure *failure) const;
 
-    const QByteArray &bytes;
-    const ReadOptions &options;
-    SvgTree *tree;
-    QXmlStreamReader xml;
-    QVector<int> open;      ///< elements that the next one is in
-    QVector<int> lastChild; ///< of each of them; -1: none yet
-    QVector<Prefix> prefixes;
-    int foreignDepth = 0; ///< elements of other name spaces that are open
-    bool isCancelled = false;
-    bool isTooDeep = false;
-    bool isNoSvg = false;
+    const QByteArray &m_bytes;
+    const ReadOptions &m_options;
+    SvgTree *m_tree;
+    QXmlStreamReader m_xml;
+    QVector<int> m_open;      ///< elements that the next one is in
+    QVector<int> m_lastChild; ///< of each of them; -1: none yet
+    QVector<Prefix> m_prefixes;
+    int m_foreignDepth = 0; ///< elements of other name spaces that are open
+    bool m_isCancelled = false;
+    bool m_isTooDeep = false;
+    bool m_isNoSvg = false;
 };
 
 bool TreeReader::read(ReadFailure *failure)
 {
     qint64 tokens = 0;
-    while (!xml.atEnd() && !isCancelled && !isTooDeep && !isNoSvg) {
-        switch (xml.readNext()) {
+    while (!m_xml.atEnd() && !m_isCancelled && !m_isTooDeep && !m_isNoSvg) {
+        switch (m_xml.readNext()) {
         case QXmlStreamReader::StartElement:
             startElement();
             break;
         case QXmlStreamReader::EndElement:
-            if (foreignDepth > 0) {
-                --foreignDepth;
+            if (m_foreignDepth > 0) {
+                --m_foreignDepth;
             } else {
-                open.removeLast();
-                lastChild.removeLast();
+                m_open.removeLast();
+                m_lastChild.removeLast();
             }
-            while (!prefixes.isEmpty() && prefixes.last().depth > open.size() + foreignDepth)
-                prefixes.removeLast();
+            while (!m_prefixes.isEmpty() &&
+                   m_prefixes.last().depth > m_open.size() + m_foreignDepth)
+                m_prefixes.removeLast();
             break;
         case QXmlStreamReader::Characters:
             characters();
@@ -222,9 +223,9 @@ bool TreeReader::read(ReadFailure *failure)
         default:
             break;
         }
-        if (options.progress && ++tokens % 1024 == 0) {
-            const double done = double(xml.characterOffset()) / std::max(1, bytes.size());
-            isCancelled = !options.progress(std::min(0.5, done * 0.5));
+        if (m_options.progress && ++tokens % 1024 == 0) {
+            const double done = double(m_xml.characterOffset()) / std::max(1, m_bytes.size());
+            m_isCancelled = !m_options.progress(std::min(0.5, done * 0.5));
         }
     }
     return fail(failure);
@@ -233,30 +234,30 @@ bool TreeReader::read(ReadFailure *failure)
 /** True when nothing failed; else tells what did. */
 bool TreeReader::fail(ReadFailure *failure) const
 {
-    if (isCancelled) {
+    if (m_isCancelled) {
         *failure = {ReadFailure::Kind::Cancelled,
                     QCoreApplication::translate("vectorkit", "Reading was cancelled."), QString()};
-    } else if (isNoSvg) {
+    } else if (m_isNoSvg) {
         *failure = {ReadFailure::Kind::WrongFormat,
                     QCoreApplication::translate("vectorkit", "This XML file is no SVG drawing."),
                     QString()};
-    } else if (isTooDeep) {
+    } else if (m_isTooDeep) {
         *failure = {
             ReadFailure::Kind::TooLarge,
             QCoreApplication::translate("vectorkit", "More than %1 elements stand in one another.")
                 .arg(kMostDepth),
             QString()};
-    } else if (xml.hasError()) {
-        const bool isNothing = tree->nodes.isEmpty();
+    } else if (m_xml.hasError()) {
+        const bool isNothing = m_tree->nodes.isEmpty();
         *failure = {isNothing ? ReadFailure::Kind::WrongFormat : ReadFailure::Kind::Damaged,
                     QCoreApplication::translate(
                         "vectorkit", "The file is not well-formed at line %1, column %2: %3")
-                        .arg(xml.lineNumber())
-                        .arg(xml.columnNumber())
-                        .arg(xml.errorString()),
+                        .arg(m_xml.lineNumber())
+                        .arg(m_xml.columnNumber())
+                        .arg(m_xml.errorString()),
                     QCoreApplication::translate("vectorkit",
                                                 "Save it again with the program that wrote it.")};
-    } else if (tree->nodes.isEmpty()) {
+    } else if (m_tree->nodes.isEmpty()) {
         *failure = {ReadFailure::Kind::WrongFormat,
                     QCoreApplication::translate("vectorkit", "This XML file is no SVG drawing."),
                     QString()};
@@ -268,15 +269,15 @@ bool TreeReader::fail(ReadFailure *failure) const
 
 void TreeReader::declarePrefixes(const QXmlStreamAttributes &attributes)
 {
-    const int depth = open.size() + foreignDepth + 1;
+    const int depth = m_open.size() + m_foreignDepth + 1;
     for (const QXmlStreamAttribute &attribute : attributes) {
         const QStringRef name = attribute.qualifiedName();
         if (!name.startsWith(QLatin1String("xmlns")))
             continue;
         if (name.size() == 5)
-            prefixes.append({depth, QString(), attribute.value() == kSvgNamespace});
+            m_prefixes.append({depth, QString(), attribute.value() == kSvgNamespace});
         else if (name.at(5) == QLatin1Char(':'))
-            prefixes.append({depth, name.mid(6).toString(), attribute.value() == kSvgNamespace});
+            m_prefixes.append({depth, name.mid(6).toString(), attribute.value() == kSvgNamespace});
     }
 }
 
@@ -286,9 +287,9 @@ SvgElement TreeReader::elementOf(const QStringRef &qualifiedName) const
     const QStringRef prefix = colon < 0 ? QStringRef() : qualifiedName.left(colon);
     // Without a declaration a plain name is one of the format, and so is the usual prefix.
     bool isSvg = prefix.isEmpty() || prefix == QLatin1String("svg");
-    for (int index = prefixes.size() - 1; index >= 0; --index) {
-        if (prefixes[index].name == prefix) {
-            isSvg = prefixes[index].isSvg;
+    for (int index = m_prefixes.size() - 1; index >= 0; --index) {
+        if (m_prefixes[index].name == prefix) {
+            isSvg = m_prefixes[index].isSvg;
             break;
         }
     }
@@ -299,67 +300,67 @@ SvgElement TreeReader::elementOf(const QStringRef &qualifiedName) const
 
 void TreeReader::startElement()
 {
-    if (foreignDepth > 0) {
-        ++foreignDepth;
-        isTooDeep = open.size() + foreignDepth > kMostDepth;
+    if (m_foreignDepth > 0) {
+        ++m_foreignDepth;
+        m_isTooDeep = m_open.size() + m_foreignDepth > kMostDepth;
         return;
     }
-    const QXmlStreamAttributes attributes = xml.attributes();
+    const QXmlStreamAttributes attributes = m_xml.attributes();
     declarePrefixes(attributes);
     SvgNode node;
-    node.element = elementOf(xml.qualifiedName());
-    if (tree->nodes.isEmpty() && node.element != SvgElement::Svg) {
-        isNoSvg = true;
+    node.element = elementOf(m_xml.qualifiedName());
+    if (m_tree->nodes.isEmpty() && node.element != SvgElement::Svg) {
+        m_isNoSvg = true;
         return;
     }
     if (node.element == SvgElement::Foreign || node.element == SvgElement::Metadata) {
-        ++foreignDepth;
+        ++m_foreignDepth;
         return;
     }
     if (node.element == SvgElement::Other)
-        node.text = xml.name().toString();
+        node.text = m_xml.name().toString();
     addAttributes(attributes, &node);
     addNode(node);
-    open.append(tree->nodes.size() - 1);
-    lastChild.append(-1);
-    isTooDeep = open.size() > kMostDepth;
+    m_open.append(m_tree->nodes.size() - 1);
+    m_lastChild.append(-1);
+    m_isTooDeep = m_open.size() > kMostDepth;
 }
 
 void TreeReader::addAttributes(const QXmlStreamAttributes &attributes, SvgNode *node)
 {
-    node->firstAttribute = tree->attributes.size();
+    node->firstAttribute = m_tree->attributes.size();
     for (const QXmlStreamAttribute &attribute : attributes) {
         const SvgName name = svgNameOf(attribute.qualifiedName().toString());
         if (name == SvgName::Unknown)
             continue;
         const QString value = attribute.value().toString();
-        if (name == SvgName::Id && !tree->idToNode.contains(value))
-            tree->idToNode.insert(value, tree->nodes.size());
-        tree->attributes.append({name, value});
+        if (name == SvgName::Id && !m_tree->idToNode.contains(value))
+            m_tree->idToNode.insert(value, m_tree->nodes.size());
+        m_tree->attributes.append({name, value});
     }
-    node->attributeCount = tree->attributes.size() - node->firstAttribute;
+    node->attributeCount = m_tree->attributes.size() - node->firstAttribute;
 }
 
 void TreeReader::addNode(SvgNode node)
 {
-    const int index = tree->nodes.size();
-    node.line = int(xml.lineNumber());
-    if (!open.isEmpty()) {
-        node.parent = open.last();
-        if (lastChild.last() < 0)
-            tree->nodes[node.parent].firstChild = index;
+    const int index = m_tree->nodes.size();
+    node.line = int(m_xml.lineNumber());
+    if (!m_open.isEmpty()) {
+        node.parent = m_open.last();
+        if (m_lastChild.last() < 0)
+            m_tree->nodes[node.parent].firstChild = index;
         else
-            tree->nodes[lastChild.last()].nextSibling = index;
-        lastChild.last() = index;
+            m_tree->nodes[m_lastChild.last()].nextSibling = index;
+        m_lastChild.last() = index;
     }
-    tree->nodes.append(node);
+    m_tree->nodes.append(node);
 }
 
 void TreeReader::characters()
 {
-    if (open.isEmpty() || foreignDepth > 0)
+    if (m_open.isEmpty() || m_foreignDepth > 0)
         return;
-    switch (tree->nodes[open.last()].element) {
+    switch (m_tree->nodes[m_open.last()].element) {
     case SvgElement::Text:
     case SvgElement::Tspan:
     case SvgElement::TextPath:
@@ -370,7 +371,7 @@ void TreeReader::characters()
     case SvgElement::Style: {
         SvgNode node;
         node.element = SvgElement::Characters;
-        node.text = xml.text().toString();
+        node.text = m_xml.text().toString();
         addNode(node);
         break;
     }
@@ -381,17 +382,17 @@ void TreeReader::characters()
 
 void TreeReader::comment()
 {
-    if (!tree->producer.isEmpty())
+    if (!m_tree->producer.isEmpty())
         return;
-    const QString text = xml.text().toString().simplified();
+    const QString text = m_xml.text().toString().simplified();
     for (const QLatin1String start : {QLatin1String("Generator: "), QLatin1String("Creator: "),
                                       QLatin1String("Created with ")}) {
         if (text.startsWith(start, Qt::CaseInsensitive)) {
-            tree->producer = text.mid(start.size()).left(200);
+            m_tree->producer = text.mid(start.size()).left(200);
             // "Adobe Illustrator 15.1.0, SVG Export Plug-In . SVG Version: 6.00 Build 0)"
-            const int end = tree->producer.indexOf(QLatin1Char(','));
+            const int end = m_tree->producer.indexOf(QLatin1Char(','));
             if (end > 0)
-                tree->producer.truncate(end);
+                m_tree->producer.truncate(end);
             return;
         }
     }

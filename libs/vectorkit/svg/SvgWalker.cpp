@@ -75,65 +75,66 @@ bool saysNone(const QString &value)
 } // namespace
 
 SvgWalker::SvgWalker(const SvgTree &source, const ReadOptions &readOptions, VectorDrawing *target)
-    : tree(source), options(readOptions), drawing(target)
+    : m_tree(source), m_options(readOptions), m_drawing(target)
 {
 }
 
 bool SvgWalker::walk(ReadFailure *failure)
 {
-    for (int node = 0; node < tree.nodes.size(); ++node) {
-        if (tree.nodes[node].element != SvgElement::Style)
+    for (int node = 0; node < m_tree.nodes.size(); ++node) {
+        if (m_tree.nodes[node].element != SvgElement::Style)
             continue;
-        const int misread = sheets.add(tree.charactersOf(node));
+        const int misread = m_sheets.add(m_tree.charactersOf(node));
         if (misread > 0) {
-            drawing->note(
+            m_drawing->note(
                 VectorNote::Kind::Left,
                 QCoreApplication::translate("vectorkit", "style rules that are not known"),
-                QCoreApplication::translate("vectorkit", "line %1").arg(tree.nodes[node].line),
+                QCoreApplication::translate("vectorkit", "line %1").arg(m_tree.nodes[node].line),
                 misread);
         }
     }
     findSize();
     SvgPlace place;
-    if (enter(0, root, &place))
+    if (enter(0, m_root, &place))
         visitChildren(0, place);
-    drawing->layers.erase(std::remove_if(drawing->layers.begin(), drawing->layers.end(),
-                                         [](const VectorLayer &l) {
-                                             return l.shapes.isEmpty() && l.texts.isEmpty();
-                                         }),
-                          drawing->layers.end());
-    if (isCancelled)
+    m_drawing->layers.erase(std::remove_if(m_drawing->layers.begin(), m_drawing->layers.end(),
+                                           [](const VectorLayer &l) {
+                                               return l.shapes.isEmpty() && l.texts.isEmpty();
+                                           }),
+                            m_drawing->layers.end());
+    if (m_isCancelled)
         *failure = {ReadFailure::Kind::Cancelled,
                     QCoreApplication::translate("vectorkit", "Reading was cancelled."), QString()};
-    else if (isTooLarge)
+    else if (m_isTooLarge)
         *failure = {
             ReadFailure::Kind::TooLarge,
             QCoreApplication::translate("vectorkit", "The drawing is larger than can be read."),
             QCoreApplication::translate("vectorkit",
                                         "Take it apart with the program that wrote it.")};
-    return !isCancelled && !isTooLarge;
+    return !m_isCancelled && !m_isTooLarge;
 }
 
 void SvgWalker::note(VectorNote::Kind kind, const QString &what, int node)
 {
-    drawing->note(kind, what,
-                  QCoreApplication::translate("vectorkit", "line %1").arg(tree.nodes[node].line));
+    m_drawing->note(
+        kind, what,
+        QCoreApplication::translate("vectorkit", "line %1").arg(m_tree.nodes[node].line));
 }
 
 VectorLayer &SvgWalker::layer()
 {
-    if (layerIndex >= 0)
-        return drawing->layers[layerIndex];
-    if (freeLayerIndex < 0) {
-        freeLayerIndex = drawing->layers.size();
-        drawing->layers.append(VectorLayer());
+    if (m_layerIndex >= 0)
+        return m_drawing->layers[m_layerIndex];
+    if (m_freeLayerIndex < 0) {
+        m_freeLayerIndex = m_drawing->layers.size();
+        m_drawing->layers.append(VectorLayer());
     }
-    return drawing->layers[freeLayerIndex];
+    return m_drawing->layers[m_freeLayerIndex];
 }
 
 double SvgWalker::length(int node, SvgName name, double whole, const SvgPlace &place, double none)
 {
-    const QString text = tree.attribute(node, name);
+    const QString text = m_tree.attribute(node, name);
     if (text.isEmpty() || text == QLatin1String("auto"))
         return none;
     SvgLength read;
@@ -142,7 +143,7 @@ double SvgWalker::length(int node, SvgName name, double whole, const SvgPlace &p
              QCoreApplication::translate("vectorkit", "lengths that are no numbers"), node);
         return none;
     }
-    return read.toUser(pixelsPerInch, whole, place.style.fontSize);
+    return read.toUser(m_pixelsPerInch, whole, place.style.fontSize);
 }
 
 double SvgWalker::lengthX(int node, SvgName name, const SvgPlace &place, double none)
@@ -164,8 +165,8 @@ bool SvgWalker::isHidden(int node, const SvgProperties &properties)
         opacity = read.value;
     if (display != QLatin1String("none") && opacity > 0.0)
         return false;
-    const QString label = tree.attribute(node, SvgName::Label);
-    if (tree.attribute(node, SvgName::GroupMode) == QLatin1String("layer"))
+    const QString label = m_tree.attribute(node, SvgName::Label);
+    if (m_tree.attribute(node, SvgName::GroupMode) == QLatin1String("layer"))
         note(VectorNote::Kind::Left,
              QCoreApplication::translate("vectorkit", "hidden layer \"%1\"").arg(label), node);
     else
@@ -197,15 +198,15 @@ QTransform SvgWalker::transformOf(const SvgProperties &properties, int node)
 /** The place inside an element; false when nothing in it is seen. */
 bool SvgWalker::enter(int node, const SvgPlace &outer, SvgPlace *place)
 {
-    const SvgProperties properties = sheets.propertiesOf(tree, node);
+    const SvgProperties properties = m_sheets.propertiesOf(m_tree, node);
     if (isHidden(node, properties))
         return false;
     *place = outer;
     ++place->depth;
     const double size =
         std::hypot(outer.viewport.width(), outer.viewport.height()) / std::sqrt(2.0);
-    place->style = svgStyle(outer.style, properties, pixelsPerInch, size);
-    const QString space = tree.attribute(node, SvgName::Space);
+    place->style = svgStyle(outer.style, properties, m_pixelsPerInch, size);
+    const QString space = m_tree.attribute(node, SvgName::Space);
     if (!space.isEmpty())
         place->style.keepsSpaces = space == QLatin1String("preserve");
     if (node != 0)
@@ -214,7 +215,7 @@ bool SvgWalker::enter(int node, const SvgPlace &outer, SvgPlace *place)
     if (!std::isfinite(size2) || size2 == 0.0)
         return false;
     if (properties.value(SvgName::VectorEffect).contains(QLatin1String("non-scaling-stroke")))
-        place->style.strokeWidth *= std::sqrt(std::abs(root.toMm.determinant() / size2));
+        place->style.strokeWidth *= std::sqrt(std::abs(m_root.toMm.determinant() / size2));
     if (!saysNone(properties.value(SvgName::MaskUse)))
         note(VectorNote::Kind::Changed,
              QCoreApplication::translate("vectorkit", "masks, shown without them"), node);
@@ -229,21 +230,21 @@ bool SvgWalker::enter(int node, const SvgPlace &outer, SvgPlace *place)
 
 void SvgWalker::visitChildren(int node, const SvgPlace &place)
 {
-    for (int child = tree.nodes[node].firstChild; child >= 0;
-         child = tree.nodes[child].nextSibling) {
+    for (int child = m_tree.nodes[node].firstChild; child >= 0;
+         child = m_tree.nodes[child].nextSibling) {
         visit(child, place);
-        if (isCancelled || isTooLarge)
+        if (m_isCancelled || m_isTooLarge)
             return;
     }
 }
 
 void SvgWalker::visit(int node, const SvgPlace &outer)
 {
-    ++visited;
-    isTooLarge = isTooLarge || visited > options.mostPieces;
-    if (options.progress && visited % 1024 == 0) {
-        const double done = double(visited) / double(tree.nodes.size());
-        isCancelled = isCancelled || !options.progress(0.5 + std::min(0.5, done * 0.5));
+    ++m_visited;
+    m_isTooLarge = m_isTooLarge || m_visited > m_options.mostPieces;
+    if (m_options.progress && m_visited % 1024 == 0) {
+        const double done = double(m_visited) / double(m_tree.nodes.size());
+        m_isCancelled = m_isCancelled || !m_options.progress(0.5 + std::min(0.5, done * 0.5));
     }
     if (outer.depth > kMostDepth) {
         note(
@@ -253,14 +254,14 @@ void SvgWalker::visit(int node, const SvgPlace &outer)
         return;
     }
     SvgPlace place;
-    switch (tree.nodes[node].element) {
+    switch (m_tree.nodes[node].element) {
     case SvgElement::G:
     case SvgElement::A:
         if (enter(node, outer, &place)) {
-            const int layerBefore = layerIndex;
+            const int layerBefore = m_layerIndex;
             enterLayer(node);
             visitChildren(node, place);
-            layerIndex = layerBefore;
+            m_layerIndex = layerBefore;
         }
         break;
     case SvgElement::Svg:
@@ -301,7 +302,7 @@ void SvgWalker::visit(int node, const SvgPlace &outer)
 /** What draws nothing, and what is left out. */
 void SvgWalker::visitOther(int node)
 {
-    switch (tree.nodes[node].element) {
+    switch (m_tree.nodes[node].element) {
     case SvgElement::Image:
         note(VectorNote::Kind::Left, QCoreApplication::translate("vectorkit", "pictures (bitmaps)"),
              node);
@@ -319,7 +320,7 @@ void SvgWalker::visitOther(int node)
     case SvgElement::Other:
         note(VectorNote::Kind::Left,
              QCoreApplication::translate("vectorkit", "element \"%1\"")
-                 .arg(tree.nodes[node].text.left(40)),
+                 .arg(m_tree.nodes[node].text.left(40)),
              node);
         break;
     default:
@@ -330,30 +331,30 @@ void SvgWalker::visitOther(int node)
 void SvgWalker::enterLayer(int node)
 {
     const bool isSheetGroup =
-        tree.nodes[node].parent == 0 && (tree.producer.contains(QLatin1String("Illustrator")) ||
-                                         tree.producer.contains(QLatin1String("CorelDRAW")));
+        m_tree.nodes[node].parent == 0 && (m_tree.producer.contains(QLatin1String("Illustrator")) ||
+                                           m_tree.producer.contains(QLatin1String("CorelDRAW")));
     QString name;
-    if (tree.attribute(node, SvgName::GroupMode) == QLatin1String("layer")) {
-        name = tree.attribute(node, SvgName::Label);
+    if (m_tree.attribute(node, SvgName::GroupMode) == QLatin1String("layer")) {
+        name = m_tree.attribute(node, SvgName::Label);
         if (name.isEmpty())
-            name = tree.attribute(node, SvgName::Id);
-    } else if (tree.attribute(node, SvgName::IsLayer) == QLatin1String("yes") || isSheetGroup) {
-        name = nameFromId(tree.attribute(node, SvgName::Id));
+            name = m_tree.attribute(node, SvgName::Id);
+    } else if (m_tree.attribute(node, SvgName::IsLayer) == QLatin1String("yes") || isSheetGroup) {
+        name = nameFromId(m_tree.attribute(node, SvgName::Id));
     }
     if (name.isEmpty())
         return;
-    if (layerIndex >= 0)
-        name = drawing->layers[layerIndex].name + QLatin1Char('/') + name;
-    layerIndex = drawing->layers.size();
+    if (m_layerIndex >= 0)
+        name = m_drawing->layers[m_layerIndex].name + QLatin1Char('/') + name;
+    m_layerIndex = m_drawing->layers.size();
     VectorLayer added;
     added.name = name;
-    drawing->layers.append(added);
+    m_drawing->layers.append(added);
 }
 
 void SvgWalker::visitNested(int node, const SvgPlace &place, const QSizeF &size)
 {
     SvgPlace inner = place;
-    const bool isSymbol = tree.nodes[node].element == SvgElement::Symbol;
+    const bool isSymbol = m_tree.nodes[node].element == SvgElement::Symbol;
     const double width = size.width() > 0.0
                              ? size.width()
                              : lengthX(node, SvgName::Width, place, place.viewport.width());
@@ -367,8 +368,8 @@ void SvgWalker::visitNested(int node, const SvgPlace &place, const QSizeF &size)
                  : QPointF(lengthX(node, SvgName::X, place), lengthY(node, SvgName::Y, place));
     const QRectF port(corner, QSizeF(width, height));
     inner.toMm = viewTransform(node, port, &inner.viewport) * place.toMm;
-    const QString overflow = sheets.propertiesOf(tree, node).value(SvgName::Overflow).trimmed();
-    const bool hasPort = !isSymbol || !tree.attribute(node, SvgName::ViewBox).isEmpty();
+    const QString overflow = m_sheets.propertiesOf(m_tree, node).value(SvgName::Overflow).trimmed();
+    const bool hasPort = !isSymbol || !m_tree.attribute(node, SvgName::ViewBox).isEmpty();
     if (hasPort && overflow != QLatin1String("visible") && overflow != QLatin1String("auto")) {
         const VectorPath edge = svgRect(port, 0.0, 0.0).transformed(place.toMm);
         if (isInRange(edge)) {
@@ -384,9 +385,9 @@ void SvgWalker::visitNested(int node, const SvgPlace &place, const QSizeF &size)
 
 void SvgWalker::visitUse(int node, const SvgPlace &place)
 {
-    const QString href = tree.attribute(node, SvgName::Href);
+    const QString href = m_tree.attribute(node, SvgName::Href);
     const QString id = svgReference(href);
-    const int target = tree.idToNode.value(id, -1);
+    const int target = m_tree.idToNode.value(id, -1);
     if (id.isEmpty() && !href.trimmed().isEmpty()) {
         note(VectorNote::Kind::Left,
              QCoreApplication::translate("vectorkit", "references to other files"), node);
@@ -397,12 +398,12 @@ void SvgWalker::visitUse(int node, const SvgPlace &place)
              QCoreApplication::translate("vectorkit", "references to nothing"), node);
         return;
     }
-    if (usesOpen.contains(target) || target == 0) {
+    if (m_usesOpen.contains(target) || target == 0) {
         note(VectorNote::Kind::Damaged,
              QCoreApplication::translate("vectorkit", "elements that show themselves"), node);
         return;
     }
-    for (int above = tree.nodes[node].parent; above >= 0; above = tree.nodes[above].parent) {
+    for (int above = m_tree.nodes[node].parent; above >= 0; above = m_tree.nodes[above].parent) {
         if (above == target) {
             note(VectorNote::Kind::Damaged,
                  QCoreApplication::translate("vectorkit", "elements that show themselves"), node);
@@ -413,8 +414,8 @@ void SvgWalker::visitUse(int node, const SvgPlace &place)
     inner.toMm = QTransform::fromTranslate(lengthX(node, SvgName::X, place),
                                            lengthY(node, SvgName::Y, place)) *
                  place.toMm;
-    usesOpen.append(target);
-    const SvgElement element = tree.nodes[target].element;
+    m_usesOpen.append(target);
+    const SvgElement element = m_tree.nodes[target].element;
     if (element == SvgElement::Symbol || element == SvgElement::Svg) {
         const QSizeF size(lengthX(node, SvgName::Width, place),
                           lengthY(node, SvgName::Height, place));
@@ -424,22 +425,22 @@ void SvgWalker::visitUse(int node, const SvgPlace &place)
     } else {
         visit(target, inner);
     }
-    usesOpen.removeLast();
+    m_usesOpen.removeLast();
 }
 
 /** Shows the first child that can be shown. */
 void SvgWalker::visitSwitch(int node, const SvgPlace &place)
 {
     const QString language = QLocale().name().section(QLatin1Char('_'), 0, 0);
-    for (int child = tree.nodes[node].firstChild; child >= 0;
-         child = tree.nodes[child].nextSibling) {
-        const SvgElement element = tree.nodes[child].element;
+    for (int child = m_tree.nodes[node].firstChild; child >= 0;
+         child = m_tree.nodes[child].nextSibling) {
+        const SvgElement element = m_tree.nodes[child].element;
         if (element == SvgElement::Foreign || element == SvgElement::Characters ||
             element == SvgElement::ForeignObject)
             continue;
-        if (!tree.attribute(child, SvgName::RequiredExtensions).isEmpty())
+        if (!m_tree.attribute(child, SvgName::RequiredExtensions).isEmpty())
             continue;
-        const QString wanted = tree.attribute(child, SvgName::SystemLanguage);
+        const QString wanted = m_tree.attribute(child, SvgName::SystemLanguage);
         bool isFit = wanted.isNull();
         for (const QString &one : wanted.split(QLatin1Char(',')))
             isFit = isFit || one.trimmed().section(QLatin1Char('-'), 0, 0) == language;
@@ -457,11 +458,11 @@ QVector<VectorPath> SvgWalker::outlineOf(int node, const SvgPlace &place)
     const auto y = [&](SvgName name) { return lengthY(node, name, place); };
     const double whole =
         std::hypot(place.viewport.width(), place.viewport.height()) / std::sqrt(2.0);
-    const SvgElement element = tree.nodes[node].element;
+    const SvgElement element = m_tree.nodes[node].element;
     switch (element) {
     case SvgElement::Path: {
         int damageAt = 0;
-        if (!parseSvgPath(tree.attribute(node, SvgName::D), &paths, &damageAt))
+        if (!parseSvgPath(m_tree.attribute(node, SvgName::D), &paths, &damageAt))
             note(VectorNote::Kind::Damaged,
                  QCoreApplication::translate("vectorkit", "paths that end where they are damaged"),
                  node);
@@ -498,7 +499,7 @@ QVector<VectorPath> SvgWalker::outlineOf(int node, const SvgPlace &place)
         break;
     default: {
         bool isGood = true;
-        const QVector<double> n = parseSvgNumbers(tree.attribute(node, SvgName::Points), &isGood);
+        const QVector<double> n = parseSvgNumbers(m_tree.attribute(node, SvgName::Points), &isGood);
         if (!isGood || n.size() % 2 != 0)
             note(VectorNote::Kind::Damaged,
                  QCoreApplication::translate("vectorkit", "paths that end where they are damaged"),
@@ -527,31 +528,31 @@ QColor SvgWalker::colorOf(const SvgPaint &paint, double opacity)
         color.setAlpha(255);
         return color;
     }
-    int server = tree.idToNode.value(paint.server, -1);
+    int server = m_tree.idToNode.value(paint.server, -1);
     if (server < 0)
         return paint.color;
     // A gradient without stops takes those of another.
     for (int hop = 0; hop < 10 && server >= 0; ++hop) {
-        const SvgElement element = tree.nodes[server].element;
+        const SvgElement element = m_tree.nodes[server].element;
         if (element != SvgElement::LinearGradient && element != SvgElement::RadialGradient) {
             note(VectorNote::Kind::Changed,
                  QCoreApplication::translate("vectorkit", "patterns, filled all over"), server);
             return paint.color.isValid() ? paint.color : QColor(Qt::black);
         }
-        for (int child = tree.nodes[server].firstChild; child >= 0;
-             child = tree.nodes[child].nextSibling) {
-            if (tree.nodes[child].element != SvgElement::Stop)
+        for (int child = m_tree.nodes[server].firstChild; child >= 0;
+             child = m_tree.nodes[child].nextSibling) {
+            if (m_tree.nodes[child].element != SvgElement::Stop)
                 continue;
             note(VectorNote::Kind::Changed,
                  QCoreApplication::translate("vectorkit", "gradients, in their first colour"),
                  server);
             QColor color(Qt::black);
-            parseSvgColor(sheets.propertiesOf(tree, child).value(SvgName::StopColor), Qt::black,
+            parseSvgColor(m_sheets.propertiesOf(m_tree, child).value(SvgName::StopColor), Qt::black,
                           &color);
             color.setAlpha(255);
             return color;
         }
-        server = tree.idToNode.value(svgReference(tree.attribute(server, SvgName::Href)), -1);
+        server = m_tree.idToNode.value(svgReference(m_tree.attribute(server, SvgName::Href)), -1);
     }
     return paint.color;
 }
@@ -565,7 +566,7 @@ void SvgWalker::addShape(int node, const SvgPlace &place)
         return;
     }
     const QColor stroke = colorOf(style.stroke, style.strokeOpacity);
-    const bool isLine = tree.nodes[node].element == SvgElement::Line;
+    const bool isLine = m_tree.nodes[node].element == SvgElement::Line;
     const QColor fill = isLine ? QColor() : colorOf(style.fill, style.fillOpacity);
     if (!stroke.isValid() && !fill.isValid()) {
         note(VectorNote::Kind::Left,
@@ -579,7 +580,7 @@ void SvgWalker::addShape(int node, const SvgPlace &place)
     shape.fillRule = style.fillRule;
     if (shape.isStroked)
         shape.strokeWidthMm = style.strokeWidth * std::sqrt(std::abs(place.toMm.determinant()));
-    shape.id = tree.attribute(node, SvgName::Id);
+    shape.id = m_tree.attribute(node, SvgName::Id);
     if (shape.isStroked && style.isDashed)
         note(VectorNote::Kind::Changed,
              QCoreApplication::translate("vectorkit", "dashed lines, drawn through"), node);
@@ -641,23 +642,23 @@ void SvgWalker::addClipped(const VectorShape &shape, const SvgClip &clip)
 void SvgWalker::addPaths(const VectorShape &shape)
 {
     for (const VectorPath &path : shape.paths)
-        pieces += path.pieceCount();
-    isTooLarge = isTooLarge || pieces > options.mostPieces;
-    if (!shape.paths.isEmpty() && !isTooLarge)
+        m_pieces += path.pieceCount();
+    m_isTooLarge = m_isTooLarge || m_pieces > m_options.mostPieces;
+    if (!shape.paths.isEmpty() && !m_isTooLarge)
         layer().shapes.append(shape);
 }
 
 void SvgWalker::applyClip(const QString &value, int node, SvgPlace *place)
 {
-    const int target = tree.idToNode.value(svgReference(value), -1);
-    if (target < 0 || tree.nodes[target].element != SvgElement::ClipPath) {
+    const int target = m_tree.idToNode.value(svgReference(value), -1);
+    if (target < 0 || m_tree.nodes[target].element != SvgElement::ClipPath) {
         note(VectorNote::Kind::Changed,
              QCoreApplication::translate("vectorkit",
                                          "clip paths that are not known, shown without them"),
              node);
         return;
     }
-    if (tree.attribute(target, SvgName::ClipPathUnits) == QLatin1String("objectBoundingBox")) {
+    if (m_tree.attribute(target, SvgName::ClipPathUnits) == QLatin1String("objectBoundingBox")) {
         note(VectorNote::Kind::Changed,
              QCoreApplication::translate("vectorkit",
                                          "clip paths of relative size, shown without them"),
@@ -675,21 +676,22 @@ void SvgWalker::applyClip(const QString &value, int node, SvgPlace *place)
 bool SvgWalker::buildClip(int node, const SvgPlace &place, int depth, SvgClip *clip)
 {
     SvgPlace inner = place;
-    inner.style = root.style;
+    inner.style = m_root.style;
     inner.clip.reset();
-    const SvgProperties properties = sheets.propertiesOf(tree, node);
+    const SvgProperties properties = m_sheets.propertiesOf(m_tree, node);
     inner.toMm = transformOf(properties, node) * place.toMm;
     if (depth > kMostClips) {
         note(VectorNote::Kind::Damaged,
              QCoreApplication::translate("vectorkit", "elements that show themselves"), node);
         return false;
     }
-    for (int child = tree.nodes[node].firstChild; child >= 0; child = tree.nodes[child].nextSibling)
+    for (int child = m_tree.nodes[node].firstChild; child >= 0;
+         child = m_tree.nodes[child].nextSibling)
         addToClip(child, inner, depth, clip);
     const int further =
-        tree.idToNode.value(svgReference(properties.value(SvgName::ClipPathUse)), -1);
+        m_tree.idToNode.value(svgReference(properties.value(SvgName::ClipPathUse)), -1);
     SvgClip outer;
-    if (further >= 0 && tree.nodes[further].element == SvgElement::ClipPath &&
+    if (further >= 0 && m_tree.nodes[further].element == SvgElement::ClipPath &&
         buildClip(further, place, depth + 1, &outer))
         clip->intersect(outer);
     return true;
@@ -698,20 +700,20 @@ bool SvgWalker::buildClip(int node, const SvgPlace &place, int depth, SvgClip *c
 /** Adds one shape of a clip path, or what it refers to. */
 void SvgWalker::addToClip(int node, const SvgPlace &outer, int depth, SvgClip *clip)
 {
-    ++visited;
-    isTooLarge = isTooLarge || visited > options.mostPieces;
-    const SvgElement element = tree.nodes[node].element;
-    const SvgProperties properties = sheets.propertiesOf(tree, node);
+    ++m_visited;
+    m_isTooLarge = m_isTooLarge || m_visited > m_options.mostPieces;
+    const SvgElement element = m_tree.nodes[node].element;
+    const SvgProperties properties = m_sheets.propertiesOf(m_tree, node);
     SvgPlace place = outer;
-    place.style = svgStyle(outer.style, properties, pixelsPerInch, 0.0);
+    place.style = svgStyle(outer.style, properties, m_pixelsPerInch, 0.0);
     place.toMm = transformOf(properties, node) * outer.toMm;
-    if (isTooLarge || !place.style.isVisible ||
+    if (m_isTooLarge || !place.style.isVisible ||
         properties.value(SvgName::Display).trimmed() == QLatin1String("none"))
         return;
     if (element == SvgElement::Use) {
         const int target =
-            tree.idToNode.value(svgReference(tree.attribute(node, SvgName::Href)), -1);
-        if (target >= 0 && tree.nodes[target].element != SvgElement::Use) {
+            m_tree.idToNode.value(svgReference(m_tree.attribute(node, SvgName::Href)), -1);
+        if (target >= 0 && m_tree.nodes[target].element != SvgElement::Use) {
             place.toMm = QTransform::fromTranslate(lengthX(node, SvgName::X, place),
                                                    lengthY(node, SvgName::Y, place)) *
                          place.toMm;
@@ -724,13 +726,13 @@ void SvgWalker::addToClip(int node, const SvgPlace &outer, int depth, SvgClip *c
         QVector<VectorPath> outlines;
         for (const VectorPath &path : outlineOf(node, place)) {
             const VectorPath placed = path.transformed(place.toMm);
-            pieces += placed.pieceCount();
+            m_pieces += placed.pieceCount();
             if (isInRange(placed))
                 outlines.append(placed);
         }
         clip->add(outlines, place.style.clipRule);
         const int further =
-            tree.idToNode.value(svgReference(properties.value(SvgName::ClipPathUse)), -1);
+            m_tree.idToNode.value(svgReference(properties.value(SvgName::ClipPathUse)), -1);
         if (further >= 0)
             note(VectorNote::Kind::Changed,
                  QCoreApplication::translate("vectorkit", "clip paths within clip paths"), node);

@@ -76,19 +76,19 @@ private:
     void note(VectorNote::Kind kind, const QString &what, int node);
     VectorLayer &layer();
 
-    const SvgTree &tree;
-    const ReadOptions &options;
-    VectorDrawing *drawing;
-    SvgSheets sheets;
-    SvgPlace root;
-    double pixelsPerInch = 96.0;
-    int layerIndex = -1;     ///< of the one that shapes go to; -1: outside of layers
-    int freeLayerIndex = -1; ///< layer without a name that was made last
-    qint64 visited = 0;
-    qint64 pieces = 0;
-    QVector<int> usesOpen; ///< what `use` elements show, for those that show themselves
-    bool isCancelled = false;
-    bool isTooLarge = false;
+    const SvgTree &m_tree;
+    const ReadOptions &m_options;
+    VectorDrawing *m_drawing;
+    SvgSheets m_sheets;
+    SvgPlace m_root;
+    double m_pixelsPerInch = 96.0;
+    int m_layerIndex = -1;     ///< of the one that shapes go to; -1: outside of layers
+    int m_freeLayerIndex = -1; ///< layer without a name that was made last
+    qint64 m_visited = 0;
+    qint64 m_pieces = 0;
+    QVector<int> m_usesOpen; ///< what `use` elements show, for those that show themselves
+    bool m_isCancelled = false;
+    bool m_isTooLarge = false;
 };
 
 } // namespace vectorkit

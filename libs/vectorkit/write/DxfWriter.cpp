@@ -33,13 +33,13 @@ QByteArray decimal(double number)
 class TagWriter
 {
 public:
-    explicit TagWriter(QIODevice *to) : device(to) {}
+    explicit TagWriter(QIODevice *to) : m_device(to) {}
 
     void tag(int code, const QByteArray &value)
     {
-        lines += QByteArray::number(code).rightJustified(3) + "\r\n" + value + "\r\n";
+        m_lines += QByteArray::number(code).rightJustified(3) + "\r\n" + value + "\r\n";
         constexpr int kEnough = 65536;
-        if (lines.size() > kEnough)
+        if (m_lines.size() > kEnough)
             flush();
     }
     void tag(int code, int value) { tag(code, QByteArray::number(value)); }
@@ -47,15 +47,15 @@ public:
 
     bool flush()
     {
-        isSound = isSound && device->write(lines) == lines.size();
-        lines.clear();
-        return isSound;
+        m_isSound = m_isSound && m_device->write(m_lines) == m_lines.size();
+        m_lines.clear();
+        return m_isSound;
     }
 
 private:
-    QIODevice *device;
-    QByteArray lines;
-    bool isSound = true;
+    QIODevice *m_device;
+    QByteArray m_lines;
+    bool m_isSound = true;
 };
 
 QByteArray layerName(const VectorShape &shape)

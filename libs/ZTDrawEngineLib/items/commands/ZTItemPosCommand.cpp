@@ -4,21 +4,21 @@
 
 ZTItemPosCommand::ZTItemPosCommand(ZTAbstractGraphicsItem *movedItem, const QPointF &oldPosPx,
                                    const QPointF &newPosPx, QUndoCommand *parent)
-    : QUndoCommand(parent), item(movedItem), oldPos(oldPosPx), newPos(newPosPx)
+    : QUndoCommand(parent), m_item(movedItem), m_oldPos(oldPosPx), m_newPos(newPosPx)
 {
     const QLatin1Char blank(' ');
     const QString position = QStringLiteral("%1,%2")
-                                 .arg(newPos.x(), 0, 'g', -1, blank)
-                                 .arg(newPos.y(), 0, 'g', -1, blank);
+                                 .arg(m_newPos.x(), 0, 'g', -1, blank)
+                                 .arg(m_newPos.y(), 0, 'g', -1, blank);
     setText(QObject::tr("Pos %1 %2").arg(shapeIdOf(movedItem), 0, 10, blank).arg(position));
 }
 
-void ZTItemPosCommand::undo() { moveTo(oldPos); }
+void ZTItemPosCommand::undo() { moveTo(m_oldPos); }
 
-void ZTItemPosCommand::redo() { moveTo(newPos); }
+void ZTItemPosCommand::redo() { moveTo(m_newPos); }
 
 void ZTItemPosCommand::moveTo(const QPointF &posPx)
 {
-    if (item && item->pos() != posPx)
-        item->setPos(posPx);
+    if (m_item && m_item->pos() != posPx)
+        m_item->setPos(posPx);
 }

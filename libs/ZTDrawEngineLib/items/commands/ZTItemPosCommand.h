@@ -29,7 +29,7 @@ public:
 private:
     void moveTo(const QPointF &posPx);
 
-    QPointer<ZTAbstractGraphicsItem> item; ///< borrowed; null once the item is gone
-    QPointF oldPos;
-    QPointF newPos;
+    QPointer<ZTAbstractGraphicsItem> m_item; ///< borrowed; null once the item is gone
+    QPointF m_oldPos;
+    QPointF m_newPos;
 };

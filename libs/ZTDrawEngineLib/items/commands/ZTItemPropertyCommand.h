@@ -29,8 +29,8 @@ public:
 private:
     void write(const QVariant &value);
 
-    QPointer<QObject> object; ///< borrowed; null once the object is gone
-    QString propertyName;
-    QVariant oldValue;
-    QVariant newValue;
+    QPointer<QObject> m_object; ///< borrowed; null once the object is gone
+    QString m_propertyName;
+    QVariant m_oldValue;
+    QVariant m_newValue;
 };

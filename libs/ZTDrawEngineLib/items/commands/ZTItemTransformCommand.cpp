@@ -5,17 +5,17 @@
 ZTItemTransformCommand::ZTItemTransformCommand(ZTAbstractGraphicsItem *changedItem,
                                                const QTransform &before, QTransform after,
                                                QUndoCommand *parent)
-    : QUndoCommand(parent), item(changedItem), oldTransform(before), newTransform(after)
+    : QUndoCommand(parent), m_item(changedItem), m_oldTransform(before), m_newTransform(after)
 {
     setText(QObject::tr("Transform %1").arg(shapeIdOf(changedItem), 0, 10, QLatin1Char(' ')));
 }
 
-void ZTItemTransformCommand::undo() { giveTransform(oldTransform); }
+void ZTItemTransformCommand::undo() { giveTransform(m_oldTransform); }
 
-void ZTItemTransformCommand::redo() { giveTransform(newTransform); }
+void ZTItemTransformCommand::redo() { giveTransform(m_newTransform); }
 
 void ZTItemTransformCommand::giveTransform(const QTransform &transform)
 {
-    if (item && item->getTransformParam() != transform)
-        item->setTransformParam(transform);
+    if (m_item && m_item->getTransformParam() != transform)
+        m_item->setTransformParam(transform);
 }

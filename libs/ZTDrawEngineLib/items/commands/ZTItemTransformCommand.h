@@ -26,7 +26,7 @@ public:
 private:
     void giveTransform(const QTransform &transform);
 
-    QPointer<ZTAbstractGraphicsItem> item; ///< borrowed; null once the item is gone
-    QTransform oldTransform;
-    QTransform newTransform;
+    QPointer<ZTAbstractGraphicsItem> m_item; ///< borrowed; null once the item is gone
+    QTransform m_oldTransform;
+    QTransform m_newTransform;
 };

@@ -3,10 +3,10 @@
 ZTSetItemPosSizeCommand::ZTSetItemPosSizeCommand(ZTGraphicsResizeItem *frame,
                                                  ZTGraphicsScene *frameScene, QRect rectAfter,
                                                  QUndoCommand *parent)
-    : QUndoCommand(parent), item(frame), scene(frameScene), newRect(rectAfter)
+    : QUndoCommand(parent), m_item(frame), m_scene(frameScene), m_newRect(rectAfter)
 {
-    if (item)
-        oldRect = item->boundingRect().toRect();
+    if (m_item)
+        m_oldRect = m_item->boundingRect().toRect();
     setText(QObject::tr("ZTSetItemPosSizeCommand"));
 }
 

@@ -28,9 +28,9 @@ public:
     bool mergeWith(const QUndoCommand *other) override; ///< never merges
 
 private:
-    QPointer<ZTGraphicsResizeItem> item; ///< borrowed
-    QPointer<ZTGraphicsScene> scene;     ///< borrowed
-    QString unused;                      ///< stays empty
-    QRect oldRect;                       ///< the frame's bounding rectangle at construction
-    QRect newRect;
+    QPointer<ZTGraphicsResizeItem> m_item; ///< borrowed
+    QPointer<ZTGraphicsScene> m_scene;     ///< borrowed
+    QString m_unused;                      ///< stays empty
+    QRect m_oldRect;                       ///< the frame's bounding rectangle at construction
+    QRect m_newRect;
 };

@@ -15,16 +15,16 @@
 class ZTUndoStep
 {
 public:
-    ZTUndoStep(QUndoStack *undoStack, const QString &text) : stack(undoStack)
+    ZTUndoStep(QUndoStack *undoStack, const QString &text) : m_stack(undoStack)
     {
-        if (stack)
-            stack->beginMacro(text);
+        if (m_stack)
+            m_stack->beginMacro(text);
     }
 
     ~ZTUndoStep()
     {
-        if (stack)
-            stack->endMacro();
+        if (m_stack)
+            m_stack->endMacro();
     }
 
     ZTUndoStep(const ZTUndoStep &) = delete;
@@ -32,12 +32,12 @@ public:
 
     void push(std::unique_ptr<QUndoCommand> command)
     {
-        if (stack)
-            stack->push(command.release());
+        if (m_stack)
+            m_stack->push(command.release());
         else
             command->redo();
     }
 
 private:
-    QPointer<QUndoStack> stack; ///< borrowed from the host; may be null from the start
+    QPointer<QUndoStack> m_stack; ///< borrowed from the host; may be null from the start
 };

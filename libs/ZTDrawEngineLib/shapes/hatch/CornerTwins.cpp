@@ -29,8 +29,8 @@ void forEachCluster(std::vector<int>::iterator begin, std::vector<int>::iterator
 } // namespace
 
 CornerTwins::CornerTwins(const HatchOutline &outline_)
-    : outline(outline_), isPrepared(static_cast<std::size_t>(outline_.polygonCount())),
-      groups(static_cast<std::size_t>(outline_.edgeCount()))
+    : m_outline(outline_), m_isPrepared(static_cast<std::size_t>(outline_.polygonCount())),
+      m_groups(static_cast<std::size_t>(outline_.edgeCount()))
 {
 }
 
@@ -39,10 +39,10 @@ CornerTwins::CornerTwins(const HatchOutline &outline_)
 // one: being at the same point is not transitive.
 void CornerTwins::prepare(int polygon)
 {
-    isPrepared[static_cast<std::size_t>(polygon)] = 1;
-    const int firstEdge = outline.firstEdge(polygon);
+    m_isPrepared[static_cast<std::size_t>(polygon)] = 1;
+    const int firstEdge = m_outline.firstEdge(polygon);
     std::vector<int> corners;
-    for (int edge = firstEdge; edge < outline.firstEdge(polygon + 1); ++edge) {
+    for (int edge = firstEdge; edge < m_outline.firstEdge(polygon + 1); ++edge) {
         if (std::isfinite(pointOf(edge).x()) && std::isfinite(pointOf(edge).y()))
             corners.push_back(edge);
     }
@@ -53,11 +53,11 @@ void CornerTwins::prepare(int polygon)
         if (end - begin < 2)
             return;
         std::sort(begin, end);
-        const auto first = static_cast<int>(members.size());
+        const auto first = static_cast<int>(m_members.size());
         const Group group{first, first + static_cast<int>(end - begin)};
         for (Iterator edge = begin; edge != end; ++edge) {
-            members.push_back(*edge - firstEdge);
-            groups[static_cast<std::size_t>(*edge)] = group;
+            m_members.push_back(*edge - firstEdge);
+            m_groups[static_cast<std::size_t>(*edge)] = group;
         }
     };
     forEachCluster(corners.begin(), corners.end(), x, [&](Iterator begin, Iterator end) {
@@ -68,16 +68,16 @@ void CornerTwins::prepare(int polygon)
 
 int CornerTwins::firstFrom(int polygon, int corner, int start)
 {
-    if (!isPrepared[static_cast<std::size_t>(polygon)])
+    if (!m_isPrepared[static_cast<std::size_t>(polygon)])
         prepare(polygon);
-    const int firstEdge = outline.firstEdge(polygon);
+    const int firstEdge = m_outline.firstEdge(polygon);
     const QPointF point = pointOf(firstEdge + corner);
-    const Group &group = groups[static_cast<std::size_t>(firstEdge + corner)];
+    const Group &group = m_groups[static_cast<std::size_t>(firstEdge + corner)];
     if (group.begin == group.end)
         return samePoint(point, point) ? corner : -1;
 
-    const auto begin = members.begin() + group.begin;
-    const auto end = members.begin() + group.end;
+    const auto begin = m_members.begin() + group.begin;
+    const auto end = m_members.begin() + group.end;
     const auto from = std::lower_bound(begin, end, start);
     const auto matches = [&](int other) { return samePoint(pointOf(firstEdge + other), point); };
     const auto after = std::find_if(from, end, matches);

@@ -25,7 +25,7 @@ public:
 
 private:
     void prepare(int polygon);
-    QPointF pointOf(int edge) const { return outline.edge(edge).p1(); }
+    QPointF pointOf(int edge) const { return m_outline.edge(edge).p1(); }
 
     /** Corners that may be one point, as positions in `members`. Empty: only the corner itself. */
     struct Group
@@ -34,10 +34,10 @@ private:
         int end = 0;
     };
 
-    const HatchOutline &outline;
-    std::vector<char> isPrepared; ///< by polygon
-    std::vector<Group> groups;    ///< by edge, for the corner where it starts
-    std::vector<int> members;     ///< corners of all groups, growing within each
+    const HatchOutline &m_outline;
+    std::vector<char> m_isPrepared; ///< by polygon
+    std::vector<Group> m_groups;    ///< by edge, for the corner where it starts
+    std::vector<int> m_members;     ///< corners of all groups, growing within each
 };
 
 } // namespace zthatch

@@ -36,14 +36,14 @@ constexpr double kPi = 3.14159265358979323846;
 // 2^-32 |b| + 4u(|b| + |c|) < 2^-31 L away from the carrier of a: the two lie on one carrier, their
 // directions less than one step apart and their distances from the centre too.
 EdgeMeetings::EdgeMeetings(const HatchOutline &outline_, const std::vector<char> &hitEdges_)
-    : outline(outline_), hitEdges(hitEdges_),
-      indexes(static_cast<std::size_t>(outline_.polygonCount())), known(hitEdges_.size())
+    : m_outline(outline_), m_hitEdges(hitEdges_),
+      m_indexes(static_cast<std::size_t>(outline_.polygonCount())), m_known(hitEdges_.size())
 {
 }
 
 const EdgeMeetings::Meetings &EdgeMeetings::of(int edge)
 {
-    Meetings &meetings = known[static_cast<std::size_t>(edge)];
+    Meetings &meetings = m_known[static_cast<std::size_t>(edge)];
     if (meetings.isKnown)
         return meetings;
     meetings.isKnown = true;
@@ -51,7 +51,7 @@ const EdgeMeetings::Meetings &EdgeMeetings::of(int edge)
     forEachCandidate(edge, [&](int other) {
         QPointF point;
         if (edges.size() <= kCrowd && other != edge &&
-            outline.edge(edge).intersects(outline.edge(other), &point) ==
+            m_outline.edge(edge).intersects(m_outline.edge(other), &point) ==
                 QLineF::BoundedIntersection &&
             std::find(edges.begin(), edges.end(), other) == edges.end())
             edges.push_back(other);
@@ -64,8 +64,8 @@ const EdgeMeetings::Meetings &EdgeMeetings::of(int edge)
 
 void EdgeMeetings::forEachCandidate(int edge, const std::function<void(int)> &visit)
 {
-    const PolygonIndex &index = indexOf(outline.polygonOf(edge));
-    if (!index.isTame || isVanishing(outline.edge(edge))) {
+    const PolygonIndex &index = indexOf(m_outline.polygonOf(edge));
+    if (!index.isTame || isVanishing(m_outline.edge(edge))) {
         std::for_each(index.edges.begin(), index.edges.end(), visit);
         return;
     }
@@ -81,7 +81,7 @@ void EdgeMeetings::forEachCandidate(int edge, const std::function<void(int)> &vi
 
 EdgeMeetings::PolygonIndex &EdgeMeetings::indexOf(int polygon)
 {
-    PolygonIndex &index = indexes[static_cast<std::size_t>(polygon)];
+    PolygonIndex &index = m_indexes[static_cast<std::size_t>(polygon)];
     if (!index.isReady)
         prepare(polygon, &index);
     return index;
@@ -90,11 +90,11 @@ EdgeMeetings::PolygonIndex &EdgeMeetings::indexOf(int polygon)
 void EdgeMeetings::prepare(int polygon, PolygonIndex *index) const
 {
     index->isReady = true;
-    for (int edge = outline.firstEdge(polygon); edge < outline.firstEdge(polygon + 1); ++edge) {
-        if (!hitEdges[static_cast<std::size_t>(edge)])
+    for (int edge = m_outline.firstEdge(polygon); edge < m_outline.firstEdge(polygon + 1); ++edge) {
+        if (!m_hitEdges[static_cast<std::size_t>(edge)])
             continue;
         index->edges.push_back(edge);
-        if (isVanishing(outline.edge(edge)))
+        if (isVanishing(m_outline.edge(edge)))
             index->vanishing.push_back(edge);
     }
     buildTree(index);
@@ -138,7 +138,7 @@ void EdgeMeetings::buildCarriers(PolygonIndex *index) const
 
 EdgeMeetings::Box EdgeMeetings::boxOf(int edge) const
 {
-    const QLineF &line = outline.edge(edge);
+    const QLineF &line = m_outline.edge(edge);
     return {std::min(line.x1(), line.x2()), std::min(line.y1(), line.y2()),
             std::max(line.x1(), line.x2()), std::max(line.y1(), line.y2())};
 }
@@ -146,7 +146,7 @@ EdgeMeetings::Box EdgeMeetings::boxOf(int edge) const
 /** The direction counts without its sign; the distance is from the centre, along the normal. */
 EdgeMeetings::Carrier EdgeMeetings::carrierOf(int edge, const PolygonIndex &index) const
 {
-    const QLineF &line = outline.edge(edge);
+    const QLineF &line = m_outline.edge(edge);
     const double scale = std::max(std::fabs(line.dx()), std::fabs(line.dy()));
     double dx = line.dx() / scale;
     double dy = line.dy() / scale;

@@ -81,10 +81,10 @@ private:
     void visitInLine(const PolygonIndex &index, const Carrier &carrier,
                      const std::function<void(int)> &visit) const;
 
-    const HatchOutline &outline;
-    const std::vector<char> &hitEdges;
-    std::vector<PolygonIndex> indexes; ///< by polygon
-    std::vector<Meetings> known;       ///< by edge
+    const HatchOutline &m_outline;
+    const std::vector<char> &m_hitEdges;
+    std::vector<PolygonIndex> m_indexes; ///< by polygon
+    std::vector<Meetings> m_known;       ///< by edge
 };
 
 } // namespace zthatch

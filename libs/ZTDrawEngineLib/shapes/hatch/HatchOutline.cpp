@@ -8,11 +8,11 @@ HatchOutline::HatchOutline(const QList<QPolygonF> &polygons)
         const QPolygonF &polygon = polygons[p];
         const int last = polygon.size() - 2;
         for (int i = 0; i <= last; ++i) {
-            edges.emplace_back(polygon[i], i == last ? polygon[0] : polygon[i + 1]);
-            owners.push_back(p);
+            m_edges.emplace_back(polygon[i], i == last ? polygon[0] : polygon[i + 1]);
+            m_owners.push_back(p);
         }
-        firstEdges.push_back(edgeCount());
-        box = box.united(polygon.boundingRect());
+        m_firstEdges.push_back(edgeCount());
+        m_box = m_box.united(polygon.boundingRect());
     }
 }
 

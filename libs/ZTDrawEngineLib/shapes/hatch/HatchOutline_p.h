@@ -20,22 +20,22 @@ class HatchOutline
 public:
     explicit HatchOutline(const QList<QPolygonF> &polygons);
 
-    int edgeCount() const { return static_cast<int>(edges.size()); }
-    const QLineF &edge(int number) const { return edges[static_cast<std::size_t>(number)]; }
-    int polygonOf(int edgeNumber) const { return owners[static_cast<std::size_t>(edgeNumber)]; }
-    int polygonCount() const { return static_cast<int>(firstEdges.size()) - 1; }
+    int edgeCount() const { return static_cast<int>(m_edges.size()); }
+    const QLineF &edge(int number) const { return m_edges[static_cast<std::size_t>(number)]; }
+    int polygonOf(int edgeNumber) const { return m_owners[static_cast<std::size_t>(edgeNumber)]; }
+    int polygonCount() const { return static_cast<int>(m_firstEdges.size()) - 1; }
 
     /** Number of a polygon's first edge; of the polygon after the last one: `edgeCount`. */
-    int firstEdge(int polygon) const { return firstEdges[static_cast<std::size_t>(polygon)]; }
+    int firstEdge(int polygon) const { return m_firstEdges[static_cast<std::size_t>(polygon)]; }
 
     /** Rectangle around all polygons. */
-    const QRectF &bounds() const { return box; }
+    const QRectF &bounds() const { return m_box; }
 
 private:
-    std::vector<QLineF> edges;
-    std::vector<int> owners;
-    std::vector<int> firstEdges{0};
-    QRectF box;
+    std::vector<QLineF> m_edges;
+    std::vector<int> m_owners;
+    std::vector<int> m_firstEdges{0};
+    QRectF m_box;
 };
 
 } // namespace zthatch

@@ -30,52 +30,52 @@ bool HatchPairing::IsBefore::operator()(const Key &a, const Key &b) const
 }
 
 HatchPairing::HatchPairing(int edgeCount)
-    : keys(static_cast<std::size_t>(edgeCount) + 1),
-      numbersOfEdges(static_cast<std::size_t>(edgeCount))
+    : m_keys(static_cast<std::size_t>(edgeCount) + 1),
+      m_numbersOfEdges(static_cast<std::size_t>(edgeCount))
 {
 }
 
 const std::vector<HatchPairing::Pair> &HatchPairing::pair(const Crossing *crossings,
                                                           int crossingCount, bool ascending)
 {
-    count = static_cast<std::size_t>(crossingCount);
+    m_count = static_cast<std::size_t>(crossingCount);
     order(crossings, ascending);
-    pairs.clear();
+    m_pairs.clear();
     if (hasDoubt(crossings)) {
         pairWithDoubt(crossings);
-        return pairs;
+        return m_pairs;
     }
-    for (std::size_t i = 0; i + 1 < count; i += 2)
-        pairs.push_back({keys[i].number, keys[i + 1].number});
-    return pairs;
+    for (std::size_t i = 0; i + 1 < m_count; i += 2)
+        m_pairs.push_back({m_keys[i].number, m_keys[i + 1].number});
+    return m_pairs;
 }
 
 // From one scan line to the next the order of the edges hardly changes, so the last order is where
 // sorting starts. The result does not depend on it: no two keys are equal.
 void HatchPairing::order(const Crossing *crossings, bool ascending)
 {
-    if (count > kFewCrossings) {
+    if (m_count > kFewCrossings) {
         startFromLastOrder(crossings, ascending);
     } else {
-        for (std::size_t i = 0; i < count; ++i)
-            keys[i] = {crossings[i].point.x(), static_cast<int>(i)};
+        for (std::size_t i = 0; i < m_count; ++i)
+            m_keys[i] = {crossings[i].point.x(), static_cast<int>(i)};
     }
     if (!ascending) {
-        for (std::size_t i = 0; i < count; ++i)
-            keys[i].x = -keys[i].x;
+        for (std::size_t i = 0; i < m_count; ++i)
+            m_keys[i].x = -m_keys[i].x;
     }
     sortKeys();
-    lastOrder.resize(count);
-    for (std::size_t i = 0; i < count; ++i)
-        lastOrder[ascending ? i : count - 1 - i] = crossings[keys[i].number].edge;
+    m_lastOrder.resize(m_count);
+    for (std::size_t i = 0; i < m_count; ++i)
+        m_lastOrder[ascending ? i : m_count - 1 - i] = crossings[m_keys[i].number].edge;
 }
 
 void HatchPairing::startFromLastOrder(const Crossing *crossings, bool ascending)
 {
-    int *const numbers = numbersOfEdges.data();
-    for (std::size_t i = 0; i < count; ++i)
+    int *const numbers = m_numbersOfEdges.data();
+    for (std::size_t i = 0; i < m_count; ++i)
         numbers[crossings[i].edge] = static_cast<int>(i) + 1;
-    Key *end = keys.data();
+    Key *end = m_keys.data();
     // A key is written without asking and kept if the edge has a crossing: that cannot be foreseen.
     const auto takeUp = [&](int edge) {
         const int number = std::max(numbers[edge] - 1, 0);
@@ -84,10 +84,10 @@ void HatchPairing::startFromLastOrder(const Crossing *crossings, bool ascending)
         numbers[edge] = 0;
     };
     if (ascending)
-        std::for_each(lastOrder.begin(), lastOrder.end(), takeUp);
+        std::for_each(m_lastOrder.begin(), m_lastOrder.end(), takeUp);
     else
-        std::for_each(lastOrder.rbegin(), lastOrder.rend(), takeUp);
-    for (std::size_t i = 0; i < count && end < keys.data() + count; ++i)
+        std::for_each(m_lastOrder.rbegin(), m_lastOrder.rend(), takeUp);
+    for (std::size_t i = 0; i < m_count && end < m_keys.data() + m_count; ++i)
         takeUp(crossings[i].edge);
 }
 
@@ -95,15 +95,15 @@ void HatchPairing::sortKeys()
 {
     const IsBefore isBefore;
     std::size_t moves = 0;
-    for (std::size_t i = 1; i < count; ++i) {
-        const Key key = keys[i];
+    for (std::size_t i = 1; i < m_count; ++i) {
+        const Key key = m_keys[i];
         std::size_t j = i;
-        for (; j > 0 && isBefore(key, keys[j - 1]); --j)
-            keys[j] = keys[j - 1];
-        keys[j] = key;
+        for (; j > 0 && isBefore(key, m_keys[j - 1]); --j)
+            m_keys[j] = m_keys[j - 1];
+        m_keys[j] = key;
         moves += i - j;
-        if (moves > kCheapMoves * count) {
-            std::sort(keys.data(), keys.data() + count, isBefore);
+        if (moves > kCheapMoves * m_count) {
+            std::sort(m_keys.data(), m_keys.data() + m_count, isBefore);
             return;
         }
     }
@@ -111,14 +111,14 @@ void HatchPairing::sortKeys()
 
 bool HatchPairing::areSame(const Crossing *crossings, std::size_t i, std::size_t j) const
 {
-    return std::fabs(keys[i].x - keys[j].x) <= kSamePointTolerance &&
-           samePoint(crossings[keys[i].number].point, crossings[keys[j].number].point);
+    return std::fabs(m_keys[i].x - m_keys[j].x) <= kSamePointTolerance &&
+           samePoint(crossings[m_keys[i].number].point, crossings[m_keys[j].number].point);
 }
 
 /** Whether two neighbours lie at one point: the scan line passes through a corner. */
 bool HatchPairing::hasDoubt(const Crossing *crossings) const
 {
-    for (std::size_t i = 1; i < count; ++i) {
+    for (std::size_t i = 1; i < m_count; ++i) {
         if (areSame(crossings, i - 1, i))
             return true;
     }
@@ -127,14 +127,14 @@ bool HatchPairing::hasDoubt(const Crossing *crossings) const
 
 void HatchPairing::pairWithDoubt(const Crossing *crossings)
 {
-    isUsed.assign(count, 0);
-    placeOf.resize(count);
-    for (std::size_t i = 0; i < count; ++i)
-        placeOf[static_cast<std::size_t>(keys[i].number)] = i;
+    m_isUsed.assign(m_count, 0);
+    m_placeOf.resize(m_count);
+    for (std::size_t i = 0; i < m_count; ++i)
+        m_placeOf[static_cast<std::size_t>(m_keys[i].number)] = i;
 
-    for (std::size_t i = 0; i + 1 < count; i += 2) {
-        const std::size_t start = isUsed[i] ? i - 1 : i;
-        const bool isDoubtful = (i + 2 < count && areSame(crossings, i + 1, i + 2)) ||
+    for (std::size_t i = 0; i + 1 < m_count; i += 2) {
+        const std::size_t start = m_isUsed[i] ? i - 1 : i;
+        const bool isDoubtful = (i + 2 < m_count && areSame(crossings, i + 1, i + 2)) ||
                                 (i > 0 && areSame(crossings, i - 1, i));
         if (isDoubtful)
             repair(start);
@@ -153,12 +153,12 @@ void HatchPairing::pairWithDoubt(const Crossing *crossings)
  */
 void HatchPairing::repair(std::size_t at)
 {
-    const auto number = static_cast<std::size_t>(keys[at].number);
-    const std::size_t none = count;
+    const auto number = static_cast<std::size_t>(m_keys[at].number);
+    const std::size_t none = m_count;
     std::size_t found = none;
     const auto consider = [&](std::size_t neighbour) {
-        const std::size_t place = placeOf[neighbour];
-        if (!isUsed[place])
+        const std::size_t place = m_placeOf[neighbour];
+        if (!m_isUsed[place])
             found = std::min(found, place);
     };
     if (number > 0)
@@ -171,9 +171,9 @@ void HatchPairing::repair(std::size_t at)
 
 void HatchPairing::give(std::size_t first, std::size_t second)
 {
-    pairs.push_back({keys[first].number, keys[second].number});
-    isUsed[first] = 1;
-    isUsed[second] = 1;
+    m_pairs.push_back({m_keys[first].number, m_keys[second].number});
+    m_isUsed[first] = 1;
+    m_isUsed[second] = 1;
 }
 
 } // namespace zthatch

@@ -50,13 +50,13 @@ private:
     void repair(std::size_t at);
     void give(std::size_t first, std::size_t second);
 
-    std::vector<Key> keys; ///< the first `count`, and room for one of every edge
-    std::size_t count = 0; ///< of crossings at hand
-    std::vector<Pair> pairs;
-    std::vector<char> isUsed;         ///< by place in the order of x
-    std::vector<std::size_t> placeOf; ///< by number: its place in the order of x
-    std::vector<int> lastOrder;       ///< edges of the last scan line, by growing x
-    std::vector<int> numbersOfEdges;  ///< by edge: number of its crossing + 1 while ordering, or 0
+    std::vector<Key> m_keys; ///< the first `count`, and room for one of every edge
+    std::size_t m_count = 0; ///< of crossings at hand
+    std::vector<Pair> m_pairs;
+    std::vector<char> m_isUsed;         ///< by place in the order of x
+    std::vector<std::size_t> m_placeOf; ///< by number: its place in the order of x
+    std::vector<int> m_lastOrder;       ///< edges of the last scan line, by growing x
+    std::vector<int> m_numbersOfEdges; ///< by edge: number of its crossing + 1 while ordering, or 0
 };
 
 } // namespace zthatch

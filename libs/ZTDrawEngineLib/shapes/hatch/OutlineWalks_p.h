@@ -43,13 +43,13 @@ private:
     int nextStep(int edge, Direction direction);
     int stepFrom(int edge, int from, Direction direction);
     int endFrom(int edge, Direction direction);
-    bool hasHits(int edge) const { return hitEdges[static_cast<std::size_t>(edge)] != 0; }
+    bool hasHits(int edge) const { return m_hitEdges[static_cast<std::size_t>(edge)] != 0; }
 
-    const HatchOutline &outline;
-    const std::vector<char> &hitEdges;
-    CornerTwins twins;
-    std::vector<int> starts[2]; ///< by direction and edge: where the walk from it ends
-    std::vector<int> ends[2];   ///< by direction and edge: where a walk that comes upon it ends
+    const HatchOutline &m_outline;
+    const std::vector<char> &m_hitEdges;
+    CornerTwins m_twins;
+    std::vector<int> m_starts[2]; ///< by direction and edge: where the walk from it ends
+    std::vector<int> m_ends[2];   ///< by direction and edge: where a walk that comes upon it ends
 };
 
 } // namespace zthatch

@@ -18,18 +18,18 @@ constexpr int kNearPlaces = 4;
 /** From the number of rows of every key to the places of the lists. */
 void RowLists::startLists()
 {
-    for (std::size_t key = 1; key < starts.size(); ++key)
-        starts[key] += starts[key - 1] + 1;
-    rows.assign(static_cast<std::size_t>(starts.back()), kBeyondRows);
-    found.assign(starts.begin(), starts.end() - 1);
-    forwards.resize(rows.size());
-    std::iota(forwards.begin(), forwards.end(), 0);
+    for (std::size_t key = 1; key < m_starts.size(); ++key)
+        m_starts[key] += m_starts[key - 1] + 1;
+    m_rows.assign(static_cast<std::size_t>(m_starts.back()), kBeyondRows);
+    m_found.assign(m_starts.begin(), m_starts.end() - 1);
+    m_forwards.resize(m_rows.size());
+    std::iota(m_forwards.begin(), m_forwards.end(), 0);
 }
 
 int RowLists::nextAfter(int key, int row, int end)
 {
-    const int begin = starts[static_cast<std::size_t>(key)];
-    const int last = starts[static_cast<std::size_t>(key) + 1] - 1;
+    const int begin = m_starts[static_cast<std::size_t>(key)];
+    const int last = m_starts[static_cast<std::size_t>(key) + 1] - 1;
     if (begin == last || rowAt(begin) >= end || rowAt(last - 1) <= row)
         return -1;
     const int next = rowAt(firstLeft(placeAfter(key, row)));
@@ -43,9 +43,9 @@ int RowLists::nextAfter(int key, int row, int end)
  */
 int RowLists::placeAfter(int key, int row)
 {
-    int begin = starts[static_cast<std::size_t>(key)];
-    const int last = starts[static_cast<std::size_t>(key) + 1] - 1;
-    int &place = found[static_cast<std::size_t>(key)];
+    int begin = m_starts[static_cast<std::size_t>(key)];
+    const int last = m_starts[static_cast<std::size_t>(key) + 1] - 1;
+    int &place = m_found[static_cast<std::size_t>(key)];
     if (place == begin || rowAt(place - 1) <= row) {
         begin = place;
         for (int trial = 0; trial < kNearPlaces; ++trial, ++begin) {
@@ -53,20 +53,20 @@ int RowLists::placeAfter(int key, int row)
                 return place = begin;
         }
     }
-    const auto after = std::upper_bound(rows.begin() + begin, rows.begin() + last, row);
-    return place = static_cast<int>(after - rows.begin());
+    const auto after = std::upper_bound(m_rows.begin() + begin, m_rows.begin() + last, row);
+    return place = static_cast<int>(after - m_rows.begin());
 }
 
 bool RowLists::isPassedOver(int place) const
 {
     const int row = rowAt(place);
-    return row != kBeyondRows && isTaken[static_cast<std::size_t>(row)] != 0;
+    return row != kBeyondRows && m_isTaken[static_cast<std::size_t>(row)] != 0;
 }
 
 /** First place from this one on whose row is left, shortening the way for the next to ask. */
 int RowLists::firstLeft(int place)
 {
-    auto at = [this](int number) -> int & { return forwards[static_cast<std::size_t>(number)]; };
+    auto at = [this](int number) -> int & { return m_forwards[static_cast<std::size_t>(number)]; };
     for (;;) {
         while (at(place) != place) {
             at(place) = at(at(place));

@@ -22,32 +22,33 @@ public:
     int nextAfter(int key, int row, int end);
 
 private:
-    int rowAt(int place) const { return rows[static_cast<std::size_t>(place)]; }
+    int rowAt(int place) const { return m_rows[static_cast<std::size_t>(place)]; }
     int placeAfter(int key, int row);
     int firstLeft(int place);
     bool isPassedOver(int place) const;
     void startLists();
 
-    const std::vector<char> &isTaken;
-    std::vector<int> starts;   ///< by key: place of its first row; lists end with a place of none
-    std::vector<int> found;    ///< by key: where the last search ended
-    std::vector<int> rows;     ///< by place; beyond every row at the end of a list
-    std::vector<int> forwards; ///< by place: itself, or one further on once its row was passed over
+    const std::vector<char> &m_isTaken;
+    std::vector<int> m_starts; ///< by key: place of its first row; lists end with a place of none
+    std::vector<int> m_found;  ///< by key: where the last search ended
+    std::vector<int> m_rows;   ///< by place; beyond every row at the end of a list
+    std::vector<int>
+        m_forwards; ///< by place: itself, or one further on once its row was passed over
 };
 
 template <typename KeyOf>
 RowLists::RowLists(const std::vector<char> &isTaken_, int keyCount, const KeyOf &keyOf)
-    : isTaken(isTaken_), starts(static_cast<std::size_t>(keyCount) + 1)
+    : m_isTaken(isTaken_), m_starts(static_cast<std::size_t>(keyCount) + 1)
 {
-    const int rowCount = static_cast<int>(isTaken.size());
+    const int rowCount = static_cast<int>(m_isTaken.size());
     for (int row = 0; row < rowCount; ++row)
-        ++starts[static_cast<std::size_t>(keyOf(row)) + 1];
+        ++m_starts[static_cast<std::size_t>(keyOf(row)) + 1];
     startLists();
 
-    std::vector<int> ends(starts.begin(), starts.end() - 1);
+    std::vector<int> ends(m_starts.begin(), m_starts.end() - 1);
     for (int row = 0; row < rowCount; ++row) {
         int &end = ends[static_cast<std::size_t>(keyOf(row))];
-        rows[static_cast<std::size_t>(end++)] = row;
+        m_rows[static_cast<std::size_t>(end++)] = row;
     }
 }
 

@@ -37,42 +37,42 @@ bool isVanishing(const QLineF &edge)
 // The argument needs that no product overflows or vanishes, that the scan line is long against
 // 16uM and that the edge lies beside it: edges for which this is not sure meet all scan lines.
 ScanLineCrossings::ScanLineCrossings(const HatchOutline &outline_, const ScanLineLayout &layout_)
-    : outline(outline_), layout(layout_), margin(std::ldexp(layout_.magnitude(), -43))
+    : m_outline(outline_), m_layout(layout_), m_margin(std::ldexp(layout_.magnitude(), -43))
 {
-    const auto edgeCount = static_cast<std::size_t>(outline.edgeCount());
-    isHit.resize(edgeCount);
-    runs.reserve(edgeCount);
-    candidates.resize(static_cast<std::size_t>(layout.count()) + 1);
-    for (int e = 0; e < outline.edgeCount(); ++e) {
-        const Run run = runOf(outline.edge(e));
-        runs.push_back(run);
-        ++candidates[static_cast<std::size_t>(run.first)];
-        --candidates[static_cast<std::size_t>(run.end)];
+    const auto edgeCount = static_cast<std::size_t>(m_outline.edgeCount());
+    m_isHit.resize(edgeCount);
+    m_runs.reserve(edgeCount);
+    m_candidates.resize(static_cast<std::size_t>(m_layout.count()) + 1);
+    for (int e = 0; e < m_outline.edgeCount(); ++e) {
+        const Run run = runOf(m_outline.edge(e));
+        m_runs.push_back(run);
+        ++m_candidates[static_cast<std::size_t>(run.first)];
+        --m_candidates[static_cast<std::size_t>(run.end)];
     }
     int running = 0;
-    for (int &candidate : candidates)
-        candidateCount += candidate = running += candidate;
+    for (int &candidate : m_candidates)
+        m_candidateCount += candidate = running += candidate;
 }
 
 ScanLineCrossings::Run ScanLineCrossings::runOf(const QLineF &edge) const
 {
     if (edge.x1() == edge.x2() && edge.y1() == edge.y2())
         return {}; // no length, no direction: QLineF finds no crossing
-    if (!layout.isSteady() || !isFinite(edge) || isVanishing(edge) || !layout.covers(edge.p1()) ||
-        !layout.covers(edge.p2()))
-        return {0, layout.count()};
-    const double level1 = layout.levelOf(edge.p1());
-    const double level2 = layout.levelOf(edge.p2());
-    const int first = firstAtOrAbove(std::min(level1, level2) - margin);
-    const int end = firstAtOrAbove(std::max(level1, level2) + 2 * margin);
+    if (!m_layout.isSteady() || !isFinite(edge) || isVanishing(edge) ||
+        !m_layout.covers(edge.p1()) || !m_layout.covers(edge.p2()))
+        return {0, m_layout.count()};
+    const double level1 = m_layout.levelOf(edge.p1());
+    const double level2 = m_layout.levelOf(edge.p2());
+    const int first = firstAtOrAbove(std::min(level1, level2) - m_margin);
+    const int end = firstAtOrAbove(std::max(level1, level2) + 2 * m_margin);
     return {first, end};
 }
 
 /** Number of the first scan line at or above a level, searched from where it should be. */
 int ScanLineCrossings::firstAtOrAbove(double level) const
 {
-    const std::vector<double> &levels = layout.levels();
-    const int count = layout.count();
+    const std::vector<double> &levels = m_layout.levels();
+    const int count = m_layout.count();
     if (count == 0 || level <= levels.front())
         return 0;
     if (level > levels.back())
@@ -95,12 +95,12 @@ int ScanLineCrossings::firstAtOrAbove(double level) const
 
 void ScanLineCrossings::visit(const Visitor &visitor)
 {
-    for (int begin = 0; begin < layout.count();) {
+    for (int begin = 0; begin < m_layout.count();) {
         const int end = blockEnd(begin);
         fillBlock(begin, end);
         for (int line = 0; line < end - begin; ++line) {
             const auto at = static_cast<std::size_t>(line);
-            if (!visitor(crossings.data() + starts[at], counts[at]))
+            if (!visitor(m_crossings.data() + m_starts[at], m_counts[at]))
                 return;
         }
         begin = end;
@@ -110,41 +110,42 @@ void ScanLineCrossings::visit(const Visitor &visitor)
 /** Scan lines up to this one have candidates enough for the edges to be worth going through. */
 int ScanLineCrossings::blockEnd(int begin) const
 {
-    const std::size_t wanted = std::max(kBlockCandidates, 2 * runs.size());
+    const std::size_t wanted = std::max(kBlockCandidates, 2 * m_runs.size());
     std::size_t found = 0;
     int end = begin;
-    while (end < layout.count() && found < wanted)
-        found += static_cast<std::size_t>(candidates[static_cast<std::size_t>(end++)]) + 1;
+    while (end < m_layout.count() && found < wanted)
+        found += static_cast<std::size_t>(m_candidates[static_cast<std::size_t>(end++)]) + 1;
     return end;
 }
 
 void ScanLineCrossings::fillBlock(int begin, int end)
 {
     const auto lineCount = static_cast<std::size_t>(end - begin);
-    starts.resize(lineCount);
-    counts.assign(lineCount, 0);
-    scanLines.resize(lineCount);
+    m_starts.resize(lineCount);
+    m_counts.assign(lineCount, 0);
+    m_scanLines.resize(lineCount);
     std::size_t total = 0;
     for (std::size_t line = 0; line < lineCount; ++line) {
         const int number = begin + static_cast<int>(line);
-        starts[line] = total;
-        total += static_cast<std::size_t>(candidates[static_cast<std::size_t>(number)]);
-        scanLines[line] = layout.scanLine(number);
+        m_starts[line] = total;
+        total += static_cast<std::size_t>(m_candidates[static_cast<std::size_t>(number)]);
+        m_scanLines[line] = m_layout.scanLine(number);
     }
-    if (crossings.size() < total)
-        crossings.resize(total);
+    if (m_crossings.size() < total)
+        m_crossings.resize(total);
 
     // Edge by edge, so that each scan line gets its crossings in the order of the edges.
-    for (int e = 0; e < outline.edgeCount(); ++e) {
-        const Run &run = runs[static_cast<std::size_t>(e)];
+    for (int e = 0; e < m_outline.edgeCount(); ++e) {
+        const Run &run = m_runs[static_cast<std::size_t>(e)];
         const int last = std::min(run.end, end);
         for (int number = std::max(run.first, begin); number < last; ++number) {
             const auto line = static_cast<std::size_t>(number - begin);
             QPointF point;
-            if (scanLines[line].intersects(outline.edge(e), &point) != QLineF::BoundedIntersection)
+            if (m_scanLines[line].intersects(m_outline.edge(e), &point) !=
+                QLineF::BoundedIntersection)
                 continue;
-            crossings[starts[line] + static_cast<std::size_t>(counts[line]++)] = {point, e};
-            isHit[static_cast<std::size_t>(e)] = 1;
+            m_crossings[m_starts[line] + static_cast<std::size_t>(m_counts[line]++)] = {point, e};
+            m_isHit[static_cast<std::size_t>(e)] = 1;
         }
     }
 }

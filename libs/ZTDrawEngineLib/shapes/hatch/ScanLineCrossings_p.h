@@ -28,7 +28,7 @@ public:
     ScanLineCrossings(const HatchOutline &outline, const ScanLineLayout &layout);
 
     /** How many crossings there can be at most. */
-    std::int64_t mostCrossings() const { return candidateCount; }
+    std::int64_t mostCrossings() const { return m_candidateCount; }
 
     /** Called with the crossings of one scan line in the order of the edges. False: stop. */
     using Visitor = std::function<bool(const Crossing *crossings, int count)>;
@@ -37,7 +37,7 @@ public:
     void visit(const Visitor &visitor);
 
     /** Whether an edge has had a crossing on any scan line visited. */
-    const std::vector<char> &hitEdges() const { return isHit; }
+    const std::vector<char> &hitEdges() const { return m_isHit; }
 
 private:
     /** Scan lines that an edge may cross: from `first`, `end` not included. */
@@ -52,17 +52,17 @@ private:
     int blockEnd(int begin) const;
     void fillBlock(int begin, int end);
 
-    const HatchOutline &outline;
-    const ScanLineLayout &layout;
-    double margin = 0.0;
-    std::vector<Run> runs;       ///< by edge
-    std::vector<int> candidates; ///< by scan line: edges that may cross it
-    std::int64_t candidateCount = 0;
-    std::vector<Crossing> crossings; ///< of the block of scan lines at hand
-    std::vector<std::size_t> starts; ///< by scan line of the block: its first crossing
-    std::vector<int> counts;         ///< by scan line of the block: its crossings
-    std::vector<QLineF> scanLines;   ///< by scan line of the block
-    std::vector<char> isHit;
+    const HatchOutline &m_outline;
+    const ScanLineLayout &m_layout;
+    double m_margin = 0.0;
+    std::vector<Run> m_runs;       ///< by edge
+    std::vector<int> m_candidates; ///< by scan line: edges that may cross it
+    std::int64_t m_candidateCount = 0;
+    std::vector<Crossing> m_crossings; ///< of the block of scan lines at hand
+    std::vector<std::size_t> m_starts; ///< by scan line of the block: its first crossing
+    std::vector<int> m_counts;         ///< by scan line of the block: its crossings
+    std::vector<QLineF> m_scanLines;   ///< by scan line of the block
+    std::vector<char> m_isHit;
 };
 
 } // namespace zthatch

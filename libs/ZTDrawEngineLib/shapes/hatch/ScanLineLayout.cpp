@@ -27,89 +27,90 @@ double normalisedAngle(double angleDeg)
 }
 
 ScanLineLayout::ScanLineLayout(const QRectF &boundsPx, double spacPx, double angleDeg)
-    : centre(boundsPx.x() + boundsPx.width() / 2, boundsPx.y() + boundsPx.height() / 2)
+    : m_centre(boundsPx.x() + boundsPx.width() / 2, boundsPx.y() + boundsPx.height() / 2)
 {
     const double side = std::max(boundsPx.height(), boundsPx.width());
     const double diagonal = std::sqrt(side * side + side * side);
-    reach = side / 2;
-    left = (centre.x() - diagonal / 2) - kMarginPx;
-    right = ((centre.x() - diagonal / 2) + diagonal) + kMarginPx;
-    bottom = (centre.y() - diagonal / 2) - kMarginPx;
-    isTurned = angleDeg != 0.0 && angleDeg != 360.0;
-    if (isTurned) {
+    m_reach = side / 2;
+    m_left = (m_centre.x() - diagonal / 2) - kMarginPx;
+    m_right = ((m_centre.x() - diagonal / 2) + diagonal) + kMarginPx;
+    m_bottom = (m_centre.y() - diagonal / 2) - kMarginPx;
+    m_isTurned = angleDeg != 0.0 && angleDeg != 360.0;
+    if (m_isTurned) {
         const double radians = angleDeg * kPi / 180.0;
-        cosine = std::cos(radians);
-        sine = std::sin(radians);
+        m_cosine = std::cos(radians);
+        m_sine = std::sin(radians);
     }
-    layOut(spacPx, ((centre.y() - diagonal / 2) + diagonal) + kMarginPx);
+    layOut(spacPx, ((m_centre.y() - diagonal / 2) + diagonal) + kMarginPx);
 }
 
 void ScanLineLayout::layOut(double spac, double end)
 {
     if (!(spac > 0.0) || !std::isfinite(spac)) {
-        outcome = State::NoSpacing;
+        m_outcome = State::NoSpacing;
         return;
     }
-    const double expected = (end - bottom) / spac;
+    const double expected = (end - m_bottom) / spac;
     // An ordinate that grows at all grows by less than twice the spacing, so no need to count.
     if (expected > 3.0 * kMostScanLines) {
-        outcome = bottom + spac == bottom ? State::TooFine : State::TooMany;
+        m_outcome = m_bottom + spac == m_bottom ? State::TooFine : State::TooMany;
         return;
     }
     if (expected > 0.0)
-        ordinates.reserve(static_cast<std::size_t>(expected) + 2);
-    for (double y = bottom; y < end; y += spac) {
+        m_ordinates.reserve(static_cast<std::size_t>(expected) + 2);
+    for (double y = m_bottom; y < end; y += spac) {
         if (y + spac == y)
-            outcome = State::TooFine;
+            m_outcome = State::TooFine;
         else if (count() == kMostScanLines)
-            outcome = State::TooMany;
-        if (outcome != State::Complete) {
-            ordinates = {};
+            m_outcome = State::TooMany;
+        if (m_outcome != State::Complete) {
+            m_ordinates = {};
             return;
         }
-        ordinates.push_back(y);
+        m_ordinates.push_back(y);
     }
 }
 
 QPointF ScanLineLayout::turned(double x, double y) const
 {
-    if (!isTurned)
+    if (!m_isTurned)
         return {x, y};
-    const double dx = x - centre.x();
-    const double dy = y - centre.y();
-    return {dx * cosine - dy * sine + centre.x(), dx * sine + dy * cosine + centre.y()};
+    const double dx = x - m_centre.x();
+    const double dy = y - m_centre.y();
+    return {dx * m_cosine - dy * m_sine + m_centre.x(), dx * m_sine + dy * m_cosine + m_centre.y()};
 }
 
 QLineF ScanLineLayout::scanLine(int number) const
 {
-    const double y = ordinates[static_cast<std::size_t>(number)];
-    return {turned(left, y), turned(right, y)};
+    const double y = m_ordinates[static_cast<std::size_t>(number)];
+    return {turned(m_left, y), turned(m_right, y)};
 }
 
 double ScanLineLayout::levelOf(const QPointF &point) const
 {
-    if (!isTurned)
+    if (!m_isTurned)
         return point.y();
-    return (point.y() - centre.y()) * cosine - (point.x() - centre.x()) * sine + centre.y();
+    return (point.y() - m_centre.y()) * m_cosine - (point.x() - m_centre.x()) * m_sine +
+           m_centre.y();
 }
 
 double ScanLineLayout::magnitude() const
 {
-    return std::fabs(centre.x()) + std::fabs(centre.y()) + (right - left);
+    return std::fabs(m_centre.x()) + std::fabs(m_centre.y()) + (m_right - m_left);
 }
 
 bool ScanLineLayout::covers(const QPointF &point) const
 {
     // The ends lie 10 pixels beyond half the diagonal, so this much slack stays between them.
-    const double slack = 1.0 + std::ldexp(reach, -20);
-    return std::fabs(point.x() - centre.x()) <= reach + slack &&
-           std::fabs(point.y() - centre.y()) <= reach + slack;
+    const double slack = 1.0 + std::ldexp(m_reach, -20);
+    return std::fabs(point.x() - m_centre.x()) <= m_reach + slack &&
+           std::fabs(point.y() - m_centre.y()) <= m_reach + slack;
 }
 
 bool ScanLineLayout::isSteady() const
 {
-    return magnitude() < 1e100 && std::isfinite(cosine) &&
-           magnitude() <= std::ldexp(right - left, 37);
+    return magnitude() < 1e100 && std::isfinite(m_cosine) &&
+           magnitude() <= std::ldexp(m_right - m_left, 37);
 }
 
 } // namespace zthatch

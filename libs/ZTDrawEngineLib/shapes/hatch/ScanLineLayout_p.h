@@ -30,14 +30,14 @@ public:
     /** A layout that is not complete has no scan lines. `angleDeg` is normalised already. */
     ScanLineLayout(const QRectF &boundsPx, double spacPx, double angleDeg);
 
-    State state() const { return outcome; }
-    int count() const { return static_cast<int>(ordinates.size()); }
+    State state() const { return m_outcome; }
+    int count() const { return static_cast<int>(m_ordinates.size()); }
 
     /** Scan line from its left to its right end. */
     QLineF scanLine(int number) const;
 
     /** Ordinates of the scan lines before they are turned, growing. */
-    const std::vector<double> &levels() const { return ordinates; }
+    const std::vector<double> &levels() const { return m_ordinates; }
 
     /** Ordinate that a point has when the turn is undone, up to rounding. */
     double levelOf(const QPointF &point) const;
@@ -58,16 +58,16 @@ private:
     void layOut(double spac, double end);
     QPointF turned(double x, double y) const;
 
-    QPointF centre;
-    double reach = 0.0; ///< half of the longer side
-    double left = 0.0;
-    double right = 0.0;
-    double bottom = 0.0;
-    double cosine = 1.0;
-    double sine = 0.0;
-    bool isTurned = false;
-    std::vector<double> ordinates;
-    State outcome = State::Complete;
+    QPointF m_centre;
+    double m_reach = 0.0; ///< half of the longer side
+    double m_left = 0.0;
+    double m_right = 0.0;
+    double m_bottom = 0.0;
+    double m_cosine = 1.0;
+    double m_sine = 0.0;
+    bool m_isTurned = false;
+    std::vector<double> m_ordinates;
+    State m_outcome = State::Complete;
 };
 
 } // namespace zthatch

@@ -6,7 +6,7 @@
 
 void ZTShapeBase::fill()
 {
-    const ZTFillParam &param = d->fillParam;
+    const ZTFillParam &param = m_d->fillParam;
     if (param.fillType == FillType::None || qFuzzyCompare(param.spac, 0.0))
         return;
     // Kept: the spacing is converted as it stands, also one that the property grid has converted

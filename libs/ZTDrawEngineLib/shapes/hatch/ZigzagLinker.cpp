@@ -16,40 +16,39 @@ constexpr int kCrowdTrials = 64;
 
 ZigzagLinker::ZigzagLinker(const HatchOutline &outline_, const std::vector<char> &hitEdges,
                            const std::vector<HatchRow> &rows_)
-    : outline(outline_), rows(rows_), isUsed(rows_.size()), walks(outline_, hitEdges),
-      meetings(outline_, hitEdges), edgeLists{
-                                        RowLists(isUsed, outline_.edgeCount(),
-                                                 [this](int row) { return at(row).secondEdge; }),
-                                        RowLists(isUsed, outline_.edgeCount(),
-                                                 [this](int row) { return at(row).firstEdge; })}
+    : m_outline(outline_), m_rows(rows_), m_isUsed(rows_.size()), m_walks(outline_, hitEdges),
+      m_meetings(outline_, hitEdges),
+      m_edgeLists{
+          RowLists(m_isUsed, outline_.edgeCount(), [this](int row) { return at(row).secondEdge; }),
+          RowLists(m_isUsed, outline_.edgeCount(), [this](int row) { return at(row).firstEdge; })}
 {
 }
 
 void ZigzagLinker::link(int limit_, QVector<QLineF> *lines_)
 {
-    limit = limit_;
-    lines = lines_;
+    m_limit = limit_;
+    m_lines = lines_;
     // A joint for every row but the first of a zigzag, in most hatches one line each.
-    lines->reserve(
-        static_cast<int>(std::min<std::size_t>(2 * rows.size(), static_cast<std::size_t>(limit))));
-    for (int row = 0; row < static_cast<int>(rows.size()) && lines->size() <= limit; ++row) {
-        if (!isUsed[static_cast<std::size_t>(row)])
+    m_lines->reserve(static_cast<int>(
+        std::min<std::size_t>(2 * m_rows.size(), static_cast<std::size_t>(m_limit))));
+    for (int row = 0; row < static_cast<int>(m_rows.size()) && m_lines->size() <= m_limit; ++row) {
+        if (!m_isUsed[static_cast<std::size_t>(row)])
             appendZigzag(row);
     }
 }
 
 void ZigzagLinker::appendZigzag(int row)
 {
-    reached = AtSecond;
+    m_reached = AtSecond;
     appendRow(row, true);
-    while (lines->size() <= limit) {
+    while (m_lines->size() <= m_limit) {
         const int next = nextOf(row);
         if (next == kNoRow)
             return;
         appendJoint(row, next);
-        appendRow(next, reached == AtFirst);
-        isUsed[static_cast<std::size_t>(next)] = 1;
-        reached = reached == AtFirst ? AtSecond : AtFirst;
+        appendRow(next, m_reached == AtFirst);
+        m_isUsed[static_cast<std::size_t>(next)] = 1;
+        m_reached = m_reached == AtFirst ? AtSecond : AtFirst;
         row = next;
     }
 }
@@ -57,13 +56,13 @@ void ZigzagLinker::appendZigzag(int row)
 const QPointF &ZigzagLinker::reachedPoint(int row) const
 {
     const HatchRow &line = at(row);
-    return reached == AtFirst ? line.first : line.second;
+    return m_reached == AtFirst ? line.first : line.second;
 }
 
 int ZigzagLinker::reachedEdge(int row) const
 {
     const HatchRow &line = at(row);
-    return reached == AtFirst ? line.firstEdge : line.secondEdge;
+    return m_reached == AtFirst ? line.firstEdge : line.secondEdge;
 }
 
 /** Whether and how the zigzag that has reached `row` goes on to `next`. */
@@ -75,14 +74,14 @@ ZigzagLinker::Joint ZigzagLinker::jointOf(int row, int next, QPointF *corner)
         return Joint::None;
     const int fromEdge = reachedEdge(row);
     const int toEdge = reachedEdge(next);
-    if (outline.polygonOf(fromEdge) != outline.polygonOf(toEdge) ||
-        isUsed[static_cast<std::size_t>(next)])
+    if (m_outline.polygonOf(fromEdge) != m_outline.polygonOf(toEdge) ||
+        m_isUsed[static_cast<std::size_t>(next)])
         return Joint::None;
     if (fromEdge == toEdge)
         return Joint::SameEdge;
     if (sideOf(a.first, a.second, b.second) == Side::OnLine)
         return Joint::None;
-    if (outline.edge(fromEdge).intersects(outline.edge(toEdge), corner) ==
+    if (m_outline.edge(fromEdge).intersects(m_outline.edge(toEdge), corner) ==
         QLineF::BoundedIntersection)
         return Joint::Corner;
     return walkJoint(row, next);
@@ -93,7 +92,7 @@ ZigzagLinker::Joint ZigzagLinker::walkJoint(int row, int next)
     const Side side = walkSide(row);
     if (side == Side::OnLine)
         return Joint::Stop;
-    const int end = walks.end(reachedEdge(row), walkDirection(side));
+    const int end = m_walks.end(reachedEdge(row), walkDirection(side));
     return end == reachedEdge(next) ? Joint::Walk : Joint::Blocked;
 }
 
@@ -101,13 +100,13 @@ ZigzagLinker::Joint ZigzagLinker::walkJoint(int row, int next)
 Side ZigzagLinker::walkSide(int row) const
 {
     const HatchRow &line = at(row);
-    return sideOf(line.first, line.second, outline.edge(line.secondEdge).p1());
+    return sideOf(line.first, line.second, m_outline.edge(line.secondEdge).p1());
 }
 
 OutlineWalks::Direction ZigzagLinker::walkDirection(Side side) const
 {
-    return (side == Side::Positive) == (reached == AtSecond) ? OutlineWalks::Direction::Against
-                                                             : OutlineWalks::Direction::Along;
+    return (side == Side::Positive) == (m_reached == AtSecond) ? OutlineWalks::Direction::Against
+                                                               : OutlineWalks::Direction::Along;
 }
 
 bool ZigzagLinker::canJoin(int row, int next)
@@ -116,7 +115,7 @@ bool ZigzagLinker::canJoin(int row, int next)
     const Joint joint = jointOf(row, next, &corner);
     if (joint != Joint::SameEdge && joint != Joint::Corner && joint != Joint::Walk)
         return false;
-    found = {joint, corner};
+    m_found = {joint, corner};
     return true;
 }
 
@@ -133,10 +132,10 @@ int ZigzagLinker::nextOf(int row)
         return nextBeforeStop(row);
     const int edge = reachedEdge(row);
     int best = bestOn(edge, row, kNoRow);
-    const int walkEnd = walks.end(edge, walkDirection(side));
+    const int walkEnd = m_walks.end(edge, walkDirection(side));
     if (walkEnd >= 0 && walkEnd != edge)
         best = bestOn(walkEnd, row, best);
-    const EdgeMeetings::Meetings &met = meetings.of(edge);
+    const EdgeMeetings::Meetings &met = m_meetings.of(edge);
     if (met.isCrowded)
         return nextInCrowd(row, best);
     for (const int other : met.edges)
@@ -147,14 +146,14 @@ int ZigzagLinker::nextOf(int row)
 /** The same for a row that allows no walk: the first row that would need one ends the zigzag. */
 int ZigzagLinker::nextBeforeStop(int row)
 {
-    const int polygon = outline.polygonOf(reachedEdge(row));
+    const int polygon = m_outline.polygonOf(reachedEdge(row));
     for (int next = row;;) {
         next = polygonLists().nextAfter(polygon, next, kNoRow);
         if (next < 0)
             return kNoRow;
-        found.joint = jointOf(row, next, &found.corner);
-        if (found.joint != Joint::None)
-            return found.joint == Joint::Stop ? kNoRow : next;
+        m_found.joint = jointOf(row, next, &m_found.corner);
+        if (m_found.joint != Joint::None)
+            return m_found.joint == Joint::Stop ? kNoRow : next;
     }
 }
 
@@ -164,20 +163,20 @@ int ZigzagLinker::nextInCrowd(int row, int best)
     const int edge = reachedEdge(row);
     int next = row;
     for (int trial = 0; trial < kCrowdTrials; ++trial) {
-        next = polygonLists().nextAfter(outline.polygonOf(edge), next, best);
+        next = polygonLists().nextAfter(m_outline.polygonOf(edge), next, best);
         if (next < 0)
             return best;
         if (canJoin(row, next))
             return next;
     }
-    meetings.forEachCandidate(edge, [&](int other) { best = bestOn(other, row, best); });
+    m_meetings.forEachCandidate(edge, [&](int other) { best = bestOn(other, row, best); });
     return best;
 }
 
 /** First row after `row`, if one before `best`, that can be joined and ends on an edge. */
 int ZigzagLinker::bestOn(int edge, int row, int best)
 {
-    RowLists &lists = edgeLists[reached];
+    RowLists &lists = m_edgeLists[m_reached];
     for (int next = lists.nextAfter(edge, row, best); next >= 0;
          next = lists.nextAfter(edge, next, best)) {
         if (canJoin(row, next))
@@ -188,10 +187,10 @@ int ZigzagLinker::bestOn(int edge, int row, int best)
 
 RowLists &ZigzagLinker::polygonLists()
 {
-    std::unique_ptr<RowLists> &lists = lazyPolygonLists[reached];
+    std::unique_ptr<RowLists> &lists = m_lazyPolygonLists[m_reached];
     if (!lists) {
-        const auto polygonOf = [this](int row) { return outline.polygonOf(reachedEdge(row)); };
-        lists = std::make_unique<RowLists>(isUsed, outline.polygonCount(), polygonOf);
+        const auto polygonOf = [this](int row) { return m_outline.polygonOf(reachedEdge(row)); };
+        lists = std::make_unique<RowLists>(m_isUsed, m_outline.polygonCount(), polygonOf);
     }
     return *lists;
 }
@@ -200,26 +199,26 @@ void ZigzagLinker::appendRow(int row, bool asItStands)
 {
     const HatchRow &line = at(row);
     if (asItStands)
-        lines->append(QLineF(line.first, line.second));
+        m_lines->append(QLineF(line.first, line.second));
     else
-        lines->append(QLineF(line.second, line.first));
+        m_lines->append(QLineF(line.second, line.first));
 }
 
 void ZigzagLinker::appendJoint(int row, int next)
 {
     const QPointF &from = reachedPoint(row);
     const QPointF &to = reachedPoint(next);
-    if (found.joint == Joint::SameEdge) {
-        lines->append(QLineF(from, to));
-    } else if (found.joint == Joint::Corner) {
-        lines->append(QLineF(from, found.corner));
-        lines->append(QLineF(found.corner, to));
+    if (m_found.joint == Joint::SameEdge) {
+        m_lines->append(QLineF(from, to));
+    } else if (m_found.joint == Joint::Corner) {
+        m_lines->append(QLineF(from, m_found.corner));
+        m_lines->append(QLineF(m_found.corner, to));
     } else {
         const int edge = reachedEdge(row);
         const OutlineWalks::Direction direction = walkDirection(walkSide(row));
-        lines->append(QLineF(from, walks.start(edge, direction)));
-        const QPointF end = walks.append(edge, direction, limit - lines->size(), lines);
-        lines->append(QLineF(end, to));
+        m_lines->append(QLineF(from, m_walks.start(edge, direction)));
+        const QPointF end = m_walks.append(edge, direction, m_limit - m_lines->size(), m_lines);
+        m_lines->append(QLineF(end, to));
     }
 }
 

@@ -59,7 +59,7 @@ private:
         QPointF corner; ///< of a joint through one
     };
 
-    const HatchRow &at(int row) const { return rows[static_cast<std::size_t>(row)]; }
+    const HatchRow &at(int row) const { return m_rows[static_cast<std::size_t>(row)]; }
     const QPointF &reachedPoint(int row) const;
     int reachedEdge(int row) const;
     Joint jointOf(int row, int next, QPointF *corner);
@@ -78,17 +78,17 @@ private:
     void appendJoint(int row, int next);
     void appendRow(int row, bool asItStands);
 
-    const HatchOutline &outline;
-    const std::vector<HatchRow> &rows;
-    std::vector<char> isUsed; ///< by row: linked already
-    OutlineWalks walks;
-    EdgeMeetings meetings;
-    RowLists edgeLists[2];                         ///< by reached end: rows by the edge it lies on
-    std::unique_ptr<RowLists> lazyPolygonLists[2]; ///< the same by polygon
-    Reached reached = AtSecond;
-    Found found;
-    int limit = 0;
-    QVector<QLineF> *lines = nullptr;
+    const HatchOutline &m_outline;
+    const std::vector<HatchRow> &m_rows;
+    std::vector<char> m_isUsed; ///< by row: linked already
+    OutlineWalks m_walks;
+    EdgeMeetings m_meetings;
+    RowLists m_edgeLists[2]; ///< by reached end: rows by the edge it lies on
+    std::unique_ptr<RowLists> m_lazyPolygonLists[2]; ///< the same by polygon
+    Reached m_reached = AtSecond;
+    Found m_found;
+    int m_limit = 0;
+    QVector<QLineF> *m_lines = nullptr;
 };
 
 } // namespace zthatch
