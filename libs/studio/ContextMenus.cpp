@@ -3,6 +3,7 @@
 #include <studio/CommandTable.h>
 #include <studio/DocumentActions.h>
 #include <studio/WindowLayout.h>
+#include <studio/groups/Groups.h>
 
 #include <QtGui/QContextMenuEvent>
 #include <QtWidgets/QMenu>
@@ -63,11 +64,12 @@ void ContextMenus::openOnDrawing(const QContextMenuEvent &event)
     if (isByMouse) {
         ShapeItem *item = shapeAt(*m_document.view(), event.pos());
         if (item != nullptr && !item->isSelected())
-            selectOnly(*m_document.scene(), {item});
+            selectOnly(*m_document.scene(), wholeGroups(*m_document.scene(), {item}, {}));
         else if (item == nullptr && !isWithinFrame(m_document, event.pos()))
             m_actions.clearSelection();
     }
     const QWidget *viewport = m_document.view()->viewport();
+    m_placePx = m_document.view()->mapToScene(isByMouse ? event.pos() : viewport->rect().center());
     show(isByMouse ? event.globalPos() : viewport->mapToGlobal(viewport->rect().center()));
 }
 

@@ -32,6 +32,9 @@ public:
     ContextMenus(ZTGraphicsDocument &document, QTreeView &list, DocumentActions &actions,
                  const Commands &commands, QObject *parent);
 
+    /** Where the menu of the drawing was opened last. Frame: scene pixels. */
+    const QPointF &placePx() const { return m_placePx; }
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -44,6 +47,7 @@ private:
     QTreeView &m_list;
     DocumentActions &m_actions;
     const Commands &m_commands;
+    QPointF m_placePx;
     QPointer<QMenu> m_menu; ///< the one that is open
 };
 
