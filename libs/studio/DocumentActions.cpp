@@ -8,8 +8,8 @@
 #include <studio/commands/ItemValueCommand.h>
 #include <studio/text/StrokeFonts.h>
 
-#include <hostkit/drawing/ItemExtras.h>
-#include <hostkit/items/ItemGroups.h>
+#include <hostkit/drawing/ItemGroups.h>
+#include <hostkit/items/ItemExtras.h>
 
 #include <QtCore/QScopedValueRollback>
 #include <QtWidgets/QUndoStack>

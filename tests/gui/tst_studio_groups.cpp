@@ -3,7 +3,7 @@
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/groups/GroupTools.h>
 
-#include <hostkit/drawing/ItemExtras.h>
+#include <hostkit/items/ItemExtras.h>
 
 #include <QtWidgets/QStatusBar>
 

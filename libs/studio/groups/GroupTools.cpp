@@ -3,7 +3,7 @@
 #include <studio/UndoTexts.h>
 #include <studio/commands/ExtrasCommand.h>
 
-#include <hostkit/items/ItemGroups.h>
+#include <hostkit/drawing/ItemGroups.h>
 
 #include <QtCore/QScopedValueRollback>
 #include <QtCore/QTimer>

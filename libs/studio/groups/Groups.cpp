@@ -1,6 +1,6 @@
 #include <studio/groups/Groups.h>
 
-#include <hostkit/drawing/ItemExtras.h>
+#include <hostkit/items/ItemExtras.h>
 
 #include <QtCore/QHash>
 #include <QtCore/QSet>

@@ -76,8 +76,7 @@ private Q_SLOTS:
         QCOMPARE(inserted.items[0]->pos(), QPointF(1, 2));
         QCOMPARE(inserted.items[0]->getPenId(), 5);
         QCOMPARE(inserted.items[1]->getTransformParam(), second->getTransformParam());
-        QCOMPARE(inserted.items[1]->getShapeBase()->getLines(),
-                 second->getShapeBase()->getLines());
+        QCOMPARE(inserted.items[1]->getShapeBase()->getLines(), second->getShapeBase()->getLines());
         QCOMPARE(hostkit::drawingExtras(*target).fields.value("guides"), QByteArray("stay"));
         QCOMPARE(target->undoStack()->count(), 0);
         QVERIFY(target->scene()->selectedItems().isEmpty());

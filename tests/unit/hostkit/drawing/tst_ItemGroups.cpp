@@ -1,7 +1,7 @@
 #include <support/SingletonGuard.h>
 
 #include <hostkit/drawing/DrawingExtras.h>
-#include <hostkit/items/ItemGroups.h>
+#include <hostkit/drawing/ItemGroups.h>
 #include <hostkit/setup/Factories.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>

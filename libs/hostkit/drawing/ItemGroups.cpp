@@ -1,6 +1,7 @@
-#include <hostkit/items/ItemGroups.h>
+#include <hostkit/drawing/ItemGroups.h>
 
 #include <hostkit/drawing/DrawingExtras.h>
+#include <hostkit/items/ItemExtras.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
