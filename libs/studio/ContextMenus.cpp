@@ -5,7 +5,9 @@
 #include <studio/WindowLayout.h>
 #include <studio/groups/Groups.h>
 
+#include <QtCore/QTimer>
 #include <QtGui/QContextMenuEvent>
+#include <QtGui/QCursor>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QTreeView>
 
@@ -69,12 +71,26 @@ void ContextMenus::openOnDrawing(const QContextMenuEvent &event)
             m_actions.clearSelection();
     }
     const QWidget *viewport = m_document.view()->viewport();
-    m_placePx = m_document.view()->mapToScene(isByMouse ? event.pos() : viewport->rect().center());
-    show(isByMouse ? event.globalPos() : viewport->mapToGlobal(viewport->rect().center()));
+    const QPoint pos = isByMouse ? event.pos() : viewport->rect().center();
+    show(isByMouse ? event.globalPos() : viewport->mapToGlobal(pos));
+    m_placePx = m_document.view()->mapToScene(pos);
+    // A menu closes before it runs what was chosen.
+    connect(m_menu, &QMenu::aboutToHide, this,
+            [this] { QTimer::singleShot(0, this, [this] { m_placePx.reset(); }); });
 }
 
 // The press has selected the row already.
 void ContextMenus::openOnList(const QContextMenuEvent &event) { show(event.globalPos()); }
+
+QPointF ContextMenus::placePx() const
+{
+    if (m_placePx)
+        return *m_placePx;
+    const ZTGraphicsView &view = *m_document.view();
+    const QPoint mouse = view.viewport()->mapFromGlobal(QCursor::pos());
+    const QRect shown = view.viewport()->rect();
+    return view.mapToScene(shown.contains(mouse) ? mouse : shown.center());
+}
 
 void ContextMenus::show(const QPoint &screenPos)
 {

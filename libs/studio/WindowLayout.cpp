@@ -28,6 +28,7 @@ constexpr Title kMenuTitles[] = {
     {"fileMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&File")},
     {"editMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Edit")},
     {"createMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Create")},
+    {"drawMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&With the mouse")},
     {"textMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Text")},
     {"arrangeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Arrange")},
     {"nudgeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Nudge")},
@@ -48,6 +49,10 @@ constexpr Title kToolBarTitles[] = {
 constexpr const char *kAlignTitle = QT_TRANSLATE_NOOP("studio::WindowLayout", "&Align");
 
 using Ids = std::initializer_list<const char *>;
+
+/** What draws on the canvas with the mouse, and what does not. */
+constexpr Ids kTools = {"tool.select", "tool.rectangle", "tool.ellipse", "tool.polygon",
+                        "tool.line",   "tool.tdot",      "tool.text"};
 
 template <class Target>
 void fill(Target &target, const Commands &commands, Ids ids)
@@ -97,11 +102,14 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
     file.insertMenu(commands.action("file.exportAll"), fileMenus.order);
     addMenu(window, "editMenu", commands,
             {"edit.undo", "edit.redo", "-", "edit.cut", "edit.copy", "edit.paste",
-             "edit.pasteInPlace", "-", "edit.duplicate", "edit.delete", "-", "edit.group",
-             "edit.ungroup", "-", "edit.selectAll", "edit.invert", "edit.deselect"});
-    addMenu(window, "createMenu", commands,
-            {"create.rectangle", "create.ellipse", "create.polygon", "create.line", "create.tdot",
-             "create.text"});
+             "edit.pasteInPlace", "edit.pasteHere", "-", "edit.duplicate", "edit.delete", "-",
+             "edit.group", "edit.ungroup", "-", "edit.selectAll", "edit.invert", "edit.deselect"});
+    QMenu &create = addMenu(window, "createMenu", commands,
+                            {"create.rectangle", "create.ellipse", "create.polygon", "create.line",
+                             "create.tdot", "create.text", "-"});
+    QMenu *draw = create.addMenu(QString());
+    draw->setObjectName(QStringLiteral("drawMenu"));
+    fill(*draw, commands, kTools);
     addMenu(window, "textMenu", commands,
             {"create.text", "-", "text.type", "text.settings", "-", "text.nextPart"});
     QMenu &arrange =
@@ -140,9 +148,7 @@ void addToolBars(QMainWindow &window, const Commands &commands)
                {"view.zoomOut", "view.zoomIn", "view.home", "view.fitSelection"});
     addToolBar(window, "textToolBar", Qt::TopToolBarArea, commands,
                {"text.settings", "text.nextPart"});
-    addToolBar(window, "toolColumn", Qt::LeftToolBarArea, commands,
-               {"tool.select", "tool.rectangle", "tool.ellipse", "tool.polygon", "tool.line",
-                "tool.tdot", "tool.text"});
+    addToolBar(window, "toolColumn", Qt::LeftToolBarArea, commands, kTools);
 }
 
 QMenu *newContextMenu(const Commands &commands, bool isForShapes, QWidget *parent)

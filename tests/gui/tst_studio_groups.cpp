@@ -124,6 +124,7 @@ private Q_SLOTS:
     void duplicate_makesAGroupOfItsOwn()
     {
         group({0, 1});
+        click(0);
         studio->key(Qt::Key_D, Qt::ControlModifier);
         QCOMPARE(pathOf(0), QVector<qint32>{1});
         QCOMPARE(studio::groupPathOf(*item(4)), QVector<qint32>{2});
@@ -163,6 +164,7 @@ private Q_SLOTS:
     void oneGroup_isNotGroupedOnceMore()
     {
         group({0, 1});
+        click(0);
         const int steps = studio->stack().count();
         studio->key(Qt::Key_G, Qt::ControlModifier);
         QCOMPARE(studio->stack().count(), steps);

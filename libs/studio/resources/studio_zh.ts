@@ -1749,6 +1749,10 @@
         <translation>视图(&amp;V)</translation>
     </message>
     <message>
+        <source>&amp;With the mouse</source>
+        <translation>用鼠标绘制(&amp;W)</translation>
+    </message>
+    <message>
         <source>Align</source>
         <translation>对齐</translation>
     </message>
