@@ -5,6 +5,7 @@
 #include <studio/MainWindow.h>
 #include <studio/ShapeKinds.h>
 #include <studio/ViewNavigation.h>
+#include <studio/arrange/ArrangeActions.h>
 #include <studio/canvas/DrawingTools.h>
 #include <studio/clipboard/ClipboardActions.h>
 #include <studio/drawing/DrawingFiles.h>
@@ -23,13 +24,33 @@ constexpr double kNudgeMm = 1.0;
 constexpr double kLargeNudgeMm = 10.0;
 constexpr double kSmallNudgeMm = 0.1;
 
+constexpr const char *kToolChoice = "tools";
+
 constexpr auto kWindow = ShortcutScope::Window;
 constexpr auto kView = ShortcutScope::View;
 
 template <int alignment>
 void align(MainWindow &window)
 {
-    window.edit().align(Qt::Alignment(alignment));
+    window.arrange().align(Qt::Alignment(alignment));
+}
+
+template <Qt::Orientation direction, Spread spread>
+void distribute(MainWindow &window)
+{
+    window.arrange().spread(direction, spread);
+}
+
+template <AlignTo reference>
+void alignTo(MainWindow &window)
+{
+    window.arrange().setAlignTo(reference);
+}
+
+template <MirrorCommand::Kind kind>
+void mirrorAboutField(MainWindow &window)
+{
+    window.arrange().mirrorAboutField(kind);
 }
 
 template <int degrees>
@@ -141,20 +162,49 @@ const QVector<Command> kFixedCommands = {
      TEXT("Move all variant texts on to the next part"), Needs::Shapes, kWindow,
      [](MainWindow &w) { w.text().nextPart(); }},
 
-    {"arrange.left", TEXT("Align &left"), "align-left", "", "", Needs::TwoSelected, kWindow,
+    {"arrange.left", TEXT("Align &left"), "align-left", "", "", Needs::Alignable, kWindow,
      &align<Qt::AlignLeft>},
     {"arrange.hcenter", TEXT("Align &centres across"), "align-hcenter", "", "",
-     Needs::TwoSelected, kWindow, &align<Qt::AlignHCenter>},
-    {"arrange.right", TEXT("Align &right"), "align-right", "", "", Needs::TwoSelected, kWindow,
+     Needs::Alignable, kWindow, &align<Qt::AlignHCenter>},
+    {"arrange.right", TEXT("Align &right"), "align-right", "", "", Needs::Alignable, kWindow,
      &align<Qt::AlignRight>},
-    {"arrange.top", TEXT("Align &top"), "align-top", "", "", Needs::TwoSelected, kWindow,
+    {"arrange.top", TEXT("Align &top"), "align-top", "", "", Needs::Alignable, kWindow,
      &align<Qt::AlignTop>},
     {"arrange.vcenter", TEXT("Align centres &down"), "align-vcenter", "", "",
-     Needs::TwoSelected, kWindow, &align<Qt::AlignVCenter>},
-    {"arrange.bottom", TEXT("Align &bottom"), "align-bottom", "", "", Needs::TwoSelected, kWindow,
+     Needs::Alignable, kWindow, &align<Qt::AlignVCenter>},
+    {"arrange.bottom", TEXT("Align &bottom"), "align-bottom", "", "", Needs::Alignable, kWindow,
      &align<Qt::AlignBottom>},
     {"arrange.center", TEXT("C&entre on each other"), "align-center", "", "",
-     Needs::TwoSelected, kWindow, &align<Qt::AlignCenter>},
+     Needs::Alignable, kWindow, &align<Qt::AlignCenter>},
+    {"arrange.toEachOther", TEXT("To &each other"), "", "",
+     TEXT("Align shapes within the box around them"), Needs::Nothing, kWindow,
+     &alignTo<AlignTo::EachOther>, "alignTo"},
+    {"arrange.toFirst", TEXT("To the &first selected"), "", "",
+     TEXT("Align shapes to the one that was selected first"), Needs::Nothing, kWindow,
+     &alignTo<AlignTo::First>, "alignTo"},
+    {"arrange.toField", TEXT("To the f&ield"), "", "", TEXT("Align shapes to the field"),
+     Needs::Nothing, kWindow, &alignTo<AlignTo::Field>, "alignTo"},
+    {"arrange.spreadAcross", TEXT("Equal distances a&cross"), "spread-across", "",
+     TEXT("Equal distances from middle to middle"), Needs::ThreeSelected, kWindow,
+     &distribute<Qt::Horizontal, Spread::Centres>},
+    {"arrange.spreadDown", TEXT("Equal distances d&own"), "spread-down", "",
+     TEXT("Equal distances from middle to middle"), Needs::ThreeSelected, kWindow,
+     &distribute<Qt::Vertical, Spread::Centres>},
+    {"arrange.gapsAcross", TEXT("Equal gaps &across"), "gaps-across", "",
+     TEXT("Equal space between edges"), Needs::ThreeSelected, kWindow,
+     &distribute<Qt::Horizontal, Spread::Gaps>},
+    {"arrange.gapsDown", TEXT("Equal gaps &down"), "gaps-down", "",
+     TEXT("Equal space between edges"), Needs::ThreeSelected, kWindow,
+     &distribute<Qt::Vertical, Spread::Gaps>},
+    {"arrange.centreOnField", TEXT("Centre o&n the field"), "centre-field", "Ctrl+Shift+M",
+     TEXT("Bring the middle of the selection to the middle of the field"), Needs::Selection,
+     kWindow, [](MainWindow &w) { w.arrange().centreOnField(); }},
+    {"arrange.mirrorFieldAcross", TEXT("Mirror about the field's &upright axis"), "", "",
+     TEXT("The selection changes to the other side of the field"), Needs::Selection, kWindow,
+     &mirrorAboutField<MirrorCommand::LeftToRight>},
+    {"arrange.mirrorFieldDown", TEXT("Mirror about the field's le&vel axis"), "", "",
+     TEXT("The selection changes to the other side of the field"), Needs::Selection, kWindow,
+     &mirrorAboutField<MirrorCommand::TopToBottom>},
     {"arrange.mirrorHorizontal", TEXT("Mirror left to rig&ht"), "mirror-horizontal", "Ctrl+Shift+H",
      "", Needs::Selection, kWindow, &mirror<MirrorCommand::LeftToRight>},
     {"arrange.mirrorVertical", TEXT("Mirror top to botto&m"), "mirror-vertical", "Ctrl+Shift+J", "",
@@ -166,8 +216,11 @@ const QVector<Command> kFixedCommands = {
     {"arrange.rotate", TEXT("R&otate by..."), "rotate", "", TEXT("Rotate by any angle"),
      Needs::Selection, kWindow, [](MainWindow &w) { w.chooseRotation(); }},
     {"arrange.matrix", TEXT("Matri&x..."), "matrix", "Ctrl+M",
-     TEXT("Repeat a shape in rows and columns"), Needs::OneSelected, kWindow,
+     TEXT("Repeat shapes in rows and columns"), Needs::Selection, kWindow,
      [](MainWindow &w) { w.showMatrixDialog(); }},
+    {"arrange.circle", TEXT("C&ircle..."), "circle", "Ctrl+Shift+K",
+     TEXT("Repeat shapes around a place"), Needs::Selection, kWindow,
+     [](MainWindow &w) { w.showCircleDialog(); }},
 
     {"view.zoomIn", TEXT("Zoom &in"), "zoom-in", "Ctrl+=; Ctrl++", "", Needs::Nothing, kWindow,
      [](MainWindow &w) { w.navigation().zoomIn(); }},
@@ -229,13 +282,13 @@ QVector<Command> toolCommands()
     QVector<Command> commands = {{DrawingTools::kSelect, TEXT("&Select"), "select", "V",
                                   TEXT("Select and move shapes"), Needs::Nothing, kWindow,
                                   [](MainWindow &w) { w.tools().choose(DrawingTools::kSelect); },
-                                  true}};
+                                  kToolChoice}};
     for (const ShapeKind &kind : shapeKinds()) {
         if (*kind.tool == '\0')
             continue;
         commands.append({kind.tool, kind.menuText, kind.icon, kind.shortcut, kind.toolTip,
                          Needs::Nothing, kWindow,
-                         [id = kind.tool](MainWindow &w) { w.tools().choose(id); }, true});
+                         [id = kind.tool](MainWindow &w) { w.tools().choose(id); }, kToolChoice});
     }
     return commands;
 }
@@ -255,6 +308,10 @@ bool isMet(Needs needs, const EditorState &state)
         return state.selected == 1;
     case Needs::TwoSelected:
         return state.selected > 1;
+    case Needs::ThreeSelected:
+        return state.selected > 2;
+    case Needs::Alignable:
+        return state.isAlignable;
     case Needs::OneText:
         return state.isOneText;
     case Needs::Undo:
@@ -312,12 +369,15 @@ const QVector<Command> &commandTable()
 
 Commands::Commands(MainWindow &window, QWidget &view) : QObject(&window)
 {
-    auto *tools = new QActionGroup(this);
+    QHash<QByteArray, QActionGroup *> choices;
     for (const Command &command : commandTable()) {
         QAction *action = newAction(command, this);
-        if (command.isTool) {
+        if (*command.choice != '\0') {
+            QActionGroup *&choice = choices[command.choice];
+            if (choice == nullptr)
+                choice = new QActionGroup(this);
             action->setCheckable(true);
-            tools->addAction(action);
+            choice->addAction(action);
         }
         if (command.scope == ShortcutScope::View) {
             action->setShortcutContext(Qt::WidgetWithChildrenShortcut);

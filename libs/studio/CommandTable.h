@@ -22,6 +22,8 @@ enum class Needs {
     Selection,
     OneSelected,
     TwoSelected,
+    ThreeSelected,
+    Alignable, ///< two shapes, or one that is aligned to the field
     OneText,
     Undo,
     Redo,
@@ -45,7 +47,7 @@ struct Command
     Needs needs;
     ShortcutScope scope;
     std::function<void(MainWindow &window)> run;
-    bool isTool = false; ///< one of those of which exactly one is chosen
+    const char *choice = ""; ///< name of the commands of which exactly one is chosen; or empty
 };
 
 /**
@@ -59,6 +61,7 @@ struct EditorState
 {
     int shapes = 0;
     int selected = 0;
+    bool isAlignable = false;
     bool isOneText = false; ///< the selection is one text
     bool canUndo = false;
     bool canRedo = false;

@@ -1,11 +1,14 @@
 #include <studio/DocumentActions.h>
 
-#include <studio/Alignment.h>
+#include <studio/MatrixPreview.h>
 #include <studio/ShapeKinds.h>
 #include <studio/UndoTexts.h>
+#include <studio/arrange/ShapeCopies.h>
 #include <studio/canvas/ShapePlace.h>
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/commands/ItemValueCommand.h>
+#include <studio/commands/MoveItemsCommand.h>
+#include <studio/groups/Groups.h>
 #include <studio/text/StrokeFonts.h>
 
 #include <hostkit/drawing/ItemGroups.h>
@@ -21,23 +24,6 @@ namespace studio {
 namespace {
 
 constexpr double kDuplicateOffsetMm = 5.0;
-
-/** Copies of items, made in the same stacking order and moved by `byPx`. */
-ShapeItems copiesOf(const ShapeItems &sources, ZTShapeManager &manager, const QPointF &byPx)
-{
-    ShapeItems copies;
-    copies.reserve(sources.size());
-    for (ShapeItem *source : sources) {
-        ShapeItem *copy = manager.addShape(source->getShapeType(), {0, 0, 10, 10});
-        if (copy == nullptr)
-            continue;
-        copy->copy(source);
-        hostkit::copyItemExtras(*source, *copy);
-        copy->setPos(source->pos() + byPx);
-        copies.append(copy);
-    }
-    return copies;
-}
 
 } // namespace
 
@@ -111,11 +97,12 @@ void DocumentActions::duplicate()
 {
     const ShapeItems sources = selected();
     const double offsetPx = ZTCoord::getInstance()->mm2pix(kDuplicateOffsetMm);
+    const GroupPath shared = sharedGroups(*m_document.scene(), sources);
     const ShapeItems copies = copiesOf(sources, *m_document.itemMag(), {offsetPx, offsetPx});
     if (copies.isEmpty())
         return;
     hostkit::FreeGroupIds freeIds(m_document);
-    hostkit::renewGroups(copies, &freeIds, m_enteredGroup);
+    hostkit::renewGroups(copies, &freeIds, shared);
     push(new AddItemsCommand(m_document.itemMag(), copies, sources,
                              undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Duplicate"))));
 }
@@ -159,17 +146,6 @@ void DocumentActions::nudge(const QPointF &byMm)
                                   undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Move"))));
 }
 
-void DocumentActions::align(Qt::Alignment alignment)
-{
-    const ShapeItems items = selected();
-    if (items.size() < 2)
-        return;
-    const QVector<ItemMove> moves = alignedMoves(items, alignment);
-    if (!moves.isEmpty())
-        push(new MoveItemsCommand(m_document.scene(), moves,
-                                  undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Align"))));
-}
-
 void DocumentActions::mirror(MirrorCommand::Kind kind)
 {
     if (!selected().isEmpty())
@@ -187,19 +163,47 @@ void DocumentActions::rotate(double angleDeg)
 int DocumentActions::repeat(int rows, int columns, const QSizeF &gapMm)
 {
     const ShapeItems sources = selected();
-    if (sources.size() != 1 || qint64(rows) * columns > kMaxMatrix)
+    if (sources.isEmpty() || qint64(rows) * columns * sources.size() > kMaxMatrix)
         return 0;
-    const ZTCoord &coord = *ZTCoord::getInstance();
-    const auto copies = m_document.itemMag()->addMatrix(rows, columns, coord.mm2pix(gapMm.width()),
-                                                        coord.mm2pix(gapMm.height()));
+    const ShapeItems copies = sources.size() == 1 ? copiesOfOne(rows, columns, gapMm)
+                                                  : copiesOfBlock(rows, columns, gapMm);
     if (copies.isEmpty())
         return 0;
-    for (ShapeItem *copy : copies)
-        hostkit::copyItemExtras(*sources.first(), *copy);
-    push(new AddItemsCommand(m_document.itemMag(), {copies.begin(), copies.end()}, sources,
+    push(new AddItemsCommand(m_document.itemMag(), copies, sources,
                              undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Matrix of %1 by %2"),
                                       {QString::number(rows), QString::number(columns)})));
     return copies.size();
+}
+
+ShapeItems DocumentActions::copiesOfOne(int rows, int columns, const QSizeF &gapMm) const
+{
+    const ZTCoord &coord = *ZTCoord::getInstance();
+    const ShapeItem *source = selected().first();
+    const auto copies = m_document.itemMag()->addMatrix(rows, columns, coord.mm2pix(gapMm.width()),
+                                                        coord.mm2pix(gapMm.height()));
+    for (ShapeItem *copy : copies)
+        hostkit::copyItemExtras(*source, *copy);
+    return copies.toVector();
+}
+
+// Each block is a block of its own, also in the groups of its shapes.
+ShapeItems DocumentActions::copiesOfBlock(int rows, int columns, const QSizeF &gapMm) const
+{
+    const ShapeItems sources = selected();
+    const MatrixGrid grid{rows, columns, gapMm};
+    const QPointF pitchPx = grid.pitchPx(sceneBox(sources));
+    const GroupPath shared = sharedGroups(*m_document.scene(), sources);
+    hostkit::FreeGroupIds freeIds(m_document);
+    ShapeItems all;
+    for (int row = 0; row < rows; ++row) {
+        for (int column = row == 0 ? 1 : 0; column < columns; ++column) {
+            const ShapeItems copies =
+                copiesOf(sources, *m_document.itemMag(), {column * pitchPx.x(), row * pitchPx.y()});
+            hostkit::renewGroups(copies, &freeIds, shared);
+            all += copies;
+        }
+    }
+    return all;
 }
 
 void DocumentActions::setPen(int pen)

@@ -37,9 +37,6 @@ public:
     /** A shape that was drawn with the mouse. */
     void draw(ShapeType type, const ShapePlace &place);
 
-    /** Copies of the selected shapes stay in this group, if they are in it. */
-    void setEnteredGroup(const QVector<qint32> &path) { m_enteredGroup = path; }
-
     void duplicate();
     void removeSelected();
     void clear(); ///< empties the drawing and the undo stack
@@ -49,15 +46,14 @@ public:
     void clearSelection();
 
     void nudge(const QPointF &byMm);
-    void align(Qt::Alignment alignment); ///< two or more shapes, within the box around them
     void mirror(MirrorCommand::Kind kind);
     void rotate(double angleDeg); ///< about the frame's middle; positive is clockwise
 
     /**
-     * Repeats the one selected shape in rows and columns and selects the copies.
+     * Repeats the selected shapes as one block in rows and columns and selects the copies.
      *
-     * @param gapMm space between the shapes' boxes, in x and y
-     * @return shapes made; 0 if not exactly one is selected, or more than `kMaxMatrix` would stand
+     * @param gapMm space between the blocks' boxes, in x and y
+     * @return shapes made; 0 if none is selected, or more than `kMaxMatrix` would stand
      */
     int repeat(int rows, int columns, const QSizeF &gapMm);
 
@@ -79,6 +75,8 @@ private:
 
     void createAt(ShapeType type, const Placing &placing);
     void moveApart(ShapeItem &item) const;
+    ShapeItems copiesOfOne(int rows, int columns, const QSizeF &gapMm) const;
+    ShapeItems copiesOfBlock(int rows, int columns, const QSizeF &gapMm) const;
     void recordCreated(ShapeItem *item);
     void followSelection();
     ShapeItems selected() const;
@@ -86,7 +84,6 @@ private:
 
     ZTGraphicsDocument &m_document;
     Placing m_placing; ///< of the shape that is being created; empty: it stays where it is
-    QVector<qint32> m_enteredGroup;
 };
 
 } // namespace studio

@@ -17,6 +17,8 @@
 #include <studio/UndoTexts.h>
 #include <studio/ViewNavigation.h>
 #include <studio/WindowLayout.h>
+#include <studio/arrange/ArrangeActions.h>
+#include <studio/arrange/CircleDialog.h>
 #include <studio/canvas/DrawingTools.h>
 #include <studio/clipboard/ClipboardActions.h>
 #include <studio/commands/ItemSetCommand.h>
@@ -103,6 +105,8 @@ MainWindow::~MainWindow()
     delete m_crashGuard;
     delete m_drawingFiles;
     delete m_matrixDialog;
+    delete m_circleDialog;
+    delete m_arrange;
     delete m_tools;
     delete m_groups;
     delete m_clipboard;
@@ -161,7 +165,8 @@ void MainWindow::buildTools()
     connect(m_clipboard, &ClipboardActions::added, m_viewNavigation, &ViewNavigation::reveal);
     connect(m_clipboard, &ClipboardActions::told, m_status,
             [this](const QString &text) { m_status->showMessage(text, kStatusMs); });
-    connect(m_groups, &GroupTools::enteredChanged, m_actions, &DocumentActions::setEnteredGroup);
+    m_arrange = new ArrangeActions(*m_drawing, *m_groups, this);
+    connect(m_arrange, &ArrangeActions::alignToChanged, this, &MainWindow::refreshCommands);
     connect(m_groups, &GroupTools::told, m_status,
             [this](const QString &words) { m_status->showMessage(words); });
     connect(m_tools, &DrawingTools::told, m_status,
@@ -232,6 +237,7 @@ void MainWindow::buildCommands()
 {
     m_commandSet = new Commands(*this, *m_drawing->view());
     showTool();
+    m_commandSet->action("arrange.toEachOther")->setChecked(true);
     m_orderMenu = new OrderMenu(this);
     auto *recentMenu = new RecentMenu(this);
     connect(recentMenu, &RecentMenu::chosen, this,
@@ -359,6 +365,7 @@ void MainWindow::refreshCommands()
     EditorState state;
     state.shapes = m_drawing->itemMag()->itemModel()->rowCount();
     state.selected = m_drawing->scene()->selectedItems().size();
+    state.isAlignable = m_arrange->canAlign();
     state.isOneText = m_textTools->selectedText() != nullptr;
     state.canUndo = m_drawing->undoStack()->canUndo();
     state.canRedo = m_drawing->undoStack()->canRedo();
@@ -536,6 +543,15 @@ void MainWindow::showMatrixDialog()
     m_matrixDialog->show();
     m_matrixDialog->raise();
     m_matrixDialog->activateWindow();
+}
+
+void MainWindow::showCircleDialog()
+{
+    if (!m_circleDialog)
+        m_circleDialog = new CircleDialog(*m_drawing, *m_arrange, this);
+    m_circleDialog->show();
+    m_circleDialog->raise();
+    m_circleDialog->activateWindow();
 }
 
 void MainWindow::fitSelection() { navigation().fit(m_drawing->scene()->getSelectionItemRect()); }

@@ -18,6 +18,8 @@ class ZTObjectTreeWidget;
 
 namespace studio {
 
+class ArrangeActions;
+class CircleDialog;
 class ClipboardActions;
 class Commands;
 class ContextMenus;
@@ -63,6 +65,7 @@ public:
     DrawingTools &tools() const { return *m_tools; }
     ClipboardActions &clipboard() const { return *m_clipboard; }
     GroupTools &groups() const { return *m_groups; }
+    ArrangeActions &arrange() const { return *m_arrange; }
 
     /** Keeps recovery files from now on, and offers those that were left behind. */
     void guardAgainstCrashes(const CrashGuardSetup &setup);
@@ -82,6 +85,7 @@ public:
     void chooseExport(bool selectionOnly);
     void chooseRotation();
     void showMatrixDialog();
+    void showCircleDialog();
     void pasteAtMenu();     ///< where the context menu was opened
     void leaveOrDeselect(); ///< one group outward, or else nothing selected
     void showRecovery();
@@ -129,6 +133,7 @@ private:
     DrawingTools *m_tools = nullptr;
     ClipboardActions *m_clipboard = nullptr;
     GroupTools *m_groups = nullptr;
+    ArrangeActions *m_arrange = nullptr;
     Commands *m_commandSet = nullptr;
     ContextMenus *m_contextMenus = nullptr;
     StatusBar *m_status = nullptr;
@@ -136,6 +141,7 @@ private:
     DrawingFiles *m_drawingFiles = nullptr;
     CrashGuard *m_crashGuard = nullptr; ///< null: no recovery files
     QPointer<MatrixDialog> m_matrixDialog;
+    QPointer<CircleDialog> m_circleDialog;
     std::unique_ptr<Importer> m_importer;
     QTimer m_stateTimer;
     QRectF m_paintedFramePx; ///< where the selection frame stood when it was seen last; or null

@@ -135,8 +135,10 @@ void MatrixDialog::hideEvent(QHideEvent *event)
 void MatrixDialog::follow()
 {
     disconnect(m_following);
-    if (const ShapeItem *item = source())
-        m_following = connect(item, &ShapeItem::posChanged, this, &MatrixDialog::refresh);
+    const ShapeItems sources = selectedShapeItems(*m_document.scene());
+    if (!sources.isEmpty())
+        m_following =
+            connect(sources.first(), &ShapeItem::posChanged, this, &MatrixDialog::refresh);
     refresh();
 }
 
@@ -144,13 +146,13 @@ void MatrixDialog::refresh()
 {
     if (!m_preview)
         return;
-    const ShapeItem *item = source();
+    const ShapeItems sources = selectedShapeItems(*m_document.scene());
     const MatrixGrid wanted = grid();
-    const bool isPossible =
-        item != nullptr && wanted.cells() > 1 && wanted.cells() <= DocumentActions::kMaxMatrix;
-    m_preview->show(isPossible ? item : nullptr, wanted);
+    const bool isPossible = !sources.isEmpty() && wanted.cells() > 1 &&
+                            wanted.cells() * sources.size() <= DocumentActions::kMaxMatrix;
+    m_preview->show(isPossible ? sources : ShapeItems(), wanted);
     m_createButton->setEnabled(isPossible);
-    m_hintLabel->setText(hint(item, wanted));
+    m_hintLabel->setText(hint(sources, wanted));
 }
 
 MatrixGrid MatrixDialog::grid() const
@@ -159,27 +161,22 @@ MatrixGrid MatrixDialog::grid() const
             QSizeF(m_acrossBox->value(), m_downBox->value())};
 }
 
-ShapeItem *MatrixDialog::source() const
+QString MatrixDialog::hint(const ShapeItems &sources, const MatrixGrid &wanted) const
 {
-    const ShapeItems selected = selectedShapeItems(*m_document.scene());
-    return selected.size() == 1 ? selected.first() : nullptr;
-}
-
-QString MatrixDialog::hint(const ShapeItem *item, const MatrixGrid &wanted) const
-{
-    if (item == nullptr)
-        return tr("Select the one shape that is to be repeated.");
-    if (wanted.cells() > DocumentActions::kMaxMatrix)
+    if (sources.isEmpty())
+        return tr("Select what is to be repeated.");
+    const qint64 shapes = wanted.cells() * sources.size();
+    if (shapes > DocumentActions::kMaxMatrix)
         return tr("%L1 shapes are too many; at most %L2 can be made at once.")
-            .arg(wanted.cells())
+            .arg(shapes)
             .arg(DocumentActions::kMaxMatrix);
-    const QRectF boxPx = item->boundingRect();
+    const QRectF boxPx = sceneBox(sources);
     const QPointF pitchPx = wanted.pitchPx(boxPx);
     const ZTCoord &coord = *ZTCoord::getInstance();
     const double widthPx = boxPx.width() + qAbs((wanted.columns - 1) * pitchPx.x());
     const double heightPx = boxPx.height() + qAbs((wanted.rows - 1) * pitchPx.y());
     return tr("%L1 shapes on %2 by %3 mm")
-        .arg(wanted.cells())
+        .arg(shapes)
         .arg(coord.pix2mm(widthPx), 0, 'f', 2)
         .arg(coord.pix2mm(heightPx), 0, 'f', 2);
 }

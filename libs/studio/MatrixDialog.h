@@ -17,7 +17,7 @@ namespace studio {
 class DocumentActions;
 
 /**
- * Repeats the selected shape in rows and columns. Stays open beside the drawing and shows at once
+ * Repeats the selected shapes in rows and columns. Stays open beside the drawing and shows at once
  * where the copies would stand; only "Create" makes them, as one undo step. Closing it leaves the
  * drawing as it is.
  */
@@ -45,8 +45,7 @@ private:
     void refresh();
     void create();
     MatrixGrid grid() const;
-    ShapeItem *source() const;
-    QString hint(const ShapeItem *source, const MatrixGrid &grid) const;
+    QString hint(const ShapeItems &sources, const MatrixGrid &grid) const;
 
     ZTGraphicsDocument &m_document;
     DocumentActions &m_actions;

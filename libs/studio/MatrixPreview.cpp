@@ -45,18 +45,21 @@ MatrixPreview::MatrixPreview(ZTGraphicsScene &scene)
         stackBefore(frame);
 }
 
-void MatrixPreview::show(const ShapeItem *source, const MatrixGrid &grid)
+void MatrixPreview::show(const ShapeItems &sources, const MatrixGrid &grid)
 {
     prepareGeometryChange();
     m_shown = grid;
     m_outlinePx = QPainterPath();
     m_extentPx = QRectF();
-    if (source == nullptr || grid.cells() < 2)
+    if (sources.isEmpty() || grid.cells() < 2)
         return;
-    m_boxPx = source->boundingRect();
-    m_outlinePx = source->getShapeBase()->getLines();
+    const QPointF originPx = sources.first()->pos();
+    m_boxPx = sceneBox(sources).translated(-originPx);
+    for (const ShapeItem *source : sources)
+        m_outlinePx.addPath(
+            source->getShapeBase()->getLines().translated(source->pos() - originPx));
     m_pitch = grid.pitchPx(m_boxPx);
-    setPos(source->pos());
+    setPos(originPx);
     const QPointF lastPx((grid.columns - 1) * m_pitch.x(), (grid.rows - 1) * m_pitch.y());
     m_extentPx = (m_boxPx | m_boxPx.translated(lastPx)).adjusted(-1, -1, 1, 1);
     update();

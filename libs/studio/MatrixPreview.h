@@ -35,8 +35,8 @@ public:
     /** Adds itself to the scene, which owns it unless its maker deletes it first. */
     explicit MatrixPreview(ZTGraphicsScene &scene);
 
-    /** Shows the copies of `source`, or nothing if it is null. */
-    void show(const ShapeItem *source, const MatrixGrid &grid);
+    /** Shows the copies of `sources` as one block; nothing without any. */
+    void show(const ShapeItems &sources, const MatrixGrid &grid);
 
     QRectF boundingRect() const override { return m_extentPx; }
     QPainterPath shape() const override { return {}; }

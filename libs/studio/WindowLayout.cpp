@@ -31,6 +31,7 @@ constexpr Title kMenuTitles[] = {
     {"drawMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&With the mouse")},
     {"textMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Text")},
     {"arrangeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Arrange")},
+    {"alignToMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "Align &to")},
     {"nudgeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Nudge")},
     {"viewMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&View")},
     {"helpMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Help")},
@@ -112,12 +113,37 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
     fill(*draw, commands, kTools);
     addMenu(window, "textMenu", commands,
             {"create.text", "-", "text.type", "text.settings", "-", "text.nextPart"});
-    QMenu &arrange =
-        addMenu(window, "arrangeMenu", commands,
-                {"arrange.left", "arrange.hcenter", "arrange.right", "arrange.top",
-                 "arrange.vcenter", "arrange.bottom", "arrange.center", "-",
-                 "arrange.mirrorHorizontal", "arrange.mirrorVertical", "-", "arrange.rotateRight",
-                 "arrange.rotateLeft", "arrange.rotate", "-", "arrange.matrix", "-"});
+    QMenu &arrange = addMenu(window, "arrangeMenu", commands,
+                             {"arrange.left",
+                              "arrange.hcenter",
+                              "arrange.right",
+                              "arrange.top",
+                              "arrange.vcenter",
+                              "arrange.bottom",
+                              "arrange.center",
+                              "-",
+                              "arrange.spreadAcross",
+                              "arrange.spreadDown",
+                              "arrange.gapsAcross",
+                              "arrange.gapsDown",
+                              "-",
+                              "arrange.centreOnField",
+                              "arrange.mirrorFieldAcross",
+                              "arrange.mirrorFieldDown",
+                              "-",
+                              "arrange.mirrorHorizontal",
+                              "arrange.mirrorVertical",
+                              "-",
+                              "arrange.rotateRight",
+                              "arrange.rotateLeft",
+                              "arrange.rotate",
+                              "-",
+                              "arrange.matrix",
+                              "arrange.circle",
+                              "-"});
+    QMenu *alignTo = arrange.addMenu(QString());
+    alignTo->setObjectName(QStringLiteral("alignToMenu"));
+    fill(*alignTo, commands, {"arrange.toEachOther", "arrange.toFirst", "arrange.toField"});
     QMenu *nudge = arrange.addMenu(QString());
     nudge->setObjectName(QStringLiteral("nudgeMenu"));
     fill(*nudge, commands,
@@ -140,10 +166,11 @@ void addToolBars(QMainWindow &window, const Commands &commands)
                 "edit.duplicate", "edit.delete"});
     addToolBar(window, "alignToolBar", Qt::TopToolBarArea, commands,
                {"arrange.left", "arrange.hcenter", "arrange.right", "arrange.top",
-                "arrange.vcenter", "arrange.bottom", "arrange.center"});
+                "arrange.vcenter", "arrange.bottom", "arrange.center", "-", "arrange.gapsAcross",
+                "arrange.gapsDown", "arrange.centreOnField"});
     addToolBar(window, "transformToolBar", Qt::TopToolBarArea, commands,
                {"arrange.mirrorHorizontal", "arrange.mirrorVertical", "arrange.rotateLeft",
-                "arrange.rotateRight", "arrange.rotate", "arrange.matrix"});
+                "arrange.rotateRight", "arrange.rotate", "arrange.matrix", "arrange.circle"});
     addToolBar(window, "viewToolBar", Qt::TopToolBarArea, commands,
                {"view.zoomOut", "view.zoomIn", "view.home", "view.fitSelection"});
     addToolBar(window, "textToolBar", Qt::TopToolBarArea, commands,
@@ -171,11 +198,13 @@ QMenu *newContextMenu(const Commands &commands, bool isForShapes, QWidget *paren
     align->setObjectName(QStringLiteral("alignMenu"));
     fill(*align, commands,
          {"arrange.left", "arrange.hcenter", "arrange.right", "arrange.top", "arrange.vcenter",
-          "arrange.bottom", "arrange.center"});
+          "arrange.bottom", "arrange.center", "-", "arrange.toEachOther", "arrange.toFirst",
+          "arrange.toField", "-", "arrange.spreadAcross", "arrange.spreadDown",
+          "arrange.gapsAcross", "arrange.gapsDown", "-", "arrange.centreOnField"});
     fill(*menu, commands,
          {"arrange.mirrorHorizontal", "arrange.mirrorVertical", "arrange.rotateRight",
-          "arrange.rotateLeft", "arrange.rotate", "arrange.matrix", "-", "file.exportSelection",
-          "view.fitSelection"});
+          "arrange.rotateLeft", "arrange.rotate", "arrange.matrix", "arrange.circle", "-",
+          "file.exportSelection", "view.fitSelection"});
     return menu;
 }
 

@@ -122,7 +122,7 @@ private Q_SLOTS:
         QVERIFY(!studio->isEnabled("arrange.left"));
         studio->select({first, second});
         QVERIFY(studio->isEnabled("arrange.left"));
-        QVERIFY(!studio->isEnabled("arrange.matrix"));
+        QVERIFY(studio->isEnabled("arrange.matrix"));
     }
 
     void create_eachKind_addsOneUndoableShapeAndSelectsIt_data()

@@ -83,11 +83,11 @@ private Q_SLOTS:
         QVERIFY(button("create")->isEnabled());
         studio->edit().clearSelection();
         QVERIFY(!button("create")->isEnabled());
-        QVERIFY(hint().startsWith(QStringLiteral("Select the one shape")));
+        QVERIFY(hint().startsWith(QStringLiteral("Select what is to be repeated")));
         QVERIFY(preview()->boundingRect().isNull());
         ShapeItem *other = studio->addRect(100, 100);
         studio->select({other, source});
-        QVERIFY(!button("create")->isEnabled());
+        QVERIFY(button("create")->isEnabled());
         studio->select({other});
         QVERIFY(button("create")->isEnabled());
         QCOMPARE(preview()->pos(), QPointF(100, 100));
@@ -95,6 +95,29 @@ private Q_SLOTS:
         QCOMPARE(preview()->pos(), other->pos());
         studio->edit().removeSelected();
         QVERIFY(!button("create")->isEnabled());
+    }
+
+    void several_areRepeatedAsOneBlock()
+    {
+        ShapeItem *other = studio->addRect(100, 20);
+        studio->select({source, other});
+        QVERIFY(studio->run("arrange.matrix"));
+        set("rows", 1);
+        set("columns", 2);
+        set("gapAcross", 1.0);
+        const QRectF expected = preview()->sceneBoundingRect().adjusted(1, 1, -1, -1);
+        const DrawingSnapshot before = studio->snapshot();
+        click("create");
+        QCOMPARE(studio->ids(), (QVector<int>{0, 1, 2, 3}));
+        // The block is as wide as from the first one's left edge to the second one's right edge.
+        const double pitch = 100 + side + gapPx();
+        QCOMPARE(studio->document().scene()->getItemById(2)->pos(), QPointF(pitch, 0));
+        QCOMPARE(studio->document().scene()->getItemById(3)->pos(), QPointF(100 + pitch, 20));
+        const QRectF made = studio::sceneBox(studio::shapeItemsOf(*studio->document().scene()));
+        QVERIFY((expected.topLeft() - made.topLeft()).manhattanLength() < 1e-9);
+        QVERIFY((expected.bottomRight() - made.bottomRight()).manhattanLength() < 1e-9);
+        const DrawingSnapshot after = studio->snapshot();
+        COMPARE_UNDO_AND_REDO(studio->document(), before, after);
     }
 
     void preview_letsTheMouseThrough()

@@ -1,5 +1,7 @@
 #include "StudioWindow.h"
 
+#include <studio/arrange/ArrangeActions.h>
+
 #include <QtCore/QRandomGenerator>
 
 using studio::MirrorCommand;
@@ -34,7 +36,7 @@ public:
             studio.edit().rotate(random.bounded(720) - 360 + 0.25);
             break;
         case 8:
-            studio.edit().align(kAlignments[random.bounded(7)]);
+            studio.window->arrange().align(kAlignments[random.bounded(7)]);
             break;
         case 9:
             studio.edit().mirror(random.bounded(2) == 0 ? MirrorCommand::LeftToRight

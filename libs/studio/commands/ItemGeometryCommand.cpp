@@ -51,12 +51,25 @@ void ItemGeometryCommand::redo()
     m_after = states();
 }
 
-MirrorCommand::MirrorCommand(ZTGraphicsScene *scene, Kind mirrorKind, const QString &text)
-    : ItemGeometryCommand(scene, selectedShapeItems(*scene), text), m_kind(mirrorKind)
+MirrorCommand::MirrorCommand(ZTGraphicsScene *scene, Kind kind, const QString &text,
+                             const std::optional<QPointF> &aboutPx)
+    : ItemGeometryCommand(scene, selectedShapeItems(*scene), text), m_kind(kind), m_aboutPx(aboutPx)
 {
 }
 
-void MirrorCommand::change(ZTGraphicsScene &scene) { scene.setMirror(m_kind); }
+void MirrorCommand::change(ZTGraphicsScene &scene)
+{
+    const ShapeItems items = selectedShapeItems(scene);
+    const QPointF middlePx = sceneBox(items).center();
+    scene.setMirror(m_kind);
+    if (!m_aboutPx)
+        return;
+    // Mirrored about its own middle it only has to change sides.
+    QPointF wayPx = 2.0 * (*m_aboutPx - middlePx);
+    (m_kind == LeftToRight ? wayPx.ry() : wayPx.rx()) = 0.0;
+    for (ShapeItem *item : items)
+        item->setPos(item->pos() + wayPx);
+}
 
 RotateCommand::RotateCommand(ZTGraphicsScene *scene, double angle, const QString &text)
     : ItemGeometryCommand(scene, selectedShapeItems(*scene), text), m_angleDeg(angle)

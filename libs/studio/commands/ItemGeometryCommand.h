@@ -5,6 +5,8 @@
 #include <QtGui/QTransform>
 #include <QtWidgets/QUndoCommand>
 
+#include <optional>
+
 namespace studio {
 
 /**
@@ -41,19 +43,22 @@ private:
     QVector<State> m_after; ///< empty until the first `redo`
 };
 
-/** Mirrors the selected shapes within their frame. */
+/** Mirrors the selected shapes within their frame, or about an axis elsewhere. */
 class MirrorCommand : public ItemGeometryCommand
 {
 public:
     enum Kind { LeftToRight = 1, TopToBottom = 2 };
 
-    MirrorCommand(ZTGraphicsScene *scene, Kind kind, const QString &text);
+    /** `aboutPx` is a place on the axis, in scene pixels; none: the middle of the frame. */
+    MirrorCommand(ZTGraphicsScene *scene, Kind kind, const QString &text,
+                  const std::optional<QPointF> &aboutPx = std::nullopt);
 
 protected:
     void change(ZTGraphicsScene &scene) override;
 
 private:
     Kind m_kind;
+    std::optional<QPointF> m_aboutPx;
 };
 
 /** Turns the selected shapes about the middle of their frame. */

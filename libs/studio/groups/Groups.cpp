@@ -77,4 +77,26 @@ ShapeItems wholeGroups(const QGraphicsScene &scene, const ShapeItems &items,
     return whole;
 }
 
+GroupPath sharedGroups(const QGraphicsScene &scene, const ShapeItems &items)
+{
+    QHash<qint32, int> wanted; // members among the shapes, by group
+    for (const ShapeItem *item : items) {
+        for (const qint32 id : groupPathOf(*item))
+            ++wanted[id];
+    }
+    if (wanted.isEmpty())
+        return {};
+    QHash<qint32, int> members;
+    for (const ShapeItem *item : shapeItemsOf(scene)) {
+        for (const qint32 id : groupPathOf(*item))
+            ++members[id];
+    }
+    GroupPath shared;
+    for (auto group = wanted.constBegin(); group != wanted.constEnd(); ++group) {
+        if (members.value(group.key()) > group.value() || group.value() == 1)
+            shared.append(group.key());
+    }
+    return shared;
+}
+
 } // namespace studio

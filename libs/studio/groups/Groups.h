@@ -37,4 +37,10 @@ QVector<ShapeUnit> unitsOf(const ShapeItems &items, const GroupPath &entered);
 ShapeItems wholeGroups(const QGraphicsScene &scene, const ShapeItems &items,
                        const GroupPath &entered);
 
+/**
+ * Groups in which copies of these shapes stay: those that have other members too, and those of one
+ * shape. The others are copied as groups of their own.
+ */
+GroupPath sharedGroups(const QGraphicsScene &scene, const ShapeItems &items);
+
 } // namespace studio

@@ -124,12 +124,36 @@
         <translation>垂直居中对齐(&amp;D)</translation>
     </message>
     <message>
+        <source>Align shapes to the field</source>
+        <translation>以幅面为基准对齐</translation>
+    </message>
+    <message>
+        <source>Align shapes to the one that was selected first</source>
+        <translation>以最先选中的图形为基准对齐</translation>
+    </message>
+    <message>
+        <source>Align shapes within the box around them</source>
+        <translation>在图形的外框内对齐</translation>
+    </message>
+    <message>
         <source>Begin a new drawing</source>
         <translation>新建图纸</translation>
     </message>
     <message>
+        <source>Bring the middle of the selection to the middle of the field</source>
+        <translation>把选中内容的中心移到幅面中心</translation>
+    </message>
+    <message>
         <source>C&amp;entre on each other</source>
         <translation>中心重合(&amp;E)</translation>
+    </message>
+    <message>
+        <source>C&amp;ircle...</source>
+        <translation>圆周阵列(&amp;I)...</translation>
+    </message>
+    <message>
+        <source>Centre o&amp;n the field</source>
+        <translation>移到幅面中心(&amp;N)</translation>
     </message>
     <message>
         <source>Copy to the clipboard</source>
@@ -184,6 +208,30 @@
         <translation>下移 10 mm</translation>
     </message>
     <message>
+        <source>Equal distances a&amp;cross</source>
+        <translation>横向等距分布(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Equal distances d&amp;own</source>
+        <translation>纵向等距分布(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Equal distances from middle to middle</source>
+        <translation>使中心间距相等</translation>
+    </message>
+    <message>
+        <source>Equal gaps &amp;across</source>
+        <translation>横向等间隙(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Equal gaps &amp;down</source>
+        <translation>纵向等间隙(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Equal space between edges</source>
+        <translation>使边缘间隙相等</translation>
+    </message>
+    <message>
         <source>Export mark paths of se&amp;lection...</source>
         <translation>导出选中图形的标刻路径(&amp;L)...</translation>
     </message>
@@ -222,6 +270,14 @@
     <message>
         <source>Matri&amp;x...</source>
         <translation>阵列(&amp;X)...</translation>
+    </message>
+    <message>
+        <source>Mirror about the field&apos;s &amp;upright axis</source>
+        <translation>以幅面纵轴镜像(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Mirror about the field&apos;s le&amp;vel axis</source>
+        <translation>以幅面横轴镜像(&amp;V)</translation>
     </message>
     <message>
         <source>Mirror left to rig&amp;ht</source>
@@ -276,8 +332,12 @@
         <translation>在程序崩溃后恢复图纸</translation>
     </message>
     <message>
-        <source>Repeat a shape in rows and columns</source>
-        <translation>按行列重复一个图形</translation>
+        <source>Repeat shapes around a place</source>
+        <translation>绕一点重复图形</translation>
+    </message>
+    <message>
+        <source>Repeat shapes in rows and columns</source>
+        <translation>按行列重复图形</translation>
     </message>
     <message>
         <source>Right by 0.1 mm</source>
@@ -350,6 +410,22 @@
     <message>
         <source>Text and &amp;font...</source>
         <translation>文字和字体(&amp;F)...</translation>
+    </message>
+    <message>
+        <source>The selection changes to the other side of the field</source>
+        <translation>选中内容移到幅面的另一侧</translation>
+    </message>
+    <message>
+        <source>To &amp;each other</source>
+        <translation>相互对齐(&amp;E)</translation>
+    </message>
+    <message>
+        <source>To the &amp;first selected</source>
+        <translation>对齐到最先选中的图形(&amp;F)</translation>
+    </message>
+    <message>
+        <source>To the f&amp;ield</source>
+        <translation>对齐到幅面(&amp;I)</translation>
     </message>
     <message>
         <source>Type into the selected text on the drawing</source>
@@ -444,6 +520,61 @@
     <message>
         <source>The drawing is not protected against a crash.</source>
         <translation>图纸当前没有崩溃保护。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::CircleDialog</name>
+    <message>
+        <source> mm</source>
+        <translation> 毫米</translation>
+    </message>
+    <message>
+        <source>&amp;Angle from first to last</source>
+        <translation>首末夹角(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Create</source>
+        <translation>创建(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Places on the circle</source>
+        <translation>圆周上的位置数(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Turn the copies with the circle</source>
+        <translation>副本随圆周旋转(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Circle</source>
+        <translation>圆周阵列</translation>
+    </message>
+    <message>
+        <source>Middle &amp;X</source>
+        <translation>中心 &amp;X</translation>
+    </message>
+    <message>
+        <source>Middle &amp;Y, downward</source>
+        <translation>中心 &amp;Y（向下为正）</translation>
+    </message>
+    <message>
+        <source>One every %1°</source>
+        <translation>每隔 %1° 一个</translation>
+    </message>
+    <message>
+        <source>Positive is counter-clockwise; 360° goes all around</source>
+        <translation>逆时针为正；360° 为整圈</translation>
+    </message>
+    <message>
+        <source>Select what is to be repeated.</source>
+        <translation>请选择要重复的图形。</translation>
+    </message>
+    <message>
+        <source>With an angle of 0 all copies would lie upon each other.</source>
+        <translation>角度为 0 时所有副本会重叠。</translation>
+    </message>
+    <message>
+        <source>°</source>
+        <translation>°</translation>
     </message>
 </context>
 <context>
@@ -1014,8 +1145,8 @@
         <translation>阵列</translation>
     </message>
     <message>
-        <source>Select the one shape that is to be repeated.</source>
-        <translation>请选中要重复的那一个图形。</translation>
+        <source>Select what is to be repeated.</source>
+        <translation>请选择要重复的图形。</translation>
     </message>
 </context>
 <context>
@@ -1516,6 +1647,10 @@
         <translation>对齐</translation>
     </message>
     <message>
+        <source>Centre on the field</source>
+        <translation>移到幅面中心</translation>
+    </message>
+    <message>
         <source>Change pen</source>
         <translation>更改笔</translation>
     </message>
@@ -1526,6 +1661,10 @@
     <message>
         <source>Change text</source>
         <translation>更改文字</translation>
+    </message>
+    <message>
+        <source>Circle of %1</source>
+        <translation>%1 个圆周阵列</translation>
     </message>
     <message>
         <source>Create TDOT figure</source>
@@ -1562,6 +1701,10 @@
     <message>
         <source>Delete</source>
         <translation>删除</translation>
+    </message>
+    <message>
+        <source>Distribute</source>
+        <translation>分布</translation>
     </message>
     <message>
         <source>Duplicate</source>
@@ -1755,6 +1898,10 @@
     <message>
         <source>Align</source>
         <translation>对齐</translation>
+    </message>
+    <message>
+        <source>Align &amp;to</source>
+        <translation>对齐基准(&amp;T)</translation>
     </message>
     <message>
         <source>Edit</source>
