@@ -3,6 +3,7 @@
 #include <studio/Messages.h>
 #include <studio/drawing/CrashGuard.h>
 
+#include <codekit/shape/CodeItem.h>
 #include <hostkit/setup/Factories.h>
 
 #include <CLI/CLI.hpp>
@@ -107,6 +108,7 @@ int main(int argc, char *argv[])
     const QApplication application(argc, argv);
     QGuiApplication::setDesktopFileName(QStringLiteral("ztstudio"));
     hostkit::registerFactories();
+    codekit::registerCodeFactories();
     if (options.listRecovery)
         return studio::listRecovery(studio::RecoveryStore::defaultFolder());
     return options.headless ? runWithoutDisplay(options) : runWindow(options);

@@ -3,6 +3,7 @@
 #include <studio/Alignment.h>
 #include <studio/ShapeKinds.h>
 #include <studio/UndoTexts.h>
+#include <studio/code/CodeEdit.h>
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/commands/ItemValueCommand.h>
 #include <studio/text/StrokeFonts.h>
@@ -66,6 +67,8 @@ void DocumentActions::recordCreated(ShapeItem *item)
         return;
     if (auto *text = qobject_cast<ZTGraphicsTextItem *>(item))
         setUpNewText(*text);
+    else if (codekit::CodeItem *code = codekit::codeItem(item))
+        setUpNewCode(*code);
     push(new AddItemsCommand(m_document.itemMag(), {item}, selected(),
                              undoText(shapeKind(item->getShapeType()).creation)));
     Q_EMIT added(sceneBox(*item));

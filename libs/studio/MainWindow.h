@@ -18,6 +18,7 @@ class ZTObjectTreeWidget;
 
 namespace studio {
 
+class CodeTools;
 class Commands;
 class ContextMenus;
 class CrashGuard;
@@ -54,6 +55,7 @@ public:
     DocumentActions &edit() const { return *m_actions; }
     ViewNavigation &navigation() const { return *m_viewNavigation; }
     TextTools &text() const { return *m_textTools; }
+    CodeTools &codes() const { return *m_codeTools; }
     Exporter &exporter() const { return *m_fileExporter; }
     Commands &commands() const { return *m_commandSet; }
     DrawingFiles &files() const { return *m_drawingFiles; }
@@ -115,6 +117,7 @@ private:
     DocumentActions *m_actions = nullptr;
     ViewNavigation *m_viewNavigation = nullptr;
     TextTools *m_textTools = nullptr;
+    CodeTools *m_codeTools = nullptr;
     Exporter *m_fileExporter = nullptr;
     Commands *m_commandSet = nullptr;
     ContextMenus *m_contextMenus = nullptr;

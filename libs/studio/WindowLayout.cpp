@@ -29,6 +29,7 @@ constexpr Title kMenuTitles[] = {
     {"editMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Edit")},
     {"createMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Create")},
     {"textMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Text")},
+    {"toolsMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "T&ools")},
     {"arrangeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Arrange")},
     {"nudgeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Nudge")},
     {"viewMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&View")},
@@ -100,9 +101,10 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
              "edit.invert", "edit.deselect"});
     addMenu(window, "createMenu", commands,
             {"create.rectangle", "create.ellipse", "create.polygon", "create.line", "create.tdot",
-             "create.text"});
+             "create.text", "create.code", "create.barcode"});
     addMenu(window, "textMenu", commands,
-            {"create.text", "-", "text.type", "text.settings", "-", "text.nextPart"});
+            {"create.text", "-", "text.type", "text.settings", "-", "create.code", "create.barcode",
+             "code.settings", "-", "text.nextPart"});
     QMenu &arrange =
         addMenu(window, "arrangeMenu", commands,
                 {"arrange.left", "arrange.hcenter", "arrange.right", "arrange.top",
@@ -119,6 +121,7 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
         window, "viewMenu", commands,
         {"view.zoomIn", "view.zoomOut", "view.home", "-", "view.fitSelection", "view.fitAll", "-"});
     view.addActions(viewActions);
+    addMenu(window, "toolsMenu", commands, {"tools.verifyCodes"});
     addMenu(window, "helpMenu", commands, {"help.about"});
 }
 
@@ -137,10 +140,10 @@ void addToolBars(QMainWindow &window, const Commands &commands)
     addToolBar(window, "viewToolBar", Qt::TopToolBarArea, commands,
                {"view.zoomOut", "view.zoomIn", "view.home", "view.fitSelection"});
     addToolBar(window, "textToolBar", Qt::TopToolBarArea, commands,
-               {"text.settings", "text.nextPart"});
+               {"text.settings", "code.settings", "text.nextPart"});
     addToolBar(window, "createToolBar", Qt::LeftToolBarArea, commands,
                {"create.rectangle", "create.ellipse", "create.polygon", "create.line",
-                "create.tdot", "create.text"});
+                "create.tdot", "create.text", "create.code", "create.barcode"});
 }
 
 QMenu *newContextMenu(const Commands &commands, bool isForShapes, QWidget *parent)
@@ -151,12 +154,13 @@ QMenu *newContextMenu(const Commands &commands, bool isForShapes, QWidget *paren
         fill(*menu, commands,
              {"edit.undo", "edit.redo", "-", "edit.selectAll", "edit.invert", "-",
               "create.rectangle", "create.ellipse", "create.polygon", "create.line", "create.tdot",
-              "create.text", "-", "view.fitAll", "view.home"});
+              "create.text", "create.code", "create.barcode", "-", "view.fitAll", "view.home"});
         return menu;
     }
     menu->setObjectName(QStringLiteral("shapeMenu"));
-    fill(*menu, commands,
-         {"text.type", "text.settings", "-", "edit.duplicate", "edit.delete", "-"});
+    fill(
+        *menu, commands,
+        {"text.type", "text.settings", "code.settings", "-", "edit.duplicate", "edit.delete", "-"});
     QMenu *align = menu->addMenu(translated(kAlignTitle));
     align->setObjectName(QStringLiteral("alignMenu"));
     fill(*align, commands,
