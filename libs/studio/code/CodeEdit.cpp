@@ -42,6 +42,12 @@ CodeEdit CodeEdit::of(const codekit::CodeItem &item)
     const QTransform &transform = item.code().getTransformParam();
     if (isEnlarged(transform))
         edit.code = codekit::enlarged(edit.code, enlargementOf(transform));
+    // What does not tell the size now begins, once it does, with the size that there is.
+    const int columns = item.code().symbol().columns;
+    if (edit.code.isSizedByWidth && columns > 0)
+        edit.code.form.moduleMm = edit.code.widthMm / columns;
+    else if (columns > 0)
+        edit.code.widthMm = edit.code.form.moduleMm * columns;
     const codekit::HumanText &human = edit.code.human;
     TextSettings &words = edit.words;
     words.fixedText = item.getFixedText();

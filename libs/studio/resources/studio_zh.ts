@@ -1733,6 +1733,10 @@
         <source>the folder cannot be made</source>
         <translation>无法创建文件夹</translation>
     </message>
+    <message>
+        <source>no mark data: shapes that do not show what they were given are written with --as-shown alone</source>
+        <translation>没有打标数据：显示的不是所给内容的图形只有用 --as-shown 才写出</translation>
+    </message>
 </context>
 <context>
     <name>studio::ImportDialog</name>
