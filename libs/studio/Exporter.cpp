@@ -2,10 +2,10 @@
 
 #include <studio/ShapeItems.h>
 
+#include <hostkit/items/MarkReadiness.h>
 #include <hostkit/marks/MarkFindings.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/marks/MarkGraphWriter.h>
-#include <hostkit/marks/MarkReadiness.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>

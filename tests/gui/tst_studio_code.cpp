@@ -11,6 +11,7 @@
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMessageBox>
@@ -290,16 +291,16 @@ private Q_SLOTS:
     void variantContent_showsTheNextParts_andMovesOn()
     {
         CodeItem *item = studio->create();
-        studio->type(QStringLiteral("SN-"));
+        studio->type(QStringLiteral("P-"));
         studio->check("variantText");
         auto *add = studio->box<QToolButton>("addSegment");
-        add->menu()->actions().at(1)->trigger(); // a counter behind the typed text
-        QTRY_COMPARE(item->text(), QStringLiteral("SN-1"));
+        add->menu()->actions().at(1)->trigger(); // a counter of four digits
+        QTRY_COMPARE(item->text(), QStringLiteral("P-0001"));
         studio->close(kOk);
-        QCOMPARE(item->code().symbol().reads, QStringLiteral("SN-1"));
+        QCOMPARE(item->code().symbol().reads, QStringLiteral("P-0001"));
         QVERIFY(studio->run("text.nextPart"));
-        QCOMPARE(item->code().symbol().reads, QStringLiteral("SN-2"));
-        QCOMPARE(studio->inTree(), QStringLiteral("SN-2"));
+        QCOMPARE(item->code().symbol().reads, QStringLiteral("P-0002"));
+        QCOMPARE(studio->inTree(), QStringLiteral("P-0002"));
         // What was marked is marked: undo gives no number out again.
         QVERIFY(studio->run("code.settings"));
         studio->showTab(Form);
@@ -307,7 +308,7 @@ private Q_SLOTS:
         studio->close(kOk);
         QVERIFY(studio->run("text.nextPart"));
         QVERIFY(studio->run("edit.undo"));
-        QCOMPARE(item->code().symbol().reads, QStringLiteral("SN-3"));
+        QCOMPARE(item->code().symbol().reads, QStringLiteral("P-0003"));
         QCOMPARE(item->settings().form.moduleMm, 0.5);
     }
 
@@ -318,6 +319,7 @@ private Q_SLOTS:
         studio->check("variantText");
         studio->box<QToolButton>("removeSegment")->click(); // what was typed
         studio->box<QToolButton>("addSegment")->menu()->actions().at(1)->trigger();
+        studio->enter("counterWidth", "0");
         studio->enter("counterStart", "98");
         // 98 and 99 are pairs of digits; 100 leaves one over.
         QTRY_VERIFY2(

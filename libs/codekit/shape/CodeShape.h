@@ -2,7 +2,7 @@
 
 #include <codekit/shape/CodeSettings.h>
 
-#include <hostkit/marks/MarkReadiness.h>
+#include <hostkit/items/MarkReadiness.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 

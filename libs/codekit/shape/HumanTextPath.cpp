@@ -1,8 +1,8 @@
 #include <codekit/shape/HumanTextPath.h>
 
+#include <hostkit/items/TextItem.h>
 #include <hostkit/text/FontPresence.h>
 #include <hostkit/text/StrokeFont.h>
-#include <hostkit/text/TextItem.h>
 
 #include <QtCore/QCoreApplication>
 

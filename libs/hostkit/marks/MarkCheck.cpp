@@ -1,7 +1,7 @@
 #include <hostkit/marks/MarkCheck_p.h>
 
-#include <hostkit/drawing/ItemExtras.h>
-#include <hostkit/marks/MarkReadiness.h>
+#include <hostkit/items/ItemExtras.h>
+#include <hostkit/items/MarkReadiness.h>
 
 #include <QtCore/QCoreApplication>
 

@@ -3,7 +3,7 @@
 #include <studio/ShapeItems.h>
 #include <studio/text/MeasureBox.h>
 
-#include <hostkit/drawing/ItemExtras.h>
+#include <hostkit/items/ItemExtras.h>
 #include <hostkit/marks/MarkFindings.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
 

@@ -1,6 +1,6 @@
 #include <studio/text/VariantParts.h>
 
-#include <hostkit/marks/MarkReadiness.h>
+#include <hostkit/items/MarkReadiness.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>

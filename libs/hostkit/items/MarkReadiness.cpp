@@ -1,4 +1,4 @@
-#include <hostkit/marks/MarkReadiness.h>
+#include <hostkit/items/MarkReadiness.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 

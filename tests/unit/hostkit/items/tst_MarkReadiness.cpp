@@ -1,6 +1,6 @@
+#include <hostkit/items/MarkReadiness.h>
 #include <hostkit/marks/MarkFindings.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
-#include <hostkit/marks/MarkReadiness.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
