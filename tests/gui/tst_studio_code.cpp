@@ -98,10 +98,10 @@ public:
         QCoreApplication::processEvents();
     }
 
-    /** A new code by the key of its command, its dialog open. */
-    CodeItem *create(int withKey = Qt::Key_C)
+    /** A new code, its dialog open. */
+    CodeItem *create(const char *command = "create.code")
     {
-        key(withKey);
+        run(command);
         const auto items = studio::selectedShapeItems(*document().scene());
         return items.isEmpty() ? nullptr : codekit::codeItem(items.first());
     }
@@ -148,10 +148,30 @@ private Q_SLOTS:
 
     void barCode_hasACommandOfItsOwn()
     {
-        CodeItem *item = studio->create(Qt::Key_B);
+        CodeItem *item = studio->create("create.barcode");
         QVERIFY(item != nullptr);
         QVERIFY(item->settings().spec.kind == CodeKind::Code128);
         QCOMPARE(studio->box<QComboBox>("kind")->currentText(), QStringLiteral("Code 128"));
+    }
+
+    void keyAndClick_makeACodeThere_andADragTellsItsSize()
+    {
+        studio->key(Qt::Key_C);
+        studio->driver->click(QPointF(100, 60));
+        QVERIFY(studio->dialog() != nullptr && studio->dialog()->isVisible());
+        QCOMPARE(studio->status(), QStringLiteral("12 x 12, 6.0 mm, reads: SN-0001"));
+        studio->close(kOk);
+        QCOMPARE(studio->ids().size(), 1);
+        studio->key(Qt::Key_C);
+        const double sidePx = ZTCoord::getInstance()->mm2pix(24.0);
+        studio->driver->drag(QPointF(-200, -200), QPointF(-200 + sidePx, -200 + sidePx));
+        QVERIFY(studio->dialog() != nullptr);
+        const auto drawn = studio::selectedShapeItems(*studio->document().scene());
+        const QSizeF sizeMm =
+            drawn.first()->boundingRect().size() / ZTCoord::getInstance()->mm2pix(1.0);
+        QVERIFY(qAbs(sizeMm.width() - 24.0) < 0.5); // a mouse has whole pixels
+        QCOMPARE(sizeMm.width(), sizeMm.height());
+        studio->close(kOk);
     }
 
     void changes_showAtOnce_andAreOneStep()
@@ -314,7 +334,7 @@ private Q_SLOTS:
 
     void laterPartThatCannotBeEncoded_isToldBefore()
     {
-        studio->create(Qt::Key_B);
+        studio->create("create.barcode");
         studio->choose("kind", "Interleaved 2 of 5");
         studio->check("variantText");
         studio->box<QToolButton>("removeSegment")->click(); // what was typed
@@ -356,7 +376,7 @@ private Q_SLOTS:
         studio->close(kOk);
         mirrored->setFixedText(QStringLiteral("MIRROR"));
         mirrored->setTransformParam(QTransform::fromScale(-1.0, 1.0));
-        CodeItem *bad = studio->create(Qt::Key_B);
+        CodeItem *bad = studio->create("create.barcode");
         studio->close(kOk);
         bad->setFixedText(QString());
         QVERIFY(studio->run("tools.verifyCodes"));
