@@ -25,6 +25,7 @@ enum class Needs {
     ThreeSelected,
     Alignable, ///< two shapes, or one that is aligned to the field
     OneText,
+    OneCode,
     Undo,
     Redo,
     Revertible
@@ -63,6 +64,7 @@ struct EditorState
     int selected = 0;
     bool isAlignable = false;
     bool isOneText = false; ///< the selection is one text
+    bool isOneCode = false; ///< the selection is one code
     bool canUndo = false;
     bool canRedo = false;
     bool canRevert = false; ///< the drawing has a file, and the file is behind

@@ -5,6 +5,7 @@
 #include <studio/UndoTexts.h>
 #include <studio/arrange/ShapeCopies.h>
 #include <studio/canvas/ShapePlace.h>
+#include <studio/code/CodeEdit.h>
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/commands/ItemValueCommand.h>
 #include <studio/commands/MoveItemsCommand.h>
@@ -87,6 +88,8 @@ void DocumentActions::recordCreated(ShapeItem *item)
         return;
     if (auto *text = qobject_cast<ZTGraphicsTextItem *>(item))
         setUpNewText(*text);
+    else if (codekit::CodeItem *code = codekit::codeItem(item))
+        setUpNewCode(*code);
     if (m_placing)
         m_placing(*item);
     push(new AddItemsCommand(m_document.itemMag(), {item}, selected(),

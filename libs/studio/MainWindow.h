@@ -21,6 +21,7 @@ namespace studio {
 class ArrangeActions;
 class CircleDialog;
 class ClipboardActions;
+class CodeTools;
 class Commands;
 class ContextMenus;
 class CrashGuard;
@@ -59,6 +60,7 @@ public:
     DocumentActions &edit() const { return *m_actions; }
     ViewNavigation &navigation() const { return *m_viewNavigation; }
     TextTools &text() const { return *m_textTools; }
+    CodeTools &codes() const { return *m_codeTools; }
     Exporter &exporter() const { return *m_fileExporter; }
     Commands &commands() const { return *m_commandSet; }
     DrawingFiles &files() const { return *m_drawingFiles; }
@@ -129,6 +131,7 @@ private:
     DocumentActions *m_actions = nullptr;
     ViewNavigation *m_viewNavigation = nullptr;
     TextTools *m_textTools = nullptr;
+    CodeTools *m_codeTools = nullptr;
     Exporter *m_fileExporter = nullptr;
     DrawingTools *m_tools = nullptr;
     ClipboardActions *m_clipboard = nullptr;
