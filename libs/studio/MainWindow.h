@@ -2,6 +2,7 @@
 
 #include <studio/Messages.h>
 
+#include <QtCore/QByteArray>
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
 #include <QtWidgets/QMainWindow>
@@ -29,6 +30,7 @@ class Language;
 class MatrixDialog;
 class OrderMenu;
 class PropertyDock;
+class ShapePanel;
 class StatusBar;
 class TextTools;
 class ViewNavigation;
@@ -56,6 +58,7 @@ public:
     TextTools &text() const { return *m_textTools; }
     Exporter &exporter() const { return *m_fileExporter; }
     Commands &commands() const { return *m_commandSet; }
+    ShapePanel &panel() const { return *m_panel; }
     DrawingFiles &files() const { return *m_drawingFiles; }
 
     /** Keeps recovery files from now on, and offers those that were left behind. */
@@ -77,6 +80,7 @@ public:
     void chooseRotation();
     void showMatrixDialog();
     void showRecovery();
+    void resetLayout(); ///< of docks and toolbars, as at the first start
     void fitSelection();
     void fitAll();
     void showAbout();
@@ -111,6 +115,7 @@ private:
     ZTGraphicsDocument *m_drawing = nullptr; ///< child, as all below
     ZTObjectTreeWidget *m_tree = nullptr;
     QDockWidget *m_treeDock = nullptr;
+    ShapePanel *m_panel = nullptr;
     PropertyDock *m_properties = nullptr;
     DocumentActions *m_actions = nullptr;
     ViewNavigation *m_viewNavigation = nullptr;
@@ -124,6 +129,7 @@ private:
     CrashGuard *m_crashGuard = nullptr; ///< null: no recovery files
     QPointer<MatrixDialog> m_matrixDialog;
     std::unique_ptr<Importer> m_importer;
+    QByteArray m_firstLayout; ///< of docks and toolbars
     QTimer m_stateTimer;
     QRectF m_paintedFramePx; ///< where the selection frame stood when it was seen last; or null
     bool m_isLetGo = false;  ///< the user closes the window, and the changes may be lost

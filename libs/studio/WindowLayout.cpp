@@ -97,7 +97,7 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
     file.insertMenu(commands.action("file.exportAll"), fileMenus.order);
     addMenu(window, "editMenu", commands,
             {"edit.undo", "edit.redo", "-", "edit.duplicate", "edit.delete", "-", "edit.selectAll",
-             "edit.invert", "edit.deselect"});
+             "edit.invert", "edit.deselect", "-", "edit.values"});
     addMenu(window, "createMenu", commands,
             {"create.rectangle", "create.ellipse", "create.polygon", "create.line", "create.tdot",
              "create.text"});
@@ -119,6 +119,7 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
         window, "viewMenu", commands,
         {"view.zoomIn", "view.zoomOut", "view.home", "-", "view.fitSelection", "view.fitAll", "-"});
     view.addActions(viewActions);
+    view.addAction(commands.action("view.resetLayout"));
     addMenu(window, "helpMenu", commands, {"help.about"});
 }
 
