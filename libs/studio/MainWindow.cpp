@@ -59,8 +59,8 @@ constexpr int kLayoutVersion = 1;
 
 constexpr int kStatusMs = 8000;
 constexpr int kDockWidth = 320;
-constexpr int kTreeHeight = 260;
-constexpr int kPanelHeight = 460;
+constexpr int kTreeHeight = 240;
+constexpr int kPanelHeight = 500;
 constexpr int kIdWidth = 64;
 constexpr int kTextWidth = 70;
 constexpr int kHandlePx = 24; ///< room outside the frame that its handles may take

@@ -1,5 +1,7 @@
 #include <studio/panel/HatchSection.h>
 
+#include <studio/panel/ChoiceBox.h>
+
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QGridLayout>
@@ -30,7 +32,7 @@ bool lacksHatch(const ShapeItem *item)
 
 HatchSection::HatchSection(ZTGraphicsDocument &document, QWidget *parent)
     : PanelSection(parent), m_edits(document), m_unit(new QLabel(this)),
-      m_kindLabel(new QLabel(this)), m_kind(new QComboBox(this)), m_spacingLabel(new QLabel(this)),
+      m_kindLabel(new QLabel(this)), m_kind(new ChoiceBox(this)), m_spacingLabel(new QLabel(this)),
       m_spacing(newField("panel.hatchSpacing", MeasureField::Quantity::Length, kSpacingMm)),
       m_angleLabel(new QLabel(this)),
       m_angle(newField("panel.hatchAngle", MeasureField::Quantity::Angle, kAngleDeg)),
@@ -74,16 +76,17 @@ void HatchSection::layOut()
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->addWidget(m_kindLabel, 0, 0);
-    grid->addWidget(m_kind, 0, 1, 1, 2);
+    grid->addWidget(m_kind, 0, 1, 1, 5);
     grid->addWidget(m_spacingLabel, 1, 0);
     grid->addWidget(m_spacing, 1, 1);
     grid->addWidget(m_unit, 1, 2);
-    grid->addWidget(m_angleLabel, 2, 0);
-    grid->addWidget(m_angle, 2, 1);
-    grid->addWidget(new QLabel(QStringLiteral("°"), this), 2, 2);
-    grid->addWidget(m_border, 3, 0, 1, 3);
-    grid->addWidget(m_hint, 4, 0, 1, 3);
+    grid->addWidget(m_angleLabel, 1, 3);
+    grid->addWidget(m_angle, 1, 4);
+    grid->addWidget(new QLabel(QStringLiteral("°"), this), 1, 5);
+    grid->addWidget(m_border, 2, 0, 1, 6);
+    grid->addWidget(m_hint, 3, 0, 1, 6);
     grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(4, 1);
     m_kindLabel->setBuddy(m_kind);
     m_spacingLabel->setBuddy(m_spacing);
     m_angleLabel->setBuddy(m_angle);
@@ -127,6 +130,7 @@ void HatchSection::follow(const ShapeItems &selected)
     showCommonFlag(*m_border, areas,
                    [](const ShapeItem &item) { return item.getFillParam().isEnableBorder; });
     m_hint->setText(hintFor(selected, areas));
+    m_hint->setVisible(!m_hint->text().isEmpty());
 }
 
 QString HatchSection::hintFor(const ShapeItems &selected, const ShapeItems &areas) const

@@ -5,6 +5,7 @@
 #include <studio/ShapeKinds.h>
 #include <studio/UndoTexts.h>
 #include <studio/commands/ExtrasCommand.h>
+#include <studio/panel/ChoiceBox.h>
 
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QCheckBox>
@@ -32,7 +33,7 @@ void push(ZTGraphicsDocument &document, const ExtrasCommand::Change &change, con
 
 ItemSection::ItemSection(ZTGraphicsDocument &document, DocumentActions &actions, QWidget *parent)
     : PanelSection(parent), m_document(document), m_actions(actions), m_nameLabel(new QLabel(this)),
-      m_name(new QLineEdit(this)), m_penLabel(new QLabel(this)), m_pen(new QComboBox(this)),
+      m_name(new QLineEdit(this)), m_penLabel(new QLabel(this)), m_pen(new ChoiceBox(this)),
       m_marked(newFlag("panel.marked", &hostkit::ItemExtras::isMarked,
                        QT_TRANSLATE_NOOP("studio::UndoTexts", "Change what is marked"))),
       m_locked(newFlag("panel.locked", &hostkit::ItemExtras::isLocked,

@@ -89,6 +89,8 @@ void KindSection::follow(const ShapeItems &selected)
     const bool areEllipses = areAll<ZTGraphicsEllipseItem>(selected);
     m_firstDiameter.setVisible(areEllipses);
     m_secondDiameter.setVisible(areEllipses);
+    setVisible(areAll<ZTGraphicsPolygonItem>(selected) || areAll<ZTGraphicsLineItem>(selected) ||
+               areEllipses);
     followPlaces(selected);
 }
 

@@ -24,7 +24,10 @@ class PanelSection : public QWidget
 public:
     explicit PanelSection(QWidget *parent = nullptr);
 
-    /** Shows what the selected shapes are now; they may be none. */
+    /**
+     * Shows what the selected shapes are now; they may be none. A section that has nothing to say
+     * of them may hide itself.
+     */
     virtual void follow(const ShapeItems &selected) = 0;
 
     /** Shows where they are now, while they are dragged; nothing else about them has changed. */

@@ -98,10 +98,12 @@ void ShapePanel::addSection(Page page, PanelSection *section)
 {
     QVBoxLayout &layout = *m_pages[static_cast<int>(page)];
     // The last entry is the stretch below all sections.
-    if (layout.count() > 1)
-        layout.insertWidget(layout.count() - 1, newRule(this));
+    QFrame *rule = layout.count() > 1 ? newRule(this) : nullptr;
+    if (rule != nullptr)
+        layout.insertWidget(layout.count() - 1, rule);
     layout.insertWidget(layout.count() - 1, section);
     m_sections.append(section);
+    m_rules.append(rule);
     connect(section, &PanelSection::told, this, &ShapePanel::tell);
     connect(section, &PanelSection::tried, &m_followTimer, qOverload<>(&QTimer::start));
 }
@@ -141,8 +143,11 @@ void ShapePanel::follow()
         m_count->setText(tr("1 shape selected"));
     else
         m_count->setText(tr("%1 shapes selected").arg(selected.size()));
-    for (PanelSection *section : qAsConst(m_sections))
-        section->follow(selected);
+    for (int i = 0; i < m_sections.size(); ++i) {
+        m_sections[i]->follow(selected);
+        if (m_rules[i] != nullptr)
+            m_rules[i]->setVisible(!m_sections[i]->isHidden());
+    }
 }
 
 void ShapePanel::followPlaces()

@@ -8,6 +8,7 @@
 #include <functional>
 
 QT_BEGIN_NAMESPACE
+class QFrame;
 class QLabel;
 class QTabWidget;
 class QVBoxLayout;
@@ -75,6 +76,7 @@ private:
     QVector<Title> m_titles;        ///< by page
     QVector<QVBoxLayout *> m_pages; ///< those that take sections, by `Page`
     QVector<PanelSection *> m_sections;
+    QVector<QFrame *> m_rules; ///< above each section; null above the first of a page
     BoxSection *m_box = nullptr;
     QTimer m_followTimer; ///< gathers what happens together
     QTimer m_placesTimer;

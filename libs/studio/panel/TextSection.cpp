@@ -2,6 +2,7 @@
 
 #include <studio/UndoTexts.h>
 #include <studio/commands/ShapeStep.h>
+#include <studio/panel/ChoiceBox.h>
 #include <studio/text/StrokeFonts.h>
 
 #include <QtWidgets/QCheckBox>
@@ -42,9 +43,9 @@ auto commonSetting(const QVector<TextSettings> &settings, const ValueOf &valueOf
 
 TextSection::TextSection(ZTGraphicsDocument &document, QWidget *parent)
     : PanelSection(parent), m_document(document), m_hint(new QLabel(this)),
-      m_words(new QPushButton(this)), m_kind(new QComboBox(this)),
-      m_family(new QFontComboBox(this)), m_letters(new QComboBox(this)),
-      m_chinese(new QComboBox(this)), m_arc(new QCheckBox(this))
+      m_words(new QPushButton(this)), m_kind(new ChoiceBox(this)),
+      m_family(new QFontComboBox(this)), m_letters(new ChoiceBox(this)),
+      m_chinese(new ChoiceBox(this)), m_arc(new QCheckBox(this))
 {
     m_hint->setObjectName(QStringLiteral("panel.textHint"));
     m_hint->setWordWrap(true);
