@@ -5,7 +5,7 @@
 #include <studio/panel/MeasureField.h>
 #include <studio/panel/ShapePanel.h>
 
-#include <hostkit/drawing/ItemExtras.h>
+#include <hostkit/items/ItemExtras.h>
 
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QCheckBox>

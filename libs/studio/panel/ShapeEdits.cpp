@@ -3,8 +3,8 @@
 #include <studio/UndoTexts.h>
 #include <studio/commands/HatchCommand.h>
 #include <studio/commands/PlacementCommand.h>
-#include <studio/commands/ShapeStep.h>
 #include <studio/panel/OutlineProbe.h>
+#include <studio/panel/ShapeStep.h>
 #include <studio/panel/TypedMeasure.h>
 
 #include <QtWidgets/QUndoStack>

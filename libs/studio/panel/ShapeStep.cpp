@@ -1,4 +1,4 @@
-#include <studio/commands/ShapeStep.h>
+#include <studio/panel/ShapeStep.h>
 
 #include <studio/commands/FramePause.h>
 #include <studio/commands/ShapeStateCommand.h>
