@@ -8,6 +8,10 @@
         <translation>关于(&amp;A)</translation>
     </message>
     <message>
+        <source>&amp;Copy</source>
+        <translation>复制(&amp;C)</translation>
+    </message>
+    <message>
         <source>&amp;Delete</source>
         <translation>删除(&amp;D)</translation>
     </message>
@@ -18,6 +22,10 @@
     <message>
         <source>&amp;Export mark paths...</source>
         <translation>导出标刻路径(&amp;E)...</translation>
+    </message>
+    <message>
+        <source>&amp;Group</source>
+        <translation>组合(&amp;G)</translation>
     </message>
     <message>
         <source>&amp;Home</source>
@@ -48,6 +56,10 @@
         <translation>打开(&amp;O)...</translation>
     </message>
     <message>
+        <source>&amp;Paste</source>
+        <translation>粘贴(&amp;P)</translation>
+    </message>
+    <message>
         <source>&amp;Polygon</source>
         <translation>多边形(&amp;P)</translation>
     </message>
@@ -66,6 +78,10 @@
     <message>
         <source>&amp;Save</source>
         <translation>保存(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Select</source>
+        <translation>选择(&amp;S)</translation>
     </message>
     <message>
         <source>&amp;TDOT figure</source>
@@ -116,6 +132,10 @@
         <translation>中心重合(&amp;E)</translation>
     </message>
     <message>
+        <source>Copy to the clipboard</source>
+        <translation>复制到剪贴板</translation>
+    </message>
+    <message>
         <source>Create a TDOT figure</source>
         <translation>创建 TDOT 图形</translation>
     </message>
@@ -138,6 +158,14 @@
     <message>
         <source>Create an ellipse</source>
         <translation>创建椭圆</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>剪切(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Cut out to the clipboard</source>
+        <translation>剪切到剪贴板</translation>
     </message>
     <message>
         <source>D&amp;uplicate</source>
@@ -188,6 +216,10 @@
         <translation>左移 10 mm</translation>
     </message>
     <message>
+        <source>Make one group of the selected shapes</source>
+        <translation>把选中的图形组合为一组</translation>
+    </message>
+    <message>
         <source>Matri&amp;x...</source>
         <translation>阵列(&amp;X)...</translation>
     </message>
@@ -206,6 +238,26 @@
     <message>
         <source>Open a drawing</source>
         <translation>打开图纸</translation>
+    </message>
+    <message>
+        <source>Paste &amp;here</source>
+        <translation>粘贴到此处(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Paste at the mouse</source>
+        <translation>粘贴到鼠标所在处</translation>
+    </message>
+    <message>
+        <source>Paste exactly where it was copied from</source>
+        <translation>粘贴到复制时的原位置</translation>
+    </message>
+    <message>
+        <source>Paste in p&amp;lace</source>
+        <translation>原位粘贴(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Paste shapes, SVG drawings or text from the clipboard</source>
+        <translation>从剪贴板粘贴图形、SVG 图或文字</translation>
     </message>
     <message>
         <source>R&amp;otate by...</source>
@@ -268,6 +320,10 @@
         <translation>全选(&amp;A)</translation>
     </message>
     <message>
+        <source>Select and move shapes</source>
+        <translation>选择和移动图形</translation>
+    </message>
+    <message>
         <source>Select n&amp;othing</source>
         <translation>取消选择(&amp;O)</translation>
     </message>
@@ -284,6 +340,10 @@
         <translation>显示全部选中图形</translation>
     </message>
     <message>
+        <source>Take the selected groups apart</source>
+        <translation>拆开选中的组</translation>
+    </message>
+    <message>
         <source>Te&amp;xt</source>
         <translation>文字(&amp;X)</translation>
     </message>
@@ -294,6 +354,10 @@
     <message>
         <source>Type into the selected text on the drawing</source>
         <translation>在图纸上编辑选中的文字</translation>
+    </message>
+    <message>
+        <source>U&amp;ngroup</source>
+        <translation>取消组合(&amp;N)</translation>
     </message>
     <message>
         <source>Up by 0.1 mm</source>
@@ -380,6 +444,33 @@
     <message>
         <source>The drawing is not protected against a crash.</source>
         <translation>图纸当前没有崩溃保护。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ClipboardActions</name>
+    <message>
+        <source>It has %L1 characters; at most %L2 become a text.</source>
+        <translation>共有 %L1 个字符；一个文本最多 %L2 个。</translation>
+    </message>
+    <message>
+        <source>The clipboard holds nothing that can be pasted</source>
+        <translation>剪贴板中没有可以粘贴的内容</translation>
+    </message>
+    <message>
+        <source>The shapes were not copied.</source>
+        <translation>图形未能复制。</translation>
+    </message>
+    <message>
+        <source>The shapes were not pasted.</source>
+        <translation>图形未能粘贴。</translation>
+    </message>
+    <message>
+        <source>The text was not pasted.</source>
+        <translation>文字未能粘贴。</translation>
+    </message>
+    <message>
+        <source>clipboard</source>
+        <translation>剪贴板</translation>
     </message>
 </context>
 <context>
@@ -548,6 +639,29 @@
     </message>
 </context>
 <context>
+    <name>studio::DrawingTools</name>
+    <message>
+        <source>%1 mm, %2°</source>
+        <translation>%1 毫米，%2°</translation>
+    </message>
+    <message>
+        <source>%1 × %2 mm</source>
+        <translation>%1 × %2 毫米</translation>
+    </message>
+    <message>
+        <source>%1: drag a box, or click. Shift keeps the proportions, Alt begins in the middle, Esc gives up</source>
+        <translation>%1：拖出方框，或单击。Shift 保持比例，Alt 从中心开始，Esc 放弃</translation>
+    </message>
+    <message>
+        <source>%1: drag from end to end. Shift keeps to steps of 15°, Alt begins in the middle, Esc gives up</source>
+        <translation>%1：从一端拖到另一端。Shift 按 15° 步进，Alt 从中点开始，Esc 放弃</translation>
+    </message>
+    <message>
+        <source>A shape needs a width and a height: drag a box</source>
+        <translation>图形需要宽度和高度：请拖出方框</translation>
+    </message>
+</context>
+<context>
     <name>studio::ExportJob</name>
     <message>
         <source>the file cannot be replaced</source>
@@ -686,6 +800,21 @@
     <message>
         <source>Width of the letters; at 100 % they are as the font has them</source>
         <translation>字母的宽度；100 % 时与字体原样相同</translation>
+    </message>
+</context>
+<context>
+    <name>studio::GroupTools</name>
+    <message>
+        <source>No group is selected</source>
+        <translation>没有选中任何组</translation>
+    </message>
+    <message>
+        <source>These shapes are one group already</source>
+        <translation>这些图形已经是一组</translation>
+    </message>
+    <message>
+        <source>Within a group: its shapes are on their own, Esc leaves it</source>
+        <translation>已进入组：组内图形可单独编辑，Esc 退出</translation>
     </message>
 </context>
 <context>
@@ -1427,6 +1556,10 @@
         <translation>创建文字</translation>
     </message>
     <message>
+        <source>Cut</source>
+        <translation>剪切</translation>
+    </message>
+    <message>
         <source>Delete</source>
         <translation>删除</translation>
     </message>
@@ -1437,6 +1570,10 @@
     <message>
         <source>Free proportions</source>
         <translation>解除比例锁定</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>组合</translation>
     </message>
     <message>
         <source>Import %1</source>
@@ -1463,6 +1600,10 @@
         <translation>移动</translation>
     </message>
     <message>
+        <source>Paste</source>
+        <translation>粘贴</translation>
+    </message>
+    <message>
         <source>Resize</source>
         <translation>调整大小</translation>
     </message>
@@ -1473,6 +1614,10 @@
     <message>
         <source>Type text</source>
         <translation>输入文字</translation>
+    </message>
+    <message>
+        <source>Ungroup</source>
+        <translation>取消组合</translation>
     </message>
 </context>
 <context>
@@ -1604,12 +1749,12 @@
         <translation>视图(&amp;V)</translation>
     </message>
     <message>
-        <source>Align</source>
-        <translation>对齐</translation>
+        <source>&amp;With the mouse</source>
+        <translation>用鼠标绘制(&amp;W)</translation>
     </message>
     <message>
-        <source>Create</source>
-        <translation>创建</translation>
+        <source>Align</source>
+        <translation>对齐</translation>
     </message>
     <message>
         <source>Edit</source>
@@ -1622,6 +1767,10 @@
     <message>
         <source>Text</source>
         <translation>文字</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>工具</translation>
     </message>
     <message>
         <source>Transform</source>
