@@ -19,6 +19,7 @@ class ZTObjectTreeWidget;
 namespace studio {
 
 class ClipboardActions;
+class CodeTools;
 class Commands;
 class ContextMenus;
 class CrashGuard;
@@ -57,6 +58,7 @@ public:
     DocumentActions &edit() const { return *m_actions; }
     ViewNavigation &navigation() const { return *m_viewNavigation; }
     TextTools &text() const { return *m_textTools; }
+    CodeTools &codes() const { return *m_codeTools; }
     Exporter &exporter() const { return *m_fileExporter; }
     Commands &commands() const { return *m_commandSet; }
     DrawingFiles &files() const { return *m_drawingFiles; }
@@ -125,6 +127,7 @@ private:
     DocumentActions *m_actions = nullptr;
     ViewNavigation *m_viewNavigation = nullptr;
     TextTools *m_textTools = nullptr;
+    CodeTools *m_codeTools = nullptr;
     Exporter *m_fileExporter = nullptr;
     DrawingTools *m_tools = nullptr;
     ClipboardActions *m_clipboard = nullptr;
