@@ -2,6 +2,7 @@
 
 #include <studio/Messages.h>
 
+#include <QtCore/QByteArray>
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
 #include <QtWidgets/QMainWindow>
@@ -35,6 +36,7 @@ class Language;
 class MatrixDialog;
 class OrderMenu;
 class PropertyDock;
+class ShapePanel;
 class StatusBar;
 class TextTools;
 class ViewNavigation;
@@ -63,6 +65,7 @@ public:
     CodeTools &codes() const { return *m_codeTools; }
     Exporter &exporter() const { return *m_fileExporter; }
     Commands &commands() const { return *m_commandSet; }
+    ShapePanel &panel() const { return *m_panel; }
     DrawingFiles &files() const { return *m_drawingFiles; }
     DrawingTools &tools() const { return *m_tools; }
     ClipboardActions &clipboard() const { return *m_clipboard; }
@@ -91,6 +94,7 @@ public:
     void pasteAtMenu();     ///< where the context menu was opened
     void leaveOrDeselect(); ///< one group outward, or else nothing selected
     void showRecovery();
+    void resetLayout(); ///< of docks and toolbars, as at the first start
     void fitSelection();
     void fitAll();
     void showAbout();
@@ -127,6 +131,7 @@ private:
     ZTGraphicsDocument *m_drawing = nullptr; ///< child, as all below
     ZTObjectTreeWidget *m_tree = nullptr;
     QDockWidget *m_treeDock = nullptr;
+    ShapePanel *m_panel = nullptr;
     PropertyDock *m_properties = nullptr;
     DocumentActions *m_actions = nullptr;
     ViewNavigation *m_viewNavigation = nullptr;
@@ -146,6 +151,7 @@ private:
     QPointer<MatrixDialog> m_matrixDialog;
     QPointer<CircleDialog> m_circleDialog;
     std::unique_ptr<Importer> m_importer;
+    QByteArray m_firstLayout; ///< of docks and toolbars
     QTimer m_stateTimer;
     QRectF m_paintedFramePx; ///< where the selection frame stood when it was seen last; or null
     bool m_isLetGo = false;  ///< the user closes the window, and the changes may be lost
