@@ -17,10 +17,13 @@
 #include <ZTDrawEngineLib/common/ZTRoundingParam.h>
 #include <ZTDrawEngineLib/common/ZTShxFontParam.h>
 #include <ZTDrawEngineLib/common/ZTSingletonTemplate.h>
+#include <ZTDrawEngineLib/document/ZTAbstractAxis.h>
 #include <ZTDrawEngineLib/document/ZTCoord.h>
 #include <ZTDrawEngineLib/document/ZTDrawEngineLib.h>
 #include <ZTDrawEngineLib/document/ZTGraphicsDocument.h>
 #include <ZTDrawEngineLib/document/ZTGraphicsView.h>
+#include <ZTDrawEngineLib/document/ZTHorizontalAxis.h>
+#include <ZTDrawEngineLib/document/ZTVerticalAxis.h>
 #include <ZTDrawEngineLib/items/ZTAbstractGraphicsItem.h>
 #include <ZTDrawEngineLib/items/ZTAbstractGraphicsTextItem.h>
 #include <ZTDrawEngineLib/items/ZTGraphicsEllipseItem.h>

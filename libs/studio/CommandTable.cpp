@@ -7,6 +7,8 @@
 #include <studio/ViewNavigation.h>
 #include <studio/arrange/ArrangeActions.h>
 #include <studio/canvas/DrawingTools.h>
+#include <studio/canvas/GuideTools.h>
+#include <studio/canvas/SnapTools.h>
 #include <studio/clipboard/ClipboardActions.h>
 #include <studio/code/CodeTools.h>
 #include <studio/drawing/DrawingFiles.h>
@@ -17,6 +19,8 @@
 #include <QtCore/QCoreApplication>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QActionGroup>
+
+#include <cstring>
 
 namespace studio {
 
@@ -251,6 +255,19 @@ const QVector<Command> kFixedCommands = {
      TEXT("Put panels and toolbars where they were at first"), Needs::Nothing, kWindow,
      [](MainWindow &w) { w.resetLayout(); }},
 
+    {"view.rulers", TEXT("&Rulers"), "", "Ctrl+Alt+R", TEXT("Show rulers; drag guides out of them"),
+     Needs::Nothing, kWindow, [](MainWindow &w) { w.toggleRulers(); }, kSwitch},
+    {"view.grid", TEXT("&Grid"), "", "Ctrl+Alt+G", TEXT("Show the grid"), Needs::Nothing, kWindow,
+     [](MainWindow &w) { w.toggleGrid(); }, kSwitch},
+    {"view.snapToShapes", TEXT("To &shapes"), "", "", TEXT("To edges, middles and ends of shapes"),
+     Needs::Nothing, kWindow, [](MainWindow &w) { w.toggleSnap(&SnapChoice::toShapes); }, kSwitch},
+    {"view.snapToGuides", TEXT("To g&uides"), "", "", "", Needs::Nothing, kWindow,
+     [](MainWindow &w) { w.toggleSnap(&SnapChoice::toGuides); }, kSwitch},
+    {"view.snapToGrid", TEXT("To the &grid"), "", "", "", Needs::Nothing, kWindow,
+     [](MainWindow &w) { w.toggleSnap(&SnapChoice::toGrid); }, kSwitch},
+    {"view.removeGuides", TEXT("Remove all g&uides"), "", "", "", Needs::Nothing, kWindow,
+     [](MainWindow &w) { w.guides().removeAll(); }},
+
     {"nudge.left", TEXT("Left by 1 mm"), "", "Left", "", Needs::Selection, kView, &nudge<-1, 0>},
     {"nudge.right", TEXT("Right by 1 mm"), "", "Right", "", Needs::Selection, kView, &nudge<1, 0>},
     {"nudge.up", TEXT("Up by 1 mm"), "", "Up", "", Needs::Selection, kView, &nudge<0, -1>},
@@ -300,6 +317,9 @@ QVector<Command> toolCommands()
                                   TEXT("Select and move shapes"), Needs::Nothing, kWindow,
                                   [](MainWindow &w) { w.tools().choose(DrawingTools::kSelect); },
                                   kToolChoice}};
+    commands.append({DrawingTools::kMeasure, TEXT("&Measure"), "measure", "M",
+                     TEXT("Measure distances and angles"), Needs::Nothing, kWindow,
+                     [](MainWindow &w) { w.tools().choose(DrawingTools::kMeasure); }, kToolChoice});
     for (const ShapeKind &kind : shapeKinds()) {
         if (*kind.tool == '\0')
             continue;
@@ -391,7 +411,9 @@ Commands::Commands(MainWindow &window, QWidget &view) : QObject(&window)
     QHash<QByteArray, QActionGroup *> choices;
     for (const Command &command : commandTable()) {
         QAction *action = newAction(command, this);
-        if (*command.choice != '\0') {
+        if (std::strcmp(command.choice, kSwitch) == 0) {
+            action->setCheckable(true);
+        } else if (*command.choice != '\0') {
             QActionGroup *&choice = choices[command.choice];
             if (choice == nullptr)
                 choice = new QActionGroup(this);

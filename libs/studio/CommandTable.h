@@ -37,6 +37,9 @@ enum class ShortcutScope {
     View    ///< in the drawing alone: elsewhere the keys have a use of their own
 };
 
+/** The choice of a command that is on or off by itself. */
+constexpr const char *kSwitch = "switch";
+
 /** One entry of the table of commands. */
 struct Command
 {
@@ -48,7 +51,9 @@ struct Command
     Needs needs;
     ShortcutScope scope;
     std::function<void(MainWindow &window)> run;
-    const char *choice = ""; ///< name of the commands of which exactly one is chosen; or empty
+
+    /** Name of the commands of which exactly one is chosen; `kSwitch`: on or off; else empty. */
+    const char *choice = "";
 };
 
 /**

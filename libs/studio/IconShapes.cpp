@@ -45,6 +45,7 @@ constexpr IconShape kShapes[] = {
     {"import", "M 4 14 L 4 21 L 20 21 L 20 14 M 12 3 L 12 16 M 7 11 L 12 16 L 17 11", ""},
     {"line", "M 4 20 L 20 4", "E 2 18 4 4 E 18 2 4 4"},
     {"matrix", "R 3 3 7 7 R 14 3 7 7 R 3 14 7 7 R 14 14 7 7", "R 4 4 5 5"},
+    {"measure", "M 3 16 L 16 3 L 21 8 L 8 21 Z M 7 12 L 9 14 M 10 9 L 13 12 M 13 6 L 15 8", ""},
     {"mirror-horizontal", "M 12 2 L 12 22 M 10 6 L 10 18 L 3 18 Z", "M 14 6 L 14 18 L 21 18 Z"},
     {"mirror-vertical", "M 2 12 L 22 12 M 6 10 L 18 10 L 18 3 Z", "M 6 14 L 18 14 L 18 21 Z"},
     {"new", "M 6 2.5 L 14 2.5 L 19 7.5 L 19 21.5 L 6 21.5 Z M 14 2.5 L 14 7.5 L 19 7.5", ""},

@@ -20,6 +20,11 @@
 #include <studio/arrange/ArrangeActions.h>
 #include <studio/arrange/CircleDialog.h>
 #include <studio/canvas/DrawingTools.h>
+#include <studio/canvas/EmptyHint.h>
+#include <studio/canvas/GridItem.h>
+#include <studio/canvas/GuideTools.h>
+#include <studio/canvas/RotateHandle.h>
+#include <studio/canvas/SnapTools.h>
 #include <studio/clipboard/ClipboardActions.h>
 #include <studio/code/CodeTools.h>
 #include <studio/commands/ItemSetCommand.h>
@@ -33,6 +38,7 @@
 #include <studio/text/TextTools.h>
 
 #include <hostkit/drawing/SampleDrawing.h>
+#include <hostkit/view/ViewRulers.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -40,6 +46,7 @@
 #include <QtCore/QSettings>
 #include <QtGui/QClipboard>
 #include <QtGui/QCloseEvent>
+#include <QtGui/QPainter>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QDockWidget>
@@ -69,7 +76,9 @@ constexpr int kTreeHeight = 240;
 constexpr int kPanelHeight = 500;
 constexpr int kIdWidth = 64;
 constexpr int kTextWidth = 70;
-constexpr int kHandlePx = 24; ///< room outside the frame that its handles may take
+constexpr double kFrameOutset = 3.0; ///< pixels on the screen
+constexpr int kMostSmooth = 20000;   ///< shapes; with more of them lines are drawn quickly
+constexpr int kHandlePx = 24;        ///< room outside the frame that its handles may take
 const QSize kFirstSize(1280, 820);
 
 /** Files that come in together: drawings are opened, all else is imported. */
@@ -114,6 +123,11 @@ MainWindow::~MainWindow()
     delete m_arrange;
     delete m_codeTools;
     delete m_tools;
+    delete m_rotateHandle;
+    delete m_guides;
+    delete m_snap;
+    m_grid.reset();
+    delete m_emptyHint;
     delete m_groups;
     delete m_clipboard;
     delete m_textTools;
@@ -135,12 +149,21 @@ MainWindow::~MainWindow()
 void MainWindow::buildDocument()
 {
     m_drawing = new ZTGraphicsDocument(this);
-    setCentralWidget(m_drawing);
+    m_rulers = new hostkit::ViewRulers(m_drawing, this);
+    m_rulers->vertical().setDownward(true); // as all places in the studio
+    setCentralWidget(m_rulers);
+    m_grid = std::make_unique<GridItem>(*m_drawing->scene());
+    m_drawing->view()->setGridVisible(false);
+    m_drawing->scene()->getGraphicsResizeItem()->setOutset(kFrameOutset);
+    m_emptyHint = new EmptyHint(*m_drawing);
     // Paper is white in every theme: shapes are drawn in the colours of their pens.
     m_drawing->view()->setBackgroundBrush(Qt::white);
     m_drawing->view()->setFocus();
 
     m_actions = new DocumentActions(*m_drawing, this);
+    m_rotateHandle = new RotateHandle(*m_drawing, *m_actions, this);
+    m_snap = new SnapTools(*m_drawing, this);
+    m_guides = new GuideTools(*m_drawing, *m_snap, *this);
     m_groups = new GroupTools(*m_drawing, this);
     m_tools = new DrawingTools(*m_drawing, *m_actions, this);
     // After the tools: who pans, pans with every tool.
@@ -177,6 +200,15 @@ void MainWindow::buildTools()
     connect(m_arrange, &ArrangeActions::alignToChanged, this, &MainWindow::refreshCommands);
     connect(m_groups, &GroupTools::told, m_status,
             [this](const QString &words) { m_status->showMessage(words); });
+    m_guides->watchRuler(m_rulers->horizontal(), Qt::Horizontal);
+    m_guides->watchRuler(m_rulers->vertical(), Qt::Vertical);
+    m_tools->setSnap([this](const QPointF &placePx,
+                            Qt::KeyboardModifiers keys) { return m_snap->place(placePx, keys); },
+                     [this] { m_snap->hide(); });
+    connect(m_rotateHandle, &RotateHandle::told, m_status,
+            [this](const QString &words) { m_status->showMessage(words); });
+    connect(m_snap, &SnapTools::told, m_status,
+            [this](const QString &words) { m_status->showMessage(words); });
     connect(m_tools, &DrawingTools::told, m_status,
             [this](const QString &words) { m_status->showMessage(words); });
     connect(m_tools, &DrawingTools::chosen, this,
@@ -189,6 +221,36 @@ void MainWindow::buildTools()
 void MainWindow::showTool()
 {
     m_commandSet->action(m_tools->chosenId().constData())->setChecked(true);
+}
+
+void MainWindow::showCanvasChoices()
+{
+    const SnapChoice &snap = m_snap->choice();
+    m_commandSet->action("view.snapToShapes")->setChecked(snap.toShapes);
+    m_commandSet->action("view.snapToGuides")->setChecked(snap.toGuides);
+    m_commandSet->action("view.snapToGrid")->setChecked(snap.toGrid);
+    m_commandSet->action("view.rulers")->setChecked(m_rulers->areRulersVisible());
+    m_commandSet->action("view.grid")->setChecked(m_grid->isVisible());
+}
+
+void MainWindow::toggleSnap(bool SnapChoice::*what)
+{
+    SnapChoice choice = m_snap->choice();
+    choice.*what = !(choice.*what);
+    m_snap->setChoice(choice);
+    showCanvasChoices();
+}
+
+void MainWindow::toggleRulers()
+{
+    m_rulers->setRulersVisible(!m_rulers->areRulersVisible());
+    showCanvasChoices();
+}
+
+void MainWindow::toggleGrid()
+{
+    m_grid->setVisible(!m_grid->isVisible());
+    showCanvasChoices();
 }
 
 void MainWindow::pasteAtMenu() { m_clipboard->pasteAt(m_contextMenus->placePx()); }
@@ -252,6 +314,7 @@ void MainWindow::buildCommands()
     m_commandSet = new Commands(*this, *m_drawing->view());
     showTool();
     m_commandSet->action("arrange.toEachOther")->setChecked(true);
+    showCanvasChoices();
     m_orderMenu = new OrderMenu(this);
     auto *recentMenu = new RecentMenu(this);
     connect(recentMenu, &RecentMenu::chosen, this,
@@ -320,6 +383,8 @@ void MainWindow::connectFiles()
         navigation().home();
     });
     connect(m_drawingFiles, &DrawingFiles::loaded, this, &MainWindow::showReplacedDrawing);
+    connect(m_drawingFiles, &DrawingFiles::loaded, m_guides, &GuideTools::follow);
+    connect(m_drawingFiles, &DrawingFiles::emptied, m_guides, &GuideTools::follow);
     connect(m_drawingFiles, &DrawingFiles::saved, this, [this](const QString &path) {
         m_status->showMessage(tr("Saved to %1").arg(QDir::toNativeSeparators(path)), kStatusMs);
     });
@@ -377,6 +442,8 @@ void MainWindow::refreshTitle()
 void MainWindow::refreshCommands()
 {
     EditorState state;
+    m_drawing->view()->setRenderHint(QPainter::Antialiasing,
+                                     m_drawing->itemMag()->itemModel()->rowCount() <= kMostSmooth);
     state.shapes = m_drawing->itemMag()->itemModel()->rowCount();
     state.selected = m_drawing->scene()->selectedItems().size();
     state.isAlignable = m_arrange->canAlign();

@@ -17,6 +17,10 @@ QT_END_NAMESPACE
 class ZTGraphicsDocument;
 class ZTObjectTreeWidget;
 
+namespace hostkit {
+class ViewRulers;
+}
+
 namespace studio {
 
 class ArrangeActions;
@@ -30,17 +34,23 @@ class DocumentActions;
 class DrawingFiles;
 class DrawingTools;
 class Exporter;
+class EmptyHint;
+class GridItem;
 class GroupTools;
+class GuideTools;
 class Importer;
 class Language;
 class MatrixDialog;
 class OrderMenu;
 class PropertyDock;
+class RotateHandle;
 class ShapePanel;
+class SnapTools;
 class StatusBar;
 class TextTools;
 class ViewNavigation;
 struct CrashGuardSetup;
+struct SnapChoice;
 struct ReadDrawing;
 
 /**
@@ -71,6 +81,9 @@ public:
     ClipboardActions &clipboard() const { return *m_clipboard; }
     GroupTools &groups() const { return *m_groups; }
     ArrangeActions &arrange() const { return *m_arrange; }
+    SnapTools &snapping() const { return *m_snap; }
+    GuideTools &guides() const { return *m_guides; }
+    RotateHandle &rotateHandle() const { return *m_rotateHandle; }
 
     /** Keeps recovery files from now on, and offers those that were left behind. */
     void guardAgainstCrashes(const CrashGuardSetup &setup);
@@ -91,6 +104,9 @@ public:
     void chooseRotation();
     void showMatrixDialog();
     void showCircleDialog();
+    void toggleSnap(bool SnapChoice::*what); ///< to shapes, to guides or to the grid
+    void toggleRulers();
+    void toggleGrid();
     void pasteAtMenu();     ///< where the context menu was opened
     void leaveOrDeselect(); ///< one group outward, or else nothing selected
     void showRecovery();
@@ -113,6 +129,7 @@ private:
     void connectFrame();
     void buildTools();
     void showTool();
+    void showCanvasChoices();
     void repaintFrame();
     bool offerImport(const QStringList &paths, std::optional<QPointF> scenePx);
     bool offerDrawing(const ReadDrawing &read, std::optional<QPointF> scenePx);
@@ -142,6 +159,12 @@ private:
     ClipboardActions *m_clipboard = nullptr;
     GroupTools *m_groups = nullptr;
     ArrangeActions *m_arrange = nullptr;
+    SnapTools *m_snap = nullptr;
+    GuideTools *m_guides = nullptr;
+    RotateHandle *m_rotateHandle = nullptr;
+    hostkit::ViewRulers *m_rulers = nullptr;
+    EmptyHint *m_emptyHint = nullptr; ///< child of the document
+    std::unique_ptr<GridItem> m_grid;
     Commands *m_commandSet = nullptr;
     ContextMenus *m_contextMenus = nullptr;
     StatusBar *m_status = nullptr;

@@ -35,6 +35,7 @@ constexpr Title kMenuTitles[] = {
     {"alignToMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "Align &to")},
     {"nudgeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Nudge")},
     {"viewMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&View")},
+    {"snapMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "S&nap")},
     {"helpMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Help")},
 };
 
@@ -158,6 +159,11 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
     QMenu &view = addMenu(
         window, "viewMenu", commands,
         {"view.zoomIn", "view.zoomOut", "view.home", "-", "view.fitSelection", "view.fitAll", "-"});
+    fill(view, commands, {"view.rulers", "view.grid", "view.removeGuides"});
+    QMenu *snap = view.addMenu(QString());
+    snap->setObjectName(QStringLiteral("snapMenu"));
+    fill(*snap, commands, {"view.snapToShapes", "view.snapToGuides", "view.snapToGrid"});
+    view.addSeparator();
     view.addActions(viewActions);
     view.addAction(commands.action("view.resetLayout"));
     addMenu(window, "toolsMenu", commands, {"tools.verifyCodes"});

@@ -12,8 +12,6 @@ TESTED_TOGETHER = {
     "tst_PlainItems": {"ZTGraphicsRectItem", "ZTGraphicsEllipseItem", "ZTGraphicsTdotItem"},
     "tst_ZTAxes": {"ZTHorizontalAxis", "ZTVerticalAxis"},
 }
-# Installed beside their families, yet not exported: hosts have no use for them.
-INTERNAL = {"ZTAbstractAxis", "ZTHorizontalAxis", "ZTVerticalAxis"}
 
 
 def main():
@@ -33,7 +31,7 @@ def main():
             problems.append(f"libs/{name}: Qt keyword; use Q_SLOTS, Q_SIGNALS, Q_EMIT")
         is_umbrella = header == ENGINE / "ZTDrawEngineLib.h"
         is_macros = header.stem.endswith("Global")
-        is_for_hosts = not is_umbrella and not is_macros and header.stem not in INTERNAL
+        is_for_hosts = not is_umbrella and not is_macros
         if is_for_hosts and f"<{name}>" not in umbrella:
             problems.append(f"libs/{name}: missing in the umbrella header")
         if header.stem not in tested and not is_macros:

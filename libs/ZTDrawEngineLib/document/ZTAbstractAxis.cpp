@@ -31,6 +31,12 @@ void ZTAbstractAxis::setOrigin(double v)
 
 double ZTAbstractAxis::getLength() const { return length; }
 
+void ZTAbstractAxis::setLength(double v)
+{
+    length = v / tickStep;
+    update();
+}
+
 void ZTAbstractAxis::setPixelsPerUnit(double pixels)
 {
     pixelsPerUnit = pixels;

@@ -7,10 +7,10 @@
 /**
  * Base of the rulers: a strip with ticks and numbers in millimetres. Paints nothing itself.
  *
- * Internal: complete as a widget, yet nothing constructs one. A view's scale and scroll offset hold
- * what `pixelsPerUnit` and `origin` need.
+ * The library constructs none: a host puts rulers beside a view and keeps them in step with its
+ * scale and its scrolling.
  */
-class ZTDRAWENGINELIB_PRIVATE_EXPORT ZTAbstractAxis : public QWidget
+class ZTDRAWENGINELIB_EXPORT ZTAbstractAxis : public QWidget
 {
     Q_OBJECT
 
@@ -19,7 +19,8 @@ public:
 
     double getOrigin() const;             ///< first position shown, in ticks
     void setOrigin(double v);             ///< takes the position in ruler units; repaints
-    double getLength() const;             ///< extent shown, in ticks
+    double getLength() const;             ///< extent shown, in ticks; 0 at first: no ticks
+    void setLength(double v);             ///< takes the extent in ruler units; repaints
     void setPixelsPerUnit(double pixels); ///< pixels per millimetre; repaints
     double getTickStep() const;           ///< distance between ticks in ruler units
     void setTickStep(double step);        ///< stored without a repaint
@@ -52,7 +53,7 @@ protected:
     QString label(int number) const;
 
     double origin = 0.0;
-    double length = 0.0; ///< no setter: a host that connects rulers adds one
+    double length = 0.0;
     double pixelsPerUnit = 0.0;
     double tickStep = 10.0;
 };

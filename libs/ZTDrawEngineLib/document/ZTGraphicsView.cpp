@@ -108,6 +108,14 @@ QRect ZTGraphicsView::getWorkArea() const { return m_workArea; }
 
 void ZTGraphicsView::setWorkArea(QRect areaMm) { m_workArea = areaMm; }
 
+void ZTGraphicsView::setGridVisible(bool isVisible)
+{
+    m_isGridVisible = isVisible;
+    viewport()->update();
+}
+
+bool ZTGraphicsView::isGridVisible() const { return m_isGridVisible; }
+
 void ZTGraphicsView::wheelEvent(QWheelEvent *event)
 {
     if (!event->modifiers().testFlag(Qt::ControlModifier)) {
@@ -159,13 +167,19 @@ void ZTGraphicsView::drawBackground(QPainter *painter, const QRectF &rect)
                [=](double x) { return QLineF(x, top, x, bottom); });
     appendGrid(grid, rect.top(), rect.bottom(), bottom,
                [=](double y) { return QLineF(left, y, right, y); });
-    painter->setPen(hairline(QColor(218, 218, 218, 255)));
-    painter->drawLines(grid);
+    if (m_isGridVisible) {
+        painter->setPen(hairline(QColor(218, 218, 218, 255)));
+        painter->drawLines(grid);
+    }
 
+    // Lines along the axes are sharp, also in a view that smooths the shapes.
+    const bool isSmooth = painter->testRenderHint(QPainter::Antialiasing);
+    painter->setRenderHint(QPainter::Antialiasing, false);
     painter->setPen(hairline(Qt::black));
     const int middleX = left + scene.width() / 2;
     const int middleY = top + scene.height() / 2;
     painter->drawLine(middleX, top + 1, middleX, bottom - 1);
     painter->drawLine(left, middleY, right, middleY);
     painter->drawRect(ZTCoord::getInstance()->getMm2pixTransform().mapRect(QRectF(m_workArea)));
+    painter->setRenderHint(QPainter::Antialiasing, isSmooth);
 }

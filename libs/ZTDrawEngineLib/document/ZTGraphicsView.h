@@ -46,6 +46,11 @@ public:
     /** Stores the work area; it shows at the next repaint, which this does not ask for. */
     void setWorkArea(QRect areaMm);
 
+    /** Shows or hides the grid; axes and work area stay. Repaints. For hosts with a grid of theirs.
+     */
+    void setGridVisible(bool isVisible);
+    bool isGridVisible() const; ///< true in a new view
+
 Q_SIGNALS:
     /** An item, or a handle of the selection frame (then null), was double-clicked. */
     void sigOnItemDouble(ZTAbstractGraphicsItem *item = nullptr);
@@ -63,5 +68,6 @@ private:
     ZTAbstractAxis *m_horizontalRuler = nullptr; ///< reserved for a ruler; stays null
     ZTAbstractAxis *m_verticalRuler = nullptr;   ///< reserved for a ruler; stays null
     QPointF m_scrollOffset;                      ///< running sum of scrolling, for a ruler
-    QRect m_workArea{-300, -300, 600, 600};      ///< millimetres
+    bool m_isGridVisible = true;
+    QRect m_workArea{-300, -300, 600, 600}; ///< millimetres
 };

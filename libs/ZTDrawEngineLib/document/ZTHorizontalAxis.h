@@ -2,8 +2,8 @@
 
 #include <ZTDrawEngineLib/document/ZTAbstractAxis.h>
 
-/** Ruler along the upper edge of a view, counting to the right. Internal. */
-class ZTDRAWENGINELIB_PRIVATE_EXPORT ZTHorizontalAxis : public ZTAbstractAxis
+/** Ruler along the upper edge of a view, counting to the right. */
+class ZTDRAWENGINELIB_EXPORT ZTHorizontalAxis : public ZTAbstractAxis
 {
     Q_OBJECT
 

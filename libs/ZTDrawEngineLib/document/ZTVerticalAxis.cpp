@@ -26,6 +26,14 @@ void drawUpward(QPainter &painter, const QPoint &anchor, const QString &text)
 
 ZTVerticalAxis::ZTVerticalAxis(QWidget *parent) : ZTAbstractAxis(parent) {}
 
+void ZTVerticalAxis::setDownward(bool isDownward)
+{
+    m_isDownward = isDownward;
+    update();
+}
+
+bool ZTVerticalAxis::isDownward() const { return m_isDownward; }
+
 void ZTVerticalAxis::paintEvent(QPaintEvent *)
 {
     const int edge = width() - 1;
@@ -38,7 +46,7 @@ void ZTVerticalAxis::paintEvent(QPaintEvent *)
         painter.drawLine(tick.isMajor ? kMajorLeft : kMinorLeft, y, edge, y);
         if (!tick.isMajor)
             continue;
-        const QString text = label(-tick.number);
+        const QString text = label(m_isDownward ? tick.number : -tick.number);
         const int labelWidth = metrics.boundingRect(text).width();
         drawUpward(painter, {kLabelBaseline, static_cast<int>(tick.positionPx + labelWidth * 0.5)},
                    text);

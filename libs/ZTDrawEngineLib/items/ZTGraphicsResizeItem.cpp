@@ -57,6 +57,14 @@ ZTGraphicsResizeItem::~ZTGraphicsResizeItem()
         delete m_handles.takeLast();
 }
 
+void ZTGraphicsResizeItem::setOutset(double devicePixels)
+{
+    m_outset = devicePixels;
+    update();
+}
+
+double ZTGraphicsResizeItem::getOutset() const { return m_outset; }
+
 void ZTGraphicsResizeItem::setUndoStack(QUndoStack *stack) { m_undoStack = stack; }
 
 QUndoStack *ZTGraphicsResizeItem::getUndoStack() const { return m_undoStack; }
@@ -386,12 +394,15 @@ void ZTGraphicsResizeItem::paint(QPainter *painter, const QStyleOptionGraphicsIt
 
 void ZTGraphicsResizeItem::drawResizePoint(QPainter *painter)
 {
+    const double scale = std::sqrt(std::abs(painter->worldTransform().determinant()));
+    const double outset = scale > 0.0 ? m_outset / scale : 0.0;
+    const QRectF shown = rect().adjusted(-outset, -outset, outset, outset);
     painter->save();
     painter->setBrush(Qt::NoBrush);
     painter->setPen(framePen(Qt::white, Qt::SolidLine));
-    painter->drawRect(rect());
+    painter->drawRect(shown);
     painter->setPen(framePen(Qt::blue, Qt::DashLine));
-    painter->drawRect(rect());
+    painter->drawRect(shown);
     painter->restore();
 }
 

@@ -47,6 +47,13 @@ public:
     explicit ZTGraphicsResizeItem(const QRectF &rect, QGraphicsItem *parent = nullptr);
     ~ZTGraphicsResizeItem() override;
 
+    /**
+     * Draws the rectangle that many device pixels outside of where it is, so that it does not cover
+     * the outlines under it; 0 in a new frame. What the mouse meets stays where it is.
+     */
+    void setOutset(double devicePixels);
+    double getOutset() const; ///< as `setOutset` set it
+
     void setUndoStack(QUndoStack *stack); ///< where steps go, or null; stays the host's
     QUndoStack *getUndoStack() const;     ///< null at first
 
@@ -167,4 +174,5 @@ private:
     double m_rotationAngle = 0.0;        ///< last argument of setRotation
     QHash<const ZTAbstractGraphicsItem *, QPointF> m_startPositions; ///< when the drag began
     bool m_isMoving = false; ///< between press and release on the frame
+    double m_outset = 0.0;   ///< device pixels
 };

@@ -22,6 +22,8 @@ namespace {
 /** The kind that a tool draws; null for selecting. */
 const ShapeKind *kindOfTool(const QByteArray &id)
 {
+    if (id == DrawingTools::kMeasure)
+        return &shapeKind(ShapeType::Line);
     const QVector<ShapeKind> &kinds = shapeKinds();
     const auto found = std::find_if(kinds.begin(), kinds.end(), [&id](const ShapeKind &kind) {
         return *kind.tool != '\0' && id == kind.tool;
@@ -84,7 +86,11 @@ void DrawingTools::choose(const QByteArray &id)
     m_sampleTransform = m_sample->getTransformParam();
     m_sampleBoxPx = m_sample->boundingRect();
     m_document.view()->setFocus();
-    Q_EMIT chosen(m_id, toolCursor(m_kind->icon));
+    Q_EMIT chosen(m_id, toolCursor(isMeasuring() ? "measure" : m_kind->icon));
+    if (isMeasuring()) {
+        Q_EMIT told(tr("Measure: drag from place to place. Shift keeps to steps of 15°, Esc ends"));
+        return;
+    }
     Q_EMIT told(isLine(*m_sample)
                     ? tr("%1: drag from end to end. Shift keeps to steps of 15°, Alt begins in "
                          "the middle, Esc gives up")
@@ -100,6 +106,8 @@ void DrawingTools::giveUp()
     m_preview.reset();
     if (m_label)
         m_label->hide();
+    if (m_snapDone)
+        m_snapDone();
 }
 
 bool DrawingTools::eventFilter(QObject *watched, QEvent *event)
@@ -185,6 +193,8 @@ bool DrawingTools::press(const QMouseEvent &event)
     if (!m_sampleBoxPx.isEmpty())
         m_drag->proportions = m_sampleBoxPx.size();
     readKeys(event.modifiers(), &*m_drag);
+    m_preview.reset();
+    m_label->hide();
     m_preview = std::make_unique<ToolPreview>(*m_document.scene());
     return true;
 }
@@ -266,8 +276,12 @@ QString DrawingTools::measureOf(const ShapePlace &place) const
         double angleDeg = place.linePx->angle();
         if (angleDeg >= 359.9995)
             angleDeg = 0.0;
-        return tr("%1 mm, %2°")
-            .arg(mmText(place.linePx->length()), QString::number(angleDeg, 'f', 3));
+        const QString measure =
+            tr("%1 mm, %2°").arg(mmText(place.linePx->length()), QString::number(angleDeg, 'f', 3));
+        if (!isMeasuring())
+            return measure;
+        return tr("%1; across %2, down %3 mm")
+            .arg(measure, mmText(place.linePx->dx()), mmText(place.linePx->dy()));
     }
     const QSizeF sizePx = place.boxPx.isEmpty() ? place.boxPx.size() : sceneBox(*m_sample).size();
     return tr("%1 × %2 mm").arg(mmText(sizePx.width()), mmText(sizePx.height()));
@@ -275,6 +289,14 @@ QString DrawingTools::measureOf(const ShapePlace &place) const
 
 void DrawingTools::finish()
 {
+    if (isMeasuring()) {
+        // What was measured stays in sight until the next press.
+        if (m_isDragged)
+            m_drag.reset();
+        else
+            giveUp();
+        return;
+    }
     const ShapePlace place = placeOfDrag();
     const bool hasNoExtent = m_isDragged && !place.linePx && place.boxPx.isEmpty();
     giveUp();

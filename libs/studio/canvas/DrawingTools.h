@@ -42,6 +42,9 @@ public:
     /** The id of choosing none. */
     static constexpr const char *kSelect = "tool.select";
 
+    /** The id of measuring: a drag tells distance and angle and makes nothing. */
+    static constexpr const char *kMeasure = "tool.measure";
+
     /** Both are borrowed and outlive this. */
     DrawingTools(ZTGraphicsDocument &document, DocumentActions &actions, QObject *parent = nullptr);
     ~DrawingTools() override;
@@ -55,8 +58,12 @@ public:
     /** Gives up what is being drawn, and keeps the tool. */
     void giveUp();
 
-    /** What places of the mouse go through; none at first. */
-    void setSnap(const Snap &snap) { m_snap = snap; }
+    /** What places of the mouse go through; `done` is told when no more come. None at first. */
+    void setSnap(const Snap &snap, const std::function<void()> &done)
+    {
+        m_snap = snap;
+        m_snapDone = done;
+    }
 
 Q_SIGNALS:
     /** Another tool is chosen, or none; its cursor is that of the canvas until the next one. */
@@ -78,6 +85,7 @@ private:
     void dragTo(const QPoint &pos, const QPointF &placePx, Qt::KeyboardModifiers keys);
     void showDrag();
     void finish();
+    bool isMeasuring() const { return m_id == kMeasure; }
     QPointF placeOf(const QMouseEvent &event) const;
     ShapePlace placeOfDrag() const;
     QString measureOf(const ShapePlace &place) const;
@@ -90,6 +98,7 @@ private:
     QTransform m_sampleTransform;        ///< of the sample at its usual size
     QRectF m_sampleBoxPx;                ///< of its outline at that size
     Snap m_snap;
+    std::function<void()> m_snapDone;
     std::optional<ToolDrag> m_drag; ///< while the button is down
     QPoint m_pressPos;              ///< viewport pixels
     QPoint m_pos;                   ///< of the mouse; viewport pixels

@@ -5,9 +5,9 @@
 namespace studio {
 
 DrawingExtrasCommand::DrawingExtrasCommand(ZTGraphicsDocument &document, const Change &change,
-                                           const QString &text, const Notice &changed)
+                                           const QString &text)
     : QUndoCommand(text), m_document(&document), m_before(hostkit::drawingExtras(document)),
-      m_after(m_before), m_changed(changed)
+      m_after(m_before)
 {
     change(m_after);
 }
@@ -18,11 +18,8 @@ void DrawingExtrasCommand::redo() { give(m_after); }
 
 void DrawingExtrasCommand::give(const hostkit::DrawingExtras &extras) const
 {
-    if (!m_document)
-        return;
-    hostkit::setDrawingExtras(*m_document, extras);
-    if (m_changed)
-        m_changed();
+    if (m_document)
+        hostkit::setDrawingExtras(*m_document, extras);
 }
 
 } // namespace studio

@@ -19,14 +19,9 @@ class DrawingExtrasCommand : public QUndoCommand
 {
 public:
     using Change = std::function<void(hostkit::DrawingExtras &extras)>;
-    using Notice = std::function<void()>;
 
-    /**
-     * `change` is applied once, now; `changed` is called after each undo and redo, for those who
-     * show it. Both must stay callable as long as the command lives.
-     */
-    DrawingExtrasCommand(ZTGraphicsDocument &document, const Change &change, const QString &text,
-                         const Notice &changed = {});
+    /** `change` is applied now and never again. */
+    DrawingExtrasCommand(ZTGraphicsDocument &document, const Change &change, const QString &text);
 
     void undo() override;
     void redo() override;
@@ -37,7 +32,6 @@ private:
     QPointer<ZTGraphicsDocument> m_document; ///< borrowed
     hostkit::DrawingExtras m_before;
     hostkit::DrawingExtras m_after;
-    Notice m_changed;
 };
 
 } // namespace studio

@@ -24,6 +24,10 @@
         <translation>导出标刻路径(&amp;E)...</translation>
     </message>
     <message>
+        <source>&amp;Grid</source>
+        <translation>网格(&amp;G)</translation>
+    </message>
+    <message>
         <source>&amp;Group</source>
         <translation>组合(&amp;G)</translation>
     </message>
@@ -42,6 +46,10 @@
     <message>
         <source>&amp;Line</source>
         <translation>直线(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Measure</source>
+        <translation>测量(&amp;M)</translation>
     </message>
     <message>
         <source>&amp;New</source>
@@ -74,6 +82,10 @@
     <message>
         <source>&amp;Redo</source>
         <translation>重做(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Rulers</source>
+        <translation>标尺(&amp;R)</translation>
     </message>
     <message>
         <source>&amp;Save</source>
@@ -272,6 +284,10 @@
         <translation>阵列(&amp;X)...</translation>
     </message>
     <message>
+        <source>Measure distances and angles</source>
+        <translation>测量距离和角度</translation>
+    </message>
+    <message>
         <source>Mirror about the field&apos;s &amp;upright axis</source>
         <translation>以幅面纵轴镜像(&amp;U)</translation>
     </message>
@@ -332,6 +348,10 @@
         <translation>在程序崩溃后恢复图纸</translation>
     </message>
     <message>
+        <source>Remove all g&amp;uides</source>
+        <translation>删除所有参考线(&amp;U)</translation>
+    </message>
+    <message>
         <source>Repeat shapes around a place</source>
         <translation>绕一点重复图形</translation>
     </message>
@@ -388,6 +408,14 @@
         <translation>取消选择(&amp;O)</translation>
     </message>
     <message>
+        <source>Show rulers; drag guides out of them</source>
+        <translation>显示标尺；可从标尺拖出参考线</translation>
+    </message>
+    <message>
+        <source>Show the grid</source>
+        <translation>显示网格</translation>
+    </message>
+    <message>
         <source>Show the origin at 100 %</source>
         <translation>以 100 % 显示原点</translation>
     </message>
@@ -420,8 +448,24 @@
         <translation>相互对齐(&amp;E)</translation>
     </message>
     <message>
+        <source>To &amp;shapes</source>
+        <translation>到图形(&amp;S)</translation>
+    </message>
+    <message>
+        <source>To edges, middles and ends of shapes</source>
+        <translation>吸附到图形的边缘、中心和端点</translation>
+    </message>
+    <message>
+        <source>To g&amp;uides</source>
+        <translation>到参考线(&amp;U)</translation>
+    </message>
+    <message>
         <source>To the &amp;first selected</source>
         <translation>对齐到最先选中的图形(&amp;F)</translation>
+    </message>
+    <message>
+        <source>To the &amp;grid</source>
+        <translation>到网格(&amp;G)</translation>
     </message>
     <message>
         <source>To the f&amp;ield</source>
@@ -836,8 +880,16 @@
         <translation>%1：从一端拖到另一端。Shift 按 15° 步进，Alt 从中点开始，Esc 放弃</translation>
     </message>
     <message>
+        <source>%1; across %2, down %3 mm</source>
+        <translation>%1；横向 %2，纵向 %3 毫米</translation>
+    </message>
+    <message>
         <source>A shape needs a width and a height: drag a box</source>
         <translation>图形需要宽度和高度：请拖出方框</translation>
+    </message>
+    <message>
+        <source>Measure: drag from place to place. Shift keeps to steps of 15°, Esc ends</source>
+        <translation>测量：从一点拖到另一点。Shift 按 15° 步进，Esc 结束</translation>
     </message>
 </context>
 <context>
@@ -857,6 +909,17 @@
     <message>
         <source>there is not enough memory</source>
         <translation>内存不足</translation>
+    </message>
+</context>
+<context>
+    <name>studio::EmptyHint</name>
+    <message>
+        <source>Choose a tool on the left and drag to draw
+Drop drawings here, or paste them
+Ctrl and the wheel zoom, Space and the mouse move the view</source>
+        <translation>在左侧选择工具并拖动绘制
+把图纸拖放到此处，或粘贴
+Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     </message>
 </context>
 <context>
@@ -1006,6 +1069,29 @@
     <message>
         <source>Within a group: its shapes are on their own, Esc leaves it</source>
         <translation>已进入组：组内图形可单独编辑，Esc 退出</translation>
+    </message>
+</context>
+<context>
+    <name>studio::GuideTools</name>
+    <message>
+        <source>Guide</source>
+        <translation>参考线</translation>
+    </message>
+    <message>
+        <source>X %1 mm</source>
+        <translation>X %1 毫米</translation>
+    </message>
+    <message>
+        <source>X in millimetres:</source>
+        <translation>X（毫米）：</translation>
+    </message>
+    <message>
+        <source>Y %1 mm</source>
+        <translation>Y %1 毫米</translation>
+    </message>
+    <message>
+        <source>Y in millimetres, downward:</source>
+        <translation>Y（毫米，向下为正）：</translation>
     </message>
 </context>
 <context>
@@ -1308,6 +1394,13 @@
     <message>
         <source>&amp;Export all the same</source>
         <translation>仍然导出(&amp;E)</translation>
+    </message>
+</context>
+<context>
+    <name>studio::RotateHandle</name>
+    <message>
+        <source>%1°</source>
+        <translation>%1°</translation>
     </message>
 </context>
 <context>
@@ -1617,6 +1710,33 @@
     </message>
 </context>
 <context>
+    <name>studio::SnapTools</name>
+    <message>
+        <source>Snaps to: %1. Ctrl suspends it</source>
+        <translation>吸附到：%1。按住 Ctrl 暂停吸附</translation>
+    </message>
+    <message>
+        <source>edge</source>
+        <translation>边缘</translation>
+    </message>
+    <message>
+        <source>end point</source>
+        <translation>端点</translation>
+    </message>
+    <message>
+        <source>grid</source>
+        <translation>网格</translation>
+    </message>
+    <message>
+        <source>guide</source>
+        <translation>参考线</translation>
+    </message>
+    <message>
+        <source>middle</source>
+        <translation>中心</translation>
+    </message>
+</context>
+<context>
     <name>studio::StatusBar</name>
     <message>
         <source>%1 %</source>
@@ -1714,6 +1834,10 @@
 </context>
 <context>
     <name>studio::UndoTexts</name>
+    <message>
+        <source>Add guide</source>
+        <translation>添加参考线</translation>
+    </message>
     <message>
         <source>Add sample drawing</source>
         <translation>添加示例图纸</translation>
@@ -1819,8 +1943,20 @@
         <translation>移动</translation>
     </message>
     <message>
+        <source>Move guide</source>
+        <translation>移动参考线</translation>
+    </message>
+    <message>
         <source>Paste</source>
         <translation>粘贴</translation>
+    </message>
+    <message>
+        <source>Remove guide</source>
+        <translation>删除参考线</translation>
+    </message>
+    <message>
+        <source>Remove guides</source>
+        <translation>删除所有参考线</translation>
     </message>
     <message>
         <source>Resize</source>
@@ -2030,6 +2166,10 @@
     <message>
         <source>File</source>
         <translation>文件</translation>
+    </message>
+    <message>
+        <source>S&amp;nap</source>
+        <translation>吸附(&amp;N)</translation>
     </message>
     <message>
         <source>Text</source>

@@ -53,6 +53,13 @@ private Q_SLOTS:
         QCOMPARE(axis.getTickStep(), 10.0);
     }
 
+    void setLength_storesTicks()
+    {
+        ZTAbstractAxis axis;
+        axis.setLength(800.0);
+        QCOMPARE(axis.getLength(), 80.0);
+    }
+
     void setOrigin_storesTicks()
     {
         ZTAbstractAxis axis;

@@ -112,6 +112,22 @@ private Q_SLOTS:
         QCOMPARE(ruler->pixel(50, 12), kWhite);
     }
 
+    void downward_isAskedFor_andFlipsTheLabelsOfTheVerticalOne()
+    {
+        ZTVerticalAxis axis;
+        axis.resize(30, 300);
+        axis.setPixelsPerUnit(1.0);
+        axis.setLength(300.0);
+        QVERIFY(!axis.isDownward());
+        const QImage upward = axis.grab().toImage();
+        axis.setDownward(true);
+        QVERIFY(axis.isDownward());
+        // The label at 100 pixels loses its sign; that at 0 has none.
+        const QImage downward = axis.grab().toImage();
+        QVERIFY(downward != upward);
+        QCOMPARE(downward.copy(0, 0, 30, 40), upward.copy(0, 0, 30, 40));
+    }
+
     void absurdSettings_endAtOnce()
     {
         ruler->setLength(std::numeric_limits<double>::infinity());

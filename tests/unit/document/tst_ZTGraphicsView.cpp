@@ -201,6 +201,29 @@ private Q_SLOTS:
         QCOMPARE(spy[0][0].value<ZTAbstractGraphicsItem *>(), nullptr);
     }
 
+    void hiddenGrid_leavesAxesAndWorkArea()
+    {
+        ZTGraphicsDocument document;
+        document.resize(400, 300);
+        ZTGraphicsView &shownView = *document.view();
+        QVERIFY(shownView.isGridVisible());
+        document.slotViewResize();
+        const auto colours = [&shownView] {
+            const QImage image = shownView.viewport()->grab().toImage();
+            QSet<QRgb> found;
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x)
+                    found << image.pixel(x, y);
+            }
+            return found;
+        };
+        QVERIFY(colours().contains(qRgb(218, 218, 218)));
+        shownView.setGridVisible(false);
+        QVERIFY(!shownView.isGridVisible());
+        QVERIFY(!colours().contains(qRgb(218, 218, 218)));
+        QVERIFY(colours().contains(qRgb(0, 0, 0)));
+    }
+
     void setWorkArea_isStored()
     {
         view->setWorkArea(QRect(1, 2, 3, 4));

@@ -1,0 +1,163 @@
+#include "StudioWindow.h"
+
+#include <studio/canvas/DrawingTools.h>
+#include <studio/canvas/EmptyHint.h>
+#include <studio/canvas/PointerLabel.h>
+#include <studio/canvas/RotateHandle.h>
+
+#include <QtWidgets/QStatusBar>
+
+#include <cmath>
+
+using studio::ShapeItem;
+
+/** What stands on the canvas beside shapes: the handle that turns, measures, hints. */
+class tst_studio_canvas : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { studio = std::make_unique<StudioWindow>(); }
+    void cleanup() { studio.reset(); }
+
+    void rotateHandle_turnsAboutTheMiddle_asOneStep()
+    {
+        ShapeItem *item = squareOf200();
+        studio->select({item});
+        // From above the middle to its left: a quarter turn counter-clockwise.
+        const QPointF handle = handlePlace();
+        const QPointF left(-(handle.y() * -1), 0);
+        studio->driver->press(handle);
+        studio->driver->move({-100, -100});
+        QCOMPARE(told(), QStringLiteral("45.000°"));
+        QCOMPARE(studio->stack().count(), 0);
+        studio->driver->move(left);
+        studio->driver->release(left);
+        QCOMPARE(studio->stack().count(), 1);
+        QCOMPARE(studio->stack().undoText(), QStringLiteral("Rotate"));
+        QCOMPARE(told(), QString());
+        // The corner that was top left is now bottom left.
+        const QPointF corner =
+            item->mapToScene(QPointF(item->getShapeBase()->getLines().elementAt(0)));
+        QVERIFY((corner - QPointF(-100, 100)).manhattanLength() < 1.0);
+        QVERIFY(studio->frameFits());
+        studio->key(Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY((studio::sceneBox(*item).topLeft() - QPointF(-100, -100)).manhattanLength() < 1e-9);
+    }
+
+    void rotateHandle_withShift_turnsBySteps()
+    {
+        ShapeItem *item = squareOf200();
+        studio->select({item});
+        const QPointF handle = handlePlace();
+        studio->driver->press(handle);
+        const QPointF right(60, -120); // 26.6 degrees to the right: clockwise
+        studio->driver->move(right, Qt::ShiftModifier);
+        QCOMPARE(told(), QStringLiteral("-30.000°"));
+        studio->driver->release(right, Qt::LeftButton, Qt::ShiftModifier);
+        const QTransform turned = item->getTransformParam();
+        QVERIFY(std::abs(turned.m12() / turned.m11() - std::tan(30.0 * M_PI / 180.0)) < 1e-9);
+    }
+
+    void rotateHandle_escape_givesUp()
+    {
+        ShapeItem *item = squareOf200();
+        studio->select({item});
+        studio->driver->press(handlePlace());
+        studio->driver->move({100, 0});
+        studio->key(Qt::Key_Escape);
+        studio->driver->release({100, 0});
+        QCOMPARE(studio->stack().count(), 0);
+        QVERIFY(item->isSelected());
+    }
+
+    void rotateHandle_standsAboveTheFrame_atEveryZoom()
+    {
+        studio->select({squareOf200()});
+        for (const double scale : {0.5, 1.0, 4.0}) {
+            studio->view().resetSize(scale);
+            studio->view().centerOn(0, -100);
+            const QPoint top = studio->view().mapFromScene(QPointF(0, -100));
+            QCOMPARE(studio->window->rotateHandle().place() - top, QPoint(0, -44));
+        }
+    }
+
+    void measure_tellsDistanceAndAngle_andMakesNothing()
+    {
+        studio->key(Qt::Key_M);
+        studio->driver->drag({0, 0}, {90, -90});
+        QVERIFY(studio->ids().isEmpty());
+        QCOMPARE(studio->stack().count(), 0);
+        QCOMPARE(told(), QStringLiteral("27.294 mm, 45.000°; across 19.300, down -19.300 mm"));
+        const auto labels = studio->view().viewport()->findChildren<studio::PointerLabel *>();
+        const bool isShown = std::any_of(labels.begin(), labels.end(), [this](const auto *label) {
+            return label->isVisible() && label->text() == told();
+        });
+        QVERIFY(isShown);
+        QCOMPARE(studio->window->tools().chosenId(), QByteArray("tool.measure"));
+        studio->key(Qt::Key_Escape);
+        QCOMPARE(studio->window->tools().chosenId(), QByteArray("tool.select"));
+        QCOMPARE(told(), QString());
+    }
+
+    void hint_showsOnTheEmptyCanvasAlone()
+    {
+        const auto *hint = studio->document().findChild<studio::EmptyHint *>();
+        QVERIFY(hint->isVisible());
+        QVERIFY(studio->document().rect().contains(hint->geometry()));
+        QVERIFY(studio->run("create.rectangle"));
+        QVERIFY(!hint->isVisible());
+        QVERIFY(studio->run("edit.undo"));
+        QVERIFY(hint->isVisible());
+        // It lets the mouse through.
+        studio->key(Qt::Key_R);
+        const QPoint middle =
+            studio->view().viewport()->mapFrom(&studio->document(), hint->geometry().center());
+        const QPointF placePx = studio->view().mapToScene(middle);
+        studio->driver->click(placePx);
+        QCOMPARE(studio->ids().size(), 1);
+    }
+
+    void lines_areSmooth()
+    {
+        QVERIFY(studio->view().renderHints().testFlag(QPainter::Antialiasing));
+    }
+
+    void frame_leavesTheOutlineInSight()
+    {
+        ShapeItem *item = squareOf200();
+        studio->select({item});
+        QCoreApplication::processEvents();
+        const QImage shown = studio->view().viewport()->grab().toImage();
+        const QPoint onEdge = studio->view().mapFromScene(QPointF(-100, 37));
+        // Black ink of the outline beside it or upon it, and nowhere the frame's blue.
+        int darkest = 255;
+        for (int x = onEdge.x() - 1; x <= onEdge.x() + 1; ++x) {
+            const QColor ink = shown.pixelColor(x, onEdge.y());
+            darkest = qMin(darkest, qGray(ink.rgb()));
+            QVERIFY(ink.blue() - ink.red() < 60);
+        }
+        QVERIFY(darkest < 160);
+    }
+
+private:
+    /** A square from (-100, -100) to (100, 100). */
+    ShapeItem *squareOf200()
+    {
+        ShapeItem *item = studio->addRect(-100, -100);
+        const double factor = 200.0 / item->boundingRect().width();
+        item->setTransformParam(QTransform::fromScale(factor, factor));
+        return item;
+    }
+
+    QPointF handlePlace() const
+    {
+        return studio->view().mapToScene(studio->window->rotateHandle().place());
+    }
+    QString told() const { return studio->window->statusBar()->currentMessage(); }
+
+    std::unique_ptr<StudioWindow> studio;
+};
+
+QTEST_MAIN(tst_studio_canvas)
+#include "tst_studio_canvas.moc"
