@@ -427,6 +427,14 @@
         <source>Read all codes back from their marks</source>
         <translation>从打标轨迹读回所有的码</translation>
     </message>
+    <message>
+        <source>S&amp;hare one counter</source>
+        <translation>共用一个计数器(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Give each of the selected texts and codes the next value of one counter</source>
+        <translation>让所选文字和码依次取一个计数器的下一个值</translation>
+    </message>
 </context>
 <context>
     <name>studio::ArcPage</name>
@@ -1061,6 +1069,14 @@
         <source>Select the one shape that is to be repeated.</source>
         <translation>请选中要重复的那一个图形。</translation>
     </message>
+    <message>
+        <source>&amp;Number the copies: each has the next value</source>
+        <translation>为副本编号：每个取下一个值(&amp;N)</translation>
+    </message>
+    <message>
+        <source>The next part then goes on behind the values of all of them</source>
+        <translation>下一件从所有这些值之后继续</translation>
+    </message>
 </context>
 <context>
     <name>studio::OrderMenu</name>
@@ -1556,6 +1572,10 @@
         <source>The drawing has no variant text</source>
         <translation>图纸中没有可变文字</translation>
     </message>
+    <message>
+        <source>Select texts or codes, one of them with a counter</source>
+        <translation>请选择文字或码，其中一个带计数器</translation>
+    </message>
 </context>
 <context>
     <name>studio::UndoTexts</name>
@@ -1682,6 +1702,10 @@
     <message>
         <source>Ungroup</source>
         <translation>取消组合</translation>
+    </message>
+    <message>
+        <source>Share counter</source>
+        <translation>共用计数器</translation>
     </message>
 </context>
 <context>
