@@ -10,6 +10,7 @@
 #include <studio/code/CodeTools.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/groups/GroupTools.h>
+#include <studio/panel/ShapePanel.h>
 #include <studio/text/TextTools.h>
 
 #include <QtCore/QCoreApplication>
@@ -132,6 +133,10 @@ const QVector<Command> kFixedCommands = {
     {"edit.deselect", TEXT("Select n&othing"), "", "Esc", "", Needs::Selection, kView,
      [](MainWindow &w) { w.leaveOrDeselect(); }},
 
+    {"edit.values", TEXT("Exact &values"), "", "F6",
+     TEXT("Type place, size and angle into the shape panel"), Needs::Selection, kWindow,
+     [](MainWindow &w) { w.panel().startTyping(); }},
+
     {"text.type", TEXT("&Type on the drawing"), "", "F2",
      TEXT("Type into the selected text on the drawing"), Needs::OneText, kView,
      [](MainWindow &w) { w.text().typeIntoSelected(); }},
@@ -191,6 +196,10 @@ const QVector<Command> kFixedCommands = {
      [](MainWindow &w) { w.fitSelection(); }},
     {"view.fitAll", TEXT("Fit &all"), "", "Ctrl+2", TEXT("Show the whole drawing"), Needs::Shapes,
      kWindow, [](MainWindow &w) { w.fitAll(); }},
+
+    {"view.resetLayout", TEXT("&Reset layout"), "", "",
+     TEXT("Put panels and toolbars where they were at first"), Needs::Nothing, kWindow,
+     [](MainWindow &w) { w.resetLayout(); }},
 
     {"nudge.left", TEXT("Left by 1 mm"), "", "Left", "", Needs::Selection, kView, &nudge<-1, 0>},
     {"nudge.right", TEXT("Right by 1 mm"), "", "Right", "", Needs::Selection, kView, &nudge<1, 0>},
