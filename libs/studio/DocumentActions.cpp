@@ -7,7 +7,7 @@
 #include <studio/commands/ItemValueCommand.h>
 #include <studio/text/StrokeFonts.h>
 
-#include <hostkit/drawing/ItemExtras.h>
+#include <hostkit/items/ItemExtras.h>
 
 #include <QtWidgets/QUndoStack>
 

@@ -1,9 +1,10 @@
 #include <hostkit/drawing/DrawingCapture.h>
 
 #include <hostkit/drawing/DrawingContent_p.h>
-#include <hostkit/drawing/DrawingPreview_p.h>
 #include <hostkit/drawing/ShapeRecords_p.h>
-#include <hostkit/text/StrokeFontHeights_p.h>
+#include <hostkit/items/ShapeItems.h>
+#include <hostkit/items/StrokeFontHeights.h>
+#include <hostkit/marks/DrawingPicture_p.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 

@@ -2,8 +2,9 @@
 
 #include <hostkit/drawing/DrawingContent_p.h>
 #include <hostkit/drawing/ShapeRecords_p.h>
+#include <hostkit/items/ShapeItems.h>
+#include <hostkit/items/StrokeFontHeights.h>
 #include <hostkit/text/FontPresence.h>
-#include <hostkit/text/StrokeFontHeights_p.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
@@ -93,7 +94,7 @@ class BorrowedSetup
 {
 public:
     BorrowedSetup(const DrawingSetup &borrowed, const DrawingSetup &ownSetup,
-                  const QVector<DrawingFontHeight> &ownHeights)
+                  const QVector<StrokeFontHeight> &ownHeights)
         : m_setup(ownSetup), m_heights(ownHeights)
     {
         borrowed.applyToProcess();
@@ -108,7 +109,7 @@ public:
 
 private:
     const DrawingSetup &m_setup;
-    const QVector<DrawingFontHeight> &m_heights;
+    const QVector<StrokeFontHeight> &m_heights;
 };
 
 /** Puts the registry of variant texts and the next id in the place of those there are. */
@@ -204,7 +205,7 @@ private:
     const DrawingFile &m_drawing;
     ZTGraphicsDocument &m_document;
     const DrawingSetup m_ownSetup;
-    const QVector<DrawingFontHeight> m_ownHeights;
+    const QVector<StrokeFontHeight> m_ownHeights;
     DrawingExtras m_extras;
     int m_next = 0; ///< record to be built
     std::vector<Item> m_items;

@@ -1,6 +1,6 @@
 #include <hostkit/marks/MarkCheck_p.h>
 
-#include <hostkit/drawing/ItemExtras.h>
+#include <hostkit/items/ItemExtras.h>
 
 #include <QtCore/QCoreApplication>
 

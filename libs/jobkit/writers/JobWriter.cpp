@@ -1,6 +1,6 @@
 #include <jobkit/writers/JobForms_p.h>
 
-#include <hostkit/marks/NumberText.h>
+#include <hostkit/files/NumberText.h>
 
 #include <QtCore/QSet>
 

@@ -1,6 +1,7 @@
-#include <hostkit/text/StrokeFontHeights_p.h>
+#include <hostkit/items/StrokeFontHeights.h>
 
-#include <hostkit/text/TextItem.h>
+#include <hostkit/items/ShapeItems.h>
+#include <hostkit/items/TextItem.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
@@ -20,22 +21,7 @@ ZTShxParser *fontNamed(const QString &fileName)
 
 } // namespace
 
-ZTShapeText *textOf(const ZTAbstractGraphicsItem &item)
-{
-    return dynamic_cast<ZTShapeText *>(item.getShapeBase());
-}
-
-QVector<ZTAbstractGraphicsItem *> shapeItemsOf(const ZTGraphicsDocument &document)
-{
-    QVector<ZTAbstractGraphicsItem *> found;
-    for (QGraphicsItem *candidate : document.itemMag()->scene()->items(Qt::AscendingOrder)) {
-        if (auto *item = dynamic_cast<ZTAbstractGraphicsItem *>(candidate))
-            found << item;
-    }
-    return found;
-}
-
-QVector<DrawingFontHeight> strokeFontHeights(const QVector<ZTAbstractGraphicsItem *> &items)
+QVector<StrokeFontHeight> strokeFontHeights(const QVector<ZTAbstractGraphicsItem *> &items)
 {
     std::set<QString> names;
     for (const ZTAbstractGraphicsItem *item : items) {
@@ -48,15 +34,15 @@ QVector<DrawingFontHeight> strokeFontHeights(const QVector<ZTAbstractGraphicsIte
         names.insert(font.enName);
         names.insert(font.zhName);
     }
-    QVector<DrawingFontHeight> heights;
+    QVector<StrokeFontHeight> heights;
     for (const QString &name : names) {
         if (const ZTShxParser *font = fontNamed(name))
-            heights << DrawingFontHeight{name, font->getTextHeight()};
+            heights << StrokeFontHeight{name, font->getTextHeight()};
     }
     return heights;
 }
 
-QVector<DrawingFontHeight> recordedFontHeights(const QVector<ZTAbstractGraphicsItem *> &items)
+QVector<StrokeFontHeight> recordedFontHeights(const QVector<ZTAbstractGraphicsItem *> &items)
 {
     QMap<QString, double> heights;
     for (const ZTAbstractGraphicsItem *item : items) {
@@ -76,15 +62,15 @@ QVector<DrawingFontHeight> recordedFontHeights(const QVector<ZTAbstractGraphicsI
                 heights.insert(name, height);
         }
     }
-    QVector<DrawingFontHeight> list;
+    QVector<StrokeFontHeight> list;
     for (auto height = heights.begin(); height != heights.end(); ++height)
-        list << DrawingFontHeight{height.key(), height.value()};
+        list << StrokeFontHeight{height.key(), height.value()};
     return list;
 }
 
-void setStrokeFontHeights(const QVector<DrawingFontHeight> &heights)
+void setStrokeFontHeights(const QVector<StrokeFontHeight> &heights)
 {
-    for (const DrawingFontHeight &wanted : heights) {
+    for (const StrokeFontHeight &wanted : heights) {
         ZTShxParser *font = fontNamed(wanted.fileName);
         if (font != nullptr && std::isfinite(wanted.height))
             font->setTextHeight(wanted.height);

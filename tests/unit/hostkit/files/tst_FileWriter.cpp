@@ -1,4 +1,4 @@
-#include <hostkit/setup/FileWriter.h>
+#include <hostkit/files/FileWriter.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>

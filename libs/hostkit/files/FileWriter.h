@@ -1,6 +1,6 @@
 #pragma once
 
-#include <hostkit/setup/Failure.h>
+#include <hostkit/files/Failure.h>
 
 #include <functional>
 

@@ -1,4 +1,4 @@
-#include <hostkit/drawing/ItemExtras.h>
+#include <hostkit/items/ItemExtras.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <hostkit/marks/NumberText.h>
+#include <hostkit/files/NumberText.h>
 
 #include <QtCore/QIODevice>
 

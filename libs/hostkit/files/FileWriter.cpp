@@ -1,4 +1,4 @@
-#include <hostkit/setup/FileWriter.h>
+#include <hostkit/files/FileWriter.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>

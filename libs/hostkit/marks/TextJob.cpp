@@ -1,4 +1,4 @@
-#include <hostkit/text/TextJob.h>
+#include <hostkit/marks/TextJob.h>
 
 #include <hostkit/marks/MarkLayout_p.h>
 #include <hostkit/text/StrokeFont.h>

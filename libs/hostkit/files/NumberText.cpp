@@ -1,4 +1,4 @@
-#include <hostkit/marks/NumberText.h>
+#include <hostkit/files/NumberText.h>
 
 #include <algorithm>
 #include <array>

@@ -4,9 +4,9 @@
 #include <support/TinyFonts.h>
 #include <support/WarningGuard.h>
 
+#include <hostkit/items/TextItem.h>
 #include <hostkit/setup/Factories.h>
 #include <hostkit/text/StrokeFont.h>
-#include <hostkit/text/TextItem.h>
 
 #include <QtCore/QBuffer>
 #include <QtTest/QTest>

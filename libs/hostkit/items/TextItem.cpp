@@ -1,4 +1,4 @@
-#include <hostkit/text/TextItem.h>
+#include <hostkit/items/TextItem.h>
 
 #include <hostkit/text/StrokeFont.h>
 

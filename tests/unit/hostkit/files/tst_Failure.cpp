@@ -1,4 +1,4 @@
-#include <hostkit/setup/Failure.h>
+#include <hostkit/files/Failure.h>
 
 #include <QtTest/QTest>
 

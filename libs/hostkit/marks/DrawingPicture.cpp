@@ -1,8 +1,8 @@
-#include <hostkit/drawing/DrawingPreview_p.h>
-
 #include <hostkit/marks/DrawingPicture.h>
-#include <hostkit/setup/FileWriter.h>
-#include <hostkit/text/StrokeFontHeights_p.h>
+
+#include <hostkit/files/FileWriter.h>
+#include <hostkit/items/ShapeItems.h>
+#include <hostkit/marks/DrawingPicture_p.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 

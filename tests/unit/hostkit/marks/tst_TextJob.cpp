@@ -2,9 +2,9 @@
 #include <support/SingletonGuard.h>
 #include <support/TinyFonts.h>
 
+#include <hostkit/marks/TextJob.h>
 #include <hostkit/setup/Factories.h>
 #include <hostkit/text/StrokeFont.h>
-#include <hostkit/text/TextJob.h>
 
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
