@@ -23,6 +23,9 @@
 #include <studio/drawing/DrawingMessages.h>
 #include <studio/drawing/RecentMenu.h>
 #include <studio/import/ImportDialog.h>
+#include <studio/job/JobExporter.h>
+#include <studio/job/JobPanel.h>
+#include <studio/job/JobTools.h>
 #include <studio/text/TextTools.h>
 
 #include <hostkit/drawing/SampleDrawing.h>
@@ -87,6 +90,7 @@ MainWindow::MainWindow(std::unique_ptr<Messages> told)
     buildDocument();
     buildTree();
     buildProperties();
+    buildJob();
     buildCommands();
     retranslate();
     connectState();
@@ -100,6 +104,8 @@ MainWindow::~MainWindow()
     delete m_crashGuard;
     delete m_drawingFiles;
     delete m_matrixDialog;
+    delete m_jobDock;
+    delete m_jobTools;
     delete m_textTools;
     delete m_fileExporter;
     delete m_status;
@@ -170,6 +176,24 @@ void MainWindow::buildProperties()
     resizeDocks({m_treeDock, m_properties}, {kTreeHeight, kPropertiesHeight}, Qt::Vertical);
 }
 
+void MainWindow::buildJob()
+{
+    m_jobTools = new JobTools(*m_drawing, *m_textTools, *m_messages, *this);
+    m_jobDock = new QDockWidget(this);
+    m_jobDock->setObjectName(QStringLiteral("jobDock"));
+    m_jobDock->setWidget(&m_jobTools->panel());
+    addDockWidget(Qt::RightDockWidgetArea, m_jobDock);
+    tabifyDockWidget(m_properties, m_jobDock);
+    m_properties->raise();
+    connect(&m_jobTools->exporter(), &JobExporter::written, this,
+            [this](const QStringList &files, int) {
+                m_status->showMessage(tr("Job written to %1, files: %2")
+                                          .arg(QDir::toNativeSeparators(files.first()))
+                                          .arg(files.size()),
+                                      kStatusMs);
+            });
+}
+
 // Not while the user works in the tree: it would jump away under the mouse.
 void MainWindow::showSelectionInTree()
 {
@@ -196,7 +220,7 @@ void MainWindow::buildCommands()
             [this](const QString &path) { files().open(path); });
     addMenus(*this, *m_commandSet, {recentMenu, m_orderMenu},
              {m_treeDock->toggleViewAction(), m_properties->toggleViewAction(),
-              m_properties->denseRowsAction(),
+              m_jobDock->toggleViewAction(), m_properties->denseRowsAction(),
               (new LanguageMenu(*m_language, this))->menuAction()});
     addToolBars(*this, *m_commandSet);
     m_contextMenus = new ContextMenus(*m_drawing, *m_tree, *m_actions, *m_commandSet, this);
@@ -255,6 +279,7 @@ void MainWindow::connectFiles()
     connect(m_drawingFiles, &DrawingFiles::emptied, this, [this] {
         labelTree();
         m_orderMenu->restore();
+        m_jobTools->panel().refresh();
         navigation().home();
     });
     connect(m_drawingFiles, &DrawingFiles::loaded, this, &MainWindow::showReplacedDrawing);
@@ -267,6 +292,7 @@ void MainWindow::showReplacedDrawing()
 {
     labelTree();
     m_orderMenu->follow();
+    m_jobTools->panel().refresh();
     navigation().home();
     fitAll();
 }
@@ -296,6 +322,7 @@ void MainWindow::retranslate()
 {
     refreshTitle();
     m_treeDock->setWindowTitle(tr("Shapes"));
+    m_jobDock->setWindowTitle(tr("Job"));
     retranslateTitles(*this);
     m_commandSet->retranslate();
     refreshUndoTexts();

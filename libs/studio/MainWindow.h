@@ -25,6 +25,7 @@ class DocumentActions;
 class DrawingFiles;
 class Exporter;
 class Importer;
+class JobTools;
 class Language;
 class MatrixDialog;
 class OrderMenu;
@@ -54,6 +55,7 @@ public:
     DocumentActions &edit() const { return *m_actions; }
     ViewNavigation &navigation() const { return *m_viewNavigation; }
     TextTools &text() const { return *m_textTools; }
+    JobTools &job() const { return *m_jobTools; }
     Exporter &exporter() const { return *m_fileExporter; }
     Commands &commands() const { return *m_commandSet; }
     DrawingFiles &files() const { return *m_drawingFiles; }
@@ -89,6 +91,7 @@ private:
     void buildDocument();
     void buildTree();
     void buildProperties();
+    void buildJob();
     void buildCommands();
     void connectState();
     void connectFiles();
@@ -115,6 +118,8 @@ private:
     DocumentActions *m_actions = nullptr;
     ViewNavigation *m_viewNavigation = nullptr;
     TextTools *m_textTools = nullptr;
+    JobTools *m_jobTools = nullptr;
+    QDockWidget *m_jobDock = nullptr;
     Exporter *m_fileExporter = nullptr;
     Commands *m_commandSet = nullptr;
     ContextMenus *m_contextMenus = nullptr;
