@@ -45,6 +45,7 @@ struct Command
     Needs needs;
     ShortcutScope scope;
     std::function<void(MainWindow &window)> run;
+    bool isTool = false; ///< one of those of which exactly one is chosen
 };
 
 /**

@@ -18,12 +18,15 @@ class ZTObjectTreeWidget;
 
 namespace studio {
 
+class ClipboardActions;
 class Commands;
 class ContextMenus;
 class CrashGuard;
 class DocumentActions;
 class DrawingFiles;
+class DrawingTools;
 class Exporter;
+class GroupTools;
 class Importer;
 class JobTools;
 class Language;
@@ -59,6 +62,9 @@ public:
     Exporter &exporter() const { return *m_fileExporter; }
     Commands &commands() const { return *m_commandSet; }
     DrawingFiles &files() const { return *m_drawingFiles; }
+    DrawingTools &tools() const { return *m_tools; }
+    ClipboardActions &clipboard() const { return *m_clipboard; }
+    GroupTools &groups() const { return *m_groups; }
 
     /** Keeps recovery files from now on, and offers those that were left behind. */
     void guardAgainstCrashes(const CrashGuardSetup &setup);
@@ -78,6 +84,8 @@ public:
     void chooseExport(bool selectionOnly);
     void chooseRotation();
     void showMatrixDialog();
+    void pasteAtMenu();     ///< where the context menu was opened
+    void leaveOrDeselect(); ///< one group outward, or else nothing selected
     void showRecovery();
     void fitSelection();
     void fitAll();
@@ -96,6 +104,8 @@ private:
     void connectState();
     void connectFiles();
     void connectFrame();
+    void buildTools();
+    void showTool();
     void repaintFrame();
     bool offerImport(const QStringList &paths, std::optional<QPointF> scenePx);
     bool offerDrawing(const ReadDrawing &read, std::optional<QPointF> scenePx);
@@ -121,6 +131,9 @@ private:
     JobTools *m_jobTools = nullptr;
     QDockWidget *m_jobDock = nullptr;
     Exporter *m_fileExporter = nullptr;
+    DrawingTools *m_tools = nullptr;
+    ClipboardActions *m_clipboard = nullptr;
+    GroupTools *m_groups = nullptr;
     Commands *m_commandSet = nullptr;
     ContextMenus *m_contextMenus = nullptr;
     StatusBar *m_status = nullptr;

@@ -111,8 +111,8 @@ private Q_SLOTS:
         const auto item = studio->addRect(200, 0);
         studio->select({});
         QVERIFY(studio->run("job.preview"));
-        const QRectF boxMm = ZTCoord::getInstance()->getPix2mmTransform().mapRect(
-            studio::sceneBox(*item));
+        const QRectF boxMm =
+            ZTCoord::getInstance()->getPix2mmTransform().mapRect(studio::sceneBox(*item));
         const QPointF place = preview()->plan().transform().map(boxMm.center());
         const double half = preview()->plan().transform().m11() * boxMm.width() / 2;
         QTest::mouseClick(&preview()->plan(), Qt::LeftButton, Qt::NoModifier,
@@ -149,7 +149,7 @@ private Q_SLOTS:
         QVERIFY(!jobkit::hasDrawingPens(studio->document()));
         studio->window->edit().redo();
         const QString path = studio->path("pens.ztd");
-        QVERIFY(studio->window->files().save(path));
+        QVERIFY(studio->window->files().saveTo(path));
         studio->window->files().startNew();
         QTRY_VERIFY(!jobkit::hasDrawingPens(studio->document()));
         QVERIFY(studio->window->openFiles({path}));
@@ -348,6 +348,7 @@ private:
     ZTGraphicsTextItem *makeSerial(qint64 last)
     {
         ZTGraphicsTextItem *item = studio->addText(QStringLiteral("SN"));
+        item->setEnableVariantText(true);
         *item->getVariantText() = serial(last);
         studio->run("text.nextPart");
         return item;

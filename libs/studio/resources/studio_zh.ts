@@ -347,6 +347,70 @@
         <source>Write a file that the machine runs</source>
         <translation>写出机器可运行的文件</translation>
     </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>复制(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Group</source>
+        <translation>组合(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>粘贴(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Select</source>
+        <translation>选择(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Copy to the clipboard</source>
+        <translation>复制到剪贴板</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>剪切(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Cut out to the clipboard</source>
+        <translation>剪切到剪贴板</translation>
+    </message>
+    <message>
+        <source>Make one group of the selected shapes</source>
+        <translation>把选中的图形组合为一组</translation>
+    </message>
+    <message>
+        <source>Paste &amp;here</source>
+        <translation>粘贴到此处(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Paste at the mouse</source>
+        <translation>粘贴到鼠标所在处</translation>
+    </message>
+    <message>
+        <source>Paste exactly where it was copied from</source>
+        <translation>粘贴到复制时的原位置</translation>
+    </message>
+    <message>
+        <source>Paste in p&amp;lace</source>
+        <translation>原位粘贴(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Paste shapes, SVG drawings or text from the clipboard</source>
+        <translation>从剪贴板粘贴图形、SVG 图或文字</translation>
+    </message>
+    <message>
+        <source>Select and move shapes</source>
+        <translation>选择和移动图形</translation>
+    </message>
+    <message>
+        <source>Take the selected groups apart</source>
+        <translation>拆开选中的组</translation>
+    </message>
+    <message>
+        <source>U&amp;ngroup</source>
+        <translation>取消组合(&amp;N)</translation>
+    </message>
 </context>
 <context>
     <name>studio::ArcPage</name>
@@ -1502,6 +1566,22 @@
         <source>Change pens</source>
         <translation>更改笔</translation>
     </message>
+    <message>
+        <source>Cut</source>
+        <translation>剪切</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>组合</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>粘贴</translation>
+    </message>
+    <message>
+        <source>Ungroup</source>
+        <translation>取消组合</translation>
+    </message>
 </context>
 <context>
     <name>studio::VariantPanel</name>
@@ -1636,10 +1716,6 @@
         <translation>对齐</translation>
     </message>
     <message>
-        <source>Create</source>
-        <translation>创建</translation>
-    </message>
-    <message>
         <source>Edit</source>
         <translation>编辑</translation>
     </message>
@@ -1662,6 +1738,14 @@
     <message>
         <source>&amp;Job</source>
         <translation>作业(&amp;J)</translation>
+    </message>
+    <message>
+        <source>&amp;With the mouse</source>
+        <translation>用鼠标绘制(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>工具</translation>
     </message>
 </context>
 <context>
@@ -2432,6 +2516,71 @@
     <message>
         <source>mm/s</source>
         <translation>毫米/秒</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ClipboardActions</name>
+    <message>
+        <source>It has %L1 characters; at most %L2 become a text.</source>
+        <translation>共有 %L1 个字符；一个文本最多 %L2 个。</translation>
+    </message>
+    <message>
+        <source>The clipboard holds nothing that can be pasted</source>
+        <translation>剪贴板中没有可以粘贴的内容</translation>
+    </message>
+    <message>
+        <source>The shapes were not copied.</source>
+        <translation>图形未能复制。</translation>
+    </message>
+    <message>
+        <source>The shapes were not pasted.</source>
+        <translation>图形未能粘贴。</translation>
+    </message>
+    <message>
+        <source>The text was not pasted.</source>
+        <translation>文字未能粘贴。</translation>
+    </message>
+    <message>
+        <source>clipboard</source>
+        <translation>剪贴板</translation>
+    </message>
+</context>
+<context>
+    <name>studio::DrawingTools</name>
+    <message>
+        <source>%1 mm, %2°</source>
+        <translation>%1 毫米，%2°</translation>
+    </message>
+    <message>
+        <source>%1 × %2 mm</source>
+        <translation>%1 × %2 毫米</translation>
+    </message>
+    <message>
+        <source>%1: drag a box, or click. Shift keeps the proportions, Alt begins in the middle, Esc gives up</source>
+        <translation>%1：拖出方框，或单击。Shift 保持比例，Alt 从中心开始，Esc 放弃</translation>
+    </message>
+    <message>
+        <source>%1: drag from end to end. Shift keeps to steps of 15°, Alt begins in the middle, Esc gives up</source>
+        <translation>%1：从一端拖到另一端。Shift 按 15° 步进，Alt 从中点开始，Esc 放弃</translation>
+    </message>
+    <message>
+        <source>A shape needs a width and a height: drag a box</source>
+        <translation>图形需要宽度和高度：请拖出方框</translation>
+    </message>
+</context>
+<context>
+    <name>studio::GroupTools</name>
+    <message>
+        <source>No group is selected</source>
+        <translation>没有选中任何组</translation>
+    </message>
+    <message>
+        <source>These shapes are one group already</source>
+        <translation>这些图形已经是一组</translation>
+    </message>
+    <message>
+        <source>Within a group: its shapes are on their own, Esc leaves it</source>
+        <translation>已进入组：组内图形可单独编辑，Esc 退出</translation>
     </message>
 </context>
 </TS>
