@@ -1,5 +1,6 @@
 #include "TextWindow.h"
 
+#include <studio/drawing/DrawingFiles.h>
 #include <studio/job/JobExportDialog.h>
 #include <studio/job/JobExporter.h>
 #include <studio/job/JobPanel.h>
@@ -112,7 +113,7 @@ private Q_SLOTS:
         studio->select({});
         QVERIFY(studio->run("job.preview"));
         const QRectF boxMm =
-            ZTCoord::getInstance()->getPix2mmTransform().mapRect(studio::sceneBox(*item));
+            ZTCoord::getInstance()->getPix2MmTransform().mapRect(studio::sceneBox(*item));
         const QPointF place = preview()->plan().transform().map(boxMm.center());
         const double half = preview()->plan().transform().m11() * boxMm.width() / 2;
         QTest::mouseClick(&preview()->plan(), Qt::LeftButton, Qt::NoModifier,
@@ -361,7 +362,7 @@ private:
         const QModelIndex cell = pens().index(row, column);
         table->setCurrentIndex(cell);
         table->edit(cell);
-        auto *field = table->viewport()->findChild<QLineEdit *>();
+        auto *field = qobject_cast<QLineEdit *>(table->indexWidget(cell));
         QVERIFY(field != nullptr);
         field->selectAll();
         QTest::keyClicks(field, QString::fromLatin1(text));
