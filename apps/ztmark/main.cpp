@@ -9,6 +9,7 @@
 #include <common/CommandLine.h>
 #include <common/Language.h>
 
+#include <codekit/shape/CodeItem.h>
 #include <hostkit/setup/Factories.h>
 
 #include <QtWidgets/QApplication>
@@ -42,6 +43,7 @@ int main(int argc, char **argv)
                       QStringLiteral("vectorkit_zh"), QStringLiteral("codekit_zh"),
                       QStringLiteral("ztmark_zh")});
     hostkit::registerFactories();
+    codekit::registerCodeFactories();
 
     console::CommandLine line(
         "ztmark", ZT_VERSION,

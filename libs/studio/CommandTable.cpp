@@ -7,6 +7,7 @@
 #include <studio/ViewNavigation.h>
 #include <studio/canvas/DrawingTools.h>
 #include <studio/clipboard/ClipboardActions.h>
+#include <studio/code/CodeTools.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/groups/GroupTools.h>
 #include <studio/job/JobTools.h>
@@ -149,6 +150,13 @@ const QVector<Command> kFixedCommands = {
      TEXT("Move all variant texts on to the next part"), Needs::Shapes, kWindow,
      [](MainWindow &w) { w.text().nextPart(); }},
 
+    {"code.settings", TEXT("Code &settings..."), "code-settings", "Ctrl+B",
+     TEXT("Kind, content, size and hatch of the selected code"), Needs::OneCode, kWindow,
+     [](MainWindow &w) { w.codes().showDialog(); }},
+    {"tools.verifyCodes", TEXT("&Verify codes..."), "verify-codes", "Ctrl+Shift+B",
+     TEXT("Read all codes back from their marks"), Needs::Shapes, kWindow,
+     [](MainWindow &w) { w.codes().verify(); }},
+
     {"arrange.left", TEXT("Align &left"), "align-left", "", "", Needs::TwoSelected, kWindow,
      &align<Qt::AlignLeft>},
     {"arrange.hcenter", TEXT("Align &centres across"), "align-hcenter", "", "",
@@ -265,6 +273,8 @@ bool isMet(Needs needs, const EditorState &state)
         return state.selected > 1;
     case Needs::OneText:
         return state.isOneText;
+    case Needs::OneCode:
+        return state.isOneCode;
     case Needs::Undo:
         return state.canUndo;
     case Needs::Redo:

@@ -4,6 +4,7 @@
 #include <studio/ShapeKinds.h>
 #include <studio/UndoTexts.h>
 #include <studio/canvas/ShapePlace.h>
+#include <studio/code/CodeEdit.h>
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/commands/ItemValueCommand.h>
 #include <studio/text/StrokeFonts.h>
@@ -101,6 +102,8 @@ void DocumentActions::recordCreated(ShapeItem *item)
         return;
     if (auto *text = qobject_cast<ZTGraphicsTextItem *>(item))
         setUpNewText(*text);
+    else if (codekit::CodeItem *code = codekit::codeItem(item))
+        setUpNewCode(*code);
     if (m_placing)
         m_placing(*item);
     push(new AddItemsCommand(m_document.itemMag(), {item}, selected(),

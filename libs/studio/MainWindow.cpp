@@ -19,6 +19,7 @@
 #include <studio/WindowLayout.h>
 #include <studio/canvas/DrawingTools.h>
 #include <studio/clipboard/ClipboardActions.h>
+#include <studio/code/CodeTools.h>
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/drawing/CrashGuard.h>
 #include <studio/drawing/DrawingFiles.h>
@@ -109,6 +110,7 @@ MainWindow::~MainWindow()
     delete m_matrixDialog;
     delete m_jobDock;
     delete m_jobTools;
+    delete m_codeTools;
     delete m_tools;
     delete m_groups;
     delete m_clipboard;
@@ -143,6 +145,7 @@ void MainWindow::buildDocument()
     m_importer = std::make_unique<Importer>(*m_drawing, *m_messages);
     m_drawingFiles = new DrawingFiles(*m_drawing, *m_messages, *this);
     m_textTools = new TextTools(*m_drawing, *m_messages, *this);
+    m_codeTools = new CodeTools(*m_drawing, *this);
     m_fileExporter = new Exporter(*m_drawing, *m_messages, *this);
     auto *drops = new DropImporter(*m_drawing->view(), this);
     connect(drops, &DropImporter::filesDropped, this, &MainWindow::takeDropped);
@@ -387,6 +390,7 @@ void MainWindow::refreshCommands()
     state.shapes = m_drawing->itemMag()->itemModel()->rowCount();
     state.selected = m_drawing->scene()->selectedItems().size();
     state.isOneText = m_textTools->selectedText() != nullptr;
+    state.isOneCode = m_codeTools->selectedCode() != nullptr;
     state.canUndo = m_drawing->undoStack()->canUndo();
     state.canRedo = m_drawing->undoStack()->canRedo();
     state.canRevert = !files().session().path().isEmpty() && files().session().isModified();

@@ -19,6 +19,7 @@ class ZTObjectTreeWidget;
 namespace studio {
 
 class ClipboardActions;
+class CodeTools;
 class Commands;
 class ContextMenus;
 class CrashGuard;
@@ -59,6 +60,7 @@ public:
     ViewNavigation &navigation() const { return *m_viewNavigation; }
     TextTools &text() const { return *m_textTools; }
     JobTools &job() const { return *m_jobTools; }
+    CodeTools &codes() const { return *m_codeTools; }
     Exporter &exporter() const { return *m_fileExporter; }
     Commands &commands() const { return *m_commandSet; }
     DrawingFiles &files() const { return *m_drawingFiles; }
@@ -130,6 +132,7 @@ private:
     TextTools *m_textTools = nullptr;
     JobTools *m_jobTools = nullptr;
     QDockWidget *m_jobDock = nullptr;
+    CodeTools *m_codeTools = nullptr;
     Exporter *m_fileExporter = nullptr;
     DrawingTools *m_tools = nullptr;
     ClipboardActions *m_clipboard = nullptr;

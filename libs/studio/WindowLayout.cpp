@@ -30,6 +30,7 @@ constexpr Title kMenuTitles[] = {
     {"createMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Create")},
     {"drawMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&With the mouse")},
     {"textMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Text")},
+    {"toolsMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "T&ools")},
     {"arrangeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Arrange")},
     {"nudgeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Nudge")},
     {"jobMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Job")},
@@ -52,8 +53,9 @@ constexpr const char *kAlignTitle = QT_TRANSLATE_NOOP("studio::WindowLayout", "&
 using Ids = std::initializer_list<const char *>;
 
 /** What draws on the canvas with the mouse, and what does not. */
-constexpr Ids kTools = {"tool.select", "tool.rectangle", "tool.ellipse", "tool.polygon",
-                        "tool.line",   "tool.tdot",      "tool.text"};
+constexpr Ids kTools = {"tool.select",  "tool.rectangle", "tool.ellipse",
+                        "tool.polygon", "tool.line",      "tool.tdot",
+                        "tool.text",    "tool.code",      "tool.barcode"};
 
 template <class Target>
 void fill(Target &target, const Commands &commands, Ids ids)
@@ -107,12 +109,13 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
              "edit.group", "edit.ungroup", "-", "edit.selectAll", "edit.invert", "edit.deselect"});
     QMenu &create = addMenu(window, "createMenu", commands,
                             {"create.rectangle", "create.ellipse", "create.polygon", "create.line",
-                             "create.tdot", "create.text", "-"});
+                             "create.tdot", "create.text", "create.code", "create.barcode", "-"});
     QMenu *draw = create.addMenu(QString());
     draw->setObjectName(QStringLiteral("drawMenu"));
     fill(*draw, commands, kTools);
     addMenu(window, "textMenu", commands,
-            {"create.text", "-", "text.type", "text.settings", "-", "text.nextPart"});
+            {"create.text", "-", "text.type", "text.settings", "-", "create.code", "create.barcode",
+             "code.settings", "-", "text.nextPart"});
     QMenu &arrange =
         addMenu(window, "arrangeMenu", commands,
                 {"arrange.left", "arrange.hcenter", "arrange.right", "arrange.top",
@@ -130,6 +133,7 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
         window, "viewMenu", commands,
         {"view.zoomIn", "view.zoomOut", "view.home", "-", "view.fitSelection", "view.fitAll", "-"});
     view.addActions(viewActions);
+    addMenu(window, "toolsMenu", commands, {"tools.verifyCodes"});
     addMenu(window, "helpMenu", commands, {"help.about"});
 }
 
@@ -149,7 +153,7 @@ void addToolBars(QMainWindow &window, const Commands &commands)
     addToolBar(window, "viewToolBar", Qt::TopToolBarArea, commands,
                {"view.zoomOut", "view.zoomIn", "view.home", "view.fitSelection"});
     addToolBar(window, "textToolBar", Qt::TopToolBarArea, commands,
-               {"text.settings", "text.nextPart", "job.preview"});
+               {"text.settings", "code.settings", "text.nextPart", "job.preview"});
     addToolBar(window, "toolColumn", Qt::LeftToolBarArea, commands, kTools);
 }
 
@@ -158,17 +162,20 @@ QMenu *newContextMenu(const Commands &commands, bool isForShapes, QWidget *paren
     auto *menu = new QMenu(parent);
     if (!isForShapes) {
         menu->setObjectName(QStringLiteral("canvasMenu"));
-        fill(*menu, commands,
-             {"edit.undo", "edit.redo", "-", "edit.pasteHere", "edit.pasteInPlace", "-",
-              "edit.selectAll", "edit.invert", "-", "create.rectangle", "create.ellipse",
-              "create.polygon", "create.line", "create.tdot", "create.text", "-", "view.fitAll",
-              "view.home"});
+        fill(*menu, commands, {"edit.undo",        "edit.redo",         "-",
+                               "edit.pasteHere",   "edit.pasteInPlace", "-",
+                               "edit.selectAll",   "edit.invert",       "-",
+                               "create.rectangle", "create.ellipse",    "create.polygon",
+                               "create.line",      "create.tdot",       "create.text",
+                               "create.code",      "create.barcode",    "-",
+                               "view.fitAll",      "view.home"});
         return menu;
     }
     menu->setObjectName(QStringLiteral("shapeMenu"));
     fill(*menu, commands,
-         {"text.type", "text.settings", "-", "edit.cut", "edit.copy", "edit.pasteHere", "-",
-          "edit.duplicate", "edit.delete", "-", "edit.group", "edit.ungroup", "-"});
+         {"text.type", "text.settings", "code.settings", "-", "edit.cut", "edit.copy",
+          "edit.pasteHere", "-", "edit.duplicate", "edit.delete", "-", "edit.group", "edit.ungroup",
+          "-"});
     QMenu *align = menu->addMenu(translated(kAlignTitle));
     align->setObjectName(QStringLiteral("alignMenu"));
     fill(*align, commands,

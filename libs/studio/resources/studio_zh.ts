@@ -411,6 +411,38 @@
         <source>U&amp;ngroup</source>
         <translation>取消组合(&amp;N)</translation>
     </message>
+    <message>
+        <source>&amp;Bar code</source>
+        <translation>条形码(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Code</source>
+        <translation>码(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Verify codes...</source>
+        <translation>校验码(&amp;V)...</translation>
+    </message>
+    <message>
+        <source>Code &amp;settings...</source>
+        <translation>码设置(&amp;S)...</translation>
+    </message>
+    <message>
+        <source>Create a Data Matrix, QR or other code</source>
+        <translation>创建 Data Matrix、QR 或其他码</translation>
+    </message>
+    <message>
+        <source>Create a bar code</source>
+        <translation>创建条形码</translation>
+    </message>
+    <message>
+        <source>Kind, content, size and hatch of the selected code</source>
+        <translation>所选码的种类、内容、尺寸和填充</translation>
+    </message>
+    <message>
+        <source>Read all codes back from their marks</source>
+        <translation>从打标轨迹读回所有的码</translation>
+    </message>
 </context>
 <context>
     <name>studio::ArcPage</name>
@@ -691,6 +723,18 @@
     <message>
         <source>drawing</source>
         <translation>图纸</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>&amp;Export them as they are</source>
+        <translation>仍按现状导出(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Some shapes do not show what they were given.</source>
+        <translation>有些图形显示的不是所给的内容。</translation>
     </message>
 </context>
 <context>
@@ -1103,6 +1147,14 @@
     <message>
         <source>%1 %2 &quot;%3&quot;</source>
         <translation>%1 %2“%3”</translation>
+    </message>
+    <message>
+        <source>Bar code</source>
+        <translation>条形码</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>码</translation>
     </message>
 </context>
 <context>
@@ -1582,6 +1634,18 @@
         <source>Ungroup</source>
         <translation>取消组合</translation>
     </message>
+    <message>
+        <source>Change code</source>
+        <translation>修改码</translation>
+    </message>
+    <message>
+        <source>Create bar code</source>
+        <translation>创建条形码</translation>
+    </message>
+    <message>
+        <source>Create code</source>
+        <translation>创建码</translation>
+    </message>
 </context>
 <context>
     <name>studio::VariantPanel</name>
@@ -1747,6 +1811,10 @@
         <source>Tools</source>
         <translation>工具</translation>
     </message>
+    <message>
+        <source>T&amp;ools</source>
+        <translation>工具(&amp;O)</translation>
+    </message>
 </context>
 <context>
     <name>studio::WordsPage</name>
@@ -1780,6 +1848,10 @@
     <message>
         <source>the folder cannot be made</source>
         <translation>无法创建文件夹</translation>
+    </message>
+    <message>
+        <source>no mark data: shapes that do not show what they were given are written with --as-shown alone</source>
+        <translation>没有打标数据：显示的不是所给内容的图形只有用 --as-shown 才写出</translation>
     </message>
 </context>
 <context>
@@ -2581,6 +2653,261 @@
     <message>
         <source>Within a group: its shapes are on their own, Esc leaves it</source>
         <translation>已进入组：组内图形可单独编辑，Esc 退出</translation>
+    </message>
+</context>
+<context>
+    <name>studio::CodeDialog</name>
+    <message>
+        <source>%1 x %2, %3 mm, reads: %4</source>
+        <translation>%1 x %2，%3 mm，读出：%4</translation>
+    </message>
+    <message>
+        <source>&amp;1 Content</source>
+        <translation>&amp;1 内容</translation>
+    </message>
+    <message>
+        <source>&amp;2 Size and form</source>
+        <translation>&amp;2 尺寸和形式</translation>
+    </message>
+    <message>
+        <source>&amp;3 Options</source>
+        <translation>&amp;3 选项</translation>
+    </message>
+    <message>
+        <source>&amp;4 Text</source>
+        <translation>&amp;4 文字</translation>
+    </message>
+    <message>
+        <source>&amp;5 Hatch</source>
+        <translation>&amp;5 填充</translation>
+    </message>
+    <message>
+        <source>&amp;Kind</source>
+        <translation>种类(&amp;K)</translation>
+    </message>
+    <message>
+        <source>A later part, &quot;%1&quot;, cannot be made: %2</source>
+        <translation>之后的一件“%1”无法生成：%2</translation>
+    </message>
+    <message>
+        <source>Cannot be made: %1</source>
+        <translation>无法生成：%1</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>码</translation>
+    </message>
+    <message>
+        <source>The drawing still shows the last good code: %1</source>
+        <translation>图纸上仍是最后一个有效的码：%1</translation>
+    </message>
+</context>
+<context>
+    <name>studio::CodeFormPage</name>
+    <message>
+        <source> % of the module</source>
+        <translation> %（相对模块）</translation>
+    </message>
+    <message>
+        <source> mm</source>
+        <translation> mm</translation>
+    </message>
+    <message>
+        <source>&amp;Diameter of a dot</source>
+        <translation>点的直径(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Height of the bars</source>
+        <translation>条的高度(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Inverse: mark what is light, for dark material</source>
+        <translation>反色：标刻浅色部分，用于深色材料(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Module</source>
+        <translation>模块(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Style</source>
+        <translation>样式(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Width</source>
+        <translation>宽度(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Print &amp;growth</source>
+        <translation>线条补偿(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Show the &amp;quiet zone on the drawing</source>
+        <translation>在图纸上显示静区(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>The room that the code needs free around it; it is never marked</source>
+        <translation>码四周需要留空的区域；从不标刻</translation>
+    </message>
+    <message>
+        <source>Width of the beam, taken off each dark area: the beam gives it back</source>
+        <translation>光束宽度，从每个深色区域中减去：光束会补回</translation>
+    </message>
+    <message>
+        <source>Width of the code without its quiet zone</source>
+        <translation>码的宽度，不含静区</translation>
+    </message>
+    <message>
+        <source>Width of the narrowest bar, or of one square</source>
+        <translation>最窄的条或一个方块的宽度</translation>
+    </message>
+    <message>
+        <source>bars</source>
+        <translation>条</translation>
+    </message>
+    <message>
+        <source>dots</source>
+        <translation>圆点</translation>
+    </message>
+    <message>
+        <source>outlines of the dark areas</source>
+        <translation>深色区域的轮廓</translation>
+    </message>
+    <message>
+        <source>single lines</source>
+        <translation>单线</translation>
+    </message>
+    <message>
+        <source>squares, one by one</source>
+        <translation>逐个方块</translation>
+    </message>
+</context>
+<context>
+    <name>studio::CodeOptionsPage</name>
+    <message>
+        <source>%1 holds %2.</source>
+        <translation>%1 可容纳：%2。</translation>
+    </message>
+    <message>
+        <source>%1 x %2</source>
+        <translation>%1 x %2</translation>
+    </message>
+    <message>
+        <source>&amp;Escapes: \n, \t, \x1D stand for control characters</source>
+        <translation>转义(&amp;E)：\n、\t、\x1D 代表控制字符</translation>
+    </message>
+    <message>
+        <source>&amp;Mask</source>
+        <translation>掩模(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Rectangular, not square</source>
+        <translation>矩形而非方形(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Size</source>
+        <translation>尺寸(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Add the &amp;check digit</source>
+        <translation>添加校验位(&amp;C)</translation>
+    </message>
+    <message>
+        <source>C&amp;haracter set</source>
+        <translation>字符集(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Co&amp;lumns</source>
+        <translation>列数(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Error c&amp;orrection</source>
+        <translation>纠错等级(&amp;O)</translation>
+    </message>
+    <message>
+        <source>automatic</source>
+        <translation>自动</translation>
+    </message>
+    <message>
+        <source>the best</source>
+        <translation>最佳</translation>
+    </message>
+    <message>
+        <source>the smallest that holds the content</source>
+        <translation>能容纳内容的最小尺寸</translation>
+    </message>
+</context>
+<context>
+    <name>studio::CodeTextPage</name>
+    <message>
+        <source>&amp;Text for people</source>
+        <translation>供人阅读的文字(&amp;T)</translation>
+    </message>
+    <message>
+        <source>above the code</source>
+        <translation>在码的上方</translation>
+    </message>
+    <message>
+        <source>below the code</source>
+        <translation>在码的下方</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+</context>
+<context>
+    <name>studio::VerifyDialog</name>
+    <message>
+        <source> mm</source>
+        <translation> mm</translation>
+    </message>
+    <message>
+        <source>%1 codes read as they are to, %2 do not.</source>
+        <translation>%1 个码读出正确，%2 个不正确。</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>停止(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Verify again</source>
+        <translation>重新校验(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Width of the beam</source>
+        <translation>光束宽度(&amp;W)</translation>
+    </message>
+    <message>
+        <source>All %1 codes read as they are to.</source>
+        <translation>全部 %1 个码读出正确。</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>码</translation>
+    </message>
+    <message>
+        <source>Reading...</source>
+        <translation>正在读取……</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>结果</translation>
+    </message>
+    <message>
+        <source>Stopped: %1 read as they are to, %2 do not, %3 were not read.</source>
+        <translation>已停止：%1 个读出正确，%2 个不正确，%3 个未读。</translation>
+    </message>
+    <message>
+        <source>The drawing has no code that is marked.</source>
+        <translation>图纸中没有要标刻的码。</translation>
+    </message>
+    <message>
+        <source>Verify codes</source>
+        <translation>校验码</translation>
+    </message>
+    <message>
+        <source>as wide as the hatch is close</source>
+        <translation>与填充间距相同</translation>
     </message>
 </context>
 </TS>

@@ -1,5 +1,7 @@
 #include <studio/text/VariantParts.h>
 
+#include <hostkit/items/MarkReadiness.h>
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>
 
@@ -104,6 +106,9 @@ NextPart NextPart::make(const QVector<ZTAbstractGraphicsItem *> &items)
         part.texts << onOneLine(variantText->getText());
         if (isUsedUp)
             part.usedUp << part.texts.last();
+        const QString notReady = hostkit::notReadyReason(*textItem);
+        if (!notReady.isEmpty())
+            part.errors << QStringLiteral("%1: %2").arg(part.texts.last(), notReady);
         if (!variantText->errorText().isEmpty())
             part.errors << variantText->errorText().split(QLatin1Char('\n'));
     }

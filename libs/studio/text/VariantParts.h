@@ -30,7 +30,7 @@ struct NextPart
 {
     QStringList texts;  ///< what the variant texts show now, lowest item first
     QStringList usedUp; ///< texts that show their last value once more
-    QStringList errors; ///< what could not be read, a line each
+    QStringList errors; ///< what could not be read or cannot be shown, a line each
 
     static NextPart make(const QVector<ZTAbstractGraphicsItem *> &items);
 };
