@@ -11,6 +11,7 @@
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/groups/GroupTools.h>
 #include <studio/job/JobTools.h>
+#include <studio/panel/ShapePanel.h>
 #include <studio/text/TextTools.h>
 
 #include <QtCore/QCoreApplication>
@@ -140,6 +141,10 @@ const QVector<Command> kFixedCommands = {
     {"edit.deselect", TEXT("Select n&othing"), "", "Esc", "", Needs::Selection, kView,
      [](MainWindow &w) { w.leaveOrDeselect(); }},
 
+    {"edit.values", TEXT("Exact &values"), "", "F6",
+     TEXT("Type place, size and angle into the shape panel"), Needs::Selection, kWindow,
+     [](MainWindow &w) { w.panel().startTyping(); }},
+
     {"text.type", TEXT("&Type on the drawing"), "", "F2",
      TEXT("Type into the selected text on the drawing"), Needs::OneText, kView,
      [](MainWindow &w) { w.text().typeIntoSelected(); }},
@@ -196,6 +201,10 @@ const QVector<Command> kFixedCommands = {
      [](MainWindow &w) { w.fitSelection(); }},
     {"view.fitAll", TEXT("Fit &all"), "", "Ctrl+2", TEXT("Show the whole drawing"), Needs::Shapes,
      kWindow, [](MainWindow &w) { w.fitAll(); }},
+
+    {"view.resetLayout", TEXT("&Reset layout"), "", "",
+     TEXT("Put panels and toolbars where they were at first"), Needs::Nothing, kWindow,
+     [](MainWindow &w) { w.resetLayout(); }},
 
     {"nudge.left", TEXT("Left by 1 mm"), "", "Left", "", Needs::Selection, kView, &nudge<-1, 0>},
     {"nudge.right", TEXT("Right by 1 mm"), "", "Right", "", Needs::Selection, kView, &nudge<1, 0>},

@@ -30,6 +30,7 @@
 #include <studio/job/JobExporter.h>
 #include <studio/job/JobPanel.h>
 #include <studio/job/JobTools.h>
+#include <studio/panel/ShapePanel.h>
 #include <studio/text/TextTools.h>
 
 #include <hostkit/drawing/SampleDrawing.h>
@@ -60,10 +61,13 @@ const QString kImportFolderKey = QStringLiteral("import/folder");
 const QString kDrawingPatterns = QStringLiteral(
     "*.svg *.dxf *.plt *.hpgl *.hpg *.hgl *.plo *.hp *.SVG *.DXF *.PLT *.HPGL *.HPG *.HGL");
 
+// Counts up when a dock comes or goes: a layout without it would be restored around it.
+constexpr int kLayoutVersion = 1;
+
 constexpr int kStatusMs = 8000;
 constexpr int kDockWidth = 320;
-constexpr int kTreeHeight = 260;
-constexpr int kPropertiesHeight = 460;
+constexpr int kTreeHeight = 240;
+constexpr int kPanelHeight = 500;
 constexpr int kIdWidth = 64;
 constexpr int kTextWidth = 70;
 constexpr int kHandlePx = 24; ///< room outside the frame that its handles may take
@@ -108,7 +112,6 @@ MainWindow::~MainWindow()
     delete m_crashGuard;
     delete m_drawingFiles;
     delete m_matrixDialog;
-    delete m_jobDock;
     delete m_jobTools;
     delete m_codeTools;
     delete m_tools;
@@ -120,6 +123,7 @@ MainWindow::~MainWindow()
     delete m_contextMenus;
     delete m_commandSet;
     delete m_viewNavigation;
+    delete m_panel;
     delete m_properties;
     delete m_actions;
     m_drawing->undoStack()->disconnect(this);
@@ -214,21 +218,22 @@ void MainWindow::buildTree()
 
 void MainWindow::buildProperties()
 {
+    m_panel = new ShapePanel(*m_drawing, *m_actions, this);
+    connect(m_panel, &ShapePanel::wordsWanted, m_textTools, &TextTools::showDialog);
+    addDockWidget(Qt::RightDockWidgetArea, m_panel);
+    splitDockWidget(m_panel, m_treeDock, Qt::Vertical);
     m_properties = new PropertyDock(*m_drawing, *m_actions, this);
     addDockWidget(Qt::RightDockWidgetArea, m_properties);
-    resizeDocks({m_treeDock}, {kDockWidth}, Qt::Horizontal);
-    resizeDocks({m_treeDock, m_properties}, {kTreeHeight, kPropertiesHeight}, Qt::Vertical);
+    m_properties->hide();
+    resizeDocks({m_panel}, {kDockWidth}, Qt::Horizontal);
+    resizeDocks({m_panel, m_treeDock}, {kPanelHeight, kTreeHeight}, Qt::Vertical);
+    m_firstLayout = saveState(kLayoutVersion);
 }
 
 void MainWindow::buildJob()
 {
     m_jobTools = new JobTools(*m_drawing, *m_textTools, *m_messages, *this);
-    m_jobDock = new QDockWidget(this);
-    m_jobDock->setObjectName(QStringLiteral("jobDock"));
-    m_jobDock->setWidget(&m_jobTools->panel());
-    addDockWidget(Qt::RightDockWidgetArea, m_jobDock);
-    tabifyDockWidget(m_properties, m_jobDock);
-    m_properties->raise();
+    m_panel->addPage(&m_jobTools->panel(), [] { return tr("&Job"); });
     connect(&m_jobTools->exporter(), &JobExporter::written, this,
             [this](const QStringList &files, int) {
                 m_status->showMessage(tr("Job written to %1, files: %2")
@@ -264,8 +269,8 @@ void MainWindow::buildCommands()
     connect(recentMenu, &RecentMenu::chosen, this,
             [this](const QString &path) { files().open(path); });
     addMenus(*this, *m_commandSet, {recentMenu, m_orderMenu},
-             {m_treeDock->toggleViewAction(), m_properties->toggleViewAction(),
-              m_jobDock->toggleViewAction(), m_properties->denseRowsAction(),
+             {m_panel->toggleViewAction(), m_treeDock->toggleViewAction(),
+              m_properties->toggleViewAction(), m_properties->denseRowsAction(),
               (new LanguageMenu(*m_language, this))->menuAction()});
     addToolBars(*this, *m_commandSet);
     m_contextMenus = new ContextMenus(*m_drawing, *m_tree, *m_actions, *m_commandSet, this);
@@ -367,7 +372,6 @@ void MainWindow::retranslate()
 {
     refreshTitle();
     m_treeDock->setWindowTitle(tr("Shapes"));
-    m_jobDock->setWindowTitle(tr("Job"));
     retranslateTitles(*this);
     m_commandSet->retranslate();
     refreshUndoTexts();
@@ -412,7 +416,7 @@ void MainWindow::readSettings()
     const QSettings settings;
     if (!restoreGeometry(settings.value(kGeometryKey).toByteArray()))
         resize(kFirstSize);
-    restoreState(settings.value(kStateKey).toByteArray());
+    restoreState(settings.value(kStateKey).toByteArray(), kLayoutVersion);
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)
@@ -430,7 +434,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
         m_crashGuard->letGo();
     QSettings settings;
     settings.setValue(kGeometryKey, saveGeometry());
-    settings.setValue(kStateKey, saveState());
+    settings.setValue(kStateKey, saveState(kLayoutVersion));
     QMainWindow::closeEvent(event);
 }
 
@@ -550,13 +554,14 @@ void MainWindow::chooseRotation()
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setObjectName(QStringLiteral("rotationDialog"));
     dialog->setWindowTitle(tr("Rotate"));
-    dialog->setLabelText(tr("Degrees, clockwise:"));
+    dialog->setLabelText(tr("Degrees, anticlockwise:"));
     dialog->setInputMode(QInputDialog::DoubleInput);
     dialog->setDoubleDecimals(3);
     dialog->setDoubleRange(-360.0, 360.0);
     dialog->setDoubleStep(5.0);
     dialog->setDoubleValue(45.0);
-    connect(dialog, &QInputDialog::doubleValueSelected, m_actions, &DocumentActions::rotate);
+    connect(dialog, &QInputDialog::doubleValueSelected, m_actions,
+            [this](double anticlockwiseDeg) { m_actions->rotate(-anticlockwiseDeg); });
     dialog->open();
 }
 
@@ -568,6 +573,8 @@ void MainWindow::showMatrixDialog()
     m_matrixDialog->raise();
     m_matrixDialog->activateWindow();
 }
+
+void MainWindow::resetLayout() { restoreState(m_firstLayout, kLayoutVersion); }
 
 void MainWindow::fitSelection() { navigation().fit(m_drawing->scene()->getSelectionItemRect()); }
 

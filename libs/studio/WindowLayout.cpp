@@ -103,10 +103,12 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
                  "file.exportAll", "file.exportSelection", "-", "file.quit"});
     file.insertMenu(file.actions().at(2), fileMenus.recent);
     file.insertMenu(commands.action("file.exportAll"), fileMenus.order);
-    addMenu(window, "editMenu", commands,
-            {"edit.undo", "edit.redo", "-", "edit.cut", "edit.copy", "edit.paste",
-             "edit.pasteInPlace", "edit.pasteHere", "-", "edit.duplicate", "edit.delete", "-",
-             "edit.group", "edit.ungroup", "-", "edit.selectAll", "edit.invert", "edit.deselect"});
+    QMenu &edit = addMenu(window, "editMenu", commands,
+                          {"edit.undo", "edit.redo", "-", "edit.cut", "edit.copy", "edit.paste",
+                           "edit.pasteInPlace", "edit.pasteHere", "-", "edit.duplicate",
+                           "edit.delete", "-", "edit.group", "edit.ungroup", "-", "edit.selectAll",
+                           "edit.invert", "edit.deselect", "-"});
+    edit.addAction(commands.action("edit.values"));
     QMenu &create = addMenu(window, "createMenu", commands,
                             {"create.rectangle", "create.ellipse", "create.polygon", "create.line",
                              "create.tdot", "create.text", "create.code", "create.barcode", "-"});
@@ -133,6 +135,7 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
         window, "viewMenu", commands,
         {"view.zoomIn", "view.zoomOut", "view.home", "-", "view.fitSelection", "view.fitAll", "-"});
     view.addActions(viewActions);
+    view.addAction(commands.action("view.resetLayout"));
     addMenu(window, "toolsMenu", commands, {"tools.verifyCodes"});
     addMenu(window, "helpMenu", commands, {"help.about"});
 }

@@ -443,6 +443,22 @@
         <source>Read all codes back from their marks</source>
         <translation>从打标轨迹读回所有的码</translation>
     </message>
+    <message>
+        <source>&amp;Reset layout</source>
+        <translation>恢复布局(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Exact &amp;values</source>
+        <translation>精确数值(&amp;V)</translation>
+    </message>
+    <message>
+        <source>Put panels and toolbars where they were at first</source>
+        <translation>把面板和工具栏放回最初的位置</translation>
+    </message>
+    <message>
+        <source>Type place, size and angle into the shape panel</source>
+        <translation>在图形面板中输入位置、尺寸和角度</translation>
+    </message>
 </context>
 <context>
     <name>studio::ArcPage</name>
@@ -471,16 +487,16 @@
         <translation>张角(&amp;P)</translation>
     </message>
     <message>
-        <source>Shared out among the characters; positive runs clockwise, negative anticlockwise</source>
-        <translation>平均分给各个字符；正值为顺时针，负值为逆时针</translation>
-    </message>
-    <message>
         <source>Text on an &amp;arc</source>
         <translation>弧线文字(&amp;A)</translation>
     </message>
     <message>
-        <source>Where the arc starts: 0° is at three o&apos;clock, 270° at twelve</source>
-        <translation>弧线的起点：0° 在三点钟方向，270° 在十二点钟方向</translation>
+        <source>Shared out among the characters; positive runs anticlockwise, negative clockwise</source>
+        <translation>分配给各个字符；正值为逆时针，负值为顺时针</translation>
+    </message>
+    <message>
+        <source>Where the arc starts: 0° is at three o&apos;clock, 90° at twelve</source>
+        <translation>圆弧的起点：0° 在三点钟方向，90° 在十二点钟方向</translation>
     </message>
 </context>
 <context>
@@ -858,6 +874,10 @@
         <source>zigzag</source>
         <translation>折线</translation>
     </message>
+    <message>
+        <source>0° is across, positive is anticlockwise</source>
+        <translation>0° 为水平，正值为逆时针</translation>
+    </message>
 </context>
 <context>
     <name>studio::Importer</name>
@@ -930,10 +950,6 @@
         <translation>所有文件 (*)</translation>
     </message>
     <message>
-        <source>Degrees, clockwise:</source>
-        <translation>顺时针角度：</translation>
-    </message>
-    <message>
         <source>Draws what a laser marks, and hands out the paths.</source>
         <translation>绘制激光标刻的内容，并输出路径。</translation>
     </message>
@@ -976,6 +992,14 @@
     <message>
         <source>Job written to %1, files: %2</source>
         <translation>作业已写入 %1，文件数：%2</translation>
+    </message>
+    <message>
+        <source>Degrees, anticlockwise:</source>
+        <translation>角度（度，逆时针）：</translation>
+    </message>
+    <message>
+        <source>&amp;Job</source>
+        <translation>作业(&amp;J)</translation>
     </message>
 </context>
 <context>
@@ -1083,12 +1107,16 @@
         <translation>标刻选中图形的笔</translation>
     </message>
     <message>
-        <source>Properties</source>
-        <translation>属性</translation>
-    </message>
-    <message>
         <source>Resizing keeps the proportions of the selected shapes</source>
         <translation>缩放时保持选中图形的比例</translation>
+    </message>
+    <message>
+        <source>Engine properties</source>
+        <translation>引擎属性</translation>
+    </message>
+    <message>
+        <source>The engine&apos;s own numbers: a place is that of a shape&apos;s origin in mm, a spacing is marked larger than it is shown here, sizes and lengths hold before a shape is turned or resized. True measures stand in the shape panel.</source>
+        <translation>引擎自身的数值：位置是图形原点的 mm 坐标，间距的实际标刻值大于此处所示，尺寸和长度是旋转或缩放之前的值。真实尺寸见图形面板。</translation>
     </message>
 </context>
 <context>
@@ -1645,6 +1673,38 @@
     <message>
         <source>Create code</source>
         <translation>创建码</translation>
+    </message>
+    <message>
+        <source>Change hatch</source>
+        <translation>更改填充</translation>
+    </message>
+    <message>
+        <source>Change length</source>
+        <translation>更改长度</translation>
+    </message>
+    <message>
+        <source>Change marking order</source>
+        <translation>更改标刻顺序</translation>
+    </message>
+    <message>
+        <source>Change number of sides</source>
+        <translation>更改边数</translation>
+    </message>
+    <message>
+        <source>Change what is hidden</source>
+        <translation>更改隐藏</translation>
+    </message>
+    <message>
+        <source>Change what is locked</source>
+        <translation>更改锁定</translation>
+    </message>
+    <message>
+        <source>Change what is marked</source>
+        <translation>更改是否标刻</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>重命名</translation>
     </message>
 </context>
 <context>
@@ -2908,6 +2968,580 @@
     <message>
         <source>as wide as the hatch is close</source>
         <translation>与填充间距相同</translation>
+    </message>
+</context>
+<context>
+    <name>studio::BoxSection</name>
+    <message>
+        <source>%1: the point that X and Y tell, and that stays when the size changes</source>
+        <translation>%1：X 和 Y 所指的点，改变尺寸时它保持不动</translation>
+    </message>
+    <message>
+        <source>0 points right, positive is anticlockwise; turns about the middle of the box</source>
+        <translation>0 指向右方，正值为逆时针；绕外框中心旋转</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>角度</translation>
+    </message>
+    <message>
+        <source>Angle in degrees</source>
+        <translation>角度，单位为度</translation>
+    </message>
+    <message>
+        <source>Bottom left</source>
+        <translation>左下</translation>
+    </message>
+    <message>
+        <source>Bottom middle</source>
+        <translation>下中</translation>
+    </message>
+    <message>
+        <source>Bottom right</source>
+        <translation>右下</translation>
+    </message>
+    <message>
+        <source>Box around all</source>
+        <translation>全部图形的外框</translation>
+    </message>
+    <message>
+        <source>Curves are marked as chords: %1 mm is as near as it comes</source>
+        <translation>曲线按弦标刻：最接近的尺寸为 %1 mm</translation>
+    </message>
+    <message>
+        <source>Each shape its own box</source>
+        <translation>每个图形各自的外框</translation>
+    </message>
+    <message>
+        <source>Height in millimetres</source>
+        <translation>高度，单位为毫米</translation>
+    </message>
+    <message>
+        <source>Height of the outline&apos;s box in mm</source>
+        <translation>轮廓外框的高度，mm</translation>
+    </message>
+    <message>
+        <source>Keep proportions</source>
+        <translation>保持比例</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>中心</translation>
+    </message>
+    <message>
+        <source>Middle left</source>
+        <translation>左中</translation>
+    </message>
+    <message>
+        <source>Middle right</source>
+        <translation>右中</translation>
+    </message>
+    <message>
+        <source>Of several shapes: whether the fields tell and change the box around all of them, or the box of each</source>
+        <translation>选中多个图形时：各栏显示和修改的是全部图形的外框，还是每个图形各自的外框</translation>
+    </message>
+    <message>
+        <source>Place across the field in mm, to the right. Sums and units are welcome: 20+5, 1in</source>
+        <translation>幅面上的横向位置，mm，向右为正。可输入算式和单位：20+5、1in</translation>
+    </message>
+    <message>
+        <source>Place down the field in mm, downward</source>
+        <translation>幅面上的纵向位置，mm，向下为正</translation>
+    </message>
+    <message>
+        <source>Top left</source>
+        <translation>左上</translation>
+    </message>
+    <message>
+        <source>Top middle</source>
+        <translation>上中</translation>
+    </message>
+    <message>
+        <source>Top right</source>
+        <translation>右上</translation>
+    </message>
+    <message>
+        <source>What places and sizes are about</source>
+        <translation>位置和尺寸所指的对象</translation>
+    </message>
+    <message>
+        <source>Width and height change together, in these fields and by the handles</source>
+        <translation>宽度和高度一起改变，在此输入或拖动控制点时都一样</translation>
+    </message>
+    <message>
+        <source>Width in millimetres</source>
+        <translation>宽度，单位为毫米</translation>
+    </message>
+    <message>
+        <source>Width of the outline&apos;s box in mm</source>
+        <translation>轮廓外框的宽度，mm</translation>
+    </message>
+    <message>
+        <source>X in millimetres</source>
+        <translation>X，单位为毫米</translation>
+    </message>
+    <message>
+        <source>Y in millimetres</source>
+        <translation>Y，单位为毫米</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
+    </message>
+    <message>
+        <source>°, mirrored</source>
+        <translation>°，已镜像</translation>
+    </message>
+</context>
+<context>
+    <name>studio::HatchSection</name>
+    <message>
+        <source>0 is across, positive is anticlockwise</source>
+        <translation>0 为水平，正值为逆时针</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>角度</translation>
+    </message>
+    <message>
+        <source>Angle of the hatch in degrees</source>
+        <translation>填充角度，单位为度</translation>
+    </message>
+    <message>
+        <source>Distance of the hatch lines on the part, in mm</source>
+        <translation>工件上填充线的间距，mm</translation>
+    </message>
+    <message>
+        <source>Hatch</source>
+        <translation>填充</translation>
+    </message>
+    <message>
+        <source>Lines and stroke fonts have no inside to hatch.</source>
+        <translation>直线和单线字体没有可填充的内部。</translation>
+    </message>
+    <message>
+        <source>Marks the outline, too</source>
+        <translation>轮廓也一并标刻</translation>
+    </message>
+    <message>
+        <source>Neither outline nor hatch: nothing of it is marked.</source>
+        <translation>既无轮廓也无填充：不会标刻任何内容。</translation>
+    </message>
+    <message>
+        <source>No hatch can be made: its spacing does not suit the size of the shape.</source>
+        <translation>无法生成填充：间距与图形尺寸不相称。</translation>
+    </message>
+    <message>
+        <source>Outline as well</source>
+        <translation>同时标刻轮廓</translation>
+    </message>
+    <message>
+        <source>Spacing</source>
+        <translation>间距</translation>
+    </message>
+    <message>
+        <source>Spacing of the hatch in millimetres</source>
+        <translation>填充间距，单位为毫米</translation>
+    </message>
+    <message>
+        <source>differs</source>
+        <translation>不一致</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>single lines</source>
+        <translation>单向线</translation>
+    </message>
+    <message>
+        <source>zigzag</source>
+        <translation>弓形线</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ItemSection</name>
+    <message>
+        <source>Hidden</source>
+        <translation>隐藏</translation>
+    </message>
+    <message>
+        <source>It can be neither selected nor moved; the list of shapes frees it</source>
+        <translation>不能选中也不能移动；在图形列表中解锁</translation>
+    </message>
+    <message>
+        <source>It is not shown and not marked; the list of shapes brings it back</source>
+        <translation>不显示也不标刻；在图形列表中恢复显示</translation>
+    </message>
+    <message>
+        <source>Locked</source>
+        <translation>锁定</translation>
+    </message>
+    <message>
+        <source>Marked</source>
+        <translation>标刻</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Off: it is shown, and left out of what is marked</source>
+        <translation>关闭：显示，但不标刻</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>笔</translation>
+    </message>
+    <message>
+        <source>Pen that marks the selected shapes</source>
+        <translation>标刻所选图形的笔</translation>
+    </message>
+    <message>
+        <source>What the list of shapes calls it; empty: by its kind</source>
+        <translation>图形列表中的名称；留空则用类型名</translation>
+    </message>
+    <message>
+        <source>differs</source>
+        <translation>不一致</translation>
+    </message>
+</context>
+<context>
+    <name>studio::KindSection</name>
+    <message>
+        <source>Diameter 1</source>
+        <translation>直径 1</translation>
+    </message>
+    <message>
+        <source>Diameter 2</source>
+        <translation>直径 2</translation>
+    </message>
+    <message>
+        <source>In mm, along the ellipse&apos;s other axis</source>
+        <translation>沿椭圆的另一条轴，mm</translation>
+    </message>
+    <message>
+        <source>In mm, along the ellipse&apos;s own first axis</source>
+        <translation>沿椭圆自身的第一条轴，mm</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>长度</translation>
+    </message>
+    <message>
+        <source>Length of the line in mm; its start stays</source>
+        <translation>直线的长度，mm；起点不动</translation>
+    </message>
+    <message>
+        <source>Number of sides of the polygon</source>
+        <translation>多边形的边数</translation>
+    </message>
+    <message>
+        <source>Sides</source>
+        <translation>边数</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
+    </message>
+</context>
+<context>
+    <name>studio::MeasureField</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 至 %2</translation>
+    </message>
+    <message>
+        <source>%1 to %2 %</source>
+        <translation>%1 至 %2 %</translation>
+    </message>
+    <message>
+        <source>%1 to %2 mm</source>
+        <translation>%1 至 %2 mm</translation>
+    </message>
+    <message>
+        <source>%1. Permitted: %2</source>
+        <translation>%1。允许范围：%2</translation>
+    </message>
+    <message>
+        <source>%1° to %2°</source>
+        <translation>%1° 至 %2°</translation>
+    </message>
+    <message>
+        <source>Not a whole number</source>
+        <translation>不是整数</translation>
+    </message>
+    <message>
+        <source>Too large</source>
+        <translation>过大</translation>
+    </message>
+    <message>
+        <source>Too small</source>
+        <translation>过小</translation>
+    </message>
+    <message>
+        <source>differs</source>
+        <translation>不一致</translation>
+    </message>
+</context>
+<context>
+    <name>studio::PenColors</name>
+    <message>
+        <source>Black</source>
+        <translation>黑色</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>蓝色</translation>
+    </message>
+    <message>
+        <source>Cyan</source>
+        <translation>青色</translation>
+    </message>
+    <message>
+        <source>Fuchsia</source>
+        <translation>紫红色</translation>
+    </message>
+    <message>
+        <source>Goldenrod</source>
+        <translation>金黄色</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>绿色</translation>
+    </message>
+    <message>
+        <source>Grey</source>
+        <translation>灰色</translation>
+    </message>
+    <message>
+        <source>Khaki</source>
+        <translation>卡其色</translation>
+    </message>
+    <message>
+        <source>Magenta</source>
+        <translation>品红色</translation>
+    </message>
+    <message>
+        <source>Navy</source>
+        <translation>藏青色</translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation>橙色</translation>
+    </message>
+    <message>
+        <source>Orchid</source>
+        <translation>兰紫色</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>红色</translation>
+    </message>
+    <message>
+        <source>Salmon</source>
+        <translation>鲑红色</translation>
+    </message>
+    <message>
+        <source>Turquoise</source>
+        <translation>绿松石色</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>黄色</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ShapeEdits</name>
+    <message>
+        <source>A shape would leave the drawing&apos;s area, %1 to %2 mm across and %3 to %4 mm down</source>
+        <translation>图形会超出绘图区域：横向 %1 至 %2 mm，纵向 %3 至 %4 mm</translation>
+    </message>
+    <message>
+        <source>An ellipse that is flat cannot be stretched</source>
+        <translation>扁平的椭圆无法拉伸</translation>
+    </message>
+    <message>
+        <source>What has no height cannot be stretched to one</source>
+        <translation>没有高度的图形无法拉伸出高度</translation>
+    </message>
+    <message>
+        <source>What has no width cannot be stretched to one</source>
+        <translation>没有宽度的图形无法拉伸出宽度</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ShapePanel</name>
+    <message>
+        <source>%1 shapes selected</source>
+        <translation>已选 %1 个图形</translation>
+    </message>
+    <message>
+        <source>1 shape selected</source>
+        <translation>已选 1 个图形</translation>
+    </message>
+    <message>
+        <source>Nothing selected</source>
+        <translation>未选中任何图形</translation>
+    </message>
+    <message>
+        <source>Shape</source>
+        <translation>图形</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>文字</translation>
+    </message>
+</context>
+<context>
+    <name>studio::TextSection</name>
+    <message>
+        <source>Added to what the font has, in mm; on an arc the span decides</source>
+        <translation>在字体自身间距上增加的值，mm；在圆弧上由跨角决定</translation>
+    </message>
+    <message>
+        <source>Arc diameter</source>
+        <translation>圆弧直径</translation>
+    </message>
+    <message>
+        <source>Arc span</source>
+        <translation>圆弧跨角</translation>
+    </message>
+    <message>
+        <source>Arc start</source>
+        <translation>圆弧起角</translation>
+    </message>
+    <message>
+        <source>Chinese</source>
+        <translation>中文</translation>
+    </message>
+    <message>
+        <source>Family</source>
+        <translation>字族</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>字体</translation>
+    </message>
+    <message>
+        <source>From the ink of the lines above to the tops of capitals, in mm</source>
+        <translation>从上方各行的笔迹到大写字母顶端的距离，mm</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高度</translation>
+    </message>
+    <message>
+        <source>Height of capital letters on the part, in mm</source>
+        <translation>工件上大写字母的高度，mm</translation>
+    </message>
+    <message>
+        <source>Letter space</source>
+        <translation>字距</translation>
+    </message>
+    <message>
+        <source>Letters</source>
+        <translation>字母</translation>
+    </message>
+    <message>
+        <source>Line space</source>
+        <translation>行距</translation>
+    </message>
+    <message>
+        <source>Of the circle on which the characters stand, in mm</source>
+        <translation>字符所在圆的直径，mm</translation>
+    </message>
+    <message>
+        <source>On an arc</source>
+        <translation>沿圆弧</translation>
+    </message>
+    <message>
+        <source>Select a text to change its font, size and arc.</source>
+        <translation>选中文字以更改其字体、尺寸和圆弧。</translation>
+    </message>
+    <message>
+        <source>Shared out among the characters; positive is anticlockwise</source>
+        <translation>分配给各个字符；正值为逆时针</translation>
+    </message>
+    <message>
+        <source>Stroke fonts, single lines</source>
+        <translation>单线字体</translation>
+    </message>
+    <message>
+        <source>System font, outlines</source>
+        <translation>系统字体，轮廓</translation>
+    </message>
+    <message>
+        <source>Where the arc starts: 0 is at three o&apos;clock, 90 at twelve</source>
+        <translation>圆弧的起点：0 在三点钟方向，90 在十二点钟方向</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>宽度</translation>
+    </message>
+    <message>
+        <source>Width of the letters in percent; at 100 they are as the font has them</source>
+        <translation>字母宽度的百分比；100 为字体原样</translation>
+    </message>
+    <message>
+        <source>Words and variant text...</source>
+        <translation>文字内容和变量文字...</translation>
+    </message>
+    <message>
+        <source>differs</source>
+        <translation>不一致</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
+    </message>
+</context>
+<context>
+    <name>studio::TypedMeasure</name>
+    <message>
+        <source>&quot;%1&quot; is no unit of this field</source>
+        <translation>“%1”不是此栏的单位</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; makes no sense here</source>
+        <translation>此处的“%1”没有意义</translation>
+    </message>
+    <message>
+        <source>A bracket has no counterpart</source>
+        <translation>括号不成对</translation>
+    </message>
+    <message>
+        <source>A number is missing at the end</source>
+        <translation>末尾缺少数字</translation>
+    </message>
+    <message>
+        <source>A unit stands where only a plain number can</source>
+        <translation>此处只能是不带单位的数</translation>
+    </message>
+    <message>
+        <source>Decimals stand after a point</source>
+        <translation>小数点请用句点</translation>
+    </message>
+    <message>
+        <source>Nothing can be divided by 0</source>
+        <translation>不能除以 0</translation>
+    </message>
+    <message>
+        <source>Nothing is entered</source>
+        <translation>没有输入内容</translation>
+    </message>
+    <message>
+        <source>The entry is too long</source>
+        <translation>输入过长</translation>
+    </message>
+    <message>
+        <source>The number is too large</source>
+        <translation>数值过大</translation>
     </message>
 </context>
 </TS>

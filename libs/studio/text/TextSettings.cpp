@@ -92,6 +92,17 @@ void applyArc(const TextSettings &settings, double unitMm, ZTGraphicsTextItem &i
 
 } // namespace
 
+void TextSettings::putOnArc()
+{
+    // A new text has the arc from three o'clock down to six; the upper half is what people expect.
+    const bool isUntouched = startDeg == 0.0 && spanDeg == 90.0;
+    if (isUntouched) {
+        startDeg = -180.0;
+        spanDeg = 180.0;
+    }
+    isOnArc = true;
+}
+
 TextSettings TextSettings::of(const ZTGraphicsTextItem &item)
 {
     const ZTCoord &coord = *ZTCoord::getInstance();

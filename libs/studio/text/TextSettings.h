@@ -32,6 +32,9 @@ struct TextSettings
 
     ZTFillParam fill; ///< of outlines; strokes are never hatched
 
+    /** Puts the text on its arc; on the upper half of it, if the arc was never set up. */
+    void putOnArc();
+
     static TextSettings of(const ZTGraphicsTextItem &item);
 
     /**
