@@ -233,7 +233,7 @@ void MainWindow::buildProperties()
 void MainWindow::buildJob()
 {
     m_jobTools = new JobTools(*m_drawing, *m_textTools, *m_messages, *this);
-    m_panel->addPage(&m_jobTools->panel(), [] { return tr("&Job"); });
+    m_panel->addPage(&m_jobTools->panel(), [] { return tr("Job"); });
     connect(&m_jobTools->exporter(), &JobExporter::written, this,
             [this](const QStringList &files, int) {
                 m_status->showMessage(tr("Job written to %1, files: %2")
