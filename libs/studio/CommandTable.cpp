@@ -155,6 +155,9 @@ const QVector<Command> kFixedCommands = {
      TEXT("Move all variant texts on to the next part"), Needs::Shapes, kWindow,
      [](MainWindow &w) { w.text().nextPart(); }},
 
+    {"text.shareCounter", TEXT("S&hare one counter"), "", "",
+     TEXT("Give each of the selected texts and codes the next value of one counter"),
+     Needs::TwoSelected, kWindow, [](MainWindow &w) { w.text().shareCounter(); }},
     {"code.settings", TEXT("Code &settings..."), "code-settings", "Ctrl+B",
      TEXT("Kind, content, size and hatch of the selected code"), Needs::OneCode, kWindow,
      [](MainWindow &w) { w.codes().showDialog(); }},

@@ -117,7 +117,7 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
     fill(*draw, commands, kTools);
     addMenu(window, "textMenu", commands,
             {"create.text", "-", "text.type", "text.settings", "-", "create.code", "create.barcode",
-             "code.settings", "-", "text.nextPart"});
+             "code.settings", "-", "text.nextPart", "text.shareCounter"});
     QMenu &arrange =
         addMenu(window, "arrangeMenu", commands,
                 {"arrange.left", "arrange.hcenter", "arrange.right", "arrange.top",

@@ -459,6 +459,14 @@
         <source>Type place, size and angle into the shape panel</source>
         <translation>在图形面板中输入位置、尺寸和角度</translation>
     </message>
+    <message>
+        <source>S&amp;hare one counter</source>
+        <translation>共用一个计数器(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Give each of the selected texts and codes the next value of one counter</source>
+        <translation>让所选文字和码依次取一个计数器的下一个值</translation>
+    </message>
 </context>
 <context>
     <name>studio::ArcPage</name>
@@ -1044,6 +1052,14 @@
         <source>Select the one shape that is to be repeated.</source>
         <translation>请选中要重复的那一个图形。</translation>
     </message>
+    <message>
+        <source>&amp;Number the copies: each has the next value</source>
+        <translation>为副本编号：每个取下一个值(&amp;N)</translation>
+    </message>
+    <message>
+        <source>The next part then goes on behind the values of all of them</source>
+        <translation>下一件从所有这些值之后继续</translation>
+    </message>
 </context>
 <context>
     <name>studio::OrderMenu</name>
@@ -1543,6 +1559,10 @@
         <source>The drawing has no variant text</source>
         <translation>图纸中没有可变文字</translation>
     </message>
+    <message>
+        <source>Select texts or codes, one of them with a counter</source>
+        <translation>请选择文字或码，其中一个带计数器</translation>
+    </message>
 </context>
 <context>
     <name>studio::UndoTexts</name>
@@ -1705,6 +1725,10 @@
     <message>
         <source>Rename</source>
         <translation>重命名</translation>
+    </message>
+    <message>
+        <source>Share counter</source>
+        <translation>共用计数器</translation>
     </message>
 </context>
 <context>
