@@ -1005,10 +1005,6 @@
         <source>Degrees, anticlockwise:</source>
         <translation>角度（度，逆时针）：</translation>
     </message>
-    <message>
-        <source>&amp;Job</source>
-        <translation>作业(&amp;J)</translation>
-    </message>
 </context>
 <context>
     <name>studio::MatrixDialog</name>
