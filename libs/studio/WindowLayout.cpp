@@ -33,6 +33,7 @@ constexpr Title kMenuTitles[] = {
     {"toolsMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "T&ools")},
     {"arrangeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Arrange")},
     {"nudgeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Nudge")},
+    {"jobMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Job")},
     {"viewMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&View")},
     {"helpMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Help")},
 };
@@ -129,6 +130,7 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
          {"nudge.left", "nudge.right", "nudge.up", "nudge.down", "-", "nudge.farLeft",
           "nudge.farRight", "nudge.farUp", "nudge.farDown", "-", "nudge.fineLeft",
           "nudge.fineRight", "nudge.fineUp", "nudge.fineDown"});
+    addMenu(window, "jobMenu", commands, {"job.preview", "job.export", "-", "text.nextPart"});
     QMenu &view = addMenu(
         window, "viewMenu", commands,
         {"view.zoomIn", "view.zoomOut", "view.home", "-", "view.fitSelection", "view.fitAll", "-"});
@@ -154,7 +156,7 @@ void addToolBars(QMainWindow &window, const Commands &commands)
     addToolBar(window, "viewToolBar", Qt::TopToolBarArea, commands,
                {"view.zoomOut", "view.zoomIn", "view.home", "view.fitSelection"});
     addToolBar(window, "textToolBar", Qt::TopToolBarArea, commands,
-               {"text.settings", "code.settings", "text.nextPart"});
+               {"text.settings", "code.settings", "text.nextPart", "job.preview"});
     addToolBar(window, "toolColumn", Qt::LeftToolBarArea, commands, kTools);
 }
 

@@ -8,10 +8,6 @@
         <translation>关于(&amp;A)</translation>
     </message>
     <message>
-        <source>&amp;Copy</source>
-        <translation>复制(&amp;C)</translation>
-    </message>
-    <message>
         <source>&amp;Delete</source>
         <translation>删除(&amp;D)</translation>
     </message>
@@ -22,10 +18,6 @@
     <message>
         <source>&amp;Export mark paths...</source>
         <translation>导出标刻路径(&amp;E)...</translation>
-    </message>
-    <message>
-        <source>&amp;Group</source>
-        <translation>组合(&amp;G)</translation>
     </message>
     <message>
         <source>&amp;Home</source>
@@ -56,10 +48,6 @@
         <translation>打开(&amp;O)...</translation>
     </message>
     <message>
-        <source>&amp;Paste</source>
-        <translation>粘贴(&amp;P)</translation>
-    </message>
-    <message>
         <source>&amp;Polygon</source>
         <translation>多边形(&amp;P)</translation>
     </message>
@@ -78,10 +66,6 @@
     <message>
         <source>&amp;Save</source>
         <translation>保存(&amp;S)</translation>
-    </message>
-    <message>
-        <source>&amp;Select</source>
-        <translation>选择(&amp;S)</translation>
     </message>
     <message>
         <source>&amp;TDOT figure</source>
@@ -132,10 +116,6 @@
         <translation>中心重合(&amp;E)</translation>
     </message>
     <message>
-        <source>Copy to the clipboard</source>
-        <translation>复制到剪贴板</translation>
-    </message>
-    <message>
         <source>Create a TDOT figure</source>
         <translation>创建 TDOT 图形</translation>
     </message>
@@ -158,14 +138,6 @@
     <message>
         <source>Create an ellipse</source>
         <translation>创建椭圆</translation>
-    </message>
-    <message>
-        <source>Cu&amp;t</source>
-        <translation>剪切(&amp;T)</translation>
-    </message>
-    <message>
-        <source>Cut out to the clipboard</source>
-        <translation>剪切到剪贴板</translation>
     </message>
     <message>
         <source>D&amp;uplicate</source>
@@ -216,10 +188,6 @@
         <translation>左移 10 mm</translation>
     </message>
     <message>
-        <source>Make one group of the selected shapes</source>
-        <translation>把选中的图形组合为一组</translation>
-    </message>
-    <message>
         <source>Matri&amp;x...</source>
         <translation>阵列(&amp;X)...</translation>
     </message>
@@ -238,26 +206,6 @@
     <message>
         <source>Open a drawing</source>
         <translation>打开图纸</translation>
-    </message>
-    <message>
-        <source>Paste &amp;here</source>
-        <translation>粘贴到此处(&amp;H)</translation>
-    </message>
-    <message>
-        <source>Paste at the mouse</source>
-        <translation>粘贴到鼠标所在处</translation>
-    </message>
-    <message>
-        <source>Paste exactly where it was copied from</source>
-        <translation>粘贴到复制时的原位置</translation>
-    </message>
-    <message>
-        <source>Paste in p&amp;lace</source>
-        <translation>原位粘贴(&amp;L)</translation>
-    </message>
-    <message>
-        <source>Paste shapes, SVG drawings or text from the clipboard</source>
-        <translation>从剪贴板粘贴图形、SVG 图或文字</translation>
     </message>
     <message>
         <source>R&amp;otate by...</source>
@@ -320,10 +268,6 @@
         <translation>全选(&amp;A)</translation>
     </message>
     <message>
-        <source>Select and move shapes</source>
-        <translation>选择和移动图形</translation>
-    </message>
-    <message>
         <source>Select n&amp;othing</source>
         <translation>取消选择(&amp;O)</translation>
     </message>
@@ -340,10 +284,6 @@
         <translation>显示全部选中图形</translation>
     </message>
     <message>
-        <source>Take the selected groups apart</source>
-        <translation>拆开选中的组</translation>
-    </message>
-    <message>
         <source>Te&amp;xt</source>
         <translation>文字(&amp;X)</translation>
     </message>
@@ -354,10 +294,6 @@
     <message>
         <source>Type into the selected text on the drawing</source>
         <translation>在图纸上编辑选中的文字</translation>
-    </message>
-    <message>
-        <source>U&amp;ngroup</source>
-        <translation>取消组合(&amp;N)</translation>
     </message>
     <message>
         <source>Up by 0.1 mm</source>
@@ -396,6 +332,86 @@
         <translation>导入绘图仪文件、SVG 和 DXF 图形</translation>
     </message>
     <message>
+        <source>E&amp;xport job...</source>
+        <translation>导出作业(&amp;X)...</translation>
+    </message>
+    <message>
+        <source>Play the job: order, jumps and the time it takes</source>
+        <translation>播放作业：顺序、空跳和所需时间</translation>
+    </message>
+    <message>
+        <source>Pre&amp;view...</source>
+        <translation>预览(&amp;V)...</translation>
+    </message>
+    <message>
+        <source>Write a file that the machine runs</source>
+        <translation>写出机器可运行的文件</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>复制(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Group</source>
+        <translation>组合(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>粘贴(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Select</source>
+        <translation>选择(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Copy to the clipboard</source>
+        <translation>复制到剪贴板</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>剪切(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Cut out to the clipboard</source>
+        <translation>剪切到剪贴板</translation>
+    </message>
+    <message>
+        <source>Make one group of the selected shapes</source>
+        <translation>把选中的图形组合为一组</translation>
+    </message>
+    <message>
+        <source>Paste &amp;here</source>
+        <translation>粘贴到此处(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Paste at the mouse</source>
+        <translation>粘贴到鼠标所在处</translation>
+    </message>
+    <message>
+        <source>Paste exactly where it was copied from</source>
+        <translation>粘贴到复制时的原位置</translation>
+    </message>
+    <message>
+        <source>Paste in p&amp;lace</source>
+        <translation>原位粘贴(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Paste shapes, SVG drawings or text from the clipboard</source>
+        <translation>从剪贴板粘贴图形、SVG 图或文字</translation>
+    </message>
+    <message>
+        <source>Select and move shapes</source>
+        <translation>选择和移动图形</translation>
+    </message>
+    <message>
+        <source>Take the selected groups apart</source>
+        <translation>拆开选中的组</translation>
+    </message>
+    <message>
+        <source>U&amp;ngroup</source>
+        <translation>取消组合(&amp;N)</translation>
+    </message>
+    <message>
         <source>&amp;Bar code</source>
         <translation>条形码(&amp;B)</translation>
     </message>
@@ -428,14 +444,6 @@
         <translation>从打标轨迹读回所有的码</translation>
     </message>
     <message>
-        <source>S&amp;hare one counter</source>
-        <translation>共用一个计数器(&amp;H)</translation>
-    </message>
-    <message>
-        <source>Give each of the selected texts and codes the next value of one counter</source>
-        <translation>让所选文字和码依次取一个计数器的下一个值</translation>
-    </message>
-    <message>
         <source>&amp;Reset layout</source>
         <translation>恢复布局(&amp;R)</translation>
     </message>
@@ -450,6 +458,14 @@
     <message>
         <source>Type place, size and angle into the shape panel</source>
         <translation>在图形面板中输入位置、尺寸和角度</translation>
+    </message>
+    <message>
+        <source>S&amp;hare one counter</source>
+        <translation>共用一个计数器(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Give each of the selected texts and codes the next value of one counter</source>
+        <translation>让所选文字和码依次取一个计数器的下一个值</translation>
     </message>
 </context>
 <context>
@@ -500,33 +516,6 @@
     <message>
         <source>The drawing is not protected against a crash.</source>
         <translation>图纸当前没有崩溃保护。</translation>
-    </message>
-</context>
-<context>
-    <name>studio::ClipboardActions</name>
-    <message>
-        <source>It has %L1 characters; at most %L2 become a text.</source>
-        <translation>共有 %L1 个字符；一个文本最多 %L2 个。</translation>
-    </message>
-    <message>
-        <source>The clipboard holds nothing that can be pasted</source>
-        <translation>剪贴板中没有可以粘贴的内容</translation>
-    </message>
-    <message>
-        <source>The shapes were not copied.</source>
-        <translation>图形未能复制。</translation>
-    </message>
-    <message>
-        <source>The shapes were not pasted.</source>
-        <translation>图形未能粘贴。</translation>
-    </message>
-    <message>
-        <source>The text was not pasted.</source>
-        <translation>文字未能粘贴。</translation>
-    </message>
-    <message>
-        <source>clipboard</source>
-        <translation>剪贴板</translation>
     </message>
 </context>
 <context>
@@ -695,29 +684,6 @@
     </message>
 </context>
 <context>
-    <name>studio::DrawingTools</name>
-    <message>
-        <source>%1 mm, %2°</source>
-        <translation>%1 毫米，%2°</translation>
-    </message>
-    <message>
-        <source>%1 × %2 mm</source>
-        <translation>%1 × %2 毫米</translation>
-    </message>
-    <message>
-        <source>%1: drag a box, or click. Shift keeps the proportions, Alt begins in the middle, Esc gives up</source>
-        <translation>%1：拖出方框，或单击。Shift 保持比例，Alt 从中心开始，Esc 放弃</translation>
-    </message>
-    <message>
-        <source>%1: drag from end to end. Shift keeps to steps of 15°, Alt begins in the middle, Esc gives up</source>
-        <translation>%1：从一端拖到另一端。Shift 按 15° 步进，Alt 从中点开始，Esc 放弃</translation>
-    </message>
-    <message>
-        <source>A shape needs a width and a height: drag a box</source>
-        <translation>图形需要宽度和高度：请拖出方框</translation>
-    </message>
-</context>
-<context>
     <name>studio::ExportJob</name>
     <message>
         <source>the file cannot be replaced</source>
@@ -868,21 +834,6 @@
     <message>
         <source>Width of the letters; at 100 % they are as the font has them</source>
         <translation>字母的宽度；100 % 时与字体原样相同</translation>
-    </message>
-</context>
-<context>
-    <name>studio::GroupTools</name>
-    <message>
-        <source>No group is selected</source>
-        <translation>没有选中任何组</translation>
-    </message>
-    <message>
-        <source>These shapes are one group already</source>
-        <translation>这些图形已经是一组</translation>
-    </message>
-    <message>
-        <source>Within a group: its shapes are on their own, Esc leaves it</source>
-        <translation>已进入组：组内图形可单独编辑，Esc 退出</translation>
     </message>
 </context>
 <context>
@@ -1043,6 +994,14 @@
         <translation>剪贴板</translation>
     </message>
     <message>
+        <source>Job</source>
+        <translation>作业</translation>
+    </message>
+    <message>
+        <source>Job written to %1, files: %2</source>
+        <translation>作业已写入 %1，文件数：%2</translation>
+    </message>
+    <message>
         <source>Degrees, anticlockwise:</source>
         <translation>角度（度，逆时针）：</translation>
     </message>
@@ -1175,14 +1134,6 @@
 <context>
     <name>studio::FieldCheck</name>
     <message>
-        <source>%1 %2</source>
-        <translation>%1 %2</translation>
-    </message>
-    <message>
-        <source>%1 %2 &quot;%3&quot;</source>
-        <translation>%1 %2“%3”</translation>
-    </message>
-    <message>
         <source>Shapes lie outside the field.</source>
         <translation>有图形位于工作区之外。</translation>
     </message>
@@ -1228,6 +1179,14 @@
     <message>
         <source>Shape</source>
         <translation>图形</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>%1 %2 &quot;%3&quot;</source>
+        <translation>%1 %2“%3”</translation>
     </message>
     <message>
         <source>Bar code</source>
@@ -1652,10 +1611,6 @@
         <translation>创建文字</translation>
     </message>
     <message>
-        <source>Cut</source>
-        <translation>剪切</translation>
-    </message>
-    <message>
         <source>Delete</source>
         <translation>删除</translation>
     </message>
@@ -1666,10 +1621,6 @@
     <message>
         <source>Free proportions</source>
         <translation>解除比例锁定</translation>
-    </message>
-    <message>
-        <source>Group</source>
-        <translation>组合</translation>
     </message>
     <message>
         <source>Import %1</source>
@@ -1696,10 +1647,6 @@
         <translation>移动</translation>
     </message>
     <message>
-        <source>Paste</source>
-        <translation>粘贴</translation>
-    </message>
-    <message>
         <source>Resize</source>
         <translation>调整大小</translation>
     </message>
@@ -1712,6 +1659,26 @@
         <translation>输入文字</translation>
     </message>
     <message>
+        <source>Change pens</source>
+        <translation>更改笔</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>剪切</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>组合</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>粘贴</translation>
+    </message>
+    <message>
+        <source>Ungroup</source>
+        <translation>取消组合</translation>
+    </message>
+    <message>
         <source>Change code</source>
         <translation>修改码</translation>
     </message>
@@ -1722,14 +1689,6 @@
     <message>
         <source>Create code</source>
         <translation>创建码</translation>
-    </message>
-    <message>
-        <source>Ungroup</source>
-        <translation>取消组合</translation>
-    </message>
-    <message>
-        <source>Share counter</source>
-        <translation>共用计数器</translation>
     </message>
     <message>
         <source>Change hatch</source>
@@ -1762,6 +1721,10 @@
     <message>
         <source>Rename</source>
         <translation>重命名</translation>
+    </message>
+    <message>
+        <source>Share counter</source>
+        <translation>共用计数器</translation>
     </message>
 </context>
 <context>
@@ -1893,10 +1856,6 @@
         <translation>视图(&amp;V)</translation>
     </message>
     <message>
-        <source>&amp;With the mouse</source>
-        <translation>用鼠标绘制(&amp;W)</translation>
-    </message>
-    <message>
         <source>Align</source>
         <translation>对齐</translation>
     </message>
@@ -1913,16 +1872,24 @@
         <translation>文字</translation>
     </message>
     <message>
-        <source>Tools</source>
-        <translation>工具</translation>
-    </message>
-    <message>
         <source>Transform</source>
         <translation>变换</translation>
     </message>
     <message>
         <source>View</source>
         <translation>视图</translation>
+    </message>
+    <message>
+        <source>&amp;Job</source>
+        <translation>作业(&amp;J)</translation>
+    </message>
+    <message>
+        <source>&amp;With the mouse</source>
+        <translation>用鼠标绘制(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>工具</translation>
     </message>
     <message>
         <source>T&amp;ools</source>
@@ -2134,6 +2101,638 @@
     <message>
         <source>the folder %1 cannot be made</source>
         <translation>无法创建文件夹 %1</translation>
+    </message>
+</context>
+<context>
+    <name>studio::JobExportDialog</name>
+    <message>
+        <source>%1 files: %2 to %3</source>
+        <translation>%1 个文件：%2 至 %3</translation>
+    </message>
+    <message>
+        <source>%1 of the files are there already.</source>
+        <translation>其中 %1 个文件已存在。</translation>
+    </message>
+    <message>
+        <source>&amp;Browse...</source>
+        <translation>浏览(&amp;B)...</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>文件(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;One file, with pauses</source>
+        <translation>一个文件，中间暂停(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Parts</source>
+        <translation>件数(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Replace</source>
+        <translation>替换(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;What</source>
+        <translation>内容(&amp;W)</translation>
+    </message>
+    <message>
+        <source>A file of this name is there already.</source>
+        <translation>同名文件已存在。</translation>
+    </message>
+    <message>
+        <source>E&amp;xport</source>
+        <translation>导出(&amp;X)</translation>
+    </message>
+    <message>
+        <source>Export job</source>
+        <translation>导出作业</translation>
+    </message>
+    <message>
+        <source>Its frame: a box</source>
+        <translation>作业边框：矩形</translation>
+    </message>
+    <message>
+        <source>Its frame: the hull</source>
+        <translation>作业边框：凸包</translation>
+    </message>
+    <message>
+        <source>One file: %1</source>
+        <translation>一个文件：%1</translation>
+    </message>
+    <message>
+        <source>The job</source>
+        <translation>作业</translation>
+    </message>
+    <message>
+        <source>The name has to end in one of %1.</source>
+        <translation>文件名必须以 %1 之一结尾。</translation>
+    </message>
+    <message>
+        <source>Variant texts move on once a part.</source>
+        <translation>可变文本每件前进一次。</translation>
+    </message>
+    <message>
+        <source>drawing</source>
+        <translation>图纸</translation>
+    </message>
+</context>
+<context>
+    <name>studio::JobExporter</name>
+    <message>
+        <source> The files before it were written; the numbers were not used up.</source>
+        <translation>之前的文件已写出；编号未被消耗。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was not written.</source>
+        <translation>未写出“%1”。</translation>
+    </message>
+    <message>
+        <source>After part %1 there are no further values for: %2. No file was written.</source>
+        <translation>第 %1 件之后，以下文本不再有值：%2。未写出任何文件。</translation>
+    </message>
+    <message>
+        <source>Making the job...</source>
+        <translation>正在生成作业...</translation>
+    </message>
+    <message>
+        <source>Not all shapes could be turned into marks.</source>
+        <translation>并非所有图形都能转换为标刻路径。</translation>
+    </message>
+    <message>
+        <source>Only G-code can hold several parts with a pause between them. Write one file a part.</source>
+        <translation>只有 G 代码能在一个文件中以暂停分隔多件。请每件写一个文件。</translation>
+    </message>
+    <message>
+        <source>The name has to end in one of %1.</source>
+        <translation>文件名必须以 %1 之一结尾。</translation>
+    </message>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>内存不足。</translation>
+    </message>
+    <message>
+        <source>There is nothing to mark.</source>
+        <translation>没有可标刻的内容。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::JobPanel</name>
+    <message>
+        <source>%1 s a part (marking %2, jumps %3, delays %4; %5)</source>
+        <translation>每件 %1 秒（标刻 %2，空跳 %3，延时 %4；%5）</translation>
+    </message>
+    <message>
+        <source>&amp;Inner outlines before outer ones</source>
+        <translation>先内轮廓后外轮廓(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Keep as...</source>
+        <translation>保存为(&amp;K)...</translation>
+    </message>
+    <message>
+        <source>&amp;Material</source>
+        <translation>材料(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Other...</source>
+        <translation>其他(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>After outlines</source>
+        <translation>轮廓之后</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>Anywhere</source>
+        <translation>任意位置</translation>
+    </message>
+    <message>
+        <source>As drawn</source>
+        <translation>按绘制顺序</translation>
+    </message>
+    <message>
+        <source>Before outlines</source>
+        <translation>轮廓之前</translation>
+    </message>
+    <message>
+        <source>Choose...</source>
+        <translation>选择...</translation>
+    </message>
+    <message>
+        <source>E&amp;xport job...</source>
+        <translation>导出作业(&amp;X)...</translation>
+    </message>
+    <message>
+        <source>From a file...</source>
+        <translation>从文件...</translation>
+    </message>
+    <message>
+        <source>Hatch&amp;es</source>
+        <translation>填充(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Keep these pens as a material under a name</source>
+        <translation>将这些笔以某一名称保存为材料</translation>
+    </message>
+    <message>
+        <source>Kept as %1</source>
+        <translation>已保存为 %1</translation>
+    </message>
+    <message>
+        <source>Mac&amp;hine</source>
+        <translation>机器(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Machine profile</source>
+        <translation>机器配置</translation>
+    </message>
+    <message>
+        <source>Machine profiles (*.json)</source>
+        <translation>机器配置 (*.json)</translation>
+    </message>
+    <message>
+        <source>Material</source>
+        <translation>材料</translation>
+    </message>
+    <message>
+        <source>Materials (*.json)</source>
+        <translation>材料 (*.json)</translation>
+    </message>
+    <message>
+        <source>Name of the material:</source>
+        <translation>材料名称：</translation>
+    </message>
+    <message>
+        <source>Nearest end next</source>
+        <translation>就近端点优先</translation>
+    </message>
+    <message>
+        <source>O&amp;rder</source>
+        <translation>顺序(&amp;R)</translation>
+    </message>
+    <message>
+        <source>P&amp;ens of this drawing</source>
+        <translation>本图纸的笔(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Pen &amp;by pen</source>
+        <translation>逐笔标刻(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Pens of %1</source>
+        <translation>%1 的笔</translation>
+    </message>
+    <message>
+        <source>Pens of this drawing</source>
+        <translation>本图纸的笔</translation>
+    </message>
+    <message>
+        <source>Pre&amp;view...</source>
+        <translation>预览(&amp;V)...</translation>
+    </message>
+    <message>
+        <source>Read a machine profile from a file</source>
+        <translation>从文件读取机器配置</translation>
+    </message>
+    <message>
+        <source>Shortest found</source>
+        <translation>所找到的最短</translation>
+    </message>
+    <message>
+        <source>pen %1 %2</source>
+        <translation>笔 %1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>studio::JobPreview</name>
+    <message>
+        <source>%1 of %2 s</source>
+        <translation>%1 / %2 秒</translation>
+    </message>
+    <message>
+        <source>&amp;Arrows</source>
+        <translation>箭头(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Colours by</source>
+        <translation>颜色依据(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Jumps</source>
+        <translation>空跳(&amp;J)</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>暂停(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>播放(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Starting points</source>
+        <translation>起点(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Update</source>
+        <translation>更新(&amp;U)</translation>
+    </message>
+    <message>
+        <source>C&amp;lose</source>
+        <translation>关闭(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Click a line to see what it is.</source>
+        <translation>单击线条可查看其内容。</translation>
+    </message>
+    <message>
+        <source>Delays</source>
+        <translation>延时</translation>
+    </message>
+    <message>
+        <source>E&amp;xport job...</source>
+        <translation>导出作业(&amp;X)...</translation>
+    </message>
+    <message>
+        <source>Jumps</source>
+        <translation>空跳</translation>
+    </message>
+    <message>
+        <source>Marking</source>
+        <translation>标刻</translation>
+    </message>
+    <message>
+        <source>Moment of the job</source>
+        <translation>作业时刻</translation>
+    </message>
+    <message>
+        <source>Nothing speaks against this job.</source>
+        <translation>未发现此作业的问题。</translation>
+    </message>
+    <message>
+        <source>One part</source>
+        <translation>一件</translation>
+    </message>
+    <message>
+        <source>Order</source>
+        <translation>顺序</translation>
+    </message>
+    <message>
+        <source>Order &amp;numbers</source>
+        <translation>顺序号(&amp;N)</translation>
+    </message>
+    <message>
+        <source>PDF report (*.pdf)</source>
+        <translation>PDF 报告 (*.pdf)</translation>
+    </message>
+    <message>
+        <source>Pac&amp;e</source>
+        <translation>速度倍率(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>笔</translation>
+    </message>
+    <message>
+        <source>Pen %1</source>
+        <translation>笔 %1</translation>
+    </message>
+    <message>
+        <source>Picture (*.png)</source>
+        <translation>图片 (*.png)</translation>
+    </message>
+    <message>
+        <source>Piece %1 of %2: %3, %4, pen %5, pass %6, from %7 to %8 s</source>
+        <translation>第 %1 段，共 %2 段：%3，%4，笔 %5，第 %6 遍，%7 至 %8 秒</translation>
+    </message>
+    <message>
+        <source>Preview of the job</source>
+        <translation>作业预览</translation>
+    </message>
+    <message>
+        <source>Report written to %1</source>
+        <translation>报告已写入 %1</translation>
+    </message>
+    <message>
+        <source>Save &amp;report...</source>
+        <translation>保存报告(&amp;R)...</translation>
+    </message>
+    <message>
+        <source>Save report</source>
+        <translation>保存报告</translation>
+    </message>
+    <message>
+        <source>Seconds</source>
+        <translation>秒</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>速度</translation>
+    </message>
+    <message>
+        <source>The drawing or the pens have changed since.</source>
+        <translation>图纸或笔此后已有更改。</translation>
+    </message>
+    <message>
+        <source>The report was not written: %1</source>
+        <translation>未写出报告：%1</translation>
+    </message>
+    <message>
+        <source>To be &amp;looked at: %1</source>
+        <translation>需要检查(&amp;L)：%1</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>合计</translation>
+    </message>
+    <message>
+        <source>hatch %1</source>
+        <translation>填充 %1</translation>
+    </message>
+    <message>
+        <source>outline</source>
+        <translation>轮廓</translation>
+    </message>
+</context>
+<context>
+    <name>studio::JobReport</name>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+    <message>
+        <source>%1 s (marking %2, jumps %3, delays %4)</source>
+        <translation>%1 秒（标刻 %2，空跳 %3，延时 %4）</translation>
+    </message>
+    <message>
+        <source>%1 x %2 mm</source>
+        <translation>%1 x %2 毫米</translation>
+    </message>
+    <message>
+        <source>Checks</source>
+        <translation>检查</translation>
+    </message>
+    <message>
+        <source>Field</source>
+        <translation>工作区</translation>
+    </message>
+    <message>
+        <source>Job</source>
+        <translation>作业</translation>
+    </message>
+    <message>
+        <source>Machine</source>
+        <translation>机器</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Nothing speaks against this job.</source>
+        <translation>未发现此作业的问题。</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>笔</translation>
+    </message>
+    <message>
+        <source>Pens</source>
+        <translation>笔</translation>
+    </message>
+    <message>
+        <source>Seconds</source>
+        <translation>秒</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>尺寸</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>时间</translation>
+    </message>
+    <message>
+        <source>Times</source>
+        <translation>遍数</translation>
+    </message>
+    <message>
+        <source>kHz</source>
+        <translation>千赫</translation>
+    </message>
+    <message>
+        <source>mm/s</source>
+        <translation>毫米/秒</translation>
+    </message>
+</context>
+<context>
+    <name>studio::JobSettings</name>
+    <message>
+        <source>The machine profile &quot;%1&quot; cannot be read.</source>
+        <translation>无法读取机器配置“%1”。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::JobTools</name>
+    <message>
+        <source>&amp;Export all the same</source>
+        <translation>仍然导出(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Show them</source>
+        <translation>显示(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Look at this before you mark.</source>
+        <translation>标刻前请检查以下内容。</translation>
+    </message>
+    <message>
+        <source>Making the job...</source>
+        <translation>正在生成作业...</translation>
+    </message>
+    <message>
+        <source>Not all shapes could be turned into marks.</source>
+        <translation>并非所有图形都能转换为标刻路径。</translation>
+    </message>
+    <message>
+        <source>There is no job.</source>
+        <translation>没有作业。</translation>
+    </message>
+    <message>
+        <source>There is nothing to mark.</source>
+        <translation>没有可标刻的内容。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::MaterialStore</name>
+    <message>
+        <source>The material &quot;%1&quot; cannot be read.</source>
+        <translation>无法读取材料“%1”。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::PenModel</name>
+    <message>
+        <source>&quot;%1&quot; is not a number that can stand here</source>
+        <translation>“%1”不是此处可用的数</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation>开</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>笔</translation>
+    </message>
+    <message>
+        <source>Power</source>
+        <translation>功率方式</translation>
+    </message>
+    <message>
+        <source>Pulse, ns</source>
+        <translation>脉宽，纳秒</translation>
+    </message>
+    <message>
+        <source>Times</source>
+        <translation>遍数</translation>
+    </message>
+    <message>
+        <source>constant</source>
+        <translation>恒定</translation>
+    </message>
+    <message>
+        <source>constant: the same power at any speed; dynamic: lowered where the head slows down. Double click changes it.</source>
+        <translation>恒定：任何速度下功率相同；动态：减速处降低功率。双击可更改。</translation>
+    </message>
+    <message>
+        <source>dynamic</source>
+        <translation>动态</translation>
+    </message>
+    <message>
+        <source>kHz</source>
+        <translation>千赫</translation>
+    </message>
+    <message>
+        <source>mm/s</source>
+        <translation>毫米/秒</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ClipboardActions</name>
+    <message>
+        <source>It has %L1 characters; at most %L2 become a text.</source>
+        <translation>共有 %L1 个字符；一个文本最多 %L2 个。</translation>
+    </message>
+    <message>
+        <source>The clipboard holds nothing that can be pasted</source>
+        <translation>剪贴板中没有可以粘贴的内容</translation>
+    </message>
+    <message>
+        <source>The shapes were not copied.</source>
+        <translation>图形未能复制。</translation>
+    </message>
+    <message>
+        <source>The shapes were not pasted.</source>
+        <translation>图形未能粘贴。</translation>
+    </message>
+    <message>
+        <source>The text was not pasted.</source>
+        <translation>文字未能粘贴。</translation>
+    </message>
+    <message>
+        <source>clipboard</source>
+        <translation>剪贴板</translation>
+    </message>
+</context>
+<context>
+    <name>studio::DrawingTools</name>
+    <message>
+        <source>%1 mm, %2°</source>
+        <translation>%1 毫米，%2°</translation>
+    </message>
+    <message>
+        <source>%1 × %2 mm</source>
+        <translation>%1 × %2 毫米</translation>
+    </message>
+    <message>
+        <source>%1: drag a box, or click. Shift keeps the proportions, Alt begins in the middle, Esc gives up</source>
+        <translation>%1：拖出方框，或单击。Shift 保持比例，Alt 从中心开始，Esc 放弃</translation>
+    </message>
+    <message>
+        <source>%1: drag from end to end. Shift keeps to steps of 15°, Alt begins in the middle, Esc gives up</source>
+        <translation>%1：从一端拖到另一端。Shift 按 15° 步进，Alt 从中点开始，Esc 放弃</translation>
+    </message>
+    <message>
+        <source>A shape needs a width and a height: drag a box</source>
+        <translation>图形需要宽度和高度：请拖出方框</translation>
+    </message>
+</context>
+<context>
+    <name>studio::GroupTools</name>
+    <message>
+        <source>No group is selected</source>
+        <translation>没有选中任何组</translation>
+    </message>
+    <message>
+        <source>These shapes are one group already</source>
+        <translation>这些图形已经是一组</translation>
+    </message>
+    <message>
+        <source>Within a group: its shapes are on their own, Esc leaves it</source>
+        <translation>已进入组：组内图形可单独编辑，Esc 退出</translation>
     </message>
 </context>
 <context>
