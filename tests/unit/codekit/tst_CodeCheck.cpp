@@ -41,7 +41,19 @@ QString contentOf(CodeKind kind)
     }
 }
 
-enum Form { Plain, Rotated, Inverse, Dots, Grown, Bars, Resized, WithText };
+enum Form {
+    Plain,
+    Rotated,
+    Inverse,
+    Dots,
+    Grown,
+    Bars,
+    Resized,
+    WithText,
+    Upright,
+    Slanted,
+    Zigzag
+};
 
 } // namespace
 
@@ -68,12 +80,13 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("kind");
         QTest::addColumn<int>("form");
-        const char *names[] = {"plain", "rotated", "inverse", "dots",
-                               "grown", "bars",    "resized", "with text"};
+        const char *names[] = {
+            "plain",     "rotated",         "inverse",         "dots",  "grown", "bars", "resized",
+            "with text", "hatched upright", "hatched slanted", "zigzag"};
         for (const CodeKindInfo &info : codeKinds()) {
             if (!canReadBack(info.kind))
                 continue;
-            for (int form = Plain; form <= WithText; ++form) {
+            for (int form = Plain; form <= Zigzag; ++form) {
                 if (form == Dots && info.isLinear)
                     continue; // a bar of dots is none
                 QTest::addRow("%s, %s", info.name, names[form]) << int(info.kind) << form;
@@ -188,6 +201,10 @@ private:
             settings.human.font = QFont(QStringLiteral("DejaVu Sans"));
         }
         item->setCode(settings, contentOf(kind));
+        ZTFillParam fill = item->getFillParam();
+        fill.angle = form == Upright ? 90.0 : form == Slanted ? 45.0 : 0.0;
+        fill.fillType = form == Zigzag ? FillType::ULine : FillType::Line;
+        item->setFillParam(fill);
         if (form == Rotated)
             item->setTransformParam(QTransform().rotate(33.0));
         if (form == Resized)
