@@ -6,10 +6,13 @@
 #include <studio/arrange/ShapeCopies.h>
 #include <studio/canvas/ShapePlace.h>
 #include <studio/code/CodeEdit.h>
+#include <studio/commands/ExtrasCommand.h>
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/commands/ItemValueCommand.h>
 #include <studio/commands/MoveItemsCommand.h>
+#include <studio/commands/UndoMacro.h>
 #include <studio/groups/Groups.h>
+#include <studio/text/SharedCounter.h>
 #include <studio/text/StrokeFonts.h>
 
 #include <hostkit/drawing/ItemGroups.h>
@@ -19,6 +22,7 @@
 #include <QtWidgets/QUndoStack>
 
 #include <algorithm>
+#include <optional>
 
 namespace studio {
 
@@ -163,7 +167,7 @@ void DocumentActions::rotate(double angleDeg)
                                undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Rotate"))));
 }
 
-int DocumentActions::repeat(int rows, int columns, const QSizeF &gapMm)
+int DocumentActions::repeat(int rows, int columns, const QSizeF &gapMm, bool isNumbered)
 {
     const ShapeItems sources = selected();
     if (sources.isEmpty() || qint64(rows) * columns * sources.size() > kMaxMatrix)
@@ -172,9 +176,22 @@ int DocumentActions::repeat(int rows, int columns, const QSizeF &gapMm)
                                                   : copiesOfBlock(rows, columns, gapMm);
     if (copies.isEmpty())
         return 0;
-    push(new AddItemsCommand(m_document.itemMag(), copies, sources,
-                             undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Matrix of %1 by %2"),
-                                      {QString::number(rows), QString::number(columns)})));
+    const QString text = undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Matrix of %1 by %2"),
+                                  {QString::number(rows), QString::number(columns)});
+    std::optional<UndoMacro> macro;
+    ZTAbstractGraphicsTextItem *words =
+        isNumbered && sources.size() == 1 ? wordsItem(sources.first()) : nullptr;
+    if (words != nullptr) {
+        macro.emplace(*m_document.undoStack(), text);
+        const hostkit::ItemExtras before = hostkit::itemExtras(*words);
+        shareCounter(*words, copies);
+        const int values = hostkit::itemExtras(*words).valuesPerPart;
+        hostkit::setItemExtras(*words, before);
+        push(new ExtrasCommand(
+            sources, [values](hostkit::ItemExtras &extras) { extras.valuesPerPart = values; },
+            text));
+    }
+    push(new AddItemsCommand(m_document.itemMag(), copies, sources, text));
     return copies.size();
 }
 

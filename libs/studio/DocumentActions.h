@@ -53,9 +53,10 @@ public:
      * Repeats the selected shapes as one block in rows and columns and selects the copies.
      *
      * @param gapMm space between the blocks' boxes, in x and y
+     * @param isNumbered each copy of the one variant text or code has its next value, row by row
      * @return shapes made; 0 if none is selected, or more than `kMaxMatrix` would stand
      */
-    int repeat(int rows, int columns, const QSizeF &gapMm);
+    int repeat(int rows, int columns, const QSizeF &gapMm, bool isNumbered = false);
 
     void setPen(int pen);           ///< of all selected shapes
     void lockAspect(bool isLocked); ///< of all selected shapes

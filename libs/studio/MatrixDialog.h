@@ -5,6 +5,7 @@
 #include <QtWidgets/QDialog>
 
 QT_BEGIN_NAMESPACE
+class QCheckBox;
 class QDoubleSpinBox;
 class QFormLayout;
 class QLabel;
@@ -45,6 +46,7 @@ private:
     void refresh();
     void create();
     MatrixGrid grid() const;
+    bool isNumberable() const;
     QString hint(const ShapeItems &sources, const MatrixGrid &grid) const;
 
     ZTGraphicsDocument &m_document;
@@ -53,6 +55,7 @@ private:
     QSpinBox *m_columnsBox;
     QDoubleSpinBox *m_acrossBox;
     QDoubleSpinBox *m_downBox;
+    QCheckBox *m_numberBox; ///< shown for what has a variant text
     QLabel *m_rowsLabel = nullptr;
     QLabel *m_columnsLabel = nullptr;
     QLabel *m_acrossLabel = nullptr;

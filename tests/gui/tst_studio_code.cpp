@@ -6,6 +6,8 @@
 #include <studio/code/CodeDialog.h>
 #include <studio/code/CodeTools.h>
 #include <studio/code/VerifyDialog.h>
+#include <studio/job/JobExporter.h>
+#include <studio/job/JobTools.h>
 #include <studio/text/TextTools.h>
 
 #include <QtWidgets/QCheckBox>
@@ -13,10 +15,12 @@
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QListWidget>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QSpinBox>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QToolButton>
 #include <QtWidgets/QTreeWidget>
@@ -29,6 +33,12 @@ namespace {
 constexpr auto kOk = QDialogButtonBox::Ok;
 constexpr auto kCancel = QDialogButtonBox::Cancel;
 enum Tab { Content, Form, Options, Text, Hatch };
+
+/** Words between commas. */
+QStringList list(const char *words)
+{
+    return QString::fromLatin1(words).split(QStringLiteral(", "));
+}
 
 /** The studio with a user who makes codes. */
 class CodeWindow : public StudioWindow
@@ -113,6 +123,7 @@ public:
         how.withPreview = false;
         hostkit::DrawingFile drawing;
         hostkit::captureDrawing(document(), how, &drawing, nullptr);
+        drawing.counters.clear(); // ids that were given once are never given again
         return hostkit::drawingToBytes(drawing);
     }
 
@@ -308,6 +319,32 @@ private Q_SLOTS:
         QTRY_VERIFY(!studio->window->exporter().isBusy());
     }
 
+    void jobOfParts_isNotWrittenWhereACodeOfOneCannotBeMade()
+    {
+        studio->create("create.barcode");
+        studio->choose("kind", "Interleaved 2 of 5");
+        studio->check("variantText");
+        studio->box<QToolButton>("removeSegment")->click(); // what was typed
+        studio->box<QToolButton>("addSegment")->menu()->actions().at(1)->trigger();
+        studio->enter("counterWidth", "0");
+        studio->enter("counterStart", "98");
+        studio->close(kOk);
+        studio::JobExporter &exporter = studio->window->job().exporter();
+        studio::JobExport wanted;
+        wanted.path = studio->path("job.nc");
+        wanted.isOneFile = true;
+        wanted.parts = 3; // 98, 99, and 100, which leaves a digit over
+        QVERIFY(!exporter.write(wanted, studio::JobSettings::load()));
+        QVERIFY(!QFile::exists(wanted.path));
+        QCOMPARE(studio->messages->failures.size(), 1);
+        const QString said = studio->messages->failures.first().why;
+        QVERIFY2(said.contains(QStringLiteral("Part 3 cannot be made")), qPrintable(said));
+        QCOMPARE(texts(), list("98"));
+        wanted.parts = 2;
+        QVERIFY(exporter.write(wanted, studio::JobSettings::load()));
+        QVERIFY(QFile::exists(wanted.path));
+    }
+
     void variantContent_showsTheNextParts_andMovesOn()
     {
         CodeItem *item = studio->create();
@@ -330,6 +367,53 @@ private Q_SLOTS:
         QVERIFY(studio->run("edit.undo"));
         QCOMPARE(item->code().symbol().reads, QStringLiteral("P-0003"));
         QCOMPARE(item->settings().form.moduleMm, 0.5);
+    }
+
+    void matrix_givesEachCopyTheNextNumber_andTheNextPartGoesOnBehindThem()
+    {
+        addSerial();
+        const QByteArray before = studio->bytes();
+        QVERIFY(studio->run("arrange.matrix"));
+        auto *matrix = studio->window->findChild<QDialog *>(QStringLiteral("matrixDialog"));
+        matrix->findChild<QSpinBox *>(QStringLiteral("rows"))->setValue(2);
+        matrix->findChild<QSpinBox *>(QStringLiteral("columns"))->setValue(3);
+        QVERIFY(matrix->findChild<QCheckBox *>(QStringLiteral("numbered"))->isVisible());
+        QTest::mouseClick(matrix->findChild<QPushButton *>(QStringLiteral("create")),
+                          Qt::LeftButton);
+        matrix->close();
+        QCOMPARE(texts(), list("1, 2, 3, 4, 5, 6"));
+        const QByteArray after = studio->bytes();
+        QVERIFY(studio->run("edit.undo"));
+        QCOMPARE(studio->bytes(), before);
+        QVERIFY(studio->run("edit.redo"));
+        QCOMPARE(studio->bytes(), after);
+        QVERIFY(studio->run("text.nextPart"));
+        QCOMPARE(texts(), list("7, 8, 9, 10, 11, 12"));
+        studio->select({studio::shapeItemsOf(*studio->document().scene()).at(1)});
+        QVERIFY(studio->run("code.settings"));
+        const auto *preview = studio->box<QListWidget>("preview");
+        QCOMPARE(preview->item(0)->text(), QStringLiteral("8"));
+        QCOMPARE(preview->item(1)->text(), QStringLiteral("14"));
+        studio->close(kCancel);
+    }
+
+    void shapesShareACounter_andUndoGivesThemBackTheirWords()
+    {
+        addSerial();
+        studio->run("create.code");
+        studio->close(kOk);
+        const QByteArray before = studio->bytes();
+        QVERIFY(studio->run("edit.selectAll"));
+        QVERIFY(studio->run("text.shareCounter"));
+        QCOMPARE(texts(), list("1, 2"));
+        const QByteArray after = studio->bytes();
+        QVERIFY(studio->run("edit.undo"));
+        QCOMPARE(texts(), list("1, SN-0001"));
+        QCOMPARE(studio->bytes(), before);
+        QVERIFY(studio->run("edit.redo"));
+        QCOMPARE(studio->bytes(), after);
+        QVERIFY(studio->run("text.nextPart"));
+        QCOMPARE(texts(), list("3, 4"));
     }
 
     void laterPartThatCannotBeEncoded_isToldBefore()
@@ -414,6 +498,26 @@ private Q_SLOTS:
     }
 
 private:
+    /** A code of a counter from 1, without leading zeros. */
+    void addSerial()
+    {
+        studio->create();
+        studio->check("variantText");
+        studio->box<QToolButton>("removeSegment")->click(); // what was typed
+        studio->box<QToolButton>("addSegment")->menu()->actions().at(1)->trigger();
+        studio->enter("counterWidth", "0");
+        studio->close(kOk);
+    }
+
+    /** What the codes read, lowest first. */
+    QStringList texts()
+    {
+        QStringList found;
+        for (studio::ShapeItem *item : studio::shapeItemsOf(*studio->document().scene()))
+            found << codekit::codeItem(item)->code().symbol().reads;
+        return found;
+    }
+
     std::unique_ptr<CodeWindow> studio;
 };
 
