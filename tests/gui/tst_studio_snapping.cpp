@@ -127,8 +127,8 @@ private Q_SLOTS:
         QFETCH(QPointF, way);
         QFETCH(QRectF, share);
         ShapeItem *resized = studio->addRect(0, 0);
-        resized->setTransformParam(QTransform::fromScale(8.0, 4.0));
-        const QSizeF size(8 * side, 4 * side);
+        resized->setTransformParam(QTransform::fromScale(4.0, 2.0));
+        const QSizeF size(4 * side, 2 * side);
         studio->select({resized});
         const QPointF outside((handle.x() * 2 - 1) * 11, (handle.y() * 2 - 1) * 11);
         const QPointF from =
@@ -179,6 +179,14 @@ private Q_SLOTS:
         studio->driver->release({100, above});
         QVERIFY(guides().isEmpty());
         QCOMPARE(studio->stack().undoText(), QStringLiteral("Remove guide"));
+    }
+
+    void guide_thatIsClicked_staysWhereItIs()
+    {
+        give({{Qt::Vertical, 20.0}});
+        studio->driver->click({qRound(20.0 * pxPerMm) + 2, 80});
+        QCOMPARE(guides(), (QVector<Guide>{{Qt::Vertical, 20.0}}));
+        QCOMPARE(studio->stack().count(), 0);
     }
 
     void guide_isPutToAnExactPlace()

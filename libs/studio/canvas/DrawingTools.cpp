@@ -291,10 +291,14 @@ void DrawingTools::finish()
 {
     if (isMeasuring()) {
         // What was measured stays in sight until the next press.
-        if (m_isDragged)
-            m_drag.reset();
-        else
+        if (!m_isDragged) {
             giveUp();
+            return;
+        }
+        m_drag.reset();
+        if (m_snapDone)
+            m_snapDone();
+        Q_EMIT told(m_label->text());
         return;
     }
     const ShapePlace place = placeOfDrag();

@@ -17,6 +17,7 @@ namespace studio {
 namespace {
 
 constexpr int kNearPx = 4; ///< on the screen
+constexpr int kStill = 3;  ///< pixels that a hand trembles
 constexpr double kFarthestMm = 7000.0;
 constexpr double kShownMm = 0.001; ///< what is shown is what is kept
 const QColor kInk(0x00, 0x9a, 0xa8);
@@ -96,7 +97,8 @@ bool GuideTools::rulerEvent(const QWidget &ruler, QEvent *event)
     case QEvent::MouseButtonPress:
         if (mouse().button() != Qt::LeftButton)
             return false;
-        m_drag = Drag{{Qt::Orientation(ruler.property("guides").toInt()), 0.0}, -1};
+        m_drag =
+            Drag{{Qt::Orientation(ruler.property("guides").toInt()), 0.0}, -1, mouse().globalPos()};
         return true;
     case QEvent::MouseMove:
         if (m_drag)
@@ -104,7 +106,7 @@ bool GuideTools::rulerEvent(const QWidget &ruler, QEvent *event)
         return true;
     case QEvent::MouseButtonRelease:
         if (m_drag)
-            drop(mouse().globalPos());
+            drop(mouse().globalPos(), mouse().modifiers());
         return true;
     default:
         return false;
@@ -135,7 +137,7 @@ bool GuideTools::canvasEvent(QEvent *event)
     case QEvent::MouseButtonRelease:
         if (!m_drag)
             return false;
-        drop(mouse().globalPos());
+        drop(mouse().globalPos(), mouse().modifiers());
         return true;
     default:
         return false;
@@ -152,7 +154,7 @@ bool GuideTools::press(const QMouseEvent &event)
         event.button() == Qt::LeftButton && isFree(event.pos()) ? guideAt(event.pos()) : -1;
     if (place < 0)
         return false;
-    m_drag = Drag{guides()[place], place};
+    m_drag = Drag{guides()[place], place, event.globalPos()};
     return true;
 }
 
@@ -167,6 +169,10 @@ void GuideTools::giveUp()
 
 void GuideTools::dragTo(const QPoint &globalPos, Qt::KeyboardModifiers keys)
 {
+    if ((globalPos - m_drag->pressPos).manhattanLength() >= kStill)
+        m_drag->isMoved = true;
+    if (!m_drag->isMoved)
+        return;
     const ZTGraphicsView &view = *m_document.view();
     const QPoint pos = view.viewport()->mapFromGlobal(globalPos);
     const QPointF placePx = view.viewportTransform().inverted().map(QPointF(pos));
@@ -186,8 +192,13 @@ void GuideTools::dragTo(const QPoint &globalPos, Qt::KeyboardModifiers keys)
     m_label->tell(placeOf(m_drag->guide), pos);
 }
 
-void GuideTools::drop(const QPoint &globalPos)
+void GuideTools::drop(const QPoint &globalPos, Qt::KeyboardModifiers keys)
 {
+    dragTo(globalPos, keys);
+    if (!m_drag->isMoved) {
+        giveUp(); // a click
+        return;
+    }
     const QWidget &canvas = *m_document.view()->viewport();
     const bool isOnCanvas = canvas.rect().contains(canvas.mapFromGlobal(globalPos));
     const Drag dragged = *m_drag;

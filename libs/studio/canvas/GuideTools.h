@@ -54,14 +54,16 @@ private:
     struct Drag
     {
         Guide guide;
-        int place = -1; ///< among the guides; -1: a new one
+        int place = -1;       ///< among the guides; -1: a new one
+        QPoint pressPos;      ///< where it was taken; screen pixels
+        bool isMoved = false; ///< the mouse has gone too far for a click
     };
 
     bool rulerEvent(const QWidget &ruler, QEvent *event);
     bool canvasEvent(QEvent *event);
     bool press(const QMouseEvent &event);
     void dragTo(const QPoint &globalPos, Qt::KeyboardModifiers keys);
-    void drop(const QPoint &globalPos);
+    void drop(const QPoint &globalPos, Qt::KeyboardModifiers keys);
     void askForPlace(int place);
     int guideAt(const QPoint &pos) const;
     bool isFree(const QPoint &pos) const;
