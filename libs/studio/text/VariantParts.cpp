@@ -12,25 +12,6 @@ QString translated(const char *text)
     return QCoreApplication::translate("studio::VariantParts", text);
 }
 
-/** Takes one update back. */
-struct StepBack
-{
-    void operator()(ZTFixedTextSegment &) const {}
-    void operator()(ZTDateTimeSegment &) const {}
-
-    void operator()(ZTCounterSegment &counter) const
-    {
-        if (counter.updates > 0)
-            --counter.updates;
-    }
-
-    void operator()(ZTTextFileSegment &rows) const
-    {
-        if (rows.nextRow > rows.firstRow)
-            --rows.nextRow;
-    }
-};
-
 struct Describer
 {
     QString operator()(const ZTFixedTextSegment &fixed) const
@@ -71,16 +52,6 @@ struct Describer
 
 } // namespace
 
-QString onOneLine(QString text) { return text.replace(QLatin1Char('\n'), QChar(0x21B5)); }
-
-Segments beforePresentPart(const Segments &segments)
-{
-    Segments before = segments;
-    for (Segment &segment : before)
-        std::visit(StepBack(), segment);
-    return before;
-}
-
 ZTVariantText variantTextOf(const Segments &segments)
 {
     ZTVariantText text;
@@ -89,25 +60,5 @@ ZTVariantText variantTextOf(const Segments &segments)
 }
 
 QString describe(const Segment &segment) { return std::visit(Describer(), segment); }
-
-NextPart NextPart::make(const QVector<ZTAbstractGraphicsItem *> &items)
-{
-    NextPart part;
-    for (ZTAbstractGraphicsItem *item : items) {
-        auto *textItem = qobject_cast<ZTAbstractGraphicsTextItem *>(item);
-        ZTVariantText *variantText = textItem != nullptr ? textItem->getVariantText() : nullptr;
-        if (variantText == nullptr)
-            continue;
-        const bool isUsedUp = variantText->isExhausted();
-        variantText->update();
-        textItem->fromVariantTextSetText();
-        part.texts << onOneLine(variantText->getText());
-        if (isUsedUp)
-            part.usedUp << part.texts.last();
-        if (!variantText->errorText().isEmpty())
-            part.errors << variantText->errorText().split(QLatin1Char('\n'));
-    }
-    return part;
-}
 
 } // namespace studio

@@ -1,0 +1,223 @@
+#include "JobSource.h"
+
+#include "Console.h"
+#include "Progress.h"
+
+#include <hostkit/drawing/DrawingCapture.h>
+#include <hostkit/drawing/ItemExtras.h>
+#include <hostkit/marks/MarkGraphBuilder.h>
+#include <hostkit/marks/MarkOrder.h>
+#include <hostkit/text/PartTexts.h>
+#include <hostkit/text/StrokeFont.h>
+#include <jobkit/marks/MarkGraphItems.h>
+
+#include <QtCore/QFileInfo>
+
+#include <algorithm>
+#include <limits>
+
+using hostkit::NextPart;
+using jobkit::JobHatch;
+using jobkit::JobItem;
+
+namespace {
+
+/** The field of an item's extras that holds the last value of a text when it was marked. */
+const QByteArray kMarkedLast = QByteArrayLiteral("marked.last");
+
+/** The variant text that an item shows, or null. */
+ZTVariantText *variantOf(const ZTAbstractGraphicsItem *item)
+{
+    const auto *text = dynamic_cast<const ZTTextShapeBase *>(item->getShapeBase());
+    return text != nullptr ? text->getVarTxt() : nullptr;
+}
+
+/** Whether its present text is its last, and was marked. */
+bool isUsedUp(const ZTAbstractGraphicsItem *item)
+{
+    const ZTVariantText *text = variantOf(item);
+    return text != nullptr && text->isExhausted() &&
+           hostkit::itemExtras(*item).fields.value(kMarkedLast) == text->getText().toUtf8();
+}
+
+QVector<ZTAbstractGraphicsItem *> lowestFirst(const QVector<ZTAbstractGraphicsItem *> &items)
+{
+    return {items.rbegin(), items.rend()};
+}
+
+/** The order in which a graph's objects are marked, as indices. */
+QVector<int> orderOf(ZTMarkGraph graph)
+{
+    for (int i = 0; i < graph.objects.size(); ++i)
+        graph.objects[i].penId = i;
+    hostkit::orderMarkGraph(&graph);
+    QVector<int> order;
+    for (const ZTMarkObject &object : qAsConst(graph.objects))
+        order.append(object.penId);
+    return order;
+}
+
+QString missingCharactersOf(const ZTAbstractGraphicsItem &item)
+{
+    const auto *text = dynamic_cast<const ZTShapeText *>(item.getShapeBase());
+    if (text == nullptr)
+        return {};
+    const hostkit::MissingCharacters missing =
+        hostkit::missingCharacters(text->text(), text->getFont());
+    return (missing.noGlyph + missing.notEncoded).join(QString());
+}
+
+} // namespace
+
+bool JobSource::open(const InputFiles &files, ForeignFiles &foreign,
+                     const hostkit::MarkJobOptions &layout, Progress &progress)
+{
+    m_name = files.names.front();
+    return files.isDrawing() ? openDrawing(files, progress)
+                             : openForeign(files, foreign, layout, progress);
+}
+
+bool JobSource::openDrawing(const InputFiles &files, Progress &progress)
+{
+    if (!m_drawing.open(files, progress))
+        return false;
+    m_items = hostkit::markedItems(m_drawing.document);
+    const NextPart part = NextPart::again(lowestFirst(m_items));
+    m_present = part.texts;
+    return showPart(part.errors);
+}
+
+bool JobSource::openForeign(const InputFiles &files, ForeignFiles &foreign,
+                            const hostkit::MarkJobOptions &layout, Progress &progress)
+{
+    m_isForeign = true;
+    // The scale of a manager is a float, too coarse for what is written to the last digit.
+    m_drawing.document.itemMag()->setScale(1.0F, 1.0F);
+    m_isWhole = foreign.import(files, layout, m_drawing.document, progress);
+    m_items = foreign.items;
+    return !m_items.isEmpty();
+}
+
+bool JobSource::showPart(const QStringList &errors)
+{
+    for (const QString &error : errors)
+        console::complain(m_name, error);
+    return errors.isEmpty();
+}
+
+QVector<JobItem> JobSource::items()
+{
+    hostkit::MarkGraphBuilder builder(*m_drawing.document.itemMag(), m_items);
+    builder.work(std::numeric_limits<int>::max());
+    const ZTMarkGraph graph = builder.takeUnordered();
+    const auto units = hostkit::MarkUnits::of(*m_drawing.document.itemMag());
+    const QVector<JobItem> drawn = jobkit::itemsOf(graph, units);
+    QVector<JobItem> ordered;
+    for (const int index : orderOf(graph)) {
+        JobItem item = drawn[index];
+        const ZTAbstractGraphicsItem &shape = *m_items[index];
+        item.object = ordered.size();
+        item.name = hostkit::shapeName(shape);
+        item.isSerialUsedUp = isUsedUp(&shape);
+        item.missingCharacters = missingCharactersOf(shape);
+        ordered.append(item);
+    }
+    if (m_isForeign)
+        toMiddle(&ordered);
+    return ordered;
+}
+
+/** Puts what has no place of its own into the middle of the field. */
+void JobSource::toMiddle(QVector<JobItem> *items) const
+{
+    const QPointF middle = jobkit::planOf(*items, {}).boundsMm().center();
+    for (JobItem &item : *items) {
+        for (QPolygonF &outline : item.outlinesMm)
+            outline.translate(-middle);
+        for (JobHatch &hatch : item.hatches) {
+            for (QPolygonF &run : hatch.runsMm)
+                run.translate(-middle);
+        }
+    }
+}
+
+bool JobSource::lock(const InputFiles &files)
+{
+    if (files.names.front() == "-") {
+        console::complain("-", tr("its numbers cannot be kept: give the drawing as a file"));
+        return false;
+    }
+    // Past links, so that a drawing has one lock whatever it is called.
+    const QString path = QFileInfo(QString::fromStdString(m_name)).canonicalFilePath();
+    if (!QFileInfo(path).isWritable()) {
+        console::complain(m_name, tr("its numbers cannot be kept: the file is read-only"));
+        return false;
+    }
+    m_lock = std::make_unique<QLockFile>(path + QStringLiteral(".lock"));
+    m_lock->setStaleLockTime(0);
+    if (m_lock->tryLock())
+        return true;
+    console::complain(m_name, m_lock->error() == QLockFile::LockFailedError
+                                  ? tr("another job takes numbers of it: try again afterwards")
+                                  : tr("its numbers cannot be kept: its folder is read-only"));
+    return false;
+}
+
+bool JobSource::hasEnough(int parts) const
+{
+    for (const ZTAbstractGraphicsItem *item : m_items) {
+        const ZTVariantText *variant = variantOf(item);
+        if (variant == nullptr)
+            continue;
+        if (isUsedUp(item)) {
+            console::complain(m_name, tr("the serial number of \"%1\" is used up: %2 was the last")
+                                          .arg(hostkit::shapeName(*item), variant->getText()));
+            return false;
+        }
+        ZTVariantText text = *variant;
+        for (int part = 1; part < parts; ++part, text.update()) {
+            if (!text.isExhausted())
+                continue;
+            console::complain(
+                m_name, tr("the serial number ends after part %1 of %2").arg(part).arg(parts));
+            return false;
+        }
+    }
+    return true;
+}
+
+bool JobSource::next()
+{
+    noteUsedUp();
+    const NextPart part = NextPart::make(lowestFirst(m_items));
+    m_present = part.texts;
+    m_isUsedUp = std::any_of(m_items.begin(), m_items.end(), isUsedUp);
+    return showPart(part.errors);
+}
+
+/** A text that was marked with its last value says so, as it shows that value again. */
+void JobSource::noteUsedUp()
+{
+    for (ZTAbstractGraphicsItem *item : qAsConst(m_items)) {
+        const ZTVariantText *text = variantOf(item);
+        if (text == nullptr || !text->isExhausted())
+            continue;
+        hostkit::ItemExtras extras = hostkit::itemExtras(*item);
+        extras.fields[kMarkedLast] = text->getText().toUtf8();
+        hostkit::setItemExtras(*item, extras);
+    }
+}
+
+bool JobSource::store(Progress &progress)
+{
+    progress.begin(tr("writing %1").arg(QString::fromStdString(m_name)));
+    hostkit::DrawingCapture capture;
+    capture.programVersion = QStringLiteral(ZT_VERSION);
+    hostkit::Failure error;
+    const QString path = absolutePath(QString::fromStdString(m_name));
+    if (saveDrawing(m_drawing.document, capture, path, &error))
+        return true;
+    progress.finish();
+    console::complain(m_name, OpenedDrawing::describe(error));
+    return false;
+}

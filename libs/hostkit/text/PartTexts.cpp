@@ -1,0 +1,75 @@
+#include <hostkit/text/PartTexts.h>
+
+namespace hostkit {
+
+namespace {
+
+/** Takes one update back. */
+struct StepBack
+{
+    void operator()(ZTFixedTextSegment &) const {}
+    void operator()(ZTDateTimeSegment &) const {}
+
+    void operator()(ZTCounterSegment &counter) const
+    {
+        if (counter.updates > 0)
+            --counter.updates;
+    }
+
+    void operator()(ZTTextFileSegment &rows) const
+    {
+        if (rows.nextRow > rows.firstRow)
+            --rows.nextRow;
+    }
+};
+
+/** Updates the variant texts of items, each after `prepare`. */
+template <class Prepare>
+NextPart updated(const QVector<ZTAbstractGraphicsItem *> &items, Prepare prepare)
+{
+    NextPart part;
+    for (ZTAbstractGraphicsItem *item : items) {
+        auto *textItem = qobject_cast<ZTAbstractGraphicsTextItem *>(item);
+        ZTVariantText *variantText = textItem != nullptr ? textItem->getVariantText() : nullptr;
+        if (variantText == nullptr)
+            continue;
+        prepare(*variantText);
+        const bool isUsedUp = variantText->isExhausted();
+        variantText->update();
+        textItem->fromVariantTextSetText();
+        part.texts << onOneLine(variantText->getText());
+        if (isUsedUp)
+            part.usedUp << part.texts.last();
+        if (!variantText->errorText().isEmpty())
+            part.errors << variantText->errorText().split(QLatin1Char('\n'));
+    }
+    return part;
+}
+
+} // namespace
+
+QString onOneLine(QString text) { return text.replace(QLatin1Char('\n'), QChar(0x21B5)); }
+
+QVector<ZTVariantTextSegment> beforePresentPart(const QVector<ZTVariantTextSegment> &segments)
+{
+    QVector<ZTVariantTextSegment> before = segments;
+    for (ZTVariantTextSegment &segment : before)
+        std::visit(StepBack(), segment);
+    return before;
+}
+
+NextPart NextPart::make(const QVector<ZTAbstractGraphicsItem *> &items)
+{
+    return updated(items, [](ZTVariantText &) {});
+}
+
+NextPart NextPart::again(const QVector<ZTAbstractGraphicsItem *> &items)
+{
+    NextPart part = updated(items, [](ZTVariantText &text) {
+        text.setSegments(beforePresentPart(text.getSegments()));
+    });
+    part.usedUp.clear();
+    return part;
+}
+
+} // namespace hostkit
