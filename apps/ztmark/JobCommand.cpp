@@ -136,7 +136,7 @@ void JobCommand::addWork()
     m_command->add_flag("--separate", m_isSeparate,
                         tr("A file for each part, also where one can hold them all").toStdString());
     usage::addValue(m_command, "--frame",
-                    tr("Instead of the job its box or hull, to be run without power"),
+                    tr("Instead of the job its frame, box or hull, to be run without power"),
                     [this](const std::string &text) { m_frame = usage::chosen(kFrames, text); })
         ->type_name("SHAPE");
     m_command->add_flag("--outside", m_marksOutside,
@@ -242,7 +242,11 @@ bool JobCommand::makeParts(JobSource &source, Progress &progress)
     for (int part = 1; part <= different; ++part) {
         if (part > 1 && !source.next())
             return false;
-        const QVector<jobkit::JobItem> items = source.items();
+        QVector<jobkit::JobItem> items = source.items();
+        for (jobkit::JobItem &item : items) {
+            if (!m_job.options.outline)
+                item.outlinesMm.clear();
+        }
         if (!check(items))
             return false;
         m_parts.push_back({planOf(items), source.variants()});

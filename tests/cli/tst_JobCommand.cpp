@@ -149,7 +149,7 @@ private Q_SLOTS:
     void otherForms_areReadBackTheSame()
     {
         QFETCH(QString, name);
-        QCOMPARE(job("corner.plt -o " + name).exitCode, 0);
+        QCOMPARE(job(QStringLiteral("corner.plt -o ") + name).exitCode, 0);
         const ZtmarkRun run = runZtmark({QStringLiteral("mark"), name}, m_folder->path());
         QVERIFY2(run.out.contains(QStringLiteral("Polylines:      1\n")), qPrintable(run.out));
         QVERIFY2(run.out.contains(QStringLiteral("Mark length:    60.000 mm\n")),
@@ -185,9 +185,10 @@ private Q_SLOTS:
                 .value(QStringLiteral("jumpS"))
                 .toDouble();
         };
-        // To the left end at 50.5 mm, then 99 back and forth 51: best is along the row, 2 x 49.
-        QVERIFY(qAbs(jumps("none") - (0.0505 + 0.099 + 0.051)) < 1e-9);
-        QVERIFY(qAbs(jumps("best") - (0.0505 + 0.098)) < 1e-9);
+        // The outlines of a shape come from the right, each is run to the right; the best order
+        // runs along the row.
+        QVERIFY(qAbs(jumps("none") - (0.0495 + 2 * 0.051)) < 1e-9);
+        QVERIFY(qAbs(jumps("best") - (0.0505 + 2 * 0.049)) < 1e-9);
     }
 
     void hatch_ofForeignDrawings_isMarked()
@@ -199,6 +200,9 @@ private Q_SLOTS:
             "square.plt --profile galvo.json --pens pens.json --json --hatch line --spacing 1"));
         QVERIFY(qAbs(outline - 0.8) < 1e-9);
         QVERIFY2(hatched > outline + 1.5, qPrintable(QString::number(hatched))); // 8 lines at least
+        const double alone = markS(job("square.plt --profile galvo.json --pens pens.json --json "
+                                       "--hatch line --spacing 1 --no-outline"));
+        QVERIFY(qAbs(hatched - outline - alone) < 1e-9);
     }
 
     void serialNumbers_advanceOnceAPart_andNoneComesTwice()
@@ -422,6 +426,8 @@ private:
         }
         return QStringLiteral("no text");
     }
+
+    ZtmarkRun job(const char *arguments) const { return job(QString::fromLatin1(arguments)); }
 
     ZtmarkRun job(const QString &arguments) const
     {
