@@ -208,10 +208,6 @@ Examples:
         <translation>条码的内容</translation>
     </message>
     <message>
-        <source>Tell all symbologies and what each can hold</source>
-        <translation>列出所有码制及各自可容纳的内容</translation>
-    </message>
-    <message>
         <source>Width of a module, the narrowest bar</source>
         <translation>模块的宽度，即最窄条的宽度</translation>
     </message>
@@ -361,6 +357,78 @@ or lines</source>
         <source>%1 mm</source>
         <translation>%1 mm</translation>
     </message>
+    <message>
+        <source>Tell all symbologies, or more about one: what it can hold</source>
+        <translation>列出所有码制，或详细说明一种：能容纳什么</translation>
+    </message>
+    <message>
+        <source>cannot be given together with --size</source>
+        <translation>不能与 --size 同时给出</translation>
+    </message>
+    <message>
+        <source>%1 has no bars, it is as high as its modules</source>
+        <translation>%1 没有条，其高度由模块决定</translation>
+    </message>
+    <message>
+        <source>%1 has bars, which are no dots</source>
+        <translation>%1 由条组成，不能是点</translation>
+    </message>
+    <message>
+        <source>nothing without --text</source>
+        <translation>没有 --text 时无作用</translation>
+    </message>
+    <message>
+        <source>nothing without --verify</source>
+        <translation>没有 --verify 时无作用</translation>
+    </message>
+    <message>
+        <source>verifying part %1 of %2</source>
+        <translation>正在校验第 %1 个工件（共 %2 个）</translation>
+    </message>
+    <message>
+        <source>part %1 of %2 is not as it should be: nothing written</source>
+        <translation>第 %1 个工件（共 %2 个）不符合要求：未写出任何内容</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 到 %2</translation>
+    </message>
+    <message>
+        <source>Holds:</source>
+        <translation>可容纳：</translation>
+    </message>
+    <message>
+        <source>Levels:</source>
+        <translation>等级：</translation>
+    </message>
+    <message>
+        <source>Sizes:</source>
+        <translation>尺寸：</translation>
+    </message>
+    <message>
+        <source>Quiet zone:</source>
+        <translation>静区：</translation>
+    </message>
+    <message>
+        <source>%1 modules left, %2 right, %3 above and below</source>
+        <translation>左 %1 个模块，右 %2 个，上下 %3 个</translation>
+    </message>
+    <message>
+        <source>Can be verified:</source>
+        <translation>可校验：</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <translation>是</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>否</translation>
+    </message>
 </context>
 <context>
     <name>ConvertCommand</name>
@@ -392,9 +460,9 @@ Examples:
   ztmark convert logo.plt --height 20mm --clean join=0.05mm -o logo.ztd
   ztmark convert old.ztd -o new.ztd</source>
         <translation>SVG、DXF 和绘图仪图纸按真实尺寸导入（除非选项另有规定），并排放置，间隔 2 mm，
-位于工作区中央。它们保存在图纸中，不再需要原文件。重新保存的图纸标记如前；
+位于工作区中央。它们保存在图纸中，不再需要原文件。重新保存的图纸标刻如前；
 其中本版本不认识的部分会保留。
-图纸的标记路径由 ztmark mark 写出，图片由 ztmark render 写出。
+图纸的标刻路径由 ztmark mark 写出，图片由 ztmark render 写出。
 
 示例：
   ztmark convert part.dxf logo.svg -o plate.ztd
@@ -1063,11 +1131,11 @@ x-min、x-max、y-min、y-max</translation>
 a picture, .json or .csv the paths, .dxf the marks as a drawing.
 Can be given several times</source>
         <translation>把路径写入文件；由扩展名决定形式：.svg 或 .png 为图片，
-.json 或 .csv 为路径，.dxf 为标记内容的图纸。可多次给出</translation>
+.json 或 .csv 为路径，.dxf 为标刻内容的图纸。可多次给出</translation>
     </message>
     <message>
         <source>An .svg holds the marks alone, as a drawing for other programs</source>
-        <translation>.svg 只含标记内容，作为供其他程序使用的图纸</translation>
+        <translation>.svg 只含标刻内容，作为供其他程序使用的图纸</translation>
     </message>
     <message>
         <source>Pictures show no jumps</source>
@@ -1108,7 +1176,7 @@ Examples:
   ztmark job plate.ztd --profile grbl-diode -o plate.nc --parts 50
   ztmark job plate.ztd --frame box -o frame.nc
   ztmark job part.dxf --clean join=0.05mm,duplicates --profile galvo-fiber --time</source>
-        <translation>图纸 .ztd 在其所在位置标记，其 (0, 0) 位于机器幅面的中央。SVG、DXF 和绘图仪图纸
+        <translation>图纸 .ztd 在其所在位置标刻，其 (0, 0) 位于机器幅面的中央。SVG、DXF 和绘图仪图纸
 按真实尺寸并排放在幅面中央；调整尺寸、填充、旋转或修复它们的选项与 ztmark mark 相同。
 
 每个工件取图纸的序列号和列表的下一个值，以及当天的日期。全部文件完整写出后，编号才保存
@@ -1139,15 +1207,11 @@ as fast as the machine is</source>
     </message>
     <message>
         <source>Parts to be marked, 1 to 10000</source>
-        <translation>要标记的工件数，1 到 10000</translation>
+        <translation>要标刻的工件数，1 到 10000</translation>
     </message>
     <message>
         <source>A file for each part, also where one can hold them all</source>
         <translation>每个工件一个文件，即使一个文件能容纳全部</translation>
-    </message>
-    <message>
-        <source>Instead of the job its box or hull, to be run without power</source>
-        <translation>不写作业而写其外框或凸包，供无功率走一遍：box 或 hull</translation>
     </message>
     <message>
         <source>Write also what reaches out of the machine&apos;s field</source>
@@ -1242,7 +1306,7 @@ given several times</source>
     </message>
     <message>
         <source>marking</source>
-        <translation>标记</translation>
+        <translation>标刻</translation>
     </message>
     <message>
         <source>jumps</source>
@@ -1267,6 +1331,10 @@ given several times</source>
     <message>
         <source>%1 parts</source>
         <translation>%1 个工件</translation>
+    </message>
+    <message>
+        <source>Instead of the job its frame, box or hull, to be run without power</source>
+        <translation>不写作业而写其外框 box 或凸包 hull，供无功率走一遍</translation>
     </message>
 </context>
 <context>
@@ -1324,7 +1392,7 @@ given several times</source>
     </message>
     <message>
         <source>Turn SVG, DXF and plotter drawings, or a drawing, into mark paths</source>
-        <translation>把 SVG、DXF 和绘图仪图纸，或一个图纸，变成标记路径</translation>
+        <translation>把 SVG、DXF 和绘图仪图纸，或一个图纸，变成标刻路径</translation>
     </message>
     <message>
         <source>Lengths take mm (the default), cm or in: 0.5, 0.5mm, 2cm, 1in. Angles are degrees,
@@ -1359,7 +1427,7 @@ SVG、DXF 和绘图仪图纸按真实尺寸导入，除非 --size、--width、--
 限制：图纸 256 MiB，1,000,000 个对象，每个图纸 1,000,000 条填充线，
 总共 20,000,000 个点和填充线段。
 
-图纸 .ztd 按保存的样子标记，使用它自己的顺序，除非 --order 另有规定。
+图纸 .ztd 按保存的样子标刻，使用它自己的顺序，除非 --order 另有规定。
 排布、填充、缩放、旋转或修复其他文件的选项不适用于它。
 
 示例：
@@ -1474,7 +1542,7 @@ Examples:
   ztmark render plate.ztd --size 2000 -o plate.png
   ztmark render part.dxf -o part.png</source>
         <translation>.png 按图纸工作室的样子显示图形，使用各自笔的颜色，不含网格、外框和选择。
-.svg 显示标记的内容，以毫米为单位、尺寸真实：即 ztmark mark 写出的图片。
+.svg 显示标刻的内容，以毫米为单位、尺寸真实：即 ztmark mark 写出的图片。
 SVG、DXF 和绘图仪图纸按 convert 导入的样子显示。
 
 示例：
@@ -1691,7 +1759,7 @@ base 也可以是 16 和 26（字母）。没有给出位置时放在最后一�
     <name>ztmark</name>
     <message>
         <source>Turns drawings, SVG, DXF and plotter files and texts into mark paths and jobs.</source>
-        <translation>把图纸、SVG、DXF、绘图仪文件和文字变成标记路径和作业。</translation>
+        <translation>把图纸、SVG、DXF、绘图仪文件和文字变成标刻路径和作业。</translation>
     </message>
 </context>
 </TS>

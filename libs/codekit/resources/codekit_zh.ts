@@ -203,5 +203,29 @@
         <source>there is not enough memory</source>
         <translation>内存不足</translation>
     </message>
+    <message>
+        <source>%1 has no levels of error correction</source>
+        <translation>%1 没有纠错等级</translation>
+    </message>
+    <message>
+        <source>%1 has no sizes: it is as large as its content makes it</source>
+        <translation>%1 没有可选的尺寸：其大小由内容决定</translation>
+    </message>
+    <message>
+        <source>%1 has no masks</source>
+        <translation>%1 没有掩模</translation>
+    </message>
+    <message>
+        <source>%1 has no number of columns to choose</source>
+        <translation>%1 没有可选的列数</translation>
+    </message>
+    <message>
+        <source>%1 has one form; a Data Matrix can be rectangular</source>
+        <translation>%1 只有一种形状；Data Matrix 才可以是长方形</translation>
+    </message>
+    <message>
+        <source>%1 leaves no choice of a check digit</source>
+        <translation>%1 不能选择校验位</translation>
+    </message>
 </context>
 </TS>
