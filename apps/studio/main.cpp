@@ -3,6 +3,7 @@
 #include <studio/Messages.h>
 #include <studio/drawing/CrashGuard.h>
 
+#include <codekit/shape/CodeItem.h>
 #include <hostkit/setup/Factories.h>
 
 #include <CLI/CLI.hpp>
@@ -22,6 +23,7 @@ struct Options
     bool sample = false;
     bool listRecovery = false;
     bool outside = false;
+    bool asShown = false;
 };
 
 void describe(CLI::App &app, Options &options)
@@ -39,6 +41,9 @@ void describe(CLI::App &app, Options &options)
                  "List the drawings that can be recovered, and end: name, time, shapes, file");
     app.add_flag("--outside", options.outside,
                  "With --headless: write mark data also where shapes reach out of the work area");
+    app.add_flag("--as-shown", options.asShown,
+                 "With --headless: write mark data also of shapes that do not show what they\n"
+                 "were given, such as a code that cannot hold its content");
     app.add_option("--out", options.outFolder, "Folder for what --headless writes")
         ->type_name("DIR")
         ->capture_default_str();
@@ -77,8 +82,9 @@ int runWindow(const Options &options)
 int runWithoutDisplay(const Options &options)
 {
     studio::MainWindow window(std::make_unique<studio::ConsoleMessages>());
-    return studio::runHeadless(
-        window, {fromArgument(options.drawing), fromArgument(options.outFolder), options.outside});
+    return studio::runHeadless(window,
+                               {fromArgument(options.drawing), fromArgument(options.outFolder),
+                                options.outside, options.asShown});
 }
 
 } // namespace
@@ -107,6 +113,7 @@ int main(int argc, char *argv[])
     const QApplication application(argc, argv);
     QGuiApplication::setDesktopFileName(QStringLiteral("ztstudio"));
     hostkit::registerFactories();
+    codekit::registerCodeFactories();
     if (options.listRecovery)
         return studio::listRecovery(studio::RecoveryStore::defaultFolder());
     return options.headless ? runWithoutDisplay(options) : runWindow(options);

@@ -2,7 +2,7 @@
 
 #include "Console.h"
 
-#include <hostkit/marks/NumberText.h>
+#include <hostkit/files/NumberText.h>
 
 /** How `ztmark info` tells what it finds. */
 namespace inforows {

@@ -247,7 +247,7 @@ bool JobCommand::makeParts(JobSource &source, Progress &progress)
             if (!m_job.options.outline)
                 item.outlinesMm.clear();
         }
-        if (!check(items))
+        if (!source.isReady() || !check(items))
             return false;
         m_parts.push_back({planOf(items), source.variants()});
     }

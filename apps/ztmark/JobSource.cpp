@@ -4,7 +4,8 @@
 #include "Progress.h"
 
 #include <hostkit/drawing/DrawingCapture.h>
-#include <hostkit/drawing/ItemExtras.h>
+#include <hostkit/items/ItemExtras.h>
+#include <hostkit/items/MarkReadiness.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/marks/MarkOrder.h>
 #include <hostkit/text/PartTexts.h>
@@ -125,6 +126,19 @@ QVector<JobItem> JobSource::items()
     if (m_isForeign)
         toMiddle(&ordered);
     return ordered;
+}
+
+bool JobSource::isReady() const
+{
+    bool isReady = true;
+    for (const ZTAbstractGraphicsItem *item : m_items) {
+        const QString reason = hostkit::notReadyReason(*item);
+        if (reason.isEmpty())
+            continue;
+        console::complain(m_name, tr("%1: %2").arg(hostkit::shapeName(*item), reason));
+        isReady = false;
+    }
+    return isReady;
 }
 
 /** Puts what has no place of its own into the middle of the field. */

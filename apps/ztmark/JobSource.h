@@ -38,6 +38,11 @@ public:
     /** What the variant texts of the present part show, one line. */
     QString variants() const { return m_present.join(QLatin1Char(' ')); }
 
+    /**
+     * Whether all shapes mark what they were told; false is told on stderr. Order: after `items`.
+     */
+    bool isReady() const;
+
     /** The objects of the present part, the drawing's own order kept. */
     QVector<jobkit::JobItem> items();
 

@@ -32,6 +32,9 @@ MarkCommand::MarkCommand(CLI::App &app)
     m_command->add_flag(
         "--outside", m_marksOutside,
         tr("Mark a drawing also where its shapes reach out of its work area").toStdString());
+    m_command->add_flag(
+        "--as-is", m_marksAsIs,
+        tr("Mark a drawing also where a code does not show its content").toStdString());
     m_fonts.addOption(m_command);
     m_command->final_callback([this] { checkTogether(); });
     m_command->footer(
@@ -117,6 +120,12 @@ int MarkCommand::markDrawing(Progress &progress)
         console::complain(m_files.names.front(),
                           tr("nothing written: shapes outside the work area are "
                              "marked with --outside alone"));
+        return console::Failed;
+    }
+    if (!marks.findings.notReady.isEmpty() && !m_marksAsIs) {
+        console::complain(m_files.names.front(),
+                          tr("nothing written: shapes that do not show what they were given are "
+                             "marked with --as-is alone"));
         return console::Failed;
     }
     const bool written = m_job.write(marks.graph, m_job.outputs, progress, marks.units);

@@ -32,5 +32,6 @@ private:
     JobArguments m_job;
     ForeignFiles m_foreign;
     bool m_marksOutside = false;
+    bool m_marksAsIs = false;
     FontFolders m_fonts;
 };

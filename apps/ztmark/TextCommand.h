@@ -4,7 +4,7 @@
 #include "JobArguments.h"
 
 #include <common/Command.h>
-#include <hostkit/text/TextJob.h>
+#include <hostkit/marks/TextJob.h>
 #include <hostkit/text/TextPlaces.h>
 
 #include <optional>

@@ -11,6 +11,7 @@
 #include <common/CommandLine.h>
 #include <common/Language.h>
 
+#include <codekit/shape/CodeItem.h>
 #include <hostkit/setup/Factories.h>
 
 #include <QtWidgets/QApplication>
@@ -45,6 +46,7 @@ int main(int argc, char **argv)
                       QStringLiteral("vectorkit_zh"), QStringLiteral("codekit_zh"),
                       QStringLiteral("jobkit_zh"), QStringLiteral("ztmark_zh")});
     hostkit::registerFactories();
+    codekit::registerCodeFactories();
 
     console::CommandLine line(
         "ztmark", ZT_VERSION,

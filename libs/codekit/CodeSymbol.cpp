@@ -253,6 +253,22 @@ QString lackingOption(const CodeSpec &spec)
     return {};
 }
 
+// What the encoder makes of the shortest content of all.
+QSize symbolSize(CodeKind kind, int version)
+{
+    const CodeKindInfo &info = infoOf(kind);
+    if (version < 1 || version > info.mostVersion)
+        return {};
+    CodeSpec spec;
+    spec.kind = kind;
+    spec.content = info.isGs1 ? QStringLiteral("[10]1") : QStringLiteral("1");
+    spec.version = version;
+    spec.mask = 0;
+    CodeSymbol symbol;
+    QString reason;
+    return encodeCode(spec, &symbol, &reason) ? QSize(symbol.columns, symbol.rows) : QSize();
+}
+
 bool encodeCode(const CodeSpec &asked, CodeSymbol *symbol, QString *reason)
 {
     const CodeSpec spec = withOwnOptions(asked);

@@ -3,6 +3,7 @@
 #include <codekit/CodeKind.h>
 
 #include <QtCore/QBitArray>
+#include <QtCore/QSize>
 #include <QtCore/QVector>
 
 namespace codekit {
@@ -56,6 +57,9 @@ struct CodeSymbol
  * what to do; `symbol` stays as it was.
  */
 bool encodeCode(const CodeSpec &spec, CodeSymbol *symbol, QString *reason);
+
+/** Columns and rows of a size by its number; empty for a kind without sizes, or another number. */
+QSize symbolSize(CodeKind kind, int version);
 
 /** The check digit of EAN, UPC and ITF-14 for the digits before it. */
 int checkDigitOf(const QString &digits);

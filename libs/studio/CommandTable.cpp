@@ -5,11 +5,16 @@
 #include <studio/MainWindow.h>
 #include <studio/ShapeKinds.h>
 #include <studio/ViewNavigation.h>
+#include <studio/canvas/DrawingTools.h>
+#include <studio/clipboard/ClipboardActions.h>
+#include <studio/code/CodeTools.h>
 #include <studio/drawing/DrawingFiles.h>
+#include <studio/groups/GroupTools.h>
 #include <studio/text/TextTools.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtWidgets/QAction>
+#include <QtWidgets/QActionGroup>
 
 namespace studio {
 
@@ -98,6 +103,24 @@ const QVector<Command> kFixedCommands = {
      [](MainWindow &w) { w.edit().undo(); }},
     {"edit.redo", TEXT("&Redo"), "redo", "Ctrl+Y; Ctrl+Shift+Z", "", Needs::Redo, kWindow,
      [](MainWindow &w) { w.edit().redo(); }},
+    {"edit.cut", TEXT("Cu&t"), "cut", "Ctrl+X", TEXT("Cut out to the clipboard"),
+     Needs::Selection, kWindow, [](MainWindow &w) { w.clipboard().cut(); }},
+    {"edit.copy", TEXT("&Copy"), "copy", "Ctrl+C", TEXT("Copy to the clipboard"),
+     Needs::Selection, kWindow, [](MainWindow &w) { w.clipboard().copy(); }},
+    {"edit.paste", TEXT("&Paste"), "paste", "Ctrl+V",
+     TEXT("Paste shapes, SVG drawings or text from the clipboard"), Needs::Nothing, kWindow,
+     [](MainWindow &w) { w.clipboard().paste(); }},
+    {"edit.pasteInPlace", TEXT("Paste in p&lace"), "", "Ctrl+Shift+V",
+     TEXT("Paste exactly where it was copied from"), Needs::Nothing, kWindow,
+     [](MainWindow &w) { w.clipboard().pasteInPlace(); }},
+    {"edit.pasteHere", TEXT("Paste &here"), "", "", TEXT("Paste at the mouse"), Needs::Nothing,
+     kWindow, [](MainWindow &w) { w.pasteAtMenu(); }},
+    {"edit.group", TEXT("&Group"), "group", "Ctrl+G",
+     TEXT("Make one group of the selected shapes"), Needs::TwoSelected, kWindow,
+     [](MainWindow &w) { w.groups().group(); }},
+    {"edit.ungroup", TEXT("U&ngroup"), "ungroup", "Ctrl+Shift+G",
+     TEXT("Take the selected groups apart"), Needs::Selection, kWindow,
+     [](MainWindow &w) { w.groups().ungroup(); }},
     {"edit.delete", TEXT("&Delete"), "delete", "Del", "", Needs::Selection, kWindow,
      [](MainWindow &w) { w.edit().removeSelected(); }},
     {"edit.duplicate", TEXT("D&uplicate"), "duplicate", "Ctrl+D", "", Needs::Selection, kWindow,
@@ -107,7 +130,7 @@ const QVector<Command> kFixedCommands = {
     {"edit.invert", TEXT("&Invert selection"), "", "Ctrl+Shift+I", "", Needs::Shapes, kWindow,
      [](MainWindow &w) { w.edit().invertSelection(); }},
     {"edit.deselect", TEXT("Select n&othing"), "", "Esc", "", Needs::Selection, kView,
-     [](MainWindow &w) { w.edit().clearSelection(); }},
+     [](MainWindow &w) { w.leaveOrDeselect(); }},
 
     {"text.type", TEXT("&Type on the drawing"), "", "F2",
      TEXT("Type into the selected text on the drawing"), Needs::OneText, kView,
@@ -118,6 +141,13 @@ const QVector<Command> kFixedCommands = {
     {"text.nextPart", TEXT("&Next part"), "next-part", "Ctrl+Shift+N",
      TEXT("Move all variant texts on to the next part"), Needs::Shapes, kWindow,
      [](MainWindow &w) { w.text().nextPart(); }},
+
+    {"code.settings", TEXT("Code &settings..."), "code-settings", "Ctrl+B",
+     TEXT("Kind, content, size and hatch of the selected code"), Needs::OneCode, kWindow,
+     [](MainWindow &w) { w.codes().showDialog(); }},
+    {"tools.verifyCodes", TEXT("&Verify codes..."), "verify-codes", "Ctrl+Shift+B",
+     TEXT("Read all codes back from their marks"), Needs::Shapes, kWindow,
+     [](MainWindow &w) { w.codes().verify(); }},
 
     {"arrange.left", TEXT("Align &left"), "align-left", "", "", Needs::TwoSelected, kWindow,
      &align<Qt::AlignLeft>},
@@ -135,7 +165,7 @@ const QVector<Command> kFixedCommands = {
      Needs::TwoSelected, kWindow, &align<Qt::AlignCenter>},
     {"arrange.mirrorHorizontal", TEXT("Mirror left to rig&ht"), "mirror-horizontal", "Ctrl+Shift+H",
      "", Needs::Selection, kWindow, &mirror<MirrorCommand::LeftToRight>},
-    {"arrange.mirrorVertical", TEXT("Mirror top to botto&m"), "mirror-vertical", "Ctrl+Shift+V", "",
+    {"arrange.mirrorVertical", TEXT("Mirror top to botto&m"), "mirror-vertical", "Ctrl+Shift+J", "",
      Needs::Selection, kWindow, &mirror<MirrorCommand::TopToBottom>},
     {"arrange.rotateRight", TEXT("Rotate 90° clock&wise"), "rotate-right", "Ctrl+R", "",
      Needs::Selection, kWindow, &rotate<90>},
@@ -185,8 +215,6 @@ const QVector<Command> kFixedCommands = {
 };
 // clang-format on
 
-#undef TEXT
-
 /** A command for each kind of shape that people can create. */
 QVector<Command> creatingCommands()
 {
@@ -194,12 +222,33 @@ QVector<Command> creatingCommands()
     for (const ShapeKind &kind : shapeKinds()) {
         if (*kind.command == '\0')
             continue;
-        commands.append({kind.command, kind.menuText, kind.icon, kind.shortcut, kind.toolTip,
-                         Needs::Nothing, kView,
+        // The letter belongs to the tool, where there is one.
+        const bool hasTool = *kind.tool != '\0';
+        commands.append({kind.command, kind.menuText, kind.icon, hasTool ? "" : kind.shortcut,
+                         kind.toolTip, Needs::Nothing, hasTool ? kWindow : kView,
                          [type = kind.type](MainWindow &w) { w.edit().create(type); }});
     }
     return commands;
 }
+
+/** A command for each tool: that of selecting, then one for each kind that can be drawn. */
+QVector<Command> toolCommands()
+{
+    QVector<Command> commands = {{DrawingTools::kSelect, TEXT("&Select"), "select", "V",
+                                  TEXT("Select and move shapes"), Needs::Nothing, kWindow,
+                                  [](MainWindow &w) { w.tools().choose(DrawingTools::kSelect); },
+                                  true}};
+    for (const ShapeKind &kind : shapeKinds()) {
+        if (*kind.tool == '\0')
+            continue;
+        commands.append({kind.tool, kind.menuText, kind.icon, kind.shortcut, kind.toolTip,
+                         Needs::Nothing, kWindow,
+                         [id = kind.tool](MainWindow &w) { w.tools().choose(id); }, true});
+    }
+    return commands;
+}
+
+#undef TEXT
 
 bool isMet(Needs needs, const EditorState &state)
 {
@@ -216,6 +265,8 @@ bool isMet(Needs needs, const EditorState &state)
         return state.selected > 1;
     case Needs::OneText:
         return state.isOneText;
+    case Needs::OneCode:
+        return state.isOneCode;
     case Needs::Undo:
         return state.canUndo;
     case Needs::Redo:
@@ -265,14 +316,19 @@ QAction *newAction(const Command &command, QObject *parent)
 
 const QVector<Command> &commandTable()
 {
-    static const QVector<Command> table = kFixedCommands + creatingCommands();
+    static const QVector<Command> table = kFixedCommands + creatingCommands() + toolCommands();
     return table;
 }
 
 Commands::Commands(MainWindow &window, QWidget &view) : QObject(&window)
 {
+    auto *tools = new QActionGroup(this);
     for (const Command &command : commandTable()) {
         QAction *action = newAction(command, this);
+        if (command.isTool) {
+            action->setCheckable(true);
+            tools->addAction(action);
+        }
         if (command.scope == ShortcutScope::View) {
             action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
             view.addAction(action);
@@ -283,6 +339,7 @@ Commands::Commands(MainWindow &window, QWidget &view) : QObject(&window)
             // A drag under way, or typing, is an edit of its own and comes first.
             window.edit().finishDrag();
             window.text().finishTyping();
+            window.tools().giveUp();
             run(window);
         });
         m_actions.insert(command.id, action);

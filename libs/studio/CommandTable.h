@@ -23,6 +23,7 @@ enum class Needs {
     OneSelected,
     TwoSelected,
     OneText,
+    OneCode,
     Undo,
     Redo,
     Revertible
@@ -45,6 +46,7 @@ struct Command
     Needs needs;
     ShortcutScope scope;
     std::function<void(MainWindow &window)> run;
+    bool isTool = false; ///< one of those of which exactly one is chosen
 };
 
 /**
@@ -59,6 +61,7 @@ struct EditorState
     int shapes = 0;
     int selected = 0;
     bool isOneText = false; ///< the selection is one text
+    bool isOneCode = false; ///< the selection is one code
     bool canUndo = false;
     bool canRedo = false;
     bool canRevert = false; ///< the drawing has a file, and the file is behind

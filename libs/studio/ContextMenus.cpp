@@ -3,8 +3,11 @@
 #include <studio/CommandTable.h>
 #include <studio/DocumentActions.h>
 #include <studio/WindowLayout.h>
+#include <studio/groups/Groups.h>
 
+#include <QtCore/QTimer>
 #include <QtGui/QContextMenuEvent>
+#include <QtGui/QCursor>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QTreeView>
 
@@ -63,16 +66,31 @@ void ContextMenus::openOnDrawing(const QContextMenuEvent &event)
     if (isByMouse) {
         ShapeItem *item = shapeAt(*m_document.view(), event.pos());
         if (item != nullptr && !item->isSelected())
-            selectOnly(*m_document.scene(), {item});
+            selectOnly(*m_document.scene(), wholeGroups(*m_document.scene(), {item}, {}));
         else if (item == nullptr && !isWithinFrame(m_document, event.pos()))
             m_actions.clearSelection();
     }
     const QWidget *viewport = m_document.view()->viewport();
-    show(isByMouse ? event.globalPos() : viewport->mapToGlobal(viewport->rect().center()));
+    const QPoint pos = isByMouse ? event.pos() : viewport->rect().center();
+    show(isByMouse ? event.globalPos() : viewport->mapToGlobal(pos));
+    m_placePx = m_document.view()->mapToScene(pos);
+    // A menu closes before it runs what was chosen.
+    connect(m_menu, &QMenu::aboutToHide, this,
+            [this] { QTimer::singleShot(0, this, [this] { m_placePx.reset(); }); });
 }
 
 // The press has selected the row already.
 void ContextMenus::openOnList(const QContextMenuEvent &event) { show(event.globalPos()); }
+
+QPointF ContextMenus::placePx() const
+{
+    if (m_placePx)
+        return *m_placePx;
+    const ZTGraphicsView &view = *m_document.view();
+    const QPoint mouse = view.viewport()->mapFromGlobal(QCursor::pos());
+    const QRect shown = view.viewport()->rect();
+    return view.mapToScene(shown.contains(mouse) ? mouse : shown.center());
+}
 
 void ContextMenus::show(const QPoint &screenPos)
 {

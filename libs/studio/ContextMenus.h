@@ -1,7 +1,10 @@
 #pragma once
 
 #include <QtCore/QObject>
+#include <QtCore/QPointF>
 #include <QtCore/QPointer>
+
+#include <optional>
 
 QT_BEGIN_NAMESPACE
 class QContextMenuEvent;
@@ -32,6 +35,12 @@ public:
     ContextMenus(ZTGraphicsDocument &document, QTreeView &list, DocumentActions &actions,
                  const Commands &commands, QObject *parent);
 
+    /**
+     * Where the mouse stands for a command: where the menu was opened that runs it, else on the
+     * drawing, or else, and for keys, the middle of the view. Frame: scene pixels.
+     */
+    QPointF placePx() const;
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -44,7 +53,8 @@ private:
     QTreeView &m_list;
     DocumentActions &m_actions;
     const Commands &m_commands;
-    QPointer<QMenu> m_menu; ///< the one that is open
+    std::optional<QPointF> m_placePx; ///< while a menu of the drawing is open
+    QPointer<QMenu> m_menu;           ///< the one that is open
 };
 
 } // namespace studio

@@ -3,12 +3,16 @@
 #include <studio/Alignment.h>
 #include <studio/ShapeKinds.h>
 #include <studio/UndoTexts.h>
+#include <studio/canvas/ShapePlace.h>
+#include <studio/code/CodeEdit.h>
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/commands/ItemValueCommand.h>
 #include <studio/text/StrokeFonts.h>
 
-#include <hostkit/drawing/ItemExtras.h>
+#include <hostkit/drawing/ItemGroups.h>
+#include <hostkit/items/ItemExtras.h>
 
+#include <QtCore/QScopedValueRollback>
 #include <QtWidgets/QUndoStack>
 
 #include <algorithm>
@@ -58,7 +62,39 @@ ShapeItems DocumentActions::selected() const { return selectedShapeItems(*m_docu
 
 void DocumentActions::push(QUndoCommand *command) { m_document.undoStack()->push(command); }
 
-void DocumentActions::create(ShapeType type) { m_document.slotCreateShape(type); }
+void DocumentActions::create(ShapeType type)
+{
+    createAt(type, [this](ShapeItem &item) { moveApart(item); });
+    const ShapeItems created = selected();
+    if (!created.isEmpty())
+        Q_EMIT added(sceneBox(created));
+}
+
+void DocumentActions::draw(ShapeType type, const ShapePlace &place)
+{
+    createAt(type, [&place](ShapeItem &item) { placeShape(item, place); });
+}
+
+void DocumentActions::createAt(ShapeType type, const Placing &placing)
+{
+    const QScopedValueRollback<Placing> whileCreating(m_placing, placing);
+    m_document.slotCreateShape(type);
+}
+
+void DocumentActions::moveApart(ShapeItem &item) const
+{
+    const ZTGraphicsView &view = *m_document.view();
+    const QRectF shownPx = view.mapToScene(view.viewport()->rect()).boundingRect();
+    const QSizeF sizePx = item.boundingRect().size();
+    const auto place = freePlace(*m_document.scene(), sizePx, shownPx, &item);
+    if (place) {
+        moveTopLeft(item, place->topLeft());
+        return;
+    }
+    ShapeItems others = shapeItemsOf(*m_document.scene());
+    others.removeOne(&item);
+    moveTopLeft(item, sceneBox(others).topRight() + QPointF(sizePx.width(), 0.0));
+}
 
 void DocumentActions::recordCreated(ShapeItem *item)
 {
@@ -66,9 +102,12 @@ void DocumentActions::recordCreated(ShapeItem *item)
         return;
     if (auto *text = qobject_cast<ZTGraphicsTextItem *>(item))
         setUpNewText(*text);
+    else if (codekit::CodeItem *code = codekit::codeItem(item))
+        setUpNewCode(*code);
+    if (m_placing)
+        m_placing(*item);
     push(new AddItemsCommand(m_document.itemMag(), {item}, selected(),
                              undoText(shapeKind(item->getShapeType()).creation)));
-    Q_EMIT added(sceneBox(*item));
 }
 
 void DocumentActions::duplicate()
@@ -78,6 +117,8 @@ void DocumentActions::duplicate()
     const ShapeItems copies = copiesOf(sources, *m_document.itemMag(), {offsetPx, offsetPx});
     if (copies.isEmpty())
         return;
+    hostkit::FreeGroupIds freeIds(m_document);
+    hostkit::renewGroups(copies, &freeIds, m_enteredGroup);
     push(new AddItemsCommand(m_document.itemMag(), copies, sources,
                              undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Duplicate"))));
 }

@@ -5,7 +5,11 @@
 
 #include <QtCore/QObject>
 
+#include <functional>
+
 namespace studio {
+
+struct ShapePlace;
 
 /**
  * What an operator can do to a drawing: each operation is one undo step with a text for people.
@@ -24,7 +28,18 @@ public:
     /** `document` is borrowed and outlives this. */
     explicit DocumentActions(ZTGraphicsDocument &document, QObject *parent = nullptr);
 
+    /**
+     * A shape of the usual size in the view, the middle first, where it covers no other; where all
+     * is taken it stands beside the drawing.
+     */
     void create(ShapeType type);
+
+    /** A shape that was drawn with the mouse. */
+    void draw(ShapeType type, const ShapePlace &place);
+
+    /** Copies of the selected shapes stay in this group, if they are in it. */
+    void setEnteredGroup(const QVector<qint32> &path) { m_enteredGroup = path; }
+
     void duplicate();
     void removeSelected();
     void clear(); ///< empties the drawing and the undo stack
@@ -60,12 +75,18 @@ Q_SIGNALS:
     void added(const QRectF &boxPx);
 
 private:
+    using Placing = std::function<void(ShapeItem &item)>;
+
+    void createAt(ShapeType type, const Placing &placing);
+    void moveApart(ShapeItem &item) const;
     void recordCreated(ShapeItem *item);
     void followSelection();
     ShapeItems selected() const;
     void push(QUndoCommand *command);
 
     ZTGraphicsDocument &m_document;
+    Placing m_placing; ///< of the shape that is being created; empty: it stays where it is
+    QVector<qint32> m_enteredGroup;
 };
 
 } // namespace studio

@@ -1,12 +1,19 @@
 #include <studio/Exporter.h>
 
+#include <studio/ShapeItems.h>
+
+#include <hostkit/items/MarkReadiness.h>
+#include <hostkit/marks/MarkFindings.h>
+#include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/marks/MarkGraphWriter.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QSettings>
 #include <QtWidgets/QFileDialog>
+#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QProgressDialog>
+#include <QtWidgets/QPushButton>
 
 namespace studio {
 
@@ -24,6 +31,19 @@ QString formFilter(const QString &extension)
     const bool isPicture = form == QLatin1String("SVG") || form == QLatin1String("PNG");
     return (isPicture ? Exporter::tr("%1 picture (*%2)") : Exporter::tr("%1 paths (*%2)"))
         .arg(form, extension);
+}
+
+/** Shapes among those to be exported whose marks are not what they were given; a line each. */
+QString notReadyShapes(const ZTGraphicsDocument &document, bool selectionOnly)
+{
+    QStringList lines;
+    for (const ShapeItem *item :
+         selectionOnly ? hostkit::selectedMarkedItems(document) : hostkit::markedItems(document)) {
+        const QString reason = hostkit::notReadyReason(*item);
+        if (!reason.isEmpty() && lines.size() < hostkit::kMostShapesNamed)
+            lines << Exporter::tr("%1: %2").arg(hostkit::shapeName(*item), reason);
+    }
+    return lines.join(QLatin1Char('\n'));
 }
 
 QString extensionOf(const QString &filter)
@@ -86,6 +106,32 @@ void Exporter::exportTo(const QString &path, bool selectionOnly)
                             {}});
         return;
     }
+    const QString notReady = notReadyShapes(m_document, selectionOnly);
+    if (notReady.isEmpty())
+        begin(path, selectionOnly);
+    else
+        askBefore(path, selectionOnly, notReady);
+}
+
+void Exporter::askBefore(const QString &path, bool selectionOnly, const QString &notReady)
+{
+    auto *box = new QMessageBox(QMessageBox::Warning, tr("Export mark paths"),
+                                tr("Some shapes do not show what they were given."),
+                                QMessageBox::Cancel, &m_window);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setObjectName(QStringLiteral("notReadyBox"));
+    box->setInformativeText(notReady);
+    QPushButton *goOn = box->addButton(tr("&Export them as they are"), QMessageBox::AcceptRole);
+    box->setDefaultButton(QMessageBox::Cancel);
+    connect(goOn, &QPushButton::clicked, this,
+            [this, path, selectionOnly] { begin(path, selectionOnly); });
+    box->open();
+}
+
+void Exporter::begin(const QString &path, bool selectionOnly)
+{
+    if (m_job != nullptr)
+        return;
     m_job = new ExportJob(m_document, selectionOnly, path, this);
     connect(m_job, &ExportJob::finished, this, &Exporter::finish);
     m_job->start(kQuietMs);

@@ -22,7 +22,11 @@ public:
     /** Asks for a file to export to, without waiting for the answer. */
     void choose(bool selectionOnly);
 
-    /** Exports to a file; one export at a time, a second call is ignored. */
+    /**
+     * Exports to a file; one export at a time, a second call is ignored. Shapes that do not show
+     * what they were told, such as a code that cannot hold its content, are told of first: only
+     * whoever wants them as they are goes on.
+     */
     void exportTo(const QString &path, bool selectionOnly);
 
     bool isBusy() const { return m_job != nullptr; }
@@ -32,6 +36,8 @@ Q_SIGNALS:
     void ended(); ///< in every case: exported, failed or cancelled
 
 private:
+    void begin(const QString &path, bool selectionOnly);
+    void askBefore(const QString &path, bool selectionOnly, const QString &notReady);
     void showProgress();
     void giveUp();
     void finish(const QString &error);

@@ -2,7 +2,7 @@
 
 #include <studio/ShapeKinds.h>
 
-#include <hostkit/drawing/ItemExtras.h>
+#include <hostkit/items/ItemExtras.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtWidgets/QMessageBox>

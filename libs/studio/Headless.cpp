@@ -88,6 +88,9 @@ int writeMarks(const MainWindow &window, const HeadlessJob &job, const QString &
     if (!marks.findings.outside.isEmpty() && !job.marksOutside)
         return fail(drawing, Headless::tr("no mark data: shapes outside the work area are written "
                                           "with --outside alone"));
+    if (!marks.findings.notReady.isEmpty() && !job.marksAsShown)
+        return fail(drawing, Headless::tr("no mark data: shapes that do not show what they were "
+                                          "given are written with --as-shown alone"));
     for (const auto &extension : {QStringLiteral(".svg"), QStringLiteral(".json")}) {
         QString error;
         const QString path = base + extension;

@@ -12,6 +12,7 @@ struct HeadlessJob
     QString drawingPath;       ///< drawing or plotter file; empty: the sample drawing
     QString outFolder;         ///< made if it does not exist
     bool marksOutside = false; ///< true: writes mark data of shapes outside the work area, too
+    bool marksAsShown = false; ///< true: also of shapes that do not show what they were given
 };
 
 /**

@@ -13,6 +13,7 @@ static void initializeCatalogues()
     Q_INIT_RESOURCE(studio_zh);
     Q_INIT_RESOURCE(hostkit_zh);
     Q_INIT_RESOURCE(vectorkit_zh);
+    Q_INIT_RESOURCE(codekit_zh);
 }
 
 namespace studio {
@@ -86,6 +87,7 @@ void Language::apply()
     load(QStringLiteral("ZTDrawEngineLib_zh"), QStringLiteral(":/"));
     load(QStringLiteral("hostkit_zh"), QStringLiteral(":/"));
     load(QStringLiteral("vectorkit_zh"), QStringLiteral(":/"));
+    load(QStringLiteral("codekit_zh"), QStringLiteral(":/"));
     load(QStringLiteral("studio_zh"), QStringLiteral(":/"));
 }
 

@@ -17,11 +17,15 @@
 #include <studio/UndoTexts.h>
 #include <studio/ViewNavigation.h>
 #include <studio/WindowLayout.h>
+#include <studio/canvas/DrawingTools.h>
+#include <studio/clipboard/ClipboardActions.h>
+#include <studio/code/CodeTools.h>
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/drawing/CrashGuard.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/drawing/DrawingMessages.h>
 #include <studio/drawing/RecentMenu.h>
+#include <studio/groups/GroupTools.h>
 #include <studio/import/ImportDialog.h>
 #include <studio/text/TextTools.h>
 
@@ -100,6 +104,10 @@ MainWindow::~MainWindow()
     delete m_crashGuard;
     delete m_drawingFiles;
     delete m_matrixDialog;
+    delete m_codeTools;
+    delete m_tools;
+    delete m_groups;
+    delete m_clipboard;
     delete m_textTools;
     delete m_fileExporter;
     delete m_status;
@@ -124,15 +132,20 @@ void MainWindow::buildDocument()
     m_drawing->view()->setFocus();
 
     m_actions = new DocumentActions(*m_drawing, this);
+    m_groups = new GroupTools(*m_drawing, this);
+    m_tools = new DrawingTools(*m_drawing, *m_actions, this);
+    // After the tools: who pans, pans with every tool.
     m_viewNavigation = new ViewNavigation(*m_drawing->view(), this);
     m_importer = std::make_unique<Importer>(*m_drawing, *m_messages);
     m_drawingFiles = new DrawingFiles(*m_drawing, *m_messages, *this);
     m_textTools = new TextTools(*m_drawing, *m_messages, *this);
+    m_codeTools = new CodeTools(*m_drawing, *this);
     m_fileExporter = new Exporter(*m_drawing, *m_messages, *this);
     auto *drops = new DropImporter(*m_drawing->view(), this);
     connect(drops, &DropImporter::filesDropped, this, &MainWindow::takeDropped);
     m_status = new StatusBar(*m_drawing, this);
     setStatusBar(m_status);
+    buildTools();
     connect(m_viewNavigation, &ViewNavigation::zoomChanged, m_status, &StatusBar::showZoom);
     connect(m_actions, &DocumentActions::added, m_viewNavigation, &ViewNavigation::reveal);
     connect(m_textTools, &TextTools::told, m_status,
@@ -143,6 +156,37 @@ void MainWindow::buildDocument()
                                   .arg(QDir::toNativeSeparators(path)),
                               kStatusMs);
     });
+}
+
+void MainWindow::buildTools()
+{
+    m_clipboard = new ClipboardActions(*m_drawing, *m_importer, *m_messages, this);
+    connect(m_clipboard, &ClipboardActions::added, m_viewNavigation, &ViewNavigation::reveal);
+    connect(m_clipboard, &ClipboardActions::told, m_status,
+            [this](const QString &text) { m_status->showMessage(text, kStatusMs); });
+    connect(m_groups, &GroupTools::enteredChanged, m_actions, &DocumentActions::setEnteredGroup);
+    connect(m_groups, &GroupTools::told, m_status,
+            [this](const QString &words) { m_status->showMessage(words); });
+    connect(m_tools, &DrawingTools::told, m_status,
+            [this](const QString &words) { m_status->showMessage(words); });
+    connect(m_tools, &DrawingTools::chosen, this,
+            [this](const QByteArray &, const std::optional<QCursor> &cursor) {
+                m_viewNavigation->setRestingCursor(cursor);
+                showTool();
+            });
+}
+
+void MainWindow::showTool()
+{
+    m_commandSet->action(m_tools->chosenId().constData())->setChecked(true);
+}
+
+void MainWindow::pasteAtMenu() { m_clipboard->pasteAt(m_contextMenus->placePx()); }
+
+void MainWindow::leaveOrDeselect()
+{
+    if (!m_groups->leave())
+        m_actions->clearSelection();
 }
 
 void MainWindow::buildTree()
@@ -190,6 +234,7 @@ void MainWindow::labelTree()
 void MainWindow::buildCommands()
 {
     m_commandSet = new Commands(*this, *m_drawing->view());
+    showTool();
     m_orderMenu = new OrderMenu(this);
     auto *recentMenu = new RecentMenu(this);
     connect(recentMenu, &RecentMenu::chosen, this,
@@ -318,6 +363,7 @@ void MainWindow::refreshCommands()
     state.shapes = m_drawing->itemMag()->itemModel()->rowCount();
     state.selected = m_drawing->scene()->selectedItems().size();
     state.isOneText = m_textTools->selectedText() != nullptr;
+    state.isOneCode = m_codeTools->selectedCode() != nullptr;
     state.canUndo = m_drawing->undoStack()->canUndo();
     state.canRedo = m_drawing->undoStack()->canRedo();
     state.canRevert = !files().session().path().isEmpty() && files().session().isModified();

@@ -18,12 +18,16 @@ class ZTObjectTreeWidget;
 
 namespace studio {
 
+class ClipboardActions;
+class CodeTools;
 class Commands;
 class ContextMenus;
 class CrashGuard;
 class DocumentActions;
 class DrawingFiles;
+class DrawingTools;
 class Exporter;
+class GroupTools;
 class Importer;
 class Language;
 class MatrixDialog;
@@ -54,9 +58,13 @@ public:
     DocumentActions &edit() const { return *m_actions; }
     ViewNavigation &navigation() const { return *m_viewNavigation; }
     TextTools &text() const { return *m_textTools; }
+    CodeTools &codes() const { return *m_codeTools; }
     Exporter &exporter() const { return *m_fileExporter; }
     Commands &commands() const { return *m_commandSet; }
     DrawingFiles &files() const { return *m_drawingFiles; }
+    DrawingTools &tools() const { return *m_tools; }
+    ClipboardActions &clipboard() const { return *m_clipboard; }
+    GroupTools &groups() const { return *m_groups; }
 
     /** Keeps recovery files from now on, and offers those that were left behind. */
     void guardAgainstCrashes(const CrashGuardSetup &setup);
@@ -76,6 +84,8 @@ public:
     void chooseExport(bool selectionOnly);
     void chooseRotation();
     void showMatrixDialog();
+    void pasteAtMenu();     ///< where the context menu was opened
+    void leaveOrDeselect(); ///< one group outward, or else nothing selected
     void showRecovery();
     void fitSelection();
     void fitAll();
@@ -93,6 +103,8 @@ private:
     void connectState();
     void connectFiles();
     void connectFrame();
+    void buildTools();
+    void showTool();
     void repaintFrame();
     bool offerImport(const QStringList &paths, std::optional<QPointF> scenePx);
     bool offerDrawing(const ReadDrawing &read, std::optional<QPointF> scenePx);
@@ -115,7 +127,11 @@ private:
     DocumentActions *m_actions = nullptr;
     ViewNavigation *m_viewNavigation = nullptr;
     TextTools *m_textTools = nullptr;
+    CodeTools *m_codeTools = nullptr;
     Exporter *m_fileExporter = nullptr;
+    DrawingTools *m_tools = nullptr;
+    ClipboardActions *m_clipboard = nullptr;
+    GroupTools *m_groups = nullptr;
     Commands *m_commandSet = nullptr;
     ContextMenus *m_contextMenus = nullptr;
     StatusBar *m_status = nullptr;

@@ -22,7 +22,9 @@ struct ShapeKind
     const char *menuText;
     const char *toolTip;
     const char *icon;
-    const char *shortcut;
+    const char *shortcut; ///< of the tool that draws it
+
+    const char *tool = ""; ///< id of the tool that draws it with the mouse; empty: none does
 };
 
 /** All kinds that the studio knows, in the order of the menu. */

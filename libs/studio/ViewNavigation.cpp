@@ -143,8 +143,16 @@ void ViewNavigation::showCursor()
         m_view.viewport()->setCursor(Qt::ClosedHandCursor);
     else if (m_isSpaceHeld)
         m_view.viewport()->setCursor(Qt::OpenHandCursor);
+    else if (m_restingCursor)
+        m_view.viewport()->setCursor(*m_restingCursor);
     else
         m_view.viewport()->unsetCursor();
+}
+
+void ViewNavigation::setRestingCursor(const std::optional<QCursor> &cursor)
+{
+    m_restingCursor = cursor;
+    showCursor();
 }
 
 } // namespace studio

@@ -3,6 +3,9 @@
 #include <QtCore/QObject>
 #include <QtCore/QPoint>
 #include <QtCore/QRectF>
+#include <QtGui/QCursor>
+
+#include <optional>
 
 class ZTGraphicsView;
 
@@ -35,6 +38,9 @@ public:
     /** Scrolls as little as is needed to have the box in sight. */
     void reveal(const QRectF &boxPx);
 
+    /** The canvas's cursor while nobody pans; none: that of what lies under the mouse. */
+    void setRestingCursor(const std::optional<QCursor> &cursor);
+
 Q_SIGNALS:
     void zoomChanged(double scale);
 
@@ -51,6 +57,7 @@ private:
     void showCursor();
 
     ZTGraphicsView &m_view;
+    std::optional<QCursor> m_restingCursor;
     bool m_isSpaceHeld = false;
     Qt::MouseButton m_panButton = Qt::NoButton; ///< the button that pans now
     QPoint m_lastPos;                           ///< of the mouse while panning; viewport pixels

@@ -28,7 +28,9 @@ constexpr Title kMenuTitles[] = {
     {"fileMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&File")},
     {"editMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Edit")},
     {"createMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Create")},
+    {"drawMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&With the mouse")},
     {"textMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Text")},
+    {"toolsMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "T&ools")},
     {"arrangeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Arrange")},
     {"nudgeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Nudge")},
     {"viewMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&View")},
@@ -42,12 +44,17 @@ constexpr Title kToolBarTitles[] = {
     {"transformToolBar", QT_TRANSLATE_NOOP("studio::WindowLayout", "Transform")},
     {"viewToolBar", QT_TRANSLATE_NOOP("studio::WindowLayout", "View")},
     {"textToolBar", QT_TRANSLATE_NOOP("studio::WindowLayout", "Text")},
-    {"createToolBar", QT_TRANSLATE_NOOP("studio::WindowLayout", "Create")},
+    {"toolColumn", QT_TRANSLATE_NOOP("studio::WindowLayout", "Tools")},
 };
 
 constexpr const char *kAlignTitle = QT_TRANSLATE_NOOP("studio::WindowLayout", "&Align");
 
 using Ids = std::initializer_list<const char *>;
+
+/** What draws on the canvas with the mouse, and what does not. */
+constexpr Ids kTools = {"tool.select",  "tool.rectangle", "tool.ellipse",
+                        "tool.polygon", "tool.line",      "tool.tdot",
+                        "tool.text",    "tool.code",      "tool.barcode"};
 
 template <class Target>
 void fill(Target &target, const Commands &commands, Ids ids)
@@ -96,13 +103,18 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
     file.insertMenu(file.actions().at(2), fileMenus.recent);
     file.insertMenu(commands.action("file.exportAll"), fileMenus.order);
     addMenu(window, "editMenu", commands,
-            {"edit.undo", "edit.redo", "-", "edit.duplicate", "edit.delete", "-", "edit.selectAll",
-             "edit.invert", "edit.deselect"});
-    addMenu(window, "createMenu", commands,
-            {"create.rectangle", "create.ellipse", "create.polygon", "create.line", "create.tdot",
-             "create.text"});
+            {"edit.undo", "edit.redo", "-", "edit.cut", "edit.copy", "edit.paste",
+             "edit.pasteInPlace", "edit.pasteHere", "-", "edit.duplicate", "edit.delete", "-",
+             "edit.group", "edit.ungroup", "-", "edit.selectAll", "edit.invert", "edit.deselect"});
+    QMenu &create = addMenu(window, "createMenu", commands,
+                            {"create.rectangle", "create.ellipse", "create.polygon", "create.line",
+                             "create.tdot", "create.text", "create.code", "create.barcode", "-"});
+    QMenu *draw = create.addMenu(QString());
+    draw->setObjectName(QStringLiteral("drawMenu"));
+    fill(*draw, commands, kTools);
     addMenu(window, "textMenu", commands,
-            {"create.text", "-", "text.type", "text.settings", "-", "text.nextPart"});
+            {"create.text", "-", "text.type", "text.settings", "-", "create.code", "create.barcode",
+             "code.settings", "-", "text.nextPart"});
     QMenu &arrange =
         addMenu(window, "arrangeMenu", commands,
                 {"arrange.left", "arrange.hcenter", "arrange.right", "arrange.top",
@@ -119,6 +131,7 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
         window, "viewMenu", commands,
         {"view.zoomIn", "view.zoomOut", "view.home", "-", "view.fitSelection", "view.fitAll", "-"});
     view.addActions(viewActions);
+    addMenu(window, "toolsMenu", commands, {"tools.verifyCodes"});
     addMenu(window, "helpMenu", commands, {"help.about"});
 }
 
@@ -127,7 +140,8 @@ void addToolBars(QMainWindow &window, const Commands &commands)
     addToolBar(window, "fileToolBar", Qt::TopToolBarArea, commands,
                {"file.new", "file.open", "file.save", "-", "file.import", "file.exportAll"});
     addToolBar(window, "editToolBar", Qt::TopToolBarArea, commands,
-               {"edit.undo", "edit.redo", "-", "edit.duplicate", "edit.delete"});
+               {"edit.undo", "edit.redo", "-", "edit.cut", "edit.copy", "edit.paste", "-",
+                "edit.duplicate", "edit.delete"});
     addToolBar(window, "alignToolBar", Qt::TopToolBarArea, commands,
                {"arrange.left", "arrange.hcenter", "arrange.right", "arrange.top",
                 "arrange.vcenter", "arrange.bottom", "arrange.center"});
@@ -137,10 +151,8 @@ void addToolBars(QMainWindow &window, const Commands &commands)
     addToolBar(window, "viewToolBar", Qt::TopToolBarArea, commands,
                {"view.zoomOut", "view.zoomIn", "view.home", "view.fitSelection"});
     addToolBar(window, "textToolBar", Qt::TopToolBarArea, commands,
-               {"text.settings", "text.nextPart"});
-    addToolBar(window, "createToolBar", Qt::LeftToolBarArea, commands,
-               {"create.rectangle", "create.ellipse", "create.polygon", "create.line",
-                "create.tdot", "create.text"});
+               {"text.settings", "code.settings", "text.nextPart"});
+    addToolBar(window, "toolColumn", Qt::LeftToolBarArea, commands, kTools);
 }
 
 QMenu *newContextMenu(const Commands &commands, bool isForShapes, QWidget *parent)
@@ -148,15 +160,20 @@ QMenu *newContextMenu(const Commands &commands, bool isForShapes, QWidget *paren
     auto *menu = new QMenu(parent);
     if (!isForShapes) {
         menu->setObjectName(QStringLiteral("canvasMenu"));
-        fill(*menu, commands,
-             {"edit.undo", "edit.redo", "-", "edit.selectAll", "edit.invert", "-",
-              "create.rectangle", "create.ellipse", "create.polygon", "create.line", "create.tdot",
-              "create.text", "-", "view.fitAll", "view.home"});
+        fill(*menu, commands, {"edit.undo",        "edit.redo",         "-",
+                               "edit.pasteHere",   "edit.pasteInPlace", "-",
+                               "edit.selectAll",   "edit.invert",       "-",
+                               "create.rectangle", "create.ellipse",    "create.polygon",
+                               "create.line",      "create.tdot",       "create.text",
+                               "create.code",      "create.barcode",    "-",
+                               "view.fitAll",      "view.home"});
         return menu;
     }
     menu->setObjectName(QStringLiteral("shapeMenu"));
     fill(*menu, commands,
-         {"text.type", "text.settings", "-", "edit.duplicate", "edit.delete", "-"});
+         {"text.type", "text.settings", "code.settings", "-", "edit.cut", "edit.copy",
+          "edit.pasteHere", "-", "edit.duplicate", "edit.delete", "-", "edit.group", "edit.ungroup",
+          "-"});
     QMenu *align = menu->addMenu(translated(kAlignTitle));
     align->setObjectName(QStringLiteral("alignMenu"));
     fill(*align, commands,

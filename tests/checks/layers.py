@@ -149,7 +149,7 @@ def main():
             problems.append(f"libs/{library}: has no row in the table")
             continue
         check_library(library, problems)
-        if library not in ("ZTDrawEngineLib", "hostkit"):  # the engine has the table of its layers
+        if library != "ZTDrawEngineLib":  # the engine has the table of its layers
             check_one_direction(library, problems)
     check_programs(problems)
     finish(problems, "layers")

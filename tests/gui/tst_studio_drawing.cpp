@@ -33,7 +33,7 @@ private Q_SLOTS:
 
     void freshDrawing_ctrlS_asksForAName()
     {
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         QCOMPARE(title(), QStringLiteral("Unnamed* - Studio"));
         studio->key(Qt::Key_S, Qt::ControlModifier);
         chooseFile("saveDialog", studio->path("plate"));
@@ -48,7 +48,7 @@ private Q_SLOTS:
     {
         const QString path = saveAs("plate.ztd", 1);
         const QByteArray before = StudioTest::contentOf(path);
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         QCOMPARE(title(), QStringLiteral("plate.ztd* - Studio"));
         studio->key(Qt::Key_S, Qt::ControlModifier);
         QVERIFY(studio->window->findChild<QFileDialog *>() == nullptr);
@@ -59,7 +59,7 @@ private Q_SLOTS:
     void undoBackToWhatWasSaved_takesTheMarkAway()
     {
         saveAs("plate.ztd", 1);
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         QVERIFY(studio->window->isWindowModified());
         studio->key(Qt::Key_Z, Qt::ControlModifier);
         QVERIFY(!studio->window->isWindowModified());
@@ -71,7 +71,7 @@ private Q_SLOTS:
     {
         const QString first = saveAs("first.ztd", 1);
         const QByteArray before = StudioTest::contentOf(first);
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         studio->key(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
         chooseFile("saveDialog", studio->path("second.ztd"));
         QCOMPARE(StudioTest::contentOf(first), before);
@@ -81,7 +81,7 @@ private Q_SLOTS:
 
     void nameWithoutTheExtension_getsIt_andReplacesNothingUnasked()
     {
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         const QString path = studio->write("plate.v2.ztd", "old");
         studio->key(Qt::Key_S, Qt::ControlModifier);
         chooseFile("saveDialog", studio->path("plate.v2"));
@@ -102,8 +102,9 @@ private Q_SLOTS:
 
     void openedDrawing_isTheSavedOne()
     {
-        for (const int kind : {Qt::Key_R, Qt::Key_E, Qt::Key_P, Qt::Key_L})
-            studio->key(kind);
+        for (const char *id :
+             {"create.rectangle", "create.ellipse", "create.polygon", "create.line"})
+            studio->run(id);
         studio->edit().rotate(30.0);
         const DrawingSnapshot drawn = studio->snapshot();
         QVERIFY(files().saveTo(studio->path("all.ztd")));
@@ -140,7 +141,7 @@ private Q_SLOTS:
         files().startNew();
         const QString path = saveAs("plate.ztd", 1);
         const QByteArray before = StudioTest::contentOf(path);
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         files().open(other);
         QCOMPARE(question("lossQuestion")->text(),
                  QStringLiteral("Save the changes to \"plate.ztd\"?"));
@@ -155,7 +156,7 @@ private Q_SLOTS:
     {
         const QString other = saveAs("other.ztd", 3);
         files().startNew();
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         files().open(other);
         click("lossQuestion", QMessageBox::Save);
         auto *dialog = studio->window->findChild<QFileDialog *>(QStringLiteral("saveDialog"));
@@ -182,7 +183,7 @@ private Q_SLOTS:
         QFETCH(int, answer);
         const QString path = saveAs("plate.ztd", 1);
         const QByteArray before = StudioTest::contentOf(path);
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         studio->key(Qt::Key_Q, Qt::ControlModifier);
         QVERIFY(studio->window->isVisible());
         click("lossQuestion", QMessageBox::StandardButton(answer));
@@ -192,7 +193,7 @@ private Q_SLOTS:
 
     void closing_afterACancelledQuestion_asksAgain()
     {
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         for (int i = 0; i < 2; ++i) {
             studio->window->close();
             click("lossQuestion", QMessageBox::Cancel);
@@ -258,7 +259,7 @@ private Q_SLOTS:
         QVERIFY(!studio->isEnabled("file.revert"));
         saveAs("plate.ztd", 2);
         QVERIFY(!studio->isEnabled("file.revert"));
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         QVERIFY(studio->run("file.revert"));
         click("revertQuestion", QMessageBox::Cancel);
         QCOMPARE(studio->ids().size(), 3);
@@ -285,7 +286,7 @@ private Q_SLOTS:
     {
         const QString path = saveAs("plate.ztd", 2);
         files().startNew();
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         QVERIFY(drop({path}));
         click("lossQuestion", QMessageBox::Discard);
         QCOMPARE(studio->ids().size(), 2);
@@ -323,7 +324,7 @@ private Q_SLOTS:
     void fileChangedByAnother_isOverwrittenOnlyOnDemand()
     {
         const QString path = saveAs("plate.ztd", 1);
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         studio->write("plate.ztd", "someone else's");
         studio->key(Qt::Key_S, Qt::ControlModifier);
         click("overwriteQuestion", QMessageBox::Cancel);
@@ -336,7 +337,7 @@ private Q_SLOTS:
         QCOMPARE(StudioTest::contentOf(path), QByteArray("someone else's"));
         QCOMPARE(title(), QStringLiteral("mine.ztd - Studio"));
 
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         studio->write("mine.ztd", "once more");
         studio->key(Qt::Key_S, Qt::ControlModifier);
         clickRole("overwriteQuestion", QMessageBox::DestructiveRole);
@@ -348,7 +349,7 @@ private Q_SLOTS:
     {
         const QString path = saveAs("plate.ztd", 1);
         QVERIFY(QFile::remove(path));
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         studio->key(Qt::Key_S, Qt::ControlModifier);
         QVERIFY(QFile::exists(path));
         QVERIFY(studio->messages->failures.isEmpty());
@@ -356,7 +357,7 @@ private Q_SLOTS:
 
     void fileThatCannotBeWritten_isNamed_andTheDrawingStaysModified()
     {
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         QVERIFY(!files().saveTo(studio->path("no/such/folder/a.ztd")));
         QCOMPARE(studio->messages->failures.size(), 1);
         QCOMPARE(studio->messages->failures.first().what,
@@ -368,7 +369,7 @@ private Q_SLOTS:
 
     void whatIsNoOrdinaryFile_isNotReplacedByOne()
     {
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         const QString pipe = studio->path("pipe.ztd");
         QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
         QVERIFY(!files().saveTo(pipe));
@@ -390,7 +391,7 @@ private Q_SLOTS:
                                                         QByteArrayLiteral("of others")};
         QVERIFY(hostkit::writeDrawing(file, path, &error));
         QVERIFY(files().load(path));
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         studio->key(Qt::Key_S, Qt::ControlModifier);
         QVERIFY(hostkit::readDrawing(path, &file, &error));
         QCOMPARE(file.extras.sections.size(), 1);
@@ -424,7 +425,7 @@ private Q_SLOTS:
     void orderOfMarking_belongsToTheDrawing()
     {
         auto *menu = studio->window->findChild<studio::OrderMenu *>();
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         saveAs("plate.ztd", 0);
         menu->actions().at(2)->trigger();
         QVERIFY(studio->window->isWindowModified());
@@ -445,7 +446,7 @@ private Q_SLOTS:
     void newDrawing_hasTheFirstFieldAgain()
     {
         const hostkit::DrawingSetup first = hostkit::DrawingSetup::of(studio->document());
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         const QString path = saveAs("plate.ztd", 0);
         hostkit::DrawingFile file;
         hostkit::Failure error;

@@ -7,7 +7,7 @@
 #include <studio/import/ImportPicture.h>
 #include <studio/import/ImportSettings.h>
 
-#include <hostkit/drawing/ItemExtras.h>
+#include <hostkit/items/ItemExtras.h>
 
 #include <QtCore/QMimeData>
 #include <QtCore/QSettings>

@@ -123,7 +123,7 @@ private Q_SLOTS:
     void recovering_asksForTheOpenDrawingFirst()
     {
         leave({}, 2, kNoon);
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         guard();
         QTest::mouseClick(button("recover"), Qt::LeftButton);
         QTest::mouseClick(box("lossQuestion")->button(QMessageBox::Cancel), Qt::LeftButton);
@@ -174,7 +174,7 @@ private Q_SLOTS:
     void changedDrawing_isThereAfterTheInterval_andGoneAfterACleanEnd()
     {
         guard(10);
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         QTRY_COMPARE(folder->names("*.ztd").size(), 1);
         studio->window->close();
         QTest::mouseClick(box("lossQuestion")->button(QMessageBox::Discard), Qt::LeftButton);
@@ -184,7 +184,7 @@ private Q_SLOTS:
     void terminationSignal_savesAtOnceAndQuits()
     {
         guard();
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         QSignalSpy quits(qApp, &QCoreApplication::aboutToQuit);
         QTimer::singleShot(0, qApp, [] { std::raise(SIGTERM); });
         QTimer::singleShot(20000, qApp, [] { QCoreApplication::exit(1); });
@@ -196,7 +196,7 @@ private Q_SLOTS:
     void endOfTheSession_savesAtOnce()
     {
         guard();
-        studio->key(Qt::Key_R);
+        studio->run("create.rectangle");
         QVERIFY(folder->names("*.ztd").isEmpty());
         // There is no session manager outside a session, and nobody looks at it.
         alignas(std::max_align_t) char manager[64] = {};

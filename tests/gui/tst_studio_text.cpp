@@ -17,7 +17,7 @@ private Q_SLOTS:
 
     void create_startsTypingAtOnce()
     {
-        studio->key(Qt::Key_T);
+        studio->run("create.text");
         QVERIFY(studio->editor() != nullptr);
         QVERIFY(studio->editor()->hasFocus());
         QCOMPARE(studio->stack().count(), 1);
@@ -35,7 +35,7 @@ private Q_SLOTS:
 
     void typing_showsOnTheDrawing_andLettersAreNoShortcuts()
     {
-        studio->key(Qt::Key_T);
+        studio->run("create.text");
         studio->type("rectrel");
         QCOMPARE(created()->text(), QStringLiteral("rectrel"));
         QCOMPARE(created()->getFixedText(), QStringLiteral("TEXT"));

@@ -1367,6 +1367,10 @@ given several times</source>
         <source>writing %1</source>
         <translation>正在写入 %1</translation>
     </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
 </context>
 <context>
     <name>MarkCommand</name>
@@ -1434,6 +1438,14 @@ SVG、DXF 和绘图仪图纸按真实尺寸导入，除非 --size、--width、--
   ztmark mark plate.ztd -o plate.json
   ztmark mark logo.plt --height 20mm --hatch zigzag --spacing 0.3mm -o logo.svg
   ztmark mark part.dxf --clean join=0.05mm,duplicates --marks-only -o part.svg</translation>
+    </message>
+    <message>
+        <source>Mark a drawing also where a code does not show its content</source>
+        <translation>即使条码不显示其内容，也标刻图纸</translation>
+    </message>
+    <message>
+        <source>nothing written: shapes that do not show what they were given are marked with --as-is alone</source>
+        <translation>未写出任何内容：不显示其给定内容的图形只有用 --as-is 才标刻</translation>
     </message>
 </context>
 <context>

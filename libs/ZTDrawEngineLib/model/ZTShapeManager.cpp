@@ -93,12 +93,19 @@ ZTAbstractGraphicsItem *ZTShapeManager::addShape(ShapeType type, const QRectF &r
         return nullptr;
     item->setShapeType(type);
     item->setPos(-anchorPx(rectMm));
+    insertItem(item);
+    return item;
+}
+
+void ZTShapeManager::insertItem(ZTAbstractGraphicsItem *item)
+{
+    if (item == nullptr)
+        return;
     item->getShapeBase()->setId(m_nextShapeId);
     m_scene->addItem(item);
-    m_itemModel->insert(type, item);
+    m_itemModel->insert(item->getShapeType(), item);
     // A loaded counter may be the largest there is.
     m_nextShapeId = static_cast<qint32>(static_cast<quint32>(m_nextShapeId) + 1);
-    return item;
 }
 
 QList<ZTAbstractGraphicsItem *> ZTShapeManager::addMatrix(int rows, int columns, double dx,

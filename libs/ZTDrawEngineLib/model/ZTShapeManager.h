@@ -53,6 +53,14 @@ public:
     ZTAbstractGraphicsItem *addShape(ShapeType type, const QRectF &rectMm);
 
     /**
+     * Gives an item that the host made the next id and adds it to scene and model, as `addShape`
+     * does with its own; kind and place are the host's. Null changes nothing.
+     *
+     * Owner: the scene, from now on. The item is in no scene yet.
+     */
+    void insertItem(ZTAbstractGraphicsItem *item);
+
+    /**
      * Repeats the first selected item in rows and columns, itself being the cell (0, 0).
      *
      * @param rows number of rows, the source's own included

@@ -227,5 +227,45 @@
         <source>%1 leaves no choice of a check digit</source>
         <translation>%1 不能选择校验位</translation>
     </message>
+    <message>
+        <source>(none)</source>
+        <translation>（无）</translation>
+    </message>
+    <message>
+        <source>cannot be read; it is to say &quot;%1&quot;. Try a larger module or a closer hatch</source>
+        <translation>无法读出；应为“%1”。请加大模块或加密填充</translation>
+    </message>
+    <message>
+        <source>does not show what it was given, &quot;%1&quot;</source>
+        <translation>没有显示所给的内容“%1”</translation>
+    </message>
+    <message>
+        <source>is mirrored; turned over it reads: %1</source>
+        <translation>是镜像的；翻转后读出：%1</translation>
+    </message>
+    <message>
+        <source>reads as &quot;%1&quot;, not as &quot;%2&quot;</source>
+        <translation>读出的是“%1”，而不是“%2”</translation>
+    </message>
+    <message>
+        <source>reads: %1</source>
+        <translation>读出：%1</translation>
+    </message>
+    <message>
+        <source>the text below or above the code leaves no lines in this font</source>
+        <translation>码上方或下方的文字用此字体没有任何笔画</translation>
+    </message>
+    <message>
+        <source>the text cannot be written: there is no stroke font %1</source>
+        <translation>无法书写文字：没有单线字体 %1</translation>
+    </message>
+    <message>
+        <source>there is no reader on board for this kind; it is to say &quot;%1&quot;</source>
+        <translation>本程序没有此种码的识读器；应为“%1”</translation>
+    </message>
+    <message>
+        <source>its settings are damaged or of a later version</source>
+        <translation>其设置已损坏或出自更新的版本</translation>
+    </message>
 </context>
 </TS>

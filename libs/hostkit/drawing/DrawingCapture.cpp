@@ -1,9 +1,10 @@
 #include <hostkit/drawing/DrawingCapture.h>
 
 #include <hostkit/drawing/DrawingContent_p.h>
-#include <hostkit/drawing/DrawingPreview_p.h>
 #include <hostkit/drawing/ShapeRecords_p.h>
-#include <hostkit/text/StrokeFontHeights_p.h>
+#include <hostkit/items/ShapeItems.h>
+#include <hostkit/items/StrokeFontHeights.h>
+#include <hostkit/marks/DrawingPicture_p.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
@@ -200,17 +201,29 @@ DrawingMeta metaOf(const ZTGraphicsDocument &document, const Items &items,
     return meta;
 }
 
-bool captureWhole(ZTGraphicsDocument &document, const DrawingCapture &capture, DrawingFile *drawing,
-                  Failure *failure)
+/** What a capture of some items takes of what their document carries. */
+DrawingExtras extrasOfItems(const DrawingExtras &carried, const Items &items)
 {
-    const Items items = shapeItemsOf(document);
+    DrawingExtras extras;
+    for (const ZTAbstractGraphicsItem *item : items) {
+        for (const qint32 id : itemExtras(*item).groupPath) {
+            if (carried.groupNames.contains(id))
+                extras.groupNames.insert(id, carried.groupNames.value(id));
+        }
+    }
+    return extras;
+}
+
+bool captureSome(ZTGraphicsDocument &document, const Items &items, const DrawingExtras &extras,
+                 const DrawingCapture &capture, DrawingFile *drawing, Failure *failure)
+{
     DrawingFile taken;
     taken.version = kDrawingFormatVersion;
     taken.meta = metaOf(document, items, capture);
     if (!taken.meta.setup.isUsable())
         return notLoadable(Texts::tr("its millimetres have no size"), failure);
     taken.counters = countersOf(document);
-    taken.extras = drawingExtras(document);
+    taken.extras = extras;
     Collector collector(taken.extras);
     for (const ZTAbstractGraphicsItem *item : items) {
         if (!collector.add(*item, failure))
@@ -233,7 +246,20 @@ bool captureDrawing(ZTGraphicsDocument &document, const DrawingCapture &capture,
                     DrawingFile *drawing, Failure *failure)
 {
     try {
-        return captureWhole(document, capture, drawing, failure);
+        return captureSome(document, shapeItemsOf(document), drawingExtras(document), capture,
+                           drawing, failure);
+    } catch (const std::bad_alloc &) {
+        return fail(failure, Failure::Kind::NotPossible,
+                    Texts::tr("needs more memory than there is"));
+    }
+}
+
+bool captureItems(ZTGraphicsDocument &document, const QVector<ZTAbstractGraphicsItem *> &items,
+                  const DrawingCapture &capture, DrawingFile *drawing, Failure *failure)
+{
+    try {
+        return captureSome(document, items, extrasOfItems(drawingExtras(document), items), capture,
+                           drawing, failure);
     } catch (const std::bad_alloc &) {
         return fail(failure, Failure::Kind::NotPossible,
                     Texts::tr("needs more memory than there is"));

@@ -25,6 +25,15 @@ struct DrawingCapture
 bool captureDrawing(ZTGraphicsDocument &document, const DrawingCapture &capture,
                     DrawingFile *drawing, Failure *failure);
 
+/**
+ * The same of some of a document's items alone, as for a clipboard. Of what the document carries
+ * only the names of their groups come along.
+ *
+ * `items` are of the document, the lowest first.
+ */
+bool captureItems(ZTGraphicsDocument &document, const QVector<ZTAbstractGraphicsItem *> &items,
+                  const DrawingCapture &capture, DrawingFile *drawing, Failure *failure);
+
 /** `captureDrawing` and `writeDrawing`. */
 bool saveDrawing(ZTGraphicsDocument &document, const DrawingCapture &capture, const QString &path,
                  Failure *failure);

@@ -239,13 +239,13 @@ KeyedFields restOf(ByteReader &reader)
     return fields;
 }
 
-QVector<DrawingFontHeight> fontHeightsOf(ByteReader &reader)
+QVector<StrokeFontHeight> fontHeightsOf(ByteReader &reader)
 {
-    QVector<DrawingFontHeight> heights;
+    QVector<StrokeFontHeight> heights;
     const quint32 fonts = countOf(reader, kLeastString + sizeof(double));
     for (quint32 i = 0; i < fonts && reader.ok(); ++i) {
         const QString fileName = textOf(reader);
-        heights << DrawingFontHeight{fileName, reader.real()};
+        heights << StrokeFontHeight{fileName, reader.real()};
     }
     return heights;
 }
@@ -317,16 +317,16 @@ bool itemsFromBytes(const QByteArray &bytes, QByteArray *counters, QVector<Drawi
     return isWhole(reader);
 }
 
-QByteArray fontHeightsToBytes(const QVector<DrawingFontHeight> &heights)
+QByteArray fontHeightsToBytes(const QVector<StrokeFontHeight> &heights)
 {
     Writer out;
     out << static_cast<quint32>(heights.size());
-    for (const DrawingFontHeight &font : heights)
+    for (const StrokeFontHeight &font : heights)
         out << font.fileName << font.height;
     return out.bytes;
 }
 
-bool fontHeightsFromBytes(const QByteArray &bytes, QVector<DrawingFontHeight> *heights)
+bool fontHeightsFromBytes(const QByteArray &bytes, QVector<StrokeFontHeight> *heights)
 {
     ByteReader reader(bytes);
     *heights = fontHeightsOf(reader);
@@ -334,7 +334,7 @@ bool fontHeightsFromBytes(const QByteArray &bytes, QVector<DrawingFontHeight> *h
 }
 
 bool restFromBytes(const QByteArray &bytes, QVector<KeyedFields> *fieldsOfItems,
-                   QVector<DrawingFontHeight> *heights)
+                   QVector<StrokeFontHeight> *heights)
 {
     ByteReader reader(bytes);
     const quint32 items = countOf(reader, kRestSize);

@@ -18,8 +18,8 @@ bool itemsFromBytes(const QByteArray &bytes, QByteArray *counters, QVector<Drawi
 QByteArray drawingsToBytes(const QVector<QPainterPath> &drawings);
 bool drawingsFromBytes(const QByteArray &bytes, QVector<QPainterPath> *drawings);
 
-QByteArray fontHeightsToBytes(const QVector<DrawingFontHeight> &heights);
-bool fontHeightsFromBytes(const QByteArray &bytes, QVector<DrawingFontHeight> *heights);
+QByteArray fontHeightsToBytes(const QVector<StrokeFontHeight> &heights);
+bool fontHeightsFromBytes(const QByteArray &bytes, QVector<StrokeFontHeight> *heights);
 
 /** Group names and fields; the other extras are sections and items of their own. */
 QByteArray drawingExtrasToBytes(const DrawingExtras &extras);
@@ -30,7 +30,7 @@ bool originFromBytes(const QByteArray &bytes, DrawingOrigin *origin);
 
 /** The section REST of version 1: what its stream lost of each polygon and imported drawing. */
 bool restFromBytes(const QByteArray &bytes, QVector<KeyedFields> *fieldsOfItems,
-                   QVector<DrawingFontHeight> *heights);
+                   QVector<StrokeFontHeight> *heights);
 
 /** What every shape has, and some kinds leave out of their own record. */
 struct ShapeBaseFields

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <hostkit/drawing/ItemExtras.h>
+#include <hostkit/items/ItemExtras.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 

@@ -3,7 +3,7 @@
 #include <hostkit/drawing/DrawingContent_p.h>
 #include <hostkit/drawing/DrawingFrame_p.h>
 #include <hostkit/drawing/ShapeRecords_p.h>
-#include <hostkit/setup/FileWriter.h>
+#include <hostkit/files/FileWriter.h>
 
 #include <QtCore/QBuffer>
 #include <QtCore/QCoreApplication>

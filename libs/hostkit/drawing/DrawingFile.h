@@ -2,7 +2,8 @@
 
 #include <hostkit/drawing/DrawingExtras.h>
 #include <hostkit/drawing/DrawingSetup.h>
-#include <hostkit/setup/Failure.h>
+#include <hostkit/files/Failure.h>
+#include <hostkit/items/StrokeFontHeights.h>
 
 #include <QtCore/QByteArray>
 #include <QtCore/QDateTime>
@@ -28,13 +29,6 @@ struct DrawingMeta
     QDateTime savedAt;        ///< UTC, to the millisecond
     DrawingSetup setup;       ///< what the drawing's numbers rest on
     QVector<DrawingPen> pens; ///< the pens in use, by id
-};
-
-/** Text height of a stroke font, which all texts in it share. */
-struct DrawingFontHeight
-{
-    QString fileName;
-    double height = 0.0; ///< drawing units
 };
 
 /**
@@ -64,7 +58,7 @@ struct DrawingFile
     QByteArray counters;            ///< registry of variant texts, then the next id
     QVector<DrawingItem> items;     ///< lowest first
     QVector<QPainterPath> drawings; ///< imported plotter drawings, millimetres; each one once
-    QVector<DrawingFontHeight> fontHeights;
+    QVector<StrokeFontHeight> fontHeights;
     DrawingExtras extras;                ///< its foreign items stand among `items`, until applied
     std::optional<DrawingOrigin> origin; ///< of a recovery file
 };

@@ -1,9 +1,11 @@
 #include <hostkit/drawing/DrawingLoader.h>
 
 #include <hostkit/drawing/DrawingContent_p.h>
+#include <hostkit/drawing/ItemGroups.h>
 #include <hostkit/drawing/ShapeRecords_p.h>
+#include <hostkit/items/ShapeItems.h>
+#include <hostkit/items/StrokeFontHeights.h>
 #include <hostkit/text/FontPresence.h>
-#include <hostkit/text/StrokeFontHeights_p.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
@@ -93,7 +95,7 @@ class BorrowedSetup
 {
 public:
     BorrowedSetup(const DrawingSetup &borrowed, const DrawingSetup &ownSetup,
-                  const QVector<DrawingFontHeight> &ownHeights)
+                  const QVector<StrokeFontHeight> &ownHeights)
         : m_setup(ownSetup), m_heights(ownHeights)
     {
         borrowed.applyToProcess();
@@ -108,7 +110,7 @@ public:
 
 private:
     const DrawingSetup &m_setup;
-    const QVector<DrawingFontHeight> &m_heights;
+    const QVector<StrokeFontHeight> &m_heights;
 };
 
 /** Puts the registry of variant texts and the next id in the place of those there are. */
@@ -180,6 +182,7 @@ public:
 
     bool build(Failure *failure);
     void handOver();
+    void insert(InsertedDrawing *inserted);
     DrawingReport report() const;
 
 private:
@@ -197,14 +200,16 @@ private:
     void takeUses(ZTShapeBase &shape, const DrawingItem &record);
     void redrawStrokeTexts();
     void takeOwnPlace();
+    void takeOwnScale();
     void addItems();
+    void takeBack(int rows);
     void removeOldDrawing(int rows, const QList<ZTAbstractGraphicsItem *> &old);
 
     const DrawingLoad &m_load;
     const DrawingFile &m_drawing;
     ZTGraphicsDocument &m_document;
     const DrawingSetup m_ownSetup;
-    const QVector<DrawingFontHeight> m_ownHeights;
+    const QVector<StrokeFontHeight> m_ownHeights;
     DrawingExtras m_extras;
     int m_next = 0; ///< record to be built
     std::vector<Item> m_items;
@@ -396,14 +401,64 @@ void Loader::handOver()
         addUses(m_uses);
         setDrawingExtras(m_document, m_extras);
     } catch (...) {
-        model->removeRows(rows, model->rowCount() - rows);
-        m_document.itemMag()->scene()->deleteItems(m_added);
+        takeBack(rows);
         ownCounters.putBack();
         m_ownSetup.applyTo(m_document);
         setStrokeFontHeights(m_ownHeights);
         throw;
     }
     removeOldDrawing(rows, old);
+}
+
+/** Takes out what of the new items is in already, the rows behind the first ones included. */
+void Loader::takeBack(int rows)
+{
+    QAbstractItemModel *model = m_document.itemMag()->itemModel();
+    model->removeRows(rows, model->rowCount() - rows);
+    m_document.itemMag()->scene()->deleteItems(m_added);
+}
+
+/** The new items beside the old ones; whatever fails here, the drawing is as it was. */
+void Loader::insert(InsertedDrawing *inserted)
+{
+    const int rows = m_document.itemMag()->itemModel()->rowCount();
+    try {
+        takeOwnScale();
+        QVector<ZTAbstractGraphicsItem *> built;
+        for (const Item &item : m_items)
+            built << item.get();
+        FreeGroupIds freeIds(m_document);
+        const RenewedGroups renewed = renewGroups(built, &freeIds);
+        m_added.reserve(built.size());
+        for (Item &item : m_items) {
+            m_document.itemMag()->insertItem(item.get());
+            m_added << item.release(); // the scene's now
+        }
+        inserted->items = built;
+        for (auto id = renewed.begin(); id != renewed.end(); ++id) {
+            if (m_extras.groupNames.contains(id.key()))
+                inserted->groupNames.insert(id.value(), m_extras.groupNames.value(id.key()));
+        }
+    } catch (...) {
+        takeBack(rows);
+        throw;
+    }
+}
+
+/** Millimetres stay millimetres where a pixel is of another size. */
+void Loader::takeOwnScale()
+{
+    const auto pxPerMm = [](const DrawingSetup &setup) {
+        return setup.height / setup.physicalHeight * setup.displayRatio;
+    };
+    const double factor = pxPerMm(m_ownSetup) / pxPerMm(m_drawing.meta.setup);
+    if (factor != 1.0) {
+        for (const Item &item : m_items) {
+            item->setPos(item->pos() * factor);
+            item->setTransformParam(QTransform(item->getTransformParam())); // builds it anew
+        }
+    }
+    redrawStrokeTexts();
 }
 
 /** The process and the document as the drawing's shapes need them. */
@@ -454,20 +509,15 @@ DrawingReport Loader::report() const
     return told;
 }
 
-} // namespace
-
-// Qt and shapes throw when there is no memory; what was built so far makes room again.
-bool applyDrawing(const DrawingFile &drawing, ZTGraphicsDocument &document, const DrawingLoad &load,
-                  DrawingReport *report, Failure *failure)
+/** Builds a drawing and lets `finish` put it into the document, whatever is thrown meanwhile. */
+template <class Finish>
+bool buildAnd(Loader &loader, Failure *failure, const Finish &finish)
 {
+    // Qt and shapes throw when there is no memory; what was built so far makes room again.
     try {
-        Loader loader(load, drawing, document);
         if (!loader.build(failure))
             return false;
-        const DrawingReport told = loader.report();
-        loader.handOver();
-        if (report != nullptr)
-            *report = told;
+        finish();
         return true;
     } catch (const std::bad_alloc &) {
         return fail(failure, Failure::Kind::NotPossible,
@@ -478,6 +528,32 @@ bool applyDrawing(const DrawingFile &drawing, ZTGraphicsDocument &document, cons
     } catch (...) {
         return fail(failure, Failure::Kind::NotPossible, Texts::tr("cannot be built"));
     }
+}
+
+} // namespace
+
+bool applyDrawing(const DrawingFile &drawing, ZTGraphicsDocument &document, const DrawingLoad &load,
+                  DrawingReport *report, Failure *failure)
+{
+    Loader loader(load, drawing, document);
+    return buildAnd(loader, failure, [&] {
+        const DrawingReport told = loader.report();
+        loader.handOver();
+        if (report != nullptr)
+            *report = told;
+    });
+}
+
+bool insertDrawing(const DrawingFile &drawing, ZTGraphicsDocument &document,
+                   const DrawingLoad &load, InsertedDrawing *inserted, Failure *failure)
+{
+    Loader loader(load, drawing, document);
+    return buildAnd(loader, failure, [&] {
+        InsertedDrawing there;
+        there.report = loader.report();
+        loader.insert(&there);
+        *inserted = there;
+    });
 }
 
 } // namespace hostkit

@@ -6,6 +6,7 @@
 
 #include <functional>
 
+class ZTAbstractGraphicsItem;
 class ZTGraphicsDocument;
 
 namespace hostkit {
@@ -51,5 +52,25 @@ struct DrawingLoad
  */
 bool applyDrawing(const DrawingFile &drawing, ZTGraphicsDocument &document, const DrawingLoad &load,
                   DrawingReport *report, Failure *failure);
+
+/** What came into a document beside what it held. */
+struct InsertedDrawing
+{
+    QVector<ZTAbstractGraphicsItem *> items; ///< lowest first. Owner: the scene
+    QMap<qint32, QString> groupNames;        ///< of their groups, whose ids are new
+    DrawingReport report;                    ///< items of unknown kinds stay out
+};
+
+/**
+ * Adds the items of a drawing to what the document holds, above it, as for a clipboard: with ids of
+ * their own, in groups of their own, at the same places in millimetres. Set-up, font heights and
+ * what the document carries stay as they are, the names of groups too: the caller gives those, so
+ * that undo can take them back. Uses of the registry of variant texts stay behind, as they do when
+ * a shape is copied.
+ *
+ * Nothing is selected and no undo command is pushed. Limit, order and failure as `applyDrawing`.
+ */
+bool insertDrawing(const DrawingFile &drawing, ZTGraphicsDocument &document,
+                   const DrawingLoad &load, InsertedDrawing *inserted, Failure *failure);
 
 } // namespace hostkit

@@ -1,7 +1,7 @@
 #include <hostkit/import/DrawingImport.h>
 
-#include <hostkit/drawing/ItemExtras.h>
 #include <hostkit/import/ImportParts_p.h>
+#include <hostkit/items/ItemExtras.h>
 
 #include <QtGui/QFontMetricsF>
 

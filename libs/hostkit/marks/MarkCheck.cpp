@@ -1,6 +1,7 @@
 #include <hostkit/marks/MarkCheck_p.h>
 
-#include <hostkit/drawing/ItemExtras.h>
+#include <hostkit/items/ItemExtras.h>
+#include <hostkit/items/MarkReadiness.h>
 
 #include <QtCore/QCoreApplication>
 
@@ -120,6 +121,10 @@ QString nameOf(ShapeType kind)
         return Texts::tr("text %1");
     case ShapeType::VecGraph:
         return Texts::tr("imported drawing %1");
+    case ShapeType::QRCode:
+        return Texts::tr("code %1");
+    case ShapeType::BarCode:
+        return Texts::tr("bar code %1");
     default:
         return Texts::tr("shape %1");
     }
@@ -145,6 +150,9 @@ MarkCheck::MarkCheck(const QRectF &fieldMm, float scaleX, float scaleY)
 void MarkCheck::look(const ZTAbstractGraphicsItem &item, const ZTMarkObject &object)
 {
     lookForOutside(item, object);
+    const QString reason = notReadyReason(item);
+    if (!reason.isEmpty())
+        findings.notReady << Texts::tr("%1: %2").arg(shapeName(item), reason);
     bool isWithout = false;
     bool isDoubled = false;
     for (const QPolygonF &outline : object.lines) {
@@ -210,9 +218,18 @@ QString describeOutside(const MarkFindings &findings)
     return names.isEmpty() ? QString() : Texts::tr("outside the work area: %1").arg(listed(names));
 }
 
+QString describeNotReady(const MarkFindings &findings)
+{
+    return findings.notReady.isEmpty()
+               ? QString()
+               : Texts::tr("shown otherwise than asked for: %1").arg(listed(findings.notReady));
+}
+
 QStringList describeFindings(const MarkFindings &findings)
 {
     QStringList sentences;
+    if (!findings.notReady.isEmpty())
+        sentences << describeNotReady(findings);
     if (!findings.outside.isEmpty())
         sentences << describeOutside(findings);
     if (!findings.withoutLength.isEmpty())

@@ -1,6 +1,6 @@
 #include <hostkit/marks/MarkGraphForms_p.h>
 
-#include <hostkit/marks/TextOutput_p.h>
+#include <hostkit/files/TextOutput_p.h>
 
 namespace hostkit {
 

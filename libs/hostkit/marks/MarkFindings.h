@@ -21,10 +21,12 @@ struct MarkFindings
     QVector<ShapeOutside> outside; ///< reach out of the work area
     QStringList withoutLength;     ///< shapes with an outline that marks no length
     QStringList doubled;           ///< shapes with an outline that was marked before, to the point
+    QStringList notReady;          ///< shapes that mark something else than asked for, with why
 
     bool isEmpty() const
     {
-        return outside.isEmpty() && withoutLength.isEmpty() && doubled.isEmpty();
+        return outside.isEmpty() && withoutLength.isEmpty() && doubled.isEmpty() &&
+               notReady.isEmpty();
     }
 };
 
@@ -40,5 +42,8 @@ constexpr int kMostShapesNamed = 10;
 
 /** The sentence about shapes outside the field; empty without any. */
 QString describeOutside(const MarkFindings &findings);
+
+/** The sentence about shapes that mark something else than asked for; empty without any. */
+QString describeNotReady(const MarkFindings &findings);
 
 } // namespace hostkit

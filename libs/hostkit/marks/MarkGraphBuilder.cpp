@@ -1,6 +1,6 @@
 #include <hostkit/marks/MarkGraphBuilder.h>
 
-#include <hostkit/drawing/ItemExtras.h>
+#include <hostkit/items/ItemExtras.h>
 #include <hostkit/marks/MarkCheck_p.h>
 #include <hostkit/marks/MarkOrder.h>
 #include <hostkit/setup/ProcessState.h>

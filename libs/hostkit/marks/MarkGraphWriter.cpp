@@ -1,7 +1,7 @@
 #include <hostkit/marks/MarkGraphWriter.h>
 
+#include <hostkit/files/FileWriter.h>
 #include <hostkit/marks/MarkGraphForms_p.h>
-#include <hostkit/setup/FileWriter.h>
 
 #include <QtCore/QCoreApplication>
 

@@ -1,7 +1,7 @@
 #include <hostkit/marks/MarkGraphForms_p.h>
 
+#include <hostkit/files/TextOutput_p.h>
 #include <hostkit/marks/MarkPicture_p.h>
-#include <hostkit/marks/TextOutput_p.h>
 
 #include <QtCore/QBuffer>
 #include <QtGui/QImage>

@@ -1,7 +1,7 @@
 #include <hostkit/marks/MarkGraphForms_p.h>
 
+#include <hostkit/files/NumberText.h>
 #include <hostkit/marks/MarkPicture_p.h>
-#include <hostkit/marks/NumberText.h>
 
 #include <QtCore/QXmlStreamWriter>
 

@@ -476,5 +476,21 @@
         <source>text %1</source>
         <translation>文字 %1</translation>
     </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>bar code %1</source>
+        <translation>条形码 %1</translation>
+    </message>
+    <message>
+        <source>code %1</source>
+        <translation>码 %1</translation>
+    </message>
+    <message>
+        <source>shown otherwise than asked for: %1</source>
+        <translation>显示的与要求的不符：%1</translation>
+    </message>
 </context>
 </TS>

@@ -1,6 +1,6 @@
 #include <hostkit/setup/Factories.h>
 
-#include <hostkit/text/TextItem.h>
+#include <hostkit/items/TextItem.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 

@@ -1,7 +1,7 @@
 #include <hostkit/text/FontSheet.h>
 
-#include <hostkit/marks/TextOutput_p.h>
-#include <hostkit/setup/FileWriter.h>
+#include <hostkit/files/FileWriter.h>
+#include <hostkit/files/TextOutput_p.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>

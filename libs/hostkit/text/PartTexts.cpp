@@ -1,5 +1,7 @@
 #include <hostkit/text/PartTexts.h>
 
+#include <hostkit/items/MarkReadiness.h>
+
 namespace hostkit {
 
 namespace {
@@ -40,6 +42,9 @@ NextPart updated(const QVector<ZTAbstractGraphicsItem *> &items, Prepare prepare
         part.texts << onOneLine(variantText->getText());
         if (isUsedUp)
             part.usedUp << part.texts.last();
+        const QString notReady = notReadyReason(*textItem);
+        if (!notReady.isEmpty())
+            part.errors << QStringLiteral("%1: %2").arg(part.texts.last(), notReady);
         if (!variantText->errorText().isEmpty())
             part.errors << variantText->errorText().split(QLatin1Char('\n'));
     }

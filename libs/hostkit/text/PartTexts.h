@@ -18,7 +18,7 @@ struct NextPart
 {
     QStringList texts;  ///< what the variant texts show now, lowest item first, a line each
     QStringList usedUp; ///< texts that show their last value once more
-    QStringList errors; ///< what could not be read, a line each
+    QStringList errors; ///< what could not be read or cannot be shown, a line each
 
     static NextPart make(const QVector<ZTAbstractGraphicsItem *> &items);
 

@@ -1,7 +1,7 @@
 #include <jobkit/writers/JobForms_p.h>
 
-#include <hostkit/marks/NumberText.h>
-#include <hostkit/setup/FileWriter.h>
+#include <hostkit/files/FileWriter.h>
+#include <hostkit/files/NumberText.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QSet>

@@ -2,7 +2,7 @@
 
 #include <jobkit/plan/JobTimes.h>
 
-#include <hostkit/setup/Failure.h>
+#include <hostkit/files/Failure.h>
 
 #include <QtCore/QStringList>
 

@@ -2,7 +2,7 @@
 
 #include <studio/ShapeItems.h>
 
-#include <hostkit/drawing/ItemExtras.h>
+#include <hostkit/items/ItemExtras.h>
 
 #include <QtWidgets/QUndoCommand>
 

@@ -23,7 +23,7 @@ std::shared_ptr<ShapeItem> copyOf(ShapeItem &item)
 
 ShapeState::ShapeState(ShapeItem &item) : m_posPx(item.pos()), m_base(baseOf(item))
 {
-    if (const auto *textItem = qobject_cast<ZTGraphicsTextItem *>(&item))
+    if (const auto *textItem = qobject_cast<ZTAbstractGraphicsTextItem *>(&item))
         m_text.emplace(*textItem);
     else
         m_copy = copyOf(item);
@@ -54,7 +54,7 @@ void ShapeState::restoreBase(ShapeItem &item) const
 
 void ShapeState::restore(ShapeItem &item) const
 {
-    auto *textItem = qobject_cast<ZTGraphicsTextItem *>(&item);
+    auto *textItem = qobject_cast<ZTAbstractGraphicsTextItem *>(&item);
     if (m_text && textItem != nullptr)
         m_text->restoreAtPresentPart(*textItem);
     else if (m_copy)

@@ -41,7 +41,7 @@ private:
     void restoreBase(ShapeItem &item) const;
 
     QPointF m_posPx;
-    std::optional<TextState> m_text;   ///< of a text
+    std::optional<TextState> m_text;   ///< of a text or a code
     std::shared_ptr<ShapeItem> m_copy; ///< of a shape whose item can be copied for good
     Base m_base;
 };

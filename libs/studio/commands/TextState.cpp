@@ -9,7 +9,22 @@ ZTShapeText &textShapeOf(const ZTGraphicsTextItem &item)
     return *static_cast<ZTShapeText *>(item.getShapeBase());
 }
 
-void showChanged(ZTGraphicsTextItem &item)
+ZTTextShapeBase &wordsShapeOf(const ZTAbstractGraphicsTextItem &item)
+{
+    return *static_cast<ZTTextShapeBase *>(item.getShapeBase());
+}
+
+ZTVariantText storedVariantText(const ZTAbstractGraphicsTextItem &item)
+{
+    ZTTextShapeBase &shape = wordsShapeOf(item);
+    const bool isOn = shape.isEnableVariantText();
+    shape.setEnableVariantText(true);
+    const ZTVariantText stored = *shape.getVarTxt();
+    shape.setEnableVariantText(isOn);
+    return stored;
+}
+
+void showChanged(ZTAbstractGraphicsTextItem &item)
 {
     ZTGraphicsResizeItem *frame = item.getResizeItem();
     if (frame != nullptr && !frame->selectItem().isEmpty())
@@ -17,24 +32,25 @@ void showChanged(ZTGraphicsTextItem &item)
     item.update();
 }
 
-TextState::TextState(const ZTGraphicsTextItem &item) : m_rectMm(textShapeOf(item).getRect())
+TextState::TextState(const ZTAbstractGraphicsTextItem &item)
+    : m_rectMm(wordsShapeOf(item).getRect())
 {
     QDataStream stream(&m_record, QIODevice::WriteOnly);
-    textShapeOf(item).save(stream);
+    wordsShapeOf(item).save(stream);
 }
 
-void TextState::restore(ZTGraphicsTextItem &item) const
+void TextState::restore(ZTAbstractGraphicsTextItem &item) const
 {
     // Announces the change while the text still has its old extent: `load` does so afterwards.
     item.scale(1.0, 1.0);
     QDataStream stream(m_record);
     item.load(stream);
-    textShapeOf(item).setRect(m_rectMm);
-    textShapeOf(item).paint();
+    wordsShapeOf(item).setRect(m_rectMm);
+    wordsShapeOf(item).paint();
     showChanged(item);
 }
 
-void TextState::restoreAtPresentPart(ZTGraphicsTextItem &item) const
+void TextState::restoreAtPresentPart(ZTAbstractGraphicsTextItem &item) const
 {
     const ZTVariantText *present = item.getVariantText();
     if (present == nullptr) {
@@ -43,7 +59,7 @@ void TextState::restoreAtPresentPart(ZTGraphicsTextItem &item) const
     }
     ZTVariantText kept(*present);
     restore(item);
-    textShapeOf(item).cloneVariantText(&kept);
+    wordsShapeOf(item).cloneVariantText(&kept);
     item.fromVariantTextSetText();
     showChanged(item);
 }

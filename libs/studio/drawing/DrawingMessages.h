@@ -2,7 +2,7 @@
 
 #include <studio/Messages.h>
 
-#include <hostkit/setup/Failure.h>
+#include <hostkit/files/Failure.h>
 
 namespace studio {
 

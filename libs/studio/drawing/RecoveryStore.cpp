@@ -1,6 +1,6 @@
 #include <studio/drawing/RecoveryStore.h>
 
-#include <hostkit/setup/FileWriter.h>
+#include <hostkit/files/FileWriter.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>

@@ -8,6 +8,10 @@
         <translation>关于(&amp;A)</translation>
     </message>
     <message>
+        <source>&amp;Copy</source>
+        <translation>复制(&amp;C)</translation>
+    </message>
+    <message>
         <source>&amp;Delete</source>
         <translation>删除(&amp;D)</translation>
     </message>
@@ -18,6 +22,10 @@
     <message>
         <source>&amp;Export mark paths...</source>
         <translation>导出标刻路径(&amp;E)...</translation>
+    </message>
+    <message>
+        <source>&amp;Group</source>
+        <translation>组合(&amp;G)</translation>
     </message>
     <message>
         <source>&amp;Home</source>
@@ -48,6 +56,10 @@
         <translation>打开(&amp;O)...</translation>
     </message>
     <message>
+        <source>&amp;Paste</source>
+        <translation>粘贴(&amp;P)</translation>
+    </message>
+    <message>
         <source>&amp;Polygon</source>
         <translation>多边形(&amp;P)</translation>
     </message>
@@ -66,6 +78,10 @@
     <message>
         <source>&amp;Save</source>
         <translation>保存(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Select</source>
+        <translation>选择(&amp;S)</translation>
     </message>
     <message>
         <source>&amp;TDOT figure</source>
@@ -116,6 +132,10 @@
         <translation>中心重合(&amp;E)</translation>
     </message>
     <message>
+        <source>Copy to the clipboard</source>
+        <translation>复制到剪贴板</translation>
+    </message>
+    <message>
         <source>Create a TDOT figure</source>
         <translation>创建 TDOT 图形</translation>
     </message>
@@ -138,6 +158,14 @@
     <message>
         <source>Create an ellipse</source>
         <translation>创建椭圆</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>剪切(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Cut out to the clipboard</source>
+        <translation>剪切到剪贴板</translation>
     </message>
     <message>
         <source>D&amp;uplicate</source>
@@ -188,6 +216,10 @@
         <translation>左移 10 mm</translation>
     </message>
     <message>
+        <source>Make one group of the selected shapes</source>
+        <translation>把选中的图形组合为一组</translation>
+    </message>
+    <message>
         <source>Matri&amp;x...</source>
         <translation>阵列(&amp;X)...</translation>
     </message>
@@ -206,6 +238,26 @@
     <message>
         <source>Open a drawing</source>
         <translation>打开图纸</translation>
+    </message>
+    <message>
+        <source>Paste &amp;here</source>
+        <translation>粘贴到此处(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Paste at the mouse</source>
+        <translation>粘贴到鼠标所在处</translation>
+    </message>
+    <message>
+        <source>Paste exactly where it was copied from</source>
+        <translation>粘贴到复制时的原位置</translation>
+    </message>
+    <message>
+        <source>Paste in p&amp;lace</source>
+        <translation>原位粘贴(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Paste shapes, SVG drawings or text from the clipboard</source>
+        <translation>从剪贴板粘贴图形、SVG 图或文字</translation>
     </message>
     <message>
         <source>R&amp;otate by...</source>
@@ -268,6 +320,10 @@
         <translation>全选(&amp;A)</translation>
     </message>
     <message>
+        <source>Select and move shapes</source>
+        <translation>选择和移动图形</translation>
+    </message>
+    <message>
         <source>Select n&amp;othing</source>
         <translation>取消选择(&amp;O)</translation>
     </message>
@@ -284,6 +340,10 @@
         <translation>显示全部选中图形</translation>
     </message>
     <message>
+        <source>Take the selected groups apart</source>
+        <translation>拆开选中的组</translation>
+    </message>
+    <message>
         <source>Te&amp;xt</source>
         <translation>文字(&amp;X)</translation>
     </message>
@@ -294,6 +354,10 @@
     <message>
         <source>Type into the selected text on the drawing</source>
         <translation>在图纸上编辑选中的文字</translation>
+    </message>
+    <message>
+        <source>U&amp;ngroup</source>
+        <translation>取消组合(&amp;N)</translation>
     </message>
     <message>
         <source>Up by 0.1 mm</source>
@@ -330,6 +394,38 @@
     <message>
         <source>Import plotter files, SVG and DXF drawings</source>
         <translation>导入绘图仪文件、SVG 和 DXF 图形</translation>
+    </message>
+    <message>
+        <source>&amp;Bar code</source>
+        <translation>条形码(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Code</source>
+        <translation>码(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Verify codes...</source>
+        <translation>校验码(&amp;V)...</translation>
+    </message>
+    <message>
+        <source>Code &amp;settings...</source>
+        <translation>码设置(&amp;S)...</translation>
+    </message>
+    <message>
+        <source>Create a Data Matrix, QR or other code</source>
+        <translation>创建 Data Matrix、QR 或其他码</translation>
+    </message>
+    <message>
+        <source>Create a bar code</source>
+        <translation>创建条形码</translation>
+    </message>
+    <message>
+        <source>Kind, content, size and hatch of the selected code</source>
+        <translation>所选码的种类、内容、尺寸和填充</translation>
+    </message>
+    <message>
+        <source>Read all codes back from their marks</source>
+        <translation>从打标轨迹读回所有的码</translation>
     </message>
 </context>
 <context>
@@ -380,6 +476,33 @@
     <message>
         <source>The drawing is not protected against a crash.</source>
         <translation>图纸当前没有崩溃保护。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ClipboardActions</name>
+    <message>
+        <source>It has %L1 characters; at most %L2 become a text.</source>
+        <translation>共有 %L1 个字符；一个文本最多 %L2 个。</translation>
+    </message>
+    <message>
+        <source>The clipboard holds nothing that can be pasted</source>
+        <translation>剪贴板中没有可以粘贴的内容</translation>
+    </message>
+    <message>
+        <source>The shapes were not copied.</source>
+        <translation>图形未能复制。</translation>
+    </message>
+    <message>
+        <source>The shapes were not pasted.</source>
+        <translation>图形未能粘贴。</translation>
+    </message>
+    <message>
+        <source>The text was not pasted.</source>
+        <translation>文字未能粘贴。</translation>
+    </message>
+    <message>
+        <source>clipboard</source>
+        <translation>剪贴板</translation>
     </message>
 </context>
 <context>
@@ -548,6 +671,29 @@
     </message>
 </context>
 <context>
+    <name>studio::DrawingTools</name>
+    <message>
+        <source>%1 mm, %2°</source>
+        <translation>%1 毫米，%2°</translation>
+    </message>
+    <message>
+        <source>%1 × %2 mm</source>
+        <translation>%1 × %2 毫米</translation>
+    </message>
+    <message>
+        <source>%1: drag a box, or click. Shift keeps the proportions, Alt begins in the middle, Esc gives up</source>
+        <translation>%1：拖出方框，或单击。Shift 保持比例，Alt 从中心开始，Esc 放弃</translation>
+    </message>
+    <message>
+        <source>%1: drag from end to end. Shift keeps to steps of 15°, Alt begins in the middle, Esc gives up</source>
+        <translation>%1：从一端拖到另一端。Shift 按 15° 步进，Alt 从中点开始，Esc 放弃</translation>
+    </message>
+    <message>
+        <source>A shape needs a width and a height: drag a box</source>
+        <translation>图形需要宽度和高度：请拖出方框</translation>
+    </message>
+</context>
+<context>
     <name>studio::ExportJob</name>
     <message>
         <source>the file cannot be replaced</source>
@@ -611,6 +757,18 @@
     <message>
         <source>drawing</source>
         <translation>图纸</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>&amp;Export them as they are</source>
+        <translation>仍按现状导出(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Some shapes do not show what they were given.</source>
+        <translation>有些图形显示的不是所给的内容。</translation>
     </message>
 </context>
 <context>
@@ -686,6 +844,21 @@
     <message>
         <source>Width of the letters; at 100 % they are as the font has them</source>
         <translation>字母的宽度；100 % 时与字体原样相同</translation>
+    </message>
+</context>
+<context>
+    <name>studio::GroupTools</name>
+    <message>
+        <source>No group is selected</source>
+        <translation>没有选中任何组</translation>
+    </message>
+    <message>
+        <source>These shapes are one group already</source>
+        <translation>这些图形已经是一组</translation>
+    </message>
+    <message>
+        <source>Within a group: its shapes are on their own, Esc leaves it</source>
+        <translation>已进入组：组内图形可单独编辑，Esc 退出</translation>
     </message>
 </context>
 <context>
@@ -1015,6 +1188,14 @@
     <message>
         <source>Shape</source>
         <translation>图形</translation>
+    </message>
+    <message>
+        <source>Bar code</source>
+        <translation>条形码</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>码</translation>
     </message>
 </context>
 <context>
@@ -1427,6 +1608,10 @@
         <translation>创建文字</translation>
     </message>
     <message>
+        <source>Cut</source>
+        <translation>剪切</translation>
+    </message>
+    <message>
         <source>Delete</source>
         <translation>删除</translation>
     </message>
@@ -1437,6 +1622,10 @@
     <message>
         <source>Free proportions</source>
         <translation>解除比例锁定</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>组合</translation>
     </message>
     <message>
         <source>Import %1</source>
@@ -1463,6 +1652,10 @@
         <translation>移动</translation>
     </message>
     <message>
+        <source>Paste</source>
+        <translation>粘贴</translation>
+    </message>
+    <message>
         <source>Resize</source>
         <translation>调整大小</translation>
     </message>
@@ -1473,6 +1666,22 @@
     <message>
         <source>Type text</source>
         <translation>输入文字</translation>
+    </message>
+    <message>
+        <source>Change code</source>
+        <translation>修改码</translation>
+    </message>
+    <message>
+        <source>Create bar code</source>
+        <translation>创建条形码</translation>
+    </message>
+    <message>
+        <source>Create code</source>
+        <translation>创建码</translation>
+    </message>
+    <message>
+        <source>Ungroup</source>
+        <translation>取消组合</translation>
     </message>
 </context>
 <context>
@@ -1604,12 +1813,12 @@
         <translation>视图(&amp;V)</translation>
     </message>
     <message>
-        <source>Align</source>
-        <translation>对齐</translation>
+        <source>&amp;With the mouse</source>
+        <translation>用鼠标绘制(&amp;W)</translation>
     </message>
     <message>
-        <source>Create</source>
-        <translation>创建</translation>
+        <source>Align</source>
+        <translation>对齐</translation>
     </message>
     <message>
         <source>Edit</source>
@@ -1624,12 +1833,20 @@
         <translation>文字</translation>
     </message>
     <message>
+        <source>Tools</source>
+        <translation>工具</translation>
+    </message>
+    <message>
         <source>Transform</source>
         <translation>变换</translation>
     </message>
     <message>
         <source>View</source>
         <translation>视图</translation>
+    </message>
+    <message>
+        <source>T&amp;ools</source>
+        <translation>工具(&amp;O)</translation>
     </message>
 </context>
 <context>
@@ -1664,6 +1881,10 @@
     <message>
         <source>the folder cannot be made</source>
         <translation>无法创建文件夹</translation>
+    </message>
+    <message>
+        <source>no mark data: shapes that do not show what they were given are written with --as-shown alone</source>
+        <translation>没有打标数据：显示的不是所给内容的图形只有用 --as-shown 才写出</translation>
     </message>
 </context>
 <context>
@@ -1833,6 +2054,261 @@
     <message>
         <source>the folder %1 cannot be made</source>
         <translation>无法创建文件夹 %1</translation>
+    </message>
+</context>
+<context>
+    <name>studio::CodeDialog</name>
+    <message>
+        <source>%1 x %2, %3 mm, reads: %4</source>
+        <translation>%1 x %2，%3 mm，读出：%4</translation>
+    </message>
+    <message>
+        <source>&amp;1 Content</source>
+        <translation>&amp;1 内容</translation>
+    </message>
+    <message>
+        <source>&amp;2 Size and form</source>
+        <translation>&amp;2 尺寸和形式</translation>
+    </message>
+    <message>
+        <source>&amp;3 Options</source>
+        <translation>&amp;3 选项</translation>
+    </message>
+    <message>
+        <source>&amp;4 Text</source>
+        <translation>&amp;4 文字</translation>
+    </message>
+    <message>
+        <source>&amp;5 Hatch</source>
+        <translation>&amp;5 填充</translation>
+    </message>
+    <message>
+        <source>&amp;Kind</source>
+        <translation>种类(&amp;K)</translation>
+    </message>
+    <message>
+        <source>A later part, &quot;%1&quot;, cannot be made: %2</source>
+        <translation>之后的一件“%1”无法生成：%2</translation>
+    </message>
+    <message>
+        <source>Cannot be made: %1</source>
+        <translation>无法生成：%1</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>码</translation>
+    </message>
+    <message>
+        <source>The drawing still shows the last good code: %1</source>
+        <translation>图纸上仍是最后一个有效的码：%1</translation>
+    </message>
+</context>
+<context>
+    <name>studio::CodeFormPage</name>
+    <message>
+        <source> % of the module</source>
+        <translation> %（相对模块）</translation>
+    </message>
+    <message>
+        <source> mm</source>
+        <translation> mm</translation>
+    </message>
+    <message>
+        <source>&amp;Diameter of a dot</source>
+        <translation>点的直径(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Height of the bars</source>
+        <translation>条的高度(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Inverse: mark what is light, for dark material</source>
+        <translation>反色：标刻浅色部分，用于深色材料(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Module</source>
+        <translation>模块(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Style</source>
+        <translation>样式(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Width</source>
+        <translation>宽度(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Print &amp;growth</source>
+        <translation>线条补偿(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Show the &amp;quiet zone on the drawing</source>
+        <translation>在图纸上显示静区(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>The room that the code needs free around it; it is never marked</source>
+        <translation>码四周需要留空的区域；从不标刻</translation>
+    </message>
+    <message>
+        <source>Width of the beam, taken off each dark area: the beam gives it back</source>
+        <translation>光束宽度，从每个深色区域中减去：光束会补回</translation>
+    </message>
+    <message>
+        <source>Width of the code without its quiet zone</source>
+        <translation>码的宽度，不含静区</translation>
+    </message>
+    <message>
+        <source>Width of the narrowest bar, or of one square</source>
+        <translation>最窄的条或一个方块的宽度</translation>
+    </message>
+    <message>
+        <source>bars</source>
+        <translation>条</translation>
+    </message>
+    <message>
+        <source>dots</source>
+        <translation>圆点</translation>
+    </message>
+    <message>
+        <source>outlines of the dark areas</source>
+        <translation>深色区域的轮廓</translation>
+    </message>
+    <message>
+        <source>single lines</source>
+        <translation>单线</translation>
+    </message>
+    <message>
+        <source>squares, one by one</source>
+        <translation>逐个方块</translation>
+    </message>
+</context>
+<context>
+    <name>studio::CodeOptionsPage</name>
+    <message>
+        <source>%1 holds %2.</source>
+        <translation>%1 可容纳：%2。</translation>
+    </message>
+    <message>
+        <source>%1 x %2</source>
+        <translation>%1 x %2</translation>
+    </message>
+    <message>
+        <source>&amp;Escapes: \n, \t, \x1D stand for control characters</source>
+        <translation>转义(&amp;E)：\n、\t、\x1D 代表控制字符</translation>
+    </message>
+    <message>
+        <source>&amp;Mask</source>
+        <translation>掩模(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Rectangular, not square</source>
+        <translation>矩形而非方形(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Size</source>
+        <translation>尺寸(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Add the &amp;check digit</source>
+        <translation>添加校验位(&amp;C)</translation>
+    </message>
+    <message>
+        <source>C&amp;haracter set</source>
+        <translation>字符集(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Co&amp;lumns</source>
+        <translation>列数(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Error c&amp;orrection</source>
+        <translation>纠错等级(&amp;O)</translation>
+    </message>
+    <message>
+        <source>automatic</source>
+        <translation>自动</translation>
+    </message>
+    <message>
+        <source>the best</source>
+        <translation>最佳</translation>
+    </message>
+    <message>
+        <source>the smallest that holds the content</source>
+        <translation>能容纳内容的最小尺寸</translation>
+    </message>
+</context>
+<context>
+    <name>studio::CodeTextPage</name>
+    <message>
+        <source>&amp;Text for people</source>
+        <translation>供人阅读的文字(&amp;T)</translation>
+    </message>
+    <message>
+        <source>above the code</source>
+        <translation>在码的上方</translation>
+    </message>
+    <message>
+        <source>below the code</source>
+        <translation>在码的下方</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+</context>
+<context>
+    <name>studio::VerifyDialog</name>
+    <message>
+        <source> mm</source>
+        <translation> mm</translation>
+    </message>
+    <message>
+        <source>%1 codes read as they are to, %2 do not.</source>
+        <translation>%1 个码读出正确，%2 个不正确。</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>停止(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Verify again</source>
+        <translation>重新校验(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Width of the beam</source>
+        <translation>光束宽度(&amp;W)</translation>
+    </message>
+    <message>
+        <source>All %1 codes read as they are to.</source>
+        <translation>全部 %1 个码读出正确。</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>码</translation>
+    </message>
+    <message>
+        <source>Reading...</source>
+        <translation>正在读取……</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>结果</translation>
+    </message>
+    <message>
+        <source>Stopped: %1 read as they are to, %2 do not, %3 were not read.</source>
+        <translation>已停止：%1 个读出正确，%2 个不正确，%3 个未读。</translation>
+    </message>
+    <message>
+        <source>The drawing has no code that is marked.</source>
+        <translation>图纸中没有要标刻的码。</translation>
+    </message>
+    <message>
+        <source>Verify codes</source>
+        <translation>校验码</translation>
+    </message>
+    <message>
+        <source>as wide as the hatch is close</source>
+        <translation>与填充间距相同</translation>
     </message>
 </context>
 </TS>

@@ -49,14 +49,24 @@ ZTShxFontParam strokeFontPair(const QString &regularName, const QString &bigName
     return param;
 }
 
+QString usualRegularFont(const QString &otherwise)
+{
+    return preferred(regularStrokeFonts(), kPreferredRegular, otherwise);
+}
+
+QString usualBigFont(const QString &otherwise)
+{
+    return preferred(bigStrokeFonts(), kPreferredBig, otherwise);
+}
+
 void setUpNewText(ZTGraphicsTextItem &item)
 {
     // Without stroke fonts a new text has no words of its own.
     if (item.getFixedText().isEmpty())
         item.setFixedText(QCoreApplication::translate("studio::StrokeFonts", "TEXT"));
     TextSettings settings = TextSettings::of(item);
-    settings.enName = preferred(regularStrokeFonts(), kPreferredRegular, settings.enName);
-    settings.zhName = preferred(bigStrokeFonts(), kPreferredBig, settings.zhName);
+    settings.enName = usualRegularFont(settings.enName);
+    settings.zhName = usualBigFont(settings.zhName);
     settings.heightMm = kNewHeightMm;
     settings.lineSpacingMm = kNewLineSpacingMm;
     settings.applyTo(item);

@@ -18,6 +18,10 @@ QStringList bigStrokeFonts();
  */
 ZTShxFontParam strokeFontPair(const QString &regularName, const QString &bigName);
 
+/** The plain stroke fonts that come with the program; `otherwise` where they are not there. */
+QString usualRegularFont(const QString &otherwise);
+QString usualBigFont(const QString &otherwise);
+
 /**
  * Makes a new text what an operator expects: a word to see, capitals 10 mm high, and at hand the
  * plain stroke fonts that come with the program, if they are there.

@@ -4,7 +4,7 @@
 
 namespace studio {
 
-TextCommand::TextCommand(ZTGraphicsTextItem *edited, TextState before, VariantText change,
+TextCommand::TextCommand(ZTAbstractGraphicsTextItem *edited, TextState before, VariantText change,
                          const QString &text)
     : QUndoCommand(text), m_item(edited), m_other(std::move(before)), m_variantText(change)
 {

@@ -22,11 +22,11 @@ public:
     /** What the edit does to the variant text. */
     enum class VariantText { Kept, Changed };
 
-    TextCommand(ZTGraphicsTextItem *item, TextState before, VariantText variantText,
+    TextCommand(ZTAbstractGraphicsTextItem *item, TextState before, VariantText variantText,
                 const QString &text);
 
     /** The text that is edited, or null when it has gone. */
-    const ZTGraphicsTextItem *edited() const { return m_item; }
+    const ZTAbstractGraphicsTextItem *edited() const { return m_item; }
 
     void undo() override;
     void redo() override;
@@ -34,7 +34,7 @@ public:
 private:
     void exchange();
 
-    QPointer<ZTGraphicsTextItem> m_item;
+    QPointer<ZTAbstractGraphicsTextItem> m_item;
     TextState m_other; ///< the side of the edit that does not show now
     VariantText m_variantText;
     bool m_isDone = true;

@@ -66,17 +66,6 @@ QTransform sized(const QTransform &present, double across, double down)
     return QTransform::fromScale(widthFactor, heightFactor) * present;
 }
 
-/** The variant text of an item, also while it is switched off. */
-ZTVariantText storedVariantText(const ZTGraphicsTextItem &item)
-{
-    ZTShapeText &shape = textShapeOf(item);
-    const bool isOn = shape.isEnableVariantText();
-    shape.setEnableVariantText(true);
-    const ZTVariantText stored = *shape.getVarTxt();
-    shape.setEnableVariantText(isOn);
-    return stored;
-}
-
 void applyWords(const TextSettings &settings, ZTGraphicsTextItem &item)
 {
     ZTShapeText &shape = textShapeOf(item);

@@ -130,7 +130,7 @@ void TextTools::followStack()
 {
     QSet<const ShapeItem *> texts;
     for (QGraphicsItem *selected : m_document.scene()->selectedItems()) {
-        if (auto *text = dynamic_cast<ZTGraphicsTextItem *>(selected))
+        if (auto *text = dynamic_cast<ZTAbstractGraphicsTextItem *>(selected))
             texts.insert(text);
     }
     const QUndoStack &stack = *m_document.undoStack();

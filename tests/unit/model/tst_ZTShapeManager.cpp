@@ -67,6 +67,23 @@ private Q_SLOTS:
         QVERIFY(qobject_cast<ZTItemModel *>(manager->itemModel()) != nullptr);
     }
 
+    void insertItem_givesTheNextIdAndKeepsPlaceAndKind()
+    {
+        manager->addShape(ShapeType::Rect, {0, 0, 10, 10});
+        auto *item = new ZTGraphicsEllipseItem;
+        item->setShapeType(ShapeType::Ellipse);
+        item->setPos(12, 34);
+        manager->insertItem(item);
+        QCOMPARE(item->getShapeBase()->getId(), 1);
+        QCOMPARE(item->pos(), QPointF(12, 34));
+        QVERIFY(item->scene() == manager->scene());
+        QCOMPARE(manager->itemModel()->rowCount(), 2);
+        QCOMPARE(manager->itemModel()->index(1, 2).data().toString(), QStringLiteral("Ellipse"));
+        QCOMPARE(manager->getNextShapeId(), 2);
+        manager->insertItem(nullptr);
+        QCOMPARE(manager->itemModel()->rowCount(), 2);
+    }
+
     void addShape_rectangleAtTheOrigin_standsCentred()
     {
         const ZTAbstractGraphicsItem *item = addRect();

@@ -7,6 +7,7 @@
 
 #include <studio/Messages.h>
 
+#include <codekit/shape/CodeItem.h>
 #include <hostkit/setup/Factories.h>
 
 #include <QtCore/QCoreApplication>
@@ -40,6 +41,7 @@ public:
         QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path());
         QSettings().clear();
         hostkit::registerFactories();
+        codekit::registerCodeFactories();
     }
     ~StudioTest() { QSettings().clear(); }
 

@@ -65,7 +65,7 @@ DrawingFile everySection()
     QPainterPath corner;
     corner.addPolygon(QPolygonF(QVector<QPointF>{{0, 20}, {40, 20}, {40, 0}}));
     drawing.drawings << corner;
-    drawing.fontHeights << hostkit::DrawingFontHeight{QStringLiteral("a.shx"), 5.0};
+    drawing.fontHeights << hostkit::StrokeFontHeight{QStringLiteral("a.shx"), 5.0};
     drawing.extras.groupNames[7] = QStringLiteral("frame");
     drawing.extras.fields["maker.word"] = "content";
     drawing.origin = hostkit::DrawingOrigin{QStringLiteral("/a/b.ztd"), 12, 34};

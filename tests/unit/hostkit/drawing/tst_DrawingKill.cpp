@@ -2,9 +2,9 @@
 #include <support/SingletonGuard.h>
 
 #include <hostkit/drawing/SampleDrawing.h>
+#include <hostkit/files/FileWriter.h>
 #include <hostkit/marks/MarkGraphWriter.h>
 #include <hostkit/setup/Factories.h>
-#include <hostkit/setup/FileWriter.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>

@@ -2,9 +2,9 @@
 
 #include <hostkit/drawing/DrawingCapture.h>
 #include <hostkit/drawing/DrawingLoader.h>
-#include <hostkit/drawing/ItemExtras.h>
 #include <hostkit/import/DrawingImport.h>
 #include <hostkit/import/ImportParts_p.h>
+#include <hostkit/items/ItemExtras.h>
 #include <hostkit/setup/Factories.h>
 
 #include <QtTest/QTest>

@@ -1,6 +1,6 @@
 #include <support/SingletonGuard.h>
 
-#include <hostkit/drawing/ItemExtras.h>
+#include <hostkit/items/ItemExtras.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/setup/Factories.h>
 

@@ -1,8 +1,8 @@
 #include <support/SingletonGuard.h>
 #include <support/WarningGuard.h>
 
+#include <hostkit/items/TextItem.h>
 #include <hostkit/setup/Factories.h>
-#include <hostkit/text/TextItem.h>
 
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <codekit/shape/CodeSettings.h>
+
+#include <QtGui/QPainterPath>
+
+namespace codekit {
+
+/** The letters of a text for people. Frame: millimetres, y down. */
+struct HumanTextPath
+{
+    QPainterPath outlines; ///< closed: to be hatched
+    QPainterPath strokes;  ///< of a stroke font: single lines
+    QRectF boxMm;          ///< around both
+};
+
+/**
+ * Lays out a text on one line, the top left of its box at (0, 0); control characters become blanks.
+ *
+ * Order: GUI thread, with a `QGuiApplication`, after the fonts are known.
+ * Failure: false with the translated reason where a stroke font is not on this machine or the text
+ * leaves nothing; `path` stays.
+ */
+bool layOutHumanText(const HumanText &how, const QString &text, HumanTextPath *path,
+                     QString *reason);
+
+} // namespace codekit

@@ -1,0 +1,182 @@
+#include <studio/code/VerifyDialog.h>
+
+#include <studio/ShapeItems.h>
+#include <studio/text/MeasureBox.h>
+
+#include <hostkit/items/ItemExtras.h>
+#include <hostkit/marks/MarkFindings.h>
+#include <hostkit/marks/MarkGraphBuilder.h>
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QSettings>
+#include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QFormLayout>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QProgressBar>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QTreeWidget>
+#include <QtWidgets/QVBoxLayout>
+
+#include <limits>
+
+namespace studio {
+
+namespace {
+
+constexpr int kStepMs = 30;
+constexpr MeasureBox::Range kBeamMm{0.0, 10.0, 0.01, 3};
+constexpr int kPlaceRole = Qt::UserRole; ///< in the list of codes
+const QString kBeamKey = QStringLiteral("verify/beamMm");
+
+ZTMarkObject marksOf(const ZTGraphicsDocument &document, codekit::CodeItem &item)
+{
+    hostkit::MarkGraphBuilder builder(document, {&item});
+    builder.work(std::numeric_limits<int>::max());
+    const ZTMarkGraph graph = builder.takeUnordered();
+    return graph.objects.isEmpty() ? ZTMarkObject() : graph.objects.first();
+}
+
+bool isGood(const codekit::CodeReading &reading)
+{
+    return reading.verdict == codekit::CodeVerdict::Good;
+}
+
+} // namespace
+
+VerifyDialog::VerifyDialog(ZTGraphicsDocument &document, QWidget *parent)
+    : QDialog(parent), m_document(document), m_beamBox(new MeasureBox(kBeamMm, tr(" mm"), this)),
+      m_progress(new QProgressBar(this)), m_summary(new QLabel(this)), m_list(new QTreeWidget(this))
+{
+    setObjectName(QStringLiteral("verifyDialog"));
+    setWindowTitle(tr("Verify codes"));
+    m_beamBox->setObjectName(QStringLiteral("beam"));
+    m_beamBox->setSpecialValueText(tr("as wide as the hatch is close"));
+    m_beamBox->setMeasure(QSettings().value(kBeamKey, 0.0).toDouble());
+    m_progress->setObjectName(QStringLiteral("verifyProgress"));
+    m_summary->setObjectName(QStringLiteral("verifySummary"));
+    m_summary->setWordWrap(true);
+    m_list->setObjectName(QStringLiteral("verifyList"));
+    m_list->setHeaderLabels({tr("Code"), tr("Result")});
+    m_list->setRootIsDecorated(false);
+    m_list->setUniformRowHeights(true);
+    m_timer.setInterval(0);
+    connect(&m_timer, &QTimer::timeout, this, &VerifyDialog::readSome);
+    connect(m_list, &QTreeWidget::itemActivated, this, &VerifyDialog::select);
+    connect(m_list, &QTreeWidget::currentItemChanged, this, &VerifyDialog::select);
+    connect(this, &QDialog::finished, this, &VerifyDialog::stop);
+    layOut();
+}
+
+void VerifyDialog::layOut()
+{
+    auto *form = new QFormLayout;
+    form->addRow(tr("&Width of the beam"), m_beamBox);
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, Qt::Horizontal, this);
+    m_startButton = buttons->addButton(tr("&Stop"), QDialogButtonBox::ActionRole);
+    m_startButton->setObjectName(QStringLiteral("verifyStart"));
+    connect(m_startButton, &QPushButton::clicked, this, [this] {
+        if (isRunning())
+            stop();
+        else
+            start();
+    });
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(form);
+    layout->addWidget(m_progress);
+    layout->addWidget(m_list, 1);
+    layout->addWidget(m_summary);
+    layout->addWidget(buttons);
+    resize(sizeHint().expandedTo(QSize(560, 420)));
+}
+
+void VerifyDialog::start()
+{
+    QSettings().setValue(kBeamKey, m_beamBox->measure());
+    m_codes.clear();
+    for (ShapeItem *item : shapeItemsOf(*m_document.scene())) {
+        codekit::CodeItem *code = codekit::codeItem(item);
+        if (code != nullptr && hostkit::isMarked(*code))
+            m_codes.append(code);
+    }
+    m_next = m_good = m_bad = 0;
+    m_list->clear();
+    m_progress->setRange(0, qMax(1, m_codes.size()));
+    m_progress->setValue(0);
+    m_startButton->setText(tr("&Stop"));
+    m_summary->setText(tr("Reading..."));
+    m_timer.start();
+}
+
+void VerifyDialog::readSome()
+{
+    QElapsedTimer sinceStart;
+    sinceStart.start();
+    while (m_next < m_codes.size() && !sinceStart.hasExpired(kStepMs))
+        readNext();
+    m_progress->setValue(m_codes.isEmpty() ? 1 : m_next);
+    if (m_next >= m_codes.size())
+        finish();
+}
+
+void VerifyDialog::readNext()
+{
+    codekit::CodeItem *code = m_codes[m_next++];
+    if (code == nullptr) // deleted meanwhile
+        return;
+    const ZTMarkObject object = marksOf(m_document, *code);
+    const codekit::CodeReading reading = codekit::readCode(
+        *code, object, hostkit::MarkUnits::of(*m_document.itemMag()), m_beamBox->measure());
+    ++(isGood(reading) ? m_good : m_bad);
+    add(*code, reading);
+}
+
+void VerifyDialog::add(const codekit::CodeItem &item, const codekit::CodeReading &reading)
+{
+    auto *row = new QTreeWidgetItem({hostkit::shapeName(item), codekit::describe(reading)});
+    row->setData(0, kPlaceRole, m_next - 1);
+    if (!isGood(reading)) {
+        row->setForeground(1, QColor(0xC0, 0, 0));
+        m_list->insertTopLevelItem(m_bad - 1, row);
+    } else {
+        m_list->addTopLevelItem(row);
+    }
+}
+
+void VerifyDialog::stop()
+{
+    if (!isRunning())
+        return;
+    finish();
+}
+
+void VerifyDialog::finish()
+{
+    m_timer.stop();
+    m_startButton->setText(tr("&Verify again"));
+    m_list->resizeColumnToContents(0);
+    const int left = m_codes.size() - m_next;
+    if (m_codes.isEmpty())
+        m_summary->setText(tr("The drawing has no code that is marked."));
+    else if (left > 0)
+        m_summary->setText(tr("Stopped: %1 read as they are to, %2 do not, %3 were not read.")
+                               .arg(m_good)
+                               .arg(m_bad)
+                               .arg(left));
+    else if (m_bad == 0)
+        m_summary->setText(tr("All %1 codes read as they are to.").arg(m_good));
+    else
+        m_summary->setText(tr("%1 codes read as they are to, %2 do not.").arg(m_good).arg(m_bad));
+}
+
+void VerifyDialog::select(const QTreeWidgetItem *row)
+{
+    if (row == nullptr)
+        return;
+    codekit::CodeItem *item = m_codes.value(row->data(0, kPlaceRole).toInt());
+    if (item != nullptr && item->scene() == m_document.scene())
+        selectOnly(*m_document.scene(), {item});
+}
+
+} // namespace studio

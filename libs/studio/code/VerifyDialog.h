@@ -1,0 +1,60 @@
+#pragma once
+
+#include <codekit/shape/CodeCheck.h>
+
+#include <QtCore/QPointer>
+#include <QtCore/QTimer>
+#include <QtWidgets/QDialog>
+
+QT_BEGIN_NAMESPACE
+class QLabel;
+class QProgressBar;
+class QPushButton;
+class QTreeWidget;
+class QTreeWidgetItem;
+QT_END_NAMESPACE
+
+namespace studio {
+
+class MeasureBox;
+
+/**
+ * Reads the codes of a drawing back from their final marks, a few at a time, so that the window
+ * stays alive, and lists what each says, the troubled ones first. Choosing one selects it.
+ */
+class VerifyDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /** `document` is borrowed and outlives the dialog. */
+    VerifyDialog(ZTGraphicsDocument &document, QWidget *parent);
+
+    /** Begins anew with the codes that the drawing has now. */
+    void start();
+
+    bool isRunning() const { return m_timer.isActive(); }
+
+private:
+    void layOut();
+    void readSome();
+    void readNext();
+    void stop();
+    void finish();
+    void add(const codekit::CodeItem &item, const codekit::CodeReading &reading);
+    void select(const QTreeWidgetItem *row);
+
+    ZTGraphicsDocument &m_document;
+    QVector<QPointer<codekit::CodeItem>> m_codes;
+    int m_next = 0;
+    int m_good = 0;
+    int m_bad = 0;
+    QTimer m_timer;
+    MeasureBox *m_beamBox;
+    QProgressBar *m_progress;
+    QLabel *m_summary;
+    QTreeWidget *m_list;
+    QPushButton *m_startButton = nullptr; ///< also stops
+};
+
+} // namespace studio

@@ -1,0 +1,422 @@
+#include "StudioWindow.h"
+
+#include <codekit/shape/CodeItem.h>
+#include <hostkit/drawing/DrawingCapture.h>
+#include <studio/Exporter.h>
+#include <studio/code/CodeDialog.h>
+#include <studio/code/CodeTools.h>
+#include <studio/code/VerifyDialog.h>
+#include <studio/text/TextTools.h>
+
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QDoubleSpinBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QTabWidget>
+#include <QtWidgets/QToolButton>
+#include <QtWidgets/QTreeWidget>
+
+using codekit::CodeItem;
+using codekit::CodeKind;
+
+namespace {
+
+constexpr auto kOk = QDialogButtonBox::Ok;
+constexpr auto kCancel = QDialogButtonBox::Cancel;
+enum Tab { Content, Form, Options, Text, Hatch };
+
+/** The studio with a user who makes codes. */
+class CodeWindow : public StudioWindow
+{
+public:
+    studio::CodeDialog *dialog() { return window->findChild<studio::CodeDialog *>(); }
+
+    template <class Widget>
+    Widget *box(const char *name)
+    {
+        return dialog()->findChild<Widget *>(QString::fromLatin1(name));
+    }
+
+    void showTab(Tab tab)
+    {
+        box<QTabWidget>("tabs")->setCurrentIndex(tab);
+        QCoreApplication::processEvents();
+    }
+
+    void type(const QString &content)
+    {
+        auto *words = box<QPlainTextEdit>("words");
+        words->setFocus();
+        words->selectAll();
+        QTest::keyClicks(words, content);
+        QCoreApplication::processEvents();
+    }
+
+    void enter(const char *name, const char *number)
+    {
+        auto *field = box<QAbstractSpinBox>(name);
+        field->setFocus();
+        field->selectAll();
+        QTest::keyClicks(field, QString::fromLatin1(number));
+        QCoreApplication::processEvents();
+    }
+
+    void check(const char *name)
+    {
+        auto *button = box<QWidget>(name);
+        button->setFocus();
+        QTest::keyClick(button, Qt::Key_Space);
+        QCoreApplication::processEvents();
+    }
+
+    /** Chooses an entry by typing its beginning, as people do in a closed list. */
+    void choose(const char *name, const char *entry)
+    {
+        auto *list = box<QComboBox>(name);
+        list->setFocus();
+        QTest::keyClick(list, Qt::Key_Home);
+        for (int step = 0; step < list->count() && list->currentText() != QLatin1String(entry);
+             ++step)
+            QTest::keyClick(list, Qt::Key_Down);
+        QCoreApplication::processEvents();
+    }
+
+    QString status() { return box<QLabel>("codeStatus")->text(); }
+    QString problem() { return box<QLabel>("codeProblem")->text(); }
+
+    void close(QDialogButtonBox::StandardButton button)
+    {
+        QTest::mouseClick(dialog()->findChild<QDialogButtonBox *>()->button(button),
+                          Qt::LeftButton);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        window->activateWindow(); // as a window manager does
+        QCoreApplication::processEvents();
+    }
+
+    /** A new code, its dialog open. */
+    CodeItem *create(const char *command = "create.code")
+    {
+        run(command);
+        const auto items = studio::selectedShapeItems(*document().scene());
+        return items.isEmpty() ? nullptr : codekit::codeItem(items.first());
+    }
+
+    QByteArray bytes()
+    {
+        hostkit::DrawingCapture how;
+        how.savedAt = QDateTime(QDate(2024, 5, 6), QTime(7, 8), Qt::UTC);
+        how.withPreview = false;
+        hostkit::DrawingFile drawing;
+        hostkit::captureDrawing(document(), how, &drawing, nullptr);
+        return hostkit::drawingToBytes(drawing);
+    }
+
+    QString inTree() { return document().itemMag()->itemModel()->index(0, 1).data().toString(); }
+};
+
+} // namespace
+
+class tst_studio_code : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { studio = std::make_unique<CodeWindow>(); }
+    void cleanup() { studio.reset(); }
+
+    void newCode_opensItsDialog_andSaysWhatItReads()
+    {
+        CodeItem *item = studio->create();
+        QVERIFY(item != nullptr);
+        QVERIFY(studio->dialog() != nullptr && studio->dialog()->isVisible());
+        // S, N, - and two pairs of digits: what 12 by 12 holds, 0.5 mm each.
+        QCOMPARE(studio->status(), QStringLiteral("12 x 12, 6.0 mm, reads: SN-0001"));
+        QVERIFY(studio->problem().isEmpty());
+        studio->close(kOk);
+        QCOMPARE(studio->stack().count(), 1);
+        QCOMPARE(studio->stack().undoText(), QStringLiteral("Create code"));
+        QVERIFY(studio->run("edit.undo"));
+        QVERIFY(studio->ids().isEmpty());
+        QVERIFY(studio->run("edit.redo"));
+        QCOMPARE(studio->ids().size(), 1);
+    }
+
+    void barCode_hasACommandOfItsOwn()
+    {
+        CodeItem *item = studio->create("create.barcode");
+        QVERIFY(item != nullptr);
+        QVERIFY(item->settings().spec.kind == CodeKind::Code128);
+        QCOMPARE(studio->box<QComboBox>("kind")->currentText(), QStringLiteral("Code 128"));
+    }
+
+    void keyAndClick_makeACodeThere_andADragTellsItsSize()
+    {
+        studio->key(Qt::Key_C);
+        studio->driver->click(QPointF(100, 60));
+        QVERIFY(studio->dialog() != nullptr && studio->dialog()->isVisible());
+        QCOMPARE(studio->status(), QStringLiteral("12 x 12, 6.0 mm, reads: SN-0001"));
+        studio->close(kOk);
+        QCOMPARE(studio->ids().size(), 1);
+        studio->key(Qt::Key_C);
+        const double sidePx = ZTCoord::getInstance()->mm2pix(24.0);
+        studio->driver->drag(QPointF(-200, -200), QPointF(-200 + sidePx, -200 + sidePx));
+        QVERIFY(studio->dialog() != nullptr);
+        const auto drawn = studio::selectedShapeItems(*studio->document().scene());
+        const QSizeF sizeMm =
+            drawn.first()->boundingRect().size() / ZTCoord::getInstance()->mm2pix(1.0);
+        QVERIFY(qAbs(sizeMm.width() - 24.0) < 0.5); // a mouse has whole pixels
+        QCOMPARE(sizeMm.width(), sizeMm.height());
+        studio->close(kOk);
+    }
+
+    void changes_showAtOnce_andAreOneStep()
+    {
+        CodeItem *item = studio->create();
+        studio->close(kOk);
+        const QByteArray before = studio->bytes();
+        QVERIFY(studio->run("code.settings"));
+        studio->type(QStringLiteral("PART 42"));
+        QTRY_COMPARE(item->text(), QStringLiteral("PART 42"));
+        studio->showTab(Form);
+        studio->enter("module", "0.4");
+        studio->enter("growth", "0.05");
+        studio->check("inverse");
+        QTRY_VERIFY(item->settings().form.isInverse);
+        QCOMPARE(item->settings().form.growthMm, 0.05);
+        // P A R T, blank, one pair of digits: six codewords, so 14 by 14.
+        QCOMPARE(studio->status(), QStringLiteral("14 x 14, 5.6 mm, reads: PART 42"));
+        studio->close(kOk);
+        QCOMPARE(studio->stack().count(), 2);
+        QCOMPARE(studio->stack().undoText(), QStringLiteral("Change code"));
+        QCOMPARE(studio->inTree(), QStringLiteral("PART 42"));
+        const QByteArray after = studio->bytes();
+        QVERIFY(studio->run("edit.undo"));
+        QCOMPARE(studio->bytes(), before);
+        QCOMPARE(studio->inTree(), QStringLiteral("SN-0001"));
+        QVERIFY(studio->run("edit.redo"));
+        QCOMPARE(studio->bytes(), after);
+        QVERIFY(studio->run("edit.undo"));
+        QCOMPARE(studio->bytes(), before);
+        QVERIFY(studio->frameFits());
+    }
+
+    void cancel_bringsEverythingBack_andOkWithoutChangeIsNoStep()
+    {
+        studio->create();
+        studio->close(kOk);
+        const QByteArray before = studio->bytes();
+        QVERIFY(studio->run("code.settings"));
+        studio->choose("kind", "QR Code");
+        studio->type(QStringLiteral("else"));
+        studio->close(kCancel);
+        QCOMPARE(studio->bytes(), before);
+        QVERIFY(studio->run("code.settings"));
+        studio->close(kOk);
+        QCOMPARE(studio->stack().count(), 1);
+        QCOMPARE(studio->bytes(), before);
+    }
+
+    void doubleClick_andContextMenu_openTheDialog()
+    {
+        CodeItem *item = studio->create();
+        studio->close(kOk);
+        const QPointF middle = item->mapToScene(item->boundingRect().center());
+        studio->driver->doubleClick(middle);
+        QVERIFY(studio->dialog() != nullptr);
+        studio->close(kCancel);
+        QContextMenuEvent asked(
+            QContextMenuEvent::Mouse, studio->view().mapFromScene(middle),
+            studio->view().viewport()->mapToGlobal(studio->view().mapFromScene(middle)));
+        QCoreApplication::sendEvent(studio->view().viewport(), &asked);
+        auto *menu = studio->view().findChild<QMenu *>(QStringLiteral("shapeMenu"));
+        QVERIFY(menu != nullptr);
+        QAction *command = studio->window->commands().action("code.settings");
+        QVERIFY(menu->actions().contains(command));
+        QVERIFY(command->isEnabled());
+        menu->close();
+    }
+
+    void kindWithItsOptions_isChosenByKeyboard()
+    {
+        CodeItem *item = studio->create();
+        studio->choose("kind", "QR Code");
+        QTRY_VERIFY(item->settings().spec.kind == CodeKind::Qr);
+        studio->showTab(Options);
+        QVERIFY(studio->box<QComboBox>("mask")->isVisible());
+        QVERIFY(!studio->box<QCheckBox>("rectangular")->isVisible());
+        studio->choose("symbolSize", "25 x 25");
+        QTRY_COMPARE(item->settings().spec.version, 2);
+        QCOMPARE(item->code().symbol().columns, 25);
+        studio->choose("level", "H");
+        QTRY_COMPARE(item->settings().spec.level, 4);
+        QVERIFY(item->getShapeType() == ShapeType::QRCode);
+        studio->choose("kind", "EAN-13");
+        studio->showTab(Content);
+        studio->type(QStringLiteral("400638133393"));
+        QTRY_COMPARE(studio->problem(), QString());
+        QVERIFY(item->getShapeType() == ShapeType::BarCode);
+        QVERIFY2(studio->status().endsWith(QStringLiteral("reads: 4006381333931")),
+                 qPrintable(studio->status()));
+    }
+
+    void contentThatCannotBeEncoded_isSaid_andTheLastGoodCodeStays()
+    {
+        CodeItem *item = studio->create();
+        studio->choose("kind", "Code 39");
+        studio->type(QStringLiteral("AB12"));
+        QTRY_COMPARE(item->code().symbol().reads, QStringLiteral("AB12"));
+        const QPainterPath good = item->code().getLines();
+        studio->type(QStringLiteral("ab"));
+        QTRY_COMPARE(studio->problem(),
+                     QStringLiteral("Cannot be made: Code 39 has no small letters: use Code 128"));
+        QVERIFY2(studio->status().contains(QStringLiteral("still shows the last good code")),
+                 qPrintable(studio->status()));
+        QVERIFY(studio->status().endsWith(QStringLiteral("reads: AB12")));
+        QCOMPARE(item->code().getLines(), good);
+        QVERIFY(item->childItems().first()->isVisible()); // crossed out
+        studio->close(kOk);
+        QCOMPARE(item->code().symbol().reads, QStringLiteral("AB12"));
+        QCOMPARE(item->text(), QStringLiteral("ab"));
+    }
+
+    void badCode_stopsAnExport_unlessToldOtherwise()
+    {
+        CodeItem *item = studio->create();
+        studio->close(kOk);
+        item->setFixedText(QString());
+        const QString path = studio->path("marks.json");
+        studio->window->exporter().exportTo(path, false);
+        auto *asked = studio->window->findChild<QMessageBox *>(QStringLiteral("notReadyBox"));
+        QVERIFY(asked != nullptr);
+        QVERIFY(asked->informativeText().contains(QStringLiteral("code 0: ")));
+        QTest::keyClick(asked, Qt::Key_Return); // what is offered first writes nothing
+        QVERIFY(!studio->window->exporter().isBusy());
+        QVERIFY(!QFile::exists(path));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        studio->window->exporter().exportTo(path, false);
+        asked = studio->window->findChild<QMessageBox *>(QStringLiteral("notReadyBox"));
+        for (QAbstractButton *button : asked->buttons()) {
+            if (asked->buttonRole(button) == QMessageBox::AcceptRole)
+                QTest::mouseClick(button, Qt::LeftButton);
+        }
+        QTRY_VERIFY(QFile::exists(path));
+        QTRY_VERIFY(!studio->window->exporter().isBusy());
+    }
+
+    void variantContent_showsTheNextParts_andMovesOn()
+    {
+        CodeItem *item = studio->create();
+        studio->type(QStringLiteral("P-"));
+        studio->check("variantText");
+        auto *add = studio->box<QToolButton>("addSegment");
+        add->menu()->actions().at(1)->trigger(); // a counter of four digits
+        QTRY_COMPARE(item->text(), QStringLiteral("P-0001"));
+        studio->close(kOk);
+        QCOMPARE(item->code().symbol().reads, QStringLiteral("P-0001"));
+        QVERIFY(studio->run("text.nextPart"));
+        QCOMPARE(item->code().symbol().reads, QStringLiteral("P-0002"));
+        QCOMPARE(studio->inTree(), QStringLiteral("P-0002"));
+        // What was marked is marked: undo gives no number out again.
+        QVERIFY(studio->run("code.settings"));
+        studio->showTab(Form);
+        studio->enter("module", "0.3");
+        studio->close(kOk);
+        QVERIFY(studio->run("text.nextPart"));
+        QVERIFY(studio->run("edit.undo"));
+        QCOMPARE(item->code().symbol().reads, QStringLiteral("P-0003"));
+        QCOMPARE(item->settings().form.moduleMm, 0.5);
+    }
+
+    void laterPartThatCannotBeEncoded_isToldBefore()
+    {
+        studio->create("create.barcode");
+        studio->choose("kind", "Interleaved 2 of 5");
+        studio->check("variantText");
+        studio->box<QToolButton>("removeSegment")->click(); // what was typed
+        studio->box<QToolButton>("addSegment")->menu()->actions().at(1)->trigger();
+        studio->enter("counterWidth", "0");
+        studio->enter("counterStart", "98");
+        // 98 and 99 are pairs of digits; 100 leaves one over.
+        QTRY_VERIFY2(
+            studio->problem().startsWith(QStringLiteral("A later part, \"100\", cannot be made")),
+            qPrintable(studio->problem()));
+        QVERIFY(studio->status().endsWith(QStringLiteral("reads: 98")));
+    }
+
+    void resizedCode_showsTheModuleThatIsMarked()
+    {
+        CodeItem *item = studio->create();
+        studio->close(kOk);
+        item->scale(2.0, 2.0);
+        const QRectF before = item->boundingRect();
+        QVERIFY(studio->run("code.settings"));
+        studio->showTab(Form);
+        QCOMPARE(studio->status(), QStringLiteral("12 x 12, 12.0 mm, reads: SN-0001"));
+        auto *module = studio->box<QDoubleSpinBox>("module");
+        QCOMPARE(module->value(), 1.0);
+        studio->enter("growth", "0.1");
+        QTRY_COMPARE(item->settings().form.growthMm, 0.1);
+        QCOMPARE(item->settings().form.moduleMm, 1.0);
+        QVERIFY(item->getTransformParam().isIdentity());
+        studio->close(kOk);
+        const double growthPx = ZTCoord::getInstance()->mm2pix(0.1);
+        QVERIFY(qAbs(item->boundingRect().width() - (before.width() - growthPx)) < 1e-6);
+    }
+
+    void verify_readsEveryCode_theTroubledFirst()
+    {
+        CodeItem *good = studio->create();
+        studio->close(kOk);
+        CodeItem *mirrored = studio->create();
+        studio->close(kOk);
+        mirrored->setFixedText(QStringLiteral("MIRROR"));
+        mirrored->setTransformParam(QTransform::fromScale(-1.0, 1.0));
+        CodeItem *bad = studio->create("create.barcode");
+        studio->close(kOk);
+        bad->setFixedText(QString());
+        QVERIFY(studio->run("tools.verifyCodes"));
+        auto *dialog = studio->window->findChild<studio::VerifyDialog *>();
+        QVERIFY(dialog != nullptr && dialog->isVisible());
+        QTRY_VERIFY(!dialog->isRunning());
+        auto *list = dialog->findChild<QTreeWidget *>(QStringLiteral("verifyList"));
+        QCOMPARE(list->topLevelItemCount(), 3);
+        QVERIFY(list->topLevelItem(0)->text(1).startsWith(QStringLiteral("is mirrored")));
+        QVERIFY(list->topLevelItem(1)->text(1).startsWith(QStringLiteral("does not show")));
+        QCOMPARE(list->topLevelItem(2)->text(1), QStringLiteral("reads: SN-0001"));
+        QCOMPARE(dialog->findChild<QLabel *>(QStringLiteral("verifySummary"))->text(),
+                 QStringLiteral("1 codes read as they are to, 2 do not."));
+        list->setCurrentItem(list->topLevelItem(2));
+        QVERIFY(good->isSelected() && !mirrored->isSelected());
+    }
+
+    void verify_canBeStopped_andOutlivesDeletedCodes()
+    {
+        CodeItem *item = studio->create();
+        studio->close(kOk);
+        studio->document().itemMag()->addMatrix(10, 30, 5.0, 5.0);
+        QVERIFY(item->isSelected());
+        QVERIFY(studio->run("tools.verifyCodes"));
+        auto *dialog = studio->window->findChild<studio::VerifyDialog *>();
+        auto *button = dialog->findChild<QPushButton *>(QStringLiteral("verifyStart"));
+        QTest::mouseClick(button, Qt::LeftButton);
+        QVERIFY(!dialog->isRunning());
+        const QString summary =
+            dialog->findChild<QLabel *>(QStringLiteral("verifySummary"))->text();
+        QVERIFY2(summary.startsWith(QStringLiteral("Stopped:")), qPrintable(summary));
+        QTest::mouseClick(button, Qt::LeftButton); // again
+        studio->document().itemMag()->clear();
+        QTRY_VERIFY(!dialog->isRunning());
+    }
+
+private:
+    std::unique_ptr<CodeWindow> studio;
+};
+
+QTEST_MAIN(tst_studio_code)
+
+#include "tst_studio_code.moc"
