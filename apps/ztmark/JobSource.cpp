@@ -6,9 +6,9 @@
 #include <hostkit/drawing/DrawingCapture.h>
 #include <hostkit/items/ItemExtras.h>
 #include <hostkit/items/MarkReadiness.h>
+#include <hostkit/items/PartTexts.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/marks/MarkOrder.h>
-#include <hostkit/text/PartTexts.h>
 #include <hostkit/text/StrokeFont.h>
 #include <jobkit/marks/MarkGraphItems.h>
 

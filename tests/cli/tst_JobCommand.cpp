@@ -5,8 +5,8 @@
 
 #include <hostkit/drawing/DrawingCapture.h>
 #include <hostkit/drawing/DrawingLoader.h>
+#include <hostkit/items/PartTexts.h>
 #include <hostkit/setup/Factories.h>
-#include <hostkit/text/PartTexts.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QJsonDocument>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <hostkit/text/PartTexts.h>
+#include <hostkit/items/PartTexts.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 

@@ -1,7 +1,7 @@
 #include "support/SingletonGuard.h"
 
+#include <hostkit/items/PartTexts.h>
 #include <hostkit/setup/Factories.h>
-#include <hostkit/text/PartTexts.h>
 
 #include <QtTest/QTest>
 

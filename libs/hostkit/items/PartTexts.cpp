@@ -1,4 +1,4 @@
-#include <hostkit/text/PartTexts.h>
+#include <hostkit/items/PartTexts.h>
 
 #include <hostkit/items/MarkReadiness.h>
 
