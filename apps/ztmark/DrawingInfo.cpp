@@ -37,7 +37,15 @@ QString nameOf(ShapeType kind)
     case ShapeType::Text:
         return DrawingInfo::tr("texts: %1");
     case ShapeType::VecGraph:
+<<<<<<< HEAD
         return DrawingInfo::tr("imported drawings: %1");
+=======
+        return DrawingInfo::tr("imported plotter drawings: %1");
+    case ShapeType::QRCode:
+        return DrawingInfo::tr("codes: %1");
+    case ShapeType::BarCode:
+        return DrawingInfo::tr("bar codes: %1");
+>>>>>>> main
     default:
         return DrawingInfo::tr("others: %1");
     }
@@ -205,6 +213,8 @@ void DrawingInfo::printFindings() const
             printEntry(tr("and %1 more").arg(names.size() - hostkit::kMostShapesNamed));
     };
     printShapesOf(tr("Outside the field:"), outside);
+    if (!findings.notReady.isEmpty())
+        printShapesOf(tr("Not as asked for:"), findings.notReady);
     printShapesOf(tr("Without length:"), findings.withoutLength);
     printShapesOf(tr("Marked twice:"), findings.doubled);
 }

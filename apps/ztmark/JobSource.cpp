@@ -23,7 +23,7 @@ using jobkit::JobItem;
 
 namespace {
 
-/** The field of an item's extras that holds the last value of a text when it was marked. */
+/** The field of an item's extras that tells how far its text was when its last part was marked. */
 const QByteArray kMarkedLast = QByteArrayLiteral("marked.last");
 
 /** The variant text that an item shows, or null. */
@@ -33,12 +33,67 @@ ZTVariantText *variantOf(const ZTAbstractGraphicsItem *item)
     return text != nullptr ? text->getVarTxt() : nullptr;
 }
 
-/** Whether its present text is its last, and was marked. */
-bool isUsedUp(const ZTAbstractGraphicsItem *item)
+/** How far each segment is, whatever day it is. */
+struct Advance
+{
+    QByteArray operator()(const ZTFixedTextSegment &) const { return {}; }
+    QByteArray operator()(const ZTDateTimeSegment &) const { return {}; }
+    QByteArray operator()(const ZTCounterSegment &counter) const
+    {
+        return QByteArray::number(counter.updates) + ' ';
+    }
+    QByteArray operator()(const ZTTextFileSegment &rows) const
+    {
+        return QByteArray::number(rows.nextRow) + ' ';
+    }
+};
+
+QByteArray progressOf(const ZTVariantText &text)
+{
+    QByteArray progress;
+    for (const ZTVariantTextSegment &segment : text.getSegments())
+        progress += std::visit(Advance(), segment);
+    return progress;
+}
+
+/** Moves a text on to the next part; false where it has no value of its own for it. */
+bool moveOn(const ZTAbstractGraphicsItem &item, ZTVariantText *text)
+{
+    for (int left = hostkit::itemExtras(item).valuesPerPart; left > 1; --left)
+        text->update();
+    const bool hasNext = !text->isExhausted();
+    text->update();
+    return hasNext;
+}
+
+/** Whether a text has no value for a further part. */
+bool isAtEnd(const ZTAbstractGraphicsItem *item)
+{
+    const ZTVariantText *variant = variantOf(item);
+    if (variant == nullptr)
+        return false;
+    ZTVariantText text = *variant;
+    return !moveOn(*item, &text);
+}
+
+/** Whether its present part was marked as the last that there was. */
+bool isMarkedLast(const ZTAbstractGraphicsItem *item)
 {
     const ZTVariantText *text = variantOf(item);
-    return text != nullptr && text->isExhausted() &&
-           hostkit::itemExtras(*item).fields.value(kMarkedLast) == text->getText().toUtf8();
+    const QByteArray marked = hostkit::itemExtras(*item).fields.value(kMarkedLast);
+    return text != nullptr && !marked.isEmpty() && marked == progressOf(*text);
+}
+
+bool isUsedUp(const ZTAbstractGraphicsItem *item) { return isMarkedLast(item) && isAtEnd(item); }
+
+void setMarkedLast(ZTAbstractGraphicsItem *item, const QByteArray &progress)
+{
+    hostkit::ItemExtras extras = hostkit::itemExtras(*item);
+    if (progress.isEmpty())
+        extras.fields.remove(kMarkedLast);
+    else
+        extras.fields[kMarkedLast] = progress;
+    hostkit::setItemExtras(*item, extras);
 }
 
 QVector<ZTAbstractGraphicsItem *> lowestFirst(const QVector<ZTAbstractGraphicsItem *> &items)
@@ -85,6 +140,10 @@ bool JobSource::openDrawing(const InputFiles &files, Progress &progress)
     m_items = hostkit::markedItems(m_drawing.document);
     const NextPart part = NextPart::again(lowestFirst(m_items));
     m_present = part.texts;
+    // The last part was marked, and more numbers were given to the texts since then.
+    const bool isMarked = std::any_of(m_items.begin(), m_items.end(), isMarkedLast);
+    if (isMarked && std::none_of(m_items.begin(), m_items.end(), isAtEnd))
+        return next();
     return showPart(part.errors);
 }
 
@@ -189,8 +248,8 @@ bool JobSource::hasEnough(int parts) const
             return false;
         }
         ZTVariantText text = *variant;
-        for (int part = 1; part < parts; ++part, text.update()) {
-            if (!text.isExhausted())
+        for (int part = 1; part < parts; ++part) {
+            if (moveOn(*item, &text))
                 continue;
             console::complain(
                 m_name, tr("the serial number ends after part %1 of %2").arg(part).arg(parts));
@@ -200,26 +259,19 @@ bool JobSource::hasEnough(int parts) const
     return true;
 }
 
+/** Where a text has no further value, all stay with the last part, and say that it was marked. */
 bool JobSource::next()
 {
-    noteUsedUp();
+    m_isUsedUp = std::any_of(m_items.begin(), m_items.end(), isAtEnd);
+    for (ZTAbstractGraphicsItem *item : qAsConst(m_items)) {
+        if (const ZTVariantText *text = variantOf(item))
+            setMarkedLast(item, m_isUsedUp ? progressOf(*text) : QByteArray());
+    }
+    if (m_isUsedUp)
+        return true;
     const NextPart part = NextPart::make(lowestFirst(m_items));
     m_present = part.texts;
-    m_isUsedUp = std::any_of(m_items.begin(), m_items.end(), isUsedUp);
     return showPart(part.errors);
-}
-
-/** A text that was marked with its last value says so, as it shows that value again. */
-void JobSource::noteUsedUp()
-{
-    for (ZTAbstractGraphicsItem *item : qAsConst(m_items)) {
-        const ZTVariantText *text = variantOf(item);
-        if (text == nullptr || !text->isExhausted())
-            continue;
-        hostkit::ItemExtras extras = hostkit::itemExtras(*item);
-        extras.fields[kMarkedLast] = text->getText().toUtf8();
-        hostkit::setItemExtras(*item, extras);
-    }
 }
 
 bool JobSource::store(Progress &progress)

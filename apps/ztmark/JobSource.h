@@ -69,7 +69,6 @@ private:
     bool openForeign(const InputFiles &files, ForeignFiles &foreign,
                      const hostkit::MarkJobOptions &layout, Progress &progress);
     bool showPart(const QStringList &errors);
-    void noteUsedUp();
     void toMiddle(QVector<jobkit::JobItem> *items) const;
 
     OpenedDrawing m_drawing;

@@ -5,6 +5,7 @@
 
 #include <hostkit/drawing/DrawingCapture.h>
 #include <hostkit/drawing/DrawingLoader.h>
+#include <hostkit/items/ItemExtras.h>
 #include <hostkit/items/PartTexts.h>
 #include <hostkit/setup/Factories.h>
 
@@ -297,6 +298,30 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(path("b.nc")));
     }
 
+    void serialNumbers_thatAreSharedByShapes_endTogether()
+    {
+        // Two shapes take turns: 1 and 2, 3 and 4; the fifth has no partner.
+        makeDrawing(5, 0.0, 2);
+        const ZtmarkRun first = job("serial.ztd -o a.nc --parts 2");
+        QCOMPARE(first.err, QString());
+        QCOMPARE(first.out, QStringLiteral("Parts:          2\n"
+                                           "First part:     SN-0001 SN-0002\n"
+                                           "Last part:      SN-0003 SN-0004\n"
+                                           "Next part:      none, the numbers are used up\n"));
+        QCOMPARE(job("serial.ztd -o b.nc").exitCode, 1);
+        QCOMPARE(job("serial.ztd --time").exitCode, 1);
+    }
+
+    void serialNumbers_thatAreExtended_goOnWithTheNext()
+    {
+        makeDrawing(3);
+        QCOMPARE(job("serial.ztd -o a.nc --parts 3").exitCode, 0);
+        extendTo(9);
+        const ZtmarkRun next = job("serial.ztd -o b.nc");
+        QCOMPARE(next.err, QString());
+        QCOMPARE(next.out, QStringLiteral("Part:           SN-0004\nNext part:      SN-0005\n"));
+    }
+
     void serialNumbers_areTakenByOneJobAtATime()
     {
         makeDrawing(100);
@@ -393,22 +418,53 @@ private:
         QCOMPARE(file.write(content), qint64(content.size()));
     }
 
-    /** A drawing with the text SN-0001, to be counted up to `last`, near the middle. */
-    void makeDrawing(qint64 last, double leftMm = 0.0)
+    /**
+     * A drawing with the text SN-0001, to be counted up to `last`, near the middle; or with several
+     * below each other that share the numbers.
+     */
+    void makeDrawing(qint64 last, double leftMm = 0.0, int shapes = 1)
     {
         ZTGraphicsDocument document;
+        document.itemMag()->scene()->setSceneRect(QRectF(-5000, -5000, 10000, 10000));
+        for (int shape = 0; shape < shapes; ++shape)
+            addText(document, last, QPointF(leftMm, 20.0 * shape), shape, shapes);
+        QVERIFY(hostkit::saveDrawing(document, {}, path("serial.ztd"), nullptr));
+    }
+
+    void addText(ZTGraphicsDocument &document, qint64 last, const QPointF &placeMm, int shape,
+                 int shapes)
+    {
         auto *item = qobject_cast<ZTGraphicsTextItem *>(
             document.itemMag()->addShape(ShapeType::Text, {0, 0, 10, 10}));
         QVERIFY(item != nullptr);
         ZTCounterSegment counter;
         counter.width = 4;
         counter.last = last;
+        counter.updates = quint64(shape);
         item->setEnableVariantText(true);
         item->getVariantText()->setSegments({ZTFixedTextSegment{QStringLiteral("SN-")}, counter});
         hostkit::NextPart::make({item});
-        const double leftPx = ZTCoord::getInstance()->mm2pix(leftMm);
-        document.itemMag()->scene()->setSceneRect(QRectF(-5000, -5000, 10000, 10000));
-        item->setPos(leftPx, 0.0);
+        item->setPos(ZTCoord::getInstance()->getMm2pixTransform().map(placeMm));
+        hostkit::ItemExtras extras = hostkit::itemExtras(*item);
+        extras.valuesPerPart = shapes;
+        hostkit::setItemExtras(*item, extras);
+    }
+
+    /** Lets the text of the drawing be counted up to `last`. */
+    void extendTo(qint64 last)
+    {
+        hostkit::DrawingFile drawing;
+        ZTGraphicsDocument document;
+        QVERIFY(readDrawing(path("serial.ztd"), &drawing, nullptr));
+        QVERIFY(applyDrawing(drawing, document, {}, nullptr, nullptr));
+        for (QGraphicsItem *candidate : document.itemMag()->scene()->items()) {
+            auto *item = dynamic_cast<ZTGraphicsTextItem *>(candidate);
+            if (item == nullptr)
+                continue;
+            QVector<ZTVariantTextSegment> segments = item->getVariantText()->getSegments();
+            std::get<ZTCounterSegment>(segments[1]).last = last;
+            item->getVariantText()->setSegments(segments);
+        }
         QVERIFY(hostkit::saveDrawing(document, {}, path("serial.ztd"), nullptr));
     }
 

@@ -644,6 +644,22 @@ Examples:
         <source>imported drawings: %1</source>
         <translation>导入的图形：%1</translation>
     </message>
+    <message>
+        <source>codes: %1</source>
+        <translation>码：%1</translation>
+    </message>
+    <message>
+        <source>bar codes: %1</source>
+        <translation>条形码：%1</translation>
+    </message>
+    <message>
+        <source>Not as asked for:</source>
+        <translation>与要求不符：</translation>
+    </message>
+    <message>
+        <source>imported plotter drawings: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>FontCommand</name>
@@ -1446,6 +1462,16 @@ SVG、DXF 和绘图仪图纸按真实尺寸导入，除非 --size、--width、--
     <message>
         <source>nothing written: shapes that do not show what they were given are marked with --as-is alone</source>
         <translation>未写出任何内容：不显示其给定内容的图形只有用 --as-is 才标刻</translation>
+    </message>
+    <message>
+        <source>Mark also what does not show what it was given, such as a code that cannot
+hold its content</source>
+        <translation>对显示的不是所给内容的图形也打标，
+例如无法容纳其内容的码</translation>
+    </message>
+    <message>
+        <source>nothing written: what does not show what it was given is marked with --as-shown alone</source>
+        <translation>未写出任何内容：显示的不是所给内容的图形只有用 --as-shown 才打标</translation>
     </message>
 </context>
 <context>

@@ -1,5 +1,6 @@
 #include <hostkit/items/PartTexts.h>
 
+#include <hostkit/items/ItemExtras.h>
 #include <hostkit/items/MarkReadiness.h>
 
 namespace hostkit {
@@ -35,7 +36,7 @@ NextPart updated(const QVector<ZTAbstractGraphicsItem *> &items, Prepare prepare
         ZTVariantText *variantText = textItem != nullptr ? textItem->getVariantText() : nullptr;
         if (variantText == nullptr)
             continue;
-        prepare(*variantText);
+        prepare(*item, *variantText);
         const bool isUsedUp = variantText->isExhausted();
         variantText->update();
         textItem->fromVariantTextSetText();
@@ -65,12 +66,16 @@ QVector<ZTVariantTextSegment> beforePresentPart(const QVector<ZTVariantTextSegme
 
 NextPart NextPart::make(const QVector<ZTAbstractGraphicsItem *> &items)
 {
-    return updated(items, [](ZTVariantText &) {});
+    // What the shapes that share its counter use up comes between its own values.
+    return updated(items, [](const ZTAbstractGraphicsItem &item, ZTVariantText &text) {
+        for (int left = itemExtras(item).valuesPerPart; left > 1; --left)
+            text.update();
+    });
 }
 
 NextPart NextPart::again(const QVector<ZTAbstractGraphicsItem *> &items)
 {
-    NextPart part = updated(items, [](ZTVariantText &text) {
+    NextPart part = updated(items, [](const ZTAbstractGraphicsItem &, ZTVariantText &text) {
         text.setSegments(beforePresentPart(text.getSegments()));
     });
     part.usedUp.clear();

@@ -7,6 +7,8 @@ namespace studio {
 
 namespace {
 
+constexpr qint64 kMostPreviewed = 10000; ///< that a variant text shows in advance
+
 QString translated(const char *text)
 {
     return QCoreApplication::translate("studio::VariantParts", text);

@@ -1,4 +1,5 @@
 #include <support/DrawingBytes.h>
+#include <support/KilledProcess.h>
 #include <support/SingletonGuard.h>
 
 #include <hostkit/drawing/SampleDrawing.h>
@@ -12,80 +13,19 @@
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <functional>
 
 using hostkit::DrawingFile;
 
 namespace {
 
+constexpr int kFewKills = 300;
 constexpr quint32 kLongestRunUs = 6000;
-
-/** How many processes are killed; ZT_KILLS asks for more. */
-int killCount()
-{
-    constexpr int kFew = 300;
-    const int wanted = qEnvironmentVariableIntValue("ZT_KILLS");
-    return wanted > 0 ? wanted : kFew;
-}
 
 /** Saves one of two contents to a file. */
 using Save = std::function<bool(int which, const QString &path)>;
-
-/** A process that saves two contents in turn to one file, until it is killed. */
-class Saver
-{
-public:
-    Saver(const Save &save, const QString &path)
-    {
-        int ends[2];
-        if (pipe(ends) != 0)
-            return;
-        process = fork();
-        if (process == 0)
-            saveForEver(save, path, ends[1]);
-        close(ends[1]);
-        news = ends[0];
-        read(news, &lastNews, 1);
-    }
-
-    ~Saver() { close(news); }
-    Saver(const Saver &) = delete;
-    Saver &operator=(const Saver &) = delete;
-
-    /** Whether it lived until the signal came. */
-    bool kill()
-    {
-        int status = 0;
-        const bool isKilled = process > 0 && ::kill(process, SIGKILL) == 0 &&
-                              waitpid(process, &status, 0) == process && WIFSIGNALED(status);
-        while (read(news, &lastNews, 1) == 1) {
-        }
-        return isKilled;
-    }
-
-    bool wasSaving() const { return lastNews == kBegins; }
-
-private:
-    static constexpr char kBegins = 'b';
-    static constexpr char kEnds = 'e';
-
-    [[noreturn]] static void saveForEver(const Save &save, const QString &path, int out)
-    {
-        const auto tell = [out](char byte) { return write(out, &byte, 1) == 1; };
-        bool isGood = true;
-        for (int which = 1; isGood; which = 1 - which)
-            isGood = tell(kBegins) && save(which, path) && tell(kEnds);
-        _exit(1);
-    }
-
-    pid_t process = -1;
-    int news = -1;
-    char lastNews = kEnds;
-};
 
 QByteArray contentOf(const QString &path)
 {
@@ -147,19 +87,19 @@ private:
             QVERIFY(!contents[which].isEmpty());
         }
         QRandomGenerator random(1);
-        const int kills = killCount();
+        const int kills = testsupport::killCount(kFewKills);
         int firstOnes = 0;
         int amidSaving = 0;
         int strays = 0;
         for (int i = 0; i < kills; ++i) {
-            Saver saver(save, path);
+            testsupport::KilledProcess saver([&](int round) { return save(1 - round % 2, path); });
             usleep(random.bounded(kLongestRunUs));
             QVERIFY(saver.kill());
             const QByteArray bytes = contentOf(path);
             QVERIFY2(bytes == contents[0] || bytes == contents[1],
                      "neither the old nor the new one");
             firstOnes += bytes == contents[0] ? 1 : 0;
-            amidSaving += saver.wasSaving() ? 1 : 0;
+            amidSaving += saver.wasAtWork() ? 1 : 0;
             const int files = filesIn(folder.path()).size();
             QVERIFY2(files <= 2, "more than the last leftover"); // each save clears the one before
             strays += files - 1;
