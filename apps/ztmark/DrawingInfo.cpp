@@ -37,15 +37,11 @@ QString nameOf(ShapeType kind)
     case ShapeType::Text:
         return DrawingInfo::tr("texts: %1");
     case ShapeType::VecGraph:
-<<<<<<< HEAD
         return DrawingInfo::tr("imported drawings: %1");
-=======
-        return DrawingInfo::tr("imported plotter drawings: %1");
     case ShapeType::QRCode:
         return DrawingInfo::tr("codes: %1");
     case ShapeType::BarCode:
         return DrawingInfo::tr("bar codes: %1");
->>>>>>> main
     default:
         return DrawingInfo::tr("others: %1");
     }

@@ -32,16 +32,10 @@ MarkCommand::MarkCommand(CLI::App &app)
     m_command->add_flag(
         "--outside", m_marksOutside,
         tr("Mark a drawing also where its shapes reach out of its work area").toStdString());
-<<<<<<< HEAD
-    m_command->add_flag(
-        "--as-is", m_marksAsIs,
-        tr("Mark a drawing also where a code does not show its content").toStdString());
-=======
     m_command->add_flag("--as-shown", m_marksAsShown,
                         tr("Mark also what does not show what it was given, such as a code that "
                            "cannot\nhold its content")
                             .toStdString());
->>>>>>> main
     m_fonts.addOption(m_command);
     m_command->final_callback([this] { checkTogether(); });
     m_command->footer(
@@ -129,17 +123,10 @@ int MarkCommand::markDrawing(Progress &progress)
                              "marked with --outside alone"));
         return console::Failed;
     }
-<<<<<<< HEAD
-    if (!marks.findings.notReady.isEmpty() && !m_marksAsIs) {
-        console::complain(m_files.names.front(),
-                          tr("nothing written: shapes that do not show what they were given are "
-                             "marked with --as-is alone"));
-=======
     if (!marks.findings.notReady.isEmpty() && !m_marksAsShown) {
         console::complain(m_files.names.front(),
                           tr("nothing written: what does not show what it was given is marked "
                              "with --as-shown alone"));
->>>>>>> main
         return console::Failed;
     }
     const bool written = m_job.write(marks.graph, m_job.outputs, progress, marks.units);

@@ -32,10 +32,6 @@ private:
     JobArguments m_job;
     ForeignFiles m_foreign;
     bool m_marksOutside = false;
-<<<<<<< HEAD
-    bool m_marksAsIs = false;
-=======
     bool m_marksAsShown = false;
->>>>>>> main
     FontFolders m_fonts;
 };

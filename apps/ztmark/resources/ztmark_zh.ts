@@ -656,10 +656,6 @@ Examples:
         <source>Not as asked for:</source>
         <translation>与要求不符：</translation>
     </message>
-    <message>
-        <source>imported plotter drawings: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
 </context>
 <context>
     <name>FontCommand</name>
@@ -1454,14 +1450,6 @@ SVG、DXF 和绘图仪图纸按真实尺寸导入，除非 --size、--width、--
   ztmark mark plate.ztd -o plate.json
   ztmark mark logo.plt --height 20mm --hatch zigzag --spacing 0.3mm -o logo.svg
   ztmark mark part.dxf --clean join=0.05mm,duplicates --marks-only -o part.svg</translation>
-    </message>
-    <message>
-        <source>Mark a drawing also where a code does not show its content</source>
-        <translation>即使条码不显示其内容，也标刻图纸</translation>
-    </message>
-    <message>
-        <source>nothing written: shapes that do not show what they were given are marked with --as-is alone</source>
-        <translation>未写出任何内容：不显示其给定内容的图形只有用 --as-is 才标刻</translation>
     </message>
     <message>
         <source>Mark also what does not show what it was given, such as a code that cannot

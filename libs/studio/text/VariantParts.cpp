@@ -54,6 +54,16 @@ struct Describer
 
 } // namespace
 
+QStringList partPreview(const ZTVariantText &text, int valuesPerPart, int parts)
+{
+    const qint64 values = 1 + qint64(parts - 1) * valuesPerPart;
+    const QStringList all = text.preview(int(qMin<qint64>(values, kMostPreviewed)));
+    QStringList shown;
+    for (int at = 0; at < all.size() && shown.size() < parts; at += valuesPerPart)
+        shown << all[at];
+    return shown;
+}
+
 ZTVariantText variantTextOf(const Segments &segments)
 {
     ZTVariantText text;
