@@ -232,10 +232,6 @@
         <translation>（无）</translation>
     </message>
     <message>
-        <source>cannot be read; it is to say &quot;%1&quot;. Try a larger module or a closer hatch</source>
-        <translation>无法读出；应为“%1”。请加大模块或加密填充</translation>
-    </message>
-    <message>
         <source>does not show what it was given, &quot;%1&quot;</source>
         <translation>没有显示所给的内容“%1”</translation>
     </message>
@@ -266,6 +262,10 @@
     <message>
         <source>its settings are damaged or of a later version</source>
         <translation>其设置已损坏或出自更新的版本</translation>
+    </message>
+    <message>
+        <source>cannot be read; it is to say &quot;%1&quot;. Try a larger module or a closer hatch, and keep other shapes out of its quiet zone</source>
+        <translation>无法读出；应为“%1”。请加大模块或加密填充，并让其他图形离开其静区</translation>
     </message>
 </context>
 </TS>
