@@ -77,9 +77,10 @@ private Q_SLOTS:
         QCOMPARE(print.pageMm().height(), 60.0);
         const QString path = studio->path("plate.pdf");
         QVERIFY(studio->window->printing().writePdf(path));
+        const QByteArray pdf = StudioWindow::contentOf(path);
         const QRegularExpressionMatch box =
             QRegularExpression(QStringLiteral("MediaBox \\[0 0 ([0-9.]+) ([0-9.]+)\\]"))
-                .match(QString::fromLatin1(StudioWindow::contentOf(path)));
+                .match(QString::fromLatin1(pdf.constData(), pdf.size()));
         QVERIFY(box.hasMatch());
         QVERIFY(qAbs(box.captured(1).toDouble() - 120 / 25.4 * 72) < 1.0);
         QVERIFY(qAbs(box.captured(2).toDouble() - 60 / 25.4 * 72) < 1.0);
