@@ -63,9 +63,9 @@ private Q_SLOTS:
     {
         group({0, 1});
         click(0);
-        studio->driver->drag({-180, 20}, {-150, 60});
-        QCOMPARE(shapes[0]->pos(), QPointF(-170, 40));
-        QCOMPARE(shapes[1]->pos(), QPointF(-70, 40));
+        studio->driver->drag({-180, 20}, {-150, 90});
+        QCOMPARE(shapes[0]->pos(), QPointF(-170, 70));
+        QCOMPARE(shapes[1]->pos(), QPointF(-70, 70));
         QCOMPARE(shapes[2]->pos(), QPointF(0, 0));
         studio->key(Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(shapes[0]->pos(), QPointF(-200, 0));
@@ -112,8 +112,8 @@ private Q_SLOTS:
     {
         group({0, 1});
         doubleClick(0);
-        studio->driver->drag({-180, 20}, {-180, 70});
-        QCOMPARE(shapes[0]->pos(), QPointF(-200, 50));
+        studio->driver->drag({-180, 20}, {-180, 90});
+        QCOMPARE(shapes[0]->pos(), QPointF(-200, 70));
         QCOMPARE(shapes[1]->pos(), QPointF(-100, 0));
         click(3);
         QVERIFY(studio->window->groups().entered().isEmpty());
