@@ -55,9 +55,9 @@ constexpr const char *kAlignTitle = QT_TRANSLATE_NOOP("studio::WindowLayout", "&
 using Ids = std::initializer_list<const char *>;
 
 /** What draws on the canvas with the mouse, and what does not. */
-constexpr Ids kTools = {"tool.select",  "tool.rectangle", "tool.ellipse",
-                        "tool.polygon", "tool.line",      "tool.tdot",
-                        "tool.text",    "tool.code",      "tool.barcode"};
+constexpr Ids kTools = {"tool.select",  "tool.rectangle", "tool.ellipse", "tool.polygon",
+                        "tool.line",    "tool.tdot",      "tool.text",    "tool.code",
+                        "tool.barcode", "tool.measure"};
 
 template <class Target>
 void fill(Target &target, const Commands &commands, Ids ids)

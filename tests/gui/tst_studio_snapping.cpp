@@ -184,7 +184,7 @@ private Q_SLOTS:
     void guide_thatIsClicked_staysWhereItIs()
     {
         give({{Qt::Vertical, 20.0}});
-        studio->driver->click({qRound(20.0 * pxPerMm) + 2, 80});
+        studio->driver->click(QPointF(qRound(20.0 * pxPerMm) + 2, 80));
         QCOMPARE(guides(), (QVector<Guide>{{Qt::Vertical, 20.0}}));
         QCOMPARE(studio->stack().count(), 0);
     }
@@ -238,7 +238,7 @@ private Q_SLOTS:
     {
         give({{Qt::Vertical, 20.0}});
         ShapeItem *item = studio->addRect(20.0 * pxPerMm - 10, 0);
-        studio->driver->click({qRound(20.0 * pxPerMm), 20});
+        studio->driver->click(QPointF(qRound(20.0 * pxPerMm), 20));
         QVERIFY(item->isSelected());
         QCOMPARE(guides().size(), 1);
     }

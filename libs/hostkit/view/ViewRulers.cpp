@@ -53,6 +53,16 @@ ViewRulers::ViewRulers(ZTGraphicsDocument *document, QWidget *parent)
     follow();
 }
 
+// A document that goes tells of changes until its end; the rulers may be gone by then.
+ViewRulers::~ViewRulers()
+{
+    if (!m_document)
+        return;
+    m_document->view()->horizontalScrollBar()->disconnect(this);
+    m_document->view()->verticalScrollBar()->disconnect(this);
+    m_document->view()->viewport()->removeEventFilter(this);
+}
+
 void ViewRulers::setRulersVisible(bool areVisible)
 {
     for (QWidget *widget :
@@ -71,6 +81,8 @@ bool ViewRulers::eventFilter(QObject *watched, QEvent *event)
 
 void ViewRulers::follow()
 {
+    if (!m_document)
+        return;
     const ZTGraphicsView &view = *m_document->view();
     const QPointF zero = view.viewportTransform().map(QPointF(0.0, 0.0)) +
                          view.viewport()->mapTo(m_document, QPoint(0, 0));

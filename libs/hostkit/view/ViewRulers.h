@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QPointer>
 #include <QtWidgets/QWidget>
 
 class ZTGraphicsDocument;
@@ -22,6 +23,7 @@ public:
 
     /** Takes the document in as its child, so that a host shows this widget instead. */
     explicit ViewRulers(ZTGraphicsDocument *document, QWidget *parent = nullptr);
+    ~ViewRulers() override;
 
     ZTHorizontalAxis &horizontal() const { return *m_horizontal; } ///< the ruler above
     ZTVerticalAxis &vertical() const { return *m_vertical; }       ///< the ruler to the left
@@ -38,10 +40,10 @@ protected:
 private:
     void follow();
 
-    ZTGraphicsDocument *m_document; ///< child
-    ZTHorizontalAxis *m_horizontal; ///< child
-    ZTVerticalAxis *m_vertical;     ///< child
-    QWidget *m_corner;              ///< child; white as they are
+    QPointer<ZTGraphicsDocument> m_document; ///< child
+    ZTHorizontalAxis *m_horizontal;          ///< child
+    ZTVerticalAxis *m_vertical;              ///< child
+    QWidget *m_corner;                       ///< child; white as they are
 };
 
 } // namespace hostkit
