@@ -10,6 +10,7 @@
 #include <studio/code/CodeTools.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/groups/GroupTools.h>
+#include <studio/job/JobTools.h>
 #include <studio/list/ShapeList.h>
 #include <studio/panel/ShapePanel.h>
 #include <studio/text/TextTools.h>
@@ -104,6 +105,13 @@ const QVector<Command> kFixedCommands = {
      [](MainWindow &w) { w.chooseExport(false); }},
     {"file.exportSelection", TEXT("Export mark paths of se&lection..."), "", "Ctrl+Shift+E", "",
      Needs::Selection, kWindow, [](MainWindow &w) { w.chooseExport(true); }},
+    {"job.preview", TEXT("Pre&view..."), "preview", "F5",
+     TEXT("Play the job: order, jumps and the time it takes"), Needs::Shapes, kWindow,
+     [](MainWindow &window) { window.job().showPreview(); }},
+    {"job.export", TEXT("E&xport job..."), "", "Ctrl+J",
+     TEXT("Write a file that the machine runs"), Needs::Shapes, kWindow,
+     [](MainWindow &window) { window.job().chooseExport(); }},
+
     {"file.quit", TEXT("&Quit"), "", "Ctrl+Q", "", Needs::Nothing, kWindow,
      [](MainWindow &w) { w.close(); }},
 
@@ -154,6 +162,9 @@ const QVector<Command> kFixedCommands = {
      TEXT("Move all variant texts on to the next part"), Needs::Shapes, kWindow,
      [](MainWindow &w) { w.text().nextPart(); }},
 
+    {"text.shareCounter", TEXT("S&hare one counter"), "", "",
+     TEXT("Give each of the selected texts and codes the next value of one counter"),
+     Needs::TwoSelected, kWindow, [](MainWindow &w) { w.text().shareCounter(); }},
     {"code.settings", TEXT("Code &settings..."), "code-settings", "Ctrl+B",
      TEXT("Kind, content, size and hatch of the selected code"), Needs::OneCode, kWindow,
      [](MainWindow &w) { w.codes().showDialog(); }},

@@ -27,6 +27,9 @@
 #include <studio/drawing/RecentMenu.h>
 #include <studio/groups/GroupTools.h>
 #include <studio/import/ImportDialog.h>
+#include <studio/job/JobExporter.h>
+#include <studio/job/JobPanel.h>
+#include <studio/job/JobTools.h>
 #include <studio/list/ShapeList.h>
 #include <studio/list/ShapeListView.h>
 #include <studio/panel/ShapePanel.h>
@@ -97,6 +100,7 @@ MainWindow::MainWindow(std::unique_ptr<Messages> told)
     buildDocument();
     buildTree();
     buildProperties();
+    buildJob();
     buildCommands();
     retranslate();
     connectState();
@@ -110,6 +114,7 @@ MainWindow::~MainWindow()
     delete m_crashGuard;
     delete m_drawingFiles;
     delete m_matrixDialog;
+    delete m_jobTools;
     delete m_codeTools;
     delete m_tools;
     delete m_groups;
@@ -231,6 +236,19 @@ void MainWindow::buildProperties()
     m_firstLayout = saveState(kLayoutVersion);
 }
 
+void MainWindow::buildJob()
+{
+    m_jobTools = new JobTools(*m_drawing, *m_textTools, *m_messages, *this);
+    m_panel->addPage(&m_jobTools->panel(), [] { return tr("Job"); });
+    connect(&m_jobTools->exporter(), &JobExporter::written, this,
+            [this](const QStringList &files, int) {
+                m_status->showMessage(tr("Job written to %1, files: %2")
+                                          .arg(QDir::toNativeSeparators(files.first()))
+                                          .arg(files.size()),
+                                      kStatusMs);
+            });
+}
+
 // Not while the user works in the tree: it would jump away under the mouse.
 void MainWindow::showSelectionInTree()
 {
@@ -323,6 +341,7 @@ void MainWindow::connectFiles()
     connect(m_drawingFiles, &DrawingFiles::emptied, this, [this] {
         labelTree();
         m_orderMenu->restore();
+        m_jobTools->panel().refresh();
         navigation().home();
     });
     connect(m_drawingFiles, &DrawingFiles::loaded, this, &MainWindow::showReplacedDrawing);
@@ -335,6 +354,7 @@ void MainWindow::showReplacedDrawing()
 {
     labelTree();
     m_orderMenu->follow();
+    m_jobTools->panel().refresh();
     navigation().home();
     fitAll();
 }

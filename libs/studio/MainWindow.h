@@ -30,6 +30,7 @@ class DrawingTools;
 class Exporter;
 class GroupTools;
 class Importer;
+class JobTools;
 class Language;
 class MatrixDialog;
 class OrderMenu;
@@ -61,6 +62,7 @@ public:
     DocumentActions &edit() const { return *m_actions; }
     ViewNavigation &navigation() const { return *m_viewNavigation; }
     TextTools &text() const { return *m_textTools; }
+    JobTools &job() const { return *m_jobTools; }
     CodeTools &codes() const { return *m_codeTools; }
     Exporter &exporter() const { return *m_fileExporter; }
     Commands &commands() const { return *m_commandSet; }
@@ -105,6 +107,7 @@ private:
     void buildDocument();
     void buildTree();
     void buildProperties();
+    void buildJob();
     void buildCommands();
     void connectState();
     void connectFiles();
@@ -135,6 +138,7 @@ private:
     DocumentActions *m_actions = nullptr;
     ViewNavigation *m_viewNavigation = nullptr;
     TextTools *m_textTools = nullptr;
+    JobTools *m_jobTools = nullptr;
     CodeTools *m_codeTools = nullptr;
     Exporter *m_fileExporter = nullptr;
     DrawingTools *m_tools = nullptr;

@@ -34,6 +34,7 @@ constexpr Title kMenuTitles[] = {
     {"arrangeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Arrange")},
     {"stackingMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "Or&der")},
     {"nudgeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Nudge")},
+    {"jobMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Job")},
     {"viewMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&View")},
     {"helpMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Help")},
 };
@@ -120,7 +121,7 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
     fill(*draw, commands, kTools);
     addMenu(window, "textMenu", commands,
             {"create.text", "-", "text.type", "text.settings", "-", "create.code", "create.barcode",
-             "code.settings", "-", "text.nextPart"});
+             "code.settings", "-", "text.nextPart", "text.shareCounter"});
     QMenu &arrange =
         addMenu(window, "arrangeMenu", commands,
                 {"arrange.left", "arrange.hcenter", "arrange.right", "arrange.top",
@@ -136,6 +137,7 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
          {"nudge.left", "nudge.right", "nudge.up", "nudge.down", "-", "nudge.farLeft",
           "nudge.farRight", "nudge.farUp", "nudge.farDown", "-", "nudge.fineLeft",
           "nudge.fineRight", "nudge.fineUp", "nudge.fineDown"});
+    addMenu(window, "jobMenu", commands, {"job.preview", "job.export", "-", "text.nextPart"});
     QMenu &view = addMenu(
         window, "viewMenu", commands,
         {"view.zoomIn", "view.zoomOut", "view.home", "-", "view.fitSelection", "view.fitAll", "-"});
@@ -161,7 +163,7 @@ void addToolBars(QMainWindow &window, const Commands &commands)
     addToolBar(window, "viewToolBar", Qt::TopToolBarArea, commands,
                {"view.zoomOut", "view.zoomIn", "view.home", "view.fitSelection"});
     addToolBar(window, "textToolBar", Qt::TopToolBarArea, commands,
-               {"text.settings", "code.settings", "text.nextPart"});
+               {"text.settings", "code.settings", "text.nextPart", "job.preview"});
     addToolBar(window, "toolColumn", Qt::LeftToolBarArea, commands, kTools);
 }
 

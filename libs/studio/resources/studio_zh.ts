@@ -483,6 +483,30 @@
         <source>Read all codes back from their marks</source>
         <translation>从打标轨迹读回所有的码</translation>
     </message>
+    <message>
+        <source>E&amp;xport job...</source>
+        <translation>导出作业(&amp;X)...</translation>
+    </message>
+    <message>
+        <source>Play the job: order, jumps and the time it takes</source>
+        <translation>播放作业：顺序、空跳和所需时间</translation>
+    </message>
+    <message>
+        <source>Pre&amp;view...</source>
+        <translation>预览(&amp;V)...</translation>
+    </message>
+    <message>
+        <source>Write a file that the machine runs</source>
+        <translation>写出机器可运行的文件</translation>
+    </message>
+    <message>
+        <source>S&amp;hare one counter</source>
+        <translation>共用一个计数器(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Give each of the selected texts and codes the next value of one counter</source>
+        <translation>让所选文字和码依次取一个计数器的下一个值</translation>
+    </message>
 </context>
 <context>
     <name>studio::ArcPage</name>
@@ -1293,6 +1317,18 @@
         <source>clipboard</source>
         <translation>剪贴板</translation>
     </message>
+    <message>
+        <source>Job</source>
+        <translation>作业</translation>
+    </message>
+    <message>
+        <source>Job written to %1, files: %2</source>
+        <translation>作业已写入 %1，文件数：%2</translation>
+    </message>
+    <message>
+        <source>&amp;Job</source>
+        <translation>作业(&amp;J)</translation>
+    </message>
 </context>
 <context>
     <name>studio::MatrixDialog</name>
@@ -1335,6 +1371,14 @@
     <message>
         <source>Select the one shape that is to be repeated.</source>
         <translation>请选中要重复的那一个图形。</translation>
+    </message>
+    <message>
+        <source>&amp;Number the copies: each has the next value</source>
+        <translation>为副本编号：每个取下一个值(&amp;N)</translation>
+    </message>
+    <message>
+        <source>The next part then goes on behind the values of all of them</source>
+        <translation>下一件从所有这些值之后继续</translation>
     </message>
 </context>
 <context>
@@ -1520,14 +1564,6 @@
 <context>
     <name>studio::FieldCheck</name>
     <message>
-        <source>%1 %2</source>
-        <translation>%1 %2</translation>
-    </message>
-    <message>
-        <source>%1 %2 &quot;%3&quot;</source>
-        <translation>%1 %2“%3”</translation>
-    </message>
-    <message>
         <source>Shapes lie outside the field.</source>
         <translation>有图形位于工作区之外。</translation>
     </message>
@@ -1600,6 +1636,14 @@
     <message>
         <source>Code</source>
         <translation>码</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>%1 %2 &quot;%3&quot;</source>
+        <translation>%1 %2“%3”</translation>
     </message>
 </context>
 <context>
@@ -2184,6 +2228,10 @@
         <source>The drawing has no variant text</source>
         <translation>图纸中没有可变文字</translation>
     </message>
+    <message>
+        <source>Select texts or codes, one of them with a counter</source>
+        <translation>请选择文字或码，其中一个带计数器</translation>
+    </message>
 </context>
 <context>
     <name>studio::TypedMeasure</name>
@@ -2386,6 +2434,14 @@
         <source>Create code</source>
         <translation>创建码</translation>
     </message>
+    <message>
+        <source>Change pens</source>
+        <translation>更改笔</translation>
+    </message>
+    <message>
+        <source>Share counter</source>
+        <translation>共用计数器</translation>
+    </message>
 </context>
 <context>
     <name>studio::VariantPanel</name>
@@ -2554,6 +2610,10 @@
     <message>
         <source>T&amp;ools</source>
         <translation>工具(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Job</source>
+        <translation>作业(&amp;J)</translation>
     </message>
 </context>
 <context>
@@ -3081,6 +3141,573 @@
     <message>
         <source>as wide as the hatch is close</source>
         <translation>与填充间距相同</translation>
+    </message>
+</context>
+<context>
+    <name>studio::JobExportDialog</name>
+    <message>
+        <source>%1 files: %2 to %3</source>
+        <translation>%1 个文件：%2 至 %3</translation>
+    </message>
+    <message>
+        <source>%1 of the files are there already.</source>
+        <translation>其中 %1 个文件已存在。</translation>
+    </message>
+    <message>
+        <source>&amp;Browse...</source>
+        <translation>浏览(&amp;B)...</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>文件(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;One file, with pauses</source>
+        <translation>一个文件，中间暂停(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Parts</source>
+        <translation>件数(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Replace</source>
+        <translation>替换(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;What</source>
+        <translation>内容(&amp;W)</translation>
+    </message>
+    <message>
+        <source>A file of this name is there already.</source>
+        <translation>同名文件已存在。</translation>
+    </message>
+    <message>
+        <source>E&amp;xport</source>
+        <translation>导出(&amp;X)</translation>
+    </message>
+    <message>
+        <source>Export job</source>
+        <translation>导出作业</translation>
+    </message>
+    <message>
+        <source>Its frame: a box</source>
+        <translation>作业边框：矩形</translation>
+    </message>
+    <message>
+        <source>Its frame: the hull</source>
+        <translation>作业边框：凸包</translation>
+    </message>
+    <message>
+        <source>One file: %1</source>
+        <translation>一个文件：%1</translation>
+    </message>
+    <message>
+        <source>The job</source>
+        <translation>作业</translation>
+    </message>
+    <message>
+        <source>The name has to end in one of %1.</source>
+        <translation>文件名必须以 %1 之一结尾。</translation>
+    </message>
+    <message>
+        <source>Variant texts move on once a part.</source>
+        <translation>可变文本每件前进一次。</translation>
+    </message>
+    <message>
+        <source>drawing</source>
+        <translation>图纸</translation>
+    </message>
+</context>
+<context>
+    <name>studio::JobExporter</name>
+    <message>
+        <source> The files before it were written; the numbers were not used up.</source>
+        <translation>之前的文件已写出；编号未被消耗。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was not written.</source>
+        <translation>未写出“%1”。</translation>
+    </message>
+    <message>
+        <source>After part %1 there are no further values for: %2. No file was written.</source>
+        <translation>第 %1 件之后，以下文本不再有值：%2。未写出任何文件。</translation>
+    </message>
+    <message>
+        <source>Making the job...</source>
+        <translation>正在生成作业...</translation>
+    </message>
+    <message>
+        <source>Not all shapes could be turned into marks.</source>
+        <translation>并非所有图形都能转换为标刻路径。</translation>
+    </message>
+    <message>
+        <source>Only G-code can hold several parts with a pause between them. Write one file a part.</source>
+        <translation>只有 G 代码能在一个文件中以暂停分隔多件。请每件写一个文件。</translation>
+    </message>
+    <message>
+        <source>The name has to end in one of %1.</source>
+        <translation>文件名必须以 %1 之一结尾。</translation>
+    </message>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>内存不足。</translation>
+    </message>
+    <message>
+        <source>There is nothing to mark.</source>
+        <translation>没有可标刻的内容。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::JobPanel</name>
+    <message>
+        <source>%1 s a part (marking %2, jumps %3, delays %4; %5)</source>
+        <translation>每件 %1 秒（标刻 %2，空跳 %3，延时 %4；%5）</translation>
+    </message>
+    <message>
+        <source>&amp;Inner outlines before outer ones</source>
+        <translation>先内轮廓后外轮廓(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Keep as...</source>
+        <translation>保存为(&amp;K)...</translation>
+    </message>
+    <message>
+        <source>&amp;Material</source>
+        <translation>材料(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Other...</source>
+        <translation>其他(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>After outlines</source>
+        <translation>轮廓之后</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>Anywhere</source>
+        <translation>任意位置</translation>
+    </message>
+    <message>
+        <source>As drawn</source>
+        <translation>按绘制顺序</translation>
+    </message>
+    <message>
+        <source>Before outlines</source>
+        <translation>轮廓之前</translation>
+    </message>
+    <message>
+        <source>Choose...</source>
+        <translation>选择...</translation>
+    </message>
+    <message>
+        <source>E&amp;xport job...</source>
+        <translation>导出作业(&amp;X)...</translation>
+    </message>
+    <message>
+        <source>From a file...</source>
+        <translation>从文件...</translation>
+    </message>
+    <message>
+        <source>Hatch&amp;es</source>
+        <translation>填充(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Keep these pens as a material under a name</source>
+        <translation>将这些笔以某一名称保存为材料</translation>
+    </message>
+    <message>
+        <source>Kept as %1</source>
+        <translation>已保存为 %1</translation>
+    </message>
+    <message>
+        <source>Mac&amp;hine</source>
+        <translation>机器(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Machine profile</source>
+        <translation>机器配置</translation>
+    </message>
+    <message>
+        <source>Machine profiles (*.json)</source>
+        <translation>机器配置 (*.json)</translation>
+    </message>
+    <message>
+        <source>Material</source>
+        <translation>材料</translation>
+    </message>
+    <message>
+        <source>Materials (*.json)</source>
+        <translation>材料 (*.json)</translation>
+    </message>
+    <message>
+        <source>Name of the material:</source>
+        <translation>材料名称：</translation>
+    </message>
+    <message>
+        <source>Nearest end next</source>
+        <translation>就近端点优先</translation>
+    </message>
+    <message>
+        <source>O&amp;rder</source>
+        <translation>顺序(&amp;R)</translation>
+    </message>
+    <message>
+        <source>P&amp;ens of this drawing</source>
+        <translation>本图纸的笔(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Pen &amp;by pen</source>
+        <translation>逐笔标刻(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Pens of %1</source>
+        <translation>%1 的笔</translation>
+    </message>
+    <message>
+        <source>Pens of this drawing</source>
+        <translation>本图纸的笔</translation>
+    </message>
+    <message>
+        <source>Pre&amp;view...</source>
+        <translation>预览(&amp;V)...</translation>
+    </message>
+    <message>
+        <source>Read a machine profile from a file</source>
+        <translation>从文件读取机器配置</translation>
+    </message>
+    <message>
+        <source>Shortest found</source>
+        <translation>所找到的最短</translation>
+    </message>
+    <message>
+        <source>pen %1 %2</source>
+        <translation>笔 %1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>studio::JobPreview</name>
+    <message>
+        <source>%1 of %2 s</source>
+        <translation>%1 / %2 秒</translation>
+    </message>
+    <message>
+        <source>&amp;Arrows</source>
+        <translation>箭头(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Colours by</source>
+        <translation>颜色依据(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Jumps</source>
+        <translation>空跳(&amp;J)</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>暂停(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>播放(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Starting points</source>
+        <translation>起点(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Update</source>
+        <translation>更新(&amp;U)</translation>
+    </message>
+    <message>
+        <source>C&amp;lose</source>
+        <translation>关闭(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Click a line to see what it is.</source>
+        <translation>单击线条可查看其内容。</translation>
+    </message>
+    <message>
+        <source>Delays</source>
+        <translation>延时</translation>
+    </message>
+    <message>
+        <source>E&amp;xport job...</source>
+        <translation>导出作业(&amp;X)...</translation>
+    </message>
+    <message>
+        <source>Jumps</source>
+        <translation>空跳</translation>
+    </message>
+    <message>
+        <source>Marking</source>
+        <translation>标刻</translation>
+    </message>
+    <message>
+        <source>Moment of the job</source>
+        <translation>作业时刻</translation>
+    </message>
+    <message>
+        <source>Nothing speaks against this job.</source>
+        <translation>未发现此作业的问题。</translation>
+    </message>
+    <message>
+        <source>One part</source>
+        <translation>一件</translation>
+    </message>
+    <message>
+        <source>Order</source>
+        <translation>顺序</translation>
+    </message>
+    <message>
+        <source>Order &amp;numbers</source>
+        <translation>顺序号(&amp;N)</translation>
+    </message>
+    <message>
+        <source>PDF report (*.pdf)</source>
+        <translation>PDF 报告 (*.pdf)</translation>
+    </message>
+    <message>
+        <source>Pac&amp;e</source>
+        <translation>速度倍率(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>笔</translation>
+    </message>
+    <message>
+        <source>Pen %1</source>
+        <translation>笔 %1</translation>
+    </message>
+    <message>
+        <source>Picture (*.png)</source>
+        <translation>图片 (*.png)</translation>
+    </message>
+    <message>
+        <source>Piece %1 of %2: %3, %4, pen %5, pass %6, from %7 to %8 s</source>
+        <translation>第 %1 段，共 %2 段：%3，%4，笔 %5，第 %6 遍，%7 至 %8 秒</translation>
+    </message>
+    <message>
+        <source>Preview of the job</source>
+        <translation>作业预览</translation>
+    </message>
+    <message>
+        <source>Report written to %1</source>
+        <translation>报告已写入 %1</translation>
+    </message>
+    <message>
+        <source>Save &amp;report...</source>
+        <translation>保存报告(&amp;R)...</translation>
+    </message>
+    <message>
+        <source>Save report</source>
+        <translation>保存报告</translation>
+    </message>
+    <message>
+        <source>Seconds</source>
+        <translation>秒</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>速度</translation>
+    </message>
+    <message>
+        <source>The drawing or the pens have changed since.</source>
+        <translation>图纸或笔此后已有更改。</translation>
+    </message>
+    <message>
+        <source>The report was not written: %1</source>
+        <translation>未写出报告：%1</translation>
+    </message>
+    <message>
+        <source>To be &amp;looked at: %1</source>
+        <translation>需要检查(&amp;L)：%1</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>合计</translation>
+    </message>
+    <message>
+        <source>hatch %1</source>
+        <translation>填充 %1</translation>
+    </message>
+    <message>
+        <source>outline</source>
+        <translation>轮廓</translation>
+    </message>
+</context>
+<context>
+    <name>studio::JobReport</name>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+    <message>
+        <source>%1 s (marking %2, jumps %3, delays %4)</source>
+        <translation>%1 秒（标刻 %2，空跳 %3，延时 %4）</translation>
+    </message>
+    <message>
+        <source>%1 x %2 mm</source>
+        <translation>%1 x %2 毫米</translation>
+    </message>
+    <message>
+        <source>Checks</source>
+        <translation>检查</translation>
+    </message>
+    <message>
+        <source>Field</source>
+        <translation>工作区</translation>
+    </message>
+    <message>
+        <source>Job</source>
+        <translation>作业</translation>
+    </message>
+    <message>
+        <source>Machine</source>
+        <translation>机器</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Nothing speaks against this job.</source>
+        <translation>未发现此作业的问题。</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>笔</translation>
+    </message>
+    <message>
+        <source>Pens</source>
+        <translation>笔</translation>
+    </message>
+    <message>
+        <source>Seconds</source>
+        <translation>秒</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>尺寸</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>时间</translation>
+    </message>
+    <message>
+        <source>Times</source>
+        <translation>遍数</translation>
+    </message>
+    <message>
+        <source>kHz</source>
+        <translation>千赫</translation>
+    </message>
+    <message>
+        <source>mm/s</source>
+        <translation>毫米/秒</translation>
+    </message>
+</context>
+<context>
+    <name>studio::JobSettings</name>
+    <message>
+        <source>The machine profile &quot;%1&quot; cannot be read.</source>
+        <translation>无法读取机器配置“%1”。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::JobTools</name>
+    <message>
+        <source>&amp;Export all the same</source>
+        <translation>仍然导出(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Show them</source>
+        <translation>显示(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Look at this before you mark.</source>
+        <translation>标刻前请检查以下内容。</translation>
+    </message>
+    <message>
+        <source>Making the job...</source>
+        <translation>正在生成作业...</translation>
+    </message>
+    <message>
+        <source>Not all shapes could be turned into marks.</source>
+        <translation>并非所有图形都能转换为标刻路径。</translation>
+    </message>
+    <message>
+        <source>There is no job.</source>
+        <translation>没有作业。</translation>
+    </message>
+    <message>
+        <source>There is nothing to mark.</source>
+        <translation>没有可标刻的内容。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::MaterialStore</name>
+    <message>
+        <source>The material &quot;%1&quot; cannot be read.</source>
+        <translation>无法读取材料“%1”。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::PenModel</name>
+    <message>
+        <source>&quot;%1&quot; is not a number that can stand here</source>
+        <translation>“%1”不是此处可用的数</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation>开</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>笔</translation>
+    </message>
+    <message>
+        <source>Power</source>
+        <translation>功率方式</translation>
+    </message>
+    <message>
+        <source>Pulse, ns</source>
+        <translation>脉宽，纳秒</translation>
+    </message>
+    <message>
+        <source>Times</source>
+        <translation>遍数</translation>
+    </message>
+    <message>
+        <source>constant</source>
+        <translation>恒定</translation>
+    </message>
+    <message>
+        <source>constant: the same power at any speed; dynamic: lowered where the head slows down. Double click changes it.</source>
+        <translation>恒定：任何速度下功率相同；动态：减速处降低功率。双击可更改。</translation>
+    </message>
+    <message>
+        <source>dynamic</source>
+        <translation>动态</translation>
+    </message>
+    <message>
+        <source>kHz</source>
+        <translation>千赫</translation>
+    </message>
+    <message>
+        <source>mm/s</source>
+        <translation>毫米/秒</translation>
     </message>
 </context>
 </TS>

@@ -3,6 +3,7 @@
 #include <studio/commands/TextState.h>
 #include <studio/text/StrokeFonts.h>
 
+#include <hostkit/items/ItemExtras.h>
 #include <hostkit/text/StrokeFont.h>
 
 #include <cmath>
@@ -113,6 +114,7 @@ TextSettings TextSettings::of(const ZTGraphicsTextItem &item)
     settings.fixedText = item.getFixedText();
     settings.isVariant = item.isEnableVariantText();
     settings.variantText = storedVariantText(item);
+    settings.valuesPerPart = hostkit::itemExtras(item).valuesPerPart;
     settings.kind = param.fontType;
     settings.font = param.font;
     settings.enName = param.shxFont.enName;

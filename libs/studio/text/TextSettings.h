@@ -16,6 +16,8 @@ struct TextSettings
     bool isVariant = false;
     ZTVariantText variantText; ///< kept while it is switched off
 
+    int valuesPerPart = 1; ///< of the variant text, where shapes share its counter; not set here
+
     FontType kind = FontType::doubleLine;
     QFont font;               ///< family and style of the system font; its size is not looked at
     QString enName;           ///< file of the stroke font for letters
