@@ -2,7 +2,26 @@
 
 #include <studio/commands/FramePause.h>
 
+#include <array>
+#include <cstring>
+
 namespace studio {
+
+namespace {
+
+/** To the last bit: a 0 that has become a negative one is equal, and saved as another number. */
+bool isSame(const QTransform &a, const QTransform &b)
+{
+    const auto numbers = [](const QTransform &t) {
+        return std::array<double, 9>{t.m11(), t.m12(), t.m13(), t.m21(), t.m22(),
+                                     t.m23(), t.m31(), t.m32(), t.m33()};
+    };
+    const auto one = numbers(a);
+    const auto other = numbers(b);
+    return std::memcmp(one.data(), other.data(), sizeof one) == 0;
+}
+
+} // namespace
 
 ItemGeometryCommand::ItemGeometryCommand(ZTGraphicsScene *changedScene,
                                          const ShapeItems &changedItems, const QString &text)
@@ -28,7 +47,7 @@ void ItemGeometryCommand::restore(const QVector<State> &states)
     for (int i = 0; i < m_items.size(); ++i) {
         if (!m_items[i])
             continue;
-        if (m_items[i]->getTransformParam() != states[i].transform)
+        if (!isSame(m_items[i]->getTransformParam(), states[i].transform))
             m_items[i]->setTransformParam(states[i].transform);
         m_items[i]->setPos(states[i].posPx);
     }

@@ -1325,10 +1325,6 @@
         <source>Job written to %1, files: %2</source>
         <translation>作业已写入 %1，文件数：%2</translation>
     </message>
-    <message>
-        <source>&amp;Job</source>
-        <translation>作业(&amp;J)</translation>
-    </message>
 </context>
 <context>
     <name>studio::MatrixDialog</name>

@@ -4,6 +4,8 @@
 
 #include <QtTest/QTest>
 
+#include <cmath>
+
 using studio::MirrorCommand;
 using studio::RotateCommand;
 using studio::ShapeItem;
@@ -79,6 +81,21 @@ private Q_SLOTS:
         test->select({items[2]});
         stack()->redo();
         COMPARE_DRAWINGS(test->snapshot(), after);
+    }
+
+    // A 0 and a negative one are equal, and two numbers in a file.
+    void undo_givesBackTheSignOfNothing()
+    {
+        ShapeItem *item = test->addRect(0, 0);
+        item->setTransformParam(QTransform(1, 0, 0, 1, 0, 0.0));
+        test->select({item});
+        push<MirrorCommand>(MirrorCommand::TopToBottom);
+        push<MirrorCommand>(MirrorCommand::TopToBottom);
+        item->getTransformParam().setMatrix(1, 0, 0, 0, 1, 0, 0, -0.0, 1);
+        stack()->undo();
+        stack()->undo();
+        QVERIFY(!std::signbit(item->getTransformParam().dy()));
+        QCOMPARE(item->getTransformParam(), QTransform());
     }
 
     void frame_fitsAfterEachStep()

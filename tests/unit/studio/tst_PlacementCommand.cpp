@@ -4,9 +4,12 @@
 
 #include <QtTest/QTest>
 
+using studio::moved;
 using studio::Placement;
 using studio::PlacementCommand;
 using studio::ShapeItem;
+using studio::stretched;
+using studio::turned;
 
 class tst_PlacementCommand : public QObject
 {
