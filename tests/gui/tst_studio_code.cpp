@@ -6,6 +6,8 @@
 #include <studio/code/CodeDialog.h>
 #include <studio/code/CodeTools.h>
 #include <studio/code/VerifyDialog.h>
+#include <studio/job/JobExporter.h>
+#include <studio/job/JobTools.h>
 #include <studio/text/TextTools.h>
 
 #include <QtWidgets/QCheckBox>
@@ -315,6 +317,32 @@ private Q_SLOTS:
         }
         QTRY_VERIFY(QFile::exists(path));
         QTRY_VERIFY(!studio->window->exporter().isBusy());
+    }
+
+    void jobOfParts_isNotWrittenWhereACodeOfOneCannotBeMade()
+    {
+        studio->create("create.barcode");
+        studio->choose("kind", "Interleaved 2 of 5");
+        studio->check("variantText");
+        studio->box<QToolButton>("removeSegment")->click(); // what was typed
+        studio->box<QToolButton>("addSegment")->menu()->actions().at(1)->trigger();
+        studio->enter("counterWidth", "0");
+        studio->enter("counterStart", "98");
+        studio->close(kOk);
+        studio::JobExporter &exporter = studio->window->job().exporter();
+        studio::JobExport wanted;
+        wanted.path = studio->path("job.nc");
+        wanted.isOneFile = true;
+        wanted.parts = 3; // 98, 99, and 100, which leaves a digit over
+        QVERIFY(!exporter.write(wanted, studio::JobSettings::load()));
+        QVERIFY(!QFile::exists(wanted.path));
+        QCOMPARE(studio->messages->failures.size(), 1);
+        const QString said = studio->messages->failures.first().why;
+        QVERIFY2(said.contains(QStringLiteral("Part 3 cannot be made")), qPrintable(said));
+        QCOMPARE(texts(), list("98"));
+        wanted.parts = 2;
+        QVERIFY(exporter.write(wanted, studio::JobSettings::load()));
+        QVERIFY(QFile::exists(wanted.path));
     }
 
     void variantContent_showsTheNextParts_andMovesOn()

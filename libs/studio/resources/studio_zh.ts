@@ -3252,6 +3252,10 @@
         <source>There is nothing to mark.</source>
         <translation>没有可标刻的内容。</translation>
     </message>
+    <message>
+        <source>Part %1 cannot be made as asked for: %2. No file was written.</source>
+        <translation>第 %1 件无法按要求生成：%2。没有写出任何文件。</translation>
+    </message>
 </context>
 <context>
     <name>studio::JobPanel</name>
