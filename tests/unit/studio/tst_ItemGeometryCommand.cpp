@@ -87,12 +87,10 @@ private Q_SLOTS:
     void undo_givesBackTheSignOfNothing()
     {
         ShapeItem *item = test->addRect(0, 0);
-        item->setTransformParam(QTransform(1, 0, 0, 1, 0, 0.0));
         test->select({item});
         push<MirrorCommand>(MirrorCommand::TopToBottom);
-        push<MirrorCommand>(MirrorCommand::TopToBottom);
+        // As others may leave it: equal to what it was before.
         item->getTransformParam().setMatrix(1, 0, 0, 0, 1, 0, 0, -0.0, 1);
-        stack()->undo();
         stack()->undo();
         QVERIFY(!std::signbit(item->getTransformParam().dy()));
         QCOMPARE(item->getTransformParam(), QTransform());
