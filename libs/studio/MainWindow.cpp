@@ -223,6 +223,7 @@ void MainWindow::buildProperties()
 {
     m_panel = new ShapePanel(*m_drawing, *m_actions, this);
     connect(m_panel, &ShapePanel::wordsWanted, m_textTools, &TextTools::showDialog);
+    connect(m_panel, &ShapePanel::codeSettingsWanted, m_codeTools, &CodeTools::showDialog);
     addDockWidget(Qt::RightDockWidgetArea, m_panel);
     m_list = new ShapeList(*m_drawing, this);
     addDockWidget(Qt::RightDockWidgetArea, m_list);

@@ -15,6 +15,7 @@
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMessageBox>
@@ -450,6 +451,40 @@ private Q_SLOTS:
         studio->close(kOk);
         const double growthPx = ZTCoord::getInstance()->mm2pix(0.1);
         QVERIFY(qAbs(item->boundingRect().width() - (before.width() - growthPx)) < 1e-6);
+    }
+
+    void panel_tellsOfTheCode_andSetsTheModuleOfAll()
+    {
+        CodeItem *first = studio->create();
+        studio->close(kOk);
+        CodeItem *second = studio->create();
+        studio->close(kOk);
+        const auto inPanel = [this](const char *name) {
+            return studio->window->findChild<QWidget *>(QString::fromLatin1(name));
+        };
+        auto *summary = static_cast<QLabel *>(inPanel("panel.codeSummary"));
+        QTRY_COMPARE(summary->text(), QStringLiteral("12 x 12, 6.0 mm, reads: SN-0001"));
+        second->scale(2.0, 2.0);
+        studio->select({first, second});
+        QTRY_COMPARE(summary->text(), QStringLiteral("2 codes"));
+        QVERIFY(!inPanel("panel.codeSettings")->isEnabled());
+        const QByteArray before = studio->bytes();
+        const int steps = studio->stack().count();
+        auto *module = static_cast<QLineEdit *>(inPanel("panel.module"));
+        module->setFocus();
+        module->selectAll();
+        QTest::keyClicks(module, QStringLiteral("0.4"));
+        QTest::keyClick(module, Qt::Key_Return);
+        QTRY_COMPARE(studio->stack().count(), steps + 1);
+        QCOMPARE(first->moduleMm(), 0.4);
+        QCOMPARE(second->moduleMm(), 0.4);
+        QVERIFY(studio->run("edit.undo"));
+        QCOMPARE(studio->bytes(), before);
+        studio->select({first});
+        QTRY_VERIFY(inPanel("panel.codeSettings")->isEnabled());
+        QTest::mouseClick(inPanel("panel.codeSettings"), Qt::LeftButton);
+        QVERIFY(studio->dialog() != nullptr && studio->dialog()->isVisible());
+        studio->close(kCancel);
     }
 
     void verify_readsEveryCode_theTroubledFirst()

@@ -3710,4 +3710,27 @@
         <translation>毫米/秒</translation>
     </message>
 </context>
+<context>
+    <name>studio::CodeSection</name>
+    <message>
+        <source>Module</source>
+        <translation>模块</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
+    </message>
+    <message>
+        <source>Width of the narrowest bar, or of one square, in mm</source>
+        <translation>最窄的条或一个方块的宽度（mm）</translation>
+    </message>
+    <message>
+        <source>Code settings...</source>
+        <translation>码设置...</translation>
+    </message>
+    <message>
+        <source>%1 codes</source>
+        <translation>%1 个码</translation>
+    </message>
+</context>
 </TS>
