@@ -32,7 +32,7 @@ bool areHereAlone(const ShapeItems &items)
     });
 }
 
-/** Widths of the columns in characters; the last one takes what is left. */
+/** Widths of the columns in characters; the name takes what is left. */
 constexpr int kColumnCharacters[] = {13, 3, 5, 4, 4, 4, 9};
 
 } // namespace
@@ -55,6 +55,8 @@ ShapeList::ShapeList(ZTGraphicsDocument &document, QWidget *parent)
     const int character = fontMetrics().averageCharWidth();
     for (int column = 0; column < ShapeListModel::ColumnCount; ++column)
         header.resizeSection(column, kColumnCharacters[column] * character + 2 * kMargin);
+    header.setStretchLastSection(false);
+    header.setSectionResizeMode(ShapeListModel::Name, QHeaderView::Stretch);
 
     auto *body = new QWidget(this);
     auto *layout = new QVBoxLayout(body);

@@ -283,8 +283,11 @@ QVariant ShapeListModel::itemData(const Node &node, int column, int role) const
     }
     switch (column) {
     case Name:
-        if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
+        if (role == Qt::DisplayRole)
             return calledName(item, hostkit::itemExtras(item));
+        if (role == Qt::ToolTipRole)
+            return QStringLiteral("%1: %2").arg(kindName(item.getShapeType()),
+                                                calledName(item, hostkit::itemExtras(item)));
         if (role == Qt::DecorationRole)
             return kindIcon(item.getShapeType());
         if (role == Qt::EditRole)

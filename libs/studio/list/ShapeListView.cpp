@@ -3,10 +3,18 @@
 #include <QtCore/QMimeData>
 #include <QtGui/QDrag>
 #include <QtGui/QMouseEvent>
+#include <QtGui/QResizeEvent>
+#include <QtWidgets/QHeaderView>
 
 #include <memory>
 
 namespace studio {
+
+namespace {
+
+constexpr int kRoomyCharacters = 60;
+
+} // namespace
 
 ShapeListView::ShapeListView(QWidget *parent) : QTreeView(parent)
 {
@@ -45,6 +53,16 @@ void ShapeListView::startDrag(Qt::DropActions supported)
     auto *drag = new QDrag(this);
     drag->setMimeData(model()->mimeData(rows));
     drag->exec(supported, Qt::MoveAction);
+}
+
+void ShapeListView::resizeEvent(QResizeEvent *event)
+{
+    const bool isNarrow =
+        event->size().width() < kRoomyCharacters * fontMetrics().averageCharWidth();
+    const int last = header()->count() - 1;
+    if (last >= 0 && isColumnHidden(last) != isNarrow)
+        setColumnHidden(last, isNarrow);
+    QTreeView::resizeEvent(event);
 }
 
 } // namespace studio
