@@ -37,6 +37,7 @@ class OrderMenu;
 class PropertyDock;
 class ShapeList;
 class ShapePanel;
+class PrintActions;
 class StatusBar;
 class TextTools;
 class ViewNavigation;
@@ -62,6 +63,7 @@ public:
     DocumentActions &edit() const { return *m_actions; }
     ViewNavigation &navigation() const { return *m_viewNavigation; }
     TextTools &text() const { return *m_textTools; }
+    PrintActions &printing() const { return *m_printing; }
     JobTools &job() const { return *m_jobTools; }
     CodeTools &codes() const { return *m_codeTools; }
     Exporter &exporter() const { return *m_fileExporter; }
@@ -97,6 +99,8 @@ public:
     void resetLayout(); ///< of docks and toolbars, as at the first start
     void fitSelection();
     void fitAll();
+    void showManual();
+    void showShortcuts();
     void showAbout();
 
 protected:
@@ -107,7 +111,7 @@ private:
     void buildDocument();
     void buildTree();
     void buildProperties();
-    void buildJob();
+    void buildOutput();
     void buildCommands();
     void connectState();
     void connectFiles();
@@ -139,6 +143,7 @@ private:
     ViewNavigation *m_viewNavigation = nullptr;
     TextTools *m_textTools = nullptr;
     JobTools *m_jobTools = nullptr;
+    PrintActions *m_printing = nullptr;
     CodeTools *m_codeTools = nullptr;
     Exporter *m_fileExporter = nullptr;
     DrawingTools *m_tools = nullptr;
