@@ -4,6 +4,8 @@
 
 #include <QtTest/QTest>
 
+#include <cmath>
+
 using studio::MirrorCommand;
 using studio::RotateCommand;
 using studio::ShapeItem;
@@ -38,6 +40,20 @@ private Q_SLOTS:
         push<MirrorCommand>(MirrorCommand::TopToBottom);
         QCOMPARE(studio::sceneBox(*upper), QRectF(0, 80, side, side));
         QCOMPARE(studio::sceneBox(*lower), QRectF(30, 0, side, side));
+    }
+
+    void mirror_flatShape_isUndoneToTheSignOfItsZero()
+    {
+        ShapeItem *flat = test->addRect(0, 0);
+        flat->setTransformParam(QTransform::fromScale(2.0, 0.0));
+        test->select({flat});
+        push<MirrorCommand>(MirrorCommand::TopToBottom);
+        QVERIFY(std::signbit(flat->getTransformParam().m22())); // 0 times -1
+        stack()->undo();
+        QCOMPARE(flat->getTransformParam().m22(), 0.0);
+        QVERIFY(!std::signbit(flat->getTransformParam().m22()));
+        stack()->redo();
+        QVERIFY(std::signbit(flat->getTransformParam().m22()));
     }
 
     void rotate_oneShape_turnsAboutItsMiddle()
