@@ -38,6 +38,10 @@ QString nameOf(ShapeType kind)
         return DrawingInfo::tr("texts: %1");
     case ShapeType::VecGraph:
         return DrawingInfo::tr("imported plotter drawings: %1");
+    case ShapeType::QRCode:
+        return DrawingInfo::tr("codes: %1");
+    case ShapeType::BarCode:
+        return DrawingInfo::tr("bar codes: %1");
     default:
         return DrawingInfo::tr("others: %1");
     }
@@ -198,6 +202,8 @@ void DrawingInfo::printFindings() const
             printEntry(tr("and %1 more").arg(names.size() - hostkit::kMostShapesNamed));
     };
     printShapesOf(tr("Outside the field:"), outside);
+    if (!findings.notReady.isEmpty())
+        printShapesOf(tr("Not as asked for:"), findings.notReady);
     printShapesOf(tr("Without length:"), findings.withoutLength);
     printShapesOf(tr("Marked twice:"), findings.doubled);
 }

@@ -39,6 +39,10 @@ MarkCommand::MarkCommand(CLI::App &app)
     m_command->add_flag(
         "--outside", m_marksOutside,
         tr("Mark a drawing also where its shapes reach out of its work area").toStdString());
+    m_command->add_flag("--as-shown", m_marksAsShown,
+                        tr("Mark also what does not show what it was given, such as a code that "
+                           "cannot\nhold its content")
+                            .toStdString());
     m_fonts.addOption(m_command);
     m_command->final_callback([this] { checkTogether(); });
     m_command->footer(
@@ -134,6 +138,12 @@ int MarkCommand::markDrawing(Progress &progress)
         console::complain(m_files.names.front(),
                           tr("nothing written: shapes outside the work area are "
                              "marked with --outside alone"));
+        return console::Failed;
+    }
+    if (!marks.findings.notReady.isEmpty() && !m_marksAsShown) {
+        console::complain(m_files.names.front(),
+                          tr("nothing written: what does not show what it was given is marked "
+                             "with --as-shown alone"));
         return console::Failed;
     }
     const bool written = m_job.write(marks.graph, m_job.outputs, progress, marks.units);

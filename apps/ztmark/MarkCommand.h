@@ -39,5 +39,6 @@ private:
     JobArguments m_job;
     ForeignFiles m_foreign;
     bool m_marksOutside = false;
+    bool m_marksAsShown = false;
     FontFolders m_fonts;
 };

@@ -81,12 +81,12 @@ void setOptions(const CodeSpec &spec, zint_symbol *symbol)
     symbol->input_mode = info.isGs1 ? GS1_MODE : UNICODE_MODE;
     if (spec.hasEscapes)
         symbol->input_mode |= ESCAPE_MODE;
-    if (spec.charset == CodeCharset::Utf8)
-        symbol->eci = kEciUtf8;
-    else if (spec.charset == CodeCharset::Gbk)
+    // Without one the encoder takes a character set that readers must guess.
+    const bool needsUtf8 = !info.isLinear && isBeyondLatin1(spec.content);
+    if (spec.charset == CodeCharset::Gbk)
         symbol->eci = kEciGb18030;
-    else if (!infoOf(spec.kind).isLinear && isBeyondLatin1(spec.content))
-        symbol->eci = kEciUtf8; // else the encoder takes a character set that readers must guess
+    else if (spec.charset == CodeCharset::Utf8 || needsUtf8)
+        symbol->eci = kEciUtf8;
     if (spec.level > 0)
         symbol->option_1 = spec.kind == CodeKind::Pdf417 ? spec.level - 1 : spec.level;
     if (spec.version > 0)

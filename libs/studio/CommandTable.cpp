@@ -10,6 +10,8 @@
 #include <studio/code/CodeTools.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/groups/GroupTools.h>
+#include <studio/job/JobTools.h>
+#include <studio/panel/ShapePanel.h>
 #include <studio/text/TextTools.h>
 
 #include <QtCore/QCoreApplication>
@@ -96,6 +98,13 @@ const QVector<Command> kFixedCommands = {
      [](MainWindow &w) { w.chooseExport(false); }},
     {"file.exportSelection", TEXT("Export mark paths of se&lection..."), "", "Ctrl+Shift+E", "",
      Needs::Selection, kWindow, [](MainWindow &w) { w.chooseExport(true); }},
+    {"job.preview", TEXT("Pre&view..."), "preview", "F5",
+     TEXT("Play the job: order, jumps and the time it takes"), Needs::Shapes, kWindow,
+     [](MainWindow &window) { window.job().showPreview(); }},
+    {"job.export", TEXT("E&xport job..."), "", "Ctrl+J",
+     TEXT("Write a file that the machine runs"), Needs::Shapes, kWindow,
+     [](MainWindow &window) { window.job().chooseExport(); }},
+
     {"file.quit", TEXT("&Quit"), "", "Ctrl+Q", "", Needs::Nothing, kWindow,
      [](MainWindow &w) { w.close(); }},
 
@@ -132,6 +141,10 @@ const QVector<Command> kFixedCommands = {
     {"edit.deselect", TEXT("Select n&othing"), "", "Esc", "", Needs::Selection, kView,
      [](MainWindow &w) { w.leaveOrDeselect(); }},
 
+    {"edit.values", TEXT("Exact &values"), "", "F6",
+     TEXT("Type place, size and angle into the shape panel"), Needs::Selection, kWindow,
+     [](MainWindow &w) { w.panel().startTyping(); }},
+
     {"text.type", TEXT("&Type on the drawing"), "", "F2",
      TEXT("Type into the selected text on the drawing"), Needs::OneText, kView,
      [](MainWindow &w) { w.text().typeIntoSelected(); }},
@@ -142,6 +155,9 @@ const QVector<Command> kFixedCommands = {
      TEXT("Move all variant texts on to the next part"), Needs::Shapes, kWindow,
      [](MainWindow &w) { w.text().nextPart(); }},
 
+    {"text.shareCounter", TEXT("S&hare one counter"), "", "",
+     TEXT("Give each of the selected texts and codes the next value of one counter"),
+     Needs::TwoSelected, kWindow, [](MainWindow &w) { w.text().shareCounter(); }},
     {"code.settings", TEXT("Code &settings..."), "code-settings", "Ctrl+B",
      TEXT("Kind, content, size and hatch of the selected code"), Needs::OneCode, kWindow,
      [](MainWindow &w) { w.codes().showDialog(); }},
@@ -188,6 +204,10 @@ const QVector<Command> kFixedCommands = {
      [](MainWindow &w) { w.fitSelection(); }},
     {"view.fitAll", TEXT("Fit &all"), "", "Ctrl+2", TEXT("Show the whole drawing"), Needs::Shapes,
      kWindow, [](MainWindow &w) { w.fitAll(); }},
+
+    {"view.resetLayout", TEXT("&Reset layout"), "", "",
+     TEXT("Put panels and toolbars where they were at first"), Needs::Nothing, kWindow,
+     [](MainWindow &w) { w.resetLayout(); }},
 
     {"nudge.left", TEXT("Left by 1 mm"), "", "Left", "", Needs::Selection, kView, &nudge<-1, 0>},
     {"nudge.right", TEXT("Right by 1 mm"), "", "Right", "", Needs::Selection, kView, &nudge<1, 0>},

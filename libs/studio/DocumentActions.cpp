@@ -5,8 +5,11 @@
 #include <studio/UndoTexts.h>
 #include <studio/canvas/ShapePlace.h>
 #include <studio/code/CodeEdit.h>
+#include <studio/commands/ExtrasCommand.h>
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/commands/ItemValueCommand.h>
+#include <studio/commands/UndoMacro.h>
+#include <studio/text/SharedCounter.h>
 #include <studio/text/StrokeFonts.h>
 
 #include <hostkit/drawing/ItemGroups.h>
@@ -16,6 +19,7 @@
 #include <QtWidgets/QUndoStack>
 
 #include <algorithm>
+#include <optional>
 
 namespace studio {
 
@@ -187,7 +191,7 @@ void DocumentActions::rotate(double angleDeg)
                                undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Rotate"))));
 }
 
-int DocumentActions::repeat(int rows, int columns, const QSizeF &gapMm)
+int DocumentActions::repeat(int rows, int columns, const QSizeF &gapMm, bool isNumbered)
 {
     const ShapeItems sources = selected();
     if (sources.size() != 1 || qint64(rows) * columns > kMaxMatrix)
@@ -199,9 +203,20 @@ int DocumentActions::repeat(int rows, int columns, const QSizeF &gapMm)
         return 0;
     for (ShapeItem *copy : copies)
         hostkit::copyItemExtras(*sources.first(), *copy);
-    push(new AddItemsCommand(m_document.itemMag(), {copies.begin(), copies.end()}, sources,
-                             undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Matrix of %1 by %2"),
-                                      {QString::number(rows), QString::number(columns)})));
+    const QString text = undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Matrix of %1 by %2"),
+                                  {QString::number(rows), QString::number(columns)});
+    std::optional<UndoMacro> macro;
+    if (ZTAbstractGraphicsTextItem *words = isNumbered ? wordsItem(sources.first()) : nullptr) {
+        macro.emplace(*m_document.undoStack(), text);
+        const hostkit::ItemExtras before = hostkit::itemExtras(*words);
+        shareCounter(*words, {copies.begin(), copies.end()});
+        const int values = hostkit::itemExtras(*words).valuesPerPart;
+        hostkit::setItemExtras(*words, before);
+        push(new ExtrasCommand(
+            sources, [values](hostkit::ItemExtras &extras) { extras.valuesPerPart = values; },
+            text));
+    }
+    push(new AddItemsCommand(m_document.itemMag(), {copies.begin(), copies.end()}, sources, text));
     return copies.size();
 }
 

@@ -57,9 +57,10 @@ public:
      * Repeats the one selected shape in rows and columns and selects the copies.
      *
      * @param gapMm space between the shapes' boxes, in x and y
+     * @param isNumbered each copy of a variant text or code has its next value, row by row
      * @return shapes made; 0 if not exactly one is selected, or more than `kMaxMatrix` would stand
      */
-    int repeat(int rows, int columns, const QSizeF &gapMm);
+    int repeat(int rows, int columns, const QSizeF &gapMm, bool isNumbered = false);
 
     void setPen(int pen);           ///< of all selected shapes
     void lockAspect(bool isLocked); ///< of all selected shapes

@@ -19,25 +19,12 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(studio::FieldCheck)
 };
 
-/** What people call a shape: its own name, or its kind, its number and its words. */
-QString nameOf(const ShapeItem &item)
-{
-    QString name = hostkit::itemExtras(item).name;
-    if (!name.isEmpty())
-        return name;
-    const QString kind = kindName(item.getShapeType());
-    const int id = item.getShapeBase()->getId();
-    const QString words = item.text().simplified();
-    return words.isEmpty() ? Texts::tr("%1 %2").arg(kind).arg(id)
-                           : Texts::tr("%1 %2 \"%3\"").arg(kind).arg(id).arg(words);
-}
-
 QStringList namesOf(const ShapeItems &shapes)
 {
     QStringList names;
     names.reserve(shapes.size());
     for (const ShapeItem *item : shapes)
-        names << nameOf(*item);
+        names << shapeName(*item);
     return names;
 }
 

@@ -27,6 +27,10 @@
 #include <studio/drawing/RecentMenu.h>
 #include <studio/groups/GroupTools.h>
 #include <studio/import/ImportDialog.h>
+#include <studio/job/JobExporter.h>
+#include <studio/job/JobPanel.h>
+#include <studio/job/JobTools.h>
+#include <studio/panel/ShapePanel.h>
 #include <studio/text/TextTools.h>
 
 #include <hostkit/drawing/SampleDrawing.h>
@@ -57,10 +61,13 @@ const QString kImportFolderKey = QStringLiteral("import/folder");
 const QString kDrawingPatterns = QStringLiteral(
     "*.svg *.dxf *.plt *.hpgl *.hpg *.hgl *.plo *.hp *.SVG *.DXF *.PLT *.HPGL *.HPG *.HGL");
 
+// Counts up when a dock comes or goes: a layout without it would be restored around it.
+constexpr int kLayoutVersion = 1;
+
 constexpr int kStatusMs = 8000;
 constexpr int kDockWidth = 320;
-constexpr int kTreeHeight = 260;
-constexpr int kPropertiesHeight = 460;
+constexpr int kTreeHeight = 240;
+constexpr int kPanelHeight = 500;
 constexpr int kIdWidth = 64;
 constexpr int kTextWidth = 70;
 constexpr int kHandlePx = 24; ///< room outside the frame that its handles may take
@@ -91,6 +98,7 @@ MainWindow::MainWindow(std::unique_ptr<Messages> told)
     buildDocument();
     buildTree();
     buildProperties();
+    buildJob();
     buildCommands();
     retranslate();
     connectState();
@@ -104,6 +112,7 @@ MainWindow::~MainWindow()
     delete m_crashGuard;
     delete m_drawingFiles;
     delete m_matrixDialog;
+    delete m_jobTools;
     delete m_codeTools;
     delete m_tools;
     delete m_groups;
@@ -114,6 +123,7 @@ MainWindow::~MainWindow()
     delete m_contextMenus;
     delete m_commandSet;
     delete m_viewNavigation;
+    delete m_panel;
     delete m_properties;
     delete m_actions;
     m_drawing->undoStack()->disconnect(this);
@@ -208,10 +218,29 @@ void MainWindow::buildTree()
 
 void MainWindow::buildProperties()
 {
+    m_panel = new ShapePanel(*m_drawing, *m_actions, this);
+    connect(m_panel, &ShapePanel::wordsWanted, m_textTools, &TextTools::showDialog);
+    addDockWidget(Qt::RightDockWidgetArea, m_panel);
+    splitDockWidget(m_panel, m_treeDock, Qt::Vertical);
     m_properties = new PropertyDock(*m_drawing, *m_actions, this);
     addDockWidget(Qt::RightDockWidgetArea, m_properties);
-    resizeDocks({m_treeDock}, {kDockWidth}, Qt::Horizontal);
-    resizeDocks({m_treeDock, m_properties}, {kTreeHeight, kPropertiesHeight}, Qt::Vertical);
+    m_properties->hide();
+    resizeDocks({m_panel}, {kDockWidth}, Qt::Horizontal);
+    resizeDocks({m_panel, m_treeDock}, {kPanelHeight, kTreeHeight}, Qt::Vertical);
+    m_firstLayout = saveState(kLayoutVersion);
+}
+
+void MainWindow::buildJob()
+{
+    m_jobTools = new JobTools(*m_drawing, *m_textTools, *m_messages, *this);
+    m_panel->addPage(&m_jobTools->panel(), [] { return tr("Job"); });
+    connect(&m_jobTools->exporter(), &JobExporter::written, this,
+            [this](const QStringList &files, int) {
+                m_status->showMessage(tr("Job written to %1, files: %2")
+                                          .arg(QDir::toNativeSeparators(files.first()))
+                                          .arg(files.size()),
+                                      kStatusMs);
+            });
 }
 
 // Not while the user works in the tree: it would jump away under the mouse.
@@ -240,8 +269,8 @@ void MainWindow::buildCommands()
     connect(recentMenu, &RecentMenu::chosen, this,
             [this](const QString &path) { files().open(path); });
     addMenus(*this, *m_commandSet, {recentMenu, m_orderMenu},
-             {m_treeDock->toggleViewAction(), m_properties->toggleViewAction(),
-              m_properties->denseRowsAction(),
+             {m_panel->toggleViewAction(), m_treeDock->toggleViewAction(),
+              m_properties->toggleViewAction(), m_properties->denseRowsAction(),
               (new LanguageMenu(*m_language, this))->menuAction()});
     addToolBars(*this, *m_commandSet);
     m_contextMenus = new ContextMenus(*m_drawing, *m_tree, *m_actions, *m_commandSet, this);
@@ -300,6 +329,7 @@ void MainWindow::connectFiles()
     connect(m_drawingFiles, &DrawingFiles::emptied, this, [this] {
         labelTree();
         m_orderMenu->restore();
+        m_jobTools->panel().refresh();
         navigation().home();
     });
     connect(m_drawingFiles, &DrawingFiles::loaded, this, &MainWindow::showReplacedDrawing);
@@ -312,6 +342,7 @@ void MainWindow::showReplacedDrawing()
 {
     labelTree();
     m_orderMenu->follow();
+    m_jobTools->panel().refresh();
     navigation().home();
     fitAll();
 }
@@ -385,7 +416,7 @@ void MainWindow::readSettings()
     const QSettings settings;
     if (!restoreGeometry(settings.value(kGeometryKey).toByteArray()))
         resize(kFirstSize);
-    restoreState(settings.value(kStateKey).toByteArray());
+    restoreState(settings.value(kStateKey).toByteArray(), kLayoutVersion);
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)
@@ -403,7 +434,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
         m_crashGuard->letGo();
     QSettings settings;
     settings.setValue(kGeometryKey, saveGeometry());
-    settings.setValue(kStateKey, saveState());
+    settings.setValue(kStateKey, saveState(kLayoutVersion));
     QMainWindow::closeEvent(event);
 }
 
@@ -523,13 +554,14 @@ void MainWindow::chooseRotation()
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setObjectName(QStringLiteral("rotationDialog"));
     dialog->setWindowTitle(tr("Rotate"));
-    dialog->setLabelText(tr("Degrees, clockwise:"));
+    dialog->setLabelText(tr("Degrees, anticlockwise:"));
     dialog->setInputMode(QInputDialog::DoubleInput);
     dialog->setDoubleDecimals(3);
     dialog->setDoubleRange(-360.0, 360.0);
     dialog->setDoubleStep(5.0);
     dialog->setDoubleValue(45.0);
-    connect(dialog, &QInputDialog::doubleValueSelected, m_actions, &DocumentActions::rotate);
+    connect(dialog, &QInputDialog::doubleValueSelected, m_actions,
+            [this](double anticlockwiseDeg) { m_actions->rotate(-anticlockwiseDeg); });
     dialog->open();
 }
 
@@ -541,6 +573,8 @@ void MainWindow::showMatrixDialog()
     m_matrixDialog->raise();
     m_matrixDialog->activateWindow();
 }
+
+void MainWindow::resetLayout() { restoreState(m_firstLayout, kLayoutVersion); }
 
 void MainWindow::fitSelection() { navigation().fit(m_drawing->scene()->getSelectionItemRect()); }
 

@@ -2,6 +2,7 @@
 
 #include <studio/Messages.h>
 
+#include <QtCore/QByteArray>
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
 #include <QtWidgets/QMainWindow>
@@ -29,10 +30,12 @@ class DrawingTools;
 class Exporter;
 class GroupTools;
 class Importer;
+class JobTools;
 class Language;
 class MatrixDialog;
 class OrderMenu;
 class PropertyDock;
+class ShapePanel;
 class StatusBar;
 class TextTools;
 class ViewNavigation;
@@ -58,9 +61,11 @@ public:
     DocumentActions &edit() const { return *m_actions; }
     ViewNavigation &navigation() const { return *m_viewNavigation; }
     TextTools &text() const { return *m_textTools; }
+    JobTools &job() const { return *m_jobTools; }
     CodeTools &codes() const { return *m_codeTools; }
     Exporter &exporter() const { return *m_fileExporter; }
     Commands &commands() const { return *m_commandSet; }
+    ShapePanel &panel() const { return *m_panel; }
     DrawingFiles &files() const { return *m_drawingFiles; }
     DrawingTools &tools() const { return *m_tools; }
     ClipboardActions &clipboard() const { return *m_clipboard; }
@@ -87,6 +92,7 @@ public:
     void pasteAtMenu();     ///< where the context menu was opened
     void leaveOrDeselect(); ///< one group outward, or else nothing selected
     void showRecovery();
+    void resetLayout(); ///< of docks and toolbars, as at the first start
     void fitSelection();
     void fitAll();
     void showAbout();
@@ -99,6 +105,7 @@ private:
     void buildDocument();
     void buildTree();
     void buildProperties();
+    void buildJob();
     void buildCommands();
     void connectState();
     void connectFiles();
@@ -123,10 +130,12 @@ private:
     ZTGraphicsDocument *m_drawing = nullptr; ///< child, as all below
     ZTObjectTreeWidget *m_tree = nullptr;
     QDockWidget *m_treeDock = nullptr;
+    ShapePanel *m_panel = nullptr;
     PropertyDock *m_properties = nullptr;
     DocumentActions *m_actions = nullptr;
     ViewNavigation *m_viewNavigation = nullptr;
     TextTools *m_textTools = nullptr;
+    JobTools *m_jobTools = nullptr;
     CodeTools *m_codeTools = nullptr;
     Exporter *m_fileExporter = nullptr;
     DrawingTools *m_tools = nullptr;
@@ -140,6 +149,7 @@ private:
     CrashGuard *m_crashGuard = nullptr; ///< null: no recovery files
     QPointer<MatrixDialog> m_matrixDialog;
     std::unique_ptr<Importer> m_importer;
+    QByteArray m_firstLayout; ///< of docks and toolbars
     QTimer m_stateTimer;
     QRectF m_paintedFramePx; ///< where the selection frame stood when it was seen last; or null
     bool m_isLetGo = false;  ///< the user closes the window, and the changes may be lost

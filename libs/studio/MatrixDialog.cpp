@@ -1,9 +1,11 @@
 #include <studio/MatrixDialog.h>
 
 #include <studio/DocumentActions.h>
+#include <studio/text/SharedCounter.h>
 
 #include <QtGui/QGuiApplication>
 #include <QtGui/QShowEvent>
+#include <QtWidgets/QCheckBox>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QFormLayout>
@@ -27,8 +29,8 @@ MatrixDialog::MatrixDialog(ZTGraphicsDocument &edited, DocumentActions &editing,
       m_rowsBox(addCount(QStringLiteral("rows"), 3)),
       m_columnsBox(addCount(QStringLiteral("columns"), 4)),
       m_acrossBox(addGap(QStringLiteral("gapAcross"))),
-      m_downBox(addGap(QStringLiteral("gapDown"))), m_hintLabel(new QLabel(this)),
-      m_createButton(new QPushButton(this))
+      m_downBox(addGap(QStringLiteral("gapDown"))), m_numberBox(new QCheckBox(this)),
+      m_hintLabel(new QLabel(this)), m_createButton(new QPushButton(this))
 {
     setObjectName(QStringLiteral("matrixDialog"));
     layOut();
@@ -87,6 +89,8 @@ void MatrixDialog::retranslate()
     m_acrossBox->setSuffix(tr(" mm"));
     m_downBox->setSuffix(tr(" mm"));
     m_createButton->setText(tr("&Create"));
+    m_numberBox->setText(tr("&Number the copies: each has the next value"));
+    m_numberBox->setToolTip(tr("The next part then goes on behind the values of all of them"));
 }
 
 void MatrixDialog::layOut()
@@ -109,6 +113,9 @@ void MatrixDialog::layOut()
     m_columnsLabel = addRow(*form, m_columnsBox);
     m_acrossLabel = addRow(*form, m_acrossBox);
     m_downLabel = addRow(*form, m_downBox);
+    m_numberBox->setObjectName(QStringLiteral("numbered"));
+    m_numberBox->setChecked(true);
+    form->addRow(m_numberBox);
     form->addRow(m_hintLabel);
     form->addRow(buttons);
 }
@@ -148,6 +155,7 @@ void MatrixDialog::refresh()
     const MatrixGrid wanted = grid();
     const bool isPossible =
         item != nullptr && wanted.cells() > 1 && wanted.cells() <= DocumentActions::kMaxMatrix;
+    m_numberBox->setVisible(isNumberable());
     m_preview->show(isPossible ? item : nullptr, wanted);
     m_createButton->setEnabled(isPossible);
     m_hintLabel->setText(hint(item, wanted));
@@ -163,6 +171,12 @@ ShapeItem *MatrixDialog::source() const
 {
     const ShapeItems selected = selectedShapeItems(*m_document.scene());
     return selected.size() == 1 ? selected.first() : nullptr;
+}
+
+bool MatrixDialog::isNumberable() const
+{
+    const ZTAbstractGraphicsTextItem *words = wordsItem(source());
+    return words != nullptr && words->isEnableVariantText();
 }
 
 QString MatrixDialog::hint(const ShapeItem *item, const MatrixGrid &wanted) const
@@ -188,7 +202,8 @@ void MatrixDialog::create()
 {
     const MatrixGrid wanted = grid();
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    m_actions.repeat(wanted.rows, wanted.columns, wanted.gapMm);
+    m_actions.repeat(wanted.rows, wanted.columns, wanted.gapMm,
+                     isNumberable() && m_numberBox->isChecked());
     QGuiApplication::restoreOverrideCursor();
 }
 

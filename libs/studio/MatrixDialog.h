@@ -5,6 +5,7 @@
 #include <QtWidgets/QDialog>
 
 QT_BEGIN_NAMESPACE
+class QCheckBox;
 class QDoubleSpinBox;
 class QFormLayout;
 class QLabel;
@@ -46,6 +47,7 @@ private:
     void create();
     MatrixGrid grid() const;
     ShapeItem *source() const;
+    bool isNumberable() const;
     QString hint(const ShapeItem *source, const MatrixGrid &grid) const;
 
     ZTGraphicsDocument &m_document;
@@ -54,6 +56,7 @@ private:
     QSpinBox *m_columnsBox;
     QDoubleSpinBox *m_acrossBox;
     QDoubleSpinBox *m_downBox;
+    QCheckBox *m_numberBox; ///< shown for what has a variant text
     QLabel *m_rowsLabel = nullptr;
     QLabel *m_columnsLabel = nullptr;
     QLabel *m_acrossLabel = nullptr;

@@ -61,6 +61,9 @@ PropertyDock::PropertyDock(ZTGraphicsDocument &shown, DocumentActions &editing, 
 
 void PropertyDock::buildControls(QVBoxLayout &layout)
 {
+    m_unitsLabel = new QLabel(this);
+    m_unitsLabel->setObjectName(QStringLiteral("propertyUnits"));
+    m_unitsLabel->setWordWrap(true);
     m_countLabel = new QLabel(this);
     m_countLabel->setObjectName(QStringLiteral("propertyCount"));
     m_countLabel->setWordWrap(true);
@@ -83,6 +86,7 @@ void PropertyDock::buildControls(QVBoxLayout &layout)
     row->addWidget(m_lockBox, 1);
     auto *controls = new QVBoxLayout;
     controls->setContentsMargins(kPanelMargin, 0, kPanelMargin, 0);
+    controls->addWidget(m_unitsLabel);
     controls->addWidget(m_countLabel);
     controls->addLayout(row);
     layout.addLayout(controls);
@@ -136,7 +140,11 @@ void PropertyDock::changeEvent(QEvent *event)
 
 void PropertyDock::retranslate()
 {
-    setWindowTitle(tr("Properties"));
+    setWindowTitle(tr("Engine properties"));
+    m_unitsLabel->setText(
+        tr("The engine's own numbers: a place is that of a shape's origin in mm, a spacing is "
+           "marked larger than it is shown here, sizes and lengths hold before a shape is turned "
+           "or resized. True measures stand in the shape panel."));
     m_denseRows->setText(tr("&Dense property rows"));
     m_penLabel->setText(tr("&Pen"));
     m_penBox->setToolTip(tr("Pen that marks the selected shapes"));

@@ -19,6 +19,8 @@ class DocumentActions;
 class PropertyGrid;
 
 /**
+ * The engine's own grid, in its own numbers; the shape panel has the true ones.
+ *
  * Shows what can be changed about the selected shapes: the pen and the lock of the proportions of
  * all of them, and the properties of the first, the lowest in the drawing.
  *
@@ -53,6 +55,7 @@ private:
     ZTGraphicsDocument &m_document;
     DocumentActions &m_actions;
     QAction *m_denseRows = nullptr;
+    QLabel *m_unitsLabel = nullptr;
     QLabel *m_countLabel = nullptr;
     QLabel *m_penLabel = nullptr;
     QComboBox *m_penBox = nullptr;

@@ -33,6 +33,7 @@ constexpr Title kMenuTitles[] = {
     {"toolsMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "T&ools")},
     {"arrangeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Arrange")},
     {"nudgeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Nudge")},
+    {"jobMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Job")},
     {"viewMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&View")},
     {"helpMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Help")},
 };
@@ -102,10 +103,12 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
                  "file.exportAll", "file.exportSelection", "-", "file.quit"});
     file.insertMenu(file.actions().at(2), fileMenus.recent);
     file.insertMenu(commands.action("file.exportAll"), fileMenus.order);
-    addMenu(window, "editMenu", commands,
-            {"edit.undo", "edit.redo", "-", "edit.cut", "edit.copy", "edit.paste",
-             "edit.pasteInPlace", "edit.pasteHere", "-", "edit.duplicate", "edit.delete", "-",
-             "edit.group", "edit.ungroup", "-", "edit.selectAll", "edit.invert", "edit.deselect"});
+    QMenu &edit = addMenu(window, "editMenu", commands,
+                          {"edit.undo", "edit.redo", "-", "edit.cut", "edit.copy", "edit.paste",
+                           "edit.pasteInPlace", "edit.pasteHere", "-", "edit.duplicate",
+                           "edit.delete", "-", "edit.group", "edit.ungroup", "-", "edit.selectAll",
+                           "edit.invert", "edit.deselect", "-"});
+    edit.addAction(commands.action("edit.values"));
     QMenu &create = addMenu(window, "createMenu", commands,
                             {"create.rectangle", "create.ellipse", "create.polygon", "create.line",
                              "create.tdot", "create.text", "create.code", "create.barcode", "-"});
@@ -114,7 +117,7 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
     fill(*draw, commands, kTools);
     addMenu(window, "textMenu", commands,
             {"create.text", "-", "text.type", "text.settings", "-", "create.code", "create.barcode",
-             "code.settings", "-", "text.nextPart"});
+             "code.settings", "-", "text.nextPart", "text.shareCounter"});
     QMenu &arrange =
         addMenu(window, "arrangeMenu", commands,
                 {"arrange.left", "arrange.hcenter", "arrange.right", "arrange.top",
@@ -127,10 +130,12 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
          {"nudge.left", "nudge.right", "nudge.up", "nudge.down", "-", "nudge.farLeft",
           "nudge.farRight", "nudge.farUp", "nudge.farDown", "-", "nudge.fineLeft",
           "nudge.fineRight", "nudge.fineUp", "nudge.fineDown"});
+    addMenu(window, "jobMenu", commands, {"job.preview", "job.export", "-", "text.nextPart"});
     QMenu &view = addMenu(
         window, "viewMenu", commands,
         {"view.zoomIn", "view.zoomOut", "view.home", "-", "view.fitSelection", "view.fitAll", "-"});
     view.addActions(viewActions);
+    view.addAction(commands.action("view.resetLayout"));
     addMenu(window, "toolsMenu", commands, {"tools.verifyCodes"});
     addMenu(window, "helpMenu", commands, {"help.about"});
 }
@@ -151,7 +156,7 @@ void addToolBars(QMainWindow &window, const Commands &commands)
     addToolBar(window, "viewToolBar", Qt::TopToolBarArea, commands,
                {"view.zoomOut", "view.zoomIn", "view.home", "view.fitSelection"});
     addToolBar(window, "textToolBar", Qt::TopToolBarArea, commands,
-               {"text.settings", "code.settings", "text.nextPart"});
+               {"text.settings", "code.settings", "text.nextPart", "job.preview"});
     addToolBar(window, "toolColumn", Qt::LeftToolBarArea, commands, kTools);
 }
 

@@ -21,7 +21,7 @@ bool isDigit(char byte) { return byte >= '0' && byte <= '9'; }
 /** The first bytes as one-byte text: without a byte order mark, two-byte text halved. */
 QByteArray readableStart(const QByteArray &start)
 {
-    const QByteArray head = start.left(kSniffedBytes);
+    QByteArray head = start.left(kSniffedBytes);
     if (head.startsWith(kByteOrderMark))
         return head.mid(3);
     if (!head.startsWith("\xFF\xFE") && !head.startsWith("\xFE\xFF"))

@@ -13,10 +13,12 @@
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QListWidget>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QSpinBox>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QToolButton>
 #include <QtWidgets/QTreeWidget>
@@ -29,6 +31,12 @@ namespace {
 constexpr auto kOk = QDialogButtonBox::Ok;
 constexpr auto kCancel = QDialogButtonBox::Cancel;
 enum Tab { Content, Form, Options, Text, Hatch };
+
+/** Words between commas. */
+QStringList list(const char *words)
+{
+    return QString::fromLatin1(words).split(QStringLiteral(", "));
+}
 
 /** The studio with a user who makes codes. */
 class CodeWindow : public StudioWindow
@@ -113,6 +121,7 @@ public:
         how.withPreview = false;
         hostkit::DrawingFile drawing;
         hostkit::captureDrawing(document(), how, &drawing, nullptr);
+        drawing.counters.clear(); // ids that were given once are never given again
         return hostkit::drawingToBytes(drawing);
     }
 
@@ -332,6 +341,53 @@ private Q_SLOTS:
         QCOMPARE(item->settings().form.moduleMm, 0.5);
     }
 
+    void matrix_givesEachCopyTheNextNumber_andTheNextPartGoesOnBehindThem()
+    {
+        addSerial();
+        const QByteArray before = studio->bytes();
+        QVERIFY(studio->run("arrange.matrix"));
+        auto *matrix = studio->window->findChild<QDialog *>(QStringLiteral("matrixDialog"));
+        matrix->findChild<QSpinBox *>(QStringLiteral("rows"))->setValue(2);
+        matrix->findChild<QSpinBox *>(QStringLiteral("columns"))->setValue(3);
+        QVERIFY(matrix->findChild<QCheckBox *>(QStringLiteral("numbered"))->isVisible());
+        QTest::mouseClick(matrix->findChild<QPushButton *>(QStringLiteral("create")),
+                          Qt::LeftButton);
+        matrix->close();
+        QCOMPARE(texts(), list("1, 2, 3, 4, 5, 6"));
+        const QByteArray after = studio->bytes();
+        QVERIFY(studio->run("edit.undo"));
+        QCOMPARE(studio->bytes(), before);
+        QVERIFY(studio->run("edit.redo"));
+        QCOMPARE(studio->bytes(), after);
+        QVERIFY(studio->run("text.nextPart"));
+        QCOMPARE(texts(), list("7, 8, 9, 10, 11, 12"));
+        studio->select({studio::shapeItemsOf(*studio->document().scene()).at(1)});
+        QVERIFY(studio->run("code.settings"));
+        const auto *preview = studio->box<QListWidget>("preview");
+        QCOMPARE(preview->item(0)->text(), QStringLiteral("8"));
+        QCOMPARE(preview->item(1)->text(), QStringLiteral("14"));
+        studio->close(kCancel);
+    }
+
+    void shapesShareACounter_andUndoGivesThemBackTheirWords()
+    {
+        addSerial();
+        studio->run("create.code");
+        studio->close(kOk);
+        const QByteArray before = studio->bytes();
+        QVERIFY(studio->run("edit.selectAll"));
+        QVERIFY(studio->run("text.shareCounter"));
+        QCOMPARE(texts(), list("1, 2"));
+        const QByteArray after = studio->bytes();
+        QVERIFY(studio->run("edit.undo"));
+        QCOMPARE(texts(), list("1, SN-0001"));
+        QCOMPARE(studio->bytes(), before);
+        QVERIFY(studio->run("edit.redo"));
+        QCOMPARE(studio->bytes(), after);
+        QVERIFY(studio->run("text.nextPart"));
+        QCOMPARE(texts(), list("3, 4"));
+    }
+
     void laterPartThatCannotBeEncoded_isToldBefore()
     {
         studio->create("create.barcode");
@@ -414,6 +470,26 @@ private Q_SLOTS:
     }
 
 private:
+    /** A code of a counter from 1, without leading zeros. */
+    void addSerial()
+    {
+        studio->create();
+        studio->check("variantText");
+        studio->box<QToolButton>("removeSegment")->click(); // what was typed
+        studio->box<QToolButton>("addSegment")->menu()->actions().at(1)->trigger();
+        studio->enter("counterWidth", "0");
+        studio->close(kOk);
+    }
+
+    /** What the codes read, lowest first. */
+    QStringList texts()
+    {
+        QStringList found;
+        for (studio::ShapeItem *item : studio::shapeItemsOf(*studio->document().scene()))
+            found << codekit::codeItem(item)->code().symbol().reads;
+        return found;
+    }
+
     std::unique_ptr<CodeWindow> studio;
 };
 

@@ -289,7 +289,8 @@ private Q_SLOTS:
         dialog->setDoubleValue(90.0);
         QTest::keyClick(dialog, Qt::Key_Return);
         QCOMPARE(studio->stack().count(), 1);
-        QCOMPARE(item->getTransformParam().m12(), 1.0);
+        // Anticlockwise: its right points up.
+        QCOMPARE(item->getTransformParam().m12(), -1.0);
     }
 
     void rotateAndMirror_areSingleSteps()

@@ -60,7 +60,8 @@ private Q_SLOTS:
         const auto *bar = studio->window->findChild<QToolBar *>(str("alignToolBar"));
         QCOMPARE(bar->windowTitle(), str("对齐"));
         QCOMPARE(dockTitle("treeDock"), str("图形"));
-        QCOMPARE(dockTitle("propertyDock"), str("属性"));
+        QCOMPARE(dockTitle("propertyDock"), str("引擎属性"));
+        QCOMPARE(dockTitle("shapePanel"), str("图形"));
         QCOMPARE(labelText("countField"), str("已选中 1 / 1"));
         QCOMPARE(labelText("propertyCount"), str("已选中 1 个图形"));
         QCOMPARE(studio->window->findChild<QCheckBox *>(str("lockBox"))->text(),

@@ -24,6 +24,7 @@ private Q_SLOTS:
         studio = std::make_unique<StudioWindow>();
         QApplication::setActiveWindow(studio->window.get());
         QVERIFY(QTest::qWaitForWindowActive(studio->window.get()));
+        studio->window->findChild<QDockWidget *>(QStringLiteral("propertyDock"))->show();
         // Ten pixels a millimetre.
         ZTCoord::getInstance()->setPhysicalHeight(90.0);
     }
@@ -91,7 +92,7 @@ private Q_SLOTS:
     {
         QVERIFY(studio->run("create.line"));
         const DrawingSnapshot created = studio->snapshot();
-        rotateBy("30");
+        rotateBy("-30");
         const DrawingSnapshot turned = studio->snapshot();
         // The diagonal runs down at 45 degrees, which 30 degrees clockwise make 75.
         auto *line = static_cast<ZTGraphicsLineItem *>(
@@ -125,7 +126,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, command);
         QVERIFY(studio->run(command.constData()));
-        rotateBy("17.3");
+        rotateBy("-17.3");
         int edited = 0;
         for (QtProperty *property : list()->getVariantManager()->properties()) {
             auto *row = static_cast<QtVariantProperty *>(property);
@@ -320,6 +321,11 @@ private Q_SLOTS:
         QVERIFY(dock->isVisible());
         dock->toggleViewAction()->trigger();
         QVERIFY(!dock->isVisible());
+        dock->toggleViewAction()->trigger();
+        QVERIFY(dock->isVisible());
+        auto *units = dock->findChild<QLabel *>(QStringLiteral("propertyUnits"));
+        QVERIFY(units->isVisible());
+        QVERIFY(!units->text().isEmpty());
     }
 
     void openEditor_whenTheSelectionChanges_doesNotReachTheOtherShape()

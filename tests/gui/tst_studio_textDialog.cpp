@@ -181,9 +181,9 @@ private Q_SLOTS:
         studio->check("strokeFont");
         studio->check("arc");
         QCOMPARE(studio->box<QDoubleSpinBox>("arcStart")->value(), 180.0);
-        QCOMPARE(studio->box<QDoubleSpinBox>("arcSpan")->value(), 180.0);
+        QCOMPARE(studio->box<QDoubleSpinBox>("arcSpan")->value(), -180.0);
         studio->enter("arcStart", "0");
-        studio->enter("arcSpan", "90");
+        studio->enter("arcSpan", "-90");
         studio->enter("arcDiameter", "40");
         studio->close(kOk);
         const ZTRoundingParam arc = item->getRoundingParam();

@@ -467,6 +467,18 @@ Examples:
         <source>and %1 more</source>
         <translation>另有 %1 个</translation>
     </message>
+    <message>
+        <source>codes: %1</source>
+        <translation>码：%1</translation>
+    </message>
+    <message>
+        <source>bar codes: %1</source>
+        <translation>条形码：%1</translation>
+    </message>
+    <message>
+        <source>Not as asked for:</source>
+        <translation>与要求不符：</translation>
+    </message>
 </context>
 <context>
     <name>FontCommand</name>
@@ -852,6 +864,16 @@ SVG 和 DXF 图形、其他方言的绘图仪图纸，以及使用 --size、--wi
     <message>
         <source>nothing written: shapes outside the work area are marked with --outside alone</source>
         <translation>未写入任何文件：只有加上 --outside 才标刻超出工作区的图形</translation>
+    </message>
+    <message>
+        <source>Mark also what does not show what it was given, such as a code that cannot
+hold its content</source>
+        <translation>对显示的不是所给内容的图形也打标，
+例如无法容纳其内容的码</translation>
+    </message>
+    <message>
+        <source>nothing written: what does not show what it was given is marked with --as-shown alone</source>
+        <translation>未写出任何内容：显示的不是所给内容的图形只有用 --as-shown 才打标</translation>
     </message>
 </context>
 <context>

@@ -19,11 +19,13 @@ const QByteArray kMarked = QByteArrayLiteral("mark");
 const QByteArray kLocked = QByteArrayLiteral("lock");
 const QByteArray kHidden = QByteArrayLiteral("hide");
 const QByteArray kGroups = QByteArrayLiteral("grps");
+const QByteArray kValues = QByteArrayLiteral("vals");
 constexpr int kIdSize = 4;
 
 auto membersOf(const ItemExtras &e)
 {
-    return std::tie(e.name, e.isMarked, e.isLocked, e.isHidden, e.groupPath, e.fields);
+    return std::tie(e.name, e.isMarked, e.isLocked, e.isHidden, e.groupPath, e.valuesPerPart,
+                    e.fields);
 }
 
 QByteArray flagBytes(bool value) { return {1, value ? '\1' : '\0'}; }
@@ -59,6 +61,15 @@ bool takeIds(const QByteArray &bytes, QVector<qint32> *ids)
     return true;
 }
 
+bool takeValues(const QByteArray &bytes, qint32 *values)
+{
+    QVector<qint32> read;
+    if (bytes.size() != kIdSize || !takeIds(bytes, &read))
+        return false;
+    *values = read.first();
+    return *values >= 1 && *values <= kMostValuesPerPart;
+}
+
 bool takeField(const QByteArray &key, const QByteArray &bytes, ItemExtras *extras)
 {
     if (key == kName)
@@ -71,6 +82,8 @@ bool takeField(const QByteArray &key, const QByteArray &bytes, ItemExtras *extra
         return takeFlag(bytes, &extras->isHidden);
     if (key == kGroups)
         return takeIds(bytes, &extras->groupPath);
+    if (key == kValues)
+        return takeValues(bytes, &extras->valuesPerPart);
     return false;
 }
 
@@ -121,6 +134,8 @@ KeyedFields extrasToFields(const ItemExtras &extras)
         fields[kHidden] = flagBytes(extras.isHidden);
     if (extras.groupPath != usual.groupPath)
         fields[kGroups] = idBytes(extras.groupPath);
+    if (extras.valuesPerPart != usual.valuesPerPart)
+        fields[kValues] = idBytes({extras.valuesPerPart});
     return fields;
 }
 

@@ -33,8 +33,18 @@ struct ItemExtras
     bool isLocked = false;     ///< true: can be neither selected nor moved
     bool isHidden = false;     ///< true: not shown, not selected, and left out of what is marked
     QVector<qint32> groupPath; ///< ids of the groups around the item, outermost first
-    KeyedFields fields;        ///< of other features and other programs, by key
+
+    /**
+     * Values of its variant text that each part uses up: as many as there are shapes that share a
+     * counter or a list, each with a value of its own. Range: 1 to `kMostValuesPerPart`.
+     */
+    qint32 valuesPerPart = 1;
+
+    KeyedFields fields; ///< of other features and other programs, by key
 };
+
+/** Limit: shapes that share a counter. */
+constexpr qint32 kMostValuesPerPart = 1000000;
 
 bool operator==(const ItemExtras &a, const ItemExtras &b);
 bool operator!=(const ItemExtras &a, const ItemExtras &b);

@@ -31,7 +31,7 @@ Tour::Tour(std::vector<TourStop> given, const QPointF *head)
     for (const TourStop &stop : m_stops)
         m_hasOneWay = m_hasOneWay || stop.isOneWay;
     TourStop closing;
-    if (m_hasHead)
+    if (head != nullptr)
         closing.ends[1] = *head;
     m_stops.push_back(closing);
     for (int i = 0; i < m_count; ++i)

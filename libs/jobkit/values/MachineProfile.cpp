@@ -108,14 +108,13 @@ QPointF middle(const MachineProfile &profile)
 QString MachineProfile::problem() const
 {
     for (const NumberField &field : kNumbers) {
-        const QString what =
+        QString what =
             rangeProblem(QLatin1String(field.name), this->*field.value, field.least, field.most);
         if (!what.isEmpty())
             return what;
     }
     for (const TextField &field : kTexts) {
-        const QString what =
-            lengthProblem(QLatin1String(field.name), this->*field.value, field.range);
+        QString what = lengthProblem(QLatin1String(field.name), this->*field.value, field.range);
         if (!what.isEmpty())
             return what;
     }

@@ -60,13 +60,13 @@ bool readColor(JsonFields *fields, QColor *color)
 QString Pen::problem() const
 {
     for (const WholeField &field : kWholes) {
-        const QString what =
+        QString what =
             rangeProblem(QLatin1String(field.name), this->*field.value, field.least, field.most);
         if (!what.isEmpty())
             return what;
     }
     for (const NumberField &field : kNumbers) {
-        const QString what =
+        QString what =
             rangeProblem(QLatin1String(field.name), this->*field.value, field.least, field.most);
         if (!what.isEmpty())
             return what;

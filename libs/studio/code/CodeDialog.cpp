@@ -181,7 +181,8 @@ QString CodeDialog::nextPartProblem(const CodeEdit &edit) const
     if (!edit.words.isVariant)
         return {};
     codekit::CodeSpec spec = edit.code.spec;
-    for (const QString &content : edit.words.variantText.preview(kPartsAhead)) {
+    for (const QString &content :
+         partPreview(edit.words.variantText, edit.words.valuesPerPart, kPartsAhead)) {
         codekit::CodeSymbol symbol;
         QString reason;
         spec.content = content;

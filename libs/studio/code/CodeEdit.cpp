@@ -3,6 +3,8 @@
 #include <studio/commands/TextState.h>
 #include <studio/text/StrokeFonts.h>
 
+#include <hostkit/items/ItemExtras.h>
+
 #include <cmath>
 
 namespace studio {
@@ -53,6 +55,7 @@ CodeEdit CodeEdit::of(const codekit::CodeItem &item)
     words.fixedText = item.getFixedText();
     words.isVariant = item.isEnableVariantText();
     words.variantText = storedVariantText(item);
+    words.valuesPerPart = hostkit::itemExtras(item).valuesPerPart;
     words.kind = human.kind;
     words.font = human.font;
     words.enName = human.enName;

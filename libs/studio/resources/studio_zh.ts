@@ -8,10 +8,6 @@
         <translation>关于(&amp;A)</translation>
     </message>
     <message>
-        <source>&amp;Copy</source>
-        <translation>复制(&amp;C)</translation>
-    </message>
-    <message>
         <source>&amp;Delete</source>
         <translation>删除(&amp;D)</translation>
     </message>
@@ -22,10 +18,6 @@
     <message>
         <source>&amp;Export mark paths...</source>
         <translation>导出标刻路径(&amp;E)...</translation>
-    </message>
-    <message>
-        <source>&amp;Group</source>
-        <translation>组合(&amp;G)</translation>
     </message>
     <message>
         <source>&amp;Home</source>
@@ -56,10 +48,6 @@
         <translation>打开(&amp;O)...</translation>
     </message>
     <message>
-        <source>&amp;Paste</source>
-        <translation>粘贴(&amp;P)</translation>
-    </message>
-    <message>
         <source>&amp;Polygon</source>
         <translation>多边形(&amp;P)</translation>
     </message>
@@ -78,10 +66,6 @@
     <message>
         <source>&amp;Save</source>
         <translation>保存(&amp;S)</translation>
-    </message>
-    <message>
-        <source>&amp;Select</source>
-        <translation>选择(&amp;S)</translation>
     </message>
     <message>
         <source>&amp;TDOT figure</source>
@@ -132,10 +116,6 @@
         <translation>中心重合(&amp;E)</translation>
     </message>
     <message>
-        <source>Copy to the clipboard</source>
-        <translation>复制到剪贴板</translation>
-    </message>
-    <message>
         <source>Create a TDOT figure</source>
         <translation>创建 TDOT 图形</translation>
     </message>
@@ -158,14 +138,6 @@
     <message>
         <source>Create an ellipse</source>
         <translation>创建椭圆</translation>
-    </message>
-    <message>
-        <source>Cu&amp;t</source>
-        <translation>剪切(&amp;T)</translation>
-    </message>
-    <message>
-        <source>Cut out to the clipboard</source>
-        <translation>剪切到剪贴板</translation>
     </message>
     <message>
         <source>D&amp;uplicate</source>
@@ -216,10 +188,6 @@
         <translation>左移 10 mm</translation>
     </message>
     <message>
-        <source>Make one group of the selected shapes</source>
-        <translation>把选中的图形组合为一组</translation>
-    </message>
-    <message>
         <source>Matri&amp;x...</source>
         <translation>阵列(&amp;X)...</translation>
     </message>
@@ -238,26 +206,6 @@
     <message>
         <source>Open a drawing</source>
         <translation>打开图纸</translation>
-    </message>
-    <message>
-        <source>Paste &amp;here</source>
-        <translation>粘贴到此处(&amp;H)</translation>
-    </message>
-    <message>
-        <source>Paste at the mouse</source>
-        <translation>粘贴到鼠标所在处</translation>
-    </message>
-    <message>
-        <source>Paste exactly where it was copied from</source>
-        <translation>粘贴到复制时的原位置</translation>
-    </message>
-    <message>
-        <source>Paste in p&amp;lace</source>
-        <translation>原位粘贴(&amp;L)</translation>
-    </message>
-    <message>
-        <source>Paste shapes, SVG drawings or text from the clipboard</source>
-        <translation>从剪贴板粘贴图形、SVG 图或文字</translation>
     </message>
     <message>
         <source>R&amp;otate by...</source>
@@ -320,10 +268,6 @@
         <translation>全选(&amp;A)</translation>
     </message>
     <message>
-        <source>Select and move shapes</source>
-        <translation>选择和移动图形</translation>
-    </message>
-    <message>
         <source>Select n&amp;othing</source>
         <translation>取消选择(&amp;O)</translation>
     </message>
@@ -340,10 +284,6 @@
         <translation>显示全部选中图形</translation>
     </message>
     <message>
-        <source>Take the selected groups apart</source>
-        <translation>拆开选中的组</translation>
-    </message>
-    <message>
         <source>Te&amp;xt</source>
         <translation>文字(&amp;X)</translation>
     </message>
@@ -354,10 +294,6 @@
     <message>
         <source>Type into the selected text on the drawing</source>
         <translation>在图纸上编辑选中的文字</translation>
-    </message>
-    <message>
-        <source>U&amp;ngroup</source>
-        <translation>取消组合(&amp;N)</translation>
     </message>
     <message>
         <source>Up by 0.1 mm</source>
@@ -396,6 +332,86 @@
         <translation>导入绘图仪文件、SVG 和 DXF 图形</translation>
     </message>
     <message>
+        <source>E&amp;xport job...</source>
+        <translation>导出作业(&amp;X)...</translation>
+    </message>
+    <message>
+        <source>Play the job: order, jumps and the time it takes</source>
+        <translation>播放作业：顺序、空跳和所需时间</translation>
+    </message>
+    <message>
+        <source>Pre&amp;view...</source>
+        <translation>预览(&amp;V)...</translation>
+    </message>
+    <message>
+        <source>Write a file that the machine runs</source>
+        <translation>写出机器可运行的文件</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>复制(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Group</source>
+        <translation>组合(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>粘贴(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Select</source>
+        <translation>选择(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Copy to the clipboard</source>
+        <translation>复制到剪贴板</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>剪切(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Cut out to the clipboard</source>
+        <translation>剪切到剪贴板</translation>
+    </message>
+    <message>
+        <source>Make one group of the selected shapes</source>
+        <translation>把选中的图形组合为一组</translation>
+    </message>
+    <message>
+        <source>Paste &amp;here</source>
+        <translation>粘贴到此处(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Paste at the mouse</source>
+        <translation>粘贴到鼠标所在处</translation>
+    </message>
+    <message>
+        <source>Paste exactly where it was copied from</source>
+        <translation>粘贴到复制时的原位置</translation>
+    </message>
+    <message>
+        <source>Paste in p&amp;lace</source>
+        <translation>原位粘贴(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Paste shapes, SVG drawings or text from the clipboard</source>
+        <translation>从剪贴板粘贴图形、SVG 图或文字</translation>
+    </message>
+    <message>
+        <source>Select and move shapes</source>
+        <translation>选择和移动图形</translation>
+    </message>
+    <message>
+        <source>Take the selected groups apart</source>
+        <translation>拆开选中的组</translation>
+    </message>
+    <message>
+        <source>U&amp;ngroup</source>
+        <translation>取消组合(&amp;N)</translation>
+    </message>
+    <message>
         <source>&amp;Bar code</source>
         <translation>条形码(&amp;B)</translation>
     </message>
@@ -427,6 +443,30 @@
         <source>Read all codes back from their marks</source>
         <translation>从打标轨迹读回所有的码</translation>
     </message>
+    <message>
+        <source>&amp;Reset layout</source>
+        <translation>恢复布局(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Exact &amp;values</source>
+        <translation>精确数值(&amp;V)</translation>
+    </message>
+    <message>
+        <source>Put panels and toolbars where they were at first</source>
+        <translation>把面板和工具栏放回最初的位置</translation>
+    </message>
+    <message>
+        <source>Type place, size and angle into the shape panel</source>
+        <translation>在图形面板中输入位置、尺寸和角度</translation>
+    </message>
+    <message>
+        <source>S&amp;hare one counter</source>
+        <translation>共用一个计数器(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Give each of the selected texts and codes the next value of one counter</source>
+        <translation>让所选文字和码依次取一个计数器的下一个值</translation>
+    </message>
 </context>
 <context>
     <name>studio::ArcPage</name>
@@ -455,16 +495,16 @@
         <translation>张角(&amp;P)</translation>
     </message>
     <message>
-        <source>Shared out among the characters; positive runs clockwise, negative anticlockwise</source>
-        <translation>平均分给各个字符；正值为顺时针，负值为逆时针</translation>
-    </message>
-    <message>
         <source>Text on an &amp;arc</source>
         <translation>弧线文字(&amp;A)</translation>
     </message>
     <message>
-        <source>Where the arc starts: 0° is at three o&apos;clock, 270° at twelve</source>
-        <translation>弧线的起点：0° 在三点钟方向，270° 在十二点钟方向</translation>
+        <source>Shared out among the characters; positive runs anticlockwise, negative clockwise</source>
+        <translation>分配给各个字符；正值为逆时针，负值为顺时针</translation>
+    </message>
+    <message>
+        <source>Where the arc starts: 0° is at three o&apos;clock, 90° at twelve</source>
+        <translation>圆弧的起点：0° 在三点钟方向，90° 在十二点钟方向</translation>
     </message>
 </context>
 <context>
@@ -476,33 +516,6 @@
     <message>
         <source>The drawing is not protected against a crash.</source>
         <translation>图纸当前没有崩溃保护。</translation>
-    </message>
-</context>
-<context>
-    <name>studio::ClipboardActions</name>
-    <message>
-        <source>It has %L1 characters; at most %L2 become a text.</source>
-        <translation>共有 %L1 个字符；一个文本最多 %L2 个。</translation>
-    </message>
-    <message>
-        <source>The clipboard holds nothing that can be pasted</source>
-        <translation>剪贴板中没有可以粘贴的内容</translation>
-    </message>
-    <message>
-        <source>The shapes were not copied.</source>
-        <translation>图形未能复制。</translation>
-    </message>
-    <message>
-        <source>The shapes were not pasted.</source>
-        <translation>图形未能粘贴。</translation>
-    </message>
-    <message>
-        <source>The text was not pasted.</source>
-        <translation>文字未能粘贴。</translation>
-    </message>
-    <message>
-        <source>clipboard</source>
-        <translation>剪贴板</translation>
     </message>
 </context>
 <context>
@@ -671,29 +684,6 @@
     </message>
 </context>
 <context>
-    <name>studio::DrawingTools</name>
-    <message>
-        <source>%1 mm, %2°</source>
-        <translation>%1 毫米，%2°</translation>
-    </message>
-    <message>
-        <source>%1 × %2 mm</source>
-        <translation>%1 × %2 毫米</translation>
-    </message>
-    <message>
-        <source>%1: drag a box, or click. Shift keeps the proportions, Alt begins in the middle, Esc gives up</source>
-        <translation>%1：拖出方框，或单击。Shift 保持比例，Alt 从中心开始，Esc 放弃</translation>
-    </message>
-    <message>
-        <source>%1: drag from end to end. Shift keeps to steps of 15°, Alt begins in the middle, Esc gives up</source>
-        <translation>%1：从一端拖到另一端。Shift 按 15° 步进，Alt 从中点开始，Esc 放弃</translation>
-    </message>
-    <message>
-        <source>A shape needs a width and a height: drag a box</source>
-        <translation>图形需要宽度和高度：请拖出方框</translation>
-    </message>
-</context>
-<context>
     <name>studio::ExportJob</name>
     <message>
         <source>the file cannot be replaced</source>
@@ -847,21 +837,6 @@
     </message>
 </context>
 <context>
-    <name>studio::GroupTools</name>
-    <message>
-        <source>No group is selected</source>
-        <translation>没有选中任何组</translation>
-    </message>
-    <message>
-        <source>These shapes are one group already</source>
-        <translation>这些图形已经是一组</translation>
-    </message>
-    <message>
-        <source>Within a group: its shapes are on their own, Esc leaves it</source>
-        <translation>已进入组：组内图形可单独编辑，Esc 退出</translation>
-    </message>
-</context>
-<context>
     <name>studio::HatchPage</name>
     <message>
         <source> mm</source>
@@ -906,6 +881,10 @@
     <message>
         <source>zigzag</source>
         <translation>折线</translation>
+    </message>
+    <message>
+        <source>0° is across, positive is anticlockwise</source>
+        <translation>0° 为水平，正值为逆时针</translation>
     </message>
 </context>
 <context>
@@ -979,10 +958,6 @@
         <translation>所有文件 (*)</translation>
     </message>
     <message>
-        <source>Degrees, clockwise:</source>
-        <translation>顺时针角度：</translation>
-    </message>
-    <message>
         <source>Draws what a laser marks, and hands out the paths.</source>
         <translation>绘制激光标刻的内容，并输出路径。</translation>
     </message>
@@ -1017,6 +992,22 @@
     <message>
         <source>clipboard</source>
         <translation>剪贴板</translation>
+    </message>
+    <message>
+        <source>Job</source>
+        <translation>作业</translation>
+    </message>
+    <message>
+        <source>Job written to %1, files: %2</source>
+        <translation>作业已写入 %1，文件数：%2</translation>
+    </message>
+    <message>
+        <source>Degrees, anticlockwise:</source>
+        <translation>角度（度，逆时针）：</translation>
+    </message>
+    <message>
+        <source>&amp;Job</source>
+        <translation>作业(&amp;J)</translation>
     </message>
 </context>
 <context>
@@ -1060,6 +1051,14 @@
     <message>
         <source>Select the one shape that is to be repeated.</source>
         <translation>请选中要重复的那一个图形。</translation>
+    </message>
+    <message>
+        <source>&amp;Number the copies: each has the next value</source>
+        <translation>为副本编号：每个取下一个值(&amp;N)</translation>
+    </message>
+    <message>
+        <source>The next part then goes on behind the values of all of them</source>
+        <translation>下一件从所有这些值之后继续</translation>
     </message>
 </context>
 <context>
@@ -1124,24 +1123,20 @@
         <translation>标刻选中图形的笔</translation>
     </message>
     <message>
-        <source>Properties</source>
-        <translation>属性</translation>
-    </message>
-    <message>
         <source>Resizing keeps the proportions of the selected shapes</source>
         <translation>缩放时保持选中图形的比例</translation>
+    </message>
+    <message>
+        <source>Engine properties</source>
+        <translation>引擎属性</translation>
+    </message>
+    <message>
+        <source>The engine&apos;s own numbers: a place is that of a shape&apos;s origin in mm, a spacing is marked larger than it is shown here, sizes and lengths hold before a shape is turned or resized. True measures stand in the shape panel.</source>
+        <translation>引擎自身的数值：位置是图形原点的 mm 坐标，间距的实际标刻值大于此处所示，尺寸和长度是旋转或缩放之前的值。真实尺寸见图形面板。</translation>
     </message>
 </context>
 <context>
     <name>studio::FieldCheck</name>
-    <message>
-        <source>%1 %2</source>
-        <translation>%1 %2</translation>
-    </message>
-    <message>
-        <source>%1 %2 &quot;%3&quot;</source>
-        <translation>%1 %2“%3”</translation>
-    </message>
     <message>
         <source>Shapes lie outside the field.</source>
         <translation>有图形位于工作区之外。</translation>
@@ -1188,6 +1183,14 @@
     <message>
         <source>Shape</source>
         <translation>图形</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>%1 %2 &quot;%3&quot;</source>
+        <translation>%1 %2“%3”</translation>
     </message>
     <message>
         <source>Bar code</source>
@@ -1556,6 +1559,10 @@
         <source>The drawing has no variant text</source>
         <translation>图纸中没有可变文字</translation>
     </message>
+    <message>
+        <source>Select texts or codes, one of them with a counter</source>
+        <translation>请选择文字或码，其中一个带计数器</translation>
+    </message>
 </context>
 <context>
     <name>studio::UndoTexts</name>
@@ -1608,10 +1615,6 @@
         <translation>创建文字</translation>
     </message>
     <message>
-        <source>Cut</source>
-        <translation>剪切</translation>
-    </message>
-    <message>
         <source>Delete</source>
         <translation>删除</translation>
     </message>
@@ -1622,10 +1625,6 @@
     <message>
         <source>Free proportions</source>
         <translation>解除比例锁定</translation>
-    </message>
-    <message>
-        <source>Group</source>
-        <translation>组合</translation>
     </message>
     <message>
         <source>Import %1</source>
@@ -1652,10 +1651,6 @@
         <translation>移动</translation>
     </message>
     <message>
-        <source>Paste</source>
-        <translation>粘贴</translation>
-    </message>
-    <message>
         <source>Resize</source>
         <translation>调整大小</translation>
     </message>
@@ -1666,6 +1661,26 @@
     <message>
         <source>Type text</source>
         <translation>输入文字</translation>
+    </message>
+    <message>
+        <source>Change pens</source>
+        <translation>更改笔</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>剪切</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>组合</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>粘贴</translation>
+    </message>
+    <message>
+        <source>Ungroup</source>
+        <translation>取消组合</translation>
     </message>
     <message>
         <source>Change code</source>
@@ -1680,8 +1695,40 @@
         <translation>创建码</translation>
     </message>
     <message>
-        <source>Ungroup</source>
-        <translation>取消组合</translation>
+        <source>Change hatch</source>
+        <translation>更改填充</translation>
+    </message>
+    <message>
+        <source>Change length</source>
+        <translation>更改长度</translation>
+    </message>
+    <message>
+        <source>Change marking order</source>
+        <translation>更改标刻顺序</translation>
+    </message>
+    <message>
+        <source>Change number of sides</source>
+        <translation>更改边数</translation>
+    </message>
+    <message>
+        <source>Change what is hidden</source>
+        <translation>更改隐藏</translation>
+    </message>
+    <message>
+        <source>Change what is locked</source>
+        <translation>更改锁定</translation>
+    </message>
+    <message>
+        <source>Change what is marked</source>
+        <translation>更改是否标刻</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>重命名</translation>
+    </message>
+    <message>
+        <source>Share counter</source>
+        <translation>共用计数器</translation>
     </message>
 </context>
 <context>
@@ -1813,10 +1860,6 @@
         <translation>视图(&amp;V)</translation>
     </message>
     <message>
-        <source>&amp;With the mouse</source>
-        <translation>用鼠标绘制(&amp;W)</translation>
-    </message>
-    <message>
         <source>Align</source>
         <translation>对齐</translation>
     </message>
@@ -1833,16 +1876,24 @@
         <translation>文字</translation>
     </message>
     <message>
-        <source>Tools</source>
-        <translation>工具</translation>
-    </message>
-    <message>
         <source>Transform</source>
         <translation>变换</translation>
     </message>
     <message>
         <source>View</source>
         <translation>视图</translation>
+    </message>
+    <message>
+        <source>&amp;Job</source>
+        <translation>作业(&amp;J)</translation>
+    </message>
+    <message>
+        <source>&amp;With the mouse</source>
+        <translation>用鼠标绘制(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>工具</translation>
     </message>
     <message>
         <source>T&amp;ools</source>
@@ -2054,6 +2105,638 @@
     <message>
         <source>the folder %1 cannot be made</source>
         <translation>无法创建文件夹 %1</translation>
+    </message>
+</context>
+<context>
+    <name>studio::JobExportDialog</name>
+    <message>
+        <source>%1 files: %2 to %3</source>
+        <translation>%1 个文件：%2 至 %3</translation>
+    </message>
+    <message>
+        <source>%1 of the files are there already.</source>
+        <translation>其中 %1 个文件已存在。</translation>
+    </message>
+    <message>
+        <source>&amp;Browse...</source>
+        <translation>浏览(&amp;B)...</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>文件(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;One file, with pauses</source>
+        <translation>一个文件，中间暂停(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Parts</source>
+        <translation>件数(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Replace</source>
+        <translation>替换(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;What</source>
+        <translation>内容(&amp;W)</translation>
+    </message>
+    <message>
+        <source>A file of this name is there already.</source>
+        <translation>同名文件已存在。</translation>
+    </message>
+    <message>
+        <source>E&amp;xport</source>
+        <translation>导出(&amp;X)</translation>
+    </message>
+    <message>
+        <source>Export job</source>
+        <translation>导出作业</translation>
+    </message>
+    <message>
+        <source>Its frame: a box</source>
+        <translation>作业边框：矩形</translation>
+    </message>
+    <message>
+        <source>Its frame: the hull</source>
+        <translation>作业边框：凸包</translation>
+    </message>
+    <message>
+        <source>One file: %1</source>
+        <translation>一个文件：%1</translation>
+    </message>
+    <message>
+        <source>The job</source>
+        <translation>作业</translation>
+    </message>
+    <message>
+        <source>The name has to end in one of %1.</source>
+        <translation>文件名必须以 %1 之一结尾。</translation>
+    </message>
+    <message>
+        <source>Variant texts move on once a part.</source>
+        <translation>可变文本每件前进一次。</translation>
+    </message>
+    <message>
+        <source>drawing</source>
+        <translation>图纸</translation>
+    </message>
+</context>
+<context>
+    <name>studio::JobExporter</name>
+    <message>
+        <source> The files before it were written; the numbers were not used up.</source>
+        <translation>之前的文件已写出；编号未被消耗。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was not written.</source>
+        <translation>未写出“%1”。</translation>
+    </message>
+    <message>
+        <source>After part %1 there are no further values for: %2. No file was written.</source>
+        <translation>第 %1 件之后，以下文本不再有值：%2。未写出任何文件。</translation>
+    </message>
+    <message>
+        <source>Making the job...</source>
+        <translation>正在生成作业...</translation>
+    </message>
+    <message>
+        <source>Not all shapes could be turned into marks.</source>
+        <translation>并非所有图形都能转换为标刻路径。</translation>
+    </message>
+    <message>
+        <source>Only G-code can hold several parts with a pause between them. Write one file a part.</source>
+        <translation>只有 G 代码能在一个文件中以暂停分隔多件。请每件写一个文件。</translation>
+    </message>
+    <message>
+        <source>The name has to end in one of %1.</source>
+        <translation>文件名必须以 %1 之一结尾。</translation>
+    </message>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>内存不足。</translation>
+    </message>
+    <message>
+        <source>There is nothing to mark.</source>
+        <translation>没有可标刻的内容。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::JobPanel</name>
+    <message>
+        <source>%1 s a part (marking %2, jumps %3, delays %4; %5)</source>
+        <translation>每件 %1 秒（标刻 %2，空跳 %3，延时 %4；%5）</translation>
+    </message>
+    <message>
+        <source>&amp;Inner outlines before outer ones</source>
+        <translation>先内轮廓后外轮廓(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Keep as...</source>
+        <translation>保存为(&amp;K)...</translation>
+    </message>
+    <message>
+        <source>&amp;Material</source>
+        <translation>材料(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Other...</source>
+        <translation>其他(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>After outlines</source>
+        <translation>轮廓之后</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>Anywhere</source>
+        <translation>任意位置</translation>
+    </message>
+    <message>
+        <source>As drawn</source>
+        <translation>按绘制顺序</translation>
+    </message>
+    <message>
+        <source>Before outlines</source>
+        <translation>轮廓之前</translation>
+    </message>
+    <message>
+        <source>Choose...</source>
+        <translation>选择...</translation>
+    </message>
+    <message>
+        <source>E&amp;xport job...</source>
+        <translation>导出作业(&amp;X)...</translation>
+    </message>
+    <message>
+        <source>From a file...</source>
+        <translation>从文件...</translation>
+    </message>
+    <message>
+        <source>Hatch&amp;es</source>
+        <translation>填充(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Keep these pens as a material under a name</source>
+        <translation>将这些笔以某一名称保存为材料</translation>
+    </message>
+    <message>
+        <source>Kept as %1</source>
+        <translation>已保存为 %1</translation>
+    </message>
+    <message>
+        <source>Mac&amp;hine</source>
+        <translation>机器(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Machine profile</source>
+        <translation>机器配置</translation>
+    </message>
+    <message>
+        <source>Machine profiles (*.json)</source>
+        <translation>机器配置 (*.json)</translation>
+    </message>
+    <message>
+        <source>Material</source>
+        <translation>材料</translation>
+    </message>
+    <message>
+        <source>Materials (*.json)</source>
+        <translation>材料 (*.json)</translation>
+    </message>
+    <message>
+        <source>Name of the material:</source>
+        <translation>材料名称：</translation>
+    </message>
+    <message>
+        <source>Nearest end next</source>
+        <translation>就近端点优先</translation>
+    </message>
+    <message>
+        <source>O&amp;rder</source>
+        <translation>顺序(&amp;R)</translation>
+    </message>
+    <message>
+        <source>P&amp;ens of this drawing</source>
+        <translation>本图纸的笔(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Pen &amp;by pen</source>
+        <translation>逐笔标刻(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Pens of %1</source>
+        <translation>%1 的笔</translation>
+    </message>
+    <message>
+        <source>Pens of this drawing</source>
+        <translation>本图纸的笔</translation>
+    </message>
+    <message>
+        <source>Pre&amp;view...</source>
+        <translation>预览(&amp;V)...</translation>
+    </message>
+    <message>
+        <source>Read a machine profile from a file</source>
+        <translation>从文件读取机器配置</translation>
+    </message>
+    <message>
+        <source>Shortest found</source>
+        <translation>所找到的最短</translation>
+    </message>
+    <message>
+        <source>pen %1 %2</source>
+        <translation>笔 %1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>studio::JobPreview</name>
+    <message>
+        <source>%1 of %2 s</source>
+        <translation>%1 / %2 秒</translation>
+    </message>
+    <message>
+        <source>&amp;Arrows</source>
+        <translation>箭头(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Colours by</source>
+        <translation>颜色依据(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Jumps</source>
+        <translation>空跳(&amp;J)</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>暂停(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>播放(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Starting points</source>
+        <translation>起点(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Update</source>
+        <translation>更新(&amp;U)</translation>
+    </message>
+    <message>
+        <source>C&amp;lose</source>
+        <translation>关闭(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Click a line to see what it is.</source>
+        <translation>单击线条可查看其内容。</translation>
+    </message>
+    <message>
+        <source>Delays</source>
+        <translation>延时</translation>
+    </message>
+    <message>
+        <source>E&amp;xport job...</source>
+        <translation>导出作业(&amp;X)...</translation>
+    </message>
+    <message>
+        <source>Jumps</source>
+        <translation>空跳</translation>
+    </message>
+    <message>
+        <source>Marking</source>
+        <translation>标刻</translation>
+    </message>
+    <message>
+        <source>Moment of the job</source>
+        <translation>作业时刻</translation>
+    </message>
+    <message>
+        <source>Nothing speaks against this job.</source>
+        <translation>未发现此作业的问题。</translation>
+    </message>
+    <message>
+        <source>One part</source>
+        <translation>一件</translation>
+    </message>
+    <message>
+        <source>Order</source>
+        <translation>顺序</translation>
+    </message>
+    <message>
+        <source>Order &amp;numbers</source>
+        <translation>顺序号(&amp;N)</translation>
+    </message>
+    <message>
+        <source>PDF report (*.pdf)</source>
+        <translation>PDF 报告 (*.pdf)</translation>
+    </message>
+    <message>
+        <source>Pac&amp;e</source>
+        <translation>速度倍率(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>笔</translation>
+    </message>
+    <message>
+        <source>Pen %1</source>
+        <translation>笔 %1</translation>
+    </message>
+    <message>
+        <source>Picture (*.png)</source>
+        <translation>图片 (*.png)</translation>
+    </message>
+    <message>
+        <source>Piece %1 of %2: %3, %4, pen %5, pass %6, from %7 to %8 s</source>
+        <translation>第 %1 段，共 %2 段：%3，%4，笔 %5，第 %6 遍，%7 至 %8 秒</translation>
+    </message>
+    <message>
+        <source>Preview of the job</source>
+        <translation>作业预览</translation>
+    </message>
+    <message>
+        <source>Report written to %1</source>
+        <translation>报告已写入 %1</translation>
+    </message>
+    <message>
+        <source>Save &amp;report...</source>
+        <translation>保存报告(&amp;R)...</translation>
+    </message>
+    <message>
+        <source>Save report</source>
+        <translation>保存报告</translation>
+    </message>
+    <message>
+        <source>Seconds</source>
+        <translation>秒</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>速度</translation>
+    </message>
+    <message>
+        <source>The drawing or the pens have changed since.</source>
+        <translation>图纸或笔此后已有更改。</translation>
+    </message>
+    <message>
+        <source>The report was not written: %1</source>
+        <translation>未写出报告：%1</translation>
+    </message>
+    <message>
+        <source>To be &amp;looked at: %1</source>
+        <translation>需要检查(&amp;L)：%1</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>合计</translation>
+    </message>
+    <message>
+        <source>hatch %1</source>
+        <translation>填充 %1</translation>
+    </message>
+    <message>
+        <source>outline</source>
+        <translation>轮廓</translation>
+    </message>
+</context>
+<context>
+    <name>studio::JobReport</name>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+    <message>
+        <source>%1 s (marking %2, jumps %3, delays %4)</source>
+        <translation>%1 秒（标刻 %2，空跳 %3，延时 %4）</translation>
+    </message>
+    <message>
+        <source>%1 x %2 mm</source>
+        <translation>%1 x %2 毫米</translation>
+    </message>
+    <message>
+        <source>Checks</source>
+        <translation>检查</translation>
+    </message>
+    <message>
+        <source>Field</source>
+        <translation>工作区</translation>
+    </message>
+    <message>
+        <source>Job</source>
+        <translation>作业</translation>
+    </message>
+    <message>
+        <source>Machine</source>
+        <translation>机器</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Nothing speaks against this job.</source>
+        <translation>未发现此作业的问题。</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>笔</translation>
+    </message>
+    <message>
+        <source>Pens</source>
+        <translation>笔</translation>
+    </message>
+    <message>
+        <source>Seconds</source>
+        <translation>秒</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>尺寸</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>时间</translation>
+    </message>
+    <message>
+        <source>Times</source>
+        <translation>遍数</translation>
+    </message>
+    <message>
+        <source>kHz</source>
+        <translation>千赫</translation>
+    </message>
+    <message>
+        <source>mm/s</source>
+        <translation>毫米/秒</translation>
+    </message>
+</context>
+<context>
+    <name>studio::JobSettings</name>
+    <message>
+        <source>The machine profile &quot;%1&quot; cannot be read.</source>
+        <translation>无法读取机器配置“%1”。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::JobTools</name>
+    <message>
+        <source>&amp;Export all the same</source>
+        <translation>仍然导出(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Show them</source>
+        <translation>显示(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Look at this before you mark.</source>
+        <translation>标刻前请检查以下内容。</translation>
+    </message>
+    <message>
+        <source>Making the job...</source>
+        <translation>正在生成作业...</translation>
+    </message>
+    <message>
+        <source>Not all shapes could be turned into marks.</source>
+        <translation>并非所有图形都能转换为标刻路径。</translation>
+    </message>
+    <message>
+        <source>There is no job.</source>
+        <translation>没有作业。</translation>
+    </message>
+    <message>
+        <source>There is nothing to mark.</source>
+        <translation>没有可标刻的内容。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::MaterialStore</name>
+    <message>
+        <source>The material &quot;%1&quot; cannot be read.</source>
+        <translation>无法读取材料“%1”。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::PenModel</name>
+    <message>
+        <source>&quot;%1&quot; is not a number that can stand here</source>
+        <translation>“%1”不是此处可用的数</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation>开</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>笔</translation>
+    </message>
+    <message>
+        <source>Power</source>
+        <translation>功率方式</translation>
+    </message>
+    <message>
+        <source>Pulse, ns</source>
+        <translation>脉宽，纳秒</translation>
+    </message>
+    <message>
+        <source>Times</source>
+        <translation>遍数</translation>
+    </message>
+    <message>
+        <source>constant</source>
+        <translation>恒定</translation>
+    </message>
+    <message>
+        <source>constant: the same power at any speed; dynamic: lowered where the head slows down. Double click changes it.</source>
+        <translation>恒定：任何速度下功率相同；动态：减速处降低功率。双击可更改。</translation>
+    </message>
+    <message>
+        <source>dynamic</source>
+        <translation>动态</translation>
+    </message>
+    <message>
+        <source>kHz</source>
+        <translation>千赫</translation>
+    </message>
+    <message>
+        <source>mm/s</source>
+        <translation>毫米/秒</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ClipboardActions</name>
+    <message>
+        <source>It has %L1 characters; at most %L2 become a text.</source>
+        <translation>共有 %L1 个字符；一个文本最多 %L2 个。</translation>
+    </message>
+    <message>
+        <source>The clipboard holds nothing that can be pasted</source>
+        <translation>剪贴板中没有可以粘贴的内容</translation>
+    </message>
+    <message>
+        <source>The shapes were not copied.</source>
+        <translation>图形未能复制。</translation>
+    </message>
+    <message>
+        <source>The shapes were not pasted.</source>
+        <translation>图形未能粘贴。</translation>
+    </message>
+    <message>
+        <source>The text was not pasted.</source>
+        <translation>文字未能粘贴。</translation>
+    </message>
+    <message>
+        <source>clipboard</source>
+        <translation>剪贴板</translation>
+    </message>
+</context>
+<context>
+    <name>studio::DrawingTools</name>
+    <message>
+        <source>%1 mm, %2°</source>
+        <translation>%1 毫米，%2°</translation>
+    </message>
+    <message>
+        <source>%1 × %2 mm</source>
+        <translation>%1 × %2 毫米</translation>
+    </message>
+    <message>
+        <source>%1: drag a box, or click. Shift keeps the proportions, Alt begins in the middle, Esc gives up</source>
+        <translation>%1：拖出方框，或单击。Shift 保持比例，Alt 从中心开始，Esc 放弃</translation>
+    </message>
+    <message>
+        <source>%1: drag from end to end. Shift keeps to steps of 15°, Alt begins in the middle, Esc gives up</source>
+        <translation>%1：从一端拖到另一端。Shift 按 15° 步进，Alt 从中点开始，Esc 放弃</translation>
+    </message>
+    <message>
+        <source>A shape needs a width and a height: drag a box</source>
+        <translation>图形需要宽度和高度：请拖出方框</translation>
+    </message>
+</context>
+<context>
+    <name>studio::GroupTools</name>
+    <message>
+        <source>No group is selected</source>
+        <translation>没有选中任何组</translation>
+    </message>
+    <message>
+        <source>These shapes are one group already</source>
+        <translation>这些图形已经是一组</translation>
+    </message>
+    <message>
+        <source>Within a group: its shapes are on their own, Esc leaves it</source>
+        <translation>已进入组：组内图形可单独编辑，Esc 退出</translation>
     </message>
 </context>
 <context>
@@ -2309,6 +2992,580 @@
     <message>
         <source>as wide as the hatch is close</source>
         <translation>与填充间距相同</translation>
+    </message>
+</context>
+<context>
+    <name>studio::BoxSection</name>
+    <message>
+        <source>%1: the point that X and Y tell, and that stays when the size changes</source>
+        <translation>%1：X 和 Y 所指的点，改变尺寸时它保持不动</translation>
+    </message>
+    <message>
+        <source>0 points right, positive is anticlockwise; turns about the middle of the box</source>
+        <translation>0 指向右方，正值为逆时针；绕外框中心旋转</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>角度</translation>
+    </message>
+    <message>
+        <source>Angle in degrees</source>
+        <translation>角度，单位为度</translation>
+    </message>
+    <message>
+        <source>Bottom left</source>
+        <translation>左下</translation>
+    </message>
+    <message>
+        <source>Bottom middle</source>
+        <translation>下中</translation>
+    </message>
+    <message>
+        <source>Bottom right</source>
+        <translation>右下</translation>
+    </message>
+    <message>
+        <source>Box around all</source>
+        <translation>全部图形的外框</translation>
+    </message>
+    <message>
+        <source>Curves are marked as chords: %1 mm is as near as it comes</source>
+        <translation>曲线按弦标刻：最接近的尺寸为 %1 mm</translation>
+    </message>
+    <message>
+        <source>Each shape its own box</source>
+        <translation>每个图形各自的外框</translation>
+    </message>
+    <message>
+        <source>Height in millimetres</source>
+        <translation>高度，单位为毫米</translation>
+    </message>
+    <message>
+        <source>Height of the outline&apos;s box in mm</source>
+        <translation>轮廓外框的高度，mm</translation>
+    </message>
+    <message>
+        <source>Keep proportions</source>
+        <translation>保持比例</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>中心</translation>
+    </message>
+    <message>
+        <source>Middle left</source>
+        <translation>左中</translation>
+    </message>
+    <message>
+        <source>Middle right</source>
+        <translation>右中</translation>
+    </message>
+    <message>
+        <source>Of several shapes: whether the fields tell and change the box around all of them, or the box of each</source>
+        <translation>选中多个图形时：各栏显示和修改的是全部图形的外框，还是每个图形各自的外框</translation>
+    </message>
+    <message>
+        <source>Place across the field in mm, to the right. Sums and units are welcome: 20+5, 1in</source>
+        <translation>幅面上的横向位置，mm，向右为正。可输入算式和单位：20+5、1in</translation>
+    </message>
+    <message>
+        <source>Place down the field in mm, downward</source>
+        <translation>幅面上的纵向位置，mm，向下为正</translation>
+    </message>
+    <message>
+        <source>Top left</source>
+        <translation>左上</translation>
+    </message>
+    <message>
+        <source>Top middle</source>
+        <translation>上中</translation>
+    </message>
+    <message>
+        <source>Top right</source>
+        <translation>右上</translation>
+    </message>
+    <message>
+        <source>What places and sizes are about</source>
+        <translation>位置和尺寸所指的对象</translation>
+    </message>
+    <message>
+        <source>Width and height change together, in these fields and by the handles</source>
+        <translation>宽度和高度一起改变，在此输入或拖动控制点时都一样</translation>
+    </message>
+    <message>
+        <source>Width in millimetres</source>
+        <translation>宽度，单位为毫米</translation>
+    </message>
+    <message>
+        <source>Width of the outline&apos;s box in mm</source>
+        <translation>轮廓外框的宽度，mm</translation>
+    </message>
+    <message>
+        <source>X in millimetres</source>
+        <translation>X，单位为毫米</translation>
+    </message>
+    <message>
+        <source>Y in millimetres</source>
+        <translation>Y，单位为毫米</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
+    </message>
+    <message>
+        <source>°, mirrored</source>
+        <translation>°，已镜像</translation>
+    </message>
+</context>
+<context>
+    <name>studio::HatchSection</name>
+    <message>
+        <source>0 is across, positive is anticlockwise</source>
+        <translation>0 为水平，正值为逆时针</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>角度</translation>
+    </message>
+    <message>
+        <source>Angle of the hatch in degrees</source>
+        <translation>填充角度，单位为度</translation>
+    </message>
+    <message>
+        <source>Distance of the hatch lines on the part, in mm</source>
+        <translation>工件上填充线的间距，mm</translation>
+    </message>
+    <message>
+        <source>Hatch</source>
+        <translation>填充</translation>
+    </message>
+    <message>
+        <source>Lines and stroke fonts have no inside to hatch.</source>
+        <translation>直线和单线字体没有可填充的内部。</translation>
+    </message>
+    <message>
+        <source>Marks the outline, too</source>
+        <translation>轮廓也一并标刻</translation>
+    </message>
+    <message>
+        <source>Neither outline nor hatch: nothing of it is marked.</source>
+        <translation>既无轮廓也无填充：不会标刻任何内容。</translation>
+    </message>
+    <message>
+        <source>No hatch can be made: its spacing does not suit the size of the shape.</source>
+        <translation>无法生成填充：间距与图形尺寸不相称。</translation>
+    </message>
+    <message>
+        <source>Outline as well</source>
+        <translation>同时标刻轮廓</translation>
+    </message>
+    <message>
+        <source>Spacing</source>
+        <translation>间距</translation>
+    </message>
+    <message>
+        <source>Spacing of the hatch in millimetres</source>
+        <translation>填充间距，单位为毫米</translation>
+    </message>
+    <message>
+        <source>differs</source>
+        <translation>不一致</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>single lines</source>
+        <translation>单向线</translation>
+    </message>
+    <message>
+        <source>zigzag</source>
+        <translation>弓形线</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ItemSection</name>
+    <message>
+        <source>Hidden</source>
+        <translation>隐藏</translation>
+    </message>
+    <message>
+        <source>It can be neither selected nor moved; the list of shapes frees it</source>
+        <translation>不能选中也不能移动；在图形列表中解锁</translation>
+    </message>
+    <message>
+        <source>It is not shown and not marked; the list of shapes brings it back</source>
+        <translation>不显示也不标刻；在图形列表中恢复显示</translation>
+    </message>
+    <message>
+        <source>Locked</source>
+        <translation>锁定</translation>
+    </message>
+    <message>
+        <source>Marked</source>
+        <translation>标刻</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Off: it is shown, and left out of what is marked</source>
+        <translation>关闭：显示，但不标刻</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>笔</translation>
+    </message>
+    <message>
+        <source>Pen that marks the selected shapes</source>
+        <translation>标刻所选图形的笔</translation>
+    </message>
+    <message>
+        <source>What the list of shapes calls it; empty: by its kind</source>
+        <translation>图形列表中的名称；留空则用类型名</translation>
+    </message>
+    <message>
+        <source>differs</source>
+        <translation>不一致</translation>
+    </message>
+</context>
+<context>
+    <name>studio::KindSection</name>
+    <message>
+        <source>Diameter 1</source>
+        <translation>直径 1</translation>
+    </message>
+    <message>
+        <source>Diameter 2</source>
+        <translation>直径 2</translation>
+    </message>
+    <message>
+        <source>In mm, along the ellipse&apos;s other axis</source>
+        <translation>沿椭圆的另一条轴，mm</translation>
+    </message>
+    <message>
+        <source>In mm, along the ellipse&apos;s own first axis</source>
+        <translation>沿椭圆自身的第一条轴，mm</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>长度</translation>
+    </message>
+    <message>
+        <source>Length of the line in mm; its start stays</source>
+        <translation>直线的长度，mm；起点不动</translation>
+    </message>
+    <message>
+        <source>Number of sides of the polygon</source>
+        <translation>多边形的边数</translation>
+    </message>
+    <message>
+        <source>Sides</source>
+        <translation>边数</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
+    </message>
+</context>
+<context>
+    <name>studio::MeasureField</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 至 %2</translation>
+    </message>
+    <message>
+        <source>%1 to %2 %</source>
+        <translation>%1 至 %2 %</translation>
+    </message>
+    <message>
+        <source>%1 to %2 mm</source>
+        <translation>%1 至 %2 mm</translation>
+    </message>
+    <message>
+        <source>%1. Permitted: %2</source>
+        <translation>%1。允许范围：%2</translation>
+    </message>
+    <message>
+        <source>%1° to %2°</source>
+        <translation>%1° 至 %2°</translation>
+    </message>
+    <message>
+        <source>Not a whole number</source>
+        <translation>不是整数</translation>
+    </message>
+    <message>
+        <source>Too large</source>
+        <translation>过大</translation>
+    </message>
+    <message>
+        <source>Too small</source>
+        <translation>过小</translation>
+    </message>
+    <message>
+        <source>differs</source>
+        <translation>不一致</translation>
+    </message>
+</context>
+<context>
+    <name>studio::PenColors</name>
+    <message>
+        <source>Black</source>
+        <translation>黑色</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>蓝色</translation>
+    </message>
+    <message>
+        <source>Cyan</source>
+        <translation>青色</translation>
+    </message>
+    <message>
+        <source>Fuchsia</source>
+        <translation>紫红色</translation>
+    </message>
+    <message>
+        <source>Goldenrod</source>
+        <translation>金黄色</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>绿色</translation>
+    </message>
+    <message>
+        <source>Grey</source>
+        <translation>灰色</translation>
+    </message>
+    <message>
+        <source>Khaki</source>
+        <translation>卡其色</translation>
+    </message>
+    <message>
+        <source>Magenta</source>
+        <translation>品红色</translation>
+    </message>
+    <message>
+        <source>Navy</source>
+        <translation>藏青色</translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation>橙色</translation>
+    </message>
+    <message>
+        <source>Orchid</source>
+        <translation>兰紫色</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>红色</translation>
+    </message>
+    <message>
+        <source>Salmon</source>
+        <translation>鲑红色</translation>
+    </message>
+    <message>
+        <source>Turquoise</source>
+        <translation>绿松石色</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>黄色</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ShapeEdits</name>
+    <message>
+        <source>A shape would leave the drawing&apos;s area, %1 to %2 mm across and %3 to %4 mm down</source>
+        <translation>图形会超出绘图区域：横向 %1 至 %2 mm，纵向 %3 至 %4 mm</translation>
+    </message>
+    <message>
+        <source>An ellipse that is flat cannot be stretched</source>
+        <translation>扁平的椭圆无法拉伸</translation>
+    </message>
+    <message>
+        <source>What has no height cannot be stretched to one</source>
+        <translation>没有高度的图形无法拉伸出高度</translation>
+    </message>
+    <message>
+        <source>What has no width cannot be stretched to one</source>
+        <translation>没有宽度的图形无法拉伸出宽度</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ShapePanel</name>
+    <message>
+        <source>%1 shapes selected</source>
+        <translation>已选 %1 个图形</translation>
+    </message>
+    <message>
+        <source>1 shape selected</source>
+        <translation>已选 1 个图形</translation>
+    </message>
+    <message>
+        <source>Nothing selected</source>
+        <translation>未选中任何图形</translation>
+    </message>
+    <message>
+        <source>Shape</source>
+        <translation>图形</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>文字</translation>
+    </message>
+</context>
+<context>
+    <name>studio::TextSection</name>
+    <message>
+        <source>Added to what the font has, in mm; on an arc the span decides</source>
+        <translation>在字体自身间距上增加的值，mm；在圆弧上由跨角决定</translation>
+    </message>
+    <message>
+        <source>Arc diameter</source>
+        <translation>圆弧直径</translation>
+    </message>
+    <message>
+        <source>Arc span</source>
+        <translation>圆弧跨角</translation>
+    </message>
+    <message>
+        <source>Arc start</source>
+        <translation>圆弧起角</translation>
+    </message>
+    <message>
+        <source>Chinese</source>
+        <translation>中文</translation>
+    </message>
+    <message>
+        <source>Family</source>
+        <translation>字族</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>字体</translation>
+    </message>
+    <message>
+        <source>From the ink of the lines above to the tops of capitals, in mm</source>
+        <translation>从上方各行的笔迹到大写字母顶端的距离，mm</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高度</translation>
+    </message>
+    <message>
+        <source>Height of capital letters on the part, in mm</source>
+        <translation>工件上大写字母的高度，mm</translation>
+    </message>
+    <message>
+        <source>Letter space</source>
+        <translation>字距</translation>
+    </message>
+    <message>
+        <source>Letters</source>
+        <translation>字母</translation>
+    </message>
+    <message>
+        <source>Line space</source>
+        <translation>行距</translation>
+    </message>
+    <message>
+        <source>Of the circle on which the characters stand, in mm</source>
+        <translation>字符所在圆的直径，mm</translation>
+    </message>
+    <message>
+        <source>On an arc</source>
+        <translation>沿圆弧</translation>
+    </message>
+    <message>
+        <source>Select a text to change its font, size and arc.</source>
+        <translation>选中文字以更改其字体、尺寸和圆弧。</translation>
+    </message>
+    <message>
+        <source>Shared out among the characters; positive is anticlockwise</source>
+        <translation>分配给各个字符；正值为逆时针</translation>
+    </message>
+    <message>
+        <source>Stroke fonts, single lines</source>
+        <translation>单线字体</translation>
+    </message>
+    <message>
+        <source>System font, outlines</source>
+        <translation>系统字体，轮廓</translation>
+    </message>
+    <message>
+        <source>Where the arc starts: 0 is at three o&apos;clock, 90 at twelve</source>
+        <translation>圆弧的起点：0 在三点钟方向，90 在十二点钟方向</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>宽度</translation>
+    </message>
+    <message>
+        <source>Width of the letters in percent; at 100 they are as the font has them</source>
+        <translation>字母宽度的百分比；100 为字体原样</translation>
+    </message>
+    <message>
+        <source>Words and variant text...</source>
+        <translation>文字内容和变量文字...</translation>
+    </message>
+    <message>
+        <source>differs</source>
+        <translation>不一致</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
+    </message>
+</context>
+<context>
+    <name>studio::TypedMeasure</name>
+    <message>
+        <source>&quot;%1&quot; is no unit of this field</source>
+        <translation>“%1”不是此栏的单位</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; makes no sense here</source>
+        <translation>此处的“%1”没有意义</translation>
+    </message>
+    <message>
+        <source>A bracket has no counterpart</source>
+        <translation>括号不成对</translation>
+    </message>
+    <message>
+        <source>A number is missing at the end</source>
+        <translation>末尾缺少数字</translation>
+    </message>
+    <message>
+        <source>A unit stands where only a plain number can</source>
+        <translation>此处只能是不带单位的数</translation>
+    </message>
+    <message>
+        <source>Decimals stand after a point</source>
+        <translation>小数点请用句点</translation>
+    </message>
+    <message>
+        <source>Nothing can be divided by 0</source>
+        <translation>不能除以 0</translation>
+    </message>
+    <message>
+        <source>Nothing is entered</source>
+        <translation>没有输入内容</translation>
+    </message>
+    <message>
+        <source>The entry is too long</source>
+        <translation>输入过长</translation>
+    </message>
+    <message>
+        <source>The number is too large</source>
+        <translation>数值过大</translation>
     </message>
 </context>
 </TS>

@@ -9,11 +9,6 @@ namespace studio {
 
 namespace {
 
-// A new text has the arc from three o'clock down to six; the upper half is what people expect.
-constexpr double kNeverSetSpanDeg = 90.0;
-constexpr double kUsualStartDeg = 180.0;
-constexpr double kUsualSpanDeg = 180.0;
-
 constexpr MeasureBox::Range kAngleDeg{-3600.0, 3600.0, 5.0, 3};
 constexpr MeasureBox::Range kDiameterMm{0.0, 100000.0, 1.0, 3};
 
@@ -29,12 +24,12 @@ ArcPage::ArcPage(const TextSettings &settings, QWidget *parent)
     m_group->setCheckable(true);
     m_group->setChecked(settings.isOnArc);
     m_startBox->setObjectName(QStringLiteral("arcStart"));
-    m_startBox->setToolTip(tr("Where the arc starts: 0° is at three o'clock, 270° at twelve"));
-    m_startBox->setMeasure(settings.startDeg);
+    m_startBox->setToolTip(tr("Where the arc starts: 0° is at three o'clock, 90° at twelve"));
+    m_startBox->setMeasure(0.0 - settings.startDeg);
     m_spanBox->setObjectName(QStringLiteral("arcSpan"));
     m_spanBox->setToolTip(
-        tr("Shared out among the characters; positive runs clockwise, negative anticlockwise"));
-    m_spanBox->setMeasure(settings.spanDeg);
+        tr("Shared out among the characters; positive runs anticlockwise, negative clockwise"));
+    m_spanBox->setMeasure(0.0 - settings.spanDeg);
     m_diameterBox->setObjectName(QStringLiteral("arcDiameter"));
     m_diameterBox->setToolTip(tr("Of the circle on which the characters stand"));
     m_diameterBox->setMeasure(settings.diameterMm);
@@ -47,10 +42,12 @@ ArcPage::ArcPage(const TextSettings &settings, QWidget *parent)
     layout->addWidget(m_group);
     layout->addStretch(1);
     connect(m_group, &QGroupBox::toggled, this, [this](bool isOn) {
-        if (isOn && m_startBox->measure() == 0.0 && m_spanBox->measure() == kNeverSetSpanDeg) {
-            m_startBox->setMeasure(kUsualStartDeg);
-            m_spanBox->setMeasure(kUsualSpanDeg);
-        }
+        TextSettings wanted;
+        read(wanted);
+        if (isOn)
+            wanted.putOnArc();
+        m_startBox->setMeasure(0.0 - wanted.startDeg);
+        m_spanBox->setMeasure(0.0 - wanted.spanDeg);
         Q_EMIT changed();
     });
     for (MeasureBox *box : {m_startBox, m_spanBox, m_diameterBox})
@@ -60,8 +57,9 @@ ArcPage::ArcPage(const TextSettings &settings, QWidget *parent)
 void ArcPage::read(TextSettings &settings) const
 {
     settings.isOnArc = m_group->isChecked();
-    settings.startDeg = m_startBox->measure();
-    settings.spanDeg = m_spanBox->measure();
+    // The settings count clockwise.
+    settings.startDeg = 0.0 - m_startBox->measure();
+    settings.spanDeg = 0.0 - m_spanBox->measure();
     settings.diameterMm = m_diameterBox->measure();
 }
 

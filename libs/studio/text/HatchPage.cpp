@@ -30,7 +30,8 @@ HatchPage::HatchPage(const TextSettings &settings, QWidget *parent)
     m_spacingBox->setObjectName(QStringLiteral("hatchSpacing"));
     m_spacingBox->setMeasure(settings.fill.spac);
     m_angleBox->setObjectName(QStringLiteral("hatchAngle"));
-    m_angleBox->setMeasure(settings.fill.angle);
+    m_angleBox->setMeasure(0.0 - settings.fill.angle);
+    m_angleBox->setToolTip(tr("0° is across, positive is anticlockwise"));
     m_borderBox->setObjectName(QStringLiteral("hatchBorder"));
     m_borderBox->setToolTip(tr("Marks the outlines of the letters, too"));
     m_borderBox->setChecked(settings.fill.isEnableBorder);
@@ -64,7 +65,8 @@ void HatchPage::read(TextSettings &settings) const
 {
     settings.fill.fillType = FillType(m_typeBox->currentData().toInt());
     settings.fill.spac = m_spacingBox->measure();
-    settings.fill.angle = m_angleBox->measure();
+    // The record counts clockwise.
+    settings.fill.angle = 0.0 - m_angleBox->measure();
     settings.fill.isEnableBorder = m_borderBox->isChecked();
 }
 

@@ -3,6 +3,7 @@
 #include <studio/commands/TextState.h>
 #include <studio/text/StrokeFonts.h>
 
+#include <hostkit/items/ItemExtras.h>
 #include <hostkit/text/StrokeFont.h>
 
 #include <cmath>
@@ -92,6 +93,17 @@ void applyArc(const TextSettings &settings, double unitMm, ZTGraphicsTextItem &i
 
 } // namespace
 
+void TextSettings::putOnArc()
+{
+    // A new text has the arc from three o'clock down to six; the upper half is what people expect.
+    const bool isUntouched = startDeg == 0.0 && spanDeg == 90.0;
+    if (isUntouched) {
+        startDeg = -180.0;
+        spanDeg = 180.0;
+    }
+    isOnArc = true;
+}
+
 TextSettings TextSettings::of(const ZTGraphicsTextItem &item)
 {
     const ZTCoord &coord = *ZTCoord::getInstance();
@@ -102,6 +114,7 @@ TextSettings TextSettings::of(const ZTGraphicsTextItem &item)
     settings.fixedText = item.getFixedText();
     settings.isVariant = item.isEnableVariantText();
     settings.variantText = storedVariantText(item);
+    settings.valuesPerPart = hostkit::itemExtras(item).valuesPerPart;
     settings.kind = param.fontType;
     settings.font = param.font;
     settings.enName = param.shxFont.enName;

@@ -16,6 +16,8 @@ struct TextSettings
     bool isVariant = false;
     ZTVariantText variantText; ///< kept while it is switched off
 
+    int valuesPerPart = 1; ///< of the variant text, where shapes share its counter; not set here
+
     FontType kind = FontType::doubleLine;
     QFont font;               ///< family and style of the system font; its size is not looked at
     QString enName;           ///< file of the stroke font for letters
@@ -31,6 +33,9 @@ struct TextSettings
     double diameterMm = 0.0;
 
     ZTFillParam fill; ///< of outlines; strokes are never hatched
+
+    /** Puts the text on its arc; on the upper half of it, if the arc was never set up. */
+    void putOnArc();
 
     static TextSettings of(const ZTGraphicsTextItem &item);
 

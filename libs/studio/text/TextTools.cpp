@@ -3,16 +3,40 @@
 #include <studio/Messages.h>
 #include <studio/ShapeItems.h>
 #include <studio/UndoTexts.h>
+#include <studio/commands/ExtrasCommand.h>
 #include <studio/commands/FramePause.h>
 #include <studio/commands/ItemSetCommand.h>
+#include <studio/commands/UndoMacro.h>
 #include <studio/text/InPlaceEditor.h>
+#include <studio/text/SharedCounter.h>
 #include <studio/text/TextCommand.h>
 #include <studio/text/TextDialog.h>
 #include <studio/text/VariantParts.h>
 
 #include <QtWidgets/QUndoStack>
 
+#include <algorithm>
+#include <vector>
+
 namespace studio {
+
+namespace {
+
+QVector<hostkit::ItemExtras> extrasOf(const ShapeItems &items)
+{
+    QVector<hostkit::ItemExtras> extras;
+    for (const ShapeItem *item : items)
+        extras.append(hostkit::itemExtras(*item));
+    return extras;
+}
+
+void giveExtras(const ShapeItems &items, const QVector<hostkit::ItemExtras> &extras)
+{
+    for (int at = 0; at < items.size(); ++at)
+        hostkit::setItemExtras(*items[at], extras[at]);
+}
+
+} // namespace
 
 TextTools::TextTools(ZTGraphicsDocument &edited, Messages &told, QWidget &over)
     : QObject(&over), m_document(edited), m_messages(told), m_window(over)
@@ -151,6 +175,40 @@ void TextTools::showInTree(const QSet<const ShapeItem *> &texts)
         if (item != nullptr && texts.contains(item) && cell.data(Qt::EditRole) != item->text())
             rows.setData(cell, item->text(), Qt::EditRole);
     }
+}
+
+void TextTools::shareCounter()
+{
+    ShapeItems sharing;
+    for (ShapeItem *item : selectedShapeItems(*m_document.scene())) {
+        if (wordsItem(item) != nullptr)
+            sharing.append(item);
+    }
+    const auto source = std::find_if(sharing.begin(), sharing.end(), [](ShapeItem *item) {
+        return wordsItem(item)->isEnableVariantText();
+    });
+    if (source == sharing.end() || sharing.size() < 2) {
+        Q_EMIT told(tr("Select texts or codes, one of them with a counter"));
+        return;
+    }
+    ZTAbstractGraphicsTextItem &first = *wordsItem(*source);
+    sharing.erase(source);
+    std::vector<TextState> before;
+    for (ShapeItem *item : qAsConst(sharing))
+        before.emplace_back(*wordsItem(item));
+    const QVector<hostkit::ItemExtras> extrasBefore = extrasOf(sharing + ShapeItems{&first});
+    studio::shareCounter(first, sharing);
+    const int values = hostkit::itemExtras(first).valuesPerPart;
+    giveExtras(sharing + ShapeItems{&first}, extrasBefore);
+    const QString text = undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Share counter"));
+    const UndoMacro macro(*m_document.undoStack(), text);
+    for (int at = 0; at < sharing.size(); ++at)
+        m_document.undoStack()->push(new TextCommand(wordsItem(sharing[at]),
+                                                     before[std::size_t(at)],
+                                                     TextCommand::VariantText::Changed, text));
+    m_document.undoStack()->push(new ExtrasCommand(
+        sharing + ShapeItems{&first},
+        [values](hostkit::ItemExtras &extras) { extras.valuesPerPart = values; }, text));
 }
 
 void TextTools::nextPart()

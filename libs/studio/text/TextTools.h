@@ -43,6 +43,12 @@ public:
     void showDialog();
     void nextPart();
 
+    /**
+     * Lets the selected texts and codes share the counter of the lowest of them that has variant
+     * text: each has the next value.
+     */
+    void shareCounter();
+
     /** Takes what is being typed, so that it is recorded before anything else is. */
     void finishTyping();
 

@@ -112,6 +112,12 @@ void VariantPanel::showSegments(const Segments &segments)
     showPreview();
 }
 
+void VariantPanel::setValuesPerPart(int values)
+{
+    m_valuesPerPart = values;
+    showPreview();
+}
+
 void VariantPanel::showProblem(const QString &errorText)
 {
     const bool lacksFile = std::any_of(m_parts.begin(), m_parts.end(), [](const Segment &segment) {
@@ -199,7 +205,8 @@ void VariantPanel::showPreview()
 {
     const ZTVariantText text = variantTextOf(m_parts);
     m_preview->clear();
-    const QStringList values = m_parts.isEmpty() ? QStringList() : text.preview(kPreviewParts);
+    const QStringList values =
+        m_parts.isEmpty() ? QStringList() : partPreview(text, m_valuesPerPart, kPreviewParts);
     for (const QString &value : values)
         m_preview->addItem(onOneLine(value));
     if (!values.isEmpty()) {

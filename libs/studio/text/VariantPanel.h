@@ -27,6 +27,9 @@ class VariantPanel : public QWidget
 public:
     explicit VariantPanel(QWidget *parent = nullptr);
 
+    /** Values that a part uses up where shapes share a counter; the preview passes over them. */
+    void setValuesPerPart(int values);
+
     /** Shows segments as they were before the present part, without telling. */
     void showSegments(const Segments &segments);
     const Segments &segments() const { return m_parts; }
@@ -49,6 +52,7 @@ private:
     int chosen() const;
 
     Segments m_parts;
+    int m_valuesPerPart = 1;
     QListWidget *m_list = nullptr;
     QToolButton *m_addButton = nullptr;
     QToolButton *m_removeButton = nullptr;

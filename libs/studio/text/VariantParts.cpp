@@ -1,5 +1,6 @@
 #include <studio/text/VariantParts.h>
 
+#include <hostkit/items/ItemExtras.h>
 #include <hostkit/items/MarkReadiness.h>
 
 #include <QtCore/QCoreApplication>
@@ -8,6 +9,8 @@
 namespace studio {
 
 namespace {
+
+constexpr qint64 kMostPreviewed = 10000; ///< that a variant text shows in advance
 
 QString translated(const char *text)
 {
@@ -73,6 +76,16 @@ struct Describer
 
 } // namespace
 
+QStringList partPreview(const ZTVariantText &text, int valuesPerPart, int parts)
+{
+    const qint64 values = 1 + qint64(parts - 1) * valuesPerPart;
+    const QStringList all = text.preview(int(qMin<qint64>(values, kMostPreviewed)));
+    QStringList shown;
+    for (int at = 0; at < all.size() && shown.size() < parts; at += valuesPerPart)
+        shown << all[at];
+    return shown;
+}
+
 QString onOneLine(QString text) { return text.replace(QLatin1Char('\n'), QChar(0x21B5)); }
 
 Segments beforePresentPart(const Segments &segments)
@@ -100,6 +113,8 @@ NextPart NextPart::make(const QVector<ZTAbstractGraphicsItem *> &items)
         ZTVariantText *variantText = textItem != nullptr ? textItem->getVariantText() : nullptr;
         if (variantText == nullptr)
             continue;
+        for (int left = hostkit::itemExtras(*item).valuesPerPart; left > 1; --left)
+            variantText->update(); // those of the shapes that share its counter
         const bool isUsedUp = variantText->isExhausted();
         variantText->update();
         textItem->fromVariantTextSetText();

@@ -19,6 +19,12 @@ Segments beforePresentPart(const Segments &segments);
 /** A variant text whose next update makes the present part out of these segments. */
 ZTVariantText variantTextOf(const Segments &segments);
 
+/**
+ * What this part and the next ones show, of a text of which each part uses up some values. Limit:
+ * fewer parts than asked for where they are more than 10,000 values away.
+ */
+QStringList partPreview(const ZTVariantText &text, int valuesPerPart, int parts);
+
 /** A text on one line, with arrows for its line ends. */
 QString onOneLine(QString text);
 

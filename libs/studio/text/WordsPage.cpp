@@ -21,6 +21,7 @@ WordsPage::WordsPage(const TextSettings &settings, QWidget *parent)
     m_words->setTabChangesFocus(true);
     m_kinds->addWidget(m_words);
     m_kinds->addWidget(m_panel);
+    m_panel->setValuesPerPart(settings.valuesPerPart);
     m_panel->showSegments(beforePresentPart(settings.variantText.getSegments()));
     (settings.isVariant ? m_variantButton : m_fixedButton)->setChecked(true);
 

@@ -190,8 +190,8 @@ int EntityReader::layerOf(std::string_view name)
     if (decoded.isEmpty())
         decoded = QStringLiteral("0");
     const QString key = decoded.toUpper();
-    auto found = m_layerByKey.constFind(key);
-    if (found == m_layerByKey.constEnd()) {
+    auto found = m_layerByKey.find(key);
+    if (found == m_layerByKey.end()) {
         found = m_layerByKey.insert(key, static_cast<int>(m_layers.size()));
         LayerEntry entry;
         entry.name = decoded;

@@ -182,7 +182,7 @@ private:
     QString takeArgument()
     {
         const int end = m_text.indexOf(QLatin1Char(';'), m_at);
-        const QString argument = m_text.mid(m_at, end < 0 ? -1 : end - m_at);
+        QString argument = m_text.mid(m_at, end < 0 ? -1 : end - m_at);
         m_at = end < 0 ? m_text.size() : end + 1;
         return argument;
     }

@@ -70,7 +70,8 @@ private:
             ++m_at;
             if (isFirst) {
                 isNegative = digit % 2 != 0;
-                value = digit / 2;
+                const int half = digit / 2;
+                value = half;
                 weight = base / 2.0;
             } else {
                 value += digit * weight;

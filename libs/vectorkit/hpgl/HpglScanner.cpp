@@ -176,9 +176,8 @@ bool HpglScanner::readNumbers()
             ++m_at;
         } else if (byte == kEscape) {
             skipEscape();
-        } else if (byte == ':' || byte == '#' || byte == '!') {
-            return true;
-        } else if (isLetter(byte) && m_at + 1 < m_last && isLetter(m_at[1])) {
+        } else if (byte == ':' || byte == '#' || byte == '!' ||
+                   (isLetter(byte) && m_at + 1 < m_last && isLetter(m_at[1]))) {
             return true;
         } else {
             break;
@@ -225,7 +224,7 @@ char HpglScanner::readByte()
 QByteArray HpglScanner::readToSemicolon()
 {
     const char *end = std::find(m_at, m_last, ';');
-    const QByteArray text(m_at, static_cast<int>(end - m_at));
+    QByteArray text(m_at, static_cast<int>(end - m_at));
     m_at = end < m_last ? end + 1 : m_last;
     return text;
 }

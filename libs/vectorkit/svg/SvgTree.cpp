@@ -234,10 +234,11 @@ bool TreeReader::read(ReadFailure *failure)
 /** True when nothing failed; else tells what did. */
 bool TreeReader::fail(ReadFailure *failure) const
 {
+    const bool isRead = !m_isTooDeep && !m_xml.hasError();
     if (m_isCancelled) {
         *failure = {ReadFailure::Kind::Cancelled,
                     QCoreApplication::translate("vectorkit", "Reading was cancelled."), QString()};
-    } else if (m_isNoSvg) {
+    } else if (m_isNoSvg || (isRead && m_tree->nodes.isEmpty())) {
         *failure = {ReadFailure::Kind::WrongFormat,
                     QCoreApplication::translate("vectorkit", "This XML file is no SVG drawing."),
                     QString()};
@@ -257,10 +258,6 @@ bool TreeReader::fail(ReadFailure *failure) const
                         .arg(m_xml.errorString()),
                     QCoreApplication::translate("vectorkit",
                                                 "Save it again with the program that wrote it.")};
-    } else if (m_tree->nodes.isEmpty()) {
-        *failure = {ReadFailure::Kind::WrongFormat,
-                    QCoreApplication::translate("vectorkit", "This XML file is no SVG drawing."),
-                    QString()};
     } else {
         return true;
     }

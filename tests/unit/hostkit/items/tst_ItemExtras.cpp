@@ -19,6 +19,7 @@ ItemExtras everything()
     extras.isLocked = true;
     extras.isHidden = true;
     extras.groupPath = {3, -1, 2147483647};
+    extras.valuesPerPart = 50;
     extras.fields.insert(QByteArrayLiteral("mine"), QByteArrayLiteral("a\0b"));
     return extras;
 }
@@ -90,6 +91,20 @@ private Q_SLOTS:
         QVERIFY(hostkit::isMarked(*item));
     }
 
+    void valuesPerPart_outOfTheirRange_stayAmongTheFields()
+    {
+        hostkit::KeyedFields fields;
+        for (const QByteArray &bytes : {QByteArray(4, '\0'), QByteArray(4, '\xFF'),
+                                        QByteArray(3, '\1'), QByteArray(8, '\1')}) {
+            fields[QByteArrayLiteral("vals")] = bytes;
+            const ItemExtras extras = hostkit::extrasFromFields(fields);
+            QCOMPARE(extras.valuesPerPart, 1);
+            QVERIFY(extras.fields == fields);
+        }
+        fields[QByteArrayLiteral("vals")] = QByteArrayLiteral("\0\0\1\2");
+        QCOMPARE(hostkit::extrasFromFields(fields).valuesPerPart, 258);
+    }
+
     void unmarkedItem_isShownAndNotMarked()
     {
         ItemExtras extras;
@@ -125,8 +140,9 @@ private Q_SLOTS:
         QCOMPARE(fields.value("lock"), QByteArray(1, '\1'));
         QCOMPARE(fields.value("hide"), QByteArray(1, '\1'));
         QCOMPARE(fields.value("grps"), QByteArray::fromHex("00000003ffffffff7fffffff"));
+        QCOMPARE(fields.value("vals"), QByteArray::fromHex("00000032"));
         QCOMPARE(fields.value("mine"), QByteArrayLiteral("a\0b"));
-        QCOMPARE(fields.size(), 6);
+        QCOMPARE(fields.size(), 7);
         QVERIFY(hostkit::extrasFromFields(fields) == everything());
     }
 

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <studio/ShapeMeasures.h>
+#include <studio/commands/ItemGeometryCommand.h>
+
+namespace studio {
+
+/** Gives shapes other places and transforms. Undo and redo are exact, to the last bit. */
+class PlacementCommand : public ItemGeometryCommand
+{
+public:
+    PlacementCommand(ZTGraphicsScene *scene, const QVector<Placement> &placements,
+                     const QString &text);
+
+protected:
+    void change(ZTGraphicsScene &scene) override;
+
+private:
+    struct Place
+    {
+        QPointer<ShapeItem> item;
+        QPointF posPx;
+        QTransform transform;
+    };
+
+    QVector<Place> m_places; ///< empty once they are given
+};
+
+} // namespace studio

@@ -1,0 +1,215 @@
+#include <studio/job/JobExporter.h>
+
+#include <studio/Messages.h>
+#include <studio/commands/FramePause.h>
+#include <studio/drawing/LongWork.h>
+#include <studio/job/PensCommand.h>
+#include <studio/text/TextTools.h>
+#include <studio/text/VariantParts.h>
+
+#include <hostkit/files/FileWriter.h>
+#include <jobkit/writers/JobWriter.h>
+
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+#include <QtCore/QIODevice>
+
+#include <algorithm>
+
+namespace studio {
+
+namespace {
+
+constexpr int kNumberWidth = 4;
+
+bool hasVariantText(const ShapeItems &items)
+{
+    return std::any_of(items.begin(), items.end(), [](ShapeItem *item) {
+        auto *text = qobject_cast<ZTAbstractGraphicsTextItem *>(item);
+        return text != nullptr && text->getVariantText() != nullptr;
+    });
+}
+
+} // namespace
+
+/** The numbers of a drawing's variant texts: put back as they were, unless they are kept. */
+class JobExporter::Numbers
+{
+public:
+    explicit Numbers(ZTGraphicsDocument &document) : m_document(document)
+    {
+        for (ShapeItem *item : shapeItemsOf(*document.scene())) {
+            auto *text = qobject_cast<ZTAbstractGraphicsTextItem *>(item);
+            if (text != nullptr && text->getVariantText() != nullptr)
+                m_before.append({text, *text->getVariantText()});
+        }
+    }
+
+    ~Numbers() { restore(); }
+    Numbers(const Numbers &) = delete;
+    Numbers &operator=(const Numbers &) = delete;
+
+    bool isAny() const { return !m_before.isEmpty(); }
+
+    /** Moves all on to the next part; the texts that have no further value. */
+    QStringList advance()
+    {
+        const FramePause pause(*m_document.scene());
+        m_isMoved = true;
+        return NextPart::make(shapeItemsOf(*m_document.scene())).usedUp;
+    }
+
+    /** Leaves the numbers where they are. */
+    void keep() { m_isMoved = false; }
+
+    void restore()
+    {
+        if (!m_isMoved)
+            return;
+        const FramePause pause(*m_document.scene());
+        for (const Held &held : qAsConst(m_before)) {
+            if (!held.item)
+                continue;
+            *held.item->getVariantText() = held.text;
+            held.item->fromVariantTextSetText();
+        }
+        m_isMoved = false;
+    }
+
+private:
+    struct Held
+    {
+        QPointer<ZTAbstractGraphicsTextItem> item;
+        ZTVariantText text;
+    };
+
+    ZTGraphicsDocument &m_document;
+    QVector<Held> m_before;
+    bool m_isMoved = false;
+};
+
+JobExporter::JobExporter(ZTGraphicsDocument &document, TextTools &texts, Messages &messages,
+                         QWidget &window)
+    : QObject(&window), m_document(document), m_texts(texts), m_messages(messages), m_window(window)
+{
+}
+
+QStringList JobExporter::filesOf(const JobExport &wanted)
+{
+    if (wanted.parts == 1 || wanted.isOneFile || wanted.frame)
+        return {wanted.path};
+    const QFileInfo info(wanted.path);
+    QStringList files;
+    for (int part = 1; part <= wanted.parts; ++part)
+        files << info.dir().filePath(QStringLiteral("%1-%2.%3")
+                                         .arg(info.completeBaseName())
+                                         .arg(part, kNumberWidth, 10, QLatin1Char('0'))
+                                         .arg(info.suffix()));
+    return files;
+}
+
+bool JobExporter::fail(const QString &path, const QString &why)
+{
+    m_messages.failure({tr("\"%1\" was not written.").arg(QFileInfo(path).fileName()), why, {}});
+    return false;
+}
+
+bool JobExporter::write(const JobExport &wanted, const JobSettings &settings)
+{
+    const auto form = jobkit::jobFormOf(wanted.path);
+    if (!form)
+        return fail(wanted.path, tr("The name has to end in one of %1.")
+                                     .arg(jobkit::jobExtensions().join(QStringLiteral(", "))));
+    if (wanted.isOneFile && wanted.parts > 1 && !jobkit::canPause(*form))
+        return fail(wanted.path, tr("Only G-code can hold several parts with a pause between them. "
+                                    "Write one file a part."));
+    JobRequest request;
+    request.settings = settings;
+    request.pens = pensOf(m_document);
+    QString error;
+    if (!settings.readProfile(&request.machine, &error))
+        return fail(wanted.path, error);
+    m_texts.finishTyping();
+    QVector<jobkit::JobPlan> plans;
+    if (!planParts(wanted, request, &plans) || !writeFiles(wanted, request, plans))
+        return false;
+    // What was marked is marked: from here on the drawing stands at the first part after these.
+    if (!wanted.frame && hasVariantText(shapeItemsOf(*m_document.scene()))) {
+        Numbers passing(m_document);
+        for (int part = 1; part < wanted.parts; ++part)
+            passing.advance();
+        passing.keep();
+        m_texts.nextPart();
+    }
+    Q_EMIT written(filesOf(wanted), wanted.parts);
+    return true;
+}
+
+/** A plan a part, or one for all where no text changes. The drawing is the same afterwards. */
+bool JobExporter::planParts(const JobExport &wanted, JobRequest request,
+                            QVector<jobkit::JobPlan> *plans)
+{
+    Numbers numbers(m_document);
+    const int parts = numbers.isAny() && !wanted.frame ? wanted.parts : 1;
+    LongWork work(m_window, tr("Making the job..."), LongWork::Cancel::Possible);
+    for (int part = 0; part < parts; ++part) {
+        if (!work.step(part, parts))
+            return false;
+        const QStringList usedUp = part > 0 ? numbers.advance() : QStringList();
+        if (!usedUp.isEmpty())
+            return fail(wanted.path,
+                        tr("After part %1 there are no further values for: %2. No file was "
+                           "written.")
+                            .arg(part)
+                            .arg(usedUp.join(QStringLiteral(", "))));
+        GatheredItems gathered;
+        if (!gatherItems(m_document, &gathered))
+            return fail(wanted.path, tr("Not all shapes could be turned into marks."));
+        request.items = gathered.items;
+        const auto isGivenUp = std::make_shared<std::atomic<bool>>(false);
+        const auto job = std::make_shared<std::shared_ptr<const Job>>();
+        if (!work.run([request, isGivenUp, job] { *job = makeJob(request, *isGivenUp); })) {
+            *isGivenUp = true;
+            return false;
+        }
+        if (!*job)
+            return fail(wanted.path, tr("There is not enough memory."));
+        if ((*job)->plan.pieces.isEmpty())
+            return fail(wanted.path, tr("There is nothing to mark."));
+        plans->append((*job)->plan);
+    }
+    return true;
+}
+
+bool JobExporter::writeFiles(const JobExport &wanted, const JobRequest &request,
+                             const QVector<jobkit::JobPlan> &plans)
+{
+    const QStringList files = filesOf(wanted);
+    const int partsAFile = files.size() == 1 && !wanted.frame ? wanted.parts : 1;
+    for (int i = 0; i < files.size(); ++i) {
+        jobkit::JobFile file;
+        file.pens = request.pens;
+        file.profile = request.machine;
+        file.title = QFileInfo(files[i]).completeBaseName();
+        file.headMm = request.machine.fromMachine({});
+        for (int part = 0; part < partsAFile; ++part)
+            file.parts.append(plans.value(plans.size() == 1 ? 0 : i + part));
+        if (wanted.frame) {
+            file.parts = {jobkit::framePlan(plans.first(), *wanted.frame)};
+            file.pens.append(jobkit::framePen());
+        }
+        hostkit::Failure failure;
+        const auto write = [form = *jobkit::jobFormOf(wanted.path), &file](QIODevice &device) {
+            return jobkit::writeJob(form, file, device);
+        };
+        if (!hostkit::saveWhole(files[i], write, &failure)) {
+            const QString before =
+                i == 0 ? QString()
+                       : tr(" The files before it were written; the numbers were not used up.");
+            return fail(files[i], failure.reason + QLatin1Char('.') + before);
+        }
+    }
+    return true;
+}
+
+} // namespace studio

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <studio/job/JobRun.h>
+
+#include <jobkit/plan/JobFrame.h>
+
+#include <QtCore/QObject>
+
+#include <optional>
+
+QT_BEGIN_NAMESPACE
+class QWidget;
+QT_END_NAMESPACE
+
+namespace studio {
+
+class Messages;
+class TextTools;
+
+/** What is to be written of a job. */
+struct JobExport
+{
+    QString path;           ///< its extension says in which form
+    int parts = 1;          ///< 1 to `JobExporter::kMostParts`
+    bool isOneFile = false; ///< several parts in one file, with a pause between them
+    std::optional<jobkit::FrameKind> frame; ///< the frame of the job in its place
+};
+
+/**
+ * Writes jobs as files for machines.
+ *
+ * Variant texts move on once a part; the drawing shows the next part's values when all files are
+ * whole, and those from before where anything fails or is cancelled: no number is given twice, and
+ * none is lost.
+ */
+class JobExporter : public QObject
+{
+    Q_OBJECT
+
+public:
+    static constexpr int kMostParts = 10000;
+
+    /** All are borrowed and outlive the exporter. */
+    JobExporter(ZTGraphicsDocument &document, TextTools &texts, Messages &messages,
+                QWidget &window);
+
+    /** Files that an export writes: one, or one a part with its number before the extension. */
+    static QStringList filesOf(const JobExport &wanted);
+
+    /** Writes a job; false where it was not, after telling why. */
+    bool write(const JobExport &wanted, const JobSettings &settings);
+
+Q_SIGNALS:
+    void written(const QStringList &files, int parts);
+
+private:
+    class Numbers;
+
+    bool planParts(const JobExport &wanted, JobRequest request, QVector<jobkit::JobPlan> *plans);
+    bool writeFiles(const JobExport &wanted, const JobRequest &request,
+                    const QVector<jobkit::JobPlan> &plans);
+    bool fail(const QString &path, const QString &why);
+
+    ZTGraphicsDocument &m_document;
+    TextTools &m_texts;
+    Messages &m_messages;
+    QWidget &m_window;
+};
+
+} // namespace studio

@@ -1,0 +1,322 @@
+#include <studio/job/JobPanel.h>
+
+#include <studio/UndoTexts.h>
+#include <studio/job/JobRun.h>
+#include <studio/job/MaterialStore.h>
+#include <studio/job/PenModel.h>
+#include <studio/job/PensCommand.h>
+
+#include <QtCore/QFileInfo>
+#include <QtCore/QLocale>
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QFormLayout>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QInputDialog>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QTableView>
+#include <QtWidgets/QUndoStack>
+
+#include <algorithm>
+
+namespace studio {
+
+namespace {
+
+QString seconds(double value) { return QLocale().toString(value, 'f', 1); }
+
+QHBoxLayout *inARow(QWidget *wide, QWidget *narrow)
+{
+    auto *row = new QHBoxLayout;
+    row->addWidget(wide, 1);
+    row->addWidget(narrow);
+    return row;
+}
+
+/** The pens with those of a material in place of the ones with their numbers. */
+QVector<jobkit::Pen> replaced(QVector<jobkit::Pen> pens, const QVector<jobkit::Pen> &by)
+{
+    for (const jobkit::Pen &pen : by) {
+        const auto same = std::find_if(pens.begin(), pens.end(), [&pen](const jobkit::Pen &old) {
+            return old.number == pen.number;
+        });
+        if (same != pens.end())
+            *same = pen;
+        else
+            pens.append(pen);
+    }
+    return pens;
+}
+
+template <class Widget>
+Widget *named(Widget *widget, const char *name)
+{
+    widget->setObjectName(QLatin1String(name));
+    return widget;
+}
+
+} // namespace
+
+JobPanel::JobPanel(ZTGraphicsDocument &document, QWidget *parent)
+    : QWidget(parent), m_document(document), m_settings(JobSettings::load()),
+      m_model(new PenModel(this)), m_pens(named(new QTableView(this), "job.pens")),
+      m_material(named(new QComboBox(this), "job.material")),
+      m_saveMaterial(named(new QPushButton(this), "job.saveMaterial")),
+      m_machine(named(new QComboBox(this), "job.machine")),
+      m_otherMachine(named(new QPushButton(this), "job.otherMachine")),
+      m_order(named(new QComboBox(this), "job.order")),
+      m_hatchPlace(named(new QComboBox(this), "job.hatchPlace")),
+      m_penByPen(newSwitch("job.penByPen", m_settings.isPenByPen)),
+      m_innerFirst(newSwitch("job.innerFirst", m_settings.isInnerFirst)),
+      m_pensLabel(new QLabel(this)), m_materialLabel(new QLabel(this)),
+      m_machineLabel(new QLabel(this)), m_orderLabel(new QLabel(this)),
+      m_hatchLabel(new QLabel(this)), m_told(named(new QLabel(this), "job.told")),
+      m_preview(named(new QPushButton(this), "job.preview")),
+      m_export(named(new QPushButton(this), "job.export"))
+{
+    setObjectName(QStringLiteral("jobPanel"));
+    build();
+    retranslate();
+    connectFields();
+    refresh();
+}
+
+QCheckBox *JobPanel::newSwitch(const char *name, bool isOn)
+{
+    QCheckBox *box = named(new QCheckBox(this), name);
+    box->setChecked(isOn);
+    return box;
+}
+
+void JobPanel::build()
+{
+    m_pens->setModel(m_model);
+    m_pens->verticalHeader()->hide();
+    m_pens->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    m_pens->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_pens->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
+                            QAbstractItemView::AnyKeyPressed);
+    m_pens->setTabKeyNavigation(true);
+    m_told->setWordWrap(true);
+    m_told->setTextFormat(Qt::PlainText);
+    m_order->addItems({QString(), QString(), QString()});
+    m_order->setCurrentIndex(static_cast<int>(m_settings.order));
+    m_hatchPlace->addItems({QString(), QString(), QString()});
+    m_hatchPlace->setCurrentIndex(static_cast<int>(m_settings.hatchPlace));
+    addMachines();
+    m_pensLabel->setBuddy(m_pens);
+    m_materialLabel->setBuddy(m_material);
+    m_machineLabel->setBuddy(m_machine);
+    m_orderLabel->setBuddy(m_order);
+    m_hatchLabel->setBuddy(m_hatchPlace);
+
+    auto *form = new QFormLayout;
+    form->addRow(m_materialLabel, inARow(m_material, m_saveMaterial));
+    form->addRow(m_machineLabel, inARow(m_machine, m_otherMachine));
+    form->addRow(m_orderLabel, m_order);
+    form->addRow(m_hatchLabel, m_hatchPlace);
+    form->addRow(m_penByPen);
+    form->addRow(m_innerFirst);
+    auto *buttons = new QHBoxLayout;
+    buttons->addWidget(m_preview);
+    buttons->addWidget(m_export);
+    auto *all = new QVBoxLayout(this);
+    all->addWidget(m_pensLabel);
+    all->addWidget(m_pens, 1);
+    all->addLayout(form);
+    all->addWidget(m_told);
+    all->addLayout(buttons);
+}
+
+void JobPanel::addMachines()
+{
+    for (const QString &name : jobkit::profilesOnBoard())
+        m_machine->addItem(name, name);
+    if (m_machine->findData(m_settings.profile) < 0)
+        m_machine->addItem(QFileInfo(m_settings.profile).fileName(), m_settings.profile);
+    m_machine->setCurrentIndex(m_machine->findData(m_settings.profile));
+}
+
+void JobPanel::connectFields()
+{
+    connect(m_model, &PenModel::edited, this, &JobPanel::editPens);
+    connect(m_model, &PenModel::refused, this, &JobPanel::tell);
+    connect(m_pens, &QTableView::doubleClicked, this, [this](const QModelIndex &index) {
+        if (index.column() == PenModel::Mode)
+            changeMode(index.row());
+    });
+    connect(m_document.undoStack(), &QUndoStack::indexChanged, this, &JobPanel::refresh);
+    connect(m_material, qOverload<int>(&QComboBox::activated), this, &JobPanel::applyMaterial);
+    connect(m_saveMaterial, &QPushButton::clicked, this, &JobPanel::saveMaterial);
+    connect(m_otherMachine, &QPushButton::clicked, this, &JobPanel::chooseProfile);
+    for (QComboBox *box : {m_machine, m_order, m_hatchPlace})
+        connect(box, qOverload<int>(&QComboBox::activated), this, &JobPanel::readFields);
+    for (QCheckBox *box : {m_penByPen, m_innerFirst})
+        connect(box, &QCheckBox::toggled, this, &JobPanel::readFields);
+    connect(m_preview, &QPushButton::clicked, this, &JobPanel::previewAsked);
+    connect(m_export, &QPushButton::clicked, this, &JobPanel::exportAsked);
+}
+
+void JobPanel::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+void JobPanel::retranslate()
+{
+    m_pensLabel->setText(tr("P&ens of this drawing"));
+    m_pens->setAccessibleName(tr("Pens of this drawing"));
+    m_materialLabel->setText(tr("&Material"));
+    m_saveMaterial->setText(tr("&Keep as..."));
+    m_saveMaterial->setToolTip(tr("Keep these pens as a material under a name"));
+    m_machineLabel->setText(tr("Mac&hine"));
+    m_otherMachine->setText(tr("&Other..."));
+    m_otherMachine->setToolTip(tr("Read a machine profile from a file"));
+    m_orderLabel->setText(tr("O&rder"));
+    m_order->setItemText(0, tr("As drawn"));
+    m_order->setItemText(1, tr("Nearest end next"));
+    m_order->setItemText(2, tr("Shortest found"));
+    m_hatchLabel->setText(tr("Hatch&es"));
+    m_hatchPlace->setItemText(0, tr("Anywhere"));
+    m_hatchPlace->setItemText(1, tr("Before outlines"));
+    m_hatchPlace->setItemText(2, tr("After outlines"));
+    m_penByPen->setText(tr("Pen &by pen"));
+    m_innerFirst->setText(tr("&Inner outlines before outer ones"));
+    m_preview->setText(tr("Pre&view..."));
+    m_export->setText(tr("E&xport job..."));
+    fillMaterials();
+    Q_EMIT m_model->headerDataChanged(Qt::Horizontal, 0, PenModel::ColumnCount - 1);
+}
+
+void JobPanel::refresh() { m_model->setPens(pensOf(m_document)); }
+
+void JobPanel::tell(const QString &text) { m_told->setText(text); }
+
+void JobPanel::showTimes(const Job *job)
+{
+    if (job == nullptr) {
+        tell({});
+        return;
+    }
+    const jobkit::TimeSums &all = job->times.all;
+    QStringList pens;
+    for (const auto &pen : job->times.byPen)
+        pens << tr("pen %1 %2").arg(pen.first).arg(seconds(pen.second.totalS()));
+    tell(tr("%1 s a part (marking %2, jumps %3, delays %4; %5)")
+             .arg(seconds(all.totalS()), seconds(all.markS), seconds(all.jumpS),
+                  seconds(all.delayS), pens.join(QStringLiteral(", "))));
+}
+
+void JobPanel::editPens(const QVector<jobkit::Pen> &pens)
+{
+    tell({});
+    m_document.undoStack()->push(new PensCommand(
+        m_document, pens, undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Change pens"))));
+    Q_EMIT changed();
+}
+
+void JobPanel::changeMode(int row)
+{
+    QVector<jobkit::Pen> pens = m_model->pens();
+    pens[row].powerMode = pens[row].powerMode == jobkit::PowerMode::Constant
+                              ? jobkit::PowerMode::Dynamic
+                              : jobkit::PowerMode::Constant;
+    editPens(pens);
+}
+
+void JobPanel::readFields()
+{
+    m_settings.profile = m_machine->currentData().toString();
+    m_settings.order = static_cast<jobkit::OrderKind>(m_order->currentIndex());
+    m_settings.hatchPlace = static_cast<jobkit::HatchPlace>(m_hatchPlace->currentIndex());
+    m_settings.isPenByPen = m_penByPen->isChecked();
+    m_settings.isInnerFirst = m_innerFirst->isChecked();
+    m_settings.save();
+    tell({});
+    Q_EMIT changed();
+}
+
+void JobPanel::chooseProfile()
+{
+    auto *dialog = new QFileDialog(this, tr("Machine profile"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setNameFilters({tr("Machine profiles (*.json)"), tr("All files (*)")});
+    connect(dialog, &QFileDialog::fileSelected, this, [this](const QString &path) {
+        JobSettings tried = m_settings;
+        tried.profile = path;
+        jobkit::MachineProfile machine;
+        QString error;
+        if (!tried.readProfile(&machine, &error)) {
+            tell(error);
+            return;
+        }
+        if (m_machine->findData(path) < 0)
+            m_machine->addItem(QFileInfo(path).fileName(), path);
+        m_machine->setCurrentIndex(m_machine->findData(path));
+        readFields();
+    });
+    dialog->open();
+}
+
+/** The first row stands for the pens as they are; the last one reads a file. */
+void JobPanel::fillMaterials()
+{
+    m_material->clear();
+    m_material->addItem(tr("Choose..."));
+    m_material->addItems(MaterialStore().names());
+    m_material->addItem(tr("From a file..."));
+}
+
+void JobPanel::applyMaterial()
+{
+    const int row = m_material->currentIndex();
+    const QString name = m_material->currentText();
+    m_material->setCurrentIndex(0);
+    const auto apply = [this](bool isRead, const jobkit::Material &material, const QString &error) {
+        if (isRead)
+            editPens(replaced(m_model->pens(), material.pens));
+        tell(isRead ? tr("Pens of %1").arg(material.name) : error);
+    };
+    if (row == m_material->count() - 1) {
+        auto *dialog = new QFileDialog(this, tr("Material"));
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        dialog->setFileMode(QFileDialog::ExistingFile);
+        dialog->setNameFilters({tr("Materials (*.json)"), tr("All files (*)")});
+        connect(dialog, &QFileDialog::fileSelected, this, [apply](const QString &path) {
+            jobkit::Material material;
+            QString error;
+            const bool isRead = MaterialStore::readFile(path, &material, &error);
+            apply(isRead, material, error);
+        });
+        dialog->open();
+    } else if (row > 0) {
+        jobkit::Material material;
+        QString error;
+        const bool isRead = MaterialStore().read(name, &material, &error);
+        apply(isRead, material, error);
+    }
+}
+
+void JobPanel::saveMaterial()
+{
+    auto *dialog = new QInputDialog(this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setObjectName(QStringLiteral("materialDialog"));
+    dialog->setWindowTitle(tr("Material"));
+    dialog->setLabelText(tr("Name of the material:"));
+    connect(dialog, &QInputDialog::textValueSelected, this, [this](const QString &name) {
+        QString error;
+        const bool isSaved = MaterialStore().save({name, m_model->pens()}, &error);
+        fillMaterials();
+        tell(isSaved ? tr("Kept as %1").arg(name) : error);
+    });
+    dialog->open();
+}
+
+} // namespace studio

@@ -1,0 +1,121 @@
+#include <studio/job/JobReport.h>
+
+#include <studio/job/PlanView.h>
+
+#include <hostkit/files/FileWriter.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QIODevice>
+#include <QtCore/QLocale>
+#include <QtGui/QAbstractTextDocumentLayout>
+#include <QtGui/QPainter>
+#include <QtGui/QPdfWriter>
+#include <QtGui/QTextDocument>
+
+namespace studio {
+
+namespace {
+
+constexpr int kDpi = 150;
+constexpr double kPictureShare = 0.5; ///< of the page's height, at most
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(studio::JobReport)
+};
+
+QString number(double value, int decimals = 2) { return QLocale().toString(value, 'f', decimals); }
+
+QString row(const QStringList &cells)
+{
+    QString html = QStringLiteral("<tr>");
+    for (const QString &cell : cells)
+        html +=
+            QStringLiteral("<td style=\"padding-right:12px\">%1</td>").arg(cell.toHtmlEscaped());
+    return html + QStringLiteral("</tr>");
+}
+
+QString table(const QString &title, const QStringList &rows)
+{
+    return QStringLiteral("<h3>%1</h3><table>%2</table>")
+        .arg(title.toHtmlEscaped(), rows.join(QString()));
+}
+
+QString penTable(const Job &job)
+{
+    QStringList rows{row({Texts::tr("Pen"), Texts::tr("Name"), Texts::tr("mm/s"), Texts::tr("%"),
+                          Texts::tr("kHz"), Texts::tr("Times"), Texts::tr("Seconds")})};
+    for (const auto &used : job.times.byPen) {
+        const jobkit::Pen pen = jobkit::penOf(job.request.pens, used.first);
+        rows << row({QString::number(pen.number), pen.name, QLocale().toString(pen.speedMmPerS),
+                     QLocale().toString(pen.powerPercent), QLocale().toString(pen.frequencyKHz),
+                     QString::number(pen.passes), number(used.second.totalS())});
+    }
+    return table(Texts::tr("Pens"), rows);
+}
+
+bool writePdf(const Job &job, const QImage &picture, QIODevice &device)
+{
+    QPdfWriter pdf(&device);
+    pdf.setPageSize(QPageSize(QPageSize::A4));
+    pdf.setResolution(kDpi);
+    QPainter painter;
+    if (!painter.begin(&pdf))
+        return false;
+    const QRect page(0, 0, pdf.width(), pdf.height());
+    const QSize room(page.width(), int(page.height() * kPictureShare));
+    const QSize size = picture.size().scaled(room, Qt::KeepAspectRatio);
+    painter.drawImage(QRect(QPoint(0, 0), size), picture);
+    QTextDocument text;
+    text.documentLayout()->setPaintDevice(&pdf);
+    text.setPageSize(QSizeF(page.width(), page.height() - size.height()));
+    text.setHtml(reportText(job));
+    painter.translate(0, size.height() + kDpi / 10);
+    text.drawContents(&painter, QRectF(0, 0, page.width(), page.height() - size.height()));
+    return painter.end();
+}
+
+} // namespace
+
+QString reportText(const Job &job)
+{
+    const jobkit::MachineProfile &machine = job.request.machine;
+    const QRectF box = job.plan.boundsMm();
+    const jobkit::TimeSums &all = job.times.all;
+    QString html =
+        table(Texts::tr("Job"),
+              {row({Texts::tr("Machine"), machine.name}),
+               row({Texts::tr("Field"), Texts::tr("%1 x %2 mm")
+                                            .arg(QLocale().toString(machine.fieldWidthMm),
+                                                 QLocale().toString(machine.fieldHeightMm))}),
+               row({Texts::tr("Size"),
+                    Texts::tr("%1 x %2 mm").arg(number(box.width(), 3), number(box.height(), 3))}),
+               row({Texts::tr("Time"), Texts::tr("%1 s (marking %2, jumps %3, delays %4)")
+                                           .arg(number(all.totalS()), number(all.markS),
+                                                number(all.jumpS), number(all.delayS))})});
+    html += penTable(job);
+    QStringList findings;
+    for (const jobkit::JobFinding &finding : job.findings)
+        findings << row({finding.text});
+    if (findings.isEmpty())
+        findings << row({Texts::tr("Nothing speaks against this job.")});
+    return html + table(Texts::tr("Checks"), findings);
+}
+
+bool saveReport(const Job &job, PlanView &plan, const QString &path, QString *error)
+{
+    const QImage picture = plan.grab().toImage();
+    const bool isPicture = path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive);
+    hostkit::Failure failure;
+    const bool isSaved = hostkit::saveWhole(
+        path,
+        [&](QIODevice &device) {
+            return isPicture ? picture.save(&device, "PNG") : writePdf(job, picture, device);
+        },
+        &failure);
+    if (!isSaved)
+        *error = failure.reason;
+    return isSaved;
+}
+
+} // namespace studio

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <studio/ShapeItems.h>
+#include <studio/job/JobSettings.h>
+
+#include <jobkit/checks/JobChecks.h>
+#include <jobkit/plan/JobTimes.h>
+
+#include <atomic>
+#include <memory>
+
+namespace studio {
+
+/** All that a job is made from: a value, so that it can be made in another thread. */
+struct JobRequest
+{
+    QVector<jobkit::JobItem> items; ///< `object` of each is its index
+    QVector<jobkit::Pen> pens;
+    jobkit::MachineProfile machine;
+    JobSettings settings;
+};
+
+/** A job as it is previewed, timed and written: the same plan for all of them. */
+struct Job
+{
+    JobRequest request;
+    jobkit::JobPlan plan; ///< ordered, its passes laid out
+    jobkit::JobTimes times;
+    QVector<jobkit::JobFinding> findings;
+    jobkit::OrderResult order;
+
+    /** Where the head stands before the job: at the machine's zero. Frame: mm, as of the plan. */
+    QPointF headMm() const { return request.machine.fromMachine({}); }
+};
+
+/** What a drawing marks. */
+struct GatheredItems
+{
+    QVector<jobkit::JobItem> items;      ///< `object` of each is its index
+    QVector<QPointer<ShapeItem>> shapes; ///< behind the items
+};
+
+/**
+ * Gathers what a drawing marks, what is marked first first. Order: GUI thread.
+ *
+ * Failure: false where not all shapes come out whole.
+ */
+bool gatherItems(const ZTGraphicsDocument &document, GatheredItems *gathered);
+
+/** Plans, orders, times and checks a job. Any thread. `isGivenUp` keeps the best order so far. */
+std::shared_ptr<const Job> makeJob(const JobRequest &request, const std::atomic<bool> &isGivenUp);
+
+} // namespace studio

@@ -1,0 +1,179 @@
+#include <studio/job/JobTools.h>
+
+#include <studio/Messages.h>
+#include <studio/drawing/LongWork.h>
+#include <studio/job/JobExportDialog.h>
+#include <studio/job/JobPanel.h>
+#include <studio/job/JobPreview.h>
+#include <studio/job/PensCommand.h>
+#include <studio/text/TextTools.h>
+
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QUndoStack>
+
+namespace studio {
+
+namespace {
+
+constexpr int kNamedAtMost = 8; ///< the rest is behind "Show Details"
+
+QString suffixOf(jobkit::JobForm form)
+{
+    switch (form) {
+    case jobkit::JobForm::Gcode:
+        return QStringLiteral("nc");
+    case jobkit::JobForm::Hpgl:
+        return QStringLiteral("plt");
+    case jobkit::JobForm::Dxf:
+        return QStringLiteral("dxf");
+    case jobkit::JobForm::Svg:
+        return QStringLiteral("svg");
+    case jobkit::JobForm::Json:
+        return QStringLiteral("json");
+    case jobkit::JobForm::Csv:
+        break;
+    }
+    return QStringLiteral("csv");
+}
+
+bool hasVariantTexts(const ZTGraphicsDocument &document)
+{
+    for (ShapeItem *item : shapeItemsOf(*document.scene())) {
+        auto *text = qobject_cast<ZTAbstractGraphicsTextItem *>(item);
+        if (text != nullptr && text->getVariantText() != nullptr)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+JobTools::JobTools(ZTGraphicsDocument &document, TextTools &texts, Messages &messages,
+                   QWidget &window)
+    : QObject(&window), m_document(document), m_texts(texts), m_messages(messages),
+      m_window(window), m_panel(new JobPanel(document)),
+      m_exporter(new JobExporter(document, texts, messages, window))
+{
+    connect(m_panel, &JobPanel::previewAsked, this, &JobTools::showPreview);
+    connect(m_panel, &JobPanel::exportAsked, this, &JobTools::chooseExport);
+    connect(m_panel, &JobPanel::changed, this, &JobTools::showOutdated);
+    connect(document.undoStack(), &QUndoStack::indexChanged, this, &JobTools::showOutdated);
+    connect(&texts, &TextTools::partChanged, this, &JobTools::showOutdated);
+}
+
+JobTools::~JobTools() { delete m_preview; }
+
+void JobTools::showOutdated()
+{
+    m_panel->showTimes(nullptr);
+    if (m_preview)
+        m_preview->setOutdated(true);
+}
+
+std::shared_ptr<const Job> JobTools::makeJob()
+{
+    m_texts.finishTyping();
+    JobRequest request;
+    request.settings = m_panel->settings();
+    request.pens = pensOf(m_document);
+    QString error;
+    GatheredItems gathered;
+    if (!request.settings.readProfile(&request.machine, &error)) {
+        m_messages.failure({tr("There is no job."), error, {}});
+        return nullptr;
+    }
+    if (!gatherItems(m_document, &gathered)) {
+        m_messages.failure(
+            {tr("There is no job."), tr("Not all shapes could be turned into marks."), {}});
+        return nullptr;
+    }
+    request.items = gathered.items;
+    m_shapes = gathered.shapes;
+    const auto isGivenUp = std::make_shared<std::atomic<bool>>(false);
+    const auto job = std::make_shared<std::shared_ptr<const Job>>();
+    LongWork work(m_window, tr("Making the job..."), LongWork::Cancel::Possible);
+    if (!work.run([request, isGivenUp, job] { *job = studio::makeJob(request, *isGivenUp); })) {
+        *isGivenUp = true;
+        return nullptr;
+    }
+    return *job;
+}
+
+void JobTools::showPreview()
+{
+    const std::shared_ptr<const Job> job = makeJob();
+    if (!job)
+        return;
+    if (!m_preview) {
+        m_preview = new JobPreview(&m_window);
+        m_preview->setAttribute(Qt::WA_DeleteOnClose);
+        connect(m_preview, &JobPreview::updateAsked, this, &JobTools::showPreview);
+        connect(m_preview, &JobPreview::exportAsked, this, &JobTools::chooseExport);
+        connect(m_preview, &JobPreview::objectPicked, this, &JobTools::selectObject);
+    }
+    m_preview->setJob(job);
+    m_panel->showTimes(job.get());
+    m_preview->show();
+    m_preview->raise();
+    m_preview->activateWindow();
+}
+
+void JobTools::selectObject(int object)
+{
+    if (ShapeItem *item = m_shapes.value(object))
+        selectOnly(*m_document.scene(), {item});
+}
+
+void JobTools::chooseExport()
+{
+    const std::shared_ptr<const Job> job = makeJob();
+    if (!job)
+        return;
+    m_panel->showTimes(job.get());
+    if (job->findings.isEmpty()) {
+        askAndExport();
+        return;
+    }
+    QStringList found;
+    bool isAnything = true;
+    for (const jobkit::JobFinding &finding : job->findings) {
+        found << finding.text;
+        isAnything = isAnything && finding.kind != jobkit::FindingKind::NothingToMark;
+    }
+    if (!isAnything) {
+        m_messages.failure({tr("There is no job."), tr("There is nothing to mark."), {}});
+        return;
+    }
+    auto *box =
+        new QMessageBox(QMessageBox::Warning, QString(), tr("Look at this before you mark."),
+                        QMessageBox::NoButton, &m_window);
+    box->setObjectName(QStringLiteral("jobQuestion"));
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setTextFormat(Qt::PlainText);
+    box->setInformativeText(QStringList(found.mid(0, kNamedAtMost)).join(QLatin1Char('\n')) +
+                            (found.size() > kNamedAtMost ? QStringLiteral("\n...") : QString()));
+    if (found.size() > kNamedAtMost)
+        box->setDetailedText(found.join(QLatin1Char('\n')));
+    const QPushButton *exporting =
+        box->addButton(tr("&Export all the same"), QMessageBox::AcceptRole);
+    const QPushButton *showing = box->addButton(tr("&Show them"), QMessageBox::ActionRole);
+    box->setDefaultButton(box->addButton(QMessageBox::Cancel));
+    connect(exporting, &QPushButton::clicked, this, &JobTools::askAndExport);
+    connect(showing, &QPushButton::clicked, this, &JobTools::showPreview);
+    box->open();
+}
+
+void JobTools::askAndExport()
+{
+    jobkit::MachineProfile machine;
+    QString error;
+    m_panel->settings().readProfile(&machine, &error);
+    auto *dialog =
+        new JobExportDialog(suffixOf(machine.form), hasVariantTexts(m_document), &m_window);
+    connect(dialog, &JobExportDialog::chosen, this,
+            [this](const JobExport &wanted) { m_exporter->write(wanted, m_panel->settings()); });
+    dialog->open();
+}
+
+} // namespace studio

@@ -1,0 +1,223 @@
+#include <studio/panel/MeasureField.h>
+
+#include <studio/panel/TypedMeasure.h>
+
+#include <QtCore/QEvent>
+#include <QtGui/QFocusEvent>
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QApplication>
+
+#include <cmath>
+
+namespace studio {
+
+namespace {
+
+constexpr double kWrongShare = 0.35; ///< of red in a wrong entry's background
+
+QColor mixed(const QColor &base, const QColor &over, double share)
+{
+    const auto mix = [share](double a, double b) { return a * (1.0 - share) + b * share; };
+    return QColor::fromRgbF(mix(base.redF(), over.redF()), mix(base.greenF(), over.greenF()),
+                            mix(base.blueF(), over.blueF()));
+}
+
+TypedMeasure readAs(MeasureField::Quantity quantity, const QString &text)
+{
+    switch (quantity) {
+    case MeasureField::Quantity::Length:
+        return readLength(text);
+    case MeasureField::Quantity::Angle:
+        return readAngle(text);
+    case MeasureField::Quantity::Percent:
+    case MeasureField::Quantity::Count:
+        return readNumber(text);
+    }
+    return {};
+}
+
+} // namespace
+
+MeasureField::MeasureField(Quantity quantity, const Range &range, QWidget *parent)
+    : QLineEdit(parent), m_quantity(quantity), m_range(range)
+{
+    setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("-9999.9999")));
+    connect(this, &QLineEdit::textChanged, this, &MeasureField::check);
+}
+
+void MeasureField::showValue(double value)
+{
+    // Text that is typed belongs to the value that it was typed over.
+    if (m_content != Content::Value || m_value != value || m_isCommitted)
+        show(Content::Value, value);
+}
+
+void MeasureField::showDiffering()
+{
+    if (m_content != Content::Differing || m_isCommitted)
+        show(Content::Differing, std::nullopt);
+}
+
+void MeasureField::showNothing() { show(Content::Nothing, std::nullopt); }
+
+void MeasureField::show(Content content, std::optional<double> value)
+{
+    m_content = content;
+    m_value = value;
+    renew();
+}
+
+void MeasureField::renew()
+{
+    m_shownText = m_value ? measureText(*m_value) : QString();
+    setPlaceholderText(m_content == Content::Differing ? tr("differs") : QString());
+    m_isCommitted = false;
+    setText(m_shownText);
+    if (hasFocus())
+        selectAll();
+    setFault({});
+}
+
+void MeasureField::takeBack() { renew(); }
+
+void MeasureField::setRange(const Range &range)
+{
+    m_range = range;
+    check();
+}
+
+void MeasureField::refuse(const QString &reason)
+{
+    m_isCommitted = false;
+    setFault(reason);
+}
+
+bool MeasureField::event(QEvent *event)
+{
+    // Undo is the drawing's, as long as there is nothing typed to be undone.
+    if (event->type() == QEvent::ShortcutOverride && !isEdited()) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
+            event->ignore();
+            return false;
+        }
+    }
+    return QLineEdit::event(event);
+}
+
+void MeasureField::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        commit();
+        event->accept();
+        break;
+    case Qt::Key_Escape:
+        if (isEdited() || !m_fault.isEmpty()) {
+            takeBack();
+            event->accept();
+        } else {
+            event->ignore();
+        }
+        break;
+    default:
+        QLineEdit::keyPressEvent(event);
+    }
+}
+
+void MeasureField::focusOutEvent(QFocusEvent *event)
+{
+    QLineEdit::focusOutEvent(event);
+    // A menu or another program comes over the window for a moment only.
+    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
+        commit();
+}
+
+void MeasureField::changeEvent(QEvent *event)
+{
+    QLineEdit::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    setPlaceholderText(m_content == Content::Differing ? tr("differs") : QString());
+    check();
+}
+
+void MeasureField::commit()
+{
+    double value = 0.0;
+    if (!isEdited() || m_isCommitted || !reasonAgainst(text(), &value).isEmpty())
+        return;
+    // Until whoever listens shows what became of it.
+    m_isCommitted = true;
+    Q_EMIT committed(value);
+}
+
+void MeasureField::check()
+{
+    m_isCommitted = false;
+    double value = 0.0;
+    setFault(isEdited() ? reasonAgainst(text(), &value) : QString());
+}
+
+void MeasureField::setHint(const QString &hint)
+{
+    m_hint = hint;
+    setToolTip(m_fault.isEmpty() ? m_hint : m_fault);
+}
+
+QString MeasureField::reasonAgainst(const QString &text, double *value) const
+{
+    const TypedMeasure typed = readAs(m_quantity, text);
+    QString reason;
+    if (!typed.isRight())
+        reason = faultText(typed);
+    else if (typed.value < m_range.least)
+        reason = tr("Too small");
+    else if (typed.value > m_range.most)
+        reason = tr("Too large");
+    else if (m_quantity == Quantity::Count && typed.value != std::floor(typed.value))
+        reason = tr("Not a whole number");
+    *value = typed.value;
+    return reason.isEmpty() ? reason : tr("%1. Permitted: %2").arg(reason, rangeText());
+}
+
+QString MeasureField::rangeText() const
+{
+    const QString least = measureText(m_range.least);
+    const QString most = measureText(m_range.most);
+    switch (m_quantity) {
+    case Quantity::Length:
+        return tr("%1 to %2 mm").arg(least, most);
+    case Quantity::Angle:
+        return tr("%1° to %2°").arg(least, most);
+    case Quantity::Percent:
+        return tr("%1 to %2 %").arg(least, most);
+    case Quantity::Count:
+        return tr("%1 to %2").arg(least, most);
+    }
+    return {};
+}
+
+void MeasureField::setFault(const QString &reason)
+{
+    if (reason == m_fault)
+        return;
+    m_fault = reason;
+    setToolTip(reason.isEmpty() ? m_hint : reason);
+    setAccessibleDescription(reason);
+    colour();
+    Q_EMIT faultChanged(reason);
+}
+
+void MeasureField::colour()
+{
+    QPalette colours;
+    if (!m_fault.isEmpty()) {
+        const QColor base = QApplication::palette(this).color(QPalette::Base);
+        colours.setColor(QPalette::Base, mixed(base, Qt::red, kWrongShare));
+    }
+    setPalette(colours);
+}
+
+} // namespace studio

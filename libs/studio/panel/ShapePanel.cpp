@@ -1,0 +1,204 @@
+#include <studio/panel/ShapePanel.h>
+
+#include <studio/DocumentActions.h>
+#include <studio/panel/BoxSection.h>
+#include <studio/panel/HatchSection.h>
+#include <studio/panel/ItemSection.h>
+#include <studio/panel/KindSection.h>
+#include <studio/panel/TextSection.h>
+
+#include <QtCore/QEvent>
+#include <QtWidgets/QFrame>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QScrollArea>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QTabWidget>
+#include <QtWidgets/QUndoStack>
+#include <QtWidgets/QVBoxLayout>
+
+#include <algorithm>
+
+namespace studio {
+
+namespace {
+
+constexpr int kMargin = 6;
+
+QFrame *newRule(QWidget *parent)
+{
+    auto *rule = new QFrame(parent);
+    rule->setFrameShape(QFrame::HLine);
+    rule->setFrameShadow(QFrame::Sunken);
+    return rule;
+}
+
+void setUpTimer(QTimer &timer)
+{
+    timer.setSingleShot(true);
+    timer.setInterval(0);
+}
+
+} // namespace
+
+ShapePanel::ShapePanel(ZTGraphicsDocument &document, DocumentActions &actions, QWidget *parent)
+    : QDockWidget(parent), m_document(document), m_count(new QLabel(this)),
+      m_tabs(new QTabWidget(this)), m_message(new QLabel(this))
+{
+    setObjectName(QStringLiteral("shapePanel"));
+    m_tabs->setObjectName(QStringLiteral("panel.tabs"));
+    m_count->setObjectName(QStringLiteral("panel.count"));
+    m_message->setObjectName(QStringLiteral("panel.message"));
+    m_message->setWordWrap(true);
+    m_message->hide();
+    auto *body = new QWidget(this);
+    auto *layout = new QVBoxLayout(body);
+    layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    layout->addWidget(m_count);
+    layout->addWidget(m_tabs, 1);
+    layout->addWidget(m_message);
+    setWidget(body);
+
+    m_pages.append(newPage([] { return tr("Shape"); }));
+    m_box = new BoxSection(document, actions, this);
+    addSection(Page::Shape, m_box);
+    addSection(Page::Shape, new KindSection(document, this));
+    addSection(Page::Shape, new HatchSection(document, this));
+    addSection(Page::Shape, new ItemSection(document, actions, this));
+    m_pages.append(newPage([] { return tr("Text"); }));
+    auto *text = new TextSection(document, this);
+    connect(text, &TextSection::wordsWanted, this, &ShapePanel::wordsWanted);
+    addSection(Page::Text, text);
+    retranslate();
+    connectDocument();
+    follow();
+}
+
+QVBoxLayout *ShapePanel::newPage(const Title &title)
+{
+    auto *page = new QWidget(this);
+    auto *layout = new QVBoxLayout(page);
+    layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    layout->addStretch(1);
+    auto *scroll = new QScrollArea(this);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->setWidget(page);
+    addPage(scroll, title);
+    return layout;
+}
+
+void ShapePanel::addPage(QWidget *page, const Title &title)
+{
+    m_titles.append(title);
+    m_tabs->addTab(page, title());
+}
+
+void ShapePanel::addSection(Page page, PanelSection *section)
+{
+    QVBoxLayout &layout = *m_pages[static_cast<int>(page)];
+    // The last entry is the stretch below all sections.
+    QFrame *rule = layout.count() > 1 ? newRule(this) : nullptr;
+    if (rule != nullptr)
+        layout.insertWidget(layout.count() - 1, rule);
+    layout.insertWidget(layout.count() - 1, section);
+    m_sections.append(section);
+    m_rules.append(rule);
+    connect(section, &PanelSection::told, this, &ShapePanel::tell);
+    connect(section, &PanelSection::tried, &m_followTimer, qOverload<>(&QTimer::start));
+}
+
+void ShapePanel::connectDocument()
+{
+    setUpTimer(m_followTimer);
+    setUpTimer(m_placesTimer);
+    connect(&m_followTimer, &QTimer::timeout, this, &ShapePanel::follow);
+    connect(&m_placesTimer, &QTimer::timeout, this, &ShapePanel::followPlaces);
+    // Later, not within the signals: an edit tells of many changes while it is under way.
+    connect(m_document.scene(), &QGraphicsScene::selectionChanged, this, [this] {
+        for (PanelSection *section : qAsConst(m_sections))
+            section->takeBack();
+        dropNotice();
+        m_followTimer.start();
+    });
+    connect(m_document.undoStack(), &QUndoStack::indexChanged, this, [this] {
+        dropNotice();
+        m_followTimer.start();
+    });
+    if (const ZTGraphicsResizeItem *frame = m_document.scene()->getGraphicsResizeItem()) {
+        const auto followPlacesSoon = [this] { m_placesTimer.start(); };
+        connect(frame, &ZTGraphicsResizeItem::sigPosChanged, this, followPlacesSoon);
+        connect(frame, &ZTGraphicsResizeItem::sigSizeChanged, this, followPlacesSoon);
+    }
+}
+
+void ShapePanel::follow()
+{
+    m_followTimer.stop();
+    m_placesTimer.stop();
+    const ShapeItems selected = selectedShapeItems(*m_document.scene());
+    if (selected.isEmpty())
+        m_count->setText(tr("Nothing selected"));
+    else if (selected.size() == 1)
+        m_count->setText(tr("1 shape selected"));
+    else
+        m_count->setText(tr("%1 shapes selected").arg(selected.size()));
+    for (int i = 0; i < m_sections.size(); ++i) {
+        m_sections[i]->follow(selected);
+        if (m_rules[i] != nullptr)
+            m_rules[i]->setVisible(!m_sections[i]->isHidden());
+    }
+}
+
+void ShapePanel::followPlaces()
+{
+    const ShapeItems selected = selectedShapeItems(*m_document.scene());
+    for (PanelSection *section : qAsConst(m_sections))
+        section->followPlaces(selected);
+}
+
+void ShapePanel::tell(const QString &reason)
+{
+    m_message->setText(reason);
+    m_message->setVisible(!reason.isEmpty());
+}
+
+// What was said of an edit that is done goes with the next one; what is wrong stays.
+void ShapePanel::dropNotice()
+{
+    const auto fields = findChildren<MeasureField *>();
+    if (std::none_of(fields.begin(), fields.end(),
+                     [](const MeasureField *field) { return !field->fault().isEmpty(); }))
+        tell({});
+}
+
+void ShapePanel::startTyping()
+{
+    show();
+    raise();
+    m_tabs->setCurrentIndex(static_cast<int>(Page::Shape));
+    m_box->firstField()->setFocus(Qt::ShortcutFocusReason);
+    m_box->firstField()->selectAll();
+}
+
+void ShapePanel::changeEvent(QEvent *event)
+{
+    QDockWidget::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    retranslate();
+    m_followTimer.start();
+}
+
+void ShapePanel::retranslate()
+{
+    setWindowTitle(tr("Shape"));
+    for (int i = 0; i < m_titles.size(); ++i)
+        m_tabs->setTabText(i, m_titles[i]());
+    // As wide as its widest page: fields are never cut off at the side.
+    for (auto *scroll : m_tabs->findChildren<QScrollArea *>())
+        scroll->setMinimumWidth(scroll->widget()->minimumSizeHint().width() +
+                                style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, scroll));
+}
+
+} // namespace studio

@@ -1,0 +1,377 @@
+#include "TextWindow.h"
+
+#include <studio/drawing/DrawingFiles.h>
+#include <studio/job/JobExportDialog.h>
+#include <studio/job/JobExporter.h>
+#include <studio/job/JobPanel.h>
+#include <studio/job/JobPreview.h>
+#include <studio/job/JobReport.h>
+#include <studio/job/JobTools.h>
+#include <studio/job/PenModel.h>
+#include <studio/job/PensCommand.h>
+
+#include <jobkit/marks/DrawingPens.h>
+
+#include <QtCore/QRegularExpression>
+#include <QtWidgets/QInputDialog>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QSlider>
+#include <QtWidgets/QSpinBox>
+#include <QtWidgets/QTableView>
+#include <QtWidgets/QTableWidget>
+
+using studio::JobExport;
+using studio::JobExportDialog;
+using studio::JobPreview;
+using studio::PenModel;
+
+namespace {
+
+ZTVariantText serial(qint64 last)
+{
+    ZTCounterSegment counter;
+    counter.last = last;
+    counter.width = 3;
+    ZTVariantText text;
+    text.setSegments({ZTFixedTextSegment{QStringLiteral("SN")}, counter});
+    return text;
+}
+
+} // namespace
+
+class tst_studio_job : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        QStandardPaths::setTestModeEnabled(true);
+        studio = std::make_unique<TextWindow>();
+    }
+    void cleanup() { studio.reset(); }
+
+    // 40 mm at 1 mm/s are 40 s; three corners of 90 degrees and one end take 0.35 ms.
+    void preview_tellsTheTimeByTheMachine()
+    {
+        studio->addRect(0, 0);
+        enter(0, PenModel::Speed, "1");
+        QVERIFY(studio->run("job.preview"));
+        QVERIFY(preview() != nullptr);
+        QCOMPARE(label("clock"), QStringLiteral("0.00 of 40.00 s"));
+        const auto *times = preview()->findChild<QTableWidget *>(QStringLiteral("times"));
+        QCOMPARE(times->item(0, 0)->text(), QStringLiteral("One part"));
+        QCOMPARE(times->item(0, 2)->text(), QStringLiteral("40.00"));
+        QCOMPARE(times->item(0, 3)->text(), QStringLiteral("0.00"));
+        QCOMPARE(times->item(1, 0)->text(), QStringLiteral("Pen 1"));
+    }
+
+    void slider_movesTheHead_andEndsAtTheTotal()
+    {
+        studio->addRect(0, 0);
+        enter(0, PenModel::Speed, "1");
+        QVERIFY(studio->run("job.preview"));
+        auto *slider = preview()->findChild<QSlider *>(QStringLiteral("slider"));
+        const QImage before = preview()->plan().grab().toImage();
+        QTest::keyClick(slider, Qt::Key_End);
+        QCOMPARE(label("clock"), QStringLiteral("40.00 of 40.00 s"));
+        const QImage after = preview()->plan().grab().toImage();
+        QVERIFY(before != after);
+        QTest::keyClick(slider, Qt::Key_Home);
+        QCOMPARE(label("clock"), QStringLiteral("0.00 of 40.00 s"));
+        QCOMPARE(preview()->plan().grab().toImage(), before);
+    }
+
+    void scrubbingBack_showsWhatPlayingShows()
+    {
+        for (int i = 0; i < 40; ++i)
+            studio->addRect(i % 8 * 40, i / 8 * 40);
+        QVERIFY(studio->run("job.preview"));
+        auto *slider = preview()->findChild<QSlider *>(QStringLiteral("slider"));
+        slider->setValue(30000);
+        const QImage forward = preview()->plan().grab().toImage();
+        slider->setValue(90000);
+        preview()->plan().grab();
+        slider->setValue(30000);
+        QCOMPARE(preview()->plan().grab().toImage(), forward);
+    }
+
+    void space_playsToTheEnd()
+    {
+        studio->addRect(0, 0);
+        QVERIFY(studio->run("job.preview"));
+        QTest::keyClick(preview(), Qt::Key_Space);
+        QVERIFY(preview()->isPlaying());
+        QTRY_VERIFY(!preview()->isPlaying());
+        QCOMPARE(label("clock"), QStringLiteral("0.08 of 0.08 s"));
+    }
+
+    void click_namesThePiece_andSelectsTheShape()
+    {
+        studio->addRect(0, 0);
+        const auto item = studio->addRect(200, 0);
+        studio->select({});
+        QVERIFY(studio->run("job.preview"));
+        const QRectF boxMm =
+            ZTCoord::getInstance()->getPix2MmTransform().mapRect(studio::sceneBox(*item));
+        const QPointF place = preview()->plan().transform().map(boxMm.center());
+        const double half = preview()->plan().transform().m11() * boxMm.width() / 2;
+        QTest::mouseClick(&preview()->plan(), Qt::LeftButton, Qt::NoModifier,
+                          (place + QPointF(0, half)).toPoint());
+        QVERIFY2(label("picked").contains(QStringLiteral("outline, pen 1, pass 1")),
+                 qPrintable(label("picked")));
+        QCOMPARE(studio->selected(), QVector<int>{item->getShapeBase()->getId()});
+    }
+
+    void anEdit_outdatesThePreview_whichIsNotExportedThen()
+    {
+        studio->addRect(0, 0);
+        QVERIFY(studio->run("job.preview"));
+        QVERIFY(!preview()->findChild<QLabel *>(QStringLiteral("outdated"))->isVisible());
+        studio->edit().selectAll();
+        studio->edit().nudge({1, 0});
+        QVERIFY(preview()->findChild<QLabel *>(QStringLiteral("outdated"))->isVisible());
+        QVERIFY(!preview()->findChild<QPushButton *>(QStringLiteral("export"))->isEnabled());
+        preview()->findChild<QPushButton *>(QStringLiteral("update"))->click();
+        QVERIFY(!preview()->findChild<QLabel *>(QStringLiteral("outdated"))->isVisible());
+    }
+
+    void pens_areEditedUndoneAndSaved()
+    {
+        studio->addRect(0, 0);
+        QVERIFY(!jobkit::hasDrawingPens(studio->document()));
+        enter(1, PenModel::Power, "33.5");
+        enter(1, PenModel::Name, "engrave");
+        QCOMPARE(studio->stack().count(), 2);
+        QCOMPARE(jobkit::drawingPens(studio->document())[1].powerPercent, 33.5);
+        studio->window->edit().undo();
+        QCOMPARE(jobkit::drawingPens(studio->document())[1].name, QString());
+        studio->window->edit().undo();
+        QVERIFY(!jobkit::hasDrawingPens(studio->document()));
+        studio->window->edit().redo();
+        const QString path = studio->path("pens.ztd");
+        QVERIFY(studio->window->files().saveTo(path));
+        studio->window->files().startNew();
+        QTRY_VERIFY(!jobkit::hasDrawingPens(studio->document()));
+        QVERIFY(studio->window->openFiles({path}));
+        QCOMPARE(jobkit::drawingPens(studio->document())[1].powerPercent, 33.5);
+        QCOMPARE(pens().pens()[1].powerPercent, 33.5);
+    }
+
+    void aWrongValue_isRefusedWithItsRange()
+    {
+        enter(0, PenModel::Power, "140");
+        QVERIFY2(told().contains(QStringLiteral("0 to 100")), qPrintable(told()));
+        QCOMPARE(pens().pens()[0].powerPercent, 50.0);
+        enter(0, PenModel::Passes, "1.5");
+        QVERIFY2(told().contains(QStringLiteral("1.5")), qPrintable(told()));
+        QCOMPARE(studio->stack().count(), 0);
+    }
+
+    void aPenThatIsOff_isLeftOutAndNamed()
+    {
+        studio->addRect(0, 0);
+        studio->addRect(100, 0)->setPenId(2);
+        const QModelIndex cell = pens().index(1, PenModel::On);
+        QVERIFY(pens().setData(cell, Qt::Unchecked, Qt::CheckStateRole));
+        QVERIFY(studio->run("job.preview"));
+        QCOMPARE(preview()->findChild<QTableWidget *>(QStringLiteral("times"))->rowCount(), 2);
+        QVERIFY(preview()->findChild<QListWidget *>(QStringLiteral("findings"))->count() >= 1);
+    }
+
+    void materials_areKeptAndApplied()
+    {
+        enter(0, PenModel::Speed, "123");
+        panel().findChild<QPushButton *>(QStringLiteral("job.saveMaterial"))->click();
+        auto *ask = panel().findChild<QInputDialog *>(QStringLiteral("materialDialog"));
+        ask->setTextValue(QStringLiteral("steel/1"));
+        ask->accept();
+        QCoreApplication::processEvents();
+        enter(0, PenModel::Speed, "500");
+        auto *box = panel().findChild<QComboBox *>(QStringLiteral("job.material"));
+        const int row = box->findText(QStringLiteral("steel/1"));
+        QVERIFY(row > 0);
+        box->setCurrentIndex(row);
+        Q_EMIT box->activated(row);
+        QCOMPARE(pens().pens()[0].speedMmPerS, 123.0);
+    }
+
+    void gcode_burnsTheRectangleAndNothingOnTheWay()
+    {
+        studio->addRect(0, 0);
+        const QString path = studio->path("part.nc");
+        QVERIFY(studio->window->job().exporter().write({path, 1, false, {}}, settings()));
+        double burnt = 0.0;
+        QPointF at;
+        bool isOn = false;
+        const QStringList lines = QString::fromUtf8(StudioWindow::contentOf(path))
+                                      .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        for (const QString &line : lines) {
+            isOn = (isOn || line.contains(QRegularExpression(QStringLiteral("\\bM[34]\\b")))) &&
+                   !line.contains(QRegularExpression(QStringLiteral("\\bM5\\b|\\bS0\\b")));
+            const QRegularExpressionMatch x =
+                QRegularExpression(QStringLiteral("X(-?[0-9.]+)")).match(line);
+            const QRegularExpressionMatch y =
+                QRegularExpression(QStringLiteral("Y(-?[0-9.]+)")).match(line);
+            const QPointF to(x.hasMatch() ? x.captured(1).toDouble() : at.x(),
+                             y.hasMatch() ? y.captured(1).toDouble() : at.y());
+            if (line.startsWith(QLatin1String("G1")))
+                burnt += std::hypot(to.x() - at.x(), to.y() - at.y());
+            at = to;
+        }
+        QCOMPARE(burnt, 40.0);
+        QVERIFY(!isOn);
+    }
+
+    void parts_advanceTheNumberOnceEach()
+    {
+        ZTGraphicsTextItem *item = makeSerial(999);
+        const JobExport wanted{studio->path("part.json"), 3, false, {}};
+        QVERIFY(studio->window->job().exporter().write(wanted, settings()));
+        for (const char *name : {"part-0001.json", "part-0002.json", "part-0003.json"})
+            QVERIFY2(QFile::exists(studio->path(name)), name);
+        QVERIFY(StudioWindow::contentOf(studio->path("part-0001.json")) !=
+                StudioWindow::contentOf(studio->path("part-0002.json")));
+        QCOMPARE(item->text(), QStringLiteral("SN004"));
+        QVERIFY(studio->window->isWindowModified());
+    }
+
+    void numbers_stay_whenAFileCannotBeWritten()
+    {
+        ZTGraphicsTextItem *item = makeSerial(999);
+        const JobExport wanted{studio->path("none/part.json"), 3, false, {}};
+        QVERIFY(!studio->window->job().exporter().write(wanted, settings()));
+        QCOMPARE(item->text(), QStringLiteral("SN001"));
+        QCOMPARE(studio->messages->failures.size(), 1);
+    }
+
+    void moreParts_thanNumbers_areRefusedAndNothingIsWritten()
+    {
+        ZTGraphicsTextItem *item = makeSerial(2);
+        const JobExport wanted{studio->path("part.json"), 3, false, {}};
+        QVERIFY(!studio->window->job().exporter().write(wanted, settings()));
+        QCOMPARE(item->text(), QStringLiteral("SN001"));
+        QVERIFY(!QFile::exists(studio->path("part-0001.json")));
+        QVERIFY(studio->messages->failures.first().why.contains(QStringLiteral("After part 2")));
+    }
+
+    void aFrame_usesUpNoNumber()
+    {
+        ZTGraphicsTextItem *item = makeSerial(999);
+        const JobExport wanted{studio->path("frame.nc"), 1, false, jobkit::FrameKind::Box};
+        QVERIFY(studio->window->job().exporter().write(wanted, settings()));
+        QCOMPARE(item->text(), QStringLiteral("SN001"));
+    }
+
+    void exportDialog_writesWhatItSays()
+    {
+        studio->addRect(0, 0);
+        QVERIFY(studio->run("job.export"));
+        auto *dialog = studio->window->findChild<JobExportDialog *>();
+        QVERIFY(dialog != nullptr);
+        auto *path = dialog->findChild<QLineEdit *>(QStringLiteral("path"));
+        path->clear();
+        QTest::keyClicks(path, studio->path("a.xyz"));
+        QVERIFY(!dialog->findChild<QPushButton *>(QStringLiteral("export"))->isEnabled());
+        path->clear();
+        QTest::keyClicks(path, studio->path("a.nc"));
+        dialog->findChild<QPushButton *>(QStringLiteral("export"))->click();
+        QTRY_VERIFY(QFile::exists(studio->path("a.nc")));
+    }
+
+    void anExistingFile_isReplacedOnlyAfterAQuestion()
+    {
+        studio->addRect(0, 0);
+        const QString path = studio->write("old.nc", "old");
+        QVERIFY(studio->run("job.export"));
+        auto *dialog = studio->window->findChild<JobExportDialog *>();
+        dialog->findChild<QLineEdit *>(QStringLiteral("path"))->setText(path);
+        dialog->findChild<QPushButton *>(QStringLiteral("export"))->click();
+        auto *box = dialog->findChild<QMessageBox *>(QStringLiteral("replaceQuestion"));
+        QVERIFY(box != nullptr);
+        QCOMPARE(StudioWindow::contentOf(path), QByteArray("old"));
+        box->reject();
+        QCOMPARE(StudioWindow::contentOf(path), QByteArray("old"));
+    }
+
+    void shapesOutsideTheField_areAskedAbout()
+    {
+        studio->addRect(100000, 0);
+        QVERIFY(studio->run("job.export"));
+        auto *box = studio->window->findChild<QMessageBox *>(QStringLiteral("jobQuestion"));
+        QVERIFY(box != nullptr);
+        QVERIFY(box->informativeText().contains(QStringLiteral("reaches beyond the field")));
+        box->reject();
+        QVERIFY(studio->window->findChild<JobExportDialog *>() == nullptr);
+    }
+
+    void report_holdsMachineSizeAndTime()
+    {
+        studio->addRect(0, 0);
+        QVERIFY(studio->run("job.preview"));
+        studio::GatheredItems gathered;
+        QVERIFY(studio::gatherItems(studio->document(), &gathered));
+        studio::JobRequest request;
+        request.items = gathered.items;
+        request.pens = studio::pensOf(studio->document());
+        request.settings = settings();
+        QString error;
+        QVERIFY(request.settings.readProfile(&request.machine, &error));
+        const std::atomic<bool> isGivenUp{false};
+        const auto job = studio::makeJob(request, isGivenUp);
+        const QString text = studio::reportText(*job);
+        for (const char *part : {"galvo-fiber", "10.000 x 10.000 mm", "0.08 s"})
+            QVERIFY2(text.contains(QLatin1String(part)), qPrintable(text));
+        QVERIFY(studio::saveReport(*job, preview()->plan(), studio->path("r.pdf"), &error));
+        QVERIFY(StudioWindow::contentOf(studio->path("r.pdf")).startsWith("%PDF"));
+        QVERIFY(!studio::saveReport(*job, preview()->plan(), studio->path("no/r.pdf"), &error));
+        QVERIFY(!error.isEmpty());
+    }
+
+private:
+    JobPreview *preview() { return studio->window->findChild<JobPreview *>(); }
+    studio::JobPanel &panel() { return studio->window->job().panel(); }
+    PenModel &pens() { return *panel().findChild<PenModel *>(); }
+    QString told() { return panel().findChild<QLabel *>(QStringLiteral("job.told"))->text(); }
+
+    QString label(const char *name)
+    {
+        return preview()->findChild<QLabel *>(QLatin1String(name))->text();
+    }
+
+    static studio::JobSettings settings()
+    {
+        studio::JobSettings settings;
+        settings.profile = QStringLiteral("galvo-fiber");
+        return settings;
+    }
+
+    ZTGraphicsTextItem *makeSerial(qint64 last)
+    {
+        ZTGraphicsTextItem *item = studio->addText(QStringLiteral("SN"));
+        item->setEnableVariantText(true);
+        *item->getVariantText() = serial(last);
+        studio->run("text.nextPart");
+        return item;
+    }
+
+    /** Types into a cell of the pens, as a user does. */
+    void enter(int row, int column, const char *text)
+    {
+        auto *table = panel().findChild<QTableView *>(QStringLiteral("job.pens"));
+        const QModelIndex cell = pens().index(row, column);
+        table->setCurrentIndex(cell);
+        table->edit(cell);
+        auto *field = qobject_cast<QLineEdit *>(table->indexWidget(cell));
+        QVERIFY(field != nullptr);
+        field->selectAll();
+        QTest::keyClicks(field, QString::fromLatin1(text));
+        QTest::keyClick(field, Qt::Key_Return);
+        QCoreApplication::processEvents();
+    }
+
+    std::unique_ptr<TextWindow> studio;
+};
+
+QTEST_MAIN(tst_studio_job)
+#include "tst_studio_job.moc"
