@@ -123,11 +123,11 @@ private:
     {
         const char *id = table[upTo(table.size())];
         note(QString::fromLatin1(id));
+        const int failuresBefore = studio.messages->failures.size();
         if (studio.run(id))
             answerDialog();
-        // There may be no drawing on the clipboard, and what was typed may be no variant text.
-        if (qstrcmp(id, "file.importClipboard") == 0 || qstrcmp(id, "text.nextPart") == 0)
-            studio.messages->failures.clear();
+        // A command may say why it cannot be done; nothing else may.
+        studio.messages->failures.resize(failuresBefore);
     }
 
     /** A step that waits for an answer gets none: what it opened is closed. */
