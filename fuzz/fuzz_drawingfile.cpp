@@ -1,6 +1,7 @@
 // Drawing files, with lengths and checksums put right so that the fuzzer gets behind them: nothing
 // crashes, and what is read, loaded and saved again is the same from then on.
 
+#include <codekit/shape/CodeItem.h>
 #include <hostkit/drawing/DrawingCapture.h>
 #include <hostkit/drawing/DrawingContent_p.h>
 #include <hostkit/drawing/DrawingFrame_p.h>
@@ -181,6 +182,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     static const bool isSetUp = [] {
         qInstallMessageHandler(ignoreMessages);
         hostkit::registerFactories();
+        codekit::registerCodeFactories();
         return true;
     }();
     static ZTGraphicsDocument document;

@@ -89,11 +89,8 @@ ReadCode readOnce(const QImage &image, CodeKind kind)
     return {true, QString::fromStdString(result.text()), result.isMirrored()};
 }
 
-} // namespace
-
-bool canReadBack(CodeKind kind) { return formatOf(kind) != ZXing::BarcodeFormat::None; }
-
-QImage drawMarks(const MarkedLines &marks, double pxPerMm)
+/** Smooth edges, or pixels that are marked or not. */
+QImage draw(const MarkedLines &marks, double pxPerMm, bool isSmooth)
 {
     const QRectF bounds = boundsOf(marks.linesMm);
     const double rim = marks.quietMm + marks.beamMm;
@@ -108,7 +105,7 @@ QImage drawMarks(const MarkedLines &marks, double pxPerMm)
         return image;
     image.fill(marks.isInverse ? Qt::black : Qt::white);
     QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setRenderHint(QPainter::Antialiasing, isSmooth);
     painter.scale(scale, scale);
     painter.translate(-field.topLeft());
     painter.setPen(QPen(marks.isInverse ? Qt::white : Qt::black, marks.beamMm, Qt::SolidLine,
@@ -122,20 +119,46 @@ QImage drawMarks(const MarkedLines &marks, double pxPerMm)
     return image;
 }
 
+/**
+ * The same from a picture of many more pixels: smooth edges that lie side by side, as those of a
+ * slanted hatch do, leave a grey between them that no beam leaves.
+ */
+QImage drawFinely(const MarkedLines &marks, double pxPerMm)
+{
+    constexpr int kFiner = 4;
+    const QImage fine = draw(marks, pxPerMm * kFiner, false);
+    if (fine.isNull())
+        return fine;
+    return fine
+        .scaled(std::max(1, fine.width() / kFiner), std::max(1, fine.height() / kFiner),
+                Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+        .convertToFormat(QImage::Format_Grayscale8);
+}
+
+} // namespace
+
+bool canReadBack(CodeKind kind) { return formatOf(kind) != ZXing::BarcodeFormat::None; }
+
+QImage drawMarks(const MarkedLines &marks, double pxPerMm) { return draw(marks, pxPerMm, true); }
+
 ReadCode readMarks(const MarkedLines &marks, CodeKind kind, double moduleMm)
 {
     if (!canReadBack(kind) || !(moduleMm > 0.0))
         return {};
     for (const bool isMirrored : {false, true}) {
-        for (const double pxPerModule : {6.0, 4.0, 9.0, 3.0}) {
-            const QImage image = drawMarks(marks, pxPerModule / moduleMm);
-            if (image.isNull())
-                return {};
-            ReadCode read = readOnce(isMirrored ? image.mirrored(true, false) : image, kind);
-            // Some readers turn a picture over by themselves, and say so.
-            read.isMirrored = read.isMirrored != isMirrored;
-            if (read.isRead)
-                return read;
+        for (const bool isFine : {false, true}) {
+            for (const double pxPerModule : {6.0, 4.0, 9.0, 3.0}) {
+                const double pxPerMm = pxPerModule / moduleMm;
+                const QImage image =
+                    isFine ? drawFinely(marks, pxPerMm) : drawMarks(marks, pxPerMm);
+                if (image.isNull())
+                    return {};
+                ReadCode read = readOnce(isMirrored ? image.mirrored(true, false) : image, kind);
+                // Some readers turn a picture over by themselves, and say so.
+                read.isMirrored = read.isMirrored != isMirrored;
+                if (read.isRead)
+                    return read;
+            }
         }
     }
     return {};

@@ -220,6 +220,7 @@ void MainWindow::buildProperties()
 {
     m_panel = new ShapePanel(*m_drawing, *m_actions, this);
     connect(m_panel, &ShapePanel::wordsWanted, m_textTools, &TextTools::showDialog);
+    connect(m_panel, &ShapePanel::codeSettingsWanted, m_codeTools, &CodeTools::showDialog);
     addDockWidget(Qt::RightDockWidgetArea, m_panel);
     splitDockWidget(m_panel, m_treeDock, Qt::Vertical);
     m_properties = new PropertyDock(*m_drawing, *m_actions, this);

@@ -6,6 +6,8 @@
 #include <studio/code/CodeDialog.h>
 #include <studio/code/CodeTools.h>
 #include <studio/code/VerifyDialog.h>
+#include <studio/job/JobExporter.h>
+#include <studio/job/JobTools.h>
 #include <studio/text/TextTools.h>
 
 #include <QtWidgets/QCheckBox>
@@ -13,6 +15,7 @@
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMessageBox>
@@ -317,6 +320,32 @@ private Q_SLOTS:
         QTRY_VERIFY(!studio->window->exporter().isBusy());
     }
 
+    void jobOfParts_isNotWrittenWhereACodeOfOneCannotBeMade()
+    {
+        studio->create("create.barcode");
+        studio->choose("kind", "Interleaved 2 of 5");
+        studio->check("variantText");
+        studio->box<QToolButton>("removeSegment")->click(); // what was typed
+        studio->box<QToolButton>("addSegment")->menu()->actions().at(1)->trigger();
+        studio->enter("counterWidth", "0");
+        studio->enter("counterStart", "98");
+        studio->close(kOk);
+        studio::JobExporter &exporter = studio->window->job().exporter();
+        studio::JobExport wanted;
+        wanted.path = studio->path("job.nc");
+        wanted.isOneFile = true;
+        wanted.parts = 3; // 98, 99, and 100, which leaves a digit over
+        QVERIFY(!exporter.write(wanted, studio::JobSettings::load()));
+        QVERIFY(!QFile::exists(wanted.path));
+        QCOMPARE(studio->messages->failures.size(), 1);
+        const QString said = studio->messages->failures.first().why;
+        QVERIFY2(said.contains(QStringLiteral("Part 3 cannot be made")), qPrintable(said));
+        QCOMPARE(texts(), list("98"));
+        wanted.parts = 2;
+        QVERIFY(exporter.write(wanted, studio::JobSettings::load()));
+        QVERIFY(QFile::exists(wanted.path));
+    }
+
     void variantContent_showsTheNextParts_andMovesOn()
     {
         CodeItem *item = studio->create();
@@ -422,6 +451,40 @@ private Q_SLOTS:
         studio->close(kOk);
         const double growthPx = ZTCoord::getInstance()->mm2pix(0.1);
         QVERIFY(qAbs(item->boundingRect().width() - (before.width() - growthPx)) < 1e-6);
+    }
+
+    void panel_tellsOfTheCode_andSetsTheModuleOfAll()
+    {
+        CodeItem *first = studio->create();
+        studio->close(kOk);
+        CodeItem *second = studio->create();
+        studio->close(kOk);
+        const auto inPanel = [this](const char *name) {
+            return studio->window->findChild<QWidget *>(QString::fromLatin1(name));
+        };
+        auto *summary = static_cast<QLabel *>(inPanel("panel.codeSummary"));
+        QTRY_COMPARE(summary->text(), QStringLiteral("12 x 12, 6.0 mm, reads: SN-0001"));
+        second->scale(2.0, 2.0);
+        studio->select({first, second});
+        QTRY_COMPARE(summary->text(), QStringLiteral("2 codes"));
+        QVERIFY(!inPanel("panel.codeSettings")->isEnabled());
+        const QByteArray before = studio->bytes();
+        const int steps = studio->stack().count();
+        auto *module = static_cast<QLineEdit *>(inPanel("panel.module"));
+        module->setFocus();
+        module->selectAll();
+        QTest::keyClicks(module, QStringLiteral("0.4"));
+        QTest::keyClick(module, Qt::Key_Return);
+        QTRY_COMPARE(studio->stack().count(), steps + 1);
+        QCOMPARE(first->moduleMm(), 0.4);
+        QCOMPARE(second->moduleMm(), 0.4);
+        QVERIFY(studio->run("edit.undo"));
+        QCOMPARE(studio->bytes(), before);
+        studio->select({first});
+        QTRY_VERIFY(inPanel("panel.codeSettings")->isEnabled());
+        QTest::mouseClick(inPanel("panel.codeSettings"), Qt::LeftButton);
+        QVERIFY(studio->dialog() != nullptr && studio->dialog()->isVisible());
+        studio->close(kCancel);
     }
 
     void verify_readsEveryCode_theTroubledFirst()

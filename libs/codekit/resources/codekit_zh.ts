@@ -208,8 +208,8 @@
         <translation>（无）</translation>
     </message>
     <message>
-        <source>cannot be read; it is to say &quot;%1&quot;. Try a larger module or a closer hatch</source>
-        <translation>无法读出；应为“%1”。请加大模块或加密填充</translation>
+        <source>cannot be read; it is to say &quot;%1&quot;. Try a larger module or a closer hatch, and keep other shapes out of its quiet zone</source>
+        <translation>无法读出；应为“%1”。请加大模块或加密填充，并让其他图形离开其静区</translation>
     </message>
     <message>
         <source>does not show what it was given, &quot;%1&quot;</source>

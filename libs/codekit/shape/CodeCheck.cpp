@@ -1,5 +1,8 @@
 #include <codekit/shape/CodeCheck.h>
 
+#include <QtCore/QCoreApplication>
+
+#include <algorithm>
 #include <cmath>
 
 namespace codekit {
@@ -28,21 +31,89 @@ double usualBeamMm(const CodeItem &item)
     return fill.fillType != FillType::None && fill.spac > 0.0 ? fill.spac : kUsualBeamMm;
 }
 
-QVector<QVector<QPointF>> linesOf(const ZTMarkObject &object, const QTransform &toMm)
+/** Widest side of the quiet zone of a code that does not mark it as its frame. */
+double quietMm(const CodeItem &item)
 {
-    QVector<QVector<QPointF>> lines;
-    lines.reserve(object.lines.size() + object.fillLines.size());
+    const QMargins quiet = infoOf(item.code().symbol().kind).quietModules;
+    const int modules = std::max({quiet.left(), quiet.top(), quiet.right(), quiet.bottom()});
+    return item.code().form().isInverse ? 0.0 : modules * item.moduleMm();
+}
+
+using Lines = QVector<QVector<QPointF>>;
+
+void addLines(const ZTMarkObject &object, const QTransform &toMm, Lines *lines)
+{
+    lines->reserve(lines->size() + object.lines.size() + object.fillLines.size());
     for (const QPolygonF &polygon : object.lines)
-        lines.append(toMm.map(polygon));
+        lines->append(toMm.map(polygon));
     for (const QLineF &line : object.fillLines)
-        lines.append({toMm.map(line.p1()), toMm.map(line.p2())});
+        lines->append({toMm.map(line.p1()), toMm.map(line.p2())});
+}
+
+QRectF boundsOf(const Lines &lines)
+{
+    QRectF bounds;
+    for (const QVector<QPointF> &line : lines) {
+        const QRectF box = QPolygonF(line).boundingRect();
+        const double hair = 1e-9; // a level line has no height, and would not count
+        bounds |= box.adjusted(-hair, -hair, hair, hair);
+    }
+    return bounds;
+}
+
+/** Narrows the part of a line between two parameters to where one coordinate is within limits. */
+void narrow(double from, double by, double least, double most, double *first, double *last)
+{
+    if (by == 0.0) {
+        if (from < least || from > most)
+            *last = -1.0;
+        return;
+    }
+    const double a = (least - from) / by;
+    const double b = (most - from) / by;
+    *first = std::max(*first, std::min(a, b));
+    *last = std::min(*last, std::max(a, b));
+}
+
+/** Adds the parts of lines within a field: a picture of the code need not show the rest. */
+void addWithin(const Lines &others, const QRectF &field, Lines *lines)
+{
+    for (const QVector<QPointF> &other : others) {
+        for (int at = 1; at < other.size(); ++at) {
+            const QLineF line(other[at - 1], other[at]);
+            double first = 0.0;
+            double last = 1.0;
+            narrow(line.x1(), line.dx(), field.left(), field.right(), &first, &last);
+            narrow(line.y1(), line.dy(), field.top(), field.bottom(), &first, &last);
+            if (first <= last)
+                lines->append({line.pointAt(first), line.pointAt(last)});
+        }
+    }
+}
+
+Lines linesOf(const CodeItem &item, const CodeSurroundings &around)
+{
+    const QTransform toMm = levelled(item, around.units);
+    Lines lines;
+    addLines(around.marks, toMm, &lines);
+    const double quiet = quietMm(item);
+    const QRectF field = boundsOf(lines).adjusted(-quiet, -quiet, quiet, quiet);
+    Lines others;
+    for (const ZTMarkObject &object : around.others)
+        addLines(object, toMm, &others);
+    addWithin(others, field, &lines);
     return lines;
 }
 
 } // namespace
 
-CodeReading readCode(const CodeItem &item, const ZTMarkObject &object,
-                     const hostkit::MarkUnits &units, double beamMm)
+QRectF codeFieldPx(const CodeItem &item)
+{
+    const double quietPx = ZTCoord::getInstance()->mm2pix(quietMm(item));
+    return item.sceneBoundingRect().adjusted(-quietPx, -quietPx, quietPx, quietPx);
+}
+
+CodeReading readCode(const CodeItem &item, const CodeSurroundings &around)
 {
     const CodeSymbol &symbol = item.code().symbol();
     CodeReading reading;
@@ -57,8 +128,8 @@ CodeReading readCode(const CodeItem &item, const ZTMarkObject &object,
         return reading;
     }
     MarkedLines marks;
-    marks.linesMm = linesOf(object, levelled(item, units));
-    marks.beamMm = beamMm > 0.0 ? beamMm : usualBeamMm(item);
+    marks.linesMm = linesOf(item, around);
+    marks.beamMm = around.beamMm > 0.0 ? around.beamMm : usualBeamMm(item);
     marks.isInverse = item.code().form().isInverse;
     marks.quietMm = kQuietModules * item.moduleMm();
     // Bars, Aztec and PDF417 are read either way round.
@@ -84,7 +155,8 @@ QString describe(const CodeReading &reading)
     case CodeVerdict::Different:
         return tr("reads as \"%1\", not as \"%2\"").arg(reading.read, reading.expected);
     case CodeVerdict::Nothing:
-        return tr("cannot be read; it is to say \"%1\". Try a larger module or a closer hatch")
+        return tr("cannot be read; it is to say \"%1\". Try a larger module or a "
+                  "closer hatch, and keep other shapes out of its quiet zone")
             .arg(reading.expected);
     case CodeVerdict::NotReady:
         return tr("does not show what it was given, \"%1\"").arg(reading.expected);

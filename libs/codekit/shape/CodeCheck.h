@@ -5,8 +5,6 @@
 
 #include <hostkit/marks/MarkUnits.h>
 
-#include <QtCore/QCoreApplication>
-
 namespace codekit {
 
 /** How reading a code back from its marks ended. */
@@ -27,14 +25,24 @@ struct CodeReading
     QString read;     ///< what was read, if anything
 };
 
+/** What a code is read from, all in `units`. */
+struct CodeSurroundings
+{
+    ZTMarkObject marks;           ///< of the code
+    QVector<ZTMarkObject> others; ///< of other shapes: what lies over the code or its quiet zone
+    hostkit::MarkUnits units;
+    double beamMm = 0.0; ///< 0: the spacing of the code's hatch; its module for single lines;
+                         ///< 0.05 mm for outlines alone
+};
+
+/** Reads a code back from the final marks, as the beam leaves them. */
+CodeReading readCode(const CodeItem &item, const CodeSurroundings &around);
+
 /**
- * Reads a code back from its final marks, as a beam of this width leaves them.
- *
- * `object` are the marks of the item, in `units`. A beam of 0 takes the spacing of the code's
- * hatch; a code of single lines then takes its module, and outlines alone 0.05 mm.
+ * The code as drawn, and what it needs free around it: who else reaches in there is looked at when
+ * it is read. Frame: scene pixels.
  */
-CodeReading readCode(const CodeItem &item, const ZTMarkObject &object,
-                     const hostkit::MarkUnits &units, double beamMm);
+QRectF codeFieldPx(const CodeItem &item);
 
 /** One translated sentence about a reading, without the name of the shape. */
 QString describe(const CodeReading &reading);

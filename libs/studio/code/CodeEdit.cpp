@@ -87,7 +87,7 @@ void CodeEdit::applyTo(codekit::CodeItem &item) const
     if (wanted != present.code) {
         const QTransform transform = item.getTransformParam();
         if (isEnlarged(transform))
-            item.setTransformParam(withoutEnlargement(transform));
+            item.getTransformParam() = withoutEnlargement(transform); // shown with what follows
         item.setCode(wanted, content);
     }
     item.setFixedText(words.fixedText);

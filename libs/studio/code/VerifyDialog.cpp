@@ -29,12 +29,30 @@ constexpr MeasureBox::Range kBeamMm{0.0, 10.0, 0.01, 3};
 constexpr int kPlaceRole = Qt::UserRole; ///< in the list of codes
 const QString kBeamKey = QStringLiteral("verify/beamMm");
 
-ZTMarkObject marksOf(const ZTGraphicsDocument &document, codekit::CodeItem &item)
+/** Other shapes that are marked over the code or its quiet zone. */
+ShapeItems neighboursOf(const QGraphicsScene &scene, const codekit::CodeItem &code)
 {
-    hostkit::MarkGraphBuilder builder(document, {&item});
+    ShapeItems found;
+    for (QGraphicsItem *candidate :
+         scene.items(codekit::codeFieldPx(code), Qt::IntersectsItemBoundingRect)) {
+        auto *item = dynamic_cast<ShapeItem *>(candidate);
+        if (item != nullptr && item != &code && hostkit::isMarked(*item))
+            found.append(item);
+    }
+    return found;
+}
+
+codekit::CodeSurroundings surroundingsOf(const ZTGraphicsDocument &document,
+                                         codekit::CodeItem &code)
+{
+    hostkit::MarkGraphBuilder builder(document,
+                                      ShapeItems{&code} + neighboursOf(*document.scene(), code));
     builder.work(std::numeric_limits<int>::max());
-    const ZTMarkGraph graph = builder.takeUnordered();
-    return graph.objects.isEmpty() ? ZTMarkObject() : graph.objects.first();
+    codekit::CodeSurroundings around;
+    around.others = builder.takeUnordered().objects;
+    around.marks = around.others.takeFirst();
+    around.units = hostkit::MarkUnits::of(*document.itemMag());
+    return around;
 }
 
 bool isGood(const codekit::CodeReading &reading)
@@ -125,9 +143,9 @@ void VerifyDialog::readNext()
     codekit::CodeItem *code = m_codes[m_next++];
     if (code == nullptr) // deleted meanwhile
         return;
-    const ZTMarkObject object = marksOf(m_document, *code);
-    const codekit::CodeReading reading = codekit::readCode(
-        *code, object, hostkit::MarkUnits::of(*m_document.itemMag()), m_beamBox->measure());
+    codekit::CodeSurroundings around = surroundingsOf(m_document, *code);
+    around.beamMm = m_beamBox->measure();
+    const codekit::CodeReading reading = codekit::readCode(*code, around);
     ++(isGood(reading) ? m_good : m_bad);
     add(*code, reading);
 }

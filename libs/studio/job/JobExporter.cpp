@@ -30,6 +30,14 @@ bool hasVariantText(const ShapeItems &items)
     });
 }
 
+/** Of a part counted from 0; what is not to be marked can be switched off. */
+QString cannotBeMade(int part, const QStringList &reasons)
+{
+    return JobExporter::tr("Part %1 cannot be made as asked for: %2. No file was written.")
+        .arg(part + 1)
+        .arg(reasons.join(QStringLiteral("; ")));
+}
+
 } // namespace
 
 /** The numbers of a drawing's variant texts: put back as they were, unless they are kept. */
@@ -51,12 +59,12 @@ public:
 
     bool isAny() const { return !m_before.isEmpty(); }
 
-    /** Moves all on to the next part; the texts that have no further value. */
-    QStringList advance()
+    /** Moves all on to the next part. */
+    NextPart advance()
     {
         const FramePause pause(*m_document.scene());
         m_isMoved = true;
-        return NextPart::make(shapeItemsOf(*m_document.scene())).usedUp;
+        return NextPart::make(shapeItemsOf(*m_document.scene()));
     }
 
     /** Leaves the numbers where they are. */
@@ -155,16 +163,20 @@ bool JobExporter::planParts(const JobExport &wanted, JobRequest request,
     for (int part = 0; part < parts; ++part) {
         if (!work.step(part, parts))
             return false;
-        const QStringList usedUp = part > 0 ? numbers.advance() : QStringList();
-        if (!usedUp.isEmpty())
+        const NextPart moved = part > 0 ? numbers.advance() : NextPart();
+        if (!moved.usedUp.isEmpty())
             return fail(wanted.path,
                         tr("After part %1 there are no further values for: %2. No file was "
                            "written.")
                             .arg(part)
-                            .arg(usedUp.join(QStringLiteral(", "))));
+                            .arg(moved.usedUp.join(QStringLiteral(", "))));
+        if (!moved.errors.isEmpty())
+            return fail(wanted.path, cannotBeMade(part, moved.errors));
         GatheredItems gathered;
         if (!gatherItems(m_document, &gathered))
             return fail(wanted.path, tr("Not all shapes could be turned into marks."));
+        if (!gathered.notReady.isEmpty())
+            return fail(wanted.path, cannotBeMade(part, gathered.notReady));
         request.items = gathered.items;
         const auto isGivenUp = std::make_shared<std::atomic<bool>>(false);
         const auto job = std::make_shared<std::shared_ptr<const Job>>();

@@ -24,6 +24,7 @@ bool gatherItems(const ZTGraphicsDocument &document, GatheredItems *gathered)
     if (!marks.isWhole() || marks.graph.objects.size() != shapes.size())
         return false;
     gathered->items = jobkit::itemsOf(marks.graph, marks.units);
+    gathered->notReady = marks.findings.notReady;
     gathered->shapes.clear();
     for (int i = 0; i < shapes.size(); ++i) {
         gathered->items[i].name = shapeName(*shapes[i]);

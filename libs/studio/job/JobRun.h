@@ -38,6 +38,7 @@ struct GatheredItems
 {
     QVector<jobkit::JobItem> items;      ///< `object` of each is its index
     QVector<QPointer<ShapeItem>> shapes; ///< behind the items
+    QStringList notReady; ///< shapes that mark something else than asked for, with why
 };
 
 /**

@@ -2,6 +2,7 @@
 
 #include <studio/DocumentActions.h>
 #include <studio/panel/BoxSection.h>
+#include <studio/panel/CodeSection.h>
 #include <studio/panel/HatchSection.h>
 #include <studio/panel/ItemSection.h>
 #include <studio/panel/KindSection.h>
@@ -62,6 +63,9 @@ ShapePanel::ShapePanel(ZTGraphicsDocument &document, DocumentActions &actions, Q
     m_box = new BoxSection(document, actions, this);
     addSection(Page::Shape, m_box);
     addSection(Page::Shape, new KindSection(document, this));
+    auto *code = new CodeSection(document, this);
+    connect(code, &CodeSection::settingsWanted, this, &ShapePanel::codeSettingsWanted);
+    addSection(Page::Shape, code);
     addSection(Page::Shape, new HatchSection(document, this));
     addSection(Page::Shape, new ItemSection(document, actions, this));
     m_pages.append(newPage([] { return tr("Text"); }));

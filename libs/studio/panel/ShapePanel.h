@@ -58,6 +58,9 @@ Q_SIGNALS:
     /** The user wants to change the words of the selected text. */
     void wordsWanted();
 
+    /** The user wants to change the settings of a code, which have a dialog of their own. */
+    void codeSettingsWanted();
+
 protected:
     void changeEvent(QEvent *event) override;
 

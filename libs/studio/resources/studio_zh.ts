@@ -1005,10 +1005,6 @@
         <source>Degrees, anticlockwise:</source>
         <translation>角度（度，逆时针）：</translation>
     </message>
-    <message>
-        <source>&amp;Job</source>
-        <translation>作业(&amp;J)</translation>
-    </message>
 </context>
 <context>
     <name>studio::MatrixDialog</name>
@@ -2219,6 +2215,10 @@
     <message>
         <source>There is nothing to mark.</source>
         <translation>没有可标刻的内容。</translation>
+    </message>
+    <message>
+        <source>Part %1 cannot be made as asked for: %2. No file was written.</source>
+        <translation>第 %1 件无法按要求生成：%2。没有写出任何文件。</translation>
     </message>
 </context>
 <context>
@@ -3566,6 +3566,29 @@
     <message>
         <source>The number is too large</source>
         <translation>数值过大</translation>
+    </message>
+</context>
+<context>
+    <name>studio::CodeSection</name>
+    <message>
+        <source>Module</source>
+        <translation>模块</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
+    </message>
+    <message>
+        <source>Width of the narrowest bar, or of one square, in mm</source>
+        <translation>最窄的条或一个方块的宽度（mm）</translation>
+    </message>
+    <message>
+        <source>Code settings...</source>
+        <translation>码设置...</translation>
+    </message>
+    <message>
+        <source>%1 codes</source>
+        <translation>%1 个码</translation>
     </message>
 </context>
 </TS>

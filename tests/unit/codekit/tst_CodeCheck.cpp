@@ -41,7 +41,19 @@ QString contentOf(CodeKind kind)
     }
 }
 
-enum Form { Plain, Rotated, Inverse, Dots, Grown, Bars, Resized, WithText };
+enum Form {
+    Plain,
+    Rotated,
+    Inverse,
+    Dots,
+    Grown,
+    Bars,
+    Resized,
+    WithText,
+    Upright,
+    Slanted,
+    Zigzag
+};
 
 } // namespace
 
@@ -68,12 +80,13 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("kind");
         QTest::addColumn<int>("form");
-        const char *names[] = {"plain", "rotated", "inverse", "dots",
-                               "grown", "bars",    "resized", "with text"};
+        const char *names[] = {
+            "plain",     "rotated",         "inverse",         "dots",  "grown", "bars", "resized",
+            "with text", "hatched upright", "hatched slanted", "zigzag"};
         for (const CodeKindInfo &info : codeKinds()) {
             if (!canReadBack(info.kind))
                 continue;
-            for (int form = Plain; form <= WithText; ++form) {
+            for (int form = Plain; form <= Zigzag; ++form) {
                 if (form == Dots && info.isLinear)
                     continue; // a bar of dots is none
                 QTest::addRow("%s, %s", info.name, names[form]) << int(info.kind) << form;
@@ -140,6 +153,29 @@ private Q_SLOTS:
         QVERIFY(read(*item, 0.05).verdict == CodeVerdict::Nothing);
     }
 
+    void shapeOverTheCode_isInTheWay_andOneFarAwayIsNot()
+    {
+        CodeItem *item = make(CodeKind::DataMatrix, Plain);
+        item->setPos(0, 0);
+        ZTAbstractGraphicsItem *block =
+            document->itemMag()->addShape(ShapeType::QRCode, {0, 0, 10, 10});
+        block->setPos(200, 0);
+        QVERIFY(read(*item).verdict == CodeVerdict::Good);
+        block->setPos(5, 5); // another code over it
+        QVERIFY(read(*item).verdict != CodeVerdict::Good);
+        QVERIFY(codeFieldPx(*item).intersects(block->sceneBoundingRect()));
+    }
+
+    void neighbourOutsideTheQuietZone_doesNoHarm()
+    {
+        CodeItem *item = make(CodeKind::Code128, Plain);
+        item->setPos(0, 0);
+        CodeItem *other = make(CodeKind::Code128, Plain);
+        other->setPos(0, item->boundingRect().height() + 20.0);
+        QVERIFY(read(*item).verdict == CodeVerdict::Good);
+        QVERIFY(read(*other).verdict == CodeVerdict::Good);
+    }
+
     void kindWithoutAReader_isSaid()
     {
         CodeItem *item = make(CodeKind::MicroPdf417, Plain);
@@ -165,6 +201,10 @@ private:
             settings.human.font = QFont(QStringLiteral("DejaVu Sans"));
         }
         item->setCode(settings, contentOf(kind));
+        ZTFillParam fill = item->getFillParam();
+        fill.angle = form == Upright ? 90.0 : form == Slanted ? 45.0 : 0.0;
+        fill.fillType = form == Zigzag ? FillType::ULine : FillType::Line;
+        item->setFillParam(fill);
         if (form == Rotated)
             item->setTransformParam(QTransform().rotate(33.0));
         if (form == Resized)
@@ -172,13 +212,22 @@ private:
         return item;
     }
 
+    /** With everything else that the drawing marks. */
     CodeReading read(CodeItem &item, double beamMm = 0.0)
     {
-        hostkit::MarkGraphBuilder builder(*document, {&item});
+        hostkit::MarkItems items{&item};
+        for (ZTAbstractGraphicsItem *other : hostkit::markedItems(*document)) {
+            if (other != &item)
+                items.append(other);
+        }
+        hostkit::MarkGraphBuilder builder(*document, items);
         builder.work(1000000);
-        const ZTMarkGraph graph = builder.takeUnordered();
-        return readCode(item, graph.objects.first(), hostkit::MarkUnits::of(*document->itemMag()),
-                        beamMm);
+        CodeSurroundings around;
+        around.others = builder.takeUnordered().objects;
+        around.marks = around.others.takeFirst();
+        around.units = hostkit::MarkUnits::of(*document->itemMag());
+        around.beamMm = beamMm;
+        return readCode(item, around);
     }
 
     QScopedPointer<testsupport::WarningGuard> warnings;
