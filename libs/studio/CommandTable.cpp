@@ -12,6 +12,7 @@
 #include <studio/groups/GroupTools.h>
 #include <studio/job/JobTools.h>
 #include <studio/panel/ShapePanel.h>
+#include <studio/print/PrintActions.h>
 #include <studio/text/TextTools.h>
 
 #include <QtCore/QCoreApplication>
@@ -98,6 +99,10 @@ const QVector<Command> kFixedCommands = {
      [](MainWindow &w) { w.chooseExport(false); }},
     {"file.exportSelection", TEXT("Export mark paths of se&lection..."), "", "Ctrl+Shift+E", "",
      Needs::Selection, kWindow, [](MainWindow &w) { w.chooseExport(true); }},
+    {"file.print", TEXT("&Print..."), "", "Ctrl+P", TEXT("Print the drawing at true size"),
+     Needs::Shapes, kWindow, [](MainWindow &w) { w.printing().choosePrinter(); }},
+    {"file.pdf", TEXT("Save as P&DF..."), "", "", TEXT("The drawing at true size as PDF"),
+     Needs::Shapes, kWindow, [](MainWindow &w) { w.printing().choosePdf(); }},
     {"job.preview", TEXT("Pre&view..."), "preview", "F5",
      TEXT("Play the job: order, jumps and the time it takes"), Needs::Shapes, kWindow,
      [](MainWindow &window) { window.job().showPreview(); }},
@@ -230,6 +235,10 @@ const QVector<Command> kFixedCommands = {
     {"nudge.fineDown", TEXT("Down by 0.1 mm"), "", "Ctrl+Down", "", Needs::Selection, kView,
      &nudgeFinely<0, 1>},
 
+    {"help.manual", TEXT("User &manual"), "", "F1", TEXT("The manual, to be read and searched"),
+     Needs::Nothing, kWindow, [](MainWindow &w) { w.showManual(); }},
+    {"help.shortcuts", TEXT("&Shortcuts"), "", "Ctrl+F1", TEXT("All shortcuts on one sheet"),
+     Needs::Nothing, kWindow, [](MainWindow &w) { w.showShortcuts(); }},
     {"help.about", TEXT("&About"), "", "", "", Needs::Nothing, kWindow,
      [](MainWindow &w) { w.showAbout(); }},
 };

@@ -26,11 +26,14 @@
 #include <studio/drawing/DrawingMessages.h>
 #include <studio/drawing/RecentMenu.h>
 #include <studio/groups/GroupTools.h>
+#include <studio/help/ManualWindow.h>
+#include <studio/help/ShortcutSheet.h>
 #include <studio/import/ImportDialog.h>
 #include <studio/job/JobExporter.h>
 #include <studio/job/JobPanel.h>
 #include <studio/job/JobTools.h>
 #include <studio/panel/ShapePanel.h>
+#include <studio/print/PrintActions.h>
 #include <studio/text/TextTools.h>
 
 #include <hostkit/drawing/SampleDrawing.h>
@@ -98,7 +101,7 @@ MainWindow::MainWindow(std::unique_ptr<Messages> told)
     buildDocument();
     buildTree();
     buildProperties();
-    buildJob();
+    buildOutput();
     buildCommands();
     retranslate();
     connectState();
@@ -231,8 +234,12 @@ void MainWindow::buildProperties()
     m_firstLayout = saveState(kLayoutVersion);
 }
 
-void MainWindow::buildJob()
+void MainWindow::buildOutput()
 {
+    m_printing = new PrintActions(*m_drawing, *m_messages, *this);
+    connect(m_printing, &PrintActions::written, this, [this](const QString &path) {
+        m_status->showMessage(tr("Saved to %1").arg(QDir::toNativeSeparators(path)), kStatusMs);
+    });
     m_jobTools = new JobTools(*m_drawing, *m_textTools, *m_messages, *this);
     m_panel->addPage(&m_jobTools->panel(), [] { return tr("Job"); });
     connect(&m_jobTools->exporter(), &JobExporter::written, this,
@@ -580,6 +587,26 @@ void MainWindow::resetLayout() { restoreState(m_firstLayout, kLayoutVersion); }
 void MainWindow::fitSelection() { navigation().fit(m_drawing->scene()->getSelectionItemRect()); }
 
 void MainWindow::fitAll() { navigation().fit(sceneBox(shapeItemsOf(*m_drawing->scene()))); }
+
+void MainWindow::showManual()
+{
+    auto *manual = findChild<ManualWindow *>();
+    if (manual == nullptr)
+        manual = new ManualWindow(this);
+    manual->show();
+    manual->raise();
+    manual->activateWindow();
+}
+
+void MainWindow::showShortcuts()
+{
+    auto *sheet = findChild<ShortcutSheet *>();
+    if (sheet == nullptr)
+        sheet = new ShortcutSheet(this);
+    sheet->show();
+    sheet->raise();
+    sheet->activateWindow();
+}
 
 void MainWindow::showAbout()
 {

@@ -36,6 +36,7 @@ class MatrixDialog;
 class OrderMenu;
 class PropertyDock;
 class ShapePanel;
+class PrintActions;
 class StatusBar;
 class TextTools;
 class ViewNavigation;
@@ -61,6 +62,7 @@ public:
     DocumentActions &edit() const { return *m_actions; }
     ViewNavigation &navigation() const { return *m_viewNavigation; }
     TextTools &text() const { return *m_textTools; }
+    PrintActions &printing() const { return *m_printing; }
     JobTools &job() const { return *m_jobTools; }
     CodeTools &codes() const { return *m_codeTools; }
     Exporter &exporter() const { return *m_fileExporter; }
@@ -95,6 +97,8 @@ public:
     void resetLayout(); ///< of docks and toolbars, as at the first start
     void fitSelection();
     void fitAll();
+    void showManual();
+    void showShortcuts();
     void showAbout();
 
 protected:
@@ -105,7 +109,7 @@ private:
     void buildDocument();
     void buildTree();
     void buildProperties();
-    void buildJob();
+    void buildOutput();
     void buildCommands();
     void connectState();
     void connectFiles();
@@ -136,6 +140,7 @@ private:
     ViewNavigation *m_viewNavigation = nullptr;
     TextTools *m_textTools = nullptr;
     JobTools *m_jobTools = nullptr;
+    PrintActions *m_printing = nullptr;
     CodeTools *m_codeTools = nullptr;
     Exporter *m_fileExporter = nullptr;
     DrawingTools *m_tools = nullptr;

@@ -96,11 +96,11 @@ void addToolBar(QMainWindow &window, const char *name, Qt::ToolBarArea area,
 void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fileMenus,
               const QList<QAction *> &viewActions)
 {
-    QMenu &file =
-        addMenu(window, "fileMenu", commands,
-                {"file.new", "file.open", "-", "file.save", "file.saveAs", "file.revert",
-                 "file.recover", "-", "file.import", "file.importClipboard", "file.sample", "-",
-                 "file.exportAll", "file.exportSelection", "-", "file.quit"});
+    QMenu &file = addMenu(window, "fileMenu", commands,
+                          {"file.new", "file.open", "-", "file.save", "file.saveAs", "file.revert",
+                           "file.recover", "-", "file.import", "file.importClipboard",
+                           "file.sample", "-", "file.exportAll", "file.exportSelection", "-",
+                           "file.print", "file.pdf", "-", "file.quit"});
     file.insertMenu(file.actions().at(2), fileMenus.recent);
     file.insertMenu(commands.action("file.exportAll"), fileMenus.order);
     QMenu &edit = addMenu(window, "editMenu", commands,
@@ -137,7 +137,7 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
     view.addActions(viewActions);
     view.addAction(commands.action("view.resetLayout"));
     addMenu(window, "toolsMenu", commands, {"tools.verifyCodes"});
-    addMenu(window, "helpMenu", commands, {"help.about"});
+    addMenu(window, "helpMenu", commands, {"help.manual", "help.shortcuts", "-", "help.about"});
 }
 
 void addToolBars(QMainWindow &window, const Commands &commands)

@@ -467,6 +467,38 @@
         <source>Give each of the selected texts and codes the next value of one counter</source>
         <translation>让所选文字和码依次取一个计数器的下一个值</translation>
     </message>
+    <message>
+        <source>&amp;Print...</source>
+        <translation>打印(&amp;P)...</translation>
+    </message>
+    <message>
+        <source>&amp;Shortcuts</source>
+        <translation>快捷键(&amp;S)</translation>
+    </message>
+    <message>
+        <source>All shortcuts on one sheet</source>
+        <translation>所有快捷键一览</translation>
+    </message>
+    <message>
+        <source>Print the drawing at true size</source>
+        <translation>按实际尺寸打印图纸</translation>
+    </message>
+    <message>
+        <source>Save as P&amp;DF...</source>
+        <translation>另存为 PDF(&amp;D)...</translation>
+    </message>
+    <message>
+        <source>The drawing at true size as PDF</source>
+        <translation>按实际尺寸将图纸存为 PDF</translation>
+    </message>
+    <message>
+        <source>The manual, to be read and searched</source>
+        <translation>可阅读和搜索的手册</translation>
+    </message>
+    <message>
+        <source>User &amp;manual</source>
+        <translation>用户手册(&amp;M)</translation>
+    </message>
 </context>
 <context>
     <name>studio::ArcPage</name>
@@ -3566,6 +3598,82 @@
     <message>
         <source>The number is too large</source>
         <translation>数值过大</translation>
+    </message>
+</context>
+<context>
+    <name>studio::DrawingPrint</name>
+    <message>
+        <source>%1 x %2 mm</source>
+        <translation>%1 x %2 毫米</translation>
+    </message>
+    <message>
+        <source>%1, shown at %2 %</source>
+        <translation>%1，以 %2% 显示</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ManualWindow</name>
+    <message>
+        <source>&amp;Search</source>
+        <translation>搜索(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Chapters</source>
+        <translation>章节</translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <translation>未找到</translation>
+    </message>
+    <message>
+        <source>User manual</source>
+        <translation>用户手册</translation>
+    </message>
+</context>
+<context>
+    <name>studio::PrintActions</name>
+    <message>
+        <source>&quot;%1&quot; was not written.</source>
+        <translation>未写出“%1”。</translation>
+    </message>
+    <message>
+        <source>PDF (*.pdf)</source>
+        <translation>PDF (*.pdf)</translation>
+    </message>
+    <message>
+        <source>Save as PDF</source>
+        <translation>另存为 PDF</translation>
+    </message>
+    <message>
+        <source>The drawing was not printed.</source>
+        <translation>图纸未打印。</translation>
+    </message>
+    <message>
+        <source>The printer does not take it.</source>
+        <translation>打印机不接受。</translation>
+    </message>
+    <message>
+        <source>There is nothing to mark.</source>
+        <translation>没有可标刻的内容。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ShortcutSheet</name>
+    <message>
+        <source>&amp;Search</source>
+        <translation>搜索(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>按键</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>快捷键</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>内容</translation>
     </message>
 </context>
 <context>
