@@ -2,23 +2,23 @@
 
 #include <studio/commands/FramePause.h>
 
-#include <array>
-#include <cstring>
+#include <cmath>
 
 namespace studio {
 
 namespace {
 
-/** To the last bit: a 0 that has become a negative one is equal, and saved as another number. */
-bool isSame(const QTransform &a, const QTransform &b)
+/** To the bit: a flat shape's 0 is -0 once it was mirrored, and a file tells the two apart. */
+bool areSame(const QTransform &a, const QTransform &b)
 {
-    const auto numbers = [](const QTransform &t) {
-        return std::array<double, 9>{t.m11(), t.m12(), t.m13(), t.m21(), t.m22(),
-                                     t.m23(), t.m31(), t.m32(), t.m33()};
-    };
-    const auto one = numbers(a);
-    const auto other = numbers(b);
-    return std::memcmp(one.data(), other.data(), sizeof one) == 0;
+    const double elements[][2] = {{a.m11(), b.m11()}, {a.m12(), b.m12()}, {a.m13(), b.m13()},
+                                  {a.m21(), b.m21()}, {a.m22(), b.m22()}, {a.m23(), b.m23()},
+                                  {a.m31(), b.m31()}, {a.m32(), b.m32()}, {a.m33(), b.m33()}};
+    for (const auto &[one, other] : elements) {
+        if (one != other || std::signbit(one) != std::signbit(other))
+            return false;
+    }
+    return true;
 }
 
 } // namespace
@@ -47,7 +47,7 @@ void ItemGeometryCommand::restore(const QVector<State> &states)
     for (int i = 0; i < m_items.size(); ++i) {
         if (!m_items[i])
             continue;
-        if (!isSame(m_items[i]->getTransformParam(), states[i].transform))
+        if (!areSame(m_items[i]->getTransformParam(), states[i].transform))
             m_items[i]->setTransformParam(states[i].transform);
         m_items[i]->setPos(states[i].posPx);
     }

@@ -42,6 +42,20 @@ private Q_SLOTS:
         QCOMPARE(studio::sceneBox(*lower), QRectF(30, 0, side, side));
     }
 
+    void mirror_flatShape_isUndoneToTheSignOfItsZero()
+    {
+        ShapeItem *flat = test->addRect(0, 0);
+        flat->setTransformParam(QTransform::fromScale(2.0, 0.0));
+        test->select({flat});
+        push<MirrorCommand>(MirrorCommand::TopToBottom);
+        QVERIFY(std::signbit(flat->getTransformParam().m22())); // 0 times -1
+        stack()->undo();
+        QCOMPARE(flat->getTransformParam().m22(), 0.0);
+        QVERIFY(!std::signbit(flat->getTransformParam().m22()));
+        stack()->redo();
+        QVERIFY(std::signbit(flat->getTransformParam().m22()));
+    }
+
     void rotate_oneShape_turnsAboutItsMiddle()
     {
         ShapeItem *line = test->add(ShapeType::Line, 10, 10);
