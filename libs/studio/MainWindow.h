@@ -45,6 +45,7 @@ class MatrixDialog;
 class OrderMenu;
 class PropertyDock;
 class RotateHandle;
+class ShapeList;
 class ShapePanel;
 class PrintActions;
 class SnapTools;
@@ -80,6 +81,7 @@ public:
     Exporter &exporter() const { return *m_fileExporter; }
     Commands &commands() const { return *m_commandSet; }
     ShapePanel &panel() const { return *m_panel; }
+    ShapeList &list() const { return *m_list; }
     DrawingFiles &files() const { return *m_drawingFiles; }
     DrawingTools &tools() const { return *m_tools; }
     ClipboardActions &clipboard() const { return *m_clipboard; }
@@ -156,6 +158,7 @@ private:
     ZTObjectTreeWidget *m_tree = nullptr;
     QDockWidget *m_treeDock = nullptr;
     ShapePanel *m_panel = nullptr;
+    ShapeList *m_list = nullptr;
     PropertyDock *m_properties = nullptr;
     DocumentActions *m_actions = nullptr;
     ViewNavigation *m_viewNavigation = nullptr;

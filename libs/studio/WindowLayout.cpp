@@ -33,6 +33,7 @@ constexpr Title kMenuTitles[] = {
     {"toolsMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "T&ools")},
     {"arrangeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Arrange")},
     {"alignToMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "Align &to")},
+    {"stackingMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "Or&der")},
     {"nudgeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Nudge")},
     {"jobMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Job")},
     {"viewMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&View")},
@@ -51,10 +52,13 @@ constexpr Title kToolBarTitles[] = {
 };
 
 constexpr const char *kAlignTitle = QT_TRANSLATE_NOOP("studio::WindowLayout", "&Align");
+constexpr const char *kOrderTitle = QT_TRANSLATE_NOOP("studio::WindowLayout", "Or&der");
 
 using Ids = std::initializer_list<const char *>;
 
 /** What draws on the canvas with the mouse, and what does not. */
+constexpr Ids kOrder = {"order.first", "order.raise", "order.lower",
+                        "order.last",  "-",           "order.reverse"};
 constexpr Ids kTools = {"tool.select",  "tool.rectangle", "tool.ellipse", "tool.polygon",
                         "tool.line",    "tool.tdot",      "tool.text",    "tool.code",
                         "tool.barcode", "tool.measure"};
@@ -151,6 +155,9 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
     QMenu *alignTo = arrange.addMenu(QString());
     alignTo->setObjectName(QStringLiteral("alignToMenu"));
     fill(*alignTo, commands, {"arrange.toEachOther", "arrange.toFirst", "arrange.toField"});
+    QMenu *order = arrange.addMenu(QString());
+    order->setObjectName(QStringLiteral("stackingMenu"));
+    fill(*order, commands, kOrder);
     QMenu *nudge = arrange.addMenu(QString());
     nudge->setObjectName(QStringLiteral("nudgeMenu"));
     fill(*nudge, commands,
@@ -219,6 +226,9 @@ QMenu *newContextMenu(const Commands &commands, bool isForShapes, QWidget *paren
           "arrange.bottom", "arrange.center", "-", "arrange.toEachOther", "arrange.toFirst",
           "arrange.toField", "-", "arrange.spreadAcross", "arrange.spreadDown",
           "arrange.gapsAcross", "arrange.gapsDown", "-", "arrange.centreOnField"});
+    QMenu *order = menu->addMenu(translated(kOrderTitle));
+    order->setObjectName(QStringLiteral("orderOfShapesMenu"));
+    fill(*order, commands, kOrder);
     fill(*menu, commands,
          {"arrange.mirrorHorizontal", "arrange.mirrorVertical", "arrange.rotateRight",
           "arrange.rotateLeft", "arrange.rotate", "arrange.matrix", "arrange.circle", "-",

@@ -619,6 +619,46 @@
         <source>User &amp;manual</source>
         <translation>用户手册(&amp;M)</translation>
     </message>
+    <message>
+        <source>&amp;Lower</source>
+        <translation>推后(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Raise</source>
+        <translation>提前(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Lower: marked one place later</source>
+        <translation>推后：晚一位标刻</translation>
+    </message>
+    <message>
+        <source>Raise: marked one place earlier</source>
+        <translation>提前：早一位标刻</translation>
+    </message>
+    <message>
+        <source>Re&amp;verse</source>
+        <translation>反转(&amp;V)</translation>
+    </message>
+    <message>
+        <source>Reverse the order of marking, of the selected shapes or of all</source>
+        <translation>反转标刻顺序：所选图形的，或全部图形的</translation>
+    </message>
+    <message>
+        <source>To &amp;first</source>
+        <translation>移到最先(&amp;F)</translation>
+    </message>
+    <message>
+        <source>To first: marked before all others</source>
+        <translation>移到最先：在所有其他图形之前标刻</translation>
+    </message>
+    <message>
+        <source>To l&amp;ast</source>
+        <translation>移到最后(&amp;A)</translation>
+    </message>
+    <message>
+        <source>To last: marked after all others</source>
+        <translation>移到最后：在所有其他图形之后标刻</translation>
+    </message>
 </context>
 <context>
     <name>studio::ArcPage</name>
@@ -1288,10 +1328,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>已保存到 %1</translation>
     </message>
     <message>
-        <source>Shapes</source>
-        <translation>图形</translation>
-    </message>
-    <message>
         <source>Studio %1</source>
         <translation>绘图工作室 %1</translation>
     </message>
@@ -1318,6 +1354,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Job written to %1, files: %2</source>
         <translation>作业已写入 %1，文件数：%2</translation>
+    </message>
+    <message>
+        <source>Engine objects</source>
+        <translation>引擎对象</translation>
     </message>
 </context>
 <context>
@@ -2278,6 +2318,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>&amp;Job</source>
         <translation>作业(&amp;J)</translation>
+    </message>
+    <message>
+        <source>Or&amp;der</source>
+        <translation>次序(&amp;D)</translation>
     </message>
 </context>
 <context>
@@ -3984,6 +4028,104 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>%1 codes</source>
         <translation>%1 个码</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ShapeList</name>
+    <message>
+        <source>List of shapes</source>
+        <translation>图形列表</translation>
+    </message>
+    <message>
+        <source>Listed as stacked; marking goes by File, Marking order.</source>
+        <translation>按叠放次序列出；标刻顺序以“文件 - 标刻顺序”为准。</translation>
+    </message>
+    <message>
+        <source>Marked from top to bottom.</source>
+        <translation>从上到下依次标刻。</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>查找</translation>
+    </message>
+    <message>
+        <source>Search for shapes</source>
+        <translation>查找图形</translation>
+    </message>
+    <message>
+        <source>Shapes in the order of marking</source>
+        <translation>按标刻顺序排列的图形</translation>
+    </message>
+    <message>
+        <source>Shows the shapes whose name, words or kind contain this</source>
+        <translation>显示名称、文字或类型中包含此内容的图形</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ShapeListModel</name>
+    <message>
+        <source>%1 shapes</source>
+        <translation>%1 个图形</translation>
+    </message>
+    <message>
+        <source>Double click to rename</source>
+        <translation>双击可重命名</translation>
+    </message>
+    <message>
+        <source>Group %1</source>
+        <translation>组 %1</translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation>隐藏</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>类型</translation>
+    </message>
+    <message>
+        <source>Lock</source>
+        <translation>锁定</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation>标刻</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>No.</source>
+        <translation>序号</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>笔</translation>
+    </message>
+    <message>
+        <source>Pen that marks it</source>
+        <translation>标刻它的笔</translation>
+    </message>
+    <message>
+        <source>Place in the order of marking</source>
+        <translation>在标刻顺序中的位置</translation>
+    </message>
+    <message>
+        <source>What kind of shape it is</source>
+        <translation>图形的类型</translation>
+    </message>
+    <message>
+        <source>Whether it is hidden: neither shown nor marked</source>
+        <translation>是否隐藏：不显示也不标刻</translation>
+    </message>
+    <message>
+        <source>Whether it is locked: neither selected nor moved</source>
+        <translation>是否锁定：不能选中也不能移动</translation>
+    </message>
+    <message>
+        <source>Whether it is marked</source>
+        <translation>是否标刻</translation>
     </message>
 </context>
 </TS>
