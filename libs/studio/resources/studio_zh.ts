@@ -718,10 +718,6 @@
 <context>
     <name>studio::ExportJob</name>
     <message>
-        <source>the file cannot be replaced</source>
-        <translation>无法替换该文件</translation>
-    </message>
-    <message>
         <source>a shape was deleted meanwhile</source>
         <translation>其间有图形被删除</translation>
     </message>
