@@ -97,8 +97,9 @@ void CodeCommand::addContent()
                   ->add_option_function<std::string>("TEXT", ignore,
                                                      tr("What the code holds").toStdString())
                   ->type_name("");
-    m_command->add_flag("--list", m_wantsList,
-                        tr("Tell all symbologies and what each can hold").toStdString());
+    m_command->add_flag(
+        "--list", m_wantsList,
+        tr("Tell all symbologies, or more about one: what it can hold").toStdString());
 }
 
 void CodeCommand::addSize()
@@ -176,20 +177,59 @@ void CodeCommand::addSerial()
 
 void CodeCommand::checkTogether()
 {
+    const QString name = QString::fromStdString(m_symbology);
+    const CodeKindInfo *info = codekit::kindNamed(name);
+    if (info == nullptr && !name.isEmpty())
+        usage::refuse("SYMBOLOGY",
+                      tr("\"%1\" is no symbology, ztmark code --list tells them").arg(name));
     if (m_wantsList)
         return;
     m_job.checkTogether();
-    const QString name = QString::fromStdString(m_symbology);
-    if (name.isEmpty())
-        throw CLI::RequiredError("SYMBOLOGY");
-    const CodeKindInfo *info = codekit::kindNamed(name);
+    m_job.checkOutputs();
     if (info == nullptr)
-        usage::refuse("SYMBOLOGY",
-                      tr("\"%1\" is no symbology, ztmark code --list tells them").arg(name));
+        throw CLI::RequiredError("SYMBOLOGY");
     m_spec.kind = info->kind;
+    checkKind(*info);
     if (m_widthMm && m_command->get_option("--module")->count() > 0)
         usage::refuse("--width", tr("cannot be given together with --module"));
     readContent();
+}
+
+/** Throws a usage error for an option that this symbology lacks. */
+void CodeCommand::checkKind(const CodeKindInfo &info) const
+{
+    const QString label = QLatin1String(info.label);
+    const auto isGiven = [this](const char *option) {
+        return m_command->get_option(option)->count() > 0;
+    };
+    const auto check = [&](const char *option, codekit::CodeSpec spec) {
+        spec.kind = info.kind;
+        const QString why = isGiven(option) ? codekit::lackingOption(spec) : QString();
+        if (!why.isEmpty())
+            usage::refuse(option, why);
+    };
+    codekit::CodeSpec alone;
+    alone.level = m_spec.level;
+    check("--level", alone);
+    alone = {};
+    alone.version = m_spec.version;
+    check("--size", alone);
+    alone = {};
+    alone.isRectangular = m_spec.isRectangular;
+    check("--rectangular", alone);
+    alone = {};
+    alone.hasCheckDigit = m_spec.hasCheckDigit;
+    check("--check-digit", alone);
+    if (isGiven("--size") && isGiven("--rectangular"))
+        usage::refuse("--rectangular", tr("cannot be given together with --size"));
+    if (isGiven("--height") && !info.isLinear)
+        usage::refuse("--height", tr("%1 has no bars, it is as high as its modules").arg(label));
+    if (m_form.style == CodeStyle::Dots && info.isLinear)
+        usage::refuse("--style", tr("%1 has bars, which are no dots").arg(label));
+    if (isGiven("--text-height") && m_humanText == HumanText::None)
+        usage::refuse("--text-height", tr("nothing without --text"));
+    if (isGiven("--beam") && !m_wantsVerify)
+        usage::refuse("--beam", tr("nothing without --verify"));
 }
 
 /** Without a place for it, the serial number follows the content. */
@@ -229,26 +269,76 @@ int CodeCommand::run()
             return console::Failed;
     }
     Progress progress(!m_job.quiet);
+    if (m_wantsVerify && !verifyAll(all, progress))
+        return console::Failed;
     hostkit::MarkJobResult result;
     for (int number = 1; number <= m_parts; ++number) {
-        if (!markPart(all[std::size_t(number - 1)], number, &result, progress))
+        if (m_parts > 1)
+            progress.begin(tr("part %1 of %2").arg(number).arg(m_parts));
+        if (!markPart(all[std::size_t(number - 1)], &result, progress) ||
+            !m_job.write(result.graph, m_job.outputsOfPart(number, m_parts), progress))
             return console::Failed;
     }
     progress.finish();
     m_job.warnOfEmptyHatch(result.after);
     if (!m_job.quiet)
         printSummary(all.back(), result);
-    return console::Done;
+    return console::finishOutput() ? console::Done : console::Failed;
+}
+
+/** All of them, each with its marks, before the first is written. */
+bool CodeCommand::verifyAll(const std::vector<Part> &all, Progress &progress) const
+{
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        if (m_parts > 1)
+            progress.begin(tr("verifying part %1 of %2").arg(i + 1).arg(m_parts));
+        hostkit::MarkJobResult result;
+        if (!markPart(all[i], &result, progress))
+            return false;
+        if (verify(all[i], result.graph))
+            continue;
+        progress.finish();
+        if (m_parts > 1)
+            console::complain(tr("part %1 of %2 is not as it should be: nothing written")
+                                  .arg(i + 1)
+                                  .arg(m_parts)
+                                  .toStdString());
+        return false;
+    }
+    return true;
 }
 
 void CodeCommand::listKinds() const
 {
+    if (const CodeKindInfo *info = codekit::kindNamed(QString::fromStdString(m_symbology))) {
+        describeKind(*info);
+        return;
+    }
     for (const CodeKindInfo &info : codekit::codeKinds()) {
         console::printRow(QLatin1String(info.name),
                           QLatin1String(info.label) + QStringLiteral(": ") +
                               codekit::limitsOf(info.kind),
                           kListWidth);
     }
+}
+
+void CodeCommand::describeKind(const CodeKindInfo &info)
+{
+    const auto row = [](const QString &name, const QString &value) {
+        console::printRow(name, value, kListWidth);
+    };
+    const auto range = [](int least, int most) {
+        return most == 0 ? tr("none") : tr("%1 to %2").arg(least).arg(most);
+    };
+    row(tr("Code:"), QLatin1String(info.label));
+    row(tr("Holds:"), codekit::limitsOf(info.kind));
+    row(tr("Levels:"), range(info.leastLevel, info.mostLevel));
+    row(tr("Sizes:"), range(1, info.mostVersion));
+    row(tr("Quiet zone:"), tr("%1 modules left, %2 right, %3 above and below")
+                               .arg(info.quietModules.left())
+                               .arg(info.quietModules.right())
+                               .arg(info.quietModules.top()));
+    row(tr("Can be verified:"), codekit::canReadBack(info.kind) ? tr("yes") : tr("no"));
 }
 
 /** All of them before the first is written: no part is marked when a later one cannot be. */
@@ -314,22 +404,15 @@ void CodeCommand::addHumanText(Part *part) const
     part->path.addPath(letters);
 }
 
-bool CodeCommand::markPart(const Part &part, int number, hostkit::MarkJobResult *result,
-                           Progress &progress)
+bool CodeCommand::markPart(const Part &part, hostkit::MarkJobResult *result,
+                           Progress &progress) const
 {
-    if (m_parts > 1)
-        progress.begin(tr("part %1 of %2").arg(number).arg(m_parts));
     hostkit::MarkJobError error;
-    if (!hostkit::buildPathJob({part.path}, m_job.options, result, &error)) {
-        progress.finish();
-        console::complain(error.reason.toStdString());
-        return false;
-    }
-    if (m_wantsVerify && !verify(part, result->graph)) {
-        progress.finish();
-        return false;
-    }
-    return m_job.write(result->graph, m_job.outputsOfPart(number, m_parts), progress);
+    if (hostkit::buildPathJob({part.path}, m_job.options, result, &error))
+        return true;
+    progress.finish();
+    console::complain(error.reason.toStdString());
+    return false;
 }
 
 bool CodeCommand::verify(const Part &part, const ZTMarkGraph &graph) const

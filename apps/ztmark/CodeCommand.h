@@ -34,12 +34,15 @@ private:
     void addForm();
     void addSerial();
     void checkTogether();
+    void checkKind(const codekit::CodeKindInfo &info) const;
     void readContent();
     void listKinds() const;
+    static void describeKind(const codekit::CodeKindInfo &info);
     bool encodeParts(std::vector<Part> *parts);
     bool makePart(const QString &content, Part *part, QString *reason);
     void addHumanText(Part *part) const;
-    bool markPart(const Part &part, int number, hostkit::MarkJobResult *result, Progress &progress);
+    bool markPart(const Part &part, hostkit::MarkJobResult *result, Progress &progress) const;
+    bool verifyAll(const std::vector<Part> &all, Progress &progress) const;
     bool verify(const Part &part, const ZTMarkGraph &graph) const;
     void printSummary(const Part &part, const hostkit::MarkJobResult &result) const;
 

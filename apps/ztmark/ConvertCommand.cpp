@@ -2,49 +2,14 @@
 
 #include "Console.h"
 #include "JobArguments.h"
-#include "PlotterFiles.h"
 #include "Progress.h"
 #include "Usage.h"
 
 #include <hostkit/drawing/DrawingCapture.h>
 
-#include <QtCore/QFileInfo>
-
-#include <algorithm>
-
-namespace {
-
-constexpr double kGapMm = 2.0;
-
-/**
- * The name under which a drawing keeps where it came from. What could be read only once has none
- * but the one that was typed.
- */
-QString sourceOf(const std::string &file, const hostkit::DrawingInput &input)
-{
-    const QString name = QString::fromStdString(file);
-    return name != QLatin1String("-") && QFileInfo(name).isFile() ? input.filePath() : name;
-}
-
-/** A plotter drawing as a shape, as large as it is imported; null without a factory. */
-ZTAbstractGraphicsItem *addGraphic(ZTShapeManager &manager, const hostkit::DrawingInput &input,
-                                   const QString &source)
-{
-    ZTVecGraphItemFactory::getInstance()->setPath(input.filePath());
-    ZTAbstractGraphicsItem *item = manager.addShape(ShapeType::VecGraph, QRectF());
-    if (item == nullptr)
-        return nullptr;
-    auto *graphic = dynamic_cast<ZTVecGraph *>(item->getShapeBase());
-    if (graphic != nullptr && graphic->getImagePath() != source)
-        graphic->setDrawing(QPainterPath(graphic->getDrawing()), source);
-    item->getShapeBase()->paint();
-    return item;
-}
-
-} // namespace
-
 ConvertCommand::ConvertCommand(CLI::App &app)
-    : Command(app, "convert", tr("Turn plotter drawings into a drawing, or save a drawing anew"))
+    : Command(app, "convert",
+              tr("Turn SVG, DXF and plotter drawings into a drawing, or save one anew"))
 {
     m_files.addOption(m_command);
     addOutput();
@@ -54,17 +19,21 @@ ConvertCommand::ConvertCommand(CLI::App &app)
     m_command->final_callback([this] {
         m_files.checkTogether();
         m_foreign.checkTogether();
+        checkDrawing();
     });
     m_command->footer(
-        tr("Plotter drawings are imported 20 mm high, side by side, 2 mm apart, each one shape, "
-           "and\n"
-           "kept in the drawing: their files are not needed any more. A drawing that is saved "
-           "anew\n"
-           "marks as before; sections of it that this version does not know are kept.\n"
+        tr("SVG, DXF and plotter drawings come in at true size unless an option says otherwise, "
+           "side\n"
+           "by side, 2 mm apart, in the middle of the work area. They are kept in the drawing: "
+           "their\n"
+           "files are not needed any more. A drawing that is saved anew marks as before; sections "
+           "of\n"
+           "it that this version does not know are kept.\n"
            "Mark paths of a drawing are written by ztmark mark, pictures by ztmark render.\n"
            "\n"
            "Examples:\n"
-           "  ztmark convert logo.plt frame.plt -o plate.ztd\n"
+           "  ztmark convert part.dxf logo.svg -o plate.ztd\n"
+           "  ztmark convert logo.plt --height 20mm --clean join=0.05mm -o logo.ztd\n"
            "  ztmark convert old.ztd -o new.ztd")
             .toStdString());
 }
@@ -84,66 +53,47 @@ void ConvertCommand::addOutput()
         ->check(CLI::Validator(check, ""));
 }
 
+/** A drawing of the studio is saved as it is. */
+void ConvertCommand::checkDrawing() const
+{
+    const char *option = m_foreign.givenOption();
+    if (option != nullptr && m_files.isDrawing())
+        usage::refuse(option, tr("not for a drawing, which is saved as it is"));
+}
+
 int ConvertCommand::run()
 {
     if (!JobArguments::canWrite({m_output}, m_files.names) || !m_fonts.makeKnown())
         return console::Failed;
     Progress progress(true);
-    if (!m_files.isDrawing() && m_foreign.isChosen(m_files.names))
+    m_files.readStandardInput(progress);
+    if (!m_files.isDrawing())
         return importForeignFiles(progress);
-    return m_files.isDrawing() ? saveAnew(progress) : importFiles(progress);
+    checkDrawing(); // what standard input holds is known only now
+    return saveAnew(progress);
 }
 
 int ConvertCommand::saveAnew(Progress &progress) const
 {
     OpenedDrawing drawing;
-    if (!drawing.open(m_files.names.front(), progress))
+    if (!drawing.open(m_files, progress))
         return console::Failed;
     return save(drawing.document, progress);
-}
-
-int ConvertCommand::importFiles(Progress &progress) const
-{
-    PlotterFiles plotter;
-    if (!plotter.open(m_files.names, progress))
-        return console::Failed;
-    ZTGraphicsDocument document;
-    import(plotter, document);
-    const int code = save(document, progress);
-    plotter.warnOfLosses();
-    return code;
 }
 
 int ConvertCommand::importForeignFiles(Progress &progress)
 {
     ZTGraphicsDocument document;
-    const bool isWhole = m_foreign.import(m_files.names, document, progress);
-    if (document.itemMag()->getShapeList().isEmpty()) {
+    const bool isWhole = m_foreign.import(m_files, {}, document, progress);
+    if (m_foreign.items.isEmpty()) {
         progress.finish();
         return console::Failed;
     }
+    m_foreign.centre(document);
     const int code = save(document, progress);
-    return isWhole ? code : console::Failed;
-}
-
-void ConvertCommand::import(const PlotterFiles &plotter, ZTGraphicsDocument &document) const
-{
-    ZTShapeManager &manager = *document.itemMag();
-    const double gapPx = ZTCoord::getInstance()->mm2pix(kGapMm);
-    double leftPx = 0.0;
-    for (size_t i = 0; i < m_files.names.size(); ++i) {
-        const hostkit::DrawingInput &input = *plotter.drawings()[i];
-        ZTAbstractGraphicsItem *item =
-            addGraphic(manager, input, sourceOf(m_files.names[i], input));
-        if (item == nullptr)
-            return;
-        const QSizeF sizePx = item->boundingRect().size();
-        // An item's position is clamped to the scene.
-        const QRectF placePx(QPointF(leftPx, 0.0), sizePx);
-        manager.scene()->setSceneRect(manager.scene()->sceneRect() | placePx);
-        item->setPos(leftPx, 0.0);
-        leftPx += sizePx.width() + gapPx;
-    }
+    if (code == console::Done)
+        m_foreign.printCleaning();
+    return isWhole && console::finishOutput() ? code : console::Failed;
 }
 
 int ConvertCommand::save(ZTGraphicsDocument &document, Progress &progress) const

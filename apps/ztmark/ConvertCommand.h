@@ -10,11 +10,8 @@
 #include <QtCore/QCoreApplication>
 
 #include <string>
-#include <vector>
 
-class PlotterFiles;
-
-/** `ztmark convert`: plotter drawings become a drawing, or a drawing is saved anew. */
+/** `ztmark convert`: foreign drawings become a drawing, or a drawing is saved anew. */
 class ConvertCommand final : public console::Command
 {
     Q_DECLARE_TR_FUNCTIONS(ConvertCommand)
@@ -26,10 +23,9 @@ public:
 
 private:
     void addOutput();
-    int importFiles(Progress &progress) const;
+    void checkDrawing() const;
     int importForeignFiles(Progress &progress);
     int saveAnew(Progress &progress) const;
-    void import(const PlotterFiles &plotter, ZTGraphicsDocument &document) const;
     int save(ZTGraphicsDocument &document, Progress &progress) const;
 
     InputFiles m_files;

@@ -37,7 +37,7 @@ QString nameOf(ShapeType kind)
     case ShapeType::Text:
         return DrawingInfo::tr("texts: %1");
     case ShapeType::VecGraph:
-        return DrawingInfo::tr("imported plotter drawings: %1");
+        return DrawingInfo::tr("imported drawings: %1");
     case ShapeType::QRCode:
         return DrawingInfo::tr("codes: %1");
     case ShapeType::BarCode:
@@ -63,6 +63,12 @@ QString nameOf(EShapeSortType order)
     default:
         return QStringLiteral("none");
     }
+}
+
+/** The name of drawings that are kept without a file. */
+bool isNoFile(const QString &path)
+{
+    return path.compare(QLatin1String(".plt"), Qt::CaseInsensitive) == 0;
 }
 
 /** The fonts that texts are drawn in, and whether each is a stroke font. */
@@ -154,7 +160,8 @@ void DrawingInfo::printImports() const
 {
     std::map<QString, int> counts;
     for (const ZTAbstractGraphicsItem *item : m_items) {
-        if (const auto *graphic = dynamic_cast<const ZTVecGraph *>(item->getShapeBase()))
+        const auto *graphic = dynamic_cast<const ZTVecGraph *>(item->getShapeBase());
+        if (graphic != nullptr && !isNoFile(graphic->getImagePath()))
             ++counts[graphic->getImagePath()];
     }
     printRow(tr("Imported files:"), QString::number(counts.size()));

@@ -2,11 +2,9 @@
 
 #include "Console.h"
 #include "InfoRows.h"
+#include "JobArguments.h"
 #include "Progress.h"
 #include "Usage.h"
-
-#include <QtCore/QDir>
-#include <QtCore/QFileInfo>
 
 #include <algorithm>
 #include <array>
@@ -26,23 +24,15 @@ using vectorkit::VectorShape;
 
 namespace {
 
-constexpr double kGapMm = 2.0;
 constexpr double kUsualToleranceMm = 0.005;
-constexpr qint64 kProbe = 65536;
 
-constexpr std::array<const char *, 7> kOptions{"--size",  "--width",     "--height",   "--unit",
-                                               "--split", "--tolerance", "--fill-open"};
+constexpr std::array<const char *, 8> kOptions{"--size",  "--width",     "--height",    "--unit",
+                                               "--split", "--tolerance", "--fill-open", "--clean"};
 
 const std::map<std::string, ImportSplit> kSplits{{"none", ImportSplit::None},
                                                  {"layer", ImportSplit::Layer},
                                                  {"color", ImportSplit::Color},
                                                  {"outline", ImportSplit::Outline}};
-
-/** Qt takes names that begin with ':' for built-in resources; an absolute one is always a file. */
-QString absolutePath(const QString &name)
-{
-    return name.startsWith(QLatin1Char('/')) ? name : QDir::currentPath() + QLatin1Char('/') + name;
-}
 
 /** "40x20", each a length. */
 QSizeF sizeOf(const std::string &text)
@@ -86,6 +76,17 @@ QString textOf(VectorNote::Kind kind)
     }
 }
 
+/** A text that came with a file, fit to be shown on a line. */
+QString shown(const QString &text)
+{
+    return QString::fromStdString(console::printable(text.toStdString()));
+}
+
+QString counted(int count, const QString &one, const QString &many)
+{
+    return count == 1 ? one : many.arg(count);
+}
+
 /** What a drawing is made of. */
 struct Counts
 {
@@ -103,7 +104,7 @@ Counts countsOf(const VectorDrawing &drawing)
     Counts counts;
     for (const VectorLayer &layer : drawing.layers) {
         for (const VectorShape &shape : layer.shapes) {
-            if (shape.pen > 0)
+            if (shape.pen > 0 && drawing.hasPens())
                 counts.pens.insert(shape.pen);
             else if (shape.color.isValid())
                 counts.colors.insert(shape.color.rgb());
@@ -137,19 +138,25 @@ void printColors(const Counts &counts)
 void printContents(const VectorDrawing &drawing)
 {
     for (const VectorLayer &layer : drawing.layers) {
-        printRow(ForeignFiles::tr("Layer:"), ForeignFiles::tr("\"%1\", %2 shapes, %3 texts")
-                                                 .arg(layer.name)
-                                                 .arg(layer.shapes.size())
-                                                 .arg(layer.texts.size()));
+        printRow(ForeignFiles::tr("Layer:"),
+                 QStringLiteral("\"%1\", %2, %3")
+                     .arg(shown(layer.name),
+                          counted(layer.shapes.size(), ForeignFiles::tr("1 shape"),
+                                  ForeignFiles::tr("%1 shapes")),
+                          counted(layer.texts.size(), ForeignFiles::tr("1 text"),
+                                  ForeignFiles::tr("%1 texts"))));
     }
     const Counts counts = countsOf(drawing);
     printColors(counts);
     printRow(ForeignFiles::tr("Outlines:"),
              ForeignFiles::tr("%1 closed, %2 open").arg(counts.closed).arg(counts.open));
-    printRow(ForeignFiles::tr("Pieces:"), ForeignFiles::tr("%1 lines, %2 arcs, %3 curves")
-                                              .arg(counts.lines)
-                                              .arg(counts.arcs)
-                                              .arg(counts.curves));
+    printRow(
+        ForeignFiles::tr("Pieces:"),
+        QStringLiteral("%1, %2, %3")
+            .arg(counted(counts.lines, ForeignFiles::tr("1 line"), ForeignFiles::tr("%1 lines")),
+                 counted(counts.arcs, ForeignFiles::tr("1 arc"), ForeignFiles::tr("%1 arcs")),
+                 counted(counts.curves, ForeignFiles::tr("1 curve"),
+                         ForeignFiles::tr("%1 curves"))));
     printRow(ForeignFiles::tr("Texts:"), QString::number(drawing.textCount()));
 }
 
@@ -170,7 +177,8 @@ void warnOfLosses(const std::string &name, const VectorDrawing &drawing)
     }
 }
 
-QRectF boxOf(const QList<ZTAbstractGraphicsItem *> &items)
+template <class Items>
+QRectF boxOf(const Items &items)
 {
     QRectF boxPx;
     for (const ZTAbstractGraphicsItem *item : items)
@@ -178,27 +186,55 @@ QRectF boxOf(const QList<ZTAbstractGraphicsItem *> &items)
     return boxPx;
 }
 
-} // namespace
-
-bool ForeignFiles::isNamed(const std::string &name)
+/** Whether there is anything in it that a head could follow. */
+bool hasLength(const VectorDrawing &drawing)
 {
-    if (name.empty() || name == "-")
-        return false;
-    const QString path = absolutePath(QString::fromStdString(name));
-    QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
-        return false;
-    const QByteArray start = file.read(kProbe);
-    switch (vectorkit::formatOf(start)) {
-    case VectorFormat::Svg:
-    case VectorFormat::Dxf:
+    if (drawing.textCount() > 0)
         return true;
-    case VectorFormat::Hpgl:
-        return PltCheck::inspect(start + file.readAll()).polylines == 0;
-    default:
-        return false;
+    for (const VectorLayer &layer : drawing.layers) {
+        for (const VectorShape &shape : layer.shapes) {
+            for (const VectorPath &path : shape.paths) {
+                if (path.lengthMm() > 0.0)
+                    return true;
+            }
+        }
+    }
+    return false;
+}
+
+/** Turns a drawing about (0, 0); positive is clockwise. */
+void turn(VectorDrawing *drawing, double angleDeg)
+{
+    QTransform turned;
+    turned.rotate(angleDeg);
+    for (VectorLayer &layer : drawing->layers) {
+        for (VectorShape &shape : layer.shapes) {
+            for (VectorPath &path : shape.paths)
+                path = path.transformed(turned);
+        }
+        for (vectorkit::VectorText &text : layer.texts) {
+            text.positionMm = turned.map(text.positionMm);
+            text.angleDeg -= angleDeg;
+        }
     }
 }
+
+bool readForeign(const InputFiles &files, const std::string &name,
+                 const vectorkit::ReadOptions &how, VectorDrawing *drawing)
+{
+    QByteArray bytes;
+    if (!files.read(name, &bytes))
+        return false;
+    vectorkit::ReadFailure failure;
+    if (vectorkit::readDrawing(bytes, how, drawing, &failure))
+        return true;
+    console::complain(name, failure.advice.isEmpty()
+                                ? failure.reason
+                                : failure.reason + QLatin1Char(' ') + failure.advice);
+    return false;
+}
+
+} // namespace
 
 void ForeignFiles::addOptions(CLI::App *owner)
 {
@@ -234,15 +270,16 @@ void ForeignFiles::addOptions(CLI::App *owner)
         ->default_str("0.005mm");
     m_command->add_flag("--fill-open", options.fillsOpen,
                         tr("Hatch open outlines as if they were closed").toStdString());
+    m_cleaning.addOption(owner);
 }
 
-bool ForeignFiles::isChosen(const std::vector<std::string> &names) const
+const char *ForeignFiles::givenOption() const
 {
-    for (const char *option : kOptions) {
-        if (m_command->get_option(option)->count() > 0)
-            return true;
-    }
-    return std::any_of(names.begin(), names.end(), isNamed);
+    const auto isGiven = [this](const char *option) {
+        return m_command->get_option(option)->count() > 0;
+    };
+    const auto found = std::find_if(kOptions.begin(), kOptions.end(), isGiven);
+    return found != kOptions.end() ? *found : nullptr;
 }
 
 void ForeignFiles::checkTogether() const
@@ -254,57 +291,119 @@ void ForeignFiles::checkTogether() const
         usage::refuse("--size", tr("one of --size, --width and --height is enough"));
 }
 
-bool ForeignFiles::read(const std::string &name, const vectorkit::ReadOptions &how,
-                        VectorDrawing *drawing)
+bool ForeignFiles::import(const InputFiles &files, const hostkit::MarkJobOptions &layout,
+                          ZTGraphicsDocument &document, Progress &progress)
 {
-    vectorkit::ReadFailure failure;
-    const QString path = absolutePath(QString::fromStdString(name));
-    if (vectorkit::readDrawingFile(path, how, drawing, &failure))
-        return true;
-    console::complain(name, failure.advice.isEmpty()
-                                ? failure.reason
-                                : failure.reason + QLatin1Char(' ') + failure.advice);
-    return false;
-}
-
-bool ForeignFiles::import(const std::vector<std::string> &names, ZTGraphicsDocument &document,
-                          Progress &progress)
-{
+    if (layout.hatch != FillType::None) {
+        ZTFillParam fill;
+        fill.fillType = layout.hatch;
+        fill.spac = layout.spacingMm;
+        fill.angle = layout.angleDeg;
+        options.fill = fill;
+    }
     bool isWhole = true;
-    double leftPx = 0.0;
-    for (const std::string &name : names) {
+    for (const std::string &name : files.names) {
         progress.begin(tr("reading %1").arg(QString::fromStdString(name)));
-        VectorDrawing drawing;
-        if (!read(name, m_reading, &drawing)) {
-            isWhole = false;
+        isWhole = importFile(files, name, layout, document) && isWhole;
+        const QString tooMuch = m_work.checkCopies(layout);
+        if (tooMuch.isEmpty())
             continue;
-        }
-        if (!hostkit::fitDrawing(&drawing, m_sizeMm)) {
-            console::complain(name, tr("has no extent in the direction of the size asked for"));
-            isWhole = false;
-            continue;
-        }
-        const hostkit::ImportResult result = hostkit::importDrawing(document, drawing, options);
-        const QRectF boxPx = boxOf(result.items);
-        // An item's position is clamped to the scene.
-        ZTGraphicsScene &scene = *document.itemMag()->scene();
-        scene.setSceneRect(scene.sceneRect() | QRectF(QPointF(leftPx, 0.0), boxPx.size()));
-        for (ZTAbstractGraphicsItem *item : result.items)
-            item->setPos(item->pos() + QPointF(leftPx, 0.0) - boxPx.topLeft());
-        leftPx += boxPx.width() + ZTCoord::getInstance()->mm2pix(kGapMm);
-        warnOfLosses(name, drawing);
+        console::complain(tooMuch.toStdString());
+        items.clear();
+        return false;
     }
     return isWhole;
 }
 
-bool ForeignFiles::describe(const std::string &name)
+bool ForeignFiles::importFile(const InputFiles &files, const std::string &name,
+                              const hostkit::MarkJobOptions &layout, ZTGraphicsDocument &document)
 {
     VectorDrawing drawing;
-    if (!read(name, {}, &drawing))
+    if (!readForeign(files, name, m_reading, &drawing) || !prepare(name, layout, &drawing))
+        return false;
+    warnOfLosses(name, drawing);
+    const QString tooMuch = m_work.add(drawing, options, layout);
+    if (!tooMuch.isEmpty()) {
+        console::complain(name, tooMuch);
+        return false;
+    }
+    if (!m_work.checkCopies(layout).isEmpty())
+        return false;
+    const hostkit::ImportResult result = hostkit::importDrawing(document, drawing, options);
+    m_work.addObjects(result.items.size());
+    place(result.items, layout.gapMm, document);
+    return true;
+}
+
+/** Mends, sizes and turns a drawing; false, told on stderr, when that cannot be. */
+bool ForeignFiles::prepare(const std::string &name, const hostkit::MarkJobOptions &layout,
+                           VectorDrawing *drawing)
+{
+    if (m_cleaning.isAsked()) {
+        const double tolerance =
+            options.toleranceMm > 0.0 ? options.toleranceMm : kUsualToleranceMm;
+        const vectorkit::CleanReport report = m_cleaning.clean(drawing, tolerance);
+        m_cleaned << CleanArgument::describe(report);
+    }
+    if (!hasLength(*drawing)) {
+        console::complain(name, tr("nothing in it has a length"));
+        return false;
+    }
+    if (!hostkit::fitDrawing(drawing, m_sizeMm)) {
+        console::complain(name, tr("has no extent in the direction of the size asked for"));
+        return false;
+    }
+    if (layout.scale != 1.0)
+        drawing->scale(layout.scale);
+    if (layout.rotateDeg != 0.0)
+        turn(drawing, layout.rotateDeg);
+    return true;
+}
+
+/** Puts what came in to the right of what is there. */
+void ForeignFiles::place(const QList<ZTAbstractGraphicsItem *> &added, const QSizeF &gapMm,
+                         ZTGraphicsDocument &document)
+{
+    const ZTCoord &coord = *ZTCoord::getInstance();
+    const QRectF boxPx = boxOf(added);
+    const QPointF cornerPx(coord.mm2pix(pitchMm.width()), 0.0);
+    // An item's position is clamped to the scene.
+    ZTGraphicsScene &scene = *document.itemMag()->scene();
+    scene.setSceneRect(scene.sceneRect() | QRectF(cornerPx, boxPx.size()));
+    for (ZTAbstractGraphicsItem *item : added) {
+        item->setPos(item->pos() + cornerPx - boxPx.topLeft());
+        items.append(item);
+    }
+    pitchMm = QSizeF(pitchMm.width() + coord.pix2mm(boxPx.width()) + gapMm.width(),
+                     std::max(pitchMm.height(), coord.pix2mm(boxPx.height()) + gapMm.height()));
+}
+
+void ForeignFiles::centre(ZTGraphicsDocument &document) const
+{
+    const QRectF boxPx = boxOf(items);
+    const QPointF middleMm = QRectF(document.view()->getWorkArea()).center();
+    const QPointF wayPx =
+        ZTCoord::getInstance()->getMm2pixTransform().map(middleMm) - boxPx.center();
+    ZTGraphicsScene &scene = *document.itemMag()->scene();
+    scene.setSceneRect(scene.sceneRect() | boxPx.translated(wayPx));
+    for (ZTAbstractGraphicsItem *item : items)
+        item->setPos(item->pos() + wayPx);
+}
+
+void ForeignFiles::printCleaning() const
+{
+    for (const QString &line : m_cleaned)
+        JobArguments::printRow(tr("Cleaned:"), line);
+}
+
+bool ForeignFiles::describe(const InputFiles &files)
+{
+    VectorDrawing drawing;
+    if (!readForeign(files, files.names.front(), {}, &drawing))
         return false;
     printRow(tr("Format:"), formatOf(drawing));
     if (!drawing.producer.isEmpty())
-        printRow(tr("Written by:"), drawing.producer);
+        printRow(tr("Written by:"), shown(drawing.producer));
     printRow(tr("Unit:"), tr("%1 mm. %2").arg(drawing.unitMm).arg(drawing.sizeReason));
     const QSizeF sizeMm = drawing.boundsMm().size();
     printRow(tr("Size:"), tr("%1 x %2 mm").arg(rounded(sizeMm.width()), rounded(sizeMm.height())));
@@ -313,7 +412,8 @@ bool ForeignFiles::describe(const std::string &name)
                                    .arg(rounded(drawing.declaredSizeMm.width()),
                                         rounded(drawing.declaredSizeMm.height())));
     printContents(drawing);
+    printRow(tr("Cleaning mends:"), CleanArgument::describeNeeds(drawing));
     for (const VectorNote &note : drawing.notes)
-        console::print(QStringLiteral("  ") + noteText(note));
+        console::print(QStringLiteral("  ") + shown(noteText(note)));
     return true;
 }

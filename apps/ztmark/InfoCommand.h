@@ -1,12 +1,13 @@
 #pragma once
 
 #include "FontFolders.h"
+#include "InputFiles.h"
 
 #include <common/Command.h>
 
 #include <QtCore/QCoreApplication>
 
-#include <string>
+class Progress;
 
 /** `ztmark info`: what is in a file, and what of it is lost. */
 class InfoCommand final : public console::Command
@@ -19,9 +20,8 @@ public:
     int run() override;
 
 private:
-    int describeDrawing() const;
-    int describePlotterFile() const;
+    int describeDrawing(Progress &progress) const;
 
-    std::string m_file;
+    InputFiles m_files;
     FontFolders m_fonts;
 };

@@ -5,12 +5,16 @@
 #include "Progress.h"
 #include "Usage.h"
 
+#include <hostkit/import/DrawingImport.h>
 #include <hostkit/marks/MarkGraphWriter.h>
+#include <jobkit/marks/MarkGraphItems.h>
+#include <jobkit/writers/JobWriter.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 
 #include <algorithm>
+#include <initializer_list>
 #include <map>
 
 using usage::addValue;
@@ -50,15 +54,33 @@ QString obstacleTo(const QFileInfo &output, const std::vector<std::string> &inpu
     return {};
 }
 
+bool endsIn(const std::string &name, const char *extension)
+{
+    return QString::fromStdString(name).endsWith(QLatin1String(extension), Qt::CaseInsensitive);
+}
+
 /** Empty for a name whose extension tells a form; else what is wrong with it. */
 std::string checkExtension(const std::string &name)
 {
-    if (hostkit::hasMarkGraphExtension(QString::fromStdString(name)))
+    if (endsIn(name, ".dxf") || hostkit::hasMarkGraphExtension(QString::fromStdString(name)))
         return {};
+    const QStringList extensions =
+        hostkit::markGraphExtensions() + QStringList{QStringLiteral(".dxf")};
     return JobArguments::tr("\"%1\" must end in one of %2")
-        .arg(QString::fromStdString(name),
-             hostkit::markGraphExtensions().join(QStringLiteral(", ")))
+        .arg(QString::fromStdString(name), extensions.join(QStringLiteral(", ")))
         .toStdString();
+}
+
+/** The marks as a job without a machine: pens in the colours in which the screen shows them. */
+jobkit::JobFile marksOf(const ZTMarkGraph &graph, const hostkit::MarkUnits &units)
+{
+    jobkit::JobFile job;
+    job.parts = {jobkit::planOf(jobkit::itemsOf(graph, units), {})};
+    for (int number = 1; number <= hostkit::kScreenPens; ++number) {
+        job.pens.append(jobkit::defaultPen(number));
+        job.pens.last().color = hostkit::screenPenColor(number);
+    }
+    return job;
 }
 
 } // namespace
@@ -70,11 +92,16 @@ void JobArguments::addOutputs()
     m_command
         ->add_option("-o,--output", outputs,
                      tr("Write the paths to a file; its extension says how: .svg or .png\n"
-                        "a picture, .json or .csv the paths. Can be given several times")
+                        "a picture, .json or .csv the paths, .dxf the marks as a drawing.\n"
+                        "Can be given several times")
                          .toStdString())
         ->type_name("OUT")
         ->allow_extra_args(false)
         ->check(CLI::Validator([](std::string &name) { return checkExtension(name); }, ""));
+    m_command->add_flag(
+        "--marks-only", m_marksOnly,
+        tr("An .svg holds the marks alone, as a drawing for other programs").toStdString());
+    m_command->add_flag("--no-jumps", m_noJumps, tr("Pictures show no jumps").toStdString());
     m_command->add_flag("-q,--quiet", quiet,
                         tr("No summary and no progress; warnings stay").toStdString());
 }
@@ -118,16 +145,49 @@ void JobArguments::addLayout()
              })
         ->type_name("CxR")
         ->default_str("1x1");
+    addGap();
+    addRotate();
+}
+
+void JobArguments::addGap()
+{
     addValue(m_command, "--gap", tr("Space between copies and objects, across and down"),
              [this](const std::string &text) { options.gapMm = arguments::gapMm(text); })
         ->type_name("LENGTH[,LENGTH]")
         ->default_str("2mm,2mm");
+}
+
+void JobArguments::addRotate()
+{
     addValue(m_command, "--rotate", tr("Turn each object, -360 to 360"),
              [this](const std::string &text) {
                  options.rotateDeg = arguments::number(text, -360.0, 360.0);
              })
         ->type_name("DEGREES")
         ->default_str("0");
+}
+
+void JobArguments::addScale()
+{
+    addValue(
+        m_command, "--scale", tr("Enlarge the drawings, 0.001 to 1000"),
+        [this](const std::string &text) { options.scale = arguments::number(text, 0.001, 1000.0); })
+        ->type_name("FACTOR")
+        ->default_str("1");
+}
+
+void JobArguments::checkOutputs() const
+{
+    const auto isAny = [this](std::initializer_list<const char *> extensions) {
+        return std::any_of(outputs.begin(), outputs.end(), [&](const std::string &name) {
+            return std::any_of(extensions.begin(), extensions.end(),
+                               [&](const char *extension) { return endsIn(name, extension); });
+        });
+    };
+    if (m_marksOnly && !isAny({".svg", ".dxf"}))
+        usage::refuse("--marks-only", tr("nothing without an output .svg or .dxf"));
+    if (m_noJumps && !isAny({".svg", ".png"}))
+        usage::refuse("--no-jumps", tr("nothing without an output .svg or .png"));
 }
 
 void JobArguments::checkTogether() const
@@ -157,7 +217,7 @@ bool JobArguments::write(const ZTMarkGraph &graph, const std::vector<std::string
         const QString path = QString::fromStdString(output);
         progress.begin(tr("writing %1").arg(path));
         QString error;
-        if (hostkit::saveMarkGraph(graph, units, path, &error))
+        if (save(graph, units, path, &error))
             continue;
         progress.finish();
         console::complain(output, error);
@@ -166,16 +226,39 @@ bool JobArguments::write(const ZTMarkGraph &graph, const std::vector<std::string
     return written;
 }
 
-std::vector<std::string> JobArguments::outputsOfPart(int part, int parts) const
+bool JobArguments::save(const ZTMarkGraph &graph, const hostkit::MarkUnits &units,
+                        const QString &path, QString *error) const
 {
-    std::vector<std::string> names = outputs;
+    const std::optional<jobkit::JobForm> form = jobkit::jobFormOf(path);
+    const bool isForPrograms =
+        form == jobkit::JobForm::Dxf || (form == jobkit::JobForm::Svg && m_marksOnly);
+    if (!isForPrograms)
+        return hostkit::saveMarkGraph(graph, units, path, error, {!m_noJumps});
+    hostkit::Failure failure;
+    const bool isSaved = jobkit::saveJob(*form, marksOf(graph, units), path, &failure);
+    *error = failure.reason;
+    return isSaved;
+}
+
+std::string JobArguments::outputOfPart(std::string output, int part, int parts)
+{
     if (parts == 1)
-        return names;
+        return output;
     const int digits = std::max(kLeastDigits, QString::number(parts).size());
     const std::string number =
         '-' + QString::number(part).rightJustified(digits, QLatin1Char('0')).toStdString();
-    for (std::string &name : names)
-        name.insert(name.rfind('.'), number);
+    const std::size_t folder = output.rfind('/');
+    const std::size_t dot = output.rfind('.');
+    const bool hasExtension =
+        dot != std::string::npos && (folder == std::string::npos || dot > folder);
+    return output.insert(hasExtension ? dot : output.size(), number);
+}
+
+std::vector<std::string> JobArguments::outputsOfPart(int part, int parts) const
+{
+    std::vector<std::string> names;
+    for (const std::string &output : outputs)
+        names.push_back(outputOfPart(output, part, parts));
     return names;
 }
 

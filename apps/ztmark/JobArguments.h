@@ -22,6 +22,12 @@ public:
     void addOutputs();
     void addHatch();
     void addLayout();
+    void addGap();
+    void addScale();
+    void addRotate();
+
+    /** Throws a usage error for switches that none of the outputs obeys. */
+    void checkOutputs() const;
 
     /** Throws a usage error for options that contradict each other. */
     void checkTogether() const;
@@ -38,6 +44,7 @@ public:
     /** The outputs of part `part` of `parts`: of several, the number stands before the extension.
      */
     std::vector<std::string> outputsOfPart(int part, int parts) const;
+    static std::string outputOfPart(std::string output, int part, int parts);
 
     void warnOfEmptyHatch(const hostkit::MarkPathMeasure &measure) const;
     static void printSummary(const hostkit::MarkPathMeasure &before,
@@ -51,5 +58,10 @@ public:
     bool quiet = false;
 
 private:
+    bool save(const ZTMarkGraph &graph, const hostkit::MarkUnits &units, const QString &path,
+              QString *error) const;
+
     CLI::App *m_command; ///< owned by the application it was added to
+    bool m_marksOnly = false;
+    bool m_noJumps = false;
 };

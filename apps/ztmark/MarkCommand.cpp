@@ -5,36 +5,29 @@
 #include "Progress.h"
 #include "Usage.h"
 
+#include <hostkit/marks/MarkArrangement.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
 
-#include <algorithm>
 #include <array>
+#include <limits>
 
 namespace {
 
-/** What lays out or hatches plotter drawings, and a drawing has of its own. */
-constexpr std::array<const char *, 8> kOnlyPlotter{
+/** What lays out or hatches foreign drawings, and a drawing has of its own. */
+constexpr std::array<const char *, 8> kOnlyForeign{
     "--hatch", "--spacing", "--angle", "--no-outline", "--matrix", "--gap", "--scale", "--rotate"};
-
-/** What lays out copies of what the library's own reader takes. */
-constexpr std::array<const char *, 4> kOnlyLibrary{"--matrix", "--gap", "--scale", "--rotate"};
 
 } // namespace
 
 MarkCommand::MarkCommand(CLI::App &app)
-    : Command(app, "mark", tr("Turn a drawing or plotter drawings into ordered mark paths")),
+    : Command(app, "mark", tr("Turn SVG, DXF and plotter drawings, or a drawing, into mark paths")),
       m_job(m_command)
 {
     m_files.addOption(m_command);
     m_job.addOutputs();
     m_job.addHatch();
     m_job.addLayout();
-    usage::addValue(m_command, "--scale", tr("Enlarge the drawings, 0.001 to 1000"),
-                    [this](const std::string &text) {
-                        m_job.options.scale = arguments::number(text, 0.001, 1000.0);
-                    })
-        ->type_name("FACTOR")
-        ->default_str("1");
+    m_job.addScale();
     m_foreign.addOptions(m_command);
     m_command->add_flag(
         "--outside", m_marksOutside,
@@ -47,14 +40,21 @@ MarkCommand::MarkCommand(CLI::App &app)
     m_command->final_callback([this] { checkTogether(); });
     m_command->footer(
         tr("Lengths take mm (the default), cm or in: 0.5, 0.5mm, 2cm, 1in. Angles are degrees,\n"
-           "clockwise. A plotter drawing is imported 20 mm high. Several stand side by side, a "
-           "gap\n"
-           "apart, each one object.\n"
+           "clockwise. SVG, DXF and plotter drawings come in at true size unless --size, "
+           "--width,\n"
+           "--height, --unit or --scale says otherwise. Several stand side by side, a gap "
+           "apart;\n"
+           "one that cannot be read is told, and the others go on. Open outlines are not "
+           "hatched\n"
+           "unless --fill-open is given. Hatch lines keep their spacing and their angle "
+           "whatever the\n"
+           "scale and the rotation.\n"
            "\n"
-           "SVG and DXF drawings, plotter drawings of other dialects, and all of them with "
-           "--size,\n"
-           "--width, --height, --unit, --split, --tolerance or --fill-open come in at true size.\n"
-           "Open outlines are not hatched unless --fill-open is given.\n"
+           "--clean join=0.05mm,duplicates,zero joins ends so near to each other, and removes "
+           "what\n"
+           "is drawn twice or has no length; weld makes one outline of those that overlap, "
+           "simplify\n"
+           "and arcs save points, order makes the jumps shorter.\n"
            "\n"
            "Limits: drawings of 256 MiB, 1,000,000 objects, 1,000,000 hatch lines over a "
            "drawing,\n"
@@ -62,41 +62,35 @@ MarkCommand::MarkCommand(CLI::App &app)
            "\n"
            "A drawing, .ztd, is marked as it was saved, in its own order unless --order says "
            "another.\n"
-           "Options that lay out, hatch, scale or turn plotter drawings are not for it.\n"
+           "Options that lay out, hatch, scale, turn or mend other files are not for it.\n"
            "\n"
            "Examples:\n"
            "  ztmark mark plate.ztd -o plate.json\n"
-           "  ztmark mark logo.plt --hatch zigzag --spacing 0.3mm --angle 45 -o logo.svg")
+           "  ztmark mark logo.plt --height 20mm --hatch zigzag --spacing 0.3mm -o logo.svg\n"
+           "  ztmark mark part.dxf --clean join=0.05mm,duplicates --marks-only -o part.svg")
             .toStdString());
 }
 
 void MarkCommand::checkTogether() const
 {
     m_files.checkTogether();
-    if (m_files.isDrawing())
+    m_job.checkOutputs();
+    if (m_files.isDrawing()) {
         checkDrawing();
-    else
-        checkTogetherWithFiles();
-}
-
-void MarkCommand::checkTogetherWithFiles() const
-{
-    m_job.checkTogether();
-    m_foreign.checkTogether();
-    if (!m_foreign.isChosen(m_files.names))
-        return;
-    for (const char *option : kOnlyLibrary) {
-        if (m_command->get_option(option)->count() > 0)
-            usage::refuse(option, tr("not for drawings that come in at true size"));
+    } else {
+        m_job.checkTogether();
+        m_foreign.checkTogether();
     }
 }
 
 void MarkCommand::checkDrawing() const
 {
-    for (const char *option : kOnlyPlotter) {
+    for (const char *option : kOnlyForeign) {
         if (m_command->get_option(option)->count() > 0)
             usage::refuse(option, tr("not for a drawing, which has its own layout and hatch"));
     }
+    if (const char *option = m_foreign.givenOption())
+        usage::refuse(option, tr("not for a drawing, which has its own layout and hatch"));
 }
 
 int MarkCommand::run()
@@ -104,28 +98,17 @@ int MarkCommand::run()
     if (!JobArguments::canWrite(m_job.outputs, m_files.names) || !m_fonts.makeKnown())
         return console::Failed;
     Progress progress(!m_job.quiet);
-    if (!m_files.isDrawing() && m_foreign.isChosen(m_files.names))
+    m_files.readStandardInput(progress);
+    if (!m_files.isDrawing())
         return markForeignFiles(progress);
-    return m_files.isDrawing() ? markDrawing(progress) : markPlotterFiles(progress);
-}
-
-int MarkCommand::markPlotterFiles(Progress &progress)
-{
-    PlotterFiles plotter;
-    hostkit::MarkJobResult result;
-    if (!plotter.open(m_files.names, progress) || !build(plotter.drawings(), &result, progress))
-        return console::Failed;
-    const bool written = m_job.write(result.graph, m_job.outputs, progress);
-    progress.finish();
-    plotter.warnOfLosses();
-    m_job.warnOfEmptyHatch(result.after);
-    return finish(written, result.before, result.after);
+    checkDrawing(); // what standard input holds is known only now
+    return markDrawing(progress);
 }
 
 int MarkCommand::markDrawing(Progress &progress)
 {
     OpenedDrawing drawing;
-    if (!drawing.open(m_files.names.front(), progress))
+    if (!drawing.open(m_files, progress))
         return console::Failed;
     progress.begin(tr("ordering"));
     const bool isOrdered = m_command->get_option("--order")->count() > 0;
@@ -153,57 +136,48 @@ int MarkCommand::markDrawing(Progress &progress)
 /** Pieces of drawings at true size, each marked with its own pen. */
 int MarkCommand::markForeignFiles(Progress &progress)
 {
-    ZTFillParam fill;
-    fill.fillType = m_job.options.hatch;
-    fill.spac = m_job.options.spacingMm;
-    fill.angle = m_job.options.angleDeg;
-    m_foreign.options.fill = fill;
-    OpenedDrawing drawing;
-    const bool isWhole = m_foreign.import(m_files.names, drawing.document, progress);
-    if (drawing.items().isEmpty()) {
+    ZTGraphicsDocument document;
+    ZTShapeManager &manager = *document.itemMag();
+    // The scale of a manager is a float, too coarse for paths written to the last digit: the
+    // graph leaves it in scene pixels and is brought to mark units afterwards.
+    manager.setScale(1.0F, 1.0F);
+    const bool isWhole = m_foreign.import(m_files, m_job.options, document, progress);
+    if (m_foreign.items.isEmpty()) {
         progress.finish();
         return console::Failed;
     }
     progress.begin(tr("ordering"));
-    hostkit::DrawingMarks marks = hostkit::drawingMarks(drawing.document, m_job.options.order);
-    // The order follows the outlines also where they are not marked.
-    if (!m_job.options.outline) {
-        for (ZTMarkObject &object : marks.graph.objects)
-            object.lines.clear();
-        marks.before = marks.after = hostkit::measureMarkPath(marks.graph, marks.units);
-    }
-    const bool written = m_job.write(marks.graph, m_job.outputs, progress, marks.units);
+    hostkit::MarkGraphBuilder builder(manager, m_foreign.items, m_job.options.order);
+    builder.work(std::numeric_limits<int>::max());
+    const hostkit::MarkFindings findings = builder.findings();
+    const hostkit::MarkJobResult result = laidOut(builder.takeUnordered());
+    const bool written = m_job.write(result.graph, m_job.outputs, progress);
     progress.finish();
-    // A foreign drawing knows no work area: that it reaches out of the usual one is no fault.
-    marks.findings.outside.clear();
-    for (const QString &sentence : hostkit::describeFindings(marks.findings))
+    for (const QString &sentence : hostkit::describeFindings(findings))
         console::complain(tr("warning: %1").arg(sentence).toStdString());
-    m_job.warnOfEmptyHatch(marks.after);
-    return finish(written && isWhole, marks.before, marks.after);
+    m_job.warnOfEmptyHatch(result.after);
+    return finish(written && isWhole, result.before, result.after);
+}
+
+/** A graph in scene pixels, in mark units, repeated and ordered. */
+hostkit::MarkJobResult MarkCommand::laidOut(ZTMarkGraph graph) const
+{
+    const hostkit::MarkUnits units = hostkit::MarkUnits::current();
+    hostkit::enlargeMarkGraph(&graph, ZTCoord::getInstance()->screen2mark());
+    hostkit::repeatMarkGraph(&graph, m_job.options.columns, m_job.options.rows,
+                             m_foreign.pitchMm * units.perMm);
+    hostkit::MarkJobResult result;
+    hostkit::arrangeMarkGraph(std::move(graph), units, m_job.options, &result);
+    return result;
 }
 
 int MarkCommand::finish(bool written, const hostkit::MarkPathMeasure &before,
                         const hostkit::MarkPathMeasure &after) const
 {
-    if (!m_job.quiet)
+    if (!m_job.quiet) {
+        m_foreign.printCleaning();
         JobArguments::printSummary(before, after);
+    }
     const bool printed = console::finishOutput();
     return written && printed ? console::Done : console::Failed;
-}
-
-bool MarkCommand::build(const PlotterFiles::Drawings &drawings, hostkit::MarkJobResult *result,
-                        Progress &progress)
-{
-    m_job.options.progress = [&progress](const QString &step) { progress.begin(step); };
-    hostkit::MarkJobError error;
-    const bool built = hostkit::buildMarkJob(drawings, m_job.options, result, &error);
-    m_job.options.progress = nullptr;
-    if (built)
-        return true;
-    progress.finish();
-    if (error.drawing >= 0)
-        console::complain(m_files.names[static_cast<size_t>(error.drawing)], error.reason);
-    else
-        console::complain(error.reason.toStdString());
-    return false;
 }

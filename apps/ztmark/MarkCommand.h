@@ -4,16 +4,12 @@
 #include "ForeignFiles.h"
 #include "InputFiles.h"
 #include "JobArguments.h"
-#include "PlotterFiles.h"
 
 #include <common/Command.h>
 
-#include <string>
-#include <vector>
-
 class Progress;
 
-/** `ztmark mark`: plotter drawings, or a drawing, become ordered mark paths. */
+/** `ztmark mark`: foreign drawings, or a drawing, become ordered mark paths. */
 class MarkCommand final : public console::Command
 {
     Q_DECLARE_TR_FUNCTIONS(MarkCommand)
@@ -25,13 +21,10 @@ public:
 
 private:
     void checkTogether() const;
-    void checkTogetherWithFiles() const;
     void checkDrawing() const;
-    int markPlotterFiles(Progress &progress);
     int markDrawing(Progress &progress);
     int markForeignFiles(Progress &progress);
-    bool build(const PlotterFiles::Drawings &drawings, hostkit::MarkJobResult *result,
-               Progress &progress);
+    hostkit::MarkJobResult laidOut(ZTMarkGraph graph) const;
     int finish(bool written, const hostkit::MarkPathMeasure &before,
                const hostkit::MarkPathMeasure &after) const;
 

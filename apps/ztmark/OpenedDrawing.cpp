@@ -1,9 +1,9 @@
 #include "OpenedDrawing.h"
 
 #include "Console.h"
+#include "InputFiles.h"
 #include "Progress.h"
 
-#include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 
 using hostkit::Failure;
@@ -11,12 +11,6 @@ using hostkit::Failure;
 namespace {
 
 constexpr int kMagicProbe = 16;
-
-/** Qt takes names that begin with ':' for built-in resources; an absolute one is always a file. */
-QString absolutePath(const QString &name)
-{
-    return name.startsWith(QLatin1Char('/')) ? name : QDir::currentPath() + QLatin1Char('/') + name;
-}
 
 } // namespace
 
@@ -49,13 +43,21 @@ QString OpenedDrawing::describe(const Failure &error)
     }
 }
 
-bool OpenedDrawing::open(const std::string &name, Progress &progress)
+bool OpenedDrawing::read(const InputFiles &files, Failure *error)
 {
-    const QString path = QString::fromStdString(name);
-    progress.begin(tr("reading %1").arg(path));
+    const std::string &name = files.names.front();
+    if (name != "-")
+        return readDrawing(absolutePath(QString::fromStdString(name)), &file, error);
+    QByteArray bytes;
+    return files.read(name, &bytes) && readDrawing(bytes, &file, error);
+}
+
+bool OpenedDrawing::open(const InputFiles &files, Progress &progress)
+{
+    const std::string &name = files.names.front();
+    progress.begin(tr("reading %1").arg(QString::fromStdString(name)));
     Failure error;
-    const bool isLoaded = readDrawing(absolutePath(path), &file, &error) &&
-                          applyDrawing(file, document, {}, &report, &error);
+    const bool isLoaded = read(files, &error) && applyDrawing(file, document, {}, &report, &error);
     if (!isLoaded || !report.missingFonts.isEmpty() || !report.unknownKinds.isEmpty())
         progress.finish();
     if (!isLoaded)

@@ -6,6 +6,7 @@
 
 #include <string>
 
+class InputFiles;
 class Progress;
 
 /** A drawing file, opened without a window: its field set-up is that of the process. */
@@ -23,8 +24,11 @@ public:
     /** Why a drawing was not read, loaded or written, to follow its name. */
     static QString describe(const hostkit::Failure &error);
 
-    /** False, told on stderr, when it cannot be read or loaded. Warns of missing fonts. */
-    bool open(const std::string &name, Progress &progress);
+    /**
+     * Opens the one drawing among the inputs. False, told on stderr, when it cannot be read or
+     * loaded. Warns of missing fonts.
+     */
+    bool open(const InputFiles &files, Progress &progress);
 
     /** The shapes, the topmost one first. */
     QVector<ZTAbstractGraphicsItem *> items() const;
@@ -34,5 +38,6 @@ public:
     ZTGraphicsDocument document;
 
 private:
+    bool read(const InputFiles &files, hostkit::Failure *error);
     void warnOfUnknownKinds(const std::string &name) const;
 };

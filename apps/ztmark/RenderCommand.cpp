@@ -1,6 +1,7 @@
 #include "RenderCommand.h"
 
 #include "Console.h"
+#include "ForeignFiles.h"
 #include "JobArguments.h"
 #include "OpenedDrawing.h"
 #include "Progress.h"
@@ -24,9 +25,7 @@ bool endsIn(const std::string &name, const char *extension)
 RenderCommand::RenderCommand(CLI::App &app)
     : Command(app, "render", tr("Make a picture of a drawing")), m_longerSidePx(kUsualSide)
 {
-    m_command->add_option("FILE", m_file, tr("Drawing, .ztd").toStdString())
-        ->required()
-        ->type_name("");
+    m_files.addSingle(m_command);
     addOutput();
     usage::addValue(m_command, "--size", tr("Longer side of a .png in pixels, 16 to 8192"),
                     [this](const std::string &text) {
@@ -41,10 +40,12 @@ RenderCommand::RenderCommand(CLI::App &app)
         tr("A .png shows the shapes as the studio does, in the colours of their pens, without "
            "grid,\n"
            "frame and selection. An .svg shows what is marked, true to size in millimetres: the\n"
-           "picture that ztmark mark writes.\n"
+           "picture that ztmark mark writes. SVG, DXF and plotter drawings are shown as convert\n"
+           "takes them in.\n"
            "\n"
-           "Example:\n"
-           "  ztmark render plate.ztd --size 2000 -o plate.png")
+           "Examples:\n"
+           "  ztmark render plate.ztd --size 2000 -o plate.png\n"
+           "  ztmark render part.dxf -o part.png")
             .toStdString());
 }
 
@@ -73,25 +74,36 @@ void RenderCommand::checkTogether() const
 
 int RenderCommand::run()
 {
-    if (!JobArguments::canWrite({m_output}, {m_file}) || !m_fonts.makeKnown())
+    if (!JobArguments::canWrite({m_output}, m_files.names) || !m_fonts.makeKnown())
         return console::Failed;
     Progress progress(true);
+    m_files.readStandardInput(progress);
     OpenedDrawing drawing;
-    if (!drawing.open(m_file, progress))
+    if (!open(drawing, progress)) {
+        progress.finish();
         return console::Failed;
+    }
     QString error;
-    const bool isSaved = save(drawing, &error);
+    const bool isSaved = save(drawing.document, &error);
     progress.finish();
     if (!isSaved)
         console::complain(m_output, error);
     return isSaved ? console::Done : console::Failed;
 }
 
-bool RenderCommand::save(OpenedDrawing &drawing, QString *error) const
+bool RenderCommand::open(OpenedDrawing &drawing, Progress &progress) const
+{
+    if (m_files.isDrawing())
+        return drawing.open(m_files, progress);
+    ForeignFiles foreign;
+    return foreign.import(m_files, {}, drawing.document, progress);
+}
+
+bool RenderCommand::save(ZTGraphicsDocument &document, QString *error) const
 {
     const QString path = QString::fromStdString(m_output);
     if (!asPaths())
-        return hostkit::saveDrawingPicture(drawing.document, m_longerSidePx, path, error);
-    const hostkit::DrawingMarks marks = hostkit::drawingMarks(drawing.document);
+        return hostkit::saveDrawingPicture(document, m_longerSidePx, path, error);
+    const hostkit::DrawingMarks marks = hostkit::drawingMarks(document);
     return hostkit::saveMarkGraph(marks.graph, marks.units, path, error);
 }

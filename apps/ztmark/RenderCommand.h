@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FontFolders.h"
+#include "InputFiles.h"
 
 #include <common/Command.h>
 
@@ -9,6 +10,8 @@
 #include <string>
 
 class OpenedDrawing;
+class Progress;
+class ZTGraphicsDocument;
 
 /** `ztmark render`: a picture of a drawing. */
 class RenderCommand final : public console::Command
@@ -23,10 +26,11 @@ public:
 private:
     void addOutput();
     void checkTogether() const;
-    bool save(OpenedDrawing &drawing, QString *error) const;
+    bool open(OpenedDrawing &drawing, Progress &progress) const;
+    bool save(ZTGraphicsDocument &document, QString *error) const;
     bool asPaths() const;
 
-    std::string m_file;
+    InputFiles m_files;
     std::string m_output;
     int m_longerSidePx;
     FontFolders m_fonts;

@@ -195,6 +195,7 @@ void TextCommand::addSerial()
 void TextCommand::checkTogether()
 {
     m_job.checkTogether();
+    m_job.checkOutputs();
     if (!m_regularFont.isEmpty() && !m_family.isEmpty())
         usage::refuse("--font", tr("cannot be given together with --font-pair"));
     if (!m_regularFont.isEmpty() && m_job.options.hatch != FillType::None)

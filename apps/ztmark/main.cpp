@@ -2,7 +2,9 @@
 #include "ConvertCommand.h"
 #include "FontCommand.h"
 #include "InfoCommand.h"
+#include "JobCommand.h"
 #include "MarkCommand.h"
+#include "ProfileCommand.h"
 #include "RenderCommand.h"
 #include "TextCommand.h"
 
@@ -29,6 +31,7 @@ static void initializeCatalogues()
     Q_INIT_RESOURCE(hostkit_zh);
     Q_INIT_RESOURCE(vectorkit_zh);
     Q_INIT_RESOURCE(codekit_zh);
+    Q_INIT_RESOURCE(jobkit_zh);
 }
 
 int main(int argc, char **argv)
@@ -41,13 +44,14 @@ int main(int argc, char **argv)
     language::choose(argc, argv,
                      {QStringLiteral("ZTDrawEngineLib_zh"), QStringLiteral("hostkit_zh"),
                       QStringLiteral("vectorkit_zh"), QStringLiteral("codekit_zh"),
-                      QStringLiteral("ztmark_zh")});
+                      QStringLiteral("jobkit_zh"), QStringLiteral("ztmark_zh")});
     hostkit::registerFactories();
     codekit::registerCodeFactories();
 
     console::CommandLine line(
         "ztmark", ZT_VERSION,
-        Texts::tr("Turns drawings, plotter drawings and texts into hatched, ordered mark paths."));
+        Texts::tr(
+            "Turns drawings, SVG, DXF and plotter files and texts into mark paths and jobs."));
     line.add<MarkCommand>();
     line.add<TextCommand>();
     line.add<CodeCommand>();
@@ -55,5 +59,7 @@ int main(int argc, char **argv)
     line.add<InfoCommand>();
     line.add<RenderCommand>();
     line.add<ConvertCommand>();
+    line.add<JobCommand>();
+    line.add<ProfileCommand>();
     return line.run(argc, argv);
 }

@@ -66,6 +66,17 @@ int symbologyOf(const CodeSpec &spec)
     return BARCODE_DATAMATRIX;
 }
 
+bool hasColumns(CodeKind kind) { return kind == CodeKind::Pdf417 || kind == CodeKind::MicroPdf417; }
+
+/** Whether a check digit may be there or not. */
+bool hasCheckChoice(CodeKind kind)
+{
+    return kind == CodeKind::Code39 || kind == CodeKind::Code39Extended ||
+           kind == CodeKind::Codabar || kind == CodeKind::Interleaved25;
+}
+
+bool hasMasks(CodeKind kind) { return kind == CodeKind::Qr || kind == CodeKind::MicroQr; }
+
 bool isBeyondLatin1(const QString &text)
 {
     return std::any_of(text.begin(), text.end(), [](QChar c) { return c.unicode() > 0xFF; });
@@ -93,7 +104,7 @@ void setOptions(const CodeSpec &spec, zint_symbol *symbol)
         symbol->option_2 = spec.version;
     if (spec.columns > 0)
         symbol->option_2 = spec.columns;
-    if (spec.mask >= 0 && (spec.kind == CodeKind::Qr || spec.kind == CodeKind::MicroQr))
+    if (spec.mask >= 0 && hasMasks(spec.kind))
         symbol->option_3 = (spec.mask + 1) << 8;
     if (symbol->symbology == BARCODE_DATAMATRIX && spec.version == 0)
         symbol->option_3 = DM_SQUARE;
@@ -127,16 +138,13 @@ bool isInRange(const CodeSpec &spec, QString *reason)
 CodeSpec withOwnOptions(CodeSpec spec)
 {
     const CodeKindInfo &info = infoOf(spec.kind);
-    const bool hasColumns = spec.kind == CodeKind::Pdf417 || spec.kind == CodeKind::MicroPdf417;
-    const bool hasCheck = spec.kind == CodeKind::Code39 || spec.kind == CodeKind::Code39Extended ||
-                          spec.kind == CodeKind::Codabar || spec.kind == CodeKind::Interleaved25;
     if (info.mostLevel == 0)
         spec.level = 0;
     if (info.mostVersion == 0)
         spec.version = 0;
-    if (!hasColumns)
+    if (!hasColumns(spec.kind))
         spec.columns = 0;
-    if (!hasCheck)
+    if (!hasCheckChoice(spec.kind))
         spec.hasCheckDigit = false;
     if (info.isLinear)
         spec.charset = CodeCharset::Automatic;
@@ -225,6 +233,25 @@ int encodeRectangular(CodeSpec spec, const QByteArray &content, Encoder *encoder
 }
 
 } // namespace
+
+QString lackingOption(const CodeSpec &spec)
+{
+    const CodeKindInfo &info = infoOf(spec.kind);
+    const QString label = QLatin1String(info.label);
+    if (spec.level != 0 && info.mostLevel == 0)
+        return tr("%1 has no levels of error correction").arg(label);
+    if (spec.version != 0 && info.mostVersion == 0)
+        return tr("%1 has no sizes: it is as large as its content makes it").arg(label);
+    if (spec.mask >= 0 && !hasMasks(spec.kind))
+        return tr("%1 has no masks").arg(label);
+    if (spec.columns != 0 && !hasColumns(spec.kind))
+        return tr("%1 has no number of columns to choose").arg(label);
+    if (spec.isRectangular && symbologyOf(spec) != BARCODE_DATAMATRIX)
+        return tr("%1 has one form; a Data Matrix can be rectangular").arg(label);
+    if (spec.hasCheckDigit && !hasCheckChoice(spec.kind))
+        return tr("%1 leaves no choice of a check digit").arg(label);
+    return {};
+}
 
 // What the encoder makes of the shortest content of all.
 QSize symbolSize(CodeKind kind, int version)

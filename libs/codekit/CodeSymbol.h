@@ -30,6 +30,12 @@ struct CodeSpec
     CodeCharset charset = CodeCharset::Automatic;
 };
 
+/**
+ * Why a kind cannot have an option that is set, one translated sentence; empty when it has all of
+ * them. Their ranges are `encodeCode`'s to check.
+ */
+QString lackingOption(const CodeSpec &spec);
+
 /** The modules of a code: a grid of dark and light, without its quiet zone. */
 struct CodeSymbol
 {

@@ -18,7 +18,7 @@ struct VectorShape
 {
     QVector<VectorPath> paths;
     QColor color; ///< of the stroke, or of the fill where it is not stroked; may be invalid
-    int pen = 0;  ///< the plotter's pen, 0: the format has none
+    int pen = 0;  ///< the plotter's pen, or the index of a colour; 0: the format has none
     bool isStroked = true;
     bool isFilled = false;
     Qt::FillRule fillRule = Qt::OddEvenFill;
@@ -95,6 +95,9 @@ struct VectorDrawing
     int shapeCount() const;
     int pathCount() const;
     int textCount() const;
+    /** Whether the pens of shapes and texts are a plotter's. Those of a DXF are indices of colours.
+     */
+    bool hasPens() const { return format != VectorFormat::Dxf; }
     bool isEmpty() const { return shapeCount() == 0 && textCount() == 0; }
 
     /** Adds to the note of this kind and text, or makes one. */

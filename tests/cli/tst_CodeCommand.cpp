@@ -39,6 +39,35 @@ private Q_SLOTS:
         QVERIFY(run.out.contains(QStringLiteral("EAN-13: 12 digits")));
     }
 
+    void list_ofOne_tellsItsOptions()
+    {
+        const ZtmarkRun run = code("--list qr");
+        QCOMPARE(run.out,
+                 QStringLiteral("Code:             QR Code\n"
+                                "Holds:            any text; up to 7,089 digits, 4,296 capitals or "
+                                "2,953 bytes\n"
+                                "Levels:           1 to 4\n"
+                                "Sizes:            1 to 40\n"
+                                "Quiet zone:       4 modules left, 4 right, 4 above and below\n"
+                                "Can be verified:  yes\n"));
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY(code("--list code128").out.contains(QStringLiteral("Levels:           none\n")));
+    }
+
+    void verify_ofALaterPart_failsBeforeAnythingIsWritten()
+    {
+        // Part 1 has modules of 0.3 mm, part 2 of 3 / 16: the beam leaves 0.05 mm between them, too
+        // little to be read.
+        const ZtmarkRun run = code("datamatrix A{} --serial start=9,step=999999999999999990 "
+                                   "--parts 2 --width 3mm --hatch line --spacing 0.05mm "
+                                   "--beam 0.14mm --verify -o a.svg");
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(run.err.endsWith(QStringLiteral(
+                     "ztmark: part 2 of 2 is not as it should be: nothing written\n")),
+                 qPrintable(run.err));
+        QCOMPARE(entries(), QStringList());
+    }
+
     void dataMatrix_isMarkedVerifiedAndWritten()
     {
         // "S", "N", "-", "00" and "01" are five codewords, the most that 12 x 12 modules hold.
@@ -156,7 +185,21 @@ private Q_SLOTS:
         row("datamatrix A --no-outline",
             "--no-outline: nothing to mark without --hatch line or zigzag");
         row("datamatrix A -o a.pdf",
-            "--output: \"a.pdf\" must end in one of .svg, .png, .json, .csv");
+            "--output: \"a.pdf\" must end in one of .svg, .png, .json, .csv, .dxf");
+        row("code128 A --level 2", "--level: Code 128 has no levels of error correction");
+        row("ean13 400638133393 --size 3",
+            "--size: EAN-13 has no sizes: it is as large as its content makes it");
+        row("qr A --rectangular",
+            "--rectangular: QR Code has one form; a Data Matrix can be rectangular");
+        row("qr A --check-digit", "--check-digit: QR Code leaves no choice of a check digit");
+        row("qr A --height 5mm", "--height: QR Code has no bars, it is as high as its modules");
+        row("code39 A --style dots", "--style: Code 39 has bars, which are no dots");
+        row("datamatrix A --size 5 --rectangular",
+            "--rectangular: cannot be given together with --size");
+        row("datamatrix A --beam 0.1mm", "--beam: nothing without --verify");
+        row("datamatrix A --text-height 3mm", "--text-height: nothing without --text");
+        row("--list barcode",
+            "SYMBOLOGY: \"barcode\" is no symbology, ztmark code --list tells them");
     }
 
     void wrongUsage_isExitCode2()

@@ -27,6 +27,8 @@ private Q_SLOTS:
         row("info", "help-info.txt");
         row("render", "help-render.txt");
         row("convert", "help-convert.txt");
+        row("job", "help-job.txt");
+        row("profile", "help-profile.txt");
         row("--language zh", "help-zh.txt");
         row("text --language=zh", "help-text-zh.txt");
         row("code --language=zh", "help-code-zh.txt");
@@ -62,10 +64,10 @@ private Q_SLOTS:
             QTest::newRow(*arguments == '\0' ? "nothing" : arguments)
                 << QString::fromUtf8(arguments) << QString::fromUtf8(complaint);
         };
-        row("", "a command is missing: mark, text, code, font, info, render or convert (see ztmark "
-                "--help)");
-        row("print", "unknown command \"print\": mark, text, code, font, info, render or convert "
-                     "(see ztmark --help)");
+        row("", "a command is missing: mark, text, code, font, info, render, convert, job or "
+                "profile (see ztmark --help)");
+        row("print", "unknown command \"print\": mark, text, code, font, info, render, convert, "
+                     "job or profile (see ztmark --help)");
         row("font", "a command is missing: list, info or sheet (see ztmark font --help)");
         row("font show", "unknown command \"show\": list, info or sheet (see ztmark font --help)");
         row("font info", "FILE is missing (see ztmark font info --help)");
@@ -101,7 +103,20 @@ private Q_SLOTS:
         row("mark a.plt --no-outline", "--no-outline: nothing to mark without --hatch line or "
                                        "zigzag (see ztmark mark --help)");
         row("mark a.plt -o a.pdf", "--output: \"a.pdf\" must end in one of .svg, .png, .json, "
-                                   ".csv (see ztmark mark --help)");
+                                   ".csv, .dxf (see ztmark mark --help)");
+        row("mark a.plt -o a.png --marks-only", "--marks-only: nothing without an output .svg or "
+                                                ".dxf (see ztmark mark --help)");
+        row("mark a.plt -o a.csv --no-jumps", "--no-jumps: nothing without an output .svg or .png "
+                                              "(see ztmark mark --help)");
+        row("mark a.plt --clean mend", "--clean: \"mend\": cleaning takes join, duplicates, zero, "
+                                       "simplify, arcs, weld and order, not \"mend\" (see ztmark "
+                                       "mark --help)");
+        row("mark a.plt --clean simplify", "--clean: \"simplify\": simplify needs a length, as in "
+                                           "simplify=0.02mm (see ztmark mark --help)");
+        row("mark a.plt --clean weld=1",
+            "--clean: \"weld=1\": weld takes no value (see ztmark mark "
+            "--help)");
+        row("profile", "a command is missing: list, show or check (see ztmark profile --help)");
     }
 
     void wrongUsage_isOneLineAndExitCode2()

@@ -4,6 +4,7 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QTemporaryDir>
+#include <QtGui/QImage>
 
 namespace {
 
@@ -44,7 +45,8 @@ private Q_SLOTS:
                                 "Colors:            #0000ff, #ff0000\n"
                                 "Outlines:          1 closed, 1 open\n"
                                 "Pieces:            6 lines, 0 arcs, 0 curves\n"
-                                "Texts:             0\n"));
+                                "Texts:             0\n"
+                                "Cleaning mends:    nothing\n"));
         QCOMPARE(run.err, QString());
         QCOMPARE(run.exitCode, 0);
     }
@@ -123,12 +125,98 @@ private Q_SLOTS:
         QCOMPARE(json("all.json").value(QStringLiteral("objects")).toArray().size(), 3);
     }
 
+    void mark_layout_holdsAtTrueSize()
+    {
+        // Two columns 70 + 2 mm apart, two rows 40 + 1.
+        QCOMPARE(ztmark("mark plate.svg --matrix 2x2 --gap 2mm,1mm -o a.json").exitCode, 0);
+        QCOMPARE(widthMm(json("a.json")), 142.0);
+        QCOMPARE(heightMm(json("a.json")), 81.0);
+        QCOMPARE(json("a.json").value(QStringLiteral("objects")).toArray().size(), 8);
+        QCOMPARE(ztmark("mark plate.svg --scale 0.5 -o a.json").exitCode, 0);
+        QCOMPARE(widthMm(json("a.json")), 35.0);
+        QCOMPARE(ztmark("mark plate.svg --rotate 90 -o a.json").exitCode, 0);
+        QCOMPARE(widthMm(json("a.json")), 40.0);
+        QCOMPARE(heightMm(json("a.json")), 70.0);
+    }
+
+    void mark_cleaning_joinsAndTellsFigures()
+    {
+        // A square of four loose lines, its first side twice.
+        write("loose.plt", "PU0,0;PD400,0;PU400,400;PD400,0;PU400,400;PD0,400;PU0,0;PD0,400;"
+                           "PU0,0;PD400,0;");
+        const ZtmarkRun run = runZtmark(
+            words("mark loose.plt --clean join=0.05mm,duplicates -o a.json"), folder->path());
+        QCOMPARE(run.exitCode, 0);
+        const QString cleaned =
+            QStringLiteral("Cleaned:        3 pairs of ends joined, 1 outline closed, 1 doubled "
+                           "piece removed; paths 5, now 1; pieces 5, now 4; jumps ");
+        QVERIFY2(run.out.startsWith(cleaned), qPrintable(run.out));
+        QVERIFY2(run.out.contains(QStringLiteral("Mark length:    40.000 mm\n")),
+                 qPrintable(run.out));
+        // Closed, so that it can be hatched.
+        QCOMPARE(
+            ztmark("mark loose.plt --clean join=0.05mm,duplicates --hatch line -o b.json").exitCode,
+            0);
+        QCOMPARE(hatchedOf(json("b.json")), 1);
+    }
+
+    void standardInput_takesEveryFormat_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<double>("width");
+        QTest::newRow("svg") << kPlate << 70.0;
+        QTest::newRow("plotter") << kOneLine << 10.0;
+        QTest::newRow("dxf") << dxf("0\nLINE\n8\n0\n10\n0\n20\n0\n11\n30\n21\n0\n") << 30.0;
+    }
+
+    void standardInput_takesEveryFormat()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(double, width);
+        const ZtmarkRun run = runZtmark(words("mark - -q -o a.json"), folder->path(), content);
+        QCOMPARE(run.err, QString());
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(widthMm(json("a.json")), width);
+    }
+
+    void standardInput_takesADrawing()
+    {
+        QCOMPARE(ztmark("convert plate.svg -o plate.ztd").exitCode, 0);
+        const QByteArray drawing = bytesOf(folder->filePath(QStringLiteral("plate.ztd")));
+        const ZtmarkRun run = runZtmark(words("mark - -q -o a.json"), folder->path(), drawing);
+        QCOMPARE(run.err, QString());
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(widthMm(json("a.json")), 70.0);
+        QCOMPARE(runZtmark(words("mark - --hatch line"), folder->path(), drawing).exitCode, 2);
+    }
+
+    void dxf_blackIsPenOne_redIsRed()
+    {
+        write("two.dxf", dxf("0\nLINE\n8\n0\n62\n7\n10\n0\n20\n0\n11\n30\n21\n0\n"
+                             "0\nLINE\n8\n0\n62\n1\n10\n0\n20\n9\n11\n30\n21\n9\n"));
+        QCOMPARE(ztmark("mark two.dxf -o a.json").exitCode, 0);
+        QCOMPARE(pensOf(json("a.json")), (QVector<int>{1, 12}));
+        QVERIFY(ztmark("info two.dxf")
+                    .out.contains(QStringLiteral("Colors:            #000000, #ff0000\n")));
+    }
+
+    void render_takesForeignFiles()
+    {
+        QCOMPARE(ztmark("render plate.svg --size 140 -o a.png").exitCode, 0);
+        QCOMPARE(QImage(folder->filePath(QStringLiteral("a.png"))).width(), 140);
+        QCOMPARE(ztmark("render bad.svg -o b.png").exitCode, 1);
+        QVERIFY(!QFile::exists(folder->filePath(QStringLiteral("b.png"))));
+    }
+
     void mark_contradictions_areRefused()
     {
         QCOMPARE(ztmark("mark plate.svg --width 10 --height 10 -o a.json").exitCode, 2);
         QCOMPARE(ztmark("mark plate.svg --size 10 -o a.json").exitCode, 2);
         QCOMPARE(ztmark("mark plate.svg --split half -o a.json").exitCode, 2);
-        QCOMPARE(ztmark("mark plate.svg --matrix 2x2 -o a.json").exitCode, 2);
+        QCOMPARE(ztmark("convert plate.svg -o a.ztd").exitCode, 0);
+        QCOMPARE(ztmark("mark a.ztd --width 10 -o a.json").exitCode, 2);
+        QCOMPARE(ztmark("mark a.ztd --clean weld -o a.json").exitCode, 2);
+        QCOMPARE(ztmark("convert a.ztd --width 10 -o b.ztd").exitCode, 2);
     }
 
     void convert_keepsTheDrawing()
@@ -142,6 +230,17 @@ private Q_SLOTS:
     }
 
 private:
+    static QStringList words(const char *line)
+    {
+        return QString::fromLatin1(line).split(QLatin1Char(' '));
+    }
+
+    /** A drawing of these entities. */
+    static QByteArray dxf(const QByteArray &entities)
+    {
+        return "0\nSECTION\n2\nENTITIES\n" + entities + "0\nENDSEC\n0\nEOF\n";
+    }
+
     void write(const char *name, const QByteArray &content)
     {
         QFile file(folder->filePath(QLatin1String(name)));

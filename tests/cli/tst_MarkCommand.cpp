@@ -8,6 +8,7 @@
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QImage>
 
+#include <cmath>
 #include <cstdlib>
 #include <fcntl.h>
 #include <unistd.h>
@@ -15,8 +16,8 @@
 namespace {
 
 /** A summary as the program prints it. */
-QString summary(int objects, int polylines, int segments, const char *markLength,
-                const char *jumpLength)
+QString summary(int objects, int polylines, int segments, const QByteArray &markLength,
+                const QByteArray &jumpLength)
 {
     return QStringLiteral("Objects:        %1\n"
                           "Polylines:      %2\n"
@@ -93,7 +94,7 @@ private Q_SLOTS:
         folder.reset(new QTemporaryDir);
         QVERIFY(folder->isValid());
         for (const char *name : {"corner.plt", "frame.plt", "half.plt", "commas.plt", "flat.plt",
-                                 "text.plt", "empty.plt", "binary.plt", "pointless.plt"})
+                                 "text.plt", "empty.plt", "pointless.plt", "dots.plt"})
             copyCliData(QString::fromLatin1(name), folder->path());
     }
 
@@ -184,7 +185,7 @@ private Q_SLOTS:
     void dialectOfCommas_isMarkedAtTrueSize()
     {
         // One stroke of 100 units of 0.025 mm each, which are 12.5 marks.
-        expect(mark("commas.plt -o a.json"), summary(1, 1, 0, "2.500 mm", kNoJumps));
+        expect(markTrue("commas.plt -o a.json"), summary(1, 1, 0, "2.500 mm", kNoJumps));
         const QJsonObject graph = parsed(written("a.json")).toObject();
         const QJsonObject object = graph.value(QLatin1String("objects")).toArray().at(0).toObject();
         const QJsonArray stroke{QJsonArray{0, 0}, QJsonArray{1250, 0}};
@@ -216,30 +217,48 @@ private Q_SLOTS:
         const ZtmarkRun run =
             runZtmark({QStringLiteral("mark"), QStringLiteral("-")}, folder->path(),
                       bytesOf(cliData(QStringLiteral("corner.plt"))));
-        expect(run, summary(1, 1, 0, "60.000 mm", kNoJumps));
+        // 100 and 50 units of 0.025 mm.
+        expect(run, summary(1, 1, 0, "3.750 mm", kNoJumps));
     }
 
     void standardInput_empty_fails() { expectFailure(mark("-"), "-: is empty"); }
 
     void quiet_saysNothing() { expect(mark("corner.plt --quiet"), QString()); }
 
-    void illFormedLines_areWarnedOf()
+    void plotterFiles_comeInAtTrueSize()
     {
-        const QString warning =
-            QStringLiteral("ztmark: half.plt: warning: 2 ill-formed lines, ztmark info lists them; "
-                           "the first is line 4: no point in \"PU10,20;\"\n");
-        const ZtmarkRun run = mark("half.plt");
-        QCOMPARE(run.err, warning);
-        QCOMPARE(run.exitCode, 0);
-        QCOMPARE(mark("half.plt --quiet").err, warning); // what is lost is told in any case
+        // 2.5 mm and 1.25 mm, whatever parts the numbers.
+        expect(markTrue("corner.plt"), summary(1, 1, 0, "3.750 mm", kNoJumps));
     }
 
-    void oneIllFormedLine_isNamed()
+    void commandsOfAnyDialect_areRead()
     {
-        const ZtmarkRun run = runZtmark({QStringLiteral("mark"), QStringLiteral("-")},
-                                        folder->path(), "PU0 0;\nPD9 9;\nPD7,7;\n");
-        QCOMPARE(run.err, QStringLiteral("ztmark: -: warning: line 3: no point in \"PD7,7;\"\n"));
+        // 2.5 mm, and from (0.25, 0.5) by (2.5, 1.25) and (1.25, 1.25) to (0.025, 0.05).
+        const double length = 2.5 + std::hypot(2.25, 0.75) + 1.25 + std::hypot(1.225, 1.2);
+        // The one that begins farther to the right comes first.
+        const QByteArray jump = millimetres(std::hypot(0.025, 0.05));
+        expect(markTrue("half.plt"), summary(1, 2, 0, millimetres(length),
+                                             jump + " before ordering, " + jump + " after"));
+    }
+
+    void damage_isWarnedOf()
+    {
+        QByteArray drawing("PU0 0;\n");
+        for (int i = 1; i <= 20; ++i)
+            drawing += "PD" + QByteArray::number(i) + " 0;\n";
+        drawing += "PD7 %;\n";
+        const QString warning = QStringLiteral("ztmark: -: warning: damaged: numbers of command "
+                                               "PD (1), first at byte %1\n")
+                                    .arg(drawing.indexOf("PD7 %"));
+        const ZtmarkRun run =
+            runZtmark({QStringLiteral("mark"), QStringLiteral("-")}, folder->path(), drawing);
+        QCOMPARE(run.err, warning);
         QCOMPARE(run.exitCode, 0);
+        // What is lost is told in any case.
+        QCOMPARE(runZtmark({QStringLiteral("mark"), QStringLiteral("-q"), QStringLiteral("-")},
+                           folder->path(), drawing)
+                     .err,
+                 warning);
     }
 
     void emptyHatch_isWarnedOf()
@@ -260,19 +279,18 @@ private Q_SLOTS:
         row("none.plt", "none.plt: no such file");
         row(".", ".: is a folder");
         row("empty.plt", "empty.plt: is empty");
-        row("binary.plt", "binary.plt: holds binary data, not a plotter drawing");
-        row("flat.plt", "flat.plt: nothing to draw: all points lie at one height");
-        row("text.plt", "text.plt: no plotter drawing: not one PU or PD line with a point");
-        row("pointless.plt",
-            "pointless.plt: no plotter drawing: not one PU or PD line with a point "
-            "(line 1: no point in \"PU?;\")");
-        row("corner.plt none.plt", "none.plt: no such file");
-        row("/dev/zero", "/dev/zero: holds binary data, not a plotter drawing");
+        row("flat.plt", "flat.plt: has no extent in the direction of the size asked for");
+        row("dots.plt", "dots.plt: nothing in it has a length");
+        row("text.plt", "text.plt: This is none of the drawings that can be read. Drawings are "
+                        "read as HP-GL, SVG and DXF.");
+        row("pointless.plt", "pointless.plt: This is none of the drawings that can be read. "
+                             "Drawings are read as HP-GL, SVG and DXF.");
+        row("/dev/zero", "/dev/zero: larger than 256 MiB, the limit for a drawing");
         row("corner.plt -o none/b.svg", "none/b.svg: the folder does not exist");
         row("corner.plt -o corner.plt/b.svg", "corner.plt/b.svg: the folder does not exist");
         row("corner.plt --hatch line --spacing 0.000001",
-            "corner.plt: too much work: 60,857,431 hatch lines over the drawing, the limit is "
-            "1,000,000");
+            "corner.plt: too much work: 56,568,542 hatch lines over the drawing, the limit is "
+            "1,000,000"); // the diagonal of a square of 40 mm
         row("corner.plt corner.plt --matrix 1000x1000",
             "too much work: 2,000,000 objects, the limit is 1,000,000");
     }
@@ -284,6 +302,42 @@ private Q_SLOTS:
         const QStringList before = entries();
         expectFailure(mark(arguments + " -o out.svg -o out.json"), complaint.toUtf8());
         QCOMPARE(entries(), before);
+    }
+
+    void oneFileOfSeveral_thatIsMissing_isToldAndTheOthersGoOn()
+    {
+        const ZtmarkRun run = mark("corner.plt none.plt -q -o a.csv");
+        QCOMPARE(run.err, QStringLiteral("ztmark: none.plt: no such file\n"));
+        QCOMPARE(run.exitCode, 1);
+        QCOMPARE(written("a.csv"), bytesOf(cliData(QStringLiteral("corner.csv"))));
+    }
+
+    void marksOnly_isADrawingForOtherPrograms()
+    {
+        expect(mark("corner.plt corner.plt -q --marks-only -o a.svg -o a.dxf"), QString());
+        const QByteArray svg = written("a.svg");
+        QCOMPARE(svg.count("<path "), 2); // neither jumps nor a background
+        QVERIFY(svg.contains("<path d=\"M0 20L40 20L40 0\"/>"));
+        QVERIFY(!svg.contains("<rect"));
+        for (const char *name : {"a.svg", "a.dxf"})
+            QVERIFY2(markTrue(name).out.contains(QStringLiteral("Mark length:    120.000 mm\n")),
+                     name);
+    }
+
+    void noJumps_leavesThemOutOfPictures()
+    {
+        expect(mark("corner.plt corner.plt -q -o a.svg -o a.png"), QString());
+        QVERIFY(written("a.svg").contains("jump-between"));
+        const QImage with(folder->filePath(QStringLiteral("a.png")));
+        expect(mark("corner.plt corner.plt -q --no-jumps -o a.svg -o a.png"), QString());
+        const QByteArray svg = written("a.svg");
+        QVERIFY(svg.contains("class=\"outline\""));
+        QVERIFY(!svg.contains("class=\"jump"));
+        QVERIFY(!svg.contains("class=\"start\""));
+        const QImage without(folder->filePath(QStringLiteral("a.png")));
+        QCOMPARE(without.size(), with.size());
+        QVERIFY(redPixels(with) > 0);
+        QCOMPARE(redPixels(without), 0);
     }
 
     void output_neverOverwritesItsDrawing()
@@ -319,15 +373,15 @@ private Q_SLOTS:
         QVERIFY(QFile::copy(cliData(QStringLiteral("corner.plt")), folder->filePath(name)));
         // Through a shell, so that this test's own locale has no say in the name's bytes.
         const ZtmarkRun run = shell("LC_ALL=C '" ZT_ZTMARK "' mark \"$(printf '\\303\\244').plt\" "
-                                    "-o \"$(printf '\\303\\244').csv\"");
+                                    "-o \"$(printf '\\303\\244').csv\" --height 20mm");
         expect(run, summary(1, 1, 0, "60.000 mm", kNoJumps));
     }
 
     void noDisplay_andForeignLocale_changeNothing()
     {
-        const ZtmarkRun run =
-            shell("unset DISPLAY WAYLAND_DISPLAY; LC_ALL=de_DE.UTF-8 "
-                  "QT_QPA_PLATFORM=xcb '" ZT_ZTMARK "' mark corner.plt --scale 0.5 -o a.svg");
+        const ZtmarkRun run = shell("unset DISPLAY WAYLAND_DISPLAY; LC_ALL=de_DE.UTF-8 "
+                                    "QT_QPA_PLATFORM=xcb '" ZT_ZTMARK
+                                    "' mark corner.plt --height 20mm --scale 0.5 -o a.svg");
         expect(run, summary(1, 1, 0, "30.000 mm", kNoJumps));
         QVERIFY(written("a.svg").contains("M0 10L20 10L20 0"));
     }
@@ -411,19 +465,51 @@ private Q_SLOTS:
         QCOMPARE(run.exitCode, 0);
         const QJsonArray objects =
             parsed(written("a.json")).toObject().value(QLatin1String("objects")).toArray();
-        QCOMPARE(objects.size(), 4);
+        // Of each copy 10 closed outlines, to be hatched, and 16 open ones.
+        QCOMPARE(objects.size(), 8);
+        int closed = 0;
         for (const QJsonValue &object : objects) {
-            QCOMPARE(object.toObject().value(QLatin1String("polylines")).toArray().size(), 26);
+            const int outlines =
+                object.toObject().value(QLatin1String("polylines")).toArray().size();
+            QVERIFY(outlines == 10 || outlines == 16);
+            closed += outlines == 10 ? 1 : 0;
             QCOMPARE(object.toObject().value(QLatin1String("hatch")).toArray().isEmpty(),
-                     hatch == QLatin1String("none"));
+                     hatch == QLatin1String("none") || outlines == 16);
         }
+        QCOMPARE(closed, 4);
     }
 
 private:
+    /** Marks drawings made 20 mm high, as all figures by hand are. */
     ZtmarkRun mark(const QByteArray &arguments) const
+    {
+        return markTrue(arguments + " --height 20mm");
+    }
+
+    ZtmarkRun markTrue(const QByteArray &arguments) const
     {
         return runZtmark(QString::fromUtf8("mark " + arguments).split(QLatin1Char(' ')),
                          folder->path());
+    }
+
+    static QByteArray millimetres(double length)
+    {
+        return QByteArray::number(length, 'f', 3) + " mm";
+    }
+
+    /** Jumps from object to object are red. */
+    static int redPixels(const QImage &image)
+    {
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor color = image.pixelColor(x, y);
+                const bool isRed =
+                    color.red() > color.green() + 100 && color.red() > color.blue() + 100;
+                count += isRed ? 1 : 0;
+            }
+        }
+        return count;
     }
 
     ZtmarkRun shell(const QByteArray &command) const

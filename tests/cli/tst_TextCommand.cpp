@@ -37,7 +37,7 @@ QByteArray square(int object, int piece, int left, int bottom, int side)
                               {left, bottom}};
     QByteArray rows;
     for (const auto &corner : corners)
-        rows += QStringLiteral("%1,1,outline,%2,%3,%4,,\n")
+        rows += QStringLiteral("%1,1,outline,%2,%3,%4,,,500\n")
                     .arg(object)
                     .arg(piece)
                     .arg(corner[0])
@@ -64,7 +64,7 @@ QByteArray rounded(const QByteArray &csv)
     return result;
 }
 
-const QByteArray kCsvHead("object,pen,kind,piece,x1_mark,y1_mark,x2_mark,y2_mark\n");
+const QByteArray kCsvHead("object,pen,kind,piece,x1_mark,y1_mark,x2_mark,y2_mark,units_per_mm\n");
 
 } // namespace
 

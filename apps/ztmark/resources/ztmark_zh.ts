@@ -73,6 +73,107 @@
     </message>
 </context>
 <context>
+    <name>CleanArgument</name>
+    <message>
+        <source>1 pair of ends joined</source>
+        <translation>连接端点 1 对</translation>
+    </message>
+    <message>
+        <source>%1 pairs of ends joined</source>
+        <translation>连接端点 %1 对</translation>
+    </message>
+    <message>
+        <source>1 outline closed</source>
+        <translation>闭合轮廓 1 个</translation>
+    </message>
+    <message>
+        <source>%1 outlines closed</source>
+        <translation>闭合轮廓 %1 个</translation>
+    </message>
+    <message>
+        <source>1 doubled piece removed</source>
+        <translation>去除重复线段 1 条</translation>
+    </message>
+    <message>
+        <source>%1 doubled pieces removed</source>
+        <translation>去除重复线段 %1 条</translation>
+    </message>
+    <message>
+        <source>1 piece without length removed</source>
+        <translation>去除零长度线段 1 条</translation>
+    </message>
+    <message>
+        <source>%1 pieces without length removed</source>
+        <translation>去除零长度线段 %1 条</translation>
+    </message>
+    <message>
+        <source>Mend SVG, DXF and plotter drawings: join=LENGTH, duplicates, zero,
+simplify=LENGTH, arcs=LENGTH, weld, order, with commas between</source>
+        <translation>修复 SVG、DXF 和绘图仪图纸：join=长度、duplicates、zero、
+simplify=长度、arcs=长度、weld、order，用逗号分隔</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; names nothing to mend</source>
+        <translation>“%1”没有指明要修复什么</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: %2 needs a length, as in %2=0.02mm</source>
+        <translation>“%1”：%2 需要一个长度，例如 %2=0.02mm</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: %2 takes no value</source>
+        <translation>“%1”：%2 不带值</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: cleaning takes join, duplicates, zero, simplify, arcs, weld and order, not &quot;%2&quot;</source>
+        <translation>“%1”：清理可用 join、duplicates、zero、simplify、arcs、weld 和 order，没有“%2”</translation>
+    </message>
+    <message>
+        <source>nothing to mend</source>
+        <translation>无需修复</translation>
+    </message>
+    <message>
+        <source>%1; paths %2, now %3; pieces %4, now %5; jumps %6 mm, now %7 mm</source>
+        <translation>%1；路径由 %2 条变为 %3 条；线段由 %4 条变为 %5 条；空跳由 %6 mm 变为 %7 mm</translation>
+    </message>
+    <message>
+        <source>1 pair of loose ends</source>
+        <translation>松散端点 1 对</translation>
+    </message>
+    <message>
+        <source>%1 pairs of loose ends</source>
+        <translation>松散端点 %1 对</translation>
+    </message>
+    <message>
+        <source>1 outline to close</source>
+        <translation>可闭合的轮廓 1 个</translation>
+    </message>
+    <message>
+        <source>%1 outlines to close</source>
+        <translation>可闭合的轮廓 %1 个</translation>
+    </message>
+    <message>
+        <source>doubled pieces: %1, %2 mm</source>
+        <translation>重复线段 %1 条，共 %2 mm</translation>
+    </message>
+    <message>
+        <source>1 piece without length</source>
+        <translation>零长度线段 1 条</translation>
+    </message>
+    <message>
+        <source>%1 pieces without length</source>
+        <translation>零长度线段 %1 条</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>%1 (--clean join=0.05mm,duplicates,zero)</source>
+        <translation>%1（--clean join=0.05mm,duplicates,zero）</translation>
+    </message>
+</context>
+<context>
     <name>CodeCommand</name>
     <message>
         <source>Make a QR, Data Matrix or bar code</source>
@@ -105,10 +206,6 @@ Examples:
     <message>
         <source>What the code holds</source>
         <translation>条码的内容</translation>
-    </message>
-    <message>
-        <source>Tell all symbologies and what each can hold</source>
-        <translation>列出所有码制及各自可容纳的内容</translation>
     </message>
     <message>
         <source>Width of a module, the narrowest bar</source>
@@ -260,6 +357,78 @@ or lines</source>
         <source>%1 mm</source>
         <translation>%1 mm</translation>
     </message>
+    <message>
+        <source>Tell all symbologies, or more about one: what it can hold</source>
+        <translation>列出所有码制，或详细说明一种：能容纳什么</translation>
+    </message>
+    <message>
+        <source>cannot be given together with --size</source>
+        <translation>不能与 --size 同时给出</translation>
+    </message>
+    <message>
+        <source>%1 has no bars, it is as high as its modules</source>
+        <translation>%1 没有条，其高度由模块决定</translation>
+    </message>
+    <message>
+        <source>%1 has bars, which are no dots</source>
+        <translation>%1 由条组成，不能是点</translation>
+    </message>
+    <message>
+        <source>nothing without --text</source>
+        <translation>没有 --text 时无作用</translation>
+    </message>
+    <message>
+        <source>nothing without --verify</source>
+        <translation>没有 --verify 时无作用</translation>
+    </message>
+    <message>
+        <source>verifying part %1 of %2</source>
+        <translation>正在校验第 %1 个工件（共 %2 个）</translation>
+    </message>
+    <message>
+        <source>part %1 of %2 is not as it should be: nothing written</source>
+        <translation>第 %1 个工件（共 %2 个）不符合要求：未写出任何内容</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 到 %2</translation>
+    </message>
+    <message>
+        <source>Holds:</source>
+        <translation>可容纳：</translation>
+    </message>
+    <message>
+        <source>Levels:</source>
+        <translation>等级：</translation>
+    </message>
+    <message>
+        <source>Sizes:</source>
+        <translation>尺寸：</translation>
+    </message>
+    <message>
+        <source>Quiet zone:</source>
+        <translation>静区：</translation>
+    </message>
+    <message>
+        <source>%1 modules left, %2 right, %3 above and below</source>
+        <translation>左 %1 个模块，右 %2 个，上下 %3 个</translation>
+    </message>
+    <message>
+        <source>Can be verified:</source>
+        <translation>可校验：</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <translation>是</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>否</translation>
+    </message>
 </context>
 <context>
     <name>ConvertCommand</name>
@@ -268,33 +437,41 @@ or lines</source>
         <translation>“%1”必须以 .ztd 结尾；其他格式由 ztmark mark 和 render 写出</translation>
     </message>
     <message>
-        <source>Turn plotter drawings into a drawing, or save a drawing anew</source>
-        <translation>把绘图仪图纸变成图纸，或重新保存图纸</translation>
-    </message>
-    <message>
-        <source>Plotter drawings are imported 20 mm high, side by side, 2 mm apart, each one shape, and
-kept in the drawing: their files are not needed any more. A drawing that is saved anew
-marks as before; sections of it that this version does not know are kept.
-Mark paths of a drawing are written by ztmark mark, pictures by ztmark render.
-
-Examples:
-  ztmark convert logo.plt frame.plt -o plate.ztd
-  ztmark convert old.ztd -o new.ztd</source>
-        <translation>绘图仪图纸导入后高 20 mm，并排放置，间距 2 mm，各为一个图形，并保存在图纸中：
-此后不再需要原文件。重新保存的图纸标刻结果不变；本版本不认识的部分原样保留。
-图纸的标刻路径由 ztmark mark 写出，图片由 ztmark render 写出。
-
-示例：
-  ztmark convert logo.plt frame.plt -o plate.ztd
-  ztmark convert old.ztd -o new.ztd</translation>
-    </message>
-    <message>
         <source>The drawing, .ztd</source>
         <translation>图纸文件 .ztd</translation>
     </message>
     <message>
         <source>writing %1</source>
         <translation>正在写入 %1</translation>
+    </message>
+    <message>
+        <source>Turn SVG, DXF and plotter drawings into a drawing, or save one anew</source>
+        <translation>把 SVG、DXF 和绘图仪图纸变成图纸，或重新保存图纸</translation>
+    </message>
+    <message>
+        <source>SVG, DXF and plotter drawings come in at true size unless an option says otherwise, side
+by side, 2 mm apart, in the middle of the work area. They are kept in the drawing: their
+files are not needed any more. A drawing that is saved anew marks as before; sections of
+it that this version does not know are kept.
+Mark paths of a drawing are written by ztmark mark, pictures by ztmark render.
+
+Examples:
+  ztmark convert part.dxf logo.svg -o plate.ztd
+  ztmark convert logo.plt --height 20mm --clean join=0.05mm -o logo.ztd
+  ztmark convert old.ztd -o new.ztd</source>
+        <translation>SVG、DXF 和绘图仪图纸按真实尺寸导入（除非选项另有规定），并排放置，间隔 2 mm，
+位于工作区中央。它们保存在图纸中，不再需要原文件。重新保存的图纸标刻如前；
+其中本版本不认识的部分会保留。
+图纸的标刻路径由 ztmark mark 写出，图片由 ztmark render 写出。
+
+示例：
+  ztmark convert part.dxf logo.svg -o plate.ztd
+  ztmark convert logo.plt --height 20mm --clean join=0.05mm -o logo.ztd
+  ztmark convert old.ztd -o new.ztd</translation>
+    </message>
+    <message>
+        <source>not for a drawing, which is saved as it is</source>
+        <translation>不能用于图纸：图纸按原样保存</translation>
     </message>
 </context>
 <context>
@@ -388,10 +565,6 @@ Examples:
         <translation>文字：%1</translation>
     </message>
     <message>
-        <source>imported plotter drawings: %1</source>
-        <translation>导入的绘图仪图纸：%1</translation>
-    </message>
-    <message>
         <source>others: %1</source>
         <translation>其他：%1</translation>
     </message>
@@ -466,6 +639,10 @@ Examples:
     <message>
         <source>and %1 more</source>
         <translation>另有 %1 个</translation>
+    </message>
+    <message>
+        <source>imported drawings: %1</source>
+        <translation>导入的图形：%1</translation>
     </message>
     <message>
         <source>codes: %1</source>
@@ -633,68 +810,240 @@ a pair of them: a regular one and a big one, which has the Chinese characters.</
     </message>
 </context>
 <context>
-    <name>InfoCommand</name>
+    <name>ForeignFiles</name>
     <message>
-        <source>and %1 more</source>
-        <translation>以及另外 %1 个</translation>
+        <source>&quot;%1&quot; is no size such as 40x20 or 40mmx2cm</source>
+        <translation>“%1”不是 40x20 或 40mmx2cm 这样的尺寸</translation>
     </message>
     <message>
-        <source>Lines:</source>
-        <translation>行数：</translation>
+        <source>%1 closed, %2 open</source>
+        <translation>%1 条闭合，%2 条未闭合</translation>
     </message>
     <message>
-        <source>Pen-up lines:</source>
-        <translation>抬笔行：</translation>
-    </message>
-    <message>
-        <source>Pen-down lines:</source>
-        <translation>落笔行：</translation>
-    </message>
-    <message>
-        <source>Points:</source>
-        <translation>点数：</translation>
-    </message>
-    <message>
-        <source>Polylines:</source>
-        <translation>折线：</translation>
-    </message>
-    <message>
-        <source>Plotter units:</source>
-        <translation>绘图仪单位：</translation>
-    </message>
-    <message>
-        <source>x %1 to %2, y %3 to %4</source>
-        <translation>x %1 到 %2，y %3 到 %4</translation>
-    </message>
-    <message>
-        <source>Size as imported:</source>
-        <translation>导入尺寸：</translation>
+        <source>%1 mm. %2</source>
+        <translation>%1 mm。%2</translation>
     </message>
     <message>
         <source>%1 x %2 mm</source>
         <translation>%1 x %2 mm</translation>
     </message>
     <message>
-        <source>Skipped lines:</source>
-        <translation>跳过的行：</translation>
+        <source>%1, first at %2</source>
+        <translation>%1，首次出现于 %2</translation>
     </message>
     <message>
-        <source>Ill-formed lines:</source>
-        <translation>格式错误的行：</translation>
+        <source>Colors:</source>
+        <translation>颜色：</translation>
     </message>
     <message>
-        <source>Skipped lines are no pen moves and change nothing. Ill-formed lines are pen moves
-that lose something: mend them in the file.</source>
-        <translation>跳过的行不是笔的移动，不影响结果。格式错误的行是会丢失内容的笔的移动：
-请在文件中修正。</translation>
+        <source>Enlarge each drawing to this height</source>
+        <translation>将每个图形缩放到此高度</translation>
     </message>
     <message>
-        <source>Tell what is in a drawing, or in a plotter drawing and what of it is lost on import</source>
-        <translation>说明图纸的内容，或绘图仪图纸的内容以及导入时丢失的部分</translation>
+        <source>Enlarge each drawing to this width</source>
+        <translation>将每个图形缩放到此宽度</translation>
     </message>
     <message>
-        <source>Drawing, .ztd, or plotter drawing; - reads standard input</source>
-        <translation>图纸 .ztd 或绘图仪图纸；- 表示读取标准输入</translation>
+        <source>Format:</source>
+        <translation>格式：</translation>
+    </message>
+    <message>
+        <source>Hatch open outlines as if they were closed</source>
+        <translation>将未闭合轮廓视为闭合进行填充</translation>
+    </message>
+    <message>
+        <source>How far straight pieces may lie beside curves</source>
+        <translation>直线段与曲线的最大偏差</translation>
+    </message>
+    <message>
+        <source>Layer:</source>
+        <translation>图层：</translation>
+    </message>
+    <message>
+        <source>Length of the file&apos;s unit: mm, cm, in, or a length such as 0.025mm</source>
+        <translation>文件单位的长度：mm、cm、in 或如 0.025mm 的长度</translation>
+    </message>
+    <message>
+        <source>Outlines:</source>
+        <translation>轮廓：</translation>
+    </message>
+    <message>
+        <source>Pens:</source>
+        <translation>笔：</translation>
+    </message>
+    <message>
+        <source>Pieces:</source>
+        <translation>线段：</translation>
+    </message>
+    <message>
+        <source>Sheet:</source>
+        <translation>页面：</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <translation>尺寸：</translation>
+    </message>
+    <message>
+        <source>Stretch each drawing to this width and height</source>
+        <translation>将每个图形拉伸到此宽度和高度</translation>
+    </message>
+    <message>
+        <source>Texts:</source>
+        <translation>文字：</translation>
+    </message>
+    <message>
+        <source>Unit:</source>
+        <translation>单位：</translation>
+    </message>
+    <message>
+        <source>What becomes one shape: none, layer, color, outline</source>
+        <translation>按什么拆分为形状：none、layer、color、outline</translation>
+    </message>
+    <message>
+        <source>Written by:</source>
+        <translation>生成程序：</translation>
+    </message>
+    <message>
+        <source>changed</source>
+        <translation>已更改</translation>
+    </message>
+    <message>
+        <source>damaged</source>
+        <translation>已损坏</translation>
+    </message>
+    <message>
+        <source>has no extent in the direction of the size asked for</source>
+        <translation>在所要求尺寸的方向上没有大小</translation>
+    </message>
+    <message>
+        <source>left out</source>
+        <translation>已略去</translation>
+    </message>
+    <message>
+        <source>one of --size, --width and --height is enough</source>
+        <translation>--size、--width 和 --height 只能选一个</translation>
+    </message>
+    <message>
+        <source>reading %1</source>
+        <translation>正在读取 %1</translation>
+    </message>
+    <message>
+        <source>warning: %1</source>
+        <translation>警告：%1</translation>
+    </message>
+    <message>
+        <source>1 shape</source>
+        <translation>1 个图形</translation>
+    </message>
+    <message>
+        <source>%1 shapes</source>
+        <translation>%1 个图形</translation>
+    </message>
+    <message>
+        <source>1 text</source>
+        <translation>1 个文字</translation>
+    </message>
+    <message>
+        <source>%1 texts</source>
+        <translation>%1 个文字</translation>
+    </message>
+    <message>
+        <source>1 line</source>
+        <translation>1 段直线</translation>
+    </message>
+    <message>
+        <source>%1 lines</source>
+        <translation>%1 段直线</translation>
+    </message>
+    <message>
+        <source>1 arc</source>
+        <translation>1 段圆弧</translation>
+    </message>
+    <message>
+        <source>%1 arcs</source>
+        <translation>%1 段圆弧</translation>
+    </message>
+    <message>
+        <source>1 curve</source>
+        <translation>1 段曲线</translation>
+    </message>
+    <message>
+        <source>%1 curves</source>
+        <translation>%1 段曲线</translation>
+    </message>
+    <message>
+        <source>nothing in it has a length</source>
+        <translation>其中没有任何有长度的内容</translation>
+    </message>
+    <message>
+        <source>Cleaned:</source>
+        <translation>已清理：</translation>
+    </message>
+    <message>
+        <source>Cleaning mends:</source>
+        <translation>清理可修复：</translation>
+    </message>
+</context>
+<context>
+    <name>InfoCommand</name>
+    <message>
+        <source>Tell what is in a drawing, and what of it cannot be taken in</source>
+        <translation>说明图纸中有什么，以及哪些内容无法读入</translation>
+    </message>
+    <message>
+        <source>Of an SVG, DXF or plotter drawing it tells the size and how it was found, what is left
+out, changed or damaged, and what mark --clean would mend.</source>
+        <translation>对于 SVG、DXF 或绘图仪图纸，会给出尺寸及其来由、哪些内容被略去、改变或损坏，
+以及 mark --clean 能修复什么。</translation>
+    </message>
+</context>
+<context>
+    <name>InputFiles</name>
+    <message>
+        <source>a drawing is taken alone, without other files</source>
+        <translation>图纸只能单独使用，不能与其他文件一起</translation>
+    </message>
+    <message>
+        <source>standard input can be read only once</source>
+        <translation>标准输入只能读取一次</translation>
+    </message>
+    <message>
+        <source>larger than %1 MiB, the limit for a drawing</source>
+        <translation>超过 %1 MiB，即图纸的上限</translation>
+    </message>
+    <message>
+        <source>cannot be read: %1</source>
+        <translation>无法读取：%1</translation>
+    </message>
+    <message>
+        <source>no such file</source>
+        <translation>没有这个文件</translation>
+    </message>
+    <message>
+        <source>is a folder</source>
+        <translation>是一个文件夹</translation>
+    </message>
+    <message>
+        <source>is no file name</source>
+        <translation>不是文件名</translation>
+    </message>
+    <message>
+        <source>is empty</source>
+        <translation>是空的</translation>
+    </message>
+    <message>
+        <source>SVG, DXF and plotter drawings, - reads standard input; or one
+drawing, .ztd</source>
+        <translation>SVG、DXF 和绘图仪图纸，- 表示读取标准输入；或一个图纸 .ztd</translation>
+    </message>
+    <message>
+        <source>Drawing, .ztd, SVG, DXF or plotter drawing; - reads standard
+input</source>
+        <translation>图纸 .ztd、SVG、DXF 或绘图仪图纸；- 表示读取标准输入</translation>
+    </message>
+    <message>
+        <source>reading %1</source>
+        <translation>正在读取 %1</translation>
     </message>
 </context>
 <context>
@@ -714,12 +1063,6 @@ that lose something: mend them in the file.</source>
     <message>
         <source>&quot;%1&quot; must end in one of %2</source>
         <translation>“%1”必须以 %2 之一结尾</translation>
-    </message>
-    <message>
-        <source>Write the paths to a file; its extension says how: .svg or .png
-a picture, .json or .csv the paths. Can be given several times</source>
-        <translation>把路径写入文件，格式由扩展名决定：.svg 或 .png 为图片，
-.json 或 .csv 为路径数据。可以多次给出</translation>
     </message>
     <message>
         <source>No summary and no progress; warnings stay</source>
@@ -795,17 +1138,254 @@ x-min、x-max、y-min、y-max</translation>
         <source>%1 before ordering, %2 after</source>
         <translation>排序前 %1，排序后 %2</translation>
     </message>
-</context>
-<context>
-    <name>MarkCommand</name>
+    <message>
+        <source>Write the paths to a file; its extension says how: .svg or .png
+a picture, .json or .csv the paths, .dxf the marks as a drawing.
+Can be given several times</source>
+        <translation>把路径写入文件；由扩展名决定形式：.svg 或 .png 为图片，
+.json 或 .csv 为路径，.dxf 为标刻内容的图纸。可多次给出</translation>
+    </message>
+    <message>
+        <source>An .svg holds the marks alone, as a drawing for other programs</source>
+        <translation>.svg 只含标刻内容，作为供其他程序使用的图纸</translation>
+    </message>
+    <message>
+        <source>Pictures show no jumps</source>
+        <translation>图片不显示空跳</translation>
+    </message>
     <message>
         <source>Enlarge the drawings, 0.001 to 1000</source>
         <translation>放大图纸，0.001 到 1000</translation>
     </message>
     <message>
-        <source>Turn a drawing or plotter drawings into ordered mark paths</source>
-        <translation>把图纸或绘图仪图纸变成有序的标刻路径</translation>
+        <source>nothing without an output .svg or .dxf</source>
+        <translation>没有 .svg 或 .dxf 输出时无作用</translation>
     </message>
+    <message>
+        <source>nothing without an output .svg or .png</source>
+        <translation>没有 .svg 或 .png 输出时无作用</translation>
+    </message>
+</context>
+<context>
+    <name>JobCommand</name>
+    <message>
+        <source>Turn a drawing, or SVG, DXF and plotter drawings, into files for machines</source>
+        <translation>把图纸，或 SVG、DXF 和绘图仪图纸，变成机器运行的文件</translation>
+    </message>
+    <message>
+        <source>A drawing, .ztd, is marked where it lies, its (0, 0) in the middle of the machine&apos;s field.
+SVG, DXF and plotter drawings come in at true size, side by side, in the middle of the
+field; options that size, hatch, turn or mend them are those of ztmark mark.
+
+Each part gets the next numbers of the drawing&apos;s serial numbers and lists, and today&apos;s date.
+When all files are whole, the numbers are kept in the drawing: none comes twice. When one
+fails, the others are taken back and the numbers stay. Without an output nothing is used up.
+
+Several parts stand in one file with a pause before each where the form has one (G-code);
+else, and with --separate, part 3 of OUT.svg is written to OUT-0003.svg.
+
+Examples:
+  ztmark job plate.ztd --profile grbl-diode -o plate.nc --parts 50
+  ztmark job plate.ztd --frame box -o frame.nc
+  ztmark job part.dxf --clean join=0.05mm,duplicates --profile galvo-fiber --time</source>
+        <translation>图纸 .ztd 在其所在位置标刻，其 (0, 0) 位于机器幅面的中央。SVG、DXF 和绘图仪图纸
+按真实尺寸并排放在幅面中央；调整尺寸、填充、旋转或修复它们的选项与 ztmark mark 相同。
+
+每个工件取图纸的序列号和列表的下一个值，以及当天的日期。全部文件完整写出后，编号才保存
+到图纸中：任何编号都不会出现两次。有文件失败时，其余文件会被收回，编号不变。没有输出时
+不消耗编号。
+
+形式允许暂停时（G-code），多个工件写在一个文件中，每个工件前暂停；否则，以及使用
+--separate 时，OUT.svg 的第 3 个工件写入 OUT-0003.svg。
+
+示例：
+  ztmark job plate.ztd --profile grbl-diode -o plate.nc --parts 50
+  ztmark job plate.ztd --frame box -o frame.nc
+  ztmark job part.dxf --clean join=0.05mm,duplicates --profile galvo-fiber --time</translation>
+    </message>
+    <message>
+        <source>The machine: a name of ztmark profile list, or a file</source>
+        <translation>机器：ztmark profile list 中的名称，或一个文件</translation>
+    </message>
+    <message>
+        <source>The pens, a JSON file; without it all have 50 % and 500 mm/s, or
+as fast as the machine is</source>
+        <translation>笔的 JSON 文件；没有它时所有笔为 50 % 和 500 mm/s，
+或机器的最高速度</translation>
+    </message>
+    <message>
+        <source>Order of the pieces: none, nearest, or best</source>
+        <translation>线段的顺序：none、nearest 或 best</translation>
+    </message>
+    <message>
+        <source>Parts to be marked, 1 to 10000</source>
+        <translation>要标刻的工件数，1 到 10000</translation>
+    </message>
+    <message>
+        <source>A file for each part, also where one can hold them all</source>
+        <translation>每个工件一个文件，即使一个文件能容纳全部</translation>
+    </message>
+    <message>
+        <source>Write also what reaches out of the machine&apos;s field</source>
+        <translation>超出机器幅面的内容也写出</translation>
+    </message>
+    <message>
+        <source>A file to write; its extension says how: .nc or .gcode, .plt or .hpgl,
+.dxf, .svg, .json, .csv; any other gets the form of the profile. Can be
+given several times</source>
+        <translation>要写的文件；由扩展名决定形式：.nc 或 .gcode、.plt 或 .hpgl、
+.dxf、.svg、.json、.csv；其他扩展名用机器配置的形式。可多次给出</translation>
+    </message>
+    <message>
+        <source>Print how long the job takes</source>
+        <translation>打印作业所需的时间</translation>
+    </message>
+    <message>
+        <source>Print the times as JSON</source>
+        <translation>以 JSON 打印时间</translation>
+    </message>
+    <message>
+        <source>cannot be given together with --parts</source>
+        <translation>不能与 --parts 同时给出</translation>
+    </message>
+    <message>
+        <source>nothing without --output</source>
+        <translation>没有 --output 时无作用</translation>
+    </message>
+    <message>
+        <source>not for a drawing, which has its own layout and hatch</source>
+        <translation>不能用于图纸：图纸有自己的布局和填充</translation>
+    </message>
+    <message>
+        <source>ordering</source>
+        <translation>正在排序</translation>
+    </message>
+    <message>
+        <source>warning: %1</source>
+        <translation>警告：%1</translation>
+    </message>
+    <message>
+        <source>and %1 more of this kind</source>
+        <translation>以及另外 %1 个同类问题</translation>
+    </message>
+    <message>
+        <source>nothing written</source>
+        <translation>未写出任何内容</translation>
+    </message>
+    <message>
+        <source>writing %1</source>
+        <translation>正在写入 %1</translation>
+    </message>
+    <message>
+        <source>taken back, as the job is not whole</source>
+        <translation>已收回，因为作业不完整</translation>
+    </message>
+    <message>
+        <source>must not be run, as the job is not whole</source>
+        <translation>不可运行，因为作业不完整</translation>
+    </message>
+    <message>
+        <source>Parts:</source>
+        <translation>工件数：</translation>
+    </message>
+    <message>
+        <source>First part:</source>
+        <translation>首个工件：</translation>
+    </message>
+    <message>
+        <source>Part:</source>
+        <translation>工件：</translation>
+    </message>
+    <message>
+        <source>Last part:</source>
+        <translation>最后工件：</translation>
+    </message>
+    <message>
+        <source>Next part:</source>
+        <translation>下一工件：</translation>
+    </message>
+    <message>
+        <source>none, the numbers are used up</source>
+        <translation>无，编号已用完</translation>
+    </message>
+    <message>
+        <source>Seconds</source>
+        <translation>秒</translation>
+    </message>
+    <message>
+        <source>total</source>
+        <translation>合计</translation>
+    </message>
+    <message>
+        <source>marking</source>
+        <translation>标刻</translation>
+    </message>
+    <message>
+        <source>jumps</source>
+        <translation>空跳</translation>
+    </message>
+    <message>
+        <source>delays</source>
+        <translation>延时</translation>
+    </message>
+    <message>
+        <source>First part</source>
+        <translation>首个工件</translation>
+    </message>
+    <message>
+        <source>Part</source>
+        <translation>工件</translation>
+    </message>
+    <message>
+        <source>  pen %1</source>
+        <translation>  笔 %1</translation>
+    </message>
+    <message>
+        <source>%1 parts</source>
+        <translation>%1 个工件</translation>
+    </message>
+    <message>
+        <source>Instead of the job its frame, box or hull, to be run without power</source>
+        <translation>不写作业而写其外框 box 或凸包 hull，供无功率走一遍</translation>
+    </message>
+</context>
+<context>
+    <name>JobSource</name>
+    <message>
+        <source>its numbers cannot be kept: give the drawing as a file</source>
+        <translation>无法保存它的编号：请以文件给出图纸</translation>
+    </message>
+    <message>
+        <source>its numbers cannot be kept: the file is read-only</source>
+        <translation>无法保存它的编号：文件是只读的</translation>
+    </message>
+    <message>
+        <source>another job takes numbers of it: try again afterwards</source>
+        <translation>另一个作业正在取用它的编号：请稍后再试</translation>
+    </message>
+    <message>
+        <source>its numbers cannot be kept: its folder is read-only</source>
+        <translation>无法保存它的编号：文件夹是只读的</translation>
+    </message>
+    <message>
+        <source>the serial number of &quot;%1&quot; is used up: %2 was the last</source>
+        <translation>“%1”的序列号已用完：最后一个是 %2</translation>
+    </message>
+    <message>
+        <source>the serial number ends after part %1 of %2</source>
+        <translation>序列号在第 %1 个工件后用完（共 %2 个）</translation>
+    </message>
+    <message>
+        <source>writing %1</source>
+        <translation>正在写入 %1</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+</context>
+<context>
+    <name>MarkCommand</name>
     <message>
         <source>not for a drawing, which has its own layout and hatch</source>
         <translation>不适用于图纸，图纸自带布局和填充</translation>
@@ -813,45 +1393,6 @@ x-min、x-max、y-min、y-max</translation>
     <message>
         <source>ordering</source>
         <translation>正在排序</translation>
-    </message>
-    <message>
-        <source>Lengths take mm (the default), cm or in: 0.5, 0.5mm, 2cm, 1in. Angles are degrees,
-clockwise. A plotter drawing is imported 20 mm high. Several stand side by side, a gap
-apart, each one object.
-
-SVG and DXF drawings, plotter drawings of other dialects, and all of them with --size,
---width, --height, --unit, --split, --tolerance or --fill-open come in at true size.
-Open outlines are not hatched unless --fill-open is given.
-
-Limits: drawings of 256 MiB, 1,000,000 objects, 1,000,000 hatch lines over a drawing,
-20,000,000 points and hatch segments in all.
-
-A drawing, .ztd, is marked as it was saved, in its own order unless --order says another.
-Options that lay out, hatch, scale or turn plotter drawings are not for it.
-
-Examples:
-  ztmark mark plate.ztd -o plate.json
-  ztmark mark logo.plt --hatch zigzag --spacing 0.3mm --angle 45 -o logo.svg</source>
-        <translation>长度单位为 mm（缺省）、cm 或 in：0.5、0.5mm、2cm、1in。角度以度为单位，顺时针为正。
-绘图仪图纸导入后高 20 mm。多个图纸并排放置，相隔一个间距，各为一个对象。
-
-SVG 和 DXF 图形、其他方言的绘图仪图纸，以及使用 --size、--width、--height、--unit、
---split、--tolerance 或 --fill-open 时的所有图纸均按真实尺寸导入。
-除非指定 --fill-open，未闭合轮廓不填充。
-
-上限：绘图仪图纸 256 MiB，1,000,000 个对象，一个图纸 1,000,000 条填充线，
-总共 20,000,000 个点和填充线段。
-
-图纸 .ztd 按保存时的样子标刻，除非用 --order 另行指定，否则按其自身的顺序。
-布局、填充、缩放或旋转绘图仪图纸的选项对它不适用。
-
-示例：
-  ztmark mark plate.ztd -o plate.json
-  ztmark mark logo.plt --hatch zigzag --spacing 0.3mm --angle 45 -o logo.svg</translation>
-    </message>
-    <message>
-        <source>not for drawings that come in at true size</source>
-        <translation>不适用于按真实尺寸导入的图形</translation>
     </message>
     <message>
         <source>warning: %1</source>
@@ -864,6 +1405,51 @@ SVG 和 DXF 图形、其他方言的绘图仪图纸，以及使用 --size、--wi
     <message>
         <source>nothing written: shapes outside the work area are marked with --outside alone</source>
         <translation>未写入任何文件：只有加上 --outside 才标刻超出工作区的图形</translation>
+    </message>
+    <message>
+        <source>Turn SVG, DXF and plotter drawings, or a drawing, into mark paths</source>
+        <translation>把 SVG、DXF 和绘图仪图纸，或一个图纸，变成标刻路径</translation>
+    </message>
+    <message>
+        <source>Lengths take mm (the default), cm or in: 0.5, 0.5mm, 2cm, 1in. Angles are degrees,
+clockwise. SVG, DXF and plotter drawings come in at true size unless --size, --width,
+--height, --unit or --scale says otherwise. Several stand side by side, a gap apart;
+one that cannot be read is told, and the others go on. Open outlines are not hatched
+unless --fill-open is given. Hatch lines keep their spacing and their angle whatever the
+scale and the rotation.
+
+--clean join=0.05mm,duplicates,zero joins ends so near to each other, and removes what
+is drawn twice or has no length; weld makes one outline of those that overlap, simplify
+and arcs save points, order makes the jumps shorter.
+
+Limits: drawings of 256 MiB, 1,000,000 objects, 1,000,000 hatch lines over a drawing,
+20,000,000 points and hatch segments in all.
+
+A drawing, .ztd, is marked as it was saved, in its own order unless --order says another.
+Options that lay out, hatch, scale, turn or mend other files are not for it.
+
+Examples:
+  ztmark mark plate.ztd -o plate.json
+  ztmark mark logo.plt --height 20mm --hatch zigzag --spacing 0.3mm -o logo.svg
+  ztmark mark part.dxf --clean join=0.05mm,duplicates --marks-only -o part.svg</source>
+        <translation>长度可用 mm（默认）、cm 或 in：0.5、0.5mm、2cm、1in。角度以度为单位，顺时针。
+SVG、DXF 和绘图仪图纸按真实尺寸导入，除非 --size、--width、--height、--unit 或
+--scale 另有规定。多个图纸并排放置，留有间隔；无法读取的会说明，其余继续。
+未闭合的轮廓不填充，除非给出 --fill-open。无论缩放和旋转，填充线保持其间距和角度。
+
+--clean join=0.05mm,duplicates,zero 连接相距如此近的端点，并去除画了两次或没有长度的
+内容；weld 把重叠的轮廓合为一个，simplify 和 arcs 减少点数，order 缩短空跳。
+
+限制：图纸 256 MiB，1,000,000 个对象，每个图纸 1,000,000 条填充线，
+总共 20,000,000 个点和填充线段。
+
+图纸 .ztd 按保存的样子标刻，使用它自己的顺序，除非 --order 另有规定。
+排布、填充、缩放、旋转或修复其他文件的选项不适用于它。
+
+示例：
+  ztmark mark plate.ztd -o plate.json
+  ztmark mark logo.plt --height 20mm --hatch zigzag --spacing 0.3mm -o logo.svg
+  ztmark mark part.dxf --clean join=0.05mm,duplicates --marks-only -o part.svg</translation>
     </message>
     <message>
         <source>Mark also what does not show what it was given, such as a code that cannot
@@ -912,18 +1498,42 @@ hold its content</source>
     </message>
 </context>
 <context>
-    <name>PlotterFiles</name>
+    <name>ProfileCommand</name>
     <message>
-        <source>warning: %1</source>
-        <translation>警告：%1</translation>
+        <source>List, show and check machine profiles</source>
+        <translation>列出、显示和检查机器配置</translation>
     </message>
     <message>
-        <source>reading %1</source>
-        <translation>正在读取 %1</translation>
+        <source>The profiles on board</source>
+        <translation>自带的配置</translation>
     </message>
     <message>
-        <source>warning: %1 ill-formed lines, ztmark info lists them; the first is %2</source>
-        <translation>警告：有 %1 个格式错误的行，可用 ztmark info 列出；第一个是%2</translation>
+        <source>Print a profile as JSON, as a start for one&apos;s own</source>
+        <translation>以 JSON 打印配置，可作为自己配置的起点</translation>
+    </message>
+    <message>
+        <source>Say whether a profile is without fault</source>
+        <translation>说明配置是否没有错误</translation>
+    </message>
+    <message>
+        <source>A name on board, or a file</source>
+        <translation>自带配置的名称，或一个文件</translation>
+    </message>
+    <message>
+        <source>%1: without fault</source>
+        <translation>%1：没有错误</translation>
+    </message>
+    <message>
+        <source>galvo head</source>
+        <translation>振镜</translation>
+    </message>
+    <message>
+        <source>gantry</source>
+        <translation>龙门架</translation>
+    </message>
+    <message>
+        <source>%1, field of %2 x %3 mm</source>
+        <translation>%1，幅面 %2 x %3 mm</translation>
     </message>
 </context>
 <context>
@@ -935,10 +1545,6 @@ hold its content</source>
     <message>
         <source>Make a picture of a drawing</source>
         <translation>生成图纸的图片</translation>
-    </message>
-    <message>
-        <source>Drawing, .ztd</source>
-        <translation>图纸 .ztd</translation>
     </message>
     <message>
         <source>The picture, .png or .svg</source>
@@ -955,15 +1561,19 @@ hold its content</source>
     <message>
         <source>A .png shows the shapes as the studio does, in the colours of their pens, without grid,
 frame and selection. An .svg shows what is marked, true to size in millimetres: the
-picture that ztmark mark writes.
+picture that ztmark mark writes. SVG, DXF and plotter drawings are shown as convert
+takes them in.
 
-Example:
-  ztmark render plate.ztd --size 2000 -o plate.png</source>
-        <translation>.png 显示图形在工作室中的样子，使用各自的笔色，不含网格、边框和选择。
-.svg 显示标刻的内容，以毫米为单位的实际大小：即 ztmark mark 写出的图片。
+Examples:
+  ztmark render plate.ztd --size 2000 -o plate.png
+  ztmark render part.dxf -o part.png</source>
+        <translation>.png 按图纸工作室的样子显示图形，使用各自笔的颜色，不含网格、外框和选择。
+.svg 显示标刻的内容，以毫米为单位、尺寸真实：即 ztmark mark 写出的图片。
+SVG、DXF 和绘图仪图纸按 convert 导入的样子显示。
 
 示例：
-  ztmark render plate.ztd --size 2000 -o plate.png</translation>
+  ztmark render plate.ztd --size 2000 -o plate.png
+  ztmark render part.dxf -o part.png</translation>
     </message>
 </context>
 <context>
@@ -1016,7 +1626,7 @@ Examples:
         <translation>单线字体，大字体用于汉字；不写大字体则取找到的第一个</translation>
     </message>
     <message>
-        <source>Family of a system font; else the system&#x27;s usual font</source>
+        <source>Family of a system font; else the system&apos;s usual font</source>
         <translation>系统字体名称；缺省为系统常用字体</translation>
     </message>
     <message>
@@ -1037,7 +1647,7 @@ out; 0.3 of the height else</source>
         <translation>文字沿此直径的圆排列</translation>
     </message>
     <message>
-        <source>Where the arc starts, 0 is three o&#x27;clock; else it is centred at the
+        <source>Where the arc starts, 0 is three o&apos;clock; else it is centred at the
 top</source>
         <translation>圆弧的起始角，0 为三点钟方向；缺省以顶部为中心</translation>
     </message>
@@ -1134,156 +1744,48 @@ base 也可以是 16 和 26（字母）。没有给出位置时放在最后一�
     </message>
 </context>
 <context>
+    <name>WorkLimits</name>
+    <message>
+        <source>too much work: %1 %2, the limit is %3</source>
+        <translation>工作量过大：%1 %2，上限为 %3</translation>
+    </message>
+    <message>
+        <source>hatch lines over the drawing</source>
+        <translation>条覆盖图纸的填充线</translation>
+    </message>
+    <message>
+        <source>hatch segments</source>
+        <translation>条填充线段</translation>
+    </message>
+    <message>
+        <source>objects</source>
+        <translation>个对象</translation>
+    </message>
+    <message>
+        <source>points and hatch segments</source>
+        <translation>个点和填充线段</translation>
+    </message>
+</context>
+<context>
+    <name>machinefiles</name>
+    <message>
+        <source>no such file</source>
+        <translation>没有这个文件</translation>
+    </message>
+    <message>
+        <source>cannot be read: %1</source>
+        <translation>无法读取：%1</translation>
+    </message>
+    <message>
+        <source>neither a file nor a profile on board, which are %1</source>
+        <translation>既不是文件也不是自带的配置，自带的有 %1</translation>
+    </message>
+</context>
+<context>
     <name>ztmark</name>
     <message>
-        <source>Turns drawings, plotter drawings and texts into hatched, ordered mark paths.</source>
-        <translation>把图纸、绘图仪图纸和文字变成带填充的有序标刻路径。</translation>
-    </message>
-</context>
-<context>
-    <name>ForeignFiles</name>
-    <message>
-        <source>&quot;%1&quot; is no size such as 40x20 or 40mmx2cm</source>
-        <translation>“%1”不是 40x20 或 40mmx2cm 这样的尺寸</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot;, %2 shapes, %3 texts</source>
-        <translation>“%1”，%2 个形状，%3 段文字</translation>
-    </message>
-    <message>
-        <source>%1 closed, %2 open</source>
-        <translation>%1 条闭合，%2 条未闭合</translation>
-    </message>
-    <message>
-        <source>%1 lines, %2 arcs, %3 curves</source>
-        <translation>%1 条直线，%2 段圆弧，%3 段曲线</translation>
-    </message>
-    <message>
-        <source>%1 mm. %2</source>
-        <translation>%1 mm。%2</translation>
-    </message>
-    <message>
-        <source>%1 x %2 mm</source>
-        <translation>%1 x %2 mm</translation>
-    </message>
-    <message>
-        <source>%1, first at %2</source>
-        <translation>%1，首次出现于 %2</translation>
-    </message>
-    <message>
-        <source>Colors:</source>
-        <translation>颜色：</translation>
-    </message>
-    <message>
-        <source>Enlarge each drawing to this height</source>
-        <translation>将每个图形缩放到此高度</translation>
-    </message>
-    <message>
-        <source>Enlarge each drawing to this width</source>
-        <translation>将每个图形缩放到此宽度</translation>
-    </message>
-    <message>
-        <source>Format:</source>
-        <translation>格式：</translation>
-    </message>
-    <message>
-        <source>Hatch open outlines as if they were closed</source>
-        <translation>将未闭合轮廓视为闭合进行填充</translation>
-    </message>
-    <message>
-        <source>How far straight pieces may lie beside curves</source>
-        <translation>直线段与曲线的最大偏差</translation>
-    </message>
-    <message>
-        <source>Layer:</source>
-        <translation>图层：</translation>
-    </message>
-    <message>
-        <source>Length of the file&#x27;s unit: mm, cm, in, or a length such as 0.025mm</source>
-        <translation>文件单位的长度：mm、cm、in 或如 0.025mm 的长度</translation>
-    </message>
-    <message>
-        <source>Outlines:</source>
-        <translation>轮廓：</translation>
-    </message>
-    <message>
-        <source>Pens:</source>
-        <translation>笔：</translation>
-    </message>
-    <message>
-        <source>Pieces:</source>
-        <translation>线段：</translation>
-    </message>
-    <message>
-        <source>Sheet:</source>
-        <translation>页面：</translation>
-    </message>
-    <message>
-        <source>Size:</source>
-        <translation>尺寸：</translation>
-    </message>
-    <message>
-        <source>Stretch each drawing to this width and height</source>
-        <translation>将每个图形拉伸到此宽度和高度</translation>
-    </message>
-    <message>
-        <source>Texts:</source>
-        <translation>文字：</translation>
-    </message>
-    <message>
-        <source>Unit:</source>
-        <translation>单位：</translation>
-    </message>
-    <message>
-        <source>What becomes one shape: none, layer, color, outline</source>
-        <translation>按什么拆分为形状：none、layer、color、outline</translation>
-    </message>
-    <message>
-        <source>Written by:</source>
-        <translation>生成程序：</translation>
-    </message>
-    <message>
-        <source>changed</source>
-        <translation>已更改</translation>
-    </message>
-    <message>
-        <source>damaged</source>
-        <translation>已损坏</translation>
-    </message>
-    <message>
-        <source>has no extent in the direction of the size asked for</source>
-        <translation>在所要求尺寸的方向上没有大小</translation>
-    </message>
-    <message>
-        <source>left out</source>
-        <translation>已略去</translation>
-    </message>
-    <message>
-        <source>one of --size, --width and --height is enough</source>
-        <translation>--size、--width 和 --height 只能选一个</translation>
-    </message>
-    <message>
-        <source>reading %1</source>
-        <translation>正在读取 %1</translation>
-    </message>
-    <message>
-        <source>warning: %1</source>
-        <translation>警告：%1</translation>
-    </message>
-</context>
-<context>
-    <name>InputFiles</name>
-    <message>
-        <source>Plotter drawings, - reads standard input; or one drawing, .ztd</source>
-        <translation>绘图仪图纸，- 表示读取标准输入；或一个图纸 .ztd</translation>
-    </message>
-    <message>
-        <source>a drawing is taken alone, without other files</source>
-        <translation>图纸只能单独使用，不能与其他文件一起</translation>
-    </message>
-    <message>
-        <source>standard input can be read only once</source>
-        <translation>标准输入只能读取一次</translation>
+        <source>Turns drawings, SVG, DXF and plotter files and texts into mark paths and jobs.</source>
+        <translation>把图纸、SVG、DXF、绘图仪文件和文字变成标刻路径和作业。</translation>
     </message>
 </context>
 </TS>

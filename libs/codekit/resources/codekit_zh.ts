@@ -204,12 +204,32 @@
         <translation>内存不足</translation>
     </message>
     <message>
-        <source>(none)</source>
-        <translation>（无）</translation>
+        <source>%1 has no levels of error correction</source>
+        <translation>%1 没有纠错等级</translation>
     </message>
     <message>
-        <source>cannot be read; it is to say &quot;%1&quot;. Try a larger module or a closer hatch, and keep other shapes out of its quiet zone</source>
-        <translation>无法读出；应为“%1”。请加大模块或加密填充，并让其他图形离开其静区</translation>
+        <source>%1 has no sizes: it is as large as its content makes it</source>
+        <translation>%1 没有可选的尺寸：其大小由内容决定</translation>
+    </message>
+    <message>
+        <source>%1 has no masks</source>
+        <translation>%1 没有掩模</translation>
+    </message>
+    <message>
+        <source>%1 has no number of columns to choose</source>
+        <translation>%1 没有可选的列数</translation>
+    </message>
+    <message>
+        <source>%1 has one form; a Data Matrix can be rectangular</source>
+        <translation>%1 只有一种形状；Data Matrix 才可以是长方形</translation>
+    </message>
+    <message>
+        <source>%1 leaves no choice of a check digit</source>
+        <translation>%1 不能选择校验位</translation>
+    </message>
+    <message>
+        <source>(none)</source>
+        <translation>（无）</translation>
     </message>
     <message>
         <source>does not show what it was given, &quot;%1&quot;</source>
@@ -242,6 +262,10 @@
     <message>
         <source>its settings are damaged or of a later version</source>
         <translation>其设置已损坏或出自更新的版本</translation>
+    </message>
+    <message>
+        <source>cannot be read; it is to say &quot;%1&quot;. Try a larger module or a closer hatch, and keep other shapes out of its quiet zone</source>
+        <translation>无法读出；应为“%1”。请加大模块或加密填充，并让其他图形离开其静区</translation>
     </message>
 </context>
 </TS>

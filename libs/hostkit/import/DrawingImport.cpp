@@ -240,6 +240,18 @@ void stretch(VectorDrawing *drawing, double scaleX, double scaleY)
         QSizeF(drawing->declaredSizeMm.width() * scaleX, drawing->declaredSizeMm.height() * scaleY);
 }
 
+/** Whose shapes and texts go by their colours alone. */
+VectorDrawing withoutPens(VectorDrawing drawing)
+{
+    for (VectorLayer &layer : drawing.layers) {
+        for (VectorShape &shape : layer.shapes)
+            shape.pen = 0;
+        for (VectorText &text : layer.texts)
+            text.pen = 0;
+    }
+    return drawing;
+}
+
 } // namespace
 
 QColor screenPenColor(int pen)
@@ -300,7 +312,8 @@ bool fitDrawing(VectorDrawing *drawing, const QSizeF &sizeMm)
 ImportResult importDrawing(ZTGraphicsDocument &document, const VectorDrawing &drawing,
                            const ImportOptions &options)
 {
-    return DrawingImporter(document, options).import(drawing);
+    return DrawingImporter(document, options)
+        .import(drawing.hasPens() ? drawing : withoutPens(drawing));
 }
 
 } // namespace hostkit

@@ -33,7 +33,8 @@ struct ImportOptions
      */
     bool fillsOpen = false;
 
-    QMap<QRgb, int> pens;            ///< pen of a colour; others go to the pen nearest in colour
+    QMap<QRgb, int> pens;            ///< pen of a colour; others go to the pen nearest in colour,
+                                     ///< and what a plotter drew keeps its pen
     std::optional<ZTFillParam> fill; ///< hatch of closed outlines; none: the library's default
 
     /** Where on the scene the middle of the drawing comes to; none: as it lies in the file. */

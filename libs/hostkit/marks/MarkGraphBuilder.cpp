@@ -132,6 +132,8 @@ DrawingMarks MarkGraphBuilder::take()
     return std::move(m_marks);
 }
 
+const MarkFindings &MarkGraphBuilder::findings() const { return m_check->findings; }
+
 ZTMarkGraph MarkGraphBuilder::takeUnordered() { return std::move(m_marks.graph); }
 
 DrawingMarks drawingMarks(const ZTGraphicsDocument &document, std::optional<EShapeSortType> order)

@@ -73,6 +73,9 @@ public:
     /** Orders what was gathered and hands it over. Once, after `work` returned false. */
     DrawingMarks take();
 
+    /** Likely mistakes in what was gathered so far; `take` hands them over as well. */
+    const MarkFindings &findings() const;
+
     /** What was gathered as it is, for those who change it before they order it. Once. */
     ZTMarkGraph takeUnordered();
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <hostkit/marks/MarkGraphWriter.h>
 #include <hostkit/marks/MarkUnits.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
@@ -16,9 +17,11 @@ QT_END_NAMESPACE
  */
 namespace hostkit {
 
-void writeMarkSvg(const ZTMarkGraph &graph, const MarkUnits &units, QIODevice &device);
+void writeMarkSvg(const ZTMarkGraph &graph, const MarkUnits &units, QIODevice &device,
+                  const MarkPictureLook &look = {});
 void writeMarkJson(const ZTMarkGraph &graph, const MarkUnits &units, QIODevice &device);
 void writeMarkCsv(const ZTMarkGraph &graph, const MarkUnits &units, QIODevice &device);
-bool writeMarkPng(const ZTMarkGraph &graph, const MarkUnits &units, QIODevice &device);
+bool writeMarkPng(const ZTMarkGraph &graph, const MarkUnits &units, QIODevice &device,
+                  const MarkPictureLook &look = {});
 
 } // namespace hostkit

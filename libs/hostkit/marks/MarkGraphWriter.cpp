@@ -11,7 +11,8 @@ namespace hostkit {
 
 namespace {
 
-using Writer = bool (*)(const ZTMarkGraph &, const MarkUnits &, QIODevice &);
+using Look = MarkPictureLook;
+using Writer = bool (*)(const ZTMarkGraph &, const MarkUnits &, QIODevice &, const Look &);
 
 struct Form
 {
@@ -20,15 +21,21 @@ struct Form
 };
 
 template <void (*write)(const ZTMarkGraph &, const MarkUnits &, QIODevice &)>
-bool writeText(const ZTMarkGraph &graph, const MarkUnits &units, QIODevice &device)
+bool writeText(const ZTMarkGraph &graph, const MarkUnits &units, QIODevice &device, const Look &)
 {
     write(graph, units, device);
     return true;
 }
 
+bool writeSvg(const ZTMarkGraph &graph, const MarkUnits &units, QIODevice &device, const Look &look)
+{
+    writeMarkSvg(graph, units, device, look);
+    return true;
+}
+
 const std::array<Form, 4> &forms()
 {
-    static const std::array<Form, 4> all{Form{QLatin1String(".svg"), writeText<writeMarkSvg>},
+    static const std::array<Form, 4> all{Form{QLatin1String(".svg"), writeSvg},
                                          Form{QLatin1String(".png"), writeMarkPng},
                                          Form{QLatin1String(".json"), writeText<writeMarkJson>},
                                          Form{QLatin1String(".csv"), writeText<writeMarkCsv>}};
@@ -68,7 +75,7 @@ QStringList markGraphExtensions()
 bool hasMarkGraphExtension(const QString &path) { return formOf(path) != nullptr; }
 
 bool saveMarkGraph(const ZTMarkGraph &graph, const MarkUnits &units, const QString &path,
-                   QString *error)
+                   QString *error, const MarkPictureLook &look)
 {
     const Form *form = formOf(path);
     if (form == nullptr) {
@@ -78,7 +85,7 @@ bool saveMarkGraph(const ZTMarkGraph &graph, const MarkUnits &units, const QStri
     }
     Failure failure;
     const bool isSaved = saveWhole(
-        path, [&](QIODevice &device) { return form->write(graph, units, device); }, &failure);
+        path, [&](QIODevice &device) { return form->write(graph, units, device, look); }, &failure);
     if (!isSaved && error != nullptr)
         *error = failure.reason;
     return isSaved;

@@ -14,15 +14,22 @@ QStringList markGraphExtensions();
 /** Whether the name ends in one of `markGraphExtensions()`, in any case. */
 bool hasMarkGraphExtension(const QString &path);
 
+/** What a picture of mark data shows beside the marks. */
+struct MarkPictureLook
+{
+    bool hasJumps = true; ///< false: neither the jumps nor the dot where the head begins
+};
+
 /**
  * Writes mark data to a file whose extension picks the form: a picture (SVG, PNG) or the paths
  * themselves (JSON, CSV). `docs/formats/mark-data.md` tells the forms.
  *
- * The file appears whole or not at all: a failed write leaves what stood there before.
+ * `look` is for the pictures alone. The file appears whole or not at all: a failed write leaves
+ * what stood there before.
  *
  * Failure: false, and `error` (if given) says why in one sentence without the file's name.
  */
 bool saveMarkGraph(const ZTMarkGraph &graph, const MarkUnits &units, const QString &path,
-                   QString *error);
+                   QString *error, const MarkPictureLook &look = {});
 
 } // namespace hostkit

@@ -1,7 +1,7 @@
 #include <hostkit/marks/MarkLayout_p.h>
 
+#include <hostkit/marks/MarkArrangement.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
-#include <hostkit/marks/MarkOrder.h>
 #include <hostkit/setup/ProcessState.h>
 
 #include <QtCore/QtMath>
@@ -83,49 +83,10 @@ double pointsOf(const QPainterPath &path)
     return points;
 }
 
-void enlarge(ZTMarkGraph &graph, double factor)
-{
-    const auto enlarged = [factor](const QRectF &rect) {
-        return QRectF(rect.topLeft() * factor, rect.size() * factor);
-    };
-    for (ZTMarkObject &object : graph.objects) {
-        for (QPolygonF &polygon : object.lines) {
-            for (QPointF &point : polygon)
-                point *= factor;
-        }
-        for (QLineF &line : object.fillLines)
-            line.setPoints(line.p1() * factor, line.p2() * factor);
-        object.rect = enlarged(object.rect);
-    }
-    graph.rect = enlarged(graph.rect);
-}
-
-void dropOutlines(ZTMarkGraph &graph)
-{
-    for (ZTMarkObject &object : graph.objects)
-        object.lines.clear();
-}
-
 void tell(const MarkJobOptions &options, const QString &step)
 {
     if (options.progress)
         options.progress(step);
-}
-
-void order(ZTMarkGraph &graph, const MarkJobOptions &options, MarkJobResult *result)
-{
-    const MarkUnits units = MarkUnits::current();
-    const auto measure = [&](ZTMarkGraph measured) {
-        if (!options.outline)
-            dropOutlines(measured);
-        return measureMarkPath(measured, units);
-    };
-    result->before = measure(graph);
-    orderMarkGraph(&graph);
-    if (!options.outline)
-        dropOutlines(graph);
-    result->after = measureMarkPath(graph, units);
-    result->graph = std::move(graph);
 }
 
 } // namespace
@@ -139,7 +100,7 @@ bool MarkLayout::build(const MarkJobOptions &options, const Filling &fill, MarkJ
     if (!buildGraph(options, fill, &graph, error))
         return false;
     tell(options, tr("ordering"));
-    order(graph, options, result);
+    arrangeMarkGraph(std::move(graph), MarkUnits::current(), options, result);
     return true;
 }
 
@@ -290,7 +251,7 @@ ZTMarkGraph MarkLayout::takeGraph()
     MarkGraphBuilder builder(m_manager, MarkItems(m_items.begin(), m_items.end()));
     builder.work(std::numeric_limits<int>::max());
     ZTMarkGraph graph = builder.takeUnordered();
-    enlarge(graph, ZTCoord::getInstance()->screen2mark() * m_options.scale);
+    enlargeMarkGraph(&graph, ZTCoord::getInstance()->screen2mark() * m_options.scale);
     return graph;
 }
 

@@ -165,7 +165,8 @@ void drawStart(QPainter &painter, const MarkPicture &picture)
 
 } // namespace
 
-bool writeMarkPng(const ZTMarkGraph &graph, const MarkUnits &units, QIODevice &device)
+bool writeMarkPng(const ZTMarkGraph &graph, const MarkUnits &units, QIODevice &device,
+                  const MarkPictureLook &look)
 {
     const MarkPicture picture = layOutMarkPicture(graph, units);
     const double scale = pixelsPerMm(picture.pageMm);
@@ -182,8 +183,10 @@ bool writeMarkPng(const ZTMarkGraph &graph, const MarkUnits &units, QIODevice &d
     painter.scale(scale, scale);
     painter.translate(-picture.pageMm.topLeft());
     drawObjects(painter, graph, picture, units);
-    drawJumps(painter, graph, picture, units);
-    drawStart(painter, picture);
+    if (look.hasJumps) {
+        drawJumps(painter, graph, picture, units);
+        drawStart(painter, picture);
+    }
     painter.end();
     // The encoder prints to stderr when its device fails, so it does not get to see the file.
     QBuffer encoded;

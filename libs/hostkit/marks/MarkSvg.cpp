@@ -201,7 +201,8 @@ void writeStart(QXmlStreamWriter &xml, const MarkPicture &picture)
 
 } // namespace
 
-void writeMarkSvg(const ZTMarkGraph &graph, const MarkUnits &units, QIODevice &device)
+void writeMarkSvg(const ZTMarkGraph &graph, const MarkUnits &units, QIODevice &device,
+                  const MarkPictureLook &look)
 {
     const MarkPicture picture = layOutMarkPicture(graph, units);
     QXmlStreamWriter xml(&device);
@@ -209,8 +210,10 @@ void writeMarkSvg(const ZTMarkGraph &graph, const MarkUnits &units, QIODevice &d
     writePaper(xml, picture.pageMm);
     for (const ZTMarkObject &object : graph.objects)
         writeObject(xml, object, picture, units);
-    writeJumps(xml, graph, picture, units);
-    writeStart(xml, picture);
+    if (look.hasJumps) {
+        writeJumps(xml, graph, picture, units);
+        writeStart(xml, picture);
+    }
     xml.writeEndElement();
     xml.writeEndDocument();
 }

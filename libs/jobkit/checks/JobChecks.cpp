@@ -225,6 +225,17 @@ private:
         return least;
     }
 
+    QString overlapText(bool isWhole, int first, int second) const
+    {
+        if (first == second)
+            return (isWhole ? Texts::tr("%1 has a line that lies twice.")
+                            : Texts::tr("%1 has lines that cover each other in part."))
+                .arg(nameOf(first));
+        return (isWhole ? Texts::tr("%1 has a line that lies twice, also in %2.")
+                        : Texts::tr("%1 has a line that covers one of %2 in part."))
+            .arg(nameOf(first), nameOf(second));
+    }
+
     void checkOverlaps()
     {
         QVector<PlanPiece> outlines;
@@ -234,11 +245,8 @@ private:
         for (const LineOverlap &overlap : overlaps) {
             const int first = outlines[overlap.first].object;
             const int second = outlines[overlap.second].object;
-            const QString text = overlap.isWhole
-                                     ? Texts::tr("%1 has a line that lies twice, also in %2.")
-                                     : Texts::tr("%1 has a line that covers one of %2 in part.");
             add(overlap.isWhole ? FindingKind::DoubledLine : FindingKind::CoveredLine, first,
-                overlap.atMm, text.arg(nameOf(first), nameOf(second)), second);
+                overlap.atMm, overlapText(overlap.isWhole, first, second), second);
         }
     }
 

@@ -51,6 +51,29 @@
         <source>%1 has a line that covers one of %2 in part.</source>
         <translation>%1 有一条线与 %2 的线部分重叠。</translation>
     </message>
+    <message>
+        <source>%1 has a line that lies twice.</source>
+        <translation>%1 有一条线重复了两次。</translation>
+    </message>
+    <message>
+        <source>%1 has lines that cover each other in part.</source>
+        <translation>%1 有互相部分覆盖的线。</translation>
+    </message>
+</context>
+<context>
+    <name>jobkit::JobWriter</name>
+    <message>
+        <source>there is no part to write</source>
+        <translation>没有可写的工件</translation>
+    </message>
+    <message>
+        <source>several parts fit into G-code alone, which can pause</source>
+        <translation>只有能够暂停的 G-code 可以容纳多个工件</translation>
+    </message>
+    <message>
+        <source>a coordinate is no number</source>
+        <translation>有坐标不是数字</translation>
+    </message>
 </context>
 <context>
     <name>jobkit::JsonFields</name>
@@ -63,8 +86,8 @@
         <translation>%1：允许 %2 到 %3 个字符，而不是 %4 个</translation>
     </message>
     <message>
-        <source>%1: a colour as "#rrggbb" is needed</source>
-        <translation>%1：需要 "#rrggbb" 形式的颜色</translation>
+        <source>%1: a colour as &quot;#rrggbb&quot; is needed</source>
+        <translation>%1：需要 &quot;#rrggbb&quot; 形式的颜色</translation>
     </message>
     <message>
         <source>larger than %1 bytes</source>

@@ -1,7 +1,9 @@
 #include <jobkit/writers/JobForms_p.h>
 
+#include <hostkit/files/FileWriter.h>
 #include <hostkit/files/NumberText.h>
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QSet>
 
 #include <algorithm>
@@ -23,6 +25,11 @@ constexpr Extension kExtensions[] = {
     {".nc", JobForm::Gcode},  {".gcode", JobForm::Gcode}, {".plt", JobForm::Hpgl},
     {".hpgl", JobForm::Hpgl}, {".dxf", JobForm::Dxf},     {".svg", JobForm::Svg},
     {".json", JobForm::Json}, {".csv", JobForm::Csv},
+};
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(jobkit::JobWriter)
 };
 
 bool isFinite(const JobFile &job)
@@ -155,6 +162,20 @@ bool writeJob(JobForm form, const JobFile &job, QIODevice &device)
         break;
     }
     return text.finish();
+}
+
+bool saveJob(JobForm form, const JobFile &job, const QString &path, hostkit::Failure *failure)
+{
+    using Kind = hostkit::Failure::Kind;
+    if (job.parts.isEmpty())
+        return hostkit::fail(failure, Kind::NotPossible, Texts::tr("there is no part to write"));
+    if (job.parts.size() > 1 && !canPause(form))
+        return hostkit::fail(failure, Kind::NotPossible,
+                             Texts::tr("several parts fit into G-code alone, which can pause"));
+    if (!isFinite(job))
+        return hostkit::fail(failure, Kind::NotPossible, Texts::tr("a coordinate is no number"));
+    return hostkit::saveWhole(
+        path, [&](QIODevice &device) { return writeJob(form, job, device); }, failure);
 }
 
 } // namespace jobkit

@@ -2,6 +2,8 @@
 
 #include <jobkit/plan/JobTimes.h>
 
+#include <hostkit/files/Failure.h>
+
 #include <QtCore/QStringList>
 
 QT_BEGIN_NAMESPACE
@@ -38,5 +40,12 @@ bool canPause(JobForm form);
  * or where a coordinate is no number; then the file must not be kept.
  */
 bool writeJob(JobForm form, const JobFile &job, QIODevice &device);
+
+/**
+ * Writes a job to a file that appears whole or not at all.
+ *
+ * Failure: false with the reason, and what stood there before stays.
+ */
+bool saveJob(JobForm form, const JobFile &job, const QString &path, hostkit::Failure *failure);
 
 } // namespace jobkit

@@ -56,11 +56,11 @@ std::set<QRgb> colorsOf(const vectorkit::VectorDrawing &drawing)
     std::set<QRgb> colors;
     for (const vectorkit::VectorLayer &layer : drawing.layers) {
         for (const vectorkit::VectorShape &shape : layer.shapes) {
-            if (shape.pen == 0 && shape.color.isValid())
+            if ((shape.pen == 0 || !drawing.hasPens()) && shape.color.isValid())
                 colors.insert(shape.color.rgb());
         }
         for (const vectorkit::VectorText &text : layer.texts) {
-            if (text.pen == 0 && text.color.isValid())
+            if ((text.pen == 0 || !drawing.hasPens()) && text.color.isValid())
                 colors.insert(text.color.rgb());
         }
     }

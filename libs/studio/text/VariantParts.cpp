@@ -1,8 +1,5 @@
 #include <studio/text/VariantParts.h>
 
-#include <hostkit/items/ItemExtras.h>
-#include <hostkit/items/MarkReadiness.h>
-
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>
 
@@ -16,25 +13,6 @@ QString translated(const char *text)
 {
     return QCoreApplication::translate("studio::VariantParts", text);
 }
-
-/** Takes one update back. */
-struct StepBack
-{
-    void operator()(ZTFixedTextSegment &) const {}
-    void operator()(ZTDateTimeSegment &) const {}
-
-    void operator()(ZTCounterSegment &counter) const
-    {
-        if (counter.updates > 0)
-            --counter.updates;
-    }
-
-    void operator()(ZTTextFileSegment &rows) const
-    {
-        if (rows.nextRow > rows.firstRow)
-            --rows.nextRow;
-    }
-};
 
 struct Describer
 {
@@ -86,16 +64,6 @@ QStringList partPreview(const ZTVariantText &text, int valuesPerPart, int parts)
     return shown;
 }
 
-QString onOneLine(QString text) { return text.replace(QLatin1Char('\n'), QChar(0x21B5)); }
-
-Segments beforePresentPart(const Segments &segments)
-{
-    Segments before = segments;
-    for (Segment &segment : before)
-        std::visit(StepBack(), segment);
-    return before;
-}
-
 ZTVariantText variantTextOf(const Segments &segments)
 {
     ZTVariantText text;
@@ -104,30 +72,5 @@ ZTVariantText variantTextOf(const Segments &segments)
 }
 
 QString describe(const Segment &segment) { return std::visit(Describer(), segment); }
-
-NextPart NextPart::make(const QVector<ZTAbstractGraphicsItem *> &items)
-{
-    NextPart part;
-    for (ZTAbstractGraphicsItem *item : items) {
-        auto *textItem = qobject_cast<ZTAbstractGraphicsTextItem *>(item);
-        ZTVariantText *variantText = textItem != nullptr ? textItem->getVariantText() : nullptr;
-        if (variantText == nullptr)
-            continue;
-        for (int left = hostkit::itemExtras(*item).valuesPerPart; left > 1; --left)
-            variantText->update(); // those of the shapes that share its counter
-        const bool isUsedUp = variantText->isExhausted();
-        variantText->update();
-        textItem->fromVariantTextSetText();
-        part.texts << onOneLine(variantText->getText());
-        if (isUsedUp)
-            part.usedUp << part.texts.last();
-        const QString notReady = hostkit::notReadyReason(*textItem);
-        if (!notReady.isEmpty())
-            part.errors << QStringLiteral("%1: %2").arg(part.texts.last(), notReady);
-        if (!variantText->errorText().isEmpty())
-            part.errors << variantText->errorText().split(QLatin1Char('\n'));
-    }
-    return part;
-}
 
 } // namespace studio

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <hostkit/items/PartTexts.h>
+
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 #include <QtCore/QStringList>
@@ -10,11 +12,9 @@ namespace studio {
 using Segment = ZTVariantTextSegment;
 using Segments = QVector<ZTVariantTextSegment>;
 
-// What a variant text shows on the drawing is the present part: its update has been made. Composing
-// one anew starts from the step before, so that the next update makes the present part once more.
-
-/** The segments as they were before the update that made the present part. */
-Segments beforePresentPart(const Segments &segments);
+using hostkit::beforePresentPart;
+using hostkit::NextPart;
+using hostkit::onOneLine;
 
 /** A variant text whose next update makes the present part out of these segments. */
 ZTVariantText variantTextOf(const Segments &segments);
@@ -25,20 +25,7 @@ ZTVariantText variantTextOf(const Segments &segments);
  */
 QStringList partPreview(const ZTVariantText &text, int valuesPerPart, int parts);
 
-/** A text on one line, with arrows for its line ends. */
-QString onOneLine(QString text);
-
 /** One line about a segment, for a list of them. */
 QString describe(const Segment &segment);
-
-/** Moves all variant texts of a drawing on to the next part. */
-struct NextPart
-{
-    QStringList texts;  ///< what the variant texts show now, lowest item first
-    QStringList usedUp; ///< texts that show their last value once more
-    QStringList errors; ///< what could not be read or cannot be shown, a line each
-
-    static NextPart make(const QVector<ZTAbstractGraphicsItem *> &items);
-};
 
 } // namespace studio

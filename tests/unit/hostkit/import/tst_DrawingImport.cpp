@@ -101,6 +101,7 @@ private Q_SLOTS:
     void import_hatchesClosedOutlinesAlone();
     void import_penTable_winsOverTheNearestColor();
     void import_plotterPens_areKept();
+    void import_colorIndices_areNoPens();
     void import_tolerance_makesStraightPieces();
     void import_centre_movesTheWhole();
     void import_cancelled_leavesNothing();
@@ -250,6 +251,26 @@ void tst_DrawingImport::import_plotterPens_areKept()
         hostkit::importDrawing(document, drawing, splitBy(ImportSplit::Color));
     QCOMPARE(result.items[0]->getPenId(), 3);
     QCOMPARE(result.items[1]->getPenId(), 7);
+}
+
+void tst_DrawingImport::import_colorIndices_areNoPens()
+{
+    VectorDrawing drawing = plate();
+    drawing.format = vectorkit::VectorFormat::Dxf;
+    drawing.layers[0].shapes[0].pen = 7;
+    drawing.layers[0].shapes[0].color = Qt::black;
+    drawing.layers[0].shapes[1].pen = 1;
+    drawing.layers[0].shapes[1].color = Qt::red;
+    drawing.layers[1].shapes[0].pen = 5;
+    drawing.layers[1].shapes[0].color = Qt::blue;
+    ZTGraphicsDocument document;
+    const ImportResult result =
+        hostkit::importDrawing(document, drawing, splitBy(ImportSplit::Color));
+    QCOMPARE(result.items.size(), 3);
+    // Black, red and blue on the screen.
+    QCOMPARE(result.items[0]->getPenId(), 1);
+    QCOMPARE(result.items[1]->getPenId(), 12);
+    QCOMPARE(result.items[2]->getPenId(), 2);
 }
 
 void tst_DrawingImport::import_tolerance_makesStraightPieces()

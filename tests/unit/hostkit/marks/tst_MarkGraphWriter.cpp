@@ -100,20 +100,33 @@ private Q_SLOTS:
     void csv_hasARowForEachPointAndEachSegment()
     {
         QCOMPARE(write(QStringLiteral("a.csv"), sample()),
-                 QByteArray("object,pen,kind,piece,x1_mark,y1_mark,x2_mark,y2_mark\n"
-                            "1,2,outline,1,0,200,,\n"
-                            "1,2,outline,1,400,200,,\n"
-                            "1,2,outline,1,400,0,,\n"
-                            "1,2,hatch,1,100,150,300,150\n"
-                            "1,2,hatch,2,300,160,100,160\n"
-                            "2,1,outline,1,500,0,,\n"
-                            "2,1,outline,1,500,200.5,,\n"));
+                 QByteArray("object,pen,kind,piece,x1_mark,y1_mark,x2_mark,y2_mark,units_per_mm\n"
+                            "1,2,outline,1,0,200,,,10\n"
+                            "1,2,outline,1,400,200,,,10\n"
+                            "1,2,outline,1,400,0,,,10\n"
+                            "1,2,hatch,1,100,150,300,150,10\n"
+                            "1,2,hatch,2,300,160,100,160,10\n"
+                            "2,1,outline,1,500,0,,,10\n"
+                            "2,1,outline,1,500,200.5,,,10\n"));
     }
 
     void csv_emptyGraph_hasItsHeader()
     {
-        QCOMPARE(write(QStringLiteral("a.csv"), ZTMarkGraph()),
-                 QByteArray("object,pen,kind,piece,x1_mark,y1_mark,x2_mark,y2_mark\n"));
+        QCOMPARE(
+            write(QStringLiteral("a.csv"), ZTMarkGraph()),
+            QByteArray("object,pen,kind,piece,x1_mark,y1_mark,x2_mark,y2_mark,units_per_mm\n"));
+    }
+
+    void svg_withoutJumps_showsTheMarksAlone()
+    {
+        const QString path = folder->filePath(QStringLiteral("plain.svg"));
+        QVERIFY(hostkit::saveMarkGraph(sample(), hostkit::MarkUnits{10.0}, path, nullptr, {false}));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray svg = file.readAll();
+        QVERIFY(svg.contains("class=\"outline\""));
+        QVERIFY(!svg.contains("class=\"jump"));
+        QVERIFY(!svg.contains("class=\"start\""));
     }
 
     void json_holdsTheWholeGraph()

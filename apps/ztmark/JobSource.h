@@ -1,0 +1,82 @@
+#pragma once
+
+#include "ForeignFiles.h"
+#include "InputFiles.h"
+#include "OpenedDrawing.h"
+
+#include <jobkit/plan/JobPlan.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QLockFile>
+#include <QtCore/QStringList>
+
+#include <memory>
+
+class Progress;
+
+/**
+ * What `ztmark job` marks, part after part: a drawing with its variant texts, or foreign files.
+ *
+ * The numbers of a drawing are kept in its file. A part's numbers are used up when the part is in a
+ * file that a machine runs, and never come again.
+ */
+class JobSource
+{
+    Q_DECLARE_TR_FUNCTIONS(JobSource)
+
+public:
+    /** False, told on stderr, when nothing could be opened. */
+    bool open(const InputFiles &files, ForeignFiles &foreign, const hostkit::MarkJobOptions &layout,
+              Progress &progress);
+
+    /** False when one of several files could not be taken in. */
+    bool isWhole() const { return m_isWhole; }
+
+    /** Whether parts differ: the drawing has variant texts. */
+    bool hasVariants() const { return !m_present.isEmpty(); }
+
+    /** What the variant texts of the present part show, one line. */
+    QString variants() const { return m_present.join(QLatin1Char(' ')); }
+
+    /**
+     * Whether all shapes mark what they were told; false is told on stderr. Order: after `items`.
+     */
+    bool isReady() const;
+
+    /** The objects of the present part, the drawing's own order kept. */
+    QVector<jobkit::JobItem> items();
+
+    /**
+     * Keeps other jobs from taking the same numbers, for as long as this lives. False, told on
+     * stderr, when they cannot be kept in the drawing afterwards.
+     */
+    bool lock(const InputFiles &files);
+
+    /** Whether there are numbers for so many parts; false is told on stderr. */
+    bool hasEnough(int parts) const;
+
+    /** On to the next part. False, told on stderr, when a text has nothing to show. */
+    bool next();
+
+    /** Writes the drawing with the numbers of the next part. False, told on stderr. */
+    bool store(Progress &progress);
+
+    /** What the next job marks first; empty when the numbers are used up. */
+    QString nextVariants() const { return m_isUsedUp ? QString() : variants(); }
+
+private:
+    bool openDrawing(const InputFiles &files, Progress &progress);
+    bool openForeign(const InputFiles &files, ForeignFiles &foreign,
+                     const hostkit::MarkJobOptions &layout, Progress &progress);
+    bool showPart(const QStringList &errors);
+    void toMiddle(QVector<jobkit::JobItem> *items) const;
+
+    OpenedDrawing m_drawing;
+    QVector<ZTAbstractGraphicsItem *> m_items; ///< those to be marked. Owner: the document
+    std::string m_name;                        ///< of the drawing, or of the first file
+    QStringList m_present;                     ///< what the variant texts show
+    bool m_isForeign = false;
+    bool m_isWhole = true;
+    bool m_isUsedUp = false;
+    std::unique_ptr<QLockFile> m_lock;
+};

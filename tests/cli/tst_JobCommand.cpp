@@ -1,0 +1,535 @@
+#include "ZtmarkProcess.h"
+
+#include <support/GcodeController.h>
+#include <support/SingletonGuard.h>
+
+#include <hostkit/drawing/DrawingCapture.h>
+#include <hostkit/drawing/DrawingLoader.h>
+#include <hostkit/items/ItemExtras.h>
+#include <hostkit/items/PartTexts.h>
+#include <hostkit/setup/Factories.h>
+
+#include <QtCore/QDir>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <QtCore/QLockFile>
+#include <QtCore/QTemporaryDir>
+
+#include <memory>
+
+namespace {
+
+/** A galvo head without a speed limit that matters, and round figures. */
+const QByteArray kGalvo =
+    "{\"format\":\"job-profile\",\"version\":1,\"name\":\"head\",\"kind\":\"galvo\","
+    "\"origin\":\"centre\",\"mostSpeedMmPerS\":1000,\"jumpSpeedMmPerS\":1000,"
+    "\"jumpDelayUs\":300,\"markDelayUs\":200,\"cornerDelayUs\":100}";
+
+/** A gantry that stops at every corner. */
+const QByteArray kGantry =
+    "{\"format\":\"job-profile\",\"version\":1,\"name\":\"axes\",\"kind\":\"gantry\","
+    "\"origin\":\"centre\",\"mostSpeedMmPerS\":100,\"jumpSpeedMmPerS\":100,"
+    "\"accelerationMmPerS2\":1000,\"junctionDeviationMm\":0}";
+
+const QByteArray kPens = "{\"format\":\"job-pens\",\"version\":1,\"name\":\"steel\",\"pens\":["
+                         "{\"number\":1,\"speedMmPerS\":50,\"powerPercent\":40,"
+                         "\"powerMode\":\"constant\"}]}";
+
+} // namespace
+
+class tst_JobCommand : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { hostkit::registerFactories(); }
+    void init()
+    {
+        m_guard = std::make_unique<testsupport::SingletonGuard>();
+        hostkit::registerFactories();
+        m_folder = std::make_unique<QTemporaryDir>();
+        // A corner of 40 and 20 mm, closed nowhere; in the middle of the field from (-20, 10).
+        put("corner.plt", "PU0,0;PD1600,0;PD1600,800;");
+        put("galvo.json", kGalvo);
+        put("gantry.json", kGantry);
+        put("pens.json", kPens);
+    }
+    void cleanup() { m_guard.reset(); }
+
+    void time_ofAGalvoHead_equalsTheOneByHand()
+    {
+        const QJsonObject times = json(job("corner.plt --profile galvo.json --pens pens.json "
+                                           "--json"));
+        const QJsonObject part = times.value(QStringLiteral("part")).toObject();
+        // 60 mm at 50 mm/s; from the middle to either end; a right angle is half the corner delay.
+        near(part, "markS", 1.2);
+        near(part, "jumpS", std::hypot(20, 10) / 1000);
+        near(part, "delayS", 0.0003 + 0.0002 + 0.00005);
+        near(part, "totalS", 1.2 + std::hypot(20, 10) / 1000 + 0.00055);
+        QCOMPARE(times.value(QStringLiteral("byPen")).toObject().keys(),
+                 QStringList{QStringLiteral("1")});
+    }
+
+    void time_ofAGantry_equalsTheOneByHand()
+    {
+        const QJsonObject part = json(job("corner.plt --profile gantry.json --json"))
+                                     .value(QStringLiteral("part"))
+                                     .toObject();
+        // At 100 mm/s, each move from rest to rest takes length / 100 + 100 / 1000.
+        near(part, "markS", 0.4 + 0.1 + 0.2 + 0.1);
+        near(part, "jumpS", std::hypot(20, 10) / 100 + 0.1);
+        near(part, "delayS", 0.0);
+    }
+
+    void time_ofParts_goesOnFromEachToTheNext()
+    {
+        const QJsonObject total =
+            json(job("corner.plt --profile galvo.json --pens pens.json --parts 3 --json"))
+                .value(QStringLiteral("total"))
+                .toObject();
+        // Back from the other end twice: (20, -10) to (-20, 10).
+        near(total, "markS", 3.6);
+        near(total, "jumpS", (std::hypot(20, 10) + 2 * std::hypot(40, 20)) / 1000);
+        near(total, "delayS", 3 * 0.00055);
+    }
+
+    void time_isATable()
+    {
+        const ZtmarkRun run = job("corner.plt --profile galvo.json --pens pens.json --time");
+        QCOMPARE(run.err, QString());
+        QCOMPARE(run.out,
+                 QStringLiteral("Seconds              total    marking      jumps     delays\n"
+                                "Part                 1.223      1.200      0.022      0.001\n"
+                                "  pen 1              1.223      1.200      0.022      0.001\n"));
+        QCOMPARE(run.exitCode, 0);
+    }
+
+    void gcode_isTheDrawing_withoutABurningJump()
+    {
+        const ZtmarkRun run = job("corner.plt --pens pens.json -o a.nc");
+        QCOMPARE(run.err, QString());
+        QCOMPARE(run.exitCode, 0);
+        testsupport::Controller controller;
+        controller.run(written("a.nc"));
+        QCOMPARE(controller.fault, QString());
+        QCOMPARE(controller.burns.size(), 1);
+        // In the middle of 400 x 400 mm, from the lower left corner, which the head is nearer to.
+        QCOMPARE(controller.burns[0].machineMm,
+                 QPolygonF(QVector<QPointF>{{180, 190}, {220, 190}, {220, 210}}));
+        QCOMPARE(controller.burns[0].power, 400.0); // of 1000
+        QCOMPARE(controller.burns[0].feedMmPerMin, 3000.0);
+        QCOMPARE(controller.burns[0].mode, '3');
+    }
+
+    void gcode_ofSeveralParts_pausesBetweenThem()
+    {
+        QCOMPARE(job("corner.plt --parts 3 -o a.nc").exitCode, 0);
+        testsupport::Controller controller;
+        controller.run(written("a.nc"));
+        QCOMPARE(controller.fault, QString());
+        QCOMPARE(controller.pauses, 2);
+        QCOMPARE(controller.burns.size(), 3);
+    }
+
+    void parts_withoutAPause_areFiles()
+    {
+        QCOMPARE(job("corner.plt --parts 2 -o a.svg -o a.nc --separate").exitCode, 0);
+        for (const char *name : {"a-0001.svg", "a-0002.svg", "a-0001.nc", "a-0002.nc"})
+            QVERIFY2(QFile::exists(path(name)), name);
+        QVERIFY(!QFile::exists(path("a.nc")));
+    }
+
+    void otherForms_areReadBackTheSame_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("plt") << QStringLiteral("a.plt");
+        QTest::newRow("dxf") << QStringLiteral("a.dxf");
+        QTest::newRow("svg") << QStringLiteral("a.svg");
+    }
+
+    void otherForms_areReadBackTheSame()
+    {
+        QFETCH(QString, name);
+        QCOMPARE(job(QStringLiteral("corner.plt -o ") + name).exitCode, 0);
+        const ZtmarkRun run = runZtmark({QStringLiteral("mark"), name}, m_folder->path());
+        QVERIFY2(run.out.contains(QStringLiteral("Polylines:      1\n")), qPrintable(run.out));
+        QVERIFY2(run.out.contains(QStringLiteral("Mark length:    60.000 mm\n")),
+                 qPrintable(run.out));
+    }
+
+    void formOfTheProfile_isTakenForOtherNames()
+    {
+        QCOMPARE(job("corner.plt -o a.tap").exitCode, 0); // grbl-diode runs G-code
+        QVERIFY(written("a.tap").contains("\nG21\n"));
+    }
+
+    void frame_isTheBoxWithoutPower()
+    {
+        QCOMPARE(job("corner.plt --frame box -o a.nc").exitCode, 0);
+        testsupport::Controller controller;
+        controller.run(written("a.nc"));
+        QCOMPARE(controller.fault, QString());
+        QCOMPARE(controller.burns.size(), 1);
+        QCOMPARE(controller.burns[0].power, 0.0);
+        QCOMPARE(controller.burns[0].machineMm.boundingRect(), QRectF(180, 190, 40, 20));
+    }
+
+    void optimize_ordersThePieces()
+    {
+        // Three strokes, the middle one drawn last.
+        put("far.plt", "PU0,0;PD40,0;PU4000,0;PD4040,0;PU2000,0;PD2040,0;");
+        const auto jumps = [this](const char *order) {
+            return json(job(QStringLiteral("far.plt --profile galvo.json --json --optimize ") +
+                            QLatin1String(order)))
+                .value(QStringLiteral("part"))
+                .toObject()
+                .value(QStringLiteral("jumpS"))
+                .toDouble();
+        };
+        // The outlines of a shape come from the right, each is run to the right; the best order
+        // runs along the row.
+        QVERIFY(qAbs(jumps("none") - (0.0495 + 2 * 0.051)) < 1e-9);
+        QVERIFY(qAbs(jumps("best") - (0.0505 + 2 * 0.049)) < 1e-9);
+    }
+
+    void hatch_ofForeignDrawings_isMarked()
+    {
+        put("square.plt", "PU0,0;PD400,0;PD400,400;PD0,400;PD0,0;");
+        const double outline =
+            markS(job("square.plt --profile galvo.json --pens pens.json --json"));
+        const double hatched = markS(job(
+            "square.plt --profile galvo.json --pens pens.json --json --hatch line --spacing 1"));
+        QVERIFY(qAbs(outline - 0.8) < 1e-9);
+        QVERIFY2(hatched > outline + 1.5, qPrintable(QString::number(hatched))); // 8 lines at least
+        const double alone = markS(job("square.plt --profile galvo.json --pens pens.json --json "
+                                       "--hatch line --spacing 1 --no-outline"));
+        QVERIFY(qAbs(hatched - outline - alone) < 1e-9);
+    }
+
+    void serialNumbers_advanceOnceAPart_andNoneComesTwice()
+    {
+        makeDrawing(100);
+        const ZtmarkRun first = job("serial.ztd -o a.json --parts 2");
+        QCOMPARE(first.err, QString());
+        QCOMPARE(first.out, QStringLiteral("Parts:          2\n"
+                                           "First part:     SN-0001\n"
+                                           "Last part:      SN-0002\n"
+                                           "Next part:      SN-0003\n"));
+        QCOMPARE(first.exitCode, 0);
+        QVERIFY(written("a-0001.json") != written("a-0002.json"));
+        const ZtmarkRun second = job("serial.ztd -o b.nc");
+        QCOMPARE(second.out, QStringLiteral("Part:           SN-0003\nNext part:      SN-0004\n"));
+        QCOMPARE(textOf("serial.ztd"), QStringLiteral("SN-0004"));
+        QVERIFY(!QFile::exists(path("serial.ztd.lock")));
+    }
+
+    void serialNumbers_differInEachPartOfOneFile()
+    {
+        makeDrawing(100);
+        QCOMPARE(job("serial.ztd -o a.nc --parts 3 --optimize none").exitCode, 0);
+        testsupport::Controller controller;
+        controller.run(written("a.nc"));
+        QCOMPARE(controller.fault, QString());
+        QCOMPARE(controller.pauses, 2);
+        const QList<QByteArray> parts = written("a.nc").split('M'); // M0 is among what parts them
+        QVERIFY(parts.size() > 3);
+        QCOMPARE(textOf("serial.ztd"), QStringLiteral("SN-0004"));
+    }
+
+    void serialNumbers_stayForTimeAndFrame()
+    {
+        makeDrawing(100);
+        const QByteArray before = written("serial.ztd");
+        QCOMPARE(job("serial.ztd --time --parts 5").exitCode, 0);
+        QCOMPARE(job("serial.ztd --frame hull -o f.nc").exitCode, 0);
+        QCOMPARE(written("serial.ztd"), before);
+    }
+
+    void serialNumbers_stayWhenAFileFails_andNoneIsLeft()
+    {
+        makeDrawing(100);
+        const QByteArray before = written("serial.ztd");
+        QVERIFY(QFile::link(QStringLiteral("/dev/full"), path("b.nc")));
+        const ZtmarkRun run = job("serial.ztd -o a.nc -o b.nc --parts 2");
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(run.err.contains(QStringLiteral("ztmark: b.nc: ")), qPrintable(run.err));
+        QVERIFY2(
+            run.err.contains(QStringLiteral("ztmark: a.nc: taken back, as the job is not whole\n")),
+            qPrintable(run.err));
+        QVERIFY(!QFile::exists(path("a.nc")));
+        QCOMPARE(written("serial.ztd"), before);
+    }
+
+    void serialNumbers_thatCannotBeKept_leaveNoFile()
+    {
+        makeDrawing(100);
+        const QByteArray before = written("serial.ztd");
+        // Files may grow to a block of 1 KiB, which the frame of a dot fits in, a drawing does not.
+        const ZtmarkRun run = runShell("trap '' XFSZ; ulimit -f 4; \"$ZTMARK\" job serial.ztd "
+                                       "--profile galvo.json -o a.csv",
+                                       m_folder->path());
+        QCOMPARE(run.exitCode, 1);
+        QCOMPARE(written("serial.ztd"), before);
+        QVERIFY(!QFile::exists(path("a.csv")));
+    }
+
+    void serialNumbers_thatEnd_areToldBeforeAnythingIsWritten()
+    {
+        makeDrawing(3);
+        const ZtmarkRun run = job("serial.ztd -o a.nc --parts 4");
+        QCOMPARE(run.err, QStringLiteral("ztmark: serial.ztd: the serial number ends after part 3 "
+                                         "of 4\n"));
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY(!QFile::exists(path("a.nc")));
+    }
+
+    void serialNumbers_theLastOne_isMarkedOnceAlone()
+    {
+        makeDrawing(3);
+        const ZtmarkRun last = job("serial.ztd -o a.nc --parts 3");
+        QVERIFY2(last.out.endsWith(QStringLiteral("Next part:      none, the numbers are used "
+                                                  "up\n")),
+                 qPrintable(last.out));
+        const ZtmarkRun beyond = job("serial.ztd -o b.nc");
+        QCOMPARE(beyond.err,
+                 QStringLiteral("ztmark: serial.ztd: the serial number of \"text 0\" is "
+                                "used up: SN-0003 was the last\n"));
+        QCOMPARE(beyond.exitCode, 1);
+        QVERIFY(!QFile::exists(path("b.nc")));
+    }
+
+    void serialNumbers_thatAreSharedByShapes_endTogether()
+    {
+        // Two shapes take turns: 1 and 2, 3 and 4; the fifth has no partner.
+        makeDrawing(5, 0.0, 2);
+        const ZtmarkRun first = job("serial.ztd -o a.nc --parts 2");
+        QCOMPARE(first.err, QString());
+        QCOMPARE(first.out, QStringLiteral("Parts:          2\n"
+                                           "First part:     SN-0001 SN-0002\n"
+                                           "Last part:      SN-0003 SN-0004\n"
+                                           "Next part:      none, the numbers are used up\n"));
+        QCOMPARE(job("serial.ztd -o b.nc").exitCode, 1);
+        QCOMPARE(job("serial.ztd --time").exitCode, 1);
+    }
+
+    void serialNumbers_thatAreExtended_goOnWithTheNext()
+    {
+        makeDrawing(3);
+        QCOMPARE(job("serial.ztd -o a.nc --parts 3").exitCode, 0);
+        extendTo(9);
+        const ZtmarkRun next = job("serial.ztd -o b.nc");
+        QCOMPARE(next.err, QString());
+        QCOMPARE(next.out, QStringLiteral("Part:           SN-0004\nNext part:      SN-0005\n"));
+    }
+
+    void serialNumbers_areTakenByOneJobAtATime()
+    {
+        makeDrawing(100);
+        QLockFile other(path("serial.ztd.lock"));
+        QVERIFY(other.tryLock());
+        const ZtmarkRun run = job("serial.ztd -o a.nc");
+        QCOMPARE(run.err, QStringLiteral("ztmark: serial.ztd: another job takes numbers of it: try "
+                                         "again afterwards\n"));
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY(!QFile::exists(path("a.nc")));
+    }
+
+    void checks_areTold_withTheObject()
+    {
+        // A drawing as it lies: 500 mm to the right of the middle.
+        makeDrawing(100, 500.0);
+        const ZtmarkRun run = job("serial.ztd -o a.nc");
+        QCOMPARE(run.err,
+                 QStringLiteral("ztmark: serial.ztd: \"text 0\" reaches beyond the field.\n"
+                                "ztmark: serial.ztd: nothing written\n"));
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY(!QFile::exists(path("a.nc")));
+        const ZtmarkRun told = job("serial.ztd -o a.nc --outside");
+        QCOMPARE(told.err, QStringLiteral("ztmark: serial.ztd: warning: \"text 0\" reaches beyond "
+                                          "the field.\n"));
+        QCOMPARE(told.exitCode, 0);
+    }
+
+    void failures_areExitCode1_data()
+    {
+        QTest::addColumn<QString>("arguments");
+        QTest::addColumn<QString>("complaint");
+        const auto row = [](const char *arguments, const char *complaint) {
+            QTest::newRow(arguments)
+                << QString::fromLatin1(arguments) << QString::fromLatin1(complaint);
+        };
+        row("none.plt", "none.plt: no such file");
+        row("corner.plt --profile mill", "mill: neither a file nor a profile on board, which are "
+                                         "galvo-fiber, grbl-diode");
+        row("corner.plt --pens none.json", "none.json: no such file");
+        row("corner.plt -o none/a.nc", "none/a.nc: the folder does not exist");
+        row("corner.plt -o corner.plt", "corner.plt: would overwrite the drawing it is made of");
+    }
+
+    void failures_areExitCode1()
+    {
+        QFETCH(QString, arguments);
+        QFETCH(QString, complaint);
+        const ZtmarkRun run = job(arguments);
+        QCOMPARE(run.err, QStringLiteral("ztmark: %1\n").arg(complaint));
+        QCOMPARE(run.exitCode, 1);
+    }
+
+    void wrongUsage_isExitCode2_data()
+    {
+        QTest::addColumn<QString>("arguments");
+        for (const char *arguments :
+             {"", "corner.plt --optimize fast", "corner.plt --parts 0", "corner.plt --parts 10001",
+              "corner.plt --frame circle", "corner.plt --frame box --parts 2",
+              "serial.ztd --hatch line", "serial.ztd --size 10x10", "corner.plt --separate"})
+            QTest::newRow(*arguments == '\0' ? "nothing" : arguments)
+                << QString::fromLatin1(arguments);
+    }
+
+    void wrongUsage_isExitCode2()
+    {
+        QFETCH(QString, arguments);
+        makeDrawing(9);
+        const ZtmarkRun run = job(arguments);
+        QCOMPARE(run.exitCode, 2);
+        QCOMPARE(run.err.count(QLatin1Char('\n')), 1);
+    }
+
+    void profiles_areListedShownAndChecked()
+    {
+        QVERIFY(profile("list").out.startsWith(QStringLiteral("galvo-fiber ")));
+        const ZtmarkRun shown = profile("show grbl-diode");
+        put("own.json", shown.out.toUtf8());
+        QCOMPARE(profile("check own.json").out, QStringLiteral("grbl-diode: without fault\n"));
+        put("own.json", kGantry.left(kGantry.size() - 1) + ",\"decimals\":9}");
+        const ZtmarkRun faulty = profile("check own.json");
+        QCOMPARE(faulty.exitCode, 1);
+        QCOMPARE(faulty.err,
+                 QStringLiteral("ztmark: own.json: decimals: 0 to 6 is allowed, not 9\n"));
+        QCOMPARE(profile("check nothing").exitCode, 1);
+        QCOMPARE(profile("").exitCode, 2);
+    }
+
+private:
+    void put(const char *name, const QByteArray &content)
+    {
+        QFile file(path(name));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(content), qint64(content.size()));
+    }
+
+    /**
+     * A drawing with the text SN-0001, to be counted up to `last`, near the middle; or with several
+     * below each other that share the numbers.
+     */
+    void makeDrawing(qint64 last, double leftMm = 0.0, int shapes = 1)
+    {
+        ZTGraphicsDocument document;
+        document.itemMag()->scene()->setSceneRect(QRectF(-5000, -5000, 10000, 10000));
+        for (int shape = 0; shape < shapes; ++shape)
+            addText(document, last, QPointF(leftMm, 20.0 * shape), shape, shapes);
+        QVERIFY(hostkit::saveDrawing(document, {}, path("serial.ztd"), nullptr));
+    }
+
+    void addText(ZTGraphicsDocument &document, qint64 last, const QPointF &placeMm, int shape,
+                 int shapes)
+    {
+        auto *item = qobject_cast<ZTGraphicsTextItem *>(
+            document.itemMag()->addShape(ShapeType::Text, {0, 0, 10, 10}));
+        QVERIFY(item != nullptr);
+        ZTCounterSegment counter;
+        counter.width = 4;
+        counter.last = last;
+        counter.updates = quint64(shape);
+        item->setEnableVariantText(true);
+        item->getVariantText()->setSegments({ZTFixedTextSegment{QStringLiteral("SN-")}, counter});
+        hostkit::NextPart::make({item});
+        item->setPos(ZTCoord::getInstance()->getMm2pixTransform().map(placeMm));
+        hostkit::ItemExtras extras = hostkit::itemExtras(*item);
+        extras.valuesPerPart = shapes;
+        hostkit::setItemExtras(*item, extras);
+    }
+
+    /** Lets the text of the drawing be counted up to `last`. */
+    void extendTo(qint64 last)
+    {
+        hostkit::DrawingFile drawing;
+        ZTGraphicsDocument document;
+        QVERIFY(readDrawing(path("serial.ztd"), &drawing, nullptr));
+        QVERIFY(applyDrawing(drawing, document, {}, nullptr, nullptr));
+        for (QGraphicsItem *candidate : document.itemMag()->scene()->items()) {
+            auto *item = dynamic_cast<ZTGraphicsTextItem *>(candidate);
+            if (item == nullptr)
+                continue;
+            QVector<ZTVariantTextSegment> segments = item->getVariantText()->getSegments();
+            std::get<ZTCounterSegment>(segments[1]).last = last;
+            item->getVariantText()->setSegments(segments);
+        }
+        QVERIFY(hostkit::saveDrawing(document, {}, path("serial.ztd"), nullptr));
+    }
+
+    /** What the text of a drawing shows. */
+    QString textOf(const char *name) const
+    {
+        hostkit::DrawingFile drawing;
+        ZTGraphicsDocument document;
+        if (!readDrawing(path(name), &drawing, nullptr) ||
+            !applyDrawing(drawing, document, {}, nullptr, nullptr))
+            return QStringLiteral("not loaded");
+        for (QGraphicsItem *candidate : document.itemMag()->scene()->items()) {
+            if (auto *item = dynamic_cast<ZTGraphicsTextItem *>(candidate))
+                return item->text();
+        }
+        return QStringLiteral("no text");
+    }
+
+    ZtmarkRun job(const char *arguments) const { return job(QString::fromLatin1(arguments)); }
+
+    ZtmarkRun job(const QString &arguments) const
+    {
+        return runZtmark(
+            QStringLiteral("job %1").arg(arguments).split(QLatin1Char(' '), Qt::SkipEmptyParts),
+            m_folder->path());
+    }
+
+    ZtmarkRun profile(const char *arguments) const
+    {
+        return runZtmark(QStringLiteral("profile %1")
+                             .arg(QLatin1String(arguments))
+                             .split(QLatin1Char(' '), Qt::SkipEmptyParts),
+                         m_folder->path());
+    }
+
+    static QJsonObject json(const ZtmarkRun &run)
+    {
+        return QJsonDocument::fromJson(run.out.toUtf8()).object();
+    }
+
+    static double markS(const ZtmarkRun &run)
+    {
+        return json(run)
+            .value(QStringLiteral("part"))
+            .toObject()
+            .value(QStringLiteral("markS"))
+            .toDouble();
+    }
+
+    static void near(const QJsonObject &sums, const char *name, double expected)
+    {
+        const double actual = sums.value(QLatin1String(name)).toDouble(-1.0);
+        QVERIFY2(qAbs(actual - expected) < 1e-9, qPrintable(QStringLiteral("%1: %2 instead of %3")
+                                                                .arg(QLatin1String(name))
+                                                                .arg(actual, 0, 'g', 12)
+                                                                .arg(expected, 0, 'g', 12)));
+    }
+
+    QByteArray written(const char *name) const { return bytesOf(path(name)); }
+
+    QString path(const char *name) const { return m_folder->filePath(QLatin1String(name)); }
+
+    std::unique_ptr<testsupport::SingletonGuard> m_guard;
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+QTEST_MAIN(tst_JobCommand)
+#include "tst_JobCommand.moc"
