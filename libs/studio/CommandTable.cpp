@@ -11,7 +11,9 @@
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/groups/GroupTools.h>
 #include <studio/job/JobTools.h>
+#include <studio/list/ShapeList.h>
 #include <studio/panel/ShapePanel.h>
+#include <studio/print/PrintActions.h>
 #include <studio/text/TextTools.h>
 
 #include <QtCore/QCoreApplication>
@@ -45,6 +47,12 @@ template <MirrorCommand::Kind kind>
 void mirror(MainWindow &window)
 {
     window.edit().mirror(kind);
+}
+
+template <OrderChange change>
+void changeOrder(MainWindow &window)
+{
+    window.list().changeOrder(change);
 }
 
 /** Nudges by a direction, each part -1, 0 or 1, times one of the three steps. */
@@ -98,6 +106,10 @@ const QVector<Command> kFixedCommands = {
      [](MainWindow &w) { w.chooseExport(false); }},
     {"file.exportSelection", TEXT("Export mark paths of se&lection..."), "", "Ctrl+Shift+E", "",
      Needs::Selection, kWindow, [](MainWindow &w) { w.chooseExport(true); }},
+    {"file.print", TEXT("&Print..."), "", "Ctrl+P", TEXT("Print the drawing at true size"),
+     Needs::Shapes, kWindow, [](MainWindow &w) { w.printing().choosePrinter(); }},
+    {"file.pdf", TEXT("Save as P&DF..."), "", "", TEXT("The drawing at true size as PDF"),
+     Needs::Shapes, kWindow, [](MainWindow &w) { w.printing().choosePdf(); }},
     {"job.preview", TEXT("Pre&view..."), "preview", "F5",
      TEXT("Play the job: order, jumps and the time it takes"), Needs::Shapes, kWindow,
      [](MainWindow &window) { window.job().showPreview(); }},
@@ -205,6 +217,22 @@ const QVector<Command> kFixedCommands = {
     {"view.fitAll", TEXT("Fit &all"), "", "Ctrl+2", TEXT("Show the whole drawing"), Needs::Shapes,
      kWindow, [](MainWindow &w) { w.fitAll(); }},
 
+    {"order.first", TEXT("To &first"), "order-first", "Ctrl+Shift+Home",
+     TEXT("To first: marked before all others"), Needs::Shapes, kWindow,
+     &changeOrder<OrderChange::ToFirst>},
+    {"order.raise", TEXT("&Raise"), "order-raise", "Ctrl+Shift+Up",
+     TEXT("Raise: marked one place earlier"), Needs::Shapes, kWindow,
+     &changeOrder<OrderChange::Raise>},
+    {"order.lower", TEXT("&Lower"), "order-lower", "Ctrl+Shift+Down",
+     TEXT("Lower: marked one place later"), Needs::Shapes, kWindow,
+     &changeOrder<OrderChange::Lower>},
+    {"order.last", TEXT("To l&ast"), "order-last", "Ctrl+Shift+End",
+     TEXT("To last: marked after all others"), Needs::Shapes, kWindow,
+     &changeOrder<OrderChange::ToLast>},
+    {"order.reverse", TEXT("Re&verse"), "order-reverse", "",
+     TEXT("Reverse the order of marking, of the selected shapes or of all"), Needs::Shapes,
+     kWindow, &changeOrder<OrderChange::Reverse>},
+
     {"view.resetLayout", TEXT("&Reset layout"), "", "",
      TEXT("Put panels and toolbars where they were at first"), Needs::Nothing, kWindow,
      [](MainWindow &w) { w.resetLayout(); }},
@@ -230,6 +258,10 @@ const QVector<Command> kFixedCommands = {
     {"nudge.fineDown", TEXT("Down by 0.1 mm"), "", "Ctrl+Down", "", Needs::Selection, kView,
      &nudgeFinely<0, 1>},
 
+    {"help.manual", TEXT("User &manual"), "", "F1", TEXT("The manual, to be read and searched"),
+     Needs::Nothing, kWindow, [](MainWindow &w) { w.showManual(); }},
+    {"help.shortcuts", TEXT("&Shortcuts"), "", "Ctrl+F1", TEXT("All shortcuts on one sheet"),
+     Needs::Nothing, kWindow, [](MainWindow &w) { w.showShortcuts(); }},
     {"help.about", TEXT("&About"), "", "", "", Needs::Nothing, kWindow,
      [](MainWindow &w) { w.showAbout(); }},
 };

@@ -26,11 +26,16 @@
 #include <studio/drawing/DrawingMessages.h>
 #include <studio/drawing/RecentMenu.h>
 #include <studio/groups/GroupTools.h>
+#include <studio/help/ManualWindow.h>
+#include <studio/help/ShortcutSheet.h>
 #include <studio/import/ImportDialog.h>
 #include <studio/job/JobExporter.h>
 #include <studio/job/JobPanel.h>
 #include <studio/job/JobTools.h>
+#include <studio/list/ShapeList.h>
+#include <studio/list/ShapeListView.h>
 #include <studio/panel/ShapePanel.h>
+#include <studio/print/PrintActions.h>
 #include <studio/text/TextTools.h>
 
 #include <hostkit/drawing/SampleDrawing.h>
@@ -62,11 +67,11 @@ const QString kDrawingPatterns = QStringLiteral(
     "*.svg *.dxf *.plt *.hpgl *.hpg *.hgl *.plo *.hp *.SVG *.DXF *.PLT *.HPGL *.HPG *.HGL");
 
 // Counts up when a dock comes or goes: a layout without it would be restored around it.
-constexpr int kLayoutVersion = 1;
+constexpr int kLayoutVersion = 2;
 
 constexpr int kStatusMs = 8000;
 constexpr int kDockWidth = 320;
-constexpr int kTreeHeight = 240;
+constexpr int kListHeight = 240;
 constexpr int kPanelHeight = 500;
 constexpr int kIdWidth = 64;
 constexpr int kTextWidth = 70;
@@ -98,7 +103,7 @@ MainWindow::MainWindow(std::unique_ptr<Messages> told)
     buildDocument();
     buildTree();
     buildProperties();
-    buildJob();
+    buildOutput();
     buildCommands();
     retranslate();
     connectState();
@@ -123,6 +128,7 @@ MainWindow::~MainWindow()
     delete m_contextMenus;
     delete m_commandSet;
     delete m_viewNavigation;
+    delete m_list;
     delete m_panel;
     delete m_properties;
     delete m_actions;
@@ -222,17 +228,24 @@ void MainWindow::buildProperties()
     connect(m_panel, &ShapePanel::wordsWanted, m_textTools, &TextTools::showDialog);
     connect(m_panel, &ShapePanel::codeSettingsWanted, m_codeTools, &CodeTools::showDialog);
     addDockWidget(Qt::RightDockWidgetArea, m_panel);
-    splitDockWidget(m_panel, m_treeDock, Qt::Vertical);
+    m_list = new ShapeList(*m_drawing, this);
+    addDockWidget(Qt::RightDockWidgetArea, m_list);
+    splitDockWidget(m_panel, m_list, Qt::Vertical);
+    m_treeDock->hide();
     m_properties = new PropertyDock(*m_drawing, *m_actions, this);
     addDockWidget(Qt::RightDockWidgetArea, m_properties);
     m_properties->hide();
     resizeDocks({m_panel}, {kDockWidth}, Qt::Horizontal);
-    resizeDocks({m_panel, m_treeDock}, {kPanelHeight, kTreeHeight}, Qt::Vertical);
+    resizeDocks({m_panel, m_list}, {kPanelHeight, kListHeight}, Qt::Vertical);
     m_firstLayout = saveState(kLayoutVersion);
 }
 
-void MainWindow::buildJob()
+void MainWindow::buildOutput()
 {
+    m_printing = new PrintActions(*m_drawing, *m_messages, *this);
+    connect(m_printing, &PrintActions::written, this, [this](const QString &path) {
+        m_status->showMessage(tr("Saved to %1").arg(QDir::toNativeSeparators(path)), kStatusMs);
+    });
     m_jobTools = new JobTools(*m_drawing, *m_textTools, *m_messages, *this);
     m_panel->addPage(&m_jobTools->panel(), [] { return tr("Job"); });
     connect(&m_jobTools->exporter(), &JobExporter::written, this,
@@ -270,11 +283,16 @@ void MainWindow::buildCommands()
     connect(recentMenu, &RecentMenu::chosen, this,
             [this](const QString &path) { files().open(path); });
     addMenus(*this, *m_commandSet, {recentMenu, m_orderMenu},
-             {m_panel->toggleViewAction(), m_treeDock->toggleViewAction(),
-              m_properties->toggleViewAction(), m_properties->denseRowsAction(),
+             {m_panel->toggleViewAction(), m_list->toggleViewAction(),
+              m_treeDock->toggleViewAction(), m_properties->toggleViewAction(),
+              m_properties->denseRowsAction(),
               (new LanguageMenu(*m_language, this))->menuAction()});
     addToolBars(*this, *m_commandSet);
+    m_list->addCommands({m_commandSet->action("order.first"), m_commandSet->action("order.raise"),
+                         m_commandSet->action("order.lower"), m_commandSet->action("order.last"),
+                         m_commandSet->action("order.reverse")});
     m_contextMenus = new ContextMenus(*m_drawing, *m_tree, *m_actions, *m_commandSet, this);
+    m_contextMenus->serve(m_list->view());
 }
 
 void MainWindow::connectState()
@@ -325,6 +343,7 @@ void MainWindow::connectFiles()
     connect(session, &DrawingSession::stateChanged, this, &MainWindow::refreshTitle);
     connect(session, &DrawingSession::stateChanged, this, &MainWindow::refreshCommands);
     connect(m_orderMenu, &OrderMenu::changed, session, &DrawingSession::markChanged);
+    connect(m_orderMenu, &OrderMenu::changed, m_list, &ShapeList::showMarkingRule);
     connect(m_textTools, &TextTools::partChanged, session, &DrawingSession::markChanged);
     connect(m_drawingFiles, &DrawingFiles::settling, m_textTools, &TextTools::finishTyping);
     connect(m_drawingFiles, &DrawingFiles::emptied, this, [this] {
@@ -372,7 +391,7 @@ void MainWindow::changeEvent(QEvent *event)
 void MainWindow::retranslate()
 {
     refreshTitle();
-    m_treeDock->setWindowTitle(tr("Shapes"));
+    m_treeDock->setWindowTitle(tr("Engine objects"));
     retranslateTitles(*this);
     m_commandSet->retranslate();
     refreshUndoTexts();
@@ -580,6 +599,26 @@ void MainWindow::resetLayout() { restoreState(m_firstLayout, kLayoutVersion); }
 void MainWindow::fitSelection() { navigation().fit(m_drawing->scene()->getSelectionItemRect()); }
 
 void MainWindow::fitAll() { navigation().fit(sceneBox(shapeItemsOf(*m_drawing->scene()))); }
+
+void MainWindow::showManual()
+{
+    auto *manual = findChild<ManualWindow *>();
+    if (manual == nullptr)
+        manual = new ManualWindow(this);
+    manual->show();
+    manual->raise();
+    manual->activateWindow();
+}
+
+void MainWindow::showShortcuts()
+{
+    auto *sheet = findChild<ShortcutSheet *>();
+    if (sheet == nullptr)
+        sheet = new ShortcutSheet(this);
+    sheet->show();
+    sheet->raise();
+    sheet->activateWindow();
+}
 
 void MainWindow::showAbout()
 {

@@ -35,7 +35,9 @@ class Language;
 class MatrixDialog;
 class OrderMenu;
 class PropertyDock;
+class ShapeList;
 class ShapePanel;
+class PrintActions;
 class StatusBar;
 class TextTools;
 class ViewNavigation;
@@ -61,11 +63,13 @@ public:
     DocumentActions &edit() const { return *m_actions; }
     ViewNavigation &navigation() const { return *m_viewNavigation; }
     TextTools &text() const { return *m_textTools; }
+    PrintActions &printing() const { return *m_printing; }
     JobTools &job() const { return *m_jobTools; }
     CodeTools &codes() const { return *m_codeTools; }
     Exporter &exporter() const { return *m_fileExporter; }
     Commands &commands() const { return *m_commandSet; }
     ShapePanel &panel() const { return *m_panel; }
+    ShapeList &list() const { return *m_list; }
     DrawingFiles &files() const { return *m_drawingFiles; }
     DrawingTools &tools() const { return *m_tools; }
     ClipboardActions &clipboard() const { return *m_clipboard; }
@@ -95,6 +99,8 @@ public:
     void resetLayout(); ///< of docks and toolbars, as at the first start
     void fitSelection();
     void fitAll();
+    void showManual();
+    void showShortcuts();
     void showAbout();
 
 protected:
@@ -105,7 +111,7 @@ private:
     void buildDocument();
     void buildTree();
     void buildProperties();
-    void buildJob();
+    void buildOutput();
     void buildCommands();
     void connectState();
     void connectFiles();
@@ -131,11 +137,13 @@ private:
     ZTObjectTreeWidget *m_tree = nullptr;
     QDockWidget *m_treeDock = nullptr;
     ShapePanel *m_panel = nullptr;
+    ShapeList *m_list = nullptr;
     PropertyDock *m_properties = nullptr;
     DocumentActions *m_actions = nullptr;
     ViewNavigation *m_viewNavigation = nullptr;
     TextTools *m_textTools = nullptr;
     JobTools *m_jobTools = nullptr;
+    PrintActions *m_printing = nullptr;
     CodeTools *m_codeTools = nullptr;
     Exporter *m_fileExporter = nullptr;
     DrawingTools *m_tools = nullptr;

@@ -32,6 +32,7 @@ constexpr Title kMenuTitles[] = {
     {"textMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Text")},
     {"toolsMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "T&ools")},
     {"arrangeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Arrange")},
+    {"stackingMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "Or&der")},
     {"nudgeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Nudge")},
     {"jobMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Job")},
     {"viewMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&View")},
@@ -49,10 +50,13 @@ constexpr Title kToolBarTitles[] = {
 };
 
 constexpr const char *kAlignTitle = QT_TRANSLATE_NOOP("studio::WindowLayout", "&Align");
+constexpr const char *kOrderTitle = QT_TRANSLATE_NOOP("studio::WindowLayout", "Or&der");
 
 using Ids = std::initializer_list<const char *>;
 
 /** What draws on the canvas with the mouse, and what does not. */
+constexpr Ids kOrder = {"order.first", "order.raise", "order.lower",
+                        "order.last",  "-",           "order.reverse"};
 constexpr Ids kTools = {"tool.select",  "tool.rectangle", "tool.ellipse",
                         "tool.polygon", "tool.line",      "tool.tdot",
                         "tool.text",    "tool.code",      "tool.barcode"};
@@ -96,11 +100,11 @@ void addToolBar(QMainWindow &window, const char *name, Qt::ToolBarArea area,
 void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fileMenus,
               const QList<QAction *> &viewActions)
 {
-    QMenu &file =
-        addMenu(window, "fileMenu", commands,
-                {"file.new", "file.open", "-", "file.save", "file.saveAs", "file.revert",
-                 "file.recover", "-", "file.import", "file.importClipboard", "file.sample", "-",
-                 "file.exportAll", "file.exportSelection", "-", "file.quit"});
+    QMenu &file = addMenu(window, "fileMenu", commands,
+                          {"file.new", "file.open", "-", "file.save", "file.saveAs", "file.revert",
+                           "file.recover", "-", "file.import", "file.importClipboard",
+                           "file.sample", "-", "file.exportAll", "file.exportSelection", "-",
+                           "file.print", "file.pdf", "-", "file.quit"});
     file.insertMenu(file.actions().at(2), fileMenus.recent);
     file.insertMenu(commands.action("file.exportAll"), fileMenus.order);
     QMenu &edit = addMenu(window, "editMenu", commands,
@@ -124,6 +128,9 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
                  "arrange.vcenter", "arrange.bottom", "arrange.center", "-",
                  "arrange.mirrorHorizontal", "arrange.mirrorVertical", "-", "arrange.rotateRight",
                  "arrange.rotateLeft", "arrange.rotate", "-", "arrange.matrix", "-"});
+    QMenu *order = arrange.addMenu(QString());
+    order->setObjectName(QStringLiteral("stackingMenu"));
+    fill(*order, commands, kOrder);
     QMenu *nudge = arrange.addMenu(QString());
     nudge->setObjectName(QStringLiteral("nudgeMenu"));
     fill(*nudge, commands,
@@ -137,7 +144,7 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
     view.addActions(viewActions);
     view.addAction(commands.action("view.resetLayout"));
     addMenu(window, "toolsMenu", commands, {"tools.verifyCodes"});
-    addMenu(window, "helpMenu", commands, {"help.about"});
+    addMenu(window, "helpMenu", commands, {"help.manual", "help.shortcuts", "-", "help.about"});
 }
 
 void addToolBars(QMainWindow &window, const Commands &commands)
@@ -184,6 +191,9 @@ QMenu *newContextMenu(const Commands &commands, bool isForShapes, QWidget *paren
     fill(*align, commands,
          {"arrange.left", "arrange.hcenter", "arrange.right", "arrange.top", "arrange.vcenter",
           "arrange.bottom", "arrange.center"});
+    QMenu *order = menu->addMenu(translated(kOrderTitle));
+    order->setObjectName(QStringLiteral("orderOfShapesMenu"));
+    fill(*order, commands, kOrder);
     fill(*menu, commands,
          {"arrange.mirrorHorizontal", "arrange.mirrorVertical", "arrange.rotateRight",
           "arrange.rotateLeft", "arrange.rotate", "arrange.matrix", "-", "file.exportSelection",

@@ -26,6 +26,8 @@ namespace studio {
 
 namespace {
 
+constexpr int kRowRoomPx = 6;
+
 QString seconds(double value) { return QLocale().toString(value, 'f', 1); }
 
 QHBoxLayout *inARow(QWidget *wide, QWidget *narrow)
@@ -95,6 +97,7 @@ void JobPanel::build()
 {
     m_pens->setModel(m_model);
     m_pens->verticalHeader()->hide();
+    m_pens->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowRoomPx);
     m_pens->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     m_pens->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_pens->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
