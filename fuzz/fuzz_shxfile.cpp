@@ -14,8 +14,8 @@
 
 namespace {
 
-constexpr std::size_t kMostBytes = 1024;
-constexpr std::ptrdiff_t kMostSubshapes = 2;
+constexpr std::size_t kMostBytes = 512;
+constexpr std::ptrdiff_t kMostSubshapes = 1;
 constexpr std::uint8_t kSubshape = 7;
 
 /** Stops the fuzzer at a number that is not finite. */

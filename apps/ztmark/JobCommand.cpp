@@ -218,8 +218,15 @@ int JobCommand::run()
 
 bool JobCommand::readMachine()
 {
-    if (!machinefiles::readProfile(m_profileName, &m_profile))
+    if (!machinefiles::readProfile(m_profileName, &m_profile) || !readPens())
         return false;
+    if (m_frame)
+        m_pens.append(jobkit::framePen());
+    return true;
+}
+
+bool JobCommand::readPens()
+{
     if (!m_pensFile.empty())
         return machinefiles::readPens(m_pensFile, &m_pens);
     m_pens = jobkit::defaultPens();
@@ -251,9 +258,19 @@ bool JobCommand::makeParts(JobSource &source, Progress &progress)
         }
         if (!source.isReady() || !check(items))
             return false;
+        warnOfEmptyHatch(items);
         m_parts.push_back({planOf(items), source.variants()});
     }
     return true;
+}
+
+/** As `ztmark mark` does. */
+void JobCommand::warnOfEmptyHatch(const QVector<jobkit::JobItem> &items) const
+{
+    hostkit::MarkPathMeasure measure;
+    for (const jobkit::JobItem &item : items)
+        measure.hatchSegments += item.hatches.size();
+    m_job.warnOfEmptyHatch(measure);
 }
 
 /** Tells what was found; false where the job must not be written. */
@@ -349,8 +366,6 @@ bool JobCommand::writeFile(const std::string &name, const QVector<jobkit::JobPla
     jobkit::JobFile job;
     job.parts = plans;
     job.pens = m_pens;
-    if (m_frame)
-        job.pens.append(jobkit::framePen());
     job.profile = m_profile;
     job.title = QFileInfo(QString::fromStdString(m_files.names.front())).fileName();
     job.headMm = head();

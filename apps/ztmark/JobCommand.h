@@ -47,9 +47,11 @@ private:
     void checkTogether() const;
     void checkDrawing() const;
     bool readMachine();
+    bool readPens();
     bool takesNumbers(const JobSource &source) const;
     bool makeParts(JobSource &source, Progress &progress);
     bool check(const QVector<jobkit::JobItem> &items);
+    void warnOfEmptyHatch(const QVector<jobkit::JobItem> &items) const;
     jobkit::JobPlan planOf(const QVector<jobkit::JobItem> &items) const;
     bool canWriteAll() const;
     bool write(Progress &progress);

@@ -1,8 +1,8 @@
-"""Public members of exported classes: each says something about itself, alone or in a group."""
+"""Public members of what hosts use: each says something about itself, alone or in a group."""
 
 import re
 
-from project import ENGINE, LIBS, finish, public_headers
+from project import LIBS, finish, public_headers, sources
 
 # What is named by the pattern it follows: construction, copies, what a base class documents.
 SELF_EVIDENT = re.compile(r"^((explicit|virtual)\s+)*~?\w+\(|\boverride\b|=\s*(default|delete)|\boperator\b"
@@ -73,9 +73,15 @@ def undocumented(path):
             yield number, text
 
 
+def hosts_headers():
+    """The installed headers, and those of what every host does once."""
+    hostkit = sources(LIBS / "hostkit", "*.h")
+    return [*public_headers(), *(h for h in hostkit if not h.name.endswith("_p.h"))]
+
+
 def main():
     problems = []
-    for header in public_headers():
+    for header in hosts_headers():
         for number, text in undocumented(header):
             problems.append(f"libs/{header.relative_to(LIBS)}:{number}: says nothing: {text[:70]}")
     finish(problems, "documented")

@@ -172,6 +172,20 @@ private Q_SLOTS:
         QCOMPARE(controller.burns.size(), 1);
         QCOMPARE(controller.burns[0].power, 0.0);
         QCOMPARE(controller.burns[0].machineMm.boundingRect(), QRectF(180, 190, 40, 20));
+        // At 100 mm/s: 120 mm around, from the middle to a corner.
+        const QJsonObject part = json(job("corner.plt --frame box --profile galvo.json --json"))
+                                     .value(QStringLiteral("part"))
+                                     .toObject();
+        near(part, "markS", 1.2);
+        near(part, "jumpS", std::hypot(20, 10) / 1000);
+    }
+
+    void hatch_thatIsEmpty_isWarnedOf()
+    {
+        const ZtmarkRun run = job("corner.plt --hatch line --time"); // nothing is closed
+        QCOMPARE(run.err, QStringLiteral("ztmark: warning: the hatch is empty: no line meets the "
+                                         "drawing\n"));
+        QCOMPARE(run.exitCode, 0);
     }
 
     void optimize_ordersThePieces()

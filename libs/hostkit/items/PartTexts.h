@@ -20,6 +20,7 @@ struct NextPart
     QStringList usedUp; ///< texts that show their last value once more
     QStringList errors; ///< what could not be read or cannot be shown, a line each
 
+    /** Moves on the variant texts among these items, each by what one part uses up. */
     static NextPart make(const QVector<ZTAbstractGraphicsItem *> &items);
 
     /**

@@ -37,7 +37,7 @@ public:
 class TextItemFactory : public Factory
 {
 public:
-    static TextItemFactory *getInstance();
+    static TextItemFactory *getInstance(); ///< the one there is
     ZTAbstractGraphicsItem *create() override { return new TextItem; }
 };
 

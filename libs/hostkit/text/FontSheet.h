@@ -30,8 +30,8 @@ public:
      */
     bool read(const QString &path, QString *error);
 
-    const ShxFontInfo &font() const { return m_info; }
-    const QVector<FontSheetGlyph> &glyphs() const { return m_drawn; }
+    const ShxFontInfo &font() const { return m_info; }                ///< of the file read last
+    const QVector<FontSheetGlyph> &glyphs() const { return m_drawn; } ///< in the file's order
 
     /** Columns and rows of the grid: 16 columns, more where the sheet would become too tall. */
     QSize grid() const;

@@ -41,7 +41,7 @@ struct ShxFontInfo
     /** Glyphs that a parser can draw. */
     int usableGlyphs() const;
 
-    bool isBig() const { return type == SHX_TYPE::SHX_BIGFONT; }
+    bool isBig() const { return type == SHX_TYPE::SHX_BIGFONT; } ///< with characters of two bytes
 
     /** The keyword of the file's form: "shapes", "unifont", "bigfont". */
     QString form() const;

@@ -2,7 +2,26 @@
 
 #include <studio/commands/FramePause.h>
 
+#include <cmath>
+
 namespace studio {
+
+namespace {
+
+/** To the bit: a flat shape's 0 is -0 once it was mirrored, and a file tells the two apart. */
+bool areSame(const QTransform &a, const QTransform &b)
+{
+    const double elements[][2] = {{a.m11(), b.m11()}, {a.m12(), b.m12()}, {a.m13(), b.m13()},
+                                  {a.m21(), b.m21()}, {a.m22(), b.m22()}, {a.m23(), b.m23()},
+                                  {a.m31(), b.m31()}, {a.m32(), b.m32()}, {a.m33(), b.m33()}};
+    for (const auto &[one, other] : elements) {
+        if (one != other || std::signbit(one) != std::signbit(other))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
 
 ItemGeometryCommand::ItemGeometryCommand(ZTGraphicsScene *changedScene,
                                          const ShapeItems &changedItems, const QString &text)
@@ -28,7 +47,7 @@ void ItemGeometryCommand::restore(const QVector<State> &states)
     for (int i = 0; i < m_items.size(); ++i) {
         if (!m_items[i])
             continue;
-        if (m_items[i]->getTransformParam() != states[i].transform)
+        if (!areSame(m_items[i]->getTransformParam(), states[i].transform))
             m_items[i]->setTransformParam(states[i].transform);
         m_items[i]->setPos(states[i].posPx);
     }

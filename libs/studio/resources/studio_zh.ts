@@ -36,6 +36,10 @@
         <translation>直线(&amp;L)</translation>
     </message>
     <message>
+        <source>&amp;Lower</source>
+        <translation>推后(&amp;L)</translation>
+    </message>
+    <message>
         <source>&amp;New</source>
         <translation>新建(&amp;N)</translation>
     </message>
@@ -56,12 +60,20 @@
         <translation>退出(&amp;Q)</translation>
     </message>
     <message>
+        <source>&amp;Raise</source>
+        <translation>提前(&amp;R)</translation>
+    </message>
+    <message>
         <source>&amp;Rectangle</source>
         <translation>矩形(&amp;R)</translation>
     </message>
     <message>
         <source>&amp;Redo</source>
         <translation>重做(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Reset layout</source>
+        <translation>恢复布局(&amp;R)</translation>
     </message>
     <message>
         <source>&amp;Save</source>
@@ -156,6 +168,10 @@
         <translation>下移 10 mm</translation>
     </message>
     <message>
+        <source>Exact &amp;values</source>
+        <translation>精确数值(&amp;V)</translation>
+    </message>
+    <message>
         <source>Export mark paths of se&amp;lection...</source>
         <translation>导出选中图形的标刻路径(&amp;L)...</translation>
     </message>
@@ -188,6 +204,10 @@
         <translation>左移 10 mm</translation>
     </message>
     <message>
+        <source>Lower: marked one place later</source>
+        <translation>推后：晚一位标刻</translation>
+    </message>
+    <message>
         <source>Matri&amp;x...</source>
         <translation>阵列(&amp;X)...</translation>
     </message>
@@ -208,8 +228,20 @@
         <translation>打开图纸</translation>
     </message>
     <message>
+        <source>Put panels and toolbars where they were at first</source>
+        <translation>把面板和工具栏放回最初的位置</translation>
+    </message>
+    <message>
         <source>R&amp;otate by...</source>
         <translation>旋转(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>Raise: marked one place earlier</source>
+        <translation>提前：早一位标刻</translation>
+    </message>
+    <message>
+        <source>Re&amp;verse</source>
+        <translation>反转(&amp;V)</translation>
     </message>
     <message>
         <source>Re&amp;vert</source>
@@ -226,6 +258,10 @@
     <message>
         <source>Repeat a shape in rows and columns</source>
         <translation>按行列重复一个图形</translation>
+    </message>
+    <message>
+        <source>Reverse the order of marking, of the selected shapes or of all</source>
+        <translation>反转标刻顺序：所选图形的，或全部图形的</translation>
     </message>
     <message>
         <source>Right by 0.1 mm</source>
@@ -292,8 +328,28 @@
         <translation>文字和字体(&amp;F)...</translation>
     </message>
     <message>
+        <source>To &amp;first</source>
+        <translation>移到最先(&amp;F)</translation>
+    </message>
+    <message>
+        <source>To first: marked before all others</source>
+        <translation>移到最先：在所有其他图形之前标刻</translation>
+    </message>
+    <message>
+        <source>To l&amp;ast</source>
+        <translation>移到最后(&amp;A)</translation>
+    </message>
+    <message>
+        <source>To last: marked after all others</source>
+        <translation>移到最后：在所有其他图形之后标刻</translation>
+    </message>
+    <message>
         <source>Type into the selected text on the drawing</source>
         <translation>在图纸上编辑选中的文字</translation>
+    </message>
+    <message>
+        <source>Type place, size and angle into the shape panel</source>
+        <translation>在图形面板中输入位置、尺寸和角度</translation>
     </message>
     <message>
         <source>Up by 0.1 mm</source>
@@ -330,22 +386,6 @@
     <message>
         <source>Import plotter files, SVG and DXF drawings</source>
         <translation>导入绘图仪文件、SVG 和 DXF 图形</translation>
-    </message>
-    <message>
-        <source>E&amp;xport job...</source>
-        <translation>导出作业(&amp;X)...</translation>
-    </message>
-    <message>
-        <source>Play the job: order, jumps and the time it takes</source>
-        <translation>播放作业：顺序、空跳和所需时间</translation>
-    </message>
-    <message>
-        <source>Pre&amp;view...</source>
-        <translation>预览(&amp;V)...</translation>
-    </message>
-    <message>
-        <source>Write a file that the machine runs</source>
-        <translation>写出机器可运行的文件</translation>
     </message>
     <message>
         <source>&amp;Copy</source>
@@ -444,20 +484,20 @@
         <translation>从打标轨迹读回所有的码</translation>
     </message>
     <message>
-        <source>&amp;Reset layout</source>
-        <translation>恢复布局(&amp;R)</translation>
+        <source>E&amp;xport job...</source>
+        <translation>导出作业(&amp;X)...</translation>
     </message>
     <message>
-        <source>Exact &amp;values</source>
-        <translation>精确数值(&amp;V)</translation>
+        <source>Play the job: order, jumps and the time it takes</source>
+        <translation>播放作业：顺序、空跳和所需时间</translation>
     </message>
     <message>
-        <source>Put panels and toolbars where they were at first</source>
-        <translation>把面板和工具栏放回最初的位置</translation>
+        <source>Pre&amp;view...</source>
+        <translation>预览(&amp;V)...</translation>
     </message>
     <message>
-        <source>Type place, size and angle into the shape panel</source>
-        <translation>在图形面板中输入位置、尺寸和角度</translation>
+        <source>Write a file that the machine runs</source>
+        <translation>写出机器可运行的文件</translation>
     </message>
     <message>
         <source>S&amp;hare one counter</source>
@@ -527,12 +567,12 @@
         <translation>张角(&amp;P)</translation>
     </message>
     <message>
-        <source>Text on an &amp;arc</source>
-        <translation>弧线文字(&amp;A)</translation>
-    </message>
-    <message>
         <source>Shared out among the characters; positive runs anticlockwise, negative clockwise</source>
         <translation>分配给各个字符；正值为逆时针，负值为顺时针</translation>
+    </message>
+    <message>
+        <source>Text on an &amp;arc</source>
+        <translation>弧线文字(&amp;A)</translation>
     </message>
     <message>
         <source>Where the arc starts: 0° is at three o&apos;clock, 90° at twelve</source>
@@ -548,6 +588,129 @@
     <message>
         <source>The drawing is not protected against a crash.</source>
         <translation>图纸当前没有崩溃保护。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::BoxSection</name>
+    <message>
+        <source>%1: the point that X and Y tell, and that stays when the size changes</source>
+        <translation>%1：X 和 Y 所指的点，改变尺寸时它保持不动</translation>
+    </message>
+    <message>
+        <source>0 points right, positive is anticlockwise; turns about the middle of the box</source>
+        <translation>0 指向右方，正值为逆时针；绕外框中心旋转</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>角度</translation>
+    </message>
+    <message>
+        <source>Angle in degrees</source>
+        <translation>角度，单位为度</translation>
+    </message>
+    <message>
+        <source>Bottom left</source>
+        <translation>左下</translation>
+    </message>
+    <message>
+        <source>Bottom middle</source>
+        <translation>下中</translation>
+    </message>
+    <message>
+        <source>Bottom right</source>
+        <translation>右下</translation>
+    </message>
+    <message>
+        <source>Box around all</source>
+        <translation>全部图形的外框</translation>
+    </message>
+    <message>
+        <source>Curves are marked as chords: %1 mm is as near as it comes</source>
+        <translation>曲线按弦标刻：最接近的尺寸为 %1 mm</translation>
+    </message>
+    <message>
+        <source>Each shape its own box</source>
+        <translation>每个图形各自的外框</translation>
+    </message>
+    <message>
+        <source>Height in millimetres</source>
+        <translation>高度，单位为毫米</translation>
+    </message>
+    <message>
+        <source>Height of the outline&apos;s box in mm</source>
+        <translation>轮廓外框的高度，mm</translation>
+    </message>
+    <message>
+        <source>Keep proportions</source>
+        <translation>保持比例</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>中心</translation>
+    </message>
+    <message>
+        <source>Middle left</source>
+        <translation>左中</translation>
+    </message>
+    <message>
+        <source>Middle right</source>
+        <translation>右中</translation>
+    </message>
+    <message>
+        <source>Of several shapes: whether the fields tell and change the box around all of them, or the box of each</source>
+        <translation>选中多个图形时：各栏显示和修改的是全部图形的外框，还是每个图形各自的外框</translation>
+    </message>
+    <message>
+        <source>Place across the field in mm, to the right. Sums and units are welcome: 20+5, 1in</source>
+        <translation>幅面上的横向位置，mm，向右为正。可输入算式和单位：20+5、1in</translation>
+    </message>
+    <message>
+        <source>Place down the field in mm, downward</source>
+        <translation>幅面上的纵向位置，mm，向下为正</translation>
+    </message>
+    <message>
+        <source>Top left</source>
+        <translation>左上</translation>
+    </message>
+    <message>
+        <source>Top middle</source>
+        <translation>上中</translation>
+    </message>
+    <message>
+        <source>Top right</source>
+        <translation>右上</translation>
+    </message>
+    <message>
+        <source>What places and sizes are about</source>
+        <translation>位置和尺寸所指的对象</translation>
+    </message>
+    <message>
+        <source>Width and height change together, in these fields and by the handles</source>
+        <translation>宽度和高度一起改变，在此输入或拖动控制点时都一样</translation>
+    </message>
+    <message>
+        <source>Width in millimetres</source>
+        <translation>宽度，单位为毫米</translation>
+    </message>
+    <message>
+        <source>Width of the outline&apos;s box in mm</source>
+        <translation>轮廓外框的宽度，mm</translation>
+    </message>
+    <message>
+        <source>X in millimetres</source>
+        <translation>X，单位为毫米</translation>
+    </message>
+    <message>
+        <source>Y in millimetres</source>
+        <translation>Y，单位为毫米</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
+    </message>
+    <message>
+        <source>°, mirrored</source>
+        <translation>°，已镜像</translation>
     </message>
 </context>
 <context>
@@ -895,6 +1058,10 @@
         <translation>间距(&amp;S)</translation>
     </message>
     <message>
+        <source>0° is across, positive is anticlockwise</source>
+        <translation>0° 为水平，正值为逆时针</translation>
+    </message>
+    <message>
         <source>Marks the outlines of the letters, too</source>
         <translation>字母的轮廓也一并标刻</translation>
     </message>
@@ -914,9 +1081,76 @@
         <source>zigzag</source>
         <translation>折线</translation>
     </message>
+</context>
+<context>
+    <name>studio::HatchSection</name>
     <message>
-        <source>0° is across, positive is anticlockwise</source>
-        <translation>0° 为水平，正值为逆时针</translation>
+        <source>0 is across, positive is anticlockwise</source>
+        <translation>0 为水平，正值为逆时针</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>角度</translation>
+    </message>
+    <message>
+        <source>Angle of the hatch in degrees</source>
+        <translation>填充角度，单位为度</translation>
+    </message>
+    <message>
+        <source>Distance of the hatch lines on the part, in mm</source>
+        <translation>工件上填充线的间距，mm</translation>
+    </message>
+    <message>
+        <source>Hatch</source>
+        <translation>填充</translation>
+    </message>
+    <message>
+        <source>Lines and stroke fonts have no inside to hatch.</source>
+        <translation>直线和单线字体没有可填充的内部。</translation>
+    </message>
+    <message>
+        <source>Marks the outline, too</source>
+        <translation>轮廓也一并标刻</translation>
+    </message>
+    <message>
+        <source>Neither outline nor hatch: nothing of it is marked.</source>
+        <translation>既无轮廓也无填充：不会标刻任何内容。</translation>
+    </message>
+    <message>
+        <source>No hatch can be made: its spacing does not suit the size of the shape.</source>
+        <translation>无法生成填充：间距与图形尺寸不相称。</translation>
+    </message>
+    <message>
+        <source>Outline as well</source>
+        <translation>同时标刻轮廓</translation>
+    </message>
+    <message>
+        <source>Spacing</source>
+        <translation>间距</translation>
+    </message>
+    <message>
+        <source>Spacing of the hatch in millimetres</source>
+        <translation>填充间距，单位为毫米</translation>
+    </message>
+    <message>
+        <source>differs</source>
+        <translation>不一致</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>single lines</source>
+        <translation>单向线</translation>
+    </message>
+    <message>
+        <source>zigzag</source>
+        <translation>弓形线</translation>
     </message>
 </context>
 <context>
@@ -939,6 +1173,92 @@
     <message>
         <source>Ctrl+Return or a click elsewhere takes the words, Esc gives them up</source>
         <translation>按 Ctrl+回车 或点击别处确认，按 Esc 放弃</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ItemSection</name>
+    <message>
+        <source>Hidden</source>
+        <translation>隐藏</translation>
+    </message>
+    <message>
+        <source>It can be neither selected nor moved; the list of shapes frees it</source>
+        <translation>不能选中也不能移动；在图形列表中解锁</translation>
+    </message>
+    <message>
+        <source>It is not shown and not marked; the list of shapes brings it back</source>
+        <translation>不显示也不标刻；在图形列表中恢复显示</translation>
+    </message>
+    <message>
+        <source>Locked</source>
+        <translation>锁定</translation>
+    </message>
+    <message>
+        <source>Marked</source>
+        <translation>标刻</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Off: it is shown, and left out of what is marked</source>
+        <translation>关闭：显示，但不标刻</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>笔</translation>
+    </message>
+    <message>
+        <source>Pen that marks the selected shapes</source>
+        <translation>标刻所选图形的笔</translation>
+    </message>
+    <message>
+        <source>What the list of shapes calls it; empty: by its kind</source>
+        <translation>图形列表中的名称；留空则用类型名</translation>
+    </message>
+    <message>
+        <source>differs</source>
+        <translation>不一致</translation>
+    </message>
+</context>
+<context>
+    <name>studio::KindSection</name>
+    <message>
+        <source>Diameter 1</source>
+        <translation>直径 1</translation>
+    </message>
+    <message>
+        <source>Diameter 2</source>
+        <translation>直径 2</translation>
+    </message>
+    <message>
+        <source>In mm, along the ellipse&apos;s other axis</source>
+        <translation>沿椭圆的另一条轴，mm</translation>
+    </message>
+    <message>
+        <source>In mm, along the ellipse&apos;s own first axis</source>
+        <translation>沿椭圆自身的第一条轴，mm</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>长度</translation>
+    </message>
+    <message>
+        <source>Length of the line in mm; its start stays</source>
+        <translation>直线的长度，mm；起点不动</translation>
+    </message>
+    <message>
+        <source>Number of sides of the polygon</source>
+        <translation>多边形的边数</translation>
+    </message>
+    <message>
+        <source>Sides</source>
+        <translation>边数</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
     </message>
 </context>
 <context>
@@ -990,8 +1310,16 @@
         <translation>所有文件 (*)</translation>
     </message>
     <message>
+        <source>Degrees, anticlockwise:</source>
+        <translation>角度（度，逆时针）：</translation>
+    </message>
+    <message>
         <source>Draws what a laser marks, and hands out the paths.</source>
         <translation>绘制激光标刻的内容，并输出路径。</translation>
+    </message>
+    <message>
+        <source>Engine objects</source>
+        <translation>引擎对象</translation>
     </message>
     <message>
         <source>Mark paths of %1 shapes written to %2</source>
@@ -1004,10 +1332,6 @@
     <message>
         <source>Saved to %1</source>
         <translation>已保存到 %1</translation>
-    </message>
-    <message>
-        <source>Shapes</source>
-        <translation>图形</translation>
     </message>
     <message>
         <source>Studio %1</source>
@@ -1032,10 +1356,6 @@
     <message>
         <source>Job written to %1, files: %2</source>
         <translation>作业已写入 %1，文件数：%2</translation>
-    </message>
-    <message>
-        <source>Degrees, anticlockwise:</source>
-        <translation>角度（度，逆时针）：</translation>
     </message>
 </context>
 <context>
@@ -1090,6 +1410,45 @@
     </message>
 </context>
 <context>
+    <name>studio::MeasureField</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 至 %2</translation>
+    </message>
+    <message>
+        <source>%1 to %2 %</source>
+        <translation>%1 至 %2 %</translation>
+    </message>
+    <message>
+        <source>%1 to %2 mm</source>
+        <translation>%1 至 %2 mm</translation>
+    </message>
+    <message>
+        <source>%1. Permitted: %2</source>
+        <translation>%1。允许范围：%2</translation>
+    </message>
+    <message>
+        <source>%1° to %2°</source>
+        <translation>%1° 至 %2°</translation>
+    </message>
+    <message>
+        <source>Not a whole number</source>
+        <translation>不是整数</translation>
+    </message>
+    <message>
+        <source>Too large</source>
+        <translation>过大</translation>
+    </message>
+    <message>
+        <source>Too small</source>
+        <translation>过小</translation>
+    </message>
+    <message>
+        <source>differs</source>
+        <translation>不一致</translation>
+    </message>
+</context>
+<context>
     <name>studio::OrderMenu</name>
     <message>
         <source>&amp;Bottom to top</source>
@@ -1121,6 +1480,73 @@
     </message>
 </context>
 <context>
+    <name>studio::PenColors</name>
+    <message>
+        <source>Black</source>
+        <translation>黑色</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>蓝色</translation>
+    </message>
+    <message>
+        <source>Cyan</source>
+        <translation>青色</translation>
+    </message>
+    <message>
+        <source>Fuchsia</source>
+        <translation>紫红色</translation>
+    </message>
+    <message>
+        <source>Goldenrod</source>
+        <translation>金黄色</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>绿色</translation>
+    </message>
+    <message>
+        <source>Grey</source>
+        <translation>灰色</translation>
+    </message>
+    <message>
+        <source>Khaki</source>
+        <translation>卡其色</translation>
+    </message>
+    <message>
+        <source>Magenta</source>
+        <translation>品红色</translation>
+    </message>
+    <message>
+        <source>Navy</source>
+        <translation>藏青色</translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation>橙色</translation>
+    </message>
+    <message>
+        <source>Orchid</source>
+        <translation>兰紫色</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>红色</translation>
+    </message>
+    <message>
+        <source>Salmon</source>
+        <translation>鲑红色</translation>
+    </message>
+    <message>
+        <source>Turquoise</source>
+        <translation>绿松石色</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>黄色</translation>
+    </message>
+</context>
+<context>
     <name>studio::PropertyDock</name>
     <message>
         <source>%1 shapes selected; the grid shows the first</source>
@@ -1143,6 +1569,10 @@
         <translation>已选中 1 个图形</translation>
     </message>
     <message>
+        <source>Engine properties</source>
+        <translation>引擎属性</translation>
+    </message>
+    <message>
         <source>Nothing selected</source>
         <translation>未选中图形</translation>
     </message>
@@ -1153,10 +1583,6 @@
     <message>
         <source>Resizing keeps the proportions of the selected shapes</source>
         <translation>缩放时保持选中图形的比例</translation>
-    </message>
-    <message>
-        <source>Engine properties</source>
-        <translation>引擎属性</translation>
     </message>
     <message>
         <source>The engine&apos;s own numbers: a place is that of a shape&apos;s origin in mm, a spacing is marked larger than it is shown here, sizes and lengths hold before a shape is turned or resized. True measures stand in the shape panel.</source>
@@ -1176,6 +1602,25 @@
     <message>
         <source>&amp;Export all the same</source>
         <translation>仍然导出(&amp;E)</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ShapeEdits</name>
+    <message>
+        <source>A shape would leave the drawing&apos;s area, %1 to %2 mm across and %3 to %4 mm down</source>
+        <translation>图形会超出绘图区域：横向 %1 至 %2 mm，纵向 %3 至 %4 mm</translation>
+    </message>
+    <message>
+        <source>An ellipse that is flat cannot be stretched</source>
+        <translation>扁平的椭圆无法拉伸</translation>
+    </message>
+    <message>
+        <source>What has no height cannot be stretched to one</source>
+        <translation>没有高度的图形无法拉伸出高度</translation>
+    </message>
+    <message>
+        <source>What has no width cannot be stretched to one</source>
+        <translation>没有宽度的图形无法拉伸出宽度</translation>
     </message>
 </context>
 <context>
@@ -1213,20 +1658,20 @@
         <translation>图形</translation>
     </message>
     <message>
-        <source>%1 %2</source>
-        <translation>%1 %2</translation>
-    </message>
-    <message>
-        <source>%1 %2 &quot;%3&quot;</source>
-        <translation>%1 %2“%3”</translation>
-    </message>
-    <message>
         <source>Bar code</source>
         <translation>条形码</translation>
     </message>
     <message>
         <source>Code</source>
         <translation>码</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>%1 %2 &quot;%3&quot;</source>
+        <translation>%1 %2“%3”</translation>
     </message>
 </context>
 <context>
@@ -1493,6 +1938,127 @@
     </message>
 </context>
 <context>
+    <name>studio::ShapeList</name>
+    <message>
+        <source>List of shapes</source>
+        <translation>图形列表</translation>
+    </message>
+    <message>
+        <source>Listed as stacked; marking goes by File, Marking order.</source>
+        <translation>按叠放次序列出；标刻顺序以“文件 - 标刻顺序”为准。</translation>
+    </message>
+    <message>
+        <source>Marked from top to bottom.</source>
+        <translation>从上到下依次标刻。</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>查找</translation>
+    </message>
+    <message>
+        <source>Search for shapes</source>
+        <translation>查找图形</translation>
+    </message>
+    <message>
+        <source>Shapes in the order of marking</source>
+        <translation>按标刻顺序排列的图形</translation>
+    </message>
+    <message>
+        <source>Shows the shapes whose name, words or kind contain this</source>
+        <translation>显示名称、文字或类型中包含此内容的图形</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ShapeListModel</name>
+    <message>
+        <source>%1 shapes</source>
+        <translation>%1 个图形</translation>
+    </message>
+    <message>
+        <source>Double click to rename</source>
+        <translation>双击可重命名</translation>
+    </message>
+    <message>
+        <source>Group %1</source>
+        <translation>组 %1</translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation>隐藏</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>类型</translation>
+    </message>
+    <message>
+        <source>Lock</source>
+        <translation>锁定</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation>标刻</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>No.</source>
+        <translation>序号</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>笔</translation>
+    </message>
+    <message>
+        <source>Pen that marks it</source>
+        <translation>标刻它的笔</translation>
+    </message>
+    <message>
+        <source>Place in the order of marking</source>
+        <translation>在标刻顺序中的位置</translation>
+    </message>
+    <message>
+        <source>What kind of shape it is</source>
+        <translation>图形的类型</translation>
+    </message>
+    <message>
+        <source>Whether it is hidden: neither shown nor marked</source>
+        <translation>是否隐藏：不显示也不标刻</translation>
+    </message>
+    <message>
+        <source>Whether it is locked: neither selected nor moved</source>
+        <translation>是否锁定：不能选中也不能移动</translation>
+    </message>
+    <message>
+        <source>Whether it is marked</source>
+        <translation>是否标刻</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ShapePanel</name>
+    <message>
+        <source>%1 shapes selected</source>
+        <translation>已选 %1 个图形</translation>
+    </message>
+    <message>
+        <source>1 shape selected</source>
+        <translation>已选 1 个图形</translation>
+    </message>
+    <message>
+        <source>Nothing selected</source>
+        <translation>未选中任何图形</translation>
+    </message>
+    <message>
+        <source>Shape</source>
+        <translation>图形</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>文字</translation>
+    </message>
+</context>
+<context>
     <name>studio::StatusBar</name>
     <message>
         <source>%1 %</source>
@@ -1562,6 +2128,109 @@
     </message>
 </context>
 <context>
+    <name>studio::TextSection</name>
+    <message>
+        <source>Added to what the font has, in mm; on an arc the span decides</source>
+        <translation>在字体自身间距上增加的值，mm；在圆弧上由跨角决定</translation>
+    </message>
+    <message>
+        <source>Arc diameter</source>
+        <translation>圆弧直径</translation>
+    </message>
+    <message>
+        <source>Arc span</source>
+        <translation>圆弧跨角</translation>
+    </message>
+    <message>
+        <source>Arc start</source>
+        <translation>圆弧起角</translation>
+    </message>
+    <message>
+        <source>Chinese</source>
+        <translation>中文</translation>
+    </message>
+    <message>
+        <source>Family</source>
+        <translation>字族</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>字体</translation>
+    </message>
+    <message>
+        <source>From the ink of the lines above to the tops of capitals, in mm</source>
+        <translation>从上方各行的笔迹到大写字母顶端的距离，mm</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高度</translation>
+    </message>
+    <message>
+        <source>Height of capital letters on the part, in mm</source>
+        <translation>工件上大写字母的高度，mm</translation>
+    </message>
+    <message>
+        <source>Letter space</source>
+        <translation>字距</translation>
+    </message>
+    <message>
+        <source>Letters</source>
+        <translation>字母</translation>
+    </message>
+    <message>
+        <source>Line space</source>
+        <translation>行距</translation>
+    </message>
+    <message>
+        <source>Of the circle on which the characters stand, in mm</source>
+        <translation>字符所在圆的直径，mm</translation>
+    </message>
+    <message>
+        <source>On an arc</source>
+        <translation>沿圆弧</translation>
+    </message>
+    <message>
+        <source>Select a text to change its font, size and arc.</source>
+        <translation>选中文字以更改其字体、尺寸和圆弧。</translation>
+    </message>
+    <message>
+        <source>Shared out among the characters; positive is anticlockwise</source>
+        <translation>分配给各个字符；正值为逆时针</translation>
+    </message>
+    <message>
+        <source>Stroke fonts, single lines</source>
+        <translation>单线字体</translation>
+    </message>
+    <message>
+        <source>System font, outlines</source>
+        <translation>系统字体，轮廓</translation>
+    </message>
+    <message>
+        <source>Where the arc starts: 0 is at three o&apos;clock, 90 at twelve</source>
+        <translation>圆弧的起点：0 在三点钟方向，90 在十二点钟方向</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>宽度</translation>
+    </message>
+    <message>
+        <source>Width of the letters in percent; at 100 they are as the font has them</source>
+        <translation>字母宽度的百分比；100 为字体原样</translation>
+    </message>
+    <message>
+        <source>Words and variant text...</source>
+        <translation>文字内容和变量文字...</translation>
+    </message>
+    <message>
+        <source>differs</source>
+        <translation>不一致</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
+    </message>
+</context>
+<context>
     <name>studio::TextTools</name>
     <message>
         <source>A variant text is not complete.</source>
@@ -1593,6 +2262,49 @@
     </message>
 </context>
 <context>
+    <name>studio::TypedMeasure</name>
+    <message>
+        <source>&quot;%1&quot; is no unit of this field</source>
+        <translation>“%1”不是此栏的单位</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; makes no sense here</source>
+        <translation>此处的“%1”没有意义</translation>
+    </message>
+    <message>
+        <source>A bracket has no counterpart</source>
+        <translation>括号不成对</translation>
+    </message>
+    <message>
+        <source>A number is missing at the end</source>
+        <translation>末尾缺少数字</translation>
+    </message>
+    <message>
+        <source>A unit stands where only a plain number can</source>
+        <translation>此处只能是不带单位的数</translation>
+    </message>
+    <message>
+        <source>Decimals stand after a point</source>
+        <translation>小数点请用句点</translation>
+    </message>
+    <message>
+        <source>Nothing can be divided by 0</source>
+        <translation>不能除以 0</translation>
+    </message>
+    <message>
+        <source>Nothing is entered</source>
+        <translation>没有输入内容</translation>
+    </message>
+    <message>
+        <source>The entry is too long</source>
+        <translation>输入过长</translation>
+    </message>
+    <message>
+        <source>The number is too large</source>
+        <translation>数值过大</translation>
+    </message>
+</context>
+<context>
     <name>studio::UndoTexts</name>
     <message>
         <source>Add sample drawing</source>
@@ -1601,6 +2313,22 @@
     <message>
         <source>Align</source>
         <translation>对齐</translation>
+    </message>
+    <message>
+        <source>Change hatch</source>
+        <translation>更改填充</translation>
+    </message>
+    <message>
+        <source>Change length</source>
+        <translation>更改长度</translation>
+    </message>
+    <message>
+        <source>Change marking order</source>
+        <translation>更改标刻顺序</translation>
+    </message>
+    <message>
+        <source>Change number of sides</source>
+        <translation>更改边数</translation>
     </message>
     <message>
         <source>Change pen</source>
@@ -1613,6 +2341,18 @@
     <message>
         <source>Change text</source>
         <translation>更改文字</translation>
+    </message>
+    <message>
+        <source>Change what is hidden</source>
+        <translation>更改隐藏</translation>
+    </message>
+    <message>
+        <source>Change what is locked</source>
+        <translation>更改锁定</translation>
+    </message>
+    <message>
+        <source>Change what is marked</source>
+        <translation>更改是否标刻</translation>
     </message>
     <message>
         <source>Create TDOT figure</source>
@@ -1679,6 +2419,10 @@
         <translation>移动</translation>
     </message>
     <message>
+        <source>Rename</source>
+        <translation>重命名</translation>
+    </message>
+    <message>
         <source>Resize</source>
         <translation>调整大小</translation>
     </message>
@@ -1689,10 +2433,6 @@
     <message>
         <source>Type text</source>
         <translation>输入文字</translation>
-    </message>
-    <message>
-        <source>Change pens</source>
-        <translation>更改笔</translation>
     </message>
     <message>
         <source>Cut</source>
@@ -1723,36 +2463,8 @@
         <translation>创建码</translation>
     </message>
     <message>
-        <source>Change hatch</source>
-        <translation>更改填充</translation>
-    </message>
-    <message>
-        <source>Change length</source>
-        <translation>更改长度</translation>
-    </message>
-    <message>
-        <source>Change marking order</source>
-        <translation>更改标刻顺序</translation>
-    </message>
-    <message>
-        <source>Change number of sides</source>
-        <translation>更改边数</translation>
-    </message>
-    <message>
-        <source>Change what is hidden</source>
-        <translation>更改隐藏</translation>
-    </message>
-    <message>
-        <source>Change what is locked</source>
-        <translation>更改锁定</translation>
-    </message>
-    <message>
-        <source>Change what is marked</source>
-        <translation>更改是否标刻</translation>
-    </message>
-    <message>
-        <source>Rename</source>
-        <translation>重命名</translation>
+        <source>Change pens</source>
+        <translation>更改笔</translation>
     </message>
     <message>
         <source>Share counter</source>
@@ -1900,6 +2612,10 @@
         <translation>文件</translation>
     </message>
     <message>
+        <source>Or&amp;der</source>
+        <translation>次序(&amp;D)</translation>
+    </message>
+    <message>
         <source>Text</source>
         <translation>文字</translation>
     </message>
@@ -1912,10 +2628,6 @@
         <translation>视图</translation>
     </message>
     <message>
-        <source>&amp;Job</source>
-        <translation>作业(&amp;J)</translation>
-    </message>
-    <message>
         <source>&amp;With the mouse</source>
         <translation>用鼠标绘制(&amp;W)</translation>
     </message>
@@ -1926,6 +2638,10 @@
     <message>
         <source>T&amp;ools</source>
         <translation>工具(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Job</source>
+        <translation>作业(&amp;J)</translation>
     </message>
 </context>
 <context>
@@ -2133,6 +2849,326 @@
     <message>
         <source>the folder %1 cannot be made</source>
         <translation>无法创建文件夹 %1</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ClipboardActions</name>
+    <message>
+        <source>It has %L1 characters; at most %L2 become a text.</source>
+        <translation>共有 %L1 个字符；一个文本最多 %L2 个。</translation>
+    </message>
+    <message>
+        <source>The clipboard holds nothing that can be pasted</source>
+        <translation>剪贴板中没有可以粘贴的内容</translation>
+    </message>
+    <message>
+        <source>The shapes were not copied.</source>
+        <translation>图形未能复制。</translation>
+    </message>
+    <message>
+        <source>The shapes were not pasted.</source>
+        <translation>图形未能粘贴。</translation>
+    </message>
+    <message>
+        <source>The text was not pasted.</source>
+        <translation>文字未能粘贴。</translation>
+    </message>
+    <message>
+        <source>clipboard</source>
+        <translation>剪贴板</translation>
+    </message>
+</context>
+<context>
+    <name>studio::DrawingTools</name>
+    <message>
+        <source>%1 mm, %2°</source>
+        <translation>%1 毫米，%2°</translation>
+    </message>
+    <message>
+        <source>%1 × %2 mm</source>
+        <translation>%1 × %2 毫米</translation>
+    </message>
+    <message>
+        <source>%1: drag a box, or click. Shift keeps the proportions, Alt begins in the middle, Esc gives up</source>
+        <translation>%1：拖出方框，或单击。Shift 保持比例，Alt 从中心开始，Esc 放弃</translation>
+    </message>
+    <message>
+        <source>%1: drag from end to end. Shift keeps to steps of 15°, Alt begins in the middle, Esc gives up</source>
+        <translation>%1：从一端拖到另一端。Shift 按 15° 步进，Alt 从中点开始，Esc 放弃</translation>
+    </message>
+    <message>
+        <source>A shape needs a width and a height: drag a box</source>
+        <translation>图形需要宽度和高度：请拖出方框</translation>
+    </message>
+</context>
+<context>
+    <name>studio::GroupTools</name>
+    <message>
+        <source>No group is selected</source>
+        <translation>没有选中任何组</translation>
+    </message>
+    <message>
+        <source>These shapes are one group already</source>
+        <translation>这些图形已经是一组</translation>
+    </message>
+    <message>
+        <source>Within a group: its shapes are on their own, Esc leaves it</source>
+        <translation>已进入组：组内图形可单独编辑，Esc 退出</translation>
+    </message>
+</context>
+<context>
+    <name>studio::CodeDialog</name>
+    <message>
+        <source>%1 x %2, %3 mm, reads: %4</source>
+        <translation>%1 x %2，%3 mm，读出：%4</translation>
+    </message>
+    <message>
+        <source>&amp;1 Content</source>
+        <translation>&amp;1 内容</translation>
+    </message>
+    <message>
+        <source>&amp;2 Size and form</source>
+        <translation>&amp;2 尺寸和形式</translation>
+    </message>
+    <message>
+        <source>&amp;3 Options</source>
+        <translation>&amp;3 选项</translation>
+    </message>
+    <message>
+        <source>&amp;4 Text</source>
+        <translation>&amp;4 文字</translation>
+    </message>
+    <message>
+        <source>&amp;5 Hatch</source>
+        <translation>&amp;5 填充</translation>
+    </message>
+    <message>
+        <source>&amp;Kind</source>
+        <translation>种类(&amp;K)</translation>
+    </message>
+    <message>
+        <source>A later part, &quot;%1&quot;, cannot be made: %2</source>
+        <translation>之后的一件“%1”无法生成：%2</translation>
+    </message>
+    <message>
+        <source>Cannot be made: %1</source>
+        <translation>无法生成：%1</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>码</translation>
+    </message>
+    <message>
+        <source>The drawing still shows the last good code: %1</source>
+        <translation>图纸上仍是最后一个有效的码：%1</translation>
+    </message>
+</context>
+<context>
+    <name>studio::CodeFormPage</name>
+    <message>
+        <source> % of the module</source>
+        <translation> %（相对模块）</translation>
+    </message>
+    <message>
+        <source> mm</source>
+        <translation> mm</translation>
+    </message>
+    <message>
+        <source>&amp;Diameter of a dot</source>
+        <translation>点的直径(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Height of the bars</source>
+        <translation>条的高度(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Inverse: mark what is light, for dark material</source>
+        <translation>反色：标刻浅色部分，用于深色材料(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Module</source>
+        <translation>模块(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Style</source>
+        <translation>样式(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Width</source>
+        <translation>宽度(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Print &amp;growth</source>
+        <translation>线条补偿(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Show the &amp;quiet zone on the drawing</source>
+        <translation>在图纸上显示静区(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>The room that the code needs free around it; it is never marked</source>
+        <translation>码四周需要留空的区域；从不标刻</translation>
+    </message>
+    <message>
+        <source>Width of the beam, taken off each dark area: the beam gives it back</source>
+        <translation>光束宽度，从每个深色区域中减去：光束会补回</translation>
+    </message>
+    <message>
+        <source>Width of the code without its quiet zone</source>
+        <translation>码的宽度，不含静区</translation>
+    </message>
+    <message>
+        <source>Width of the narrowest bar, or of one square</source>
+        <translation>最窄的条或一个方块的宽度</translation>
+    </message>
+    <message>
+        <source>bars</source>
+        <translation>条</translation>
+    </message>
+    <message>
+        <source>dots</source>
+        <translation>圆点</translation>
+    </message>
+    <message>
+        <source>outlines of the dark areas</source>
+        <translation>深色区域的轮廓</translation>
+    </message>
+    <message>
+        <source>single lines</source>
+        <translation>单线</translation>
+    </message>
+    <message>
+        <source>squares, one by one</source>
+        <translation>逐个方块</translation>
+    </message>
+</context>
+<context>
+    <name>studio::CodeOptionsPage</name>
+    <message>
+        <source>%1 holds %2.</source>
+        <translation>%1 可容纳：%2。</translation>
+    </message>
+    <message>
+        <source>%1 x %2</source>
+        <translation>%1 x %2</translation>
+    </message>
+    <message>
+        <source>&amp;Escapes: \n, \t, \x1D stand for control characters</source>
+        <translation>转义(&amp;E)：\n、\t、\x1D 代表控制字符</translation>
+    </message>
+    <message>
+        <source>&amp;Mask</source>
+        <translation>掩模(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Rectangular, not square</source>
+        <translation>矩形而非方形(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Size</source>
+        <translation>尺寸(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Add the &amp;check digit</source>
+        <translation>添加校验位(&amp;C)</translation>
+    </message>
+    <message>
+        <source>C&amp;haracter set</source>
+        <translation>字符集(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Co&amp;lumns</source>
+        <translation>列数(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Error c&amp;orrection</source>
+        <translation>纠错等级(&amp;O)</translation>
+    </message>
+    <message>
+        <source>automatic</source>
+        <translation>自动</translation>
+    </message>
+    <message>
+        <source>the best</source>
+        <translation>最佳</translation>
+    </message>
+    <message>
+        <source>the smallest that holds the content</source>
+        <translation>能容纳内容的最小尺寸</translation>
+    </message>
+</context>
+<context>
+    <name>studio::CodeTextPage</name>
+    <message>
+        <source>&amp;Text for people</source>
+        <translation>供人阅读的文字(&amp;T)</translation>
+    </message>
+    <message>
+        <source>above the code</source>
+        <translation>在码的上方</translation>
+    </message>
+    <message>
+        <source>below the code</source>
+        <translation>在码的下方</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+</context>
+<context>
+    <name>studio::VerifyDialog</name>
+    <message>
+        <source> mm</source>
+        <translation> mm</translation>
+    </message>
+    <message>
+        <source>%1 codes read as they are to, %2 do not.</source>
+        <translation>%1 个码读出正确，%2 个不正确。</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>停止(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Verify again</source>
+        <translation>重新校验(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Width of the beam</source>
+        <translation>光束宽度(&amp;W)</translation>
+    </message>
+    <message>
+        <source>All %1 codes read as they are to.</source>
+        <translation>全部 %1 个码读出正确。</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>码</translation>
+    </message>
+    <message>
+        <source>Reading...</source>
+        <translation>正在读取……</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>结果</translation>
+    </message>
+    <message>
+        <source>Stopped: %1 read as they are to, %2 do not, %3 were not read.</source>
+        <translation>已停止：%1 个读出正确，%2 个不正确，%3 个未读。</translation>
+    </message>
+    <message>
+        <source>The drawing has no code that is marked.</source>
+        <translation>图纸中没有要标刻的码。</translation>
+    </message>
+    <message>
+        <source>Verify codes</source>
+        <translation>校验码</translation>
+    </message>
+    <message>
+        <source>as wide as the hatch is close</source>
+        <translation>与填充间距相同</translation>
     </message>
 </context>
 <context>
@@ -2707,897 +3743,26 @@
     </message>
 </context>
 <context>
-    <name>studio::ClipboardActions</name>
+    <name>studio::CodeSection</name>
     <message>
-        <source>It has %L1 characters; at most %L2 become a text.</source>
-        <translation>共有 %L1 个字符；一个文本最多 %L2 个。</translation>
-    </message>
-    <message>
-        <source>The clipboard holds nothing that can be pasted</source>
-        <translation>剪贴板中没有可以粘贴的内容</translation>
-    </message>
-    <message>
-        <source>The shapes were not copied.</source>
-        <translation>图形未能复制。</translation>
-    </message>
-    <message>
-        <source>The shapes were not pasted.</source>
-        <translation>图形未能粘贴。</translation>
-    </message>
-    <message>
-        <source>The text was not pasted.</source>
-        <translation>文字未能粘贴。</translation>
-    </message>
-    <message>
-        <source>clipboard</source>
-        <translation>剪贴板</translation>
-    </message>
-</context>
-<context>
-    <name>studio::DrawingTools</name>
-    <message>
-        <source>%1 mm, %2°</source>
-        <translation>%1 毫米，%2°</translation>
-    </message>
-    <message>
-        <source>%1 × %2 mm</source>
-        <translation>%1 × %2 毫米</translation>
-    </message>
-    <message>
-        <source>%1: drag a box, or click. Shift keeps the proportions, Alt begins in the middle, Esc gives up</source>
-        <translation>%1：拖出方框，或单击。Shift 保持比例，Alt 从中心开始，Esc 放弃</translation>
-    </message>
-    <message>
-        <source>%1: drag from end to end. Shift keeps to steps of 15°, Alt begins in the middle, Esc gives up</source>
-        <translation>%1：从一端拖到另一端。Shift 按 15° 步进，Alt 从中点开始，Esc 放弃</translation>
-    </message>
-    <message>
-        <source>A shape needs a width and a height: drag a box</source>
-        <translation>图形需要宽度和高度：请拖出方框</translation>
-    </message>
-</context>
-<context>
-    <name>studio::GroupTools</name>
-    <message>
-        <source>No group is selected</source>
-        <translation>没有选中任何组</translation>
-    </message>
-    <message>
-        <source>These shapes are one group already</source>
-        <translation>这些图形已经是一组</translation>
-    </message>
-    <message>
-        <source>Within a group: its shapes are on their own, Esc leaves it</source>
-        <translation>已进入组：组内图形可单独编辑，Esc 退出</translation>
-    </message>
-</context>
-<context>
-    <name>studio::CodeDialog</name>
-    <message>
-        <source>%1 x %2, %3 mm, reads: %4</source>
-        <translation>%1 x %2，%3 mm，读出：%4</translation>
-    </message>
-    <message>
-        <source>&amp;1 Content</source>
-        <translation>&amp;1 内容</translation>
-    </message>
-    <message>
-        <source>&amp;2 Size and form</source>
-        <translation>&amp;2 尺寸和形式</translation>
-    </message>
-    <message>
-        <source>&amp;3 Options</source>
-        <translation>&amp;3 选项</translation>
-    </message>
-    <message>
-        <source>&amp;4 Text</source>
-        <translation>&amp;4 文字</translation>
-    </message>
-    <message>
-        <source>&amp;5 Hatch</source>
-        <translation>&amp;5 填充</translation>
-    </message>
-    <message>
-        <source>&amp;Kind</source>
-        <translation>种类(&amp;K)</translation>
-    </message>
-    <message>
-        <source>A later part, &quot;%1&quot;, cannot be made: %2</source>
-        <translation>之后的一件“%1”无法生成：%2</translation>
-    </message>
-    <message>
-        <source>Cannot be made: %1</source>
-        <translation>无法生成：%1</translation>
-    </message>
-    <message>
-        <source>Code</source>
-        <translation>码</translation>
-    </message>
-    <message>
-        <source>The drawing still shows the last good code: %1</source>
-        <translation>图纸上仍是最后一个有效的码：%1</translation>
-    </message>
-</context>
-<context>
-    <name>studio::CodeFormPage</name>
-    <message>
-        <source> % of the module</source>
-        <translation> %（相对模块）</translation>
-    </message>
-    <message>
-        <source> mm</source>
-        <translation> mm</translation>
-    </message>
-    <message>
-        <source>&amp;Diameter of a dot</source>
-        <translation>点的直径(&amp;D)</translation>
-    </message>
-    <message>
-        <source>&amp;Height of the bars</source>
-        <translation>条的高度(&amp;H)</translation>
-    </message>
-    <message>
-        <source>&amp;Inverse: mark what is light, for dark material</source>
-        <translation>反色：标刻浅色部分，用于深色材料(&amp;I)</translation>
-    </message>
-    <message>
-        <source>&amp;Module</source>
-        <translation>模块(&amp;M)</translation>
-    </message>
-    <message>
-        <source>&amp;Style</source>
-        <translation>样式(&amp;S)</translation>
-    </message>
-    <message>
-        <source>&amp;Width</source>
-        <translation>宽度(&amp;W)</translation>
-    </message>
-    <message>
-        <source>Print &amp;growth</source>
-        <translation>线条补偿(&amp;G)</translation>
-    </message>
-    <message>
-        <source>Show the &amp;quiet zone on the drawing</source>
-        <translation>在图纸上显示静区(&amp;Q)</translation>
-    </message>
-    <message>
-        <source>The room that the code needs free around it; it is never marked</source>
-        <translation>码四周需要留空的区域；从不标刻</translation>
-    </message>
-    <message>
-        <source>Width of the beam, taken off each dark area: the beam gives it back</source>
-        <translation>光束宽度，从每个深色区域中减去：光束会补回</translation>
-    </message>
-    <message>
-        <source>Width of the code without its quiet zone</source>
-        <translation>码的宽度，不含静区</translation>
-    </message>
-    <message>
-        <source>Width of the narrowest bar, or of one square</source>
-        <translation>最窄的条或一个方块的宽度</translation>
-    </message>
-    <message>
-        <source>bars</source>
-        <translation>条</translation>
-    </message>
-    <message>
-        <source>dots</source>
-        <translation>圆点</translation>
-    </message>
-    <message>
-        <source>outlines of the dark areas</source>
-        <translation>深色区域的轮廓</translation>
-    </message>
-    <message>
-        <source>single lines</source>
-        <translation>单线</translation>
-    </message>
-    <message>
-        <source>squares, one by one</source>
-        <translation>逐个方块</translation>
-    </message>
-</context>
-<context>
-    <name>studio::CodeOptionsPage</name>
-    <message>
-        <source>%1 holds %2.</source>
-        <translation>%1 可容纳：%2。</translation>
-    </message>
-    <message>
-        <source>%1 x %2</source>
-        <translation>%1 x %2</translation>
-    </message>
-    <message>
-        <source>&amp;Escapes: \n, \t, \x1D stand for control characters</source>
-        <translation>转义(&amp;E)：\n、\t、\x1D 代表控制字符</translation>
-    </message>
-    <message>
-        <source>&amp;Mask</source>
-        <translation>掩模(&amp;M)</translation>
-    </message>
-    <message>
-        <source>&amp;Rectangular, not square</source>
-        <translation>矩形而非方形(&amp;R)</translation>
-    </message>
-    <message>
-        <source>&amp;Size</source>
-        <translation>尺寸(&amp;S)</translation>
-    </message>
-    <message>
-        <source>Add the &amp;check digit</source>
-        <translation>添加校验位(&amp;C)</translation>
-    </message>
-    <message>
-        <source>C&amp;haracter set</source>
-        <translation>字符集(&amp;H)</translation>
-    </message>
-    <message>
-        <source>Co&amp;lumns</source>
-        <translation>列数(&amp;L)</translation>
-    </message>
-    <message>
-        <source>Error c&amp;orrection</source>
-        <translation>纠错等级(&amp;O)</translation>
-    </message>
-    <message>
-        <source>automatic</source>
-        <translation>自动</translation>
-    </message>
-    <message>
-        <source>the best</source>
-        <translation>最佳</translation>
-    </message>
-    <message>
-        <source>the smallest that holds the content</source>
-        <translation>能容纳内容的最小尺寸</translation>
-    </message>
-</context>
-<context>
-    <name>studio::CodeTextPage</name>
-    <message>
-        <source>&amp;Text for people</source>
-        <translation>供人阅读的文字(&amp;T)</translation>
-    </message>
-    <message>
-        <source>above the code</source>
-        <translation>在码的上方</translation>
-    </message>
-    <message>
-        <source>below the code</source>
-        <translation>在码的下方</translation>
-    </message>
-    <message>
-        <source>none</source>
-        <translation>无</translation>
-    </message>
-</context>
-<context>
-    <name>studio::VerifyDialog</name>
-    <message>
-        <source> mm</source>
-        <translation> mm</translation>
-    </message>
-    <message>
-        <source>%1 codes read as they are to, %2 do not.</source>
-        <translation>%1 个码读出正确，%2 个不正确。</translation>
-    </message>
-    <message>
-        <source>&amp;Stop</source>
-        <translation>停止(&amp;S)</translation>
-    </message>
-    <message>
-        <source>&amp;Verify again</source>
-        <translation>重新校验(&amp;V)</translation>
-    </message>
-    <message>
-        <source>&amp;Width of the beam</source>
-        <translation>光束宽度(&amp;W)</translation>
-    </message>
-    <message>
-        <source>All %1 codes read as they are to.</source>
-        <translation>全部 %1 个码读出正确。</translation>
-    </message>
-    <message>
-        <source>Code</source>
-        <translation>码</translation>
-    </message>
-    <message>
-        <source>Reading...</source>
-        <translation>正在读取……</translation>
-    </message>
-    <message>
-        <source>Result</source>
-        <translation>结果</translation>
-    </message>
-    <message>
-        <source>Stopped: %1 read as they are to, %2 do not, %3 were not read.</source>
-        <translation>已停止：%1 个读出正确，%2 个不正确，%3 个未读。</translation>
-    </message>
-    <message>
-        <source>The drawing has no code that is marked.</source>
-        <translation>图纸中没有要标刻的码。</translation>
-    </message>
-    <message>
-        <source>Verify codes</source>
-        <translation>校验码</translation>
-    </message>
-    <message>
-        <source>as wide as the hatch is close</source>
-        <translation>与填充间距相同</translation>
-    </message>
-</context>
-<context>
-    <name>studio::BoxSection</name>
-    <message>
-        <source>%1: the point that X and Y tell, and that stays when the size changes</source>
-        <translation>%1：X 和 Y 所指的点，改变尺寸时它保持不动</translation>
-    </message>
-    <message>
-        <source>0 points right, positive is anticlockwise; turns about the middle of the box</source>
-        <translation>0 指向右方，正值为逆时针；绕外框中心旋转</translation>
-    </message>
-    <message>
-        <source>Angle</source>
-        <translation>角度</translation>
-    </message>
-    <message>
-        <source>Angle in degrees</source>
-        <translation>角度，单位为度</translation>
-    </message>
-    <message>
-        <source>Bottom left</source>
-        <translation>左下</translation>
-    </message>
-    <message>
-        <source>Bottom middle</source>
-        <translation>下中</translation>
-    </message>
-    <message>
-        <source>Bottom right</source>
-        <translation>右下</translation>
-    </message>
-    <message>
-        <source>Box around all</source>
-        <translation>全部图形的外框</translation>
-    </message>
-    <message>
-        <source>Curves are marked as chords: %1 mm is as near as it comes</source>
-        <translation>曲线按弦标刻：最接近的尺寸为 %1 mm</translation>
-    </message>
-    <message>
-        <source>Each shape its own box</source>
-        <translation>每个图形各自的外框</translation>
-    </message>
-    <message>
-        <source>Height in millimetres</source>
-        <translation>高度，单位为毫米</translation>
-    </message>
-    <message>
-        <source>Height of the outline&apos;s box in mm</source>
-        <translation>轮廓外框的高度，mm</translation>
-    </message>
-    <message>
-        <source>Keep proportions</source>
-        <translation>保持比例</translation>
-    </message>
-    <message>
-        <source>Middle</source>
-        <translation>中心</translation>
-    </message>
-    <message>
-        <source>Middle left</source>
-        <translation>左中</translation>
-    </message>
-    <message>
-        <source>Middle right</source>
-        <translation>右中</translation>
-    </message>
-    <message>
-        <source>Of several shapes: whether the fields tell and change the box around all of them, or the box of each</source>
-        <translation>选中多个图形时：各栏显示和修改的是全部图形的外框，还是每个图形各自的外框</translation>
-    </message>
-    <message>
-        <source>Place across the field in mm, to the right. Sums and units are welcome: 20+5, 1in</source>
-        <translation>幅面上的横向位置，mm，向右为正。可输入算式和单位：20+5、1in</translation>
-    </message>
-    <message>
-        <source>Place down the field in mm, downward</source>
-        <translation>幅面上的纵向位置，mm，向下为正</translation>
-    </message>
-    <message>
-        <source>Top left</source>
-        <translation>左上</translation>
-    </message>
-    <message>
-        <source>Top middle</source>
-        <translation>上中</translation>
-    </message>
-    <message>
-        <source>Top right</source>
-        <translation>右上</translation>
-    </message>
-    <message>
-        <source>What places and sizes are about</source>
-        <translation>位置和尺寸所指的对象</translation>
-    </message>
-    <message>
-        <source>Width and height change together, in these fields and by the handles</source>
-        <translation>宽度和高度一起改变，在此输入或拖动控制点时都一样</translation>
-    </message>
-    <message>
-        <source>Width in millimetres</source>
-        <translation>宽度，单位为毫米</translation>
-    </message>
-    <message>
-        <source>Width of the outline&apos;s box in mm</source>
-        <translation>轮廓外框的宽度，mm</translation>
-    </message>
-    <message>
-        <source>X in millimetres</source>
-        <translation>X，单位为毫米</translation>
-    </message>
-    <message>
-        <source>Y in millimetres</source>
-        <translation>Y，单位为毫米</translation>
+        <source>Module</source>
+        <translation>模块</translation>
     </message>
     <message>
         <source>mm</source>
         <translation>mm</translation>
     </message>
     <message>
-        <source>°, mirrored</source>
-        <translation>°，已镜像</translation>
+        <source>Width of the narrowest bar, or of one square, in mm</source>
+        <translation>最窄的条或一个方块的宽度（mm）</translation>
     </message>
-</context>
-<context>
-    <name>studio::HatchSection</name>
     <message>
-        <source>0 is across, positive is anticlockwise</source>
-        <translation>0 为水平，正值为逆时针</translation>
+        <source>Code settings...</source>
+        <translation>码设置...</translation>
     </message>
     <message>
-        <source>Angle</source>
-        <translation>角度</translation>
-    </message>
-    <message>
-        <source>Angle of the hatch in degrees</source>
-        <translation>填充角度，单位为度</translation>
-    </message>
-    <message>
-        <source>Distance of the hatch lines on the part, in mm</source>
-        <translation>工件上填充线的间距，mm</translation>
-    </message>
-    <message>
-        <source>Hatch</source>
-        <translation>填充</translation>
-    </message>
-    <message>
-        <source>Lines and stroke fonts have no inside to hatch.</source>
-        <translation>直线和单线字体没有可填充的内部。</translation>
-    </message>
-    <message>
-        <source>Marks the outline, too</source>
-        <translation>轮廓也一并标刻</translation>
-    </message>
-    <message>
-        <source>Neither outline nor hatch: nothing of it is marked.</source>
-        <translation>既无轮廓也无填充：不会标刻任何内容。</translation>
-    </message>
-    <message>
-        <source>No hatch can be made: its spacing does not suit the size of the shape.</source>
-        <translation>无法生成填充：间距与图形尺寸不相称。</translation>
-    </message>
-    <message>
-        <source>Outline as well</source>
-        <translation>同时标刻轮廓</translation>
-    </message>
-    <message>
-        <source>Spacing</source>
-        <translation>间距</translation>
-    </message>
-    <message>
-        <source>Spacing of the hatch in millimetres</source>
-        <translation>填充间距，单位为毫米</translation>
-    </message>
-    <message>
-        <source>differs</source>
-        <translation>不一致</translation>
-    </message>
-    <message>
-        <source>mm</source>
-        <translation>mm</translation>
-    </message>
-    <message>
-        <source>none</source>
-        <translation>无</translation>
-    </message>
-    <message>
-        <source>single lines</source>
-        <translation>单向线</translation>
-    </message>
-    <message>
-        <source>zigzag</source>
-        <translation>弓形线</translation>
-    </message>
-</context>
-<context>
-    <name>studio::ItemSection</name>
-    <message>
-        <source>Hidden</source>
-        <translation>隐藏</translation>
-    </message>
-    <message>
-        <source>It can be neither selected nor moved; the list of shapes frees it</source>
-        <translation>不能选中也不能移动；在图形列表中解锁</translation>
-    </message>
-    <message>
-        <source>It is not shown and not marked; the list of shapes brings it back</source>
-        <translation>不显示也不标刻；在图形列表中恢复显示</translation>
-    </message>
-    <message>
-        <source>Locked</source>
-        <translation>锁定</translation>
-    </message>
-    <message>
-        <source>Marked</source>
-        <translation>标刻</translation>
-    </message>
-    <message>
-        <source>Name</source>
-        <translation>名称</translation>
-    </message>
-    <message>
-        <source>Off: it is shown, and left out of what is marked</source>
-        <translation>关闭：显示，但不标刻</translation>
-    </message>
-    <message>
-        <source>Pen</source>
-        <translation>笔</translation>
-    </message>
-    <message>
-        <source>Pen that marks the selected shapes</source>
-        <translation>标刻所选图形的笔</translation>
-    </message>
-    <message>
-        <source>What the list of shapes calls it; empty: by its kind</source>
-        <translation>图形列表中的名称；留空则用类型名</translation>
-    </message>
-    <message>
-        <source>differs</source>
-        <translation>不一致</translation>
-    </message>
-</context>
-<context>
-    <name>studio::KindSection</name>
-    <message>
-        <source>Diameter 1</source>
-        <translation>直径 1</translation>
-    </message>
-    <message>
-        <source>Diameter 2</source>
-        <translation>直径 2</translation>
-    </message>
-    <message>
-        <source>In mm, along the ellipse&apos;s other axis</source>
-        <translation>沿椭圆的另一条轴，mm</translation>
-    </message>
-    <message>
-        <source>In mm, along the ellipse&apos;s own first axis</source>
-        <translation>沿椭圆自身的第一条轴，mm</translation>
-    </message>
-    <message>
-        <source>Length</source>
-        <translation>长度</translation>
-    </message>
-    <message>
-        <source>Length of the line in mm; its start stays</source>
-        <translation>直线的长度，mm；起点不动</translation>
-    </message>
-    <message>
-        <source>Number of sides of the polygon</source>
-        <translation>多边形的边数</translation>
-    </message>
-    <message>
-        <source>Sides</source>
-        <translation>边数</translation>
-    </message>
-    <message>
-        <source>mm</source>
-        <translation>mm</translation>
-    </message>
-</context>
-<context>
-    <name>studio::MeasureField</name>
-    <message>
-        <source>%1 to %2</source>
-        <translation>%1 至 %2</translation>
-    </message>
-    <message>
-        <source>%1 to %2 %</source>
-        <translation>%1 至 %2 %</translation>
-    </message>
-    <message>
-        <source>%1 to %2 mm</source>
-        <translation>%1 至 %2 mm</translation>
-    </message>
-    <message>
-        <source>%1. Permitted: %2</source>
-        <translation>%1。允许范围：%2</translation>
-    </message>
-    <message>
-        <source>%1° to %2°</source>
-        <translation>%1° 至 %2°</translation>
-    </message>
-    <message>
-        <source>Not a whole number</source>
-        <translation>不是整数</translation>
-    </message>
-    <message>
-        <source>Too large</source>
-        <translation>过大</translation>
-    </message>
-    <message>
-        <source>Too small</source>
-        <translation>过小</translation>
-    </message>
-    <message>
-        <source>differs</source>
-        <translation>不一致</translation>
-    </message>
-</context>
-<context>
-    <name>studio::PenColors</name>
-    <message>
-        <source>Black</source>
-        <translation>黑色</translation>
-    </message>
-    <message>
-        <source>Blue</source>
-        <translation>蓝色</translation>
-    </message>
-    <message>
-        <source>Cyan</source>
-        <translation>青色</translation>
-    </message>
-    <message>
-        <source>Fuchsia</source>
-        <translation>紫红色</translation>
-    </message>
-    <message>
-        <source>Goldenrod</source>
-        <translation>金黄色</translation>
-    </message>
-    <message>
-        <source>Green</source>
-        <translation>绿色</translation>
-    </message>
-    <message>
-        <source>Grey</source>
-        <translation>灰色</translation>
-    </message>
-    <message>
-        <source>Khaki</source>
-        <translation>卡其色</translation>
-    </message>
-    <message>
-        <source>Magenta</source>
-        <translation>品红色</translation>
-    </message>
-    <message>
-        <source>Navy</source>
-        <translation>藏青色</translation>
-    </message>
-    <message>
-        <source>Orange</source>
-        <translation>橙色</translation>
-    </message>
-    <message>
-        <source>Orchid</source>
-        <translation>兰紫色</translation>
-    </message>
-    <message>
-        <source>Red</source>
-        <translation>红色</translation>
-    </message>
-    <message>
-        <source>Salmon</source>
-        <translation>鲑红色</translation>
-    </message>
-    <message>
-        <source>Turquoise</source>
-        <translation>绿松石色</translation>
-    </message>
-    <message>
-        <source>Yellow</source>
-        <translation>黄色</translation>
-    </message>
-</context>
-<context>
-    <name>studio::ShapeEdits</name>
-    <message>
-        <source>A shape would leave the drawing&apos;s area, %1 to %2 mm across and %3 to %4 mm down</source>
-        <translation>图形会超出绘图区域：横向 %1 至 %2 mm，纵向 %3 至 %4 mm</translation>
-    </message>
-    <message>
-        <source>An ellipse that is flat cannot be stretched</source>
-        <translation>扁平的椭圆无法拉伸</translation>
-    </message>
-    <message>
-        <source>What has no height cannot be stretched to one</source>
-        <translation>没有高度的图形无法拉伸出高度</translation>
-    </message>
-    <message>
-        <source>What has no width cannot be stretched to one</source>
-        <translation>没有宽度的图形无法拉伸出宽度</translation>
-    </message>
-</context>
-<context>
-    <name>studio::ShapePanel</name>
-    <message>
-        <source>%1 shapes selected</source>
-        <translation>已选 %1 个图形</translation>
-    </message>
-    <message>
-        <source>1 shape selected</source>
-        <translation>已选 1 个图形</translation>
-    </message>
-    <message>
-        <source>Nothing selected</source>
-        <translation>未选中任何图形</translation>
-    </message>
-    <message>
-        <source>Shape</source>
-        <translation>图形</translation>
-    </message>
-    <message>
-        <source>Text</source>
-        <translation>文字</translation>
-    </message>
-</context>
-<context>
-    <name>studio::TextSection</name>
-    <message>
-        <source>Added to what the font has, in mm; on an arc the span decides</source>
-        <translation>在字体自身间距上增加的值，mm；在圆弧上由跨角决定</translation>
-    </message>
-    <message>
-        <source>Arc diameter</source>
-        <translation>圆弧直径</translation>
-    </message>
-    <message>
-        <source>Arc span</source>
-        <translation>圆弧跨角</translation>
-    </message>
-    <message>
-        <source>Arc start</source>
-        <translation>圆弧起角</translation>
-    </message>
-    <message>
-        <source>Chinese</source>
-        <translation>中文</translation>
-    </message>
-    <message>
-        <source>Family</source>
-        <translation>字族</translation>
-    </message>
-    <message>
-        <source>Font</source>
-        <translation>字体</translation>
-    </message>
-    <message>
-        <source>From the ink of the lines above to the tops of capitals, in mm</source>
-        <translation>从上方各行的笔迹到大写字母顶端的距离，mm</translation>
-    </message>
-    <message>
-        <source>Height</source>
-        <translation>高度</translation>
-    </message>
-    <message>
-        <source>Height of capital letters on the part, in mm</source>
-        <translation>工件上大写字母的高度，mm</translation>
-    </message>
-    <message>
-        <source>Letter space</source>
-        <translation>字距</translation>
-    </message>
-    <message>
-        <source>Letters</source>
-        <translation>字母</translation>
-    </message>
-    <message>
-        <source>Line space</source>
-        <translation>行距</translation>
-    </message>
-    <message>
-        <source>Of the circle on which the characters stand, in mm</source>
-        <translation>字符所在圆的直径，mm</translation>
-    </message>
-    <message>
-        <source>On an arc</source>
-        <translation>沿圆弧</translation>
-    </message>
-    <message>
-        <source>Select a text to change its font, size and arc.</source>
-        <translation>选中文字以更改其字体、尺寸和圆弧。</translation>
-    </message>
-    <message>
-        <source>Shared out among the characters; positive is anticlockwise</source>
-        <translation>分配给各个字符；正值为逆时针</translation>
-    </message>
-    <message>
-        <source>Stroke fonts, single lines</source>
-        <translation>单线字体</translation>
-    </message>
-    <message>
-        <source>System font, outlines</source>
-        <translation>系统字体，轮廓</translation>
-    </message>
-    <message>
-        <source>Where the arc starts: 0 is at three o&apos;clock, 90 at twelve</source>
-        <translation>圆弧的起点：0 在三点钟方向，90 在十二点钟方向</translation>
-    </message>
-    <message>
-        <source>Width</source>
-        <translation>宽度</translation>
-    </message>
-    <message>
-        <source>Width of the letters in percent; at 100 they are as the font has them</source>
-        <translation>字母宽度的百分比；100 为字体原样</translation>
-    </message>
-    <message>
-        <source>Words and variant text...</source>
-        <translation>文字内容和变量文字...</translation>
-    </message>
-    <message>
-        <source>differs</source>
-        <translation>不一致</translation>
-    </message>
-    <message>
-        <source>mm</source>
-        <translation>mm</translation>
-    </message>
-</context>
-<context>
-    <name>studio::TypedMeasure</name>
-    <message>
-        <source>&quot;%1&quot; is no unit of this field</source>
-        <translation>“%1”不是此栏的单位</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; makes no sense here</source>
-        <translation>此处的“%1”没有意义</translation>
-    </message>
-    <message>
-        <source>A bracket has no counterpart</source>
-        <translation>括号不成对</translation>
-    </message>
-    <message>
-        <source>A number is missing at the end</source>
-        <translation>末尾缺少数字</translation>
-    </message>
-    <message>
-        <source>A unit stands where only a plain number can</source>
-        <translation>此处只能是不带单位的数</translation>
-    </message>
-    <message>
-        <source>Decimals stand after a point</source>
-        <translation>小数点请用句点</translation>
-    </message>
-    <message>
-        <source>Nothing can be divided by 0</source>
-        <translation>不能除以 0</translation>
-    </message>
-    <message>
-        <source>Nothing is entered</source>
-        <translation>没有输入内容</translation>
-    </message>
-    <message>
-        <source>The entry is too long</source>
-        <translation>输入过长</translation>
-    </message>
-    <message>
-        <source>The number is too large</source>
-        <translation>数值过大</translation>
+        <source>%1 codes</source>
+        <translation>%1 个码</translation>
     </message>
 </context>
 <context>
@@ -3674,29 +3839,6 @@
     <message>
         <source>What</source>
         <translation>内容</translation>
-    </message>
-</context>
-<context>
-    <name>studio::CodeSection</name>
-    <message>
-        <source>Module</source>
-        <translation>模块</translation>
-    </message>
-    <message>
-        <source>mm</source>
-        <translation>mm</translation>
-    </message>
-    <message>
-        <source>Width of the narrowest bar, or of one square, in mm</source>
-        <translation>最窄的条或一个方块的宽度（mm）</translation>
-    </message>
-    <message>
-        <source>Code settings...</source>
-        <translation>码设置...</translation>
-    </message>
-    <message>
-        <source>%1 codes</source>
-        <translation>%1 个码</translation>
     </message>
 </context>
 </TS>

@@ -227,6 +227,38 @@ private Q_SLOTS:
                                                 "Matrix: choose a larger one"));
     }
 
+    void options_thatAKindLacks_areTold()
+    {
+        CodeSpec spec;
+        spec.kind = CodeKind::Qr;
+        spec.level = 4;
+        spec.version = 3;
+        spec.mask = 2;
+        QCOMPARE(codekit::lackingOption(spec), QString());
+        spec.hasCheckDigit = true;
+        QCOMPARE(codekit::lackingOption(spec),
+                 QStringLiteral("QR Code leaves no choice of a check digit"));
+        spec.kind = CodeKind::Code128;
+        QCOMPARE(codekit::lackingOption(spec),
+                 QStringLiteral("Code 128 has no levels of error correction"));
+        spec.level = 0;
+        QCOMPARE(codekit::lackingOption(spec),
+                 QStringLiteral("Code 128 has no sizes: it is as large as its content makes it"));
+        spec.version = 0;
+        QCOMPARE(codekit::lackingOption(spec), QStringLiteral("Code 128 has no masks"));
+        spec.mask = -1;
+        spec.columns = 2;
+        QCOMPARE(codekit::lackingOption(spec),
+                 QStringLiteral("Code 128 has no number of columns to choose"));
+        spec.columns = 0;
+        spec.isRectangular = true;
+        QCOMPARE(codekit::lackingOption(spec),
+                 QStringLiteral("Code 128 has one form; a Data Matrix can be rectangular"));
+        spec.kind = CodeKind::Gs1DataMatrix;
+        spec.hasCheckDigit = false;
+        QCOMPARE(codekit::lackingOption(spec), QString());
+    }
+
     void content_thatDoesNotFit_isRefusedWithTheReason_data()
     {
         QTest::addColumn<int>("kind");

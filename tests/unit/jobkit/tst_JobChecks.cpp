@@ -54,6 +54,7 @@ private Q_SLOTS:
     void fastAndSwitchedOffPens_areTold();
     void overlaps_data();
     void overlaps();
+    void overlaps_ofOneObject_nameItOnce();
     void zeroLengthAndBadNumbers_areTold();
     void closeHatch_isTold();
     void textTroubles_areTold();
@@ -148,6 +149,18 @@ void tst_JobChecks::overlaps()
     QCOMPARE(findings[0].object, 3);
     QCOMPARE(findings[0].otherObject, 8);
     QVERIFY(std::hypot(findings[0].atMm.x() - at.x(), findings[0].atMm.y() - at.y()) < 0.002);
+}
+
+void tst_JobChecks::overlaps_ofOneObject_nameItOnce()
+{
+    JobItem item;
+    item.name = QStringLiteral("A");
+    item.outlinesMm = {QPolygonF(QVector<QPointF>{{0, 0}, {10, 5}}),
+                       QPolygonF(QVector<QPointF>{{10, 5}, {0, 0}})};
+    QCOMPARE(check({item}).first().text, QStringLiteral("\"A\" has a line that lies twice."));
+    item.outlinesMm[1] = QPolygonF(QVector<QPointF>{{4, 2}, {6, 3}});
+    QCOMPARE(check({item}).first().text,
+             QStringLiteral("\"A\" has lines that cover each other in part."));
 }
 
 void tst_JobChecks::zeroLengthAndBadNumbers_areTold()

@@ -4,6 +4,8 @@
 
 #include <QtTest/QTest>
 
+#include <cmath>
+
 using studio::MirrorCommand;
 using studio::RotateCommand;
 using studio::ShapeItem;
@@ -38,6 +40,20 @@ private Q_SLOTS:
         push<MirrorCommand>(MirrorCommand::TopToBottom);
         QCOMPARE(studio::sceneBox(*upper), QRectF(0, 80, side, side));
         QCOMPARE(studio::sceneBox(*lower), QRectF(30, 0, side, side));
+    }
+
+    void mirror_flatShape_isUndoneToTheSignOfItsZero()
+    {
+        ShapeItem *flat = test->addRect(0, 0);
+        flat->setTransformParam(QTransform::fromScale(2.0, 0.0));
+        test->select({flat});
+        push<MirrorCommand>(MirrorCommand::TopToBottom);
+        QVERIFY(std::signbit(flat->getTransformParam().m22())); // 0 times -1
+        stack()->undo();
+        QCOMPARE(flat->getTransformParam().m22(), 0.0);
+        QVERIFY(!std::signbit(flat->getTransformParam().m22()));
+        stack()->redo();
+        QVERIFY(std::signbit(flat->getTransformParam().m22()));
     }
 
     void rotate_oneShape_turnsAboutItsMiddle()
@@ -79,6 +95,19 @@ private Q_SLOTS:
         test->select({items[2]});
         stack()->redo();
         COMPARE_DRAWINGS(test->snapshot(), after);
+    }
+
+    // A 0 and a negative one are equal, and two numbers in a file.
+    void undo_givesBackTheSignOfNothing()
+    {
+        ShapeItem *item = test->addRect(0, 0);
+        test->select({item});
+        push<MirrorCommand>(MirrorCommand::TopToBottom);
+        // As others may leave it: equal to what it was before.
+        item->getTransformParam().setMatrix(1, 0, 0, 0, 1, 0, 0, -0.0, 1);
+        stack()->undo();
+        QVERIFY(!std::signbit(item->getTransformParam().dy()));
+        QCOMPARE(item->getTransformParam(), QTransform());
     }
 
     void frame_fitsAfterEachStep()

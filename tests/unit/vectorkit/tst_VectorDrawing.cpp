@@ -91,6 +91,15 @@ private Q_SLOTS:
         QCOMPARE(drawing.declaredSizeMm, QSizeF(420, 594));
         QCOMPARE(drawing.unitMm, 0.05);
     }
+
+    void pens_areThoseOfPlotters()
+    {
+        VectorDrawing drawing;
+        drawing.format = vectorkit::VectorFormat::Hpgl;
+        QVERIFY(drawing.hasPens());
+        drawing.format = vectorkit::VectorFormat::Dxf; // its numbers are those of colours
+        QVERIFY(!drawing.hasPens());
+    }
 };
 
 QTEST_MAIN(tst_VectorDrawing)
