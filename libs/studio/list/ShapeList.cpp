@@ -56,7 +56,6 @@ ShapeList::ShapeList(ZTGraphicsDocument &document, QWidget *parent)
     for (int column = 0; column < ShapeListModel::ColumnCount; ++column)
         header.resizeSection(column, kColumnCharacters[column] * character + 2 * kMargin);
     header.setStretchLastSection(false);
-    header.setSectionResizeMode(ShapeListModel::Name, QHeaderView::Stretch);
 
     auto *body = new QWidget(this);
     auto *layout = new QVBoxLayout(body);
