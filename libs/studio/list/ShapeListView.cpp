@@ -12,6 +12,7 @@ namespace studio {
 
 namespace {
 
+constexpr int kIndentPx = 12;
 constexpr int kRoomyCharacters = 60;
 constexpr int kNameCharacters = 8; ///< of the first column, at least
 
@@ -20,6 +21,7 @@ constexpr int kNameCharacters = 8; ///< of the first column, at least
 ShapeListView::ShapeListView(QWidget *parent) : QTreeView(parent)
 {
     setUniformRowHeights(true);
+    setIndentation(kIndentPx);
     setAlternatingRowColors(true);
     setAllColumnsShowFocus(true);
     setSelectionMode(ExtendedSelection);
@@ -60,7 +62,7 @@ void ShapeListView::startDrag(Qt::DropActions supported)
 void ShapeListView::resizeEvent(QResizeEvent *event)
 {
     QTreeView::resizeEvent(event);
-    const int character = fontMetrics().averageCharWidth();
+    const int character = fontMetrics().horizontalAdvance(QLatin1Char('0'));
     const int width = viewport()->width();
     const int last = header()->count() - 1;
     if (last < 0)

@@ -3288,6 +3288,10 @@
         <source>Part %1 cannot be made as asked for: %2. No file was written.</source>
         <translation>第 %1 件无法按要求生成：%2。没有写出任何文件。</translation>
     </message>
+    <message>
+        <source>%1 was the last number, and it was marked. Give the text new values before another part is marked.</source>
+        <translation>%1 是最后一个编号，且已标刻。标刻下一件前请给文本新的值。</translation>
+    </message>
 </context>
 <context>
     <name>studio::JobPanel</name>
