@@ -11,6 +11,7 @@
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/groups/GroupTools.h>
 #include <studio/job/JobTools.h>
+#include <studio/list/ShapeList.h>
 #include <studio/panel/ShapePanel.h>
 #include <studio/print/PrintActions.h>
 #include <studio/text/TextTools.h>
@@ -46,6 +47,12 @@ template <MirrorCommand::Kind kind>
 void mirror(MainWindow &window)
 {
     window.edit().mirror(kind);
+}
+
+template <OrderChange change>
+void changeOrder(MainWindow &window)
+{
+    window.list().changeOrder(change);
 }
 
 /** Nudges by a direction, each part -1, 0 or 1, times one of the three steps. */
@@ -209,6 +216,22 @@ const QVector<Command> kFixedCommands = {
      [](MainWindow &w) { w.fitSelection(); }},
     {"view.fitAll", TEXT("Fit &all"), "", "Ctrl+2", TEXT("Show the whole drawing"), Needs::Shapes,
      kWindow, [](MainWindow &w) { w.fitAll(); }},
+
+    {"order.first", TEXT("To &first"), "order-first", "Ctrl+Shift+Home",
+     TEXT("To first: marked before all others"), Needs::Shapes, kWindow,
+     &changeOrder<OrderChange::ToFirst>},
+    {"order.raise", TEXT("&Raise"), "order-raise", "Ctrl+Shift+Up",
+     TEXT("Raise: marked one place earlier"), Needs::Shapes, kWindow,
+     &changeOrder<OrderChange::Raise>},
+    {"order.lower", TEXT("&Lower"), "order-lower", "Ctrl+Shift+Down",
+     TEXT("Lower: marked one place later"), Needs::Shapes, kWindow,
+     &changeOrder<OrderChange::Lower>},
+    {"order.last", TEXT("To l&ast"), "order-last", "Ctrl+Shift+End",
+     TEXT("To last: marked after all others"), Needs::Shapes, kWindow,
+     &changeOrder<OrderChange::ToLast>},
+    {"order.reverse", TEXT("Re&verse"), "order-reverse", "",
+     TEXT("Reverse the order of marking, of the selected shapes or of all"), Needs::Shapes,
+     kWindow, &changeOrder<OrderChange::Reverse>},
 
     {"view.resetLayout", TEXT("&Reset layout"), "", "",
      TEXT("Put panels and toolbars where they were at first"), Needs::Nothing, kWindow,

@@ -45,15 +45,17 @@ ContextMenus::ContextMenus(ZTGraphicsDocument &shown, QTreeView &shapeList,
     m_list.viewport()->installEventFilter(this);
 }
 
+void ContextMenus::serve(QTreeView &list) { list.viewport()->installEventFilter(this); }
+
 bool ContextMenus::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() != QEvent::ContextMenu)
         return QObject::eventFilter(watched, event);
     const auto &asked = *static_cast<QContextMenuEvent *>(event);
-    if (watched == m_list.viewport())
-        openOnList(asked);
-    else
+    if (watched == m_document.view()->viewport())
         openOnDrawing(asked);
+    else
+        openOnList(asked);
     event->accept();
     return true;
 }

@@ -35,6 +35,9 @@ public:
     ContextMenus(ZTGraphicsDocument &document, QTreeView &list, DocumentActions &actions,
                  const Commands &commands, QObject *parent);
 
+    /** Opens the menu for shapes on another list of them, too. */
+    void serve(QTreeView &list);
+
     /**
      * Where the mouse stands for a command: where the menu was opened that runs it, else on the
      * drawing, or else, and for keys, the middle of the view. Frame: scene pixels.

@@ -32,6 +32,8 @@
 #include <studio/job/JobExporter.h>
 #include <studio/job/JobPanel.h>
 #include <studio/job/JobTools.h>
+#include <studio/list/ShapeList.h>
+#include <studio/list/ShapeListView.h>
 #include <studio/panel/ShapePanel.h>
 #include <studio/print/PrintActions.h>
 #include <studio/text/TextTools.h>
@@ -65,11 +67,11 @@ const QString kDrawingPatterns = QStringLiteral(
     "*.svg *.dxf *.plt *.hpgl *.hpg *.hgl *.plo *.hp *.SVG *.DXF *.PLT *.HPGL *.HPG *.HGL");
 
 // Counts up when a dock comes or goes: a layout without it would be restored around it.
-constexpr int kLayoutVersion = 1;
+constexpr int kLayoutVersion = 2;
 
 constexpr int kStatusMs = 8000;
-constexpr int kDockWidth = 320;
-constexpr int kTreeHeight = 240;
+constexpr int kDockWidth = 350;
+constexpr int kListHeight = 240;
 constexpr int kPanelHeight = 500;
 constexpr int kIdWidth = 64;
 constexpr int kTextWidth = 70;
@@ -126,6 +128,7 @@ MainWindow::~MainWindow()
     delete m_contextMenus;
     delete m_commandSet;
     delete m_viewNavigation;
+    delete m_list;
     delete m_panel;
     delete m_properties;
     delete m_actions;
@@ -225,12 +228,15 @@ void MainWindow::buildProperties()
     connect(m_panel, &ShapePanel::wordsWanted, m_textTools, &TextTools::showDialog);
     connect(m_panel, &ShapePanel::codeSettingsWanted, m_codeTools, &CodeTools::showDialog);
     addDockWidget(Qt::RightDockWidgetArea, m_panel);
-    splitDockWidget(m_panel, m_treeDock, Qt::Vertical);
+    m_list = new ShapeList(*m_drawing, this);
+    addDockWidget(Qt::RightDockWidgetArea, m_list);
+    splitDockWidget(m_panel, m_list, Qt::Vertical);
+    m_treeDock->hide();
     m_properties = new PropertyDock(*m_drawing, *m_actions, this);
     addDockWidget(Qt::RightDockWidgetArea, m_properties);
     m_properties->hide();
     resizeDocks({m_panel}, {kDockWidth}, Qt::Horizontal);
-    resizeDocks({m_panel, m_treeDock}, {kPanelHeight, kTreeHeight}, Qt::Vertical);
+    resizeDocks({m_panel, m_list}, {kPanelHeight, kListHeight}, Qt::Vertical);
     m_firstLayout = saveState(kLayoutVersion);
 }
 
@@ -277,11 +283,16 @@ void MainWindow::buildCommands()
     connect(recentMenu, &RecentMenu::chosen, this,
             [this](const QString &path) { files().open(path); });
     addMenus(*this, *m_commandSet, {recentMenu, m_orderMenu},
-             {m_panel->toggleViewAction(), m_treeDock->toggleViewAction(),
-              m_properties->toggleViewAction(), m_properties->denseRowsAction(),
+             {m_panel->toggleViewAction(), m_list->toggleViewAction(),
+              m_treeDock->toggleViewAction(), m_properties->toggleViewAction(),
+              m_properties->denseRowsAction(),
               (new LanguageMenu(*m_language, this))->menuAction()});
     addToolBars(*this, *m_commandSet);
+    m_list->addCommands({m_commandSet->action("order.first"), m_commandSet->action("order.raise"),
+                         m_commandSet->action("order.lower"), m_commandSet->action("order.last"),
+                         m_commandSet->action("order.reverse")});
     m_contextMenus = new ContextMenus(*m_drawing, *m_tree, *m_actions, *m_commandSet, this);
+    m_contextMenus->serve(m_list->view());
 }
 
 void MainWindow::connectState()
@@ -332,6 +343,7 @@ void MainWindow::connectFiles()
     connect(session, &DrawingSession::stateChanged, this, &MainWindow::refreshTitle);
     connect(session, &DrawingSession::stateChanged, this, &MainWindow::refreshCommands);
     connect(m_orderMenu, &OrderMenu::changed, session, &DrawingSession::markChanged);
+    connect(m_orderMenu, &OrderMenu::changed, m_list, &ShapeList::showMarkingRule);
     connect(m_textTools, &TextTools::partChanged, session, &DrawingSession::markChanged);
     connect(m_drawingFiles, &DrawingFiles::settling, m_textTools, &TextTools::finishTyping);
     connect(m_drawingFiles, &DrawingFiles::emptied, this, [this] {
@@ -379,7 +391,7 @@ void MainWindow::changeEvent(QEvent *event)
 void MainWindow::retranslate()
 {
     refreshTitle();
-    m_treeDock->setWindowTitle(tr("Shapes"));
+    m_treeDock->setWindowTitle(tr("Engine objects"));
     retranslateTitles(*this);
     m_commandSet->retranslate();
     refreshUndoTexts();

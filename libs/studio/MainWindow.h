@@ -35,6 +35,7 @@ class Language;
 class MatrixDialog;
 class OrderMenu;
 class PropertyDock;
+class ShapeList;
 class ShapePanel;
 class PrintActions;
 class StatusBar;
@@ -68,6 +69,7 @@ public:
     Exporter &exporter() const { return *m_fileExporter; }
     Commands &commands() const { return *m_commandSet; }
     ShapePanel &panel() const { return *m_panel; }
+    ShapeList &list() const { return *m_list; }
     DrawingFiles &files() const { return *m_drawingFiles; }
     DrawingTools &tools() const { return *m_tools; }
     ClipboardActions &clipboard() const { return *m_clipboard; }
@@ -135,6 +137,7 @@ private:
     ZTObjectTreeWidget *m_tree = nullptr;
     QDockWidget *m_treeDock = nullptr;
     ShapePanel *m_panel = nullptr;
+    ShapeList *m_list = nullptr;
     PropertyDock *m_properties = nullptr;
     DocumentActions *m_actions = nullptr;
     ViewNavigation *m_viewNavigation = nullptr;

@@ -32,6 +32,7 @@ constexpr Title kMenuTitles[] = {
     {"textMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Text")},
     {"toolsMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "T&ools")},
     {"arrangeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Arrange")},
+    {"stackingMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "Or&der")},
     {"nudgeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Nudge")},
     {"jobMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Job")},
     {"viewMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&View")},
@@ -49,10 +50,13 @@ constexpr Title kToolBarTitles[] = {
 };
 
 constexpr const char *kAlignTitle = QT_TRANSLATE_NOOP("studio::WindowLayout", "&Align");
+constexpr const char *kOrderTitle = QT_TRANSLATE_NOOP("studio::WindowLayout", "Or&der");
 
 using Ids = std::initializer_list<const char *>;
 
 /** What draws on the canvas with the mouse, and what does not. */
+constexpr Ids kOrder = {"order.first", "order.raise", "order.lower",
+                        "order.last",  "-",           "order.reverse"};
 constexpr Ids kTools = {"tool.select",  "tool.rectangle", "tool.ellipse",
                         "tool.polygon", "tool.line",      "tool.tdot",
                         "tool.text",    "tool.code",      "tool.barcode"};
@@ -124,6 +128,9 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
                  "arrange.vcenter", "arrange.bottom", "arrange.center", "-",
                  "arrange.mirrorHorizontal", "arrange.mirrorVertical", "-", "arrange.rotateRight",
                  "arrange.rotateLeft", "arrange.rotate", "-", "arrange.matrix", "-"});
+    QMenu *order = arrange.addMenu(QString());
+    order->setObjectName(QStringLiteral("stackingMenu"));
+    fill(*order, commands, kOrder);
     QMenu *nudge = arrange.addMenu(QString());
     nudge->setObjectName(QStringLiteral("nudgeMenu"));
     fill(*nudge, commands,
@@ -184,6 +191,9 @@ QMenu *newContextMenu(const Commands &commands, bool isForShapes, QWidget *paren
     fill(*align, commands,
          {"arrange.left", "arrange.hcenter", "arrange.right", "arrange.top", "arrange.vcenter",
           "arrange.bottom", "arrange.center"});
+    QMenu *order = menu->addMenu(translated(kOrderTitle));
+    order->setObjectName(QStringLiteral("orderOfShapesMenu"));
+    fill(*order, commands, kOrder);
     fill(*menu, commands,
          {"arrange.mirrorHorizontal", "arrange.mirrorVertical", "arrange.rotateRight",
           "arrange.rotateLeft", "arrange.rotate", "arrange.matrix", "-", "file.exportSelection",

@@ -5,6 +5,8 @@
 #include <studio/CommandTable.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/import/ImportDialog.h>
+#include <studio/list/ShapeList.h>
+#include <studio/list/ShapeListView.h>
 
 #include <hostkit/items/ItemExtras.h>
 
@@ -219,7 +221,8 @@ private:
 
     void clickRow()
     {
-        auto *tree = studio.window->findChild<ZTObjectTreeWidget *>();
+        QCoreApplication::processEvents(); // the list follows when the program waits
+        QTreeView *tree = &studio.window->list().view();
         const int rows = tree->model()->rowCount();
         if (rows == 0)
             return;

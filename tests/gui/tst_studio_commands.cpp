@@ -1,5 +1,6 @@
 #include "StudioWindow.h"
 
+#include <QtWidgets/QDockWidget>
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QMessageBox>
@@ -88,7 +89,7 @@ private Q_SLOTS:
     void contextMenu_inTheList_isAboutTheSelectedShapes()
     {
         studio->select({studio->addRect(100, 100)});
-        auto *tree = studio->window->findChild<ZTObjectTreeWidget *>();
+        auto *tree = shownTree();
         const QPoint pos = tree->visualRect(tree->model()->index(0, 0)).center();
         QContextMenuEvent asked(QContextMenuEvent::Mouse, pos, tree->viewport()->mapToGlobal(pos));
         QApplication::sendEvent(tree->viewport(), &asked);
@@ -357,7 +358,7 @@ private Q_SLOTS:
         }
         QVERIFY(studio->ids().isEmpty());
         QCOMPARE(studio->stack().count(), 0);
-        const auto *tree = studio->window->findChild<ZTObjectTreeWidget *>();
+        const auto *tree = shownTree();
         QCOMPARE(tree->model()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("id"));
         studio->run("create.rectangle");
         QCOMPARE(studio->ids(), QVector<int>{0});
@@ -376,7 +377,7 @@ private Q_SLOTS:
     {
         studio->addRect(0, 0);
         studio->addRect(60, 0);
-        auto *tree = studio->window->findChild<ZTObjectTreeWidget *>();
+        auto *tree = shownTree();
         const QRect row = tree->visualRect(tree->model()->index(1, 0));
         QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier, row.center());
         QCOMPARE(studio->selected(), QVector<int>{1});
@@ -392,7 +393,7 @@ private Q_SLOTS:
     {
         for (int i = 0; i < 200; ++i)
             studio->addRect(i, i);
-        auto *tree = studio->window->findChild<ZTObjectTreeWidget *>();
+        auto *tree = shownTree();
         const QModelIndex last = tree->model()->index(199, 0);
         QVERIFY(!tree->viewport()->rect().contains(tree->visualRect(last)));
         studio->select({studio->document().scene()->getItemById(199)});
@@ -440,6 +441,14 @@ private Q_SLOTS:
     }
 
 private:
+    /** The engine's tree, which is put away at first. */
+    ZTObjectTreeWidget *shownTree()
+    {
+        studio->window->findChild<QDockWidget *>(QStringLiteral("treeDock"))->show();
+        QCoreApplication::processEvents();
+        return studio->window->findChild<ZTObjectTreeWidget *>();
+    }
+
     QString actionText(const char *id)
     {
         QCoreApplication::processEvents();

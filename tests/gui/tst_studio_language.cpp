@@ -59,7 +59,8 @@ private Q_SLOTS:
         choose("chinese");
         const auto *bar = studio->window->findChild<QToolBar *>(str("alignToolBar"));
         QCOMPARE(bar->windowTitle(), str("对齐"));
-        QCOMPARE(dockTitle("treeDock"), str("图形"));
+        QCOMPARE(dockTitle("treeDock"), str("引擎对象"));
+        QCOMPARE(dockTitle("listDock"), str("图形列表"));
         QCOMPARE(dockTitle("propertyDock"), str("引擎属性"));
         QCOMPARE(dockTitle("shapePanel"), str("图形"));
         QCOMPARE(labelText("countField"), str("已选中 1 / 1"));

@@ -78,9 +78,7 @@ void TextSection::buildFonts(QGridLayout &grid)
     m_kind->addItem(QString(), int(FontType::singleLine));
     m_family->setObjectName(QStringLiteral("panel.family"));
     m_letters->setObjectName(QStringLiteral("panel.letters"));
-    m_letters->addItems(regularStrokeFonts());
     m_chinese->setObjectName(QStringLiteral("panel.chinese"));
-    m_chinese->addItems(bigStrokeFonts());
     for (QComboBox *box : {m_kind, static_cast<QComboBox *>(m_family), m_letters, m_chinese}) {
         // As narrow as the panel is made, however long the names of fonts are.
         box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -156,8 +154,7 @@ void TextSection::retranslate()
         m_fontLabels[i]->setText(fonts[i]);
         boxes[i]->setAccessibleName(fonts[i]);
     }
-    for (QComboBox *box : {m_kind, m_letters, m_chinese})
-        box->setPlaceholderText(tr("differs"));
+    m_kind->setPlaceholderText(tr("differs"));
     m_kind->setItemText(0, tr("System font, outlines"));
     m_kind->setItemText(1, tr("Stroke fonts, single lines"));
     m_arc->setText(tr("On an arc"));
@@ -217,6 +214,11 @@ void TextSection::follow(const ShapeItems &)
         settings.append(TextSettings::of(static_cast<ZTGraphicsTextItem &>(*item)));
     m_hint->setVisible(texts.isEmpty());
     setEnabled(!texts.isEmpty());
+    if (texts.isEmpty()) {
+        for (const Number &number : qAsConst(m_numbers))
+            number.field->showNothing();
+        return;
+    }
     m_words->setEnabled(texts.size() == 1);
     showFonts(settings);
     const auto onArc = commonSetting(settings, [](const TextSettings &s) { return s.isOnArc; });
@@ -249,13 +251,28 @@ void TextSection::showFonts(const QVector<TextSettings> &settings)
     else if (!family)
         m_family->setEditText(QString());
     const auto letters = commonSetting(settings, [](const TextSettings &s) { return s.enName; });
-    m_letters->setCurrentIndex(letters ? m_letters->findText(*letters) : -1);
+    showStrokeFont(*m_letters, regularStrokeFonts(), letters);
     const auto chinese = commonSetting(settings, [](const TextSettings &s) { return s.zhName; });
-    m_chinese->setCurrentIndex(chinese ? m_chinese->findText(*chinese) : -1);
+    showStrokeFont(*m_chinese, bigStrokeFonts(), chinese);
     const bool isStroke = kind == FontType::singleLine;
     m_family->setEnabled(!isStroke);
     m_letters->setEnabled(isStroke);
     m_chinese->setEnabled(isStroke);
+}
+
+// Fonts may come while the program runs; one that is missing is told by its name all the same.
+void TextSection::showStrokeFont(QComboBox &box, const QStringList &fonts,
+                                 const std::optional<QString> &name)
+{
+    QStringList listed;
+    for (int i = 0; i < box.count(); ++i)
+        listed << box.itemText(i);
+    if (listed != fonts) {
+        box.clear();
+        box.addItems(fonts);
+    }
+    box.setPlaceholderText(name.value_or(tr("differs")));
+    box.setCurrentIndex(name ? box.findText(*name) : -1);
 }
 
 } // namespace studio

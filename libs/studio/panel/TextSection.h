@@ -56,6 +56,8 @@ private:
                    const MeasureField::Range &range, double TextSettings::*member, double factor);
     QLabel *addRow(QGridLayout &grid, QWidget *field);
     void showFonts(const QVector<TextSettings> &settings);
+    static void showStrokeFont(QComboBox &box, const QStringList &fonts,
+                               const std::optional<QString> &name);
     QString change(const Change &change);
     ShapeItems selectedTexts() const;
 

@@ -499,6 +499,46 @@
         <source>User &amp;manual</source>
         <translation>用户手册(&amp;M)</translation>
     </message>
+    <message>
+        <source>&amp;Lower</source>
+        <translation>推后(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Raise</source>
+        <translation>提前(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Lower: marked one place later</source>
+        <translation>推后：晚一位标刻</translation>
+    </message>
+    <message>
+        <source>Raise: marked one place earlier</source>
+        <translation>提前：早一位标刻</translation>
+    </message>
+    <message>
+        <source>Re&amp;verse</source>
+        <translation>反转(&amp;V)</translation>
+    </message>
+    <message>
+        <source>Reverse the order of marking, of the selected shapes or of all</source>
+        <translation>反转标刻顺序：所选图形的，或全部图形的</translation>
+    </message>
+    <message>
+        <source>To &amp;first</source>
+        <translation>移到最先(&amp;F)</translation>
+    </message>
+    <message>
+        <source>To first: marked before all others</source>
+        <translation>移到最先：在所有其他图形之前标刻</translation>
+    </message>
+    <message>
+        <source>To l&amp;ast</source>
+        <translation>移到最后(&amp;A)</translation>
+    </message>
+    <message>
+        <source>To last: marked after all others</source>
+        <translation>移到最后：在所有其他图形之后标刻</translation>
+    </message>
 </context>
 <context>
     <name>studio::ArcPage</name>
@@ -1002,10 +1042,6 @@
         <translation>已保存到 %1</translation>
     </message>
     <message>
-        <source>Shapes</source>
-        <translation>图形</translation>
-    </message>
-    <message>
         <source>Studio %1</source>
         <translation>绘图工作室 %1</translation>
     </message>
@@ -1032,6 +1068,10 @@
     <message>
         <source>Degrees, anticlockwise:</source>
         <translation>角度（度，逆时针）：</translation>
+    </message>
+    <message>
+        <source>Engine objects</source>
+        <translation>引擎对象</translation>
     </message>
 </context>
 <context>
@@ -1923,6 +1963,10 @@
         <source>T&amp;ools</source>
         <translation>工具(&amp;O)</translation>
     </message>
+    <message>
+        <source>Or&amp;der</source>
+        <translation>次序(&amp;D)</translation>
+    </message>
 </context>
 <context>
     <name>studio::WordsPage</name>
@@ -2247,6 +2291,10 @@
     <message>
         <source>Part %1 cannot be made as asked for: %2. No file was written.</source>
         <translation>第 %1 件无法按要求生成：%2。没有写出任何文件。</translation>
+    </message>
+    <message>
+        <source>%1 was the last number, and it was marked. Give the text new values before another part is marked.</source>
+        <translation>%1 是最后一个编号，且已标刻。标刻下一件前请给文本新的值。</translation>
     </message>
 </context>
 <context>
@@ -3693,6 +3741,104 @@
     <message>
         <source>%1 codes</source>
         <translation>%1 个码</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ShapeList</name>
+    <message>
+        <source>List of shapes</source>
+        <translation>图形列表</translation>
+    </message>
+    <message>
+        <source>Listed as stacked; marking goes by File, Marking order.</source>
+        <translation>按叠放次序列出；标刻顺序以“文件 - 标刻顺序”为准。</translation>
+    </message>
+    <message>
+        <source>Marked from top to bottom.</source>
+        <translation>从上到下依次标刻。</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>查找</translation>
+    </message>
+    <message>
+        <source>Search for shapes</source>
+        <translation>查找图形</translation>
+    </message>
+    <message>
+        <source>Shapes in the order of marking</source>
+        <translation>按标刻顺序排列的图形</translation>
+    </message>
+    <message>
+        <source>Shows the shapes whose name, words or kind contain this</source>
+        <translation>显示名称、文字或类型中包含此内容的图形</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ShapeListModel</name>
+    <message>
+        <source>%1 shapes</source>
+        <translation>%1 个图形</translation>
+    </message>
+    <message>
+        <source>Double click to rename</source>
+        <translation>双击可重命名</translation>
+    </message>
+    <message>
+        <source>Group %1</source>
+        <translation>组 %1</translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation>隐藏</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>类型</translation>
+    </message>
+    <message>
+        <source>Lock</source>
+        <translation>锁定</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation>标刻</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>No.</source>
+        <translation>序号</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>笔</translation>
+    </message>
+    <message>
+        <source>Pen that marks it</source>
+        <translation>标刻它的笔</translation>
+    </message>
+    <message>
+        <source>Place in the order of marking</source>
+        <translation>在标刻顺序中的位置</translation>
+    </message>
+    <message>
+        <source>What kind of shape it is</source>
+        <translation>图形的类型</translation>
+    </message>
+    <message>
+        <source>Whether it is hidden: neither shown nor marked</source>
+        <translation>是否隐藏：不显示也不标刻</translation>
+    </message>
+    <message>
+        <source>Whether it is locked: neither selected nor moved</source>
+        <translation>是否锁定：不能选中也不能移动</translation>
+    </message>
+    <message>
+        <source>Whether it is marked</source>
+        <translation>是否标刻</translation>
     </message>
 </context>
 </TS>

@@ -97,6 +97,19 @@ private Q_SLOTS:
         COMPARE_DRAWINGS(test->snapshot(), after);
     }
 
+    // A 0 and a negative one are equal, and two numbers in a file.
+    void undo_givesBackTheSignOfNothing()
+    {
+        ShapeItem *item = test->addRect(0, 0);
+        test->select({item});
+        push<MirrorCommand>(MirrorCommand::TopToBottom);
+        // As others may leave it: equal to what it was before.
+        item->getTransformParam().setMatrix(1, 0, 0, 0, 1, 0, 0, -0.0, 1);
+        stack()->undo();
+        QVERIFY(!std::signbit(item->getTransformParam().dy()));
+        QCOMPARE(item->getTransformParam(), QTransform());
+    }
+
     void frame_fitsAfterEachStep()
     {
         const ShapeItems items{test->addRect(0, 0), test->addRect(70, 0)};
