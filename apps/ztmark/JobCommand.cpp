@@ -116,8 +116,8 @@ void JobCommand::addMachine()
         ->default_str("grbl-diode");
     m_command
         ->add_option("--pens", m_pensFile,
-                     tr("The pens, a JSON file; without it all have 50 % and 500 mm/s, or\nas "
-                        "fast as the machine is")
+                     tr("The pens, a JSON file; without it those of the drawing, or all with\n"
+                        "50 % and 500 mm/s, or as fast as the machine is")
                          .toStdString())
         ->type_name("FILE");
 }
@@ -194,6 +194,8 @@ int JobCommand::run()
     JobSource source;
     if (!source.open(m_files, m_foreign, m_job.options, progress))
         return console::Failed;
+    if (m_pensFile.empty() && !source.pens().isEmpty())
+        m_pens = source.pens();
     if (takesNumbers(source) && !source.lock(m_files))
         return console::Failed;
     if (!makeParts(source, progress) || !write(progress))

@@ -4,12 +4,13 @@
 #include "Progress.h"
 
 #include <hostkit/drawing/DrawingCapture.h>
-#include <hostkit/items/ItemExtras.h>
+#include <hostkit/items/LastPart.h>
 #include <hostkit/items/MarkReadiness.h>
 #include <hostkit/items/PartTexts.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/marks/MarkOrder.h>
 #include <hostkit/text/StrokeFont.h>
+#include <jobkit/marks/DrawingPens.h>
 #include <jobkit/marks/MarkGraphItems.h>
 
 #include <QtCore/QFileInfo>
@@ -23,94 +24,16 @@ using jobkit::JobItem;
 
 namespace {
 
-/** The field of an item's extras that tells how far its text was when its last part was marked. */
-const QByteArray kMarkedLast = QByteArrayLiteral("marked.last");
-
-/** The variant text that an item shows, or null. */
-ZTVariantText *variantOf(const ZTAbstractGraphicsItem *item)
-{
-    const auto *text = dynamic_cast<const ZTTextShapeBase *>(item->getShapeBase());
-    return text != nullptr ? text->getVarTxt() : nullptr;
-}
-
-/** How far each segment is, whatever day it is. */
-struct Advance
-{
-    QByteArray operator()(const ZTFixedTextSegment &) const { return {}; }
-    QByteArray operator()(const ZTDateTimeSegment &) const { return {}; }
-    QByteArray operator()(const ZTCounterSegment &counter) const
-    {
-        return QByteArray::number(counter.updates) + ' ';
-    }
-    QByteArray operator()(const ZTTextFileSegment &rows) const
-    {
-        return QByteArray::number(rows.nextRow) + ' ';
-    }
-};
-
-QByteArray progressOf(const ZTVariantText &text)
-{
-    QByteArray progress;
-    for (const ZTVariantTextSegment &segment : text.getSegments())
-        progress += std::visit(Advance(), segment);
-    return progress;
-}
-
-/** Moves a text on to the next part; false where it has no value of its own for it. */
-bool moveOn(const ZTAbstractGraphicsItem &item, ZTVariantText *text)
-{
-    for (int left = hostkit::itemExtras(item).valuesPerPart; left > 1; --left)
-        text->update();
-    const bool hasNext = !text->isExhausted();
-    text->update();
-    return hasNext;
-}
-
-/** Whether a text has no value for a further part. */
-bool isAtEnd(const ZTAbstractGraphicsItem *item)
-{
-    const ZTVariantText *variant = variantOf(item);
-    if (variant == nullptr)
-        return false;
-    ZTVariantText text = *variant;
-    return !moveOn(*item, &text);
-}
-
-/** Whether its present part was marked as the last that there was. */
-bool isMarkedLast(const ZTAbstractGraphicsItem *item)
-{
-    const ZTVariantText *text = variantOf(item);
-    const QByteArray marked = hostkit::itemExtras(*item).fields.value(kMarkedLast);
-    return text != nullptr && !marked.isEmpty() && marked == progressOf(*text);
-}
-
-bool isUsedUp(const ZTAbstractGraphicsItem *item) { return isMarkedLast(item) && isAtEnd(item); }
-
-void setMarkedLast(ZTAbstractGraphicsItem *item, const QByteArray &progress)
-{
-    hostkit::ItemExtras extras = hostkit::itemExtras(*item);
-    if (progress.isEmpty())
-        extras.fields.remove(kMarkedLast);
-    else
-        extras.fields[kMarkedLast] = progress;
-    hostkit::setItemExtras(*item, extras);
-}
-
 QVector<ZTAbstractGraphicsItem *> lowestFirst(const QVector<ZTAbstractGraphicsItem *> &items)
 {
     return {items.rbegin(), items.rend()};
 }
 
-/** The order in which a graph's objects are marked, as indices. */
-QVector<int> orderOf(ZTMarkGraph graph)
+bool anyOf(const QVector<ZTAbstractGraphicsItem *> &items,
+           bool (*holds)(const ZTAbstractGraphicsItem &))
 {
-    for (int i = 0; i < graph.objects.size(); ++i)
-        graph.objects[i].penId = i;
-    hostkit::orderMarkGraph(&graph);
-    QVector<int> order;
-    for (const ZTMarkObject &object : qAsConst(graph.objects))
-        order.append(object.penId);
-    return order;
+    return std::any_of(items.begin(), items.end(),
+                       [holds](const ZTAbstractGraphicsItem *item) { return holds(*item); });
 }
 
 QString missingCharactersOf(const ZTAbstractGraphicsItem &item)
@@ -141,8 +64,8 @@ bool JobSource::openDrawing(const InputFiles &files, Progress &progress)
     const NextPart part = NextPart::again(lowestFirst(m_items));
     m_present = part.texts;
     // The last part was marked, and more numbers were given to the texts since then.
-    const bool isMarked = std::any_of(m_items.begin(), m_items.end(), isMarkedLast);
-    if (isMarked && std::none_of(m_items.begin(), m_items.end(), isAtEnd))
+    const bool isMarked = anyOf(m_items, hostkit::isLastPartMarked);
+    if (isMarked && !anyOf(m_items, hostkit::isAtLastPart))
         return next();
     return showPart(part.errors);
 }
@@ -165,6 +88,12 @@ bool JobSource::showPart(const QStringList &errors)
     return errors.isEmpty();
 }
 
+QVector<jobkit::Pen> JobSource::pens() const
+{
+    return jobkit::hasDrawingPens(m_drawing.document) ? jobkit::drawingPens(m_drawing.document)
+                                                      : QVector<jobkit::Pen>();
+}
+
 QVector<JobItem> JobSource::items()
 {
     hostkit::MarkGraphBuilder builder(*m_drawing.document.itemMag(), m_items);
@@ -173,12 +102,12 @@ QVector<JobItem> JobSource::items()
     const auto units = hostkit::MarkUnits::of(*m_drawing.document.itemMag());
     const QVector<JobItem> drawn = jobkit::itemsOf(graph, units);
     QVector<JobItem> ordered;
-    for (const int index : orderOf(graph)) {
+    for (const int index : hostkit::markOrder(graph)) {
         JobItem item = drawn[index];
         const ZTAbstractGraphicsItem &shape = *m_items[index];
         item.object = ordered.size();
         item.name = hostkit::shapeName(shape);
-        item.isSerialUsedUp = isUsedUp(&shape);
+        item.isSerialUsedUp = hostkit::isUsedUp(shape);
         item.missingCharacters = missingCharactersOf(shape);
         ordered.append(item);
     }
@@ -239,17 +168,17 @@ bool JobSource::lock(const InputFiles &files)
 bool JobSource::hasEnough(int parts) const
 {
     for (const ZTAbstractGraphicsItem *item : m_items) {
-        const ZTVariantText *variant = variantOf(item);
+        const ZTVariantText *variant = hostkit::variantTextOf(*item);
         if (variant == nullptr)
             continue;
-        if (isUsedUp(item)) {
+        if (hostkit::isUsedUp(*item)) {
             console::complain(m_name, tr("the serial number of \"%1\" is used up: %2 was the last")
                                           .arg(hostkit::shapeName(*item), variant->getText()));
             return false;
         }
         ZTVariantText text = *variant;
         for (int part = 1; part < parts; ++part) {
-            if (moveOn(*item, &text))
+            if (hostkit::moveToNextPart(*item, &text))
                 continue;
             console::complain(
                 m_name, tr("the serial number ends after part %1 of %2").arg(part).arg(parts));
@@ -262,10 +191,10 @@ bool JobSource::hasEnough(int parts) const
 /** Where a text has no further value, all stay with the last part, and say that it was marked. */
 bool JobSource::next()
 {
-    m_isUsedUp = std::any_of(m_items.begin(), m_items.end(), isAtEnd);
+    m_isUsedUp = anyOf(m_items, hostkit::isAtLastPart);
     for (ZTAbstractGraphicsItem *item : qAsConst(m_items)) {
-        if (const ZTVariantText *text = variantOf(item))
-            setMarkedLast(item, m_isUsedUp ? progressOf(*text) : QByteArray());
+        if (hostkit::variantTextOf(*item) != nullptr)
+            hostkit::setLastPartMarked(*item, m_isUsedUp);
     }
     if (m_isUsedUp)
         return true;

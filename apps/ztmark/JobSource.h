@@ -29,6 +29,9 @@ public:
     bool open(const InputFiles &files, ForeignFiles &foreign, const hostkit::MarkJobOptions &layout,
               Progress &progress);
 
+    /** The pens that the drawing carries; none of a drawing without, and of foreign files. */
+    QVector<jobkit::Pen> pens() const;
+
     /** False when one of several files could not be taken in. */
     bool isWhole() const { return m_isWhole; }
 

@@ -2,11 +2,6 @@
 
 #include <hostkit/marks/MarkGraphWriter.h>
 
-#include <QtCore/QFile>
-#include <QtCore/QFileInfo>
-#include <QtCore/QUuid>
-
-#include <cstdio>
 #include <new>
 
 namespace studio {
@@ -15,21 +10,6 @@ namespace {
 
 constexpr int kStepMs = 30;
 
-/** A name beside the target, of the same form, that no file has. */
-QString nameBeside(const QString &path)
-{
-    const QFileInfo info(path);
-    return QStringLiteral("%1/.%2-%3.%4")
-        .arg(info.path(), info.completeBaseName(), QUuid::createUuid().toString(QUuid::Id128),
-             info.suffix());
-}
-
-/** Moves a file over another one in one step. */
-bool replaceFile(const QString &from, const QString &to)
-{
-    return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
-}
-
 } // namespace
 
 ExportJob::ExportJob(const ZTGraphicsDocument &document, bool selectionOnly, const QString &path,
@@ -37,7 +17,7 @@ ExportJob::ExportJob(const ZTGraphicsDocument &document, bool selectionOnly, con
     : QObject(parent), m_builder(std::make_unique<hostkit::MarkGraphBuilder>(
                            document, selectionOnly ? hostkit::selectedMarkedItems(document)
                                                    : hostkit::markedItems(document))),
-      m_target(path), m_partPath(nameBeside(path)), m_objectCount(m_builder->total())
+      m_target(path), m_objectCount(m_builder->total())
 {
     m_nextStep.setInterval(0);
     connect(&m_nextStep, &QTimer::timeout, this, &ExportJob::gather);
@@ -45,10 +25,9 @@ ExportJob::ExportJob(const ZTGraphicsDocument &document, bool selectionOnly, con
 
 ExportJob::~ExportJob()
 {
-    if (!m_writer)
-        return;
-    m_writer->wait();
-    QFile::remove(m_partPath);
+    m_isCancelled = true; // what is not finished is not wanted any more
+    if (m_writer)
+        m_writer->wait();
 }
 
 void ExportJob::start(int budgetMs)
@@ -97,7 +76,8 @@ void ExportJob::writeFile() noexcept
     if (!m_error.isEmpty())
         return;
     try {
-        hostkit::saveMarkGraph(m_marks.graph, m_marks.units, m_partPath, &m_error);
+        hostkit::saveMarkGraph(m_marks.graph, m_marks.units, m_target, &m_error, {},
+                               [this] { return !m_isCancelled; });
     } catch (const std::bad_alloc &) {
         m_error = tr("there is not enough memory");
     } catch (...) {
@@ -111,8 +91,6 @@ void ExportJob::finish()
         deleteLater();
         return;
     }
-    if (m_error.isEmpty() && !replaceFile(m_partPath, m_target))
-        m_error = tr("the file cannot be replaced");
     Q_EMIT finished(m_error);
 }
 

@@ -5,6 +5,7 @@
 #include <QtCore/QThread>
 #include <QtCore/QTimer>
 
+#include <atomic>
 #include <memory>
 
 namespace studio {
@@ -32,7 +33,8 @@ public:
     void start(int budgetMs);
 
     /**
-     * Gives up; `finished` does not come. What stood in the file stays.
+     * Gives up; `finished` does not come. What stood in the file stays, unless the new one was just
+     * taking its place.
      *
      * Owner: from here on the job deletes itself, when its thread has ended.
      */
@@ -60,11 +62,10 @@ private:
 
     std::unique_ptr<hostkit::MarkGraphBuilder> m_builder;
     QString m_target;
-    QString m_partPath; ///< where the thread writes until all is there
     QTimer m_nextStep;
     int m_budgetOfStepMs = 0;
     int m_objectCount = 0;
-    bool m_isCancelled = false;
+    std::atomic<bool> m_isCancelled = false;
     std::unique_ptr<QThread> m_writer;
     hostkit::DrawingMarks m_marks; ///< the thread's while it runs
     QString m_error;               ///< the thread's while it runs

@@ -79,7 +79,7 @@ const QString kDrawingPatterns = QStringLiteral(
 constexpr int kLayoutVersion = 2;
 
 constexpr int kStatusMs = 8000;
-constexpr int kDockWidth = 320;
+constexpr int kDockWidth = 350;
 constexpr int kListHeight = 240;
 constexpr int kPanelHeight = 500;
 constexpr int kIdWidth = 64;

@@ -513,6 +513,27 @@ private Q_SLOTS:
         QVERIFY(good->isSelected() && !mirrored->isSelected());
     }
 
+    void verify_seesWhatLiesOverACode()
+    {
+        CodeItem *under = studio->create();
+        studio->close(kOk);
+        CodeItem *over = studio->create();
+        studio->close(kOk);
+        over->setFixedText(QStringLiteral("OTHER"));
+        over->setPos(under->pos() + QPointF(4.0, 4.0));
+        QVERIFY(studio->run("tools.verifyCodes"));
+        auto *dialog = studio->window->findChild<studio::VerifyDialog *>();
+        QTRY_VERIFY(!dialog->isRunning());
+        QCOMPARE(dialog->findChild<QLabel *>(QStringLiteral("verifySummary"))->text(),
+                 QStringLiteral("0 codes read as they are to, 2 do not."));
+        over->setPos(under->pos() + QPointF(80.0, 0.0));
+        QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("verifyStart")),
+                          Qt::LeftButton);
+        QTRY_VERIFY(!dialog->isRunning());
+        QCOMPARE(dialog->findChild<QLabel *>(QStringLiteral("verifySummary"))->text(),
+                 QStringLiteral("All 2 codes read as they are to."));
+    }
+
     void verify_canBeStopped_andOutlivesDeletedCodes()
     {
         CodeItem *item = studio->create();

@@ -221,6 +221,22 @@ private Q_SLOTS:
         QVERIFY(studio->messages->failures.last().why.contains(QStringLiteral(".svg")));
     }
 
+    void export_throughALink_leavesTheLinkAndThePermissions()
+    {
+        studio->addRect(0, 0);
+        const QString path = write("real.csv", "old");
+        const QFile::Permissions mode = QFile::ReadOwner | QFile::WriteOwner;
+        QVERIFY(QFile::setPermissions(path, mode));
+        const QString link = studio->path("link.csv");
+        QVERIFY(QFile::link(path, link));
+        QVERIFY(exportTo(link, false));
+        QVERIFY(QFileInfo(link).isSymLink());
+        QVERIFY(contentOf(path).size() > 3);
+        constexpr QFile::Permissions kOthers =
+            QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+        QCOMPARE(QFile::permissions(path) & kOthers, QFile::Permissions());
+    }
+
     void export_cancelled_leavesTheOldFile()
     {
         for (int i = 0; i < 3000; ++i)

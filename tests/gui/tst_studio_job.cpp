@@ -255,6 +255,32 @@ private Q_SLOTS:
         QVERIFY(studio->messages->failures.first().why.contains(QStringLiteral("After part 2")));
     }
 
+    void theLastNumber_isMarkedOnce()
+    {
+        ZTGraphicsTextItem *item = makeSerial(2);
+        studio::JobExporter &exporter = studio->window->job().exporter();
+        QVERIFY(exporter.write({studio->path("part.json"), 2, false, {}}, settings()));
+        QCOMPARE(item->text(), QStringLiteral("SN002"));
+        const QString again = studio->path("again.json");
+        QVERIFY(!exporter.write({again, 1, false, {}}, settings()));
+        QVERIFY(!QFile::exists(again));
+        QVERIFY(studio->messages->failures.first().why.contains(QStringLiteral("SN002")));
+        QVERIFY(
+            exporter.write({studio->path("f.nc"), 1, false, jobkit::FrameKind::Box}, settings()));
+    }
+
+    void aNumberGivenAfterTheLast_isTheNext()
+    {
+        ZTGraphicsTextItem *item = makeSerial(2);
+        studio::JobExporter &exporter = studio->window->job().exporter();
+        QVERIFY(exporter.write({studio->path("part.json"), 2, false, {}}, settings()));
+        auto segments = item->getVariantText()->getSegments();
+        std::get<ZTCounterSegment>(segments[1]).last = 9;
+        QVERIFY(item->getVariantText()->setSegments(segments));
+        QVERIFY(exporter.write({studio->path("more.json"), 1, false, {}}, settings()));
+        QCOMPARE(item->text(), QStringLiteral("SN004"));
+    }
+
     void aFrame_usesUpNoNumber()
     {
         ZTGraphicsTextItem *item = makeSerial(999);

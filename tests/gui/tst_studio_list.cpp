@@ -40,6 +40,19 @@ private Q_SLOTS:
         QVERIFY(!studio->window->findChild<QDockWidget *>(QStringLiteral("treeDock"))->isVisible());
     }
 
+    void allSwitches_areInSight_atAnyWidth()
+    {
+        make({"one", "two"});
+        for (const int width : {320, 420, 700}) {
+            studio->window->resizeDocks({&list()}, {width}, Qt::Horizontal);
+            settle();
+            QVERIFY(view().columnViewportPosition(ShapeListModel::Hidden) +
+                        view().columnWidth(ShapeListModel::Hidden) <=
+                    view().viewport()->width());
+        }
+        QVERIFY(!view().isColumnHidden(ShapeListModel::Kind));
+    }
+
     void kinds_areCalledAsPeopleCallThem()
     {
         studio->addRect(0, 0);

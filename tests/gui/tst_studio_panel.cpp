@@ -62,6 +62,8 @@ private Q_SLOTS:
         QCOMPARE(child<QLabel>("panel.count")->text(), QStringLiteral("Nothing selected"));
         QVERIFY(!field("panel.x")->isEnabled());
         QCOMPARE(field("panel.x")->text(), QString());
+        for (const char *name : {"panel.hatch", "panel.pen"})
+            QCOMPARE(child<QComboBox>(name)->placeholderText(), QString());
     }
 
     void selectedShape_showsItsTrueBox()
@@ -336,6 +338,7 @@ private Q_SLOTS:
         QCOMPARE(hatched->getFillParam().spac, 0.005);
         select({hatched, plain});
         QCOMPARE(child<QComboBox>("panel.hatch")->currentIndex(), -1);
+        QCOMPARE(child<QComboBox>("panel.hatch")->placeholderText(), QStringLiteral("differs"));
         QCOMPARE(field("panel.hatchSpacing")->placeholderText(), QStringLiteral("differs"));
         select({plain});
         QTest::mouseClick(child<QCheckBox>("panel.border"), Qt::LeftButton, {}, QPoint(8, 8));

@@ -1208,12 +1208,6 @@ Examples:
         <translation>机器：ztmark profile list 中的名称，或一个文件</translation>
     </message>
     <message>
-        <source>The pens, a JSON file; without it all have 50 % and 500 mm/s, or
-as fast as the machine is</source>
-        <translation>笔的 JSON 文件；没有它时所有笔为 50 % 和 500 mm/s，
-或机器的最高速度</translation>
-    </message>
-    <message>
         <source>Order of the pieces: none, nearest, or best</source>
         <translation>线段的顺序：none、nearest 或 best</translation>
     </message>
@@ -1347,6 +1341,12 @@ given several times</source>
     <message>
         <source>Instead of the job its frame, box or hull, to be run without power</source>
         <translation>不写作业而写其外框 box 或凸包 hull，供无功率走一遍</translation>
+    </message>
+    <message>
+        <source>The pens, a JSON file; without it those of the drawing, or all with
+50 % and 500 mm/s, or as fast as the machine is</source>
+        <translation>笔，JSON 文件；不给出时用图纸自带的笔，否则全部为 50 %、
+500 mm/s，或机器的最高速度</translation>
     </message>
 </context>
 <context>

@@ -122,13 +122,20 @@ public:
         return false;
     }
 
-    /** All that was written is on the disk, and then in the target's place. */
-    bool replaceTarget()
+    /** All that was written is on the disk. */
+    bool reachDisk()
     {
         if (m_target.exists())
             file.setPermissions(m_target.permissions());
-        if (fsync(file.handle()) != 0 ||
-            std::rename(QFile::encodeName(file.fileName()).constData(),
+        if (fsync(file.handle()) == 0)
+            return true;
+        m_problem = qt_error_string(errno);
+        return false;
+    }
+
+    bool replaceTarget()
+    {
+        if (std::rename(QFile::encodeName(file.fileName()).constData(),
                         QFile::encodeName(m_target.filePath()).constData()) != 0) {
             m_problem = qt_error_string(errno);
             return false;
@@ -175,7 +182,8 @@ QString objectionTo(const QString &path, const QFileInfo &target)
 
 } // namespace
 
-bool saveWhole(const QString &path, const DeviceWriter &write, Failure *failure)
+bool saveWhole(const QString &path, const DeviceWriter &write, Failure *failure,
+               const StillWanted &isWanted)
 {
     const QFileInfo target = targetOf(path);
     const QString objection = objectionTo(path, target);
@@ -191,6 +199,10 @@ bool saveWhole(const QString &path, const DeviceWriter &write, Failure *failure)
     if (!isWritten)
         return fail(failure, Failure::Kind::NotPossible,
                     Texts::tr("the picture could not be made"));
+    if (!unfinished.reachDisk())
+        return cannotWrite(unfinished.reason(), failure);
+    if (isWanted && !isWanted())
+        return fail(failure, Failure::Kind::Cancelled, Texts::tr("cancelled"));
     return unfinished.replaceTarget() || cannotWrite(unfinished.reason(), failure);
 }
 

@@ -13,6 +13,9 @@ namespace hostkit {
 /** Writes to a device; false where what is written cannot be made, whatever the device says. */
 using DeviceWriter = std::function<bool(QIODevice &device)>;
 
+/** Asked once all is on the disk, just before it takes the old file's place: false gives up. */
+using StillWanted = std::function<bool()>;
+
 /**
  * Writes a file: at any moment, whatever happens, the old file or the new one is there, whole. The
  * one way in which files of this system are written.
@@ -24,7 +27,8 @@ using DeviceWriter = std::function<bool(QIODevice &device)>;
  * Failure: false with the reason, and what stood there before stays. Nothing but an ordinary file
  * is ever replaced.
  */
-bool saveWhole(const QString &path, const DeviceWriter &write, Failure *failure);
+bool saveWhole(const QString &path, const DeviceWriter &write, Failure *failure,
+               const StillWanted &isWanted = {});
 
 /**
  * Removes what killed processes left of saving the files of a folder. Those that a running process

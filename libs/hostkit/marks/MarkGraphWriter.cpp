@@ -1,6 +1,5 @@
 #include <hostkit/marks/MarkGraphWriter.h>
 
-#include <hostkit/files/FileWriter.h>
 #include <hostkit/marks/MarkGraphForms_p.h>
 
 #include <QtCore/QCoreApplication>
@@ -75,7 +74,7 @@ QStringList markGraphExtensions()
 bool hasMarkGraphExtension(const QString &path) { return formOf(path) != nullptr; }
 
 bool saveMarkGraph(const ZTMarkGraph &graph, const MarkUnits &units, const QString &path,
-                   QString *error, const MarkPictureLook &look)
+                   QString *error, const MarkPictureLook &look, const StillWanted &isWanted)
 {
     const Form *form = formOf(path);
     if (form == nullptr) {
@@ -85,7 +84,8 @@ bool saveMarkGraph(const ZTMarkGraph &graph, const MarkUnits &units, const QStri
     }
     Failure failure;
     const bool isSaved = saveWhole(
-        path, [&](QIODevice &device) { return form->write(graph, units, device, look); }, &failure);
+        path, [&](QIODevice &device) { return form->write(graph, units, device, look); }, &failure,
+        isWanted);
     if (!isSaved && error != nullptr)
         *error = failure.reason;
     return isSaved;

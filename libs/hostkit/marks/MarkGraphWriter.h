@@ -1,5 +1,6 @@
 #pragma once
 
+#include <hostkit/files/FileWriter.h>
 #include <hostkit/marks/MarkUnits.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
@@ -27,9 +28,11 @@ struct MarkPictureLook
  * `look` is for the pictures alone. The file appears whole or not at all: a failed write leaves
  * what stood there before.
  *
- * Failure: false, and `error` (if given) says why in one sentence without the file's name.
+ * Failure: false, and `error` (if given) says why in one sentence without the file's name; also
+ * when it is no longer wanted.
  */
 bool saveMarkGraph(const ZTMarkGraph &graph, const MarkUnits &units, const QString &path,
-                   QString *error, const MarkPictureLook &look = {});
+                   QString *error, const MarkPictureLook &look = {},
+                   const StillWanted &isWanted = {});
 
 } // namespace hostkit

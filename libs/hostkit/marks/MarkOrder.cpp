@@ -1,6 +1,7 @@
 #include <hostkit/marks/MarkOrder.h>
 
 #include <algorithm>
+#include <numeric>
 #include <vector>
 
 namespace hostkit {
@@ -76,20 +77,24 @@ bool isWhole(std::vector<int> order, int count)
 
 } // namespace
 
+std::vector<int> markOrder(const ZTMarkGraph &graph)
+{
+    std::vector<int> asDrawn(static_cast<size_t>(graph.objects.size()));
+    std::iota(asDrawn.begin(), asDrawn.end(), 0);
+    if (ZTPointSort::getInstance()->getShapeMarkSort() == EShapeSortType::ShapeSortNone)
+        return asDrawn;
+    std::vector<int> order = markingOrder(graph.objects);
+    // An order that lost an object is none: better far ways than a part without a shape.
+    return isWhole(order, graph.objects.size()) ? order : asDrawn;
+}
+
 void orderMarkGraph(ZTMarkGraph *graph)
 {
-    if (ZTPointSort::getInstance()->getShapeMarkSort() == EShapeSortType::ShapeSortNone)
-        return;
-    QVector<ZTMarkObject> &objects = graph->objects;
-    const std::vector<int> order = markingOrder(objects);
-    // An order that lost an object is none: better far ways than a part without a shape.
-    if (!isWhole(order, objects.size()))
-        return;
     QVector<ZTMarkObject> ordered;
-    ordered.reserve(objects.size());
-    for (const int number : order)
-        ordered.append(std::move(objects[number]));
-    objects = std::move(ordered);
+    ordered.reserve(graph->objects.size());
+    for (const int number : markOrder(*graph))
+        ordered.append(std::move(graph->objects[number]));
+    graph->objects = std::move(ordered);
 }
 
 } // namespace hostkit

@@ -2,6 +2,8 @@
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
+#include <vector>
+
 namespace hostkit {
 
 /**
@@ -17,5 +19,8 @@ namespace hostkit {
  * Order: GUI thread.
  */
 void orderMarkGraph(ZTMarkGraph *graph);
+
+/** That order, as the index of each object of a graph: every object once, and the graph stays. */
+std::vector<int> markOrder(const ZTMarkGraph &graph);
 
 } // namespace hostkit

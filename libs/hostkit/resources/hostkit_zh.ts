@@ -390,6 +390,10 @@
 <context>
     <name>hostkit::FileWriter</name>
     <message>
+        <source>cancelled</source>
+        <translation>已取消</translation>
+    </message>
+    <message>
         <source>cannot be written: %1</source>
         <translation>无法写入：%1</translation>
     </message>

@@ -8,6 +8,7 @@
 #include <studio/text/VariantParts.h>
 
 #include <hostkit/files/FileWriter.h>
+#include <hostkit/items/LastPart.h>
 #include <jobkit/writers/JobWriter.h>
 
 #include <QtCore/QDir>
@@ -138,6 +139,8 @@ bool JobExporter::write(const JobExport &wanted, const JobSettings &settings)
     if (!settings.readProfile(&request.machine, &error))
         return fail(wanted.path, error);
     m_texts.finishTyping();
+    if (!wanted.frame && !goPastMarkedParts(wanted.path))
+        return false;
     QVector<jobkit::JobPlan> plans;
     if (!planParts(wanted, request, &plans) || !writeFiles(wanted, request, plans))
         return false;
@@ -147,10 +150,47 @@ bool JobExporter::write(const JobExport &wanted, const JobSettings &settings)
         for (int part = 1; part < wanted.parts; ++part)
             passing.advance();
         passing.keep();
-        m_texts.nextPart();
+        endParts();
     }
     Q_EMIT written(filesOf(wanted), wanted.parts);
     return true;
+}
+
+/**
+ * A drawing stays with its last part after that was marked: false, told, where nothing follows, and
+ * on to what follows where the texts were given more values since.
+ */
+bool JobExporter::goPastMarkedParts(const QString &path)
+{
+    const ShapeItems items = shapeItemsOf(*m_document.scene());
+    bool isMarked = false;
+    for (const ShapeItem *item : items) {
+        if (hostkit::isUsedUp(*item))
+            return fail(path, tr("%1 was the last number, and it was marked. Give the text new "
+                                 "values before another part is marked.")
+                                  .arg(hostkit::variantTextOf(*item)->getText()));
+        isMarked = isMarked || hostkit::isLastPartMarked(*item);
+    }
+    if (isMarked)
+        m_texts.nextPart();
+    return true;
+}
+
+/** On to the part after those that were marked, or a note that there is none. */
+void JobExporter::endParts()
+{
+    const ShapeItems items = shapeItemsOf(*m_document.scene());
+    const bool isEnd = std::any_of(items.begin(), items.end(), [](const ShapeItem *item) {
+        return hostkit::isAtLastPart(*item);
+    });
+    for (ShapeItem *item : items) {
+        if (hostkit::variantTextOf(*item) != nullptr)
+            hostkit::setLastPartMarked(*item, isEnd);
+    }
+    if (isEnd)
+        Q_EMIT m_texts.partChanged();
+    else
+        m_texts.nextPart();
 }
 
 /** A plan a part, or one for all where no text changes. The drawing is the same afterwards. */

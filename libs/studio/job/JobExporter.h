@@ -56,6 +56,8 @@ Q_SIGNALS:
 private:
     class Numbers;
 
+    bool goPastMarkedParts(const QString &path);
+    void endParts();
     bool planParts(const JobExport &wanted, JobRequest request, QVector<jobkit::JobPlan> *plans);
     bool writeFiles(const JobExport &wanted, const JobRequest &request,
                     const QVector<jobkit::JobPlan> &plans);

@@ -33,7 +33,7 @@ bool areHereAlone(const ShapeItems &items)
 }
 
 /** Widths of the columns in characters; the name takes what is left. */
-constexpr int kColumnCharacters[] = {13, 3, 5, 4, 4, 4, 9};
+constexpr int kColumnCharacters[] = {13, 3, 4, 4, 4, 4, 9};
 
 } // namespace
 
@@ -52,11 +52,11 @@ ShapeList::ShapeList(ZTGraphicsDocument &document, QWidget *parent)
     m_view->setObjectName(QStringLiteral("list.view"));
     m_view->setModel(m_model);
     QHeaderView &header = *m_view->header();
-    const int character = fontMetrics().averageCharWidth();
+    // Not the average, which is that of wide characters in some languages.
+    const int character = fontMetrics().horizontalAdvance(QLatin1Char('0'));
     for (int column = 0; column < ShapeListModel::ColumnCount; ++column)
         header.resizeSection(column, kColumnCharacters[column] * character + 2 * kMargin);
     header.setStretchLastSection(false);
-    header.setSectionResizeMode(ShapeListModel::Name, QHeaderView::Stretch);
 
     auto *body = new QWidget(this);
     auto *layout = new QVBoxLayout(body);

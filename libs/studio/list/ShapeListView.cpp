@@ -12,13 +12,16 @@ namespace studio {
 
 namespace {
 
+constexpr int kIndentPx = 12;
 constexpr int kRoomyCharacters = 60;
+constexpr int kNameCharacters = 8; ///< of the first column, at least
 
 } // namespace
 
 ShapeListView::ShapeListView(QWidget *parent) : QTreeView(parent)
 {
     setUniformRowHeights(true);
+    setIndentation(kIndentPx);
     setAlternatingRowColors(true);
     setAllColumnsShowFocus(true);
     setSelectionMode(ExtendedSelection);
@@ -55,14 +58,22 @@ void ShapeListView::startDrag(Qt::DropActions supported)
     drag->exec(supported, Qt::MoveAction);
 }
 
+// By hand, not by a mode of the header: the first column takes what the shown ones leave.
 void ShapeListView::resizeEvent(QResizeEvent *event)
 {
-    const bool isNarrow =
-        event->size().width() < kRoomyCharacters * fontMetrics().averageCharWidth();
-    const int last = header()->count() - 1;
-    if (last >= 0 && isColumnHidden(last) != isNarrow)
-        setColumnHidden(last, isNarrow);
     QTreeView::resizeEvent(event);
+    const int character = fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    const int width = viewport()->width();
+    const int last = header()->count() - 1;
+    if (last < 0)
+        return;
+    const bool isNarrow = width < kRoomyCharacters * character;
+    if (isColumnHidden(last) != isNarrow)
+        setColumnHidden(last, isNarrow);
+    int others = 0;
+    for (int column = 1; column <= last; ++column)
+        others += isColumnHidden(column) ? 0 : columnWidth(column);
+    setColumnWidth(0, qMax(kNameCharacters * character, width - others));
 }
 
 } // namespace studio

@@ -97,7 +97,6 @@ void HatchSection::retranslate()
     m_unit->setText(tr("mm"));
     m_kindLabel->setText(tr("Hatch"));
     m_kind->setAccessibleName(tr("Hatch"));
-    m_kind->setPlaceholderText(tr("differs"));
     m_kind->setItemText(0, tr("none"));
     m_kind->setItemText(1, tr("single lines"));
     m_kind->setItemText(2, tr("zigzag"));
@@ -118,6 +117,7 @@ void HatchSection::follow(const ShapeItems &selected)
                  [](const ShapeItem *item) { return canBeHatched(*item); });
     setEnabled(!areas.isEmpty());
     const auto kind = commonValue(areas, &kindOf);
+    m_kind->setPlaceholderText(areas.isEmpty() ? QString() : tr("differs"));
     m_kind->setCurrentIndex(kind ? m_kind->findData(int(*kind)) : -1);
     const bool isHatched = std::any_of(areas.begin(), areas.end(), [](const ShapeItem *item) {
         return kindOf(*item) != FillType::None;

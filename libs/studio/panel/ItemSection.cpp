@@ -89,7 +89,6 @@ void ItemSection::retranslate()
     m_penLabel->setText(tr("Pen"));
     m_pen->setAccessibleName(tr("Pen"));
     m_pen->setToolTip(tr("Pen that marks the selected shapes"));
-    m_pen->setPlaceholderText(tr("differs"));
     for (int pen = 1; pen <= kPenCount; ++pen)
         m_pen->setItemText(pen - 1, QStringLiteral("%1  %2").arg(pen).arg(penName(pen)));
     m_marked->setText(tr("Marked"));
@@ -111,6 +110,7 @@ void ItemSection::follow(const ShapeItems &selected)
     showCommonFlag(*m_hidden, selected, flag(&hostkit::ItemExtras::isHidden));
     const int pen =
         commonValue(selected, [](const ShapeItem &item) { return item.getPenId(); }).value_or(0);
+    m_pen->setPlaceholderText(selected.isEmpty() ? QString() : tr("differs"));
     m_pen->setCurrentIndex(pen >= 1 && pen <= kPenCount ? pen - 1 : -1);
     showName(selected);
 }

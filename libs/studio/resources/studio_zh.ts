@@ -991,10 +991,6 @@
 <context>
     <name>studio::ExportJob</name>
     <message>
-        <source>the file cannot be replaced</source>
-        <translation>无法替换该文件</translation>
-    </message>
-    <message>
         <source>a shape was deleted meanwhile</source>
         <translation>其间有图形被删除</translation>
     </message>
@@ -3476,6 +3472,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Part %1 cannot be made as asked for: %2. No file was written.</source>
         <translation>第 %1 件无法按要求生成：%2。没有写出任何文件。</translation>
+    </message>
+    <message>
+        <source>%1 was the last number, and it was marked. Give the text new values before another part is marked.</source>
+        <translation>%1 是最后一个编号，且已标刻。标刻下一件前请给文本新的值。</translation>
     </message>
 </context>
 <context>

@@ -54,6 +54,26 @@ private Q_SLOTS:
         QCOMPARE(names(), QStringList{QStringLiteral("a.txt")});
     }
 
+    void whatIsNotWantedAnyMore_leavesTheOldFileAlone()
+    {
+        put("a.txt", "old");
+        const auto write = [](QIODevice &device) { return device.write("new") == 3; };
+        bool wasComplete = false;
+        const auto isWanted = [&] {
+            const QStringList beside = names();
+            wasComplete = beside.size() == 2 && contentOf(qPrintable(beside.last())) == "new";
+            return false;
+        };
+        Failure failure;
+        QVERIFY(!hostkit::saveWhole(at("a.txt"), write, &failure, isWanted));
+        QVERIFY(wasComplete); // asked at the last moment
+        QCOMPARE(failure.kind, Failure::Kind::Cancelled);
+        QCOMPARE(contentOf("a.txt"), QByteArray("old"));
+        QCOMPARE(names(), QStringList{QStringLiteral("a.txt")});
+        QVERIFY(hostkit::saveWhole(at("a.txt"), write, &failure, [] { return true; }));
+        QCOMPARE(contentOf("a.txt"), QByteArray("new"));
+    }
+
     void exception_leavesTheOldFileAlone()
     {
         put("a.txt", "old");
