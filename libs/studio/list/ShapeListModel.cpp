@@ -243,7 +243,7 @@ QVariant ShapeListModel::data(const QModelIndex &index, int role) const
         return {};
     const Node &node = nodeOf(index);
     return node.group != 0 ? groupData(node, index.column(), role)
-                           : itemData(node, index.column(), role);
+                           : shapeData(node, index.column(), role);
 }
 
 QVariant ShapeListModel::groupData(const Node &node, int column, int role) const
@@ -271,7 +271,7 @@ QVariant ShapeListModel::groupData(const Node &node, int column, int role) const
     return {};
 }
 
-QVariant ShapeListModel::itemData(const Node &node, int column, int role) const
+QVariant ShapeListModel::shapeData(const Node &node, int column, int role) const
 {
     if (!node.item)
         return {};

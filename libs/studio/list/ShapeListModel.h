@@ -83,7 +83,7 @@ private:
     void tellChanged(const Node &node);
     int placeOf(const Node &branch, int row) const;
     QVariant groupData(const Node &node, int column, int role) const;
-    QVariant itemData(const Node &node, int column, int role) const;
+    QVariant shapeData(const Node &node, int column, int role) const;
 
     ZTGraphicsDocument &m_document;
     QString m_filter;
