@@ -255,6 +255,18 @@ private Q_SLOTS:
         QVERIFY(!studio->window->commands().action("view.rulers")->isChecked());
     }
 
+    void resizedShape_snapsWithItsEdge()
+    {
+        studio->addRect(200, -100);
+        ShapeItem *resized = studio->addRect(0, 100);
+        studio->select({resized});
+        // The handle right of the frame, in the middle of its right edge.
+        const QPointF handle(side + 11, 100 + side / 2);
+        studio->driver->drag(handle, handle + QPointF(200 - side - 4, 0));
+        QVERIFY(std::abs(studio::sceneBox(*resized).right() - 200.0) < 1e-9);
+        QVERIFY(std::abs(studio::sceneBox(*resized).height() - side) < 1e-9);
+    }
+
 private:
     QVector<Guide> guides() const { return studio->window->guides().guides(); }
     QString told() const { return studio->window->statusBar()->currentMessage(); }

@@ -209,19 +209,43 @@ bool SnapTools::move(const QMouseEvent &event)
     const QPointF shiftPx =
         keepsProportions ? QPointF() : snap(features, event.modifiers()).shiftPx;
     moveTo(event, placePx + shiftPx);
-    if (!m_drag->isMove)
+    if (!m_drag->isMove) {
+        pullEdges(*m_drag, handlePlace(*m_drag, placePx - m_pressPx) + shiftPx, shiftPx);
         keepShape(*m_drag, keepsProportions);
+    }
     return true;
+}
+
+/** Where a handle has come to. */
+QPointF SnapTools::handlePlace(const FrameDrag &drag, const QPointF &wayPx)
+{
+    return drag.boxPx.topLeft() + wayPx +
+           QPointF(drag.anchor.x() * drag.boxPx.width(), drag.anchor.y() * drag.boxPx.height());
+}
+
+/** Handles follow the pixels of the screen: the edges that snap are brought to their place. */
+void SnapTools::pullEdges(const FrameDrag &drag, const QPointF &handlePx,
+                          const QPointF &shiftPx) const
+{
+    ZTGraphicsResizeItem *frame = m_document.scene()->getGraphicsResizeItem();
+    QRectF boxPx = boxOf(*frame);
+    if (shiftPx.x() != 0.0 && drag.anchor.x() == 0.0)
+        boxPx.setLeft(handlePx.x());
+    if (shiftPx.x() != 0.0 && drag.anchor.x() == 1.0)
+        boxPx.setRight(handlePx.x());
+    if (shiftPx.y() != 0.0 && drag.anchor.y() == 0.0)
+        boxPx.setTop(handlePx.y());
+    if (shiftPx.y() != 0.0 && drag.anchor.y() == 1.0)
+        boxPx.setBottom(handlePx.y());
+    if (!shiftPx.isNull())
+        frame->setRect(boxPx.translated(-frame->pos()));
 }
 
 SnapFeatures SnapTools::featuresOf(const FrameDrag &drag, const QPointF &wayPx) const
 {
     if (drag.isMove)
         return SnapFeatures::ofBox(drag.boxPx.translated(wayPx));
-    const QPointF handlePx =
-        drag.boxPx.topLeft() + wayPx +
-        QPointF(drag.anchor.x() * drag.boxPx.width(), drag.anchor.y() * drag.boxPx.height());
-    SnapFeatures features = SnapFeatures::ofPoint(handlePx);
+    SnapFeatures features = SnapFeatures::ofPoint(handlePlace(drag, wayPx));
     // The handle in the middle of an edge moves that edge alone.
     if (drag.anchor.x() == 0.5)
         features.xs.clear();

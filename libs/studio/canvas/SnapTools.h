@@ -73,6 +73,8 @@ private:
     std::optional<FrameDrag> dragUnderWay() const;
     SnapFeatures featuresOf(const FrameDrag &drag, const QPointF &wayPx) const;
     void moveTo(const QMouseEvent &event, const QPointF &placePx);
+    static QPointF handlePlace(const FrameDrag &drag, const QPointF &wayPx);
+    void pullEdges(const FrameDrag &drag, const QPointF &handlePx, const QPointF &shiftPx) const;
     void keepShape(const FrameDrag &drag, bool keepsProportions) const;
     void collectTargets(const ShapeItems &moving);
     SnapResult snap(const SnapFeatures &features, Qt::KeyboardModifiers keys);

@@ -33,7 +33,7 @@ bool areHereAlone(const ShapeItems &items)
 }
 
 /** Widths of the columns in characters; the name takes what is left. */
-constexpr int kColumnCharacters[] = {13, 3, 4, 4, 4, 4, 9};
+constexpr int kColumnCharacters[] = {13, 3, 6, 4, 4, 4, 9};
 
 } // namespace
 
