@@ -1,4 +1,5 @@
 #include "StudioWindow.h"
+#include "unit/studio/MeasuredBoxes.h"
 
 #include <studio/PenColors.h>
 #include <studio/ShapeMeasures.h>
@@ -21,24 +22,7 @@ using studio::ShapeItem;
 
 namespace {
 
-double px(double mm) { return mm * 900.0 / 193.0; }
-
-QByteArray told(const QRectF &rect)
-{
-    return QStringLiteral("%1 %2 %3 x %4")
-        .arg(rect.x(), 0, 'g', 12)
-        .arg(rect.y(), 0, 'g', 12)
-        .arg(rect.width(), 0, 'g', 12)
-        .arg(rect.height(), 0, 'g', 12)
-        .toLocal8Bit();
-}
-
-bool isNear(const QRectF &a, const QRectF &b)
-{
-    constexpr double kBy = 1e-6;
-    return std::abs(a.x() - b.x()) <= kBy && std::abs(a.y() - b.y()) <= kBy &&
-           std::abs(a.width() - b.width()) <= kBy && std::abs(a.height() - b.height()) <= kBy;
-}
+bool isNear(const QRectF &a, const QRectF &b) { return ::isNear(a, b, 1e-6); }
 
 } // namespace
 

@@ -1,3 +1,4 @@
+#include "MeasuredBoxes.h"
 #include "StudioTest.h"
 
 #include <studio/commands/HatchCommand.h>
@@ -14,24 +15,6 @@ using studio::ShapeItem;
 using studio::ShapeItems;
 
 namespace {
-
-double px(double mm) { return mm * 900.0 / 193.0; }
-
-QByteArray told(const QRectF &rect)
-{
-    return QStringLiteral("%1 %2 %3 x %4")
-        .arg(rect.x(), 0, 'g', 12)
-        .arg(rect.y(), 0, 'g', 12)
-        .arg(rect.width(), 0, 'g', 12)
-        .arg(rect.height(), 0, 'g', 12)
-        .toLocal8Bit();
-}
-
-bool isNear(const QRectF &a, const QRectF &b, double by)
-{
-    return std::abs(a.x() - b.x()) <= by && std::abs(a.y() - b.y()) <= by &&
-           std::abs(a.width() - b.width()) <= by && std::abs(a.height() - b.height()) <= by;
-}
 
 ShapeEdits::Frame frame(double across = 0.0, double down = 0.0,
                         ShapeEdits::Extent extent = ShapeEdits::Extent::Together)

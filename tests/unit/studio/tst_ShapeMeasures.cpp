@@ -1,3 +1,4 @@
+#include "MeasuredBoxes.h"
 #include "StudioTest.h"
 
 #include <studio/ShapeMeasures.h>
@@ -20,25 +21,9 @@ using studio::withDiameters;
 
 namespace {
 
-double px(double mm) { return mm * 900.0 / 193.0; }
-
-QByteArray told(const QRectF &rect)
-{
-    return QStringLiteral("%1 %2 %3 x %4")
-        .arg(rect.x(), 0, 'g', 12)
-        .arg(rect.y(), 0, 'g', 12)
-        .arg(rect.width(), 0, 'g', 12)
-        .arg(rect.height(), 0, 'g', 12)
-        .toLocal8Bit();
-}
-
 bool near(double a, double b, double by = 1e-9) { return std::abs(a - b) <= by; }
 
-bool near(const QRectF &a, const QRectF &b, double by = 1e-9)
-{
-    return near(a.x(), b.x(), by) && near(a.y(), b.y(), by) && near(a.width(), b.width(), by) &&
-           near(a.height(), b.height(), by);
-}
+bool near(const QRectF &a, const QRectF &b, double by = 1e-9) { return isNear(a, b, by); }
 
 void give(const Placement &placement)
 {
