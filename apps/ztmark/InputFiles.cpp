@@ -48,7 +48,7 @@ QString readProblem(const std::string &name, QByteArray *bytes)
     if (name.empty())
         return InputFiles::tr("is no file name");
     QFile file(absolutePath(QString::fromStdString(name)));
-    const QString problem = openProblem(file, name == "-");
+    QString problem = openProblem(file, name == "-");
     if (!problem.isEmpty())
         return problem;
     if (!file.isSequential() && file.size() > InputFiles::kMaxBytes)

@@ -126,7 +126,7 @@ QImage draw(const MarkedLines &marks, double pxPerMm, bool isSmooth)
 QImage drawFinely(const MarkedLines &marks, double pxPerMm)
 {
     constexpr int kFiner = 4;
-    const QImage fine = draw(marks, pxPerMm * kFiner, false);
+    QImage fine = draw(marks, pxPerMm * kFiner, false);
     if (fine.isNull())
         return fine;
     return fine

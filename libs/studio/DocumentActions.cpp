@@ -198,7 +198,7 @@ int DocumentActions::repeat(int rows, int columns, const QSizeF &gapMm, bool isN
 ShapeItems DocumentActions::copiesOfOne(int rows, int columns, const QSizeF &gapMm) const
 {
     const ZTCoord &coord = *ZTCoord::getInstance();
-    const ShapeItem *source = selected().first();
+    const ShapeItem *source = selected().constFirst();
     const auto copies = m_document.itemMag()->addMatrix(rows, columns, coord.mm2pix(gapMm.width()),
                                                         coord.mm2pix(gapMm.height()));
     for (ShapeItem *copy : copies)

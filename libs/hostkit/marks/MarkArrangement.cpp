@@ -47,7 +47,9 @@ void repeatMarkGraph(ZTMarkGraph *graph, int columns, int rows, const QSizeF &pi
     const QVector<ZTMarkObject> first = graph->objects;
     graph->objects.reserve(first.size() * columns * rows);
     for (int copy = 1; copy < columns * rows; ++copy) {
-        const QPointF way(copy % columns * pitchMark.width(), copy / columns * pitchMark.height());
+        const int column = copy % columns;
+        const int row = copy / columns;
+        const QPointF way(column * pitchMark.width(), row * pitchMark.height());
         for (const ZTMarkObject &object : first) {
             graph->objects.append(moved(object, way));
             graph->rect |= graph->objects.last().rect;

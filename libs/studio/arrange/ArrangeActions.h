@@ -54,7 +54,7 @@ public:
 
 Q_SIGNALS:
     /** Shapes are aligned to something else from now on. */
-    void alignToChanged(AlignTo reference);
+    void alignToChanged(studio::AlignTo reference);
 
 private:
     void followSelection();

@@ -276,7 +276,7 @@ QString DrawingTools::measureOf(const ShapePlace &place) const
         double angleDeg = place.linePx->angle();
         if (angleDeg >= 359.9995)
             angleDeg = 0.0;
-        const QString measure =
+        QString measure =
             tr("%1 mm, %2°").arg(mmText(place.linePx->length()), QString::number(angleDeg, 'f', 3));
         if (!isMeasuring())
             return measure;

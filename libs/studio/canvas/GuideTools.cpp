@@ -154,7 +154,7 @@ bool GuideTools::press(const QMouseEvent &event)
         event.button() == Qt::LeftButton && isFree(event.pos()) ? guideAt(event.pos()) : -1;
     if (place < 0)
         return false;
-    m_drag = Drag{guides()[place], place, event.globalPos()};
+    m_drag = Drag{guides().at(place), place, event.globalPos()};
     return true;
 }
 
@@ -222,7 +222,7 @@ void GuideTools::drop(const QPoint &globalPos, Qt::KeyboardModifiers keys)
 
 void GuideTools::askForPlace(int place)
 {
-    const Guide asked = guides()[place];
+    const Guide asked = guides().at(place);
     auto *dialog = new QInputDialog(&m_window);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setObjectName(QStringLiteral("guideDialog"));
@@ -267,8 +267,8 @@ void GuideTools::showCursor(const QPoint &pos)
     QWidget *canvas = m_document.view()->viewport();
     const int place = isFree(pos) ? guideAt(pos) : -1;
     if (place >= 0) {
-        canvas->setCursor(guides()[place].orientation == Qt::Vertical ? Qt::SplitHCursor
-                                                                      : Qt::SplitVCursor);
+        canvas->setCursor(guides().at(place).orientation == Qt::Vertical ? Qt::SplitHCursor
+                                                                         : Qt::SplitVCursor);
         m_hasCursor = true;
     } else if (m_hasCursor) {
         canvas->unsetCursor();

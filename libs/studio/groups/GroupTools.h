@@ -41,7 +41,7 @@ public:
 
 Q_SIGNALS:
     /** Another group is entered, or none. */
-    void enteredChanged(const GroupPath &entered);
+    void enteredChanged(const studio::GroupPath &entered);
 
     /** Something to be told in passing; empty when it is no longer true. */
     void told(const QString &words);

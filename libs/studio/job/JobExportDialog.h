@@ -27,7 +27,7 @@ public:
     JobExport wanted() const;
 
 Q_SIGNALS:
-    void chosen(const JobExport &wanted);
+    void chosen(const studio::JobExport &wanted);
 
 private:
     void build();

@@ -70,7 +70,7 @@ bool writePdf(const Job &job, const QImage &picture, QIODevice &device)
     text.documentLayout()->setPaintDevice(&pdf);
     text.setPageSize(QSizeF(page.width(), page.height() - size.height()));
     text.setHtml(reportText(job));
-    painter.translate(0, size.height() + kDpi / 10);
+    painter.translate(0, size.height() + kDpi * 0.1);
     text.drawContents(&painter, QRectF(0, 0, page.width(), page.height() - size.height()));
     return painter.end();
 }

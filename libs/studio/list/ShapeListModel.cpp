@@ -400,16 +400,21 @@ bool ShapeListModel::dropMimeData(const QMimeData *data, Qt::DropAction action, 
 {
     if (action != Qt::MoveAction || data == nullptr || !data->hasFormat(kRowsFormat))
         return false;
-    QSet<const ShapeItem *> moved;
-    QByteArray ids = data->data(kRowsFormat);
-    QDataStream stream(&ids, QIODevice::ReadOnly);
+    QSet<quint64> ids;
+    QByteArray bytes = data->data(kRowsFormat);
+    QDataStream stream(&bytes, QIODevice::ReadOnly);
     while (!stream.atEnd()) {
         quint64 id = 0;
         stream >> id;
-        // Never looked into: only compared with the shapes that are there.
-        moved.insert(reinterpret_cast<const ShapeItem *>(static_cast<quintptr>(id)));
+        ids.insert(id);
     }
+    // The ids are addresses, compared with those of the shapes that are there.
     const ShapeItems order = markingOrder(*m_document.scene());
+    QSet<const ShapeItem *> moved;
+    for (const ShapeItem *item : order) {
+        if (ids.contains(static_cast<quint64>(reinterpret_cast<quintptr>(item))))
+            moved.insert(item);
+    }
     setMarkingOrder(m_document, broughtBefore(order, moved, placeOf(nodeOf(parent), row)));
     return true;
 }

@@ -234,7 +234,9 @@ QVector<QRectF> BoxSection::shownBoxesMm(const ShapeItems &selected) const
 QPointF BoxSection::anchor() const
 {
     const int id = m_anchors->checkedId();
-    return {(id % kAnchorsInRow) / 2.0, (id / kAnchorsInRow) / 2.0};
+    const int across = id % kAnchorsInRow;
+    const int down = id / kAnchorsInRow;
+    return {across / 2.0, down / 2.0};
 }
 
 ShapeEdits::Frame BoxSection::frame() const

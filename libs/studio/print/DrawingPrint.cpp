@@ -31,7 +31,7 @@ struct Texts
 QString measuresText(const QSizeF &sizeMm, double scale)
 {
     const QLocale locale;
-    const QString measures =
+    QString measures =
         Texts::tr("%1 x %2 mm")
             .arg(locale.toString(sizeMm.width(), 'f', 3), locale.toString(sizeMm.height(), 'f', 3));
     if (scale == 1.0)
