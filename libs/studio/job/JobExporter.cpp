@@ -23,14 +23,6 @@ namespace {
 
 constexpr int kNumberWidth = 4;
 
-bool hasVariantText(const ShapeItems &items)
-{
-    return std::any_of(items.begin(), items.end(), [](ShapeItem *item) {
-        auto *text = qobject_cast<ZTAbstractGraphicsTextItem *>(item);
-        return text != nullptr && text->getVariantText() != nullptr;
-    });
-}
-
 /** Of a part counted from 0; what is not to be marked can be switched off. */
 QString cannotBeMade(int part, const QStringList &reasons)
 {
@@ -123,6 +115,14 @@ bool JobExporter::fail(const QString &path, const QString &why)
     return false;
 }
 
+bool JobExporter::hasNumbers() const
+{
+    const ShapeItems items = shapeItemsOf(*m_document.scene());
+    return std::any_of(items.begin(), items.end(), [](const ShapeItem *item) {
+        return hostkit::variantTextOf(*item) != nullptr;
+    });
+}
+
 bool JobExporter::write(const JobExport &wanted, const JobSettings &settings)
 {
     const auto form = jobkit::jobFormOf(wanted.path);
@@ -145,7 +145,7 @@ bool JobExporter::write(const JobExport &wanted, const JobSettings &settings)
     if (!planParts(wanted, request, &plans) || !writeFiles(wanted, request, plans))
         return false;
     // What was marked is marked: from here on the drawing stands at the first part after these.
-    if (!wanted.frame && hasVariantText(shapeItemsOf(*m_document.scene()))) {
+    if (!wanted.frame && hasNumbers()) {
         Numbers passing(m_document);
         for (int part = 1; part < wanted.parts; ++part)
             passing.advance();

@@ -47,6 +47,9 @@ public:
     /** Files that an export writes: one, or one a part with its number before the extension. */
     static QStringList filesOf(const JobExport &wanted);
 
+    /** Whether the drawing has variant texts, which move on once a part. */
+    bool hasNumbers() const;
+
     /** Writes a job; false where it was not, after telling why. */
     bool write(const JobExport &wanted, const JobSettings &settings);
 

@@ -47,7 +47,7 @@ std::shared_ptr<const Job> makeJob(const JobRequest &request, const std::atomic<
     options.budgetMs = kOrderMs;
     options.progress = [&isGivenUp](double) { return !isGivenUp; };
     job->order = jobkit::orderPlan(&job->plan, options);
-    jobkit::layOutPasses(&job->plan, jobkit::PassOrder::EachObject);
+    jobkit::layOutPasses(&job->plan, jobkit::PassOrder::WholeJob);
     job->times = jobkit::jobTimes(job->plan, request.pens, request.machine, job->headMm());
     job->findings = jobkit::checkJob(request.items, request.pens, request.machine);
     return job;

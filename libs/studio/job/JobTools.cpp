@@ -37,16 +37,6 @@ QString suffixOf(jobkit::JobForm form)
     return QStringLiteral("csv");
 }
 
-bool hasVariantTexts(const ZTGraphicsDocument &document)
-{
-    for (ShapeItem *item : shapeItemsOf(*document.scene())) {
-        auto *text = qobject_cast<ZTAbstractGraphicsTextItem *>(item);
-        if (text != nullptr && text->getVariantText() != nullptr)
-            return true;
-    }
-    return false;
-}
-
 } // namespace
 
 JobTools::JobTools(ZTGraphicsDocument &document, TextTools &texts, Messages &messages,
@@ -169,8 +159,7 @@ void JobTools::askAndExport()
     jobkit::MachineProfile machine;
     QString error;
     m_panel->settings().readProfile(&machine, &error);
-    auto *dialog =
-        new JobExportDialog(suffixOf(machine.form), hasVariantTexts(m_document), &m_window);
+    auto *dialog = new JobExportDialog(suffixOf(machine.form), m_exporter->hasNumbers(), &m_window);
     connect(dialog, &JobExportDialog::chosen, this,
             [this](const JobExport &wanted) { m_exporter->write(wanted, m_panel->settings()); });
     dialog->open();
