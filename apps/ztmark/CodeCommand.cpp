@@ -295,11 +295,11 @@ bool CodeCommand::markPart(const Part &part, hostkit::MarkJobResult *result,
                                       if (codekit::CodeItem *code = codekit::codeItem(&item))
                                           code->setCode(m_code.settings, part.content);
                                   }};
-    hostkit::MarkJobError error;
-    if (hostkit::buildShapeJob({shape}, m_job.options, result, &error))
+    hostkit::MarkJobFailure failure;
+    if (hostkit::buildShapeJob({shape}, m_job.options, result, &failure))
         return true;
     progress.finish();
-    console::complain(error.reason.toStdString());
+    console::complain(failure.reason.toStdString());
     return false;
 }
 

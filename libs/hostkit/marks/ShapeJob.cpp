@@ -22,7 +22,7 @@ void toOrigin(ZTAbstractGraphicsItem &item)
 } // namespace
 
 bool buildShapeJob(const std::vector<JobShape> &shapes, const MarkJobOptions &options,
-                   MarkJobResult *result, MarkJobError *error)
+                   MarkJobResult *result, MarkJobFailure *failure)
 {
     const auto addShape = [](MarkLayout &layout, const JobShape &added) {
         return layout.add(added.type, [&added](ZTAbstractGraphicsItem &item) {
@@ -34,7 +34,7 @@ bool buildShapeJob(const std::vector<JobShape> &shapes, const MarkJobOptions &op
         return std::all_of(shapes.begin(), shapes.end(),
                            [&](const JobShape &shape) { return addShape(layout, shape); });
     };
-    return MarkLayout::build(options, addAll, result, error);
+    return MarkLayout::build(options, addAll, result, failure);
 }
 
 } // namespace hostkit

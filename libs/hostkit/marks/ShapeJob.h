@@ -25,6 +25,6 @@ struct JobShape
  * Order, Failure, limits: as `buildMarkJob`.
  */
 bool buildShapeJob(const std::vector<JobShape> &shapes, const MarkJobOptions &options,
-                   MarkJobResult *result, MarkJobError *error);
+                   MarkJobResult *result, MarkJobFailure *failure);
 
 } // namespace hostkit
