@@ -100,7 +100,7 @@ void CodeCommand::addVerify()
         "--verify", m_wantsVerify,
         tr("Read the code back from its marks; what reads otherwise fails").toStdString());
     addValue(m_command, "--beam",
-             tr("Width of the beam for --verify; else the spacing of the hatch"),
+             tr("Width of the beam for --verify; else the growth, or the spacing of the hatch"),
              [this](const std::string &text) { m_beamMm = arguments::positiveLengthMm(text); })
         ->type_name("LENGTH");
 }

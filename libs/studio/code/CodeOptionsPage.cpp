@@ -46,12 +46,12 @@ CodeOptionsPage::CodeOptionsPage(const CodeEdit &edit, QWidget *parent)
     m_maskBox->setObjectName(QStringLiteral("mask"));
     m_columnsBox->setObjectName(QStringLiteral("columns"));
     m_columnsBox->setSpecialValueText(tr("automatic"));
-    m_columnsBox->setRange(0, kMostColumns417);
+    m_columnsBox->setRange(0, m_initial.columns); // each kind brings its own end
     m_columnsBox->setValue(m_initial.columns);
     m_charsetBox->setObjectName(QStringLiteral("charset"));
     m_charsetBox->addItem(tr("automatic"), int(CodeCharset::Automatic));
     m_charsetBox->addItem(QStringLiteral("UTF-8"), int(CodeCharset::Utf8));
-    m_charsetBox->addItem(QStringLiteral("GB 18030"), int(CodeCharset::Gbk));
+    m_charsetBox->addItem(QStringLiteral("GBK"), int(CodeCharset::Gbk));
     choose(*m_charsetBox, int(m_initial.charset));
     m_rectangularBox->setObjectName(QStringLiteral("rectangular"));
     m_rectangularBox->setChecked(m_initial.isRectangular);
