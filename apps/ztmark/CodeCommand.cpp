@@ -407,7 +407,7 @@ void CodeCommand::addHumanText(Part *part) const
 bool CodeCommand::markPart(const Part &part, hostkit::MarkJobResult *result,
                            Progress &progress) const
 {
-    hostkit::MarkJobError error;
+    hostkit::MarkJobFailure error;
     if (hostkit::buildPathJob({part.path}, m_job.options, result, &error))
         return true;
     progress.finish();

@@ -355,7 +355,7 @@ bool TextCommand::makePart(int part, Sum *sum, Progress &progress)
     else
         m_options.layout.progress = [&progress](const QString &step) { progress.begin(step); };
     hostkit::MarkJobResult result;
-    hostkit::MarkJobError error;
+    hostkit::MarkJobFailure error;
     const bool built = hostkit::buildTextJob(&m_texts, m_options, &result, &error);
     m_options.layout.progress = nullptr;
     add(result, sum);
