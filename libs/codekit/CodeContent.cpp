@@ -221,21 +221,14 @@ bool checkExtended39(const CodeSpec &spec, CheckedContent *checked, QString *rea
     return true;
 }
 
-// It has a way to spell Latin-1, which many scanners read as other letters.
-bool checkCode128(const CodeSpec &spec, QString *reason)
+// Code 128 has a way to spell Latin-1, which many scanners read as other letters; Micro QR cannot
+// name a character set, so that readers guess.
+bool checkPlain(const CodeSpec &spec, QString *reason)
 {
     const QString other = firstBeyond(spec.content, 127);
     return other.isEmpty() ||
-           fail(reason, tr("Code 128 has no \"%1\" that every scanner reads: use Data Matrix or QR")
-                            .arg(other));
-}
-
-// It cannot name a character set, and readers take what is not Latin-1 for other letters.
-bool checkMicroQr(const CodeSpec &spec, QString *reason)
-{
-    const QString other = firstBeyond(spec.content, 255);
-    return other.isEmpty() ||
-           fail(reason, tr("%1 has no \"%2\": use Data Matrix or QR").arg(label(spec), other));
+           fail(reason, tr("%1 has no \"%2\" that every scanner reads: use Data Matrix or QR")
+                            .arg(label(spec), other));
 }
 
 } // namespace
@@ -276,9 +269,8 @@ bool checkContent(const CodeSpec &spec, CheckedContent *checked, QString *reason
     case CodeKind::Code93:
         return checkAscii(spec, reason);
     case CodeKind::Code128:
-        return checkCode128(spec, reason);
     case CodeKind::MicroQr:
-        return checkMicroQr(spec, reason);
+        return checkPlain(spec, reason);
     case CodeKind::Codabar:
         return checkCodabar(spec, checked, reason);
     case CodeKind::Interleaved25:

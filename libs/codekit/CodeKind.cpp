@@ -161,8 +161,7 @@ QString limitsOf(CodeKind kind)
     case CodeKind::Qr:
         return tr("any text; up to 7,089 digits, 4,296 capitals or 2,953 bytes");
     case CodeKind::MicroQr:
-        return tr(
-            "letters, digits and signs of Latin-1; up to 35 digits, 21 capitals or 15 characters");
+        return tr("all ASCII characters; up to 35 digits, 21 capitals or 15 characters");
     case CodeKind::RectMicroQr:
         return tr("any text; up to 361 digits, 219 capitals or 150 bytes");
     case CodeKind::DataMatrix:

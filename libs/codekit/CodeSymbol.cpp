@@ -72,9 +72,9 @@ constexpr int kEciUtf8 = 26;
 constexpr int kEciGb2312 = 29;
 constexpr int kEciGb18030 = 32;
 
-bool hasBeyond(const QString &text, ushort last)
+bool isBeyondAscii(const QString &text)
 {
-    return std::any_of(text.begin(), text.end(), [last](QChar c) { return c.unicode() > last; });
+    return std::any_of(text.begin(), text.end(), [](QChar c) { return c.unicode() > 0x7F; });
 }
 
 /** The number by which the code names its character set; 0 for the symbology's own. */
@@ -84,10 +84,9 @@ int eciOf(const CodeSpec &spec)
         return kEciGb2312; // which more readers know than its successors
     if (spec.charset == CodeCharset::Utf8)
         return kEciUtf8;
-    // Readers guess at what QR codes hold beyond ASCII, and many guess wrong.
-    const bool isQr = spec.kind == CodeKind::Qr || spec.kind == CodeKind::RectMicroQr;
-    const ushort lastOfItsOwn = isQr ? 0x7F : 0xFF;
-    return infoOf(spec.kind).hasCharsets && hasBeyond(spec.content, lastOfItsOwn) ? kEciUtf8 : 0;
+    // Readers guess at what codes hold beyond ASCII, also where the standard says it is Latin-1,
+    // and many guess wrong.
+    return infoOf(spec.kind).hasCharsets && isBeyondAscii(spec.content) ? kEciUtf8 : 0;
 }
 
 /** Where each kind has its options in the encoder. */

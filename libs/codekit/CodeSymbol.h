@@ -10,7 +10,7 @@ namespace codekit {
 
 /** How the bytes of a text that is not plain ASCII are named inside the code. */
 enum class CodeCharset : quint8 {
-    Automatic = 0, ///< what every reader takes for the same: the symbology's own, else UTF-8
+    Automatic = 0, ///< none for ASCII, which every reader takes for the same; else UTF-8
     Utf8 = 1,      ///< UTF-8 by its ECI number, always
     Gbk = 2        ///< GB 2312 by its ECI number, or GB 18030 where that has not all characters
 };

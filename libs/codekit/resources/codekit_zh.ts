@@ -264,10 +264,6 @@
         <translation>%1 不能选择字符集</translation>
     </message>
     <message>
-        <source>Code 128 has no &quot;%1&quot; that every scanner reads: use Data Matrix or QR</source>
-        <translation>Code 128 没有所有扫描器都能读的 &quot;%1&quot;：请用 Data Matrix 或 QR</translation>
-    </message>
-    <message>
         <source>GS1 has no control characters</source>
         <translation>GS1 没有控制字符</translation>
     </message>
@@ -278,10 +274,6 @@
     <message>
         <source>character %1 of the value of (%2) is not allowed there</source>
         <translation>(%2) 的值的第 %1 个字符不允许</translation>
-    </message>
-    <message>
-        <source>letters, digits and signs of Latin-1; up to 35 digits, 21 capitals or 15 characters</source>
-        <translation>Latin-1 的字母、数字和符号；最多 35 位数字、21 个大写字母或 15 个字符</translation>
     </message>
     <message>
         <source>the check digit of (%1) is %2, not %3</source>
@@ -310,6 +302,14 @@
     <message>
         <source>there is no application identifier (%1)</source>
         <translation>没有应用标识符 (%1)</translation>
+    </message>
+    <message>
+        <source>%1 has no &quot;%2&quot; that every scanner reads: use Data Matrix or QR</source>
+        <translation>%1 没有所有扫描器都能读的 &quot;%2&quot;：请用 Data Matrix 或 QR</translation>
+    </message>
+    <message>
+        <source>all ASCII characters; up to 35 digits, 21 capitals or 15 characters</source>
+        <translation>全部 ASCII 字符；最多 35 位数字、21 个大写字母或 15 个字符</translation>
     </message>
 </context>
 </TS>

@@ -306,12 +306,13 @@ private Q_SLOTS:
             text("GS1 DataMatrix wants application identifiers in brackets, as in "
                  "[01]04012345678901[10]LOT7; this is \"0104012345678901\""));
         row(CodeKind::MicroQr, QString(36, QLatin1Char('1')),
-            text("the content is too long for Micro QR: letters, digits and signs of Latin-1; up "
-                 "to 35 digits, 21 capitals or 15 characters"));
+            text("the content is too long for Micro QR: all ASCII characters; up to 35 digits, 21 "
+                 "capitals or 15 characters"));
         // What a reader would take for other letters, or cannot know, is refused.
         row(CodeKind::Code128, text("Größe"),
             text("Code 128 has no \"ö\" that every scanner reads: use Data Matrix or QR"));
-        row(CodeKind::MicroQr, text("序"), text("Micro QR has no \"序\": use Data Matrix or QR"));
+        row(CodeKind::MicroQr, text("5 µm"),
+            text("Micro QR has no \"µ\" that every scanner reads: use Data Matrix or QR"));
         row(CodeKind::Qr, QString(QChar(0xD83D)) + QLatin1Char('A'),
             text("the content has half of a character, which no code can hold"));
         row(CodeKind::Qr, QStringLiteral("A") + QChar(0xDE00),
@@ -512,6 +513,20 @@ private Q_SLOTS:
         }
         const ReadCode read = readMarks(marks, CodeKind(kind), 1.0);
         QCOMPARE(read.text, content);
+    }
+
+    /** In Shift JIS these bytes of Latin-1 would be katakana, in GBK Chinese. */
+    void charsetsAreNamed_soThatNoReaderGuesses()
+    {
+        const QString content = QString::fromUtf8("0Eu°0R äö");
+        for (const CodeKind kind :
+             {CodeKind::Qr, CodeKind::DataMatrix, CodeKind::Aztec, CodeKind::Pdf417}) {
+            const auto format = kind == CodeKind::Qr           ? ZXing::BarcodeFormat::QRCode
+                                : kind == CodeKind::DataMatrix ? ZXing::BarcodeFormat::DataMatrix
+                                : kind == CodeKind::Aztec      ? ZXing::BarcodeFormat::Aztec
+                                                               : ZXing::BarcodeFormat::PDF417;
+            QCOMPARE(readOf(encoded(spec(kind, content)), format), content);
+        }
     }
 
     void names_areOneToOne()
