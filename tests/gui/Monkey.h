@@ -114,15 +114,12 @@ private:
         studio.key(Qt::Key_Delete);
     }
 
-    /**
-     * Commands that end what the test knows of the drawing's files are left to the test. Codes are
-     * read back from many pictures each, which takes seconds for one that cannot be read.
-     */
+    /** Commands that end what the test knows of the drawing's files are left to the test. */
     static bool isForMonkeys(const QByteArray &id)
     {
         if (id == "file.sample" || id == "file.importClipboard")
             return true;
-        return !id.startsWith("file.") && id != "tools.verifyCodes";
+        return !id.startsWith("file.");
     }
 
     /** Whatever the table of commands offers, with the dialog that comes of it. */
@@ -301,6 +298,26 @@ private:
         studio.close(upTo(5) == 0 ? QDialogButtonBox::Cancel : QDialogButtonBox::Ok);
     }
 
+    /** A code, new or there, with some of its settings changed. */
+    void codeDialog()
+    {
+        static constexpr const char *ids[] = {"code.settings", "create.code", "create.barcode"};
+        const char *id = ids[upTo(3)];
+        note(QString::fromLatin1(id));
+        if (!studio.run(id))
+            return;
+        for (int i = upTo(6); i >= 0 && openDialog() != nullptr; --i) {
+            QDialog *dialog = openDialog();
+            if (auto *tabs = dialog->findChild<QTabWidget *>(QStringLiteral("tabs")))
+                tabs->setCurrentIndex(upTo(tabs->count()));
+            changeField(*dialog);
+        }
+        QDialog *dialog = openDialog();
+        auto *buttons = dialog != nullptr ? dialog->findChild<QDialogButtonBox *>() : nullptr;
+        if (buttons != nullptr)
+            click(*buttons->button(upTo(5) == 0 ? QDialogButtonBox::Cancel : QDialogButtonBox::Ok));
+    }
+
     void contextMenu()
     {
         const QPointF pos = isSelected() && upTo(2) == 0 ? frame().center() : somewhere();
@@ -355,13 +372,22 @@ private:
 };
 
 inline const QVector<Monkey::Action> Monkey::kActions = {
-    {"command", 45, &Monkey::command},      {"panel", 14, &Monkey::panel},
-    {"create", 8, &Monkey::create},         {"text", 3, &Monkey::createText},
-    {"retype", 2, &Monkey::retype},         {"select", 16, &Monkey::select},
-    {"nothing", 2, &Monkey::selectNothing}, {"drag", 6, &Monkey::drag},
-    {"resize", 6, &Monkey::resize},         {"nudge", 6, &Monkey::nudge},
-    {"property", 14, &Monkey::property},    {"text dialog", 3, &Monkey::textDialog},
-    {"menu", 3, &Monkey::contextMenu},      {"undo", 5, &Monkey::undoAndRedo},
-    {"language", 1, &Monkey::language},     {"order", 1, &Monkey::order},
+    {"command", 45, &Monkey::command},
+    {"panel", 14, &Monkey::panel},
+    {"create", 8, &Monkey::create},
+    {"text", 3, &Monkey::createText},
+    {"retype", 2, &Monkey::retype},
+    {"select", 16, &Monkey::select},
+    {"nothing", 2, &Monkey::selectNothing},
+    {"drag", 6, &Monkey::drag},
+    {"resize", 6, &Monkey::resize},
+    {"nudge", 6, &Monkey::nudge},
+    {"property", 14, &Monkey::property},
+    {"text dialog", 3, &Monkey::textDialog},
+    {"code dialog", 5, &Monkey::codeDialog},
+    {"menu", 3, &Monkey::contextMenu},
+    {"undo", 5, &Monkey::undoAndRedo},
+    {"language", 1, &Monkey::language},
+    {"order", 1, &Monkey::order},
     {"drop", 1, &Monkey::dropPlotterFile},
 };
