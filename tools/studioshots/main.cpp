@@ -84,6 +84,7 @@ public:
         m_window.addSample();
         for (const char *created : {"create.text", "create.code", "create.barcode"})
             trigger(created);
+        takeDialogs("new code");
         trigger("view.orderNumbers");
         for (const ShapeType type : {ShapeType::Rect, ShapeType::Polygon, ShapeType::Line,
                                      ShapeType::Text, ShapeType::QRCode}) {

@@ -1,7 +1,11 @@
 #include <studio/preferences/Theme.h>
 
+#include <QtGui/QIcon>
+#include <QtGui/QPainter>
+#include <QtGui/QPainterPath>
 #include <QtGui/QPalette>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QProxyStyle>
 #include <QtWidgets/QStyle>
 #include <QtWidgets/QStyleFactory>
 #include <QtWidgets/QToolTip>
@@ -72,6 +76,73 @@ QPalette paletteOf(const Inks &inks)
     return palette;
 }
 
+constexpr double kGlyphSide = 10.0; ///< of what glyphs are drawn in
+
+/** What Fusion has as dark pictures, drawn in the colour of text. */
+QPainterPath glyphOf(QStyle::StandardPixmap which)
+{
+    QPainterPath path;
+    const auto line = [&path](const QPointF &from, const QPointF &through, const QPointF &to) {
+        path.moveTo(from);
+        path.lineTo(through);
+        path.lineTo(to);
+    };
+    switch (which) {
+    case QStyle::SP_ToolBarHorizontalExtensionButton:
+        line({2, 2}, {5, 5}, {2, 8});
+        line({5, 2}, {8, 5}, {5, 8});
+        break;
+    case QStyle::SP_ToolBarVerticalExtensionButton:
+        line({2, 2}, {5, 5}, {8, 2});
+        line({2, 5}, {5, 8}, {8, 5});
+        break;
+    case QStyle::SP_TitleBarCloseButton:
+    case QStyle::SP_DockWidgetCloseButton:
+        line({2, 2}, {5, 5}, {8, 8});
+        line({8, 2}, {5, 5}, {2, 8});
+        break;
+    case QStyle::SP_TitleBarNormalButton:
+        path.addRect(1.5, 3.5, 5, 5);
+        line({3.5, 3.5}, {3.5, 1.5}, {8.5, 1.5});
+        line({8.5, 1.5}, {8.5, 6.5}, {6.5, 6.5});
+        break;
+    default:
+        break;
+    }
+    return path;
+}
+
+/** Fusion, whose small pictures follow the theme. */
+class ThemeStyle : public QProxyStyle
+{
+public:
+    ThemeStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+
+    QIcon standardIcon(StandardPixmap which, const QStyleOption *option,
+                       const QWidget *widget) const override
+    {
+        const QPainterPath glyph = glyphOf(which);
+        if (glyph.isEmpty())
+            return QProxyStyle::standardIcon(which, option, widget);
+        QIcon icon;
+        for (const int side : {10, 16, 20, 32, 48})
+            icon.addPixmap(pictureOf(glyph, side));
+        return icon;
+    }
+
+private:
+    static QPixmap pictureOf(const QPainterPath &glyph, int side)
+    {
+        QPixmap picture(side, side);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.scale(side / kGlyphSide, side / kGlyphSide);
+        painter.strokePath(glyph, QPen(QApplication::palette().color(QPalette::WindowText), 1.2));
+        return picture;
+    }
+};
+
 } // namespace
 
 void applyTheme(Theme theme)
@@ -87,7 +158,8 @@ void applyTheme(Theme theme)
         return;
     }
     const QPalette palette = paletteOf(theme == Theme::Dark ? kDark : kLight);
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setPalette(palette);
+    QApplication::setStyle(new ThemeStyle); // owned by the application
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);
 }

@@ -4363,11 +4363,11 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     </message>
     <message>
         <source>single lines</source>
-        <translation>单线</translation>
+        <translation>单向线</translation>
     </message>
     <message>
         <source>zigzag</source>
-        <translation>折线</translation>
+        <translation>弓形线</translation>
     </message>
 </context>
 <context>
