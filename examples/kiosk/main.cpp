@@ -38,8 +38,15 @@ public:
     {
         hostkit::DrawingFile drawing;
         hostkit::DrawingReport report;
-        return hostkit::readDrawing(m_path, &drawing, failure) &&
-               hostkit::applyDrawing(drawing, m_document, {}, &report, failure);
+        if (!hostkit::readDrawing(m_path, &drawing, failure) ||
+            !hostkit::applyDrawing(drawing, m_document, {}, &report, failure))
+            return false;
+        if (!report.missingFonts.isEmpty()) // its texts would be marked otherwise, or not at all
+            return hostkit::fail(failure, hostkit::Failure::Kind::NotPossible,
+                                 QStringLiteral("these fonts are missing: ") +
+                                     report.missingFonts.join(QStringLiteral(", ")));
+        hostkit::NextPart::again(hostkit::shapeItemsOf(m_document)); // with the date of today
+        return true;
     }
 
     /** Marks what the drawing shows, once the next part is on the disk. */
