@@ -17,6 +17,7 @@
 #include <studio/list/ShapeList.h>
 #include <studio/panel/ShapePanel.h>
 #include <studio/preferences/PreferenceTools.h>
+#include <studio/paths/PathCommands.h>
 #include <studio/print/PrintActions.h>
 #include <studio/text/TextTools.h>
 
@@ -453,7 +454,8 @@ QAction *newAction(const Command &command, QObject *parent)
 
 const QVector<Command> &commandTable()
 {
-    static const QVector<Command> table = kFixedCommands + creatingCommands() + toolCommands();
+    static const QVector<Command> table =
+        kFixedCommands + pathCommands() + creatingCommands() + toolCommands();
     return table;
 }
 

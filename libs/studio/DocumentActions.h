@@ -1,8 +1,8 @@
 #pragma once
 
 #include <studio/ShapeItems.h>
+#include <studio/choices/Preferences.h>
 #include <studio/commands/ItemGeometryCommand.h>
-#include <studio/preferences/Preferences.h>
 
 #include <QtCore/QObject>
 

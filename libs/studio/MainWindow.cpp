@@ -46,6 +46,7 @@
 #include <studio/list/ShapeListView.h>
 #include <studio/panel/ShapePanel.h>
 #include <studio/preferences/PreferenceTools.h>
+#include <studio/paths/PathTools.h>
 #include <studio/print/PrintActions.h>
 #include <studio/text/TextTools.h>
 
@@ -133,6 +134,7 @@ MainWindow::~MainWindow()
     delete m_drawingFiles;
     delete m_matrixDialog;
     delete m_circleDialog;
+    delete m_paths;
     delete m_arrange;
     delete m_preferences;
     delete m_jobTools;
@@ -217,6 +219,9 @@ void MainWindow::buildTools()
     connect(m_clipboard, &ClipboardActions::told, m_status,
             [this](const QString &text) { m_status->showMessage(text, kStatusMs); });
     m_arrange = new ArrangeActions(*m_drawing, *m_groups, this);
+    m_paths = new PathTools(*m_drawing, *this);
+    connect(m_paths, &PathTools::told, m_status,
+            [this](const QString &words) { m_status->showMessage(words, kStatusMs); });
     connect(m_arrange, &ArrangeActions::alignToChanged, this, &MainWindow::refreshCommands);
     connect(m_groups, &GroupTools::told, m_status,
             [this](const QString &words) { m_status->showMessage(words); });

@@ -47,6 +47,7 @@ class MatrixDialog;
 class OrderMenu;
 class OrderNumbers;
 class PreferenceTools;
+class PathTools;
 class PropertyDock;
 class RotateHandle;
 class ShapeList;
@@ -91,6 +92,7 @@ public:
     ClipboardActions &clipboard() const { return *m_clipboard; }
     GroupTools &groups() const { return *m_groups; }
     ArrangeActions &arrange() const { return *m_arrange; }
+    PathTools &paths() const { return *m_paths; }
     SnapTools &snapping() const { return *m_snap; }
     GuideTools &guides() const { return *m_guides; }
     PreferenceTools &preferences() const { return *m_preferences; }
@@ -180,6 +182,7 @@ private:
     ClipboardActions *m_clipboard = nullptr;
     GroupTools *m_groups = nullptr;
     ArrangeActions *m_arrange = nullptr;
+    PathTools *m_paths = nullptr;
     SnapTools *m_snap = nullptr;
     GuideTools *m_guides = nullptr;
     RotateHandle *m_rotateHandle = nullptr;

@@ -1,7 +1,7 @@
 #include <studio/MatrixDialog.h>
 
 #include <studio/DocumentActions.h>
-#include <studio/preferences/Units.h>
+#include <studio/choices/Units.h>
 #include <studio/text/MeasureBox.h>
 #include <studio/text/SharedCounter.h>
 

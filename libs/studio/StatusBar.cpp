@@ -1,6 +1,6 @@
 #include <studio/StatusBar.h>
 
-#include <studio/preferences/Units.h>
+#include <studio/choices/Units.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 

@@ -6,7 +6,7 @@
 #include <studio/canvas/ShapePlace.h>
 #include <studio/canvas/ToolCursor.h>
 #include <studio/canvas/ToolPreview.h>
-#include <studio/preferences/Units.h>
+#include <studio/choices/Units.h>
 #include <studio/text/StrokeFonts.h>
 
 #include <QtGui/QCursor>

@@ -4,8 +4,8 @@
 #include <studio/canvas/CanvasLines.h>
 #include <studio/canvas/PointerLabel.h>
 #include <studio/canvas/SnapTools.h>
+#include <studio/choices/Units.h>
 #include <studio/commands/DrawingExtrasCommand.h>
-#include <studio/preferences/Units.h>
 
 #include <QtGui/QMouseEvent>
 #include <QtWidgets/QInputDialog>

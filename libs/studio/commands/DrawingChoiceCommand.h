@@ -1,6 +1,6 @@
 #pragma once
 
-#include <studio/preferences/Preferences.h>
+#include <studio/choices/Preferences.h>
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QUndoCommand>

@@ -1,7 +1,7 @@
 #include <studio/panel/HatchSection.h>
 
+#include <studio/choices/Units.h>
 #include <studio/panel/ChoiceBox.h>
-#include <studio/preferences/Units.h>
 
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>

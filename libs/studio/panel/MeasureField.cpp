@@ -1,7 +1,7 @@
 #include <studio/panel/MeasureField.h>
 
+#include <studio/choices/Units.h>
 #include <studio/panel/TypedMeasure.h>
-#include <studio/preferences/Units.h>
 
 #include <QtCore/QEvent>
 #include <QtGui/QFocusEvent>

@@ -2,8 +2,8 @@
 
 #include <studio/Language.h>
 #include <studio/canvas/SnapTools.h>
+#include <studio/choices/Preferences.h>
 #include <studio/panel/MeasureField.h>
-#include <studio/preferences/Preferences.h>
 
 #include <QtWidgets/QDialog>
 

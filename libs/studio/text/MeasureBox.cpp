@@ -1,6 +1,6 @@
 #include <studio/text/MeasureBox.h>
 
-#include <studio/preferences/Units.h>
+#include <studio/choices/Units.h>
 
 #include <QtCore/QEvent>
 #include <QtCore/QSignalBlocker>

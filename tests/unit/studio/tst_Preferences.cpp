@@ -1,6 +1,6 @@
 #include "StudioTest.h"
 
-#include <studio/preferences/Preferences.h>
+#include <studio/choices/Preferences.h>
 
 #include <QtTest/QTest>
 

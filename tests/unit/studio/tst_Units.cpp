@@ -1,5 +1,5 @@
+#include <studio/choices/Units.h>
 #include <studio/panel/TypedMeasure.h>
-#include <studio/preferences/Units.h>
 #include <studio/text/MeasureBox.h>
 
 #include <QtTest/QTest>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <studio/preferences/Theme.h>
-#include <studio/preferences/Units.h>
+#include <studio/choices/Theme.h>
+#include <studio/choices/Units.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 

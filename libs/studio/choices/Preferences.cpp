@@ -1,4 +1,4 @@
-#include <studio/preferences/Preferences.h>
+#include <studio/choices/Preferences.h>
 
 #include <studio/PenColors.h>
 

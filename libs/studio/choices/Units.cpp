@@ -1,4 +1,4 @@
-#include <studio/preferences/Units.h>
+#include <studio/choices/Units.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEvent>

@@ -1,4 +1,4 @@
-#include <studio/preferences/Theme.h>
+#include <studio/choices/Theme.h>
 
 #include <QtGui/QIcon>
 #include <QtGui/QPainter>
