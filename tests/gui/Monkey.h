@@ -3,6 +3,7 @@
 #include "MonkeyHands.h"
 
 #include <studio/CommandTable.h>
+#include <studio/commands/ExtrasCommand.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/import/ImportDialog.h>
 #include <studio/list/ShapeList.h>
@@ -17,6 +18,8 @@
 #include <QtWidgets/QDockWidget>
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QTreeWidget>
+
+#include <memory>
 
 /**
  * A user who does anything that the studio lets one do, the same way for the same seed.
@@ -106,10 +109,14 @@ private:
         if (surplus.isEmpty())
             return;
         done << QStringLiteral("tame");
-        for (studio::ShapeItem *item : surplus) {
-            if (!(item->flags() & QGraphicsItem::ItemIsSelectable))
-                hostkit::setItemExtras(*item, {}); // locked: no key takes it away
-        }
+        // What is locked no key takes away.
+        const auto unlock = [](hostkit::ItemExtras &extras) {
+            extras.isLocked = false;
+            extras.isHidden = false;
+        };
+        auto unlocking = std::make_unique<studio::ExtrasCommand>(surplus, unlock, QString());
+        if (!unlocking->changesNothing())
+            studio.stack().push(unlocking.release());
         studio.select(surplus);
         studio.key(Qt::Key_Delete);
     }

@@ -81,7 +81,7 @@ void addCode(Record &record, const codekit::CodeItem &code)
     record.add("reads", code.code().symbol().reads);
     record.add("kind of the code", int(code.code().symbol().kind));
     record.add("modules", code.code().symbol().dark);
-    record.add("problem", code.code().notReadyReason());
+    record.add("is ready", code.code().notReadyReason().isEmpty());
 }
 
 /** Everything about one shape that anyone can ask for. */
