@@ -19,6 +19,7 @@
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QTreeWidget>
 
+#include <algorithm>
 #include <memory>
 
 /**
@@ -317,7 +318,17 @@ private:
             QDialog *dialog = openDialog();
             if (auto *tabs = dialog->findChild<QTabWidget *>(QStringLiteral("tabs")))
                 tabs->setCurrentIndex(upTo(tabs->count()));
-            changeField(*dialog);
+            QVector<QWidget *> fields = fieldsOf(*dialog);
+            // A code of metres would be hatched for ever.
+            const auto isSize = [](const QWidget *field) {
+                static const QStringList sizes{QStringLiteral("module"), QStringLiteral("width"),
+                                               QStringLiteral("barHeight"),
+                                               QStringLiteral("height")};
+                return sizes.contains(field->objectName());
+            };
+            fields.erase(std::remove_if(fields.begin(), fields.end(), isSize), fields.end());
+            if (!fields.isEmpty())
+                change(*fields[upTo(fields.size())]);
         }
         QDialog *dialog = openDialog();
         auto *buttons = dialog != nullptr ? dialog->findChild<QDialogButtonBox *>() : nullptr;
