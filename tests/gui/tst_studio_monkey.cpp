@@ -220,6 +220,30 @@ private Q_SLOTS:
         }
     }
 
+    void anythingDoneToCodes_isUndone_redone_saved_andMarked_data()
+    {
+        QTest::addColumn<int>("seed");
+        for (const int seed : {101, 102, 103})
+            QTest::addRow("seed %d", seed) << seed;
+    }
+
+    void anythingDoneToCodes_isUndone_redone_saved_andMarked()
+    {
+        constexpr int kCodeSteps = 100;
+        constexpr int kCodeBurst = 25;
+        QFETCH(int, seed);
+        ticks = seed;
+        studio = std::make_unique<TextWindow>();
+        monkey = std::make_unique<Monkey>(*studio, quint32(seed));
+        atStart = wholeStateOf(studio->document());
+        for (int step = 1; step <= kCodeSteps; ++step) {
+            monkey->codeStep();
+            QVERIFY2(frameHolds(), told(QStringLiteral("the frame")));
+            if (step % kCodeBurst == 0)
+                QVERIFY(drawingHolds());
+        }
+    }
+
 private:
     const char *told(const QString &what)
     {
