@@ -4,6 +4,7 @@
 #include <hostkit/drawing/DrawingCapture.h>
 #include <studio/Exporter.h>
 #include <studio/code/CodeDialog.h>
+#include <studio/code/CodeEdit.h>
 #include <studio/code/CodeTools.h>
 #include <studio/code/VerifyDialog.h>
 #include <studio/job/JobExporter.h>
@@ -476,6 +477,23 @@ private Q_SLOTS:
         QCOMPARE(item->settings().form.moduleMm, 1.0);
         QVERIFY(item->getTransformParam().isIdentity());
         studio->close(kOk);
+        const double growthPx = ZTCoord::getInstance()->mm2pix(0.1);
+        QVERIFY(qAbs(item->boundingRect().width() - (before.width() - growthPx)) < 1e-6);
+    }
+
+    void lastGoodCode_keepsItsSize_whateverIsAskedForNext()
+    {
+        CodeItem *item = studio->create();
+        studio->close(kOk);
+        item->scale(2.0, 2.0);
+        item->setFixedText(QString()); // cannot be made
+        const QRectF before = item->boundingRect();
+        studio::CodeEdit edit = studio::CodeEdit::of(*item);
+        edit.code.form.growthMm = 0.1;
+        edit.applyTo(*item);
+        QCOMPARE(item->boundingRect(), before);
+        QCOMPARE(studio::CodeEdit::of(*item).code.form.growthMm, 0.1);
+        item->setFixedText(QStringLiteral("SN-0001"));
         const double growthPx = ZTCoord::getInstance()->mm2pix(0.1);
         QVERIFY(qAbs(item->boundingRect().width() - (before.width() - growthPx)) < 1e-6);
     }

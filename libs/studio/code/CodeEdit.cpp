@@ -89,6 +89,11 @@ void CodeEdit::applyTo(codekit::CodeItem &item) const
         if (isEnlarged(transform))
             item.getTransformParam() = withoutEnlargement(transform); // shown with what follows
         item.setCode(wanted, content);
+        // The last good code is shown at the size that it had, as long as there is no other.
+        if (isEnlarged(transform) && !item.code().notReadyReason().isEmpty()) {
+            item.getTransformParam() = transform;
+            item.setCode(codekit::enlarged(wanted, 1.0 / enlargementOf(transform)), content);
+        }
     }
     item.setFixedText(words.fixedText);
     item.setEnableVariantText(words.isVariant);
