@@ -348,6 +348,76 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(path("a.nc")));
     }
 
+    // Killed with files out that a machine may have run, before the drawing knows of it.
+    void killedJob_usesUpItsNumbers_andTheNextOneSaysSo()
+    {
+        makeDrawing(5000);
+        const QByteArray drawn = written("serial.ztd");
+        killAfterTheFirstFile("k.svg");
+        if (QTest::currentTestFailed())
+            return;
+        QCOMPARE(written("serial.ztd"), drawn);
+        QVERIFY(QFile::exists(path("serial.ztd.numbers")));
+        // A look at the time takes no number, and passes none over.
+        QCOMPARE(job("serial.ztd --time").err, QString());
+        // Killed once more, the numbers of both are gone.
+        killAfterTheFirstFile("l.svg");
+        if (QTest::currentTestFailed())
+            return;
+        const ZtmarkRun next = job("serial.ztd -o m.nc --parts 2");
+        QCOMPARE(next.err,
+                 QStringLiteral("ztmark: serial.ztd: warning: a job that was interrupted took "
+                                "SN-0001 to SN-1000; they are passed over, for its files may have "
+                                "been run\n"));
+        QCOMPARE(next.out, QStringLiteral("Parts:          2\n"
+                                          "First part:     SN-1001\n"
+                                          "Last part:      SN-1002\n"
+                                          "Next part:      SN-1003\n"));
+        QVERIFY(!QFile::exists(path("serial.ztd.numbers")));
+        QCOMPARE(job("serial.ztd -o n.nc").err, QString());
+    }
+
+    void interruptedJob_andNumbersChangedSince_areTold()
+    {
+        makeDrawing(5000);
+        killAfterTheFirstFile("k.svg");
+        if (QTest::currentTestFailed())
+            return;
+        put("serial.ztd.numbers",
+            written("serial.ztd.numbers").replace("\"before\": \"", "\"before\": \"9"));
+        const ZtmarkRun next = job("serial.ztd -o m.nc");
+        QCOMPARE(next.err, QStringLiteral("ztmark: serial.ztd: warning: a job that was interrupted "
+                                          "took SN-0001 to SN-0500; the numbers of the drawing "
+                                          "were changed since\n"));
+        QVERIFY(next.out.startsWith(QStringLiteral("Part:           SN-0001\n")));
+    }
+
+    void interruptedJob_thatTookTheLastNumber_leavesNone()
+    {
+        makeDrawing(500);
+        killAfterTheFirstFile("k.svg");
+        if (QTest::currentTestFailed())
+            return;
+        const ZtmarkRun next = job("serial.ztd -o m.nc");
+        QCOMPARE(next.exitCode, 1);
+        QVERIFY2(next.err.contains(QStringLiteral("is used up: SN-0500 was the last")),
+                 qPrintable(next.err));
+        QVERIFY(!QFile::exists(path("m.nc")));
+        QVERIFY(QFile::exists(path("serial.ztd.numbers")));
+    }
+
+    void failedJob_leavesTheNoteOfTheInterruptedOne()
+    {
+        makeDrawing(5000);
+        killAfterTheFirstFile("k.svg");
+        if (QTest::currentTestFailed())
+            return;
+        const QByteArray note = written("serial.ztd.numbers");
+        QVERIFY(QFile::link(QStringLiteral("/dev/full"), path("b.nc")));
+        QCOMPARE(job("serial.ztd -o b.nc").exitCode, 1);
+        QCOMPARE(written("serial.ztd.numbers"), note);
+    }
+
     void checks_areTold_withTheObject()
     {
         // A drawing as it lies: 500 mm to the right of the middle.
@@ -425,6 +495,26 @@ private Q_SLOTS:
     }
 
 private:
+    /** A job of 500 parts, a file each, that is killed as soon as the first is there. */
+    void killAfterTheFirstFile(const QString &name)
+    {
+        QProcess process;
+        process.setWorkingDirectory(m_folder->path());
+        process.start(QStringLiteral(ZT_ZTMARK),
+                      {QStringLiteral("job"), QStringLiteral("serial.ztd"), QStringLiteral("-o"),
+                       name, QStringLiteral("--parts"), QStringLiteral("500"),
+                       QStringLiteral("--optimize"), QStringLiteral("none")});
+        const QString first =
+            m_folder->filePath(QString(name).replace(QLatin1String("."), QLatin1String("-0001.")));
+        const QString last =
+            m_folder->filePath(QString(name).replace(QLatin1String("."), QLatin1String("-0500.")));
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(first), 60000);
+        process.kill();
+        QVERIFY(process.waitForFinished());
+        QCOMPARE(process.exitStatus(), QProcess::CrashExit);
+        QVERIFY2(!QFile::exists(last), "the job was faster than its end");
+    }
+
     void put(const char *name, const QByteArray &content)
     {
         QFile file(path(name));

@@ -1348,6 +1348,18 @@ given several times</source>
         <translation>笔，JSON 文件；不给出时用图纸自带的笔，否则全部为 50 %、
 500 mm/s，或机器的最高速度</translation>
     </message>
+    <message>
+        <source>Hatches before or after the outlines: any, before, or after</source>
+        <translation>填充在轮廓之前或之后：any、before 或 after</translation>
+    </message>
+    <message>
+        <source>Mark all of a pen, by its number, before the next</source>
+        <translation>按笔号逐笔标刻</translation>
+    </message>
+    <message>
+        <source>Mark outlines inside others before those around them</source>
+        <translation>先标刻内部轮廓，再标刻外部轮廓</translation>
+    </message>
 </context>
 <context>
     <name>JobSource</name>
@@ -1382,6 +1394,22 @@ given several times</source>
     <message>
         <source>%1: %2</source>
         <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 至 %2</translation>
+    </message>
+    <message>
+        <source>its numbers cannot be kept: %1</source>
+        <translation>无法保存其编号：%1</translation>
+    </message>
+    <message>
+        <source>warning: a job that was interrupted took %1; the numbers of the drawing were changed since</source>
+        <translation>警告：被中断的作业取用了 %1；其后图纸的编号已被修改</translation>
+    </message>
+    <message>
+        <source>warning: a job that was interrupted took %1; they are passed over, for its files may have been run</source>
+        <translation>警告：被中断的作业取用了 %1；这些编号将被跳过，因为那些文件可能已被运行</translation>
     </message>
 </context>
 <context>

@@ -57,6 +57,11 @@ private:
     void retranslate();
     void readFields();
     void chooseProfile();
+    void editProfile();
+    void keepProfile(const jobkit::MachineProfile &profile);
+    void selectMachine(const QString &profile);
+    void addPen();
+    void changeColor(int row);
     void editPens(const QVector<jobkit::Pen> &pens);
     void changeMode(int row);
     void fillMaterials();
@@ -72,6 +77,8 @@ private:
     QPushButton *m_saveMaterial;
     QComboBox *m_machine;
     QPushButton *m_otherMachine;
+    QPushButton *m_editMachine;
+    QPushButton *m_addPen;
     QComboBox *m_order;
     QComboBox *m_hatchPlace;
     QCheckBox *m_penByPen;

@@ -105,7 +105,10 @@ QString problemOf(const QByteArray &program, const JobPlan &plan, const JobFile 
             return QStringLiteral("piece %1 has power %2").arg(i).arg(burn.power);
         if (std::abs(burn.feedMmPerMin - pen.speedMmPerS * 60.0) > 0.05)
             return QStringLiteral("piece %1 has feed %2").arg(i).arg(burn.feedMmPerMin);
-        if (burn.mode != (pen.powerMode == PowerMode::Dynamic ? '4' : '3'))
+        const bool isDot = plan.pieces[i].isDot();
+        if (std::abs(burn.dwellS - (isDot ? pen.dotMs / 1000.0 : 0.0)) > 1e-9)
+            return QStringLiteral("piece %1 stands still for %2 s").arg(i).arg(burn.dwellS);
+        if (burn.mode != (pen.powerMode == PowerMode::Dynamic && !isDot ? '4' : '3'))
             return QStringLiteral("piece %1 has mode %2").arg(i).arg(burn.mode);
     }
     return {};
