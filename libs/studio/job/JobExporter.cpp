@@ -14,6 +14,8 @@
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QIODevice>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
 
 #include <algorithm>
 
@@ -115,6 +117,32 @@ bool JobExporter::fail(const QString &path, const QString &why)
     return false;
 }
 
+void JobExporter::askAboutNotReady(const JobExport &wanted, const JobSettings &settings, int part,
+                                   const QStringList &reasons)
+{
+    constexpr int kNamedAtMost = 10;
+    auto *box = new QMessageBox(
+        QMessageBox::Warning, tr("Export the job"),
+        tr("Part %1 cannot be made as asked for. No file was written.").arg(part + 1),
+        QMessageBox::Cancel, &m_window);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setObjectName(QStringLiteral("notReadyBox"));
+    box->setTextFormat(Qt::PlainText);
+    QStringList lines = reasons.mid(0, kNamedAtMost);
+    if (reasons.size() > kNamedAtMost)
+        lines << QStringLiteral("...");
+    lines << tr("Written as shown, they hold the last content that they could.");
+    box->setInformativeText(lines.join(QLatin1Char('\n')));
+    const QPushButton *goOn = box->addButton(tr("&Write them as shown"), QMessageBox::AcceptRole);
+    box->setDefaultButton(QMessageBox::Cancel);
+    connect(goOn, &QPushButton::clicked, this, [this, wanted, settings] {
+        JobExport again = wanted;
+        again.isAsShown = true;
+        write(again, settings, m_shown.lock());
+    });
+    box->open();
+}
+
 bool JobExporter::hasNumbers() const
 {
     const ShapeItems items = shapeItemsOf(*m_document.scene());
@@ -133,6 +161,7 @@ bool JobExporter::write(const JobExport &wanted, const JobSettings &settings,
     if (wanted.isOneFile && wanted.parts > 1 && !jobkit::canPause(*form))
         return fail(wanted.path, tr("Only G-code can hold several parts with a pause between them. "
                                     "Write one file a part."));
+    m_shown = shown;
     JobRequest request;
     request.settings = settings;
     request.pens = pensOf(m_document);
@@ -306,13 +335,13 @@ bool JobExporter::planParts(const JobExport &wanted, JobRequest request,
         if (!moved.errors.isEmpty())
             return fail(wanted.path, cannotBeMade(part, moved.errors));
         request.isTimed = parts == 1;
-        if (!planPart(wanted.path, request, part == 0 ? shown : nullptr, work, plans))
+        if (!planPart(wanted, request, part == 0 ? shown : nullptr, work, plans))
             return false;
     }
     return true;
 }
 
-bool JobExporter::planPart(const QString &path, JobRequest request,
+bool JobExporter::planPart(const JobExport &wanted, JobRequest request,
                            const std::shared_ptr<const Job> &shown, LongWork &work,
                            QVector<jobkit::JobPlan> *plans)
 {
@@ -322,9 +351,11 @@ bool JobExporter::planPart(const QString &path, JobRequest request,
     if (result == Gathering::Cancelled)
         return false;
     if (result == Gathering::NotWhole)
-        return fail(path, tr("Not all shapes could be turned into marks."));
-    if (!gathered.notReady.isEmpty())
-        return fail(path, cannotBeMade(plans->size(), gathered.notReady));
+        return fail(wanted.path, tr("Not all shapes could be turned into marks."));
+    if (!gathered.notReady.isEmpty() && !wanted.isAsShown) {
+        askAboutNotReady(wanted, request.settings, plans->size(), gathered.notReady);
+        return false;
+    }
     request.items = gathered.items;
     std::shared_ptr<const Job> made = shown && shown->request == request ? shown : nullptr;
     if (!made) {
@@ -337,9 +368,9 @@ bool JobExporter::planPart(const QString &path, JobRequest request,
         made = *job;
     }
     if (!made)
-        return fail(path, tr("There is not enough memory."));
+        return fail(wanted.path, tr("There is not enough memory."));
     if (made->plan.pieces.isEmpty())
-        return fail(path, tr("There is nothing to mark."));
+        return fail(wanted.path, tr("There is nothing to mark."));
     plans->append(made->plan);
     return true;
 }

@@ -27,6 +27,7 @@ struct JobExport
     int parts = 1;          ///< 1 to `JobExporter::kMostParts`
     bool isOneFile = false; ///< several parts in one file, with a pause between them
     std::optional<jobkit::FrameKind> frame; ///< the frame of the job in its place
+    bool isAsShown = false; ///< also shapes that mark something else than they were given
 };
 
 /**
@@ -63,7 +64,8 @@ public:
     bool hasNumbers() const;
 
     /**
-     * Writes a job; false where it was not, after telling why.
+     * Writes a job; false where it was not, after telling why. Shapes that mark something else than
+     * they were given are asked about, without waiting: a yes writes the job after all.
      *
      * The plan of `shown` (may be null) is what is written as the first part, if it is a plan of
      * what the drawing marks now: what was looked at is what the machine gets. Further parts whose
@@ -86,17 +88,21 @@ private:
     void endParts();
     bool planParts(const JobExport &wanted, JobRequest request,
                    const std::shared_ptr<const Job> &shown, QVector<jobkit::JobPlan> *plans);
-    bool planPart(const QString &path, JobRequest request, const std::shared_ptr<const Job> &shown,
-                  LongWork &work, QVector<jobkit::JobPlan> *plans);
+    bool planPart(const JobExport &wanted, JobRequest request,
+                  const std::shared_ptr<const Job> &shown, LongWork &work,
+                  QVector<jobkit::JobPlan> *plans);
     bool writeFiles(const JobExport &wanted, const JobRequest &request,
                     const QVector<jobkit::JobPlan> &plans);
     bool fail(const QString &path, const QString &why);
+    void askAboutNotReady(const JobExport &wanted, const JobSettings &settings, int part,
+                          const QStringList &reasons);
 
     ZTGraphicsDocument &m_document;
     TextTools &m_texts;
     Messages &m_messages;
     QWidget &m_window;
     std::function<QString()> m_drawingPath;
+    std::weak_ptr<const Job> m_shown;              ///< of the present export
     std::optional<jobkit::NumberJournal> m_before; ///< the journal before the present export
 };
 
