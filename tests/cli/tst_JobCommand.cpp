@@ -5,7 +5,7 @@
 
 #include <hostkit/drawing/DrawingCapture.h>
 #include <hostkit/drawing/DrawingLoader.h>
-#include <hostkit/items/ItemExtras.h>
+#include <hostkit/items/ItemHatches.h>
 #include <hostkit/items/PartTexts.h>
 #include <hostkit/setup/Factories.h>
 
@@ -15,6 +15,7 @@
 #include <QtCore/QLockFile>
 #include <QtCore/QTemporaryDir>
 
+#include <cmath>
 #include <memory>
 
 namespace {
@@ -418,6 +419,67 @@ private Q_SLOTS:
         QCOMPARE(written("serial.ztd.numbers"), note);
     }
 
+    // A square of 10 mm: a line in its middle, 8 mm long, and a ring 3 mm inside, 4 mm wide.
+    void hatches_ofADrawing_areMarkedTimedAndTold()
+    {
+        ZTGraphicsDocument document;
+        document.itemMag()->scene()->setSceneRect(QRectF(-5000, -5000, 10000, 10000));
+        auto *item = document.itemMag()->addShape(ShapeType::Rect, {0, 0, 10, 10});
+        QVERIFY(item != nullptr);
+        item->setPos(0, 0);
+        hostkit::ShapeHatch line;
+        line.spacingMm = 5.0;
+        line.insetMm = 1.0;
+        line.moment = hostkit::HatchMoment::BeforeOutline;
+        hostkit::ShapeHatch ring;
+        ring.kind = hostkit::HatchKind::Contours;
+        ring.spacingMm = 3.0;
+        ring.pen = 2;
+        ring.passes = 2;
+        ZTFillParam fill = item->getFillParam();
+        hostkit::ItemExtras extras;
+        hostkit::setHatches({line, ring}, &fill, &extras);
+        item->setFillParam(fill);
+        hostkit::setItemExtras(*item, extras);
+        QVERIFY(hostkit::saveDrawing(document, {}, path("h.ztd"), nullptr));
+
+        const ZtmarkRun told =
+            runZtmark({QStringLiteral("info"), QStringLiteral("h.ztd")}, m_folder->path());
+        QVERIFY2(told.out.contains(QStringLiteral(
+                     "Hatches:           2\n"
+                     "  contours, 3 mm, pen 2, passes: 2, shapes: 1\n"
+                     "  single lines, 5 mm, 0 degrees, inset 1 mm, pen 1, before the outlines, "
+                     "shapes: 1\n")),
+                 qPrintable(told.out));
+        const ZtmarkRun timed = job("h.ztd --profile galvo.json -o h.csv --time --json");
+        QCOMPARE(timed.err, QString());
+        const QJsonObject byPen = QJsonDocument::fromJson(timed.out.toUtf8())
+                                      .object()[QStringLiteral("byPen")]
+                                      .toObject();
+        const auto markS = [&byPen](const char *pen) {
+            return byPen[QLatin1String(pen)].toObject()[QStringLiteral("markS")].toDouble();
+        };
+        QVERIFY(std::abs(markS("1") - (40.0 + 8.0) / 500.0) < 1e-6);
+        QVERIFY(std::abs(markS("2") - 2 * 16.0 / 500.0) < 1e-6);
+        QStringList order;
+        const QList<QByteArray> rows = written("h.csv").split('\n');
+        for (const QByteArray &row : rows) {
+            const QList<QByteArray> cells = row.split(',');
+            if (cells.size() > 5 && cells[5] == "0")
+                order << QString::fromLatin1(cells[3] + '/' + cells[2] + '/' + cells[4]);
+        }
+        // Hatch, pen and pass of each piece: the line first, the ring once more at the end.
+        QCOMPARE(order.first(), QStringLiteral("1/1/1"));
+        QCOMPARE(order.size(), 4);
+        QCOMPARE(order.last(), QStringLiteral("2/2/2"));
+        const ZtmarkRun marked = runZtmark({QStringLiteral("mark"), QStringLiteral("h.ztd"),
+                                            QStringLiteral("-o"), QStringLiteral("h.json")},
+                                           m_folder->path());
+        QCOMPARE(marked.exitCode, 0);
+        const QByteArray marks = written("h.json");
+        QVERIFY(marks.contains("\"pen\": 2") || marks.contains("\"pen\":2"));
+    }
+
     void checks_areTold_withTheObject()
     {
         // A drawing as it lies: 500 mm to the right of the middle.
@@ -496,8 +558,9 @@ private Q_SLOTS:
 
 private:
     /** A job of 500 parts, a file each, that is killed as soon as the first is there. */
-    void killAfterTheFirstFile(const QString &name)
+    void killAfterTheFirstFile(const char *output)
     {
+        const QString name = QString::fromLatin1(output);
         QProcess process;
         process.setWorkingDirectory(m_folder->path());
         process.start(QStringLiteral(ZT_ZTMARK),

@@ -622,6 +622,66 @@ Examples:
         <source>Not as asked for:</source>
         <translation>与要求不符：</translation>
     </message>
+    <message>
+        <source>%1 degrees</source>
+        <translation>%1 度</translation>
+    </message>
+    <message>
+        <source>%1 mm</source>
+        <translation>%1 毫米</translation>
+    </message>
+    <message>
+        <source>Hatches:</source>
+        <translation>填充：</translation>
+    </message>
+    <message>
+        <source>after the outlines</source>
+        <translation>在轮廓之后</translation>
+    </message>
+    <message>
+        <source>before the outlines</source>
+        <translation>在轮廓之前</translation>
+    </message>
+    <message>
+        <source>contours</source>
+        <translation>轮廓线</translation>
+    </message>
+    <message>
+        <source>crossed lines</source>
+        <translation>交叉线</translation>
+    </message>
+    <message>
+        <source>inset %1 mm</source>
+        <translation>内缩 %1 毫米</translation>
+    </message>
+    <message>
+        <source>lines turned each pass</source>
+        <translation>每遍旋转的线</translation>
+    </message>
+    <message>
+        <source>one way</source>
+        <translation>同向</translation>
+    </message>
+    <message>
+        <source>passes: %1</source>
+        <translation>遍数：%1</translation>
+    </message>
+    <message>
+        <source>pen %1</source>
+        <translation>笔 %1</translation>
+    </message>
+    <message>
+        <source>single lines</source>
+        <translation>单线</translation>
+    </message>
+    <message>
+        <source>turned by %1 degrees</source>
+        <translation>每遍旋转 %1 度</translation>
+    </message>
+    <message>
+        <source>zigzag</source>
+        <translation>之字线</translation>
+    </message>
 </context>
 <context>
     <name>FontCommand</name>
