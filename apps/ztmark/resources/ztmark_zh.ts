@@ -682,6 +682,10 @@ Examples:
         <source>zigzag</source>
         <translation>之字线</translation>
     </message>
+    <message>
+        <source>Curve tolerance:</source>
+        <translation>曲线公差：</translation>
+    </message>
 </context>
 <context>
     <name>FontCommand</name>

@@ -1,6 +1,7 @@
 #include <studio/panel/HatchSection.h>
 
 #include <studio/PenColors.h>
+#include <studio/choices/Units.h>
 #include <studio/panel/ChoiceBox.h>
 #include <studio/panel/HatchList.h>
 #include <studio/panel/TypedMeasure.h>
@@ -280,8 +281,8 @@ void HatchSection::retranslate()
     m_pen->setItemText(0, tr("that of the shape"));
     for (int pen = 1; pen <= kPenCount; ++pen)
         m_pen->setItemText(pen, QStringLiteral("%1  %2").arg(pen).arg(penName(pen)));
-    m_units[0]->setText(tr("mm"));
-    m_units[2]->setText(tr("mm"));
+    m_units[0]->setText(units::name());
+    m_units[2]->setText(units::name());
     m_list->retranslate();
     retranslateFields();
 }
@@ -289,14 +290,14 @@ void HatchSection::retranslate()
 void HatchSection::retranslateFields()
 {
     m_spacingLabel->setText(tr("Spacing"));
-    m_spacing->setAccessibleName(tr("Spacing of the hatch in millimetres"));
-    m_spacing->setHint(tr("Distance of the hatch lines on the part, in mm"));
+    m_spacing->setAccessibleName(tr("Spacing of the hatch in %1").arg(units::name()));
+    m_spacing->setHint(tr("Distance of the hatch lines on the part"));
     m_angleLabel->setText(tr("Angle"));
     m_angle->setAccessibleName(tr("Angle of the hatch in degrees"));
     m_angle->setHint(tr("0 is across, positive is anticlockwise"));
     m_insetLabel->setText(tr("Inset"));
-    m_inset->setAccessibleName(tr("Inset of the hatch in millimetres"));
-    m_inset->setHint(tr("Distance of the hatch from the outline, in mm"));
+    m_inset->setAccessibleName(tr("Inset of the hatch in %1").arg(units::name()));
+    m_inset->setHint(tr("Distance of the hatch from the outline, on the part"));
     m_turnLabel->setText(tr("Turn"));
     m_turn->setAccessibleName(tr("Turn of each pass in degrees"));
     m_turn->setHint(tr("By how much each pass is turned against the one before"));
@@ -429,8 +430,7 @@ QStringList HatchSection::rowTexts() const
 
 QString HatchSection::rowText(const ShapeHatch &hatch) const
 {
-    QStringList parts{tr(kKindTexts[std::size_t(hatch.kind)]),
-                      tr("%1 mm").arg(measureText(hatch.spacingMm, 3))};
+    QStringList parts{tr(kKindTexts[std::size_t(hatch.kind)]), units::text(hatch.spacingMm)};
     if (hatch.kind != HatchKind::Contours)
         parts << tr("%1°").arg(measureText(hatch.angleDeg, 1));
     if (hatch.pen > 0)
