@@ -7,6 +7,7 @@
 #include <studio/job/JobPreview.h>
 #include <studio/job/JobReport.h>
 #include <studio/job/JobTools.h>
+#include <studio/job/MaterialStore.h>
 #include <studio/job/PenModel.h>
 #include <studio/job/PensCommand.h>
 #include <studio/job/ProfileDialog.h>
@@ -19,6 +20,7 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QRegularExpression>
+#include <QtWidgets/QFileDialog>
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QSlider>
@@ -230,6 +232,24 @@ private Q_SLOTS:
         box->setCurrentIndex(row);
         Q_EMIT box->activated(row);
         QCOMPARE(pens().pens()[0].speedMmPerS, 123.0);
+    }
+
+    void pens_goToAFile_andComeBack()
+    {
+        enter(1, PenModel::Power, "37");
+        auto *box = panel().findChild<QComboBox *>(QStringLiteral("job.material"));
+        box->setCurrentIndex(box->count() - 1);
+        Q_EMIT box->activated(box->count() - 1);
+        auto *dialog = panel().findChild<QFileDialog *>(QStringLiteral("materialExport"));
+        QVERIFY(dialog != nullptr);
+        const QString path = studio->path("brass.json");
+        Q_EMIT dialog->fileSelected(path);
+        dialog->reject();
+        jobkit::Material material;
+        QString error;
+        QVERIFY2(studio::MaterialStore::readFile(path, &material, &error), qPrintable(error));
+        QCOMPARE(material.name, QStringLiteral("brass"));
+        QCOMPARE(material.pens, pens().pens());
     }
 
     void gcode_burnsTheRectangleAndNothingOnTheWay()

@@ -1195,6 +1195,14 @@ Can be given several times</source>
         <source>nothing without an output .svg or .png</source>
         <translation>没有 .svg 或 .png 输出时无作用</translation>
     </message>
+    <message>
+        <source>Pictures are transparent where there is no mark</source>
+        <translation>图片在无标刻处透明</translation>
+    </message>
+    <message>
+        <source>Pictures show which way the marks run</source>
+        <translation>图片显示标刻方向</translation>
+    </message>
 </context>
 <context>
     <name>JobCommand</name>

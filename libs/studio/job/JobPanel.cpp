@@ -8,6 +8,7 @@
 #include <studio/job/ProfileDialog.h>
 #include <studio/job/ProfileStore.h>
 
+#include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
 #include <QtWidgets/QCheckBox>
@@ -362,13 +363,14 @@ void JobPanel::changeColor(int row)
     dialog->open();
 }
 
-/** The first row stands for the pens as they are; the last one reads a file. */
+/** The first row stands for the pens as they are; the last ones read and write a file. */
 void JobPanel::fillMaterials()
 {
     m_material->clear();
     m_material->addItem(tr("Choose..."));
     m_material->addItems(MaterialStore().names());
     m_material->addItem(tr("From a file..."));
+    m_material->addItem(tr("To a file..."));
 }
 
 void JobPanel::applyMaterial()
@@ -376,29 +378,55 @@ void JobPanel::applyMaterial()
     const int row = m_material->currentIndex();
     const QString name = m_material->currentText();
     m_material->setCurrentIndex(0);
-    const auto apply = [this](bool isRead, const jobkit::Material &material, const QString &error) {
-        if (isRead)
-            editPens(replaced(m_model->pens(), material.pens));
-        tell(isRead ? tr("Pens of %1").arg(material.name) : error);
-    };
     if (row == m_material->count() - 1) {
-        auto *dialog = new QFileDialog(this, tr("Material"));
-        dialog->setAttribute(Qt::WA_DeleteOnClose);
-        dialog->setFileMode(QFileDialog::ExistingFile);
-        dialog->setNameFilters({tr("Materials (*.json)"), tr("All files (*)")});
-        connect(dialog, &QFileDialog::fileSelected, this, [apply](const QString &path) {
-            jobkit::Material material;
-            QString error;
-            const bool isRead = MaterialStore::readFile(path, &material, &error);
-            apply(isRead, material, error);
-        });
-        dialog->open();
+        exportMaterial();
+    } else if (row == m_material->count() - 2) {
+        importMaterial();
     } else if (row > 0) {
         jobkit::Material material;
         QString error;
         const bool isRead = MaterialStore().read(name, &material, &error);
-        apply(isRead, material, error);
+        takeMaterial(isRead, material, error);
     }
+}
+
+void JobPanel::takeMaterial(bool isRead, const jobkit::Material &material, const QString &error)
+{
+    if (isRead)
+        editPens(replaced(m_model->pens(), material.pens));
+    tell(isRead ? tr("Pens of %1").arg(material.name) : error);
+}
+
+void JobPanel::importMaterial()
+{
+    auto *dialog = new QFileDialog(this, tr("Material"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setNameFilters({tr("Materials (*.json)"), tr("All files (*)")});
+    connect(dialog, &QFileDialog::fileSelected, this, [this](const QString &path) {
+        jobkit::Material material;
+        QString error;
+        const bool isRead = MaterialStore::readFile(path, &material, &error);
+        takeMaterial(isRead, material, error);
+    });
+    dialog->open();
+}
+
+void JobPanel::exportMaterial()
+{
+    auto *dialog = new QFileDialog(this, tr("Material"));
+    dialog->setObjectName(QStringLiteral("materialExport"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(QStringLiteral("json"));
+    dialog->setNameFilters({tr("Materials (*.json)")});
+    connect(dialog, &QFileDialog::fileSelected, this, [this](const QString &path) {
+        QString error;
+        const QString name = QFileInfo(path).completeBaseName();
+        const bool isSaved = MaterialStore::saveFile(path, {name, m_model->pens()}, &error);
+        tell(isSaved ? tr("Kept as %1").arg(QDir::toNativeSeparators(path)) : error);
+    });
+    dialog->open();
 }
 
 void JobPanel::saveMaterial()

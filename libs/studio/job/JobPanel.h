@@ -2,6 +2,8 @@
 
 #include <studio/job/JobSettings.h>
 
+#include <jobkit/values/Material.h>
+
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 #include <QtWidgets/QWidget>
@@ -66,6 +68,9 @@ private:
     void changeMode(int row);
     void fillMaterials();
     void applyMaterial();
+    void importMaterial();
+    void exportMaterial();
+    void takeMaterial(bool isRead, const jobkit::Material &material, const QString &error);
     void saveMaterial();
     void tell(const QString &text);
 

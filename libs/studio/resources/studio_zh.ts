@@ -3932,6 +3932,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>E&amp;dit...</source>
         <translation>编辑(&amp;D)...</translation>
     </message>
+    <message>
+        <source>To a file...</source>
+        <translation>到文件...</translation>
+    </message>
 </context>
 <context>
     <name>studio::JobPreview</name>
