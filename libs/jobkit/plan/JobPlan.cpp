@@ -173,13 +173,13 @@ void layOutPasses(JobPlan *plan, PassOrder order)
 {
     const QVector<PlanPiece> once = plan->pieces;
     plan->pieces.clear();
-    if (order == PassOrder::WholeJob) {
-        repeatRange(once, 0, once.size(), &plan->pieces);
-        return;
-    }
+    // What goes before the outlines does so with all its passes.
+    const auto areTogether = [order](const PlanPiece &a, const PlanPiece &b) {
+        return order == PassOrder::WholeJob ? a.moment == b.moment : belongTogether(a, b);
+    };
     for (int from = 0; from < once.size();) {
         int to = from + 1;
-        while (to < once.size() && belongTogether(once[from], once[to]))
+        while (to < once.size() && areTogether(once[from], once[to]))
             ++to;
         repeatRange(once, from, to, &plan->pieces);
         from = to;

@@ -77,7 +77,9 @@ struct JobPlan
 
 /** What follows what where a piece is marked more than once. */
 enum class PassOrder : quint8 {
-    WholeJob,  ///< all pieces once, then all that have a second pass, and so on
+    /** All pieces once, then all that have a second pass, and so on; hatches that go before or
+     * after the outlines with all their passes before or after those of the outlines. */
+    WholeJob,
     EachObject ///< the outlines of an object, or one of its hatches, as often as they need, then on
 };
 
