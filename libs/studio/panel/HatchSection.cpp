@@ -278,7 +278,7 @@ void HatchSection::retranslate()
         m_kind->setItemText(int(kind) + 1, tr(kKindTexts[kind]));
     for (std::size_t moment = 0; moment < kMomentTexts.size(); ++moment)
         m_moment->setItemText(int(moment), tr(kMomentTexts[moment]));
-    m_pen->setItemText(0, tr("that of the shape"));
+    m_pen->setItemText(0, tr("the shape's"));
     for (int pen = 1; pen <= kPenCount; ++pen)
         m_pen->setItemText(pen, QStringLiteral("%1  %2").arg(pen).arg(penName(pen)));
     m_units[0]->setText(units::name());

@@ -3228,10 +3228,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>笔 %1</translation>
     </message>
     <message>
-        <source>that of the shape</source>
-        <translation>图形自身的笔</translation>
-    </message>
-    <message>
         <source>Distance of the hatch lines on the part</source>
         <translation>工件上填充线的间距</translation>
     </message>
@@ -3246,6 +3242,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Inset of the hatch in %1</source>
         <translation>填充内缩量（%1）</translation>
+    </message>
+    <message>
+        <source>the shape&apos;s</source>
+        <translation>图形的笔</translation>
     </message>
 </context>
 <context>
@@ -4559,7 +4559,7 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     </message>
     <message>
         <source>Delay after a jump, µs</source>
-        <translation>跳转后延时，微秒</translation>
+        <translation>空跳后延时，微秒</translation>
     </message>
     <message>
         <source>Delay after a mark, µs</source>
@@ -4691,7 +4691,7 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     </message>
     <message>
         <source>Speed of jumps, mm/s</source>
-        <translation>跳转速度，毫米/秒</translation>
+        <translation>空跳速度，毫米/秒</translation>
     </message>
     <message>
         <source>This machine comes with the program and stays as it is: a copy is kept.</source>
