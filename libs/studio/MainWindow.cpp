@@ -2,6 +2,7 @@
 
 #include <studio/CommandTable.h>
 #include <studio/ContextMenus.h>
+#include <studio/DialogManners.h>
 #include <studio/DocumentActions.h>
 #include <studio/DropImporter.h>
 #include <studio/Exporter.h>
@@ -45,8 +46,8 @@
 #include <studio/list/ShapeList.h>
 #include <studio/list/ShapeListView.h>
 #include <studio/panel/ShapePanel.h>
-#include <studio/preferences/PreferenceTools.h>
 #include <studio/paths/PathTools.h>
+#include <studio/preferences/PreferenceTools.h>
 #include <studio/print/PrintActions.h>
 #include <studio/text/TextTools.h>
 
@@ -177,6 +178,8 @@ void MainWindow::buildDocument()
     m_orderNumbers = std::make_unique<OrderNumbers>(*m_drawing);
     m_drawing->view()->setGridVisible(false);
     m_drawing->scene()->getGraphicsResizeItem()->setOutset(kFrameOutset);
+    m_drawing->scene()->getGraphicsResizeItem()->setHandleScale(
+        m_drawing->view()->getDisplayScale());
     m_emptyHint = new EmptyHint(*m_drawing);
     // Paper is white in every theme: shapes are drawn in the colours of their pens.
     m_drawing->view()->setBackgroundBrush(Qt::white);
@@ -201,6 +204,9 @@ void MainWindow::buildDocument()
     setStatusBar(m_status);
     buildTools();
     connect(m_viewNavigation, &ViewNavigation::zoomChanged, m_status, &StatusBar::showZoom);
+    connect(m_viewNavigation, &ViewNavigation::zoomChanged, this, [this](double scale) {
+        m_drawing->scene()->getGraphicsResizeItem()->setHandleScale(scale);
+    });
     connect(m_actions, &DocumentActions::added, m_viewNavigation, &ViewNavigation::reveal);
     connect(m_textTools, &TextTools::told, m_status,
             [this](const QString &text) { m_status->showMessage(text, kStatusMs); });
@@ -409,6 +415,8 @@ void MainWindow::buildCommands()
                          m_commandSet->action("order.reverse")});
     m_contextMenus = new ContextMenus(*m_drawing, *m_tree, *m_actions, *m_commandSet, this);
     m_contextMenus->serve(m_list->view());
+    new DialogManners({m_commandSet->action("edit.undo"), m_commandSet->action("edit.redo")},
+                      *this);
 }
 
 void MainWindow::connectState()

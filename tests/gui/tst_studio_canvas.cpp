@@ -71,6 +71,41 @@ private Q_SLOTS:
         QVERIFY(item->isSelected());
     }
 
+    void flatShapes_letEveryHandleBeGrabbed_data()
+    {
+        QTest::addColumn<QSizeF>("sizeMm");
+        QTest::addColumn<double>("zoom");
+        for (const double zoom : {0.2, 1.0, 8.0}) {
+            QTest::addRow("level line, %g", zoom) << QSizeF(30, 0) << zoom;
+            QTest::addRow("upright line, %g", zoom) << QSizeF(0, 30) << zoom;
+            QTest::addRow("thin bar, %g", zoom) << QSizeF(30, 0.2) << zoom;
+            QTest::addRow("dot, %g", zoom) << QSizeF(0.5, 0.5) << zoom;
+        }
+    }
+
+    void flatShapes_letEveryHandleBeGrabbed()
+    {
+        QFETCH(QSizeF, sizeMm);
+        QFETCH(double, zoom);
+        ShapeItem *item =
+            studio->document().itemMag()->addShape(ShapeType::Rect, QRectF(QPointF(), sizeMm));
+        studio->select({item});
+        studio->view().resetSize(zoom);
+        studio->view().centerOn(item);
+        QCoreApplication::processEvents();
+        const ZTGraphicsResizeItem *frame = studio->document().scene()->getGraphicsResizeItem();
+        QVector<QRectF> places;
+        for (const QGraphicsItem *handle : frame->childItems()) {
+            const QRectF place = handle->deviceTransform(studio->view().viewportTransform())
+                                     .mapRect(QRectF(0, 0, 20, 20));
+            for (const QRectF &other : qAsConst(places))
+                QVERIFY(!place.adjusted(0.5, 0.5, -0.5, -0.5).intersects(other));
+            places.append(place);
+            QCOMPARE(studio->view().itemAt(place.center().toPoint()), handle);
+        }
+        QCOMPARE(places.size(), 8);
+    }
+
     void rotateHandle_standsAboveTheFrame_atEveryZoom()
     {
         studio->select({squareOf200()});

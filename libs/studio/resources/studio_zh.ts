@@ -4769,4 +4769,11 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>选中的各自只有一个轮廓，没有可拆分的</translation>
     </message>
 </context>
+<context>
+    <name>studio::DialogManners</name>
+    <message>
+        <source>Studio</source>
+        <translation>绘图工作室</translation>
+    </message>
+</context>
 </TS>
