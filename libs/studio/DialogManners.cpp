@@ -5,6 +5,7 @@
 #include <QtCore/QTimer>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QKeySequence>
+#include <QtWidgets/QAbstractSpinBox>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QCheckBox>
@@ -76,6 +77,9 @@ bool isUndoOrRedo(const QKeyEvent &key)
 bool swallows(const QObject *watched, const QKeyEvent &key)
 {
     const auto *field = qobject_cast<const QLineEdit *>(watched);
+    // A box with arrows asks the field in it by itself.
+    if (const auto *box = qobject_cast<const QAbstractSpinBox *>(watched))
+        field = box->findChild<const QLineEdit *>();
     if (field == nullptr || !isUndoOrRedo(key) || field->window()->isModal() ||
         qobject_cast<const QDialog *>(field->window()) == nullptr)
         return false;

@@ -211,9 +211,9 @@ void MainWindow::buildDocument()
     connect(m_textTools, &TextTools::told, m_status,
             [this](const QString &text) { m_status->showMessage(text, kStatusMs); });
     connect(m_fileExporter, &Exporter::exported, this, [this](const QString &path, int objects) {
-        m_status->showMessage(tr("Mark paths of %1 shapes written to %2")
-                                  .arg(objects)
-                                  .arg(QDir::toNativeSeparators(path)),
+        m_status->showMessage(tr("Mark paths written to %1, shapes: %2")
+                                  .arg(QDir::toNativeSeparators(path))
+                                  .arg(objects),
                               kStatusMs);
     });
 }

@@ -87,19 +87,26 @@ private Q_SLOTS:
     {
         QFETCH(QSizeF, sizeMm);
         QFETCH(double, zoom);
-        ShapeItem *item =
-            studio->document().itemMag()->addShape(ShapeType::Rect, QRectF(QPointF(), sizeMm));
+        ShapeItem *item = studio->addRect(0, 0); // of 10 mm
+        item->setTransformParam(QTransform::fromScale(qMax(sizeMm.width(), 1e-3) / 10.0,
+                                                      qMax(sizeMm.height(), 1e-3) / 10.0));
         studio->select({item});
         studio->view().resetSize(zoom);
         studio->view().centerOn(item);
         QCoreApplication::processEvents();
         const ZTGraphicsResizeItem *frame = studio->document().scene()->getGraphicsResizeItem();
+        QCOMPARE(frame->getHandleScale(), zoom);
         QVector<QRectF> places;
         for (const QGraphicsItem *handle : frame->childItems()) {
             const QRectF place = handle->deviceTransform(studio->view().viewportTransform())
                                      .mapRect(QRectF(0, 0, 20, 20));
             for (const QRectF &other : qAsConst(places))
-                QVERIFY(!place.adjusted(0.5, 0.5, -0.5, -0.5).intersects(other));
+                QVERIFY2(!place.adjusted(0.5, 0.5, -0.5, -0.5).intersects(other),
+                         qPrintable(QStringLiteral("%1 %2 and %3 %4")
+                                        .arg(place.x())
+                                        .arg(place.y())
+                                        .arg(other.x())
+                                        .arg(other.y())));
             places.append(place);
             QCOMPARE(studio->view().itemAt(place.center().toPoint()), handle);
         }

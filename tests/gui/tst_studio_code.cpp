@@ -593,7 +593,7 @@ private Q_SLOTS:
         QVERIFY(list->topLevelItem(1)->text(1).startsWith(QStringLiteral("does not show")));
         QCOMPARE(list->topLevelItem(2)->text(1), QStringLiteral("reads: SN-0001"));
         QCOMPARE(dialog->findChild<QLabel *>(QStringLiteral("verifySummary"))->text(),
-                 QStringLiteral("1 codes read as they are to, 2 do not."));
+                 QStringLiteral("Read as they are to: 1, not: 2."));
         list->setCurrentItem(list->topLevelItem(2));
         QVERIFY(good->isSelected() && !mirrored->isSelected());
     }
@@ -610,7 +610,7 @@ private Q_SLOTS:
         auto *dialog = studio->window->findChild<studio::VerifyDialog *>();
         QTRY_VERIFY(!dialog->isRunning());
         QCOMPARE(dialog->findChild<QLabel *>(QStringLiteral("verifySummary"))->text(),
-                 QStringLiteral("0 codes read as they are to, 2 do not."));
+                 QStringLiteral("Read as they are to: 0, not: 2."));
         over->setPos(under->pos() + QPointF(80.0, 0.0));
         QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("verifyStart")),
                           Qt::LeftButton);

@@ -65,7 +65,7 @@ private Q_SLOTS:
         studio::PreferenceEdit edit;
         edit.language = studio::LanguageChoice::Chinese;
         studio->window->preferences().apply(edit);
-        QTRY_COMPARE(dialog->windowTitle(), QStringLiteral("\u77e9\u9635"));
+        QTRY_COMPARE(dialog->windowTitle(), QStringLiteral("\u9635\u5217"));
         checkLetters(*dialog);
         edit.language = studio::LanguageChoice::English;
         studio->window->preferences().apply(edit);
@@ -78,15 +78,16 @@ private Q_SLOTS:
         QVERIFY(studio->run("create.rectangle"));
         QVERIFY(studio->run("arrange.matrix"));
         QDialog *dialog = shownDialog();
-        QApplication::setActiveWindow(dialog);
+        activate(*dialog);
         const QString close = QStringLiteral("Close");
         for (const QPushButton *button : dialog->findChildren<QPushButton *>()) {
             if (QString(button->text()).remove(QLatin1Char('&')) != close)
                 continue;
             const int key = QKeySequence::mnemonic(button->text())[0] & ~Qt::KeyboardModifierMask;
-            QTest::keyClick(dialog, static_cast<Qt::Key>(key), Qt::AltModifier);
+            QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key),
+                            Qt::AltModifier);
         }
-        QVERIFY(!dialog->isVisible());
+        QTRY_VERIFY(!dialog->isVisible());
     }
 
     void undo_worksInADialogThatStaysOpen()
@@ -97,7 +98,7 @@ private Q_SLOTS:
         QCOMPARE(studio->stack().index(), 1);
         QVERIFY(studio->run("arrange.matrix"));
         QDialog *dialog = shownDialog();
-        QApplication::setActiveWindow(dialog);
+        activate(*dialog);
         auto *rows = dialog->findChild<QSpinBox *>(QStringLiteral("rows"));
         rows->setFocus();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Z, Qt::ControlModifier);
@@ -133,6 +134,14 @@ private:
                 return dialog;
         }
         return nullptr;
+    }
+
+    /** As a window manager does. */
+    static void activate(QDialog &dialog)
+    {
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        QCoreApplication::processEvents();
+        QApplication::setActiveWindow(&dialog);
     }
 
     /** Buttons that can be seen, each with a letter, no two of them with the same. */

@@ -80,7 +80,8 @@ private Q_SLOTS:
         QCOMPARE(dialog->windowTitle(), QStringLiteral("Import \"plate.svg\""));
         QVERIFY(textOf(dialog, "importFound").startsWith(QStringLiteral("60 × 80 mm. ")));
         QVERIFY(textOf(dialog, "importFound").contains(QStringLiteral("100 × 100 mm")));
-        QCOMPARE(textOf(dialog, "importCounts"), QStringLiteral("1 layers, 2 outlines, 0 texts"));
+        QCOMPARE(textOf(dialog, "importCounts"),
+                 QStringLiteral("layers: 1, outlines: 2, texts: 0"));
         auto *notes = dialog->findChild<QListWidget *>(QStringLiteral("importNotes"));
         QCOMPARE(notes->count(), 1);
         QVERIFY(notes->item(0)->text().contains(QStringLiteral("pictures")));

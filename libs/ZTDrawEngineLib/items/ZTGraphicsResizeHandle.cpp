@@ -49,9 +49,11 @@ const HandleKind &kindOf(int index)
 
 constexpr double kSide = 20.0; ///< of a handle, in device pixels
 
-/** How far a corner makes way for the handle in the middle of a side, on either side of it. */
+/** How far a handle at an end of a side makes way for the one in the middle of that direction. */
 double wayOf(double anchor, double sidePx)
 {
+    if (anchor == 0.5)
+        return 0.0;
     const double lackPx = std::max(0.0, (kSide - std::abs(sidePx)) / 2.0);
     return anchor == 0.0 ? -lackPx : lackPx;
 }
@@ -59,8 +61,7 @@ double wayOf(double anchor, double sidePx)
 /** What a handle moves so that all can be seen around a rectangle of that size on the screen. */
 QPointF roomOf(const HandleKind &kind, const QSizeF &sizePx)
 {
-    const bool isCorner = kind.anchorX != 0.5 && kind.anchorY != 0.5;
-    if (!isCorner || sizePx.isNull())
+    if (sizePx.isNull())
         return {};
     return {wayOf(kind.anchorX, sizePx.width()), wayOf(kind.anchorY, sizePx.height())};
 }

@@ -128,10 +128,12 @@ void VerifyDialog::finish()
                                .arg(m_good)
                                .arg(m_bad)
                                .arg(left));
+    else if (m_bad == 0 && m_good == 1)
+        m_summary->setText(tr("The code reads as it is to."));
     else if (m_bad == 0)
         m_summary->setText(tr("All %1 codes read as they are to.").arg(m_good));
     else
-        m_summary->setText(tr("%1 codes read as they are to, %2 do not.").arg(m_good).arg(m_bad));
+        m_summary->setText(tr("Read as they are to: %1, not: %2.").arg(m_good).arg(m_bad));
 }
 
 void VerifyDialog::select(const QTreeWidgetItem *row)

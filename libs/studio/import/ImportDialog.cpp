@@ -197,7 +197,7 @@ QWidget *ImportDialog::newDrawingPage(const QString &path)
                 : tr("%1, written by %2").arg(formatOf(m_found), m_found.producer),
             QStringLiteral("importFormat"));
     addText(tr("Holds:"),
-            tr("%1 layers, %2 outlines, %3 texts")
+            tr("layers: %1, outlines: %2, texts: %3")
                 .arg(m_found.layers.size())
                 .arg(m_found.pathCount())
                 .arg(m_found.textCount()),

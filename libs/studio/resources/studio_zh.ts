@@ -1392,10 +1392,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>绘制激光标刻的内容，并输出路径。</translation>
     </message>
     <message>
-        <source>Mark paths of %1 shapes written to %2</source>
-        <translation>%1 个图形的标刻路径已写入 %2</translation>
-    </message>
-    <message>
         <source>Rotate</source>
         <translation>旋转</translation>
     </message>
@@ -1434,6 +1430,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Engine objects</source>
         <translation>引擎对象</translation>
+    </message>
+    <message>
+        <source>Mark paths written to %1, shapes: %2</source>
+        <translation>标刻路径已写入 %1，图形数：%2</translation>
     </message>
 </context>
 <context>
@@ -1479,8 +1479,8 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>下一件从所有这些值之后继续</translation>
     </message>
     <message>
-        <source>%L1 shapes on %2 by %3 %4</source>
-        <translation>共 %L1 个图形，占 %2 × %3 %4</translation>
+        <source>Shapes: %L1, on %2 by %3 %4</source>
+        <translation>图形数：%L1，占 %2 × %3 %4</translation>
     </message>
 </context>
 <context>
@@ -2493,10 +2493,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation> mm</translation>
     </message>
     <message>
-        <source>%1 layers, %2 outlines, %3 texts</source>
-        <translation>%1 个图层，%2 条轮廓，%3 段文字</translation>
-    </message>
-    <message>
         <source>%1 × %2 mm. %3</source>
         <translation>%1 × %2 mm。%3</translation>
     </message>
@@ -2647,6 +2643,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>To be mended: %1</source>
         <translation>需要修补：%1</translation>
+    </message>
+    <message>
+        <source>layers: %1, outlines: %2, texts: %3</source>
+        <translation>图层：%1，轮廓：%2，文字：%3</translation>
     </message>
 </context>
 <context>
@@ -2894,10 +2894,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
 <context>
     <name>studio::VerifyDialog</name>
     <message>
-        <source>%1 codes read as they are to, %2 do not.</source>
-        <translation>%1 个码读出正确，%2 个不正确。</translation>
-    </message>
-    <message>
         <source>&amp;Stop</source>
         <translation>停止(&amp;S)</translation>
     </message>
@@ -2940,6 +2936,14 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>as wide as the hatch is close</source>
         <translation>与填充间距相同</translation>
+    </message>
+    <message>
+        <source>Read as they are to: %1, not: %2.</source>
+        <translation>读出正确：%1，不正确：%2。</translation>
+    </message>
+    <message>
+        <source>The code reads as it is to.</source>
+        <translation>该码读出正确。</translation>
     </message>
 </context>
 <context>
@@ -4236,10 +4240,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
 <context>
     <name>studio::ShapeListModel</name>
     <message>
-        <source>%1 shapes</source>
-        <translation>%1 个图形</translation>
-    </message>
-    <message>
         <source>Double click to rename</source>
         <translation>双击可重命名</translation>
     </message>
@@ -4298,6 +4298,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Whether it is marked</source>
         <translation>是否标刻</translation>
+    </message>
+    <message>
+        <source>Shapes: %1</source>
+        <translation>图形数：%1</translation>
     </message>
 </context>
 <context>
