@@ -2906,10 +2906,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>光束宽度(&amp;W)</translation>
     </message>
     <message>
-        <source>All %1 codes read as they are to.</source>
-        <translation>全部 %1 个码读出正确。</translation>
-    </message>
-    <message>
         <source>Code</source>
         <translation>码</translation>
     </message>
@@ -2920,10 +2916,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Result</source>
         <translation>结果</translation>
-    </message>
-    <message>
-        <source>Stopped: %1 read as they are to, %2 do not, %3 were not read.</source>
-        <translation>已停止：%1 个读出正确，%2 个不正确，%3 个未读。</translation>
     </message>
     <message>
         <source>The drawing has no code that is marked.</source>
@@ -2938,12 +2930,12 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>与填充间距相同</translation>
     </message>
     <message>
-        <source>Read as they are to: %1, not: %2.</source>
-        <translation>读出正确：%1，不正确：%2。</translation>
+        <source>Codes that read as they are to: %1 of %2.</source>
+        <translation>读出正确的条码：%1 / %2。</translation>
     </message>
     <message>
-        <source>The code reads as it is to.</source>
-        <translation>该码读出正确。</translation>
+        <source>Stopped. Read as they are to: %1 of %2; not read: %3.</source>
+        <translation>已停止。读出正确的：%1 / %2；未读的：%3。</translation>
     </message>
 </context>
 <context>
