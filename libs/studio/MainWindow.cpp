@@ -179,6 +179,7 @@ void MainWindow::buildDocument()
     m_guides = new GuideTools(*m_drawing, *m_snap, *this);
     m_groups = new GroupTools(*m_drawing, this);
     m_tools = new DrawingTools(*m_drawing, *m_actions, this);
+    m_paths = new PathTools(*m_drawing, *m_tools, *m_snap, *this);
     // After the tools: who pans, pans with every tool.
     m_viewNavigation = new ViewNavigation(*m_drawing->view(), this);
     m_importer = std::make_unique<Importer>(*m_drawing, *m_messages);
@@ -210,7 +211,6 @@ void MainWindow::buildTools()
     connect(m_clipboard, &ClipboardActions::told, m_status,
             [this](const QString &text) { m_status->showMessage(text, kStatusMs); });
     m_arrange = new ArrangeActions(*m_drawing, *m_groups, this);
-    m_paths = new PathTools(*m_drawing, *this);
     connect(m_paths, &PathTools::told, m_status,
             [this](const QString &words) { m_status->showMessage(words, kStatusMs); });
     connect(m_arrange, &ArrangeActions::alignToChanged, this, &MainWindow::refreshCommands);

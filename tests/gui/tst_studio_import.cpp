@@ -208,6 +208,30 @@ private Q_SLOTS:
         QCOMPARE(studio->ids().size(), 1);
     }
 
+    void mendButton_mendsWhatWasFound()
+    {
+        const QByteArray loose =
+            "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"50mm\" height=\"50mm\" "
+            "viewBox=\"0 0 50 50\" fill=\"none\" stroke=\"red\"><path d=\"M0 0H40V30\"/>"
+            "<path d=\"M40 30L0 0\"/><path d=\"M10 0H20\"/></svg>";
+        studio->window->offerFile(studio->write("loose.svg", loose));
+        QCoreApplication::processEvents();
+        auto *dialog = studio->window->findChild<studio::ImportDialog *>();
+        dialog->findChild<QTabWidget *>()->setCurrentIndex(1);
+        auto *mend = dialog->findChild<QPushButton *>(QStringLiteral("importMend"));
+        QVERIFY(mend->isVisible());
+        QTest::mouseClick(mend, Qt::LeftButton);
+        QVERIFY(textOf(dialog, "cleanFigures").contains(QStringLiteral("Outlines: 3 → 1")));
+        QVERIFY(dialog->findChild<QCheckBox *>(QStringLiteral("cleanJoin"))->isChecked());
+        press(dialog, QDialogButtonBox::Cancel);
+        // A drawing that is well has no such button.
+        studio->window->offerFile(plate());
+        QCoreApplication::processEvents();
+        for (const auto *other : studio->window->findChildren<studio::ImportDialog *>())
+            QVERIFY(other == dialog ||
+                    other->findChild<QPushButton *>(QStringLiteral("importMend"))->isHidden());
+    }
+
     void cleaning_followsTheSize()
     {
         // Ends 0.2 mm apart: too far at true size, near enough at a tenth of it.

@@ -19,9 +19,11 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QStyle>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QTableWidget>
 
+#include <algorithm>
 #include <set>
 
 namespace studio {
@@ -226,6 +228,9 @@ QWidget *ImportDialog::newCleaningPage()
     needs->setObjectName(QStringLiteral("importNeeds"));
     needs->setWordWrap(true);
     needs->setTextFormat(Qt::PlainText);
+    auto *mend = new QPushButton(tr("&Mend this"), this);
+    mend->setObjectName(QStringLiteral("importMend"));
+    connect(mend, &QPushButton::clicked, this, &ImportDialog::mend);
     qint64 pieces = 0;
     for (const vectorkit::VectorLayer &layer : qAsConst(m_found.layers)) {
         for (const vectorkit::VectorShape &shape : layer.shapes) {
@@ -237,14 +242,26 @@ QWidget *ImportDialog::newCleaningPage()
         const QString found = cleanNeeds(vectorkit::cleaningNeeds(m_found, kNearMm, kSameMm));
         needs->setText(found.isEmpty() ? tr("There is nothing to mend.")
                                        : tr("To be mended: %1").arg(found));
+        mend->setVisible(!found.isEmpty());
     } else {
+        mend->hide();
         needs->setText(tr("%L1 pieces: choose what to clean, and see what it mends.").arg(pieces));
     }
     auto *page = new QWidget(this);
     auto *rows = new QVBoxLayout(page);
     rows->addWidget(needs);
+    rows->addWidget(mend, 0, Qt::AlignLeft);
     rows->addWidget(m_clean, 1);
     return page;
+}
+
+void ImportDialog::mend()
+{
+    vectorkit::CleanOptions options = m_clean->options();
+    options.joinMm = std::max(options.joinMm, kNearMm);
+    options.dropDoubles = true;
+    m_clean->setOptions(options);
+    refresh();
 }
 
 void ImportDialog::layOut(const QString &path)
@@ -253,6 +270,10 @@ void ImportDialog::layOut(const QString &path)
     tabs->setObjectName(QStringLiteral("importTabs"));
     tabs->addTab(newDrawingPage(path), tr("Dra&wing"));
     tabs->addTab(newCleaningPage(), tr("&Cleaning"));
+    const auto *needs = findChild<QLabel *>(QStringLiteral("importNeeds"));
+    if (!findChild<QPushButton *>(QStringLiteral("importMend"))->isHidden())
+        tabs->setTabIcon(1, style()->standardIcon(QStyle::SP_MessageBoxWarning));
+    tabs->setTabToolTip(1, needs->text());
     auto *notesLabel = new QLabel(tr("&Left out or changed:"), this);
     notesLabel->setBuddy(m_notes);
 

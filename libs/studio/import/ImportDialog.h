@@ -48,6 +48,7 @@ private:
     void layOut(const QString &path);
     QWidget *newDrawingPage(const QString &path);
     QWidget *newCleaningPage();
+    void mend();
     QDoubleSpinBox *addSize(const QString &name);
     void fillUnits();
     void fillNotes();
