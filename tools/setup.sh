@@ -18,6 +18,7 @@ packages_of() {
     test)
         echo python3-minimal python3 pkg-config
         echo librsvg2-bin hp2xx python3-ezdxf
+        echo libzbar-dev libdmtx-dev
         ;;
     check) echo git clang clang-format clang-tidy clazy libclang-rt-14-dev libomp-dev \
         libbenchmark-dev doxygen llvm-14 debootstrap ;;

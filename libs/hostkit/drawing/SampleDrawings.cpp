@@ -75,6 +75,7 @@ ZTVariantText serialNumber()
     ZTVariantText text;
     text.setSegments({ZTFixedTextSegment{QStringLiteral("SN-")}, counter,
                       ZTFixedTextSegment{QStringLiteral("  ")}, ZTDateTimeSegment{}});
+    text.update(); // what is shown is the first part, so that the next one has another number
     return text;
 }
 

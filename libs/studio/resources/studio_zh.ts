@@ -2853,6 +2853,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>The drawing still shows the last good code: %1</source>
         <translation>图纸上仍是最后一个有效的码：%1</translation>
     </message>
+    <message>
+        <source>The code is mirrored: scanners read it from behind, or not at all.</source>
+        <translation>条码是镜像的：扫描器只能从背面读出，或根本读不出。</translation>
+    </message>
 </context>
 <context>
     <name>studio::CodeFormPage</name>
@@ -2932,6 +2936,14 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>squares, one by one</source>
         <translation>逐个方块</translation>
     </message>
+    <message>
+        <source>A point is where the beam stays for a moment: one in each dark module</source>
+        <translation>点是光束停留片刻之处：每个深色模块一个</translation>
+    </message>
+    <message>
+        <source>points, one a module</source>
+        <translation>点，每个模块一个</translation>
+    </message>
 </context>
 <context>
     <name>studio::CodeOptionsPage</name>
@@ -2942,10 +2954,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>%1 x %2</source>
         <translation>%1 x %2</translation>
-    </message>
-    <message>
-        <source>&amp;Escapes: \n, \t, \x1D stand for control characters</source>
-        <translation>转义(&amp;E)：\n、\t、\x1D 代表控制字符</translation>
     </message>
     <message>
         <source>&amp;Mask</source>
@@ -2986,6 +2994,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>the smallest that holds the content</source>
         <translation>能容纳内容的最小尺寸</translation>
+    </message>
+    <message>
+        <source>&amp;Escapes: \n, \t, \G, \x1D stand for control characters</source>
+        <translation>转义(&amp;E)：\n、\t、\G、\x1D 表示控制字符</translation>
     </message>
 </context>
 <context>
@@ -3756,6 +3768,22 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>%1 was the last number, and it was marked. Give the text new values before another part is marked.</source>
         <translation>%1 是最后一个编号，且已标刻。标刻下一件前请给文本新的值。</translation>
+    </message>
+    <message>
+        <source>&amp;Write them as shown</source>
+        <translation>按所显示的写出(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Export the job</source>
+        <translation>导出作业</translation>
+    </message>
+    <message>
+        <source>Part %1 cannot be made as asked for. No file was written.</source>
+        <translation>第 %1 件不能按要求制作。没有写出文件。</translation>
+    </message>
+    <message>
+        <source>Written as shown, they hold the last content that they could.</source>
+        <translation>若按所显示的写出，它们保持最后一个可行的内容。</translation>
     </message>
 </context>
 <context>
