@@ -123,10 +123,26 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
               const QList<QAction *> &viewActions)
 {
     QMenu &file = addMenu(window, "fileMenu", commands,
-                          {"file.new", "file.open", "-", "file.save", "file.saveAs", "file.revert",
-                           "file.recover", "-", "file.import", "file.importClipboard",
-                           "file.sample", "-", "file.exportAll", "file.exportSelection", "-",
-                           "file.print", "file.pdf", "-", "file.quit"});
+                          {"file.new",
+                           "file.open",
+                           "-",
+                           "file.save",
+                           "file.saveAs",
+                           "file.revert",
+                           "file.recover",
+                           "-",
+                           "file.import",
+                           "file.importClipboard",
+                           "file.reimport",
+                           "file.sample",
+                           "-",
+                           "file.exportAll",
+                           "file.exportSelection",
+                           "-",
+                           "file.print",
+                           "file.pdf",
+                           "-",
+                           "file.quit"});
     file.insertMenu(file.actions().at(2), fileMenus.recent);
     file.insertMenu(commands.action("file.exportAll"), fileMenus.order);
     QMenu &edit = addMenu(window, "editMenu", commands,

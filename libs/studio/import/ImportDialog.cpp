@@ -79,6 +79,15 @@ std::set<QRgb> colorsOf(const vectorkit::VectorDrawing &drawing)
     return colors;
 }
 
+/** Where there is no extent in a direction it is the other one's; in none, that of the unit. */
+QSizeF scaleBetween(const QSizeF &found, const QSizeF &now, double unitFactor)
+{
+    const double across = found.width() > 0.0 ? now.width() / found.width() : 0.0;
+    const double down = found.height() > 0.0 ? now.height() / found.height() : 0.0;
+    const double other = across > 0.0 ? across : down > 0.0 ? down : unitFactor;
+    return {across > 0.0 ? across : other, down > 0.0 ? down : other};
+}
+
 } // namespace
 
 ImportDialog::ImportDialog(const QString &path, const vectorkit::VectorDrawing &read,
@@ -334,6 +343,8 @@ void ImportDialog::refresh()
     m_soon.stop();
     vectorkit::CleanOptions options = m_clean->options();
     vectorkit::VectorDrawing drawing = sized();
+    const QSizeF scale = scaleBetween(m_foundSizeMm, drawing.boundsMm().size(),
+                                      m_unitBox->currentData().toDouble() / m_found.unitMm);
     vectorkit::CleanReport report;
     bool isDone = false;
     {
@@ -349,6 +360,7 @@ void ImportDialog::refresh()
         return;
     }
     m_shown = drawing;
+    m_scale = scale;
     m_clean->showReport(report);
     m_picture->show(m_shown);
 }
@@ -375,6 +387,8 @@ vectorkit::VectorDrawing ImportDialog::sized() const
                m_foundSizeMm.height() > 0.0 && !isWidthAlone ? m_heightBox->value() : 0.0));
     return drawing;
 }
+
+vectorkit::CleanOptions ImportDialog::cleaning() const { return m_clean->options(); }
 
 hostkit::ImportOptions ImportDialog::options() const
 {

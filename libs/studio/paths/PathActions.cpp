@@ -5,6 +5,7 @@
 #include <studio/commands/OutlinesCommand.h>
 #include <studio/commands/StackingCommand.h>
 #include <studio/commands/UndoMacro.h>
+#include <studio/import/ImportSource.h>
 #include <studio/paths/PathOps.h>
 
 #include <hostkit/items/GraphicItems.h>
@@ -79,6 +80,7 @@ ShapeItem *PathActions::make(const Result &result) const
     item->setFillParam(shownHatch(*result.source));
     hostkit::ItemExtras extras = hostkit::itemExtras(*result.source);
     extras.valuesPerPart = hostkit::ItemExtras().valuesPerPart; // no text, no counter
+    dropImportSource(&extras); // what comes out is no part of a file
     if (extras.name.isEmpty())
         extras.name = result.source->text().section(QLatin1Char('\n'), 0, 0);
     hostkit::setItemExtras(*item, extras);

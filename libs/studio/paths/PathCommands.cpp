@@ -2,6 +2,7 @@
 
 #include <studio/MainWindow.h>
 #include <studio/canvas/DrawingTools.h>
+#include <studio/import/Reimporter.h>
 #include <studio/nodes/NodeTool.h>
 #include <studio/nodes/PathTool.h>
 #include <studio/paths/PathActions.h>
@@ -73,6 +74,9 @@ QVector<Command> pathCommands()
          TEXT("Areas of a shape that overlap become one; holes stay holes"), Needs::Selection,
          kWindow, [](MainWindow &w) { w.paths().actions().weld(); }},
 
+        {"file.reimport", TEXT("Re-impor&t"), "", "Ctrl+Alt+Shift+I",
+         TEXT("Bring changed files in once more; place, size, pen and hatch stay"),
+         Needs::Selection, kWindow, [](MainWindow &w) { w.reimporter().reimportSelected(); }},
         {NodeTool::kId, TEXT("&Nodes"), "nodes", "N", TEXT("Edit the nodes of a path"),
          Needs::Nothing, kWindow, [](MainWindow &w) { w.tools().choose(NodeTool::kId); },
          kToolChoice},

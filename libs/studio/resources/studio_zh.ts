@@ -823,6 +823,14 @@
         <source>Two ends of each selected node</source>
         <translation>每个选中的节点变为两个端点</translation>
     </message>
+    <message>
+        <source>Re-impor&amp;t</source>
+        <translation>重新导入(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Bring changed files in once more; place, size, pen and hatch stay</source>
+        <translation>再次导入选中图形的文件；位置、大小、笔和填充保持不变</translation>
+    </message>
 </context>
 <context>
     <name>studio::ArcPage</name>
@@ -2377,6 +2385,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Smooth nodes</source>
         <translation>平滑节点</translation>
+    </message>
+    <message>
+        <source>Re-import</source>
+        <translation>重新导入</translation>
     </message>
 </context>
 <context>
@@ -4708,6 +4720,25 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Polyline: click point by point. Shift keeps to steps of 15°, Backspace takes a point back, Return or a double click ends, a click on the first point closes, Esc gives up</source>
         <translation>折线：逐点单击。Shift 按 15° 步进，退格键撤回一点，回车或双击结束，单击第一点封闭，Esc 放弃</translation>
+    </message>
+</context>
+<context>
+    <name>studio::Reimporter</name>
+    <message>
+        <source>&quot;%1&quot; was imported again with losses.</source>
+        <translation>“%1”已重新导入，但有损失。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was not imported again; its shapes stay as they are.</source>
+        <translation>“%1”未重新导入；其图形保持原样。</translation>
+    </message>
+    <message>
+        <source>Re-imported: %1 shapes follow their file, %2 are new, %3 are gone</source>
+        <translation>已重新导入：%1 个图形随文件更新，%2 个新增，%3 个消失</translation>
+    </message>
+    <message>
+        <source>What is selected came from no file</source>
+        <translation>选中的图形不是来自文件</translation>
     </message>
 </context>
 </TS>
