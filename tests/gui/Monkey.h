@@ -111,7 +111,7 @@ private:
                 hostkit::setItemExtras(*item, {}); // locked: no key takes it away
         }
         studio.select(surplus);
-        studio.key(Qt::Key_Delete);
+        studio.run("edit.delete"); // the key may be that of a tool
     }
 
     /**
