@@ -3,6 +3,7 @@
 #include "MonkeyHands.h"
 
 #include <studio/CommandTable.h>
+#include <studio/commands/ExtrasCommand.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/import/ImportDialog.h>
 #include <studio/list/ShapeList.h>
@@ -106,10 +107,10 @@ private:
         if (surplus.isEmpty())
             return;
         done << QStringLiteral("tame");
-        for (studio::ShapeItem *item : surplus) {
-            if (!(item->flags() & QGraphicsItem::ItemIsSelectable))
-                hostkit::setItemExtras(*item, {}); // locked: no key takes it away
-        }
+        // Locked and hidden ones cannot be selected. Recorded, for what goes may come back by undo.
+        studio.stack().push(new studio::ExtrasCommand(
+            surplus, [](hostkit::ItemExtras &extras) { extras.isLocked = extras.isHidden = false; },
+            QStringLiteral("tame")));
         studio.select(surplus);
         studio.run("edit.delete"); // the key may be that of a tool
     }
