@@ -11,6 +11,8 @@
 #include <hostkit/items/GraphicItems.h>
 #include <hostkit/items/ItemExtras.h>
 
+#include <vectorkit/clean/PathFitting.h>
+
 #include <QtCore/QHash>
 #include <QtWidgets/QUndoStack>
 
@@ -46,6 +48,17 @@ ZTFillParam shownHatch(const ShapeItem &item)
     if (isStrokeText || item.getShapeType() == ShapeType::Line)
         hatch.fillType = FillType::None;
     return hatch;
+}
+
+/** Of the many short lines of round corners few arcs. */
+QVector<VectorPath> offsetOf(const ShapeItem &item, const OffsetChoice &choice)
+{
+    QVector<VectorPath> paths =
+        vectorkit::offsetOutlines(outlinesApart(item).closed, Qt::OddEvenFill, choice.distanceMm,
+                                  choice.corner, kOpToleranceMm);
+    for (VectorPath &path : paths)
+        path = vectorkit::arcFittedPath(path, kOpToleranceMm);
+    return paths;
 }
 
 /** All shapes from below, with what comes in for some of them standing at their places. */
@@ -247,8 +260,7 @@ QVector<VectorPath> PathActions::offsetOutlines(const OffsetChoice &choice) cons
 {
     QVector<VectorPath> all;
     for (const ShapeItem *item : selected())
-        all += vectorkit::offsetOutlines(outlinesApart(*item).closed, Qt::OddEvenFill,
-                                         choice.distanceMm, choice.corner, kOpToleranceMm);
+        all += offsetOf(*item, choice);
     return all;
 }
 
@@ -257,9 +269,7 @@ void PathActions::offset(const OffsetChoice &choice)
     ShapeItems sources;
     QVector<Result> results;
     for (ShapeItem *item : selected()) {
-        const QVector<VectorPath> paths =
-            vectorkit::offsetOutlines(outlinesApart(*item).closed, Qt::OddEvenFill,
-                                      choice.distanceMm, choice.corner, kOpToleranceMm);
+        const QVector<VectorPath> paths = offsetOf(*item, choice);
         if (paths.isEmpty())
             continue;
         sources.append(item);
