@@ -19,6 +19,8 @@
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QTreeWidget>
 
+#include <memory>
+
 /**
  * A user who does anything that the studio lets one do, the same way for the same seed.
  *
@@ -41,15 +43,10 @@ public:
     }
 
     /** One thing that a user does; leaves nothing half done but what a user would. */
-    void step()
-    {
-        const auto &action = kActions[choice()];
-        done << QString::fromLatin1(action.name);
-        sinceStart.start();
-        (this->*action.act)();
-        settle();
-        tame();
-    }
+    void step() { step(kActions); }
+
+    /** The same for a user who makes and changes codes. */
+    void codeStep() { step(kCodeActions); }
 
     /** Ends what is open, so that the drawing can be looked at. */
     void settle()
@@ -81,15 +78,26 @@ private:
     static constexpr double kLargestPx = 2500.0;
 
     static const QVector<Action> kActions;
+    static const QVector<Action> kCodeActions;
 
-    int choice()
+    void step(const QVector<Action> &actions)
+    {
+        const Action &action = actions[choice(actions)];
+        done << QString::fromLatin1(action.name);
+        sinceStart.start();
+        (this->*action.act)();
+        settle();
+        tame();
+    }
+
+    int choice(const QVector<Action> &actions)
     {
         int total = 0;
-        for (const Action &action : kActions)
+        for (const Action &action : actions)
             total += action.weight;
         int left = upTo(total);
         int chosen = 0;
-        while ((left -= kActions[chosen].weight) >= 0)
+        while ((left -= actions[chosen].weight) >= 0)
             ++chosen;
         return chosen;
     }
@@ -107,10 +115,14 @@ private:
         if (surplus.isEmpty())
             return;
         done << QStringLiteral("tame");
-        // Locked and hidden ones cannot be selected. Recorded, for what goes may come back by undo.
-        studio.stack().push(new studio::ExtrasCommand(
-            surplus, [](hostkit::ItemExtras &extras) { extras.isLocked = extras.isHidden = false; },
-            QStringLiteral("tame")));
+        // What is locked no key takes away.
+        const auto unlock = [](hostkit::ItemExtras &extras) {
+            extras.isLocked = false;
+            extras.isHidden = false;
+        };
+        auto unlocking = std::make_unique<studio::ExtrasCommand>(surplus, unlock, QString());
+        if (!unlocking->changesNothing())
+            studio.stack().push(unlocking.release());
         studio.select(surplus);
         studio.run("edit.delete"); // the key may be that of a tool
     }
@@ -326,18 +338,6 @@ private:
             studio.key(Qt::Key_Y, Qt::ControlModifier);
     }
 
-    void language()
-    {
-        static constexpr const char *names[] = {"language.english", "language.chinese"};
-        studio.window->findChild<QAction *>(QString::fromLatin1(names[upTo(2)]))->trigger();
-    }
-
-    void order()
-    {
-        auto *menu = studio.window->findChild<QMenu *>(QStringLiteral("orderMenu"));
-        menu->actions().at(upTo(menu->actions().size()))->trigger();
-    }
-
     void dropPlotterFile()
     {
         const QString path = studio.write("drop.plt", "PU0 0;\nPD400 0;\nPD200 200;\nPD0 0;\n");
@@ -365,4 +365,16 @@ inline const QVector<Monkey::Action> Monkey::kActions = {
     {"menu", 3, &Monkey::contextMenu},      {"undo", 5, &Monkey::undoAndRedo},
     {"language", 1, &Monkey::language},     {"order", 1, &Monkey::order},
     {"drop", 1, &Monkey::dropPlotterFile},
+};
+
+inline const QVector<Monkey::Action> Monkey::kCodeActions = {
+    {"code dialog", 10, &Monkey::codeDialog},
+    {"select", 6, &Monkey::select},
+    {"drag", 2, &Monkey::drag},
+    {"resize", 3, &Monkey::resize},
+    {"property", 3, &Monkey::property},
+    {"panel", 3, &Monkey::panel},
+    {"undo", 4, &Monkey::undoAndRedo},
+    {"language", 1, &Monkey::language},
+    {"order", 1, &Monkey::order},
 };
