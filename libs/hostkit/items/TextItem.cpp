@@ -1,8 +1,20 @@
 #include <hostkit/items/TextItem.h>
 
 #include <hostkit/text/StrokeFont.h>
+#include <hostkit/text/UnicodeStrokes.h>
+
+#include <algorithm>
 
 namespace hostkit {
+
+namespace {
+
+bool isAscii(const QString &text)
+{
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
+}
+
+} // namespace
 
 void TextShape::paint()
 {
@@ -12,6 +24,18 @@ void TextShape::paint()
             setStrokeHeight(&font.shxFont);
     }
     ZTShapeText::paint();
+}
+
+QVector<QPainterPath> TextShape::strokeGlyphs(const QString &line, const QPointF &pos,
+                                              double wordSpan)
+{
+    if (isAscii(line)) // the pair has it all
+        return ZTShapeText::strokeGlyphs(line, pos, wordSpan);
+    const QString composed = composedText(line);
+    const ZTShxFontParam font = getFont().shxFont;
+    if (!needsUnicodeFont(composed, font))
+        return ZTShapeText::strokeGlyphs(composed, pos, wordSpan);
+    return strokeGlyphsOfBoth(composed, font, pos, wordSpan);
 }
 
 TextItem::TextItem()

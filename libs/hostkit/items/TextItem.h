@@ -9,6 +9,10 @@ namespace hostkit {
  * high other texts in the same font are. The library draws at the height that was last set for the
  * font's files by anyone.
  *
+ * Characters that the pair of stroke fonts has no codes for come from `unicodeStrokeFont()`; see
+ * `isFromUnicodeFont`. The record of the text is the library's: a host without this class shows
+ * the codec's replacement for them.
+ *
  * Frame, Order, Failure: as `ZTShapeText`. A record whose height is no use leaves the fonts alone.
  */
 class TextShape : public ZTShapeText
@@ -21,6 +25,10 @@ public:
 
     /** Brings the fonts to the text's height, then lays it out; nothing unless it is marked. */
     void paint() override;
+
+protected:
+    QVector<QPainterPath> strokeGlyphs(const QString &line, const QPointF &pos,
+                                       double wordSpan) override;
 };
 
 /** The item of a `TextShape`: what "Text" makes in a host that calls `registerFactories`. */
