@@ -53,10 +53,6 @@ if(ZT_SANITIZE)
     -fsanitize=${ZT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(zt_settings INTERFACE -fsanitize=${ZT_SANITIZE})
 endif()
-if(ZT_COVERAGE)
-  target_compile_options(zt_settings INTERFACE --coverage)
-  target_link_options(zt_settings INTERFACE --coverage)
-endif()
 
 # The Qt headers that nearly every source pulls in, parsed once a target. Sources include what they
 # use all the same: the checks compile without these.

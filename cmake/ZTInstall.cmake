@@ -30,6 +30,21 @@ function(zt_install_library target)
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 endfunction()
 
+# Makes the static library TARGET a component of the package that hosts ask for by its name. What it
+# links stands in ZTDrawEngineLibConfig.cmake.in.
+function(zt_install_kit target)
+  add_library(ZTDrawEngineLib::${target} ALIAS ${target})
+  target_include_directories(${target} PUBLIC
+    "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/libs>"
+    "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>")
+  install(TARGETS ${target} EXPORT ZTDrawEngineLib-${target}
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+  install(EXPORT ZTDrawEngineLib-${target} NAMESPACE ZTDrawEngineLib::
+    DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/ZTDrawEngineLib")
+  install(DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}/" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${target}
+    FILES_MATCHING PATTERN "*.h" PATTERN "*_p.h" EXCLUDE PATTERN "resources" EXCLUDE)
+endfunction()
+
 function(zt_install_package)
   set(destination "${CMAKE_INSTALL_LIBDIR}/cmake/ZTDrawEngineLib")
   install(EXPORT ZTDrawEngineLibTargets NAMESPACE ZTDrawEngineLib:: DESTINATION "${destination}")

@@ -18,9 +18,10 @@ packages_of() {
     test)
         echo python3-minimal python3 pkg-config
         echo librsvg2-bin hp2xx python3-ezdxf
+        echo libzbar-dev libdmtx-dev
         ;;
     check) echo git clang clang-format clang-tidy clazy libclang-rt-14-dev libomp-dev \
-        libbenchmark-dev doxygen gcovr debootstrap ;;
+        libbenchmark-dev doxygen llvm-14 debootstrap ;;
     *)
         echo "tools/setup.sh: unknown group '$1' (build, test, check)" >&2
         exit 2

@@ -4,33 +4,18 @@
 #include "Progress.h"
 #include "Usage.h"
 
-#include <codekit/CodeReadback.h>
-#include <hostkit/marks/MarkUnits.h>
+#include <hostkit/marks/ShapeJob.h>
 #include <hostkit/text/TextPlaces.h>
 
-#include <QtGui/QFontMetricsF>
-#include <QtWidgets/QApplication>
-
-#include <algorithm>
-#include <map>
-
 using codekit::CodeKindInfo;
-using codekit::CodeStyle;
+using codekit::CodeVerdict;
 using usage::addValue;
-using usage::chosen;
 
 namespace {
 
 constexpr int kMostParts = 10000;
 constexpr int kListWidth = 17;
-constexpr int kFontPx = 1000;
-constexpr double kUsualBeamMm = 0.05;
-
-const std::map<std::string, CodeStyle> kStyles{{"merged", CodeStyle::Merged},
-                                               {"squares", CodeStyle::Squares},
-                                               {"dots", CodeStyle::Dots},
-                                               {"bars", CodeStyle::Bars},
-                                               {"lines", CodeStyle::BarLines}};
+constexpr double kNearModules = 12.0; ///< further than any kind needs free around it
 
 QString millimetres(double length) { return QString::number(length, 'f', 3); }
 
@@ -41,32 +26,32 @@ QString shown(ZTVariantText &text)
     return text.getText();
 }
 
-/** Marks in millimetres, as a beam runs along them. */
-codekit::MarkedLines linesOf(const ZTMarkGraph &graph, const hostkit::MarkUnits &units)
+/** The objects of a graph that come near one of them. */
+QVector<ZTMarkObject> neighboursOf(const ZTMarkGraph &graph, int index, double nearMark)
 {
-    codekit::MarkedLines lines;
-    for (const ZTMarkObject &object : graph.objects) {
-        for (const QPolygonF &polygon : object.lines) {
-            QVector<QPointF> line;
-            for (const QPointF &point : polygon)
-                line.append(point / units.perMm);
-            lines.linesMm.append(line);
-        }
-        for (const QLineF &line : object.fillLines)
-            lines.linesMm.append({line.p1() / units.perMm, line.p2() / units.perMm});
+    const QRectF field =
+        graph.objects[index].rect.adjusted(-nearMark, -nearMark, nearMark, nearMark);
+    QVector<ZTMarkObject> near;
+    for (int other = 0; other < graph.objects.size(); ++other) {
+        if (other != index && graph.objects[other].rect.intersects(field))
+            near.append(graph.objects[other]);
     }
-    return lines;
+    return near;
 }
 
 } // namespace
 
 CodeCommand::CodeCommand(CLI::App &app)
-    : Command(app, "code", tr("Make a QR, Data Matrix or bar code")), m_job(m_command)
+    : Command(app, "code", tr("Make a QR, Data Matrix or bar code")), m_job(m_command),
+      m_code(m_command)
 {
     addContent();
     m_job.addOutputs();
-    addSize();
-    addForm();
+    m_code.addSize();
+    m_code.addOptions();
+    m_code.addForm();
+    m_code.addHumanText();
+    addVerify();
     addSerial();
     m_job.addHatch();
     m_job.addLayout();
@@ -75,6 +60,12 @@ CodeCommand::CodeCommand(CLI::App &app)
         tr("In the content, {serial} or {} is the place of the serial number and {date} or\n"
            "{date:yyyy-MM-dd} that of the date; \\n is a line feed, \\\\ a backslash, \\{ a "
            "brace.\n"
+           "With --escapes \\G and \\R separate groups and records, \\E ends a message, \\xHH and "
+           "\\uHHHH\n"
+           "are characters by their numbers, \\t \\r \\e \\0 \\a \\b \\f \\v as programmers know "
+           "them.\n"
+           "The digits of EAN and UPC stand under their bars, unless characters are given a "
+           "spacing.\n"
            "A content that the symbology cannot hold is refused, and nothing is written.\n"
            "\n"
            "Examples:\n"
@@ -82,6 +73,7 @@ CodeCommand::CodeCommand(CLI::App &app)
            "sn.svg\n"
            "  ztmark code ean13 400638133393 --text below --hatch line --spacing 0.05mm -o "
            "ean.svg\n"
+           "  ztmark code datamatrix \"[)>\\R06\\G17VABC\\GSSN-1\\R\\E\" --escapes -o dm.svg\n"
            "  ztmark code qr \"SN-{serial}\" --serial start=1,width=4 --parts 50 -o sn.json\n"
            "  ztmark code --list")
             .toStdString());
@@ -102,63 +94,13 @@ void CodeCommand::addContent()
         tr("Tell all symbologies, or more about one: what it can hold").toStdString());
 }
 
-void CodeCommand::addSize()
+void CodeCommand::addVerify()
 {
-    addValue(
-        m_command, "--module", tr("Width of a module, the narrowest bar"),
-        [this](const std::string &text) { m_form.moduleMm = arguments::positiveLengthMm(text); })
-        ->type_name("LENGTH")
-        ->default_str("0.5mm");
-    addValue(m_command, "--width", tr("Width of the code without its quiet zone"),
-             [this](const std::string &text) { m_widthMm = arguments::positiveLengthMm(text); })
-        ->type_name("LENGTH");
-    addValue(
-        m_command, "--height", tr("Height of the bars of a bar code"),
-        [this](const std::string &text) { m_form.heightMm = arguments::positiveLengthMm(text); })
-        ->type_name("LENGTH")
-        ->default_str("10mm");
-    addValue(m_command, "--level", tr("Error correction, 1 to 4 in QR and Aztec, 1 to 9 in PDF417"),
-             [this](const std::string &text) { m_spec.level = arguments::count(text, 1, 9); })
-        ->type_name("LEVEL");
-    addValue(m_command, "--size", tr("Size by its number in the symbology; else the smallest"),
-             [this](const std::string &text) { m_spec.version = arguments::count(text, 1, 40); })
-        ->type_name("N");
-    m_command->add_flag("--rectangular", m_spec.isRectangular,
-                        tr("A Data Matrix that is not square").toStdString());
-    m_command->add_flag(
-        "--check-digit", m_spec.hasCheckDigit,
-        tr("Add the check digit that Code 39, Codabar and i25 may have").toStdString());
-}
-
-void CodeCommand::addForm()
-{
-    addValue(m_command, "--style",
-             tr("What is marked: merged (outlines of dark areas), squares, dots, bars\nor lines"),
-             [this](const std::string &text) { m_form.style = chosen(kStyles, text); })
-        ->type_name("STYLE")
-        ->default_str("merged");
-    m_command->add_flag("--inverse", m_form.isInverse,
-                        tr("Mark what is light, for dark material").toStdString());
-    addValue(m_command, "--growth", tr("Width of the beam, taken off each dark area"),
-             [this](const std::string &text) { m_form.growthMm = arguments::lengthMm(text); })
-        ->type_name("LENGTH")
-        ->default_str("0");
-    const std::map<std::string, HumanText> places{
-        {"none", HumanText::None}, {"above", HumanText::Above}, {"below", HumanText::Below}};
-    addValue(m_command, "--text", tr("Text for people: none, above or below the code"),
-             [this, places](const std::string &text) { m_humanText = chosen(places, text); })
-        ->type_name("PLACE")
-        ->default_str("none");
-    addValue(
-        m_command, "--text-height", tr("Height of its capital letters"),
-        [this](const std::string &text) { m_textHeightMm = arguments::positiveLengthMm(text); })
-        ->type_name("LENGTH")
-        ->default_str("2mm");
     m_command->add_flag(
         "--verify", m_wantsVerify,
         tr("Read the code back from its marks; what reads otherwise fails").toStdString());
     addValue(m_command, "--beam",
-             tr("Width of the beam for --verify; else the spacing of the hatch"),
+             tr("Width of the beam for --verify; else the growth, or the spacing of the hatch"),
              [this](const std::string &text) { m_beamMm = arguments::positiveLengthMm(text); })
         ->type_name("LENGTH");
 }
@@ -188,48 +130,12 @@ void CodeCommand::checkTogether()
     m_job.checkOutputs();
     if (info == nullptr)
         throw CLI::RequiredError("SYMBOLOGY");
-    m_spec.kind = info->kind;
-    checkKind(*info);
-    if (m_widthMm && m_command->get_option("--module")->count() > 0)
-        usage::refuse("--width", tr("cannot be given together with --module"));
-    readContent();
-}
-
-/** Throws a usage error for an option that this symbology lacks. */
-void CodeCommand::checkKind(const CodeKindInfo &info) const
-{
-    const QString label = QLatin1String(info.label);
-    const auto isGiven = [this](const char *option) {
-        return m_command->get_option(option)->count() > 0;
-    };
-    const auto check = [&](const char *option, codekit::CodeSpec spec) {
-        spec.kind = info.kind;
-        const QString why = isGiven(option) ? codekit::lackingOption(spec) : QString();
-        if (!why.isEmpty())
-            usage::refuse(option, why);
-    };
-    codekit::CodeSpec alone;
-    alone.level = m_spec.level;
-    check("--level", alone);
-    alone = {};
-    alone.version = m_spec.version;
-    check("--size", alone);
-    alone = {};
-    alone.isRectangular = m_spec.isRectangular;
-    check("--rectangular", alone);
-    alone = {};
-    alone.hasCheckDigit = m_spec.hasCheckDigit;
-    check("--check-digit", alone);
-    if (isGiven("--size") && isGiven("--rectangular"))
-        usage::refuse("--rectangular", tr("cannot be given together with --size"));
-    if (isGiven("--height") && !info.isLinear)
-        usage::refuse("--height", tr("%1 has no bars, it is as high as its modules").arg(label));
-    if (m_form.style == CodeStyle::Dots && info.isLinear)
-        usage::refuse("--style", tr("%1 has bars, which are no dots").arg(label));
-    if (isGiven("--text-height") && m_humanText == HumanText::None)
-        usage::refuse("--text-height", tr("nothing without --text"));
-    if (isGiven("--beam") && !m_wantsVerify)
+    m_code.checkKind(*info);
+    if (!m_job.options.outline)
+        m_code.checkWithoutOutline();
+    if (m_beamMm > 0.0 && !m_wantsVerify)
         usage::refuse("--beam", tr("nothing without --verify"));
+    readContent();
 }
 
 /** Without a place for it, the serial number follows the content. */
@@ -244,6 +150,8 @@ void CodeCommand::readContent()
     } catch (const arguments::ArgumentError &error) {
         throw CLI::ValidationError("TEXT", error.what);
     }
+    if (m_code.settings.spec.hasEscapes) // a backslash that is none stays two, for the code
+        decoded.replace(QStringLiteral("\\\\"), QStringLiteral("\\\\\\\\"));
     hostkit::TextPlaces places = hostkit::readTextPlaces(decoded, m_counter);
     if (m_serial->count() > 0 && !places.hasSerial) {
         places.segments.append(m_counter);
@@ -262,7 +170,7 @@ int CodeCommand::run()
         return console::Done;
     }
     std::vector<Part> all;
-    if (!encodeParts(&all))
+    if (!m_code.chooseFont() || !encodeParts(&all))
         return console::Failed;
     for (int part = 1; part <= m_parts; ++part) {
         if (!JobArguments::canWrite(m_job.outputsOfPart(part, m_parts), {}))
@@ -328,17 +236,28 @@ void CodeCommand::describeKind(const CodeKindInfo &info)
         console::printRow(name, value, kListWidth);
     };
     const auto range = [](int least, int most) {
-        return most == 0 ? tr("none") : tr("%1 to %2").arg(least).arg(most);
+        return most < least ? tr("none") : tr("%1 to %2").arg(least).arg(most);
     };
+    const auto yesOrNo = [](bool isSo) { return isSo ? tr("yes") : tr("no"); };
+    QStringList levels;
+    for (const codekit::CodeLevel &level : info.levels)
+        levels << level.name;
     row(tr("Code:"), QLatin1String(info.label));
     row(tr("Holds:"), codekit::limitsOf(info.kind));
-    row(tr("Levels:"), range(info.leastLevel, info.mostLevel));
+    row(tr("Levels:"), levels.isEmpty() ? tr("none") : levels.join(QStringLiteral(", ")));
     row(tr("Sizes:"), range(1, info.mostVersion));
+    row(tr("Rectangular:"), yesOrNo(info.canBeRectangular));
+    row(tr("Columns:"), range(1, info.mostColumns));
+    row(tr("Masks:"), range(0, info.mostMask));
+    row(tr("Check digit:"), info.hasCheckChoice ? tr("as wanted") : tr("by itself"));
+    row(tr("Character sets:"),
+        info.hasCharsets ? QStringLiteral("auto, utf8, gbk") : tr("its own"));
+    row(tr("Escapes:"), yesOrNo(info.hasControls));
     row(tr("Quiet zone:"), tr("%1 modules left, %2 right, %3 above and below")
                                .arg(info.quietModules.left())
                                .arg(info.quietModules.right())
                                .arg(info.quietModules.top()));
-    row(tr("Can be verified:"), codekit::canReadBack(info.kind) ? tr("yes") : tr("no"));
+    row(tr("Can be verified:"), yesOrNo(codekit::canReadBack(info.kind)));
 }
 
 /** All of them before the first is written: no part is marked when a later one cannot be. */
@@ -352,115 +271,98 @@ bool CodeCommand::encodeParts(std::vector<Part> *all)
                                   .toStdString());
             return false;
         }
-        Part part;
-        QString reason;
         const QString text = shown(m_content);
-        if (!makePart(text, &part, &reason)) {
+        codekit::CodeItem item(m_code.settings.spec.kind);
+        item.setCode(m_code.settings, text);
+        const QString reason = item.code().notReadyReason();
+        if (!reason.isEmpty()) {
             console::complain(
                 m_parts == 1
                     ? reason.toStdString()
                     : tr("part %1, \"%2\": %3").arg(number).arg(text, reason).toStdString());
             return false;
         }
-        all->push_back(part);
+        all->push_back({text, item.code().symbol(), item.code().form()});
     }
     return true;
-}
-
-bool CodeCommand::makePart(const QString &text, Part *part, QString *reason)
-{
-    m_spec.content = text;
-    if (!codekit::encodeCode(m_spec, &part->symbol, reason))
-        return false;
-    if (m_widthMm)
-        m_form.moduleMm = codekit::moduleForWidth(part->symbol, *m_widthMm);
-    if (!codekit::markCode(part->symbol, m_form, &part->marks, reason))
-        return false;
-    part->path = part->marks.areas;
-    for (const QLineF &line : part->marks.lines) {
-        part->path.moveTo(line.p1());
-        part->path.lineTo(line.p2());
-    }
-    if (m_humanText != HumanText::None)
-        addHumanText(part);
-    return true;
-}
-
-/** In the middle above or below the field that the code keeps free, at least a module away. */
-void CodeCommand::addHumanText(Part *part) const
-{
-    QFont font = QApplication::font();
-    font.setPixelSize(kFontPx);
-    font.setHintingPreference(QFont::PreferNoHinting);
-    QPainterPath letters;
-    letters.addText(0.0, 0.0, font, part->symbol.humanText);
-    const double scale = m_textHeightMm / QFontMetricsF(font).capHeight();
-    letters = QTransform::fromScale(scale, scale).map(letters);
-    const QRectF box = letters.boundingRect();
-    const QRectF field = part->marks.fieldMm;
-    const double y = m_humanText == HumanText::Below ? field.bottom() + m_form.moduleMm - box.top()
-                                                     : field.top() - m_form.moduleMm - box.bottom();
-    letters.translate(part->marks.symbolMm.center().x() - box.center().x(), y);
-    part->path.addPath(letters);
 }
 
 bool CodeCommand::markPart(const Part &part, hostkit::MarkJobResult *result,
                            Progress &progress) const
 {
-    hostkit::MarkJobError error;
-    if (hostkit::buildPathJob({part.path}, m_job.options, result, &error))
+    const hostkit::JobShape shape{codekit::shapeTypeOf(m_code.settings.spec.kind),
+                                  [&](ZTAbstractGraphicsItem &item) {
+                                      if (codekit::CodeItem *code = codekit::codeItem(&item))
+                                          code->setCode(m_code.settings, part.content);
+                                  }};
+    hostkit::MarkJobFailure failure;
+    if (hostkit::buildShapeJob({shape}, m_job.options, result, &failure))
         return true;
     progress.finish();
-    console::complain(error.reason.toStdString());
+    console::complain(failure.reason.toStdString());
     return false;
 }
 
+/** Reads each copy of a code from its marks, those of the others around it. */
 bool CodeCommand::verify(const Part &part, const ZTMarkGraph &graph) const
 {
-    const QString label = QLatin1String(codekit::infoOf(m_spec.kind).label);
-    if (!codekit::canReadBack(m_spec.kind)) {
-        console::complain(tr("there is no reader for %1 to verify it").arg(label).toStdString());
-        return false;
+    codekit::CodeItem item(m_code.settings.spec.kind);
+    item.setCode(m_code.settings, part.content);
+    ZTFillParam fill;
+    fill.fillType = m_job.options.hatch;
+    fill.spac = m_job.options.spacingMm;
+    item.setFillParam(fill);
+    item.setTransformParam(QTransform().rotate(m_job.options.rotateDeg));
+    codekit::CodeSurroundings around;
+    around.units = hostkit::MarkUnits::current();
+    around.beamMm = m_beamMm;
+    const double nearMark = kNearModules * part.form.moduleMm * around.units.perMm;
+    for (int copy = 0; copy < graph.objects.size(); ++copy) {
+        around.marks = graph.objects[copy];
+        around.others = neighboursOf(graph, copy, nearMark);
+        if (!tellReading(codekit::readCode(item, around)))
+            return false;
     }
-    codekit::MarkedLines lines = linesOf(graph, hostkit::MarkUnits::current());
-    const bool isHatched = m_job.options.hatch != FillType::None;
-    lines.beamMm = m_beamMm > 0.0 ? m_beamMm : isHatched ? m_job.options.spacingMm : kUsualBeamMm;
-    if (m_beamMm == 0.0 && m_form.style == CodeStyle::BarLines)
-        lines.beamMm = m_form.moduleMm;
-    lines.isInverse = m_form.isInverse;
-    lines.quietMm = 11.0 * m_form.moduleMm;
-    const codekit::ReadCode read = codekit::readMarks(lines, m_spec.kind, m_form.moduleMm);
-    if (!read.isRead) {
-        console::complain(
-            (isHatched ? tr("the marks read as nothing: try a larger module or a closer hatch")
-                       : tr("the marks read as nothing: outlines alone are no code, give --hatch"))
-                .toStdString());
-        return false;
-    }
-    if (read.isMirrored) {
-        console::complain(tr("the code is mirrored").toStdString());
-        return false;
-    }
-    if (codekit::isSameContent(m_spec.kind, read.text, part.symbol.reads))
+    return true;
+}
+
+/** Whether a code reads as it is to; says so where it does not. */
+bool CodeCommand::tellReading(const codekit::CodeReading &reading) const
+{
+    const QString label = QLatin1String(codekit::infoOf(m_code.settings.spec.kind).label);
+    const bool isOpen = m_job.options.hatch == FillType::None && m_code.hasAreas();
+    QString what;
+    switch (reading.verdict) {
+    case CodeVerdict::Good:
         return true;
-    console::complain(tr("the marks read as \"%1\", not as \"%2\"")
-                          .arg(read.text, part.symbol.reads)
-                          .toStdString());
+    case CodeVerdict::NoReader:
+        what = tr("there is no reader for %1 to verify it").arg(label);
+        break;
+    case CodeVerdict::Nothing:
+        what = isOpen ? tr("the marks read as nothing: outlines alone are no code, give --hatch")
+                      : tr("the marks read as nothing: try a larger module or a closer hatch");
+        break;
+    default:
+        what = codekit::describe(reading);
+        break;
+    }
+    console::complain(what.toStdString());
     return false;
 }
 
 void CodeCommand::printSummary(const Part &part, const hostkit::MarkJobResult &result) const
 {
-    const QSizeF size = part.marks.symbolMm.size();
-    JobArguments::printRow(tr("Code:"), tr("%1, %2 x %3 modules")
-                                            .arg(QLatin1String(codekit::infoOf(m_spec.kind).label))
-                                            .arg(part.symbol.columns)
-                                            .arg(part.symbol.rows));
+    const QSizeF size = codekit::codeSizeMm(part.symbol, part.form);
+    JobArguments::printRow(tr("Code:"),
+                           tr("%1, %2 x %3 modules")
+                               .arg(QLatin1String(codekit::infoOf(part.symbol.kind).label))
+                               .arg(part.symbol.columns)
+                               .arg(part.symbol.rows));
     if (m_parts > 1)
         JobArguments::printRow(tr("Parts:"), QString::number(m_parts));
     JobArguments::printRow(m_wantsVerify ? tr("Verified:") : tr("Reads:"), part.symbol.reads);
     JobArguments::printRow(
         tr("Size:"), tr("%1 x %2 mm").arg(millimetres(size.width()), millimetres(size.height())));
-    JobArguments::printRow(tr("Module:"), tr("%1 mm").arg(millimetres(m_form.moduleMm)));
+    JobArguments::printRow(tr("Module:"), tr("%1 mm").arg(millimetres(part.form.moduleMm)));
     JobArguments::printSummary(result.before, result.after);
 }

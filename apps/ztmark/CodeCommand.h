@@ -1,11 +1,10 @@
 #pragma once
 
+#include "CodeArguments.h"
 #include "JobArguments.h"
 
-#include <codekit/CodeMarks.h>
+#include <codekit/shape/CodeCheck.h>
 #include <common/Command.h>
-
-#include <optional>
 
 /** `ztmark code`: QR, Data Matrix and bar codes, one part or many with values of their own. */
 class CodeCommand final : public console::Command
@@ -18,32 +17,26 @@ public:
     int run() override;
 
 private:
-    /** Where the text for people stands. */
-    enum class HumanText { None, Above, Below };
-
-    /** One part, ready to be marked. */
+    /** One part that can be made. */
     struct Part
     {
+        QString content;
         codekit::CodeSymbol symbol;
-        codekit::CodeMarks marks;
-        QPainterPath path; ///< code and text, millimetres
+        codekit::CodeForm form; ///< with the module that a wanted width gives
     };
 
     void addContent();
-    void addSize();
-    void addForm();
+    void addVerify();
     void addSerial();
     void checkTogether();
-    void checkKind(const codekit::CodeKindInfo &info) const;
     void readContent();
     void listKinds() const;
     static void describeKind(const codekit::CodeKindInfo &info);
     bool encodeParts(std::vector<Part> *parts);
-    bool makePart(const QString &content, Part *part, QString *reason);
-    void addHumanText(Part *part) const;
     bool markPart(const Part &part, hostkit::MarkJobResult *result, Progress &progress) const;
     bool verifyAll(const std::vector<Part> &all, Progress &progress) const;
     bool verify(const Part &part, const ZTMarkGraph &graph) const;
+    bool tellReading(const codekit::CodeReading &reading) const;
     void printSummary(const Part &part, const hostkit::MarkJobResult &result) const;
 
     JobArguments m_job;
@@ -51,11 +44,7 @@ private:
     std::string m_symbology;
     CLI::Option *m_typed = nullptr;  ///< the content as it was typed; owned by the command
     CLI::Option *m_serial = nullptr; ///< owned by the command
-    codekit::CodeSpec m_spec;
-    codekit::CodeForm m_form;
-    std::optional<double> m_widthMm;
-    HumanText m_humanText = HumanText::None;
-    double m_textHeightMm = 2.0;
+    CodeArguments m_code;
     ZTVariantText m_content;
     ZTCounterSegment m_counter;
     int m_parts = 1;

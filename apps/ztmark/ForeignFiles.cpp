@@ -335,16 +335,10 @@ bool ForeignFiles::importFile(const InputFiles &files, const std::string &name,
     return true;
 }
 
-/** Mends, sizes and turns a drawing; false, told on stderr, when that cannot be. */
+/** Sizes, mends and turns a drawing; false, told on stderr, when that cannot be. */
 bool ForeignFiles::prepare(const std::string &name, const hostkit::MarkJobOptions &layout,
                            VectorDrawing *drawing)
 {
-    if (m_cleaning.isAsked()) {
-        const double tolerance =
-            options.toleranceMm > 0.0 ? options.toleranceMm : kUsualToleranceMm;
-        const vectorkit::CleanReport report = m_cleaning.clean(drawing, tolerance);
-        m_cleaned << CleanArgument::describe(report);
-    }
     if (!hasLength(*drawing)) {
         console::complain(name, tr("nothing in it has a length"));
         return false;
@@ -355,6 +349,17 @@ bool ForeignFiles::prepare(const std::string &name, const hostkit::MarkJobOption
     }
     if (layout.scale != 1.0)
         drawing->scale(layout.scale);
+    // Its lengths are those of the marks: what comes first is the size.
+    if (m_cleaning.isAsked()) {
+        const double tolerance =
+            options.toleranceMm > 0.0 ? options.toleranceMm : kUsualToleranceMm;
+        const vectorkit::CleanReport report = m_cleaning.clean(drawing, tolerance);
+        m_cleaned << CleanArgument::describe(report);
+    }
+    if (!hasLength(*drawing)) {
+        console::complain(name, tr("nothing in it has a length"));
+        return false;
+    }
     if (layout.rotateDeg != 0.0)
         turn(drawing, layout.rotateDeg);
     return true;

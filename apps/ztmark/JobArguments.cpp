@@ -216,28 +216,25 @@ bool JobArguments::write(const ZTMarkGraph &graph, const std::vector<std::string
     for (const std::string &output : outputNames) {
         const QString path = QString::fromStdString(output);
         progress.begin(tr("writing %1").arg(path));
-        QString error;
-        if (save(graph, units, path, &error))
+        hostkit::Failure failure;
+        if (save(graph, units, path, &failure))
             continue;
         progress.finish();
-        console::complain(output, error);
+        console::complain(output, failure.reason);
         written = false;
     }
     return written;
 }
 
 bool JobArguments::save(const ZTMarkGraph &graph, const hostkit::MarkUnits &units,
-                        const QString &path, QString *error) const
+                        const QString &path, hostkit::Failure *failure) const
 {
     const std::optional<jobkit::JobForm> form = jobkit::jobFormOf(path);
     const bool isForPrograms =
         form == jobkit::JobForm::Dxf || (form == jobkit::JobForm::Svg && m_marksOnly);
     if (!isForPrograms)
-        return hostkit::saveMarkGraph(graph, units, path, error, {!m_noJumps});
-    hostkit::Failure failure;
-    const bool isSaved = jobkit::saveJob(*form, marksOf(graph, units), path, &failure);
-    *error = failure.reason;
-    return isSaved;
+        return hostkit::saveMarkGraph(graph, units, path, failure, {!m_noJumps});
+    return jobkit::saveJob(*form, marksOf(graph, units), path, failure);
 }
 
 std::string JobArguments::outputOfPart(std::string output, int part, int parts)

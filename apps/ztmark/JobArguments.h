@@ -1,5 +1,6 @@
 #pragma once
 
+#include <hostkit/files/Failure.h>
 #include <hostkit/marks/MarkJob.h>
 
 #include <CLI/CLI.hpp>
@@ -59,7 +60,7 @@ public:
 
 private:
     bool save(const ZTMarkGraph &graph, const hostkit::MarkUnits &units, const QString &path,
-              QString *error) const;
+              hostkit::Failure *failure) const;
 
     CLI::App *m_command; ///< owned by the application it was added to
     bool m_marksOnly = false;

@@ -141,6 +141,10 @@ void JobCommand::addWork()
         ->type_name("SHAPE");
     m_command->add_flag("--outside", m_marksOutside,
                         tr("Write also what reaches out of the machine's field").toStdString());
+    m_command->add_flag("--as-shown", m_marksAsShown,
+                        tr("Write also what does not show what it was given, such as a code that "
+                           "cannot\nhold its content")
+                            .toStdString());
 }
 
 void JobCommand::addOutput()
@@ -256,7 +260,13 @@ bool JobCommand::makeParts(JobSource &source, Progress &progress)
             if (!m_job.options.outline)
                 item.outlinesMm.clear();
         }
-        if (!source.isReady() || !check(items))
+        if (!source.isReady(m_marksAsShown)) {
+            console::complain(m_files.names.front(),
+                              tr("nothing written: what does not show what it was given is written "
+                                 "with --as-shown alone"));
+            return false;
+        }
+        if (!check(items))
             return false;
         warnOfEmptyHatch(items);
         m_parts.push_back({planOf(items), source.variants()});

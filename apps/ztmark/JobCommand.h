@@ -78,6 +78,7 @@ private:
     int m_count = 1;
     bool m_isSeparate = false;
     bool m_marksOutside = false;
+    bool m_marksAsShown = false;
     bool m_showsTime = false;
     bool m_asJson = false;
 

@@ -116,17 +116,18 @@ QVector<JobItem> JobSource::items()
     return ordered;
 }
 
-bool JobSource::isReady() const
+bool JobSource::isReady(bool marksAsShown) const
 {
     bool isReady = true;
     for (const ZTAbstractGraphicsItem *item : m_items) {
         const QString reason = hostkit::notReadyReason(*item);
         if (reason.isEmpty())
             continue;
-        console::complain(m_name, tr("%1: %2").arg(hostkit::shapeName(*item), reason));
+        const QString told = tr("%1: %2").arg(hostkit::shapeName(*item), reason);
+        console::complain(m_name, marksAsShown ? tr("warning: %1").arg(told) : told);
         isReady = false;
     }
-    return isReady;
+    return isReady || marksAsShown;
 }
 
 /** Puts what has no place of its own into the middle of the field. */

@@ -44,7 +44,7 @@ public:
     /**
      * Whether all shapes mark what they were told; false is told on stderr. Order: after `items`.
      */
-    bool isReady() const;
+    bool isReady(bool marksAsShown) const;
 
     /** The objects of the present part, the drawing's own order kept. */
     QVector<jobkit::JobItem> items();

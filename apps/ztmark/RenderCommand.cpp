@@ -83,11 +83,11 @@ int RenderCommand::run()
         progress.finish();
         return console::Failed;
     }
-    QString error;
-    const bool isSaved = save(drawing.document, &error);
+    hostkit::Failure failure;
+    const bool isSaved = save(drawing.document, &failure);
     progress.finish();
     if (!isSaved)
-        console::complain(m_output, error);
+        console::complain(m_output, failure.reason);
     return isSaved ? console::Done : console::Failed;
 }
 
@@ -99,11 +99,11 @@ bool RenderCommand::open(OpenedDrawing &drawing, Progress &progress) const
     return foreign.import(m_files, {}, drawing.document, progress);
 }
 
-bool RenderCommand::save(ZTGraphicsDocument &document, QString *error) const
+bool RenderCommand::save(ZTGraphicsDocument &document, hostkit::Failure *failure) const
 {
     const QString path = QString::fromStdString(m_output);
     if (!asPaths())
-        return hostkit::saveDrawingPicture(document, m_longerSidePx, path, error);
+        return hostkit::saveDrawingPicture(document, m_longerSidePx, path, failure);
     const hostkit::DrawingMarks marks = hostkit::drawingMarks(document);
-    return hostkit::saveMarkGraph(marks.graph, marks.units, path, error);
+    return hostkit::saveMarkGraph(marks.graph, marks.units, path, failure);
 }

@@ -4,6 +4,7 @@
 #include "InputFiles.h"
 
 #include <common/Command.h>
+#include <hostkit/files/Failure.h>
 
 #include <QtCore/QCoreApplication>
 
@@ -27,7 +28,7 @@ private:
     void addOutput();
     void checkTogether() const;
     bool open(OpenedDrawing &drawing, Progress &progress) const;
-    bool save(ZTGraphicsDocument &document, QString *error) const;
+    bool save(ZTGraphicsDocument &document, hostkit::Failure *failure) const;
     bool asPaths() const;
 
     InputFiles m_files;

@@ -4,13 +4,11 @@
 #include "Progress.h"
 #include "Usage.h"
 
-#include <hostkit/text/FontPresence.h>
 #include <hostkit/text/StrokeFont.h>
 
 #include <CLI/CLI.hpp>
 
 #include <QtCore/QFileInfo>
-#include <QtWidgets/QApplication>
 
 #include <algorithm>
 
@@ -121,24 +119,7 @@ void TextCommand::addTexts()
 
 void TextCommand::addFont()
 {
-    const auto setPair = [this](const std::string &text) {
-        const QString pair = arguments::text(text);
-        m_regularFont = pair.section(QLatin1Char(','), 0, 0).trimmed();
-        m_bigFont = pair.section(QLatin1Char(','), 1).trimmed();
-        if (m_regularFont.isEmpty())
-            arguments::refuse(text, tr("\"%1\" names no font, write REGULAR.shx,BIG.shx"));
-    };
-    addValue(m_command, "--font-pair",
-             tr("Stroke fonts, the big one for Chinese; without it the first one found"), setPair)
-        ->type_name("REG.shx[,BIG.shx]");
-    addValue(m_command, "--font", tr("Family of a system font; else the system's usual font"),
-             [this](const std::string &text) {
-                 m_family = arguments::text(text);
-                 if (m_family.isEmpty())
-                     arguments::refuse(text, tr("\"%1\" names no font"));
-             })
-        ->type_name("FAMILY");
-    m_fontFolders.addOption(m_command);
+    m_font.addOptions(m_command);
     addValue(
         m_command, "--height", tr("Text height: how high capital letters are"),
         [this](const std::string &text) { m_options.heightMm = arguments::positiveLengthMm(text); })
@@ -196,9 +177,8 @@ void TextCommand::checkTogether()
 {
     m_job.checkTogether();
     m_job.checkOutputs();
-    if (!m_regularFont.isEmpty() && !m_family.isEmpty())
-        usage::refuse("--font", tr("cannot be given together with --font-pair"));
-    if (!m_regularFont.isEmpty() && m_job.options.hatch != FillType::None)
+    m_font.checkTogether();
+    if (m_font.isStrokeFont() && m_job.options.hatch != FillType::None)
         usage::refuse("--hatch", tr("stroke fonts are not hatched"));
     checkArc();
     readTexts();
@@ -267,7 +247,7 @@ int TextCommand::run()
     m_options.layout = m_job.options;
     m_options.lineSpacingMm = m_lineSpacingMm.value_or(kUsualLineSpacing * m_options.heightMm);
     m_options.arc.startDeg = m_arcStartDeg.value_or(kTopDeg - m_options.arc.spanDeg / 2.0);
-    if (!chooseFont() || !hasEnoughValues() || !m_job.canWrite(allOutputs(), {}))
+    if (!m_font.choose(&m_options.font) || !hasEnoughValues() || !m_job.canWrite(allOutputs(), {}))
         return console::Failed;
 
     Progress progress(!m_job.quiet);
@@ -281,37 +261,6 @@ int TextCommand::run()
         printSummary(sum);
     const bool printed = console::finishOutput();
     return made && printed ? console::Done : console::Failed;
-}
-
-bool TextCommand::chooseFont()
-{
-    if (!m_fontFolders.makeKnown())
-        return false;
-    if (m_regularFont.isEmpty())
-        return chooseSystemFont();
-    m_options.font.fontType = FontType::singleLine;
-    QString error;
-    const QStringList folders = QStringList{hostkit::strokeFontFolder()} + m_fontFolders.names;
-    if (hostkit::strokeFont(m_regularFont, m_bigFont, folders, &m_options.font.shxFont, &error))
-        return true;
-    console::complain(error.toStdString());
-    return false;
-}
-
-bool TextCommand::chooseSystemFont()
-{
-    m_options.font.fontType = FontType::doubleLine;
-    m_options.font.font = QApplication::font();
-    if (m_family.isEmpty())
-        return true;
-    if (!hostkit::hasSystemFont(m_family)) {
-        console::complain(tr("no system font %1, ztmark font list --system tells them")
-                              .arg(m_family)
-                              .toStdString());
-        return false;
-    }
-    m_options.font.font.setFamily(m_family);
-    return true;
 }
 
 /** Tried on copies: no part is written when the last one would have no number of its own. */
@@ -355,7 +304,7 @@ bool TextCommand::makePart(int part, Sum *sum, Progress &progress)
     else
         m_options.layout.progress = [&progress](const QString &step) { progress.begin(step); };
     hostkit::MarkJobResult result;
-    hostkit::MarkJobError error;
+    hostkit::MarkJobFailure error;
     const bool built = hostkit::buildTextJob(&m_texts, m_options, &result, &error);
     m_options.layout.progress = nullptr;
     add(result, sum);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FontFolders.h"
+#include "FontArguments.h"
 #include "JobArguments.h"
 
 #include <common/Command.h>
@@ -42,8 +42,6 @@ private:
     void checkArc() const;
     void checkCount() const;
     void checkOutputNames() const;
-    bool chooseFont();
-    bool chooseSystemFont();
     bool hasEnoughValues() const;
     std::vector<std::string> outputsOf(int part) const;
     std::vector<std::string> allOutputs() const;
@@ -60,10 +58,7 @@ private:
     std::vector<ZTVariantText> m_texts;
     ZTCounterSegment m_counter;
     int m_count = 1;
-    QString m_regularFont; ///< file names; empty without stroke fonts
-    QString m_bigFont;
-    QString m_family; ///< of a system font; empty for the default one
-    FontFolders m_fontFolders;
+    FontArguments m_font;
     std::optional<double> m_lineSpacingMm;
     std::optional<double> m_arcStartDeg;
     bool m_hasArcOption = false; ///< something was said of the arc

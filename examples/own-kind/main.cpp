@@ -92,9 +92,9 @@ void load(const QString &path, ZTGraphicsDocument &document)
 void exportMarks(const ZTGraphicsDocument &document, const QString &path)
 {
     const hostkit::DrawingMarks marks = hostkit::drawingMarks(document);
-    QString reason;
-    if (!hostkit::saveMarkGraph(marks.graph, marks.units, path, &reason))
-        end(reason);
+    hostkit::Failure failure;
+    if (!hostkit::saveMarkGraph(marks.graph, marks.units, path, &failure))
+        end(failure.reason);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include <codekit/CodeContent_p.h>
 
+#include <codekit/Code39_p.h>
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QRegularExpression>
 
@@ -35,6 +37,19 @@ QString firstBeyond(const QString &text, ushort last)
             return text[at].isHighSurrogate() ? text.mid(at, 2) : QString(text[at]);
     }
     return QString();
+}
+
+/** Half of a character beyond 16 bits, which no encoding has a place for. */
+bool hasHalfCharacter(const QString &text)
+{
+    for (int at = 0; at < text.size(); ++at) {
+        const bool isPair =
+            text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
+        if (text[at].isSurrogate() && !isPair)
+            return true;
+        at += isPair ? 1 : 0;
+    }
+    return false;
 }
 
 bool fail(QString *reason, const QString &text)
@@ -123,28 +138,42 @@ bool checkUpcE(const CodeSpec &spec, CheckedContent *checked, QString *reason)
     return true;
 }
 
-bool checkCode39(const CodeSpec &spec, QString *reason)
+/** What the encoder puts at the end, as a reader that does not look at it gives it. */
+void addCheck(QChar check, CheckedContent *checked)
+{
+    checked->reads += check;
+    checked->human = checked->reads;
+}
+
+bool checkCode39(const CodeSpec &spec, CheckedContent *checked, QString *reason)
 {
     static const QString kAllowed = QStringLiteral("0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ-. $/+%");
     const QString other = firstOutside(spec.content, kAllowed);
-    if (other.isEmpty())
+    if (other.isEmpty()) {
+        if (spec.hasCheckDigit)
+            addCheck(checkCharacterOf39(spec.content), checked);
         return true;
+    }
     if (other[0] >= QLatin1Char('a') && other[0] <= QLatin1Char('z'))
         return fail(reason, tr("Code 39 has no small letters: use Code 128"));
     return fail(reason, tr("Code 39 has no \"%1\": use Code 128 or Data Matrix").arg(other));
 }
 
-bool checkCodabar(const CodeSpec &spec, QString *reason)
+bool checkCodabar(const CodeSpec &spec, CheckedContent *checked, QString *reason)
 {
     static const QRegularExpression kForm(QStringLiteral("^[A-D][0-9\\-$:/.+]+[A-D]$"));
-    if (kForm.match(spec.content).hasMatch())
+    if (kForm.match(spec.content).hasMatch()) {
+        if (spec.hasCheckDigit) // before the stop, which ends it
+            checked->reads.insert(spec.content.size() - 1, checkCharacterOfCodabar(spec.content));
+        checked->human = checked->reads;
         return true;
+    }
     return fail(reason, tr("Codabar begins and ends with one of A to D, and between them stand "
                            "digits and - $ : / . +; this is \"%1\"")
                             .arg(spec.content));
 }
 
-bool checkInterleaved(const CodeSpec &spec, QString *reason)
+bool checkInterleaved(const CodeSpec &spec, CheckedContent *checked, QString *reason)
 {
     if (!isDigits(spec.content))
         return fail(reason, tr("Interleaved 2 of 5 has digits alone: use Code 128"));
@@ -153,7 +182,16 @@ bool checkInterleaved(const CodeSpec &spec, QString *reason)
         return fail(reason, tr("Interleaved 2 of 5 holds pairs of digits, and here one is left "
                                "over: put a 0 before them"));
     }
+    if (spec.hasCheckDigit)
+        addCheck(QChar(ushort(u'0' + checkDigitOf(spec.content))), checked);
     return true;
+}
+
+bool checkAscii(const CodeSpec &spec, QString *reason)
+{
+    const QString other = firstBeyond(spec.content, 127);
+    return other.isEmpty() ||
+           fail(reason, tr("%1 has no \"%2\": use Data Matrix or QR").arg(label(spec), other));
 }
 
 /** "[01]...[10]..." as a reader gives it: identifiers in round brackets for people. */
@@ -165,6 +203,8 @@ bool checkGs1(const CodeSpec &spec, CheckedContent *checked, QString *reason)
                                "[01]04012345678901[10]LOT7; this is \"%2\"")
                                 .arg(label(spec), spec.content));
     }
+    if (!checkAscii(spec, reason))
+        return false;
     checked->human = spec.content;
     checked->human.replace(QLatin1Char('['), QLatin1Char('('))
         .replace(QLatin1Char(']'), QLatin1Char(')'));
@@ -172,18 +212,23 @@ bool checkGs1(const CodeSpec &spec, CheckedContent *checked, QString *reason)
     return true;
 }
 
-bool checkAscii(const CodeSpec &spec, QString *reason)
+bool checkExtended39(const CodeSpec &spec, CheckedContent *checked, QString *reason)
+{
+    if (!checkAscii(spec, reason))
+        return false;
+    if (spec.hasCheckDigit)
+        addCheck(checkCharacterOf39(spelledIn39(spec.content)), checked);
+    return true;
+}
+
+// Code 128 has a way to spell Latin-1, which many scanners read as other letters; Micro QR cannot
+// name a character set, so that readers guess.
+bool checkPlain(const CodeSpec &spec, QString *reason)
 {
     const QString other = firstBeyond(spec.content, 127);
     return other.isEmpty() ||
-           fail(reason, tr("%1 has no \"%2\": use Data Matrix or QR").arg(label(spec), other));
-}
-
-bool checkLatin1(const CodeSpec &spec, QString *reason)
-{
-    const QString other = firstBeyond(spec.content, 255);
-    return other.isEmpty() ||
-           fail(reason, tr("%1 has no \"%2\": use Data Matrix or QR").arg(label(spec), other));
+           fail(reason, tr("%1 has no \"%2\" that every scanner reads: use Data Matrix or QR")
+                            .arg(label(spec), other));
 }
 
 } // namespace
@@ -213,19 +258,23 @@ bool checkContent(const CodeSpec &spec, CheckedContent *checked, QString *reason
 {
     if (spec.content.isEmpty())
         return fail(reason, tr("there is nothing to encode"));
+    if (hasHalfCharacter(spec.content))
+        return fail(reason, tr("the content has half of a character, which no code can hold"));
     *checked = {spec.content, spec.content, spec.content};
     switch (spec.kind) {
     case CodeKind::Code39:
-        return checkCode39(spec, reason);
+        return checkCode39(spec, checked, reason);
     case CodeKind::Code39Extended:
+        return checkExtended39(spec, checked, reason);
     case CodeKind::Code93:
         return checkAscii(spec, reason);
     case CodeKind::Code128:
-        return checkLatin1(spec, reason);
+    case CodeKind::MicroQr:
+        return checkPlain(spec, reason);
     case CodeKind::Codabar:
-        return checkCodabar(spec, reason);
+        return checkCodabar(spec, checked, reason);
     case CodeKind::Interleaved25:
-        return checkInterleaved(spec, reason);
+        return checkInterleaved(spec, checked, reason);
     case CodeKind::Itf14:
         if (!completeDigits(spec, spec.content, 14, &checked->text, reason))
             return false;

@@ -8,58 +8,133 @@ namespace {
 
 QString tr(const char *text) { return QCoreApplication::translate("codekit", text); }
 
+CodeKindInfo newKind(CodeKind kind, const char *name, const char *label, const QMargins &quiet)
+{
+    CodeKindInfo info;
+    info.kind = kind;
+    info.name = name;
+    info.label = label;
+    info.quietModules = quiet;
+    return info;
+}
+
+/** Squares, or rows of bars, that hold text in any script. */
+CodeKindInfo matrixKind(CodeKind kind, const char *name, const char *label, int quiet)
+{
+    CodeKindInfo info = newKind(kind, name, label, {quiet, quiet, quiet, quiet});
+    info.hasCharsets = true;
+    info.hasControls = true;
+    return info;
+}
+
+CodeKindInfo qrKind(CodeKind kind, const char *name, const char *label, int quiet,
+                    const QVector<int> &levels)
+{
+    CodeKindInfo info = matrixKind(kind, name, label, quiet);
+    for (const int level : levels)
+        info.levels.append({level, QStringLiteral("LMQH").mid(level - 1, 1)});
+    return info;
+}
+
+QVector<CodeLevel> numberedLevels(int most)
+{
+    QVector<CodeLevel> levels;
+    for (int level = 1; level <= most; ++level)
+        levels.append({level, QString::number(level)});
+    return levels;
+}
+
+CodeKindInfo linearKind(CodeKind kind, const char *name, const char *label, int left, int right)
+{
+    CodeKindInfo info = newKind(kind, name, label, {left, 0, right, 0});
+    info.isLinear = true;
+    return info;
+}
+
+CodeKindInfo withControls(CodeKindInfo info)
+{
+    info.hasControls = true;
+    return info;
+}
+
+CodeKindInfo withCheckChoice(CodeKindInfo info)
+{
+    info.hasCheckChoice = true;
+    return info;
+}
+
+QVector<CodeKindInfo> squareKinds()
+{
+    CodeKindInfo dataMatrix = matrixKind(CodeKind::DataMatrix, "datamatrix", "Data Matrix", 1);
+    dataMatrix.mostVersion = 30;
+    dataMatrix.canBeRectangular = true;
+    CodeKindInfo qr = qrKind(CodeKind::Qr, "qr", "QR Code", 4, {1, 2, 3, 4});
+    qr.mostVersion = 40;
+    qr.mostMask = 7;
+    CodeKindInfo microQr = qrKind(CodeKind::MicroQr, "microqr", "Micro QR", 2, {1, 2, 3});
+    microQr.mostVersion = 4;
+    microQr.mostMask = 3;
+    microQr.hasCharsets = false;
+    CodeKindInfo rmqr = qrKind(CodeKind::RectMicroQr, "rmqr", "rMQR", 2, {2, 4});
+    rmqr.mostVersion = 32;
+    CodeKindInfo aztec = matrixKind(CodeKind::Aztec, "aztec", "Aztec", 0);
+    aztec.levels = numberedLevels(4);
+    aztec.mostVersion = 36;
+    CodeKindInfo pdf417 = matrixKind(CodeKind::Pdf417, "pdf417", "PDF417", 2);
+    pdf417.levels = numberedLevels(9);
+    pdf417.mostColumns = 30;
+    CodeKindInfo microPdf = matrixKind(CodeKind::MicroPdf417, "micropdf417", "Micro PDF417", 1);
+    microPdf.mostColumns = 4;
+    return {dataMatrix, qr, microQr, rmqr, aztec, pdf417, microPdf};
+}
+
+QVector<CodeKindInfo> barKinds()
+{
+    return {
+        withControls(linearKind(CodeKind::Code128, "code128", "Code 128", 10, 10)),
+        withCheckChoice(linearKind(CodeKind::Code39, "code39", "Code 39", 10, 10)),
+        withControls(withCheckChoice(
+            linearKind(CodeKind::Code39Extended, "code39ext", "Code 39 extended", 10, 10))),
+        withControls(linearKind(CodeKind::Code93, "code93", "Code 93", 10, 10)),
+        withCheckChoice(linearKind(CodeKind::Codabar, "codabar", "Codabar", 10, 10)),
+        withCheckChoice(linearKind(CodeKind::Interleaved25, "i25", "Interleaved 2 of 5", 10, 10)),
+        linearKind(CodeKind::Itf14, "itf14", "ITF-14", 10, 10),
+        linearKind(CodeKind::Ean13, "ean13", "EAN-13", 11, 7),
+        linearKind(CodeKind::Ean8, "ean8", "EAN-8", 7, 7),
+        linearKind(CodeKind::UpcA, "upca", "UPC-A", 9, 9),
+        linearKind(CodeKind::UpcE, "upce", "UPC-E", 9, 7),
+    };
+}
+
+QVector<CodeKindInfo> gs1Kinds()
+{
+    CodeKindInfo bars = linearKind(CodeKind::Gs1_128, "gs1-128", "GS1-128", 10, 10);
+    bars.isGs1 = true;
+    CodeKindInfo square =
+        newKind(CodeKind::Gs1DataMatrix, "gs1-datamatrix", "GS1 DataMatrix", {1, 1, 1, 1});
+    square.isGs1 = true;
+    square.mostVersion = 30;
+    square.canBeRectangular = true;
+    return {bars, square};
+}
+
 } // namespace
 
+// Quiet zones as each symbology's standard asks for.
 const QVector<CodeKindInfo> &codeKinds()
 {
-    // Quiet zones: left, top, right, bottom, as each symbology's standard asks for.
-    static const QVector<CodeKindInfo> kKinds = {
-        {CodeKind::DataMatrix, "datamatrix", "Data Matrix", false, {1, 1, 1, 1}, 0, 0, 30, false},
-        {CodeKind::Qr, "qr", "QR Code", false, {4, 4, 4, 4}, 1, 4, 40, false},
-        {CodeKind::MicroQr, "microqr", "Micro QR", false, {2, 2, 2, 2}, 1, 3, 4, false},
-        {CodeKind::RectMicroQr, "rmqr", "rMQR", false, {2, 2, 2, 2}, 2, 4, 32, false},
-        {CodeKind::Aztec, "aztec", "Aztec", false, {0, 0, 0, 0}, 1, 4, 36, false},
-        {CodeKind::Pdf417, "pdf417", "PDF417", false, {2, 2, 2, 2}, 1, 9, 0, false},
-        {CodeKind::MicroPdf417, "micropdf417", "Micro PDF417", false, {1, 1, 1, 1}, 0, 0, 0, false},
-        {CodeKind::Code128, "code128", "Code 128", true, {10, 0, 10, 0}, 0, 0, 0, false},
-        {CodeKind::Code39, "code39", "Code 39", true, {10, 0, 10, 0}, 0, 0, 0, false},
-        {CodeKind::Code39Extended,
-         "code39ext",
-         "Code 39 extended",
-         true,
-         {10, 0, 10, 0},
-         0,
-         0,
-         0,
-         false},
-        {CodeKind::Code93, "code93", "Code 93", true, {10, 0, 10, 0}, 0, 0, 0, false},
-        {CodeKind::Codabar, "codabar", "Codabar", true, {10, 0, 10, 0}, 0, 0, 0, false},
-        {CodeKind::Interleaved25,
-         "i25",
-         "Interleaved 2 of 5",
-         true,
-         {10, 0, 10, 0},
-         0,
-         0,
-         0,
-         false},
-        {CodeKind::Itf14, "itf14", "ITF-14", true, {10, 0, 10, 0}, 0, 0, 0, false},
-        {CodeKind::Ean13, "ean13", "EAN-13", true, {11, 0, 7, 0}, 0, 0, 0, false},
-        {CodeKind::Ean8, "ean8", "EAN-8", true, {7, 0, 7, 0}, 0, 0, 0, false},
-        {CodeKind::UpcA, "upca", "UPC-A", true, {9, 0, 9, 0}, 0, 0, 0, false},
-        {CodeKind::UpcE, "upce", "UPC-E", true, {9, 0, 7, 0}, 0, 0, 0, false},
-        {CodeKind::Gs1_128, "gs1-128", "GS1-128", true, {10, 0, 10, 0}, 0, 0, 0, true},
-        {CodeKind::Gs1DataMatrix,
-         "gs1-datamatrix",
-         "GS1 DataMatrix",
-         false,
-         {1, 1, 1, 1},
-         0,
-         0,
-         30,
-         true},
-    };
+    static const QVector<CodeKindInfo> kKinds = squareKinds() + barKinds() + gs1Kinds();
     return kKinds;
+}
+
+int levelNamed(const CodeKindInfo &info, const QString &name)
+{
+    for (const CodeLevel &level : info.levels) {
+        if (name.compare(level.name, Qt::CaseInsensitive) == 0 ||
+            name == QString::number(level.number))
+            return level.number;
+    }
+    return 0;
 }
 
 const CodeKindInfo &infoOf(CodeKind kind)
@@ -86,7 +161,7 @@ QString limitsOf(CodeKind kind)
     case CodeKind::Qr:
         return tr("any text; up to 7,089 digits, 4,296 capitals or 2,953 bytes");
     case CodeKind::MicroQr:
-        return tr("any text; up to 35 digits, 21 capitals or 15 bytes");
+        return tr("all ASCII characters; up to 35 digits, 21 capitals or 15 characters");
     case CodeKind::RectMicroQr:
         return tr("any text; up to 361 digits, 219 capitals or 150 bytes");
     case CodeKind::DataMatrix:
@@ -98,7 +173,7 @@ QString limitsOf(CodeKind kind)
     case CodeKind::MicroPdf417:
         return tr("any text; up to 366 digits, 250 letters or 150 bytes");
     case CodeKind::Code128:
-        return tr("letters, digits and signs of Latin-1; up to 60 characters or 120 digits");
+        return tr("all ASCII characters; up to 60, or 120 digits");
     case CodeKind::Code39:
         return tr("capitals, digits, space and - . $ / + %; up to 85 characters");
     case CodeKind::Code39Extended:

@@ -5,6 +5,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QLineF>
 
+#include <algorithm>
 #include <cmath>
 
 namespace codekit {
@@ -19,11 +20,13 @@ bool checkForm(const CodeSymbol &symbol, const CodeForm &form, QString *reason)
 {
     const auto isLength = [](double value) { return value > 0.0 && value <= kMostMm; };
     const bool isLinear = infoOf(symbol.kind).isLinear;
+    // A line of a beam as wide as the module: of a module alone a point is left.
+    const bool isLine = form.style == CodeStyle::BarLines && form.growthMm == form.moduleMm;
     if (!isLength(form.moduleMm))
         *reason = tr("the module is more than 0 mm and at most 100 m");
     else if (isLinear && !isLength(form.heightMm))
         *reason = tr("the height of the bars is more than 0 mm and at most 100 m");
-    else if (!(form.growthMm >= 0.0 && form.growthMm < form.moduleMm))
+    else if (!(form.growthMm >= 0.0 && (form.growthMm < form.moduleMm || isLine)))
         *reason = tr("the growth is less than the module, and not negative");
     else if (isLinear && form.growthMm >= form.heightMm)
         *reason = tr("the growth is less than the height of the bars");
@@ -117,16 +120,64 @@ void addMerged(const ModuleGrid &grid, double insetMm, QPainterPath *path)
     }
 }
 
+/** Calls `take(first, last)` for each run of dark cells in a row. */
+template <class Take>
+void eachRun(const ModuleGrid &grid, int row, Take take)
+{
+    for (int column = 0; column < grid.columns(); ++column) {
+        const int first = column;
+        while (grid.isDark(row, column))
+            ++column;
+        if (column > first)
+            take(first, column - 1);
+    }
+}
+
 void addBars(const ModuleGrid &grid, double insetMm, QPainterPath *path)
 {
     for (int row = 0; row < grid.rows(); ++row) {
-        for (int column = 0; column < grid.columns(); ++column) {
-            const int first = column;
-            while (grid.isDark(row, column))
-                ++column;
-            if (column > first)
-                path->addRect(cellOf(grid, row, first, column - 1, insetMm));
+        eachRun(grid, row, [&](int first, int last) {
+            path->addRect(cellOf(grid, row, first, last, insetMm));
+        });
+    }
+}
+
+bool hasSquareModules(const CodeSymbol &symbol)
+{
+    return !infoOf(symbol.kind).isLinear &&
+           std::all_of(symbol.rowModules.begin(), symbol.rowModules.end(),
+                       [](double height) { return height == 1.0; });
+}
+
+/** Each dark module of a bar as a line down its middle, from the top and back by turns. */
+void addLinesDown(const ModuleGrid &grid, double insetMm, QVector<QLineF> *lines)
+{
+    bool isUp = false;
+    eachCell(grid, [&](int row, int column) {
+        const QRectF cell = cellOf(grid, row, column, column, 0.0);
+        const QLineF down(cell.center().x(), cell.top() + insetMm, cell.center().x(),
+                          cell.bottom() - insetMm);
+        lines->append(isUp ? QLineF(down.p2(), down.p1()) : down);
+        isUp = !isUp;
+    });
+}
+
+/** Each run of dark modules in a row as a line along its middle, every second row backwards. */
+void addLinesAcross(const ModuleGrid &grid, double insetMm, QVector<QLineF> *lines)
+{
+    for (int row = 0; row < grid.rows(); ++row) {
+        QVector<QLineF> across;
+        eachRun(grid, row, [&](int first, int last) {
+            const QRectF run = cellOf(grid, row, first, last, 0.0);
+            across.append(QLineF(run.left() + insetMm, run.center().y(), run.right() - insetMm,
+                                 run.center().y()));
+        });
+        if (row % 2 == 0) {
+            lines->append(across);
+            continue;
         }
+        std::for_each(across.rbegin(), across.rend(),
+                      [lines](const QLineF &line) { lines->append(QLineF(line.p2(), line.p1())); });
     }
 }
 
@@ -186,11 +237,10 @@ bool markCode(const CodeSymbol &symbol, const CodeForm &form, CodeMarks *marks, 
         addBars(grid, inset, &made.areas);
         break;
     case CodeStyle::BarLines:
-        eachCell(grid, [&](int row, int column) {
-            const QRectF cell = cellOf(grid, row, column, column, 0.0);
-            made.lines.append(QLineF(cell.center().x(), cell.top() + inset, cell.center().x(),
-                                     cell.bottom() - inset));
-        });
+        if (hasSquareModules(symbol))
+            addLinesAcross(grid, inset, &made.lines);
+        else
+            addLinesDown(grid, inset, &made.lines);
         break;
     }
     const QMargins quiet = infoOf(symbol.kind).quietModules;

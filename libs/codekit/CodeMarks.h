@@ -13,7 +13,8 @@ enum class CodeStyle : quint8 {
     Dots = 2,    ///< a circle in each dark module
     Points = 3,  ///< one point in the middle of each dark module, for a dwell of the beam
     Bars = 4,    ///< each run of dark modules in a row as a rectangle
-    BarLines = 5 ///< each dark module of a bar as one line down its middle
+    BarLines = 5 ///< bars as a line down the middle of each dark module; squares as a line along
+                 ///< each run in a row
 };
 
 /** Size and form of a code. Lengths are millimetres. */
@@ -22,7 +23,8 @@ struct CodeForm
     CodeStyle style = CodeStyle::Merged;
     double moduleMm = 0.5;  ///< greater than 0
     double heightMm = 10.0; ///< of the bars of a linear code; greater than 0, else not looked at
-    double growthMm = 0.0;  ///< taken off each dark area's width: the beam gives it back
+    double growthMm = 0.0;  ///< taken off each dark area's width: the beam gives it back; less
+                            ///< than the module, of single lines at most the module
     double dotShare = 0.8;  ///< diameter of a dot as a share of the module, above 0, at most 1
     bool isInverse = false; ///< marks what is light, with the quiet zone as its frame
 };

@@ -1,5 +1,8 @@
 #include <codekit/CodeReadback.h>
 
+#include <codekit/Code39_p.h>
+
+#include <QtCore/QTextCodec>
 #include <QtGui/QPainter>
 #include <QtGui/QPolygonF>
 
@@ -75,18 +78,50 @@ QRectF boundsOf(const QVector<QVector<QPointF>> &lines)
     return isFirst ? QRectF() : QRectF(low, high);
 }
 
+/**
+ * Bytes in GB 18030, whose number the reader does not know; null for others. In what it hands out,
+ * "\\000032" begins them, and a backslash of the content is doubled.
+ */
+QString textOfGb18030(const ZXing::Result &result)
+{
+    constexpr int kBeforeBytes = 3; // "]Q2": which symbology it was
+    const ZXing::ByteArray &given = result.bytesECI();
+    QByteArray bytes(reinterpret_cast<const char *>(given.data()), int(given.size()));
+    const QByteArray number = QByteArrayLiteral("\\000032");
+    if (bytes.indexOf(number) != kBeforeBytes)
+        return {};
+    bytes.remove(0, kBeforeBytes + number.size());
+    bytes.replace("\\\\", "\\");
+    return QTextCodec::codecForName("GB18030")->toUnicode(bytes);
+}
+
+QString textOf(const ZXing::Result &result, CodeKind kind)
+{
+    const QString text = QString::fromStdString(result.text());
+    if (kind == CodeKind::Code39Extended)
+        return readFrom39(text); // the reader's own way gives up at some check characters
+    const QString chinese = infoOf(kind).hasCharsets ? textOfGb18030(result) : QString();
+    return chinese.isNull() ? text : chinese;
+}
+
 ReadCode readOnce(const QImage &image, CodeKind kind)
 {
     ZXing::DecodeHints hints;
     hints.setFormats(formatOf(kind)).setTryHarder(true).setTryRotate(true);
-    hints.setTryCode39ExtendedMode(kind == CodeKind::Code39Extended);
     hints.setReturnCodabarStartEnd(true).setEanAddOnSymbol(ZXing::EanAddOnSymbol::Read);
     const ZXing::ImageView view(image.constBits(), image.width(), image.height(),
                                 ZXing::ImageFormat::Lum, image.bytesPerLine());
     const ZXing::Result result = ZXing::ReadBarcode(view, hints);
     if (!result.isValid())
         return {};
-    return {true, QString::fromStdString(result.text()), result.isMirrored()};
+    return {true, textOf(result, kind), result.isMirrored()};
+}
+
+/** A line without a length, which a painter leaves out. */
+bool isPoint(const QVector<QPointF> &line)
+{
+    return std::all_of(line.begin(), line.end(),
+                       [&line](const QPointF &point) { return point == line.first(); });
 }
 
 /** Smooth edges, or pixels that are marked or not. */
@@ -111,7 +146,9 @@ QImage draw(const MarkedLines &marks, double pxPerMm, bool isSmooth)
     painter.setPen(QPen(marks.isInverse ? Qt::white : Qt::black, marks.beamMm, Qt::SolidLine,
                         Qt::RoundCap, Qt::RoundJoin));
     for (const auto &line : marks.linesMm) {
-        if (line.size() == 1)
+        if (line.isEmpty())
+            continue;
+        if (isPoint(line))
             painter.drawPoint(line.first());
         else
             painter.drawPolyline(line.constData(), line.size());
@@ -141,13 +178,16 @@ bool canReadBack(CodeKind kind) { return formatOf(kind) != ZXing::BarcodeFormat:
 
 QImage drawMarks(const MarkedLines &marks, double pxPerMm) { return draw(marks, pxPerMm, true); }
 
-ReadCode readMarks(const MarkedLines &marks, CodeKind kind, double moduleMm)
+ReadCode readMarks(const MarkedLines &marks, CodeKind kind, double moduleMm,
+                   const std::atomic<bool> *isGivenUp)
 {
     if (!canReadBack(kind) || !(moduleMm > 0.0))
         return {};
     for (const bool isMirrored : {false, true}) {
         for (const bool isFine : {false, true}) {
             for (const double pxPerModule : {6.0, 4.0, 9.0, 3.0}) {
+                if (isGivenUp != nullptr && *isGivenUp)
+                    return {};
                 const double pxPerMm = pxPerModule / moduleMm;
                 const QImage image =
                     isFine ? drawFinely(marks, pxPerMm) : drawMarks(marks, pxPerMm);

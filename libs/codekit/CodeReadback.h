@@ -6,6 +6,8 @@
 #include <QtCore/QVector>
 #include <QtGui/QImage>
 
+#include <atomic>
+
 namespace codekit {
 
 /** Marks as a beam leaves them: lines of its width. */
@@ -40,8 +42,10 @@ bool canReadBack(CodeKind kind);
  * Reads one code of a kind from marks, by a reader that has nothing to do with the encoder.
  *
  * The picture is tried at several resolutions around that of the module, and turned over last.
+ * Any thread. `isGivenUp`, if there is one, ends it between two pictures with nothing read.
  */
-ReadCode readMarks(const MarkedLines &marks, CodeKind kind, double moduleMm);
+ReadCode readMarks(const MarkedLines &marks, CodeKind kind, double moduleMm,
+                   const std::atomic<bool> *isGivenUp = nullptr);
 
 /** Whether what a reader gave is what `CodeSymbol::reads` promises. */
 bool isSameContent(CodeKind kind, const QString &read, const QString &promised);

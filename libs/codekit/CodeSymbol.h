@@ -10,9 +10,9 @@ namespace codekit {
 
 /** How the bytes of a text that is not plain ASCII are named inside the code. */
 enum class CodeCharset : quint8 {
-    Automatic = 0, ///< what the symbology has itself, else UTF-8, named by its ECI number
+    Automatic = 0, ///< none for ASCII, which every reader takes for the same; else UTF-8
     Utf8 = 1,      ///< UTF-8 by its ECI number, always
-    Gbk = 2        ///< for Chinese readers: GB 18030 by its ECI number
+    Gbk = 2        ///< GB 2312 by its ECI number, or GB 18030 where that has not all characters
 };
 
 /** What to encode, and how. The fields that a kind does not have are not looked at. */
@@ -20,13 +20,13 @@ struct CodeSpec
 {
     CodeKind kind = CodeKind::DataMatrix;
     QString content; ///< as `limitsOf` tells
-    int level = 0;   ///< error correction, 0: the kind's own; range as `CodeKindInfo` tells
+    int level = 0;   ///< error correction, a number of `CodeKindInfo::levels`; 0: the kind's own
     int version = 0; ///< size, 0: the smallest that holds the content
     int mask = -1;   ///< QR: 0 to 7, Micro QR: 0 to 3; -1: the best
     int columns = 0; ///< PDF417: 1 to 30, Micro PDF417: 1 to 4; 0: by itself
     bool isRectangular = false; ///< Data Matrix: the smallest size that is not square
     bool hasCheckDigit = false; ///< Code 39: modulo 43; Codabar: modulo 16; Interleaved 2 of 5
-    bool hasEscapes = false;    ///< "\n", "\x1D" and the like stand for control characters
+    bool hasEscapes = false;    ///< "\n", "\G", "\x1D" and the like stand for control characters
     CodeCharset charset = CodeCharset::Automatic;
 };
 
@@ -44,7 +44,7 @@ struct CodeSymbol
     int rows = 0;               ///< rows, from the top
     QBitArray dark;             ///< row by row
     QVector<double> rowModules; ///< height of each row in modules; one of 1 in a linear code
-    QString reads;              ///< what a reader gives, as people see it
+    QString reads;              ///< what a reader gives, check digits included
     QString humanText;          ///< what stands below it where people are to read it
 
     bool isDark(int row, int column) const { return dark.testBit(row * columns + column); }

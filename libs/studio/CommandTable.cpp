@@ -16,6 +16,7 @@
 #include <studio/job/JobTools.h>
 #include <studio/list/ShapeList.h>
 #include <studio/panel/ShapePanel.h>
+#include <studio/paths/PathCommands.h>
 #include <studio/print/PrintActions.h>
 #include <studio/text/TextTools.h>
 
@@ -445,7 +446,8 @@ QAction *newAction(const Command &command, QObject *parent)
 
 const QVector<Command> &commandTable()
 {
-    static const QVector<Command> table = kFixedCommands + creatingCommands() + toolCommands();
+    static const QVector<Command> table =
+        kFixedCommands + pathCommands() + creatingCommands() + toolCommands();
     return table;
 }
 

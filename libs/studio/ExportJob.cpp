@@ -63,7 +63,7 @@ void ExportJob::write()
     m_marks = m_builder->take();
     m_builder.reset();
     if (!m_marks.isWhole())
-        m_error = tr("a shape was deleted meanwhile");
+        fail(tr("a shape was deleted meanwhile"));
     m_writer.reset(QThread::create([this] { writeFile(); }));
     connect(m_writer.get(), &QThread::finished, this, &ExportJob::finish);
     m_writer->start();
@@ -73,16 +73,21 @@ void ExportJob::write()
 /** In the writing thread, which no exception may leave. */
 void ExportJob::writeFile() noexcept
 {
-    if (!m_error.isEmpty())
+    if (m_failure.kind != hostkit::Failure::Kind::None)
         return;
     try {
-        hostkit::saveMarkGraph(m_marks.graph, m_marks.units, m_target, &m_error, {},
+        hostkit::saveMarkGraph(m_marks.graph, m_marks.units, m_target, &m_failure, {},
                                [this] { return !m_isCancelled; });
     } catch (const std::bad_alloc &) {
-        m_error = tr("there is not enough memory");
+        fail(tr("there is not enough memory"));
     } catch (...) {
-        m_error = tr("it could not be made");
+        fail(tr("it could not be made"));
     }
+}
+
+void ExportJob::fail(const QString &reason)
+{
+    hostkit::fail(&m_failure, hostkit::Failure::Kind::NotPossible, reason);
 }
 
 void ExportJob::finish()
@@ -91,7 +96,7 @@ void ExportJob::finish()
         deleteLater();
         return;
     }
-    Q_EMIT finished(m_error);
+    Q_EMIT finished(m_failure.reason);
 }
 
 } // namespace studio

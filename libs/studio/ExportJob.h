@@ -1,5 +1,6 @@
 #pragma once
 
+#include <hostkit/files/Failure.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
 
 #include <QtCore/QThread>
@@ -58,6 +59,7 @@ private:
     void gather();
     void write();
     void writeFile() noexcept;
+    void fail(const QString &reason);
     void finish();
 
     std::unique_ptr<hostkit::MarkGraphBuilder> m_builder;
@@ -68,7 +70,7 @@ private:
     std::atomic<bool> m_isCancelled = false;
     std::unique_ptr<QThread> m_writer;
     hostkit::DrawingMarks m_marks; ///< the thread's while it runs
-    QString m_error;               ///< the thread's while it runs
+    hostkit::Failure m_failure;    ///< the thread's while it runs
 };
 
 } // namespace studio

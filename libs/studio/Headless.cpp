@@ -92,10 +92,10 @@ int writeMarks(const MainWindow &window, const HeadlessJob &job, const QString &
         return fail(drawing, Headless::tr("no mark data: shapes that do not show what they were "
                                           "given are written with --as-shown alone"));
     for (const auto &extension : {QStringLiteral(".svg"), QStringLiteral(".json")}) {
-        QString error;
+        hostkit::Failure failure;
         const QString path = base + extension;
-        if (!hostkit::saveMarkGraph(marks.graph, marks.units, path, &error))
-            return fail(path, error);
+        if (!hostkit::saveMarkGraph(marks.graph, marks.units, path, &failure))
+            return fail(path, failure.reason);
         tell("Mark data:", path);
     }
     return 0;

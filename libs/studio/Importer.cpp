@@ -89,7 +89,15 @@ int Importer::importFiles(const QStringList &paths, std::optional<QPointF> centr
         if (read(path, &one))
             drawings.append(one);
     }
-    return bringIn(drawings, rememberedImportOptions(), centrePx);
+    return bringInAsLast(drawings, centrePx);
+}
+
+int Importer::bringInAsLast(const QVector<ReadDrawing> &drawings, std::optional<QPointF> centrePx)
+{
+    QVector<ReadDrawing> cleaned = drawings;
+    for (ReadDrawing &one : cleaned)
+        vectorkit::cleanDrawing(&one.drawing, rememberedCleaning(), nullptr);
+    return bringIn(cleaned, rememberedImportOptions(), centrePx);
 }
 
 int Importer::bringIn(const QVector<ReadDrawing> &drawings, const hostkit::ImportOptions &options,

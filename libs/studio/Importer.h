@@ -47,6 +47,10 @@ public:
     int bringIn(const QVector<ReadDrawing> &drawings, const hostkit::ImportOptions &options,
                 std::optional<QPointF> centrePx = std::nullopt);
 
+    /** The same as it came in last time: split, pens and what is cleaned. */
+    int bringInAsLast(const QVector<ReadDrawing> &drawings,
+                      std::optional<QPointF> centrePx = std::nullopt);
+
 private:
     ZTGraphicsDocument &m_document;
     Messages &m_messages;

@@ -42,6 +42,7 @@
 #include <studio/list/ShapeList.h>
 #include <studio/list/ShapeListView.h>
 #include <studio/panel/ShapePanel.h>
+#include <studio/paths/PathTools.h>
 #include <studio/print/PrintActions.h>
 #include <studio/text/TextTools.h>
 
@@ -129,6 +130,7 @@ MainWindow::~MainWindow()
     delete m_drawingFiles;
     delete m_matrixDialog;
     delete m_circleDialog;
+    delete m_paths;
     delete m_arrange;
     delete m_jobTools;
     delete m_codeTools;
@@ -208,6 +210,9 @@ void MainWindow::buildTools()
     connect(m_clipboard, &ClipboardActions::told, m_status,
             [this](const QString &text) { m_status->showMessage(text, kStatusMs); });
     m_arrange = new ArrangeActions(*m_drawing, *m_groups, this);
+    m_paths = new PathTools(*m_drawing, *this);
+    connect(m_paths, &PathTools::told, m_status,
+            [this](const QString &words) { m_status->showMessage(words, kStatusMs); });
     connect(m_arrange, &ArrangeActions::alignToChanged, this, &MainWindow::refreshCommands);
     connect(m_groups, &GroupTools::told, m_status,
             [this](const QString &words) { m_status->showMessage(words); });

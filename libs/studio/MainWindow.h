@@ -43,6 +43,7 @@ class JobTools;
 class Language;
 class MatrixDialog;
 class OrderMenu;
+class PathTools;
 class PropertyDock;
 class RotateHandle;
 class ShapeList;
@@ -87,6 +88,7 @@ public:
     ClipboardActions &clipboard() const { return *m_clipboard; }
     GroupTools &groups() const { return *m_groups; }
     ArrangeActions &arrange() const { return *m_arrange; }
+    PathTools &paths() const { return *m_paths; }
     SnapTools &snapping() const { return *m_snap; }
     GuideTools &guides() const { return *m_guides; }
     RotateHandle &rotateHandle() const { return *m_rotateHandle; }
@@ -171,6 +173,7 @@ private:
     ClipboardActions *m_clipboard = nullptr;
     GroupTools *m_groups = nullptr;
     ArrangeActions *m_arrange = nullptr;
+    PathTools *m_paths = nullptr;
     SnapTools *m_snap = nullptr;
     GuideTools *m_guides = nullptr;
     RotateHandle *m_rotateHandle = nullptr;

@@ -33,6 +33,7 @@ constexpr Title kMenuTitles[] = {
     {"toolsMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "T&ools")},
     {"arrangeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Arrange")},
     {"alignToMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "Align &to")},
+    {"pathsMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "Pat&hs")},
     {"stackingMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "Or&der")},
     {"nudgeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Nudge")},
     {"jobMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Job")},
@@ -52,6 +53,7 @@ constexpr Title kToolBarTitles[] = {
 };
 
 constexpr const char *kAlignTitle = QT_TRANSLATE_NOOP("studio::WindowLayout", "&Align");
+constexpr const char *kPathsTitle = QT_TRANSLATE_NOOP("studio::WindowLayout", "Pat&hs");
 constexpr const char *kOrderTitle = QT_TRANSLATE_NOOP("studio::WindowLayout", "Or&der");
 
 using Ids = std::initializer_list<const char *>;
@@ -59,6 +61,19 @@ using Ids = std::initializer_list<const char *>;
 /** What draws on the canvas with the mouse, and what does not. */
 constexpr Ids kOrder = {"order.first", "order.raise", "order.lower",
                         "order.last",  "-",           "order.reverse"};
+constexpr Ids kPaths = {"paths.toPaths",
+                        "-",
+                        "paths.union",
+                        "paths.difference",
+                        "paths.intersection",
+                        "paths.exclusion",
+                        "paths.offset",
+                        "-",
+                        "paths.combine",
+                        "paths.breakApart",
+                        "-",
+                        "paths.clean",
+                        "paths.weld"};
 constexpr Ids kTools = {"tool.select",  "tool.rectangle", "tool.ellipse", "tool.polygon",
                         "tool.line",    "tool.tdot",      "tool.text",    "tool.code",
                         "tool.barcode", "tool.measure"};
@@ -155,6 +170,9 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
     QMenu *alignTo = arrange.addMenu(QString());
     alignTo->setObjectName(QStringLiteral("alignToMenu"));
     fill(*alignTo, commands, {"arrange.toEachOther", "arrange.toFirst", "arrange.toField"});
+    QMenu *paths = arrange.addMenu(QString());
+    paths->setObjectName(QStringLiteral("pathsMenu"));
+    fill(*paths, commands, kPaths);
     QMenu *order = arrange.addMenu(QString());
     order->setObjectName(QStringLiteral("stackingMenu"));
     fill(*order, commands, kOrder);
@@ -226,6 +244,9 @@ QMenu *newContextMenu(const Commands &commands, bool isForShapes, QWidget *paren
           "arrange.bottom", "arrange.center", "-", "arrange.toEachOther", "arrange.toFirst",
           "arrange.toField", "-", "arrange.spreadAcross", "arrange.spreadDown",
           "arrange.gapsAcross", "arrange.gapsDown", "-", "arrange.centreOnField"});
+    QMenu *paths = menu->addMenu(translated(kPathsTitle));
+    paths->setObjectName(QStringLiteral("pathsOfShapesMenu"));
+    fill(*paths, commands, kPaths);
     QMenu *order = menu->addMenu(translated(kOrderTitle));
     order->setObjectName(QStringLiteral("orderOfShapesMenu"));
     fill(*order, commands, kOrder);

@@ -56,17 +56,20 @@ int arcSteps(const VectorPath::Piece &piece, double toleranceMm)
     return static_cast<int>(std::clamp(steps, std::max(1.0, std::ceil(sweep / M_PI_2)), 10000.0));
 }
 
-/** The arc as cubics of at most a quarter turn each. */
+/**
+ * The arc as cubics of at most an eighth turn each: they keep within 4.3 millionths of the radius,
+ * where those of a quarter turn would leave it by 0.3 thousandths.
+ */
 template <class Take>
 void arcAsCubics(const VectorPath::Piece &arc, Take take)
 {
-    const int quarters = std::max(1, qCeil(std::abs(arc.sweepDeg) / 90.0 - 1e-9));
-    const double stepDeg = arc.sweepDeg / quarters;
+    const int eighths = std::max(1, qCeil(std::abs(arc.sweepDeg) / 45.0 - 1e-9));
+    const double stepDeg = arc.sweepDeg / eighths;
     const double reach = 4.0 / 3.0 * std::tan(qDegreesToRadians(stepDeg) / 4.0);
     QPointF from = arc.from;
-    for (int step = 1; step <= quarters; ++step) {
+    for (int step = 1; step <= eighths; ++step) {
         const QPointF to =
-            step == quarters ? arc.to : turned(arc.from, arc.control1, stepDeg * step);
+            step == eighths ? arc.to : turned(arc.from, arc.control1, stepDeg * step);
         const QPointF ray1 = from - arc.control1;
         const QPointF ray2 = to - arc.control1;
         // Along the tangent, which counter-clockwise on the screen is (y, -x) of the ray.

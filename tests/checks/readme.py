@@ -1,22 +1,62 @@
-"""The README's host is the example host, word for word, and its links lead somewhere."""
+"""The README's host is the example host, word for word; its links and those of all documents lead
+somewhere; a large folder tells where to begin, and the tests it names are there."""
 
 import re
+from fnmatch import fnmatch
 
-from project import ROOT, finish
+from project import ROOT, finish, sources
+
+MAX_FILES_WITHOUT_README = 12
 
 
-def main():
-    problems = []
+def tests_by_name():
+    """Names of the tests as ctest knows them, made from the files as the build makes them."""
+    names = []
+    for source in sources(ROOT / "tests", "tst_*.cpp"):
+        parts = source.relative_to(ROOT / "tests").with_suffix("").parts
+        names.append(".".join(parts).replace("tst_", ""))
+    names += ["fuzz." + fuzz.stem[len("fuzz_"):] for fuzz in sources(ROOT / "fuzz", "fuzz_*.cpp")]
+    return names
+
+
+def check_snippet(problems):
     readme = (ROOT / "README.md").read_text(encoding="utf-8")
     snippets = re.findall(r"```cpp\n(.*?)```", readme, re.S)
     example = (ROOT / "examples/minimal-host/main.cpp").read_text(encoding="utf-8")
     if example not in snippets:
         problems.append("README.md: the C++ snippet differs from examples/minimal-host/main.cpp")
-    documents = [ROOT / "README.md", *sorted((ROOT / "docs").rglob("*.md"))]
+
+
+def check_document(document, tests, problems):
+    text = document.read_text(encoding="utf-8")
+    name = document.relative_to(ROOT)
+    for target in re.findall(r"\]\(([^)#]+)[^)]*\)", text):
+        if "://" not in target and not (document.parent / target).exists():
+            problems.append(f"{name}: dead link {target}")
+    for named in re.findall(r"`((?:unit|gui|cli|fuzz)\.[\w.*]+)`", text):
+        if not any(fnmatch(test, named) for test in tests):
+            problems.append(f"{name}: no test is called {named}")
+
+
+def check_folders(problems):
+    for folder in sorted({source.parent for top in ("libs", "apps")
+                          for source in sources(ROOT / top, "*.h", "*.cpp")}):
+        files = [path for path in folder.iterdir() if path.suffix in (".h", ".cpp")]
+        if len(files) > MAX_FILES_WITHOUT_README and not (folder / "README.md").exists():
+            problems.append(f"{folder.relative_to(ROOT)}: {len(files)} files and no README.md "
+                            "that says where to begin")
+
+
+def main():
+    problems = []
+    check_snippet(problems)
+    tests = tests_by_name()
+    documents = [ROOT / "README.md"]
+    for top in ("docs", "libs", "apps", "tests", "fuzz", "bench", "examples"):
+        documents += sources(ROOT / top, "*.md")
     for document in documents:
-        for target in re.findall(r"\]\(([^)#]+)[^)]*\)", document.read_text(encoding="utf-8")):
-            if "://" not in target and not (document.parent / target).exists():
-                problems.append(f"{document.relative_to(ROOT)}: dead link {target}")
+        check_document(document, tests, problems)
+    check_folders(problems)
     finish(problems, "readme")
 
 

@@ -46,8 +46,14 @@ private Q_SLOTS:
                  QStringLiteral("Code:             QR Code\n"
                                 "Holds:            any text; up to 7,089 digits, 4,296 capitals or "
                                 "2,953 bytes\n"
-                                "Levels:           1 to 4\n"
+                                "Levels:           L, M, Q, H\n"
                                 "Sizes:            1 to 40\n"
+                                "Rectangular:      no\n"
+                                "Columns:          none\n"
+                                "Masks:            0 to 7\n"
+                                "Check digit:      by itself\n"
+                                "Character sets:   auto, utf8, gbk\n"
+                                "Escapes:          yes\n"
                                 "Quiet zone:       4 modules left, 4 right, 4 above and below\n"
                                 "Can be verified:  yes\n"));
         QCOMPARE(run.exitCode, 0);
@@ -135,6 +141,13 @@ private Q_SLOTS:
             "the serial number ends after part 2 of 3");
         row("datamatrix A -o none/b.svg", "none/b.svg: the folder does not exist");
         row("datamatrix A --size 31", "the size of Data Matrix is 1 to 30, not 31");
+        row("micropdf417 A --columns 5", "the number of columns of Micro PDF417 is 1 to 4, not 5");
+        row("microqr A --mask 4", "the mask of Micro QR is 0 to 3, not 4");
+        row("datamatrix A\\q --escapes", "\"\\q\" is no escape: \\n \\r \\t \\e \\G \\R \\E "
+                                         "\\xHH \\uHHHH are, and \\\\ is a backslash");
+        row("gs1-128 [01]04012345678900", "the check digit of (01) is 1, not 0");
+        row("qr A --text below --font NoSuchFont",
+            "no system font NoSuchFont, ztmark font list --system tells them");
     }
 
     void failures_areOneLineAndWriteNothing()
@@ -181,7 +194,25 @@ private Q_SLOTS:
         row("datamatrix A --text left", "--text: \"left\" is not among the choices");
         row("datamatrix A{} --parts 10001",
             "--parts: \"10001\" is out of range, it must be from 1 to 10000");
-        row("pdf417 A --level 10", "--level: \"10\" is out of range, it must be from 1 to 9");
+        row("pdf417 A --level 10",
+            "--level: \"10\" is none of PDF417's: 1, 2, 3, 4, 5, 6, 7, 8, 9");
+        row("qr A --level 5", "--level: \"5\" is none of QR Code's: L, M, Q, H");
+        row("microqr A --level H", "--level: \"H\" is none of Micro QR's: L, M, Q");
+        row("qr A --columns 3", "--columns: QR Code has no number of columns to choose");
+        row("aztec A --mask 3", "--mask: Aztec has no masks");
+        row("qr A --mask 8", "--mask: \"8\" is out of range, it must be from 0 to 7");
+        row("code128 A --charset gbk", "--charset: Code 128 leaves no choice of a character set");
+        row("qr A --charset latin", "--charset: \"latin\" is not among the choices");
+        row("i25 12 --escapes", "--escapes: Interleaved 2 of 5 has no control characters, so that "
+                                "there is nothing to escape");
+        row("code39 A --style points", "--style: Code 39 has bars, which are no dots");
+        row("qr A --dot 50", "--dot: nothing without --style dots");
+        row("qr A --style dots --dot 0", "--dot: \"0\" is out of range, it must be from 1 to 100");
+        row("qr A --font-pair tiny.shx", "--font-pair: nothing without --text");
+        row("qr A --text below --font-pair tiny.shx --font Sans",
+            "--font: cannot be given together with --font-pair");
+        row("qr A --style points --no-outline --hatch line",
+            "--no-outline: single lines, points and stroke fonts have no hatch");
         row("datamatrix A --no-outline",
             "--no-outline: nothing to mark without --hatch line or zigzag");
         row("datamatrix A -o a.pdf",
@@ -240,6 +271,71 @@ private Q_SLOTS:
             QVERIFY2(part == bytesOf(path("one.csv")), number);
         }
         QVERIFY(bytesOf(path("sn-0001.csv")) != bytesOf(path("sn-0002.csv")));
+    }
+
+    void options_makeTheCodeThatIsAskedFor_data()
+    {
+        QTest::addColumn<QString>("arguments");
+        QTest::addColumn<QString>("head");
+        const auto row = [](const char *arguments, const char *head) {
+            QTest::newRow(arguments) << QString::fromUtf8(arguments) << QString::fromUtf8(head);
+        };
+        // Version 4 is 33 modules wide; H by its letter and by its number.
+        row("qr SN-1 --size 4 --level H --mask 3",
+            "QR Code, 33 x 33 modules\nVerified:       SN-1\n");
+        row("qr SN-1 --size 4 --level 4", "QR Code, 33 x 33 modules\nVerified:       SN-1\n");
+        row("qr \u5e8f\u5217\u53f7 --charset gbk",
+            "QR Code, 21 x 21 modules\nVerified:       \u5e8f\u5217\u53f7\n");
+        row("datamatrix ABCDEFGH --rectangular",
+            "Data Matrix, 32 x 8 modules\nVerified:       ABCDEFGH\n");
+        // Start, stop and two indicators are 69 modules, each column 17.
+        row("pdf417 SN-1 --columns 2", "PDF417, 103 x ");
+        row("datamatrix A\\x42\\u0043\\\\ --escapes",
+            "Data Matrix, 12 x 12 modules\nVerified:       ABC\\\n");
+        // A and B are 10 and 11, 21 is L; with start and stop five characters of 12 and a gap.
+        row("code39 AB --check-digit", "Code 39, 64 x 1 modules\nVerified:       ABL\n");
+        row("datamatrix SN-1 --style dots --dot 90",
+            "Data Matrix, 12 x 12 modules\nVerified:       SN-1\n");
+        row("datamatrix SN-1 --style squares",
+            "Data Matrix, 12 x 12 modules\nVerified:       SN-1\n");
+        row("datamatrix SN-1 --rotate 33 --matrix 2x2",
+            "Data Matrix, 12 x 12 modules\nVerified:       SN-1\n");
+        row("code128 SN-1 --rotate 33 --matrix 2x2 --gap 6mm",
+            "Code 128, 79 x 1 modules\nVerified:       SN-1\n");
+    }
+
+    void options_makeTheCodeThatIsAskedFor()
+    {
+        QFETCH(QString, arguments);
+        QFETCH(QString, head);
+        const ZtmarkRun run =
+            code(arguments + QStringLiteral(" --hatch line --spacing 0.05mm --verify"));
+        QCOMPARE(run.err, QString());
+        QCOMPARE(run.exitCode, 0);
+        head.prepend(QStringLiteral("Code:           "));
+        QCOMPARE(run.out.left(head.size()), head);
+    }
+
+    void pointsAndLines_areMarkedWithoutAHatch()
+    {
+        ZtmarkRun run = code("datamatrix SN-1 --style points --verify --beam 0.5mm -o a.json");
+        QCOMPARE(run.err, QString());
+        QCOMPARE(run.exitCode, 0);
+        // 12 x 12 modules: from the middle of the first to that of the last are 11.
+        QCOMPARE(extentMm(json("a.json"), "width"), 5.5);
+        run = code("datamatrix SN-1 --style lines --growth 0.5mm --verify -o a.json");
+        QCOMPARE(run.err, QString());
+        QCOMPARE(run.exitCode, 0);
+    }
+
+    void codeTooNearToAnother_isNotVerified()
+    {
+        const ZtmarkRun run = code("code128 SN-1 --matrix 2x1 --gap 0mm --hatch line --spacing "
+                                   "0.05mm --verify -o a.svg");
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(run.err.startsWith(QStringLiteral("ztmark: the marks read as nothing")),
+                 qPrintable(run.err));
+        QCOMPARE(entries(), QStringList());
     }
 
     void matrix_marksEachCopy()

@@ -51,8 +51,7 @@ private Q_SLOTS:
         QCOMPARE(run.err, QString());
         QCOMPARE(run.exitCode, 0);
         const hostkit::DrawingMarks marks = hostkit::drawingMarks(*document);
-        QString error;
-        QVERIFY(hostkit::saveMarkGraph(marks.graph, marks.units, path("own.csv"), &error));
+        QVERIFY(hostkit::saveMarkGraph(marks.graph, marks.units, path("own.csv"), nullptr));
         QVERIFY(!bytesOf("own.csv").isEmpty());
         QCOMPARE(bytesOf("out.csv"), bytesOf("own.csv"));
     }
@@ -84,6 +83,49 @@ private Q_SLOTS:
         QVERIFY2(run.err.contains(QStringLiteral("code 0: there is nothing to encode")),
                  qPrintable(run.err));
         QVERIFY(QFile::exists(path("out.csv")));
+    }
+
+    void job_ofACodeThatCannotBeMade_isWrittenOnRequestAlone()
+    {
+        code->boundingRect(); // a good one is shown first
+        code->setFixedText(QString());
+        save();
+        ZtmarkRun run = ztmark("job drawing.ztd -o out.nc");
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(run.err.contains(QStringLiteral("code 0: there is nothing to encode")),
+                 qPrintable(run.err));
+        QVERIFY2(run.err.contains(QStringLiteral("--as-shown")), qPrintable(run.err));
+        QVERIFY(!QFile::exists(path("out.nc")));
+        run = ztmark("job drawing.ztd --as-shown -o out.nc");
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY2(run.err.contains(QStringLiteral("warning: code 0: there is nothing to encode")),
+                 qPrintable(run.err));
+        QVERIFY(QFile::exists(path("out.nc")));
+    }
+
+    /** The part after the last one that was asked for need not be possible. */
+    void job_goesUpToThePartThatCannotBeMade()
+    {
+        codekit::CodeSettings settings = code->settings();
+        settings.spec.kind = codekit::CodeKind::Interleaved25;
+        ZTCounterSegment counter;
+        counter.start = 98;
+        ZTVariantText numbers;
+        QVERIFY(numbers.setSegments({counter}));
+        numbers.update();
+        code->code().cloneVariantText(&numbers);
+        code->setCode(settings, QStringLiteral("98"));
+        code->setEnableVariantText(true);
+        save();
+        const QByteArray before = bytesOf("drawing.ztd");
+        ZtmarkRun run = ztmark("job drawing.ztd --parts 3 -o out.nc"); // 98, 99 and 100
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(run.err.contains(QStringLiteral("holds pairs of digits")), qPrintable(run.err));
+        QVERIFY(!QFile::exists(path("out.nc")));
+        QCOMPARE(bytesOf("drawing.ztd"), before);
+        run = ztmark("job drawing.ztd --parts 2 -o out.nc");
+        QVERIFY2(run.exitCode == 0, qPrintable(run.err));
+        QVERIFY(QFile::exists(path("out.nc")));
     }
 
 private:

@@ -62,9 +62,8 @@ QByteArray libraryCsv(const QString &drawingPath, const QString &csvPath,
     if (order != nullptr)
         ZTPointSort::getInstance()->setShapeMarkSort(*order);
     const ZTMarkGraph graph = document.itemMag()->getShapeLines();
-    QString reason;
-    if (!hostkit::saveMarkGraph(graph, hostkit::MarkUnits::current(), csvPath, &reason))
-        return "not written: " + reason.toUtf8();
+    if (!hostkit::saveMarkGraph(graph, hostkit::MarkUnits::current(), csvPath, &error))
+        return "not written: " + error.reason.toUtf8();
     return bytesOf(csvPath);
 }
 

@@ -139,6 +139,18 @@ private Q_SLOTS:
         QCOMPARE(heightMm(json("a.json")), 70.0);
     }
 
+    void mark_cleaning_comesAfterTheSize()
+    {
+        // Ends 0.2 mm apart in the file: 0.02 mm at a tenth of its size.
+        write("gap.svg", "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"50mm\" "
+                         "height=\"50mm\" viewBox=\"0 0 50 50\" fill=\"none\" stroke=\"red\">"
+                         "<path d=\"M0 0H40V30\"/><path d=\"M40 30.2L0 30V0\"/></svg>");
+        const QStringList clean = words("mark gap.svg --clean join=0.05mm -o a.json");
+        QVERIFY(!runZtmark(clean, folder->path()).out.contains(QStringLiteral("closed")));
+        const ZtmarkRun small = runZtmark(clean + words("--width 4mm"), folder->path());
+        QVERIFY2(small.out.contains(QStringLiteral("1 outline closed")), qPrintable(small.out));
+    }
+
     void mark_cleaning_joinsAndTellsFigures()
     {
         // A square of four loose lines, its first side twice.

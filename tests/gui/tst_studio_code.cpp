@@ -337,13 +337,40 @@ private Q_SLOTS:
         wanted.parts = 3; // 98, 99, and 100, which leaves a digit over
         QVERIFY(!exporter.write(wanted, studio::JobSettings::load()));
         QVERIFY(!QFile::exists(wanted.path));
-        QCOMPARE(studio->messages->failures.size(), 1);
-        const QString said = studio->messages->failures.first().why;
-        QVERIFY2(said.contains(QStringLiteral("Part 3 cannot be made")), qPrintable(said));
+        auto *asked = studio->window->findChild<QMessageBox *>(QStringLiteral("notReadyBox"));
+        QVERIFY(asked != nullptr);
+        QVERIFY2(asked->text().contains(QStringLiteral("Part 3 cannot be made")),
+                 qPrintable(asked->text()));
+        QVERIFY2(
+            asked->informativeText().contains(QStringLiteral("Interleaved 2 of 5 holds pairs")),
+            qPrintable(asked->informativeText()));
+        QTest::keyClick(asked, Qt::Key_Return); // what is offered first writes nothing
+        QVERIFY(!QFile::exists(wanted.path));
         QCOMPARE(texts(), list("98"));
-        wanted.parts = 2;
-        QVERIFY(exporter.write(wanted, studio::JobSettings::load()));
-        QVERIFY(QFile::exists(wanted.path));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        studio::JobExport two = wanted;
+        two.parts = 2;
+        two.path = studio->path("two.nc");
+        QVERIFY(exporter.write(two, studio::JobSettings::load()));
+        QVERIFY(QFile::exists(two.path));
+    }
+
+    void jobOfParts_isWrittenAsShownWhereTheUserSaysSo()
+    {
+        CodeItem *item = studio->create();
+        studio->close(kOk);
+        item->setFixedText(QString()); // leaves the last good code
+        studio::JobExport wanted;
+        wanted.path = studio->path("job.nc");
+        QVERIFY(!studio->window->job().exporter().write(wanted, studio::JobSettings::load()));
+        QVERIFY(!QFile::exists(wanted.path));
+        auto *asked = studio->window->findChild<QMessageBox *>(QStringLiteral("notReadyBox"));
+        QVERIFY(asked != nullptr);
+        for (QAbstractButton *button : asked->buttons()) {
+            if (asked->buttonRole(button) == QMessageBox::AcceptRole)
+                QTest::mouseClick(button, Qt::LeftButton);
+        }
+        QTRY_VERIFY(QFile::exists(wanted.path));
     }
 
     void variantContent_showsTheNextParts_andMovesOn()
@@ -484,6 +511,64 @@ private Q_SLOTS:
         QTRY_VERIFY(inPanel("panel.codeSettings")->isEnabled());
         QTest::mouseClick(inPanel("panel.codeSettings"), Qt::LeftButton);
         QVERIFY(studio->dialog() != nullptr && studio->dialog()->isVisible());
+        studio->close(kCancel);
+    }
+
+    void mirroredCode_isWarnedOf_inPanelAndDialog()
+    {
+        CodeItem *item = studio->create();
+        studio->close(kOk);
+        auto *problem = studio->window->findChild<QLabel *>(QStringLiteral("panel.codeProblem"));
+        QCOMPARE(problem->text(), QString());
+        QVERIFY(studio->run("arrange.mirrorHorizontal"));
+        QTRY_VERIFY2(problem->text().startsWith(QStringLiteral("The code is mirrored")),
+                     qPrintable(problem->text()));
+        studio->select({item});
+        QVERIFY(studio->run("code.settings"));
+        QVERIFY2(studio->problem().startsWith(QStringLiteral("The code is mirrored")),
+                 qPrintable(studio->problem()));
+        studio->close(kCancel);
+    }
+
+    void options_ofPdf417_andPointsOfAMatrix_areChosenInTheDialog()
+    {
+        CodeItem *item = studio->create();
+        studio->showTab(Form);
+        studio->choose("style", "points, one a module");
+        QTRY_VERIFY(item->settings().form.style == codekit::CodeStyle::Points);
+        // A point has no width for a beam to be taken off, and nothing to hatch.
+        QCOMPARE(item->code().getFillLines().size(), 0);
+        studio->choose("kind", "PDF417");
+        studio->showTab(Options);
+        studio->enter("columns", "3");
+        studio->choose("level", "5");
+        studio->choose("charset", "GBK");
+        QTRY_VERIFY(item->settings().spec.charset == codekit::CodeCharset::Gbk);
+        QCOMPARE(item->settings().spec.columns, 3);
+        QCOMPARE(item->settings().spec.level, 5);
+        QCOMPARE(item->code().symbol().columns, 3 * 17 + 69);
+        studio->choose("kind", "Code 128");
+        studio->showTab(Form);
+        auto *styles = studio->box<QComboBox>("style");
+        QVERIFY(styles->findText(QStringLiteral("dots")) < 0);
+        QVERIFY(styles->findText(QStringLiteral("points, one a module")) < 0);
+        studio->close(kOk);
+        QVERIFY(item->settings().form.style == codekit::CodeStyle::Merged);
+        QCOMPARE(item->settings().spec.columns, 0);
+    }
+
+    void escapes_areDecodedInTheDialog_andWrongOnesSaid()
+    {
+        CodeItem *item = studio->create();
+        studio->showTab(Options);
+        studio->check("escapes");
+        studio->showTab(Content);
+        studio->type(QStringLiteral("A\\GB"));
+        QTRY_COMPARE(item->code().symbol().reads, QStringLiteral("A\x1D"
+                                                                 "B"));
+        studio->type(QStringLiteral("A\\q"));
+        QTRY_VERIFY2(studio->problem().contains(QStringLiteral("\"\\q\" is no escape")),
+                     qPrintable(studio->problem()));
         studio->close(kCancel);
     }
 

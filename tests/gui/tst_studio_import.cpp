@@ -7,6 +7,7 @@
 #include <studio/import/ImportPicture.h>
 #include <studio/import/ImportSettings.h>
 
+#include <hostkit/items/GraphicItems.h>
 #include <hostkit/items/ItemExtras.h>
 
 #include <QtCore/QMimeData>
@@ -21,6 +22,7 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QTabWidget>
 #include <QtWidgets/QTableWidget>
 
 namespace {
@@ -167,6 +169,65 @@ private Q_SLOTS:
         QCOMPARE(kept.split, hostkit::ImportSplit::Outline);
         QCOMPARE(kept.pens.size(), 1);
         QCOMPARE(kept.pens.value(QColor(Qt::red).rgb()), 1);
+    }
+
+    void cleaning_isShownAtOnce_andRemembered()
+    {
+        // Three sides of a triangle apart, one of them drawn twice.
+        const QByteArray loose =
+            "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"50mm\" height=\"50mm\" "
+            "viewBox=\"0 0 50 50\" fill=\"none\" stroke=\"red\"><path d=\"M0 0H40\"/>"
+            "<path d=\"M0 30L0 0\"/><path d=\"M40 0.02L0 30\"/><path d=\"M10 0H20\"/></svg>";
+        studio->window->offerFile(studio->write("loose.svg", loose));
+        auto *dialog = studio->window->findChild<studio::ImportDialog *>();
+        QVERIFY(textOf(dialog, "importNeeds").contains(QStringLiteral("Outlines closed: 1")));
+        QVERIFY(textOf(dialog, "cleanFigures").contains(QStringLiteral("Outlines: 4 → 4")));
+        dialog->findChild<QTabWidget *>()->setCurrentIndex(1);
+        QTest::mouseClick(dialog->findChild<QCheckBox *>(QStringLiteral("cleanJoin")),
+                          Qt::LeftButton, {}, QPoint(5, 8));
+        QTRY_VERIFY(textOf(dialog, "cleanFigures").contains(QStringLiteral("Outlines: 4 → 2")));
+        QTest::mouseClick(dialog->findChild<QCheckBox *>(QStringLiteral("cleanDoubles")),
+                          Qt::LeftButton, {}, QPoint(5, 8));
+        QTRY_VERIFY(textOf(dialog, "cleanFigures").contains(QStringLiteral("Outlines: 4 → 1")));
+        QVERIFY(
+            textOf(dialog, "cleanFigures").contains(QStringLiteral("Drawn twice: 1 pieces, 10")));
+        press(dialog, QDialogButtonBox::Ok);
+        const auto items = studio::shapeItemsOf(*studio->document().scene());
+        QCOMPARE(items.size(), 1);
+        const QVector<vectorkit::VectorPath> outlines = hostkit::outlinesOf(*items.first());
+        QCOMPARE(outlines.size(), 1);
+        QVERIFY(outlines.first().isClosed());
+        QCOMPARE(studio->stack().count(), 1);
+        const vectorkit::CleanOptions kept = studio::rememberedCleaning();
+        QCOMPARE(kept.joinMm, 0.05);
+        QVERIFY(kept.dropDoubles && !kept.weld && !kept.order);
+        // What comes in without the dialog is cleaned as well.
+        studio->edit().undo();
+        QVERIFY(studio->ids().isEmpty());
+        QCOMPARE(studio->window->importFiles({studio->path("loose.svg")}), 1);
+        QCOMPARE(studio->ids().size(), 1);
+    }
+
+    void cleaning_followsTheSize()
+    {
+        // Ends 0.2 mm apart: too far at true size, near enough at a tenth of it.
+        const QByteArray gap =
+            "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"50mm\" height=\"50mm\" "
+            "viewBox=\"0 0 50 50\" fill=\"none\" stroke=\"red\"><path d=\"M0 0H40V30\"/>"
+            "<path d=\"M40 30.2L0 30V0\"/></svg>";
+        vectorkit::CleanOptions join;
+        join.joinMm = 0.05;
+        studio::rememberCleaning(join);
+        studio->window->offerFile(studio->write("gap.svg", gap));
+        QCoreApplication::processEvents();
+        auto *dialog = studio->window->findChild<studio::ImportDialog *>();
+        QVERIFY(textOf(dialog, "cleanFigures").contains(QStringLiteral("Outlines: 2 → 1")));
+        QVERIFY(!textOf(dialog, "cleanFigures").contains(QStringLiteral("closed")));
+        enter(size(dialog, "importWidth"), "4");
+        press(dialog, QDialogButtonBox::Ok); // at once: it must not take what stood there before
+        const auto items = studio::shapeItemsOf(*studio->document().scene());
+        QCOMPARE(items.size(), 1);
+        QVERIFY(hostkit::outlinesOf(*items.first()).first().isClosed());
     }
 
     void clipboard_svg_isOffered()

@@ -33,6 +33,38 @@ cat "$scratch/cmake-host.out"
 cmp "$scratch/cmake-host.out" "$scratch/pkg-config-host.out"
 cmp "$scratch/cmake-host.out" "$example/expected-output.txt"
 
+echo "-- the other examples, by the package's components"
+cat >"$scratch/CMakeLists.txt" <<END
+cmake_minimum_required(VERSION 3.16)
+project(examples LANGUAGES CXX)
+foreach(example IN ITEMS own-kind property-grid batch kiosk laser)
+  add_subdirectory("$source/examples/\${example}" \${example})
+endforeach()
+END
+cmake -G Ninja -S "$scratch" -B "$scratch/examples" -DCMAKE_PREFIX_PATH="$prefix" >"$scratch/cmake.log"
+cmake --build "$scratch/examples" >>"$scratch/cmake.log" || { cat "$scratch/cmake.log" >&2; exit 1; }
+"$source/examples/own-kind/check.sh" "$scratch/examples/own-kind/own-kind" \
+    "$source/examples/own-kind/expected-output.txt"
+# A kiosk marks each number once, and the drawing on the disk is ahead of what was marked.
+# Without its stroke fonts, which a program finds in "font" beside it, it marks nothing.
+cp "$source/samples/text.ztd" "$source/samples/plate.ztd" "$scratch"
+kiosk=$scratch/examples/kiosk
+if "$kiosk/kiosk" "$scratch/text.ztd" 1 >"$scratch/kiosk.out" 2>"$scratch/kiosk.err"; then exit 1; fi
+[ ! -s "$scratch/kiosk.out" ]
+grep -q 'these fonts are missing: .*hershey-simplex.shx' "$scratch/kiosk.err"
+if [ -e "$prefix/bin/font/gb-strokes.shx" ]; then
+    ln -s "$prefix/bin/font" "$kiosk/font"
+    "$kiosk/kiosk" "$scratch/text.ztd" 2 >"$scratch/kiosk.out"
+    sed -n 1p "$scratch/kiosk.out" | grep -q '^marked 9 objects: SN-0001'
+    sed -n 2p "$scratch/kiosk.out" | grep -q '^marked 9 objects: SN-0002'
+    "$prefix/bin/ztmark" info "$scratch/text.ztd" | grep -q '"SN-0003'
+fi
+"$scratch/examples/batch/batch" "$scratch/plate.ztd" | grep -q '/plate.ztd.nc: [0-9]* pieces, [0-9.]* s$'
+grep -q '^G21' "$scratch/plate.ztd.nc"
+if "$scratch/examples/batch/batch" "$scratch/none.ztd" 2>"$scratch/batch.err"; then exit 1; fi
+grep -q 'none.ztd: ' "$scratch/batch.err"
+"$scratch/examples/laser/laser" "$scratch/plate.ztd" --once | grep -q ' pieces marked in [0-9.]* s$'
+
 echo "-- the installed command line"
 [ "$("$prefix/bin/ztmark" --version)" = "ztmark $version" ]
 

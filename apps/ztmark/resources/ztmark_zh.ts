@@ -180,26 +180,6 @@ simplify=长度、arcs=长度、weld、order，用逗号分隔</translation>
         <translation>生成 QR 码、Data Matrix 或一维条码</translation>
     </message>
     <message>
-        <source>In the content, {serial} or {} is the place of the serial number and {date} or
-{date:yyyy-MM-dd} that of the date; \n is a line feed, \\ a backslash, \{ a brace.
-A content that the symbology cannot hold is refused, and nothing is written.
-
-Examples:
-  ztmark code datamatrix SN-0001 --module 0.5mm --hatch line --spacing 0.05mm -o sn.svg
-  ztmark code ean13 400638133393 --text below --hatch line --spacing 0.05mm -o ean.svg
-  ztmark code qr &quot;SN-{serial}&quot; --serial start=1,width=4 --parts 50 -o sn.json
-  ztmark code --list</source>
-        <translation>内容中，{serial} 或 {} 是序列号的位置，{date} 或 {date:yyyy-MM-dd} 是日期的位置；
-\n 表示换行，\\ 表示反斜杠，\{ 表示花括号。
-码制无法容纳的内容会被拒绝，并且不写出任何文件。
-
-示例：
-  ztmark code datamatrix SN-0001 --module 0.5mm --hatch line --spacing 0.05mm -o sn.svg
-  ztmark code ean13 400638133393 --text below --hatch line --spacing 0.05mm -o ean.svg
-  ztmark code qr &quot;SN-{serial}&quot; --serial start=1,width=4 --parts 50 -o sn.json
-  ztmark code --list</translation>
-    </message>
-    <message>
         <source>Kind of code, as --list tells</source>
         <translation>码制，见 --list</translation>
     </message>
@@ -208,62 +188,8 @@ Examples:
         <translation>条码的内容</translation>
     </message>
     <message>
-        <source>Width of a module, the narrowest bar</source>
-        <translation>模块的宽度，即最窄条的宽度</translation>
-    </message>
-    <message>
-        <source>Width of the code without its quiet zone</source>
-        <translation>条码的宽度，不含静区</translation>
-    </message>
-    <message>
-        <source>Height of the bars of a bar code</source>
-        <translation>一维条码中条的高度</translation>
-    </message>
-    <message>
-        <source>Error correction, 1 to 4 in QR and Aztec, 1 to 9 in PDF417</source>
-        <translation>纠错等级，QR 和 Aztec 为 1 到 4，PDF417 为 1 到 9</translation>
-    </message>
-    <message>
-        <source>Size by its number in the symbology; else the smallest</source>
-        <translation>按码制中的编号选择尺寸；缺省取最小</translation>
-    </message>
-    <message>
-        <source>A Data Matrix that is not square</source>
-        <translation>非正方形的 Data Matrix</translation>
-    </message>
-    <message>
-        <source>Add the check digit that Code 39, Codabar and i25 may have</source>
-        <translation>加上 Code 39、Codabar 和 i25 可选的校验位</translation>
-    </message>
-    <message>
-        <source>What is marked: merged (outlines of dark areas), squares, dots, bars
-or lines</source>
-        <translation>标刻方式：merged（深色区域的轮廓）、squares、dots、bars
-或 lines</translation>
-    </message>
-    <message>
-        <source>Mark what is light, for dark material</source>
-        <translation>标刻浅色部分，用于深色材料</translation>
-    </message>
-    <message>
-        <source>Width of the beam, taken off each dark area</source>
-        <translation>光束宽度，从每个深色区域中减去</translation>
-    </message>
-    <message>
-        <source>Text for people: none, above or below the code</source>
-        <translation>供人识读的文字：none 无、above 在码上方或 below 在码下方</translation>
-    </message>
-    <message>
-        <source>Height of its capital letters</source>
-        <translation>其大写字母的高度</translation>
-    </message>
-    <message>
         <source>Read the code back from its marks; what reads otherwise fails</source>
         <translation>从标刻结果回读条码；读出内容不符即失败</translation>
-    </message>
-    <message>
-        <source>Width of the beam for --verify; else the spacing of the hatch</source>
-        <translation>--verify 所用的光束宽度；缺省为填充间距</translation>
     </message>
     <message>
         <source>Serial number: start=1,step=1,last=99,width=4,base=10 or some of them</source>
@@ -276,10 +202,6 @@ or lines</source>
     <message>
         <source>&quot;%1&quot; is no symbology, ztmark code --list tells them</source>
         <translation>“%1”不是码制，可用 ztmark code --list 查看</translation>
-    </message>
-    <message>
-        <source>cannot be given together with --module</source>
-        <translation>不能与 --module 同时给出</translation>
     </message>
     <message>
         <source>all parts would be the same without --serial or {serial}</source>
@@ -312,14 +234,6 @@ or lines</source>
     <message>
         <source>the marks read as nothing: outlines alone are no code, give --hatch</source>
         <translation>标刻结果无法读出：只有轮廓不成条码，请给出 --hatch</translation>
-    </message>
-    <message>
-        <source>the code is mirrored</source>
-        <translation>条码是镜像的</translation>
-    </message>
-    <message>
-        <source>the marks read as &quot;%1&quot;, not as &quot;%2&quot;</source>
-        <translation>标刻结果读作“%1”，而不是“%2”</translation>
     </message>
     <message>
         <source>Code:</source>
@@ -360,22 +274,6 @@ or lines</source>
     <message>
         <source>Tell all symbologies, or more about one: what it can hold</source>
         <translation>列出所有码制，或详细说明一种：能容纳什么</translation>
-    </message>
-    <message>
-        <source>cannot be given together with --size</source>
-        <translation>不能与 --size 同时给出</translation>
-    </message>
-    <message>
-        <source>%1 has no bars, it is as high as its modules</source>
-        <translation>%1 没有条，其高度由模块决定</translation>
-    </message>
-    <message>
-        <source>%1 has bars, which are no dots</source>
-        <translation>%1 由条组成，不能是点</translation>
-    </message>
-    <message>
-        <source>nothing without --text</source>
-        <translation>没有 --text 时无作用</translation>
     </message>
     <message>
         <source>nothing without --verify</source>
@@ -428,6 +326,74 @@ or lines</source>
     <message>
         <source>no</source>
         <translation>否</translation>
+    </message>
+    <message>
+        <source>Character sets:</source>
+        <translation>字符集：</translation>
+    </message>
+    <message>
+        <source>Check digit:</source>
+        <translation>校验位：</translation>
+    </message>
+    <message>
+        <source>Columns:</source>
+        <translation>列数：</translation>
+    </message>
+    <message>
+        <source>Escapes:</source>
+        <translation>转义：</translation>
+    </message>
+    <message>
+        <source>In the content, {serial} or {} is the place of the serial number and {date} or
+{date:yyyy-MM-dd} that of the date; \n is a line feed, \\ a backslash, \{ a brace.
+With --escapes \G and \R separate groups and records, \E ends a message, \xHH and \uHHHH
+are characters by their numbers, \t \r \e \0 \a \b \f \v as programmers know them.
+The digits of EAN and UPC stand under their bars, unless characters are given a spacing.
+A content that the symbology cannot hold is refused, and nothing is written.
+
+Examples:
+  ztmark code datamatrix SN-0001 --module 0.5mm --hatch line --spacing 0.05mm -o sn.svg
+  ztmark code ean13 400638133393 --text below --hatch line --spacing 0.05mm -o ean.svg
+  ztmark code datamatrix &quot;[)&gt;\R06\G17VABC\GSSN-1\R\E&quot; --escapes -o dm.svg
+  ztmark code qr &quot;SN-{serial}&quot; --serial start=1,width=4 --parts 50 -o sn.json
+  ztmark code --list</source>
+        <translation>内容中，{serial} 或 {} 是序列号的位置，{date} 或 {date:yyyy-MM-dd} 是日期的位置；
+\n 表示换行，\\ 表示反斜杠，\{ 表示花括号。
+给出 --escapes 时，\G 和 \R 分隔组和记录，\E 结束报文，\xHH 和 \uHHHH 是以编号
+表示的字符，\t \r \e \0 \a \b \f \v 与编程中相同。
+EAN 和 UPC 的数字位于各自的条下，除非字符另有间距。
+码制无法容纳的内容会被拒绝，并且不写出任何文件。
+
+示例：
+  ztmark code datamatrix SN-0001 --module 0.5mm --hatch line --spacing 0.05mm -o sn.svg
+  ztmark code ean13 400638133393 --text below --hatch line --spacing 0.05mm -o ean.svg
+  ztmark code datamatrix &quot;[)&gt;\R06\G17VABC\GSSN-1\R\E&quot; --escapes -o dm.svg
+  ztmark code qr &quot;SN-{serial}&quot; --serial start=1,width=4 --parts 50 -o sn.json
+  ztmark code --list</translation>
+    </message>
+    <message>
+        <source>Masks:</source>
+        <translation>掩模：</translation>
+    </message>
+    <message>
+        <source>Rectangular:</source>
+        <translation>矩形：</translation>
+    </message>
+    <message>
+        <source>as wanted</source>
+        <translation>可选</translation>
+    </message>
+    <message>
+        <source>by itself</source>
+        <translation>自动</translation>
+    </message>
+    <message>
+        <source>its own</source>
+        <translation>自有</translation>
+    </message>
+    <message>
+        <source>Width of the beam for --verify; else the growth, or the spacing of the hatch</source>
+        <translation>--verify 用的光束宽度；否则用扣除的宽度，或填充线的间距</translation>
     </message>
 </context>
 <context>
@@ -1348,6 +1314,16 @@ given several times</source>
         <translation>笔，JSON 文件；不给出时用图纸自带的笔，否则全部为 50 %、
 500 mm/s，或机器的最高速度</translation>
     </message>
+    <message>
+        <source>Write also what does not show what it was given, such as a code that cannot
+hold its content</source>
+        <translation>也写出没有显示给定内容的图形，例如容纳不下其内容的
+条码</translation>
+    </message>
+    <message>
+        <source>nothing written: what does not show what it was given is written with --as-shown alone</source>
+        <translation>没有写出：没有显示给定内容的图形只有用 --as-shown 才写出</translation>
+    </message>
 </context>
 <context>
     <name>JobSource</name>
@@ -1382,6 +1358,10 @@ given several times</source>
     <message>
         <source>%1: %2</source>
         <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>warning: %1</source>
+        <translation>警告：%1</translation>
     </message>
 </context>
 <context>
@@ -1618,22 +1598,6 @@ Examples:
         <translation>要标刻的文字</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; names no font, write REGULAR.shx,BIG.shx</source>
-        <translation>“%1”没有字体名称，请写 常规字体.shx,大字体.shx</translation>
-    </message>
-    <message>
-        <source>Stroke fonts, the big one for Chinese; without it the first one found</source>
-        <translation>单线字体，大字体用于汉字；不写大字体则取找到的第一个</translation>
-    </message>
-    <message>
-        <source>Family of a system font; else the system&apos;s usual font</source>
-        <translation>系统字体名称；缺省为系统常用字体</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; names no font</source>
-        <translation>“%1”没有字体名称</translation>
-    </message>
-    <message>
         <source>Space added between characters</source>
         <translation>字符之间增加的间距</translation>
     </message>
@@ -1667,10 +1631,6 @@ base 也可以是 16 和 26（字母）。没有给出位置时放在最后一�
         <translation>写出的份数，1 到 10000，每份有自己的序列号</translation>
     </message>
     <message>
-        <source>cannot be given together with --font-pair</source>
-        <translation>不能与 --font-pair 同时给出</translation>
-    </message>
-    <message>
         <source>stroke fonts are not hatched</source>
         <translation>单线字体不能填充</translation>
     </message>
@@ -1697,10 +1657,6 @@ base 也可以是 16 和 26（字母）。没有给出位置时放在最后一�
     <message>
         <source>&quot;%1&quot; is named twice</source>
         <translation>“%1”给出了两次</translation>
-    </message>
-    <message>
-        <source>no system font %1, ztmark font list --system tells them</source>
-        <translation>没有系统字体 %1，可用 ztmark font list --system 查看</translation>
     </message>
     <message>
         <source>the serial number ends after part %1 of %2</source>
@@ -1786,6 +1742,144 @@ base 也可以是 16 和 26（字母）。没有给出位置时放在最后一�
     <message>
         <source>Turns drawings, SVG, DXF and plotter files and texts into mark paths and jobs.</source>
         <translation>把图纸、SVG、DXF、绘图仪文件和文字变成标刻路径和作业。</translation>
+    </message>
+</context>
+<context>
+    <name>CodeArguments</name>
+    <message>
+        <source>&quot;%1&quot; is none of %2&apos;s: %3</source>
+        <translation>&quot;%1&quot; 不是 %2 的等级：%3</translation>
+    </message>
+    <message>
+        <source>%1 has bars, which are no dots</source>
+        <translation>%1 由条组成，不能是点</translation>
+    </message>
+    <message>
+        <source>%1 has no bars, it is as high as its modules</source>
+        <translation>%1 没有条，其高度由模块决定</translation>
+    </message>
+    <message>
+        <source>A Data Matrix that is not square</source>
+        <translation>非正方形的 Data Matrix</translation>
+    </message>
+    <message>
+        <source>Add the check digit that Code 39, Codabar and i25 may have</source>
+        <translation>加上 Code 39、Codabar 和 i25 可选的校验位</translation>
+    </message>
+    <message>
+        <source>Character set that the code names: auto, utf8, or gbk for Chinese</source>
+        <translation>条码注明的字符集：auto、utf8，或用于中文的 gbk</translation>
+    </message>
+    <message>
+        <source>Columns of PDF417, 1 to 30, or Micro PDF417, 1 to 4</source>
+        <translation>PDF417 的列数 1 到 30，Micro PDF417 的 1 到 4</translation>
+    </message>
+    <message>
+        <source>Diameter of a dot in % of the module, 1 to 100</source>
+        <translation>圆点直径占模块的百分比，1 到 100</translation>
+    </message>
+    <message>
+        <source>Error correction: L, M, Q or H in QR codes, 1 to 4 in Aztec, 1 to
+9 in PDF417</source>
+        <translation>纠错等级：QR 码为 L、M、Q 或 H，Aztec 为 1 到 4，
+PDF417 为 1 到 9</translation>
+    </message>
+    <message>
+        <source>Height of its capital letters</source>
+        <translation>其大写字母的高度</translation>
+    </message>
+    <message>
+        <source>Height of the bars of a bar code</source>
+        <translation>一维条码中条的高度</translation>
+    </message>
+    <message>
+        <source>In the content, \G \R \E \xHH and others are control characters</source>
+        <translation>内容中的 \G \R \E \xHH 等是控制字符</translation>
+    </message>
+    <message>
+        <source>Mark what is light, for dark material</source>
+        <translation>标刻浅色部分，用于深色材料</translation>
+    </message>
+    <message>
+        <source>Mask of a QR code, 0 to 7, or Micro QR, 0 to 3; else the best</source>
+        <translation>QR 码的掩模 0 到 7，Micro QR 的 0 到 3；否则取最好的</translation>
+    </message>
+    <message>
+        <source>Size by its number in the symbology; else the smallest</source>
+        <translation>按码制中的编号选择尺寸；缺省取最小</translation>
+    </message>
+    <message>
+        <source>Space added between its characters</source>
+        <translation>字符之间增加的间距</translation>
+    </message>
+    <message>
+        <source>Text for people: none, above or below the code</source>
+        <translation>供人识读的文字：none 无、above 在码上方或 below 在码下方</translation>
+    </message>
+    <message>
+        <source>What is marked: merged (outlines of dark areas), squares, dots, points
+(one a module), bars or lines</source>
+        <translation>标刻什么：merged（深色区域的轮廓）、squares、dots、points
+（每个模块一个）、bars 或 lines</translation>
+    </message>
+    <message>
+        <source>Width of a module, the narrowest bar</source>
+        <translation>模块的宽度，即最窄条的宽度</translation>
+    </message>
+    <message>
+        <source>Width of the beam, taken off each dark area</source>
+        <translation>光束宽度，从每个深色区域中减去</translation>
+    </message>
+    <message>
+        <source>Width of the code without its quiet zone</source>
+        <translation>条码的宽度，不含静区</translation>
+    </message>
+    <message>
+        <source>cannot be given together with --module</source>
+        <translation>不能与 --module 同时给出</translation>
+    </message>
+    <message>
+        <source>cannot be given together with --size</source>
+        <translation>不能与 --size 同时给出</translation>
+    </message>
+    <message>
+        <source>nothing without --style dots</source>
+        <translation>没有 --style dots 就没有作用</translation>
+    </message>
+    <message>
+        <source>nothing without --text</source>
+        <translation>没有 --text 时无作用</translation>
+    </message>
+    <message>
+        <source>single lines, points and stroke fonts have no hatch</source>
+        <translation>单线、点和单线字体没有填充</translation>
+    </message>
+</context>
+<context>
+    <name>FontArguments</name>
+    <message>
+        <source>&quot;%1&quot; names no font</source>
+        <translation>“%1”没有字体名称</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; names no font, write REGULAR.shx,BIG.shx</source>
+        <translation>“%1”没有字体名称，请写 常规字体.shx,大字体.shx</translation>
+    </message>
+    <message>
+        <source>Family of a system font; else the system&apos;s usual font</source>
+        <translation>系统字体名称；缺省为系统常用字体</translation>
+    </message>
+    <message>
+        <source>Stroke fonts, the big one for Chinese; without it the first one found</source>
+        <translation>单线字体，大字体用于汉字；不写大字体则取找到的第一个</translation>
+    </message>
+    <message>
+        <source>cannot be given together with --font-pair</source>
+        <translation>不能与 --font-pair 同时给出</translation>
+    </message>
+    <message>
+        <source>no system font %1, ztmark font list --system tells them</source>
+        <translation>没有系统字体 %1，可用 ztmark font list --system 查看</translation>
     </message>
 </context>
 </TS>

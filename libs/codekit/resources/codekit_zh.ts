@@ -60,10 +60,6 @@
         <translation>任意文本；最多 7,089 位数字、4,296 个大写字母或 2,953 字节</translation>
     </message>
     <message>
-        <source>any text; up to 35 digits, 21 capitals or 15 bytes</source>
-        <translation>任意文本；最多 35 位数字、21 个大写字母或 15 字节</translation>
-    </message>
-    <message>
         <source>any text; up to 361 digits, 219 capitals or 150 bytes</source>
         <translation>任意文本；最多 361 位数字、219 个大写字母或 150 字节</translation>
     </message>
@@ -82,10 +78,6 @@
     <message>
         <source>any text; up to 366 digits, 250 letters or 150 bytes</source>
         <translation>任意文本；最多 366 位数字、250 个字母或 150 字节</translation>
-    </message>
-    <message>
-        <source>letters, digits and signs of Latin-1; up to 60 characters or 120 digits</source>
-        <translation>Latin-1 的字母、数字和符号；最多 60 个字符或 120 位数字</translation>
     </message>
     <message>
         <source>capitals, digits, space and - . $ / + %; up to 85 characters</source>
@@ -164,10 +156,6 @@
         <translation>%2 的%1为 %3 至 %4，不是 %5</translation>
     </message>
     <message>
-        <source>the error correction</source>
-        <translation>纠错等级</translation>
-    </message>
-    <message>
         <source>the size</source>
         <translation>尺寸</translation>
     </message>
@@ -182,10 +170,6 @@
     <message>
         <source>the content is too long for %1: %2</source>
         <translation>内容对 %1 太长：%2</translation>
-    </message>
-    <message>
-        <source>a check digit is wrong</source>
-        <translation>校验位有误</translation>
     </message>
     <message>
         <source>%1 cannot be made with these settings</source>
@@ -266,6 +250,66 @@
     <message>
         <source>cannot be read; it is to say &quot;%1&quot;. Try a larger module or a closer hatch, and keep other shapes out of its quiet zone</source>
         <translation>无法读出；应为“%1”。请加大模块或加密填充，并让其他图形离开其静区</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no escape: \n \r \t \e \G \R \E \xHH \uHHHH are, and \\ is a backslash</source>
+        <translation>&quot;%1&quot; 不是转义：可用 \n \r \t \e \G \R \E \xHH \uHHHH，\\ 是一个反斜杠</translation>
+    </message>
+    <message>
+        <source>%1 has no control characters, so that there is nothing to escape</source>
+        <translation>%1 没有控制字符，无可转义</translation>
+    </message>
+    <message>
+        <source>%1 leaves no choice of a character set</source>
+        <translation>%1 不能选择字符集</translation>
+    </message>
+    <message>
+        <source>GS1 has no control characters</source>
+        <translation>GS1 没有控制字符</translation>
+    </message>
+    <message>
+        <source>all ASCII characters; up to 60, or 120 digits</source>
+        <translation>全部 ASCII 字符；最多 60 个，或 120 位数字</translation>
+    </message>
+    <message>
+        <source>character %1 of the value of (%2) is not allowed there</source>
+        <translation>(%2) 的值的第 %1 个字符不允许</translation>
+    </message>
+    <message>
+        <source>the check digit of (%1) is %2, not %3</source>
+        <translation>(%1) 的校验位是 %2，不是 %3</translation>
+    </message>
+    <message>
+        <source>the content has half of a character, which no code can hold</source>
+        <translation>内容含有半个字符，任何条码都不能容纳</translation>
+    </message>
+    <message>
+        <source>the error correction of %1 is one of %2</source>
+        <translation>%1 的纠错等级是 %2 之一</translation>
+    </message>
+    <message>
+        <source>the number of columns</source>
+        <translation>列数</translation>
+    </message>
+    <message>
+        <source>the value of (%1) is no date or time</source>
+        <translation>(%1) 的值不是日期或时间</translation>
+    </message>
+    <message>
+        <source>the value of (%1) is not as long as it has to be</source>
+        <translation>(%1) 的值长度不对</translation>
+    </message>
+    <message>
+        <source>there is no application identifier (%1)</source>
+        <translation>没有应用标识符 (%1)</translation>
+    </message>
+    <message>
+        <source>%1 has no &quot;%2&quot; that every scanner reads: use Data Matrix or QR</source>
+        <translation>%1 没有所有扫描器都能读的 &quot;%2&quot;：请用 Data Matrix 或 QR</translation>
+    </message>
+    <message>
+        <source>all ASCII characters; up to 35 digits, 21 capitals or 15 characters</source>
+        <translation>全部 ASCII 字符；最多 35 位数字、21 个大写字母或 15 个字符</translation>
     </message>
 </context>
 </TS>

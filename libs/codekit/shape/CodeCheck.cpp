@@ -23,10 +23,16 @@ QTransform levelled(const CodeItem &item, const hostkit::MarkUnits &units)
            QTransform().rotateRadians(-angleRad);
 }
 
+/** The beam that was taken off the dark areas, else what closes them. */
 double usualBeamMm(const CodeItem &item)
 {
-    if (item.code().form().style == CodeStyle::BarLines)
+    const CodeForm &form = item.code().form();
+    if (form.growthMm > 0.0)
+        return form.growthMm * item.moduleMm() / form.moduleMm;
+    if (form.style == CodeStyle::BarLines)
         return item.moduleMm();
+    if (form.style == CodeStyle::Points)
+        return item.moduleMm() * form.dotShare;
     const ZTFillParam fill = item.getFillParam();
     return fill.fillType != FillType::None && fill.spac > 0.0 ? fill.spac : kUsualBeamMm;
 }
@@ -113,36 +119,52 @@ QRectF codeFieldPx(const CodeItem &item)
     return item.sceneBoundingRect().adjusted(-quietPx, -quietPx, quietPx, quietPx);
 }
 
-CodeReading readCode(const CodeItem &item, const CodeSurroundings &around)
+CodeScan scanOf(const CodeItem &item, const CodeSurroundings &around)
 {
     const CodeSymbol &symbol = item.code().symbol();
+    CodeScan scan;
+    scan.kind = symbol.kind;
+    scan.isReady = item.code().notReadyReason().isEmpty() && symbol.columns > 0;
+    scan.expected = scan.isReady ? symbol.reads : item.text();
+    if (!scan.isReady || !canReadBack(scan.kind))
+        return scan;
+    scan.moduleMm = item.moduleMm();
+    // Bars, Aztec and PDF417 are read either way round.
+    scan.isMirrored = item.code().getTransformParam().determinant() < 0.0;
+    scan.marks.linesMm = linesOf(item, around);
+    scan.marks.beamMm = around.beamMm > 0.0 ? around.beamMm : usualBeamMm(item);
+    scan.marks.isInverse = item.code().form().isInverse;
+    scan.marks.quietMm = kQuietModules * item.moduleMm();
+    return scan;
+}
+
+CodeReading readScan(const CodeScan &scan, const std::atomic<bool> *isGivenUp)
+{
     CodeReading reading;
-    reading.expected = symbol.reads;
-    if (!item.code().notReadyReason().isEmpty() || symbol.columns == 0) {
+    reading.expected = scan.expected;
+    if (!scan.isReady) {
         reading.verdict = CodeVerdict::NotReady;
-        reading.expected = item.text();
         return reading;
     }
-    if (!canReadBack(symbol.kind)) {
+    if (!canReadBack(scan.kind)) {
         reading.verdict = CodeVerdict::NoReader;
         return reading;
     }
-    MarkedLines marks;
-    marks.linesMm = linesOf(item, around);
-    marks.beamMm = around.beamMm > 0.0 ? around.beamMm : usualBeamMm(item);
-    marks.isInverse = item.code().form().isInverse;
-    marks.quietMm = kQuietModules * item.moduleMm();
-    // Bars, Aztec and PDF417 are read either way round.
-    const bool isMirrored = item.code().getTransformParam().determinant() < 0.0;
-    const ReadCode read = readMarks(marks, symbol.kind, item.moduleMm());
+    const ReadCode read = readMarks(scan.marks, scan.kind, scan.moduleMm, isGivenUp);
     reading.read = read.text;
     if (!read.isRead)
         reading.verdict = CodeVerdict::Nothing;
-    else if (!isSameContent(symbol.kind, read.text, symbol.reads))
+    else if (!isSameContent(scan.kind, read.text, scan.expected))
         reading.verdict = CodeVerdict::Different;
     else
-        reading.verdict = read.isMirrored || isMirrored ? CodeVerdict::Mirrored : CodeVerdict::Good;
+        reading.verdict =
+            read.isMirrored || scan.isMirrored ? CodeVerdict::Mirrored : CodeVerdict::Good;
     return reading;
+}
+
+CodeReading readCode(const CodeItem &item, const CodeSurroundings &around)
+{
+    return readScan(scanOf(item, around));
 }
 
 QString describe(const CodeReading &reading)

@@ -31,11 +31,29 @@ struct CodeSurroundings
     ZTMarkObject marks;           ///< of the code
     QVector<ZTMarkObject> others; ///< of other shapes: what lies over the code or its quiet zone
     hostkit::MarkUnits units;
-    double beamMm = 0.0; ///< 0: the spacing of the code's hatch; its module for single lines;
-                         ///< 0.05 mm for outlines alone
+    double beamMm = 0.0; ///< 0: the code's growth; without one the spacing of its hatch, its module
+                         ///< for single lines, a dot's share of it for points, 0.05 mm for
+                         ///< outlines alone
 };
 
-/** Reads a code back from the final marks, as the beam leaves them. */
+/** A code as it is to be read: a value, so that it can be read in another thread. */
+struct CodeScan
+{
+    MarkedLines marks;
+    CodeKind kind = CodeKind::DataMatrix;
+    double moduleMm = 0.0;
+    bool isMirrored = false; ///< by its shape's transform
+    bool isReady = true;     ///< its marks are those of what was asked for
+    QString expected;        ///< what it is to say
+};
+
+/** What is to be read of a code. Order: GUI thread. */
+CodeScan scanOf(const CodeItem &item, const CodeSurroundings &around);
+
+/** Reads a code. Any thread; `isGivenUp` as `readMarks` has it. */
+CodeReading readScan(const CodeScan &scan, const std::atomic<bool> *isGivenUp = nullptr);
+
+/** Reads a code back from the final marks, as the beam leaves them. Order: GUI thread. */
 CodeReading readCode(const CodeItem &item, const CodeSurroundings &around);
 
 /**

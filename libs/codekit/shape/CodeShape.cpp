@@ -49,17 +49,6 @@ QPainterPath strokesOf(const CodeMarks &marks)
     return strokes;
 }
 
-/** Where the text for people stands: in the middle, a module away from the code's field. */
-QPointF placeOf(const QRectF &textMm, const CodeMarks &marks, const CodeForm &form,
-                HumanPlace place)
-{
-    const double left = marks.symbolMm.center().x() - textMm.width() / 2.0;
-    const double top = place == HumanPlace::Below
-                           ? marks.fieldMm.bottom() + form.moduleMm
-                           : marks.fieldMm.top() - form.moduleMm - textMm.height();
-    return QPointF(left, top) - textMm.topLeft();
-}
-
 } // namespace
 
 ShapeType shapeTypeOf(CodeKind kind)
@@ -139,11 +128,10 @@ bool CodeShape::draw(const CodeSettings &settings, const QString &content, Drawn
     made.strokes = strokesOf(marks);
     if (settings.human.place != HumanPlace::None) {
         HumanTextPath letters;
-        if (!layOutHumanText(settings.human, made.symbol.humanText, &letters, reason))
+        if (!layOutCodeText(settings.human, made.symbol, made.form, marks, &letters, reason))
             return false;
-        const QPointF by = placeOf(letters.boxMm, marks, made.form, settings.human.place);
-        made.areas.addPath(letters.outlines.translated(by));
-        made.strokes.addPath(letters.strokes.translated(by));
+        made.areas.addPath(letters.outlines);
+        made.strokes.addPath(letters.strokes);
     }
     *drawn = made;
     return true;

@@ -1,10 +1,13 @@
 #include <codekit/shape/HumanTextPath.h>
 
+#include <codekit/shape/RetailText_p.h>
+
 #include <hostkit/items/TextItem.h>
 #include <hostkit/text/FontPresence.h>
 #include <hostkit/text/StrokeFont.h>
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QHash>
 
 #include <algorithm>
 
@@ -52,6 +55,53 @@ QString missingFont(const HumanText &how)
     return {};
 }
 
+void addMoved(const HumanTextPath &letters, const QPointF &by, HumanTextPath *all)
+{
+    all->outlines.addPath(letters.outlines.translated(by));
+    all->strokes.addPath(letters.strokes.translated(by));
+    all->boxMm |= letters.boxMm.translated(by);
+}
+
+/** The digits of a code that each have a place, as they are drawn; empty where one is too wide. */
+using DrawnDigits = QHash<QChar, HumanTextPath>;
+
+bool drawDigits(const HumanText &how, const QVector<RetailDigit> &digits, DrawnDigits *drawn,
+                QString *reason)
+{
+    for (const RetailDigit &place : digits) {
+        if (drawn->contains(place.digit))
+            continue;
+        HumanTextPath digit;
+        if (!layOutHumanText(how, QString(place.digit), &digit, reason))
+            return false;
+        drawn->insert(place.digit, digit);
+    }
+    return true;
+}
+
+bool isNarrow(const DrawnDigits &drawn, double mostMm)
+{
+    return std::all_of(drawn.begin(), drawn.end(), [mostMm](const HumanTextPath &digit) {
+        return digit.boxMm.width() <= mostMm;
+    });
+}
+
+/** The height that digits on one base line take. */
+QRectF lineOf(const DrawnDigits &drawn)
+{
+    QRectF line;
+    for (const HumanTextPath &digit : drawn)
+        line |= digit.boxMm;
+    return line;
+}
+
+/** How far a line of letters is moved down to stand above or below a code. */
+double moveDown(const QRectF &lineMm, const CodeForm &form, const CodeMarks &marks, bool isAbove)
+{
+    return isAbove ? marks.fieldMm.top() - form.moduleMm - lineMm.bottom()
+                   : marks.fieldMm.bottom() + form.moduleMm - lineMm.top();
+}
+
 } // namespace
 
 bool layOutHumanText(const HumanText &how, const QString &text, HumanTextPath *path,
@@ -80,6 +130,39 @@ bool layOutHumanText(const HumanText &how, const QString &text, HumanTextPath *p
     if (letterPath.isEmpty()) {
         *reason = tr("the text below or above the code leaves no lines in this font");
         return false;
+    }
+    *path = made;
+    return true;
+}
+
+bool layOutCodeText(const HumanText &how, const CodeSymbol &symbol, const CodeForm &form,
+                    const CodeMarks &marks, HumanTextPath *path, QString *reason)
+{
+    constexpr double kDigitModules = 7.0;
+    const bool isAbove = how.place == HumanPlace::Above;
+    const QVector<RetailDigit> digits =
+        how.charSpacingMm == 0.0 ? retailDigits(symbol) : QVector<RetailDigit>();
+    DrawnDigits drawn;
+    HumanTextPath made;
+    if (!drawDigits(how, digits, &drawn, reason))
+        return false;
+    if (!digits.isEmpty() && isNarrow(drawn, kDigitModules * form.moduleMm)) {
+        const QRectF line = lineOf(drawn);
+        for (const RetailDigit &place : digits) {
+            const HumanTextPath &digit = drawn[place.digit];
+            addMoved(digit,
+                     {place.centreModules * form.moduleMm - digit.boxMm.center().x(),
+                      moveDown(line, form, marks, isAbove || place.isAddOn)},
+                     &made);
+        }
+    } else {
+        HumanTextPath letters;
+        if (!layOutHumanText(how, symbol.humanText, &letters, reason))
+            return false;
+        addMoved(letters,
+                 {marks.symbolMm.center().x() - letters.boxMm.center().x(),
+                  moveDown(letters.boxMm, form, marks, isAbove)},
+                 &made);
     }
     *path = made;
     return true;

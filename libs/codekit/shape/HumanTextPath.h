@@ -1,5 +1,6 @@
 #pragma once
 
+#include <codekit/CodeMarks.h>
 #include <codekit/shape/CodeSettings.h>
 
 #include <QtGui/QPainterPath>
@@ -23,5 +24,16 @@ struct HumanTextPath
  */
 bool layOutHumanText(const HumanText &how, const QString &text, HumanTextPath *path,
                      QString *reason);
+
+/**
+ * The text for people in its place beside a code, a module away from the code's field: on one line
+ * and in the middle. The digits of EAN and UPC stand under the bars that spell them, and those of
+ * an add-on above, unless characters were given a spacing or are wider than a digit's seven
+ * modules.
+ *
+ * Frame: that of `marks`. Order, Failure: as `layOutHumanText`.
+ */
+bool layOutCodeText(const HumanText &how, const CodeSymbol &symbol, const CodeForm &form,
+                    const CodeMarks &marks, HumanTextPath *path, QString *reason);
 
 } // namespace codekit

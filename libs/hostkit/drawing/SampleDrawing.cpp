@@ -1,6 +1,6 @@
 #include <hostkit/drawing/SampleDrawing.h>
 
-#include <hostkit/drawing/Draughtsman_p.h>
+#include <hostkit/drawing/SampleShapes_p.h>
 
 #include <QtCore/QtMath>
 
@@ -9,7 +9,7 @@ namespace hostkit {
 namespace {
 
 /** A frame of four lines: a rectangle would catch each click inside it. */
-void drawFrame(Draughtsman &draw, const QRectF &rectMm)
+void drawFrame(SampleShapes &draw, const QRectF &rectMm)
 {
     for (const double y : {rectMm.top(), rectMm.bottom()})
         draw.add(ShapeType::Line, {rectMm.left(), y, rectMm.width(), 0}, Black);
@@ -22,7 +22,7 @@ void drawFrame(Draughtsman &draw, const QRectF &rectMm)
     }
 }
 
-void drawPlate(Draughtsman &draw)
+void drawPlate(SampleShapes &draw)
 {
     drawFrame(draw, {-60, -40, 120, 80});
     drawFrame(draw, {-58, -38, 116, 76});
@@ -32,13 +32,13 @@ void drawPlate(Draughtsman &draw)
     }
 }
 
-void drawTitleBlock(Draughtsman &draw)
+void drawTitleBlock(SampleShapes &draw)
 {
     draw.hatch(draw.add(ShapeType::Rect, {-44, -34, 88, 10}, Red), FillType::ULine, 0.8, 30);
     draw.add(ShapeType::Line, {-44, -20, 88, 0}, Red);
 }
 
-void drawDial(Draughtsman &draw)
+void drawDial(SampleShapes &draw)
 {
     constexpr int kSteps = 6;
     constexpr double kHexagonWidth = 0.866; // of its height, standing on a corner
@@ -52,7 +52,7 @@ void drawDial(Draughtsman &draw)
     }
 }
 
-void drawRings(Draughtsman &draw)
+void drawRings(SampleShapes &draw)
 {
     constexpr int kRings = 5;
     for (int i = 0; i < kRings; ++i) {
@@ -64,7 +64,7 @@ void drawRings(Draughtsman &draw)
     draw.hatch(draw.add(ShapeType::Ellipse, {4, 4, 8, 8}, Green), FillType::Line, 0.6, 60);
 }
 
-void drawFields(Draughtsman &draw)
+void drawFields(SampleShapes &draw)
 {
     draw.add(ShapeType::TDOT, {31, -9, 15, 15}, Magenta);
     ZTAbstractGraphicsItem *cell = draw.add(ShapeType::Rect, {31, 11, 3, 3}, Orange);
@@ -77,7 +77,7 @@ void drawFields(Draughtsman &draw)
 void buildSampleDrawing(ZTGraphicsDocument &document)
 {
     document.scene()->clearSelection();
-    Draughtsman draw(document);
+    SampleShapes draw(document);
     drawPlate(draw);
     drawTitleBlock(draw);
     drawDial(draw);

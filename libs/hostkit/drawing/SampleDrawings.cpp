@@ -1,6 +1,6 @@
 #include <hostkit/drawing/SampleDrawings.h>
 
-#include <hostkit/drawing/Draughtsman_p.h>
+#include <hostkit/drawing/SampleShapes_p.h>
 
 #include <QtCore/QIODevice>
 
@@ -16,7 +16,7 @@ QRectF cellMm(int row, int column, double heightMm = kCellMm)
     return {column * kPitchMm - 78.0, row * kPitchMm - 39.0, kCellMm, heightMm};
 }
 
-ZTAbstractGraphicsItem *addGraphic(Draughtsman &draw, QIODevice &plotter, const QRectF &rectMm)
+ZTAbstractGraphicsItem *addGraphic(SampleShapes &draw, QIODevice &plotter, const QRectF &rectMm)
 {
     ZTAbstractGraphicsItem *item = draw.add(ShapeType::VecGraph, rectMm, Green);
     auto *graphic = item != nullptr ? dynamic_cast<ZTVecGraph *>(item->getShapeBase()) : nullptr;
@@ -39,7 +39,7 @@ ZTFillParam zigzagWithoutBorder()
     return fill;
 }
 
-void drawRow(Draughtsman &draw, QIODevice &plotter, int row)
+void drawRow(SampleShapes &draw, QIODevice &plotter, int row)
 {
     const ShapeType kinds[] = {ShapeType::Rect, ShapeType::Ellipse, ShapeType::Polygon,
                                ShapeType::Line, ShapeType::TDOT};
@@ -75,6 +75,7 @@ ZTVariantText serialNumber()
     ZTVariantText text;
     text.setSegments({ZTFixedTextSegment{QStringLiteral("SN-")}, counter,
                       ZTFixedTextSegment{QStringLiteral("  ")}, ZTDateTimeSegment{}});
+    text.update(); // what is shown is the first part, so that the next one has another number
     return text;
 }
 
@@ -93,14 +94,14 @@ ZTRoundingParam arcOf(double diameter)
 void buildShapesSample(ZTGraphicsDocument &document, QIODevice &plotter)
 {
     constexpr int kRows = 4;
-    Draughtsman draw(document);
+    SampleShapes draw(document);
     for (int row = 0; row < kRows; ++row)
         drawRow(draw, plotter, row);
 }
 
 void buildTextSample(ZTGraphicsDocument &document)
 {
-    Draughtsman draw(document);
+    SampleShapes draw(document);
     draw.addText(QStringLiteral("Outlines 0123"), {-70, -60}, 8, Blue);
     draw.hatch(draw.addText(QStringLiteral("Hatched"), {-70, -45}, 12, Red), FillType::Line, 0.3,
                30.0);
@@ -127,7 +128,7 @@ void buildTextSample(ZTGraphicsDocument &document)
 void buildMatrixSample(ZTGraphicsDocument &document)
 {
     constexpr int kSide = 100;
-    Draughtsman draw(document);
+    SampleShapes draw(document);
     ZTAbstractGraphicsItem *cell = draw.add(ShapeType::Rect, {-150, -150, 2, 2}, Blue);
     draw.hatch(cell, FillType::Line, 0.5, 0.0);
     draw.repeat(cell, kSide, kSide, 1.0);

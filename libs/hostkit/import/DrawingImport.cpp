@@ -1,7 +1,10 @@
 #include <hostkit/import/DrawingImport.h>
 
 #include <hostkit/import/ImportParts_p.h>
+#include <hostkit/items/GraphicItems.h>
 #include <hostkit/items/ItemExtras.h>
+
+#include <vectorkit/edit/PainterPaths.h>
 
 #include <QtGui/QFontMetricsF>
 
@@ -19,34 +22,23 @@ using vectorkit::VectorPath;
 using vectorkit::VectorShape;
 using vectorkit::VectorText;
 
-/** The one name behind which the library never looks for a file, so that copies keep theirs. */
-const QString kNoFile = QStringLiteral(".plt");
-
 constexpr int kFontPx = 100;
 
-QPainterPath pathOf(const QVector<VectorPath> &paths, double toleranceMm)
+/** Paths whose curves are straight pieces; with no tolerance they stay as they are. */
+QVector<VectorPath> straightened(const QVector<VectorPath> &paths, double toleranceMm)
 {
-    QPainterPath path;
-    for (const VectorPath &one : paths) {
-        if (toleranceMm > 0.0) {
-            path.addPolygon(one.flattened(toleranceMm));
-            if (one.isClosed())
-                path.closeSubpath();
-        } else {
-            one.addTo(&path);
-        }
+    if (!(toleranceMm > 0.0))
+        return paths;
+    QVector<VectorPath> straight;
+    straight.reserve(paths.size());
+    for (const VectorPath &path : paths) {
+        const bool isClosed = path.isClosed();
+        QVector<QPointF> points = path.flattened(toleranceMm);
+        if (isClosed && points.size() > 1 && points.first() == points.last())
+            points.removeLast();
+        straight.append(VectorPath::polyline(points, isClosed));
     }
-    return path;
-}
-
-/** Box of paths with their curves, null for none. */
-QRectF boxOf(const QVector<VectorPath> &paths)
-{
-    VectorDrawing drawing;
-    drawing.layers.append(VectorLayer());
-    drawing.layers.last().shapes.append(VectorShape());
-    drawing.layers.last().shapes.last().paths = paths;
-    return drawing.boundsMm();
+    return straight;
 }
 
 /** Brings the parts and texts of one drawing into a document. */
@@ -124,20 +116,11 @@ private:
 
     void addPart(const ImportPart &part)
     {
-        ZTVecGraphItemFactory::getInstance()->setPath(kNoFile);
         ZTAbstractGraphicsItem *item =
-            m_document.itemMag()->addShape(ShapeType::VecGraph, {0, 0, 10, 10});
-        auto *graphic =
-            item != nullptr ? dynamic_cast<ZTVecGraph *>(item->getShapeBase()) : nullptr;
-        if (graphic == nullptr)
+            addGraphic(m_document, straightened(part.paths, m_options.toleranceMm),
+                       vectorkit::boundsOf(part.paths).topLeft());
+        if (item == nullptr)
             return;
-        const QRectF boxMm = boxOf(part.paths);
-        QPainterPath path = pathOf(part.paths, m_options.toleranceMm);
-        path.translate(-boxMm.topLeft());
-        graphic->setDrawing(path, kNoFile);
-        // Painted through the item, which tells the scene of the new box.
-        item->setTransformParam(QTransform());
-        item->setPos(ZTCoord::getInstance()->getMm2pixTransform().map(boxMm.topLeft()));
         item->setPenId(part.pen);
         if (m_options.fill && !part.isOpen)
             item->setFillParam(*m_options.fill);

@@ -84,5 +84,10 @@ bool fitDrawing(vectorkit::VectorDrawing *drawing, const QSizeF &sizeMm);
  */
 ImportResult importDrawing(ZTGraphicsDocument &document, const vectorkit::VectorDrawing &drawing,
                            const ImportOptions &options);
+/**
+ * Closed outlines gathered with the holes in them: indices of paths, the outer outline first.
+ * An island in a hole begins a group of its own.
+ */
+QVector<QVector<int>> outlinesWithHoles(const QVector<vectorkit::VectorPath> &closed);
 
 } // namespace hostkit

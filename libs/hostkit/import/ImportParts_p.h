@@ -19,10 +19,4 @@ struct ImportPart
 QVector<ImportPart> importParts(const vectorkit::VectorDrawing &drawing,
                                 const ImportOptions &options);
 
-/**
- * Closed outlines gathered with the holes in them: indices of paths, the outer outline first.
- * An island in a hole begins a group of its own.
- */
-QVector<QVector<int>> outlinesWithHoles(const QVector<vectorkit::VectorPath> &closed);
-
 } // namespace hostkit

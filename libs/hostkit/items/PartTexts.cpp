@@ -45,7 +45,7 @@ NextPart updated(const QVector<ZTAbstractGraphicsItem *> &items, Prepare prepare
             part.usedUp << part.texts.last();
         const QString notReady = notReadyReason(*textItem);
         if (!notReady.isEmpty())
-            part.errors << QStringLiteral("%1: %2").arg(part.texts.last(), notReady);
+            part.notReady << QStringLiteral("%1: %2").arg(part.texts.last(), notReady);
         if (!variantText->errorText().isEmpty())
             part.errors << variantText->errorText().split(QLatin1Char('\n'));
     }

@@ -18,7 +18,10 @@ struct NextPart
 {
     QStringList texts;  ///< what the variant texts show now, lowest item first, a line each
     QStringList usedUp; ///< texts that show their last value once more
-    QStringList errors; ///< what could not be read or cannot be shown, a line each
+    QStringList errors; ///< what could not be read, a line each
+
+    /** Shapes that show something else than their text, with why, a line each. */
+    QStringList notReady;
 
     /** Moves on the variant texts among these items, each by what one part uses up. */
     static NextPart make(const QVector<ZTAbstractGraphicsItem *> &items);

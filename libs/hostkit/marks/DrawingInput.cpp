@@ -12,31 +12,26 @@ namespace {
 constexpr int kPiece = 1024 * 1024;
 constexpr int kBinaryProbe = 4096;
 
-bool fail(QString *error, const QString &reason)
-{
-    if (error != nullptr)
-        *error = reason;
-    return false;
-}
-
 /** Qt takes names that begin with ':' for built-in resources; an absolute one is always a file. */
 QString absolutePath(const QString &name)
 {
     return name.startsWith(QLatin1Char('/')) ? name : QDir::currentPath() + QLatin1Char('/') + name;
 }
 
-bool openDevice(QFile &file, bool standardInput, QString *error)
+bool openDevice(QFile &file, bool standardInput, Failure *failure)
 {
     if (standardInput)
         return file.open(stdin, QIODevice::ReadOnly) ||
-               fail(error, DrawingInput::tr("cannot be read: %1").arg(file.errorString()));
+               fail(failure, Failure::Kind::CannotRead,
+                    DrawingInput::tr("cannot be read: %1").arg(file.errorString()));
     const QFileInfo info(file.fileName());
     if (!info.exists())
-        return fail(error, DrawingInput::tr("no such file"));
+        return fail(failure, Failure::Kind::CannotRead, DrawingInput::tr("no such file"));
     if (info.isDir())
-        return fail(error, DrawingInput::tr("is a folder"));
+        return fail(failure, Failure::Kind::CannotRead, DrawingInput::tr("is a folder"));
     if (!file.open(QIODevice::ReadOnly))
-        return fail(error, DrawingInput::tr("cannot be read: %1").arg(file.errorString()));
+        return fail(failure, Failure::Kind::CannotRead,
+                    DrawingInput::tr("cannot be read: %1").arg(file.errorString()));
     return true;
 }
 
@@ -73,58 +68,60 @@ QString DrawingInput::describe(const PltProblem &problem)
     return tr("line %1: %2").arg(problem.line).arg(problem.text);
 }
 
-bool DrawingInput::open(const QString &name, QString *error)
+bool DrawingInput::open(const QString &name, Failure *failure)
 {
     if (name.isEmpty())
-        return fail(error, tr("is no file name"));
+        return fail(failure, Failure::Kind::CannotRead, tr("is no file name"));
     QByteArray bytes;
-    if (!readAll(name, &bytes, error))
+    if (!readAll(name, &bytes, failure))
         return false;
     if (bytes.isEmpty())
-        return fail(error, tr("is empty"));
+        return fail(failure, Failure::Kind::OtherFormat, tr("is empty"));
     if (isBinary(bytes))
-        return fail(error, binary());
+        return fail(failure, Failure::Kind::OtherFormat, binary());
     m_contents = PltCheck::inspect(bytes);
     const bool onlyOnce = name == QLatin1String("-") || !QFileInfo(m_path).isFile();
-    if (onlyOnce && !keepCopy(bytes, error))
+    if (onlyOnce && !keepCopy(bytes, failure))
         return false;
     PltReader reader;
     if (m_contents.points == 0 || !reader.load(m_path) || reader.getPath().isEmpty())
-        return fail(error, nothingToDraw(m_contents));
+        return fail(failure, Failure::Kind::OtherFormat, nothingToDraw(m_contents));
     m_size = reader.getPath().controlPointRect().size();
     return true;
 }
 
 /** Reads in pieces and stops at the first sign that the rest is not worth reading. */
-bool DrawingInput::readAll(const QString &name, QByteArray *bytes, QString *error)
+bool DrawingInput::readAll(const QString &name, QByteArray *bytes, Failure *failure)
 {
     const bool standardInput = name == QLatin1String("-");
     m_path = absolutePath(name);
     QFile file(m_path);
-    if (!openDevice(file, standardInput, error))
+    if (!openDevice(file, standardInput, failure))
         return false;
     if (!file.isSequential() && file.size() > kMaxBytes)
-        return fail(error, tooLarge());
+        return fail(failure, Failure::Kind::CannotRead, tooLarge());
     while (true) {
         const QByteArray piece = file.read(kPiece);
         if (piece.isEmpty())
             break;
         bytes->append(piece);
         if (isBinary(*bytes))
-            return fail(error, binary());
+            return fail(failure, Failure::Kind::OtherFormat, binary());
         if (bytes->size() > kMaxBytes)
-            return fail(error, tooLarge());
+            return fail(failure, Failure::Kind::CannotRead, tooLarge());
     }
     if (file.error() != QFileDevice::NoError)
-        return fail(error, tr("cannot be read: %1").arg(file.errorString()));
+        return fail(failure, Failure::Kind::CannotRead,
+                    tr("cannot be read: %1").arg(file.errorString()));
     return true;
 }
 
-bool DrawingInput::keepCopy(const QByteArray &bytes, QString *error)
+bool DrawingInput::keepCopy(const QByteArray &bytes, Failure *failure)
 {
     m_copy = std::make_unique<QTemporaryFile>(QDir::tempPath() + QStringLiteral("/drawing.XXXXXX"));
     if (!m_copy->open() || m_copy->write(bytes) != bytes.size() || !m_copy->flush())
-        return fail(error, tr("no room for a temporary copy: %1").arg(m_copy->errorString()));
+        return fail(failure, Failure::Kind::NotPossible,
+                    tr("no room for a temporary copy: %1").arg(m_copy->errorString()));
     m_path = m_copy->fileName();
     return true;
 }

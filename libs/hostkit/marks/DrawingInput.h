@@ -1,5 +1,7 @@
 #pragma once
 
+#include <hostkit/files/Failure.h>
+
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 #include <QtCore/QCoreApplication>
@@ -29,10 +31,11 @@ public:
     /**
      * Reads the file, pipe or device `name`; "-" is standard input.
      *
-     * Failure: false, and `error` (if given) says why in one sentence without the name: it cannot
-     * be read, is empty, too large or binary, or holds nothing that can be drawn.
+     * Failure: false, and `failure` (if given) says why: `CannotRead` (too large among it),
+     * `OtherFormat` for what is empty, binary or holds nothing that can be drawn, `NotPossible`
+     * without room for a copy.
      */
-    bool open(const QString &name, QString *error);
+    bool open(const QString &name, Failure *failure);
 
     /**
      * A file with the drawing, good as long as this object: the file itself, or a temporary copy
@@ -53,8 +56,8 @@ public:
     static QString describe(const PltProblem &problem);
 
 private:
-    bool readAll(const QString &name, QByteArray *bytes, QString *error);
-    bool keepCopy(const QByteArray &bytes, QString *error);
+    bool readAll(const QString &name, QByteArray *bytes, Failure *failure);
+    bool keepCopy(const QByteArray &bytes, Failure *failure);
 
     QString m_path;
     PltReport m_contents;

@@ -136,24 +136,18 @@ QByteArray drawPreview(const QVector<ZTAbstractGraphicsItem *> &items)
 }
 
 bool saveDrawingPicture(const ZTGraphicsDocument &document, int longerSidePx, const QString &path,
-                        QString *error)
+                        Failure *failure)
 {
     const QVector<ZTAbstractGraphicsItem *> items = shapeItemsOf(document);
     const QImage image = drawItems(items, longerSidePx, Crowd::Whole);
-    if (image.isNull()) {
-        if (error != nullptr)
-            *error = extentOf(items).isEmpty() ? Texts::tr("nothing to draw")
-                                               : Texts::tr("no room for the picture");
-        return false;
-    }
+    if (image.isNull())
+        return fail(failure, Failure::Kind::NotPossible,
+                    extentOf(items).isEmpty() ? Texts::tr("nothing to draw")
+                                              : Texts::tr("no room for the picture"));
     // The encoder prints to stderr when its device fails, so it does not get to see the file.
     const QByteArray png = pngOf(image);
-    Failure failure;
-    const bool isSaved = saveWhole(
-        path, [&png](QIODevice &device) { return device.write(png) == png.size(); }, &failure);
-    if (!isSaved && error != nullptr)
-        *error = failure.reason;
-    return isSaved;
+    return saveWhole(
+        path, [&png](QIODevice &device) { return device.write(png) == png.size(); }, failure);
 }
 
 } // namespace hostkit

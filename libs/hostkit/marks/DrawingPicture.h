@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtCore/QString>
+#include <hostkit/files/Failure.h>
 
 class ZTGraphicsDocument;
 
@@ -15,10 +15,10 @@ constexpr int kMostPictureSide = 8192;
  * nor selection. Lines are one pixel wide, whatever the size.
  *
  * Range: `longerSidePx` from `kLeastPictureSide` to `kMostPictureSide`.
- * Failure: false, and `error` (if given) says why in one sentence without the file's name: it
- * cannot be written, or the document holds nothing to draw. What stood there before stays.
+ * Failure: false, and `failure` (if given) says why: `CannotWrite`, or `NotPossible` where the
+ * document holds nothing to draw or no memory is left. What stood there before stays.
  */
 bool saveDrawingPicture(const ZTGraphicsDocument &document, int longerSidePx, const QString &path,
-                        QString *error);
+                        Failure *failure);
 
 } // namespace hostkit

@@ -74,21 +74,14 @@ QStringList markGraphExtensions()
 bool hasMarkGraphExtension(const QString &path) { return formOf(path) != nullptr; }
 
 bool saveMarkGraph(const ZTMarkGraph &graph, const MarkUnits &units, const QString &path,
-                   QString *error, const MarkPictureLook &look, const StillWanted &isWanted)
+                   Failure *failure, const MarkPictureLook &look, const StillWanted &isWanted)
 {
     const Form *form = formOf(path);
-    if (form == nullptr) {
-        if (error != nullptr)
-            *error = unknownExtension();
-        return false;
-    }
-    Failure failure;
-    const bool isSaved = saveWhole(
-        path, [&](QIODevice &device) { return form->write(graph, units, device, look); }, &failure,
+    if (form == nullptr)
+        return fail(failure, Failure::Kind::NotPossible, unknownExtension());
+    return saveWhole(
+        path, [&](QIODevice &device) { return form->write(graph, units, device, look); }, failure,
         isWanted);
-    if (!isSaved && error != nullptr)
-        *error = failure.reason;
-    return isSaved;
 }
 
 } // namespace hostkit

@@ -28,11 +28,11 @@ struct MarkPictureLook
  * `look` is for the pictures alone. The file appears whole or not at all: a failed write leaves
  * what stood there before.
  *
- * Failure: false, and `error` (if given) says why in one sentence without the file's name; also
- * when it is no longer wanted.
+ * Failure: false, and `failure` (if given) says why: `CannotWrite`, `NotPossible` for an extension
+ * that is none of them, `Cancelled` when it is no longer wanted.
  */
 bool saveMarkGraph(const ZTMarkGraph &graph, const MarkUnits &units, const QString &path,
-                   QString *error, const MarkPictureLook &look = {},
+                   Failure *failure, const MarkPictureLook &look = {},
                    const StillWanted &isWanted = {});
 
 } // namespace hostkit

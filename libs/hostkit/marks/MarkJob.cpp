@@ -7,7 +7,7 @@
 namespace hostkit {
 
 bool buildMarkJob(const std::vector<std::unique_ptr<DrawingInput>> &drawings,
-                  const MarkJobOptions &options, MarkJobResult *result, MarkJobError *error)
+                  const MarkJobOptions &options, MarkJobResult *result, MarkJobFailure *failure)
 {
     const auto addDrawing = [](MarkLayout &layout, const DrawingInput &drawing) {
         ZTVecGraphItemFactory::getInstance()->setPath(drawing.filePath());
@@ -17,11 +17,11 @@ bool buildMarkJob(const std::vector<std::unique_ptr<DrawingInput>> &drawings,
         return std::all_of(drawings.begin(), drawings.end(),
                            [&](const auto &drawing) { return addDrawing(layout, *drawing); });
     };
-    return MarkLayout::build(options, addAll, result, error);
+    return MarkLayout::build(options, addAll, result, failure);
 }
 
 bool buildPathJob(const std::vector<QPainterPath> &drawingsMm, const MarkJobOptions &options,
-                  MarkJobResult *result, MarkJobError *error)
+                  MarkJobResult *result, MarkJobFailure *failure)
 {
     // A name that is nothing but its ending is opened by nobody.
     const QString noFile = QStringLiteral(".plt");
@@ -36,14 +36,15 @@ bool buildPathJob(const std::vector<QPainterPath> &drawingsMm, const MarkJobOpti
     for (std::size_t drawing = 0; drawing < drawingsMm.size(); ++drawing) {
         if (drawingsMm[drawing].length() > 0.0)
             continue;
-        *error = {static_cast<int>(drawing), MarkLayout::tr("there is nothing to mark")};
-        return false;
+        failure->drawing = static_cast<int>(drawing);
+        return fail(failure, Failure::Kind::NotPossible,
+                    MarkLayout::tr("there is nothing to mark"));
     }
     const auto addAll = [&](MarkLayout &layout) {
         return std::all_of(drawingsMm.begin(), drawingsMm.end(),
                            [&](const QPainterPath &path) { return addPath(layout, path); });
     };
-    return MarkLayout::build(options, addAll, result, error);
+    return MarkLayout::build(options, addAll, result, failure);
 }
 
 } // namespace hostkit

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <hostkit/files/Failure.h>
 #include <hostkit/marks/DrawingInput.h>
 #include <hostkit/marks/MarkPathMeasure.h>
 
@@ -36,11 +37,10 @@ struct MarkJobResult
     MarkPathMeasure after;  ///< in the order asked for
 };
 
-/** Why a job was not done. */
-struct MarkJobError
+/** Why a job was not done, and for which drawing. */
+struct MarkJobFailure : Failure
 {
     int drawing = -1; ///< index of the drawing at fault, -1 when it is the whole
-    QString reason;   ///< one sentence
 };
 
 /**
@@ -58,12 +58,12 @@ struct MarkJobError
  *
  * Order: on the GUI thread of a `QApplication`, after `registerFactories`. The files behind the
  * drawings must not change meanwhile.
- * Failure: false with the reason, before any memory is spent on a job beyond the limits.
- * Limit: 1,000,000 hatch lines laid over a drawing, and in the whole job 1,000,000 objects and
- * 20,000,000 points of outlines and hatch segments, the segments as estimated beforehand.
+ * Failure: false with the reason (`NotPossible`), before any memory is spent on a job beyond the
+ * limits. Limit: 1,000,000 hatch lines laid over a drawing, and in the whole job 1,000,000 objects
+ * and 20,000,000 points of outlines and hatch segments, the segments as estimated beforehand.
  */
 bool buildMarkJob(const std::vector<std::unique_ptr<DrawingInput>> &drawings,
-                  const MarkJobOptions &options, MarkJobResult *result, MarkJobError *error);
+                  const MarkJobOptions &options, MarkJobResult *result, MarkJobFailure *failure);
 
 /**
  * The same for drawings that are paths already, at their true size.
@@ -72,6 +72,6 @@ bool buildMarkJob(const std::vector<std::unique_ptr<DrawingInput>> &drawings,
  * Failure, limits: as above, and false for a drawing without any length.
  */
 bool buildPathJob(const std::vector<QPainterPath> &drawingsMm, const MarkJobOptions &options,
-                  MarkJobResult *result, MarkJobError *error);
+                  MarkJobResult *result, MarkJobFailure *failure);
 
 } // namespace hostkit

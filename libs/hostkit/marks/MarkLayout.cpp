@@ -19,10 +19,10 @@ constexpr double kMaxPieces = 20e6;
 constexpr double kMaxObjects = 1e6;
 constexpr double kHatchMarginPx = 10.0; // on each side of a layout of hatch lines
 
-bool fail(MarkJobError *error, int drawing, const QString &reason)
+bool tooMuch(MarkJobFailure *failure, int drawing, const QString &reason)
 {
-    *error = MarkJobError{drawing, reason};
-    return false;
+    failure->drawing = drawing;
+    return fail(failure, Failure::Kind::NotPossible, reason);
 }
 
 /** "12,345,678", the same in every locale. */
@@ -92,12 +92,12 @@ void tell(const MarkJobOptions &options, const QString &step)
 } // namespace
 
 bool MarkLayout::build(const MarkJobOptions &options, const Filling &fill, MarkJobResult *result,
-                       MarkJobError *error)
+                       MarkJobFailure *failure)
 {
     const ProcessStateGuard former;
     ZTPointSort::getInstance()->setShapeMarkSort(options.order);
     ZTMarkGraph graph;
-    if (!buildGraph(options, fill, &graph, error))
+    if (!buildGraph(options, fill, &graph, failure))
         return false;
     tell(options, tr("ordering"));
     arrangeMarkGraph(std::move(graph), MarkUnits::current(), options, result);
@@ -106,9 +106,9 @@ bool MarkLayout::build(const MarkJobOptions &options, const Filling &fill, MarkJ
 
 /** Mark data of the whole job as its items were added, copies row by row. */
 bool MarkLayout::buildGraph(const MarkJobOptions &options, const Filling &fill, ZTMarkGraph *graph,
-                            MarkJobError *error)
+                            MarkJobFailure *failure)
 {
-    MarkLayout layout(options, error);
+    MarkLayout layout(options, failure);
     tell(options, tr("preparing outlines"));
     if (!fill(layout))
         return false;
@@ -121,8 +121,8 @@ bool MarkLayout::buildGraph(const MarkJobOptions &options, const Filling &fill, 
     return true;
 }
 
-MarkLayout::MarkLayout(const MarkJobOptions &jobOptions, MarkJobError *jobError)
-    : m_options(jobOptions), m_error(jobError), m_nobodyFollows(m_manager.scene())
+MarkLayout::MarkLayout(const MarkJobOptions &jobOptions, MarkJobFailure *jobFailure)
+    : m_options(jobOptions), m_failure(jobFailure), m_nobodyFollows(m_manager.scene())
 {
     // The scale of a manager is a float, too coarse for paths written to the last digit: the
     // graph leaves it in scene pixels and is brought to mark units afterwards.
@@ -152,12 +152,12 @@ bool MarkLayout::checkWork(int index, ZTShapeBase &shape)
     const double spacingPx = scenePx(m_options.spacingMm);
     const double rows = hatchRows(shape, spacingPx);
     if (!(rows <= kMaxHatchRows))
-        return fail(m_error, index,
-                    tooMany(tr("hatch lines over the drawing"), rows, kMaxHatchRows));
+        return tooMuch(m_failure, index,
+                       tooMany(tr("hatch lines over the drawing"), rows, kMaxHatchRows));
     const double joints = m_options.hatch == FillType::ULine ? 2.0 : 1.0;
     const double segments = joints * hatchSegments(shape, spacingPx, m_options.angleDeg);
     if (!(segments <= kMaxPieces))
-        return fail(m_error, index, tooMany(tr("hatch segments"), segments, kMaxPieces));
+        return tooMuch(m_failure, index, tooMany(tr("hatch segments"), segments, kMaxPieces));
     m_pieces += segments;
     return true;
 }
@@ -166,10 +166,10 @@ bool MarkLayout::checkCopies() const
 {
     const double objects = copies() * static_cast<double>(m_drawn.size());
     if (objects > kMaxObjects)
-        return fail(m_error, -1, tooMany(tr("objects"), objects, kMaxObjects));
+        return tooMuch(m_failure, -1, tooMany(tr("objects"), objects, kMaxObjects));
     if (copies() * m_pieces > kMaxPieces)
-        return fail(m_error, -1,
-                    tooMany(tr("points and hatch segments"), copies() * m_pieces, kMaxPieces));
+        return tooMuch(m_failure, -1,
+                       tooMany(tr("points and hatch segments"), copies() * m_pieces, kMaxPieces));
     return true;
 }
 
@@ -178,7 +178,7 @@ bool MarkLayout::add(ShapeType type, const Shaping &shape)
     const int index = static_cast<int>(m_drawn.size());
     ZTAbstractGraphicsItem *item = m_manager.addShape(type, QRectF());
     if (item == nullptr)
-        return fail(m_error, index, tr("no factory for drawings is registered"));
+        return tooMuch(m_failure, index, tr("no factory for drawings is registered"));
     shape(*item);
     item->getShapeBase()->paint();
     if (m_options.rotateDeg != 0.0)

@@ -30,16 +30,16 @@ public:
      * at fault is the one of the call of `add`.
      */
     static bool build(const MarkJobOptions &options, const Filling &fill, MarkJobResult *result,
-                      MarkJobError *error);
+                      MarkJobFailure *failure);
 
     /** Adds an item, shaped and then turned; false when it is too much work. */
     bool add(ShapeType type, const Shaping &shape);
 
 private:
-    MarkLayout(const MarkJobOptions &jobOptions, MarkJobError *jobError);
+    MarkLayout(const MarkJobOptions &jobOptions, MarkJobFailure *jobFailure);
 
     static bool buildGraph(const MarkJobOptions &options, const Filling &fill, ZTMarkGraph *graph,
-                           MarkJobError *error);
+                           MarkJobFailure *failure);
     bool repeat();
     ZTMarkGraph takeGraph();
     bool checkWork(int index, ZTShapeBase &shape);
@@ -60,7 +60,7 @@ private:
     using Items = std::vector<ZTAbstractGraphicsItem *>;
 
     const MarkJobOptions &m_options;
-    MarkJobError *m_error;
+    MarkJobFailure *m_failure;
     ZTShapeManager m_manager;
     QSignalBlocker m_nobodyFollows; ///< neither frame nor tree need to know what is selected
     Items m_drawn;                  ///< as they were added; owned by the scene

@@ -79,7 +79,7 @@ bool hasNothing(const ZTMarkGraph &graph)
 } // namespace
 
 bool buildTextJob(std::vector<ZTVariantText> *texts, const TextJobOptions &options,
-                  MarkJobResult *result, MarkJobError *error)
+                  MarkJobResult *result, MarkJobFailure *failure)
 {
     const Layout sizes(options);
     const auto addText = [&sizes](MarkLayout &surface, ZTVariantText &text) {
@@ -91,12 +91,12 @@ bool buildTextJob(std::vector<ZTVariantText> *texts, const TextJobOptions &optio
         return std::all_of(texts->begin(), texts->end(),
                            [&](ZTVariantText &text) { return addText(surface, text); });
     };
-    if (!MarkLayout::build(options.layout, addAll, result, error))
+    if (!MarkLayout::build(options.layout, addAll, result, failure))
         return false;
     if (!hasNothing(result->graph))
         return true;
-    *error = MarkJobError{-1, MarkLayout::tr("nothing to mark: the text leaves no strokes")};
-    return false;
+    return fail(failure, Failure::Kind::NotPossible,
+                MarkLayout::tr("nothing to mark: the text leaves no strokes"));
 }
 
 } // namespace hostkit

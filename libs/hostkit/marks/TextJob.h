@@ -46,6 +46,6 @@ struct TextJobOptions
  * Limit: lines stand at whole units of the font, cut off; a hundred make its em.
  */
 bool buildTextJob(std::vector<ZTVariantText> *texts, const TextJobOptions &options,
-                  MarkJobResult *result, MarkJobError *error);
+                  MarkJobResult *result, MarkJobFailure *failure);
 
 } // namespace hostkit

@@ -6,7 +6,6 @@
 #include <studio/commands/DrawingExtrasCommand.h>
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/commands/UndoMacro.h>
-#include <studio/import/ImportSettings.h>
 #include <studio/text/StrokeFonts.h>
 
 #include <hostkit/drawing/DrawingLoader.h>
@@ -170,7 +169,7 @@ void ClipboardActions::pasteSvg(const QByteArray &bytes, const QPointF &centrePx
 {
     ReadDrawing read;
     if (!m_importer.read(bytes, tr("clipboard"), &read) ||
-        m_importer.bringIn({read}, rememberedImportOptions(), centrePx) == 0)
+        m_importer.bringInAsLast({read}, centrePx) == 0)
         return;
     Q_EMIT added(m_document.scene()->getSelectionItemRect());
 }

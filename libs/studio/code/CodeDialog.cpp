@@ -53,6 +53,14 @@ QString codeSummary(const codekit::CodeItem &item)
         .arg(size, onOneLine(symbol.reads));
 }
 
+QString mirrorWarning(const codekit::CodeItem &item)
+{
+    const bool isMirrored = item.code().getTransformParam().determinant() < 0.0;
+    return isMirrored ? CodeDialog::tr("The code is mirrored: scanners read it from behind, or not "
+                                       "at all.")
+                      : QString();
+}
+
 CodeDialog::CodeDialog(codekit::CodeItem &item, QUndoStack &stack, QWidget *parent)
     : PreviewDialog(item, stack, parent), m_initial(CodeEdit::of(item)),
       m_words(new WordsPage(m_initial.words)), m_hatch(new HatchPage(m_initial.words))
@@ -169,8 +177,11 @@ void CodeDialog::showStatus()
     m_status->setText(reason.isEmpty() || summary.isEmpty()
                           ? summary
                           : tr("The drawing still shows the last good code: %1").arg(summary));
-    m_problem->setText(!reason.isEmpty() ? tr("Cannot be made: %1").arg(reason)
-                                         : nextPartProblem(wanted()));
+    QStringList problems{reason.isEmpty() ? nextPartProblem(wanted())
+                                          : tr("Cannot be made: %1").arg(reason),
+                         mirrorWarning(*item)};
+    problems.removeAll(QString());
+    m_problem->setText(problems.join(QLatin1Char('\n')));
     m_status->setVisible(!m_status->text().isEmpty());
     m_problem->setVisible(!m_problem->text().isEmpty());
 }

@@ -57,4 +57,7 @@ private:
 /** "18 x 18, 9.0 mm, reads: SN-0001": what a code is and says. Lengths as marked. */
 QString codeSummary(const codekit::CodeItem &item);
 
+/** Of a code that scanners see turned over, a sentence; empty for others. */
+QString mirrorWarning(const codekit::CodeItem &item);
+
 } // namespace studio

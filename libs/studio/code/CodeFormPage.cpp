@@ -60,7 +60,8 @@ CodeFormPage::CodeFormPage(const CodeEdit &edit, QWidget *parent)
     named(m_moduleBox, "module")->setToolTip(tr("Width of the narrowest bar, or of one square"));
     named(m_widthBox, "width")->setToolTip(tr("Width of the code without its quiet zone"));
     named(m_heightBox, "barHeight");
-    named(m_styleBox, "style");
+    named(m_styleBox, "style")
+        ->setToolTip(tr("A point is where the beam stays for a moment: one in each dark module"));
     named(m_dotBox, "dotShare");
     named(m_growthBox, "growth")
         ->setToolTip(tr("Width of the beam, taken off each dark area: the beam gives it back"));
@@ -83,12 +84,22 @@ void CodeFormPage::fill(const CodeEdit &edit)
     m_growthBox->setMeasure(form.growthMm);
     m_inverseBox->setChecked(form.isInverse);
     m_quietBox->setChecked(edit.code.showsQuietZone);
+    fillStyles(form.style);
+}
+
+/** A bar of dots is none: bar codes are not offered them, nor points. */
+void CodeFormPage::fillStyles(CodeStyle chosen)
+{
+    m_styleBox->clear();
     m_styleBox->addItem(tr("outlines of the dark areas"), int(CodeStyle::Merged));
     m_styleBox->addItem(tr("squares, one by one"), int(CodeStyle::Squares));
-    m_styleBox->addItem(tr("dots"), int(CodeStyle::Dots));
+    if (!m_isLinear) {
+        m_styleBox->addItem(tr("dots"), int(CodeStyle::Dots));
+        m_styleBox->addItem(tr("points, one a module"), int(CodeStyle::Points));
+    }
     m_styleBox->addItem(tr("bars"), int(CodeStyle::Bars));
     m_styleBox->addItem(tr("single lines"), int(CodeStyle::BarLines));
-    m_styleBox->setCurrentIndex(m_styleBox->findData(int(form.style)));
+    m_styleBox->setCurrentIndex(qMax(0, m_styleBox->findData(int(chosen))));
 }
 
 void CodeFormPage::layOut()
@@ -116,7 +127,9 @@ void CodeFormPage::showRows()
 
 void CodeFormPage::setKind(codekit::CodeKind kind)
 {
+    const auto chosen = CodeStyle(m_styleBox->currentData().toInt());
     m_isLinear = codekit::infoOf(kind).isLinear;
+    fillStyles(chosen);
     showRows();
 }
 

@@ -25,6 +25,7 @@ public:
 
 private:
     void fill(const CodeEdit &edit);
+    void fillStyles(codekit::CodeStyle chosen);
     void layOut();
     void showRows();
     void tellChanges();

@@ -13,11 +13,6 @@ namespace {
 using codekit::CodeCharset;
 using codekit::CodeKind;
 
-constexpr int kMostColumns417 = 30;
-constexpr int kMostColumnsMicro417 = 4;
-constexpr int kMostMask = 7;
-constexpr int kMostMicroMask = 3;
-
 /** Chooses the entry with a number; the first where there is none. */
 void choose(QComboBox &box, int number) { box.setCurrentIndex(qMax(0, box.findData(number))); }
 
@@ -43,7 +38,7 @@ CodeOptionsPage::CodeOptionsPage(const CodeEdit &edit, QWidget *parent)
       m_rectangularBox(new QCheckBox(tr("&Rectangular, not square"), this)),
       m_checkDigitBox(new QCheckBox(tr("Add the &check digit"), this)),
       m_escapesBox(
-          new QCheckBox(tr("&Escapes: \\n, \\t, \\x1D stand for control characters"), this)),
+          new QCheckBox(tr("&Escapes: \\n, \\t, \\G, \\x1D stand for control characters"), this)),
       m_limits(new QLabel(this))
 {
     m_levelBox->setObjectName(QStringLiteral("level"));
@@ -51,12 +46,12 @@ CodeOptionsPage::CodeOptionsPage(const CodeEdit &edit, QWidget *parent)
     m_maskBox->setObjectName(QStringLiteral("mask"));
     m_columnsBox->setObjectName(QStringLiteral("columns"));
     m_columnsBox->setSpecialValueText(tr("automatic"));
-    m_columnsBox->setRange(0, kMostColumns417);
+    m_columnsBox->setRange(0, m_initial.columns); // each kind brings its own end
     m_columnsBox->setValue(m_initial.columns);
     m_charsetBox->setObjectName(QStringLiteral("charset"));
     m_charsetBox->addItem(tr("automatic"), int(CodeCharset::Automatic));
     m_charsetBox->addItem(QStringLiteral("UTF-8"), int(CodeCharset::Utf8));
-    m_charsetBox->addItem(QStringLiteral("GB 18030"), int(CodeCharset::Gbk));
+    m_charsetBox->addItem(QStringLiteral("GBK"), int(CodeCharset::Gbk));
     choose(*m_charsetBox, int(m_initial.charset));
     m_rectangularBox->setObjectName(QStringLiteral("rectangular"));
     m_rectangularBox->setChecked(m_initial.isRectangular);
@@ -94,22 +89,16 @@ void CodeOptionsPage::setKind(CodeKind kind)
     const bool isFirst = m_levelBox->count() == 0;
     fillLevels(info, isFirst ? m_initial.level : kept(*m_levelBox, 0));
     fillSizes(info, isFirst ? m_initial.version : 0);
-    fillMasks(kind, isFirst ? m_initial.mask : -1);
-    const bool hasColumns = kind == CodeKind::Pdf417 || kind == CodeKind::MicroPdf417;
-    m_columnsBox->setMaximum(kind == CodeKind::MicroPdf417 ? kMostColumnsMicro417
-                                                           : kMostColumns417);
-    const bool hasCheckDigit = kind == CodeKind::Code39 || kind == CodeKind::Code39Extended ||
-                               kind == CodeKind::Codabar || kind == CodeKind::Interleaved25;
-    const bool hasMasks = kind == CodeKind::Qr || kind == CodeKind::MicroQr;
-    const bool isDataMatrix = kind == CodeKind::DataMatrix || kind == CodeKind::Gs1DataMatrix;
-    setRowVisible(*m_form, m_levelBox, info.mostLevel > 0);
+    fillMasks(info, isFirst ? m_initial.mask : -1);
+    m_columnsBox->setMaximum(info.mostColumns);
+    setRowVisible(*m_form, m_levelBox, !info.levels.isEmpty());
     setRowVisible(*m_form, m_sizeBox, info.mostVersion > 0);
-    setRowVisible(*m_form, m_maskBox, hasMasks);
-    setRowVisible(*m_form, m_columnsBox, hasColumns);
-    setRowVisible(*m_form, m_charsetBox, !info.isLinear && !info.isGs1);
-    m_rectangularBox->setVisible(isDataMatrix);
-    m_checkDigitBox->setVisible(hasCheckDigit);
-    m_escapesBox->setVisible(!info.isGs1);
+    setRowVisible(*m_form, m_maskBox, info.mostMask >= 0);
+    setRowVisible(*m_form, m_columnsBox, info.mostColumns > 0);
+    setRowVisible(*m_form, m_charsetBox, info.hasCharsets);
+    m_rectangularBox->setVisible(info.canBeRectangular);
+    m_checkDigitBox->setVisible(info.hasCheckChoice);
+    m_escapesBox->setVisible(info.hasControls);
     m_limits->setText(tr("%1 holds %2.").arg(QLatin1String(info.label), codekit::limitsOf(kind)));
 }
 
@@ -117,12 +106,8 @@ void CodeOptionsPage::fillLevels(const codekit::CodeKindInfo &info, int level)
 {
     m_levelBox->clear();
     m_levelBox->addItem(tr("automatic"), 0);
-    const bool isQr = info.kind == CodeKind::Qr || info.kind == CodeKind::MicroQr ||
-                      info.kind == CodeKind::RectMicroQr;
-    for (int number = qMax(1, info.leastLevel); number <= info.mostLevel; ++number) {
-        const QString letter = QStringLiteral("LMQH").mid(number - 1, 1);
-        m_levelBox->addItem(isQr ? letter : QString::number(number), number);
-    }
+    for (const codekit::CodeLevel &offered : info.levels)
+        m_levelBox->addItem(offered.name, offered.number);
     choose(*m_levelBox, level);
 }
 
@@ -137,12 +122,11 @@ void CodeOptionsPage::fillSizes(const codekit::CodeKindInfo &info, int version)
     choose(*m_sizeBox, version);
 }
 
-void CodeOptionsPage::fillMasks(CodeKind kind, int mask)
+void CodeOptionsPage::fillMasks(const codekit::CodeKindInfo &info, int mask)
 {
     m_maskBox->clear();
     m_maskBox->addItem(tr("the best"), -1);
-    const int most = kind == CodeKind::MicroQr ? kMostMicroMask : kMostMask;
-    for (int number = 0; number <= most; ++number)
+    for (int number = 0; number <= info.mostMask; ++number)
         m_maskBox->addItem(QString::number(number), number);
     choose(*m_maskBox, mask);
 }

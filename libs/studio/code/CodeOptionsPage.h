@@ -26,7 +26,7 @@ private:
     void layOut();
     void fillLevels(const codekit::CodeKindInfo &info, int level);
     void fillSizes(const codekit::CodeKindInfo &info, int version);
-    void fillMasks(codekit::CodeKind kind, int mask);
+    void fillMasks(const codekit::CodeKindInfo &info, int mask);
 
     codekit::CodeSpec m_initial; ///< what is shown first, for the kind that it belongs to
     QComboBox *m_levelBox;

@@ -3,11 +3,8 @@
 #include <studio/ShapeItems.h>
 #include <studio/text/MeasureBox.h>
 
-#include <hostkit/items/ItemExtras.h>
 #include <hostkit/marks/MarkFindings.h>
-#include <hostkit/marks/MarkGraphBuilder.h>
 
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QSettings>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QFormLayout>
@@ -18,42 +15,13 @@
 #include <QtWidgets/QTreeWidget>
 #include <QtWidgets/QVBoxLayout>
 
-#include <limits>
-
 namespace studio {
 
 namespace {
 
-constexpr int kStepMs = 30;
 constexpr MeasureBox::Range kBeamMm{0.0, 10.0, 0.01, 3};
 constexpr int kPlaceRole = Qt::UserRole; ///< in the list of codes
 const QString kBeamKey = QStringLiteral("verify/beamMm");
-
-/** Other shapes that are marked over the code or its quiet zone. */
-ShapeItems neighboursOf(const QGraphicsScene &scene, const codekit::CodeItem &code)
-{
-    ShapeItems found;
-    for (QGraphicsItem *candidate :
-         scene.items(codekit::codeFieldPx(code), Qt::IntersectsItemBoundingRect)) {
-        auto *item = dynamic_cast<ShapeItem *>(candidate);
-        if (item != nullptr && item != &code && hostkit::isMarked(*item))
-            found.append(item);
-    }
-    return found;
-}
-
-codekit::CodeSurroundings surroundingsOf(const ZTGraphicsDocument &document,
-                                         codekit::CodeItem &code)
-{
-    hostkit::MarkGraphBuilder builder(document,
-                                      ShapeItems{&code} + neighboursOf(*document.scene(), code));
-    builder.work(std::numeric_limits<int>::max());
-    codekit::CodeSurroundings around;
-    around.others = builder.takeUnordered().objects;
-    around.marks = around.others.takeFirst();
-    around.units = hostkit::MarkUnits::of(*document.itemMag());
-    return around;
-}
 
 bool isGood(const codekit::CodeReading &reading)
 {
@@ -63,8 +31,9 @@ bool isGood(const codekit::CodeReading &reading)
 } // namespace
 
 VerifyDialog::VerifyDialog(ZTGraphicsDocument &document, QWidget *parent)
-    : QDialog(parent), m_document(document), m_beamBox(new MeasureBox(kBeamMm, tr(" mm"), this)),
-      m_progress(new QProgressBar(this)), m_summary(new QLabel(this)), m_list(new QTreeWidget(this))
+    : QDialog(parent), m_document(document), m_reader(document),
+      m_beamBox(new MeasureBox(kBeamMm, tr(" mm"), this)), m_progress(new QProgressBar(this)),
+      m_summary(new QLabel(this)), m_list(new QTreeWidget(this))
 {
     setObjectName(QStringLiteral("verifyDialog"));
     setWindowTitle(tr("Verify codes"));
@@ -78,8 +47,8 @@ VerifyDialog::VerifyDialog(ZTGraphicsDocument &document, QWidget *parent)
     m_list->setHeaderLabels({tr("Code"), tr("Result")});
     m_list->setRootIsDecorated(false);
     m_list->setUniformRowHeights(true);
-    m_timer.setInterval(0);
-    connect(&m_timer, &QTimer::timeout, this, &VerifyDialog::readSome);
+    connect(&m_reader, &CodeReader::read, this, &VerifyDialog::add);
+    connect(&m_reader, &CodeReader::finished, this, &VerifyDialog::finish);
     connect(m_list, &QTreeWidget::itemActivated, this, &VerifyDialog::select);
     connect(m_list, &QTreeWidget::currentItemChanged, this, &VerifyDialog::select);
     connect(this, &QDialog::finished, this, &VerifyDialog::stop);
@@ -112,70 +81,47 @@ void VerifyDialog::layOut()
 void VerifyDialog::start()
 {
     QSettings().setValue(kBeamKey, m_beamBox->measure());
-    m_codes.clear();
-    for (ShapeItem *item : shapeItemsOf(*m_document.scene())) {
-        codekit::CodeItem *code = codekit::codeItem(item);
-        if (code != nullptr && hostkit::isMarked(*code))
-            m_codes.append(code);
-    }
-    m_next = m_good = m_bad = 0;
+    m_good = m_bad = 0;
     m_list->clear();
-    m_progress->setRange(0, qMax(1, m_codes.size()));
-    m_progress->setValue(0);
     m_startButton->setText(tr("&Stop"));
     m_summary->setText(tr("Reading..."));
-    m_timer.start();
+    m_reader.start(m_beamBox->measure());
+    m_progress->setRange(0, qMax(1, m_reader.total()));
+    m_progress->setValue(0);
 }
 
-void VerifyDialog::readSome()
+void VerifyDialog::add(int number, const codekit::CodeReading &reading)
 {
-    QElapsedTimer sinceStart;
-    sinceStart.start();
-    while (m_next < m_codes.size() && !sinceStart.hasExpired(kStepMs))
-        readNext();
-    m_progress->setValue(m_codes.isEmpty() ? 1 : m_next);
-    if (m_next >= m_codes.size())
-        finish();
-}
-
-void VerifyDialog::readNext()
-{
-    codekit::CodeItem *code = m_codes[m_next++];
-    if (code == nullptr) // deleted meanwhile
+    const codekit::CodeItem *item = m_reader.code(number);
+    if (item == nullptr)
         return;
-    codekit::CodeSurroundings around = surroundingsOf(m_document, *code);
-    around.beamMm = m_beamBox->measure();
-    const codekit::CodeReading reading = codekit::readCode(*code, around);
     ++(isGood(reading) ? m_good : m_bad);
-    add(*code, reading);
-}
-
-void VerifyDialog::add(const codekit::CodeItem &item, const codekit::CodeReading &reading)
-{
-    auto *row = new QTreeWidgetItem({hostkit::shapeName(item), codekit::describe(reading)});
-    row->setData(0, kPlaceRole, m_next - 1);
+    auto *row = new QTreeWidgetItem({hostkit::shapeName(*item), codekit::describe(reading)});
+    row->setData(0, kPlaceRole, number);
     if (!isGood(reading)) {
         row->setForeground(1, QColor(0xC0, 0, 0));
         m_list->insertTopLevelItem(m_bad - 1, row);
     } else {
         m_list->addTopLevelItem(row);
     }
+    m_progress->setValue(m_reader.done());
 }
 
 void VerifyDialog::stop()
 {
     if (!isRunning())
         return;
+    m_reader.stop();
     finish();
 }
 
 void VerifyDialog::finish()
 {
-    m_timer.stop();
     m_startButton->setText(tr("&Verify again"));
     m_list->resizeColumnToContents(0);
-    const int left = m_codes.size() - m_next;
-    if (m_codes.isEmpty())
+    const int left = m_reader.total() - m_reader.done();
+    m_progress->setValue(left == 0 ? m_progress->maximum() : m_reader.done());
+    if (m_reader.total() == 0)
         m_summary->setText(tr("The drawing has no code that is marked."));
     else if (left > 0)
         m_summary->setText(tr("Stopped: %1 read as they are to, %2 do not, %3 were not read.")
@@ -192,7 +138,7 @@ void VerifyDialog::select(const QTreeWidgetItem *row)
 {
     if (row == nullptr)
         return;
-    codekit::CodeItem *item = m_codes.value(row->data(0, kPlaceRole).toInt());
+    codekit::CodeItem *item = m_reader.code(row->data(0, kPlaceRole).toInt());
     if (item != nullptr && item->scene() == m_document.scene())
         selectOnly(*m_document.scene(), {item});
 }

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <codekit/shape/CodeCheck.h>
+#include <studio/code/CodeReader.h>
 
-#include <QtCore/QPointer>
-#include <QtCore/QTimer>
 #include <QtWidgets/QDialog>
 
 QT_BEGIN_NAMESPACE
@@ -19,8 +17,8 @@ namespace studio {
 class MeasureBox;
 
 /**
- * Reads the codes of a drawing back from their final marks, a few at a time, so that the window
- * stays alive, and lists what each says, the troubled ones first. Choosing one selects it.
+ * Reads the codes of a drawing back from their final marks while the window stays alive, and lists
+ * what each says, the troubled ones first. Choosing one selects it.
  */
 class VerifyDialog : public QDialog
 {
@@ -33,23 +31,19 @@ public:
     /** Begins anew with the codes that the drawing has now. */
     void start();
 
-    bool isRunning() const { return m_timer.isActive(); }
+    bool isRunning() const { return m_reader.isRunning(); }
 
 private:
     void layOut();
-    void readSome();
-    void readNext();
     void stop();
     void finish();
-    void add(const codekit::CodeItem &item, const codekit::CodeReading &reading);
+    void add(int number, const codekit::CodeReading &reading);
     void select(const QTreeWidgetItem *row);
 
     ZTGraphicsDocument &m_document;
-    QVector<QPointer<codekit::CodeItem>> m_codes;
-    int m_next = 0;
+    CodeReader m_reader;
     int m_good = 0;
     int m_bad = 0;
-    QTimer m_timer;
     MeasureBox *m_beamBox;
     QProgressBar *m_progress;
     QLabel *m_summary;

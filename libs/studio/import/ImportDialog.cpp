@@ -1,6 +1,8 @@
 #include <studio/import/ImportDialog.h>
 
 #include <studio/PenColors.h>
+#include <studio/drawing/LongWork.h>
+#include <studio/import/CleanForm.h>
 #include <studio/import/ImportNotes.h>
 #include <studio/import/ImportPicture.h>
 #include <studio/import/ImportSettings.h>
@@ -17,6 +19,7 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QTabWidget>
 #include <QtWidgets/QTableWidget>
 
 #include <set>
@@ -28,8 +31,15 @@ namespace {
 constexpr double kLeastMm = 0.001;
 constexpr double kMostMm = 100000.0;
 constexpr int kSizeDecimals = 3;
-constexpr int kColumnPx = 420;
+constexpr int kColumnPx = 440;
 constexpr int kListPx = 110;
+constexpr int kSoonMs = 150;
+constexpr int kSteps = 1000;
+
+/** Limit: pieces of a drawing that is looked through for what cleaning would mend. */
+constexpr int kMostLookedThrough = 200000;
+constexpr double kNearMm = 0.05; ///< ends that look like one
+constexpr double kSameMm = 0.01; ///< lines that look like one
 
 /** Limit: rows of the table of pens; further colours go to the pens nearest to them. */
 constexpr int kMostColors = 100;
@@ -76,7 +86,7 @@ ImportDialog::ImportDialog(const QString &path, const vectorkit::VectorDrawing &
       m_unitBox(new QComboBox(this)), m_widthBox(addSize(QStringLiteral("importWidth"))),
       m_heightBox(addSize(QStringLiteral("importHeight"))), m_proportionsBox(new QCheckBox(this)),
       m_splitBox(new QComboBox(this)), m_fillOpenBox(new QCheckBox(this)),
-      m_pens(new QTableWidget(this)), m_notes(new QListWidget(this))
+      m_pens(new QTableWidget(this)), m_notes(new QListWidget(this)), m_clean(new CleanForm(this))
 {
     setObjectName(QStringLiteral("importDialog"));
     setAttribute(Qt::WA_DeleteOnClose);
@@ -85,8 +95,13 @@ ImportDialog::ImportDialog(const QString &path, const vectorkit::VectorDrawing &
     fillNotes();
     fillPens();
     layOut(path);
-    m_picture->show(m_found);
     showSize(m_foundSizeMm);
+    m_clean->setOptions(rememberedCleaning());
+    refresh();
+    m_soon.setSingleShot(true);
+    m_soon.setInterval(kSoonMs);
+    connect(&m_soon, &QTimer::timeout, this, &ImportDialog::refresh);
+    connect(m_clean, &CleanForm::changed, this, &ImportDialog::refreshSoon);
     connect(m_unitBox, qOverload<int>(&QComboBox::activated), this, &ImportDialog::takeUnit);
     connect(m_widthBox, qOverload<double>(&QDoubleSpinBox::valueChanged), this,
             &ImportDialog::takeWidth);
@@ -154,7 +169,7 @@ void ImportDialog::fillPens()
     }
 }
 
-void ImportDialog::layOut(const QString &path)
+QWidget *ImportDialog::newDrawingPage(const QString &path)
 {
     m_splitBox->setObjectName(QStringLiteral("importSplit"));
     m_splitBox->addItems({tr("One shape"), tr("One shape a layer"), tr("One shape a color"),
@@ -199,14 +214,57 @@ void ImportDialog::layOut(const QString &path)
     form->addRow(tr("&Split:"), m_splitBox);
     form->addRow(QString(), m_fillOpenBox);
     form->addRow(tr("&Pens:"), m_pens);
-    form->addRow(tr("&Left out or changed:"), m_notes);
+    auto *page = new QWidget(this);
+    page->setLayout(form);
+    return page;
+}
+
+/** First what there is to mend, then what to do about it. */
+QWidget *ImportDialog::newCleaningPage()
+{
+    auto *needs = new QLabel(this);
+    needs->setObjectName(QStringLiteral("importNeeds"));
+    needs->setWordWrap(true);
+    needs->setTextFormat(Qt::PlainText);
+    qint64 pieces = 0;
+    for (const vectorkit::VectorLayer &layer : qAsConst(m_found.layers)) {
+        for (const vectorkit::VectorShape &shape : layer.shapes) {
+            for (const vectorkit::VectorPath &path : shape.paths)
+                pieces += path.pieceCount();
+        }
+    }
+    if (pieces <= kMostLookedThrough) {
+        const QString found = cleanNeeds(vectorkit::cleaningNeeds(m_found, kNearMm, kSameMm));
+        needs->setText(found.isEmpty() ? tr("There is nothing to mend.")
+                                       : tr("To be mended: %1").arg(found));
+    } else {
+        needs->setText(tr("%L1 pieces: choose what to clean, and see what it mends.").arg(pieces));
+    }
+    auto *page = new QWidget(this);
+    auto *rows = new QVBoxLayout(page);
+    rows->addWidget(needs);
+    rows->addWidget(m_clean, 1);
+    return page;
+}
+
+void ImportDialog::layOut(const QString &path)
+{
+    auto *tabs = new QTabWidget(this);
+    tabs->setObjectName(QStringLiteral("importTabs"));
+    tabs->addTab(newDrawingPage(path), tr("Dra&wing"));
+    tabs->addTab(newCleaningPage(), tr("&Cleaning"));
+    auto *notesLabel = new QLabel(tr("&Left out or changed:"), this);
+    notesLabel->setBuddy(m_notes);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    buttons->button(QDialogButtonBox::Ok)->setText(tr("&Import"));
+    m_okButton = buttons->button(QDialogButtonBox::Ok);
+    m_okButton->setText(tr("&Import"));
     connect(buttons, &QDialogButtonBox::accepted, this, &ImportDialog::take);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto *side = new QVBoxLayout;
-    side->addLayout(form);
+    side->addWidget(tabs, 1);
+    side->addWidget(notesLabel);
+    side->addWidget(m_notes);
     side->addWidget(buttons);
     auto *column = new QWidget(this);
     column->setLayout(side);
@@ -230,23 +288,53 @@ void ImportDialog::showSize(const QSizeF &sizeMm)
 void ImportDialog::takeUnit()
 {
     showSize(m_foundSizeMm * (m_unitBox->currentData().toDouble() / m_found.unitMm));
+    refreshSoon();
 }
 
 void ImportDialog::takeWidth()
 {
     if (m_proportionsBox->isChecked())
         showSize(m_foundSizeMm * (m_widthBox->value() / m_foundSizeMm.width()));
+    refreshSoon();
 }
 
 void ImportDialog::takeHeight()
 {
     if (m_proportionsBox->isChecked())
         showSize(m_foundSizeMm * (m_heightBox->value() / m_foundSizeMm.height()));
+    refreshSoon();
 }
 
-vectorkit::VectorDrawing ImportDialog::drawing() const
+void ImportDialog::refreshSoon() { m_soon.start(); }
+
+// Lengths of the cleaning are true ones: what comes first is the size.
+void ImportDialog::refresh()
 {
-    vectorkit::VectorDrawing sized = m_found;
+    m_soon.stop();
+    vectorkit::CleanOptions options = m_clean->options();
+    vectorkit::VectorDrawing drawing = sized();
+    vectorkit::CleanReport report;
+    bool isDone = false;
+    {
+        LongWork work(*this, tr("Cleaning..."), LongWork::Cancel::Possible);
+        options.progress = [&work](double done) {
+            return work.step(qRound(done * kSteps), kSteps);
+        };
+        isDone = vectorkit::cleanDrawing(&drawing, options, &report);
+    }
+    m_okButton->setEnabled(isDone);
+    if (!isDone) {
+        m_clean->showWords(tr("Given up: change what is to be cleaned."));
+        return;
+    }
+    m_shown = drawing;
+    m_clean->showReport(report);
+    m_picture->show(m_shown);
+}
+
+vectorkit::VectorDrawing ImportDialog::sized() const
+{
+    vectorkit::VectorDrawing drawing = m_found;
     const double unitFactor = m_unitBox->currentData().toDouble() / m_found.unitMm;
     const auto isAt = [&](const QDoubleSpinBox *box, double sizeMm) {
         return qAbs(box->value() - sizeMm) < 0.5 / 1000;
@@ -256,14 +344,15 @@ vectorkit::VectorDrawing ImportDialog::drawing() const
                              isAt(m_heightBox, m_foundSizeMm.height() * unitFactor);
     if (isUnitAlone || m_foundSizeMm.isNull()) {
         if (unitFactor != 1.0)
-            sized.scale(unitFactor);
-        return sized;
+            drawing.scale(unitFactor);
+        return drawing;
     }
     const bool isWidthAlone = m_proportionsBox->isChecked() && m_foundSizeMm.width() > 0.0;
     hostkit::fitDrawing(
-        &sized, QSizeF(m_foundSizeMm.width() > 0.0 ? m_widthBox->value() : 0.0,
-                       m_foundSizeMm.height() > 0.0 && !isWidthAlone ? m_heightBox->value() : 0.0));
-    return sized;
+        &drawing,
+        QSizeF(m_foundSizeMm.width() > 0.0 ? m_widthBox->value() : 0.0,
+               m_foundSizeMm.height() > 0.0 && !isWidthAlone ? m_heightBox->value() : 0.0));
+    return drawing;
 }
 
 hostkit::ImportOptions ImportDialog::options() const
@@ -286,7 +375,12 @@ hostkit::ImportOptions ImportDialog::options() const
 
 void ImportDialog::take()
 {
+    if (m_soon.isActive())
+        refresh();
+    if (!m_okButton->isEnabled())
+        return;
     rememberImportOptions(options());
+    rememberCleaning(m_clean->options());
     Q_EMIT chosen();
     accept();
 }

@@ -2,6 +2,7 @@
 
 #include <hostkit/import/DrawingImport.h>
 
+#include <QtCore/QTimer>
 #include <QtWidgets/QDialog>
 
 QT_BEGIN_NAMESPACE
@@ -10,16 +11,19 @@ class QComboBox;
 class QDoubleSpinBox;
 class QLabel;
 class QListWidget;
+class QPushButton;
 class QTableWidget;
 QT_END_NAMESPACE
 
 namespace studio {
 
+class CleanForm;
 class ImportPicture;
 
 /**
  * Shows a foreign drawing before it comes in: its picture, its size and how that was found, and
- * what was left out. The user may change unit, size, splitting and pens.
+ * what was left out. The user may change unit, size, splitting, pens and what is to be cleaned; the
+ * picture is that of what would come in.
  *
  * Range: sizes from 0.001 to 100,000 mm.
  */
@@ -30,8 +34,8 @@ class ImportDialog : public QDialog
 public:
     ImportDialog(const QString &path, const vectorkit::VectorDrawing &read, QWidget *parent);
 
-    /** The drawing in the size that the user chose. */
-    vectorkit::VectorDrawing drawing() const;
+    /** The drawing in the size that the user chose, cleaned as chosen. */
+    const vectorkit::VectorDrawing &drawing() const { return m_shown; }
 
     /** Split, hatch of open outlines and pens, as chosen. */
     hostkit::ImportOptions options() const;
@@ -42,6 +46,8 @@ Q_SIGNALS:
 
 private:
     void layOut(const QString &path);
+    QWidget *newDrawingPage(const QString &path);
+    QWidget *newCleaningPage();
     QDoubleSpinBox *addSize(const QString &name);
     void fillUnits();
     void fillNotes();
@@ -50,9 +56,13 @@ private:
     void takeWidth();
     void takeHeight();
     void showSize(const QSizeF &sizeMm);
+    void refreshSoon();
+    void refresh();
+    vectorkit::VectorDrawing sized() const;
     void take();
 
     vectorkit::VectorDrawing m_found;
+    vectorkit::VectorDrawing m_shown; ///< sized and cleaned
     QSizeF m_foundSizeMm;
     hostkit::ImportOptions m_first; ///< as remembered
     ImportPicture *m_picture;       ///< children, as all below
@@ -64,6 +74,9 @@ private:
     QCheckBox *m_fillOpenBox;
     QTableWidget *m_pens;
     QListWidget *m_notes;
+    CleanForm *m_clean;
+    QPushButton *m_okButton = nullptr;
+    QTimer m_soon; ///< after the last change
 };
 
 } // namespace studio

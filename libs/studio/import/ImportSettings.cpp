@@ -10,6 +10,23 @@ namespace {
 const QString kSplitKey = QStringLiteral("import/split");
 const QString kFillOpenKey = QStringLiteral("import/fillOpen");
 const QString kPensKey = QStringLiteral("import/pens");
+const QString kJoinKey = QStringLiteral("import/clean/joinMm");
+const QString kDoublesKey = QStringLiteral("import/clean/doublesMm");
+const QString kZeroKey = QStringLiteral("import/clean/zeroLength");
+const QString kSimplifyKey = QStringLiteral("import/clean/simplifyMm");
+const QString kArcsKey = QStringLiteral("import/clean/arcsMm");
+const QString kWeldKey = QStringLiteral("import/clean/weld");
+const QString kWeldFilledKey = QStringLiteral("import/clean/weldFilled");
+const QString kOrderKey = QStringLiteral("import/clean/order");
+
+constexpr double kMostMm = 10.0;
+
+/** A length that was kept, or `none` where that makes no sense. */
+double lengthOf(const QSettings &settings, const QString &key, double none)
+{
+    const double lengthMm = settings.value(key, none).toDouble();
+    return lengthMm > 0.0 && lengthMm <= kMostMm ? lengthMm : none;
+}
 
 } // namespace
 
@@ -39,6 +56,38 @@ void rememberImportOptions(const hostkit::ImportOptions &options)
     for (auto it = options.pens.begin(); it != options.pens.end(); ++it)
         rows << QStringLiteral("%1=%2").arg(QColor(it.key()).name()).arg(it.value());
     settings.setValue(kPensKey, rows);
+}
+
+vectorkit::CleanOptions rememberedCleaning()
+{
+    vectorkit::CleanOptions options;
+    const QSettings settings;
+    options.joinMm = lengthOf(settings, kJoinKey, -1.0);
+    const double sameMm = lengthOf(settings, kDoublesKey, -1.0);
+    options.dropDoubles = sameMm > 0.0;
+    if (options.dropDoubles)
+        options.sameMm = sameMm;
+    options.dropZeroLength = settings.value(kZeroKey, false).toBool();
+    options.simplifyMm = lengthOf(settings, kSimplifyKey, 0.0);
+    options.fitArcsMm = lengthOf(settings, kArcsKey, 0.0);
+    options.weld = settings.value(kWeldKey, false).toBool();
+    options.weldRule =
+        settings.value(kWeldFilledKey, false).toBool() ? Qt::WindingFill : Qt::OddEvenFill;
+    options.order = settings.value(kOrderKey, false).toBool();
+    return options;
+}
+
+void rememberCleaning(const vectorkit::CleanOptions &options)
+{
+    QSettings settings;
+    settings.setValue(kJoinKey, options.joinMm);
+    settings.setValue(kDoublesKey, options.dropDoubles ? options.sameMm : -1.0);
+    settings.setValue(kZeroKey, options.dropZeroLength);
+    settings.setValue(kSimplifyKey, options.simplifyMm);
+    settings.setValue(kArcsKey, options.fitArcsMm);
+    settings.setValue(kWeldKey, options.weld);
+    settings.setValue(kWeldFilledKey, options.weldRule == Qt::WindingFill);
+    settings.setValue(kOrderKey, options.order);
 }
 
 } // namespace studio

@@ -14,6 +14,8 @@
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QIODevice>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
 
 #include <algorithm>
 
@@ -113,6 +115,32 @@ bool JobExporter::fail(const QString &path, const QString &why)
 {
     m_messages.failure({tr("\"%1\" was not written.").arg(QFileInfo(path).fileName()), why, {}});
     return false;
+}
+
+void JobExporter::askAboutNotReady(const JobExport &wanted, const JobSettings &settings, int part,
+                                   const QStringList &reasons)
+{
+    constexpr int kNamedAtMost = 10;
+    auto *box = new QMessageBox(
+        QMessageBox::Warning, tr("Export the job"),
+        tr("Part %1 cannot be made as asked for. No file was written.").arg(part + 1),
+        QMessageBox::Cancel, &m_window);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setObjectName(QStringLiteral("notReadyBox"));
+    box->setTextFormat(Qt::PlainText);
+    QStringList lines = reasons.mid(0, kNamedAtMost);
+    if (reasons.size() > kNamedAtMost)
+        lines << QStringLiteral("...");
+    lines << tr("Written as shown, they hold the last content that they could.");
+    box->setInformativeText(lines.join(QLatin1Char('\n')));
+    const QPushButton *goOn = box->addButton(tr("&Write them as shown"), QMessageBox::AcceptRole);
+    box->setDefaultButton(QMessageBox::Cancel);
+    connect(goOn, &QPushButton::clicked, this, [this, wanted, settings] {
+        JobExport again = wanted;
+        again.isAsShown = true;
+        write(again, settings);
+    });
+    box->open();
 }
 
 bool JobExporter::hasNumbers() const
@@ -215,8 +243,10 @@ bool JobExporter::planParts(const JobExport &wanted, JobRequest request,
         GatheredItems gathered;
         if (!gatherItems(m_document, &gathered))
             return fail(wanted.path, tr("Not all shapes could be turned into marks."));
-        if (!gathered.notReady.isEmpty())
-            return fail(wanted.path, cannotBeMade(part, gathered.notReady));
+        if (!gathered.notReady.isEmpty() && !wanted.isAsShown) {
+            askAboutNotReady(wanted, request.settings, part, gathered.notReady);
+            return false;
+        }
         request.items = gathered.items;
         const auto isGivenUp = std::make_shared<std::atomic<bool>>(false);
         const auto job = std::make_shared<std::shared_ptr<const Job>>();

@@ -24,6 +24,7 @@ struct JobExport
     int parts = 1;          ///< 1 to `JobExporter::kMostParts`
     bool isOneFile = false; ///< several parts in one file, with a pause between them
     std::optional<jobkit::FrameKind> frame; ///< the frame of the job in its place
+    bool isAsShown = false; ///< also shapes that mark something else than they were given
 };
 
 /**
@@ -50,7 +51,10 @@ public:
     /** Whether the drawing has variant texts, which move on once a part. */
     bool hasNumbers() const;
 
-    /** Writes a job; false where it was not, after telling why. */
+    /**
+     * Writes a job; false where it was not, after telling why. Shapes that mark something else than
+     * they were given are asked about, without waiting: a yes writes the job after all.
+     */
     bool write(const JobExport &wanted, const JobSettings &settings);
 
 Q_SIGNALS:
@@ -65,6 +69,8 @@ private:
     bool writeFiles(const JobExport &wanted, const JobRequest &request,
                     const QVector<jobkit::JobPlan> &plans);
     bool fail(const QString &path, const QString &why);
+    void askAboutNotReady(const JobExport &wanted, const JobSettings &settings, int part,
+                          const QStringList &reasons);
 
     ZTGraphicsDocument &m_document;
     TextTools &m_texts;

@@ -96,7 +96,8 @@ void CodeSection::followPlaces(const ShapeItems &selected)
     const codekit::CodeItem &first = *codekit::codeItem(selected.first());
     const bool isOne = selected.size() == 1;
     m_summary->setText(isOne ? codeSummary(first) : tr("%1 codes").arg(selected.size()));
-    m_problem->setText(isOne ? first.code().notReadyReason() : QString());
+    const QString reason = first.code().notReadyReason();
+    m_problem->setText(!isOne ? QString() : reason.isEmpty() ? mirrorWarning(first) : reason);
     m_summary->setVisible(!m_summary->text().isEmpty());
     m_problem->setVisible(!m_problem->text().isEmpty());
     showCommon(*m_module, selected,

@@ -659,6 +659,86 @@
         <source>To last: marked after all others</source>
         <translation>移到最后：在所有其他图形之后标刻</translation>
     </message>
+    <message>
+        <source>&amp;Break apart</source>
+        <translation>拆分(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Combine</source>
+        <translation>合并(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Difference</source>
+        <translation>差集(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Intersection</source>
+        <translation>交集(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Offset...</source>
+        <translation>偏移(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>&amp;Union</source>
+        <translation>并集(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Weld</source>
+        <translation>焊接(&amp;W)</translation>
+    </message>
+    <message>
+        <source>A shape for each outline with its holes</source>
+        <translation>每个轮廓连同其孔成为一个图形</translation>
+    </message>
+    <message>
+        <source>Areas of a shape that overlap become one; holes stay holes</source>
+        <translation>图形中重叠的区域合成一个；孔仍为孔</translation>
+    </message>
+    <message>
+        <source>C&amp;lean and simplify...</source>
+        <translation>清理和简化(&amp;L)...</translation>
+    </message>
+    <message>
+        <source>E&amp;xclusion</source>
+        <translation>异或(&amp;X)</translation>
+    </message>
+    <message>
+        <source>Join ends, remove what is drawn twice, take out needless points</source>
+        <translation>连接端点，去除重复绘制的部分和多余的点</translation>
+    </message>
+    <message>
+        <source>One area of all the selected ones</source>
+        <translation>所有选中的区域合成一个区域</translation>
+    </message>
+    <message>
+        <source>Outlines at a distance from the selected ones</source>
+        <translation>与选中轮廓保持一定距离的轮廓</translation>
+    </message>
+    <message>
+        <source>Shapes and texts become paths, whose nodes can be edited</source>
+        <translation>图形和文字变为路径，其节点可以编辑</translation>
+    </message>
+    <message>
+        <source>The lowest of the selected areas without the others</source>
+        <translation>选中区域中最下面的一个减去其余的</translation>
+    </message>
+    <message>
+        <source>The selected shapes become one path, hatched as one</source>
+        <translation>选中的图形合成一条路径，一起填充</translation>
+    </message>
+    <message>
+        <source>Turn into &amp;paths</source>
+        <translation>转换为路径(&amp;P)</translation>
+    </message>
+    <message>
+        <source>What lies in all of the selected areas</source>
+        <translation>所有选中区域共有的部分</translation>
+    </message>
+    <message>
+        <source>What lies in one of the selected areas alone</source>
+        <translation>只在一个选中区域内的部分</translation>
+    </message>
 </context>
 <context>
     <name>studio::ArcPage</name>
@@ -2138,6 +2218,46 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>Share counter</source>
         <translation>共用计数器</translation>
     </message>
+    <message>
+        <source>Break apart</source>
+        <translation>拆分</translation>
+    </message>
+    <message>
+        <source>Clean</source>
+        <translation>清理</translation>
+    </message>
+    <message>
+        <source>Combine</source>
+        <translation>合并</translation>
+    </message>
+    <message>
+        <source>Difference</source>
+        <translation>差集</translation>
+    </message>
+    <message>
+        <source>Exclusion</source>
+        <translation>异或</translation>
+    </message>
+    <message>
+        <source>Intersection</source>
+        <translation>交集</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>偏移</translation>
+    </message>
+    <message>
+        <source>Turn into paths</source>
+        <translation>转换为路径</translation>
+    </message>
+    <message>
+        <source>Union</source>
+        <translation>并集</translation>
+    </message>
+    <message>
+        <source>Weld</source>
+        <translation>焊接</translation>
+    </message>
 </context>
 <context>
     <name>studio::VariantPanel</name>
@@ -2319,6 +2439,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>Or&amp;der</source>
         <translation>次序(&amp;D)</translation>
     </message>
+    <message>
+        <source>Pat&amp;hs</source>
+        <translation>路径(&amp;H)</translation>
+    </message>
 </context>
 <context>
     <name>studio::WordsPage</name>
@@ -2492,6 +2616,34 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>Size as found:</source>
         <translation>文件尺寸：</translation>
     </message>
+    <message>
+        <source>%L1 pieces: choose what to clean, and see what it mends.</source>
+        <translation>%L1 段：请选择要清理的内容并查看结果。</translation>
+    </message>
+    <message>
+        <source>&amp;Cleaning</source>
+        <translation>清理(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Cleaning...</source>
+        <translation>正在清理...</translation>
+    </message>
+    <message>
+        <source>Dra&amp;wing</source>
+        <translation>图纸(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Given up: change what is to be cleaned.</source>
+        <translation>已放弃：请更改要清理的内容。</translation>
+    </message>
+    <message>
+        <source>There is nothing to mend.</source>
+        <translation>没有需要修补的。</translation>
+    </message>
+    <message>
+        <source>To be mended: %1</source>
+        <translation>需要修补：%1</translation>
+    </message>
 </context>
 <context>
     <name>studio::ImportNotes</name>
@@ -2573,6 +2725,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>The drawing still shows the last good code: %1</source>
         <translation>图纸上仍是最后一个有效的码：%1</translation>
     </message>
+    <message>
+        <source>The code is mirrored: scanners read it from behind, or not at all.</source>
+        <translation>条码是镜像的：扫描器只能从背面读出，或根本读不出。</translation>
+    </message>
 </context>
 <context>
     <name>studio::CodeFormPage</name>
@@ -2652,6 +2808,14 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>squares, one by one</source>
         <translation>逐个方块</translation>
     </message>
+    <message>
+        <source>A point is where the beam stays for a moment: one in each dark module</source>
+        <translation>点是光束停留片刻之处：每个深色模块一个</translation>
+    </message>
+    <message>
+        <source>points, one a module</source>
+        <translation>点，每个模块一个</translation>
+    </message>
 </context>
 <context>
     <name>studio::CodeOptionsPage</name>
@@ -2662,10 +2826,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>%1 x %2</source>
         <translation>%1 x %2</translation>
-    </message>
-    <message>
-        <source>&amp;Escapes: \n, \t, \x1D stand for control characters</source>
-        <translation>转义(&amp;E)：\n、\t、\x1D 代表控制字符</translation>
     </message>
     <message>
         <source>&amp;Mask</source>
@@ -2706,6 +2866,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>the smallest that holds the content</source>
         <translation>能容纳内容的最小尺寸</translation>
+    </message>
+    <message>
+        <source>&amp;Escapes: \n, \t, \G, \x1D stand for control characters</source>
+        <translation>转义(&amp;E)：\n、\t、\G、\x1D 表示控制字符</translation>
     </message>
 </context>
 <context>
@@ -3477,6 +3641,22 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>%1 was the last number, and it was marked. Give the text new values before another part is marked.</source>
         <translation>%1 是最后一个编号，且已标刻。标刻下一件前请给文本新的值。</translation>
     </message>
+    <message>
+        <source>&amp;Write them as shown</source>
+        <translation>按所显示的写出(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Export the job</source>
+        <translation>导出作业</translation>
+    </message>
+    <message>
+        <source>Part %1 cannot be made as asked for. No file was written.</source>
+        <translation>第 %1 件不能按要求制作。没有写出文件。</translation>
+    </message>
+    <message>
+        <source>Written as shown, they hold the last content that they could.</source>
+        <translation>若按所显示的写出，它们保持最后一个可行的内容。</translation>
+    </message>
 </context>
 <context>
     <name>studio::JobPanel</name>
@@ -4126,6 +4306,214 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Whether it is marked</source>
         <translation>是否标刻</translation>
+    </message>
+</context>
+<context>
+    <name>studio::CleanDialog</name>
+    <message>
+        <source>&amp;Clean</source>
+        <translation>清理(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Clean outlines</source>
+        <translation>清理轮廓</translation>
+    </message>
+    <message>
+        <source>Cleaning...</source>
+        <translation>正在清理...</translation>
+    </message>
+    <message>
+        <source>Given up: change what is to be cleaned.</source>
+        <translation>已放弃：请更改要清理的内容。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::CleanForm</name>
+    <message>
+        <source> mm</source>
+        <translation> 毫米</translation>
+    </message>
+    <message>
+        <source>&amp;Arcs for points within</source>
+        <translation>用圆弧拟合，误差(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Join ends within</source>
+        <translation>连接端点，距离(&amp;J)</translation>
+    </message>
+    <message>
+        <source>&amp;Simplify within</source>
+        <translation>简化，误差(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Weld areas that overlap</source>
+        <translation>焊接重叠的区域(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Arcs of circles in place of fine straight pieces</source>
+        <translation>用圆弧代替细小的直线段</translation>
+    </message>
+    <message>
+        <source>Closed outlines become the edge of what they cover together</source>
+        <translation>封闭轮廓变为它们共同覆盖区域的边缘</translation>
+    </message>
+    <message>
+        <source>Drawn twice: %1 pieces, %2 mm</source>
+        <translation>重复绘制：%1 段，%2 毫米</translation>
+    </message>
+    <message>
+        <source>Ends joined: %1</source>
+        <translation>连接的端点：%1</translation>
+    </message>
+    <message>
+        <source>Ends so near to each other become one, and outlines that come back to their start are closed</source>
+        <translation>这么近的端点合成一点，回到起点的轮廓被封闭</translation>
+    </message>
+    <message>
+        <source>Fewer points, so near to the lines as they are</source>
+        <translation>减少点数，与原线的距离不超过此值</translation>
+    </message>
+    <message>
+        <source>Jumps: %1 → %2 mm</source>
+        <translation>空跳：%1 → %2 毫米</translation>
+    </message>
+    <message>
+        <source>Outlines by the nearest end, inner ones before outer ones</source>
+        <translation>按最近的端点排列轮廓，先内后外</translation>
+    </message>
+    <message>
+        <source>Outlines closed: %1</source>
+        <translation>封闭的轮廓：%1</translation>
+    </message>
+    <message>
+        <source>Outlines: %1 → %2</source>
+        <translation>轮廓：%1 → %2</translation>
+    </message>
+    <message>
+        <source>Pieces: %1 → %2</source>
+        <translation>线段：%1 → %2</translation>
+    </message>
+    <message>
+        <source>Remove &amp;doubles within</source>
+        <translation>去除重复，距离(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Remove pieces without &amp;length</source>
+        <translation>去除没有长度的线段(&amp;L)</translation>
+    </message>
+    <message>
+        <source>S&amp;hort ways</source>
+        <translation>缩短空程(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Single points go too</source>
+        <translation>单独的点也去除</translation>
+    </message>
+    <message>
+        <source>What is drawn twice, or lies on a longer line, is marked once</source>
+        <translation>重复绘制或位于更长线段上的部分只标记一次</translation>
+    </message>
+    <message>
+        <source>Without length: %1 pieces</source>
+        <translation>没有长度：%1 段</translation>
+    </message>
+    <message>
+        <source>overlaps are filled</source>
+        <translation>重叠处填满</translation>
+    </message>
+    <message>
+        <source>overlaps stay open</source>
+        <translation>重叠处留空</translation>
+    </message>
+</context>
+<context>
+    <name>studio::OffsetDialog</name>
+    <message>
+        <source> mm</source>
+        <translation> 毫米</translation>
+    </message>
+    <message>
+        <source>%1 outlines</source>
+        <translation>%1 个轮廓</translation>
+    </message>
+    <message>
+        <source>&amp;Corners:</source>
+        <translation>拐角(&amp;C)：</translation>
+    </message>
+    <message>
+        <source>&amp;Distance, outward:</source>
+        <translation>向外的距离(&amp;D)：</translation>
+    </message>
+    <message>
+        <source>&amp;Keep the shape itself</source>
+        <translation>保留图形本身(&amp;K)</translation>
+    </message>
+    <message>
+        <source>Above 0 outside of the outline, below 0 inside</source>
+        <translation>大于 0 在轮廓外侧，小于 0 在内侧</translation>
+    </message>
+    <message>
+        <source>At a distance of 0 it is the shape itself.</source>
+        <translation>距离为 0 时就是图形本身。</translation>
+    </message>
+    <message>
+        <source>No closed outline is left at this distance.</source>
+        <translation>在此距离上没有剩下封闭轮廓。</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>偏移</translation>
+    </message>
+    <message>
+        <source>cut off</source>
+        <translation>切角</translation>
+    </message>
+    <message>
+        <source>pointed</source>
+        <translation>尖角</translation>
+    </message>
+    <message>
+        <source>round</source>
+        <translation>圆角</translation>
+    </message>
+</context>
+<context>
+    <name>studio::PathActions</name>
+    <message>
+        <source>%1 open runs have no area and stay as they were</source>
+        <translation>%1 条开放线没有面积，保持原样</translation>
+    </message>
+    <message>
+        <source>Broken apart into %1 shapes</source>
+        <translation>已拆分为 %1 个图形</translation>
+    </message>
+    <message>
+        <source>Combined: all of it has pen %1 now</source>
+        <translation>已合并：全部使用笔 %1</translation>
+    </message>
+    <message>
+        <source>Nothing is selected that is not a path already</source>
+        <translation>选中的都已经是路径</translation>
+    </message>
+    <message>
+        <source>Nothing would be left: the shapes stay as they are</source>
+        <translation>将什么也不剩：图形保持原样</translation>
+    </message>
+    <message>
+        <source>One of the shapes has no closed outline: close it first</source>
+        <translation>其中一个图形没有封闭轮廓：请先将其封闭</translation>
+    </message>
+    <message>
+        <source>There was nothing to clean</source>
+        <translation>没有可清理的</translation>
+    </message>
+    <message>
+        <source>What is selected has no closed outline</source>
+        <translation>选中的图形没有封闭轮廓</translation>
+    </message>
+    <message>
+        <source>What is selected is one outline each: there is nothing to break apart</source>
+        <translation>选中的各自只有一个轮廓，没有可拆分的</translation>
     </message>
 </context>
 </TS>

@@ -225,10 +225,11 @@ void TextTools::nextPart()
     showInTree({all.begin(), all.end()});
     Q_EMIT partChanged();
     Q_EMIT told(tr("Next part: %1").arg(part.texts.join(QStringLiteral(", "))));
-    if (!part.errors.isEmpty())
+    const QStringList failed = part.errors + part.notReady;
+    if (!failed.isEmpty())
         m_messages.failure({tr("A variant text is not complete."),
                             tr("Mend the list file or the text, then go to the next part."),
-                            part.errors});
+                            failed});
     else if (!part.usedUp.isEmpty())
         m_messages.warning({tr("A variant text is used up: its last value shows once more."),
                             tr("Give it new values before another part is marked."), part.usedUp});

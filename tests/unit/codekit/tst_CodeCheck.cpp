@@ -52,7 +52,9 @@ enum Form {
     WithText,
     Upright,
     Slanted,
-    Zigzag
+    Zigzag,
+    Points,
+    Lines
 };
 
 } // namespace
@@ -80,14 +82,24 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("kind");
         QTest::addColumn<int>("form");
-        const char *names[] = {
-            "plain",     "rotated",         "inverse",         "dots",  "grown", "bars", "resized",
-            "with text", "hatched upright", "hatched slanted", "zigzag"};
+        const char *names[] = {"plain",
+                               "rotated",
+                               "inverse",
+                               "dots",
+                               "grown",
+                               "bars",
+                               "resized",
+                               "with text",
+                               "hatched upright",
+                               "hatched slanted",
+                               "zigzag",
+                               "points",
+                               "lines"};
         for (const CodeKindInfo &info : codeKinds()) {
             if (!canReadBack(info.kind))
                 continue;
-            for (int form = Plain; form <= Zigzag; ++form) {
-                if (form == Dots && info.isLinear)
+            for (int form = Plain; form <= Lines; ++form) {
+                if ((form == Dots || form == Points) && info.isLinear)
                     continue; // a bar of dots is none
                 QTest::addRow("%s, %s", info.name, names[form]) << int(info.kind) << form;
             }
@@ -107,9 +119,10 @@ private Q_SLOTS:
     void mirroredCode_isWarnedOf_data()
     {
         QTest::addColumn<int>("kind");
-        for (const CodeKind kind : {CodeKind::DataMatrix, CodeKind::Qr, CodeKind::MicroQr,
-                                    CodeKind::Pdf417, CodeKind::Aztec, CodeKind::Code128})
-            QTest::newRow(infoOf(kind).name) << int(kind);
+        for (const CodeKindInfo &info : codeKinds()) {
+            if (canReadBack(info.kind))
+                QTest::newRow(info.name) << int(info.kind);
+        }
     }
 
     void mirroredCode_isWarnedOf()
@@ -196,6 +209,14 @@ private:
             settings.form.style = CodeStyle::Dots;
         if (form == Bars)
             settings.form.style = CodeStyle::Bars;
+        if (form == Points) {
+            settings.form.style = CodeStyle::Points;
+            settings.form.dotShare = 1.0;
+        }
+        if (form == Lines) {
+            settings.form.style = CodeStyle::BarLines;
+            settings.form.growthMm = infoOf(kind).isLinear ? 0.0 : settings.form.moduleMm;
+        }
         if (form == WithText) {
             settings.human.place = HumanPlace::Below;
             settings.human.font = QFont(QStringLiteral("DejaVu Sans"));

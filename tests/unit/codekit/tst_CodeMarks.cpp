@@ -184,6 +184,24 @@ private Q_SLOTS:
         QVERIFY(lines.areas.isEmpty());
     }
 
+    void linesOfSquares_runAlongTheRows_andBackByTurns()
+    {
+        CodeForm lines = form(CodeStyle::BarLines);
+        lines.growthMm = 0.4;
+        const CodeMarks marks = marked(drawn({"##.#", ".###", "#..."}), lines);
+        // A beam of 0.4 mm marks 0.2 mm beyond each end.
+        QCOMPARE(marks.lines,
+                 QVector<QLineF>({QLineF(0.2, 0.5, 1.8, 0.5), QLineF(3.2, 0.5, 3.8, 0.5),
+                                  QLineF(3.8, 1.5, 1.2, 1.5), QLineF(0.2, 2.5, 0.8, 2.5)}));
+        lines.growthMm = 1.0; // a beam as wide as the module: of a module alone a point is left
+        const CodeMarks wide = marked(drawn({"#.##"}), lines);
+        QCOMPARE(wide.lines,
+                 QVector<QLineF>({QLineF(0.5, 0.5, 0.5, 0.5), QLineF(2.5, 0.5, 3.5, 0.5)}));
+        lines.growthMm = 1.1;
+        QCOMPARE(refusal(drawn({"#"}), lines),
+                 QStringLiteral("the growth is less than the module, and not negative"));
+    }
+
     void inverse_marksTheLightAndTheQuietZone()
     {
         CodeForm inverse = form(CodeStyle::Merged);

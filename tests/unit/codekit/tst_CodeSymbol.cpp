@@ -2,6 +2,8 @@
 
 #include "CodeReader.h"
 
+#include <codekit/CodeReadback.h>
+
 #include <QtTest/QtTest>
 
 using namespace codekit;
@@ -257,6 +259,15 @@ private Q_SLOTS:
         spec.kind = CodeKind::Gs1DataMatrix;
         spec.hasCheckDigit = false;
         QCOMPARE(codekit::lackingOption(spec), QString());
+        spec.charset = CodeCharset::Gbk;
+        QCOMPARE(codekit::lackingOption(spec),
+                 QStringLiteral("GS1 DataMatrix leaves no choice of a character set"));
+        spec = {};
+        spec.kind = CodeKind::Ean13;
+        spec.hasEscapes = true;
+        QCOMPARE(codekit::lackingOption(spec),
+                 QStringLiteral("EAN-13 has no control characters, so that there is nothing to "
+                                "escape"));
     }
 
     void content_thatDoesNotFit_isRefusedWithTheReason_data()
@@ -274,7 +285,8 @@ private Q_SLOTS:
         row(CodeKind::Code39, text("A_B"),
             text("Code 39 has no \"_\": use Code 128 or Data Matrix"));
         row(CodeKind::Code93, text("ü"), text("Code 93 has no \"ü\": use Data Matrix or QR"));
-        row(CodeKind::Code128, text("序"), text("Code 128 has no \"序\": use Data Matrix or QR"));
+        row(CodeKind::Code128, text("序"),
+            text("Code 128 has no \"序\" that every scanner reads: use Data Matrix or QR"));
         row(CodeKind::Ean13, text("12"),
             text("EAN-13 has 12 digits, or 13 with the check digit; this is \"12\""));
         row(CodeKind::Ean13, text("4006381333930"),
@@ -294,8 +306,32 @@ private Q_SLOTS:
             text("GS1 DataMatrix wants application identifiers in brackets, as in "
                  "[01]04012345678901[10]LOT7; this is \"0104012345678901\""));
         row(CodeKind::MicroQr, QString(36, QLatin1Char('1')),
-            text("the content is too long for Micro QR: any text; up to 35 digits, 21 capitals or "
-                 "15 bytes"));
+            text("the content is too long for Micro QR: all ASCII characters; up to 35 digits, 21 "
+                 "capitals or 15 characters"));
+        // What a reader would take for other letters, or cannot know, is refused.
+        row(CodeKind::Code128, text("Größe"),
+            text("Code 128 has no \"ö\" that every scanner reads: use Data Matrix or QR"));
+        row(CodeKind::MicroQr, text("5 µm"),
+            text("Micro QR has no \"µ\" that every scanner reads: use Data Matrix or QR"));
+        row(CodeKind::Qr, QString(QChar(0xD83D)) + QLatin1Char('A'),
+            text("the content has half of a character, which no code can hold"));
+        row(CodeKind::Qr, QStringLiteral("A") + QChar(0xDE00),
+            text("the content has half of a character, which no code can hold"));
+        // 4 + 1 + 3*2 + ... of 0401234567890 is 99 with weights of 3 from the right: 1 is missing.
+        row(CodeKind::Gs1_128, text("[01]04012345678900"),
+            text("the check digit of (01) is 1, not 0"));
+        row(CodeKind::Gs1DataMatrix, text("[01]0401234567890"),
+            text("the value of (01) is not as long as it has to be"));
+        row(CodeKind::Gs1DataMatrix, text("[10]123456789012345678901"),
+            text("the value of (10) is not as long as it has to be"));
+        row(CodeKind::Gs1DataMatrix, text("[11]241301"),
+            text("the value of (11) is no date or time"));
+        row(CodeKind::Gs1DataMatrix, text("[55]1"),
+            text("there is no application identifier (55)"));
+        row(CodeKind::Gs1DataMatrix, text("[10]A#B"),
+            text("character 2 of the value of (10) is not allowed there"));
+        row(CodeKind::Gs1_128, text("[10]ü"), text("GS1-128 has no \"ü\": use Data Matrix or QR"));
+        row(CodeKind::Gs1_128, text("[10]A\tB"), text("GS1 has no control characters"));
         row(CodeKind::DataMatrix, QString(3117, QLatin1Char('1')),
             text("the content is too long for Data Matrix: any text; up to 3,116 digits, 2,335 "
                  "letters or 1,555 bytes"));
@@ -350,7 +386,7 @@ private Q_SLOTS:
         CodeSpec asked = spec(CodeKind::Qr, QStringLiteral("A"));
         asked.level = 5;
         QCOMPARE(refusal(asked),
-                 QStringLiteral("the error correction of QR Code is 1 to 4, not 5"));
+                 QStringLiteral("the error correction of QR Code is one of L, M, Q, H"));
         asked.level = 0;
         asked.version = 41;
         QCOMPARE(refusal(asked), QStringLiteral("the size of QR Code is 1 to 40, not 41"));
@@ -359,16 +395,138 @@ private Q_SLOTS:
         QCOMPARE(refusal(asked),
                  QStringLiteral(
                      "the content is too long for this size of QR Code: choose a larger one"));
+        CodeSpec columns = spec(CodeKind::Pdf417, QStringLiteral("A"));
+        columns.columns = 31;
+        QCOMPARE(refusal(columns),
+                 QStringLiteral("the number of columns of PDF417 is 1 to 30, not 31"));
+        columns.kind = CodeKind::MicroPdf417;
+        columns.columns = 5;
+        QCOMPARE(refusal(columns),
+                 QStringLiteral("the number of columns of Micro PDF417 is 1 to 4, not 5"));
+        CodeSpec level = spec(CodeKind::RectMicroQr, QStringLiteral("A"));
+        level.level = 3;
+        QCOMPARE(refusal(level), QStringLiteral("the error correction of rMQR is one of M, H"));
         asked.version = 0;
         asked.mask = 8;
         QCOMPARE(refusal(asked), QStringLiteral("the mask of QR Code is 0 to 7, not 8"));
     }
 
+    void escapes_standForControlCharacters_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("reads");
+        const auto row = [](const char *typed, const char *reads) {
+            QTest::newRow(typed) << QString::fromUtf8(typed) << QString::fromUtf8(reads);
+        };
+        row("A\\tB", "A\tB");
+        row("A\\nB\\rC", "A\nB\rC");
+        row("\\a\\b\\v\\f\\e", "\x07\x08\x0B\x0C\x1B");
+        row("[)>\\R06\\G17VABC\\GSSN-1\\R\\E", "[)>\x1E"
+                                               "06\x1D"
+                                               "17VABC\x1D"
+                                               "SSN-1\x1E\x04");
+        row("A\\x1DB\\x41", "A\x1D"
+                            "BA");
+        row("\\u5E8F\\u00e9", "序é");
+        row("A\\\\tB", "A\\tB");
+    }
+
     void escapes_standForControlCharacters()
     {
-        CodeSpec asked = spec(CodeKind::DataMatrix, QStringLiteral("A\\tB"));
+        QFETCH(QString, typed);
+        QFETCH(QString, reads);
+        CodeSpec asked = spec(CodeKind::DataMatrix, typed);
+        QCOMPARE(encoded(asked).reads, typed); // without escapes a backslash is a backslash
         asked.hasEscapes = true;
-        QCOMPARE(readOf(encoded(asked), ZXing::BarcodeFormat::DataMatrix), QStringLiteral("A\tB"));
+        const CodeSymbol symbol = encoded(asked);
+        QCOMPARE(symbol.reads, reads);
+        QCOMPARE(readOf(symbol, ZXing::BarcodeFormat::DataMatrix), reads);
+    }
+
+    void wrongEscape_isSaid_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("named");
+        QTest::newRow("letter") << QStringLiteral("A\\qB") << QStringLiteral("\\q");
+        QTest::newRow("end") << QStringLiteral("AB\\") << QStringLiteral("\\");
+        QTest::newRow("short") << QStringLiteral("A\\x1") << QStringLiteral("\\x");
+        QTest::newRow("no digit") << QStringLiteral("A\\u12G4") << QStringLiteral("\\u");
+        QTest::newRow("beyond") << QStringLiteral("A\\") + QChar(0x5E8F)
+                                << QStringLiteral("\\") + QChar(0x5E8F);
+    }
+
+    void wrongEscape_isSaid()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, named);
+        CodeSpec asked = spec(CodeKind::DataMatrix, typed);
+        asked.hasEscapes = true;
+        QCOMPARE(refusal(asked),
+                 QStringLiteral("\"%1\" is no escape: \\n \\r \\t \\e \\G \\R \\E \\xHH "
+                                "\\uHHHH are, and \\\\ is a backslash")
+                     .arg(named));
+    }
+
+    void charsets_areReadBack_data()
+    {
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<int>("charset");
+        QTest::addColumn<QString>("content");
+        const QString common = QString::fromUtf8("序列号 0001");
+        const QString rare = QString::fromUtf8("㐀é\\朡"); // beyond GB 2312; a backslash within
+        for (const CodeKind kind :
+             {CodeKind::Qr, CodeKind::DataMatrix, CodeKind::Aztec, CodeKind::Pdf417}) {
+            const char *name = infoOf(kind).name;
+            for (const CodeCharset charset :
+                 {CodeCharset::Automatic, CodeCharset::Utf8, CodeCharset::Gbk}) {
+                QTest::addRow("%s %d common", name, int(charset))
+                    << int(kind) << int(charset) << common;
+                QTest::addRow("%s %d rare", name, int(charset))
+                    << int(kind) << int(charset) << rare;
+                QTest::addRow("%s %d ascii", name, int(charset))
+                    << int(kind) << int(charset) << QStringLiteral("SN-0001");
+            }
+        }
+    }
+
+    void charsets_areReadBack()
+    {
+        QFETCH(int, kind);
+        QFETCH(int, charset);
+        QFETCH(QString, content);
+        CodeSpec asked = spec(CodeKind(kind), content);
+        asked.charset = CodeCharset(charset);
+        const CodeSymbol symbol = encoded(asked);
+        QVERIFY(symbol.columns > 0);
+        MarkedLines marks;
+        marks.beamMm = 0.5;
+        marks.quietMm = 6.0;
+        double top = 0.0;
+        for (int row = 0; row < symbol.rows; top += symbol.rowModules[row++]) {
+            for (double y = top + 0.25; y < top + symbol.rowModules[row]; y += 0.5) {
+                for (int column = 0; column < symbol.columns; ++column) {
+                    if (symbol.isDark(row, column))
+                        marks.linesMm.append(
+                            {QPointF(column + 0.25, y), QPointF(column + 0.75, y)});
+                }
+            }
+        }
+        const ReadCode read = readMarks(marks, CodeKind(kind), 1.0);
+        QCOMPARE(read.text, content);
+    }
+
+    /** In Shift JIS these bytes of Latin-1 would be katakana, in GBK Chinese. */
+    void charsetsAreNamed_soThatNoReaderGuesses()
+    {
+        const QString content = QString::fromUtf8("0Eu°0R äö");
+        for (const CodeKind kind :
+             {CodeKind::Qr, CodeKind::DataMatrix, CodeKind::Aztec, CodeKind::Pdf417}) {
+            const auto format = kind == CodeKind::Qr           ? ZXing::BarcodeFormat::QRCode
+                                : kind == CodeKind::DataMatrix ? ZXing::BarcodeFormat::DataMatrix
+                                : kind == CodeKind::Aztec      ? ZXing::BarcodeFormat::Aztec
+                                                               : ZXing::BarcodeFormat::PDF417;
+            QCOMPARE(readOf(encoded(spec(kind, content)), format), content);
+        }
     }
 
     void names_areOneToOne()

@@ -43,8 +43,8 @@ private Q_SLOTS:
     {
         write(QStringLiteral("a.plt"), kCorner);
         DrawingInput input;
-        QString error;
-        QVERIFY2(input.open(QStringLiteral("a.plt"), &error), qPrintable(error));
+        hostkit::Failure failure;
+        QVERIFY2(input.open(QStringLiteral("a.plt"), &failure), qPrintable(failure.reason));
         QCOMPARE(input.sizeMm(), QSizeF(40, 20));
         QCOMPARE(input.report().points, 3);
         QCOMPARE(input.report().illFormedLines, 0);
@@ -103,25 +103,26 @@ private Q_SLOTS:
         QFETCH(int, reportedLines);
         write(QStringLiteral("a.plt"), content);
         DrawingInput input;
-        QString error;
-        QVERIFY(!input.open(QStringLiteral("a.plt"), &error));
-        QTEST(error, "reason");
+        hostkit::Failure failure;
+        QVERIFY(!input.open(QStringLiteral("a.plt"), &failure));
+        QTEST(failure.reason, "reason");
         QCOMPARE(input.report().lines, reportedLines);
         QVERIFY(!input.open(QStringLiteral("a.plt"), nullptr));
     }
 
     void missingFilesAndFolders_sayWhy()
     {
-        QString error;
-        QVERIFY(!DrawingInput().open(QStringLiteral("none.plt"), &error));
-        QCOMPARE(error, QStringLiteral("no such file"));
-        QVERIFY(!DrawingInput().open(folder->path(), &error));
-        QCOMPARE(error, QStringLiteral("is a folder"));
-        QVERIFY(!DrawingInput().open(QString(), &error));
-        QCOMPARE(error, QStringLiteral("is no file name"));
+        hostkit::Failure failure;
+        QVERIFY(!DrawingInput().open(QStringLiteral("none.plt"), &failure));
+        QCOMPARE(failure.reason, QStringLiteral("no such file"));
+        QVERIFY(!DrawingInput().open(folder->path(), &failure));
+        QCOMPARE(failure.reason, QStringLiteral("is a folder"));
+        QVERIFY(failure.kind == hostkit::Failure::Kind::CannotRead);
+        QVERIFY(!DrawingInput().open(QString(), &failure));
+        QCOMPARE(failure.reason, QStringLiteral("is no file name"));
         QVERIFY(QFile::link(QStringLiteral("none.plt"), QStringLiteral("link.plt")));
-        QVERIFY(!DrawingInput().open(QStringLiteral("link.plt"), &error));
-        QCOMPARE(error, QStringLiteral("no such file"));
+        QVERIFY(!DrawingInput().open(QStringLiteral("link.plt"), &failure));
+        QCOMPARE(failure.reason, QStringLiteral("no such file"));
     }
 
     void fileThatCannotBeOpened_saysTheSystemsReason()
@@ -133,10 +134,10 @@ private Q_SLOTS:
         const int socketHandle = socket(AF_UNIX, SOCK_STREAM, 0);
         QCOMPARE(bind(socketHandle, reinterpret_cast<const sockaddr *>(&address), sizeof address),
                  0);
-        QString error;
-        QVERIFY(!DrawingInput().open(QStringLiteral("socket"), &error));
+        hostkit::Failure failure;
+        QVERIFY(!DrawingInput().open(QStringLiteral("socket"), &failure));
         ::close(socketHandle);
-        QCOMPARE(error, QStringLiteral("cannot be read: No such device or address"));
+        QCOMPARE(failure.reason, QStringLiteral("cannot be read: No such device or address"));
     }
 
     void tooLargeFile_isNotRead()
@@ -144,16 +145,17 @@ private Q_SLOTS:
         QFile file(QStringLiteral("huge.plt"));
         QVERIFY(file.open(QIODevice::WriteOnly));
         QVERIFY(file.resize(DrawingInput::kMaxBytes + 1)); // a hole, takes no room
-        QString error;
-        QVERIFY(!DrawingInput().open(QStringLiteral("huge.plt"), &error));
-        QCOMPARE(error, QStringLiteral("larger than 256 MiB, the limit for a drawing"));
+        hostkit::Failure failure;
+        QVERIFY(!DrawingInput().open(QStringLiteral("huge.plt"), &failure));
+        QCOMPARE(failure.reason, QStringLiteral("larger than 256 MiB, the limit for a drawing"));
     }
 
     void endlessDevice_isGivenUpAtItsFirstBytes()
     {
-        QString error;
-        QVERIFY(!DrawingInput().open(QStringLiteral("/dev/zero"), &error));
-        QCOMPARE(error, QStringLiteral("holds binary data, not a plotter drawing"));
+        hostkit::Failure failure;
+        QVERIFY(!DrawingInput().open(QStringLiteral("/dev/zero"), &failure));
+        QCOMPARE(failure.reason, QStringLiteral("holds binary data, not a plotter drawing"));
+        QVERIFY(failure.kind == hostkit::Failure::Kind::OtherFormat);
     }
 
     void pipe_isReadOnceAndOfferedAsAFile()
@@ -167,10 +169,10 @@ private Q_SLOTS:
         QString copy;
         {
             DrawingInput input;
-            QString error;
-            const bool opened = input.open(QStringLiteral("pipe"), &error);
+            hostkit::Failure failure;
+            const bool opened = input.open(QStringLiteral("pipe"), &failure);
             writer.join();
-            QVERIFY2(opened, qPrintable(error));
+            QVERIFY2(opened, qPrintable(failure.reason));
             QCOMPARE(input.sizeMm(), QSizeF(40, 20));
             copy = input.filePath();
             QVERIFY(QFileInfo(copy).isFile());

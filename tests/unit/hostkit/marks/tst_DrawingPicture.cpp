@@ -52,8 +52,9 @@ private Q_SLOTS:
         ZTGraphicsDocument document;
         addSquare(document);
         document.scene()->clearSelection();
-        QString error;
-        QVERIFY2(hostkit::saveDrawingPicture(document, 200, path(), &error), qPrintable(error));
+        hostkit::Failure failure;
+        QVERIFY2(hostkit::saveDrawingPicture(document, 200, path(), &failure),
+                 qPrintable(failure.reason));
         const QImage image(path());
         QCOMPARE(image.size(), QSize(200, 200));
         QCOMPARE(image.pixel(0, 0), qRgb(255, 255, 255));
@@ -80,9 +81,10 @@ private Q_SLOTS:
     void nothing_isNotDrawn()
     {
         const ZTGraphicsDocument document;
-        QString error;
-        QVERIFY(!hostkit::saveDrawingPicture(document, 100, path(), &error));
-        QCOMPARE(error, QStringLiteral("nothing to draw"));
+        hostkit::Failure failure;
+        QVERIFY(!hostkit::saveDrawingPicture(document, 100, path(), &failure));
+        QCOMPARE(failure.reason, QStringLiteral("nothing to draw"));
+        QVERIFY(failure.kind == hostkit::Failure::Kind::NotPossible);
         QVERIFY(!hostkit::saveDrawingPicture(document, 100, path(), nullptr));
         QVERIFY(!QFile::exists(path()));
     }
@@ -91,10 +93,11 @@ private Q_SLOTS:
     {
         ZTGraphicsDocument document;
         addSquare(document);
-        QString error;
+        hostkit::Failure failure;
         const QString noFolder = folder->path() + QStringLiteral("/none/out.png");
-        QVERIFY(!hostkit::saveDrawingPicture(document, 100, noFolder, &error));
-        QCOMPARE(error, QStringLiteral("the folder does not exist"));
+        QVERIFY(!hostkit::saveDrawingPicture(document, 100, noFolder, &failure));
+        QCOMPARE(failure.reason, QStringLiteral("the folder does not exist"));
+        QVERIFY(failure.kind == hostkit::Failure::Kind::CannotWrite);
     }
 
 private:

@@ -307,9 +307,9 @@ private Q_SLOTS:
     {
         QFETCH(QString, name);
         QVERIFY(QDir(folder->path()).mkdir(QStringLiteral("sub.svg")));
-        QString error;
-        QVERIFY(!saveMarkGraph(sample(), {10.0}, path(name), &error));
-        QTEST(error, "reason");
+        hostkit::Failure failure;
+        QVERIFY(!saveMarkGraph(sample(), {10.0}, path(name), &failure));
+        QTEST(failure.reason, "reason");
         QVERIFY(!saveMarkGraph(sample(), {10.0}, path(name), nullptr));
         QCOMPARE(QDir(folder->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
                  QStringList{QStringLiteral("sub.svg")});
@@ -327,9 +327,9 @@ private:
 
     QByteArray write(const QString &name, const ZTMarkGraph &graph) const
     {
-        QString error;
-        if (!saveMarkGraph(graph, {10.0}, path(name), &error))
-            return error.toUtf8();
+        hostkit::Failure failure;
+        if (!saveMarkGraph(graph, {10.0}, path(name), &failure))
+            return failure.reason.toUtf8();
         return contentOf(path(name));
     }
 

@@ -67,7 +67,7 @@ private Q_SLOTS:
         options = MarkJobOptions();
         drawings.clear();
         result = MarkJobResult();
-        error = hostkit::MarkJobError();
+        error = hostkit::MarkJobFailure();
     }
     void cleanup() { guard.reset(); }
 
@@ -378,8 +378,8 @@ private:
         file.write(content);
         file.close();
         auto drawing = std::make_unique<DrawingInput>();
-        QString reason;
-        QVERIFY2(drawing->open(path, &reason), qPrintable(reason));
+        hostkit::Failure failure;
+        QVERIFY2(drawing->open(path, &failure), qPrintable(failure.reason));
         drawings.push_back(std::move(drawing));
     }
 
@@ -390,7 +390,7 @@ private:
     std::vector<std::unique_ptr<DrawingInput>> drawings;
     MarkJobOptions options;
     MarkJobResult result;
-    hostkit::MarkJobError error;
+    hostkit::MarkJobFailure error;
 };
 
 QTEST_MAIN(tst_MarkJob)

@@ -242,7 +242,7 @@ private Q_SLOTS:
     {
         add(" ");
         MarkJobResult result;
-        hostkit::MarkJobError error;
+        hostkit::MarkJobFailure error;
         QVERIFY(!hostkit::buildTextJob(&texts, options, &result, &error));
         QCOMPARE(error.reason, QStringLiteral("nothing to mark: the text leaves no strokes"));
     }
@@ -253,7 +253,7 @@ private Q_SLOTS:
         options.layout.columns = 1001;
         options.layout.rows = 1000;
         MarkJobResult result;
-        hostkit::MarkJobError error;
+        hostkit::MarkJobFailure error;
         QVERIFY(!hostkit::buildTextJob(&texts, options, &result, &error));
         QCOMPARE(error.reason,
                  QStringLiteral("too much work: 1,001,000 objects, the limit is 1,000,000"));
@@ -271,7 +271,7 @@ private:
     MarkJobResult build()
     {
         MarkJobResult result;
-        hostkit::MarkJobError error;
+        hostkit::MarkJobFailure error;
         if (!hostkit::buildTextJob(&texts, options, &result, &error))
             qWarning("%s", qPrintable(error.reason));
         return result;

@@ -1,4 +1,4 @@
-#include <hostkit/drawing/Draughtsman_p.h>
+#include <hostkit/drawing/SampleShapes_p.h>
 
 #include <hostkit/text/StrokeFont.h>
 
@@ -14,7 +14,8 @@ constexpr double kStrokeHeight = 5.0;
 
 } // namespace
 
-ZTAbstractGraphicsItem *Draughtsman::add(ShapeType type, const QRectF &rectMm, int penId, int sides)
+ZTAbstractGraphicsItem *SampleShapes::add(ShapeType type, const QRectF &rectMm, int penId,
+                                          int sides)
 {
     ZTAbstractGraphicsItem *item = m_document.itemMag()->addShape(type, {0, 0, 10, 10});
     if (item == nullptr)
@@ -30,8 +31,8 @@ ZTAbstractGraphicsItem *Draughtsman::add(ShapeType type, const QRectF &rectMm, i
     return item;
 }
 
-ZTGraphicsTextItem *Draughtsman::addText(const QString &text, const QPointF &posMm, double heightMm,
-                                         int penId)
+ZTGraphicsTextItem *SampleShapes::addText(const QString &text, const QPointF &posMm,
+                                          double heightMm, int penId)
 {
     auto *item = qobject_cast<ZTGraphicsTextItem *>(
         m_document.itemMag()->addShape(ShapeType::Text, {0, 0, 10, 10}));
@@ -52,7 +53,8 @@ ZTGraphicsTextItem *Draughtsman::addText(const QString &text, const QPointF &pos
     return item;
 }
 
-ZTGraphicsTextItem *Draughtsman::addStrokeText(const QString &text, const QPointF &posMm, int penId)
+ZTGraphicsTextItem *SampleShapes::addStrokeText(const QString &text, const QPointF &posMm,
+                                                int penId)
 {
     ZTGraphicsTextItem *item = addText(text, posMm, kStrokeHeight, penId);
     if (item == nullptr)
@@ -73,8 +75,8 @@ ZTGraphicsTextItem *Draughtsman::addStrokeText(const QString &text, const QPoint
     return item;
 }
 
-void Draughtsman::hatch(ZTAbstractGraphicsItem *item, FillType type, double spacingMm,
-                        double angleDeg)
+void SampleShapes::hatch(ZTAbstractGraphicsItem *item, FillType type, double spacingMm,
+                         double angleDeg)
 {
     if (item == nullptr)
         return;
@@ -85,7 +87,7 @@ void Draughtsman::hatch(ZTAbstractGraphicsItem *item, FillType type, double spac
     item->setFillParam(param);
 }
 
-void Draughtsman::turn(ZTAbstractGraphicsItem *item, double angleDeg)
+void SampleShapes::turn(ZTAbstractGraphicsItem *item, double angleDeg)
 {
     if (item == nullptr)
         return;
@@ -97,7 +99,7 @@ void Draughtsman::turn(ZTAbstractGraphicsItem *item, double angleDeg)
     item->setTransformParam(item->getTransformParam() * turned);
 }
 
-void Draughtsman::repeat(ZTAbstractGraphicsItem *item, int rows, int columns, double gapMm)
+void SampleShapes::repeat(ZTAbstractGraphicsItem *item, int rows, int columns, double gapMm)
 {
     if (item == nullptr)
         return;
@@ -107,7 +109,7 @@ void Draughtsman::repeat(ZTAbstractGraphicsItem *item, int rows, int columns, do
     item->setSelected(false);
 }
 
-void Draughtsman::moveTo(ZTAbstractGraphicsItem *item, const QPointF &topLeftMm)
+void SampleShapes::moveTo(ZTAbstractGraphicsItem *item, const QPointF &topLeftMm)
 {
     const QTransform toPx = ZTCoord::getInstance()->getMm2pixTransform();
     item->setPos(toPx.map(topLeftMm) - item->boundingRect().topLeft());

@@ -7,10 +7,10 @@ namespace hostkit {
 enum Pen { Black = 1, Blue = 2, Green = 6, Magenta = 9, Orange = 10, Red = 12, Turquoise = 14 };
 
 /** Puts shapes of a given size at a given place into a document. */
-class Draughtsman
+class SampleShapes
 {
 public:
-    explicit Draughtsman(ZTGraphicsDocument &drawn) : m_document(drawn) {}
+    explicit SampleShapes(ZTGraphicsDocument &drawn) : m_document(drawn) {}
 
     /** A shape that fills `rectMm` exactly; null for a kind without a factory. */
     ZTAbstractGraphicsItem *add(ShapeType type, const QRectF &rectMm, int penId, int sides = 5);

@@ -1,0 +1,66 @@
+// A batch program: each drawing given becomes a G-code file beside it, and a line says how long the
+// machine takes. Nothing is shown: start it with QT_QPA_PLATFORM=offscreen where there is no
+// display.
+
+#include <hostkit/drawing/DrawingLoader.h>
+#include <hostkit/marks/MarkGraphBuilder.h>
+#include <hostkit/setup/Factories.h>
+#include <jobkit/marks/DrawingPens.h>
+#include <jobkit/marks/MarkGraphItems.h>
+#include <jobkit/plan/JobOrder.h>
+#include <jobkit/plan/JobTimes.h>
+#include <jobkit/writers/JobWriter.h>
+
+#include <QtCore/QTextStream>
+#include <QtWidgets/QApplication>
+
+namespace {
+
+/** The drawing's marks in the order of the least jumps, with the passes of its pens laid out. */
+jobkit::JobPlan planOf(const ZTGraphicsDocument &document, const QVector<jobkit::Pen> &pens)
+{
+    const hostkit::DrawingMarks marks = hostkit::drawingMarks(document);
+    jobkit::JobPlan plan = jobkit::planOf(jobkit::itemsOf(marks.graph, marks.units), pens);
+    jobkit::orderPlan(&plan, {});
+    jobkit::layOutPasses(&plan, jobkit::PassOrder::WholeJob);
+    return plan;
+}
+
+bool makeJob(const QString &drawingPath, const QString &jobPath, hostkit::Failure *failure)
+{
+    ZTGraphicsDocument document;
+    hostkit::DrawingFile drawing;
+    hostkit::DrawingReport report;
+    if (!hostkit::readDrawing(drawingPath, &drawing, failure) ||
+        !hostkit::applyDrawing(drawing, document, {}, &report, failure))
+        return false;
+
+    jobkit::JobFile job;
+    jobkit::profileOnBoard(QStringLiteral("grbl-diode"), &job.profile);
+    job.pens = jobkit::drawingPens(document);
+    job.parts = {planOf(document, job.pens)};
+    job.title = drawingPath;
+    if (!jobkit::saveJob(jobkit::JobForm::Gcode, job, jobPath, failure))
+        return false;
+    const double seconds = jobkit::jobTimes(job.parts.first(), job.pens, job.profile).all.totalS();
+    QTextStream(stdout) << jobPath << ": " << job.parts.first().pieces.size() << " pieces, "
+                        << QString::number(seconds, 'f', 1) << " s\n";
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QApplication application(argc, argv); // texts need its fonts
+    hostkit::registerFactories();
+    int failed = 0;
+    for (const QString &path : application.arguments().mid(1)) {
+        hostkit::Failure failure;
+        if (!makeJob(path, path + QStringLiteral(".nc"), &failure)) {
+            QTextStream(stderr) << path << ": " << failure.reason << '\n';
+            ++failed; // the others go on
+        }
+    }
+    return failed == 0 ? 0 : 1;
+}
