@@ -90,6 +90,14 @@ QPointF markOrigin(const StrokeBox &letter, uint mark, bool isFirst)
     return {};
 }
 
+/** Made narrower about the middle where it is wider than the big font. */
+Strokes withinWidth(const Strokes &strokes)
+{
+    const StrokeBox box = boxOf(strokes);
+    const double across = kWidth / std::max(box.right - box.left, kWidth);
+    return moved(scaled(strokes, {across, 1.0}), {(1.0 - across) * kMiddle.x(), 0.0});
+}
+
 void append(DrawnCharacter *drawn, const Strokes &strokes) { drawn->strokes += strokes; }
 
 } // namespace
@@ -191,7 +199,7 @@ CharacterMaker::Made CharacterMaker::composed(uint character, int depth) const
     case QChar::Vertical:
         made = fullWidth(parts, depth);
         if (made)
-            made->strokes = quarterTurned(made->strokes, kMiddle);
+            made->strokes = withinWidth(quarterTurned(made->strokes, kMiddle));
         break;
     case QChar::Small:
         made = fullWidth(parts, depth);

@@ -3,11 +3,15 @@
 #include <hostkit/text/StrokeFont.h>
 #include <hostkit/text/UnicodeStrokes.h>
 
+#include <QtCore/QCoreApplication>
+
 #include <algorithm>
 
 namespace hostkit {
 
 namespace {
+
+constexpr int kMostNamed = 40;
 
 bool isAscii(const QString &text)
 {
@@ -24,6 +28,21 @@ void TextShape::paint()
             setStrokeHeight(&font.shxFont);
     }
     ZTShapeText::paint();
+}
+
+QString TextShape::notReadyReason() const
+{
+    ZTFontParam font = getFont();
+    const bool hasFonts = font.shxFont.parser.getTextHeight() > 0.0;
+    if (font.fontType != FontType::singleLine || !hasFonts)
+        return {};
+    const MissingCharacters missing = missingCharacters(text(), font);
+    const QStringList all = missing.noGlyph + missing.notEncoded;
+    if (all.isEmpty())
+        return {};
+    return QCoreApplication::translate("hostkit::TextItem",
+                                       "characters missing in its stroke fonts: %1")
+        .arg(all.mid(0, kMostNamed).join(QLatin1Char(' ')));
 }
 
 QVector<QPainterPath> TextShape::strokeGlyphs(const QString &line, const QPointF &pos,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <hostkit/items/MarkReadiness.h>
+
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 namespace hostkit {
@@ -15,7 +17,7 @@ namespace hostkit {
  *
  * Frame, Order, Failure: as `ZTShapeText`. A record whose height is no use leaves the fonts alone.
  */
-class TextShape : public ZTShapeText
+class TextShape : public ZTShapeText, public MarkReadiness
 {
 public:
     TextShape() = default;
@@ -25,6 +27,9 @@ public:
 
     /** Brings the fonts to the text's height, then lays it out; nothing unless it is marked. */
     void paint() override;
+
+    /** Names the characters that no stroke font has, as long as stroke fonts draw the text. */
+    QString notReadyReason() const override;
 
 protected:
     QVector<QPainterPath> strokeGlyphs(const QString &line, const QPointF &pos,

@@ -145,7 +145,8 @@ private Q_SLOTS:
         UnicodeFont font;
         Strokes strokes;
         QCOMPARE(font.draw(0xD8, &strokes), 220.0);
-        QCOMPARE(strokes.last(), (QVector<QPointF>{{25, -15}, {195, 225}}));
+        QCOMPARE(strokes.last().first(), QPointF(25, -15)); // a long line takes several codes
+        QCOMPARE(strokes.last().last(), QPointF(195, 225));
     }
 
     void strokes_areWithinTheirWidth()
