@@ -140,6 +140,8 @@ void DrawingInfo::printField() const
                                    .arg(area.height())
                                    .arg(area.x())
                                    .arg(area.y()));
+    if (setup.curveToleranceMm > 0.0)
+        printRow(tr("Curve tolerance:"), tr("%1 mm").arg(rounded(setup.curveToleranceMm)));
     printRow(tr("Order:"), nameOf(setup.sortKind));
 }
 

@@ -11,6 +11,7 @@
 #include <QtPropertyBrowser/QtVariantEditorFactory.h>
 #include <QtPropertyBrowser/QtVariantProperty.h>
 #include <QtPropertyBrowser/QtVariantPropertyManager.h>
+#include <ZTDrawEngineLib/common/ZTCurveTolerance.h>
 #include <ZTDrawEngineLib/common/ZTEnumerations.h>
 #include <ZTDrawEngineLib/common/ZTFillParam.h>
 #include <ZTDrawEngineLib/common/ZTFontParam.h>

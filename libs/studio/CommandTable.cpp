@@ -16,6 +16,7 @@
 #include <studio/job/JobTools.h>
 #include <studio/list/ShapeList.h>
 #include <studio/panel/ShapePanel.h>
+#include <studio/preferences/PreferenceTools.h>
 #include <studio/paths/PathCommands.h>
 #include <studio/print/PrintActions.h>
 #include <studio/text/TextTools.h>
@@ -183,6 +184,10 @@ const QVector<Command> kFixedCommands = {
      TEXT("Type place, size and angle into the shape panel"), Needs::Selection, kWindow,
      [](MainWindow &w) { w.panel().startTyping(); }},
 
+    {"edit.preferences", TEXT("Pre&ferences..."), "", "Ctrl+,",
+     TEXT("Units, field, curves, new shapes, language, theme"), Needs::Nothing, kWindow,
+     [](MainWindow &w) { w.preferences().showDialog(); }},
+
     {"text.type", TEXT("&Type on the drawing"), "", "F2",
      TEXT("Type into the selected text on the drawing"), Needs::OneText, kView,
      [](MainWindow &w) { w.text().typeIntoSelected(); }},
@@ -299,6 +304,9 @@ const QVector<Command> kFixedCommands = {
      Needs::Nothing, kWindow, [](MainWindow &w) { w.toggleRulers(); }, kSwitch},
     {"view.grid", TEXT("&Grid"), "", "Ctrl+Alt+G", TEXT("Show the grid"), Needs::Nothing, kWindow,
      [](MainWindow &w) { w.toggleGrid(); }, kSwitch},
+    {"view.orderNumbers", TEXT("Order n&umbers"), "", "Ctrl+Alt+N",
+     TEXT("Show at each shape when it is marked"), Needs::Nothing, kWindow,
+     [](MainWindow &w) { w.toggleOrderNumbers(); }, kSwitch},
     {"view.snapToShapes", TEXT("To &shapes"), "", "", TEXT("To edges, middles and ends of shapes"),
      Needs::Nothing, kWindow, [](MainWindow &w) { w.toggleSnap(&SnapChoice::toShapes); }, kSwitch},
     {"view.snapToGuides", TEXT("To g&uides"), "", "", "", Needs::Nothing, kWindow,

@@ -12,6 +12,7 @@
 #include <studio/commands/MoveItemsCommand.h>
 #include <studio/commands/UndoMacro.h>
 #include <studio/groups/Groups.h>
+#include <studio/panel/ShapeEdits.h>
 #include <studio/text/SharedCounter.h>
 #include <studio/text/StrokeFonts.h>
 
@@ -86,6 +87,17 @@ void DocumentActions::moveApart(ShapeItem &item) const
     moveTopLeft(item, sceneBox(others).topRight() + QPointF(sizePx.width(), 0.0));
 }
 
+void DocumentActions::setUpNew(ShapeItem &item) const
+{
+    ZTShapeBase &shape = *item.getShapeBase();
+    shape.setPenId(m_newShape.pen);
+    const bool hasHatch = m_newShape.hatch.fillType != FillType::None;
+    if (!hasHatch || codekit::codeItem(&item) != nullptr || !canBeHatched(item))
+        return;
+    shape.setFillParam(m_newShape.hatch);
+    item.setTransformParam(QTransform(item.getTransformParam())); // builds it anew
+}
+
 void DocumentActions::recordCreated(ShapeItem *item)
 {
     if (item == nullptr)
@@ -94,6 +106,7 @@ void DocumentActions::recordCreated(ShapeItem *item)
         setUpNewText(*text);
     else if (codekit::CodeItem *code = codekit::codeItem(item))
         setUpNewCode(*code);
+    setUpNew(*item);
     if (m_placing)
         m_placing(*item);
     push(new AddItemsCommand(m_document.itemMag(), {item}, selected(),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <studio/ShapeItems.h>
+#include <studio/choices/Preferences.h>
 #include <studio/commands/ItemGeometryCommand.h>
 
 #include <QtCore/QObject>
@@ -64,6 +65,9 @@ public:
     void undo();
     void redo();
 
+    /** What shapes get that are created from now on; lines and codes keep their own hatch. */
+    void setNewShape(const NewShapeChoice &choice) { m_newShape = choice; }
+
     /** Ends a drag under way as if the mouse were released, so that it is recorded first. */
     void finishDrag();
 
@@ -78,12 +82,14 @@ private:
     void moveApart(ShapeItem &item) const;
     ShapeItems copiesOfOne(int rows, int columns, const QSizeF &gapMm) const;
     ShapeItems copiesOfBlock(int rows, int columns, const QSizeF &gapMm) const;
+    void setUpNew(ShapeItem &item) const;
     void recordCreated(ShapeItem *item);
     void followSelection();
     ShapeItems selected() const;
     void push(QUndoCommand *command);
 
     ZTGraphicsDocument &m_document;
+    NewShapeChoice m_newShape;
     Placing m_placing; ///< of the shape that is being created; empty: it stays where it is
 };
 

@@ -87,9 +87,7 @@ void Exporter::choose(bool selectionOnly)
     chooseForm(lastForm);
     connect(dialog, &QFileDialog::fileSelected, this,
             [this, dialog, selectionOnly](const QString &path) {
-                QSettings remembered;
-                remembered.setValue(kFolderKey, QFileInfo(path).absolutePath());
-                remembered.setValue(kFormKey, dialog->selectedNameFilter());
+                QSettings().setValue(kFormKey, dialog->selectedNameFilter());
                 exportTo(path, selectionOnly);
             });
     dialog->open();
@@ -174,6 +172,7 @@ void Exporter::finish(const QString &error)
     const int objects = m_job->objects();
     end();
     if (error.isEmpty()) {
+        QSettings().setValue(kFolderKey, QFileInfo(path).absolutePath());
         Q_EMIT exported(path, objects);
         return;
     }

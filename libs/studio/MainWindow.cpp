@@ -6,6 +6,7 @@
 #include <studio/DropImporter.h>
 #include <studio/Exporter.h>
 #include <studio/FieldCheck.h>
+#include <studio/HistoryDock.h>
 #include <studio/Icons.h>
 #include <studio/Importer.h>
 #include <studio/Language.h>
@@ -21,8 +22,10 @@
 #include <studio/arrange/CircleDialog.h>
 #include <studio/canvas/DrawingTools.h>
 #include <studio/canvas/EmptyHint.h>
+#include <studio/canvas/FieldShade.h>
 #include <studio/canvas/GridItem.h>
 #include <studio/canvas/GuideTools.h>
+#include <studio/canvas/OrderNumbers.h>
 #include <studio/canvas/RotateHandle.h>
 #include <studio/canvas/SnapTools.h>
 #include <studio/clipboard/ClipboardActions.h>
@@ -42,6 +45,7 @@
 #include <studio/list/ShapeList.h>
 #include <studio/list/ShapeListView.h>
 #include <studio/panel/ShapePanel.h>
+#include <studio/preferences/PreferenceTools.h>
 #include <studio/paths/PathTools.h>
 #include <studio/print/PrintActions.h>
 #include <studio/text/TextTools.h>
@@ -77,7 +81,7 @@ const QString kDrawingPatterns = QStringLiteral(
     "*.svg *.dxf *.plt *.hpgl *.hpg *.hgl *.plo *.hp *.SVG *.DXF *.PLT *.HPGL *.HPG *.HGL");
 
 // Counts up when a dock comes or goes: a layout without it would be restored around it.
-constexpr int kLayoutVersion = 2;
+constexpr int kLayoutVersion = 3;
 
 constexpr int kStatusMs = 8000;
 constexpr int kDockWidth = 350;
@@ -132,13 +136,16 @@ MainWindow::~MainWindow()
     delete m_circleDialog;
     delete m_paths;
     delete m_arrange;
+    delete m_preferences;
     delete m_jobTools;
     delete m_codeTools;
     delete m_tools;
     delete m_rotateHandle;
     delete m_guides;
     delete m_snap;
+    m_orderNumbers.reset();
     m_grid.reset();
+    m_fieldShade.reset();
     delete m_emptyHint;
     delete m_groups;
     delete m_clipboard;
@@ -148,6 +155,7 @@ MainWindow::~MainWindow()
     delete m_contextMenus;
     delete m_commandSet;
     delete m_viewNavigation;
+    delete m_history;
     delete m_list;
     delete m_panel;
     delete m_properties;
@@ -163,9 +171,10 @@ void MainWindow::buildDocument()
 {
     m_drawing = new ZTGraphicsDocument(this);
     m_rulers = new hostkit::ViewRulers(m_drawing, this);
-    m_rulers->vertical().setDownward(true); // as all places in the studio
     setCentralWidget(m_rulers);
+    m_fieldShade = std::make_unique<FieldShade>(*m_drawing);
     m_grid = std::make_unique<GridItem>(*m_drawing->scene());
+    m_orderNumbers = std::make_unique<OrderNumbers>(*m_drawing);
     m_drawing->view()->setGridVisible(false);
     m_drawing->scene()->getGraphicsResizeItem()->setOutset(kFrameOutset);
     m_emptyHint = new EmptyHint(*m_drawing);
@@ -216,6 +225,8 @@ void MainWindow::buildTools()
     connect(m_arrange, &ArrangeActions::alignToChanged, this, &MainWindow::refreshCommands);
     connect(m_groups, &GroupTools::told, m_status,
             [this](const QString &words) { m_status->showMessage(words); });
+    m_preferences = new PreferenceTools({*m_drawing, *m_language, *m_drawingFiles, *m_actions,
+                                         *m_tools, *m_snap, *m_grid, *m_rulers, *this});
     m_guides->watchRuler(m_rulers->horizontal(), Qt::Horizontal);
     m_guides->watchRuler(m_rulers->vertical(), Qt::Vertical);
     m_tools->setSnap([this](const QPointF &placePx,
@@ -239,6 +250,21 @@ void MainWindow::showTool()
     m_commandSet->action(m_tools->chosenId().constData())->setChecked(true);
 }
 
+void MainWindow::showAlignTo()
+{
+    switch (m_arrange->alignTo()) {
+    case AlignTo::EachOther:
+        m_commandSet->action("arrange.toEachOther")->setChecked(true);
+        break;
+    case AlignTo::First:
+        m_commandSet->action("arrange.toFirst")->setChecked(true);
+        break;
+    case AlignTo::Field:
+        m_commandSet->action("arrange.toField")->setChecked(true);
+        break;
+    }
+}
+
 void MainWindow::showCanvasChoices()
 {
     const SnapChoice &snap = m_snap->choice();
@@ -247,6 +273,7 @@ void MainWindow::showCanvasChoices()
     m_commandSet->action("view.snapToGrid")->setChecked(snap.toGrid);
     m_commandSet->action("view.rulers")->setChecked(m_rulers->areRulersVisible());
     m_commandSet->action("view.grid")->setChecked(m_grid->isVisible());
+    m_commandSet->action("view.orderNumbers")->setChecked(m_orderNumbers->isShown());
 }
 
 void MainWindow::toggleSnap(bool SnapChoice::*what)
@@ -266,6 +293,13 @@ void MainWindow::toggleRulers()
 void MainWindow::toggleGrid()
 {
     m_grid->setVisible(!m_grid->isVisible());
+    m_preferences->keepGridShown(m_grid->isVisible());
+    showCanvasChoices();
+}
+
+void MainWindow::toggleOrderNumbers()
+{
+    m_orderNumbers->setShown(!m_orderNumbers->isShown());
     showCanvasChoices();
 }
 
@@ -307,6 +341,14 @@ void MainWindow::buildProperties()
     m_properties = new PropertyDock(*m_drawing, *m_actions, this);
     addDockWidget(Qt::RightDockWidgetArea, m_properties);
     m_properties->hide();
+    m_history = new HistoryDock(*m_drawing->undoStack(), this);
+    addDockWidget(Qt::RightDockWidgetArea, m_history);
+    m_history->hide();
+    connect(m_history, &HistoryDock::settling, this, [this] {
+        m_actions->finishDrag();
+        m_textTools->finishTyping();
+        m_tools->giveUp();
+    });
     resizeDocks({m_panel}, {kDockWidth}, Qt::Horizontal);
     resizeDocks({m_panel, m_list}, {kPanelHeight, kListHeight}, Qt::Vertical);
     m_firstLayout = saveState(kLayoutVersion);
@@ -350,7 +392,7 @@ void MainWindow::buildCommands()
 {
     m_commandSet = new Commands(*this, *m_drawing->view());
     showTool();
-    m_commandSet->action("arrange.toEachOther")->setChecked(true);
+    showAlignTo();
     showCanvasChoices();
     m_orderMenu = new OrderMenu(this);
     auto *recentMenu = new RecentMenu(this);
@@ -358,8 +400,8 @@ void MainWindow::buildCommands()
             [this](const QString &path) { files().open(path); });
     addMenus(*this, *m_commandSet, {recentMenu, m_orderMenu},
              {m_panel->toggleViewAction(), m_list->toggleViewAction(),
-              m_treeDock->toggleViewAction(), m_properties->toggleViewAction(),
-              m_properties->denseRowsAction(),
+              m_history->toggleViewAction(), m_treeDock->toggleViewAction(),
+              m_properties->toggleViewAction(), m_properties->denseRowsAction(),
               (new LanguageMenu(*m_language, this))->menuAction()});
     addToolBars(*this, *m_commandSet);
     m_list->addCommands({m_commandSet->action("order.first"), m_commandSet->action("order.raise"),
@@ -387,7 +429,19 @@ void MainWindow::connectState()
     connect(stack, &QUndoStack::redoTextChanged, this, &MainWindow::refreshUndoTexts);
     connectFiles();
     connectFrame();
+    connectPreferences();
     refreshCommands();
+}
+
+void MainWindow::connectPreferences()
+{
+    connect(m_preferences, &PreferenceTools::applied, this, [this] {
+        showCanvasChoices();
+        if (m_crashGuard != nullptr)
+            m_crashGuard->autosaver().setIntervalMs(m_preferences->preferences().autosaveSeconds *
+                                                    1000);
+    });
+    connect(m_orderMenu, &OrderMenu::changed, m_orderNumbers.get(), &OrderNumbers::followSoon);
 }
 
 void MainWindow::connectFrame()
@@ -430,8 +484,20 @@ void MainWindow::connectFiles()
     connect(m_drawingFiles, &DrawingFiles::loaded, m_guides, &GuideTools::follow);
     connect(m_drawingFiles, &DrawingFiles::emptied, m_guides, &GuideTools::follow);
     connect(m_drawingFiles, &DrawingFiles::saved, this, [this](const QString &path) {
-        m_status->showMessage(tr("Saved to %1").arg(QDir::toNativeSeparators(path)), kStatusMs);
+        m_savedMessage = tr("Saved to %1").arg(QDir::toNativeSeparators(path));
+        m_status->showMessage(m_savedMessage, kStatusMs);
     });
+    connect(session, &DrawingSession::stateChanged, this, &MainWindow::dropSavedMessage);
+}
+
+// What the bar says of the last save is true until the drawing changes.
+void MainWindow::dropSavedMessage()
+{
+    if (!files().session().isModified() || m_savedMessage.isEmpty())
+        return;
+    if (m_status->currentMessage() == m_savedMessage)
+        m_status->clearMessage();
+    m_savedMessage.clear();
 }
 
 void MainWindow::showReplacedDrawing()

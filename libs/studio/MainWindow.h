@@ -37,12 +37,16 @@ class Exporter;
 class EmptyHint;
 class GridItem;
 class GroupTools;
+class FieldShade;
 class GuideTools;
+class HistoryDock;
 class Importer;
 class JobTools;
 class Language;
 class MatrixDialog;
 class OrderMenu;
+class OrderNumbers;
+class PreferenceTools;
 class PathTools;
 class PropertyDock;
 class RotateHandle;
@@ -91,6 +95,7 @@ public:
     PathTools &paths() const { return *m_paths; }
     SnapTools &snapping() const { return *m_snap; }
     GuideTools &guides() const { return *m_guides; }
+    PreferenceTools &preferences() const { return *m_preferences; }
     RotateHandle &rotateHandle() const { return *m_rotateHandle; }
 
     /** Keeps recovery files from now on, and offers those that were left behind. */
@@ -115,6 +120,7 @@ public:
     void toggleSnap(bool SnapChoice::*what); ///< to shapes, to guides or to the grid
     void toggleRulers();
     void toggleGrid();
+    void toggleOrderNumbers();
     void pasteAtMenu();     ///< where the context menu was opened
     void leaveOrDeselect(); ///< one group outward, or else nothing selected
     void showRecovery();
@@ -138,9 +144,12 @@ private:
     void connectState();
     void connectFiles();
     void connectFrame();
+    void connectPreferences();
     void buildTools();
     void showTool();
     void showCanvasChoices();
+    void showAlignTo();
+    void dropSavedMessage();
     void repaintFrame();
     bool offerImport(const QStringList &paths, std::optional<QPointF> scenePx);
     bool offerDrawing(const ReadDrawing &read, std::optional<QPointF> scenePx);
@@ -179,7 +188,11 @@ private:
     RotateHandle *m_rotateHandle = nullptr;
     hostkit::ViewRulers *m_rulers = nullptr;
     EmptyHint *m_emptyHint = nullptr; ///< child of the document
+    std::unique_ptr<FieldShade> m_fieldShade;
     std::unique_ptr<GridItem> m_grid;
+    std::unique_ptr<OrderNumbers> m_orderNumbers;
+    HistoryDock *m_history = nullptr;
+    PreferenceTools *m_preferences = nullptr;
     Commands *m_commandSet = nullptr;
     ContextMenus *m_contextMenus = nullptr;
     StatusBar *m_status = nullptr;
@@ -192,6 +205,7 @@ private:
     QByteArray m_firstLayout; ///< of docks and toolbars
     QTimer m_stateTimer;
     QRectF m_paintedFramePx; ///< where the selection frame stood when it was seen last; or null
+    QString m_savedMessage;  ///< of the last save, as long as it is true
     bool m_isLetGo = false;  ///< the user closes the window, and the changes may be lost
 };
 

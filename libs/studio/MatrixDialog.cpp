@@ -1,6 +1,8 @@
 #include <studio/MatrixDialog.h>
 
 #include <studio/DocumentActions.h>
+#include <studio/choices/Units.h>
+#include <studio/text/MeasureBox.h>
 #include <studio/text/SharedCounter.h>
 
 #include <QtGui/QGuiApplication>
@@ -51,13 +53,11 @@ QSpinBox *MatrixDialog::addCount(const QString &name, int value)
     return box;
 }
 
-QDoubleSpinBox *MatrixDialog::addGap(const QString &name)
+MeasureBox *MatrixDialog::addGap(const QString &name)
 {
-    auto *box = new QDoubleSpinBox(this);
+    auto *box = new MeasureBox({-kLargestGapMm, kLargestGapMm, 1.0, 3}, this);
     box->setObjectName(name);
-    box->setRange(-kLargestGapMm, kLargestGapMm);
-    box->setDecimals(3);
-    box->setValue(kFirstGapMm);
+    box->setMeasure(kFirstGapMm);
     connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &MatrixDialog::refresh);
     return box;
 }
@@ -86,8 +86,6 @@ void MatrixDialog::retranslate()
     m_columnsLabel->setText(tr("C&olumns"));
     m_acrossLabel->setText(tr("Gap &across"));
     m_downLabel->setText(tr("Gap &down"));
-    m_acrossBox->setSuffix(tr(" mm"));
-    m_downBox->setSuffix(tr(" mm"));
     m_createButton->setText(tr("&Create"));
     m_numberBox->setText(tr("&Number the copies: each has the next value"));
     m_numberBox->setToolTip(tr("The next part then goes on behind the values of all of them"));
@@ -166,7 +164,7 @@ void MatrixDialog::refresh()
 MatrixGrid MatrixDialog::grid() const
 {
     return {m_rowsBox->value(), m_columnsBox->value(),
-            QSizeF(m_acrossBox->value(), m_downBox->value())};
+            QSizeF(m_acrossBox->measure(), m_downBox->measure())};
 }
 
 bool MatrixDialog::isNumberable() const
@@ -191,10 +189,12 @@ QString MatrixDialog::hint(const ShapeItems &sources, const MatrixGrid &wanted) 
     const ZTCoord &coord = *ZTCoord::getInstance();
     const double widthPx = boxPx.width() + qAbs((wanted.columns - 1) * pitchPx.x());
     const double heightPx = boxPx.height() + qAbs((wanted.rows - 1) * pitchPx.y());
-    return tr("%L1 shapes on %2 by %3 mm")
+    const double unitMm = units::unitMm();
+    return tr("%L1 shapes on %2 by %3 %4")
         .arg(shapes)
-        .arg(coord.pix2mm(widthPx), 0, 'f', 2)
-        .arg(coord.pix2mm(heightPx), 0, 'f', 2);
+        .arg(coord.pix2mm(widthPx) / unitMm, 0, 'f', 2)
+        .arg(coord.pix2mm(heightPx) / unitMm, 0, 'f', 2)
+        .arg(units::name());
 }
 
 void MatrixDialog::create()

@@ -6,7 +6,6 @@
 
 QT_BEGIN_NAMESPACE
 class QCheckBox;
-class QDoubleSpinBox;
 class QFormLayout;
 class QLabel;
 class QPushButton;
@@ -16,6 +15,7 @@ QT_END_NAMESPACE
 namespace studio {
 
 class DocumentActions;
+class MeasureBox;
 
 /**
  * Repeats the selected shapes in rows and columns. Stays open beside the drawing and shows at once
@@ -38,7 +38,7 @@ protected:
 
 private:
     QSpinBox *addCount(const QString &name, int value);
-    QDoubleSpinBox *addGap(const QString &name);
+    MeasureBox *addGap(const QString &name);
     QLabel *addRow(QFormLayout &form, QWidget *box);
     void layOut();
     void retranslate();
@@ -53,8 +53,8 @@ private:
     DocumentActions &m_actions;
     QSpinBox *m_rowsBox;
     QSpinBox *m_columnsBox;
-    QDoubleSpinBox *m_acrossBox;
-    QDoubleSpinBox *m_downBox;
+    MeasureBox *m_acrossBox;
+    MeasureBox *m_downBox;
     QCheckBox *m_numberBox; ///< shown for what has a variant text
     QLabel *m_rowsLabel = nullptr;
     QLabel *m_columnsLabel = nullptr;

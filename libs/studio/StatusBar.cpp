@@ -1,5 +1,7 @@
 #include <studio/StatusBar.h>
 
+#include <studio/choices/Units.h>
+
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 #include <QtGui/QMouseEvent>
@@ -11,13 +13,16 @@ namespace {
 
 constexpr int kRefreshMs = 33;
 
-/** A length for reading: at most three decimals, never "-0.000". */
-QString mmText(double lengthPx)
+/** A length for reading. */
+QString lengthText(double lengthPx)
 {
-    double lengthMm = ZTCoord::getInstance()->pix2mm(lengthPx);
-    if (qAbs(lengthMm) < 0.0005)
-        lengthMm = 0.0;
-    return QString::number(lengthMm, 'f', 3);
+    return units::number(ZTCoord::getInstance()->pix2mm(lengthPx));
+}
+
+/** A place down the scene as people count it. */
+QString downText(double yPx)
+{
+    return units::number(units::y(ZTCoord::getInstance()->pix2mm(yPx)));
 }
 
 /** Explains a field, and gives it room for its widest text. */
@@ -56,10 +61,12 @@ QLabel *StatusBar::addField(const QString &name)
 void StatusBar::retranslate()
 {
     const QString widest = QStringLiteral("-9999.999");
-    label(*m_cursorField, tr("X %1  Y %2 mm").arg(widest, widest),
-          tr("Place of the mouse, y downward"));
+    label(*m_cursorField, tr("X %1  Y %2 %3").arg(widest, widest, units::name()),
+          units::isYUp() ? tr("Place of the mouse, y upward")
+                         : tr("Place of the mouse, y downward"));
     const QString wide = QStringLiteral("-999.999");
-    label(*m_boxField, tr("Selection X %1  Y %2  W %3  H %4 mm").arg(wide, wide, wide, wide),
+    label(*m_boxField,
+          tr("Selection X %1  Y %2  W %3  H %4 %5").arg(wide, wide, wide, wide, units::name()),
           tr("Top left corner and size of the selection's box"));
     label(*m_countField, tr("%1 of %2 selected").arg(99999).arg(99999),
           tr("Selected shapes, and all shapes"));
@@ -103,7 +110,8 @@ bool StatusBar::eventFilter(QObject *watched, QEvent *event)
 
 void StatusBar::showCursorAt(const QPointF &scenePx)
 {
-    m_cursorField->setText(tr("X %1  Y %2 mm").arg(mmText(scenePx.x()), mmText(scenePx.y())));
+    m_cursorField->setText(
+        tr("X %1  Y %2 %3").arg(lengthText(scenePx.x()), downText(scenePx.y()), units::name()));
 }
 
 void StatusBar::showZoom(double scale)
@@ -130,9 +138,10 @@ void StatusBar::refresh()
         m_boxField->setText(tr("Nothing selected"));
     } else {
         const QRectF boxPx = frame->rect().translated(frame->pos());
-        m_boxField->setText(tr("Selection X %1  Y %2  W %3  H %4 mm")
-                                .arg(mmText(boxPx.x()), mmText(boxPx.y()), mmText(boxPx.width()),
-                                     mmText(boxPx.height())));
+        m_boxField->setText(tr("Selection X %1  Y %2  W %3  H %4 %5")
+                                .arg(lengthText(boxPx.x()), downText(boxPx.y()),
+                                     lengthText(boxPx.width()), lengthText(boxPx.height()),
+                                     units::name()));
     }
     m_countField->setText(tr("%1 of %2 selected")
                               .arg(m_selectedCount)

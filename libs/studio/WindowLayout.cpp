@@ -130,6 +130,8 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
                            "edit.delete", "-", "edit.group", "edit.ungroup", "-", "edit.selectAll",
                            "edit.invert", "edit.deselect", "-"});
     edit.addAction(commands.action("edit.values"));
+    edit.addSeparator();
+    edit.addAction(commands.action("edit.preferences"));
     QMenu &create = addMenu(window, "createMenu", commands,
                             {"create.rectangle", "create.ellipse", "create.polygon", "create.line",
                              "create.tdot", "create.text", "create.code", "create.barcode", "-"});
@@ -186,7 +188,7 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
     QMenu &view = addMenu(
         window, "viewMenu", commands,
         {"view.zoomIn", "view.zoomOut", "view.home", "-", "view.fitSelection", "view.fitAll", "-"});
-    fill(view, commands, {"view.rulers", "view.grid", "view.removeGuides"});
+    fill(view, commands, {"view.rulers", "view.grid", "view.orderNumbers", "view.removeGuides"});
     QMenu *snap = view.addMenu(QString());
     snap->setObjectName(QStringLiteral("snapMenu"));
     fill(*snap, commands, {"view.snapToShapes", "view.snapToGuides", "view.snapToGrid"});

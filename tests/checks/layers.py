@@ -6,6 +6,7 @@ from project import ENGINE, LIBS, ROOT, finish, includes, sources
 
 # Layer of each folder or, where a file serves folders below its own, of the file.
 ENGINE_LAYERS = {
+    "common/ZTCurveTolerance": 0,
     "shx": 1,
     "common": 2,
     "document/ZTCoord": 3,

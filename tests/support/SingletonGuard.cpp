@@ -7,6 +7,7 @@ namespace {
 void releaseAll()
 {
     ZTCoord::release();
+    ZTCurveTolerance::setToleranceMm(0.0);
     ZTPointSort::release();
     ZTVariantTextManager::release();
     ZTVariantText::setClock({});

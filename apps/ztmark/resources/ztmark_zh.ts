@@ -622,6 +622,14 @@ Examples:
         <source>Not as asked for:</source>
         <translation>与要求不符：</translation>
     </message>
+    <message>
+        <source>%1 mm</source>
+        <translation>%1 mm</translation>
+    </message>
+    <message>
+        <source>Curve tolerance:</source>
+        <translation>曲线公差：</translation>
+    </message>
 </context>
 <context>
     <name>FontCommand</name>

@@ -1,5 +1,7 @@
 #include <ZTDrawEngineLib/shapes/ZTEllipseShape.h>
 
+#include <ZTDrawEngineLib/common/ZTCurveTolerance.h>
+
 ZTEllipseShape::ZTEllipseShape()
 {
     setShapeType(ShapeType::Ellipse);
@@ -11,9 +13,7 @@ void ZTEllipseShape::paint()
     if (!isUpdate())
         return;
     setUpdate(0);
-    QPainterPath path;
-    path.addEllipse(getRect());
-    getPath() = path;
+    getPath() = ZTCurveTolerance::ellipse(getRect());
     path2Lines(true);
     fill();
 }

@@ -1,6 +1,7 @@
 #include <ZTDrawEngineLib/shapes/ZTShapeBase.h>
 
 #include <ZTDrawEngineLib/common/PackedFields_p.h>
+#include <ZTDrawEngineLib/common/ZTCurveTolerance.h>
 #include <ZTDrawEngineLib/document/ZTCoord.h>
 #include <ZTDrawEngineLib/model/ZTPointSort.h>
 #include <ZTDrawEngineLib/shapes/Reach_p.h>
@@ -110,8 +111,9 @@ QTransform ZTShapeBase::pathToMm() const
 
 void ZTShapeBase::path2Lines(bool sort)
 {
-    const QTransform pathToPx = pathToMm() * ZTCoord::getInstance()->getMm2pixTransform();
-    QList<QPolygonF> polygons = m_d->path.toSubpathPolygons(pathToPx);
+    const ZTCoord &coord = *ZTCoord::getInstance();
+    const QTransform pathToPx = pathToMm() * coord.getMm2pixTransform();
+    QList<QPolygonF> polygons = ZTCurveTolerance::polygons(m_d->path, pathToPx, coord.mm2pix(1.0));
     if (!isWithinReach(polygons))
         polygons.clear();
     if (sort)

@@ -1,3 +1,4 @@
+#include <ZTDrawEngineLib/common/ZTCurveTolerance.h>
 #include <ZTDrawEngineLib/shx/ZTShxFontFile_p.h>
 #include <ZTDrawEngineLib/shx/ZTShxParser.h>
 
@@ -454,8 +455,10 @@ bool ZTShxParser::solveBulge(const QPointF &from, const QPointF &to, double heig
 void ZTShxParser::flattenArc(ZTAbstractGlyphCallback *cb, const Circle &circle, double startRad,
                              double sweepRad)
 {
-    // One step to every 15 degrees or less. No sweep gives the first vertex alone.
-    const double steps = std::ceil(std::abs(sweepRad) * 12 / M_PI);
+    // One step to every 15 degrees or less, and as many as the tolerance of curves asks for. No
+    // sweep gives the first vertex alone.
+    const double leastSteps = std::ceil(std::abs(sweepRad) * 12 / M_PI);
+    const double steps = ZTCurveTolerance::arcChords(circle.radius, sweepRad, leastSteps);
     const int count = std::isfinite(steps) ? static_cast<int>(steps) : 0;
     const double step = sweepRad / count;
     m_stepsLeft -= count;

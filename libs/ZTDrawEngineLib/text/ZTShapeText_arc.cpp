@@ -1,6 +1,7 @@
 #include <ZTDrawEngineLib/text/ZTShapeText.h>
 
 #include <ZTDrawEngineLib/common/SystemText_p.h>
+#include <ZTDrawEngineLib/common/ZTCurveTolerance.h>
 
 #include <QtCore/QHash>
 
@@ -85,10 +86,14 @@ QTransform cornerOnCircle(const QPainterPath &glyph, double angleDeg, double dia
     return transform;
 }
 
+/** Units of the path that make a millimetre once the shape has enlarged it. */
+double unitsPerMm(const QTransform &later) { return 1.0 / ZTCurveTolerance::largestScale(later); }
+
 /** Adds the glyph as polygons: here its curves are flattened. */
-void addGlyph(QPainterPath &path, const QPainterPath &glyph, const QTransform &transform)
+void addGlyph(QPainterPath &path, const QPainterPath &glyph, const QTransform &transform,
+              double outputPerMm)
 {
-    const QList<QPolygonF> polygons = glyph.toSubpathPolygons(transform);
+    const QList<QPolygonF> polygons = ZTCurveTolerance::polygons(glyph, transform, outputPerMm);
     for (const QPolygonF &polygon : polygons) {
         if (isFinite(polygon))
             path.addPolygon(polygon);
@@ -127,7 +132,8 @@ void ZTShapeText::paintDlineRound(QPainterPath &path, QString line)
     ArcSteps steps(m_roundingParam, line.size());
     for (const QChar character : qAsConst(line)) {
         const QPainterPath &glyph = outlines.of(character);
-        addGlyph(path, glyph, centreOnCircle(glyph, steps.next(), m_roundingParam.diameter));
+        addGlyph(path, glyph, centreOnCircle(glyph, steps.next(), m_roundingParam.diameter),
+                 unitsPerMm(getTransformParam()));
     }
 }
 
@@ -141,5 +147,6 @@ void ZTShapeText::paintSlineRound(QPainterPath &path, QString line)
     const QVector<QPainterPath> glyphs = strokeGlyphs(line, pos, m_fontParam.wordSpac);
     ArcSteps steps(m_roundingParam, line.size());
     for (const QPainterPath &glyph : glyphs)
-        addGlyph(path, glyph, cornerOnCircle(glyph, steps.next(), m_roundingParam.diameter));
+        addGlyph(path, glyph, cornerOnCircle(glyph, steps.next(), m_roundingParam.diameter),
+                 unitsPerMm(getTransformParam()));
 }

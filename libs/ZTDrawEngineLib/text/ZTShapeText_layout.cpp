@@ -1,6 +1,7 @@
 #include <ZTDrawEngineLib/text/ZTShapeText.h>
 
 #include <ZTDrawEngineLib/common/SystemText_p.h>
+#include <ZTDrawEngineLib/common/ZTCurveTolerance.h>
 #include <ZTDrawEngineLib/document/ZTCoord.h>
 #include <ZTDrawEngineLib/shapes/Reach_p.h>
 #include <ZTDrawEngineLib/shx/ZTPathGlyphCallback.h>
@@ -166,6 +167,7 @@ void ZTShapeText::paintSline(QPainterPath &path, const QString &line, int lineOf
 QVector<QPainterPath> ZTShapeText::strokeGlyphs(const QString &line, const QPointF &pos,
                                                 double wordSpan)
 {
+    const ZTCurveTolerance::Enlarged enlarged(getTransformParam());
     ZTPathGlyphCallback callback;
     m_fontParam.shxFont.parser.drawText(&callback, toGbk(line).constData(), pos.x(), pos.y(),
                                         wordSpan);

@@ -344,6 +344,21 @@ bool restFromBytes(const QByteArray &bytes, QVector<KeyedFields> *fieldsOfItems,
     return isWhole(reader);
 }
 
+QByteArray curveToleranceToBytes(double toleranceMm)
+{
+    Writer out;
+    out << toleranceMm;
+    return out.bytes;
+}
+
+double curveToleranceFromBytes(const QByteArray &bytes)
+{
+    ByteReader reader(bytes);
+    const double toleranceMm = reader.real();
+    const bool isSense = isWhole(reader) && std::isfinite(toleranceMm) && toleranceMm > 0.0;
+    return isSense ? toleranceMm : 0.0;
+}
+
 QByteArray drawingExtrasToBytes(const DrawingExtras &extras)
 {
     KeyedFields fields = extras.fields;

@@ -22,6 +22,10 @@ QByteArray fontHeightsToBytes(const QVector<StrokeFontHeight> &heights);
 bool fontHeightsFromBytes(const QByteArray &bytes, QVector<StrokeFontHeight> *heights);
 
 /** Group names and fields; the other extras are sections and items of their own. */
+/** Eight bytes; back again 0 where they are no tolerance that a drawing can have. */
+QByteArray curveToleranceToBytes(double toleranceMm);
+double curveToleranceFromBytes(const QByteArray &bytes);
+
 QByteArray drawingExtrasToBytes(const DrawingExtras &extras);
 bool drawingExtrasFromBytes(const QByteArray &bytes, DrawingExtras *extras);
 

@@ -30,8 +30,9 @@ const QByteArray kDrawings = QByteArrayLiteral("PLOT");
 const QByteArray kFonts = QByteArrayLiteral("FONT");
 const QByteArray kExtras = QByteArrayLiteral("XTRA");
 const QByteArray kOrigin = QByteArrayLiteral("rcvr");
-const QByteArray kStream = QByteArrayLiteral("STRM"); // of version 1
-const QByteArray kRest = QByteArrayLiteral("REST");   // of version 1
+const QByteArray kCurveTolerance = QByteArrayLiteral("curveTolerance"); // field of XTRA
+const QByteArray kStream = QByteArrayLiteral("STRM");                   // of version 1
+const QByteArray kRest = QByteArrayLiteral("REST");                     // of version 1
 constexpr int kPreviewSide = 256;
 constexpr int kPiece = 1024 * 1024;
 
@@ -125,6 +126,27 @@ bool readVersion1(const Sections &sections, DrawingFile *drawing, Failure *failu
     return drawing->isBare || takeRest(rest->bytes, drawing, failure);
 }
 
+/** A tolerance that makes no sense is none, and stays among the fields. */
+bool takeCurveTolerance(DrawingFile *drawing)
+{
+    KeyedFields &fields = drawing->extras.fields;
+    const double toleranceMm = curveToleranceFromBytes(fields.value(kCurveTolerance));
+    drawing->meta.setup.curveToleranceMm = toleranceMm;
+    if (toleranceMm > 0.0)
+        fields.remove(kCurveTolerance);
+    return true;
+}
+
+/** The extras as a file has them: with what the set-up holds and the first version did not know. */
+DrawingExtras extrasToWrite(const DrawingFile &drawing)
+{
+    DrawingExtras extras = drawing.extras;
+    const double toleranceMm = drawing.meta.setup.curveToleranceMm;
+    if (toleranceMm > 0.0)
+        extras.fields.insert(kCurveTolerance, curveToleranceToBytes(toleranceMm));
+    return extras;
+}
+
 bool readVersion2(const Sections &sections, DrawingFile *drawing, Failure *failure)
 {
     const auto items = [&](const QByteArray &bytes) {
@@ -138,7 +160,7 @@ bool readVersion2(const Sections &sections, DrawingFile *drawing, Failure *failu
     };
     return sections.readIfThere(kItems, items, failure) &&
            sections.readIfThere(kFonts, fonts, failure) &&
-           sections.readIfThere(kExtras, extras, failure);
+           sections.readIfThere(kExtras, extras, failure) && takeCurveTolerance(drawing);
 }
 
 QByteArray copied(const QByteArray &borrowed) { return {borrowed.constData(), borrowed.size()}; }
@@ -286,7 +308,7 @@ QByteArray drawingToBytes(const DrawingFile &drawing)
         frame.sections << DrawingSection{kDrawings, drawingsToBytes(drawing.drawings)};
     if (!drawing.fontHeights.isEmpty())
         frame.sections << DrawingSection{kFonts, fontHeightsToBytes(drawing.fontHeights)};
-    const QByteArray extras = drawingExtrasToBytes(drawing.extras);
+    const QByteArray extras = drawingExtrasToBytes(extrasToWrite(drawing));
     if (!extras.isEmpty())
         frame.sections << DrawingSection{kExtras, extras};
     if (drawing.origin)

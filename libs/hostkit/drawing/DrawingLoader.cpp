@@ -445,14 +445,15 @@ void Loader::insert(InsertedDrawing *inserted)
     }
 }
 
-/** Millimetres stay millimetres where a pixel is of another size. */
+/** Millimetres stay millimetres where a pixel is of another size, curves are as fine as others. */
 void Loader::takeOwnScale()
 {
     const auto pxPerMm = [](const DrawingSetup &setup) {
         return setup.height / setup.physicalHeight * setup.displayRatio;
     };
     const double factor = pxPerMm(m_ownSetup) / pxPerMm(m_drawing.meta.setup);
-    if (factor != 1.0) {
+    const bool isAsFine = m_ownSetup.curveToleranceMm == m_drawing.meta.setup.curveToleranceMm;
+    if (factor != 1.0 || !isAsFine) {
         for (const Item &item : m_items) {
             item->setPos(item->pos() * factor);
             item->setTransformParam(QTransform(item->getTransformParam())); // builds it anew

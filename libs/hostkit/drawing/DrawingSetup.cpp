@@ -12,7 +12,8 @@ namespace {
 auto fieldsOf(const DrawingSetup &s)
 {
     return std::tie(s.width, s.height, s.physicalWidth, s.physicalHeight, s.displayRatio,
-                    s.distance, s.sortKind, s.workAreaMm, s.markScaleX, s.markScaleY);
+                    s.distance, s.sortKind, s.workAreaMm, s.markScaleX, s.markScaleY,
+                    s.curveToleranceMm);
 }
 
 bool isScale(double factor)
@@ -40,6 +41,7 @@ DrawingSetup DrawingSetup::of(const ZTGraphicsDocument &document)
     setup.physicalHeight = coord.getPhysicalHeight();
     setup.displayRatio = coord.getDisplayRatio();
     setup.distance = coord.getDistance();
+    setup.curveToleranceMm = ZTCurveTolerance::toleranceMm();
     setup.sortKind = ZTPointSort::getInstance()->getShapeMarkSort();
     setup.workAreaMm = document.view()->getWorkArea();
     std::tie(setup.markScaleX, setup.markScaleY) = document.itemMag()->getScale();
@@ -55,6 +57,7 @@ void DrawingSetup::applyToProcess() const
     coord.setPhysicalHeight(physicalHeight);
     coord.setDisplayRatio(displayRatio);
     coord.setDistance(distance);
+    ZTCurveTolerance::setToleranceMm(curveToleranceMm);
     ZTPointSort::getInstance()->setShapeMarkSort(sortKind);
 }
 

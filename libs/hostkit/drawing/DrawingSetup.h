@@ -10,7 +10,7 @@ namespace hostkit {
 
 /**
  * What a drawing's numbers rest on and no shape holds: the figures of `ZTCoord`, the sort kind, the
- * work area and the mark scale. The defaults are those of a fresh program.
+ * tolerance of curves, the work area and the mark scale. The defaults are those of a fresh program.
  *
  * Frame: as `ZTCoord` names its figures; the work area in millimetres; the scale in mark units per
  * scene pixel.
@@ -27,6 +27,7 @@ struct DrawingSetup
     QRect workAreaMm{-300, -300, 600, 600};
     float markScaleX = 1.0F;
     float markScaleY = 1.0F;
+    double curveToleranceMm = 0.0; ///< of `ZTCurveTolerance`; 0: none
 
     /**
      * Whether lengths come out as lengths: every figure is a finite number, and a millimetre is
@@ -37,7 +38,7 @@ struct DrawingSetup
     /** What holds now: of the process and of `document`. */
     static DrawingSetup of(const ZTGraphicsDocument &document);
 
-    /** Makes it hold for the process, so for all documents: figures and sort kind. */
+    /** Makes it hold for the process, so for all documents: figures, sort kind, tolerance. */
     void applyToProcess() const;
 
     /** Makes it hold for the process, and work area and scale for `document`. */

@@ -12,6 +12,7 @@ ProcessState ProcessState::now()
     state.m_physicalHeight = coord.getPhysicalHeight();
     state.m_displayRatio = coord.getDisplayRatio();
     state.m_distance = coord.getDistance();
+    state.m_toleranceMm = ZTCurveTolerance::toleranceMm();
     state.m_sortKind = ZTPointSort::getInstance()->getShapeMarkSort();
     for (const std::string &name : ZTShxFontManager::loadedFonts())
         state.m_fontHeights.push_back({name, ZTShxFontManager::getFont(name, 1)->getTextHeight()});
@@ -27,6 +28,7 @@ void ProcessState::apply() const
     coord.setPhysicalHeight(m_physicalHeight);
     coord.setDisplayRatio(m_displayRatio);
     coord.setDistance(m_distance);
+    ZTCurveTolerance::setToleranceMm(m_toleranceMm);
     ZTPointSort::getInstance()->setShapeMarkSort(m_sortKind);
     for (const FontHeight &font : m_fontHeights) {
         if (ZTShxFontManager::hasFont(font.fileName))

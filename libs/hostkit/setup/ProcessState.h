@@ -8,8 +8,8 @@
 namespace hostkit {
 
 /**
- * What all documents of a process share: the figures of `ZTCoord`, the sort kind of `ZTPointSort`
- * and the heights of the loaded stroke fonts.
+ * What all documents of a process share: the figures of `ZTCoord`, the sort kind of `ZTPointSort`,
+ * the tolerance of curves and the heights of the loaded stroke fonts.
  *
  * Frame: the figures as `ZTCoord` names them; heights in font drawing units.
  */
@@ -35,6 +35,7 @@ private:
     double m_physicalHeight = 0.0;
     double m_displayRatio = 0.0;
     double m_distance = 0.0;
+    double m_toleranceMm = 0.0;
     EShapeSortType m_sortKind = EShapeSortType::ShapeSortNone;
     std::vector<FontHeight> m_fontHeights;
 };

@@ -13,14 +13,18 @@ namespace {
 constexpr int kLetterPx = 9; ///< height of the numbers; they stand in the upper half
 
 // A ruler's numbers are its ticks divided by the nice number of its unit, and its ticks stand ten
-// units apart: counted in tenths of a millimetre, the numbers are millimetres.
-constexpr double kRulerUnitMm = 0.1;
+// units apart: counted in tenths of the unit, the numbers are units.
+constexpr double kRulerUnit = 0.1;
 
 void prepare(QWidget &ruler)
 {
     QFont letters = ruler.font();
     letters.setPixelSize(kLetterPx);
     ruler.setFont(letters);
+    // The strip is white, whatever colours the program has.
+    QPalette ink = ruler.palette();
+    ink.setColor(QPalette::WindowText, Qt::black);
+    ruler.setPalette(ink);
 }
 
 } // namespace
@@ -70,6 +74,12 @@ void ViewRulers::setRulersVisible(bool areVisible)
         widget->setVisible(areVisible);
 }
 
+void ViewRulers::setUnitMm(double unitMm)
+{
+    m_unitMm = unitMm;
+    follow();
+}
+
 bool ViewRulers::areRulersVisible() const { return !m_horizontal->isHidden(); }
 
 bool ViewRulers::eventFilter(QObject *watched, QEvent *event)
@@ -86,7 +96,8 @@ void ViewRulers::follow()
     const ZTGraphicsView &view = *m_document->view();
     const QPointF zero = view.viewportTransform().map(QPointF(0.0, 0.0)) +
                          view.viewport()->mapTo(m_document, QPoint(0, 0));
-    const double unitPx = ZTCoord::getInstance()->mm2pix(kRulerUnitMm) * view.getDisplayScale();
+    const double unitPx =
+        ZTCoord::getInstance()->mm2pix(kRulerUnit * m_unitMm) * view.getDisplayScale();
     m_horizontal->setPixelsPerUnit(unitPx);
     m_horizontal->setOrigin(-zero.x());
     m_horizontal->setLength(m_document->width());

@@ -10,7 +10,7 @@ class ZTVerticalAxis;
 namespace hostkit {
 
 /**
- * A document with rulers above it and to its left. They count millimetres from the scene's origin,
+ * A document with rulers above it and to its left. They count lengths from the scene's origin,
  * x to the right, and follow scrolling, zoom and size.
  */
 class ViewRulers : public QWidget
@@ -31,6 +31,9 @@ public:
     /** Shows or hides both; the document takes their room. */
     void setRulersVisible(bool areVisible);
 
+    /** What they count, in millimetres; 1 at first. */
+    void setUnitMm(double unitMm);
+
     /** Whether they show, or will when this widget does. */
     bool areRulersVisible() const;
 
@@ -43,7 +46,8 @@ private:
     QPointer<ZTGraphicsDocument> m_document; ///< child
     ZTHorizontalAxis *m_horizontal;          ///< child
     ZTVerticalAxis *m_vertical;              ///< child
-    QWidget *m_corner;                       ///< child; white as they are
+    double m_unitMm = 1.0;
+    QWidget *m_corner; ///< child; white as they are
 };
 
 } // namespace hostkit

@@ -6,14 +6,31 @@
 
 #include <hostkit/drawing/ItemGroups.h>
 
+#include <QtCore/QSettings>
 #include <QtWidgets/QUndoStack>
 
 #include <algorithm>
 
 namespace studio {
 
+namespace {
+
+const QString kAlignToKey = QStringLiteral("arrange/alignTo");
+
+AlignTo keptReference()
+{
+    const int kept = QSettings().value(kAlignToKey, int(AlignTo::EachOther)).toInt();
+    for (const AlignTo reference : {AlignTo::First, AlignTo::Field}) {
+        if (kept == int(reference))
+            return reference;
+    }
+    return AlignTo::EachOther;
+}
+
+} // namespace
+
 ArrangeActions::ArrangeActions(ZTGraphicsDocument &document, GroupTools &groups, QObject *parent)
-    : QObject(parent), m_document(document), m_groups(groups)
+    : QObject(parent), m_document(document), m_groups(groups), m_alignTo(keptReference())
 {
     connect(m_document.scene(), &QGraphicsScene::selectionChanged, this,
             &ArrangeActions::followSelection);
@@ -31,6 +48,7 @@ void ArrangeActions::followSelection()
 void ArrangeActions::setAlignTo(AlignTo reference)
 {
     m_alignTo = reference;
+    QSettings().setValue(kAlignToKey, int(reference));
     Q_EMIT alignToChanged(reference);
 }
 

@@ -30,7 +30,7 @@ public:
     ArrangeActions(ZTGraphicsDocument &document, GroupTools &groups, QObject *parent = nullptr);
 
     AlignTo alignTo() const { return m_alignTo; }
-    void setAlignTo(AlignTo reference);
+    void setAlignTo(AlignTo reference); ///< and keeps it for this user
 
     /** Whether enough is selected for aligning: one for the field, otherwise two. */
     bool canAlign() const;

@@ -1,6 +1,7 @@
 #include <studio/arrange/CircleDialog.h>
 
 #include <studio/arrange/ArrangeActions.h>
+#include <studio/text/MeasureBox.h>
 
 #include <QtGui/QShowEvent>
 #include <QtWidgets/QCheckBox>
@@ -26,9 +27,9 @@ constexpr int kHintCharacters = 40;
 CircleDialog::CircleDialog(ZTGraphicsDocument &document, ArrangeActions &actions, QWidget *parent)
     : QDialog(parent), m_document(document), m_actions(actions), m_countBox(new QSpinBox(this)),
       m_totalBox(addMeasure("total", kWholeTurnDeg, kWholeTurnDeg)),
-      m_acrossBox(addMeasure("centreX", kFarthestMm, 0.0)),
-      m_downBox(addMeasure("centreY", kFarthestMm, 0.0)), m_turnBox(new QCheckBox(this)),
-      m_hintLabel(new QLabel(this)), m_createButton(new QPushButton(this))
+      m_acrossBox(addLength("centreX")), m_downBox(addLength("centreY")),
+      m_turnBox(new QCheckBox(this)), m_hintLabel(new QLabel(this)),
+      m_createButton(new QPushButton(this))
 {
     setObjectName(QStringLiteral("circleDialog"));
     m_countBox->setObjectName(QStringLiteral("count"));
@@ -38,8 +39,8 @@ CircleDialog::CircleDialog(ZTGraphicsDocument &document, ArrangeActions &actions
     m_turnBox->setChecked(true);
     const QPointF middleMm =
         ZTCoord::getInstance()->getPix2MmTransform().map(m_actions.fieldPx().center());
-    m_acrossBox->setValue(middleMm.x());
-    m_downBox->setValue(middleMm.y());
+    m_acrossBox->setMeasure(middleMm.x());
+    m_downBox->setMeasure(middleMm.y());
     connect(m_countBox, qOverload<int>(&QSpinBox::valueChanged), this, &CircleDialog::refresh);
     connect(m_turnBox, &QCheckBox::toggled, this, &CircleDialog::refresh);
     layOut();
@@ -57,6 +58,14 @@ QDoubleSpinBox *CircleDialog::addMeasure(const char *name, double range, double 
     box->setRange(-range, range);
     box->setDecimals(3);
     box->setValue(value);
+    connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &CircleDialog::refresh);
+    return box;
+}
+
+MeasureBox *CircleDialog::addLength(const char *name)
+{
+    auto *box = new MeasureBox({-kFarthestMm, kFarthestMm, 1.0, 3}, this);
+    box->setObjectName(QString::fromLatin1(name));
     connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &CircleDialog::refresh);
     return box;
 }
@@ -99,8 +108,6 @@ void CircleDialog::retranslate()
     m_downLabel->setText(tr("Middle &Y, downward"));
     m_totalBox->setSuffix(tr("°"));
     m_totalBox->setToolTip(tr("Positive is counter-clockwise; 360° goes all around"));
-    m_acrossBox->setSuffix(tr(" mm"));
-    m_downBox->setSuffix(tr(" mm"));
     m_turnBox->setText(tr("&Turn the copies with the circle"));
     m_createButton->setText(tr("&Create"));
     refresh();
@@ -136,7 +143,7 @@ CircleArray CircleDialog::circle() const
 {
     CircleArray circle;
     circle.centrePx = ZTCoord::getInstance()->getMm2pixTransform().map(
-        QPointF(m_acrossBox->value(), m_downBox->value()));
+        QPointF(m_acrossBox->measure(), m_downBox->measure()));
     circle.count = m_countBox->value();
     circle.totalDeg = m_totalBox->value();
     circle.turns = m_turnBox->isChecked();

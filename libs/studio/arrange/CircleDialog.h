@@ -16,6 +16,7 @@ QT_END_NAMESPACE
 namespace studio {
 
 class ArrangeActions;
+class MeasureBox;
 
 /**
  * Repeats the selected shapes around a place. Stays open beside the drawing and shows at once where
@@ -36,6 +37,7 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    MeasureBox *addLength(const char *name);
     QDoubleSpinBox *addMeasure(const char *name, double range, double value);
     QLabel *addRow(QFormLayout &form, QWidget *box);
     void layOut();
@@ -48,8 +50,8 @@ private:
     ArrangeActions &m_actions;
     QSpinBox *m_countBox;
     QDoubleSpinBox *m_totalBox;
-    QDoubleSpinBox *m_acrossBox;
-    QDoubleSpinBox *m_downBox;
+    MeasureBox *m_acrossBox;
+    MeasureBox *m_downBox;
     QCheckBox *m_turnBox;
     QLabel *m_countLabel = nullptr;
     QLabel *m_totalLabel = nullptr;

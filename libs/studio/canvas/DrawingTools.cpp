@@ -6,6 +6,7 @@
 #include <studio/canvas/ShapePlace.h>
 #include <studio/canvas/ToolCursor.h>
 #include <studio/canvas/ToolPreview.h>
+#include <studio/choices/Units.h>
 #include <studio/text/StrokeFonts.h>
 
 #include <QtGui/QCursor>
@@ -50,9 +51,9 @@ bool isModifier(int key)
     return key == Qt::Key_Shift || key == Qt::Key_Alt || key == Qt::Key_Control;
 }
 
-QString mmText(double lengthPx)
+QString lengthText(double lengthPx)
 {
-    return QString::number(ZTCoord::getInstance()->pix2mm(lengthPx), 'f', 3);
+    return units::number(ZTCoord::getInstance()->pix2mm(lengthPx));
 }
 
 } // namespace
@@ -276,15 +277,19 @@ QString DrawingTools::measureOf(const ShapePlace &place) const
         double angleDeg = place.linePx->angle();
         if (angleDeg >= 359.9995)
             angleDeg = 0.0;
-        QString measure =
-            tr("%1 mm, %2°").arg(mmText(place.linePx->length()), QString::number(angleDeg, 'f', 3));
+        QString measure = tr("%1 %2, %3°")
+                              .arg(lengthText(place.linePx->length()), units::name(),
+                                   QString::number(angleDeg, 'f', 3));
         if (!isMeasuring())
             return measure;
-        return tr("%1; across %2, down %3 mm")
-            .arg(measure, mmText(place.linePx->dx()), mmText(place.linePx->dy()));
+        const QString across = lengthText(place.linePx->dx());
+        const QString down = lengthText(units::isYUp() ? -place.linePx->dy() : place.linePx->dy());
+        return (units::isYUp() ? tr("%1; across %2, up %3 %4") : tr("%1; across %2, down %3 %4"))
+            .arg(measure, across, down, units::name());
     }
     const QSizeF sizePx = place.boxPx.isEmpty() ? place.boxPx.size() : sceneBox(*m_sample).size();
-    return tr("%1 × %2 mm").arg(mmText(sizePx.width()), mmText(sizePx.height()));
+    return tr("%1 × %2 %3")
+        .arg(lengthText(sizePx.width()), lengthText(sizePx.height()), units::name());
 }
 
 void DrawingTools::finish()
@@ -309,8 +314,11 @@ void DrawingTools::finish()
         return;
     }
     const ShapeType type = m_kind->type;
+    const QByteArray tool = m_id;
     choose(kSelect);
     m_actions.draw(type, place);
+    if (m_isToolKept)
+        choose(tool);
 }
 
 } // namespace studio

@@ -29,7 +29,8 @@ struct ShapePlace;
  *
  * Press, drag, release makes a shape that fills the dragged box; Shift keeps proportions, of a line
  * steps of 15 degrees; Alt draws from the centre; a click alone makes a shape of the usual size
- * there. Esc gives up a drag, or else the tool. After a shape has been made nothing is chosen.
+ * there. Esc gives up a drag, or else the tool. After a shape has been made nothing is chosen,
+ * unless tools are kept.
  */
 class DrawingTools : public QObject
 {
@@ -57,6 +58,9 @@ public:
 
     /** Gives up what is being drawn, and keeps the tool. */
     void giveUp();
+
+    /** Whether a tool stays chosen after it has drawn a shape; not at first. */
+    void setToolKept(bool isKept) { m_isToolKept = isKept; }
 
     /** What places of the mouse go through; `done` is told when no more come. None at first. */
     void setSnap(const Snap &snap, const std::function<void()> &done)
@@ -102,7 +106,8 @@ private:
     std::optional<ToolDrag> m_drag; ///< while the button is down
     QPoint m_pressPos;              ///< viewport pixels
     QPoint m_pos;                   ///< of the mouse; viewport pixels
-    bool m_isDragged = false;       ///< the mouse has gone too far for a click
+    bool m_isToolKept = false;
+    bool m_isDragged = false; ///< the mouse has gone too far for a click
     std::unique_ptr<ToolPreview> m_preview;
     QPointer<PointerLabel> m_label; ///< child of the canvas
 };

@@ -23,10 +23,10 @@ struct Lines
 };
 
 template <class LineAt>
-void append(double fromPx, double toPx, double stepMm, const LineAt &lineAt, Lines *lines)
+void append(double fromPx, double toPx, double stepMm, int every, const LineAt &lineAt,
+            Lines *lines)
 {
     const double stepPx = ZTCoord::getInstance()->mm2pix(stepMm);
-    const int every = gridMajorEvery(stepMm);
     const auto first = static_cast<qint64>(std::floor(fromPx / stepPx));
     const auto last = static_cast<qint64>(std::ceil(toPx / stepPx));
     for (qint64 line = first; line <= last; ++line)
@@ -45,19 +45,26 @@ GridItem::GridItem(ZTGraphicsScene &scene) : m_sceneRectPx(scene.sceneRect())
         stackBefore(frame);
 }
 
+void GridItem::setFixedMm(double fixedMm)
+{
+    m_fixedMm = fixedMm;
+    update();
+}
+
 void GridItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *)
 {
     const double scale = option->levelOfDetailFromTransform(painter->worldTransform());
     const QRectF shown = option->exposedRect;
-    const double stepMm = gridStepMm(scale);
+    const double stepMm = gridStepMm(scale, m_fixedMm);
+    const int every = gridMajorEvery(stepMm, m_fixedMm);
     if (shown.isEmpty() || !(ZTCoord::getInstance()->mm2pix(stepMm) * scale >= 1.0))
         return;
     Lines lines;
     append(
-        shown.left(), shown.right(), stepMm,
+        shown.left(), shown.right(), stepMm, every,
         [&shown](double x) { return QLineF(x, shown.top(), x, shown.bottom()); }, &lines);
     append(
-        shown.top(), shown.bottom(), stepMm,
+        shown.top(), shown.bottom(), stepMm, every,
         [&shown](double y) { return QLineF(shown.left(), y, shown.right(), y); }, &lines);
     painter->save(); // the view does not do it for its items
     painter->setRenderHint(QPainter::Antialiasing, false);

@@ -4,6 +4,7 @@
 #include <studio/canvas/CanvasLines.h>
 #include <studio/canvas/PointerLabel.h>
 #include <studio/canvas/SnapTools.h>
+#include <studio/choices/Units.h>
 #include <studio/commands/DrawingExtrasCommand.h>
 
 #include <QtGui/QMouseEvent>
@@ -31,9 +32,23 @@ QLineF lineOf(const Guide &guide, const QRectF &scenePx)
 
 QString placeOf(const Guide &guide)
 {
-    const QString number = QString::number(guide.atMm, 'f', 3);
-    return guide.orientation == Qt::Vertical ? GuideTools::tr("X %1 mm").arg(number)
-                                             : GuideTools::tr("Y %1 mm").arg(number);
+    return guide.orientation == Qt::Vertical
+               ? QStringLiteral("X ") + units::text(guide.atMm)
+               : QStringLiteral("Y ") + units::text(units::y(guide.atMm));
+}
+
+/** The place of a guide as people count it, in millimetres, and back. */
+double countedMm(const Guide &guide)
+{
+    return guide.orientation == Qt::Vertical ? guide.atMm : units::y(guide.atMm);
+}
+
+QString labelOf(const Guide &guide)
+{
+    if (guide.orientation == Qt::Vertical)
+        return GuideTools::tr("X in %1:");
+    return units::isYUp() ? GuideTools::tr("Y in %1, upward:")
+                          : GuideTools::tr("Y in %1, downward:");
 }
 
 } // namespace
@@ -227,13 +242,14 @@ void GuideTools::askForPlace(int place)
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setObjectName(QStringLiteral("guideDialog"));
     dialog->setWindowTitle(tr("Guide"));
-    dialog->setLabelText(asked.orientation == Qt::Vertical ? tr("X in millimetres:")
-                                                           : tr("Y in millimetres, downward:"));
+    dialog->setLabelText(labelOf(asked).arg(units::name()));
     dialog->setInputMode(QInputDialog::DoubleInput);
-    dialog->setDoubleDecimals(3);
-    dialog->setDoubleRange(-kFarthestMm, kFarthestMm);
-    dialog->setDoubleValue(asked.atMm);
-    connect(dialog, &QInputDialog::doubleValueSelected, this, [this, asked](double atMm) {
+    const double farthest = kFarthestMm / units::unitMm();
+    dialog->setDoubleDecimals(units::unit() == LengthUnit::Inch ? 5 : 3);
+    dialog->setDoubleRange(-farthest, farthest);
+    dialog->setDoubleValue(countedMm(asked) / units::unitMm());
+    connect(dialog, &QInputDialog::doubleValueSelected, this, [this, asked](double typed) {
+        const double atMm = countedMm({asked.orientation, typed * units::unitMm()});
         QVector<Guide> wanted = guides();
         const int now = wanted.indexOf(asked);
         if (now < 0)

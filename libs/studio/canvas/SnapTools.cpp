@@ -6,6 +6,7 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QSet>
+#include <QtCore/QSettings>
 #include <QtGui/QMouseEvent>
 #include <QtWidgets/QGraphicsSceneMouseEvent>
 
@@ -13,6 +14,9 @@ namespace studio {
 
 namespace {
 
+const QString kShapesKey = QStringLiteral("snap/shapes");
+const QString kGuidesKey = QStringLiteral("snap/guides");
+const QString kGridKey = QStringLiteral("snap/grid");
 constexpr double kReach = 8.0;        ///< pixels on the screen within which something attracts
 constexpr int kStill = 3;             ///< pixels that a hand trembles
 constexpr int kMostShapes = 5000;     ///< that attract; with more in sight none would be told apart
@@ -54,7 +58,20 @@ QString nameOf(SnapKind kind)
 SnapTools::SnapTools(ZTGraphicsDocument &document, QObject *parent)
     : QObject(parent), m_document(document)
 {
+    const QSettings settings;
+    m_choice.toShapes = settings.value(kShapesKey, m_choice.toShapes).toBool();
+    m_choice.toGuides = settings.value(kGuidesKey, m_choice.toGuides).toBool();
+    m_choice.toGrid = settings.value(kGridKey, m_choice.toGrid).toBool();
     m_document.view()->viewport()->installEventFilter(this);
+}
+
+void SnapTools::setChoice(const SnapChoice &choice)
+{
+    m_choice = choice;
+    QSettings settings;
+    settings.setValue(kShapesKey, choice.toShapes);
+    settings.setValue(kGuidesKey, choice.toGuides);
+    settings.setValue(kGridKey, choice.toGrid);
 }
 
 SnapTools::~SnapTools() = default;
@@ -136,7 +153,7 @@ void SnapTools::collectTargets(const ShapeItems &moving)
         }
     }
     if (m_choice.toGrid)
-        m_targets.gridPx = coord.mm2pix(gridStepMm(view.getDisplayScale()));
+        m_targets.gridPx = coord.mm2pix(gridStepMm(view.getDisplayScale(), m_gridMm));
     m_targets.sort();
 }
 

@@ -41,7 +41,10 @@ public:
     ~SnapTools() override;
 
     const SnapChoice &choice() const { return m_choice; }
-    void setChoice(const SnapChoice &choice) { m_choice = choice; }
+    void setChoice(const SnapChoice &choice); ///< and keeps it for this user
+
+    /** Distance of the grid's lines in millimetres; 0, as at first: they follow the zoom. */
+    void setGridMm(double fixedMm) { m_gridMm = fixedMm; }
 
     /** Where a place comes to, and shows why; until `hide`. Frame: scene pixels. */
     QPointF place(const QPointF &placePx, Qt::KeyboardModifiers keys);
@@ -82,6 +85,7 @@ private:
 
     ZTGraphicsDocument &m_document;
     SnapChoice m_choice;
+    double m_gridMm = 0.0;
     SnapTargets m_targets;
     bool m_hasTargets = false;       ///< of the drag that is under way
     QPoint m_pressPos;               ///< viewport pixels

@@ -47,11 +47,10 @@ void setRowVisible(const QFormLayout &form, QWidget *field, bool isVisible)
 CodeFormPage::CodeFormPage(const CodeEdit &edit, QWidget *parent)
     : CodePage(parent), m_moduleButton(new QRadioButton(tr("&Module"), this)),
       m_widthButton(new QRadioButton(tr("&Width"), this)),
-      m_moduleBox(new MeasureBox(kModuleMm, tr(" mm"), this)),
-      m_widthBox(new MeasureBox(kLengthMm, tr(" mm"), this)),
-      m_heightBox(new MeasureBox(kLengthMm, tr(" mm"), this)), m_styleBox(new QComboBox(this)),
+      m_moduleBox(new MeasureBox(kModuleMm, this)), m_widthBox(new MeasureBox(kLengthMm, this)),
+      m_heightBox(new MeasureBox(kLengthMm, this)), m_styleBox(new QComboBox(this)),
       m_dotBox(new MeasureBox(kDotPercent, tr(" % of the module"), this)),
-      m_growthBox(new MeasureBox(kGrowthMm, tr(" mm"), this)),
+      m_growthBox(new MeasureBox(kGrowthMm, this)),
       m_inverseBox(new QCheckBox(tr("&Inverse: mark what is light, for dark material"), this)),
       m_quietBox(new QCheckBox(tr("Show the &quiet zone on the drawing"), this))
 {

@@ -32,7 +32,7 @@ bool isGood(const codekit::CodeReading &reading)
 
 VerifyDialog::VerifyDialog(ZTGraphicsDocument &document, QWidget *parent)
     : QDialog(parent), m_document(document), m_reader(document),
-      m_beamBox(new MeasureBox(kBeamMm, tr(" mm"), this)), m_progress(new QProgressBar(this)),
+      m_beamBox(new MeasureBox(kBeamMm, this)), m_progress(new QProgressBar(this)),
       m_summary(new QLabel(this)), m_list(new QTreeWidget(this))
 {
     setObjectName(QStringLiteral("verifyDialog"));

@@ -31,6 +31,9 @@ public:
     /** Waits for a write under way. The recovery file stays. */
     ~Autosaver() override;
 
+    /** At most so long after a change from now on. */
+    void setIntervalMs(int intervalMs) { m_timer.setInterval(intervalMs); }
+
     /** Takes over the recovery file that the drawing has just been read from. */
     void adopt(std::shared_ptr<RecoverySlot> recovered);
 

@@ -267,7 +267,6 @@ void DrawingFiles::saveAsThen(const Next &next)
 // another one. It adds none where there is a point anywhere in the path.
 void DrawingFiles::saveUnder(const QString &chosen, const Next &next)
 {
-    rememberFolder(chosen);
     if (QFileInfo(chosen).suffix().compare(kExtension, Qt::CaseInsensitive) == 0) {
         saveAndGoOn(chosen, next);
         return;
@@ -321,6 +320,7 @@ bool DrawingFiles::saveTo(const QString &path)
         return false;
     }
     m_drawing.setSaved(path, revision);
+    rememberFolder(path); // of a save that failed it is of no use
     RecentDrawings::add(path);
     Q_EMIT saved(m_drawing.path());
     return true;

@@ -63,6 +63,10 @@ public:
     /** Opens a drawing that was left behind, unsaved still. Its file stays in the slot. */
     bool recover(const RecoveryEntry &entry);
 
+    /** What new drawings rest on from now on; at first what held when this was made. */
+    const hostkit::DrawingSetup &newSetup() const { return m_firstSetup; }
+    void setNewSetup(const hostkit::DrawingSetup &setup) { m_firstSetup = setup; }
+
     /** How long reading, loading and writing go on before they show progress. */
     void setQuietMs(int quiet) { m_quietMs = quiet; }
 

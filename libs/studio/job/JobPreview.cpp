@@ -3,7 +3,9 @@
 #include <studio/job/JobReport.h>
 
 #include <QtCore/QLocale>
+#include <QtGui/QGuiApplication>
 #include <QtGui/QKeyEvent>
+#include <QtGui/QScreen>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QFileDialog>
@@ -39,7 +41,7 @@ JobPreview::JobPreview(QWidget *parent)
 {
     setObjectName(QStringLiteral("jobPreview"));
     build();
-    resize(kFirstSize);
+    resize(kFirstSize.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
     m_timer.setInterval(kFrameMs);
     connect(&m_timer, &QTimer::timeout, this, &JobPreview::advance);
     connect(m_plan, &PlanView::picked, this, &JobPreview::pickPiece);

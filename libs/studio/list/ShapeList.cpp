@@ -22,6 +22,7 @@ namespace studio {
 namespace {
 
 constexpr int kMargin = 6;
+constexpr int kLeastRows = 8; ///< lines of the list that stay in sight, the header among them
 constexpr int kBarIconPx = 16;
 
 /** Whether these are shapes that the drawing cannot select: the list alone knows that they are. */
@@ -57,6 +58,7 @@ ShapeList::ShapeList(ZTGraphicsDocument &document, QWidget *parent)
     for (int column = 0; column < ShapeListModel::ColumnCount; ++column)
         header.resizeSection(column, kColumnCharacters[column] * character + 2 * kMargin);
     header.setStretchLastSection(false);
+    m_view->setMinimumHeight(kLeastRows * m_view->fontMetrics().lineSpacing());
 
     auto *body = new QWidget(this);
     auto *layout = new QVBoxLayout(body);

@@ -1,7 +1,7 @@
 #include <studio/panel/BoxSection.h>
 
 #include <studio/DocumentActions.h>
-#include <studio/panel/TypedMeasure.h>
+#include <studio/choices/Units.h>
 
 #include <QtCore/QSettings>
 #include <QtWidgets/QButtonGroup>
@@ -92,8 +92,9 @@ void BoxSection::connectFields()
 {
     connect(m_x, &MeasureField::committed, this,
             [this](double mm) { settle(*m_x, m_edits.setPlace(Qt::Horizontal, mm, frame())); });
-    connect(m_y, &MeasureField::committed, this,
-            [this](double mm) { settle(*m_y, m_edits.setPlace(Qt::Vertical, mm, frame())); });
+    connect(m_y, &MeasureField::committed, this, [this](double mm) {
+        settle(*m_y, m_edits.setPlace(Qt::Vertical, units::y(mm), frame()));
+    });
     connect(m_width, &MeasureField::committed, this,
             [this](double mm) { takeSize(*m_width, Qt::Horizontal, mm); });
     connect(m_height, &MeasureField::committed, this,
@@ -112,8 +113,8 @@ void BoxSection::takeSize(MeasureField &field, Qt::Orientation direction, double
     for (const QRectF &boxMm : shownBoxesMm(selectedShapeItems(*m_document.scene()))) {
         const double foundMm = direction == Qt::Horizontal ? boxMm.width() : boxMm.height();
         if (std::abs(foundMm - mm) > kNoticedMm) {
-            Q_EMIT told(tr("Curves are marked as chords: %1 mm is as near as it comes")
-                            .arg(measureText(foundMm)));
+            Q_EMIT told(tr("Curves are marked as chords: %1 is as near as it comes")
+                            .arg(units::text(foundMm)));
             return;
         }
     }
@@ -171,15 +172,17 @@ void BoxSection::retranslate()
         field.setAccessibleName(called);
         field.setHint(hint);
     };
-    name(*m_x, tr("X in millimetres"),
-         tr("Place across the field in mm, to the right. Sums and units are welcome: 20+5, 1in"));
-    name(*m_y, tr("Y in millimetres"), tr("Place down the field in mm, downward"));
-    name(*m_width, tr("Width in millimetres"), tr("Width of the outline's box in mm"));
-    name(*m_height, tr("Height in millimetres"), tr("Height of the outline's box in mm"));
+    const auto inUnit = [](const QString &text) { return text.arg(units::name()); };
+    name(*m_x, inUnit(tr("X in %1")),
+         tr("Place across the field, to the right. Sums and units are welcome: 20+5, 1in"));
+    name(*m_y, inUnit(tr("Y in %1")),
+         units::isYUp() ? tr("Place up the field, upward") : tr("Place down the field, downward"));
+    name(*m_width, inUnit(tr("Width in %1")), tr("Width of the outline's box"));
+    name(*m_height, inUnit(tr("Height in %1")), tr("Height of the outline's box"));
     name(*m_angle, tr("Angle in degrees"),
          tr("0 points right, positive is anticlockwise; turns about the middle of the box"));
     m_angleLabel->setText(tr("Angle"));
-    m_unit->setText(tr("mm"));
+    m_unit->setText(units::name());
     m_lock->setText(tr("Keep proportions"));
     m_lock->setToolTip(tr("Width and height change together, in these fields and by the handles"));
     m_extent->setItemText(0, tr("Box around all"));
@@ -210,7 +213,7 @@ void BoxSection::followPlaces(const ShapeItems &selected)
         showCommon(field, values);
     };
     show(*m_x, [&](const QRectF &boxMm) { return anchorPoint(boxMm, point).x(); });
-    show(*m_y, [&](const QRectF &boxMm) { return anchorPoint(boxMm, point).y(); });
+    show(*m_y, [&](const QRectF &boxMm) { return units::y(anchorPoint(boxMm, point).y()); });
     show(*m_width, [](const QRectF &boxMm) { return boxMm.width(); });
     show(*m_height, [](const QRectF &boxMm) { return boxMm.height(); });
     showCommon(*m_angle, selected, &turnDeg);

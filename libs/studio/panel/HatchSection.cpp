@@ -1,5 +1,6 @@
 #include <studio/panel/HatchSection.h>
 
+#include <studio/choices/Units.h>
 #include <studio/panel/ChoiceBox.h>
 
 #include <QtWidgets/QCheckBox>
@@ -94,15 +95,15 @@ void HatchSection::layOut()
 
 void HatchSection::retranslate()
 {
-    m_unit->setText(tr("mm"));
+    m_unit->setText(units::name());
     m_kindLabel->setText(tr("Hatch"));
     m_kind->setAccessibleName(tr("Hatch"));
     m_kind->setItemText(0, tr("none"));
     m_kind->setItemText(1, tr("single lines"));
     m_kind->setItemText(2, tr("zigzag"));
     m_spacingLabel->setText(tr("Spacing"));
-    m_spacing->setAccessibleName(tr("Spacing of the hatch in millimetres"));
-    m_spacing->setHint(tr("Distance of the hatch lines on the part, in mm"));
+    m_spacing->setAccessibleName(tr("Spacing of the hatch in %1").arg(units::name()));
+    m_spacing->setHint(tr("Distance of the hatch lines on the part"));
     m_angleLabel->setText(tr("Angle"));
     m_angle->setAccessibleName(tr("Angle of the hatch in degrees"));
     m_angle->setHint(tr("0 is across, positive is anticlockwise"));

@@ -1,5 +1,6 @@
 #include <studio/panel/MeasureField.h>
 
+#include <studio/choices/Units.h>
 #include <studio/panel/TypedMeasure.h>
 
 #include <QtCore/QEvent>
@@ -13,6 +14,7 @@ namespace studio {
 
 namespace {
 
+constexpr int kInchDecimals = 6;
 constexpr double kWrongShare = 0.35; ///< of red in a wrong entry's background
 
 QColor mixed(const QColor &base, const QColor &over, double share)
@@ -26,7 +28,7 @@ TypedMeasure readAs(MeasureField::Quantity quantity, const QString &text)
 {
     switch (quantity) {
     case MeasureField::Quantity::Length:
-        return readLength(text);
+        return readLength(text, units::unitMm());
     case MeasureField::Quantity::Angle:
         return readAngle(text);
     case MeasureField::Quantity::Percent:
@@ -69,7 +71,7 @@ void MeasureField::show(Content content, std::optional<double> value)
 
 void MeasureField::renew()
 {
-    m_shownText = m_value ? measureText(*m_value) : QString();
+    m_shownText = m_value ? numberText(*m_value) : QString();
     setPlaceholderText(m_content == Content::Differing ? tr("differs") : QString());
     m_isCommitted = false;
     setText(m_shownText);
@@ -139,8 +141,18 @@ void MeasureField::changeEvent(QEvent *event)
     QLineEdit::changeEvent(event);
     if (event->type() != QEvent::LanguageChange)
         return;
+    if (!isEdited()) {
+        renew(); // the unit may be another
+        return;
+    }
     setPlaceholderText(m_content == Content::Differing ? tr("differs") : QString());
     check();
+}
+
+QString MeasureField::numberText(double value) const
+{
+    const bool isInch = m_quantity == Quantity::Length && units::unit() == LengthUnit::Inch;
+    return isInch ? measureText(value / units::unitMm(), kInchDecimals) : measureText(value);
 }
 
 void MeasureField::commit()
@@ -184,11 +196,11 @@ QString MeasureField::reasonAgainst(const QString &text, double *value) const
 
 QString MeasureField::rangeText() const
 {
-    const QString least = measureText(m_range.least);
-    const QString most = measureText(m_range.most);
+    const QString least = numberText(m_range.least);
+    const QString most = numberText(m_range.most);
     switch (m_quantity) {
     case Quantity::Length:
-        return tr("%1 to %2 mm").arg(least, most);
+        return tr("%1 to %2 %3").arg(least, most, units::name());
     case Quantity::Angle:
         return tr("%1° to %2°").arg(least, most);
     case Quantity::Percent:

@@ -15,7 +15,8 @@ namespace studio {
  * back. A wrong entry changes nothing and stays until it is mended, taken back, or another value
  * is shown.
  *
- * Frame: millimetres, degrees or a plain number, by its quantity.
+ * Frame: millimetres, degrees or a plain number, by its quantity. Lengths are shown and typed in
+ * the unit of the program.
  */
 class MeasureField : public QLineEdit
 {
@@ -56,6 +57,9 @@ public:
     /** Drops what was typed and not committed. */
     void takeBack();
 
+    /** Tells an entry that is right and not committed yet, as Return does. */
+    void commit();
+
     /** Whether something is typed that is not committed. */
     bool isEdited() const { return text() != m_shownText; }
 
@@ -81,7 +85,7 @@ private:
     void show(Content content, std::optional<double> value);
     void renew();
     void check();
-    void commit();
+    QString numberText(double value) const;
     void setFault(const QString &reason);
     QString reasonAgainst(const QString &text, double *value) const;
     QString rangeText() const;

@@ -52,8 +52,8 @@ void PrintActions::choosePdf()
     dialog->setDefaultSuffix(QStringLiteral("pdf"));
     dialog->setDirectory(QSettings().value(kFolderKey, QDir::homePath()).toString());
     connect(dialog, &QFileDialog::fileSelected, this, [this](const QString &path) {
-        QSettings().setValue(kFolderKey, QFileInfo(path).absolutePath());
-        writePdf(path);
+        if (writePdf(path))
+            QSettings().setValue(kFolderKey, QFileInfo(path).absolutePath());
     });
     dialog->open();
 }

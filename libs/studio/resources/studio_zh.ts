@@ -739,13 +739,25 @@
         <source>What lies in one of the selected areas alone</source>
         <translation>只在一个选中区域内的部分</translation>
     </message>
+    <message>
+        <source>Order n&amp;umbers</source>
+        <translation>标刻序号(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Pre&amp;ferences...</source>
+        <translation>首选项(&amp;F)...</translation>
+    </message>
+    <message>
+        <source>Show at each shape when it is marked</source>
+        <translation>在每个图形旁显示其标刻次序</translation>
+    </message>
+    <message>
+        <source>Units, field, curves, new shapes, language, theme</source>
+        <translation>单位、幅面、曲线、新图形、语言、主题</translation>
+    </message>
 </context>
 <context>
     <name>studio::ArcPage</name>
-    <message>
-        <source> mm</source>
-        <translation> mm</translation>
-    </message>
     <message>
         <source> °</source>
         <translation> °</translation>
@@ -792,10 +804,6 @@
 </context>
 <context>
     <name>studio::CircleDialog</name>
-    <message>
-        <source> mm</source>
-        <translation> 毫米</translation>
-    </message>
     <message>
         <source>&amp;Angle from first to last</source>
         <translation>首末夹角(&amp;A)</translation>
@@ -1040,14 +1048,6 @@
 <context>
     <name>studio::DrawingTools</name>
     <message>
-        <source>%1 mm, %2°</source>
-        <translation>%1 毫米，%2°</translation>
-    </message>
-    <message>
-        <source>%1 × %2 mm</source>
-        <translation>%1 × %2 毫米</translation>
-    </message>
-    <message>
         <source>%1: drag a box, or click. Shift keeps the proportions, Alt begins in the middle, Esc gives up</source>
         <translation>%1：拖出方框，或单击。Shift 保持比例，Alt 从中心开始，Esc 放弃</translation>
     </message>
@@ -1056,16 +1056,28 @@
         <translation>%1：从一端拖到另一端。Shift 按 15° 步进，Alt 从中点开始，Esc 放弃</translation>
     </message>
     <message>
-        <source>%1; across %2, down %3 mm</source>
-        <translation>%1；横向 %2，纵向 %3 毫米</translation>
-    </message>
-    <message>
         <source>A shape needs a width and a height: drag a box</source>
         <translation>图形需要宽度和高度：请拖出方框</translation>
     </message>
     <message>
         <source>Measure: drag from place to place. Shift keeps to steps of 15°, Esc ends</source>
         <translation>测量：从一点拖到另一点。Shift 按 15° 步进，Esc 结束</translation>
+    </message>
+    <message>
+        <source>%1 %2, %3°</source>
+        <translation>%1 %2，%3°</translation>
+    </message>
+    <message>
+        <source>%1 × %2 %3</source>
+        <translation>%1 × %2 %3</translation>
+    </message>
+    <message>
+        <source>%1; across %2, down %3 %4</source>
+        <translation>%1；横向 %2，向下 %3 %4</translation>
+    </message>
+    <message>
+        <source>%1; across %2, up %3 %4</source>
+        <translation>%1；横向 %2，向上 %3 %4</translation>
     </message>
 </context>
 <context>
@@ -1160,10 +1172,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation> %</translation>
     </message>
     <message>
-        <source> mm</source>
-        <translation> mm</translation>
-    </message>
-    <message>
         <source>&amp;Bold</source>
         <translation>粗体(&amp;B)</translation>
     </message>
@@ -1250,28 +1258,20 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>参考线</translation>
     </message>
     <message>
-        <source>X %1 mm</source>
-        <translation>X %1 毫米</translation>
+        <source>X in %1:</source>
+        <translation>X（%1）：</translation>
     </message>
     <message>
-        <source>X in millimetres:</source>
-        <translation>X（毫米）：</translation>
+        <source>Y in %1, downward:</source>
+        <translation>Y（%1，向下）：</translation>
     </message>
     <message>
-        <source>Y %1 mm</source>
-        <translation>Y %1 毫米</translation>
-    </message>
-    <message>
-        <source>Y in millimetres, downward:</source>
-        <translation>Y（毫米，向下为正）：</translation>
+        <source>Y in %1, upward:</source>
+        <translation>Y（%1，向上）：</translation>
     </message>
 </context>
 <context>
     <name>studio::HatchPage</name>
-    <message>
-        <source> mm</source>
-        <translation> mm</translation>
-    </message>
     <message>
         <source> °</source>
         <translation> °</translation>
@@ -1439,16 +1439,8 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
 <context>
     <name>studio::MatrixDialog</name>
     <message>
-        <source> mm</source>
-        <translation> mm</translation>
-    </message>
-    <message>
         <source>%L1 shapes are too many; at most %L2 can be made at once.</source>
         <translation>%L1 个图形太多；一次最多可创建 %L2 个。</translation>
-    </message>
-    <message>
-        <source>%L1 shapes on %2 by %3 mm</source>
-        <translation>%L1 个图形，占 %2 × %3 mm</translation>
     </message>
     <message>
         <source>&amp;Create</source>
@@ -1485,6 +1477,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>The next part then goes on behind the values of all of them</source>
         <translation>下一件从所有这些值之后继续</translation>
+    </message>
+    <message>
+        <source>%L1 shapes on %2 by %3 %4</source>
+        <translation>共 %L1 个图形，占 %2 × %3 %4</translation>
     </message>
 </context>
 <context>
@@ -1947,20 +1943,24 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>选中的图形数和图形总数</translation>
     </message>
     <message>
-        <source>Selection X %1  Y %2  W %3  H %4 mm</source>
-        <translation>选区 X %1  Y %2  宽 %3  高 %4 mm</translation>
-    </message>
-    <message>
         <source>Top left corner and size of the selection&apos;s box</source>
         <translation>选区外框的左上角和尺寸</translation>
     </message>
     <message>
-        <source>X %1  Y %2 mm</source>
-        <translation>X %1  Y %2 mm</translation>
-    </message>
-    <message>
         <source>Zoom; Ctrl and the wheel change it</source>
         <translation>缩放比例；按住 Ctrl 并滚动滚轮可更改</translation>
+    </message>
+    <message>
+        <source>Place of the mouse, y upward</source>
+        <translation>鼠标位置，y 向上</translation>
+    </message>
+    <message>
+        <source>Selection X %1  Y %2  W %3  H %4 %5</source>
+        <translation>选区 X %1  Y %2  宽 %3  高 %4 %5</translation>
+    </message>
+    <message>
+        <source>X %1  Y %2 %3</source>
+        <translation>X %1  Y %2 %3</translation>
     </message>
 </context>
 <context>
@@ -2257,6 +2257,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Weld</source>
         <translation>焊接</translation>
+    </message>
+    <message>
+        <source>Change field or curves</source>
+        <translation>更改幅面或曲线</translation>
     </message>
 </context>
 <context>
@@ -2737,10 +2741,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation> %（相对模块）</translation>
     </message>
     <message>
-        <source> mm</source>
-        <translation> mm</translation>
-    </message>
-    <message>
         <source>&amp;Diameter of a dot</source>
         <translation>点的直径(&amp;D)</translation>
     </message>
@@ -2894,10 +2894,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
 <context>
     <name>studio::VerifyDialog</name>
     <message>
-        <source> mm</source>
-        <translation> mm</translation>
-    </message>
-    <message>
         <source>%1 codes read as they are to, %2 do not.</source>
         <translation>%1 个码读出正确，%2 个不正确。</translation>
     </message>
@@ -2981,20 +2977,8 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>全部图形的外框</translation>
     </message>
     <message>
-        <source>Curves are marked as chords: %1 mm is as near as it comes</source>
-        <translation>曲线按弦标刻：最接近的尺寸为 %1 mm</translation>
-    </message>
-    <message>
         <source>Each shape its own box</source>
         <translation>每个图形各自的外框</translation>
-    </message>
-    <message>
-        <source>Height in millimetres</source>
-        <translation>高度，单位为毫米</translation>
-    </message>
-    <message>
-        <source>Height of the outline&apos;s box in mm</source>
-        <translation>轮廓外框的高度，mm</translation>
     </message>
     <message>
         <source>Keep proportions</source>
@@ -3017,14 +3001,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>选中多个图形时：各栏显示和修改的是全部图形的外框，还是每个图形各自的外框</translation>
     </message>
     <message>
-        <source>Place across the field in mm, to the right. Sums and units are welcome: 20+5, 1in</source>
-        <translation>幅面上的横向位置，mm，向右为正。可输入算式和单位：20+5、1in</translation>
-    </message>
-    <message>
-        <source>Place down the field in mm, downward</source>
-        <translation>幅面上的纵向位置，mm，向下为正</translation>
-    </message>
-    <message>
         <source>Top left</source>
         <translation>左上</translation>
     </message>
@@ -3045,28 +3021,48 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>宽度和高度一起改变，在此输入或拖动控制点时都一样</translation>
     </message>
     <message>
-        <source>Width in millimetres</source>
-        <translation>宽度，单位为毫米</translation>
-    </message>
-    <message>
-        <source>Width of the outline&apos;s box in mm</source>
-        <translation>轮廓外框的宽度，mm</translation>
-    </message>
-    <message>
-        <source>X in millimetres</source>
-        <translation>X，单位为毫米</translation>
-    </message>
-    <message>
-        <source>Y in millimetres</source>
-        <translation>Y，单位为毫米</translation>
-    </message>
-    <message>
-        <source>mm</source>
-        <translation>mm</translation>
-    </message>
-    <message>
         <source>°, mirrored</source>
         <translation>°，已镜像</translation>
+    </message>
+    <message>
+        <source>Curves are marked as chords: %1 is as near as it comes</source>
+        <translation>曲线以弦段标刻：最接近的尺寸为 %1</translation>
+    </message>
+    <message>
+        <source>Height in %1</source>
+        <translation>高度（%1）</translation>
+    </message>
+    <message>
+        <source>Height of the outline&apos;s box</source>
+        <translation>轮廓框的高度</translation>
+    </message>
+    <message>
+        <source>Place across the field, to the right. Sums and units are welcome: 20+5, 1in</source>
+        <translation>幅面上的横向位置，向右为正。可输入算式和单位：20+5、1in</translation>
+    </message>
+    <message>
+        <source>Place down the field, downward</source>
+        <translation>幅面上的纵向位置，向下为正</translation>
+    </message>
+    <message>
+        <source>Place up the field, upward</source>
+        <translation>幅面上的纵向位置，向上为正</translation>
+    </message>
+    <message>
+        <source>Width in %1</source>
+        <translation>宽度（%1）</translation>
+    </message>
+    <message>
+        <source>Width of the outline&apos;s box</source>
+        <translation>轮廓框的宽度</translation>
+    </message>
+    <message>
+        <source>X in %1</source>
+        <translation>X（%1）</translation>
+    </message>
+    <message>
+        <source>Y in %1</source>
+        <translation>Y（%1）</translation>
     </message>
 </context>
 <context>
@@ -3082,10 +3078,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Angle of the hatch in degrees</source>
         <translation>填充角度，单位为度</translation>
-    </message>
-    <message>
-        <source>Distance of the hatch lines on the part, in mm</source>
-        <translation>工件上填充线的间距，mm</translation>
     </message>
     <message>
         <source>Hatch</source>
@@ -3116,16 +3108,8 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>间距</translation>
     </message>
     <message>
-        <source>Spacing of the hatch in millimetres</source>
-        <translation>填充间距，单位为毫米</translation>
-    </message>
-    <message>
         <source>differs</source>
         <translation>不一致</translation>
-    </message>
-    <message>
-        <source>mm</source>
-        <translation>mm</translation>
     </message>
     <message>
         <source>none</source>
@@ -3138,6 +3122,14 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>zigzag</source>
         <translation>弓形线</translation>
+    </message>
+    <message>
+        <source>Distance of the hatch lines on the part</source>
+        <translation>工件上填充线的间距</translation>
+    </message>
+    <message>
+        <source>Spacing of the hatch in %1</source>
+        <translation>填充间距（%1）</translation>
     </message>
 </context>
 <context>
@@ -3237,10 +3229,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>%1 至 %2 %</translation>
     </message>
     <message>
-        <source>%1 to %2 mm</source>
-        <translation>%1 至 %2 mm</translation>
-    </message>
-    <message>
         <source>%1. Permitted: %2</source>
         <translation>%1。允许范围：%2</translation>
     </message>
@@ -3263,6 +3251,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>differs</source>
         <translation>不一致</translation>
+    </message>
+    <message>
+        <source>%1 to %2 %3</source>
+        <translation>%1 至 %2 %3</translation>
     </message>
 </context>
 <context>
@@ -4529,6 +4521,267 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Use %1</source>
         <translation>使用 %1</translation>
+    </message>
+</context>
+<context>
+    <name>studio::HistoryDock</name>
+    <message>
+        <source>As it was opened</source>
+        <translation>打开时的状态</translation>
+    </message>
+    <message>
+        <source>Click a step to go back or forward to it</source>
+        <translation>单击某一步即可退回或前进到该步</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>历史记录</translation>
+    </message>
+</context>
+<context>
+    <name>studio::PreferencesDialog</name>
+    <message>
+        <source> mm</source>
+        <translation> mm</translation>
+    </message>
+    <message>
+        <source> s</source>
+        <translation> 秒</translation>
+    </message>
+    <message>
+        <source>&amp;Angle, anticlockwise</source>
+        <translation>角度，逆时针为正(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Curves within</source>
+        <translation>曲线误差不超过(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Hatch</source>
+        <translation>填充(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Height of the field</source>
+        <translation>幅面高度(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>语言(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Left edge at X</source>
+        <translation>左边缘 X(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;New drawings have the same</source>
+        <translation>新图纸也采用相同设置(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Origin</source>
+        <translation>原点(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Outline as well</source>
+        <translation>同时标刻轮廓(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Pen</source>
+        <translation>笔号(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Recovery copy after</source>
+        <translation>自动保存恢复副本(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Spacing</source>
+        <translation>间距(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>主题(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Top edge at Y, downward</source>
+        <translation>上边缘 Y，向下为正(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Unit of lengths</source>
+        <translation>长度单位(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Width of the field</source>
+        <translation>幅面宽度(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Appl&amp;y</source>
+        <translation>应用(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>As the system</source>
+        <translation>跟随系统</translation>
+    </message>
+    <message>
+        <source>Bottom left corner</source>
+        <translation>左下角</translation>
+    </message>
+    <message>
+        <source>Bottom right corner</source>
+        <translation>右下角</translation>
+    </message>
+    <message>
+        <source>Canc&amp;el</source>
+        <translation>取消(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Canvas</source>
+        <translation>画布</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>深色</translation>
+    </message>
+    <message>
+        <source>Distance of the grid lines</source>
+        <translation>网格线间距</translation>
+    </message>
+    <message>
+        <source>Downward</source>
+        <translation>向下为正</translation>
+    </message>
+    <message>
+        <source>Elsewhere</source>
+        <translation>其他位置</translation>
+    </message>
+    <message>
+        <source>Fields have whole millimetres</source>
+        <translation>幅面以整毫米计</translation>
+    </message>
+    <message>
+        <source>Grid lines e&amp;very</source>
+        <translation>网格线间距固定为(&amp;V)</translation>
+    </message>
+    <message>
+        <source>How far marked lines may lie from the curve that they stand for. Switched off, curves are as coarse as in drawings of earlier versions</source>
+        <translation>标刻线段与其所代表曲线的最大偏差。关闭时，曲线与早期版本的图纸一样粗略</translation>
+    </message>
+    <message>
+        <source>In fields, on rulers and in the status bar; exports keep theirs</source>
+        <translation>用于输入框、标尺和状态栏；导出文件保持自身的方向</translation>
+    </message>
+    <message>
+        <source>Inches</source>
+        <translation>英寸</translation>
+    </message>
+    <message>
+        <source>Keep the t&amp;ool after a shape was drawn</source>
+        <translation>绘制图形后保持当前工具(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>浅色</translation>
+    </message>
+    <message>
+        <source>Marks the outline of hatched shapes, too</source>
+        <translation>填充图形的轮廓也一并标刻</translation>
+    </message>
+    <message>
+        <source>Middle of the field</source>
+        <translation>幅面中心</translation>
+    </message>
+    <message>
+        <source>Millimetres</source>
+        <translation>毫米</translation>
+    </message>
+    <message>
+        <source>New shapes</source>
+        <translation>新图形</translation>
+    </message>
+    <message>
+        <source>O&amp;K</source>
+        <translation>确定(&amp;K)</translation>
+    </message>
+    <message>
+        <source>Otherwise their distance follows the zoom</source>
+        <translation>否则间距随缩放变化</translation>
+    </message>
+    <message>
+        <source>Preferences</source>
+        <translation>首选项</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>程序</translation>
+    </message>
+    <message>
+        <source>Restore &amp;defaults</source>
+        <translation>恢复默认值(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Show the &amp;grid</source>
+        <translation>显示网格(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Snap to &amp;shapes</source>
+        <translation>吸附到图形(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Snap to g&amp;uides</source>
+        <translation>吸附到参考线(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Snap to the g&amp;rid</source>
+        <translation>吸附到网格(&amp;R)</translation>
+    </message>
+    <message>
+        <source>So much work a crash may cost at most</source>
+        <translation>程序崩溃时最多丢失这么久的工作</translation>
+    </message>
+    <message>
+        <source>This drawing</source>
+        <translation>当前图纸</translation>
+    </message>
+    <message>
+        <source>Tolerance of curves</source>
+        <translation>曲线公差</translation>
+    </message>
+    <message>
+        <source>Top left corner</source>
+        <translation>左上角</translation>
+    </message>
+    <message>
+        <source>Top right corner</source>
+        <translation>右上角</translation>
+    </message>
+    <message>
+        <source>Upward</source>
+        <translation>向上为正</translation>
+    </message>
+    <message>
+        <source>Y cou&amp;nts</source>
+        <translation>Y 轴方向(&amp;N)</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>single lines</source>
+        <translation>单向线</translation>
+    </message>
+    <message>
+        <source>zigzag</source>
+        <translation>弓形线</translation>
+    </message>
+</context>
+<context>
+    <name>studio::Units</name>
+    <message>
+        <source>in</source>
+        <translation>in</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
     </message>
 </context>
 </TS>

@@ -18,7 +18,7 @@ ArcPage::ArcPage(const TextSettings &settings, QWidget *parent)
     : TextPage(parent), m_group(new QGroupBox(tr("Text on an &arc"), this)),
       m_startBox(new MeasureBox(kAngleDeg, tr(" °"), m_group)),
       m_spanBox(new MeasureBox(kAngleDeg, tr(" °"), m_group)),
-      m_diameterBox(new MeasureBox(kDiameterMm, tr(" mm"), m_group))
+      m_diameterBox(new MeasureBox(kDiameterMm, m_group))
 {
     m_group->setObjectName(QStringLiteral("arc"));
     m_group->setCheckable(true);

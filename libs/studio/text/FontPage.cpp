@@ -127,24 +127,24 @@ QWidget *FontPage::newSizes(const TextSettings &settings)
 {
     auto *part = new QWidget(this);
     auto *form = new QFormLayout(part);
-    const auto add = [&](const QString &text, const MeasureBox::Range &range, const QString &unit,
-                         const char *name) {
-        auto *box = new MeasureBox(range, unit, part);
+    const auto add = [&](const QString &text, const MeasureBox::Range &range, const char *name,
+                         bool isPercent = false) {
+        auto *box = isPercent ? new MeasureBox(range, tr(" %"), part) : new MeasureBox(range, part);
         box->setObjectName(QString::fromLatin1(name));
         form->addRow(text, box);
         connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &TextPage::changed);
         return box;
     };
-    m_heightBox = add(tr("&Height"), kHeightMm, tr(" mm"), "height");
+    m_heightBox = add(tr("&Height"), kHeightMm, "height");
     m_heightBox->setToolTip(tr("Height of capital letters on the part"));
     m_heightBox->setMeasure(settings.heightMm);
-    m_widthBox = add(tr("&Width"), kWidthPercent, tr(" %"), "width");
+    m_widthBox = add(tr("&Width"), kWidthPercent, "width", true);
     m_widthBox->setToolTip(tr("Width of the letters; at 100 % they are as the font has them"));
     m_widthBox->setMeasure(settings.widthFactor * 100.0);
-    m_charSpacingBox = add(tr("Space between charac&ters"), kSpacingMm, tr(" mm"), "charSpacing");
+    m_charSpacingBox = add(tr("Space between charac&ters"), kSpacingMm, "charSpacing");
     m_charSpacingBox->setToolTip(tr("Added to what the font has; on an arc the span decides"));
     m_charSpacingBox->setMeasure(settings.charSpacingMm);
-    m_lineSpacingBox = add(tr("S&pace between lines"), kSpacingMm, tr(" mm"), "lineSpacing");
+    m_lineSpacingBox = add(tr("S&pace between lines"), kSpacingMm, "lineSpacing");
     m_lineSpacingBox->setToolTip(tr("From the ink of the lines above to the tops of capitals"));
     m_lineSpacingBox->setMeasure(settings.lineSpacingMm);
     return part;

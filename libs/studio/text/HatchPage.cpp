@@ -18,7 +18,7 @@ constexpr MeasureBox::Range kSpacingMm{0.01, 1000.0, 0.1, 3};
 
 HatchPage::HatchPage(const TextSettings &settings, QWidget *parent)
     : TextPage(parent), m_typeBox(new QComboBox(this)),
-      m_spacingBox(new MeasureBox(kSpacingMm, tr(" mm"), this)),
+      m_spacingBox(new MeasureBox(kSpacingMm, this)),
       m_angleBox(new MeasureBox(kAngleDeg, tr(" °"), this)),
       m_borderBox(new QCheckBox(tr("&Outlines as well"), this)), m_hint(new QLabel(this))
 {

@@ -24,11 +24,23 @@ public:
 
     MeasureBox(const Range &range, const QString &suffix, QWidget *parent = nullptr);
 
-    /** Shows a number, which may lie outside the range, without telling. */
+    /** A box for a length: the range in millimetres, shown and typed in the program's unit. */
+    explicit MeasureBox(const Range &rangeMm, QWidget *parent = nullptr);
+
+    /** Shows a number, a length in millimetres, which may lie outside the range, without telling.
+     */
     void setMeasure(double number);
     double measure() const;
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
+    void takeUnit();
+
+    Range m_range;
+    bool m_isLength = false;
+    double m_factor = 1.0; ///< of what is shown
     double m_given = 0.0;
     double m_shown = 0.0; ///< as the box shows what it was given
 };

@@ -21,6 +21,7 @@ private Q_SLOTS:
         ZTCoord &coord = *ZTCoord::getInstance();
         coord.setHeight(700.0);
         coord.setDistance(1000.0);
+        ZTCurveTolerance::setToleranceMm(0.25);
         ZTPointSort::getInstance()->setShapeMarkSort(EShapeSortType::ShapeSortYFromMax);
         {
             const ProcessStateGuard former;
@@ -30,6 +31,7 @@ private Q_SLOTS:
             coord.setPhysicalHeight(4.0);
             coord.setDisplayRatio(5.0);
             coord.setDistance(6.0);
+            ZTCurveTolerance::setToleranceMm(0.0);
             ZTPointSort::getInstance()->setShapeMarkSort(EShapeSortType::ShapeSortNearest);
         }
         QCOMPARE(coord.getWidth(), 1600.0);
@@ -38,6 +40,7 @@ private Q_SLOTS:
         QCOMPARE(coord.getPhysicalHeight(), 193.0);
         QCOMPARE(coord.getDisplayRatio(), 1.0);
         QCOMPARE(coord.getDistance(), 1000.0);
+        QCOMPARE(ZTCurveTolerance::toleranceMm(), 0.25);
         QCOMPARE(coord.screen2mark(), 1000.0 / (1000.0 / 65535.0) / (700.0 / 193.0));
         QCOMPARE(ZTPointSort::getInstance()->getShapeMarkSort(), EShapeSortType::ShapeSortYFromMax);
     }
