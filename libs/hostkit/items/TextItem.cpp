@@ -33,7 +33,7 @@ void TextShape::paint()
 QString TextShape::notReadyReason() const
 {
     ZTFontParam font = getFont();
-    const bool hasFonts = font.shxFont.parser.getTextHeight() > 0.0;
+    const bool hasFonts = font.shxFont.parser.getTextExtent("W") > 0.0; // both, that is
     if (font.fontType != FontType::singleLine || !hasFonts)
         return {};
     const MissingCharacters missing = missingCharacters(text(), font);

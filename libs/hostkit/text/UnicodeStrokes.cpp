@@ -26,6 +26,8 @@ public:
     GbkTable()
     {
         const QTextCodec *codec = QTextCodec::codecForName("GBK");
+        if (codec == nullptr)
+            return;
         QString all;
         for (uint code = kFirstBeyondAscii; code <= kLast; ++code) {
             if (!QChar::isSurrogate(code))
@@ -57,7 +59,11 @@ GbkForm gbkFormOf(QChar character)
     return table.of(character);
 }
 
-QByteArray toGbk(const QString &text) { return QTextCodec::codecForName("GBK")->fromUnicode(text); }
+QByteArray toGbk(const QString &text)
+{
+    const QTextCodec *codec = QTextCodec::codecForName("GBK");
+    return codec != nullptr ? codec->fromUnicode(text) : QByteArray();
+}
 
 /** Null where there is no such font. */
 ZTShxParser *unicodeFont()
