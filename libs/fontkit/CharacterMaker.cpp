@@ -72,7 +72,7 @@ uint markBelow(uint letter, uint mark)
     return mark == kCedilla && isComma ? kComma : mark;
 }
 
-/** Whether strokes reach above small letters or already carry a mark. */
+/** Where the origin of a mark goes; `isFirst`: the letter carries no other one. */
 QPointF markOrigin(const StrokeBox &letter, uint mark, bool isFirst)
 {
     const double middle = (letter.left + letter.right) / 2.0;

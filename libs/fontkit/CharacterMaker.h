@@ -42,8 +42,12 @@ public:
 
     CharacterMaker(const GlyphRecipes &recipes, Source source, Width width = Width::Natural);
 
-    /** No value where there is neither recipe nor source nor decomposition, or one of its parts is
-     *  missing. */
+    /**
+     * One character.
+     *
+     * Failure: no value where there is neither recipe nor source nor decomposition, or a part of it
+     * cannot be made.
+     */
     std::optional<DrawnCharacter> make(uint character) const;
 
 private:

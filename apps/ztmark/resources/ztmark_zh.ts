@@ -698,12 +698,6 @@ Examples:
         <translation>改为列出系统字体</translation>
     </message>
     <message>
-        <source>Stroke fonts are the files *.shx in the folder font beside the program. A text takes
-a pair of them: a regular one and a big one, which has the Chinese characters.</source>
-        <translation>单线字体是程序旁 font 文件夹中的 *.shx 文件。文字使用一对字体：
-一个常规字体和一个含有汉字的大字体。</translation>
-    </message>
-    <message>
         <source>Tell what is in a stroke font, and what of it is damaged</source>
         <translation>说明单线字体的内容及损坏之处</translation>
     </message>
@@ -770,6 +764,14 @@ a pair of them: a regular one and a big one, which has the Chinese characters.</
     <message>
         <source>%1 x %2 cells</source>
         <translation>%1 x %2 格</translation>
+    </message>
+    <message>
+        <source>Stroke fonts are the files *.shx in the folder font beside the program. A text takes
+a pair of them: a regular one and a big one, which has the Chinese characters. What has
+no code in such pairs comes from unicode-strokes.shx, the same for every pair.</source>
+        <translation>单线字体是程序旁 font 文件夹中的 *.shx 文件。文本使用其中的一对：
+一个常规字体和一个含汉字的大字体。这对字体没有编码的字符
+取自 unicode-strokes.shx，任何一对都相同。</translation>
     </message>
 </context>
 <context>
