@@ -6,6 +6,8 @@
 
 #include <QtCore/QFileInfo>
 #include <QtGui/QFontDatabase>
+#include <QtGui/QFontInfo>
+#include <QtGui/QGuiApplication>
 #include <QtGui/QRawFont>
 
 #include <algorithm>
@@ -61,21 +63,25 @@ bool draws(const QString &text, const TextSettings &settings, const FontOffer &o
     return missingCharacters(text, wanted).isEmpty();
 }
 
-/** The first family that has every character itself; empty where none has. */
-QString familyThatDraws(const QString &text)
+bool hasAll(const QString &family, const QVector<uint> &characters)
+{
+    const QRawFont font = QRawFont::fromFont(QFont(family));
+    return font.isValid() &&
+           std::all_of(characters.begin(), characters.end(), [&font](uint character) {
+               return character == '\n' || font.supportsCharacter(character);
+           });
+}
+
+/** The text's own family, the usual one, or else the first that has every character itself. */
+QString familyThatDraws(const QString &text, const QFont &ownFont)
 {
     const QVector<uint> characters = text.toUcs4();
-    const QStringList families = QFontDatabase().families();
-    for (const QString &family : families) {
-        const QRawFont font = QRawFont::fromFont(QFont(family));
-        const bool hasAll =
-            std::all_of(characters.begin(), characters.end(), [&font](uint character) {
-                return character == '\n' || font.supportsCharacter(character);
-            });
-        if (hasAll && font.isValid())
-            return family;
-    }
-    return {};
+    QStringList families{QFontInfo(ownFont).family(), QFontInfo(QGuiApplication::font()).family()};
+    families += QFontDatabase().families();
+    const auto found = std::find_if(families.begin(), families.end(), [&](const QString &family) {
+        return hasAll(family, characters);
+    });
+    return found != families.end() ? *found : QString();
 }
 
 } // namespace
@@ -123,7 +129,7 @@ QVector<FontOffer> fontsThatDraw(const QString &text, const TextSettings &settin
     }
     FontOffer system;
     system.kind = FontType::doubleLine;
-    system.family = familyThatDraws(text);
+    system.family = familyThatDraws(text, settings.font);
     if (!system.family.isEmpty() && (isStroke || system.family != settings.font.family()))
         offers.append(system);
     return offers;

@@ -156,12 +156,12 @@ private Q_SLOTS:
         QFETCH(QByteArray, regular);
         const ZTShxFontParam pair = boardPair(regular.constData());
         const QVector<QPainterPath> glyphs =
-            hostkit::strokeGlyphsOfBoth(QStringLiteral("HЊ"), pair, QPointF(0, 0), 0.0);
+            hostkit::strokeGlyphsOfBoth(QStringLiteral("HĦ"), pair, QPointF(0, 0), 0.0);
         const QRectF latin = inkOf(glyphs.at(0));
-        const QRectF cyrillic = inkOf(glyphs.at(1));
-        QVERIFY2(std::abs(latin.top() - cyrillic.top()) < 1e-3,
-                 qPrintable(QString::number(latin.top() - cyrillic.top())));
-        QVERIFY(std::abs(latin.bottom() - cyrillic.bottom()) < 1e-3);
+        const QRectF barred = inkOf(glyphs.at(1));
+        QVERIFY2(std::abs(latin.top() - barred.top()) < 1e-3,
+                 qPrintable(QString::number(latin.top() - barred.top())));
+        QVERIFY(std::abs(latin.bottom() - barred.bottom()) < 1e-3);
         QVERIFY(latin.height() > 150.0);
     }
 
@@ -190,7 +190,12 @@ private Q_SLOTS:
         const QPainterPath simplex = pathOf(QStringLiteral("AØ1"));
         const QPainterPath unicode =
             pathOf(QStringLiteral("AØ1"), boardPair("unicode-strokes.shx"));
-        QVERIFY(isSame(simplex, unicode));
+        // As many strokes of one size; a long line takes several codes in the finer units.
+        QCOMPARE(unicode.toSubpathPolygons().size(), simplex.toSubpathPolygons().size());
+        const QRectF first = simplex.controlPointRect();
+        const QRectF second = unicode.controlPointRect();
+        QVERIFY(std::abs(first.width() - second.width()) < 1e-6);
+        QVERIFY(std::abs(first.height() - second.height()) < 1e-6);
     }
 
     void asciiAndChinese_areDrawnByTheLibraryAlone()
@@ -232,7 +237,7 @@ private Q_SLOTS:
         QVERIFY(std::abs(mixed.width() - alike.width()) < 250.0);
         QVERIFY(mixed.width() > 6000.0);
         QCOMPARE(shape.getLines().toSubpathPolygons().size(),
-                 plain.getLines().toSubpathPolygons().size() + 2); // L and its stroke, for I
+                 plain.getLines().toSubpathPolygons().size() + 1); // the stroke through L
     }
 
     void whatNeitherHas_staysAReplacement_andIsTold()
