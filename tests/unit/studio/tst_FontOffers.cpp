@@ -41,7 +41,7 @@ private Q_SLOTS:
     void strokePairsThatDrawAll_comeFirst_withTheFontOfTheTextKept()
     {
         const QVector<FontOffer> offers = studio::fontsThatDraw(QStringLiteral("AC你"), settings);
-        QVERIFY(offers.size() >= 2);
+        QVERIFY(!offers.isEmpty());
         QVERIFY(offers.first().kind == FontType::singleLine);
         QCOMPARE(offers.first().enName, QStringLiteral("withc.shx"));
         QCOMPARE(offers.first().zhName, QStringLiteral("tinybig.shx"));
