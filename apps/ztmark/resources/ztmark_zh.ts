@@ -767,8 +767,8 @@ Examples:
     </message>
     <message>
         <source>Stroke fonts are the files *.shx in the folder font beside the program. A text takes
-a pair of them: a regular one and a big one, which has the Chinese characters. What has
-no code in such pairs comes from unicode-strokes.shx, the same for every pair.</source>
+a pair of them: a regular one and a big one, which has the Chinese characters. What
+has no code in such pairs comes from unicode-strokes.shx, the same for every pair.</source>
         <translation>单线字体是程序旁 font 文件夹中的 *.shx 文件。文本使用其中的一对：
 一个常规字体和一个含汉字的大字体。这对字体没有编码的字符
 取自 unicode-strokes.shx，任何一对都相同。</translation>
