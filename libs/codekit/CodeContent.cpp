@@ -231,6 +231,16 @@ bool checkPlain(const CodeSpec &spec, QString *reason)
                             .arg(label(spec), other));
 }
 
+// Readers take the first separator, also behind a letter or two digits, for the mark of a code
+// whose elements they know.
+bool checkAztec(const CodeSpec &spec, QString *reason)
+{
+    static const QRegularExpression kMark(QStringLiteral("^([A-Za-z]|[0-9]{2})?\\x{1D}"));
+    return !kMark.match(spec.content).hasMatch() ||
+           fail(reason, tr("a group separator at the beginning has another meaning in Aztec: use "
+                           "Data Matrix or QR"));
+}
+
 } // namespace
 
 int checkDigitOf(const QString &digits)
@@ -271,6 +281,8 @@ bool checkContent(const CodeSpec &spec, CheckedContent *checked, QString *reason
     case CodeKind::Code128:
     case CodeKind::MicroQr:
         return checkPlain(spec, reason);
+    case CodeKind::Aztec:
+        return checkAztec(spec, reason);
     case CodeKind::Codabar:
         return checkCodabar(spec, checked, reason);
     case CodeKind::Interleaved25:

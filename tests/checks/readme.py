@@ -51,7 +51,7 @@ def main():
     problems = []
     check_snippet(problems)
     tests = tests_by_name()
-    documents = [ROOT / "README.md"]
+    documents = [ROOT / "README.md", ROOT / "CONTRIBUTING.md"]
     for top in ("docs", "libs", "apps", "tests", "fuzz", "bench", "examples"):
         documents += sources(ROOT / top, "*.md")
     for document in documents:

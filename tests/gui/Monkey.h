@@ -3,6 +3,7 @@
 #include "MonkeyHands.h"
 
 #include <studio/CommandTable.h>
+#include <studio/commands/ExtrasCommand.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/import/ImportDialog.h>
 #include <studio/list/ShapeList.h>
@@ -17,6 +18,9 @@
 #include <QtWidgets/QDockWidget>
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QTreeWidget>
+
+#include <algorithm>
+#include <memory>
 
 /**
  * A user who does anything that the studio lets one do, the same way for the same seed.
@@ -40,15 +44,10 @@ public:
     }
 
     /** One thing that a user does; leaves nothing half done but what a user would. */
-    void step()
-    {
-        const auto &action = kActions[choice()];
-        done << QString::fromLatin1(action.name);
-        sinceStart.start();
-        (this->*action.act)();
-        settle();
-        tame();
-    }
+    void step() { step(kActions); }
+
+    /** The same for a user who makes and changes codes. */
+    void codeStep() { step(kCodeActions); }
 
     /** Ends what is open, so that the drawing can be looked at. */
     void settle()
@@ -80,15 +79,26 @@ private:
     static constexpr double kLargestPx = 2500.0;
 
     static const QVector<Action> kActions;
+    static const QVector<Action> kCodeActions;
 
-    int choice()
+    void step(const QVector<Action> &actions)
+    {
+        const Action &action = actions[choice(actions)];
+        done << QString::fromLatin1(action.name);
+        sinceStart.start();
+        (this->*action.act)();
+        settle();
+        tame();
+    }
+
+    int choice(const QVector<Action> &actions)
     {
         int total = 0;
-        for (const Action &action : kActions)
+        for (const Action &action : actions)
             total += action.weight;
         int left = upTo(total);
         int chosen = 0;
-        while ((left -= kActions[chosen].weight) >= 0)
+        while ((left -= actions[chosen].weight) >= 0)
             ++chosen;
         return chosen;
     }
@@ -106,10 +116,14 @@ private:
         if (surplus.isEmpty())
             return;
         done << QStringLiteral("tame");
-        for (studio::ShapeItem *item : surplus) {
-            if (!(item->flags() & QGraphicsItem::ItemIsSelectable))
-                hostkit::setItemExtras(*item, {}); // locked: no key takes it away
-        }
+        // What is locked no key takes away.
+        const auto unlock = [](hostkit::ItemExtras &extras) {
+            extras.isLocked = false;
+            extras.isHidden = false;
+        };
+        auto unlocking = std::make_unique<studio::ExtrasCommand>(surplus, unlock, QString());
+        if (!unlocking->changesNothing())
+            studio.stack().push(unlocking.release());
         studio.select(surplus);
         studio.key(Qt::Key_Delete);
     }
@@ -301,6 +315,36 @@ private:
         studio.close(upTo(5) == 0 ? QDialogButtonBox::Cancel : QDialogButtonBox::Ok);
     }
 
+    /** A code, new or there, with some of its settings changed. */
+    void codeDialog()
+    {
+        static constexpr const char *ids[] = {"code.settings", "create.code", "create.barcode"};
+        const char *id = ids[upTo(3)];
+        note(QString::fromLatin1(id));
+        if (!studio.run(id))
+            return;
+        for (int i = upTo(6); i >= 0 && openDialog() != nullptr; --i) {
+            QDialog *dialog = openDialog();
+            if (auto *tabs = dialog->findChild<QTabWidget *>(QStringLiteral("tabs")))
+                tabs->setCurrentIndex(upTo(tabs->count()));
+            QVector<QWidget *> fields = fieldsOf(*dialog);
+            // A code of metres would be hatched for ever.
+            const auto isSize = [](const QWidget *field) {
+                static const QStringList sizes{QStringLiteral("module"), QStringLiteral("width"),
+                                               QStringLiteral("barHeight"),
+                                               QStringLiteral("height")};
+                return sizes.contains(field->objectName());
+            };
+            fields.erase(std::remove_if(fields.begin(), fields.end(), isSize), fields.end());
+            if (!fields.isEmpty())
+                change(*fields[upTo(fields.size())]);
+        }
+        QDialog *dialog = openDialog();
+        auto *buttons = dialog != nullptr ? dialog->findChild<QDialogButtonBox *>() : nullptr;
+        if (buttons != nullptr)
+            click(*buttons->button(upTo(5) == 0 ? QDialogButtonBox::Cancel : QDialogButtonBox::Ok));
+    }
+
     void contextMenu()
     {
         const QPointF pos = isSelected() && upTo(2) == 0 ? frame().center() : somewhere();
@@ -364,4 +408,16 @@ inline const QVector<Monkey::Action> Monkey::kActions = {
     {"menu", 3, &Monkey::contextMenu},      {"undo", 5, &Monkey::undoAndRedo},
     {"language", 1, &Monkey::language},     {"order", 1, &Monkey::order},
     {"drop", 1, &Monkey::dropPlotterFile},
+};
+
+inline const QVector<Monkey::Action> Monkey::kCodeActions = {
+    {"code dialog", 10, &Monkey::codeDialog},
+    {"select", 6, &Monkey::select},
+    {"drag", 2, &Monkey::drag},
+    {"resize", 3, &Monkey::resize},
+    {"property", 3, &Monkey::property},
+    {"panel", 3, &Monkey::panel},
+    {"undo", 4, &Monkey::undoAndRedo},
+    {"language", 1, &Monkey::language},
+    {"order", 1, &Monkey::order},
 };

@@ -593,7 +593,7 @@ private Q_SLOTS:
         QVERIFY(list->topLevelItem(1)->text(1).startsWith(QStringLiteral("does not show")));
         QCOMPARE(list->topLevelItem(2)->text(1), QStringLiteral("reads: SN-0001"));
         QCOMPARE(dialog->findChild<QLabel *>(QStringLiteral("verifySummary"))->text(),
-                 QStringLiteral("1 codes read as they are to, 2 do not."));
+                 QStringLiteral("Codes that read as they are to: 1 of 3."));
         list->setCurrentItem(list->topLevelItem(2));
         QVERIFY(good->isSelected() && !mirrored->isSelected());
     }
@@ -610,13 +610,13 @@ private Q_SLOTS:
         auto *dialog = studio->window->findChild<studio::VerifyDialog *>();
         QTRY_VERIFY(!dialog->isRunning());
         QCOMPARE(dialog->findChild<QLabel *>(QStringLiteral("verifySummary"))->text(),
-                 QStringLiteral("0 codes read as they are to, 2 do not."));
+                 QStringLiteral("Codes that read as they are to: 0 of 2."));
         over->setPos(under->pos() + QPointF(80.0, 0.0));
         QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("verifyStart")),
                           Qt::LeftButton);
         QTRY_VERIFY(!dialog->isRunning());
         QCOMPARE(dialog->findChild<QLabel *>(QStringLiteral("verifySummary"))->text(),
-                 QStringLiteral("All 2 codes read as they are to."));
+                 QStringLiteral("Codes that read as they are to: 2 of 2."));
     }
 
     void verify_canBeStopped_andOutlivesDeletedCodes()
@@ -632,7 +632,8 @@ private Q_SLOTS:
         QVERIFY(!dialog->isRunning());
         const QString summary =
             dialog->findChild<QLabel *>(QStringLiteral("verifySummary"))->text();
-        QVERIFY2(summary.startsWith(QStringLiteral("Stopped:")), qPrintable(summary));
+        QVERIFY2(summary.startsWith(QStringLiteral("Stopped. Read as they are to: ")),
+                 qPrintable(summary));
         QTest::mouseClick(button, Qt::LeftButton); // again
         studio->document().itemMag()->clear();
         QTRY_VERIFY(!dialog->isRunning());

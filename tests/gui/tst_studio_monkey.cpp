@@ -1,7 +1,10 @@
 #include "Monkey.h"
 
+#include <codekit/shape/CodeItem.h>
+
 #include <QtCore/QDataStream>
 
+#include <algorithm>
 #include <atomic>
 #include <ctime>
 
@@ -72,6 +75,15 @@ void addText(Record &record, const ZTGraphicsTextItem &text)
     record.add("diameter of the arc", arc.diameter);
 }
 
+void addCode(Record &record, const codekit::CodeItem &code)
+{
+    record.add("code", codekit::codeSettingsToBytes(code.settings()));
+    record.add("reads", code.code().symbol().reads);
+    record.add("kind of the code", int(code.code().symbol().kind));
+    record.add("modules", code.code().symbol().dark);
+    record.add("is ready", code.code().notReadyReason().isEmpty());
+}
+
 /** Everything about one shape that anyone can ask for. */
 ShapeRecord recordOf(studio::ShapeItem &item)
 {
@@ -99,6 +111,8 @@ ShapeRecord recordOf(studio::ShapeItem &item)
     }
     if (const auto *text = qobject_cast<ZTGraphicsTextItem *>(&item))
         addText(record, *text);
+    if (const codekit::CodeItem *code = codekit::codeItem(&item))
+        addCode(record, *code);
     record.add("extras", hostkit::extrasToFields(hostkit::itemExtras(item)));
     record.add("outline", shape.getLines());
     if (fill.fillType != FillType::None)
@@ -123,6 +137,16 @@ WholeState wholeStateOf(ZTGraphicsDocument &document)
     return state;
 }
 
+/** The bytes from where two parts differ. */
+QString bytesOf(const QByteArray &part, const QByteArray &other)
+{
+    const auto same = std::mismatch(part.begin(), part.end(), other.begin(), other.end());
+    const int at = int(same.first - part.begin());
+    return QStringLiteral("%1 at %2")
+        .arg(QString::fromLatin1(part.mid(at - at % 8, 16).toHex()))
+        .arg(at);
+}
+
 /** Where two shapes differ. */
 QString difference(const ShapeRecord &actual, const ShapeRecord &expected)
 {
@@ -130,9 +154,8 @@ QString difference(const ShapeRecord &actual, const ShapeRecord &expected)
     for (int i = 0; i < qMin(actual.size(), expected.size()); ++i) {
         if (actual[i] != expected[i])
             parts << QStringLiteral("%1 %2 instead of %3")
-                         .arg(actual[i].first,
-                              QString::fromLatin1(actual[i].second.left(40).toHex()),
-                              QString::fromLatin1(expected[i].second.left(40).toHex()));
+                         .arg(actual[i].first, bytesOf(actual[i].second, expected[i].second),
+                              bytesOf(expected[i].second, actual[i].second));
     }
     return parts.join(QLatin1String(", "));
 }
@@ -193,6 +216,30 @@ private Q_SLOTS:
             monkey->step();
             QVERIFY2(frameHolds(), told(QStringLiteral("the frame")));
             if (step % kBurst == 0)
+                QVERIFY(drawingHolds());
+        }
+    }
+
+    void anythingDoneToCodes_isUndone_redone_saved_andMarked_data()
+    {
+        QTest::addColumn<int>("seed");
+        for (const int seed : {101, 102, 103})
+            QTest::addRow("seed %d", seed) << seed;
+    }
+
+    void anythingDoneToCodes_isUndone_redone_saved_andMarked()
+    {
+        constexpr int kCodeSteps = 100;
+        constexpr int kCodeBurst = 25;
+        QFETCH(int, seed);
+        ticks = seed;
+        studio = std::make_unique<TextWindow>();
+        monkey = std::make_unique<Monkey>(*studio, quint32(seed));
+        atStart = wholeStateOf(studio->document());
+        for (int step = 1; step <= kCodeSteps; ++step) {
+            monkey->codeStep();
+            QVERIFY2(frameHolds(), told(QStringLiteral("the frame")));
+            if (step % kCodeBurst == 0)
                 QVERIFY(drawingHolds());
         }
     }
@@ -261,7 +308,9 @@ private:
         int marked = 0;
         for (const studio::ShapeItem *item : items) {
             ++marked;
-            boxPx |= drawnBox(*item).translated(item->pos());
+            const QRectF itemPx = drawnBox(*item);
+            if (!itemPx.isNull())
+                boxPx |= itemPx.translated(item->pos());
         }
         QRectF markedBox;
         for (const ZTMarkObject &object : graph.objects) {
@@ -278,7 +327,16 @@ private:
                                  .arg(graph.objects.size())
                                  .arg(marked));
         return off < 1e-3 * (1.0 + expected.width()) ||
-               isFinding(QStringLiteral("the marks stand elsewhere"));
+               isFinding(QStringLiteral("the marks stand at %1, %2, %3 x %4 instead of %5, %6, "
+                                        "%7 x %8")
+                             .arg(markedBox.x())
+                             .arg(markedBox.y())
+                             .arg(markedBox.width())
+                             .arg(markedBox.height())
+                             .arg(expected.x())
+                             .arg(expected.y())
+                             .arg(expected.width())
+                             .arg(expected.height()));
     }
 
     bool noOneComplained()

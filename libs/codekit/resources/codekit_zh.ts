@@ -311,5 +311,9 @@
         <source>all ASCII characters; up to 35 digits, 21 capitals or 15 characters</source>
         <translation>全部 ASCII 字符；最多 35 位数字、21 个大写字母或 15 个字符</translation>
     </message>
+    <message>
+        <source>a group separator at the beginning has another meaning in Aztec: use Data Matrix or QR</source>
+        <translation>开头的组分隔符在 Aztec 中另有含义：请用 Data Matrix 或 QR</translation>
+    </message>
 </context>
 </TS>

@@ -137,6 +137,18 @@ bool CodeShape::draw(const CodeSettings &settings, const QString &content, Drawn
     return true;
 }
 
+// What was said when it arose may have been said in another language.
+QString CodeShape::notReadyReason() const
+{
+    if (m_problem.isEmpty())
+        return {};
+    if (m_unknownRecord)
+        return unreadableSettings();
+    Drawn ignored;
+    QString reason;
+    return draw(m_settings, text(), &ignored, &reason) ? m_problem : reason;
+}
+
 /** A copy or a loaded shape knows what was shown and draws it anew. */
 void CodeShape::bringUpToDate()
 {

@@ -53,7 +53,8 @@ public:
     /** The code with its quiet zone. Frame: millimetres, before the transform. */
     QRectF fieldMm() const { return m_drawn.fieldMm; }
 
-    QString notReadyReason() const override { return m_problem; }
+    /** In the present language. */
+    QString notReadyReason() const override;
 
     /**
      * Reads what `save` wrote. Settings that it cannot read, such as those of a later version, are

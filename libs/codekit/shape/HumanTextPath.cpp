@@ -3,6 +3,7 @@
 #include <codekit/shape/RetailText_p.h>
 
 #include <hostkit/items/TextItem.h>
+#include <hostkit/setup/ProcessState.h>
 #include <hostkit/text/FontPresence.h>
 #include <hostkit/text/StrokeFont.h>
 
@@ -30,7 +31,10 @@ ZTFontParam fontOf(const HumanText &how)
 {
     ZTFontParam param;
     param.fontType = how.kind;
-    param.font = how.font;
+    // Of the font no more counts than what a drawing keeps of it.
+    param.font = QFont(how.font.family());
+    param.font.setBold(how.font.bold());
+    param.font.setItalic(how.font.italic());
     param.font.setPixelSize(static_cast<int>(hostkit::kStrokeFontUnits));
     if (how.kind != FontType::singleLine)
         return param;
@@ -112,6 +116,9 @@ bool layOutHumanText(const HumanText &how, const QString &text, HumanTextPath *p
         *reason = tr("the text cannot be written: there is no stroke font %1").arg(missing);
         return false;
     }
+    // In the order of reading, whatever order the program marks shapes in.
+    const hostkit::ProcessStateGuard former;
+    ZTPointSort::getInstance()->setShapeMarkSort(EShapeSortType::ShapeSortNone);
     const ZTCoord &coord = *ZTCoord::getInstance();
     ZTFontParam font = fontOf(how);
     const double mmPerUnit = how.heightMm / hostkit::capitalHeight(font);

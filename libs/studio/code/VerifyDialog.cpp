@@ -55,6 +55,9 @@ VerifyDialog::VerifyDialog(ZTGraphicsDocument &document, QWidget *parent)
     layOut();
 }
 
+// The list goes last of all, and tells of it when there is nothing more to select with.
+VerifyDialog::~VerifyDialog() { m_list->disconnect(this); }
+
 void VerifyDialog::layOut()
 {
     auto *form = new QFormLayout;
@@ -124,14 +127,13 @@ void VerifyDialog::finish()
     if (m_reader.total() == 0)
         m_summary->setText(tr("The drawing has no code that is marked."));
     else if (left > 0)
-        m_summary->setText(tr("Stopped: %1 read as they are to, %2 do not, %3 were not read.")
+        m_summary->setText(tr("Stopped. Read as they are to: %1 of %2; not read: %3.")
                                .arg(m_good)
-                               .arg(m_bad)
+                               .arg(m_good + m_bad)
                                .arg(left));
-    else if (m_bad == 0)
-        m_summary->setText(tr("All %1 codes read as they are to.").arg(m_good));
     else
-        m_summary->setText(tr("%1 codes read as they are to, %2 do not.").arg(m_good).arg(m_bad));
+        m_summary->setText(
+            tr("Codes that read as they are to: %1 of %2.").arg(m_good).arg(m_good + m_bad));
 }
 
 void VerifyDialog::select(const QTreeWidgetItem *row)

@@ -27,6 +27,7 @@ class VerifyDialog : public QDialog
 public:
     /** `document` is borrowed and outlives the dialog. */
     VerifyDialog(ZTGraphicsDocument &document, QWidget *parent);
+    ~VerifyDialog() override;
 
     /** Begins anew with the codes that the drawing has now. */
     void start();

@@ -66,12 +66,12 @@ bool Autosaver::prepare(hostkit::DrawingFile *drawing)
     if (!m_slot)
         m_slot = RecoverySlot::create(m_folder, &reason);
     if (!m_slot) {
-        tellOnce(reason);
+        showFailureOnce(reason);
         return false;
     }
     Failure error;
     if (!m_session.capture(true, drawing, &error)) {
-        tellOnce(error.reason);
+        showFailureOnce(error.reason);
         return false;
     }
     setOrigin({m_session.path(), m_session.stamp()}, drawing);
@@ -110,7 +110,7 @@ void Autosaver::take(const Failure &error)
         m_hasTold = false;
         Q_EMIT autosaved();
     } else {
-        tellOnce(error.reason);
+        showFailureOnce(error.reason);
     }
     watch();
 }
@@ -145,7 +145,7 @@ void Autosaver::discard()
     m_hasSaved = false;
 }
 
-void Autosaver::tellOnce(const QString &reason)
+void Autosaver::showFailureOnce(const QString &reason)
 {
     if (m_hasTold)
         return;

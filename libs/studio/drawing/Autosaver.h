@@ -54,7 +54,7 @@ private:
     bool prepare(hostkit::DrawingFile *drawing);
     void finish();
     void take(const hostkit::Failure &result);
-    void tellOnce(const QString &reason);
+    void showFailureOnce(const QString &reason);
 
     DrawingSession &m_session;
     Messages &m_messages;

@@ -2894,10 +2894,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
 <context>
     <name>studio::VerifyDialog</name>
     <message>
-        <source>%1 codes read as they are to, %2 do not.</source>
-        <translation>%1 个码读出正确，%2 个不正确。</translation>
-    </message>
-    <message>
         <source>&amp;Stop</source>
         <translation>停止(&amp;S)</translation>
     </message>
@@ -2908,10 +2904,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>&amp;Width of the beam</source>
         <translation>光束宽度(&amp;W)</translation>
-    </message>
-    <message>
-        <source>All %1 codes read as they are to.</source>
-        <translation>全部 %1 个码读出正确。</translation>
     </message>
     <message>
         <source>Code</source>
@@ -2926,10 +2918,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>结果</translation>
     </message>
     <message>
-        <source>Stopped: %1 read as they are to, %2 do not, %3 were not read.</source>
-        <translation>已停止：%1 个读出正确，%2 个不正确，%3 个未读。</translation>
-    </message>
-    <message>
         <source>The drawing has no code that is marked.</source>
         <translation>图纸中没有要标刻的码。</translation>
     </message>
@@ -2940,6 +2928,14 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>as wide as the hatch is close</source>
         <translation>与填充间距相同</translation>
+    </message>
+    <message>
+        <source>Codes that read as they are to: %1 of %2.</source>
+        <translation>读出正确的条码：%1 / %2。</translation>
+    </message>
+    <message>
+        <source>Stopped. Read as they are to: %1 of %2; not read: %3.</source>
+        <translation>已停止。读出正确的：%1 / %2；未读的：%3。</translation>
     </message>
 </context>
 <context>

@@ -313,6 +313,10 @@ private Q_SLOTS:
             text("Code 128 has no \"ö\" that every scanner reads: use Data Matrix or QR"));
         row(CodeKind::MicroQr, text("5 µm"),
             text("Micro QR has no \"µ\" that every scanner reads: use Data Matrix or QR"));
+        for (const char *begin : {"\x1D", "A\x1D", "12\x1D"})
+            row(CodeKind::Aztec, text(begin) + text("B"),
+                text("a group separator at the beginning has another meaning in Aztec: use Data "
+                     "Matrix or QR"));
         row(CodeKind::Qr, QString(QChar(0xD83D)) + QLatin1Char('A'),
             text("the content has half of a character, which no code can hold"));
         row(CodeKind::Qr, QStringLiteral("A") + QChar(0xDE00),

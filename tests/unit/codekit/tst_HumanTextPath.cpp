@@ -137,6 +137,19 @@ private Q_SLOTS:
             QVERIFY(polygon.isClosed());
     }
 
+    void letters_areInTheOrderOfReading_whateverIsMarkedFirst()
+    {
+        HumanTextPath plain;
+        QString reason;
+        QVERIFY(layOutHumanText(tiny(), QStringLiteral("ABA"), &plain, &reason));
+        ZTPointSort *sort = ZTPointSort::getInstance();
+        sort->setShapeMarkSort(EShapeSortType::ShapeSortXFromMax);
+        HumanTextPath sorted;
+        QVERIFY(layOutHumanText(tiny(), QStringLiteral("ABA"), &sorted, &reason));
+        QCOMPARE(sorted.strokes, plain.strokes);
+        QVERIFY(sort->getShapeMarkSort() == EShapeSortType::ShapeSortXFromMax);
+    }
+
     void controlCharacters_areBlanks()
     {
         HumanTextPath path;
