@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Provides what a group of work needs and this machine lacks: tools/setup.sh GROUP...
 # Groups: build (compile and run), test (./test), check (the stricter checks of ci/).
-# Packages come from apt, the data of the Chinese stroke font from npm. Says what it installs; does
+# Packages come from apt, also one that is only unpacked, the data of the Chinese stroke font from npm. Says what it installs; does
 # nothing, and needs no network, when all is there.
 set -euo pipefail
 top=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -86,6 +86,41 @@ provide_font_data() {
     }
 }
 
+rs274_place=$top/build/rs274
+
+# A reader of G-code, of a package that asks for 56 others to run machines: here it is only unpacked,
+# with the libraries that its interpreter is linked to.
+fetch_rs274() {
+    local scratch=$1 archive
+    echo "Fetching the G-code interpreter rs274 (linuxcnc-uspace)"
+    rm -rf "$scratch"
+    mkdir -p "$scratch/debs"
+    (cd "$scratch/debs" && apt-get download -q linuxcnc-uspace libboost-python1.74.0 \
+        libpython3.11 libedit2 libbsd0 libmd0) >"$scratch/apt.log" 2>&1 || {
+        cat "$scratch/apt.log" >&2
+        return 1
+    }
+    for archive in "$scratch"/debs/*.deb; do
+        dpkg -x "$archive" "$scratch/root" || return 1
+    done
+    mkdir -p "$scratch/small/bin" "$scratch/small/lib" || return 1
+    cp "$scratch/root/usr/bin/rs274" "$scratch/small/bin/" || return 1
+    find "$scratch/root/usr/lib" -maxdepth 2 -name 'lib*.so*' \
+        -exec cp --no-dereference -t "$scratch/small/lib" {} + || return 1
+    mv "$scratch/small" "$rs274_place" || return 1
+    rm -rf "$scratch"
+}
+
+# One test does without it where it cannot be had; that is told.
+provide_rs274() {
+    [ ! -e "$rs274_place" ] || return 0
+    mkdir -p "$top/build"
+    fetch_rs274 "$rs274_place.part" || {
+        rm -rf "$rs274_place.part"
+        echo "tools/setup.sh: rs274 could not be fetched with apt-get; going on without it" >&2
+    }
+}
+
 missing=()
 for group in "$@"; do
     for package in $(packages_of "$group"); do
@@ -95,4 +130,5 @@ done
 [ ${#missing[@]} -eq 0 ] || install_packages "${missing[@]}"
 for group in "$@"; do
     [ "$group" != build ] || provide_font_data
+    [ "$group" != test ] || provide_rs274
 done

@@ -5,6 +5,7 @@
 
 #include <codekit/shape/CodeItem.h>
 #include <hostkit/setup/Factories.h>
+#include <jobkit/items/HatchedItems.h>
 
 #include <CLI/CLI.hpp>
 
@@ -112,6 +113,7 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationVersion(QStringLiteral(ZT_VERSION));
     const QApplication application(argc, argv);
     QGuiApplication::setDesktopFileName(QStringLiteral("ztstudio"));
+    jobkit::registerHatchedFactories();
     hostkit::registerFactories();
     codekit::registerCodeFactories();
     if (options.listRecovery)

@@ -3,6 +3,7 @@
 #include "Console.h"
 #include "InfoRows.h"
 
+#include <hostkit/items/ItemHatches.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
 
 #include <algorithm>
@@ -45,6 +46,45 @@ QString nameOf(ShapeType kind)
     default:
         return DrawingInfo::tr("others: %1");
     }
+}
+
+QString nameOf(hostkit::HatchKind kind)
+{
+    switch (kind) {
+    case hostkit::HatchKind::Lines:
+        return DrawingInfo::tr("single lines");
+    case hostkit::HatchKind::Zigzag:
+        return DrawingInfo::tr("zigzag");
+    case hostkit::HatchKind::Cross:
+        return DrawingInfo::tr("crossed lines");
+    case hostkit::HatchKind::Turned:
+        return DrawingInfo::tr("lines turned each pass");
+    case hostkit::HatchKind::Contours:
+        break;
+    }
+    return DrawingInfo::tr("contours");
+}
+
+/** A hatch in words; what is as always is left out. */
+QString wordsFor(const hostkit::ShapeHatch &hatch, int shapePen)
+{
+    QStringList words{nameOf(hatch.kind), DrawingInfo::tr("%1 mm").arg(rounded(hatch.spacingMm))};
+    if (hatch.kind != hostkit::HatchKind::Contours)
+        words << DrawingInfo::tr("%1 degrees").arg(rounded(hatch.angleDeg));
+    if (hatch.kind == hostkit::HatchKind::Turned)
+        words << DrawingInfo::tr("turned by %1 degrees").arg(rounded(hatch.turnDeg));
+    if (hatch.insetMm > 0.0)
+        words << DrawingInfo::tr("inset %1 mm").arg(rounded(hatch.insetMm));
+    words << DrawingInfo::tr("pen %1").arg(hatch.pen > 0 ? hatch.pen : shapePen);
+    if (hatch.passes > 1)
+        words << DrawingInfo::tr("passes: %1").arg(hatch.passes);
+    if (hatch.isOneWay)
+        words << DrawingInfo::tr("one way");
+    if (hatch.moment == hostkit::HatchMoment::BeforeOutline)
+        words << DrawingInfo::tr("before the outlines");
+    if (hatch.moment == hostkit::HatchMoment::AfterOutline)
+        words << DrawingInfo::tr("after the outlines");
+    return words.join(QStringLiteral(", "));
 }
 
 QString nameOf(EShapeSortType order)
@@ -104,6 +144,7 @@ void DrawingInfo::print() const
     printFile();
     printField();
     printShapes();
+    printHatches();
     printImports();
     printFonts();
     printVariantTexts();
@@ -156,6 +197,25 @@ void DrawingInfo::printShapes() const
     printRow(tr("Pens:"), QString::number(m_drawing.file.meta.pens.size()));
     for (const hostkit::DrawingPen &pen : m_drawing.file.meta.pens)
         printEntry(tr("pen %1, shapes: %2").arg(pen.id).arg(pen.items));
+}
+
+/** Each sort of hatch once, with the number of shapes that have it. */
+void DrawingInfo::printHatches() const
+{
+    std::map<QString, int> counts;
+    int hatches = 0;
+    for (const ZTAbstractGraphicsItem *item : m_items) {
+        QStringList told;
+        for (const hostkit::ShapeHatch &hatch : hostkit::hatchesOf(*item))
+            told << wordsFor(hatch, item->getPenId());
+        hatches += told.size();
+        told.removeDuplicates();
+        for (const QString &words : qAsConst(told))
+            ++counts[words];
+    }
+    printRow(tr("Hatches:"), QString::number(hatches));
+    for (const auto &[words, count] : counts)
+        printEntry(tr("%1, shapes: %2").arg(words).arg(count));
 }
 
 void DrawingInfo::printImports() const

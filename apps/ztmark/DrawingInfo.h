@@ -18,6 +18,7 @@ private:
     void printFile() const;
     void printField() const;
     void printShapes() const;
+    void printHatches() const;
     void printImports() const;
     void printFonts() const;
     void printVariantTexts() const;

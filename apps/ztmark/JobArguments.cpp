@@ -102,6 +102,10 @@ void JobArguments::addOutputs()
         "--marks-only", m_marksOnly,
         tr("An .svg holds the marks alone, as a drawing for other programs").toStdString());
     m_command->add_flag("--no-jumps", m_noJumps, tr("Pictures show no jumps").toStdString());
+    m_command->add_flag("--arrows", m_arrows,
+                        tr("Pictures show which way the marks run").toStdString());
+    m_command->add_flag("--no-background", m_noBackground,
+                        tr("Pictures are transparent where there is no mark").toStdString());
     m_command->add_flag("-q,--quiet", quiet,
                         tr("No summary and no progress; warnings stay").toStdString());
 }
@@ -186,8 +190,13 @@ void JobArguments::checkOutputs() const
     };
     if (m_marksOnly && !isAny({".svg", ".dxf"}))
         usage::refuse("--marks-only", tr("nothing without an output .svg or .dxf"));
-    if (m_noJumps && !isAny({".svg", ".png"}))
-        usage::refuse("--no-jumps", tr("nothing without an output .svg or .png"));
+    const bool isPicture = isAny({".svg", ".png"});
+    const std::initializer_list<std::pair<const char *, bool>> looks = {
+        {"--no-jumps", m_noJumps}, {"--arrows", m_arrows}, {"--no-background", m_noBackground}};
+    for (const auto &[option, isGiven] : looks) {
+        if (isGiven && !isPicture)
+            usage::refuse(option, tr("nothing without an output .svg or .png"));
+    }
 }
 
 void JobArguments::checkTogether() const
@@ -233,7 +242,8 @@ bool JobArguments::save(const ZTMarkGraph &graph, const hostkit::MarkUnits &unit
     const bool isForPrograms =
         form == jobkit::JobForm::Dxf || (form == jobkit::JobForm::Svg && m_marksOnly);
     if (!isForPrograms)
-        return hostkit::saveMarkGraph(graph, units, path, failure, {!m_noJumps});
+        return hostkit::saveMarkGraph(graph, units, path, failure,
+                                      {!m_noJumps, m_arrows, !m_noBackground});
     return jobkit::saveJob(*form, marksOf(graph, units), path, failure);
 }
 

@@ -65,4 +65,6 @@ private:
     CLI::App *m_command; ///< owned by the application it was added to
     bool m_marksOnly = false;
     bool m_noJumps = false;
+    bool m_arrows = false;
+    bool m_noBackground = false;
 };

@@ -35,6 +35,11 @@ constexpr int kLeastOrderMs = 200;
 const std::map<std::string, OrderKind> kOrders{
     {"none", OrderKind::AsDrawn}, {"nearest", OrderKind::Nearest}, {"best", OrderKind::Best}};
 
+const std::map<std::string, jobkit::HatchPlace> kHatchPlaces{
+    {"any", jobkit::HatchPlace::Any},
+    {"before", jobkit::HatchPlace::BeforeOutlines},
+    {"after", jobkit::HatchPlace::AfterOutlines}};
+
 const std::map<std::string, jobkit::FrameKind> kFrames{{"box", jobkit::FrameKind::Box},
                                                        {"hull", jobkit::FrameKind::Hull}};
 
@@ -128,6 +133,15 @@ void JobCommand::addWork()
                     [this](const std::string &text) { m_order = usage::chosen(kOrders, text); })
         ->type_name("ORDER")
         ->default_str("best");
+    m_command->add_flag("--pen-by-pen", m_isPenByPen,
+                        tr("Mark all of a pen, by its number, before the next").toStdString());
+    m_command->add_flag("--inner-first", m_isInnerFirst,
+                        tr("Mark outlines inside others before those around them").toStdString());
+    usage::addValue(
+        m_command, "--hatches", tr("Hatches before or after the outlines: any, before, or after"),
+        [this](const std::string &text) { m_hatchPlace = usage::chosen(kHatchPlaces, text); })
+        ->type_name("WHEN")
+        ->default_str("any");
     usage::addValue(
         m_command, "--parts", tr("Parts to be marked, 1 to 10000"),
         [this](const std::string &text) { m_count = arguments::count(text, 1, kMostParts); })
@@ -200,14 +214,10 @@ int JobCommand::run()
         return console::Failed;
     if (m_pensFile.empty() && !source.pens().isEmpty())
         m_pens = source.pens();
-    if (takesNumbers(source) && !source.lock(m_files))
+    if (takesNumbers(source) && !(source.lock(m_files) && source.passInterrupted()))
         return console::Failed;
-    if (!makeParts(source, progress) || !write(progress))
+    if (!makeParts(source, progress) || !writeAndKeep(source, progress))
         return console::Failed;
-    if (takesNumbers(source) && !(source.next() && source.store(progress))) {
-        takeBack();
-        return console::Failed;
-    }
     progress.finish();
     if (m_asJson) {
         printJson();
@@ -218,6 +228,23 @@ int JobCommand::run()
             printTimes();
     }
     return console::finishOutput() && source.isWhole() ? console::Done : console::Failed;
+}
+
+/** The numbers are noted before the first file is there, and kept in the drawing after the last. */
+bool JobCommand::writeAndKeep(JobSource &source, Progress &progress)
+{
+    const bool takes = takesNumbers(source);
+    if (takes && !source.noteTaken(m_count, m_parts.front().variants, m_parts.back().variants))
+        return false;
+    const bool isWritten = write(progress);
+    if (!takes)
+        return isWritten;
+    if (isWritten && source.next() && source.store(progress))
+        return true;
+    if (isWritten)
+        takeBack();
+    source.forgetTaken();
+    return false;
 }
 
 bool JobCommand::readMachine()
@@ -315,6 +342,9 @@ jobkit::JobPlan JobCommand::planOf(const QVector<jobkit::JobItem> &items) const
     jobkit::JobPlan plan = jobkit::planOf(items, m_pens);
     jobkit::OrderOptions options;
     options.kind = m_order;
+    options.isPenByPen = m_isPenByPen;
+    options.isInnerFirst = m_isInnerFirst;
+    options.hatchPlace = m_hatchPlace;
     options.headMm = head();
     options.budgetMs = std::max(kLeastOrderMs, kOrderMs / m_count);
     jobkit::orderPlan(&plan, options);

@@ -46,6 +46,7 @@ private:
     void addOutput();
     void checkTogether() const;
     void checkDrawing() const;
+    bool writeAndKeep(JobSource &source, Progress &progress);
     bool readMachine();
     bool readPens();
     bool takesNumbers(const JobSource &source) const;
@@ -74,6 +75,9 @@ private:
     std::string m_pensFile;
     std::vector<std::string> m_outputs;
     jobkit::OrderKind m_order = jobkit::OrderKind::Best;
+    jobkit::HatchPlace m_hatchPlace = jobkit::HatchPlace::Any;
+    bool m_isPenByPen = false;
+    bool m_isInnerFirst = false;
     std::optional<jobkit::FrameKind> m_frame;
     int m_count = 1;
     bool m_isSeparate = false;

@@ -7,9 +7,9 @@
 #include <hostkit/items/LastPart.h>
 #include <hostkit/items/MarkReadiness.h>
 #include <hostkit/items/PartTexts.h>
+#include <hostkit/items/ShapeItems.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/marks/MarkOrder.h>
-#include <hostkit/text/StrokeFont.h>
 #include <jobkit/marks/DrawingPens.h>
 #include <jobkit/marks/MarkGraphItems.h>
 
@@ -36,16 +36,6 @@ bool anyOf(const QVector<ZTAbstractGraphicsItem *> &items,
                        [holds](const ZTAbstractGraphicsItem *item) { return holds(*item); });
 }
 
-QString missingCharactersOf(const ZTAbstractGraphicsItem &item)
-{
-    const auto *text = dynamic_cast<const ZTShapeText *>(item.getShapeBase());
-    if (text == nullptr)
-        return {};
-    const hostkit::MissingCharacters missing =
-        hostkit::missingCharacters(text->text(), text->getFont());
-    return (missing.noGlyph + missing.notEncoded).join(QString());
-}
-
 } // namespace
 
 bool JobSource::open(const InputFiles &files, ForeignFiles &foreign,
@@ -61,6 +51,7 @@ bool JobSource::openDrawing(const InputFiles &files, Progress &progress)
     if (!m_drawing.open(files, progress))
         return false;
     m_items = hostkit::markedItems(m_drawing.document);
+    m_stored = jobkit::partProgress(hostkit::shapeItemsOf(m_drawing.document));
     const NextPart part = NextPart::again(lowestFirst(m_items));
     m_present = part.texts;
     // The last part was marked, and more numbers were given to the texts since then.
@@ -100,15 +91,14 @@ QVector<JobItem> JobSource::items()
     builder.work(std::numeric_limits<int>::max());
     const ZTMarkGraph graph = builder.takeUnordered();
     const auto units = hostkit::MarkUnits::of(*m_drawing.document.itemMag());
-    const QVector<JobItem> drawn = jobkit::itemsOf(graph, units);
+    const QVector<JobItem> drawn = jobkit::itemsOf(graph, units, builder.layers());
     QVector<JobItem> ordered;
     for (const int index : hostkit::markOrder(graph)) {
         JobItem item = drawn[index];
         const ZTAbstractGraphicsItem &shape = *m_items[index];
         item.object = ordered.size();
         item.name = hostkit::shapeName(shape);
-        item.isSerialUsedUp = hostkit::isUsedUp(shape);
-        item.missingCharacters = missingCharactersOf(shape);
+        jobkit::describeShape(shape, &item);
         ordered.append(item);
     }
     if (m_isForeign)
@@ -166,6 +156,52 @@ bool JobSource::lock(const InputFiles &files)
     return false;
 }
 
+bool JobSource::passInterrupted()
+{
+    const QString path = absolutePath(QString::fromStdString(m_name));
+    m_journal = jobkit::readJournal(path);
+    if (!m_journal || m_journal->after == m_stored)
+        return true;
+    const QString numbers = m_journal->parts == 1
+                                ? m_journal->first
+                                : tr("%1 to %2").arg(m_journal->first, m_journal->last);
+    if (m_journal->before != m_stored) {
+        console::complain(m_name, tr("warning: a job that was interrupted took %1; the numbers of "
+                                     "the drawing were changed since")
+                                      .arg(numbers));
+        return true;
+    }
+    console::complain(m_name, tr("warning: a job that was interrupted took %1; they are passed "
+                                 "over, for its files may have been run")
+                                  .arg(numbers));
+    for (; m_passed < m_journal->parts && !m_isUsedUp; ++m_passed) {
+        if (!next())
+            return false;
+    }
+    return true;
+}
+
+bool JobSource::noteTaken(int parts, const QString &first, const QString &last)
+{
+    const bool goesOn = m_passed > 0;
+    const jobkit::NumberJournal journal{
+        m_stored, {}, m_passed + parts, goesOn ? m_journal->first : first, last};
+    hostkit::Failure failure;
+    if (writeJournal(absolutePath(QString::fromStdString(m_name)), journal, &failure))
+        return true;
+    console::complain(m_name, tr("its numbers cannot be kept: %1").arg(failure.reason));
+    return false;
+}
+
+void JobSource::forgetTaken()
+{
+    const QString path = absolutePath(QString::fromStdString(m_name));
+    hostkit::Failure ignored;
+    // The interrupted job before this one still counts.
+    if (m_passed == 0 || !writeJournal(path, *m_journal, &ignored))
+        jobkit::removeJournal(path);
+}
+
 bool JobSource::hasEnough(int parts) const
 {
     for (const ZTAbstractGraphicsItem *item : m_items) {
@@ -211,8 +247,10 @@ bool JobSource::store(Progress &progress)
     capture.programVersion = QStringLiteral(ZT_VERSION);
     hostkit::Failure error;
     const QString path = absolutePath(QString::fromStdString(m_name));
-    if (saveDrawing(m_drawing.document, capture, path, &error))
+    if (saveDrawing(m_drawing.document, capture, path, &error)) {
+        jobkit::removeJournal(path);
         return true;
+    }
     progress.finish();
     console::complain(m_name, OpenedDrawing::describe(error));
     return false;

@@ -4,6 +4,7 @@
 #include "InputFiles.h"
 #include "OpenedDrawing.h"
 
+#include <jobkit/marks/NumberJournal.h>
 #include <jobkit/plan/JobPlan.h>
 
 #include <QtCore/QCoreApplication>
@@ -11,6 +12,7 @@
 #include <QtCore/QStringList>
 
 #include <memory>
+#include <optional>
 
 class Progress;
 
@@ -55,6 +57,22 @@ public:
      */
     bool lock(const InputFiles &files);
 
+    /**
+     * Passes over the numbers of a job that was killed before they were kept in the drawing, and
+     * tells which: its files may have been run. False, told on stderr, when there are none after
+     * them. Order: after `lock`.
+     */
+    bool passInterrupted();
+
+    /**
+     * Notes beside the drawing that a job takes the numbers of so many parts, before its first
+     * file is written. `last` is what the last part shows. False, told on stderr, when it cannot.
+     */
+    bool noteTaken(int parts, const QString &first, const QString &last);
+
+    /** Takes the note back: no file of the job is there. */
+    void forgetTaken();
+
     /** Whether there are numbers for so many parts; false is told on stderr. */
     bool hasEnough(int parts) const;
 
@@ -82,4 +100,7 @@ private:
     bool m_isWhole = true;
     bool m_isUsedUp = false;
     std::unique_ptr<QLockFile> m_lock;
+    QByteArray m_stored;                            ///< how far the texts are in the drawing's file
+    int m_passed = 0;                               ///< parts of an interrupted job
+    std::optional<jobkit::NumberJournal> m_journal; ///< of it
 };

@@ -13,6 +13,7 @@
 
 #include <codekit/shape/CodeItem.h>
 #include <hostkit/setup/Factories.h>
+#include <jobkit/items/HatchedItems.h>
 
 #include <QtWidgets/QApplication>
 
@@ -45,6 +46,7 @@ int main(int argc, char **argv)
                      {QStringLiteral("ZTDrawEngineLib_zh"), QStringLiteral("hostkit_zh"),
                       QStringLiteral("vectorkit_zh"), QStringLiteral("codekit_zh"),
                       QStringLiteral("jobkit_zh"), QStringLiteral("ztmark_zh")});
+    jobkit::registerHatchedFactories();
     hostkit::registerFactories();
     codekit::registerCodeFactories();
 

@@ -483,6 +483,8 @@ void MainWindow::connectFiles()
     connect(m_drawingFiles, &DrawingFiles::loaded, this, &MainWindow::showReplacedDrawing);
     connect(m_drawingFiles, &DrawingFiles::loaded, m_guides, &GuideTools::follow);
     connect(m_drawingFiles, &DrawingFiles::emptied, m_guides, &GuideTools::follow);
+    m_jobTools->exporter().setDrawingPath([session] { return session->path(); });
+    connect(m_drawingFiles, &DrawingFiles::saved, &m_jobTools->exporter(), &JobExporter::noteSaved);
     connect(m_drawingFiles, &DrawingFiles::saved, this, [this](const QString &path) {
         m_savedMessage = tr("Saved to %1").arg(QDir::toNativeSeparators(path));
         m_status->showMessage(m_savedMessage, kStatusMs);

@@ -5,7 +5,7 @@
 
 #include <hostkit/drawing/DrawingCapture.h>
 #include <hostkit/drawing/DrawingLoader.h>
-#include <hostkit/items/ItemExtras.h>
+#include <hostkit/items/ItemHatches.h>
 #include <hostkit/items/PartTexts.h>
 #include <hostkit/setup/Factories.h>
 
@@ -15,6 +15,7 @@
 #include <QtCore/QLockFile>
 #include <QtCore/QTemporaryDir>
 
+#include <cmath>
 #include <memory>
 
 namespace {
@@ -348,6 +349,137 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(path("a.nc")));
     }
 
+    // Killed with files out that a machine may have run, before the drawing knows of it.
+    void killedJob_usesUpItsNumbers_andTheNextOneSaysSo()
+    {
+        makeDrawing(5000);
+        const QByteArray drawn = written("serial.ztd");
+        killAfterTheFirstFile("k.svg");
+        if (QTest::currentTestFailed())
+            return;
+        QCOMPARE(written("serial.ztd"), drawn);
+        QVERIFY(QFile::exists(path("serial.ztd.numbers")));
+        // A look at the time takes no number, and passes none over.
+        QCOMPARE(job("serial.ztd --time").err, QString());
+        // Killed once more, the numbers of both are gone.
+        killAfterTheFirstFile("l.svg");
+        if (QTest::currentTestFailed())
+            return;
+        const ZtmarkRun next = job("serial.ztd -o m.nc --parts 2");
+        QCOMPARE(next.err,
+                 QStringLiteral("ztmark: serial.ztd: warning: a job that was interrupted took "
+                                "SN-0001 to SN-1000; they are passed over, for its files may have "
+                                "been run\n"));
+        QCOMPARE(next.out, QStringLiteral("Parts:          2\n"
+                                          "First part:     SN-1001\n"
+                                          "Last part:      SN-1002\n"
+                                          "Next part:      SN-1003\n"));
+        QVERIFY(!QFile::exists(path("serial.ztd.numbers")));
+        QCOMPARE(job("serial.ztd -o n.nc").err, QString());
+    }
+
+    void interruptedJob_andNumbersChangedSince_areTold()
+    {
+        makeDrawing(5000);
+        killAfterTheFirstFile("k.svg");
+        if (QTest::currentTestFailed())
+            return;
+        put("serial.ztd.numbers",
+            written("serial.ztd.numbers").replace("\"before\": \"", "\"before\": \"9"));
+        const ZtmarkRun next = job("serial.ztd -o m.nc");
+        QCOMPARE(next.err, QStringLiteral("ztmark: serial.ztd: warning: a job that was interrupted "
+                                          "took SN-0001 to SN-0500; the numbers of the drawing "
+                                          "were changed since\n"));
+        QVERIFY(next.out.startsWith(QStringLiteral("Part:           SN-0001\n")));
+    }
+
+    void interruptedJob_thatTookTheLastNumber_leavesNone()
+    {
+        makeDrawing(500);
+        killAfterTheFirstFile("k.svg");
+        if (QTest::currentTestFailed())
+            return;
+        const ZtmarkRun next = job("serial.ztd -o m.nc");
+        QCOMPARE(next.exitCode, 1);
+        QVERIFY2(next.err.contains(QStringLiteral("is used up: SN-0500 was the last")),
+                 qPrintable(next.err));
+        QVERIFY(!QFile::exists(path("m.nc")));
+        QVERIFY(QFile::exists(path("serial.ztd.numbers")));
+    }
+
+    void failedJob_leavesTheNoteOfTheInterruptedOne()
+    {
+        makeDrawing(5000);
+        killAfterTheFirstFile("k.svg");
+        if (QTest::currentTestFailed())
+            return;
+        const QByteArray note = written("serial.ztd.numbers");
+        QVERIFY(QFile::link(QStringLiteral("/dev/full"), path("b.nc")));
+        QCOMPARE(job("serial.ztd -o b.nc").exitCode, 1);
+        QCOMPARE(written("serial.ztd.numbers"), note);
+    }
+
+    // A square of 10 mm: a line in its middle, 8 mm long, and a ring 3 mm inside, 4 mm wide.
+    void hatches_ofADrawing_areMarkedTimedAndTold()
+    {
+        ZTGraphicsDocument document;
+        document.itemMag()->scene()->setSceneRect(QRectF(-5000, -5000, 10000, 10000));
+        auto *item = document.itemMag()->addShape(ShapeType::Rect, {0, 0, 10, 10});
+        QVERIFY(item != nullptr);
+        item->setPos(0, 0);
+        hostkit::ShapeHatch line;
+        line.spacingMm = 5.0;
+        line.insetMm = 1.0;
+        line.moment = hostkit::HatchMoment::BeforeOutline;
+        hostkit::ShapeHatch ring;
+        ring.kind = hostkit::HatchKind::Contours;
+        ring.spacingMm = 3.0;
+        ring.pen = 2;
+        ring.passes = 2;
+        ZTFillParam fill = item->getFillParam();
+        hostkit::ItemExtras extras;
+        hostkit::setHatches({line, ring}, &fill, &extras);
+        item->setFillParam(fill);
+        hostkit::setItemExtras(*item, extras);
+        QVERIFY(hostkit::saveDrawing(document, {}, path("h.ztd"), nullptr));
+
+        const ZtmarkRun told =
+            runZtmark({QStringLiteral("info"), QStringLiteral("h.ztd")}, m_folder->path());
+        QVERIFY2(told.out.contains(QStringLiteral(
+                     "Hatches:           2\n"
+                     "  contours, 3 mm, pen 2, passes: 2, shapes: 1\n"
+                     "  single lines, 5 mm, 0 degrees, inset 1 mm, pen 1, before the outlines, "
+                     "shapes: 1\n")),
+                 qPrintable(told.out));
+        const ZtmarkRun timed = job("h.ztd --profile galvo.json -o h.csv --time --json");
+        QCOMPARE(timed.err, QString());
+        const QJsonObject byPen = QJsonDocument::fromJson(timed.out.toUtf8())
+                                      .object()[QStringLiteral("byPen")]
+                                      .toObject();
+        const auto markS = [&byPen](const char *pen) {
+            return byPen[QLatin1String(pen)].toObject()[QStringLiteral("markS")].toDouble();
+        };
+        QVERIFY(std::abs(markS("1") - (40.0 + 8.0) / 500.0) < 1e-6);
+        QVERIFY(std::abs(markS("2") - 2 * 16.0 / 500.0) < 1e-6);
+        QStringList order;
+        const QList<QByteArray> rows = written("h.csv").split('\n');
+        for (const QByteArray &row : rows) {
+            const QList<QByteArray> cells = row.split(',');
+            if (cells.size() > 5 && cells[5] == "0")
+                order << QString::fromLatin1(cells[3] + '/' + cells[2] + '/' + cells[4]);
+        }
+        // Hatch, pen and pass of each piece: the line first, the ring once more at the end.
+        QCOMPARE(order.first(), QStringLiteral("1/1/1"));
+        QCOMPARE(order.size(), 4);
+        QCOMPARE(order.last(), QStringLiteral("2/2/2"));
+        const ZtmarkRun marked = runZtmark({QStringLiteral("mark"), QStringLiteral("h.ztd"),
+                                            QStringLiteral("-o"), QStringLiteral("h.json")},
+                                           m_folder->path());
+        QCOMPARE(marked.exitCode, 0);
+        const QByteArray marks = written("h.json");
+        QVERIFY(marks.contains("\"pen\": 2") || marks.contains("\"pen\":2"));
+    }
+
     void checks_areTold_withTheObject()
     {
         // A drawing as it lies: 500 mm to the right of the middle.
@@ -425,6 +557,27 @@ private Q_SLOTS:
     }
 
 private:
+    /** A job of 500 parts, a file each, that is killed as soon as the first is there. */
+    void killAfterTheFirstFile(const char *output)
+    {
+        const QString name = QString::fromLatin1(output);
+        QProcess process;
+        process.setWorkingDirectory(m_folder->path());
+        process.start(QStringLiteral(ZT_ZTMARK),
+                      {QStringLiteral("job"), QStringLiteral("serial.ztd"), QStringLiteral("-o"),
+                       name, QStringLiteral("--parts"), QStringLiteral("500"),
+                       QStringLiteral("--optimize"), QStringLiteral("none")});
+        const QString first =
+            m_folder->filePath(QString(name).replace(QLatin1String("."), QLatin1String("-0001.")));
+        const QString last =
+            m_folder->filePath(QString(name).replace(QLatin1String("."), QLatin1String("-0500.")));
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(first), 60000);
+        process.kill();
+        QVERIFY(process.waitForFinished());
+        QCOMPARE(process.exitStatus(), QProcess::CrashExit);
+        QVERIFY2(!QFile::exists(last), "the job was faster than its end");
+    }
+
     void put(const char *name, const QByteArray &content)
     {
         QFile file(path(name));

@@ -340,6 +340,28 @@ private Q_SLOTS:
         QCOMPARE(redPixels(without), 0);
     }
 
+    // A corner has one outline: one arrow head, and not a pixel beside the lines without paper.
+    void arrowsAndNoBackground_changePicturesAlone()
+    {
+        expect(mark("corner.plt -q --arrows --no-background --no-jumps -o a.svg -o a.png"),
+               QString());
+        const QByteArray svg = written("a.svg");
+        QCOMPARE(svg.count("class=\"arrow\""), 1);
+        QCOMPARE(svg.mid(svg.indexOf("class=\"arrow\"")).count("<path"), 1);
+        QVERIFY(!svg.contains("<rect"));
+        const QImage picture(folder->filePath(QStringLiteral("a.png")));
+        QCOMPARE(qAlpha(picture.pixel(0, 0)), 0);
+        int drawn = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x)
+                drawn += qAlpha(picture.pixel(x, y)) > 128 ? 1 : 0;
+        }
+        QVERIFY(drawn > 100);
+        expect(mark("corner.plt -q -o a.svg"), QString());
+        QVERIFY(written("a.svg").contains("<rect"));
+        QVERIFY(!written("a.svg").contains("class=\"arrow\""));
+    }
+
     void output_neverOverwritesItsDrawing()
     {
         const QByteArray drawing = bytesOf(cliData(QStringLiteral("corner.plt")));

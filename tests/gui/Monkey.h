@@ -19,7 +19,6 @@
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QTreeWidget>
 
-#include <algorithm>
 #include <memory>
 
 /**
@@ -315,36 +314,6 @@ private:
         studio.close(upTo(5) == 0 ? QDialogButtonBox::Cancel : QDialogButtonBox::Ok);
     }
 
-    /** A code, new or there, with some of its settings changed. */
-    void codeDialog()
-    {
-        static constexpr const char *ids[] = {"code.settings", "create.code", "create.barcode"};
-        const char *id = ids[upTo(3)];
-        note(QString::fromLatin1(id));
-        if (!studio.run(id))
-            return;
-        for (int i = upTo(6); i >= 0 && openDialog() != nullptr; --i) {
-            QDialog *dialog = openDialog();
-            if (auto *tabs = dialog->findChild<QTabWidget *>(QStringLiteral("tabs")))
-                tabs->setCurrentIndex(upTo(tabs->count()));
-            QVector<QWidget *> fields = fieldsOf(*dialog);
-            // A code of metres would be hatched for ever.
-            const auto isSize = [](const QWidget *field) {
-                static const QStringList sizes{QStringLiteral("module"), QStringLiteral("width"),
-                                               QStringLiteral("barHeight"),
-                                               QStringLiteral("height")};
-                return sizes.contains(field->objectName());
-            };
-            fields.erase(std::remove_if(fields.begin(), fields.end(), isSize), fields.end());
-            if (!fields.isEmpty())
-                change(*fields[upTo(fields.size())]);
-        }
-        QDialog *dialog = openDialog();
-        auto *buttons = dialog != nullptr ? dialog->findChild<QDialogButtonBox *>() : nullptr;
-        if (buttons != nullptr)
-            click(*buttons->button(upTo(5) == 0 ? QDialogButtonBox::Cancel : QDialogButtonBox::Ok));
-    }
-
     void contextMenu()
     {
         const QPointF pos = isSelected() && upTo(2) == 0 ? frame().center() : somewhere();
@@ -367,18 +336,6 @@ private:
             studio.key(Qt::Key_Z, Qt::ControlModifier);
         for (int i = upTo(5); i > 0; --i)
             studio.key(Qt::Key_Y, Qt::ControlModifier);
-    }
-
-    void language()
-    {
-        static constexpr const char *names[] = {"language.english", "language.chinese"};
-        studio.window->findChild<QAction *>(QString::fromLatin1(names[upTo(2)]))->trigger();
-    }
-
-    void order()
-    {
-        auto *menu = studio.window->findChild<QMenu *>(QStringLiteral("orderMenu"));
-        menu->actions().at(upTo(menu->actions().size()))->trigger();
     }
 
     void dropPlotterFile()

@@ -6,6 +6,8 @@
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QSpinBox>
 
+#include <algorithm>
+
 /** What a user at random does with one widget: clicks, types, switches and chooses in it. */
 class MonkeyHands
 {
@@ -170,6 +172,48 @@ protected:
         const QAction *chosen = menu->activeAction();
         const bool isOfFiles = chosen != nullptr && chosen->text().contains(QLatin1String("..."));
         QTest::keyClick(menu, isOfFiles ? Qt::Key_Escape : Qt::Key_Return);
+    }
+
+    /** A code, new or there, with some of its settings changed. */
+    void codeDialog()
+    {
+        static constexpr const char *ids[] = {"code.settings", "create.code", "create.barcode"};
+        const char *id = ids[upTo(3)];
+        note(QString::fromLatin1(id));
+        if (!studio.run(id))
+            return;
+        for (int i = upTo(6); i >= 0 && openDialog() != nullptr; --i) {
+            QDialog *dialog = openDialog();
+            if (auto *tabs = dialog->findChild<QTabWidget *>(QStringLiteral("tabs")))
+                tabs->setCurrentIndex(upTo(tabs->count()));
+            QVector<QWidget *> fields = fieldsOf(*dialog);
+            // A code of metres would be hatched for ever.
+            const auto isSize = [](const QWidget *field) {
+                static const QStringList sizes{QStringLiteral("module"), QStringLiteral("width"),
+                                               QStringLiteral("barHeight"),
+                                               QStringLiteral("height")};
+                return sizes.contains(field->objectName());
+            };
+            fields.erase(std::remove_if(fields.begin(), fields.end(), isSize), fields.end());
+            if (!fields.isEmpty())
+                change(*fields[upTo(fields.size())]);
+        }
+        QDialog *dialog = openDialog();
+        auto *buttons = dialog != nullptr ? dialog->findChild<QDialogButtonBox *>() : nullptr;
+        if (buttons != nullptr)
+            click(*buttons->button(upTo(5) == 0 ? QDialogButtonBox::Cancel : QDialogButtonBox::Ok));
+    }
+
+    void language()
+    {
+        static constexpr const char *names[] = {"language.english", "language.chinese"};
+        studio.window->findChild<QAction *>(QString::fromLatin1(names[upTo(2)]))->trigger();
+    }
+
+    void order()
+    {
+        auto *menu = studio.window->findChild<QMenu *>(QStringLiteral("orderMenu"));
+        menu->actions().at(upTo(menu->actions().size()))->trigger();
     }
 
     QPointF somewhere() { return {upTo(500) - 250.0, upTo(500) - 250.0}; }

@@ -7,12 +7,20 @@
 #include <studio/job/JobPreview.h>
 #include <studio/job/JobReport.h>
 #include <studio/job/JobTools.h>
+#include <studio/job/MaterialStore.h>
 #include <studio/job/PenModel.h>
 #include <studio/job/PensCommand.h>
+#include <studio/job/ProfileDialog.h>
+#include <studio/job/ProfileStore.h>
 
 #include <jobkit/marks/DrawingPens.h>
+#include <jobkit/marks/NumberJournal.h>
 
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
 #include <QtCore/QRegularExpression>
+#include <QtWidgets/QFileDialog>
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QSlider>
@@ -123,6 +131,36 @@ private Q_SLOTS:
         QCOMPARE(studio->selected(), QVector<int>{item->getShapeBase()->getId()});
     }
 
+    // What is under the mouse stays there while it is enlarged, and comes along when it is dragged.
+    void wheelAndDrag_zoomAndMove_andADoubleClickShowsAll()
+    {
+        studio->addRect(0, 0);
+        QVERIFY(studio->run("job.preview"));
+        studio::PlanView &plan = preview()->plan();
+        const QTransform all = plan.transform();
+        const QPointF at(plan.width() * 0.3, plan.height() * 0.6);
+        const QPointF underMm = all.inverted().map(at);
+        QWheelEvent wheel(at, plan.mapToGlobal(at.toPoint()), {}, {0, 360}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&plan, &wheel);
+        const QTransform near = plan.transform();
+        QVERIFY(near.m11() > all.m11() * 1.5);
+        const QPointF stayed = near.map(underMm) - at;
+        QVERIFY(std::hypot(stayed.x(), stayed.y()) < 1e-6);
+        const QPoint from = at.toPoint();
+        QTest::mousePress(&plan, Qt::LeftButton, {}, from);
+        QMouseEvent drag(QEvent::MouseMove, from + QPoint(40, -25), Qt::LeftButton, Qt::LeftButton,
+                         Qt::NoModifier);
+        QApplication::sendEvent(&plan, &drag);
+        QTest::mouseRelease(&plan, Qt::LeftButton, {}, from + QPoint(40, -25));
+        const QPointF moved = plan.transform().map(underMm) - near.map(underMm);
+        QVERIFY(std::hypot(moved.x() - 40.0, moved.y() + 25.0) < 1e-6);
+        QVERIFY2(label("picked").isEmpty() || !label("picked").contains(QStringLiteral("pen")),
+                 "a drag is no click");
+        QTest::mouseDClick(&plan, Qt::LeftButton, {}, from);
+        QCOMPARE(plan.transform(), all);
+    }
+
     void anEdit_outdatesThePreview_whichIsNotExportedThen()
     {
         studio->addRect(0, 0);
@@ -194,6 +232,24 @@ private Q_SLOTS:
         box->setCurrentIndex(row);
         Q_EMIT box->activated(row);
         QCOMPARE(pens().pens()[0].speedMmPerS, 123.0);
+    }
+
+    void pens_goToAFile_andComeBack()
+    {
+        enter(1, PenModel::Power, "37");
+        auto *box = panel().findChild<QComboBox *>(QStringLiteral("job.material"));
+        box->setCurrentIndex(box->count() - 1);
+        Q_EMIT box->activated(box->count() - 1);
+        auto *dialog = panel().findChild<QFileDialog *>(QStringLiteral("materialExport"));
+        QVERIFY(dialog != nullptr);
+        const QString path = studio->path("brass.json");
+        Q_EMIT dialog->fileSelected(path);
+        dialog->reject();
+        jobkit::Material material;
+        QString error;
+        QVERIFY2(studio::MaterialStore::readFile(path, &material, &error), qPrintable(error));
+        QCOMPARE(material.name, QStringLiteral("brass"));
+        QCOMPARE(material.pens, pens().pens());
     }
 
     void gcode_burnsTheRectangleAndNothingOnTheWay()
@@ -331,12 +387,156 @@ private Q_SLOTS:
         QVERIFY(studio->window->findChild<JobExportDialog *>() == nullptr);
     }
 
+    // What was looked at is what the machine gets, point by point.
+    void exportedPlan_isThatOfThePreview()
+    {
+        for (int i = 0; i < 30; ++i)
+            studio->addRect(i % 7 * 31, i % 5 * 43);
+        QVERIFY(studio->run("job.preview"));
+        const std::shared_ptr<const studio::Job> shown = preview()->plan().job();
+        studio::JobExport wanted;
+        wanted.path = studio->path("plan.json");
+        QVERIFY(studio->window->job().exporter().write(wanted, settings(), shown));
+        const QJsonObject plan =
+            QJsonDocument::fromJson(StudioWindow::contentOf(wanted.path)).object();
+        const QJsonArray pieces = plan[QStringLiteral("pieces")].toArray();
+        QCOMPARE(pieces.size(), shown->plan.pieces.size());
+        for (int i = 0; i < pieces.size(); ++i) {
+            const QJsonArray points = pieces[i].toObject()[QStringLiteral("points")].toArray();
+            const QPolygonF &expected = shown->plan.pieces[i].pointsMm;
+            QCOMPARE(points.size(), expected.size());
+            for (int k = 0; k < expected.size(); ++k) {
+                QCOMPARE(points[k].toArray()[0].toDouble(), expected[k].x());
+                QCOMPARE(points[k].toArray()[1].toDouble(), expected[k].y());
+            }
+        }
+        // A search that was cut short does not come to the same order twice; so it is not made.
+        auto other = std::make_shared<studio::Job>(*shown);
+        std::reverse(other->plan.pieces.begin(), other->plan.pieces.end());
+        QVERIFY(studio->window->job().exporter().write(wanted, settings(), other));
+        const QJsonArray turned = QJsonDocument::fromJson(StudioWindow::contentOf(wanted.path))
+                                      .object()[QStringLiteral("pieces")]
+                                      .toArray();
+        QCOMPARE(turned[0].toObject()[QStringLiteral("object")].toInt(),
+                 other->plan.pieces[0].object);
+        // Of another drawing it is no plan.
+        studio->addRect(400, 400);
+        QVERIFY(studio->window->job().exporter().write(wanted, settings(), other));
+        QCOMPARE(QJsonDocument::fromJson(StudioWindow::contentOf(wanted.path))
+                     .object()[QStringLiteral("pieces")]
+                     .toArray()
+                     .size(),
+                 31);
+    }
+
+    void machine_isCopiedEditedKeptAndForgotten()
+    {
+        auto *machines = panel().findChild<QComboBox *>(QStringLiteral("job.machine"));
+        QCOMPARE(machines->currentText(), QStringLiteral("galvo-fiber"));
+        const int before = machines->count();
+        QTest::mouseClick(panel().findChild<QPushButton *>(QStringLiteral("job.editMachine")),
+                          Qt::LeftButton);
+        auto *dialog = studio->window->findChild<studio::ProfileDialog *>();
+        QVERIFY(dialog != nullptr);
+        const auto field = [dialog](const char *name) {
+            return dialog->findChild<QLineEdit *>(QLatin1String(name));
+        };
+        auto *keep = dialog->findChild<QPushButton *>(QStringLiteral("profile.keep"));
+        auto *said = dialog->findChild<QLabel *>(QStringLiteral("profile.told"));
+        QVERIFY(!field("profile.accelerationMmPerS2")->isEnabled());
+        field("profile.jumpDelayUs")->selectAll();
+        QTest::keyClicks(field("profile.jumpDelayUs"), QStringLiteral("20000000"));
+        QVERIFY(!keep->isEnabled());
+        QCOMPARE(said->text(),
+                 QStringLiteral("Delay after a jump, µs: 0 to 10000000 is allowed, not 20000000"));
+        field("profile.jumpDelayUs")->selectAll();
+        QTest::keyClicks(field("profile.jumpDelayUs"), QStringLiteral("fast"));
+        QVERIFY(!keep->isEnabled());
+        field("profile.jumpDelayUs")->selectAll();
+        QTest::keyClicks(field("profile.jumpDelayUs"), QStringLiteral("321"));
+        field("profile.name")->selectAll();
+        QTest::keyClicks(field("profile.name"), QStringLiteral("grbl-diode"));
+        QVERIFY2(!keep->isEnabled(), "the name of a machine on board");
+        field("profile.name")->selectAll();
+        QTest::keyClicks(field("profile.name"), QStringLiteral("Line 3/a"));
+        QTest::mouseClick(keep, Qt::LeftButton);
+        QCoreApplication::processEvents();
+        QCOMPARE(machines->currentText(), QStringLiteral("Line 3/a"));
+        QCOMPARE(machines->count(), before + 1);
+        jobkit::MachineProfile machine;
+        QString error;
+        QVERIFY(studio::JobSettings::load().readProfile(&machine, &error));
+        QCOMPARE(machine.name, QStringLiteral("Line 3/a"));
+        QCOMPARE(machine.jumpDelayUs, 321.0);
+        jobkit::MachineProfile onBoard;
+        QVERIFY(jobkit::profileOnBoard(QStringLiteral("galvo-fiber"), &onBoard));
+        QVERIFY(onBoard.jumpDelayUs != 321.0);
+
+        QTest::mouseClick(panel().findChild<QPushButton *>(QStringLiteral("job.editMachine")),
+                          Qt::LeftButton);
+        for (auto *open : studio->window->findChildren<studio::ProfileDialog *>()) {
+            if (auto *remove = open->findChild<QPushButton *>(QStringLiteral("profile.remove")))
+                QTest::mouseClick(remove, Qt::LeftButton);
+        }
+        QCoreApplication::processEvents();
+        QCOMPARE(machines->count(), before);
+        QCOMPARE(machines->currentText(), QStringLiteral("galvo-fiber"));
+    }
+
+    void furtherPens_areAdded_andUndone()
+    {
+        auto *add = panel().findChild<QPushButton *>(QStringLiteral("job.addPen"));
+        QTest::mouseClick(add, Qt::LeftButton);
+        QCOMPARE(pens().rowCount(), 17);
+        QCOMPARE(pens().pens().last().number, 17);
+        enter(16, PenModel::DotTime, "2.5");
+        QCOMPARE(pens().pens().last().dotMs, 2.5);
+        QVERIFY(studio->run("edit.undo"));
+        QVERIFY(studio->run("edit.undo"));
+        QCoreApplication::processEvents();
+        QCOMPARE(pens().rowCount(), 16);
+    }
+
+    // Whatever happens between the files and the save: the next export takes other numbers.
+    void numbersOfAnUnsavedDrawing_areNotedUntilItIsSaved()
+    {
+        ZTGraphicsTextItem *text = makeSerial(999);
+        QCOMPARE(text->text(), QStringLiteral("SN001"));
+        auto &files = studio->window->files();
+        const QString drawing = studio->path("serial.ztd");
+        QVERIFY(files.saveTo(drawing));
+        const QByteArray saved = StudioWindow::contentOf(drawing);
+        auto &exporter = studio->window->job().exporter();
+        QVERIFY(exporter.write({studio->path("a.nc"), 3, true, {}}, settings()));
+        QVERIFY(exporter.write({studio->path("b.nc"), 2, true, {}}, settings()));
+        const auto note = jobkit::readJournal(drawing);
+        QVERIFY(note.has_value());
+        QCOMPARE(note->parts, 5);
+        QCOMPARE(note->first, QStringLiteral("SN001"));
+        QCOMPARE(note->last, QStringLiteral("SN005"));
+        QCOMPARE(studio->messages->warnings.size(), 0);
+
+        // A studio that was killed opens the drawing as it was saved.
+        QVERIFY(files.load(drawing));
+        QVERIFY(exporter.write({studio->path("c.nc"), 1, true, {}}, settings()));
+        QCOMPARE(studio->messages->warnings.size(), 1);
+        QCOMPARE(jobkit::readJournal(drawing)->last, QStringLiteral("SN006"));
+        QCOMPARE(jobkit::readJournal(drawing)->parts, 6);
+        QVERIFY(files.saveTo(drawing));
+        QVERIFY(!jobkit::readJournal(drawing).has_value());
+        studio->messages->warnings.clear();
+        QVERIFY(exporter.write({studio->path("d.nc"), 1, true, {}}, settings()));
+        QCOMPARE(jobkit::readJournal(drawing)->first, QStringLiteral("SN007"));
+        QCOMPARE(studio->messages->warnings.size(), 0);
+    }
+
     void report_holdsMachineSizeAndTime()
     {
         studio->addRect(0, 0);
         QVERIFY(studio->run("job.preview"));
         studio::GatheredItems gathered;
-        QVERIFY(studio::gatherItems(studio->document(), &gathered));
+        QVERIFY(studio::gatherItems(studio->document(), &gathered, [](int, int) { return true; }) ==
+                studio::Gathering::Done);
         studio::JobRequest request;
         request.items = gathered.items;
         request.pens = studio::pensOf(studio->document());

@@ -14,6 +14,7 @@ struct Burn
     double power = 0.0;
     double feedMmPerMin = 0.0;
     char mode = '5';
+    double dwellS = 0.0; ///< how long the beam stood still at its end
 };
 
 class Controller
@@ -41,6 +42,7 @@ private:
         const QString code = line.section(QLatin1Char(';'), 0, 0);
         QPointF to = at;
         bool moves = false;
+        bool isDwell = false;
         int motionNow = motion;
         auto words = word.globalMatch(code);
         while (words.hasNext()) {
@@ -50,6 +52,10 @@ private:
             const int whole = static_cast<int>(value);
             if (letter == 'G' && whole <= 1)
                 motionNow = whole;
+            else if (letter == 'G' && whole == 4)
+                isDwell = true;
+            else if (letter == 'P' && isDwell)
+                dwell(value);
             else if (letter == 'G' && (whole == 20 || whole == 21))
                 unitMm = whole == 20 ? 25.4 : 1.0;
             else if (letter == 'G' && whole == 90)
@@ -79,6 +85,16 @@ private:
     }
 
     bool isBurning() const { return mode != '5' && power > 0.0; }
+
+    void dwell(double seconds)
+    {
+        if (mode == '4')
+            fault = QStringLiteral("stands still with power that follows the speed");
+        if (isBurning() && isOpen)
+            burns.last().dwellS += seconds;
+        else if (isBurning())
+            fault = QStringLiteral("burns before it was told where");
+    }
 
     void pause()
     {

@@ -7,6 +7,7 @@
 
 #include <codekit/shape/CodeItem.h>
 #include <hostkit/setup/Factories.h>
+#include <jobkit/items/HatchedItems.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QElapsedTimer>
@@ -182,6 +183,7 @@ int main(int argc, char **argv)
     QCoreApplication::setOrganizationName(QStringLiteral("studioshots"));
     QSettings::setDefaultFormat(QSettings::IniFormat);
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
+    jobkit::registerHatchedFactories();
     hostkit::registerFactories();
     codekit::registerCodeFactories();
     using studio::LanguageChoice;

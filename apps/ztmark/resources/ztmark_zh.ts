@@ -624,11 +624,67 @@ Examples:
     </message>
     <message>
         <source>%1 mm</source>
-        <translation>%1 mm</translation>
+        <translation>%1 毫米</translation>
     </message>
     <message>
         <source>Curve tolerance:</source>
         <translation>曲线公差：</translation>
+    </message>
+    <message>
+        <source>%1 degrees</source>
+        <translation>%1 度</translation>
+    </message>
+    <message>
+        <source>Hatches:</source>
+        <translation>填充：</translation>
+    </message>
+    <message>
+        <source>after the outlines</source>
+        <translation>在轮廓之后</translation>
+    </message>
+    <message>
+        <source>before the outlines</source>
+        <translation>在轮廓之前</translation>
+    </message>
+    <message>
+        <source>contours</source>
+        <translation>轮廓线</translation>
+    </message>
+    <message>
+        <source>crossed lines</source>
+        <translation>交叉线</translation>
+    </message>
+    <message>
+        <source>inset %1 mm</source>
+        <translation>内缩 %1 毫米</translation>
+    </message>
+    <message>
+        <source>lines turned each pass</source>
+        <translation>每遍旋转的线</translation>
+    </message>
+    <message>
+        <source>one way</source>
+        <translation>同向</translation>
+    </message>
+    <message>
+        <source>passes: %1</source>
+        <translation>遍数：%1</translation>
+    </message>
+    <message>
+        <source>pen %1</source>
+        <translation>笔 %1</translation>
+    </message>
+    <message>
+        <source>single lines</source>
+        <translation>单线</translation>
+    </message>
+    <message>
+        <source>turned by %1 degrees</source>
+        <translation>每遍旋转 %1 度</translation>
+    </message>
+    <message>
+        <source>zigzag</source>
+        <translation>之字线</translation>
     </message>
 </context>
 <context>
@@ -1141,6 +1197,14 @@ Can be given several times</source>
         <source>nothing without an output .svg or .png</source>
         <translation>没有 .svg 或 .png 输出时无作用</translation>
     </message>
+    <message>
+        <source>Pictures are transparent where there is no mark</source>
+        <translation>图片在无标刻处透明</translation>
+    </message>
+    <message>
+        <source>Pictures show which way the marks run</source>
+        <translation>图片显示标刻方向</translation>
+    </message>
 </context>
 <context>
     <name>JobCommand</name>
@@ -1334,6 +1398,18 @@ hold its content</source>
         <source>nothing written: what does not show what it was given is written with --as-shown alone</source>
         <translation>没有写出：没有显示给定内容的图形只有用 --as-shown 才写出</translation>
     </message>
+    <message>
+        <source>Hatches before or after the outlines: any, before, or after</source>
+        <translation>填充在轮廓之前或之后：any、before 或 after</translation>
+    </message>
+    <message>
+        <source>Mark all of a pen, by its number, before the next</source>
+        <translation>按笔号逐笔标刻</translation>
+    </message>
+    <message>
+        <source>Mark outlines inside others before those around them</source>
+        <translation>先标刻内部轮廓，再标刻外部轮廓</translation>
+    </message>
 </context>
 <context>
     <name>JobSource</name>
@@ -1372,6 +1448,22 @@ hold its content</source>
     <message>
         <source>warning: %1</source>
         <translation>警告：%1</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 至 %2</translation>
+    </message>
+    <message>
+        <source>its numbers cannot be kept: %1</source>
+        <translation>无法保存其编号：%1</translation>
+    </message>
+    <message>
+        <source>warning: a job that was interrupted took %1; the numbers of the drawing were changed since</source>
+        <translation>警告：被中断的作业取用了 %1；其后图纸的编号已被修改</translation>
+    </message>
+    <message>
+        <source>warning: a job that was interrupted took %1; they are passed over, for its files may have been run</source>
+        <translation>警告：被中断的作业取用了 %1；这些编号将被跳过，因为那些文件可能已被运行</translation>
     </message>
 </context>
 <context>

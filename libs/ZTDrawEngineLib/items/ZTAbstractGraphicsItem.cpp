@@ -172,6 +172,8 @@ void ZTAbstractGraphicsItem::setPenId(int penId)
     update();
 }
 
+QPen ZTAbstractGraphicsItem::screenPen(int penId) { return penOfId(penId); }
+
 ZTGraphicsResizeItem *ZTAbstractGraphicsItem::getResizeItem() const { return resizeItem; }
 
 void ZTAbstractGraphicsItem::setResizeItem(ZTGraphicsResizeItem *frame) { resizeItem = frame; }

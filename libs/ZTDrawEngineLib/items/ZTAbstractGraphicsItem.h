@@ -7,6 +7,7 @@
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
 #include <QtCore/QSizeF>
+#include <QtGui/QPen>
 #include <QtGui/QTransform>
 #include <QtWidgets/QGraphicsItem>
 
@@ -114,6 +115,9 @@ public:
      */
     int getPenId() const;
     void setPenId(int penId);
+
+    /** The pen in which a pen id shows on screen, also that of an item that paints itself. */
+    static QPen screenPen(int penId);
 
     /** The frame that took this item, or null; a dropped item may keep a frame it has left. */
     ZTGraphicsResizeItem *getResizeItem() const;

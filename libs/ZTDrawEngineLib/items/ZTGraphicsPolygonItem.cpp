@@ -15,10 +15,17 @@ ZTGraphicsPolygonItem::ZTGraphicsPolygonItem() : m_polygonShape(new ZTPolygonSha
 void ZTGraphicsPolygonItem::copy(ZTAbstractGraphicsItem *source)
 {
     if (auto *copied = copiedShape<ZTPolygonShape>(source)) {
-        replaceShape(copied);
-        m_polygonShape = copied;
+        replacePolygonShape(copied);
         rebuildShape();
     }
+}
+
+void ZTGraphicsPolygonItem::replacePolygonShape(ZTPolygonShape *replacement)
+{
+    if (replacement == nullptr || replacement == m_polygonShape)
+        return;
+    replaceShape(replacement);
+    m_polygonShape = replacement;
 }
 
 int ZTGraphicsPolygonItem::getSideCount() const { return m_polygonShape->getSideCount(); }

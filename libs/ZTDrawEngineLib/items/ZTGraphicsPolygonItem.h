@@ -20,6 +20,13 @@ public:
     /** Rebuilds the shape with that many sides; 3 or less gives a triangle. */
     void setSideCount(int count);
 
+protected:
+    /**
+     * Owns `replacement` instead of the shape so far, under the same shape id, for items whose
+     * polygon is of a derived class. Does not rebuild it. Null changes nothing.
+     */
+    void replacePolygonShape(ZTPolygonShape *replacement);
+
 private:
     ZTPolygonShape *m_polygonShape; ///< the object that `shape` owns
 };

@@ -297,6 +297,7 @@ void Loader::fill(ZTAbstractGraphicsItem &item, const DrawingItem &record)
     if (realFromBytes(record.fields.value(itemfield::kZValue), &zValue))
         item.setZValue(zValue);
     setItemExtras(item, extrasFromFields(extraFieldsOf(record)));
+    item.getShapeBase()->paint(); // with all its hatches, so that they count
 }
 
 void Loader::fillShape(ZTAbstractGraphicsItem &item, const DrawingItem &record)

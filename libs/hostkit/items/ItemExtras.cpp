@@ -20,12 +20,14 @@ const QByteArray kLocked = QByteArrayLiteral("lock");
 const QByteArray kHidden = QByteArrayLiteral("hide");
 const QByteArray kGroups = QByteArrayLiteral("grps");
 const QByteArray kValues = QByteArrayLiteral("vals");
+const QByteArray kHatches = QByteArrayLiteral("htch");
+const QByteArray kUnion = QByteArrayLiteral("unio");
 constexpr int kIdSize = 4;
 
 auto membersOf(const ItemExtras &e)
 {
     return std::tie(e.name, e.isMarked, e.isLocked, e.isHidden, e.groupPath, e.valuesPerPart,
-                    e.fields);
+                    e.hatches, e.outlineUnion, e.fields);
 }
 
 QByteArray flagBytes(bool value) { return {1, value ? '\1' : '\0'}; }
@@ -70,6 +72,20 @@ bool takeValues(const QByteArray &bytes, qint32 *values)
     return *values >= 1 && *values <= kMostValuesPerPart;
 }
 
+bool takeUnion(const QByteArray &bytes, OutlineUnion *value)
+{
+    if (bytes.size() != 1 || bytes[0] < '\0' || bytes[0] > char(OutlineUnion::Always))
+        return false;
+    *value = static_cast<OutlineUnion>(bytes[0]);
+    return true;
+}
+
+/** Whether the shape behind an item is drawn another way. */
+bool isDrawnAnew(const ItemExtras &before, const ItemExtras &after)
+{
+    return before.hatches != after.hatches || before.outlineUnion != after.outlineUnion;
+}
+
 bool takeField(const QByteArray &key, const QByteArray &bytes, ItemExtras *extras)
 {
     if (key == kName)
@@ -84,6 +100,10 @@ bool takeField(const QByteArray &key, const QByteArray &bytes, ItemExtras *extra
         return takeIds(bytes, &extras->groupPath);
     if (key == kValues)
         return takeValues(bytes, &extras->valuesPerPart);
+    if (key == kHatches)
+        return takeHatches(bytes, &extras->hatches);
+    if (key == kUnion)
+        return takeUnion(bytes, &extras->outlineUnion);
     return false;
 }
 
@@ -100,6 +120,11 @@ ItemExtras itemExtras(const ZTAbstractGraphicsItem &item)
 
 void setItemExtras(ZTAbstractGraphicsItem &item, const ItemExtras &extras)
 {
+    ZTShapeBase *shape = item.getShapeBase();
+    if (shape != nullptr && isDrawnAnew(itemExtras(item), extras)) {
+        shape->setUpdate(1);
+        item.update();
+    }
     item.setData(kExtrasKey, extras == ItemExtras() ? QVariant() : QVariant::fromValue(extras));
     const bool isFree = !extras.isLocked && !extras.isHidden;
     if (!isFree)
@@ -136,6 +161,10 @@ KeyedFields extrasToFields(const ItemExtras &extras)
         fields[kGroups] = idBytes(extras.groupPath);
     if (extras.valuesPerPart != usual.valuesPerPart)
         fields[kValues] = idBytes({extras.valuesPerPart});
+    if (extras.hatches != usual.hatches)
+        fields[kHatches] = hatchBytes(extras.hatches);
+    if (extras.outlineUnion != usual.outlineUnion)
+        fields[kUnion] = QByteArray(1, char(extras.outlineUnion));
     return fields;
 }
 

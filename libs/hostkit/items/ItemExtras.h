@@ -1,5 +1,7 @@
 #pragma once
 
+#include <hostkit/items/ShapeHatch.h>
+
 #include <QtCore/QByteArray>
 #include <QtCore/QMap>
 #include <QtCore/QMetaType>
@@ -40,6 +42,13 @@ struct ItemExtras
      */
     qint32 valuesPerPart = 1;
 
+    /**
+     * All hatches, where there is more to say than the fill parameters can: see `hatchesOf`, which
+     * joins both. Empty: the fill parameters alone.
+     */
+    QVector<ShapeHatch> hatches;
+    OutlineUnion outlineUnion = OutlineUnion::OfTexts;
+
     KeyedFields fields; ///< of other features and other programs, by key
 };
 
@@ -54,7 +63,8 @@ ItemExtras itemExtras(const ZTAbstractGraphicsItem &item);
 
 /**
  * Gives an item its extras and lets them hold at once: a hidden item disappears from the canvas, a
- * locked or hidden one leaves the selection and cannot be selected until it is free again.
+ * locked or hidden one leaves the selection and cannot be selected until it is free again; other
+ * hatches mark the shape, so that the next paint draws them.
  */
 void setItemExtras(ZTAbstractGraphicsItem &item, const ItemExtras &extras);
 

@@ -40,6 +40,12 @@ ZTVariantText *variantTextOf(const ZTAbstractGraphicsItem &item)
     return text != nullptr ? text->getVarTxt() : nullptr;
 }
 
+QByteArray partProgress(const ZTAbstractGraphicsItem &item)
+{
+    const ZTVariantText *text = variantTextOf(item);
+    return text != nullptr ? progressOf(*text) + ';' : QByteArray();
+}
+
 bool moveToNextPart(const ZTAbstractGraphicsItem &item, ZTVariantText *text)
 {
     for (int left = itemExtras(item).valuesPerPart; left > 1; --left)

@@ -10,6 +10,9 @@ namespace hostkit {
 /** The variant text that an item shows, or null. Owner: the item's shape. */
 ZTVariantText *variantTextOf(const ZTAbstractGraphicsItem &item);
 
+/** How far the variant text of an item is, whatever day it is: ASCII; empty for one without. */
+QByteArray partProgress(const ZTAbstractGraphicsItem &item);
+
 /** Moves a text of an item on to the next part; false where it has no value of its own for it. */
 bool moveToNextPart(const ZTAbstractGraphicsItem &item, ZTVariantText *text);
 

@@ -14,6 +14,11 @@ QVector<ZTAbstractGraphicsItem *> shapeItemsOf(const ZTGraphicsDocument &documen
     return found;
 }
 
+bool isCode(const ZTAbstractGraphicsItem &item)
+{
+    return item.getShapeType() == ShapeType::QRCode || item.getShapeType() == ShapeType::BarCode;
+}
+
 ZTShapeText *textOf(const ZTAbstractGraphicsItem &item)
 {
     return dynamic_cast<ZTShapeText *>(item.getShapeBase());

@@ -7,6 +7,7 @@
 
 #include <QtCore/QElapsedTimer>
 
+#include <algorithm>
 #include <limits>
 
 namespace hostkit {
@@ -36,6 +37,27 @@ QRectF endlessField()
     return {-kFarMm, -kFarMm, 2.0 * kFarMm, 2.0 * kFarMm};
 }
 
+/** An object with the hatches in its own pen, and one for each further pen of its hatches. */
+QVector<ZTMarkObject> splitByPen(const ZTMarkObject &object, const QVector<HatchLayer> &layers)
+{
+    QVector<ZTMarkObject> parts{object};
+    parts.first().fillLines.clear();
+    for (const HatchLayer &layer : layers) {
+        auto part = std::find_if(parts.begin(), parts.end(), [&layer](const ZTMarkObject &other) {
+            return other.penId == layer.pen;
+        });
+        if (part == parts.end()) {
+            ZTMarkObject further;
+            further.penId = layer.pen;
+            further.rect = object.rect;
+            parts.append(further);
+            part = parts.end() - 1;
+        }
+        part->fillLines += object.fillLines.mid(layer.firstLine, layer.lines);
+    }
+    return parts;
+}
+
 /** Lets a sort kind hold for as long as it lives; shapes obey it when they are rebuilt. */
 class OrderHolds
 {
@@ -53,7 +75,7 @@ private:
 
 bool DrawingMarks::isWhole() const
 {
-    return graph.objects.size() == shapes && after.objects == before.objects &&
+    return graph.objects.size() == shapes + hatchObjects && after.objects == before.objects &&
            after.polylines == before.polylines && after.hatchSegments == before.hatchSegments;
 }
 
@@ -120,12 +142,26 @@ void MarkGraphBuilder::gather(ZTAbstractGraphicsItem &item)
     m_check->look(item, object);
     m_marks.graph.rect |= object.rect;
     m_marks.graph.objects.append(std::move(object));
+    m_layers.append(hatchLayersOf(item));
+}
+
+void MarkGraphBuilder::splitByPens()
+{
+    QVector<ZTMarkObject> objects;
+    objects.reserve(m_marks.graph.objects.size());
+    for (int i = 0; i < m_marks.graph.objects.size(); ++i) {
+        const QVector<ZTMarkObject> parts = splitByPen(m_marks.graph.objects[i], m_layers[i]);
+        m_marks.hatchObjects += parts.size() - 1;
+        objects += parts;
+    }
+    m_marks.graph.objects = objects;
 }
 
 DrawingMarks MarkGraphBuilder::take()
 {
     const OrderHolds order(m_order);
     m_marks.findings = std::move(m_check->findings);
+    splitByPens();
     m_marks.before = measureMarkPath(m_marks.graph, m_marks.units);
     orderMarkGraph(&m_marks.graph);
     m_marks.after = measureMarkPath(m_marks.graph, m_marks.units);

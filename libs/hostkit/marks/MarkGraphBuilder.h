@@ -1,5 +1,6 @@
 #pragma once
 
+#include <hostkit/items/ItemHatches.h>
 #include <hostkit/marks/MarkFindings.h>
 #include <hostkit/marks/MarkPathMeasure.h>
 #include <hostkit/marks/MarkUnits.h>
@@ -32,6 +33,7 @@ struct DrawingMarks
     MarkPathMeasure before; ///< in the order of the shapes, the topmost one first
     MarkPathMeasure after;  ///< in the order asked for
     int shapes = 0;         ///< that were to be marked
+    int hatchObjects = 0;   ///< further objects, for hatches in another pen than their shape
     MarkFindings findings;  ///< likely mistakes; the field is the document's work area
 
     /** Whether all that the shapes mark is in the graph: no shape went away meanwhile or is lost.
@@ -70,7 +72,10 @@ public:
     int done() const { return m_next; }          ///< shapes gathered so far
     int total() const { return m_items.size(); } ///< shapes in all
 
-    /** Orders what was gathered and hands it over. Once, after `work` returned false. */
+    /**
+     * Orders what was gathered and hands it over. Once, after `work` returned false. What a shape
+     * hatches in another pen than its own is an object of its own behind that of the shape.
+     */
     DrawingMarks take();
 
     /** Likely mistakes in what was gathered so far; `take` hands them over as well. */
@@ -79,16 +84,21 @@ public:
     /** What was gathered as it is, for those who change it before they order it. Once. */
     ZTMarkGraph takeUnordered();
 
+    /** Which fill lines of each object so far belong to which hatch, by the object's index. */
+    const QVector<QVector<HatchLayer>> &layers() const { return m_layers; }
+
 private:
     MarkGraphBuilder(ZTShapeManager &manager, const MarkItems &items,
                      std::optional<EShapeSortType> order, std::unique_ptr<MarkCheck> check);
     void gather(ZTAbstractGraphicsItem &item);
+    void splitByPens();
 
     ZTShapeManager &m_manager;
     QVector<QPointer<ZTAbstractGraphicsItem>> m_items;
     EShapeSortType m_order;
     int m_next = 0;
     DrawingMarks m_marks;
+    QVector<QVector<HatchLayer>> m_layers; ///< by object
     std::unique_ptr<MarkCheck> m_check;
 };
 

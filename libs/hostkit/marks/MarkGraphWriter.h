@@ -18,7 +18,9 @@ bool hasMarkGraphExtension(const QString &path);
 /** What a picture of mark data shows beside the marks. */
 struct MarkPictureLook
 {
-    bool hasJumps = true; ///< false: neither the jumps nor the dot where the head begins
+    bool hasJumps = true;      ///< false: neither the jumps nor the dot where the head begins
+    bool hasArrows = false;    ///< the direction of each outline and of each run of a hatch
+    bool hasBackground = true; ///< false: nothing is drawn where there is no mark
 };
 
 /**

@@ -89,4 +89,35 @@ MarkPicture layOutMarkPicture(const ZTMarkGraph &graph, const MarkUnits &units)
     return picture;
 }
 
+QVector<QPolygonF> markArrows(const ZTMarkGraph &graph, const MarkPicture &picture,
+                              const MarkUnits &units)
+{
+    constexpr double kWidths = 6.0; // of the outline's stroke
+    const double side = picture.outline.widthMm * kWidths * units.perMm;
+    QVector<QPolygonF> arrows;
+    const auto add = [&](const QLineF &line) {
+        if (!canShow(line.p1()) || !canShow(line.p2()) || line.length() == 0.0)
+            return false;
+        const QPointF along = (line.p2() - line.p1()) / line.length() * side;
+        const QPointF across = QPointF(-along.y(), along.x()) / 2.0;
+        const QPointF tip = line.center() + along / 2.0;
+        arrows.append(QPolygonF(QVector<QPointF>{tip - along + across, tip, tip - along - across}));
+        return true;
+    };
+    for (const ZTMarkObject &object : graph.objects) {
+        for (const QPolygonF &outline : object.lines) {
+            int i = 1;
+            while (i < outline.size() && !add(QLineF(outline[i - 1], outline[i])))
+                ++i;
+        }
+        QPointF end(qQNaN(), qQNaN());
+        for (const QLineF &line : object.fillLines) {
+            if (line.x1() != end.x() || line.y1() != end.y()) // the first of a run
+                add(line);
+            end = line.p2();
+        }
+    }
+    return arrows;
+}
+
 } // namespace hostkit

@@ -31,6 +31,13 @@ struct MarkPicture
 /** Lays the picture out: a page around the graph, line widths that suit its size. */
 MarkPicture layOutMarkPicture(const ZTMarkGraph &graph, const MarkUnits &units);
 
+/**
+ * Arrow heads on the marks, each an open angle of three points on the first piece that has a
+ * length. Frame: mark units.
+ */
+QVector<QPolygonF> markArrows(const ZTMarkGraph &graph, const MarkPicture &picture,
+                              const MarkUnits &units);
+
 /** Whether a picture can show the point: damaged mark data may hold coordinates that are none. */
 bool canShow(const QPointF &point);
 

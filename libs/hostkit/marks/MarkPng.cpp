@@ -154,6 +154,15 @@ void drawJumps(QPainter &painter, const ZTMarkGraph &graph, const MarkPicture &p
     draw(picture.jumpBetween, JumpKind::BetweenObjects);
 }
 
+void drawArrows(QPainter &painter, const ZTMarkGraph &graph, const MarkPicture &picture,
+                const MarkUnits &units)
+{
+    const double scale = painter.transform().m11();
+    Strokes strokes(painter, visible(picture.outline, scale), units.perMm);
+    for (const QPolygonF &arrow : markArrows(graph, picture, units))
+        strokes.add(arrow);
+}
+
 void drawStart(QPainter &painter, const MarkPicture &picture)
 {
     if (!picture.hasStart)
@@ -170,10 +179,11 @@ bool writeMarkPng(const ZTMarkGraph &graph, const MarkUnits &units, QIODevice &d
 {
     const MarkPicture picture = layOutMarkPicture(graph, units);
     const double scale = pixelsPerMm(picture.pageMm);
-    QImage image(imageSize(picture.pageMm, scale), QImage::Format_RGB32);
+    QImage image(imageSize(picture.pageMm, scale),
+                 look.hasBackground ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
     if (image.isNull())
         return false;
-    image.fill(Qt::white);
+    image.fill(look.hasBackground ? Qt::white : Qt::transparent);
     // A drawing may be so small that no number of dots tells its size.
     const int dotsPerMeter = qRound(std::min(scale * 1000.0, kMostDotsPerMeter));
     image.setDotsPerMeterX(dotsPerMeter);
@@ -187,6 +197,8 @@ bool writeMarkPng(const ZTMarkGraph &graph, const MarkUnits &units, QIODevice &d
         drawJumps(painter, graph, picture, units);
         drawStart(painter, picture);
     }
+    if (look.hasArrows)
+        drawArrows(painter, graph, picture, units);
     painter.end();
     // The encoder prints to stderr when its device fails, so it does not get to see the file.
     QBuffer encoded;

@@ -187,6 +187,15 @@ void writeJumps(QXmlStreamWriter &xml, const ZTMarkGraph &graph, const MarkPictu
     write(QStringLiteral("jump-between"), picture.jumpBetween, JumpKind::BetweenObjects);
 }
 
+void writeArrows(QXmlStreamWriter &xml, const ZTMarkGraph &graph, const MarkPicture &picture,
+                 const MarkUnits &units)
+{
+    const Group group(xml, QStringLiteral("arrow"), picture.outline);
+    PathWriter paths(xml, units);
+    for (const QPolygonF &arrow : markArrows(graph, picture, units))
+        paths.add(arrow);
+}
+
 void writeStart(QXmlStreamWriter &xml, const MarkPicture &picture)
 {
     if (!picture.hasStart)
@@ -207,13 +216,16 @@ void writeMarkSvg(const ZTMarkGraph &graph, const MarkUnits &units, QIODevice &d
     const MarkPicture picture = layOutMarkPicture(graph, units);
     QXmlStreamWriter xml(&device);
     beginDocument(xml, picture.pageMm);
-    writePaper(xml, picture.pageMm);
+    if (look.hasBackground)
+        writePaper(xml, picture.pageMm);
     for (const ZTMarkObject &object : graph.objects)
         writeObject(xml, object, picture, units);
     if (look.hasJumps) {
         writeJumps(xml, graph, picture, units);
         writeStart(xml, picture);
     }
+    if (look.hasArrows)
+        writeArrows(xml, graph, picture, units);
     xml.writeEndElement();
     xml.writeEndDocument();
 }

@@ -53,4 +53,6 @@ void registerFactories()
     registerAs<ImportFactory>(ShapeType::VecGraph);
 }
 
+Factory *importFactory() { return ImportFactory::getInstance(); }
+
 } // namespace hostkit

@@ -1,5 +1,7 @@
 #pragma once
 
+class Factory;
+
 namespace hostkit {
 
 /**
@@ -10,5 +12,8 @@ namespace hostkit {
  * Order: before the first document. A factory that a host registered for a kind before stays.
  */
 void registerFactories();
+
+/** Makes imported drawings, empty ones without a look for a file. Owner: the process. */
+Factory *importFactory();
 
 } // namespace hostkit

@@ -150,7 +150,7 @@ private:
                      Texts::tr("%1 has a coordinate that is no number."));
                 continue;
             }
-            if (!run.isEmpty() && lengthOf(run) == 0.0)
+            if (!item.hasDots && !run.isEmpty() && lengthOf(run) == 0.0)
                 once(FindingKind::ZeroLength, run.first(),
                      Texts::tr("%1 has a piece without a length."));
             for (const QPointF &point : run) {

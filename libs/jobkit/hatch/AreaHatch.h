@@ -50,7 +50,7 @@ QVector<QPolygonF> crossHatch(const Area &area, const LineHatch &hatch, int pass
  * of its distance. Where one lies next to the other they are joined by a short straight way, so
  * that the laser need not jump.
  *
- * Failure: empty where a value is out of its range.
+ * Failure: empty where a value is out of its range, or more than `kMostHatchLines` would come.
  */
 QVector<QPolygonF> contourHatch(const Area &area, double spacingMm, double insetMm = 0.0);
 

@@ -154,9 +154,14 @@ QVector<QPolygonF> contourHatch(const Area &area, double spacingMm, double inset
                           spacingMm * kFirstTolerance * kClipStepsMm);
     double step = insetMm > 0.0 ? insetMm : spacingMm;
     ContourRuns runs(spacingMm);
+    qint64 lines = 0;
     while (!paths.empty()) {
         paths = thinned(movedInward(paths, step, spacingMm * kTolerance),
                         spacingMm * kTolerance * kClipStepsMm);
+        for (const Path &path : paths)
+            lines += qint64(path.size());
+        if (lines > kMostHatchLines)
+            return {};
         runs.add(areaOf(paths));
         step = spacingMm;
     }

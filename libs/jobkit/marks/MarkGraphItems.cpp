@@ -1,5 +1,9 @@
 #include <jobkit/marks/MarkGraphItems.h>
 
+#include <hostkit/items/LastPart.h>
+#include <hostkit/items/ShapeItems.h>
+#include <hostkit/text/StrokeFont.h>
+
 namespace jobkit {
 
 namespace {
@@ -13,26 +17,73 @@ QVector<QPolygonF> toMm(QVector<QPolygonF> runs, const hostkit::MarkUnits &units
     return runs;
 }
 
+QString missingCharactersOf(const ZTAbstractGraphicsItem &shape)
+{
+    const ZTShapeText *text = hostkit::textOf(shape);
+    if (text == nullptr)
+        return {};
+    const hostkit::MissingCharacters missing =
+        hostkit::missingCharacters(text->text(), text->getFont());
+    return (missing.noGlyph + missing.notEncoded).join(QString());
+}
+
+JobHatch hatchOf(const ZTMarkObject &object, const hostkit::HatchLayer &layer,
+                 const hostkit::MarkUnits &units)
+{
+    JobHatch hatch;
+    hatch.number = layer.hatch;
+    hatch.pen = layer.pen;
+    hatch.passes = layer.passes;
+    hatch.turn = layer.turn;
+    hatch.isOneWay = layer.isOneWay;
+    hatch.moment = layer.moment;
+    hatch.runsMm = toMm(hatchRuns(object.fillLines.mid(layer.firstLine, layer.lines)), units);
+    return hatch;
+}
+
+QVector<hostkit::HatchLayer> oneLayerOf(const ZTMarkObject &object)
+{
+    hostkit::HatchLayer all;
+    all.pen = object.penId;
+    all.lines = object.fillLines.size();
+    return {all};
+}
+
 } // namespace
 
 QVector<JobItem> itemsOf(const ZTMarkGraph &graph, const hostkit::MarkUnits &units)
 {
+    QVector<QVector<hostkit::HatchLayer>> layers;
+    for (const ZTMarkObject &object : graph.objects)
+        layers.append(oneLayerOf(object));
+    return itemsOf(graph, units, layers);
+}
+
+QVector<JobItem> itemsOf(const ZTMarkGraph &graph, const hostkit::MarkUnits &units,
+                         const QVector<QVector<hostkit::HatchLayer>> &layers)
+{
     QVector<JobItem> items;
     items.reserve(graph.objects.size());
-    for (const ZTMarkObject &object : graph.objects) {
+    for (int i = 0; i < graph.objects.size(); ++i) {
+        const ZTMarkObject &object = graph.objects[i];
         JobItem item;
         item.object = items.size();
         item.pen = object.penId;
         item.outlinesMm = toMm(object.lines.toVector(), units);
-        if (!object.fillLines.isEmpty()) {
-            JobHatch hatch;
-            hatch.pen = object.penId;
-            hatch.runsMm = toMm(hatchRuns(object.fillLines), units);
-            item.hatches.append(hatch);
+        for (const hostkit::HatchLayer &layer : layers[i]) {
+            if (layer.lines > 0)
+                item.hatches.append(hatchOf(object, layer, units));
         }
         items.append(item);
     }
     return items;
+}
+
+void describeShape(const ZTAbstractGraphicsItem &shape, JobItem *item)
+{
+    item->hasDots = hostkit::isCode(shape);
+    item->isSerialUsedUp = hostkit::isUsedUp(shape);
+    item->missingCharacters = missingCharactersOf(shape);
 }
 
 } // namespace jobkit

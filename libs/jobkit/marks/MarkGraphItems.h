@@ -2,6 +2,7 @@
 
 #include <jobkit/plan/JobPlan.h>
 
+#include <hostkit/items/ItemHatches.h>
 #include <hostkit/marks/MarkUnits.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
@@ -13,5 +14,15 @@ namespace jobkit {
  * the object's pen, in runs that are never torn. Each item's `object` is its index in the graph.
  */
 QVector<JobItem> itemsOf(const ZTMarkGraph &graph, const hostkit::MarkUnits &units);
+
+/** The same with all hatches: `layers` of each object, as `MarkGraphBuilder::layers` has them. */
+QVector<JobItem> itemsOf(const ZTMarkGraph &graph, const hostkit::MarkUnits &units,
+                         const QVector<QVector<hostkit::HatchLayer>> &layers);
+
+/**
+ * Notes what a job has to know of the shape behind an item beside its marks: whether its dots are
+ * meant, its numbers used up, and characters missing in its font.
+ */
+void describeShape(const ZTAbstractGraphicsItem &shape, JobItem *item);
 
 } // namespace jobkit

@@ -116,6 +116,14 @@ std::vector<int> nestingDepths(const Pieces &pieces)
     return depths;
 }
 
+/** Hatches that are to be marked before or after the outlines are so, whatever pen they have. */
+int momentOf(const PlanPiece &piece)
+{
+    if (piece.hatch == 0 || piece.moment == hostkit::HatchMoment::Any)
+        return 0;
+    return piece.moment == hostkit::HatchMoment::BeforeOutline ? -1 : 1;
+}
+
 /** The stages that the options ask for, each with its pieces in the order drawn. */
 std::vector<Pieces> stagesOf(const Pieces &pieces, const OrderOptions &options)
 {
@@ -123,10 +131,12 @@ std::vector<Pieces> stagesOf(const Pieces &pieces, const OrderOptions &options)
                                         ? nestingDepths(pieces)
                                         : std::vector<int>(static_cast<size_t>(pieces.size()), 0);
     const auto stageOf = [&](int i) {
+        // As drawn, each shape keeps its hatches about it.
+        const int moment = options.kind == OrderKind::AsDrawn ? 0 : momentOf(pieces[i]);
         int hatch = 0;
         if (options.hatchPlace != HatchPlace::Any)
             hatch = (pieces[i].hatch > 0) == (options.hatchPlace == HatchPlace::AfterOutlines);
-        return std::make_tuple(options.isPenByPen ? pieces[i].pen : 0, hatch, -depths[i]);
+        return std::make_tuple(moment, options.isPenByPen ? pieces[i].pen : 0, hatch, -depths[i]);
     };
     std::vector<int> order(static_cast<size_t>(pieces.size()));
     std::iota(order.begin(), order.end(), 0);

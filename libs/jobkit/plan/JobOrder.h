@@ -46,7 +46,8 @@ struct OrderResult
 /**
  * Puts a plan in order, before its passes are laid out.
  *
- * The stages come first: pens, then hatches and outlines, then inner outlines before outer ones;
+ * The stages come first: hatches that are to be marked before or after the outlines (as drawn they
+ * stay with their shapes), pens, then hatches and outlines, then inner outlines before outer ones;
  * within a stage the pieces are free. Open pieces may be reversed, closed ones may begin at any of
  * their points; the segments of the plan stay the same, as a set.
  *

@@ -28,14 +28,17 @@ bool belongTogether(const PlanPiece &a, const PlanPiece &b)
     return a.object == b.object && a.pen == b.pen && a.hatch == b.hatch && a.passes == b.passes;
 }
 
+/** Of a hatch that is turned, the passes of the turns before come first. */
+int lastPass(const PlanPiece &piece) { return piece.pass * piece.passes; }
+
 void repeatRange(const QVector<PlanPiece> &pieces, int from, int to, QVector<PlanPiece> *result)
 {
     int most = 0;
     for (int i = from; i < to; ++i)
-        most = std::max(most, pieces[i].passes);
+        most = std::max(most, lastPass(pieces[i]));
     for (int pass = 1; pass <= most; ++pass) {
         for (int i = from; i < to; ++i) {
-            if (pieces[i].passes < pass)
+            if (pass <= (pieces[i].pass - 1) * pieces[i].passes || pass > lastPass(pieces[i]))
                 continue;
             result->append(pieces[i]);
             result->last().pass = pass;
@@ -44,7 +47,56 @@ void repeatRange(const QVector<PlanPiece> &pieces, int from, int to, QVector<Pla
     }
 }
 
+bool isSame(const QPointF &a, const QPointF &b) { return a.x() == b.x() && a.y() == b.y(); }
+
+bool areSame(const QVector<QPolygonF> &a, const QVector<QPolygonF> &b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](const QPolygonF &p, const QPolygonF &q) {
+                          return std::equal(p.begin(), p.end(), q.begin(), q.end(), isSame);
+                      });
+}
+
+/** The hatches of an item that go before its outlines, or the others. */
+void addHatches(const JobItem &item, bool areBefore, const QVector<Pen> &pens, JobPlan *plan)
+{
+    for (int i = 0; i < item.hatches.size(); ++i) {
+        const JobHatch &hatch = item.hatches[i];
+        const Pen pen = penOf(pens, hatch.pen);
+        if (!pen.isOn || areBefore != (hatch.moment == hostkit::HatchMoment::BeforeOutline))
+            continue;
+        PlanPiece sample;
+        sample.object = item.object;
+        sample.pen = hatch.pen;
+        sample.hatch = hatch.number > 0 ? hatch.number : i + 1;
+        sample.passes = pen.passes * std::max(1, hatch.passes);
+        sample.pass = std::max(1, hatch.turn);
+        sample.isOneWay = hatch.isOneWay;
+        sample.moment = hatch.moment;
+        addPieces(hatch.runsMm, sample, plan);
+    }
+}
+
 } // namespace
+
+bool operator==(const JobHatch &a, const JobHatch &b)
+{
+    return a.number == b.number && a.pen == b.pen && a.passes == b.passes && a.turn == b.turn &&
+           a.isOneWay == b.isOneWay && a.moment == b.moment && areSame(a.runsMm, b.runsMm);
+}
+
+bool operator==(const JobItem &a, const JobItem &b)
+{
+    return a.object == b.object && a.name == b.name && a.pen == b.pen && a.hasDots == b.hasDots &&
+           areSame(a.outlinesMm, b.outlinesMm) && a.hatches == b.hatches &&
+           a.isSerialUsedUp == b.isSerialUsedUp && a.missingCharacters == b.missingCharacters;
+}
+
+bool PlanPiece::isDot() const
+{
+    return std::all_of(pointsMm.begin(), pointsMm.end(),
+                       [this](const QPointF &point) { return isSame(point, pointsMm.first()); });
+}
 
 bool PlanPiece::isClosed() const
 {
@@ -106,21 +158,13 @@ JobPlan planOf(const QVector<JobItem> &items, const QVector<Pen> &pens)
     for (const JobItem &item : items) {
         PlanPiece sample;
         sample.object = item.object;
+        addHatches(item, true, pens, &plan);
         const Pen pen = penOf(pens, item.pen);
         sample.pen = item.pen;
         sample.passes = pen.passes;
         if (pen.isOn)
             addPieces(item.outlinesMm, sample, &plan);
-        for (int i = 0; i < item.hatches.size(); ++i) {
-            const JobHatch &hatch = item.hatches[i];
-            const Pen hatchPen = penOf(pens, hatch.pen);
-            sample.pen = hatch.pen;
-            sample.hatch = i + 1;
-            sample.passes = hatchPen.passes * std::max(1, hatch.passes);
-            sample.isOneWay = hatch.isOneWay;
-            if (hatchPen.isOn)
-                addPieces(hatch.runsMm, sample, &plan);
-        }
+        addHatches(item, false, pens, &plan);
     }
     return plan;
 }
@@ -129,13 +173,13 @@ void layOutPasses(JobPlan *plan, PassOrder order)
 {
     const QVector<PlanPiece> once = plan->pieces;
     plan->pieces.clear();
-    if (order == PassOrder::WholeJob) {
-        repeatRange(once, 0, once.size(), &plan->pieces);
-        return;
-    }
+    // What goes before the outlines does so with all its passes.
+    const auto areTogether = [order](const PlanPiece &a, const PlanPiece &b) {
+        return order == PassOrder::WholeJob ? a.moment == b.moment : belongTogether(a, b);
+    };
     for (int from = 0; from < once.size();) {
         int to = from + 1;
-        while (to < once.size() && belongTogether(once[from], once[to]))
+        while (to < once.size() && areTogether(once[from], once[to]))
             ++to;
         repeatRange(once, from, to, &plan->pieces);
         from = to;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <hostkit/items/ShapeHatch.h>
 #include <jobkit/values/Pen.h>
 
 #include <QtCore/QLineF>
@@ -14,23 +15,31 @@ namespace jobkit {
  */
 struct JobHatch
 {
+    int number = 0; ///< of the item's hatches, from 1; 0: by its place
     int pen = 1;
     int passes = 1;        ///< 1 to 1000; times those of the pen
+    int turn = 1;          ///< of a hatch that is turned each pass: the pass that these runs are
     bool isOneWay = false; ///< every run is marked in its own direction
+    hostkit::HatchMoment moment = hostkit::HatchMoment::Any;
     QVector<QPolygonF> runsMm;
 };
 
 /** What a drawing's object gives to a job. Frame: as of `JobHatch`. */
 struct JobItem
 {
-    int object = 0;                ///< tells the caller which object it is
-    QString name;                  ///< for people; may be empty
-    int pen = 1;                   ///< of the outlines
-    QVector<QPolygonF> outlinesMm; ///< closed where the last point is the first; one point: a dot
-    QVector<JobHatch> hatches;     ///< at most 8
-    bool isSerialUsedUp = false;   ///< its text has no further number
-    QString missingCharacters;     ///< those of its text that the font does not have
+    int object = 0; ///< tells the caller which object it is
+    QString name;   ///< for people; may be empty
+    int pen = 1;    ///< of the outlines
+    /** Closed where the last point is the first. One point, or the same all along: a dot. */
+    QVector<QPolygonF> outlinesMm;
+    bool hasDots = false;        ///< its dots are meant, as those of a code of points
+    QVector<JobHatch> hatches;   ///< at most 8, of one that is turned an entry a pass
+    bool isSerialUsedUp = false; ///< its text has no further number
+    QString missingCharacters;   ///< those of its text that the font does not have
 };
+
+bool operator==(const JobHatch &a, const JobHatch &b); ///< to the last bit
+bool operator==(const JobItem &a, const JobItem &b);   ///< likewise
 
 /** One run of a job: the head marks it from its first point to its last. */
 struct PlanPiece
@@ -38,12 +47,15 @@ struct PlanPiece
     QPolygonF pointsMm; ///< never empty; one point marks a dot
     int object = 0;
     int pen = 1;
-    int hatch = 0;           ///< 0: an outline; otherwise the hatch, counted from 1
-    int passes = 1;          ///< how often it is to be marked; 1 once the passes are laid out
-    int pass = 1;            ///< which of them this is
-    bool isOneWay = false;   ///< must not be reversed
-    bool isReversed = false; ///< runs against the drawing
+    int hatch = 0;  ///< 0: an outline; otherwise the hatch, counted from 1
+    int passes = 1; ///< how often it is to be marked; 1 once the passes are laid out
+    int pass = 1;   ///< which pass this is; before the passes are laid out, which turn of its hatch
+    bool isOneWay = false;                                   ///< must not be reversed
+    bool isReversed = false;                                 ///< runs against the drawing
+    hostkit::HatchMoment moment = hostkit::HatchMoment::Any; ///< of a hatch
 
+    /** Whether the head stays where it is: the pen marks it as long as it marks a dot. */
+    bool isDot() const;
     /** Whether it ends where it began, so that it may begin at any of its points. */
     bool isClosed() const;
 };
@@ -65,7 +77,9 @@ struct JobPlan
 
 /** What follows what where a piece is marked more than once. */
 enum class PassOrder : quint8 {
-    WholeJob,  ///< all pieces once, then all that have a second pass, and so on
+    /** All pieces once, then all that have a second pass, and so on; hatches that go before or
+     * after the outlines with all their passes before or after those of the outlines. */
+    WholeJob,
     EachObject ///< the outlines of an object, or one of its hatches, as often as they need, then on
 };
 
@@ -73,7 +87,8 @@ enum class PassOrder : quint8 {
 Pen penOf(const QVector<Pen> &pens, int number);
 
 /**
- * The pieces of the items in their order: of each item its outlines, then its hatches, each once
+ * The pieces of the items in their order: of each item the hatches that go before it, its
+ * outlines, then its other hatches, each once
  * with the number of its passes. What has a pen that is off is left out, and nothing else is: no
  * run is torn, dropped or doubled. Polylines without a point are none.
  */

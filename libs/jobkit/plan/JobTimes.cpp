@@ -12,35 +12,43 @@ namespace {
 
 constexpr double kShortestJumpMm = 0.001;
 constexpr double kSecondsPerUs = 1e-6;
+constexpr double kSecondsPerMs = 1e-3;
 
 double distance(const QPointF &a, const QPointF &b)
 {
     return std::hypot(b.x() - a.x(), b.y() - a.y());
 }
 
-/** The speed of each pen, no more than the machine's. */
-class PenSpeeds
+/** How fast a pen goes, no faster than the machine, and how long it stays on a dot. */
+struct Pace
+{
+    double mmPerS = 0.0;
+    double dotS = 0.0;
+};
+
+class PenPaces
 {
 public:
-    PenSpeeds(const QVector<Pen> &penList, const MachineProfile &profile)
+    PenPaces(const QVector<Pen> &penList, const MachineProfile &profile)
         : m_pens(penList), m_mostMmPerS(profile.mostSpeedMmPerS)
     {
     }
 
-    double of(int number)
+    Pace of(int number)
     {
-        const auto known = m_speeds.find(number);
-        if (known != m_speeds.end())
+        const auto known = m_paces.find(number);
+        if (known != m_paces.end())
             return known->second;
-        const double speed = std::min(penOf(m_pens, number).speedMmPerS, m_mostMmPerS);
-        m_speeds.emplace(number, speed);
-        return speed;
+        const Pen pen = penOf(m_pens, number);
+        const Pace pace{std::min(pen.speedMmPerS, m_mostMmPerS), pen.dotMs * kSecondsPerMs};
+        m_paces.emplace(number, pace);
+        return pace;
     }
 
 private:
     const QVector<Pen> &m_pens;
     double m_mostMmPerS;
-    std::unordered_map<int, double> m_speeds;
+    std::unordered_map<int, Pace> m_paces;
 };
 
 JobTimes emptyTimes(const JobPlan &plan)
@@ -74,8 +82,8 @@ double cornerShare(const QPointF &in, const QPointF &out)
 }
 
 /** Marks one piece from `now` on; `vertexS` takes the time of each of its points. */
-TimeSums galvoPiece(const PlanPiece &piece, double speed, const MachineProfile &profile, double now,
-                    double *vertexS)
+TimeSums galvoPiece(const PlanPiece &piece, const Pace &pace, const MachineProfile &profile,
+                    double now, double *vertexS)
 {
     TimeSums sums;
     QPointF before;
@@ -87,9 +95,11 @@ TimeSums galvoPiece(const PlanPiece &piece, double speed, const MachineProfile &
                 sums.delayS += profile.cornerDelayUs * kSecondsPerUs * cornerShare(before, step);
             before = step;
         }
-        sums.markS += std::hypot(step.x(), step.y()) / speed;
+        sums.markS += std::hypot(step.x(), step.y()) / pace.mmPerS;
         vertexS[i] = now + sums.totalS();
     }
+    if (piece.isDot())
+        sums.delayS += pace.dotS;
     sums.delayS += profile.markDelayUs * kSecondsPerUs;
     return sums;
 }
@@ -98,7 +108,7 @@ JobTimes galvoTimes(const JobPlan &plan, const QVector<Pen> &pens, const Machine
                     const std::optional<QPointF> &headMm)
 {
     JobTimes times = emptyTimes(plan);
-    PenSpeeds speeds(pens, profile);
+    PenPaces paces(pens, profile);
     std::optional<QPointF> head = headMm;
     double now = 0.0;
     for (int i = 0; i < plan.pieces.size(); ++i) {
@@ -109,7 +119,7 @@ JobTimes galvoTimes(const JobPlan &plan, const QVector<Pen> &pens, const Machine
             sums.jumpS = jump / profile.jumpSpeedMmPerS;
             sums.delayS = profile.jumpDelayUs * kSecondsPerUs;
         }
-        sums += galvoPiece(piece, speeds.of(piece.pen), profile, now + sums.totalS(),
+        sums += galvoPiece(piece, paces.of(piece.pen), profile, now + sums.totalS(),
                            &times.vertexS[static_cast<size_t>(times.firstVertex[i])]);
         now += sums.totalS();
         addSums(piece, sums, &times);
@@ -125,13 +135,15 @@ struct PlannedMoves
     std::vector<int> piece;     ///< of each move
     std::vector<qint64> vertex; ///< which it leads to
     std::vector<char> isJump;
+    bool isAfterDot = false; ///< where the machine stood still
 
     void add(const QPointF &step, double speed, int pieceIndex, qint64 vertexIndex, bool jump)
     {
         const double length = std::hypot(step.x(), step.y());
         if (length == 0.0)
             return;
-        moves.push_back({length, step / length, speed, false});
+        moves.push_back({length, step / length, speed, isAfterDot});
+        isAfterDot = false;
         piece.push_back(pieceIndex);
         vertex.push_back(vertexIndex);
         isJump.push_back(jump ? 1 : 0);
@@ -144,8 +156,9 @@ void addSwitchingStops(const JobPlan &plan, PlannedMoves *planned)
     for (size_t i = 1; i < planned->moves.size(); ++i) {
         const int pen = plan.pieces[planned->piece[i]].pen;
         const int penBefore = plan.pieces[planned->piece[i - 1]].pen;
-        planned->moves[i].startsAtRest =
-            planned->isJump[i] != planned->isJump[i - 1] || pen != penBefore;
+        planned->moves[i].startsAtRest = planned->moves[i].startsAtRest ||
+                                         planned->isJump[i] != planned->isJump[i - 1] ||
+                                         pen != penBefore;
     }
 }
 
@@ -153,18 +166,19 @@ PlannedMoves plannedMoves(const JobPlan &plan, const QVector<Pen> &pens,
                           const MachineProfile &profile, const std::optional<QPointF> &headMm)
 {
     PlannedMoves planned;
-    PenSpeeds speeds(pens, profile);
+    PenPaces paces(pens, profile);
     std::optional<QPointF> head = headMm;
     qint64 vertex = 0;
     for (int i = 0; i < plan.pieces.size(); ++i) {
         const QPolygonF &points = plan.pieces[i].pointsMm;
         if (head && distance(*head, points.first()) > kShortestJumpMm)
             planned.add(points.first() - *head, profile.jumpSpeedMmPerS, i, vertex, true);
-        const double speed = speeds.of(plan.pieces[i].pen);
+        const double speed = paces.of(plan.pieces[i].pen).mmPerS;
         for (int k = 1; k < points.size(); ++k)
             planned.add(points[k] - points[k - 1], speed, i, vertex + k, false);
         vertex += points.size();
         head = points.last();
+        planned.isAfterDot = planned.isAfterDot || plan.pieces[i].isDot();
     }
     if (!profile.isLaserMode)
         addSwitchingStops(plan, &planned);
@@ -178,6 +192,7 @@ JobTimes gantryTimes(const JobPlan &plan, const QVector<Pen> &pens, const Machin
     const PlannedMoves planned = plannedMoves(plan, pens, profile, headMm);
     const std::vector<double> seconds =
         gantrySeconds(planned.moves, profile.accelerationMmPerS2, profile.junctionDeviationMm);
+    PenPaces paces(pens, profile);
     double now = 0.0;
     size_t vertex = 0;
     size_t move = 0;
@@ -189,6 +204,12 @@ JobTimes gantryTimes(const JobPlan &plan, const QVector<Pen> &pens, const Machin
                 times.vertexS[vertex] = now;
             now += seconds[move];
             (planned.isJump[move] != 0 ? sums.jumpS : sums.markS) += seconds[move];
+        }
+        if (plan.pieces[i].isDot()) {
+            for (; vertex < static_cast<size_t>(times.firstVertex[i + 1]); ++vertex)
+                times.vertexS[vertex] = now;
+            sums.delayS = paces.of(plan.pieces[i].pen).dotS;
+            now += sums.delayS;
         }
         addSums(plan.pieces[i], sums, &times);
     }

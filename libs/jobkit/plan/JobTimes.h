@@ -14,7 +14,7 @@ struct TimeSums
 {
     double markS = 0.0;
     double jumpS = 0.0;
-    double delayS = 0.0; ///< where the head waits; none on a gantry
+    double delayS = 0.0; ///< where the head waits; on a gantry on dots alone
 
     double totalS() const { return markS + jumpS + delayS; }
     TimeSums &operator+=(const TimeSums &other);

@@ -2,6 +2,8 @@
 
 #include <jobkit/values/JsonFields_p.h>
 
+#include <ZTDrawEngineLib/ZTDrawEngineLib.h>
+
 #include <QtCore/QCoreApplication>
 
 #include <algorithm>
@@ -36,6 +38,7 @@ constexpr NumberField kNumbers[] = {
     {"powerPercent", &Pen::powerPercent, 0.0, 100.0},
     {"frequencyKHz", &Pen::frequencyKHz, 0.0, 100000.0},
     {"pulseWidthNs", &Pen::pulseWidthNs, 0.0, 1e9},
+    {"dotMs", &Pen::dotMs, 0.0, 60000.0},
 };
 
 constexpr TextRange kName{0, 200};
@@ -104,8 +107,10 @@ Pen defaultPen(int number)
 QVector<Pen> defaultPens()
 {
     QVector<Pen> pens;
-    for (int number = 1; number <= 16; ++number)
+    for (int number = 1; number <= 16; ++number) {
         pens.append(defaultPen(number));
+        pens.last().color = ZTAbstractGraphicsItem::screenPen(number).color();
+    }
     return pens;
 }
 

@@ -26,6 +26,7 @@ struct Pen
     double frequencyKHz = 30.0;  ///< 0 to 100,000; 0: not pulsed
     double pulseWidthNs = 200.0; ///< 0 to 1,000,000,000; 0: the source's own
     PowerMode powerMode = PowerMode::Dynamic;
+    double dotMs = 1.0; ///< 0 to 60,000: how long the beam stays on a dot
 
     /** What is wrong, with the field's name and its range, translated; empty: nothing. */
     QString problem() const;
@@ -48,7 +49,7 @@ QVector<FieldRange> penRanges();
 /** The pen that a drawing starts with for this number: black, 500 mm/s, 50 %. */
 Pen defaultPen(int number);
 
-/** The pens of a new drawing: 16 of them, numbered from 1. */
+/** The pens of a new drawing: 16 of them, numbered from 1, in the colours of the screen. */
 QVector<Pen> defaultPens();
 
 /** The pen with this number, or null. Owner: `pens`. */

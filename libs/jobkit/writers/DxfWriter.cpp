@@ -76,7 +76,7 @@ void writeLayers(const JobFile &job, JobText *text)
 void writePiece(const PlanPiece &piece, JobText *text)
 {
     const QByteArray layer = layerOf(piece.pen);
-    if (piece.pointsMm.size() == 1) {
+    if (piece.isDot()) {
         group(text, 0, "POINT");
         group(text, 8, layer);
         place(text, piece.pointsMm.first());

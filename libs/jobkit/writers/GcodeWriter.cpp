@@ -7,6 +7,8 @@ namespace {
 constexpr double kMmPerInch = 25.4;
 constexpr int kPowerDecimals = 3;
 constexpr int kFeedDecimals = 3;
+constexpr double kMsPerS = 1000.0;
+constexpr int kDwellDecimals = 6;
 
 /** Writes one program: the laser's power is 0 or the laser off wherever the head jumps. */
 class Program
@@ -47,7 +49,6 @@ private:
             if (before == nullptr || before->pen != piece.pen || before->pass != piece.pass) {
                 pen = penOf(m_job.pens, piece.pen);
                 tell(pen, piece.pass);
-                switchTo(pen.powerMode);
             }
             writePiece(piece, pen);
             before = &piece;
@@ -64,16 +65,37 @@ private:
         m_text.number(pen.powerPercent, 3) << " %, pass " << pass << "\n";
     }
 
+    /** With constant power: dynamic power is none where the head stands. */
+    void writeDot(const QPointF &atMm, const Pen &pen, double power)
+    {
+        off();
+        m_text << "G0";
+        place(atMm);
+        m_text << "\nM3 S0\nG1";
+        place(atMm);
+        m_text << " F";
+        m_text.number(pen.speedMmPerS * 60.0 / m_perUnit, kFeedDecimals) << " S";
+        m_text.number(power, kPowerDecimals) << "\nG4 P";
+        m_text.number(pen.dotMs / kMsPerS, kDwellDecimals) << "\n";
+        off();
+    }
+
     void writePiece(const PlanPiece &piece, const Pen &pen)
     {
+        if (piece.isDot()) {
+            writeDot(piece.pointsMm.first(), pen, powerOf(pen));
+            return;
+        }
+        if (m_job.profile.isLaserMode)
+            switchTo(pen.powerMode);
         m_text << "G0";
         place(piece.pointsMm.first());
         m_text << (m_job.profile.isLaserMode ? " S0\n" : "\n");
-        const double power = m_job.profile.mostPower * pen.powerPercent / 100.0;
+        const double power = powerOf(pen);
         if (!m_job.profile.isLaserMode)
             on(pen.powerMode, power);
         const int last = piece.pointsMm.size() - 1;
-        for (int i = last == 0 ? 0 : 1; i <= last; ++i) {
+        for (int i = 1; i <= last; ++i) {
             m_text << "G1";
             place(piece.pointsMm[i]);
             if (i < 2) {
@@ -87,6 +109,11 @@ private:
             off();
     }
 
+    double powerOf(const Pen &pen) const
+    {
+        return m_job.profile.mostPower * pen.powerPercent / 100.0;
+    }
+
     void place(const QPointF &pointMm)
     {
         const QPointF at = m_job.profile.toMachine(pointMm) / m_perUnit;
@@ -98,7 +125,7 @@ private:
     /** In laser mode the laser is on at power 0 and takes its power from each move. */
     void switchTo(PowerMode mode)
     {
-        if (!m_job.profile.isLaserMode || (m_isOn && m_current == mode))
+        if (m_isOn && m_current == mode)
             return;
         off();
         on(mode, 0.0);

@@ -2,6 +2,8 @@
 
 #include <studio/ShapeItems.h>
 
+#include <hostkit/items/ItemExtras.h>
+
 #include <QtWidgets/QUndoCommand>
 
 #include <functional>
@@ -9,7 +11,8 @@
 namespace studio {
 
 /**
- * A change of the hatch of shapes. Undo gives each shape the hatch settings it had.
+ * A change of the hatches of shapes, in the fill parameters and beyond. Undo gives each shape the
+ * hatches it had; what else its extras hold is left alone.
  *
  * A shape that others delete is passed over.
  */
@@ -17,9 +20,14 @@ class HatchCommand : public QUndoCommand
 {
 public:
     using Change = std::function<void(ZTFillParam &fill)>;
+    using FullChange = std::function<void(ZTFillParam &fill, hostkit::ItemExtras &extras)>;
 
     /** `change` is applied to the settings of each item, now and never again. */
     HatchCommand(ZTGraphicsScene *scene, const ShapeItems &items, const Change &change,
+                 const QString &text);
+
+    /** The same with the hatches and the outline union of the extras. */
+    HatchCommand(ZTGraphicsScene *scene, const ShapeItems &items, const FullChange &change,
                  const QString &text);
 
     void undo() override;
@@ -29,14 +37,23 @@ public:
     bool changesNothing() const;
 
 private:
+    struct Settings
+    {
+        ZTFillParam fill;
+        QVector<hostkit::ShapeHatch> hatches;
+        hostkit::OutlineUnion outlineUnion = hostkit::OutlineUnion::OfTexts;
+    };
+    static bool areSame(const Settings &a, const Settings &b);
+    static void giveTo(ShapeItem &item, const Settings &settings);
+
     struct Step
     {
         QPointer<ShapeItem> item;
-        ZTFillParam before;
-        ZTFillParam after;
+        Settings before;
+        Settings after;
     };
 
-    void give(ZTFillParam Step::*side);
+    void give(Settings Step::*side);
 
     QPointer<ZTGraphicsScene> m_drawing; ///< borrowed from the document
     QVector<Step> m_steps;

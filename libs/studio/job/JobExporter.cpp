@@ -138,7 +138,7 @@ void JobExporter::askAboutNotReady(const JobExport &wanted, const JobSettings &s
     connect(goOn, &QPushButton::clicked, this, [this, wanted, settings] {
         JobExport again = wanted;
         again.isAsShown = true;
-        write(again, settings);
+        write(again, settings, m_shown.lock());
     });
     box->open();
 }
@@ -151,7 +151,8 @@ bool JobExporter::hasNumbers() const
     });
 }
 
-bool JobExporter::write(const JobExport &wanted, const JobSettings &settings)
+bool JobExporter::write(const JobExport &wanted, const JobSettings &settings,
+                        const std::shared_ptr<const Job> &shown)
 {
     const auto form = jobkit::jobFormOf(wanted.path);
     if (!form)
@@ -160,6 +161,7 @@ bool JobExporter::write(const JobExport &wanted, const JobSettings &settings)
     if (wanted.isOneFile && wanted.parts > 1 && !jobkit::canPause(*form))
         return fail(wanted.path, tr("Only G-code can hold several parts with a pause between them. "
                                     "Write one file a part."));
+    m_shown = shown;
     JobRequest request;
     request.settings = settings;
     request.pens = pensOf(m_document);
@@ -167,21 +169,102 @@ bool JobExporter::write(const JobExport &wanted, const JobSettings &settings)
     if (!settings.readProfile(&request.machine, &error))
         return fail(wanted.path, error);
     m_texts.finishTyping();
+    const bool takesNumbers = !wanted.frame && hasNumbers();
+    if (takesNumbers)
+        passInterrupted();
     if (!wanted.frame && !goPastMarkedParts(wanted.path))
         return false;
     QVector<jobkit::JobPlan> plans;
-    if (!planParts(wanted, request, &plans) || !writeFiles(wanted, request, plans))
+    if (!planParts(wanted, request, shown, &plans) || (takesNumbers && !noteTaken(wanted)))
         return false;
+    if (!writeFiles(wanted, request, plans)) {
+        if (takesNumbers)
+            noteWritten(false);
+        return false;
+    }
     // What was marked is marked: from here on the drawing stands at the first part after these.
-    if (!wanted.frame && hasNumbers()) {
-        Numbers passing(m_document);
-        for (int part = 1; part < wanted.parts; ++part)
-            passing.advance();
-        passing.keep();
-        endParts();
+    if (takesNumbers) {
+        goOn(wanted.parts);
+        noteWritten(true);
     }
     Q_EMIT written(filesOf(wanted), wanted.parts);
     return true;
+}
+
+/**
+ * Goes past the numbers of exports after which the drawing was not saved: their files may have been
+ * run.
+ */
+void JobExporter::passInterrupted()
+{
+    const QString path = m_drawingPath ? m_drawingPath() : QString();
+    m_before = path.isEmpty() ? std::nullopt : jobkit::readJournal(path);
+    const QByteArray progress = jobkit::partProgress(shapeItemsOf(*m_document.scene()));
+    if (!m_before || m_before->after == progress)
+        return;
+    const QString numbers = m_before->parts == 1
+                                ? m_before->first
+                                : tr("%1 to %2").arg(m_before->first, m_before->last);
+    const bool isBehind = m_before->before == progress;
+    if (isBehind)
+        goOn(m_before->parts);
+    else
+        m_before.reset();
+    const QString told =
+        isBehind ? tr("An earlier export took %1, and the drawing was not saved after it. These "
+                      "numbers are passed over, for its files may have been run.")
+                       .arg(numbers)
+                 : tr("An earlier export took %1, and the numbers of the drawing were changed "
+                      "since.")
+                       .arg(numbers);
+    m_messages.warning({tr("Numbers were taken before."), told, {}});
+}
+
+/** Notes what the export takes, before its first file is there; false, told, where it cannot. */
+bool JobExporter::noteTaken(const JobExport &wanted)
+{
+    const QString path = m_drawingPath ? m_drawingPath() : QString();
+    if (path.isEmpty())
+        return true;
+    const ShapeItems items = shapeItemsOf(*m_document.scene());
+    jobkit::NumberJournal journal;
+    journal.before = m_before ? m_before->before : jobkit::partProgress(items);
+    journal.parts = wanted.parts + (m_before ? m_before->parts : 0);
+    journal.first = m_before ? m_before->first : jobkit::partTexts(items);
+    {
+        Numbers passing(m_document);
+        for (int part = 1; part < wanted.parts; ++part)
+            passing.advance();
+        journal.last = jobkit::partTexts(items);
+    }
+    hostkit::Failure failure;
+    if (jobkit::writeJournal(path, journal, &failure))
+        return true;
+    return fail(wanted.path, tr("The numbers cannot be noted beside the drawing: %1. No file was "
+                                "written.")
+                                 .arg(failure.reason));
+}
+
+/** The note holds until the drawing is saved; without the files it is taken back. */
+void JobExporter::noteWritten(bool isWritten)
+{
+    const QString path = m_drawingPath ? m_drawingPath() : QString();
+    if (path.isEmpty())
+        return;
+    std::optional<jobkit::NumberJournal> journal = isWritten ? jobkit::readJournal(path) : m_before;
+    if (journal && isWritten)
+        journal->after = jobkit::partProgress(shapeItemsOf(*m_document.scene()));
+    hostkit::Failure ignored; // what was noted before the export holds then
+    if (journal)
+        jobkit::writeJournal(path, *journal, &ignored);
+    else
+        jobkit::removeJournal(path);
+}
+
+void JobExporter::noteSaved(const QString &path)
+{
+    if (!path.isEmpty() && path == (m_drawingPath ? m_drawingPath() : QString()))
+        jobkit::removeJournal(path);
 }
 
 /**
@@ -204,6 +287,16 @@ bool JobExporter::goPastMarkedParts(const QString &path)
     return true;
 }
 
+/** The drawing is at the first part after so many that were marked. */
+void JobExporter::goOn(int parts)
+{
+    Numbers passing(m_document);
+    for (int part = 1; part < parts; ++part)
+        passing.advance();
+    passing.keep();
+    endParts();
+}
+
 /** On to the part after those that were marked, or a note that there is none. */
 void JobExporter::endParts()
 {
@@ -223,6 +316,7 @@ void JobExporter::endParts()
 
 /** A plan a part, or one for all where no text changes. The drawing is the same afterwards. */
 bool JobExporter::planParts(const JobExport &wanted, JobRequest request,
+                            const std::shared_ptr<const Job> &shown,
                             QVector<jobkit::JobPlan> *plans)
 {
     Numbers numbers(m_document);
@@ -240,26 +334,44 @@ bool JobExporter::planParts(const JobExport &wanted, JobRequest request,
                             .arg(moved.usedUp.join(QStringLiteral(", "))));
         if (!moved.errors.isEmpty())
             return fail(wanted.path, cannotBeMade(part, moved.errors));
-        GatheredItems gathered;
-        if (!gatherItems(m_document, &gathered))
-            return fail(wanted.path, tr("Not all shapes could be turned into marks."));
-        if (!gathered.notReady.isEmpty() && !wanted.isAsShown) {
-            askAboutNotReady(wanted, request.settings, part, gathered.notReady);
+        request.isTimed = parts == 1;
+        if (!planPart(wanted, request, part == 0 ? shown : nullptr, work, plans))
             return false;
-        }
-        request.items = gathered.items;
+    }
+    return true;
+}
+
+bool JobExporter::planPart(const JobExport &wanted, JobRequest request,
+                           const std::shared_ptr<const Job> &shown, LongWork &work,
+                           QVector<jobkit::JobPlan> *plans)
+{
+    GatheredItems gathered;
+    const Gathering result = gatherItems(
+        m_document, &gathered, [&work](int done, int total) { return work.step(done, total); });
+    if (result == Gathering::Cancelled)
+        return false;
+    if (result == Gathering::NotWhole)
+        return fail(wanted.path, tr("Not all shapes could be turned into marks."));
+    if (!gathered.notReady.isEmpty() && !wanted.isAsShown) {
+        askAboutNotReady(wanted, request.settings, plans->size(), gathered.notReady);
+        return false;
+    }
+    request.items = gathered.items;
+    std::shared_ptr<const Job> made = shown && shown->request == request ? shown : nullptr;
+    if (!made) {
         const auto isGivenUp = std::make_shared<std::atomic<bool>>(false);
         const auto job = std::make_shared<std::shared_ptr<const Job>>();
         if (!work.run([request, isGivenUp, job] { *job = makeJob(request, *isGivenUp); })) {
             *isGivenUp = true;
             return false;
         }
-        if (!*job)
-            return fail(wanted.path, tr("There is not enough memory."));
-        if ((*job)->plan.pieces.isEmpty())
-            return fail(wanted.path, tr("There is nothing to mark."));
-        plans->append((*job)->plan);
+        made = *job;
     }
+    if (!made)
+        return fail(wanted.path, tr("There is not enough memory."));
+    if (made->plan.pieces.isEmpty())
+        return fail(wanted.path, tr("There is nothing to mark."));
+    plans->append(made->plan);
     return true;
 }
 

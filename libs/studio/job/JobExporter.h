@@ -2,10 +2,12 @@
 
 #include <studio/job/JobRun.h>
 
+#include <jobkit/marks/NumberJournal.h>
 #include <jobkit/plan/JobFrame.h>
 
 #include <QtCore/QObject>
 
+#include <functional>
 #include <optional>
 
 QT_BEGIN_NAMESPACE
@@ -14,6 +16,7 @@ QT_END_NAMESPACE
 
 namespace studio {
 
+class LongWork;
 class Messages;
 class TextTools;
 
@@ -45,6 +48,15 @@ public:
     JobExporter(ZTGraphicsDocument &document, TextTools &texts, Messages &messages,
                 QWidget &window);
 
+    /**
+     * Where the drawing's file is asked for; empty without one. Numbers that are taken are noted
+     * beside it until it is saved.
+     */
+    void setDrawingPath(const std::function<QString()> &path) { m_drawingPath = path; }
+
+    /** The file holds the numbers as they are. */
+    void noteSaved(const QString &path);
+
     /** Files that an export writes: one, or one a part with its number before the extension. */
     static QStringList filesOf(const JobExport &wanted);
 
@@ -54,8 +66,13 @@ public:
     /**
      * Writes a job; false where it was not, after telling why. Shapes that mark something else than
      * they were given are asked about, without waiting: a yes writes the job after all.
+     *
+     * The plan of `shown` (may be null) is what is written as the first part, if it is a plan of
+     * what the drawing marks now: what was looked at is what the machine gets. Further parts whose
+     * texts are others are ordered by a fixed number of steps, however long that takes.
      */
-    bool write(const JobExport &wanted, const JobSettings &settings);
+    bool write(const JobExport &wanted, const JobSettings &settings,
+               const std::shared_ptr<const Job> &shown = nullptr);
 
 Q_SIGNALS:
     void written(const QStringList &files, int parts);
@@ -64,8 +81,16 @@ private:
     class Numbers;
 
     bool goPastMarkedParts(const QString &path);
+    void passInterrupted();
+    bool noteTaken(const JobExport &wanted);
+    void noteWritten(bool isWritten);
+    void goOn(int parts);
     void endParts();
-    bool planParts(const JobExport &wanted, JobRequest request, QVector<jobkit::JobPlan> *plans);
+    bool planParts(const JobExport &wanted, JobRequest request,
+                   const std::shared_ptr<const Job> &shown, QVector<jobkit::JobPlan> *plans);
+    bool planPart(const JobExport &wanted, JobRequest request,
+                  const std::shared_ptr<const Job> &shown, LongWork &work,
+                  QVector<jobkit::JobPlan> *plans);
     bool writeFiles(const JobExport &wanted, const JobRequest &request,
                     const QVector<jobkit::JobPlan> &plans);
     bool fail(const QString &path, const QString &why);
@@ -76,6 +101,9 @@ private:
     TextTools &m_texts;
     Messages &m_messages;
     QWidget &m_window;
+    std::function<QString()> m_drawingPath;
+    std::weak_ptr<const Job> m_shown;              ///< of the present export
+    std::optional<jobkit::NumberJournal> m_before; ///< the journal before the present export
 };
 
 } // namespace studio

@@ -5,10 +5,14 @@
 #include <studio/job/MaterialStore.h>
 #include <studio/job/PenModel.h>
 #include <studio/job/PensCommand.h>
+#include <studio/job/ProfileDialog.h>
+#include <studio/job/ProfileStore.h>
 
+#include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
 #include <QtWidgets/QCheckBox>
+#include <QtWidgets/QColorDialog>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QFormLayout>
@@ -69,6 +73,8 @@ JobPanel::JobPanel(ZTGraphicsDocument &document, QWidget *parent)
       m_saveMaterial(named(new QPushButton(this), "job.saveMaterial")),
       m_machine(named(new QComboBox(this), "job.machine")),
       m_otherMachine(named(new QPushButton(this), "job.otherMachine")),
+      m_editMachine(named(new QPushButton(this), "job.editMachine")),
+      m_addPen(named(new QPushButton(this), "job.addPen")),
       m_order(named(new QComboBox(this), "job.order")),
       m_hatchPlace(named(new QComboBox(this), "job.hatchPlace")),
       m_penByPen(newSwitch("job.penByPen", m_settings.isPenByPen)),
@@ -118,7 +124,9 @@ void JobPanel::build()
 
     auto *form = new QFormLayout;
     form->addRow(m_materialLabel, inARow(m_material, m_saveMaterial));
-    form->addRow(m_machineLabel, inARow(m_machine, m_otherMachine));
+    auto *machineRow = inARow(m_machine, m_editMachine);
+    machineRow->addWidget(m_otherMachine);
+    form->addRow(m_machineLabel, machineRow);
     form->addRow(m_orderLabel, m_order);
     form->addRow(m_hatchLabel, m_hatchPlace);
     form->addRow(m_penByPen);
@@ -127,20 +135,36 @@ void JobPanel::build()
     buttons->addWidget(m_preview);
     buttons->addWidget(m_export);
     auto *all = new QVBoxLayout(this);
-    all->addWidget(m_pensLabel);
+    auto *pensRow = new QHBoxLayout;
+    pensRow->addWidget(m_pensLabel, 1);
+    pensRow->addWidget(m_addPen);
+    all->addLayout(pensRow);
     all->addWidget(m_pens, 1);
     all->addLayout(form);
     all->addWidget(m_told);
     all->addLayout(buttons);
 }
 
+/** Those on board, those that the user keeps, and one from a file. */
 void JobPanel::addMachines()
 {
+    m_machine->clear();
     for (const QString &name : jobkit::profilesOnBoard())
         m_machine->addItem(name, name);
-    if (m_machine->findData(m_settings.profile) < 0)
-        m_machine->addItem(QFileInfo(m_settings.profile).fileName(), m_settings.profile);
-    m_machine->setCurrentIndex(m_machine->findData(m_settings.profile));
+    for (const QString &path : ProfileStore().paths()) {
+        jobkit::MachineProfile kept;
+        QString ignored;
+        const bool isRead = ProfileStore::readFile(path, &kept, &ignored);
+        m_machine->addItem(isRead ? kept.name : QFileInfo(path).fileName(), path);
+    }
+    selectMachine(m_settings.profile);
+}
+
+void JobPanel::selectMachine(const QString &profile)
+{
+    if (m_machine->findData(profile) < 0)
+        m_machine->addItem(QFileInfo(profile).fileName(), profile);
+    m_machine->setCurrentIndex(m_machine->findData(profile));
 }
 
 void JobPanel::connectFields()
@@ -150,11 +174,15 @@ void JobPanel::connectFields()
     connect(m_pens, &QTableView::doubleClicked, this, [this](const QModelIndex &index) {
         if (index.column() == PenModel::Mode)
             changeMode(index.row());
+        if (index.column() == PenModel::Number)
+            changeColor(index.row());
     });
     connect(m_document.undoStack(), &QUndoStack::indexChanged, this, &JobPanel::refresh);
     connect(m_material, qOverload<int>(&QComboBox::activated), this, &JobPanel::applyMaterial);
     connect(m_saveMaterial, &QPushButton::clicked, this, &JobPanel::saveMaterial);
     connect(m_otherMachine, &QPushButton::clicked, this, &JobPanel::chooseProfile);
+    connect(m_editMachine, &QPushButton::clicked, this, &JobPanel::editProfile);
+    connect(m_addPen, &QPushButton::clicked, this, &JobPanel::addPen);
     for (QComboBox *box : {m_machine, m_order, m_hatchPlace})
         connect(box, qOverload<int>(&QComboBox::activated), this, &JobPanel::readFields);
     for (QCheckBox *box : {m_penByPen, m_innerFirst})
@@ -180,6 +208,10 @@ void JobPanel::retranslate()
     m_machineLabel->setText(tr("Mac&hine"));
     m_otherMachine->setText(tr("&Other..."));
     m_otherMachine->setToolTip(tr("Read a machine profile from a file"));
+    m_editMachine->setText(tr("E&dit..."));
+    m_editMachine->setToolTip(tr("Change the values of this machine, or make a machine like it"));
+    m_addPen->setText(tr("Add &pen"));
+    m_addPen->setToolTip(tr("A further pen, with the values of the last one"));
     m_orderLabel->setText(tr("O&rder"));
     m_order->setItemText(0, tr("As drawn"));
     m_order->setItemText(1, tr("Nearest end next"));
@@ -259,21 +291,86 @@ void JobPanel::chooseProfile()
             tell(error);
             return;
         }
-        if (m_machine->findData(path) < 0)
-            m_machine->addItem(QFileInfo(path).fileName(), path);
-        m_machine->setCurrentIndex(m_machine->findData(path));
+        selectMachine(path);
         readFields();
     });
     dialog->open();
 }
 
-/** The first row stands for the pens as they are; the last one reads a file. */
+void JobPanel::editProfile()
+{
+    jobkit::MachineProfile machine;
+    QString error;
+    if (!m_settings.readProfile(&machine, &error)) {
+        tell(error);
+        return;
+    }
+    const QString path = m_settings.profile;
+    const bool isKept = ProfileStore().holds(path);
+    auto *dialog = new ProfileDialog(
+        machine, isKept ? ProfileDialog::Origin::Kept : ProfileDialog::Origin::OnBoard, this);
+    connect(dialog, &ProfileDialog::chosen, this, &JobPanel::keepProfile);
+    connect(dialog, &ProfileDialog::removeAsked, this, [this, path] {
+        ProfileStore().remove(path);
+        m_settings.profile = jobkit::profilesOnBoard().first();
+        addMachines();
+        readFields();
+    });
+    dialog->open();
+}
+
+/** A machine that gets another name is another machine: the one before it stays. */
+void JobPanel::keepProfile(const jobkit::MachineProfile &profile)
+{
+    QString error;
+    if (!ProfileStore().save(profile, &error)) {
+        tell(error);
+        return;
+    }
+    m_settings.profile = ProfileStore().pathOf(profile.name);
+    addMachines();
+    readFields();
+}
+
+void JobPanel::addPen()
+{
+    QVector<jobkit::Pen> pens = m_model->pens();
+    jobkit::Pen pen = pens.isEmpty() ? jobkit::Pen() : pens.last();
+    pen.number = 1;
+    while (jobkit::findPen(pens, pen.number) != nullptr)
+        ++pen.number;
+    if (!pen.problem().isEmpty()) {
+        tell(pen.problem());
+        return;
+    }
+    pens.append(pen);
+    editPens(pens);
+    m_pens->scrollToBottom();
+}
+
+void JobPanel::changeColor(int row)
+{
+    auto *dialog = new QColorDialog(m_model->pens()[row].color, this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setObjectName(QStringLiteral("penColorDialog"));
+    connect(dialog, &QColorDialog::colorSelected, this, [this, row](const QColor &color) {
+        QVector<jobkit::Pen> pens = m_model->pens();
+        if (row >= pens.size() || !color.isValid())
+            return;
+        pens[row].color = color;
+        editPens(pens);
+    });
+    dialog->open();
+}
+
+/** The first row stands for the pens as they are; the last ones read and write a file. */
 void JobPanel::fillMaterials()
 {
     m_material->clear();
     m_material->addItem(tr("Choose..."));
     m_material->addItems(MaterialStore().names());
     m_material->addItem(tr("From a file..."));
+    m_material->addItem(tr("To a file..."));
 }
 
 void JobPanel::applyMaterial()
@@ -281,29 +378,55 @@ void JobPanel::applyMaterial()
     const int row = m_material->currentIndex();
     const QString name = m_material->currentText();
     m_material->setCurrentIndex(0);
-    const auto apply = [this](bool isRead, const jobkit::Material &material, const QString &error) {
-        if (isRead)
-            editPens(replaced(m_model->pens(), material.pens));
-        tell(isRead ? tr("Pens of %1").arg(material.name) : error);
-    };
     if (row == m_material->count() - 1) {
-        auto *dialog = new QFileDialog(this, tr("Material"));
-        dialog->setAttribute(Qt::WA_DeleteOnClose);
-        dialog->setFileMode(QFileDialog::ExistingFile);
-        dialog->setNameFilters({tr("Materials (*.json)"), tr("All files (*)")});
-        connect(dialog, &QFileDialog::fileSelected, this, [apply](const QString &path) {
-            jobkit::Material material;
-            QString error;
-            const bool isRead = MaterialStore::readFile(path, &material, &error);
-            apply(isRead, material, error);
-        });
-        dialog->open();
+        exportMaterial();
+    } else if (row == m_material->count() - 2) {
+        importMaterial();
     } else if (row > 0) {
         jobkit::Material material;
         QString error;
         const bool isRead = MaterialStore().read(name, &material, &error);
-        apply(isRead, material, error);
+        takeMaterial(isRead, material, error);
     }
+}
+
+void JobPanel::takeMaterial(bool isRead, const jobkit::Material &material, const QString &error)
+{
+    if (isRead)
+        editPens(replaced(m_model->pens(), material.pens));
+    tell(isRead ? tr("Pens of %1").arg(material.name) : error);
+}
+
+void JobPanel::importMaterial()
+{
+    auto *dialog = new QFileDialog(this, tr("Material"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setNameFilters({tr("Materials (*.json)"), tr("All files (*)")});
+    connect(dialog, &QFileDialog::fileSelected, this, [this](const QString &path) {
+        jobkit::Material material;
+        QString error;
+        const bool isRead = MaterialStore::readFile(path, &material, &error);
+        takeMaterial(isRead, material, error);
+    });
+    dialog->open();
+}
+
+void JobPanel::exportMaterial()
+{
+    auto *dialog = new QFileDialog(this, tr("Material"));
+    dialog->setObjectName(QStringLiteral("materialExport"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(QStringLiteral("json"));
+    dialog->setNameFilters({tr("Materials (*.json)")});
+    connect(dialog, &QFileDialog::fileSelected, this, [this](const QString &path) {
+        QString error;
+        const QString name = QFileInfo(path).completeBaseName();
+        const bool isSaved = MaterialStore::saveFile(path, {name, m_model->pens()}, &error);
+        tell(isSaved ? tr("Kept as %1").arg(QDir::toNativeSeparators(path)) : error);
+    });
+    dialog->open();
 }
 
 void JobPanel::saveMaterial()

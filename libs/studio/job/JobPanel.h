@@ -2,6 +2,8 @@
 
 #include <studio/job/JobSettings.h>
 
+#include <jobkit/values/Material.h>
+
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 #include <QtWidgets/QWidget>
@@ -57,10 +59,18 @@ private:
     void retranslate();
     void readFields();
     void chooseProfile();
+    void editProfile();
+    void keepProfile(const jobkit::MachineProfile &profile);
+    void selectMachine(const QString &profile);
+    void addPen();
+    void changeColor(int row);
     void editPens(const QVector<jobkit::Pen> &pens);
     void changeMode(int row);
     void fillMaterials();
     void applyMaterial();
+    void importMaterial();
+    void exportMaterial();
+    void takeMaterial(bool isRead, const jobkit::Material &material, const QString &error);
     void saveMaterial();
     void tell(const QString &text);
 
@@ -72,6 +82,8 @@ private:
     QPushButton *m_saveMaterial;
     QComboBox *m_machine;
     QPushButton *m_otherMachine;
+    QPushButton *m_editMachine;
+    QPushButton *m_addPen;
     QComboBox *m_order;
     QComboBox *m_hatchPlace;
     QCheckBox *m_penByPen;

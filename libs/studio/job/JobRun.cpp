@@ -5,32 +5,50 @@
 #include <hostkit/marks/MarkGraphBuilder.h>
 #include <jobkit/marks/MarkGraphItems.h>
 
+#include <limits>
+
 namespace studio {
 
 namespace {
 
 /** Time after which the best order so far is kept: somebody waits. */
 constexpr int kOrderMs = 3000;
+constexpr int kGatherMs = 50;
 
 } // namespace
 
-bool gatherItems(const ZTGraphicsDocument &document, GatheredItems *gathered)
+bool operator==(const JobRequest &a, const JobRequest &b)
+{
+    return a.items == b.items && a.pens == b.pens && a.machine == b.machine &&
+           a.settings == b.settings;
+}
+
+Gathering gatherItems(const ZTGraphicsDocument &document, GatheredItems *gathered,
+                      const GatherProgress &progress)
 {
     const hostkit::MarkItems shapes = hostkit::markedItems(document);
+    QVector<QPointer<ShapeItem>> kept;
+    for (ShapeItem *shape : shapes)
+        kept.append(shape);
     hostkit::MarkGraphBuilder builder(document, shapes, EShapeSortType::ShapeSortNone);
-    while (builder.work(1000)) {
+    while (builder.work(kGatherMs)) {
+        if (!progress(builder.done(), builder.total()))
+            return Gathering::Cancelled;
     }
-    const hostkit::DrawingMarks marks = builder.take();
-    if (!marks.isWhole() || marks.graph.objects.size() != shapes.size())
-        return false;
-    gathered->items = jobkit::itemsOf(marks.graph, marks.units);
-    gathered->notReady = marks.findings.notReady;
-    gathered->shapes.clear();
-    for (int i = 0; i < shapes.size(); ++i) {
-        gathered->items[i].name = shapeName(*shapes[i]);
-        gathered->shapes.append(shapes[i]);
+    gathered->notReady = builder.findings().notReady;
+    const ZTMarkGraph graph = builder.takeUnordered();
+    const auto units = hostkit::MarkUnits::of(*document.itemMag());
+    gathered->items = jobkit::itemsOf(graph, units, builder.layers());
+    gathered->shapes = kept;
+    if (graph.objects.size() != kept.size())
+        return Gathering::NotWhole;
+    for (int i = 0; i < kept.size(); ++i) {
+        if (!kept[i])
+            return Gathering::NotWhole;
+        gathered->items[i].name = shapeName(*kept[i]);
+        jobkit::describeShape(*kept[i], &gathered->items[i]);
     }
-    return true;
+    return Gathering::Done;
 }
 
 std::shared_ptr<const Job> makeJob(const JobRequest &request, const std::atomic<bool> &isGivenUp)
@@ -44,7 +62,7 @@ std::shared_ptr<const Job> makeJob(const JobRequest &request, const std::atomic<
     options.isInnerFirst = request.settings.isInnerFirst;
     options.hatchPlace = request.settings.hatchPlace;
     options.headMm = job->headMm();
-    options.budgetMs = kOrderMs;
+    options.budgetMs = request.isTimed ? kOrderMs : std::numeric_limits<int>::max();
     options.progress = [&isGivenUp](double) { return !isGivenUp; };
     job->order = jobkit::orderPlan(&job->plan, options);
     jobkit::layOutPasses(&job->plan, jobkit::PassOrder::WholeJob);

@@ -7,6 +7,7 @@
 #include <jobkit/plan/JobTimes.h>
 
 #include <atomic>
+#include <functional>
 #include <memory>
 
 namespace studio {
@@ -18,7 +19,11 @@ struct JobRequest
     QVector<jobkit::Pen> pens;
     jobkit::MachineProfile machine;
     JobSettings settings;
+    bool isTimed = true; ///< the search for an order ends after a moment; else after its steps
 };
+
+/** Whether two requests ask for the same marks on the same machine, to the last bit. */
+bool operator==(const JobRequest &a, const JobRequest &b);
 
 /** A job as it is previewed, timed and written: the same plan for all of them. */
 struct Job
@@ -41,12 +46,18 @@ struct GatheredItems
     QStringList notReady; ///< shapes that mark something else than asked for, with why
 };
 
-/**
- * Gathers what a drawing marks, what is marked first first. Order: GUI thread.
- *
- * Failure: false where not all shapes come out whole.
- */
-bool gatherItems(const ZTGraphicsDocument &document, GatheredItems *gathered);
+enum class Gathering : quint8 {
+    Done,
+    NotWhole, ///< not all shapes came out as marks
+    Cancelled
+};
+
+/** Told how many shapes of how many are gathered; false gives up. May run events. */
+using GatherProgress = std::function<bool(int done, int total)>;
+
+/** Gathers what a drawing marks, what is marked first first. Order: GUI thread. */
+Gathering gatherItems(const ZTGraphicsDocument &document, GatheredItems *gathered,
+                      const GatherProgress &progress);
 
 /** Plans, orders, times and checks a job. Any thread. `isGivenUp` keeps the best order so far. */
 std::shared_ptr<const Job> makeJob(const JobRequest &request, const std::atomic<bool> &isGivenUp);

@@ -31,6 +31,12 @@ struct Texts
 
 } // namespace
 
+bool operator==(const JobSettings &a, const JobSettings &b)
+{
+    return a.profile == b.profile && a.order == b.order && a.hatchPlace == b.hatchPlace &&
+           a.isPenByPen == b.isPenByPen && a.isInnerFirst == b.isInnerFirst;
+}
+
 JobSettings JobSettings::load()
 {
     const QSettings settings;

@@ -25,4 +25,6 @@ struct JobSettings
     bool readProfile(jobkit::MachineProfile *machine, QString *error) const;
 };
 
+bool operator==(const JobSettings &a, const JobSettings &b);
+
 } // namespace studio

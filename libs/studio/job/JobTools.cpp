@@ -61,33 +61,47 @@ void JobTools::showOutdated()
         m_preview->setOutdated(true);
 }
 
+/** All that a job is made from. False, told, where there is none, and where the user gave up. */
+bool JobTools::gather(LongWork &work, JobRequest *request)
+{
+    request->settings = m_panel->settings();
+    request->pens = pensOf(m_document);
+    QString error;
+    if (!request->settings.readProfile(&request->machine, &error)) {
+        m_messages.failure({tr("There is no job."), error, {}});
+        return false;
+    }
+    GatheredItems gathered;
+    const Gathering result = gatherItems(
+        m_document, &gathered, [&work](int done, int total) { return work.step(done, total); });
+    if (result == Gathering::NotWhole)
+        m_messages.failure(
+            {tr("There is no job."), tr("Not all shapes could be turned into marks."), {}});
+    if (result != Gathering::Done)
+        return false;
+    request->items = gathered.items;
+    m_shapes = gathered.shapes;
+    return true;
+}
+
+/** The job of what the drawing marks now: the one shown last, where nothing has changed. */
 std::shared_ptr<const Job> JobTools::makeJob()
 {
     m_texts.finishTyping();
     JobRequest request;
-    request.settings = m_panel->settings();
-    request.pens = pensOf(m_document);
-    QString error;
-    GatheredItems gathered;
-    if (!request.settings.readProfile(&request.machine, &error)) {
-        m_messages.failure({tr("There is no job."), error, {}});
+    LongWork work(m_window, tr("Making the job..."), LongWork::Cancel::Possible);
+    if (!gather(work, &request))
         return nullptr;
-    }
-    if (!gatherItems(m_document, &gathered)) {
-        m_messages.failure(
-            {tr("There is no job."), tr("Not all shapes could be turned into marks."), {}});
-        return nullptr;
-    }
-    request.items = gathered.items;
-    m_shapes = gathered.shapes;
+    if (m_job && m_job->request == request)
+        return m_job;
     const auto isGivenUp = std::make_shared<std::atomic<bool>>(false);
     const auto job = std::make_shared<std::shared_ptr<const Job>>();
-    LongWork work(m_window, tr("Making the job..."), LongWork::Cancel::Possible);
     if (!work.run([request, isGivenUp, job] { *job = studio::makeJob(request, *isGivenUp); })) {
         *isGivenUp = true;
         return nullptr;
     }
-    return *job;
+    m_job = *job;
+    return m_job;
 }
 
 void JobTools::showPreview()
@@ -160,8 +174,9 @@ void JobTools::askAndExport()
     QString error;
     m_panel->settings().readProfile(&machine, &error);
     auto *dialog = new JobExportDialog(suffixOf(machine.form), m_exporter->hasNumbers(), &m_window);
-    connect(dialog, &JobExportDialog::chosen, this,
-            [this](const JobExport &wanted) { m_exporter->write(wanted, m_panel->settings()); });
+    connect(dialog, &JobExportDialog::chosen, this, [this](const JobExport &wanted) {
+        m_exporter->write(wanted, m_panel->settings(), m_job);
+    });
     dialog->open();
 }
 

@@ -12,6 +12,7 @@ QT_END_NAMESPACE
 namespace studio {
 
 class JobExporter;
+class LongWork;
 class JobPanel;
 class JobPreview;
 class Messages;
@@ -40,6 +41,7 @@ public:
 
 private:
     std::shared_ptr<const Job> makeJob();
+    bool gather(LongWork &work, JobRequest *request);
     void askAndExport();
     void selectObject(int object);
     void showOutdated();
@@ -51,6 +53,7 @@ private:
     JobPanel *m_panel;
     JobExporter *m_exporter; ///< child
     QPointer<JobPreview> m_preview;
+    std::shared_ptr<const Job> m_job;      ///< the one shown last; may be null
     QVector<QPointer<ShapeItem>> m_shapes; ///< behind the objects of the job shown last
 };
 

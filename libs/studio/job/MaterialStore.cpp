@@ -68,15 +68,20 @@ bool MaterialStore::readFile(const QString &path, jobkit::Material *material, QS
 
 bool MaterialStore::save(const jobkit::Material &material, QString *error) const
 {
+    QDir().mkpath(m_folder);
+    return saveFile(fileOf(material.name), material, error);
+}
+
+bool MaterialStore::saveFile(const QString &path, const jobkit::Material &material, QString *error)
+{
     *error = material.problem();
     if (!error->isEmpty())
         return false;
-    QDir().mkpath(m_folder);
     hostkit::Failure failure;
     const QByteArray json = jobkit::writeMaterial(material);
     if (hostkit::saveWhole(
-            fileOf(material.name),
-            [&json](QIODevice &device) { return device.write(json) == json.size(); }, &failure))
+            path, [&json](QIODevice &device) { return device.write(json) == json.size(); },
+            &failure))
         return true;
     *error = failure.reason;
     return false;

@@ -26,6 +26,9 @@ public:
     /** Reads a file from anywhere. Failure: as of `read`. */
     static bool readFile(const QString &path, jobkit::Material *material, QString *error);
 
+    /** Writes a file anywhere. Failure: false with the reason; what stood there stays. */
+    static bool saveFile(const QString &path, const jobkit::Material &material, QString *error);
+
 private:
     QString fileOf(const QString &name) const;
 

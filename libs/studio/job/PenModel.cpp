@@ -41,6 +41,8 @@ double *field(jobkit::Pen *pen, int column)
         return &pen->frequencyKHz;
     case PenModel::PulseWidth:
         return &pen->pulseWidthNs;
+    case PenModel::DotTime:
+        return &pen->dotMs;
     default:
         return nullptr;
     }
@@ -123,6 +125,10 @@ QVariant PenModel::data(const QModelIndex &index, int role) const
         return pen.isOn ? Qt::Checked : Qt::Unchecked;
     if (role == Qt::DecorationRole && column == Number)
         return swatch(pen.color);
+    if (role == Qt::ToolTipRole && column == Number)
+        return tr("Double click changes the colour.");
+    if (role == Qt::ToolTipRole && column == DotTime)
+        return tr("How long the beam stays on a dot, such as those of a code of points.");
     if (role == Qt::ToolTipRole && column == Mode)
         return tr("constant: the same power at any speed; dynamic: lowered where the head slows "
                   "down. Double click changes it.");
@@ -168,9 +174,9 @@ QVariant PenModel::headerData(int section, Qt::Orientation orientation, int role
 {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
-    const QString names[ColumnCount] = {tr("On"),        tr("Pen"),   tr("Name"),
-                                        tr("mm/s"),      tr("%"),     tr("kHz"),
-                                        tr("Pulse, ns"), tr("Times"), tr("Power")};
+    const QString names[ColumnCount] = {tr("On"),    tr("Pen"),  tr("Name"),      tr("mm/s"),
+                                        tr("%"),     tr("kHz"),  tr("Pulse, ns"), tr("Dot, ms"),
+                                        tr("Times"), tr("Power")};
     return names[section];
 }
 

@@ -23,6 +23,7 @@ public:
         Power,      ///< %
         Frequency,  ///< kHz
         PulseWidth, ///< ns
+        DotTime,    ///< ms on a dot
         Passes,
         Mode,
         ColumnCount

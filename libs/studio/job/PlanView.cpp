@@ -155,7 +155,7 @@ QColor PlanView::colorOf(int piece) const
 void PlanView::drawPiece(QPainter &painter, int piece, int first, int last) const
 {
     const QPolygonF &points = m_job->plan.pieces[piece].pointsMm;
-    if (points.size() == 1)
+    if (m_job->plan.pieces[piece].isDot())
         painter.drawPoint(points.first());
     else if (last > first)
         painter.drawPolyline(points.constData() + first, last - first + 1);

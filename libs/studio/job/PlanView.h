@@ -38,6 +38,7 @@ public:
     explicit PlanView(QWidget *parent = nullptr);
 
     void setJob(const std::shared_ptr<const Job> &job);
+    const std::shared_ptr<const Job> &job() const { return m_job; } ///< may be null
     void setLook(const Look &look);
     const Look &look() const { return m_look; }
 

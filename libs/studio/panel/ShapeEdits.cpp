@@ -7,6 +7,8 @@
 #include <studio/panel/ShapeStep.h>
 #include <studio/panel/TypedMeasure.h>
 
+#include <hostkit/items/ItemHatches.h>
+
 #include <QtWidgets/QUndoStack>
 
 #include <algorithm>
@@ -265,6 +267,33 @@ QString ShapeEdits::place(const QVector<Placement> &placements, const char *undo
 }
 
 QString ShapeEdits::setHatch(const std::function<void(ZTFillParam &fill)> &change)
+{
+    return pushHatch([&change](ZTFillParam &fill, hostkit::ItemExtras &) { change(fill); });
+}
+
+QString ShapeEdits::setHatches(const std::function<void(QVector<hostkit::ShapeHatch> &hatches,
+                                                        const hostkit::ShapeHatch &fresh)> &change)
+{
+    return pushHatch([&change](ZTFillParam &fill, hostkit::ItemExtras &extras) {
+        hostkit::ShapeHatch fresh;
+        fresh.spacingMm = fill.spac;
+        fresh.angleDeg = 0.0 - fill.angle;
+        QVector<hostkit::ShapeHatch> hatches = hostkit::hatchesOf(fill, extras);
+        change(hatches, fresh);
+        hostkit::setHatches(hatches, &fill, &extras);
+    });
+}
+
+QString ShapeEdits::setOutlinesUnited(bool areUnited)
+{
+    return pushHatch([areUnited](ZTFillParam &, hostkit::ItemExtras &extras) {
+        extras.outlineUnion =
+            areUnited ? hostkit::OutlineUnion::Always : hostkit::OutlineUnion::Never;
+    });
+}
+
+QString
+ShapeEdits::pushHatch(const std::function<void(ZTFillParam &, hostkit::ItemExtras &)> &change)
 {
     ShapeItems areas;
     for (ShapeItem *item : selectedShapeItems(*m_document.scene())) {

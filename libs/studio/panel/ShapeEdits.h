@@ -2,9 +2,15 @@
 
 #include <studio/ShapeMeasures.h>
 
+#include <hostkit/items/ShapeHatch.h>
+
 #include <QtCore/QCoreApplication>
 
 #include <functional>
+
+namespace hostkit {
+struct ItemExtras;
+}
 
 namespace studio {
 
@@ -56,6 +62,16 @@ public:
     /** Changes the hatch of all selected shapes that can have one. */
     QString setHatch(const std::function<void(ZTFillParam &fill)> &change);
 
+    /**
+     * Changes the hatches of all selected shapes that can have some. `fresh` is a shape's hatch as
+     * it was when it last had one: the one to begin with.
+     */
+    QString setHatches(const std::function<void(QVector<hostkit::ShapeHatch> &hatches,
+                                                const hostkit::ShapeHatch &fresh)> &change);
+
+    /** Whether overlapping outlines of each selected shape are united. */
+    QString setOutlinesUnited(bool areUnited);
+
     /** Sets the number of sides of selected polygons. */
     QString setSides(int sides);
 
@@ -63,6 +79,7 @@ public:
     QString setLength(double mm);
 
 private:
+    QString pushHatch(const std::function<void(ZTFillParam &, hostkit::ItemExtras &)> &change);
     QString place(const QVector<Placement> &placements, const char *undoSource);
 
     ZTGraphicsDocument &m_document;

@@ -3127,6 +3127,122 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>Spacing of the hatch in %1</source>
         <translation>填充间距（%1）</translation>
     </message>
+    <message>
+        <source>%1 passes</source>
+        <translation>%1 遍</translation>
+    </message>
+    <message>
+        <source>%1°</source>
+        <translation>%1°</translation>
+    </message>
+    <message>
+        <source>All lines one way</source>
+        <translation>所有线同向</translation>
+    </message>
+    <message>
+        <source>By how much each pass is turned against the one before</source>
+        <translation>每一遍相对前一遍旋转的角度</translation>
+    </message>
+    <message>
+        <source>Every line is marked in the same direction; otherwise to and fro</source>
+        <translation>每条线按同一方向标刻；否则来回标刻</translation>
+    </message>
+    <message>
+        <source>How often this hatch is marked, times the passes of its pen</source>
+        <translation>此填充标刻的遍数，再乘以其笔的遍数</translation>
+    </message>
+    <message>
+        <source>Inset</source>
+        <translation>内缩</translation>
+    </message>
+    <message>
+        <source>Outlines of the shape that overlap are marked as one, and hatched where they overlap</source>
+        <translation>图形中相互重叠的轮廓合并为一个标刻，重叠处也会填充</translation>
+    </message>
+    <message>
+        <source>Passes</source>
+        <translation>遍数</translation>
+    </message>
+    <message>
+        <source>Passes of the hatch</source>
+        <translation>填充的遍数</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>笔</translation>
+    </message>
+    <message>
+        <source>Pen of the hatch</source>
+        <translation>填充的笔</translation>
+    </message>
+    <message>
+        <source>Pen that marks this hatch</source>
+        <translation>标刻此填充的笔</translation>
+    </message>
+    <message>
+        <source>Turn</source>
+        <translation>旋转</translation>
+    </message>
+    <message>
+        <source>Turn of each pass in degrees</source>
+        <translation>每遍旋转角度（度）</translation>
+    </message>
+    <message>
+        <source>Unite overlapping outlines</source>
+        <translation>合并重叠的轮廓</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>时机</translation>
+    </message>
+    <message>
+        <source>When the hatch is marked</source>
+        <translation>填充的标刻时机</translation>
+    </message>
+    <message>
+        <source>Whether this hatch is marked before or after the outlines</source>
+        <translation>此填充在轮廓之前还是之后标刻</translation>
+    </message>
+    <message>
+        <source>after the outlines</source>
+        <translation>在轮廓之后</translation>
+    </message>
+    <message>
+        <source>as the job says</source>
+        <translation>按作业设置</translation>
+    </message>
+    <message>
+        <source>before the outlines</source>
+        <translation>在轮廓之前</translation>
+    </message>
+    <message>
+        <source>contours inward</source>
+        <translation>向内轮廓线</translation>
+    </message>
+    <message>
+        <source>crossed lines</source>
+        <translation>交叉线</translation>
+    </message>
+    <message>
+        <source>lines, turned each pass</source>
+        <translation>每遍旋转的线</translation>
+    </message>
+    <message>
+        <source>pen %1</source>
+        <translation>笔 %1</translation>
+    </message>
+    <message>
+        <source>Distance of the hatch from the outline, on the part</source>
+        <translation>填充与轮廓的距离（工件上）</translation>
+    </message>
+    <message>
+        <source>Inset of the hatch in %1</source>
+        <translation>填充内缩量（%1）</translation>
+    </message>
+    <message>
+        <source>the shape&apos;s</source>
+        <translation>图形的笔</translation>
+    </message>
 </context>
 <context>
     <name>studio::ItemSection</name>
@@ -3645,6 +3761,26 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>Written as shown, they hold the last content that they could.</source>
         <translation>若按所显示的写出，它们保持最后一个可行的内容。</translation>
     </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 至 %2</translation>
+    </message>
+    <message>
+        <source>An earlier export took %1, and the drawing was not saved after it. These numbers are passed over, for its files may have been run.</source>
+        <translation>之前的导出取用了 %1，其后图纸未保存。这些编号将被跳过，因为那些文件可能已被运行。</translation>
+    </message>
+    <message>
+        <source>An earlier export took %1, and the numbers of the drawing were changed since.</source>
+        <translation>之前的导出取用了 %1，其后图纸的编号已被修改。</translation>
+    </message>
+    <message>
+        <source>Numbers were taken before.</source>
+        <translation>之前已取用过编号。</translation>
+    </message>
+    <message>
+        <source>The numbers cannot be noted beside the drawing: %1. No file was written.</source>
+        <translation>无法在图纸旁记录编号：%1。未写入任何文件。</translation>
+    </message>
 </context>
 <context>
     <name>studio::JobPanel</name>
@@ -3775,6 +3911,26 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>pen %1 %2</source>
         <translation>笔 %1 %2</translation>
+    </message>
+    <message>
+        <source>A further pen, with the values of the last one</source>
+        <translation>再加一支笔，取最后一支笔的参数</translation>
+    </message>
+    <message>
+        <source>Add &amp;pen</source>
+        <translation>添加笔(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Change the values of this machine, or make a machine like it</source>
+        <translation>修改此机器的参数，或据此新建机器</translation>
+    </message>
+    <message>
+        <source>E&amp;dit...</source>
+        <translation>编辑(&amp;D)...</translation>
+    </message>
+    <message>
+        <source>To a file...</source>
+        <translation>到文件...</translation>
     </message>
 </context>
 <context>
@@ -4097,6 +4253,18 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>mm/s</source>
         <translation>毫米/秒</translation>
+    </message>
+    <message>
+        <source>Dot, ms</source>
+        <translation>点，毫秒</translation>
+    </message>
+    <message>
+        <source>Double click changes the colour.</source>
+        <translation>双击可更改颜色。</translation>
+    </message>
+    <message>
+        <source>How long the beam stays on a dot, such as those of a code of points.</source>
+        <translation>光束在一个点（如点状码的点）上停留的时间。</translation>
     </message>
 </context>
 <context>
@@ -4778,6 +4946,271 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>mm</source>
         <translation>mm</translation>
+    </message>
+</context>
+<context>
+    <name>studio::HatchList</name>
+    <message>
+        <source>A further hatch over the same shape, up to eight</source>
+        <translation>在同一图形上再加一种填充，最多八种</translation>
+    </message>
+    <message>
+        <source>Add hatch</source>
+        <translation>添加填充</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>下移</translation>
+    </message>
+    <message>
+        <source>Hatches</source>
+        <translation>填充</translation>
+    </message>
+    <message>
+        <source>Marks this hatch earlier</source>
+        <translation>让此填充更早标刻</translation>
+    </message>
+    <message>
+        <source>Marks this hatch later</source>
+        <translation>让此填充更晚标刻</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>移除</translation>
+    </message>
+    <message>
+        <source>Takes away the hatch that the fields show</source>
+        <translation>移除当前所示的填充</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>上移</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ProfileDialog</name>
+    <message>
+        <source>%1, my own</source>
+        <translation>%1（自定义）</translation>
+    </message>
+    <message>
+        <source>%1: a number is needed.</source>
+        <translation>%1：需要一个数字。</translation>
+    </message>
+    <message>
+        <source>&amp;Import...</source>
+        <translation>导入(&amp;I)...</translation>
+    </message>
+    <message>
+        <source>&amp;Keep</source>
+        <translation>保存(&amp;K)</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>移除(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Acceleration, mm/s²</source>
+        <translation>加速度，毫米/秒²</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>Bottom left</source>
+        <translation>左下</translation>
+    </message>
+    <message>
+        <source>Bottom right</source>
+        <translation>右下</translation>
+    </message>
+    <message>
+        <source>CSV</source>
+        <translation>CSV</translation>
+    </message>
+    <message>
+        <source>DXF</source>
+        <translation>DXF</translation>
+    </message>
+    <message>
+        <source>Decimals</source>
+        <translation>小数位数</translation>
+    </message>
+    <message>
+        <source>Delay after a jump, µs</source>
+        <translation>空跳后延时，微秒</translation>
+    </message>
+    <message>
+        <source>Delay after a mark, µs</source>
+        <translation>标刻后延时，微秒</translation>
+    </message>
+    <message>
+        <source>Delay at corners, µs</source>
+        <translation>拐角延时，微秒</translation>
+    </message>
+    <message>
+        <source>E&amp;xport...</source>
+        <translation>导出(&amp;X)...</translation>
+    </message>
+    <message>
+        <source>Export the machine profile</source>
+        <translation>导出机器配置</translation>
+    </message>
+    <message>
+        <source>Exported.</source>
+        <translation>已导出。</translation>
+    </message>
+    <message>
+        <source>Fastest marking, mm/s</source>
+        <translation>最高标刻速度，毫米/秒</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>Form</source>
+        <translation>格式</translation>
+    </message>
+    <message>
+        <source>G-code</source>
+        <translation>G 代码</translation>
+    </message>
+    <message>
+        <source>Galvo: mirrors</source>
+        <translation>振镜</translation>
+    </message>
+    <message>
+        <source>Gantry: axes with mass</source>
+        <translation>龙门：有质量的轴</translation>
+    </message>
+    <message>
+        <source>HP-GL</source>
+        <translation>HP-GL</translation>
+    </message>
+    <message>
+        <source>Height of the field, mm</source>
+        <translation>幅面高度，毫米</translation>
+    </message>
+    <message>
+        <source>Inches</source>
+        <translation>英寸</translation>
+    </message>
+    <message>
+        <source>JSON</source>
+        <translation>JSON</translation>
+    </message>
+    <message>
+        <source>Junction deviation, mm</source>
+        <translation>拐点偏差，毫米</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>类型</translation>
+    </message>
+    <message>
+        <source>Laser mode: power changes on the way</source>
+        <translation>激光模式：行进中改变功率</translation>
+    </message>
+    <message>
+        <source>Lines after the job</source>
+        <translation>作业之后的行</translation>
+    </message>
+    <message>
+        <source>Lines before the job</source>
+        <translation>作业之前的行</translation>
+    </message>
+    <message>
+        <source>Machine</source>
+        <translation>机器</translation>
+    </message>
+    <message>
+        <source>Machine and field</source>
+        <translation>机器与幅面</translation>
+    </message>
+    <message>
+        <source>Machine profile</source>
+        <translation>机器配置</translation>
+    </message>
+    <message>
+        <source>Machine profiles (*.json)</source>
+        <translation>机器配置 (*.json)</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>中心</translation>
+    </message>
+    <message>
+        <source>Millimetres</source>
+        <translation>毫米</translation>
+    </message>
+    <message>
+        <source>Motion</source>
+        <translation>运动</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Name: &quot;%1&quot; is that of a machine that comes with the program.</source>
+        <translation>名称：“%1”是程序自带机器的名称。</translation>
+    </message>
+    <message>
+        <source>Origin</source>
+        <translation>原点</translation>
+    </message>
+    <message>
+        <source>S at full power</source>
+        <translation>满功率时的 S 值</translation>
+    </message>
+    <message>
+        <source>SVG</source>
+        <translation>SVG</translation>
+    </message>
+    <message>
+        <source>Speed of jumps, mm/s</source>
+        <translation>空跳速度，毫米/秒</translation>
+    </message>
+    <message>
+        <source>This machine comes with the program and stays as it is: a copy is kept.</source>
+        <translation>此机器随程序提供，保持不变：将保存一份副本。</translation>
+    </message>
+    <message>
+        <source>Top left</source>
+        <translation>左上</translation>
+    </message>
+    <message>
+        <source>Top right</source>
+        <translation>右上</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>单位</translation>
+    </message>
+    <message>
+        <source>Width of the field, mm</source>
+        <translation>幅面宽度，毫米</translation>
+    </message>
+    <message>
+        <source>Y counts</source>
+        <translation>Y 方向</translation>
+    </message>
+    <message>
+        <source>downward</source>
+        <translation>向下</translation>
+    </message>
+    <message>
+        <source>upward</source>
+        <translation>向上</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ProfileStore</name>
+    <message>
+        <source>The machine profile &quot;%1&quot; cannot be read.</source>
+        <translation>无法读取机器配置“%1”。</translation>
     </message>
 </context>
 </TS>

@@ -117,10 +117,39 @@ private Q_SLOTS:
     void oneWayPieces_keepTheirDirection();
     void asDrawn_changesNothing();
     void stages_penThenHatchThenInner();
+    void hatchesWithAMoment_comeBeforeOrAfter_whateverTheirPen();
     void cancelled_keepsTheBestSoFar();
     void emptyAndSingle_stay();
     void manyPieces_withinTheTime();
 };
+
+void tst_JobOrder::hatchesWithAMoment_comeBeforeOrAfter_whateverTheirPen()
+{
+    JobPlan plan;
+    const auto add = [&plan](int hatch, int pen, hostkit::HatchMoment moment) {
+        PlanPiece made = piece({{0, double(plan.pieces.size())}, {5, 3}}, plan.pieces.size());
+        made.hatch = hatch;
+        made.pen = pen;
+        made.moment = moment;
+        plan.pieces.append(made);
+    };
+    add(0, 2, hostkit::HatchMoment::Any);
+    add(1, 1, hostkit::HatchMoment::AfterOutline);
+    add(2, 9, hostkit::HatchMoment::BeforeOutline);
+    add(0, 1, hostkit::HatchMoment::Any);
+    add(1, 3, hostkit::HatchMoment::Any);
+    OrderOptions options;
+    options.isPenByPen = true;
+    for (const OrderKind kind : {OrderKind::Nearest, OrderKind::Best}) {
+        JobPlan ordered = plan;
+        options.kind = kind;
+        orderPlan(&ordered, options);
+        QVector<int> objects;
+        for (const PlanPiece &one : qAsConst(ordered.pieces))
+            objects.append(one.object);
+        QCOMPARE(objects, (QVector<int>{2, 3, 0, 4, 1}));
+    }
+}
 
 void tst_JobOrder::handMade_best()
 {

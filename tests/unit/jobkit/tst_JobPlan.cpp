@@ -23,6 +23,8 @@ private Q_SLOTS:
     void pensThatAreOff_areLeftOut();
     void passes_ofTheWholeJob();
     void passes_objectByObject();
+    void hatchesWithAMoment_goWithAllTheirPasses();
+    void turns_arePassesOfTheirOwn();
     void lengths_byHand();
     void graph_losesAndDoublesNothing();
 };
@@ -99,6 +101,55 @@ static QVector<QPair<int, int>> objectsAndPasses(PassOrder order)
     for (const PlanPiece &piece : qAsConst(plan.pieces))
         result.append({piece.object * 10 + piece.hatch, piece.pass});
     return result;
+}
+
+void tst_JobPlan::hatchesWithAMoment_goWithAllTheirPasses()
+{
+    JobItem item;
+    item.outlinesMm = {polygon({{0, 0}, {1, 0}})};
+    JobHatch after;
+    after.moment = hostkit::HatchMoment::AfterOutline;
+    after.passes = 2;
+    after.runsMm = {polygon({{0, 0}, {1, 1}})};
+    JobHatch before = after;
+    before.moment = hostkit::HatchMoment::BeforeOutline;
+    item.hatches = {after, before};
+    QVector<Pen> pens = defaultPens();
+    pens[0].passes = 2;
+    JobPlan plan = planOf({item}, pens);
+    layOutPasses(&plan, PassOrder::WholeJob);
+    QVector<QPair<int, int>> result;
+    for (const PlanPiece &piece : qAsConst(plan.pieces))
+        result.append({piece.hatch, piece.pass});
+    const QVector<QPair<int, int>> expected{{2, 1}, {2, 2}, {2, 3}, {2, 4}, {0, 1},
+                                            {0, 2}, {1, 1}, {1, 2}, {1, 3}, {1, 4}};
+    QCOMPARE(result, expected);
+}
+
+// Three turns, each marked twice by its pen: six passes, the second turn in the third and fourth.
+void tst_JobPlan::turns_arePassesOfTheirOwn()
+{
+    JobItem item;
+    item.outlinesMm = {polygon({{0, 0}, {1, 0}})};
+    for (int turn = 1; turn <= 3; ++turn) {
+        JobHatch hatch;
+        hatch.number = 1;
+        hatch.turn = turn;
+        hatch.runsMm = {polygon({{0, 0}, {double(turn), 1}})};
+        item.hatches.append(hatch);
+    }
+    QVector<Pen> pens = defaultPens();
+    pens[0].passes = 2;
+    JobPlan plan = planOf({item}, pens);
+    QCOMPARE(plan.pieces.size(), 4);
+    layOutPasses(&plan, PassOrder::WholeJob);
+    QVector<QPair<int, int>> result; // pass, and turn by its end
+    for (const PlanPiece &piece : qAsConst(plan.pieces)) {
+        if (piece.hatch == 1)
+            result.append({piece.pass, int(piece.pointsMm.last().x())});
+    }
+    const QVector<QPair<int, int>> expected{{1, 1}, {2, 1}, {3, 2}, {4, 2}, {5, 3}, {6, 3}};
+    QCOMPARE(result, expected);
 }
 
 void tst_JobPlan::passes_ofTheWholeJob()

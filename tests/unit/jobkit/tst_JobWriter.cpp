@@ -1,4 +1,5 @@
 #include "support/GcodeController.h"
+#include "support/Skip.h"
 
 #include <jobkit/plan/JobFrame.h>
 #include <jobkit/writers/JobWriter.h>
@@ -105,7 +106,10 @@ QString problemOf(const QByteArray &program, const JobPlan &plan, const JobFile 
             return QStringLiteral("piece %1 has power %2").arg(i).arg(burn.power);
         if (std::abs(burn.feedMmPerMin - pen.speedMmPerS * 60.0) > 0.05)
             return QStringLiteral("piece %1 has feed %2").arg(i).arg(burn.feedMmPerMin);
-        if (burn.mode != (pen.powerMode == PowerMode::Dynamic ? '4' : '3'))
+        const bool isDot = plan.pieces[i].isDot();
+        if (std::abs(burn.dwellS - (isDot ? pen.dotMs / 1000.0 : 0.0)) > 1e-9)
+            return QStringLiteral("piece %1 stands still for %2 s").arg(i).arg(burn.dwellS);
+        if (burn.mode != (pen.powerMode == PowerMode::Dynamic && !isDot ? '4' : '3'))
             return QStringLiteral("piece %1 has mode %2").arg(i).arg(burn.mode);
     }
     return {};
@@ -131,6 +135,51 @@ QString save(const QTemporaryDir &folder, const QString &name, const QByteArray 
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() ? path : QString();
 }
 
+/** What an interpreter of another maker makes of a program: its polylines, and what was wrong. */
+struct ReadProgram
+{
+    QVector<QPolygonF> burnsMm;
+    QString fault;
+};
+
+/** Reads the canonical commands that rs274 says, a line each, behind "NUMBER N.....". */
+ReadProgram readCanonical(const QString &said)
+{
+    static const QRegularExpression line(
+        QStringLiteral("N\\.+ ([A-Z0-9_]+)\\(([^,)]*)(?:, ([^,)]*))?"));
+    ReadProgram read;
+    QPointF at;
+    double power = 0.0;
+    bool isOn = false;
+    bool isBurning = false;
+    auto commands = line.globalMatch(said);
+    while (commands.hasNext()) {
+        const auto command = commands.next();
+        const QString name = command.captured(1);
+        if (name == QLatin1String("SET_SPINDLE_SPEED"))
+            power = command.captured(3).toDouble();
+        else if (name.startsWith(QLatin1String("START_SPINDLE")))
+            isOn = true;
+        else if (name.startsWith(QLatin1String("STOP_SPINDLE")))
+            isOn = false;
+        if (!name.startsWith(QLatin1String("STRAIGHT_")))
+            continue;
+        const QPointF to(command.captured(2).toDouble(), command.captured(3).toDouble());
+        const bool isJump = name == QLatin1String("STRAIGHT_TRAVERSE");
+        if (isJump && isOn && power > 0.0)
+            read.fault = QStringLiteral("burns during a jump");
+        if (!isJump && !isBurning)
+            read.burnsMm.append(QPolygonF(QVector<QPointF>{at}));
+        if (!isJump)
+            read.burnsMm.last().append(to);
+        isBurning = !isJump;
+        at = to;
+    }
+    if (isOn)
+        read.fault = QStringLiteral("the laser is on at the end");
+    return read;
+}
+
 } // namespace
 
 class tst_JobWriter : public QObject
@@ -146,6 +195,7 @@ private Q_SLOTS:
     void gcode_hostileHeadIsSetRight();
     void hpgl_byHand();
     void hpgl_longLinesAreCut();
+    void gcode_isReadByAnotherProgram();
     void hpgl_isReadByAnotherProgram();
     void dxf_isReadByAnotherProgram();
     void svg_isReadByAnotherProgram();
@@ -262,6 +312,38 @@ void tst_JobWriter::hpgl_longLinesAreCut()
     QCOMPARE(std::count_if(lines.begin(), lines.end(),
                            [](const QByteArray &line) { return line.startsWith("PD"); }),
              3);
+}
+
+void tst_JobWriter::gcode_isReadByAnotherProgram()
+{
+    // Where tools/setup.sh puts it, beside the builds.
+    const QString place = QCoreApplication::applicationDirPath() + QStringLiteral("/../../rs274");
+    if (!QFile::exists(place + QStringLiteral("/bin/rs274")))
+        ZT_SKIP("rs274 is missing: tools/setup.sh test fetches it");
+    qputenv("LD_LIBRARY_PATH", QFile::encodeName(place + QStringLiteral("/lib")));
+    const QTemporaryDir folder;
+    const QString settings = save(folder, QStringLiteral("rs274.var"), {});
+    JobFile job{{somePlan()}, somePens(), someProfile(), QStringLiteral("a"), {}};
+    job.profile.decimals = 4; // as many as it says
+    const QString path = save(folder, QStringLiteral("job.nc"), written(JobForm::Gcode, job));
+    const QString said = outputOf(place + QStringLiteral("/bin/rs274"),
+                                  {QStringLiteral("-g"), QStringLiteral("-v"), settings,
+                                   QStringLiteral("-t"), settings, path});
+    QVERIFY2(!said.isNull(), "rs274 failed");
+    QVERIFY2(said.contains(QStringLiteral("PROGRAM_END")), qPrintable(said));
+    QVERIFY2(said.contains(QStringLiteral("DWELL(0.0010)")), qPrintable(said));
+    const ReadProgram read = readCanonical(said);
+    QCOMPARE(read.fault, QString());
+    const QVector<PlanPiece> &pieces = job.parts.first().pieces;
+    QCOMPARE(read.burnsMm.size(), pieces.size());
+    for (int i = 0; i < pieces.size(); ++i) {
+        QPolygonF expected = pieces[i].pointsMm;
+        if (pieces[i].isDot())
+            expected = QPolygonF(QVector<QPointF>{expected.first(), expected.first()});
+        QCOMPARE(read.burnsMm[i].size(), expected.size());
+        for (int k = 0; k < expected.size(); ++k)
+            QVERIFY(isNear(read.burnsMm[i][k], job.profile.toMachine(expected[k]), 1e-4));
+    }
 }
 
 void tst_JobWriter::hpgl_isReadByAnotherProgram()

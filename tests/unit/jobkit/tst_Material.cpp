@@ -115,7 +115,7 @@ void tst_Material::damaged_isRefusedWithTheField()
 
 void tst_Material::everyNumber_isTakenAtItsBoundsAndRefusedBeyond()
 {
-    QCOMPARE(penRanges().size(), 6);
+    QCOMPARE(penRanges().size(), 7);
     const QVector<FieldRange> ranges = penRanges();
     for (const FieldRange &range : ranges) {
         const auto isTaken = [&](double value) {

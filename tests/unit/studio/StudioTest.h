@@ -9,6 +9,7 @@
 
 #include <codekit/shape/CodeItem.h>
 #include <hostkit/setup/Factories.h>
+#include <jobkit/items/HatchedItems.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
@@ -40,6 +41,7 @@ public:
         QSettings::setDefaultFormat(QSettings::IniFormat);
         QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path());
         QSettings().clear();
+        jobkit::registerHatchedFactories();
         hostkit::registerFactories();
         codekit::registerCodeFactories();
     }

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <hostkit/items/ItemHatches.h>
+
+#include <optional>
+
+namespace jobkit {
+
+/** All lines of a shape's hatches. */
+struct HatchDrawing
+{
+    QVector<QLineF> linesPx;
+    QVector<hostkit::HatchLayer> layers; ///< of all lines, in their order; pen 0: the shape's
+};
+
+/**
+ * Draws hatches over an outline. What belongs to one run of the head is one line after another,
+ * each beginning exactly where the one before it ended.
+ *
+ * Frame: scene pixels, relative to the item's origin.
+ * `firstPx`: lines of the first hatch, where the library has drawn it already.
+ * Limit: what would bring a shape more than `kMostHatchLines` lines in all is left out.
+ */
+HatchDrawing drawHatches(const QPainterPath &outlinePx, const QVector<hostkit::ShapeHatch> &hatches,
+                         const std::optional<QVector<QLineF>> &firstPx);
+
+/**
+ * The outline with what overlaps in it united; the same path, to the last bit, where nothing does.
+ * Frame: scene pixels.
+ */
+QPainterPath unitedOutline(const QPainterPath &outlinePx);
+
+} // namespace jobkit

@@ -1,0 +1,68 @@
+#include <jobkit/marks/NumberJournal.h>
+
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QTest>
+
+using jobkit::NumberJournal;
+
+/** The note of numbers that jobs took. */
+class tst_NumberJournal : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void journal_comesBack_andGoes()
+    {
+        const QTemporaryDir folder;
+        const QString drawing = folder.filePath(QStringLiteral("plate.ztd"));
+        QVERIFY(!jobkit::readJournal(drawing));
+        NumberJournal journal{"4 ;", "9 ;", 5, QStringLiteral("SN-\u00e4 004"),
+                              QStringLiteral("SN 008")};
+        hostkit::Failure failure;
+        QVERIFY(jobkit::writeJournal(drawing, journal, &failure));
+        const auto read = jobkit::readJournal(drawing);
+        QVERIFY(read.has_value());
+        QCOMPARE(read->before, journal.before);
+        QCOMPARE(read->after, journal.after);
+        QCOMPARE(read->parts, journal.parts);
+        QCOMPARE(read->first, journal.first);
+        QCOMPARE(read->last, journal.last);
+        QVERIFY(!jobkit::readJournal(folder.filePath(QStringLiteral("other.ztd"))));
+        jobkit::removeJournal(drawing);
+        QVERIFY(!jobkit::readJournal(drawing));
+    }
+
+    void damagedJournal_isNone_data()
+    {
+        QTest::addColumn<QByteArray>("json");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("no parts") << QByteArray(R"({"format":"number-journal","version":1})");
+        QTest::newRow("other") << QByteArray(R"({"format":"job-plan","version":1,"parts":3})");
+        QTest::newRow("later") << QByteArray(
+            R"({"format":"number-journal","version":2,"parts":3})");
+    }
+
+    void damagedJournal_isNone()
+    {
+        QFETCH(QByteArray, json);
+        const QTemporaryDir folder;
+        const QString drawing = folder.filePath(QStringLiteral("plate.ztd"));
+        QFile file(jobkit::journalPath(drawing));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(json);
+        file.close();
+        QVERIFY(!jobkit::readJournal(drawing));
+    }
+
+    void noFolder_isAFailure()
+    {
+        hostkit::Failure failure;
+        QVERIFY(!jobkit::writeJournal(QStringLiteral("/nowhere/at/all.ztd"), {{}, {}, 1, {}, {}},
+                                      &failure));
+        QVERIFY(!failure.reason.isEmpty());
+    }
+};
+
+QTEST_MAIN(tst_NumberJournal)
+#include "tst_NumberJournal.moc"
