@@ -39,6 +39,7 @@
 #include <studio/help/ManualWindow.h>
 #include <studio/help/ShortcutSheet.h>
 #include <studio/import/ImportDialog.h>
+#include <studio/import/Reimporter.h>
 #include <studio/job/JobExporter.h>
 #include <studio/job/JobPanel.h>
 #include <studio/job/JobTools.h>
@@ -188,9 +189,11 @@ void MainWindow::buildDocument()
     m_guides = new GuideTools(*m_drawing, *m_snap, *this);
     m_groups = new GroupTools(*m_drawing, this);
     m_tools = new DrawingTools(*m_drawing, *m_actions, this);
+    m_paths = new PathTools(*m_drawing, *m_tools, *m_snap, *this);
     // After the tools: who pans, pans with every tool.
     m_viewNavigation = new ViewNavigation(*m_drawing->view(), this);
     m_importer = std::make_unique<Importer>(*m_drawing, *m_messages);
+    m_reimporter = new Reimporter(*m_drawing, *m_messages, this);
     m_drawingFiles = new DrawingFiles(*m_drawing, *m_messages, *this);
     m_textTools = new TextTools(*m_drawing, *m_messages, *this);
     m_codeTools = new CodeTools(*m_drawing, *this);
@@ -219,7 +222,8 @@ void MainWindow::buildTools()
     connect(m_clipboard, &ClipboardActions::told, m_status,
             [this](const QString &text) { m_status->showMessage(text, kStatusMs); });
     m_arrange = new ArrangeActions(*m_drawing, *m_groups, this);
-    m_paths = new PathTools(*m_drawing, *this);
+    connect(m_reimporter, &Reimporter::told, m_status,
+            [this](const QString &words) { m_status->showMessage(words, kStatusMs); });
     connect(m_paths, &PathTools::told, m_status,
             [this](const QString &words) { m_status->showMessage(words, kStatusMs); });
     connect(m_arrange, &ArrangeActions::alignToChanged, this, &MainWindow::refreshCommands);
@@ -662,7 +666,9 @@ bool MainWindow::offerDrawing(const ReadDrawing &read, std::optional<QPointF> sc
 {
     auto *dialog = new ImportDialog(read.path, read.drawing, this);
     connect(dialog, &ImportDialog::chosen, this, [this, dialog, path = read.path, scenePx] {
-        if (m_importer->bringIn({{path, dialog->drawing()}}, dialog->options(), scenePx) > 0)
+        const ReadDrawing taken{path, dialog->drawing(), dialog->scale().width(),
+                                dialog->scale().height(), dialog->cleaning()};
+        if (m_importer->bringIn({taken}, dialog->options(), scenePx) > 0)
             navigation().reveal(m_drawing->scene()->getSelectionItemRect());
     });
     dialog->open();

@@ -755,6 +755,98 @@
         <source>Units, field, curves, new shapes, language, theme</source>
         <translation>单位、幅面、曲线、新图形、语言、主题</translation>
     </message>
+    <message>
+        <source>&amp;Add between</source>
+        <translation>中间添加(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Break</source>
+        <translation>断开(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Delete nodes</source>
+        <translation>删除节点(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Join</source>
+        <translation>连接(&amp;J)</translation>
+    </message>
+    <message>
+        <source>&amp;Nodes</source>
+        <translation>节点(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Smooth</source>
+        <translation>平滑(&amp;S)</translation>
+    </message>
+    <message>
+        <source>A curve between the selected nodes</source>
+        <translation>选中节点之间为曲线</translation>
+    </message>
+    <message>
+        <source>A node in the middle between selected ones</source>
+        <translation>在选中节点的正中间添加节点</translation>
+    </message>
+    <message>
+        <source>C&amp;orner</source>
+        <translation>尖角(&amp;O)</translation>
+    </message>
+    <message>
+        <source>C&amp;urve</source>
+        <translation>曲线(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Draw a curve: click points, drag from them to bend</source>
+        <translation>绘制曲线：单击取点，从点拖动使其弯曲</translation>
+    </message>
+    <message>
+        <source>Draw a path point by point</source>
+        <translation>逐点绘制路径</translation>
+    </message>
+    <message>
+        <source>Edit the nodes of a path</source>
+        <translation>编辑路径的节点</translation>
+    </message>
+    <message>
+        <source>One node of two selected ends</source>
+        <translation>两个选中的端点合成一个节点</translation>
+    </message>
+    <message>
+        <source>Pol&amp;yline</source>
+        <translation>折线(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>Straight between the selected nodes</source>
+        <translation>选中节点之间为直线</translation>
+    </message>
+    <message>
+        <source>The control points of the selected nodes move on their own</source>
+        <translation>选中节点的控制点各自移动</translation>
+    </message>
+    <message>
+        <source>The line runs through the selected nodes without a corner</source>
+        <translation>线平滑地通过选中的节点</translation>
+    </message>
+    <message>
+        <source>To &amp;curve</source>
+        <translation>变为曲线(&amp;C)</translation>
+    </message>
+    <message>
+        <source>To &amp;line</source>
+        <translation>变为直线(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Two ends of each selected node</source>
+        <translation>每个选中的节点变为两个端点</translation>
+    </message>
+    <message>
+        <source>Re-impor&amp;t</source>
+        <translation>重新导入(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Bring changed files in once more; place, size, pen and hatch stay</source>
+        <translation>再次导入选中图形的文件；位置、大小、笔和填充保持不变</translation>
+    </message>
 </context>
 <context>
     <name>studio::ArcPage</name>
@@ -2262,6 +2354,46 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>Change field or curves</source>
         <translation>更改幅面或曲线</translation>
     </message>
+    <message>
+        <source>Add nodes</source>
+        <translation>添加节点</translation>
+    </message>
+    <message>
+        <source>Break at nodes</source>
+        <translation>在节点处断开</translation>
+    </message>
+    <message>
+        <source>Curves to lines</source>
+        <translation>曲线变直线</translation>
+    </message>
+    <message>
+        <source>Delete nodes</source>
+        <translation>删除节点</translation>
+    </message>
+    <message>
+        <source>Draw path</source>
+        <translation>绘制路径</translation>
+    </message>
+    <message>
+        <source>Join nodes</source>
+        <translation>连接节点</translation>
+    </message>
+    <message>
+        <source>Lines to curves</source>
+        <translation>直线变曲线</translation>
+    </message>
+    <message>
+        <source>Move nodes</source>
+        <translation>移动节点</translation>
+    </message>
+    <message>
+        <source>Smooth nodes</source>
+        <translation>平滑节点</translation>
+    </message>
+    <message>
+        <source>Re-import</source>
+        <translation>重新导入</translation>
+    </message>
 </context>
 <context>
     <name>studio::VariantPanel</name>
@@ -2446,6 +2578,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Pat&amp;hs</source>
         <translation>路径(&amp;H)</translation>
+    </message>
+    <message>
+        <source>N&amp;odes</source>
+        <translation>节点(&amp;O)</translation>
     </message>
 </context>
 <context>
@@ -2647,6 +2783,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>To be mended: %1</source>
         <translation>需要修补：%1</translation>
+    </message>
+    <message>
+        <source>&amp;Mend this</source>
+        <translation>修补(&amp;M)</translation>
     </message>
 </context>
 <context>
@@ -5211,6 +5351,91 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>The machine profile &quot;%1&quot; cannot be read.</source>
         <translation>无法读取机器配置“%1”。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::NodeTool</name>
+    <message>
+        <source>Nodes: click a path</source>
+        <translation>节点：请单击一条路径</translation>
+    </message>
+    <message>
+        <source>Nodes: click or drag a box to select, drag to move, double click on the line to add, Del deletes, Esc ends</source>
+        <translation>节点：单击或拖框选择，拖动移动，在线上双击添加，Del 删除，Esc 结束</translation>
+    </message>
+    <message>
+        <source>Nothing would be left of the path: delete the shape instead</source>
+        <translation>路径将什么也不剩：请删除图形本身</translation>
+    </message>
+    <message>
+        <source>Select nodes next to each other first</source>
+        <translation>请先选择相邻的节点</translation>
+    </message>
+    <message>
+        <source>Select nodes that are no ends first</source>
+        <translation>请先选择不是端点的节点</translation>
+    </message>
+    <message>
+        <source>Select smooth nodes first</source>
+        <translation>请先选择平滑的节点</translation>
+    </message>
+    <message>
+        <source>Select the nodes at both ends of a curve first</source>
+        <translation>请先选择曲线两端的节点</translation>
+    </message>
+    <message>
+        <source>Select the nodes at both ends of a line first</source>
+        <translation>请先选择直线两端的节点</translation>
+    </message>
+    <message>
+        <source>Select two ends first</source>
+        <translation>请先选择两个端点</translation>
+    </message>
+    <message>
+        <source>This is no path yet: Arrange, Paths, Turn into paths makes it one</source>
+        <translation>这还不是路径：请用“排列”、“路径”、“转换为路径”</translation>
+    </message>
+    <message>
+        <source>Too many nodes to edit them one by one: simplify or break apart first</source>
+        <translation>节点太多，无法逐个编辑：请先简化或拆分</translation>
+    </message>
+</context>
+<context>
+    <name>studio::PathTool</name>
+    <message>
+        <source>%1 mm, %2°</source>
+        <translation>%1 毫米，%2°</translation>
+    </message>
+    <message>
+        <source>A path needs two points</source>
+        <translation>路径需要两个点</translation>
+    </message>
+    <message>
+        <source>Curve: click points, drag from them to bend. Backspace takes a point back, Return or a double click ends, a click on the first point closes, Esc gives up</source>
+        <translation>曲线：单击取点，从点拖动使其弯曲。退格键撤回一点，回车或双击结束，单击第一点封闭，Esc 放弃</translation>
+    </message>
+    <message>
+        <source>Polyline: click point by point. Shift keeps to steps of 15°, Backspace takes a point back, Return or a double click ends, a click on the first point closes, Esc gives up</source>
+        <translation>折线：逐点单击。Shift 按 15° 步进，退格键撤回一点，回车或双击结束，单击第一点封闭，Esc 放弃</translation>
+    </message>
+</context>
+<context>
+    <name>studio::Reimporter</name>
+    <message>
+        <source>&quot;%1&quot; was imported again with losses.</source>
+        <translation>“%1”已重新导入，但有损失。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was not imported again; its shapes stay as they are.</source>
+        <translation>“%1”未重新导入；其图形保持原样。</translation>
+    </message>
+    <message>
+        <source>Re-imported: %1 shapes follow their file, %2 are new, %3 are gone</source>
+        <translation>已重新导入：%1 个图形随文件更新，%2 个新增，%3 个消失</translation>
+    </message>
+    <message>
+        <source>What is selected came from no file</source>
+        <translation>选中的图形不是来自文件</translation>
     </message>
 </context>
 </TS>
