@@ -5430,4 +5430,19 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>选中的图形不是来自文件</translation>
     </message>
 </context>
+<context>
+    <name>studio::MissingCharactersBar</name>
+    <message>
+        <source>No font here draws all of the text.</source>
+        <translation>此处没有能绘制全部文字的字体。</translation>
+    </message>
+    <message>
+        <source>This font does not draw: %1</source>
+        <translation>此字体无法绘制：%1</translation>
+    </message>
+    <message>
+        <source>Use %1</source>
+        <translation>使用 %1</translation>
+    </message>
+</context>
 </TS>
