@@ -13,6 +13,7 @@ set(ZT_HERSHEY_FONTS
 # Appends to LIST_NAME the regular fonts.
 function(zt_add_hershey_fonts list_name)
   list(TRANSFORM ZT_HERSHEY_FONTS REPLACE "(.+)" "${ZT_FONT_DIR}/hershey-\\1.shx" OUTPUT_VARIABLE fonts)
+  list(APPEND fonts "${ZT_FONT_DIR}/unicode-strokes.shx")
   file(GLOB data CONFIGURE_DEPENDS "${ZT_HERSHEY_DIR}/*.jhf")
   add_custom_command(OUTPUT ${fonts}
     COMMAND fontbuilder hershey "${ZT_HERSHEY_DIR}" -o "${ZT_FONT_DIR}"

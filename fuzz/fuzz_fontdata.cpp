@@ -82,7 +82,8 @@ void readHanzi(const QByteArray &bytes)
     fontkit::HanziReader reader;
     const bool isRead = reader.read(bytes);
     require(isRead == reader.errorText().isEmpty() && isRead == !reader.strokes().isEmpty());
-    const fontkit::GridStrokes strokes = fontkit::GbStrokesFont::strokesOf(reader.strokes());
+    const fontkit::GridStrokes strokes =
+        fontkit::onGrid(fontkit::GbStrokesFont::strokesOf(reader.strokes()));
     require(strokes.size() == reader.strokes().size());
     for (int i = 0; i < strokes.size(); ++i) {
         const QPointF first = fontkit::GbStrokesFont::placed(reader.strokes().at(i).first());

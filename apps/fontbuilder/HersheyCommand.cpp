@@ -4,6 +4,7 @@
 
 #include <common/Console.h>
 #include <fontkit/HersheyFonts.h>
+#include <fontkit/UnicodeStrokesFont.h>
 
 HersheyCommand::HersheyCommand(CLI::App &app)
     : Command(app, "hershey", tr("Make the regular fonts from the Hershey data"))
@@ -17,16 +18,23 @@ HersheyCommand::HersheyCommand(CLI::App &app)
 
 int HersheyCommand::run()
 {
-    fontkit::HersheyFonts fonts{fontkit::DataFolder(QByteArray::fromStdString(m_data))};
-    for (const QString &name : fontkit::HersheyFonts::fileNames()) {
+    const fontkit::DataFolder folder(QByteArray::fromStdString(m_data));
+    fontkit::HersheyFonts fonts(folder);
+    const fontkit::UnicodeStrokesFont unicode(folder);
+    const auto write = [this](const QString &name, const auto &make) {
         fontkit::FontFile font;
         QString error;
-        if (!fonts.make(name, &font, &error)) {
-            console::complain(error.toStdString());
-            return console::Failed;
-        }
-        if (!writeFontTo(m_output, name, font))
+        if (make(&font, &error))
+            return writeFontTo(m_output, name, font);
+        console::complain(error.toStdString());
+        return false;
+    };
+    for (const QString &name : fontkit::HersheyFonts::fileNames()) {
+        if (!write(name, [&](auto *font, auto *error) { return fonts.make(name, font, error); }))
             return console::Failed;
     }
-    return console::Done;
+    const bool isWritten =
+        write(fontkit::UnicodeStrokesFont::fileName(),
+              [&](auto *font, auto *error) { return unicode.make(font, error); });
+    return isWritten ? console::Done : console::Failed;
 }

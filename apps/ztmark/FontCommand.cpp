@@ -131,7 +131,8 @@ void FontCommand::addList()
     addFolders(m_listCommand);
     m_listCommand->footer(
         tr("Stroke fonts are the files *.shx in the folder font beside the program. A text takes\n"
-           "a pair of them: a regular one and a big one, which has the Chinese characters.")
+           "a pair of them: a regular one and a big one, which has the Chinese characters. What\n"
+           "has no code in such pairs comes from unicode-strokes.shx, the same for every pair.")
             .toStdString());
 }
 

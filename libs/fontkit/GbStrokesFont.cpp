@@ -1,12 +1,16 @@
 #include "GbStrokesFont.h"
 
+#include <fontkit/BoardCharacters.h>
 #include <fontkit/GbPunctuation.h>
+#include <fontkit/GlyphShapes_p.h>
 #include <fontkit/HanziReader.h>
 #include <fontkit/HersheyFonts.h>
+#include <fontkit/StrokeEncoder.h>
 #include <fontkit/StrokeSimplifier.h>
 
 #include <QtCore/QTextCodec>
 
+#include <algorithm>
 #include <cmath>
 
 namespace fontkit {
@@ -33,8 +37,7 @@ const char kNotice[] =
     "gb-strokes: Chinese single strokes derived from the Arphic fonts AR PL KaitiM GB and Big5 by "
     "way of Make Me A Hanzi and hanzi-writer-data 2.0.1; Arphic Public License, see ARPHICPL.TXT. "
     "Changed in November 2026: outlines left out, medians smoothed and simplified, reduced to an "
-    "em "
-    "of 256, converted to this format, punctuation and full-width forms added.";
+    "em of 256, converted to this format; all other characters added.";
 
 bool fail(QString *error, const QString &what)
 {
@@ -43,51 +46,40 @@ bool fail(QString *error, const QString &what)
     return false;
 }
 
-QPoint onGrid(const QPointF &point)
-{
-    return {static_cast<int>(std::lround(point.x())), static_cast<int>(std::lround(point.y()))};
-}
-
-QVector<QPoint> onGrid(const QVector<QPointF> &stroke)
-{
-    QVector<QPoint> points;
-    for (const QPointF &point : stroke) {
-        const QPoint rounded = onGrid(point);
-        if (points.isEmpty() || points.last() != rounded)
-            points.append(rounded);
-    }
-    return points;
-}
-
-GridStrokes onGrid(const QVector<QVector<QPointF>> &strokes)
-{
-    GridStrokes result;
-    for (const QVector<QPointF> &stroke : strokes)
-        result.append(onGrid(stroke));
-    return result;
-}
-
 /** A character of the simplex font in the middle of the width. */
-GridStrokes widened(const HersheyCharacter &character)
+DrawnCharacter widened(const HersheyCharacter &character)
 {
     const int shift = (GbStrokesFont::kAdvance - kHersheyUnit * character.advance) / 2;
-    GridStrokes result = character.strokes;
-    for (QVector<QPoint> &stroke : result) {
-        for (QPoint &point : stroke)
-            point = kHersheyUnit * point + QPoint(shift, 0);
+    DrawnCharacter drawn;
+    drawn.advance = GbStrokesFont::kAdvance;
+    drawn.origin = CharacterOrigin::Hershey;
+    for (const QVector<QPoint> &stroke : character.strokes) {
+        QVector<QPointF> points;
+        for (const QPoint &point : stroke)
+            points.append(kHersheyUnit * point + QPoint(shift, 0));
+        drawn.strokes.append(points);
     }
-    return result;
+    return drawn;
 }
 
-/** Our own marks, which are drawn for the whole em. */
-QVector<QVector<QPointF>> trimmed(const QVector<QVector<QPointF>> &mark)
+/** Letters keep the width that they have beside the regular fonts. */
+bool isProportional(uint character)
 {
-    QVector<QVector<QPointF>> result = mark;
-    for (QVector<QPointF> &stroke : result) {
-        for (QPointF &point : stroke)
-            point.rx() -= kMargin;
-    }
-    return result;
+    constexpr uint kFirstSign = 0x2000;
+    const QChar::Script script = QChar::script(character);
+    return character < kFirstSign &&
+           (script == QChar::Script_Latin || script == QChar::Script_Greek ||
+            script == QChar::Script_Cyrillic);
+}
+
+/** In the middle of the big font's width, made narrower where it is wider. */
+DrawnCharacter inFullWidth(DrawnCharacter drawn)
+{
+    const double across = std::min(1.0, GbStrokesFont::kAdvance / drawn.advance);
+    const double shift = (GbStrokesFont::kAdvance - across * drawn.advance) / 2.0;
+    drawn.strokes = moved(scaled(drawn.strokes, {across, 1.0}), {shift, 0.0});
+    drawn.advance = GbStrokesFont::kAdvance;
+    return drawn;
 }
 
 } // namespace
@@ -120,36 +112,33 @@ QPointF GbStrokesFont::placed(const QPointF &pointInData)
     return kScale * pointInData - QPointF(kMargin, 0);
 }
 
-GridStrokes GbStrokesFont::strokesOf(const QVector<QVector<QPointF>> &medians)
+QVector<QVector<QPointF>> GbStrokesFont::strokesOf(const QVector<QVector<QPointF>> &medians)
 {
     const StrokeSimplifier simplifier{kSimplifying, kSmoothingReach, kCornerDeg};
-    GridStrokes result;
+    QVector<QVector<QPointF>> result;
     for (const QVector<QPointF> &median : medians) {
         QVector<QPointF> scaled;
         for (const QPointF &point : median)
             scaled.append(placed(point));
-        result.append(onGrid(simplifier.apply(scaled)));
+        result.append(simplifier.apply(scaled));
     }
     return result;
 }
 
 bool GbStrokesFont::make(FontFile *font, QString *error)
 {
-    QMap<int, GridStrokes> characters;
-    if (!addHanzi(characters, error) || !addFullWidth(characters, error))
+    const QMap<int, DrawnCharacter> all = characters(error);
+    if (all.isEmpty())
         return false;
-    const auto &marks = gbPunctuation();
-    for (auto it = marks.begin(); it != marks.end(); ++it)
-        characters[it.key()] = onGrid(trimmed(it.value()));
-
     FontFile made;
     made.form = FontForm::Bigfont;
     made.information->name = kNotice;
     made.information->above = kAbove;
     made.information->below = kBelow;
     made.ranges = {{kFirstLead, kLastLead}};
-    for (auto it = characters.begin(); it != characters.end(); ++it) {
-        const GlyphProgram program = encodeStrokes(it.value(), kAdvance, FontForm::Bigfont);
+    for (auto it = all.begin(); it != all.end(); ++it) {
+        const GlyphProgram program = encodeStrokes(
+            onGrid(it->strokes), static_cast<int>(std::lround(it->advance)), FontForm::Bigfont);
         if (!program.error().isEmpty())
             return fail(error, QStringLiteral("%1: %2").arg(fileName(), program.error()));
         GlyphDefinition glyph;
@@ -161,7 +150,38 @@ bool GbStrokesFont::make(FontFile *font, QString *error)
     return true;
 }
 
-bool GbStrokesFont::addHanzi(QMap<int, GridStrokes> &characters, QString *error)
+QMap<int, DrawnCharacter> GbStrokesFont::characters(QString *error)
+{
+    QMap<int, DrawnCharacter> all;
+    BoardCharacters board;
+    if (!addHanzi(all, error) || !board.read(m_hersheyFolder, error) || !addFullWidth(all, error))
+        return {};
+    QMap<uint, int> codeOf; // of the hanzi, to compose with
+    const auto source = [&](uint character) -> std::optional<DrawnCharacter> {
+        const auto code = codeOf.constFind(character);
+        return code != codeOf.constEnd() ? all.value(*code) : board.of(character);
+    };
+    const CharacterMaker maker(GlyphRecipes::bigFont(), source,
+                               CharacterMaker::Width::OfTheBigFont);
+    QVector<std::pair<int, uint>> open;
+    for (const auto &[code, text] : codes()) {
+        const uint character = QString::fromUtf8(text).at(0).unicode();
+        if (all.contains(code))
+            codeOf.insert(character, code);
+        else
+            open.append({code, character});
+    }
+    QMap<int, DrawnCharacter> made;
+    for (const auto &[code, character] : qAsConst(open)) {
+        if (const auto drawn = maker.make(character))
+            made.insert(code, isProportional(character) ? *drawn : inFullWidth(*drawn));
+    }
+    for (auto it = made.begin(); it != made.end(); ++it)
+        all.insert(it.key(), it.value());
+    return all;
+}
+
+bool GbStrokesFont::addHanzi(QMap<int, DrawnCharacter> &characters, QString *error)
 {
     m_hanziMade = 0;
     for (const auto &[code, character] : codes()) {
@@ -173,7 +193,11 @@ bool GbStrokesFont::addHanzi(QMap<int, GridStrokes> &characters, QString *error)
         if (!reader.read(*content))
             return fail(error,
                         m_hanziFolder.shown(name) + QStringLiteral(": ") + reader.errorText());
-        characters[code] = strokesOf(reader.strokes());
+        DrawnCharacter drawn;
+        drawn.strokes = strokesOf(reader.strokes());
+        drawn.advance = kAdvance;
+        drawn.origin = CharacterOrigin::Hanzi;
+        characters.insert(code, drawn);
         ++m_hanziMade;
     }
     if (m_hanziMade == 0)
@@ -182,7 +206,8 @@ bool GbStrokesFont::addHanzi(QMap<int, GridStrokes> &characters, QString *error)
     return true;
 }
 
-bool GbStrokesFont::addFullWidth(QMap<int, GridStrokes> &characters, QString *error) const
+/** Full-width forms of ASCII, and the marks of row 3 that are drawn for the width. */
+bool GbStrokesFont::addFullWidth(QMap<int, DrawnCharacter> &characters, QString *error) const
 {
     HersheyFonts hershey(m_hersheyFolder);
     for (int ascii = '!'; ascii <= '~'; ++ascii) {
@@ -193,6 +218,13 @@ bool GbStrokesFont::addFullWidth(QMap<int, GridStrokes> &characters, QString *er
     }
     // Row 3 has the yuan sign in the place of the dollar, which stands in row 1.
     characters[0xA1E7] = characters.value(kFullWidthRow | ('$' + kToFullWidth));
+    const auto &marks = gbPunctuation();
+    for (auto it = marks.begin(); it != marks.end(); ++it) {
+        DrawnCharacter drawn;
+        drawn.strokes = moved(it.value(), {-static_cast<double>(kMargin), 0.0});
+        drawn.advance = kAdvance;
+        characters.insert(it.key(), drawn);
+    }
     return true;
 }
 

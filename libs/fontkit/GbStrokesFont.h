@@ -1,8 +1,8 @@
 #pragma once
 
+#include <fontkit/CharacterMaker.h>
 #include <fontkit/DataFolder.h>
 #include <fontkit/FontFile.h>
-#include <fontkit/StrokeEncoder.h>
 
 #include <QtCore/QMap>
 #include <QtCore/QPointF>
@@ -16,10 +16,12 @@ namespace fontkit {
  * The big font "gb-strokes.shx": Chinese in single strokes, by GBK codes.
  *
  * Characters come from the medians of "hanzi-writer-data", smoothed and simplified; full-width
- * forms of ASCII from the simplex Hershey font; punctuation is our own. All characters are of one
- * width, a little less than the em of the data, whose margins are those of a brush. Ten units are
- * one of the regular Hershey fonts: at the same text height, and with "W" and a Chinese character
- * of the same width as well, both have capitals of one size.
+ * forms of ASCII and Greek from the simplex Hershey fonts; everything else is our own: kana,
+ * Cyrillic, bopomofo, punctuation, signs, lines of tables, and what is composed of all these. All
+ * are of one width, a little less than the em of the data, whose margins are those of a brush; but
+ * Latin, Greek and Cyrillic letters are as wide as beside the regular fonts. Ten units are one of
+ * the regular Hershey fonts: at the same text height, and with "W" and a Chinese character of the
+ * same width as well, both have capitals of one size.
  *
  * Every lead byte of GBK, 0x81 to 0xFE, announces two bytes; a code without a glyph draws nothing.
  */
@@ -50,6 +52,9 @@ public:
      */
     bool make(FontFile *font, QString *error);
 
+    /** Every character that the font draws, by its code; empty where `make` fails. */
+    QMap<int, DrawnCharacter> characters(QString *error);
+
     /** Of the font made last: how many glyphs have their strokes from the data. */
     int hanziCount() const { return m_hanziMade; }
 
@@ -59,12 +64,12 @@ public:
     /** Where a point of the data stands in the font. */
     static QPointF placed(const QPointF &pointInData);
 
-    /** The strokes of the data as the font has them. */
-    static GridStrokes strokesOf(const QVector<QVector<QPointF>> &medians);
+    /** The strokes of the data as the font has them, but for the rounding to whole units. */
+    static QVector<QVector<QPointF>> strokesOf(const QVector<QVector<QPointF>> &medians);
 
 private:
-    bool addHanzi(QMap<int, GridStrokes> &characters, QString *error);
-    bool addFullWidth(QMap<int, GridStrokes> &characters, QString *error) const;
+    bool addHanzi(QMap<int, DrawnCharacter> &characters, QString *error);
+    bool addFullWidth(QMap<int, DrawnCharacter> &characters, QString *error) const;
 
     DataFolder m_hanziFolder;
     DataFolder m_hersheyFolder;

@@ -1,5 +1,7 @@
 #include "StrokeEncoder.h"
 
+#include <cmath>
+
 #include <algorithm>
 #include <cstdlib>
 
@@ -138,6 +140,22 @@ void encodeMove(GlyphProgram &program, const QPoint &way)
 void encodeStart(GlyphProgram &program) { program.push().pop(); }
 
 } // namespace
+
+GridStrokes onGrid(const QVector<QVector<QPointF>> &strokes)
+{
+    GridStrokes result;
+    for (const QVector<QPointF> &stroke : strokes) {
+        QVector<QPoint> points;
+        for (const QPointF &point : stroke) {
+            const QPoint rounded(static_cast<int>(std::lround(point.x())),
+                                 static_cast<int>(std::lround(point.y())));
+            if (points.isEmpty() || points.last() != rounded)
+                points.append(rounded);
+        }
+        result.append(points);
+    }
+    return result;
+}
 
 GlyphProgram encodeStrokes(const GridStrokes &strokes, int advance, FontForm form)
 {

@@ -3,12 +3,16 @@
 #include <fontkit/GlyphProgram.h>
 
 #include <QtCore/QPoint>
+#include <QtCore/QPointF>
 #include <QtCore/QVector>
 
 namespace fontkit {
 
 /** Strokes of one character. Frame: font units, x to the right, y up, the base line at y = 0. */
 using GridStrokes = QVector<QVector<QPoint>>;
+
+/** The strokes with their points rounded to whole units, repeated ones left out. */
+GridStrokes onGrid(const QVector<QVector<QPointF>> &strokes);
 
 /**
  * The program that draws the strokes in their order and ends at (advance, 0) with the pen up.

@@ -33,6 +33,7 @@ constexpr IconShape kShapes[] = {
      "M 4 6 L 20 6 M 9 6 L 9 3 L 15 3 L 15 6 M 6 6 L 7 21 L 17 21 L 18 6 M 10 10 L 10.4 17 "
      "M 14 10 L 13.6 17",
      ""},
+    {"curve", "M 4 20 C 4 8 20 16 20 4", "E 2 18 4 4 E 18 2 4 4"},
     {"duplicate", "R 3 3 12 12", "R 9 9 12 12"},
     {"ellipse", "E 2.5 5.5 19 13", ""},
     {"export", "M 4 14 L 4 21 L 20 21 L 20 14 M 12 16 L 12 3 M 7 8 L 12 3 L 17 8", ""},
@@ -41,6 +42,7 @@ constexpr IconShape kShapes[] = {
     {"gaps-across", "M 8 3 L 8 21 M 16 3 L 16 21", "R 2.5 7 4 10 R 9.5 7 5 10 R 17.5 7 4 10"},
     {"gaps-down", "M 3 8 L 21 8 M 3 16 L 21 16", "R 7 2.5 10 4 R 7 9.5 10 5 R 7 17.5 10 4"},
     {"group", "R 2.5 2.5 19 19", "R 6 6 6 6 R 12 12 6 6"},
+    {"polyline", "M 3 19 L 9 6 L 15 17 L 21 5", "E 1.5 17.5 3.5 3.5 E 19.2 3.2 3.5 3.5"},
     {"order-first", "M 4 3.5 L 20 3.5 M 12 21 L 12 7 M 6 13 L 12 7 L 18 13", ""},
     {"order-raise", "M 12 20 L 12 5 M 6 11 L 12 5 L 18 11", ""},
     {"order-lower", "M 12 4 L 12 19 M 6 13 L 12 19 L 18 13", ""},
@@ -54,6 +56,7 @@ constexpr IconShape kShapes[] = {
     {"mirror-horizontal", "M 12 2 L 12 22 M 10 6 L 10 18 L 3 18 Z", "M 14 6 L 14 18 L 21 18 Z"},
     {"mirror-vertical", "M 2 12 L 22 12 M 6 10 L 18 10 L 18 3 Z", "M 6 14 L 18 14 L 18 21 Z"},
     {"new", "M 6 2.5 L 14 2.5 L 19 7.5 L 19 21.5 L 6 21.5 Z M 14 2.5 L 14 7.5 L 19 7.5", ""},
+    {"nodes", "M 4 19 L 11 5 L 20 15", "R 2 17 4 4 R 9 3 4 4 R 18 13 4 4"},
     {"open",
      "M 2.5 20 L 2.5 4 L 9 4 L 11 7 L 20 7 L 20 10.5 M 2.5 20 L 6 10.5 L 23 10.5 L 19.5 20 Z", ""},
     {"next-part", "M 3 4 L 9 4 M 3 9 L 9 9 M 3 14 L 9 14 M 3 19 L 9 19 M 12 12 L 21 12",

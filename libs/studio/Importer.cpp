@@ -4,9 +4,11 @@
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/import/ImportNotes.h>
 #include <studio/import/ImportSettings.h>
+#include <studio/import/ImportSource.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>
+#include <QtCore/QUuid>
 
 namespace studio {
 
@@ -35,6 +37,18 @@ Message loss(const QString &name, const QStringList &losses)
             ImportTexts::tr("Some of it was left out or is damaged. Compare the drawing with its "
                             "source before marking it."),
             losses};
+}
+
+ImportSource sourceOf(const ReadDrawing &read, const hostkit::ImportOptions &options)
+{
+    ImportSource source;
+    source.file = QFileInfo(read.path).absoluteFilePath();
+    source.import = QUuid::createUuid().toString(QUuid::WithoutBraces);
+    source.scaleX = read.scaleX;
+    source.scaleY = read.scaleY;
+    source.options = options;
+    source.cleaning = read.cleaning;
+    return source;
 }
 
 /** Puts blocks of items in a row, their boxes in line, the middle of the row at `centrePx`. */
@@ -95,8 +109,10 @@ int Importer::importFiles(const QStringList &paths, std::optional<QPointF> centr
 int Importer::bringInAsLast(const QVector<ReadDrawing> &drawings, std::optional<QPointF> centrePx)
 {
     QVector<ReadDrawing> cleaned = drawings;
-    for (ReadDrawing &one : cleaned)
-        vectorkit::cleanDrawing(&one.drawing, rememberedCleaning(), nullptr);
+    for (ReadDrawing &one : cleaned) {
+        one.cleaning = rememberedCleaning();
+        vectorkit::cleanDrawing(&one.drawing, one.cleaning, nullptr);
+    }
     return bringIn(cleaned, rememberedImportOptions(), centrePx);
 }
 
@@ -111,6 +127,8 @@ int Importer::bringIn(const QVector<ReadDrawing> &drawings, const hostkit::Impor
         if (result.items.isEmpty())
             continue;
         blocks.append(result.items.toVector());
+        if (QFileInfo(one.path).isFile())
+            markImported(blocks.last(), sourceOf(one, options));
         imported += blocks.last();
         const QStringList losses = lossesOf(one.drawing);
         if (!losses.isEmpty())

@@ -4,6 +4,8 @@
 
 #include <hostkit/import/DrawingImport.h>
 
+#include <vectorkit/clean/DrawingCleaning.h>
+
 #include <QtCore/QPointF>
 
 #include <optional>
@@ -17,6 +19,9 @@ struct ReadDrawing
 {
     QString path; ///< or what stands for it, as a name for people
     vectorkit::VectorDrawing drawing;
+    double scaleX = 1.0; ///< from its true size to what `drawing` has
+    double scaleY = 1.0;
+    vectorkit::CleanOptions cleaning = {}; ///< that `drawing` has been through
 };
 
 /** Brings foreign drawings into a document, and tells what was wrong with them. */

@@ -14,6 +14,7 @@ static void initializeCatalogues()
     Q_INIT_RESOURCE(hostkit_zh);
     Q_INIT_RESOURCE(vectorkit_zh);
     Q_INIT_RESOURCE(codekit_zh);
+    Q_INIT_RESOURCE(jobkit_zh);
 }
 
 namespace studio {
@@ -88,6 +89,7 @@ void Language::apply()
     load(QStringLiteral("hostkit_zh"), QStringLiteral(":/"));
     load(QStringLiteral("vectorkit_zh"), QStringLiteral(":/"));
     load(QStringLiteral("codekit_zh"), QStringLiteral(":/"));
+    load(QStringLiteral("jobkit_zh"), QStringLiteral(":/"));
     load(QStringLiteral("studio_zh"), QStringLiteral(":/"));
 }
 

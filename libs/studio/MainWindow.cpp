@@ -2,6 +2,7 @@
 
 #include <studio/CommandTable.h>
 #include <studio/ContextMenus.h>
+#include <studio/DialogManners.h>
 #include <studio/DocumentActions.h>
 #include <studio/DropImporter.h>
 #include <studio/Exporter.h>
@@ -39,14 +40,15 @@
 #include <studio/help/ManualWindow.h>
 #include <studio/help/ShortcutSheet.h>
 #include <studio/import/ImportDialog.h>
+#include <studio/import/Reimporter.h>
 #include <studio/job/JobExporter.h>
 #include <studio/job/JobPanel.h>
 #include <studio/job/JobTools.h>
 #include <studio/list/ShapeList.h>
 #include <studio/list/ShapeListView.h>
 #include <studio/panel/ShapePanel.h>
-#include <studio/preferences/PreferenceTools.h>
 #include <studio/paths/PathTools.h>
+#include <studio/preferences/PreferenceTools.h>
 #include <studio/print/PrintActions.h>
 #include <studio/text/TextTools.h>
 
@@ -177,6 +179,8 @@ void MainWindow::buildDocument()
     m_orderNumbers = std::make_unique<OrderNumbers>(*m_drawing);
     m_drawing->view()->setGridVisible(false);
     m_drawing->scene()->getGraphicsResizeItem()->setOutset(kFrameOutset);
+    m_drawing->scene()->getGraphicsResizeItem()->setHandleScale(
+        m_drawing->view()->getDisplayScale());
     m_emptyHint = new EmptyHint(*m_drawing);
     // Paper is white in every theme: shapes are drawn in the colours of their pens.
     m_drawing->view()->setBackgroundBrush(Qt::white);
@@ -188,9 +192,11 @@ void MainWindow::buildDocument()
     m_guides = new GuideTools(*m_drawing, *m_snap, *this);
     m_groups = new GroupTools(*m_drawing, this);
     m_tools = new DrawingTools(*m_drawing, *m_actions, this);
+    m_paths = new PathTools(*m_drawing, *m_tools, *m_snap, *this);
     // After the tools: who pans, pans with every tool.
     m_viewNavigation = new ViewNavigation(*m_drawing->view(), this);
     m_importer = std::make_unique<Importer>(*m_drawing, *m_messages);
+    m_reimporter = new Reimporter(*m_drawing, *m_messages, this);
     m_drawingFiles = new DrawingFiles(*m_drawing, *m_messages, *this);
     m_textTools = new TextTools(*m_drawing, *m_messages, *this);
     m_codeTools = new CodeTools(*m_drawing, *this);
@@ -201,13 +207,16 @@ void MainWindow::buildDocument()
     setStatusBar(m_status);
     buildTools();
     connect(m_viewNavigation, &ViewNavigation::zoomChanged, m_status, &StatusBar::showZoom);
+    connect(m_viewNavigation, &ViewNavigation::zoomChanged, this, [this](double scale) {
+        m_drawing->scene()->getGraphicsResizeItem()->setHandleScale(scale);
+    });
     connect(m_actions, &DocumentActions::added, m_viewNavigation, &ViewNavigation::reveal);
     connect(m_textTools, &TextTools::told, m_status,
             [this](const QString &text) { m_status->showMessage(text, kStatusMs); });
     connect(m_fileExporter, &Exporter::exported, this, [this](const QString &path, int objects) {
-        m_status->showMessage(tr("Mark paths of %1 shapes written to %2")
-                                  .arg(objects)
-                                  .arg(QDir::toNativeSeparators(path)),
+        m_status->showMessage(tr("Mark paths written to %1, shapes: %2")
+                                  .arg(QDir::toNativeSeparators(path))
+                                  .arg(objects),
                               kStatusMs);
     });
 }
@@ -219,7 +228,8 @@ void MainWindow::buildTools()
     connect(m_clipboard, &ClipboardActions::told, m_status,
             [this](const QString &text) { m_status->showMessage(text, kStatusMs); });
     m_arrange = new ArrangeActions(*m_drawing, *m_groups, this);
-    m_paths = new PathTools(*m_drawing, *this);
+    connect(m_reimporter, &Reimporter::told, m_status,
+            [this](const QString &words) { m_status->showMessage(words, kStatusMs); });
     connect(m_paths, &PathTools::told, m_status,
             [this](const QString &words) { m_status->showMessage(words, kStatusMs); });
     connect(m_arrange, &ArrangeActions::alignToChanged, this, &MainWindow::refreshCommands);
@@ -409,6 +419,8 @@ void MainWindow::buildCommands()
                          m_commandSet->action("order.reverse")});
     m_contextMenus = new ContextMenus(*m_drawing, *m_tree, *m_actions, *m_commandSet, this);
     m_contextMenus->serve(m_list->view());
+    new DialogManners({m_commandSet->action("edit.undo"), m_commandSet->action("edit.redo")},
+                      *this);
 }
 
 void MainWindow::connectState()
@@ -662,7 +674,9 @@ bool MainWindow::offerDrawing(const ReadDrawing &read, std::optional<QPointF> sc
 {
     auto *dialog = new ImportDialog(read.path, read.drawing, this);
     connect(dialog, &ImportDialog::chosen, this, [this, dialog, path = read.path, scenePx] {
-        if (m_importer->bringIn({{path, dialog->drawing()}}, dialog->options(), scenePx) > 0)
+        const ReadDrawing taken{path, dialog->drawing(), dialog->scale().width(),
+                                dialog->scale().height(), dialog->cleaning()};
+        if (m_importer->bringIn({taken}, dialog->options(), scenePx) > 0)
             navigation().reveal(m_drawing->scene()->getSelectionItemRect());
     });
     dialog->open();

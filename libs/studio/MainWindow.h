@@ -53,6 +53,7 @@ class RotateHandle;
 class ShapeList;
 class ShapePanel;
 class PrintActions;
+class Reimporter;
 class SnapTools;
 class StatusBar;
 class TextTools;
@@ -92,6 +93,7 @@ public:
     ClipboardActions &clipboard() const { return *m_clipboard; }
     GroupTools &groups() const { return *m_groups; }
     ArrangeActions &arrange() const { return *m_arrange; }
+    Reimporter &reimporter() const { return *m_reimporter; }
     PathTools &paths() const { return *m_paths; }
     SnapTools &snapping() const { return *m_snap; }
     GuideTools &guides() const { return *m_guides; }
@@ -183,6 +185,7 @@ private:
     GroupTools *m_groups = nullptr;
     ArrangeActions *m_arrange = nullptr;
     PathTools *m_paths = nullptr;
+    Reimporter *m_reimporter = nullptr;
     SnapTools *m_snap = nullptr;
     GuideTools *m_guides = nullptr;
     RotateHandle *m_rotateHandle = nullptr;

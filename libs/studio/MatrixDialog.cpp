@@ -190,7 +190,7 @@ QString MatrixDialog::hint(const ShapeItems &sources, const MatrixGrid &wanted) 
     const double widthPx = boxPx.width() + qAbs((wanted.columns - 1) * pitchPx.x());
     const double heightPx = boxPx.height() + qAbs((wanted.rows - 1) * pitchPx.y());
     const double unitMm = units::unitMm();
-    return tr("%L1 shapes on %2 by %3 %4")
+    return tr("Shapes: %L1, on %2 by %3 %4")
         .arg(shapes)
         .arg(coord.pix2mm(widthPx) / unitMm, 0, 'f', 2)
         .arg(coord.pix2mm(heightPx) / unitMm, 0, 'f', 2)

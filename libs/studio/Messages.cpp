@@ -31,7 +31,6 @@ void DialogMessages::show(int icon, const Message &message)
 {
     auto *box = new QMessageBox(m_window);
     box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setWindowTitle(m_window ? m_window->windowTitle() : QString());
     box->setIcon(static_cast<QMessageBox::Icon>(icon));
     // File names may look like markup.
     box->setTextFormat(Qt::PlainText);

@@ -34,6 +34,7 @@ constexpr Title kMenuTitles[] = {
     {"arrangeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Arrange")},
     {"alignToMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "Align &to")},
     {"pathsMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "Pat&hs")},
+    {"nodesMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "N&odes")},
     {"stackingMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "Or&der")},
     {"nudgeMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Nudge")},
     {"jobMenu", QT_TRANSLATE_NOOP("studio::WindowLayout", "&Job")},
@@ -74,9 +75,13 @@ constexpr Ids kPaths = {"paths.toPaths",
                         "-",
                         "paths.clean",
                         "paths.weld"};
-constexpr Ids kTools = {"tool.select",  "tool.rectangle", "tool.ellipse", "tool.polygon",
-                        "tool.line",    "tool.tdot",      "tool.text",    "tool.code",
-                        "tool.barcode", "tool.measure"};
+constexpr Ids kTools = {"tool.select",  "tool.rectangle", "tool.ellipse",  "tool.polygon",
+                        "tool.line",    "tool.tdot",      "tool.text",     "tool.code",
+                        "tool.barcode", "tool.nodes",     "tool.polyline", "tool.curve",
+                        "tool.measure"};
+constexpr Ids kNodes = {"tool.nodes",  "-", "nodes.add",  "nodes.delete", "nodes.break",
+                        "nodes.join",  "-", "nodes.line", "nodes.curve",  "nodes.smooth",
+                        "nodes.corner"};
 
 template <class Target>
 void fill(Target &target, const Commands &commands, Ids ids)
@@ -118,10 +123,26 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
               const QList<QAction *> &viewActions)
 {
     QMenu &file = addMenu(window, "fileMenu", commands,
-                          {"file.new", "file.open", "-", "file.save", "file.saveAs", "file.revert",
-                           "file.recover", "-", "file.import", "file.importClipboard",
-                           "file.sample", "-", "file.exportAll", "file.exportSelection", "-",
-                           "file.print", "file.pdf", "-", "file.quit"});
+                          {"file.new",
+                           "file.open",
+                           "-",
+                           "file.save",
+                           "file.saveAs",
+                           "file.revert",
+                           "file.recover",
+                           "-",
+                           "file.import",
+                           "file.importClipboard",
+                           "file.reimport",
+                           "file.sample",
+                           "-",
+                           "file.exportAll",
+                           "file.exportSelection",
+                           "-",
+                           "file.print",
+                           "file.pdf",
+                           "-",
+                           "file.quit"});
     file.insertMenu(file.actions().at(2), fileMenus.recent);
     file.insertMenu(commands.action("file.exportAll"), fileMenus.order);
     QMenu &edit = addMenu(window, "editMenu", commands,
@@ -175,6 +196,9 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
     QMenu *paths = arrange.addMenu(QString());
     paths->setObjectName(QStringLiteral("pathsMenu"));
     fill(*paths, commands, kPaths);
+    QMenu *nodes = arrange.addMenu(QString());
+    nodes->setObjectName(QStringLiteral("nodesMenu"));
+    fill(*nodes, commands, kNodes);
     QMenu *order = arrange.addMenu(QString());
     order->setObjectName(QStringLiteral("stackingMenu"));
     fill(*order, commands, kOrder);

@@ -124,7 +124,7 @@ private:
         if (!unlocking->changesNothing())
             studio.stack().push(unlocking.release());
         studio.select(surplus);
-        studio.key(Qt::Key_Delete);
+        studio.run("edit.delete"); // the key may be that of a tool
     }
 
     /**

@@ -44,6 +44,16 @@ public:
 
     QRectF frameRect() const { return frame().rect().translated(frame().pos()); }
 
+    /** Place of a handle on the screen. */
+    QRectF handlePlace(int index) const
+    {
+        return frame()
+            .childItems()
+            .at(index)
+            ->deviceTransform(view.viewportTransform())
+            .mapRect(QRectF(0, 0, 20, 20));
+    }
+
     /** Middle of a handle as seen on screen, in scene pixels. */
     QPointF handle(int index) const
     {
@@ -94,6 +104,27 @@ private Q_SLOTS:
         desk->user->click({-200, -200});
         QVERIFY(!a->isSelected());
         QVERIFY(!desk->frame().isVisible());
+    }
+
+    void handleScale_makesCornersStandApartOfAFlatFrame()
+    {
+        auto *flat = desk->addRect(0, 0);
+        flat->setTransformParam(QTransform::fromScale(1.0, 0.04)); // 100 by 4 pixels
+        flat->setSelected(true);
+        QCOMPARE(desk->frame().getHandleScale(), 0.0);
+        QCOMPARE(desk->handlePlace(0).bottom(), desk->handlePlace(4).bottom()); // as ever
+        QVERIFY(desk->handlePlace(0).intersects(desk->handlePlace(5)));
+        const QRectF middle = desk->handlePlace(5);
+        desk->frame().setHandleScale(1.0);
+        QCOMPARE(desk->handlePlace(5), middle);
+        // Top left and bottom left go 8 pixels out each: the one between them has 20.
+        QCOMPARE(desk->handlePlace(0).bottom(), middle.top());
+        QCOMPARE(desk->handlePlace(2).top(), middle.bottom() + 1.0);
+        QCOMPARE(desk->handlePlace(0).right(), middle.right()); // there is room enough across
+        desk->frame().setHandleScale(10.0);                     // 1000 by 40 on the screen
+        QCOMPARE(desk->handlePlace(0).bottom(), desk->handlePlace(4).bottom());
+        desk->frame().setHandleScale(0.0);
+        QCOMPARE(desk->handlePlace(0).bottom(), desk->handlePlace(4).bottom());
     }
 
     void rubberBand_selectsWhatItTouches()

@@ -71,6 +71,48 @@ private Q_SLOTS:
         QVERIFY(item->isSelected());
     }
 
+    void flatShapes_letEveryHandleBeGrabbed_data()
+    {
+        QTest::addColumn<QSizeF>("sizeMm");
+        QTest::addColumn<double>("zoom");
+        for (const double zoom : {0.2, 1.0, 8.0}) {
+            QTest::addRow("level line, %g", zoom) << QSizeF(30, 0) << zoom;
+            QTest::addRow("upright line, %g", zoom) << QSizeF(0, 30) << zoom;
+            QTest::addRow("thin bar, %g", zoom) << QSizeF(30, 0.2) << zoom;
+            QTest::addRow("dot, %g", zoom) << QSizeF(0.5, 0.5) << zoom;
+        }
+    }
+
+    void flatShapes_letEveryHandleBeGrabbed()
+    {
+        QFETCH(QSizeF, sizeMm);
+        QFETCH(double, zoom);
+        ShapeItem *item = studio->addRect(0, 0); // of 10 mm
+        item->setTransformParam(QTransform::fromScale(qMax(sizeMm.width(), 1e-3) / 10.0,
+                                                      qMax(sizeMm.height(), 1e-3) / 10.0));
+        studio->select({item});
+        studio->view().resetSize(zoom);
+        studio->view().centerOn(item);
+        QCoreApplication::processEvents();
+        const ZTGraphicsResizeItem *frame = studio->document().scene()->getGraphicsResizeItem();
+        QCOMPARE(frame->getHandleScale(), zoom);
+        QVector<QRectF> places;
+        for (const QGraphicsItem *handle : frame->childItems()) {
+            const QRectF place = handle->deviceTransform(studio->view().viewportTransform())
+                                     .mapRect(QRectF(0, 0, 20, 20));
+            for (const QRectF &other : qAsConst(places))
+                QVERIFY2(!place.adjusted(0.5, 0.5, -0.5, -0.5).intersects(other),
+                         qPrintable(QStringLiteral("%1 %2 and %3 %4")
+                                        .arg(place.x())
+                                        .arg(place.y())
+                                        .arg(other.x())
+                                        .arg(other.y())));
+            places.append(place);
+            QCOMPARE(studio->view().itemAt(place.center().toPoint()), handle);
+        }
+        QCOMPARE(places.size(), 8);
+    }
+
     void rotateHandle_standsAboveTheFrame_atEveryZoom()
     {
         studio->select({squareOf200()});

@@ -2,6 +2,7 @@
 
 #include <studio/Importer.h>
 #include <studio/UndoTexts.h>
+#include <studio/drawing/DrawingFiles.h>
 #include <studio/import/ImportDialog.h>
 #include <studio/import/ImportNotes.h>
 #include <studio/import/ImportPicture.h>
@@ -10,6 +11,7 @@
 #include <hostkit/items/GraphicItems.h>
 #include <hostkit/items/ItemExtras.h>
 
+#include <QtCore/QFile>
 #include <QtCore/QMimeData>
 #include <QtCore/QSettings>
 #include <QtCore/QUrl>
@@ -80,7 +82,8 @@ private Q_SLOTS:
         QCOMPARE(dialog->windowTitle(), QStringLiteral("Import \"plate.svg\""));
         QVERIFY(textOf(dialog, "importFound").startsWith(QStringLiteral("60 × 80 mm. ")));
         QVERIFY(textOf(dialog, "importFound").contains(QStringLiteral("100 × 100 mm")));
-        QCOMPARE(textOf(dialog, "importCounts"), QStringLiteral("1 layers, 2 outlines, 0 texts"));
+        QCOMPARE(textOf(dialog, "importCounts"),
+                 QStringLiteral("layers: 1, outlines: 2, texts: 0"));
         auto *notes = dialog->findChild<QListWidget *>(QStringLiteral("importNotes"));
         QCOMPARE(notes->count(), 1);
         QVERIFY(notes->item(0)->text().contains(QStringLiteral("pictures")));
@@ -208,6 +211,30 @@ private Q_SLOTS:
         QCOMPARE(studio->ids().size(), 1);
     }
 
+    void mendButton_mendsWhatWasFound()
+    {
+        const QByteArray loose =
+            "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"50mm\" height=\"50mm\" "
+            "viewBox=\"0 0 50 50\" fill=\"none\" stroke=\"red\"><path d=\"M0 0H40V30\"/>"
+            "<path d=\"M40 30L0 0\"/><path d=\"M10 0H20\"/></svg>";
+        studio->window->offerFile(studio->write("loose.svg", loose));
+        QCoreApplication::processEvents();
+        auto *dialog = studio->window->findChild<studio::ImportDialog *>();
+        dialog->findChild<QTabWidget *>()->setCurrentIndex(1);
+        auto *mend = dialog->findChild<QPushButton *>(QStringLiteral("importMend"));
+        QVERIFY(mend->isVisible());
+        QTest::mouseClick(mend, Qt::LeftButton);
+        QVERIFY(textOf(dialog, "cleanFigures").contains(QStringLiteral("Outlines: 3 → 1")));
+        QVERIFY(dialog->findChild<QCheckBox *>(QStringLiteral("cleanJoin"))->isChecked());
+        press(dialog, QDialogButtonBox::Cancel);
+        // A drawing that is well has no such button.
+        studio->window->offerFile(plate());
+        QCoreApplication::processEvents();
+        for (const auto *other : studio->window->findChildren<studio::ImportDialog *>())
+            QVERIFY(other == dialog ||
+                    other->findChild<QPushButton *>(QStringLiteral("importMend"))->isHidden());
+    }
+
     void cleaning_followsTheSize()
     {
         // Ends 0.2 mm apart: too far at true size, near enough at a tenth of it.
@@ -228,6 +255,87 @@ private Q_SLOTS:
         const auto items = studio::shapeItemsOf(*studio->document().scene());
         QCOMPARE(items.size(), 1);
         QVERIFY(hostkit::outlinesOf(*items.first()).first().isClosed());
+    }
+
+    void reimport_followsTheFile_andKeepsWhatWasSet()
+    {
+        // At half its size, moved, turned into another pen and hatched.
+        studio::ImportDialog *dialog = offer();
+        enter(size(dialog, "importWidth"), "30");
+        press(dialog, QDialogButtonBox::Ok);
+        studio::ShapeItem *red = itemOfPen(12);
+        studio::ShapeItem *blue = itemOfPen(2);
+        QVERIFY(red != nullptr && blue != nullptr);
+        const QPointF way(37, 91);
+        red->setPos(red->pos() + way);
+        red->setTransformParam(QTransform::fromScale(2, 2));
+        red->setPenId(5);
+        ZTFillParam hatch;
+        hatch.fillType = FillType::Line;
+        red->setFillParam(hatch);
+        const QPointF corner = hostkit::outlinesOf(*red).first().boundsMm().topLeft();
+        const DrawingSnapshot before = studio->snapshot();
+
+        // The red square is 50 by 40 now and begins 4 mm farther left; the blue line is gone, a
+        // green one new.
+        QByteArray changed = kPlate;
+        changed.replace("x=\"10\" y=\"10\" width=\"40\"", "x=\"6\" y=\"10\" width=\"50\"");
+        changed.replace("<path d=\"M10 90H70\" fill=\"none\" stroke=\"blue\"/>",
+                        "<path d=\"M10 60V80\" fill=\"none\" stroke=\"green\"/>");
+        studio->write("plate.svg", changed);
+        studio->select({red});
+        QVERIFY(studio->run("file.reimport"));
+        const QRectF box = hostkit::outlinesOf(*red).first().boundsMm();
+        // Half of the file's size, twice as large.
+        QVERIFY(std::abs(box.width() - 50) + std::abs(box.height() - 40) < 1e-6);
+        QVERIFY(std::abs(box.left() - (corner.x() - 4)) < 1e-6);
+        QVERIFY(std::abs(box.top() - corner.y()) < 1e-6);
+        QCOMPARE(red->getPenId(), 5);
+        QCOMPARE(red->getFillParam().fillType, FillType::Line);
+        QVERIFY(itemOfPen(2) == nullptr);
+        const studio::ShapeItem *green = itemOfPen(6);
+        QVERIFY(green != nullptr);
+        // 4 mm from the old left side, 50 below the old top, 20 long: at full size beside the red.
+        const QRectF line = hostkit::outlinesOf(*green).first().boundsMm();
+        QVERIFY(std::abs(line.left() - corner.x()) < 1e-6);
+        QVERIFY(std::abs(line.top() - (corner.y() + 50)) < 1e-6);
+        QVERIFY(std::abs(line.height() - 20) < 1e-6);
+        const DrawingSnapshot after = studio->snapshot();
+        QCOMPARE(studio->stack().count(), 2);
+        COMPARE_UNDO_AND_REDO(studio->document(), before, after);
+    }
+
+    void reimport_ofALostFile_changesNothing()
+    {
+        QCOMPARE(studio->window->importFiles({plate()}), 1);
+        const DrawingSnapshot before = studio->snapshot();
+        QVERIFY(QFile::remove(studio->path("plate.svg")));
+        QVERIFY(studio->run("file.reimport"));
+        QVERIFY(studio->snapshot() == before);
+        QCOMPARE(studio->messages->failures.size(), 1);
+        QCOMPARE(studio->stack().count(), 1);
+    }
+
+    void reimport_isPossibleAfterSavingAndLoading()
+    {
+        QCOMPARE(studio->window->importFiles({plate()}), 1);
+        const QString saved = studio->path("plate.ztd");
+        QVERIFY(studio->window->files().saveTo(saved));
+        QVERIFY(studio->window->files().load(saved));
+        QByteArray changed = kPlate;
+        changed.replace("width=\"40\"", "width=\"20\"");
+        studio->write("plate.svg", changed);
+        studio->select(studio::shapeItemsOf(*studio->document().scene()));
+        QVERIFY(studio->run("file.reimport"));
+        QVERIFY(hasSize(*itemOfPen(12), QSizeF(20, 40)));
+        QCOMPARE(studio->ids().size(), 2);
+    }
+
+    void reimport_ofShapesOfTheirOwn_isSaid()
+    {
+        studio->select({studio->addRect(0, 0)});
+        QVERIFY(studio->run("file.reimport"));
+        QCOMPARE(studio->stack().count(), 0);
     }
 
     void clipboard_svg_isOffered()
@@ -261,6 +369,15 @@ private Q_SLOTS:
     }
 
 private:
+    studio::ShapeItem *itemOfPen(int pen)
+    {
+        for (studio::ShapeItem *item : studio::shapeItemsOf(*studio->document().scene())) {
+            if (item->getPenId() == pen)
+                return item;
+        }
+        return nullptr;
+    }
+
     QString plate() { return studio->write("plate.svg", kPlate); }
 
     studio::ImportDialog *offer()

@@ -3,8 +3,11 @@
 #include "support/ShxWriter.h"
 
 #include <QtWidgets/QFontComboBox>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QListView>
 #include <QtWidgets/QMenu>
+#include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QToolButton>
 
 using studio::TextState;
@@ -66,6 +69,35 @@ private Q_SLOTS:
         QVERIFY(studio->run("edit.redo"));
         QVERIFY(TextState(*item) == after);
         QVERIFY(studio->frameFits());
+    }
+
+    void missingCharacters_areMarked_andAFontThatHasThemIsOneClickAway()
+    {
+        item->setFontType(FontType::singleLine);
+        QVERIFY(studio->openDialog(Words));
+        auto *bar = studio->box<QWidget>("missingBar");
+        QVERIFY(!bar->isVisible());
+        auto *words = studio->box<QPlainTextEdit>("words");
+        words->selectAll();
+        QTest::keyClicks(words, QStringLiteral("CAC")); // "C" is in neither of the tiny fonts
+        QTRY_COMPARE(item->text(), QStringLiteral("CAC"));
+        QVERIFY(bar->isVisible());
+        QCOMPARE(studio->box<QLabel>("missingLabel")->text(),
+                 QStringLiteral("This font does not draw: C"));
+        QCOMPARE(words->extraSelections().size(), 2);
+        QCOMPARE(words->extraSelections().first().cursor.selectedText(), QStringLiteral("C"));
+
+        auto *use = studio->box<QPushButton>("offer1");
+        QVERIFY(use->text().startsWith(QStringLiteral("Use ")));
+        QTest::mouseClick(use, Qt::LeftButton);
+        QTRY_COMPARE(item->fontType(), FontType::doubleLine);
+        QTRY_VERIFY(!bar->isVisible());
+        QVERIFY(words->extraSelections().isEmpty());
+        studio->close(kOk);
+        QCOMPARE(studio->stack().count(), 1);
+        QVERIFY(studio->run("edit.undo"));
+        QCOMPARE(item->fontType(), FontType::singleLine);
+        QCOMPARE(item->text(), QStringLiteral("AA"));
     }
 
     void cancel_bringsEverythingBack()

@@ -623,12 +623,16 @@ Examples:
         <translation>与要求不符：</translation>
     </message>
     <message>
-        <source>%1 degrees</source>
-        <translation>%1 度</translation>
-    </message>
-    <message>
         <source>%1 mm</source>
         <translation>%1 毫米</translation>
+    </message>
+    <message>
+        <source>Curve tolerance:</source>
+        <translation>曲线公差：</translation>
+    </message>
+    <message>
+        <source>%1 degrees</source>
+        <translation>%1 度</translation>
     </message>
     <message>
         <source>Hatches:</source>
@@ -681,10 +685,6 @@ Examples:
     <message>
         <source>zigzag</source>
         <translation>之字线</translation>
-    </message>
-    <message>
-        <source>Curve tolerance:</source>
-        <translation>曲线公差：</translation>
     </message>
 </context>
 <context>
@@ -754,12 +754,6 @@ Examples:
         <translation>改为列出系统字体</translation>
     </message>
     <message>
-        <source>Stroke fonts are the files *.shx in the folder font beside the program. A text takes
-a pair of them: a regular one and a big one, which has the Chinese characters.</source>
-        <translation>单线字体是程序旁 font 文件夹中的 *.shx 文件。文字使用一对字体：
-一个常规字体和一个含有汉字的大字体。</translation>
-    </message>
-    <message>
         <source>Tell what is in a stroke font, and what of it is damaged</source>
         <translation>说明单线字体的内容及损坏之处</translation>
     </message>
@@ -826,6 +820,14 @@ a pair of them: a regular one and a big one, which has the Chinese characters.</
     <message>
         <source>%1 x %2 cells</source>
         <translation>%1 x %2 格</translation>
+    </message>
+    <message>
+        <source>Stroke fonts are the files *.shx in the folder font beside the program. A text takes
+a pair of them: a regular one and a big one, which has the Chinese characters. What
+has no code in such pairs comes from unicode-strokes.shx, the same for every pair.</source>
+        <translation>单线字体是程序旁 font 文件夹中的 *.shx 文件。文本使用其中的一对：
+一个常规字体和一个含汉字的大字体。这对字体没有编码的字符
+取自 unicode-strokes.shx，任何一对都相同。</translation>
     </message>
 </context>
 <context>
@@ -1387,6 +1389,16 @@ given several times</source>
 500 mm/s，或机器的最高速度</translation>
     </message>
     <message>
+        <source>Write also what does not show what it was given, such as a code that cannot
+hold its content</source>
+        <translation>也写出没有显示给定内容的图形，例如容纳不下其内容的
+条码</translation>
+    </message>
+    <message>
+        <source>nothing written: what does not show what it was given is written with --as-shown alone</source>
+        <translation>没有写出：没有显示给定内容的图形只有用 --as-shown 才写出</translation>
+    </message>
+    <message>
         <source>Hatches before or after the outlines: any, before, or after</source>
         <translation>填充在轮廓之前或之后：any、before 或 after</translation>
     </message>
@@ -1397,16 +1409,6 @@ given several times</source>
     <message>
         <source>Mark outlines inside others before those around them</source>
         <translation>先标刻内部轮廓，再标刻外部轮廓</translation>
-    </message>
-    <message>
-        <source>Write also what does not show what it was given, such as a code that cannot
-hold its content</source>
-        <translation>也写出没有显示给定内容的图形，例如容纳不下其内容的
-条码</translation>
-    </message>
-    <message>
-        <source>nothing written: what does not show what it was given is written with --as-shown alone</source>
-        <translation>没有写出：没有显示给定内容的图形只有用 --as-shown 才写出</translation>
     </message>
 </context>
 <context>
@@ -1444,6 +1446,10 @@ hold its content</source>
         <translation>%1：%2</translation>
     </message>
     <message>
+        <source>warning: %1</source>
+        <translation>警告：%1</translation>
+    </message>
+    <message>
         <source>%1 to %2</source>
         <translation>%1 至 %2</translation>
     </message>
@@ -1458,10 +1464,6 @@ hold its content</source>
     <message>
         <source>warning: a job that was interrupted took %1; they are passed over, for its files may have been run</source>
         <translation>警告：被中断的作业取用了 %1；这些编号将被跳过，因为那些文件可能已被运行</translation>
-    </message>
-    <message>
-        <source>warning: %1</source>
-        <translation>警告：%1</translation>
     </message>
 </context>
 <context>

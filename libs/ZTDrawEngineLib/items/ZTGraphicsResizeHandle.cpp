@@ -7,7 +7,9 @@
 #include <QtGui/QPainter>
 #include <QtWidgets/QGraphicsSceneMouseEvent>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace {
 
@@ -45,6 +47,25 @@ const HandleKind &kindOf(int index)
     return kinds.at(static_cast<std::size_t>(index));
 }
 
+constexpr double kSide = 20.0; ///< of a handle, in device pixels
+
+/** How far a handle at an end of a side makes way for the one in the middle of that direction. */
+double wayOf(double anchor, double sidePx)
+{
+    if (anchor == 0.5)
+        return 0.0;
+    const double lackPx = std::max(0.0, (kSide - std::abs(sidePx)) / 2.0);
+    return anchor == 0.0 ? -lackPx : lackPx;
+}
+
+/** What a handle moves so that all can be seen around a rectangle of that size on the screen. */
+QPointF roomOf(const HandleKind &kind, const QSizeF &sizePx)
+{
+    if (sizePx.isNull())
+        return {};
+    return {wayOf(kind.anchorX, sizePx.width()), wayOf(kind.anchorY, sizePx.height())};
+}
+
 } // namespace
 
 ZTGraphicsResizeHandle::ZTGraphicsResizeHandle(int handleIndex, ZTGraphicsResizeItem *parentFrame)
@@ -70,6 +91,8 @@ void ZTGraphicsResizeHandle::place()
     const QRectF rectPx = m_frame->rect();
     const HandleKind &kind = kindOf(m_index);
     setPos(rectPx.x() + kind.anchorX * rectPx.width(), rectPx.y() + kind.anchorY * rectPx.height());
+    const QPointF shift = kind.shift + roomOf(kind, rectPx.size() * m_frame->getHandleScale());
+    setTransform(QTransform::fromTranslate(shift.x(), shift.y()));
 }
 
 void ZTGraphicsResizeHandle::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)

@@ -63,6 +63,15 @@ void ZTGraphicsResizeItem::setOutset(double devicePixels)
     update();
 }
 
+void ZTGraphicsResizeItem::setHandleScale(double viewScale)
+{
+    m_handleScale = viewScale;
+    for (ZTGraphicsResizeHandle *handle : qAsConst(m_handles))
+        handle->place();
+}
+
+double ZTGraphicsResizeItem::getHandleScale() const { return m_handleScale; }
+
 double ZTGraphicsResizeItem::getOutset() const { return m_outset; }
 
 void ZTGraphicsResizeItem::setUndoStack(QUndoStack *stack) { m_undoStack = stack; }

@@ -54,6 +54,14 @@ public:
     void setOutset(double devicePixels);
     double getOutset() const; ///< as `setOutset` set it
 
+    /**
+     * Lets handles stand apart where the rectangle is too small on the screen for all eight, as
+     * around a line: the corners make room. Device pixels to a scene pixel in the view; 0 in a new
+     * frame, and handles overlap.
+     */
+    void setHandleScale(double viewScale);
+    double getHandleScale() const; ///< as `setHandleScale` set it
+
     void setUndoStack(QUndoStack *stack); ///< where steps go, or null; stays the host's
     QUndoStack *getUndoStack() const;     ///< null at first
 
@@ -174,5 +182,6 @@ private:
     double m_rotationAngle = 0.0;        ///< last argument of setRotation
     QHash<const ZTAbstractGraphicsItem *, QPointF> m_startPositions; ///< when the drag began
     bool m_isMoving = false; ///< between press and release on the frame
-    double m_outset = 0.0;   ///< device pixels
+    double m_handleScale = 0.0;
+    double m_outset = 0.0; ///< device pixels
 };

@@ -85,6 +85,22 @@ public:
     void setRoundingParam(const ZTRoundingParam &param);
     ZTRoundingParam getRoundingParam() const;
 
+protected:
+    /**
+     * The strokes of a line in the stroke font, one path for each character of it.
+     *
+     * For hosts that draw characters which the pair of fonts does not have: whatever is returned is
+     * laid out on the line or the arc, shown and marked. This one encodes the line in GBK and draws
+     * it with the pair; a character outside GBK becomes the codec's replacement.
+     *
+     * Frame: path units, y downward. `pos` is where the base line begins, in the fonts' own frame
+     * with y upward; a point (x, y) of theirs stands at (x, 200 - y) of the path, as
+     * `ZTPathGlyphCallback` has it. `wordSpan` is added behind each character.
+     * Order: while the text is laid out. Not called for an empty line on an arc.
+     */
+    virtual QVector<QPainterPath> strokeGlyphs(const QString &line, const QPointF &pos,
+                                               double wordSpan);
+
 private:
     void rebuild();
     void setUpActiveFont();
@@ -98,7 +114,6 @@ private:
 
     /** Appends a line of system-font text that runs on the arc. */
     void paintDlineRound(QPainterPath &path, QString line);
-    QVector<QPainterPath> strokeGlyphs(const QString &line, const QPointF &pos, double wordSpan);
 
     ZTFontParam m_fontParam;
     ZTRoundingParam m_roundingParam;

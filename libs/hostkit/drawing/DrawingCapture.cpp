@@ -1,6 +1,7 @@
 #include <hostkit/drawing/DrawingCapture.h>
 
 #include <hostkit/drawing/DrawingContent_p.h>
+#include <hostkit/drawing/DrawingCurves_p.h>
 #include <hostkit/drawing/ShapeRecords_p.h>
 #include <hostkit/items/ShapeItems.h>
 #include <hostkit/items/StrokeFontHeights.h>
@@ -168,7 +169,7 @@ KeyedFields Collector::fieldsOf(const ZTAbstractGraphicsItem &item, const QByteA
 
 qint32 Collector::numberOf(const QPainterPath &path)
 {
-    const QByteArray content = drawingsToBytes({path});
+    const QByteArray content = drawingsToBytes({path}) + curvesToBytes({path});
     const auto known = m_numbers.constFind(content);
     if (known != m_numbers.constEnd())
         return *known;

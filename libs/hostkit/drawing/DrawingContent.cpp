@@ -1,6 +1,7 @@
 #include <hostkit/drawing/DrawingContent_p.h>
 
 #include <hostkit/drawing/DrawingBytes_p.h>
+#include <hostkit/drawing/DrawingCurves_p.h>
 #include <hostkit/drawing/ShapeRecords_p.h>
 
 #include <QtCore/QDataStream>
@@ -401,7 +402,7 @@ QByteArray drawingsToBytes(const QVector<QPainterPath> &drawings)
     Writer out;
     out << static_cast<quint32>(drawings.size());
     for (const QPainterPath &drawing : drawings) {
-        const QList<QPolygonF> polylines = drawing.toSubpathPolygons();
+        const QList<QPolygonF> polylines = straightened(drawing).toSubpathPolygons();
         out << static_cast<quint32>(polylines.size());
         for (const QPolygonF &polyline : polylines)
             out << static_cast<const QVector<QPointF> &>(polyline);

@@ -1,6 +1,7 @@
 #include <hostkit/drawing/DrawingFile.h>
 
 #include <hostkit/drawing/DrawingContent_p.h>
+#include <hostkit/drawing/DrawingCurves_p.h>
 #include <hostkit/drawing/DrawingFrame_p.h>
 #include <hostkit/drawing/ShapeRecords_p.h>
 #include <hostkit/files/FileWriter.h>
@@ -27,6 +28,7 @@ const QByteArray kMeta = QByteArrayLiteral("META");
 const QByteArray kPreview = QByteArrayLiteral("PREV");
 const QByteArray kItems = QByteArrayLiteral("ITEM");
 const QByteArray kDrawings = QByteArrayLiteral("PLOT");
+const QByteArray kCurves = QByteArrayLiteral("CURV");
 const QByteArray kFonts = QByteArrayLiteral("FONT");
 const QByteArray kExtras = QByteArrayLiteral("XTRA");
 const QByteArray kOrigin = QByteArrayLiteral("rcvr");
@@ -38,7 +40,7 @@ constexpr int kPiece = 1024 * 1024;
 
 QVector<QByteArray> knownTags()
 {
-    return {kMeta, kPreview, kItems, kDrawings, kFonts, kExtras, kOrigin};
+    return {kMeta, kPreview, kItems, kDrawings, kCurves, kFonts, kExtras, kOrigin};
 }
 
 /** The sections of a file by tag. */
@@ -186,9 +188,14 @@ bool readSections(const DrawingFrame &frame, DrawingFile *drawing, Failure *fail
     const auto drawings = [&](const QByteArray &bytes) {
         return drawingsFromBytes(bytes, &drawing->drawings);
     };
+    const auto curves = [&](const QByteArray &bytes) {
+        return curvesFromBytes(bytes, &drawing->drawings);
+    };
     const auto readItems = sections.isOfVersion1() ? readVersion1 : readVersion2;
     return sections.readIfThere(kMeta, meta, failure) && readItems(sections, drawing, failure) &&
-           sections.readIfThere(kDrawings, drawings, failure) && checkDrawing(*drawing, failure);
+           sections.readIfThere(kDrawings, drawings, failure) &&
+           (sections.isOfVersion1() || sections.readIfThere(kCurves, curves, failure)) &&
+           checkDrawing(*drawing, failure);
 }
 
 bool cannotRead(Failure *failure, const QString &why)
@@ -306,6 +313,9 @@ QByteArray drawingToBytes(const DrawingFile &drawing)
     frame.sections << DrawingSection{kItems, itemsToBytes(drawing.counters, drawing.items)};
     if (!drawing.drawings.isEmpty())
         frame.sections << DrawingSection{kDrawings, drawingsToBytes(drawing.drawings)};
+    const QByteArray curves = curvesToBytes(drawing.drawings);
+    if (!curves.isEmpty())
+        frame.sections << DrawingSection{kCurves, curves};
     if (!drawing.fontHeights.isEmpty())
         frame.sections << DrawingSection{kFonts, fontHeightsToBytes(drawing.fontHeights)};
     const QByteArray extras = drawingExtrasToBytes(extrasToWrite(drawing));

@@ -284,12 +284,16 @@ bool fitDrawing(VectorDrawing *drawing, const QSizeF &sizeMm)
     scaleY = hasHeight ? scaleY : scaleX;
     if (!std::isfinite(scaleX) || !std::isfinite(scaleY))
         return false;
-    if (scaleX == scaleY) {
-        drawing->scale(scaleX);
-    } else {
-        stretch(drawing, scaleX, scaleY);
-    }
+    scaleDrawing(drawing, scaleX, scaleY);
     return true;
+}
+
+void scaleDrawing(VectorDrawing *drawing, double scaleX, double scaleY)
+{
+    if (scaleX == scaleY)
+        drawing->scale(scaleX);
+    else
+        stretch(drawing, scaleX, scaleY);
 }
 
 ImportResult importDrawing(ZTGraphicsDocument &document, const VectorDrawing &drawing,

@@ -71,6 +71,9 @@ int penForColor(const QColor &color, const QMap<QRgb, int> &pens);
  */
 bool fitDrawing(vectorkit::VectorDrawing *drawing, const QSizeF &sizeMm);
 
+/** Stretches a drawing about (0, 0). Range: both greater than 0. */
+void scaleDrawing(vectorkit::VectorDrawing *drawing, double scaleX, double scaleY);
+
 /**
  * Brings a drawing into a document at true size: shapes as vector graphics, texts as texts.
  *

@@ -497,4 +497,11 @@
         <translation>显示的与要求的不符：%1</translation>
     </message>
 </context>
+<context>
+    <name>hostkit::TextItem</name>
+    <message>
+        <source>characters missing in its stroke fonts: %1</source>
+        <translation>其单线字体缺少这些字符：%1</translation>
+    </message>
+</context>
 </TS>

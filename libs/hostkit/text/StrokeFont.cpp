@@ -1,5 +1,7 @@
 #include <hostkit/text/StrokeFont.h>
 
+#include <hostkit/text/UnicodeStrokes.h>
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QSet>
 #include <QtCore/QTextCodec>
@@ -126,11 +128,14 @@ bool hasGlyph(const QByteArray &bytes, ZTRegBigFontShxParser &pair)
     return probe.vertices > verticesOfNothing || width != 0.0;
 }
 
-MissingCharacters missingStrokes(const QString &text, ZTRegBigFontShxParser pair)
+MissingCharacters missingStrokes(const QString &text, const ZTShxFontParam &font)
 {
     MissingCharacters missing;
-    for (const uint character : charactersOf(text)) {
+    ZTRegBigFontShxParser pair = font.parser;
+    for (const uint character : charactersOf(composedText(text))) {
         const QString shown = QString::fromUcs4(&character, 1);
+        if (shown.size() == 1 && isFromUnicodeFont(shown.at(0), font))
+            continue;
         const QByteArray bytes = toGbk(shown);
         if (bytes.isEmpty())
             missing.notEncoded.append(shown);
@@ -213,7 +218,7 @@ double capitalHeight(ZTFontParam font)
 
 MissingCharacters missingCharacters(const QString &text, const ZTFontParam &font)
 {
-    return font.fontType == FontType::singleLine ? missingStrokes(text, font.shxFont.parser)
+    return font.fontType == FontType::singleLine ? missingStrokes(text, font.shxFont)
                                                  : missingOutlines(text, font.font);
 }
 

@@ -41,7 +41,10 @@ void setStrokeHeight(ZTShxFontParam *font);
  */
 double capitalHeight(ZTFontParam font);
 
-/** The characters of a text that a font cannot show, each once, in the order of the text. */
+/**
+ * The characters of a text that a font cannot show, each once, in the order of the text. What
+ * `isFromUnicodeFont` is shown, whatever the font has.
+ */
 struct MissingCharacters
 {
     QStringList noGlyph;    ///< the font has no glyph for them, and leaves them out

@@ -76,10 +76,12 @@ void DrawingTools::choose(const QByteArray &id)
     if (kind != nullptr)
         m_sample.reset(ZTGraphicsItemFactory::create(ShapeType2String(kind->type)));
     m_kind = m_sample ? kind : nullptr;
-    m_id = m_kind != nullptr ? id : QByteArray(kSelect);
+    const bool isOthers = m_others.contains(id);
+    m_id = m_kind != nullptr || isOthers ? id : QByteArray(kSelect);
     if (m_kind == nullptr) {
-        Q_EMIT chosen(m_id, std::nullopt);
         Q_EMIT told(QString());
+        Q_EMIT chosen(m_id, isOthers ? std::optional<QCursor>(toolCursor(m_others.value(id)))
+                                     : std::nullopt);
         return;
     }
     if (auto *text = qobject_cast<ZTGraphicsTextItem *>(m_sample.get()))

@@ -3,6 +3,7 @@
 #include <studio/ShapeItems.h>
 #include <studio/canvas/ToolDrag.h>
 
+#include <QtCore/QHash>
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
 
@@ -49,6 +50,9 @@ public:
     /** Both are borrowed and outlive this. */
     DrawingTools(ZTGraphicsDocument &document, DocumentActions &actions, QObject *parent = nullptr);
     ~DrawingTools() override;
+
+    /** A tool of somebody else's, who listens to `chosen`: its mouse is left to them. */
+    void addTool(const QByteArray &id, const char *iconName) { m_others.insert(id, iconName); }
 
     /** Chooses the tool whose command has that id; what is being drawn is given up. */
     void choose(const QByteArray &id);
@@ -97,10 +101,11 @@ private:
     ZTGraphicsDocument &m_document;
     DocumentActions &m_actions;
     QByteArray m_id = kSelect;
-    const ShapeKind *m_kind = nullptr;   ///< that the tool draws; null while selecting
-    std::unique_ptr<ShapeItem> m_sample; ///< a shape of that kind, in no drawing
-    QTransform m_sampleTransform;        ///< of the sample at its usual size
-    QRectF m_sampleBoxPx;                ///< of its outline at that size
+    QHash<QByteArray, const char *> m_others; ///< icons of the tools of others, by id
+    const ShapeKind *m_kind = nullptr;        ///< that the tool draws; null while selecting
+    std::unique_ptr<ShapeItem> m_sample;      ///< a shape of that kind, in no drawing
+    QTransform m_sampleTransform;             ///< of the sample at its usual size
+    QRectF m_sampleBoxPx;                     ///< of its outline at that size
     Snap m_snap;
     std::function<void()> m_snapDone;
     std::optional<ToolDrag> m_drag; ///< while the button is down

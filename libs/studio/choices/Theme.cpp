@@ -8,6 +8,8 @@
 #include <QtWidgets/QProxyStyle>
 #include <QtWidgets/QStyle>
 #include <QtWidgets/QStyleFactory>
+#include <QtWidgets/QToolBar>
+#include <QtWidgets/QToolButton>
 #include <QtWidgets/QToolTip>
 
 namespace studio {
@@ -143,6 +145,31 @@ private:
     }
 };
 
+/** Buttons that unfold a toolbar take their picture once, when they are made. */
+void renewToolBarPictures()
+{
+    for (QWidget *widget : QApplication::allWidgets()) {
+        const auto *bar = qobject_cast<const QToolBar *>(widget->parentWidget());
+        auto *button = qobject_cast<QToolButton *>(widget);
+        if (bar == nullptr || button == nullptr ||
+            button->objectName() != QLatin1String("qt_toolbar_ext_button"))
+            continue;
+        const bool isLevel = bar->orientation() == Qt::Horizontal;
+        button->setIcon(QApplication::style()->standardIcon(
+            isLevel ? QStyle::SP_ToolBarHorizontalExtensionButton
+                    : QStyle::SP_ToolBarVerticalExtensionButton));
+    }
+}
+
+void give(QStyle *style, const QPalette &palette, const QPalette &toolTips)
+{
+    QApplication::setPalette(palette);
+    QApplication::setStyle(style); // takes it over, and may change the palette
+    QApplication::setPalette(palette);
+    QToolTip::setPalette(toolTips);
+    renewToolBarPictures();
+}
+
 } // namespace
 
 void applyTheme(Theme theme)
@@ -152,16 +179,11 @@ void applyTheme(Theme theme)
         return;
     g_theme = theme;
     if (theme == Theme::System) {
-        QApplication::setStyle(QStyleFactory::create(start.style));
-        QApplication::setPalette(start.palette);
-        QToolTip::setPalette(start.toolTips);
+        give(QStyleFactory::create(start.style), start.palette, start.toolTips);
         return;
     }
     const QPalette palette = paletteOf(theme == Theme::Dark ? kDark : kLight);
-    QApplication::setPalette(palette);
-    QApplication::setStyle(new ThemeStyle); // owned by the application
-    QApplication::setPalette(palette);
-    QToolTip::setPalette(palette);
+    give(new ThemeStyle, palette, palette);
 }
 
 Theme appliedTheme() { return g_theme; }

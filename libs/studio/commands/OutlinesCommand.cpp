@@ -8,16 +8,25 @@ OutlinesCommand::OutlinesCommand(const QVector<OutlineChange> &changes, const QS
     : QUndoCommand(text)
 {
     for (const OutlineChange &change : changes) {
-        Change kept;
-        if (change.item == nullptr ||
-            !hostkit::drawingFor(*change.item, change.pathsMm, &kept.after))
-            continue;
-        const ZTVecGraph *graphic = hostkit::graphicOf(*change.item);
-        kept.item = change.item;
-        kept.before = graphic->getDrawing();
-        kept.nameBefore = graphic->getImagePath();
-        m_changes.append(kept);
+        QPainterPath drawing;
+        if (change.item != nullptr && hostkit::drawingFor(*change.item, change.pathsMm, &drawing))
+            take(*change.item, drawing);
     }
+}
+
+OutlinesCommand::OutlinesCommand(const QVector<DrawingChange> &changes, const QString &text)
+    : QUndoCommand(text)
+{
+    for (const DrawingChange &change : changes) {
+        if (change.item != nullptr && hostkit::graphicOf(*change.item) != nullptr)
+            take(*change.item, change.drawing);
+    }
+}
+
+void OutlinesCommand::take(ShapeItem &item, const QPainterPath &drawing)
+{
+    const ZTVecGraph *graphic = hostkit::graphicOf(item);
+    m_changes.append({&item, graphic->getDrawing(), drawing, graphic->getImagePath()});
 }
 
 void OutlinesCommand::undo()

@@ -16,6 +16,13 @@ struct OutlineChange
     QVector<vectorkit::VectorPath> pathsMm;
 };
 
+/** The same in the graphic's own frame. */
+struct DrawingChange
+{
+    ShapeItem *item; ///< borrowed from the drawing
+    QPainterPath drawing;
+};
+
 /**
  * Other outlines of vector graphics, which keep their place, transform, pen, hatch and extras.
  *
@@ -26,6 +33,7 @@ class OutlinesCommand : public QUndoCommand
 {
 public:
     OutlinesCommand(const QVector<OutlineChange> &changes, const QString &text);
+    OutlinesCommand(const QVector<DrawingChange> &changes, const QString &text);
 
     void undo() override;
     void redo() override;
@@ -39,6 +47,7 @@ private:
         QString nameBefore; ///< of the file that the drawing came from
     };
 
+    void take(ShapeItem &item, const QPainterPath &drawing);
     static void give(const Change &change, const QPainterPath &drawing, const QString &name);
 
     QVector<Change> m_changes;

@@ -19,9 +19,11 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QStyle>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QTableWidget>
 
+#include <algorithm>
 #include <set>
 
 namespace studio {
@@ -75,6 +77,15 @@ std::set<QRgb> colorsOf(const vectorkit::VectorDrawing &drawing)
         }
     }
     return colors;
+}
+
+/** Where there is no extent in a direction it is the other one's; in none, that of the unit. */
+QSizeF scaleBetween(const QSizeF &found, const QSizeF &now, double unitFactor)
+{
+    const double across = found.width() > 0.0 ? now.width() / found.width() : 0.0;
+    const double down = found.height() > 0.0 ? now.height() / found.height() : 0.0;
+    const double other = across > 0.0 ? across : down > 0.0 ? down : unitFactor;
+    return {across > 0.0 ? across : other, down > 0.0 ? down : other};
 }
 
 } // namespace
@@ -197,7 +208,7 @@ QWidget *ImportDialog::newDrawingPage(const QString &path)
                 : tr("%1, written by %2").arg(formatOf(m_found), m_found.producer),
             QStringLiteral("importFormat"));
     addText(tr("Holds:"),
-            tr("%1 layers, %2 outlines, %3 texts")
+            tr("layers: %1, outlines: %2, texts: %3")
                 .arg(m_found.layers.size())
                 .arg(m_found.pathCount())
                 .arg(m_found.textCount()),
@@ -226,6 +237,9 @@ QWidget *ImportDialog::newCleaningPage()
     needs->setObjectName(QStringLiteral("importNeeds"));
     needs->setWordWrap(true);
     needs->setTextFormat(Qt::PlainText);
+    auto *mend = new QPushButton(tr("&Mend this"), this);
+    mend->setObjectName(QStringLiteral("importMend"));
+    connect(mend, &QPushButton::clicked, this, &ImportDialog::mend);
     qint64 pieces = 0;
     for (const vectorkit::VectorLayer &layer : qAsConst(m_found.layers)) {
         for (const vectorkit::VectorShape &shape : layer.shapes) {
@@ -237,14 +251,26 @@ QWidget *ImportDialog::newCleaningPage()
         const QString found = cleanNeeds(vectorkit::cleaningNeeds(m_found, kNearMm, kSameMm));
         needs->setText(found.isEmpty() ? tr("There is nothing to mend.")
                                        : tr("To be mended: %1").arg(found));
+        mend->setVisible(!found.isEmpty());
     } else {
+        mend->hide();
         needs->setText(tr("%L1 pieces: choose what to clean, and see what it mends.").arg(pieces));
     }
     auto *page = new QWidget(this);
     auto *rows = new QVBoxLayout(page);
     rows->addWidget(needs);
+    rows->addWidget(mend, 0, Qt::AlignLeft);
     rows->addWidget(m_clean, 1);
     return page;
+}
+
+void ImportDialog::mend()
+{
+    vectorkit::CleanOptions options = m_clean->options();
+    options.joinMm = std::max(options.joinMm, kNearMm);
+    options.dropDoubles = true;
+    m_clean->setOptions(options);
+    refresh();
 }
 
 void ImportDialog::layOut(const QString &path)
@@ -253,6 +279,10 @@ void ImportDialog::layOut(const QString &path)
     tabs->setObjectName(QStringLiteral("importTabs"));
     tabs->addTab(newDrawingPage(path), tr("Dra&wing"));
     tabs->addTab(newCleaningPage(), tr("&Cleaning"));
+    const auto *needs = findChild<QLabel *>(QStringLiteral("importNeeds"));
+    if (!findChild<QPushButton *>(QStringLiteral("importMend"))->isHidden())
+        tabs->setTabIcon(1, style()->standardIcon(QStyle::SP_MessageBoxWarning));
+    tabs->setTabToolTip(1, needs->text());
     auto *notesLabel = new QLabel(tr("&Left out or changed:"), this);
     notesLabel->setBuddy(m_notes);
 
@@ -313,6 +343,8 @@ void ImportDialog::refresh()
     m_soon.stop();
     vectorkit::CleanOptions options = m_clean->options();
     vectorkit::VectorDrawing drawing = sized();
+    const QSizeF scale = scaleBetween(m_foundSizeMm, drawing.boundsMm().size(),
+                                      m_unitBox->currentData().toDouble() / m_found.unitMm);
     vectorkit::CleanReport report;
     bool isDone = false;
     {
@@ -328,6 +360,7 @@ void ImportDialog::refresh()
         return;
     }
     m_shown = drawing;
+    m_scale = scale;
     m_clean->showReport(report);
     m_picture->show(m_shown);
 }
@@ -354,6 +387,8 @@ vectorkit::VectorDrawing ImportDialog::sized() const
                m_foundSizeMm.height() > 0.0 && !isWidthAlone ? m_heightBox->value() : 0.0));
     return drawing;
 }
+
+vectorkit::CleanOptions ImportDialog::cleaning() const { return m_clean->options(); }
 
 hostkit::ImportOptions ImportDialog::options() const
 {

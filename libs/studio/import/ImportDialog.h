@@ -2,6 +2,8 @@
 
 #include <hostkit/import/DrawingImport.h>
 
+#include <vectorkit/clean/DrawingCleaning.h>
+
 #include <QtCore/QTimer>
 #include <QtWidgets/QDialog>
 
@@ -37,6 +39,12 @@ public:
     /** The drawing in the size that the user chose, cleaned as chosen. */
     const vectorkit::VectorDrawing &drawing() const { return m_shown; }
 
+    /** From the size as found to that of `drawing`, across and down. */
+    QSizeF scale() const { return m_scale; }
+
+    /** What `drawing` has been cleaned of. */
+    vectorkit::CleanOptions cleaning() const;
+
     /** Split, hatch of open outlines and pens, as chosen. */
     hostkit::ImportOptions options() const;
 
@@ -48,6 +56,7 @@ private:
     void layOut(const QString &path);
     QWidget *newDrawingPage(const QString &path);
     QWidget *newCleaningPage();
+    void mend();
     QDoubleSpinBox *addSize(const QString &name);
     void fillUnits();
     void fillNotes();
@@ -63,6 +72,7 @@ private:
 
     vectorkit::VectorDrawing m_found;
     vectorkit::VectorDrawing m_shown; ///< sized and cleaned
+    QSizeF m_scale = {1.0, 1.0};      ///< of what is shown
     QSizeF m_foundSizeMm;
     hostkit::ImportOptions m_first; ///< as remembered
     ImportPicture *m_picture;       ///< children, as all below

@@ -12,6 +12,10 @@ namespace {
 
 constexpr int kMarginPx = 8;
 constexpr int kFontPx = 100;
+constexpr int kTint = 24;       ///< of 255
+constexpr int kMostEnds = 4000; ///< ends that are shown
+constexpr double kEndPx = 4.0;
+const QColor kEndColor(0xd0, 0x30, 0x20);
 const QSize kLeast(360, 300);
 
 /** A colour that can be seen on paper. */
@@ -40,14 +44,15 @@ void ImportPicture::show(const vectorkit::VectorDrawing &drawing)
 {
     m_parts.clear();
     m_texts.clear();
+    m_endsMm.clear();
     m_boxMm = drawing.boundsMm();
     for (const vectorkit::VectorLayer &layer : drawing.layers) {
         for (const vectorkit::VectorShape &shape : layer.shapes) {
             const QColor ink = inkOf(shape.color);
             if (m_parts.isEmpty() || m_parts.last().color != ink)
-                m_parts.append({QPainterPath(), ink});
+                m_parts.append({QPainterPath(), QPainterPath(), ink});
             for (const vectorkit::VectorPath &path : shape.paths)
-                path.addTo(&m_parts.last().path);
+                take(path, &m_parts.last());
         }
         for (const vectorkit::VectorText &text : layer.texts) {
             const double sideMm = text.heightMm * std::max(1, text.text.size());
@@ -80,8 +85,30 @@ void ImportPicture::paintEvent(QPaintEvent *)
     for (const Part &part : qAsConst(m_parts)) {
         QPen pen(part.color, 1.0);
         pen.setCosmetic(true);
-        painter.strokePath(part.path, pen);
+        QColor tint = part.color;
+        tint.setAlpha(kTint);
+        painter.fillPath(part.closed, tint);
+        painter.strokePath(part.closed, pen);
+        painter.strokePath(part.open, pen);
     }
+    if (m_endsMm.size() <= kMostEnds) {
+        QPen dot(kEndColor, kEndPx, Qt::SolidLine, Qt::RoundCap);
+        dot.setCosmetic(true);
+        painter.setPen(dot);
+        painter.drawPoints(m_endsMm.constData(), m_endsMm.size());
+    }
+    paintTexts(&painter);
+}
+
+void ImportPicture::take(const vectorkit::VectorPath &path, Part *part)
+{
+    path.addTo(path.isClosed() ? &part->closed : &part->open);
+    if (!path.isClosed() && !path.isEmpty() && m_endsMm.size() <= kMostEnds)
+        m_endsMm << path.start() << path.end();
+}
+
+void ImportPicture::paintTexts(QPainter *painter) const
+{
     for (const vectorkit::VectorText &text : qAsConst(m_texts)) {
         QFont font;
         font.setPixelSize(kFontPx);
@@ -91,14 +118,14 @@ void ImportPicture::paintEvent(QPaintEvent *)
         const double shift = text.anchor == vectorkit::TextAnchor::Left     ? 0.0
                              : text.anchor == vectorkit::TextAnchor::Middle ? -advance / 2
                                                                             : -advance;
-        painter.save();
-        painter.translate(text.positionMm);
-        painter.rotate(-text.angleDeg);
-        painter.scale((text.isMirrored ? -size : size) * text.widthFactor, size);
-        painter.setFont(font);
-        painter.setPen(inkOf(text.color));
-        painter.drawText(QPointF(shift, 0), text.text);
-        painter.restore();
+        painter->save();
+        painter->translate(text.positionMm);
+        painter->rotate(-text.angleDeg);
+        painter->scale((text.isMirrored ? -size : size) * text.widthFactor, size);
+        painter->setFont(font);
+        painter->setPen(inkOf(text.color));
+        painter->drawText(QPointF(shift, 0), text.text);
+        painter->restore();
     }
 }
 

@@ -7,7 +7,10 @@
 
 namespace studio {
 
-/** What a drawing looks like before it comes in: its outlines, as large as the widget allows. */
+/**
+ * What a drawing looks like before it comes in: its outlines, as large as the widget allows. Closed
+ * ones are tinted, and dots stand at the ends of open ones.
+ */
 class ImportPicture : public QWidget
 {
     Q_OBJECT
@@ -24,11 +27,16 @@ protected:
 private:
     struct Part
     {
-        QPainterPath path;
+        QPainterPath open;
+        QPainterPath closed;
         QColor color;
     };
+    void take(const vectorkit::VectorPath &path, Part *part);
+    void paintTexts(QPainter *painter) const;
+
     QVector<Part> m_parts;
     QVector<vectorkit::VectorText> m_texts;
+    QVector<QPointF> m_endsMm; ///< of open outlines, as many as can be told apart
     QRectF m_boxMm;
 };
 

@@ -83,6 +83,7 @@ void PlanView::setLook(const Look &look)
 {
     const bool isRecolored = look.colors != m_look.colors;
     m_look = look;
+    m_signs = QImage();
     if (isRecolored)
         forgetPictures();
     update();
@@ -136,6 +137,7 @@ QImage PlanView::blank() const
 void PlanView::forgetPictures()
 {
     m_pale = QImage();
+    m_signs = QImage();
     m_done = QImage();
     m_doneVertices = 0;
     m_waypoints.clear();
@@ -246,11 +248,14 @@ void PlanView::drawPresent(QPainter &painter) const
 }
 
 /** Jumps, arrows, order numbers and starting points. */
-void PlanView::drawSigns(QPainter &painter) const
+void PlanView::drawSigns()
 {
+    m_signs = blank();
     const QVector<jobkit::PlanPiece> &pieces = m_job->plan.pieces;
     if (pieces.size() > kSignsAtMost)
         return;
+    QPainter painter(&m_signs);
+    painter.setRenderHint(QPainter::Antialiasing);
     const QTransform view = transform();
     for (int piece = 0; piece < pieces.size(); ++piece) {
         const QPolygonF &points = pieces[piece].pointsMm;
@@ -279,13 +284,15 @@ void PlanView::paintEvent(QPaintEvent *)
         return;
     if (m_pale.isNull())
         drawPale();
+    if (m_signs.isNull())
+        drawSigns();
     drawUpTo(verticesDone());
     painter.drawImage(0, 0, m_pale);
     painter.drawImage(0, 0, m_done);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(palette().mid().color(), 1.0, Qt::DashLine));
     painter.drawPolygon(transform().map(QPolygonF(m_job->request.machine.fieldMm())));
-    drawSigns(painter);
+    painter.drawImage(0, 0, m_signs);
     drawPresent(painter);
 }
 

@@ -80,7 +80,7 @@ private:
     void drawSegments(QPainter &painter, qint64 from, qint64 to) const;
     void drawPiece(QPainter &painter, int piece, int first, int last) const;
     void drawPresent(QPainter &painter) const;
-    void drawSigns(QPainter &painter) const;
+    void drawSigns();
     qint64 verticesDone() const;
     int pieceOfVertex(qint64 vertex) const;
 
@@ -92,6 +92,7 @@ private:
     QPointF m_shift;     ///< of the middle, in pixels
 
     QImage m_pale;
+    QImage m_signs; ///< they are the same at any moment
     QImage m_done;
     qint64 m_doneVertices = 0;            ///< that `m_done` shows
     std::map<qint64, QImage> m_waypoints; ///< pictures of less, by their vertices

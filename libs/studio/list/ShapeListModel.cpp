@@ -266,7 +266,7 @@ QVariant ShapeListModel::groupData(const Node &node, int column, int role) const
     if (column == Kind) {
         int members = 0;
         node.forEachItem([&members](const ShapeItem *) { ++members; });
-        return tr("%1 shapes").arg(members);
+        return tr("Shapes: %1").arg(members);
     }
     return {};
 }

@@ -94,12 +94,20 @@ void MeasureField::refuse(const QString &reason)
     setFault(reason);
 }
 
+// No measure begins with a letter: over a value that is shown, one chooses a tool.
+bool MeasureField::isForTheWindow(const QKeyEvent &key) const
+{
+    const bool isLetter = key.key() >= Qt::Key_A && key.key() <= Qt::Key_Z;
+    return isLetter && key.modifiers() == Qt::NoModifier && selectedText() == text();
+}
+
 bool MeasureField::event(QEvent *event)
 {
     // Undo is the drawing's, as long as there is nothing typed to be undone.
     if (event->type() == QEvent::ShortcutOverride && !isEdited()) {
         const auto *key = static_cast<QKeyEvent *>(event);
-        if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
+        if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo) ||
+            isForTheWindow(*key)) {
             event->ignore();
             return false;
         }

@@ -84,6 +84,7 @@ private:
 
     void show(Content content, std::optional<double> value);
     void renew();
+    bool isForTheWindow(const QKeyEvent &key) const;
     void check();
     QString numberText(double value) const;
     void setFault(const QString &reason);

@@ -5,10 +5,13 @@
 #include <studio/commands/OutlinesCommand.h>
 #include <studio/commands/StackingCommand.h>
 #include <studio/commands/UndoMacro.h>
+#include <studio/import/ImportSource.h>
 #include <studio/paths/PathOps.h>
 
 #include <hostkit/items/GraphicItems.h>
 #include <hostkit/items/ItemExtras.h>
+
+#include <vectorkit/clean/PathFitting.h>
 
 #include <QtCore/QHash>
 #include <QtWidgets/QUndoStack>
@@ -47,6 +50,17 @@ ZTFillParam shownHatch(const ShapeItem &item)
     return hatch;
 }
 
+/** Of the many short lines of round corners few arcs. */
+QVector<VectorPath> offsetOf(const ShapeItem &item, const OffsetChoice &choice)
+{
+    QVector<VectorPath> paths =
+        vectorkit::offsetOutlines(outlinesApart(item).closed, Qt::OddEvenFill, choice.distanceMm,
+                                  choice.corner, kOpToleranceMm);
+    for (VectorPath &path : paths)
+        path = vectorkit::arcFittedPath(path, kOpToleranceMm);
+    return paths;
+}
+
 /** All shapes from below, with what comes in for some of them standing at their places. */
 ShapeItems orderWith(const ShapeItems &all, const ShapeItems &gone,
                      const QHash<const ShapeItem *, ShapeItems> &incoming)
@@ -79,6 +93,7 @@ ShapeItem *PathActions::make(const Result &result) const
     item->setFillParam(shownHatch(*result.source));
     hostkit::ItemExtras extras = hostkit::itemExtras(*result.source);
     extras.valuesPerPart = hostkit::ItemExtras().valuesPerPart; // no text, no counter
+    dropImportSource(&extras); // what comes out is no part of a file
     if (extras.name.isEmpty())
         extras.name = result.source->text().section(QLatin1Char('\n'), 0, 0);
     hostkit::setItemExtras(*item, extras);
@@ -245,8 +260,7 @@ QVector<VectorPath> PathActions::offsetOutlines(const OffsetChoice &choice) cons
 {
     QVector<VectorPath> all;
     for (const ShapeItem *item : selected())
-        all += vectorkit::offsetOutlines(outlinesApart(*item).closed, Qt::OddEvenFill,
-                                         choice.distanceMm, choice.corner, kOpToleranceMm);
+        all += offsetOf(*item, choice);
     return all;
 }
 
@@ -255,9 +269,7 @@ void PathActions::offset(const OffsetChoice &choice)
     ShapeItems sources;
     QVector<Result> results;
     for (ShapeItem *item : selected()) {
-        const QVector<VectorPath> paths =
-            vectorkit::offsetOutlines(outlinesApart(*item).closed, Qt::OddEvenFill,
-                                      choice.distanceMm, choice.corner, kOpToleranceMm);
+        const QVector<VectorPath> paths = offsetOf(*item, choice);
         if (paths.isEmpty())
             continue;
         sources.append(item);

@@ -1,6 +1,10 @@
 #include <studio/paths/PathCommands.h>
 
 #include <studio/MainWindow.h>
+#include <studio/canvas/DrawingTools.h>
+#include <studio/import/Reimporter.h>
+#include <studio/nodes/NodeTool.h>
+#include <studio/nodes/PathTool.h>
 #include <studio/paths/PathActions.h>
 #include <studio/paths/PathTools.h>
 
@@ -15,6 +19,19 @@ void together(MainWindow &window)
 }
 
 constexpr auto kWindow = ShortcutScope::Window;
+constexpr auto kView = ShortcutScope::View;
+constexpr const char *kToolChoice = "tools"; ///< one tool of all is chosen
+
+/** Runs an edit of nodes; where the tool is not chosen yet, that is what it does. */
+template <void (NodeTool::*edit)()>
+void onNodes(MainWindow &window)
+{
+    NodeTool &nodes = window.paths().nodes();
+    if (nodes.isActive())
+        (nodes.*edit)();
+    else
+        window.tools().choose(NodeTool::kId);
+}
 
 } // namespace
 
@@ -56,6 +73,40 @@ QVector<Command> pathCommands()
         {"paths.weld", TEXT("&Weld"), "", "Ctrl+Alt+W",
          TEXT("Areas of a shape that overlap become one; holes stay holes"), Needs::Selection,
          kWindow, [](MainWindow &w) { w.paths().actions().weld(); }},
+
+        {"file.reimport", TEXT("Re-impor&t"), "", "Ctrl+Alt+Shift+I",
+         TEXT("Bring changed files in once more; place, size, pen and hatch stay"),
+         Needs::Selection, kWindow, [](MainWindow &w) { w.reimporter().reimportSelected(); }},
+        {NodeTool::kId, TEXT("&Nodes"), "nodes", "N", TEXT("Edit the nodes of a path"),
+         Needs::Nothing, kWindow, [](MainWindow &w) { w.tools().choose(NodeTool::kId); },
+         kToolChoice},
+        {PathTool::kPolyline, TEXT("Pol&yline"), "polyline", "Y",
+         TEXT("Draw a path point by point"), Needs::Nothing, kWindow,
+         [](MainWindow &w) { w.tools().choose(PathTool::kPolyline); }, kToolChoice},
+        {PathTool::kCurve, TEXT("C&urve"), "curve", "U",
+         TEXT("Draw a curve: click points, drag from them to bend"), Needs::Nothing, kWindow,
+         [](MainWindow &w) { w.tools().choose(PathTool::kCurve); }, kToolChoice},
+        {"nodes.add", TEXT("&Add between"), "", "Ins",
+         TEXT("A node in the middle between selected ones"), Needs::OneSelected, kView,
+         &onNodes<&NodeTool::addBetween>},
+        {"nodes.delete", TEXT("&Delete nodes"), "", "", "", Needs::OneSelected, kView,
+         &onNodes<&NodeTool::remove>},
+        {"nodes.break", TEXT("&Break"), "", "Shift+B", TEXT("Two ends of each selected node"),
+         Needs::OneSelected, kView, &onNodes<&NodeTool::breakApart>},
+        {"nodes.join", TEXT("&Join"), "", "Shift+J", TEXT("One node of two selected ends"),
+         Needs::OneSelected, kView, &onNodes<&NodeTool::join>},
+        {"nodes.line", TEXT("To &line"), "", "Shift+L",
+         TEXT("Straight between the selected nodes"), Needs::OneSelected, kView,
+         &onNodes<&NodeTool::toLine>},
+        {"nodes.curve", TEXT("To &curve"), "", "Shift+U",
+         TEXT("A curve between the selected nodes"), Needs::OneSelected, kView,
+         &onNodes<&NodeTool::toCurve>},
+        {"nodes.smooth", TEXT("&Smooth"), "", "Shift+S",
+         TEXT("The line runs through the selected nodes without a corner"), Needs::OneSelected,
+         kView, &onNodes<&NodeTool::smooth>},
+        {"nodes.corner", TEXT("C&orner"), "", "Shift+C",
+         TEXT("The control points of the selected nodes move on their own"), Needs::OneSelected,
+         kView, &onNodes<&NodeTool::corner>},
     };
 }
 // clang-format on

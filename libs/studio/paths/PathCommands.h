@@ -4,7 +4,7 @@
 
 namespace studio {
 
-/** The commands of Arrange, Paths: a part of `commandTable`. */
+/** The commands for paths, their nodes and their files: a part of `commandTable`. */
 QVector<Command> pathCommands();
 
 } // namespace studio

@@ -3,6 +3,8 @@
 #include <hostkit/import/DrawingImport.h>
 #include <hostkit/items/GraphicItems.h>
 
+#include <vectorkit/clean/PathFitting.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -63,6 +65,9 @@ QVector<VectorPath> areasTogether(OutlineOp op, const QVector<QVector<VectorPath
                            : vectorkit::combinedOutlines(op, together, area, Qt::WindingFill,
                                                          kOpToleranceMm);
     }
+    // Of hundreds of short lines few arcs, which people can edit.
+    for (VectorPath &path : together)
+        path = vectorkit::arcFittedPath(path, kOpToleranceMm);
     return together;
 }
 

@@ -23,7 +23,8 @@ ShapeOutlines outlinesApart(const ShapeItem &item);
  * The areas of shapes taken together, lowest first: the area of a shape is what its hatch fills.
  * A difference is the first without all others; an exclusion is what lies in an odd number of them.
  *
- * Frame: curves are straight pieces, within `kOpToleranceMm`. Failure: none where nothing is left.
+ * Frame: curves are straight pieces or arcs, within twice `kOpToleranceMm`. Failure: none where
+ * nothing is left.
  */
 QVector<vectorkit::VectorPath> areasTogether(vectorkit::OutlineOp op,
                                              const QVector<QVector<vectorkit::VectorPath>> &areas);

@@ -61,6 +61,7 @@ PreferencesDialog::PreferencesDialog(const PreferenceEdit &shown, QWidget *paren
     setObjectName(QStringLiteral("preferencesDialog"));
     m_message->setObjectName(QStringLiteral("message"));
     m_message->setWordWrap(true);
+    m_pages->setUsesScrollButtons(false);
     buildProgramPage();
     buildCanvasPage();
     buildShapePage();
@@ -362,8 +363,11 @@ void PreferencesDialog::retranslate()
     const QStringList pages = {tr("Program"), tr("Canvas"), tr("New shapes"), tr("This drawing")};
     for (int page = 0; page < m_pages->count(); ++page)
         m_pages->setTabText(page, pages.value(page));
-    for (int label = 0; label < m_labels.size(); ++label)
-        m_labels[label]->setText(tr(m_labelTexts[label]));
+    const QString unit = QStringLiteral(" (%1)").arg(units::name());
+    for (int label = 0; label < m_labels.size(); ++label) {
+        const bool isLength = m_labels[label]->buddy() == m_hatchSpacing;
+        m_labels[label]->setText(tr(m_labelTexts[label]) + (isLength ? unit : QString()));
+    }
     const auto name = [](QComboBox &box, const QStringList &texts) {
         for (int i = 0; i < texts.size(); ++i)
             box.setItemText(i, texts[i]);
@@ -377,7 +381,7 @@ void PreferencesDialog::retranslate()
     m_autosave->setSuffix(tr(" s"));
     m_autosave->setToolTip(tr("So much work a crash may cost at most"));
     m_gridShown->setText(tr("Show the &grid"));
-    m_gridFixed->setText(tr("Grid lines e&very"));
+    m_gridFixed->setText(tr("Grid lines e&very") + unit);
     m_gridFixed->setToolTip(tr("Otherwise their distance follows the zoom"));
     m_grid->setAccessibleName(tr("Distance of the grid lines"));
     m_snapShapes->setText(tr("Snap to &shapes"));
@@ -395,7 +399,7 @@ void PreferencesDialog::retranslate()
     }
     name(*m_origin, {tr("Middle of the field"), tr("Top left corner"), tr("Top right corner"),
                      tr("Bottom left corner"), tr("Bottom right corner"), tr("Elsewhere")});
-    m_tolerant->setText(tr("&Curves within"));
+    m_tolerant->setText(tr("&Curves within") + unit);
     m_tolerant->setToolTip(
         tr("How far marked lines may lie from the curve that they stand for. Switched off, curves "
            "are as coarse as in drawings of earlier versions"));

@@ -660,6 +660,22 @@
         <translation>移到最后：在所有其他图形之后标刻</translation>
     </message>
     <message>
+        <source>Order n&amp;umbers</source>
+        <translation>标刻序号(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Pre&amp;ferences...</source>
+        <translation>首选项(&amp;F)...</translation>
+    </message>
+    <message>
+        <source>Show at each shape when it is marked</source>
+        <translation>在每个图形旁显示其标刻次序</translation>
+    </message>
+    <message>
+        <source>Units, field, curves, new shapes, language, theme</source>
+        <translation>单位、幅面、曲线、新图形、语言、主题</translation>
+    </message>
+    <message>
         <source>&amp;Break apart</source>
         <translation>拆分(&amp;B)</translation>
     </message>
@@ -740,20 +756,96 @@
         <translation>只在一个选中区域内的部分</translation>
     </message>
     <message>
-        <source>Order n&amp;umbers</source>
-        <translation>标刻序号(&amp;U)</translation>
+        <source>&amp;Add between</source>
+        <translation>中间添加(&amp;A)</translation>
     </message>
     <message>
-        <source>Pre&amp;ferences...</source>
-        <translation>首选项(&amp;F)...</translation>
+        <source>&amp;Break</source>
+        <translation>断开(&amp;B)</translation>
     </message>
     <message>
-        <source>Show at each shape when it is marked</source>
-        <translation>在每个图形旁显示其标刻次序</translation>
+        <source>&amp;Delete nodes</source>
+        <translation>删除节点(&amp;D)</translation>
     </message>
     <message>
-        <source>Units, field, curves, new shapes, language, theme</source>
-        <translation>单位、幅面、曲线、新图形、语言、主题</translation>
+        <source>&amp;Join</source>
+        <translation>连接(&amp;J)</translation>
+    </message>
+    <message>
+        <source>&amp;Nodes</source>
+        <translation>节点(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Smooth</source>
+        <translation>平滑(&amp;S)</translation>
+    </message>
+    <message>
+        <source>A curve between the selected nodes</source>
+        <translation>选中节点之间为曲线</translation>
+    </message>
+    <message>
+        <source>A node in the middle between selected ones</source>
+        <translation>在选中节点的正中间添加节点</translation>
+    </message>
+    <message>
+        <source>C&amp;orner</source>
+        <translation>尖角(&amp;O)</translation>
+    </message>
+    <message>
+        <source>C&amp;urve</source>
+        <translation>曲线(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Draw a curve: click points, drag from them to bend</source>
+        <translation>绘制曲线：单击取点，从点拖动使其弯曲</translation>
+    </message>
+    <message>
+        <source>Draw a path point by point</source>
+        <translation>逐点绘制路径</translation>
+    </message>
+    <message>
+        <source>Edit the nodes of a path</source>
+        <translation>编辑路径的节点</translation>
+    </message>
+    <message>
+        <source>One node of two selected ends</source>
+        <translation>两个选中的端点合成一个节点</translation>
+    </message>
+    <message>
+        <source>Pol&amp;yline</source>
+        <translation>折线(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>Straight between the selected nodes</source>
+        <translation>选中节点之间为直线</translation>
+    </message>
+    <message>
+        <source>The control points of the selected nodes move on their own</source>
+        <translation>选中节点的控制点各自移动</translation>
+    </message>
+    <message>
+        <source>The line runs through the selected nodes without a corner</source>
+        <translation>线平滑地通过选中的节点</translation>
+    </message>
+    <message>
+        <source>To &amp;curve</source>
+        <translation>变为曲线(&amp;C)</translation>
+    </message>
+    <message>
+        <source>To &amp;line</source>
+        <translation>变为直线(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Two ends of each selected node</source>
+        <translation>每个选中的节点变为两个端点</translation>
+    </message>
+    <message>
+        <source>Re-impor&amp;t</source>
+        <translation>重新导入(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Bring changed files in once more; place, size, pen and hatch stay</source>
+        <translation>再次导入选中图形的文件；位置、大小、笔和填充保持不变</translation>
     </message>
 </context>
 <context>
@@ -1392,10 +1484,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>绘制激光标刻的内容，并输出路径。</translation>
     </message>
     <message>
-        <source>Mark paths of %1 shapes written to %2</source>
-        <translation>%1 个图形的标刻路径已写入 %2</translation>
-    </message>
-    <message>
         <source>Rotate</source>
         <translation>旋转</translation>
     </message>
@@ -1434,6 +1522,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Engine objects</source>
         <translation>引擎对象</translation>
+    </message>
+    <message>
+        <source>Mark paths written to %1, shapes: %2</source>
+        <translation>标刻路径已写入 %1，图形数：%2</translation>
     </message>
 </context>
 <context>
@@ -1479,8 +1571,8 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>下一件从所有这些值之后继续</translation>
     </message>
     <message>
-        <source>%L1 shapes on %2 by %3 %4</source>
-        <translation>共 %L1 个图形，占 %2 × %3 %4</translation>
+        <source>Shapes: %L1, on %2 by %3 %4</source>
+        <translation>图形数：%L1，占 %2 × %3 %4</translation>
     </message>
 </context>
 <context>
@@ -2219,6 +2311,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>共用计数器</translation>
     </message>
     <message>
+        <source>Change field or curves</source>
+        <translation>更改幅面或曲线</translation>
+    </message>
+    <message>
         <source>Break apart</source>
         <translation>拆分</translation>
     </message>
@@ -2259,8 +2355,44 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>焊接</translation>
     </message>
     <message>
-        <source>Change field or curves</source>
-        <translation>更改幅面或曲线</translation>
+        <source>Add nodes</source>
+        <translation>添加节点</translation>
+    </message>
+    <message>
+        <source>Break at nodes</source>
+        <translation>在节点处断开</translation>
+    </message>
+    <message>
+        <source>Curves to lines</source>
+        <translation>曲线变直线</translation>
+    </message>
+    <message>
+        <source>Delete nodes</source>
+        <translation>删除节点</translation>
+    </message>
+    <message>
+        <source>Draw path</source>
+        <translation>绘制路径</translation>
+    </message>
+    <message>
+        <source>Join nodes</source>
+        <translation>连接节点</translation>
+    </message>
+    <message>
+        <source>Lines to curves</source>
+        <translation>直线变曲线</translation>
+    </message>
+    <message>
+        <source>Move nodes</source>
+        <translation>移动节点</translation>
+    </message>
+    <message>
+        <source>Smooth nodes</source>
+        <translation>平滑节点</translation>
+    </message>
+    <message>
+        <source>Re-import</source>
+        <translation>重新导入</translation>
     </message>
 </context>
 <context>
@@ -2447,6 +2579,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>Pat&amp;hs</source>
         <translation>路径(&amp;H)</translation>
     </message>
+    <message>
+        <source>N&amp;odes</source>
+        <translation>节点(&amp;O)</translation>
+    </message>
 </context>
 <context>
     <name>studio::WordsPage</name>
@@ -2491,10 +2627,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source> mm</source>
         <translation> mm</translation>
-    </message>
-    <message>
-        <source>%1 layers, %2 outlines, %3 texts</source>
-        <translation>%1 个图层，%2 条轮廓，%3 段文字</translation>
     </message>
     <message>
         <source>%1 × %2 mm. %3</source>
@@ -2647,6 +2779,14 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>To be mended: %1</source>
         <translation>需要修补：%1</translation>
+    </message>
+    <message>
+        <source>layers: %1, outlines: %2, texts: %3</source>
+        <translation>图层：%1，轮廓：%2，文字：%3</translation>
+    </message>
+    <message>
+        <source>&amp;Mend this</source>
+        <translation>修补(&amp;M)</translation>
     </message>
 </context>
 <context>
@@ -3120,6 +3260,14 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>弓形线</translation>
     </message>
     <message>
+        <source>Distance of the hatch lines on the part</source>
+        <translation>工件上填充线的间距</translation>
+    </message>
+    <message>
+        <source>Spacing of the hatch in %1</source>
+        <translation>填充间距（%1）</translation>
+    </message>
+    <message>
         <source>%1 passes</source>
         <translation>%1 遍</translation>
     </message>
@@ -3222,14 +3370,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>pen %1</source>
         <translation>笔 %1</translation>
-    </message>
-    <message>
-        <source>Distance of the hatch lines on the part</source>
-        <translation>工件上填充线的间距</translation>
-    </message>
-    <message>
-        <source>Spacing of the hatch in %1</source>
-        <translation>填充间距（%1）</translation>
     </message>
     <message>
         <source>Distance of the hatch from the outline, on the part</source>
@@ -3746,6 +3886,22 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>%1 是最后一个编号，且已标刻。标刻下一件前请给文本新的值。</translation>
     </message>
     <message>
+        <source>&amp;Write them as shown</source>
+        <translation>按所显示的写出(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Export the job</source>
+        <translation>导出作业</translation>
+    </message>
+    <message>
+        <source>Part %1 cannot be made as asked for. No file was written.</source>
+        <translation>第 %1 件不能按要求制作。没有写出文件。</translation>
+    </message>
+    <message>
+        <source>Written as shown, they hold the last content that they could.</source>
+        <translation>若按所显示的写出，它们保持最后一个可行的内容。</translation>
+    </message>
+    <message>
         <source>%1 to %2</source>
         <translation>%1 至 %2</translation>
     </message>
@@ -3764,22 +3920,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>The numbers cannot be noted beside the drawing: %1. No file was written.</source>
         <translation>无法在图纸旁记录编号：%1。未写入任何文件。</translation>
-    </message>
-    <message>
-        <source>&amp;Write them as shown</source>
-        <translation>按所显示的写出(&amp;W)</translation>
-    </message>
-    <message>
-        <source>Export the job</source>
-        <translation>导出作业</translation>
-    </message>
-    <message>
-        <source>Part %1 cannot be made as asked for. No file was written.</source>
-        <translation>第 %1 件不能按要求制作。没有写出文件。</translation>
-    </message>
-    <message>
-        <source>Written as shown, they hold the last content that they could.</source>
-        <translation>若按所显示的写出，它们保持最后一个可行的内容。</translation>
     </message>
 </context>
 <context>
@@ -4400,10 +4540,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
 <context>
     <name>studio::ShapeListModel</name>
     <message>
-        <source>%1 shapes</source>
-        <translation>%1 个图形</translation>
-    </message>
-    <message>
         <source>Double click to rename</source>
         <translation>双击可重命名</translation>
     </message>
@@ -4462,6 +4598,486 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Whether it is marked</source>
         <translation>是否标刻</translation>
+    </message>
+    <message>
+        <source>Shapes: %1</source>
+        <translation>图形数：%1</translation>
+    </message>
+</context>
+<context>
+    <name>studio::HistoryDock</name>
+    <message>
+        <source>As it was opened</source>
+        <translation>打开时的状态</translation>
+    </message>
+    <message>
+        <source>Click a step to go back or forward to it</source>
+        <translation>单击某一步即可退回或前进到该步</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>历史记录</translation>
+    </message>
+</context>
+<context>
+    <name>studio::PreferencesDialog</name>
+    <message>
+        <source> mm</source>
+        <translation> mm</translation>
+    </message>
+    <message>
+        <source> s</source>
+        <translation> 秒</translation>
+    </message>
+    <message>
+        <source>&amp;Angle, anticlockwise</source>
+        <translation>角度，逆时针为正(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Curves within</source>
+        <translation>曲线误差不超过(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Hatch</source>
+        <translation>填充(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Height of the field</source>
+        <translation>幅面高度(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>语言(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Left edge at X</source>
+        <translation>左边缘 X(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;New drawings have the same</source>
+        <translation>新图纸也采用相同设置(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Origin</source>
+        <translation>原点(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Outline as well</source>
+        <translation>同时标刻轮廓(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Pen</source>
+        <translation>笔号(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Recovery copy after</source>
+        <translation>自动保存恢复副本(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Spacing</source>
+        <translation>间距(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>主题(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Top edge at Y, downward</source>
+        <translation>上边缘 Y，向下为正(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Unit of lengths</source>
+        <translation>长度单位(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Width of the field</source>
+        <translation>幅面宽度(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Appl&amp;y</source>
+        <translation>应用(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>As the system</source>
+        <translation>跟随系统</translation>
+    </message>
+    <message>
+        <source>Bottom left corner</source>
+        <translation>左下角</translation>
+    </message>
+    <message>
+        <source>Bottom right corner</source>
+        <translation>右下角</translation>
+    </message>
+    <message>
+        <source>Canc&amp;el</source>
+        <translation>取消(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Canvas</source>
+        <translation>画布</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>深色</translation>
+    </message>
+    <message>
+        <source>Distance of the grid lines</source>
+        <translation>网格线间距</translation>
+    </message>
+    <message>
+        <source>Downward</source>
+        <translation>向下为正</translation>
+    </message>
+    <message>
+        <source>Elsewhere</source>
+        <translation>其他位置</translation>
+    </message>
+    <message>
+        <source>Fields have whole millimetres</source>
+        <translation>幅面以整毫米计</translation>
+    </message>
+    <message>
+        <source>Grid lines e&amp;very</source>
+        <translation>网格线间距固定为(&amp;V)</translation>
+    </message>
+    <message>
+        <source>How far marked lines may lie from the curve that they stand for. Switched off, curves are as coarse as in drawings of earlier versions</source>
+        <translation>标刻线段与其所代表曲线的最大偏差。关闭时，曲线与早期版本的图纸一样粗略</translation>
+    </message>
+    <message>
+        <source>In fields, on rulers and in the status bar; exports keep theirs</source>
+        <translation>用于输入框、标尺和状态栏；导出文件保持自身的方向</translation>
+    </message>
+    <message>
+        <source>Inches</source>
+        <translation>英寸</translation>
+    </message>
+    <message>
+        <source>Keep the t&amp;ool after a shape was drawn</source>
+        <translation>绘制图形后保持当前工具(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>浅色</translation>
+    </message>
+    <message>
+        <source>Marks the outline of hatched shapes, too</source>
+        <translation>填充图形的轮廓也一并标刻</translation>
+    </message>
+    <message>
+        <source>Middle of the field</source>
+        <translation>幅面中心</translation>
+    </message>
+    <message>
+        <source>Millimetres</source>
+        <translation>毫米</translation>
+    </message>
+    <message>
+        <source>New shapes</source>
+        <translation>新图形</translation>
+    </message>
+    <message>
+        <source>O&amp;K</source>
+        <translation>确定(&amp;K)</translation>
+    </message>
+    <message>
+        <source>Otherwise their distance follows the zoom</source>
+        <translation>否则间距随缩放变化</translation>
+    </message>
+    <message>
+        <source>Preferences</source>
+        <translation>首选项</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>程序</translation>
+    </message>
+    <message>
+        <source>Restore &amp;defaults</source>
+        <translation>恢复默认值(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Show the &amp;grid</source>
+        <translation>显示网格(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Snap to &amp;shapes</source>
+        <translation>吸附到图形(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Snap to g&amp;uides</source>
+        <translation>吸附到参考线(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Snap to the g&amp;rid</source>
+        <translation>吸附到网格(&amp;R)</translation>
+    </message>
+    <message>
+        <source>So much work a crash may cost at most</source>
+        <translation>程序崩溃时最多丢失这么久的工作</translation>
+    </message>
+    <message>
+        <source>This drawing</source>
+        <translation>当前图纸</translation>
+    </message>
+    <message>
+        <source>Tolerance of curves</source>
+        <translation>曲线公差</translation>
+    </message>
+    <message>
+        <source>Top left corner</source>
+        <translation>左上角</translation>
+    </message>
+    <message>
+        <source>Top right corner</source>
+        <translation>右上角</translation>
+    </message>
+    <message>
+        <source>Upward</source>
+        <translation>向上为正</translation>
+    </message>
+    <message>
+        <source>Y cou&amp;nts</source>
+        <translation>Y 轴方向(&amp;N)</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>single lines</source>
+        <translation>单向线</translation>
+    </message>
+    <message>
+        <source>zigzag</source>
+        <translation>弓形线</translation>
+    </message>
+</context>
+<context>
+    <name>studio::Units</name>
+    <message>
+        <source>in</source>
+        <translation>in</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
+    </message>
+</context>
+<context>
+    <name>studio::CleanDialog</name>
+    <message>
+        <source>&amp;Clean</source>
+        <translation>清理(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Clean outlines</source>
+        <translation>清理轮廓</translation>
+    </message>
+    <message>
+        <source>Cleaning...</source>
+        <translation>正在清理...</translation>
+    </message>
+    <message>
+        <source>Given up: change what is to be cleaned.</source>
+        <translation>已放弃：请更改要清理的内容。</translation>
+    </message>
+</context>
+<context>
+    <name>studio::CleanForm</name>
+    <message>
+        <source> mm</source>
+        <translation> 毫米</translation>
+    </message>
+    <message>
+        <source>&amp;Arcs for points within</source>
+        <translation>用圆弧拟合，误差(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Join ends within</source>
+        <translation>连接端点，距离(&amp;J)</translation>
+    </message>
+    <message>
+        <source>&amp;Simplify within</source>
+        <translation>简化，误差(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Weld areas that overlap</source>
+        <translation>焊接重叠的区域(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Arcs of circles in place of fine straight pieces</source>
+        <translation>用圆弧代替细小的直线段</translation>
+    </message>
+    <message>
+        <source>Closed outlines become the edge of what they cover together</source>
+        <translation>封闭轮廓变为它们共同覆盖区域的边缘</translation>
+    </message>
+    <message>
+        <source>Drawn twice: %1 pieces, %2 mm</source>
+        <translation>重复绘制：%1 段，%2 毫米</translation>
+    </message>
+    <message>
+        <source>Ends joined: %1</source>
+        <translation>连接的端点：%1</translation>
+    </message>
+    <message>
+        <source>Ends so near to each other become one, and outlines that come back to their start are closed</source>
+        <translation>这么近的端点合成一点，回到起点的轮廓被封闭</translation>
+    </message>
+    <message>
+        <source>Fewer points, so near to the lines as they are</source>
+        <translation>减少点数，与原线的距离不超过此值</translation>
+    </message>
+    <message>
+        <source>Jumps: %1 → %2 mm</source>
+        <translation>空跳：%1 → %2 毫米</translation>
+    </message>
+    <message>
+        <source>Outlines by the nearest end, inner ones before outer ones</source>
+        <translation>按最近的端点排列轮廓，先内后外</translation>
+    </message>
+    <message>
+        <source>Outlines closed: %1</source>
+        <translation>封闭的轮廓：%1</translation>
+    </message>
+    <message>
+        <source>Outlines: %1 → %2</source>
+        <translation>轮廓：%1 → %2</translation>
+    </message>
+    <message>
+        <source>Pieces: %1 → %2</source>
+        <translation>线段：%1 → %2</translation>
+    </message>
+    <message>
+        <source>Remove &amp;doubles within</source>
+        <translation>去除重复，距离(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Remove pieces without &amp;length</source>
+        <translation>去除没有长度的线段(&amp;L)</translation>
+    </message>
+    <message>
+        <source>S&amp;hort ways</source>
+        <translation>缩短空程(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Single points go too</source>
+        <translation>单独的点也去除</translation>
+    </message>
+    <message>
+        <source>What is drawn twice, or lies on a longer line, is marked once</source>
+        <translation>重复绘制或位于更长线段上的部分只标记一次</translation>
+    </message>
+    <message>
+        <source>Without length: %1 pieces</source>
+        <translation>没有长度：%1 段</translation>
+    </message>
+    <message>
+        <source>overlaps are filled</source>
+        <translation>重叠处填满</translation>
+    </message>
+    <message>
+        <source>overlaps stay open</source>
+        <translation>重叠处留空</translation>
+    </message>
+</context>
+<context>
+    <name>studio::OffsetDialog</name>
+    <message>
+        <source> mm</source>
+        <translation> 毫米</translation>
+    </message>
+    <message>
+        <source>%1 outlines</source>
+        <translation>%1 个轮廓</translation>
+    </message>
+    <message>
+        <source>&amp;Corners:</source>
+        <translation>拐角(&amp;C)：</translation>
+    </message>
+    <message>
+        <source>&amp;Distance, outward:</source>
+        <translation>向外的距离(&amp;D)：</translation>
+    </message>
+    <message>
+        <source>&amp;Keep the shape itself</source>
+        <translation>保留图形本身(&amp;K)</translation>
+    </message>
+    <message>
+        <source>Above 0 outside of the outline, below 0 inside</source>
+        <translation>大于 0 在轮廓外侧，小于 0 在内侧</translation>
+    </message>
+    <message>
+        <source>At a distance of 0 it is the shape itself.</source>
+        <translation>距离为 0 时就是图形本身。</translation>
+    </message>
+    <message>
+        <source>No closed outline is left at this distance.</source>
+        <translation>在此距离上没有剩下封闭轮廓。</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>偏移</translation>
+    </message>
+    <message>
+        <source>cut off</source>
+        <translation>切角</translation>
+    </message>
+    <message>
+        <source>pointed</source>
+        <translation>尖角</translation>
+    </message>
+    <message>
+        <source>round</source>
+        <translation>圆角</translation>
+    </message>
+</context>
+<context>
+    <name>studio::PathActions</name>
+    <message>
+        <source>%1 open runs have no area and stay as they were</source>
+        <translation>%1 条开放线没有面积，保持原样</translation>
+    </message>
+    <message>
+        <source>Broken apart into %1 shapes</source>
+        <translation>已拆分为 %1 个图形</translation>
+    </message>
+    <message>
+        <source>Combined: all of it has pen %1 now</source>
+        <translation>已合并：全部使用笔 %1</translation>
+    </message>
+    <message>
+        <source>Nothing is selected that is not a path already</source>
+        <translation>选中的都已经是路径</translation>
+    </message>
+    <message>
+        <source>Nothing would be left: the shapes stay as they are</source>
+        <translation>将什么也不剩：图形保持原样</translation>
+    </message>
+    <message>
+        <source>One of the shapes has no closed outline: close it first</source>
+        <translation>其中一个图形没有封闭轮廓：请先将其封闭</translation>
+    </message>
+    <message>
+        <source>There was nothing to clean</source>
+        <translation>没有可清理的</translation>
+    </message>
+    <message>
+        <source>What is selected has no closed outline</source>
+        <translation>选中的图形没有封闭轮廓</translation>
+    </message>
+    <message>
+        <source>What is selected is one outline each: there is nothing to break apart</source>
+        <translation>选中的各自只有一个轮廓，没有可拆分的</translation>
+    </message>
+</context>
+<context>
+    <name>studio::DialogManners</name>
+    <message>
+        <source>Studio</source>
+        <translation>绘图工作室</translation>
     </message>
 </context>
 <context>
@@ -4730,472 +5346,103 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     </message>
 </context>
 <context>
-    <name>studio::CleanDialog</name>
+    <name>studio::NodeTool</name>
     <message>
-        <source>&amp;Clean</source>
-        <translation>清理(&amp;C)</translation>
+        <source>Nodes: click a path</source>
+        <translation>节点：请单击一条路径</translation>
     </message>
     <message>
-        <source>Clean outlines</source>
-        <translation>清理轮廓</translation>
+        <source>Nodes: click or drag a box to select, drag to move, double click on the line to add, Del deletes, Esc ends</source>
+        <translation>节点：单击或拖框选择，拖动移动，在线上双击添加，Del 删除，Esc 结束</translation>
     </message>
     <message>
-        <source>Cleaning...</source>
-        <translation>正在清理...</translation>
+        <source>Nothing would be left of the path: delete the shape instead</source>
+        <translation>路径将什么也不剩：请删除图形本身</translation>
     </message>
     <message>
-        <source>Given up: change what is to be cleaned.</source>
-        <translation>已放弃：请更改要清理的内容。</translation>
-    </message>
-</context>
-<context>
-    <name>studio::CleanForm</name>
-    <message>
-        <source> mm</source>
-        <translation> 毫米</translation>
+        <source>Select nodes next to each other first</source>
+        <translation>请先选择相邻的节点</translation>
     </message>
     <message>
-        <source>&amp;Arcs for points within</source>
-        <translation>用圆弧拟合，误差(&amp;A)</translation>
+        <source>Select nodes that are no ends first</source>
+        <translation>请先选择不是端点的节点</translation>
     </message>
     <message>
-        <source>&amp;Join ends within</source>
-        <translation>连接端点，距离(&amp;J)</translation>
+        <source>Select smooth nodes first</source>
+        <translation>请先选择平滑的节点</translation>
     </message>
     <message>
-        <source>&amp;Simplify within</source>
-        <translation>简化，误差(&amp;S)</translation>
+        <source>Select the nodes at both ends of a curve first</source>
+        <translation>请先选择曲线两端的节点</translation>
     </message>
     <message>
-        <source>&amp;Weld areas that overlap</source>
-        <translation>焊接重叠的区域(&amp;W)</translation>
+        <source>Select the nodes at both ends of a line first</source>
+        <translation>请先选择直线两端的节点</translation>
     </message>
     <message>
-        <source>Arcs of circles in place of fine straight pieces</source>
-        <translation>用圆弧代替细小的直线段</translation>
+        <source>Select two ends first</source>
+        <translation>请先选择两个端点</translation>
     </message>
     <message>
-        <source>Closed outlines become the edge of what they cover together</source>
-        <translation>封闭轮廓变为它们共同覆盖区域的边缘</translation>
+        <source>This is no path yet: Arrange, Paths, Turn into paths makes it one</source>
+        <translation>这还不是路径：请用“排列”、“路径”、“转换为路径”</translation>
     </message>
     <message>
-        <source>Drawn twice: %1 pieces, %2 mm</source>
-        <translation>重复绘制：%1 段，%2 毫米</translation>
-    </message>
-    <message>
-        <source>Ends joined: %1</source>
-        <translation>连接的端点：%1</translation>
-    </message>
-    <message>
-        <source>Ends so near to each other become one, and outlines that come back to their start are closed</source>
-        <translation>这么近的端点合成一点，回到起点的轮廓被封闭</translation>
-    </message>
-    <message>
-        <source>Fewer points, so near to the lines as they are</source>
-        <translation>减少点数，与原线的距离不超过此值</translation>
-    </message>
-    <message>
-        <source>Jumps: %1 → %2 mm</source>
-        <translation>空跳：%1 → %2 毫米</translation>
-    </message>
-    <message>
-        <source>Outlines by the nearest end, inner ones before outer ones</source>
-        <translation>按最近的端点排列轮廓，先内后外</translation>
-    </message>
-    <message>
-        <source>Outlines closed: %1</source>
-        <translation>封闭的轮廓：%1</translation>
-    </message>
-    <message>
-        <source>Outlines: %1 → %2</source>
-        <translation>轮廓：%1 → %2</translation>
-    </message>
-    <message>
-        <source>Pieces: %1 → %2</source>
-        <translation>线段：%1 → %2</translation>
-    </message>
-    <message>
-        <source>Remove &amp;doubles within</source>
-        <translation>去除重复，距离(&amp;D)</translation>
-    </message>
-    <message>
-        <source>Remove pieces without &amp;length</source>
-        <translation>去除没有长度的线段(&amp;L)</translation>
-    </message>
-    <message>
-        <source>S&amp;hort ways</source>
-        <translation>缩短空程(&amp;H)</translation>
-    </message>
-    <message>
-        <source>Single points go too</source>
-        <translation>单独的点也去除</translation>
-    </message>
-    <message>
-        <source>What is drawn twice, or lies on a longer line, is marked once</source>
-        <translation>重复绘制或位于更长线段上的部分只标记一次</translation>
-    </message>
-    <message>
-        <source>Without length: %1 pieces</source>
-        <translation>没有长度：%1 段</translation>
-    </message>
-    <message>
-        <source>overlaps are filled</source>
-        <translation>重叠处填满</translation>
-    </message>
-    <message>
-        <source>overlaps stay open</source>
-        <translation>重叠处留空</translation>
+        <source>Too many nodes to edit them one by one: simplify or break apart first</source>
+        <translation>节点太多，无法逐个编辑：请先简化或拆分</translation>
     </message>
 </context>
 <context>
-    <name>studio::OffsetDialog</name>
+    <name>studio::PathTool</name>
     <message>
-        <source> mm</source>
-        <translation> 毫米</translation>
+        <source>%1 mm, %2°</source>
+        <translation>%1 毫米，%2°</translation>
     </message>
     <message>
-        <source>%1 outlines</source>
-        <translation>%1 个轮廓</translation>
+        <source>A path needs two points</source>
+        <translation>路径需要两个点</translation>
     </message>
     <message>
-        <source>&amp;Corners:</source>
-        <translation>拐角(&amp;C)：</translation>
+        <source>Curve: click points, drag from them to bend. Backspace takes a point back, Return or a double click ends, a click on the first point closes, Esc gives up</source>
+        <translation>曲线：单击取点，从点拖动使其弯曲。退格键撤回一点，回车或双击结束，单击第一点封闭，Esc 放弃</translation>
     </message>
     <message>
-        <source>&amp;Distance, outward:</source>
-        <translation>向外的距离(&amp;D)：</translation>
-    </message>
-    <message>
-        <source>&amp;Keep the shape itself</source>
-        <translation>保留图形本身(&amp;K)</translation>
-    </message>
-    <message>
-        <source>Above 0 outside of the outline, below 0 inside</source>
-        <translation>大于 0 在轮廓外侧，小于 0 在内侧</translation>
-    </message>
-    <message>
-        <source>At a distance of 0 it is the shape itself.</source>
-        <translation>距离为 0 时就是图形本身。</translation>
-    </message>
-    <message>
-        <source>No closed outline is left at this distance.</source>
-        <translation>在此距离上没有剩下封闭轮廓。</translation>
-    </message>
-    <message>
-        <source>Offset</source>
-        <translation>偏移</translation>
-    </message>
-    <message>
-        <source>cut off</source>
-        <translation>切角</translation>
-    </message>
-    <message>
-        <source>pointed</source>
-        <translation>尖角</translation>
-    </message>
-    <message>
-        <source>round</source>
-        <translation>圆角</translation>
+        <source>Polyline: click point by point. Shift keeps to steps of 15°, Backspace takes a point back, Return or a double click ends, a click on the first point closes, Esc gives up</source>
+        <translation>折线：逐点单击。Shift 按 15° 步进，退格键撤回一点，回车或双击结束，单击第一点封闭，Esc 放弃</translation>
     </message>
 </context>
 <context>
-    <name>studio::PathActions</name>
+    <name>studio::Reimporter</name>
     <message>
-        <source>%1 open runs have no area and stay as they were</source>
-        <translation>%1 条开放线没有面积，保持原样</translation>
+        <source>&quot;%1&quot; was imported again with losses.</source>
+        <translation>“%1”已重新导入，但有损失。</translation>
     </message>
     <message>
-        <source>Broken apart into %1 shapes</source>
-        <translation>已拆分为 %1 个图形</translation>
+        <source>&quot;%1&quot; was not imported again; its shapes stay as they are.</source>
+        <translation>“%1”未重新导入；其图形保持原样。</translation>
     </message>
     <message>
-        <source>Combined: all of it has pen %1 now</source>
-        <translation>已合并：全部使用笔 %1</translation>
+        <source>Re-imported: %1 shapes follow their file, %2 are new, %3 are gone</source>
+        <translation>已重新导入：%1 个图形随文件更新，%2 个新增，%3 个消失</translation>
     </message>
     <message>
-        <source>Nothing is selected that is not a path already</source>
-        <translation>选中的都已经是路径</translation>
-    </message>
-    <message>
-        <source>Nothing would be left: the shapes stay as they are</source>
-        <translation>将什么也不剩：图形保持原样</translation>
-    </message>
-    <message>
-        <source>One of the shapes has no closed outline: close it first</source>
-        <translation>其中一个图形没有封闭轮廓：请先将其封闭</translation>
-    </message>
-    <message>
-        <source>There was nothing to clean</source>
-        <translation>没有可清理的</translation>
-    </message>
-    <message>
-        <source>What is selected has no closed outline</source>
-        <translation>选中的图形没有封闭轮廓</translation>
-    </message>
-    <message>
-        <source>What is selected is one outline each: there is nothing to break apart</source>
-        <translation>选中的各自只有一个轮廓，没有可拆分的</translation>
+        <source>What is selected came from no file</source>
+        <translation>选中的图形不是来自文件</translation>
     </message>
 </context>
 <context>
-    <name>studio::HistoryDock</name>
+    <name>studio::MissingCharactersBar</name>
     <message>
-        <source>As it was opened</source>
-        <translation>打开时的状态</translation>
+        <source>No font here draws all of the text.</source>
+        <translation>此处没有能绘制全部文字的字体。</translation>
     </message>
     <message>
-        <source>Click a step to go back or forward to it</source>
-        <translation>单击某一步即可退回或前进到该步</translation>
+        <source>This font does not draw: %1</source>
+        <translation>此字体无法绘制：%1</translation>
     </message>
     <message>
-        <source>History</source>
-        <translation>历史记录</translation>
-    </message>
-</context>
-<context>
-    <name>studio::PreferencesDialog</name>
-    <message>
-        <source> mm</source>
-        <translation> mm</translation>
-    </message>
-    <message>
-        <source> s</source>
-        <translation> 秒</translation>
-    </message>
-    <message>
-        <source>&amp;Angle, anticlockwise</source>
-        <translation>角度，逆时针为正(&amp;A)</translation>
-    </message>
-    <message>
-        <source>&amp;Curves within</source>
-        <translation>曲线误差不超过(&amp;C)</translation>
-    </message>
-    <message>
-        <source>&amp;Hatch</source>
-        <translation>填充(&amp;H)</translation>
-    </message>
-    <message>
-        <source>&amp;Height of the field</source>
-        <translation>幅面高度(&amp;H)</translation>
-    </message>
-    <message>
-        <source>&amp;Language</source>
-        <translation>语言(&amp;L)</translation>
-    </message>
-    <message>
-        <source>&amp;Left edge at X</source>
-        <translation>左边缘 X(&amp;L)</translation>
-    </message>
-    <message>
-        <source>&amp;New drawings have the same</source>
-        <translation>新图纸也采用相同设置(&amp;N)</translation>
-    </message>
-    <message>
-        <source>&amp;Origin</source>
-        <translation>原点(&amp;O)</translation>
-    </message>
-    <message>
-        <source>&amp;Outline as well</source>
-        <translation>同时标刻轮廓(&amp;O)</translation>
-    </message>
-    <message>
-        <source>&amp;Pen</source>
-        <translation>笔号(&amp;P)</translation>
-    </message>
-    <message>
-        <source>&amp;Recovery copy after</source>
-        <translation>自动保存恢复副本(&amp;R)</translation>
-    </message>
-    <message>
-        <source>&amp;Spacing</source>
-        <translation>间距(&amp;S)</translation>
-    </message>
-    <message>
-        <source>&amp;Theme</source>
-        <translation>主题(&amp;T)</translation>
-    </message>
-    <message>
-        <source>&amp;Top edge at Y, downward</source>
-        <translation>上边缘 Y，向下为正(&amp;T)</translation>
-    </message>
-    <message>
-        <source>&amp;Unit of lengths</source>
-        <translation>长度单位(&amp;U)</translation>
-    </message>
-    <message>
-        <source>&amp;Width of the field</source>
-        <translation>幅面宽度(&amp;W)</translation>
-    </message>
-    <message>
-        <source>Appl&amp;y</source>
-        <translation>应用(&amp;Y)</translation>
-    </message>
-    <message>
-        <source>As the system</source>
-        <translation>跟随系统</translation>
-    </message>
-    <message>
-        <source>Bottom left corner</source>
-        <translation>左下角</translation>
-    </message>
-    <message>
-        <source>Bottom right corner</source>
-        <translation>右下角</translation>
-    </message>
-    <message>
-        <source>Canc&amp;el</source>
-        <translation>取消(&amp;E)</translation>
-    </message>
-    <message>
-        <source>Canvas</source>
-        <translation>画布</translation>
-    </message>
-    <message>
-        <source>Dark</source>
-        <translation>深色</translation>
-    </message>
-    <message>
-        <source>Distance of the grid lines</source>
-        <translation>网格线间距</translation>
-    </message>
-    <message>
-        <source>Downward</source>
-        <translation>向下为正</translation>
-    </message>
-    <message>
-        <source>Elsewhere</source>
-        <translation>其他位置</translation>
-    </message>
-    <message>
-        <source>Fields have whole millimetres</source>
-        <translation>幅面以整毫米计</translation>
-    </message>
-    <message>
-        <source>Grid lines e&amp;very</source>
-        <translation>网格线间距固定为(&amp;V)</translation>
-    </message>
-    <message>
-        <source>How far marked lines may lie from the curve that they stand for. Switched off, curves are as coarse as in drawings of earlier versions</source>
-        <translation>标刻线段与其所代表曲线的最大偏差。关闭时，曲线与早期版本的图纸一样粗略</translation>
-    </message>
-    <message>
-        <source>In fields, on rulers and in the status bar; exports keep theirs</source>
-        <translation>用于输入框、标尺和状态栏；导出文件保持自身的方向</translation>
-    </message>
-    <message>
-        <source>Inches</source>
-        <translation>英寸</translation>
-    </message>
-    <message>
-        <source>Keep the t&amp;ool after a shape was drawn</source>
-        <translation>绘制图形后保持当前工具(&amp;O)</translation>
-    </message>
-    <message>
-        <source>Light</source>
-        <translation>浅色</translation>
-    </message>
-    <message>
-        <source>Marks the outline of hatched shapes, too</source>
-        <translation>填充图形的轮廓也一并标刻</translation>
-    </message>
-    <message>
-        <source>Middle of the field</source>
-        <translation>幅面中心</translation>
-    </message>
-    <message>
-        <source>Millimetres</source>
-        <translation>毫米</translation>
-    </message>
-    <message>
-        <source>New shapes</source>
-        <translation>新图形</translation>
-    </message>
-    <message>
-        <source>O&amp;K</source>
-        <translation>确定(&amp;K)</translation>
-    </message>
-    <message>
-        <source>Otherwise their distance follows the zoom</source>
-        <translation>否则间距随缩放变化</translation>
-    </message>
-    <message>
-        <source>Preferences</source>
-        <translation>首选项</translation>
-    </message>
-    <message>
-        <source>Program</source>
-        <translation>程序</translation>
-    </message>
-    <message>
-        <source>Restore &amp;defaults</source>
-        <translation>恢复默认值(&amp;D)</translation>
-    </message>
-    <message>
-        <source>Show the &amp;grid</source>
-        <translation>显示网格(&amp;G)</translation>
-    </message>
-    <message>
-        <source>Snap to &amp;shapes</source>
-        <translation>吸附到图形(&amp;S)</translation>
-    </message>
-    <message>
-        <source>Snap to g&amp;uides</source>
-        <translation>吸附到参考线(&amp;U)</translation>
-    </message>
-    <message>
-        <source>Snap to the g&amp;rid</source>
-        <translation>吸附到网格(&amp;R)</translation>
-    </message>
-    <message>
-        <source>So much work a crash may cost at most</source>
-        <translation>程序崩溃时最多丢失这么久的工作</translation>
-    </message>
-    <message>
-        <source>This drawing</source>
-        <translation>当前图纸</translation>
-    </message>
-    <message>
-        <source>Tolerance of curves</source>
-        <translation>曲线公差</translation>
-    </message>
-    <message>
-        <source>Top left corner</source>
-        <translation>左上角</translation>
-    </message>
-    <message>
-        <source>Top right corner</source>
-        <translation>右上角</translation>
-    </message>
-    <message>
-        <source>Upward</source>
-        <translation>向上为正</translation>
-    </message>
-    <message>
-        <source>Y cou&amp;nts</source>
-        <translation>Y 轴方向(&amp;N)</translation>
-    </message>
-    <message>
-        <source>none</source>
-        <translation>无</translation>
-    </message>
-    <message>
-        <source>single lines</source>
-        <translation>单向线</translation>
-    </message>
-    <message>
-        <source>zigzag</source>
-        <translation>弓形线</translation>
-    </message>
-</context>
-<context>
-    <name>studio::Units</name>
-    <message>
-        <source>in</source>
-        <translation>in</translation>
-    </message>
-    <message>
-        <source>mm</source>
-        <translation>mm</translation>
+        <source>Use %1</source>
+        <translation>使用 %1</translation>
     </message>
 </context>
 </TS>

@@ -150,6 +150,19 @@ QWidget *FontPage::newSizes(const TextSettings &settings)
     return part;
 }
 
+void FontPage::choose(const FontOffer &offer)
+{
+    if (offer.kind == FontType::singleLine) {
+        m_regularList->choose(offer.enName);
+        m_bigList->choose(offer.zhName);
+        m_strokeButton->setChecked(true);
+    } else {
+        m_familyBox->setCurrentFont(QFont(offer.family));
+        m_systemButton->setChecked(true);
+    }
+    Q_EMIT changed();
+}
+
 void FontPage::read(TextSettings &settings) const
 {
     settings.kind = m_strokeButton->isChecked() ? FontType::singleLine : FontType::doubleLine;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <studio/text/FontOffers.h>
 #include <studio/text/TextPage.h>
 
 QT_BEGIN_NAMESPACE
@@ -23,6 +24,9 @@ class FontPage final : public TextPage
 public:
     explicit FontPage(const TextSettings &settings, QWidget *parent = nullptr);
     void read(TextSettings &settings) const override;
+
+    /** Takes other fonts, as if the user had chosen them on the page. */
+    void choose(const FontOffer &offer);
 
 private:
     QWidget *newSystemPart(const TextSettings &settings);

@@ -4,20 +4,29 @@
 #include <studio/text/ArcPage.h>
 #include <studio/text/FontPage.h>
 #include <studio/text/HatchPage.h>
+#include <studio/text/MissingCharactersBar.h>
 #include <studio/text/WordsPage.h>
+
+#include <QtWidgets/QHBoxLayout>
 
 namespace studio {
 
 TextDialog::TextDialog(ZTGraphicsTextItem &item, QUndoStack &stack, QWidget *parent)
     : PreviewDialog(item, stack, parent), m_initial(TextSettings::of(item)),
-      m_hatch(new HatchPage(m_initial))
+      m_hatch(new HatchPage(m_initial)), m_words(new WordsPage(m_initial)),
+      m_fonts(new FontPage(m_initial)), m_missing(new MissingCharactersBar(this))
 {
     setObjectName(QStringLiteral("textDialog"));
     setWindowTitle(tr("Text"));
-    addTextPage(new WordsPage(m_initial), tr("&1 Words"));
-    addTextPage(new FontPage(m_initial), tr("&2 Font"));
+    addTextPage(m_words, tr("&1 Words"));
+    addTextPage(m_fonts, tr("&2 Font"));
     addTextPage(new ArcPage(m_initial), tr("&3 Arc"));
     addTextPage(m_hatch, tr("&4 Hatch"));
+    auto *row = new QHBoxLayout;
+    row->addWidget(m_missing);
+    insertBelow(row);
+    connect(m_missing, &MissingCharactersBar::chosen, m_fonts, &FontPage::choose);
+    showMissing();
 }
 
 void TextDialog::addTextPage(TextPage *page, const QString &title)
@@ -42,6 +51,14 @@ void TextDialog::apply(bool isTaken)
         settings.variantText.update(); // makes the present part
     settings.applyTo(static_cast<ZTGraphicsTextItem &>(*edited()));
     m_hatch->setKind(settings.kind);
+    if (!isTaken)
+        showMissing();
+}
+
+/** Of what the drawing shows now: of a variant text, its present part. */
+void TextDialog::showMissing()
+{
+    m_words->markMissing(m_missing->look(edited()->text(), wanted()));
 }
 
 TextCommand::VariantText TextDialog::variantChange() const

@@ -5,8 +5,11 @@
 
 namespace studio {
 
+class FontPage;
 class HatchPage;
+class MissingCharactersBar;
 class TextPage;
+class WordsPage;
 
 /** All settings of a text. */
 class TextDialog : public PreviewDialog
@@ -25,10 +28,14 @@ protected:
 private:
     void addTextPage(TextPage *page, const QString &title);
     TextSettings wanted() const;
+    void showMissing();
 
     const TextSettings m_initial;
     QVector<TextPage *> m_pages;
     HatchPage *m_hatch;
+    WordsPage *m_words;
+    FontPage *m_fonts;
+    MissingCharactersBar *m_missing;
 };
 
 } // namespace studio

@@ -2,12 +2,20 @@
 
 #include <studio/text/VariantPanel.h>
 
+#include <QtGui/QTextCursor>
+#include <QtGui/QTextDocument>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QRadioButton>
 #include <QtWidgets/QStackedWidget>
 
 namespace studio {
+
+namespace {
+
+const QColor kMissingColour(0xD0, 0x30, 0x30); // legible on light and on dark
+
+} // namespace
 
 WordsPage::WordsPage(const TextSettings &settings, QWidget *parent)
     : TextPage(parent), m_fixedButton(new QRadioButton(tr("&Fixed text"), this)),
@@ -57,6 +65,27 @@ void WordsPage::switchKind()
     }
     showKind();
     Q_EMIT changed();
+}
+
+void WordsPage::markMissing(const QStringList &characters)
+{
+    constexpr int kMostMarks = 2000; // more would make typing slow
+    QTextCharFormat format;
+    format.setUnderlineStyle(QTextCharFormat::WaveUnderline);
+    format.setUnderlineColor(kMissingColour);
+    format.setForeground(kMissingColour);
+    const QString text = m_words->document()->toRawText();
+    QList<QTextEdit::ExtraSelection> marks;
+    for (const QString &character : characters) {
+        int at = text.indexOf(character);
+        for (; at >= 0 && marks.size() < kMostMarks; at = text.indexOf(character, at + 1)) {
+            QTextCursor cursor(m_words->document());
+            cursor.setPosition(at);
+            cursor.setPosition(at + character.size(), QTextCursor::KeepAnchor);
+            marks.append({cursor, format});
+        }
+    }
+    m_words->setExtraSelections(marks);
 }
 
 void WordsPage::read(TextSettings &settings) const

@@ -21,6 +21,9 @@ public:
     explicit WordsPage(const TextSettings &settings, QWidget *parent = nullptr);
     void read(TextSettings &settings) const override;
 
+    /** Underlines these characters in the typed text. */
+    void markMissing(const QStringList &characters);
+
 private:
     void showKind();
     void switchKind();

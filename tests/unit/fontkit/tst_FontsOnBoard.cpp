@@ -4,6 +4,7 @@
 
 #include <fontkit/GbStrokesFont.h>
 #include <fontkit/HersheyFonts.h>
+#include <fontkit/UnicodeStrokesFont.h>
 
 #include <ZTDrawEngineLib/shx/ZTPathGlyphCallback.h>
 #include <ZTDrawEngineLib/shx/ZTRegBigFontShxParser.h>
@@ -54,6 +55,7 @@ void tst_FontsOnBoard::initTestCase()
 void tst_FontsOnBoard::folder_holdsEveryFontThatCanBeMade()
 {
     QStringList expected = fontkit::HersheyFonts::fileNames();
+    expected.append(fontkit::UnicodeStrokesFont::fileName());
     if (testsupport::hasChineseBoardFont())
         expected.append(fontkit::GbStrokesFont::fileName());
     expected.sort();
@@ -64,7 +66,7 @@ void tst_FontsOnBoard::manager_listsThemByKind_simplexFirst()
 {
     const auto &regular = ZTShxFontManager::regFonts();
     const int kinds = fontkit::HersheyFonts::fileNames().size();
-    QCOMPARE(static_cast<int>(regular.size()), kinds);
+    QCOMPARE(static_cast<int>(regular.size()), kinds + 1);         // and the font of 16-bit codes
     QCOMPARE(regular.front(), std::string("hershey-simplex.shx")); // what a new text gets
     if (!testsupport::hasChineseBoardFont())
         ZT_SKIP("the Chinese font was not made: tools/setup.sh build could not fetch its data");

@@ -10,6 +10,8 @@
 
 #include <ZTDrawEngineLib/shx/ZTShxParser.h>
 
+#include <QtCore/QFile>
+#include <QtCore/QMap>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTextCodec>
 #include <QtTest/QTest>
@@ -149,6 +151,20 @@ QVector<int> gb2312Codes()
     return codes;
 }
 
+/** The characters of GBK that are no hanzi, by code, from a table that is not of our making. */
+QMap<int, uint> gbkSigns()
+{
+    QFile file(QStringLiteral(ZT_TEST_DATA_DIR "/fontkit/gbk-signs.txt"));
+    QMap<int, uint> signs;
+    if (!file.open(QIODevice::ReadOnly))
+        return signs;
+    for (const QByteArray &line : file.readAll().split('\n')) {
+        if (!line.isEmpty() && !line.startsWith('#'))
+            signs.insert(line.left(4).toInt(nullptr, 16), line.mid(5).toUInt(nullptr, 16));
+    }
+    return signs;
+}
+
 /** The font, made once more from its data; with the count of characters. */
 const fontkit::FontFile &remade(int *hanziCount = nullptr)
 {
@@ -186,7 +202,12 @@ private Q_SLOTS:
     void font_fullWidthFormsAreSimplexLetters();
     void font_punctuationIsThere();
     void font_punctuationStandsWhereItBelongs();
-    void font_everyGlyphIsOneWidth();
+    void font_drawsEverySignOfGbk();
+    void font_countsOfGbk();
+    void font_everyGlyphIsOneWidth_butLetters();
+    void font_linesOfTablesJoin();
+    void font_voicedKanaAreTheKanaWithTheirMark();
+    void origins_areTold();
     void font_codeWithoutGlyph_takesTwoBytesAndNoRoom();
     void make_twice_givesTheSameBytes();
     void make_withoutCharacters_failsAndTells();
@@ -329,13 +350,104 @@ void tst_GbStrokesFont::font_punctuationStandsWhereItBelongs()
     QCOMPARE(box("—").right(), 240.0);
 }
 
-void tst_GbStrokesFont::font_everyGlyphIsOneWidth()
+void tst_GbStrokesFont::font_drawsEverySignOfGbk()
 {
     SKIP_WITHOUT_CHINESE_FONT();
     GbFont font;
+    const QMap<int, uint> signs = gbkSigns();
+    QCOMPARE(signs.size(), 868);
+    for (auto it = signs.begin(); it != signs.end(); ++it) {
+        Strokes strokes;
+        const double advance = font.draw(textOf(it.key()), &strokes);
+        const QByteArray shown = QString(QChar(it.value())).toUtf8();
+        QVERIFY2(advance > 0.0, shown.constData());
+        QVERIFY2(!strokes.isEmpty() || it.value() == 0x3000, shown.constData());
+        const QRectF box = boxOf(strokes);
+        QVERIFY2(box.left() >= -20 && box.right() <= advance + 20, shown.constData());
+    }
+}
+
+void tst_GbStrokesFont::font_countsOfGbk()
+{
+    SKIP_WITHOUT_CHINESE_FONT();
+    // GBK has 21,791 characters, 868 of them signs and letters, all drawn, and 20,923 hanzi, of
+    // which the data has 9,531 and five more are other forms of these.
+    QCOMPARE(static_cast<int>(remade().glyphs.size()), 868 + 9531 + 5);
+}
+
+void tst_GbStrokesFont::font_everyGlyphIsOneWidth_butLetters()
+{
+    SKIP_WITHOUT_CHINESE_FONT();
+    GbFont font;
+    const QMap<int, uint> signs = gbkSigns();
     QVERIFY(remade().glyphs.size() > 9531);
-    for (const fontkit::GlyphDefinition &glyph : remade().glyphs)
-        QCOMPARE(font.parser.getTextExtent(textOf(glyph.code).constData()), 240.0);
+    for (const fontkit::GlyphDefinition &glyph : remade().glyphs) {
+        const double extent = font.parser.getTextExtent(textOf(glyph.code).constData());
+        // Rows 6 and 7 hold Greek and Cyrillic, row 8 begins with vowels of pinyin.
+        const uint character = signs.value(glyph.code, 0);
+        const bool isLetter =
+            (character >= 0xC0 && character < 0x2C0 && character != 0xD7 && character != 0xF7) ||
+            (character >= 0x370 && character < 0x460);
+        if (!isLetter)
+            QCOMPARE(extent, 240.0);
+    }
+    // As beside the plain Hershey font: i 8, u 19, Omega of the Greek font 20 units of ten.
+    QCOMPARE(font.parser.getTextExtent(gbk("ī").constData()), 80.0);
+    QCOMPARE(font.parser.getTextExtent(gbk("ü").constData()), 190.0);
+    QCOMPARE(font.parser.getTextExtent(gbk("Ω").constData()), 200.0);
+}
+
+void tst_GbStrokesFont::font_linesOfTablesJoin()
+{
+    SKIP_WITHOUT_CHINESE_FONT();
+    GbFont font;
+    Strokes drawn;
+    font.draw(gbk("┌"), &drawn);
+    QCOMPARE(boxOf(drawn), QRectF(120, -31, 120, 128));
+    font.draw(gbk("┘"), &drawn);
+    QCOMPARE(boxOf(drawn), QRectF(0, 97, 120, 128));
+    font.draw(gbk("╬"), &drawn);
+    QCOMPARE(drawn.size(), 8); // four corners, no line twice
+    QCOMPARE(boxOf(drawn), QRectF(0, -31, 240, 256));
+    font.draw(gbk("╔"), &drawn);
+    // Two lines to the right and two down; the outer pair meets left above the inner one.
+    QVERIFY(areSame(drawn,
+                    {{{134, 83}, {240, 83}},
+                     {{106, 111}, {240, 111}},
+                     {{106, 111}, {106, -31}},
+                     {{134, 83}, {134, -31}}},
+                    1e-9));
+    font.draw(gbk("┅"), &drawn); // heavy: three lines of three dashes
+    QCOMPARE(drawn.size(), 9);
+}
+
+void tst_GbStrokesFont::font_voicedKanaAreTheKanaWithTheirMark()
+{
+    SKIP_WITHOUT_CHINESE_FONT();
+    GbFont font;
+    Strokes plain;
+    Strokes voiced;
+    font.draw(gbk("か"), &plain);
+    font.draw(gbk("が"), &voiced);
+    QCOMPARE(voiced.size(), plain.size() + 2);
+    QVERIFY(areNear(plain, voiced, 1e-9));
+    font.draw(gbk("ハ"), &plain);
+    font.draw(gbk("パ"), &voiced);
+    QCOMPARE(voiced.size(), plain.size() + 1);
+}
+
+void tst_GbStrokesFont::origins_areTold()
+{
+    SKIP_WITHOUT_CHINESE_FONT();
+    using fontkit::CharacterOrigin;
+    GbStrokesFont maker(hanziData(), hersheyData());
+    const QMap<int, fontkit::DrawnCharacter> all = maker.characters(nullptr);
+    QCOMPARE(all.value(0xC4E3).origin, CharacterOrigin::Hanzi);
+    QCOMPARE(all.value(0xA3C1).origin, CharacterOrigin::Hershey);  // full-width A
+    QCOMPARE(all.value(0xA6C1).origin, CharacterOrigin::Hershey);  // alpha
+    QCOMPARE(all.value(0xA4A2).origin, CharacterOrigin::Drawn);    // a of hiragana
+    QCOMPARE(all.value(0xA4AC).origin, CharacterOrigin::Composed); // ga of hiragana
+    QCOMPARE(all.value(0xA2D9).origin, CharacterOrigin::Composed); // 1 in a circle
 }
 
 void tst_GbStrokesFont::font_codeWithoutGlyph_takesTwoBytesAndNoRoom()

@@ -76,6 +76,11 @@ class tst_StrokeEncoder : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void onGrid_roundsAndLeavesRepeatedPointsOut()
+    {
+        QCOMPARE(fontkit::onGrid({{{0.4, 0.6}, {0.3, 1.4}, {-2.6, 5}}, {}}),
+                 (GridStrokes{{{0, 1}, {-3, 5}}, {}}));
+    }
     void encode_takesTheCodesExpected_data();
     void encode_takesTheCodesExpected();
     void encode_everyDirection_isOneByte();

@@ -165,6 +165,23 @@ private Q_SLOTS:
         QCOMPARE(field->text(), QStringLiteral("20"));
     }
 
+    void letterOverAShownValue_isLeftToTheWindow()
+    {
+        const auto isTaken = [this](int key, Qt::KeyboardModifiers keys = Qt::NoModifier) {
+            QKeyEvent asked(QEvent::ShortcutOverride, key, keys, QStringLiteral("x"));
+            asked.ignore();
+            QApplication::sendEvent(field, &asked);
+            return asked.isAccepted();
+        };
+        field->selectAll();
+        QVERIFY(!isTaken(Qt::Key_R)); // no measure begins with a letter
+        QVERIFY(isTaken(Qt::Key_5));
+        field->end(false);
+        QVERIFY(isTaken(Qt::Key_I)); // the unit of what stands there
+        type("1");
+        QVERIFY(isTaken(Qt::Key_I));
+    }
+
     void undo_isLeftToTheWindow_whenNothingIsTyped()
     {
         QKeyEvent undo(QEvent::ShortcutOverride, Qt::Key_Z, Qt::ControlModifier);

@@ -77,6 +77,23 @@ private Q_SLOTS:
         QCOMPARE(together.size(), 3);
     }
 
+    void areasTogether_ofCircles_areFewArcs()
+    {
+        // Two circles of 10 mm, 10 mm apart: they meet at (5, +-8.66).
+        const QVector<VectorPath> both =
+            areasTogether(OutlineOp::Union,
+                          {{VectorPath::circle({0, 0}, 10)}, {VectorPath::circle({10, 0}, 10)}});
+        QCOMPARE(both.size(), 1);
+        QVERIFY2(both[0].pieceCount() <= 8, QByteArray::number(both[0].pieceCount()).constData());
+        QVERIFY(both[0].isClosed());
+        const QPolygonF points = both[0].flattened(0.001);
+        for (const QPointF &point : points) {
+            const double left = std::hypot(point.x(), point.y());
+            const double right = std::hypot(point.x() - 10, point.y());
+            QVERIFY(std::abs(std::min(left, right) - 10) < 0.005);
+        }
+    }
+
     void areasTogether_apart_haveNothingInCommon()
     {
         QVERIFY(areasTogether(OutlineOp::Intersection, {{square(0, 0, 1)}, {square(5, 5, 1)}})

@@ -31,11 +31,52 @@ using testsupport::TextProbe;
 using testsupport::tinyFont;
 using testsupport::WarningGuard;
 
+namespace {
+
+/** Draws each character of a line as a square of ten times its place, on the base line. */
+class OwnStrokes : public ZTShapeText
+{
+public:
+    using ZTShapeText::getPath;
+
+protected:
+    QVector<QPainterPath> strokeGlyphs(const QString &line, const QPointF &pos,
+                                       double wordSpan) override
+    {
+        QVector<QPainterPath> glyphs;
+        double x = pos.x();
+        for (int i = 1; i <= line.size(); ++i) {
+            QPainterPath glyph;
+            glyph.addRect(x, 200.0 - pos.y() - 10.0 * i, 10.0 * i, 10.0 * i);
+            glyphs.append(glyph);
+            x += 10.0 * i + wordSpan;
+        }
+        return glyphs;
+    }
+};
+
+} // namespace
+
 class tst_ZTShapeText_layout : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void strokesOfADerivedShape_areWhatIsLaidOut()
+    {
+        OwnStrokes shape;
+        ZTFontParam font;
+        font.fontType = FontType::singleLine;
+        font.wordSpac = 5.0;
+        font.rowSpac = 1.0;
+        shape.setFont(font);
+        shape.setText(QStringLiteral("xy\nz")); // without any font
+        // Squares of 10 and 20, 5 apart; the second line begins 20 + 1 below the first.
+        QVERIFY(hasPolygons(shape.getPath(),
+                            {QPolygonF(QRectF(0, 10, 10, 10)), QPolygonF(QRectF(15, 0, 20, 20)),
+                             QPolygonF(QRectF(0, 31, 10, 10))}));
+    }
+
     void init()
     {
         singletons = std::make_unique<SingletonGuard>();

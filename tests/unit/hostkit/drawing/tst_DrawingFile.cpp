@@ -65,6 +65,10 @@ DrawingFile everySection()
     QPainterPath corner;
     corner.addPolygon(QPolygonF(QVector<QPointF>{{0, 20}, {40, 20}, {40, 0}}));
     drawing.drawings << corner;
+    QPainterPath curve;
+    curve.moveTo(0, 0);
+    curve.cubicTo(0, 5, 5, 10, 10, 10);
+    drawing.drawings << curve;
     drawing.fontHeights << hostkit::StrokeFontHeight{QStringLiteral("a.shx"), 5.0};
     drawing.extras.groupNames[7] = QStringLiteral("frame");
     drawing.extras.fields["maker.word"] = "content";
@@ -462,6 +466,94 @@ private Q_SLOTS:
         QCOMPARE(refusalOf(withSection(tag, content)).kind, Kind::None);
     }
 
+    void curves_areKeptToTheLastBit()
+    {
+        DrawingFile drawing = hexagon();
+        QPainterPath straight;
+        straight.addRect(0, 0, 3, 4);
+        QPainterPath bent;
+        bent.addEllipse(0.1, 0.2, 1.0 / 3.0, 7.7);
+        bent.moveTo(20, 0);
+        bent.lineTo(30, 0);
+        bent.cubicTo(31, 1, 32, 2, 33, 0.1);
+        drawing.drawings = {straight, bent};
+        DrawingFile read;
+        Failure error;
+        const QByteArray bytes = drawingToBytes(drawing);
+        QVERIFY2(readDrawing(bytes, &read, &error), qPrintable(error.reason));
+        QCOMPARE(read.drawings.size(), 2);
+        QCOMPARE(elementsOf(read.drawings[0]), elementsOf(straight));
+        QCOMPARE(elementsOf(read.drawings[1]), elementsOf(bent));
+        QCOMPARE(drawingToBytes(read), bytes);
+    }
+
+    void curves_forAProgramThatDoesNotKnowThem_areNearlyThere()
+    {
+        DrawingFile drawing = hexagon();
+        QPainterPath circle;
+        circle.addEllipse(-50, -50, 100, 100);
+        drawing.drawings = {circle};
+        DrawingFile read;
+        Failure error;
+        QVERIFY(readDrawing(withoutSection(drawing, "CURV"), &read, &error));
+        const QPainterPath &flat = read.drawings[0];
+        QVERIFY(flat.elementCount() > 100);
+        for (int at = 0; at < flat.elementCount(); ++at) {
+            QVERIFY(!flat.elementAt(at).isCurveTo());
+            // The curve itself is 0.014 mm off the circle.
+            QVERIFY(std::abs(std::hypot(flat.elementAt(at).x, flat.elementAt(at).y) - 50) < 0.015);
+        }
+    }
+
+    void curves_ofAnotherDrawing_areLeftOut()
+    {
+        DrawingFile drawing = hexagon();
+        QPainterPath circle;
+        circle.addEllipse(0, 0, 10, 10);
+        drawing.drawings = {circle};
+        const DrawingFrame curved = sectionsOf(drawing);
+        const QByteArray curves = sectionOf(curved, "CURV");
+        QPainterPath square;
+        square.addRect(0, 0, 10, 10);
+        drawing.drawings = {square};
+        DrawingFrame frame = sectionsOf(drawing);
+        frame.sections << hostkit::DrawingSection{"CURV", curves};
+        DrawingFile read;
+        Failure error;
+        QVERIFY(readDrawing(hostkit::joinFrame(frame), &read, &error));
+        QCOMPARE(elementsOf(read.drawings[0]), elementsOf(square));
+    }
+
+    void curves_outOfStep_areRefused_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        const QByteArray start =
+            bigEndian<quint32>(1) + bigEndian<quint32>(0) + bigEndian<quint32>(0);
+        const QByteArray point(16, '\0');
+        const QByteArray begin = QByteArray(1, '\0') + point;
+        QTest::newRow("nothing") << QByteArray();
+        QTest::newRow("count") << bigEndian<quint32>(0x10000000);
+        QTest::newRow("pieces") << start + bigEndian<quint32>(0x10000000) + begin;
+        QTest::newRow("kind") << start + bigEndian<quint32>(2) + begin + '\3' + point;
+        QTest::newRow("first") << start + bigEndian<quint32>(1) + '\1' + point;
+        QTest::newRow("half a curve")
+            << start + bigEndian<quint32>(2) + begin + '\2' + point + point;
+        QTest::newRow("more") << start + bigEndian<quint32>(1) + begin + '\0';
+        QTest::newRow("nowhere") << start + bigEndian<quint32>(1) + '\0' +
+                                        QByteArray::fromHex("7ff8000000000000") +
+                                        QByteArray(8, '\0');
+        QTest::newRow("place twice") << bigEndian<quint32>(2) + bigEndian<quint32>(0) +
+                                            bigEndian<quint32>(0) + bigEndian<quint32>(1) + begin +
+                                            bigEndian<quint32>(0) + bigEndian<quint32>(0) +
+                                            bigEndian<quint32>(1) + begin;
+    }
+    void curves_outOfStep_areRefused()
+    {
+        QFETCH(QByteArray, content);
+        QCOMPARE(refusalOf(withSection("CURV", content)).reason,
+                 QStringLiteral("the drawing is damaged: section CURV is out of step"));
+    }
+
     void importedDrawing_withPointsThatAreNowhere_isRefused_data()
     {
         QTest::addColumn<double>("x");
@@ -665,6 +757,33 @@ private Q_SLOTS:
     }
 
 private:
+    static QVector<QPair<int, QPointF>> elementsOf(const QPainterPath &path)
+    {
+        QVector<QPair<int, QPointF>> elements;
+        for (int at = 0; at < path.elementCount(); ++at)
+            elements << qMakePair(int(path.elementAt(at).type), QPointF(path.elementAt(at)));
+        return elements;
+    }
+
+    static QByteArray sectionOf(const DrawingFrame &frame, const QByteArray &tag)
+    {
+        for (const hostkit::DrawingSection &section : frame.sections) {
+            if (section.tag == tag)
+                return section.bytes;
+        }
+        return {};
+    }
+
+    static QByteArray withoutSection(const DrawingFile &drawing, const QByteArray &tag)
+    {
+        DrawingFrame frame = sectionsOf(drawing);
+        for (int at = frame.sections.size() - 1; at >= 0; --at) {
+            if (frame.sections[at].tag == tag)
+                frame.sections.removeAt(at);
+        }
+        return hostkit::joinFrame(frame);
+    }
+
     /** Fields may end after each of them: those of XTRA are 4 + 4 + 4 + 13 and 26 bytes long. */
     static bool isWhole(const QByteArray &tag, int length)
     {
@@ -674,7 +793,7 @@ private:
     static void knownTags()
     {
         QTest::addColumn<QByteArray>("tag");
-        for (const char *tag : {"META", "PREV", "ITEM", "PLOT", "FONT", "XTRA", "rcvr"})
+        for (const char *tag : {"META", "PREV", "ITEM", "PLOT", "CURV", "FONT", "XTRA", "rcvr"})
             QTest::newRow(tag) << QByteArray(tag);
     }
 
