@@ -59,10 +59,9 @@ public:
     {
         QWidget *viewport = m_window.document().view()->viewport();
         const bool isMove = type == QEvent::MouseMove;
-        QMouseEvent event(type, pos, viewport->mapToGlobal(pos),
-                          isMove ? Qt::NoButton : Qt::LeftButton,
-                          type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton,
-                          Qt::NoModifier);
+        QMouseEvent event(
+            type, pos, viewport->mapToGlobal(pos), isMove ? Qt::NoButton : Qt::LeftButton,
+            type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(viewport, &event);
         settle();
     }

@@ -16,8 +16,8 @@
 #include <studio/job/JobTools.h>
 #include <studio/list/ShapeList.h>
 #include <studio/panel/ShapePanel.h>
-#include <studio/preferences/PreferenceTools.h>
 #include <studio/paths/PathCommands.h>
+#include <studio/preferences/PreferenceTools.h>
 #include <studio/print/PrintActions.h>
 #include <studio/text/TextTools.h>
 

@@ -33,8 +33,8 @@ public:
     /**
      * The subpaths of a path as polygons, as `QPainterPath::toSubpathPolygons` gives them.
      *
-     * @param matrix from the path to what comes back
-     * @param unitsPerMm how many units of what comes back make a millimetre
+     * `matrix` leads from the path to what comes back, and `unitsPerMm` units of what comes back
+     * make a millimetre.
      *
      * Limit: 10,000 chords a curve.
      */

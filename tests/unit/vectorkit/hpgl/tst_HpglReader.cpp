@@ -284,7 +284,8 @@ private Q_SLOTS:
         row("percent of the sheet", "PS8000,4000;IR0,0,50,100;SC0,100,0,100;PU0,0;PD1,1;",
             "1s: 0,0 1,-1");
         row("arcs on an uneven scale", "IP0,0,4000,8000;SC0,100,0,100;PU1,0;PD;AA0,0,90;",
-            "1s: 1,0 c(1,-1.105;0.552,-2;0,-2)");
+            // Two eighths of 1 by 2: handles of 4/3 tan(11.25 degrees) = 0.2652 half axes.
+            "1s: 1,0 c(1,-0.53;0.895,-1.039;0.707,-1.414) c(0.52,-1.789;0.265,-2;0,-2)");
         // The origin goes to the corner that is then at the lower left: here 100 mm to the right.
         row("turned", "PS4000,8000;RO90;PU0,0;PD40,0,40,80;", "1s: 100,0 100,-1 98,-1");
         row("turned by half", "PS4000,8000;RO180;PU0,0;PD40,80;", "1s: 100,-200 99,-198");
