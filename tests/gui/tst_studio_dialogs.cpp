@@ -1,4 +1,4 @@
-#include "StudioWindow.h"
+#include "TextWindow.h"
 
 #include <studio/DialogManners.h>
 #include <studio/drawing/DrawingFiles.h>
@@ -22,7 +22,11 @@ class tst_studio_dialogs : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { studio = std::make_unique<StudioWindow>(); }
+    void init()
+    {
+        testsupport::makeTinyFonts();
+        studio = std::make_unique<StudioWindow>();
+    }
     void cleanup() { studio.reset(); }
 
     void everyButton_hasALetterOfItsOwn_data()
@@ -161,5 +165,5 @@ private:
     std::unique_ptr<StudioWindow> studio;
 };
 
-QTEST_MAIN(tst_studio_dialogs)
+int main(int argc, char **argv) { return runTextTest<tst_studio_dialogs>(argc, argv); }
 #include "tst_studio_dialogs.moc"
