@@ -180,7 +180,7 @@ bool GlyphRecipes::readPiece(const QString &text, RecipePiece *piece) const
 {
     using Kind = RecipePiece::Kind;
     const QStringList words = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    const QString name = words.first();
+    const QString &name = words.first();
     if (name == QLatin1String("use"))
         return readUse(words, piece);
     if (name == QLatin1String("box")) {

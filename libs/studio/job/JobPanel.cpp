@@ -312,7 +312,7 @@ void JobPanel::editProfile()
     connect(dialog, &ProfileDialog::chosen, this, &JobPanel::keepProfile);
     connect(dialog, &ProfileDialog::removeAsked, this, [this, path] {
         ProfileStore().remove(path);
-        m_settings.profile = jobkit::profilesOnBoard().first();
+        m_settings.profile = jobkit::profilesOnBoard().constFirst();
         addMachines();
         readFields();
     });

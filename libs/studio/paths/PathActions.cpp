@@ -190,7 +190,8 @@ void PathActions::combine()
     replace(sources, {{sources.first(), paths}},
             undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Combine")));
     if (hasOtherPens)
-        Q_EMIT told(tr("Combined: all of it has pen %1 now").arg(selected().first()->getPenId()));
+        Q_EMIT told(
+            tr("Combined: all of it has pen %1 now").arg(selected().constFirst()->getPenId()));
 }
 
 void PathActions::breakApart()

@@ -47,7 +47,7 @@ public:
     PreferenceEdit edited() const;
 
 Q_SIGNALS:
-    void chosen(const PreferenceEdit &edit); ///< to be applied now
+    void chosen(const studio::PreferenceEdit &edit); ///< to be applied now
 
 protected:
     void changeEvent(QEvent *event) override;

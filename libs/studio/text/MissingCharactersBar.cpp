@@ -37,7 +37,7 @@ MissingCharactersBar::MissingCharactersBar(QWidget *parent)
 
 QStringList MissingCharactersBar::look(const QString &text, const TextSettings &settings)
 {
-    const QStringList missing = missingCharacters(text, settings);
+    QStringList missing = missingCharacters(text, settings);
     const QVector<FontOffer> offers =
         missing.isEmpty() ? QVector<FontOffer>() : fontsThatDraw(text, settings);
     offer(offers);

@@ -768,8 +768,8 @@ private:
     static QByteArray sectionOf(const DrawingFrame &frame, const QByteArray &tag)
     {
         for (const hostkit::DrawingSection &section : frame.sections) {
-            if (section.tag == tag)
-                return section.bytes;
+            if (section.tag == tag) // a copy: what the frame lends goes with the next frame
+                return {section.bytes.constData(), section.bytes.size()};
         }
         return {};
     }
