@@ -28,27 +28,20 @@ QChar letterOf(const QString &text)
     return keys.isEmpty() ? QChar() : keys.back();
 }
 
-enum class Pages { All, ShownOne };
-
-/** The letters that a dialog uses, on all its pages or on the one that is shown. */
-QSet<QChar> takenLetters(const QDialog &dialog, Pages pages)
+QSet<QChar> takenLetters(const QDialog &dialog)
 {
     QSet<QChar> taken;
-    const auto take = [&](const QWidget &widget, const QString &text) {
-        if (pages == Pages::All || widget.isVisibleTo(&dialog))
-            taken.insert(letterOf(text));
-    };
     for (const QLabel *label : dialog.findChildren<QLabel *>()) {
         if (label->buddy() != nullptr)
-            take(*label, label->text());
+            taken.insert(letterOf(label->text()));
     }
     for (const QAbstractButton *button : dialog.findChildren<QAbstractButton *>())
-        take(*button, button->text());
+        taken.insert(letterOf(button->text()));
     for (const QGroupBox *group : dialog.findChildren<QGroupBox *>())
-        take(*group, group->title());
+        taken.insert(letterOf(group->title()));
     for (const QTabBar *tabs : dialog.findChildren<QTabBar *>()) {
         for (int tab = 0; tab < tabs->count(); ++tab)
-            take(*tabs, tabs->tabText(tab));
+            taken.insert(letterOf(tabs->tabText(tab)));
     }
     return taken;
 }
@@ -104,15 +97,14 @@ DialogManners::DialogManners(const QList<QAction *> &drawingKeys, QWidget &windo
 
 void DialogManners::addMnemonics(QDialog &dialog)
 {
+    QSet<QChar> taken = takenLetters(dialog);
     for (QPushButton *button : dialog.findChildren<QPushButton *>()) {
         const QString text = button->text();
         if (text.isEmpty() || !letterOf(text).isNull())
             continue;
-        const QSet<QChar> taken = takenLetters(dialog, Pages::All);
-        QString own = withOwnLetter(text, taken);
-        if (own.isEmpty()) // better one of the text that another page has than a strange one
-            own = withOwnLetter(text, takenLetters(dialog, Pages::ShownOne));
+        const QString own = withOwnLetter(text, taken);
         button->setText(own.isEmpty() ? withAddedLetter(text, taken) : own);
+        taken.insert(letterOf(button->text()));
     }
 }
 
