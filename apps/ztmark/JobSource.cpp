@@ -159,7 +159,12 @@ bool JobSource::lock(const InputFiles &files)
 bool JobSource::passInterrupted()
 {
     const QString path = absolutePath(QString::fromStdString(m_name));
-    m_journal = jobkit::readJournal(path);
+    hostkit::Failure failure;
+    m_journal = jobkit::readJournal(path, &failure);
+    if (failure.kind != hostkit::Failure::Kind::None) {
+        console::complain(m_name, QStringLiteral("%1. %2").arg(failure.reason, failure.advice));
+        return false;
+    }
     if (!m_journal || m_journal->after == m_stored)
         return true;
     const QString numbers = m_journal->parts == 1

@@ -393,6 +393,25 @@ private Q_SLOTS:
         QVERIFY(next.out.startsWith(QStringLiteral("Part:           SN-0001\n")));
     }
 
+    void unreadableNote_stopsAJob()
+    {
+        makeDrawing(5000);
+        const QByteArray drawn = written("serial.ztd");
+        put("serial.ztd.numbers", "{ cut off");
+        const ZtmarkRun run = job("serial.ztd -o m.nc");
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(run.err.startsWith(
+                     QStringLiteral("ztmark: serial.ztd: \"serial.ztd.numbers\" cannot be read: ")),
+                 qPrintable(run.err));
+        QVERIFY2(run.err.endsWith(QStringLiteral(
+                     "It told which numbers a job took. See to the drawing's next numbers, then "
+                     "remove it.\n")),
+                 qPrintable(run.err));
+        QVERIFY(!QFile::exists(path("m.nc")));
+        QCOMPARE(written("serial.ztd"), drawn);
+        QCOMPARE(written("serial.ztd.numbers"), QByteArray("{ cut off"));
+    }
+
     void interruptedJob_thatTookTheLastNumber_leavesNone()
     {
         makeDrawing(500);

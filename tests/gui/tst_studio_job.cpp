@@ -530,6 +530,23 @@ private Q_SLOTS:
         QCOMPARE(studio->messages->warnings.size(), 0);
     }
 
+    void unreadableNoteOfNumbers_stopsAnExport()
+    {
+        makeSerial(999);
+        const QString drawing = studio->path("serial.ztd");
+        QVERIFY(studio->window->files().saveTo(drawing));
+        QFile note(jobkit::journalPath(drawing));
+        QVERIFY(note.open(QIODevice::WriteOnly));
+        note.write("{ cut off");
+        note.close();
+        auto &exporter = studio->window->job().exporter();
+        QVERIFY(!exporter.write({studio->path("a.nc"), 1, true, {}}, settings()));
+        QCOMPARE(studio->messages->failures.size(), 1);
+        QVERIFY(studio->messages->failures.takeFirst().why.endsWith(QStringLiteral("remove it.")));
+        QVERIFY(!QFile::exists(studio->path("a.nc")));
+        QCOMPARE(StudioWindow::contentOf(jobkit::journalPath(drawing)), QByteArray("{ cut off"));
+    }
+
     void report_holdsMachineSizeAndTime()
     {
         studio->addRect(0, 0);

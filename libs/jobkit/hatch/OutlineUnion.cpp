@@ -73,6 +73,13 @@ public:
             m_isArea.push_back(isClosed(outline));
             m_boxes.push_back(outline.boundingRect());
         }
+        for (int i = 0; i < outlines.size(); ++i) {
+            if (m_isArea[size_t(i)])
+                m_byLeft.push_back(i);
+        }
+        std::sort(m_byLeft.begin(), m_byLeft.end(), [this](int a, int b) {
+            return m_boxes[size_t(a)].left() < m_boxes[size_t(b)].left();
+        });
     }
 
     QVector<QVector<int>> find()
@@ -131,10 +138,21 @@ private:
         }
     }
 
-    bool holds(int outer, int inner) const
+    /** Areas whose box lies in that of `outer`: among those that begin where it stands. */
+    template <class Visit>
+    void forEachWithin(int outer, const Visit &visit)
     {
-        return outer != inner && m_isArea[size_t(outer)] && m_isArea[size_t(inner)] &&
-               m_boxes[size_t(outer)].contains(m_boxes[size_t(inner)]);
+        if (!m_isArea[size_t(outer)])
+            return;
+        const QRectF &box = m_boxes[size_t(outer)];
+        const auto begins = [this](int outline, double x) {
+            return m_boxes[size_t(outline)].left() < x;
+        };
+        for (auto at = std::lower_bound(m_byLeft.begin(), m_byLeft.end(), box.left(), begins);
+             at != m_byLeft.end() && m_boxes[size_t(*at)].left() <= box.right(); ++at) {
+            if (*at != outer && box.contains(m_boxes[size_t(*at)]))
+                visit(*at);
+        }
     }
 
     /** What lies in an outline that turns the same way is covered by it. */
@@ -144,11 +162,11 @@ private:
         for (const QPolygonF &outline : m_outlines)
             isLeft.push_back(twiceArea(outline) > 0.0);
         for (int outer = 0; outer < m_outlines.size(); ++outer) {
-            for (int inner = 0; inner < m_outlines.size(); ++inner) {
-                if (isLeft[size_t(outer)] == isLeft[size_t(inner)] && holds(outer, inner) &&
+            forEachWithin(outer, [&](int inner) {
+                if (isLeft[size_t(outer)] == isLeft[size_t(inner)] &&
                     m_outlines[outer].containsPoint(m_outlines[inner].first(), Qt::WindingFill))
                     join(outer, inner);
-            }
+            });
         }
     }
 
@@ -157,12 +175,14 @@ private:
     {
         bool isMore = false;
         for (int outer = 0; outer < m_outlines.size(); ++outer) {
-            for (int inner = 0; m_isUnited[size_t(outer)] && inner < m_outlines.size(); ++inner) {
-                if (!m_isUnited[size_t(inner)] && holds(outer, inner)) {
+            if (!m_isUnited[size_t(outer)])
+                continue;
+            forEachWithin(outer, [&](int inner) {
+                if (!m_isUnited[size_t(inner)]) {
                     join(outer, inner);
                     isMore = true;
                 }
-            }
+            });
         }
         return isMore;
     }
@@ -189,6 +209,7 @@ private:
     std::vector<bool> m_isUnited;
     std::vector<bool> m_isArea;
     std::vector<QRectF> m_boxes;
+    std::vector<int> m_byLeft; ///< the areas, in the order of the left sides of their boxes
 };
 
 } // namespace

@@ -5,7 +5,9 @@
 #include <hostkit/items/PartTexts.h>
 #include <jobkit/values/JsonFields_p.h>
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QIODevice>
 #include <QtCore/QJsonDocument>
 
@@ -14,10 +16,15 @@ namespace jobkit {
 namespace {
 
 constexpr int kMostParts = 1000000;
-constexpr int kMostText = 1000000;
-constexpr qint64 kMostBytes = 4 << 20;
+constexpr int kMostText = 4 << 20;
+constexpr int kMostBytes = 16 << 20;
 
 QString format() { return QStringLiteral("number-journal"); }
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(jobkit::NumberJournal)
+};
 
 /** Fields that are text, by their names. */
 struct TextField
@@ -48,15 +55,26 @@ QString partTexts(const QVector<ZTAbstractGraphicsItem *> &items)
 
 QString journalPath(const QString &drawingPath) { return drawingPath + QStringLiteral(".numbers"); }
 
-std::optional<NumberJournal> readJournal(const QString &drawingPath)
+std::optional<NumberJournal> readJournal(const QString &drawingPath, hostkit::Failure *failure)
 {
-    QFile file(journalPath(drawingPath));
-    if (!file.open(QIODevice::ReadOnly))
+    using Kind = hostkit::Failure::Kind;
+    const auto unreadable = [&](Kind kind, const QString &why) -> std::optional<NumberJournal> {
+        hostkit::fail(failure, kind,
+                      Texts::tr("\"%1\" cannot be read: %2")
+                          .arg(QFileInfo(journalPath(drawingPath)).fileName(), why),
+                      Texts::tr("It told which numbers a job took. See to the drawing's next "
+                                "numbers, then remove it."));
         return std::nullopt;
+    };
+    QFile file(journalPath(drawingPath));
+    if (!file.exists())
+        return std::nullopt;
+    if (!file.open(QIODevice::ReadOnly))
+        return unreadable(Kind::CannotRead, file.errorString());
     QJsonObject object;
     QString error;
-    if (!readJsonObject(file.read(kMostBytes), &object, &error))
-        return std::nullopt;
+    if (!readJsonObject(file.read(kMostBytes + 1), &object, &error, kMostBytes))
+        return unreadable(Kind::Damaged, error);
     JsonFields fields(object, QString(), &error);
     NumberJournal journal;
     QString before;
@@ -67,8 +85,8 @@ std::optional<NumberJournal> readJournal(const QString &drawingPath)
          {TextField{"before", &before}, TextField{"after", &after},
           TextField{"first", &journal.first}, TextField{"last", &journal.last}})
         fields.text(field.name, {0, kMostText}, field.value);
-    if (!fields.finish() || journal.parts < 1)
-        return std::nullopt;
+    if (!fields.need("parts") || !fields.finish())
+        return unreadable(Kind::Damaged, error);
     journal.before = before.toLatin1();
     journal.after = after.toLatin1();
     return journal;

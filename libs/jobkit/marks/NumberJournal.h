@@ -33,8 +33,14 @@ QString partTexts(const QVector<ZTAbstractGraphicsItem *> &items);
 /** Where the journal of a drawing's file stands. */
 QString journalPath(const QString &drawingPath);
 
-/** The journal of a drawing's file, if there is one. One that cannot be read counts as none. */
-std::optional<NumberJournal> readJournal(const QString &drawingPath);
+/**
+ * The journal of a drawing's file, if there is one.
+ *
+ * Failure: none, and `failure` (if given) says why one that is there cannot be read: nobody knows
+ * then which numbers were taken, and no job should go on. Its kind is None where there is none.
+ */
+std::optional<NumberJournal> readJournal(const QString &drawingPath,
+                                         hostkit::Failure *failure = nullptr);
 
 /** Failure: false with the reason, and the journal before stays. */
 bool writeJournal(const QString &drawingPath, const NumberJournal &journal,

@@ -149,4 +149,15 @@
         <translation>%1number：笔 %2 已存在</translation>
     </message>
 </context>
+<context>
+    <name>jobkit::NumberJournal</name>
+    <message>
+        <source>&quot;%1&quot; cannot be read: %2</source>
+        <translation>无法读取“%1”：%2</translation>
+    </message>
+    <message>
+        <source>It told which numbers a job took. See to the drawing&apos;s next numbers, then remove it.</source>
+        <translation>它记着作业用掉了哪些号码。请先核对图纸接下来的号码，再将它删除。</translation>
+    </message>
+</context>
 </TS>

@@ -10,7 +10,6 @@ namespace jobkit {
 
 namespace {
 
-constexpr int kMostBytes = 1024 * 1024;
 constexpr int kLongestName = 100; // of a field that is not known, in a message
 
 struct Texts
@@ -44,15 +43,15 @@ QString colorProblem(const QString &name)
     return Texts::tr("%1: a colour as \"#rrggbb\" is needed").arg(name);
 }
 
-bool readJsonObject(const QByteArray &json, QJsonObject *object, QString *error)
+bool readJsonObject(const QByteArray &json, QJsonObject *object, QString *error, int mostBytes)
 {
     const auto fail = [error](const QString &what) {
         if (error != nullptr)
             *error = what;
         return false;
     };
-    if (json.size() > kMostBytes)
-        return fail(Texts::tr("larger than %1 bytes").arg(kMostBytes));
+    if (json.size() > mostBytes)
+        return fail(Texts::tr("larger than %1 bytes").arg(mostBytes));
     QJsonParseError problem{};
     const QJsonDocument document = QJsonDocument::fromJson(json, &problem);
     if (problem.error != QJsonParseError::NoError) {

@@ -63,7 +63,11 @@ QString lengthProblem(const QString &name, const QString &text, const TextRange 
 /** "name: a colour as "#rrggbb" is needed" */
 QString colorProblem(const QString &name);
 
+/** Limit: bytes of a file that people write, a profile or a material. */
+constexpr int kMostJsonBytes = 1024 * 1024;
+
 /** The object that these bytes hold. Failure: false, with the reason and place in `error`. */
-bool readJsonObject(const QByteArray &json, QJsonObject *object, QString *error);
+bool readJsonObject(const QByteArray &json, QJsonObject *object, QString *error,
+                    int mostBytes = kMostJsonBytes);
 
 } // namespace jobkit

@@ -9,6 +9,8 @@
 #include <QtWidgets/QUndoStack>
 
 #include <limits>
+#include <numeric>
+#include <vector>
 
 namespace studio {
 
@@ -23,6 +25,10 @@ const QColor kPaper(0x20, 0x2a, 0x36, 0xd0);
 /** The places in the list of marked shapes, in the order of marking. */
 std::vector<int> orderOf(const ZTGraphicsDocument &document, const hostkit::MarkItems &items)
 {
+    std::vector<int> asListed(static_cast<std::size_t>(items.size()));
+    std::iota(asListed.begin(), asListed.end(), 0);
+    if (ZTPointSort::getInstance()->getShapeMarkSort() == EShapeSortType::ShapeSortNone)
+        return asListed; // no mark paths are needed to know it
     hostkit::MarkGraphBuilder builder(document, items);
     builder.work(std::numeric_limits<int>::max());
     return hostkit::markOrder(builder.takeUnordered());

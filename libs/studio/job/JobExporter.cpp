@@ -170,8 +170,8 @@ bool JobExporter::write(const JobExport &wanted, const JobSettings &settings,
         return fail(wanted.path, error);
     m_texts.finishTyping();
     const bool takesNumbers = !wanted.frame && hasNumbers();
-    if (takesNumbers)
-        passInterrupted();
+    if (takesNumbers && !passInterrupted(wanted.path))
+        return false;
     if (!wanted.frame && !goPastMarkedParts(wanted.path))
         return false;
     QVector<jobkit::JobPlan> plans;
@@ -193,15 +193,18 @@ bool JobExporter::write(const JobExport &wanted, const JobSettings &settings,
 
 /**
  * Goes past the numbers of exports after which the drawing was not saved: their files may have been
- * run.
+ * run. False, told, where nobody can know them.
  */
-void JobExporter::passInterrupted()
+bool JobExporter::passInterrupted(const QString &target)
 {
     const QString path = m_drawingPath ? m_drawingPath() : QString();
-    m_before = path.isEmpty() ? std::nullopt : jobkit::readJournal(path);
+    hostkit::Failure failure;
+    m_before = path.isEmpty() ? std::nullopt : jobkit::readJournal(path, &failure);
+    if (failure.kind != hostkit::Failure::Kind::None)
+        return fail(target, failure.reason + QLatin1Char('\n') + failure.advice);
     const QByteArray progress = jobkit::partProgress(shapeItemsOf(*m_document.scene()));
     if (!m_before || m_before->after == progress)
-        return;
+        return true;
     const QString numbers = m_before->parts == 1
                                 ? m_before->first
                                 : tr("%1 to %2").arg(m_before->first, m_before->last);
@@ -218,6 +221,7 @@ void JobExporter::passInterrupted()
                       "since.")
                        .arg(numbers);
     m_messages.warning({tr("Numbers were taken before."), told, {}});
+    return true;
 }
 
 /** Notes what the export takes, before its first file is there; false, told, where it cannot. */

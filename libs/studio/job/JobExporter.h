@@ -81,7 +81,7 @@ private:
     class Numbers;
 
     bool goPastMarkedParts(const QString &path);
-    void passInterrupted();
+    bool passInterrupted(const QString &target);
     bool noteTaken(const JobExport &wanted);
     void noteWritten(bool isWritten);
     void goOn(int parts);

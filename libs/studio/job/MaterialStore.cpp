@@ -1,19 +1,10 @@
 #include <studio/job/MaterialStore.h>
 
-#include <hostkit/files/FileWriter.h>
-
 #include <QtCore/QCoreApplication>
-#include <QtCore/QDir>
-#include <QtCore/QFile>
-#include <QtCore/QIODevice>
-#include <QtCore/QStandardPaths>
-#include <QtCore/QUrl>
 
 namespace studio {
 
 namespace {
-
-constexpr qint64 kMostBytes = 1 << 20;
 
 struct Texts
 {
@@ -22,29 +13,17 @@ struct Texts
 
 } // namespace
 
-MaterialStore::MaterialStore()
-    : MaterialStore(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
-                    QStringLiteral("/materials"))
-{
-}
+MaterialStore::MaterialStore() : m_folder(JsonFolder::ofUser(QStringLiteral("materials"))) {}
 
 MaterialStore::MaterialStore(const QString &folder) : m_folder(folder) {}
-
-QString MaterialStore::fileOf(const QString &name) const
-{
-    // Any name makes a file's name so: no "/" and no ".." is left of it.
-    const QString safe = QString::fromLatin1(QUrl::toPercentEncoding(name, {}, "."));
-    return QStringLiteral("%1/%2.json").arg(m_folder, safe);
-}
 
 QStringList MaterialStore::names() const
 {
     QStringList names;
-    const QStringList files = QDir(m_folder).entryList({QStringLiteral("*.json")}, QDir::Files);
-    for (const QString &file : files) {
+    for (const QString &path : m_folder.paths()) {
         jobkit::Material material;
         QString ignored;
-        if (readFile(m_folder + QLatin1Char('/') + file, &material, &ignored))
+        if (readFile(path, &material, &ignored))
             names << material.name;
     }
     names.sort(Qt::CaseInsensitive);
@@ -53,38 +32,28 @@ QStringList MaterialStore::names() const
 
 bool MaterialStore::read(const QString &name, jobkit::Material *material, QString *error) const
 {
-    return readFile(fileOf(name), material, error);
+    return readFile(m_folder.pathOf(name), material, error);
 }
 
 bool MaterialStore::readFile(const QString &path, jobkit::Material *material, QString *error)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        *error = Texts::tr("The material \"%1\" cannot be read.").arg(path);
-        return false;
-    }
-    return jobkit::readMaterial(file.read(kMostBytes + 1), material, error);
+    QByteArray json;
+    if (JsonFolder::read(path, &json))
+        return jobkit::readMaterial(json, material, error);
+    *error = Texts::tr("The material \"%1\" cannot be read.").arg(path);
+    return false;
 }
 
 bool MaterialStore::save(const jobkit::Material &material, QString *error) const
 {
-    QDir().mkpath(m_folder);
-    return saveFile(fileOf(material.name), material, error);
+    m_folder.make();
+    return saveFile(m_folder.pathOf(material.name), material, error);
 }
 
 bool MaterialStore::saveFile(const QString &path, const jobkit::Material &material, QString *error)
 {
     *error = material.problem();
-    if (!error->isEmpty())
-        return false;
-    hostkit::Failure failure;
-    const QByteArray json = jobkit::writeMaterial(material);
-    if (hostkit::saveWhole(
-            path, [&json](QIODevice &device) { return device.write(json) == json.size(); },
-            &failure))
-        return true;
-    *error = failure.reason;
-    return false;
+    return error->isEmpty() && JsonFolder::write(path, jobkit::writeMaterial(material), error);
 }
 
 } // namespace studio

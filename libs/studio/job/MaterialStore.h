@@ -1,5 +1,7 @@
 #pragma once
 
+#include <studio/job/JsonFolder.h>
+
 #include <jobkit/values/Material.h>
 
 #include <QtCore/QStringList>
@@ -30,9 +32,7 @@ public:
     static bool saveFile(const QString &path, const jobkit::Material &material, QString *error);
 
 private:
-    QString fileOf(const QString &name) const;
-
-    QString m_folder;
+    JsonFolder m_folder;
 };
 
 } // namespace studio

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <studio/job/JsonFolder.h>
+
 #include <jobkit/values/MachineProfile.h>
 
 #include <QtCore/QStringList>
@@ -15,13 +17,13 @@ public:
     explicit ProfileStore(const QString &folder);
 
     /** Paths of the machines that are kept, by their names in alphabetical order. */
-    QStringList paths() const;
+    QStringList paths() const { return m_folder.paths(); }
 
     /** Whether a path is that of a machine kept here. */
     bool holds(const QString &path) const;
 
     /** Where a machine of this name is kept, or would be. */
-    QString pathOf(const QString &name) const;
+    QString pathOf(const QString &name) const { return m_folder.pathOf(name); }
 
     /**
      * Keeps a machine, in place of one of the same name. Failure: false, and `error` says why in a
@@ -40,7 +42,7 @@ public:
                          QString *error);
 
 private:
-    QString m_folder;
+    JsonFolder m_folder;
 };
 
 } // namespace studio

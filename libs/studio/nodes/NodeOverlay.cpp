@@ -74,13 +74,14 @@ void NodeOverlay::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWi
         drawControl(m_nodes.node(ref).place, m_nodes.node(ref).in);
         drawControl(m_nodes.node(ref).place, m_nodes.node(ref).out);
     }
+    const QSet<vectorkit::NodeRef> chosen = vectorkit::setOf(m_selected);
     for (int run = 0; run < m_nodes.runs().size(); ++run) {
         const QVector<vectorkit::PathNode> &nodes = m_nodes.runs()[run].nodes;
         for (int index = 0; index < nodes.size(); ++index) {
             const QPointF place = toScreen.map(nodes[index].place);
             if (!shown.adjusted(-kNodePx, -kNodePx, kNodePx, kNodePx).contains(place))
                 continue;
-            const bool isChosen = m_selected.contains({run, index});
+            const bool isChosen = chosen.contains({run, index});
             painter->setPen(QPen(isChosen ? kChosen : kInk, 1));
             painter->setBrush(isChosen ? kChosen : QColor(Qt::white));
             const QRectF box(place - QPointF(kNodePx, kNodePx), QSizeF(kNodePx, kNodePx) * 2.0);

@@ -63,22 +63,13 @@ QPointF nudgeMm(const QKeyEvent &event)
 
 } // namespace
 
-NodeTool::NodeTool(ZTGraphicsDocument &document, QObject *parent)
-    : QObject(parent), m_document(document)
+NodeTool::NodeTool(ZTGraphicsDocument &drawing, QObject *parent) : CanvasTool(drawing, parent)
 {
-    m_document.view()->installEventFilter(this);
-    m_document.view()->viewport()->installEventFilter(this);
-    connect(m_document.scene(), &QGraphicsScene::selectionChanged, this, &NodeTool::follow);
-    connect(m_document.undoStack(), &QUndoStack::indexChanged, this, &NodeTool::follow);
+    connect(document().scene(), &QGraphicsScene::selectionChanged, this, &NodeTool::follow);
+    connect(document().undoStack(), &QUndoStack::indexChanged, this, &NodeTool::follow);
 }
 
 NodeTool::~NodeTool() = default;
-
-void NodeTool::setSnap(const Snap &snap, const std::function<void()> &done)
-{
-    m_snap = snap;
-    m_snapDone = done;
-}
 
 void NodeTool::setActive(bool isActive)
 {
@@ -88,10 +79,10 @@ void NodeTool::setActive(bool isActive)
     m_isActive = isActive;
     m_item = nullptr;
     // The frame's handles would lie upon the nodes.
-    m_document.scene()->getGraphicsResizeItem()->setOpacity(isActive ? 0.0 : 1.0);
+    document().scene()->getGraphicsResizeItem()->setOpacity(isActive ? 0.0 : 1.0);
     follow();
     if (isActive)
-        m_document.view()->setFocus();
+        document().view()->setFocus();
 }
 
 // After whatever selected or changed shapes: the nodes are those of the path as it stands now.
@@ -100,7 +91,7 @@ void NodeTool::follow()
     if (m_isRecording)
         return;
     m_grip = Grip::Nothing;
-    const ShapeItems items = m_isActive ? selectedShapeItems(*m_document.scene()) : ShapeItems();
+    const ShapeItems items = m_isActive ? selectedShapeItems(*document().scene()) : ShapeItems();
     ShapeItem *item = items.size() == 1 ? items.first() : nullptr;
     if (item != m_item)
         m_selected.clear();
@@ -138,7 +129,7 @@ void NodeTool::show()
         return;
     }
     if (!m_overlay)
-        m_overlay = std::make_unique<NodeOverlay>(*m_document.scene());
+        m_overlay = std::make_unique<NodeOverlay>(*document().scene());
     m_overlay->showNodes(m_nodes, m_selected);
 }
 
@@ -149,17 +140,8 @@ void NodeTool::giveUp()
     m_grip = Grip::Nothing;
     if (m_overlay)
         m_overlay->showBand({});
-    if (m_snapDone)
-        m_snapDone();
+    endSnapping();
     show();
-}
-
-bool NodeTool::eventFilter(QObject *watched, QEvent *event)
-{
-    if (!m_isActive)
-        return QObject::eventFilter(watched, event);
-    const bool isTaken = watched == m_document.view() ? viewEvent(event) : viewportEvent(event);
-    return isTaken || QObject::eventFilter(watched, event);
 }
 
 bool NodeTool::isOurKey(const QKeyEvent &event) const
@@ -170,27 +152,8 @@ bool NodeTool::isOurKey(const QKeyEvent &event) const
     return !m_selected.isEmpty() && (deletes || !nudgeMm(event).isNull());
 }
 
-bool NodeTool::viewEvent(QEvent *event)
-{
-    switch (event->type()) {
-    case QEvent::ShortcutOverride: {
-        // These keys are commands' on shapes.
-        const bool isOurs = isOurKey(*static_cast<QKeyEvent *>(event));
-        if (isOurs)
-            event->accept();
-        return isOurs;
-    }
-    case QEvent::KeyPress:
-        return keyPress(*static_cast<QKeyEvent *>(event));
-    default:
-        return false;
-    }
-}
-
 bool NodeTool::keyPress(const QKeyEvent &event)
 {
-    if (!isOurKey(event))
-        return false;
     const QPointF way = nudgeMm(event);
     if (event.key() == Qt::Key_Escape) {
         if (m_grip != Grip::Nothing) {
@@ -214,30 +177,9 @@ bool NodeTool::keyPress(const QKeyEvent &event)
     return true;
 }
 
-bool NodeTool::viewportEvent(QEvent *event)
-{
-    switch (event->type()) {
-    case QEvent::MouseButtonPress:
-        return press(*static_cast<QMouseEvent *>(event));
-    case QEvent::MouseButtonDblClick:
-        return doubleClick(*static_cast<QMouseEvent *>(event));
-    case QEvent::MouseMove:
-        return move(*static_cast<QMouseEvent *>(event));
-    case QEvent::MouseButtonRelease:
-        return release(*static_cast<QMouseEvent *>(event));
-    default:
-        return false;
-    }
-}
-
-QPointF NodeTool::placeOf(const QMouseEvent &event) const
-{
-    return m_document.view()->viewportTransform().inverted().map(event.localPos());
-}
-
 double NodeTool::reachPx() const
 {
-    const QTransform toScreen = m_document.view()->viewportTransform();
+    const QTransform toScreen = document().view()->viewportTransform();
     return kReachOnScreen / std::hypot(toScreen.m11(), toScreen.m12());
 }
 
@@ -327,7 +269,7 @@ bool NodeTool::move(const QMouseEvent &event)
         m_toPx = placePx;
         return true;
     }
-    m_toPx = m_snap ? m_snap(placePx, event.modifiers()) : placePx;
+    m_toPx = snapped(placePx, event.modifiers());
     m_nodes = m_before;
     if (m_grip == Grip::Nodes)
         m_nodes.move(m_selected, toMm(m_toPx) - toMm(m_fromPx));
@@ -343,8 +285,7 @@ bool NodeTool::release(const QMouseEvent &event)
         return event.button() == Qt::LeftButton;
     const Grip held = m_grip;
     m_grip = Grip::Nothing;
-    if (m_snapDone)
-        m_snapDone();
+    endSnapping();
     if (m_overlay)
         m_overlay->showBand({});
     if (held == Grip::Band) {
@@ -366,10 +307,11 @@ void NodeTool::selectBand(Qt::KeyboardModifiers keys)
     const QRectF bandPx = QRectF(m_fromPx, m_toPx).normalized();
     if (!keys.testFlag(Qt::ShiftModifier))
         m_selected.clear();
+    const QSet<NodeRef> before = vectorkit::setOf(m_selected);
     for (int run = 0; run < m_nodes.runs().size(); ++run) {
         const QVector<vectorkit::PathNode> &nodes = m_nodes.runs()[run].nodes;
         for (int index = 0; index < nodes.size(); ++index) {
-            if (bandPx.contains(toPx(nodes[index].place)) && !m_selected.contains({run, index}))
+            if (bandPx.contains(toPx(nodes[index].place)) && !before.contains({run, index}))
                 m_selected.append({run, index});
         }
     }
@@ -383,12 +325,12 @@ void NodeTool::goOverTo(const QPointF &placePx)
         m_nodes.nearest(toMm(placePx), ZTCoord::getInstance()->pix2mm(reachPx())).has_value();
     if (isOnLine)
         return;
-    const QList<QGraphicsItem *> hit = m_document.scene()->items(placePx);
+    const QList<QGraphicsItem *> hit = document().scene()->items(placePx);
     for (QGraphicsItem *candidate : hit) {
         auto *item = dynamic_cast<ShapeItem *>(candidate);
         if (item != nullptr && item->flags().testFlag(QGraphicsItem::ItemIsSelectable)) {
             if (item != m_item)
-                selectOnly(*m_document.scene(), {item});
+                selectOnly(*document().scene(), {item});
             return;
         }
     }
@@ -420,7 +362,7 @@ void NodeTool::record(const NodePaths &edited, const QString &text)
         return;
     {
         const QScopedValueRollback<bool> recording(m_isRecording, true);
-        m_document.undoStack()->push(new OutlinesCommand({{m_item.data(), edited.paths()}}, text));
+        document().undoStack()->push(new OutlinesCommand({{m_item.data(), edited.paths()}}, text));
     }
     // Not read anew: what is smooth is known here alone.
     m_nodes = edited;
@@ -442,10 +384,11 @@ bool NodeTool::edit(const std::function<bool(NodePaths &)> &change, const QStrin
 
 QVector<NodeRef> NodeTool::selectedPieces() const
 {
+    const QSet<NodeRef> selected = vectorkit::setOf(m_selected);
     QVector<NodeRef> pieces;
     for (const NodeRef &ref : m_selected) {
         const std::optional<NodeRef> after = m_nodes.next(ref);
-        if (after && m_selected.contains(*after))
+        if (after && selected.contains(*after))
             pieces.append(ref);
     }
     std::sort(pieces.begin(), pieces.end());

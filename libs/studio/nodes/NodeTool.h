@@ -1,19 +1,12 @@
 #pragma once
 
 #include <studio/ShapeItems.h>
+#include <studio/canvas/CanvasTool.h>
 
 #include <vectorkit/edit/NodePaths.h>
 
-#include <QtCore/QObject>
-
-#include <functional>
 #include <memory>
 #include <optional>
-
-QT_BEGIN_NAMESPACE
-class QKeyEvent;
-class QMouseEvent;
-QT_END_NAMESPACE
 
 namespace studio {
 
@@ -27,7 +20,7 @@ class NodeOverlay;
  * keys nudge as they do shapes. Each edit is one undo step. A click on another shape goes over to
  * it; Esc lets go of the nodes, then of the tool.
  */
-class NodeTool : public QObject
+class NodeTool : public CanvasTool
 {
     Q_OBJECT
 
@@ -35,18 +28,12 @@ public:
     /** The id of its command. */
     static constexpr const char *kId = "tool.nodes";
 
-    /** Where a place of the mouse comes to; scene pixels. */
-    using Snap = std::function<QPointF(const QPointF &placePx, Qt::KeyboardModifiers keys)>;
-
-    /** `document` is borrowed and outlives this. */
-    explicit NodeTool(ZTGraphicsDocument &document, QObject *parent = nullptr);
+    /** `drawing` is borrowed and outlives this. Dragged nodes are snapped. */
+    explicit NodeTool(ZTGraphicsDocument &drawing, QObject *parent = nullptr);
     ~NodeTool() override;
 
     void setActive(bool isActive);
     bool isActive() const { return m_isActive; }
-
-    /** What dragged nodes go through; `done` is told when no more come. None at first. */
-    void setSnap(const Snap &snap, const std::function<void()> &done);
 
     /** The nodes of the selected path; none while there is none or the tool rests. */
     const vectorkit::NodePaths &nodes() const { return m_nodes; }
@@ -61,28 +48,19 @@ public:
     void smooth();     ///< the selected nodes
     void corner();     ///< the same
 
-Q_SIGNALS:
-    /** What the tool does now or cannot do; empty when there is nothing to say. */
-    void told(const QString &words);
-
-    /** Esc, and there was nothing to give up. */
-    void left();
-
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    bool isAtWork() const override { return m_isActive; }
+    bool isOurKey(const QKeyEvent &event) const override;
+    bool keyPress(const QKeyEvent &event) override;
+    bool press(const QMouseEvent &event) override;
+    bool doubleClick(const QMouseEvent &event) override;
+    bool move(const QMouseEvent &event) override;
+    bool release(const QMouseEvent &event) override;
 
 private:
     /** What the mouse holds. */
     enum class Grip { Nothing, Nodes, ControlIn, ControlOut, Band };
 
-    bool viewEvent(QEvent *event);
-    bool viewportEvent(QEvent *event);
-    bool keyPress(const QKeyEvent &event);
-    bool isOurKey(const QKeyEvent &event) const;
-    bool press(const QMouseEvent &event);
-    bool move(const QMouseEvent &event);
-    bool release(const QMouseEvent &event);
-    bool doubleClick(const QMouseEvent &event);
     void grip(const QPointF &placePx, Qt::KeyboardModifiers keys);
     void goOverTo(const QPointF &placePx);
     void selectBand(Qt::KeyboardModifiers keys);
@@ -93,12 +71,8 @@ private:
     bool edit(const std::function<bool(vectorkit::NodePaths &)> &change, const QString &text);
     QVector<vectorkit::NodeRef> selectedPieces() const;
     std::optional<vectorkit::NodeRef> nodeAt(const QPointF &placePx) const;
-    QPointF placeOf(const QMouseEvent &event) const;
     double reachPx() const;
 
-    ZTGraphicsDocument &m_document;
-    Snap m_snap;
-    std::function<void()> m_snapDone;
     bool m_isActive = false;
     bool m_isRecording = false; ///< the stack moves because of an edit of this
     QPointer<ShapeItem> m_item; ///< whose nodes these are

@@ -4,6 +4,7 @@
 #include <studio/canvas/PointerLabel.h>
 #include <studio/canvas/ToolDrag.h>
 #include <studio/canvas/ToolPreview.h>
+#include <studio/choices/Units.h>
 #include <studio/commands/ItemSetCommand.h>
 
 #include <hostkit/items/GraphicItems.h>
@@ -34,20 +35,12 @@ PathNode nodeAt(const QPointF &placeMm) { return {placeMm, placeMm, placeMm, fal
 
 } // namespace
 
-PathTool::PathTool(ZTGraphicsDocument &document, QObject *parent)
-    : QObject(parent), m_document(document), m_label(new PointerLabel(document.view()->viewport()))
+PathTool::PathTool(ZTGraphicsDocument &drawing, QObject *parent)
+    : CanvasTool(drawing, parent), m_label(new PointerLabel(drawing.view()->viewport()))
 {
-    m_document.view()->installEventFilter(this);
-    m_document.view()->viewport()->installEventFilter(this);
 }
 
 PathTool::~PathTool() = default;
-
-void PathTool::setSnap(const Snap &snap, const std::function<void()> &done)
-{
-    m_snap = snap;
-    m_snapDone = done;
-}
 
 void PathTool::choose(Kind kind)
 {
@@ -55,7 +48,7 @@ void PathTool::choose(Kind kind)
     m_kind = kind;
     if (kind == Kind::None)
         return;
-    m_document.view()->setFocus();
+    document().view()->setFocus();
     Q_EMIT told(kind == Kind::Polyline
                     ? tr("Polyline: click point by point. Shift keeps to steps of 15°, Backspace "
                          "takes a point back, Return or a double click ends, a click on the first "
@@ -73,16 +66,7 @@ void PathTool::giveUp()
     m_preview.reset();
     if (m_label)
         m_label->hide();
-    if (m_snapDone)
-        m_snapDone();
-}
-
-bool PathTool::eventFilter(QObject *watched, QEvent *event)
-{
-    if (m_kind == Kind::None)
-        return QObject::eventFilter(watched, event);
-    const bool isTaken = watched == m_document.view() ? viewEvent(event) : viewportEvent(event);
-    return isTaken || QObject::eventFilter(watched, event);
+    endSnapping();
 }
 
 bool PathTool::isOurKey(const QKeyEvent &event) const
@@ -99,26 +83,8 @@ bool PathTool::isOurKey(const QKeyEvent &event) const
     }
 }
 
-bool PathTool::viewEvent(QEvent *event)
-{
-    switch (event->type()) {
-    case QEvent::ShortcutOverride: {
-        const bool isOurs = isOurKey(*static_cast<QKeyEvent *>(event));
-        if (isOurs)
-            event->accept();
-        return isOurs;
-    }
-    case QEvent::KeyPress:
-        return keyPress(*static_cast<QKeyEvent *>(event));
-    default:
-        return false;
-    }
-}
-
 bool PathTool::keyPress(const QKeyEvent &event)
 {
-    if (!isOurKey(event))
-        return false;
     if (event.key() == Qt::Key_Escape) {
         const bool hadPoints = !m_nodes.isEmpty();
         giveUp();
@@ -137,31 +103,18 @@ bool PathTool::keyPress(const QKeyEvent &event)
     return true;
 }
 
-bool PathTool::viewportEvent(QEvent *event)
+/** Its first press has set the last point already. */
+bool PathTool::doubleClick(const QMouseEvent &event)
 {
-    switch (event->type()) {
-    case QEvent::MouseButtonPress:
-        return press(*static_cast<QMouseEvent *>(event));
-    case QEvent::MouseButtonDblClick:
-        // Its first press has set the last point already.
-        if (static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton)
-            finish(false);
-        return true;
-    case QEvent::MouseMove:
-        return move(*static_cast<QMouseEvent *>(event));
-    case QEvent::MouseButtonRelease:
-        return release(*static_cast<QMouseEvent *>(event));
-    default:
-        return false;
-    }
+    if (event.button() == Qt::LeftButton)
+        finish(false);
+    return true;
 }
 
-QPointF PathTool::placeOf(const QMouseEvent &event) const
+/** Where a point comes to: snapped, and with Shift in steps from the one before. */
+QPointF PathTool::pointAt(const QMouseEvent &event) const
 {
-    const QTransform toScene = m_document.view()->viewportTransform().inverted();
-    QPointF placePx = toScene.map(event.localPos());
-    if (m_snap)
-        placePx = m_snap(placePx, event.modifiers());
+    const QPointF placePx = snapped(placeOf(event), event.modifiers());
     if (m_nodes.isEmpty() || m_isPulling || !event.modifiers().testFlag(Qt::ShiftModifier))
         return placePx;
     ToolDrag way;
@@ -175,7 +128,7 @@ bool PathTool::isOnFirst(const QPointF &placePx) const
 {
     if (m_nodes.size() < (m_kind == Kind::Polyline ? 3 : 2))
         return false;
-    const QTransform toScreen = m_document.view()->viewportTransform();
+    const QTransform toScreen = document().view()->viewportTransform();
     const QPointF apart =
         toScreen.map(ZTCoord::getInstance()->getMm2pixTransform().map(m_nodes.first().place)) -
         toScreen.map(placePx);
@@ -191,7 +144,7 @@ bool PathTool::press(const QMouseEvent &event)
         return wasDrawing;
     }
     m_mouse = event.pos();
-    m_mousePx = placeOf(event);
+    m_mousePx = pointAt(event);
     m_closes = isOnFirst(m_mousePx);
     const PathNode added = nodeAt(toMm(m_mousePx));
     // A place that is there already is no point.
@@ -211,7 +164,7 @@ bool PathTool::move(const QMouseEvent &event)
         (event.pos() - m_mouse).manhattanLength() >= QApplication::startDragDistance();
     if (m_isPulling && !(pulls && isFar))
         return true;
-    m_mousePx = placeOf(event);
+    m_mousePx = pointAt(event);
     if (pulls) {
         PathNode &node = m_closes ? m_nodes.first() : m_nodes.last();
         const QPointF lean = toMm(m_mousePx) - node.place;
@@ -259,7 +212,7 @@ VectorPath PathTool::drawn(const QVector<PathNode> &nodes, bool isClosed) const
 void PathTool::show()
 {
     if (!m_preview)
-        m_preview = std::make_unique<ToolPreview>(*m_document.scene());
+        m_preview = std::make_unique<ToolPreview>(*document().scene());
     QVector<PathNode> nodes = m_nodes;
     if (!m_isPulling)
         nodes.append(nodeAt(toMm(m_mousePx)));
@@ -274,8 +227,7 @@ void PathTool::show()
         return;
     const QLineF last(nodes[nodes.size() - 2].place, nodes.last().place);
     const QString measure =
-        tr("%1 mm, %2°")
-            .arg(QString::number(last.length(), 'f', 3), QString::number(last.angle(), 'f', 1));
+        tr("%1, %2°").arg(units::text(last.length()), QString::number(last.angle(), 'f', 1));
     m_label->tell(measure, m_mouse);
     Q_EMIT told(measure);
 }
@@ -288,12 +240,12 @@ void PathTool::finish(bool isClosed)
         Q_EMIT told(tr("A path needs two points"));
         return;
     }
-    const ShapeItems before = selectedShapeItems(*m_document.scene());
-    ShapeItem *item = hostkit::addGraphic(m_document, {drawn(nodes, isClosed)});
+    const ShapeItems before = selectedShapeItems(*document().scene());
+    ShapeItem *item = hostkit::addGraphic(document(), {drawn(nodes, isClosed)});
     if (item == nullptr)
         return;
-    m_document.undoStack()->push(
-        new AddItemsCommand(m_document.itemMag(), {item}, before,
+    document().undoStack()->push(
+        new AddItemsCommand(document().itemMag(), {item}, before,
                             undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Draw path"))));
     Q_EMIT left();
 }

@@ -5395,8 +5395,8 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
 <context>
     <name>studio::PathTool</name>
     <message>
-        <source>%1 mm, %2°</source>
-        <translation>%1 毫米，%2°</translation>
+        <source>%1, %2°</source>
+        <translation>%1，%2°</translation>
     </message>
     <message>
         <source>A path needs two points</source>

@@ -2,6 +2,8 @@
 
 #include <vectorkit/VectorPath.h>
 
+#include <QtCore/QHash>
+#include <QtCore/QSet>
 #include <QtCore/QVector>
 
 #include <optional>
@@ -38,6 +40,14 @@ struct NodeRef
         return run != other.run ? run < other.run : node < other.node;
     }
 };
+
+inline uint qHash(const NodeRef &ref, uint seed = 0)
+{
+    return ::qHash(qMakePair(ref.run, ref.node), seed);
+}
+
+/** The same references, to be asked quickly whether one is among them. */
+inline QSet<NodeRef> setOf(const QVector<NodeRef> &refs) { return {refs.begin(), refs.end()}; }
 
 /** A place on a piece. */
 struct PlaceOnPath

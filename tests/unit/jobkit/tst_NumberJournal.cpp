@@ -53,6 +53,39 @@ private Q_SLOTS:
         file.write(json);
         file.close();
         QVERIFY(!jobkit::readJournal(drawing));
+        // But it is not as if there had been none.
+        hostkit::Failure failure;
+        QVERIFY(!jobkit::readJournal(drawing, &failure));
+        QVERIFY(failure.kind == hostkit::Failure::Kind::Damaged);
+        QVERIFY2(
+            failure.reason.startsWith(QStringLiteral("\"plate.ztd.numbers\" cannot be read: ")),
+            qPrintable(failure.reason));
+        QVERIFY(!failure.advice.isEmpty());
+    }
+
+    void noJournal_isNoFailure()
+    {
+        const QTemporaryDir folder;
+        hostkit::Failure failure;
+        QVERIFY(!jobkit::readJournal(folder.filePath(QStringLiteral("plate.ztd")), &failure));
+        QVERIFY(failure.kind == hostkit::Failure::Kind::None);
+    }
+
+    /** Also of a drawing with so many counters that what is noted takes megabytes. */
+    void longJournal_comesBack()
+    {
+        const QTemporaryDir folder;
+        const QString drawing = folder.filePath(QStringLiteral("plate.ztd"));
+        const NumberJournal journal{QByteArray(3000000, '1'),
+                                    {},
+                                    1,
+                                    QString(3000000, QLatin1Char('a')),
+                                    QStringLiteral("b")};
+        hostkit::Failure failure;
+        QVERIFY(jobkit::writeJournal(drawing, journal, &failure));
+        const auto read = jobkit::readJournal(drawing, &failure);
+        QVERIFY2(read.has_value(), qPrintable(failure.reason));
+        QCOMPARE(read->before.size(), 3000000);
     }
 
     void noFolder_isAFailure()
