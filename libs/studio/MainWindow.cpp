@@ -46,6 +46,7 @@
 #include <studio/job/JobTools.h>
 #include <studio/list/ShapeList.h>
 #include <studio/list/ShapeListView.h>
+#include <studio/nodes/NodeTool.h>
 #include <studio/panel/ShapePanel.h>
 #include <studio/paths/PathTools.h>
 #include <studio/preferences/PreferenceTools.h>
@@ -249,8 +250,9 @@ void MainWindow::buildTools()
     connect(m_tools, &DrawingTools::told, m_status,
             [this](const QString &words) { m_status->showMessage(words); });
     connect(m_tools, &DrawingTools::chosen, this,
-            [this](const QByteArray &, const std::optional<QCursor> &cursor) {
+            [this](const QByteArray &id, const std::optional<QCursor> &cursor) {
                 m_viewNavigation->setRestingCursor(cursor);
+                m_rotateHandle->setResting(id == NodeTool::kId);
                 showTool();
             });
 }

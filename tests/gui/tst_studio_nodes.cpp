@@ -2,6 +2,7 @@
 
 #include <studio/UndoTexts.h>
 #include <studio/canvas/DrawingTools.h>
+#include <studio/canvas/RotateHandle.h>
 #include <studio/canvas/SnapTools.h>
 #include <studio/nodes/NodeTool.h>
 #include <studio/nodes/PathTool.h>
@@ -40,7 +41,9 @@ private Q_SLOTS:
         QCOMPARE(studio->window->tools().chosenId(), QByteArray(NodeTool::kId));
         QVERIFY(studio->window->commands().action("tool.nodes")->isChecked());
         QCOMPARE(nodes().nodes().nodeCount(), 4);
+        QVERIFY(!studio->window->rotateHandle().isShown()); // it would lie among the nodes
         studio->key(Qt::Key_Escape);
+        QVERIFY(studio->window->rotateHandle().isShown());
         QCOMPARE(studio->window->tools().chosenId(), QByteArray("tool.select"));
         QCOMPARE(nodes().nodes().nodeCount(), 0);
         QCOMPARE(studio->selected().size(), 1);

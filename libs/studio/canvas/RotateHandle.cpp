@@ -123,9 +123,17 @@ RotateHandle::~RotateHandle() = default;
 void RotateHandle::follow()
 {
     const ZTGraphicsResizeItem *frame = m_document.scene()->getGraphicsResizeItem();
-    m_knob->setVisible(!m_document.scene()->selectedItems().isEmpty());
+    m_knob->setVisible(!m_isResting && !m_document.scene()->selectedItems().isEmpty());
     m_knob->setPos(frame->pos() + QPointF(frame->rect().center().x(), frame->rect().top()));
 }
+
+void RotateHandle::setResting(bool isResting)
+{
+    m_isResting = isResting;
+    follow();
+}
+
+bool RotateHandle::isShown() const { return m_knob->isVisible(); }
 
 QPoint RotateHandle::place() const
 {

@@ -27,6 +27,10 @@ public:
     RotateHandle(ZTGraphicsDocument &document, DocumentActions &actions, QObject *parent = nullptr);
     ~RotateHandle() override;
 
+    /** While another tool edits what is selected, the handle is out of the way. */
+    void setResting(bool isResting);
+    bool isShown() const;
+
     /** Middle of the handle on the screen; viewport pixels. */
     QPoint place() const;
 
@@ -52,9 +56,10 @@ private:
     std::unique_ptr<RotateKnob> m_knob;
     std::unique_ptr<ToolPreview> m_preview; ///< while it is dragged
     QPointer<PointerLabel> m_label;         ///< child of the canvas
-    QPointF m_middlePx;                     ///< of the frame when the drag began
-    double m_startDeg = 0.0;                ///< where the mouse stood then
-    double m_turnDeg = 0.0;                 ///< since then, counter-clockwise
+    bool m_isResting = false;
+    QPointF m_middlePx;      ///< of the frame when the drag began
+    double m_startDeg = 0.0; ///< where the mouse stood then
+    double m_turnDeg = 0.0;  ///< since then, counter-clockwise
 };
 
 } // namespace studio
