@@ -4,7 +4,7 @@
 #include <studio/Messages.h>
 #include <studio/ShapeItems.h>
 #include <studio/ViewNavigation.h>
-#include <studio/panel/MeasureField.h>
+#include <studio/measures/MeasureField.h>
 #include <studio/panel/ShapePanel.h>
 
 #include <codekit/shape/CodeItem.h>

@@ -212,6 +212,7 @@ int JobCommand::run()
     JobSource source;
     if (!source.open(m_files, m_foreign, m_job.options, progress))
         return console::Failed;
+    m_isYUp = source.isYUp();
     if (m_pensFile.empty() && !source.pens().isEmpty())
         m_pens = source.pens();
     if (takesNumbers(source) && !(source.lock(m_files) && source.passInterrupted()))
@@ -409,6 +410,7 @@ bool JobCommand::writeFile(const std::string &name, const QVector<jobkit::JobPla
     job.profile = m_profile;
     job.title = QFileInfo(QString::fromStdString(m_files.names.front())).fileName();
     job.headMm = head();
+    job.isYUp = m_isYUp;
     hostkit::Failure failure;
     if (jobkit::saveJob(formOf(name), job, path, &failure)) {
         m_written.push_back(name);

@@ -67,6 +67,7 @@ private:
     jobkit::TimeSums allTimes() const;
     QPointF head() const { return m_profile.fromMachine({}); }
 
+    bool m_isYUp = false; ///< how JSON and CSV count, by the drawing
     InputFiles m_files;
     FontFolders m_fonts;
     JobArguments m_job;

@@ -4,6 +4,7 @@
 #include "Progress.h"
 
 #include <hostkit/drawing/DrawingCapture.h>
+#include <hostkit/drawing/ExportDirection.h>
 #include <hostkit/items/LastPart.h>
 #include <hostkit/items/MarkReadiness.h>
 #include <hostkit/items/PartTexts.h>
@@ -84,6 +85,8 @@ QVector<jobkit::Pen> JobSource::pens() const
     return jobkit::hasDrawingPens(m_drawing.document) ? jobkit::drawingPens(m_drawing.document)
                                                       : QVector<jobkit::Pen>();
 }
+
+bool JobSource::isYUp() const { return !m_isForeign && hostkit::exportsYUp(m_drawing.document); }
 
 QVector<JobItem> JobSource::items()
 {

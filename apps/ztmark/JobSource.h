@@ -48,6 +48,9 @@ public:
      */
     bool isReady(bool marksAsShown) const;
 
+    /** Whether the drawing lets JSON and CSV count y upward; false for other files. */
+    bool isYUp() const;
+
     /** The objects of the present part, the drawing's own order kept. */
     QVector<jobkit::JobItem> items();
 

@@ -5,6 +5,7 @@
 #include "Progress.h"
 #include "Usage.h"
 
+#include <hostkit/drawing/ExportDirection.h>
 #include <hostkit/marks/MarkArrangement.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
 
@@ -112,8 +113,9 @@ int MarkCommand::markDrawing(Progress &progress)
         return console::Failed;
     progress.begin(tr("ordering"));
     const bool isOrdered = m_command->get_option("--order")->count() > 0;
-    const hostkit::DrawingMarks marks = hostkit::drawingMarks(
+    hostkit::DrawingMarks marks = hostkit::drawingMarks(
         drawing.document, isOrdered ? std::make_optional(m_job.options.order) : std::nullopt);
+    marks.units.isYUp = hostkit::exportsYUp(drawing.document);
     progress.finish();
     for (const QString &sentence : hostkit::describeFindings(marks.findings))
         console::complain(m_files.names.front(), tr("warning: %1").arg(sentence));

@@ -126,12 +126,14 @@ const QVector<Command> kFixedCommands = {
     {"file.importClipboard", TEXT("Import from the cli&pboard..."), "", "Ctrl+Alt+V",
      TEXT("Import an SVG drawing that another program has copied"), Needs::Nothing, kWindow,
      [](MainWindow &w) { w.importClipboard(); }},
-    {"file.sample", TEXT("Add &sample drawing"), "", "", "", Needs::Nothing, kWindow,
+    {"file.sample", TEXT("Add &sample drawing"), "", "",
+     TEXT("Add shapes of all kinds, to look at and to try out"), Needs::Nothing, kWindow,
      [](MainWindow &w) { w.addSample(); }},
     {"file.exportAll", TEXT("&Export mark paths..."), "export", "Ctrl+E",
      TEXT("Export the mark paths of the whole drawing"), Needs::Shapes, kWindow,
      [](MainWindow &w) { w.chooseExport(false); }},
-    {"file.exportSelection", TEXT("Export mark paths of se&lection..."), "", "Ctrl+Shift+E", "",
+    {"file.exportSelection", TEXT("Export mark paths of se&lection..."), "", "Ctrl+Shift+E",
+     TEXT("Export the mark paths of the selected shapes alone"),
      Needs::Selection, kWindow, [](MainWindow &w) { w.chooseExport(true); }},
     {"file.print", TEXT("&Print..."), "", "Ctrl+P", TEXT("Print the drawing at true size"),
      Needs::Shapes, kWindow, [](MainWindow &w) { w.printing().choosePrinter(); }},
@@ -144,12 +146,15 @@ const QVector<Command> kFixedCommands = {
      TEXT("Write a file that the machine runs"), Needs::Shapes, kWindow,
      [](MainWindow &window) { window.job().chooseExport(); }},
 
-    {"file.quit", TEXT("&Quit"), "", "Ctrl+Q", "", Needs::Nothing, kWindow,
+    {"file.quit", TEXT("&Quit"), "", "Ctrl+Q",
+     TEXT("End the program; it asks before changes are lost"), Needs::Nothing, kWindow,
      [](MainWindow &w) { w.close(); }},
 
-    {"edit.undo", TEXT("&Undo"), "undo", "Ctrl+Z", "", Needs::Undo, kWindow,
+    {"edit.undo", TEXT("&Undo"), "undo", "Ctrl+Z", TEXT("Take the last step back"), Needs::Undo,
+     kWindow,
      [](MainWindow &w) { w.edit().undo(); }},
-    {"edit.redo", TEXT("&Redo"), "redo", "Ctrl+Y; Ctrl+Shift+Z", "", Needs::Redo, kWindow,
+    {"edit.redo", TEXT("&Redo"), "redo", "Ctrl+Y; Ctrl+Shift+Z",
+     TEXT("Do the step again that was taken back"), Needs::Redo, kWindow,
      [](MainWindow &w) { w.edit().redo(); }},
     {"edit.cut", TEXT("Cu&t"), "cut", "Ctrl+X", TEXT("Cut out to the clipboard"),
      Needs::Selection, kWindow, [](MainWindow &w) { w.clipboard().cut(); }},
@@ -169,15 +174,20 @@ const QVector<Command> kFixedCommands = {
     {"edit.ungroup", TEXT("U&ngroup"), "ungroup", "Ctrl+Shift+G",
      TEXT("Take the selected groups apart"), Needs::Selection, kWindow,
      [](MainWindow &w) { w.groups().ungroup(); }},
-    {"edit.delete", TEXT("&Delete"), "delete", "Del", "", Needs::Selection, kWindow,
+    {"edit.delete", TEXT("&Delete"), "delete", "Del", TEXT("Delete the selected shapes"),
+     Needs::Selection, kWindow,
      [](MainWindow &w) { w.edit().removeSelected(); }},
-    {"edit.duplicate", TEXT("D&uplicate"), "duplicate", "Ctrl+D", "", Needs::Selection, kWindow,
+    {"edit.duplicate", TEXT("D&uplicate"), "duplicate", "Ctrl+D",
+     TEXT("Copy the selected shapes beside themselves"), Needs::Selection, kWindow,
      [](MainWindow &w) { w.edit().duplicate(); }},
-    {"edit.selectAll", TEXT("Select &all"), "", "Ctrl+A", "", Needs::Shapes, kWindow,
+    {"edit.selectAll", TEXT("Select &all"), "", "Ctrl+A",
+     TEXT("Select all shapes that are neither locked nor hidden"), Needs::Shapes, kWindow,
      [](MainWindow &w) { w.edit().selectAll(); }},
-    {"edit.invert", TEXT("&Invert selection"), "", "Ctrl+Shift+I", "", Needs::Shapes, kWindow,
+    {"edit.invert", TEXT("&Invert selection"), "", "Ctrl+Shift+I",
+     TEXT("Select what is not selected, and nothing else"), Needs::Shapes, kWindow,
      [](MainWindow &w) { w.edit().invertSelection(); }},
-    {"edit.deselect", TEXT("Select n&othing"), "", "Esc", "", Needs::Selection, kView,
+    {"edit.deselect", TEXT("Select n&othing"), "", "Esc",
+     TEXT("Out of an entered group, or select nothing"), Needs::Selection, kView,
      [](MainWindow &w) { w.leaveOrDeselect(); }},
 
     {"edit.values", TEXT("Exact &values"), "", "F6",
@@ -208,19 +218,26 @@ const QVector<Command> kFixedCommands = {
      TEXT("Read all codes back from their marks"), Needs::Shapes, kWindow,
      [](MainWindow &w) { w.codes().verify(); }},
 
-    {"arrange.left", TEXT("Align &left"), "align-left", "", "", Needs::Alignable, kWindow,
+    {"arrange.left", TEXT("Align &left"), "align-left", "", TEXT("Left edges in one line"),
+     Needs::Alignable, kWindow,
      &align<Qt::AlignLeft>},
-    {"arrange.hcenter", TEXT("Align &centres across"), "align-hcenter", "", "",
+    {"arrange.hcenter", TEXT("Align &centres across"), "align-hcenter", "",
+     TEXT("Middles in one upright line"),
      Needs::Alignable, kWindow, &align<Qt::AlignHCenter>},
-    {"arrange.right", TEXT("Align &right"), "align-right", "", "", Needs::Alignable, kWindow,
+    {"arrange.right", TEXT("Align &right"), "align-right", "", TEXT("Right edges in one line"),
+     Needs::Alignable, kWindow,
      &align<Qt::AlignRight>},
-    {"arrange.top", TEXT("Align &top"), "align-top", "", "", Needs::Alignable, kWindow,
+    {"arrange.top", TEXT("Align &top"), "align-top", "", TEXT("Upper edges in one line"),
+     Needs::Alignable, kWindow,
      &align<Qt::AlignTop>},
-    {"arrange.vcenter", TEXT("Align centres &down"), "align-vcenter", "", "",
+    {"arrange.vcenter", TEXT("Align centres &down"), "align-vcenter", "",
+     TEXT("Middles in one level line"),
      Needs::Alignable, kWindow, &align<Qt::AlignVCenter>},
-    {"arrange.bottom", TEXT("Align &bottom"), "align-bottom", "", "", Needs::Alignable, kWindow,
+    {"arrange.bottom", TEXT("Align &bottom"), "align-bottom", "", TEXT("Lower edges in one line"),
+     Needs::Alignable, kWindow,
      &align<Qt::AlignBottom>},
-    {"arrange.center", TEXT("C&entre on each other"), "align-center", "", "",
+    {"arrange.center", TEXT("C&entre on each other"), "align-center", "",
+     TEXT("All middles in one place"),
      Needs::Alignable, kWindow, &align<Qt::AlignCenter>},
     {"arrange.toEachOther", TEXT("To &each other"), "", "",
      TEXT("Align shapes within the box around them"), Needs::Nothing, kWindow,
@@ -252,12 +269,16 @@ const QVector<Command> kFixedCommands = {
      TEXT("The selection changes to the other side of the field"), Needs::Selection, kWindow,
      &mirrorAboutField<MirrorCommand::TopToBottom>},
     {"arrange.mirrorHorizontal", TEXT("Mirror left to rig&ht"), "mirror-horizontal", "Ctrl+Shift+H",
-     "", Needs::Selection, kWindow, &mirror<MirrorCommand::LeftToRight>},
-    {"arrange.mirrorVertical", TEXT("Mirror top to botto&m"), "mirror-vertical", "Ctrl+Shift+J", "",
+     TEXT("Mirror the selection, left becomes right; its box stays"), Needs::Selection, kWindow,
+     &mirror<MirrorCommand::LeftToRight>},
+    {"arrange.mirrorVertical", TEXT("Mirror top to botto&m"), "mirror-vertical", "Ctrl+Shift+J",
+     TEXT("Mirror the selection, top becomes bottom; its box stays"),
      Needs::Selection, kWindow, &mirror<MirrorCommand::TopToBottom>},
-    {"arrange.rotateRight", TEXT("Rotate 90° clock&wise"), "rotate-right", "Ctrl+R", "",
+    {"arrange.rotateRight", TEXT("Rotate 90° clock&wise"), "rotate-right", "Ctrl+R",
+     TEXT("Turn the selection by a quarter, clockwise"),
      Needs::Selection, kWindow, &rotate<90>},
-    {"arrange.rotateLeft", TEXT("Rotate 90° &anticlockwise"), "rotate-left", "Ctrl+Shift+R", "",
+    {"arrange.rotateLeft", TEXT("Rotate 90° &anticlockwise"), "rotate-left", "Ctrl+Shift+R",
+     TEXT("Turn the selection by a quarter, anticlockwise"),
      Needs::Selection, kWindow, &rotate<-90>},
     {"arrange.rotate", TEXT("R&otate by..."), "rotate", "", TEXT("Rotate by any angle"),
      Needs::Selection, kWindow, [](MainWindow &w) { w.chooseRotation(); }},
@@ -268,9 +289,11 @@ const QVector<Command> kFixedCommands = {
      TEXT("Repeat shapes around a place"), Needs::Selection, kWindow,
      [](MainWindow &w) { w.showCircleDialog(); }},
 
-    {"view.zoomIn", TEXT("Zoom &in"), "zoom-in", "Ctrl+=; Ctrl++", "", Needs::Nothing, kWindow,
+    {"view.zoomIn", TEXT("Zoom &in"), "zoom-in", "Ctrl+=; Ctrl++", TEXT("Show the drawing larger"),
+     Needs::Nothing, kWindow,
      [](MainWindow &w) { w.navigation().zoomIn(); }},
-    {"view.zoomOut", TEXT("Zoom &out"), "zoom-out", "Ctrl+-", "", Needs::Nothing, kWindow,
+    {"view.zoomOut", TEXT("Zoom &out"), "zoom-out", "Ctrl+-", TEXT("Show the drawing smaller"),
+     Needs::Nothing, kWindow,
      [](MainWindow &w) { w.navigation().zoomOut(); }},
     {"view.home", TEXT("&Home"), "home", "Ctrl+0", TEXT("Show the origin at 100 %"),
      Needs::Nothing, kWindow, [](MainWindow &w) { w.navigation().home(); }},
@@ -309,11 +332,14 @@ const QVector<Command> kFixedCommands = {
      [](MainWindow &w) { w.toggleOrderNumbers(); }, kSwitch},
     {"view.snapToShapes", TEXT("To &shapes"), "", "", TEXT("To edges, middles and ends of shapes"),
      Needs::Nothing, kWindow, [](MainWindow &w) { w.toggleSnap(&SnapChoice::toShapes); }, kSwitch},
-    {"view.snapToGuides", TEXT("To g&uides"), "", "", "", Needs::Nothing, kWindow,
+    {"view.snapToGuides", TEXT("To g&uides"), "", "",
+     TEXT("To the guides that were dragged out of the rulers"), Needs::Nothing, kWindow,
      [](MainWindow &w) { w.toggleSnap(&SnapChoice::toGuides); }, kSwitch},
-    {"view.snapToGrid", TEXT("To the &grid"), "", "", "", Needs::Nothing, kWindow,
+    {"view.snapToGrid", TEXT("To the &grid"), "", "", TEXT("To the lines of the grid"),
+     Needs::Nothing, kWindow,
      [](MainWindow &w) { w.toggleSnap(&SnapChoice::toGrid); }, kSwitch},
-    {"view.removeGuides", TEXT("Remove all g&uides"), "", "", "", Needs::Nothing, kWindow,
+    {"view.removeGuides", TEXT("Remove all g&uides"), "", "",
+     TEXT("Remove the guides of this drawing"), Needs::Nothing, kWindow,
      [](MainWindow &w) { w.guides().removeAll(); }},
 
     {"nudge.left", TEXT("Left by 1 mm"), "", "Left", "", Needs::Selection, kView, &nudge<-1, 0>},
@@ -341,7 +367,7 @@ const QVector<Command> kFixedCommands = {
      Needs::Nothing, kWindow, [](MainWindow &w) { w.showManual(); }},
     {"help.shortcuts", TEXT("&Shortcuts"), "", "Ctrl+F1", TEXT("All shortcuts on one sheet"),
      Needs::Nothing, kWindow, [](MainWindow &w) { w.showShortcuts(); }},
-    {"help.about", TEXT("&About"), "", "", "", Needs::Nothing, kWindow,
+    {"help.about", TEXT("&About"), "", "", TEXT("Version of the program"), Needs::Nothing, kWindow,
      [](MainWindow &w) { w.showAbout(); }},
 };
 // clang-format on
@@ -417,11 +443,17 @@ bool isMet(Needs needs, const EditorState &state)
 
 QString translated(const char *text) { return QCoreApplication::translate("studio", text); }
 
+/** What a command does, in a few words; without any of its own its text. */
+QString tipOf(const Command &command)
+{
+    QString tip = translated(*command.toolTip != '\0' ? command.toolTip : command.text);
+    return tip.remove(QLatin1Char('&')).remove(QStringLiteral("..."));
+}
+
 /** A tool tip with the first shortcut behind it. */
 QString toolTipOf(const Command &command, const QList<QKeySequence> &shortcuts)
 {
-    QString tip = translated(*command.toolTip != '\0' ? command.toolTip : command.text);
-    tip.remove(QLatin1Char('&')).remove(QStringLiteral("..."));
+    QString tip = tipOf(command);
     if (!shortcuts.isEmpty())
         tip += QStringLiteral(" (%1)").arg(shortcuts.first().toString(QKeySequence::NativeText));
     return tip;
@@ -438,6 +470,7 @@ void label(QAction &action, const Command &command)
 {
     action.setText(translated(command.text));
     action.setToolTip(toolTipOf(command, action.shortcuts()));
+    action.setStatusTip(tipOf(command));
 }
 
 QAction *newAction(const Command &command, QObject *parent)

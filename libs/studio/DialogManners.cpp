@@ -1,7 +1,7 @@
 #include <studio/DialogManners.h>
 
 #include <QtCore/QEvent>
-#include <QtCore/QSet>
+#include <QtCore/QPointer>
 #include <QtCore/QTimer>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QKeySequence>
@@ -10,6 +10,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QDialog>
+#include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QGroupBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
@@ -17,9 +18,15 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QTabBar>
 
+#include <algorithm>
+
 namespace studio {
 
 namespace {
+
+/** Properties of a button: its text with the letter that it was given here, and without. */
+constexpr const char *kGivenText = "studio.letteredText";
+constexpr const char *kPlainText = "studio.plainText";
 
 /** The letter after "&", in capitals; none if there is none. */
 QChar letterOf(const QString &text)
@@ -28,20 +35,35 @@ QChar letterOf(const QString &text)
     return keys.isEmpty() ? QChar() : keys.back();
 }
 
-QSet<QChar> takenLetters(const QDialog &dialog)
+/** The text of a button without the letter that it was given here before. */
+QString plainText(const QPushButton &button)
+{
+    const QString given = button.property(kGivenText).toString();
+    return !given.isEmpty() && given == button.text() ? button.property(kPlainText).toString()
+                                                      : button.text();
+}
+
+/** Letters that the makers of a dialog gave: all, or those that can be seen at the moment. */
+QSet<QChar> takenLetters(const QDialog &dialog, bool isSeenAlone)
 {
     QSet<QChar> taken;
+    const auto take = [&](const QWidget &widget, const QString &text) {
+        if (!isSeenAlone || widget.isVisibleTo(&dialog))
+            taken.insert(letterOf(text));
+    };
     for (const QLabel *label : dialog.findChildren<QLabel *>()) {
         if (label->buddy() != nullptr)
-            taken.insert(letterOf(label->text()));
+            take(*label, label->text());
     }
-    for (const QAbstractButton *button : dialog.findChildren<QAbstractButton *>())
-        taken.insert(letterOf(button->text()));
+    for (const QAbstractButton *button : dialog.findChildren<QAbstractButton *>()) {
+        const auto *push = qobject_cast<const QPushButton *>(button);
+        take(*button, push != nullptr ? plainText(*push) : button->text());
+    }
     for (const QGroupBox *group : dialog.findChildren<QGroupBox *>())
-        taken.insert(letterOf(group->title()));
+        take(*group, group->title());
     for (const QTabBar *tabs : dialog.findChildren<QTabBar *>()) {
         for (int tab = 0; tab < tabs->count(); ++tab)
-            taken.insert(letterOf(tabs->tabText(tab)));
+            take(*tabs, tabs->tabText(tab));
     }
     return taken;
 }
@@ -68,6 +90,51 @@ QString withAddedLetter(const QString &text, const QSet<QChar> &taken)
     return text;
 }
 
+bool hasLatin(const QString &text) { return std::any_of(text.begin(), text.end(), isLatin); }
+
+/** Whether Return or Escape presses a button. */
+bool hasKeyOfItsOwn(const QPushButton &button)
+{
+    const auto *box = qobject_cast<const QDialogButtonBox *>(button.parentWidget());
+    if (button.isDefault() || box == nullptr)
+        return button.isDefault();
+    const auto role = box->buttonRole(const_cast<QPushButton *>(&button));
+    return role == QDialogButtonBox::RejectRole ||
+           box->standardButton(const_cast<QPushButton *>(&button)) == QDialogButtonBox::Ok;
+}
+
+/** The text with a letter that is free on all pages, or else on the one that can be seen. */
+QString lettered(const QPushButton &button, const QString &text, const QSet<QChar> &taken,
+                 const QSet<QChar> &seen)
+{
+    for (const QSet<QChar> &busy : {taken, seen}) {
+        const QString own = withOwnLetter(text, busy);
+        if (!own.isEmpty())
+            return own;
+    }
+    return hasLatin(text) && hasKeyOfItsOwn(button) ? text : withAddedLetter(text, taken);
+}
+
+/** Whether a key is one that no field, list or text of a dialog waits for. */
+bool isCommandKey(const QKeySequence &shortcut)
+{
+    for (const auto own :
+         {QKeySequence::Cut, QKeySequence::Copy, QKeySequence::Paste, QKeySequence::SelectAll}) {
+        if (QKeySequence::keyBindings(own).contains(shortcut))
+            return false;
+    }
+    const int key = shortcut[0] & ~Qt::KeyboardModifierMask;
+    const bool isFunction = key >= Qt::Key_F1 && key <= Qt::Key_F35;
+    return isFunction || (shortcut[0] & (Qt::ControlModifier | Qt::AltModifier)) != 0;
+}
+
+bool isForDialogs(const QAction &command)
+{
+    const QList<QKeySequence> shortcuts = command.shortcuts();
+    return command.shortcutContext() == Qt::WindowShortcut && !shortcuts.isEmpty() &&
+           std::all_of(shortcuts.begin(), shortcuts.end(), isCommandKey);
+}
+
 bool isUndoOrRedo(const QKeyEvent &key)
 {
     return key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo);
@@ -89,22 +156,27 @@ bool swallows(const QObject *watched, const QKeyEvent &key)
 
 } // namespace
 
-DialogManners::DialogManners(const QList<QAction *> &drawingKeys, QWidget &window)
-    : QObject(&window), m_drawingKeys(drawingKeys), m_window(window)
+DialogManners::DialogManners(const QList<QAction *> &commands, QWidget &window)
+    : QObject(&window), m_commands(commands), m_window(window)
 {
     qApp->installEventFilter(this);
 }
 
 void DialogManners::addMnemonics(QDialog &dialog)
 {
-    QSet<QChar> taken = takenLetters(dialog);
+    QSet<QChar> taken = takenLetters(dialog, false);
+    QSet<QChar> seen = takenLetters(dialog, true);
     for (QPushButton *button : dialog.findChildren<QPushButton *>()) {
-        const QString text = button->text();
+        const QString text = plainText(*button);
         if (text.isEmpty() || !letterOf(text).isNull())
             continue;
-        const QString own = withOwnLetter(text, taken);
-        button->setText(own.isEmpty() ? withAddedLetter(text, taken) : own);
-        taken.insert(letterOf(button->text()));
+        const QString given = lettered(*button, text, taken, seen);
+        if (given != button->text())
+            button->setText(given);
+        button->setProperty(kPlainText, text);
+        button->setProperty(kGivenText, given);
+        taken.insert(letterOf(given));
+        seen.insert(letterOf(given));
     }
 }
 
@@ -116,10 +188,23 @@ void DialogManners::receive(QDialog &dialog) const
     if (dialog.isModal() || dialog.parentWidget() == nullptr ||
         dialog.parentWidget()->window() != &m_window)
         return;
-    for (QAction *action : m_drawingKeys) {
-        if (!dialog.actions().contains(action))
-            dialog.addAction(action);
+    for (QAction *command : m_commands) {
+        if (isForDialogs(*command) && !dialog.actions().contains(command))
+            dialog.addAction(command);
     }
+}
+
+void DialogManners::renewSoon(QDialog &dialog)
+{
+    if (m_toRenew.contains(&dialog))
+        return;
+    m_toRenew.insert(&dialog);
+    QPointer<QDialog> shown(&dialog);
+    QTimer::singleShot(0, this, [this, shown, key = &dialog] {
+        m_toRenew.remove(key);
+        if (shown)
+            addMnemonics(*shown);
+    });
 }
 
 bool DialogManners::eventFilter(QObject *watched, QEvent *event)
@@ -129,16 +214,26 @@ bool DialogManners::eventFilter(QObject *watched, QEvent *event)
         event->ignore();
         return true;
     }
-    const bool isShown = event->type() == QEvent::Show;
-    if (!isShown && event->type() != QEvent::LanguageChange)
-        return false;
-    auto *dialog = qobject_cast<QDialog *>(watched);
-    if (dialog == nullptr)
-        return false;
-    if (isShown)
-        receive(*dialog);
-    else // when all texts are those of the language
-        QTimer::singleShot(0, dialog, [dialog] { addMnemonics(*dialog); });
+    switch (event->type()) {
+    case QEvent::Show:
+        if (auto *dialog = qobject_cast<QDialog *>(watched))
+            receive(*dialog);
+        break;
+    case QEvent::LanguageChange: // when all texts are those of the language
+        if (auto *dialog = qobject_cast<QDialog *>(watched))
+            renewSoon(*dialog);
+        break;
+    case QEvent::ShowToParent: // another page, or part of one
+    case QEvent::HideToParent:
+        if (watched->isWidgetType()) {
+            auto *dialog = qobject_cast<QDialog *>(static_cast<QWidget *>(watched)->window());
+            if (dialog != nullptr && dialog->isVisible())
+                renewSoon(*dialog);
+        }
+        break;
+    default:
+        break;
+    }
     return false;
 }
 

@@ -2,6 +2,7 @@
 
 #include <QtCore/QList>
 #include <QtCore/QObject>
+#include <QtCore/QSet>
 
 QT_BEGIN_NAMESPACE
 class QAction;
@@ -13,20 +14,25 @@ namespace studio {
 
 /**
  * What all dialogs of a window have in common, also those that Qt makes:
- * - every button has a letter of its own for the keyboard, in every language;
+ * - every button has a letter for the keyboard, of its own text and of its own among all that can
+ *   be seen, in every language and on every page. Where its text has no free letter, OK and Cancel
+ *   go without, for they have Return and Escape; any other button gets one in brackets;
  * - questions and messages have one title, the name of the program;
- * - a dialog that stays open while the drawing is edited leaves the keys of undo and redo to the
- *   drawing, unless there is typing to be undone.
+ * - a dialog that stays open while the drawing is edited leaves the keys of commands to the
+ *   drawing, unless what has the focus has a use for them.
  */
 class DialogManners : public QObject
 {
     Q_OBJECT
 
 public:
-    /** `drawingKeys`: commands that work in dialogs that stay open. Borrowed, as `window` is. */
-    DialogManners(const QList<QAction *> &drawingKeys, QWidget &window);
+    /**
+     * `commands`: all of the window. Those with Ctrl, Alt or a function key work in dialogs that
+     * stay open; single keys are the dialog's. Borrowed, as `window` is.
+     */
+    DialogManners(const QList<QAction *> &commands, QWidget &window);
 
-    /** Gives each button of a dialog that has none a letter that nothing else in it has. */
+    /** Gives each button of a dialog a letter, as above; those of its maker stay. */
     static void addMnemonics(QDialog &dialog);
 
 protected:
@@ -34,9 +40,11 @@ protected:
 
 private:
     void receive(QDialog &dialog) const;
+    void renewSoon(QDialog &dialog);
 
-    QList<QAction *> m_drawingKeys;
+    QList<QAction *> m_commands;
     QWidget &m_window;
+    QSet<QDialog *> m_toRenew; ///< whose letters are looked at when all has come to rest
 };
 
 } // namespace studio

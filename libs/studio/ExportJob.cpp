@@ -1,5 +1,6 @@
 #include <studio/ExportJob.h>
 
+#include <hostkit/drawing/ExportDirection.h>
 #include <hostkit/marks/MarkGraphWriter.h>
 
 #include <new>
@@ -17,7 +18,7 @@ ExportJob::ExportJob(const ZTGraphicsDocument &document, bool selectionOnly, con
     : QObject(parent), m_builder(std::make_unique<hostkit::MarkGraphBuilder>(
                            document, selectionOnly ? hostkit::selectedMarkedItems(document)
                                                    : hostkit::markedItems(document))),
-      m_target(path), m_objectCount(m_builder->total())
+      m_isYUp(hostkit::exportsYUp(document)), m_target(path), m_objectCount(m_builder->total())
 {
     m_nextStep.setInterval(0);
     connect(&m_nextStep, &QTimer::timeout, this, &ExportJob::gather);
@@ -61,6 +62,7 @@ void ExportJob::write()
 {
     m_nextStep.stop();
     m_marks = m_builder->take();
+    m_marks.units.isYUp = m_isYUp;
     m_builder.reset();
     if (!m_marks.isWhole())
         fail(tr("a shape was deleted meanwhile"));

@@ -63,6 +63,7 @@ private:
     void finish();
 
     std::unique_ptr<hostkit::MarkGraphBuilder> m_builder;
+    bool m_isYUp; ///< how the drawing's exports count
     QString m_target;
     QTimer m_nextStep;
     int m_budgetOfStepMs = 0;

@@ -4,6 +4,7 @@
 #include <studio/drawing/DrawingMessages.h>
 #include <studio/drawing/RecoveryStore.h>
 
+#include <hostkit/drawing/ExportDirection.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/marks/MarkGraphWriter.h>
 
@@ -81,7 +82,8 @@ void warnOf(const hostkit::MarkFindings &findings, const QString &drawing)
 
 int writeMarks(const MainWindow &window, const HeadlessJob &job, const QString &base)
 {
-    const hostkit::DrawingMarks marks = hostkit::drawingMarks(window.document());
+    hostkit::DrawingMarks marks = hostkit::drawingMarks(window.document());
+    marks.units.isYUp = hostkit::exportsYUp(window.document());
     const QString drawing =
         job.drawingPath.isEmpty() ? Headless::tr("sample drawing") : job.drawingPath;
     warnOf(marks.findings, drawing);

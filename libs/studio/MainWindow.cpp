@@ -54,6 +54,7 @@
 #include <studio/text/TextTools.h>
 
 #include <hostkit/drawing/SampleDrawing.h>
+#include <hostkit/items/HatchLook.h>
 #include <hostkit/view/ViewRulers.h>
 
 #include <QtCore/QDir>
@@ -92,9 +93,10 @@ constexpr int kListHeight = 240;
 constexpr int kPanelHeight = 500;
 constexpr int kIdWidth = 64;
 constexpr int kTextWidth = 70;
-constexpr double kFrameOutset = 3.0; ///< pixels on the screen
-constexpr int kMostSmooth = 20000;   ///< shapes; with more of them lines are drawn quickly
-constexpr int kHandlePx = 24;        ///< room outside the frame that its handles may take
+constexpr double kFrameOutset = 3.0;    ///< pixels on the screen
+constexpr int kMostSmooth = 20000;      ///< shapes; with more of them lines are drawn quickly
+constexpr double kHatchStrength = 0.45; ///< hatch lines are paler than outlines
+constexpr int kHandlePx = 24;           ///< room outside the frame that its handles may take
 const QSize kFirstSize(1280, 820);
 
 /** Files that come in together: drawings are opened, all else is imported. */
@@ -185,6 +187,7 @@ void MainWindow::buildDocument()
     m_emptyHint = new EmptyHint(*m_drawing);
     // Paper is white in every theme: shapes are drawn in the colours of their pens.
     m_drawing->view()->setBackgroundBrush(Qt::white);
+    hostkit::setHatchStrength(*m_drawing->view(), kHatchStrength);
     m_drawing->view()->setFocus();
 
     m_actions = new DocumentActions(*m_drawing, this);
@@ -421,8 +424,7 @@ void MainWindow::buildCommands()
                          m_commandSet->action("order.reverse")});
     m_contextMenus = new ContextMenus(*m_drawing, *m_tree, *m_actions, *m_commandSet, this);
     m_contextMenus->serve(m_list->view());
-    new DialogManners({m_commandSet->action("edit.undo"), m_commandSet->action("edit.redo")},
-                      *this);
+    new DialogManners(m_commandSet->findChildren<QAction *>(), *this);
 }
 
 void MainWindow::connectState()
@@ -511,8 +513,7 @@ void MainWindow::dropSavedMessage()
 {
     if (!files().session().isModified() || m_savedMessage.isEmpty())
         return;
-    if (m_status->currentMessage() == m_savedMessage)
-        m_status->clearMessage();
+    m_status->takeBack(m_savedMessage);
     m_savedMessage.clear();
 }
 

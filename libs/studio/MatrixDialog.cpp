@@ -2,7 +2,7 @@
 
 #include <studio/DocumentActions.h>
 #include <studio/choices/Units.h>
-#include <studio/text/MeasureBox.h>
+#include <studio/measures/MeasureBox.h>
 #include <studio/text/SharedCounter.h>
 
 #include <QtGui/QGuiApplication>
@@ -59,6 +59,7 @@ MeasureBox *MatrixDialog::addGap(const QString &name)
     box->setObjectName(name);
     box->setMeasure(kFirstGapMm);
     connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &MatrixDialog::refresh);
+    connect(box, &MeasureBox::faultChanged, this, &MatrixDialog::refresh);
     return box;
 }
 
@@ -113,6 +114,10 @@ void MatrixDialog::layOut()
     m_downLabel = addRow(*form, m_downBox);
     m_numberBox->setObjectName(QStringLiteral("numbered"));
     m_numberBox->setChecked(true);
+    // Its room stays: the buttons below may not move under the mouse.
+    QSizePolicy room = m_numberBox->sizePolicy();
+    room.setRetainSizeWhenHidden(true);
+    m_numberBox->setSizePolicy(room);
     form->addRow(m_numberBox);
     form->addRow(m_hintLabel);
     form->addRow(buttons);
@@ -153,12 +158,13 @@ void MatrixDialog::refresh()
         return;
     const ShapeItems sources = selectedShapeItems(*m_document.scene());
     const MatrixGrid wanted = grid();
-    const bool isPossible = !sources.isEmpty() && wanted.cells() > 1 &&
+    const QString fault = MeasureBox::faultIn(*this);
+    const bool isPossible = fault.isEmpty() && !sources.isEmpty() && wanted.cells() > 1 &&
                             wanted.cells() * sources.size() <= DocumentActions::kMaxMatrix;
     m_numberBox->setVisible(isNumberable());
     m_preview->show(isPossible ? sources : ShapeItems(), wanted);
     m_createButton->setEnabled(isPossible);
-    m_hintLabel->setText(hint(sources, wanted));
+    m_hintLabel->setText(fault.isEmpty() ? hint(sources, wanted) : fault);
 }
 
 MatrixGrid MatrixDialog::grid() const
@@ -189,12 +195,10 @@ QString MatrixDialog::hint(const ShapeItems &sources, const MatrixGrid &wanted) 
     const ZTCoord &coord = *ZTCoord::getInstance();
     const double widthPx = boxPx.width() + qAbs((wanted.columns - 1) * pitchPx.x());
     const double heightPx = boxPx.height() + qAbs((wanted.rows - 1) * pitchPx.y());
-    const double unitMm = units::unitMm();
     return tr("Shapes: %L1, on %2 by %3 %4")
         .arg(shapes)
-        .arg(coord.pix2mm(widthPx) / unitMm, 0, 'f', 2)
-        .arg(coord.pix2mm(heightPx) / unitMm, 0, 'f', 2)
-        .arg(units::name());
+        .arg(units::number(coord.pix2mm(widthPx)), units::number(coord.pix2mm(heightPx)),
+             units::name());
 }
 
 void MatrixDialog::create()

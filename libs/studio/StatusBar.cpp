@@ -42,6 +42,13 @@ StatusBar::StatusBar(ZTGraphicsDocument &shown, QWidget *parent)
     m_countField = addField(QStringLiteral("countField"));
     m_zoomField = addField(QStringLiteral("zoomField"));
     retranslate();
+    if (parent != nullptr)
+        parent->installEventFilter(this);
+    // Whoever clears the bar, or lets it run out, means the words, too.
+    connect(this, &QStatusBar::messageChanged, this, [this](const QString &now) {
+        if (now.isEmpty() && m_tip.isEmpty())
+            m_words.clear();
+    });
     m_refreshTimer.setSingleShot(true);
     m_refreshTimer.setInterval(kRefreshMs);
     connect(&m_refreshTimer, &QTimer::timeout, this, &StatusBar::refresh);
@@ -98,8 +105,43 @@ void StatusBar::connectDocument()
     m_document.view()->viewport()->installEventFilter(this);
 }
 
+void StatusBar::showMessage(const QString &words, int forMs)
+{
+    m_words = words;
+    m_wordsEnd = forMs > 0 ? QDeadlineTimer(forMs) : QDeadlineTimer(QDeadlineTimer::Forever);
+    m_tip.clear();
+    QStatusBar::showMessage(words, forMs);
+}
+
+void StatusBar::takeBack(const QString &words)
+{
+    if (m_words != words)
+        return;
+    m_words.clear();
+    if (m_tip.isEmpty())
+        clearMessage();
+}
+
+void StatusBar::showTip(const QString &tip)
+{
+    const bool hasStood = !m_tip.isEmpty();
+    m_tip = tip;
+    if (!tip.isEmpty()) {
+        QStatusBar::showMessage(tip);
+    } else if (hasStood) {
+        const int leftMs = static_cast<int>(qMax<qint64>(0, m_wordsEnd.remainingTime()));
+        const bool isOver = m_words.isEmpty() || m_wordsEnd.hasExpired();
+        isOver ? clearMessage() : QStatusBar::showMessage(m_words, leftMs);
+    }
+}
+
 bool StatusBar::eventFilter(QObject *watched, QEvent *event)
 {
+    // Before the window, which would clear the bar when the mouse leaves a command.
+    if (event->type() == QEvent::StatusTip && watched == parent()) {
+        showTip(static_cast<QStatusTipEvent *>(event)->tip());
+        return true;
+    }
     if (event->type() == QEvent::MouseMove) {
         const auto *mouse = static_cast<QMouseEvent *>(event);
         const QTransform toScene = m_document.view()->viewportTransform().inverted();

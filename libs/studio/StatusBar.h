@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QTimer>
 #include <QtWidgets/QStatusBar>
 
@@ -12,9 +13,10 @@ QT_END_NAMESPACE
 namespace studio {
 
 /**
- * Shows where the mouse is, the selection's box, the zoom and how many shapes are selected.
+ * Shows what the program has to say, what the command under the mouse does, where the mouse is, the
+ * selection's box, the zoom and how many shapes are selected.
  *
- * Lengths are millimetres, x to the right and y downward from the origin. The box is read from the
+ * Lengths are in the unit of the program, y as people count it. The box is read from the
  * selection frame, and figures are brought up to date at most some thirty times a second, so it
  * costs the same however much is selected.
  */
@@ -28,6 +30,15 @@ public:
 
     void showZoom(double scale);
 
+    /**
+     * Shows words, for a while or until others come. What a command does is shown over them as
+     * long as the mouse rests on it; then they are back, unless their time is over.
+     */
+    void showMessage(const QString &words, int forMs = 0);
+
+    /** Takes words back that are no longer true, if they were the last. */
+    void takeBack(const QString &words);
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void changeEvent(QEvent *event) override;
@@ -39,6 +50,7 @@ private:
     void refreshLater();
     void refresh();
     void showSelection();
+    void showTip(const QString &tip);
     void showCursorAt(const QPointF &scenePx);
 
     ZTGraphicsDocument &m_document;
@@ -47,6 +59,9 @@ private:
     QLabel *m_countField = nullptr;
     QLabel *m_zoomField = nullptr;
     QTimer m_refreshTimer;
+    QString m_words;           ///< shown last by `showMessage`
+    QDeadlineTimer m_wordsEnd; ///< when they are over
+    QString m_tip;             ///< what stands over them; empty if nothing does
     int m_selectedCount = 0;
 };
 

@@ -3,6 +3,7 @@
 #include <studio/arrange/ArrangeActions.h>
 #include <studio/arrange/CircleDialog.h>
 #include <studio/arrange/CirclePreview.h>
+#include <studio/choices/Units.h>
 
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QDoubleSpinBox>
@@ -115,6 +116,32 @@ private Q_SLOTS:
         COMPARE_UNDO_AND_REDO(studio->document(), before, after);
         dialog->close();
         QVERIFY(studio->view().grab().toImage() != withPreview);
+    }
+
+    void circle_countsItsMiddleAsPeopleDo()
+    {
+        ShapeItem *item = studio->addRect(100, 0);
+        studio->select({item});
+        QVERIFY(studio->run("arrange.circle"));
+        auto *dialog = studio->window->findChild<studio::CircleDialog *>();
+        auto *down = dialog->findChild<QDoubleSpinBox *>(QStringLiteral("centreY"));
+        down->setFocus();
+        down->selectAll();
+        QTest::keyClicks(down, QStringLiteral("20"));
+        studio::units::choose(studio::LengthUnit::Inch, true);
+        QTRY_COMPARE(down->text(), QStringLiteral("-0.78740 in")); // the same place
+        down->setFocus();
+        down->selectAll();
+        QTest::keyClicks(down, QStringLiteral("1"));
+        dialog->findChild<QSpinBox *>(QStringLiteral("count"))->setValue(2);
+        const double before = studio::sceneBox(*item).center().y();
+        QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("create")),
+                          Qt::LeftButton);
+        studio::units::choose(studio::LengthUnit::Millimetre, false);
+        // Half a turn about the place an inch above the origin.
+        const double middle = -ZTCoord::getInstance()->mm2pix(25.4);
+        const QRectF other = studio::sceneBox(*studio->document().scene()->getItemById(1));
+        QVERIFY(qAbs(other.center().y() - (2.0 * middle - before)) < 1e-6);
     }
 
     void circle_withoutSelection_saysWhatIsMissing()

@@ -1,16 +1,22 @@
 #include "TextWindow.h"
 
 #include <studio/DialogManners.h>
+#include <studio/canvas/DrawingTools.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/preferences/PreferenceTools.h>
 
 #include <QtGui/QKeySequence>
 #include <QtWidgets/QDialog>
+#include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QFormLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSpinBox>
+#include <QtWidgets/QTabWidget>
+#include <QtWidgets/QVBoxLayout>
 
 #include <set>
 
@@ -115,6 +121,78 @@ private Q_SLOTS:
         QTest::keyClick(rows, Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(studio->stack().index(), 1);
         dialog->close();
+    }
+
+    void keysOfCommands_workInADialogThatStaysOpen()
+    {
+        ShapeItem *item = studio->addRect(0, 0);
+        studio->select({item});
+        QVERIFY(studio->run("arrange.matrix"));
+        QDialog *dialog = shownDialog();
+        activate(*dialog);
+        dialog->findChild<QSpinBox *>(QStringLiteral("rows"))->setFocus();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_D, Qt::ControlModifier);
+        QCOMPARE(studio->ids().size(), 2); // a duplicate
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
+        QTRY_VERIFY(studio->window->findChild<QFileDialog *>() != nullptr); // asks for a name
+        studio->window->findChild<QFileDialog *>()->close();
+        activate(*dialog);
+        dialog->findChild<QSpinBox *>(QStringLiteral("rows"))->setFocus();
+        // Letters are no tools here, and Del deletes digits.
+        const QByteArray tool = studio->window->tools().chosenId();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_R);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Delete);
+        QCOMPARE(studio->window->tools().chosenId(), tool);
+        QCOMPARE(studio->ids().size(), 2);
+        dialog->close();
+    }
+
+    void lettersOfButtons_areThoseOfTheirWords_onEveryPage()
+    {
+        QVERIFY(studio->run("create.text"));
+        QVERIFY(studio->run("text.settings"));
+        QDialog *dialog = shownDialog();
+        auto *tabs = dialog->findChild<QTabWidget *>(QStringLiteral("tabs"));
+        for (int page = 0; page < tabs->count(); ++page) {
+            tabs->setCurrentIndex(page);
+            QCoreApplication::processEvents();
+            for (const QPushButton *button : dialog->findChildren<QPushButton *>()) {
+                if (button->isVisible())
+                    QVERIFY2(!button->text().contains(QLatin1Char('(')),
+                             qPrintable(button->text()));
+            }
+            const auto *box = dialog->findChild<QDialogButtonBox *>();
+            QVERIFY(box->button(QDialogButtonBox::Ok)->isDefault()); // Return presses it
+        }
+        dialog->close();
+    }
+
+    void okOfManyPages_takesTheLetterThatIsFree()
+    {
+        QDialog dialog(studio->window.get());
+        auto *tabs = new QTabWidget(&dialog);
+        auto *rows = new QVBoxLayout(&dialog);
+        rows->addWidget(tabs);
+        for (const char *label : {"&One", "&King", "Both &O and K"}) {
+            auto *page = new QWidget(tabs);
+            auto *form = new QFormLayout(page);
+            form->addRow(QString::fromLatin1(label), new QLineEdit(page));
+            if (label[0] == 'B')
+                form->addRow(QStringLiteral("&Keep"), new QLineEdit(page));
+            tabs->addTab(page, QString());
+        }
+        auto *box = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
+        rows->addWidget(box);
+        dialog.show();
+        const auto *ok = box->button(QDialogButtonBox::Ok);
+        QTRY_COMPARE(ok->text(), QStringLiteral("O&K"));
+        tabs->setCurrentIndex(1);
+        QTRY_COMPARE(ok->text(), QStringLiteral("&OK"));
+        tabs->setCurrentIndex(2);
+        QTRY_COMPARE(ok->text(), QStringLiteral("OK")); // Return is its key
+        QCOMPARE(box->button(QDialogButtonBox::Cancel)->text(), QStringLiteral("&Cancel"));
+        tabs->setCurrentIndex(0);
+        QTRY_COMPARE(ok->text(), QStringLiteral("O&K"));
     }
 
     void questions_haveTheProgramsTitle()

@@ -1,6 +1,6 @@
 #include "TextWindow.h"
 
-#include <studio/panel/MeasureField.h>
+#include <studio/measures/MeasureField.h>
 
 #include <hostkit/items/ItemHatches.h>
 #include <hostkit/marks/MarkGraphBuilder.h>

@@ -6,7 +6,9 @@
 #include <studio/print/PrintActions.h>
 
 #include <QtCore/QBuffer>
+#include <QtCore/QFile>
 #include <QtCore/QRegularExpression>
+#include <QtGui/QTextBlock>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
@@ -46,6 +48,41 @@ private Q_SLOTS:
         QTest::keyClicks(words, QStringLiteral("zzzz"));
         QCOMPARE(manual->findChild<QLabel *>(QStringLiteral("found"))->text(),
                  QStringLiteral("Not found"));
+    }
+
+    void manual_isThatOfTheLanguage_andKeepsItsChapter()
+    {
+        QVERIFY(studio->run("help.manual"));
+        auto *manual = studio->window->findChild<studio::ManualWindow *>();
+        auto *chapters = manual->findChild<QListWidget *>(QStringLiteral("chapters"));
+        const auto *text = manual->findChild<QTextBrowser *>(QStringLiteral("text"));
+        const QStringList english = namesOf(*chapters);
+        chapters->setCurrentItem(
+            chapters->findItems(QStringLiteral("Exact values"), Qt::MatchContains).first());
+        const int chapter = chapters->currentRow();
+        chooseLanguage("chinese");
+        const QStringList chinese = namesOf(*chapters);
+        QCOMPARE(chinese.size(), english.size());
+        QCOMPARE(chapters->currentRow(), chapter);
+        QCOMPARE(chapters->currentItem()->text().trimmed(), QStringLiteral("精确数值"));
+        QVERIFY(text->textCursor().block().text().contains(QStringLiteral("精确数值")));
+        // No blank stands where the file only ends a line.
+        QVERIFY(
+            !text->toPlainText().contains(QRegularExpression(QStringLiteral("\\p{Han} \\p{Han}"))));
+        chooseLanguage("english");
+        QCOMPARE(namesOf(*chapters), english);
+        QVERIFY(text->toPlainText().contains(QStringLiteral("status bar")));
+    }
+
+    /** A manual that says less in one language would leave its readers alone. */
+    void manuals_haveTheSamePlan()
+    {
+        const QStringList english = planOf(QStringLiteral(":/studio/user-manual.md"));
+        const QStringList chinese = planOf(QStringLiteral(":/studio/user-manual.zh.md"));
+        QVERIFY(english.size() > 150);
+        for (int i = 0; i < qMin(english.size(), chinese.size()); ++i)
+            QCOMPARE(chinese[i], english[i]);
+        QCOMPARE(chinese.size(), english.size());
     }
 
     void shortcuts_areThoseOfTheTable_andCanBeSearched()
@@ -97,6 +134,44 @@ private Q_SLOTS:
     }
 
 private:
+    static QStringList namesOf(const QListWidget &list)
+    {
+        QStringList names;
+        for (int row = 0; row < list.count(); ++row)
+            names << list.item(row)->text();
+        return names;
+    }
+
+    void chooseLanguage(const char *name)
+    {
+        studio->window->findChild<QAction *>(QStringLiteral("language.") + QLatin1String(name))
+            ->trigger();
+        QCoreApplication::processEvents();
+    }
+
+    /** Headings, rows of tables, points of lists and commands of a manual, without their words. */
+    static QStringList planOf(const QString &path)
+    {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly))
+            return {};
+        QStringList plan;
+        bool isCode = false;
+        for (const QString &line : QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'))) {
+            const bool isFence = line.startsWith(QLatin1String("```"));
+            if (isFence || isCode)
+                plan << line;
+            else if (line.startsWith(QLatin1Char('#')))
+                plan << line.left(line.indexOf(QLatin1Char(' ')));
+            else if (line.startsWith(QLatin1Char('|')))
+                plan << QStringLiteral("row of %1").arg(line.count(QLatin1Char('|')));
+            else if (line.startsWith(QLatin1String("- ")))
+                plan << QStringLiteral("point");
+            isCode = isCode != isFence;
+        }
+        return plan;
+    }
+
     std::unique_ptr<StudioWindow> studio;
 };
 

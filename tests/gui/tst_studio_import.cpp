@@ -2,6 +2,7 @@
 
 #include <studio/Importer.h>
 #include <studio/UndoTexts.h>
+#include <studio/choices/Units.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/import/ImportDialog.h>
 #include <studio/import/ImportNotes.h>
@@ -74,6 +75,30 @@ private Q_SLOTS:
         QVERIFY(studio->ids().isEmpty());
         studio->edit().redo();
         QCOMPARE(studio->ids().size(), 2);
+    }
+
+    void inInches_sizesAndFiguresAreInches()
+    {
+        studio::units::choose(studio::LengthUnit::Inch, false);
+        studio::ImportDialog *dialog = offer();
+        QVERIFY2(textOf(dialog, "importFound").startsWith(QStringLiteral("2.3622 × 3.14961 in. ")),
+                 qPrintable(textOf(dialog, "importFound")));
+        QCOMPARE(size(dialog, "importWidth")->text(), QStringLiteral("2.36220 in"));
+        enter(size(dialog, "importWidth"), "1");
+        QTRY_VERIFY(qAbs(dialog->drawing().boundsMm().width() - 25.4) < 1e-9);
+        enter(size(dialog, "importWidth"), "30mm");
+        QTRY_VERIFY(qAbs(dialog->drawing().boundsMm().width() - 30.0) < 1e-9);
+        // A wrong size lets nothing in.
+        enter(size(dialog, "importWidth"), "0");
+        const auto *ok = dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
+        QTRY_VERIFY(!ok->isEnabled());
+        QVERIFY(textOf(dialog, "cleanFigures").contains(QStringLiteral("Too small")));
+        enter(size(dialog, "importWidth"), "30mm");
+        QTRY_VERIFY(ok->isEnabled());
+        auto *length = size(dialog, "cleanJoinLength");
+        QVERIFY(length->text().endsWith(QStringLiteral(" in")));
+        dialog->reject();
+        studio::units::choose(studio::LengthUnit::Millimetre, false);
     }
 
     void dialog_showsWhatWasFound()

@@ -3,6 +3,7 @@
 #include <studio/MatrixDialog.h>
 #include <studio/MatrixPreview.h>
 
+#include <QtWidgets/QCheckBox>
 #include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
@@ -126,6 +127,49 @@ private Q_SLOTS:
         ShapeItem *beneath = studio->addRect(1.1 * side + gapPx(), 0);
         studio->driver->click(studio::sceneBox(*beneath).center().toPoint());
         QCOMPARE(studio->selected(), QVector<int>{1});
+    }
+
+    void buttons_stayWhereTheyAre_whenTheCopiesAreSelected()
+    {
+        source->setSelected(false);
+        auto *text = qobject_cast<ZTGraphicsTextItem *>(
+            studio->document().itemMag()->addShape(ShapeType::Text, QRectF(0, 0, 10, 10)));
+        text->setText(QStringLiteral("SN"));
+        QVERIFY(text->variantText().setSegments({ZTCounterSegment()}));
+        text->setEnableVariantText(true);
+        studio->select({text});
+        QVERIFY(studio->run("arrange.matrix"));
+        auto *numbered = child<QCheckBox>("numbered");
+        QVERIFY(numbered->isVisible());
+        const QRect before = button("create")->geometry();
+        const QSize size = dialog()->size();
+        studio->select({source}); // nothing to number
+        QCoreApplication::processEvents();
+        QVERIFY(!numbered->isVisible());
+        QCOMPARE(button("create")->geometry(), before);
+        QCOMPARE(dialog()->size(), size);
+    }
+
+    void wrongGap_isSaid_andNothingIsMade()
+    {
+        open();
+        auto *gap = child<QDoubleSpinBox>("gapAcross");
+        gap->setFocus();
+        gap->selectAll();
+        QTest::keyClicks(gap, QStringLiteral("1001"));
+        QVERIFY(!button("create")->isEnabled());
+        QVERIFY2(hint().contains(QStringLiteral("-1000 to 1000 mm")), qPrintable(hint()));
+        QTest::keyClick(gap, Qt::Key_Return);
+        QCOMPARE(studio->ids().size(), 1);
+        gap->selectAll();
+        QTest::keyClicks(gap, QStringLiteral("1in/2"));
+        QVERIFY(button("create")->isEnabled());
+        click("create");
+        QCOMPARE(studio->ids().size(), 12);
+        // From the left edge to the next one: the rectangle and half an inch.
+        const QRectF first = studio::sceneBox(*source);
+        const QRectF second = studio::sceneBox(*studio->document().scene()->getItemById(1));
+        QVERIFY(qAbs(second.left() - first.right() - 12.7 * gapPx()) < 1e-9);
     }
 
     void tooMany_areRefused()

@@ -3,7 +3,7 @@
 
 #include <studio/PenColors.h>
 #include <studio/ShapeMeasures.h>
-#include <studio/panel/MeasureField.h>
+#include <studio/measures/MeasureField.h>
 #include <studio/panel/ShapePanel.h>
 
 #include <hostkit/items/ItemExtras.h>

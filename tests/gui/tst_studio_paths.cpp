@@ -1,6 +1,7 @@
 #include "StudioWindow.h"
 
 #include <studio/UndoTexts.h>
+#include <studio/choices/Units.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/import/CleanForm.h>
 #include <studio/paths/CleanDialog.h>
@@ -242,6 +243,20 @@ private Q_SLOTS:
         QVERIFY((box.topLeft() - QPointF(-2, -2)).manhattanLength() < 1e-4);
         QVERIFY((box.bottomRight() - QPointF(12, 12)).manhattanLength() < 1e-4);
         COMPARE_UNDO_AND_REDO(studio->document(), before, studio->snapshot());
+    }
+
+    void offsetDialog_takesInches()
+    {
+        studio::units::choose(studio::LengthUnit::Inch, false);
+        studio->select({add({square(0, 0, 10)})});
+        QVERIFY(studio->run("paths.offset"));
+        auto *dialog = studio->window->findChild<studio::OffsetDialog *>();
+        enter(dialog, "offsetDistance", "0.1");
+        press(dialog, QDialogButtonBox::Ok);
+        studio::units::choose(studio::LengthUnit::Millimetre, false);
+        const QRectF box = hostkit::outlinesOf(*items()[1]).first().boundsMm();
+        QVERIFY2(qAbs(box.left() + 2.54) < 1e-4, qPrintable(QString::number(box.left())));
+        QVERIFY(qAbs(box.bottom() - 12.54) < 1e-4);
     }
 
     void offsetDialog_whereNothingIsLeft_saysSo()

@@ -2,12 +2,16 @@
 
 #include "support/DrawingBytes.h"
 
+#include <studio/Exporter.h>
 #include <studio/canvas/DrawingTools.h>
 #include <studio/canvas/SnapTools.h>
-#include <studio/panel/MeasureField.h>
+#include <studio/measures/MeasureField.h>
 #include <studio/panel/ShapePanel.h>
 #include <studio/preferences/PreferenceTools.h>
 
+#include <hostkit/drawing/ExportDirection.h>
+
+#include <QtTest/QSignalSpy>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDialogButtonBox>
@@ -54,6 +58,56 @@ private Q_SLOTS:
         QTRY_COMPARE(qRound(pxToMm(studio::sceneBox(*item).height()) * 1e6), 5000000);
         type("panel.width", "1e9");
         QVERIFY(field("panel.width")->fault().endsWith(QStringLiteral(" in")));
+    }
+
+    void inches_areBesideEveryLengthOfThePanel()
+    {
+        studio::units::choose(studio::LengthUnit::Inch, false);
+        for (const char *command : {"create.line", "create.ellipse", "create.text", "create.code"})
+            QVERIFY(studio->run(command));
+        for (ShapeItem *item : studio::shapeItemsOf(*studio->document().scene())) {
+            studio->select({item});
+            QCoreApplication::processEvents();
+            for (const QLabel *label : studio->window->panel().findChildren<QLabel *>())
+                QVERIFY2(label->text() != QStringLiteral("mm") &&
+                             !label->text().contains(QStringLiteral(" mm")),
+                         qPrintable(label->objectName() + label->text()));
+            for (const auto *shown : studio->window->panel().findChildren<studio::MeasureField *>())
+                QVERIFY2(!shown->toolTip().contains(QStringLiteral("mm")),
+                         qPrintable(shown->toolTip()));
+        }
+    }
+
+    void exportedY_isTheDrawings_andOneStep()
+    {
+        studio->addRect(0, 0)->setPos(0, ZTCoord::getInstance()->mm2pix(30.0));
+        const QByteArray before = testsupport::savedBytes(studio->document());
+        const QByteArray downward = exported();
+        QVERIFY(!downward.contains("yAxis"));
+        pick("preferences.exportDirection", 1);
+        press(QDialogButtonBox::Ok);
+        QCOMPARE(studio->stack().count(), 1);
+        // 30 to 40 mm below the origin, 500 marks a millimetre.
+        QVERIFY(exported().contains("\"yAxis\":\"up\",\n\"extent\":{\"x\":0,\"y\":-20000,"));
+        const QByteArray after = testsupport::savedBytes(studio->document());
+        QVERIFY(after.contains("exportYUp"));
+        studio->stack().undo();
+        QCOMPARE(testsupport::savedBytes(studio->document()), before);
+        QCOMPARE(exported(), downward);
+        studio->stack().redo();
+        QCOMPARE(testsupport::savedBytes(studio->document()), after);
+        // The next drawing counts as ever, unless it is asked to do the same.
+        studio->stack().undo();
+        QVERIFY(studio->run("file.new"));
+        QVERIFY(!hostkit::exportsYUp(studio->document()));
+        pick("preferences.exportDirection", 1);
+        tick("preferences.forNew");
+        press(QDialogButtonBox::Ok);
+        studio->stack().undo();
+        QVERIFY(!hostkit::exportsYUp(studio->document()));
+        QVERIFY(studio->run("file.new"));
+        QVERIFY(hostkit::exportsYUp(studio->document()));
+        QVERIFY(!studio->window->isWindowModified());
     }
 
     void yUpward_isInFieldsAndBar()
@@ -339,6 +393,16 @@ private:
     QString bar(const char *name)
     {
         return studio->window->statusBar()->findChild<QLabel *>(QLatin1String(name))->text();
+    }
+
+    QByteArray exported()
+    {
+        const QString path = studio->path("marks.json");
+        QSignalSpy done(&studio->window->exporter(), &studio::Exporter::exported);
+        studio->window->exporter().exportTo(path, false);
+        if (done.isEmpty() && !done.wait())
+            return "not written";
+        return StudioWindow::contentOf(path);
     }
 
     static double pxToMm(double px) { return ZTCoord::getInstance()->pix2mm(px); }

@@ -1,6 +1,6 @@
 #include "TextWindow.h"
 
-#include <studio/panel/MeasureField.h>
+#include <studio/measures/MeasureField.h>
 
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QFontComboBox>

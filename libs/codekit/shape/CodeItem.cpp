@@ -2,6 +2,8 @@
 
 #include <codekit/shape/CodeOverlay_p.h>
 
+#include <hostkit/items/HatchLook.h>
+
 #include <cmath>
 
 namespace codekit {
@@ -96,6 +98,21 @@ void CodeItem::setTransformParam(const QTransform &transform)
 {
     ZTAbstractGraphicsTextItem::setTransformParam(transform);
     followShape();
+}
+
+void CodeItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget)
+{
+    const double share = hostkit::hatchStrength(widget);
+    const bool hasHatch = m_code->getFillParam().fillType != FillType::None;
+    if (share >= 1.0 || !hasHatch) {
+        ZTAbstractGraphicsTextItem::paint(painter, option, widget);
+        return;
+    }
+    if (m_code->isUpdate()) {
+        m_code->paint();
+        noteChangedGeometry();
+    }
+    hostkit::paintPaleHatch(*painter, *m_code, hostkit::hatchLayersOf(*this), share);
 }
 
 void CodeItem::scale(double x, double y)

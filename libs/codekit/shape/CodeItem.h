@@ -42,6 +42,10 @@ public:
     /** Width of a module as it is marked, the shape's transform included; 0 without a code. */
     double moduleMm() const;
 
+    /** As the library does, or with a hatch as pale as `hostkit::setHatchStrength` asks. */
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option,
+               QWidget *widget = nullptr) override;
+
     void setTransformParam(const QTransform &transform) override;
     void scale(double x, double y) override;
 

@@ -30,12 +30,15 @@ void writeNumbers(TextOutput &out, std::initializer_list<double> values)
     out << "]";
 }
 
-void writeExtent(TextOutput &out, const QRectF &rect)
+/** A y as the file counts it. */
+double counted(double downward, bool isYUp) { return isYUp ? 0.0 - downward : downward; }
+
+void writeExtent(TextOutput &out, const QRectF &rect, bool isYUp)
 {
     out << "\"extent\":{\"x\":";
     writeNumber(out, rect.x());
     out << ",\"y\":";
-    writeNumber(out, rect.y());
+    writeNumber(out, counted(isYUp ? rect.bottom() : rect.y(), isYUp));
     out << ",\"width\":";
     writeNumber(out, rect.width());
     out << ",\"height\":";
@@ -43,33 +46,34 @@ void writeExtent(TextOutput &out, const QRectF &rect)
     out << "}";
 }
 
-void writePolyline(TextOutput &out, const QPolygonF &polygon)
+void writePolyline(TextOutput &out, const QPolygonF &polygon, bool isYUp)
 {
     const char *before = "[";
     for (const QPointF &point : polygon) {
         out << before;
-        writeNumbers(out, {point.x(), point.y()});
+        writeNumbers(out, {point.x(), counted(point.y(), isYUp)});
         before = ",";
     }
     out << (polygon.isEmpty() ? "[]" : "]");
 }
 
-void writeObject(TextOutput &out, const ZTMarkObject &object)
+void writeObject(TextOutput &out, const ZTMarkObject &object, bool isYUp)
 {
     out << "{\"pen\":" << object.penId << ",";
-    writeExtent(out, object.rect);
+    writeExtent(out, object.rect, isYUp);
     out << ",\n\"polylines\":[";
     const char *before = "\n";
     for (const QPolygonF &polygon : object.lines) {
         out << before;
-        writePolyline(out, polygon);
+        writePolyline(out, polygon, isYUp);
         before = ",\n";
     }
     out << "],\n\"hatch\":[";
     before = "\n";
     for (const QLineF &line : object.fillLines) {
         out << before;
-        writeNumbers(out, {line.x1(), line.y1(), line.x2(), line.y2()});
+        writeNumbers(out,
+                     {line.x1(), counted(line.y1(), isYUp), line.x2(), counted(line.y2(), isYUp)});
         before = ",\n";
     }
     out << "]}";
@@ -82,13 +86,13 @@ void writeMarkJson(const ZTMarkGraph &graph, const MarkUnits &units, QIODevice &
     TextOutput out(device);
     out << "{\"format\":\"mark-data\",\"version\":1,\"unit\":\"mark\",\"unitsPerMm\":";
     writeNumber(out, units.perMm);
-    out << ",\n";
-    writeExtent(out, graph.rect);
+    out << (units.isYUp ? ",\"yAxis\":\"up\",\n" : ",\n");
+    writeExtent(out, graph.rect, units.isYUp);
     out << ",\n\"objects\":[";
     const char *before = "\n";
     for (const ZTMarkObject &object : graph.objects) {
         out << before;
-        writeObject(out, object);
+        writeObject(out, object, units.isYUp);
         before = ",\n";
     }
     out << "]}\n";

@@ -9,7 +9,7 @@ namespace hostkit {
 MarkUnits MarkUnits::current()
 {
     const ZTCoord &coord = *ZTCoord::getInstance();
-    return MarkUnits{coord.screen2mark() * coord.mm2pix(1.0)};
+    return MarkUnits{coord.screen2mark() * coord.mm2pix(1.0), false};
 }
 
 MarkUnits MarkUnits::of(const ZTShapeManager &manager)
@@ -22,7 +22,7 @@ MarkUnits MarkUnits::of(const ZTShapeManager &manager)
     const bool isUsual = std::abs(scaleX) == usual && std::abs(scaleY) == usual;
     if (isUsual || !(scale > 0.0) || !std::isfinite(scale))
         return current();
-    return MarkUnits{scale * coord.mm2pix(1.0)};
+    return MarkUnits{scale * coord.mm2pix(1.0), false};
 }
 
 } // namespace hostkit

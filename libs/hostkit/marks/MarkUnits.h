@@ -4,10 +4,16 @@ class ZTShapeManager;
 
 namespace hostkit {
 
-/** How mark data measures: what a writer or a measurement needs to speak of millimetres. */
+/** How mark data measures: what a writer or a measurement needs to speak of it to others. */
 struct MarkUnits
 {
     double perMm = 1.0; ///< mark units in one millimetre; greater than 0
+
+    /**
+     * Whether the forms for programs, JSON and CSV, count y upward. The marks themselves, and
+     * everything else that is made of them, always count it downward.
+     */
+    bool isYUp = false;
 
     /**
      * The units of mark data made with the coordinate service's present figures and a shape

@@ -1,5 +1,6 @@
 #include <jobkit/items/HatchedItems.h>
 
+#include <hostkit/items/HatchLook.h>
 #include <hostkit/items/TextItem.h>
 #include <hostkit/setup/Factories.h>
 #include <jobkit/items/HatchedShape.h>
@@ -50,7 +51,10 @@ public:
             this->noteChangedGeometry();
         }
         const QVector<HatchLayer> layers = hostkit::hatchLayersOf(*this);
-        if (hasOtherPen(layers, painted.getPenId()))
+        const double share = hostkit::hatchStrength(widget);
+        if (share < 1.0 && !layers.isEmpty())
+            hostkit::paintPaleHatch(*painter, painted, layers, share);
+        else if (hasOtherPen(layers, painted.getPenId()))
             paintLayers(*painter, painted, layers);
         else
             Base::paint(painter, option, widget);

@@ -20,6 +20,7 @@ struct JobFile
     MachineProfile profile;
     QString title;                 ///< for people: comments; may be empty
     std::optional<QPointF> headMm; ///< where the head stands before, for the times in JSON and CSV
+    bool isYUp = false;            ///< JSON and CSV count y upward; every other form as it does
 };
 
 /** The extensions of machine files, with their points: ".nc", ".plt", ... */

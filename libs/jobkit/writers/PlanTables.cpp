@@ -27,7 +27,10 @@ void writeSums(const char *name, const TimeSums &sums, JobText *text)
     text->exact(sums.totalS()) << "}";
 }
 
-void writePieceJson(const PlanPiece &piece, const double *vertexS, JobText *text)
+/** A y as the file counts it. */
+double counted(double downMm, bool isYUp) { return isYUp ? 0.0 - downMm : downMm; }
+
+void writePieceJson(const PlanPiece &piece, const double *vertexS, bool isYUp, JobText *text)
 {
     *text << "{\"object\":" << piece.object << ",\"pen\":" << piece.pen
           << ",\"hatch\":" << piece.hatch << ",\"pass\":" << piece.pass
@@ -35,7 +38,7 @@ void writePieceJson(const PlanPiece &piece, const double *vertexS, JobText *text
     for (int i = 0; i < piece.pointsMm.size(); ++i) {
         *text << (i > 0 ? ",[" : "[");
         text->exact(piece.pointsMm[i].x()) << ",";
-        text->exact(piece.pointsMm[i].y()) << ",";
+        text->exact(counted(piece.pointsMm[i].y(), isYUp)) << ",";
         text->exact(vertexS[i]) << "]";
     }
     *text << "]}";
@@ -48,7 +51,8 @@ void writeJson(const JobFile &job, JobText *text)
     const JobPlan &plan = job.parts.first();
     const JobTimes times = jobTimes(plan, job.pens, job.profile, job.headMm);
     *text << "{\"format\":\"job-plan\",\"version\":1,\"unit\":\"mm\",\"title\":"
-          << quoted(job.title) << ",\"profile\":" << quoted(job.profile.name) << ",\n";
+          << quoted(job.title) << ",\"profile\":" << quoted(job.profile.name) << ",\n"
+          << (job.isYUp ? "\"yAxis\":\"up\",\n" : "");
     writeSums("time", times.all, text);
     *text << ",\n\"pens\":[";
     const QVector<int> numbers = pensOf(plan);
@@ -60,7 +64,7 @@ void writeJson(const JobFile &job, JobText *text)
     for (int i = 0; i < plan.pieces.size(); ++i) {
         *text << (i > 0 ? ",\n" : "\n");
         writePieceJson(plan.pieces[i], &times.vertexS[static_cast<size_t>(times.firstVertex[i])],
-                       text);
+                       job.isYUp, text);
     }
     *text << "]}\n";
 }
@@ -69,7 +73,8 @@ void writeCsv(const JobFile &job, JobText *text)
 {
     const JobPlan &plan = job.parts.first();
     const JobTimes times = jobTimes(plan, job.pens, job.profile, job.headMm);
-    *text << "piece,object,pen,hatch,pass,point,x_mm,y_mm,time_s\n";
+    *text << "piece,object,pen,hatch,pass,point,x_mm,y_mm,time_s"
+          << (job.isYUp ? ",y_axis\n" : "\n");
     size_t vertex = 0;
     for (int i = 0; i < plan.pieces.size(); ++i) {
         const PlanPiece &piece = plan.pieces[i];
@@ -77,8 +82,8 @@ void writeCsv(const JobFile &job, JobText *text)
             *text << i << "," << piece.object << "," << piece.pen << "," << piece.hatch << ","
                   << piece.pass << "," << k << ",";
             text->exact(piece.pointsMm[k].x()) << ",";
-            text->exact(piece.pointsMm[k].y()) << ",";
-            text->exact(times.vertexS[vertex++]) << "\n";
+            text->exact(counted(piece.pointsMm[k].y(), job.isYUp)) << ",";
+            text->exact(times.vertexS[vertex++]) << (job.isYUp ? ",up\n" : "\n");
         }
     }
 }

@@ -1,12 +1,12 @@
 #include <studio/arrange/CircleDialog.h>
 
 #include <studio/arrange/ArrangeActions.h>
-#include <studio/text/MeasureBox.h>
+#include <studio/choices/Units.h>
+#include <studio/measures/MeasureBox.h>
 
 #include <QtGui/QShowEvent>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QDialogButtonBox>
-#include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QFormLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
@@ -16,8 +16,9 @@ namespace studio {
 
 namespace {
 
-constexpr double kFarthestMm = 5000.0;
 constexpr double kWholeTurnDeg = 360.0;
+constexpr MeasureBox::Range kPlaceMm{-5000.0, 5000.0, 1.0, 3};
+constexpr MeasureBox::Range kTurnDeg{-kWholeTurnDeg, kWholeTurnDeg, 1.0, 3};
 constexpr int kFirstCount = 8;
 constexpr int kMarginPx = 24;
 constexpr int kHintCharacters = 40;
@@ -26,8 +27,8 @@ constexpr int kHintCharacters = 40;
 
 CircleDialog::CircleDialog(ZTGraphicsDocument &document, ArrangeActions &actions, QWidget *parent)
     : QDialog(parent), m_document(document), m_actions(actions), m_countBox(new QSpinBox(this)),
-      m_totalBox(addMeasure("total", kWholeTurnDeg, kWholeTurnDeg)),
-      m_acrossBox(addLength("centreX")), m_downBox(addLength("centreY")),
+      m_totalBox(new MeasureBox(kTurnDeg, QStringLiteral("°"), this)),
+      m_acrossBox(new MeasureBox(kPlaceMm, this)), m_downBox(new MeasureBox(kPlaceMm, this)),
       m_turnBox(new QCheckBox(this)), m_hintLabel(new QLabel(this)),
       m_createButton(new QPushButton(this))
 {
@@ -39,8 +40,12 @@ CircleDialog::CircleDialog(ZTGraphicsDocument &document, ArrangeActions &actions
     m_turnBox->setChecked(true);
     const QPointF middleMm =
         ZTCoord::getInstance()->getPix2MmTransform().map(m_actions.fieldPx().center());
+    m_totalBox->setMeasure(kWholeTurnDeg);
     m_acrossBox->setMeasure(middleMm.x());
-    m_downBox->setMeasure(middleMm.y());
+    showMiddleY(middleMm.y());
+    watch(*m_totalBox, "total");
+    watch(*m_acrossBox, "centreX");
+    watch(*m_downBox, "centreY");
     connect(m_countBox, qOverload<int>(&QSpinBox::valueChanged), this, &CircleDialog::refresh);
     connect(m_turnBox, &QCheckBox::toggled, this, &CircleDialog::refresh);
     layOut();
@@ -51,23 +56,23 @@ CircleDialog::CircleDialog(ZTGraphicsDocument &document, ArrangeActions &actions
 
 CircleDialog::~CircleDialog() { delete m_preview; }
 
-QDoubleSpinBox *CircleDialog::addMeasure(const char *name, double range, double value)
+void CircleDialog::watch(MeasureBox &box, const char *name)
 {
-    auto *box = new QDoubleSpinBox(this);
-    box->setObjectName(QString::fromLatin1(name));
-    box->setRange(-range, range);
-    box->setDecimals(3);
-    box->setValue(value);
-    connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &CircleDialog::refresh);
-    return box;
+    box.setObjectName(QString::fromLatin1(name));
+    connect(&box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &CircleDialog::refresh);
+    connect(&box, &MeasureBox::faultChanged, this, &CircleDialog::refresh);
 }
 
-MeasureBox *CircleDialog::addLength(const char *name)
+double CircleDialog::middleY() const
 {
-    auto *box = new MeasureBox({-kFarthestMm, kFarthestMm, 1.0, 3}, this);
-    box->setObjectName(QString::fromLatin1(name));
-    connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &CircleDialog::refresh);
-    return box;
+    return m_isYUp ? 0.0 - m_downBox->measure() : m_downBox->measure();
+}
+
+/** As people count it, who may come to count it the other way while the dialog stands. */
+void CircleDialog::showMiddleY(double downMm)
+{
+    m_isYUp = units::isYUp();
+    m_downBox->setMeasure(units::y(downMm));
 }
 
 QLabel *CircleDialog::addRow(QFormLayout &form, QWidget *box)
@@ -82,6 +87,8 @@ void CircleDialog::layOut()
 {
     m_hintLabel->setObjectName(QStringLiteral("hint"));
     m_hintLabel->setWordWrap(true);
+    m_hintLabel->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    m_hintLabel->setMinimumHeight(2 * m_hintLabel->fontMetrics().lineSpacing());
     m_hintLabel->setMinimumWidth(m_hintLabel->fontMetrics().averageCharWidth() * kHintCharacters);
     m_createButton->setObjectName(QStringLiteral("create"));
     m_createButton->setDefault(true);
@@ -105,8 +112,7 @@ void CircleDialog::retranslate()
     m_countLabel->setText(tr("&Places on the circle"));
     m_totalLabel->setText(tr("&Angle from first to last"));
     m_acrossLabel->setText(tr("Middle &X"));
-    m_downLabel->setText(tr("Middle &Y, downward"));
-    m_totalBox->setSuffix(tr("°"));
+    m_downLabel->setText(units::isYUp() ? tr("Middle &Y, upward") : tr("Middle &Y, downward"));
     m_totalBox->setToolTip(tr("Positive is counter-clockwise; 360° goes all around"));
     m_turnBox->setText(tr("&Turn the copies with the circle"));
     m_createButton->setText(tr("&Create"));
@@ -116,8 +122,10 @@ void CircleDialog::retranslate()
 void CircleDialog::changeEvent(QEvent *event)
 {
     QDialog::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    showMiddleY(middleY());
+    retranslate();
 }
 
 void CircleDialog::showEvent(QShowEvent *event)
@@ -143,9 +151,9 @@ CircleArray CircleDialog::circle() const
 {
     CircleArray circle;
     circle.centrePx = ZTCoord::getInstance()->getMm2pixTransform().map(
-        QPointF(m_acrossBox->measure(), m_downBox->measure()));
+        QPointF(m_acrossBox->measure(), middleY()));
     circle.count = m_countBox->value();
-    circle.totalDeg = m_totalBox->value();
+    circle.totalDeg = m_totalBox->measure();
     circle.turns = m_turnBox->isChecked();
     return circle;
 }
@@ -154,11 +162,14 @@ void CircleDialog::refresh()
 {
     const ShapeItems sources = selectedShapeItems(*m_document.scene());
     const CircleArray wanted = circle();
-    const bool isPossible = !sources.isEmpty() && wanted.totalDeg != 0.0;
+    const QString fault = MeasureBox::faultIn(*this);
+    const bool isPossible = fault.isEmpty() && !sources.isEmpty() && wanted.totalDeg != 0.0;
     if (m_preview)
         m_preview->show(isPossible ? sources : ShapeItems(), wanted);
     m_createButton->setEnabled(isPossible);
-    if (sources.isEmpty())
+    if (!fault.isEmpty())
+        m_hintLabel->setText(fault);
+    else if (sources.isEmpty())
         m_hintLabel->setText(tr("Select what is to be repeated."));
     else if (!isPossible)
         m_hintLabel->setText(tr("With an angle of 0 all copies would lie upon each other."));

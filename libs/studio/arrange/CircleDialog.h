@@ -6,7 +6,6 @@
 
 QT_BEGIN_NAMESPACE
 class QCheckBox;
-class QDoubleSpinBox;
 class QFormLayout;
 class QLabel;
 class QPushButton;
@@ -37,19 +36,20 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    MeasureBox *addLength(const char *name);
-    QDoubleSpinBox *addMeasure(const char *name, double range, double value);
+    void watch(MeasureBox &box, const char *name);
     QLabel *addRow(QFormLayout &form, QWidget *box);
     void layOut();
     void retranslate();
     void refresh();
     void create();
     CircleArray circle() const;
+    double middleY() const; ///< downward, in millimetres
+    void showMiddleY(double downMm);
 
     ZTGraphicsDocument &m_document;
     ArrangeActions &m_actions;
     QSpinBox *m_countBox;
-    QDoubleSpinBox *m_totalBox;
+    MeasureBox *m_totalBox;
     MeasureBox *m_acrossBox;
     MeasureBox *m_downBox;
     QCheckBox *m_turnBox;
@@ -60,6 +60,7 @@ private:
     QLabel *m_hintLabel;
     QPushButton *m_createButton;
     QPointer<CirclePreview> m_preview; ///< an item of the scene, while the dialog is open
+    bool m_isYUp = false;              ///< how the middle's y is shown
     bool m_hasBeenShown = false;
 };
 

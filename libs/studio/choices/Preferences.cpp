@@ -19,6 +19,7 @@ const QString kToolKey = QStringLiteral("preferences/keepTool");
 const QString kAutosaveKey = QStringLiteral("drawing/autosaveSeconds");
 const QString kFieldKey = QStringLiteral("preferences/field");
 const QString kToleranceKey = QStringLiteral("preferences/curveToleranceMm");
+const QString kExportYUpKey = QStringLiteral("preferences/exportYUp");
 const QString kPenKey = QStringLiteral("preferences/pen");
 const QString kHatchKey = QStringLiteral("preferences/hatch");
 const QString kHatchSpacingKey = QStringLiteral("preferences/hatchSpacingMm");
@@ -61,6 +62,7 @@ DrawingChoice keptDrawing()
         drawing.fieldMm = fieldMm;
     drawing.curveToleranceMm =
         number(kToleranceKey, drawing.curveToleranceMm, kFinestToleranceMm, kCoarsestToleranceMm);
+    drawing.isExportYUp = flag(kExportYUpKey, drawing.isExportYUp);
     return drawing;
 }
 
@@ -80,7 +82,8 @@ NewShapeChoice keptShape()
 
 bool operator==(const DrawingChoice &a, const DrawingChoice &b)
 {
-    return a.fieldMm == b.fieldMm && a.curveToleranceMm == b.curveToleranceMm;
+    return a.fieldMm == b.fieldMm && a.curveToleranceMm == b.curveToleranceMm &&
+           a.isExportYUp == b.isExportYUp;
 }
 
 bool operator!=(const DrawingChoice &a, const DrawingChoice &b) { return !(a == b); }
@@ -114,6 +117,7 @@ void Preferences::keep() const
     settings.setValue(kAutosaveKey, autosaveSeconds);
     settings.setValue(kFieldKey, newDrawing.fieldMm);
     settings.setValue(kToleranceKey, newDrawing.curveToleranceMm);
+    settings.setValue(kExportYUpKey, newDrawing.isExportYUp);
     settings.setValue(kPenKey, newShape.pen);
     settings.setValue(kHatchKey, int(newShape.hatch.fillType));
     settings.setValue(kHatchSpacingKey, newShape.hatch.spac);

@@ -16,6 +16,8 @@ struct DrawingChoice
 
     /** How far a marked chord may lie from its curve; 0: as drawings before had it. */
     double curveToleranceMm = 0.005;
+
+    bool isExportYUp = false; ///< of `hostkit::exportsYUp`
 };
 
 bool operator==(const DrawingChoice &a, const DrawingChoice &b);

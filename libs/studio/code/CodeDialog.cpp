@@ -1,6 +1,7 @@
 #include <studio/code/CodeDialog.h>
 
 #include <studio/UndoTexts.h>
+#include <studio/choices/Units.h>
 #include <studio/code/CodeFormPage.h>
 #include <studio/code/CodeOptionsPage.h>
 #include <studio/code/CodeTextPage.h>
@@ -21,10 +22,11 @@ namespace {
 
 constexpr int kPartsAhead = 10;
 
-/** Without zeros that say nothing, but with one decimal at least. */
-QString millimetres(double length)
+/** A length in the unit of the program, without zeros that say nothing but with one decimal. */
+QString lengthText(double mm)
 {
-    QString text = QString::number(length, 'f', 3);
+    const int decimals = units::unit() == LengthUnit::Inch ? 5 : 3;
+    QString text = QString::number(mm / units::unitMm(), 'f', decimals);
     while (text.endsWith(QLatin1Char('0')) && text[text.size() - 2] != QLatin1Char('.'))
         text.chop(1);
     return text;
@@ -44,13 +46,13 @@ QString codeSummary(const codekit::CodeItem &item)
     const double width = sizeMm.width() * std::hypot(transform.m11(), transform.m12());
     const double height = sizeMm.height() * std::hypot(transform.m21(), transform.m22());
     const bool isSquare = std::abs(width - height) < 0.0005;
-    const QString size =
-        isSquare ? millimetres(width)
-                 : QStringLiteral("%1 x %2").arg(millimetres(width), millimetres(height));
-    return CodeDialog::tr("%1 x %2, %3 mm, reads: %4")
+    const QString size = isSquare
+                             ? lengthText(width)
+                             : QStringLiteral("%1 x %2").arg(lengthText(width), lengthText(height));
+    return CodeDialog::tr("%1 x %2, %3 %4, reads: %5")
         .arg(symbol.columns)
         .arg(symbol.rows)
-        .arg(size, onOneLine(symbol.reads));
+        .arg(size, units::name(), onOneLine(symbol.reads));
 }
 
 QString mirrorWarning(const codekit::CodeItem &item)

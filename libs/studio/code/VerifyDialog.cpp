@@ -1,7 +1,7 @@
 #include <studio/code/VerifyDialog.h>
 
 #include <studio/ShapeItems.h>
-#include <studio/text/MeasureBox.h>
+#include <studio/measures/MeasureBox.h>
 
 #include <hostkit/marks/MarkFindings.h>
 
@@ -83,6 +83,10 @@ void VerifyDialog::layOut()
 
 void VerifyDialog::start()
 {
+    if (!m_beamBox->fault().isEmpty()) {
+        m_beamBox->setFocus();
+        return;
+    }
     QSettings().setValue(kBeamKey, m_beamBox->measure());
     m_good = m_bad = 0;
     m_list->clear();

@@ -2,6 +2,8 @@
 
 #include <studio/ShapeItems.h>
 
+#include <hostkit/drawing/ExportDirection.h>
+
 namespace studio {
 
 namespace {
@@ -16,7 +18,8 @@ void rebuildShapes(const ZTGraphicsDocument &document)
 
 DrawingChoice drawingChoice(const ZTGraphicsDocument &document)
 {
-    return {document.view()->getWorkArea(), ZTCurveTolerance::toleranceMm()};
+    return {document.view()->getWorkArea(), ZTCurveTolerance::toleranceMm(),
+            hostkit::exportsYUp(document)};
 }
 
 DrawingChoiceCommand::DrawingChoiceCommand(ZTGraphicsDocument &document,
@@ -34,6 +37,7 @@ void DrawingChoiceCommand::give(const DrawingChoice &choice) const
     if (!m_document)
         return;
     m_document->view()->setWorkArea(choice.fieldMm);
+    hostkit::setExportsYUp(*m_document, choice.isExportYUp);
     if (choice.curveToleranceMm != ZTCurveTolerance::toleranceMm()) {
         ZTCurveTolerance::setToleranceMm(choice.curveToleranceMm);
         rebuildShapes(*m_document);

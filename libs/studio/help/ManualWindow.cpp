@@ -2,6 +2,7 @@
 
 #include <QtCore/QEvent>
 #include <QtCore/QFile>
+#include <QtCore/QRegularExpression>
 #include <QtGui/QTextBlock>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
@@ -16,9 +17,21 @@ namespace studio {
 
 namespace {
 
-const QString kManual = QStringLiteral(":/studio/user-manual.md");
+const QString kFolder = QStringLiteral(":/studio/");
 const QSize kFirstSize(900, 640);
 constexpr int kChaptersWidth = 200;
+
+/**
+ * Lines of a paragraph belong together; only between words of Latin letters a line end is a blank.
+ */
+QString withoutBreaks(QString text)
+{
+    static const QRegularExpression breaks(
+        QStringLiteral("(?<=[\\p{Han}\\x{3000}-\\x{303f}\\x{ff00}-\\x{ff65}\\x{201d}])\n *"
+                       "(?=[\\p{Han}\\x{3000}-\\x{303f}\\x{ff00}-\\x{ff65}\\x{201c}])"),
+        QRegularExpression::UseUnicodePropertiesOption);
+    return text.replace(breaks, QString());
+}
 
 } // namespace
 
@@ -31,10 +44,6 @@ ManualWindow::ManualWindow(QWidget *parent)
     build();
     resize(kFirstSize);
     bringInManual();
-    QFile file(kManual);
-    if (file.open(QIODevice::ReadOnly))
-        m_text->setMarkdown(QString::fromUtf8(file.readAll()));
-    listChapters();
     retranslate();
     m_words->setFocus();
 }
@@ -78,11 +87,28 @@ void ManualWindow::retranslate()
     m_wordsLabel->setText(tr("&Search"));
     m_chapters->setAccessibleName(tr("Chapters"));
     m_found->clear();
+    load();
+}
+
+/** The manual of the program's language, which has the same chapters as any other. */
+void ManualWindow::load()
+{
+    const QString name = tr("user-manual.md", "name of the file in this language");
+    if (name == m_file)
+        return;
+    m_file = name;
+    const int chapter = m_chapters->currentRow();
+    QFile file(kFolder + name);
+    if (file.open(QIODevice::ReadOnly))
+        m_text->setMarkdown(withoutBreaks(QString::fromUtf8(file.readAll())));
+    listChapters();
+    m_chapters->setCurrentRow(chapter);
 }
 
 /** Every heading is a chapter; the list's rows keep the places of their blocks. */
 void ManualWindow::listChapters()
 {
+    m_chapters->clear();
     for (QTextBlock block = m_text->document()->begin(); block.isValid(); block = block.next()) {
         const int level = block.blockFormat().headingLevel();
         if (level == 0)

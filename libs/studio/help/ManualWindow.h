@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QString>
 #include <QtWidgets/QDialog>
 
 QT_BEGIN_NAMESPACE
@@ -11,7 +12,10 @@ QT_END_NAMESPACE
 
 namespace studio {
 
-/** The manual in the program: its chapters at the side, its text, and a field that searches it. */
+/**
+ * The manual in the program, in its language: the chapters at the side, the text, and a field that
+ * searches it.
+ */
 class ManualWindow : public QDialog
 {
     Q_OBJECT
@@ -25,6 +29,7 @@ protected:
 private:
     void build();
     void retranslate();
+    void load();
     void listChapters();
     void goTo(int chapter);
     void search(bool isNext);
@@ -34,6 +39,7 @@ private:
     QLabel *m_found;
     QListWidget *m_chapters;
     QTextBrowser *m_text;
+    QString m_file; ///< that is shown
 };
 
 } // namespace studio

@@ -1,12 +1,14 @@
 #include <studio/import/CleanForm.h>
 
+#include <studio/choices/Units.h>
+#include <studio/measures/MeasureBox.h>
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QLocale>
 #include <QtCore/QSignalBlocker>
 #include <QtCore/QStringList>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
-#include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QGridLayout>
 #include <QtWidgets/QLabel>
 
@@ -14,12 +16,10 @@ namespace studio {
 
 namespace {
 
-constexpr double kLeastMm = 0.001;
-constexpr double kMostMm = 10.0;
+constexpr MeasureBox::Range kLengthMm{0.001, 10.0, 0.01, 3};
 constexpr double kUsualJoinMm = 0.05;
 constexpr double kUsualSameMm = 0.01;
 constexpr double kUsualFitMm = 0.01;
-constexpr int kDecimals = 3;
 
 struct CleanTexts
 {
@@ -28,7 +28,12 @@ struct CleanTexts
 
 QString number(qint64 count) { return QLocale().toString(count); }
 
-QString lengthText(double lengthMm) { return QLocale().toString(lengthMm, 'f', 1); }
+/** A length for reading, with its unit: to a tenth of a millimetre. */
+QString lengthText(double lengthMm)
+{
+    const int decimals = units::unit() == LengthUnit::Inch ? 2 : 1;
+    return QLocale().toString(lengthMm / units::unitMm(), 'f', decimals) + units::suffix();
+}
 
 /** What joining and removing did or would do. */
 QStringList mended(const vectorkit::CleanReport &report)
@@ -39,7 +44,7 @@ QStringList mended(const vectorkit::CleanReport &report)
     if (report.closed > 0)
         lines << CleanTexts::tr("Outlines closed: %1").arg(number(report.closed));
     if (report.doubled > 0)
-        lines << CleanTexts::tr("Drawn twice: %1 pieces, %2 mm")
+        lines << CleanTexts::tr("Drawn twice: %1 pieces, %2")
                      .arg(number(report.doubled), lengthText(report.doubledMm));
     if (report.zeroLength > 0)
         lines << CleanTexts::tr("Without length: %1 pieces").arg(number(report.zeroLength));
@@ -55,7 +60,7 @@ QString cleanFigures(const vectorkit::CleanReport &report)
                  .arg(number(report.pathsBefore), number(report.pathsAfter));
     lines << CleanTexts::tr("Pieces: %1 → %2")
                  .arg(number(report.piecesBefore), number(report.piecesAfter));
-    lines << CleanTexts::tr("Jumps: %1 → %2 mm")
+    lines << CleanTexts::tr("Jumps: %1 → %2")
                  .arg(lengthText(report.jumpsBeforeMm), lengthText(report.jumpsAfterMm));
     return lines.join(QLatin1Char('\n'));
 }
@@ -122,18 +127,15 @@ CleanForm::Row CleanForm::addLengthRow(QGridLayout &grid, const QString &name, c
                                        const QString &hint)
 {
     Row row = addRow(grid, name, text, hint);
-    row.length = new QDoubleSpinBox(this);
+    row.length = new MeasureBox(kLengthMm, this);
     row.length->setObjectName(name + QStringLiteral("Length"));
-    row.length->setDecimals(kDecimals);
-    row.length->setRange(kLeastMm, kMostMm);
-    row.length->setSingleStep(0.01);
-    row.length->setSuffix(tr(" mm"));
     row.length->setKeyboardTracking(false);
     row.length->setEnabled(false);
     grid.addWidget(row.length, grid.rowCount() - 1, 1);
     connect(row.box, &QCheckBox::toggled, row.length, &QWidget::setEnabled);
     connect(row.length, qOverload<double>(&QDoubleSpinBox::valueChanged), this,
             &CleanForm::changed);
+    connect(row.length, &MeasureBox::faultChanged, this, &CleanForm::changed);
     return row;
 }
 
@@ -141,7 +143,7 @@ void CleanForm::show(const Row &row, bool isOn, double lengthMm)
 {
     row.box->setChecked(isOn);
     if (row.length != nullptr) {
-        row.length->setValue(lengthMm);
+        row.length->setMeasure(lengthMm);
         row.length->setEnabled(isOn);
     }
 }
@@ -166,11 +168,11 @@ vectorkit::CleanOptions CleanForm::options() const
 {
     vectorkit::CleanOptions options;
     const auto lengthOf = [](const Row &row, double none) {
-        return row.box->isChecked() ? row.length->value() : none;
+        return row.box->isChecked() ? row.length->measure() : none;
     };
     options.joinMm = lengthOf(m_join, -1.0);
     options.dropDoubles = m_doubles.box->isChecked();
-    options.sameMm = m_doubles.length->value();
+    options.sameMm = m_doubles.length->measure();
     options.dropZeroLength = m_zero.box->isChecked();
     options.simplifyMm = lengthOf(m_simplify, 0.0);
     options.fitArcsMm = lengthOf(m_arcs, 0.0);
@@ -179,6 +181,8 @@ vectorkit::CleanOptions CleanForm::options() const
     options.order = m_order.box->isChecked();
     return options;
 }
+
+QString CleanForm::fault() const { return MeasureBox::faultIn(*this); }
 
 void CleanForm::showReport(const vectorkit::CleanReport &report)
 {

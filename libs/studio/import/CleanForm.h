@@ -7,12 +7,13 @@
 QT_BEGIN_NAMESPACE
 class QCheckBox;
 class QComboBox;
-class QDoubleSpinBox;
 class QGridLayout;
 class QLabel;
 QT_END_NAMESPACE
 
 namespace studio {
+
+class MeasureBox;
 
 /** What cleaning has done, for people: one line a kind of change, or that there was none. */
 QString cleanFigures(const vectorkit::CleanReport &report);
@@ -26,7 +27,7 @@ bool asksForCleaning(const vectorkit::CleanOptions &options);
 /**
  * What to clean of outlines, with its lengths, and below it the figures before and after.
  *
- * Range: lengths from 0.001 to 10 mm.
+ * Range: lengths from 0.001 to 10 mm, shown and typed in the unit of the program.
  */
 class CleanForm : public QWidget
 {
@@ -40,13 +41,16 @@ public:
     /** Shows options without telling. */
     void setOptions(const vectorkit::CleanOptions &options);
 
+    /** What is wrong with a length, for people; empty if nothing is. */
+    QString fault() const;
+
     void showReport(const vectorkit::CleanReport &report);
 
     /** Shows a line in place of the figures, such as that it takes a moment. */
     void showWords(const QString &words);
 
 Q_SIGNALS:
-    /** The user changed something. */
+    /** The user changed something, or a length became wrong or right. */
     void changed();
 
 private:
@@ -54,7 +58,7 @@ private:
     struct Row
     {
         QCheckBox *box = nullptr;
-        QDoubleSpinBox *length = nullptr; ///< null: it needs none
+        MeasureBox *length = nullptr; ///< null: it needs none
     };
 
     Row addRow(QGridLayout &grid, const QString &name, const QString &text, const QString &hint);

@@ -1,19 +1,19 @@
 #include <studio/import/ImportDialog.h>
 
 #include <studio/PenColors.h>
+#include <studio/choices/Units.h>
 #include <studio/drawing/LongWork.h>
 #include <studio/import/CleanForm.h>
 #include <studio/import/ImportNotes.h>
 #include <studio/import/ImportPicture.h>
 #include <studio/import/ImportSettings.h>
+#include <studio/measures/MeasureBox.h>
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
-#include <QtCore/QSignalBlocker>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDialogButtonBox>
-#include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QFormLayout>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
@@ -30,9 +30,7 @@ namespace studio {
 
 namespace {
 
-constexpr double kLeastMm = 0.001;
-constexpr double kMostMm = 100000.0;
-constexpr int kSizeDecimals = 3;
+constexpr MeasureBox::Range kSizeMm{0.001, 100000.0, 1.0, 3};
 constexpr int kColumnPx = 440;
 constexpr int kListPx = 110;
 constexpr int kSoonMs = 150;
@@ -118,15 +116,14 @@ ImportDialog::ImportDialog(const QString &path, const vectorkit::VectorDrawing &
             &ImportDialog::takeWidth);
     connect(m_heightBox, qOverload<double>(&QDoubleSpinBox::valueChanged), this,
             &ImportDialog::takeHeight);
+    for (const MeasureBox *box : {m_widthBox, m_heightBox})
+        connect(box, &MeasureBox::faultChanged, this, &ImportDialog::refreshSoon);
 }
 
-QDoubleSpinBox *ImportDialog::addSize(const QString &name)
+MeasureBox *ImportDialog::addSize(const QString &name)
 {
-    auto *box = new QDoubleSpinBox(this);
+    auto *box = new MeasureBox(kSizeMm, this);
     box->setObjectName(name);
-    box->setDecimals(kSizeDecimals);
-    box->setRange(kLeastMm, kMostMm);
-    box->setSuffix(tr(" mm"));
     box->setKeyboardTracking(false);
     return box;
 }
@@ -213,11 +210,12 @@ QWidget *ImportDialog::newDrawingPage(const QString &path)
                 .arg(m_found.pathCount())
                 .arg(m_found.textCount()),
             QStringLiteral("importCounts"));
-    addText(
-        tr("Size as found:"),
-        tr("%1 × %2 mm. %3")
-            .arg(number(m_foundSizeMm.width()), number(m_foundSizeMm.height()), m_found.sizeReason),
-        QStringLiteral("importFound"));
+    addText(tr("Size as found:"),
+            tr("%1 × %2 %3. %4")
+                .arg(number(m_foundSizeMm.width() / units::unitMm()),
+                     number(m_foundSizeMm.height() / units::unitMm()), units::name(),
+                     m_found.sizeReason),
+            QStringLiteral("importFound"));
     form->addRow(tr("&Unit:"), m_unitBox);
     form->addRow(tr("&Width:"), m_widthBox);
     form->addRow(tr("&Height:"), m_heightBox);
@@ -306,10 +304,8 @@ void ImportDialog::layOut(const QString &path)
 
 void ImportDialog::showSize(const QSizeF &sizeMm)
 {
-    const QSignalBlocker noWidth(m_widthBox);
-    const QSignalBlocker noHeight(m_heightBox);
-    m_widthBox->setValue(sizeMm.width());
-    m_heightBox->setValue(sizeMm.height());
+    m_widthBox->setMeasure(sizeMm.width());
+    m_heightBox->setMeasure(sizeMm.height());
     // A straight line has but one side to measure.
     m_widthBox->setEnabled(m_foundSizeMm.width() > 0.0);
     m_heightBox->setEnabled(m_foundSizeMm.height() > 0.0);
@@ -324,14 +320,14 @@ void ImportDialog::takeUnit()
 void ImportDialog::takeWidth()
 {
     if (m_proportionsBox->isChecked())
-        showSize(m_foundSizeMm * (m_widthBox->value() / m_foundSizeMm.width()));
+        showSize(m_foundSizeMm * (m_widthBox->measure() / m_foundSizeMm.width()));
     refreshSoon();
 }
 
 void ImportDialog::takeHeight()
 {
     if (m_proportionsBox->isChecked())
-        showSize(m_foundSizeMm * (m_heightBox->value() / m_foundSizeMm.height()));
+        showSize(m_foundSizeMm * (m_heightBox->measure() / m_foundSizeMm.height()));
     refreshSoon();
 }
 
@@ -341,6 +337,12 @@ void ImportDialog::refreshSoon() { m_soon.start(); }
 void ImportDialog::refresh()
 {
     m_soon.stop();
+    const QString fault = MeasureBox::faultIn(*this);
+    if (!fault.isEmpty()) {
+        m_okButton->setEnabled(false);
+        m_clean->showWords(fault);
+        return;
+    }
     vectorkit::CleanOptions options = m_clean->options();
     vectorkit::VectorDrawing drawing = sized();
     const QSizeF scale = scaleBetween(m_foundSizeMm, drawing.boundsMm().size(),
@@ -369,8 +371,8 @@ vectorkit::VectorDrawing ImportDialog::sized() const
 {
     vectorkit::VectorDrawing drawing = m_found;
     const double unitFactor = m_unitBox->currentData().toDouble() / m_found.unitMm;
-    const auto isAt = [&](const QDoubleSpinBox *box, double sizeMm) {
-        return qAbs(box->value() - sizeMm) < 0.5 / 1000;
+    const auto isAt = [&](const MeasureBox *box, double sizeMm) {
+        return qAbs(box->measure() - sizeMm) < 0.5 / 1000;
     };
     // What only the unit has changed is not rounded to what the fields show.
     const bool isUnitAlone = isAt(m_widthBox, m_foundSizeMm.width() * unitFactor) &&
@@ -383,8 +385,8 @@ vectorkit::VectorDrawing ImportDialog::sized() const
     const bool isWidthAlone = m_proportionsBox->isChecked() && m_foundSizeMm.width() > 0.0;
     hostkit::fitDrawing(
         &drawing,
-        QSizeF(m_foundSizeMm.width() > 0.0 ? m_widthBox->value() : 0.0,
-               m_foundSizeMm.height() > 0.0 && !isWidthAlone ? m_heightBox->value() : 0.0));
+        QSizeF(m_foundSizeMm.width() > 0.0 ? m_widthBox->measure() : 0.0,
+               m_foundSizeMm.height() > 0.0 && !isWidthAlone ? m_heightBox->measure() : 0.0));
     return drawing;
 }
 

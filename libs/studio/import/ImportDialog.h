@@ -10,7 +10,6 @@
 QT_BEGIN_NAMESPACE
 class QCheckBox;
 class QComboBox;
-class QDoubleSpinBox;
 class QLabel;
 class QListWidget;
 class QPushButton;
@@ -21,13 +20,14 @@ namespace studio {
 
 class CleanForm;
 class ImportPicture;
+class MeasureBox;
 
 /**
  * Shows a foreign drawing before it comes in: its picture, its size and how that was found, and
  * what was left out. The user may change unit, size, splitting, pens and what is to be cleaned; the
  * picture is that of what would come in.
  *
- * Range: sizes from 0.001 to 100,000 mm.
+ * Range: sizes from 0.001 to 100,000 mm, shown and typed in the unit of the program.
  */
 class ImportDialog : public QDialog
 {
@@ -57,7 +57,7 @@ private:
     QWidget *newDrawingPage(const QString &path);
     QWidget *newCleaningPage();
     void mend();
-    QDoubleSpinBox *addSize(const QString &name);
+    MeasureBox *addSize(const QString &name);
     void fillUnits();
     void fillNotes();
     void fillPens();
@@ -77,8 +77,8 @@ private:
     hostkit::ImportOptions m_first; ///< as remembered
     ImportPicture *m_picture;       ///< children, as all below
     QComboBox *m_unitBox;
-    QDoubleSpinBox *m_widthBox;
-    QDoubleSpinBox *m_heightBox;
+    MeasureBox *m_widthBox;
+    MeasureBox *m_heightBox;
     QCheckBox *m_proportionsBox;
     QComboBox *m_splitBox;
     QCheckBox *m_fillOpenBox;

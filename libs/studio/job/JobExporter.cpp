@@ -7,6 +7,7 @@
 #include <studio/text/TextTools.h>
 #include <studio/text/VariantParts.h>
 
+#include <hostkit/drawing/ExportDirection.h>
 #include <hostkit/files/FileWriter.h>
 #include <hostkit/items/LastPart.h>
 #include <jobkit/writers/JobWriter.h>
@@ -390,6 +391,7 @@ bool JobExporter::writeFiles(const JobExport &wanted, const JobRequest &request,
         file.profile = request.machine;
         file.title = QFileInfo(files[i]).completeBaseName();
         file.headMm = request.machine.fromMachine({});
+        file.isYUp = hostkit::exportsYUp(m_document);
         for (int part = 0; part < partsAFile; ++part)
             file.parts.append(plans.value(plans.size() == 1 ? 0 : i + part));
         if (wanted.frame) {

@@ -1,6 +1,7 @@
 #include <studio/panel/CodeSection.h>
 
 #include <studio/UndoTexts.h>
+#include <studio/choices/Units.h>
 #include <studio/code/CodeDialog.h>
 #include <studio/commands/UndoMacro.h>
 #include <studio/text/TextCommand.h>
@@ -76,9 +77,9 @@ CodeSection::CodeSection(ZTGraphicsDocument &document, QWidget *parent)
 void CodeSection::retranslate()
 {
     m_moduleLabel->setText(tr("Module"));
-    m_unit->setText(tr("mm"));
+    m_unit->setText(units::name());
     m_module->setAccessibleName(m_moduleLabel->text());
-    m_module->setHint(tr("Width of the narrowest bar, or of one square, in mm"));
+    m_module->setHint(tr("Width of the narrowest bar, or of one square"));
     m_settings->setText(tr("Code settings..."));
 }
 

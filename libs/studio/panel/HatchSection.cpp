@@ -2,9 +2,9 @@
 
 #include <studio/PenColors.h>
 #include <studio/choices/Units.h>
+#include <studio/measures/TypedMeasure.h>
 #include <studio/panel/ChoiceBox.h>
 #include <studio/panel/HatchList.h>
-#include <studio/panel/TypedMeasure.h>
 
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>

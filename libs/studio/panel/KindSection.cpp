@@ -1,5 +1,7 @@
 #include <studio/panel/KindSection.h>
 
+#include <studio/choices/Units.h>
+
 #include <QtWidgets/QGridLayout>
 #include <QtWidgets/QLabel>
 
@@ -75,11 +77,11 @@ void KindSection::Row::name(const QString &text, const QString &unitText, const 
 
 void KindSection::retranslate()
 {
-    const QString mm = tr("mm");
+    const QString length = units::name();
     m_sides.name(tr("Sides"), QString(), tr("Number of sides of the polygon"));
-    m_length.name(tr("Length"), mm, tr("Length of the line in mm; its start stays"));
-    m_firstDiameter.name(tr("Diameter 1"), mm, tr("In mm, along the ellipse's own first axis"));
-    m_secondDiameter.name(tr("Diameter 2"), mm, tr("In mm, along the ellipse's other axis"));
+    m_length.name(tr("Length"), length, tr("Length of the line; its start stays"));
+    m_firstDiameter.name(tr("Diameter 1"), length, tr("Along the ellipse's own first axis"));
+    m_secondDiameter.name(tr("Diameter 2"), length, tr("Along the ellipse's other axis"));
 }
 
 void KindSection::follow(const ShapeItems &selected)

@@ -1,11 +1,12 @@
 #include <studio/panel/ShapeEdits.h>
 
 #include <studio/UndoTexts.h>
+#include <studio/choices/Units.h>
 #include <studio/commands/HatchCommand.h>
 #include <studio/commands/PlacementCommand.h>
+#include <studio/measures/TypedMeasure.h>
 #include <studio/panel/OutlineProbe.h>
 #include <studio/panel/ShapeStep.h>
-#include <studio/panel/TypedMeasure.h>
 
 #include <hostkit/items/ItemHatches.h>
 
@@ -256,9 +257,10 @@ QString ShapeEdits::place(const QVector<Placement> &placements, const char *undo
     };
     if (std::any_of(placements.begin(), placements.end(), isOutside)) {
         const QRectF areaMm = ZTCoord::getInstance()->getPix2MmTransform().mapRect(areaPx);
-        return tr("A shape would leave the drawing's area, %1 to %2 mm across and %3 to %4 mm down")
-            .arg(measureText(areaMm.left(), 0), measureText(areaMm.right(), 0),
-                 measureText(areaMm.top(), 0), measureText(areaMm.bottom(), 0));
+        const auto text = [](double mm) { return measureText(mm / units::unitMm(), 0); };
+        return tr("A shape would leave the drawing's area, %1 to %2 %5 across and %3 to %4 %5 down")
+            .arg(text(areaMm.left()), text(areaMm.right()), text(areaMm.top()),
+                 text(areaMm.bottom()), units::name());
     }
     if (!placements.isEmpty())
         m_document.undoStack()->push(

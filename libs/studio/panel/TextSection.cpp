@@ -1,6 +1,7 @@
 #include <studio/panel/TextSection.h>
 
 #include <studio/UndoTexts.h>
+#include <studio/choices/Units.h>
 #include <studio/panel/ChoiceBox.h>
 #include <studio/panel/ShapeStep.h>
 #include <studio/text/StrokeFonts.h>
@@ -158,23 +159,23 @@ void TextSection::retranslate()
     m_kind->setItemText(0, tr("System font, outlines"));
     m_kind->setItemText(1, tr("Stroke fonts, single lines"));
     m_arc->setText(tr("On an arc"));
-    const QString mm = tr("mm");
+    const QString length = units::name();
     const QString deg = QStringLiteral("°");
     const QStringList names = {tr("Height"),      tr("Width"),     tr("Letter space"),
                                tr("Line space"),  tr("Arc start"), tr("Arc span"),
                                tr("Arc diameter")};
-    const QStringList units = {mm, QStringLiteral("%"), mm, mm, deg, deg, mm};
+    const QStringList unitNames = {length, QStringLiteral("%"), length, length, deg, deg, length};
     const QStringList hints = {
-        tr("Height of capital letters on the part, in mm"),
+        tr("Height of capital letters on the part"),
         tr("Width of the letters in percent; at 100 they are as the font has them"),
-        tr("Added to what the font has, in mm; on an arc the span decides"),
-        tr("From the ink of the lines above to the tops of capitals, in mm"),
+        tr("Added to what the font has; on an arc the span decides"),
+        tr("From the ink of the lines above to the tops of capitals"),
         tr("Where the arc starts: 0 is at three o'clock, 90 at twelve"),
         tr("Shared out among the characters; positive is anticlockwise"),
-        tr("Of the circle on which the characters stand, in mm")};
+        tr("Of the circle on which the characters stand")};
     for (int i = 0; i < m_numbers.size(); ++i) {
         m_numbers[i].label->setText(names[i]);
-        m_numbers[i].unit->setText(units[i]);
+        m_numbers[i].unit->setText(unitNames[i]);
         m_numbers[i].field->setAccessibleName(names[i]);
         m_numbers[i].field->setHint(hints[i]);
     }

@@ -62,6 +62,11 @@ CleanDialog::CleanDialog(const vectorkit::VectorDrawing &outlines, QWidget *pare
 void CleanDialog::refresh()
 {
     m_soon.stop();
+    if (!m_form->fault().isEmpty()) {
+        m_okButton->setEnabled(false);
+        m_form->showWords(m_form->fault());
+        return;
+    }
     vectorkit::CleanOptions options = m_form->options();
     vectorkit::CleanReport report;
     vectorkit::VectorDrawing cleaned = m_found;

@@ -10,12 +10,13 @@
 QT_BEGIN_NAMESPACE
 class QCheckBox;
 class QComboBox;
-class QDoubleSpinBox;
 class QLabel;
 class QPushButton;
 QT_END_NAMESPACE
 
 namespace studio {
+
+class MeasureBox;
 
 /**
  * Asks for an offset of the selected outlines and shows it on the drawing at once.
@@ -39,7 +40,7 @@ private:
 
     PathActions &m_actions;
     std::unique_ptr<ToolPreview> m_preview;
-    QDoubleSpinBox *m_distanceBox; ///< children, as all below
+    MeasureBox *m_distanceBox; ///< children, as all below
     QComboBox *m_cornerBox;
     QCheckBox *m_keepBox;
     QLabel *m_hint;

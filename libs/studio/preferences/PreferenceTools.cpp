@@ -7,6 +7,7 @@
 #include <studio/commands/DrawingChoiceCommand.h>
 #include <studio/drawing/DrawingFiles.h>
 
+#include <hostkit/drawing/ExportDirection.h>
 #include <hostkit/view/ViewRulers.h>
 
 #include <QtWidgets/QUndoStack>
@@ -18,6 +19,11 @@ PreferenceTools::PreferenceTools(const Reach &reach)
 {
     setNewDrawing(m_kept.newDrawing);
     m_reach.files.newSetup().applyTo(m_reach.document);
+    const auto giveDirection = [this] {
+        hostkit::setExportsYUp(m_reach.document, m_kept.newDrawing.isExportYUp);
+    };
+    giveDirection();
+    connect(&m_reach.files, &DrawingFiles::emptied, this, giveDirection);
     hold();
 }
 
@@ -73,7 +79,7 @@ void PreferenceTools::changeDrawing(const DrawingChoice &choice)
         return;
     m_reach.document.undoStack()->push(new DrawingChoiceCommand(
         m_reach.document, choice,
-        undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Change field or curves"))));
+        undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Change settings of the drawing"))));
 }
 
 void PreferenceTools::setNewDrawing(const DrawingChoice &choice)

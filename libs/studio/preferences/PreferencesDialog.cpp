@@ -217,6 +217,8 @@ void PreferencesDialog::buildDrawingPage()
     m_tolerance = newField("preferences.tolerance", Quantity::Length,
                            {kFinestToleranceMm, kCoarsestToleranceMm});
     form->addRow(m_tolerant, m_tolerance);
+    m_exportDirection = newChoice("preferences.exportDirection", {0, 1});
+    addRow(*form, m_exportDirection, QT_TR_NOOP("E&xported Y counts"));
     m_forNew = newCheck("preferences.forNew");
     addWide(*form, m_forNew);
 }
@@ -245,6 +247,7 @@ void PreferencesDialog::showEdit(const PreferenceEdit &shown)
     const double toleranceMm = shown.drawing.curveToleranceMm;
     m_tolerant->setChecked(toleranceMm > 0.0);
     m_tolerance->showValue(toleranceMm > 0.0 ? toleranceMm : kUsualToleranceMm);
+    choose(*m_exportDirection, int(shown.drawing.isExportYUp));
     m_forNew->setChecked(shown.isForNewDrawings);
     refresh();
 }
@@ -338,6 +341,7 @@ PreferenceEdit PreferencesDialog::edited() const
     edit.drawing.fieldMm = fieldMm();
     edit.drawing.curveToleranceMm =
         m_tolerant->isChecked() ? valueOf(*m_tolerance, kUsualToleranceMm) : 0.0;
+    edit.drawing.isExportYUp = chosenIn(*m_exportDirection) != 0;
     edit.isForNewDrawings = m_forNew->isChecked();
     return edit;
 }
@@ -377,7 +381,11 @@ void PreferencesDialog::retranslate()
     name(*m_theme, {tr("As the system"), tr("Light"), tr("Dark")});
     name(*m_unit, {tr("Millimetres"), tr("Inches")});
     name(*m_direction, {tr("Downward"), tr("Upward")});
-    m_direction->setToolTip(tr("In fields, on rulers and in the status bar; exports keep theirs"));
+    m_direction->setToolTip(tr("In fields, on rulers and in the status bar"));
+    name(*m_exportDirection, {tr("Downward"), tr("Upward")});
+    m_exportDirection->setToolTip(
+        tr("In JSON and CSV, of mark paths and of jobs. Pictures, DXF, HP-GL and G-code count as "
+           "their form or the machine does"));
     m_autosave->setSuffix(tr(" s"));
     m_autosave->setToolTip(tr("So much work a crash may cost at most"));
     m_gridShown->setText(tr("Show the &grid"));

@@ -3,7 +3,7 @@
 #include <studio/Language.h>
 #include <studio/canvas/SnapTools.h>
 #include <studio/choices/Preferences.h>
-#include <studio/panel/MeasureField.h>
+#include <studio/measures/MeasureField.h>
 
 #include <QtWidgets/QDialog>
 
@@ -105,6 +105,7 @@ private:
     QSpinBox *m_fieldTop = nullptr;
     QCheckBox *m_tolerant = nullptr;
     MeasureField *m_tolerance = nullptr;
+    QComboBox *m_exportDirection = nullptr;
     QCheckBox *m_forNew = nullptr;
 };
 

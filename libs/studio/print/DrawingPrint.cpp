@@ -1,6 +1,7 @@
 #include <studio/print/DrawingPrint.h>
 
 #include <studio/PenColors.h>
+#include <studio/choices/Units.h>
 
 #include <hostkit/marks/MarkGraphBuilder.h>
 
@@ -31,9 +32,11 @@ struct Texts
 QString measuresText(const QSizeF &sizeMm, double scale)
 {
     const QLocale locale;
+    const int decimals = units::unit() == LengthUnit::Inch ? 5 : 3;
     QString measures =
-        Texts::tr("%1 x %2 mm")
-            .arg(locale.toString(sizeMm.width(), 'f', 3), locale.toString(sizeMm.height(), 'f', 3));
+        Texts::tr("%1 x %2 %3")
+            .arg(locale.toString(sizeMm.width() / units::unitMm(), 'f', decimals),
+                 locale.toString(sizeMm.height() / units::unitMm(), 'f', decimals), units::name());
     if (scale == 1.0)
         return measures;
     return Texts::tr("%1, shown at %2 %").arg(measures, locale.toString(scale * 100.0, 'f', 1));

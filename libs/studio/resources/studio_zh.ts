@@ -847,6 +847,118 @@
         <source>Bring changed files in once more; place, size, pen and hatch stay</source>
         <translation>再次导入选中图形的文件；位置、大小、笔和填充保持不变</translation>
     </message>
+    <message>
+        <source>Add shapes of all kinds, to look at and to try out</source>
+        <translation>添加各种图形，供查看和试用</translation>
+    </message>
+    <message>
+        <source>All middles in one place</source>
+        <translation>所有中心重合于一处</translation>
+    </message>
+    <message>
+        <source>Copy the selected shapes beside themselves</source>
+        <translation>把选中图形的副本放在旁边</translation>
+    </message>
+    <message>
+        <source>Delete the selected shapes</source>
+        <translation>删除选中的图形</translation>
+    </message>
+    <message>
+        <source>Do the step again that was taken back</source>
+        <translation>重做刚撤销的一步</translation>
+    </message>
+    <message>
+        <source>End the program; it asks before changes are lost</source>
+        <translation>退出程序；更改丢失之前会询问</translation>
+    </message>
+    <message>
+        <source>Export the mark paths of the selected shapes alone</source>
+        <translation>只导出选中图形的标刻路径</translation>
+    </message>
+    <message>
+        <source>Left edges in one line</source>
+        <translation>左边缘对齐成一线</translation>
+    </message>
+    <message>
+        <source>Lower edges in one line</source>
+        <translation>下边缘对齐成一线</translation>
+    </message>
+    <message>
+        <source>Middles in one level line</source>
+        <translation>中心对齐成一条水平线</translation>
+    </message>
+    <message>
+        <source>Middles in one upright line</source>
+        <translation>中心对齐成一条竖直线</translation>
+    </message>
+    <message>
+        <source>Mirror the selection, left becomes right; its box stays</source>
+        <translation>镜像选中内容，左右互换；外框不动</translation>
+    </message>
+    <message>
+        <source>Mirror the selection, top becomes bottom; its box stays</source>
+        <translation>镜像选中内容，上下互换；外框不动</translation>
+    </message>
+    <message>
+        <source>Out of an entered group, or select nothing</source>
+        <translation>离开已进入的组，或取消选择</translation>
+    </message>
+    <message>
+        <source>Remove the guides of this drawing</source>
+        <translation>删除本图纸的参考线</translation>
+    </message>
+    <message>
+        <source>Right edges in one line</source>
+        <translation>右边缘对齐成一线</translation>
+    </message>
+    <message>
+        <source>Select all shapes that are neither locked nor hidden</source>
+        <translation>选中所有未锁定也未隐藏的图形</translation>
+    </message>
+    <message>
+        <source>Select what is not selected, and nothing else</source>
+        <translation>选中未选中的，取消已选中的</translation>
+    </message>
+    <message>
+        <source>Show the drawing larger</source>
+        <translation>放大显示图纸</translation>
+    </message>
+    <message>
+        <source>Show the drawing smaller</source>
+        <translation>缩小显示图纸</translation>
+    </message>
+    <message>
+        <source>Take the last step back</source>
+        <translation>撤销上一步</translation>
+    </message>
+    <message>
+        <source>The line goes on without the selected nodes</source>
+        <translation>去掉选中的节点，线继续相连</translation>
+    </message>
+    <message>
+        <source>To the guides that were dragged out of the rulers</source>
+        <translation>吸附到从标尺拖出的参考线</translation>
+    </message>
+    <message>
+        <source>To the lines of the grid</source>
+        <translation>吸附到网格线</translation>
+    </message>
+    <message>
+        <source>Turn the selection by a quarter, anticlockwise</source>
+        <translation>把选中内容逆时针转四分之一圈</translation>
+    </message>
+    <message>
+        <source>Turn the selection by a quarter, clockwise</source>
+        <translation>把选中内容顺时针转四分之一圈</translation>
+    </message>
+    <message>
+        <source>Upper edges in one line</source>
+        <translation>上边缘对齐成一线</translation>
+    </message>
+    <message>
+        <source>Version of the program</source>
+        <translation>程序的版本</translation>
+    </message>
 </context>
 <context>
     <name>studio::ArcPage</name>
@@ -941,8 +1053,8 @@
         <translation>角度为 0 时所有副本会重叠。</translation>
     </message>
     <message>
-        <source>°</source>
-        <translation>°</translation>
+        <source>Middle &amp;Y, upward</source>
+        <translation>圆心 &amp;Y，向上为正</translation>
     </message>
 </context>
 <context>
@@ -2311,10 +2423,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>共用计数器</translation>
     </message>
     <message>
-        <source>Change field or curves</source>
-        <translation>更改幅面或曲线</translation>
-    </message>
-    <message>
         <source>Break apart</source>
         <translation>拆分</translation>
     </message>
@@ -2393,6 +2501,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Re-import</source>
         <translation>重新导入</translation>
+    </message>
+    <message>
+        <source>Change settings of the drawing</source>
+        <translation>更改图纸的设置</translation>
     </message>
 </context>
 <context>
@@ -2625,14 +2737,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
 <context>
     <name>studio::ImportDialog</name>
     <message>
-        <source> mm</source>
-        <translation> mm</translation>
-    </message>
-    <message>
-        <source>%1 × %2 mm. %3</source>
-        <translation>%1 × %2 mm。%3</translation>
-    </message>
-    <message>
         <source>%1, written by %2</source>
         <translation>%1，由 %2 生成</translation>
     </message>
@@ -2788,6 +2892,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>&amp;Mend this</source>
         <translation>修补(&amp;M)</translation>
     </message>
+    <message>
+        <source>%1 × %2 %3. %4</source>
+        <translation>%1 × %2 %3。%4</translation>
+    </message>
 </context>
 <context>
     <name>studio::ImportNotes</name>
@@ -2825,10 +2933,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
 </context>
 <context>
     <name>studio::CodeDialog</name>
-    <message>
-        <source>%1 x %2, %3 mm, reads: %4</source>
-        <translation>%1 x %2，%3 mm，读出：%4</translation>
-    </message>
     <message>
         <source>&amp;1 Content</source>
         <translation>&amp;1 内容</translation>
@@ -2872,6 +2976,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>The code is mirrored: scanners read it from behind, or not at all.</source>
         <translation>条码是镜像的：扫描器只能从背面读出，或根本读不出。</translation>
+    </message>
+    <message>
+        <source>%1 x %2, %3 %4, reads: %5</source>
+        <translation>%1 x %2，%3 %4，读出：%5</translation>
     </message>
 </context>
 <context>
@@ -3442,20 +3550,8 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>直径 2</translation>
     </message>
     <message>
-        <source>In mm, along the ellipse&apos;s other axis</source>
-        <translation>沿椭圆的另一条轴，mm</translation>
-    </message>
-    <message>
-        <source>In mm, along the ellipse&apos;s own first axis</source>
-        <translation>沿椭圆自身的第一条轴，mm</translation>
-    </message>
-    <message>
         <source>Length</source>
         <translation>长度</translation>
-    </message>
-    <message>
-        <source>Length of the line in mm; its start stays</source>
-        <translation>直线的长度，mm；起点不动</translation>
     </message>
     <message>
         <source>Number of sides of the polygon</source>
@@ -3466,8 +3562,16 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>边数</translation>
     </message>
     <message>
-        <source>mm</source>
-        <translation>mm</translation>
+        <source>Along the ellipse&apos;s other axis</source>
+        <translation>沿椭圆的另一条轴</translation>
+    </message>
+    <message>
+        <source>Along the ellipse&apos;s own first axis</source>
+        <translation>沿椭圆自身的第一条轴</translation>
+    </message>
+    <message>
+        <source>Length of the line; its start stays</source>
+        <translation>直线的长度；起点不动</translation>
     </message>
 </context>
 <context>
@@ -3579,10 +3683,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
 <context>
     <name>studio::ShapeEdits</name>
     <message>
-        <source>A shape would leave the drawing&apos;s area, %1 to %2 mm across and %3 to %4 mm down</source>
-        <translation>图形会超出绘图区域：横向 %1 至 %2 mm，纵向 %3 至 %4 mm</translation>
-    </message>
-    <message>
         <source>An ellipse that is flat cannot be stretched</source>
         <translation>扁平的椭圆无法拉伸</translation>
     </message>
@@ -3593,6 +3693,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>What has no width cannot be stretched to one</source>
         <translation>没有宽度的图形无法拉伸出宽度</translation>
+    </message>
+    <message>
+        <source>A shape would leave the drawing&apos;s area, %1 to %2 %5 across and %3 to %4 %5 down</source>
+        <translation>图形会超出图纸区域：横向 %1 到 %2 %5，纵向 %3 到 %4 %5</translation>
     </message>
 </context>
 <context>
@@ -3621,10 +3725,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
 <context>
     <name>studio::TextSection</name>
     <message>
-        <source>Added to what the font has, in mm; on an arc the span decides</source>
-        <translation>在字体自身间距上增加的值，mm；在圆弧上由跨角决定</translation>
-    </message>
-    <message>
         <source>Arc diameter</source>
         <translation>圆弧直径</translation>
     </message>
@@ -3649,16 +3749,8 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>字体</translation>
     </message>
     <message>
-        <source>From the ink of the lines above to the tops of capitals, in mm</source>
-        <translation>从上方各行的笔迹到大写字母顶端的距离，mm</translation>
-    </message>
-    <message>
         <source>Height</source>
         <translation>高度</translation>
-    </message>
-    <message>
-        <source>Height of capital letters on the part, in mm</source>
-        <translation>工件上大写字母的高度，mm</translation>
     </message>
     <message>
         <source>Letter space</source>
@@ -3671,10 +3763,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Line space</source>
         <translation>行距</translation>
-    </message>
-    <message>
-        <source>Of the circle on which the characters stand, in mm</source>
-        <translation>字符所在圆的直径，mm</translation>
     </message>
     <message>
         <source>On an arc</source>
@@ -3717,8 +3805,20 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>不一致</translation>
     </message>
     <message>
-        <source>mm</source>
-        <translation>mm</translation>
+        <source>Added to what the font has; on an arc the span decides</source>
+        <translation>在字体自身间距之外增加；在弧线上由张角决定</translation>
+    </message>
+    <message>
+        <source>From the ink of the lines above to the tops of capitals</source>
+        <translation>从上面各行的笔画到本行大写字母的顶端</translation>
+    </message>
+    <message>
+        <source>Height of capital letters on the part</source>
+        <translation>大写字母在工件上的高度</translation>
+    </message>
+    <message>
+        <source>Of the circle on which the characters stand</source>
+        <translation>字符所在圆的直径</translation>
     </message>
 </context>
 <context>
@@ -4410,12 +4510,12 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
 <context>
     <name>studio::DrawingPrint</name>
     <message>
-        <source>%1 x %2 mm</source>
-        <translation>%1 x %2 毫米</translation>
-    </message>
-    <message>
         <source>%1, shown at %2 %</source>
         <translation>%1，以 %2% 显示</translation>
+    </message>
+    <message>
+        <source>%1 x %2 %3</source>
+        <translation>%1 x %2 %3</translation>
     </message>
 </context>
 <context>
@@ -4435,6 +4535,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>User manual</source>
         <translation>用户手册</translation>
+    </message>
+    <message>
+        <source>user-manual.md</source>
+        <translation>user-manual.zh.md</translation>
     </message>
 </context>
 <context>
@@ -4490,20 +4594,16 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>模块</translation>
     </message>
     <message>
-        <source>mm</source>
-        <translation>mm</translation>
-    </message>
-    <message>
-        <source>Width of the narrowest bar, or of one square, in mm</source>
-        <translation>最窄的条或一个方块的宽度（mm）</translation>
-    </message>
-    <message>
         <source>Code settings...</source>
         <translation>码设置...</translation>
     </message>
     <message>
         <source>%1 codes</source>
         <translation>%1 个码</translation>
+    </message>
+    <message>
+        <source>Width of the narrowest bar, or of one square</source>
+        <translation>最窄的条或一个方块的宽度</translation>
     </message>
 </context>
 <context>
@@ -4746,10 +4846,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>标刻线段与其所代表曲线的最大偏差。关闭时，曲线与早期版本的图纸一样粗略</translation>
     </message>
     <message>
-        <source>In fields, on rulers and in the status bar; exports keep theirs</source>
-        <translation>用于输入框、标尺和状态栏；导出文件保持自身的方向</translation>
-    </message>
-    <message>
         <source>Inches</source>
         <translation>英寸</translation>
     </message>
@@ -4853,6 +4949,18 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>zigzag</source>
         <translation>弓形线</translation>
     </message>
+    <message>
+        <source>E&amp;xported Y counts</source>
+        <translation>导出的 Y 方向(&amp;X)</translation>
+    </message>
+    <message>
+        <source>In JSON and CSV, of mark paths and of jobs. Pictures, DXF, HP-GL and G-code count as their form or the machine does</source>
+        <translation>用于标刻路径和作业的 JSON 和 CSV。图片、DXF、HP-GL 和 G 代码按其格式或机器的方向</translation>
+    </message>
+    <message>
+        <source>In fields, on rulers and in the status bar</source>
+        <translation>用于输入框、标尺和状态栏</translation>
+    </message>
 </context>
 <context>
     <name>studio::Units</name>
@@ -4887,10 +4995,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
 <context>
     <name>studio::CleanForm</name>
     <message>
-        <source> mm</source>
-        <translation> 毫米</translation>
-    </message>
-    <message>
         <source>&amp;Arcs for points within</source>
         <translation>用圆弧拟合，误差(&amp;A)</translation>
     </message>
@@ -4915,10 +5019,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>封闭轮廓变为它们共同覆盖区域的边缘</translation>
     </message>
     <message>
-        <source>Drawn twice: %1 pieces, %2 mm</source>
-        <translation>重复绘制：%1 段，%2 毫米</translation>
-    </message>
-    <message>
         <source>Ends joined: %1</source>
         <translation>连接的端点：%1</translation>
     </message>
@@ -4929,10 +5029,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Fewer points, so near to the lines as they are</source>
         <translation>减少点数，与原线的距离不超过此值</translation>
-    </message>
-    <message>
-        <source>Jumps: %1 → %2 mm</source>
-        <translation>空跳：%1 → %2 毫米</translation>
     </message>
     <message>
         <source>Outlines by the nearest end, inner ones before outer ones</source>
@@ -4982,13 +5078,17 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>overlaps stay open</source>
         <translation>重叠处留空</translation>
     </message>
+    <message>
+        <source>Drawn twice: %1 pieces, %2</source>
+        <translation>重复绘制：%1 段，%2</translation>
+    </message>
+    <message>
+        <source>Jumps: %1 → %2</source>
+        <translation>空跳：%1 → %2</translation>
+    </message>
 </context>
 <context>
     <name>studio::OffsetDialog</name>
-    <message>
-        <source> mm</source>
-        <translation> 毫米</translation>
-    </message>
     <message>
         <source>%1 outlines</source>
         <translation>%1 个轮廓</translation>

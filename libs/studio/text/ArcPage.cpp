@@ -1,6 +1,6 @@
 #include <studio/text/ArcPage.h>
 
-#include <studio/text/MeasureBox.h>
+#include <studio/measures/MeasureBox.h>
 
 #include <QtWidgets/QFormLayout>
 #include <QtWidgets/QGroupBox>

@@ -1,6 +1,6 @@
 #include <studio/text/SegmentForm.h>
 
-#include <studio/text/MeasureBox.h>
+#include <studio/measures/MeasureBox.h>
 
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>

@@ -1,6 +1,6 @@
 #include <studio/text/FontPage.h>
 
-#include <studio/text/MeasureBox.h>
+#include <studio/measures/MeasureBox.h>
 #include <studio/text/StrokeFontList.h>
 #include <studio/text/StrokeFonts.h>
 #include <studio/text/StrokeSamples.h>

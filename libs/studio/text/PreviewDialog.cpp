@@ -1,6 +1,7 @@
 #include <studio/text/PreviewDialog.h>
 
 #include <studio/ShapeItems.h>
+#include <studio/measures/MeasureBox.h>
 
 #include <QtGui/QScreen>
 #include <QtGui/QShowEvent>
@@ -27,7 +28,12 @@ PreviewDialog::PreviewDialog(ZTAbstractGraphicsTextItem &edited, QUndoStack &und
     m_tabs->setObjectName(QStringLiteral("tabs"));
     auto *buttons =
         new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, Qt::Horizontal, this);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::accepted, this, [this] {
+        if (MeasureBox *wrong = MeasureBox::wrongIn(*this))
+            wrong->setFocus();
+        else
+            accept();
+    });
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     m_layout->addWidget(m_tabs);
     m_layout->addWidget(buttons);

@@ -206,6 +206,33 @@ private Q_SLOTS:
     void fullDevice_isTold();
     void save_isWholeOrTold();
     void frame_boxAndHull();
+    /** A drawing may ask for y upward where programs read it; what machines run stays. */
+    void upwardY_isInTablesAlone_andSaid()
+    {
+        JobFile job{{somePlan()}, somePens(), someProfile(), QStringLiteral("a <job>"), {}};
+        for (const JobForm form : {JobForm::Gcode, JobForm::Hpgl, JobForm::Dxf, JobForm::Svg}) {
+            job.isYUp = false;
+            const QByteArray down = written(form, job);
+            job.isYUp = true;
+            QCOMPARE(written(form, job), down);
+        }
+        const QVector<QPointF> points = job.parts.first().pieces.first().pointsMm;
+        const QJsonObject file = QJsonDocument::fromJson(written(JobForm::Json, job)).object();
+        QCOMPARE(file[QStringLiteral("yAxis")].toString(), QStringLiteral("up"));
+        const QJsonArray shown =
+            file[QStringLiteral("pieces")][0][QStringLiteral("points")].toArray();
+        for (int i = 0; i < points.size(); ++i) {
+            QCOMPARE(shown[i][0].toDouble(), points[i].x());
+            QCOMPARE(shown[i][1].toDouble(), 0.0 - points[i].y());
+        }
+        const QList<QByteArray> rows = written(JobForm::Csv, job).split('\n');
+        QVERIFY(rows[0].endsWith(",time_s,y_axis"));
+        QVERIFY(rows[1].endsWith(",up"));
+        QCOMPARE(rows[1].split(',')[7].toDouble(), 0.0 - points.first().y());
+        job.isYUp = false;
+        QVERIFY(!written(JobForm::Json, job).contains("yAxis"));
+        QVERIFY(!written(JobForm::Csv, job).contains("y_axis"));
+    }
 };
 
 void tst_JobWriter::gcode_byHand()

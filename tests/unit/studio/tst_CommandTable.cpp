@@ -44,6 +44,15 @@ private Q_SLOTS:
             QVERIFY2(taken.contains(QString::fromLatin1(standard)), standard);
     }
 
+    void tips_sayMoreThanTheText()
+    {
+        for (const Command &command : studio::commandTable()) {
+            // "Left by 1 mm" leaves nothing to be said.
+            const bool isNudge = QByteArray(command.id).startsWith("nudge.");
+            QVERIFY2(isNudge || *command.toolTip != '\0', command.id);
+        }
+    }
+
     void icons_existAndShowSomething()
     {
         for (const Command &command : studio::commandTable()) {

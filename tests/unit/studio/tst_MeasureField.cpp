@@ -1,6 +1,6 @@
 #include "support/WarningGuard.h"
 
-#include <studio/panel/MeasureField.h>
+#include <studio/measures/MeasureField.h>
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>

@@ -24,6 +24,7 @@ private Q_SLOTS:
         QCOMPARE(kept.gridMm, 0.0);
         QCOMPARE(kept.newDrawing.curveToleranceMm, 0.005);
         QCOMPARE(kept.newDrawing.fieldMm, QRect(-300, -300, 600, 600));
+        QVERIFY(!kept.newDrawing.isExportYUp);
         QCOMPARE(kept.newShape.pen, 1);
         QCOMPARE(kept.newShape.hatch.fillType, FillType::None);
     }
@@ -40,6 +41,7 @@ private Q_SLOTS:
         chosen.autosaveSeconds = 17;
         chosen.newDrawing.fieldMm = QRect(0, -110, 110, 110);
         chosen.newDrawing.curveToleranceMm = 0.0123;
+        chosen.newDrawing.isExportYUp = true;
         chosen.newShape.pen = 16;
         chosen.newShape.hatch.fillType = FillType::ULine;
         chosen.newShape.hatch.spac = 0.05;

@@ -1,4 +1,4 @@
-#include <studio/panel/TypedMeasure.h>
+#include <studio/measures/TypedMeasure.h>
 
 #include <QtCore/QRandomGenerator>
 #include <QtTest/QTest>

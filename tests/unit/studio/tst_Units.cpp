@@ -1,6 +1,6 @@
 #include <studio/choices/Units.h>
-#include <studio/panel/TypedMeasure.h>
-#include <studio/text/MeasureBox.h>
+#include <studio/measures/MeasureBox.h>
+#include <studio/measures/TypedMeasure.h>
 
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>

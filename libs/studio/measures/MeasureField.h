@@ -32,6 +32,16 @@ public:
         double most;
     };
 
+    /**
+     * What is wrong with a typed text, with the permitted range, for people; empty if nothing is,
+     * and `value` is what it says. Every widget for a measure reads by it.
+     */
+    static QString reasonAgainst(const QString &text, Quantity quantity, const Range &range,
+                                 double *value);
+
+    /** Shows a field as wrong, or as right. */
+    static void colourFault(QWidget &field, bool isWrong);
+
     MeasureField(Quantity quantity, const Range &range, QWidget *parent = nullptr);
 
     /** Shows a value, unless it is shown already: then an entry under way stays. */
@@ -86,11 +96,7 @@ private:
     void renew();
     bool isForTheWindow(const QKeyEvent &key) const;
     void check();
-    QString numberText(double value) const;
     void setFault(const QString &reason);
-    QString reasonAgainst(const QString &text, double *value) const;
-    QString rangeText() const;
-    void colour();
 
     const Quantity m_quantity;
     Range m_range;

@@ -1,7 +1,7 @@
-#include <studio/panel/MeasureField.h>
+#include <studio/measures/MeasureField.h>
 
 #include <studio/choices/Units.h>
-#include <studio/panel/TypedMeasure.h>
+#include <studio/measures/TypedMeasure.h>
 
 #include <QtCore/QEvent>
 #include <QtGui/QFocusEvent>
@@ -38,7 +38,59 @@ TypedMeasure readAs(MeasureField::Quantity quantity, const QString &text)
     return {};
 }
 
+QString numberText(MeasureField::Quantity quantity, double value)
+{
+    const bool isInch =
+        quantity == MeasureField::Quantity::Length && units::unit() == LengthUnit::Inch;
+    return isInch ? measureText(value / units::unitMm(), kInchDecimals) : measureText(value);
+}
+
+QString rangeText(MeasureField::Quantity quantity, const MeasureField::Range &range)
+{
+    const QString least = numberText(quantity, range.least);
+    const QString most = numberText(quantity, range.most);
+    switch (quantity) {
+    case MeasureField::Quantity::Length:
+        return MeasureField::tr("%1 to %2 %3").arg(least, most, units::name());
+    case MeasureField::Quantity::Angle:
+        return MeasureField::tr("%1° to %2°").arg(least, most);
+    case MeasureField::Quantity::Percent:
+        return MeasureField::tr("%1 to %2 %").arg(least, most);
+    case MeasureField::Quantity::Count:
+        return MeasureField::tr("%1 to %2").arg(least, most);
+    }
+    return {};
+}
+
 } // namespace
+
+QString MeasureField::reasonAgainst(const QString &text, Quantity quantity, const Range &range,
+                                    double *value)
+{
+    const TypedMeasure typed = readAs(quantity, text);
+    QString reason;
+    if (!typed.isRight())
+        reason = faultText(typed);
+    else if (typed.value < range.least)
+        reason = tr("Too small");
+    else if (typed.value > range.most)
+        reason = tr("Too large");
+    else if (quantity == Quantity::Count && typed.value != std::floor(typed.value))
+        reason = tr("Not a whole number");
+    *value = typed.value;
+    return reason.isEmpty() ? reason
+                            : tr("%1. Permitted: %2").arg(reason, rangeText(quantity, range));
+}
+
+void MeasureField::colourFault(QWidget &field, bool isWrong)
+{
+    QPalette colours;
+    if (isWrong) {
+        const QColor base = QApplication::palette(&field).color(QPalette::Base);
+        colours.setColor(QPalette::Base, mixed(base, Qt::red, kWrongShare));
+    }
+    field.setPalette(colours);
+}
 
 MeasureField::MeasureField(Quantity quantity, const Range &range, QWidget *parent)
     : QLineEdit(parent), m_quantity(quantity), m_range(range)
@@ -71,7 +123,7 @@ void MeasureField::show(Content content, std::optional<double> value)
 
 void MeasureField::renew()
 {
-    m_shownText = m_value ? numberText(*m_value) : QString();
+    m_shownText = m_value ? numberText(m_quantity, *m_value) : QString();
     setPlaceholderText(m_content == Content::Differing ? tr("differs") : QString());
     m_isCommitted = false;
     setText(m_shownText);
@@ -157,16 +209,11 @@ void MeasureField::changeEvent(QEvent *event)
     check();
 }
 
-QString MeasureField::numberText(double value) const
-{
-    const bool isInch = m_quantity == Quantity::Length && units::unit() == LengthUnit::Inch;
-    return isInch ? measureText(value / units::unitMm(), kInchDecimals) : measureText(value);
-}
-
 void MeasureField::commit()
 {
     double value = 0.0;
-    if (!isEdited() || m_isCommitted || !reasonAgainst(text(), &value).isEmpty())
+    if (!isEdited() || m_isCommitted ||
+        !reasonAgainst(text(), m_quantity, m_range, &value).isEmpty())
         return;
     // Until whoever listens shows what became of it.
     m_isCommitted = true;
@@ -177,46 +224,13 @@ void MeasureField::check()
 {
     m_isCommitted = false;
     double value = 0.0;
-    setFault(isEdited() ? reasonAgainst(text(), &value) : QString());
+    setFault(isEdited() ? reasonAgainst(text(), m_quantity, m_range, &value) : QString());
 }
 
 void MeasureField::setHint(const QString &hint)
 {
     m_hint = hint;
     setToolTip(m_fault.isEmpty() ? m_hint : m_fault);
-}
-
-QString MeasureField::reasonAgainst(const QString &text, double *value) const
-{
-    const TypedMeasure typed = readAs(m_quantity, text);
-    QString reason;
-    if (!typed.isRight())
-        reason = faultText(typed);
-    else if (typed.value < m_range.least)
-        reason = tr("Too small");
-    else if (typed.value > m_range.most)
-        reason = tr("Too large");
-    else if (m_quantity == Quantity::Count && typed.value != std::floor(typed.value))
-        reason = tr("Not a whole number");
-    *value = typed.value;
-    return reason.isEmpty() ? reason : tr("%1. Permitted: %2").arg(reason, rangeText());
-}
-
-QString MeasureField::rangeText() const
-{
-    const QString least = numberText(m_range.least);
-    const QString most = numberText(m_range.most);
-    switch (m_quantity) {
-    case Quantity::Length:
-        return tr("%1 to %2 %3").arg(least, most, units::name());
-    case Quantity::Angle:
-        return tr("%1° to %2°").arg(least, most);
-    case Quantity::Percent:
-        return tr("%1 to %2 %").arg(least, most);
-    case Quantity::Count:
-        return tr("%1 to %2").arg(least, most);
-    }
-    return {};
 }
 
 void MeasureField::setFault(const QString &reason)
@@ -226,18 +240,8 @@ void MeasureField::setFault(const QString &reason)
     m_fault = reason;
     setToolTip(reason.isEmpty() ? m_hint : reason);
     setAccessibleDescription(reason);
-    colour();
+    colourFault(*this, !m_fault.isEmpty());
     Q_EMIT faultChanged(reason);
-}
-
-void MeasureField::colour()
-{
-    QPalette colours;
-    if (!m_fault.isEmpty()) {
-        const QColor base = QApplication::palette(this).color(QPalette::Base);
-        colours.setColor(QPalette::Base, mixed(base, Qt::red, kWrongShare));
-    }
-    setPalette(colours);
 }
 
 } // namespace studio

@@ -1,4 +1,4 @@
-#include <studio/panel/TypedMeasure.h>
+#include <studio/measures/TypedMeasure.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QLocale>
@@ -15,6 +15,9 @@ constexpr int kMostCharacters = 200;
 
 /** Limit: no field of the program has a use for more, in either direction. */
 constexpr double kMost = 1e9;
+
+/** Limit: of plain numbers, such as those of counters: whole ones are exact up to here. */
+constexpr double kMostNumber = 9007199254740991.0;
 
 /** A word that multiplies what stands before it. */
 struct Unit
@@ -56,6 +59,7 @@ struct Units
 {
     const Unit *first;
     int count;
+    double most = kMost; ///< of what is typed
 
     const Unit *find(const QString &name) const
     {
@@ -99,7 +103,7 @@ public:
         if (!isFine())
             return {0.0, m_fault, m_part};
         const double value = measured(term) + 0.0; // turns -0 into 0
-        if (!std::isfinite(value) || std::abs(value) > kMost)
+        if (!std::isfinite(value) || std::abs(value) > m_units.most)
             return {0.0, MeasureFault::Huge, {}};
         return {value, MeasureFault::None, {}};
     }
@@ -323,7 +327,10 @@ TypedMeasure readLength(const QString &text, double unitMm)
 
 TypedMeasure readAngle(const QString &text) { return readIn(text, table(kAngles), 1.0); }
 
-TypedMeasure readNumber(const QString &text) { return readIn(text, {nullptr, 0}, 1.0); }
+TypedMeasure readNumber(const QString &text)
+{
+    return readIn(text, {nullptr, 0, kMostNumber}, 1.0);
+}
 
 QString faultText(const TypedMeasure &measure)
 {
