@@ -8,6 +8,7 @@
 #include <QtWidgets/QProxyStyle>
 #include <QtWidgets/QStyle>
 #include <QtWidgets/QStyleFactory>
+#include <QtWidgets/QStyleOption>
 #include <QtWidgets/QToolBar>
 #include <QtWidgets/QToolButton>
 #include <QtWidgets/QToolTip>
@@ -130,6 +131,24 @@ public:
         for (const int side : {10, 16, 20, 32, 48})
             icon.addPixmap(pictureOf(glyph, side));
         return icon;
+    }
+
+    // Fusion frames boxes in what it mixes from the window's colour, which nobody sees on dark.
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override
+    {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        const bool isBox =
+            element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck;
+        if (g_theme != Theme::Dark || !(isBox || element == PE_IndicatorRadioButton))
+            return;
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing, !isBox);
+        painter->setPen(QPen(kDark.pale, 1.0));
+        painter->setBrush(Qt::NoBrush);
+        const QRectF frame = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+        isBox ? painter->drawRect(frame) : painter->drawEllipse(frame);
+        painter->restore();
     }
 
 private:

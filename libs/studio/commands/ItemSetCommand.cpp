@@ -2,11 +2,29 @@
 
 namespace studio {
 
+namespace {
+
+/**
+ * An item tells its size when it is first resized or turned. Told from the beginning, a step back
+ * leaves the drawing as it was to the last bit.
+ */
+void tellSizes(const ShapeItems &items)
+{
+    for (ShapeItem *item : items) {
+        item->boundingRect(); // paints what was not painted yet
+        if (item->getSize().isEmpty() && item->getShapeBase() != nullptr)
+            item->setSize(item->getShapeBase()->controlPointRect().size());
+    }
+}
+
+} // namespace
+
 AddItemsCommand::AddItemsCommand(ZTShapeManager *shapeManager, const ShapeItems &items,
                                  const ShapeItems &selected, const QString &text)
     : QUndoCommand(text), m_manager(shapeManager), m_store(shapeManager, items),
       m_selectedBefore(guarded(selected))
 {
+    tellSizes(items);
 }
 
 void AddItemsCommand::undo()

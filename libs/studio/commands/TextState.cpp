@@ -33,7 +33,7 @@ void showChanged(ZTAbstractGraphicsTextItem &item)
 }
 
 TextState::TextState(const ZTAbstractGraphicsTextItem &item)
-    : m_rectMm(wordsShapeOf(item).getRect())
+    : m_rectMm(wordsShapeOf(item).getRect()), m_sizePx(item.getSize())
 {
     QDataStream stream(&m_record, QIODevice::WriteOnly);
     wordsShapeOf(item).save(stream);
@@ -47,6 +47,7 @@ void TextState::restore(ZTAbstractGraphicsTextItem &item) const
     item.load(stream);
     wordsShapeOf(item).setRect(m_rectMm);
     wordsShapeOf(item).paint();
+    item.setSize(m_sizePx);
     showChanged(item);
 }
 

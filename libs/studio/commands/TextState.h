@@ -3,6 +3,7 @@
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 #include <QtCore/QByteArray>
+#include <QtCore/QSizeF>
 
 namespace studio {
 
@@ -24,6 +25,7 @@ public:
 private:
     QByteArray m_record; ///< as in a drawing's stream
     QRectF m_rectMm;     ///< reading the record computes it anew
+    QSizeF m_sizePx;     ///< that the item told last
 };
 
 /** The text behind an item; every text item has one. Owner: the item. */

@@ -19,7 +19,7 @@ namespace {
 
 const QString kFolder = QStringLiteral(":/studio/");
 const QSize kFirstSize(900, 640);
-constexpr int kChaptersWidth = 200;
+constexpr int kChaptersWidth = 250;
 
 /**
  * Lines of a paragraph belong together; only between words of Latin letters a line end is a blank.

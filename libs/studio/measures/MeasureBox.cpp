@@ -49,6 +49,7 @@ MeasureBox::MeasureBox(const Range &rangeMm, QWidget *parent)
 void MeasureBox::watchEntry()
 {
     connect(lineEdit(), &QLineEdit::textChanged, this, &MeasureBox::check);
+    connect(this, &QDoubleSpinBox::editingFinished, this, &MeasureBox::keepAsEntered);
 }
 
 void MeasureBox::setMeasure(double number)
@@ -57,6 +58,7 @@ void MeasureBox::setMeasure(double number)
     m_given = number;
     setValue(number / m_factor);
     m_shown = value();
+    m_entered = number;
     check();
 }
 
@@ -128,6 +130,13 @@ void MeasureBox::stepBy(int steps)
     if (!m_fault.isEmpty())
         takeBack();
     QDoubleSpinBox::stepBy(steps);
+    keepAsEntered();
+}
+
+void MeasureBox::keepAsEntered()
+{
+    if (m_fault.isEmpty())
+        m_entered = measure();
 }
 
 void MeasureBox::keyPressEvent(QKeyEvent *event)
@@ -195,12 +204,34 @@ void MeasureBox::check()
     const QString text = lineEdit()->text();
     double shownValue = 0.0;
     setFault(isShown(text) ? QString() : reasonAgainst(text, &shownValue));
+    if (!m_fault.isEmpty())
+        goBack();
+}
+
+/** Of a wrong entry nothing stays but its text: what its beginning gave is taken back. */
+void MeasureBox::goBack()
+{
+    if (measure() == m_entered)
+        return;
+    const QString entry = lineEdit()->text();
+    const int cursor = lineEdit()->cursorPosition();
+    {
+        const QSignalBlocker quiet(this);
+        const QSignalBlocker quietEntry(lineEdit());
+        m_given = m_entered;
+        setValue(m_given / m_factor);
+        m_shown = value();
+        lineEdit()->setText(entry);
+        lineEdit()->setCursorPosition(cursor);
+    }
+    Q_EMIT valueChanged(value());
 }
 
 void MeasureBox::takeBack()
 {
     lineEdit()->setText(textFromValue(value()) + suffix());
     selectAll();
+    check();
 }
 
 void MeasureBox::setFault(const QString &reason)

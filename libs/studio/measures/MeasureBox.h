@@ -70,6 +70,8 @@ private:
     void takeUnit();
     void check();
     void takeBack();
+    void goBack();
+    void keepAsEntered();
     bool isShown(const QString &text) const;
     void setFault(const QString &reason);
     QString reasonAgainst(QString text, double *shownValue) const;
@@ -78,7 +80,8 @@ private:
     MeasureField::Quantity m_quantity;
     double m_factor = 1.0; ///< of what is shown
     double m_given = 0.0;
-    double m_shown = 0.0; ///< as the box shows what it was given
+    double m_shown = 0.0;   ///< as the box shows what it was given
+    double m_entered = 0.0; ///< the measure before the present entry
     QString m_fault;
     QString m_hint; ///< tool tip while the entry is right
 };
