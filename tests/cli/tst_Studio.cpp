@@ -84,7 +84,7 @@ private Q_SLOTS:
         run({QStringLiteral("--headless"), QStringLiteral("--out"), out(), drawing});
         QCOMPARE(exitCode, 1);
         QVERIFY2(stderrText.contains(
-                     QStringLiteral("warning: outside the work area: imported drawing 0 (x ")),
+                     QStringLiteral("warning: outside the work area: path 0 (x ")),
                  qPrintable(stderrText));
         QVERIFY(!QFile::exists(paths));
         run({QStringLiteral("--headless"), QStringLiteral("--outside"), QStringLiteral("--out"),
