@@ -1423,6 +1423,18 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>Some of it was left out or is damaged. Compare the drawing with its source before marking it.</source>
         <translation>部分内容被略去或已损坏。标刻前请将图形与原文件核对。</translation>
     </message>
+    <message>
+        <source>Cleaning %1...</source>
+        <translation>正在清理 %1...</translation>
+    </message>
+    <message>
+        <source>Importing %1...</source>
+        <translation>正在导入 %1...</translation>
+    </message>
+    <message>
+        <source>Reading %1...</source>
+        <translation>正在读取 %1...</translation>
+    </message>
 </context>
 <context>
     <name>studio::InPlaceEditor</name>
@@ -1698,10 +1710,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>文本</translation>
     </message>
     <message>
-        <source>Imported drawing</source>
-        <translation>导入的图纸</translation>
-    </message>
-    <message>
         <source>Shape</source>
         <translation>图形</translation>
     </message>
@@ -1720,6 +1728,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>%1 %2 &quot;%3&quot;</source>
         <translation>%1 %2“%3”</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>路径</translation>
     </message>
 </context>
 <context>
@@ -2393,6 +2405,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Re-import</source>
         <translation>重新导入</translation>
+    </message>
+    <message>
+        <source>Corner nodes</source>
+        <translation>设为尖角节点</translation>
     </message>
 </context>
 <context>
@@ -5428,6 +5444,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>What is selected came from no file</source>
         <translation>选中的图形不是来自文件</translation>
+    </message>
+    <message>
+        <source>Importing %1 again...</source>
+        <translation>正在重新导入 %1...</translation>
     </message>
 </context>
 <context>
