@@ -5499,4 +5499,27 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>合计</translation>
     </message>
 </context>
+<context>
+    <name>studio::PictureLookDialog</name>
+    <message>
+        <source>&amp;Arrows of direction</source>
+        <translation>方向箭头(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Jumps, and where the head begins</source>
+        <translation>空跳及起始位置(&amp;J)</translation>
+    </message>
+    <message>
+        <source>E&amp;xport</source>
+        <translation>导出(&amp;X)</translation>
+    </message>
+    <message>
+        <source>Picture of the mark paths</source>
+        <translation>标刻路径图片</translation>
+    </message>
+    <message>
+        <source>White &amp;background</source>
+        <translation>白色背景(&amp;B)</translation>
+    </message>
+</context>
 </TS>
