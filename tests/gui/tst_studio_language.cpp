@@ -1,8 +1,12 @@
 #include "StudioWindow.h"
 
+#include <studio/text/TextTools.h>
+
 #include <QtCore/QRegularExpression>
+#include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QCheckBox>
+#include <QtWidgets/QComboBox>
 #include <QtWidgets/QDockWidget>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMenu>
@@ -10,6 +14,7 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSpinBox>
 #include <QtWidgets/QStatusBar>
+#include <QtWidgets/QTabBar>
 #include <QtWidgets/QToolBar>
 #include <QtWidgets/QTreeWidget>
 
@@ -133,6 +138,40 @@ private Q_SLOTS:
         QCOMPARE(texts(), english);
     }
 
+    /**
+     * With every panel and every dialog that stays open: what the switch leaves behind is what a
+     * window says that came up in the other language, in every text and tip.
+     */
+    void everythingOpen_switchesAll_data()
+    {
+        QTest::addColumn<int>("kind");
+        for (const ShapeType type : {ShapeType::Rect, ShapeType::Ellipse, ShapeType::Polygon,
+                                     ShapeType::Line, ShapeType::Text, ShapeType::VecGraph})
+            QTest::addRow("%s selected", ShapeType2String(type)) << int(type);
+        QTest::newRow("code selected") << -1;
+        QTest::newRow("nothing selected") << -2;
+        QTest::newRow("several selected") << -3;
+    }
+
+    void everythingOpen_switchesAll()
+    {
+        QFETCH(int, kind);
+        openEverything(kind);
+        const QStringList english = allTexts();
+        QVERIFY2(english.size() > 500, qPrintable(QString::number(english.size())));
+        choose("chinese");
+        settle();
+        const QStringList switched = allTexts();
+        choose("english");
+        settle();
+        QCOMPARE(differences(allTexts(), english), QString());
+        studio.reset();
+        studio = std::make_unique<StudioWindow>();
+        choose("chinese");
+        openEverything(kind);
+        QCOMPARE(differences(switched, allTexts()), QString());
+    }
+
     void choice_isRemembered()
     {
         choose("chinese");
@@ -219,6 +258,113 @@ private:
             found << label->text() << label->toolTip();
         found.removeAll(QString());
         return found;
+    }
+
+    /** All panels, and all windows that leave the drawing free, with one of each kind of shape. */
+    void openEverything(int kind)
+    {
+        studio::ShapeItems chosen;
+        for (const char *command : {"create.rectangle", "create.ellipse", "create.polygon",
+                                    "create.line", "create.text", "create.code"})
+            QVERIFY(studio->run(command));
+        studio->window->text().finishTyping();
+        for (ShapeItem *item : studio::shapeItemsOf(*studio->document().scene())) {
+            if (auto *words = qobject_cast<ZTGraphicsTextItem *>(item))
+                words->setText(str("A"));
+        }
+        studio->document().itemMag()->addShape(ShapeType::VecGraph, {0, 0, 10, 10});
+        for (ShapeItem *item : studio::shapeItemsOf(*studio->document().scene())) {
+            const bool isCode = codekit::codeItem(item) != nullptr;
+            if (kind == -3 || (kind == -1 && isCode) ||
+                (!isCode && int(item->getShapeType()) == kind))
+                chosen << item;
+        }
+        QCOMPARE(chosen.isEmpty(), kind == -2);
+        studio->select(chosen);
+        for (QDockWidget *dock : studio->window->findChildren<QDockWidget *>())
+            dock->show();
+        if (!chosen.isEmpty()) {
+            QVERIFY(studio->run("arrange.matrix"));
+            QVERIFY(studio->run("arrange.circle"));
+        }
+        for (const char *command :
+             {"tools.verifyCodes", "job.preview", "help.manual", "help.shortcuts"})
+            QVERIFY(studio->run(command));
+        settle();
+    }
+
+    static void settle()
+    {
+        for (int i = 0; i < 5; ++i)
+            QCoreApplication::processEvents();
+    }
+
+    /** What all widgets say: each a line, with who says it. */
+    static QStringList allTexts()
+    {
+        QStringList found;
+        for (const QWidget *widget : QApplication::allWidgets()) {
+            const QString who =
+                QLatin1String(widget->metaObject()->className()) + QLatin1Char(' ') +
+                (widget->objectName().startsWith(str("qt_")) ? QString() : widget->objectName());
+            const auto take = [&](const QString &text) {
+                if (!text.isEmpty())
+                    found << who + str(": ") + text;
+            };
+            for (const char *property :
+                 {"text", "title", "windowTitle", "toolTip", "statusTip", "placeholderText",
+                  "accessibleName", "accessibleDescription", "suffix", "specialValueText"})
+                take(widget->property(property).toString());
+            for (const QAction *action : widget->actions()) {
+                take(action->text());
+                take(action->toolTip());
+                take(action->statusTip());
+            }
+            takeRows(*widget, take);
+        }
+        found.sort();
+        return found;
+    }
+
+    /** Tabs, entries of lists, headers and cells. */
+    template <class Take>
+    static void takeRows(const QWidget &widget, const Take &take)
+    {
+        if (const auto *tabs = qobject_cast<const QTabBar *>(&widget)) {
+            for (int tab = 0; tab < tabs->count(); ++tab) {
+                take(tabs->tabText(tab));
+                take(tabs->tabToolTip(tab));
+            }
+        }
+        if (const auto *box = qobject_cast<const QComboBox *>(&widget)) {
+            for (int entry = 0; entry < box->count(); ++entry)
+                take(box->itemText(entry));
+        }
+        const auto *view = qobject_cast<const QAbstractItemView *>(&widget);
+        if (view == nullptr || view->model() == nullptr)
+            return;
+        const QAbstractItemModel &model = *view->model();
+        for (int column = 0; column < model.columnCount(); ++column) {
+            take(model.headerData(column, Qt::Horizontal).toString());
+            take(model.headerData(column, Qt::Horizontal, Qt::ToolTipRole).toString());
+            for (int row = 0; row < qMin(model.rowCount(), 100); ++row) {
+                take(model.index(row, column).data().toString());
+                take(model.index(row, column).data(Qt::ToolTipRole).toString());
+            }
+        }
+    }
+
+    /** What one has and the other has not; empty where they are the same. */
+    static QString differences(const QStringList &found, const QStringList &expected)
+    {
+        QStringList more = found;
+        QStringList missing;
+        for (const QString &text : expected) {
+            if (!more.removeOne(text))
+                missing << text;
+        }
+        return (missing.isEmpty() ? QString() : str("missing ") + missing.join(str("; "))) +
+               (more.isEmpty() ? QString() : str(" unexpected ") + more.join(str("; ")));
     }
 
     QAction *languageAction(const char *choice)

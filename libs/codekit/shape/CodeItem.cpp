@@ -2,7 +2,9 @@
 
 #include <codekit/shape/CodeOverlay_p.h>
 
-#include <hostkit/items/HatchLook.h>
+#include <hostkit/items/HatchedShape.h>
+
+#include <QtGui/QPainter>
 
 #include <cmath>
 
@@ -32,7 +34,8 @@ QPolygonF shownPx(const QRectF &rectMm, const QTransform &transform)
 
 } // namespace
 
-CodeItem::CodeItem(CodeKind kind) : m_code(new CodeShape(kind)), m_overlay(new CodeOverlay(this))
+CodeItem::CodeItem(CodeKind kind)
+    : m_code(new hostkit::HatchedShape<CodeShape>(*this, kind)), m_overlay(new CodeOverlay(this))
 {
     shape = m_code;
     shapeType = shapeTypeOf(kind);
@@ -49,7 +52,8 @@ void CodeItem::copy(ZTAbstractGraphicsItem *source)
         source != nullptr ? dynamic_cast<const CodeShape *>(source->getShapeBase()) : nullptr;
     if (copied == nullptr)
         return;
-    auto *copy = new CodeShape(*copied); // first: an item may be copied onto itself
+    auto *copy = new hostkit::HatchedShape<CodeShape>(
+        *this, *copied); // first: an item may be copied onto itself
     replaceShape(copy);
     m_code = copy;
     shapeType = m_code->getShapeType();
@@ -63,6 +67,16 @@ bool CodeItem::load(QDataStream &stream)
     shapeType = shapeTypeOf(settings().spec.kind);
     followShape();
     return true;
+}
+
+void CodeItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget)
+{
+    if (m_code->isUpdate()) {
+        m_code->paint();
+        noteChangedGeometry();
+    }
+    if (!hostkit::paintHatchPens(*painter, *this, widget))
+        ZTAbstractGraphicsTextItem::paint(painter, option, widget);
 }
 
 QString CodeItem::text() const { return m_code->text(); }
@@ -98,21 +112,6 @@ void CodeItem::setTransformParam(const QTransform &transform)
 {
     ZTAbstractGraphicsTextItem::setTransformParam(transform);
     followShape();
-}
-
-void CodeItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget)
-{
-    const double share = hostkit::hatchStrength(widget);
-    const bool hasHatch = m_code->getFillParam().fillType != FillType::None;
-    if (share >= 1.0 || !hasHatch) {
-        ZTAbstractGraphicsTextItem::paint(painter, option, widget);
-        return;
-    }
-    if (m_code->isUpdate()) {
-        m_code->paint();
-        noteChangedGeometry();
-    }
-    hostkit::paintPaleHatch(*painter, *m_code, hostkit::hatchLayersOf(*this), share);
 }
 
 void CodeItem::scale(double x, double y)

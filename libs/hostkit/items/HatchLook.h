@@ -12,7 +12,7 @@ namespace hostkit {
 
 /**
  * Lets hatch lines look paler than outlines in a view, so that the outlines can be told in a dense
- * hatch. Items that know of it (those of `jobkit` and `codekit`) then paint the hatch below the
+ * hatch. Items that paint by `paintHatchPens` then paint the hatch below the
  * outline. It is a look of this view alone: pictures, prints and marks know nothing of it, and a
  * view that was not asked paints as it always did.
  *

@@ -8,6 +8,8 @@ namespace jobkit {
  * and `hostkit`'s items in everything else, and follow `hostkit::setHatchStrength`. Further calls
  * change nothing.
  *
+ * Also gives the process its `hostkit::hatchDrawer`, through which codes draw all their hatches.
+ *
  * Order: before `hostkit::registerFactories`, which leaves what is registered; before the first
  * document.
  */
