@@ -7,6 +7,7 @@
 #include <studio/canvas/ShapePlace.h>
 #include <studio/code/CodeEdit.h>
 #include <studio/commands/ExtrasCommand.h>
+#include <studio/commands/FramePause.h>
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/commands/ItemValueCommand.h>
 #include <studio/commands/MoveItemsCommand.h>
@@ -31,6 +32,17 @@ namespace {
 
 constexpr double kDuplicateOffsetMm = 5.0;
 
+bool isResize(const QUndoCommand &step)
+{
+    if (dynamic_cast<const ZTItemTransformCommand *>(&step) != nullptr)
+        return true;
+    for (int i = 0; i < step.childCount(); ++i) {
+        if (isResize(*step.child(i)))
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 DocumentActions::DocumentActions(ZTGraphicsDocument &edited, QObject *parent)
@@ -42,8 +54,22 @@ DocumentActions::DocumentActions(ZTGraphicsDocument &edited, QObject *parent)
             &DocumentActions::followSelection);
 }
 
+// The library tells the sizes of a drag of a handle only when it is done again: told at once, the
+// drawing is the same both times.
+void DocumentActions::tellSizes()
+{
+    const QUndoStack &stack = *m_document.undoStack();
+    const QUndoCommand *step = stack.index() > 0 ? stack.command(stack.index() - 1) : nullptr;
+    if (step == nullptr || stack.canRedo() || !isResize(*step))
+        return;
+    const FramePause pause(*m_document.scene());
+    for (ShapeItem *item : selected())
+        item->setSize(item->getShapeBase()->controlPointRect().size());
+}
+
 void DocumentActions::followSelection()
 {
+    tellSizes();
     ZTGraphicsResizeItem *frame = m_document.scene()->getGraphicsResizeItem();
     if (frame != nullptr && !frame->selectItem().isEmpty())
         frame->resizeFromChild();

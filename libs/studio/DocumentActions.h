@@ -84,6 +84,7 @@ private:
     ShapeItems copiesOfBlock(int rows, int columns, const QSizeF &gapMm) const;
     void setUpNew(ShapeItem &item) const;
     void recordCreated(ShapeItem *item);
+    void tellSizes();
     void followSelection();
     ShapeItems selected() const;
     void push(QUndoCommand *command);

@@ -1,4 +1,4 @@
-#include "StudioWindow.h"
+#include "TextWindow.h"
 
 #include <studio/text/TextTools.h>
 
@@ -32,7 +32,11 @@ class tst_studio_language : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { studio = std::make_unique<StudioWindow>(); }
+    void init()
+    {
+        testsupport::makeTinyFonts();
+        studio = std::make_unique<StudioWindow>();
+    }
     void cleanup() { studio.reset(); }
 
     void atFirst_theSystemDecides()
@@ -169,7 +173,8 @@ private Q_SLOTS:
         studio = std::make_unique<StudioWindow>();
         choose("chinese");
         openEverything(kind);
-        QCOMPARE(differences(switched, allTexts()), QString());
+        QVERIFY2(differences(switched, allTexts()).isEmpty(),
+                 qPrintable(differences(switched, allTexts())));
     }
 
     void choice_isRemembered()
@@ -268,6 +273,9 @@ private:
                                     "create.line", "create.text", "create.code"})
             QVERIFY(studio->run(command));
         studio->window->text().finishTyping();
+        for (QDialog *dialog : studio->window->findChildren<QDialog *>()) // of the new code
+            dialog->accept();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         for (ShapeItem *item : studio::shapeItemsOf(*studio->document().scene())) {
             if (auto *words = qobject_cast<ZTGraphicsTextItem *>(item))
                 words->setText(str("A"));
@@ -304,11 +312,16 @@ private:
     {
         QStringList found;
         for (const QWidget *widget : QApplication::allWidgets()) {
+            // Qt makes menus of its own where a bar has no room for all of its entries.
+            if (qobject_cast<const QMenu *>(widget) != nullptr && widget->objectName().isEmpty())
+                continue;
             const QString who =
                 QLatin1String(widget->metaObject()->className()) + QLatin1Char(' ') +
                 (widget->objectName().startsWith(str("qt_")) ? QString() : widget->objectName());
             const auto take = [&](const QString &text) {
-                if (!text.isEmpty())
+                // Figures are not the language's: places, times.
+                static const QRegularExpression worded(str("\\p{L}"));
+                if (text.contains(worded))
                     found << who + str(": ") + text;
             };
             for (const char *property :
@@ -322,6 +335,9 @@ private:
             }
             takeRows(*widget, take);
         }
+        // Places and times are not the language's, and texts of other words have other sizes.
+        static const QRegularExpression figures(str("-?[0-9]+([.][0-9]+)?"));
+        found.replaceInStrings(figures, str("#"));
         found.sort();
         return found;
     }
@@ -344,10 +360,14 @@ private:
         if (view == nullptr || view->model() == nullptr)
             return;
         const QAbstractItemModel &model = *view->model();
+        // The engine's own list shows what texts said when they were made.
+        const bool isContent =
+            widget.objectName() == str("objectTree") ||
+            (widget.parent() != nullptr && widget.parent()->objectName() == str("objectTree"));
         for (int column = 0; column < model.columnCount(); ++column) {
             take(model.headerData(column, Qt::Horizontal).toString());
             take(model.headerData(column, Qt::Horizontal, Qt::ToolTipRole).toString());
-            for (int row = 0; row < qMin(model.rowCount(), 100); ++row) {
+            for (int row = 0; row < (isContent ? 0 : qMin(model.rowCount(), 100)); ++row) {
                 take(model.index(row, column).data().toString());
                 take(model.index(row, column).data(Qt::ToolTipRole).toString());
             }
@@ -396,5 +416,5 @@ private:
     std::unique_ptr<StudioWindow> studio;
 };
 
-QTEST_MAIN(tst_studio_language)
+int main(int argc, char **argv) { return runTextTest<tst_studio_language>(argc, argv); }
 #include "tst_studio_language.moc"

@@ -1,17 +1,13 @@
 #include "StudioWindow.h"
 
-#include "support/DrawingBytes.h"
-
-#include <studio/ShapeOrder.h>
 #include <studio/commands/ExtrasCommand.h>
 #include <studio/list/ShapeList.h>
 #include <studio/list/ShapeListModel.h>
 #include <studio/list/ShapeListView.h>
+#include <studio/list/ShapeOrder.h>
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QMimeData>
-#include <QtCore/QTimer>
-#include <QtGui/QWindow>
 #include <QtWidgets/QDockWidget>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
@@ -64,8 +60,7 @@ private Q_SLOTS:
         settle();
         QCOMPARE(cell(1, ShapeListModel::Name).data().toString(), QStringLiteral("Rectangle"));
         QCOMPARE(cell(1, ShapeListModel::Kind).data().toString(), QStringLiteral("Rectangle"));
-        QCOMPARE(cell(0, ShapeListModel::Kind).data().toString(),
-                 QStringLiteral("Path"));
+        QCOMPARE(cell(0, ShapeListModel::Kind).data().toString(), QStringLiteral("Path"));
     }
 
     void click_selectsInTheDrawing_andTheOtherWayRound()
@@ -182,40 +177,6 @@ private Q_SLOTS:
         QCOMPARE(names(), QStringLiteral("one two three"));
     }
 
-    // The window system's own events; the drag and its drop are those that a user makes.
-    void rowsAreDragged_byTheMouse()
-    {
-        make({"one", "two", "three", "four"});
-        const QByteArray before = testsupport::savedBytes(studio->document());
-        dragRow(2, cellTop(0)); // the third before the first
-        QCOMPARE(names(), QStringLiteral("three one two four"));
-        QCOMPARE(studio->stack().count(), 1);
-        const QByteArray after = testsupport::savedBytes(studio->document());
-        QVERIFY(studio->run("edit.undo"));
-        QCOMPARE(names(), QStringLiteral("one two three four"));
-        QCOMPARE(testsupport::savedBytes(studio->document()), before);
-        QVERIFY(studio->run("edit.redo"));
-        QCOMPARE(testsupport::savedBytes(studio->document()), after);
-        // Two at once, to below the last; the drawing's selection goes with them.
-        clickCell(0, ShapeListModel::Name);
-        clickCell(1, ShapeListModel::Name, Qt::ControlModifier);
-        dragRow(1, cellBottom(3));
-        QCOMPARE(names(), QStringLiteral("two four three one"));
-        QVERIFY(m_items[0]->isSelected() && m_items[2]->isSelected());
-        QVERIFY(studio->run("edit.undo"));
-        QCOMPARE(names(), QStringLiteral("three one two four"));
-    }
-
-    void dragThatIsGivenUp_changesNothing()
-    {
-        make({"one", "two", "three"});
-        dragRow(2, cellTop(0), Qt::Key_Escape);
-        QCOMPARE(names(), QStringLiteral("one two three"));
-        QCOMPARE(studio->stack().count(), 0);
-        dragRow(2, cellTop(0)); // and the next one works
-        QCOMPARE(names(), QStringLiteral("three one two"));
-    }
-
     void groups_areBranches()
     {
         make({"one", "two", "three", "four"});
@@ -293,7 +254,7 @@ private Q_SLOTS:
         QVERIFY(menu != nullptr);
         QTRY_VERIFY(menu->isVisible());
         auto *order = menu->findChild<QMenu *>(QStringLiteral("orderOfShapesMenu"));
-        QVERIFY(order->actions().contains(studio->window->commands().action("order.first")));
+        QVERIFY(order->actions().contains(studio->window->commands().named("order.first")));
         menu->close();
     }
 
@@ -318,55 +279,6 @@ private Q_SLOTS:
     }
 
 private:
-    QPoint cellTop(int row)
-    {
-        const QRect at = view().visualRect(cell(row, ShapeListModel::Name));
-        return {at.center().x(), at.top() + 1};
-    }
-
-    QPoint cellBottom(int row)
-    {
-        const QRect at = view().visualRect(cell(row, ShapeListModel::Name));
-        return {at.center().x(), at.bottom()};
-    }
-
-    /** Presses on a row, drags it to a place of the view's viewport, and drops it there. */
-    void dragRow(int row, const QPoint &to, int givenUpBy = 0)
-    {
-        QWindow *window = studio->window->windowHandle();
-        const auto inWindow = [this](const QPoint &at) {
-            return view().viewport()->mapTo(studio->window.get(), at);
-        };
-        const QPoint from = view().visualRect(cell(row, ShapeListModel::Name)).center();
-        QTest::mousePress(window, Qt::LeftButton, {}, inWindow(from));
-        // The drag has an event loop of its own, in which the hand goes on.
-        QTimer hand;
-        hand.setInterval(0);
-        int step = 0;
-        connect(&hand, &QTimer::timeout, this, [&] {
-            switch (step++) {
-            case 0:
-            case 1:
-                QTest::mouseMove(window, inWindow(to) + QPoint(1 - step, 0));
-                break;
-            case 2:
-                if (givenUpBy != 0)
-                    QTest::keyClick(window, static_cast<Qt::Key>(givenUpBy));
-                QTest::mouseRelease(window, Qt::LeftButton, {}, inWindow(to));
-                break;
-            default:
-                hand.stop();
-            }
-        });
-        hand.start();
-        const QPoint towards =
-            from + QPoint(0, to.y() < from.y() ? -1 : 1) * (QApplication::startDragDistance() + 2);
-        QTest::mouseMove(window, inWindow(towards));
-        QTest::mouseMove(window, inWindow(towards + QPoint(1, 0)));
-        QTRY_VERIFY(!hand.isActive());
-        settle();
-    }
-
     studio::ShapeList &list() { return studio->window->list(); }
     studio::ShapeListView &view() { return list().view(); }
     QAbstractItemModel &model() { return *view().model(); }

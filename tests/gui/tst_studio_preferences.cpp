@@ -1,4 +1,4 @@
-#include "StudioWindow.h"
+#include "TextWindow.h"
 
 #include "support/DrawingBytes.h"
 
@@ -11,6 +11,8 @@
 
 #include <hostkit/drawing/ExportDirection.h>
 
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
 #include <QtTest/QSignalSpy>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
@@ -29,7 +31,11 @@ class tst_studio_preferences : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { studio = std::make_unique<StudioWindow>(); }
+    void init()
+    {
+        testsupport::makeTinyFonts();
+        studio = std::make_unique<StudioWindow>();
+    }
     void cleanup()
     {
         studio.reset();
@@ -88,7 +94,11 @@ private Q_SLOTS:
         press(QDialogButtonBox::Ok);
         QCOMPARE(studio->stack().count(), 1);
         // 30 to 40 mm below the origin, 500 marks a millimetre.
-        QVERIFY(exported().contains("\"yAxis\":\"up\",\n\"extent\":{\"x\":0,\"y\":-20000,"));
+        const QJsonObject marks = QJsonDocument::fromJson(exported()).object();
+        QCOMPARE(marks[QStringLiteral("yAxis")].toString(), QStringLiteral("up"));
+        const QJsonObject extent = marks[QStringLiteral("extent")].toObject();
+        QVERIFY(qAbs(extent[QStringLiteral("y")].toDouble() + 20000.0) < 0.01);
+        QVERIFY(qAbs(extent[QStringLiteral("height")].toDouble() - 5000.0) < 0.01);
         const QByteArray after = testsupport::savedBytes(studio->document());
         QVERIFY(after.contains("exportYUp"));
         studio->stack().undo();
@@ -410,5 +420,5 @@ private:
     std::unique_ptr<StudioWindow> studio;
 };
 
-QTEST_MAIN(tst_studio_preferences)
+int main(int argc, char **argv) { return runTextTest<tst_studio_preferences>(argc, argv); }
 #include "tst_studio_preferences.moc"

@@ -2,6 +2,7 @@
 
 #include <studio/code/CodeReader.h>
 
+#include <QtCore/QHash>
 #include <QtWidgets/QDialog>
 
 QT_BEGIN_NAMESPACE
@@ -34,8 +35,13 @@ public:
 
     bool isRunning() const { return m_reader.isRunning(); }
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
     void layOut();
+    void retranslate();
+    void showSummary();
     void stop();
     void finish();
     void add(int number, const codekit::CodeReading &reading);
@@ -43,11 +49,14 @@ private:
 
     ZTGraphicsDocument &m_document;
     CodeReader m_reader;
+    QHash<int, codekit::CodeReading> m_readings; ///< by the number of their codes
+    bool m_hasRun = false;
     int m_good = 0;
     int m_bad = 0;
     MeasureBox *m_beamBox;
     QProgressBar *m_progress;
     QLabel *m_summary;
+    QLabel *m_beamLabel;
     QTreeWidget *m_list;
     QPushButton *m_startButton = nullptr; ///< also stops
 };

@@ -224,13 +224,18 @@ void JobPanel::retranslate()
     m_innerFirst->setText(tr("&Inner outlines before outer ones"));
     m_preview->setText(tr("Pre&view"));
     m_export->setText(tr("E&xport job..."));
+    m_told->setText(m_times ? m_times() : QString());
     fillMaterials();
     Q_EMIT m_model->headerDataChanged(Qt::Horizontal, 0, PenModel::ColumnCount - 1);
 }
 
 void JobPanel::refresh() { m_model->setPens(pensOf(m_document)); }
 
-void JobPanel::tell(const QString &text) { m_told->setText(text); }
+void JobPanel::tell(const QString &text)
+{
+    m_times = {};
+    m_told->setText(text);
+}
 
 void JobPanel::showTimes(const Job *job)
 {
@@ -238,13 +243,16 @@ void JobPanel::showTimes(const Job *job)
         tell({});
         return;
     }
-    const jobkit::TimeSums &all = job->times.all;
-    QStringList pens;
-    for (const auto &pen : job->times.byPen)
-        pens << tr("pen %1 %2").arg(pen.first).arg(seconds(pen.second.totalS()));
-    tell(tr("%1 s a part (marking %2, jumps %3, delays %4; %5)")
-             .arg(seconds(all.totalS()), seconds(all.markS), seconds(all.jumpS),
-                  seconds(all.delayS), pens.join(QStringLiteral(", "))));
+    // Made anew in another language.
+    m_times = [all = job->times.all, byPen = job->times.byPen] {
+        QStringList pens;
+        for (const auto &pen : byPen)
+            pens << tr("pen %1 %2").arg(pen.first).arg(seconds(pen.second.totalS()));
+        return tr("%1 s a part (marking %2, jumps %3, delays %4; %5)")
+            .arg(seconds(all.totalS()), seconds(all.markS), seconds(all.jumpS), seconds(all.delayS),
+                 pens.join(QStringLiteral(", ")));
+    };
+    m_told->setText(m_times());
 }
 
 void JobPanel::editPens(const QVector<jobkit::Pen> &pens)

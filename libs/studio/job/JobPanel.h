@@ -8,6 +8,8 @@
 
 #include <QtWidgets/QWidget>
 
+#include <functional>
+
 QT_BEGIN_NAMESPACE
 class QCheckBox;
 class QComboBox;
@@ -94,6 +96,7 @@ private:
     QLabel *m_orderLabel;
     QLabel *m_hatchLabel;
     QLabel *m_told;
+    std::function<QString()> m_times; ///< what is told, if it is the times of a job
     QPushButton *m_preview;
     QPushButton *m_export;
 };

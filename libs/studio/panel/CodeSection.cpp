@@ -92,8 +92,11 @@ void CodeSection::follow(const ShapeItems &selected)
 
 void CodeSection::followPlaces(const ShapeItems &selected)
 {
-    if (!areCodes(selected))
+    if (!areCodes(selected)) {
+        m_summary->clear();
+        m_problem->clear();
         return;
+    }
     const codekit::CodeItem &first = *codekit::codeItem(selected.first());
     const bool isOne = selected.size() == 1;
     m_summary->setText(isOne ? codeSummary(first) : tr("%1 codes").arg(selected.size()));
