@@ -582,8 +582,12 @@ bool HpglInterpreter::carryOutPage(int wanted)
 /** Commands that draw nothing, and those that are left out with a note. */
 bool HpglInterpreter::passOver(int wanted)
 {
-    if (isOneOf(wanted, "CO BP ")) {
-        m_isSecondLanguage = m_isSecondLanguage || wanted == code("BP");
+    if (wanted == code("CO")) {
+        m_scanner.skipComment();
+        return true;
+    }
+    if (wanted == code("BP")) {
+        m_isSecondLanguage = true;
         m_scanner.skipQuoted();
         return true;
     }
