@@ -451,6 +451,17 @@ private Q_SLOTS:
         QCOMPARE(notesOf(mended), QStringLiteral("labels without their end x1 at byte 0"));
     }
 
+    void labels_held_areWrittenWhereTheyAreCalledFor()
+    {
+        const VectorDrawing drawing =
+            drawingOf("PU0,0;BLheld;PU9,9\x03PU40,40;PB;PU80,0;PBPU0,0;PD40,0;");
+        QCOMPARE(drawing.layers[0].texts.size(), 2);
+        QCOMPARE(drawing.layers[0].texts[0].text, QStringLiteral("held;PU9,9"));
+        QCOMPARE(drawing.layers[0].texts[0].positionMm, QPointF(1, -1));
+        QCOMPARE(drawing.layers[0].texts[1].positionMm, QPointF(2, 0));
+        QVERIFY(drawing.notes.isEmpty());
+    }
+
     void labels_letters_areReadAsTheyAreWritten()
     {
         QCOMPARE(textOf("LB\xE4\x03").text, QString::fromUtf8("ä"));
