@@ -1,5 +1,5 @@
-#include <studio/MainWindow.h>
 #include <studio/drawing/DrawingFiles.h>
+#include <studio/window/MainWindow.h>
 
 #include <hostkit/setup/Factories.h>
 

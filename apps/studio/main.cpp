@@ -1,7 +1,7 @@
 #include <studio/Headless.h>
-#include <studio/MainWindow.h>
-#include <studio/Messages.h>
 #include <studio/drawing/CrashGuard.h>
+#include <studio/program/Messages.h>
+#include <studio/window/MainWindow.h>
 
 #include <codekit/shape/CodeItem.h>
 #include <hostkit/setup/Factories.h>

@@ -1,8 +1,8 @@
 #include <studio/Headless.h>
 
-#include <studio/MainWindow.h>
 #include <studio/drawing/DrawingMessages.h>
 #include <studio/drawing/RecoveryStore.h>
+#include <studio/window/MainWindow.h>
 
 #include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/marks/MarkGraphWriter.h>

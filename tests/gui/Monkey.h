@@ -2,12 +2,12 @@
 
 #include "MonkeyHands.h"
 
-#include <studio/CommandTable.h>
 #include <studio/commands/ExtrasCommand.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/import/ImportDialog.h>
 #include <studio/list/ShapeList.h>
 #include <studio/list/ShapeListView.h>
+#include <studio/window/CommandTable.h>
 
 #include <hostkit/items/ItemExtras.h>
 

@@ -4,10 +4,10 @@
 
 #include "support/SceneDriver.h"
 
-#include <studio/CommandTable.h>
-#include <studio/DocumentActions.h>
-#include <studio/MainWindow.h>
-#include <studio/ViewNavigation.h>
+#include <studio/edit/DocumentActions.h>
+#include <studio/window/CommandTable.h>
+#include <studio/window/MainWindow.h>
+#include <studio/window/ViewNavigation.h>
 
 #include <QtCore/QMimeData>
 #include <QtGui/QDropEvent>

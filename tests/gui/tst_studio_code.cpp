@@ -2,11 +2,11 @@
 
 #include <codekit/shape/CodeItem.h>
 #include <hostkit/drawing/DrawingCapture.h>
-#include <studio/Exporter.h>
 #include <studio/code/CodeDialog.h>
 #include <studio/code/CodeEdit.h>
 #include <studio/code/CodeTools.h>
 #include <studio/code/VerifyDialog.h>
+#include <studio/export/Exporter.h>
 #include <studio/job/JobExporter.h>
 #include <studio/job/JobTools.h>
 #include <studio/text/TextTools.h>

@@ -1,8 +1,8 @@
 #include "TextWindow.h"
 
-#include <studio/DialogManners.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/preferences/PreferenceTools.h>
+#include <studio/window/DialogManners.h>
 
 #include <QtGui/QKeySequence>
 #include <QtWidgets/QDialog>

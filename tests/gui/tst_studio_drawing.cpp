@@ -1,9 +1,9 @@
 #include "StudioWindow.h"
 
-#include <studio/OrderMenu.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/drawing/RecentDrawings.h>
 #include <studio/drawing/RecentMenu.h>
+#include <studio/window/OrderMenu.h>
 
 #include <QtCore/QThreadPool>
 #include <QtCore/QTimer>

@@ -1,9 +1,9 @@
 #include "StudioWindow.h"
 
-#include <studio/Exporter.h>
-#include <studio/Importer.h>
-#include <studio/OrderMenu.h>
-#include <studio/UndoTexts.h>
+#include <studio/export/Exporter.h>
+#include <studio/import/Importer.h>
+#include <studio/program/UndoTexts.h>
+#include <studio/window/OrderMenu.h>
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QJsonArray>

@@ -1,9 +1,9 @@
 #include "StudioWindow.h"
 
 #include <studio/help/ManualWindow.h>
-#include <studio/help/ShortcutSheet.h>
 #include <studio/print/DrawingPrint.h>
 #include <studio/print/PrintActions.h>
+#include <studio/window/ShortcutSheet.h>
 
 #include <QtCore/QBuffer>
 #include <QtCore/QRegularExpression>

@@ -1,12 +1,12 @@
 #include "StudioWindow.h"
 
-#include <studio/Importer.h>
-#include <studio/UndoTexts.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/import/ImportDialog.h>
 #include <studio/import/ImportNotes.h>
 #include <studio/import/ImportPicture.h>
 #include <studio/import/ImportSettings.h>
+#include <studio/import/Importer.h>
+#include <studio/program/UndoTexts.h>
 
 #include <hostkit/items/GraphicItems.h>
 #include <hostkit/items/ItemExtras.h>

@@ -1,10 +1,10 @@
 #include "StudioWindow.h"
 
-#include <studio/ShapeOrder.h>
 #include <studio/commands/ExtrasCommand.h>
 #include <studio/list/ShapeList.h>
 #include <studio/list/ShapeListModel.h>
 #include <studio/list/ShapeListView.h>
+#include <studio/list/ShapeOrder.h>
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QMimeData>

@@ -1,12 +1,12 @@
 #include "StudioWindow.h"
 
-#include <studio/UndoTexts.h>
 #include <studio/canvas/DrawingTools.h>
 #include <studio/canvas/RotateHandle.h>
 #include <studio/canvas/SnapTools.h>
 #include <studio/nodes/NodeTool.h>
 #include <studio/nodes/PathTool.h>
 #include <studio/paths/PathTools.h>
+#include <studio/program/UndoTexts.h>
 
 #include <hostkit/items/GraphicItems.h>
 

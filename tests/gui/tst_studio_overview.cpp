@@ -1,10 +1,10 @@
 #include "StudioWindow.h"
 
-#include <studio/HistoryDock.h>
-#include <studio/OrderMenu.h>
 #include <studio/canvas/OrderNumbers.h>
 #include <studio/commands/ExtrasCommand.h>
 #include <studio/drawing/DrawingFiles.h>
+#include <studio/window/HistoryDock.h>
+#include <studio/window/OrderMenu.h>
 
 #include <hostkit/items/ItemExtras.h>
 

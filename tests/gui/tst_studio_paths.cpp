@@ -1,12 +1,12 @@
 #include "StudioWindow.h"
 
-#include <studio/UndoTexts.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/import/CleanForm.h>
 #include <studio/paths/CleanDialog.h>
 #include <studio/paths/OffsetDialog.h>
 #include <studio/paths/PathActions.h>
 #include <studio/paths/PathTools.h>
+#include <studio/program/UndoTexts.h>
 
 #include <hostkit/items/GraphicItems.h>
 #include <hostkit/items/ItemExtras.h>

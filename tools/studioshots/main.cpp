@@ -1,9 +1,9 @@
-#include <studio/CommandTable.h>
-#include <studio/MainWindow.h>
-#include <studio/Messages.h>
-#include <studio/ShapeItems.h>
-#include <studio/ViewNavigation.h>
 #include <studio/preferences/PreferenceTools.h>
+#include <studio/program/Messages.h>
+#include <studio/shapes/ShapeItems.h>
+#include <studio/window/CommandTable.h>
+#include <studio/window/MainWindow.h>
+#include <studio/window/ViewNavigation.h>
 
 #include <codekit/shape/CodeItem.h>
 #include <hostkit/setup/Factories.h>

@@ -1,8 +1,8 @@
 #include <studio/code/CodeTools.h>
 
-#include <studio/ShapeItems.h>
 #include <studio/code/CodeDialog.h>
 #include <studio/code/VerifyDialog.h>
+#include <studio/shapes/ShapeItems.h>
 
 namespace studio {
 

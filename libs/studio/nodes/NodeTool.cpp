@@ -1,8 +1,8 @@
 #include <studio/nodes/NodeTool.h>
 
-#include <studio/UndoTexts.h>
 #include <studio/commands/OutlinesCommand.h>
 #include <studio/nodes/NodeOverlay.h>
+#include <studio/program/UndoTexts.h>
 
 #include <hostkit/items/GraphicItems.h>
 

@@ -1,12 +1,12 @@
 #include <studio/text/TextTools.h>
 
-#include <studio/Messages.h>
-#include <studio/ShapeItems.h>
-#include <studio/UndoTexts.h>
 #include <studio/commands/ExtrasCommand.h>
 #include <studio/commands/FramePause.h>
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/commands/UndoMacro.h>
+#include <studio/program/Messages.h>
+#include <studio/program/UndoTexts.h>
+#include <studio/shapes/ShapeItems.h>
 #include <studio/text/InPlaceEditor.h>
 #include <studio/text/SharedCounter.h>
 #include <studio/text/TextCommand.h>

@@ -1,6 +1,6 @@
-#include <studio/CommandTable.h>
-#include <studio/Icons.h>
-#include <studio/UndoTexts.h>
+#include <studio/program/Icons.h>
+#include <studio/program/UndoTexts.h>
+#include <studio/window/CommandTable.h>
 
 #include <QtCore/QSet>
 #include <QtGui/QKeySequence>
