@@ -51,7 +51,7 @@ public:
     /** Ends what is open, so that the drawing can be looked at. */
     void settle()
     {
-        studio.window->text().finishTyping();
+        studio.window->editor().text().finishTyping();
         for (QWidget *widget : QApplication::topLevelWidgets()) {
             auto *dialog = qobject_cast<QDialog *>(widget);
             if (dialog != nullptr && dialog->isVisible())

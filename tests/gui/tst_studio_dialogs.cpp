@@ -120,7 +120,7 @@ private Q_SLOTS:
     void questions_haveTheProgramsTitle()
     {
         studio->addRect(0, 0);
-        studio->window->files().session().markChanged();
+        studio->window->editor().files().session().markChanged();
         QVERIFY(studio->run("file.new"));
         auto *box = studio->window->findChild<QMessageBox *>(QStringLiteral("lossQuestion"));
         QVERIFY(box != nullptr);

@@ -534,7 +534,7 @@ private Q_SLOTS:
     }
 
 private:
-    studio::DrawingFiles &files() { return studio->window->files(); }
+    studio::DrawingFiles &files() { return studio->window->editor().files(); }
 
     /** The title as the window system shows it. */
     QString title() const

@@ -255,7 +255,7 @@ private Q_SLOTS:
         QVERIFY(menu != nullptr);
         QTRY_VERIFY(menu->isVisible());
         auto *order = menu->findChild<QMenu *>(QStringLiteral("orderOfShapesMenu"));
-        QVERIFY(order->actions().contains(studio->window->commands().action("order.first")));
+        QVERIFY(order->actions().contains(studio->window->commands().named("order.first")));
         menu->close();
     }
 

@@ -2,6 +2,7 @@
 #include <studio/program/Messages.h>
 #include <studio/shapes/ShapeItems.h>
 #include <studio/window/CommandTable.h>
+#include <studio/window/Editor.h>
 #include <studio/window/MainWindow.h>
 #include <studio/window/ViewNavigation.h>
 
@@ -102,7 +103,7 @@ public:
 private:
     void trigger(const char *command)
     {
-        m_window.commands().action(command)->trigger();
+        m_window.commands().named(command)->trigger();
         settle();
     }
 

@@ -35,8 +35,6 @@ constexpr double kDuplicateOffsetMm = 5.0;
 DocumentActions::DocumentActions(ZTGraphicsDocument &edited, QObject *parent)
     : QObject(parent), m_document(edited)
 {
-    connect(m_document.itemMag(), &ZTShapeManager::sigAddedShape, this,
-            &DocumentActions::recordCreated);
     connect(m_document.undoStack(), &QUndoStack::indexChanged, this,
             &DocumentActions::followSelection);
 }
@@ -52,23 +50,46 @@ ShapeItems DocumentActions::selected() const { return selectedShapeItems(*m_docu
 
 void DocumentActions::push(QUndoCommand *command) { m_document.undoStack()->push(command); }
 
-void DocumentActions::create(ShapeType type)
+ShapeItem *DocumentActions::create(ShapeType type)
 {
-    createAt(type, [this](ShapeItem &item) { moveApart(item); });
-    const ShapeItems created = selected();
-    if (!created.isEmpty())
-        Q_EMIT added(sceneBox(created));
+    ShapeItem *item = createAt(type, [this](ShapeItem &made) { moveApart(made); });
+    if (item != nullptr)
+        Q_EMIT added(sceneBox(*item));
+    return item;
 }
 
-void DocumentActions::draw(ShapeType type, const ShapePlace &place)
+ShapeItem *DocumentActions::draw(ShapeType type, const ShapePlace &place)
 {
-    createAt(type, [&place](ShapeItem &item) { placeShape(item, place); });
+    return createAt(type, [&place](ShapeItem &made) { placeShape(made, place); });
 }
 
-void DocumentActions::createAt(ShapeType type, const Placing &placing)
+ShapeItem *DocumentActions::createAt(ShapeType type, const Placing &placing)
 {
-    const QScopedValueRollback<Placing> whileCreating(m_placing, placing);
+    const ShapeItems selectedBefore = selected();
+    ShapeItem *item = addShape(type);
+    if (item == nullptr)
+        return nullptr;
+    if (auto *text = qobject_cast<ZTGraphicsTextItem *>(item))
+        setUpNewText(*text);
+    else if (codekit::CodeItem *code = codekit::codeItem(item))
+        setUpNewCode(*code);
+    setUpNew(*item);
+    placing(*item);
+    push(new AddItemsCommand(m_document.itemMag(), {item}, selectedBefore,
+                             undoText(shapeKind(type).creation)));
+    Q_EMIT created(item);
+    return item;
+}
+
+// The document makes shapes of the usual size, and says in a signal which.
+ShapeItem *DocumentActions::addShape(ShapeType type)
+{
+    ShapeItem *made = nullptr;
+    const auto hearing = connect(m_document.itemMag(), &ZTShapeManager::sigAddedShape, this,
+                                 [&made](ShapeItem *item) { made = item; });
     m_document.slotCreateShape(type);
+    disconnect(hearing);
+    return made;
 }
 
 void DocumentActions::moveApart(ShapeItem &item) const
@@ -95,21 +116,6 @@ void DocumentActions::setUpNew(ShapeItem &item) const
         return;
     shape.setFillParam(m_newShape.hatch);
     item.setTransformParam(QTransform(item.getTransformParam())); // builds it anew
-}
-
-void DocumentActions::recordCreated(ShapeItem *item)
-{
-    if (item == nullptr)
-        return;
-    if (auto *text = qobject_cast<ZTGraphicsTextItem *>(item))
-        setUpNewText(*text);
-    else if (codekit::CodeItem *code = codekit::codeItem(item))
-        setUpNewCode(*code);
-    setUpNew(*item);
-    if (m_placing)
-        m_placing(*item);
-    push(new AddItemsCommand(m_document.itemMag(), {item}, selected(),
-                             undoText(shapeKind(item->getShapeType()).creation)));
 }
 
 void DocumentActions::duplicate()

@@ -32,11 +32,13 @@ public:
     /**
      * A shape of the usual size in the view, the middle first, where it covers no other; where all
      * is taken it stands beside the drawing.
+     *
+     * Failure: null for a kind that no factory makes.
      */
-    void create(ShapeType type);
+    ShapeItem *create(ShapeType type);
 
-    /** A shape that was drawn with the mouse. */
-    void draw(ShapeType type, const ShapePlace &place);
+    /** A shape that was drawn with the mouse; null as above. */
+    ShapeItem *draw(ShapeType type, const ShapePlace &place);
 
     void duplicate();
     void removeSelected();
@@ -72,25 +74,27 @@ public:
     void finishDrag();
 
 Q_SIGNALS:
+    /** A shape was made by `create` or `draw`; its undo step stands on the stack. */
+    void created(ZTAbstractGraphicsItem *item);
+
     /** Shapes were created, imported or repeated; the view may want to show them. */
     void added(const QRectF &boxPx);
 
 private:
     using Placing = std::function<void(ShapeItem &item)>;
 
-    void createAt(ShapeType type, const Placing &placing);
+    ShapeItem *createAt(ShapeType type, const Placing &placing);
+    ShapeItem *addShape(ShapeType type);
     void moveApart(ShapeItem &item) const;
     ShapeItems copiesOfOne(int rows, int columns, const QSizeF &gapMm) const;
     ShapeItems copiesOfBlock(int rows, int columns, const QSizeF &gapMm) const;
     void setUpNew(ShapeItem &item) const;
-    void recordCreated(ShapeItem *item);
     void followSelection();
     ShapeItems selected() const;
     void push(QUndoCommand *command);
 
     ZTGraphicsDocument &m_document;
     NewShapeChoice m_newShape;
-    Placing m_placing; ///< of the shape that is being created; empty: it stays where it is
 };
 
 } // namespace studio

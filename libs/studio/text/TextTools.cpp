@@ -42,10 +42,6 @@ TextTools::TextTools(ZTGraphicsDocument &edited, Messages &told, QWidget &over)
     : QObject(&over), m_document(edited), m_messages(told), m_window(over)
 {
     connect(m_document.view(), &ZTGraphicsView::sigOnItemDouble, this, &TextTools::open);
-    connect(m_document.itemMag(), &ZTShapeManager::sigAddedShape, this, [this](ShapeItem *item) {
-        if (auto *text = qobject_cast<ZTGraphicsTextItem *>(item))
-            type(*text);
-    });
     connect(m_document.undoStack(), &QUndoStack::indexChanged, this, &TextTools::followStack);
 }
 

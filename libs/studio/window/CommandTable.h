@@ -1,10 +1,13 @@
 #pragma once
 
+#include <studio/window/CommandIds.h>
+
 #include <QtCore/QHash>
 #include <QtCore/QObject>
 #include <QtCore/QVector>
 
 #include <functional>
+#include <type_traits>
 
 QT_BEGIN_NAMESPACE
 class QAction;
@@ -13,7 +16,29 @@ QT_END_NAMESPACE
 
 namespace studio {
 
+class Editor;
 class MainWindow;
+
+/** What a command does: most ask the editor's tools, some the window itself. */
+class CommandAction
+{
+public:
+    /** Takes a function of the editor or of the window. */
+    template <class Function>
+    CommandAction(const Function &run) // NOLINT: rows of the table say the function alone
+    {
+        if constexpr (std::is_invocable_v<Function, Editor &>)
+            m_onEditor = run;
+        else
+            m_onWindow = run;
+    }
+
+    void operator()(MainWindow &window) const;
+
+private:
+    std::function<void(Editor &editor)> m_onEditor;
+    std::function<void(MainWindow &window)> m_onWindow; ///< one of the two is set
+};
 
 /** What a command needs to make sense; otherwise it is greyed. */
 enum class Needs {
@@ -43,14 +68,14 @@ constexpr const char *kSwitch = "switch";
 /** One entry of the table of commands. */
 struct Command
 {
-    const char *id;
+    CommandId id;
     const char *text;      ///< to be translated; "&" marks the mnemonic
     const char *icon;      ///< name for `icon()`, empty for none
     const char *shortcuts; ///< portable key sequences, "; " between them
     const char *toolTip;   ///< to be translated; empty: the text
     Needs needs;
     ShortcutScope scope;
-    std::function<void(MainWindow &window)> run;
+    CommandAction run;
 
     /** Name of the commands of which exactly one is chosen; `kSwitch`: on or off; else empty. */
     const char *choice = "";
@@ -84,8 +109,11 @@ public:
     /** Shortcuts of scope View work in `view` and its children. Owner: actions belong to this. */
     Commands(MainWindow &window, QWidget &view);
 
-    /** The action of a command. An id that is not in the table is a mistake in the program. */
-    QAction *action(const char *id) const;
+    /** The action of a command. */
+    QAction *action(CommandId id) const;
+
+    /** The same by a name from elsewhere, such as a tool's. One that is none is a mistake. */
+    QAction *named(const QByteArray &id) const;
 
     /** Gives all actions their texts in the language of the program. */
     void retranslate();

@@ -8,35 +8,22 @@
 #include <studio/canvas/GridItem.h>
 #include <studio/canvas/GuideTools.h>
 #include <studio/canvas/OrderNumbers.h>
-#include <studio/canvas/RotateHandle.h>
 #include <studio/canvas/SnapTools.h>
 #include <studio/clipboard/ClipboardActions.h>
 #include <studio/code/CodeTools.h>
-#include <studio/commands/ItemSetCommand.h>
 #include <studio/drawing/CrashGuard.h>
 #include <studio/drawing/DrawingFiles.h>
-#include <studio/drawing/DrawingMessages.h>
 #include <studio/drawing/RecentMenu.h>
 #include <studio/edit/DocumentActions.h>
 #include <studio/edit/MatrixDialog.h>
-#include <studio/export/Exporter.h>
-#include <studio/export/FieldCheck.h>
-#include <studio/groups/GroupTools.h>
 #include <studio/help/ManualWindow.h>
 #include <studio/import/DropImporter.h>
-#include <studio/import/ImportDialog.h>
-#include <studio/import/Importer.h>
-#include <studio/import/Reimporter.h>
-#include <studio/job/JobExporter.h>
 #include <studio/job/JobPanel.h>
 #include <studio/job/JobTools.h>
 #include <studio/list/ShapeList.h>
 #include <studio/list/ShapeListView.h>
-#include <studio/nodes/NodeTool.h>
 #include <studio/panel/ShapePanel.h>
-#include <studio/paths/PathTools.h>
 #include <studio/preferences/PreferenceTools.h>
-#include <studio/print/PrintActions.h>
 #include <studio/program/Icons.h>
 #include <studio/program/Language.h>
 #include <studio/program/UndoTexts.h>
@@ -45,6 +32,7 @@
 #include <studio/window/CommandTable.h>
 #include <studio/window/ContextMenus.h>
 #include <studio/window/DialogManners.h>
+#include <studio/window/Editor.h>
 #include <studio/window/HistoryDock.h>
 #include <studio/window/LanguageMenu.h>
 #include <studio/window/OrderMenu.h>
@@ -53,20 +41,15 @@
 #include <studio/window/ViewNavigation.h>
 #include <studio/window/WindowLayout.h>
 
-#include <hostkit/drawing/SampleDrawing.h>
 #include <hostkit/view/ViewRulers.h>
 
 #include <QtCore/QDir>
-#include <QtCore/QFileInfo>
-#include <QtCore/QMimeData>
 #include <QtCore/QSettings>
-#include <QtGui/QClipboard>
 #include <QtGui/QCloseEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QDockWidget>
-#include <QtWidgets/QFileDialog>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QMessageBox>
@@ -78,10 +61,6 @@ namespace {
 
 const QString kGeometryKey = QStringLiteral("window/geometry");
 const QString kStateKey = QStringLiteral("window/state");
-const QString kImportFolderKey = QStringLiteral("import/folder");
-
-const QString kDrawingPatterns = QStringLiteral(
-    "*.svg *.dxf *.plt *.hpgl *.hpg *.hgl *.plo *.hp *.SVG *.DXF *.PLT *.HPGL *.HPG *.HGL");
 
 // Counts up when a dock comes or goes: a layout without it would be restored around it.
 constexpr int kLayoutVersion = 3;
@@ -97,21 +76,6 @@ constexpr int kMostSmooth = 20000;   ///< shapes; with more of them lines are dr
 constexpr int kHandlePx = 24;        ///< room outside the frame that its handles may take
 const QSize kFirstSize(1280, 820);
 
-/** Files that come in together: drawings are opened, all else is imported. */
-struct FileKinds
-{
-    QStringList drawings;
-    QStringList others;
-};
-
-FileKinds kindsOf(const QStringList &paths)
-{
-    FileKinds files;
-    for (const QString &path : paths)
-        (DrawingFiles::isDrawing(path) ? files.drawings : files.others) << path;
-    return files;
-}
-
 } // namespace
 
 MainWindow::MainWindow(std::unique_ptr<Messages> told)
@@ -122,7 +86,6 @@ MainWindow::MainWindow(std::unique_ptr<Messages> told)
     buildDocument();
     buildTree();
     buildProperties();
-    buildOutput();
     buildCommands();
     retranslate();
     connectState();
@@ -134,26 +97,10 @@ MainWindow::~MainWindow()
 {
     // What watches the document goes first: a document that goes still tells of changes.
     delete m_crashGuard;
-    delete m_drawingFiles;
     delete m_matrixDialog;
     delete m_circleDialog;
-    delete m_paths;
-    delete m_arrange;
     delete m_preferences;
-    delete m_jobTools;
-    delete m_codeTools;
-    delete m_tools;
-    delete m_rotateHandle;
-    delete m_guides;
-    delete m_snap;
-    m_orderNumbers.reset();
-    m_grid.reset();
-    m_fieldShade.reset();
-    delete m_emptyHint;
-    delete m_groups;
-    delete m_clipboard;
-    delete m_textTools;
-    delete m_fileExporter;
+    m_editor.reset();
     delete m_status;
     delete m_contextMenus;
     delete m_commandSet;
@@ -162,7 +109,10 @@ MainWindow::~MainWindow()
     delete m_list;
     delete m_panel;
     delete m_properties;
-    delete m_actions;
+    m_orderNumbers.reset();
+    m_grid.reset();
+    m_fieldShade.reset();
+    delete m_emptyHint;
     m_drawing->undoStack()->disconnect(this);
     m_drawing->scene()->disconnect(this);
     m_drawing->itemMag()->itemModel()->disconnect(this);
@@ -187,112 +137,72 @@ void MainWindow::buildDocument()
     m_drawing->view()->setBackgroundBrush(Qt::white);
     m_drawing->view()->setFocus();
 
-    m_actions = new DocumentActions(*m_drawing, this);
-    m_rotateHandle = new RotateHandle(*m_drawing, *m_actions, this);
-    m_snap = new SnapTools(*m_drawing, this);
-    m_guides = new GuideTools(*m_drawing, *m_snap, *this);
-    m_groups = new GroupTools(*m_drawing, this);
-    m_tools = new DrawingTools(*m_drawing, *m_actions, this);
-    m_paths = new PathTools(*m_drawing, *m_tools, *m_snap, *this);
+    buildEditor();
+}
+
+void MainWindow::buildEditor()
+{
+    m_editor = std::make_unique<Editor>(*m_drawing, *m_messages, *this);
     // After the tools: who pans, pans with every tool.
     m_viewNavigation = new ViewNavigation(*m_drawing->view(), this);
-    m_importer = std::make_unique<Importer>(*m_drawing, *m_messages);
-    m_reimporter = new Reimporter(*m_drawing, *m_messages, this);
-    m_drawingFiles = new DrawingFiles(*m_drawing, *m_messages, *this);
-    m_textTools = new TextTools(*m_drawing, *m_messages, *this);
-    m_codeTools = new CodeTools(*m_drawing, *this);
-    m_fileExporter = new Exporter(*m_drawing, *m_messages, *this);
     auto *drops = new DropImporter(*m_drawing->view(), this);
-    connect(drops, &DropImporter::filesDropped, this, &MainWindow::takeDropped);
+    connect(drops, &DropImporter::filesDropped, m_editor.get(), &Editor::takeDropped);
     m_status = new StatusBar(*m_drawing, this);
     setStatusBar(m_status);
-    buildTools();
+    m_preferences =
+        new PreferenceTools({*m_drawing, *m_language, m_editor->files(), m_editor->actions(),
+                             m_editor->tools(), m_editor->snapping(), *m_grid, *m_rulers, *this});
+    m_editor->guides().watchRuler(m_rulers->horizontal(), Qt::Horizontal);
+    m_editor->guides().watchRuler(m_rulers->vertical(), Qt::Vertical);
     connect(m_viewNavigation, &ViewNavigation::zoomChanged, m_status, &StatusBar::showZoom);
     connect(m_viewNavigation, &ViewNavigation::zoomChanged, this, [this](double scale) {
         m_drawing->scene()->getGraphicsResizeItem()->setHandleScale(scale);
     });
-    connect(m_actions, &DocumentActions::added, m_viewNavigation, &ViewNavigation::reveal);
-    connect(m_textTools, &TextTools::told, m_status,
-            [this](const QString &text) { m_status->showMessage(text, kStatusMs); });
-    connect(m_fileExporter, &Exporter::exported, this, [this](const QString &path, int objects) {
-        m_status->showMessage(tr("Mark paths written to %1, shapes: %2")
-                                  .arg(QDir::toNativeSeparators(path))
-                                  .arg(objects),
-                              kStatusMs);
-    });
-}
-
-void MainWindow::buildTools()
-{
-    m_clipboard = new ClipboardActions(*m_drawing, *m_importer, *m_messages, this);
-    connect(m_clipboard, &ClipboardActions::added, m_viewNavigation, &ViewNavigation::reveal);
-    connect(m_clipboard, &ClipboardActions::told, m_status,
-            [this](const QString &text) { m_status->showMessage(text, kStatusMs); });
-    m_arrange = new ArrangeActions(*m_drawing, *m_groups, this);
-    connect(m_reimporter, &Reimporter::told, m_status,
-            [this](const QString &words) { m_status->showMessage(words, kStatusMs); });
-    connect(m_paths, &PathTools::told, m_status,
-            [this](const QString &words) { m_status->showMessage(words, kStatusMs); });
-    connect(m_arrange, &ArrangeActions::alignToChanged, this, &MainWindow::refreshCommands);
-    connect(m_groups, &GroupTools::told, m_status,
-            [this](const QString &words) { m_status->showMessage(words); });
-    m_preferences = new PreferenceTools({*m_drawing, *m_language, *m_drawingFiles, *m_actions,
-                                         *m_tools, *m_snap, *m_grid, *m_rulers, *this});
-    m_guides->watchRuler(m_rulers->horizontal(), Qt::Horizontal);
-    m_guides->watchRuler(m_rulers->vertical(), Qt::Vertical);
-    m_tools->setSnap([this](const QPointF &placePx,
-                            Qt::KeyboardModifiers keys) { return m_snap->place(placePx, keys); },
-                     [this] { m_snap->hide(); });
-    connect(m_rotateHandle, &RotateHandle::told, m_status,
-            [this](const QString &words) { m_status->showMessage(words); });
-    connect(m_snap, &SnapTools::told, m_status,
-            [this](const QString &words) { m_status->showMessage(words); });
-    connect(m_tools, &DrawingTools::told, m_status,
-            [this](const QString &words) { m_status->showMessage(words); });
-    connect(m_tools, &DrawingTools::chosen, this,
-            [this](const QByteArray &id, const std::optional<QCursor> &cursor) {
+    connect(m_editor.get(), &Editor::added, m_viewNavigation, &ViewNavigation::reveal);
+    connect(m_editor.get(), &Editor::told, m_status,
+            [this](const QString &words, int ms) { m_status->showMessage(words, ms); });
+    connect(&m_editor->arrange(), &ArrangeActions::alignToChanged, this,
+            &MainWindow::refreshCommands);
+    connect(&m_editor->tools(), &DrawingTools::chosen, this,
+            [this](const QByteArray &, const std::optional<QCursor> &cursor) {
                 m_viewNavigation->setRestingCursor(cursor);
-                m_rotateHandle->setResting(id == NodeTool::kId);
                 showTool();
             });
 }
 
-void MainWindow::showTool()
-{
-    m_commandSet->action(m_tools->chosenId().constData())->setChecked(true);
-}
+void MainWindow::showTool() { m_commandSet->named(m_editor->tools().chosenId())->setChecked(true); }
 
 void MainWindow::showAlignTo()
 {
-    switch (m_arrange->alignTo()) {
+    switch (m_editor->arrange().alignTo()) {
     case AlignTo::EachOther:
-        m_commandSet->action("arrange.toEachOther")->setChecked(true);
+        m_commandSet->action(ids::kArrangeToEachOther)->setChecked(true);
         break;
     case AlignTo::First:
-        m_commandSet->action("arrange.toFirst")->setChecked(true);
+        m_commandSet->action(ids::kArrangeToFirst)->setChecked(true);
         break;
     case AlignTo::Field:
-        m_commandSet->action("arrange.toField")->setChecked(true);
+        m_commandSet->action(ids::kArrangeToField)->setChecked(true);
         break;
     }
 }
 
 void MainWindow::showCanvasChoices()
 {
-    const SnapChoice &snap = m_snap->choice();
-    m_commandSet->action("view.snapToShapes")->setChecked(snap.toShapes);
-    m_commandSet->action("view.snapToGuides")->setChecked(snap.toGuides);
-    m_commandSet->action("view.snapToGrid")->setChecked(snap.toGrid);
-    m_commandSet->action("view.rulers")->setChecked(m_rulers->areRulersVisible());
-    m_commandSet->action("view.grid")->setChecked(m_grid->isVisible());
-    m_commandSet->action("view.orderNumbers")->setChecked(m_orderNumbers->isShown());
+    const SnapChoice &snap = m_editor->snapping().choice();
+    m_commandSet->action(ids::kViewSnapToShapes)->setChecked(snap.toShapes);
+    m_commandSet->action(ids::kViewSnapToGuides)->setChecked(snap.toGuides);
+    m_commandSet->action(ids::kViewSnapToGrid)->setChecked(snap.toGrid);
+    m_commandSet->action(ids::kViewRulers)->setChecked(m_rulers->areRulersVisible());
+    m_commandSet->action(ids::kViewGrid)->setChecked(m_grid->isVisible());
+    m_commandSet->action(ids::kViewOrderNumbers)->setChecked(m_orderNumbers->isShown());
 }
 
 void MainWindow::toggleSnap(bool SnapChoice::*what)
 {
-    SnapChoice choice = m_snap->choice();
+    SnapChoice choice = m_editor->snapping().choice();
     choice.*what = !(choice.*what);
-    m_snap->setChoice(choice);
+    m_editor->snapping().setChoice(choice);
     showCanvasChoices();
 }
 
@@ -315,13 +225,7 @@ void MainWindow::toggleOrderNumbers()
     showCanvasChoices();
 }
 
-void MainWindow::pasteAtMenu() { m_clipboard->pasteAt(m_contextMenus->placePx()); }
-
-void MainWindow::leaveOrDeselect()
-{
-    if (!m_groups->leave())
-        m_actions->clearSelection();
-}
+void MainWindow::pasteAtMenu() { m_editor->clipboard().pasteAt(m_contextMenus->placePx()); }
 
 void MainWindow::buildTree()
 {
@@ -342,45 +246,25 @@ void MainWindow::buildTree()
 
 void MainWindow::buildProperties()
 {
-    m_panel = new ShapePanel(*m_drawing, *m_actions, this);
-    connect(m_panel, &ShapePanel::wordsWanted, m_textTools, &TextTools::showDialog);
-    connect(m_panel, &ShapePanel::codeSettingsWanted, m_codeTools, &CodeTools::showDialog);
+    m_panel = new ShapePanel(*m_drawing, m_editor->actions(), this);
+    connect(m_panel, &ShapePanel::wordsWanted, &m_editor->text(), &TextTools::showDialog);
+    connect(m_panel, &ShapePanel::codeSettingsWanted, &m_editor->codes(), &CodeTools::showDialog);
+    m_panel->addPage(&m_editor->job().panel(), [] { return tr("Job"); });
     addDockWidget(Qt::RightDockWidgetArea, m_panel);
     m_list = new ShapeList(*m_drawing, this);
     addDockWidget(Qt::RightDockWidgetArea, m_list);
     splitDockWidget(m_panel, m_list, Qt::Vertical);
     m_treeDock->hide();
-    m_properties = new PropertyDock(*m_drawing, *m_actions, this);
+    m_properties = new PropertyDock(*m_drawing, m_editor->actions(), this);
     addDockWidget(Qt::RightDockWidgetArea, m_properties);
     m_properties->hide();
     m_history = new HistoryDock(*m_drawing->undoStack(), this);
     addDockWidget(Qt::RightDockWidgetArea, m_history);
     m_history->hide();
-    connect(m_history, &HistoryDock::settling, this, [this] {
-        m_actions->finishDrag();
-        m_textTools->finishTyping();
-        m_tools->giveUp();
-    });
+    connect(m_history, &HistoryDock::settling, m_editor.get(), &Editor::finishEdits);
     resizeDocks({m_panel}, {kDockWidth}, Qt::Horizontal);
     resizeDocks({m_panel, m_list}, {kPanelHeight, kListHeight}, Qt::Vertical);
     m_firstLayout = saveState(kLayoutVersion);
-}
-
-void MainWindow::buildOutput()
-{
-    m_printing = new PrintActions(*m_drawing, *m_messages, *this);
-    connect(m_printing, &PrintActions::written, this, [this](const QString &path) {
-        m_status->showMessage(tr("Saved to %1").arg(QDir::toNativeSeparators(path)), kStatusMs);
-    });
-    m_jobTools = new JobTools(*m_drawing, *m_textTools, *m_messages, *this);
-    m_panel->addPage(&m_jobTools->panel(), [] { return tr("Job"); });
-    connect(&m_jobTools->exporter(), &JobExporter::written, this,
-            [this](const QStringList &files, int) {
-                m_status->showMessage(tr("Job written to %1, files: %2")
-                                          .arg(QDir::toNativeSeparators(files.first()))
-                                          .arg(files.size()),
-                                      kStatusMs);
-            });
 }
 
 // Not while the user works in the tree: it would jump away under the mouse.
@@ -409,19 +293,21 @@ void MainWindow::buildCommands()
     m_orderMenu = new OrderMenu(this);
     auto *recentMenu = new RecentMenu(this);
     connect(recentMenu, &RecentMenu::chosen, this,
-            [this](const QString &path) { files().open(path); });
+            [this](const QString &path) { m_editor->files().open(path); });
     addMenus(*this, *m_commandSet, {recentMenu, m_orderMenu},
              {m_panel->toggleViewAction(), m_list->toggleViewAction(),
               m_history->toggleViewAction(), m_treeDock->toggleViewAction(),
               m_properties->toggleViewAction(), m_properties->denseRowsAction(),
               (new LanguageMenu(*m_language, this))->menuAction()});
     addToolBars(*this, *m_commandSet);
-    m_list->addCommands({m_commandSet->action("order.first"), m_commandSet->action("order.raise"),
-                         m_commandSet->action("order.lower"), m_commandSet->action("order.last"),
-                         m_commandSet->action("order.reverse")});
-    m_contextMenus = new ContextMenus(*m_drawing, *m_tree, *m_actions, *m_commandSet, this);
+    m_list->addCommands(
+        {m_commandSet->action(ids::kOrderFirst), m_commandSet->action(ids::kOrderRaise),
+         m_commandSet->action(ids::kOrderLower), m_commandSet->action(ids::kOrderLast),
+         m_commandSet->action(ids::kOrderReverse)});
+    m_contextMenus =
+        new ContextMenus(*m_drawing, *m_tree, m_editor->actions(), *m_commandSet, this);
     m_contextMenus->serve(m_list->view());
-    new DialogManners({m_commandSet->action("edit.undo"), m_commandSet->action("edit.redo")},
+    new DialogManners({m_commandSet->action(ids::kEditUndo), m_commandSet->action(ids::kEditRedo)},
                       *this);
 }
 
@@ -481,35 +367,30 @@ void MainWindow::repaintFrame()
 
 void MainWindow::connectFiles()
 {
-    DrawingSession *session = &files().session();
+    DrawingFiles *files = &m_editor->files();
+    DrawingSession *session = &files->session();
     connect(session, &DrawingSession::stateChanged, this, &MainWindow::refreshTitle);
     connect(session, &DrawingSession::stateChanged, this, &MainWindow::refreshCommands);
+    connect(session, &DrawingSession::stateChanged, this, &MainWindow::dropSavedMessage);
     connect(m_orderMenu, &OrderMenu::changed, session, &DrawingSession::markChanged);
     connect(m_orderMenu, &OrderMenu::changed, m_list, &ShapeList::showMarkingRule);
-    connect(m_textTools, &TextTools::partChanged, session, &DrawingSession::markChanged);
-    connect(m_drawingFiles, &DrawingFiles::settling, m_textTools, &TextTools::finishTyping);
-    connect(m_drawingFiles, &DrawingFiles::emptied, this, [this] {
+    connect(files, &DrawingFiles::emptied, this, [this] {
         labelTree();
         m_orderMenu->restore();
-        m_jobTools->panel().refresh();
+        m_editor->job().panel().refresh();
         navigation().home();
     });
-    connect(m_drawingFiles, &DrawingFiles::loaded, this, &MainWindow::showReplacedDrawing);
-    connect(m_drawingFiles, &DrawingFiles::loaded, m_guides, &GuideTools::follow);
-    connect(m_drawingFiles, &DrawingFiles::emptied, m_guides, &GuideTools::follow);
-    m_jobTools->exporter().setDrawingPath([session] { return session->path(); });
-    connect(m_drawingFiles, &DrawingFiles::saved, &m_jobTools->exporter(), &JobExporter::noteSaved);
-    connect(m_drawingFiles, &DrawingFiles::saved, this, [this](const QString &path) {
+    connect(files, &DrawingFiles::loaded, this, &MainWindow::showReplacedDrawing);
+    connect(files, &DrawingFiles::saved, this, [this](const QString &path) {
         m_savedMessage = tr("Saved to %1").arg(QDir::toNativeSeparators(path));
         m_status->showMessage(m_savedMessage, kStatusMs);
     });
-    connect(session, &DrawingSession::stateChanged, this, &MainWindow::dropSavedMessage);
 }
 
 // What the bar says of the last save is true until the drawing changes.
 void MainWindow::dropSavedMessage()
 {
-    if (!files().session().isModified() || m_savedMessage.isEmpty())
+    if (!m_editor->files().session().isModified() || m_savedMessage.isEmpty())
         return;
     if (m_status->currentMessage() == m_savedMessage)
         m_status->clearMessage();
@@ -520,7 +401,7 @@ void MainWindow::showReplacedDrawing()
 {
     labelTree();
     m_orderMenu->follow();
-    m_jobTools->panel().refresh();
+    m_editor->job().panel().refresh();
     navigation().home();
     fitAll();
 }
@@ -528,7 +409,7 @@ void MainWindow::showReplacedDrawing()
 void MainWindow::guardAgainstCrashes(const CrashGuardSetup &setup)
 {
     delete m_crashGuard;
-    m_crashGuard = new CrashGuard(*m_drawingFiles, *m_messages, *this, setup);
+    m_crashGuard = new CrashGuard(m_editor->files(), *m_messages, *this, setup);
     m_crashGuard->offerFound();
 }
 
@@ -557,7 +438,7 @@ void MainWindow::retranslate()
 
 void MainWindow::refreshTitle()
 {
-    const DrawingSession &session = files().session();
+    const DrawingSession &session = m_editor->files().session();
     // "[*]" is where the mark of a changed drawing goes, and stands for itself when doubled.
     QString name = session.name();
     name.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
@@ -573,12 +454,13 @@ void MainWindow::refreshCommands()
                                      m_drawing->itemMag()->itemModel()->rowCount() <= kMostSmooth);
     state.shapes = m_drawing->itemMag()->itemModel()->rowCount();
     state.selected = m_drawing->scene()->selectedItems().size();
-    state.isAlignable = m_arrange->canAlign();
-    state.isOneText = m_textTools->selectedText() != nullptr;
-    state.isOneCode = m_codeTools->selectedCode() != nullptr;
+    state.isAlignable = m_editor->arrange().canAlign();
+    state.isOneText = m_editor->text().selectedText() != nullptr;
+    state.isOneCode = m_editor->codes().selectedCode() != nullptr;
     state.canUndo = m_drawing->undoStack()->canUndo();
     state.canRedo = m_drawing->undoStack()->canRedo();
-    state.canRevert = !files().session().path().isEmpty() && files().session().isModified();
+    state.canRevert =
+        !m_editor->files().session().path().isEmpty() && m_editor->files().session().isModified();
     m_commandSet->enableFor(state);
 }
 
@@ -586,9 +468,9 @@ void MainWindow::refreshUndoTexts()
 {
     const QString undoText = readableUndoText(m_drawing->undoStack()->undoText());
     const QString redoText = readableUndoText(m_drawing->undoStack()->redoText());
-    m_commandSet->action("edit.undo")
+    m_commandSet->action(ids::kEditUndo)
         ->setText(undoText.isEmpty() ? tr("&Undo") : tr("&Undo: %1").arg(undoText));
-    m_commandSet->action("edit.redo")
+    m_commandSet->action(ids::kEditRedo)
         ->setText(redoText.isEmpty() ? tr("&Redo") : tr("&Redo: %1").arg(redoText));
 }
 
@@ -602,10 +484,10 @@ void MainWindow::readSettings()
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
-    m_textTools->finishTyping();
-    if (files().isBusy() || (files().session().isModified() && !m_isLetGo)) {
+    m_editor->text().finishTyping();
+    if (m_editor->files().isBusy() || (m_editor->files().session().isModified() && !m_isLetGo)) {
         event->ignore();
-        files().confirmLoss([this] {
+        m_editor->files().confirmLoss([this] {
             m_isLetGo = true;
             close();
         });
@@ -619,115 +501,9 @@ void MainWindow::closeEvent(QCloseEvent *event)
     QMainWindow::closeEvent(event);
 }
 
-bool MainWindow::openFiles(const QStringList &paths)
-{
-    const FileKinds files = kindsOf(paths);
-    const bool isOpened = !files.drawings.isEmpty() && m_drawingFiles->load(files.drawings.first());
-    const bool isImported = !files.others.isEmpty() && importFiles(files.others) > 0;
-    return isOpened || isImported;
-}
-
-void MainWindow::offerFile(const QString &path)
-{
-    if (DrawingFiles::isDrawing(path))
-        m_drawingFiles->load(path);
-    else
-        offerImport({path}, std::nullopt);
-}
-
-// A drawing takes the place of the one in the window; plotter files come into the one they fall on.
-void MainWindow::takeDropped(const QStringList &paths, const QPointF &scenePx)
-{
-    const FileKinds dropped = kindsOf(paths);
-    const auto import = [this, dropped, scenePx] {
-        if (!dropped.others.isEmpty())
-            offerImport(dropped.others, scenePx);
-    };
-    if (dropped.drawings.isEmpty()) {
-        import();
-        return;
-    }
-    const QString first = dropped.drawings.first();
-    files().open(first, [this, import, first, left = dropped.drawings.mid(1)] {
-        if (!left.isEmpty())
-            m_messages->warning(onlyOneOpened(first, left));
-        import();
-    });
-}
-
-int MainWindow::importFiles(const QStringList &paths)
-{
-    const int imported = m_importer->importFiles(paths);
-    if (imported > 0)
-        navigation().reveal(m_drawing->scene()->getSelectionItemRect());
-    return imported;
-}
-
-// One drawing is shown before it comes in; several come in as the last one did.
-bool MainWindow::offerImport(const QStringList &paths, std::optional<QPointF> scenePx)
-{
-    if (paths.size() > 1)
-        return m_importer->importFiles(paths, scenePx) > 0;
-    ReadDrawing read;
-    return m_importer->read(paths.first(), &read) && offerDrawing(read, scenePx);
-}
-
-bool MainWindow::offerDrawing(const ReadDrawing &read, std::optional<QPointF> scenePx)
-{
-    auto *dialog = new ImportDialog(read.path, read.drawing, this);
-    connect(dialog, &ImportDialog::chosen, this, [this, dialog, path = read.path, scenePx] {
-        const ReadDrawing taken{path, dialog->drawing(), dialog->scale().width(),
-                                dialog->scale().height(), dialog->cleaning()};
-        if (m_importer->bringIn({taken}, dialog->options(), scenePx) > 0)
-            navigation().reveal(m_drawing->scene()->getSelectionItemRect());
-    });
-    dialog->open();
-    return true;
-}
-
-void MainWindow::importClipboard()
-{
-    const QMimeData *held = QGuiApplication::clipboard()->mimeData();
-    QByteArray bytes = held != nullptr ? held->data(QStringLiteral("image/svg+xml")) : QByteArray();
-    if (bytes.isEmpty() && held != nullptr)
-        bytes = held->text().toUtf8();
-    ReadDrawing read;
-    if (m_importer->read(bytes, tr("clipboard"), &read))
-        offerDrawing(read, std::nullopt);
-}
-
-void MainWindow::chooseImport()
-{
-    auto *dialog = new QFileDialog(this, tr("Import drawings"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFileMode(QFileDialog::ExistingFiles);
-    dialog->setNameFilters({tr("Drawings (%1)").arg(kDrawingPatterns), tr("All files (*)")});
-    dialog->setDirectory(QSettings().value(kImportFolderKey, QDir::homePath()).toString());
-    connect(dialog, &QFileDialog::filesSelected, this, [this](const QStringList &paths) {
-        QSettings().setValue(kImportFolderKey, QFileInfo(paths.first()).absolutePath());
-        offerImport(paths, std::nullopt);
-    });
-    dialog->open();
-}
-
-void MainWindow::chooseExport(bool selectionOnly)
-{
-    const QGraphicsScene &scene = *m_drawing->scene();
-    const ShapeItems exported = selectionOnly ? selectedShapeItems(scene) : shapeItemsOf(scene);
-    askAboutField(exported, *m_drawing, *this,
-                  [this, selectionOnly] { m_fileExporter->choose(selectionOnly); });
-}
-
 void MainWindow::addSample()
 {
-    const ShapeItems before = shapeItemsOf(*m_drawing->scene());
-    const ShapeItems selectedBefore = selectedShapeItems(*m_drawing->scene());
-    hostkit::buildSampleDrawing(*m_drawing);
-    const ShapeItems added = shapeItemsOf(*m_drawing->scene()).mid(before.size());
-    m_drawing->undoStack()->push(new AddItemsCommand(
-        m_drawing->itemMag(), added, selectedBefore,
-        undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Add sample drawing"))));
-    m_drawing->scene()->clearSelection();
+    m_editor->addSample();
     fitAll();
 }
 
@@ -743,15 +519,15 @@ void MainWindow::chooseRotation()
     dialog->setDoubleRange(-360.0, 360.0);
     dialog->setDoubleStep(5.0);
     dialog->setDoubleValue(45.0);
-    connect(dialog, &QInputDialog::doubleValueSelected, m_actions,
-            [this](double anticlockwiseDeg) { m_actions->rotate(-anticlockwiseDeg); });
+    connect(dialog, &QInputDialog::doubleValueSelected, &m_editor->actions(),
+            [this](double anticlockwiseDeg) { m_editor->actions().rotate(-anticlockwiseDeg); });
     dialog->open();
 }
 
 void MainWindow::showMatrixDialog()
 {
     if (!m_matrixDialog)
-        m_matrixDialog = new MatrixDialog(*m_drawing, *m_actions, this);
+        m_matrixDialog = new MatrixDialog(*m_drawing, m_editor->actions(), this);
     m_matrixDialog->show();
     m_matrixDialog->raise();
     m_matrixDialog->activateWindow();
@@ -760,7 +536,7 @@ void MainWindow::showMatrixDialog()
 void MainWindow::showCircleDialog()
 {
     if (!m_circleDialog)
-        m_circleDialog = new CircleDialog(*m_drawing, *m_arrange, this);
+        m_circleDialog = new CircleDialog(*m_drawing, m_editor->arrange(), this);
     m_circleDialog->show();
     m_circleDialog->raise();
     m_circleDialog->activateWindow();

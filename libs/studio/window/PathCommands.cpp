@@ -6,16 +6,16 @@
 #include <studio/nodes/PathTool.h>
 #include <studio/paths/PathActions.h>
 #include <studio/paths/PathTools.h>
-#include <studio/window/MainWindow.h>
+#include <studio/window/Editor.h>
 
 namespace studio {
 
 namespace {
 
 template <vectorkit::OutlineOp op>
-void together(MainWindow &window)
+void together(Editor &editor)
 {
-    window.paths().actions().takeTogether(op);
+    editor.paths().actions().takeTogether(op);
 }
 
 constexpr auto kWindow = ShortcutScope::Window;
@@ -24,13 +24,13 @@ constexpr const char *kToolChoice = "tools"; ///< one tool of all is chosen
 
 /** Runs an edit of nodes; where the tool is not chosen yet, that is what it does. */
 template <void (NodeTool::*edit)()>
-void onNodes(MainWindow &window)
+void onNodes(Editor &editor)
 {
-    NodeTool &nodes = window.paths().nodes();
+    NodeTool &nodes = editor.paths().nodes();
     if (nodes.isActive())
         (nodes.*edit)();
     else
-        window.tools().choose(NodeTool::kId);
+        editor.tools().choose(NodeTool::kId);
 }
 
 } // namespace
@@ -43,68 +43,68 @@ QVector<Command> pathCommands()
 {
     using vectorkit::OutlineOp;
     return {
-        {"paths.toPaths", TEXT("Turn into &paths"), "", "Ctrl+Shift+C",
+        {ids::kPathsToPaths, TEXT("Turn into &paths"), "", "Ctrl+Shift+C",
          TEXT("Shapes and texts become paths, whose nodes can be edited"), Needs::Selection,
-         kWindow, [](MainWindow &w) { w.paths().actions().toPaths(); }},
-        {"paths.union", TEXT("&Union"), "", "Ctrl+Alt+U",
+         kWindow, [](Editor &e) { e.paths().actions().toPaths(); }},
+        {ids::kPathsUnion, TEXT("&Union"), "", "Ctrl+Alt+U",
          TEXT("One area of all the selected ones"), Needs::TwoSelected, kWindow,
          &together<OutlineOp::Union>},
-        {"paths.difference", TEXT("&Difference"), "", "Ctrl+Alt+D",
+        {ids::kPathsDifference, TEXT("&Difference"), "", "Ctrl+Alt+D",
          TEXT("The lowest of the selected areas without the others"), Needs::TwoSelected, kWindow,
          &together<OutlineOp::Difference>},
-        {"paths.intersection", TEXT("&Intersection"), "", "Ctrl+Alt+I",
+        {ids::kPathsIntersection, TEXT("&Intersection"), "", "Ctrl+Alt+I",
          TEXT("What lies in all of the selected areas"), Needs::TwoSelected, kWindow,
          &together<OutlineOp::Intersection>},
-        {"paths.exclusion", TEXT("E&xclusion"), "", "Ctrl+Alt+X",
+        {ids::kPathsExclusion, TEXT("E&xclusion"), "", "Ctrl+Alt+X",
          TEXT("What lies in one of the selected areas alone"), Needs::TwoSelected, kWindow,
          &together<OutlineOp::Exclusion>},
-        {"paths.offset", TEXT("&Offset..."), "", "Ctrl+Alt+O",
+        {ids::kPathsOffset, TEXT("&Offset..."), "", "Ctrl+Alt+O",
          TEXT("Outlines at a distance from the selected ones"), Needs::Selection, kWindow,
-         [](MainWindow &w) { w.paths().showOffset(); }},
-        {"paths.combine", TEXT("&Combine"), "", "Ctrl+Alt+K",
+         [](Editor &e) { e.paths().showOffset(); }},
+        {ids::kPathsCombine, TEXT("&Combine"), "", "Ctrl+Alt+K",
          TEXT("The selected shapes become one path, hatched as one"), Needs::TwoSelected, kWindow,
-         [](MainWindow &w) { w.paths().actions().combine(); }},
-        {"paths.breakApart", TEXT("&Break apart"), "", "Ctrl+Alt+B",
+         [](Editor &e) { e.paths().actions().combine(); }},
+        {ids::kPathsBreakApart, TEXT("&Break apart"), "", "Ctrl+Alt+B",
          TEXT("A shape for each outline with its holes"), Needs::Selection, kWindow,
-         [](MainWindow &w) { w.paths().actions().breakApart(); }},
-        {"paths.clean", TEXT("C&lean and simplify..."), "", "Ctrl+Alt+L",
+         [](Editor &e) { e.paths().actions().breakApart(); }},
+        {ids::kPathsClean, TEXT("C&lean and simplify..."), "", "Ctrl+Alt+L",
          TEXT("Join ends, remove what is drawn twice, take out needless points"),
-         Needs::Selection, kWindow, [](MainWindow &w) { w.paths().showCleaning(); }},
-        {"paths.weld", TEXT("&Weld"), "", "Ctrl+Alt+W",
+         Needs::Selection, kWindow, [](Editor &e) { e.paths().showCleaning(); }},
+        {ids::kPathsWeld, TEXT("&Weld"), "", "Ctrl+Alt+W",
          TEXT("Areas of a shape that overlap become one; holes stay holes"), Needs::Selection,
-         kWindow, [](MainWindow &w) { w.paths().actions().weld(); }},
+         kWindow, [](Editor &e) { e.paths().actions().weld(); }},
 
-        {"file.reimport", TEXT("Re-impor&t"), "", "Ctrl+Alt+Shift+I",
+        {ids::kFileReimport, TEXT("Re-impor&t"), "", "Ctrl+Alt+Shift+I",
          TEXT("Bring changed files in once more; place, size, pen and hatch stay"),
-         Needs::Selection, kWindow, [](MainWindow &w) { w.reimporter().reimportSelected(); }},
-        {NodeTool::kId, TEXT("&Nodes"), "nodes", "N", TEXT("Edit the nodes of a path"),
-         Needs::Nothing, kWindow, [](MainWindow &w) { w.tools().choose(NodeTool::kId); },
+         Needs::Selection, kWindow, [](Editor &e) { e.reimporter().reimportSelected(); }},
+        {CommandId(NodeTool::kId), TEXT("&Nodes"), "nodes", "N", TEXT("Edit the nodes of a path"),
+         Needs::Nothing, kWindow, [](Editor &e) { e.tools().choose(NodeTool::kId); },
          kToolChoice},
-        {PathTool::kPolyline, TEXT("Pol&yline"), "polyline", "Y",
+        {CommandId(PathTool::kPolyline), TEXT("Pol&yline"), "polyline", "Y",
          TEXT("Draw a path point by point"), Needs::Nothing, kWindow,
-         [](MainWindow &w) { w.tools().choose(PathTool::kPolyline); }, kToolChoice},
-        {PathTool::kCurve, TEXT("C&urve"), "curve", "U",
+         [](Editor &e) { e.tools().choose(PathTool::kPolyline); }, kToolChoice},
+        {CommandId(PathTool::kCurve), TEXT("C&urve"), "curve", "U",
          TEXT("Draw a curve: click points, drag from them to bend"), Needs::Nothing, kWindow,
-         [](MainWindow &w) { w.tools().choose(PathTool::kCurve); }, kToolChoice},
-        {"nodes.add", TEXT("&Add between"), "", "Ins",
+         [](Editor &e) { e.tools().choose(PathTool::kCurve); }, kToolChoice},
+        {ids::kNodesAdd, TEXT("&Add between"), "", "Ins",
          TEXT("A node in the middle between selected ones"), Needs::OneSelected, kView,
          &onNodes<&NodeTool::addBetween>},
-        {"nodes.delete", TEXT("&Delete nodes"), "", "", "", Needs::OneSelected, kView,
+        {ids::kNodesDelete, TEXT("&Delete nodes"), "", "", "", Needs::OneSelected, kView,
          &onNodes<&NodeTool::remove>},
-        {"nodes.break", TEXT("&Break"), "", "Shift+B", TEXT("Two ends of each selected node"),
+        {ids::kNodesBreak, TEXT("&Break"), "", "Shift+B", TEXT("Two ends of each selected node"),
          Needs::OneSelected, kView, &onNodes<&NodeTool::breakApart>},
-        {"nodes.join", TEXT("&Join"), "", "Shift+J", TEXT("One node of two selected ends"),
+        {ids::kNodesJoin, TEXT("&Join"), "", "Shift+J", TEXT("One node of two selected ends"),
          Needs::OneSelected, kView, &onNodes<&NodeTool::join>},
-        {"nodes.line", TEXT("To &line"), "", "Shift+L",
+        {ids::kNodesLine, TEXT("To &line"), "", "Shift+L",
          TEXT("Straight between the selected nodes"), Needs::OneSelected, kView,
          &onNodes<&NodeTool::toLine>},
-        {"nodes.curve", TEXT("To &curve"), "", "Shift+U",
+        {ids::kNodesCurve, TEXT("To &curve"), "", "Shift+U",
          TEXT("A curve between the selected nodes"), Needs::OneSelected, kView,
          &onNodes<&NodeTool::toCurve>},
-        {"nodes.smooth", TEXT("&Smooth"), "", "Shift+S",
+        {ids::kNodesSmooth, TEXT("&Smooth"), "", "Shift+S",
          TEXT("The line runs through the selected nodes without a corner"), Needs::OneSelected,
          kView, &onNodes<&NodeTool::smooth>},
-        {"nodes.corner", TEXT("C&orner"), "", "Shift+C",
+        {ids::kNodesCorner, TEXT("C&orner"), "", "Shift+C",
          TEXT("The control points of the selected nodes move on their own"), Needs::OneSelected,
          kView, &onNodes<&NodeTool::corner>},
     };

@@ -14,7 +14,7 @@ namespace studio {
 
 namespace {
 
-constexpr const char *kSeparator = "-";
+constexpr CommandId kSeparator("-");
 constexpr int kIconSize = 22;
 
 /** What a menu or toolbar is called; its object has the name. */
@@ -57,36 +57,36 @@ constexpr const char *kAlignTitle = QT_TRANSLATE_NOOP("studio::WindowLayout", "&
 constexpr const char *kPathsTitle = QT_TRANSLATE_NOOP("studio::WindowLayout", "Pat&hs");
 constexpr const char *kOrderTitle = QT_TRANSLATE_NOOP("studio::WindowLayout", "Or&der");
 
-using Ids = std::initializer_list<const char *>;
+using Ids = std::initializer_list<CommandId>;
 
 /** What draws on the canvas with the mouse, and what does not. */
-constexpr Ids kOrder = {"order.first", "order.raise", "order.lower",
-                        "order.last",  "-",           "order.reverse"};
-constexpr Ids kPaths = {"paths.toPaths",
-                        "-",
-                        "paths.union",
-                        "paths.difference",
-                        "paths.intersection",
-                        "paths.exclusion",
-                        "paths.offset",
-                        "-",
-                        "paths.combine",
-                        "paths.breakApart",
-                        "-",
-                        "paths.clean",
-                        "paths.weld"};
-constexpr Ids kTools = {"tool.select",  "tool.rectangle", "tool.ellipse",  "tool.polygon",
-                        "tool.line",    "tool.tdot",      "tool.text",     "tool.code",
-                        "tool.barcode", "tool.nodes",     "tool.polyline", "tool.curve",
-                        "tool.measure"};
-constexpr Ids kNodes = {"tool.nodes",  "-", "nodes.add",  "nodes.delete", "nodes.break",
-                        "nodes.join",  "-", "nodes.line", "nodes.curve",  "nodes.smooth",
-                        "nodes.corner"};
+constexpr Ids kOrder = {ids::kOrderFirst, ids::kOrderRaise, ids::kOrderLower,
+                        ids::kOrderLast,  kSeparator,       ids::kOrderReverse};
+constexpr Ids kPaths = {ids::kPathsToPaths,
+                        kSeparator,
+                        ids::kPathsUnion,
+                        ids::kPathsDifference,
+                        ids::kPathsIntersection,
+                        ids::kPathsExclusion,
+                        ids::kPathsOffset,
+                        kSeparator,
+                        ids::kPathsCombine,
+                        ids::kPathsBreakApart,
+                        kSeparator,
+                        ids::kPathsClean,
+                        ids::kPathsWeld};
+constexpr Ids kTools = {
+    ids::kToolSelect,   ids::kToolRectangle, ids::kToolEllipse, ids::kToolPolygon, ids::kToolLine,
+    ids::kToolTdot,     ids::kToolText,      ids::kToolCode,    ids::kToolBarcode, ids::kToolNodes,
+    ids::kToolPolyline, ids::kToolCurve,     ids::kToolMeasure};
+constexpr Ids kNodes = {ids::kToolNodes,  kSeparator,        ids::kNodesAdd,   ids::kNodesDelete,
+                        ids::kNodesBreak, ids::kNodesJoin,   kSeparator,       ids::kNodesLine,
+                        ids::kNodesCurve, ids::kNodesSmooth, ids::kNodesCorner};
 
 template <class Target>
 void fill(Target &target, const Commands &commands, Ids ids)
 {
-    for (const char *id : ids) {
+    for (const CommandId id : ids) {
         if (std::strcmp(id, kSeparator) == 0)
             target.addSeparator();
         else
@@ -123,76 +123,80 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
               const QList<QAction *> &viewActions)
 {
     QMenu &file = addMenu(window, "fileMenu", commands,
-                          {"file.new",
-                           "file.open",
-                           "-",
-                           "file.save",
-                           "file.saveAs",
-                           "file.revert",
-                           "file.recover",
-                           "-",
-                           "file.import",
-                           "file.importClipboard",
-                           "file.reimport",
-                           "file.sample",
-                           "-",
-                           "file.exportAll",
-                           "file.exportSelection",
-                           "-",
-                           "file.print",
-                           "file.pdf",
-                           "-",
-                           "file.quit"});
+                          {ids::kFileNew,
+                           ids::kFileOpen,
+                           kSeparator,
+                           ids::kFileSave,
+                           ids::kFileSaveAs,
+                           ids::kFileRevert,
+                           ids::kFileRecover,
+                           kSeparator,
+                           ids::kFileImport,
+                           ids::kFileImportClipboard,
+                           ids::kFileReimport,
+                           ids::kFileSample,
+                           kSeparator,
+                           ids::kFileExportAll,
+                           ids::kFileExportSelection,
+                           kSeparator,
+                           ids::kFilePrint,
+                           ids::kFilePdf,
+                           kSeparator,
+                           ids::kFileQuit});
     file.insertMenu(file.actions().at(2), fileMenus.recent);
-    file.insertMenu(commands.action("file.exportAll"), fileMenus.order);
+    file.insertMenu(commands.action(ids::kFileExportAll), fileMenus.order);
     QMenu &edit = addMenu(window, "editMenu", commands,
-                          {"edit.undo", "edit.redo", "-", "edit.cut", "edit.copy", "edit.paste",
-                           "edit.pasteInPlace", "edit.pasteHere", "-", "edit.duplicate",
-                           "edit.delete", "-", "edit.group", "edit.ungroup", "-", "edit.selectAll",
-                           "edit.invert", "edit.deselect", "-"});
-    edit.addAction(commands.action("edit.values"));
+                          {ids::kEditUndo, ids::kEditRedo, kSeparator, ids::kEditCut,
+                           ids::kEditCopy, ids::kEditPaste, ids::kEditPasteInPlace,
+                           ids::kEditPasteHere, kSeparator, ids::kEditDuplicate, ids::kEditDelete,
+                           kSeparator, ids::kEditGroup, ids::kEditUngroup, kSeparator,
+                           ids::kEditSelectAll, ids::kEditInvert, ids::kEditDeselect, kSeparator});
+    edit.addAction(commands.action(ids::kEditValues));
     edit.addSeparator();
-    edit.addAction(commands.action("edit.preferences"));
+    edit.addAction(commands.action(ids::kEditPreferences));
     QMenu &create = addMenu(window, "createMenu", commands,
-                            {"create.rectangle", "create.ellipse", "create.polygon", "create.line",
-                             "create.tdot", "create.text", "create.code", "create.barcode", "-"});
+                            {ids::kCreateRectangle, ids::kCreateEllipse, ids::kCreatePolygon,
+                             ids::kCreateLine, ids::kCreateTdot, ids::kCreateText, ids::kCreateCode,
+                             ids::kCreateBarcode, kSeparator});
     QMenu *draw = create.addMenu(QString());
     draw->setObjectName(QStringLiteral("drawMenu"));
     fill(*draw, commands, kTools);
     addMenu(window, "textMenu", commands,
-            {"create.text", "-", "text.type", "text.settings", "-", "create.code", "create.barcode",
-             "code.settings", "-", "text.nextPart", "text.shareCounter"});
+            {ids::kCreateText, kSeparator, ids::kTextType, ids::kTextSettings, kSeparator,
+             ids::kCreateCode, ids::kCreateBarcode, ids::kCodeSettings, kSeparator,
+             ids::kTextNextPart, ids::kTextShareCounter});
     QMenu &arrange = addMenu(window, "arrangeMenu", commands,
-                             {"arrange.left",
-                              "arrange.hcenter",
-                              "arrange.right",
-                              "arrange.top",
-                              "arrange.vcenter",
-                              "arrange.bottom",
-                              "arrange.center",
-                              "-",
-                              "arrange.spreadAcross",
-                              "arrange.spreadDown",
-                              "arrange.gapsAcross",
-                              "arrange.gapsDown",
-                              "-",
-                              "arrange.centreOnField",
-                              "arrange.mirrorFieldAcross",
-                              "arrange.mirrorFieldDown",
-                              "-",
-                              "arrange.mirrorHorizontal",
-                              "arrange.mirrorVertical",
-                              "-",
-                              "arrange.rotateRight",
-                              "arrange.rotateLeft",
-                              "arrange.rotate",
-                              "-",
-                              "arrange.matrix",
-                              "arrange.circle",
-                              "-"});
+                             {ids::kArrangeLeft,
+                              ids::kArrangeHcenter,
+                              ids::kArrangeRight,
+                              ids::kArrangeTop,
+                              ids::kArrangeVcenter,
+                              ids::kArrangeBottom,
+                              ids::kArrangeCenter,
+                              kSeparator,
+                              ids::kArrangeSpreadAcross,
+                              ids::kArrangeSpreadDown,
+                              ids::kArrangeGapsAcross,
+                              ids::kArrangeGapsDown,
+                              kSeparator,
+                              ids::kArrangeCentreOnField,
+                              ids::kArrangeMirrorFieldAcross,
+                              ids::kArrangeMirrorFieldDown,
+                              kSeparator,
+                              ids::kArrangeMirrorHorizontal,
+                              ids::kArrangeMirrorVertical,
+                              kSeparator,
+                              ids::kArrangeRotateRight,
+                              ids::kArrangeRotateLeft,
+                              ids::kArrangeRotate,
+                              kSeparator,
+                              ids::kArrangeMatrix,
+                              ids::kArrangeCircle,
+                              kSeparator});
     QMenu *alignTo = arrange.addMenu(QString());
     alignTo->setObjectName(QStringLiteral("alignToMenu"));
-    fill(*alignTo, commands, {"arrange.toEachOther", "arrange.toFirst", "arrange.toField"});
+    fill(*alignTo, commands,
+         {ids::kArrangeToEachOther, ids::kArrangeToFirst, ids::kArrangeToField});
     QMenu *paths = arrange.addMenu(QString());
     paths->setObjectName(QStringLiteral("pathsMenu"));
     fill(*paths, commands, kPaths);
@@ -205,42 +209,47 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
     QMenu *nudge = arrange.addMenu(QString());
     nudge->setObjectName(QStringLiteral("nudgeMenu"));
     fill(*nudge, commands,
-         {"nudge.left", "nudge.right", "nudge.up", "nudge.down", "-", "nudge.farLeft",
-          "nudge.farRight", "nudge.farUp", "nudge.farDown", "-", "nudge.fineLeft",
-          "nudge.fineRight", "nudge.fineUp", "nudge.fineDown"});
-    addMenu(window, "jobMenu", commands, {"job.preview", "job.export", "-", "text.nextPart"});
-    QMenu &view = addMenu(
-        window, "viewMenu", commands,
-        {"view.zoomIn", "view.zoomOut", "view.home", "-", "view.fitSelection", "view.fitAll", "-"});
-    fill(view, commands, {"view.rulers", "view.grid", "view.orderNumbers", "view.removeGuides"});
+         {ids::kNudgeLeft, ids::kNudgeRight, ids::kNudgeUp, ids::kNudgeDown, kSeparator,
+          ids::kNudgeFarLeft, ids::kNudgeFarRight, ids::kNudgeFarUp, ids::kNudgeFarDown, kSeparator,
+          ids::kNudgeFineLeft, ids::kNudgeFineRight, ids::kNudgeFineUp, ids::kNudgeFineDown});
+    addMenu(window, "jobMenu", commands,
+            {ids::kJobPreview, ids::kJobExport, kSeparator, ids::kTextNextPart});
+    QMenu &view = addMenu(window, "viewMenu", commands,
+                          {ids::kViewZoomIn, ids::kViewZoomOut, ids::kViewHome, kSeparator,
+                           ids::kViewFitSelection, ids::kViewFitAll, kSeparator});
+    fill(view, commands,
+         {ids::kViewRulers, ids::kViewGrid, ids::kViewOrderNumbers, ids::kViewRemoveGuides});
     QMenu *snap = view.addMenu(QString());
     snap->setObjectName(QStringLiteral("snapMenu"));
-    fill(*snap, commands, {"view.snapToShapes", "view.snapToGuides", "view.snapToGrid"});
+    fill(*snap, commands, {ids::kViewSnapToShapes, ids::kViewSnapToGuides, ids::kViewSnapToGrid});
     view.addSeparator();
     view.addActions(viewActions);
-    view.addAction(commands.action("view.resetLayout"));
-    addMenu(window, "toolsMenu", commands, {"tools.verifyCodes"});
-    addMenu(window, "helpMenu", commands, {"help.manual", "help.shortcuts", "-", "help.about"});
+    view.addAction(commands.action(ids::kViewResetLayout));
+    addMenu(window, "toolsMenu", commands, {ids::kToolsVerifyCodes});
+    addMenu(window, "helpMenu", commands,
+            {ids::kHelpManual, ids::kHelpShortcuts, kSeparator, ids::kHelpAbout});
 }
 
 void addToolBars(QMainWindow &window, const Commands &commands)
 {
     addToolBar(window, "fileToolBar", Qt::TopToolBarArea, commands,
-               {"file.new", "file.open", "file.save", "-", "file.import", "file.exportAll"});
+               {ids::kFileNew, ids::kFileOpen, ids::kFileSave, kSeparator, ids::kFileImport,
+                ids::kFileExportAll});
     addToolBar(window, "editToolBar", Qt::TopToolBarArea, commands,
-               {"edit.undo", "edit.redo", "-", "edit.cut", "edit.copy", "edit.paste", "-",
-                "edit.duplicate", "edit.delete"});
+               {ids::kEditUndo, ids::kEditRedo, kSeparator, ids::kEditCut, ids::kEditCopy,
+                ids::kEditPaste, kSeparator, ids::kEditDuplicate, ids::kEditDelete});
     addToolBar(window, "alignToolBar", Qt::TopToolBarArea, commands,
-               {"arrange.left", "arrange.hcenter", "arrange.right", "arrange.top",
-                "arrange.vcenter", "arrange.bottom", "arrange.center", "-", "arrange.gapsAcross",
-                "arrange.gapsDown", "arrange.centreOnField"});
+               {ids::kArrangeLeft, ids::kArrangeHcenter, ids::kArrangeRight, ids::kArrangeTop,
+                ids::kArrangeVcenter, ids::kArrangeBottom, ids::kArrangeCenter, kSeparator,
+                ids::kArrangeGapsAcross, ids::kArrangeGapsDown, ids::kArrangeCentreOnField});
     addToolBar(window, "transformToolBar", Qt::TopToolBarArea, commands,
-               {"arrange.mirrorHorizontal", "arrange.mirrorVertical", "arrange.rotateLeft",
-                "arrange.rotateRight", "arrange.rotate", "arrange.matrix", "arrange.circle"});
+               {ids::kArrangeMirrorHorizontal, ids::kArrangeMirrorVertical, ids::kArrangeRotateLeft,
+                ids::kArrangeRotateRight, ids::kArrangeRotate, ids::kArrangeMatrix,
+                ids::kArrangeCircle});
     addToolBar(window, "viewToolBar", Qt::TopToolBarArea, commands,
-               {"view.zoomOut", "view.zoomIn", "view.home", "view.fitSelection"});
+               {ids::kViewZoomOut, ids::kViewZoomIn, ids::kViewHome, ids::kViewFitSelection});
     addToolBar(window, "textToolBar", Qt::TopToolBarArea, commands,
-               {"text.settings", "code.settings", "text.nextPart", "job.preview"});
+               {ids::kTextSettings, ids::kCodeSettings, ids::kTextNextPart, ids::kJobPreview});
     addToolBar(window, "toolColumn", Qt::LeftToolBarArea, commands, kTools);
 }
 
@@ -249,27 +258,28 @@ QMenu *newContextMenu(const Commands &commands, bool isForShapes, QWidget *paren
     auto *menu = new QMenu(parent);
     if (!isForShapes) {
         menu->setObjectName(QStringLiteral("canvasMenu"));
-        fill(*menu, commands, {"edit.undo",        "edit.redo",         "-",
-                               "edit.pasteHere",   "edit.pasteInPlace", "-",
-                               "edit.selectAll",   "edit.invert",       "-",
-                               "create.rectangle", "create.ellipse",    "create.polygon",
-                               "create.line",      "create.tdot",       "create.text",
-                               "create.code",      "create.barcode",    "-",
-                               "view.fitAll",      "view.home"});
+        fill(*menu, commands, {ids::kEditUndo,        ids::kEditRedo,         kSeparator,
+                               ids::kEditPasteHere,   ids::kEditPasteInPlace, kSeparator,
+                               ids::kEditSelectAll,   ids::kEditInvert,       kSeparator,
+                               ids::kCreateRectangle, ids::kCreateEllipse,    ids::kCreatePolygon,
+                               ids::kCreateLine,      ids::kCreateTdot,       ids::kCreateText,
+                               ids::kCreateCode,      ids::kCreateBarcode,    kSeparator,
+                               ids::kViewFitAll,      ids::kViewHome});
         return menu;
     }
     menu->setObjectName(QStringLiteral("shapeMenu"));
     fill(*menu, commands,
-         {"text.type", "text.settings", "code.settings", "-", "edit.cut", "edit.copy",
-          "edit.pasteHere", "-", "edit.duplicate", "edit.delete", "-", "edit.group", "edit.ungroup",
-          "-"});
+         {ids::kTextType, ids::kTextSettings, ids::kCodeSettings, kSeparator, ids::kEditCut,
+          ids::kEditCopy, ids::kEditPasteHere, kSeparator, ids::kEditDuplicate, ids::kEditDelete,
+          kSeparator, ids::kEditGroup, ids::kEditUngroup, kSeparator});
     QMenu *align = menu->addMenu(translated(kAlignTitle));
     align->setObjectName(QStringLiteral("alignMenu"));
     fill(*align, commands,
-         {"arrange.left", "arrange.hcenter", "arrange.right", "arrange.top", "arrange.vcenter",
-          "arrange.bottom", "arrange.center", "-", "arrange.toEachOther", "arrange.toFirst",
-          "arrange.toField", "-", "arrange.spreadAcross", "arrange.spreadDown",
-          "arrange.gapsAcross", "arrange.gapsDown", "-", "arrange.centreOnField"});
+         {ids::kArrangeLeft, ids::kArrangeHcenter, ids::kArrangeRight, ids::kArrangeTop,
+          ids::kArrangeVcenter, ids::kArrangeBottom, ids::kArrangeCenter, kSeparator,
+          ids::kArrangeToEachOther, ids::kArrangeToFirst, ids::kArrangeToField, kSeparator,
+          ids::kArrangeSpreadAcross, ids::kArrangeSpreadDown, ids::kArrangeGapsAcross,
+          ids::kArrangeGapsDown, kSeparator, ids::kArrangeCentreOnField});
     QMenu *paths = menu->addMenu(translated(kPathsTitle));
     paths->setObjectName(QStringLiteral("pathsOfShapesMenu"));
     fill(*paths, commands, kPaths);
@@ -277,9 +287,9 @@ QMenu *newContextMenu(const Commands &commands, bool isForShapes, QWidget *paren
     order->setObjectName(QStringLiteral("orderOfShapesMenu"));
     fill(*order, commands, kOrder);
     fill(*menu, commands,
-         {"arrange.mirrorHorizontal", "arrange.mirrorVertical", "arrange.rotateRight",
-          "arrange.rotateLeft", "arrange.rotate", "arrange.matrix", "arrange.circle", "-",
-          "file.exportSelection", "view.fitSelection"});
+         {ids::kArrangeMirrorHorizontal, ids::kArrangeMirrorVertical, ids::kArrangeRotateRight,
+          ids::kArrangeRotateLeft, ids::kArrangeRotate, ids::kArrangeMatrix, ids::kArrangeCircle,
+          kSeparator, ids::kFileExportSelection, ids::kViewFitSelection});
     return menu;
 }
 
