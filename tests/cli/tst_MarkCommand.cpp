@@ -261,6 +261,18 @@ private Q_SLOTS:
                  warning);
     }
 
+    void dots_areMarkedAsShortLines()
+    {
+        const ZtmarkRun run = markTrue("dots.plt");
+        QCOMPARE(run.err,
+                 QStringLiteral("ztmark: dots.plt: warning: dots: 2, each marked as a line of "
+                                "0.01 mm\n"));
+        QCOMPARE(run.exitCode, 0);
+        // The library begins with the dot that the file ends with: from the right end of its line
+        // to the left end of the other, 2.5 + 0.01 mm across and 2.5 mm down.
+        QCOMPARE(run.out, summary(1, 2, 0, "0.020 mm", "3.543 mm before ordering, 3.543 mm after"));
+    }
+
     void emptyHatch_isWarnedOf()
     {
         const ZtmarkRun run = mark("frame.plt --hatch line --spacing 90");
@@ -280,7 +292,7 @@ private Q_SLOTS:
         row(".", ".: is a folder");
         row("empty.plt", "empty.plt: is empty");
         row("flat.plt", "flat.plt: has no extent in the direction of the size asked for");
-        row("dots.plt", "dots.plt: nothing in it has a length");
+        row("dots.plt --clean zero", "dots.plt: nothing is left of it after cleaning");
         row("text.plt", "text.plt: This is none of the drawings that can be read. Drawings are "
                         "read as HP-GL, SVG and DXF.");
         row("pointless.plt", "pointless.plt: This is none of the drawings that can be read. "

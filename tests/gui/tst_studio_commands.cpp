@@ -406,7 +406,7 @@ private Q_SLOTS:
         QList<QAction *> reachable;
         collect(studio->window->menuBar()->actions(), reachable);
         for (const studio::Command &command : studio::commandTable())
-            QVERIFY2(reachable.contains(studio->window->commands().named(command.id)), command.id);
+            QVERIFY2(reachable.contains(studio->window->commands().action(command.id)), command.id);
     }
 
     void toolBarButtons_haveIconsAndTips()

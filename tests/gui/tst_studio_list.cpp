@@ -60,8 +60,7 @@ private Q_SLOTS:
         settle();
         QCOMPARE(cell(1, ShapeListModel::Name).data().toString(), QStringLiteral("Rectangle"));
         QCOMPARE(cell(1, ShapeListModel::Kind).data().toString(), QStringLiteral("Rectangle"));
-        QCOMPARE(cell(0, ShapeListModel::Kind).data().toString(),
-                 QStringLiteral("Imported drawing"));
+        QCOMPARE(cell(0, ShapeListModel::Kind).data().toString(), QStringLiteral("Path"));
     }
 
     void click_selectsInTheDrawing_andTheOtherWayRound()

@@ -37,11 +37,13 @@ int ImportTools::tell(int imported)
 
 int ImportTools::importFiles(const QStringList &paths)
 {
+    Q_EMIT beginning();
     return tell(m_importer.importFiles(paths));
 }
 
 void ImportTools::offer(const QStringList &paths, std::optional<QPointF> scenePx)
 {
+    Q_EMIT beginning();
     ReadDrawing read;
     if (paths.size() > 1)
         m_importer.importFiles(paths, scenePx);

@@ -39,6 +39,9 @@ public:
     int importFiles(const QStringList &paths);
 
 Q_SIGNALS:
+    /** A drawing is about to be shown or to come in. */
+    void beginning();
+
     /** Something came in and is selected. Frame: scene pixels. */
     void imported(const QRectF &boxPx);
 

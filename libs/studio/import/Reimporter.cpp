@@ -3,6 +3,7 @@
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/commands/OutlinesCommand.h>
 #include <studio/commands/UndoMacro.h>
+#include <studio/drawing/LongWork.h>
 #include <studio/import/ImportNotes.h>
 #include <studio/program/UndoTexts.h>
 
@@ -89,10 +90,23 @@ bool Reimporter::read(const ImportSource &source, vectorkit::VectorDrawing *draw
 {
     const QString name = QFileInfo(source.file).fileName();
     vectorkit::ReadFailure failure;
-    if (!vectorkit::readDrawingFile(source.file, {}, drawing, &failure)) {
+    LongWork work(*m_document.window(), tr("Importing %1 again...").arg(name),
+                  LongWork::Cancel::Possible);
+    constexpr int kSteps = 1000;
+    const auto halfOf = [&work](int first) {
+        return [&work, first](double done) {
+            return work.step(first + qRound(done * kSteps / 2), kSteps);
+        };
+    };
+    vectorkit::ReadOptions options;
+    options.progress = halfOf(0);
+    if (!vectorkit::readDrawingFile(source.file, options, drawing, &failure)) {
+        if (failure.kind == vectorkit::ReadFailure::Kind::Cancelled)
+            return false;
         m_messages.failure(
             {tr("\"%1\" was not imported again; its shapes stay as they are.").arg(name),
-             failure.reason,
+             failure.advice.isEmpty() ? failure.reason
+                                      : failure.reason + QLatin1Char(' ') + failure.advice,
              {source.file}});
         return false;
     }
@@ -101,7 +115,9 @@ bool Reimporter::read(const ImportSource &source, vectorkit::VectorDrawing *draw
         m_messages.warning(
             {tr("\"%1\" was imported again with losses.").arg(name), QString(), losses});
     hostkit::scaleDrawing(drawing, source.scaleX, source.scaleY);
-    return vectorkit::cleanDrawing(drawing, source.cleaning, nullptr);
+    vectorkit::CleanOptions cleaning = source.cleaning;
+    cleaning.progress = halfOf(kSteps / 2);
+    return vectorkit::cleanDrawing(drawing, cleaning, nullptr);
 }
 
 Reimporter::Outcome Reimporter::follow(const ImportSource &source,

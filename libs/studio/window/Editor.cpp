@@ -94,7 +94,14 @@ void Editor::joinTools()
     connect(m_import.get(), &ImportTools::imported, this, &Editor::added);
     connect(m_clipboard.get(), &ClipboardActions::added, this, &Editor::added);
 
-    const DrawingSession *session = &m_files->session();
+    // The preview of a job stands in the place of the canvas, where all this happens.
+    connect(m_import.get(), &ImportTools::beginning, m_job.get(), &JobTools::leavePreview);
+    connect(m_tools.get(), &DrawingTools::chosen, m_job.get(), &JobTools::leavePreview);
+    connect(this, &Editor::added, m_job.get(), &JobTools::leavePreview);
+    connect(m_files.get(), &DrawingFiles::loaded, m_job.get(), &JobTools::leavePreview);
+    connect(m_files.get(), &DrawingFiles::emptied, m_job.get(), &JobTools::leavePreview);
+
+    DrawingSession *session = &m_files->session();
     connect(m_files.get(), &DrawingFiles::settling, m_text.get(), &TextTools::finishTyping);
     connect(m_files.get(), &DrawingFiles::loaded, m_guides.get(), &GuideTools::follow);
     connect(m_files.get(), &DrawingFiles::emptied, m_guides.get(), &GuideTools::follow);
@@ -188,6 +195,7 @@ void Editor::addSample()
 {
     const ShapeItems before = shapeItemsOf(*m_document.scene());
     const ShapeItems selectedBefore = selectedShapeItems(*m_document.scene());
+    m_job->leavePreview();
     hostkit::buildSampleDrawing(m_document);
     const ShapeItems added = shapeItemsOf(*m_document.scene()).mid(before.size());
     m_document.undoStack()->push(new AddItemsCommand(

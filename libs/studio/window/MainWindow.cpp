@@ -19,7 +19,9 @@
 #include <studio/help/ManualWindow.h>
 #include <studio/import/DropImporter.h>
 #include <studio/job/JobPanel.h>
+#include <studio/job/JobPreview.h>
 #include <studio/job/JobTools.h>
+#include <studio/job/PlanPanel.h>
 #include <studio/list/ShapeList.h>
 #include <studio/list/ShapeListView.h>
 #include <studio/panel/ShapePanel.h>
@@ -53,6 +55,7 @@
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QMessageBox>
+#include <QtWidgets/QStackedWidget>
 #include <QtWidgets/QUndoStack>
 
 namespace studio {
@@ -66,6 +69,7 @@ const QString kStateKey = QStringLiteral("window/state");
 constexpr int kLayoutVersion = 3;
 
 constexpr int kStatusMs = 8000;
+constexpr double kPreviewZoomStep = 1.25;
 constexpr int kDockWidth = 350;
 constexpr int kListHeight = 240;
 constexpr int kPanelHeight = 500;
@@ -124,7 +128,9 @@ void MainWindow::buildDocument()
 {
     m_drawing = new ZTGraphicsDocument(this);
     m_rulers = new hostkit::ViewRulers(m_drawing, this);
-    setCentralWidget(m_rulers);
+    m_middle = new QStackedWidget(this);
+    m_middle->addWidget(m_rulers);
+    setCentralWidget(m_middle);
     m_fieldShade = std::make_unique<FieldShade>(*m_drawing);
     m_grid = std::make_unique<GridItem>(*m_drawing->scene());
     m_orderNumbers = std::make_unique<OrderNumbers>(*m_drawing);
@@ -249,7 +255,12 @@ void MainWindow::buildProperties()
     m_panel = new ShapePanel(*m_drawing, m_editor->actions(), this);
     connect(m_panel, &ShapePanel::wordsWanted, &m_editor->text(), &TextTools::showDialog);
     connect(m_panel, &ShapePanel::codeSettingsWanted, &m_editor->codes(), &CodeTools::showDialog);
+    JobPreview *preview = &m_editor->job().preview();
     m_panel->addPage(&m_editor->job().panel(), [] { return tr("Job"); });
+    m_panel->addPage(&preview->panel(), [] { return tr("Plan"); });
+    m_panel->setPageShown(&preview->panel(), false);
+    m_middle->addWidget(preview);
+    connect(&m_editor->job(), &JobTools::previewing, this, &MainWindow::showPreview);
     addDockWidget(Qt::RightDockWidgetArea, m_panel);
     m_list = new ShapeList(*m_drawing, this);
     addDockWidget(Qt::RightDockWidgetArea, m_list);
@@ -265,6 +276,35 @@ void MainWindow::buildProperties()
     resizeDocks({m_panel}, {kDockWidth}, Qt::Horizontal);
     resizeDocks({m_panel, m_list}, {kPanelHeight, kListHeight}, Qt::Vertical);
     m_firstLayout = saveState(kLayoutVersion);
+}
+
+// The panel is there as long as the preview is, also for who has put it away.
+void MainWindow::showPreview(bool isShown)
+{
+    if (isShown && m_panel->isHidden()) {
+        m_isPanelForPreview = true;
+        m_panel->show();
+    } else if (!isShown && m_isPanelForPreview) {
+        m_isPanelForPreview = false;
+        m_panel->hide();
+    }
+    m_panel->setPageShown(&m_editor->job().preview().panel(), isShown);
+    if (isShown)
+        m_middle->setCurrentWidget(&m_editor->job().preview());
+    else
+        m_middle->setCurrentWidget(m_rulers);
+    refreshCommands();
+    if (!isShown)
+        m_drawing->view()->setFocus();
+}
+
+void MainWindow::togglePreview()
+{
+    if (m_editor->job().isPreviewing())
+        m_editor->job().leavePreview();
+    else
+        m_editor->job().showPreview();
+    m_commandSet->action(ids::kJobPreview)->setChecked(m_editor->job().isPreviewing());
 }
 
 // Not while the user works in the tree: it would jump away under the mouse.
@@ -462,6 +502,9 @@ void MainWindow::refreshCommands()
     state.canRevert =
         !m_editor->files().session().path().isEmpty() && m_editor->files().session().isModified();
     m_commandSet->enableFor(state);
+    QAction *preview = m_commandSet->action(ids::kJobPreview);
+    preview->setChecked(m_editor->job().isPreviewing());
+    preview->setEnabled(preview->isEnabled() || m_editor->job().isPreviewing());
 }
 
 void MainWindow::refreshUndoTexts()
@@ -495,6 +538,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
     }
     if (m_crashGuard != nullptr)
         m_crashGuard->letGo();
+    m_editor->job().leavePreview();
     QSettings settings;
     settings.setValue(kGeometryKey, saveGeometry());
     settings.setValue(kStateKey, saveState(kLayoutVersion));
@@ -544,9 +588,45 @@ void MainWindow::showCircleDialog()
 
 void MainWindow::resetLayout() { restoreState(m_firstLayout, kLayoutVersion); }
 
-void MainWindow::fitSelection() { navigation().fit(m_drawing->scene()->getSelectionItemRect()); }
+void MainWindow::zoomIn()
+{
+    if (m_editor->job().isPreviewing())
+        m_editor->job().preview().plan().zoomBy(kPreviewZoomStep);
+    else
+        navigation().zoomIn();
+}
 
-void MainWindow::fitAll() { navigation().fit(sceneBox(shapeItemsOf(*m_drawing->scene()))); }
+void MainWindow::zoomOut()
+{
+    if (m_editor->job().isPreviewing())
+        m_editor->job().preview().plan().zoomBy(1.0 / kPreviewZoomStep);
+    else
+        navigation().zoomOut();
+}
+
+void MainWindow::zoomHome()
+{
+    if (m_editor->job().isPreviewing())
+        m_editor->job().preview().plan().fit();
+    else
+        navigation().home();
+}
+
+void MainWindow::fitSelection()
+{
+    if (m_editor->job().isPreviewing())
+        m_editor->job().showSelected();
+    else
+        navigation().fit(m_drawing->scene()->getSelectionItemRect());
+}
+
+void MainWindow::fitAll()
+{
+    if (m_editor->job().isPreviewing())
+        m_editor->job().preview().plan().fit();
+    else
+        navigation().fit(sceneBox(shapeItemsOf(*m_drawing->scene())));
+}
 
 void MainWindow::showManual()
 {

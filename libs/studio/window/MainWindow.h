@@ -11,6 +11,7 @@
 
 QT_BEGIN_NAMESPACE
 class QDockWidget;
+class QStackedWidget;
 QT_END_NAMESPACE
 
 class ZTGraphicsDocument;
@@ -81,7 +82,11 @@ public:
     void toggleOrderNumbers();
     void pasteAtMenu(); ///< where the context menu was opened
     void showRecovery();
-    void resetLayout(); ///< of docks and toolbars, as at the first start
+    void resetLayout();   ///< of docks and toolbars, as at the first start
+    void togglePreview(); ///< of the job, in the place of the canvas
+    void zoomIn();        ///< of the canvas, or of the preview where that stands in its place
+    void zoomOut();
+    void zoomHome();
     void fitSelection();
     void fitAll();
     void showManual();
@@ -97,6 +102,7 @@ private:
     void buildTree();
     void buildProperties();
     void buildEditor();
+    void showPreview(bool isShown);
     void buildCommands();
     void connectState();
     void connectFiles();
@@ -127,6 +133,7 @@ private:
     ShapeList *m_list = nullptr;
     PropertyDock *m_properties = nullptr;
     ViewNavigation *m_viewNavigation = nullptr;
+    QStackedWidget *m_middle = nullptr; ///< of the canvas and what takes its place
     hostkit::ViewRulers *m_rulers = nullptr;
     EmptyHint *m_emptyHint = nullptr; ///< child of the document
     std::unique_ptr<FieldShade> m_fieldShade;
@@ -141,7 +148,8 @@ private:
     CrashGuard *m_crashGuard = nullptr; ///< null: no recovery files
     QPointer<MatrixDialog> m_matrixDialog;
     QPointer<CircleDialog> m_circleDialog;
-    QByteArray m_firstLayout; ///< of docks and toolbars
+    QByteArray m_firstLayout;         ///< of docks and toolbars
+    bool m_isPanelForPreview = false; ///< the panel is shown for the preview alone
     QTimer m_stateTimer;
     QRectF m_paintedFramePx; ///< where the selection frame stood when it was seen last; or null
     QString m_savedMessage;  ///< of the last save, as long as it is true

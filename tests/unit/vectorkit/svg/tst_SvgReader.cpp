@@ -151,6 +151,8 @@ private Q_SLOTS:
     void texts_mirroredAndWide_keepTheirForm();
     void names_withOtherPrefixes_areRead();
     void refused_saysLineAndColumn();
+    void refused_saysWhatIsWrong_data();
+    void refused_saysWhatIsWrong();
     void refused_neverGrowsWithoutBound_data();
     void refused_neverGrowsWithoutBound();
     void cancelled_leavesTheDrawing();
@@ -422,6 +424,51 @@ void TestSvgReader::refused_saysLineAndColumn()
     QVERIFY2(failure.reason.contains(QLatin1String("line 3, column ")), qPrintable(failure.reason));
     QCOMPARE(failureOf("<html><svg/></html>").kind, ReadFailure::Kind::WrongFormat);
     QCOMPARE(failureOf("<svg/>").kind, ReadFailure::Kind::Empty);
+}
+
+void TestSvgReader::refused_saysWhatIsWrong_data()
+{
+    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<QString>("reason");
+    QTest::addColumn<QString>("advice");
+    const auto row = [](const char *name, const QByteArray &body, const char *reason,
+                        const char *advice) {
+        QTest::newRow(name) << body << QString::fromLatin1(reason) << QString::fromLatin1(advice);
+    };
+    row("hyphens", "\n<!-- cut; use --laser -->\n<path d='M0 0H1'/></svg>",
+        "The file is not well-formed at line 2, column 19: two hyphens stand inside of a comment.",
+        "Take it out with a text editor.");
+    row("mismatch", "\n<g><path d='M0 0H1'/></svg>",
+        "The file is not well-formed at line 2, column 28: an element ends that did not begin "
+        "there.",
+        "Save it again with the program that wrote it.");
+    row("twice", "\n<path d='M0 0' d='M1 1'/></svg>",
+        "The file is not well-formed at line 2, column 24: an attribute is given twice.",
+        "Save it again with the program that wrote it.");
+    row("entity", "\n<text>a &nbsp; b</text></svg>",
+        "The file is not well-formed at line 2, column 14: an entity (&name;) is not declared, or "
+        "refers to itself or to too much.",
+        "Save it again with the program that wrote it.");
+    row("cut off", "\n<g><path d='M0 0H1'/>",
+        "The file is not well-formed at line 2, column 21: it ends before its drawing does.",
+        "It was cut off: copy it or save it again.");
+    row("cut off in a comment", "\n<g><!-- a",
+        "The file is not well-formed at line 2, column 10: it ends before its drawing does.",
+        "It was cut off: copy it or save it again.");
+}
+
+void TestSvgReader::refused_saysWhatIsWrong()
+{
+    QFETCH(QByteArray, body);
+    QFETCH(QString, reason);
+    QFETCH(QString, advice);
+    const ReadFailure failure =
+        failureOf("<svg xmlns='http://www.w3.org/2000/svg' width='9mm' height='9mm'>" + body);
+    // The column is where the reader stopped, which may be past the fault by a few letters.
+    static const QRegularExpression column(QStringLiteral("column \\d+"));
+    QCOMPARE(QString(failure.reason).remove(column), QString(reason).remove(column));
+    QCOMPARE(failure.advice, advice);
+    QCOMPARE(failure.kind, ReadFailure::Kind::Damaged);
 }
 
 void TestSvgReader::refused_neverGrowsWithoutBound_data()
