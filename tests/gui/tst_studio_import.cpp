@@ -5,7 +5,7 @@
 #include <studio/import/ImportNotes.h>
 #include <studio/import/ImportPicture.h>
 #include <studio/import/ImportSettings.h>
-#include <studio/import/Importer.h>
+#include <studio/import/ImportTools.h>
 #include <studio/program/UndoTexts.h>
 
 #include <hostkit/items/GraphicItems.h>

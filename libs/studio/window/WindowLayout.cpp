@@ -83,6 +83,45 @@ constexpr Ids kNodes = {ids::kToolNodes,  kSeparator,        ids::kNodesAdd,   i
                         ids::kNodesBreak, ids::kNodesJoin,   kSeparator,       ids::kNodesLine,
                         ids::kNodesCurve, ids::kNodesSmooth, ids::kNodesCorner};
 
+// clang-format off
+constexpr Ids kFileMenu = {ids::kFileNew, ids::kFileOpen, kSeparator, ids::kFileSave,
+                           ids::kFileSaveAs, ids::kFileRevert, ids::kFileRecover, kSeparator,
+                           ids::kFileImport, ids::kFileImportClipboard, ids::kFileReimport,
+                           ids::kFileSample, kSeparator, ids::kFileExportAll,
+                           ids::kFileExportSelection, kSeparator, ids::kFilePrint, ids::kFilePdf,
+                           kSeparator, ids::kFileQuit};
+constexpr Ids kEditMenu = {ids::kEditUndo, ids::kEditRedo, kSeparator, ids::kEditCut,
+                           ids::kEditCopy, ids::kEditPaste, ids::kEditPasteInPlace,
+                           ids::kEditPasteHere, kSeparator, ids::kEditDuplicate, ids::kEditDelete,
+                           kSeparator, ids::kEditGroup, ids::kEditUngroup, kSeparator,
+                           ids::kEditSelectAll, ids::kEditInvert, ids::kEditDeselect, kSeparator,
+                           ids::kEditValues, kSeparator, ids::kEditPreferences};
+constexpr Ids kCreateMenu = {ids::kCreateRectangle, ids::kCreateEllipse, ids::kCreatePolygon,
+                             ids::kCreateLine, ids::kCreateTdot, ids::kCreateText, ids::kCreateCode,
+                             ids::kCreateBarcode, kSeparator};
+constexpr Ids kTextMenu = {ids::kCreateText, kSeparator, ids::kTextType, ids::kTextSettings,
+                           kSeparator, ids::kCreateCode, ids::kCreateBarcode, ids::kCodeSettings,
+                           kSeparator, ids::kTextNextPart, ids::kTextShareCounter};
+constexpr Ids kArrangeMenu = {ids::kArrangeLeft, ids::kArrangeHcenter, ids::kArrangeRight,
+                              ids::kArrangeTop, ids::kArrangeVcenter, ids::kArrangeBottom,
+                              ids::kArrangeCenter, kSeparator, ids::kArrangeSpreadAcross,
+                              ids::kArrangeSpreadDown, ids::kArrangeGapsAcross,
+                              ids::kArrangeGapsDown, kSeparator, ids::kArrangeCentreOnField,
+                              ids::kArrangeMirrorFieldAcross, ids::kArrangeMirrorFieldDown,
+                              kSeparator, ids::kArrangeMirrorHorizontal,
+                              ids::kArrangeMirrorVertical, kSeparator, ids::kArrangeRotateRight,
+                              ids::kArrangeRotateLeft, ids::kArrangeRotate, kSeparator,
+                              ids::kArrangeMatrix, ids::kArrangeCircle, kSeparator};
+constexpr Ids kNudgeMenu = {ids::kNudgeLeft, ids::kNudgeRight, ids::kNudgeUp, ids::kNudgeDown,
+                            kSeparator, ids::kNudgeFarLeft, ids::kNudgeFarRight, ids::kNudgeFarUp,
+                            ids::kNudgeFarDown, kSeparator, ids::kNudgeFineLeft,
+                            ids::kNudgeFineRight, ids::kNudgeFineUp, ids::kNudgeFineDown};
+constexpr Ids kViewMenu = {ids::kViewZoomIn, ids::kViewZoomOut, ids::kViewHome, kSeparator,
+                           ids::kViewFitSelection, ids::kViewFitAll, kSeparator,
+                           ids::kViewRulers, ids::kViewGrid, ids::kViewOrderNumbers,
+                           ids::kViewRemoveGuides};
+// clang-format on
+
 template <class Target>
 void fill(Target &target, const Commands &commands, Ids ids)
 {
@@ -107,6 +146,14 @@ QMenu &addMenu(QMainWindow &window, const char *name, const Commands &commands, 
     return *menu;
 }
 
+QMenu &addSubmenu(QMenu &menu, const char *name, const Commands &commands, Ids ids)
+{
+    QMenu *sub = menu.addMenu(QString());
+    sub->setObjectName(QString::fromLatin1(name));
+    fill(*sub, commands, ids);
+    return *sub;
+}
+
 void addToolBar(QMainWindow &window, const char *name, Qt::ToolBarArea area,
                 const Commands &commands, Ids ids)
 {
@@ -117,114 +164,43 @@ void addToolBar(QMainWindow &window, const char *name, Qt::ToolBarArea area,
     fill(*bar, commands, ids);
 }
 
+void addArrangeMenu(QMainWindow &window, const Commands &commands)
+{
+    QMenu &arrange = addMenu(window, "arrangeMenu", commands, kArrangeMenu);
+    addSubmenu(arrange, "alignToMenu", commands,
+               {ids::kArrangeToEachOther, ids::kArrangeToFirst, ids::kArrangeToField});
+    addSubmenu(arrange, "pathsMenu", commands, kPaths);
+    addSubmenu(arrange, "nodesMenu", commands, kNodes);
+    addSubmenu(arrange, "stackingMenu", commands, kOrder);
+    addSubmenu(arrange, "nudgeMenu", commands, kNudgeMenu);
+}
+
+void addViewMenu(QMainWindow &window, const Commands &commands, const QList<QAction *> &others)
+{
+    QMenu &view = addMenu(window, "viewMenu", commands, kViewMenu);
+    addSubmenu(view, "snapMenu", commands,
+               {ids::kViewSnapToShapes, ids::kViewSnapToGuides, ids::kViewSnapToGrid});
+    view.addSeparator();
+    view.addActions(others);
+    view.addAction(commands.action(ids::kViewResetLayout));
+}
+
 } // namespace
 
 void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fileMenus,
               const QList<QAction *> &viewActions)
 {
-    QMenu &file = addMenu(window, "fileMenu", commands,
-                          {ids::kFileNew,
-                           ids::kFileOpen,
-                           kSeparator,
-                           ids::kFileSave,
-                           ids::kFileSaveAs,
-                           ids::kFileRevert,
-                           ids::kFileRecover,
-                           kSeparator,
-                           ids::kFileImport,
-                           ids::kFileImportClipboard,
-                           ids::kFileReimport,
-                           ids::kFileSample,
-                           kSeparator,
-                           ids::kFileExportAll,
-                           ids::kFileExportSelection,
-                           kSeparator,
-                           ids::kFilePrint,
-                           ids::kFilePdf,
-                           kSeparator,
-                           ids::kFileQuit});
-    file.insertMenu(file.actions().at(2), fileMenus.recent);
+    QMenu &file = addMenu(window, "fileMenu", commands, kFileMenu);
+    file.insertMenu(file.actions().at(2), fileMenus.recent); // below "Open"
     file.insertMenu(commands.action(ids::kFileExportAll), fileMenus.order);
-    QMenu &edit = addMenu(window, "editMenu", commands,
-                          {ids::kEditUndo, ids::kEditRedo, kSeparator, ids::kEditCut,
-                           ids::kEditCopy, ids::kEditPaste, ids::kEditPasteInPlace,
-                           ids::kEditPasteHere, kSeparator, ids::kEditDuplicate, ids::kEditDelete,
-                           kSeparator, ids::kEditGroup, ids::kEditUngroup, kSeparator,
-                           ids::kEditSelectAll, ids::kEditInvert, ids::kEditDeselect, kSeparator});
-    edit.addAction(commands.action(ids::kEditValues));
-    edit.addSeparator();
-    edit.addAction(commands.action(ids::kEditPreferences));
-    QMenu &create = addMenu(window, "createMenu", commands,
-                            {ids::kCreateRectangle, ids::kCreateEllipse, ids::kCreatePolygon,
-                             ids::kCreateLine, ids::kCreateTdot, ids::kCreateText, ids::kCreateCode,
-                             ids::kCreateBarcode, kSeparator});
-    QMenu *draw = create.addMenu(QString());
-    draw->setObjectName(QStringLiteral("drawMenu"));
-    fill(*draw, commands, kTools);
-    addMenu(window, "textMenu", commands,
-            {ids::kCreateText, kSeparator, ids::kTextType, ids::kTextSettings, kSeparator,
-             ids::kCreateCode, ids::kCreateBarcode, ids::kCodeSettings, kSeparator,
-             ids::kTextNextPart, ids::kTextShareCounter});
-    QMenu &arrange = addMenu(window, "arrangeMenu", commands,
-                             {ids::kArrangeLeft,
-                              ids::kArrangeHcenter,
-                              ids::kArrangeRight,
-                              ids::kArrangeTop,
-                              ids::kArrangeVcenter,
-                              ids::kArrangeBottom,
-                              ids::kArrangeCenter,
-                              kSeparator,
-                              ids::kArrangeSpreadAcross,
-                              ids::kArrangeSpreadDown,
-                              ids::kArrangeGapsAcross,
-                              ids::kArrangeGapsDown,
-                              kSeparator,
-                              ids::kArrangeCentreOnField,
-                              ids::kArrangeMirrorFieldAcross,
-                              ids::kArrangeMirrorFieldDown,
-                              kSeparator,
-                              ids::kArrangeMirrorHorizontal,
-                              ids::kArrangeMirrorVertical,
-                              kSeparator,
-                              ids::kArrangeRotateRight,
-                              ids::kArrangeRotateLeft,
-                              ids::kArrangeRotate,
-                              kSeparator,
-                              ids::kArrangeMatrix,
-                              ids::kArrangeCircle,
-                              kSeparator});
-    QMenu *alignTo = arrange.addMenu(QString());
-    alignTo->setObjectName(QStringLiteral("alignToMenu"));
-    fill(*alignTo, commands,
-         {ids::kArrangeToEachOther, ids::kArrangeToFirst, ids::kArrangeToField});
-    QMenu *paths = arrange.addMenu(QString());
-    paths->setObjectName(QStringLiteral("pathsMenu"));
-    fill(*paths, commands, kPaths);
-    QMenu *nodes = arrange.addMenu(QString());
-    nodes->setObjectName(QStringLiteral("nodesMenu"));
-    fill(*nodes, commands, kNodes);
-    QMenu *order = arrange.addMenu(QString());
-    order->setObjectName(QStringLiteral("stackingMenu"));
-    fill(*order, commands, kOrder);
-    QMenu *nudge = arrange.addMenu(QString());
-    nudge->setObjectName(QStringLiteral("nudgeMenu"));
-    fill(*nudge, commands,
-         {ids::kNudgeLeft, ids::kNudgeRight, ids::kNudgeUp, ids::kNudgeDown, kSeparator,
-          ids::kNudgeFarLeft, ids::kNudgeFarRight, ids::kNudgeFarUp, ids::kNudgeFarDown, kSeparator,
-          ids::kNudgeFineLeft, ids::kNudgeFineRight, ids::kNudgeFineUp, ids::kNudgeFineDown});
+    addMenu(window, "editMenu", commands, kEditMenu);
+    QMenu &create = addMenu(window, "createMenu", commands, kCreateMenu);
+    addSubmenu(create, "drawMenu", commands, kTools);
+    addMenu(window, "textMenu", commands, kTextMenu);
+    addArrangeMenu(window, commands);
     addMenu(window, "jobMenu", commands,
             {ids::kJobPreview, ids::kJobExport, kSeparator, ids::kTextNextPart});
-    QMenu &view = addMenu(window, "viewMenu", commands,
-                          {ids::kViewZoomIn, ids::kViewZoomOut, ids::kViewHome, kSeparator,
-                           ids::kViewFitSelection, ids::kViewFitAll, kSeparator});
-    fill(view, commands,
-         {ids::kViewRulers, ids::kViewGrid, ids::kViewOrderNumbers, ids::kViewRemoveGuides});
-    QMenu *snap = view.addMenu(QString());
-    snap->setObjectName(QStringLiteral("snapMenu"));
-    fill(*snap, commands, {ids::kViewSnapToShapes, ids::kViewSnapToGuides, ids::kViewSnapToGrid});
-    view.addSeparator();
-    view.addActions(viewActions);
-    view.addAction(commands.action(ids::kViewResetLayout));
+    addViewMenu(window, commands, viewActions);
     addMenu(window, "toolsMenu", commands, {ids::kToolsVerifyCodes});
     addMenu(window, "helpMenu", commands,
             {ids::kHelpManual, ids::kHelpShortcuts, kSeparator, ids::kHelpAbout});
