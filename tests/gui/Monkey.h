@@ -35,7 +35,7 @@ public:
         studio.window->resize(kWindow); // small, for painting takes most of the time
         studio.window->navigation().home();
         for (const studio::Command &command : studio::commandTable()) {
-            if (isForMonkeys(command.id))
+            if (isForMonkeys(QByteArray(command.id)))
                 table << command.id;
         }
         QObject::connect(&watch, &QTimer::timeout, [this] { endWaiting(); });

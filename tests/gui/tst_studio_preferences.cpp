@@ -208,7 +208,7 @@ private Q_SLOTS:
         QVERIFY(studio->run("arrange.toField"));
         studio::MainWindow other(std::make_unique<RecordedMessages>());
         QCOMPARE(other.preferences().preferences().unit, studio::LengthUnit::Inch);
-        QVERIFY(!other.snapping().choice().toShapes);
+        QVERIFY(!other.editor().snapping().choice().toShapes);
         QVERIFY(other.commands().named("arrange.toField")->isChecked());
     }
 

@@ -18,8 +18,8 @@ private Q_SLOTS:
     {
         QSet<QByteArray> ids;
         for (const Command &command : studio::commandTable()) {
-            QVERIFY2(!ids.contains(command.id), command.id);
-            ids << command.id;
+            QVERIFY2(!ids.contains(QByteArray(command.id)), command.id);
+            ids << QByteArray(command.id);
         }
     }
 
