@@ -167,7 +167,8 @@ private Q_SLOTS:
     {
         ShapeItem *item = hostkit::addGraphic(
             studio->document(),
-            {vectorkit::VectorPath::polyline({{1 / 3.0, 1 / 7.0}, {20.1, 0.7}, {9, 21.3}}, true)});
+            {vectorkit::VectorPath::polyline({{1 / 3.0, 1 / 7.0}, {20.1, 0.7}, {9, 21.3}}, true),
+             vectorkit::VectorPath::polyline({{-1 / 3.0, 5}, {17, 5.1}, {8, 22 + 1 / 7.0}}, true)});
         select({item});
         auto *box = child<QCheckBox>("panel.union");
         const QRectF beforePx = studio::sceneBox(*item);

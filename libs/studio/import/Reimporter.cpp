@@ -80,7 +80,7 @@ void Reimporter::reimportSelected()
             all.gone += outcome.gone;
         }
     }
-    Q_EMIT told(tr("Re-imported: %1 shapes follow their file, %2 are new, %3 are gone")
+    Q_EMIT told(tr("Re-imported. Shapes that follow their file: %1, new: %2, gone: %3")
                     .arg(all.followed)
                     .arg(all.added)
                     .arg(all.gone));

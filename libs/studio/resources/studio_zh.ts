@@ -5374,16 +5374,16 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>“%1”未重新导入；其图形保持原样。</translation>
     </message>
     <message>
-        <source>Re-imported: %1 shapes follow their file, %2 are new, %3 are gone</source>
-        <translation>已重新导入：%1 个图形随文件更新，%2 个新增，%3 个消失</translation>
-    </message>
-    <message>
         <source>What is selected came from no file</source>
         <translation>选中的图形不是来自文件</translation>
     </message>
     <message>
         <source>Importing %1 again...</source>
         <translation>正在重新导入 %1...</translation>
+    </message>
+    <message>
+        <source>Re-imported. Shapes that follow their file: %1, new: %2, gone: %3</source>
+        <translation>已重新导入：%1 个图形随文件更新，%2 个新增，%3 个消失</translation>
     </message>
 </context>
 <context>

@@ -255,12 +255,6 @@ void MainWindow::buildProperties()
     m_panel = new ShapePanel(*m_drawing, m_editor->actions(), this);
     connect(m_panel, &ShapePanel::wordsWanted, &m_editor->text(), &TextTools::showDialog);
     connect(m_panel, &ShapePanel::codeSettingsWanted, &m_editor->codes(), &CodeTools::showDialog);
-    JobPreview *preview = &m_editor->job().preview();
-    m_panel->addPage(&m_editor->job().panel(), [] { return tr("Job"); });
-    m_panel->addPage(&preview->panel(), [] { return tr("Plan"); });
-    m_panel->setPageShown(&preview->panel(), false);
-    m_middle->addWidget(preview);
-    connect(&m_editor->job(), &JobTools::previewing, this, &MainWindow::showPreview);
     addDockWidget(Qt::RightDockWidgetArea, m_panel);
     m_list = new ShapeList(*m_drawing, this);
     addDockWidget(Qt::RightDockWidgetArea, m_list);
@@ -276,6 +270,12 @@ void MainWindow::buildProperties()
     resizeDocks({m_panel}, {kDockWidth}, Qt::Horizontal);
     resizeDocks({m_panel, m_list}, {kPanelHeight, kListHeight}, Qt::Vertical);
     m_firstLayout = saveState(kLayoutVersion);
+    JobPreview *preview = &m_editor->job().preview();
+    m_panel->addPage(&m_editor->job().panel(), [] { return tr("Job"); });
+    m_panel->addPage(&preview->panel(), [] { return tr("Plan"); });
+    m_panel->setPageShown(&preview->panel(), false);
+    m_middle->addWidget(preview);
+    connect(&m_editor->job(), &JobTools::previewing, this, &MainWindow::showPreview);
 }
 
 // The panel is there as long as the preview is, also for who has put it away.

@@ -147,6 +147,9 @@ private Q_SLOTS:
     void layers_keepNamesAndOrder();
     void layers_ofNumberedNames_areRead();
     void leftOut_isSaidAndCounted();
+    void editorSwitch_givesItsLayers();
+    void styleSheet_ofAProgram_isFollowed();
+    void shownOtherwise_isSaid();
     void texts_stayTexts();
     void texts_mirroredAndWide_keepTheirForm();
     void names_withOtherPrefixes_areRead();
@@ -180,6 +183,8 @@ void TestSvgReader::size_isFoundAsTheFileSays_data()
     row("size-editor-96", {25.4, 25.4}, pixel, declared, {0, 0, 25.4, 12.7});
     row("size-editor-72", {50.8, 25.4}, 25.4 / 72, declared, {0, 0, 25.4, 12.7});
     row("aspect", {100, 50}, 5.0, declared, {50, 0, 50, 50});
+    // Of all there is room for: 96 x 192 pixels, the lowest corner of all at (72, 144).
+    row("size-percent", {25.4, 50.8}, pixel, SizeSource::Guessed, {0, 0, 19.05, 38.1});
 }
 
 void TestSvgReader::size_isFoundAsTheFileSays()
@@ -369,6 +374,45 @@ void TestSvgReader::leftOut_isSaidAndCounted()
     QCOMPARE(noted(drawing, damaged, "paths with coordinates out of range"), qint64(1));
 }
 
+void TestSvgReader::editorSwitch_givesItsLayers()
+{
+    const VectorDrawing drawing = readFixture(QStringLiteral("editor-switch"));
+    QCOMPARE(drawing.layers.size(), 2);
+    QCOMPARE(drawing.layers[1].name, QStringLiteral("Engrave"));
+    const QVector<VectorShape> shapes = shapesOf(drawing);
+    QCOMPARE(shapes.size(), 2);
+    QVERIFY(isSame(boundsOf(shapes[0]), QRectF(2, 2, 36, 16)));
+    QCOMPARE(shapes[0].color, QColor(0xE3, 0x06, 0x13));
+    QVERIFY(!shapes[0].isFilled && shapes[1].isFilled);
+    QVERIFY(shapes[0].paths[0].isClosed());
+}
+
+void TestSvgReader::styleSheet_ofAProgram_isFollowed()
+{
+    const VectorDrawing drawing = readFixture(QStringLiteral("style-sheet"));
+    const QVector<VectorShape> shapes = shapesOf(drawing);
+    QCOMPARE(shapes.size(), 4);
+    QCOMPARE(shapes[0].color, QColor(0, 0, 255)); // not that of a printed page
+    QCOMPARE(shapes[0].strokeWidthMm, 2.0);
+    QCOMPARE(shapes[1].color, QColor(0, 0, 0)); // !important is stronger than the element's own
+    QCOMPARE(shapes[2].color, QColor(0, 128, 0));
+    QCOMPARE(shapes[3].color, QColor(255, 0, 0));
+    QCOMPARE(noted(drawing, VectorNote::Kind::Left, "style rules that are not known"), qint64(1));
+}
+
+void TestSvgReader::shownOtherwise_isSaid()
+{
+    const VectorDrawing drawing = readFixture(QStringLiteral("shown-otherwise"));
+    QCOMPARE(drawing.shapeCount(), 5);
+    QVERIFY(isSame(boundsOf(shapesOf(drawing).last()), QRectF(0, 18, 5, 0)));
+    const VectorNote::Kind changed = VectorNote::Kind::Changed;
+    QCOMPARE(noted(drawing, changed, "masks, shown without them"), qint64(1));
+    QCOMPARE(noted(drawing, changed, "filters, shown without them"), qint64(1));
+    QCOMPARE(noted(drawing, changed, "patterns, filled all over"), qint64(1));
+    QCOMPARE(noted(drawing, VectorNote::Kind::Left, "markers on lines"), qint64(1));
+    QCOMPARE(noted(drawing, VectorNote::Kind::Left, "hidden elements"), qint64(2));
+}
+
 void TestSvgReader::texts_stayTexts()
 {
     const VectorDrawing drawing = readFixture(QStringLiteral("texts"));
@@ -519,8 +563,9 @@ void TestSvgReader::picture_equalsThatOfAnotherReader_data()
 {
     QTest::addColumn<QString>("name");
     // Neither see-through colours nor strokes that a transform makes uneven: a drawing has none.
-    for (const char *name : {"size-mm", "size-pixels", "aspect", "path-commands", "basic-shapes",
-                             "use-symbol", "nested", "clip", "layers"})
+    for (const char *name :
+         {"size-mm", "size-pixels", "aspect", "path-commands", "basic-shapes", "use-symbol",
+          "nested", "clip", "layers", "editor-switch", "style-sheet"})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 
