@@ -275,6 +275,8 @@ void MainWindow::buildProperties()
     m_panel->addPage(&preview->panel(), [] { return tr("Plan"); });
     m_panel->setPageShown(&preview->panel(), false);
     m_middle->addWidget(preview);
+    // Put away, it takes no room from the docks.
+    preview->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     connect(&m_editor->job(), &JobTools::previewing, this, &MainWindow::showPreview);
 }
 
@@ -289,6 +291,8 @@ void MainWindow::showPreview(bool isShown)
         m_panel->hide();
     }
     m_panel->setPageShown(&m_editor->job().preview().panel(), isShown);
+    const auto room = isShown ? QSizePolicy::Preferred : QSizePolicy::Ignored;
+    m_editor->job().preview().setSizePolicy(room, room);
     if (isShown)
         m_middle->setCurrentWidget(&m_editor->job().preview());
     else
