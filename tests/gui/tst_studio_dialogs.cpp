@@ -1,6 +1,6 @@
 #include "TextWindow.h"
 
-#include <studio/DialogManners.h>
+#include <studio/window/DialogManners.h>
 #include <studio/canvas/DrawingTools.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/preferences/PreferenceTools.h>
@@ -198,7 +198,7 @@ private Q_SLOTS:
     void questions_haveTheProgramsTitle()
     {
         studio->addRect(0, 0);
-        studio->window->files().session().markChanged();
+        studio->window->editor().files().session().markChanged();
         QVERIFY(studio->run("file.new"));
         auto *box = studio->window->findChild<QMessageBox *>(QStringLiteral("lossQuestion"));
         QVERIFY(box != nullptr);

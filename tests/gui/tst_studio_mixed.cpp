@@ -3,7 +3,7 @@
 #include "support/DrawingBytes.h"
 #include "unit/studio/MeasuredBoxes.h"
 
-#include <studio/ShapeMeasures.h>
+#include <studio/shapes/ShapeMeasures.h>
 #include <studio/canvas/RotateHandle.h>
 #include <studio/measures/MeasureField.h>
 #include <studio/panel/ShapePanel.h>

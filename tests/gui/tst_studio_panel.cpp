@@ -1,8 +1,8 @@
 #include "StudioWindow.h"
 #include "unit/studio/MeasuredBoxes.h"
 
-#include <studio/PenColors.h>
-#include <studio/ShapeMeasures.h>
+#include <studio/shapes/PenColors.h>
+#include <studio/shapes/ShapeMeasures.h>
 #include <studio/measures/MeasureField.h>
 #include <studio/panel/ShapePanel.h>
 

@@ -1,6 +1,6 @@
 #include <studio/code/CodeDialog.h>
 
-#include <studio/UndoTexts.h>
+#include <studio/program/UndoTexts.h>
 #include <studio/choices/Units.h>
 #include <studio/code/CodeFormPage.h>
 #include <studio/code/CodeOptionsPage.h>

@@ -1,6 +1,6 @@
 #include <studio/import/ImportDialog.h>
 
-#include <studio/PenColors.h>
+#include <studio/shapes/PenColors.h>
 #include <studio/choices/Units.h>
 #include <studio/drawing/LongWork.h>
 #include <studio/import/CleanForm.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <studio/ShapeItems.h>
+#include <studio/shapes/ShapeItems.h>
 #include <studio/measures/MeasureField.h>
 
 #include <QtCore/QVector>

@@ -1,6 +1,6 @@
 #include <studio/panel/ShapeEdits.h>
 
-#include <studio/UndoTexts.h>
+#include <studio/program/UndoTexts.h>
 #include <studio/choices/Units.h>
 #include <studio/commands/HatchCommand.h>
 #include <studio/commands/PlacementCommand.h>
@@ -178,13 +178,6 @@ ShapeItems ofKind(const ShapeItems &items)
 }
 
 } // namespace
-
-bool canBeHatched(const ShapeItem &item)
-{
-    if (const auto *text = qobject_cast<const ZTGraphicsTextItem *>(&item))
-        return text->fontType() != FontType::singleLine;
-    return item.getShapeBase() != nullptr && item.getShapeType() != ShapeType::Line;
-}
 
 QPointF anchorPoint(const QRectF &box, const QPointF &anchor)
 {

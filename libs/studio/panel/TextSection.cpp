@@ -1,6 +1,6 @@
 #include <studio/panel/TextSection.h>
 
-#include <studio/UndoTexts.h>
+#include <studio/program/UndoTexts.h>
 #include <studio/choices/Units.h>
 #include <studio/panel/ChoiceBox.h>
 #include <studio/panel/ShapeStep.h>
