@@ -13,11 +13,11 @@ constexpr int kStepMs = 30;
 } // namespace
 
 ExportJob::ExportJob(const ZTGraphicsDocument &document, bool selectionOnly, const QString &path,
-                     QObject *parent)
+                     const hostkit::MarkPictureLook &pictureLook, QObject *parent)
     : QObject(parent), m_builder(std::make_unique<hostkit::MarkGraphBuilder>(
                            document, selectionOnly ? hostkit::selectedMarkedItems(document)
                                                    : hostkit::markedItems(document))),
-      m_target(path), m_objectCount(m_builder->total())
+      m_target(path), m_look(pictureLook), m_objectCount(m_builder->total())
 {
     m_nextStep.setInterval(0);
     connect(&m_nextStep, &QTimer::timeout, this, &ExportJob::gather);
@@ -76,7 +76,7 @@ void ExportJob::writeFile() noexcept
     if (m_failure.kind != hostkit::Failure::Kind::None)
         return;
     try {
-        hostkit::saveMarkGraph(m_marks.graph, m_marks.units, m_target, &m_failure, {},
+        hostkit::saveMarkGraph(m_marks.graph, m_marks.units, m_target, &m_failure, m_look,
                                [this] { return !m_isCancelled; });
     } catch (const std::bad_alloc &) {
         fail(tr("there is not enough memory"));

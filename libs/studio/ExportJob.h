@@ -2,6 +2,7 @@
 
 #include <hostkit/files/Failure.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
+#include <hostkit/marks/MarkGraphWriter.h>
 
 #include <QtCore/QThread>
 #include <QtCore/QTimer>
@@ -20,9 +21,12 @@ class ExportJob : public QObject
     Q_OBJECT
 
 public:
-    /** `document` is borrowed and outlives the job; its shapes should not change meanwhile. */
+    /**
+     * `document` is borrowed and outlives the job; its shapes should not change meanwhile. `look`
+     * is for the pictures among the forms.
+     */
     ExportJob(const ZTGraphicsDocument &document, bool selectionOnly, const QString &path,
-              QObject *parent = nullptr);
+              const hostkit::MarkPictureLook &look = {}, QObject *parent = nullptr);
 
     /** Waits for the writing thread. */
     ~ExportJob() override;
@@ -64,6 +68,7 @@ private:
 
     std::unique_ptr<hostkit::MarkGraphBuilder> m_builder;
     QString m_target;
+    hostkit::MarkPictureLook m_look;
     QTimer m_nextStep;
     int m_budgetOfStepMs = 0;
     int m_objectCount = 0;

@@ -1,5 +1,6 @@
 #include <studio/Exporter.h>
 
+#include <studio/PictureLookDialog.h>
 #include <studio/ShapeItems.h>
 
 #include <hostkit/items/MarkReadiness.h>
@@ -25,11 +26,17 @@ const QString kFormKey = QStringLiteral("export/form");
 /** Short exports end within this time and show no progress. */
 constexpr int kQuietMs = 150;
 
+bool isPicture(const QString &path)
+{
+    return path.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive) ||
+           path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive);
+}
+
 QString formFilter(const QString &extension)
 {
     const QString form = extension.mid(1).toUpper();
-    const bool isPicture = form == QLatin1String("SVG") || form == QLatin1String("PNG");
-    return (isPicture ? Exporter::tr("%1 picture (*%2)") : Exporter::tr("%1 paths (*%2)"))
+    return (isPicture(extension) ? Exporter::tr("%1 picture (*%2)")
+                                 : Exporter::tr("%1 paths (*%2)"))
         .arg(form, extension);
 }
 
@@ -88,12 +95,26 @@ void Exporter::choose(bool selectionOnly)
     connect(dialog, &QFileDialog::fileSelected, this,
             [this, dialog, selectionOnly](const QString &path) {
                 QSettings().setValue(kFormKey, dialog->selectedNameFilter());
-                exportTo(path, selectionOnly);
+                if (isPicture(path))
+                    askForLook(path, selectionOnly);
+                else
+                    exportTo(path, selectionOnly);
             });
     dialog->open();
 }
 
-void Exporter::exportTo(const QString &path, bool selectionOnly)
+void Exporter::askForLook(const QString &path, bool selectionOnly)
+{
+    auto *dialog = new PictureLookDialog(&m_window);
+    connect(dialog, &PictureLookDialog::chosen, this,
+            [this, path, selectionOnly](const hostkit::MarkPictureLook &look) {
+                exportTo(path, selectionOnly, look);
+            });
+    dialog->open();
+}
+
+void Exporter::exportTo(const QString &path, bool selectionOnly,
+                        const hostkit::MarkPictureLook &look)
 {
     if (m_job != nullptr)
         return;
@@ -106,12 +127,13 @@ void Exporter::exportTo(const QString &path, bool selectionOnly)
     }
     const QString notReady = notReadyShapes(m_document, selectionOnly);
     if (notReady.isEmpty())
-        begin(path, selectionOnly);
+        begin(path, selectionOnly, look);
     else
-        askBefore(path, selectionOnly, notReady);
+        askBefore(path, selectionOnly, look, notReady);
 }
 
-void Exporter::askBefore(const QString &path, bool selectionOnly, const QString &notReady)
+void Exporter::askBefore(const QString &path, bool selectionOnly,
+                         const hostkit::MarkPictureLook &look, const QString &notReady)
 {
     auto *box = new QMessageBox(QMessageBox::Warning, tr("Export mark paths"),
                                 tr("Some shapes do not show what they were given."),
@@ -122,15 +144,15 @@ void Exporter::askBefore(const QString &path, bool selectionOnly, const QString 
     QPushButton *goOn = box->addButton(tr("&Export them as they are"), QMessageBox::AcceptRole);
     box->setDefaultButton(QMessageBox::Cancel);
     connect(goOn, &QPushButton::clicked, this,
-            [this, path, selectionOnly] { begin(path, selectionOnly); });
+            [this, path, selectionOnly, look] { begin(path, selectionOnly, look); });
     box->open();
 }
 
-void Exporter::begin(const QString &path, bool selectionOnly)
+void Exporter::begin(const QString &path, bool selectionOnly, const hostkit::MarkPictureLook &look)
 {
     if (m_job != nullptr)
         return;
-    m_job = new ExportJob(m_document, selectionOnly, path, this);
+    m_job = new ExportJob(m_document, selectionOnly, path, look, this);
     connect(m_job, &ExportJob::finished, this, &Exporter::finish);
     m_job->start(kQuietMs);
     showProgress();

@@ -19,15 +19,19 @@ public:
     /** All are borrowed and outlive the exporter. */
     Exporter(ZTGraphicsDocument &document, Messages &messages, QWidget &window);
 
-    /** Asks for a file to export to, without waiting for the answer. */
+    /**
+     * Asks for a file to export to, and for what a picture is to show, without waiting for the
+     * answers.
+     */
     void choose(bool selectionOnly);
 
     /**
      * Exports to a file; one export at a time, a second call is ignored. Shapes that do not show
      * what they were told, such as a code that cannot hold its content, are told of first: only
-     * whoever wants them as they are goes on.
+     * whoever wants them as they are goes on. `look` is for the pictures among the forms.
      */
-    void exportTo(const QString &path, bool selectionOnly);
+    void exportTo(const QString &path, bool selectionOnly,
+                  const hostkit::MarkPictureLook &look = {});
 
     bool isBusy() const { return m_job != nullptr; }
 
@@ -36,8 +40,10 @@ Q_SIGNALS:
     void ended(); ///< in every case: exported, failed or cancelled
 
 private:
-    void begin(const QString &path, bool selectionOnly);
-    void askBefore(const QString &path, bool selectionOnly, const QString &notReady);
+    void begin(const QString &path, bool selectionOnly, const hostkit::MarkPictureLook &look);
+    void askBefore(const QString &path, bool selectionOnly, const hostkit::MarkPictureLook &look,
+                   const QString &notReady);
+    void askForLook(const QString &path, bool selectionOnly);
     void showProgress();
     void giveUp();
     void finish(const QString &error);

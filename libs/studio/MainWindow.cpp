@@ -43,7 +43,9 @@
 #include <studio/import/Reimporter.h>
 #include <studio/job/JobExporter.h>
 #include <studio/job/JobPanel.h>
+#include <studio/job/JobPreview.h>
 #include <studio/job/JobTools.h>
+#include <studio/job/PlanPanel.h>
 #include <studio/list/ShapeList.h>
 #include <studio/list/ShapeListView.h>
 #include <studio/nodes/NodeTool.h>
@@ -70,6 +72,7 @@
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QMessageBox>
+#include <QtWidgets/QStackedWidget>
 #include <QtWidgets/QUndoStack>
 
 namespace studio {
@@ -87,6 +90,7 @@ const QString kDrawingPatterns = QStringLiteral(
 constexpr int kLayoutVersion = 3;
 
 constexpr int kStatusMs = 8000;
+constexpr double kPreviewZoomStep = 1.25;
 constexpr int kDockWidth = 350;
 constexpr int kListHeight = 240;
 constexpr int kPanelHeight = 500;
@@ -174,7 +178,9 @@ void MainWindow::buildDocument()
 {
     m_drawing = new ZTGraphicsDocument(this);
     m_rulers = new hostkit::ViewRulers(m_drawing, this);
-    setCentralWidget(m_rulers);
+    m_middle = new QStackedWidget(this);
+    m_middle->addWidget(m_rulers);
+    setCentralWidget(m_middle);
     m_fieldShade = std::make_unique<FieldShade>(*m_drawing);
     m_grid = std::make_unique<GridItem>(*m_drawing->scene());
     m_orderNumbers = std::make_unique<OrderNumbers>(*m_drawing);
@@ -374,6 +380,15 @@ void MainWindow::buildOutput()
     });
     m_jobTools = new JobTools(*m_drawing, *m_textTools, *m_messages, *this);
     m_panel->addPage(&m_jobTools->panel(), [] { return tr("Job"); });
+    m_panel->addPage(&m_jobTools->preview().panel(), [] { return tr("Plan"); });
+    m_panel->setPageShown(&m_jobTools->preview().panel(), false);
+    m_middle->addWidget(&m_jobTools->preview());
+    connect(m_jobTools, &JobTools::previewing, this, &MainWindow::showPreview);
+    connect(m_tools, &DrawingTools::chosen, m_jobTools, &JobTools::leavePreview);
+    connect(m_actions, &DocumentActions::added, m_jobTools, &JobTools::leavePreview);
+    connect(m_clipboard, &ClipboardActions::added, m_jobTools, &JobTools::leavePreview);
+    connect(m_drawingFiles, &DrawingFiles::loaded, m_jobTools, &JobTools::leavePreview);
+    connect(m_drawingFiles, &DrawingFiles::emptied, m_jobTools, &JobTools::leavePreview);
     connect(&m_jobTools->exporter(), &JobExporter::written, this,
             [this](const QStringList &files, int) {
                 m_status->showMessage(tr("Job written to %1, files: %2")
@@ -381,6 +396,35 @@ void MainWindow::buildOutput()
                                           .arg(files.size()),
                                       kStatusMs);
             });
+}
+
+// The panel is there as long as the preview is, also for who has put it away.
+void MainWindow::showPreview(bool isShown)
+{
+    if (isShown && m_panel->isHidden()) {
+        m_isPanelForPreview = true;
+        m_panel->show();
+    } else if (!isShown && m_isPanelForPreview) {
+        m_isPanelForPreview = false;
+        m_panel->hide();
+    }
+    m_panel->setPageShown(&m_jobTools->preview().panel(), isShown);
+    if (isShown)
+        m_middle->setCurrentWidget(&m_jobTools->preview());
+    else
+        m_middle->setCurrentWidget(m_rulers);
+    refreshCommands();
+    if (!isShown)
+        m_drawing->view()->setFocus();
+}
+
+void MainWindow::togglePreview()
+{
+    if (m_jobTools->isPreviewing())
+        m_jobTools->leavePreview();
+    else
+        m_jobTools->showPreview();
+    m_commandSet->action("job.preview")->setChecked(m_jobTools->isPreviewing());
 }
 
 // Not while the user works in the tree: it would jump away under the mouse.
@@ -580,6 +624,9 @@ void MainWindow::refreshCommands()
     state.canRedo = m_drawing->undoStack()->canRedo();
     state.canRevert = !files().session().path().isEmpty() && files().session().isModified();
     m_commandSet->enableFor(state);
+    QAction *preview = m_commandSet->action("job.preview");
+    preview->setChecked(m_jobTools->isPreviewing());
+    preview->setEnabled(preview->isEnabled() || m_jobTools->isPreviewing());
 }
 
 void MainWindow::refreshUndoTexts()
@@ -613,6 +660,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
     }
     if (m_crashGuard != nullptr)
         m_crashGuard->letGo();
+    m_jobTools->leavePreview();
     QSettings settings;
     settings.setValue(kGeometryKey, saveGeometry());
     settings.setValue(kStateKey, saveState(kLayoutVersion));
@@ -657,6 +705,7 @@ void MainWindow::takeDropped(const QStringList &paths, const QPointF &scenePx)
 
 int MainWindow::importFiles(const QStringList &paths)
 {
+    m_jobTools->leavePreview();
     const int imported = m_importer->importFiles(paths);
     if (imported > 0)
         navigation().reveal(m_drawing->scene()->getSelectionItemRect());
@@ -666,6 +715,7 @@ int MainWindow::importFiles(const QStringList &paths)
 // One drawing is shown before it comes in; several come in as the last one did.
 bool MainWindow::offerImport(const QStringList &paths, std::optional<QPointF> scenePx)
 {
+    m_jobTools->leavePreview();
     if (paths.size() > 1)
         return m_importer->importFiles(paths, scenePx) > 0;
     ReadDrawing read;
@@ -722,6 +772,7 @@ void MainWindow::addSample()
 {
     const ShapeItems before = shapeItemsOf(*m_drawing->scene());
     const ShapeItems selectedBefore = selectedShapeItems(*m_drawing->scene());
+    m_jobTools->leavePreview();
     hostkit::buildSampleDrawing(*m_drawing);
     const ShapeItems added = shapeItemsOf(*m_drawing->scene()).mid(before.size());
     m_drawing->undoStack()->push(new AddItemsCommand(
@@ -768,9 +819,45 @@ void MainWindow::showCircleDialog()
 
 void MainWindow::resetLayout() { restoreState(m_firstLayout, kLayoutVersion); }
 
-void MainWindow::fitSelection() { navigation().fit(m_drawing->scene()->getSelectionItemRect()); }
+void MainWindow::zoomIn()
+{
+    if (m_jobTools->isPreviewing())
+        m_jobTools->preview().plan().zoomBy(kPreviewZoomStep);
+    else
+        navigation().zoomIn();
+}
 
-void MainWindow::fitAll() { navigation().fit(sceneBox(shapeItemsOf(*m_drawing->scene()))); }
+void MainWindow::zoomOut()
+{
+    if (m_jobTools->isPreviewing())
+        m_jobTools->preview().plan().zoomBy(1.0 / kPreviewZoomStep);
+    else
+        navigation().zoomOut();
+}
+
+void MainWindow::zoomHome()
+{
+    if (m_jobTools->isPreviewing())
+        m_jobTools->preview().plan().fit();
+    else
+        navigation().home();
+}
+
+void MainWindow::fitSelection()
+{
+    if (m_jobTools->isPreviewing())
+        m_jobTools->showSelected();
+    else
+        navigation().fit(m_drawing->scene()->getSelectionItemRect());
+}
+
+void MainWindow::fitAll()
+{
+    if (m_jobTools->isPreviewing())
+        m_jobTools->preview().plan().fit();
+    else
+        navigation().fit(sceneBox(shapeItemsOf(*m_drawing->scene())));
+}
 
 void MainWindow::showManual()
 {

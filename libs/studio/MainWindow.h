@@ -12,6 +12,7 @@
 
 QT_BEGIN_NAMESPACE
 class QDockWidget;
+class QStackedWidget;
 QT_END_NAMESPACE
 
 class ZTGraphicsDocument;
@@ -126,7 +127,11 @@ public:
     void pasteAtMenu();     ///< where the context menu was opened
     void leaveOrDeselect(); ///< one group outward, or else nothing selected
     void showRecovery();
-    void resetLayout(); ///< of docks and toolbars, as at the first start
+    void resetLayout();   ///< of docks and toolbars, as at the first start
+    void togglePreview(); ///< of the job, in the place of the canvas
+    void zoomIn();        ///< of the canvas, or of the preview where that stands in its place
+    void zoomOut();
+    void zoomHome();
     void fitSelection();
     void fitAll();
     void showManual();
@@ -142,6 +147,7 @@ private:
     void buildTree();
     void buildProperties();
     void buildOutput();
+    void showPreview(bool isShown);
     void buildCommands();
     void connectState();
     void connectFiles();
@@ -189,6 +195,7 @@ private:
     SnapTools *m_snap = nullptr;
     GuideTools *m_guides = nullptr;
     RotateHandle *m_rotateHandle = nullptr;
+    QStackedWidget *m_middle = nullptr; ///< of the canvas and what takes its place
     hostkit::ViewRulers *m_rulers = nullptr;
     EmptyHint *m_emptyHint = nullptr; ///< child of the document
     std::unique_ptr<FieldShade> m_fieldShade;
@@ -205,7 +212,8 @@ private:
     QPointer<MatrixDialog> m_matrixDialog;
     QPointer<CircleDialog> m_circleDialog;
     std::unique_ptr<Importer> m_importer;
-    QByteArray m_firstLayout; ///< of docks and toolbars
+    QByteArray m_firstLayout;         ///< of docks and toolbars
+    bool m_isPanelForPreview = false; ///< the panel is shown for the preview alone
     QTimer m_stateTimer;
     QRectF m_paintedFramePx; ///< where the selection frame stood when it was seen last; or null
     QString m_savedMessage;  ///< of the last save, as long as it is true

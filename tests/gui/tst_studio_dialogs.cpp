@@ -35,7 +35,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("language");
         for (const char *command :
              {"edit.preferences", "arrange.matrix", "arrange.circle", "arrange.rotate",
-              "text.settings", "tools.verifyCodes", "job.preview", "help.about"}) {
+              "text.settings", "tools.verifyCodes", "job.export", "help.about"}) {
             for (const auto language :
                  {studio::LanguageChoice::English, studio::LanguageChoice::Chinese})
                 QTest::addRow("%s %d", command, int(language))

@@ -3,7 +3,11 @@
 #include <studio/Exporter.h>
 #include <studio/Importer.h>
 #include <studio/OrderMenu.h>
+#include <studio/PictureLookDialog.h>
 #include <studio/UndoTexts.h>
+
+#include <hostkit/marks/MarkGraphBuilder.h>
+#include <hostkit/marks/MarkGraphWriter.h>
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QJsonArray>
@@ -13,6 +17,7 @@
 #include <QtCore/QUrl>
 #include <QtTest/QSignalSpy>
 #include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QCheckBox>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QMessageBox>
@@ -296,6 +301,40 @@ private Q_SLOTS:
         dialog = studio->window->findChild<QFileDialog *>();
         QVERIFY(dialog->selectedNameFilter().contains(QStringLiteral("csv")));
         dialog->close();
+    }
+
+    // What a picture shows is asked for; the switches are those of the next one too.
+    void exportedPicture_showsWhatItIsToShow()
+    {
+        studio->addRect(0, 0);
+        studio->addRect(100, 100);
+        const hostkit::DrawingMarks marks = hostkit::drawingMarks(studio->document());
+        hostkit::MarkPictureLook look;
+        look.hasJumps = false;
+        look.hasArrows = true;
+        look.hasBackground = false;
+        const QString expected = studio->path("expected.svg");
+        QVERIFY(hostkit::saveMarkGraph(marks.graph, marks.units, expected, nullptr, look));
+        const QString path = studio->path("picture.svg");
+        QVERIFY(studio->run("file.exportAll"));
+        auto *files = studio->window->findChild<QFileDialog *>();
+        Q_EMIT files->fileSelected(path);
+        files->close();
+        auto *dialog = studio->window->findChild<studio::PictureLookDialog *>();
+        QVERIFY(dialog != nullptr && !QFileInfo::exists(path));
+        for (const char *name : {"jumps", "arrows", "background"}) {
+            auto *box = dialog->findChild<QCheckBox *>(QLatin1String(name));
+            QCOMPARE(box->isChecked(), QLatin1String(name) != QLatin1String("arrows"));
+            QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2));
+        }
+        QSignalSpy ended(&studio->window->exporter(), &studio::Exporter::ended);
+        QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("export")),
+                          Qt::LeftButton);
+        QVERIFY(ended.count() == 1 || ended.wait(20000));
+        QCOMPARE(StudioWindow::contentOf(path), StudioWindow::contentOf(expected));
+        QTRY_VERIFY(studio->window->findChild<studio::PictureLookDialog *>() == nullptr);
+        const studio::PictureLookDialog next;
+        QVERIFY(!next.look().hasJumps && next.look().hasArrows && !next.look().hasBackground);
     }
 
     void exportOfShapesOutsideTheField_namesThem_andGoesOnIfTold()

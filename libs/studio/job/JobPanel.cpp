@@ -222,7 +222,7 @@ void JobPanel::retranslate()
     m_hatchPlace->setItemText(2, tr("After outlines"));
     m_penByPen->setText(tr("Pen &by pen"));
     m_innerFirst->setText(tr("&Inner outlines before outer ones"));
-    m_preview->setText(tr("Pre&view..."));
+    m_preview->setText(tr("Pre&view"));
     m_export->setText(tr("E&xport job..."));
     fillMaterials();
     Q_EMIT m_model->headerDataChanged(Qt::Horizontal, 0, PenModel::ColumnCount - 1);

@@ -31,6 +31,7 @@ struct Job
     JobRequest request;
     jobkit::JobPlan plan; ///< ordered, its passes laid out
     jobkit::JobTimes times;
+    jobkit::JobTimes furtherTimes; ///< sums alone: of each further part, from where one ended
     QVector<jobkit::JobFinding> findings;
     jobkit::OrderResult order;
 

@@ -102,6 +102,18 @@ void ShapePanel::addPage(QWidget *page, const Title &title)
     m_tabs->addTab(page, title());
 }
 
+void ShapePanel::setPageShown(QWidget *page, bool isShown)
+{
+    if (isShown && m_tabs->currentWidget() != page)
+        m_pageBefore = m_tabs->currentWidget();
+    const bool isInSight = m_tabs->currentWidget() == page;
+    m_tabs->setTabVisible(m_tabs->indexOf(page), isShown);
+    if (isShown)
+        m_tabs->setCurrentWidget(page);
+    else if (isInSight && m_pageBefore != nullptr)
+        m_tabs->setCurrentWidget(m_pageBefore);
+}
+
 void ShapePanel::addSection(Page page, PanelSection *section)
 {
     QVBoxLayout &layout = *m_pages[static_cast<int>(page)];
