@@ -531,6 +531,8 @@ void MainWindow::connectFiles()
     connect(m_orderMenu, &OrderMenu::changed, session, &DrawingSession::markChanged);
     connect(m_orderMenu, &OrderMenu::changed, m_list, &ShapeList::showMarkingRule);
     connect(m_textTools, &TextTools::partChanged, session, &DrawingSession::markChanged);
+    connect(m_textTools, &TextTools::partChanged, m_list, &ShapeList::followSoon);
+    connect(m_textTools, &TextTools::partChanged, m_panel, &ShapePanel::follow);
     connect(m_drawingFiles, &DrawingFiles::settling, m_textTools, &TextTools::finishTyping);
     connect(m_drawingFiles, &DrawingFiles::emptied, this, [this] {
         labelTree();
