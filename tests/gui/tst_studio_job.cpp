@@ -125,8 +125,7 @@ private Q_SLOTS:
                               table->visualRect(times().index(row, 0)).center());
             const int picked = times().objectOf(row);
             QVERIFY(picked == 0 || picked == 1);
-            const auto *item =
-                preview()->plan().job()->request.items[picked].pen == 2 ? two : one;
+            const auto *item = preview()->plan().job()->request.items[picked].pen == 2 ? two : one;
             QCOMPARE(studio->selected(), QVector<int>{item->getShapeBase()->getId()});
         }
         QTest::keyClick(by, Qt::Key_Down);
