@@ -2,9 +2,12 @@
 
 #include <studio/UndoTexts.h>
 #include <studio/commands/ItemSetCommand.h>
+#include <studio/drawing/LongWork.h>
 #include <studio/import/ImportNotes.h>
 #include <studio/import/ImportSettings.h>
 #include <studio/import/ImportSource.h>
+
+#include <hostkit/items/ItemExtras.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>
@@ -68,6 +71,24 @@ void layOutInRow(const QVector<ShapeItems> &blocks, const QPointF &centrePx)
     }
 }
 
+/** What has neither a name nor words of its own goes by its file's name. */
+void nameByFile(const ShapeItems &items, const QString &path)
+{
+    for (ShapeItem *item : items) {
+        hostkit::ItemExtras extras = hostkit::itemExtras(*item);
+        if (!extras.name.isEmpty() || !item->text().isEmpty())
+            continue;
+        extras.name = QFileInfo(path).completeBaseName();
+        hostkit::setItemExtras(*item, extras);
+    }
+}
+
+std::function<bool(double)> progressOf(LongWork *work)
+{
+    constexpr int kSteps = 1000;
+    return [work](double done) { return work->step(qRound(done * kSteps), kSteps); };
+}
+
 } // namespace
 
 Importer::Importer(ZTGraphicsDocument &target, Messages &reader)
@@ -77,20 +98,35 @@ Importer::Importer(ZTGraphicsDocument &target, Messages &reader)
 
 bool Importer::read(const QString &path, ReadDrawing *read)
 {
-    vectorkit::ReadFailure failure;
     read->path = path;
-    const bool isRead = vectorkit::readDrawingFile(path, {}, &read->drawing, &failure);
-    if (!isRead)
-        m_messages.failure(refusal(fileNameOf(path), failure));
-    return isRead;
+    return readWith(fileNameOf(path),
+                    [&](const vectorkit::ReadOptions &options, vectorkit::ReadFailure *failure) {
+                        return vectorkit::readDrawingFile(path, options, &read->drawing, failure);
+                    });
 }
 
 bool Importer::read(const QByteArray &bytes, const QString &name, ReadDrawing *read)
 {
-    vectorkit::ReadFailure failure;
     read->path = name;
-    const bool isRead = vectorkit::readDrawing(bytes, {}, &read->drawing, &failure);
-    if (!isRead)
+    return readWith(name,
+                    [&](const vectorkit::ReadOptions &options, vectorkit::ReadFailure *failure) {
+                        return vectorkit::readDrawing(bytes, options, &read->drawing, failure);
+                    });
+}
+
+bool Importer::readWith(const QString &name, const Read &readOne)
+{
+    vectorkit::ReadFailure failure;
+    bool isRead = false;
+    {
+        LongWork work(*m_document.window(), ImportTexts::tr("Reading %1...").arg(name),
+                      LongWork::Cancel::Possible);
+        vectorkit::ReadOptions options;
+        options.progress = progressOf(&work);
+        isRead = readOne(options, &failure);
+    }
+    m_isCancelled = !isRead && failure.kind == vectorkit::ReadFailure::Kind::Cancelled;
+    if (!isRead && !m_isCancelled)
         m_messages.failure(refusal(name, failure));
     return isRead;
 }
@@ -102,6 +138,8 @@ int Importer::importFiles(const QStringList &paths, std::optional<QPointF> centr
         ReadDrawing one;
         if (read(path, &one))
             drawings.append(one);
+        else if (m_isCancelled)
+            return 0;
     }
     return bringInAsLast(drawings, centrePx);
 }
@@ -111,9 +149,34 @@ int Importer::bringInAsLast(const QVector<ReadDrawing> &drawings, std::optional<
     QVector<ReadDrawing> cleaned = drawings;
     for (ReadDrawing &one : cleaned) {
         one.cleaning = rememberedCleaning();
-        vectorkit::cleanDrawing(&one.drawing, one.cleaning, nullptr);
+        LongWork work(*m_document.window(),
+                      ImportTexts::tr("Cleaning %1...").arg(fileNameOf(one.path)),
+                      LongWork::Cancel::Possible);
+        vectorkit::CleanOptions cleaning = one.cleaning;
+        cleaning.progress = progressOf(&work);
+        if (!vectorkit::cleanDrawing(&one.drawing, cleaning, nullptr))
+            return 0;
     }
     return bringIn(cleaned, rememberedImportOptions(), centrePx);
+}
+
+hostkit::ImportResult Importer::bringInOne(const ReadDrawing &read,
+                                           const hostkit::ImportOptions &options)
+{
+    LongWork work(*m_document.window(),
+                  ImportTexts::tr("Importing %1...").arg(fileNameOf(read.path)),
+                  LongWork::Cancel::Possible);
+    hostkit::ImportOptions told = options;
+    told.progress = progressOf(&work);
+    return hostkit::importDrawing(m_document, read.drawing, told);
+}
+
+void Importer::takeBack(const ShapeItems &items)
+{
+    if (items.isEmpty())
+        return;
+    selectOnly(*m_document.scene(), items);
+    m_document.itemMag()->removeSelect();
 }
 
 int Importer::bringIn(const QVector<ReadDrawing> &drawings, const hostkit::ImportOptions &options,
@@ -122,13 +185,18 @@ int Importer::bringIn(const QVector<ReadDrawing> &drawings, const hostkit::Impor
     QVector<ShapeItems> blocks;
     ShapeItems imported;
     for (const ReadDrawing &one : drawings) {
-        const hostkit::ImportResult result =
-            hostkit::importDrawing(m_document, one.drawing, options);
+        const hostkit::ImportResult result = bringInOne(one, options);
+        if (result.isCancelled) {
+            takeBack(imported);
+            return 0;
+        }
         if (result.items.isEmpty())
             continue;
         blocks.append(result.items.toVector());
-        if (QFileInfo(one.path).isFile())
+        if (QFileInfo(one.path).isFile()) {
             markImported(blocks.last(), sourceOf(one, options));
+            nameByFile(blocks.last(), one.path);
+        }
         imported += blocks.last();
         const QStringList losses = lossesOf(one.drawing);
         if (!losses.isEmpty())

@@ -1,13 +1,16 @@
 #pragma once
 
 #include <studio/Messages.h>
+#include <studio/ShapeItems.h>
 
 #include <hostkit/import/DrawingImport.h>
 
+#include <vectorkit/VectorReader.h>
 #include <vectorkit/clean/DrawingCleaning.h>
 
 #include <QtCore/QPointF>
 
+#include <functional>
 #include <optional>
 
 class ZTGraphicsDocument;
@@ -37,12 +40,15 @@ public:
      * @param centrePx middle of the row of drawings on the scene; the origin if none is given
      * @return number of files that came in
      *
+     * What takes long shows how far it is and can be cancelled: then nothing comes in. What has no
+     * name goes by that of its file.
+     *
      * Failure: a file that holds no drawing is left out and named in a message; one that loses
      * something comes in, and a message lists it.
      */
     int importFiles(const QStringList &paths, std::optional<QPointF> centrePx = std::nullopt);
 
-    /** Reads one file; false, told in a message, when it holds no drawing. */
+    /** Reads one file; false, told in a message, when it holds no drawing, or when cancelled. */
     bool read(const QString &path, ReadDrawing *read);
 
     /** The same with the bytes of a file that has no name, such as what the clipboard holds. */
@@ -57,8 +63,16 @@ public:
                       std::optional<QPointF> centrePx = std::nullopt);
 
 private:
+    using Read = std::function<bool(const vectorkit::ReadOptions &, vectorkit::ReadFailure *)>;
+
+    bool readWith(const QString &name, const Read &readOne);
+    hostkit::ImportResult bringInOne(const ReadDrawing &read,
+                                     const hostkit::ImportOptions &options);
+    void takeBack(const ShapeItems &items);
+
     ZTGraphicsDocument &m_document;
     Messages &m_messages;
+    bool m_isCancelled = false; ///< the last reading
 };
 
 } // namespace studio

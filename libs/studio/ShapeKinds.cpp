@@ -47,7 +47,7 @@ const QVector<ShapeKind> kTable = {
      QT_TRANSLATE_NOOP("studio::UndoTexts", "Create bar code"), "create.barcode",
      QT_TRANSLATE_NOOP("studio", "&Bar code"), QT_TRANSLATE_NOOP("studio", "Create a bar code"),
      "barcode", "B", "tool.barcode"},
-    {ShapeType::VecGraph, QT_TRANSLATE_NOOP("studio::ShapeKinds", "Imported drawing"),
+    {ShapeType::VecGraph, QT_TRANSLATE_NOOP("studio::ShapeKinds", "Path"),
      QT_TRANSLATE_NOOP("studio::UndoTexts", "Create shape"), "", "", "", "", ""},
 };
 // clang-format on

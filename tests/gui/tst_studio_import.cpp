@@ -1,6 +1,7 @@
 #include "StudioWindow.h"
 
 #include <studio/Importer.h>
+#include <studio/ShapeKinds.h>
 #include <studio/UndoTexts.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/import/ImportDialog.h>
@@ -14,6 +15,7 @@
 #include <QtCore/QFile>
 #include <QtCore/QMimeData>
 #include <QtCore/QSettings>
+#include <QtCore/QTimer>
 #include <QtCore/QUrl>
 #include <QtGui/QClipboard>
 #include <QtWidgets/QCheckBox>
@@ -23,6 +25,7 @@
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QListWidget>
+#include <QtWidgets/QProgressDialog>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QTableWidget>
@@ -354,6 +357,51 @@ private Q_SLOTS:
         QVERIFY(studio->run("file.importClipboard"));
         QVERIFY(studio->window->findChild<studio::ImportDialog *>() == nullptr);
         QCOMPARE(studio->messages->failures.size(), 1);
+    }
+
+    void whatHasNoName_goesByItsFile()
+    {
+        const QString film = studio->write("film.plt", "IN;SP1;PU0,0;PD400,0;SP2;PU0,400;PD;PU;");
+        QCOMPARE(studio->window->importFiles({film}), 1);
+        const auto items = studio::shapeItemsOf(*studio->document().scene());
+        QCOMPARE(items.size(), 2);
+        for (const studio::ShapeItem *item : items)
+            QCOMPARE(studio::shapeName(*item), QStringLiteral("film"));
+        // The second pen drew a dot alone.
+        QVERIFY(hasSize(*items[1], QSizeF(0.01, 0)));
+    }
+
+    void longImport_canBeCancelled_andLeavesNothing()
+    {
+        QByteArray film = "IN;SP1;";
+        for (int i = 0; i < 150000; ++i) {
+            const QByteArray x = QByteArray::number(i % 400 * 100);
+            const QByteArray y = QByteArray::number(i / 400 * 100);
+            film += "PU" + x + ',' + y + ";PD" + x + ',' + y + ',' + x + "9," + y + "9;";
+        }
+        vectorkit::CleanOptions cleaning;
+        cleaning.joinMm = 0.05;
+        cleaning.dropDoubles = true;
+        cleaning.weld = cleaning.order = true;
+        studio::rememberCleaning(cleaning);
+        bool isCancelled = false;
+        QTimer poll;
+        connect(&poll, &QTimer::timeout, this, [&] {
+            auto *progress = studio->window->findChild<QProgressDialog *>();
+            auto *button = progress != nullptr ? progress->findChild<QPushButton *>() : nullptr;
+            if (isCancelled || button == nullptr ||
+                !progress->labelText().startsWith(QStringLiteral("Cleaning film.plt")))
+                return;
+            isCancelled = true;
+            QTest::mouseClick(button, Qt::LeftButton);
+        });
+        poll.start(10);
+        const QString small = plate();
+        QCOMPARE(studio->window->importFiles({small, studio->write("film.plt", film)}), 0);
+        QVERIFY(isCancelled);
+        QVERIFY(studio->ids().isEmpty());
+        QCOMPARE(studio->stack().count(), 0);
+        QVERIFY(studio->messages->failures.isEmpty());
     }
 
     void drop_ofOneDrawing_offersIt_whereItFell()

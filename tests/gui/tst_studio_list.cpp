@@ -61,7 +61,7 @@ private Q_SLOTS:
         QCOMPARE(cell(1, ShapeListModel::Name).data().toString(), QStringLiteral("Rectangle"));
         QCOMPARE(cell(1, ShapeListModel::Kind).data().toString(), QStringLiteral("Rectangle"));
         QCOMPARE(cell(0, ShapeListModel::Kind).data().toString(),
-                 QStringLiteral("Imported drawing"));
+                 QStringLiteral("Path"));
     }
 
     void click_selectsInTheDrawing_andTheOtherWayRound()

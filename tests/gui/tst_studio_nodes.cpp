@@ -179,6 +179,50 @@ private Q_SLOTS:
         QVERIFY(studio->frameFits());
     }
 
+    void corner_isKept_whenUndoneAndSelectedAnew()
+    {
+        VectorPath wave({0, 0});
+        wave.cubicTo({0, 5}, {5, 5}, {10, 5});
+        wave.cubicTo({15, 5}, {20, 5}, {20, 0});
+        ShapeItem *item = hostkit::addGraphic(studio->document(), {wave});
+        studio->select({item});
+        studio->key(Qt::Key_N);
+        QVERIFY(nodes().nodes().node({0, 1}).isSmooth);
+        studio->driver->click(px({10, 5}));
+        const DrawingSnapshot before = studio->snapshot();
+        nodes().corner();
+        QCOMPARE(studio->stack().count(), 1);
+        const DrawingSnapshot after = studio->snapshot();
+        COMPARE_UNDO_AND_REDO(studio->document(), before, after);
+        QVERIFY(nodes().nodes().node({0, 1}).isSmooth); // undone
+        studio->stack().redo();
+        QVERIFY(!nodes().nodes().node({0, 1}).isSmooth);
+        studio->select({});
+        studio->select({item});
+        QVERIFY(!nodes().nodes().node({0, 1}).isSmooth);
+        // A copy is the same path.
+        studio->select({item});
+        QVERIFY(studio->run("edit.duplicate"));
+        QVERIFY(!nodes().nodes().runs().isEmpty());
+        QVERIFY(!nodes().nodes().node({0, 1}).isSmooth);
+    }
+
+    void nodesOnOnePlace_areRefused()
+    {
+        ShapeItem *item =
+            hostkit::addGraphic(studio->document(), {VectorPath::polyline({{0, 0}, {20, 0}})});
+        studio->select({item});
+        studio->key(Qt::Key_N);
+        QSignalSpy told(&nodes(), &NodeTool::told);
+        // The snapping is off, so the way is exact in whole pixels of the screen only: by keys.
+        studio->driver->click(px({20, 0}));
+        for (int step = 0; step < 2; ++step)
+            studio->key(Qt::Key_Left, Qt::ShiftModifier); // 10 mm each
+        QVERIFY(told.last().first().toString().startsWith(QStringLiteral("Nothing would be left")));
+        QCOMPARE(pointsOf(*item).size(), 2);
+        QVERIFY(isNear(pointsOf(*item)[1], {10, 0}));
+    }
+
     void clickOnAnotherPath_goesOverToIt()
     {
         editSquare();

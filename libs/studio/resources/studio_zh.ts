@@ -1423,6 +1423,18 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>Some of it was left out or is damaged. Compare the drawing with its source before marking it.</source>
         <translation>部分内容被略去或已损坏。标刻前请将图形与原文件核对。</translation>
     </message>
+    <message>
+        <source>Cleaning %1...</source>
+        <translation>正在清理 %1...</translation>
+    </message>
+    <message>
+        <source>Importing %1...</source>
+        <translation>正在导入 %1...</translation>
+    </message>
+    <message>
+        <source>Reading %1...</source>
+        <translation>正在读取 %1...</translation>
+    </message>
 </context>
 <context>
     <name>studio::InPlaceEditor</name>
@@ -1702,10 +1714,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>文本</translation>
     </message>
     <message>
-        <source>Imported drawing</source>
-        <translation>导入的图纸</translation>
-    </message>
-    <message>
         <source>Shape</source>
         <translation>图形</translation>
     </message>
@@ -1724,6 +1732,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>%1 %2 &quot;%3&quot;</source>
         <translation>%1 %2“%3”</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>路径</translation>
     </message>
 </context>
 <context>
@@ -2397,6 +2409,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Re-import</source>
         <translation>重新导入</translation>
+    </message>
+    <message>
+        <source>Corner nodes</source>
+        <translation>设为尖角节点</translation>
     </message>
 </context>
 <context>
@@ -5386,12 +5402,16 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>“%1”未重新导入；其图形保持原样。</translation>
     </message>
     <message>
-        <source>Re-imported: %1 shapes follow their file, %2 are new, %3 are gone</source>
+        <source>What is selected came from no file</source>
+        <translation>选中的图形不是来自文件</translation>
+    </message>
+    <message>
+        <source>Re-imported. Shapes that follow their file: %1, new: %2, gone: %3</source>
         <translation>已重新导入：%1 个图形随文件更新，%2 个新增，%3 个消失</translation>
     </message>
     <message>
-        <source>What is selected came from no file</source>
-        <translation>选中的图形不是来自文件</translation>
+        <source>Importing %1 again...</source>
+        <translation>正在重新导入 %1...</translation>
     </message>
 </context>
 <context>
