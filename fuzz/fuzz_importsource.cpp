@@ -38,8 +38,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     }();
     Q_UNUSED(isSetUp)
     static ZTGraphicsDocument document;
-    static ZTAbstractGraphicsItem *item = hostkit::addGraphic(
-        document, {vectorkit::VectorPath::polyline({{0.0, 0.0}, {5.0, 5.0}})});
+    static ZTAbstractGraphicsItem *item =
+        hostkit::addGraphic(document, {vectorkit::VectorPath::polyline({{0.0, 0.0}, {5.0, 5.0}})});
 
     hostkit::ItemExtras extras;
     extras.fields.insert("importsource",

@@ -1,7 +1,8 @@
 #include <studio/Headless.h>
-#include <studio/MainWindow.h>
-#include <studio/Messages.h>
 #include <studio/drawing/CrashGuard.h>
+#include <studio/program/Messages.h>
+#include <studio/window/Editor.h>
+#include <studio/window/MainWindow.h>
 
 #include <codekit/shape/CodeItem.h>
 #include <hostkit/setup/Factories.h>
@@ -73,7 +74,7 @@ int runWindow(const Options &options)
     studio::MainWindow window;
     window.show();
     if (!options.drawing.empty())
-        window.offerFile(fromArgument(options.drawing));
+        window.editor().offerFile(fromArgument(options.drawing));
     else if (options.sample)
         window.addSample();
     window.guardAgainstCrashes(studio::CrashGuardSetup::ofUser());

@@ -128,6 +128,13 @@ int afterEscape(const QByteArray &text, int at)
     return at + 1;
 }
 
+int nextCommand(const QByteArray &text, int at)
+{
+    while (at < text.size() && text[at] != ';' && text[at] != '\n')
+        ++at;
+    return at;
+}
+
 /** Past what follows the name of a command: a label to its end, numbers otherwise. */
 int afterParameters(const QByteArray &text, int at, const QByteArray &name)
 {
@@ -136,15 +143,10 @@ int afterParameters(const QByteArray &text, int at, const QByteArray &name)
         const int stop = text.indexOf(*end, at);
         return stop < 0 ? text.size() : stop + 1;
     }
+    if (name == "CO") // words
+        return nextCommand(text, at);
     while (at < text.size() && (isDigit(text[at]) || isBlank(text[at]) || text[at] == ',' ||
                                 text[at] == '.' || text[at] == '-' || text[at] == '+'))
-        ++at;
-    return at;
-}
-
-int nextCommand(const QByteArray &text, int at)
-{
-    while (at < text.size() && text[at] != ';' && text[at] != '\n')
         ++at;
     return at;
 }

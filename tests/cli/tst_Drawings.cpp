@@ -523,8 +523,7 @@ private Q_SLOTS:
             QVERIFY2(qAbs(fields.value(5).toDouble() - expected[i][1]) < 0.01, rows.value(i + 1));
         }
         const ZtmarkRun info = ztmark({"info", "corner.ztd"});
-        QVERIFY2(info.out.contains(QStringLiteral("  paths: 1\n")),
-                 qPrintable(info.out));
+        QVERIFY2(info.out.contains(QStringLiteral("  paths: 1\n")), qPrintable(info.out));
         QVERIFY2(info.out.contains(QStringLiteral("Imported files:    0\n")), qPrintable(info.out));
     }
 

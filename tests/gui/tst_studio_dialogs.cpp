@@ -1,8 +1,8 @@
 #include "TextWindow.h"
 
-#include <studio/DialogManners.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/preferences/PreferenceTools.h>
+#include <studio/window/DialogManners.h>
 
 #include <QtGui/QKeySequence>
 #include <QtWidgets/QDialog>
@@ -120,7 +120,7 @@ private Q_SLOTS:
     void questions_haveTheProgramsTitle()
     {
         studio->addRect(0, 0);
-        studio->window->files().session().markChanged();
+        studio->window->editor().files().session().markChanged();
         QVERIFY(studio->run("file.new"));
         auto *box = studio->window->findChild<QMessageBox *>(QStringLiteral("lossQuestion"));
         QVERIFY(box != nullptr);

@@ -163,13 +163,13 @@ private Q_SLOTS:
         QVERIFY(!studio->view().isVisible());
         QVERIFY(planPanel().isVisible());
         QVERIFY(preview()->window() == studio->window.get());
-        QVERIFY(studio->window->commands().action("job.preview")->isChecked());
+        QVERIFY(studio->window->commands().named("job.preview")->isChecked());
         QTest::keyClick(&preview()->plan(), Qt::Key_F5);
         QVERIFY(!preview()->isVisible() && studio->view().isVisible());
         QVERIFY(studio->view().hasFocus());
         QVERIFY(!planPanel().isVisible());
         QCOMPARE(tabs->currentIndex(), pageBefore);
-        QVERIFY(!studio->window->commands().action("job.preview")->isChecked());
+        QVERIFY(!studio->window->commands().named("job.preview")->isChecked());
 
         panels.hide();
         studio->key(Qt::Key_F5);
@@ -405,16 +405,16 @@ private Q_SLOTS:
         enter(1, PenModel::Name, "engrave");
         QCOMPARE(studio->stack().count(), 2);
         QCOMPARE(jobkit::drawingPens(studio->document())[1].powerPercent, 33.5);
-        studio->window->edit().undo();
+        studio->window->editor().actions().undo();
         QCOMPARE(jobkit::drawingPens(studio->document())[1].name, QString());
-        studio->window->edit().undo();
+        studio->window->editor().actions().undo();
         QVERIFY(!jobkit::hasDrawingPens(studio->document()));
-        studio->window->edit().redo();
+        studio->window->editor().actions().redo();
         const QString path = studio->path("pens.ztd");
-        QVERIFY(studio->window->files().saveTo(path));
-        studio->window->files().startNew();
+        QVERIFY(studio->window->editor().files().saveTo(path));
+        studio->window->editor().files().startNew();
         QTRY_VERIFY(!jobkit::hasDrawingPens(studio->document()));
-        QVERIFY(studio->window->openFiles({path}));
+        QVERIFY(studio->window->editor().openFiles({path}));
         QCOMPARE(jobkit::drawingPens(studio->document())[1].powerPercent, 33.5);
         QCOMPARE(pens().pens()[1].powerPercent, 33.5);
     }
@@ -480,7 +480,7 @@ private Q_SLOTS:
     {
         studio->addRect(0, 0);
         const QString path = studio->path("part.nc");
-        QVERIFY(studio->window->job().exporter().write({path, 1, false, {}}, settings()));
+        QVERIFY(studio->window->editor().job().exporter().write({path, 1, false, {}}, settings()));
         double burnt = 0.0;
         QPointF at;
         bool isOn = false;
@@ -507,7 +507,7 @@ private Q_SLOTS:
     {
         ZTGraphicsTextItem *item = makeSerial(999);
         const JobExport wanted{studio->path("part.json"), 3, false, {}};
-        QVERIFY(studio->window->job().exporter().write(wanted, settings()));
+        QVERIFY(studio->window->editor().job().exporter().write(wanted, settings()));
         for (const char *name : {"part-0001.json", "part-0002.json", "part-0003.json"})
             QVERIFY2(QFile::exists(studio->path(name)), name);
         QVERIFY(StudioWindow::contentOf(studio->path("part-0001.json")) !=
@@ -526,7 +526,7 @@ private Q_SLOTS:
     {
         ZTGraphicsTextItem *item = makeSerial(999);
         const JobExport wanted{studio->path("none/part.json"), 3, false, {}};
-        QVERIFY(!studio->window->job().exporter().write(wanted, settings()));
+        QVERIFY(!studio->window->editor().job().exporter().write(wanted, settings()));
         QCOMPARE(item->text(), QStringLiteral("SN001"));
         QCOMPARE(studio->messages->failures.size(), 1);
     }
@@ -535,7 +535,7 @@ private Q_SLOTS:
     {
         ZTGraphicsTextItem *item = makeSerial(2);
         const JobExport wanted{studio->path("part.json"), 3, false, {}};
-        QVERIFY(!studio->window->job().exporter().write(wanted, settings()));
+        QVERIFY(!studio->window->editor().job().exporter().write(wanted, settings()));
         QCOMPARE(item->text(), QStringLiteral("SN001"));
         QVERIFY(!QFile::exists(studio->path("part-0001.json")));
         QVERIFY(studio->messages->failures.first().why.contains(QStringLiteral("After part 2")));
@@ -544,7 +544,7 @@ private Q_SLOTS:
     void theLastNumber_isMarkedOnce()
     {
         ZTGraphicsTextItem *item = makeSerial(2);
-        studio::JobExporter &exporter = studio->window->job().exporter();
+        studio::JobExporter &exporter = studio->window->editor().job().exporter();
         QVERIFY(exporter.write({studio->path("part.json"), 2, false, {}}, settings()));
         QCOMPARE(item->text(), QStringLiteral("SN002"));
         const QString again = studio->path("again.json");
@@ -558,7 +558,7 @@ private Q_SLOTS:
     void aNumberGivenAfterTheLast_isTheNext()
     {
         ZTGraphicsTextItem *item = makeSerial(2);
-        studio::JobExporter &exporter = studio->window->job().exporter();
+        studio::JobExporter &exporter = studio->window->editor().job().exporter();
         QVERIFY(exporter.write({studio->path("part.json"), 2, false, {}}, settings()));
         auto segments = item->getVariantText()->getSegments();
         std::get<ZTCounterSegment>(segments[1]).last = 9;
@@ -571,7 +571,7 @@ private Q_SLOTS:
     {
         ZTGraphicsTextItem *item = makeSerial(999);
         const JobExport wanted{studio->path("frame.nc"), 1, false, jobkit::FrameKind::Box};
-        QVERIFY(studio->window->job().exporter().write(wanted, settings()));
+        QVERIFY(studio->window->editor().job().exporter().write(wanted, settings()));
         QCOMPARE(item->text(), QStringLiteral("SN001"));
     }
 
@@ -634,7 +634,7 @@ private Q_SLOTS:
         const std::shared_ptr<const studio::Job> shown = preview()->plan().job();
         studio::JobExport wanted;
         wanted.path = studio->path("plan.json");
-        QVERIFY(studio->window->job().exporter().write(wanted, settings(), shown));
+        QVERIFY(studio->window->editor().job().exporter().write(wanted, settings(), shown));
         const QJsonObject plan =
             QJsonDocument::fromJson(StudioWindow::contentOf(wanted.path)).object();
         const QJsonArray pieces = plan[QStringLiteral("pieces")].toArray();
@@ -651,7 +651,7 @@ private Q_SLOTS:
         // A search that was cut short does not come to the same order twice; so it is not made.
         auto other = std::make_shared<studio::Job>(*shown);
         std::reverse(other->plan.pieces.begin(), other->plan.pieces.end());
-        QVERIFY(studio->window->job().exporter().write(wanted, settings(), other));
+        QVERIFY(studio->window->editor().job().exporter().write(wanted, settings(), other));
         const QJsonArray turned = QJsonDocument::fromJson(StudioWindow::contentOf(wanted.path))
                                       .object()[QStringLiteral("pieces")]
                                       .toArray();
@@ -659,7 +659,7 @@ private Q_SLOTS:
                  other->plan.pieces[0].object);
         // Of another drawing it is no plan.
         studio->addRect(400, 400);
-        QVERIFY(studio->window->job().exporter().write(wanted, settings(), other));
+        QVERIFY(studio->window->editor().job().exporter().write(wanted, settings(), other));
         QCOMPARE(QJsonDocument::fromJson(StudioWindow::contentOf(wanted.path))
                      .object()[QStringLiteral("pieces")]
                      .toArray()
@@ -740,11 +740,11 @@ private Q_SLOTS:
     {
         ZTGraphicsTextItem *text = makeSerial(999);
         QCOMPARE(text->text(), QStringLiteral("SN001"));
-        auto &files = studio->window->files();
+        auto &files = studio->window->editor().files();
         const QString drawing = studio->path("serial.ztd");
         QVERIFY(files.saveTo(drawing));
         const QByteArray saved = StudioWindow::contentOf(drawing);
-        auto &exporter = studio->window->job().exporter();
+        auto &exporter = studio->window->editor().job().exporter();
         QVERIFY(exporter.write({studio->path("a.nc"), 3, true, {}}, settings()));
         QVERIFY(exporter.write({studio->path("b.nc"), 2, true, {}}, settings()));
         const auto note = jobkit::readJournal(drawing);
@@ -772,12 +772,12 @@ private Q_SLOTS:
     {
         makeSerial(999);
         const QString drawing = studio->path("serial.ztd");
-        QVERIFY(studio->window->files().saveTo(drawing));
+        QVERIFY(studio->window->editor().files().saveTo(drawing));
         QFile note(jobkit::journalPath(drawing));
         QVERIFY(note.open(QIODevice::WriteOnly));
         note.write("{ cut off");
         note.close();
-        auto &exporter = studio->window->job().exporter();
+        auto &exporter = studio->window->editor().job().exporter();
         QVERIFY(!exporter.write({studio->path("a.nc"), 1, true, {}}, settings()));
         QCOMPARE(studio->messages->failures.size(), 1);
         QVERIFY(studio->messages->failures.takeFirst().why.endsWith(QStringLiteral("remove it.")));
@@ -810,11 +810,11 @@ private Q_SLOTS:
     }
 
 private:
-    JobPreview *preview() { return &studio->window->job().preview(); }
+    JobPreview *preview() { return &studio->window->editor().job().preview(); }
     studio::PlanPanel &planPanel() { return preview()->panel(); }
     TimesModel &times() { return *planPanel().findChild<TimesModel *>(); }
     QString time(int row, int column) { return times().index(row, column).data().toString(); }
-    studio::JobPanel &panel() { return studio->window->job().panel(); }
+    studio::JobPanel &panel() { return studio->window->editor().job().panel(); }
     PenModel &pens() { return *panel().findChild<PenModel *>(); }
     QString told() { return panel().findChild<QLabel *>(QStringLiteral("job.told"))->text(); }
 

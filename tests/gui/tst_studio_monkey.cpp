@@ -264,11 +264,13 @@ private:
     {
         const ZTGraphicsResizeItem *frame = studio->document().scene()->getGraphicsResizeItem();
         QString words;
-        QDebug(&words) << "the frame" << frame->rect().translated(frame->pos()) << "instead of"
+        QDebug(&words) << qSetRealNumberPrecision(16) << "the frame"
+                       << frame->rect().translated(frame->pos()) << "instead of"
                        << studio->document().scene()->getSelectionItemRect() << "around";
         for (const studio::ShapeItem *item :
              studio::selectedShapeItems(*studio->document().scene()))
-            QDebug(&words) << int(item->getShapeType()) << studio::sceneBox(*item);
+            QDebug(&words) << qSetRealNumberPrecision(16) << int(item->getShapeType())
+                           << studio::sceneBox(*item);
         return words;
     }
 
@@ -369,7 +371,7 @@ private:
     {
         const QString path = studio->path("monkey.ztd");
         const WholeState before = wholeStateOf(studio->document());
-        studio::DrawingFiles &files = studio->window->files();
+        studio::DrawingFiles &files = studio->window->editor().files();
         if (!files.saveTo(path) || !files.load(path))
             return isFinding(QStringLiteral("not saved or not loaded"));
         const WholeState loaded = wholeStateOf(studio->document());

@@ -4,7 +4,6 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 
-
 namespace studio {
 
 namespace {

@@ -1,11 +1,11 @@
 #include <studio/import/Reimporter.h>
 
-#include <studio/UndoTexts.h>
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/commands/OutlinesCommand.h>
 #include <studio/commands/UndoMacro.h>
 #include <studio/drawing/LongWork.h>
 #include <studio/import/ImportNotes.h>
+#include <studio/program/UndoTexts.h>
 
 #include <hostkit/items/GraphicItems.h>
 

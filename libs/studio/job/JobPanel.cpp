@@ -1,12 +1,12 @@
 #include <studio/job/JobPanel.h>
 
-#include <studio/UndoTexts.h>
 #include <studio/job/JobRun.h>
 #include <studio/job/MaterialStore.h>
 #include <studio/job/PenModel.h>
 #include <studio/job/PensCommand.h>
 #include <studio/job/ProfileDialog.h>
 #include <studio/job/ProfileStore.h>
+#include <studio/program/UndoTexts.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>

@@ -1,6 +1,6 @@
 #include <studio/job/JobRun.h>
 
-#include <studio/ShapeKinds.h>
+#include <studio/shapes/ShapeKinds.h>
 
 #include <hostkit/marks/MarkGraphBuilder.h>
 #include <jobkit/marks/MarkGraphItems.h>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <studio/ShapeItems.h>
 #include <studio/job/JobSettings.h>
+#include <studio/shapes/ShapeItems.h>
 
 #include <jobkit/checks/JobChecks.h>
 #include <jobkit/plan/JobTimes.h>

@@ -1,11 +1,11 @@
 #include <studio/job/JobTools.h>
 
-#include <studio/Messages.h>
 #include <studio/drawing/LongWork.h>
 #include <studio/job/JobExportDialog.h>
 #include <studio/job/JobPanel.h>
 #include <studio/job/JobPreview.h>
 #include <studio/job/PensCommand.h>
+#include <studio/program/Messages.h>
 #include <studio/text/TextTools.h>
 
 #include <QtWidgets/QMessageBox>

@@ -1,10 +1,10 @@
 #include <studio/nodes/NodeTool.h>
 
-#include <studio/UndoTexts.h>
 #include <studio/commands/ExtrasCommand.h>
 #include <studio/commands/OutlinesCommand.h>
 #include <studio/commands/UndoMacro.h>
 #include <studio/nodes/NodeOverlay.h>
+#include <studio/program/UndoTexts.h>
 
 #include <hostkit/items/GraphicItems.h>
 #include <hostkit/items/ItemExtras.h>

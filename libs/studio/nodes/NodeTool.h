@@ -1,7 +1,7 @@
 #pragma once
 
-#include <studio/ShapeItems.h>
 #include <studio/canvas/CanvasTool.h>
+#include <studio/shapes/ShapeItems.h>
 
 #include <vectorkit/edit/NodePaths.h>
 

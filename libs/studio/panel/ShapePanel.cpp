@@ -1,6 +1,6 @@
 #include <studio/panel/ShapePanel.h>
 
-#include <studio/DocumentActions.h>
+#include <studio/edit/DocumentActions.h>
 #include <studio/panel/BoxSection.h>
 #include <studio/panel/CodeSection.h>
 #include <studio/panel/HatchSection.h>

@@ -1488,10 +1488,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>关于</translation>
     </message>
     <message>
-        <source>All files (*)</source>
-        <translation>所有文件 (*)</translation>
-    </message>
-    <message>
         <source>Draws what a laser marks, and hands out the paths.</source>
         <translation>绘制激光标刻的内容，并输出路径。</translation>
     </message>
@@ -1508,18 +1504,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>绘图工作室 %1</translation>
     </message>
     <message>
-        <source>Drawings (%1)</source>
-        <translation>图形 (%1)</translation>
-    </message>
-    <message>
-        <source>Import drawings</source>
-        <translation>导入图形</translation>
-    </message>
-    <message>
-        <source>clipboard</source>
-        <translation>剪贴板</translation>
-    </message>
-    <message>
         <source>Degrees, anticlockwise:</source>
         <translation>角度（度，逆时针）：</translation>
     </message>
@@ -1528,16 +1512,8 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>作业</translation>
     </message>
     <message>
-        <source>Job written to %1, files: %2</source>
-        <translation>作业已写入 %1，文件数：%2</translation>
-    </message>
-    <message>
         <source>Engine objects</source>
         <translation>引擎对象</translation>
-    </message>
-    <message>
-        <source>Mark paths written to %1, shapes: %2</source>
-        <translation>标刻路径已写入 %1，图形数：%2</translation>
     </message>
     <message>
         <source>Plan</source>
@@ -5544,6 +5520,40 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>White &amp;background</source>
         <translation>白色背景(&amp;B)</translation>
+    </message>
+</context>
+<context>
+    <name>studio::Editor</name>
+    <message>
+        <source>Job written to %1, files: %2</source>
+        <translation>作业已写入 %1，文件数：%2</translation>
+    </message>
+    <message>
+        <source>Mark paths written to %1, shapes: %2</source>
+        <translation>标刻路径已写入 %1，图形数：%2</translation>
+    </message>
+    <message>
+        <source>Saved to %1</source>
+        <translation>已保存到 %1</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ImportTools</name>
+    <message>
+        <source>All files (*)</source>
+        <translation>所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>Drawings (%1)</source>
+        <translation>图形 (%1)</translation>
+    </message>
+    <message>
+        <source>Import drawings</source>
+        <translation>导入图形</translation>
+    </message>
+    <message>
+        <source>clipboard</source>
+        <translation>剪贴板</translation>
     </message>
 </context>
 </TS>

@@ -190,8 +190,10 @@ void forClusters(std::vector<Boxed>::iterator begin, std::vector<Boxed>::iterato
         std::vector<Boxed>::iterator end;
         bool cutsDown;
         bool isWholeAcross; ///< no cut the other way
+        int depth;
     };
-    std::vector<Range> open{{begin, end, true, false}};
+    constexpr int kMostDepth = 64; // what takes more cuts is one lot
+    std::vector<Range> open{{begin, end, true, false, 0}};
     while (!open.empty()) {
         const Range range = open.back();
         open.pop_back();
@@ -208,16 +210,16 @@ void forClusters(std::vector<Boxed>::iterator begin, std::vector<Boxed>::iterato
         double reached = high(*first);
         for (auto at = range.begin; at != range.end; ++at) {
             if (low(*at) > reached + kApartMm) {
-                parts.push_back({first, at, !range.cutsDown, false});
+                parts.push_back({first, at, !range.cutsDown, false, range.depth + 1});
                 first = at;
             }
             reached = std::max(reached, high(*at));
         }
-        if (!parts.empty()) {
-            parts.push_back({first, range.end, !range.cutsDown, false});
+        if (!parts.empty() && range.depth < kMostDepth) {
+            parts.push_back({first, range.end, !range.cutsDown, false, range.depth + 1});
             open.insert(open.end(), parts.rbegin(), parts.rend());
-        } else if (!range.isWholeAcross && range.end - range.begin > 1) {
-            open.push_back({range.begin, range.end, !range.cutsDown, true});
+        } else if (parts.empty() && !range.isWholeAcross && range.end - range.begin > 1) {
+            open.push_back({range.begin, range.end, !range.cutsDown, true, range.depth + 1});
         } else {
             cluster(range.begin, range.end);
         }

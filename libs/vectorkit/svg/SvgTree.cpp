@@ -252,9 +252,9 @@ bool TreeReader::fail(ReadFailure *failure) const
             QString()};
     } else if (m_xml.hasError()) {
         const bool isNothing = m_tree->nodes.isEmpty();
-        *failure = svgFaultOf(m_xml, m_bytes,
-                              isNothing ? ReadFailure::Kind::WrongFormat
-                                        : ReadFailure::Kind::Damaged);
+        *failure =
+            svgFaultOf(m_xml, m_bytes,
+                       isNothing ? ReadFailure::Kind::WrongFormat : ReadFailure::Kind::Damaged);
     } else {
         return true;
     }
