@@ -21,7 +21,8 @@ QVector<JobItem> itemsOf(const ZTMarkGraph &graph, const hostkit::MarkUnits &uni
 
 /**
  * Notes what a job has to know of the shape behind an item beside its marks: whether its dots are
- * meant, its numbers used up, and characters missing in its font.
+ * meant, its numbers used up, and characters missing in its font. Dots that were imported, which
+ * the drawing holds as lines of `hostkit::kDotMm`, become dots here.
  */
 void describeShape(const ZTAbstractGraphicsItem &shape, JobItem *item);
 
