@@ -468,6 +468,13 @@ void TestSvgReader::refused_saysLineAndColumn()
     QVERIFY2(failure.reason.contains(QLatin1String("line 3, column ")), qPrintable(failure.reason));
     QCOMPARE(failureOf("<html><svg/></html>").kind, ReadFailure::Kind::WrongFormat);
     QCOMPARE(failureOf("<svg/>").kind, ReadFailure::Kind::Empty);
+    QCOMPARE(failureOf("<svg/>").advice, QString());
+    const ReadFailure told = failureOf("<svg><image/><image/><use/></svg>");
+    QVERIFY(told.kind == ReadFailure::Kind::Empty);
+    QVERIFY2(QRegularExpression(QStringLiteral("^Left out: [^.]+ \\(\\d\\), [^.]+ \\(\\d\\)\\.$"))
+                 .match(told.advice)
+                 .hasMatch(),
+             qPrintable(told.advice));
 }
 
 void TestSvgReader::refused_saysWhatIsWrong_data()
