@@ -418,6 +418,8 @@ void MainWindow::connectFiles()
     connect(session, &DrawingSession::stateChanged, this, &MainWindow::dropSavedMessage);
     connect(m_orderMenu, &OrderMenu::changed, session, &DrawingSession::markChanged);
     connect(m_orderMenu, &OrderMenu::changed, m_list, &ShapeList::showMarkingRule);
+    connect(&m_editor->text(), &TextTools::partChanged, m_list, &ShapeList::followSoon);
+    connect(&m_editor->text(), &TextTools::partChanged, m_panel, &ShapePanel::follow);
     connect(files, &DrawingFiles::emptied, this, [this] {
         labelTree();
         m_orderMenu->restore();
