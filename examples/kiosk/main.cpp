@@ -11,6 +11,7 @@
 #include <hostkit/items/ShapeItems.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/setup/Factories.h>
+#include <jobkit/items/HatchedItems.h>
 
 #include <QtCore/QTextStream>
 #include <QtWidgets/QApplication>
@@ -120,6 +121,7 @@ int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
+    jobkit::registerHatchedFactories(); // all hatches of a shape, not the first alone
     hostkit::registerFactories();
     hostkit::Failure failure;
     Kiosk kiosk(arguments.value(1));

@@ -14,6 +14,9 @@
 #include <studio/job/ProfileDialog.h>
 #include <studio/job/ProfileStore.h>
 #include <studio/job/TimesModel.h>
+#include <studio/list/ShapeList.h>
+#include <studio/list/ShapeListModel.h>
+#include <studio/list/ShapeListView.h>
 #include <studio/panel/ShapePanel.h>
 
 #include <jobkit/marks/DrawingPens.h>
@@ -511,6 +514,12 @@ private Q_SLOTS:
                 StudioWindow::contentOf(studio->path("part-0002.json")));
         QCOMPARE(item->text(), QStringLiteral("SN004"));
         QVERIFY(studio->window->isWindowModified());
+        // The list of shapes tells the text that comes next, as the drawing does.
+        const auto nameInList = [this] {
+            const QAbstractItemModel &rows = *studio->window->list().view().model();
+            return rows.index(0, studio::ShapeListModel::Name).data().toString();
+        };
+        QTRY_COMPARE(nameInList(), QStringLiteral("SN004"));
     }
 
     void numbers_stay_whenAFileCannotBeWritten()
@@ -573,6 +582,14 @@ private Q_SLOTS:
         auto *dialog = studio->window->findChild<JobExportDialog *>();
         QVERIFY(dialog != nullptr);
         auto *path = dialog->findChild<QLineEdit *>(QStringLiteral("path"));
+        QStringList order;
+        path->setFocus();
+        for (int i = 0; i < 4; ++i) {
+            order << QApplication::focusWidget()->objectName();
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
+        QCOMPARE(order.mid(2),
+                 (QStringList{QStringLiteral("frame"), QStringLiteral("parts")})); // as they stand
         path->clear();
         QTest::keyClicks(path, studio->path("a.xyz"));
         QVERIFY(!dialog->findChild<QPushButton *>(QStringLiteral("export"))->isEnabled());

@@ -4,9 +4,13 @@
 #include <hostkit/items/GraphicItems.h>
 #include <hostkit/items/LastPart.h>
 #include <hostkit/items/ShapeItems.h>
+#include <hostkit/marks/MarkFindings.h>
+#include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/text/StrokeFont.h>
 
 #include <QtCore/QLineF>
+
+#include <limits>
 
 namespace jobkit {
 
@@ -108,6 +112,21 @@ void describeShape(const ZTAbstractGraphicsItem &shape, JobItem *item)
     item->hasDots = takeDots(shape, item) || hostkit::isCode(shape);
     item->isSerialUsedUp = hostkit::isUsedUp(shape);
     item->missingCharacters = missingCharactersOf(shape);
+}
+
+QVector<JobItem> itemsOfDrawing(const ZTGraphicsDocument &document)
+{
+    const hostkit::MarkItems shapes = hostkit::markedItems(document);
+    hostkit::MarkGraphBuilder builder(document, shapes, EShapeSortType::ShapeSortNone);
+    builder.work(std::numeric_limits<int>::max());
+    const ZTMarkGraph graph = builder.takeUnordered();
+    QVector<JobItem> items =
+        itemsOf(graph, hostkit::MarkUnits::of(*document.itemMag()), builder.layers());
+    for (int i = 0; i < items.size(); ++i) {
+        items[i].name = hostkit::shapeName(*shapes[i]);
+        describeShape(*shapes[i], &items[i]);
+    }
+    return items;
 }
 
 } // namespace jobkit

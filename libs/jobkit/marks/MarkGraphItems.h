@@ -26,4 +26,11 @@ QVector<JobItem> itemsOf(const ZTMarkGraph &graph, const hostkit::MarkUnits &uni
  */
 void describeShape(const ZTAbstractGraphicsItem &shape, JobItem *item);
 
+/**
+ * All that a drawing marks as items of a job, what is marked first first: every hatch with its pen,
+ * its passes and its moment, names, and what `describeShape` notes. All at once: a program with a
+ * window does the same step by step, through `hostkit::MarkGraphBuilder`.
+ */
+QVector<JobItem> itemsOfDrawing(const ZTGraphicsDocument &document);
+
 } // namespace jobkit

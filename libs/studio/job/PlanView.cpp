@@ -13,7 +13,7 @@ namespace studio {
 namespace {
 
 constexpr int kMarginPx = 16;
-constexpr int kLarge = 20000;            ///< segments: more are drawn in another thread
+constexpr int kLarge = 5000;             ///< segments: more are drawn in another thread
 constexpr qint64 kVerticesAPaint = 8000; ///< of a large plan; the rest follows with the next frame
 constexpr int kLookMs = 5;               ///< how often a picture of another thread is looked for
 constexpr double kPickPx = 6.0;

@@ -4017,6 +4017,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>The numbers cannot be noted beside the drawing: %1. No file was written.</source>
         <translation>无法在图纸旁记录编号：%1。未写入任何文件。</translation>
     </message>
+    <message>
+        <source>Making part %1 of %2...</source>
+        <translation>正在生成第 %1 件，共 %2 件...</translation>
+    </message>
 </context>
 <context>
     <name>studio::JobPanel</name>
