@@ -1,9 +1,9 @@
 #include "TextWindow.h"
 
-#include <studio/window/DialogManners.h>
 #include <studio/canvas/DrawingTools.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/preferences/PreferenceTools.h>
+#include <studio/window/DialogManners.h>
 
 #include <QtGui/QKeySequence>
 #include <QtWidgets/QDialog>
@@ -139,10 +139,10 @@ private Q_SLOTS:
         activate(*dialog);
         dialog->findChild<QSpinBox *>(QStringLiteral("rows"))->setFocus();
         // Letters are no tools here, and Del deletes digits.
-        const QByteArray tool = studio->window->tools().chosenId();
+        const QByteArray tool = studio->editor().tools().chosenId();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_R);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Delete);
-        QCOMPARE(studio->window->tools().chosenId(), tool);
+        QCOMPARE(studio->editor().tools().chosenId(), tool);
         QCOMPARE(studio->ids().size(), 2);
         dialog->close();
     }

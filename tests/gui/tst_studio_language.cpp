@@ -272,7 +272,7 @@ private:
         for (const char *command : {"create.rectangle", "create.ellipse", "create.polygon",
                                     "create.line", "create.text", "create.code"})
             QVERIFY(studio->run(command));
-        studio->window->text().finishTyping();
+        studio->editor().text().finishTyping();
         for (QDialog *dialog : studio->window->findChildren<QDialog *>()) // of the new code
             dialog->accept();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

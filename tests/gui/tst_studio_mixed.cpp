@@ -3,10 +3,10 @@
 #include "support/DrawingBytes.h"
 #include "unit/studio/MeasuredBoxes.h"
 
-#include <studio/shapes/ShapeMeasures.h>
 #include <studio/canvas/RotateHandle.h>
 #include <studio/measures/MeasureField.h>
 #include <studio/panel/ShapePanel.h>
+#include <studio/shapes/ShapeMeasures.h>
 
 #include <hostkit/items/GraphicItems.h>
 #include <hostkit/items/ItemExtras.h>
@@ -235,7 +235,7 @@ private:
             {"turn handle", Kinds::All,
              [this] {
                  const QPointF from =
-                     studio->view().mapToScene(studio->window->rotateHandle().place());
+                     studio->view().mapToScene(studio->editor().rotateHandle().place());
                  studio->driver->drag(from, from + QPointF(90, 40));
              }},
             {"arrow key", Kinds::All, [this] { studio->key(Qt::Key_Right); }},

@@ -2,9 +2,9 @@
 
 #include "support/DrawingBytes.h"
 
-#include <studio/export/Exporter.h>
 #include <studio/canvas/DrawingTools.h>
 #include <studio/canvas/SnapTools.h>
+#include <studio/export/Exporter.h>
 #include <studio/measures/MeasureField.h>
 #include <studio/panel/ShapePanel.h>
 #include <studio/preferences/PreferenceTools.h>
@@ -408,8 +408,8 @@ private:
     QByteArray exported()
     {
         const QString path = studio->path("marks.json");
-        QSignalSpy done(&studio->window->exporter(), &studio::Exporter::exported);
-        studio->window->exporter().exportTo(path, false);
+        QSignalSpy done(&studio->editor().exporter(), &studio::Exporter::exported);
+        studio->editor().exporter().exportTo(path, false);
         if (done.isEmpty() && !done.wait())
             return "not written";
         return StudioWindow::contentOf(path);
