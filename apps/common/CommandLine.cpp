@@ -1,5 +1,6 @@
 #include "CommandLine.h"
 
+#include "CommandTable.h"
 #include "Console.h"
 #include "Language.h"
 
@@ -125,6 +126,7 @@ int CommandLine::run(int argc, char **argv)
                      .arg(QString::fromStdString(m_app.get_name()))
                      .toStdString());
     addCommonOptions(&m_app);
+    addTableOptions(&m_app, m_version);
     try {
         m_app.parse(argc, argv);
         return work();

@@ -11,6 +11,7 @@
 #include <hostkit/items/ShapeItems.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/setup/Factories.h>
+#include <hostkit/text/FontPlaces.h>
 
 #include <QtCore/QTextStream>
 #include <QtWidgets/QApplication>
@@ -121,6 +122,7 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     hostkit::registerFactories();
+    hostkit::addFontFolders();
     hostkit::Failure failure;
     Kiosk kiosk(arguments.value(1));
     if (!kiosk.open(&failure)) {
