@@ -17,7 +17,7 @@ libraries=(QtPropertyBrowser ZTMarkDataManager ZTDrawEngineLib)
 
 dump() { # LIBRARY
     abidw --headers-dir "libs/$1" --drop-private-types --no-corpus-path --no-comp-dir-path \
-        --no-show-locs --drop-undefined-syms --load-all-types \
+        --no-show-locs --drop-undefined-syms \
         "$build/lib/lib$1.so"
 }
 

@@ -66,34 +66,36 @@ file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/packaging")
 
 set(library "libztdrawengine${soversion}")
 zt_package(runtime NAME ${library} SECTION libs
-  SUMMARY "drawing surface and mark paths for laser marking"
-  DESCRIPTION "Shapes in millimetres, hatched, edited with undo on a Qt widget, and turned into the ordered straight paths that a marking head follows."
+  SUMMARY "drawing surface and mark paths for laser marking (library)"
+  DESCRIPTION "Shapes in millimetres, hatched, edited with undo on a Qt widget, and\nturned into the ordered straight paths that a marking head follows."
   RECOMMENDS "ztdrawengine-fonts")
 zt_package(dev NAME libztdrawengine-dev SECTION libdevel
   SUMMARY "drawing surface for laser marking (development files)"
-  DESCRIPTION "Headers, CMake package, pkg-config files, and the kits for what every host does once: drawing files, imports, codes, jobs."
+  DESCRIPTION "Headers, CMake package, pkg-config files, and the kits for what every\nhost does once: drawing files, imports, codes, jobs."
   DEPENDS "${library} (= ${whole}), qtbase5-dev, zlib1g-dev, libpolyclipping-dev, libzint-dev, libzxing-dev")
 zt_package(doc NAME libztdrawengine-doc SECTION doc ANY_MACHINE
   SUMMARY "drawing surface for laser marking (documentation)"
-  DESCRIPTION "Guides, reference, manual of the studio and examples, as pages to read and as Qt help.")
+  DESCRIPTION "Guides, reference, manual of the studio and examples, as pages to read\nand as Qt help.")
 zt_package(fonts NAME ztdrawengine-fonts SECTION fonts ANY_MACHINE
   SUMMARY "stroke fonts for laser marking"
-  DESCRIPTION "Single-line fonts for letters of Europe, Greek, Cyrillic and Chinese, which a laser marks in one stroke.")
+  DESCRIPTION "Single-line fonts for letters of Europe, Greek, Cyrillic and Chinese,\nwhich a laser marks in one stroke.")
 zt_package(ztmark NAME ztmark SECTION graphics
   SUMMARY "mark paths and machine files from drawings (command line)"
-  DESCRIPTION "Turns drawings, SVG, DXF and plotter files, texts and codes into mark paths, pictures and machine files. Makes stroke fonts, too."
+  DESCRIPTION "Turns drawings, SVG, DXF and plotter files, texts and codes into mark\npaths, pictures and machine files. Makes stroke fonts, too."
   DEPENDS "${library} (= ${whole})" RECOMMENDS "ztdrawengine-fonts")
 zt_package(ztstudio NAME ztstudio SECTION graphics
   SUMMARY "drawing and marking studio for lasers"
-  DESCRIPTION "Draw what a laser marks, import it, fill in texts and serial numbers, and write the files that machines run."
+  DESCRIPTION "Draw what a laser marks, import it, fill in texts and serial numbers,\nand write the files that machines run."
   DEPENDS "${library} (= ${whole})" RECOMMENDS "ztdrawengine-fonts, libqt5svg5, qttranslations5-l10n")
 if(TARGET ztdesigner)
   zt_package(designer NAME ztdrawengine-designer SECTION devel
     SUMMARY "drawing surface for laser marking (plugin for Qt Designer)"
-    DESCRIPTION "The document widget, the object tree, the property grid and the rulers, in the widget box of Qt Designer."
+    DESCRIPTION "The document widget, the object tree, the property grid and the rulers,\nin the widget box of Qt Designer."
     DEPENDS "${library} (= ${whole})")
 endif()
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA "${PROJECT_BINARY_DIR}/packaging/symbols")
+file(WRITE "${PROJECT_BINARY_DIR}/packaging/triggers" "activate-noawait ldconfig\n")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA "${PROJECT_BINARY_DIR}/packaging/symbols"
+  "${PROJECT_BINARY_DIR}/packaging/triggers")
 set(CPACK_ZT_SYMBOLS "${PROJECT_BINARY_DIR}/packaging/symbols" "${library}"
   "${soversion}.0" "${PROJECT_VERSION}")
 file(TOUCH "${PROJECT_BINARY_DIR}/packaging/symbols") # written when the libraries are staged
