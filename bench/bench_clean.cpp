@@ -87,10 +87,34 @@ void BM_All(benchmark::State &state)
     clean(state, options);
 }
 
+/** Rings in one frame, which is all one lot: the worst for welding in lots. */
+void BM_WeldInAFrame(benchmark::State &state)
+{
+    vectorkit::CleanOptions options;
+    options.dropDoubles = true;
+    options.joinMm = 0.01;
+    vectorkit::VectorDrawing rings = looseRings(static_cast<int>(state.range(0)));
+    vectorkit::cleanDrawing(&rings, options, nullptr);
+    const QRectF box = rings.boundsMm().adjusted(-1.0, -1.0, 1.0, 1.0);
+    vectorkit::VectorShape frame;
+    frame.paths = {vectorkit::VectorPath::polyline(
+        {box.topLeft(), box.topRight(), box.bottomRight(), box.bottomLeft()}, true)};
+    rings.layers[0].shapes.append(frame);
+    vectorkit::CleanOptions weld;
+    weld.weld = true;
+    vectorkit::CleanReport report;
+    for (auto _ : state) {
+        vectorkit::VectorDrawing copy = rings;
+        benchmark::DoNotOptimize(vectorkit::cleanDrawing(&copy, weld, &report));
+    }
+    state.counters["paths"] = double(report.pathsAfter);
+}
+
 } // namespace
 
 BENCHMARK(BM_Doubles)->Arg(10'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Join)->Arg(10'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Order)->Arg(10'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_All)->Arg(10'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_WeldInAFrame)->Arg(10'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
 BENCHMARK_MAIN();

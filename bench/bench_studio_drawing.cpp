@@ -1,5 +1,6 @@
-#include <studio/MainWindow.h>
 #include <studio/drawing/DrawingFiles.h>
+#include <studio/window/Editor.h>
+#include <studio/window/MainWindow.h>
 
 #include <hostkit/setup/Factories.h>
 
@@ -33,7 +34,7 @@ public:
         }
         window.fitAll();
         QApplication::processEvents();
-        isGood = window.files().saveTo(path());
+        isGood = window.editor().files().saveTo(path());
     }
 
     QString path() const { return folder.filePath(QStringLiteral("drawing.ztd")); }
@@ -49,10 +50,10 @@ void openToPainted(benchmark::State &state)
     Studio studio(static_cast<int>(state.range(0)));
     for (auto _ : state) {
         state.PauseTiming();
-        studio.window.files().startNew();
+        studio.window.editor().files().startNew();
         QApplication::processEvents();
         state.ResumeTiming();
-        if (!studio.isGood || !studio.window.files().load(studio.path()))
+        if (!studio.isGood || !studio.window.editor().files().load(studio.path()))
             state.SkipWithError("not opened");
         QApplication::processEvents();
     }
@@ -63,7 +64,7 @@ void save(benchmark::State &state)
 {
     Studio studio(static_cast<int>(state.range(0)));
     for (auto _ : state) {
-        if (!studio.window.files().saveTo(studio.path()))
+        if (!studio.window.editor().files().saveTo(studio.path()))
             state.SkipWithError("not saved");
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));
@@ -76,7 +77,7 @@ void snapshot(benchmark::State &state, bool withPreview)
     for (auto _ : state) {
         hostkit::DrawingFile file;
         hostkit::Failure error;
-        if (!studio.window.files().session().capture(withPreview, &file, &error))
+        if (!studio.window.editor().files().session().capture(withPreview, &file, &error))
             state.SkipWithError("not taken");
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));

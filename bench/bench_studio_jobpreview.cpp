@@ -1,12 +1,16 @@
-// Frames of the job preview while it plays, at growing sizes.
+// Frames of the job preview while it plays, is enlarged, moved and searched, at growing sizes.
 
 #include <studio/job/PlanView.h>
 
+#include <QtCore/QCoreApplication>
+#include <QtCore/QElapsedTimer>
 #include <QtGui/QImage>
+#include <QtGui/QWheelEvent>
 #include <QtWidgets/QApplication>
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <random>
 
 namespace {
@@ -52,6 +56,114 @@ void BM_PreviewPlays(benchmark::State &state)
         benchmark::Counter(double(state.iterations()), benchmark::Counter::kIsRate);
 }
 BENCHMARK(BM_PreviewPlays)->Arg(10000)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+
+/** The view as a user has it: what other threads have drawn comes in between the frames. */
+class Shown
+{
+public:
+    explicit Shown(qint64 segments) : m_job(jobOf(segments))
+    {
+        m_view.resize(1200, 800);
+        m_view.setJob(m_job);
+        m_view.show();
+        frame();
+        QElapsedTimer waited;
+        waited.start();
+        while (waited.elapsed() < kDrawnMs)
+            QCoreApplication::processEvents();
+    }
+
+    studio::PlanView &view() { return m_view; }
+    double totalS() const { return m_job->times.all.totalS(); }
+
+    void frame()
+    {
+        QCoreApplication::processEvents();
+        m_view.render(&m_screen);
+    }
+
+    void wheel(int steps)
+    {
+        QWheelEvent event({500, 300}, {500, 300}, {}, {0, steps * 120}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&m_view, &event);
+    }
+
+    void drag(int byPx)
+    {
+        const auto send = [this](QEvent::Type type, const QPointF &at, Qt::MouseButton button,
+                                 Qt::MouseButtons held) {
+            QMouseEvent event(type, at, button, held, Qt::NoModifier);
+            QCoreApplication::sendEvent(&m_view, &event);
+        };
+        send(QEvent::MouseButtonPress, {600, 400}, Qt::LeftButton, Qt::LeftButton);
+        send(QEvent::MouseMove, {600.0 + byPx, 400}, Qt::NoButton, Qt::LeftButton);
+        send(QEvent::MouseButtonRelease, {600.0 + byPx, 400}, Qt::LeftButton, Qt::NoButton);
+    }
+
+private:
+    static constexpr int kDrawnMs = 1500;
+
+    std::shared_ptr<const studio::Job> m_job;
+    studio::PlanView m_view;
+    QImage m_screen{QSize(1200, 800), QImage::Format_ARGB32_Premultiplied};
+};
+
+/** What a frame takes that follows an act of the user; the slowest beside the mean. */
+template <class Act>
+void frames(benchmark::State &state, const Act &act)
+{
+    Shown shown(state.range(0));
+    shown.view().setMoment(shown.totalS() / 2);
+    int frame = 0;
+    double slowestMs = 0.0;
+    for (auto _ : state) {
+        QElapsedTimer clock;
+        clock.start();
+        act(shown, frame++);
+        shown.frame();
+        slowestMs = std::max(slowestMs, double(clock.nsecsElapsed()) * 1e-6);
+    }
+    state.counters["slowest ms"] = slowestMs;
+    state.counters["frames/s"] =
+        benchmark::Counter(double(state.iterations()), benchmark::Counter::kIsRate);
+}
+
+void BM_PreviewZooms(benchmark::State &state)
+{
+    frames(state, [](Shown &shown, int frame) { shown.wheel(frame % 20 < 10 ? 1 : -1); });
+}
+
+void BM_PreviewPans(benchmark::State &state)
+{
+    frames(state, [](Shown &shown, int frame) { shown.drag(frame % 20 < 10 ? 15 : -15); });
+}
+
+/** The slider, to and fro by a tenth of the job. */
+void BM_PreviewScrubs(benchmark::State &state)
+{
+    frames(state, [](Shown &shown, int frame) {
+        shown.view().setMoment(shown.totalS() * (frame * 3 % 10) / 10.0);
+    });
+}
+
+/** A click: which of all pieces is it? */
+void BM_PreviewPicks(benchmark::State &state)
+{
+    Shown shown(state.range(0));
+    int at = 0;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(shown.view().pieceAt(QPointF(at++ % 1200, at * 7 % 800)));
+}
+
+void sizes(benchmark::internal::Benchmark *bench)
+{
+    bench->Arg(10000)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond)->UseRealTime();
+}
+BENCHMARK(BM_PreviewZooms)->Apply(sizes)->Iterations(200);
+BENCHMARK(BM_PreviewPans)->Apply(sizes)->Iterations(200);
+BENCHMARK(BM_PreviewScrubs)->Apply(sizes)->Iterations(200);
+BENCHMARK(BM_PreviewPicks)->Apply(sizes);
 
 } // namespace
 

@@ -36,9 +36,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const auto bytes =
         QByteArray::fromRawData(reinterpret_cast<const char *>(data), static_cast<int>(size));
     hostkit::ShxFontInfo info;
-    QString error;
-    const bool isFont = hostkit::readShxFontInfo(bytes, &info, &error);
-    require(isFont == error.isEmpty());
+    hostkit::Failure failure;
+    const bool isFont = hostkit::readShxFontInfo(bytes, &info, &failure);
+    require(isFont == failure.reason.isEmpty());
     require(isFont == !info.form().isEmpty());
     require(info.problems.size() <= hostkit::ShxFontInfo::kMaxProblems);
     require(info.problems.size() <= info.problemCount);

@@ -1,7 +1,8 @@
 #include <studio/Headless.h>
-#include <studio/MainWindow.h>
-#include <studio/Messages.h>
 #include <studio/drawing/CrashGuard.h>
+#include <studio/program/Messages.h>
+#include <studio/window/Editor.h>
+#include <studio/window/MainWindow.h>
 
 #include <common/CommandTable.h>
 
@@ -77,7 +78,7 @@ int runWindow(const Options &options)
     studio::MainWindow window;
     window.show();
     if (!options.drawing.empty())
-        window.offerFile(fromArgument(options.drawing));
+        window.editor().offerFile(fromArgument(options.drawing));
     else if (options.sample)
         window.addSample();
     window.guardAgainstCrashes(studio::CrashGuardSetup::ofUser());

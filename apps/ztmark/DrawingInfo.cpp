@@ -38,7 +38,7 @@ QString nameOf(ShapeType kind)
     case ShapeType::Text:
         return DrawingInfo::tr("texts: %1");
     case ShapeType::VecGraph:
-        return DrawingInfo::tr("imported drawings: %1");
+        return DrawingInfo::tr("paths: %1");
     case ShapeType::QRCode:
         return DrawingInfo::tr("codes: %1");
     case ShapeType::BarCode:

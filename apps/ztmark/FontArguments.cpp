@@ -46,11 +46,11 @@ bool FontArguments::choose(ZTFontParam *font) const
     if (m_regularFont.isEmpty())
         return chooseSystemFont(font);
     font->fontType = FontType::singleLine;
-    QString error;
+    hostkit::Failure failure;
     const QStringList folders = hostkit::fontFolders() + m_folders.names;
-    if (hostkit::strokeFont(m_regularFont, m_bigFont, folders, &font->shxFont, &error))
+    if (hostkit::strokeFont(m_regularFont, m_bigFont, folders, &font->shxFont, &failure))
         return true;
-    console::complain(error.toStdString());
+    console::complain(failure.reason.toStdString());
     return false;
 }
 

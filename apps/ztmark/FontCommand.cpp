@@ -255,9 +255,9 @@ bool FontCommand::listStrokeFonts() const
 int FontCommand::info() const
 {
     ShxFontInfo font;
-    QString error;
-    if (!hostkit::readShxFontInfo(fontPath(), &font, &error)) {
-        console::complain(m_file, error);
+    hostkit::Failure failure;
+    if (!hostkit::readShxFontInfo(fontPath(), &font, &failure)) {
+        console::complain(m_file, failure.reason);
         return console::Failed;
     }
     printFont(font);
@@ -267,9 +267,9 @@ int FontCommand::info() const
 int FontCommand::sheet() const
 {
     hostkit::FontSheet drawn;
-    QString error;
-    if (!drawn.read(fontPath(), &error)) {
-        console::complain(m_file, error);
+    hostkit::Failure failure;
+    if (!drawn.read(fontPath(), &failure)) {
+        console::complain(m_file, failure.reason);
         return console::Failed;
     }
     const QFileInfo font(fontPath());
@@ -279,8 +279,8 @@ int FontCommand::sheet() const
             console::complain(output, tr("would overwrite the font it shows"));
             return console::Failed;
         }
-        if (!drawn.save(QString::fromStdString(output), font.fileName(), &error)) {
-            console::complain(output, error);
+        if (!drawn.save(QString::fromStdString(output), font.fileName(), &failure)) {
+            console::complain(output, failure.reason);
             written = false;
         }
     }

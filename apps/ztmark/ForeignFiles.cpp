@@ -186,22 +186,6 @@ QRectF boxOf(const Items &items)
     return boxPx;
 }
 
-/** Whether there is anything in it that a head could follow. */
-bool hasLength(const VectorDrawing &drawing)
-{
-    if (drawing.textCount() > 0)
-        return true;
-    for (const VectorLayer &layer : drawing.layers) {
-        for (const VectorShape &shape : layer.shapes) {
-            for (const VectorPath &path : shape.paths) {
-                if (path.lengthMm() > 0.0)
-                    return true;
-            }
-        }
-    }
-    return false;
-}
-
 /** Turns a drawing about (0, 0); positive is clockwise. */
 void turn(VectorDrawing *drawing, double angleDeg)
 {
@@ -331,6 +315,10 @@ bool ForeignFiles::importFile(const InputFiles &files, const std::string &name,
         return false;
     const hostkit::ImportResult result = hostkit::importDrawing(document, drawing, options);
     m_work.addObjects(result.items.size());
+    if (result.dots > 0)
+        console::complain(name, tr("warning: dots: %1, each marked as a line of %2 mm")
+                                    .arg(result.dots)
+                                    .arg(hostkit::kDotMm));
     place(result.items, layout.gapMm, document);
     return true;
 }
@@ -339,10 +327,6 @@ bool ForeignFiles::importFile(const InputFiles &files, const std::string &name,
 bool ForeignFiles::prepare(const std::string &name, const hostkit::MarkJobOptions &layout,
                            VectorDrawing *drawing)
 {
-    if (!hasLength(*drawing)) {
-        console::complain(name, tr("nothing in it has a length"));
-        return false;
-    }
     if (!hostkit::fitDrawing(drawing, m_sizeMm)) {
         console::complain(name, tr("has no extent in the direction of the size asked for"));
         return false;
@@ -356,8 +340,8 @@ bool ForeignFiles::prepare(const std::string &name, const hostkit::MarkJobOption
         const vectorkit::CleanReport report = m_cleaning.clean(drawing, tolerance);
         m_cleaned << CleanArgument::describe(report);
     }
-    if (!hasLength(*drawing)) {
-        console::complain(name, tr("nothing in it has a length"));
+    if (drawing->isEmpty()) {
+        console::complain(name, tr("nothing is left of it after cleaning"));
         return false;
     }
     if (layout.rotateDeg != 0.0)

@@ -1,8 +1,9 @@
 #include <studio/Headless.h>
 
-#include <studio/MainWindow.h>
 #include <studio/drawing/DrawingMessages.h>
 #include <studio/drawing/RecoveryStore.h>
+#include <studio/window/Editor.h>
+#include <studio/window/MainWindow.h>
 
 #include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/marks/MarkGraphWriter.h>
@@ -54,7 +55,7 @@ bool draw(MainWindow &window, const QString &path)
         window.addSample();
         return true;
     }
-    if (!window.openFiles({path}))
+    if (!window.editor().openFiles({path}))
         return false;
     window.fitAll();
     return true;

@@ -3,6 +3,8 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QList>
 
+#include <optional>
+
 namespace vectorkit {
 
 namespace {
@@ -126,6 +128,13 @@ int afterEscape(const QByteArray &text, int at)
     return at + 1;
 }
 
+int nextCommand(const QByteArray &text, int at)
+{
+    while (at < text.size() && text[at] != ';' && text[at] != '\n')
+        ++at;
+    return at;
+}
+
 /** Past what follows the name of a command: a label to its end, numbers otherwise. */
 int afterParameters(const QByteArray &text, int at, const QByteArray &name)
 {
@@ -134,15 +143,10 @@ int afterParameters(const QByteArray &text, int at, const QByteArray &name)
         const int stop = text.indexOf(*end, at);
         return stop < 0 ? text.size() : stop + 1;
     }
+    if (name == "CO") // words
+        return nextCommand(text, at);
     while (at < text.size() && (isDigit(text[at]) || isBlank(text[at]) || text[at] == ',' ||
                                 text[at] == '.' || text[at] == '-' || text[at] == '+'))
-        ++at;
-    return at;
-}
-
-int nextCommand(const QByteArray &text, int at)
-{
-    while (at < text.size() && text[at] != ';' && text[at] != '\n')
         ++at;
     return at;
 }
@@ -194,6 +198,8 @@ const char kSaveDrawing[] = QT_TRANSLATE_NOOP(
     "vectorkit", "Open it in the program it comes from and save it as SVG or DXF.");
 const char kSaveDxf[] =
     QT_TRANSLATE_NOOP("vectorkit", "Save it as DXF in the program it comes from.");
+const char kProject[] =
+    QT_TRANSLATE_NOOP("vectorkit", "Make a flat view of it in its program and save that as DXF.");
 const char kUnpack[] =
     QT_TRANSLATE_NOOP("vectorkit", "Unpack it and take the drawing that is inside.");
 
@@ -212,7 +218,21 @@ const QVector<Magic> &magics()
          {QT_TRANSLATE_NOOP("vectorkit", "This is a TIFF picture."), kPicture}},
         {"CDR", 8, {QT_TRANSLATE_NOOP("vectorkit", "This is a CDR drawing."), kSaveDrawing}},
         {"AC10", 0, {QT_TRANSLATE_NOOP("vectorkit", "This is a DWG drawing."), kSaveDxf}},
+        {"8BPS", 0, {QT_TRANSLATE_NOOP("vectorkit", "This is a PSD picture."), kPicture}},
+        {" EMF", 40, {QT_TRANSLATE_NOOP("vectorkit", "This is a Windows metafile."), kSaveDrawing}},
+        {"\xD7\xCD\xC6\x9A",
+         0,
+         {QT_TRANSLATE_NOOP("vectorkit", "This is a Windows metafile."), kSaveDrawing}},
+        {"\xD0\xCF\x11\xE0",
+         0,
+         {QT_TRANSLATE_NOOP("vectorkit", "This is a document of an office or CAD program."),
+          kSaveDrawing}},
+        {"ISO-10303-21",
+         0,
+         {QT_TRANSLATE_NOOP("vectorkit", "This is a STEP model, a body in space."), kProject}},
         {"PK\x03\x04", 0, {QT_TRANSLATE_NOOP("vectorkit", "This is a ZIP archive."), kUnpack}},
+        {"Rar!", 0, {QT_TRANSLATE_NOOP("vectorkit", "This is a RAR archive."), kUnpack}},
+        {"7z\xBC\xAF", 0, {QT_TRANSLATE_NOOP("vectorkit", "This is a 7z archive."), kUnpack}},
         {"\x1F\x8B",
          0,
          {QT_TRANSLATE_NOOP("vectorkit", "This is compressed (gzip), as .svgz files are."),
@@ -241,6 +261,21 @@ const Magic *magicOf(const QByteArray &text)
     return nullptr;
 }
 
+/** A program's own format that is packed as an archive, told by the files in it. */
+std::optional<Foreign> packedKindOf(const QByteArray &text)
+{
+    if (!text.startsWith("PK\x03\x04"))
+        return std::nullopt;
+    if (text.contains("[Content_Types].xml") || text.contains("mimetypeapplication/vnd.oasis"))
+        return Foreign{
+            QT_TRANSLATE_NOOP("vectorkit", "This is a document of an office program."),
+            QT_TRANSLATE_NOOP("vectorkit",
+                              "Copy the drawing in it into a drawing program and save it as SVG.")};
+    if (text.contains("content/root.dat") || text.contains("x-vnd.corel"))
+        return Foreign{QT_TRANSLATE_NOOP("vectorkit", "This is a CDR drawing."), kSaveDrawing};
+    return std::nullopt;
+}
+
 Foreign foreignOf(const QByteArray &text)
 {
     if (text.startsWith("%PDF")) {
@@ -251,8 +286,17 @@ Foreign foreignOf(const QByteArray &text)
                              QT_TRANSLATE_NOOP("vectorkit",
                                                "Open it in a drawing program and save it as SVG.")};
     }
+    if (text.startsWith("%!") && text.left(1024).contains("Adobe Illustrator"))
+        return {QT_TRANSLATE_NOOP("vectorkit", "This is PostScript from Illustrator."),
+                QT_TRANSLATE_NOOP("vectorkit", "Save it as SVG.")};
+    if (const std::optional<Foreign> packed = packedKindOf(text))
+        return *packed;
     if (const Magic *magic = magicOf(text))
         return magic->kind;
+    if (text.startsWith("BM") && text.mid(6, 4) == QByteArray(4, '\0'))
+        return {QT_TRANSLATE_NOOP("vectorkit", "This is a BMP picture."), kPicture};
+    if (text.startsWith("solid") && text.contains("facet normal"))
+        return {QT_TRANSLATE_NOOP("vectorkit", "This is an STL model, a body in space."), kProject};
     if (isXml(text))
         return {QT_TRANSLATE_NOOP("vectorkit", "This is XML or HTML, but no SVG drawing."),
                 QT_TRANSLATE_NOOP("vectorkit", "Take the drawing itself: SVG, DXF or HP-GL.")};

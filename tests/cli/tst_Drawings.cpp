@@ -264,7 +264,7 @@ private Q_SLOTS:
                            "Order:             none\n"
                            "Shapes:            24\n"
                            "  rectangles: 4\n"),
-            QStringLiteral("  imported drawings: 4\n"),
+            QStringLiteral("  paths: 4\n"),
             QStringLiteral("Pens:              16\n  pen 1, shapes: 2\n"),
             QStringLiteral("Imported files:    1\n  logo.plt, shapes: 4\n"),
             QStringLiteral("Fonts:             0\nVariant texts:     0\nOutside the field: 0\n"
@@ -523,8 +523,7 @@ private Q_SLOTS:
             QVERIFY2(qAbs(fields.value(5).toDouble() - expected[i][1]) < 0.01, rows.value(i + 1));
         }
         const ZtmarkRun info = ztmark({"info", "corner.ztd"});
-        QVERIFY2(info.out.contains(QStringLiteral("  imported drawings: 1\n")),
-                 qPrintable(info.out));
+        QVERIFY2(info.out.contains(QStringLiteral("  paths: 1\n")), qPrintable(info.out));
         QVERIFY2(info.out.contains(QStringLiteral("Imported files:    0\n")), qPrintable(info.out));
     }
 

@@ -7,6 +7,7 @@
 #include <QtCore/QJsonObject>
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QImage>
+#include <QtGui/QPolygonF>
 
 #include <cmath>
 #include <cstdlib>
@@ -261,6 +262,18 @@ private Q_SLOTS:
                  warning);
     }
 
+    void dots_areMarkedAsShortLines()
+    {
+        const ZtmarkRun run = markTrue("dots.plt");
+        QCOMPARE(run.err,
+                 QStringLiteral("ztmark: dots.plt: warning: dots: 2, each marked as a line of "
+                                "0.01 mm\n"));
+        QCOMPARE(run.exitCode, 0);
+        // The library begins with the dot that the file ends with: from the right end of its line
+        // to the left end of the other, 2.5 + 0.01 mm across and 2.5 mm down.
+        QCOMPARE(run.out, summary(1, 2, 0, "0.020 mm", "3.543 mm before ordering, 3.543 mm after"));
+    }
+
     void emptyHatch_isWarnedOf()
     {
         const ZtmarkRun run = mark("frame.plt --hatch line --spacing 90");
@@ -280,7 +293,7 @@ private Q_SLOTS:
         row(".", ".: is a folder");
         row("empty.plt", "empty.plt: is empty");
         row("flat.plt", "flat.plt: has no extent in the direction of the size asked for");
-        row("dots.plt", "dots.plt: nothing in it has a length");
+        row("dots.plt --clean zero", "dots.plt: nothing is left of it after cleaning");
         row("text.plt", "text.plt: This is none of the drawings that can be read. Drawings are "
                         "read as HP-GL, SVG and DXF.");
         row("pointless.plt", "pointless.plt: This is none of the drawings that can be read. "
@@ -322,6 +335,35 @@ private Q_SLOTS:
         for (const char *name : {"a.svg", "a.dxf"})
             QVERIFY2(markTrue(name).out.contains(QStringLiteral("Mark length:    120.000 mm\n")),
                      name);
+    }
+
+    void marksOnly_readBack_areTheSamePaths()
+    {
+        QFile drawing(folder->filePath(QStringLiteral("part.svg")));
+        QVERIFY(drawing.open(QIODevice::WriteOnly));
+        drawing.write("<svg xmlns='http://www.w3.org/2000/svg' width='60mm' height='40mm' "
+                      "viewBox='0 0 60 40' fill='none' stroke='black'><path d='M0 0h60v40h-60z'/>"
+                      "<circle cx='20' cy='20' r='8'/><path stroke='red' "
+                      "d='M35 12L50 12C52 14 53 19 50 28'/><path stroke='blue' d='M1 2 3 7 9 1'/>"
+                      "</svg>");
+        drawing.close();
+        markTrue("part.svg -q -o first.json --marks-only -o a.svg -o a.dxf");
+        const QVector<QPolygonF> first = polylinesOf("first.json");
+        QCOMPARE(first.size(), 4);
+        for (const QByteArray &name : {QByteArray("a.svg"), QByteArray("a.dxf")}) {
+            markTrue(name + " -q -o again.json");
+            const QVector<QPolygonF> again = polylinesOf("again.json");
+            QCOMPARE(again.size(), first.size());
+            for (int i = 0; i < first.size(); ++i) {
+                QCOMPARE(again[i].size(), first[i].size());
+                for (int point = 0; point < first[i].size(); ++point) {
+                    const QPointF apart = again[i][point] - first[i][point];
+                    // A millionth of a millimetre, the last digit of both files; 500 units are 1
+                    // mm.
+                    QVERIFY2(apart.manhattanLength() < 0.001, name.constData());
+                }
+            }
+        }
     }
 
     void noJumps_leavesThemOutOfPictures()
@@ -602,6 +644,25 @@ private:
         QCOMPARE(run.err, QStringLiteral("ztmark: %1\n").arg(QString::fromUtf8(complaint)));
         QCOMPARE(run.out, QString());
         QCOMPARE(run.exitCode, 1);
+    }
+
+    QVector<QPolygonF> polylinesOf(const char *name) const
+    {
+        QVector<QPolygonF> polylines;
+        const QJsonObject graph = QJsonDocument::fromJson(written(name)).object();
+        const QJsonArray objects = graph[QStringLiteral("objects")].toArray();
+        for (const QJsonValue &object : objects) {
+            const QJsonArray lines = object.toObject()[QStringLiteral("polylines")].toArray();
+            for (const QJsonValue &line : lines) {
+                QPolygonF polyline;
+                const QJsonArray points = line.toArray();
+                for (const QJsonValue &point : points)
+                    polyline << QPointF(point.toArray()[0].toDouble(),
+                                        point.toArray()[1].toDouble());
+                polylines << polyline;
+            }
+        }
+        return polylines;
     }
 
     QByteArray written(const char *name) const

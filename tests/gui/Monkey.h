@@ -2,12 +2,12 @@
 
 #include "MonkeyHands.h"
 
-#include <studio/CommandTable.h>
 #include <studio/commands/ExtrasCommand.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/import/ImportDialog.h>
 #include <studio/list/ShapeList.h>
 #include <studio/list/ShapeListView.h>
+#include <studio/window/CommandTable.h>
 
 #include <hostkit/items/ItemExtras.h>
 
@@ -35,7 +35,7 @@ public:
         studio.window->resize(kWindow); // small, for painting takes most of the time
         studio.window->navigation().home();
         for (const studio::Command &command : studio::commandTable()) {
-            if (isForMonkeys(command.id))
+            if (isForMonkeys(QByteArray(command.id)))
                 table << command.id;
         }
         QObject::connect(&watch, &QTimer::timeout, [this] { endWaiting(); });
@@ -51,7 +51,7 @@ public:
     /** Ends what is open, so that the drawing can be looked at. */
     void settle()
     {
-        studio.window->text().finishTyping();
+        studio.window->editor().text().finishTyping();
         for (QWidget *widget : QApplication::topLevelWidgets()) {
             auto *dialog = qobject_cast<QDialog *>(widget);
             if (dialog != nullptr && dialog->isVisible())

@@ -4,10 +4,11 @@
 
 #include "support/SceneDriver.h"
 
-#include <studio/CommandTable.h>
-#include <studio/DocumentActions.h>
-#include <studio/MainWindow.h>
-#include <studio/ViewNavigation.h>
+#include <studio/edit/DocumentActions.h>
+#include <studio/window/CommandTable.h>
+#include <studio/window/Editor.h>
+#include <studio/window/MainWindow.h>
+#include <studio/window/ViewNavigation.h>
 
 #include <QtCore/QMimeData>
 #include <QtGui/QDropEvent>
@@ -37,7 +38,7 @@ public:
     /** Triggers a command as a menu does; false if it is greyed. */
     bool run(const char *id)
     {
-        QAction *action = window->commands().action(id);
+        QAction *action = window->commands().named(id);
         QCoreApplication::processEvents();
         if (!action->isEnabled())
             return false;
@@ -49,7 +50,7 @@ public:
     bool isEnabled(const char *id)
     {
         QCoreApplication::processEvents();
-        return window->commands().action(id)->isEnabled();
+        return window->commands().named(id)->isEnabled();
     }
 
     /** Presses a key in the drawing. */
@@ -79,7 +80,8 @@ public:
     ZTGraphicsDocument &document() { return window->document(); }
     ZTGraphicsView &view() { return *document().view(); }
     QUndoStack &stack() { return *document().undoStack(); }
-    studio::DocumentActions &edit() { return window->edit(); }
+    studio::Editor &editor() { return window->editor(); }
+    studio::DocumentActions &edit() { return window->editor().actions(); }
     DrawingSnapshot snapshot() { return snapshotOf(document()); }
     QVector<int> ids() { return idsOf(snapshot()); }
     QVector<int> selected() { return selectedIds(document()); }

@@ -464,6 +464,22 @@ private Q_SLOTS:
         QCOMPARE(sceneRectOf(a), QRectF(-90, 20, 200, 100));
     }
 
+    void undoOfADrag_bringsBackTheVeryPlace_beside0()
+    {
+        // What rounding leaves of a 0: less than the frame's corner at 30.3 can tell apart.
+        constexpr double kRest = -4.4408920985006262e-15;
+        ZTAbstractGraphicsItem *rest = desk->addRect(10.1, kRest);
+        ZTAbstractGraphicsItem *above = desk->addRect(0, -30.3);
+        rest->setSelected(true);
+        above->setSelected(true);
+        const QPointF middle = desk->frame().pos() + desk->frame().rect().center();
+        desk->user->drag(middle, middle + QPointF(20, 10));
+        QCOMPARE(desk->stack.count(), 1);
+        desk->stack.undo();
+        QVERIFY(rest->y() == kRest); // to the last bit
+        QVERIFY(above->y() == -30.3);
+    }
+
     void selectionChangingDuringADrag_endsIt_undoably()
     {
         auto *a = desk->addRect(0, 0);

@@ -120,7 +120,7 @@ private Q_SLOTS:
             studio->view().resetSize(scale);
             studio->view().centerOn(0, -100);
             const QPoint top = studio->view().mapFromScene(QPointF(0, -100));
-            QCOMPARE(studio->window->rotateHandle().place() - top, QPoint(0, -44));
+            QCOMPARE(studio->window->editor().rotateHandle().place() - top, QPoint(0, -44));
         }
     }
 
@@ -136,9 +136,9 @@ private Q_SLOTS:
             return label->isVisible() && label->text() == told();
         });
         QVERIFY(isShown);
-        QCOMPARE(studio->window->tools().chosenId(), QByteArray("tool.measure"));
+        QCOMPARE(studio->window->editor().tools().chosenId(), QByteArray("tool.measure"));
         studio->key(Qt::Key_Escape);
-        QCOMPARE(studio->window->tools().chosenId(), QByteArray("tool.select"));
+        QCOMPARE(studio->window->editor().tools().chosenId(), QByteArray("tool.select"));
         QCOMPARE(told(), QString());
     }
 
@@ -194,7 +194,7 @@ private:
 
     QPointF handlePlace() const
     {
-        return studio->view().mapToScene(studio->window->rotateHandle().place());
+        return studio->view().mapToScene(studio->window->editor().rotateHandle().place());
     }
     QString told() const { return studio->window->statusBar()->currentMessage(); }
 

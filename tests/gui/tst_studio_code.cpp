@@ -2,11 +2,11 @@
 
 #include <codekit/shape/CodeItem.h>
 #include <hostkit/drawing/DrawingCapture.h>
-#include <studio/Exporter.h>
 #include <studio/code/CodeDialog.h>
 #include <studio/code/CodeEdit.h>
 #include <studio/code/CodeTools.h>
 #include <studio/code/VerifyDialog.h>
+#include <studio/export/Exporter.h>
 #include <studio/job/JobExporter.h>
 #include <studio/job/JobTools.h>
 #include <studio/text/TextTools.h>
@@ -248,7 +248,7 @@ private Q_SLOTS:
         QCoreApplication::sendEvent(studio->view().viewport(), &asked);
         auto *menu = studio->view().findChild<QMenu *>(QStringLiteral("shapeMenu"));
         QVERIFY(menu != nullptr);
-        QAction *command = studio->window->commands().action("code.settings");
+        QAction *command = studio->window->commands().named("code.settings");
         QVERIFY(menu->actions().contains(command));
         QVERIFY(command->isEnabled());
         menu->close();
@@ -303,22 +303,22 @@ private Q_SLOTS:
         studio->close(kOk);
         item->setFixedText(QString());
         const QString path = studio->path("marks.json");
-        studio->window->exporter().exportTo(path, false);
+        studio->window->editor().exporter().exportTo(path, false);
         auto *asked = studio->window->findChild<QMessageBox *>(QStringLiteral("notReadyBox"));
         QVERIFY(asked != nullptr);
         QVERIFY(asked->informativeText().contains(QStringLiteral("code 0: ")));
         QTest::keyClick(asked, Qt::Key_Return); // what is offered first writes nothing
-        QVERIFY(!studio->window->exporter().isBusy());
+        QVERIFY(!studio->window->editor().exporter().isBusy());
         QVERIFY(!QFile::exists(path));
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        studio->window->exporter().exportTo(path, false);
+        studio->window->editor().exporter().exportTo(path, false);
         asked = studio->window->findChild<QMessageBox *>(QStringLiteral("notReadyBox"));
         for (QAbstractButton *button : asked->buttons()) {
             if (asked->buttonRole(button) == QMessageBox::AcceptRole)
                 QTest::mouseClick(button, Qt::LeftButton);
         }
         QTRY_VERIFY(QFile::exists(path));
-        QTRY_VERIFY(!studio->window->exporter().isBusy());
+        QTRY_VERIFY(!studio->window->editor().exporter().isBusy());
     }
 
     void jobOfParts_isNotWrittenWhereACodeOfOneCannotBeMade()
@@ -331,7 +331,7 @@ private Q_SLOTS:
         studio->enter("counterWidth", "0");
         studio->enter("counterStart", "98");
         studio->close(kOk);
-        studio::JobExporter &exporter = studio->window->job().exporter();
+        studio::JobExporter &exporter = studio->window->editor().job().exporter();
         studio::JobExport wanted;
         wanted.path = studio->path("job.nc");
         wanted.isOneFile = true;
@@ -363,7 +363,8 @@ private Q_SLOTS:
         item->setFixedText(QString()); // leaves the last good code
         studio::JobExport wanted;
         wanted.path = studio->path("job.nc");
-        QVERIFY(!studio->window->job().exporter().write(wanted, studio::JobSettings::load()));
+        QVERIFY(
+            !studio->window->editor().job().exporter().write(wanted, studio::JobSettings::load()));
         QVERIFY(!QFile::exists(wanted.path));
         auto *asked = studio->window->findChild<QMessageBox *>(QStringLiteral("notReadyBox"));
         QVERIFY(asked != nullptr);

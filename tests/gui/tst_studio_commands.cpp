@@ -452,7 +452,7 @@ private:
     QString actionText(const char *id)
     {
         QCoreApplication::processEvents();
-        return studio->window->commands().action(id)->text();
+        return studio->window->commands().named(id)->text();
     }
 
     static void collect(const QList<QAction *> &actions, QList<QAction *> &found)

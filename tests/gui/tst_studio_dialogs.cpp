@@ -1,8 +1,8 @@
 #include "TextWindow.h"
 
-#include <studio/DialogManners.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/preferences/PreferenceTools.h>
+#include <studio/window/DialogManners.h>
 
 #include <QtGui/QKeySequence>
 #include <QtWidgets/QDialog>
@@ -35,7 +35,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("language");
         for (const char *command :
              {"edit.preferences", "arrange.matrix", "arrange.circle", "arrange.rotate",
-              "text.settings", "tools.verifyCodes", "job.preview", "help.about"}) {
+              "text.settings", "tools.verifyCodes", "job.export", "help.about"}) {
             for (const auto language :
                  {studio::LanguageChoice::English, studio::LanguageChoice::Chinese})
                 QTest::addRow("%s %d", command, int(language))
@@ -120,7 +120,7 @@ private Q_SLOTS:
     void questions_haveTheProgramsTitle()
     {
         studio->addRect(0, 0);
-        studio->window->files().session().markChanged();
+        studio->window->editor().files().session().markChanged();
         QVERIFY(studio->run("file.new"));
         auto *box = studio->window->findChild<QMessageBox *>(QStringLiteral("lossQuestion"));
         QVERIFY(box != nullptr);

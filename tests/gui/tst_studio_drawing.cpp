@@ -1,9 +1,9 @@
 #include "StudioWindow.h"
 
-#include <studio/OrderMenu.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/drawing/RecentDrawings.h>
 #include <studio/drawing/RecentMenu.h>
+#include <studio/window/OrderMenu.h>
 
 #include <QtCore/QThreadPool>
 #include <QtCore/QTimer>
@@ -534,7 +534,7 @@ private Q_SLOTS:
     }
 
 private:
-    studio::DrawingFiles &files() { return studio->window->files(); }
+    studio::DrawingFiles &files() { return studio->window->editor().files(); }
 
     /** The title as the window system shows it. */
     QString title() const

@@ -1,9 +1,13 @@
 #include "StudioWindow.h"
 
-#include <studio/Exporter.h>
-#include <studio/Importer.h>
-#include <studio/OrderMenu.h>
-#include <studio/UndoTexts.h>
+#include <studio/export/Exporter.h>
+#include <studio/export/PictureLookDialog.h>
+#include <studio/import/ImportTools.h>
+#include <studio/program/UndoTexts.h>
+#include <studio/window/OrderMenu.h>
+
+#include <hostkit/marks/MarkGraphBuilder.h>
+#include <hostkit/marks/MarkGraphWriter.h>
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QJsonArray>
@@ -13,6 +17,7 @@
 #include <QtCore/QUrl>
 #include <QtTest/QSignalSpy>
 #include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QCheckBox>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QMessageBox>
@@ -41,7 +46,7 @@ private Q_SLOTS:
     void import_centresTheDrawingAndSelectsIt()
     {
         const QString path = write("triangle.plt", kTriangle);
-        QCOMPARE(studio->window->importFiles({path}), 1);
+        QCOMPARE(studio->window->editor().import().importFiles({path}), 1);
         QCOMPARE(studio->snapshot().rows, QStringList{QStringLiteral("0 VecGraph")});
         QCOMPARE(studio->selected(), QVector<int>{0});
         const QRectF box = studio->document().scene()->getSelectionItemRect();
@@ -63,7 +68,7 @@ private Q_SLOTS:
     void import_severalFiles_standSideBySideAsOneStep()
     {
         const QStringList paths{write("a.plt", kTriangle), write("b.plt", kTriangle)};
-        QCOMPARE(studio->window->importFiles(paths), 2);
+        QCOMPARE(studio->window->editor().import().importFiles(paths), 2);
         const auto items = studio::selectedShapeItems(*studio->document().scene());
         const QRectF first = studio::sceneBox(*items[0]);
         const QRectF second = studio::sceneBox(*items[1]);
@@ -87,7 +92,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, content);
         QFETCH(QString, reason);
-        QCOMPARE(studio->window->importFiles({write("bad.plt", content)}), 0);
+        QCOMPARE(studio->window->editor().import().importFiles({write("bad.plt", content)}), 0);
         QCOMPARE(studio->messages->failures.size(), 1);
         const studio::Message message = studio->messages->failures.first();
         QCOMPARE(message.what, QStringLiteral("\"bad.plt\" was not imported."));
@@ -98,7 +103,7 @@ private Q_SLOTS:
 
     void import_withIllFormedLines_listsThem()
     {
-        QCOMPARE(studio->window->importFiles({write("lossy.plt", kLossy)}), 1);
+        QCOMPARE(studio->window->editor().import().importFiles({write("lossy.plt", kLossy)}), 1);
         QCOMPARE(studio->messages->warnings.size(), 1);
         const studio::Message message = studio->messages->warnings.first();
         QCOMPARE(message.what, QStringLiteral("\"lossy.plt\" was imported with losses."));
@@ -110,7 +115,7 @@ private Q_SLOTS:
     void import_goodAndBadTogether_keepsTheGood()
     {
         const QStringList paths{studio->path("missing.plt"), write("good.plt", kTriangle)};
-        QCOMPARE(studio->window->importFiles(paths), 1);
+        QCOMPARE(studio->window->editor().import().importFiles(paths), 1);
         QCOMPARE(studio->messages->failures.size(), 1);
         QVERIFY(studio->messages->failures.first().why.contains(QStringLiteral("no such file")));
         QCOMPARE(studio->ids().size(), 1);
@@ -216,7 +221,7 @@ private Q_SLOTS:
         QVERIFY(exportTo(studio->path("missing/folder/a.svg"), false));
         QCOMPARE(studio->messages->failures.size(), 1);
         QVERIFY(studio->messages->failures.first().why.contains(QStringLiteral("does not exist")));
-        studio->window->exporter().exportTo(studio->path("a.txt"), false);
+        studio->window->editor().exporter().exportTo(studio->path("a.txt"), false);
         QCOMPARE(studio->messages->failures.size(), 2);
         QVERIFY(studio->messages->failures.last().why.contains(QStringLiteral(".svg")));
     }
@@ -265,7 +270,7 @@ private Q_SLOTS:
     {
         for (int i = 0; i < 20000; ++i)
             studio->addRect(i % 200, i / 200);
-        studio::Exporter &exporter = studio->window->exporter();
+        studio::Exporter &exporter = studio->window->editor().exporter();
         QSignalSpy ended(&exporter, &studio::Exporter::ended);
         exporter.exportTo(studio->path("big.svg"), false);
         QVERIFY(exporter.isBusy());
@@ -286,7 +291,7 @@ private Q_SLOTS:
         QCOMPARE(dialog->nameFilters().size(), 4);
         dialog->selectNameFilter(dialog->nameFilters().at(3));
         const QString path = studio->path("remembered.csv");
-        QSignalSpy ended(&studio->window->exporter(), &studio::Exporter::ended);
+        QSignalSpy ended(&studio->window->editor().exporter(), &studio::Exporter::ended);
         Q_EMIT dialog->fileSelected(path);
         dialog->close();
         QVERIFY(ended.count() == 1 || ended.wait(20000));
@@ -296,6 +301,40 @@ private Q_SLOTS:
         dialog = studio->window->findChild<QFileDialog *>();
         QVERIFY(dialog->selectedNameFilter().contains(QStringLiteral("csv")));
         dialog->close();
+    }
+
+    // What a picture shows is asked for; the switches are those of the next one too.
+    void exportedPicture_showsWhatItIsToShow()
+    {
+        studio->addRect(0, 0);
+        studio->addRect(100, 100);
+        const hostkit::DrawingMarks marks = hostkit::drawingMarks(studio->document());
+        hostkit::MarkPictureLook look;
+        look.hasJumps = false;
+        look.hasArrows = true;
+        look.hasBackground = false;
+        const QString expected = studio->path("expected.svg");
+        QVERIFY(hostkit::saveMarkGraph(marks.graph, marks.units, expected, nullptr, look));
+        const QString path = studio->path("picture.svg");
+        QVERIFY(studio->run("file.exportAll"));
+        auto *files = studio->window->findChild<QFileDialog *>();
+        Q_EMIT files->fileSelected(path);
+        files->close();
+        auto *dialog = studio->window->findChild<studio::PictureLookDialog *>();
+        QVERIFY(dialog != nullptr && !QFileInfo::exists(path));
+        for (const char *name : {"jumps", "arrows", "background"}) {
+            auto *box = dialog->findChild<QCheckBox *>(QLatin1String(name));
+            QCOMPARE(box->isChecked(), QLatin1String(name) != QLatin1String("arrows"));
+            QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2));
+        }
+        QSignalSpy ended(&studio->window->editor().exporter(), &studio::Exporter::ended);
+        QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("export")),
+                          Qt::LeftButton);
+        QVERIFY(ended.count() == 1 || ended.wait(20000));
+        QCOMPARE(StudioWindow::contentOf(path), StudioWindow::contentOf(expected));
+        QTRY_VERIFY(studio->window->findChild<studio::PictureLookDialog *>() == nullptr);
+        const studio::PictureLookDialog next;
+        QVERIFY(!next.look().hasJumps && next.look().hasArrows && !next.look().hasBackground);
     }
 
     void exportOfShapesOutsideTheField_namesThem_andGoesOnIfTold()
@@ -385,7 +424,7 @@ private:
 
     bool exportTo(const QString &path, bool selectionOnly)
     {
-        studio::Exporter &exporter = studio->window->exporter();
+        studio::Exporter &exporter = studio->window->editor().exporter();
         QSignalSpy ended(&exporter, &studio::Exporter::ended);
         exporter.exportTo(path, selectionOnly);
         return ended.count() == 1 || (exporter.isBusy() && ended.wait(20000));

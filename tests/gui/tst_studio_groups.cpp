@@ -93,7 +93,7 @@ private Q_SLOTS:
         group({0, 1});
         group({0, 1, 2});
         doubleClick(0);
-        QCOMPARE(studio->window->groups().entered(), QVector<qint32>{2});
+        QCOMPARE(studio->window->editor().groups().entered(), QVector<qint32>{2});
         QCOMPARE(studio->selected(), (QVector<int>{0, 1})); // the inner group
         QVERIFY(told().startsWith(QStringLiteral("Within a group")));
         doubleClick(0);
@@ -102,7 +102,7 @@ private Q_SLOTS:
         QCOMPARE(studio->selected(), (QVector<int>{0, 1}));
         studio->key(Qt::Key_Escape);
         QCOMPARE(studio->selected(), (QVector<int>{0, 1, 2}));
-        QVERIFY(studio->window->groups().entered().isEmpty());
+        QVERIFY(studio->window->editor().groups().entered().isEmpty());
         QCOMPARE(told(), QString());
         studio->key(Qt::Key_Escape);
         QVERIFY(studio->selected().isEmpty());
@@ -116,7 +116,7 @@ private Q_SLOTS:
         QCOMPARE(shapes[0]->pos(), QPointF(-200, 70));
         QCOMPARE(shapes[1]->pos(), QPointF(-100, 0));
         click(3);
-        QVERIFY(studio->window->groups().entered().isEmpty());
+        QVERIFY(studio->window->editor().groups().entered().isEmpty());
         click(1);
         QCOMPARE(studio->selected(), (QVector<int>{0, 1}));
     }
@@ -184,9 +184,9 @@ private Q_SLOTS:
     {
         group({0, 1});
         group({0, 1, 2});
-        QVERIFY(studio->window->files().saveTo(studio->path("groups.ztd")));
-        studio->window->files().startNew();
-        QVERIFY(studio->window->files().load(studio->path("groups.ztd")));
+        QVERIFY(studio->window->editor().files().saveTo(studio->path("groups.ztd")));
+        studio->window->editor().files().startNew();
+        QVERIFY(studio->window->editor().files().load(studio->path("groups.ztd")));
         QCOMPARE(studio::groupPathOf(*item(0)), (QVector<qint32>{2, 1}));
         QCOMPARE(studio::groupPathOf(*item(3)), QVector<qint32>());
     }

@@ -2,6 +2,7 @@
 
 #include <studio/panel/MeasureField.h>
 
+#include <hostkit/items/GraphicItems.h>
 #include <hostkit/items/ItemHatches.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
 
@@ -159,6 +160,25 @@ private Q_SLOTS:
         QVERIFY(studio->run("edit.paste"));
         QCOMPARE(hostkit::hatchesOf(*only()), hatches);
         QVERIFY(only() != plate);
+    }
+
+    /** Uniting rounds the outline: a third of a millimetre lies on no grid. */
+    void unitingMovesTheFrameWithTheOutline()
+    {
+        ShapeItem *item = hostkit::addGraphic(
+            studio->document(),
+            {vectorkit::VectorPath::polyline({{1 / 3.0, 1 / 7.0}, {20.1, 0.7}, {9, 21.3}}, true),
+             vectorkit::VectorPath::polyline({{-1 / 3.0, 5}, {17, 5.1}, {8, 22 + 1 / 7.0}}, true)});
+        select({item});
+        auto *box = child<QCheckBox>("panel.union");
+        const QRectF beforePx = studio::sceneBox(*item);
+        QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, 8));
+        settle();
+        QVERIFY(studio::sceneBox(*item) != beforePx);
+        QVERIFY(studio->frameFits());
+        studio->edit().undo();
+        QCOMPARE(studio::sceneBox(*item), beforePx);
+        QVERIFY(studio->frameFits());
     }
 
     void texts_areUnitedUnlessToldOtherwise()

@@ -1,9 +1,9 @@
 #include "StudioWindow.h"
 
 #include <studio/help/ManualWindow.h>
-#include <studio/help/ShortcutSheet.h>
 #include <studio/print/DrawingPrint.h>
 #include <studio/print/PrintActions.h>
+#include <studio/window/ShortcutSheet.h>
 
 #include <QtCore/QBuffer>
 #include <QtCore/QRegularExpression>
@@ -76,7 +76,7 @@ private Q_SLOTS:
         QVERIFY(qAbs(print.pageMm().width() - 120.0) < 1e-6);
         QCOMPARE(print.pageMm().height(), 60.0);
         const QString path = studio->path("plate.pdf");
-        QVERIFY(studio->window->printing().writePdf(path));
+        QVERIFY(studio->window->editor().printing().writePdf(path));
         const QByteArray content = StudioWindow::contentOf(path);
         const QByteArray pdf = content.mid(content.indexOf("/MediaBox"), 80);
         const QRegularExpressionMatch box =
@@ -89,10 +89,10 @@ private Q_SLOTS:
 
     void pdf_thatCannotBeWritten_isTold()
     {
-        QVERIFY(!studio->window->printing().writePdf(studio->path("empty.pdf")));
+        QVERIFY(!studio->window->editor().printing().writePdf(studio->path("empty.pdf")));
         QVERIFY(!QFile::exists(studio->path("empty.pdf")));
         studio->addRect(0, 0);
-        QVERIFY(!studio->window->printing().writePdf(studio->path("no/a.pdf")));
+        QVERIFY(!studio->window->editor().printing().writePdf(studio->path("no/a.pdf")));
         QCOMPARE(studio->messages->failures.size(), 2);
     }
 

@@ -1,12 +1,14 @@
 #include "StudioWindow.h"
 
-#include <studio/Importer.h>
-#include <studio/UndoTexts.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/import/ImportDialog.h>
 #include <studio/import/ImportNotes.h>
 #include <studio/import/ImportPicture.h>
 #include <studio/import/ImportSettings.h>
+#include <studio/import/ImportTools.h>
+#include <studio/import/Importer.h>
+#include <studio/program/UndoTexts.h>
+#include <studio/shapes/ShapeKinds.h>
 
 #include <hostkit/items/GraphicItems.h>
 #include <hostkit/items/ItemExtras.h>
@@ -14,6 +16,7 @@
 #include <QtCore/QFile>
 #include <QtCore/QMimeData>
 #include <QtCore/QSettings>
+#include <QtCore/QTimer>
 #include <QtCore/QUrl>
 #include <QtGui/QClipboard>
 #include <QtWidgets/QCheckBox>
@@ -23,6 +26,7 @@
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QListWidget>
+#include <QtWidgets/QProgressDialog>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QTableWidget>
@@ -57,7 +61,7 @@ private Q_SLOTS:
 
     void importFiles_keepsTrueSizeAndColors()
     {
-        QCOMPARE(studio->window->importFiles({plate()}), 1);
+        QCOMPARE(studio->window->editor().import().importFiles({plate()}), 1);
         const auto items = studio::shapeItemsOf(*studio->document().scene());
         QCOMPARE(items.size(), 2);
         QCOMPARE(items[0]->getPenId(), 12);
@@ -181,7 +185,7 @@ private Q_SLOTS:
             "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"50mm\" height=\"50mm\" "
             "viewBox=\"0 0 50 50\" fill=\"none\" stroke=\"red\"><path d=\"M0 0H40\"/>"
             "<path d=\"M0 30L0 0\"/><path d=\"M40 0.02L0 30\"/><path d=\"M10 0H20\"/></svg>";
-        studio->window->offerFile(studio->write("loose.svg", loose));
+        studio->window->editor().offerFile(studio->write("loose.svg", loose));
         auto *dialog = studio->window->findChild<studio::ImportDialog *>();
         QVERIFY(textOf(dialog, "importNeeds").contains(QStringLiteral("Outlines closed: 1")));
         QVERIFY(textOf(dialog, "cleanFigures").contains(QStringLiteral("Outlines: 4 → 4")));
@@ -207,7 +211,7 @@ private Q_SLOTS:
         // What comes in without the dialog is cleaned as well.
         studio->edit().undo();
         QVERIFY(studio->ids().isEmpty());
-        QCOMPARE(studio->window->importFiles({studio->path("loose.svg")}), 1);
+        QCOMPARE(studio->window->editor().import().importFiles({studio->path("loose.svg")}), 1);
         QCOMPARE(studio->ids().size(), 1);
     }
 
@@ -217,7 +221,7 @@ private Q_SLOTS:
             "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"50mm\" height=\"50mm\" "
             "viewBox=\"0 0 50 50\" fill=\"none\" stroke=\"red\"><path d=\"M0 0H40V30\"/>"
             "<path d=\"M40 30L0 0\"/><path d=\"M10 0H20\"/></svg>";
-        studio->window->offerFile(studio->write("loose.svg", loose));
+        studio->window->editor().offerFile(studio->write("loose.svg", loose));
         QCoreApplication::processEvents();
         auto *dialog = studio->window->findChild<studio::ImportDialog *>();
         dialog->findChild<QTabWidget *>()->setCurrentIndex(1);
@@ -228,7 +232,7 @@ private Q_SLOTS:
         QVERIFY(dialog->findChild<QCheckBox *>(QStringLiteral("cleanJoin"))->isChecked());
         press(dialog, QDialogButtonBox::Cancel);
         // A drawing that is well has no such button.
-        studio->window->offerFile(plate());
+        studio->window->editor().offerFile(plate());
         QCoreApplication::processEvents();
         for (const auto *other : studio->window->findChildren<studio::ImportDialog *>())
             QVERIFY(other == dialog ||
@@ -245,7 +249,7 @@ private Q_SLOTS:
         vectorkit::CleanOptions join;
         join.joinMm = 0.05;
         studio::rememberCleaning(join);
-        studio->window->offerFile(studio->write("gap.svg", gap));
+        studio->window->editor().offerFile(studio->write("gap.svg", gap));
         QCoreApplication::processEvents();
         auto *dialog = studio->window->findChild<studio::ImportDialog *>();
         QVERIFY(textOf(dialog, "cleanFigures").contains(QStringLiteral("Outlines: 2 → 1")));
@@ -307,7 +311,7 @@ private Q_SLOTS:
 
     void reimport_ofALostFile_changesNothing()
     {
-        QCOMPARE(studio->window->importFiles({plate()}), 1);
+        QCOMPARE(studio->window->editor().import().importFiles({plate()}), 1);
         const DrawingSnapshot before = studio->snapshot();
         QVERIFY(QFile::remove(studio->path("plate.svg")));
         QVERIFY(studio->run("file.reimport"));
@@ -318,10 +322,10 @@ private Q_SLOTS:
 
     void reimport_isPossibleAfterSavingAndLoading()
     {
-        QCOMPARE(studio->window->importFiles({plate()}), 1);
+        QCOMPARE(studio->window->editor().import().importFiles({plate()}), 1);
         const QString saved = studio->path("plate.ztd");
-        QVERIFY(studio->window->files().saveTo(saved));
-        QVERIFY(studio->window->files().load(saved));
+        QVERIFY(studio->window->editor().files().saveTo(saved));
+        QVERIFY(studio->window->editor().files().load(saved));
         QByteArray changed = kPlate;
         changed.replace("width=\"40\"", "width=\"20\"");
         studio->write("plate.svg", changed);
@@ -356,6 +360,53 @@ private Q_SLOTS:
         QCOMPARE(studio->messages->failures.size(), 1);
     }
 
+    void whatHasNoName_goesByItsFile()
+    {
+        const QString film = studio->write("film.plt", "IN;SP1;PU0,0;PD400,0;SP2;PU0,400;PD;PU;");
+        QCOMPARE(studio->window->editor().import().importFiles({film}), 1);
+        const auto items = studio::shapeItemsOf(*studio->document().scene());
+        QCOMPARE(items.size(), 2);
+        for (const studio::ShapeItem *item : items)
+            QCOMPARE(studio::shapeName(*item), QStringLiteral("film"));
+        // The second pen drew a dot alone.
+        QVERIFY(hasSize(*items[1], QSizeF(0.01, 0)));
+    }
+
+    void longImport_canBeCancelled_andLeavesNothing()
+    {
+        QByteArray film = "IN;SP1;";
+        for (int i = 0; i < 150000; ++i) {
+            const QByteArray x = QByteArray::number(i % 400 * 100);
+            const QByteArray y = QByteArray::number(i / 400 * 100);
+            film += "PU" + x + ',' + y + ";PD" + x + ',' + y + ',' + x + "9," + y + "9;";
+        }
+        vectorkit::CleanOptions cleaning;
+        cleaning.joinMm = 0.05;
+        cleaning.dropDoubles = true;
+        cleaning.weld = cleaning.order = true;
+        studio::rememberCleaning(cleaning);
+        bool isCancelled = false;
+        QTimer poll;
+        connect(&poll, &QTimer::timeout, this, [&] {
+            auto *progress = studio->window->findChild<QProgressDialog *>();
+            auto *button = progress != nullptr ? progress->findChild<QPushButton *>() : nullptr;
+            if (isCancelled || button == nullptr ||
+                !progress->labelText().startsWith(QStringLiteral("Cleaning film.plt")))
+                return;
+            isCancelled = true;
+            QTest::mouseClick(button, Qt::LeftButton);
+        });
+        poll.start(10);
+        const QString small = plate();
+        QCOMPARE(
+            studio->window->editor().import().importFiles({small, studio->write("film.plt", film)}),
+            0);
+        QVERIFY(isCancelled);
+        QVERIFY(studio->ids().isEmpty());
+        QCOMPARE(studio->stack().count(), 0);
+        QVERIFY(studio->messages->failures.isEmpty());
+    }
+
     void drop_ofOneDrawing_offersIt_whereItFell()
     {
         QMimeData data;
@@ -382,7 +433,7 @@ private:
 
     studio::ImportDialog *offer()
     {
-        studio->window->offerFile(plate());
+        studio->window->editor().offerFile(plate());
         QCoreApplication::processEvents();
         return studio->window->findChild<studio::ImportDialog *>();
     }

@@ -10,8 +10,11 @@
 #include <studio/job/MaterialStore.h>
 #include <studio/job/PenModel.h>
 #include <studio/job/PensCommand.h>
+#include <studio/job/PlanPanel.h>
 #include <studio/job/ProfileDialog.h>
 #include <studio/job/ProfileStore.h>
+#include <studio/job/TimesModel.h>
+#include <studio/panel/ShapePanel.h>
 
 #include <jobkit/marks/DrawingPens.h>
 #include <jobkit/marks/NumberJournal.h>
@@ -20,18 +23,21 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QRegularExpression>
+#include <QtWidgets/QComboBox>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QInputDialog>
+#include <QtWidgets/QListWidget>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QSlider>
 #include <QtWidgets/QSpinBox>
 #include <QtWidgets/QTableView>
-#include <QtWidgets/QTableWidget>
+#include <QtWidgets/QToolButton>
 
 using studio::JobExport;
 using studio::JobExportDialog;
 using studio::JobPreview;
 using studio::PenModel;
+using studio::TimesModel;
 
 namespace {
 
@@ -43,6 +49,23 @@ ZTVariantText serial(qint64 last)
     ZTVariantText text;
     text.setSegments({ZTFixedTextSegment{QStringLiteral("SN")}, counter});
     return text;
+}
+
+/** Squares of 0.5 mm in rows of 200, each a piece of its own. */
+std::shared_ptr<const studio::Job> jobOfSquares(int count)
+{
+    auto job = std::make_shared<studio::Job>();
+    job->request.pens = jobkit::defaultPens();
+    jobkit::profileOnBoard(QStringLiteral("galvo-fiber"), &job->request.machine);
+    for (int i = 0; i < count; ++i) {
+        const QPointF at(i % 200, i / 200);
+        jobkit::PlanPiece piece;
+        piece.pointsMm = QPolygonF(QVector<QPointF>{
+            at, at + QPointF(0.5, 0), at + QPointF(0.5, 0.5), at + QPointF(0, 0.5), at});
+        job->plan.pieces.append(piece);
+    }
+    job->times = jobkit::jobTimes(job->plan, job->request.pens, job->request.machine);
+    return job;
 }
 
 } // namespace
@@ -67,11 +90,209 @@ private Q_SLOTS:
         QVERIFY(studio->run("job.preview"));
         QVERIFY(preview() != nullptr);
         QCOMPARE(label("clock"), QStringLiteral("0.00 of 40.00 s"));
-        const auto *times = preview()->findChild<QTableWidget *>(QStringLiteral("times"));
-        QCOMPARE(times->item(0, 0)->text(), QStringLiteral("One part"));
-        QCOMPARE(times->item(0, 2)->text(), QStringLiteral("40.00"));
-        QCOMPARE(times->item(0, 3)->text(), QStringLiteral("0.00"));
-        QCOMPARE(times->item(1, 0)->text(), QStringLiteral("Pen 1"));
+        QCOMPARE(time(0, TimesModel::What), QStringLiteral("One part"));
+        QCOMPARE(time(0, TimesModel::Marking), QStringLiteral("40.000"));
+        QCOMPARE(time(0, TimesModel::Jumps), QStringLiteral("0.000"));
+        QCOMPARE(time(1, TimesModel::What), QStringLiteral("Pen 1"));
+    }
+
+    // The same plan twice: of 40 mm at 1 mm/s, then 80 mm at 2 mm/s.
+    void times_areToldByPenObjectAndPass_andForManyParts()
+    {
+        auto *one = studio->addRect(0, 0);
+        auto *two = studio->addRect(100, 0);
+        two->setPenId(2);
+        enter(0, PenModel::Speed, "1");
+        enter(1, PenModel::Speed, "2");
+        enter(1, PenModel::Passes, "2");
+        QVERIFY(studio->run("job.preview"));
+        QCOMPARE(times().rowCount(), 3);
+        QCOMPARE(time(1, TimesModel::Marking), QStringLiteral("40.000"));
+        QCOMPARE(time(2, TimesModel::Marking), QStringLiteral("40.000"));
+        auto *by = planPanel().findChild<QComboBox *>(QStringLiteral("plan.by"));
+        by->setFocus();
+        QTest::keyClick(by, Qt::Key_Down);
+        QCOMPARE(times().rowCount(), 3);
+        QVERIFY2(time(1, TimesModel::What).startsWith(QStringLiteral("Rectangle")),
+                 qPrintable(time(1, TimesModel::What)));
+        studio->select({});
+        auto *table = planPanel().findChild<QTableView *>(QStringLiteral("plan.times"));
+        for (const int row : {1, 2}) {
+            QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
+                              table->visualRect(times().index(row, 0)).center());
+            const int picked = times().objectOf(row);
+            QVERIFY(picked == 0 || picked == 1);
+            const auto *item = preview()->plan().job()->request.items[picked].pen == 2 ? two : one;
+            QCOMPARE(studio->selected(), QVector<int>{item->getShapeBase()->getId()});
+        }
+        QTest::keyClick(by, Qt::Key_Down);
+        QCOMPARE(times().rowCount(), 3);
+        QCOMPARE(time(1, TimesModel::What), QStringLiteral("Pass 1"));
+        QCOMPARE(time(1, TimesModel::Marking), QStringLiteral("60.000"));
+        QCOMPARE(time(2, TimesModel::Marking), QStringLiteral("20.000"));
+        QCOMPARE(times().columnCount(), int(TimesModel::AllParts));
+        auto *parts = planPanel().findChild<QSpinBox *>(QStringLiteral("plan.parts"));
+        parts->setFocus();
+        parts->selectAll();
+        QTest::keyClicks(parts, QStringLiteral("50"));
+        QTest::keyClick(parts, Qt::Key_Return);
+        QCOMPARE(times().headerData(TimesModel::AllParts, Qt::Horizontal).toString(),
+                 QStringLiteral("50 parts"));
+        const studio::Job &job = *preview()->plan().job();
+        const double all =
+            jobkit::partsTime(job.plan, job.request.pens, job.request.machine, job.headMm(), 50)
+                .totalS();
+        QVERIFY(all > 4000.0);
+        QCOMPARE(time(0, TimesModel::AllParts), QLocale().toString(all, 'f', 3));
+    }
+
+    // The canvas's place is the plan's as long as the preview lasts, whatever the panel was before.
+    void preview_isAModeOfTheWindow_thatTheSameKeyAndEscapeLeave()
+    {
+        studio->addRect(0, 0);
+        auto &panels = studio->window->panel();
+        auto *tabs = panels.findChild<QTabWidget *>(QStringLiteral("panel.tabs"));
+        QVERIFY(studio->view().isVisible() && !planPanel().isVisible());
+        const int pageBefore = tabs->currentIndex();
+        studio->key(Qt::Key_F5);
+        QVERIFY(preview()->isVisible());
+        QVERIFY(preview()->plan().hasFocus());
+        QVERIFY(!studio->view().isVisible());
+        QVERIFY(planPanel().isVisible());
+        QVERIFY(preview()->window() == studio->window.get());
+        QVERIFY(studio->window->commands().named("job.preview")->isChecked());
+        QTest::keyClick(&preview()->plan(), Qt::Key_F5);
+        QVERIFY(!preview()->isVisible() && studio->view().isVisible());
+        QVERIFY(studio->view().hasFocus());
+        QVERIFY(!planPanel().isVisible());
+        QCOMPARE(tabs->currentIndex(), pageBefore);
+        QVERIFY(!studio->window->commands().named("job.preview")->isChecked());
+
+        panels.hide();
+        studio->key(Qt::Key_F5);
+        QVERIFY(preview()->isVisible() && planPanel().isVisible());
+        auto *parts = planPanel().findChild<QSpinBox *>(QStringLiteral("plan.parts"));
+        parts->setFocus();
+        QTest::keyClick(parts, Qt::Key_Escape);
+        QVERIFY(!preview()->isVisible() && studio->view().isVisible());
+        QVERIFY(panels.isHidden());
+        panels.show();
+    }
+
+    void aToolOrANewShape_leavesThePreview()
+    {
+        studio->addRect(0, 0);
+        QVERIFY(studio->run("job.preview"));
+        QTest::keyClick(&preview()->plan(), Qt::Key_R);
+        QVERIFY(!preview()->isVisible() && studio->view().isVisible());
+        QVERIFY(studio->run("job.preview"));
+        QVERIFY(studio->run("create.rectangle"));
+        QVERIFY(!preview()->isVisible());
+        QVERIFY(studio->run("job.preview"));
+        QVERIFY(studio->run("file.new"));
+        QTRY_VERIFY(!preview()->isVisible() ||
+                    studio->window->findChild<QMessageBox *>() != nullptr);
+    }
+
+    void zoomCommands_areThoseOfThePlan()
+    {
+        studio->addRect(0, 0);
+        QVERIFY(studio->run("job.preview"));
+        studio::PlanView &plan = preview()->plan();
+        QVERIFY(studio->run("view.home"));
+        const QTransform all = plan.transform();
+        const QTransform canvas = studio->view().transform();
+        QVERIFY(studio->run("view.zoomIn"));
+        QVERIFY(plan.transform().m11() > all.m11() * 1.2);
+        QVERIFY(studio->run("view.zoomOut"));
+        QVERIFY(studio->run("view.zoomIn"));
+        QVERIFY(studio->run("view.fitAll"));
+        QCOMPARE(plan.transform(), all);
+        QCOMPARE(studio->view().transform(), canvas);
+    }
+
+    void aFinding_showsItsPlaceAndItsObject()
+    {
+        studio->addRect(0, 0);
+        auto *outside = studio->addRect(100000, 0);
+        studio->select({});
+        QVERIFY(studio->run("job.preview"));
+        auto *list = planPanel().findChild<QListWidget *>(QStringLiteral("plan.findings"));
+        QCOMPARE(list->count(), 1);
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                          list->visualItemRect(list->item(0)).center());
+        QCOMPARE(studio->selected(), QVector<int>{outside->getShapeBase()->getId()});
+        const QPointF at = preview()->plan().job()->findings.first().atMm;
+        const QPointF shown = preview()->plan().transform().map(at);
+        const QPointF middle(preview()->plan().width() / 2.0, preview()->plan().height() / 2.0);
+        QVERIFY(std::hypot(shown.x() - middle.x(), shown.y() - middle.y()) < 1e-3);
+    }
+
+    // A frame is 33 ms of the job at pace 1.
+    void frameByFrame_goesOnAndBack()
+    {
+        studio->addRect(0, 0);
+        enter(0, PenModel::Speed, "1");
+        QVERIFY(studio->run("job.preview"));
+        QTest::keyClick(&preview()->plan(), Qt::Key_Period);
+        QTest::keyClick(&preview()->plan(), Qt::Key_Period);
+        QCOMPARE(preview()->plan().moment(), 0.066);
+        QTest::keyClick(&preview()->plan(), Qt::Key_Comma);
+        QCOMPARE(preview()->plan().moment(), 0.033);
+        auto *pace = preview()->findChild<QComboBox *>(QStringLiteral("pace"));
+        pace->setCurrentIndex(pace->count() - 1);
+        QCOMPARE(pace->currentText(), QStringLiteral("100 x"));
+        QTest::mouseClick(preview()->findChild<QToolButton *>(QStringLiteral("frameOn")),
+                          Qt::LeftButton);
+        QCOMPARE(preview()->plan().moment(), 3.333);
+        pace->setCurrentIndex(0);
+        QCOMPARE(pace->currentText(), QStringLiteral("0.1 x"));
+        QTest::mouseClick(preview()->findChild<QToolButton *>(QStringLiteral("frameBack")),
+                          Qt::LeftButton);
+        QVERIFY(std::abs(preview()->plan().moment() - 3.3297) < 1e-9);
+    }
+
+    void signsOfTooManyPieces_areLeftOutAndThatIsSaid()
+    {
+        studio->addRect(0, 0);
+        QVERIFY(studio->run("job.preview"));
+        auto *note = preview()->findChild<QLabel *>(QStringLiteral("signsNote"));
+        QVERIFY(!note->isVisible());
+        const int many = studio::PlanPictures::kSignsAtMost + 1;
+        preview()->setJob(jobOfSquares(many));
+        preview()->plan().grab();
+        QTRY_VERIFY(note->isVisible());
+        QVERIFY2(note->text().contains(QStringLiteral("20,001")), qPrintable(note->text()));
+        preview()->plan().zoomBy(4.0);
+        preview()->plan().grab();
+        QTRY_VERIFY(!note->isVisible());
+    }
+
+    // What another thread draws is what would be drawn at once.
+    void aLargePlan_isDrawnAside_andIsTheSamePicture()
+    {
+        studio->addRect(0, 0);
+        QVERIFY(studio->run("job.preview"));
+        preview()->setJob(jobOfSquares(6000)); // 24,000 segments
+        studio::PlanView &plan = preview()->plan();
+        const double total = plan.job()->times.all.totalS();
+        plan.setMoment(total);
+        plan.grab();
+        const QImage whole = plan.picture(plan.size());
+        const auto inks = [](const QImage &image) {
+            int count = 0;
+            for (int y = 4; y < image.height() - 4; ++y) {
+                for (int x = 4; x < image.width() - 4; ++x)
+                    count += qGray(image.pixel(x, y)) < 200 ? 1 : 0;
+            }
+            return count;
+        };
+        const int expected = inks(whole);
+        QVERIFY(expected > 5000);
+        // The head and the field are drawn over it.
+        QTRY_VERIFY(std::abs(inks(plan.grab().toImage()) - expected) < expected / 20);
+        plan.setMoment(0.0);
+        QTRY_VERIFY(inks(plan.grab().toImage()) < expected / 2);
     }
 
     void slider_movesTheHead_andEndsAtTheTotal()
@@ -108,7 +329,7 @@ private Q_SLOTS:
     {
         studio->addRect(0, 0);
         QVERIFY(studio->run("job.preview"));
-        QTest::keyClick(preview(), Qt::Key_Space);
+        QTest::keyClick(&preview()->plan(), Qt::Key_Space);
         QVERIFY(preview()->isPlaying());
         QTRY_VERIFY(!preview()->isPlaying());
         QCOMPARE(label("clock"), QStringLiteral("0.08 of 0.08 s"));
@@ -126,8 +347,8 @@ private Q_SLOTS:
         const double half = preview()->plan().transform().m11() * boxMm.width() / 2;
         QTest::mouseClick(&preview()->plan(), Qt::LeftButton, Qt::NoModifier,
                           (place + QPointF(0, half)).toPoint());
-        QVERIFY2(label("picked").contains(QStringLiteral("outline, pen 1, pass 1")),
-                 qPrintable(label("picked")));
+        QVERIFY2(label("plan.picked").contains(QStringLiteral("outline, pen 1, pass 1")),
+                 qPrintable(label("plan.picked")));
         QCOMPARE(studio->selected(), QVector<int>{item->getShapeBase()->getId()});
     }
 
@@ -155,8 +376,7 @@ private Q_SLOTS:
         QTest::mouseRelease(&plan, Qt::LeftButton, {}, from + QPoint(40, -25));
         const QPointF moved = plan.transform().map(underMm) - near.map(underMm);
         QVERIFY(std::hypot(moved.x() - 40.0, moved.y() + 25.0) < 1e-6);
-        QVERIFY2(label("picked").isEmpty() || !label("picked").contains(QStringLiteral("pen")),
-                 "a drag is no click");
+        QVERIFY2(!label("plan.picked").contains(QStringLiteral("pen")), "a drag is no click");
         QTest::mouseDClick(&plan, Qt::LeftButton, {}, from);
         QCOMPARE(plan.transform(), all);
     }
@@ -169,7 +389,7 @@ private Q_SLOTS:
         studio->edit().selectAll();
         studio->edit().nudge({1, 0});
         QVERIFY(preview()->findChild<QLabel *>(QStringLiteral("outdated"))->isVisible());
-        QVERIFY(!preview()->findChild<QPushButton *>(QStringLiteral("export"))->isEnabled());
+        QVERIFY(!planPanel().findChild<QPushButton *>(QStringLiteral("plan.export"))->isEnabled());
         preview()->findChild<QPushButton *>(QStringLiteral("update"))->click();
         QVERIFY(!preview()->findChild<QLabel *>(QStringLiteral("outdated"))->isVisible());
     }
@@ -182,16 +402,16 @@ private Q_SLOTS:
         enter(1, PenModel::Name, "engrave");
         QCOMPARE(studio->stack().count(), 2);
         QCOMPARE(jobkit::drawingPens(studio->document())[1].powerPercent, 33.5);
-        studio->window->edit().undo();
+        studio->window->editor().actions().undo();
         QCOMPARE(jobkit::drawingPens(studio->document())[1].name, QString());
-        studio->window->edit().undo();
+        studio->window->editor().actions().undo();
         QVERIFY(!jobkit::hasDrawingPens(studio->document()));
-        studio->window->edit().redo();
+        studio->window->editor().actions().redo();
         const QString path = studio->path("pens.ztd");
-        QVERIFY(studio->window->files().saveTo(path));
-        studio->window->files().startNew();
+        QVERIFY(studio->window->editor().files().saveTo(path));
+        studio->window->editor().files().startNew();
         QTRY_VERIFY(!jobkit::hasDrawingPens(studio->document()));
-        QVERIFY(studio->window->openFiles({path}));
+        QVERIFY(studio->window->editor().openFiles({path}));
         QCOMPARE(jobkit::drawingPens(studio->document())[1].powerPercent, 33.5);
         QCOMPARE(pens().pens()[1].powerPercent, 33.5);
     }
@@ -213,8 +433,9 @@ private Q_SLOTS:
         const QModelIndex cell = pens().index(1, PenModel::On);
         QVERIFY(pens().setData(cell, Qt::Unchecked, Qt::CheckStateRole));
         QVERIFY(studio->run("job.preview"));
-        QCOMPARE(preview()->findChild<QTableWidget *>(QStringLiteral("times"))->rowCount(), 2);
-        QVERIFY(preview()->findChild<QListWidget *>(QStringLiteral("findings"))->count() >= 1);
+        QCOMPARE(times().rowCount(), 2);
+        QVERIFY(planPanel().findChild<QListWidget *>(QStringLiteral("plan.findings"))->count() >=
+                1);
     }
 
     void materials_areKeptAndApplied()
@@ -256,7 +477,7 @@ private Q_SLOTS:
     {
         studio->addRect(0, 0);
         const QString path = studio->path("part.nc");
-        QVERIFY(studio->window->job().exporter().write({path, 1, false, {}}, settings()));
+        QVERIFY(studio->window->editor().job().exporter().write({path, 1, false, {}}, settings()));
         double burnt = 0.0;
         QPointF at;
         bool isOn = false;
@@ -283,7 +504,7 @@ private Q_SLOTS:
     {
         ZTGraphicsTextItem *item = makeSerial(999);
         const JobExport wanted{studio->path("part.json"), 3, false, {}};
-        QVERIFY(studio->window->job().exporter().write(wanted, settings()));
+        QVERIFY(studio->window->editor().job().exporter().write(wanted, settings()));
         for (const char *name : {"part-0001.json", "part-0002.json", "part-0003.json"})
             QVERIFY2(QFile::exists(studio->path(name)), name);
         QVERIFY(StudioWindow::contentOf(studio->path("part-0001.json")) !=
@@ -296,7 +517,7 @@ private Q_SLOTS:
     {
         ZTGraphicsTextItem *item = makeSerial(999);
         const JobExport wanted{studio->path("none/part.json"), 3, false, {}};
-        QVERIFY(!studio->window->job().exporter().write(wanted, settings()));
+        QVERIFY(!studio->window->editor().job().exporter().write(wanted, settings()));
         QCOMPARE(item->text(), QStringLiteral("SN001"));
         QCOMPARE(studio->messages->failures.size(), 1);
     }
@@ -305,7 +526,7 @@ private Q_SLOTS:
     {
         ZTGraphicsTextItem *item = makeSerial(2);
         const JobExport wanted{studio->path("part.json"), 3, false, {}};
-        QVERIFY(!studio->window->job().exporter().write(wanted, settings()));
+        QVERIFY(!studio->window->editor().job().exporter().write(wanted, settings()));
         QCOMPARE(item->text(), QStringLiteral("SN001"));
         QVERIFY(!QFile::exists(studio->path("part-0001.json")));
         QVERIFY(studio->messages->failures.first().why.contains(QStringLiteral("After part 2")));
@@ -314,7 +535,7 @@ private Q_SLOTS:
     void theLastNumber_isMarkedOnce()
     {
         ZTGraphicsTextItem *item = makeSerial(2);
-        studio::JobExporter &exporter = studio->window->job().exporter();
+        studio::JobExporter &exporter = studio->window->editor().job().exporter();
         QVERIFY(exporter.write({studio->path("part.json"), 2, false, {}}, settings()));
         QCOMPARE(item->text(), QStringLiteral("SN002"));
         const QString again = studio->path("again.json");
@@ -328,7 +549,7 @@ private Q_SLOTS:
     void aNumberGivenAfterTheLast_isTheNext()
     {
         ZTGraphicsTextItem *item = makeSerial(2);
-        studio::JobExporter &exporter = studio->window->job().exporter();
+        studio::JobExporter &exporter = studio->window->editor().job().exporter();
         QVERIFY(exporter.write({studio->path("part.json"), 2, false, {}}, settings()));
         auto segments = item->getVariantText()->getSegments();
         std::get<ZTCounterSegment>(segments[1]).last = 9;
@@ -341,7 +562,7 @@ private Q_SLOTS:
     {
         ZTGraphicsTextItem *item = makeSerial(999);
         const JobExport wanted{studio->path("frame.nc"), 1, false, jobkit::FrameKind::Box};
-        QVERIFY(studio->window->job().exporter().write(wanted, settings()));
+        QVERIFY(studio->window->editor().job().exporter().write(wanted, settings()));
         QCOMPARE(item->text(), QStringLiteral("SN001"));
     }
 
@@ -396,7 +617,7 @@ private Q_SLOTS:
         const std::shared_ptr<const studio::Job> shown = preview()->plan().job();
         studio::JobExport wanted;
         wanted.path = studio->path("plan.json");
-        QVERIFY(studio->window->job().exporter().write(wanted, settings(), shown));
+        QVERIFY(studio->window->editor().job().exporter().write(wanted, settings(), shown));
         const QJsonObject plan =
             QJsonDocument::fromJson(StudioWindow::contentOf(wanted.path)).object();
         const QJsonArray pieces = plan[QStringLiteral("pieces")].toArray();
@@ -413,7 +634,7 @@ private Q_SLOTS:
         // A search that was cut short does not come to the same order twice; so it is not made.
         auto other = std::make_shared<studio::Job>(*shown);
         std::reverse(other->plan.pieces.begin(), other->plan.pieces.end());
-        QVERIFY(studio->window->job().exporter().write(wanted, settings(), other));
+        QVERIFY(studio->window->editor().job().exporter().write(wanted, settings(), other));
         const QJsonArray turned = QJsonDocument::fromJson(StudioWindow::contentOf(wanted.path))
                                       .object()[QStringLiteral("pieces")]
                                       .toArray();
@@ -421,7 +642,7 @@ private Q_SLOTS:
                  other->plan.pieces[0].object);
         // Of another drawing it is no plan.
         studio->addRect(400, 400);
-        QVERIFY(studio->window->job().exporter().write(wanted, settings(), other));
+        QVERIFY(studio->window->editor().job().exporter().write(wanted, settings(), other));
         QCOMPARE(QJsonDocument::fromJson(StudioWindow::contentOf(wanted.path))
                      .object()[QStringLiteral("pieces")]
                      .toArray()
@@ -502,11 +723,11 @@ private Q_SLOTS:
     {
         ZTGraphicsTextItem *text = makeSerial(999);
         QCOMPARE(text->text(), QStringLiteral("SN001"));
-        auto &files = studio->window->files();
+        auto &files = studio->window->editor().files();
         const QString drawing = studio->path("serial.ztd");
         QVERIFY(files.saveTo(drawing));
         const QByteArray saved = StudioWindow::contentOf(drawing);
-        auto &exporter = studio->window->job().exporter();
+        auto &exporter = studio->window->editor().job().exporter();
         QVERIFY(exporter.write({studio->path("a.nc"), 3, true, {}}, settings()));
         QVERIFY(exporter.write({studio->path("b.nc"), 2, true, {}}, settings()));
         const auto note = jobkit::readJournal(drawing);
@@ -534,12 +755,12 @@ private Q_SLOTS:
     {
         makeSerial(999);
         const QString drawing = studio->path("serial.ztd");
-        QVERIFY(studio->window->files().saveTo(drawing));
+        QVERIFY(studio->window->editor().files().saveTo(drawing));
         QFile note(jobkit::journalPath(drawing));
         QVERIFY(note.open(QIODevice::WriteOnly));
         note.write("{ cut off");
         note.close();
-        auto &exporter = studio->window->job().exporter();
+        auto &exporter = studio->window->editor().job().exporter();
         QVERIFY(!exporter.write({studio->path("a.nc"), 1, true, {}}, settings()));
         QCOMPARE(studio->messages->failures.size(), 1);
         QVERIFY(studio->messages->failures.takeFirst().why.endsWith(QStringLiteral("remove it.")));
@@ -572,14 +793,17 @@ private Q_SLOTS:
     }
 
 private:
-    JobPreview *preview() { return studio->window->findChild<JobPreview *>(); }
-    studio::JobPanel &panel() { return studio->window->job().panel(); }
+    JobPreview *preview() { return &studio->window->editor().job().preview(); }
+    studio::PlanPanel &planPanel() { return preview()->panel(); }
+    TimesModel &times() { return *planPanel().findChild<TimesModel *>(); }
+    QString time(int row, int column) { return times().index(row, column).data().toString(); }
+    studio::JobPanel &panel() { return studio->window->editor().job().panel(); }
     PenModel &pens() { return *panel().findChild<PenModel *>(); }
     QString told() { return panel().findChild<QLabel *>(QStringLiteral("job.told"))->text(); }
 
     QString label(const char *name)
     {
-        return preview()->findChild<QLabel *>(QLatin1String(name))->text();
+        return studio->window->findChild<QLabel *>(QLatin1String(name))->text();
     }
 
     static studio::JobSettings settings()

@@ -233,7 +233,7 @@ private:
         QVERIFY(languageAction(choice)->isChecked());
     }
 
-    QAction *action(const char *id) { return studio->window->commands().action(id); }
+    QAction *action(const char *id) { return studio->window->commands().named(id); }
     QString menuTitle(const char *name)
     {
         return studio->window->findChild<QMenu *>(str(name))->title();

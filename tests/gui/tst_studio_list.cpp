@@ -1,10 +1,10 @@
 #include "StudioWindow.h"
 
-#include <studio/ShapeOrder.h>
 #include <studio/commands/ExtrasCommand.h>
 #include <studio/list/ShapeList.h>
 #include <studio/list/ShapeListModel.h>
 #include <studio/list/ShapeListView.h>
+#include <studio/list/ShapeOrder.h>
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QMimeData>
@@ -60,8 +60,7 @@ private Q_SLOTS:
         settle();
         QCOMPARE(cell(1, ShapeListModel::Name).data().toString(), QStringLiteral("Rectangle"));
         QCOMPARE(cell(1, ShapeListModel::Kind).data().toString(), QStringLiteral("Rectangle"));
-        QCOMPARE(cell(0, ShapeListModel::Kind).data().toString(),
-                 QStringLiteral("Imported drawing"));
+        QCOMPARE(cell(0, ShapeListModel::Kind).data().toString(), QStringLiteral("Path"));
     }
 
     void click_selectsInTheDrawing_andTheOtherWayRound()
@@ -255,7 +254,7 @@ private Q_SLOTS:
         QVERIFY(menu != nullptr);
         QTRY_VERIFY(menu->isVisible());
         auto *order = menu->findChild<QMenu *>(QStringLiteral("orderOfShapesMenu"));
-        QVERIFY(order->actions().contains(studio->window->commands().action("order.first")));
+        QVERIFY(order->actions().contains(studio->window->commands().named("order.first")));
         menu->close();
     }
 

@@ -1,7 +1,7 @@
 #include "StudioWindow.h"
 
-#include <studio/MatrixDialog.h>
-#include <studio/MatrixPreview.h>
+#include <studio/edit/MatrixDialog.h>
+#include <studio/edit/MatrixPreview.h>
 
 #include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QLabel>

@@ -3,6 +3,7 @@
 #include <codekit/shape/CodeItem.h>
 
 #include <QtCore/QDataStream>
+#include <QtCore/QDebug>
 
 #include <algorithm>
 #include <atomic>
@@ -13,6 +14,7 @@ namespace {
 /** Environment that asks for a longer run, or for the one that found something. */
 constexpr const char *kStepsVariable = "ZT_MONKEY_STEPS";
 constexpr const char *kSeedVariable = "ZT_MONKEY_SEED";
+constexpr const char *kBurstVariable = "ZT_MONKEY_BURST"; ///< 1 finds the step that was at fault
 constexpr int kSteps = 10000;
 constexpr int kStepsOfASeed = 500;
 constexpr int kBurst = 50;
@@ -212,10 +214,11 @@ private Q_SLOTS:
         // Painting takes a third of the time, and every other user works as well unseen.
         studio->window->setUpdatesEnabled(seed % 2 != 0);
         atStart = wholeStateOf(studio->document());
+        const int burst = fromEnvironment(kBurstVariable, kBurst);
         for (int step = 1; step <= kStepsOfASeed; ++step) {
             monkey->step();
-            QVERIFY2(frameHolds(), told(QStringLiteral("the frame")));
-            if (step % kBurst == 0)
+            QVERIFY2(frameHolds(), told(frameAsFound()));
+            if (step % burst == 0)
                 QVERIFY(drawingHolds());
         }
     }
@@ -238,7 +241,7 @@ private Q_SLOTS:
         atStart = wholeStateOf(studio->document());
         for (int step = 1; step <= kCodeSteps; ++step) {
             monkey->codeStep();
-            QVERIFY2(frameHolds(), told(QStringLiteral("the frame")));
+            QVERIFY2(frameHolds(), told(frameAsFound()));
             if (step % kCodeBurst == 0)
                 QVERIFY(drawingHolds());
         }
@@ -255,6 +258,20 @@ private:
     bool frameHolds()
     {
         return studio->document().scene()->getSelectionItemRect().isNull() || studio->frameFits();
+    }
+
+    QString frameAsFound()
+    {
+        const ZTGraphicsResizeItem *frame = studio->document().scene()->getGraphicsResizeItem();
+        QString words;
+        QDebug(&words) << qSetRealNumberPrecision(16) << "the frame"
+                       << frame->rect().translated(frame->pos()) << "instead of"
+                       << studio->document().scene()->getSelectionItemRect() << "around";
+        for (const studio::ShapeItem *item :
+             studio::selectedShapeItems(*studio->document().scene()))
+            QDebug(&words) << qSetRealNumberPrecision(16) << int(item->getShapeType())
+                           << studio::sceneBox(*item);
+        return words;
     }
 
     bool drawingHolds()
@@ -354,7 +371,7 @@ private:
     {
         const QString path = studio->path("monkey.ztd");
         const WholeState before = wholeStateOf(studio->document());
-        studio::DrawingFiles &files = studio->window->files();
+        studio::DrawingFiles &files = studio->window->editor().files();
         if (!files.saveTo(path) || !files.load(path))
             return isFinding(QStringLiteral("not saved or not loaded"));
         const WholeState loaded = wholeStateOf(studio->document());

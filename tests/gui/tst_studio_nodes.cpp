@@ -1,12 +1,12 @@
 #include "StudioWindow.h"
 
-#include <studio/UndoTexts.h>
 #include <studio/canvas/DrawingTools.h>
 #include <studio/canvas/RotateHandle.h>
 #include <studio/canvas/SnapTools.h>
 #include <studio/nodes/NodeTool.h>
 #include <studio/nodes/PathTool.h>
 #include <studio/paths/PathTools.h>
+#include <studio/program/UndoTexts.h>
 
 #include <hostkit/items/GraphicItems.h>
 
@@ -29,7 +29,7 @@ private Q_SLOTS:
         studio = std::make_unique<StudioWindow>();
         studio::SnapChoice none;
         none.toShapes = none.toGuides = none.toGrid = false;
-        studio->window->snapping().setChoice(none);
+        studio->window->editor().snapping().setChoice(none);
     }
     void cleanup() { studio.reset(); }
 
@@ -38,13 +38,13 @@ private Q_SLOTS:
         ShapeItem *item = addSquare();
         studio->select({item});
         studio->key(Qt::Key_N);
-        QCOMPARE(studio->window->tools().chosenId(), QByteArray(NodeTool::kId));
-        QVERIFY(studio->window->commands().action("tool.nodes")->isChecked());
+        QCOMPARE(studio->window->editor().tools().chosenId(), QByteArray(NodeTool::kId));
+        QVERIFY(studio->window->commands().named("tool.nodes")->isChecked());
         QCOMPARE(nodes().nodes().nodeCount(), 4);
-        QVERIFY(!studio->window->rotateHandle().isShown()); // it would lie among the nodes
+        QVERIFY(!studio->window->editor().rotateHandle().isShown()); // it would lie among the nodes
         studio->key(Qt::Key_Escape);
-        QVERIFY(studio->window->rotateHandle().isShown());
-        QCOMPARE(studio->window->tools().chosenId(), QByteArray("tool.select"));
+        QVERIFY(studio->window->editor().rotateHandle().isShown());
+        QCOMPARE(studio->window->editor().tools().chosenId(), QByteArray("tool.select"));
         QCOMPARE(nodes().nodes().nodeCount(), 0);
         QCOMPARE(studio->selected().size(), 1);
     }
@@ -179,6 +179,50 @@ private Q_SLOTS:
         QVERIFY(studio->frameFits());
     }
 
+    void corner_isKept_whenUndoneAndSelectedAnew()
+    {
+        VectorPath wave({0, 0});
+        wave.cubicTo({0, 5}, {5, 5}, {10, 5});
+        wave.cubicTo({15, 5}, {20, 5}, {20, 0});
+        ShapeItem *item = hostkit::addGraphic(studio->document(), {wave});
+        studio->select({item});
+        studio->key(Qt::Key_N);
+        QVERIFY(nodes().nodes().node({0, 1}).isSmooth);
+        studio->driver->click(px({10, 5}));
+        const DrawingSnapshot before = studio->snapshot();
+        nodes().corner();
+        QCOMPARE(studio->stack().count(), 1);
+        const DrawingSnapshot after = studio->snapshot();
+        COMPARE_UNDO_AND_REDO(studio->document(), before, after);
+        QVERIFY(nodes().nodes().node({0, 1}).isSmooth); // undone
+        studio->stack().redo();
+        QVERIFY(!nodes().nodes().node({0, 1}).isSmooth);
+        studio->select({});
+        studio->select({item});
+        QVERIFY(!nodes().nodes().node({0, 1}).isSmooth);
+        // A copy is the same path.
+        studio->select({item});
+        QVERIFY(studio->run("edit.duplicate"));
+        QVERIFY(!nodes().nodes().runs().isEmpty());
+        QVERIFY(!nodes().nodes().node({0, 1}).isSmooth);
+    }
+
+    void nodesOnOnePlace_areRefused()
+    {
+        ShapeItem *item =
+            hostkit::addGraphic(studio->document(), {VectorPath::polyline({{0, 0}, {20, 0}})});
+        studio->select({item});
+        studio->key(Qt::Key_N);
+        QSignalSpy told(&nodes(), &NodeTool::told);
+        // The snapping is off, so the way is exact in whole pixels of the screen only: by keys.
+        studio->driver->click(px({20, 0}));
+        for (int step = 0; step < 2; ++step)
+            studio->key(Qt::Key_Left, Qt::ShiftModifier); // 10 mm each
+        QVERIFY(told.last().first().toString().startsWith(QStringLiteral("Nothing would be left")));
+        QCOMPARE(pointsOf(*item).size(), 2);
+        QVERIFY(isNear(pointsOf(*item)[1], {10, 0}));
+    }
+
     void clickOnAnotherPath_goesOverToIt()
     {
         editSquare();
@@ -230,7 +274,7 @@ private Q_SLOTS:
         QVERIFY(isNear(points[1], {20, 0}));
         QVERIFY(isNear(points[2], {20, 15}));
         QCOMPARE(studio->stack().count(), 1);
-        QCOMPARE(studio->window->tools().chosenId(), QByteArray("tool.select"));
+        QCOMPARE(studio->window->editor().tools().chosenId(), QByteArray("tool.select"));
         QCOMPARE(studio->selected().size(), 1);
         QVERIFY(studio->run("edit.undo"));
         QVERIFY(studio->ids().isEmpty());
@@ -277,9 +321,9 @@ private Q_SLOTS:
         studio->driver->click(px({0, 0}));
         studio->driver->click(px({20, 0}));
         studio->key(Qt::Key_Escape);
-        QCOMPARE(studio->window->tools().chosenId(), QByteArray("tool.polyline"));
+        QCOMPARE(studio->window->editor().tools().chosenId(), QByteArray("tool.polyline"));
         studio->key(Qt::Key_Escape);
-        QCOMPARE(studio->window->tools().chosenId(), QByteArray("tool.select"));
+        QCOMPARE(studio->window->editor().tools().chosenId(), QByteArray("tool.select"));
         QVERIFY(studio->ids().isEmpty());
         QCOMPARE(studio->stack().count(), 0);
     }
@@ -318,7 +362,7 @@ private:
         return item;
     }
 
-    NodeTool &nodes() { return studio->window->paths().nodes(); }
+    NodeTool &nodes() { return studio->window->editor().paths().nodes(); }
 
     static QPointF px(const QPointF &placeMm)
     {

@@ -1,10 +1,10 @@
 #include "StudioWindow.h"
 
-#include <studio/HistoryDock.h>
-#include <studio/OrderMenu.h>
 #include <studio/canvas/OrderNumbers.h>
 #include <studio/commands/ExtrasCommand.h>
 #include <studio/drawing/DrawingFiles.h>
+#include <studio/window/HistoryDock.h>
+#include <studio/window/OrderMenu.h>
 
 #include <hostkit/items/ItemExtras.h>
 
@@ -33,7 +33,7 @@ private Q_SLOTS:
         const ShapeItem *first = studio->addRect(200, 0);
         QVERIFY(numbers().isEmpty());
         QVERIFY(studio->run("view.orderNumbers"));
-        QVERIFY(studio->window->commands().action("view.orderNumbers")->isChecked());
+        QVERIFY(studio->window->commands().named("view.orderNumbers")->isChecked());
         QCOMPARE(numberOf(first), 1);
         QCOMPARE(numberOf(middle), 2);
         QCOMPARE(numberOf(last), 3);
@@ -103,7 +103,7 @@ private Q_SLOTS:
         ShapeItem *item = studio->addRect(0, 0);
         studio->select({item});
         studio->key(Qt::Key_Right);
-        QVERIFY(studio->window->files().saveTo(studio->path("a.ztd")));
+        QVERIFY(studio->window->editor().files().saveTo(studio->path("a.ztd")));
         QTRY_VERIFY(said().startsWith(QStringLiteral("Saved to")));
         studio->key(Qt::Key_Right);
         QTRY_COMPARE(said(), QString());
@@ -112,10 +112,10 @@ private Q_SLOTS:
     void folderOfAFailedSave_isNotRemembered()
     {
         studio->addRect(0, 0);
-        QVERIFY(studio->window->files().saveTo(studio->path("a.ztd")));
+        QVERIFY(studio->window->editor().files().saveTo(studio->path("a.ztd")));
         const QString folder = QFileInfo(studio->path("a.ztd")).absolutePath();
         QCOMPARE(QSettings().value(QStringLiteral("drawing/folder")).toString(), folder);
-        QVERIFY(!studio->window->files().saveTo(studio->path("nowhere/a.ztd")));
+        QVERIFY(!studio->window->editor().files().saveTo(studio->path("nowhere/a.ztd")));
         QCOMPARE(studio->messages->failures.size(), 1);
         QCOMPARE(QSettings().value(QStringLiteral("drawing/folder")).toString(), folder);
     }

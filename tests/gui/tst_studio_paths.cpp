@@ -1,12 +1,12 @@
 #include "StudioWindow.h"
 
-#include <studio/UndoTexts.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/import/CleanForm.h>
 #include <studio/paths/CleanDialog.h>
 #include <studio/paths/OffsetDialog.h>
 #include <studio/paths/PathActions.h>
 #include <studio/paths/PathTools.h>
+#include <studio/program/UndoTexts.h>
 
 #include <hostkit/items/GraphicItems.h>
 #include <hostkit/items/ItemExtras.h>
@@ -153,7 +153,7 @@ private Q_SLOTS:
         ShapeItem *closed = add({square(0, 0, 10)});
         ShapeItem *open = add({VectorPath::polyline({{0, 0}, {5, 5}})});
         studio->select({closed, open});
-        QSignalSpy told(&studio->window->paths(), &studio::PathTools::told);
+        QSignalSpy told(&studio->window->editor().paths(), &studio::PathTools::told);
         QVERIFY(studio->run("paths.union"));
         QCOMPARE(items().size(), 2);
         QCOMPARE(studio->stack().count(), 0);
@@ -304,8 +304,8 @@ private Q_SLOTS:
         settings(*items().first());
         const QByteArray marks = studio->snapshot().mark;
         const QString path = studio->path("paths.ztd");
-        QVERIFY(studio->window->files().saveTo(path));
-        QVERIFY(studio->window->files().load(path));
+        QVERIFY(studio->window->editor().files().saveTo(path));
+        QVERIFY(studio->window->editor().files().load(path));
         QCOMPARE(items().size(), 1);
         QCOMPARE(studio->snapshot().mark, marks);
         hasSettings(*items().first());

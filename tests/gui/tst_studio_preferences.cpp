@@ -162,14 +162,14 @@ private Q_SLOTS:
         tick("preferences.keepTool");
         press(QDialogButtonBox::Ok);
         studio->key(Qt::Key_R);
-        QCOMPARE(studio->window->tools().chosenId(), QByteArray("tool.rectangle"));
+        QCOMPARE(studio->window->editor().tools().chosenId(), QByteArray("tool.rectangle"));
         for (const double x : {0.0, 60.0}) {
             studio->driver->press({x, 0});
             studio->driver->move({x + 20, 20});
             studio->driver->release({x + 40, 40});
         }
         QCOMPARE(studio->document().itemMag()->getShapeList().size(), 2);
-        QCOMPARE(studio->window->tools().chosenId(), QByteArray("tool.rectangle"));
+        QCOMPARE(studio->window->editor().tools().chosenId(), QByteArray("tool.rectangle"));
     }
 
     void theme_isAppliedAtOnce_andGoesBack()
@@ -192,12 +192,12 @@ private Q_SLOTS:
         enter("preferences.grid", "7");
         tick("preferences.snapGrid");
         press(QDialogButtonBox::Ok);
-        QVERIFY(studio->window->snapping().choice().toGrid);
+        QVERIFY(studio->window->editor().snapping().choice().toGrid);
         const double stepPx = ZTCoord::getInstance()->mm2pix(7.0);
         const QPointF near(stepPx + 2.0, 2 * stepPx - 2.0);
-        const QPointF place = studio->window->snapping().place(near, Qt::NoModifier);
+        const QPointF place = studio->window->editor().snapping().place(near, Qt::NoModifier);
         QVERIFY((place - QPointF(stepPx, 2 * stepPx)).manhattanLength() < 1e-6);
-        studio->window->snapping().hide();
+        studio->window->editor().snapping().hide();
     }
 
     void choices_areKeptForTheNextWindow()
@@ -208,8 +208,8 @@ private Q_SLOTS:
         QVERIFY(studio->run("arrange.toField"));
         studio::MainWindow other(std::make_unique<RecordedMessages>());
         QCOMPARE(other.preferences().preferences().unit, studio::LengthUnit::Inch);
-        QVERIFY(!other.snapping().choice().toShapes);
-        QVERIFY(other.commands().action("arrange.toField")->isChecked());
+        QVERIFY(!other.editor().snapping().choice().toShapes);
+        QVERIFY(other.commands().named("arrange.toField")->isChecked());
     }
 
     void restoredDefaults_leaveTheDrawingAlone()

@@ -36,7 +36,7 @@ public:
             studio.edit().rotate(random.bounded(720) - 360 + 0.25);
             break;
         case 8:
-            studio.window->arrange().align(kAlignments[random.bounded(7)]);
+            studio.window->editor().arrange().align(kAlignments[random.bounded(7)]);
             break;
         case 9:
             studio.edit().mirror(random.bounded(2) == 0 ? MirrorCommand::LeftToRight

@@ -69,7 +69,7 @@ private Q_SLOTS:
         ShapeItem *moved = studio->addRect(0, 100);
         studio->select({moved});
         QVERIFY(studio->run("view.snapToShapes"));
-        QVERIFY(!studio->window->commands().action("view.snapToShapes")->isChecked());
+        QVERIFY(!studio->window->commands().named("view.snapToShapes")->isChecked());
         studio->driver->drag({20, 120}, {217, 140});
         QCOMPARE(moved->pos(), QPointF(197, 120));
     }
@@ -204,11 +204,11 @@ private Q_SLOTS:
     {
         const QVector<Guide> some = {{Qt::Vertical, 20.0}, {Qt::Horizontal, -1.25}};
         give(some);
-        QVERIFY(studio->window->files().saveTo(studio->path("guides.ztd")));
-        studio->window->files().startNew();
+        QVERIFY(studio->window->editor().files().saveTo(studio->path("guides.ztd")));
+        studio->window->editor().files().startNew();
         QVERIFY(guides().isEmpty());
         QVERIFY(guideLines().isEmpty());
-        QVERIFY(studio->window->files().load(studio->path("guides.ztd")));
+        QVERIFY(studio->window->editor().files().load(studio->path("guides.ztd")));
         QCOMPARE(guides(), some);
         QCOMPARE(guideLines().size(), 2);
     }
@@ -252,7 +252,7 @@ private Q_SLOTS:
         QVERIFY(rulers->horizontal().isVisible());
         QVERIFY(studio->run("view.rulers"));
         QVERIFY(!rulers->horizontal().isVisible());
-        QVERIFY(!studio->window->commands().action("view.rulers")->isChecked());
+        QVERIFY(!studio->window->commands().named("view.rulers")->isChecked());
     }
 
     void resizedShape_snapsWithItsEdge()
@@ -268,7 +268,7 @@ private Q_SLOTS:
     }
 
 private:
-    QVector<Guide> guides() const { return studio->window->guides().guides(); }
+    QVector<Guide> guides() const { return studio->window->editor().guides().guides(); }
     QString told() const { return studio->window->statusBar()->currentMessage(); }
 
     void give(const QVector<Guide> &wanted)
@@ -276,7 +276,7 @@ private:
         hostkit::DrawingExtras extras = hostkit::drawingExtras(studio->document());
         studio::setGuides(wanted, &extras);
         hostkit::setDrawingExtras(studio->document(), extras);
-        studio->window->guides().follow();
+        studio->window->editor().guides().follow();
     }
 
     QVector<QLineF> linesOf(bool areGuides) const

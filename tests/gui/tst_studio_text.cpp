@@ -49,8 +49,8 @@ private Q_SLOTS:
         const ZTGraphicsTextItem *item = studio->addText(QStringLiteral("H"));
         const int expectedPx = qBound(16, qRound(studio::sceneBox(*item).height()), 32);
         QVERIFY(expectedPx > 16);
-        QVERIFY(studio->window->files().saveTo(studio->path("text.ztd")));
-        QVERIFY(studio->window->files().load(studio->path("text.ztd")));
+        QVERIFY(studio->window->editor().files().saveTo(studio->path("text.ztd")));
+        QVERIFY(studio->window->editor().files().load(studio->path("text.ztd")));
         studio->window->navigation().home();
         studio->edit().selectAll();
         QVERIFY(studio->run("text.type"));

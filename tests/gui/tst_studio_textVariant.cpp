@@ -109,8 +109,8 @@ private Q_SLOTS:
     void nextPart_isNoStep_butTheDrawingIsChanged()
     {
         makeSerial();
-        studio->window->files().session().setSaved(QStringLiteral("serial.ztd"),
-                                                   studio->window->files().session().revision());
+        studio->window->editor().files().session().setSaved(
+            QStringLiteral("serial.ztd"), studio->window->editor().files().session().revision());
         const int steps = studio->stack().count();
         QVERIFY(studio->run("text.nextPart"));
         QCOMPARE(studio->stack().count(), steps);

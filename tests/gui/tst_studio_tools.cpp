@@ -311,14 +311,14 @@ private Q_SLOTS:
         const auto *column = studio->window->findChild<QToolBar *>(QStringLiteral("toolColumn"));
         QVERIFY(column != nullptr);
         QCOMPARE(studio->window->toolBarArea(const_cast<QToolBar *>(column)), Qt::LeftToolBarArea);
-        QVERIFY(column->actions().contains(studio->window->commands().action("tool.line")));
+        QVERIFY(column->actions().contains(studio->window->commands().named("tool.line")));
         QVERIFY(studio->run("tool.line"));
-        QVERIFY(studio->window->commands().action("tool.line")->isChecked());
+        QVERIFY(studio->window->commands().named("tool.line")->isChecked());
         QVERIFY(studio->run("tool.line"));
-        QVERIFY(studio->window->commands().action("tool.line")->isChecked());
+        QVERIFY(studio->window->commands().named("tool.line")->isChecked());
         studio->driver->drag({0, 0}, {50, 50});
-        QVERIFY(studio->window->commands().action("tool.select")->isChecked());
-        QVERIFY(!studio->window->commands().action("tool.line")->isChecked());
+        QVERIFY(studio->window->commands().named("tool.select")->isChecked());
+        QVERIFY(!studio->window->commands().named("tool.line")->isChecked());
     }
 
     void byMenu_newShapesStandApart()
@@ -347,7 +347,7 @@ private Q_SLOTS:
 
 private:
     ShapeItem *drawn() const { return studio::shapeItemsOf(*studio->document().scene()).last(); }
-    QByteArray chosen() const { return studio->window->tools().chosenId(); }
+    QByteArray chosen() const { return studio->window->editor().tools().chosenId(); }
     QString told() const { return studio->window->statusBar()->currentMessage(); }
 
     std::unique_ptr<TextWindow> studio;

@@ -1,9 +1,10 @@
-#include <studio/CommandTable.h>
-#include <studio/MainWindow.h>
-#include <studio/Messages.h>
-#include <studio/ShapeItems.h>
-#include <studio/ViewNavigation.h>
 #include <studio/preferences/PreferenceTools.h>
+#include <studio/program/Messages.h>
+#include <studio/shapes/ShapeItems.h>
+#include <studio/window/CommandTable.h>
+#include <studio/window/Editor.h>
+#include <studio/window/MainWindow.h>
+#include <studio/window/ViewNavigation.h>
 
 #include <codekit/shape/CodeItem.h>
 #include <hostkit/setup/Factories.h>
@@ -102,7 +103,7 @@ public:
 private:
     void trigger(const char *command)
     {
-        m_window.commands().action(command)->trigger();
+        m_window.commands().named(command)->trigger();
         settle();
     }
 

@@ -607,10 +607,6 @@ Examples:
         <translation>另有 %1 个</translation>
     </message>
     <message>
-        <source>imported drawings: %1</source>
-        <translation>导入的图形：%1</translation>
-    </message>
-    <message>
         <source>codes: %1</source>
         <translation>码：%1</translation>
     </message>
@@ -685,6 +681,10 @@ Examples:
     <message>
         <source>zigzag</source>
         <translation>之字线</translation>
+    </message>
+    <message>
+        <source>paths: %1</source>
+        <translation>路径：%1</translation>
     </message>
 </context>
 <context>
@@ -1006,16 +1006,20 @@ from unicode-strokes.shx, the same for every pair.</source>
         <translation>%1 段曲线</translation>
     </message>
     <message>
-        <source>nothing in it has a length</source>
-        <translation>其中没有任何有长度的内容</translation>
-    </message>
-    <message>
         <source>Cleaned:</source>
         <translation>已清理：</translation>
     </message>
     <message>
         <source>Cleaning mends:</source>
         <translation>清理可修复：</translation>
+    </message>
+    <message>
+        <source>nothing is left of it after cleaning</source>
+        <translation>清理后没有剩余内容</translation>
+    </message>
+    <message>
+        <source>warning: dots: %1, each marked as a line of %2 mm</source>
+        <translation>警告：单点 %1 个，各以 %2 毫米的短线标刻</translation>
     </message>
 </context>
 <context>

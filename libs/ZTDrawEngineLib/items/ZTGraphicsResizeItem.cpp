@@ -25,6 +25,9 @@ constexpr int kHandleCount = 8;
 /** Least width and height of the frame: ratios divide by them. */
 constexpr double kMinSizePx = 9.999999747378752e-05;
 
+/** Places that differ by less are the same but for rounding. */
+constexpr double kRoundingPx = 1e-9;
+
 QPen framePen(const QColor &color, Qt::PenStyle style)
 {
     return QPen(color, 0, style, Qt::SquareCap, Qt::BevelJoin);
@@ -243,7 +246,8 @@ QPointF ZTGraphicsResizeItem::snappedToStart(const ZTAbstractGraphicsItem *item,
                                              const QPointF &posPx) const
 {
     const QPointF startPx = m_startPositions.value(item, posPx);
-    return startPx == posPx ? startPx : posPx;
+    const bool isRounding = (startPx - posPx).manhattanLength() < kRoundingPx;
+    return isRounding || startPx == posPx ? startPx : posPx;
 }
 
 void ZTGraphicsResizeItem::beforeAdjust()

@@ -14,6 +14,15 @@ namespace {
 /** Bytes of the base record where numbers keep their full width. */
 constexpr int kRecordSize = 214;
 
+// Qt remembers with a matrix what kind it was made as, and maps points accordingly: one that scales
+// by 1 but for rounding maps otherwise than the same numbers read from a file. Here the numbers
+// alone count, so that what is loaded marks to the last bit as what was saved.
+QTransform fromItsNumbers(const QTransform &matrix)
+{
+    return {matrix.m11(), matrix.m12(), matrix.m13(), matrix.m21(), matrix.m22(),
+            matrix.m23(), matrix.m31(), matrix.m32(), matrix.m33()};
+}
+
 } // namespace
 
 ZTShapeBase::ZTShapeBase() : m_d(new ZTShapeBasePrivate) {}
@@ -37,7 +46,7 @@ const QPainterPath &ZTShapeBase::getLines() const { return m_d->lines; }
 
 void ZTShapeBase::setTransformParam(const QTransform &transform)
 {
-    m_d->transformParam = transform;
+    m_d->transformParam = fromItsNumbers(transform);
     setUpdate(1);
     paint();
 }
@@ -48,7 +57,7 @@ QTransform &ZTShapeBase::getRoundingTransformParam() { return m_d->roundingTrans
 
 void ZTShapeBase::setRoundingTransformParam(const QTransform &transform)
 {
-    m_d->roundingTransformParam = transform;
+    m_d->roundingTransformParam = fromItsNumbers(transform);
 }
 
 QRectF ZTShapeBase::getRect() const { return m_d->rect; }

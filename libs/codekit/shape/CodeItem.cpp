@@ -2,6 +2,10 @@
 
 #include <codekit/shape/CodeOverlay_p.h>
 
+#include <hostkit/items/HatchedShape.h>
+
+#include <QtGui/QPainter>
+
 #include <cmath>
 
 namespace codekit {
@@ -30,7 +34,8 @@ QPolygonF shownPx(const QRectF &rectMm, const QTransform &transform)
 
 } // namespace
 
-CodeItem::CodeItem(CodeKind kind) : m_code(new CodeShape(kind)), m_overlay(new CodeOverlay(this))
+CodeItem::CodeItem(CodeKind kind)
+    : m_code(new hostkit::HatchedShape<CodeShape>(*this, kind)), m_overlay(new CodeOverlay(this))
 {
     shape = m_code;
     shapeType = shapeTypeOf(kind);
@@ -47,7 +52,8 @@ void CodeItem::copy(ZTAbstractGraphicsItem *source)
         source != nullptr ? dynamic_cast<const CodeShape *>(source->getShapeBase()) : nullptr;
     if (copied == nullptr)
         return;
-    auto *copy = new CodeShape(*copied); // first: an item may be copied onto itself
+    auto *copy = new hostkit::HatchedShape<CodeShape>(
+        *this, *copied); // first: an item may be copied onto itself
     replaceShape(copy);
     m_code = copy;
     shapeType = m_code->getShapeType();
@@ -61,6 +67,16 @@ bool CodeItem::load(QDataStream &stream)
     shapeType = shapeTypeOf(settings().spec.kind);
     followShape();
     return true;
+}
+
+void CodeItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget)
+{
+    if (m_code->isUpdate()) {
+        m_code->paint();
+        noteChangedGeometry();
+    }
+    if (!hostkit::paintHatchPens(*painter, *this))
+        ZTAbstractGraphicsTextItem::paint(painter, option, widget);
 }
 
 QString CodeItem::text() const { return m_code->text(); }

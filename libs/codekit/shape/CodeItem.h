@@ -9,7 +9,8 @@ namespace codekit {
 class CodeOverlay;
 
 /**
- * The item of a `CodeShape`. Its text is the code's content.
+ * The item of a `CodeShape`. Its text is the code's content; its areas are hatched by all hatches
+ * of the item where the process has a `hostkit::hatchDrawer`.
  *
  * Over the code it shows the quiet zone, if the settings ask for that, and a red cross while the
  * code is not the one that was asked for; neither is ever marked, and both are in nobody's way.
@@ -24,6 +25,10 @@ public:
 
     void copy(ZTAbstractGraphicsItem *source) override;
     bool load(QDataStream &stream) override;
+
+    /** As the base does, but each hatch in its own pen. */
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option,
+               QWidget *widget = nullptr) override;
 
     QString text() const override;
     void setText(const QString &text) override;

@@ -16,7 +16,7 @@ namespace codekit {
  *
  * The code stands with the top left of its first module at the shape's origin, its text for people
  * and the frame of an inverse code around it. Outlines of areas are hatched as the fill parameters
- * say; single lines, such as those of a stroke font, never are.
+ * say, by an item's further hatches too; single lines, such as those of a stroke font, never are.
  *
  * A content that cannot be encoded leaves the last code that could be, and `notReadyReason` tells:
  * what is shown and marked is then not what was asked for.

@@ -24,21 +24,49 @@ using vectorkit::VectorText;
 
 constexpr int kFontPx = 100;
 
-/** Paths whose curves are straight pieces; with no tolerance they stay as they are. */
-QVector<VectorPath> straightened(const QVector<VectorPath> &paths, double toleranceMm)
+/** Of the time: to take the drawing apart. */
+constexpr double kPartsShare = 0.2;
+
+bool isDot(const VectorPath &path)
 {
-    if (!(toleranceMm > 0.0))
-        return paths;
-    QVector<VectorPath> straight;
-    straight.reserve(paths.size());
+    constexpr double kNothingMm = 1e-9;
+    const QRectF box = path.boundsMm();
+    return box.width() < kNothingMm && box.height() < kNothingMm;
+}
+
+/** What stands for a dot: a short line about its place. */
+VectorPath markableDot(const QPointF &placeMm)
+{
+    const QPointF half(kDotMm / 2.0, 0.0);
+    return VectorPath::polyline({placeMm - half, placeMm + half});
+}
+
+/** A path whose curves are straight pieces. */
+VectorPath straightened(const VectorPath &path, double toleranceMm)
+{
+    QVector<QPointF> points = path.flattened(toleranceMm);
+    if (path.isClosed() && points.size() > 1 && points.first() == points.last())
+        points.removeLast();
+    const VectorPath straight = VectorPath::polyline(points, path.isClosed());
+    return isDot(straight) ? markableDot(path.start()) : straight; // smaller than the tolerance
+}
+
+/** Paths as the library can hold them: without dots, and where asked for without curves. */
+QVector<VectorPath> markable(const QVector<VectorPath> &paths, double toleranceMm, int *dots)
+{
+    QVector<VectorPath> result;
+    result.reserve(paths.size());
     for (const VectorPath &path : paths) {
-        const bool isClosed = path.isClosed();
-        QVector<QPointF> points = path.flattened(toleranceMm);
-        if (isClosed && points.size() > 1 && points.first() == points.last())
-            points.removeLast();
-        straight.append(VectorPath::polyline(points, isClosed));
+        if (path.isEmpty())
+            continue;
+        if (isDot(path)) {
+            result.append(markableDot(path.start()));
+            ++*dots;
+        } else {
+            result.append(toleranceMm > 0.0 ? straightened(path, toleranceMm) : path);
+        }
     }
-    return straight;
+    return result;
 }
 
 /** Brings the parts and texts of one drawing into a document. */
@@ -52,7 +80,12 @@ public:
 
     ImportResult import(const VectorDrawing &drawing)
     {
-        const QVector<ImportPart> parts = importParts(drawing, m_options);
+        QVector<ImportPart> parts;
+        const auto takeApart = [this](double done) {
+            return !m_options.progress || m_options.progress(done * kPartsShare);
+        };
+        if (!importParts(drawing, m_options, takeApart, &parts))
+            return takeBack();
         m_total = parts.size() + drawing.textCount();
         groupLayers(drawing);
         for (const ImportPart &part : parts) {
@@ -76,7 +109,8 @@ private:
     bool goOn()
     {
         ++m_done;
-        return !m_options.progress || m_options.progress(double(m_done) / m_total);
+        const double share = double(m_done) / m_total;
+        return !m_options.progress || m_options.progress(kPartsShare + (1.0 - kPartsShare) * share);
     }
 
     ImportResult takeBack()
@@ -116,9 +150,10 @@ private:
 
     void addPart(const ImportPart &part)
     {
+        const QVector<VectorPath> paths =
+            markable(part.paths, m_options.toleranceMm, &m_result.dots);
         ZTAbstractGraphicsItem *item =
-            addGraphic(m_document, straightened(part.paths, m_options.toleranceMm),
-                       vectorkit::boundsOf(part.paths).topLeft());
+            addGraphic(m_document, paths, vectorkit::boundsOf(part.paths).topLeft());
         if (item == nullptr)
             return;
         item->setPenId(part.pen);

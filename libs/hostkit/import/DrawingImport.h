@@ -50,9 +50,16 @@ struct ImportResult
     QList<ZTAbstractGraphicsItem *> items; ///< from the lowest up. Owner: the scene
     int texts = 0;                         ///< of the items
     int openShapes = 0;                    ///< of the items: those of open outlines
+    int dots = 0;                          ///< runs without length, which became short lines
     int mergedPens = 0;       ///< shapes that hold more than one colour and show the first of them
     bool isCancelled = false; ///< nothing came in
 };
+
+/**
+ * Length of the line that a dot becomes, a run without length: the library's paths hold no points,
+ * and on the part both are a spot.
+ */
+constexpr double kDotMm = 0.01;
 
 /** Colours in which items show the pens 1 to 16. */
 constexpr int kScreenPens = 16;
@@ -78,10 +85,10 @@ void scaleDrawing(vectorkit::VectorDrawing *drawing, double scaleX, double scale
  * Brings a drawing into a document at true size: shapes as vector graphics, texts as texts.
  *
  * Each vector graphic holds its own piece of the drawing, named by what it was split by, moved so
- * that its box begins at the shape's origin. Where a drawing has several layers, the shapes of
- * `ImportSplit::Outline` are grouped by them. No undo command is pushed and nothing is selected:
- * the caller has the items. The drawing is in the shapes and in drawing files; the library's own
- * stream of documents has no room for it.
+ * that its box begins at the shape's origin; dots become lines `kDotMm` long. Where a drawing has
+ * several layers, the shapes of `ImportSplit::Outline` are grouped by them. No undo command is
+ * pushed and nothing is selected: the caller has the items. The drawing is in the shapes and in
+ * drawing files; the library's own stream of documents has no room for it.
  *
  * Order: GUI thread, after `registerFactories`.
  */
@@ -89,8 +96,10 @@ ImportResult importDrawing(ZTGraphicsDocument &document, const vectorkit::Vector
                            const ImportOptions &options);
 /**
  * Closed outlines gathered with the holes in them: indices of paths, the outer outline first.
- * An island in a hole begins a group of its own.
+ * An island in a hole begins a group of its own. Range: `progress` may be empty; it is told how
+ * much is done, 0 to 1, and cancels with false. Failure: when cancelled, no groups.
  */
-QVector<QVector<int>> outlinesWithHoles(const QVector<vectorkit::VectorPath> &closed);
+QVector<QVector<int>> outlinesWithHoles(const QVector<vectorkit::VectorPath> &closed,
+                                        const std::function<bool(double)> &progress = {});
 
 } // namespace hostkit

@@ -1,5 +1,7 @@
 #include <hostkit/import/ImportParts_p.h>
 
+#include <vectorkit/clean/Nesting.h>
+
 #include <algorithm>
 #include <numeric>
 
@@ -11,8 +13,6 @@ using vectorkit::VectorDrawing;
 using vectorkit::VectorLayer;
 using vectorkit::VectorPath;
 using vectorkit::VectorShape;
-
-constexpr double kProbeToleranceMm = 0.01;
 
 /** One path with what it is sorted by. */
 struct Row
@@ -100,12 +100,17 @@ void addByKey(const QVector<Row> &rows, const ImportOptions &options, Key key,
         addParts(group, name(*group.first()), options.fillsOpen, parts);
 }
 
-/** Outlines of each layer and pen, so that holes are sought only among their like. */
-void addOutlines(const QVector<Row> &rows, const VectorDrawing &drawing, QVector<ImportPart> *parts)
+/**
+ * Outlines of each layer and pen, so that holes are sought only among their like. False when
+ * cancelled.
+ */
+bool addOutlines(const QVector<Row> &rows, const VectorDrawing &drawing,
+                 const std::function<bool(double)> &progress, QVector<ImportPart> *parts)
 {
     QMap<QPair<int, int>, QVector<const Row *>> groups;
     for (const Row &row : rows)
         groups[{row.layer, row.pen}].append(&row);
+    double done = 0.0;
     for (const QVector<const Row *> &group : qAsConst(groups)) {
         QVector<VectorPath> closed;
         ImportPart part;
@@ -116,7 +121,15 @@ void addOutlines(const QVector<Row> &rows, const VectorDrawing &drawing, QVector
             if (row->path.isClosed())
                 closed.append(row->path);
         }
-        for (const QVector<int> &outline : outlinesWithHoles(closed)) {
+        bool goesOn = true;
+        const auto outlines = outlinesWithHoles(closed, [&](double share) {
+            goesOn = !progress || progress((done + share * group.size()) / rows.size());
+            return goesOn;
+        });
+        if (!goesOn)
+            return false;
+        done += group.size();
+        for (const QVector<int> &outline : outlines) {
             part.paths.clear();
             for (const int index : outline)
                 part.paths.append(closed[index]);
@@ -130,87 +143,74 @@ void addOutlines(const QVector<Row> &rows, const VectorDrawing &drawing, QVector
             }
         }
     }
-}
-
-/** A closed outline, ready to be asked what lies in it. */
-struct Ring
-{
-    int index;
-    QRectF box;
-    QPolygonF polygon;
-    int outer = -1; ///< smallest ring around it, by place in the list
-    int depth = 0;
-};
-
-bool isAround(const Ring &outer, const Ring &inner)
-{
-    return outer.box.left() <= inner.box.left() && outer.box.right() >= inner.box.right() &&
-           outer.box.top() <= inner.box.top() && outer.box.bottom() >= inner.box.bottom() &&
-           outer.polygon.containsPoint(inner.polygon.first(), Qt::OddEvenFill);
+    return true;
 }
 
 } // namespace
 
-QVector<QVector<int>> outlinesWithHoles(const QVector<VectorPath> &closed)
+QVector<QVector<int>> outlinesWithHoles(const QVector<VectorPath> &closed,
+                                        const std::function<bool(double)> &progress)
 {
-    QVector<Ring> rings;
-    for (int index = 0; index < closed.size(); ++index) {
-        const QPolygonF polygon = closed[index].flattened(kProbeToleranceMm);
-        rings.append({index, polygon.boundingRect(), polygon, -1, 0});
+    const std::vector<int> holders = vectorkit::holdersOf(closed, progress);
+    // What is around something has the larger box: from large to small all holders come first.
+    std::vector<double> areas;
+    for (const VectorPath &path : closed) {
+        const QRectF box = path.boundsMm();
+        areas.push_back(box.width() * box.height());
     }
-    // What is around something has the larger box: from large to small, and back for the nearest.
-    std::stable_sort(rings.begin(), rings.end(), [](const Ring &a, const Ring &b) {
-        return a.box.width() * a.box.height() > b.box.width() * b.box.height();
-    });
+    std::vector<std::size_t> fromLarge(holders.size());
+    std::iota(fromLarge.begin(), fromLarge.end(), std::size_t(0));
+    std::stable_sort(fromLarge.begin(), fromLarge.end(),
+                     [&](std::size_t a, std::size_t b) { return areas[a] > areas[b]; });
+    struct Place
+    {
+        int depth = 0;
+        int group = 0;
+    };
+    std::vector<Place> places(holders.size());
     QVector<QVector<int>> groups;
-    QVector<int> groupOfRing(rings.size(), -1);
-    for (int at = 0; at < rings.size(); ++at) {
-        Ring &ring = rings[at];
-        for (int before = at - 1; before >= 0 && ring.outer < 0; --before) {
-            if (isAround(rings[before], ring))
-                ring.outer = before;
-        }
-        ring.depth = ring.outer < 0 ? 0 : rings[ring.outer].depth + 1;
-        if (ring.depth % 2 == 0) {
-            groupOfRing[at] = groups.size();
-            groups.append(QVector<int>{ring.index});
-        } else {
-            groupOfRing[at] = groupOfRing[ring.outer];
-            groups[groupOfRing[at]].append(ring.index);
-        }
+    for (const std::size_t at : fromLarge) {
+        Place &place = places[at];
+        const int holder = holders[at];
+        place.depth = holder < 0 ? 0 : places[static_cast<std::size_t>(holder)].depth + 1;
+        const bool isHole = place.depth % 2 == 1;
+        place.group = isHole ? places[static_cast<std::size_t>(holder)].group : groups.size();
+        if (!isHole)
+            groups.append(QVector<int>());
+        groups[place.group].append(static_cast<int>(at));
     }
-    std::sort(groups.begin(), groups.end(),
-              [](const QVector<int> &a, const QVector<int> &b) { return a.first() < b.first(); });
+    std::sort(groups.begin(), groups.end(), [](const QVector<int> &one, const QVector<int> &other) {
+        return one.first() < other.first();
+    });
     return groups;
 }
 
-QVector<ImportPart> importParts(const VectorDrawing &drawing, const ImportOptions &options)
+bool importParts(const VectorDrawing &drawing, const ImportOptions &options,
+                 const std::function<bool(double)> &progress, QVector<ImportPart> *parts)
 {
-    QVector<ImportPart> parts;
     const QVector<Row> rows = rowsOf(drawing, options);
     if (rows.isEmpty())
-        return parts;
+        return true;
     const auto layerName = [&](const Row &row) { return drawing.layers[row.layer].name; };
     switch (options.split) {
     case ImportSplit::None:
         addByKey(
             rows, options, [](const Row &) { return 0; }, [](const Row &) { return QString(); },
-            &parts);
+            parts);
         break;
     case ImportSplit::Layer:
         addByKey(
-            rows, options, [](const Row &row) { return row.layer; }, layerName, &parts);
+            rows, options, [](const Row &row) { return row.layer; }, layerName, parts);
         break;
     case ImportSplit::Color:
         addByKey(
             rows, options, [](const Row &row) { return qMakePair(row.pen, row.color); },
-            [](const Row &row) { return row.color; }, &parts);
+            [](const Row &row) { return row.color; }, parts);
         break;
     case ImportSplit::Outline:
-        addOutlines(rows, drawing, &parts);
-        break;
+        return addOutlines(rows, drawing, progress, parts);
     }
-    return parts;
+    return true;
 }
 
 } // namespace hostkit

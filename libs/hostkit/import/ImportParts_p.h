@@ -15,8 +15,11 @@ struct ImportPart
     QVector<vectorkit::VectorPath> paths;
 };
 
-/** A drawing taken apart as the options say, from the lowest up. */
-QVector<ImportPart> importParts(const vectorkit::VectorDrawing &drawing,
-                                const ImportOptions &options);
+/**
+ * A drawing taken apart as the options say, from the lowest up. False when `progress`, told how
+ * much is done, 0 to 1, cancels; it may be empty.
+ */
+bool importParts(const vectorkit::VectorDrawing &drawing, const ImportOptions &options,
+                 const std::function<bool(double)> &progress, QVector<ImportPart> *parts);
 
 } // namespace hostkit

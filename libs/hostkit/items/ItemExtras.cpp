@@ -121,11 +121,15 @@ ItemExtras itemExtras(const ZTAbstractGraphicsItem &item)
 void setItemExtras(ZTAbstractGraphicsItem &item, const ItemExtras &extras)
 {
     ZTShapeBase *shape = item.getShapeBase();
-    if (shape != nullptr && isDrawnAnew(itemExtras(item), extras)) {
+    const ItemExtras before = itemExtras(item);
+    if (shape != nullptr && isDrawnAnew(before, extras)) {
         shape->setUpdate(1);
         item.update();
     }
     item.setData(kExtrasKey, extras == ItemExtras() ? QVariant() : QVariant::fromValue(extras));
+    // Uniting moves an outline by its rounding: who stands around the shape has to know at once.
+    if (shape != nullptr && before.outlineUnion != extras.outlineUnion)
+        item.setTransformParam(QTransform(item.getTransformParam()));
     const bool isFree = !extras.isLocked && !extras.isHidden;
     if (!isFree)
         item.setSelected(false);

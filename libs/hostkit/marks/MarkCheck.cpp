@@ -120,7 +120,7 @@ QString nameOf(ShapeType kind)
     case ShapeType::Text:
         return Texts::tr("text %1");
     case ShapeType::VecGraph:
-        return Texts::tr("imported drawing %1");
+        return Texts::tr("path %1");
     case ShapeType::QRCode:
         return Texts::tr("code %1");
     case ShapeType::BarCode:

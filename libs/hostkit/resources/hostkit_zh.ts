@@ -445,10 +445,6 @@
         <translation>椭圆 %1</translation>
     </message>
     <message>
-        <source>imported drawing %1</source>
-        <translation>导入的图纸 %1</translation>
-    </message>
-    <message>
         <source>line %1</source>
         <translation>直线 %1</translation>
     </message>
@@ -495,6 +491,10 @@
     <message>
         <source>shown otherwise than asked for: %1</source>
         <translation>显示的与要求的不符：%1</translation>
+    </message>
+    <message>
+        <source>path %1</source>
+        <translation>路径 %1</translation>
     </message>
 </context>
 <context>

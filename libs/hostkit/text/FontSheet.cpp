@@ -56,12 +56,6 @@ private:
 
 QString codeText(int code) { return QString::number(code, 16).toUpper(); }
 
-bool fail(QString *error, const QString &reason)
-{
-    *error = reason;
-    return false;
-}
-
 /** Where a glyph's cell begins. */
 QPointF cellOf(int number, const QSize &grid)
 {
@@ -161,10 +155,10 @@ bool isSvg(const QString &path)
 
 } // namespace
 
-bool FontSheet::read(const QString &path, QString *error)
+bool FontSheet::read(const QString &path, Failure *failure)
 {
     m_drawn.clear();
-    if (!readShxFontInfo(path, &m_info, error))
+    if (!readShxFontInfo(path, &m_info, failure))
         return false;
     ZTShxParser parser(QFile::encodeName(path).constData());
     parser.setTextHeight(kGlyphHeight);
@@ -177,7 +171,8 @@ bool FontSheet::read(const QString &path, QString *error)
         if (m_info.glyphs[i].code != 0)
             m_drawn.append({m_info.glyphs[i].code, collector.take()});
     }
-    return !m_drawn.isEmpty() || fail(error, SheetTexts::tr("the font has no glyphs"));
+    return !m_drawn.isEmpty() ||
+           fail(failure, Failure::Kind::NotPossible, SheetTexts::tr("the font has no glyphs"));
 }
 
 QSize FontSheet::grid() const
@@ -194,7 +189,7 @@ bool FontSheet::hasExtension(const QString &path)
     return isSvg(path) || path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive);
 }
 
-bool FontSheet::save(const QString &path, const QString &title, QString *error) const
+bool FontSheet::save(const QString &path, const QString &title, Failure *failure) const
 {
     const auto write = [&](QIODevice &device) {
         if (!isSvg(path))
@@ -202,11 +197,7 @@ bool FontSheet::save(const QString &path, const QString &title, QString *error) 
         writeSvg(*this, title, device);
         return true;
     };
-    Failure failure;
-    const bool isSaved = saveWhole(path, write, &failure);
-    if (!isSaved && error != nullptr)
-        *error = failure.reason;
-    return isSaved;
+    return saveWhole(path, write, failure);
 }
 
 } // namespace hostkit

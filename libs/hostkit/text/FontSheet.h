@@ -1,5 +1,6 @@
 #pragma once
 
+#include <hostkit/files/Failure.h>
 #include <hostkit/text/ShxFontInfo.h>
 
 #include <QtCore/QSize>
@@ -26,9 +27,9 @@ public:
     /**
      * Draws every glyph of the file, in the file's order.
      *
-     * Failure: false, and `error` says why in one sentence without the name.
+     * Failure: false; `CannotRead`, `OtherFormat`, or `NotPossible` for a font without glyphs.
      */
-    bool read(const QString &path, QString *error);
+    bool read(const QString &path, Failure *failure);
 
     const ShxFontInfo &font() const { return m_info; }                ///< of the file read last
     const QVector<FontSheetGlyph> &glyphs() const { return m_drawn; } ///< in the file's order
@@ -40,9 +41,9 @@ public:
      * Writes the specimen; the extension, ".svg" or ".png", tells the form.
      *
      * The file appears whole or not at all.
-     * Failure: false, and `error` says why in one sentence without the name.
+     * Failure: false, `CannotWrite`.
      */
-    bool save(const QString &path, const QString &title, QString *error) const;
+    bool save(const QString &path, const QString &title, Failure *failure) const;
 
     /** Whether `save` knows the extension. */
     static bool hasExtension(const QString &path);

@@ -208,12 +208,6 @@ void Reader::readUnifont()
     }
 }
 
-bool fail(QString *error, const QString &reason)
-{
-    *error = reason;
-    return false;
-}
-
 } // namespace
 
 int ShxFontInfo::usableGlyphs() const
@@ -238,24 +232,25 @@ QString ShxFontInfo::form() const
     return {};
 }
 
-bool readShxFontInfo(const QString &path, ShxFontInfo *info, QString *error)
+bool readShxFontInfo(const QString &path, ShxFontInfo *info, Failure *failure)
 {
     *info = ShxFontInfo();
     const QFileInfo target(path);
     if (target.exists() && !target.isFile()) // a pipe might never end
-        return fail(error, Reader::noFont());
+        return fail(failure, Failure::Kind::OtherFormat, Reader::noFont());
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return fail(error, Reader::unreadable(file.errorString()));
+        return fail(failure, Failure::Kind::CannotRead, Reader::unreadable(file.errorString()));
     if (file.size() > kMaxBytes)
-        return fail(error, Reader::tooLarge());
-    return readShxFontInfo(file.readAll(), info, error);
+        return fail(failure, Failure::Kind::CannotRead, Reader::tooLarge());
+    return readShxFontInfo(file.readAll(), info, failure);
 }
 
-bool readShxFontInfo(const QByteArray &image, ShxFontInfo *info, QString *error)
+bool readShxFontInfo(const QByteArray &image, ShxFontInfo *info, Failure *failure)
 {
     *info = ShxFontInfo();
-    return Reader(image, info).read() || fail(error, Reader::noFont());
+    return Reader(image, info).read() ||
+           fail(failure, Failure::Kind::OtherFormat, Reader::noFont());
 }
 
 QVector<ShxFontFileInfo> listShxFonts(const QStringList &folders)
@@ -268,8 +263,7 @@ QVector<ShxFontFileInfo> listShxFonts(const QStringList &folders)
             {QStringLiteral("*.shx")}, QDir::Files | QDir::Hidden | QDir::NoSymLinks, QDir::Name);
         for (const QString &name : names) {
             ShxFontFileInfo font{name, folder, {}};
-            QString error;
-            if (readShxFontInfo(dir.filePath(name), &font.info, &error))
+            if (readShxFontInfo(dir.filePath(name), &font.info, nullptr))
                 fonts.append(font);
         }
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <hostkit/files/Failure.h>
+
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 #include <QtCore/QByteArray>
@@ -50,13 +52,12 @@ struct ShxFontInfo
 /**
  * Reads a font file.
  *
- * Failure: false, and `error` says why in one sentence without the name: it cannot be read or is
- * no stroke font.
+ * Failure: false; `CannotRead`, or `OtherFormat` for what is no stroke font.
  */
-bool readShxFontInfo(const QString &path, ShxFontInfo *info, QString *error);
+bool readShxFontInfo(const QString &path, ShxFontInfo *info, Failure *failure);
 
 /** The same of a font file's bytes. */
-bool readShxFontInfo(const QByteArray &image, ShxFontInfo *info, QString *error);
+bool readShxFontInfo(const QByteArray &image, ShxFontInfo *info, Failure *failure);
 
 /** A stroke-font file that was found in a folder. */
 struct ShxFontFileInfo

@@ -20,12 +20,6 @@ struct StrokeFontTexts
     Q_DECLARE_TR_FUNCTIONS(hostkit::StrokeFont)
 };
 
-bool fail(QString *error, const QString &reason)
-{
-    *error = reason;
-    return false;
-}
-
 /** What became of the pen, and whether it drew. */
 class StrokeProbe : public ZTAbstractGlyphCallback
 {
@@ -44,18 +38,20 @@ bool isListed(const std::vector<std::string> &names, const QByteArray &name)
 }
 
 bool findFont(const QString &name, const std::vector<std::string> &kind, const QString &otherKind,
-              const QStringList &folders, QString *error)
+              const QStringList &folders, Failure *failure)
 {
     const QByteArray local = name.toLocal8Bit();
     if (isListed(kind, local))
         return true;
     if (isListed(ZTShxFontManager::regFonts(), local) ||
         isListed(ZTShxFontManager::bigFonts(), local))
-        return fail(error, otherKind.arg(name));
+        return fail(failure, Failure::Kind::OtherFormat, otherKind.arg(name));
     if (ZTShxFontManager::getFont(local.toStdString(), 1) != nullptr)
-        return fail(error, StrokeFontTexts::tr("%1 is no stroke font").arg(name));
-    return fail(error, StrokeFontTexts::tr("no stroke font %1 in %2")
-                           .arg(name, folders.join(QStringLiteral(", "))));
+        return fail(failure, Failure::Kind::OtherFormat,
+                    StrokeFontTexts::tr("%1 is no stroke font").arg(name));
+    return fail(failure, Failure::Kind::CannotRead,
+                StrokeFontTexts::tr("no stroke font %1 in %2")
+                    .arg(name, folders.join(QStringLiteral(", "))));
 }
 
 /** False also where there is no font at all. */
@@ -159,21 +155,21 @@ MissingCharacters missingOutlines(const QString &text, const QFont &font)
 } // namespace
 
 bool strokeFont(const QString &regularName, const QString &bigName, const QStringList &folders,
-                ZTShxFontParam *font, QString *error)
+                ZTShxFontParam *font, Failure *failure)
 {
     const std::vector<std::string> regular = ZTShxFontManager::regFonts();
     const std::vector<std::string> big = ZTShxFontManager::bigFonts();
     if (!findFont(regularName, regular, StrokeFontTexts::tr("%1 is a big font, no regular one"),
-                  folders, error))
+                  folders, failure))
         return false;
     if (bigName.isEmpty() && big.empty())
         return fail(
-            error,
+            failure, Failure::Kind::CannotRead,
             StrokeFontTexts::tr("no big font in %1").arg(folders.join(QStringLiteral(", "))));
     font->enName = regularName;
     font->zhName = bigName.isEmpty() ? QString::fromLocal8Bit(big.front().c_str()) : bigName;
     if (!findFont(font->zhName, big, StrokeFontTexts::tr("%1 is a regular font, no big one"),
-                  folders, error))
+                  folders, failure))
         return false;
     font->height = kStrokeFontUnits;
     font->parser.init(font->enName.toLocal8Bit().constData(),
@@ -182,9 +178,11 @@ bool strokeFont(const QString &regularName, const QString &bigName, const QStrin
     const QString noReference =
         StrokeFontTexts::tr("%1 has no \"%2\", by whose width fonts are brought to a height");
     if (!hasHeight(font->enName))
-        return fail(error, noReference.arg(font->enName, QStringLiteral("W")));
+        return fail(failure, Failure::Kind::NotPossible,
+                    noReference.arg(font->enName, QStringLiteral("W")));
     if (!hasHeight(font->zhName))
-        return fail(error, noReference.arg(font->zhName, QString(QChar(0x4F60))));
+        return fail(failure, Failure::Kind::NotPossible,
+                    noReference.arg(font->zhName, QString(QChar(0x4F60))));
     return true;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <hostkit/files/Failure.h>
+
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 #include <QtCore/QStringList>
@@ -21,12 +23,12 @@ QString strokeFontFolder();
  * Without a name of a big font the first one that the manager lists is taken.
  *
  * Order: after the folders of the fonts have been made known to `ZTShxFontManager`.
- * Failure: false, and `error` says why in one sentence with the font's name: it is not in
- * `folders` (which the sentence names), is no stroke font or of the other kind, or has not the
- * character by whose width fonts are brought to a height.
+ * Failure: false, the reason with the font's name: `CannotRead` where it is not in `folders` (which
+ * the reason names), `OtherFormat` where it is no stroke font or of the other kind, `NotPossible`
+ * where it has not the character by whose width fonts are brought to a height.
  */
 bool strokeFont(const QString &regularName, const QString &bigName, const QStringList &folders,
-                ZTShxFontParam *font, QString *error);
+                ZTShxFontParam *font, Failure *failure);
 
 /**
  * Brings the fonts of a record to the record's own height, for whatever is laid out or measured

@@ -1,17 +1,12 @@
 #pragma once
 
-#include <hostkit/items/ItemHatches.h>
+#include <hostkit/items/HatchDrawer.h>
 
 #include <optional>
 
 namespace jobkit {
 
-/** All lines of a shape's hatches. */
-struct HatchDrawing
-{
-    QVector<QLineF> linesPx;
-    QVector<hostkit::HatchLayer> layers; ///< of all lines, in their order; pen 0: the shape's
-};
+using hostkit::HatchDrawing;
 
 /**
  * Draws hatches over an outline. What belongs to one run of the head is one line after another,

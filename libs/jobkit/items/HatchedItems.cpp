@@ -1,40 +1,19 @@
 #include <jobkit/items/HatchedItems.h>
 
+#include <hostkit/items/HatchedShape.h>
 #include <hostkit/items/TextItem.h>
 #include <hostkit/setup/Factories.h>
-#include <jobkit/items/HatchedShape.h>
+#include <jobkit/hatch/ShapeHatching.h>
 
 #include <QtGui/QPainter>
 
-#include <algorithm>
 #include <memory>
 
 namespace jobkit {
 
 namespace {
 
-using hostkit::HatchLayer;
-
-/** Whether a layer shows in another pen than its shape. */
-bool hasOtherPen(const QVector<HatchLayer> &layers, int pen)
-{
-    return std::any_of(layers.begin(), layers.end(),
-                       [pen](const HatchLayer &layer) { return layer.pen != pen; });
-}
-
-/** Paints outline and hatches as the library does, but each hatch in its own pen. */
-void paintLayers(QPainter &painter, ZTShapeBase &shape, const QVector<HatchLayer> &layers)
-{
-    if (shape.getFillParam().isEnableBorder) {
-        painter.setPen(ZTAbstractGraphicsItem::screenPen(shape.getPenId()));
-        painter.drawPath(shape.getLines());
-    }
-    const QVector<QLineF> &lines = shape.getFillLines();
-    for (const HatchLayer &layer : layers) {
-        painter.setPen(ZTAbstractGraphicsItem::screenPen(layer.pen));
-        painter.drawLines(lines.constData() + layer.firstLine, layer.lines);
-    }
-}
+using hostkit::HatchedShape;
 
 /** An item whose shape draws all hatches. `Base` is the library's or hostkit's item. */
 template <class Base>
@@ -49,10 +28,7 @@ public:
             painted.paint();
             this->noteChangedGeometry();
         }
-        const QVector<HatchLayer> layers = hostkit::hatchLayersOf(*this);
-        if (hasOtherPen(layers, painted.getPenId()))
-            paintLayers(*painter, painted, layers);
-        else
+        if (!hostkit::paintHatchPens(*painter, *this))
             Base::paint(painter, option, widget);
     }
 };
@@ -187,6 +163,7 @@ void registerHatchedFactories()
     using RectItem = HatchedItem<ZTGraphicsRectItem, ZTRectShape>;
     using EllipseItem = HatchedItem<ZTGraphicsEllipseItem, ZTEllipseShape>;
     using TdotItem = HatchedItem<ZTGraphicsTdotItem, ZTTdotShape>;
+    hostkit::setHatchDrawer({&drawHatches, &unitedOutline});
     registerAs(ShapeType::Rect, ItemFactory<RectItem>::instance());
     registerAs(ShapeType::Ellipse, ItemFactory<EllipseItem>::instance());
     registerAs(ShapeType::TDOT, ItemFactory<TdotItem>::instance());

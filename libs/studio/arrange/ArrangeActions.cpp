@@ -1,8 +1,8 @@
 #include <studio/arrange/ArrangeActions.h>
 
-#include <studio/UndoTexts.h>
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/groups/GroupTools.h>
+#include <studio/program/UndoTexts.h>
 
 #include <hostkit/drawing/ItemGroups.h>
 

@@ -1,12 +1,12 @@
 #include <studio/canvas/DrawingTools.h>
 
-#include <studio/DocumentActions.h>
-#include <studio/ShapeKinds.h>
 #include <studio/canvas/PointerLabel.h>
-#include <studio/canvas/ShapePlace.h>
 #include <studio/canvas/ToolCursor.h>
 #include <studio/canvas/ToolPreview.h>
 #include <studio/choices/Units.h>
+#include <studio/edit/DocumentActions.h>
+#include <studio/shapes/ShapeKinds.h>
+#include <studio/shapes/ShapePlace.h>
 #include <studio/text/StrokeFonts.h>
 
 #include <QtGui/QCursor>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <studio/ShapeItems.h>
 #include <studio/canvas/ToolDrag.h>
+#include <studio/shapes/ShapeItems.h>
 
 #include <QtCore/QHash>
 #include <QtCore/QObject>

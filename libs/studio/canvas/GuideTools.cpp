@@ -1,11 +1,11 @@
 #include <studio/canvas/GuideTools.h>
 
-#include <studio/UndoTexts.h>
 #include <studio/canvas/CanvasLines.h>
 #include <studio/canvas/PointerLabel.h>
 #include <studio/canvas/SnapTools.h>
 #include <studio/choices/Units.h>
 #include <studio/commands/DrawingExtrasCommand.h>
+#include <studio/program/UndoTexts.h>
 
 #include <QtGui/QMouseEvent>
 #include <QtWidgets/QInputDialog>

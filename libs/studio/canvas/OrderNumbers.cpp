@@ -1,6 +1,6 @@
 #include <studio/canvas/OrderNumbers.h>
 
-#include <studio/ShapeItems.h>
+#include <studio/shapes/ShapeItems.h>
 
 #include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/marks/MarkOrder.h>

@@ -1,8 +1,8 @@
 #include <studio/canvas/RotateHandle.h>
 
-#include <studio/DocumentActions.h>
 #include <studio/canvas/PointerLabel.h>
 #include <studio/canvas/ToolPreview.h>
+#include <studio/edit/DocumentActions.h>
 
 #include <QtCore/QtMath>
 #include <QtGui/QKeyEvent>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <studio/ShapeItems.h>
 #include <studio/canvas/Snapping.h>
+#include <studio/shapes/ShapeItems.h>
 
 #include <QtCore/QObject>
 #include <QtCore/QPointer>

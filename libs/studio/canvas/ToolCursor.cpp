@@ -1,6 +1,6 @@
 #include <studio/canvas/ToolCursor.h>
 
-#include <studio/Icons.h>
+#include <studio/program/Icons.h>
 
 #include <QtGui/QPainter>
 #include <QtGui/QPixmap>

@@ -1,6 +1,6 @@
 #include <studio/choices/Preferences.h>
 
-#include <studio/PenColors.h>
+#include <studio/shapes/PenColors.h>
 
 #include <QtCore/QSettings>
 

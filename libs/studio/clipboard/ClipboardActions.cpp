@@ -1,11 +1,11 @@
 #include <studio/clipboard/ClipboardActions.h>
 
-#include <studio/Importer.h>
-#include <studio/UndoTexts.h>
 #include <studio/clipboard/ClipboardContent.h>
 #include <studio/commands/DrawingExtrasCommand.h>
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/commands/UndoMacro.h>
+#include <studio/import/Importer.h>
+#include <studio/program/UndoTexts.h>
 #include <studio/text/StrokeFonts.h>
 
 #include <hostkit/drawing/DrawingLoader.h>

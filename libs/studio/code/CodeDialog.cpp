@@ -1,9 +1,9 @@
 #include <studio/code/CodeDialog.h>
 
-#include <studio/UndoTexts.h>
 #include <studio/code/CodeFormPage.h>
 #include <studio/code/CodeOptionsPage.h>
 #include <studio/code/CodeTextPage.h>
+#include <studio/program/UndoTexts.h>
 #include <studio/text/HatchPage.h>
 #include <studio/text/VariantParts.h>
 #include <studio/text/WordsPage.h>

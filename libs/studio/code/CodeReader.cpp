@@ -1,6 +1,6 @@
 #include <studio/code/CodeReader.h>
 
-#include <studio/ShapeItems.h>
+#include <studio/shapes/ShapeItems.h>
 
 #include <hostkit/items/ItemExtras.h>
 #include <hostkit/marks/MarkGraphBuilder.h>

@@ -1,8 +1,8 @@
 #include <studio/code/CodeTools.h>
 
-#include <studio/ShapeItems.h>
 #include <studio/code/CodeDialog.h>
 #include <studio/code/VerifyDialog.h>
+#include <studio/shapes/ShapeItems.h>
 
 namespace studio {
 
@@ -10,10 +10,6 @@ CodeTools::CodeTools(ZTGraphicsDocument &document, QWidget &window)
     : QObject(&window), m_document(document), m_window(window)
 {
     connect(m_document.view(), &ZTGraphicsView::sigOnItemDouble, this, &CodeTools::open);
-    connect(m_document.itemMag(), &ZTShapeManager::sigAddedShape, this, [this](ShapeItem *item) {
-        if (codekit::CodeItem *code = codekit::codeItem(item))
-            showDialogFor(*code);
-    });
 }
 
 CodeTools::~CodeTools()

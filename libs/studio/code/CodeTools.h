@@ -15,8 +15,8 @@ class CodeDialog;
 class VerifyDialog;
 
 /**
- * What is done to codes alone: the dialog with all settings, which a double click on a code, or
- * making one, opens, and reading all codes back.
+ * What is done to codes alone: the dialog with all settings, which a double click on a code opens,
+ * and reading all codes back.
  */
 class CodeTools : public QObject
 {
@@ -31,13 +31,13 @@ public:
     codekit::CodeItem *selectedCode() const;
 
     void showDialog();
+    void showDialogFor(codekit::CodeItem &item);
 
     /** Reads every code of the drawing from its final marks and tells what it says. */
     void verify();
 
 private:
     void open(ZTAbstractGraphicsItem *item);
-    void showDialogFor(codekit::CodeItem &item);
 
     ZTGraphicsDocument &m_document;
     QWidget &m_window;

@@ -1,6 +1,6 @@
 #include <studio/code/VerifyDialog.h>
 
-#include <studio/ShapeItems.h>
+#include <studio/shapes/ShapeItems.h>
 #include <studio/text/MeasureBox.h>
 
 #include <hostkit/marks/MarkFindings.h>

@@ -1,6 +1,6 @@
 #include <studio/commands/DrawingChoiceCommand.h>
 
-#include <studio/ShapeItems.h>
+#include <studio/shapes/ShapeItems.h>
 
 namespace studio {
 

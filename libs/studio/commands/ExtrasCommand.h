@@ -1,6 +1,6 @@
 #pragma once
 
-#include <studio/ShapeItems.h>
+#include <studio/shapes/ShapeItems.h>
 
 #include <hostkit/items/ItemExtras.h>
 

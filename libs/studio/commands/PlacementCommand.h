@@ -1,7 +1,7 @@
 #pragma once
 
-#include <studio/ShapeMeasures.h>
 #include <studio/commands/ItemGeometryCommand.h>
+#include <studio/shapes/ShapeMeasures.h>
 
 namespace studio {
 

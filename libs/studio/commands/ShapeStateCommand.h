@@ -1,7 +1,7 @@
 #pragma once
 
-#include <studio/ShapeItems.h>
 #include <studio/commands/TextState.h>
+#include <studio/shapes/ShapeItems.h>
 
 #include <QtWidgets/QUndoCommand>
 

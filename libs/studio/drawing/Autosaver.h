@@ -1,7 +1,7 @@
 #pragma once
 
-#include <studio/Messages.h>
 #include <studio/drawing/RecoveryStore.h>
+#include <studio/program/Messages.h>
 
 #include <QtCore/QObject>
 #include <QtCore/QTimer>

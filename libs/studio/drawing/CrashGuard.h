@@ -1,8 +1,8 @@
 #pragma once
 
-#include <studio/Messages.h>
 #include <studio/drawing/Autosaver.h>
 #include <studio/drawing/TerminationWatch.h>
+#include <studio/program/Messages.h>
 
 #include <QtCore/QPointer>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <studio/Messages.h>
 #include <studio/drawing/DrawingSession.h>
 #include <studio/drawing/LongWork.h>
+#include <studio/program/Messages.h>
 
 #include <hostkit/drawing/DrawingLoader.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <studio/Messages.h>
+#include <studio/program/Messages.h>
 
 #include <hostkit/files/Failure.h>
 

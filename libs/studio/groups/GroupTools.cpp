@@ -1,7 +1,7 @@
 #include <studio/groups/GroupTools.h>
 
-#include <studio/UndoTexts.h>
 #include <studio/commands/ExtrasCommand.h>
+#include <studio/program/UndoTexts.h>
 
 #include <hostkit/drawing/ItemGroups.h>
 

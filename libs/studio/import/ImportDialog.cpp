@@ -1,11 +1,11 @@
 #include <studio/import/ImportDialog.h>
 
-#include <studio/PenColors.h>
 #include <studio/drawing/LongWork.h>
 #include <studio/import/CleanForm.h>
 #include <studio/import/ImportNotes.h>
 #include <studio/import/ImportPicture.h>
 #include <studio/import/ImportSettings.h>
+#include <studio/shapes/PenColors.h>
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>

@@ -4,8 +4,6 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 
-#include <cmath>
-
 namespace studio {
 
 namespace {
@@ -62,7 +60,8 @@ QMap<QRgb, int> pensFromJson(const QJsonObject &json)
 
 bool isUsable(const ImportSource &source)
 {
-    const auto isScale = [](double scale) { return std::isfinite(scale) && scale > 0.0; };
+    // Limit: beyond these nothing of a drawing would lie where drawings may.
+    const auto isScale = [](double scale) { return scale >= 1e-9 && scale <= 1e9; };
     return !source.file.isEmpty() && !source.import.isEmpty() && isScale(source.scaleX) &&
            isScale(source.scaleY);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <studio/ShapeItems.h>
+#include <studio/shapes/ShapeItems.h>
 
 #include <hostkit/import/DrawingImport.h>
 #include <hostkit/items/ItemExtras.h>

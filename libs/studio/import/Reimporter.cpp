@@ -1,10 +1,11 @@
 #include <studio/import/Reimporter.h>
 
-#include <studio/UndoTexts.h>
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/commands/OutlinesCommand.h>
 #include <studio/commands/UndoMacro.h>
+#include <studio/drawing/LongWork.h>
 #include <studio/import/ImportNotes.h>
+#include <studio/program/UndoTexts.h>
 
 #include <hostkit/items/GraphicItems.h>
 
@@ -79,7 +80,7 @@ void Reimporter::reimportSelected()
             all.gone += outcome.gone;
         }
     }
-    Q_EMIT told(tr("Re-imported: %1 shapes follow their file, %2 are new, %3 are gone")
+    Q_EMIT told(tr("Re-imported. Shapes that follow their file: %1, new: %2, gone: %3")
                     .arg(all.followed)
                     .arg(all.added)
                     .arg(all.gone));
@@ -89,10 +90,23 @@ bool Reimporter::read(const ImportSource &source, vectorkit::VectorDrawing *draw
 {
     const QString name = QFileInfo(source.file).fileName();
     vectorkit::ReadFailure failure;
-    if (!vectorkit::readDrawingFile(source.file, {}, drawing, &failure)) {
+    LongWork work(*m_document.window(), tr("Importing %1 again...").arg(name),
+                  LongWork::Cancel::Possible);
+    constexpr int kSteps = 1000;
+    const auto halfOf = [&work](int first) {
+        return [&work, first](double done) {
+            return work.step(first + qRound(done * kSteps / 2), kSteps);
+        };
+    };
+    vectorkit::ReadOptions options;
+    options.progress = halfOf(0);
+    if (!vectorkit::readDrawingFile(source.file, options, drawing, &failure)) {
+        if (failure.kind == vectorkit::ReadFailure::Kind::Cancelled)
+            return false;
         m_messages.failure(
             {tr("\"%1\" was not imported again; its shapes stay as they are.").arg(name),
-             failure.reason,
+             failure.advice.isEmpty() ? failure.reason
+                                      : failure.reason + QLatin1Char(' ') + failure.advice,
              {source.file}});
         return false;
     }
@@ -101,7 +115,9 @@ bool Reimporter::read(const ImportSource &source, vectorkit::VectorDrawing *draw
         m_messages.warning(
             {tr("\"%1\" was imported again with losses.").arg(name), QString(), losses});
     hostkit::scaleDrawing(drawing, source.scaleX, source.scaleY);
-    return vectorkit::cleanDrawing(drawing, source.cleaning, nullptr);
+    vectorkit::CleanOptions cleaning = source.cleaning;
+    cleaning.progress = halfOf(kSteps / 2);
+    return vectorkit::cleanDrawing(drawing, cleaning, nullptr);
 }
 
 Reimporter::Outcome Reimporter::follow(const ImportSource &source,

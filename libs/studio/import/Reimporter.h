@@ -1,7 +1,7 @@
 #pragma once
 
-#include <studio/Messages.h>
 #include <studio/import/ImportSource.h>
+#include <studio/program/Messages.h>
 
 #include <QtCore/QObject>
 

@@ -1,9 +1,9 @@
 #include <studio/job/JobExporter.h>
 
-#include <studio/Messages.h>
 #include <studio/commands/FramePause.h>
 #include <studio/drawing/LongWork.h>
 #include <studio/job/PensCommand.h>
+#include <studio/program/Messages.h>
 #include <studio/text/TextTools.h>
 #include <studio/text/VariantParts.h>
 

@@ -1,12 +1,12 @@
 #include <studio/job/JobPanel.h>
 
-#include <studio/UndoTexts.h>
 #include <studio/job/JobRun.h>
 #include <studio/job/MaterialStore.h>
 #include <studio/job/PenModel.h>
 #include <studio/job/PensCommand.h>
 #include <studio/job/ProfileDialog.h>
 #include <studio/job/ProfileStore.h>
+#include <studio/program/UndoTexts.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -222,7 +222,7 @@ void JobPanel::retranslate()
     m_hatchPlace->setItemText(2, tr("After outlines"));
     m_penByPen->setText(tr("Pen &by pen"));
     m_innerFirst->setText(tr("&Inner outlines before outer ones"));
-    m_preview->setText(tr("Pre&view..."));
+    m_preview->setText(tr("Pre&view"));
     m_export->setText(tr("E&xport job..."));
     fillMaterials();
     Q_EMIT m_model->headerDataChanged(Qt::Horizontal, 0, PenModel::ColumnCount - 1);

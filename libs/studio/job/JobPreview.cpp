@@ -2,23 +2,23 @@
 
 #include <studio/job/JobReport.h>
 
+#include <QtCore/QDir>
 #include <QtCore/QLocale>
-#include <QtGui/QGuiApplication>
+#include <QtCore/QSet>
 #include <QtGui/QKeyEvent>
-#include <QtGui/QScreen>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QFileDialog>
-#include <QtWidgets/QFormLayout>
 #include <QtWidgets/QHBoxLayout>
-#include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
-#include <QtWidgets/QListWidget>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QShortcut>
 #include <QtWidgets/QSlider>
-#include <QtWidgets/QTableWidget>
+#include <QtWidgets/QToolButton>
+#include <QtWidgets/QVBoxLayout>
 
 #include <algorithm>
+#include <array>
 
 namespace studio {
 
@@ -26,26 +26,54 @@ namespace {
 
 constexpr int kFrameMs = 33;
 constexpr int kSliderSteps = 100000;
-constexpr double kPaces[] = {0.1, 0.5, 1.0, 2.0, 5.0, 10.0, 100.0};
-constexpr int kUsualPace = 2;
-constexpr int kSideWidth = 360;
-const QSize kFirstSize(1100, 720);
+constexpr std::array<double, 9> kPaces = {0.1, 0.2, 0.5, 1.0, 2.0, 5.0, 10.0, 50.0, 100.0};
+constexpr int kUsualPace = 3;
+constexpr int kMargin = 4;
 
 QString seconds(double value) { return QLocale().toString(value, 'f', 2); }
+
+QRectF boxOf(const QPolygonF &points)
+{
+    QRectF box = points.boundingRect();
+    return box.isNull() ? QRectF(points.value(0), QSizeF(1e-6, 1e-6)) : box;
+}
 
 } // namespace
 
 JobPreview::JobPreview(QWidget *parent)
-    : QDialog(parent, Qt::Window | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
-      m_plan(new PlanView(this))
+    : QWidget(parent), m_plan(new PlanView(this)), m_panel(new PlanPanel)
 {
     setObjectName(QStringLiteral("jobPreview"));
     build();
-    resize(kFirstSize.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
+    connectPanel();
     m_timer.setInterval(kFrameMs);
     connect(&m_timer, &QTimer::timeout, this, &JobPreview::advance);
     connect(m_plan, &PlanView::picked, this, &JobPreview::pickPiece);
+    connect(m_plan, &PlanView::signsChanged, this, &JobPreview::showSignsNote);
+    auto *leaving = new QShortcut(Qt::Key_Escape, this);
+    connect(leaving, &QShortcut::activated, this, &JobPreview::leaveAsked);
+    setOutdated(false);
     retranslate();
+}
+
+JobPreview::~JobPreview()
+{
+    if (m_panel && m_panel->parent() == nullptr)
+        delete m_panel;
+}
+
+void JobPreview::connectPanel()
+{
+    connect(m_panel, &PlanPanel::findingPicked, this, [this](int object, const QPointF &atMm) {
+        m_plan->showPoint(atMm);
+        Q_EMIT objectPicked(object);
+    });
+    connect(m_panel, &PlanPanel::objectPicked, this, [this](int object) {
+        showObjects({object});
+        Q_EMIT objectPicked(object);
+    });
+    connect(m_panel, &PlanPanel::exportAsked, this, &JobPreview::exportAsked);
+    connect(m_panel, &PlanPanel::reportAsked, this, &JobPreview::saveReport);
 }
 
 QCheckBox *JobPreview::newSwitch(const char *name, bool isOn)
@@ -53,89 +81,93 @@ QCheckBox *JobPreview::newSwitch(const char *name, bool isOn)
     auto *box = new QCheckBox(this);
     box->setObjectName(QLatin1String(name));
     box->setChecked(isOn);
+    box->setFocusPolicy(Qt::TabFocus);
     connect(box, &QCheckBox::toggled, this, &JobPreview::readLook);
     return box;
 }
 
-void JobPreview::build()
+QToolButton *JobPreview::newStep(const char *name, const QString &sign)
 {
-    auto *middle = new QHBoxLayout;
-    middle->addWidget(m_plan, 1);
-    middle->addWidget(newSide());
-    auto *all = new QVBoxLayout(this);
-    auto *note = new QHBoxLayout;
-    m_outdated = new QLabel(this);
-    m_outdated->setObjectName(QStringLiteral("outdated"));
-    m_update = new QPushButton(this);
-    m_update->setObjectName(QStringLiteral("update"));
-    m_update->setAutoDefault(false);
-    connect(m_update, &QPushButton::clicked, this, &JobPreview::updateAsked);
-    note->addWidget(m_outdated, 1);
-    note->addWidget(m_update);
-    all->addLayout(note);
-    all->addLayout(middle, 1);
-    all->addWidget(newTransport());
-    m_plan->setFocusPolicy(Qt::StrongFocus);
-    m_plan->setFocus();
-    setOutdated(false);
+    auto *button = new QToolButton(this);
+    button->setObjectName(QLatin1String(name));
+    button->setText(sign);
+    button->setAutoRepeat(true);
+    button->setFocusPolicy(Qt::TabFocus);
+    return button;
 }
 
-QWidget *JobPreview::newSide()
+void JobPreview::build()
 {
-    auto *side = new QWidget(this);
-    side->setFixedWidth(kSideWidth);
-    m_colors = new QComboBox(side);
+    auto *all = new QVBoxLayout(this);
+    all->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    all->addLayout(newSwitches());
+    all->addLayout(newNote());
+    all->addWidget(m_plan, 1);
+    m_signsNote = new QLabel(this);
+    m_signsNote->setObjectName(QStringLiteral("signsNote"));
+    m_signsNote->setWordWrap(true);
+    m_signsNote->hide();
+    all->addWidget(m_signsNote);
+    all->addLayout(newTransport());
+    m_plan->setFocusPolicy(Qt::StrongFocus);
+    setFocusProxy(m_plan);
+}
+
+QHBoxLayout *JobPreview::newSwitches()
+{
+    m_colors = new QComboBox(this);
     m_colors->setObjectName(QStringLiteral("colors"));
     m_colors->addItems({QString(), QString(), QString()});
+    m_colors->setFocusPolicy(Qt::TabFocus);
     connect(m_colors, qOverload<int>(&QComboBox::currentIndexChanged), this, &JobPreview::readLook);
-    m_colorsLabel = new QLabel(side);
+    m_colorsLabel = new QLabel(this);
     m_colorsLabel->setBuddy(m_colors);
     m_jumps = newSwitch("jumps", true);
     m_arrows = newSwitch("arrows", false);
     m_numbers = newSwitch("numbers", false);
     m_starts = newSwitch("starts", false);
-    m_times = new QTableWidget(0, 5, side);
-    m_times->setObjectName(QStringLiteral("times"));
-    m_times->verticalHeader()->hide();
-    m_times->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    m_times->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_findingsTitle = new QLabel(side);
-    m_findings = new QListWidget(side);
-    m_findings->setObjectName(QStringLiteral("findings"));
-    m_findings->setWordWrap(true);
-    m_findingsTitle->setBuddy(m_findings);
-    connect(m_findings, &QListWidget::itemClicked, this, [this](QListWidgetItem *item) {
-        const jobkit::JobFinding &finding = m_job->findings[item->data(Qt::UserRole).toInt()];
-        if (finding.object >= 0) {
-            m_plan->showPoint(finding.atMm);
-            Q_EMIT objectPicked(finding.object);
-        }
-    });
-    m_picked = new QLabel(side);
-    m_picked->setObjectName(QStringLiteral("picked"));
-    m_picked->setWordWrap(true);
-    m_picked->setTextFormat(Qt::PlainText);
-
-    auto *form = new QFormLayout(side);
-    form->setContentsMargins(0, 0, 0, 0);
-    form->addRow(m_colorsLabel, m_colors);
-    form->addRow(m_jumps, m_arrows);
-    form->addRow(m_numbers, m_starts);
-    form->addRow(m_times);
-    form->addRow(m_findingsTitle);
-    form->addRow(m_findings);
-    form->addRow(m_picked);
-    return side;
+    m_close = new QPushButton(this);
+    m_close->setObjectName(QStringLiteral("close"));
+    m_close->setFocusPolicy(Qt::TabFocus);
+    connect(m_close, &QPushButton::clicked, this, &JobPreview::leaveAsked);
+    auto *row = new QHBoxLayout;
+    row->addWidget(m_colorsLabel);
+    row->addWidget(m_colors);
+    for (QCheckBox *box : {m_jumps, m_arrows, m_numbers, m_starts})
+        row->addWidget(box);
+    row->addStretch(1);
+    row->addWidget(m_close);
+    return row;
 }
 
-QWidget *JobPreview::newTransport()
+QHBoxLayout *JobPreview::newNote()
 {
-    auto *bar = new QWidget(this);
-    m_play = new QPushButton(bar);
+    m_outdated = new QLabel(this);
+    m_outdated->setObjectName(QStringLiteral("outdated"));
+    m_update = new QPushButton(this);
+    m_update->setObjectName(QStringLiteral("update"));
+    connect(m_update, &QPushButton::clicked, this, &JobPreview::updateAsked);
+    auto *row = new QHBoxLayout;
+    row->addWidget(m_outdated, 1);
+    row->addWidget(m_update);
+    return row;
+}
+
+QHBoxLayout *JobPreview::newTransport()
+{
+    m_pieceBack = newStep("pieceBack", QStringLiteral("|<"));
+    m_frameBack = newStep("frameBack", QStringLiteral("<"));
+    m_frameOn = newStep("frameOn", QStringLiteral(">"));
+    m_pieceOn = newStep("pieceOn", QStringLiteral(">|"));
+    connect(m_pieceBack, &QToolButton::clicked, this, [this] { step(-1); });
+    connect(m_frameBack, &QToolButton::clicked, this, [this] { stepFrames(-1); });
+    connect(m_frameOn, &QToolButton::clicked, this, [this] { stepFrames(1); });
+    connect(m_pieceOn, &QToolButton::clicked, this, [this] { step(1); });
+    m_play = new QPushButton(this);
     m_play->setObjectName(QStringLiteral("play"));
-    m_play->setAutoDefault(false);
+    m_play->setFocusPolicy(Qt::TabFocus);
     connect(m_play, &QPushButton::clicked, this, &JobPreview::togglePlay);
-    m_slider = new QSlider(Qt::Horizontal, bar);
+    m_slider = new QSlider(Qt::Horizontal, this);
     m_slider->setObjectName(QStringLiteral("slider"));
     m_slider->setRange(0, kSliderSteps);
     m_slider->setPageStep(kSliderSteps / 20);
@@ -143,74 +175,60 @@ QWidget *JobPreview::newTransport()
         m_plan->setMoment(totalS() * value / kSliderSteps);
         showMoment();
     });
-    m_clock = new QLabel(bar);
+    m_clock = new QLabel(this);
     m_clock->setObjectName(QStringLiteral("clock"));
-    m_pace = new QComboBox(bar);
+    m_pace = new QComboBox(this);
     m_pace->setObjectName(QStringLiteral("pace"));
     for (const double pace : kPaces)
         m_pace->addItem(QStringLiteral("%1 x").arg(QLocale().toString(pace)), pace);
     m_pace->setCurrentIndex(kUsualPace);
-    m_paceLabel = new QLabel(bar);
+    m_pace->setFocusPolicy(Qt::TabFocus);
+    m_paceLabel = new QLabel(this);
     m_paceLabel->setBuddy(m_pace);
-    m_picture = new QPushButton(bar);
-    m_picture->setObjectName(QStringLiteral("report"));
-    m_picture->setAutoDefault(false);
-    connect(m_picture, &QPushButton::clicked, this, &JobPreview::savePicture);
-    m_export = new QPushButton(bar);
-    m_export->setObjectName(QStringLiteral("export"));
-    m_export->setAutoDefault(false);
-    connect(m_export, &QPushButton::clicked, this, &JobPreview::exportAsked);
-    m_close = new QPushButton(bar);
-    m_close->setObjectName(QStringLiteral("close"));
-    m_close->setAutoDefault(false);
-    connect(m_close, &QPushButton::clicked, this, &QDialog::close);
 
-    auto *row = new QHBoxLayout(bar);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(m_play);
+    auto *row = new QHBoxLayout;
+    for (QWidget *button :
+         std::initializer_list<QWidget *>{m_pieceBack, m_frameBack, m_play, m_frameOn, m_pieceOn})
+        row->addWidget(button);
     row->addWidget(m_slider, 1);
     row->addWidget(m_clock);
     row->addWidget(m_paceLabel);
     row->addWidget(m_pace);
-    row->addWidget(m_picture);
-    row->addWidget(m_export);
-    row->addWidget(m_close);
-    return bar;
+    return row;
 }
 
 void JobPreview::changeEvent(QEvent *event)
 {
-    QDialog::changeEvent(event);
+    QWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         retranslate();
 }
 
 void JobPreview::retranslate()
 {
-    setWindowTitle(tr("Preview of the job"));
-    m_colorsLabel->setText(tr("&Colours by"));
+    m_colorsLabel->setText(tr("Colours by"));
     m_colors->setItemText(0, tr("Pen"));
     m_colors->setItemText(1, tr("Order"));
     m_colors->setItemText(2, tr("Speed"));
-    m_jumps->setText(tr("&Jumps"));
-    m_arrows->setText(tr("&Arrows"));
-    m_numbers->setText(tr("Order &numbers"));
-    m_starts->setText(tr("&Starting points"));
-    m_times->setHorizontalHeaderLabels(
-        {tr("Seconds"), tr("Total"), tr("Marking"), tr("Jumps"), tr("Delays")});
+    m_jumps->setText(tr("Jumps"));
+    m_arrows->setText(tr("Arrows"));
+    m_numbers->setText(tr("Order numbers"));
+    m_starts->setText(tr("Starting points"));
+    m_close->setText(tr("Close preview"));
     m_outdated->setText(tr("The drawing or the pens have changed since."));
-    m_update->setText(tr("&Update"));
-    m_paceLabel->setText(tr("Pac&e"));
-    m_picture->setText(tr("Save &report..."));
-    m_export->setText(tr("E&xport job..."));
-    m_close->setText(tr("C&lose"));
+    m_update->setText(tr("Update"));
+    m_pieceBack->setToolTip(tr("A piece back (Left)"));
+    m_frameBack->setToolTip(tr("A frame back (,)"));
+    m_frameOn->setToolTip(tr("A frame on (.)"));
+    m_pieceOn->setToolTip(tr("A piece on (Right)"));
+    for (QToolButton *button : {m_pieceBack, m_frameBack, m_frameOn, m_pieceOn})
+        button->setAccessibleName(button->toolTip());
+    m_paceLabel->setText(tr("Pace"));
     m_slider->setAccessibleName(tr("Moment of the job"));
     m_slider->setToolTip(tr("Moment of the job"));
-    m_play->setText(isPlaying() ? tr("&Pause") : tr("&Play"));
-    m_picked->setText(tr("Click a line to see what it is."));
-    showTimes();
-    showFindings();
+    m_play->setText(isPlaying() ? tr("Pause") : tr("Play"));
     showMoment();
+    showSignsNote();
 }
 
 void JobPreview::setJob(const std::shared_ptr<const Job> &job)
@@ -219,67 +237,62 @@ void JobPreview::setJob(const std::shared_ptr<const Job> &job)
     m_job = job;
     m_plan->setJob(job);
     m_slider->setValue(0);
+    if (m_panel)
+        m_panel->setJob(job);
     setOutdated(false);
-    m_play->setEnabled(totalS() > 0.0);
-    retranslate();
+    for (QWidget *widget :
+         std::initializer_list<QWidget *>{m_play, m_pieceBack, m_frameBack, m_frameOn, m_pieceOn})
+        widget->setEnabled(totalS() > 0.0);
+    showMoment();
 }
 
 void JobPreview::setOutdated(bool isOutdated)
 {
     m_outdated->setVisible(isOutdated);
     m_update->setVisible(isOutdated);
-    if (m_export != nullptr)
-        m_export->setEnabled(!isOutdated);
+    if (m_panel)
+        m_panel->setOutdated(isOutdated);
+}
+
+void JobPreview::showObjects(const QVector<int> &objects)
+{
+    QRectF box;
+    const QSet<int> shown(objects.begin(), objects.end());
+    if (m_job) {
+        for (const jobkit::PlanPiece &piece : m_job->plan.pieces) {
+            if (shown.contains(piece.object))
+                box = box.united(boxOf(piece.pointsMm));
+        }
+    }
+    if (box.isNull())
+        m_plan->fit();
+    else
+        m_plan->showBox(box);
 }
 
 double JobPreview::totalS() const { return m_job ? m_job->times.all.totalS() : 0.0; }
 
-void JobPreview::addTimes(const QString &name, const jobkit::TimeSums &sums)
-{
-    const int row = m_times->rowCount();
-    m_times->insertRow(row);
-    const QString texts[] = {name, seconds(sums.totalS()), seconds(sums.markS), seconds(sums.jumpS),
-                             seconds(sums.delayS)};
-    for (int column = 0; column < 5; ++column) {
-        auto *cell = new QTableWidgetItem(texts[column]);
-        if (column > 0)
-            cell->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        m_times->setItem(row, column, cell);
-    }
-}
-
-void JobPreview::showTimes()
-{
-    m_times->setRowCount(0);
-    if (!m_job)
-        return;
-    addTimes(tr("One part"), m_job->times.all);
-    for (const auto &pen : m_job->times.byPen)
-        addTimes(tr("Pen %1").arg(pen.first), pen.second);
-}
-
-void JobPreview::showFindings()
-{
-    m_findings->clear();
-    const int count = m_job ? m_job->findings.size() : 0;
-    m_findingsTitle->setText(count == 0 ? tr("Nothing speaks against this job.")
-                                        : tr("To be &looked at: %1").arg(count));
-    m_findings->setVisible(count > 0);
-    for (int i = 0; i < count; ++i) {
-        auto *row = new QListWidgetItem(m_job->findings[i].text, m_findings);
-        row->setData(Qt::UserRole, i);
-    }
-}
+double JobPreview::pace() const { return m_pace->currentData().toDouble(); }
 
 void JobPreview::showMoment()
 {
     m_clock->setText(tr("%1 of %2 s").arg(seconds(m_plan->moment()), seconds(totalS())));
 }
 
+void JobPreview::showSignsNote()
+{
+    const int leftOut = m_plan->signsLeftOut();
+    m_signsNote->setVisible(leftOut > 0);
+    m_signsNote->setText(tr("Jumps, arrows, numbers and starting points are not shown: %L1 pieces "
+                            "are in sight, more than %L2. Zoom in to see them.")
+                             .arg(leftOut)
+                             .arg(PlanPictures::kSignsAtMost));
+}
+
 void JobPreview::readLook()
 {
-    PlanView::Look look;
-    look.colors = static_cast<PlanView::Colors>(std::max(0, m_colors->currentIndex()));
+    PlanLook look;
+    look.colors = static_cast<PlanColors>(std::max(0, m_colors->currentIndex()));
     look.hasJumps = m_jumps->isChecked();
     look.hasArrows = m_arrows->isChecked();
     look.hasNumbers = m_numbers->isChecked();
@@ -303,25 +316,31 @@ void JobPreview::play()
         m_slider->setValue(0);
     m_sinceFrame.start();
     m_timer.start();
-    m_play->setText(tr("&Pause"));
+    m_play->setText(tr("Pause"));
 }
 
 void JobPreview::pause()
 {
     m_timer.stop();
-    m_play->setText(tr("&Play"));
+    m_play->setText(tr("Play"));
+}
+
+/** To a moment between the slider's steps. */
+void JobPreview::goTo(double moment)
+{
+    const double shown = qBound(0.0, moment, totalS());
+    {
+        const QSignalBlocker blocker(m_slider);
+        m_slider->setValue(qRound(shown / std::max(totalS(), 1e-9) * kSliderSteps));
+    }
+    m_plan->setMoment(shown);
+    showMoment();
 }
 
 void JobPreview::advance()
 {
-    const double passedS = m_sinceFrame.restart() / 1000.0 * m_pace->currentData().toDouble();
-    const double moment = std::min(totalS(), m_plan->moment() + passedS);
-    {
-        const QSignalBlocker blocker(m_slider);
-        m_slider->setValue(qRound(moment / totalS() * kSliderSteps));
-    }
-    m_plan->setMoment(moment);
-    showMoment();
+    const double moment = m_plan->moment() + m_sinceFrame.restart() / 1000.0 * pace();
+    goTo(moment);
     if (moment >= totalS())
         pause();
 }
@@ -335,14 +354,15 @@ void JobPreview::step(int pieces)
     const jobkit::HeadPlace head = jobkit::headAt(m_job->plan, m_job->times, m_plan->moment());
     const int piece = qBound(0, head.piece + pieces, m_job->plan.pieces.size() - 1);
     const qint64 vertex = m_job->times.firstVertex[size_t(piece)];
-    const double moment = m_job->times.vertexS[size_t(vertex)];
-    {
-        const QSignalBlocker blocker(m_slider);
-        m_slider->setValue(qRound(moment / std::max(totalS(), 1e-9) * kSliderSteps));
-    }
-    m_plan->setMoment(moment);
-    showMoment();
+    goTo(m_job->times.vertexS[size_t(vertex)]);
     pickPiece(piece);
+}
+
+/** By what playing shows in one frame at the present pace. */
+void JobPreview::stepFrames(int frames)
+{
+    pause();
+    goTo(m_plan->moment() + frames * kFrameMs / 1000.0 * pace());
 }
 
 void JobPreview::keyPressEvent(QKeyEvent *event)
@@ -357,6 +377,12 @@ void JobPreview::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Right:
         step(1);
         return;
+    case Qt::Key_Comma:
+        stepFrames(-1);
+        return;
+    case Qt::Key_Period:
+        stepFrames(1);
+        return;
     case Qt::Key_Home:
         m_slider->setValue(0);
         return;
@@ -364,38 +390,26 @@ void JobPreview::keyPressEvent(QKeyEvent *event)
         m_slider->setValue(kSliderSteps);
         return;
     default:
-        QDialog::keyPressEvent(event);
+        QWidget::keyPressEvent(event);
     }
 }
 
 void JobPreview::hideEvent(QHideEvent *event)
 {
     pause();
-    QDialog::hideEvent(event);
+    QWidget::hideEvent(event);
 }
 
 void JobPreview::pickPiece(int piece)
 {
-    if (!m_job || piece < 0) {
-        m_picked->setText(tr("Click a line to see what it is."));
+    if (!m_job || !m_panel)
         return;
-    }
-    const jobkit::PlanPiece &picked = m_job->plan.pieces[piece];
-    const qint64 first = m_job->times.firstVertex[size_t(piece)];
-    const qint64 last = m_job->times.firstVertex[size_t(piece) + 1] - 1;
-    const QString what = picked.hatch == 0 ? tr("outline") : tr("hatch %1").arg(picked.hatch);
-    m_picked->setText(tr("Piece %1 of %2: %3, %4, pen %5, pass %6, from %7 to %8 s")
-                          .arg(piece + 1)
-                          .arg(m_job->plan.pieces.size())
-                          .arg(m_job->request.items.value(picked.object).name, what)
-                          .arg(picked.pen)
-                          .arg(picked.pass)
-                          .arg(seconds(m_job->times.vertexS[size_t(first)]),
-                               seconds(m_job->times.vertexS[size_t(last)])));
-    Q_EMIT objectPicked(picked.object);
+    m_panel->showPiece(piece);
+    if (piece >= 0)
+        Q_EMIT objectPicked(m_job->plan.pieces[piece].object);
 }
 
-void JobPreview::savePicture()
+void JobPreview::saveReport()
 {
     if (!m_job)
         return;
@@ -410,10 +424,10 @@ void JobPreview::savePicture()
     });
     connect(dialog, &QFileDialog::fileSelected, this, [this](const QString &path) {
         QString error;
-        if (saveReport(*m_job, *m_plan, path, &error))
-            m_picked->setText(tr("Report written to %1").arg(path));
+        if (studio::saveReport(*m_job, *m_plan, path, &error))
+            m_panel->tell(tr("Report written to %1").arg(QDir::toNativeSeparators(path)));
         else
-            m_picked->setText(tr("The report was not written: %1").arg(error));
+            m_panel->tell(tr("The report was not written: %1").arg(error));
     });
     dialog->open();
 }

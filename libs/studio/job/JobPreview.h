@@ -1,35 +1,39 @@
 #pragma once
 
+#include <studio/job/PlanPanel.h>
 #include <studio/job/PlanView.h>
 
 #include <QtCore/QElapsedTimer>
+#include <QtCore/QPointer>
 #include <QtCore/QTimer>
-#include <QtWidgets/QDialog>
+#include <QtWidgets/QWidget>
 
 QT_BEGIN_NAMESPACE
 class QCheckBox;
 class QComboBox;
+class QHBoxLayout;
 class QLabel;
-class QListWidget;
 class QPushButton;
 class QSlider;
-class QTableWidget;
+class QToolButton;
 QT_END_NAMESPACE
 
 namespace studio {
 
 /**
- * Plays a job: the very plan that is exported, with the times that the machine takes, where they go
- * and what may be wrong.
+ * Plays a job in the place of the canvas: the very plan that is exported. Where its time goes and
+ * what may be wrong stands in its panel.
  *
- * Space plays and pauses, the arrow keys go a piece back and on, Home and End to the ends.
+ * Space plays and pauses, the arrow keys go a piece back and on, comma and point a frame, Home and
+ * End to the ends; Escape leaves, wherever the keyboard is in the window.
  */
-class JobPreview : public QDialog
+class JobPreview : public QWidget
 {
     Q_OBJECT
 
 public:
     explicit JobPreview(QWidget *parent = nullptr);
+    ~JobPreview() override;
 
     /** Shows a job from its beginning. */
     void setJob(const std::shared_ptr<const Job> &job);
@@ -38,12 +42,20 @@ public:
     void setOutdated(bool isOutdated);
 
     PlanView &plan() const { return *m_plan; }
+
+    /** What stands beside the plan. Owner: whoever puts it somewhere, or this. */
+    PlanPanel &panel() const { return *m_panel; }
+
     bool isPlaying() const { return m_timer.isActive(); }
+
+    /** Brings the pieces of some objects into sight; without any of them, the whole plan. */
+    void showObjects(const QVector<int> &objects);
 
 Q_SIGNALS:
     void updateAsked();
     void exportAsked();
-    /** A finding or a line was clicked: the object of the job behind it. */
+    void leaveAsked();
+    /** A finding, a row or a line was clicked: the object of the job behind it. */
     void objectPicked(int object);
 
 protected:
@@ -53,46 +65,50 @@ protected:
 
 private:
     void build();
-    QWidget *newSide();
-    QWidget *newTransport();
+    void connectPanel();
+    QHBoxLayout *newSwitches();
+    QHBoxLayout *newNote();
+    QHBoxLayout *newTransport();
     QCheckBox *newSwitch(const char *name, bool isOn);
+    QToolButton *newStep(const char *name, const QString &sign);
     void retranslate();
-    void showTimes();
-    void addTimes(const QString &name, const jobkit::TimeSums &sums);
-    void showFindings();
     void showMoment();
+    void showSignsNote();
     void readLook();
     void togglePlay();
     void play();
     void pause();
     void advance();
+    void goTo(double moment);
     void step(int pieces);
+    void stepFrames(int frames);
     void pickPiece(int piece);
-    void savePicture();
+    void saveReport();
     double totalS() const;
+    double pace() const;
 
     std::shared_ptr<const Job> m_job; ///< may be null
-    PlanView *m_plan;                 ///< child, as all widgets below
+    PlanView *m_plan;                 ///< child, as all widgets below but the panel
+    QPointer<PlanPanel> m_panel;
+    QLabel *m_colorsLabel = nullptr;
     QComboBox *m_colors = nullptr;
     QCheckBox *m_jumps = nullptr;
     QCheckBox *m_arrows = nullptr;
     QCheckBox *m_numbers = nullptr;
     QCheckBox *m_starts = nullptr;
-    QTableWidget *m_times = nullptr;
-    QLabel *m_findingsTitle = nullptr;
-    QListWidget *m_findings = nullptr;
-    QLabel *m_picked = nullptr;
+    QPushButton *m_close = nullptr;
     QLabel *m_outdated = nullptr;
     QPushButton *m_update = nullptr;
+    QLabel *m_signsNote = nullptr;
+    QToolButton *m_pieceBack = nullptr;
+    QToolButton *m_frameBack = nullptr;
     QPushButton *m_play = nullptr;
-    QComboBox *m_pace = nullptr;
+    QToolButton *m_frameOn = nullptr;
+    QToolButton *m_pieceOn = nullptr;
     QSlider *m_slider = nullptr;
     QLabel *m_clock = nullptr;
-    QPushButton *m_picture = nullptr;
-    QPushButton *m_export = nullptr;
-    QPushButton *m_close = nullptr;
-    QLabel *m_colorsLabel = nullptr;
     QLabel *m_paceLabel = nullptr;
+    QComboBox *m_pace = nullptr;
 
     QTimer m_timer;
     QElapsedTimer m_sinceFrame;

@@ -17,6 +17,7 @@ namespace studio {
 namespace {
 
 constexpr int kDpi = 150;
+const QSize kPictureSize(1600, 1000);
 constexpr double kPictureShare = 0.5; ///< of the page's height, at most
 
 struct Texts
@@ -102,9 +103,9 @@ QString reportText(const Job &job)
     return html + table(Texts::tr("Checks"), findings);
 }
 
-bool saveReport(const Job &job, PlanView &plan, const QString &path, QString *error)
+bool saveReport(const Job &job, const PlanView &plan, const QString &path, QString *error)
 {
-    const QImage picture = plan.grab().toImage();
+    const QImage picture = plan.picture(kPictureSize);
     const bool isPicture = path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive);
     hostkit::Failure failure;
     const bool isSaved = hostkit::saveWhole(

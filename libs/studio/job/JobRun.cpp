@@ -1,6 +1,6 @@
 #include <studio/job/JobRun.h>
 
-#include <studio/ShapeKinds.h>
+#include <studio/shapes/ShapeKinds.h>
 
 #include <hostkit/marks/MarkGraphBuilder.h>
 #include <jobkit/marks/MarkGraphItems.h>
@@ -14,6 +14,19 @@ namespace {
 /** Time after which the best order so far is kept: somebody waits. */
 constexpr int kOrderMs = 3000;
 constexpr int kGatherMs = 50;
+
+/** The times of a part that begins where one like it ended. */
+jobkit::JobTimes furtherTimes(const Job &job)
+{
+    if (job.plan.pieces.isEmpty())
+        return {};
+    const QPointF endMm = job.plan.pieces.last().pointsMm.last();
+    jobkit::JobTimes times =
+        jobkit::jobTimes(job.plan, job.request.pens, job.request.machine, endMm);
+    times.vertexS = {};
+    times.firstVertex = {};
+    return times;
+}
 
 } // namespace
 
@@ -67,6 +80,7 @@ std::shared_ptr<const Job> makeJob(const JobRequest &request, const std::atomic<
     job->order = jobkit::orderPlan(&job->plan, options);
     jobkit::layOutPasses(&job->plan, jobkit::PassOrder::WholeJob);
     job->times = jobkit::jobTimes(job->plan, request.pens, request.machine, job->headMm());
+    job->furtherTimes = furtherTimes(*job);
     job->findings = jobkit::checkJob(request.items, request.pens, request.machine);
     return job;
 }

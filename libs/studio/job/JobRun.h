@@ -1,7 +1,7 @@
 #pragma once
 
-#include <studio/ShapeItems.h>
 #include <studio/job/JobSettings.h>
+#include <studio/shapes/ShapeItems.h>
 
 #include <jobkit/checks/JobChecks.h>
 #include <jobkit/plan/JobTimes.h>
@@ -31,6 +31,7 @@ struct Job
     JobRequest request;
     jobkit::JobPlan plan; ///< ordered, its passes laid out
     jobkit::JobTimes times;
+    jobkit::JobTimes furtherTimes; ///< sums alone: of each further part, from where one ended
     QVector<jobkit::JobFinding> findings;
     jobkit::OrderResult order;
 

@@ -1,11 +1,11 @@
 #include <studio/job/JobTools.h>
 
-#include <studio/Messages.h>
 #include <studio/drawing/LongWork.h>
 #include <studio/job/JobExportDialog.h>
 #include <studio/job/JobPanel.h>
 #include <studio/job/JobPreview.h>
 #include <studio/job/PensCommand.h>
+#include <studio/program/Messages.h>
 #include <studio/text/TextTools.h>
 
 #include <QtWidgets/QMessageBox>
@@ -43,8 +43,14 @@ JobTools::JobTools(ZTGraphicsDocument &document, TextTools &texts, Messages &mes
                    QWidget &window)
     : QObject(&window), m_document(document), m_texts(texts), m_messages(messages),
       m_window(window), m_panel(new JobPanel(document)),
-      m_exporter(new JobExporter(document, texts, messages, window))
+      m_exporter(new JobExporter(document, texts, messages, window)),
+      m_preview(new JobPreview(&window))
 {
+    m_preview->hide();
+    connect(m_preview, &JobPreview::updateAsked, this, &JobTools::showPreview);
+    connect(m_preview, &JobPreview::exportAsked, this, &JobTools::chooseExport);
+    connect(m_preview, &JobPreview::leaveAsked, this, &JobTools::leavePreview);
+    connect(m_preview, &JobPreview::objectPicked, this, &JobTools::selectObject);
     connect(m_panel, &JobPanel::previewAsked, this, &JobTools::showPreview);
     connect(m_panel, &JobPanel::exportAsked, this, &JobTools::chooseExport);
     connect(m_panel, &JobPanel::changed, this, &JobTools::showOutdated);
@@ -52,12 +58,10 @@ JobTools::JobTools(ZTGraphicsDocument &document, TextTools &texts, Messages &mes
     connect(&texts, &TextTools::partChanged, this, &JobTools::showOutdated);
 }
 
-JobTools::~JobTools() { delete m_preview; }
-
 void JobTools::showOutdated()
 {
     m_panel->showTimes(nullptr);
-    if (m_preview)
+    if (m_isPreviewing)
         m_preview->setOutdated(true);
 }
 
@@ -109,18 +113,31 @@ void JobTools::showPreview()
     const std::shared_ptr<const Job> job = makeJob();
     if (!job)
         return;
-    if (!m_preview) {
-        m_preview = new JobPreview(&m_window);
-        m_preview->setAttribute(Qt::WA_DeleteOnClose);
-        connect(m_preview, &JobPreview::updateAsked, this, &JobTools::showPreview);
-        connect(m_preview, &JobPreview::exportAsked, this, &JobTools::chooseExport);
-        connect(m_preview, &JobPreview::objectPicked, this, &JobTools::selectObject);
-    }
     m_preview->setJob(job);
     m_panel->showTimes(job.get());
-    m_preview->show();
-    m_preview->raise();
-    m_preview->activateWindow();
+    if (!m_isPreviewing) {
+        m_isPreviewing = true;
+        Q_EMIT previewing(true);
+    }
+    m_preview->setFocus();
+}
+
+void JobTools::leavePreview()
+{
+    if (!m_isPreviewing)
+        return;
+    m_isPreviewing = false;
+    Q_EMIT previewing(false);
+}
+
+void JobTools::showSelected()
+{
+    QVector<int> objects;
+    for (int object = 0; object < m_shapes.size(); ++object) {
+        if (m_shapes[object] && m_shapes[object]->isSelected())
+            objects.append(object);
+    }
+    m_preview->showObjects(objects);
 }
 
 void JobTools::selectObject(int object)

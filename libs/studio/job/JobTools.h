@@ -26,18 +26,32 @@ class JobTools : public QObject
 public:
     /** All are borrowed and outlive this; `window` is what dialogs stand over. */
     JobTools(ZTGraphicsDocument &document, TextTools &texts, Messages &messages, QWidget &window);
-    ~JobTools() override;
 
     /** Pens, machine and order, to be put into a dock. Owner: whoever puts it there. */
     JobPanel &panel() const { return *m_panel; }
 
-    /** Makes the job and plays it; tells why where there is none. */
+    /**
+     * Plays the job in the place of the canvas, with a panel of its own. Owner: whoever puts it
+     * into the window, and shows it and its panel as `previewing` tells.
+     */
+    JobPreview &preview() const { return *m_preview; }
+
+    /** Makes the job and shows it in the preview; tells why where there is none. */
     void showPreview();
+    void leavePreview();
+    bool isPreviewing() const { return m_isPreviewing; }
+
+    /** Brings what is selected into sight in the preview; all of it where nothing is. */
+    void showSelected();
 
     /** Asks where the job is to go, after what its checks found. */
     void chooseExport();
 
     JobExporter &exporter() const { return *m_exporter; }
+
+Q_SIGNALS:
+    /** The preview is to take the canvas's place, or to give it back. */
+    void previewing(bool isPreviewing);
 
 private:
     std::shared_ptr<const Job> makeJob();
@@ -52,7 +66,8 @@ private:
     QWidget &m_window;
     JobPanel *m_panel;
     JobExporter *m_exporter; ///< child
-    QPointer<JobPreview> m_preview;
+    JobPreview *m_preview;   ///< of the window
+    bool m_isPreviewing = false;
     std::shared_ptr<const Job> m_job;      ///< the one shown last; may be null
     QVector<QPointer<ShapeItem>> m_shapes; ///< behind the objects of the job shown last
 };

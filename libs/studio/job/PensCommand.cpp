@@ -1,6 +1,6 @@
 #include <studio/job/PensCommand.h>
 
-#include <studio/PenColors.h>
+#include <studio/shapes/PenColors.h>
 
 #include <jobkit/marks/DrawingPens.h>
 

@@ -4,32 +4,25 @@
 #include <QtGui/QPainter>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
+#include <limits>
 
 namespace studio {
 
 namespace {
 
 constexpr int kMarginPx = 16;
-constexpr int kWaypoints = 8;
-constexpr int kSmoothAtMost = 100000; ///< segments: more are drawn without anti-aliasing
-constexpr int kSignsAtMost = 20000;   ///< arrows, numbers and starts beyond would be a grey mass
+constexpr int kLarge = 20000;            ///< segments: more are drawn in another thread
+constexpr qint64 kVerticesAPaint = 8000; ///< of a large plan; the rest follows with the next frame
+constexpr int kLookMs = 5;               ///< how often a picture of another thread is looked for
 constexpr double kPickPx = 6.0;
 constexpr double kHeadPx = 5.0;
 constexpr double kZoomStep = 1.25;
+constexpr double kLeastZoom = 0.1;
 constexpr double kMostZoom = 10000.0;
-constexpr int kPaleAlpha = 60;
-const QSize kLeast(420, 320);
-
-QPen cosmetic(const QColor &color, double widthPx = 1.0)
-{
-    QPen pen(color, widthPx);
-    pen.setCosmetic(true);
-    return pen;
-}
-
-/** Slow red, fast blue. */
-QColor between(double share) { return QColor::fromHsvF(0.66 * qBound(0.0, share, 1.0), 0.9, 0.8); }
+constexpr double kLeastSpanMm = 1e-3;
+const QSize kLeast(320, 240);
 
 double distanceTo(const QPointF &point, const QPointF &a, const QPointF &b)
 {
@@ -41,17 +34,11 @@ double distanceTo(const QPointF &point, const QPointF &a, const QPointF &b)
     return std::hypot(off.x(), off.y());
 }
 
-void drawArrow(QPainter &painter, const QPointF &from, const QPointF &to)
+/** A box with a little room around it; that of flat jobs has an area then. */
+QRectF roomy(const QRectF &box)
 {
-    const QPointF way = to - from;
-    const double length = std::hypot(way.x(), way.y());
-    if (length < 8.0)
-        return;
-    const QPointF along = way / length;
-    const QPointF across(-along.y(), along.x());
-    const QPointF tip = (from + to) / 2 + 3.0 * along;
-    painter.drawLine(tip, tip - 6.0 * along + 3.0 * across);
-    painter.drawLine(tip, tip - 6.0 * along - 3.0 * across);
+    const double spanMm = std::max({box.width(), box.height(), 1.0}) * 0.01;
+    return box.adjusted(-spanMm, -spanMm, spanMm, spanMm);
 }
 
 } // namespace
@@ -60,32 +47,30 @@ PlanView::PlanView(QWidget *parent) : QWidget(parent)
 {
     setMinimumSize(kLeast);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    m_drawnTimer.setInterval(kLookMs);
+    connect(&m_drawnTimer, &QTimer::timeout, this, &PlanView::takeDrawn);
 }
+
+PlanView::~PlanView() { giveUpDrawing(); }
 
 void PlanView::setJob(const std::shared_ptr<const Job> &job)
 {
+    giveUpDrawing();
     m_job = job;
+    m_stretches.reset();
     m_boxMm = QRectF();
-    m_fastest = 1.0;
+    m_pictures = PlanPictures();
     if (m_job) {
-        const QRectF box = m_job->plan.boundsMm();
-        // Flat jobs have a box without an area, which uniting would leave out.
-        const double spanMm = std::max({box.width(), box.height(), 1.0}) * 0.01;
-        m_boxMm = box.adjusted(-spanMm, -spanMm, spanMm, spanMm);
-        for (const jobkit::Pen &pen : m_job->request.pens)
-            m_fastest = std::max(m_fastest, pen.speedMmPerS);
+        m_boxMm = roomy(m_job->plan.boundsMm());
+        m_stretches = std::make_shared<PlanStretches>(m_job->plan);
     }
     m_seconds = 0.0;
     fit();
 }
 
-void PlanView::setLook(const Look &look)
+void PlanView::setLook(const PlanLook &look)
 {
-    const bool isRecolored = look.colors != m_look.colors;
     m_look = look;
-    m_signs = QImage();
-    if (isRecolored)
-        forgetPictures();
     update();
 }
 
@@ -99,7 +84,19 @@ void PlanView::fit()
 {
     m_zoom = 1.0;
     m_shift = {};
-    forgetPictures();
+    update();
+}
+
+void PlanView::showBox(const QRectF &boxMm)
+{
+    if (boxMm.isNull())
+        return;
+    const QRectF box = roomy(boxMm);
+    const double share = std::min(m_boxMm.width() / std::max(box.width(), kLeastSpanMm),
+                                  m_boxMm.height() / std::max(box.height(), kLeastSpanMm));
+    m_zoom = qBound(kLeastZoom, share, kMostZoom);
+    m_shift = {};
+    m_shift = QPointF(width(), height()) / 2 - transform().map(box.center());
     update();
 }
 
@@ -108,73 +105,44 @@ void PlanView::showPoint(const QPointF &pointMm)
     m_zoom = std::max(m_zoom, 4.0);
     m_shift = {};
     m_shift = QPointF(width(), height()) / 2 - transform().map(pointMm);
-    forgetPictures();
     update();
 }
 
-QTransform PlanView::transform() const
+void PlanView::zoomBy(double factor) { zoomAbout(QPointF(width(), height()) / 2, factor); }
+
+void PlanView::zoomAbout(const QPointF &pos, double factor)
 {
-    const QRectF room = QRectF(rect()).adjusted(kMarginPx, kMarginPx, -kMarginPx, -kMarginPx);
+    const QPointF under = transform().inverted().map(pos);
+    m_zoom = qBound(kLeastZoom, m_zoom * factor, kMostZoom);
+    m_shift += pos - transform().map(under);
+    update();
+}
+
+QTransform PlanView::transformFor(const QSize &size) const
+{
+    return transformFor(size, m_zoom, m_shift);
+}
+
+QTransform PlanView::transformFor(const QSize &size, double zoom, const QPointF &shift) const
+{
+    const QRectF room =
+        QRectF(QPointF(0, 0), QSizeF(size)).adjusted(kMarginPx, kMarginPx, -kMarginPx, -kMarginPx);
     const double scale =
         m_boxMm.isEmpty() || room.isEmpty()
             ? 1.0
             : std::min(room.width() / m_boxMm.width(), room.height() / m_boxMm.height());
     QTransform view;
-    view.translate(room.center().x() + m_shift.x(), room.center().y() + m_shift.y());
-    view.scale(scale * m_zoom, scale * m_zoom);
+    view.translate(room.center().x() + shift.x(), room.center().y() + shift.y());
+    view.scale(scale * zoom, scale * zoom);
     view.translate(-m_boxMm.center().x(), -m_boxMm.center().y());
     return view;
 }
 
-QImage PlanView::blank() const
-{
-    QImage image(size() * devicePixelRatioF(), QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(devicePixelRatioF());
-    image.fill(Qt::transparent);
-    return image;
-}
+bool PlanView::isLarge() const { return m_job->plan.segmentCount() > kLarge; }
 
-void PlanView::forgetPictures()
+PlanScene PlanView::wantedScene() const
 {
-    m_pale = QImage();
-    m_signs = QImage();
-    m_done = QImage();
-    m_doneVertices = 0;
-    m_waypoints.clear();
-}
-
-QColor PlanView::colorOf(int piece) const
-{
-    const jobkit::PlanPiece &shown = m_job->plan.pieces[piece];
-    if (m_look.colors == Colors::ByOrder)
-        return between(double(piece) / std::max(1, m_job->plan.pieces.size() - 1));
-    const jobkit::Pen pen = jobkit::penOf(m_job->request.pens, shown.pen);
-    if (m_look.colors == Colors::BySpeed)
-        return between(pen.speedMmPerS / m_fastest);
-    return pen.color.lightness() > 200 ? pen.color.darker(150) : pen.color;
-}
-
-void PlanView::drawPiece(QPainter &painter, int piece, int first, int last) const
-{
-    const QPolygonF &points = m_job->plan.pieces[piece].pointsMm;
-    if (m_job->plan.pieces[piece].isDot())
-        painter.drawPoint(points.first());
-    else if (last > first)
-        painter.drawPolyline(points.constData() + first, last - first + 1);
-}
-
-void PlanView::drawPale()
-{
-    m_pale = blank();
-    QPainter painter(&m_pale);
-    painter.setRenderHint(QPainter::Antialiasing, m_job->plan.segmentCount() <= kSmoothAtMost);
-    painter.setTransform(transform(), true);
-    for (int piece = 0; piece < m_job->plan.pieces.size(); ++piece) {
-        QColor color = colorOf(piece);
-        color.setAlpha(kPaleAlpha);
-        painter.setPen(cosmetic(color));
-        drawPiece(painter, piece, 0, m_job->plan.pieces[piece].pointsMm.size() - 1);
-    }
+    return {m_job, m_stretches, m_look, transform(), size(), devicePixelRatioF()};
 }
 
 /** Points that the head has come to by now. */
@@ -184,48 +152,65 @@ qint64 PlanView::verticesDone() const
     return std::upper_bound(whenS.begin(), whenS.end(), m_seconds) - whenS.begin();
 }
 
-int PlanView::pieceOfVertex(qint64 vertex) const
+/** Makes the pictures those of the present view, or has them made. */
+void PlanView::bringUpToDate()
 {
-    const std::vector<qint64> &first = m_job->times.firstVertex;
-    return int(std::upper_bound(first.begin(), first.end(), vertex) - first.begin()) - 1;
+    const PlanScene wanted = wantedScene();
+    if (m_pictures.isNull() || m_pictures.scene() != wanted) {
+        if (isLarge()) {
+            drawAside();
+        } else {
+            PlanScene other = m_pictures.scene();
+            const bool isSignsAlone = !m_pictures.isNull() && other.look.colors == m_look.colors;
+            other.look = m_look;
+            if (isSignsAlone && other == wanted) {
+                m_pictures.drawSignsLike(m_look);
+            } else {
+                m_pictures = PlanPictures(wanted);
+                m_pictures.draw(false);
+            }
+            Q_EMIT signsChanged();
+        }
+    }
+    const qint64 most = isLarge() ? kVerticesAPaint : std::numeric_limits<qint32>::max();
+    if (!m_pictures.isNull() && !m_pictures.advanceTo(verticesDone(), most))
+        update();
 }
 
-/** The ways that end at the vertices `from` up to, not including, `to`. */
-void PlanView::drawSegments(QPainter &painter, qint64 from, qint64 to) const
+/** One at a time: what was asked for meanwhile is drawn next. */
+void PlanView::drawAside()
 {
-    if (from >= to)
+    if (m_drawn.valid())
         return;
-    const std::vector<qint64> &first = m_job->times.firstVertex;
-    for (int piece = pieceOfVertex(from); piece < m_job->plan.pieces.size(); ++piece) {
-        const qint64 begin = first[size_t(piece)];
-        if (begin >= to)
-            break;
-        const qint64 end = std::min(to, first[size_t(piece) + 1]);
-        painter.setPen(cosmetic(colorOf(piece), 1.6));
-        drawPiece(painter, piece, int(std::max<qint64>(0, from - 1 - begin)), int(end - 1 - begin));
-    }
+    m_isGivenUp = std::make_shared<std::atomic<bool>>(false);
+    m_drawn = std::async(std::launch::async, [scene = wantedScene(), vertices = verticesDone(),
+                                              isGivenUp = m_isGivenUp] {
+        PlanPictures pictures(scene);
+        pictures.draw(*isGivenUp);
+        while (!*isGivenUp && !pictures.advanceTo(vertices, kVerticesAPaint)) {
+        }
+        return pictures;
+    });
+    m_drawnTimer.start();
 }
 
-void PlanView::drawUpTo(qint64 vertex)
+void PlanView::takeDrawn()
 {
-    if (m_done.isNull() || vertex < m_doneVertices) {
-        const auto after = m_waypoints.upper_bound(vertex);
-        const bool hasWaypoint = after != m_waypoints.begin();
-        m_done = hasWaypoint ? std::prev(after)->second : blank();
-        m_doneVertices = hasWaypoint ? std::prev(after)->first : 0;
-    }
-    const qint64 stride = std::max<qint64>(1, qint64(m_job->times.vertexS.size()) / kWaypoints);
-    while (m_doneVertices < vertex) {
-        const qint64 next = std::min(vertex, (m_doneVertices / stride + 1) * stride);
-        QPainter painter(&m_done);
-        painter.setRenderHint(QPainter::Antialiasing, m_job->plan.segmentCount() <= kSmoothAtMost);
-        painter.setTransform(transform(), true);
-        drawSegments(painter, m_doneVertices, next);
-        painter.end();
-        m_doneVertices = next;
-        if (next % stride == 0)
-            m_waypoints.emplace(next, m_done);
-    }
+    if (m_drawn.wait_for(std::chrono::seconds(0)) != std::future_status::ready)
+        return;
+    m_drawnTimer.stop();
+    m_pictures = m_drawn.get();
+    Q_EMIT signsChanged();
+    update();
+}
+
+void PlanView::giveUpDrawing()
+{
+    m_drawnTimer.stop();
+    if (!m_drawn.valid())
+        return;
+    *m_isGivenUp = true;
+    m_drawn.get();
 }
 
 /** The way on which the head is, and the head. */
@@ -237,7 +222,7 @@ void PlanView::drawPresent(QPainter &painter) const
     const QTransform view = transform();
     if (head.isMarking) {
         const QPolygonF &points = m_job->plan.pieces[head.piece].pointsMm;
-        painter.setPen(QPen(colorOf(head.piece), 1.6));
+        painter.setPen(QPen(m_pictures.colorOf(head.piece), 1.6));
         painter.drawLine(view.map(points.value(head.segment)), view.map(head.pointMm));
     }
     const QPointF at = view.map(head.pointMm);
@@ -247,31 +232,10 @@ void PlanView::drawPresent(QPainter &painter) const
     painter.setBrush(Qt::NoBrush);
 }
 
-/** Jumps, arrows, order numbers and starting points. */
-void PlanView::drawSigns()
+void PlanView::drawField(QPainter &painter) const
 {
-    m_signs = blank();
-    const QVector<jobkit::PlanPiece> &pieces = m_job->plan.pieces;
-    if (pieces.size() > kSignsAtMost)
-        return;
-    QPainter painter(&m_signs);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QTransform view = transform();
-    for (int piece = 0; piece < pieces.size(); ++piece) {
-        const QPolygonF &points = pieces[piece].pointsMm;
-        const QPointF start = view.map(points.first());
-        if (m_look.hasJumps && piece > 0) {
-            painter.setPen(QPen(QColor(0, 90, 200, 130), 1.0, Qt::DotLine));
-            painter.drawLine(view.map(pieces[piece - 1].pointsMm.last()), start);
-        }
-        painter.setPen(QPen(colorOf(piece), 1.0));
-        if (m_look.hasArrows && points.size() > 1)
-            drawArrow(painter, start, view.map(points[1]));
-        if (m_look.hasStarts)
-            painter.drawRect(QRectF(start - QPointF(2, 2), QSizeF(4, 4)));
-        if (m_look.hasNumbers)
-            painter.drawText(start + QPointF(4, -4), QString::number(piece + 1));
-    }
+    painter.setPen(QPen(palette().mid().color(), 1.0, Qt::DashLine));
+    painter.drawPolygon(transform().map(QPolygonF(m_job->request.machine.fieldMm())));
 }
 
 void PlanView::paintEvent(QPaintEvent *)
@@ -282,34 +246,32 @@ void PlanView::paintEvent(QPaintEvent *)
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
     if (!m_job || m_job->plan.pieces.isEmpty())
         return;
-    if (m_pale.isNull())
-        drawPale();
-    if (m_signs.isNull())
-        drawSigns();
-    drawUpTo(verticesDone());
-    painter.drawImage(0, 0, m_pale);
-    painter.drawImage(0, 0, m_done);
+    bringUpToDate();
+    m_pictures.paint(painter, transform());
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(palette().mid().color(), 1.0, Qt::DashLine));
-    painter.drawPolygon(transform().map(QPolygonF(m_job->request.machine.fieldMm())));
-    painter.drawImage(0, 0, m_signs);
-    drawPresent(painter);
+    drawField(painter);
+    if (!m_pictures.isNull())
+        drawPresent(painter);
 }
 
-void PlanView::resizeEvent(QResizeEvent *event)
+QImage PlanView::picture(const QSize &size) const
 {
-    QWidget::resizeEvent(event);
-    forgetPictures();
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    if (!m_job || m_job->plan.pieces.isEmpty())
+        return image;
+    const QTransform view = transformFor(size, 1.0, {});
+    PlanPictures pictures({m_job, m_stretches, m_look, view, size, 1.0});
+    pictures.draw(false);
+    pictures.advanceTo(qint64(m_job->times.vertexS.size()), std::numeric_limits<qint32>::max());
+    QPainter painter(&image);
+    pictures.paint(painter, view);
+    return image;
 }
 
 void PlanView::wheelEvent(QWheelEvent *event)
 {
-    const QPointF under = transform().inverted().map(event->position());
-    const double factor = std::pow(kZoomStep, event->angleDelta().y() / 120.0);
-    m_zoom = qBound(0.1, m_zoom * factor, kMostZoom);
-    m_shift += event->position() - transform().map(under);
-    forgetPictures();
-    update();
+    zoomAbout(event->position(), std::pow(kZoomStep, event->angleDelta().y() / 120.0));
     event->accept();
 }
 
@@ -329,7 +291,6 @@ void PlanView::mouseMoveEvent(QMouseEvent *event)
     if (!m_isDragging)
         return;
     m_shift = m_shiftAtPress + way;
-    forgetPictures();
     update();
 }
 
@@ -350,13 +311,20 @@ int PlanView::pieceAt(const QPointF &pos) const
     const QPointF pointMm = view.inverted().map(pos);
     double nearest = kPickPx / view.m11();
     int found = -1;
-    for (int piece = 0; piece < m_job->plan.pieces.size(); ++piece) {
+    for (int piece = 0; piece < m_stretches->pieces(); ++piece) {
         const QPolygonF &points = m_job->plan.pieces[piece].pointsMm;
-        for (int i = 0; i < points.size(); ++i) {
-            const double distance = distanceTo(pointMm, points[i], points[std::max(0, i - 1)]);
-            if (distance <= nearest) {
-                nearest = distance;
-                found = piece;
+        for (auto *stretch = m_stretches->begin(piece); stretch != m_stretches->end(piece);
+             ++stretch) {
+            const QRectF reach = stretch->boxMm.adjusted(-nearest, -nearest, nearest, nearest);
+            if (!reach.contains(pointMm))
+                continue;
+            for (int i = stretch->first; i <= stretch->last; ++i) {
+                const double distance =
+                    distanceTo(pointMm, points[i], points[std::max(stretch->first, i - 1)]);
+                if (distance <= nearest) {
+                    nearest = distance;
+                    found = piece;
+                }
             }
         }
     }

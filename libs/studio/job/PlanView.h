@@ -1,11 +1,11 @@
 #pragma once
 
-#include <studio/job/JobRun.h>
+#include <studio/job/PlanPictures.h>
 
-#include <QtGui/QImage>
+#include <QtCore/QTimer>
 #include <QtWidgets/QWidget>
 
-#include <map>
+#include <future>
 
 namespace studio {
 
@@ -13,8 +13,8 @@ namespace studio {
  * Shows the plan of a job as the head runs it: what is done at the present moment bright, what is
  * to come pale.
  *
- * What is done is kept as a picture, so that a moment later costs only what was marked since; a
- * moment earlier begins at the nearest of a few pictures kept on the way.
+ * Plans of many segments are drawn in another thread: until a picture is there, the last one is
+ * shown, moved and enlarged as the view is.
  *
  * The wheel zooms about the pointer, dragging moves the picture, a double click shows all of it.
  */
@@ -23,24 +23,13 @@ class PlanView : public QWidget
     Q_OBJECT
 
 public:
-    enum class Colors { ByPen, ByOrder, BySpeed };
-
-    /** What is drawn beside the marks. */
-    struct Look
-    {
-        Colors colors = Colors::ByPen;
-        bool hasJumps = true;
-        bool hasArrows = false;
-        bool hasNumbers = false;
-        bool hasStarts = false;
-    };
-
     explicit PlanView(QWidget *parent = nullptr);
+    ~PlanView() override;
 
     void setJob(const std::shared_ptr<const Job> &job);
     const std::shared_ptr<const Job> &job() const { return m_job; } ///< may be null
-    void setLook(const Look &look);
-    const Look &look() const { return m_look; }
+    void setLook(const PlanLook &look);
+    const PlanLook &look() const { return m_look; }
 
     /** Range: 0 to the job's total; what lies beyond counts as its end. */
     void setMoment(double seconds);
@@ -49,6 +38,12 @@ public:
     /** Shows the whole plan. */
     void fit();
 
+    /** Shows a box with some room around it; a null one changes nothing. Frame: mm. */
+    void showBox(const QRectF &boxMm);
+
+    /** Enlarges about the middle; below 1 makes smaller. */
+    void zoomBy(double factor);
+
     /** Brings a point into the middle and shows it large. Frame: mm, as of the plan. */
     void showPoint(const QPointF &pointMm);
 
@@ -56,15 +51,23 @@ public:
     int pieceAt(const QPointF &pos) const;
 
     /** Frame: from mm to the widget's pixels. */
-    QTransform transform() const;
+    QTransform transform() const { return transformFor(size()); }
+
+    /** The whole plan as done, with the signs of the present look, on white. */
+    QImage picture(const QSize &size) const;
+
+    /** Pieces in sight, where they are too many for signs; 0: none is left out. */
+    int signsLeftOut() const { return m_pictures.signsLeftOut(); }
 
 Q_SIGNALS:
     /** A click on a piece of the plan; -1 beside all of them. */
     void picked(int piece);
 
+    /** The signs were drawn, or left out, for what is in sight now. */
+    void signsChanged();
+
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
@@ -72,31 +75,31 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 private:
-    QImage blank() const;
-    void forgetPictures();
-    QColor colorOf(int piece) const;
-    void drawPale();
-    void drawUpTo(qint64 vertex);
-    void drawSegments(QPainter &painter, qint64 from, qint64 to) const;
-    void drawPiece(QPainter &painter, int piece, int first, int last) const;
+    bool isLarge() const;
+    PlanScene wantedScene() const;
+    QTransform transformFor(const QSize &size, double zoom, const QPointF &shift) const;
+    QTransform transformFor(const QSize &size) const;
+    void zoomAbout(const QPointF &pos, double factor);
+    void bringUpToDate();
+    void drawAside();
+    void takeDrawn();
+    void giveUpDrawing();
+    void drawField(QPainter &painter) const;
     void drawPresent(QPainter &painter) const;
-    void drawSigns();
     qint64 verticesDone() const;
-    int pieceOfVertex(qint64 vertex) const;
 
     std::shared_ptr<const Job> m_job; ///< may be null
-    Look m_look;
+    std::shared_ptr<const PlanStretches> m_stretches;
+    PlanLook m_look;
     double m_seconds = 0.0;
     QRectF m_boxMm;      ///< of all that is to be seen
     double m_zoom = 1.0; ///< 1: all fits
     QPointF m_shift;     ///< of the middle, in pixels
 
-    QImage m_pale;
-    QImage m_signs; ///< they are the same at any moment
-    QImage m_done;
-    qint64 m_doneVertices = 0;            ///< that `m_done` shows
-    std::map<qint64, QImage> m_waypoints; ///< pictures of less, by their vertices
-    double m_fastest = 1.0;               ///< of the pens, mm/s
+    PlanPictures m_pictures;
+    std::future<PlanPictures> m_drawn; ///< valid while another thread draws
+    std::shared_ptr<std::atomic<bool>> m_isGivenUp;
+    QTimer m_drawnTimer;
 
     QPointF m_pressedAt;
     QPointF m_shiftAtPress;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <studio/ShapeItems.h>
-#include <studio/ShapeOrder.h>
+#include <studio/list/ShapeOrder.h>
+#include <studio/shapes/ShapeItems.h>
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QDockWidget>

@@ -1,11 +1,11 @@
 #include <studio/list/ShapeListModel.h>
 
-#include <studio/Icons.h>
-#include <studio/PenColors.h>
-#include <studio/ShapeKinds.h>
-#include <studio/ShapeOrder.h>
-#include <studio/UndoTexts.h>
 #include <studio/commands/ExtrasCommand.h>
+#include <studio/list/ShapeOrder.h>
+#include <studio/program/Icons.h>
+#include <studio/program/UndoTexts.h>
+#include <studio/shapes/PenColors.h>
+#include <studio/shapes/ShapeKinds.h>
 
 #include <QtCore/QMimeData>
 #include <QtWidgets/QUndoStack>

@@ -1,10 +1,15 @@
 #include <studio/nodes/NodeTool.h>
 
-#include <studio/UndoTexts.h>
+#include <studio/commands/ExtrasCommand.h>
 #include <studio/commands/OutlinesCommand.h>
+#include <studio/commands/UndoMacro.h>
 #include <studio/nodes/NodeOverlay.h>
+#include <studio/program/UndoTexts.h>
 
 #include <hostkit/items/GraphicItems.h>
+#include <hostkit/items/ItemExtras.h>
+
+#include <vectorkit/edit/PainterPaths.h>
 
 #include <QtCore/QScopedValueRollback>
 #include <QtGui/QMouseEvent>
@@ -13,6 +18,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
 namespace studio {
 
@@ -22,6 +28,9 @@ using vectorkit::NodePaths;
 using vectorkit::NodeRef;
 
 constexpr double kReachOnScreen = 7.0;
+
+/** Among a shape's extras: nodes that are corners though they look smooth. */
+const QByteArray kCornersField = QByteArrayLiteral("corners");
 
 /** Limit: nodes of a path that can be edited one by one. */
 constexpr int kMostNodes = 20000;
@@ -98,8 +107,10 @@ void NodeTool::follow()
     m_item = item;
     m_nodes = NodePaths();
     const bool isPath = item != nullptr && hostkit::graphicOf(*item) != nullptr;
-    if (isPath)
+    if (isPath) {
         m_nodes = NodePaths(hostkit::outlinesOf(*item));
+        m_nodes.takeCornerMarks(hostkit::itemExtras(*item).fields.value(kCornersField));
+    }
     const bool isTooMuch = m_nodes.nodeCount() > kMostNodes;
     if (isTooMuch)
         m_nodes = NodePaths();
@@ -360,13 +371,36 @@ void NodeTool::record(const NodePaths &edited, const QString &text)
 {
     if (!m_item)
         return;
+    const QVector<vectorkit::VectorPath> paths = edited.paths();
+    if (vectorkit::painterPathOf(paths).isEmpty()) {
+        Q_EMIT told(tr("Nothing would be left of the path: delete the shape instead"));
+        return;
+    }
     {
         const QScopedValueRollback<bool> recording(m_isRecording, true);
-        document().undoStack()->push(new OutlinesCommand({{m_item.data(), edited.paths()}}, text));
+        const UndoMacro macro(*document().undoStack(), text);
+        document().undoStack()->push(new OutlinesCommand({{m_item.data(), paths}}, text));
+        keepCorners(edited, text);
     }
-    // Not read anew: what is smooth is known here alone.
-    m_nodes = edited;
+    m_nodes = edited; // not read anew, so that what is selected stays what it is
     show();
+}
+
+/** What the outlines cannot tell goes with the shape. */
+void NodeTool::keepCorners(const NodePaths &edited, const QString &text)
+{
+    const QByteArray marks = edited.cornerMarks();
+    auto command = std::make_unique<ExtrasCommand>(
+        ShapeItems{m_item.data()},
+        [&marks](hostkit::ItemExtras &extras) {
+            if (marks.isEmpty())
+                extras.fields.remove(kCornersField);
+            else
+                extras.fields.insert(kCornersField, marks);
+        },
+        text);
+    if (!command->changesNothing())
+        document().undoStack()->push(command.release());
 }
 
 /** An edit that may say that there is nothing to do. */
@@ -488,10 +522,15 @@ void NodeTool::smooth()
 // The line stays what it is: only what a control point does from now on changes.
 void NodeTool::corner()
 {
-    if (m_nodes.corner(m_selected))
-        show();
-    else
+    NodePaths edited = m_nodes;
+    if (!m_item || !edited.corner(m_selected)) {
         Q_EMIT told(tr("Select smooth nodes first"));
+        return;
+    }
+    const QScopedValueRollback<bool> recording(m_isRecording, true);
+    keepCorners(edited, undoText(QT_TRANSLATE_NOOP("studio::UndoTexts", "Corner nodes")));
+    m_nodes = edited;
+    show();
 }
 
 } // namespace studio

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <studio/ShapeItems.h>
 #include <studio/canvas/CanvasTool.h>
+#include <studio/shapes/ShapeItems.h>
 
 #include <vectorkit/edit/NodePaths.h>
 
@@ -68,6 +68,7 @@ private:
     void follow();
     void show();
     void record(const vectorkit::NodePaths &edited, const QString &text);
+    void keepCorners(const vectorkit::NodePaths &edited, const QString &text);
     bool edit(const std::function<bool(vectorkit::NodePaths &)> &change, const QString &text);
     QVector<vectorkit::NodeRef> selectedPieces() const;
     std::optional<vectorkit::NodeRef> nodeAt(const QPointF &placePx) const;

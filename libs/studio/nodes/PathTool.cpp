@@ -1,11 +1,11 @@
 #include <studio/nodes/PathTool.h>
 
-#include <studio/UndoTexts.h>
 #include <studio/canvas/PointerLabel.h>
 #include <studio/canvas/ToolDrag.h>
 #include <studio/canvas/ToolPreview.h>
 #include <studio/choices/Units.h>
 #include <studio/commands/ItemSetCommand.h>
+#include <studio/program/UndoTexts.h>
 
 #include <hostkit/items/GraphicItems.h>
 

@@ -1,7 +1,7 @@
 #include <studio/panel/BoxSection.h>
 
-#include <studio/DocumentActions.h>
 #include <studio/choices/Units.h>
+#include <studio/edit/DocumentActions.h>
 
 #include <QtCore/QSettings>
 #include <QtWidgets/QButtonGroup>

@@ -1,8 +1,8 @@
 #include <studio/panel/CodeSection.h>
 
-#include <studio/UndoTexts.h>
 #include <studio/code/CodeDialog.h>
 #include <studio/commands/UndoMacro.h>
+#include <studio/program/UndoTexts.h>
 #include <studio/text/TextCommand.h>
 
 #include <QtWidgets/QGridLayout>

@@ -1,10 +1,10 @@
 #include <studio/panel/HatchSection.h>
 
-#include <studio/PenColors.h>
 #include <studio/choices/Units.h>
 #include <studio/panel/ChoiceBox.h>
 #include <studio/panel/HatchList.h>
 #include <studio/panel/TypedMeasure.h>
+#include <studio/shapes/PenColors.h>
 
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>

@@ -1,11 +1,11 @@
 #include <studio/panel/ItemSection.h>
 
-#include <studio/DocumentActions.h>
-#include <studio/PenColors.h>
-#include <studio/ShapeKinds.h>
-#include <studio/UndoTexts.h>
 #include <studio/commands/ExtrasCommand.h>
+#include <studio/edit/DocumentActions.h>
 #include <studio/panel/ChoiceBox.h>
+#include <studio/program/UndoTexts.h>
+#include <studio/shapes/PenColors.h>
+#include <studio/shapes/ShapeKinds.h>
 
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QCheckBox>

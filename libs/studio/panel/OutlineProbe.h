@@ -1,6 +1,6 @@
 #pragma once
 
-#include <studio/ShapeMeasures.h>
+#include <studio/shapes/ShapeMeasures.h>
 
 namespace studio {
 

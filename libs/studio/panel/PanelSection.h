@@ -1,7 +1,7 @@
 #pragma once
 
-#include <studio/ShapeItems.h>
 #include <studio/panel/MeasureField.h>
+#include <studio/shapes/ShapeItems.h>
 
 #include <QtCore/QVector>
 #include <QtWidgets/QWidget>

@@ -1,11 +1,11 @@
 #include <studio/panel/ShapeEdits.h>
 
-#include <studio/UndoTexts.h>
 #include <studio/commands/HatchCommand.h>
 #include <studio/commands/PlacementCommand.h>
 #include <studio/panel/OutlineProbe.h>
 #include <studio/panel/ShapeStep.h>
 #include <studio/panel/TypedMeasure.h>
+#include <studio/program/UndoTexts.h>
 
 #include <hostkit/items/ItemHatches.h>
 
@@ -177,13 +177,6 @@ ShapeItems ofKind(const ShapeItems &items)
 }
 
 } // namespace
-
-bool canBeHatched(const ShapeItem &item)
-{
-    if (const auto *text = qobject_cast<const ZTGraphicsTextItem *>(&item))
-        return text->fontType() != FontType::singleLine;
-    return item.getShapeBase() != nullptr && item.getShapeType() != ShapeType::Line;
-}
 
 QPointF anchorPoint(const QRectF &box, const QPointF &anchor)
 {

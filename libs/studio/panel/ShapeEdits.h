@@ -1,6 +1,6 @@
 #pragma once
 
-#include <studio/ShapeMeasures.h>
+#include <studio/shapes/ShapeMeasures.h>
 
 #include <hostkit/items/ShapeHatch.h>
 
@@ -84,9 +84,6 @@ private:
 
     ZTGraphicsDocument &m_document;
 };
-
-/** Whether a shape is an area that can be hatched. */
-bool canBeHatched(const ShapeItem &item);
 
 /** The place within a box that an anchor names. */
 QPointF anchorPoint(const QRectF &box, const QPointF &anchor);

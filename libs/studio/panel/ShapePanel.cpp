@@ -1,6 +1,6 @@
 #include <studio/panel/ShapePanel.h>
 
-#include <studio/DocumentActions.h>
+#include <studio/edit/DocumentActions.h>
 #include <studio/panel/BoxSection.h>
 #include <studio/panel/CodeSection.h>
 #include <studio/panel/HatchSection.h>
@@ -96,6 +96,18 @@ void ShapePanel::addPage(QWidget *page, const Title &title)
 {
     m_titles.append(title);
     m_tabs->addTab(page, title());
+}
+
+void ShapePanel::setPageShown(QWidget *page, bool isShown)
+{
+    if (isShown && m_tabs->currentWidget() != page)
+        m_pageBefore = m_tabs->currentWidget();
+    const bool isInSight = m_tabs->currentWidget() == page;
+    m_tabs->setTabVisible(m_tabs->indexOf(page), isShown);
+    if (isShown)
+        m_tabs->setCurrentWidget(page);
+    else if (isInSight && m_pageBefore != nullptr)
+        m_tabs->setCurrentWidget(m_pageBefore);
 }
 
 void ShapePanel::addSection(Page page, PanelSection *section)

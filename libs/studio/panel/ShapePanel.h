@@ -1,6 +1,6 @@
 #pragma once
 
-#include <studio/ShapeItems.h>
+#include <studio/shapes/ShapeItems.h>
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QDockWidget>
@@ -48,6 +48,9 @@ public:
     /** Adds a page of another kind, behind those that are there. Owner: the panel. */
     void addPage(QWidget *page, const Title &title);
 
+    /** Shows a page that was added, and goes to it; or takes it away and goes back. */
+    void setPageShown(QWidget *page, bool isShown);
+
     /** Goes to the first field of the shape page, ready to be typed into. */
     void startTyping();
 
@@ -75,6 +78,7 @@ private:
     ZTGraphicsDocument &m_document;
     QLabel *m_count;
     QTabWidget *m_tabs;
+    QWidget *m_pageBefore = nullptr; ///< the one to go back to; a child, as all pages
     QLabel *m_message;
     QVector<Title> m_titles;        ///< by page
     QVector<QVBoxLayout *> m_pages; ///< those that take sections, by `Page`

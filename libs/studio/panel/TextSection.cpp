@@ -1,8 +1,8 @@
 #include <studio/panel/TextSection.h>
 
-#include <studio/UndoTexts.h>
 #include <studio/panel/ChoiceBox.h>
 #include <studio/panel/ShapeStep.h>
+#include <studio/program/UndoTexts.h>
 #include <studio/text/StrokeFonts.h>
 
 #include <QtWidgets/QCheckBox>

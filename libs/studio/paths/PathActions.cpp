@@ -1,12 +1,12 @@
 #include <studio/paths/PathActions.h>
 
-#include <studio/UndoTexts.h>
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/commands/OutlinesCommand.h>
 #include <studio/commands/StackingCommand.h>
 #include <studio/commands/UndoMacro.h>
 #include <studio/import/ImportSource.h>
 #include <studio/paths/PathOps.h>
+#include <studio/program/UndoTexts.h>
 
 #include <hostkit/items/GraphicItems.h>
 #include <hostkit/items/ItemExtras.h>

@@ -1,11 +1,11 @@
 #include <studio/preferences/PreferenceTools.h>
 
-#include <studio/DocumentActions.h>
-#include <studio/UndoTexts.h>
 #include <studio/canvas/DrawingTools.h>
 #include <studio/canvas/GridItem.h>
 #include <studio/commands/DrawingChoiceCommand.h>
 #include <studio/drawing/DrawingFiles.h>
+#include <studio/edit/DocumentActions.h>
+#include <studio/program/UndoTexts.h>
 
 #include <hostkit/view/ViewRulers.h>
 

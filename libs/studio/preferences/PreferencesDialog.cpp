@@ -1,6 +1,6 @@
 #include <studio/preferences/PreferencesDialog.h>
 
-#include <studio/PenColors.h>
+#include <studio/shapes/PenColors.h>
 
 #include <QtCore/QEvent>
 #include <QtCore/QSignalBlocker>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <studio/Language.h>
 #include <studio/canvas/SnapTools.h>
 #include <studio/choices/Preferences.h>
 #include <studio/panel/MeasureField.h>
+#include <studio/program/Language.h>
 
 #include <QtWidgets/QDialog>
 

@@ -1,6 +1,6 @@
 #include <studio/print/DrawingPrint.h>
 
-#include <studio/PenColors.h>
+#include <studio/shapes/PenColors.h>
 
 #include <hostkit/marks/MarkGraphBuilder.h>
 

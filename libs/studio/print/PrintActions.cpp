@@ -1,7 +1,7 @@
 #include <studio/print/PrintActions.h>
 
-#include <studio/Messages.h>
 #include <studio/print/DrawingPrint.h>
+#include <studio/program/Messages.h>
 
 #include <hostkit/files/FileWriter.h>
 

@@ -572,10 +572,6 @@
         <translation>播放作业：顺序、空跳和所需时间</translation>
     </message>
     <message>
-        <source>Pre&amp;view...</source>
-        <translation>预览(&amp;V)...</translation>
-    </message>
-    <message>
         <source>Write a file that the machine runs</source>
         <translation>写出机器可运行的文件</translation>
     </message>
@@ -846,6 +842,10 @@
     <message>
         <source>Bring changed files in once more; place, size, pen and hatch stay</source>
         <translation>再次导入选中图形的文件；位置、大小、笔和填充保持不变</translation>
+    </message>
+    <message>
+        <source>Pre&amp;view</source>
+        <translation>预览(&amp;V)</translation>
     </message>
 </context>
 <context>
@@ -1423,6 +1423,18 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>Some of it was left out or is damaged. Compare the drawing with its source before marking it.</source>
         <translation>部分内容被略去或已损坏。标刻前请将图形与原文件核对。</translation>
     </message>
+    <message>
+        <source>Cleaning %1...</source>
+        <translation>正在清理 %1...</translation>
+    </message>
+    <message>
+        <source>Importing %1...</source>
+        <translation>正在导入 %1...</translation>
+    </message>
+    <message>
+        <source>Reading %1...</source>
+        <translation>正在读取 %1...</translation>
+    </message>
 </context>
 <context>
     <name>studio::InPlaceEditor</name>
@@ -1476,10 +1488,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>关于</translation>
     </message>
     <message>
-        <source>All files (*)</source>
-        <translation>所有文件 (*)</translation>
-    </message>
-    <message>
         <source>Draws what a laser marks, and hands out the paths.</source>
         <translation>绘制激光标刻的内容，并输出路径。</translation>
     </message>
@@ -1496,18 +1504,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>绘图工作室 %1</translation>
     </message>
     <message>
-        <source>Drawings (%1)</source>
-        <translation>图形 (%1)</translation>
-    </message>
-    <message>
-        <source>Import drawings</source>
-        <translation>导入图形</translation>
-    </message>
-    <message>
-        <source>clipboard</source>
-        <translation>剪贴板</translation>
-    </message>
-    <message>
         <source>Degrees, anticlockwise:</source>
         <translation>角度（度，逆时针）：</translation>
     </message>
@@ -1516,16 +1512,12 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>作业</translation>
     </message>
     <message>
-        <source>Job written to %1, files: %2</source>
-        <translation>作业已写入 %1，文件数：%2</translation>
-    </message>
-    <message>
         <source>Engine objects</source>
         <translation>引擎对象</translation>
     </message>
     <message>
-        <source>Mark paths written to %1, shapes: %2</source>
-        <translation>标刻路径已写入 %1，图形数：%2</translation>
+        <source>Plan</source>
+        <translation>计划</translation>
     </message>
 </context>
 <context>
@@ -1698,10 +1690,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>文本</translation>
     </message>
     <message>
-        <source>Imported drawing</source>
-        <translation>导入的图纸</translation>
-    </message>
-    <message>
         <source>Shape</source>
         <translation>图形</translation>
     </message>
@@ -1720,6 +1708,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>%1 %2 &quot;%3&quot;</source>
         <translation>%1 %2“%3”</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>路径</translation>
     </message>
 </context>
 <context>
@@ -2393,6 +2385,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Re-import</source>
         <translation>重新导入</translation>
+    </message>
+    <message>
+        <source>Corner nodes</source>
+        <translation>设为尖角节点</translation>
     </message>
 </context>
 <context>
@@ -4037,10 +4033,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>本图纸的笔</translation>
     </message>
     <message>
-        <source>Pre&amp;view...</source>
-        <translation>预览(&amp;V)...</translation>
-    </message>
-    <message>
         <source>Read a machine profile from a file</source>
         <translation>从文件读取机器配置</translation>
     </message>
@@ -4072,6 +4064,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>To a file...</source>
         <translation>到文件...</translation>
     </message>
+    <message>
+        <source>Pre&amp;view</source>
+        <translation>预览(&amp;V)</translation>
+    </message>
 </context>
 <context>
     <name>studio::JobPreview</name>
@@ -4080,120 +4076,36 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>%1 / %2 秒</translation>
     </message>
     <message>
-        <source>&amp;Arrows</source>
-        <translation>箭头(&amp;A)</translation>
-    </message>
-    <message>
-        <source>&amp;Colours by</source>
-        <translation>颜色依据(&amp;C)</translation>
-    </message>
-    <message>
-        <source>&amp;Jumps</source>
-        <translation>空跳(&amp;J)</translation>
-    </message>
-    <message>
-        <source>&amp;Pause</source>
-        <translation>暂停(&amp;P)</translation>
-    </message>
-    <message>
-        <source>&amp;Play</source>
-        <translation>播放(&amp;P)</translation>
-    </message>
-    <message>
-        <source>&amp;Starting points</source>
-        <translation>起点(&amp;S)</translation>
-    </message>
-    <message>
-        <source>&amp;Update</source>
-        <translation>更新(&amp;U)</translation>
-    </message>
-    <message>
-        <source>C&amp;lose</source>
-        <translation>关闭(&amp;L)</translation>
-    </message>
-    <message>
-        <source>Click a line to see what it is.</source>
-        <translation>单击线条可查看其内容。</translation>
-    </message>
-    <message>
-        <source>Delays</source>
-        <translation>延时</translation>
-    </message>
-    <message>
-        <source>E&amp;xport job...</source>
-        <translation>导出作业(&amp;X)...</translation>
-    </message>
-    <message>
         <source>Jumps</source>
         <translation>空跳</translation>
-    </message>
-    <message>
-        <source>Marking</source>
-        <translation>标刻</translation>
     </message>
     <message>
         <source>Moment of the job</source>
         <translation>作业时刻</translation>
     </message>
     <message>
-        <source>Nothing speaks against this job.</source>
-        <translation>未发现此作业的问题。</translation>
-    </message>
-    <message>
-        <source>One part</source>
-        <translation>一件</translation>
-    </message>
-    <message>
         <source>Order</source>
         <translation>顺序</translation>
-    </message>
-    <message>
-        <source>Order &amp;numbers</source>
-        <translation>顺序号(&amp;N)</translation>
     </message>
     <message>
         <source>PDF report (*.pdf)</source>
         <translation>PDF 报告 (*.pdf)</translation>
     </message>
     <message>
-        <source>Pac&amp;e</source>
-        <translation>速度倍率(&amp;E)</translation>
-    </message>
-    <message>
         <source>Pen</source>
         <translation>笔</translation>
-    </message>
-    <message>
-        <source>Pen %1</source>
-        <translation>笔 %1</translation>
     </message>
     <message>
         <source>Picture (*.png)</source>
         <translation>图片 (*.png)</translation>
     </message>
     <message>
-        <source>Piece %1 of %2: %3, %4, pen %5, pass %6, from %7 to %8 s</source>
-        <translation>第 %1 段，共 %2 段：%3，%4，笔 %5，第 %6 遍，%7 至 %8 秒</translation>
-    </message>
-    <message>
-        <source>Preview of the job</source>
-        <translation>作业预览</translation>
-    </message>
-    <message>
         <source>Report written to %1</source>
         <translation>报告已写入 %1</translation>
     </message>
     <message>
-        <source>Save &amp;report...</source>
-        <translation>保存报告(&amp;R)...</translation>
-    </message>
-    <message>
         <source>Save report</source>
         <translation>保存报告</translation>
-    </message>
-    <message>
-        <source>Seconds</source>
-        <translation>秒</translation>
     </message>
     <message>
         <source>Speed</source>
@@ -4208,20 +4120,60 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>未写出报告：%1</translation>
     </message>
     <message>
-        <source>To be &amp;looked at: %1</source>
-        <translation>需要检查(&amp;L)：%1</translation>
+        <source>A frame back (,)</source>
+        <translation>后退一帧 (,)</translation>
     </message>
     <message>
-        <source>Total</source>
-        <translation>合计</translation>
+        <source>A frame on (.)</source>
+        <translation>前进一帧 (.)</translation>
     </message>
     <message>
-        <source>hatch %1</source>
-        <translation>填充 %1</translation>
+        <source>A piece back (Left)</source>
+        <translation>后退一段 (Left)</translation>
     </message>
     <message>
-        <source>outline</source>
-        <translation>轮廓</translation>
+        <source>A piece on (Right)</source>
+        <translation>前进一段 (Right)</translation>
+    </message>
+    <message>
+        <source>Arrows</source>
+        <translation>箭头</translation>
+    </message>
+    <message>
+        <source>Close preview</source>
+        <translation>关闭预览</translation>
+    </message>
+    <message>
+        <source>Colours by</source>
+        <translation>颜色依据</translation>
+    </message>
+    <message>
+        <source>Jumps, arrows, numbers and starting points are not shown: %L1 pieces are in sight, more than %L2. Zoom in to see them.</source>
+        <translation>空跳、箭头、序号和起点未显示：视野内有 %L1 段，超过 %L2。放大后即可看到。</translation>
+    </message>
+    <message>
+        <source>Order numbers</source>
+        <translation>顺序号</translation>
+    </message>
+    <message>
+        <source>Pace</source>
+        <translation>速度倍率</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>暂停</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>播放</translation>
+    </message>
+    <message>
+        <source>Starting points</source>
+        <translation>起点</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>更新</translation>
     </message>
 </context>
 <context>
@@ -5422,12 +5374,16 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>“%1”未重新导入；其图形保持原样。</translation>
     </message>
     <message>
-        <source>Re-imported: %1 shapes follow their file, %2 are new, %3 are gone</source>
-        <translation>已重新导入：%1 个图形随文件更新，%2 个新增，%3 个消失</translation>
-    </message>
-    <message>
         <source>What is selected came from no file</source>
         <translation>选中的图形不是来自文件</translation>
+    </message>
+    <message>
+        <source>Importing %1 again...</source>
+        <translation>正在重新导入 %1...</translation>
+    </message>
+    <message>
+        <source>Re-imported. Shapes that follow their file: %1, new: %2, gone: %3</source>
+        <translation>已重新导入：%1 个图形随文件更新，%2 个新增，%3 个消失</translation>
     </message>
 </context>
 <context>
@@ -5443,6 +5399,157 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Use %1</source>
         <translation>使用 %1</translation>
+    </message>
+</context>
+<context>
+    <name>studio::PlanPanel</name>
+    <message>
+        <source>Click a line to see what it is.</source>
+        <translation>单击线条可查看其内容。</translation>
+    </message>
+    <message>
+        <source>Export job...</source>
+        <translation>导出作业...</translation>
+    </message>
+    <message>
+        <source>Nothing speaks against this job.</source>
+        <translation>未发现此作业的问题。</translation>
+    </message>
+    <message>
+        <source>Object</source>
+        <translation>对象</translation>
+    </message>
+    <message>
+        <source>Parts</source>
+        <translation>件数</translation>
+    </message>
+    <message>
+        <source>Pass</source>
+        <translation>遍</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>笔</translation>
+    </message>
+    <message>
+        <source>Piece %1 of %2: %3, %4, pen %5, pass %6, from %7 to %8 s</source>
+        <translation>第 %1 段，共 %2 段：%3，%4，笔 %5，第 %6 遍，%7 至 %8 秒</translation>
+    </message>
+    <message>
+        <source>Save report...</source>
+        <translation>保存报告...</translation>
+    </message>
+    <message>
+        <source>Times by</source>
+        <translation>时间依据</translation>
+    </message>
+    <message>
+        <source>To be looked at: %1</source>
+        <translation>需要检查：%1</translation>
+    </message>
+    <message>
+        <source>hatch %1</source>
+        <translation>填充 %1</translation>
+    </message>
+    <message>
+        <source>outline</source>
+        <translation>轮廓</translation>
+    </message>
+</context>
+<context>
+    <name>studio::TimesModel</name>
+    <message>
+        <source>%1 parts</source>
+        <translation>%1 件</translation>
+    </message>
+    <message>
+        <source>Delays</source>
+        <translation>延时</translation>
+    </message>
+    <message>
+        <source>Jumps</source>
+        <translation>空跳</translation>
+    </message>
+    <message>
+        <source>Marking</source>
+        <translation>标刻</translation>
+    </message>
+    <message>
+        <source>One part</source>
+        <translation>一件</translation>
+    </message>
+    <message>
+        <source>Pass %1</source>
+        <translation>第 %1 遍</translation>
+    </message>
+    <message>
+        <source>Pen %1</source>
+        <translation>笔 %1</translation>
+    </message>
+    <message>
+        <source>Seconds</source>
+        <translation>秒</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>合计</translation>
+    </message>
+</context>
+<context>
+    <name>studio::PictureLookDialog</name>
+    <message>
+        <source>&amp;Arrows of direction</source>
+        <translation>方向箭头(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Jumps, and where the head begins</source>
+        <translation>空跳及起始位置(&amp;J)</translation>
+    </message>
+    <message>
+        <source>E&amp;xport</source>
+        <translation>导出(&amp;X)</translation>
+    </message>
+    <message>
+        <source>Picture of the mark paths</source>
+        <translation>标刻路径图片</translation>
+    </message>
+    <message>
+        <source>White &amp;background</source>
+        <translation>白色背景(&amp;B)</translation>
+    </message>
+</context>
+<context>
+    <name>studio::Editor</name>
+    <message>
+        <source>Job written to %1, files: %2</source>
+        <translation>作业已写入 %1，文件数：%2</translation>
+    </message>
+    <message>
+        <source>Mark paths written to %1, shapes: %2</source>
+        <translation>标刻路径已写入 %1，图形数：%2</translation>
+    </message>
+    <message>
+        <source>Saved to %1</source>
+        <translation>已保存到 %1</translation>
+    </message>
+</context>
+<context>
+    <name>studio::ImportTools</name>
+    <message>
+        <source>All files (*)</source>
+        <translation>所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>Drawings (%1)</source>
+        <translation>图形 (%1)</translation>
+    </message>
+    <message>
+        <source>Import drawings</source>
+        <translation>导入图形</translation>
+    </message>
+    <message>
+        <source>clipboard</source>
+        <translation>剪贴板</translation>
     </message>
 </context>
 </TS>

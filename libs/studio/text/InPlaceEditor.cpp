@@ -1,6 +1,6 @@
 #include <studio/text/InPlaceEditor.h>
 
-#include <studio/ShapeItems.h>
+#include <studio/shapes/ShapeItems.h>
 
 #include <QtGui/QKeyEvent>
 #include <QtGui/QTextDocument>

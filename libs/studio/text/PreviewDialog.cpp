@@ -1,6 +1,6 @@
 #include <studio/text/PreviewDialog.h>
 
-#include <studio/ShapeItems.h>
+#include <studio/shapes/ShapeItems.h>
 
 #include <QtGui/QScreen>
 #include <QtGui/QShowEvent>

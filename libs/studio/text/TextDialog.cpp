@@ -1,6 +1,6 @@
 #include <studio/text/TextDialog.h>
 
-#include <studio/UndoTexts.h>
+#include <studio/program/UndoTexts.h>
 #include <studio/text/ArcPage.h>
 #include <studio/text/FontPage.h>
 #include <studio/text/HatchPage.h>

@@ -1,12 +1,12 @@
 #include <studio/text/TextTools.h>
 
-#include <studio/Messages.h>
-#include <studio/ShapeItems.h>
-#include <studio/UndoTexts.h>
 #include <studio/commands/ExtrasCommand.h>
 #include <studio/commands/FramePause.h>
 #include <studio/commands/ItemSetCommand.h>
 #include <studio/commands/UndoMacro.h>
+#include <studio/program/Messages.h>
+#include <studio/program/UndoTexts.h>
+#include <studio/shapes/ShapeItems.h>
 #include <studio/text/InPlaceEditor.h>
 #include <studio/text/SharedCounter.h>
 #include <studio/text/TextCommand.h>
@@ -42,10 +42,6 @@ TextTools::TextTools(ZTGraphicsDocument &edited, Messages &told, QWidget &over)
     : QObject(&over), m_document(edited), m_messages(told), m_window(over)
 {
     connect(m_document.view(), &ZTGraphicsView::sigOnItemDouble, this, &TextTools::open);
-    connect(m_document.itemMag(), &ZTShapeManager::sigAddedShape, this, [this](ShapeItem *item) {
-        if (auto *text = qobject_cast<ZTGraphicsTextItem *>(item))
-            type(*text);
-    });
     connect(m_document.undoStack(), &QUndoStack::indexChanged, this, &TextTools::followStack);
 }
 

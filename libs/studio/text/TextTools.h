@@ -23,7 +23,7 @@ class TextState;
  * Everything that is done to texts alone: typing on the drawing, the dialog with all settings, and
  * the change to the next part.
  *
- * A double click on a text, or making one, starts typing; over a variant text it opens the dialog.
+ * A double click on a text starts typing; over a variant text it opens the dialog.
  * Each edit is one undo step. Going to the next part is none: a part that was marked is marked, and
  * no undo gives its number out again.
  */
@@ -40,6 +40,10 @@ public:
     ZTGraphicsTextItem *selectedText() const;
 
     void typeIntoSelected();
+
+    /** Lets the user type into a text on the drawing. */
+    void type(ZTGraphicsTextItem &item);
+
     void showDialog();
     void nextPart();
 
@@ -61,7 +65,6 @@ Q_SIGNALS:
 
 private:
     void open(ZTAbstractGraphicsItem *item);
-    void type(ZTGraphicsTextItem &item);
     void take(const QString &words, const TextState &before);
     void closeEditor();
     void showDialogFor(ZTGraphicsTextItem &item);

@@ -1,4 +1,4 @@
-#include <vectorkit/clean/Nesting_p.h>
+#include <vectorkit/clean/Nesting.h>
 
 #include <vectorkit/clean/PointGrid_p.h>
 
@@ -117,8 +117,10 @@ private:
 
 } // namespace
 
-std::vector<int> holdersOf(const QVector<VectorPath> &paths)
+std::vector<int> holdersOf(const QVector<VectorPath> &paths,
+                           const std::function<bool(double)> &progress)
 {
+    constexpr std::size_t kEvery = 1024;
     const auto count = static_cast<std::size_t>(paths.size());
     std::vector<QRectF> boxes(count);
     BoxLevels levels(count);
@@ -132,6 +134,8 @@ std::vector<int> holdersOf(const QVector<VectorPath> &paths)
     std::vector<std::unique_ptr<Outline>> outlines(count);
     std::vector<int> holders(count, -1);
     for (std::size_t i = 0; i < count; ++i) {
+        if (i % kEvery == 0 && progress && !progress(double(i) / double(count)))
+            return {};
         const QPointF start = paths[static_cast<int>(i)].start();
         levels.forPoint(start, [&](int found) {
             const auto other = static_cast<std::size_t>(found);

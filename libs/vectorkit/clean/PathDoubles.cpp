@@ -73,7 +73,8 @@ public:
     {
     }
 
-    void run(DoubleFigures *figures)
+    /** False when cancelled. */
+    bool run(DoubleFigures *figures, const std::function<bool(double)> &progress)
     {
         std::vector<double> lengths(m_lines.size());
         std::vector<int> order(m_lines.size());
@@ -84,8 +85,13 @@ public:
         std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
             return lengths[static_cast<std::size_t>(a)] > lengths[static_cast<std::size_t>(b)];
         });
-        for (const int index : order)
-            sieve(index, lengths[static_cast<std::size_t>(index)], figures);
+        constexpr std::size_t kEvery = 1024;
+        for (std::size_t done = 0; done < order.size(); ++done) {
+            if (done % kEvery == 0 && progress && !progress(double(done) / double(order.size())))
+                return false;
+            sieve(order[done], lengths[static_cast<std::size_t>(order[done])], figures);
+        }
+        return true;
     }
 
     const std::vector<Part> &leftOf(std::size_t line) const { return m_left[line]; }
@@ -342,10 +348,10 @@ QVector<VectorPath> withoutZeroLength(const QVector<VectorPath> &paths, double w
 }
 
 QVector<VectorPath> withoutDoubles(const QVector<VectorPath> &paths, double withinMm,
-                                   DoubleFigures *figures)
+                                   DoubleFigures *figures,
+                                   const std::function<bool(double)> &progress)
 {
-    DoubleFigures unheard;
-    DoubleFigures *counted = figures ? figures : &unheard;
+    DoubleFigures found;
     std::vector<Piece> lines;
     std::size_t curveCount = 0;
     for (const VectorPath &path : paths) {
@@ -357,7 +363,8 @@ QVector<VectorPath> withoutDoubles(const QVector<VectorPath> &paths, double with
         });
     }
     LineSieve lineSieve(std::move(lines), withinMm);
-    lineSieve.run(counted);
+    if (!lineSieve.run(&found, progress))
+        return paths;
 
     QVector<VectorPath> kept;
     Runs runs(&kept);
@@ -374,10 +381,10 @@ QVector<VectorPath> withoutDoubles(const QVector<VectorPath> &paths, double with
             } else if (!curves.isDouble(piece)) {
                 parts = {{0.0, 1.0}};
             } else {
-                ++counted->doubled;
+                ++found.doubled;
                 VectorPath alone(piece.from);
                 append(&alone, piece);
-                counted->doubledMm += alone.lengthMm();
+                found.doubledMm += alone.lengthMm();
             }
             if (isFirst)
                 startsWhole = !parts.empty() && parts.front().from == 0.0;
@@ -399,6 +406,10 @@ QVector<VectorPath> withoutDoubles(const QVector<VectorPath> &paths, double with
                 runs.breakRun();
         });
         runs.end(path.isClosed(), startsWhole);
+    }
+    if (figures) {
+        figures->doubled += found.doubled;
+        figures->doubledMm += found.doubledMm;
     }
     return kept;
 }

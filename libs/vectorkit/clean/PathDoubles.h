@@ -2,6 +2,8 @@
 
 #include <vectorkit/VectorPath.h>
 
+#include <functional>
+
 namespace vectorkit {
 
 /** What was taken out. */
@@ -25,9 +27,12 @@ QVector<VectorPath> withoutZeroLength(const QVector<VectorPath> &paths, double w
  * equal to earlier ones, either way round.
  *
  * Frame: millimetres; `withinMm`, greater than 0, is how far two may lie apart and be the same.
- * What is left of a run that loses a piece in its middle are two runs. Failure: none.
+ * What is left of a run that loses a piece in its middle are two runs. Range: `progress` may be
+ * empty; it is told how much is done, 0 to 1, and cancels with false. Failure: when cancelled, the
+ * paths as they were.
  */
 QVector<VectorPath> withoutDoubles(const QVector<VectorPath> &paths, double withinMm,
-                                   DoubleFigures *figures = nullptr);
+                                   DoubleFigures *figures = nullptr,
+                                   const std::function<bool(double)> &progress = {});
 
 } // namespace vectorkit

@@ -18,8 +18,10 @@ double distance(const QPointF &a, const QPointF &b)
 class Joiner
 {
 public:
-    Joiner(const QVector<VectorPath> &paths, double withinMm)
-        : m_runs(paths), m_within(withinMm),
+    /** `part` is told how much of the round is done, and cancels with false. */
+    Joiner(const QVector<VectorPath> &paths, double withinMm,
+           const std::function<bool(double)> &part)
+        : m_runs(paths), m_within(withinMm), m_progress(part),
           m_ends(static_cast<std::size_t>(paths.size()) * 2, std::max(withinMm, 1e-6)),
           m_isUsed(static_cast<std::size_t>(paths.size()), false)
     {
@@ -34,16 +36,27 @@ public:
     QVector<VectorPath> join(JoinFigures *figures)
     {
         QVector<VectorPath> joined;
-        for (int i = 0; i < m_runs.size(); ++i) {
+        for (int i = 0; i < m_runs.size() && !m_isCancelled; ++i) {
             if (m_isUsed[static_cast<std::size_t>(i)] || m_runs[i].isEmpty())
                 continue;
-            m_isUsed[static_cast<std::size_t>(i)] = true;
+            use(i);
             joined.append(m_runs[i].isClosed() ? m_runs[i] : chainFrom(i, figures));
         }
         return joined;
     }
 
+    bool isCancelled() const { return m_isCancelled; }
+
 private:
+    /** Takes a run, which is what the time goes into. */
+    void use(int run)
+    {
+        constexpr int kEvery = 1024;
+        m_isUsed[static_cast<std::size_t>(run)] = true;
+        if (m_used++ % kEvery == 0 && m_progress)
+            m_isCancelled = m_isCancelled || !m_progress(double(m_used) / m_runs.size());
+    }
+
     /** The other run's end nearest to a point, 2 i for a start, 2 i + 1 for an end; -1: none. */
     int nearestEnd(const QPointF &point) const
     {
@@ -87,9 +100,9 @@ private:
                 ++figures->closed;
                 return true;
             }
-            if (end < 0)
+            if (end < 0 || m_isCancelled)
                 return false;
-            m_isUsed[static_cast<std::size_t>(end / 2)] = true;
+            use(end / 2);
             const VectorPath next = end % 2 == 0 ? m_runs[end / 2] : m_runs[end / 2].reversed();
             if (gap > 0.0)
                 chain->setEnd(next.start());
@@ -111,19 +124,36 @@ private:
 
     const QVector<VectorPath> &m_runs;
     double m_within;
+    const std::function<bool(double)> &m_progress; ///< borrowed from the caller
     CellTable m_ends;
     std::vector<bool> m_isUsed;
+    int m_used = 0;
+    bool m_isCancelled = false;
 };
 
 } // namespace
 
 QVector<VectorPath> joinedPaths(const QVector<VectorPath> &paths, double withinMm,
-                                JoinFigures *figures)
+                                JoinFigures *figures, const std::function<bool(double)> &progress)
 {
-    JoinFigures unheard;
-    JoinFigures *counted = figures ? figures : &unheard;
-    const QVector<VectorPath> exact = Joiner(paths, 0.0).join(counted);
-    return withinMm > 0.0 ? Joiner(exact, withinMm).join(counted) : exact;
+    JoinFigures counted;
+    const double rounds = withinMm > 0.0 ? 2.0 : 1.0;
+    QVector<VectorPath> joined = paths;
+    for (int round = 0; round < int(rounds); ++round) { // ends that meet exactly, then the others
+        const std::function<bool(double)> part = [&](double done) {
+            return !progress || progress((round + done) / rounds);
+        };
+        const QVector<VectorPath> before = joined;
+        Joiner joiner(before, round == 0 ? 0.0 : withinMm, part);
+        joined = joiner.join(&counted);
+        if (joiner.isCancelled())
+            return paths;
+    }
+    if (figures) {
+        figures->joined += counted.joined;
+        figures->closed += counted.closed;
+    }
+    return joined;
 }
 
 } // namespace vectorkit

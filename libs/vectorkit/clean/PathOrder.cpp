@@ -1,17 +1,29 @@
 #include <vectorkit/clean/PathOrder.h>
 
 #include <vectorkit/clean/EndTree_p.h>
-#include <vectorkit/clean/Nesting_p.h>
+#include <vectorkit/clean/Nesting.h>
 
 #include <cmath>
 
 namespace vectorkit {
 
+namespace {
+
+constexpr std::size_t kEvery = 1024;
+
+/** Of the time: to find what lies in what. */
+constexpr double kNestingShare = 0.5;
+
+} // namespace
+
 QVector<VectorPath> orderedPaths(const QVector<VectorPath> &paths, const QPointF &startMm,
                                  const std::function<bool(double)> &progress)
 {
     const auto count = static_cast<std::size_t>(paths.size());
-    const std::vector<int> holders = holdersOf(paths);
+    const std::vector<int> holders =
+        holdersOf(paths, [&](double done) { return !progress || progress(done * kNestingShare); });
+    if (holders.size() != count)
+        return paths;
     std::vector<int> heldLeft(count, 0);
     for (const int holder : holders) {
         if (holder >= 0)
@@ -35,7 +47,9 @@ QVector<VectorPath> orderedPaths(const QVector<VectorPath> &paths, const QPointF
     ordered.reserve(paths.size());
     QPointF at = startMm;
     for (std::size_t done = 0; done < count; ++done) {
-        if (done % 4096 == 0 && progress && !progress(double(done) / double(count)))
+        const double share = double(done) / double(count);
+        if (done % kEvery == 0 && progress &&
+            !progress(kNestingShare + (1.0 - kNestingShare) * share))
             return paths;
         const int end = tree.nearest(at);
         const auto path = static_cast<std::size_t>(end / 2);

@@ -99,13 +99,20 @@ void orderAngles(double *from, double *to)
         *to = *from + kTurn;
 }
 
-Outcome drawPoint(const Record &record, const Frame &, EntityReader *out)
+Outcome drawPoint(const Record &record, const Frame &sheet, EntityReader *out)
 {
     // Those by which dimensions are held stand on a layer of their own.
-    if (out->file().decoder.key(record.text(8)) != QLatin1String("DEFPOINTS"))
-        out->note(VectorNote::Kind::Left,
-                  QT_TRANSLATE_NOOP("vectorkit", "points, which have no length to mark"));
-    return Outcome::Done;
+    if (out->file().decoder.key(record.text(8)) == QLatin1String("DEFPOINTS"))
+        return Outcome::Done;
+    bool isSound = true;
+    const Vec3 place = pointOf(record, 10, &isSound);
+    if (!isSound)
+        return Outcome::Damaged;
+    PathPen pen(sheet);
+    pen.moveTo(place);
+    pen.lineTo(place);
+    out->note(VectorNote::Kind::Changed, QT_TRANSLATE_NOOP("vectorkit", "points, taken as dots"));
+    return finish(pen, out);
 }
 
 Outcome drawLine(const Record &record, const Frame &sheet, EntityReader *out)

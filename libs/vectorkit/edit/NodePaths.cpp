@@ -419,4 +419,40 @@ bool NodePaths::corner(const QVector<NodeRef> &nodes)
     return isDone;
 }
 
+// "12:3,7": of twelve nodes the fourth and the eighth, counted through all runs.
+QByteArray NodePaths::cornerMarks() const
+{
+    QByteArray marks;
+    int number = 0;
+    for (const NodeRun &run : m_runs) {
+        for (const PathNode &one : run.nodes) {
+            if (!one.isSmooth && isInLine(one))
+                marks += (marks.isEmpty() ? "" : ",") + QByteArray::number(number);
+            ++number;
+        }
+    }
+    return marks.isEmpty() ? marks : QByteArray::number(number) + ':' + marks;
+}
+
+void NodePaths::takeCornerMarks(const QByteArray &marks)
+{
+    const int colon = marks.indexOf(':');
+    if (colon < 0 || marks.left(colon).toInt() != nodeCount())
+        return;
+    QSet<int> numbers;
+    for (const QByteArray &word : marks.mid(colon + 1).split(',')) {
+        bool isNumber = false;
+        numbers.insert(word.toInt(&isNumber));
+        if (!isNumber)
+            return;
+    }
+    int number = 0;
+    for (NodeRun &run : m_runs) {
+        for (PathNode &one : run.nodes) {
+            if (numbers.contains(number++))
+                one.isSmooth = false;
+        }
+    }
+}
+
 } // namespace vectorkit

@@ -2,6 +2,7 @@
 
 #include <vectorkit/VectorPath.h>
 
+#include <QtCore/QByteArray>
 #include <QtCore/QHash>
 #include <QtCore/QSet>
 #include <QtCore/QVector>
@@ -110,6 +111,15 @@ public:
 
     /** The curves before and after go their own ways from now on. */
     bool corner(const QVector<NodeRef> &nodes);
+
+    /**
+     * Which nodes are corners though their curves run through them in one direction: what paths
+     * cannot tell. Text for `takeCornerMarks`; empty: none is.
+     */
+    QByteArray cornerMarks() const;
+
+    /** Makes corners of the nodes that were. Marks of other paths, or damaged ones, do nothing. */
+    void takeCornerMarks(const QByteArray &marks);
 
     /** Whether a node is an end of an open run. */
     bool isEnd(const NodeRef &ref) const;

@@ -441,7 +441,14 @@ bool HpglInterpreter::carryOutLettering(int wanted)
     };
     switch (wanted) {
     case code("LB"):
-        label();
+        write(readLabel());
+        return true;
+    case code("BL"):
+        m_heldLabel = readLabel();
+        return true;
+    case code("PB"):
+        m_scanner.readNumbers();
+        write(m_heldLabel);
         return true;
     case code("SI"):
         set(&HpglLettering::setSize);
@@ -477,13 +484,18 @@ bool HpglInterpreter::carryOutLettering(int wanted)
     }
 }
 
-void HpglInterpreter::label()
+QByteArray HpglInterpreter::readLabel()
 {
     bool isMended = false;
     const QByteArray text = m_scanner.readLabel(m_labelEnd, &isMended);
     if (isMended)
         note(VectorNote::Kind::Changed,
              QCoreApplication::translate("vectorkit", "labels without their end"));
+    return text;
+}
+
+void HpglInterpreter::write(const QByteArray &text)
+{
     QPointF at = m_plotter.positionMm();
     const QVector<VectorText> texts = m_lettering.place(text, m_frame, &at, &m_lineStartMm);
     for (const VectorText &line : texts)
@@ -582,15 +594,18 @@ bool HpglInterpreter::carryOutPage(int wanted)
 /** Commands that draw nothing, and those that are left out with a note. */
 bool HpglInterpreter::passOver(int wanted)
 {
-    if (isOneOf(wanted, "CO BP ")) {
-        m_isSecondLanguage = m_isSecondLanguage || wanted == code("BP");
+    if (wanted == code("CO")) {
+        m_scanner.skipComment();
+        return true;
+    }
+    if (wanted == code("BP")) {
+        m_isSecondLanguage = true;
         m_scanner.skipQuoted();
         return true;
     }
-    if (isOneOf(wanted, "BL PB WD ")) {
+    if (wanted == code("WD")) { // onto the plotter's own display
         bool isMended = false;
-        if (wanted != code("PB"))
-            m_scanner.readLabel(m_labelEnd, &isMended);
+        m_scanner.readLabel(m_labelEnd, &isMended);
         note(VectorNote::Kind::Left,
              QCoreApplication::translate("vectorkit", "command %1").arg(commandName()));
         return true;

@@ -35,7 +35,8 @@ private:
     void packed();
     void wedge(bool isFilled);
     void window();
-    void label();
+    QByteArray readLabel();
+    void write(const QByteArray &text);
     void symbolMode();
     void movePenByLetters();
     void terminator();
@@ -64,6 +65,7 @@ private:
     HpglLettering m_lettering;
     QPointF m_lineStartMm;
     char m_labelEnd = '\x03';
+    QByteArray m_heldLabel; ///< until it is to be written
     char m_symbol = '\0';
     bool m_isChordLength = false;
     bool m_isSecondLanguage = false;

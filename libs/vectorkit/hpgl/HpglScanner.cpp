@@ -158,16 +158,18 @@ bool HpglScanner::readNumbers()
 {
     m_values.clear();
     bool hadComma = false;
+    bool isOnNewLine = false; // since the last number
     while (m_at < m_last) {
         const char byte = *m_at;
         if (isDigit(byte) || byte == '-' || byte == '+' || byte == '.') {
             if (!readNumber())
                 break;
-            hadComma = false;
+            hadComma = isOnNewLine = false;
         } else if (byte == ';') {
             ++m_at;
             return true;
         } else if (isBlank(byte)) {
+            isOnNewLine = isOnNewLine || byte == '\n' || byte == '\r';
             ++m_at;
         } else if (byte == ',') {
             if (hadComma) // a number left out
@@ -179,6 +181,8 @@ bool HpglScanner::readNumbers()
         } else if (byte == ':' || byte == '#' || byte == '!' ||
                    (isLetter(byte) && m_at + 1 < m_last && isLetter(m_at[1]))) {
             return true;
+        } else if (isLetter(byte) && isOnNewLine && !hadComma && !m_values.empty()) {
+            return true; // a word of its own: the command ended with its line
         } else {
             break;
         }
@@ -233,6 +237,18 @@ void HpglScanner::stepBack(int bytes)
 {
     const char *semicolon = m_at > m_first && m_at[-1] == ';' ? m_at - 1 : m_at;
     m_at = std::max(m_commandAt + 2, semicolon - bytes);
+}
+
+void HpglScanner::skipComment()
+{
+    while (m_at < m_last && (*m_at == ' ' || *m_at == '\t'))
+        ++m_at;
+    if (m_at < m_last && *m_at == '"') {
+        skipQuoted();
+        return;
+    }
+    while (m_at < m_last && *m_at != ';' && *m_at != '\n' && *m_at != '\r' && *m_at != kEscape)
+        ++m_at;
 }
 
 void HpglScanner::skipQuoted()

@@ -46,6 +46,9 @@ public:
     /** Back by so many bytes before the semicolon that was passed last. */
     void stepBack(int bytes);
 
+    /** Past words that are no commands: quoted, or up to a semicolon or the end of the line. */
+    void skipComment();
+
     /** Past parameters of which some may be quoted. */
     void skipQuoted();
 

@@ -128,10 +128,6 @@
         <translation>文件超过上限 %1 MiB。</translation>
     </message>
     <message>
-        <source>The file is not well-formed at line %1, column %2: %3</source>
-        <translation>文件在第 %1 行第 %2 列格式不正确：%3</translation>
-    </message>
-    <message>
         <source>The plotter&apos;s unit was chosen as %1 mm.</source>
         <translation>绘图仪单位选定为 %1 mm。</translation>
     </message>
@@ -488,10 +484,6 @@
         <translation>位于其他文件中的图块</translation>
     </message>
     <message>
-        <source>byte %1</source>
-        <translation>字节 %1</translation>
-    </message>
-    <message>
         <source>dashed line types: drawn without gaps</source>
         <translation>虚线线型：按实线绘制</translation>
     </message>
@@ -514,10 +506,6 @@
     <message>
         <source>patterns of hatches: their areas are filled</source>
         <translation>填充图案：按区域填实</translation>
-    </message>
-    <message>
-        <source>points, which have no length to mark</source>
-        <translation>点（没有可标刻的长度）</translation>
     </message>
     <message>
         <source>polylines of changing width: drawn as their middle line</source>
@@ -546,6 +534,102 @@
     <message>
         <source>things on layers that are switched off</source>
         <translation>关闭图层上的对象</translation>
+    </message>
+    <message>
+        <source>Copy the drawing in it into a drawing program and save it as SVG.</source>
+        <translation>请将其中的图形复制到绘图程序中并另存为 SVG。</translation>
+    </message>
+    <message>
+        <source>It was cut off: copy it or save it again.</source>
+        <translation>文件被截断：请重新复制或重新保存。</translation>
+    </message>
+    <message>
+        <source>Make a flat view of it in its program and save that as DXF.</source>
+        <translation>请在其程序中生成平面视图并另存为 DXF。</translation>
+    </message>
+    <message>
+        <source>Save it as UTF-8.</source>
+        <translation>请另存为 UTF-8 编码。</translation>
+    </message>
+    <message>
+        <source>Take it out with a text editor.</source>
+        <translation>请用文本编辑器将其删除。</translation>
+    </message>
+    <message>
+        <source>The file is not well-formed at line %1, column %2: %3.</source>
+        <translation>文件在第 %1 行第 %2 列格式不正确：%3。</translation>
+    </message>
+    <message>
+        <source>This is PostScript from Illustrator.</source>
+        <translation>这是 Illustrator 的 PostScript 文件。</translation>
+    </message>
+    <message>
+        <source>This is a 7z archive.</source>
+        <translation>这是 7z 压缩包。</translation>
+    </message>
+    <message>
+        <source>This is a BMP picture.</source>
+        <translation>这是 BMP 图片。</translation>
+    </message>
+    <message>
+        <source>This is a PSD picture.</source>
+        <translation>这是 PSD 图片。</translation>
+    </message>
+    <message>
+        <source>This is a RAR archive.</source>
+        <translation>这是 RAR 压缩包。</translation>
+    </message>
+    <message>
+        <source>This is a STEP model, a body in space.</source>
+        <translation>这是 STEP 三维模型。</translation>
+    </message>
+    <message>
+        <source>This is a Windows metafile.</source>
+        <translation>这是 Windows 图元文件。</translation>
+    </message>
+    <message>
+        <source>This is a document of an office or CAD program.</source>
+        <translation>这是办公软件或 CAD 程序的文档。</translation>
+    </message>
+    <message>
+        <source>This is a document of an office program.</source>
+        <translation>这是办公软件的文档。</translation>
+    </message>
+    <message>
+        <source>This is an STL model, a body in space.</source>
+        <translation>这是 STL 三维模型。</translation>
+    </message>
+    <message>
+        <source>an attribute is given twice</source>
+        <translation>某个属性出现了两次</translation>
+    </message>
+    <message>
+        <source>an element ends that did not begin there</source>
+        <translation>结束了一个未在此处开始的元素</translation>
+    </message>
+    <message>
+        <source>an entity (&amp;name;) is not declared, or refers to itself or to too much</source>
+        <translation>实体（&amp;name;）未声明，或引用了自身，或引用过多</translation>
+    </message>
+    <message>
+        <source>it ends before its drawing does</source>
+        <translation>图形尚未结束，文件就结束了</translation>
+    </message>
+    <message>
+        <source>letters are not in the encoding that it names</source>
+        <translation>文字与文件声明的编码不符</translation>
+    </message>
+    <message>
+        <source>points, taken as dots</source>
+        <translation>点，作为单点读入</translation>
+    </message>
+    <message>
+        <source>two hyphens stand inside of a comment</source>
+        <translation>注释中有两个连续的连字符</translation>
+    </message>
+    <message>
+        <source>what stands there does not belong there</source>
+        <translation>此处的内容不应出现</translation>
     </message>
 </context>
 </TS>

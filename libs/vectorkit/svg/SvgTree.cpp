@@ -1,5 +1,7 @@
 #include <vectorkit/svg/SvgTree_p.h>
 
+#include <vectorkit/svg/SvgFault_p.h>
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QXmlStreamReader>
 
@@ -250,14 +252,9 @@ bool TreeReader::fail(ReadFailure *failure) const
             QString()};
     } else if (m_xml.hasError()) {
         const bool isNothing = m_tree->nodes.isEmpty();
-        *failure = {isNothing ? ReadFailure::Kind::WrongFormat : ReadFailure::Kind::Damaged,
-                    QCoreApplication::translate(
-                        "vectorkit", "The file is not well-formed at line %1, column %2: %3")
-                        .arg(m_xml.lineNumber())
-                        .arg(m_xml.columnNumber())
-                        .arg(m_xml.errorString()),
-                    QCoreApplication::translate("vectorkit",
-                                                "Save it again with the program that wrote it.")};
+        *failure =
+            svgFaultOf(m_xml, m_bytes,
+                       isNothing ? ReadFailure::Kind::WrongFormat : ReadFailure::Kind::Damaged);
     } else {
         return true;
     }

@@ -17,6 +17,8 @@ using testsupport::polygonsOf;
 
 namespace {
 
+constexpr double kUlp = std::numeric_limits<double>::epsilon();
+
 /** A shape of given subpaths that counts what the base calls. */
 class ProbeShape : public ZTShapeBase
 {
@@ -393,6 +395,28 @@ private Q_SLOTS:
         QCOMPARE(read.getId(), 7);
         QCOMPARE(read.getPenId(), 2);
         QVERIFY(read.getLockAspectRatio());
+    }
+
+    /** A scale of 1 but for rounding is none for Qt, unless the matrix was made as a scale. */
+    void load_outlineIsTheSavedOne_toTheLastBit()
+    {
+        QPainterPath path(QPointF(0.1, 0.3));
+        path.lineTo(33.7, 71.9);
+        path.lineTo(-12.3, 45.1);
+        ProbeShape saved(path);
+        saved.setTransformParam(QTransform::fromScale(1.0 - 2.0 * kUlp, 1.0 + 2.0 * kUlp));
+        QByteArray bytes;
+        QDataStream out(&bytes, QIODevice::WriteOnly);
+        saved.save(out);
+        ProbeShape loaded(path);
+        QDataStream in(bytes);
+        loaded.load(in);
+        loaded.paint();
+        QCOMPARE(loaded.getTransformParam().m11(), saved.getTransformParam().m11());
+        for (int i = 0; i < 3; ++i) {
+            QVERIFY(loaded.getLines().elementAt(i).x == saved.getLines().elementAt(i).x);
+            QVERIFY(loaded.getLines().elementAt(i).y == saved.getLines().elementAt(i).y);
+        }
     }
 
     void load_marksWhateverTheStreamSays()

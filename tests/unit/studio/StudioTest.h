@@ -5,7 +5,7 @@
 #include "support/SingletonGuard.h"
 #include "support/WarningGuard.h"
 
-#include <studio/Messages.h>
+#include <studio/program/Messages.h>
 
 #include <codekit/shape/CodeItem.h>
 #include <hostkit/setup/Factories.h>

@@ -1,6 +1,6 @@
-#include <studio/CommandTable.h>
-#include <studio/Icons.h>
-#include <studio/UndoTexts.h>
+#include <studio/program/Icons.h>
+#include <studio/program/UndoTexts.h>
+#include <studio/window/CommandTable.h>
 
 #include <QtCore/QSet>
 #include <QtGui/QKeySequence>
@@ -18,8 +18,8 @@ private Q_SLOTS:
     {
         QSet<QByteArray> ids;
         for (const Command &command : studio::commandTable()) {
-            QVERIFY2(!ids.contains(command.id), command.id);
-            ids << command.id;
+            QVERIFY2(!ids.contains(QByteArray(command.id)), command.id);
+            ids << QByteArray(command.id);
         }
     }
 

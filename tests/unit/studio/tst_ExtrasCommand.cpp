@@ -1,7 +1,7 @@
 #include "StudioTest.h"
 
-#include <studio/DocumentActions.h>
 #include <studio/commands/ExtrasCommand.h>
+#include <studio/edit/DocumentActions.h>
 
 #include <QtTest/QTest>
 #include <QtWidgets/QUndoStack>

@@ -1,6 +1,6 @@
 #include "StudioTest.h"
 
-#include <studio/PenColors.h>
+#include <studio/shapes/PenColors.h>
 
 #include <QtGui/QPainter>
 #include <QtTest/QTest>

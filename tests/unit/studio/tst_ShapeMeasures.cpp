@@ -1,8 +1,8 @@
 #include "MeasuredBoxes.h"
 #include "StudioTest.h"
 
-#include <studio/ShapeMeasures.h>
 #include <studio/commands/ItemGeometryCommand.h>
+#include <studio/shapes/ShapeMeasures.h>
 
 #include <QtTest/QTest>
 

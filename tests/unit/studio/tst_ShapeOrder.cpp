@@ -1,7 +1,7 @@
 #include "StudioTest.h"
 
-#include <studio/ShapeOrder.h>
 #include <studio/commands/StackingCommand.h>
+#include <studio/list/ShapeOrder.h>
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QRandomGenerator>

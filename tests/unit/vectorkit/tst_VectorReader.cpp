@@ -120,6 +120,28 @@ private Q_SLOTS:
         row("cdr", "RIFF____CDRCvrsn", "This is a CDR drawing.", "SVG or DXF");
         row("dwg", "AC1032\0\0", "This is a DWG drawing.", "Save it as DXF");
         row("zip", "PK\x03\x04\x14", "This is a ZIP archive.", "Unpack it");
+        row("bmp", QByteArray("BM\x36\x10\0\0\0\0\0\0\x36", 11), "This is a BMP picture.",
+            "trace it");
+        row("photoshop", "8BPS", "This is a PSD picture.", "trace it");
+        row("emf", QByteArray("\x01\0\0\0", 4) + QByteArray(36, '\0') + " EMF",
+            "This is a Windows metafile.", "SVG or DXF");
+        row("wmf", "\xD7\xCD\xC6\x9A", "This is a Windows metafile.", "SVG or DXF");
+        row("office of old", "\xD0\xCF\x11\xE0\xA1",
+            "This is a document of an office or CAD program.", "SVG or DXF");
+        row("xlsx", "PK\x03\x04\x14 [Content_Types].xml",
+            "This is a document of an office program.", "Copy the drawing");
+        row("odg", "PK\x03\x04\x14 mimetypeapplication/vnd.oasis.opendocument.graphics",
+            "This is a document of an office program.", "Copy the drawing");
+        row("cdr as archive", "PK\x03\x04\x14 mimetypeapplication/x-vnd.corel.draw.document+zip",
+            "This is a CDR drawing.", "SVG or DXF");
+        row("old illustrator", "%!PS-Adobe-3.0 EPSF-3.0\n%%Creator: Adobe Illustrator(R) 8.0\n",
+            "This is PostScript from Illustrator.", "Save it as SVG.");
+        row("step", "ISO-10303-21;\nHEADER;\n", "This is a STEP model, a body in space.",
+            "flat view");
+        row("stl", "solid part\nfacet normal 0 0 1\n", "This is an STL model, a body in space.",
+            "flat view");
+        row("rar", "Rar!\x1A\x07", "This is a RAR archive.", "Unpack it");
+        row("7z", "7z\xBC\xAF\x27\x1C", "This is a 7z archive.", "Unpack it");
         row("gzip", "\x1F\x8B\x08", "This is compressed (gzip), as .svgz files are.", "Unpack it");
         row("gcode", "; made by hand\nG21\nG90\nG0 X1 Y2\nM3 S100\nG1 X5\n",
             "This is G-code, the program of a machine.", "Take the drawing");
@@ -130,6 +152,8 @@ private Q_SLOTS:
         row("gerber", "%FSLAX46Y46*%\n", "This is a Gerber file of a circuit board.", "HP-GL");
         row("xml", "<?xml version='1.0'?><kml/>", "This is XML or HTML, but no SVG drawing.",
             "SVG, DXF or HP-GL");
+        row("a letter on cars", "BMW and solid gold",
+            "This is none of the drawings that can be read.", "HP-GL, SVG and DXF");
         row("a letter", "Dear reader, this is a letter.",
             "This is none of the drawings that can be read.", "HP-GL, SVG and DXF");
     }

@@ -7,6 +7,7 @@
 #include <hostkit/items/ItemExtras.h>
 #include <hostkit/setup/Factories.h>
 
+#include <QtCore/QElapsedTimer>
 #include <QtTest/QTest>
 
 #include <cmath>
@@ -103,6 +104,8 @@ private Q_SLOTS:
     void import_plotterPens_areKept();
     void import_colorIndices_areNoPens();
     void import_tolerance_makesStraightPieces();
+    void import_dots_becomeShortLines();
+    void import_manyOutlines_takeTheirHolesSoon();
     void import_centre_movesTheWhole();
     void import_cancelled_leavesNothing();
     void import_copies_keepTheirDrawing();
@@ -290,6 +293,51 @@ void tst_DrawingImport::import_tolerance_makesStraightPieces()
     }
     // Chords as far apart as 0.001 mm allows: 2 acos(1 - 0.0001) each, 222 of them.
     QVERIFY(path.elementCount() >= 222);
+}
+
+void tst_DrawingImport::import_dots_becomeShortLines()
+{
+    const VectorPath dot = VectorPath::polyline({{30, 40}, {30, 40}});
+    const VectorPath closedDot = VectorPath::polyline({{50, 40}, {50, 40}, {50, 40}}, true);
+    VectorLayer layer;
+    layer.shapes << shape({VectorPath::polyline({{0, 0}, {20, 0}}), dot}, Qt::red)
+                 << shape({dot, closedDot}, Qt::blue)
+                 << shape({VectorPath::circle({5, 5}, 0.001)}, Qt::black);
+    VectorDrawing drawing;
+    drawing.layers << layer;
+    for (const double toleranceMm : {0.0, 0.01}) {
+        ZTGraphicsDocument document;
+        ImportOptions options = splitBy(ImportSplit::Color);
+        options.toleranceMm = toleranceMm;
+        const ImportResult result = hostkit::importDrawing(document, drawing, options);
+        QCOMPARE(result.dots, 3);
+        // A closed outline and open ones are never one shape.
+        QCOMPARE(result.items.size(), 4);
+        COMPARE_BOX(boxMm(*result.items[0]), QRectF(0, 0, 30.005, 40), 1e-6);
+        COMPARE_BOX(boxMm(*result.items[1]), QRectF(49.995, 40, 0.01, 0), 1e-6);
+        COMPARE_BOX(boxMm(*result.items[2]), QRectF(29.995, 40, 0.01, 0), 1e-6);
+        // Smaller than the tolerance, and still a spot; never a word that stands for nothing.
+        QVERIFY(boxMm(*result.items[3]).width() <= 0.0101);
+        QVERIFY(boxMm(*result.items[3]).height() <= 0.0101);
+    }
+}
+
+void tst_DrawingImport::import_manyOutlines_takeTheirHolesSoon()
+{
+    QVector<VectorPath> closed;
+    for (int i = 0; i < 20000; ++i) {
+        closed << square(i % 200 * 10.0, i / 200 * 10.0, 8)
+               << square(i % 200 * 10.0 + 2, i / 200 * 10.0 + 2, 4);
+    }
+    QElapsedTimer clock;
+    clock.start();
+    const QVector<QVector<int>> outlines = hostkit::outlinesWithHoles(closed);
+    QCOMPARE(outlines.size(), 20000);
+    for (int i = 0; i < outlines.size(); ++i)
+        QCOMPARE(outlines[i], (QVector<int>{2 * i, 2 * i + 1}));
+    // Each of 800,000,000 pairs looked at would take minutes.
+    QVERIFY2(clock.elapsed() < 20000, qPrintable(QString::number(clock.elapsed())));
+    QVERIFY(hostkit::outlinesWithHoles(closed, [](double) { return false; }).isEmpty());
 }
 
 void tst_DrawingImport::import_centre_movesTheWhole()

@@ -53,10 +53,10 @@ private Q_SLOTS:
         options = TextJobOptions();
         options.heightMm = 8.0;
         options.font.fontType = FontType::singleLine;
-        QString error;
+        hostkit::Failure failure;
         QVERIFY2(hostkit::strokeFont(QStringLiteral("tiny.shx"), QStringLiteral("tinybig.shx"), {},
-                                     &options.font.shxFont, &error),
-                 qPrintable(error));
+                                     &options.font.shxFont, &failure),
+                 qPrintable(failure.reason));
         texts.clear();
     }
     void cleanup() { guard.reset(); }

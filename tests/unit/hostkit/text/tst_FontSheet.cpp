@@ -86,8 +86,8 @@ private Q_SLOTS:
     void svg_holdsStrokesAndCodes()
     {
         const FontSheet sheet = read(writerOf({0x41}).shapes());
-        QString error;
-        QVERIFY(sheet.save(path("sheet.svg"), QStringLiteral("a<b"), &error));
+        hostkit::Failure failure;
+        QVERIFY(sheet.save(path("sheet.svg"), QStringLiteral("a<b"), &failure));
         const QByteArray svg = content("sheet.svg");
         QVERIFY(svg.contains("viewBox=\"0 0 16 2\""));
         QVERIFY(svg.contains("<path d=\"M0.2 1.7L0.2 1.2M0.2 1.3L0.45 1.3\"/>"));
@@ -98,8 +98,8 @@ private Q_SLOTS:
     void png_showsTheStrokes()
     {
         const FontSheet sheet = read(writerOf({0x41}).shapes());
-        QString error;
-        QVERIFY(sheet.save(path("sheet.PNG"), QString(), &error));
+        hostkit::Failure failure;
+        QVERIFY(sheet.save(path("sheet.PNG"), QString(), &failure));
         const QImage image(path("sheet.PNG"));
         QCOMPARE(image.size(), QSize(16 * 64, 2 * 64));
         // Half way up the upright line, and beside it.
@@ -120,20 +120,20 @@ private Q_SLOTS:
     void unusableFonts_areTold()
     {
         FontSheet sheet;
-        QString error;
-        QVERIFY(!sheet.read(path("none.shx"), &error));
-        QCOMPARE(error, QStringLiteral("cannot be read: No such file or directory"));
+        hostkit::Failure failure;
+        QVERIFY(!sheet.read(path("none.shx"), &failure));
+        QCOMPARE(failure.reason, QStringLiteral("cannot be read: No such file or directory"));
         testsupport::writeFile(path("font.shx"), writerOf({}).unifont());
-        QVERIFY(!sheet.read(path("font.shx"), &error));
-        QCOMPARE(error, QStringLiteral("the font has no glyphs"));
+        QVERIFY(!sheet.read(path("font.shx"), &failure));
+        QCOMPARE(failure.reason, QStringLiteral("the font has no glyphs"));
     }
 
     void unwritableFile_isTold()
     {
         const FontSheet sheet = read(writerOf({0x41}).shapes());
-        QString error;
-        QVERIFY(!sheet.save(path("none/sheet.svg"), QString(), &error));
-        QCOMPARE(error, QStringLiteral("the folder does not exist"));
+        hostkit::Failure failure;
+        QVERIFY(!sheet.save(path("none/sheet.svg"), QString(), &failure));
+        QCOMPARE(failure.reason, QStringLiteral("the folder does not exist"));
     }
 
     void ninethousandGlyphs_areDrawnInATrice()
@@ -145,8 +145,8 @@ private Q_SLOTS:
         timer.start();
         const FontSheet sheet = read(writerOf(codes).bigfont());
         QCOMPARE(sheet.glyphs().size(), 9500);
-        QString error;
-        QVERIFY(sheet.save(path("sheet.svg"), QString(), &error));
+        hostkit::Failure failure;
+        QVERIFY(sheet.save(path("sheet.svg"), QString(), &failure));
         QCOMPARE(sheet.grid(), QSize(64, 149));
         QVERIFY2(timer.elapsed() < 10000, qPrintable(QString::number(timer.elapsed())));
     }
@@ -171,9 +171,9 @@ private:
     {
         testsupport::writeFile(path("font.shx"), file);
         FontSheet sheet;
-        QString error;
-        if (!sheet.read(path("font.shx"), &error))
-            qWarning("%s", qPrintable(error));
+        hostkit::Failure failure;
+        if (!sheet.read(path("font.shx"), &failure))
+            qWarning("%s", qPrintable(failure.reason));
         return sheet;
     }
 

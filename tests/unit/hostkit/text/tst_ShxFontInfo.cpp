@@ -168,11 +168,11 @@ private Q_SLOTS:
             for (int size = 0; size < file.size(); ++size) {
                 write(file.left(size));
                 ShxFontInfo info;
-                QString error;
-                if (hostkit::readShxFontInfo(path(), &info, &error))
+                hostkit::Failure failure;
+                if (hostkit::readShxFontInfo(path(), &info, &failure))
                     QVERIFY(info.usableGlyphs() < 2);
                 else
-                    QCOMPARE(error, QStringLiteral("is no stroke font"));
+                    QCOMPARE(failure.reason, QStringLiteral("is no stroke font"));
             }
         }
     }
@@ -190,19 +190,21 @@ private Q_SLOTS:
         QFETCH(QByteArray, content);
         write(content);
         ShxFontInfo info;
-        QString error;
-        QVERIFY(!hostkit::readShxFontInfo(path(), &info, &error));
-        QCOMPARE(error, QStringLiteral("is no stroke font"));
+        hostkit::Failure failure;
+        QVERIFY(!hostkit::readShxFontInfo(path(), &info, &failure));
+        QCOMPARE(failure.reason, QStringLiteral("is no stroke font"));
     }
 
     void missingFileAndFolder_areTold()
     {
         ShxFontInfo info;
-        QString error;
-        QVERIFY(!hostkit::readShxFontInfo(path(), &info, &error));
-        QCOMPARE(error, QStringLiteral("cannot be read: No such file or directory"));
-        QVERIFY(!hostkit::readShxFontInfo(folder->path(), &info, &error));
-        QCOMPARE(error, QStringLiteral("is no stroke font"));
+        hostkit::Failure failure;
+        QVERIFY(!hostkit::readShxFontInfo(path(), &info, &failure));
+        QVERIFY(failure.kind == hostkit::Failure::Kind::CannotRead);
+        QCOMPARE(failure.reason, QStringLiteral("cannot be read: No such file or directory"));
+        QVERIFY(!hostkit::readShxFontInfo(folder->path(), &info, &failure));
+        QVERIFY(failure.kind == hostkit::Failure::Kind::OtherFormat);
+        QCOMPARE(failure.reason, QStringLiteral("is no stroke font"));
     }
 
     void list_holdsTheFontsOfAllFolders_byName()
@@ -237,9 +239,9 @@ private:
     {
         write(content);
         ShxFontInfo info;
-        QString error;
-        if (!hostkit::readShxFontInfo(path(), &info, &error))
-            qWarning("%s", qPrintable(error));
+        hostkit::Failure failure;
+        if (!hostkit::readShxFontInfo(path(), &info, &failure))
+            qWarning("%s", qPrintable(failure.reason));
         return info;
     }
 

@@ -64,11 +64,11 @@ private Q_SLOTS:
         write("text.shx", "no font at all");
         write("now.shx", fontOf('A').shapes());
         ZTShxFontManager::release();
-        QString error;
+        hostkit::Failure failure;
         ZTShxFontParam font;
         QVERIFY(!hostkit::strokeFont(regularName, bigName,
-                                     {QStringLiteral("A"), QStringLiteral("B")}, &font, &error));
-        QCOMPARE(error, reason);
+                                     {QStringLiteral("A"), QStringLiteral("B")}, &font, &failure));
+        QCOMPARE(failure.reason, reason);
     }
 
     void bigFontWithoutItsReference_isNamed()
@@ -77,23 +77,24 @@ private Q_SLOTS:
         writer.ranges = {{0x81, 0xFE}};
         write("other.shx", writer.bigfont());
         ZTShxFontManager::release();
-        QString error;
+        hostkit::Failure failure;
         ZTShxFontParam font;
         QVERIFY(!hostkit::strokeFont(QStringLiteral("tiny.shx"), QStringLiteral("other.shx"), {},
-                                     &font, &error));
-        QCOMPARE(error, QStringLiteral("other.shx has no \"你\", by whose width fonts are brought "
-                                       "to a height"));
+                                     &font, &failure));
+        QCOMPARE(failure.reason,
+                 QStringLiteral("other.shx has no \"你\", by whose width fonts are brought "
+                                "to a height"));
     }
 
     void noBigFontAtAll_isTold()
     {
         QVERIFY(QFile::remove(hostkit::strokeFontFolder() + QStringLiteral("/tinybig.shx")));
         ZTShxFontManager::release();
-        QString error;
+        hostkit::Failure failure;
         ZTShxFontParam font;
         QVERIFY(!hostkit::strokeFont(QStringLiteral("tiny.shx"), {}, {QStringLiteral("here")},
-                                     &font, &error));
-        QCOMPARE(error, QStringLiteral("no big font in here"));
+                                     &font, &failure));
+        QCOMPARE(failure.reason, QStringLiteral("no big font in here"));
     }
 
     void missingCharacters_areNamedOnce_inTheirOrder()
@@ -122,11 +123,11 @@ private:
     static ZTShxFontParam found(const char *regularName, const char *bigName)
     {
         ZTShxFontParam font;
-        QString error;
+        hostkit::Failure failure;
         hostkit::strokeFont(QString::fromLatin1(regularName), QString::fromLatin1(bigName), {},
-                            &font, &error);
-        if (!error.isEmpty())
-            qWarning("%s", qPrintable(error));
+                            &font, &failure);
+        if (!failure.reason.isEmpty())
+            qWarning("%s", qPrintable(failure.reason));
         return font;
     }
 

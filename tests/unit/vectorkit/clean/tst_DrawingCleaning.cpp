@@ -2,6 +2,8 @@
 
 #include <QtTest/QTest>
 
+#include <algorithm>
+
 using vectorkit::cleanDrawing;
 using vectorkit::cleaningNeeds;
 using vectorkit::CleanOptions;
@@ -161,6 +163,84 @@ private Q_SLOTS:
             };
             QVERIFY(!cleanDrawing(&drawing, options, nullptr));
             QCOMPARE(drawing.shapeCount(), 2);
+        }
+    }
+
+    void everyStep_tellsHowFarItIs_andCanBeCancelled_data()
+    {
+        QTest::addColumn<int>("step");
+        QTest::newRow("doubles") << 0;
+        QTest::newRow("joining") << 1;
+        QTest::newRow("simplifying") << 2;
+        QTest::newRow("fitting") << 3;
+        QTest::newRow("welding") << 4;
+        QTest::newRow("order") << 5;
+        QTest::newRow("all") << 6;
+    }
+
+    void everyStep_tellsHowFarItIs_andCanBeCancelled()
+    {
+        QFETCH(int, step);
+        // Pairs of squares that overlap, 12,000 in all, of two pens.
+        QVector<VectorShape> shapes;
+        for (int i = 0; i < 6000; ++i) {
+            const double x = i % 80 * 10.0;
+            const double y = i / 80 * 10.0;
+            shapes.append(shapeOf(square(x, y, 4), 1 + i % 2));
+            shapes.append(shapeOf(square(x + 2, y + 2, 4), 1 + i % 2));
+        }
+        const VectorDrawing drawing = drawingOf(shapes);
+        CleanOptions options;
+        const bool isAll = step == 6;
+        options.dropDoubles = isAll || step == 0;
+        options.joinMm = isAll || step == 1 ? 0.1 : -1.0;
+        options.simplifyMm = isAll || step == 2 ? 0.1 : 0.0;
+        options.fitArcsMm = isAll || step == 3 ? 0.1 : 0.0;
+        options.weld = isAll || step == 4;
+        options.order = isAll || step == 5;
+
+        QVector<double> told;
+        options.progress = [&](double done) {
+            told.append(done);
+            return true;
+        };
+        VectorDrawing cleaned = drawing;
+        QVERIFY(cleanDrawing(&cleaned, options, nullptr));
+        QVERIFY2(told.size() >= 8, qPrintable(QString::number(told.size())));
+        QVERIFY(std::is_sorted(told.begin(), told.end()));
+        QVERIFY(told.first() >= 0.0 && told.last() <= 1.0);
+        QVERIFY2(told.last() > 0.7, qPrintable(QString::number(told.last())));
+
+        for (const int allowed : {1, told.size() / 2, told.size() - 1}) {
+            int calls = 0;
+            options.progress = [&](double) { return calls++ < allowed; };
+            cleaned = drawing;
+            QVERIFY(!cleanDrawing(&cleaned, options, nullptr));
+            QCOMPARE(calls, allowed + 1); // cancelled once, it is asked no more
+            QCOMPARE(cleaned.pathCount(), 12000);
+        }
+    }
+
+    void manyAreas_areWeldedAsFewAre()
+    {
+        // Two squares of 4 mm that share 2 x 2 mm, 3,000 times; the lots must neither lose nor mix.
+        QVector<VectorShape> shapes;
+        for (int i = 0; i < 3000; ++i) {
+            const double x = i % 60 * 8.0;
+            const double y = i / 60 * 8.0 + i % 3; // no row can be cut off straight
+            shapes.append(shapeOf(square(x, y, 4)));
+            shapes.append(shapeOf(square(x + 2, y + 2, 4)));
+        }
+        VectorDrawing drawing = drawingOf(shapes);
+        CleanOptions options;
+        options.weld = true;
+        options.weldRule = Qt::WindingFill;
+        QVERIFY(cleanDrawing(&drawing, options, nullptr));
+        QCOMPARE(drawing.pathCount(), 3000);
+        for (const VectorShape &shape : qAsConst(drawing.layers[0].shapes)) {
+            QCOMPARE(shape.paths.size(), 1);
+            QCOMPARE(shape.paths[0].pieceCount(), 8);
+            QVERIFY(qAbs(shape.paths[0].lengthMm() - 24.0) < 1e-6); // 16 + 16 - 8 mm inside
         }
     }
 };

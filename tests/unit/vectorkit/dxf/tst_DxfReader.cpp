@@ -511,14 +511,15 @@ void tst_DxfReader::read_solidsFacesAndPoints()
 {
     const VectorDrawing drawing = readFixture("solids");
     const QVector<VectorShape> shapes = shapesOf(drawing);
-    QCOMPARE(shapes.size(), 5);
+    QCOMPARE(shapes.size(), 6);
     QVERIFY(shapes[0].isFilled && !shapes[0].isStroked);
     const QVector<QPointF> corners = {{0.0, 0.0}, {4.0, 0.0}, {4.0, -3.0}, {0.0, -3.0}, {0.0, 0.0}};
     QCOMPARE(shapes[0].paths[0].polylinePoints(), corners);
     QCOMPARE(shapes[1].paths[0].pieceCount(), 3);
     for (int edge = 2; edge < 5; ++edge)
         QCOMPARE(shapes[edge].paths[0].pieceCount(), 1); // the fourth edge is hidden
-    QCOMPARE(noteCount(drawing, VectorNote::Kind::Left, "points"), qint64(1));
+    QCOMPARE(shapes[5].paths[0].polylinePoints(), (QVector<QPointF>{{1.0, -1.0}, {1.0, -1.0}}));
+    QCOMPARE(noteCount(drawing, VectorNote::Kind::Changed, "points"), qint64(1));
     QCOMPARE(noteCount(drawing, VectorNote::Kind::Left, "WIPEOUT"), qint64(1));
 }
 

@@ -240,6 +240,31 @@ private Q_SLOTS:
         QVERIFY(!nodes.toLine({{0, 0}}));
     }
 
+    void cornerMarks_keepWhatPathsCannotTell()
+    {
+        // Two waves: their inner nodes are run through in one direction.
+        VectorPath wave({0, 0});
+        wave.cubicTo({0, 5}, {5, 5}, {10, 5});
+        wave.cubicTo({15, 5}, {20, 5}, {20, 0});
+        VectorPath other = wave.transformed(QTransform::fromTranslate(0, 30));
+        NodePaths nodes({wave, other});
+        QVERIFY(nodes.node({0, 1}).isSmooth && nodes.node({1, 1}).isSmooth);
+        QCOMPARE(nodes.cornerMarks(), QByteArray());
+        QVERIFY(nodes.corner({{1, 1}}));
+        QCOMPARE(nodes.cornerMarks(), QByteArray("6:4"));
+
+        NodePaths again(nodes.paths());
+        QVERIFY(again.node({1, 1}).isSmooth); // the paths alone say so
+        again.takeCornerMarks(nodes.cornerMarks());
+        QVERIFY(!again.node({1, 1}).isSmooth);
+        QVERIFY(again.node({0, 1}).isSmooth);
+        for (const char *strange : {"", "6", "5:4", "6:x", "6:4,", ":", "6:99", "-6:4"}) {
+            NodePaths untouched(nodes.paths());
+            untouched.takeCornerMarks(strange);
+            QVERIFY2(untouched.node({1, 1}).isSmooth, strange);
+        }
+    }
+
     void smooth_corner_runsAlongItsNeighbours()
     {
         NodePaths nodes = zigzag();

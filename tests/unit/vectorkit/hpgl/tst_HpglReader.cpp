@@ -129,6 +129,10 @@ private Q_SLOTS:
         row("relative", "IN;PU0,0;PD;PR40,0,0,80;", kLine);
         row("relative and back", "IN;PU40,0;PR-40,0;PD40,0;PA40,80;PU;", kLine);
         row("a comment", "# from a script\nIN;PU0,0;PD40,0;# half\nPD40,80;", kLine);
+        row("a comment command", "CO Circles drawn, pen wide;IN;PU0,0;CO\"PD9;9\";PD40,0,40,80;",
+            kLine);
+        row("a comment to its line's end", "CO 1st quadrant: CI drawn\nIN;PU0,0;PD40,0,40,80;",
+            kLine);
         row("colons", "IN:PU0,0:PD:PA40,0,40,80", kLine);
         row("escapes around", "\x1B.(;\x1B.I81;;17:\x1B.N;19:IN;PU0,0;PD40,0,\x1B.Y40,80;\x1B.)",
             kLine);
@@ -447,6 +451,17 @@ private Q_SLOTS:
         QCOMPARE(notesOf(mended), QStringLiteral("labels without their end x1 at byte 0"));
     }
 
+    void labels_held_areWrittenWhereTheyAreCalledFor()
+    {
+        const VectorDrawing drawing =
+            drawingOf("PU0,0;BLheld;PU9,9\x03PU40,40;PB;PU80,0;PBPU0,0;PD40,0;");
+        QCOMPARE(drawing.layers[0].texts.size(), 2);
+        QCOMPARE(drawing.layers[0].texts[0].text, QStringLiteral("held;PU9,9"));
+        QCOMPARE(drawing.layers[0].texts[0].positionMm, QPointF(1, -1));
+        QCOMPARE(drawing.layers[0].texts[1].positionMm, QPointF(2, 0));
+        QVERIFY(drawing.notes.isEmpty());
+    }
+
     void labels_letters_areReadAsTheyAreWritten()
     {
         QCOMPARE(textOf("LB\xE4\x03").text, QString::fromUtf8("ä"));
@@ -492,6 +507,22 @@ private Q_SLOTS:
         QFETCH(QByteArray, file);
         QFETCH(QString, notes);
         QCOMPARE(notesOf(drawingOf(file)), notes);
+    }
+
+    void wordsAfterALine_leaveItsCommandWhole()
+    {
+        // A unit of the user is a millimetre. What a program left between counts as damage itself.
+        const QByteArray moves = QByteArray("PU0,0;").repeated(40);
+        const VectorDrawing drawing =
+            drawingOf("IN;IP0,0,40,40SC0,1,0,1\r\n\r\nX0=0;Y0=0;\r\n" + moves + "PD3,0,3,4;");
+        QCOMPARE(drawing.boundsMm(), QRectF(0, -4, 3, 4));
+        QCOMPARE(drawing.notes.size(), 1);
+        QCOMPARE(drawing.notes[0].what, QStringLiteral("text that is no command"));
+        QCOMPARE(drawing.notes[0].count, qint64(2));
+        // On the line itself it is the command that is damaged.
+        const VectorDrawing damaged =
+            drawingOf("IN;IP0,0,40,40SC0,1,0,1 X0=0;\r\n" + moves + "PD3,0,3,4;");
+        QCOMPARE(damaged.notes[0].what, QStringLiteral("numbers of command SC"));
     }
 
     void damage_isNeverZero()

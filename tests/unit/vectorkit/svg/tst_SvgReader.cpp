@@ -147,10 +147,15 @@ private Q_SLOTS:
     void layers_keepNamesAndOrder();
     void layers_ofNumberedNames_areRead();
     void leftOut_isSaidAndCounted();
+    void editorSwitch_givesItsLayers();
+    void styleSheet_ofAProgram_isFollowed();
+    void shownOtherwise_isSaid();
     void texts_stayTexts();
     void texts_mirroredAndWide_keepTheirForm();
     void names_withOtherPrefixes_areRead();
     void refused_saysLineAndColumn();
+    void refused_saysWhatIsWrong_data();
+    void refused_saysWhatIsWrong();
     void refused_neverGrowsWithoutBound_data();
     void refused_neverGrowsWithoutBound();
     void cancelled_leavesTheDrawing();
@@ -178,6 +183,8 @@ void TestSvgReader::size_isFoundAsTheFileSays_data()
     row("size-editor-96", {25.4, 25.4}, pixel, declared, {0, 0, 25.4, 12.7});
     row("size-editor-72", {50.8, 25.4}, 25.4 / 72, declared, {0, 0, 25.4, 12.7});
     row("aspect", {100, 50}, 5.0, declared, {50, 0, 50, 50});
+    // Of all there is room for: 96 x 192 pixels, the lowest corner of all at (72, 144).
+    row("size-percent", {25.4, 50.8}, pixel, SizeSource::Guessed, {0, 0, 19.05, 38.1});
 }
 
 void TestSvgReader::size_isFoundAsTheFileSays()
@@ -367,6 +374,45 @@ void TestSvgReader::leftOut_isSaidAndCounted()
     QCOMPARE(noted(drawing, damaged, "paths with coordinates out of range"), qint64(1));
 }
 
+void TestSvgReader::editorSwitch_givesItsLayers()
+{
+    const VectorDrawing drawing = readFixture(QStringLiteral("editor-switch"));
+    QCOMPARE(drawing.layers.size(), 2);
+    QCOMPARE(drawing.layers[1].name, QStringLiteral("Engrave"));
+    const QVector<VectorShape> shapes = shapesOf(drawing);
+    QCOMPARE(shapes.size(), 2);
+    QVERIFY(isSame(boundsOf(shapes[0]), QRectF(2, 2, 36, 16)));
+    QCOMPARE(shapes[0].color, QColor(0xE3, 0x06, 0x13));
+    QVERIFY(!shapes[0].isFilled && shapes[1].isFilled);
+    QVERIFY(shapes[0].paths[0].isClosed());
+}
+
+void TestSvgReader::styleSheet_ofAProgram_isFollowed()
+{
+    const VectorDrawing drawing = readFixture(QStringLiteral("style-sheet"));
+    const QVector<VectorShape> shapes = shapesOf(drawing);
+    QCOMPARE(shapes.size(), 4);
+    QCOMPARE(shapes[0].color, QColor(0, 0, 255)); // not that of a printed page
+    QCOMPARE(shapes[0].strokeWidthMm, 2.0);
+    QCOMPARE(shapes[1].color, QColor(0, 0, 0)); // !important is stronger than the element's own
+    QCOMPARE(shapes[2].color, QColor(0, 128, 0));
+    QCOMPARE(shapes[3].color, QColor(255, 0, 0));
+    QCOMPARE(noted(drawing, VectorNote::Kind::Left, "style rules that are not known"), qint64(1));
+}
+
+void TestSvgReader::shownOtherwise_isSaid()
+{
+    const VectorDrawing drawing = readFixture(QStringLiteral("shown-otherwise"));
+    QCOMPARE(drawing.shapeCount(), 5);
+    QVERIFY(isSame(boundsOf(shapesOf(drawing).last()), QRectF(0, 18, 5, 0)));
+    const VectorNote::Kind changed = VectorNote::Kind::Changed;
+    QCOMPARE(noted(drawing, changed, "masks, shown without them"), qint64(1));
+    QCOMPARE(noted(drawing, changed, "filters, shown without them"), qint64(1));
+    QCOMPARE(noted(drawing, changed, "patterns, filled all over"), qint64(1));
+    QCOMPARE(noted(drawing, VectorNote::Kind::Left, "markers on lines"), qint64(1));
+    QCOMPARE(noted(drawing, VectorNote::Kind::Left, "hidden elements"), qint64(2));
+}
+
 void TestSvgReader::texts_stayTexts()
 {
     const VectorDrawing drawing = readFixture(QStringLiteral("texts"));
@@ -424,6 +470,51 @@ void TestSvgReader::refused_saysLineAndColumn()
     QCOMPARE(failureOf("<svg/>").kind, ReadFailure::Kind::Empty);
 }
 
+void TestSvgReader::refused_saysWhatIsWrong_data()
+{
+    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<QString>("reason");
+    QTest::addColumn<QString>("advice");
+    const auto row = [](const char *name, const QByteArray &body, const char *reason,
+                        const char *advice) {
+        QTest::newRow(name) << body << QString::fromLatin1(reason) << QString::fromLatin1(advice);
+    };
+    row("hyphens", "\n<!-- cut; use --laser -->\n<path d='M0 0H1'/></svg>",
+        "The file is not well-formed at line 2, column 19: two hyphens stand inside of a comment.",
+        "Take it out with a text editor.");
+    row("mismatch", "\n<g><path d='M0 0H1'/></svg>",
+        "The file is not well-formed at line 2, column 28: an element ends that did not begin "
+        "there.",
+        "Save it again with the program that wrote it.");
+    row("twice", "\n<path d='M0 0' d='M1 1'/></svg>",
+        "The file is not well-formed at line 2, column 24: an attribute is given twice.",
+        "Save it again with the program that wrote it.");
+    row("entity", "\n<text>a &nbsp; b</text></svg>",
+        "The file is not well-formed at line 2, column 14: an entity (&name;) is not declared, or "
+        "refers to itself or to too much.",
+        "Save it again with the program that wrote it.");
+    row("cut off", "\n<g><path d='M0 0H1'/>",
+        "The file is not well-formed at line 2, column 21: it ends before its drawing does.",
+        "It was cut off: copy it or save it again.");
+    row("cut off in a comment", "\n<g><!-- a",
+        "The file is not well-formed at line 2, column 10: it ends before its drawing does.",
+        "It was cut off: copy it or save it again.");
+}
+
+void TestSvgReader::refused_saysWhatIsWrong()
+{
+    QFETCH(QByteArray, body);
+    QFETCH(QString, reason);
+    QFETCH(QString, advice);
+    const ReadFailure failure =
+        failureOf("<svg xmlns='http://www.w3.org/2000/svg' width='9mm' height='9mm'>" + body);
+    // The column is where the reader stopped, which may be past the fault by a few letters.
+    static const QRegularExpression column(QStringLiteral("column \\d+"));
+    QCOMPARE(QString(failure.reason).remove(column), QString(reason).remove(column));
+    QCOMPARE(failure.advice, advice);
+    QCOMPARE(failure.kind, ReadFailure::Kind::Damaged);
+}
+
 void TestSvgReader::refused_neverGrowsWithoutBound_data()
 {
     QTest::addColumn<QByteArray>("bytes");
@@ -472,8 +563,9 @@ void TestSvgReader::picture_equalsThatOfAnotherReader_data()
 {
     QTest::addColumn<QString>("name");
     // Neither see-through colours nor strokes that a transform makes uneven: a drawing has none.
-    for (const char *name : {"size-mm", "size-pixels", "aspect", "path-commands", "basic-shapes",
-                             "use-symbol", "nested", "clip", "layers"})
+    for (const char *name :
+         {"size-mm", "size-pixels", "aspect", "path-commands", "basic-shapes", "use-symbol",
+          "nested", "clip", "layers", "editor-switch", "style-sheet"})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 
