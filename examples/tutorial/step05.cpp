@@ -82,7 +82,7 @@ double importLogo(const QString &path, ZTGraphicsDocument &document)
     hostkit::ImportOptions options;
     options.centreMm = QPointF(-10.0, 0.0);
     const hostkit::ImportResult result = hostkit::importDrawing(document, drawing, options);
-    return result.items.isEmpty() ? 0.0 : result.items.first()->getShapeBase()->getRect().width();
+    return result.items.isEmpty() ? 0.0 : drawing.boundsMm().width();
 }
 
 } // namespace

@@ -85,7 +85,7 @@ double importLogo(const QString &path, ZTGraphicsDocument &document)
     hostkit::ImportOptions options;
     options.centreMm = QPointF(-10.0, 0.0);
     const hostkit::ImportResult result = hostkit::importDrawing(document, drawing, options);
-    return result.items.isEmpty() ? 0.0 : result.items.first()->getShapeBase()->getRect().width();
+    return result.items.isEmpty() ? 0.0 : drawing.boundsMm().width();
 }
 
 /** A Data Matrix with modules of half a millimetre at the right of the plate. */

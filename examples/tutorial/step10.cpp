@@ -96,7 +96,7 @@ double importLogo(const QString &path, ZTGraphicsDocument &document)
     hostkit::ImportOptions options;
     options.centreMm = QPointF(-10.0, 0.0);
     const hostkit::ImportResult result = hostkit::importDrawing(document, drawing, options);
-    return result.items.isEmpty() ? 0.0 : result.items.first()->getShapeBase()->getRect().width();
+    return result.items.isEmpty() ? 0.0 : drawing.boundsMm().width();
 }
 
 /** A Data Matrix with modules of half a millimetre at the right of the plate. */
@@ -120,9 +120,10 @@ void numberParts(codekit::CodeItem &code)
     ZTCounterSegment counter;
     counter.start = 1;
     counter.width = 4;
-    ZTVariantTextManager *registry = ZTVariantTextManager::getInstance();
-    registry->newItem(&code.code());
-    registry->getVariantText(&code.code())->setSegments({prefix, counter});
+    ZTVariantText number;
+    number.setSegments({prefix, counter});
+    code.code().cloneVariantText(&number);
+    code.code().setEnableVariantText(true);
     hostkit::NextPart::make({&code}); // the first part
 }
 
