@@ -9,8 +9,6 @@ set(ZT_INSTALLED_FONTS "${CMAKE_INSTALL_DATADIR}/ztdrawengine/font")
 # Installs library TARGET with its public headers; PC_REQUIRES names its pkg-config requirements.
 function(zt_install_library target)
   cmake_parse_arguments(arg "" "DESCRIPTION" "PC_REQUIRES" ${ARGN})
-  # What ci/abi.sh compares is read from it; packages are made without.
-  target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-g>)
   set_target_properties(${target} PROPERTIES
     VERSION ${PROJECT_VERSION}
     SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
