@@ -126,6 +126,11 @@ void BM_dragFrame(benchmark::State &state)
     Drawing drawing(countOf(state));
     drawing.selectAll();
     drawing.send(QEvent::MouseButtonPress, drawing.center(), Qt::LeftButton, Qt::LeftButton);
+    for (int i = 1; i <= 3; ++i) {
+        drawing.send(QEvent::MouseMove, drawing.center() + QPointF(i, 0), Qt::NoButton,
+                     Qt::LeftButton);
+        QApplication::processEvents();
+    }
     double shiftPx = kPitchPx;
     for (auto _ : state) {
         drawing.send(QEvent::MouseMove, drawing.center() + QPointF(shiftPx, 0), Qt::NoButton,

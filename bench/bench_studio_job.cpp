@@ -33,11 +33,9 @@ public:
     /** Draws every shape anew, its hatches with it. */
     void rebuild() const
     {
-        for (QGraphicsItem *item : m_document.scene()->items()) {
-            if (auto *shape = qobject_cast<studio::ShapeItem *>(item->toGraphicsObject())) {
-                shape->getShapeBase()->setUpdate(1);
-                shape->getShapeBase()->paint();
-            }
+        for (const studio::ShapeItem *item : studio::shapeItemsOf(*m_document.scene())) {
+            item->getShapeBase()->setUpdate(1);
+            item->getShapeBase()->paint();
         }
     }
 

@@ -101,6 +101,9 @@ def programs(folder, names):
 def main(arguments):
     if len(arguments) < 2:
         sys.exit(__doc__)
+    for folder in arguments[:2]:
+        if not pathlib.Path(folder).is_dir():
+            sys.exit(f"No such folder: {folder}")
     before = programs(pathlib.Path(arguments[0]), arguments[2:])
     after = programs(pathlib.Path(arguments[1]), arguments[2:])
     unknown = [name for name in arguments[2:]

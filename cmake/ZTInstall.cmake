@@ -10,6 +10,7 @@ set(ZT_INSTALLED_FONTS "${CMAKE_INSTALL_DATADIR}/ztdrawengine/font")
 function(zt_install_library target)
   cmake_parse_arguments(arg "" "DESCRIPTION" "PC_REQUIRES" ${ARGN})
   set_target_properties(${target} PROPERTIES
+    INSTALL_RPATH "$ORIGIN" # its sisters stand beside it
     VERSION ${PROJECT_VERSION}
     SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
   install(TARGETS ${target} EXPORT ZTDrawEngineLibTargets

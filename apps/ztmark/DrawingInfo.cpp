@@ -5,6 +5,7 @@
 
 #include <hostkit/items/ItemHatches.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
+#include <hostkit/text/UnicodeStrokes.h>
 
 #include <algorithm>
 #include <map>
@@ -128,6 +129,8 @@ std::map<QString, bool> fontsOf(const QVector<ZTAbstractGraphicsItem *> &items)
             if (!name.isEmpty())
                 fonts[name] = true;
         }
+        if (hostkit::needsUnicodeFont(hostkit::composedText(text->text()), font.shxFont))
+            fonts[hostkit::unicodeStrokeFont()] = true;
     }
     return fonts;
 }

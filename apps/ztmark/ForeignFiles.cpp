@@ -316,7 +316,7 @@ bool ForeignFiles::importFile(const InputFiles &files, const std::string &name,
     const hostkit::ImportResult result = hostkit::importDrawing(document, drawing, options);
     m_work.addObjects(result.items.size());
     if (result.dots > 0)
-        console::complain(name, tr("warning: dots: %1, each marked as a line of %2 mm")
+        console::complain(name, tr("warning: dots: %1, taken in as lines of %2 mm")
                                     .arg(result.dots)
                                     .arg(hostkit::kDotMm));
     place(result.items, layout.gapMm, document);

@@ -3,8 +3,8 @@
 // display.
 
 #include <hostkit/drawing/DrawingLoader.h>
-#include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/setup/Factories.h>
+#include <jobkit/items/HatchedItems.h>
 #include <jobkit/marks/DrawingPens.h>
 #include <jobkit/marks/MarkGraphItems.h>
 #include <jobkit/plan/JobOrder.h>
@@ -19,8 +19,7 @@ namespace {
 /** The drawing's marks in the order of the least jumps, with the passes of its pens laid out. */
 jobkit::JobPlan planOf(const ZTGraphicsDocument &document, const QVector<jobkit::Pen> &pens)
 {
-    const hostkit::DrawingMarks marks = hostkit::drawingMarks(document);
-    jobkit::JobPlan plan = jobkit::planOf(jobkit::itemsOf(marks.graph, marks.units), pens);
+    jobkit::JobPlan plan = jobkit::planOf(jobkit::itemsOfDrawing(document), pens);
     jobkit::orderPlan(&plan, {});
     jobkit::layOutPasses(&plan, jobkit::PassOrder::WholeJob);
     return plan;
@@ -53,6 +52,7 @@ bool makeJob(const QString &drawingPath, const QString &jobPath, hostkit::Failur
 int main(int argc, char **argv)
 {
     const QApplication application(argc, argv); // texts need its fonts
+    jobkit::registerHatchedFactories();         // all hatches of a shape, not the first alone
     hostkit::registerFactories();
     int failed = 0;
     for (const QString &path : application.arguments().mid(1)) {

@@ -12,6 +12,7 @@
 #include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/setup/Factories.h>
 #include <hostkit/text/FontPlaces.h>
+#include <jobkit/items/HatchedItems.h>
 
 #include <QtCore/QTextStream>
 #include <QtWidgets/QApplication>
@@ -121,6 +122,7 @@ int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
+    jobkit::registerHatchedFactories(); // all hatches of a shape, not the first alone
     hostkit::registerFactories();
     hostkit::addFontFolders();
     hostkit::Failure failure;

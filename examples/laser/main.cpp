@@ -3,8 +3,8 @@
 // no time at all, for a test.
 
 #include <hostkit/drawing/DrawingLoader.h>
-#include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/setup/Factories.h>
+#include <jobkit/items/HatchedItems.h>
 #include <jobkit/marks/DrawingPens.h>
 #include <jobkit/marks/MarkGraphItems.h>
 #include <jobkit/plan/JobTimes.h>
@@ -55,6 +55,7 @@ bool open(const QString &path, ZTGraphicsDocument &document, hostkit::Failure *f
 int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);
+    jobkit::registerHatchedFactories(); // all hatches of a shape, not the first alone
     hostkit::registerFactories();
     ZTGraphicsDocument document;
     hostkit::Failure failure;
@@ -63,9 +64,8 @@ int main(int argc, char **argv)
         return 1;
     }
 
-    const hostkit::DrawingMarks marks = hostkit::drawingMarks(document);
     const QVector<jobkit::Pen> pens = jobkit::drawingPens(document);
-    jobkit::JobPlan plan = jobkit::planOf(jobkit::itemsOf(marks.graph, marks.units), pens);
+    jobkit::JobPlan plan = jobkit::planOf(jobkit::itemsOfDrawing(document), pens);
     jobkit::layOutPasses(&plan, jobkit::PassOrder::WholeJob);
     jobkit::MachineProfile machine;
     jobkit::profileOnBoard(QStringLiteral("galvo-fiber"), &machine);

@@ -273,6 +273,20 @@ private Q_SLOTS:
             QVERIFY2(run.out.contains(part), qPrintable(part + run.out));
     }
 
+    void fontThatFillsAPairUp_isNamedWhereItIsDrawnFrom()
+    {
+        const QString filledUp = QStringLiteral("  unicode-strokes.shx: stroke font\n");
+        DrawingFile drawing = readFile(sample(QStringLiteral("text")));
+        put(path("plain.ztd"), drawingToBytes(drawing));
+        QVERIFY(!ztmark({"info", "plain.ztd"}).out.contains(filledUp));
+        for (hostkit::DrawingItem &item : drawing.items)
+            item.shape.replace(wideText(QStringLiteral("Strokes 0123")),
+                               wideText(QStringLiteral("Strokes \u00d8123")));
+        put(path("filled.ztd"), drawingToBytes(drawing));
+        const ZtmarkRun run = ztmark({"info", "filled.ztd"});
+        QVERIFY2(run.out.contains(filledUp), qPrintable(run.out));
+    }
+
     void missingFonts_areNamed()
     {
         DrawingFile drawing = readFile(sample(QStringLiteral("text")));

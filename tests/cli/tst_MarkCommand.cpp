@@ -265,9 +265,8 @@ private Q_SLOTS:
     void dots_areMarkedAsShortLines()
     {
         const ZtmarkRun run = markTrue("dots.plt");
-        QCOMPARE(run.err,
-                 QStringLiteral("ztmark: dots.plt: warning: dots: 2, each marked as a line of "
-                                "0.01 mm\n"));
+        QCOMPARE(run.err, QStringLiteral("ztmark: dots.plt: warning: dots: 2, taken in as lines of "
+                                         "0.01 mm\n"));
         QCOMPARE(run.exitCode, 0);
         // The library begins with the dot that the file ends with: from the right end of its line
         // to the left end of the other, 2.5 + 0.01 mm across and 2.5 mm down.

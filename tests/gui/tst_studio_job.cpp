@@ -14,6 +14,9 @@
 #include <studio/job/ProfileDialog.h>
 #include <studio/job/ProfileStore.h>
 #include <studio/job/TimesModel.h>
+#include <studio/list/ShapeList.h>
+#include <studio/list/ShapeListModel.h>
+#include <studio/list/ShapeListView.h>
 #include <studio/panel/ShapePanel.h>
 
 #include <jobkit/marks/DrawingPens.h>
@@ -23,6 +26,7 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QRegularExpression>
+#include <QtTest/QSignalSpy>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QInputDialog>
@@ -503,6 +507,10 @@ private Q_SLOTS:
     void parts_advanceTheNumberOnceEach()
     {
         ZTGraphicsTextItem *item = makeSerial(999);
+        QAbstractItemModel *rows = studio->window->list().view().model();
+        QCoreApplication::processEvents(); // what else makes the list follow is over
+        const QSignalSpy isShown(rows, &QAbstractItemModel::dataChanged);
+        const QSignalSpy isReset(rows, &QAbstractItemModel::modelReset);
         const JobExport wanted{studio->path("part.json"), 3, false, {}};
         QVERIFY(studio->window->editor().job().exporter().write(wanted, settings()));
         for (const char *name : {"part-0001.json", "part-0002.json", "part-0003.json"})
@@ -511,6 +519,10 @@ private Q_SLOTS:
                 StudioWindow::contentOf(studio->path("part-0002.json")));
         QCOMPARE(item->text(), QStringLiteral("SN004"));
         QVERIFY(studio->window->isWindowModified());
+        // The list of shapes tells the text that comes next, as the drawing does.
+        QTRY_VERIFY(isShown.count() + isReset.count() > 0);
+        QCOMPARE(rows->index(0, studio::ShapeListModel::Name).data().toString(),
+                 QStringLiteral("SN004"));
     }
 
     void numbers_stay_whenAFileCannotBeWritten()
@@ -573,6 +585,14 @@ private Q_SLOTS:
         auto *dialog = studio->window->findChild<JobExportDialog *>();
         QVERIFY(dialog != nullptr);
         auto *path = dialog->findChild<QLineEdit *>(QStringLiteral("path"));
+        QStringList order;
+        path->setFocus();
+        for (int i = 0; i < 4; ++i) {
+            order << QApplication::focusWidget()->objectName();
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
+        QCOMPARE(order.mid(2),
+                 (QStringList{QStringLiteral("frame"), QStringLiteral("parts")})); // as they stand
         path->clear();
         QTest::keyClicks(path, studio->path("a.xyz"));
         QVERIFY(!dialog->findChild<QPushButton *>(QStringLiteral("export"))->isEnabled());

@@ -60,6 +60,32 @@ private Q_SLOTS:
         QCOMPARE(texts(), QStringLiteral("    "));
     }
 
+    void manyThatAreDragged_showWhereTheyAre()
+    {
+        studio::ShapeItems items;
+        for (int i = 0; i < 1200; ++i)
+            items.append(rect(-60 + 3 * (i % 40), -45 + 3 * (i / 40)));
+        select(items);
+        const QString before = field("panel.x")->text();
+        QCOMPARE(before, QStringLiteral("-60"));
+        // Fields show four digits behind the point.
+        const auto showsThePlace = [&] {
+            const double leftMm = studio::outlineBoxMm(items).left();
+            return std::abs(field("panel.x")->text().toDouble() - leftMm) < 0.0001;
+        };
+        const QPointF middlePx = studio::sceneBox(items).center();
+        studio->driver->press(middlePx);
+        for (const double x : {10.0, 25.0, 40.0})
+            studio->driver->move(middlePx + QPointF(x, 0));
+        QVERIFY(studio::outlineBoxMm(items).left() > -59.0);
+        QTRY_VERIFY(showsThePlace()); // with the button still down
+        studio->driver->move(middlePx + QPointF(55, 0));
+        studio->driver->release(middlePx + QPointF(55, 0));
+        QTRY_VERIFY(showsThePlace());
+        studio->stack().undo();
+        QTRY_COMPARE(field("panel.x")->text(), before);
+    }
+
     // Width, then height, then the place; Return commits and Tab goes on.
     void keyboardAlone_makesARectangleOfTwentyByFifteen()
     {

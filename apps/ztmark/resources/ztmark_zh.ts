@@ -1018,8 +1018,8 @@ from unicode-strokes.shx, the same for every pair.</source>
         <translation>清理后没有剩余内容</translation>
     </message>
     <message>
-        <source>warning: dots: %1, each marked as a line of %2 mm</source>
-        <translation>警告：单点 %1 个，各以 %2 毫米的短线标刻</translation>
+        <source>warning: dots: %1, taken in as lines of %2 mm</source>
+        <translation>警告：单点 %1 个，以 %2 毫米的短线读入</translation>
     </message>
 </context>
 <context>

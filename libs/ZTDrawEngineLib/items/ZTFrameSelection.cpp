@@ -137,6 +137,19 @@ void ZTFrameSelection::noteGone(ZTAbstractGraphicsItem *child)
 
 void ZTFrameSelection::forgetExtents() { m_isBoundsValid = false; }
 
+void ZTFrameSelection::noteMove(QGraphicsScene &scene)
+{
+    // The beginning costs more than a move: a single one is not worth it.
+    if (++m_moveCount == 2)
+        m_carried = ZTCarriedItems::of(scene, shapeItems());
+}
+
+void ZTFrameSelection::endCarrying()
+{
+    m_moveCount = 0;
+    m_carried.reset();
+}
+
 void ZTFrameSelection::readAll()
 {
     std::vector<ZTSelectionBounds::Extent> extents;

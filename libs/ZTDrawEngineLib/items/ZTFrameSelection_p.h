@@ -1,12 +1,15 @@
 #pragma once
 
 #include <ZTDrawEngineLib/items/ZTAbstractGraphicsItem.h>
+#include <ZTDrawEngineLib/items/ZTCarriedItems_p.h>
 #include <ZTDrawEngineLib/items/ZTSelectionBounds_p.h>
 
 #include <QtCore/QHash>
 #include <QtCore/QList>
 #include <QtCore/QPointer>
 #include <QtCore/QVector>
+
+#include <memory>
 
 QT_BEGIN_NAMESPACE
 class QGraphicsScene;
@@ -47,6 +50,15 @@ public:
     /** Makes the next `extentAfterChangeOf` read all items. */
     void forgetExtents();
 
+    /** Before each move of a drag: very many items are drawn as one picture from the second on. */
+    void noteMove(QGraphicsScene &scene);
+
+    /** At the end of the drag. */
+    void endCarrying();
+
+    /** Null while few items, or none, are carried. */
+    ZTCarriedItems *carried() const { return m_carried.get(); }
+
 private:
     struct Guard
     {
@@ -65,4 +77,7 @@ private:
     ZTSelectionBounds m_bounds;
     QHash<const ZTAbstractGraphicsItem *, int> m_boundsIndex;
     bool m_isBoundsValid = false;
+
+    std::unique_ptr<ZTCarriedItems> m_carried;
+    int m_moveCount = 0; ///< of the drag under way
 };

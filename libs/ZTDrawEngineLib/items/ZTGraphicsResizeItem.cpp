@@ -7,6 +7,7 @@
 #include <ZTDrawEngineLib/items/ZTGraphicsResizeHandle_p.h>
 #include <ZTDrawEngineLib/items/commands/ZTItemPosCommand.h>
 #include <ZTDrawEngineLib/items/commands/ZTItemTransformCommand.h>
+#include <ZTDrawEngineLib/items/commands/ZTMoveStep_p.h>
 #include <ZTDrawEngineLib/items/commands/ZTUndoStep_p.h>
 #include <ZTDrawEngineLib/shapes/ZTShapeBase.h>
 
@@ -52,6 +53,7 @@ ZTGraphicsResizeItem::ZTGraphicsResizeItem(const QRectF &rect, QGraphicsItem *pa
 
 ZTGraphicsResizeItem::~ZTGraphicsResizeItem()
 {
+    m_selection->endCarrying();
     for (const auto &item : m_selection->shapeItems()) {
         if (item->getResizeItem() == this)
             item->setResizeItem(nullptr);
@@ -348,12 +350,22 @@ void ZTGraphicsResizeItem::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 
 void ZTGraphicsResizeItem::carryItems()
 {
+    if (m_isMoving && scene() != nullptr)
+        m_selection->noteMove(*scene());
+    if (ZTCarriedItems *carried = m_selection->carried())
+        carried->beginMove();
+    bool haveFollowed = true;
     for (const auto &item : m_selection->shapeItems()) {
-        if (item)
-            item->setPos(snappedToStart(item, pos() + item->data(ITEM_OFFSET).toPointF()));
+        if (!item)
+            continue;
+        const QPointF toPx = snappedToStart(item, pos() + item->data(ITEM_OFFSET).toPointF());
+        item->setPos(toPx);
+        haveFollowed = haveFollowed && item && item->pos() == toPx;
     }
     for (QGraphicsItem *item : m_selection->foreignItems(scene()))
         item->setPos(pos() + item->data(ITEM_OFFSET).toPointF());
+    if (ZTCarriedItems *carried = m_selection->carried())
+        carried->noteMove(haveFollowed);
 }
 
 void ZTGraphicsResizeItem::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
@@ -384,24 +396,30 @@ void ZTGraphicsResizeItem::endDrag()
 void ZTGraphicsResizeItem::finishMove()
 {
     m_isMoving = false;
+    m_selection->endCarrying();
     item2Scene();
     const QPointF startPos = data(START_POS).toPointF();
     if (startPos != pos()) {
-        ZTUndoStep step(m_undoStack, QStringLiteral("release item setPos"));
-        for (const auto &item : m_selection->shapeItems()) {
+        const auto items = m_selection->shapeItems();
+        ZTMoveStep step(m_undoStack, QStringLiteral("release item setPos"), items.size());
+        for (const auto &item : items) {
             if (!item)
                 continue;
             const QPointF itemStart =
                 snappedToStart(item, startPos + item->data(ITEM_OFFSET).toPointF());
             if (item->pos() != itemStart)
-                step.push(std::make_unique<ZTItemPosCommand>(item, itemStart, item->pos()));
+                step.push(item, itemStart, item->pos());
         }
     }
     setEnableResizeFromChild(true);
 }
 
-void ZTGraphicsResizeItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
+void ZTGraphicsResizeItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *,
+                                 QWidget *widget)
 {
+    if (ZTCarriedItems *carried = m_selection->carried())
+        carried->paint(*painter, sceneTransform().inverted() * painter->worldTransform(),
+                       scenePos(), widget);
     drawResizePoint(painter);
 }
 

@@ -2,13 +2,18 @@
 
 #include <ZTDrawEngineLib/items/ZTAbstractGraphicsItem.h>
 #include <ZTDrawEngineLib/items/ZTGraphicsResizeItem.h>
+#include <ZTDrawEngineLib/items/ZTSceneIndex_p.h>
 #include <ZTDrawEngineLib/items/commands/ZTItemPosCommand.h>
 #include <ZTDrawEngineLib/items/commands/ZTUndoStep_p.h>
 #include <ZTDrawEngineLib/shapes/ZTShapeBase.h>
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QSet>
+#include <QtCore/QVector>
 #include <QtWidgets/QGraphicsSceneContextMenuEvent>
 #include <QtWidgets/QMenu>
+
+#include <algorithm>
 
 namespace {
 
@@ -62,6 +67,51 @@ QPointF alignedPos(QFlags<Qt::AlignmentFlag> alignment, const Reference &frame, 
         // Kept: without a choice the items go to the scene's origin; one undo step takes it back.
         return {};
     }
+}
+
+/** So many items are deleted one by one; Qt searches its lists for each, from the front. */
+constexpr int kFewItems = 256;
+
+using Guarded = QVector<QPointer<ZTAbstractGraphicsItem>>;
+
+/** Of one height, those given lowest first stand in the order in which Qt has them. */
+bool areAllOfOneHeight(const Guarded &items)
+{
+    return std::all_of(items.begin(), items.end(), [&](const auto &item) {
+        return !item || !items.first() || item->zValue() == items.first()->zValue();
+    });
+}
+
+/**
+ * Brings items to the front of all lists in which Qt searches for those that go; returns them in
+ * the order in which each is the first one then.
+ *
+ * What a flag says to stand behind is sorted to the front; without a parent it means nothing else.
+ * Qt sorts its list when it is asked for what lies somewhere and has no index.
+ */
+Guarded gatheredInFront(QGraphicsScene &scene, const Guarded &items)
+{
+    QSet<const QGraphicsItem *> wanted;
+    wanted.reserve(items.size());
+    for (const auto &item : items) {
+        if (item && item->scene() == &scene) {
+            item->setFlag(QGraphicsItem::ItemStacksBehindParent);
+            wanted.insert(item.data());
+        }
+    }
+    {
+        const ZTIndexPause pause(scene);
+        scene.items(QPointF());
+    }
+    scene.items(QPointF()); // what waits to be indexed would be searched for, too
+    Guarded gathered;
+    gathered.reserve(wanted.size());
+    const QList<QGraphicsItem *> all = scene.items(Qt::AscendingOrder);
+    for (QGraphicsItem *candidate : all) {
+        if (wanted.contains(candidate))
+            gathered.append(static_cast<ZTAbstractGraphicsItem *>(candidate));
+    }
+    return gathered;
 }
 
 } // namespace
@@ -135,19 +185,23 @@ QHash<int, QList<ZTAbstractGraphicsItem *>> ZTGraphicsScene::getItemsById() cons
 
 void ZTGraphicsScene::deleteItems(const QList<ZTAbstractGraphicsItem *> &items)
 {
-    const QList<QPointer<ZTAbstractGraphicsItem>> guarded(items.begin(), items.end());
-    const int itemCount = this->items().size();
+    const Guarded guarded(items.begin(), items.end());
     polishItems();
-    deselect(guarded);
-    // Qt searches its lists for an item from the front: what is mostly all that there is goes from
-    // the front, where each is found at once. Backwards a few of the last are found sooner.
-    if (2 * guarded.size() > itemCount) {
+    deselect({items.begin(), items.end()});
+    if (guarded.size() <= kFewItems) {
         for (const auto &item : guarded)
             delete item;
-    } else {
-        for (auto item = guarded.crbegin(); item != guarded.crend(); ++item)
-            delete *item;
+        return;
     }
+    update(); // said of all at once, it need not be said of each
+    const bool areNearlyAll = this->items().size() - guarded.size() <= kFewItems;
+    if (!areNearlyAll || !areAllOfOneHeight(guarded)) {
+        for (const auto &item : gatheredInFront(*this, guarded))
+            delete item;
+    }
+    // What stands in front anyway, or in another scene.
+    for (const auto &item : guarded)
+        delete item;
 }
 
 void ZTGraphicsScene::deselect(const QList<QPointer<ZTAbstractGraphicsItem>> &items)

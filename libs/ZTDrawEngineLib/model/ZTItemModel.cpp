@@ -16,9 +16,6 @@ constexpr int kIdColumn = 0;
 /** Up to this many runs of rows are removed one by one. */
 constexpr int kFewRuns = 64;
 
-/** Role that rows on their way out carry. */
-constexpr int kGoingRole = ZTItemModel::kItemRole + 1;
-
 /** Cell of column 1: hands out its item as long as that lives. */
 class TextCell : public QStandardItem
 {
@@ -64,6 +61,38 @@ int runCount(const QVector<int> &ascending)
     for (int i = 1; i < ascending.size(); ++i)
         runs += ascending[i] == ascending[i - 1] + 1 ? 0 : 1;
     return runs;
+}
+
+/** The numbers below `count` that are not among some, all ascending. */
+QVector<int> othersThan(const QVector<int> &ascending, int count)
+{
+    QVector<int> others;
+    others.reserve(count - ascending.size());
+    auto next = ascending.begin();
+    for (int i = 0; i < count; ++i) {
+        if (next != ascending.end() && *next == i)
+            ++next;
+        else
+            others << i;
+    }
+    return others;
+}
+
+/** Gives a model the rows that stood at the places of `order`, in that order. Tells nobody. */
+void reorderRows(QStandardItemModel &model, const QVector<int> &order)
+{
+    const QSignalBlocker quiet(&model);
+    const int columns = model.columnCount();
+    QVector<QStandardItem *> cells;
+    cells.reserve(order.size() * columns);
+    for (int row = 0; row < order.size(); ++row) {
+        for (int column = 0; column < columns; ++column)
+            cells << model.takeItem(row, column);
+    }
+    for (int row = 0; row < order.size(); ++row) {
+        for (int column = 0; column < columns; ++column)
+            model.setItem(row, column, cells[order[row] * columns + column]);
+    }
 }
 
 /** Calls `work(first, count)` for each run of consecutive numbers, the last run first. */
@@ -120,9 +149,10 @@ void ZTItemModel::remove(const QVector<int> &ids)
 {
     const QVector<int> rows = firstRowsOf(ids);
     if (runCount(rows) > kFewRuns) {
+        const QVector<int> kept = othersThan(rows, rowCount());
         deselectRows(rows);
-        gatherInFront(rows);
-        removeRows(0, rows.size());
+        gatherInFront(kept);
+        removeRows(kept.size(), rows.size());
         return;
     }
     forEachRunFromTheEnd(rows, [this](int first, int count) { removeRows(first, count); });
@@ -147,19 +177,27 @@ QVector<int> ZTItemModel::firstRowsOf(const QVector<int> &ids) const
 int ZTItemModel::idAt(int row) const { return index(row, kIdColumn).data(Qt::DisplayRole).toInt(); }
 
 // Each removal of a run moves all rows behind it, and walks the selection and the scene: thousands
-// of runs are brought together first. Sorting keeps the order of equals and puts a cell that has
-// the sort role before one that has not.
+// of runs are brought together first. The cells are taken out and put back, because a cell that is
+// merely sorted elsewhere searches for its place, from where it was, when it is next asked for it.
 void ZTItemModel::gatherInFront(const QVector<int> &rows)
 {
-    {
-        const QSignalBlocker nobodyKnowsTheRole(this);
-        for (const int row : rows)
-            item(row, kIdColumn)->setData(true, kGoingRole);
-    }
-    const int formerRole = sortRole();
-    setSortRole(kGoingRole);
-    sort(kIdColumn);
-    setSortRole(formerRole);
+    const QVector<int> order = rows + othersThan(rows, rowCount());
+    Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
+    // A cell that is taken out ends the persistent indexes to it: they are led away from it.
+    const QModelIndexList before = persistentIndexList();
+    QModelIndexList aside;
+    for (const QModelIndex &index : before)
+        aside << createIndex(index.row(), index.column(), this);
+    changePersistentIndexList(before, aside);
+    reorderRows(*this, order);
+    QVector<int> rowAfter(order.size());
+    for (int row = 0; row < order.size(); ++row)
+        rowAfter[order[row]] = row;
+    QModelIndexList after;
+    for (const QModelIndex &was : before)
+        after << index(rowAfter[was.row()], was.column());
+    changePersistentIndexList(aside, after);
+    Q_EMIT layoutChanged({}, VerticalSortHint);
 }
 
 void ZTItemModel::deselectRows(const QVector<int> &ascending)

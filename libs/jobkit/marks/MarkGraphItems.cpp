@@ -1,8 +1,16 @@
 #include <jobkit/marks/MarkGraphItems.h>
 
+#include <hostkit/import/DrawingImport.h>
+#include <hostkit/items/GraphicItems.h>
 #include <hostkit/items/LastPart.h>
 #include <hostkit/items/ShapeItems.h>
+#include <hostkit/marks/MarkFindings.h>
+#include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/text/StrokeFont.h>
+
+#include <QtCore/QLineF>
+
+#include <limits>
 
 namespace jobkit {
 
@@ -39,6 +47,26 @@ JobHatch hatchOf(const ZTMarkObject &object, const hostkit::HatchLayer &layer,
     hatch.moment = layer.moment;
     hatch.runsMm = toMm(hatchRuns(object.fillLines.mid(layer.firstLine, layer.lines)), units);
     return hatch;
+}
+
+/**
+ * What came in as a dot, and is held as a short line, is a dot for the head again, which its pen
+ * marks for its time. Whether there is any.
+ */
+bool takeDots(const ZTAbstractGraphicsItem &shape, JobItem *item)
+{
+    constexpr double kMostMm = hostkit::kDotMm * 1.01;
+    bool hasDots = false;
+    if (hostkit::graphicOf(shape) == nullptr)
+        return hasDots;
+    for (QPolygonF &run : item->outlinesMm) {
+        if (run.size() != 2 || QLineF(run[0], run[1]).length() > kMostMm)
+            continue;
+        const QPointF middle = (run[0] + run[1]) / 2.0;
+        run = QPolygonF(QVector<QPointF>{middle});
+        hasDots = true;
+    }
+    return hasDots;
 }
 
 QVector<hostkit::HatchLayer> oneLayerOf(const ZTMarkObject &object)
@@ -81,9 +109,24 @@ QVector<JobItem> itemsOf(const ZTMarkGraph &graph, const hostkit::MarkUnits &uni
 
 void describeShape(const ZTAbstractGraphicsItem &shape, JobItem *item)
 {
-    item->hasDots = hostkit::isCode(shape);
+    item->hasDots = takeDots(shape, item) || hostkit::isCode(shape);
     item->isSerialUsedUp = hostkit::isUsedUp(shape);
     item->missingCharacters = missingCharactersOf(shape);
+}
+
+QVector<JobItem> itemsOfDrawing(const ZTGraphicsDocument &document)
+{
+    const hostkit::MarkItems shapes = hostkit::markedItems(document);
+    hostkit::MarkGraphBuilder builder(document, shapes, EShapeSortType::ShapeSortNone);
+    builder.work(std::numeric_limits<int>::max());
+    const ZTMarkGraph graph = builder.takeUnordered();
+    QVector<JobItem> items =
+        itemsOf(graph, hostkit::MarkUnits::of(*document.itemMag()), builder.layers());
+    for (int i = 0; i < items.size(); ++i) {
+        items[i].name = hostkit::shapeName(*shapes[i]);
+        describeShape(*shapes[i], &items[i]);
+    }
+    return items;
 }
 
 } // namespace jobkit

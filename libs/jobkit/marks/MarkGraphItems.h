@@ -21,8 +21,16 @@ QVector<JobItem> itemsOf(const ZTMarkGraph &graph, const hostkit::MarkUnits &uni
 
 /**
  * Notes what a job has to know of the shape behind an item beside its marks: whether its dots are
- * meant, its numbers used up, and characters missing in its font.
+ * meant, its numbers used up, and characters missing in its font. Dots that were imported, which
+ * the drawing holds as lines of `hostkit::kDotMm`, become dots here.
  */
 void describeShape(const ZTAbstractGraphicsItem &shape, JobItem *item);
+
+/**
+ * All that a drawing marks as items of a job, what is marked first first: every hatch with its pen,
+ * its passes and its moment, names, and what `describeShape` notes. All at once: a program with a
+ * window does the same step by step, through `hostkit::MarkGraphBuilder`.
+ */
+QVector<JobItem> itemsOfDrawing(const ZTGraphicsDocument &document);
 
 } // namespace jobkit

@@ -55,7 +55,7 @@ void ArrangeActions::setAlignTo(AlignTo reference)
 bool ArrangeActions::canAlign() const
 {
     const int least = m_alignTo == AlignTo::Field ? 1 : 2;
-    return m_document.scene()->selectedItems().size() >= least;
+    return m_document.scene()->getGraphicsResizeItem()->selectItem().size() >= least;
 }
 
 QRectF ArrangeActions::fieldPx() const

@@ -123,7 +123,7 @@ RotateHandle::~RotateHandle() = default;
 void RotateHandle::follow()
 {
     const ZTGraphicsResizeItem *frame = m_document.scene()->getGraphicsResizeItem();
-    m_knob->setVisible(!m_isResting && !m_document.scene()->selectedItems().isEmpty());
+    m_knob->setVisible(!m_isResting && !frame->selectItem().isEmpty());
     m_knob->setPos(frame->pos() + QPointF(frame->rect().center().x(), frame->rect().top()));
 }
 

@@ -20,7 +20,8 @@ CodeTools::~CodeTools()
 
 codekit::CodeItem *CodeTools::selectedCode() const
 {
-    const QList<QGraphicsItem *> selected = m_document.scene()->selectedItems();
+    const QList<QGraphicsItem *> &selected =
+        m_document.scene()->getGraphicsResizeItem()->selectItem();
     return selected.size() == 1 ? dynamic_cast<codekit::CodeItem *>(selected.first()) : nullptr;
 }
 

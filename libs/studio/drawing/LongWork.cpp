@@ -77,6 +77,13 @@ bool LongWork::run(const std::function<void()> &job)
     return !m_isCancelled;
 }
 
+void LongWork::setLabel(const QString &text)
+{
+    m_label = text;
+    if (m_dialog)
+        m_dialog->setLabelText(text);
+}
+
 bool LongWork::step(int done, int total)
 {
     if (m_clock.elapsed() >= m_quietMs &&

@@ -39,6 +39,9 @@ public:
      */
     bool run(const std::function<void()> &job);
 
+    /** Says from now on what is being done. */
+    void setLabel(const QString &label);
+
     /** Tells how far the work in this thread is; false when the user cancelled. */
     bool step(int done, int total);
 

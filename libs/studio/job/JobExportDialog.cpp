@@ -79,6 +79,9 @@ void JobExportDialog::build()
     form->addRow(m_hint);
     form->addRow(buttons);
     qobject_cast<QLabel *>(form->labelForField(file))->setBuddy(m_path);
+    setTabOrder(m_browse, m_frame);
+    setTabOrder(m_frame, m_parts);
+    setTabOrder(m_parts, m_oneFile);
 }
 
 JobExport JobExportDialog::wanted() const

@@ -327,6 +327,8 @@ bool JobExporter::planParts(const JobExport &wanted, JobRequest request,
     const int parts = numbers.isAny() && !wanted.frame ? wanted.parts : 1;
     LongWork work(m_window, tr("Making the job..."), LongWork::Cancel::Possible);
     for (int part = 0; part < parts; ++part) {
+        if (parts > 1)
+            work.setLabel(tr("Making part %1 of %2...").arg(part + 1).arg(parts));
         if (!work.step(part, parts))
             return false;
         const NextPart moved = part > 0 ? numbers.advance() : NextPart();

@@ -15,6 +15,14 @@ namespace {
 constexpr int kOrderMs = 3000;
 constexpr int kGatherMs = 50;
 
+/**
+ * Without a time: exchanges that are tried beyond the first best. There may be fifty parts of tens
+ * of thousands of pieces, whose further exchanges take longer than all else and gain a percent.
+ */
+constexpr qint64 kStepsAPiece = 4;
+constexpr qint64 kLeastSteps = 200;
+constexpr qint64 kMostSteps = 2000;
+
 /** The times of a part that begins where one like it ended. */
 jobkit::JobTimes furtherTimes(const Job &job)
 {
@@ -76,6 +84,8 @@ std::shared_ptr<const Job> makeJob(const JobRequest &request, const std::atomic<
     options.hatchPlace = request.settings.hatchPlace;
     options.headMm = job->headMm();
     options.budgetMs = request.isTimed ? kOrderMs : std::numeric_limits<int>::max();
+    if (!request.isTimed)
+        options.mostSteps = qBound(kLeastSteps, kStepsAPiece * job->plan.pieces.size(), kMostSteps);
     options.progress = [&isGivenUp](double) { return !isGivenUp; };
     job->order = jobkit::orderPlan(&job->plan, options);
     jobkit::layOutPasses(&job->plan, jobkit::PassOrder::WholeJob);

@@ -106,14 +106,20 @@ void ShapeList::follow()
     if (m_isStale)
         return;
     showMarkingRule();
-    const QSet<qint32> opened = openGroups();
     const int scrolled = m_view->verticalScrollBar()->value();
-    const ShapeItems selected = selectedShapes();
+    QSet<qint32> opened;
+    ShapeItems selected;
+    const QMetaObject::Connection remembering =
+        connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this, [&] {
+            opened = openGroups();
+            selected = selectedShapes();
+        });
     bool areOthers = false;
     {
         const QScopedValueRollback<bool> selecting(m_isSelecting, true);
         areOthers = m_model->refresh();
     }
+    disconnect(remembering);
     if (!areOthers)
         return;
     open(opened);

@@ -47,6 +47,9 @@ public:
     /** Shows the drawing as it is now, at once. */
     void follow();
 
+    /** The same, gathered with what else happens now. */
+    void followSoon();
+
     /** Says whether marking follows the list. Called when the marking order is another one. */
     void showMarkingRule();
 
@@ -56,7 +59,6 @@ protected:
 
 private:
     void connectDocument();
-    void followSoon();
     void selectFromDrawing();
     void selectInDrawing();
     QItemSelection rowsOf(const ShapeItems &items) const;

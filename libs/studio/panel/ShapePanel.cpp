@@ -25,6 +25,10 @@ namespace {
 
 constexpr int kMargin = 6;
 
+/** More of them are not read again for each place through which they are dragged. */
+constexpr int kFewShapes = 1000;
+constexpr int kSlowFollowMs = 150;
+
 QFrame *newRule(QWidget *parent)
 {
     auto *rule = new QFrame(parent);
@@ -142,7 +146,10 @@ void ShapePanel::connectDocument()
         m_followTimer.start();
     });
     if (const ZTGraphicsResizeItem *frame = m_document.scene()->getGraphicsResizeItem()) {
-        const auto followPlacesSoon = [this] { m_placesTimer.start(); };
+        const auto followPlacesSoon = [this] {
+            if (!m_placesTimer.isActive())
+                m_placesTimer.start();
+        };
         connect(frame, &ZTGraphicsResizeItem::sigPosChanged, this, followPlacesSoon);
         connect(frame, &ZTGraphicsResizeItem::sigSizeChanged, this, followPlacesSoon);
     }
@@ -153,6 +160,7 @@ void ShapePanel::follow()
     m_followTimer.stop();
     m_placesTimer.stop();
     const ShapeItems selected = selectedShapeItems(*m_document.scene());
+    m_placesTimer.setInterval(selected.size() > kFewShapes ? kSlowFollowMs : 0);
     if (selected.isEmpty())
         m_count->setText(tr("Nothing selected"));
     else if (selected.size() == 1)
@@ -168,6 +176,8 @@ void ShapePanel::follow()
 
 void ShapePanel::followPlaces()
 {
+    if (m_followTimer.isActive())
+        return; // which shows all that there is
     const ShapeItems selected = selectedShapeItems(*m_document.scene());
     for (PanelSection *section : qAsConst(m_sections))
         section->followPlaces(selected);

@@ -39,6 +39,16 @@ auto commonSetting(const QVector<TextSettings> &settings, const ValueOf &valueOf
     return isCommon ? std::make_optional(first) : std::nullopt;
 }
 
+ShapeItems textsAmong(ShapeItems items)
+{
+    items.erase(std::remove_if(items.begin(), items.end(),
+                               [](const ShapeItem *item) {
+                                   return qobject_cast<const ZTGraphicsTextItem *>(item) == nullptr;
+                               }),
+                items.end());
+    return items;
+}
+
 } // namespace
 
 TextSection::TextSection(ZTGraphicsDocument &document, QWidget *parent)
@@ -182,13 +192,7 @@ void TextSection::retranslate()
 
 ShapeItems TextSection::selectedTexts() const
 {
-    ShapeItems texts = selectedShapeItems(*m_document.scene());
-    texts.erase(std::remove_if(texts.begin(), texts.end(),
-                               [](const ShapeItem *item) {
-                                   return qobject_cast<const ZTGraphicsTextItem *>(item) == nullptr;
-                               }),
-                texts.end());
-    return texts;
+    return textsAmong(selectedShapeItems(*m_document.scene()));
 }
 
 QString TextSection::change(const Change &change)
@@ -205,9 +209,9 @@ QString TextSection::change(const Change &change)
     return {};
 }
 
-void TextSection::follow(const ShapeItems &)
+void TextSection::follow(const ShapeItems &selected)
 {
-    const ShapeItems texts = selectedTexts();
+    const ShapeItems texts = textsAmong(selected);
     QVector<TextSettings> settings;
     settings.reserve(texts.size());
     for (ShapeItem *item : texts)

@@ -3917,6 +3917,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>The numbers cannot be noted beside the drawing: %1. No file was written.</source>
         <translation>无法在图纸旁记录编号：%1。未写入任何文件。</translation>
     </message>
+    <message>
+        <source>Making part %1 of %2...</source>
+        <translation>正在生成第 %1 件，共 %2 件...</translation>
+    </message>
 </context>
 <context>
     <name>studio::JobPanel</name>
@@ -5378,12 +5382,12 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>选中的图形不是来自文件</translation>
     </message>
     <message>
-        <source>Importing %1 again...</source>
-        <translation>正在重新导入 %1...</translation>
-    </message>
-    <message>
         <source>Re-imported. Shapes that follow their file: %1, new: %2, gone: %3</source>
         <translation>已重新导入：%1 个图形随文件更新，%2 个新增，%3 个消失</translation>
+    </message>
+    <message>
+        <source>Importing %1 again...</source>
+        <translation>正在重新导入 %1...</translation>
     </message>
 </context>
 <context>

@@ -20,6 +20,15 @@ ShapeItems itemsFromBelow(const QGraphicsScene &scene, const IsWanted &isWanted)
     return found;
 }
 
+/** As the frame has them: the scene makes a set anew of all that are selected, when asked. */
+int countUnderFrame(const QGraphicsScene &scene)
+{
+    const auto *drawing = qobject_cast<const ZTGraphicsScene *>(&scene);
+    const ZTGraphicsResizeItem *frame =
+        drawing != nullptr ? drawing->getGraphicsResizeItem() : nullptr;
+    return frame != nullptr ? frame->selectItem().size() : 0;
+}
+
 } // namespace
 
 ShapeItems shapeItemsOf(const QGraphicsScene &scene)
@@ -29,9 +38,14 @@ ShapeItems shapeItemsOf(const QGraphicsScene &scene)
 
 ShapeItems selectedShapeItems(const QGraphicsScene &scene)
 {
+    const auto selectedFromBelow = [&scene] {
+        return itemsFromBelow(scene, [](const QGraphicsItem &item) { return item.isSelected(); });
+    };
+    if (countUnderFrame(scene) > 1)
+        return selectedFromBelow();
     const QList<QGraphicsItem *> selected = scene.selectedItems();
     if (selected.size() > 1)
-        return itemsFromBelow(scene, [](const QGraphicsItem &item) { return item.isSelected(); });
+        return selectedFromBelow();
     auto *only = selected.isEmpty() ? nullptr : dynamic_cast<ShapeItem *>(selected.first());
     return only != nullptr ? ShapeItems{only} : ShapeItems();
 }

@@ -53,7 +53,8 @@ TextTools::~TextTools()
 
 ZTGraphicsTextItem *TextTools::selectedText() const
 {
-    const QList<QGraphicsItem *> selected = m_document.scene()->selectedItems();
+    const QList<QGraphicsItem *> &selected =
+        m_document.scene()->getGraphicsResizeItem()->selectItem();
     return selected.size() == 1 ? dynamic_cast<ZTGraphicsTextItem *>(selected.first()) : nullptr;
 }
 

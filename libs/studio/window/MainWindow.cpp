@@ -76,7 +76,7 @@ constexpr int kPanelHeight = 500;
 constexpr int kIdWidth = 64;
 constexpr int kTextWidth = 70;
 constexpr double kFrameOutset = 3.0; ///< pixels on the screen
-constexpr int kMostSmooth = 20000;   ///< shapes; with more of them lines are drawn quickly
+constexpr int kMostSmooth = 5000;    ///< shapes; with more of them lines are drawn quickly
 constexpr int kHandlePx = 24;        ///< room outside the frame that its handles may take
 const QSize kFirstSize(1280, 820);
 
@@ -418,6 +418,8 @@ void MainWindow::connectFiles()
     connect(session, &DrawingSession::stateChanged, this, &MainWindow::dropSavedMessage);
     connect(m_orderMenu, &OrderMenu::changed, session, &DrawingSession::markChanged);
     connect(m_orderMenu, &OrderMenu::changed, m_list, &ShapeList::showMarkingRule);
+    connect(&m_editor->text(), &TextTools::partChanged, m_list, &ShapeList::followSoon);
+    connect(&m_editor->text(), &TextTools::partChanged, m_panel, &ShapePanel::follow);
     connect(files, &DrawingFiles::emptied, this, [this] {
         labelTree();
         m_orderMenu->restore();
@@ -497,7 +499,7 @@ void MainWindow::refreshCommands()
     m_drawing->view()->setRenderHint(QPainter::Antialiasing,
                                      m_drawing->itemMag()->itemModel()->rowCount() <= kMostSmooth);
     state.shapes = m_drawing->itemMag()->itemModel()->rowCount();
-    state.selected = m_drawing->scene()->selectedItems().size();
+    state.selected = m_drawing->scene()->getGraphicsResizeItem()->selectItem().size();
     state.isAlignable = m_editor->arrange().canAlign();
     state.isOneText = m_editor->text().selectedText() != nullptr;
     state.isOneCode = m_editor->codes().selectedCode() != nullptr;

@@ -121,7 +121,8 @@ void StatusBar::showZoom(double scale)
 
 void StatusBar::showSelection()
 {
-    m_selectedCount = m_document.scene()->selectedItems().size();
+    const ZTGraphicsResizeItem *frame = m_document.scene()->getGraphicsResizeItem();
+    m_selectedCount = frame != nullptr ? frame->selectItem().size() : 0;
     refreshLater();
 }
 

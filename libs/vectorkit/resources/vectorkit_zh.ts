@@ -32,10 +32,6 @@
         <translation>其尺寸以像素为单位，每英寸 96 像素。</translation>
     </message>
     <message>
-        <source>Left out: %1 (%2).</source>
-        <translation>已略去：%1（%2）。</translation>
-    </message>
-    <message>
         <source>More than %1 elements stand in one another.</source>
         <translation>元素嵌套超过 %1 层。</translation>
     </message>
@@ -630,6 +626,10 @@
     <message>
         <source>what stands there does not belong there</source>
         <translation>此处的内容不应出现</translation>
+    </message>
+    <message>
+        <source>Left out: %1.</source>
+        <translation>略去：%1。</translation>
     </message>
 </context>
 </TS>

@@ -34,10 +34,12 @@ bool readSvg(const QByteArray &bytes, const ReadOptions &options, VectorDrawing 
             ReadFailure::Kind::Empty,
             QCoreApplication::translate("vectorkit", "The drawing holds no shapes and no texts."),
             QString()};
+        QStringList skipped;
         for (const VectorNote &note : read.notes)
-            failure->advice += QCoreApplication::translate("vectorkit", "Left out: %1 (%2).")
-                                   .arg(note.what)
-                                   .arg(note.count);
+            skipped << QStringLiteral("%1 (%2)").arg(note.what).arg(note.count);
+        if (!skipped.isEmpty())
+            failure->advice = QCoreApplication::translate("vectorkit", "Left out: %1.")
+                                  .arg(skipped.join(QStringLiteral(", ")));
         return false;
     }
     *drawing = read;

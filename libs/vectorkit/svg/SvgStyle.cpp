@@ -467,6 +467,10 @@ SvgStyle svgStyle(const SvgStyle &outer, const SvgProperties &properties, double
         style.isDashed = hasSeen(
             list.replace(QLatin1Char(','), QLatin1Char(' ')).simplified().split(QLatin1Char(' ')));
     });
+    with(SvgName::StrokeLinecap, [&](const QString &v) {
+        const QString cap = v.trimmed();
+        style.showsDots = cap == QLatin1String("round") || cap == QLatin1String("square");
+    });
     for (const SvgName marker :
          {SvgName::MarkerAll, SvgName::MarkerStart, SvgName::MarkerMid, SvgName::MarkerEnd})
         with(marker, [&](const QString &v) { style.hasMarkers = isReference(v); });

@@ -29,6 +29,7 @@ struct SvgStyle
     Qt::FillRule clipRule = Qt::WindingFill;
     bool isVisible = true;
     bool isDashed = false;
+    bool showsDots = false; ///< lines have ends of their own, so that those of no length show
     bool hasMarkers = false;
     bool keepsSpaces = false;
     double fontSize = 16.0; ///< user units

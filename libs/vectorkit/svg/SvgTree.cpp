@@ -86,6 +86,7 @@ const QHash<QString, SvgName> &attributeNames()
                     {"stroke-opacity", SvgName::StrokeOpacity},
                     {"stroke-width", SvgName::StrokeWidth},
                     {"stroke-dasharray", SvgName::StrokeDasharray},
+                    {"stroke-linecap", SvgName::StrokeLinecap},
                     {"opacity", SvgName::Opacity},
                     {"display", SvgName::Display},
                     {"visibility", SvgName::Visibility},

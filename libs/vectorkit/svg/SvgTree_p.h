@@ -63,6 +63,7 @@ enum class SvgName : quint8 {
     StrokeOpacity,
     StrokeWidth,
     StrokeDasharray,
+    StrokeLinecap,
     Opacity,
     Display,
     Visibility,

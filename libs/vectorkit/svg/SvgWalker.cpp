@@ -599,11 +599,15 @@ void SvgWalker::addShape(int node, const SvgPlace &place)
                  node);
             continue;
         }
+        // A line of no length shows by its ends alone, an area of none not at all.
+        const QRectF box = placed.boundsMm();
+        const bool isDot = !(box.width() > 0.0) && !(box.height() > 0.0);
+        if (placed.isEmpty() || (isDot && !(shape.isStroked && style.showsDots)))
+            continue;
         // What is filled alone is bounded all around.
         if (!shape.isStroked)
             placed.close();
-        if (!placed.isEmpty())
-            shape.paths.append(placed);
+        shape.paths.append(placed);
     }
     if (place.clip)
         addClipped(shape, *place.clip);

@@ -330,6 +330,71 @@ private Q_SLOTS:
         QVERIFY(b.isNull());
     }
 
+    void deleteItems_many_leavesTheOthersAsTheyAre_data()
+    {
+        QTest::addColumn<int>("step");
+        QTest::addColumn<int>("heights");
+        QTest::addColumn<bool>("hasIndex");
+        QTest::newRow("every second") << 2 << 1 << true;
+        QTest::newRow("every second, of three heights") << 2 << 3 << true;
+        QTest::newRow("every second, without an index") << 2 << 3 << false;
+        QTest::newRow("all") << 1 << 1 << true;
+        QTest::newRow("all, of three heights") << 1 << 3 << true;
+    }
+    void deleteItems_many_leavesTheOthersAsTheyAre()
+    {
+        QFETCH(int, step);
+        QFETCH(int, heights);
+        QFETCH(bool, hasIndex);
+        ZTGraphicsScene scene;
+        scene.setBspTreeDepth(5);
+        if (!hasIndex)
+            scene.setItemIndexMethod(QGraphicsScene::NoIndex);
+        QVector<QPointer<ZTAbstractGraphicsItem>> all;
+        for (int i = 0; i < 2000; ++i) {
+            all << addRect(scene, i, QPointF(3 * i, i % 7));
+            all.last()->setZValue(i % heights);
+        }
+        QList<ZTAbstractGraphicsItem *> doomed;
+        for (int i = 0; i < all.size(); i += step)
+            doomed << all[i];
+        selectEverything(scene); // brings the frame to the top
+        QList<QGraphicsItem *> expected = scene.items(Qt::AscendingOrder);
+        for (ZTAbstractGraphicsItem *item : doomed)
+            expected.removeOne(item);
+        const QSignalSpy selections(&scene, &QGraphicsScene::selectionChanged);
+
+        scene.deleteItems(doomed);
+        QCOMPARE(selections.count(), 1);
+        QCOMPARE(scene.items().size(), expected.size());
+        if (hasIndex) // else Qt gives them in any order
+            QCOMPARE(scene.items(Qt::AscendingOrder), expected);
+        for (int i = 0; i < all.size(); ++i) {
+            QCOMPARE(all[i].isNull(), i % step == 0);
+            if (all[i])
+                QVERIFY(!all[i]->flags().testFlag(QGraphicsItem::ItemStacksBehindParent));
+        }
+        QCOMPARE(scene.itemIndexMethod(),
+                 hasIndex ? QGraphicsScene::BspTreeIndex : QGraphicsScene::NoIndex);
+        if (hasIndex)
+            QCOMPARE(scene.bspTreeDepth(), 5);
+        QCOMPARE(scene.items(QPointF(3050, 3)).isEmpty(), step == 1);
+    }
+
+    void deleteItems_many_ofAnotherScene_goAsWell()
+    {
+        ZTGraphicsScene scene;
+        ZTGraphicsScene other;
+        QList<ZTAbstractGraphicsItem *> doomed;
+        for (int i = 0; i < 600; ++i)
+            doomed << addRect(i % 3 == 0 ? other : scene, i, QPointF(i, 0));
+        for (int i = 0; i < 600; ++i)
+            addRect(scene, 1000 + i, QPointF(i, 0));
+        scene.deleteItems(doomed);
+        QCOMPARE(scene.getItemsById().size(), 600);
+        QCOMPARE(other.getItemsById().size(), 0);
+    }
+
     void manyItems_followOneDragAndUndo()
     {
         ZTGraphicsScene scene;

@@ -248,6 +248,32 @@ private Q_SLOTS:
         QCOMPARE(plan.pieces.last().hatch, 2);
     }
 
+    void itemsOfADrawing_haveAllThatTheJobNeeds()
+    {
+        ZTAbstractGraphicsItem &plate = added(ShapeType::Rect);
+        ShapeHatch further = hatchOf(HatchKind::Lines, 3.0, 90.0);
+        further.pen = 4;
+        further.passes = 3;
+        further.moment = hostkit::HatchMoment::AfterOutline;
+        give(plate, {hatchOf(HatchKind::Lines, 0.5), further});
+        hostkit::ItemExtras extras = hostkit::itemExtras(plate);
+        extras.name = QStringLiteral("plate");
+        hostkit::setItemExtras(plate, extras);
+        ZTAbstractGraphicsItem &hidden = added(ShapeType::Ellipse);
+        extras = {};
+        extras.isMarked = false;
+        hostkit::setItemExtras(hidden, extras);
+        const QVector<jobkit::JobItem> items = jobkit::itemsOfDrawing(*document);
+        QCOMPARE(items.size(), 1);
+        QCOMPARE(items.first().name, hostkit::shapeName(plate));
+        QCOMPARE(items.first().outlinesMm.size(), 1);
+        QCOMPARE(items.first().hatches.size(), 2);
+        QCOMPARE(items.first().hatches[1].pen, 4);
+        QCOMPARE(items.first().hatches[1].passes, 3);
+        QVERIFY(items.first().hatches[1].moment == hostkit::HatchMoment::AfterOutline);
+        QCOMPARE(items.first().hatches[1].runsMm.size(), 3); // x = 2, 5, 8
+    }
+
     void copyAndFile_keepEveryHatch()
     {
         ZTAbstractGraphicsItem &item = added(ShapeType::Polygon);

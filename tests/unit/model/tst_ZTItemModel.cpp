@@ -148,6 +148,31 @@ private Q_SLOTS:
         QCOMPARE(selected.count(), 1);
     }
 
+    void removeSeveral_manyRuns_endsTheIndexesOfWhatWent()
+    {
+        constexpr int kCount = 400;
+        QVector<int> doomed;
+        for (int id = 0; id < kCount; ++id) {
+            add(id);
+            if (id % 2 == 0)
+                doomed << id;
+        }
+        const QPersistentModelIndex gone(model->index(200, 1));
+        const QPersistentModelIndex stays(model->index(201, 2));
+        const QStandardItem *cell = model->item(201, 2);
+        model->remove(doomed);
+        QVERIFY(!gone.isValid());
+        QCOMPARE(stays.row(), 100);
+        QCOMPARE(stays.column(), 2);
+        QCOMPARE(model->item(100, 2), cell);
+        QCOMPARE(cell->row(), 100);
+        QCOMPARE(model->indexFromItem(cell), QModelIndex(stays));
+        add(kCount);
+        QCOMPARE(model->rowCount(), kCount / 2 + 1);
+        model->remove(201);
+        QVERIFY(!stays.isValid());
+    }
+
     void sceneSelection_ofManyRuns_selectsEachOfThem()
     {
         constexpr int kCount = 2000;

@@ -150,6 +150,7 @@ private Q_SLOTS:
     void editorSwitch_givesItsLayers();
     void styleSheet_ofAProgram_isFollowed();
     void shownOtherwise_isSaid();
+    void dots_areThoseThatShow();
     void texts_stayTexts();
     void texts_mirroredAndWide_keepTheirForm();
     void names_withOtherPrefixes_areRead();
@@ -413,6 +414,22 @@ void TestSvgReader::shownOtherwise_isSaid()
     QCOMPARE(noted(drawing, VectorNote::Kind::Left, "hidden elements"), qint64(2));
 }
 
+void TestSvgReader::dots_areThoseThatShow()
+{
+    const VectorDrawing drawing = readBytes(
+        "<svg xmlns='http://www.w3.org/2000/svg' width='9mm' height='9mm' viewBox='0 0 9 9' "
+        "stroke='black'><path d='M1 1h0'/><path d='M2 2h0' stroke-linecap='round'/>"
+        "<g style='stroke-linecap:square'><path d='M3 3h0z'/><path d='M4 4h0' "
+        "stroke-linecap='butt'/></g><path d='M5 5h0M5 6h1'/>"
+        "<path d='M7 7h0' fill='black' stroke='none' stroke-linecap='round'/></svg>");
+    QVector<QPointF> starts;
+    for (const VectorShape &shape : shapesOf(drawing)) {
+        for (const VectorPath &path : shape.paths)
+            starts.append(path.start());
+    }
+    QCOMPARE(starts, (QVector<QPointF>{{2, 2}, {3, 3}, {5, 6}}));
+}
+
 void TestSvgReader::texts_stayTexts()
 {
     const VectorDrawing drawing = readFixture(QStringLiteral("texts"));
@@ -468,6 +485,13 @@ void TestSvgReader::refused_saysLineAndColumn()
     QVERIFY2(failure.reason.contains(QLatin1String("line 3, column ")), qPrintable(failure.reason));
     QCOMPARE(failureOf("<html><svg/></html>").kind, ReadFailure::Kind::WrongFormat);
     QCOMPARE(failureOf("<svg/>").kind, ReadFailure::Kind::Empty);
+    QCOMPARE(failureOf("<svg/>").advice, QString());
+    const ReadFailure told = failureOf("<svg><image/><image/><use/></svg>");
+    QVERIFY(told.kind == ReadFailure::Kind::Empty);
+    QVERIFY2(QRegularExpression(QStringLiteral("^Left out: [^.]+ \\(\\d\\), [^.]+ \\(\\d\\)\\.$"))
+                 .match(told.advice)
+                 .hasMatch(),
+             qPrintable(told.advice));
 }
 
 void TestSvgReader::refused_saysWhatIsWrong_data()
