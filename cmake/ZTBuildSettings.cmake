@@ -12,6 +12,10 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
 
+# Where Debian keeps libraries, under any prefix: packages go to /usr, whatever was configured.
+if(EXISTS /etc/debian_version AND CMAKE_LIBRARY_ARCHITECTURE)
+  set(CMAKE_INSTALL_LIBDIR "lib/${CMAKE_LIBRARY_ARCHITECTURE}" CACHE PATH "Folder of the libraries")
+endif()
 include(GNUInstallDirs)
 file(RELATIVE_PATH ZT_BIN_TO_LIB "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
 set(CMAKE_INSTALL_RPATH "$ORIGIN/${ZT_BIN_TO_LIB}")

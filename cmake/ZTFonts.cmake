@@ -1,5 +1,5 @@
 # Stroke fonts: made by fontbuilder from what tools/setup.sh provides, into "font" beside the
-# programs, where the library looks for them.
+# programs, where the library looks for them. Installed, they stand where hostkit/text/FontPlaces.h looks.
 
 set(ZT_HERSHEY_DIR "/usr/share/hershey-fonts" CACHE PATH "Folder with the Hershey data (*.jhf)")
 set(ZT_HANZI_DIR "${PROJECT_SOURCE_DIR}/build/fontdata/hanzi-writer-data-2.0.1"
@@ -54,5 +54,5 @@ function(zt_add_fonts)
   endforeach()
   add_custom_target(fonts ALL DEPENDS ${made})
   install(FILES ${made} "${ZT_FONT_DIR}/LICENSE-hershey.txt" "${ZT_FONT_DIR}/README.txt"
-          DESTINATION "${CMAKE_INSTALL_BINDIR}/font")
+          DESTINATION "${ZT_INSTALLED_FONTS}" COMPONENT fonts)
 endfunction()

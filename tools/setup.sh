@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Provides what a group of work needs and this machine lacks: tools/setup.sh GROUP...
-# Groups: build (compile and run), test (./test), check (the stricter checks of ci/).
+# Groups: build (compile and run), test (./test), check (the stricter checks of ci/), package
+# (tools/packages.sh).
 # Packages come from apt, also one that is only unpacked, the data of the Chinese stroke font from npm. Says what it installs; does
 # nothing, and needs no network, when all is there.
 set -euo pipefail
@@ -14,16 +15,19 @@ packages_of() {
         echo libqt5svg5-dev libpolyclipping-dev
         echo ccache lld # not needed, but what is built again is there at once
         echo libzint-dev libzxing-dev
+        echo qttools5-dev # the plugin for Qt Designer
         ;;
     test)
         echo python3-minimal python3 pkg-config
         echo librsvg2-bin hp2xx python3-ezdxf
         echo libzbar-dev libdmtx-dev
+        echo zsh fish # they try what they complete
         ;;
     check) echo git clang clang-format clang-tidy clazy libclang-rt-14-dev libomp-dev \
         libbenchmark-dev doxygen llvm-14 debootstrap ;;
+    package) echo dpkg-dev file gzip ;;
     *)
-        echo "tools/setup.sh: unknown group '$1' (build, test, check)" >&2
+        echo "tools/setup.sh: unknown group '$1' (build, test, check, package)" >&2
         exit 2
         ;;
     esac

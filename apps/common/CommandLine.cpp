@@ -1,5 +1,6 @@
 #include "CommandLine.h"
 
+#include "CommandTable.h"
 #include "Console.h"
 #include "Language.h"
 
@@ -77,11 +78,12 @@ QString describeChoice(const CLI::App &command)
 QString describe(const CLI::App &app, const CLI::ParseError &error)
 {
     const CLI::App &command = chosenCommand(app);
-    if (hasParts(command))
+    const auto code = static_cast<CLI::ExitCodes>(error.get_exit_code());
+    if (hasParts(command) && code != CLI::ExitCodes::ValidationError)
         return describeChoice(command);
     QString what = QString::fromStdString(error.what());
     const QString beforeColon = what.section(QLatin1Char(':'), 0, 0);
-    switch (static_cast<CLI::ExitCodes>(error.get_exit_code())) {
+    switch (code) {
     case CLI::ExitCodes::ExtrasError:
         return Texts::tr("unknown argument %1").arg(what.section(QStringLiteral(": "), 1));
     case CLI::ExitCodes::ArgumentMismatch:
@@ -125,6 +127,7 @@ int CommandLine::run(int argc, char **argv)
                      .arg(QString::fromStdString(m_app.get_name()))
                      .toStdString());
     addCommonOptions(&m_app);
+    addTableOptions(&m_app, m_version);
     try {
         m_app.parse(argc, argv);
         return work();

@@ -4,8 +4,11 @@
 #include <studio/window/Editor.h>
 #include <studio/window/MainWindow.h>
 
+#include <common/CommandTable.h>
+
 #include <codekit/shape/CodeItem.h>
 #include <hostkit/setup/Factories.h>
+#include <hostkit/text/FontPlaces.h>
 #include <jobkit/items/HatchedItems.h>
 
 #include <CLI/CLI.hpp>
@@ -49,6 +52,7 @@ void describe(CLI::App &app, Options &options)
     app.add_option("--out", options.outFolder, "Folder for what --headless writes")
         ->type_name("DIR")
         ->capture_default_str();
+    console::addTableOptions(&app, "ztstudio " ZT_VERSION);
 }
 
 bool hasDisplay()
@@ -117,6 +121,7 @@ int main(int argc, char *argv[])
     jobkit::registerHatchedFactories();
     hostkit::registerFactories();
     codekit::registerCodeFactories();
+    hostkit::addFontFolders();
     if (options.listRecovery)
         return studio::listRecovery(studio::RecoveryStore::defaultFolder());
     return options.headless ? runWithoutDisplay(options) : runWindow(options);

@@ -3,6 +3,7 @@
 #include "Console.h"
 #include "Usage.h"
 
+#include <hostkit/text/FontPlaces.h>
 #include <hostkit/text/FontPresence.h>
 #include <hostkit/text/StrokeFont.h>
 
@@ -46,7 +47,7 @@ bool FontArguments::choose(ZTFontParam *font) const
         return chooseSystemFont(font);
     font->fontType = FontType::singleLine;
     hostkit::Failure failure;
-    const QStringList folders = QStringList{hostkit::strokeFontFolder()} + m_folders.names;
+    const QStringList folders = hostkit::fontFolders() + m_folders.names;
     if (hostkit::strokeFont(m_regularFont, m_bigFont, folders, &font->shxFont, &failure))
         return true;
     console::complain(failure.reason.toStdString());

@@ -3,6 +3,7 @@
 #include "Console.h"
 #include "Usage.h"
 
+#include <hostkit/text/FontPlaces.h>
 #include <hostkit/text/FontSheet.h>
 #include <hostkit/text/StrokeFont.h>
 
@@ -129,11 +130,14 @@ void FontCommand::addList()
     m_listCommand->add_flag("--system", m_systemFonts,
                             tr("List the families of system fonts instead").toStdString());
     addFolders(m_listCommand);
-    m_listCommand->footer(
-        tr("Stroke fonts are the files *.shx in the folder font beside the program. A text takes\n"
-           "a pair of them: a regular one and a big one, which has the Chinese characters. What\n"
-           "has no code in such pairs comes from unicode-strokes.shx, the same for every pair.")
-            .toStdString());
+    m_listCommand->footer(tr("Stroke fonts are the files *.shx in the folder font beside the "
+                             "program, or else those that were\n"
+                             "installed with it, and yours in ~/.local/share/ztdrawengine/font. A "
+                             "text takes a pair of them: a\n"
+                             "regular one and a big one, which has the Chinese characters. What "
+                             "has no code in such pairs comes\n"
+                             "from unicode-strokes.shx, the same for every pair.")
+                              .toStdString());
 }
 
 void FontCommand::addInfo()
@@ -195,7 +199,7 @@ int FontCommand::run()
 
 QStringList FontCommand::folders() const
 {
-    QStringList all{hostkit::strokeFontFolder()};
+    QStringList all = hostkit::fontFolders();
     for (const std::string &folder : m_moreFolders)
         all << QString::fromStdString(folder);
     return all;

@@ -15,7 +15,7 @@ void FontFolders::addOption(CLI::App *command)
                 for (const std::string &folder : folders)
                     names << QString::fromStdString(folder);
             },
-            tr("More stroke fonts than those in the folder font beside the program").toStdString())
+            tr("More stroke fonts than those that come with the program").toStdString())
         ->type_name("DIR")
         ->allow_extra_args(false);
 }

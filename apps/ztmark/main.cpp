@@ -13,6 +13,7 @@
 
 #include <codekit/shape/CodeItem.h>
 #include <hostkit/setup/Factories.h>
+#include <hostkit/text/FontPlaces.h>
 #include <jobkit/items/HatchedItems.h>
 
 #include <QtWidgets/QApplication>
@@ -49,6 +50,7 @@ int main(int argc, char **argv)
     jobkit::registerHatchedFactories();
     hostkit::registerFactories();
     codekit::registerCodeFactories();
+    hostkit::addFontFolders();
 
     console::CommandLine line(
         "ztmark", ZT_VERSION,

@@ -11,6 +11,7 @@
 #include <hostkit/items/ShapeItems.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/setup/Factories.h>
+#include <hostkit/text/FontPlaces.h>
 #include <jobkit/items/HatchedItems.h>
 
 #include <QtCore/QTextStream>
@@ -123,6 +124,7 @@ int main(int argc, char **argv)
     const QStringList arguments = QApplication::arguments();
     jobkit::registerHatchedFactories(); // all hatches of a shape, not the first alone
     hostkit::registerFactories();
+    hostkit::addFontFolders();
     hostkit::Failure failure;
     Kiosk kiosk(arguments.value(1));
     if (!kiosk.open(&failure)) {

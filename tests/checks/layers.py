@@ -75,6 +75,7 @@ LIBRARIES = {
     "hostkit": (UMBRELLA, "vectorkit"),
     "codekit": (UMBRELLA, "hostkit", "vectorkit"),
     "jobkit": (UMBRELLA, "hostkit", "vectorkit"),
+    "designer": (UMBRELLA,),
     "studio": (UMBRELLA, "hostkit", "vectorkit", "codekit", "jobkit"),
 }
 WITHOUT_WIDGETS = ("ZTMarkDataManager", "fontkit", "vectorkit", "jobkit")

@@ -27,6 +27,19 @@ def check_snippet(problems):
         problems.append("README.md: the C++ snippet differs from examples/minimal-host/main.cpp")
 
 
+def check_tutorial(problems):
+    """What the tutorial shows of a step stands in the step's program."""
+    text = (ROOT / "docs/tutorial.md").read_text(encoding="utf-8")
+    shown = re.findall(r"```cpp\n// (step\d\d\.cpp)\n(.*?)```", text, re.S)
+    steps = {path.name for path in (ROOT / "examples/tutorial").glob("step*.cpp")}
+    if {name for name, _ in shown} != steps:
+        problems.append("docs/tutorial.md: does not show something of each step")
+    for name, code in shown:
+        if name in steps and code not in (ROOT / "examples/tutorial" / name).read_text(
+                encoding="utf-8"):
+            problems.append(f"docs/tutorial.md: examples/tutorial/{name} has no such lines: {code}")
+
+
 def check_document(document, tests, problems):
     text = document.read_text(encoding="utf-8")
     name = document.relative_to(ROOT)
@@ -50,6 +63,7 @@ def check_folders(problems):
 def main():
     problems = []
     check_snippet(problems)
+    check_tutorial(problems)
     tests = tests_by_name()
     documents = [ROOT / "README.md", ROOT / "CONTRIBUTING.md"]
     for top in ("docs", "libs", "apps", "tests", "fuzz", "bench", "examples"):

@@ -362,9 +362,17 @@ private:
         if (!warnings.isEmpty())
             return isFinding(QStringLiteral("said: ") + warnings.join(QLatin1String("; ")));
         if (!studio->messages->failures.isEmpty())
-            return isFinding(QStringLiteral("failed: ") + studio->messages->failures.first().what);
+            return isFinding(QStringLiteral("failed: ") + complaints());
         studio->messages->warnings.clear();
         return true;
+    }
+
+    QString complaints() const
+    {
+        QStringList words;
+        for (const studio::Message &message : qAsConst(studio->messages->failures))
+            words << message.what;
+        return words.join(QLatin1String("; "));
     }
 
     bool savedAndLoadedIsTheSame()
@@ -373,7 +381,7 @@ private:
         const WholeState before = wholeStateOf(studio->document());
         studio::DrawingFiles &files = studio->window->editor().files();
         if (!files.saveTo(path) || !files.load(path))
-            return isFinding(QStringLiteral("not saved or not loaded"));
+            return isFinding(QStringLiteral("not saved or not loaded: ") + complaints());
         const WholeState loaded = wholeStateOf(studio->document());
         if (loaded != before)
             return isFinding(QStringLiteral("loaded: ") + difference(loaded, before));

@@ -37,7 +37,7 @@ echo "-- the other examples, by the package's components"
 cat >"$scratch/CMakeLists.txt" <<END
 cmake_minimum_required(VERSION 3.16)
 project(examples LANGUAGES CXX)
-foreach(example IN ITEMS own-kind property-grid batch kiosk laser)
+foreach(example IN ITEMS own-kind property-grid batch kiosk laser designer-form tutorial)
   add_subdirectory("$source/examples/\${example}" \${example})
 endforeach()
 END
@@ -46,14 +46,17 @@ cmake --build "$scratch/examples" >>"$scratch/cmake.log" || { cat "$scratch/cmak
 "$source/examples/own-kind/check.sh" "$scratch/examples/own-kind/own-kind" \
     "$source/examples/own-kind/expected-output.txt"
 # A kiosk marks each number once, and the drawing on the disk is ahead of what was marked.
-# Without its stroke fonts, which a program finds in "font" beside it, it marks nothing.
+# Without its stroke fonts it marks nothing. With them installed it finds them by itself.
 cp "$source/samples/text.ztd" "$source/samples/plate.ztd" "$scratch"
 kiosk=$scratch/examples/kiosk
+fonts=$prefix/share/ztdrawengine/font
+export XDG_DATA_HOME=$scratch/no-fonts-of-the-user
+mv "$fonts" "$fonts.away" # its folder is there where any font was made
 if "$kiosk/kiosk" "$scratch/text.ztd" 1 >"$scratch/kiosk.out" 2>"$scratch/kiosk.err"; then exit 1; fi
 [ ! -s "$scratch/kiosk.out" ]
 grep -q 'these fonts are missing: .*hershey-simplex.shx' "$scratch/kiosk.err"
-if [ -e "$prefix/bin/font/gb-strokes.shx" ]; then
-    ln -s "$prefix/bin/font" "$kiosk/font"
+mv "$fonts.away" "$fonts"
+if [ -e "$fonts/gb-strokes.shx" ]; then
     "$kiosk/kiosk" "$scratch/text.ztd" 2 >"$scratch/kiosk.out"
     sed -n 1p "$scratch/kiosk.out" | grep -q '^marked 9 objects: SN-0001'
     sed -n 2p "$scratch/kiosk.out" | grep -q '^marked 9 objects: SN-0002'
@@ -63,13 +66,18 @@ fi
 grep -q '^G21' "$scratch/plate.ztd.nc"
 if "$scratch/examples/batch/batch" "$scratch/none.ztd" 2>"$scratch/batch.err"; then exit 1; fi
 grep -q 'none.ztd: ' "$scratch/batch.err"
+[ "$("$scratch/examples/designer-form/designer-form" --once)" = "1 shape in the tree" ]
+for step in 01 02 03 04 05 06 07 08 09 10; do
+    echo "step$step"
+    TMPDIR=$scratch "$scratch/examples/tutorial/step$step" --once
+done >"$scratch/tutorial.out"
+diff "$scratch/tutorial.out" "$source/examples/tutorial/expected-output.txt"
 "$scratch/examples/laser/laser" "$scratch/plate.ztd" --once | grep -q ' pieces marked in [0-9.]* s$'
 
 echo "-- the installed command line"
 [ "$("$prefix/bin/ztmark" --version)" = "ztmark $version" ]
 
 echo "-- the stroke fonts"
-fonts=$prefix/bin/font
 if [ -e "$build/bin/font/README.txt" ]; then
     for file in "$fonts"/*; do
         cmp "$file" "$build/bin/font/$(basename "$file")"

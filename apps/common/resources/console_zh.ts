@@ -108,4 +108,27 @@
         <translation>帮助和消息的语言，en 或 zh；缺省由环境决定</translation>
     </message>
 </context>
+<context>
+    <name>ManualPage</name>
+    <message>
+        <source>COMMAND</source>
+        <translation>命令</translation>
+    </message>
+    <message>
+        <source>COMMANDS</source>
+        <translation>命令</translation>
+    </message>
+    <message>
+        <source>NAME</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>OPTIONS</source>
+        <translation>选项</translation>
+    </message>
+    <message>
+        <source>SYNOPSIS</source>
+        <translation>用法</translation>
+    </message>
+</context>
 </TS>

@@ -822,10 +822,12 @@ Examples:
         <translation>%1 x %2 格</translation>
     </message>
     <message>
-        <source>Stroke fonts are the files *.shx in the folder font beside the program. A text takes
-a pair of them: a regular one and a big one, which has the Chinese characters. What
-has no code in such pairs comes from unicode-strokes.shx, the same for every pair.</source>
-        <translation>单线字体是程序旁 font 文件夹中的 *.shx 文件。文本使用其中的一对：
+        <source>Stroke fonts are the files *.shx in the folder font beside the program, or else those that were
+installed with it, and yours in ~/.local/share/ztdrawengine/font. A text takes a pair of them: a
+regular one and a big one, which has the Chinese characters. What has no code in such pairs comes
+from unicode-strokes.shx, the same for every pair.</source>
+        <translation>单线字体是程序旁 font 文件夹中的 *.shx 文件，没有该文件夹时是随程序安装的字体，
+另加 ~/.local/share/ztdrawengine/font 中您自己的字体。文本使用其中的一对：
 一个常规字体和一个含汉字的大字体。这对字体没有编码的字符
 取自 unicode-strokes.shx，任何一对都相同。</translation>
     </message>
@@ -833,8 +835,8 @@ has no code in such pairs comes from unicode-strokes.shx, the same for every pai
 <context>
     <name>FontFolders</name>
     <message>
-        <source>More stroke fonts than those in the folder font beside the program</source>
-        <translation>除程序旁 font 文件夹外，另一个单线字体文件夹</translation>
+        <source>More stroke fonts than those that come with the program</source>
+        <translation>除程序自带的单线字体外，另一个单线字体文件夹</translation>
     </message>
     <message>
         <source>no such folder</source>

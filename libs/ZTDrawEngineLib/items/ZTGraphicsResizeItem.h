@@ -26,6 +26,7 @@ class ZTGraphicsResizeHandle;
  * corner handle takes the smaller ratio. Items are never flipped.
  *
  * The frame follows its items when they change by themselves, but not while it is being dragged.
+ * Very many of them are drawn as one picture meanwhile: what changes in them is seen at the end.
  *
  * Frame: position and rectangle in scene pixels.
  * Owner: the scene. Items and undo stack are borrowed; one that is deleted leaves by itself.

@@ -53,10 +53,8 @@ public:
      * Removes items from the scene and deletes them, with one `selectionChanged` for all. Null and
      * items of other scenes are allowed.
      *
-     * Order: give them lowest first, as `items(Qt::AscendingOrder)` does. Deleting all of a scene
-     * then costs what their number is worth, painted or not.
-     * Limit: Qt looks for each item among those that stay, so that deleting half of 100,000 items
-     * takes about a second.
+     * Order: give them lowest first, as `items(Qt::AscendingOrder)` does; nearly all of a scene of
+     * one height go without sorting then. The cost is in proportion to the items there are.
      */
     void deleteItems(const QList<ZTAbstractGraphicsItem *> &items);
 

@@ -56,8 +56,7 @@ public:
      * Emits: `rowsRemoved` for each run of rows; for a great number of runs `layoutChanged`, and
      * `rowsRemoved` once.
      *
-     * Limit: taking 50,000 separate rows out of 100,000 takes seconds, in which the cells of the
-     * model look for their places; runs of rows are quick, whatever their length.
+     * Cost: in proportion to the rows there are, however they are spread.
      */
     void remove(const QVector<int> &ids);
 

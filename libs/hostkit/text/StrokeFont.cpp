@@ -154,11 +154,6 @@ MissingCharacters missingOutlines(const QString &text, const QFont &font)
 
 } // namespace
 
-QString strokeFontFolder()
-{
-    return QCoreApplication::applicationDirPath() + QStringLiteral("/font");
-}
-
 bool strokeFont(const QString &regularName, const QString &bigName, const QStringList &folders,
                 ZTShxFontParam *font, Failure *failure)
 {

@@ -11,7 +11,10 @@ namespace hostkit {
 /** Text height at which all stroke fonts of a host are drawn; transforms make it a size. */
 constexpr double kStrokeFontUnits = 100.0;
 
-/** The folder "font" beside the program. */
+/**
+ * Where the stroke fonts of a program are: the folder "font" beside it; where that is not there,
+ * the one that was installed with the library, if there is one.
+ */
 QString strokeFontFolder();
 
 /**

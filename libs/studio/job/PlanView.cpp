@@ -232,10 +232,10 @@ void PlanView::drawPresent(QPainter &painter) const
     painter.setBrush(Qt::NoBrush);
 }
 
-void PlanView::drawField(QPainter &painter) const
+void PlanView::drawField(QPainter &painter, const QTransform &view) const
 {
     painter.setPen(QPen(palette().mid().color(), 1.0, Qt::DashLine));
-    painter.drawPolygon(transform().map(QPolygonF(m_job->request.machine.fieldMm())));
+    painter.drawPolygon(view.map(QPolygonF(m_job->request.machine.fieldMm())));
 }
 
 void PlanView::paintEvent(QPaintEvent *)
@@ -249,7 +249,7 @@ void PlanView::paintEvent(QPaintEvent *)
     bringUpToDate();
     m_pictures.paint(painter, transform());
     painter.setRenderHint(QPainter::Antialiasing);
-    drawField(painter);
+    drawField(painter, transform());
     if (!m_pictures.isNull())
         drawPresent(painter);
 }
@@ -266,6 +266,7 @@ QImage PlanView::picture(const QSize &size) const
     pictures.advanceTo(qint64(m_job->times.vertexS.size()), std::numeric_limits<qint32>::max());
     QPainter painter(&image);
     pictures.paint(painter, view);
+    drawField(painter, view);
     return image;
 }
 

@@ -53,7 +53,7 @@ public:
     /** Frame: from mm to the widget's pixels. */
     QTransform transform() const { return transformFor(size()); }
 
-    /** The whole plan as done, with the signs of the present look, on white. */
+    /** The whole plan as done and the machine's field, with the signs of the present look. */
     QImage picture(const QSize &size) const;
 
     /** Pieces in sight, where they are too many for signs; 0: none is left out. */
@@ -84,7 +84,7 @@ private:
     void drawAside();
     void takeDrawn();
     void giveUpDrawing();
-    void drawField(QPainter &painter) const;
+    void drawField(QPainter &painter, const QTransform &view) const;
     void drawPresent(QPainter &painter) const;
     qint64 verticesDone() const;
 

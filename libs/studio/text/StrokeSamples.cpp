@@ -1,6 +1,6 @@
 #include <studio/text/StrokeSamples.h>
 
-#include <hostkit/text/StrokeFont.h>
+#include <hostkit/text/FontPlaces.h>
 
 #include <QtCore/QTextCodec>
 
@@ -80,7 +80,7 @@ void StrokeSamples::makeNext()
         return;
     }
     const QString fontName = m_wanted.takeLast();
-    m_made.insert(fontName, draw(hostkit::strokeFontFolder() + QLatin1Char('/') + fontName));
+    m_made.insert(fontName, draw(hostkit::strokeFontPath(fontName)));
     Q_EMIT ready(fontName);
 }
 

@@ -77,7 +77,7 @@ constexpr int kPanelHeight = 500;
 constexpr int kIdWidth = 64;
 constexpr int kTextWidth = 70;
 constexpr double kFrameOutset = 3.0;    ///< pixels on the screen
-constexpr int kMostSmooth = 5000;       ///< shapes; with more of them lines are drawn quickly
+constexpr int kMostSmooth = 20000;      ///< shapes; with more of them lines are drawn quickly
 constexpr double kHatchStrength = 0.45; ///< hatch lines are paler than outlines
 constexpr int kHandlePx = 24;           ///< room outside the frame that its handles may take
 const QSize kFirstSize(1280, 820);
