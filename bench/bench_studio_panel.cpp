@@ -1,9 +1,9 @@
 // The shape panel with thousands of shapes selected, and the list of shapes with as many rows.
 
-#include <studio/panel/ShapeEdits.h>
 #include <studio/list/ShapeListModel.h>
 #include <studio/list/ShapeOrder.h>
 #include <studio/panel/PanelSection.h>
+#include <studio/panel/ShapeEdits.h>
 
 #include <hostkit/setup/Factories.h>
 

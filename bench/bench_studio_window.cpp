@@ -1,11 +1,11 @@
 // The whole window with thousands of shapes selected: an edit in the panel, and a drag of all.
 
-#include <studio/window/MainWindow.h>
-#include <studio/program/Messages.h>
-#include <studio/shapes/ShapeItems.h>
-#include <studio/window/ViewNavigation.h>
 #include <studio/measures/MeasureField.h>
 #include <studio/panel/ShapePanel.h>
+#include <studio/program/Messages.h>
+#include <studio/shapes/ShapeItems.h>
+#include <studio/window/MainWindow.h>
+#include <studio/window/ViewNavigation.h>
 
 #include <codekit/shape/CodeItem.h>
 #include <hostkit/setup/Factories.h>

@@ -1,8 +1,5 @@
 #include "StudioWindow.h"
 
-#include <studio/import/Importer.h>
-#include <studio/shapes/ShapeKinds.h>
-#include <studio/program/UndoTexts.h>
 #include <studio/choices/Units.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/import/ImportDialog.h>
@@ -10,6 +7,9 @@
 #include <studio/import/ImportPicture.h>
 #include <studio/import/ImportSettings.h>
 #include <studio/import/ImportTools.h>
+#include <studio/import/Importer.h>
+#include <studio/program/UndoTexts.h>
+#include <studio/shapes/ShapeKinds.h>
 
 #include <hostkit/items/GraphicItems.h>
 #include <hostkit/items/ItemExtras.h>

@@ -1,10 +1,10 @@
 #include "StudioWindow.h"
 #include "unit/studio/MeasuredBoxes.h"
 
-#include <studio/shapes/PenColors.h>
-#include <studio/shapes/ShapeMeasures.h>
 #include <studio/measures/MeasureField.h>
 #include <studio/panel/ShapePanel.h>
+#include <studio/shapes/PenColors.h>
+#include <studio/shapes/ShapeMeasures.h>
 
 #include <hostkit/items/ItemExtras.h>
 

@@ -1,6 +1,5 @@
 #include "StudioWindow.h"
 
-#include <studio/program/UndoTexts.h>
 #include <studio/choices/Units.h>
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/import/CleanForm.h>
@@ -8,6 +7,7 @@
 #include <studio/paths/OffsetDialog.h>
 #include <studio/paths/PathActions.h>
 #include <studio/paths/PathTools.h>
+#include <studio/program/UndoTexts.h>
 
 #include <hostkit/items/GraphicItems.h>
 #include <hostkit/items/ItemExtras.h>

@@ -1,10 +1,10 @@
 #include <studio/code/CodeDialog.h>
 
-#include <studio/program/UndoTexts.h>
 #include <studio/choices/Units.h>
 #include <studio/code/CodeFormPage.h>
 #include <studio/code/CodeOptionsPage.h>
 #include <studio/code/CodeTextPage.h>
+#include <studio/program/UndoTexts.h>
 #include <studio/text/HatchPage.h>
 #include <studio/text/VariantParts.h>
 #include <studio/text/WordsPage.h>

@@ -1,7 +1,7 @@
 #include <studio/code/VerifyDialog.h>
 
-#include <studio/shapes/ShapeItems.h>
 #include <studio/measures/MeasureBox.h>
+#include <studio/shapes/ShapeItems.h>
 
 #include <hostkit/marks/MarkFindings.h>
 

@@ -1,6 +1,5 @@
 #include <studio/import/ImportDialog.h>
 
-#include <studio/shapes/PenColors.h>
 #include <studio/choices/Units.h>
 #include <studio/drawing/LongWork.h>
 #include <studio/import/CleanForm.h>
@@ -8,6 +7,7 @@
 #include <studio/import/ImportPicture.h>
 #include <studio/import/ImportSettings.h>
 #include <studio/measures/MeasureBox.h>
+#include <studio/shapes/PenColors.h>
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <studio/panel/ShapeEdits.h>
 #include <studio/panel/PanelSection.h>
+#include <studio/panel/ShapeEdits.h>
 
 QT_BEGIN_NAMESPACE
 class QButtonGroup;

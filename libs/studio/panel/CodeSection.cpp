@@ -1,9 +1,9 @@
 #include <studio/panel/CodeSection.h>
 
-#include <studio/program/UndoTexts.h>
 #include <studio/choices/Units.h>
 #include <studio/code/CodeDialog.h>
 #include <studio/commands/UndoMacro.h>
+#include <studio/program/UndoTexts.h>
 #include <studio/text/TextCommand.h>
 
 #include <QtWidgets/QGridLayout>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <studio/shapes/ShapeItems.h>
 #include <studio/measures/MeasureField.h>
+#include <studio/shapes/ShapeItems.h>
 
 #include <QtCore/QVector>
 #include <QtWidgets/QWidget>

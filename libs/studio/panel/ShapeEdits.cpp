@@ -1,12 +1,12 @@
 #include <studio/panel/ShapeEdits.h>
 
-#include <studio/program/UndoTexts.h>
 #include <studio/choices/Units.h>
 #include <studio/commands/HatchCommand.h>
 #include <studio/commands/PlacementCommand.h>
 #include <studio/measures/TypedMeasure.h>
 #include <studio/panel/OutlineProbe.h>
 #include <studio/panel/ShapeStep.h>
+#include <studio/program/UndoTexts.h>
 
 #include <hostkit/items/ItemHatches.h>
 

@@ -1,9 +1,9 @@
 #include <studio/panel/TextSection.h>
 
-#include <studio/program/UndoTexts.h>
 #include <studio/choices/Units.h>
 #include <studio/panel/ChoiceBox.h>
 #include <studio/panel/ShapeStep.h>
+#include <studio/program/UndoTexts.h>
 #include <studio/text/StrokeFonts.h>
 
 #include <QtWidgets/QCheckBox>

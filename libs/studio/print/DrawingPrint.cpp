@@ -1,7 +1,7 @@
 #include <studio/print/DrawingPrint.h>
 
-#include <studio/shapes/PenColors.h>
 #include <studio/choices/Units.h>
+#include <studio/shapes/PenColors.h>
 
 #include <hostkit/marks/MarkGraphBuilder.h>
 

@@ -1,7 +1,7 @@
 #include <studio/text/PreviewDialog.h>
 
-#include <studio/shapes/ShapeItems.h>
 #include <studio/measures/MeasureBox.h>
+#include <studio/shapes/ShapeItems.h>
 
 #include <QtGui/QScreen>
 #include <QtGui/QShowEvent>
