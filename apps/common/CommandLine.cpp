@@ -10,7 +10,9 @@
 
 #include <algorithm>
 #include <iostream>
+#include <memory>
 #include <new>
+#include <utility>
 
 namespace console {
 
@@ -21,6 +23,19 @@ constexpr int kHelpColumn = 36;
 struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(CommandLine)
+};
+
+/** The help without the gap that a group of hidden options leaves. */
+class HelpFormatter : public CLI::Formatter
+{
+public:
+    std::string make_help(const CLI::App *app, std::string name,
+                          CLI::AppFormatMode mode) const override
+    {
+        std::string help = CLI::Formatter::make_help(app, std::move(name), mode);
+        const std::size_t gap = help.find("\n\n\n");
+        return gap == std::string::npos ? help : help.erase(gap, 1);
+    }
 };
 
 /** What the library for arguments says by itself in its help, in the program's language. */
@@ -116,6 +131,7 @@ CommandLine::CommandLine(const std::string &program, const std::string &number, 
     : m_app(help.toStdString(), program), m_version(program + " " + number)
 {
     m_app.require_subcommand(1);
+    m_app.formatter(std::make_shared<HelpFormatter>());
     translateFormatter(m_app);
 }
 
