@@ -19,11 +19,11 @@
 #include <hostkit/drawing/ItemGroups.h>
 #include <hostkit/items/ItemExtras.h>
 
-#include <QtCore/QScopedValueRollback>
 #include <QtWidgets/QUndoStack>
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace studio {
 
@@ -47,6 +47,8 @@ bool isResize(const QUndoCommand &step)
 DocumentActions::DocumentActions(ZTGraphicsDocument &edited, QObject *parent)
     : QObject(parent), m_document(edited)
 {
+    connect(m_document.itemMag(), &ZTShapeManager::sigAddedShape, this,
+            [this](ShapeItem *item) { m_added = item; });
     connect(m_document.undoStack(), &QUndoStack::indexChanged, this,
             &DocumentActions::followSelection);
 }
@@ -110,12 +112,8 @@ ShapeItem *DocumentActions::createAt(ShapeType type, const Placing &placing)
 // The document makes shapes of the usual size, and says in a signal which.
 ShapeItem *DocumentActions::addShape(ShapeType type)
 {
-    ShapeItem *made = nullptr;
-    const auto hearing = connect(m_document.itemMag(), &ZTShapeManager::sigAddedShape, this,
-                                 [&made](ShapeItem *item) { made = item; });
     m_document.slotCreateShape(type);
-    disconnect(hearing);
-    return made;
+    return std::exchange(m_added, nullptr);
 }
 
 void DocumentActions::moveApart(ShapeItem &item) const

@@ -96,6 +96,7 @@ private:
 
     ZTGraphicsDocument &m_document;
     NewShapeChoice m_newShape;
+    ShapeItem *m_added = nullptr; ///< what the document has just made
 };
 
 } // namespace studio

@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <memory>
 
 namespace studio {
 
@@ -107,12 +108,15 @@ void ShapeList::follow()
         return;
     showMarkingRule();
     const int scrolled = m_view->verticalScrollBar()->value();
-    QSet<qint32> opened;
-    ShapeItems selected;
+    struct View
+    {
+        QSet<qint32> opened;
+        ShapeItems selected;
+    };
+    const auto before = std::make_shared<View>();
     const QMetaObject::Connection remembering =
-        connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this, [&] {
-            opened = openGroups();
-            selected = selectedShapes();
+        connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this, [this, before] {
+            *before = {openGroups(), selectedShapes()};
         });
     bool areOthers = false;
     {
@@ -122,11 +126,11 @@ void ShapeList::follow()
     disconnect(remembering);
     if (!areOthers)
         return;
-    open(opened);
+    open(before->opened);
     {
         // Those that are selected here alone, too.
         const QScopedValueRollback<bool> selecting(m_isSelecting, true);
-        m_view->selectionModel()->select(rowsOf(selected), QItemSelectionModel::Select);
+        m_view->selectionModel()->select(rowsOf(before->selected), QItemSelectionModel::Select);
     }
     selectFromDrawing();
     m_view->verticalScrollBar()->setValue(scrolled);

@@ -95,7 +95,7 @@ QString MeasureBox::reasonAgainst(QString text, double *shownValue) const
     if (text.endsWith(suffix()))
         text.chop(suffix().size());
     double measured = 0.0;
-    const QString reason =
+    QString reason =
         MeasureField::reasonAgainst(text, m_quantity, {m_range.least, m_range.most}, &measured);
     *shownValue = measured / m_factor;
     return reason;
@@ -161,7 +161,8 @@ void MeasureBox::focusOutEvent(QFocusEvent *event)
         return;
     }
     lineEdit()->event(event);
-    QWidget::focusOutEvent(event);
+    // Not the next base: that is what this is not to do.
+    QWidget::focusOutEvent(event); // NOLINT(bugprone-parent-virtual-call)
 }
 
 // What is out of sight is taken back: nobody would look for what is wrong there.

@@ -2,6 +2,8 @@
 
 #include <hostkit/text/FontPlaces.h>
 
+#include <ZTDrawEngineLib/ZTDrawEngineLib.h>
+
 #include <QtCore/QTextCodec>
 
 #include <cmath>

@@ -108,7 +108,7 @@ QString lettered(const QPushButton &button, const QString &text, const QSet<QCha
                  const QSet<QChar> &seen)
 {
     for (const QSet<QChar> &busy : {taken, seen}) {
-        const QString own = withOwnLetter(text, busy);
+        QString own = withOwnLetter(text, busy);
         if (!own.isEmpty())
             return own;
     }

@@ -487,7 +487,7 @@ bool HpglInterpreter::carryOutLettering(int wanted)
 QByteArray HpglInterpreter::readLabel()
 {
     bool isMended = false;
-    const QByteArray text = m_scanner.readLabel(m_labelEnd, &isMended);
+    QByteArray text = m_scanner.readLabel(m_labelEnd, &isMended);
     if (isMended)
         note(VectorNote::Kind::Changed,
              QCoreApplication::translate("vectorkit", "labels without their end"));

@@ -179,10 +179,10 @@ bool HpglScanner::readNumbers()
         } else if (byte == kEscape) {
             skipEscape();
         } else if (byte == ':' || byte == '#' || byte == '!' ||
-                   (isLetter(byte) && m_at + 1 < m_last && isLetter(m_at[1]))) {
+                   (isLetter(byte) && m_at + 1 < m_last && isLetter(m_at[1])) ||
+                   // A word of its own: the command ended with its line.
+                   (isLetter(byte) && isOnNewLine && !hadComma && !m_values.empty())) {
             return true;
-        } else if (isLetter(byte) && isOnNewLine && !hadComma && !m_values.empty()) {
-            return true; // a word of its own: the command ended with its line
         } else {
             break;
         }
