@@ -68,7 +68,7 @@ void addFontFolders()
 
 QString strokeFontFolder()
 {
-    const QString beside = besideProgram();
+    QString beside = besideProgram();
     if (QFileInfo(beside).isDir())
         return beside;
     const QString installed = installedFolder();
