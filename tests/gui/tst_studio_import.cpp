@@ -444,7 +444,52 @@ private Q_SLOTS:
         QVERIFY((box.center() - QPointF(120, 80)).manhattanLength() < 3);
     }
 
+    void drop_ofSeveral_asksWhereTheSizeIsAGuess()
+    {
+        // 10 by 5 of a unit that nothing tells.
+        const QByteArray dxf =
+            "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n0\n10\n0\n20\n0\n11\n10\n21\n5\n"
+            "0\nENDSEC\n0\nEOF\n";
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(studio->write("one.dxf", dxf)),
+                      QUrl::fromLocalFile(plate()),
+                      QUrl::fromLocalFile(studio->write("other.dxf", dxf))});
+        QVERIFY(studio->drop(data, studio->view().rect().center()));
+
+        // The plate tells its size and is there; the others are asked about, one after the other.
+        QCOMPARE(studio->ids().size(), 2);
+        auto *first = openDialog();
+        QVERIFY(first != nullptr && first->windowTitle().contains(QStringLiteral("one.dxf")));
+        auto *unit = first->findChild<QComboBox *>(QStringLiteral("importUnit"));
+        const int inch = unit->findText(QStringLiteral("1 inch"));
+        unit->setFocus();
+        for (int step = 0; step < inch; ++step)
+            QTest::keyClick(unit, Qt::Key_Down);
+        press(first, QDialogButtonBox::Ok);
+        QCOMPARE(studio->ids().size(), 3);
+        QVERIFY(
+            hasSize(*studio::shapeItemsOf(*studio->document().scene()).last(), QSizeF(254, 127)));
+
+        auto *second = openDialog();
+        QVERIFY(second != nullptr && second->windowTitle().contains(QStringLiteral("other.dxf")));
+        press(second, QDialogButtonBox::Cancel);
+        QVERIFY(openDialog() == nullptr);
+        QCOMPARE(studio->ids().size(), 3);
+        QCOMPARE(studio->stack().count(), 2);
+    }
+
 private:
+    /** The one that can be seen. */
+    studio::ImportDialog *openDialog()
+    {
+        QCoreApplication::processEvents();
+        for (auto *dialog : studio->window->findChildren<studio::ImportDialog *>()) {
+            if (dialog->isVisible())
+                return dialog;
+        }
+        return nullptr;
+    }
+
     studio::ShapeItem *itemOfPen(int pen)
     {
         for (studio::ShapeItem *item : studio::shapeItemsOf(*studio->document().scene())) {

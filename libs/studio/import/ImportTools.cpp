@@ -44,14 +44,27 @@ int ImportTools::importFiles(const QStringList &paths)
 void ImportTools::offer(const QStringList &paths, std::optional<QPointF> scenePx)
 {
     Q_EMIT beginning();
-    ReadDrawing read;
-    if (paths.size() > 1)
-        m_importer.importFiles(paths, scenePx);
-    else if (m_importer.read(paths.first(), &read))
-        offerDrawing(read, scenePx);
+    QVector<ReadDrawing> certain;
+    QVector<ReadDrawing> guessed;
+    const QVector<ReadDrawing> read = m_importer.readAll(paths);
+    for (const ReadDrawing &one : read) {
+        const bool isGuess = one.drawing.sizeSource == vectorkit::SizeSource::Guessed;
+        (isGuess || paths.size() == 1 ? guessed : certain).append(one);
+    }
+    if (!certain.isEmpty())
+        tell(m_importer.bringInAsLast(certain, scenePx));
+    offerNext(guessed, scenePx);
 }
 
-void ImportTools::offerDrawing(const ReadDrawing &read, std::optional<QPointF> scenePx)
+void ImportTools::offerNext(const QVector<ReadDrawing> &waiting, std::optional<QPointF> scenePx)
+{
+    if (waiting.isEmpty())
+        return;
+    connect(offerDrawing(waiting.first(), scenePx), &QDialog::finished, this,
+            [this, left = waiting.mid(1), scenePx] { offerNext(left, scenePx); });
+}
+
+ImportDialog *ImportTools::offerDrawing(const ReadDrawing &read, std::optional<QPointF> scenePx)
 {
     auto *dialog = new ImportDialog(read.path, read.drawing, &m_window);
     connect(dialog, &ImportDialog::chosen, this, [this, dialog, path = read.path, scenePx] {
@@ -60,6 +73,7 @@ void ImportTools::offerDrawing(const ReadDrawing &read, std::optional<QPointF> s
         tell(m_importer.bringIn({taken}, dialog->options(), scenePx));
     });
     dialog->open();
+    return dialog;
 }
 
 void ImportTools::offerClipboard()

@@ -10,6 +10,8 @@ QT_END_NAMESPACE
 
 namespace studio {
 
+class ImportDialog;
+
 /** Brings foreign drawings in as a user asks for it: from files, the clipboard, the file manager.
  */
 class ImportTools : public QObject
@@ -29,7 +31,8 @@ public:
     void offerClipboard();
 
     /**
-     * One drawing is shown before it comes in; several come in as the last one did.
+     * One drawing is shown before it comes in. Several come in as the last one did, but for those
+     * whose size can only be guessed: these are shown after that, one after the other.
      *
      * @param scenePx where their middle goes; the origin if none is given
      */
@@ -46,7 +49,8 @@ Q_SIGNALS:
     void imported(const QRectF &boxPx);
 
 private:
-    void offerDrawing(const ReadDrawing &read, std::optional<QPointF> scenePx);
+    void offerNext(const QVector<ReadDrawing> &waiting, std::optional<QPointF> scenePx);
+    ImportDialog *offerDrawing(const ReadDrawing &read, std::optional<QPointF> scenePx);
     int tell(int imported);
 
     ZTGraphicsDocument &m_document;

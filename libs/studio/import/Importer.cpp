@@ -131,7 +131,7 @@ bool Importer::readWith(const QString &name, const Read &readOne)
     return isRead;
 }
 
-int Importer::importFiles(const QStringList &paths, std::optional<QPointF> centrePx)
+QVector<ReadDrawing> Importer::readAll(const QStringList &paths)
 {
     QVector<ReadDrawing> drawings;
     for (const QString &path : paths) {
@@ -139,9 +139,14 @@ int Importer::importFiles(const QStringList &paths, std::optional<QPointF> centr
         if (read(path, &one))
             drawings.append(one);
         else if (m_isCancelled)
-            return 0;
+            return {};
     }
-    return bringInAsLast(drawings, centrePx);
+    return drawings;
+}
+
+int Importer::importFiles(const QStringList &paths, std::optional<QPointF> centrePx)
+{
+    return bringInAsLast(readAll(paths), centrePx);
 }
 
 int Importer::bringInAsLast(const QVector<ReadDrawing> &drawings, std::optional<QPointF> centrePx)

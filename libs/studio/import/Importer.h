@@ -51,6 +51,9 @@ public:
     /** Reads one file; false, told in a message, when it holds no drawing, or when cancelled. */
     bool read(const QString &path, ReadDrawing *read);
 
+    /** Those of the files that hold a drawing, as `read` tells; none when one is cancelled. */
+    QVector<ReadDrawing> readAll(const QStringList &paths);
+
     /** The same with the bytes of a file that has no name, such as what the clipboard holds. */
     bool read(const QByteArray &bytes, const QString &name, ReadDrawing *read);
 
