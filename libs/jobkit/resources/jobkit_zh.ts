@@ -141,6 +141,10 @@
         <source>%1: no such field</source>
         <translation>%1：没有此字段</translation>
     </message>
+    <message>
+        <source>%1: stands twice</source>
+        <translation>%1：出现了两次</translation>
+    </message>
 </context>
 <context>
     <name>jobkit::Material</name>

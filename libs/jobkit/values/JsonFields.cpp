@@ -1,5 +1,7 @@
 #include <jobkit/values/JsonFields_p.h>
 
+#include <hostkit/files/JsonKeys.h>
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QLocale>
@@ -52,6 +54,8 @@ bool readJsonObject(const QByteArray &json, QJsonObject *object, QString *error,
     };
     if (json.size() > mostBytes)
         return fail(Texts::tr("larger than %1 bytes").arg(mostBytes));
+    if (const std::optional<QString> twice = hostkit::jsonKeyTwice(json))
+        return fail(Texts::tr("%1: stands twice").arg(twice->left(kLongestName)));
     QJsonParseError problem{};
     const QJsonDocument document = QJsonDocument::fromJson(json, &problem);
     if (problem.error != QJsonParseError::NoError) {

@@ -1,5 +1,7 @@
 #include <studio/import/ImportSource.h>
 
+#include <hostkit/files/JsonKeys.h>
+
 #include <QtCore/QHash>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -71,6 +73,8 @@ bool isUsable(const ImportSource &source)
 std::optional<ImportSource> importSourceOf(const ShapeItem &item)
 {
     const QByteArray bytes = hostkit::itemExtras(item).fields.value(kField);
+    if (hostkit::jsonKeyTwice(bytes))
+        return std::nullopt;
     const QJsonObject json = QJsonDocument::fromJson(bytes).object();
     ImportSource source;
     source.file = json[QStringLiteral("file")].toString();

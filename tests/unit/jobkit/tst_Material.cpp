@@ -99,6 +99,8 @@ void tst_Material::damaged_isRefusedWithTheField_data()
     row("on", pens(R"({"number":1,"isOn":1})"), "pens[0].isOn: true or false is needed");
     row("mode", pens(R"({"number":1,"powerMode":"loud"})"),
         "pens[0].powerMode: one of constant, dynamic is needed");
+    row("two speeds", pens(R"({"number":1,"speedMmPerS":100,"speedMmPerS":900})"),
+        "speedMmPerS: stands twice");
     row("twice", pens(R"({"number":4},{"number":4})"), "pens[1].number: pen 4 is there already");
 }
 
