@@ -4,6 +4,7 @@
 #include "InputFiles.h"
 #include "Progress.h"
 
+#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 
 using hostkit::Failure;

@@ -8,6 +8,7 @@
 #include <QtGui/QPainter>
 #include <QtGui/QWheelEvent>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {

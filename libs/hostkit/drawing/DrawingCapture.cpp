@@ -11,6 +11,7 @@
 
 #include <QtCore/QBuffer>
 #include <QtCore/QCoreApplication>
+#include <QtCore/QDataStream>
 #include <QtCore/QHash>
 
 #include <cstring>

@@ -11,6 +11,7 @@
 
 #include <QtCore/QBuffer>
 #include <QtCore/QCoreApplication>
+#include <QtCore/QDataStream>
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QFileInfo>
 #include <QtWidgets/QUndoStack>

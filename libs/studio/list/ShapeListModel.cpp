@@ -7,6 +7,7 @@
 #include <studio/shapes/PenColors.h>
 #include <studio/shapes/ShapeKinds.h>
 
+#include <QtCore/QDataStream>
 #include <QtCore/QMimeData>
 #include <QtWidgets/QUndoStack>
 
