@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """Static analysis of libraries and programs: clang-tidy with the checks of .clang-tidy, then clazy.
 
-Nearly all the time of clang-tidy goes into the headers that every source includes. So the sources
-of a folder are analysed together, as one translation unit that includes them all: ten times
-quicker, with the same findings. Sources that cannot stand in one unit, because both have a
-constant of the same name in an unnamed namespace, stand in different ones.
+Nearly all the time of both goes into the headers that every source includes. So sources that are
+compiled with the same arguments are analysed together, as one translation unit that includes them
+all: ten times quicker, with the same findings. Sources that cannot stand in one unit, because both
+have a constant of the same name in an unnamed namespace, stand in different ones.
 
 What passed is not analysed again as long as nothing that it compiles, no check and no tool has
 changed; it is remembered in ZT_TIDY_CACHE (by default in ~/.cache/zt-tidy).
@@ -28,7 +28,7 @@ BUILD = TOP / "build" / "tidy"
 CACHE = pathlib.Path(os.environ.get("ZT_TIDY_CACHE")
                      or pathlib.Path(os.environ.get("XDG_CACHE_HOME")
                                      or pathlib.Path.home() / ".cache") / "zt-tidy")
-MOST_SOURCES = 12  # in one unit: more would need too much memory side by side
+MOST_SOURCES = 30  # in one unit: more would need too much memory side by side
 
 # Not asked for: the unit includes sources by intent.
 TIDY_CHECKS = "-bugprone-suspicious-include"
@@ -111,40 +111,28 @@ def units(sources, arguments, folder):
         yield together
 
 
-def tidy(sources, arguments, folder):
-    """Findings in one unit; empty if it passes."""
+def analyse(tool, unit, arguments):
+    """What a tool tells of one unit; empty if it passes."""
+    passed = cache_file(tool, unit, arguments)
+    if passed and passed.exists():
+        return ""
+    done = run({
+        "tidy": ["clang-tidy", "--quiet", "--warnings-as-errors=*", "--checks=" + TIDY_CHECKS,
+                 f"--config-file={TOP / '.clang-tidy'}"],
+        "clazy": ["clazy-standalone", "-header-filter=(libs|apps)/.*", "-checks=" + CLAZY_CHECKS],
+    }[tool] + [str(unit), "--", *arguments])
+    if done.returncode or (tool == "clazy" and "warning:" in done.stdout):
+        return done.stdout
+    if passed:
+        passed.touch()
+    return ""
+
+
+def unit_work(sources, arguments, folder):
+    """Findings of both tools in one unit."""
     unit = TOP / sources[0] if len(sources) == 1 else unit_of(sources, folder)
-    passed = cache_file("tidy", unit, arguments)
-    if passed and passed.exists():
-        return ""
-    done = run(["clang-tidy", "--quiet", "--warnings-as-errors=*", "--checks=" + TIDY_CHECKS,
-                f"--config-file={TOP / '.clang-tidy'}", str(unit), "--", *arguments])
-    if done.returncode:
-        return done.stdout
-    if passed:
-        passed.touch()
-    return ""
-
-
-def clazy(source, arguments):
-    passed = cache_file("clazy", TOP / source, arguments)
-    if passed and passed.exists():
-        return ""
-    done = run(["clazy-standalone", "-header-filter=(libs|apps)/.*", "-checks=" + CLAZY_CHECKS,
-                str(TOP / source), "--", *arguments])
-    if done.returncode or "warning:" in done.stdout:
-        return done.stdout
-    if passed:
-        passed.touch()
-    return ""
-
-
-def folder_work(sources, arguments, folder):
-    """The jobs of one folder: one a unit, one a source."""
-    for unit in units(sources, arguments, folder):
-        yield tidy(unit, arguments, folder)
-    for source in sources:
-        yield clazy(source, arguments)
+    # What one source declares is no shadow over another's; the builds hold it of each alone.
+    return [analyse(tool, unit, [*arguments, "-Wno-shadow"]) for tool in ("tidy", "clazy")]
 
 
 def main():
@@ -160,14 +148,16 @@ def main():
     groups = collections.defaultdict(list)
     for source in sources:
         if source not in lost:
-            groups[os.path.dirname(source), tuple(arguments[source])].append(source)
+            groups[tuple(arguments[source])].append(source)
 
     findings = [f"{source}: belongs to no target\n" for source in lost]
     with tempfile.TemporaryDirectory(dir=BUILD) as folder, \
             concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        work = [pool.submit(lambda names, given: list(folder_work(names, given, folder)),
-                            names, list(given))
-                for (_, given), names in sorted(groups.items(), key=lambda group: -len(group[1]))]
+        parted = [(pool.submit(lambda names, given: list(units(names, given, folder)),
+                               names, list(given)), list(given))
+                  for given, names in sorted(groups.items(), key=lambda group: -len(group[1]))]
+        work = [pool.submit(unit_work, unit, given, folder)
+                for job, given in parted for unit in job.result()]
         for job in work:
             findings += [found for found in job.result() if found]
     sys.stdout.write("".join(findings))

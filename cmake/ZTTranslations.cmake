@@ -16,5 +16,7 @@ function(zt_add_catalogue target source)
   file(CONFIGURE OUTPUT "${list}" CONTENT
     "<RCC><qresource prefix=\"/\"><file>@name@.qm</file></qresource></RCC>\n" @ONLY)
   qt5_add_resources(resources "${list}")
+  # Each has data of the same name.
+  set_source_files_properties(${resources} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
   target_sources(${target} PRIVATE ${resources})
 endfunction()

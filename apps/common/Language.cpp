@@ -15,7 +15,7 @@ namespace {
 
 const std::string kOption = "--language";
 
-struct Texts
+struct LanguageTexts
 {
     Q_DECLARE_TR_FUNCTIONS(Language)
 };
@@ -80,14 +80,14 @@ void addOption(CLI::App *command)
 {
     const auto take = [](const std::string &text) {
         if (kIsChinese.find(text) == kIsChinese.end())
-            throw CLI::ValidationError(kOption, Texts::tr("\"%1\" is not among the choices")
+            throw CLI::ValidationError(kOption, LanguageTexts::tr("\"%1\" is not among the choices")
                                                     .arg(QString::fromStdString(text))
                                                     .toStdString());
     };
     command
         ->add_option_function<std::string>(
             kOption, take,
-            Texts::tr("Language of help and messages, en or zh; else the environment's")
+            LanguageTexts::tr("Language of help and messages, en or zh; else the environment's")
                 .toStdString())
         ->take_last()
         ->type_name("LANG");

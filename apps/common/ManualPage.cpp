@@ -9,7 +9,7 @@ namespace console {
 
 namespace {
 
-struct Texts
+struct ManualTexts
 {
     Q_DECLARE_TR_FUNCTIONS(ManualPage)
 };
@@ -82,9 +82,9 @@ std::string synopsis(const CommandEntry &command)
 {
     std::string line = bold(command.call);
     if (!command.options.empty())
-        line += " [" + italic(Texts::tr("OPTIONS").toStdString()) + "]";
+        line += " [" + italic(ManualTexts::tr("OPTIONS").toStdString()) + "]";
     if (!command.parts.empty())
-        line += " " + italic(Texts::tr("COMMAND").toStdString());
+        line += " " + italic(ManualTexts::tr("COMMAND").toStdString());
     for (const CommandEntry::Argument &place : command.places)
         line += " " + italic(place.names.front());
     return line;
@@ -98,17 +98,17 @@ std::string manualPage(const CommandEntry &program, const std::string &version)
 {
     std::ostringstream page;
     page << ".TH " << upper(program.name) << " 1 \"\" \"" << version << "\"\n"
-         << heading(Texts::tr("NAME")) << escaped(program.name) << " \\- " << escaped(program.help)
-         << '\n'
-         << heading(Texts::tr("SYNOPSIS"));
+         << heading(ManualTexts::tr("NAME")) << escaped(program.name) << " \\- "
+         << escaped(program.help) << '\n'
+         << heading(ManualTexts::tr("SYNOPSIS"));
     forEachCommand(program, [&page](const CommandEntry &command) {
         if (command.parts.empty())
             page << synopsis(command) << "\n.br\n";
     });
-    page << heading(Texts::tr("OPTIONS"));
+    page << heading(ManualTexts::tr("OPTIONS"));
     describeArguments(page, program);
     if (!program.parts.empty())
-        page << heading(Texts::tr("COMMANDS"));
+        page << heading(ManualTexts::tr("COMMANDS"));
     forEachCommand(program, [&page, &program](const CommandEntry &command) {
         if (&command == &program)
             return;

@@ -19,7 +19,7 @@ using hostkit::ShxFontFileInfo;
 using hostkit::ShxFontInfo;
 using hostkit::ShxGlyphInfo;
 
-constexpr int kLabelWidth = 12;
+constexpr int kFontLabelWidth = 12;
 constexpr int kMostRuns = 12;
 
 QString hex(int code, int digits)
@@ -71,25 +71,25 @@ QString rangesOf(const ShxFontInfo &info)
     return ranges.join(QStringLiteral(", "));
 }
 
-void printRow(const QString &name, const QString &value)
+void printFontRow(const QString &name, const QString &value)
 {
-    console::printRow(name, value, kLabelWidth);
+    console::printRow(name, value, kFontLabelWidth);
 }
 
 void printFont(const ShxFontInfo &info)
 {
-    printRow(FontCommand::tr("Form:"), info.form());
-    printRow(FontCommand::tr("Kind:"), kindOf(info));
-    printRow(FontCommand::tr("Name:"),
-             QString::fromStdString(console::printable(info.name.toStdString())));
-    printRow(FontCommand::tr("Above:"), QString::number(info.above));
-    printRow(FontCommand::tr("Below:"), QString::number(info.below));
+    printFontRow(FontCommand::tr("Form:"), info.form());
+    printFontRow(FontCommand::tr("Kind:"), kindOf(info));
+    printFontRow(FontCommand::tr("Name:"),
+                 QString::fromStdString(console::printable(info.name.toStdString())));
+    printFontRow(FontCommand::tr("Above:"), QString::number(info.above));
+    printFontRow(FontCommand::tr("Below:"), QString::number(info.below));
     if (info.isBig())
-        printRow(FontCommand::tr("Lead bytes:"), rangesOf(info));
-    printRow(FontCommand::tr("Glyphs:"), QString::number(info.usableGlyphs()));
+        printFontRow(FontCommand::tr("Lead bytes:"), rangesOf(info));
+    printFontRow(FontCommand::tr("Glyphs:"), QString::number(info.usableGlyphs()));
     if (info.usableGlyphs() > 0)
-        printRow(FontCommand::tr("Codes:"), codesOf(info));
-    printRow(FontCommand::tr("Damage:"), QString::number(info.problemCount));
+        printFontRow(FontCommand::tr("Codes:"), codesOf(info));
+    printFontRow(FontCommand::tr("Damage:"), QString::number(info.problemCount));
     for (const QString &problem : info.problems)
         console::print(QStringLiteral("  ") + problem);
     const int more = info.problemCount - info.problems.size();
@@ -285,9 +285,9 @@ int FontCommand::sheet() const
         }
     }
     if (!m_quiet) {
-        printRow(tr("Glyphs:"), QString::number(drawn.glyphs().size()));
-        printRow(tr("Grid:"),
-                 tr("%1 x %2 cells").arg(drawn.grid().width()).arg(drawn.grid().height()));
+        printFontRow(tr("Glyphs:"), QString::number(drawn.glyphs().size()));
+        printFontRow(tr("Grid:"),
+                     tr("%1 x %2 cells").arg(drawn.grid().width()).arg(drawn.grid().height()));
     }
     return console::finishOutput() && written ? console::Done : console::Failed;
 }

@@ -27,12 +27,12 @@ namespace {
 
 constexpr int kMostParts = 10000;
 constexpr int kMostTold = 10; ///< findings of a kind
-constexpr int kLabelWidth = 15;
+constexpr int kTableLabelWidth = 15;
 constexpr int kNumberWidth = 11;
 constexpr int kOrderMs = 20000; ///< for all parts together
 constexpr int kLeastOrderMs = 200;
 
-const std::map<std::string, OrderKind> kOrders{
+const std::map<std::string, OrderKind> kOrderKinds{
     {"none", OrderKind::AsDrawn}, {"nearest", OrderKind::Nearest}, {"best", OrderKind::Best}};
 
 const std::map<std::string, jobkit::HatchPlace> kHatchPlaces{
@@ -56,7 +56,7 @@ QString seconds(double value) { return QString::number(value, 'f', 3); }
 
 void printSums(const QString &name, const TimeSums &sums)
 {
-    console::print(console::filledUp(name, kLabelWidth) + cell(seconds(sums.totalS())) +
+    console::print(console::filledUp(name, kTableLabelWidth) + cell(seconds(sums.totalS())) +
                    cell(seconds(sums.markS)) + cell(seconds(sums.jumpS)) +
                    cell(seconds(sums.delayS)));
 }
@@ -130,7 +130,7 @@ void JobCommand::addMachine()
 void JobCommand::addWork()
 {
     usage::addValue(m_command, "--optimize", tr("Order of the pieces: none, nearest, or best"),
-                    [this](const std::string &text) { m_order = usage::chosen(kOrders, text); })
+                    [this](const std::string &text) { m_order = usage::chosen(kOrderKinds, text); })
         ->type_name("ORDER")
         ->default_str("best");
     m_command->add_flag("--pen-by-pen", m_isPenByPen,
@@ -436,7 +436,7 @@ void JobCommand::takeBack() const
 void JobCommand::printNumbers(const JobSource &source) const
 {
     const auto row = [](const QString &name, const QString &value) {
-        console::printRow(name, value, kLabelWidth);
+        console::printRow(name, value, kTableLabelWidth);
     };
     if (m_count > 1)
         row(tr("Parts:"), QString::number(m_count));
@@ -470,7 +470,7 @@ void JobCommand::printTimes() const
 {
     const jobkit::JobTimes times =
         jobkit::jobTimes(m_parts.front().plan, m_pens, m_profile, head());
-    console::print(console::filledUp(tr("Seconds"), kLabelWidth) + cell(tr("total")) +
+    console::print(console::filledUp(tr("Seconds"), kTableLabelWidth) + cell(tr("total")) +
                    cell(tr("marking")) + cell(tr("jumps")) + cell(tr("delays")));
     printSums(m_count > 1 ? tr("First part") : tr("Part"), times.all);
     for (const auto &[pen, sums] : times.byPen)
