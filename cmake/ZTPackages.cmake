@@ -1,4 +1,4 @@
-# Debian packages and the source archive, by CPack: tools/packages.sh. To be included last: it takes
+# Debian packages, by CPack: tools/packages.sh. To be included last: it takes
 # up what is installed.
 
 set(soversion "${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}")
@@ -108,9 +108,4 @@ install(DIRECTORY "${PROJECT_SOURCE_DIR}/build/docs/html"
 install(FILES "${PROJECT_SOURCE_DIR}/build/docs/ztdrawengine.qch"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/libztdrawengine-doc" COMPONENT doc OPTIONAL)
 
-set(CPACK_SOURCE_GENERATOR TXZ)
-set(CPACK_SOURCE_PACKAGE_FILE_NAME "ztdrawengine-${PROJECT_VERSION}")
-set(CPACK_SOURCE_IGNORE_FILES
-  "^${PROJECT_SOURCE_DIR}/build/" "^${PROJECT_SOURCE_DIR}/out/" "^${PROJECT_SOURCE_DIR}/\\\\.git($|/)"
-  "/__pycache__/" "\\\\.user$")
 include(CPack)

@@ -86,6 +86,10 @@ if [ -e "$build/bin/font/README.txt" ]; then
     [ -s "$fonts/LICENSE-hershey.txt" ]
     [ -e "$fonts/gb-strokes.shx" ] || echo "no Chinese font was made"
     [ ! -e "$fonts/gb-strokes.shx" ] || [ -s "$fonts/ARPHICPL.TXT" ]
+    # They are found from the library's true place where the loader came to it by a link.
+    ln -s "$prefix/lib" "$scratch/lib"
+    LD_LIBRARY_PATH=$scratch/${libdir#"$prefix/"} "$prefix/bin/ztmark" font list |
+        grep -q hershey-simplex
 else
     echo "no stroke fonts were made"
 fi
