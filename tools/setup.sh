@@ -24,7 +24,7 @@ packages_of() {
         echo zsh fish # they try what they complete
         ;;
     check) echo git clang clang-format clang-tidy clazy libclang-rt-14-dev libomp-dev \
-        libbenchmark-dev doxygen llvm-14 debootstrap lintian xz-utils ;;
+        libbenchmark-dev doxygen llvm-14 debootstrap lintian xz-utils abigail-tools ;;
     package) echo dpkg-dev file gzip ;;
     *)
         echo "tools/setup.sh: unknown group '$1' (build, test, check, package)" >&2

@@ -31,8 +31,8 @@ QString libraryFile()
 }
 
 /**
- * Where the fonts of the library's installation are; relative to it, so that it may be moved. By its
- * true place: the loader may have come to it by a link, as /lib is one to /usr/lib.
+ * Where the fonts of the library's installation are; relative to it, so that it may be moved. From
+ * its true place: the loader may have come to it by a link, as /lib is one to /usr/lib.
  */
 QString installedFolder()
 {

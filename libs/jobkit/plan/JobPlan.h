@@ -15,13 +15,13 @@ namespace jobkit {
  */
 struct JobHatch
 {
-    int number = 0; ///< of the item's hatches, from 1; 0: by its place
-    int pen = 1;
+    int number = 0;        ///< of the item's hatches, from 1; 0: by its place
+    int pen = 1;           ///< never 0
     int passes = 1;        ///< 1 to 1000; times those of the pen
     int turn = 1;          ///< of a hatch that is turned each pass: the pass that these runs are
     bool isOneWay = false; ///< every run is marked in its own direction
-    hostkit::HatchMoment moment = hostkit::HatchMoment::Any;
-    QVector<QPolygonF> runsMm;
+    hostkit::HatchMoment moment = hostkit::HatchMoment::Any; ///< before or after the outlines
+    QVector<QPolygonF> runsMm;                               ///< each without a jump
 };
 
 /** What a drawing's object gives to a job. Frame: as of `JobHatch`. */

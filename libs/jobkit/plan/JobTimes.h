@@ -12,10 +12,11 @@ namespace jobkit {
 /** Seconds of a job or of a share of it. */
 struct TimeSums
 {
-    double markS = 0.0;
-    double jumpS = 0.0;
+    double markS = 0.0;  ///< while the laser is on
+    double jumpS = 0.0;  ///< between the pieces
     double delayS = 0.0; ///< where the head waits; on a gantry on dots alone
 
+    /** All of it: marking, jumping and waiting. */
     double totalS() const { return markS + jumpS + delayS; }
     TimeSums &operator+=(const TimeSums &other);
 };
@@ -27,10 +28,10 @@ struct TimeSums
  */
 struct JobTimes
 {
-    TimeSums all;
-    std::map<int, TimeSums> byPen;
-    std::map<int, TimeSums> byObject;
-    std::map<int, TimeSums> byPass;
+    TimeSums all;                     ///< of the whole job
+    std::map<int, TimeSums> byPen;    ///< by the number of the pen
+    std::map<int, TimeSums> byObject; ///< by `JobItem::object`
+    std::map<int, TimeSums> byPass;   ///< by the pass, counted from 1
 
     /** When the head comes to each point, in the plan's order: piece after piece. Never falls. */
     std::vector<double> vertexS;
