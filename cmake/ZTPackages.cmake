@@ -86,7 +86,8 @@ zt_package(ztmark NAME ztmark SECTION graphics
 zt_package(ztstudio NAME ztstudio SECTION graphics
   SUMMARY "drawing and marking studio for lasers"
   DESCRIPTION "Draw what a laser marks, import it, fill in texts and serial numbers,\nand write the files that machines run."
-  DEPENDS "${library} (= ${whole})" RECOMMENDS "ztdrawengine-fonts, libqt5svg5, qttranslations5-l10n")
+  DEPENDS "${library} (= ${whole}), libqt5sql5-sqlite" # by which Qt help is read
+  RECOMMENDS "ztdrawengine-fonts, libqt5svg5, qttranslations5-l10n")
 if(TARGET ztdesigner)
   zt_package(designer NAME ztdrawengine-designer SECTION devel
     SUMMARY "drawing surface for laser marking (plugin for Qt Designer)"
