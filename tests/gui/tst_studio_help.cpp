@@ -237,8 +237,8 @@ private:
               "<virtualFolder>doc</virtualFolder><filterSection>"
               "<toc><section title=\"Help\" ref=\"index.html\"/></toc><keywords>"
               "<keyword name=\"Start\" id=\"Start\" ref=\"index.html\"/>"
-              "<keyword name=\"Units\" id=\"Units\" ref=\"index.html\"/>"
-              "<keyword name=\"Units\" id=\"Units\" ref=\"coord.html\"/>"
+              "<keyword name=\"Units\" id=\"Start::Units\" ref=\"index.html\"/>"
+              "<keyword name=\"Units\" id=\"ZTCoord::Units\" ref=\"coord.html\"/>"
               "<keyword name=\"ZTCoord\" id=\"ZTCoord\" ref=\"coord.html\"/></keywords>"
               "<files><file>index.html</file><file>coord.html</file></files>"
               "</filterSection></QtHelpProject>");
