@@ -28,6 +28,8 @@ def statements(lines):
             documented = True
             in_comment = "*/" not in stripped
             continue
+        if stripped.startswith("///<"):
+            continue  # goes on with what stands behind the member above
         if stripped.startswith("//"):
             documented = documented or stripped.startswith("///")
             continue
@@ -58,6 +60,7 @@ def undocumented(path):
         if depth_of_class is None and re.match(r"^(class|struct) \w+.*[^;]$|^(class|struct) \w+$", line):
             access = "public" if line.startswith("struct") else "private"
             depth_of_class = depth + 1
+            body.append((number, ""))  # what was said of the class before ends with it
         opened, closed = line.count("{"), line.count("}")
         if depth_of_class is not None and depth >= depth_of_class:
             found = ACCESS.match(line.strip())

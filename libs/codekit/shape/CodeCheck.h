@@ -39,12 +39,12 @@ struct CodeSurroundings
 /** A code as it is to be read: a value, so that it can be read in another thread. */
 struct CodeScan
 {
-    MarkedLines marks;
-    CodeKind kind = CodeKind::DataMatrix;
-    double moduleMm = 0.0;
-    bool isMirrored = false; ///< by its shape's transform
-    bool isReady = true;     ///< its marks are those of what was asked for
-    QString expected;        ///< what it is to say
+    MarkedLines marks;                    ///< of the code and of what lies over it
+    CodeKind kind = CodeKind::DataMatrix; ///< which symbology
+    double moduleMm = 0.0;                ///< width of a module
+    bool isMirrored = false;              ///< by its shape's transform
+    bool isReady = true;                  ///< its marks are those of what was asked for
+    QString expected;                     ///< what it is to say
 };
 
 /** What is to be read of a code. Order: GUI thread. */

@@ -32,7 +32,7 @@ struct MarkJobOptions
 /** An ordered mark graph and what the ordering brought. */
 struct MarkJobResult
 {
-    ZTMarkGraph graph;
+    ZTMarkGraph graph;      ///< what the head follows, in order
     MarkPathMeasure before; ///< in the order of the drawings, copies row by row
     MarkPathMeasure after;  ///< in the order asked for
 };

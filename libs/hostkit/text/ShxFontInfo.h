@@ -62,9 +62,9 @@ bool readShxFontInfo(const QByteArray &image, ShxFontInfo *info, Failure *failur
 /** A stroke-font file that was found in a folder. */
 struct ShxFontFileInfo
 {
-    QString fileName;
-    QString folder;
-    ShxFontInfo info;
+    QString fileName; ///< without its folder
+    QString folder;   ///< as it was asked for
+    ShxFontInfo info; ///< what is in it
 };
 
 /** The stroke fonts in the folders, in the order of the folders and by name; others left out. */

@@ -44,7 +44,7 @@ struct HeadPlace
 {
     int piece = -1;  ///< the one being marked, or that the head jumps to; -1: no piece at all
     int segment = 0; ///< of that piece, counted from 0
-    QPointF pointMm;
+    QPointF pointMm; ///< where it is; frame of the plan
     bool isMarking = false; ///< false: jumping, or waiting at an end
 };
 

@@ -38,9 +38,9 @@ inline bool operator!=(const Pen &a, const Pen &b) { return !(a == b); }
 /** A value of a pen or a profile that is a number, as its file and an editor know it. */
 struct FieldRange
 {
-    QString name; ///< the key in JSON, with its unit
-    double least = 0.0;
-    double most = 0.0;
+    QString name;       ///< the key in JSON, with its unit
+    double least = 0.0; ///< least value that is allowed
+    double most = 0.0;  ///< most that is allowed
 };
 
 /** The numbers of a pen and their ranges, in the order of the file. */
