@@ -72,6 +72,20 @@ QPainterPath oneOutline(int edges)
     return path;
 }
 
+/** Round outlines of 50 edges each, none of them inside another. */
+QPainterPath manyOutlines(int edges)
+{
+    const int count = edges / 50;
+    const int columns = std::max(1, static_cast<int>(std::ceil(std::sqrt(count))));
+    const double pitch = kSizePx / columns;
+    QPainterPath path;
+    for (int i = 0; i < count; ++i) {
+        const QPointF at((i % columns + 0.5) * pitch, (i / columns + 0.5) * pitch);
+        path.addPolygon(wavyCircle(at, pitch * 0.4, 50, 0.15, 3 + i % 4));
+    }
+    return path;
+}
+
 QPainterPath concaveStar(int edges)
 {
     QPolygonF polygon;
@@ -107,13 +121,15 @@ struct Work
     double spac;
 };
 
+Work workOf(const QPainterPath &outline, int scanLines)
+{
+    return {outline, spacingFor(outline, scanLines)};
+}
+
 Work workOf(const benchmark::State &state, Drawing drawing, double edgesPerScanLine)
 {
     const auto scanLines = static_cast<int>(state.range(0));
-    Work work;
-    work.outline = drawing(static_cast<int>(scanLines * edgesPerScanLine));
-    work.spac = spacingFor(work.outline, scanLines);
-    return work;
+    return workOf(drawing(static_cast<int>(scanLines * edgesPerScanLine)), scanLines);
 }
 
 void report(benchmark::State &state, int lines)
@@ -122,9 +138,8 @@ void report(benchmark::State &state, int lines)
     state.SetComplexityN(state.range(0));
 }
 
-void product(benchmark::State &state, Drawing drawing, double edgesPerScanLine, FillType type)
+void product(benchmark::State &state, const Work &work, FillType type)
 {
-    const Work work = workOf(state, drawing, edgesPerScanLine);
     OutlineShape shape(work.outline);
     for (auto _ : state)
         shape.fillULine(type, work.spac, 30.0);
@@ -183,9 +198,8 @@ int sweptCrossings(const QPainterPath &outline, double spac, QVector<QLineF> *li
     return lines->size();
 }
 
-void sweep(benchmark::State &state, Drawing drawing, double edgesPerScanLine)
+void sweep(benchmark::State &state, const Work &work)
 {
-    const Work work = workOf(state, drawing, edgesPerScanLine);
     QVector<QLineF> lines;
     for (auto _ : state)
         sweptCrossings(work.outline, work.spac, &lines);
@@ -210,16 +224,36 @@ void registerDrawing(const std::string &name, Drawing drawing, double edgesPerSc
     for (const auto &style : styles) {
         const std::string title = name + "/" + style.style;
         const FillType type = style.type;
-        grow(benchmark::RegisterBenchmark((title + "/product").c_str(), product, drawing,
-                                          edgesPerScanLine, type),
+        grow(benchmark::RegisterBenchmark(
+                 (title + "/product").c_str(),
+                 [=](benchmark::State &state) {
+                     product(state, workOf(state, drawing, edgesPerScanLine), type);
+                 }),
              kGoal);
         grow(benchmark::RegisterBenchmark((title + "/plain").c_str(), plain, drawing,
                                           edgesPerScanLine, type)
                  ->Iterations(1),
              type == FillType::Line ? kGoal : mostOfPlainZigzag);
     }
-    grow(benchmark::RegisterBenchmark((name + "/sweep").c_str(), sweep, drawing, edgesPerScanLine),
+    grow(benchmark::RegisterBenchmark((name + "/sweep").c_str(),
+                                      [=](benchmark::State &state) {
+                                          sweep(state, workOf(state, drawing, edgesPerScanLine));
+                                      }),
          kGoal);
+}
+
+/** The sizes that the goals name: so many edges under so many scan lines, its floor beside it. */
+void registerGoal(const std::string &name, const QPainterPath &outline, int scanLines)
+{
+    const Work work = workOf(outline, scanLines);
+    const auto add = [&](const char *what, auto run) {
+        benchmark::RegisterBenchmark((name + "/" + what).c_str(), run)
+            ->Arg(scanLines)
+            ->Unit(benchmark::kMillisecond);
+    };
+    add("goal/line", [=](benchmark::State &state) { product(state, work, FillType::Line); });
+    add("goal/zigzag", [=](benchmark::State &state) { product(state, work, FillType::ULine); });
+    add("goal/sweep", [=](benchmark::State &state) { sweep(state, work); });
 }
 
 } // namespace
@@ -230,6 +264,12 @@ int main(int argc, char **argv)
     registerDrawing("one_outline", oneOutline, 2.0, kGoal);
     registerDrawing("concave_star", concaveStar, 0.1, kGoal / 4);
     registerDrawing("tangle", tangle, 0.05, kGoal / 8);
+    for (const int scanLines : {100, kGoal}) {
+        registerGoal("letters", letters(5000), scanLines);
+        registerGoal("one_outline", oneOutline(20000), scanLines);
+        registerGoal("400_outlines", manyOutlines(20000), scanLines);
+        registerGoal("concave_star", concaveStar(1000), scanLines);
+    }
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;

@@ -3,7 +3,6 @@
 #include <QtGui/QImage>
 #include <QtGui/QMouseEvent>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QGraphicsView>
 #include <QtWidgets/QUndoStack>
 
 #include <benchmark/benchmark.h>
@@ -65,7 +64,7 @@ public:
 
     QUndoStack stack;
     std::unique_ptr<ZTGraphicsScene> scene = std::make_unique<ZTGraphicsScene>();
-    QGraphicsView view;
+    ZTGraphicsView view{nullptr};
     QRectF blockPx;
 };
 

@@ -13,8 +13,8 @@ using testsupport::PlainShxFont;
 
 namespace {
 
-constexpr int kBigCharacters = 10000;
-constexpr int kLatinCharacters = 100000;
+constexpr int kBigCharacters = 5000;
+constexpr int kLatinCharacters = 10000;
 
 /** Both fonts in the folder beside the program, and a pair of them. */
 struct Fonts

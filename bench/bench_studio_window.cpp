@@ -66,6 +66,12 @@ public:
         settle();
     }
 
+    void repaint()
+    {
+        m_window.document().view()->viewport()->update();
+        settle();
+    }
+
     QPoint middle() { return m_window.document().view()->viewport()->rect().center(); }
 
     static void settle()
@@ -86,10 +92,21 @@ void BM_panelEdit(benchmark::State &state)
     for (auto step : state) {
         benchmark::DoNotOptimize(step);
         isWide = !isWide;
-        window.typeWidth(isWide ? QStringLiteral("250") : QStringLiteral("240"));
+        window.typeWidth(isWide ? QStringLiteral("1.6") : QStringLiteral("1.4"));
     }
 }
 BENCHMARK(BM_panelEdit)->Arg(10000)->Unit(benchmark::kMillisecond);
+
+/** The whole canvas painted once: the floor under what an edit of them all can take. */
+void BM_repaint(benchmark::State &state)
+{
+    Window window(static_cast<int>(state.range(0)));
+    for (auto step : state) {
+        benchmark::DoNotOptimize(step);
+        window.repaint();
+    }
+}
+BENCHMARK(BM_repaint)->Arg(0)->Arg(10000)->Unit(benchmark::kMillisecond);
 
 /** One move of the mouse that drags them all, painted. */
 void BM_dragMove(benchmark::State &state)

@@ -2,10 +2,14 @@
 
 #include <studio/canvas/DrawingTools.h>
 #include <studio/canvas/EmptyHint.h>
+#include <studio/canvas/GridItem.h>
 #include <studio/canvas/PointerLabel.h>
 #include <studio/canvas/RotateHandle.h>
 
+#include <QtGui/QImage>
+#include <QtGui/QPainter>
 #include <QtWidgets/QStatusBar>
+#include <QtWidgets/QStyleOptionGraphicsItem>
 
 #include <cmath>
 
@@ -122,6 +126,52 @@ private Q_SLOTS:
             const QPoint top = studio->view().mapFromScene(QPointF(0, -100));
             QCOMPARE(studio->window->editor().rotateHandle().place() - top, QPoint(0, -44));
         }
+    }
+
+    // Each line takes the one pixel of the device that it falls on, strong where it counts a ten.
+    void grid_takesOnePixelALine_data()
+    {
+        QTest::addColumn<double>("ratio");
+        QTest::newRow("100 %") << 1.0;
+        QTest::newRow("150 %") << 1.5;
+        QTest::newRow("200 %") << 2.0;
+    }
+
+    void grid_takesOnePixelALine()
+    {
+        QFETCH(double, ratio);
+        const double stepPx = 10.3;
+        ZTCoord::getInstance()->setHeight(stepPx * 193.0); // a millimetre is 10.3 pixels
+        studio::GridItem grid(*studio->document().scene());
+        QImage image(qRound(300 * ratio), qRound(200 * ratio), QImage::Format_RGB32);
+        image.setDevicePixelRatio(ratio);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        QStyleOptionGraphicsItem option;
+        option.exposedRect = QRectF(-20, -20, 300, 200);
+        painter.translate(20, 20);
+        grid.paint(&painter, &option, nullptr);
+        painter.end();
+        const auto expected = [&](int pixels, int from) {
+            QVector<QRgb> inks(pixels, qRgb(255, 255, 255));
+            for (int line = from; line < 100; ++line) {
+                const int pixel = static_cast<int>(std::floor((20 + line * stepPx) * ratio));
+                if (pixel >= 0 && pixel < pixels)
+                    inks[pixel] = line % 10 == 0 ? qRgb(210, 214, 218) : qRgb(236, 238, 240);
+            }
+            return inks;
+        };
+        // Along the third pixel row and column from the corner, where no line lies.
+        QVector<QRgb> across;
+        for (int x = 0; x < image.width(); ++x)
+            across << image.pixel(x, 3);
+        QVector<QRgb> down;
+        for (int y = 0; y < image.height(); ++y)
+            down << image.pixel(3, y);
+        QCOMPARE(across, expected(image.width(), -2));
+        QCOMPARE(down, expected(image.height(), -2));
+        const int zero = static_cast<int>(std::floor(20 * ratio)); // a strong line is never cut
+        QCOMPARE(image.pixel(zero, static_cast<int>((20 + stepPx) * ratio)), qRgb(210, 214, 218));
     }
 
     void measure_tellsDistanceAndAngle_andMakesNothing()

@@ -159,8 +159,8 @@ private Q_SLOTS:
         QCOMPARE(names(), QStringLiteral("one two three four"));
     }
 
-    // What a drop of the view hands to the model: the third before the first.
-    void thirdShape_isDraggedBeforeTheFirst()
+    // What a drop of the view hands to the model; the mouse itself drags in `studio_listDrag`.
+    void thirdShape_isDroppedBeforeTheFirst()
     {
         make({"one", "two", "three"});
         clickCell(2, ShapeListModel::Name);

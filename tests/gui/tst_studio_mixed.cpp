@@ -28,7 +28,7 @@ using studio::ShapeItems;
 namespace {
 
 /** What the hands do, and which shapes are selected meanwhile. */
-enum class Kinds { All, Texts, Polygons, Lines, Ellipses, Codes };
+enum class Kinds { All, Texts, Polygons, Lines, Ellipses, Crossing, Codes };
 
 struct Edit
 {
@@ -75,6 +75,8 @@ private Q_SLOTS:
         QFETCH(int, number);
         const Edit &edit = edits[static_cast<std::size_t>(number)];
         makeShapes();
+        if (edit.kinds == Kinds::Crossing)
+            crossEllipses();
         studio->select(of(edit.kinds));
         QVERIFY(studio->run("view.fitAll"));
         settle();
@@ -284,6 +286,8 @@ private:
             all.push_back({id, Kinds::All, [this, id] { QVERIFY2(studio->run(id), id); }});
         for (const char *id : {"paths.union", "paths.exclusion"})
             all.push_back({id, Kinds::Ellipses, [this, id] { QVERIFY2(studio->run(id), id); }});
+        for (const char *id : {"paths.difference", "paths.intersection"})
+            all.push_back({id, Kinds::Crossing, [this, id] { QVERIFY2(studio->run(id), id); }});
         return all;
     }
 
@@ -360,10 +364,22 @@ private:
                 (kinds == Kinds::Polygons && type == ShapeType::Polygon) ||
                 (kinds == Kinds::Lines && type == ShapeType::Line) ||
                 (kinds == Kinds::Ellipses && type == ShapeType::Ellipse) ||
+                (kinds == Kinds::Crossing && type == ShapeType::Ellipse) ||
                 (kinds == Kinds::Codes && isCode))
                 chosen << item;
         }
         return chosen;
+    }
+
+    /** The two ellipses, so that each holds a part of the other and none the whole. */
+    void crossEllipses()
+    {
+        const ShapeItems ellipses = of(Kinds::Ellipses);
+        QCOMPARE(ellipses.size(), 2);
+        const QRectF first = studio::sceneBox(*ellipses[0]);
+        const QRectF second = studio::sceneBox(*ellipses[1]);
+        ellipses[1]->setPos(ellipses[1]->pos() + first.center() - second.topLeft());
+        settle();
     }
 
     /** Curves are marked in chords, whose box is as near as it comes. */

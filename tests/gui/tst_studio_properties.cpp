@@ -54,6 +54,23 @@ private Q_SLOTS:
         QVERIFY(!penBox()->isEnabled());
     }
 
+    // Whoever does not look at the grid does not wait for it.
+    void hidden_readsNothing_andShowsTheSelectionWhenShownAgain()
+    {
+        auto *dock = studio->window->findChild<QDockWidget *>(QStringLiteral("propertyDock"));
+        ShapeItem *first = studio->addRect(100, 200);
+        ShapeItem *second = studio->addRect(0, 0);
+        select({first});
+        QCOMPARE(list()->getObject(), static_cast<QObject *>(first));
+        dock->hide();
+        select({second});
+        QVERIFY(list()->getObject() == nullptr);
+        dock->show();
+        QCOMPARE(list()->getObject(), static_cast<QObject *>(second));
+        QCOMPARE(count(), QStringLiteral("1 shape selected"));
+        QCOMPARE(valueOf({"pos", "X"}), QStringLiteral("0.00"));
+    }
+
     void severalSelected_showsTheLowestAndTellsHowMany()
     {
         ShapeItem *lowest = studio->addRect(0, 0);

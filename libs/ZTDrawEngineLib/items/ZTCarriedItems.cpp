@@ -176,6 +176,8 @@ void ZTCarriedItems::takePicture(const QTransform &sceneToDevice, const QRectF &
     m_picture.image.setDevicePixelRatio(ratio);
     m_picture.image.fill(Qt::transparent);
     QPainter painter(&m_picture.image);
+    painter.setClipRect(
+        QRect(QPoint(), area.size())); // hairlines then go straight into the picture
     painter.setRenderHints(hints);
     paintItems(painter,
                sceneToDevice * QTransform::fromTranslate(-area.x(), -area.y()) *

@@ -25,6 +25,13 @@ struct Stop
     QPointF next;  ///< where the chain goes on from
     Kind kind = Blank;
     bool endsChain = true; ///< there is nowhere to go on from
+
+    /** The same number for number: almost the same is another place. */
+    bool isLeftWhereReached() const
+    {
+        return kind == Reachable && !endsChain && first.x() == next.x() && first.y() == next.y() &&
+               isFinite(first);
+    }
 };
 
 Stop stopAt(const ZTMarkObject &object)
@@ -73,12 +80,19 @@ public:
 
     bool isEmpty() const { return m_firstRemaining == m_end; }
 
-    /** Takes the object that costs least to reach, or the first one where none can be reached. */
-    int take(const QPointF &from)
+    /**
+     * Takes the object that costs least to reach, or the first one where none can be reached.
+     *
+     * `last` is an object of the stretch that was reached at `from`, or -1.
+     */
+    int take(const QPointF &from, int last)
     {
         typename Tree::Hit best{kUnreachable, -1};
         if (isFinite(from)) {
-            m_tree.improve(from, best);
+            if (last >= 0)
+                m_tree.improveNear(last, from, best);
+            else
+                m_tree.improve(from, best);
             for (const int index : m_odd)
                 improveBy(index, from, best);
         } else {
@@ -152,18 +166,22 @@ std::vector<int> chainOf(const std::vector<Stop> &stops, const Cost &cost, QPoin
 {
     std::vector<int> order;
     order.reserve(stops.size());
+    int last = -1; // where the chain is, if it goes on from where it came to
     const auto goTo = [&](int index) {
+        const Stop &stop = stops[index];
         order.push_back(index);
-        current = stops[index].next;
-        return !stops[index].endsChain;
+        current = stop.next;
+        last = stop.isLeftWhereReached() ? index : -1;
+        return !stop.endsChain;
     };
 
     const int count = static_cast<int>(stops.size());
     for (int begin = 0; begin < count;) {
         const int end = nextBarrier(stops, begin);
         Stretch<Cost> stretch(stops, begin, end, cost);
+        last = -1;
         while (!stretch.isEmpty()) {
-            if (!goTo(stretch.take(current)))
+            if (!goTo(stretch.take(current, last)))
                 return order;
         }
         if (end < count && !goTo(end))

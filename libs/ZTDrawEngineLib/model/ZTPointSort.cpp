@@ -74,11 +74,12 @@ ZTMarkGraph &ZTPointSort::sort(ZTMarkGraph &graph, Cost cost, QPointF start)
 {
     const std::vector<int> order = greedyChain(graph.objects, cost, start);
     // Kept: a chain that ends early leaves default objects in the places behind it.
-    QVector<ZTMarkObject> sorted(graph.objects.size());
+    QVector<ZTMarkObject> sorted;
+    sorted.reserve(graph.objects.size());
     ZTMarkObject *const source = graph.objects.data();
-    ZTMarkObject *place = sorted.data();
     for (const int index : order)
-        *place++ = std::move(source[index]);
+        sorted.append(std::move(source[index]));
+    sorted.resize(graph.objects.size());
     graph.objects = std::move(sorted);
     return graph;
 }

@@ -115,7 +115,9 @@ bool operator!=(const ItemExtras &a, const ItemExtras &b) { return !(a == b); }
 
 ItemExtras itemExtras(const ZTAbstractGraphicsItem &item)
 {
-    return item.data(kExtrasKey).value<ItemExtras>();
+    const QVariant kept = item.data(kExtrasKey);
+    // Most shapes have none, and are asked often: nothing is slow to convert.
+    return kept.isValid() ? kept.value<ItemExtras>() : ItemExtras();
 }
 
 void setItemExtras(ZTAbstractGraphicsItem &item, const ItemExtras &extras)

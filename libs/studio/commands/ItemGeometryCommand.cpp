@@ -1,6 +1,7 @@
 #include <studio/commands/ItemGeometryCommand.h>
 
 #include <studio/commands/FramePause.h>
+#include <studio/commands/IndexPause.h>
 
 #include <cmath>
 
@@ -24,9 +25,10 @@ bool areSame(const QTransform &a, const QTransform &b)
 } // namespace
 
 ItemGeometryCommand::ItemGeometryCommand(ZTGraphicsScene *changedScene,
-                                         const ShapeItems &changedItems, const QString &text)
+                                         const ShapeItems &changedItems, const QString &text,
+                                         int shapesInAll)
     : QUndoCommand(text), m_drawing(changedScene), m_items(guarded(changedItems)),
-      m_before(states())
+      m_shapesInAll(shapesInAll), m_before(states())
 {
 }
 
@@ -44,6 +46,7 @@ void ItemGeometryCommand::restore(const QVector<State> &states)
     if (!m_drawing)
         return;
     const FramePause pause(*m_drawing);
+    const IndexPause indexPause(*m_drawing, m_items.size(), m_shapesInAll);
     for (int i = 0; i < m_items.size(); ++i) {
         if (!m_items[i])
             continue;
@@ -65,6 +68,7 @@ void ItemGeometryCommand::redo()
         return;
     {
         const FramePause pause(*m_drawing);
+        const IndexPause indexPause(*m_drawing, m_items.size(), m_shapesInAll);
         change(*m_drawing);
     }
     m_after = states();

@@ -5,6 +5,7 @@
 #include <QtGui/QTransform>
 #include <QtWidgets/QUndoCommand>
 
+#include <climits>
 #include <optional>
 
 namespace studio {
@@ -22,7 +23,9 @@ public:
     void redo() override;
 
 protected:
-    ItemGeometryCommand(ZTGraphicsScene *scene, const ShapeItems &items, const QString &text);
+    /** `shapesInAll`: how many the scene has, if `change` asks it for none. */
+    ItemGeometryCommand(ZTGraphicsScene *scene, const ShapeItems &items, const QString &text,
+                        int shapesInAll = INT_MAX);
 
     /** Changes the items, the scene's selection at that time. Called once, by the first `redo`. */
     virtual void change(ZTGraphicsScene &scene) = 0;
@@ -39,6 +42,7 @@ private:
 
     QPointer<ZTGraphicsScene> m_drawing; ///< borrowed from the document
     QVector<QPointer<ShapeItem>> m_items;
+    int m_shapesInAll;
     QVector<State> m_before;
     QVector<State> m_after; ///< empty until the first `redo`
 };

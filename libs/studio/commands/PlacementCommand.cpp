@@ -16,8 +16,8 @@ ShapeItems itemsOf(const QVector<Placement> &placements)
 } // namespace
 
 PlacementCommand::PlacementCommand(ZTGraphicsScene *scene, const QVector<Placement> &placements,
-                                   const QString &text)
-    : ItemGeometryCommand(scene, itemsOf(placements), text)
+                                   const QString &text, int shapesInAll)
+    : ItemGeometryCommand(scene, itemsOf(placements), text, shapesInAll)
 {
     m_places.reserve(placements.size());
     for (const Placement &placement : placements)

@@ -9,8 +9,9 @@ namespace studio {
 class PlacementCommand : public ItemGeometryCommand
 {
 public:
+    /** `shapesInAll`: how many the scene has. */
     PlacementCommand(ZTGraphicsScene *scene, const QVector<Placement> &placements,
-                     const QString &text);
+                     const QString &text, int shapesInAll);
 
 protected:
     void change(ZTGraphicsScene &scene) override;

@@ -110,7 +110,7 @@ void BoxSection::takeSize(MeasureField &field, Qt::Orientation direction, double
     settle(field, reason);
     if (!reason.isEmpty())
         return;
-    for (const QRectF &boxMm : shownBoxesMm(selectedShapeItems(*m_document.scene()))) {
+    for (const QRectF &boxMm : shownBoxesMm(selectedInNoOrder(*m_document.scene()))) {
         const double foundMm = direction == Qt::Horizontal ? boxMm.width() : boxMm.height();
         if (std::abs(foundMm - mm) > kNoticedMm) {
             Q_EMIT told(tr("Curves are marked as chords: %1 is as near as it comes")

@@ -257,7 +257,8 @@ QString ShapeEdits::place(const QVector<Placement> &placements, const char *undo
     }
     if (!placements.isEmpty())
         m_document.undoStack()->push(
-            new PlacementCommand(m_document.scene(), placements, undoText(undoSource)));
+            new PlacementCommand(m_document.scene(), placements, undoText(undoSource),
+                                 m_document.itemMag()->itemModel()->rowCount()));
     return {};
 }
 

@@ -159,7 +159,7 @@ void ShapePanel::follow()
 {
     m_followTimer.stop();
     m_placesTimer.stop();
-    const ShapeItems selected = selectedShapeItems(*m_document.scene());
+    const ShapeItems selected = selectedInNoOrder(*m_document.scene());
     m_placesTimer.setInterval(selected.size() > kFewShapes ? kSlowFollowMs : 0);
     if (selected.isEmpty())
         m_count->setText(tr("Nothing selected"));
@@ -178,7 +178,7 @@ void ShapePanel::followPlaces()
 {
     if (m_followTimer.isActive())
         return; // which shows all that there is
-    const ShapeItems selected = selectedShapeItems(*m_document.scene());
+    const ShapeItems selected = selectedInNoOrder(*m_document.scene());
     for (PanelSection *section : qAsConst(m_sections))
         section->followPlaces(selected);
 }

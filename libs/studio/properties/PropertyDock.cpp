@@ -128,6 +128,12 @@ void PropertyDock::applyDensity()
     view->setStyleSheet(m_denseRows->isChecked() ? denseSheet : m_tallRowsSheet);
 }
 
+void PropertyDock::showEvent(QShowEvent *event)
+{
+    QDockWidget::showEvent(event);
+    follow();
+}
+
 void PropertyDock::changeEvent(QEvent *event)
 {
     QDockWidget::changeEvent(event);
@@ -154,6 +160,12 @@ void PropertyDock::retranslate()
 
 void PropertyDock::follow()
 {
+    if (!isVisible()) {
+        // Reading thousands of shapes that nobody sees costs time.
+        if (m_list->getObject() != nullptr)
+            m_list->setObject(nullptr);
+        return;
+    }
     if (m_isListStale)
         rebuildList();
     const ShapeItems items = selectedShapeItems(*m_document.scene());

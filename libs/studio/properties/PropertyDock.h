@@ -39,6 +39,7 @@ public:
     QAction *denseRowsAction() const { return m_denseRows; }
 
 protected:
+    void showEvent(QShowEvent *event) override;
     void changeEvent(QEvent *event) override;
 
 private:

@@ -50,6 +50,16 @@ ShapeItems selectedShapeItems(const QGraphicsScene &scene)
     return only != nullptr ? ShapeItems{only} : ShapeItems();
 }
 
+ShapeItems selectedInNoOrder(const QGraphicsScene &scene)
+{
+    ShapeItems found;
+    for (QGraphicsItem *selected : scene.selectedItems()) {
+        if (auto *item = dynamic_cast<ShapeItem *>(selected))
+            found.append(item);
+    }
+    return found;
+}
+
 QRectF sceneBox(const ShapeItem &item) { return item.mapRectToScene(item.boundingRect()); }
 
 QRectF sceneBox(const ShapeItems &items)

@@ -16,6 +16,9 @@ ShapeItems shapeItemsOf(const QGraphicsScene &scene);
 /** The selected ones, lowest first, so that what is done to them does not depend on chance. */
 ShapeItems selectedShapeItems(const QGraphicsScene &scene);
 
+/** The selected ones as they come, where the order is nothing: sorting thousands takes time. */
+ShapeItems selectedInNoOrder(const QGraphicsScene &scene);
+
 /** Box of an item as drawn. Frame: scene pixels. */
 QRectF sceneBox(const ShapeItem &item);
 

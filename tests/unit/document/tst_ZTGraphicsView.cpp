@@ -49,6 +49,57 @@ protected:
     }
 };
 
+/** Takes back the clip for the items: what the clipped ones must look like. */
+class UnclippedView : public ZTGraphicsView
+{
+public:
+    explicit UnclippedView(QWidget *parent = nullptr) : ZTGraphicsView(parent) {}
+
+protected:
+    void drawBackground(QPainter *painter, const QRectF &rect) override
+    {
+        ZTGraphicsView::drawBackground(painter, rect);
+        painter->setClipping(false);
+    }
+};
+
+/** Notes what its painter clips to; it stands in the origin of the scene. */
+class ClipProbe : public QGraphicsRectItem
+{
+public:
+    ClipProbe() : QGraphicsRectItem(0, 0, 10, 10) {}
+
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *) override
+    {
+        isClipped = painter->hasClipping();
+        rectCount = painter->clipRegion().rectCount();
+        clipPx = painter->clipBoundingRect();
+    }
+
+    bool isClipped = false;
+    int rectCount = 0;
+    QRectF clipPx;
+};
+
+/** Rectangles and ellipses over the whole view and beyond its edges, each with a hatch. */
+void addHatchedShapes(ZTGraphicsScene &scene)
+{
+    ZTFillParam fill;
+    fill.fillType = FillType::Line;
+    fill.spac = 0.5;
+    fill.angle = 30.0;
+    for (int i = 0; i < 60; ++i) {
+        ZTAbstractGraphicsItem *item = nullptr;
+        if (i % 2 == 0)
+            item = new ZTGraphicsRectItem;
+        else
+            item = new ZTGraphicsEllipseItem;
+        item->setFillParam(fill);
+        scene.addItem(item);
+        item->setPos((i % 10 - 5) * 61.3, (i / 10 - 3) * 58.7);
+    }
+}
+
 QImage pictureOf(QWidget &widget)
 {
     QImage image(widget.size(), QImage::Format_RGB32);
@@ -287,6 +338,66 @@ private Q_SLOTS:
         ZTCoord::getInstance()->setDisplayRatio(1.0);
         scene->setSceneRect(-1e9, -1e9, 2e9, 2e9);
         pictureOf(*view);
+    }
+
+    void items_arePaintedClippedToTheView_soThatQtDrawsTheirHairlinesFast()
+    {
+        auto *probe = new ClipProbe;
+        scene->addItem(probe);
+        for (const double scale : {0.1, 1.0, 7.3}) {
+            view->resetSize(scale);
+            view->centerOn(0, 0);
+            pictureOf(*view->viewport());
+            QVERIFY(probe->isClipped);
+            QCOMPARE(probe->rectCount, 1);
+            QVERIFY(
+                probe->clipPx.contains(view->mapToScene(view->viewport()->rect()).boundingRect()));
+        }
+    }
+
+    void turnedView_isNotClipped_becauseItsClipWouldBeNoRectangle()
+    {
+        auto *probe = new ClipProbe;
+        scene->addItem(probe);
+        view->rotate(30);
+        view->centerOn(0, 0);
+        pictureOf(*view->viewport());
+        QVERIFY(!probe->isClipped);
+    }
+
+    void clippedItems_leaveTheSamePixels_data()
+    {
+        QTest::addColumn<double>("scale");
+        QTest::addColumn<bool>("isSmooth");
+        for (const bool isSmooth : {false, true}) {
+            for (const double scale : {0.17, 1.0, 3.3}) {
+                QTest::addRow("%s at %g", isSmooth ? "smooth" : "sharp", scale)
+                    << scale << isSmooth;
+            }
+        }
+    }
+
+    void clippedItems_leaveTheSamePixels()
+    {
+        QFETCH(double, scale);
+        QFETCH(bool, isSmooth);
+        addHatchedShapes(*scene);
+        ZTGraphicsView clipped(nullptr);
+        UnclippedView plain;
+        for (ZTGraphicsView *each : {&clipped, static_cast<ZTGraphicsView *>(&plain)}) {
+            each->setScene(scene.get());
+            each->resize(400, 300);
+            each->setRenderHint(QPainter::Antialiasing, isSmooth);
+            each->resetSize(scale);
+            each->centerOn(13.0, 7.0);
+        }
+        const QImage picture = pictureOf(clipped);
+        QCOMPARE(picture, pictureOf(plain));
+        const QRgb white = qRgb(255, 255, 255);
+        int inked = 0;
+        for (int x = 0; x < picture.width(); ++x)
+            inked += picture.pixel(x, picture.height() / 2) != white ? 1 : 0;
+        QVERIFY(inked > 20);
     }
 
 private:

@@ -8,6 +8,7 @@ using studio::moved;
 using studio::Placement;
 using studio::PlacementCommand;
 using studio::ShapeItem;
+using studio::ShapeItems;
 using studio::stretched;
 using studio::turned;
 
@@ -46,6 +47,33 @@ private Q_SLOTS:
         QVERIFY((frameBox.bottomRight() - box.bottomRight()).manhattanLength() < 1e-9);
     }
 
+    // So many at once that the scene notes their places all together.
+    void thousands_areFoundWhereTheyAre()
+    {
+        ZTGraphicsScene &scene = *test->document->scene();
+        QVector<Placement> placements;
+        ShapeItems all;
+        for (int i = 0; i < 1500; ++i)
+            all << test->addRect((i % 50) * 12, (i / 50) * 12);
+        scene.setBspTreeDepth(5);
+        const QRectF where(250, 130, 100, 60);
+        const QList<QGraphicsItem *> before = scene.items(where);
+        QVERIFY(before.size() > 10);
+        const QPointF wayMm = ZTCoord::getInstance()->getPix2MmTransform().map(QPointF(1500, 0));
+        for (ShapeItem *item : qAsConst(all))
+            placements << moved(*item, wayMm);
+        push(placements);
+        QCOMPARE(scene.items(where).size(), 0);
+        QCOMPARE(scene.items(where.translated(1500, 0)), before);
+        QCOMPARE(scene.itemIndexMethod(), QGraphicsScene::BspTreeIndex);
+        QCOMPARE(scene.bspTreeDepth(), 5);
+        stack()->undo();
+        QCOMPARE(scene.items(where), before);
+        stack()->redo();
+        QCOMPARE(scene.items(where).size(), 0);
+        QCOMPARE(scene.items(where.translated(1500, 0)), before);
+    }
+
     void presentPlacement_changesNothing()
     {
         ShapeItem *item = test->addRect(5, 6);
@@ -70,8 +98,9 @@ private Q_SLOTS:
 private:
     void push(const QVector<Placement> &placements)
     {
-        stack()->push(
-            new PlacementCommand(test->document->scene(), placements, QStringLiteral("Place")));
+        stack()->push(new PlacementCommand(test->document->scene(), placements,
+                                           QStringLiteral("Place"),
+                                           test->document->itemMag()->itemModel()->rowCount()));
     }
 
     QUndoStack *stack() { return test->document->undoStack(); }

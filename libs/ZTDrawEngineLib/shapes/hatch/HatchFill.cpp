@@ -34,13 +34,11 @@ QVector<QLineF> finished(QVector<QLineF> lines, double spac)
     return lines;
 }
 
-/** Lines for which there is room from the start; more room is made with the lines. */
-constexpr std::int64_t kFirstRoom = 1 << 14;
-
-/** The pairs there can be, but not many for those that hardly will be. */
+/** Room for the pairs that are to be expected; for others it is made with them. */
 int firstRoom(const ScanLineCrossings &crossings)
 {
-    return static_cast<int>(std::min(crossings.mostCrossings() / 2, kFirstRoom));
+    return static_cast<int>(
+        std::min<std::int64_t>(crossings.expectedCrossings() / 2, kMostHatchLines));
 }
 
 /** Separate segments; the direction changes from one scan line to the next, an empty one too. */

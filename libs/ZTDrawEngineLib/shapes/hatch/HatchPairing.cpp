@@ -29,11 +29,7 @@ bool HatchPairing::IsBefore::operator()(const Key &a, const Key &b) const
     return std::isnan(b.x);
 }
 
-HatchPairing::HatchPairing(int edgeCount)
-    : m_keys(static_cast<std::size_t>(edgeCount) + 1),
-      m_numbersOfEdges(static_cast<std::size_t>(edgeCount))
-{
-}
+HatchPairing::HatchPairing(int edgeCount) : m_edgeCount(edgeCount) {}
 
 const std::vector<HatchPairing::Pair> &HatchPairing::pair(const Crossing *crossings,
                                                           int crossingCount, bool ascending)
@@ -54,6 +50,8 @@ const std::vector<HatchPairing::Pair> &HatchPairing::pair(const Crossing *crossi
 // sorting starts. The result does not depend on it: no two keys are equal.
 void HatchPairing::order(const Crossing *crossings, bool ascending)
 {
+    if (m_keys.size() <= m_count)
+        m_keys.resize(2 * m_count + 1);
     if (m_count > kFewCrossings) {
         startFromLastOrder(crossings, ascending);
     } else {
@@ -72,6 +70,7 @@ void HatchPairing::order(const Crossing *crossings, bool ascending)
 
 void HatchPairing::startFromLastOrder(const Crossing *crossings, bool ascending)
 {
+    m_numbersOfEdges.resize(static_cast<std::size_t>(m_edgeCount));
     int *const numbers = m_numbersOfEdges.data();
     for (std::size_t i = 0; i < m_count; ++i)
         numbers[crossings[i].edge] = static_cast<int>(i) + 1;

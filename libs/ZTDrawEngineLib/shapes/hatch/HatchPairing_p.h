@@ -50,13 +50,15 @@ private:
     void repair(std::size_t at);
     void give(std::size_t first, std::size_t second);
 
-    std::vector<Key> m_keys; ///< the first `count`, and room for one of every edge
+    int m_edgeCount;
+    std::vector<Key> m_keys; ///< the first `count`, and room for one more
     std::size_t m_count = 0; ///< of crossings at hand
     std::vector<Pair> m_pairs;
     std::vector<char> m_isUsed;         ///< by place in the order of x
     std::vector<std::size_t> m_placeOf; ///< by number: its place in the order of x
     std::vector<int> m_lastOrder;       ///< edges of the last scan line, by growing x
-    std::vector<int> m_numbersOfEdges; ///< by edge: number of its crossing + 1 while ordering, or 0
+    std::vector<int> m_numbersOfEdges;  ///< by edge: number of its crossing + 1 while ordering, or
+                                       ///< 0; empty until there are many crossings
 };
 
 } // namespace zthatch

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace zthatch {
 
@@ -37,9 +38,13 @@ bool isVanishing(const QLineF &edge)
 // The argument needs that no product overflows or vanishes, that the scan line is long against
 // 16uM and that the edge lies beside it: edges for which this is not sure meet all scan lines.
 ScanLineCrossings::ScanLineCrossings(const HatchOutline &outline_, const ScanLineLayout &layout_)
-    : m_outline(outline_), m_layout(layout_), m_margin(std::ldexp(layout_.magnitude(), -43))
+    : m_outline(outline_), m_layout(layout_), m_isSteady(layout_.isSteady()),
+      m_margin(std::ldexp(layout_.magnitude(), -43))
 {
     const auto edgeCount = static_cast<std::size_t>(m_outline.edgeCount());
+    const std::vector<double> &levels = m_layout.levels();
+    if (levels.size() > 1)
+        m_linesPerPx = (m_layout.count() - 1) / (levels.back() - levels.front());
     m_isHit.resize(edgeCount);
     m_runs.reserve(edgeCount);
     m_candidates.resize(static_cast<std::size_t>(m_layout.count()) + 1);
@@ -49,22 +54,27 @@ ScanLineCrossings::ScanLineCrossings(const HatchOutline &outline_, const ScanLin
         ++m_candidates[static_cast<std::size_t>(run.first)];
         --m_candidates[static_cast<std::size_t>(run.end)];
     }
-    int running = 0;
-    for (int &candidate : m_candidates)
-        m_candidateCount += candidate = running += candidate;
+    std::partial_sum(m_candidates.begin(), m_candidates.end(), m_candidates.begin());
 }
 
-ScanLineCrossings::Run ScanLineCrossings::runOf(const QLineF &edge) const
+/** Whether the extent of an edge tells which scan lines it may meet. */
+bool ScanLineCrossings::isSure(const QLineF &edge) const
+{
+    return m_isSteady && isFinite(edge) && !isVanishing(edge) && m_layout.covers(edge.p1()) &&
+           m_layout.covers(edge.p2());
+}
+
+ScanLineCrossings::Run ScanLineCrossings::runOf(const QLineF &edge)
 {
     if (edge.x1() == edge.x2() && edge.y1() == edge.y2())
         return {}; // no length, no direction: QLineF finds no crossing
-    if (!m_layout.isSteady() || !isFinite(edge) || isVanishing(edge) ||
-        !m_layout.covers(edge.p1()) || !m_layout.covers(edge.p2()))
+    if (!isSure(edge))
         return {0, m_layout.count()};
     const double level1 = m_layout.levelOf(edge.p1());
     const double level2 = m_layout.levelOf(edge.p2());
     const int first = firstAtOrAbove(std::min(level1, level2) - m_margin);
     const int end = firstAtOrAbove(std::max(level1, level2) + 2 * m_margin);
+    m_expectedCount += end - first;
     return {first, end};
 }
 
@@ -77,20 +87,15 @@ int ScanLineCrossings::firstAtOrAbove(double level) const
         return 0;
     if (level > levels.back())
         return count;
-    const double share = (level - levels.front()) / (levels.back() - levels.front());
-    const int guess = std::min(count - 1, static_cast<int>(share * (count - 1)));
-    // Spans double around the guess until they hold the answer: equal steps make the guess good,
-    // but accumulated steps need not be equal.
-    int low = guess;
-    int high = guess;
-    int span = 1;
-    for (; low > 0 && levels[static_cast<std::size_t>(low)] >= level; span *= 2)
-        low = std::max(0, low - span);
-    span = 1;
-    for (; high < count - 1 && levels[static_cast<std::size_t>(high)] < level; span *= 2)
-        high = std::min(count - 1, high + span);
-    return static_cast<int>(
-        std::lower_bound(levels.begin() + low, levels.begin() + high + 1, level) - levels.begin());
+    // Equal steps make this right to within one line; accumulated steps need not be equal.
+    const auto guess = static_cast<int>((level - levels.front()) * m_linesPerPx);
+    const double *const begin = levels.data();
+    const int low = std::clamp(guess, 1, count - 1);
+    for (int number = low; number < std::min(low + 2, count); ++number) {
+        if (begin[number - 1] < level && level <= begin[number])
+            return number;
+    }
+    return static_cast<int>(std::lower_bound(levels.begin(), levels.end(), level) - levels.begin());
 }
 
 void ScanLineCrossings::visit(const Visitor &visitor)

@@ -27,8 +27,12 @@ class ScanLineCrossings
 public:
     ScanLineCrossings(const HatchOutline &outline, const ScanLineLayout &layout);
 
-    /** How many crossings there can be at most. */
-    std::int64_t mostCrossings() const { return m_candidateCount; }
+    /**
+     * How many crossings there can be at most on edges whose place is sure; nearly as many are.
+     *
+     * Edges that are lost in rounding may meet any scan line, and hardly ever do.
+     */
+    std::int64_t expectedCrossings() const { return m_expectedCount; }
 
     /** Called with the crossings of one scan line in the order of the edges. False: stop. */
     using Visitor = std::function<bool(const Crossing *crossings, int count)>;
@@ -47,17 +51,20 @@ private:
         int end = 0;
     };
 
-    Run runOf(const QLineF &edge) const;
+    bool isSure(const QLineF &edge) const;
+    Run runOf(const QLineF &edge);
     int firstAtOrAbove(double level) const;
     int blockEnd(int begin) const;
     void fillBlock(int begin, int end);
 
     const HatchOutline &m_outline;
     const ScanLineLayout &m_layout;
+    bool m_isSteady = false;
     double m_margin = 0.0;
+    double m_linesPerPx = 0.0;     ///< scan lines a pixel of their level, on average
     std::vector<Run> m_runs;       ///< by edge
     std::vector<int> m_candidates; ///< by scan line: edges that may cross it
-    std::int64_t m_candidateCount = 0;
+    std::int64_t m_expectedCount = 0;
     std::vector<Crossing> m_crossings; ///< of the block of scan lines at hand
     std::vector<std::size_t> m_starts; ///< by scan line of the block: its first crossing
     std::vector<int> m_counts;         ///< by scan line of the block: its crossings

@@ -31,7 +31,8 @@ ScanLineLayout::ScanLineLayout(const QRectF &boundsPx, double spacPx, double ang
 {
     const double side = std::max(boundsPx.height(), boundsPx.width());
     const double diagonal = std::sqrt(side * side + side * side);
-    m_reach = side / 2;
+    // The ends lie 10 pixels beyond half the diagonal, so this much slack stays between them.
+    m_covered = side / 2 + (1.0 + std::ldexp(side / 2, -20));
     m_left = (m_centre.x() - diagonal / 2) - kMarginPx;
     m_right = ((m_centre.x() - diagonal / 2) + diagonal) + kMarginPx;
     m_bottom = (m_centre.y() - diagonal / 2) - kMarginPx;
@@ -86,25 +87,9 @@ QLineF ScanLineLayout::scanLine(int number) const
     return {turned(m_left, y), turned(m_right, y)};
 }
 
-double ScanLineLayout::levelOf(const QPointF &point) const
-{
-    if (!m_isTurned)
-        return point.y();
-    return (point.y() - m_centre.y()) * m_cosine - (point.x() - m_centre.x()) * m_sine +
-           m_centre.y();
-}
-
 double ScanLineLayout::magnitude() const
 {
     return std::fabs(m_centre.x()) + std::fabs(m_centre.y()) + (m_right - m_left);
-}
-
-bool ScanLineLayout::covers(const QPointF &point) const
-{
-    // The ends lie 10 pixels beyond half the diagonal, so this much slack stays between them.
-    const double slack = 1.0 + std::ldexp(m_reach, -20);
-    return std::fabs(point.x() - m_centre.x()) <= m_reach + slack &&
-           std::fabs(point.y() - m_centre.y()) <= m_reach + slack;
 }
 
 bool ScanLineLayout::isSteady() const

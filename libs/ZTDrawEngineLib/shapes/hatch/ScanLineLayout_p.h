@@ -4,6 +4,7 @@
 #include <QtCore/QPointF>
 #include <QtCore/QRectF>
 
+#include <cmath>
 #include <vector>
 
 namespace zthatch {
@@ -40,7 +41,13 @@ public:
     const std::vector<double> &levels() const { return m_ordinates; }
 
     /** Ordinate that a point has when the turn is undone, up to rounding. */
-    double levelOf(const QPointF &point) const;
+    double levelOf(const QPointF &point) const
+    {
+        if (!m_isTurned)
+            return point.y();
+        return (point.y() - m_centre.y()) * m_cosine - (point.x() - m_centre.x()) * m_sine +
+               m_centre.y();
+    }
 
     /**
      * Largest size of a coordinate that the layout computes with, for rounding errors to be
@@ -49,7 +56,11 @@ public:
     double magnitude() const;
 
     /** Whether a point lies beside all scan lines, between their left and right ends. */
-    bool covers(const QPointF &point) const;
+    bool covers(const QPointF &point) const
+    {
+        return std::fabs(point.x() - m_centre.x()) <= m_covered &&
+               std::fabs(point.y() - m_centre.y()) <= m_covered;
+    }
 
     /** Whether the scan lines are so long that rounding does not change their direction. */
     bool isSteady() const;
@@ -59,7 +70,7 @@ private:
     QPointF turned(double x, double y) const;
 
     QPointF m_centre;
-    double m_reach = 0.0; ///< half of the longer side
+    double m_covered = 0.0; ///< from the centre, along x and y: beside all scan lines
     double m_left = 0.0;
     double m_right = 0.0;
     double m_bottom = 0.0;

@@ -9,6 +9,13 @@ namespace {
 
 constexpr int kNoRow = std::numeric_limits<int>::max();
 
+/** Rows among which the next one of a polygon is looked for: those of one or two scan lines. */
+constexpr int kNearRows = 48;
+
+/** Trials of it in vain before there are no more, and how many more one earns that succeeds. */
+constexpr int kNearestTrials = 64;
+constexpr int kTrialsEarned = 3;
+
 /** Rows tried one after the other from an edge that meets very many others. */
 constexpr int kCrowdTrials = 64;
 
@@ -17,10 +24,7 @@ constexpr int kCrowdTrials = 64;
 ZigzagLinker::ZigzagLinker(const HatchOutline &outline_, const std::vector<char> &hitEdges,
                            const std::vector<HatchRow> &rows_)
     : m_outline(outline_), m_rows(rows_), m_isUsed(rows_.size()), m_walks(outline_, hitEdges),
-      m_meetings(outline_, hitEdges),
-      m_edgeLists{
-          RowLists(m_isUsed, outline_.edgeCount(), [this](int row) { return at(row).secondEdge; }),
-          RowLists(m_isUsed, outline_.edgeCount(), [this](int row) { return at(row).firstEdge; })}
+      m_meetings(outline_, hitEdges), m_trialsLeft(kNearestTrials)
 {
 }
 
@@ -122,14 +126,24 @@ bool ZigzagLinker::canJoin(int row, int next)
 /**
  * First later row that the zigzag can go on to.
  *
- * It ends on the edge that `row` ends on, on one that meets this edge, or on the one where the
- * walk from it ends. So the first row is sought on each of these, not among all rows.
+ * It ends on the same polygon, mostly on the very next row there. If not, it ends on the edge that
+ * `row` ends on, on one that meets this edge, or on the one where the walk from it ends. So the
+ * first row is sought on each of these, not among all rows.
  */
 int ZigzagLinker::nextOf(int row)
 {
     const Side side = walkSide(row);
     if (side == Side::OnLine)
         return nextBeforeStop(row);
+    if (isNearestWorthATrial()) {
+        const int nearest = nearestOf(row);
+        if (nearest < 0)
+            return kNoRow;
+        if (canJoin(row, nearest)) {
+            m_trialsLeft += kTrialsEarned;
+            return nearest;
+        }
+    }
     const int edge = reachedEdge(row);
     int best = bestOn(edge, row, kNoRow);
     const int walkEnd = m_walks.end(edge, walkDirection(side));
@@ -146,9 +160,8 @@ int ZigzagLinker::nextOf(int row)
 /** The same for a row that allows no walk: the first row that would need one ends the zigzag. */
 int ZigzagLinker::nextBeforeStop(int row)
 {
-    const int polygon = m_outline.polygonOf(reachedEdge(row));
     for (int next = row;;) {
-        next = polygonLists().nextAfter(polygon, next, kNoRow);
+        next = nextOnPolygon(row, next, kNoRow);
         if (next < 0)
             return kNoRow;
         m_found.joint = jointOf(row, next, &m_found.corner);
@@ -163,7 +176,7 @@ int ZigzagLinker::nextInCrowd(int row, int best)
     const int edge = reachedEdge(row);
     int next = row;
     for (int trial = 0; trial < kCrowdTrials; ++trial) {
-        next = polygonLists().nextAfter(m_outline.polygonOf(edge), next, best);
+        next = nextOnPolygon(row, next, best);
         if (next < 0)
             return best;
         if (canJoin(row, next))
@@ -173,10 +186,38 @@ int ZigzagLinker::nextInCrowd(int row, int best)
     return best;
 }
 
+/** Whether trying the nearest row of the polygon still pays; counts the trials. */
+bool ZigzagLinker::isNearestWorthATrial()
+{
+    if (m_trialsLeft == 0)
+        return false;
+    --m_trialsLeft;
+    return true;
+}
+
+/** First later row on the polygon, mostly one of the next rows of all; -1 without one. */
+int ZigzagLinker::nearestOf(int row)
+{
+    const int polygon = m_outline.polygonOf(reachedEdge(row));
+    const int end = std::min(row + 1 + kNearRows, static_cast<int>(m_rows.size()));
+    for (int next = row + 1; next < end; ++next) {
+        if (!m_isUsed[static_cast<std::size_t>(next)] &&
+            m_outline.polygonOf(reachedEdge(next)) == polygon)
+            return next;
+    }
+    return nextOnPolygon(row, row, kNoRow);
+}
+
+/** First row after another and before `end` on the polygon that `row` ends on; -1 without one. */
+int ZigzagLinker::nextOnPolygon(int row, int after, int end)
+{
+    return polygonLists().nextAfter(m_outline.polygonOf(reachedEdge(row)), after, end);
+}
+
 /** First row after `row`, if one before `best`, that can be joined and ends on an edge. */
 int ZigzagLinker::bestOn(int edge, int row, int best)
 {
-    RowLists &lists = m_edgeLists[m_reached];
+    RowLists &lists = edgeLists();
     for (int next = lists.nextAfter(edge, row, best); next >= 0;
          next = lists.nextAfter(edge, next, best)) {
         if (canJoin(row, next))
@@ -191,6 +232,16 @@ RowLists &ZigzagLinker::polygonLists()
     if (!lists) {
         const auto polygonOf = [this](int row) { return m_outline.polygonOf(reachedEdge(row)); };
         lists = std::make_unique<RowLists>(m_isUsed, m_outline.polygonCount(), polygonOf);
+    }
+    return *lists;
+}
+
+RowLists &ZigzagLinker::edgeLists()
+{
+    std::unique_ptr<RowLists> &lists = m_lazyEdgeLists[m_reached];
+    if (!lists) {
+        const auto edgeOf = [this](int row) { return reachedEdge(row); };
+        lists = std::make_unique<RowLists>(m_isUsed, m_outline.edgeCount(), edgeOf);
     }
     return *lists;
 }

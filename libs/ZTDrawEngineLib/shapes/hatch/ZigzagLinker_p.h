@@ -69,10 +69,14 @@ private:
     bool canJoin(int row, int next);
 
     int nextOf(int row);
+    bool isNearestWorthATrial();
+    int nearestOf(int row);
+    int nextOnPolygon(int row, int after, int end);
     int nextBeforeStop(int row);
     int nextInCrowd(int row, int best);
     int bestOn(int edge, int row, int best);
     RowLists &polygonLists();
+    RowLists &edgeLists();
 
     void appendZigzag(int row);
     void appendJoint(int row, int next);
@@ -83,8 +87,9 @@ private:
     std::vector<char> m_isUsed; ///< by row: linked already
     OutlineWalks m_walks;
     EdgeMeetings m_meetings;
-    RowLists m_edgeLists[2]; ///< by reached end: rows by the edge it lies on
-    std::unique_ptr<RowLists> m_lazyPolygonLists[2]; ///< the same by polygon
+    std::unique_ptr<RowLists> m_lazyPolygonLists[2]; ///< by reached end: rows by its polygon
+    std::unique_ptr<RowLists> m_lazyEdgeLists[2];    ///< the same by the edge it lies on
+    int m_trialsLeft; ///< of the nearest row; one more for each that succeeds
     Reached m_reached = AtSecond;
     Found m_found;
     int m_limit = 0;
