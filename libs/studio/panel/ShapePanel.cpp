@@ -87,29 +87,37 @@ QVBoxLayout *ShapePanel::newPage(const Title &title)
     auto *layout = new QVBoxLayout(page);
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     layout->addStretch(1);
+    addPage(page, title);
+    return layout;
+}
+
+// Each page scrolls where the window is low, so that none of them keeps it from fitting a screen.
+void ShapePanel::addPage(QWidget *page, const Title &title)
+{
     auto *scroll = new QScrollArea(this);
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->setWidget(page);
-    addPage(scroll, title);
-    return layout;
-}
-
-void ShapePanel::addPage(QWidget *page, const Title &title)
-{
     m_titles.append(title);
-    m_tabs->addTab(page, title());
+    m_tabs->addTab(scroll, title());
 }
 
 void ShapePanel::setPageShown(QWidget *page, bool isShown)
 {
-    if (isShown && m_tabs->currentWidget() != page)
+    QWidget *shown = nullptr;
+    for (int i = 0; i < m_tabs->count() && shown == nullptr; ++i) {
+        if (m_tabs->widget(i)->isAncestorOf(page))
+            shown = m_tabs->widget(i);
+    }
+    if (shown == nullptr)
+        return;
+    if (isShown && m_tabs->currentWidget() != shown)
         m_pageBefore = m_tabs->currentWidget();
-    const bool isInSight = m_tabs->currentWidget() == page;
-    m_tabs->setTabVisible(m_tabs->indexOf(page), isShown);
+    const bool isInSight = m_tabs->currentWidget() == shown;
+    m_tabs->setTabVisible(m_tabs->indexOf(shown), isShown);
     if (isShown)
-        m_tabs->setCurrentWidget(page);
+        m_tabs->setCurrentWidget(shown);
     else if (isInSight && m_pageBefore != nullptr)
         m_tabs->setCurrentWidget(m_pageBefore);
 }
