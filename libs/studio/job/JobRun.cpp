@@ -1,7 +1,6 @@
 #include <studio/job/JobRun.h>
 
-#include <studio/shapes/ShapeKinds.h>
-
+#include <hostkit/marks/MarkFindings.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
 #include <jobkit/marks/MarkGraphItems.h>
 
@@ -66,7 +65,7 @@ Gathering gatherItems(const ZTGraphicsDocument &document, GatheredItems *gathere
     for (int i = 0; i < kept.size(); ++i) {
         if (!kept[i])
             return Gathering::NotWhole;
-        gathered->items[i].name = shapeName(*kept[i]);
+        gathered->items[i].name = hostkit::shapeName(*kept[i]);
         jobkit::describeShape(*kept[i], &gathered->items[i]);
     }
     return Gathering::Done;
