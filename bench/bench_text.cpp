@@ -159,6 +159,21 @@ void editOne(benchmark::State &state)
     state.SetComplexityN(state.range(0));
 }
 
+/** New items in a system font, each with a text of its own, and one move of a handle of each. */
+void makeAndResize(benchmark::State &state)
+{
+    strokeFont(); // there are stroke fonts: without any a new item has no text
+    for (auto _ : state) {
+        for (int i = 0; i < state.range(0); ++i) {
+            ZTGraphicsTextItem item;
+            item.setFixedText(QStringLiteral("Part %1").arg(i));
+            item.setTransformParam(item.getTransformParam() * QTransform::fromScale(1.1, 1.0));
+            benchmark::DoNotOptimize(item.getShapeBase()->getLines().elementCount());
+        }
+    }
+    state.SetComplexityN(state.range(0));
+}
+
 void addLayouts()
 {
     const auto add = [](const char *name, void (*function)(benchmark::State &), int most) {
@@ -189,6 +204,11 @@ int main(int argc, char **argv)
         ->Range(10, 10000)
         ->Complexity(benchmark::o1)
         ->Unit(benchmark::kMicrosecond);
+    benchmark::RegisterBenchmark("make and resize", makeAndResize)
+        ->RangeMultiplier(10)
+        ->Range(10, 1000)
+        ->Complexity(benchmark::oN)
+        ->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("scan 500 fonts, big ones", scanFolder)
         ->Arg(0)
         ->Arg(50)

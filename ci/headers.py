@@ -1,8 +1,10 @@
 #!/usr/bin/env python3
 """Every installed header compiles alone without a warning: one after the other in turn with gcc as
 C++17 where Qt's keywords are off and with clang as C++20 where they are on. All of them together, in
-order and in reverse, compile with both compilers in both standards with and without the keywords. What is deprecated warns, and
-can be silenced."""
+order and in reverse, compile with both compilers in both standards with and without the keywords.
+What is deprecated warns, and can be silenced.
+
+`ci/headers.py whole`, before a release, compiles each header alone in all eight of these ways."""
 
 import itertools
 import subprocess
@@ -20,6 +22,9 @@ WARNINGS = ["-Wall", "-Wextra", "-Wpedantic", "-Wshadow", "-Werror"]
 COMPILERS = ("g++", "clang++")
 STANDARDS = ("c++17", "c++20")
 KEYWORDS = ([], ["-DQT_NO_KEYWORDS"])
+ALL_WAYS = tuple(itertools.product(COMPILERS, STANDARDS, KEYWORDS))
+# Between them every compiler, standard and manner of keywords.
+IN_TURN = (("g++", "c++17", KEYWORDS[1]), ("clang++", "c++20", KEYWORDS[0]))
 
 
 def headers():
@@ -70,17 +75,22 @@ def deprecation_problems(compiler):
     return problems
 
 
+def works_of(names, is_whole):
+    """What is compiled: title, text, compiler, standard, more flags."""
+    works = []
+    for index, name in enumerate(names):
+        ways = ALL_WAYS if is_whole else [IN_TURN[index % 2]]
+        works += [(f"{name} alone", f"#include <{name}>\n", *way) for way in ways]
+    for order, title in ((names, "all in order"), (names[::-1], "all in reverse")):
+        text = "".join(f"#include <{name}>\n" for name in order)
+        works += [(title, text, *way) for way in ALL_WAYS]
+    return works
+
+
 def main():
     names = headers()
     compiler = Compiler()
-    works = []
-    ways = itertools.cycle((("g++", "c++17", KEYWORDS[1]), ("clang++", "c++20", KEYWORDS[0])))
-    for name, way in zip(names, ways):
-        works.append((f"{name} alone", f"#include <{name}>\n", *way))
-    for order, title in ((names, "all in order"), (names[::-1], "all in reverse")):
-        text = "".join(f"#include <{name}>\n" for name in order)
-        for how in itertools.product(COMPILERS, STANDARDS, KEYWORDS):
-            works.append((title, text, *how))
+    works = works_of(names, sys.argv[1:] == ["whole"])
     with ThreadPoolExecutor(cpu_count()) as pool:
         said = list(pool.map(lambda work: compiler.accepts(*work[1:]), works))
     problems = [f"{title} ({name}, {standard} {' '.join(more)}):\n{text}"

@@ -1,4 +1,4 @@
-# Debian packages and the source archive, by CPack: tools/packages.sh. To be included last: it takes
+# Debian packages, by CPack: tools/packages.sh. To be included last: it takes
 # up what is installed.
 
 set(soversion "${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}")
@@ -86,7 +86,8 @@ zt_package(ztmark NAME ztmark SECTION graphics
 zt_package(ztstudio NAME ztstudio SECTION graphics
   SUMMARY "drawing and marking studio for lasers"
   DESCRIPTION "Draw what a laser marks, import it, fill in texts and serial numbers,\nand write the files that machines run."
-  DEPENDS "${library} (= ${whole})" RECOMMENDS "ztdrawengine-fonts, libqt5svg5, qttranslations5-l10n")
+  DEPENDS "${library} (= ${whole}), libqt5sql5-sqlite" # by which Qt help is read
+  RECOMMENDS "ztdrawengine-fonts, libqt5svg5, qttranslations5-l10n")
 if(TARGET ztdesigner)
   zt_package(designer NAME ztdrawengine-designer SECTION devel
     SUMMARY "drawing surface for laser marking (plugin for Qt Designer)"
@@ -108,9 +109,4 @@ install(DIRECTORY "${PROJECT_SOURCE_DIR}/build/docs/html"
 install(FILES "${PROJECT_SOURCE_DIR}/build/docs/ztdrawengine.qch"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/libztdrawengine-doc" COMPONENT doc OPTIONAL)
 
-set(CPACK_SOURCE_GENERATOR TXZ)
-set(CPACK_SOURCE_PACKAGE_FILE_NAME "ztdrawengine-${PROJECT_VERSION}")
-set(CPACK_SOURCE_IGNORE_FILES
-  "^${PROJECT_SOURCE_DIR}/build/" "^${PROJECT_SOURCE_DIR}/out/" "^${PROJECT_SOURCE_DIR}/\\\\.git($|/)"
-  "/__pycache__/" "\\\\.user$")
 include(CPack)

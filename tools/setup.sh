@@ -15,7 +15,8 @@ packages_of() {
         echo libqt5svg5-dev libpolyclipping-dev
         echo ccache lld # not needed, but what is built again is there at once
         echo libzint-dev libzxing-dev
-        echo qttools5-dev # the plugin for Qt Designer
+        echo qttools5-dev # the plugin for Qt Designer, and Qt help
+        echo libqt5sql5-sqlite # which reads a help
         ;;
     test)
         echo python3-minimal python3 pkg-config
@@ -24,7 +25,8 @@ packages_of() {
         echo zsh fish # they try what they complete
         ;;
     check) echo git clang clang-format clang-tidy clazy libclang-rt-14-dev libomp-dev \
-        libbenchmark-dev doxygen llvm-14 debootstrap ;;
+        libbenchmark-dev doxygen llvm-14 debootstrap lintian xz-utils abigail-tools \
+        xvfb weston qtwayland5 ;;
     package) echo dpkg-dev file gzip ;;
     *)
         echo "tools/setup.sh: unknown group '$1' (build, test, check, package)" >&2

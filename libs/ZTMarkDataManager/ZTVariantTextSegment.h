@@ -16,7 +16,7 @@ enum class ZTVariantTextEnd : quint8 {
 /** Text that never changes. */
 struct ZTFixedTextSegment
 {
-    QString text;
+    QString text; ///< shown as it is; may be empty
 };
 
 /** How a counter writes its value. */
@@ -35,10 +35,10 @@ enum class ZTCounterRadix : quint8 {
  */
 struct ZTMARKDATAMANAGER_EXPORT ZTCounterSegment
 {
-    qint64 start = 1;
-    qint64 step = 1; ///< may be negative
-    std::optional<qint64> last;
-    ZTVariantTextEnd atEnd = ZTVariantTextEnd::Stop;
+    qint64 start = 1;           ///< the first value
+    qint64 step = 1;            ///< may be negative
+    std::optional<qint64> last; ///< the value not to be passed; none: the ends of 64 bits
+    ZTVariantTextEnd atEnd = ZTVariantTextEnd::Stop; ///< what follows the last value
 
     /** Least number of characters, the sign included. Limit: read as 0 to 256. */
     qint32 width = 0;
@@ -50,7 +50,7 @@ struct ZTMARKDATAMANAGER_EXPORT ZTCounterSegment
      */
     QChar pad;
 
-    ZTCounterRadix radix = ZTCounterRadix::Decimal;
+    ZTCounterRadix radix = ZTCounterRadix::Decimal; ///< the digits
     quint32 repeat = 1; ///< updates that show each value; 0 is read as 1
 
     /** Progress: how many updates this counter has seen; 0 in a new one. Never wraps around. */
@@ -96,10 +96,10 @@ enum class ZTDateTimeContent : quint8 {
 struct ZTDateTimeSegment
 {
     QString format = QStringLiteral("yyyy-MM-dd"); ///< a format string of QDateTime::toString
-    ZTDateTimeContent content = ZTDateTimeContent::Formatted;
-    qint32 offsetDays = 0;
-    qint32 offsetHours = 0;
-    qint32 offsetMinutes = 0;
+    ZTDateTimeContent content = ZTDateTimeContent::Formatted; ///< what is shown of the moment
+    qint32 offsetDays = 0;    ///< days of the calendar; may be negative
+    qint32 offsetHours = 0;   ///< hours; may be negative
+    qint32 offsetMinutes = 0; ///< minutes; may be negative
 
     /**
      * Language of the names of days and months, for example "de_DE".

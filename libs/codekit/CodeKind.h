@@ -40,7 +40,7 @@ struct CodeLevel
 /** What holds for all codes of a kind, and what can be asked of them. */
 struct CodeKindInfo
 {
-    CodeKind kind = CodeKind::Qr;
+    CodeKind kind = CodeKind::Qr;  ///< which kind this is about
     const char *name = "";         ///< on the command line and in files: "datamatrix"
     const char *label = "";        ///< as people call it; the same in all languages
     bool isLinear = false;         ///< bars of one height, which can be chosen

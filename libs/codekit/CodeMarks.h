@@ -20,8 +20,8 @@ enum class CodeStyle : quint8 {
 /** Size and form of a code. Lengths are millimetres. */
 struct CodeForm
 {
-    CodeStyle style = CodeStyle::Merged;
-    double moduleMm = 0.5;  ///< greater than 0
+    CodeStyle style = CodeStyle::Merged; ///< what is made of the dark modules
+    double moduleMm = 0.5;               ///< greater than 0
     double heightMm = 10.0; ///< of the bars of a linear code; greater than 0, else not looked at
     double growthMm = 0.0;  ///< taken off each dark area's width: the beam gives it back; less
                             ///< than the module, of single lines at most the module

@@ -30,7 +30,7 @@ QImage drawMarks(const MarkedLines &marks, double pxPerMm);
 /** What a reader found. */
 struct ReadCode
 {
-    bool isRead = false;
+    bool isRead = false;     ///< false: there was nothing that could be read
     QString text;            ///< as a reader gives it
     bool isMirrored = false; ///< its left is its right; not told of Aztec, which reads either way
 };

@@ -18,8 +18,8 @@ enum class CodeCharset : quint8 {
 /** What to encode, and how. The fields that a kind does not have are not looked at. */
 struct CodeSpec
 {
-    CodeKind kind = CodeKind::DataMatrix;
-    QString content; ///< as `limitsOf` tells
+    CodeKind kind = CodeKind::DataMatrix; ///< which symbology
+    QString content;                      ///< as `limitsOf` tells
     int level = 0;   ///< error correction, a number of `CodeKindInfo::levels`; 0: the kind's own
     int version = 0; ///< size, 0: the smallest that holds the content
     int mask = -1;   ///< QR: 0 to 7, Micro QR: 0 to 3; -1: the best
@@ -27,7 +27,7 @@ struct CodeSpec
     bool isRectangular = false; ///< Data Matrix: the smallest size that is not square
     bool hasCheckDigit = false; ///< Code 39: modulo 43; Codabar: modulo 16; Interleaved 2 of 5
     bool hasEscapes = false;    ///< "\n", "\G", "\x1D" and the like stand for control characters
-    CodeCharset charset = CodeCharset::Automatic;
+    CodeCharset charset = CodeCharset::Automatic; ///< of content beyond ASCII
 };
 
 /**
@@ -39,14 +39,15 @@ QString lackingOption(const CodeSpec &spec);
 /** The modules of a code: a grid of dark and light, without its quiet zone. */
 struct CodeSymbol
 {
-    CodeKind kind = CodeKind::DataMatrix;
-    int columns = 0;            ///< modules in a row
-    int rows = 0;               ///< rows, from the top
-    QBitArray dark;             ///< row by row
+    CodeKind kind = CodeKind::DataMatrix; ///< which symbology
+    int columns = 0;                      ///< modules in a row
+    int rows = 0;                         ///< rows, from the top
+    QBitArray dark;                       ///< row by row
     QVector<double> rowModules; ///< height of each row in modules; one of 1 in a linear code
     QString reads;              ///< what a reader gives, check digits included
     QString humanText;          ///< what stands below it where people are to read it
 
+    /** Range: a row and a column that it has, from 0, at the top left. */
     bool isDark(int row, int column) const { return dark.testBit(row * columns + column); }
 };
 

@@ -16,14 +16,14 @@ enum class VectorFormat : quint8 { Unknown, Hpgl, Svg, Dxf };
  */
 struct VectorShape
 {
-    QVector<VectorPath> paths;
+    QVector<VectorPath> paths; ///< its outline, then its holes; millimetres
     QColor color; ///< of the stroke, or of the fill where it is not stroked; may be invalid
     int pen = 0;  ///< the plotter's pen, or the index of a colour; 0: the format has none
-    bool isStroked = true;
-    bool isFilled = false;
-    Qt::FillRule fillRule = Qt::OddEvenFill;
-    double strokeWidthMm = 0.0; ///< 0: as thin as it gets, or not said
-    QString id;                 ///< the name the file gives it; may be empty
+    bool isStroked = true;                   ///< its outline is drawn
+    bool isFilled = false;                   ///< its inside is filled, by `fillRule`
+    Qt::FillRule fillRule = Qt::OddEvenFill; ///< what of it is inside
+    double strokeWidthMm = 0.0;              ///< 0: as thin as it gets, or not said
+    QString id;                              ///< the name the file gives it; may be empty
 };
 
 /** Where a text stands from its anchor. */
@@ -40,19 +40,19 @@ struct VectorText
     double lengthMm = 0.0;    ///< from the first letter to past the last; 0: the font's own
     double slantDeg = 0.0;    ///< positive leans to the right
     bool isMirrored = false;  ///< runs to the left
-    TextAnchor anchor = TextAnchor::Left;
-    QString fontFamily; ///< as the file names it; may be empty
-    QColor color;
-    int pen = 0;
+    TextAnchor anchor = TextAnchor::Left; ///< which point of it stands at `positionMm`
+    QString fontFamily;                   ///< as the file names it; may be empty
+    QColor color;                         ///< of its letters; may be invalid
+    int pen = 0;                          ///< as of a shape
 };
 
 /** A layer, from the lowest up in its drawing. */
 struct VectorLayer
 {
-    QString name;
+    QString name;                ///< as the file names it; may be empty
     QColor color;                ///< invalid: none of its own
     QVector<VectorShape> shapes; ///< in the file's order
-    QVector<VectorText> texts;
+    QVector<VectorText> texts;   ///< in the file's order
 };
 
 /** What was left out or mended: said once a kind, with how often and where first. */
@@ -64,9 +64,9 @@ struct VectorNote
         Damaged  ///< the file is wrong there
     };
     Kind kind = Kind::Left;
-    QString what; ///< one phrase, translated: "images", "command LT (line type)"
-    qint64 count = 1;
-    QString where; ///< the first place: "line 12", "byte 4711", "object handle 2F"; may be empty
+    QString what;     ///< one phrase, translated: "images", "command LT (line type)"
+    qint64 count = 1; ///< how often
+    QString where;    ///< the first place: "line 12", "byte 4711", "object handle 2F"; may be empty
 };
 
 /** How the size of a drawing is known. */
@@ -80,15 +80,15 @@ enum class SizeSource : quint8 {
 /** A foreign drawing: a value, which may be taken to another thread. */
 struct VectorDrawing
 {
-    VectorFormat format = VectorFormat::Unknown;
-    QString formatVersion; ///< "HP-GL/2", "1.1", "AC1015 (2000)"; may be empty
-    QString producer;      ///< program that wrote it, if it says so
-    QVector<VectorLayer> layers;
-    QSizeF declaredSizeMm; ///< of the sheet; empty: none
-    double unitMm = 1.0;   ///< length of the file's unit
-    SizeSource sizeSource = SizeSource::Format;
-    QString sizeReason; ///< one sentence, translated: why this unit
-    QVector<VectorNote> notes;
+    VectorFormat format = VectorFormat::Unknown; ///< what the file is
+    QString formatVersion;                      ///< "HP-GL/2", "1.1", "AC1015 (2000)"; may be empty
+    QString producer;                           ///< program that wrote it, if it says so
+    QVector<VectorLayer> layers;                ///< the lowest first
+    QSizeF declaredSizeMm;                      ///< of the sheet; empty: none
+    double unitMm = 1.0;                        ///< length of the file's unit
+    SizeSource sizeSource = SizeSource::Format; ///< how `unitMm` is known
+    QString sizeReason;                         ///< one sentence, translated: why this unit
+    QVector<VectorNote> notes;                  ///< what was left out or mended
 
     /** Box of all paths, millimetres; null when there is nothing. Texts do not count. */
     QRectF boundsMm() const;

@@ -35,7 +35,10 @@ public:
     /** A whole circle, run counter-clockwise on the screen from three o'clock. */
     static VectorPath circle(const QPointF &centreMm, double radiusMm);
 
+    /** Adds a straight line, from where the path stands. */
     void lineTo(const QPointF &endMm);
+
+    /** Adds a cubic curve, from where the path stands. */
     void cubicTo(const QPointF &control1Mm, const QPointF &control2Mm, const QPointF &endMm);
 
     /**
@@ -58,11 +61,22 @@ public:
     /** The same; an end at most this far from the start is put onto it. */
     void close(double withinMm);
 
+    /** Whether it has no piece; a start alone is none. */
     bool isEmpty() const { return pieceCount() == 0; }
+
+    /** Whether it was closed: its end is its start. */
     bool isClosed() const { return m_closed; }
+
+    /** Whether all its pieces are straight. */
     bool isPolyline() const { return m_kinds.isEmpty(); }
+
+    /** How many lines, curves and arcs it has; the one that closed it counts. */
     int pieceCount() const;
+
+    /** Where it begins, millimetres; (0, 0) of a path without a start. */
     QPointF start() const { return m_points.isEmpty() ? QPointF() : m_points.first(); }
+
+    /** Where its last piece ends, millimetres; its start where it has none. */
     QPointF end() const;
 
     /** The points of a path of straight pieces alone; empty for any other. */

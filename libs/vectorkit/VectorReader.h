@@ -28,9 +28,9 @@ struct ReadOptions
 struct ReadFailure
 {
     enum class Kind : quint8 { None, Unreadable, TooLarge, WrongFormat, Damaged, Empty, Cancelled };
-    Kind kind = Kind::None;
-    QString reason; ///< one sentence, translated, without the file's name
-    QString advice; ///< what to do, one sentence, translated; may be empty
+    Kind kind = Kind::None; ///< what went wrong; None: nothing
+    QString reason;         ///< one sentence, translated, without the file's name
+    QString advice;         ///< what to do, one sentence, translated; may be empty
 };
 
 /** The format that the first bytes show; `Unknown` for anything else. */

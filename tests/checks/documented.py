@@ -1,4 +1,5 @@
-"""Public members of what hosts use: each says something about itself, alone or in a group."""
+"""Public members of what hosts use, functions and fields: each says something about itself, alone or
+in a group."""
 
 import re
 
@@ -8,6 +9,7 @@ from project import LIBS, finish, public_headers, sources
 SELF_EVIDENT = re.compile(r"^((explicit|virtual)\s+)*~?\w+\(|\boverride\b|=\s*(default|delete)|\boperator\b"
                           r"|^(using|friend|enum|struct|class|typedef|static_assert|template)\b"
                           r"|^Q_|^QT_")
+KITS = ("hostkit", "vectorkit", "jobkit", "codekit")
 ACCESS = re.compile(r"^(public|protected|private|Q_SIGNALS|Q_SLOTS|signals)(\s+Q_SLOTS)?\s*:")
 
 
@@ -26,6 +28,8 @@ def statements(lines):
             documented = True
             in_comment = "*/" not in stripped
             continue
+        if stripped.startswith("///<"):
+            continue  # goes on with what stands behind the member above
         if stripped.startswith("//"):
             documented = documented or stripped.startswith("///")
             continue
@@ -56,6 +60,7 @@ def undocumented(path):
         if depth_of_class is None and re.match(r"^(class|struct) \w+.*[^;]$|^(class|struct) \w+$", line):
             access = "public" if line.startswith("struct") else "private"
             depth_of_class = depth + 1
+            body.append((number, ""))  # what was said of the class before ends with it
         opened, closed = line.count("{"), line.count("}")
         if depth_of_class is not None and depth >= depth_of_class:
             found = ACCESS.match(line.strip())
@@ -69,14 +74,14 @@ def undocumented(path):
         if depth_of_class is not None and depth < depth_of_class and closed:
             depth_of_class = None
     for number, text, documented in statements(body):
-        if not documented and "(" in text and not SELF_EVIDENT.search(text):
+        if text and not documented and not SELF_EVIDENT.search(text):
             yield number, text
 
 
 def hosts_headers():
-    """The installed headers, and those of what every host does once."""
-    hostkit = sources(LIBS / "hostkit", "*.h")
-    return [*public_headers(), *(h for h in hostkit if not h.name.endswith("_p.h"))]
+    """The installed headers: those of the libraries, and those of the kits."""
+    kits = [h for kit in KITS for h in sources(LIBS / kit, "*.h")]
+    return [*public_headers(), *(h for h in kits if not h.name.endswith("_p.h"))]
 
 
 def main():

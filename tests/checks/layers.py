@@ -1,26 +1,31 @@
-"""Dependencies run in one direction: every include is held against the table of layers."""
+"""Dependencies run in one direction: every include is held against the drawing of the layers in
+docs/architecture.md."""
 
 import re
 
 from project import ENGINE, LIBS, ROOT, finish, includes, sources
 
-# Layer of each folder or, where a file serves folders below its own, of the file.
-ENGINE_LAYERS = {
-    "common/ZTCurveTolerance": 0,
-    "shx": 1,
-    "common": 2,
-    "document/ZTCoord": 3,
-    "model/ZTMarkData": 3,
-    "model/ZTPointSort": 3,
-    "model/GreedyChain": 3,
-    "model/PointTree": 3,
-    "shapes": 4,
-    "text": 5,
-    "items": 6,
-    "model": 7,
-    "properties": 7,
-    "document": 8,
-}
+DRAWING = ROOT / "docs" / "architecture.md"
+
+
+def drawn_layers():
+    """Layer of each name in the drawing: folders and files of the engine, libraries, `apps`."""
+    block = DRAWING.read_text(encoding="utf-8").split("```")[1]
+    layers = {}
+    layer = None
+    for line in block.splitlines():
+        found = re.match(r"^ (?P<layer>[ \d]\d|  )  (?P<names>[\w/]+( [\w/]+)*)(  |$)", line)
+        if not found:
+            continue
+        layer = int(found["layer"]) if found["layer"].strip() else layer
+        for name in found["names"].split():
+            layers[name] = layer
+    return layers
+
+
+LAYERS = drawn_layers()
+# Layer of each folder of the engine or, where a file serves folders below its own, of the file.
+ENGINE_LAYERS = {name.removesuffix("/"): layer for name, layer in LAYERS.items() if "/" in name}
 # Exported macros: plain text without a dependency, for every layer.
 FREE_FOR_ALL = {"ZTDrawEngineLib/common/ZTDrawEngineGlobal.h"}
 UMBRELLA = "ZTDrawEngineLib/ZTDrawEngineLib.h"
@@ -99,6 +104,22 @@ def check_library(library, problems):
                 problems.append(f"{where}: {library} has Qt Core alone")
 
 
+def check_drawing(problems):
+    """All that there is stands in the drawing, and nothing else; rules allow what is below alone."""
+    there = {f"{path.name}/" for path in ENGINE.iterdir() if path.is_dir()} - {"resources/"}
+    there |= {path.name for path in LIBS.iterdir() if path.is_dir() and path != ENGINE} | {"apps"}
+    drawn = {name for name in LAYERS if "/" not in name or name.endswith("/")}
+    for name in sorted(there ^ drawn):
+        problems.append(f"{DRAWING.relative_to(ROOT)}: {name} is drawn or is there, not both")
+    for name in LAYERS.keys() - drawn:
+        if not list(ENGINE.glob(f"{name}*.h")):
+            problems.append(f"{DRAWING.relative_to(ROOT)}: {name} is drawn and not there")
+    for library, allowed in LIBRARIES.items():
+        for below in LAYERS.keys() & set(allowed) if library in LAYERS else ():
+            if LAYERS[below] >= LAYERS[library]:
+                problems.append(f"{library} may include {below}, which is not drawn below it")
+
+
 def check_programs(problems):
     """A program includes libraries, its own files and those that programs share."""
     names = {folder.name for folder in PROGRAMS.iterdir() if folder.is_dir()}
@@ -145,6 +166,7 @@ def check_one_direction(library, problems):
 
 def main():
     problems = []
+    check_drawing(problems)
     check_engine(problems)
     for library in sorted(path.name for path in LIBS.iterdir() if path.is_dir()):
         if library not in LIBRARIES:

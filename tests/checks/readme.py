@@ -40,6 +40,18 @@ def check_tutorial(problems):
             problems.append(f"docs/tutorial.md: examples/tutorial/{name} has no such lines: {code}")
 
 
+def check_first_host(problems):
+    """What the page of the first host shows stands in its example."""
+    text = (ROOT / "docs/how-to/mark-a-code.md").read_text(encoding="utf-8")
+    shown = [("main.cpp", code) for code in re.findall(r"```cpp\n// main\.cpp\n(.*?)```", text, re.S)]
+    shown += [("CMakeLists.txt", code) for code in re.findall(r"```cmake\n(.*?)```", text, re.S)]
+    if len(shown) != 3:
+        problems.append("docs/how-to/mark-a-code.md: does not show its three pieces")
+    for name, code in shown:
+        if code not in (ROOT / "examples/qr-code" / name).read_text(encoding="utf-8"):
+            problems.append(f"docs/how-to/mark-a-code.md: examples/qr-code/{name} has no: {code}")
+
+
 def check_document(document, tests, problems):
     text = document.read_text(encoding="utf-8")
     name = document.relative_to(ROOT)
@@ -64,6 +76,7 @@ def main():
     problems = []
     check_snippet(problems)
     check_tutorial(problems)
+    check_first_host(problems)
     tests = tests_by_name()
     documents = [ROOT / "README.md", ROOT / "CONTRIBUTING.md"]
     for top in ("docs", "libs", "apps", "tests", "fuzz", "bench", "examples"):

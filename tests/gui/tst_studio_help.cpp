@@ -1,14 +1,19 @@
 #include "StudioWindow.h"
 
+#include <studio/help/DocumentationWindow.h>
 #include <studio/help/ManualWindow.h>
 #include <studio/print/DrawingPrint.h>
 #include <studio/print/PrintActions.h>
 #include <studio/window/ShortcutSheet.h>
 
 #include <QtCore/QBuffer>
+#include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QLibraryInfo>
+#include <QtCore/QProcess>
 #include <QtCore/QRegularExpression>
 #include <QtGui/QTextBlock>
+#include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
@@ -72,6 +77,76 @@ private Q_SLOTS:
         chooseLanguage("english");
         QCOMPARE(namesOf(*chapters), english);
         QVERIFY(text->toPlainText().contains(QStringLiteral("status bar")));
+    }
+
+    void documentation_comesFromTheHelpMenu_once()
+    {
+        QVERIFY(studio->run("help.documentation"));
+        auto *pages = studio->window->findChild<studio::DocumentationWindow *>();
+        QVERIFY(pages != nullptr);
+        QVERIFY(pages->isVisible());
+        QVERIFY(studio->run("help.documentation"));
+        QCOMPARE(studio->window->findChildren<studio::DocumentationWindow *>().size(), 1);
+        QVERIFY(studio->messages->failures.isEmpty());
+    }
+
+    void documentation_thatIsNotInstalled_saysHowToGetIt()
+    {
+        for (const QString &file : {QString(), studio->path("none.qch")}) {
+            studio::DocumentationWindow pages(file);
+            pages.show();
+            QVERIFY(!pages.hasPages());
+            const auto *text = pages.findChild<QTextBrowser *>(QStringLiteral("text"));
+            QVERIFY(text->toPlainText().contains(QStringLiteral("libztdrawengine-doc")));
+            chooseLanguage("chinese");
+            QVERIFY(text->toPlainText().contains(QStringLiteral("未安装")));
+            chooseLanguage("english");
+        }
+    }
+
+    void documentation_showsItsFirstPage_andWhatTheIndexFinds()
+    {
+        const QString file = makeHelp();
+        QVERIFY(!file.isEmpty());
+        studio::DocumentationWindow pages(file);
+        pages.show();
+        QVERIFY(pages.hasPages());
+        const auto *text = pages.findChild<QTextBrowser *>(QStringLiteral("text"));
+        QVERIFY(text->toPlainText().contains(QStringLiteral("first page")));
+        auto *index = pages.findChild<QAbstractItemView *>(QStringLiteral("index"));
+        QTRY_COMPARE(index->model()->rowCount(), 3);
+        auto *words = pages.findChild<QLineEdit *>(QStringLiteral("words"));
+        QTest::keyClicks(words, QStringLiteral("ZTC"));
+        QCOMPARE(index->model()->rowCount(), 1);
+        QTest::keyClick(words, Qt::Key_Return);
+        QVERIFY(text->toPlainText().contains(QStringLiteral("millimetres and pixels")));
+        // A name of two pages: a list of both.
+        words->clear();
+        QTest::keyClicks(words, QStringLiteral("Units"));
+        QTest::keyClick(words, Qt::Key_Return);
+        QVERIFY2(text->toPlainText().startsWith(QStringLiteral("Units\n")),
+                 qPrintable(text->toPlainText()));
+        QVERIFY(text->toHtml().contains(QStringLiteral("index.html")));
+        QVERIFY(text->toHtml().contains(QStringLiteral("coord.html")));
+    }
+
+    void documentation_isLookedForWhereItIsInstalledAndWhereItIsBuilt()
+    {
+        const QDir root(studio->path("tree"));
+        for (const char *folder :
+             {"usr/bin", "usr/share/doc/libztdrawengine-doc", "build/docs", "build/dev/bin"})
+            QVERIFY(root.mkpath(QLatin1String(folder)));
+        QCOMPARE(studio::documentationFile(root.filePath(QStringLiteral("usr/bin"))), QString());
+        const QString name = QStringLiteral("/ztdrawengine.qch");
+        const QString installed =
+            root.filePath(QStringLiteral("usr/share/doc/libztdrawengine-doc")) + name;
+        const QString built = root.filePath(QStringLiteral("build/docs")) + name;
+        write(installed, "installed");
+        write(built, "built");
+        QCOMPARE(studio::documentationFile(root.filePath(QStringLiteral("usr/bin"))),
+                 QFileInfo(installed).canonicalFilePath());
+        QCOMPARE(studio::documentationFile(root.filePath(QStringLiteral("build/dev/bin"))),
+                 QFileInfo(built).canonicalFilePath());
     }
 
     /** A manual that says less in one language would leave its readers alone. */
@@ -140,6 +215,38 @@ private:
         for (int row = 0; row < list.count(); ++row)
             names << list.item(row)->text();
         return names;
+    }
+
+    static void write(const QString &path, const QByteArray &content)
+    {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(content), static_cast<qint64>(content.size()));
+    }
+
+    /** A help of two pages, as the documentation's is made; empty where it cannot be. */
+    QString makeHelp()
+    {
+        write(studio->path("index.html"),
+              "<html><head><title>Start</title></head><body><p>The first page</p></body></html>");
+        write(studio->path("coord.html"), "<html><head><title>Coord</title></head><body><p>Between "
+                                          "millimetres and pixels</p></body></html>");
+        write(studio->path("help.qhp"),
+              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>"
+              "<QtHelpProject version=\"1.0\"><namespace>a.help</namespace>"
+              "<virtualFolder>doc</virtualFolder><filterSection>"
+              "<toc><section title=\"Help\" ref=\"index.html\"/></toc><keywords>"
+              "<keyword name=\"Start\" id=\"Start\" ref=\"index.html\"/>"
+              "<keyword name=\"Units\" id=\"Start::Units\" ref=\"index.html\"/>"
+              "<keyword name=\"Units\" id=\"ZTCoord::Units\" ref=\"coord.html\"/>"
+              "<keyword name=\"ZTCoord\" id=\"ZTCoord\" ref=\"coord.html\"/></keywords>"
+              "<files><file>index.html</file><file>coord.html</file></files>"
+              "</filterSection></QtHelpProject>");
+        const QString made = studio->path("help.qch");
+        const int result = QProcess::execute(
+            QLibraryInfo::location(QLibraryInfo::BinariesPath) + QStringLiteral("/qhelpgenerator"),
+            {studio->path("help.qhp"), QStringLiteral("-o"), made, QStringLiteral("-s")});
+        return result == 0 && QFile::exists(made) ? made : QString();
     }
 
     void chooseLanguage(const char *name)

@@ -208,6 +208,10 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowExposed(&document));
         const QPixmap picture = document.grab();
         QCOMPARE(picture.size(), document.size() * document.devicePixelRatioF());
+        // Who knows the screen says so: ci/screens.sh.
+        if (qEnvironmentVariableIsSet("ZT_SCREEN_SCALE"))
+            QCOMPARE(document.devicePixelRatioF(),
+                     qEnvironmentVariable("ZT_SCREEN_SCALE").toDouble());
     }
 
 private:

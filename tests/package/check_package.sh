@@ -37,7 +37,7 @@ echo "-- the other examples, by the package's components"
 cat >"$scratch/CMakeLists.txt" <<END
 cmake_minimum_required(VERSION 3.16)
 project(examples LANGUAGES CXX)
-foreach(example IN ITEMS own-kind property-grid batch kiosk laser designer-form tutorial)
+foreach(example IN ITEMS qr-code own-kind property-grid batch kiosk laser designer-form tutorial)
   add_subdirectory("$source/examples/\${example}" \${example})
 endforeach()
 END
@@ -72,6 +72,13 @@ for step in 01 02 03 04 05 06 07 08 09 10; do
     TMPDIR=$scratch "$scratch/examples/tutorial/step$step" --once
 done >"$scratch/tutorial.out"
 diff "$scratch/tutorial.out" "$source/examples/tutorial/expected-output.txt"
+qr_code=$scratch/examples/qr-code/qr-code
+[ "$("$qr_code" SN-0001 "$scratch/code.nc" --once)" = "21 x 21 modules, 10.5 mm wide" ]
+grep -q '^G21' "$scratch/code.nc"
+# No QR code holds 5000 characters.
+if "$qr_code" "$(printf '%05000d' 0 | tr 0 a)" "$scratch/long.nc" --once 2>"$scratch/code.err"; then exit 1; fi
+[ -s "$scratch/code.err" ]
+[ ! -e "$scratch/long.nc" ]
 "$scratch/examples/laser/laser" "$scratch/plate.ztd" --once | grep -q ' pieces marked in [0-9.]* s$'
 
 echo "-- the installed command line"
@@ -86,6 +93,10 @@ if [ -e "$build/bin/font/README.txt" ]; then
     [ -s "$fonts/LICENSE-hershey.txt" ]
     [ -e "$fonts/gb-strokes.shx" ] || echo "no Chinese font was made"
     [ ! -e "$fonts/gb-strokes.shx" ] || [ -s "$fonts/ARPHICPL.TXT" ]
+    # They are found from the library's true place where the loader came to it by a link.
+    ln -s "$prefix/lib" "$scratch/lib"
+    LD_LIBRARY_PATH=$scratch/${libdir#"$prefix/"} "$prefix/bin/ztmark" font list |
+        grep -q hershey-simplex
 else
     echo "no stroke fonts were made"
 fi

@@ -9,7 +9,7 @@ QT_END_NAMESPACE
 /** Hatch settings of a shape. A default record means: no hatch, outline painted. */
 struct ZTFillParam
 {
-    FillType fillType = FillType::None;
+    FillType fillType = FillType::None; ///< how the lines run; None: no hatch
 
     /**
      * Distance between hatch lines; 0 means no hatch.

@@ -20,9 +20,9 @@ enum class CodeVerdict {
 /** What reading a code back gave. */
 struct CodeReading
 {
-    CodeVerdict verdict = CodeVerdict::Nothing;
-    QString expected; ///< what it is to say
-    QString read;     ///< what was read, if anything
+    CodeVerdict verdict = CodeVerdict::Nothing; ///< how well it can be read
+    QString expected;                           ///< what it is to say
+    QString read;                               ///< what was read, if anything
 };
 
 /** What a code is read from, all in `units`. */
@@ -30,7 +30,7 @@ struct CodeSurroundings
 {
     ZTMarkObject marks;           ///< of the code
     QVector<ZTMarkObject> others; ///< of other shapes: what lies over the code or its quiet zone
-    hostkit::MarkUnits units;
+    hostkit::MarkUnits units;     ///< of both, on each axis
     double beamMm = 0.0; ///< 0: the code's growth; without one the spacing of its hatch, its module
                          ///< for single lines, a dot's share of it for points, 0.05 mm for
                          ///< outlines alone
@@ -39,12 +39,12 @@ struct CodeSurroundings
 /** A code as it is to be read: a value, so that it can be read in another thread. */
 struct CodeScan
 {
-    MarkedLines marks;
-    CodeKind kind = CodeKind::DataMatrix;
-    double moduleMm = 0.0;
-    bool isMirrored = false; ///< by its shape's transform
-    bool isReady = true;     ///< its marks are those of what was asked for
-    QString expected;        ///< what it is to say
+    MarkedLines marks;                    ///< of the code and of what lies over it
+    CodeKind kind = CodeKind::DataMatrix; ///< which symbology
+    double moduleMm = 0.0;                ///< width of a module
+    bool isMirrored = false;              ///< by its shape's transform
+    bool isReady = true;                  ///< its marks are those of what was asked for
+    QString expected;                     ///< what it is to say
 };
 
 /** What is to be read of a code. Order: GUI thread. */

@@ -33,6 +33,7 @@ public:
     QString text() const override;
     void setText(const QString &text) override;
 
+    /** All but the content, which is `text`. Owner: the shape; good until they are set anew. */
     const CodeSettings &settings() const { return m_code->settings(); }
 
     /** Makes the code anew; the kind of the item follows the kind of the code. */

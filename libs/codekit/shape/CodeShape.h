@@ -32,6 +32,7 @@ public:
     CodeShape(const CodeShape &other) = default;
     CodeShape &operator=(const CodeShape &) = delete;
 
+    /** All but the content. Owner: the shape; good until they are set anew. */
     const CodeSettings &settings() const { return m_settings; }
 
     /** Makes the code anew, of settings and content; its shape type follows its kind. */

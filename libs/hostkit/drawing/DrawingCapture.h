@@ -9,7 +9,7 @@ namespace hostkit {
 /** What a capture takes along beside what the document holds. */
 struct DrawingCapture
 {
-    QString programVersion;
+    QString programVersion;  ///< kept in the file; may be empty
     QDateTime savedAt;       ///< invalid: now
     bool withPreview = true; ///< false spares the time, for an autosave
 };

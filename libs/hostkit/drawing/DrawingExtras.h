@@ -12,8 +12,8 @@ namespace hostkit {
 /** A section of a drawing file that this version does not know. */
 struct DrawingSection
 {
-    QByteArray tag; ///< four bytes
-    QByteArray bytes;
+    QByteArray tag;   ///< four bytes
+    QByteArray bytes; ///< as the file has them, to be written back
 };
 
 /** An item as a drawing file holds it. */

@@ -18,8 +18,8 @@ namespace hostkit {
 /** How many items of a drawing are marked with a pen. */
 struct DrawingPen
 {
-    qint32 id = 1;
-    qint32 items = 0;
+    qint32 id = 1;    ///< number of the pen, 1 to 9999
+    qint32 items = 0; ///< at least 1 of a pen in use
 };
 
 /** What a file tells about its drawing. */
@@ -51,16 +51,16 @@ struct DrawingOrigin
  */
 struct DrawingFile
 {
-    quint16 version = 0; ///< of the format it was read from; writing gives the latest
-    bool isBare = false; ///< of version 1, without what its document stream loses
-    DrawingMeta meta;
+    quint16 version = 0;            ///< of the format it was read from; writing gives the latest
+    bool isBare = false;            ///< of version 1, without what its document stream loses
+    DrawingMeta meta;               ///< what the file tells about its drawing
     QByteArray previewPng;          ///< may be empty
     QByteArray counters;            ///< registry of variant texts, then the next id
     QVector<DrawingItem> items;     ///< lowest first
     QVector<QPainterPath> drawings; ///< imported plotter drawings, millimetres; each one once
-    QVector<StrokeFontHeight> fontHeights;
-    DrawingExtras extras;                ///< its foreign items stand among `items`, until applied
-    std::optional<DrawingOrigin> origin; ///< of a recovery file
+    QVector<StrokeFontHeight> fontHeights; ///< of the stroke fonts that its texts use
+    DrawingExtras extras;                  ///< its foreign items stand among `items`, until applied
+    std::optional<DrawingOrigin> origin;   ///< of a recovery file
 };
 
 /** The version of the format that is written. All versions from 1 on are read. */

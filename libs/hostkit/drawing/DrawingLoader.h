@@ -29,8 +29,8 @@ constexpr qint64 kMaxDrawingPieces = 50'000'000;
 /** How a drawing is loaded. */
 struct DrawingLoad
 {
-    DrawingProgress progress;
-    qint64 maxPieces = kMaxDrawingPieces;
+    DrawingProgress progress;             ///< told how far it is; may be empty
+    qint64 maxPieces = kMaxDrawingPieces; ///< points of outlines and hatch lines in all
 };
 
 /**

@@ -17,17 +17,17 @@ namespace hostkit {
  */
 struct DrawingSetup
 {
-    double width = 1600.0;
-    double height = 900.0;
-    double physicalWidth = 343.126;
-    double physicalHeight = 193.0;
-    double displayRatio = 1.0;
-    double distance = 131070.0;
-    EShapeSortType sortKind = EShapeSortType::ShapeSortNone;
-    QRect workAreaMm{-300, -300, 600, 600};
-    float markScaleX = 1.0F;
-    float markScaleY = 1.0F;
-    double curveToleranceMm = 0.0; ///< of `ZTCurveTolerance`; 0: none
+    double width = 1600.0;                                   ///< of the screen, in scene pixels
+    double height = 900.0;                                   ///< of the screen, in scene pixels
+    double physicalWidth = 343.126;                          ///< of the screen, in millimetres
+    double physicalHeight = 193.0;                           ///< of the screen, in millimetres
+    double displayRatio = 1.0;                               ///< scaling of the screen; 1: none
+    double distance = 131070.0;                              ///< marking distance, in mark units
+    EShapeSortType sortKind = EShapeSortType::ShapeSortNone; ///< order of the mark objects
+    QRect workAreaMm{-300, -300, 600, 600};                  ///< where may be marked
+    float markScaleX = 1.0F;                                 ///< mark units per scene pixel
+    float markScaleY = 1.0F;                                 ///< likewise, downward
+    double curveToleranceMm = 0.0;                           ///< of `ZTCurveTolerance`; 0: none
 
     /**
      * Whether lengths come out as lengths: every figure is a finite number, and a millimetre is

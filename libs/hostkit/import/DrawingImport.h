@@ -22,7 +22,7 @@ enum class ImportSplit : quint8 {
 /** How a foreign drawing comes in. */
 struct ImportOptions
 {
-    ImportSplit split = ImportSplit::Color;
+    ImportSplit split = ImportSplit::Color; ///< what becomes one shape
 
     /** Curves become straight pieces within this many mm; 0: they stay curves. */
     double toleranceMm = 0.0;

@@ -15,7 +15,7 @@ namespace hostkit {
 /** All lines of a shape's hatches. */
 struct HatchDrawing
 {
-    QVector<QLineF> linesPx;
+    QVector<QLineF> linesPx;    ///< in the order in which they are marked
     QVector<HatchLayer> layers; ///< of all lines, in their order; pen 0: the shape's
 };
 

@@ -22,14 +22,14 @@ void setHatches(const QVector<ShapeHatch> &hatches, ZTFillParam *fill, ItemExtra
 /** A stretch of a shape's fill lines that belongs to one hatch, and to one pass of it. */
 struct HatchLayer
 {
-    int hatch = 1;     ///< counted from 1
-    qint32 pen = 1;    ///< never 0
-    qint32 passes = 1; ///< how often the stretch is marked, times the passes of the pen
-    qint32 turn = 1;   ///< of a hatch that is turned: which pass the stretch is
-    int firstLine = 0; ///< among the shape's fill lines
-    int lines = 0;
-    bool isOneWay = false;
-    HatchMoment moment = HatchMoment::Any;
+    int hatch = 1;         ///< counted from 1
+    qint32 pen = 1;        ///< never 0
+    qint32 passes = 1;     ///< how often the stretch is marked, times the passes of the pen
+    qint32 turn = 1;       ///< of a hatch that is turned: which pass the stretch is
+    int firstLine = 0;     ///< among the shape's fill lines
+    int lines = 0;         ///< how many, from `firstLine` on
+    bool isOneWay = false; ///< every line in its own direction; otherwise to and fro
+    HatchMoment moment = HatchMoment::Any; ///< before or after the outlines
 };
 
 /**

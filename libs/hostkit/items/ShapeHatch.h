@@ -24,15 +24,15 @@ enum class HatchMoment : quint8 {
 /** One hatch of a shape. A shape has up to `kMostHatches`. */
 struct ShapeHatch
 {
-    HatchKind kind = HatchKind::Lines;
-    double spacingMm = 0.5; ///< 0.005 to 1,000
-    double angleDeg = 0.0;  ///< -360 to 360, counter-clockwise; no matter for contours
-    double turnDeg = 90.0;  ///< of `Turned`, for each pass; -360 to 360
-    double insetMm = 0.0;   ///< distance from the outline; 0 to 1,000
-    qint32 pen = 0;         ///< 0: that of the shape; up to 9,999
-    qint32 passes = 1;      ///< 1 to 1,000, times those of the pen
-    bool isOneWay = false;  ///< every line in one direction; otherwise to and fro
-    HatchMoment moment = HatchMoment::Any;
+    HatchKind kind = HatchKind::Lines; ///< how its lines run
+    double spacingMm = 0.5;            ///< 0.005 to 1,000
+    double angleDeg = 0.0;             ///< -360 to 360, counter-clockwise; no matter for contours
+    double turnDeg = 90.0;             ///< of `Turned`, for each pass; -360 to 360
+    double insetMm = 0.0;              ///< distance from the outline; 0 to 1,000
+    qint32 pen = 0;                    ///< 0: that of the shape; up to 9,999
+    qint32 passes = 1;                 ///< 1 to 1,000, times those of the pen
+    bool isOneWay = false;             ///< every line in one direction; otherwise to and fro
+    HatchMoment moment = HatchMoment::Any; ///< when it is marked
 };
 
 bool operator==(const ShapeHatch &a, const ShapeHatch &b); ///< to the last bit

@@ -10,7 +10,7 @@ namespace hostkit {
 /** Text height of a stroke font, which all texts in it share. */
 struct StrokeFontHeight
 {
-    QString fileName;
+    QString fileName;    ///< without a folder: "simplex.shx"
     double height = 0.0; ///< drawing units
 };
 

@@ -14,11 +14,11 @@ namespace hostkit {
 /** What to make of plotter drawings. Lengths are millimetres on the marked result. */
 struct MarkJobOptions
 {
-    FillType hatch = FillType::None;
-    double spacingMm = 0.5; ///< distance of hatch lines, greater than 0
-    double angleDeg = 0.0;  ///< direction of hatch lines; positive turns them clockwise
-    bool outline = true;    ///< false: only the hatch is marked
-    EShapeSortType order = EShapeSortType::ShapeSortNone;
+    FillType hatch = FillType::None; ///< of closed outlines; None: no hatch
+    double spacingMm = 0.5;          ///< distance of hatch lines, greater than 0
+    double angleDeg = 0.0;           ///< direction of hatch lines; positive turns them clockwise
+    bool outline = true;             ///< false: only the hatch is marked
+    EShapeSortType order = EShapeSortType::ShapeSortNone; ///< of the objects; None: as given
     int columns = 1;        ///< copies of the whole layout side by side, at least 1
     int rows = 1;           ///< copies of the whole layout one below the other, at least 1
     QSizeF gapMm{2.0, 2.0}; ///< space between copies, and in x between several drawings
@@ -32,7 +32,7 @@ struct MarkJobOptions
 /** An ordered mark graph and what the ordering brought. */
 struct MarkJobResult
 {
-    ZTMarkGraph graph;
+    ZTMarkGraph graph;      ///< what the head follows, in order
     MarkPathMeasure before; ///< in the order of the drawings, copies row by row
     MarkPathMeasure after;  ///< in the order asked for
 };

@@ -12,7 +12,7 @@ namespace hostkit {
 /** A shape of a job, of any kind that a factory is registered for. */
 struct JobShape
 {
-    ShapeType type = ShapeType::Rect;
+    ShapeType type = ShapeType::Rect; ///< names the factory that makes the item
 
     /** Makes a new item what is to be marked; its fill is set afterwards, as the job asks. */
     std::function<void(ZTAbstractGraphicsItem &item)> shape;

@@ -25,7 +25,7 @@ struct TextJobOptions
 
     double charSpacingMm = 0.0; ///< added behind each character; straight lines only
     double lineSpacingMm = 0.0; ///< between what is drawn and the base line of the next line
-    TextArc arc;
+    TextArc arc;                ///< the circle to run along; none by default
 
     /** Hatch, copies, gap, rotation and order. Its scale has to be 1. */
     MarkJobOptions layout;

@@ -30,10 +30,13 @@ QString libraryFile()
     return QFile::decodeName(info.dli_fname);
 }
 
-/** Where the fonts of the library's installation are; relative to it, so that it may be moved. */
+/**
+ * Where the fonts of the library's installation are; relative to it, so that it may be moved. From
+ * its true place: the loader may have come to it by a link, as /lib is one to /usr/lib.
+ */
 QString installedFolder()
 {
-    const QFileInfo library(libraryFile());
+    const QFileInfo library(QFileInfo(libraryFile()).canonicalFilePath());
     return QDir::cleanPath(library.absolutePath() + QStringLiteral("/" ZT_LIBRARY_TO_FONTS));
 }
 

@@ -11,7 +11,7 @@ namespace hostkit {
 /** One glyph of a specimen. */
 struct FontSheetGlyph
 {
-    int code = 0;
+    int code = 0;               ///< of its character, as the font numbers it
     QVector<QPolygonF> strokes; ///< polylines of at least two points, in cells; y downward
 };
 

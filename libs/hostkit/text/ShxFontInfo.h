@@ -14,8 +14,8 @@ namespace hostkit {
 /** One record of a stroke font's index. */
 struct ShxGlyphInfo
 {
-    int code = 0;
-    QString name;
+    int code = 0;        ///< of its character, as the font numbers it
+    QString name;        ///< as the file tells it; may be empty
     int length = 0;      ///< of the definition, in bytes
     bool usable = false; ///< it has a code, stands whole in the file and is not hidden by another
 };
@@ -26,11 +26,11 @@ struct ShxGlyphInfo
  */
 struct ShxFontInfo
 {
-    SHX_TYPE type = SHX_TYPE::SHX_NONE;
-    QString name; ///< as the file tells it
-    int above = 0;
-    int below = 0;
-    QVector<QPair<int, int>> ranges; ///< of lead bytes, ends included; big fonts only
+    SHX_TYPE type = SHX_TYPE::SHX_NONE; ///< kind of font; none: it cannot be read
+    QString name;                       ///< as the file tells it
+    int above = 0;                      ///< of capitals over the base line, in font units
+    int below = 0;                      ///< of tails under the base line, in font units
+    QVector<QPair<int, int>> ranges;    ///< of lead bytes, ends included; big fonts only
 
     /** All records that the file has room for, in its order. */
     QVector<ShxGlyphInfo> glyphs;
@@ -62,9 +62,9 @@ bool readShxFontInfo(const QByteArray &image, ShxFontInfo *info, Failure *failur
 /** A stroke-font file that was found in a folder. */
 struct ShxFontFileInfo
 {
-    QString fileName;
-    QString folder;
-    ShxFontInfo info;
+    QString fileName; ///< without its folder
+    QString folder;   ///< as it was asked for
+    ShxFontInfo info; ///< what is in it
 };
 
 /** The stroke fonts in the folders, in the order of the folders and by name; others left out. */

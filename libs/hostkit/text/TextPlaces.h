@@ -7,8 +7,8 @@ namespace hostkit {
 /** A text as people type it on one line, with the places of what changes from part to part. */
 struct TextPlaces
 {
-    QVector<ZTVariantTextSegment> segments;
-    bool hasSerial = false; ///< some segment counts
+    QVector<ZTVariantTextSegment> segments; ///< of the text, from its start
+    bool hasSerial = false;                 ///< some segment counts
 };
 
 /**

@@ -23,11 +23,11 @@ enum class FindingKind : quint8 {
 /** One finding, so that a click can show it. */
 struct JobFinding
 {
-    FindingKind kind = FindingKind::NothingToMark;
-    int object = -1;      ///< of the item; -1: the job as a whole
-    int otherObject = -1; ///< on which a line lies
-    QPointF atMm;         ///< where to look
-    QString text;         ///< one sentence, translated
+    FindingKind kind = FindingKind::NothingToMark; ///< what is wrong
+    int object = -1;                               ///< of the item; -1: the job as a whole
+    int otherObject = -1;                          ///< on which a line lies
+    QPointF atMm;                                  ///< where to look
+    QString text;                                  ///< one sentence, translated
 };
 
 /** What the checks hold a job against. */

@@ -20,13 +20,13 @@ enum class HatchPlace : quint8 { Any, BeforeOutlines, AfterOutlines };
 /** What an order must keep to, and how long it may be looked for. */
 struct OrderOptions
 {
-    OrderKind kind = OrderKind::Best;
-    bool isPenByPen = false;   ///< all of a pen, by its number, before the next
-    bool isInnerFirst = false; ///< an outline inside a closed one comes before it
-    HatchPlace hatchPlace = HatchPlace::Any;
+    OrderKind kind = OrderKind::Best;        ///< how it is looked for
+    bool isPenByPen = false;                 ///< all of a pen, by its number, before the next
+    bool isInnerFirst = false;               ///< an outline inside a closed one comes before it
+    HatchPlace hatchPlace = HatchPlace::Any; ///< before or after all outlines
 
     std::optional<QPointF> headMm; ///< where the head stands before; none: at the first piece
-    quint32 seed = 1;
+    quint32 seed = 1;              ///< of what is tried: the same seed, the same order
     qint64 mostSteps =
         -1;               ///< exchanges tried beyond the first best; -1: four a piece, 200 at least
     int budgetMs = 20000; ///< time after which the best so far is kept

@@ -15,13 +15,13 @@ namespace jobkit {
  */
 struct JobHatch
 {
-    int number = 0; ///< of the item's hatches, from 1; 0: by its place
-    int pen = 1;
+    int number = 0;        ///< of the item's hatches, from 1; 0: by its place
+    int pen = 1;           ///< never 0
     int passes = 1;        ///< 1 to 1000; times those of the pen
     int turn = 1;          ///< of a hatch that is turned each pass: the pass that these runs are
     bool isOneWay = false; ///< every run is marked in its own direction
-    hostkit::HatchMoment moment = hostkit::HatchMoment::Any;
-    QVector<QPolygonF> runsMm;
+    hostkit::HatchMoment moment = hostkit::HatchMoment::Any; ///< before or after the outlines
+    QVector<QPolygonF> runsMm;                               ///< each without a jump
 };
 
 /** What a drawing's object gives to a job. Frame: as of `JobHatch`. */
@@ -45,11 +45,11 @@ bool operator==(const JobItem &a, const JobItem &b);   ///< likewise
 struct PlanPiece
 {
     QPolygonF pointsMm; ///< never empty; one point marks a dot
-    int object = 0;
-    int pen = 1;
-    int hatch = 0;  ///< 0: an outline; otherwise the hatch, counted from 1
-    int passes = 1; ///< how often it is to be marked; 1 once the passes are laid out
-    int pass = 1;   ///< which pass this is; before the passes are laid out, which turn of its hatch
+    int object = 0;     ///< `JobItem::object` of what it belongs to
+    int pen = 1;        ///< never 0
+    int hatch = 0;      ///< 0: an outline; otherwise the hatch, counted from 1
+    int passes = 1;     ///< how often it is to be marked; 1 once the passes are laid out
+    int pass = 1; ///< which pass this is; before the passes are laid out, which turn of its hatch
     bool isOneWay = false;                                   ///< must not be reversed
     bool isReversed = false;                                 ///< runs against the drawing
     hostkit::HatchMoment moment = hostkit::HatchMoment::Any; ///< of a hatch
@@ -63,7 +63,7 @@ struct PlanPiece
 /** A job in the order of marking. Frame: as of `JobHatch`. */
 struct JobPlan
 {
-    QVector<PlanPiece> pieces;
+    QVector<PlanPiece> pieces; ///< in the order in which they are marked
 
     /** Length of what is marked, mm. */
     double markLengthMm() const;

@@ -12,10 +12,11 @@ namespace jobkit {
 /** Seconds of a job or of a share of it. */
 struct TimeSums
 {
-    double markS = 0.0;
-    double jumpS = 0.0;
+    double markS = 0.0;  ///< while the laser is on
+    double jumpS = 0.0;  ///< between the pieces
     double delayS = 0.0; ///< where the head waits; on a gantry on dots alone
 
+    /** All of it: marking, jumping and waiting. */
     double totalS() const { return markS + jumpS + delayS; }
     TimeSums &operator+=(const TimeSums &other);
 };
@@ -27,10 +28,10 @@ struct TimeSums
  */
 struct JobTimes
 {
-    TimeSums all;
-    std::map<int, TimeSums> byPen;
-    std::map<int, TimeSums> byObject;
-    std::map<int, TimeSums> byPass;
+    TimeSums all;                     ///< of the whole job
+    std::map<int, TimeSums> byPen;    ///< by the number of the pen
+    std::map<int, TimeSums> byObject; ///< by `JobItem::object`
+    std::map<int, TimeSums> byPass;   ///< by the pass, counted from 1
 
     /** When the head comes to each point, in the plan's order: piece after piece. Never falls. */
     std::vector<double> vertexS;
@@ -43,7 +44,7 @@ struct HeadPlace
 {
     int piece = -1;  ///< the one being marked, or that the head jumps to; -1: no piece at all
     int segment = 0; ///< of that piece, counted from 0
-    QPointF pointMm;
+    QPointF pointMm; ///< where it is; frame of the plan
     bool isMarking = false; ///< false: jumping, or waiting at an end
 };
 

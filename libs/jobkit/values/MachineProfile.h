@@ -29,13 +29,13 @@ enum class LengthUnit : quint8 { Millimetre, Inch };
 /** A machine: its field, its limits, how it moves and what it reads. */
 struct MachineProfile
 {
-    QString name; ///< 1 to 200 characters
-    MachineKind kind = MachineKind::Gantry;
+    QString name;                           ///< 1 to 200 characters
+    MachineKind kind = MachineKind::Gantry; ///< how it moves
 
-    double fieldWidthMm = 400.0;  ///< 0.001 to 100,000
-    double fieldHeightMm = 400.0; ///< 0.001 to 100,000
-    FieldOrigin origin = FieldOrigin::BottomLeft;
-    YDirection yDirection = YDirection::Up;
+    double fieldWidthMm = 400.0;                  ///< 0.001 to 100,000
+    double fieldHeightMm = 400.0;                 ///< 0.001 to 100,000
+    FieldOrigin origin = FieldOrigin::BottomLeft; ///< where its (0, 0) is
+    YDirection yDirection = YDirection::Up;       ///< where its y leads
 
     double mostSpeedMmPerS = 100.0; ///< while marking; 0.001 to 100,000
     double jumpSpeedMmPerS = 100.0; ///< of jumps, a gantry's rapid speed; 0.001 to 100,000
@@ -53,7 +53,7 @@ struct MachineProfile
     QString head;                  ///< lines before the job, for G-code; at most 10,000 characters
     QString tail;                  ///< lines after the job, likewise
     int decimals = 3;              ///< of coordinates in G-code; 0 to 6
-    LengthUnit unit = LengthUnit::Millimetre;
+    LengthUnit unit = LengthUnit::Millimetre; ///< of coordinates in G-code
 
     /** What is wrong, with the field's name and its range, translated; empty: nothing. */
     QString problem() const;

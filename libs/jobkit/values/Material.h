@@ -9,8 +9,8 @@ namespace jobkit {
 /** What a material asks of the laser: a named set of pens, each number once. */
 struct Material
 {
-    QString name; ///< 1 to 200 characters
-    QVector<Pen> pens;
+    QString name;      ///< 1 to 200 characters
+    QVector<Pen> pens; ///< by their numbers
 
     /** What is wrong, with the field's name, translated; empty: nothing. */
     QString problem() const;

@@ -15,9 +15,9 @@ namespace jobkit {
 /** What a file of a job holds. The passes of its plans are laid out. */
 struct JobFile
 {
-    QVector<JobPlan> parts; ///< what is marked on each part; one in most forms
-    QVector<Pen> pens;
-    MachineProfile profile;
+    QVector<JobPlan> parts;        ///< what is marked on each part; one in most forms
+    QVector<Pen> pens;             ///< those that the plans name
+    MachineProfile profile;        ///< of the machine that is to run it
     QString title;                 ///< for people: comments; may be empty
     std::optional<QPointF> headMm; ///< where the head stands before, for the times in JSON and CSV
     bool isYUp = false;            ///< JSON and CSV count y upward; every other form as it does

@@ -959,6 +959,14 @@
         <source>Pre&amp;view</source>
         <translation>预览(&amp;V)</translation>
     </message>
+    <message>
+        <source>&amp;Documentation</source>
+        <translation>开发文档(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Guides and reference for those who build on the library</source>
+        <translation>面向在此库上开发的人的指南和参考</translation>
+    </message>
 </context>
 <context>
     <name>studio::ArcPage</name>
@@ -5646,6 +5654,25 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>clipboard</source>
         <translation>剪贴板</translation>
+    </message>
+</context>
+<context>
+    <name>studio::DocumentationWindow</name>
+    <message>
+        <source>&amp;Index</source>
+        <translation>索引(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>目录</translation>
+    </message>
+    <message>
+        <source>Documentation</source>
+        <translation>开发文档</translation>
+    </message>
+    <message>
+        <source>The documentation is not installed. It comes with the package libztdrawengine-doc.</source>
+        <translation>开发文档未安装。它随软件包 libztdrawengine-doc 提供。</translation>
     </message>
 </context>
 </TS>

@@ -124,6 +124,7 @@ constexpr CommandId kNudgeFineUp{"nudge.fineUp"};
 constexpr CommandId kNudgeFineDown{"nudge.fineDown"};
 
 constexpr CommandId kHelpManual{"help.manual"};
+constexpr CommandId kHelpDocumentation{"help.documentation"};
 constexpr CommandId kHelpShortcuts{"help.shortcuts"};
 constexpr CommandId kHelpAbout{"help.about"};
 

@@ -16,6 +16,7 @@
 #include <studio/drawing/RecentMenu.h>
 #include <studio/edit/DocumentActions.h>
 #include <studio/edit/MatrixDialog.h>
+#include <studio/help/DocumentationWindow.h>
 #include <studio/help/ManualWindow.h>
 #include <studio/import/DropImporter.h>
 #include <studio/job/JobPanel.h>
@@ -46,6 +47,7 @@
 #include <hostkit/items/HatchLook.h>
 #include <hostkit/view/ViewRulers.h>
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QSettings>
 #include <QtGui/QCloseEvent>
@@ -653,6 +655,17 @@ void MainWindow::showShortcuts()
     sheet->show();
     sheet->raise();
     sheet->activateWindow();
+}
+
+void MainWindow::showDocumentation()
+{
+    auto *pages = findChild<DocumentationWindow *>();
+    if (pages == nullptr)
+        pages = new DocumentationWindow(documentationFile(QCoreApplication::applicationDirPath()),
+                                        this);
+    pages->show();
+    pages->raise();
+    pages->activateWindow();
 }
 
 void MainWindow::showAbout()

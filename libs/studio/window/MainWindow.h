@@ -91,6 +91,7 @@ public:
     void fitAll();
     void showManual();
     void showShortcuts();
+    void showDocumentation();
     void showAbout();
 
 protected:

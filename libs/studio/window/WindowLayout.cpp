@@ -203,7 +203,8 @@ void addMenus(QMainWindow &window, const Commands &commands, const FileMenus &fi
     addViewMenu(window, commands, viewActions);
     addMenu(window, "toolsMenu", commands, {ids::kToolsVerifyCodes});
     addMenu(window, "helpMenu", commands,
-            {ids::kHelpManual, ids::kHelpShortcuts, kSeparator, ids::kHelpAbout});
+            {ids::kHelpManual, ids::kHelpShortcuts, ids::kHelpDocumentation, kSeparator,
+             ids::kHelpAbout});
 }
 
 void addToolBars(QMainWindow &window, const Commands &commands)

@@ -27,17 +27,17 @@ struct CleanOptions
 /** Figures before and after. */
 struct CleanReport
 {
-    qint64 zeroLength = 0;
-    qint64 doubled = 0;
-    double doubledMm = 0.0;
-    qint64 joined = 0;
-    qint64 closed = 0;
-    qint64 pathsBefore = 0;
-    qint64 pathsAfter = 0;
-    qint64 piecesBefore = 0;
-    qint64 piecesAfter = 0;
+    qint64 zeroLength = 0;      ///< pieces of no length
+    qint64 doubled = 0;         ///< pieces, or parts of them, that another one covers
+    double doubledMm = 0.0;     ///< their length in all
+    qint64 joined = 0;          ///< pairs of ends that are one point now
+    qint64 closed = 0;          ///< outlines that were open
+    qint64 pathsBefore = 0;     ///< paths that there were
+    qint64 pathsAfter = 0;      ///< paths that are left
+    qint64 piecesBefore = 0;    ///< pieces that there were
+    qint64 piecesAfter = 0;     ///< pieces that are left
     double jumpsBeforeMm = 0.0; ///< ways between the paths of each layer, in order
-    double jumpsAfterMm = 0.0;
+    double jumpsAfterMm = 0.0;  ///< likewise, after
 };
 
 /**

@@ -9,9 +9,9 @@ namespace vectorkit {
 /** What was taken out. */
 struct DoubleFigures
 {
-    qint64 zeroLength = 0; ///< pieces of no length
-    qint64 doubled = 0;    ///< pieces, or parts of them, that another one covers
-    double doubledMm = 0.0;
+    qint64 zeroLength = 0;  ///< pieces of no length
+    qint64 doubled = 0;     ///< pieces, or parts of them, that another one covers
+    double doubledMm = 0.0; ///< their length in all
 };
 
 /**

@@ -14,7 +14,7 @@ namespace vectorkit {
 /** A node of a run: where it is, and where the curves before and after it lean to. */
 struct PathNode
 {
-    QPointF place;
+    QPointF place;         ///< where it is
     QPointF in;            ///< control point before it; at `place`: none
     QPointF out;           ///< control point after it; at `place`: none
     bool isSmooth = false; ///< both control points stay in line
@@ -24,15 +24,15 @@ struct PathNode
  */
 struct NodeRun
 {
-    QVector<PathNode> nodes;
-    bool isClosed = false; ///< the last one leads to the first
+    QVector<PathNode> nodes; ///< in their order; two at least, or one of a loop
+    bool isClosed = false;   ///< the last one leads to the first
 };
 
 /** Which node; or which piece, by the node that it begins at. */
 struct NodeRef
 {
-    int run = -1;
-    int node = -1;
+    int run = -1;  ///< index of the run; -1: none
+    int node = -1; ///< index among its nodes; -1: none
 
     bool operator==(const NodeRef &other) const { return run == other.run && node == other.node; }
     bool operator!=(const NodeRef &other) const { return !(*this == other); }
@@ -55,7 +55,7 @@ struct PlaceOnPath
 {
     NodeRef piece;
     double part = 0.0; ///< 0 at its beginning, 1 at its end
-    QPointF place;
+    QPointF place;     ///< where it is
 };
 
 /**
@@ -75,8 +75,13 @@ public:
     /** Runs of one node are left out, but for loops. */
     QVector<VectorPath> paths() const;
 
+    /** All runs. Owner: these paths; good until the next edit. */
     const QVector<NodeRun> &runs() const { return m_runs; }
+
+    /** The node that a reference names. Owner: as of `runs`. */
     const PathNode &node(const NodeRef &ref) const { return m_runs[ref.run].nodes[ref.node]; }
+
+    /** How many nodes all runs have together. */
     int nodeCount() const;
 
     /** The node after one, around a closed run; none after the end of an open one. */
@@ -103,7 +108,10 @@ public:
     /** Makes one node, midway, of two ends; of the ends of one run an outline. */
     bool join(const NodeRef &a, const NodeRef &b);
 
+    /** Makes pieces straight; false where all were. */
     bool toLine(const QVector<NodeRef> &pieces);
+
+    /** Makes curves of straight pieces, without a change of their lines; false where none was. */
     bool toCurve(const QVector<NodeRef> &pieces);
 
     /** Lets the curves before and after a node run through it in one direction; ends cannot. */

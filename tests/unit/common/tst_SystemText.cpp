@@ -4,11 +4,15 @@
 #include <ZTDrawEngineLib/shapes/ZTVecGraph.h>
 #include <ZTDrawEngineLib/text/ZTShapeText.h>
 
+#include <QtCore/QFile>
 #include <QtGui/QFont>
+#include <QtGui/QFontDatabase>
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
 #include <QtTest/QTest>
+
+#include <thread>
 
 namespace {
 
@@ -20,6 +24,31 @@ void paintSomewhere(const QFont &font, int step)
     QPainter painter(&image);
     painter.setFont(font);
     painter.drawText(QPointF(3.0 + 0.25 * step, 40.25), QStringLiteral("iWiVA").left(1 + step));
+}
+
+/** The outline with nothing remembered: what Qt lays out. */
+QPainterPath plainOutlineOf(const QFont &font, const QString &text, const QPointF &position = {})
+{
+    QPainterPath path;
+    path.addText(position, font, text);
+    return path;
+}
+
+/** A font file whose family is called otherwise; empty without the file. */
+QByteArray renamedFont(const QString &family, const QString &newFamily)
+{
+    QFile file(qEnvironmentVariable("QT_QPA_FONTDIR") + QStringLiteral("/DejaVuSansMono.ttf"));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const auto asInFile = [](const QString &name) {
+        QByteArray bytes; // two bytes a letter, the high one first
+        for (const QChar letter : name)
+            bytes.append(static_cast<char>(letter.row())).append(static_cast<char>(letter.cell()));
+        return bytes;
+    };
+    return file.readAll()
+        .replace(asInFile(family), asInFile(newFamily))
+        .replace(family.toLatin1(), newFamily.toLatin1());
 }
 
 QPainterPath outlineOf(const QFont &font, const QString &text)
@@ -37,6 +66,7 @@ void compareAcrossPainting(const QFont &font, Make make)
     QVERIFY(!fresh.isEmpty());
     for (int step = 0; step < 5; ++step) {
         paintSomewhere(font, step);
+        ztoutline::forgetTexts();
         const QPainterPath after = make();
         QCOMPARE(after.elementCount(), fresh.elementCount());
         for (int i = 0; i < fresh.elementCount(); ++i) {
@@ -62,6 +92,12 @@ private Q_SLOTS:
     void addText_freshProcess_asThePathDoes();
     void addText_emptyText_addsNothing();
     void addText_separatorInside_asThePathDoes();
+    void addText_again_sameOutline();
+    void addText_anyOtherSetting_isToldApart_data();
+    void addText_anyOtherSetting_isToldApart();
+    void addText_otherPlaceAndText_areToldApart();
+    void addText_fontFileGone_isLaidOutAnew();
+    void addText_otherThread_sameOutline();
     void addText_afterPainting_sameOutline_data();
     void addText_afterPainting_sameOutline();
     void textShape_afterPainting_sameOutline_data();
@@ -93,6 +129,95 @@ void tst_SystemText::addText_separatorInside_asThePathDoes()
     QPainterPath plain;
     plain.addText(0.0, 0.0, font, text);
     QCOMPARE(outlineOf(font, text), plain);
+}
+
+void tst_SystemText::addText_again_sameOutline()
+{
+    const QFont font(QStringLiteral("DejaVu Sans"), 12);
+    const QString text = QStringLiteral("Again 7");
+    for (int time = 0; time < 3; ++time) {
+        QPainterPath ours;
+        ours.moveTo(1.0, 2.0);
+        ours.lineTo(3.0, 4.0);
+        QPainterPath plain = ours;
+        ztoutline::addText(ours, {5.5, 6.25}, font, text);
+        plain.addText(5.5, 6.25, font, text);
+        QVERIFY(plain.elementCount() > 20);
+        QCOMPARE(ours, plain);
+    }
+}
+
+void tst_SystemText::addText_anyOtherSetting_isToldApart_data()
+{
+    QTest::addColumn<QFont>("font");
+    const auto row = [](const char *name, auto set) {
+        QFont font(QStringLiteral("DejaVu Sans"), 12);
+        set(font);
+        QTest::newRow(name) << font;
+    };
+    row("size", [](QFont &font) { font.setPointSizeF(12.5); });
+    row("pixel size", [](QFont &font) { font.setPixelSize(12); });
+    row("family", [](QFont &font) { font.setFamily(QStringLiteral("DejaVu Serif")); });
+    row("bold", [](QFont &font) { font.setBold(true); });
+    row("italic", [](QFont &font) { font.setItalic(true); });
+    row("underline", [](QFont &font) { font.setUnderline(true); });
+    row("overline", [](QFont &font) { font.setOverline(true); });
+    row("strike out", [](QFont &font) { font.setStrikeOut(true); });
+    row("kerning", [](QFont &font) { font.setKerning(false); });
+    row("stretch", [](QFont &font) { font.setStretch(150); });
+    row("capitals", [](QFont &font) { font.setCapitalization(QFont::AllUppercase); });
+    row("spacing", [](QFont &font) { font.setLetterSpacing(QFont::AbsoluteSpacing, 110); });
+    row("spacing by part",
+        [](QFont &font) { font.setLetterSpacing(QFont::PercentageSpacing, 110); });
+    row("word spacing", [](QFont &font) { font.setWordSpacing(3); });
+}
+
+void tst_SystemText::addText_anyOtherSetting_isToldApart()
+{
+    QFETCH(QFont, font);
+    const QString text = QStringLiteral("Tell AVA apart");
+    const QFont first(QStringLiteral("DejaVu Sans"), 12);
+    QCOMPARE(outlineOf(first, text), plainOutlineOf(first, text));
+    QVERIFY(plainOutlineOf(font, text) != plainOutlineOf(first, text));
+    QCOMPARE(outlineOf(font, text), plainOutlineOf(font, text));
+}
+
+void tst_SystemText::addText_otherPlaceAndText_areToldApart()
+{
+    const QFont font(QStringLiteral("DejaVu Sans"), 12);
+    for (const QPointF &position : {QPointF(0, 0), QPointF(0, 1e-3), QPointF(0.5, 0)}) {
+        for (const QString &text : {QStringLiteral("a"), QStringLiteral("ab")}) {
+            QPainterPath ours;
+            ztoutline::addText(ours, position, font, text);
+            QCOMPARE(ours, plainOutlineOf(font, text, position));
+        }
+    }
+}
+
+void tst_SystemText::addText_fontFileGone_isLaidOutAnew()
+{
+    const QString family = QStringLiteral("OwnaVu Sans Mono");
+    const QByteArray file = renamedFont(QStringLiteral("DejaVu Sans Mono"), family);
+    QVERIFY(!file.isEmpty());
+    const QString text = QStringLiteral("Gone file");
+    const int id = QFontDatabase::addApplicationFontFromData(file);
+    QVERIFY(id >= 0);
+    const QPainterPath there = outlineOf(QFont(family, 12), text);
+    QCOMPARE(there, plainOutlineOf(QFont(QStringLiteral("DejaVu Sans Mono"), 12), text));
+    QVERIFY(QFontDatabase::removeApplicationFont(id));
+    const QPainterPath gone = outlineOf(QFont(family, 12), text);
+    QVERIFY(gone != there);
+    QCOMPARE(gone, plainOutlineOf(QFont(family, 12), text));
+}
+
+void tst_SystemText::addText_otherThread_sameOutline()
+{
+    const QFont font(QStringLiteral("DejaVu Sans"), 12);
+    const QString text = QStringLiteral("Thread");
+    const QPainterPath here = outlineOf(font, text);
+    QPainterPath there;
+    std::thread([&] { there = outlineOf(font, text); }).join();
+    QCOMPARE(there, here);
 }
 
 void tst_SystemText::addText_afterPainting_sameOutline_data()
