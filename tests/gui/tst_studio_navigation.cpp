@@ -4,6 +4,7 @@
 
 #include <QtGui/QPaintEvent>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QScrollArea>
 #include <QtWidgets/QTabWidget>
 
 /** Gathers what of a widget is painted. */
@@ -54,6 +55,10 @@ private Q_SLOTS:
                 QCoreApplication::processEvents();
                 QCOMPARE(studio->window->size(), small);
                 QVERIFY(studio->window->minimumSizeHint().width() <= small.width());
+                // Nothing of a page is cut off at its side.
+                const auto *scroll = qobject_cast<QScrollArea *>(tabs->widget(page));
+                QVERIFY(scroll->widget()->width() <= scroll->viewport()->width());
+                QVERIFY(scroll->widget()->width() >= scroll->widget()->minimumSizeHint().width());
                 QVERIFY(studio->window->minimumSizeHint().height() <= small.height());
             }
         }

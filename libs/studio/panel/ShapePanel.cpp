@@ -43,6 +43,33 @@ void setUpTimer(QTimer &timer)
     timer.setInterval(0);
 }
 
+/** Scrolls a page up and down, and is as wide as it: fields are never cut off at the side. */
+class PageScroll : public QScrollArea
+{
+public:
+    explicit PageScroll(QWidget *parent) : QScrollArea(parent)
+    {
+        setFrameShape(QFrame::NoFrame);
+        setWidgetResizable(true);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    }
+
+    QSize minimumSizeHint() const override
+    {
+        const int pageWidth = widget() != nullptr ? widget()->minimumSizeHint().width() : 0;
+        return {pageWidth + style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this),
+                QScrollArea::minimumSizeHint().height()};
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (watched == widget() && event->type() == QEvent::LayoutRequest)
+            updateGeometry();
+        return QScrollArea::eventFilter(watched, event);
+    }
+};
+
 } // namespace
 
 ShapePanel::ShapePanel(ZTGraphicsDocument &document, DocumentActions &actions, QWidget *parent)
@@ -94,10 +121,7 @@ QVBoxLayout *ShapePanel::newPage(const Title &title)
 // Each page scrolls where the window is low, so that none of them keeps it from fitting a screen.
 void ShapePanel::addPage(QWidget *page, const Title &title)
 {
-    auto *scroll = new QScrollArea(this);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidgetResizable(true);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    auto *scroll = new PageScroll(this);
     scroll->setWidget(page);
     m_titles.append(title);
     m_tabs->addTab(scroll, title());
@@ -229,10 +253,6 @@ void ShapePanel::retranslate()
     setWindowTitle(tr("Shape"));
     for (int i = 0; i < m_titles.size(); ++i)
         m_tabs->setTabText(i, m_titles[i]());
-    // As wide as its widest page: fields are never cut off at the side.
-    for (auto *scroll : m_tabs->findChildren<QScrollArea *>())
-        scroll->setMinimumWidth(scroll->widget()->minimumSizeHint().width() +
-                                style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, scroll));
 }
 
 } // namespace studio
