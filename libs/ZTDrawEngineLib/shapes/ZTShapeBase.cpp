@@ -70,7 +70,7 @@ void ZTShapeBase::setRect(const QRectF &rectMm)
     }
 }
 
-QRectF ZTShapeBase::controlPointRect() { return m_d->lines.controlPointRect(); }
+QRectF ZTShapeBase::controlPointRect() { return m_d->linesRect; }
 
 void ZTShapeBase::scale(double sx, double sy)
 {
@@ -131,10 +131,10 @@ void ZTShapeBase::path2Lines(bool sort)
     QPainterPath lines;
     for (const QPolygonF &polygon : qAsConst(polygons))
         lines.addPolygon(polygon);
-    m_d->lines = lines;
+    m_d->setLines(lines);
 }
 
-void ZTShapeBase::setLines(const QPainterPath &linesPx) { m_d->lines = linesPx; }
+void ZTShapeBase::setLines(const QPainterPath &linesPx) { m_d->setLines(linesPx); }
 
 void ZTShapeBase::setFillLines(const QVector<QLineF> &fillLinesPx) { m_d->fillLines = fillLinesPx; }
 
