@@ -11,6 +11,7 @@
 #include <QtCore/QSet>
 #include <QtCore/QVector>
 #include <QtWidgets/QGraphicsSceneContextMenuEvent>
+#include <QtWidgets/QGraphicsView>
 #include <QtWidgets/QMenu>
 
 #include <algorithm>
@@ -114,6 +115,36 @@ Guarded gatheredInFront(QGraphicsScene &scene, const Guarded &items)
     return gathered;
 }
 
+/** Keeps the views of a scene from painting at once what is about to go; they paint later. */
+class PaintPause
+{
+public:
+    explicit PaintPause(const QGraphicsScene &scene)
+    {
+        const QList<QGraphicsView *> views = scene.views();
+        for (const QGraphicsView *view : views) {
+            if (view->viewport()->updatesEnabled())
+                m_paused.append(view->viewport());
+        }
+        enableUpdates(false);
+    }
+
+    ~PaintPause() { enableUpdates(true); }
+    PaintPause(const PaintPause &) = delete;
+    PaintPause &operator=(const PaintPause &) = delete;
+
+private:
+    void enableUpdates(bool isOn)
+    {
+        for (const auto &viewport : m_paused) {
+            if (viewport)
+                viewport->setUpdatesEnabled(isOn);
+        }
+    }
+
+    QVector<QPointer<QWidget>> m_paused;
+};
+
 } // namespace
 
 ZTGraphicsScene::ZTGraphicsScene(QObject *parent)
@@ -186,14 +217,23 @@ QHash<int, QList<ZTAbstractGraphicsItem *>> ZTGraphicsScene::getItemsById() cons
 void ZTGraphicsScene::deleteItems(const QList<ZTAbstractGraphicsItem *> &items)
 {
     const Guarded guarded(items.begin(), items.end());
-    polishItems();
+    const bool areFew = guarded.size() <= kFewItems;
+    if (areFew) {
+        polishItems();
+    } else {
+        // Said of all at once, it need not be said of each: neither of what waits to be updated,
+        // nor of what is deselected and goes. What is posted takes the first one back.
+        const PaintPause pause(*this);
+        update();
+        polishItems();
+        update();
+    }
     deselect({items.begin(), items.end()});
-    if (guarded.size() <= kFewItems) {
+    if (areFew) {
         for (const auto &item : guarded)
             delete item;
         return;
     }
-    update(); // said of all at once, it need not be said of each
     const bool areNearlyAll = this->items().size() - guarded.size() <= kFewItems;
     if (!areNearlyAll || !areAllOfOneHeight(guarded)) {
         for (const auto &item : gatheredInFront(*this, guarded))

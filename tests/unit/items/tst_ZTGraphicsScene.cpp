@@ -6,6 +6,7 @@
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QGraphicsItemGroup>
+#include <QtWidgets/QGraphicsView>
 
 #include <memory>
 
@@ -26,6 +27,28 @@ QGraphicsRectItem *addForeign(QGraphicsScene &scene)
     item->setFlag(QGraphicsItem::ItemIsSelectable);
     return item;
 }
+
+/** Counts how often it is painted. */
+class CountingView : public QGraphicsView
+{
+public:
+    explicit CountingView(QGraphicsScene *shown) : QGraphicsView(shown)
+    {
+        resize(300, 300);
+        show();
+        QCoreApplication::processEvents();
+        paintCount = 0;
+    }
+
+    int paintCount = 0;
+
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        ++paintCount;
+        QGraphicsView::paintEvent(event);
+    }
+};
 
 void selectEverything(QGraphicsScene &scene)
 {
@@ -316,6 +339,33 @@ private Q_SLOTS:
         QCOMPARE(scene.items(QPointF(50, 50)).size(), 0);
         scene.deleteItems({});
         QCOMPARE(selections.count(), 1);
+    }
+
+    void deleteItems_many_areNotPaintedOnceMore()
+    {
+        ZTGraphicsScene scene;
+        QList<ZTAbstractGraphicsItem *> doomed;
+        for (int i = 0; i < 400; ++i)
+            doomed << addRect(scene, i, QPointF(i % 20 * 10.0, i / 20 * 10.0));
+        addRect(scene, 400, {0, 0});
+        CountingView view(&scene);
+        selectEverything(scene);
+        scene.deleteItems(doomed);
+        QCOMPARE(view.paintCount, 0);
+        QVERIFY(view.viewport()->updatesEnabled());
+        QTRY_COMPARE(view.paintCount, 1);
+    }
+
+    void deleteItems_many_leavesAViewPausedThatWasSo()
+    {
+        ZTGraphicsScene scene;
+        QList<ZTAbstractGraphicsItem *> doomed;
+        for (int i = 0; i < 400; ++i)
+            doomed << addRect(scene, i, QPointF(i % 20 * 10.0, i / 20 * 10.0));
+        CountingView view(&scene);
+        view.viewport()->setUpdatesEnabled(false);
+        scene.deleteItems(doomed);
+        QVERIFY(!view.viewport()->updatesEnabled());
     }
 
     void deleteItems_survivesAListenerThatDeletes()
