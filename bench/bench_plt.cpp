@@ -1,8 +1,9 @@
-// Plotter file to drawing: the reader beside a QString a line.
+// Plotter file to drawing: the reader beside a QString a line; and drawing to outline.
 
 #include <support/oracle/PlainPltReader.h>
 
 #include <ZTDrawEngineLib/shapes/PltReader.h>
+#include <ZTDrawEngineLib/shapes/ZTVecGraph.h>
 
 #include <benchmark/benchmark.h>
 
@@ -49,8 +50,30 @@ void BM_PlainPltReader(benchmark::State &state)
     state.SetComplexityN(state.range(0));
 }
 
+/** The outline made anew from the drawing, as each change of size or place does. */
+void BM_PaintShape(benchmark::State &state)
+{
+    QByteArray bytes = drawing(static_cast<int>(state.range(0)));
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    ZTVecGraph shape;
+    if (!shape.readImage(buffer, QStringLiteral("bench.plt")))
+        state.SkipWithError("the drawing was not read");
+    for (auto _ : state) {
+        shape.setUpdate(1);
+        shape.paint();
+        benchmark::DoNotOptimize(shape.getLines().elementCount());
+    }
+    state.SetComplexityN(state.range(0));
+}
+
 } // namespace
 
+BENCHMARK(BM_PaintShape)
+    ->RangeMultiplier(10)
+    ->Range(1'000, 1'000'000)
+    ->Unit(benchmark::kMillisecond)
+    ->Complexity(benchmark::oN);
 BENCHMARK(BM_PltReader)
     ->RangeMultiplier(10)
     ->Range(1'000, 1'000'000)

@@ -18,6 +18,7 @@ mkdir -p build/docs/pictures
 "$studio" --headless --sample --out build/docs/made >/dev/null
 cp build/docs/made/*.png build/docs/pictures/studio.png
 rm -rf build/docs/made
+cp docs/images/manual-*.png build/docs/pictures/
 
 doxygen docs/Doxyfile
 [ -s build/docs/ztdrawengine.qch ]

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Provides what a group of work needs and this machine lacks: tools/setup.sh GROUP...
 # Groups: build (compile and run), test (./test), check (the stricter checks of ci/), package
-# (tools/packages.sh).
+# (tools/packages.sh), pictures (tools/manual_pictures.sh).
 # Packages come from apt, also one that is only unpacked, the data of the Chinese stroke font from npm. Says what it installs; does
 # nothing, and needs no network, when all is there.
 set -euo pipefail
@@ -28,8 +28,9 @@ packages_of() {
         libbenchmark-dev doxygen llvm-14 debootstrap lintian xz-utils abigail-tools \
         xvfb weston qtwayland5 ;;
     package) echo dpkg-dev file gzip ;;
+    pictures) echo imagemagick ;;
     *)
-        echo "tools/setup.sh: unknown group '$1' (build, test, check, package)" >&2
+        echo "tools/setup.sh: unknown group '$1' (build, test, check, package, pictures)" >&2
         exit 2
         ;;
     esac

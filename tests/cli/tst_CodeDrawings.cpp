@@ -65,7 +65,7 @@ private Q_SLOTS:
         QCOMPARE(run.exitCode, 0);
         QVERIFY2(run.out.contains(QStringLiteral("  codes: 1\n")), qPrintable(run.out));
         QVERIFY2(run.out.contains(QStringLiteral("  bar codes: 1\n")), qPrintable(run.out));
-        QVERIFY2(run.out.contains(QStringLiteral("code 0: there is nothing to encode")),
+        QVERIFY2(run.out.contains(QStringLiteral("Code 0: there is nothing to encode")),
                  qPrintable(run.out));
     }
 
@@ -80,7 +80,7 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(path("out.csv")));
         run = ztmark("mark drawing.ztd --as-shown -o out.csv");
         QCOMPARE(run.exitCode, 0);
-        QVERIFY2(run.err.contains(QStringLiteral("code 0: there is nothing to encode")),
+        QVERIFY2(run.err.contains(QStringLiteral("Code 0: there is nothing to encode")),
                  qPrintable(run.err));
         QVERIFY(QFile::exists(path("out.csv")));
     }
@@ -92,13 +92,13 @@ private Q_SLOTS:
         save();
         ZtmarkRun run = ztmark("job drawing.ztd -o out.nc");
         QCOMPARE(run.exitCode, 1);
-        QVERIFY2(run.err.contains(QStringLiteral("code 0: there is nothing to encode")),
+        QVERIFY2(run.err.contains(QStringLiteral("Code 0: there is nothing to encode")),
                  qPrintable(run.err));
         QVERIFY2(run.err.contains(QStringLiteral("--as-shown")), qPrintable(run.err));
         QVERIFY(!QFile::exists(path("out.nc")));
         run = ztmark("job drawing.ztd --as-shown -o out.nc");
         QCOMPARE(run.exitCode, 0);
-        QVERIFY2(run.err.contains(QStringLiteral("warning: code 0: there is nothing to encode")),
+        QVERIFY2(run.err.contains(QStringLiteral("warning: Code 0: there is nothing to encode")),
                  qPrintable(run.err));
         QVERIFY(QFile::exists(path("out.nc")));
     }

@@ -208,7 +208,7 @@ private Q_SLOTS:
                      QStringLiteral("ztmark: far.ztd: nothing written: shapes outside the work "
                                     "area are marked with --outside alone\n")),
                  qPrintable(refused.err));
-        QVERIFY2(refused.err.contains(QStringLiteral("rectangle ")), qPrintable(refused.err));
+        QVERIFY2(refused.err.contains(QStringLiteral("Rectangle ")), qPrintable(refused.err));
         QVERIFY(!QFile::exists(path("far.csv")));
         const ZtmarkRun told = ztmark({"mark", "far.ztd", "--outside", "-o", "far.csv"});
         QCOMPARE(told.exitCode, 0);
@@ -233,9 +233,9 @@ private Q_SLOTS:
         addRect(100.0)->setTransformParam(QTransform::fromScale(0.0, 0.0));
         put(path("odd.ztd"), testsupport::savedBytes(document));
         const ZtmarkRun run = ztmark({"info", "odd.ztd"});
-        QVERIFY2(run.out.contains(QStringLiteral("Outside the field: 1\n  rectangle 2\n"
-                                                 "Without length:    1\n  rectangle 3\n"
-                                                 "Marked twice:      1\n  rectangle 0\n")),
+        QVERIFY2(run.out.contains(QStringLiteral("Outside the field: 1\n  Rectangle 2\n"
+                                                 "Without length:    1\n  Rectangle 3\n"
+                                                 "Marked twice:      1\n  Rectangle 0\n")),
                  qPrintable(run.out));
     }
 

@@ -307,7 +307,7 @@ private Q_SLOTS:
                  qPrintable(last.out));
         const ZtmarkRun beyond = job("serial.ztd -o b.nc");
         QCOMPARE(beyond.err,
-                 QStringLiteral("ztmark: serial.ztd: the serial number of \"text 0\" is "
+                 QStringLiteral("ztmark: serial.ztd: the serial number of \"SN-0003\" is "
                                 "used up: SN-0003 was the last\n"));
         QCOMPARE(beyond.exitCode, 1);
         QVERIFY(!QFile::exists(path("b.nc")));
@@ -505,12 +505,12 @@ private Q_SLOTS:
         makeDrawing(100, 500.0);
         const ZtmarkRun run = job("serial.ztd -o a.nc");
         QCOMPARE(run.err,
-                 QStringLiteral("ztmark: serial.ztd: \"text 0\" reaches beyond the field.\n"
+                 QStringLiteral("ztmark: serial.ztd: \"SN-0001\" reaches beyond the field.\n"
                                 "ztmark: serial.ztd: nothing written\n"));
         QCOMPARE(run.exitCode, 1);
         QVERIFY(!QFile::exists(path("a.nc")));
         const ZtmarkRun told = job("serial.ztd -o a.nc --outside");
-        QCOMPARE(told.err, QStringLiteral("ztmark: serial.ztd: warning: \"text 0\" reaches beyond "
+        QCOMPARE(told.err, QStringLiteral("ztmark: serial.ztd: warning: \"SN-0001\" reaches beyond "
                                           "the field.\n"));
         QCOMPARE(told.exitCode, 0);
     }

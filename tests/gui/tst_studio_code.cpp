@@ -306,7 +306,7 @@ private Q_SLOTS:
         studio->window->editor().exporter().exportTo(path, false);
         auto *asked = studio->window->findChild<QMessageBox *>(QStringLiteral("notReadyBox"));
         QVERIFY(asked != nullptr);
-        QVERIFY(asked->informativeText().contains(QStringLiteral("code 0: ")));
+        QVERIFY(asked->informativeText().contains(QStringLiteral("Code 0: ")));
         QTest::keyClick(asked, Qt::Key_Return); // what is offered first writes nothing
         QVERIFY(!studio->window->editor().exporter().isBusy());
         QVERIFY(!QFile::exists(path));

@@ -1,5 +1,6 @@
 #include "StudioWindow.h"
 
+#include <studio/drawing/DrawingFiles.h>
 #include <studio/export/Exporter.h>
 #include <studio/export/PictureLookDialog.h>
 #include <studio/import/ImportTools.h>
@@ -300,6 +301,26 @@ private Q_SLOTS:
         studio->run("file.exportAll");
         dialog = studio->window->findChild<QFileDialog *>();
         QVERIFY(dialog->selectedNameFilter().contains(QStringLiteral("csv")));
+        dialog->close();
+    }
+
+    void export_isCalledAfterTheDrawing_besideIt()
+    {
+        studio->addRect(0, 0);
+        QVERIFY(studio->run("file.exportAll"));
+        auto *dialog = studio->window->findChild<QFileDialog *>();
+        QCOMPARE(QFileInfo(dialog->selectedFiles().value(0)).completeBaseName(),
+                 QStringLiteral("drawing"));
+        dialog->close();
+        QTRY_VERIFY(studio->window->findChild<QFileDialog *>() == nullptr);
+        const QString path = studio->path("plate 7.ztd");
+        QVERIFY(studio->editor().files().saveTo(path));
+        QCoreApplication::processEvents();
+        QVERIFY(studio->run("file.exportAll"));
+        dialog = studio->window->findChild<QFileDialog *>();
+        QCOMPARE(dialog->directory().absolutePath(), QFileInfo(path).absolutePath());
+        QCOMPARE(QFileInfo(dialog->selectedFiles().value(0)).completeBaseName(),
+                 QStringLiteral("plate 7"));
         dialog->close();
     }
 

@@ -12,7 +12,9 @@
 #include <QtCore/QLibraryInfo>
 #include <QtCore/QProcess>
 #include <QtCore/QRegularExpression>
+#include <QtGui/QImage>
 #include <QtGui/QTextBlock>
+#include <QtGui/QTextDocument>
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
@@ -77,6 +79,30 @@ private Q_SLOTS:
         chooseLanguage("english");
         QCOMPARE(namesOf(*chapters), english);
         QVERIFY(text->toPlainText().contains(QStringLiteral("status bar")));
+    }
+
+    /** Pictures of the window in the reader's own language, none wider than the page. */
+    void manual_hasItsPictures_inItsLanguage()
+    {
+        QVERIFY(studio->run("help.manual"));
+        auto *manual = studio->window->findChild<studio::ManualWindow *>();
+        auto *text = manual->findChild<QTextBrowser *>(QStringLiteral("text"));
+        for (const char *language : {"english", "chinese"}) {
+            chooseLanguage(language);
+            const QString prefix = QStringLiteral("images/manual-%1-")
+                                       .arg(QLatin1String(language[0] == 'e' ? "en" : "zh"));
+            const QStringList names = picturesIn(*text->document());
+            QCOMPARE(names.size(), 5);
+            for (const QString &name : names) {
+                QVERIFY2(name.startsWith(prefix), qPrintable(name));
+                const QImage image = text->document()
+                                         ->resource(QTextDocument::ImageResource, QUrl(name))
+                                         .value<QImage>();
+                QVERIFY2(image.width() >= 250, qPrintable(name));
+                QVERIFY2(image.width() <= 600, qPrintable(name));
+            }
+        }
+        chooseLanguage("english");
     }
 
     void documentation_comesFromTheHelpMenu_once()
@@ -209,6 +235,18 @@ private Q_SLOTS:
     }
 
 private:
+    static QStringList picturesIn(const QTextDocument &document)
+    {
+        QStringList names;
+        for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+            for (auto part = block.begin(); !part.atEnd(); ++part) {
+                if (part.fragment().charFormat().isImageFormat())
+                    names << part.fragment().charFormat().toImageFormat().name();
+            }
+        }
+        return names;
+    }
+
     static QStringList namesOf(const QListWidget &list)
     {
         QStringList names;
@@ -272,6 +310,8 @@ private:
                 plan << line.left(line.indexOf(QLatin1Char(' ')));
             else if (line.startsWith(QLatin1Char('|')))
                 plan << QStringLiteral("row of %1").arg(line.count(QLatin1Char('|')));
+            else if (line.startsWith(QLatin1String("![")))
+                plan << QStringLiteral("picture");
             else if (line.startsWith(QLatin1String("- ")))
                 plan << QStringLiteral("point");
             isCode = isCode != isFence;

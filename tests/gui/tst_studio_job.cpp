@@ -602,6 +602,55 @@ private Q_SLOTS:
         QTRY_VERIFY(QFile::exists(studio->path("a.nc")));
     }
 
+    // `ztmark job plate.ztd` writes the same bytes: the title and the order are the same.
+    void export_ofASavedDrawing_isNamedAndTitledByIt()
+    {
+        const jobkit::OrderOptions commandLine;
+        const studio::JobSettings first;
+        QCOMPARE(first.isPenByPen, commandLine.isPenByPen);
+        QCOMPARE(first.isInnerFirst, commandLine.isInnerFirst);
+        QCOMPARE(first.hatchPlace, commandLine.hatchPlace);
+        QCOMPARE(first.order, jobkit::OrderKind::Best);
+
+        studio->addRect(0, 0);
+        QVERIFY(studio->window->editor().files().saveTo(studio->path("plate 7.ztd")));
+        QCoreApplication::processEvents();
+        QVERIFY(studio->run("job.export"));
+        auto *dialog = studio->window->findChild<JobExportDialog *>();
+        auto *path = dialog->findChild<QLineEdit *>(QStringLiteral("path"));
+        QCOMPARE(QFileInfo(path->text()).absolutePath(),
+                 QFileInfo(studio->path("a")).absolutePath());
+        QCOMPARE(QFileInfo(path->text()).completeBaseName(), QStringLiteral("plate 7"));
+        path->setText(studio->path("a.nc"));
+        dialog->findChild<QPushButton *>(QStringLiteral("export"))->click();
+        QTRY_VERIFY(QFile::exists(studio->path("a.nc")));
+        QVERIFY(StudioWindow::contentOf(studio->path("a.nc")).startsWith("; plate 7.ztd\n"));
+    }
+
+    // In steps to the end: the window stays awake, and whoever gives up late is heard, too.
+    void gathering_goesInSteps_allTheWay()
+    {
+        for (int i = 0; i < 10; ++i)
+            studio->addRect(i * 60, 0);
+        QVector<int> told;
+        studio::GatheredItems all;
+        const auto note = [&told](int done, int total) {
+            told << done;
+            return total == 20;
+        };
+        QVERIFY(studio::gatherItems(studio->document(), &all, note, 0) == studio::Gathering::Done);
+        QCOMPARE(all.items.size(), 10);
+        QVERIFY(told.size() >= 19); // each shape twice, but for the last one gathered
+        QVERIFY(std::is_sorted(told.begin(), told.end()));
+        QCOMPARE(told.last(), 20);
+        for (int i = 0; i < 10; ++i)
+            QCOMPARE(all.items[i].object, i);
+        studio::GatheredItems part;
+        const auto giveUp = [](int done, int) { return done < 15; };
+        QVERIFY(studio::gatherItems(studio->document(), &part, giveUp, 0) ==
+                studio::Gathering::Cancelled);
+    }
+
     void anExistingFile_isReplacedOnlyAfterAQuestion()
     {
         studio->addRect(0, 0);

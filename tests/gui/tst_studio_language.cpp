@@ -36,6 +36,7 @@ private Q_SLOTS:
     {
         testsupport::makeTinyFonts();
         studio = std::make_unique<StudioWindow>();
+        studio->window->findChild<QDockWidget *>(QStringLiteral("propertyDock"))->show();
     }
     void cleanup() { studio.reset(); }
 
@@ -171,6 +172,7 @@ private Q_SLOTS:
         QCOMPARE(differences(allTexts(), english), QString());
         studio.reset();
         studio = std::make_unique<StudioWindow>();
+        studio->window->findChild<QDockWidget *>(QStringLiteral("propertyDock"))->show();
         choose("chinese");
         openEverything(kind);
         QVERIFY2(differences(switched, allTexts()).isEmpty(),

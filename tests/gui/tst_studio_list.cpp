@@ -6,6 +6,9 @@
 #include <studio/list/ShapeListView.h>
 #include <studio/list/ShapeOrder.h>
 
+#include <hostkit/marks/MarkFindings.h>
+#include <hostkit/marks/MarkGraphBuilder.h>
+
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QMimeData>
 #include <QtWidgets/QDockWidget>
@@ -13,6 +16,8 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QScrollBar>
+
+#include <limits>
 
 using studio::ShapeItem;
 using studio::ShapeItems;
@@ -58,9 +63,36 @@ private Q_SLOTS:
         studio->addRect(0, 0);
         studio->document().itemMag()->addShape(ShapeType::VecGraph, {0, 0, 10, 10});
         settle();
-        QCOMPARE(cell(1, ShapeListModel::Name).data().toString(), QStringLiteral("Rectangle"));
+        QCOMPARE(cell(1, ShapeListModel::Name).data().toString(), QStringLiteral("Rectangle 0"));
+        QCOMPARE(cell(0, ShapeListModel::Name).data().toString(), QStringLiteral("Path 1"));
         QCOMPARE(cell(1, ShapeListModel::Kind).data().toString(), QStringLiteral("Rectangle"));
         QCOMPARE(cell(0, ShapeListModel::Kind).data().toString(), QStringLiteral("Path"));
+    }
+
+    // One name everywhere: what a finding says is found in the list, by its search, too.
+    void findings_callShapesAsTheListDoes()
+    {
+        make({"Logo", "", "Frame"});
+        for (ShapeItem *item : qAsConst(m_items))
+            item->setPos(1e4, 0);
+        list().follow();
+        hostkit::MarkGraphBuilder builder(studio->document(),
+                                          hostkit::markedItems(studio->document()),
+                                          EShapeSortType::ShapeSortNone);
+        builder.work(std::numeric_limits<int>::max());
+        QStringList found;
+        for (const hostkit::ShapeOutside &shape : builder.findings().outside)
+            found << shape.name;
+        QStringList listed;
+        for (int row = 0; row < model().rowCount(); ++row)
+            listed << cell(row, ShapeListModel::Name).data().toString();
+        QCOMPARE(found, listed);
+        QCOMPARE(listed, QStringList({QStringLiteral("Logo"), QStringLiteral("Rectangle 1"),
+                                      QStringLiteral("Frame")}));
+        auto *search = list().findChild<QLineEdit *>(QStringLiteral("list.search"));
+        QTest::keyClicks(search, QStringLiteral("rectangle 1"));
+        settle();
+        QCOMPARE(model().rowCount(), 1);
     }
 
     void click_selectsInTheDrawing_andTheOtherWayRound()

@@ -1,7 +1,11 @@
 #include "StudioWindow.h"
 
+#include <studio/panel/ShapePanel.h>
+
 #include <QtGui/QPaintEvent>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QScrollArea>
+#include <QtWidgets/QTabWidget>
 
 /** Gathers what of a widget is painted. */
 class Painted : public QObject
@@ -25,6 +29,46 @@ class tst_studio_navigation : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    // Whatever panel is open, in either language.
+    void window_fitsASmallScreen_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::newRow("English") << QStringLiteral("language.english");
+        QTest::newRow("Chinese") << QStringLiteral("language.chinese");
+    }
+
+    void window_fitsASmallScreen()
+    {
+        QFETCH(QString, language);
+        studio->window->findChild<QAction *>(language)->trigger();
+        const QSize small(1024, 700);
+        auto *tabs = studio->window->panel().findChild<QTabWidget *>(QStringLiteral("panel.tabs"));
+        studio->addRect(0, 0);
+        for (const bool isPreview : {false, true}) {
+            if (isPreview)
+                QVERIFY(studio->run("job.preview"));
+            for (int page = 0; page < tabs->count(); ++page) {
+                if (!tabs->isTabVisible(page))
+                    continue;
+                tabs->setCurrentIndex(page);
+                studio->window->resize(small);
+                QCoreApplication::processEvents();
+                QCOMPARE(studio->window->size(), small);
+                QVERIFY(studio->window->minimumSizeHint().width() <= small.width());
+                // Nothing of a page is cut off at its side.
+                const auto *scroll = qobject_cast<QScrollArea *>(tabs->widget(page));
+                QVERIFY(scroll->widget()->width() <= scroll->viewport()->width());
+                QVERIFY(scroll->widget()->width() >= scroll->widget()->minimumSizeHint().width());
+                QVERIFY(studio->window->minimumSizeHint().height() <= small.height());
+            }
+        }
+        // The words of the moment have room, and what is selected still stands beside them.
+        const auto *box = studio->window->findChild<QLabel *>(QStringLiteral("boxField"));
+        QVERIFY(box->isVisible());
+        QVERIFY(box->mapTo(studio->window.get(), QPoint()).x() > 200);
+        studio->window->findChild<QAction *>(QStringLiteral("language.english"))->trigger();
+    }
+
     void init()
     {
         studio = std::make_unique<StudioWindow>();

@@ -24,6 +24,8 @@
 
 // Pictures of every panel and dialog of the studio, in both languages and both themes, for people
 // to look at: studioshots FOLDER. The scale is that of QT_SCALE_FACTOR, and is part of the names.
+// studioshots FOLDER --manual makes those of the manual alone, as tools/manual_pictures.sh asks
+// for.
 
 namespace {
 
@@ -53,6 +55,20 @@ const std::vector<Shown> kShown = {
     {"job.export", ShapeType::None},        {"help.manual", ShapeType::None},
     {"help.shortcuts", ShapeType::None},    {"help.about", ShapeType::None}};
 
+/** A picture of the manual: its name, the command before it, and which page of a dialog. */
+struct ManualPicture
+{
+    const char *name;
+    const char *command;
+    ShapeType selected;
+    int page;
+};
+
+const std::vector<ManualPicture> kManual = {
+    {"text", "text.settings", ShapeType::Text, 1},
+    {"code", "code.settings", ShapeType::QRCode, 1},
+    {"preferences", "edit.preferences", ShapeType::None, 0}};
+
 void settle()
 {
     QElapsedTimer timer;
@@ -78,6 +94,29 @@ public:
         m_window.preferences().apply(edit);
         m_window.resize(kSmallScreen);
         m_window.show();
+    }
+
+    /** The pictures of the manual in the language of this look. */
+    void runManual()
+    {
+        m_window.addSample();
+        for (const char *created : {"create.text", "create.code"})
+            trigger(created);
+        takeDialogs(nullptr);
+        select(ShapeType::Text);
+        save(m_window, m_folder.filePath(manualName("window")));
+        for (const ManualPicture &shown : kManual) {
+            select(shown.selected);
+            trigger(shown.command);
+            for (QWidget *dialog : dialogs()) {
+                if (auto *tabs = dialog->findChild<QTabWidget *>())
+                    tabs->setCurrentIndex(shown.page);
+                save(*dialog, m_folder.filePath(manualName(shown.name)));
+                dialog->close();
+            }
+        }
+        trigger("job.preview");
+        save(m_window, m_folder.filePath(manualName("preview")));
     }
 
     void run()
@@ -118,13 +157,31 @@ private:
         settle();
     }
 
-    /** All that stands open beside the window; it is closed afterwards. */
+    QString manualName(const char *name) const
+    {
+        return QStringLiteral("manual-%1-%2.png").arg(m_look.name.left(2), QLatin1String(name));
+    }
+
+    /** All that stands open beside the window. */
+    QWidgetList dialogs() const
+    {
+        QWidgetList open;
+        for (QWidget *widget : QApplication::topLevelWidgets()) {
+            if (widget != &m_window && widget->isVisible() &&
+                (widget->windowFlags() & Qt::Popup) != Qt::Popup)
+                open << widget;
+        }
+        return open;
+    }
+
+    /** Pictures of all that stands open, under a name or, without one, none; it is closed. */
     void takeDialogs(const char *name)
     {
-        for (QWidget *widget : QApplication::topLevelWidgets()) {
-            if (widget == &m_window || !widget->isVisible() ||
-                (widget->windowFlags() & Qt::Popup) == Qt::Popup)
+        for (QWidget *widget : dialogs()) {
+            if (name == nullptr) {
+                widget->close();
                 continue;
+            }
             if (widget->width() > kSmallScreen.width() || widget->height() > kSmallScreen.height())
                 std::printf("%s: %d x %d is too large\n", name, widget->width(), widget->height());
             pages(*widget, name);
@@ -150,13 +207,18 @@ private:
 
     void picture(QWidget &widget, const QByteArray &name)
     {
-        settle();
         const QString file = QStringLiteral("%1-%2x-%3.png")
                                  .arg(m_look.name)
                                  .arg(qRound(widget.devicePixelRatioF() * 100))
                                  .arg(QString::fromLatin1(name));
-        if (!widget.grab().save(m_folder.filePath(file)))
-            std::fprintf(stderr, "%s cannot be written\n", qPrintable(file));
+        save(widget, m_folder.filePath(file));
+    }
+
+    static void save(QWidget &widget, const QString &path)
+    {
+        settle();
+        if (!widget.grab().save(path))
+            std::fprintf(stderr, "%s cannot be written\n", qPrintable(path));
     }
 
     const QDir m_folder;
@@ -173,8 +235,9 @@ int main(int argc, char **argv)
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     const QApplication application(argc, argv);
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: studioshots FOLDER\n");
+    const bool isManual = argc == 3 && qstrcmp(argv[2], "--manual") == 0;
+    if (argc != 2 && !isManual) {
+        std::fprintf(stderr, "usage: studioshots FOLDER [--manual]\n");
         return 2;
     }
     const QDir folder(QString::fromLocal8Bit(argv[1]));
@@ -189,6 +252,12 @@ int main(int argc, char **argv)
     codekit::registerCodeFactories();
     using studio::LanguageChoice;
     using studio::Theme;
+    if (isManual) {
+        for (const Look &look : {Look{LanguageChoice::English, Theme::Light, QStringLiteral("en")},
+                                 Look{LanguageChoice::Chinese, Theme::Light, QStringLiteral("zh")}})
+            Session(folder, look).runManual();
+        return 0;
+    }
     for (const Look &look :
          {Look{LanguageChoice::English, Theme::Light, QStringLiteral("en-light")},
           Look{LanguageChoice::English, Theme::Dark, QStringLiteral("en-dark")},

@@ -23,6 +23,20 @@ QTransform fromItsNumbers(const QTransform &matrix)
             matrix.m23(), matrix.m31(), matrix.m32(), matrix.m33()};
 }
 
+/** One path of all polygons. Without room for all from the start, each of them moves the others. */
+QPainterPath pathOf(const QList<QPolygonF> &polygons)
+{
+    int pointCount = 0;
+    for (const QPolygonF &polygon : polygons)
+        pointCount += polygon.size();
+    QPainterPath path;
+    if (polygons.size() > 1)
+        path.reserve(pointCount + 1);
+    for (const QPolygonF &polygon : polygons)
+        path.addPolygon(polygon);
+    return path;
+}
+
 } // namespace
 
 ZTShapeBase::ZTShapeBase() : m_d(new ZTShapeBasePrivate) {}
@@ -70,7 +84,7 @@ void ZTShapeBase::setRect(const QRectF &rectMm)
     }
 }
 
-QRectF ZTShapeBase::controlPointRect() { return m_d->lines.controlPointRect(); }
+QRectF ZTShapeBase::controlPointRect() { return m_d->linesRect; }
 
 void ZTShapeBase::scale(double sx, double sy)
 {
@@ -128,13 +142,10 @@ void ZTShapeBase::path2Lines(bool sort)
     if (sort)
         polygons = ZTPointSort::getInstance()->sort(polygons);
 
-    QPainterPath lines;
-    for (const QPolygonF &polygon : qAsConst(polygons))
-        lines.addPolygon(polygon);
-    m_d->lines = lines;
+    m_d->setLines(pathOf(polygons));
 }
 
-void ZTShapeBase::setLines(const QPainterPath &linesPx) { m_d->lines = linesPx; }
+void ZTShapeBase::setLines(const QPainterPath &linesPx) { m_d->setLines(linesPx); }
 
 void ZTShapeBase::setFillLines(const QVector<QLineF> &fillLinesPx) { m_d->fillLines = fillLinesPx; }
 

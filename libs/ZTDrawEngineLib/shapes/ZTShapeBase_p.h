@@ -16,6 +16,7 @@ public:
     QRectF rect{0, 0, 10, 10};         ///< millimetres, untransformed
     QPainterPath path;                 ///< millimetres, written by paint()
     QPainterPath lines;                ///< outline in scene pixels
+    QRectF linesRect;                  ///< around it; asked for all shapes by whatever looks around
     QVector<QLineF> fillLines;         ///< hatch in scene pixels
     QTransform transformParam;         ///< given by rotating, mirroring, resizing
     QTransform roundingTransformParam; ///< for text on an arc
@@ -25,4 +26,10 @@ public:
     qint32 update = 0; ///< non-zero: the next paint() rebuilds
     qint32 id = 0;
     bool lockAspectRatio = false;
+
+    void setLines(const QPainterPath &outline)
+    {
+        lines = outline;
+        linesRect = lines.controlPointRect();
+    }
 };

@@ -13,6 +13,8 @@ namespace hostkit {
 
 namespace {
 
+constexpr int kMostWords = 40; ///< characters
+
 struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(hostkit::MarkFindings)
@@ -108,26 +110,35 @@ QString nameOf(ShapeType kind)
 {
     switch (kind) {
     case ShapeType::Rect:
-        return Texts::tr("rectangle %1");
+        return Texts::tr("Rectangle %1");
     case ShapeType::Ellipse:
-        return Texts::tr("ellipse %1");
+        return Texts::tr("Ellipse %1");
     case ShapeType::Polygon:
-        return Texts::tr("polygon %1");
+        return Texts::tr("Polygon %1");
     case ShapeType::Line:
-        return Texts::tr("line %1");
+        return Texts::tr("Line %1");
     case ShapeType::TDOT:
         return Texts::tr("TDOT figure %1");
     case ShapeType::Text:
-        return Texts::tr("text %1");
+        return Texts::tr("Text %1");
     case ShapeType::VecGraph:
-        return Texts::tr("path %1");
+        return Texts::tr("Path %1");
     case ShapeType::QRCode:
-        return Texts::tr("code %1");
+        return Texts::tr("Code %1");
     case ShapeType::BarCode:
-        return Texts::tr("bar code %1");
+        return Texts::tr("Bar code %1");
     default:
-        return Texts::tr("shape %1");
+        return Texts::tr("Shape %1");
     }
+}
+
+/** A code can hold thousands of characters; a name of it is read in a sentence. */
+QString shortened(const QString &words)
+{
+    if (words.size() <= kMostWords)
+        return words;
+    const bool isHalfLast = words[kMostWords - 1].isHighSurrogate();
+    return words.left(kMostWords - (isHalfLast ? 1 : 0)) + QChar(0x2026);
 }
 
 QString listed(const QStringList &names)
@@ -202,7 +213,10 @@ QString shapeName(const ZTAbstractGraphicsItem &item)
 {
     const QString given = itemExtras(item).name;
     if (!given.isEmpty())
-        return QStringLiteral("\"%1\"").arg(given);
+        return given;
+    const QString words = item.text().simplified();
+    if (!words.isEmpty())
+        return shortened(words);
     const ZTShapeBase *shape = item.getShapeBase();
     return nameOf(item.getShapeType()).arg(shape != nullptr ? shape->getId() : 0);
 }

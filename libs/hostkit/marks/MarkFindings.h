@@ -30,7 +30,10 @@ struct MarkFindings
     }
 };
 
-/** What people call a shape: the name it was given, else its kind and its number, "rectangle 3". */
+/**
+ * What people call a shape, in lists and in sentences alike: the name it was given, else its words,
+ * 40 characters of them at most, else its kind and its number, "Rectangle 3".
+ */
 QString shapeName(const ZTAbstractGraphicsItem &item);
 
 /**

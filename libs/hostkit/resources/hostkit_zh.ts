@@ -441,14 +441,6 @@
         <translation>TDOT 图形 %1</translation>
     </message>
     <message>
-        <source>ellipse %1</source>
-        <translation>椭圆 %1</translation>
-    </message>
-    <message>
-        <source>line %1</source>
-        <translation>直线 %1</translation>
-    </message>
-    <message>
         <source>outlines that are marked twice: %1</source>
         <translation>被标刻两次的轮廓：%1</translation>
     </message>
@@ -461,40 +453,48 @@
         <translation>超出工作区：%1</translation>
     </message>
     <message>
-        <source>polygon %1</source>
-        <translation>多边形 %1</translation>
-    </message>
-    <message>
-        <source>rectangle %1</source>
-        <translation>矩形 %1</translation>
-    </message>
-    <message>
-        <source>shape %1</source>
-        <translation>图形 %1</translation>
-    </message>
-    <message>
-        <source>text %1</source>
-        <translation>文字 %1</translation>
-    </message>
-    <message>
         <source>%1: %2</source>
         <translation>%1：%2</translation>
-    </message>
-    <message>
-        <source>bar code %1</source>
-        <translation>条形码 %1</translation>
-    </message>
-    <message>
-        <source>code %1</source>
-        <translation>码 %1</translation>
     </message>
     <message>
         <source>shown otherwise than asked for: %1</source>
         <translation>显示的与要求的不符：%1</translation>
     </message>
     <message>
-        <source>path %1</source>
+        <source>Bar code %1</source>
+        <translation>条形码 %1</translation>
+    </message>
+    <message>
+        <source>Code %1</source>
+        <translation>码 %1</translation>
+    </message>
+    <message>
+        <source>Ellipse %1</source>
+        <translation>椭圆 %1</translation>
+    </message>
+    <message>
+        <source>Line %1</source>
+        <translation>直线 %1</translation>
+    </message>
+    <message>
+        <source>Path %1</source>
         <translation>路径 %1</translation>
+    </message>
+    <message>
+        <source>Polygon %1</source>
+        <translation>多边形 %1</translation>
+    </message>
+    <message>
+        <source>Rectangle %1</source>
+        <translation>矩形 %1</translation>
+    </message>
+    <message>
+        <source>Shape %1</source>
+        <translation>图形 %1</translation>
+    </message>
+    <message>
+        <source>Text %1</source>
+        <translation>文字 %1</translation>
     </message>
 </context>
 <context>

@@ -83,8 +83,12 @@ void Exporter::choose(bool selectionOnly)
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setNameFilters(filters);
-    dialog->setDirectory(settings.value(kFolderKey, QDir::homePath()).toString());
-    dialog->selectFile(tr("drawing"));
+    // Called after the drawing, and beside it until another folder was chosen once.
+    const QFileInfo drawing(m_window.windowFilePath());
+    const bool isNamed = !m_window.windowFilePath().isEmpty();
+    dialog->setDirectory(
+        settings.value(kFolderKey, isNamed ? drawing.absolutePath() : QDir::homePath()).toString());
+    dialog->selectFile(isNamed ? drawing.completeBaseName() : tr("drawing"));
     const auto chooseForm = [dialog](const QString &filter) {
         dialog->setDefaultSuffix(extensionOf(filter).mid(1));
     };

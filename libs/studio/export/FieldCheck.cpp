@@ -1,8 +1,7 @@
 #include <studio/export/FieldCheck.h>
 
-#include <studio/shapes/ShapeKinds.h>
-
 #include <hostkit/items/ItemExtras.h>
+#include <hostkit/marks/MarkFindings.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtWidgets/QMessageBox>
@@ -24,7 +23,7 @@ QStringList namesOf(const ShapeItems &shapes)
     QStringList names;
     names.reserve(shapes.size());
     for (const ShapeItem *item : shapes)
-        names << shapeName(*item);
+        names << hostkit::shapeName(*item);
     return names;
 }
 

@@ -1,9 +1,10 @@
 #include <studio/help/DocumentationWindow.h>
 
+#include <studio/help/PageBrowser.h>
+
 #include <QtCore/QEvent>
 #include <QtCore/QFileInfo>
 #include <QtGui/QDesktopServices>
-#include <QtGui/QImage>
 #include <QtHelp/QHelpContentWidget>
 #include <QtHelp/QHelpEngine>
 #include <QtHelp/QHelpIndexWidget>
@@ -12,7 +13,6 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QSplitter>
-#include <QtWidgets/QTextBrowser>
 #include <QtWidgets/QVBoxLayout>
 
 namespace studio {
@@ -22,29 +22,21 @@ namespace {
 const QSize kFirstSize(1000, 680);
 const QString kScheme = QStringLiteral("qthelp");
 
-/** Reads pages and pictures out of the help; pictures are no wider than the page. */
-class HelpBrowser final : public QTextBrowser
+/** Reads pages and pictures out of the help. */
+class HelpBrowser final : public PageBrowser
 {
 public:
     HelpBrowser(const QHelpEngineCore &engine, QWidget *parent)
-        : QTextBrowser(parent), m_engine(engine)
+        : PageBrowser(parent), m_engine(engine)
     {
         setOpenLinks(false);
         connect(this, &QTextBrowser::anchorClicked, this, &HelpBrowser::follow);
     }
 
-    QVariant loadResource(int type, const QUrl &name) override
+protected:
+    QByteArray contentOf(const QUrl &name) const override
     {
-        const QUrl url = source().resolved(name);
-        // The site's style is made for browsers; here the program's own colours hold.
-        if (url.scheme() != kScheme || type == QTextDocument::StyleSheetResource)
-            return {};
-        const QByteArray content = m_engine.fileData(url);
-        if (type != QTextDocument::ImageResource)
-            return content;
-        const QImage image = QImage::fromData(content);
-        const int most = viewport()->width() - 2 * static_cast<int>(document()->documentMargin());
-        return image.width() <= most ? image : image.scaledToWidth(most, Qt::SmoothTransformation);
+        return name.scheme() == kScheme ? m_engine.fileData(name) : QByteArray();
     }
 
 private:

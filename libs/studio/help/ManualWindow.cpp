@@ -1,5 +1,7 @@
 #include <studio/help/ManualWindow.h>
 
+#include <studio/help/PageBrowser.h>
+
 #include <QtCore/QEvent>
 #include <QtCore/QFile>
 #include <QtCore/QRegularExpression>
@@ -8,7 +10,6 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
-#include <QtWidgets/QTextBrowser>
 
 // A resource of a static library comes in when it is asked for, from outside of any namespace.
 static void bringInManual() { Q_INIT_RESOURCE(manual); }
@@ -33,12 +34,26 @@ QString withoutBreaks(QString text)
     return text.replace(breaks, QString());
 }
 
+/** The manual's text and its pictures, from the program itself. */
+class ManualText final : public PageBrowser
+{
+public:
+    explicit ManualText(QWidget *parent) : PageBrowser(parent) { setOpenLinks(false); }
+
+protected:
+    QByteArray contentOf(const QUrl &name) const override
+    {
+        QFile file(kFolder + name.path());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+};
+
 } // namespace
 
 ManualWindow::ManualWindow(QWidget *parent)
     : QDialog(parent, Qt::Window | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
       m_words(new QLineEdit(this)), m_wordsLabel(new QLabel(this)), m_found(new QLabel(this)),
-      m_chapters(new QListWidget(this)), m_text(new QTextBrowser(this))
+      m_chapters(new QListWidget(this)), m_text(new ManualText(this))
 {
     setObjectName(QStringLiteral("manual"));
     build();
@@ -57,7 +72,6 @@ void ManualWindow::build()
     m_chapters->setObjectName(QStringLiteral("chapters"));
     m_chapters->setFixedWidth(kChaptersWidth);
     m_text->setObjectName(QStringLiteral("text"));
-    m_text->setOpenLinks(false);
     connect(m_words, &QLineEdit::textEdited, this, [this] { search(false); });
     connect(m_words, &QLineEdit::returnPressed, this, [this] { search(true); });
     connect(m_chapters, &QListWidget::currentRowChanged, this, &ManualWindow::goTo);

@@ -41,13 +41,22 @@ JobExportDialog::JobExportDialog(const QString &suffix, bool hasVariantTexts, QW
     refresh();
 }
 
+/** Called after the drawing, and beside it until another folder was chosen once. */
+QString JobExportDialog::suggestedPath() const
+{
+    const QString path = parentWidget() != nullptr ? parentWidget()->windowFilePath() : QString();
+    const QFileInfo drawing(path);
+    const QString usual = path.isEmpty() ? QDir::homePath() : drawing.absolutePath();
+    const QString folder = QSettings().value(kFolderKey, usual).toString();
+    const QString name = path.isEmpty() ? tr("drawing") : drawing.completeBaseName();
+    return QDir(folder).filePath(name + QLatin1Char('.') + m_suffix);
+}
+
 void JobExportDialog::build()
 {
-    const QString folder = QSettings().value(kFolderKey, QDir::homePath()).toString();
     m_path->setObjectName(QStringLiteral("path"));
     m_path->setMinimumWidth(fontMetrics().averageCharWidth() * kPathChars);
-    m_path->setText(QDir::toNativeSeparators(
-        QDir(folder).filePath(tr("drawing") + QLatin1Char('.') + m_suffix)));
+    m_path->setText(QDir::toNativeSeparators(suggestedPath()));
     m_parts->setObjectName(QStringLiteral("parts"));
     m_parts->setRange(1, JobExporter::kMostParts);
     m_oneFile->setObjectName(QStringLiteral("oneFile"));

@@ -30,6 +30,7 @@ Q_SIGNALS:
     void chosen(const studio::JobExport &wanted);
 
 private:
+    QString suggestedPath() const;
     void build();
     void browse();
     void refresh();

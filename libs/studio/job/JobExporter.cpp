@@ -387,11 +387,13 @@ bool JobExporter::writeFiles(const JobExport &wanted, const JobRequest &request,
 {
     const QStringList files = filesOf(wanted);
     const int partsAFile = files.size() == 1 && !wanted.frame ? wanted.parts : 1;
+    // Titled as the command line titles it, so that both write the same bytes.
+    const QString drawing = QFileInfo(m_drawingPath ? m_drawingPath() : QString()).fileName();
     for (int i = 0; i < files.size(); ++i) {
         jobkit::JobFile file;
         file.pens = request.pens;
         file.profile = request.machine;
-        file.title = QFileInfo(files[i]).completeBaseName();
+        file.title = drawing.isEmpty() ? QFileInfo(files[i]).completeBaseName() : drawing;
         file.headMm = request.machine.fromMachine({});
         file.isYUp = hostkit::exportsYUp(m_document);
         for (int part = 0; part < partsAFile; ++part)

@@ -113,7 +113,8 @@ void JobPreview::build()
     setFocusProxy(m_plan);
 }
 
-QHBoxLayout *JobPreview::newSwitches()
+// In two rows, so that the window fits a small screen beside its panels.
+QVBoxLayout *JobPreview::newSwitches()
 {
     m_colors = new QComboBox(this);
     m_colors->setObjectName(QStringLiteral("colors"));
@@ -133,11 +134,16 @@ QHBoxLayout *JobPreview::newSwitches()
     auto *row = new QHBoxLayout;
     row->addWidget(m_colorsLabel);
     row->addWidget(m_colors);
-    for (QCheckBox *box : {m_jumps, m_arrows, m_numbers, m_starts})
-        row->addWidget(box);
     row->addStretch(1);
     row->addWidget(m_close);
-    return row;
+    auto *switches = new QHBoxLayout;
+    for (QCheckBox *box : {m_jumps, m_arrows, m_numbers, m_starts})
+        switches->addWidget(box);
+    switches->addStretch(1);
+    auto *rows = new QVBoxLayout;
+    rows->addLayout(row);
+    rows->addLayout(switches);
+    return rows;
 }
 
 QHBoxLayout *JobPreview::newNote()
@@ -153,7 +159,7 @@ QHBoxLayout *JobPreview::newNote()
     return row;
 }
 
-QHBoxLayout *JobPreview::newTransport()
+QVBoxLayout *JobPreview::newTransport()
 {
     m_pieceBack = newStep("pieceBack", QStringLiteral("|<"));
     m_frameBack = newStep("frameBack", QStringLiteral("<"));
@@ -190,11 +196,14 @@ QHBoxLayout *JobPreview::newTransport()
     for (QWidget *button :
          std::initializer_list<QWidget *>{m_pieceBack, m_frameBack, m_play, m_frameOn, m_pieceOn})
         row->addWidget(button);
-    row->addWidget(m_slider, 1);
+    row->addStretch(1);
     row->addWidget(m_clock);
     row->addWidget(m_paceLabel);
     row->addWidget(m_pace);
-    return row;
+    auto *rows = new QVBoxLayout;
+    rows->addWidget(m_slider);
+    rows->addLayout(row);
+    return rows;
 }
 
 void JobPreview::changeEvent(QEvent *event)

@@ -12,6 +12,7 @@ QT_BEGIN_NAMESPACE
 class QCheckBox;
 class QComboBox;
 class QHBoxLayout;
+class QVBoxLayout;
 class QLabel;
 class QPushButton;
 class QSlider;
@@ -66,9 +67,9 @@ protected:
 private:
     void build();
     void connectPanel();
-    QHBoxLayout *newSwitches();
+    QVBoxLayout *newSwitches();
     QHBoxLayout *newNote();
-    QHBoxLayout *newTransport();
+    QVBoxLayout *newTransport();
     QCheckBox *newSwitch(const char *name, bool isOn);
     QToolButton *newStep(const char *name, const QString &sign);
     void retranslate();

@@ -1,11 +1,13 @@
 #include <studio/job/JobRun.h>
 
-#include <studio/shapes/ShapeKinds.h>
-
+#include <hostkit/marks/MarkFindings.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
 #include <jobkit/marks/MarkGraphItems.h>
 
+#include <QtCore/QElapsedTimer>
+
 #include <limits>
+#include <utility>
 
 namespace studio {
 
@@ -13,7 +15,6 @@ namespace {
 
 /** Time after which the best order so far is kept: somebody waits. */
 constexpr int kOrderMs = 3000;
-constexpr int kGatherMs = 50;
 
 /**
  * Without a time: exchanges that are tried beyond the first best. There may be fifty parts of tens
@@ -36,6 +37,15 @@ jobkit::JobTimes furtherTimes(const Job &job)
     return times;
 }
 
+/** What a job is made from, of one object; `place` is that in the order of marking. */
+jobkit::JobItem itemOf(const ZTMarkGraph &one, const hostkit::MarkUnits &units,
+                       const QVector<hostkit::HatchLayer> &layers, int place)
+{
+    jobkit::JobItem item = jobkit::itemsOf(one, units, {layers}).first();
+    item.object = place;
+    return item;
+}
+
 } // namespace
 
 bool operator==(const JobRequest &a, const JobRequest &b)
@@ -45,30 +55,40 @@ bool operator==(const JobRequest &a, const JobRequest &b)
 }
 
 Gathering gatherItems(const ZTGraphicsDocument &document, GatheredItems *gathered,
-                      const GatherProgress &progress)
+                      const GatherProgress &progress, int stepMs)
 {
     const hostkit::MarkItems shapes = hostkit::markedItems(document);
     QVector<QPointer<ShapeItem>> kept;
     for (ShapeItem *shape : shapes)
         kept.append(shape);
     hostkit::MarkGraphBuilder builder(document, shapes, EShapeSortType::ShapeSortNone);
-    while (builder.work(kGatherMs)) {
-        if (!progress(builder.done(), builder.total()))
+    // Marks are gathered first, and made into what a job is made from then: half the way each.
+    while (builder.work(stepMs)) {
+        if (!progress(builder.done(), 2 * builder.total()))
             return Gathering::Cancelled;
     }
     gathered->notReady = builder.findings().notReady;
-    const ZTMarkGraph graph = builder.takeUnordered();
-    const auto units = hostkit::MarkUnits::of(*document.itemMag());
-    gathered->items = jobkit::itemsOf(graph, units, builder.layers());
-    gathered->shapes = kept;
+    ZTMarkGraph graph = builder.takeUnordered();
     if (graph.objects.size() != kept.size())
         return Gathering::NotWhole;
+    const auto units = hostkit::MarkUnits::of(*document.itemMag());
+    QElapsedTimer timer;
+    timer.start();
     for (int i = 0; i < kept.size(); ++i) {
         if (!kept[i])
             return Gathering::NotWhole;
-        gathered->items[i].name = shapeName(*kept[i]);
-        jobkit::describeShape(*kept[i], &gathered->items[i]);
+        ZTMarkGraph one;
+        one.objects.append(std::move(graph.objects[i]));
+        gathered->items.append(itemOf(one, units, builder.layers()[i], i));
+        gathered->items.last().name = hostkit::shapeName(*kept[i]);
+        jobkit::describeShape(*kept[i], &gathered->items.last());
+        if (timer.elapsed() >= stepMs) {
+            if (!progress(kept.size() + i + 1, 2 * kept.size()))
+                return Gathering::Cancelled;
+            timer.start();
+        }
     }
+    gathered->shapes = kept;
     return Gathering::Done;
 }
 

@@ -53,12 +53,15 @@ enum class Gathering : quint8 {
     Cancelled
 };
 
-/** Told how many shapes of how many are gathered; false gives up. May run events. */
+/** Told how far it is: `done` of `total`. False gives up. May run events. */
 using GatherProgress = std::function<bool(int done, int total)>;
 
-/** Gathers what a drawing marks, what is marked first first. Order: GUI thread. */
+/**
+ * Gathers what a drawing marks, what is marked first first. Tells `progress` each time that it has
+ * worked for `stepMs`, or longer where a single shape takes longer. Order: GUI thread.
+ */
 Gathering gatherItems(const ZTGraphicsDocument &document, GatheredItems *gathered,
-                      const GatherProgress &progress);
+                      const GatherProgress &progress, int stepMs = 25);
 
 /** Plans, orders, times and checks a job. Any thread. `isGivenUp` keeps the best order so far. */
 std::shared_ptr<const Job> makeJob(const JobRequest &request, const std::atomic<bool> &isGivenUp);

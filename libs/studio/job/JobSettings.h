@@ -11,8 +11,8 @@ struct JobSettings
     QString profile; ///< a name on board, or the path of a file
     jobkit::OrderKind order = jobkit::OrderKind::Best;
     jobkit::HatchPlace hatchPlace = jobkit::HatchPlace::Any;
-    bool isPenByPen = true;
-    bool isInnerFirst = true;
+    bool isPenByPen = false; ///< as `ztmark job` has them, so that it writes the same bytes
+    bool isInnerFirst = false;
 
     static JobSettings load();
     void save() const;

@@ -7,6 +7,8 @@
 #include <studio/shapes/PenColors.h>
 #include <studio/shapes/ShapeKinds.h>
 
+#include <hostkit/marks/MarkFindings.h>
+
 #include <QtCore/QDataStream>
 #include <QtCore/QMimeData>
 #include <QtWidgets/QUndoStack>
@@ -36,15 +38,6 @@ const Switch *switchOf(int column)
          QT_TRANSLATE_NOOP("studio::UndoTexts", "Change what is hidden")}};
     const int at = column - ShapeListModel::Marked;
     return at >= 0 && at < 3 ? switches + at : nullptr;
-}
-
-/** What people call a shape: by its name, else by its words, else by its kind. */
-QString calledName(const ShapeItem &item, const hostkit::ItemExtras &extras)
-{
-    if (!extras.name.isEmpty())
-        return extras.name;
-    const QString words = item.text().simplified();
-    return words.isEmpty() ? kindName(item.getShapeType()) : words;
 }
 
 /** A picture of a kind; of one that people cannot create, that of importing. */
@@ -171,8 +164,7 @@ void ShapeListModel::build(const QVector<Entry> &entries)
 
 bool ShapeListModel::isShown(const ShapeItem &item) const
 {
-    const hostkit::ItemExtras extras = hostkit::itemExtras(item);
-    return extras.name.contains(m_filter, Qt::CaseInsensitive) ||
+    return hostkit::shapeName(item).contains(m_filter, Qt::CaseInsensitive) ||
            item.text().contains(m_filter, Qt::CaseInsensitive) ||
            kindName(item.getShapeType()).contains(m_filter, Qt::CaseInsensitive);
 }
@@ -285,10 +277,10 @@ QVariant ShapeListModel::shapeData(const Node &node, int column, int role) const
     switch (column) {
     case Name:
         if (role == Qt::DisplayRole)
-            return calledName(item, hostkit::itemExtras(item));
+            return hostkit::shapeName(item);
         if (role == Qt::ToolTipRole)
             return QStringLiteral("%1: %2").arg(kindName(item.getShapeType()),
-                                                calledName(item, hostkit::itemExtras(item)));
+                                                hostkit::shapeName(item));
         if (role == Qt::DecorationRole)
             return kindIcon(item.getShapeType());
         if (role == Qt::EditRole)

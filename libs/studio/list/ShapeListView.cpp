@@ -24,6 +24,7 @@ ShapeListView::ShapeListView(QWidget *parent) : QTreeView(parent)
     setIndentation(kIndentPx);
     setAlternatingRowColors(true);
     setAllColumnsShowFocus(true);
+    setTextElideMode(Qt::ElideMiddle); // the number at the end tells shapes apart
     setSelectionMode(ExtendedSelection);
     setSelectionBehavior(SelectRows);
     setEditTriggers(DoubleClicked | EditKeyPressed);

@@ -7,6 +7,8 @@
 #include <studio/shapes/PenColors.h>
 #include <studio/shapes/ShapeKinds.h>
 
+#include <hostkit/marks/MarkFindings.h>
+
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
@@ -115,16 +117,22 @@ void ItemSection::follow(const ShapeItems &selected)
     showName(selected);
 }
 
+/** What shapes without a name are called. */
+QString ItemSection::nameOfUnnamed(const ShapeItems &selected)
+{
+    if (selected.size() == 1)
+        return hostkit::shapeName(*selected.first());
+    const auto kind = commonValue(
+        selected, [](const ShapeItem &item) { return static_cast<int>(item.getShapeType()); });
+    return kind ? kindName(static_cast<ShapeType>(*kind)) : QString();
+}
+
 void ItemSection::showName(const ShapeItems &selected)
 {
     const auto name =
         commonValue(selected, [](const ShapeItem &item) { return hostkit::itemExtras(item).name; });
-    const auto kind = commonValue(
-        selected, [](const ShapeItem &item) { return static_cast<int>(item.getShapeType()); });
-    if (!name && !selected.isEmpty())
-        m_name->setPlaceholderText(tr("differs"));
-    else
-        m_name->setPlaceholderText(kind ? kindName(static_cast<ShapeType>(*kind)) : QString());
+    m_name->setPlaceholderText(!name && !selected.isEmpty() ? tr("differs")
+                                                            : nameOfUnnamed(selected));
     const QString shown = name.value_or(QString());
     if (shown == m_shownName && m_name->hasFocus() && m_name->isModified())
         return;

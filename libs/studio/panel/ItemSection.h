@@ -34,6 +34,7 @@ protected:
 
 private:
     QCheckBox *newFlag(const char *name, bool hostkit::ItemExtras::*flag, const char *undoSource);
+    static QString nameOfUnnamed(const ShapeItems &selected);
     void showName(const ShapeItems &selected);
     void takeName();
 

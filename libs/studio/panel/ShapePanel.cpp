@@ -43,6 +43,33 @@ void setUpTimer(QTimer &timer)
     timer.setInterval(0);
 }
 
+/** Scrolls a page up and down, and is as wide as it: fields are never cut off at the side. */
+class PageScroll : public QScrollArea
+{
+public:
+    explicit PageScroll(QWidget *parent) : QScrollArea(parent)
+    {
+        setFrameShape(QFrame::NoFrame);
+        setWidgetResizable(true);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    }
+
+    QSize minimumSizeHint() const override
+    {
+        const int pageWidth = widget() != nullptr ? widget()->minimumSizeHint().width() : 0;
+        return {pageWidth + style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this),
+                QScrollArea::minimumSizeHint().height()};
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (watched == widget() && event->type() == QEvent::LayoutRequest)
+            updateGeometry();
+        return QScrollArea::eventFilter(watched, event);
+    }
+};
+
 } // namespace
 
 ShapePanel::ShapePanel(ZTGraphicsDocument &document, DocumentActions &actions, QWidget *parent)
@@ -87,29 +114,34 @@ QVBoxLayout *ShapePanel::newPage(const Title &title)
     auto *layout = new QVBoxLayout(page);
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     layout->addStretch(1);
-    auto *scroll = new QScrollArea(this);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidgetResizable(true);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scroll->setWidget(page);
-    addPage(scroll, title);
+    addPage(page, title);
     return layout;
 }
 
+// Each page scrolls where the window is low, so that none of them keeps it from fitting a screen.
 void ShapePanel::addPage(QWidget *page, const Title &title)
 {
+    auto *scroll = new PageScroll(this);
+    scroll->setWidget(page);
     m_titles.append(title);
-    m_tabs->addTab(page, title());
+    m_tabs->addTab(scroll, title());
 }
 
 void ShapePanel::setPageShown(QWidget *page, bool isShown)
 {
-    if (isShown && m_tabs->currentWidget() != page)
+    QWidget *shown = nullptr;
+    for (int i = 0; i < m_tabs->count() && shown == nullptr; ++i) {
+        if (m_tabs->widget(i)->isAncestorOf(page))
+            shown = m_tabs->widget(i);
+    }
+    if (shown == nullptr)
+        return;
+    if (isShown && m_tabs->currentWidget() != shown)
         m_pageBefore = m_tabs->currentWidget();
-    const bool isInSight = m_tabs->currentWidget() == page;
-    m_tabs->setTabVisible(m_tabs->indexOf(page), isShown);
+    const bool isInSight = m_tabs->currentWidget() == shown;
+    m_tabs->setTabVisible(m_tabs->indexOf(shown), isShown);
     if (isShown)
-        m_tabs->setCurrentWidget(page);
+        m_tabs->setCurrentWidget(shown);
     else if (isInSight && m_pageBefore != nullptr)
         m_tabs->setCurrentWidget(m_pageBefore);
 }
@@ -221,10 +253,6 @@ void ShapePanel::retranslate()
     setWindowTitle(tr("Shape"));
     for (int i = 0; i < m_titles.size(); ++i)
         m_tabs->setTabText(i, m_titles[i]());
-    // As wide as its widest page: fields are never cut off at the side.
-    for (auto *scroll : m_tabs->findChildren<QScrollArea *>())
-        scroll->setMinimumWidth(scroll->widget()->minimumSizeHint().width() +
-                                style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, scroll));
 }
 
 } // namespace studio

@@ -1822,14 +1822,6 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>码</translation>
     </message>
     <message>
-        <source>%1 %2</source>
-        <translation>%1 %2</translation>
-    </message>
-    <message>
-        <source>%1 %2 &quot;%3&quot;</source>
-        <translation>%1 %2“%3”</translation>
-    </message>
-    <message>
         <source>Path</source>
         <translation>路径</translation>
     </message>

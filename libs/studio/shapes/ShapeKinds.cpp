@@ -1,7 +1,5 @@
 #include <studio/shapes/ShapeKinds.h>
 
-#include <hostkit/items/ItemExtras.h>
-
 #include <QtCore/QCoreApplication>
 
 #include <algorithm>
@@ -75,22 +73,6 @@ const ShapeKind &shapeKind(ShapeType type)
 QString kindName(ShapeType type)
 {
     return QCoreApplication::translate(kNames, shapeKind(type).name);
-}
-
-QString shapeName(const ZTAbstractGraphicsItem &item)
-{
-    QString name = hostkit::itemExtras(item).name;
-    if (!name.isEmpty())
-        return name;
-    const QString kind = kindName(item.getShapeType());
-    const int id = item.getShapeBase()->getId();
-    const QString words = item.text().simplified();
-    if (words.isEmpty())
-        return QCoreApplication::translate("studio::ShapeKinds", "%1 %2").arg(kind).arg(id);
-    return QCoreApplication::translate("studio::ShapeKinds", "%1 %2 \"%3\"")
-        .arg(kind)
-        .arg(id)
-        .arg(words);
 }
 
 } // namespace studio

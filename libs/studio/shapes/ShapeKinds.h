@@ -36,7 +36,4 @@ const ShapeKind &shapeKind(ShapeType type);
 /** What people call a kind, in the language of the program. */
 QString kindName(ShapeType type);
 
-/** What people call a shape: its own name, or its kind, its number and its words. */
-QString shapeName(const ZTAbstractGraphicsItem &item);
-
 } // namespace studio

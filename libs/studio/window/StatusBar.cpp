@@ -12,6 +12,8 @@ namespace studio {
 namespace {
 
 constexpr int kRefreshMs = 33;
+constexpr int kWordCharacters = 30;
+constexpr int kFieldGapPx = 8;
 
 /** A length for reading. */
 QString lengthText(double lengthPx)
@@ -78,6 +80,27 @@ void StatusBar::retranslate()
     label(*m_countField, tr("%1 of %2 selected").arg(99999).arg(99999),
           tr("Selected shapes, and all shapes"));
     label(*m_zoomField, tr("%1 %").arg(2400), tr("Zoom; Ctrl and the wheel change it"));
+    showWhatFits();
+}
+
+/** Room for its fields is no reason to keep the window wider than a screen. */
+QSize StatusBar::minimumSizeHint() const { return {0, QStatusBar::minimumSizeHint().height()}; }
+
+void StatusBar::resizeEvent(QResizeEvent *event)
+{
+    QStatusBar::resizeEvent(event);
+    showWhatFits();
+}
+
+/** Leaves room for words: first the count goes, which the panel tells, too, then the mouse. */
+void StatusBar::showWhatFits()
+{
+    const int wordsPx = kWordCharacters * fontMetrics().averageCharWidth();
+    int roomPx = width() - wordsPx;
+    for (QLabel *field : {m_zoomField, m_boxField, m_cursorField, m_countField}) {
+        roomPx -= field->minimumWidth() + kFieldGapPx;
+        field->setVisible(roomPx >= 0 || field == m_zoomField || field == m_boxField);
+    }
 }
 
 void StatusBar::changeEvent(QEvent *event)

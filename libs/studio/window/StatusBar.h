@@ -41,10 +41,13 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    QSize minimumSizeHint() const override;
+    void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
 
 private:
     QLabel *addField(const QString &name);
+    void showWhatFits();
     void retranslate();
     void connectDocument();
     void refreshLater();

@@ -229,7 +229,7 @@ private Q_SLOTS:
         item->setFixedText(QStringLiteral("中文"));
         const hostkit::MarkFindings findings = hostkit::drawingMarks(*document).findings;
         QCOMPARE(findings.notReady.size(), 1);
-        QVERIFY2(findings.notReady.first().startsWith(QStringLiteral("bar code 0: Code 128")),
+        QVERIFY2(findings.notReady.first().startsWith(QStringLiteral("中文: Code 128")),
                  qPrintable(findings.notReady.first()));
         QVERIFY(!findings.isEmpty());
         QVERIFY(hostkit::describeFindings(findings)

@@ -51,6 +51,7 @@ public:
     void fillLine() override { ++plainHatches; }
 
     using ZTShapeBase::setFillLines;
+    using ZTShapeBase::setLines;
 
     QPainterPath source;
     bool sorted = true;
@@ -90,6 +91,22 @@ private Q_SLOTS:
         ZTCoord::getInstance()->setHeight(1930.0);
     }
     void cleanup() { guard.reset(); }
+
+    void controlPointRect_followsEveryOutline_alsoOfCopies()
+    {
+        QPainterPath curve;
+        curve.cubicTo(0, 30, 20, 30, 20, 0);
+        ProbeShape shape;
+        shape.setLines(curve);
+        QCOMPARE(shape.controlPointRect(), QRectF(0, 0, 20, 30));
+        ProbeShape copy(shape);
+        ProbeShape sharing;
+        sharing = shape;
+        shape.setLines(QPainterPath());
+        QVERIFY(shape.controlPointRect().isNull());
+        QCOMPARE(copy.controlPointRect(), QRectF(0, 0, 20, 30));
+        QVERIFY(sharing.controlPointRect().isNull());
+    }
 
     void newRect_hasTheDefaults()
     {

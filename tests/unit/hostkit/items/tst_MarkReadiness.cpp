@@ -47,9 +47,9 @@ private Q_SLOTS:
         item->doubtful->reason = QStringLiteral("it has no content");
         QCOMPARE(hostkit::notReadyReason(*item), QStringLiteral("it has no content"));
         const hostkit::MarkFindings findings = hostkit::drawingMarks(document).findings;
-        QCOMPARE(findings.notReady, QStringList{QStringLiteral("rectangle 0: it has no content")});
+        QCOMPARE(findings.notReady, QStringList{QStringLiteral("Rectangle 0: it has no content")});
         QCOMPARE(hostkit::describeNotReady(findings),
-                 QStringLiteral("shown otherwise than asked for: rectangle 0: it has no content"));
+                 QStringLiteral("shown otherwise than asked for: Rectangle 0: it has no content"));
         QCOMPARE(hostkit::describeFindings(findings),
                  QStringList{hostkit::describeNotReady(findings)});
     }

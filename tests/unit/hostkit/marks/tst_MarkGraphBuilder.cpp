@@ -141,11 +141,11 @@ private Q_SLOTS:
         addRect(-25.0 * mmPx, 0.0);
         const hostkit::MarkFindings findings = hostkit::drawingMarks(*document).findings;
         QCOMPARE(findings.outside.size(), 1);
-        QCOMPARE(findings.outside[0].name, QStringLiteral("rectangle 1"));
+        QCOMPARE(findings.outside[0].name, QStringLiteral("Rectangle 1"));
         QVERIFY(qAbs(findings.outside[0].boxMm.left() + 25.0) < 1e-4);
         QVERIFY(qAbs(findings.outside[0].boxMm.right() + 15.0) < 1e-4);
         QCOMPARE(hostkit::describeOutside(findings),
-                 QStringLiteral("outside the work area: rectangle 1 (x -25.0 to -15.0, "
+                 QStringLiteral("outside the work area: Rectangle 1 (x -25.0 to -15.0, "
                                 "y 0.0 to 10.0 mm)"));
     }
 
@@ -166,7 +166,23 @@ private Q_SLOTS:
         hostkit::ItemExtras extras;
         extras.name = QStringLiteral("front plate");
         hostkit::setItemExtras(*item, extras);
-        QCOMPARE(hostkit::shapeName(*item), QStringLiteral("\"front plate\""));
+        QCOMPARE(hostkit::shapeName(*item), QStringLiteral("front plate"));
+    }
+
+    void shapeWithWords_isCalledByThem_cutToWhatIsRead()
+    {
+        ZTAbstractGraphicsItem *item =
+            document->itemMag()->addShape(ShapeType::Text, {0, 0, 10, 10});
+        item->setText(QStringLiteral(" two\n words "));
+        QCOMPARE(hostkit::shapeName(*item), QStringLiteral("two words"));
+        item->setText(QString(40, QLatin1Char('x')));
+        QCOMPARE(hostkit::shapeName(*item), QString(40, QLatin1Char('x')));
+        item->setText(QString(41, QLatin1Char('x')));
+        QCOMPARE(hostkit::shapeName(*item), QString(40, QLatin1Char('x')) + QChar(0x2026));
+        // A character of two halves is left out whole.
+        const QString wide = QString::fromUcs4(U"\U00020000");
+        item->setText(QString(39, QLatin1Char('x')) + wide + wide);
+        QCOMPARE(hostkit::shapeName(*item), QString(39, QLatin1Char('x')) + QChar(0x2026));
     }
 
     void outlineWithoutLength_isNamed()
@@ -175,7 +191,7 @@ private Q_SLOTS:
         ZTAbstractGraphicsItem *flat = addRect(100, 0);
         flat->setTransformParam(QTransform::fromScale(0.0, 0.0));
         const hostkit::MarkFindings findings = hostkit::drawingMarks(*document).findings;
-        QCOMPARE(findings.withoutLength, QStringList{QStringLiteral("rectangle 1")});
+        QCOMPARE(findings.withoutLength, QStringList{QStringLiteral("Rectangle 1")});
         QVERIFY(findings.doubled.isEmpty());
     }
 
@@ -187,9 +203,9 @@ private Q_SLOTS:
         // The same square, begun at another corner and run the other way.
         addRect(50, 0)->setTransformParam(QTransform(0.0, 1.0, 1.0, 0.0, 0.0, 0.0));
         const hostkit::MarkFindings findings = hostkit::drawingMarks(*document).findings;
-        QCOMPARE(findings.doubled, QStringList{QStringLiteral("rectangle 1")});
+        QCOMPARE(findings.doubled, QStringList{QStringLiteral("Rectangle 1")});
         QCOMPARE(hostkit::describeFindings(findings),
-                 QStringList{QStringLiteral("outlines that are marked twice: rectangle 1")});
+                 QStringList{QStringLiteral("outlines that are marked twice: Rectangle 1")});
     }
 
     void linesThatATdotFigureDoublesItself_areNoMistake()
