@@ -66,6 +66,6 @@ echo "-- the packages"
 cp -r build/docs "$checkout/build/docs"
 as_newcomer /home/newcomer/checkout/tools/packages.sh
 # What was fetched once is not fetched again.
-cp -al "$root"/var/cache/apt/archives/*.deb "$root.bare/var/cache/apt/archives/"
-cp -al "$root"/var/lib/apt/lists/. "$root.bare/var/lib/apt/lists/"
+cp -alf "$root"/var/cache/apt/archives/*.deb "$root.bare/var/cache/apt/archives/"
+cp -alf "$root"/var/lib/apt/lists/. "$root.bare/var/lib/apt/lists/"
 ci/packages.sh "$checkout/build/release/packages" "$root.bare"

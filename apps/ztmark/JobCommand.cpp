@@ -215,6 +215,8 @@ int JobCommand::run()
     m_isYUp = source.isYUp();
     if (m_pensFile.empty() && !source.pens().isEmpty())
         m_pens = source.pens();
+    if (m_frame) // behind the pens of the drawing, which take the place of all others
+        m_pens.append(jobkit::framePen());
     if (takesNumbers(source) && !(source.lock(m_files) && source.passInterrupted()))
         return console::Failed;
     if (!makeParts(source, progress) || !writeAndKeep(source, progress))
@@ -250,11 +252,7 @@ bool JobCommand::writeAndKeep(JobSource &source, Progress &progress)
 
 bool JobCommand::readMachine()
 {
-    if (!machinefiles::readProfile(m_profileName, &m_profile) || !readPens())
-        return false;
-    if (m_frame)
-        m_pens.append(jobkit::framePen());
-    return true;
+    return machinefiles::readProfile(m_profileName, &m_profile) && readPens();
 }
 
 bool JobCommand::readPens()

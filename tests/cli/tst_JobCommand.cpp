@@ -9,6 +9,8 @@
 #include <hostkit/items/PartTexts.h>
 #include <hostkit/setup/Factories.h>
 
+#include <jobkit/marks/DrawingPens.h>
+
 #include <QtCore/QDir>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -179,6 +181,27 @@ private Q_SLOTS:
                                      .toObject();
         near(part, "markS", 1.2);
         near(part, "jumpS", std::hypot(20, 10) / 1000);
+    }
+
+    // Whichever pens there are: those of the drawing, those of a file.
+    void frame_ofADrawingWithPens_hasNoPower()
+    {
+        ZTGraphicsDocument document;
+        document.itemMag()->addShape(ShapeType::Rect, {0, 0, 10, 10});
+        QVector<jobkit::Pen> pens = jobkit::defaultPens();
+        pens[0].powerPercent = 80.0;
+        jobkit::setDrawingPens(document, pens);
+        QVERIFY(hostkit::saveDrawing(document, {}, path("pens.ztd"), nullptr));
+        for (const char *arguments :
+             {"pens.ztd --frame box -o f.nc", "pens.ztd --frame hull -o f.nc"}) {
+            QCOMPARE(job(arguments).exitCode, 0);
+            testsupport::Controller controller;
+            controller.run(written("f.nc"));
+            QCOMPARE(controller.fault, QString());
+            QCOMPARE(controller.burns.size(), 1);
+            QCOMPARE(controller.burns[0].power, 0.0);
+            QVERIFY(QFile::remove(path("f.nc")));
+        }
     }
 
     void hatch_thatIsEmpty_isWarnedOf()
