@@ -42,7 +42,7 @@ open_root() { # FOLDER
 
 # With what stands in it, but with nothing that is mounted there.
 remove_root() { # FOLDER
-    umount --recursive --lazy "$1/proc" "$1/dev" "$1/root/.cache/ccache" 2>/dev/null
+    umount --recursive --lazy "$1/proc" "$1/dev" "$1/root/.cache/ccache" 2>/dev/null || true
     rm -rf --one-file-system "$1" "$1.log"
 }
 
