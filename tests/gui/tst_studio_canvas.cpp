@@ -75,6 +75,43 @@ private Q_SLOTS:
         QVERIFY(item->isSelected());
     }
 
+    void drag_ofAnUnselectedShape_movesIt_asOneStep()
+    {
+        ShapeItem *item = squareOf200();
+        ShapeItem *other = squareOf200();
+        other->setPos(other->pos() + QPointF(600, 0));
+        studio->select({other});
+        studio->stack().clear();
+        const QPointF placePx = item->pos();
+        const QPointF otherPx = other->pos();
+
+        const QPointF edge(-100, 0); // where the frame's own handle will be
+        studio->driver->press(edge);
+        QCOMPARE(studio::selectedShapeItems(*studio->document().scene()), studio::ShapeItems{item});
+        studio->driver->move(edge + QPointF(20, 10), Qt::ControlModifier);
+        studio->driver->move(edge + QPointF(50, 30), Qt::ControlModifier);
+        studio->driver->release(edge + QPointF(50, 30), Qt::LeftButton, Qt::ControlModifier);
+        QVERIFY((item->pos() - placePx - QPointF(50, 30)).manhattanLength() < 1.5);
+        QCOMPARE(other->pos(), otherPx);
+        QCOMPARE(studio->stack().count(), 1);
+        QVERIFY(studio->frameFits());
+        studio->key(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(item->pos(), placePx);
+    }
+
+    void press_onAnUnselectedShape_aloneMovesNothing()
+    {
+        ShapeItem *item = squareOf200();
+        studio->select({});
+        studio->stack().clear();
+        const QPointF placePx = item->pos();
+        studio->driver->press({-100, 0});
+        studio->driver->release({-100, 0});
+        QVERIFY(item->isSelected());
+        QCOMPARE(item->pos(), placePx);
+        QCOMPARE(studio->stack().count(), 0);
+    }
+
     void flatShapes_letEveryHandleBeGrabbed_data()
     {
         QTest::addColumn<QSizeF>("sizeMm");

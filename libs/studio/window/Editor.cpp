@@ -4,6 +4,7 @@
 #include <studio/canvas/DrawingTools.h>
 #include <studio/canvas/GuideTools.h>
 #include <studio/canvas/RotateHandle.h>
+#include <studio/canvas/ShapeGrab.h>
 #include <studio/canvas/SnapTools.h>
 #include <studio/clipboard/ClipboardActions.h>
 #include <studio/code/CodeTools.h>
@@ -55,6 +56,7 @@ FileKinds kindsOf(const QStringList &paths)
 
 Editor::Editor(ZTGraphicsDocument &edited, Messages &messages, QWidget &window)
     : m_document(edited), m_messages(messages), m_window(window),
+      m_grab(std::make_unique<ShapeGrab>(*edited.view())),
       m_actions(std::make_unique<DocumentActions>(edited)),
       m_rotateHandle(std::make_unique<RotateHandle>(edited, *m_actions)),
       m_snapping(std::make_unique<SnapTools>(edited, &window)),

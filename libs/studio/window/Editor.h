@@ -28,6 +28,7 @@ class PathTools;
 class PrintActions;
 class Reimporter;
 class RotateHandle;
+class ShapeGrab;
 class SnapTools;
 class TextTools;
 
@@ -100,6 +101,7 @@ private:
 
     // Each may know those above it. The order is also that of those who look at the mouse first:
     // the last made is the first asked.
+    std::unique_ptr<ShapeGrab> m_grab;
     std::unique_ptr<DocumentActions> m_actions;
     std::unique_ptr<RotateHandle> m_rotateHandle;
     std::unique_ptr<SnapTools> m_snapping;
