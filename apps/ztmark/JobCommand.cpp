@@ -215,8 +215,6 @@ int JobCommand::run()
     m_isYUp = source.isYUp();
     if (m_pensFile.empty() && !source.pens().isEmpty())
         m_pens = source.pens();
-    if (m_frame) // behind the pens of the drawing, which take the place of all others
-        m_pens.append(jobkit::framePen());
     if (takesNumbers(source) && !(source.lock(m_files) && source.passInterrupted()))
         return console::Failed;
     if (!makeParts(source, progress) || !writeAndKeep(source, progress))
@@ -248,6 +246,11 @@ bool JobCommand::writeAndKeep(JobSource &source, Progress &progress)
         takeBack();
     source.forgetTaken();
     return false;
+}
+
+QVector<jobkit::Pen> JobCommand::jobPens() const
+{
+    return m_frame ? QVector<jobkit::Pen>{jobkit::framePen()} : m_pens;
 }
 
 bool JobCommand::readMachine()
@@ -404,7 +407,7 @@ bool JobCommand::writeFile(const std::string &name, const QVector<jobkit::JobPla
     progress.begin(tr("writing %1").arg(path));
     jobkit::JobFile job;
     job.parts = plans;
-    job.pens = m_pens;
+    job.pens = jobPens();
     job.profile = m_profile;
     job.title = QFileInfo(QString::fromStdString(m_files.names.front())).fileName();
     job.headMm = head();
@@ -453,11 +456,11 @@ void JobCommand::printNumbers(const JobSource &source) const
 TimeSums JobCommand::allTimes() const
 {
     if (m_parts.size() == 1)
-        return jobkit::partsTime(m_parts.front().plan, m_pens, m_profile, head(), m_count);
+        return jobkit::partsTime(m_parts.front().plan, jobPens(), m_profile, head(), m_count);
     TimeSums sums;
     QPointF at = head();
     for (const Part &part : m_parts) {
-        sums += jobkit::jobTimes(part.plan, m_pens, m_profile, at).all;
+        sums += jobkit::jobTimes(part.plan, jobPens(), m_profile, at).all;
         if (!part.plan.pieces.isEmpty())
             at = part.plan.pieces.last().pointsMm.last();
     }
@@ -467,7 +470,7 @@ TimeSums JobCommand::allTimes() const
 void JobCommand::printTimes() const
 {
     const jobkit::JobTimes times =
-        jobkit::jobTimes(m_parts.front().plan, m_pens, m_profile, head());
+        jobkit::jobTimes(m_parts.front().plan, jobPens(), m_profile, head());
     console::print(console::filledUp(tr("Seconds"), kTableLabelWidth) + cell(tr("total")) +
                    cell(tr("marking")) + cell(tr("jumps")) + cell(tr("delays")));
     printSums(m_count > 1 ? tr("First part") : tr("Part"), times.all);
@@ -480,7 +483,7 @@ void JobCommand::printTimes() const
 void JobCommand::printJson() const
 {
     const jobkit::JobTimes times =
-        jobkit::jobTimes(m_parts.front().plan, m_pens, m_profile, head());
+        jobkit::jobTimes(m_parts.front().plan, jobPens(), m_profile, head());
     QJsonObject byPen;
     for (const auto &[pen, sums] : times.byPen)
         byPen.insert(QString::number(pen), jsonOf(sums));

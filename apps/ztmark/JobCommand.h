@@ -48,6 +48,8 @@ private:
     void checkDrawing() const;
     bool writeAndKeep(JobSource &source, Progress &progress);
     bool readMachine();
+    /** Of what is written and timed: those of the drawing, or that of the frame alone. */
+    QVector<jobkit::Pen> jobPens() const;
     bool readPens();
     bool takesNumbers(const JobSource &source) const;
     bool makeParts(JobSource &source, Progress &progress);

@@ -10,6 +10,7 @@
 #include <hostkit/setup/Factories.h>
 
 #include <jobkit/marks/DrawingPens.h>
+#include <jobkit/plan/JobFrame.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QJsonDocument>
@@ -183,13 +184,16 @@ private Q_SLOTS:
         near(part, "jumpS", std::hypot(20, 10) / 1000);
     }
 
-    // Whichever pens there are: those of the drawing, those of a file.
+    // Whichever pens there are, one with the frame's own number too.
     void frame_ofADrawingWithPens_hasNoPower()
     {
         ZTGraphicsDocument document;
         document.itemMag()->addShape(ShapeType::Rect, {0, 0, 10, 10});
         QVector<jobkit::Pen> pens = jobkit::defaultPens();
         pens[0].powerPercent = 80.0;
+        jobkit::Pen loud = jobkit::defaultPen(jobkit::framePen().number);
+        loud.powerPercent = 80.0;
+        pens.append(loud);
         jobkit::setDrawingPens(document, pens);
         QVERIFY(hostkit::saveDrawing(document, {}, path("pens.ztd"), nullptr));
         for (const char *arguments :

@@ -400,7 +400,7 @@ bool JobExporter::writeFiles(const JobExport &wanted, const JobRequest &request,
             file.parts.append(plans.value(plans.size() == 1 ? 0 : i + part));
         if (wanted.frame) {
             file.parts = {jobkit::framePlan(plans.first(), *wanted.frame)};
-            file.pens.append(jobkit::framePen());
+            file.pens = {jobkit::framePen()};
         }
         hostkit::Failure failure;
         const auto write = [form = *jobkit::jobFormOf(wanted.path), &file](QIODevice &device) {
