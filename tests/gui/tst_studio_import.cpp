@@ -13,6 +13,7 @@
 
 #include <hostkit/items/GraphicItems.h>
 #include <hostkit/items/ItemExtras.h>
+#include <hostkit/marks/MarkFindings.h>
 
 #include <QtCore/QFile>
 #include <QtCore/QMimeData>
@@ -392,7 +393,7 @@ private Q_SLOTS:
         const auto items = studio::shapeItemsOf(*studio->document().scene());
         QCOMPARE(items.size(), 2);
         for (const studio::ShapeItem *item : items)
-            QCOMPARE(studio::shapeName(*item), QStringLiteral("film"));
+            QCOMPARE(hostkit::shapeName(*item), QStringLiteral("film"));
         // The second pen drew a dot alone.
         QVERIFY(hasSize(*items[1], QSizeF(0.01, 0)));
     }
