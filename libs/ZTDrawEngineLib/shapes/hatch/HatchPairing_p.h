@@ -58,7 +58,7 @@ private:
     std::vector<std::size_t> m_placeOf; ///< by number: its place in the order of x
     std::vector<int> m_lastOrder;       ///< edges of the last scan line, by growing x
     std::vector<int> m_numbersOfEdges;  ///< by edge: number of its crossing + 1 while ordering, or
-                                       ///< 0; empty until there are many crossings
+                                        ///< 0; empty until there are many crossings
 };
 
 } // namespace zthatch
