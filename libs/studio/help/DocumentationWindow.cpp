@@ -68,7 +68,7 @@ QString documentationFile(const QString &programFolder)
 DocumentationWindow::DocumentationWindow(const QString &helpFile, QWidget *parent)
     : QDialog(parent, Qt::Window | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
       m_engine(std::make_unique<QHelpEngine>(m_folder.filePath(QStringLiteral("help.qhc")))),
-      m_hasPages(open(helpFile)), m_words(new QLineEdit(this)), m_wordsLabel(new QLabel(this)),
+      m_hasPages(readPages(helpFile)), m_words(new QLineEdit(this)), m_wordsLabel(new QLabel(this)),
       m_text(new HelpBrowser(*m_engine, this))
 {
     setObjectName(QStringLiteral("documentation"));
@@ -87,7 +87,7 @@ DocumentationWindow::~DocumentationWindow()
 
 bool DocumentationWindow::hasPages() const { return m_hasPages; }
 
-bool DocumentationWindow::open(const QString &helpFile)
+bool DocumentationWindow::readPages(const QString &helpFile)
 {
     return !helpFile.isEmpty() && m_engine->setupData() &&
            m_engine->registerDocumentation(helpFile);

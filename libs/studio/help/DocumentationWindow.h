@@ -43,7 +43,7 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    bool open(const QString &helpFile);
+    bool readPages(const QString &helpFile);
     void build();
     void retranslate();
     void offer(const QList<QHelpLink> &pages, const QString &name);
