@@ -211,7 +211,7 @@ QPointF MarkCheck::toMm(const QPointF &mark) const
 
 QString shapeName(const ZTAbstractGraphicsItem &item)
 {
-    const QString given = itemExtras(item).name;
+    QString given = itemExtras(item).name;
     if (!given.isEmpty())
         return given;
     const QString words = item.text().simplified();

@@ -41,7 +41,8 @@ jobkit::JobTimes furtherTimes(const Job &job)
 jobkit::JobItem itemOf(const ZTMarkGraph &one, const hostkit::MarkUnits &units,
                        const QVector<hostkit::HatchLayer> &layers, int place)
 {
-    jobkit::JobItem item = jobkit::itemsOf(one, units, {layers}).first();
+    const QVector<jobkit::JobItem> items = jobkit::itemsOf(one, units, {layers});
+    jobkit::JobItem item = items.first();
     item.object = place;
     return item;
 }
