@@ -47,6 +47,5 @@ for name in "${names[@]}"; do
 done
 while [ -n "$(jobs -p)" ]; do
     wait -n || failed=1
-    jobs >/dev/null
 done
 exit $failed
