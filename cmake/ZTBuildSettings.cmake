@@ -26,7 +26,11 @@ endif()
 
 find_program(ZT_CCACHE ccache)
 if(ZT_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${ZT_CCACHE}")
+  # The same sources are known again in another folder. What is known is asked by the bytes of all
+  # files read (DEPEND), never by what the preprocessor makes of them: a precompiled header keeps the
+  # sizes of its headers, and one made before a comment changed lets them in a second time.
+  set(CMAKE_CXX_COMPILER_LAUNCHER env CCACHE_DEPEND=1 CCACHE_NOHASHDIR=1
+    CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_SLOPPINESS=pch_defines,time_macros "${ZT_CCACHE}")
 endif()
 
 add_library(zt_settings INTERFACE)
@@ -68,5 +72,9 @@ set(ZT_WIDGET_HEADERS ${ZT_CORE_HEADERS} <QtGui/QPainterPath> <QtGui/QPainter> <
 function(zt_precompile target)
   if(ZT_PRECOMPILE)
     target_precompile_headers(${target} PRIVATE ${ARGN})
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+      # Made again from the same headers it has the same bytes: a compiler cache knows what uses it.
+      target_compile_options(${target} PRIVATE "SHELL:-Xclang -fno-pch-timestamp")
+    endif()
   endif()
 endfunction()

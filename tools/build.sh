@@ -8,9 +8,6 @@ shift
 
 cd "$top"
 mkdir -p build
-# Where the machine keeps a compiler cache: the same sources are known again in another folder.
-export CCACHE_BASEDIR=$top CCACHE_NOHASHDIR=1
-export CCACHE_SLOPPINESS=pch_defines,time_macros
 export CCACHE_MAXSIZE=${CCACHE_MAXSIZE:-20G} # all presets of one tree take 5 GB
 log=build/$preset.log
 echo "Building ($preset) ..."
