@@ -83,6 +83,16 @@ bool areAllOfOneHeight(const Guarded &items)
     });
 }
 
+QList<QPointer<ZTAbstractGraphicsItem>> selectedOf(const Guarded &items)
+{
+    QList<QPointer<ZTAbstractGraphicsItem>> selected;
+    for (const auto &item : items) {
+        if (item && item->isSelected())
+            selected.append(item);
+    }
+    return selected;
+}
+
 /**
  * Brings items to the front of all lists in which Qt searches for those that go; returns them in
  * the order in which each is the first one then.
@@ -228,7 +238,7 @@ void ZTGraphicsScene::deleteItems(const QList<ZTAbstractGraphicsItem *> &items)
         polishItems();
         update();
     }
-    deselect({items.begin(), items.end()});
+    deselect(selectedOf(guarded));
     if (areFew) {
         for (const auto &item : guarded)
             delete item;
@@ -246,15 +256,18 @@ void ZTGraphicsScene::deleteItems(const QList<ZTAbstractGraphicsItem *> &items)
 
 void ZTGraphicsScene::deselect(const QList<QPointer<ZTAbstractGraphicsItem>> &items)
 {
-    const int selectedBefore = selectedItems().size();
+    bool hasChanged = false;
     {
         const QSignalBlocker oneSignalForAll(this);
         for (const auto &item : items) {
-            if (item)
-                item->setSelected(false);
+            if (!item)
+                continue;
+            const bool wasSelectedHere = item->isSelected() && item->scene() == this;
+            item->setSelected(false);
+            hasChanged = hasChanged || (wasSelectedHere && !(item && item->isSelected()));
         }
     }
-    if (selectedItems().size() != selectedBefore)
+    if (hasChanged)
         Q_EMIT selectionChanged();
 }
 
