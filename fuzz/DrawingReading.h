@@ -40,6 +40,7 @@ int requireDrawingOrReason(Reader read, const std::uint8_t *data, std::size_t si
     const QByteArray bytes(reinterpret_cast<const char *>(data), static_cast<int>(size));
     vectorkit::ReadOptions options;
     options.mostPieces = 20000;
+    options.mostBytes = 1024 * 1024;
     vectorkit::VectorDrawing drawing;
     vectorkit::ReadFailure failure;
     if (!read(bytes, options, &drawing, &failure)) {

@@ -1,6 +1,7 @@
 #include <vectorkit/VectorReader.h>
 
 #include <vectorkit/FormatSniffer_p.h>
+#include <vectorkit/Gunzip_p.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
@@ -34,6 +35,26 @@ bool failTooLarge(ReadFailure *failure, const ReadOptions &options)
             .arg(mib));
 }
 
+/** Unpacks what is compressed, once. */
+bool unpack(const QByteArray &bytes, const ReadOptions &options, QByteArray *unpacked,
+            ReadFailure *failure)
+{
+    switch (gunzip(bytes, mostBytesOf(options), unpacked)) {
+    case Unpacking::Done:
+        return true;
+    case Unpacking::TooLarge:
+        return failTooLarge(failure, options);
+    case Unpacking::Damaged:
+        break;
+    }
+    if (failure)
+        *failure = {
+            Kind::Damaged,
+            QCoreApplication::translate("vectorkit", "The file is compressed (gzip) and damaged."),
+            QCoreApplication::translate("vectorkit", "Copy or load it once more.")};
+    return false;
+}
+
 bool readBytes(const QString &path, const ReadOptions &options, QByteArray *bytes,
                ReadFailure *failure)
 {
@@ -61,11 +82,14 @@ bool readBytes(const QString &path, const ReadOptions &options, QByteArray *byte
 
 } // namespace
 
-bool readDrawing(const QByteArray &bytes, const ReadOptions &options, VectorDrawing *drawing,
+bool readDrawing(const QByteArray &file, const ReadOptions &options, VectorDrawing *drawing,
                  ReadFailure *failure)
 {
-    if (bytes.size() > mostBytesOf(options))
+    if (file.size() > mostBytesOf(options))
         return failTooLarge(failure, options);
+    QByteArray bytes = file;
+    if (isGzip(file) && !unpack(file, options, &bytes, failure))
+        return false;
     if (bytes.trimmed().isEmpty())
         return fail(failure, Kind::Empty,
                     QCoreApplication::translate("vectorkit", "The file is empty."));

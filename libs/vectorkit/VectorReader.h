@@ -17,7 +17,7 @@ struct ReadOptions
     /** Told how much is done, 0 to 1, now and then; false cancels. May be empty. */
     std::function<bool(double done)> progress;
 
-    /** Limit: bytes of a file. */
+    /** Limit: bytes of a file, unpacked where it is compressed. */
     qint64 mostBytes = qint64(256) * 1024 * 1024;
 
     /** Limit: pieces of all paths, those from repeated blocks included. */
@@ -37,7 +37,8 @@ struct ReadFailure
 VectorFormat formatOf(const QByteArray &start);
 
 /**
- * Reads a foreign drawing, its format chosen by content.
+ * Reads a foreign drawing, its format chosen by content; one that gzip compressed, such as an
+ * .svgz, is unpacked first.
  *
  * Order: any thread; drawings with texts in SVG need a `QGuiApplication`.
  * Failure: false with the reason, and `drawing` stays as it was.

@@ -19,7 +19,8 @@ namespace {
 const QString kFolderKey = QStringLiteral("import/folder");
 
 const QString kPatterns = QStringLiteral(
-    "*.svg *.dxf *.plt *.hpgl *.hpg *.hgl *.plo *.hp *.SVG *.DXF *.PLT *.HPGL *.HPG *.HGL");
+    "*.svg *.svgz *.dxf *.plt *.hpgl *.hpg *.hgl *.plo *.hp *.SVG *.SVGZ *.DXF *.PLT *.HPGL *.HPG "
+    "*.HGL");
 
 } // namespace
 

@@ -200,10 +200,6 @@
         <translation>这是 ZIP 压缩包。</translation>
     </message>
     <message>
-        <source>This is compressed (gzip), as .svgz files are.</source>
-        <translation>这是压缩文件（gzip），例如 .svgz 文件。</translation>
-    </message>
-    <message>
         <source>This is no file that holds data.</source>
         <translation>这不是含有数据的文件。</translation>
     </message>
@@ -638,6 +634,18 @@
     <message>
         <source>texts seen from the side</source>
         <translation>从侧面看的文字</translation>
+    </message>
+    <message>
+        <source>Copy or load it once more.</source>
+        <translation>请重新复制或下载。</translation>
+    </message>
+    <message>
+        <source>The file is compressed (gzip) and damaged.</source>
+        <translation>文件经过压缩（gzip）并且已损坏。</translation>
+    </message>
+    <message>
+        <source>This is a gzip archive.</source>
+        <translation>这是 gzip 压缩档案。</translation>
     </message>
 </context>
 </TS>

@@ -34,6 +34,13 @@ ReadFailure refusalOf(const QByteArray &bytes, const ReadOptions &options = {})
     return failure;
 }
 
+/** A line of 15 mm and one of 5 in a sheet of 20 x 10 mm, as gzip packed it. */
+const QByteArray kPackedSvg = QByteArray::fromHex(
+    "1f8b08000000000002031dcd4b0ac3201446e1ad5cfe05c4ab2593e2cda0f32e2210ab528d412566f97d"
+    "0c0f7c706c3b3d5d39ed4d107a3fee4a8d31a6719b4af5ca30b3fa0ad0885b0f02c33983828b3e7481fe"
+    "d719dd78944bc0c464983463b1c7da036d82a72613f47ccea0d66b793b41751be8155312ec6577508bfd"
+    "3d960f4894a2488b000000");
+
 QString write(const QTemporaryDir &folder, const QString &name, const QByteArray &bytes)
 {
     const QString path = folder.filePath(name);
@@ -147,7 +154,6 @@ private Q_SLOTS:
             "This is an STL model, a body in space.", "flat view");
         row("rar", "Rar!\x1A\x07", "This is a RAR archive.", "Unpack it");
         row("7z", "7z\xBC\xAF\x27\x1C", "This is a 7z archive.", "Unpack it");
-        row("gzip", "\x1F\x8B\x08", "This is compressed (gzip), as .svgz files are.", "Unpack it");
         row("gcode", "; made by hand\nG21\nG90\nG0 X1 Y2\nM3 S100\nG1 X5\n",
             "This is G-code, the program of a machine.", "Take the drawing");
         row("dmpl", ";:H A L0 ECN U 0,0 D 100,100 ",
@@ -172,6 +178,37 @@ private Q_SLOTS:
         QCOMPARE(int(failure.kind), int(ReadFailure::Kind::WrongFormat));
         QCOMPARE(failure.reason, reason);
         QVERIFY2(failure.advice.contains(advice), qPrintable(failure.advice));
+    }
+
+    void packedDrawing_isUnpackedFirst()
+    {
+        VectorDrawing drawing;
+        ReadFailure failure;
+        QVERIFY(readDrawing(kPackedSvg, {}, &drawing, &failure));
+        QCOMPARE(int(drawing.format), int(VectorFormat::Svg));
+        QCOMPARE(drawing.boundsMm(), QRectF(1.0, 2.0, 15.0, 5.0));
+        // What pads the end is none of it.
+        QVERIFY(readDrawing(kPackedSvg + QByteArray(512, '\0'), {}, &drawing, &failure));
+        // Two parts are one text: here it holds two roots, which no XML does.
+        QCOMPARE(int(refusalOf(kPackedSvg + kPackedSvg).kind), int(ReadFailure::Kind::Damaged));
+    }
+
+    void packedDrawing_damagedOrTooLarge_isRefused()
+    {
+        const int half = kPackedSvg.size() / 2;
+        QByteArray otherSum = kPackedSvg;
+        otherSum[otherSum.size() - 8] = char(otherSum[otherSum.size() - 8] ^ 1);
+        for (const QByteArray &bytes : {QByteArray("\x1F\x8B\x08"), kPackedSvg.left(half), otherSum,
+                                        QByteArray(kPackedSvg.left(20) + QByteArray(half, 'x'))}) {
+            const ReadFailure failure = refusalOf(bytes);
+            QCOMPARE(int(failure.kind), int(ReadFailure::Kind::Damaged));
+            QCOMPARE(failure.reason, QStringLiteral("The file is compressed (gzip) and damaged."));
+            QCOMPARE(failure.advice, QStringLiteral("Copy or load it once more."));
+        }
+        // Packed it is 137 bytes, unpacked 139.
+        ReadOptions options;
+        options.mostBytes = 138;
+        QCOMPARE(int(refusalOf(kPackedSvg, options).kind), int(ReadFailure::Kind::TooLarge));
     }
 
     void readDrawing_nothing_isEmpty()
