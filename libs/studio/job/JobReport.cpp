@@ -47,7 +47,7 @@ QString penTable(const Job &job)
     QStringList rows{row({Texts::tr("Pen"), Texts::tr("Name"), Texts::tr("mm/s"), Texts::tr("%"),
                           Texts::tr("kHz"), Texts::tr("Times"), Texts::tr("Seconds")})};
     for (const auto &used : job.times.byPen) {
-        const jobkit::Pen pen = jobkit::penOf(job.request.pens, used.first);
+        const jobkit::Pen pen = jobkit::penOf(job.request.pens, used.first, job.request.machine);
         rows << row({QString::number(pen.number), pen.name, QLocale().toString(pen.speedMmPerS),
                      QLocale().toString(pen.powerPercent), QLocale().toString(pen.frequencyKHz),
                      QString::number(pen.passes), number(used.second.totalS())});
