@@ -287,7 +287,7 @@ bool Loader::keep(Item item, Failure *failure)
 void Loader::fill(ZTAbstractGraphicsItem &item, const DrawingItem &record)
 {
     fillShape(item, record);
-    item.setPos(record.posPx);
+    setPosExactly(item, record.posPx);
     item.setShapeType(record.type);
     if (record.kind != ShapeType2String(record.type))
         setItemKind(item, record.kind);

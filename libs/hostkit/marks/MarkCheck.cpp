@@ -153,8 +153,7 @@ QString millimetres(double length) { return QString::number(length, 'f', 1); }
 } // namespace
 
 MarkCheck::MarkCheck(const QRectF &fieldMm, float scaleX, float scaleY)
-    : m_fieldMm(fieldMm.adjusted(-kHairMm, -kHairMm, kHairMm, kHairMm)), m_scaleX(scaleX),
-      m_scaleY(scaleY)
+    : m_fieldMm(fieldMm), m_scaleX(scaleX), m_scaleY(scaleY)
 {
 }
 
@@ -188,12 +187,8 @@ void MarkCheck::lookForOutside(const ZTAbstractGraphicsItem &item, const ZTMarkO
     Box boxMm; // a negative scale turns the corners round
     boxMm.include(toMm(boxMark.rect().topLeft()));
     boxMm.include(toMm(boxMark.rect().bottomRight()));
-    const QRectF rectMm = boxMm.rect();
-    const bool isInside = rectMm.left() >= m_fieldMm.left() && rectMm.top() >= m_fieldMm.top() &&
-                          rectMm.right() <= m_fieldMm.right() &&
-                          rectMm.bottom() <= m_fieldMm.bottom();
-    if (!isInside)
-        findings.outside.append({shapeName(item), rectMm});
+    if (!isWithinField(boxMm.rect(), m_fieldMm))
+        findings.outside.append({shapeName(item), boxMm.rect()});
 }
 
 /** A TDOT figure has doubled lines by its nature: only another shape's count for it. */
@@ -207,6 +202,14 @@ QPointF MarkCheck::toMm(const QPointF &mark) const
 {
     const ZTCoord &coord = *ZTCoord::getInstance();
     return {coord.pix2mm(mark.x() / m_scaleX), coord.pix2mm(mark.y() / m_scaleY)};
+}
+
+bool isWithinField(const QRectF &boxMm, const QRectF &fieldMm)
+{
+    const QRectF field = fieldMm.adjusted(-kHairMm, -kHairMm, kHairMm, kHairMm);
+    // By its edges: a flat box is contained in none.
+    return boxMm.left() >= field.left() && boxMm.right() <= field.right() &&
+           boxMm.top() >= field.top() && boxMm.bottom() <= field.bottom();
 }
 
 QString shapeName(const ZTAbstractGraphicsItem &item)

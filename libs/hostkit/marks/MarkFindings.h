@@ -31,6 +31,12 @@ struct MarkFindings
 };
 
 /**
+ * Whether a box lies in a field, to its very edges, both in millimetres. A millionth of a millimetre
+ * beyond is still inside: sums of lengths are off by as much.
+ */
+bool isWithinField(const QRectF &boxMm, const QRectF &fieldMm);
+
+/**
  * What people call a shape, in lists and in sentences alike: the name it was given, else its words,
  * 40 characters of them at most, else its kind and its number, "Rectangle 3".
  */

@@ -21,6 +21,7 @@ struct Texts
 QString numberText(double value) { return QString::number(value, 'g', 6); }
 
 constexpr double kFarthestMm = 1e9; // beyond it, lines are not compared
+constexpr double kHairMm = 1e-6;    // what sums of lengths are off by
 
 bool isFinite(const QPolygonF &points)
 {
@@ -148,7 +149,8 @@ private:
 
     void checkRuns(const JobItem &item)
     {
-        const QRectF field = m_profile.fieldMm();
+        // To the very edges, but for what sums of lengths are off by.
+        const QRectF field = m_profile.fieldMm().adjusted(-kHairMm, -kHairMm, kHairMm, kHairMm);
         std::set<FindingKind> told;
         const auto once = [&](FindingKind kind, const QPointF &atMm, const QString &text) {
             if (told.count(kind) == 0)

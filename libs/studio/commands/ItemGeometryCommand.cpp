@@ -3,6 +3,8 @@
 #include <studio/commands/FramePause.h>
 #include <studio/commands/IndexPause.h>
 
+#include <hostkit/items/ShapeItems.h>
+
 #include <cmath>
 
 namespace studio {
@@ -52,7 +54,7 @@ void ItemGeometryCommand::restore(const QVector<State> &states)
             continue;
         if (!areSame(m_items[i]->getTransformParam(), states[i].transform))
             m_items[i]->setTransformParam(states[i].transform);
-        m_items[i]->setPos(states[i].posPx);
+        hostkit::setPosExactly(*m_items[i], states[i].posPx);
     }
 }
 

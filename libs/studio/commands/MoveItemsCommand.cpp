@@ -2,6 +2,8 @@
 
 #include <studio/commands/FramePause.h>
 
+#include <hostkit/items/ShapeItems.h>
+
 namespace studio {
 
 MoveItemsCommand::MoveItemsCommand(ZTGraphicsScene *scene, const QVector<ItemMove> &moves,
@@ -20,7 +22,7 @@ void MoveItemsCommand::moveAll(QPointF Step::*place)
     const FramePause pause(*m_drawing);
     for (const Step &step : qAsConst(m_steps)) {
         if (step.item)
-            step.item->setPos(step.*place);
+            hostkit::setPosExactly(*step.item, step.*place);
     }
 }
 

@@ -1,5 +1,7 @@
 #include <studio/commands/ShapeStateCommand.h>
 
+#include <hostkit/items/ShapeItems.h>
+
 namespace studio {
 
 namespace {
@@ -61,7 +63,7 @@ void ShapeState::restore(ShapeItem &item) const
         item.copy(m_copy.get());
     else
         restoreBase(item);
-    item.setPos(m_posPx);
+    hostkit::setPosExactly(item, m_posPx);
     item.update();
 }
 

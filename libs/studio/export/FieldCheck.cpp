@@ -32,16 +32,11 @@ QStringList namesOf(const ShapeItems &shapes)
 ShapeItems shapesOutsideField(const ShapeItems &shapes, const ZTGraphicsDocument &document)
 {
     const QRectF fieldMm(document.view()->getWorkArea());
-    const QRectF fieldPx = ZTCoord::getInstance()->getMm2pixTransform().mapRect(fieldMm);
+    const QTransform toMm = ZTCoord::getInstance()->getMm2pixTransform().inverted();
     ShapeItems outside;
     for (ShapeItem *item : shapes) {
-        if (!hostkit::isMarked(*item))
-            continue;
-        const QRectF boxPx = sceneBox(*item);
-        // By its edges: a flat box is contained in none.
-        const bool isInside = boxPx.left() >= fieldPx.left() && boxPx.right() <= fieldPx.right() &&
-                              boxPx.top() >= fieldPx.top() && boxPx.bottom() <= fieldPx.bottom();
-        if (!isInside)
+        if (hostkit::isMarked(*item) &&
+            !hostkit::isWithinField(toMm.mapRect(sceneBox(*item)), fieldMm))
             outside.append(item);
     }
     return outside;

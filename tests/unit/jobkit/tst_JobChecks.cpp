@@ -88,6 +88,9 @@ void tst_JobChecks::outsideField_isToldOnceAnObjectWithPlace()
     QCOMPARE(findings[0].object, 7);
     QCOMPARE(findings[0].atMm, QPointF(55, 0));
     QCOMPARE(findings[0].text, QStringLiteral("\"shape 7\" reaches beyond the field."));
+    // To the very edge is inside, and so is what sums of lengths are off by.
+    QVERIFY(check({square(1, 40.0 + 1e-9, 0, 10)}).isEmpty());
+    QCOMPARE(check({square(1, 40.0 + 1e-5, 0, 10)}).size(), 1);
 }
 
 void tst_JobChecks::fastAndSwitchedOffPens_areTold()

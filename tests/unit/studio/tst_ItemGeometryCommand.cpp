@@ -110,6 +110,18 @@ private Q_SLOTS:
         QCOMPARE(item->getTransformParam(), QTransform());
     }
 
+    // Qt takes places within some 1e-12 for the same.
+    void undo_givesBackThePlaceToTheLastBit()
+    {
+        ShapeItem *item = test->addRect(-466.25, 0);
+        test->select({item});
+        push<MirrorCommand>(MirrorCommand::TopToBottom);
+        item->setPos(0, 50);
+        item->setPos(-466.25, -2.3e-13);
+        stack()->undo();
+        QVERIFY(item->pos().y() == 0.0);
+    }
+
     void frame_fitsAfterEachStep()
     {
         const ShapeItems items{test->addRect(0, 0), test->addRect(70, 0)};

@@ -29,6 +29,18 @@ private Q_SLOTS:
         QCOMPARE(stack()->text(0), QStringLiteral("Move"));
     }
 
+    /** Qt takes places within some 1e-12 for the same. */
+    void almostNothing_isDoneAndUndoneExactly()
+    {
+        ShapeItem *item = test->addRect(-466.25, 0);
+        push({{item, {-466.25, -2.3e-13}}});
+        QVERIFY(item->pos().y() == -2.3e-13);
+        stack()->undo();
+        QVERIFY(item->pos().y() == 0.0);
+        stack()->redo();
+        QVERIFY(item->pos().y() == -2.3e-13);
+    }
+
     void eachStep_announcesEachMoveOnce()
     {
         ShapeItem *item = test->addRect(0, 0);

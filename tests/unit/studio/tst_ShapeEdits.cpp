@@ -2,6 +2,7 @@
 #include "StudioTest.h"
 
 #include <studio/commands/HatchCommand.h>
+#include <studio/commands/ShapeStateCommand.h>
 #include <studio/panel/ShapeEdits.h>
 
 #include <hostkit/drawing/DrawingFile.h>
@@ -378,6 +379,17 @@ private Q_SLOTS:
         edits->setTurn(1, frame());
         edits->setSides(5);
         QCOMPARE(stack()->count(), 0);
+    }
+
+    // Qt takes places within some 1e-12 for the same.
+    void restore_givesBackThePlaceToTheLastBit()
+    {
+        ShapeItem *item = test->addRect(-466.25, 0);
+        const studio::ShapeState before(*item);
+        item->setPos(0, 50);
+        item->setPos(-466.25, -2.3e-13);
+        before.restore(*item);
+        QVERIFY(item->pos().y() == 0.0);
     }
 
 private:

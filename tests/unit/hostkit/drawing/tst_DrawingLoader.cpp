@@ -2,6 +2,7 @@
 #include <support/ShapeState.h>
 #include <support/SingletonGuard.h>
 
+#include <hostkit/items/ShapeItems.h>
 #include <hostkit/setup/Factories.h>
 
 #include <QtTest/QTest>
@@ -82,6 +83,20 @@ private Q_SLOTS:
         QCOMPARE(error.kind, Failure::Kind::NotPossible);
         QCOMPARE(error.reason, QStringLiteral("needs more memory than there is"));
         QCOMPARE(testsupport::savedBytes(document), before);
+    }
+
+    void placesOfAlmostNothing_comeBackToTheLastBit()
+    {
+        ZTGraphicsDocument source;
+        auto *saved = source.itemMag()->addShape(ShapeType::Rect, QRectF(0, 0, 10, 10));
+        saved->setPos(50.0, 50.0);
+        saved->setPos(0.0, -2.3e-13);
+        ZTGraphicsDocument document;
+        Failure error;
+        QVERIFY(testsupport::load(testsupport::savedBytes(source), document, &error));
+        const auto items = hostkit::shapeItemsOf(document);
+        QCOMPARE(items.size(), 1);
+        QVERIFY(items.first()->pos().x() == 0.0 && items.first()->pos().y() == -2.3e-13);
     }
 
     void exceptionInTheHandOver_leavesTheOpenDrawingWhole()

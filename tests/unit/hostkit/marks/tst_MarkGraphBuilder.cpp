@@ -227,6 +227,18 @@ private Q_SLOTS:
                                             "s5, s6, s7, s8, s9 and 2 more")});
     }
 
+    void isWithinField_takesTheEdgesIn_andFlatBoxes()
+    {
+        const QRectF field(-50.0, 0.0, 100.0, 80.0);
+        QVERIFY(hostkit::isWithinField({-50.0, 0.0, 100.0, 80.0}, field));
+        QVERIFY(hostkit::isWithinField({50.0, 10.0, 0.0, 5.0}, field));
+        QVERIFY(hostkit::isWithinField({40.0, 70.0, 10.0 + 1e-9, 10.0 + 1e-9}, field));
+        QVERIFY(!hostkit::isWithinField({40.0, 70.0, 10.0 + 1e-5, 1.0}, field));
+        QVERIFY(!hostkit::isWithinField({40.0, 70.0, 1.0, 10.0 + 1e-5}, field));
+        QVERIFY(!hostkit::isWithinField({-50.0 - 1e-5, 70.0, 1.0, 1.0}, field));
+        QVERIFY(!hostkit::isWithinField({0.0, -1e-5, 1.0, 1.0}, field));
+    }
+
 private:
     /** A square of 10 mm with its corner at a place on the scene. */
     ZTAbstractGraphicsItem *addRect(double xPx, double yPx)
