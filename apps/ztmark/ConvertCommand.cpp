@@ -7,6 +7,8 @@
 
 #include <hostkit/drawing/DrawingCapture.h>
 
+#include <QtCore/QFileInfo>
+
 ConvertCommand::ConvertCommand(CLI::App &app)
     : Command(app, "convert",
               tr("Turn SVG, DXF and plotter drawings into a drawing, or save one anew"))
@@ -17,6 +19,7 @@ ConvertCommand::ConvertCommand(CLI::App &app)
     m_foreign.options.toleranceMm = 0.0; // curves stay curves
     m_fonts.addOption(m_command);
     m_command->final_callback([this] {
+        takeOutput();
         m_files.checkTogether();
         m_foreign.checkTogether();
         checkDrawing();
@@ -30,27 +33,48 @@ ConvertCommand::ConvertCommand(CLI::App &app)
            "of\n"
            "it that this version does not know are kept.\n"
            "Mark paths of a drawing are written by ztmark mark, pictures by ztmark render.\n"
+           "Without -o the last FILE is the drawing that is made; one that is there already is "
+           "kept.\n"
            "\n"
            "Examples:\n"
+           "  ztmark convert part.dxf part.ztd\n"
            "  ztmark convert part.dxf logo.svg -o plate.ztd\n"
            "  ztmark convert logo.plt --height 20mm --clean join=0.05mm -o logo.ztd\n"
            "  ztmark convert old.ztd -o new.ztd")
             .toStdString());
 }
 
+bool ConvertCommand::isDrawingName(const std::string &name)
+{
+    return QString::fromStdString(name).endsWith(QLatin1String(".ztd"), Qt::CaseInsensitive);
+}
+
 void ConvertCommand::addOutput()
 {
     const auto check = [](std::string &name) {
-        if (QString::fromStdString(name).endsWith(QLatin1String(".ztd"), Qt::CaseInsensitive))
+        if (isDrawingName(name))
             return std::string();
         return tr("\"%1\" must end in .ztd; ztmark mark and render write other forms")
             .arg(QString::fromStdString(name))
             .toStdString();
     };
     m_command->add_option("-o,--output", m_output, tr("The drawing, .ztd").toStdString())
-        ->required()
         ->type_name("OUT")
         ->check(CLI::Validator(check, ""));
+}
+
+/** Two names are from and to, as with any copy; but no drawing is replaced by a slip. */
+void ConvertCommand::takeOutput()
+{
+    if (!m_output.empty())
+        return;
+    if (m_files.names.size() < 2 || !isDrawingName(m_files.names.back()))
+        throw CLI::RequiredError("--output");
+    m_output = m_files.names.back();
+    m_files.names.pop_back();
+    const QString name = QString::fromStdString(m_output);
+    if (QFileInfo::exists(name))
+        usage::refuse("FILE", tr("\"%1\" is there already; -o %1 replaces it").arg(name));
 }
 
 /** A drawing of the studio is saved as it is. */

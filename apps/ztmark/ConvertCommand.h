@@ -22,7 +22,10 @@ public:
     int run() override;
 
 private:
+    static bool isDrawingName(const std::string &name);
+
     void addOutput();
+    void takeOutput();
     void checkDrawing() const;
     int importForeignFiles(Progress &progress);
     int saveAnew(Progress &progress) const;

@@ -391,6 +391,10 @@ private Q_SLOTS:
         row("convert - - -o o.ztd", "FILE: standard input can be read only once (see ztmark "
                                     "convert --help)");
         row("convert plate.ztd", "--output is missing (see ztmark convert --help)");
+        row("convert corner.plt", "--output is missing (see ztmark convert --help)");
+        row("convert corner.plt corner.plt", "--output is missing (see ztmark convert --help)");
+        row("convert corner.plt plate.ztd", "FILE: \"plate.ztd\" is there already; -o plate.ztd "
+                                            "replaces it (see ztmark convert --help)");
         row("convert plate.ztd -o o.svg", "--output: \"o.svg\" must end in .ztd; ztmark mark and "
                                           "render write other forms (see ztmark convert --help)");
         row("render plate.ztd", "--output is missing (see ztmark render --help)");
@@ -539,6 +543,29 @@ private Q_SLOTS:
         const ZtmarkRun info = ztmark({"info", "corner.ztd"});
         QVERIFY2(info.out.contains(QStringLiteral("  paths: 1\n")), qPrintable(info.out));
         QVERIFY2(info.out.contains(QStringLiteral("Imported files:    0\n")), qPrintable(info.out));
+    }
+
+    void convert_fromOneToTheOther_needsNoOption()
+    {
+        put(path("corner.plt"), kCorner);
+        QCOMPARE(ztmark({"convert", "corner.plt", "-o", "asked.ztd"}).exitCode, 0);
+        const ZtmarkRun run = ztmark({"convert", "corner.plt", "made.ztd"});
+        QCOMPARE(run.err, QString());
+        QCOMPARE(run.exitCode, 0);
+        ztmark({"mark", "asked.ztd", "-o", "asked.csv"});
+        ztmark({"mark", "made.ztd", "-o", "made.csv"});
+        QVERIFY(bytesOf(path("asked.csv")).startsWith("object,pen,"));
+        QVERIFY(bytesOf(path("made.csv")) == bytesOf(path("asked.csv")));
+        QCOMPARE(ztmark({"convert", "made.ztd", "Anew.ZTD"}).exitCode, 0);
+        QVERIFY(QFile::exists(path("Anew.ZTD")));
+    }
+
+    void convert_ofTwoDrawings_keepsBoth()
+    {
+        QVERIFY(QFile::copy(sample(QStringLiteral("plate")), path("a.ztd")));
+        put(path("b.ztd"), "another's work");
+        QCOMPARE(ztmark({"convert", "a.ztd", "b.ztd"}).exitCode, 2);
+        QCOMPARE(bytesOf(path("b.ztd")), QByteArray("another's work"));
     }
 
     void convert_putsPlotterFilesSideBySide()

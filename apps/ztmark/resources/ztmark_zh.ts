@@ -415,13 +415,23 @@ EAN 和 UPC 的数字位于各自的条下，除非字符另有间距。
         <translation>把 SVG、DXF 和绘图仪图纸变成图纸，或重新保存图纸</translation>
     </message>
     <message>
+        <source>not for a drawing, which is saved as it is</source>
+        <translation>不能用于图纸：图纸按原样保存</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is there already; -o %1 replaces it</source>
+        <translation>“%1”已经存在；用 -o %1 才会替换它</translation>
+    </message>
+    <message>
         <source>SVG, DXF and plotter drawings come in at true size unless an option says otherwise, side
 by side, 2 mm apart, in the middle of the work area. They are kept in the drawing: their
 files are not needed any more. A drawing that is saved anew marks as before; sections of
 it that this version does not know are kept.
 Mark paths of a drawing are written by ztmark mark, pictures by ztmark render.
+Without -o the last FILE is the drawing that is made; one that is there already is kept.
 
 Examples:
+  ztmark convert part.dxf part.ztd
   ztmark convert part.dxf logo.svg -o plate.ztd
   ztmark convert logo.plt --height 20mm --clean join=0.05mm -o logo.ztd
   ztmark convert old.ztd -o new.ztd</source>
@@ -429,15 +439,13 @@ Examples:
 位于工作区中央。它们保存在图纸中，不再需要原文件。重新保存的图纸标刻如前；
 其中本版本不认识的部分会保留。
 图纸的标刻路径由 ztmark mark 写出，图片由 ztmark render 写出。
+不加 -o 时，最后一个 FILE 就是要生成的图纸；已经存在的图纸会保留。
 
 示例：
+  ztmark convert part.dxf part.ztd
   ztmark convert part.dxf logo.svg -o plate.ztd
   ztmark convert logo.plt --height 20mm --clean join=0.05mm -o logo.ztd
   ztmark convert old.ztd -o new.ztd</translation>
-    </message>
-    <message>
-        <source>not for a drawing, which is saved as it is</source>
-        <translation>不能用于图纸：图纸按原样保存</translation>
     </message>
 </context>
 <context>

@@ -1,8 +1,8 @@
+#include "DrawingSections.h"
+
 #include <support/DrawingBytes.h>
 #include <support/SingletonGuard.h>
 
-#include <hostkit/drawing/DrawingContent_p.h>
-#include <hostkit/drawing/DrawingFrame_p.h>
 #include <hostkit/setup/Factories.h>
 
 #include <QtCore/QBuffer>
@@ -22,6 +22,9 @@ using hostkit::DrawingFile;
 using hostkit::DrawingFrame;
 using hostkit::DrawingSection;
 using hostkit::Failure;
+using testsupport::bigEndian;
+using testsupport::frameOf;
+using testsupport::refusalOf;
 using Kind = hostkit::Failure::Kind;
 
 namespace {
@@ -80,52 +83,18 @@ DrawingFrame sectionsOf(const DrawingFile &drawing)
 {
     static QByteArray bytes; // lent to the sections
     bytes = drawingToBytes(drawing);
-    DrawingFrame file;
-    Failure error;
-    if (!splitFrame(bytes, &file, &error))
-        qFatal("%s", qPrintable(error.reason));
-    return file;
+    return frameOf(bytes);
 }
 
-/** What reading says; nothing is expected to be read. */
-Failure refusalOf(const QByteArray &bytes)
-{
-    DrawingFile drawing;
-    drawing.meta.programVersion = QStringLiteral("untouched");
-    Failure error;
-    if (readDrawing(bytes, &drawing, &error))
-        return {};
-    if (drawing.meta.programVersion != QLatin1String("untouched") || error.reason.isEmpty())
-        qFatal("a refused drawing was touched, or nothing was said");
-    return error;
-}
-
-template <class Number>
-QByteArray bigEndian(Number number)
-{
-    QByteArray bytes(int(sizeof(Number)), '\0');
-    qToBigEndian(number, bytes.data());
-    return bytes;
-}
-
-/** The drawing with other content in one section, every checksum right. */
+/** That drawing's file with other content in one section, every checksum right. */
 QByteArray withSection(const QByteArray &tag, const QByteArray &content)
 {
-    DrawingFrame file = sectionsOf(everySection());
-    for (DrawingSection &section : file.sections) {
-        if (section.tag == tag)
-            section.bytes = content;
-    }
-    return joinFrame(file);
+    return testsupport::withSection(drawingToBytes(everySection()), tag, content);
 }
 
 QByteArray contentOf(const QByteArray &tag)
 {
-    for (const DrawingSection &section : sectionsOf(everySection()).sections) {
-        if (section.tag == tag)
-            return {section.bytes.constData(), section.bytes.size()};
-    }
-    return {};
+    return testsupport::sectionOf(drawingToBytes(everySection()), tag);
 }
 
 /** No file of this process grows beyond `bytes` while this lives: what a full disk does. */

@@ -1,3 +1,5 @@
+#include "DrawingSections.h"
+
 #include <support/AllKindsDrawing.h>
 #include <support/DrawingBytes.h>
 #include <support/OwnFolder.h>
@@ -6,8 +8,6 @@
 #include <support/TinyFonts.h>
 #include <support/WarningGuard.h>
 
-#include <hostkit/drawing/DrawingContent_p.h>
-#include <hostkit/drawing/DrawingFrame_p.h>
 #include <hostkit/setup/Factories.h>
 
 #include <QtCore/QFile>
@@ -22,6 +22,9 @@ using hostkit::DrawingFrame;
 using hostkit::DrawingSection;
 
 using hostkit::Failure;
+using testsupport::bigEndian;
+using testsupport::frameOf;
+using testsupport::refusalOf;
 using Kind = hostkit::Failure::Kind;
 
 namespace {
@@ -33,58 +36,13 @@ QByteArray hexagonFile()
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/** The sections of a file, which lends its bytes. */
-DrawingFrame frameOf(const QByteArray &bytes)
-{
-    DrawingFrame frame;
-    Failure error;
-    if (!splitFrame(bytes, &frame, &error))
-        qFatal("%s", qPrintable(error.reason));
-    return frame;
-}
-
-/** What reading says; nothing is expected to be read. */
-Failure refusalOf(const QByteArray &bytes)
-{
-    DrawingFile drawing;
-    drawing.meta.programVersion = QStringLiteral("untouched");
-    Failure error;
-    if (readDrawing(bytes, &drawing, &error))
-        return {};
-    if (drawing.meta.programVersion != QLatin1String("untouched") || error.reason.isEmpty())
-        qFatal("a refused drawing was touched, or nothing was said");
-    return error;
-}
-
-template <class Number>
-QByteArray bigEndian(Number number)
-{
-    QByteArray bytes(int(sizeof(Number)), '\0');
-    qToBigEndian(number, bytes.data());
-    return bytes;
-}
-
-/** The file with other content in one section, every checksum right. */
+/** That file with other content in one section, every checksum right. */
 QByteArray withSection(const QByteArray &tag, const QByteArray &content)
 {
-    const QByteArray whole = hexagonFile();
-    DrawingFrame frame = frameOf(whole);
-    for (DrawingSection &section : frame.sections) {
-        if (section.tag == tag)
-            section.bytes = content;
-    }
-    return joinFrame(frame);
+    return testsupport::withSection(hexagonFile(), tag, content);
 }
 
-QByteArray contentOf(const QByteArray &tag)
-{
-    const QByteArray whole = hexagonFile();
-    for (const DrawingSection &section : frameOf(whole).sections) {
-        if (section.tag == tag)
-            return {section.bytes.constData(), section.bytes.size()};
-    }
-    return {};
-}
+QByteArray contentOf(const QByteArray &tag) { return testsupport::sectionOf(hexagonFile(), tag); }
 
 /** A document stream of one item, whose record is `shape`. */
 QByteArray streamOf(int kind, const QByteArray &shape, qint32 count = 1)
