@@ -31,8 +31,8 @@ struct MarkFindings
 };
 
 /**
- * Whether a box lies in a field, to its very edges, both in millimetres. A millionth of a millimetre
- * beyond is still inside: sums of lengths are off by as much.
+ * Whether a box lies in a field, to its very edges, both in millimetres. A millionth of a
+ * millimetre beyond is still inside: sums of lengths are off by as much.
  */
 bool isWithinField(const QRectF &boxMm, const QRectF &fieldMm);
 
