@@ -2,6 +2,7 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QList>
+#include <QtCore/QtEndian>
 
 #include <optional>
 
@@ -276,6 +277,20 @@ std::optional<Foreign> packedKindOf(const QByteArray &text)
     return std::nullopt;
 }
 
+const char kBody[] = QT_TRANSLATE_NOOP("vectorkit", "This is an STL model, a body in space.");
+
+/** A body as bytes: a head of any text, the number of facets, and as many facets. */
+bool isBodyInBytes(const QByteArray &file)
+{
+    constexpr int kHead = 80;
+    constexpr int kFacet = 50;
+    constexpr int kCount = int(sizeof(quint32));
+    if (file.size() < kHead + kCount)
+        return false;
+    const auto facets = qFromLittleEndian<quint32>(file.constData() + kHead);
+    return facets > 0 && file.size() == kHead + kCount + qint64(facets) * kFacet;
+}
+
 Foreign foreignOf(const QByteArray &text)
 {
     if (text.startsWith("%PDF")) {
@@ -296,7 +311,7 @@ Foreign foreignOf(const QByteArray &text)
     if (text.startsWith("BM") && text.mid(6, 4) == QByteArray(4, '\0'))
         return {QT_TRANSLATE_NOOP("vectorkit", "This is a BMP picture."), kPicture};
     if (text.startsWith("solid") && text.contains("facet normal"))
-        return {QT_TRANSLATE_NOOP("vectorkit", "This is an STL model, a body in space."), kProject};
+        return {kBody, kProject};
     if (isXml(text))
         return {QT_TRANSLATE_NOOP("vectorkit", "This is XML or HTML, but no SVG drawing."),
                 QT_TRANSLATE_NOOP("vectorkit", "Take the drawing itself: SVG, DXF or HP-GL.")};
@@ -352,7 +367,8 @@ VectorFormat formatOf(const QByteArray &start)
 
 ReadFailure foreignKindOf(const QByteArray &start)
 {
-    const Foreign kind = foreignOf(readableStart(start));
+    const Foreign kind =
+        isBodyInBytes(start) ? Foreign{kBody, kProject} : foreignOf(readableStart(start));
     return {ReadFailure::Kind::WrongFormat, QCoreApplication::translate("vectorkit", kind.what),
             QCoreApplication::translate("vectorkit", kind.advice)};
 }

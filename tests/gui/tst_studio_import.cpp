@@ -335,6 +335,35 @@ private Q_SLOTS:
         COMPARE_UNDO_AND_REDO(studio->document(), before, after);
     }
 
+    void reimport_ofADrawingFarAway_keepsPlaces()
+    {
+        // 20 m from the origin, as drawings of sites have it. The circle grows to the left, which
+        // leaves the square where it is, although the middle of the whole is another one.
+        const QByteArray far =
+            "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"100mm\" height=\"100mm\" "
+            "viewBox=\"0 0 100 100\"><g transform=\"translate(20000 -30000)\" fill=\"none\">"
+            "<rect x=\"50\" y=\"10\" width=\"40\" height=\"40\" stroke=\"red\"/>"
+            "<circle cx=\"30\" cy=\"30\" r=\"10\" stroke=\"blue\"/></g></svg>";
+        studio->write("far.svg", far);
+        QCOMPARE(studio->window->editor().import().importFiles({studio->path("far.svg")}), 1);
+        const auto boxOf = [this](int pen) {
+            return hostkit::outlinesOf(*itemOfPen(pen)).first().boundsMm();
+        };
+        const QRectF red = boxOf(12);
+        const QRectF blue = boxOf(2);
+        // The circle ends 10 mm before the square, on its middle line.
+        QVERIFY(std::abs(red.left() - blue.right() - 10) < 1e-6);
+        QVERIFY(std::abs(red.center().y() - blue.center().y()) < 1e-6);
+        QByteArray changed = far;
+        changed.replace("cx=\"30\" cy=\"30\" r=\"10\"", "cx=\"10\" cy=\"30\" r=\"30\"");
+        studio->write("far.svg", changed);
+        studio->select({itemOfPen(12)});
+        QVERIFY(studio->run("file.reimport"));
+        QVERIFY((boxOf(12).topLeft() - red.topLeft()).manhattanLength() < 1e-6);
+        QVERIFY(std::abs(boxOf(2).width() - 60) < 1e-6);
+        QVERIFY(std::abs(boxOf(12).left() - boxOf(2).right() - 10) < 1e-6);
+    }
+
     void reimport_ofALostFile_changesNothing()
     {
         QCOMPARE(studio->window->editor().import().importFiles({plate()}), 1);

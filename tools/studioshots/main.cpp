@@ -31,6 +31,7 @@ namespace {
 
 constexpr int kSettleMs = 150;
 const QSize kSmallScreen(1024, 700);
+const QSize kManualWindow(1280, 850);
 
 /** A way the program can look, and what its pictures are called after. */
 struct Look
@@ -99,6 +100,7 @@ public:
     /** The pictures of the manual in the language of this look. */
     void runManual()
     {
+        m_window.resize(kManualWindow);
         m_window.addSample();
         for (const char *created : {"create.text", "create.code"})
             trigger(created);

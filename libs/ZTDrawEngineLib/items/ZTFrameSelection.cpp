@@ -1,5 +1,7 @@
 #include <ZTDrawEngineLib/items/ZTFrameSelection_p.h>
 
+#include <ZTDrawEngineLib/items/ZTSceneIndex_p.h>
+
 #include <QtCore/QSet>
 #include <QtWidgets/QGraphicsScene>
 
@@ -7,6 +9,9 @@ namespace {
 
 /** Up to this many items the rectangle is read from all of them at each change. */
 constexpr int kFewItems = 64;
+
+/** So many selected items, and a quarter more than last time, have the frame listed behind them. */
+constexpr int kManyItems = 4096;
 
 ZTSelectionBounds::Extent extentOf(const ZTAbstractGraphicsItem *item)
 {
@@ -36,6 +41,15 @@ void ZTFrameSelection::assign(const QList<QGraphicsItem *> &items)
         m_guards.append(guard);
     }
     forgetExtents();
+}
+
+void ZTFrameSelection::listFrameLast(QGraphicsItem &frame)
+{
+    const int count = m_selectItems.size();
+    if (count < kManyItems || count - m_listedBehind <= m_listedBehind / 4)
+        return;
+    listLast(frame);
+    m_listedBehind = count;
 }
 
 const QList<QGraphicsItem *> &ZTFrameSelection::items(const QGraphicsScene *scene)

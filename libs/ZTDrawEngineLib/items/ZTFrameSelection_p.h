@@ -28,6 +28,9 @@ public:
 
     void assign(const QList<QGraphicsItem *> &items);
 
+    /** Very many items get the frame behind them in Qt's list, once for so many. */
+    void listFrameLast(QGraphicsItem &frame);
+
     /** The items that are still there, in the order given. */
     const QList<QGraphicsItem *> &items(const QGraphicsScene *scene);
 
@@ -73,6 +76,7 @@ private:
     QList<QGraphicsItem *> m_selectItems;
     QVector<Guard> m_guards; ///< one for each entry of `selectItems`
     int m_plainCount = 0;
+    int m_listedBehind = 0; ///< items that were selected when the frame was last listed last
 
     ZTSelectionBounds m_bounds;
     QHash<const ZTAbstractGraphicsItem *, int> m_boundsIndex;

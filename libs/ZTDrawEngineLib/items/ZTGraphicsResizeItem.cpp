@@ -106,6 +106,7 @@ void ZTGraphicsResizeItem::setSelectItem(const QList<QGraphicsItem *> &items)
         m_selection->assign(items);
     } else {
         m_selection->assign(items);
+        m_selection->listFrameLast(*this);
         resizeFromChild();
         show();
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QPointer>
+#include <QtWidgets/QGraphicsItem>
 #include <QtWidgets/QGraphicsScene>
 
 /**
@@ -20,6 +21,25 @@ inline void forgetPlaces(QGraphicsScene &scene)
     const int depth = scene.bspTreeDepth();
     scene.setBspTreeDepth(depth + 1);
     scene.setBspTreeDepth(depth);
+}
+
+/**
+ * Makes a scene list an item without a parent, and its children, behind all others.
+ *
+ * Qt sorts its list whenever it is asked for all items in their order, and is bad at one in which
+ * several that belong last stand first: 100,000 items behind frame and handles take 150 to 220 ms
+ * then, and 20 to 25 before them.
+ */
+inline void listLast(QGraphicsItem &item)
+{
+    if (item.scene() == nullptr || item.scene()->itemIndexMethod() != QGraphicsScene::BspTreeIndex)
+        return;
+    // What has no place in the index goes to the end of those that wait for one, with its children,
+    // when this flag changes. Elsewhere its old place in the list would be given to it again.
+    forgetPlaces(*item.scene());
+    const bool isOn = item.flags().testFlag(QGraphicsItem::ItemIgnoresTransformations);
+    item.setFlag(QGraphicsItem::ItemIgnoresTransformations, !isOn);
+    item.setFlag(QGraphicsItem::ItemIgnoresTransformations, isOn);
 }
 
 /**

@@ -43,14 +43,31 @@ QStandardItem *newIdCell(int id)
     return cell;
 }
 
+/** One text a kind, shared by all its cells. */
+QString nameOf(ShapeType type)
+{
+    static QHash<int, QString> names;
+    QString &name = names[static_cast<int>(type)];
+    if (name.isNull())
+        name = QString::fromLatin1(ShapeType2String(type));
+    return name;
+}
+
 int idOf(const ZTAbstractGraphicsItem &item) { return item.getShapeBase()->getId(); }
 
 QVector<int> idsOf(const QItemSelection &selection)
 {
+    constexpr Qt::ItemFlags kCounts = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
     QVector<int> ids;
-    for (const QModelIndex &index : selection.indexes()) {
-        if (index.column() == kIdColumn)
-            ids << index.data(Qt::DisplayRole).toInt();
+    // Row by row: a list of all indexes costs an allocation for each, three a row.
+    for (const QItemSelectionRange &range : selection) {
+        if (!range.isValid() || range.left() > kIdColumn)
+            continue;
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            const QModelIndex index = range.model()->index(row, kIdColumn, range.parent());
+            if ((index.flags() & kCounts) == kCounts)
+                ids << index.data(Qt::DisplayRole).toInt();
+        }
     }
     return ids;
 }
@@ -139,7 +156,7 @@ void ZTItemModel::renameItemOf(const QModelIndex &topLeft)
 void ZTItemModel::insert(ShapeType type, ZTAbstractGraphicsItem *item)
 {
     auto *kindCell = new QStandardItem;
-    kindCell->setText(QString::fromLatin1(ShapeType2String(type)));
+    kindCell->setText(nameOf(type));
     insertRow(rowCount(), {newIdCell(idOf(*item)), new TextCell(item), kindCell});
 }
 

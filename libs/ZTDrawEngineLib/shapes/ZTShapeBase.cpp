@@ -172,6 +172,18 @@ QDataStream &operator>>(QDataStream &stream, ZTShapeBase &shape)
 {
     ZTShapeBasePrivate &record = *shape.m_d;
     qint32 shapeType = 0;
+    // What is no file may give a field in parts.
+    if (PackedFields<kRecordSize>::suits(stream) && !stream.device()->isSequential()) {
+        ZTFillParam &fill = record.fillParam;
+        qint32 fillType = 0;
+        UnpackedFields<kRecordSize> fields(stream);
+        fields >> record.rect >> record.transformParam >> record.roundingTransformParam >>
+            fillType >> fill.spac >> fill.angle >> fill.isEnableBorder >> shapeType >>
+            record.update >> record.id >> record.lockAspectRatio >> record.penId;
+        fill.fillType = static_cast<FillType>(fillType);
+        record.shapeType = static_cast<ShapeType>(shapeType);
+        return stream;
+    }
     stream >> record.rect >> record.transformParam >> record.roundingTransformParam >>
         record.fillParam >> shapeType >> record.update >> record.id >> record.lockAspectRatio >>
         record.penId;

@@ -69,6 +69,23 @@ QVector<VectorPath> markable(const QVector<VectorPath> &paths, double toleranceM
     return result;
 }
 
+/** Where the paths of a drawing are and its texts stand; null for a drawing of neither. */
+QRectF extentMm(const VectorDrawing &drawing)
+{
+    QPolygonF corners;
+    for (const VectorLayer &layer : drawing.layers) {
+        for (const VectorShape &shape : layer.shapes) {
+            if (shape.paths.isEmpty())
+                continue;
+            const QRectF box = vectorkit::boundsOf(shape.paths);
+            corners << box.topLeft() << box.bottomRight();
+        }
+        for (const VectorText &text : layer.texts)
+            corners << text.positionMm;
+    }
+    return corners.boundingRect();
+}
+
 /** Brings the parts and texts of one drawing into a document. */
 class DrawingImporter
 {
@@ -88,6 +105,7 @@ public:
             return takeBack();
         m_total = parts.size() + drawing.textCount();
         groupLayers(drawing);
+        makeRoom(extentMm(drawing));
         for (const ImportPart &part : parts) {
             addPart(part);
             if (!goOn())
@@ -124,6 +142,28 @@ private:
         return nothing;
     }
 
+    /**
+     * The scene holds the places of items within its edges, each by itself: what lies beyond them
+     * comes to the middle as a whole, and a scene that is too small for it grows.
+     */
+    void makeRoom(const QRectF &boxMm)
+    {
+        constexpr double kRoomForLetters = 0.9;
+        ZTGraphicsScene &scene = *m_document.scene();
+        const QTransform toPx = ZTCoord::getInstance()->getMm2pixTransform();
+        const QRectF boxPx = toPx.mapRect(boxMm);
+        QRectF roomPx = QTransform::fromScale(kRoomForLetters, kRoomForLetters)
+                            .mapRect(scene.sceneRect().translated(-scene.sceneRect().center()));
+        roomPx.translate(scene.sceneRect().center());
+        if (roomPx.contains(boxPx.topLeft()) && roomPx.contains(boxPx.bottomRight()))
+            return;
+        m_result.shiftMm = toPx.inverted().map(scene.sceneRect().center()) - boxMm.center();
+        QRectF neededPx = QTransform::fromScale(2.0 - kRoomForLetters, 2.0 - kRoomForLetters)
+                              .mapRect(boxPx.translated(-boxPx.center()));
+        neededPx.translate(scene.sceneRect().center());
+        scene.setSceneRect(scene.sceneRect() | neededPx);
+    }
+
     /** A group a layer, where several come in piece by piece. */
     void groupLayers(const VectorDrawing &drawing)
     {
@@ -152,10 +192,13 @@ private:
     {
         const QVector<VectorPath> paths =
             markable(part.paths, m_options.toleranceMm, &m_result.dots);
-        ZTAbstractGraphicsItem *item =
-            addGraphic(m_document, paths, vectorkit::boundsOf(part.paths).topLeft());
+        const QPointF cornerMm = vectorkit::boundsOf(part.paths).topLeft();
+        ZTAbstractGraphicsItem *item = addGraphic(m_document, paths, cornerMm);
         if (item == nullptr)
             return;
+        if (!m_result.shiftMm.isNull())
+            item->setPos(
+                ZTCoord::getInstance()->getMm2pixTransform().map(cornerMm + m_result.shiftMm));
         item->setPenId(part.pen);
         if (m_options.fill && !part.isOpen)
             item->setFillParam(*m_options.fill);
@@ -199,8 +242,8 @@ private:
                                                                             : -advance;
         letters.translate(shift, 0.0);
         const QTransform toPx = ZTCoord::getInstance()->getMm2pixTransform();
-        const QTransform place =
-            form * QTransform::fromTranslate(text.positionMm.x(), text.positionMm.y()) * toPx;
+        const QPointF placeMm = text.positionMm + m_result.shiftMm;
+        const QTransform place = form * QTransform::fromTranslate(placeMm.x(), placeMm.y()) * toPx;
         QRectF wantedPx;
         for (const QPolygonF &polygon : letters.toSubpathPolygons(place))
             wantedPx |= polygon.boundingRect();
@@ -210,7 +253,7 @@ private:
         ++m_result.texts;
     }
 
-    void moveTo(const QPointF &centreMm) const
+    void moveTo(const QPointF &centreMm)
     {
         QRectF boxPx;
         for (ZTAbstractGraphicsItem *item : m_result.items) {
@@ -228,8 +271,11 @@ private:
         }
         const QPointF wayPx =
             ZTCoord::getInstance()->getMm2pixTransform().map(centreMm) - boxPx.center();
+        ZTGraphicsScene &scene = *m_document.scene();
+        scene.setSceneRect(scene.sceneRect() | boxPx.translated(wayPx));
         for (ZTAbstractGraphicsItem *item : m_result.items)
             item->setPos(item->pos() + wayPx);
+        m_result.shiftMm += ZTCoord::getInstance()->getPix2MmTransform().map(wayPx);
     }
 
     ZTGraphicsDocument &m_document;

@@ -37,7 +37,10 @@ struct ImportOptions
                                      ///< and what a plotter drew keeps its pen
     std::optional<ZTFillParam> fill; ///< hatch of closed outlines; none: the library's default
 
-    /** Where on the scene the middle of the drawing comes to; none: as it lies in the file. */
+    /**
+     * Where on the scene the middle of the drawing comes to; none: as it lies in the file, or,
+     * where that is beyond the scene, in the middle of it. A scene smaller than the drawing grows.
+     */
     std::optional<QPointF> centreMm;
 
     /** Told how much is done, 0 to 1; false cancels. May be empty. */
@@ -52,6 +55,7 @@ struct ImportResult
     int openShapes = 0;                    ///< of the items: those of open outlines
     int dots = 0;                          ///< runs without length, which became short lines
     int mergedPens = 0;       ///< shapes that hold more than one colour and show the first of them
+    QPointF shiftMm;          ///< by which all of it stands beside where it lies in the file
     bool isCancelled = false; ///< nothing came in
 };
 

@@ -69,6 +69,8 @@ void ImportPicture::show(const vectorkit::VectorDrawing &drawing)
 void ImportPicture::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
+    // Changes no pixel: Qt writes hairlines straight into a picture only where a rectangle clips.
+    painter.setClipRect(rect());
     painter.fillRect(rect(), Qt::white);
     painter.setPen(palette().mid().color());
     painter.drawRect(rect().adjusted(0, 0, -1, -1));

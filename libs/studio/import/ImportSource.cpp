@@ -128,14 +128,14 @@ QStringList importParts(const ShapeItems &imported)
     return parts;
 }
 
-void markImported(const ShapeItems &imported, const ImportSource &source)
+void markImported(const ShapeItems &imported, const ImportSource &source, const QPointF &shiftMm)
 {
     const QStringList parts = importParts(imported);
     const QTransform toMm = ZTCoord::getInstance()->getPix2MmTransform();
     for (int at = 0; at < imported.size(); ++at) {
         ImportSource one = source;
         one.part = parts[at];
-        one.originMm = toMm.map(imported[at]->pos());
+        one.originMm = toMm.map(imported[at]->pos()) - shiftMm;
         setImportSource(*imported[at], one);
     }
 }

@@ -43,8 +43,8 @@ QStringList importParts(const ShapeItems &imported);
 
 /**
  * Marks what an import made as parts of its file. Order: before the shapes are moved; `source`
- * without part and origin.
+ * without part and origin, `shiftMm` as the import gave it.
  */
-void markImported(const ShapeItems &imported, const ImportSource &source);
+void markImported(const ShapeItems &imported, const ImportSource &source, const QPointF &shiftMm);
 
 } // namespace studio

@@ -199,7 +199,7 @@ int Importer::bringIn(const QVector<ReadDrawing> &drawings, const hostkit::Impor
             continue;
         blocks.append(result.items.toVector());
         if (QFileInfo(one.path).isFile()) {
-            markImported(blocks.last(), sourceOf(one, options));
+            markImported(blocks.last(), sourceOf(one, options), result.shiftMm);
             nameByFile(blocks.last(), one.path);
         }
         imported += blocks.last();

@@ -125,10 +125,11 @@ Reimporter::Outcome Reimporter::follow(const ImportSource &source,
 {
     const ShapeItems old =
         itemsOfImports(*m_document.scene(), {source.import}).value(source.import);
-    const ShapeItems fresh =
-        hostkit::importDrawing(m_document, drawing, source.options).items.toVector();
+    const hostkit::ImportResult result =
+        hostkit::importDrawing(m_document, drawing, source.options);
+    const ShapeItems fresh = result.items.toVector();
     const QStringList parts = importParts(fresh);
-    markImported(fresh, source);
+    markImported(fresh, source, result.shiftMm);
     ShapeItem &beside = *old.first();
     const ImportSource sourceBeside = *importSourceOf(beside);
 
@@ -145,15 +146,15 @@ Reimporter::Outcome Reimporter::follow(const ImportSource &source,
         }
         taken.insert(fresh[at]);
         if (graphic != nullptr && hostkit::graphicOf(*item) != nullptr)
-            changes.append(
-                {item, graphic->getDrawing().translated(wayMm(fresh[at]->pos()) - own.originMm)});
+            changes.append({item, graphic->getDrawing().translated(wayMm(fresh[at]->pos()) -
+                                                                   result.shiftMm - own.originMm)});
     }
     ShapeItems added;
     ShapeItems samples;
     for (ShapeItem *item : fresh) {
         (taken.contains(item) ? samples : added).append(item);
         if (!taken.contains(item))
-            place(*item, beside, sourceBeside);
+            place(*item, beside, sourceBeside, result.shiftMm);
     }
     selectOnly(*m_document.scene(), samples);
     if (!samples.isEmpty())
@@ -171,15 +172,15 @@ Reimporter::Outcome Reimporter::follow(const ImportSource &source,
 }
 
 /** Where a part that is new in the file comes to: as it lies there beside one that came before. */
-void Reimporter::place(ShapeItem &fresh, const ShapeItem &beside,
-                       const ImportSource &sourceBeside) const
+void Reimporter::place(ShapeItem &fresh, const ShapeItem &beside, const ImportSource &sourceBeside,
+                       const QPointF &shiftMm) const
 {
     ZTShapeBase *shape = beside.getShapeBase();
     const QTransform change = hostkit::graphicOf(beside) != nullptr
                                   ? shape->getRoundingTransformParam() * shape->getTransformParam()
                                   : QTransform();
     const QPointF placeMm =
-        change.map(wayMm(fresh.pos()) - sourceBeside.originMm) + wayMm(beside.pos());
+        change.map(wayMm(fresh.pos()) - shiftMm - sourceBeside.originMm) + wayMm(beside.pos());
     const QTransform turned(change.m11(), change.m12(), change.m21(), change.m22(), 0.0, 0.0);
     fresh.setTransformParam(fresh.getTransformParam() * turned);
     fresh.setPos(ZTCoord::getInstance()->getMm2pixTransform().map(placeMm));

@@ -42,7 +42,8 @@ private:
 
     bool read(const ImportSource &source, vectorkit::VectorDrawing *drawing);
     Outcome follow(const ImportSource &source, const vectorkit::VectorDrawing &drawing);
-    void place(ShapeItem &fresh, const ShapeItem &beside, const ImportSource &sourceBeside) const;
+    void place(ShapeItem &fresh, const ShapeItem &beside, const ImportSource &sourceBeside,
+               const QPointF &shiftMm) const;
 
     ZTGraphicsDocument &m_document;
     Messages &m_messages;

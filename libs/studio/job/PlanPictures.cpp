@@ -35,6 +35,12 @@ bool overlap(const QRectF &a, const QRectF &b)
            b.top() <= a.bottom();
 }
 
+/** Changes no pixel: Qt writes hairlines straight into a picture only where a rectangle clips. */
+void clipToPicture(QPainter &painter, const QSize &size)
+{
+    painter.setClipRect(QRect(QPoint(0, 0), size));
+}
+
 void drawArrow(QPainter &painter, const QPointF &from, const QPointF &to)
 {
     const QPointF way = to - from;
@@ -156,6 +162,7 @@ void PlanPictures::drawSignsLike(const PlanLook &look)
 void PlanPictures::beginPainting(QPainter &painter, QImage &image) const
 {
     painter.begin(&image);
+    clipToPicture(painter, m_scene.size);
     painter.setRenderHint(QPainter::Antialiasing, m_isSmooth);
 }
 
@@ -285,6 +292,7 @@ void PlanPictures::drawSigns()
         return;
     }
     QPainter painter(&m_signs);
+    clipToPicture(painter, m_scene.size);
     painter.setRenderHint(QPainter::Antialiasing);
     for (const int piece : inSight)
         drawSignsOf(painter, piece);

@@ -89,7 +89,8 @@ EntityReader::Draw EntityReader::drawerOf(std::string_view type)
         {"SPLINE", drawSpline},     {"SOLID", drawSolid},       {"TRACE", drawSolid},
         {"3DLINE", drawLine},       {"3DFACE", drawFace},       {"LEADER", drawLeader},
         {"HATCH", drawHatch},       {"TEXT", drawText},         {"MTEXT", drawParagraph},
-        {"ATTDEF", drawDefinition}, {"POINT", drawPoint},       {"ATTRIB", drawText}};
+        {"ATTDEF", drawDefinition}, {"POINT", drawPoint},       {"ATTRIB", drawText},
+        {"HELIX", drawHelix}};
     const auto found = kDrawers.find(type);
     return found == kDrawers.end() ? nullptr : found->second;
 }

@@ -94,6 +94,7 @@ Outcome drawEllipse(const Record &record, const Frame &sheet, EntityReader *out)
 Outcome drawLwPolyline(const Record &record, const Frame &sheet, EntityReader *out);
 Outcome drawPolyline(const Record &record, const Frame &sheet, EntityReader *out);
 Outcome drawSpline(const Record &record, const Frame &sheet, EntityReader *out);
+Outcome drawHelix(const Record &record, const Frame &sheet, EntityReader *out);
 Outcome drawSolid(const Record &record, const Frame &sheet, EntityReader *out);
 Outcome drawFace(const Record &record, const Frame &sheet, EntityReader *out);
 Outcome drawLeader(const Record &record, const Frame &sheet, EntityReader *out);

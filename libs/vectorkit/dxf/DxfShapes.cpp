@@ -62,8 +62,13 @@ Outcome drawQuarters(const Record &record, const Frame &frame, EntityReader *out
     const Frame plane = frameOf(record, frame, &isSound);
     const Vec3 centre = pointOf(record, 10, &isSound);
     const double radius = record.number(40, 0.0, &isSound);
-    if (!isSound || !(radius > 0.0))
+    if (!isSound || !(radius >= 0.0) || !record.has(40))
         return Outcome::Damaged;
+    if (radius == 0.0) {
+        out->note(VectorNote::Kind::Left,
+                  QT_TRANSLATE_NOOP("vectorkit", "circles and arcs without a radius"));
+        return Outcome::Done;
+    }
     PathPen pen(plane);
     const Vec3 a{radius, 0.0, 0.0};
     const Vec3 b{0.0, radius, 0.0};
@@ -290,6 +295,18 @@ Outcome drawSpline(const Record &record, const Frame &sheet, EntityReader *out)
     if (!pen.path().isEmpty() && std::hypot(gap.x(), gap.y()) <= (isClosed ? 1e-6 : 1e-9) * size)
         pen.close(isClosed ? 1e-6 : 1e-9);
     return finish(pen, out);
+}
+
+Outcome drawHelix(const Record &record, const Frame &sheet, EntityReader *out)
+{
+    // The spline that shows it comes first; its own values, which begin with a release number,
+    // would be taken for more of that.
+    constexpr int kRelease = 90;
+    Record spline = record;
+    const auto own = std::find_if(spline.tags.begin(), spline.tags.end(),
+                                  [](const Tag &tag) { return tag.code == kRelease; });
+    spline.tags.erase(own, spline.tags.end());
+    return drawSpline(spline, sheet, out);
 }
 
 Outcome drawSolid(const Record &record, const Frame &sheet, EntityReader *out)

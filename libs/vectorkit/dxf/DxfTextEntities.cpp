@@ -45,8 +45,15 @@ Outcome addLine(const Line &line, const Frame &frame, EntityReader *out)
     const double height = length > 0.0 ? product(along, up) / length : 0.0;
     if (!(std::abs(position.x()) <= 1e9 && std::abs(position.y()) <= 1e9))
         return Outcome::Damaged;
-    if (!(std::abs(height) * line.height > 1e-9 && length > 0.0 &&
-          std::abs(height) * line.height <= 1e9))
+    if (!(std::abs(height) * line.height <= 1e9))
+        return Outcome::Damaged;
+    constexpr double kFromTheSide = 1e-9;
+    if (!(std::abs(height) > kFromTheSide && length > kFromTheSide)) {
+        out->note(VectorNote::Kind::Left,
+                  QT_TRANSLATE_NOOP("vectorkit", "texts seen from the side"));
+        return Outcome::Done;
+    }
+    if (!(std::abs(height) * line.height > 1e-9))
         return Outcome::Damaged;
     VectorText text;
     text.text = line.text;

@@ -1,7 +1,22 @@
 #include <vectorkit/FormatSniffer_p.h>
 #include <vectorkit/hpgl/HpglInterpreter_p.h>
 
+#include <QtCore/QByteArray>
+
 namespace vectorkit {
+
+namespace {
+
+/** The bytes with blanks for a byte order mark, so that places stay what they are in the file. */
+QByteArray withoutMark(QByteArray bytes)
+{
+    static const QByteArray kByteOrderMark("\xEF\xBB\xBF");
+    if (bytes.startsWith(kByteOrderMark))
+        bytes.replace(0, kByteOrderMark.size(), QByteArray(kByteOrderMark.size(), ' '));
+    return bytes;
+}
+
+} // namespace
 
 bool readHpgl(const QByteArray &bytes, const ReadOptions &options, VectorDrawing *drawing,
               ReadFailure *failure)
@@ -9,8 +24,9 @@ bool readHpgl(const QByteArray &bytes, const ReadOptions &options, VectorDrawing
     ReadFailure reason;
     VectorDrawing read;
     bool isRead = false;
+    const QByteArray plain = withoutMark(bytes);
     if (formatOf(bytes) == VectorFormat::Hpgl)
-        isRead = HpglInterpreter(bytes, options, &read).run(&reason);
+        isRead = HpglInterpreter(plain, options, &read).run(&reason);
     else
         reason = foreignKindOf(bytes);
     if (isRead)

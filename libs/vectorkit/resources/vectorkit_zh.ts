@@ -631,5 +631,13 @@
         <source>Left out: %1.</source>
         <translation>略去：%1。</translation>
     </message>
+    <message>
+        <source>circles and arcs without a radius</source>
+        <translation>没有半径的圆和圆弧</translation>
+    </message>
+    <message>
+        <source>texts seen from the side</source>
+        <translation>从侧面看的文字</translation>
+    </message>
 </context>
 </TS>

@@ -38,6 +38,17 @@ bool parseViewBox(const QString &text, QRectF *box)
     return true;
 }
 
+/** What the `style` of the root says of a length, which goes before the attribute of that name. */
+QString styledLength(const QString &style, QLatin1String name)
+{
+    for (const QStringRef &part : style.splitRef(QLatin1Char(';'))) {
+        const int colon = part.indexOf(QLatin1Char(':'));
+        if (colon > 0 && part.left(colon).trimmed().compare(name, Qt::CaseInsensitive) == 0)
+            return part.mid(colon + 1).trimmed().toString();
+    }
+    return QString();
+}
+
 /** A length of the sheet that is given at all and not as a part of something unknown. */
 bool sheetLength(const QString &text, SvgLength *length)
 {
@@ -122,8 +133,11 @@ void SvgWalker::findSize()
     const double mmPerPixel = kMmPerInch / m_pixelsPerInch;
     SvgLength width;
     SvgLength height;
-    const bool hasWidth = sheetLength(m_tree.attribute(0, SvgName::Width), &width);
-    const bool hasHeight = sheetLength(m_tree.attribute(0, SvgName::Height), &height);
+    const QString style = m_tree.attribute(0, SvgName::StyleText);
+    const bool hasWidth = sheetLength(styledLength(style, QLatin1String("width")), &width) ||
+                          sheetLength(m_tree.attribute(0, SvgName::Width), &width);
+    const bool hasHeight = sheetLength(styledLength(style, QLatin1String("height")), &height) ||
+                           sheetLength(m_tree.attribute(0, SvgName::Height), &height);
     QRectF box;
     const bool hasBox = parseViewBox(m_tree.attribute(0, SvgName::ViewBox), &box);
     const auto mm = [&](const SvgLength &length) {

@@ -113,6 +113,39 @@ private Q_SLOTS:
         QVERIFY(frame->selectItem().isEmpty());
     }
 
+    void selection_ofVeryMany_listsTheFrameBehindThem()
+    {
+        constexpr int kCount = 5000;
+        ZTGraphicsScene scene;
+        scene.setBspTreeDepth(5);
+        QList<QGraphicsItem *> expected;
+        for (int i = 0; i < kCount; ++i)
+            expected << addRect(scene, i, QPointF(3 * i, i % 7));
+        QVERIFY(!scene.items(QPointF(1, 1)).isEmpty()); // each has its place in the index
+        ZTGraphicsResizeItem *frame = scene.getGraphicsResizeItem();
+        const QGraphicsItem::GraphicsItemFlags flags = frame->flags();
+        expected << frame << frame->childItems();
+
+        selectEverything(scene);
+        QCOMPARE(scene.items(QPointF(1, 1)).first(), static_cast<QGraphicsItem *>(frame));
+        QCOMPARE(frame->flags(), flags);
+        QCOMPARE(scene.bspTreeDepth(), 5);
+        QCOMPARE(scene.items(Qt::AscendingOrder), expected);
+        scene.setItemIndexMethod(QGraphicsScene::NoIndex);
+        QCOMPARE(scene.items(), expected); // without an index Qt sorts nothing
+    }
+
+    void selection_ofVeryMany_withoutAnIndex_staysSo()
+    {
+        ZTGraphicsScene scene;
+        scene.setItemIndexMethod(QGraphicsScene::NoIndex);
+        for (int i = 0; i < 5000; ++i)
+            addRect(scene, i, QPointF(3 * i, i % 7));
+        selectEverything(scene);
+        QCOMPARE(scene.itemIndexMethod(), QGraphicsScene::NoIndex);
+        QCOMPARE(scene.getGraphicsResizeItem()->selectItem().size(), 5000);
+    }
+
     void getSelectionItemRect_unitesShapeItems()
     {
         ZTGraphicsScene scene;
@@ -339,6 +372,21 @@ private Q_SLOTS:
         QCOMPARE(scene.items(QPointF(50, 50)).size(), 0);
         scene.deleteItems({});
         QCOMPARE(selections.count(), 1);
+    }
+
+    void deleteItems_ofAnotherScene_announceNoSelectionHere()
+    {
+        ZTGraphicsScene scene;
+        ZTGraphicsScene other;
+        addRect(scene, 1, QPointF())->setSelected(true);
+        ZTAbstractGraphicsItem *elsewhere = addRect(other, 2, QPointF());
+        elsewhere->setSelected(true);
+        const QSignalSpy here(&scene, &QGraphicsScene::selectionChanged);
+        const QSignalSpy there(&other, &QGraphicsScene::selectionChanged);
+        scene.deleteItems({elsewhere});
+        QCOMPARE(here.count(), 0);
+        QCOMPARE(there.count(), 1);
+        QCOMPARE(scene.selectedItems().size(), 1);
     }
 
     void deleteItems_many_areNotPaintedOnceMore()

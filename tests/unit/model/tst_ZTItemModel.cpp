@@ -299,6 +299,19 @@ private Q_SLOTS:
         QVERIFY(!item->isSelected());
     }
 
+    void treeSelection_rowsThatAreOff_selectNothing()
+    {
+        QVector<ZTAbstractGraphicsItem *> items;
+        for (int id = 1; id <= 4; ++id)
+            items << add(id);
+        model->item(0, 0)->setEnabled(false);
+        model->item(2, 0)->setSelectable(false);
+        model->objectTreeSelectChanged({model->index(0, 0), model->index(3, 2)}, {});
+        QCOMPARE(scene->selectedItems().size(), 2);
+        QVERIFY(items[1]->isSelected());
+        QVERIFY(items[3]->isSelected());
+    }
+
     void treeSelection_bothSetsEmpty_doesNoHarm()
     {
         ZTAbstractGraphicsItem *item = add(1);

@@ -77,6 +77,36 @@ QList<double> firstXs(const QPainterPath &lines)
     return xs;
 }
 
+/** The bytes of a base record that a stream gave field by field, as a shape keeps it after load. */
+QByteArray rereadByFields(QDataStream &in)
+{
+    QRectF rect;
+    QTransform transform;
+    QTransform rounding;
+    ZTFillParam fill;
+    qint32 shapeType = 0;
+    qint32 update = 0;
+    qint32 id = 0;
+    bool isLocked = false;
+    qint32 penId = 0;
+    in >> rect >> transform >> rounding >> fill >> shapeType >> update >> id >> isLocked >> penId;
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out << rect << transform << rounding << fill << shapeType << qint32(1) << id << isLocked
+        << penId;
+    return bytes;
+}
+
+QByteArray reread(QDataStream &in)
+{
+    ZTRectShape shape;
+    shape.load(in);
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    shape.save(out);
+    return bytes;
+}
+
 } // namespace
 
 class tst_ZTShapeBase : public QObject
@@ -412,6 +442,42 @@ private Q_SLOTS:
         QCOMPARE(read.getId(), 7);
         QCOMPARE(read.getPenId(), 2);
         QVERIFY(read.getLockAspectRatio());
+    }
+
+    void load_cutAnywhere_isAsFieldByField_data()
+    {
+        QTest::addColumn<int>("order");
+        QTest::addColumn<int>("precision");
+        QTest::newRow("as files have it")
+            << int(QDataStream::BigEndian) << int(QDataStream::DoublePrecision);
+        QTest::newRow("turned") << int(QDataStream::LittleEndian)
+                                << int(QDataStream::DoublePrecision);
+        QTest::newRow("short") << int(QDataStream::BigEndian) << int(QDataStream::SinglePrecision);
+    }
+    void load_cutAnywhere_isAsFieldByField()
+    {
+        QFETCH(int, order);
+        QFETCH(int, precision);
+        const auto setUp = [&](QDataStream &stream) {
+            stream.setByteOrder(QDataStream::ByteOrder(order));
+            stream.setFloatingPointPrecision(QDataStream::FloatingPointPrecision(precision));
+        };
+        QByteArray bytes;
+        QDataStream out(&bytes, QIODevice::WriteOnly);
+        setUp(out);
+        const QTransform turn(0.1, 0.2, 0.3, 0.4, 0.5, 0.6, 0.7, 0.8, 0.9);
+        out << QRectF(1.5, -2.5, 3.25, 1e100) << turn << turn * 2.0
+            << ZTFillParam{FillType::ULine, 0.1, -30.0, false} << qint32(3) << qint32(0)
+            << qint32(77) << true << qint32(5) << QByteArray("what follows");
+        for (int size = 0; size <= bytes.size(); ++size) {
+            QDataStream asFields(bytes.left(size));
+            QDataStream asRecord(bytes.left(size));
+            setUp(asFields);
+            setUp(asRecord);
+            QCOMPARE(reread(asRecord).toHex(), rereadByFields(asFields).toHex());
+            QCOMPARE(asRecord.status(), asFields.status());
+            QCOMPARE(asRecord.device()->pos(), asFields.device()->pos());
+        }
     }
 
     /** A scale of 1 but for rounding is none for Qt, unless the matrix was made as a scale. */

@@ -140,6 +140,11 @@ private Q_SLOTS:
             "flat view");
         row("stl", "solid part\nfacet normal 0 0 1\n", "This is an STL model, a body in space.",
             "flat view");
+        // 80 bytes of whatever, the number of facets, 50 bytes each.
+        row("stl in bytes",
+            QByteArray("made by hand").leftJustified(80, ' ') + QByteArray("\2\0\0\0", 4) +
+                QByteArray(100, '\0'),
+            "This is an STL model, a body in space.", "flat view");
         row("rar", "Rar!\x1A\x07", "This is a RAR archive.", "Unpack it");
         row("7z", "7z\xBC\xAF\x27\x1C", "This is a 7z archive.", "Unpack it");
         row("gzip", "\x1F\x8B\x08", "This is compressed (gzip), as .svgz files are.", "Unpack it");

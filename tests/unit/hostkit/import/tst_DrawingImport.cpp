@@ -107,6 +107,9 @@ private Q_SLOTS:
     void import_dots_becomeShortLines();
     void import_manyOutlines_takeTheirHolesSoon();
     void import_centre_movesTheWhole();
+    void import_farFromTheOrigin_staysWhole_data();
+    void import_farFromTheOrigin_staysWhole();
+    void import_largerThanTheScene_staysWhole();
     void import_cancelled_leavesNothing();
     void import_copies_keepTheirDrawing();
     void import_savedAndLoaded_isTheSame();
@@ -349,6 +352,74 @@ void tst_DrawingImport::import_centre_movesTheWhole()
     // The whole reaches from (0, 10) to (90, 60).
     COMPARE_BOX(boxMm(*result.items[0]), QRectF(65, 175, 40, 40), 0.05);
     COMPARE_BOX(boxMm(*result.items[1]), QRectF(55, 225, 90, 0), 0.05);
+}
+
+void tst_DrawingImport::import_farFromTheOrigin_staysWhole_data()
+{
+    QTest::addColumn<QPointF>("farMm");
+    QTest::addColumn<bool>("isCentred");
+    // The scene reaches some 8.6 m to each side; drawings of sites lie kilometres away.
+    const QVector<QPointF> places{{9e3, 0}, {-1e5, 2e4}, {5e6, -7e6}, {0, 1e9}};
+    for (const QPointF &place : places) {
+        for (const bool isCentred : {false, true})
+            QTest::addRow("%g, %g%s", place.x(), place.y(), isCentred ? ", centred" : "")
+                << place << isCentred;
+    }
+}
+
+void tst_DrawingImport::import_farFromTheOrigin_staysWhole()
+{
+    QFETCH(const QPointF, farMm);
+    QFETCH(const bool, isCentred);
+    VectorText word;
+    word.text = QStringLiteral("H");
+    word.heightMm = 5;
+    word.positionMm = {50, 40};
+    VectorDrawing drawing = plate();
+    drawing.layers[0].texts << word;
+    ImportOptions options = splitBy(ImportSplit::Color);
+    ZTGraphicsDocument nearby;
+    const ImportResult expected = hostkit::importDrawing(nearby, drawing, options);
+    const QTransform away = QTransform::fromTranslate(farMm.x(), farMm.y());
+    for (VectorLayer &layer : drawing.layers) {
+        for (VectorShape &shape : layer.shapes) {
+            for (VectorPath &path : shape.paths)
+                path = path.transformed(away);
+        }
+        for (VectorText &text : layer.texts)
+            text.positionMm += farMm;
+    }
+    if (isCentred)
+        options.centreMm = QPointF(100, 200);
+    ZTGraphicsDocument document;
+    const ImportResult result = hostkit::importDrawing(document, drawing, options);
+    QCOMPARE(result.items.size(), 4);
+    const QPointF wayMm = boxMm(*result.items[0]).topLeft() - QPointF(10, 10);
+    for (int i = 0; i < 4; ++i)
+        COMPARE_BOX(boxMm(*result.items[i]), boxMm(*expected.items[i]).translated(wayMm), 1e-4);
+    if (isCentred)
+        COMPARE_BOX(boxMm(*result.items[0]), QRectF(65, 175, 40, 40), 0.05);
+    for (const ZTAbstractGraphicsItem *item : result.items)
+        QVERIFY(document.scene()->sceneRect().contains(item->pos()));
+}
+
+void tst_DrawingImport::import_largerThanTheScene_staysWhole()
+{
+    VectorLayer layer;
+    layer.shapes << shape({square(-15e3, 0, 10)}, Qt::red)
+                 << shape({square(25e3, 9e3, 10)}, Qt::blue);
+    VectorDrawing drawing;
+    drawing.layers << layer;
+    for (const bool isCentred : {false, true}) {
+        ImportOptions options = splitBy(ImportSplit::Color);
+        if (isCentred)
+            options.centreMm = QPointF(0, 0);
+        ZTGraphicsDocument document;
+        const ImportResult result = hostkit::importDrawing(document, drawing, options);
+        QCOMPARE(result.items.size(), 2);
+        const QRectF red = boxMm(*result.items[0]);
+        COMPARE_BOX(boxMm(*result.items[1]), red.translated(40e3, 9e3), 1e-4);
+    }
 }
 
 void tst_DrawingImport::import_cancelled_leavesNothing()

@@ -138,6 +138,9 @@ private Q_SLOTS:
     void read_paperSpaceAlone_isSaid();
     void read_otherFiles_areRefused();
     void read_farCoordinates_areDamage();
+    void read_textSeenFromTheSide_isLeftOutAndSaid();
+    void read_helix_isItsSpline();
+    void read_circleWithoutRadius_drawsNothing();
     void read_cancelled_leavesTheDrawing();
 };
 
@@ -629,6 +632,42 @@ void tst_DxfReader::read_farCoordinates_areDamage()
     const VectorDrawing drawing = readBytes(drawingOf(entities));
     QCOMPARE(drawing.shapeCount(), 20);
     QCOMPARE(noteCount(drawing, VectorNote::Kind::Damaged, "LINE"), qint64(2));
+}
+
+void tst_DxfReader::read_textSeenFromTheSide_isLeftOutAndSaid()
+{
+    // Written on a wall: from above it is a line.
+    const VectorDrawing drawing =
+        readBytes(drawingOf("0 TEXT|8 0|10 5|20 5|40 3|1 WALL|210 1|220 0|230 0|" + lineTo("7")));
+    QCOMPARE(drawing.textCount(), 0);
+    QCOMPARE(shapesOf(drawing).size(), 1);
+    QCOMPARE(noteCount(drawing, VectorNote::Kind::Left, "texts seen from the side"), 1);
+    QCOMPARE(noteCount(drawing, VectorNote::Kind::Damaged, ""), 0);
+}
+
+void tst_DxfReader::read_helix_isItsSpline()
+{
+    // A helix holds the spline that shows it, and its own values (axis, 40 the radius, 41 the
+    // turns) behind it.
+    const QByteArray curve = "8 0|100 AcDbSpline|70 8|71 1|72 4|73 2|74 0|40 0|40 0|40 1|40 1|10 0|"
+                             "20 0|30 0|10 10|20 5|30 2";
+    const VectorDrawing drawing =
+        readBytes(drawingOf("0 HELIX|" + curve +
+                            "|100 AcDbHelix|90 29|91 63|10 3|20 3|30 0|11 8|21 3|31 0|12 0|22 0|"
+                            "32 1|40 5|41 2|42 3|290 1|280 1"));
+    QCOMPARE(shapesOf(drawing).size(), 1);
+    COMPARE_POINT(shapesOf(drawing)[0].paths[0].start(), 0, 0);
+    COMPARE_POINT(piecesOf(shapesOf(drawing)[0].paths[0]).last().to, 10, -5);
+    QVERIFY(drawing.notes.isEmpty());
+}
+
+void tst_DxfReader::read_circleWithoutRadius_drawsNothing()
+{
+    const VectorDrawing drawing = readBytes(drawingOf(
+        "0 CIRCLE|8 0|10 5|20 5|40 0|0 ARC|8 0|10 5|20 5|40 0|50 0|51 90|" + lineTo("7")));
+    QCOMPARE(shapesOf(drawing).size(), 1);
+    QCOMPARE(noteCount(drawing, VectorNote::Kind::Left, "circles and arcs without a radius"), 2);
+    QCOMPARE(noteCount(drawing, VectorNote::Kind::Damaged, ""), 0);
 }
 
 void tst_DxfReader::read_cancelled_leavesTheDrawing()

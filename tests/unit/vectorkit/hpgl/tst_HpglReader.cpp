@@ -128,6 +128,7 @@ private Q_SLOTS:
         row("two letters together", "INPUPA0 0PDPA40 0PDPA40 80", kLine);
         row("relative", "IN;PU0,0;PD;PR40,0,0,80;", kLine);
         row("relative and back", "IN;PU40,0;PR-40,0;PD40,0;PA40,80;PU;", kLine);
+        row("a byte order mark", "\xEF\xBB\xBFIN;PU0,0;PD40,0,40,80;", kLine);
         row("a comment", "# from a script\nIN;PU0,0;PD40,0;# half\nPD40,80;", kLine);
         row("a comment command", "CO Circles drawn, pen wide;IN;PU0,0;CO\"PD9;9\";PD40,0,40,80;",
             kLine);

@@ -183,6 +183,7 @@ void TestSvgReader::size_isFoundAsTheFileSays_data()
     row("size-editor-90", {50.8, 25.4}, 25.4 / 90, declared, {0, 0, 25.4, 12.7});
     row("size-editor-96", {25.4, 25.4}, pixel, declared, {0, 0, 25.4, 12.7});
     row("size-editor-72", {50.8, 25.4}, 25.4 / 72, declared, {0, 0, 25.4, 12.7});
+    row("size-style", {100, 50}, 0.5, declared, {10, 5, 30, 20});
     row("aspect", {100, 50}, 5.0, declared, {50, 0, 50, 50});
     // Of all there is room for: 96 x 192 pixels, the lowest corner of all at (72, 144).
     row("size-percent", {25.4, 50.8}, pixel, SizeSource::Guessed, {0, 0, 19.05, 38.1});
