@@ -210,8 +210,12 @@ QVBoxLayout *JobPreview::newTransport()
 void JobPreview::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    retranslate();
+    // What was found is told in words: they are found anew once all else speaks the language.
+    if (isVisible() && m_job && !m_job->findings.isEmpty())
+        QMetaObject::invokeMethod(this, &JobPreview::updateAsked, Qt::QueuedConnection);
 }
 
 void JobPreview::retranslate()
