@@ -121,8 +121,9 @@ void JobCommand::addMachine()
         ->default_str("grbl-diode");
     m_command
         ->add_option("--pens", m_pensFile,
-                     tr("The pens, a JSON file; without it those of the drawing, or all with\n"
-                        "50 % and 500 mm/s, or as fast as the machine is")
+                     tr("The pens, a JSON file; without it those of the drawing. Pens that\n"
+                        "nobody gave values mark with 50 % and 500 mm/s, or as fast as the\n"
+                        "machine is, after a warning")
                          .toStdString())
         ->type_name("FILE");
 }
@@ -213,7 +214,7 @@ int JobCommand::run()
     if (!source.open(m_files, m_foreign, m_job.options, progress))
         return console::Failed;
     m_isYUp = source.isYUp();
-    if (m_pensFile.empty() && !source.pens().isEmpty())
+    if (m_pensFile.empty())
         m_pens = source.pens();
     if (takesNumbers(source) && !(source.lock(m_files) && source.passInterrupted()))
         return console::Failed;
@@ -260,12 +261,7 @@ bool JobCommand::readMachine()
 
 bool JobCommand::readPens()
 {
-    if (!m_pensFile.empty())
-        return machinefiles::readPens(m_pensFile, &m_pens);
-    m_pens = jobkit::defaultPens();
-    for (jobkit::Pen &pen : m_pens)
-        pen.speedMmPerS = std::min(pen.speedMmPerS, m_profile.mostSpeedMmPerS);
-    return true;
+    return m_pensFile.empty() || machinefiles::readPens(m_pensFile, &m_pens);
 }
 
 /** A frame and a look at the time use up nothing. */
@@ -318,6 +314,8 @@ bool JobCommand::check(const QVector<jobkit::JobItem> &items)
     bool isFit = true;
     std::map<FindingKind, int> counts;
     for (const JobFinding &finding : jobkit::checkJob(items, m_pens, m_profile)) {
+        if (m_frame && finding.kind == FindingKind::PenWithoutValues)
+            continue; // a frame has a pen of its own
         const bool isOutside = finding.kind == FindingKind::OutsideField;
         const bool isFatal = finding.kind == FindingKind::NothingToMark ||
                              finding.kind == FindingKind::NotANumber ||

@@ -82,8 +82,11 @@ bool JobSource::showPart(const QStringList &errors)
 
 QVector<jobkit::Pen> JobSource::pens() const
 {
-    return jobkit::hasDrawingPens(m_drawing.document) ? jobkit::drawingPens(m_drawing.document)
-                                                      : QVector<jobkit::Pen>();
+    QString error;
+    const QVector<jobkit::Pen> given = jobkit::givenPens(m_drawing.document, &error);
+    if (!error.isEmpty())
+        console::complain(m_name, tr("warning: its pens cannot be read: %1").arg(error));
+    return given;
 }
 
 bool JobSource::isYUp() const { return !m_isForeign && hostkit::exportsYUp(m_drawing.document); }

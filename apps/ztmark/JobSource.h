@@ -31,7 +31,10 @@ public:
     bool open(const InputFiles &files, ForeignFiles &foreign, const hostkit::MarkJobOptions &layout,
               Progress &progress);
 
-    /** The pens that the drawing carries; none of a drawing without, and of foreign files. */
+    /**
+     * The pens that the drawing carries; none of a drawing without, and of foreign files. Those
+     * that cannot be read are told on stderr, and none.
+     */
     QVector<jobkit::Pen> pens() const;
 
     /** False when one of several files could not be taken in. */

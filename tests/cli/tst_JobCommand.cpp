@@ -4,6 +4,7 @@
 #include <support/SingletonGuard.h>
 
 #include <hostkit/drawing/DrawingCapture.h>
+#include <hostkit/drawing/DrawingExtras.h>
 #include <hostkit/drawing/DrawingLoader.h>
 #include <hostkit/items/ItemHatches.h>
 #include <hostkit/items/PartTexts.h>
@@ -210,7 +211,8 @@ private Q_SLOTS:
 
     void hatch_thatIsEmpty_isWarnedOf()
     {
-        const ZtmarkRun run = job("corner.plt --hatch line --time"); // nothing is closed
+        const ZtmarkRun run =
+            job("corner.plt --pens pens.json --hatch line --time"); // nothing is closed
         QCOMPARE(run.err, QStringLiteral("ztmark: warning: the hatch is empty: no line meets the "
                                          "drawing\n"));
         QCOMPARE(run.exitCode, 0);
@@ -487,6 +489,7 @@ private Q_SLOTS:
         hostkit::setHatches({line, ring}, &fill, &extras);
         item->setFillParam(fill);
         hostkit::setItemExtras(*item, extras);
+        jobkit::setDrawingPens(document, {jobkit::defaultPen(1), jobkit::defaultPen(2)});
         QVERIFY(hostkit::saveDrawing(document, {}, path("h.ztd"), nullptr));
 
         const ZtmarkRun told =
@@ -524,6 +527,42 @@ private Q_SLOTS:
         QCOMPARE(marked.exitCode, 0);
         const QByteArray marks = written("h.json");
         QVERIFY(marks.contains("\"pen\": 2") || marks.contains("\"pen\":2"));
+    }
+
+    // What burns at values that nobody chose is said, and no faster than the machine.
+    void pensWithoutValues_areToldAndMark()
+    {
+        const ZtmarkRun bare = job("corner.plt -o a.nc");
+        QCOMPARE(bare.exitCode, 0);
+        QVERIFY2(bare.err.startsWith(QStringLiteral("ztmark: corner.plt: warning: Pen 1 of ")),
+                 qPrintable(bare.err));
+        QVERIFY2(
+            bare.err.endsWith(QStringLiteral(" was given no values: it marks with 100 mm/s and "
+                                             "50 % power.\n")),
+            qPrintable(bare.err));
+        QVERIFY(written("a.nc").contains("F6000"));
+        put("far.plt", "SP2;PU0,0;PD40,0;");
+        const ZtmarkRun lacking = job("far.plt --pens pens.json --profile galvo.json -o b.nc");
+        QCOMPARE(lacking.exitCode, 0);
+        QVERIFY2(lacking.err.contains(QStringLiteral("warning: Pen 2 of ")),
+                 qPrintable(lacking.err));
+        QVERIFY2(lacking.err.contains(QStringLiteral("500 mm/s")), qPrintable(lacking.err));
+        QCOMPARE(job("corner.plt --pens pens.json -o c.nc").err, QString());
+        QCOMPARE(job("corner.plt --frame box -o d.nc").err, QString()); // has a pen of its own
+    }
+
+    void damagedPens_areToldWithTheField()
+    {
+        ZTGraphicsDocument document;
+        document.itemMag()->addShape(ShapeType::Rect, {0, 0, 10, 10});
+        hostkit::DrawingExtras extras;
+        extras.fields.insert("pens", "{\"format\": 7}");
+        hostkit::setDrawingExtras(document, extras);
+        QVERIFY(hostkit::saveDrawing(document, {}, path("bad.ztd"), nullptr));
+        const ZtmarkRun run = job("bad.ztd --profile galvo.json -o a.nc --outside");
+        QVERIFY2(run.err.contains(QStringLiteral("warning: its pens cannot be read: format")),
+                 qPrintable(run.err));
+        QVERIFY2(run.err.contains(QStringLiteral("was given no values")), qPrintable(run.err));
     }
 
     void checks_areTold_withTheObject()
@@ -641,6 +680,9 @@ private:
         document.itemMag()->scene()->setSceneRect(QRectF(-5000, -5000, 10000, 10000));
         for (int shape = 0; shape < shapes; ++shape)
             addText(document, last, QPointF(leftMm, 20.0 * shape), shape, shapes);
+        jobkit::Pen pen = jobkit::defaultPen(1);
+        pen.speedMmPerS = 80.0; // of which there is nothing to tell
+        jobkit::setDrawingPens(document, {pen});
         QVERIFY(hostkit::saveDrawing(document, {}, path("serial.ztd"), nullptr));
     }
 

@@ -5,7 +5,10 @@
 #include <studio/preferences/PreferenceTools.h>
 #include <studio/window/DialogManners.h>
 
+#include <jobkit/marks/DrawingPens.h>
+
 #include <QtGui/QKeySequence>
+#include <QtGui/QScreen>
 #include <QtWidgets/QDialog>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QFileDialog>
@@ -54,6 +57,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, command);
         QFETCH(int, language);
         QVERIFY(studio->run("create.text"));
+        jobkit::setDrawingPens(studio->document(), jobkit::defaultPens());
         studio::PreferenceEdit edit;
         edit.language = studio::LanguageChoice(language);
         edit.drawing = edit.user.newDrawing;
@@ -207,7 +211,57 @@ private Q_SLOTS:
         box->reject();
     }
 
+    // A question with four buttons, in letters so large that they do not stand beside each other.
+    void buttons_areNotCutOnASmallScreen()
+    {
+        const QFont usual = QApplication::font();
+        QFont large = usual;
+        large.setPointSizeF(30.0);
+        QApplication::setFont(large);
+        for (int i = 0; i < 12; ++i)
+            studio->addRect(100000, i * 30); // all beyond the field: more than are named
+        QVERIFY(studio->run("job.export"));
+        auto *box = studio->window->findChild<QMessageBox *>(QStringLiteral("jobQuestion"));
+        QVERIFY(box != nullptr);
+        QVERIFY(QTest::qWaitForWindowExposed(box));
+        QCOMPARE(box->buttons().size(), 4);
+        checkButtons(*box);
+        box->reject();
+        QApplication::setFont(usual);
+    }
+
+    void fewButtons_standBesideEachOther_unlessThereIsNoRoom()
+    {
+        QMessageBox box(QMessageBox::Question, QString(), QStringLiteral("Words."),
+                        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
+                        studio->window.get());
+        const auto *row = box.findChild<QDialogButtonBox *>();
+        studio::DialogManners::stackButtons(box, 800);
+        QCOMPARE(row->orientation(), Qt::Horizontal);
+        studio::DialogManners::stackButtons(box, 100);
+        QCOMPARE(row->orientation(), Qt::Vertical);
+        box.open();
+        QVERIFY(QTest::qWaitForWindowExposed(&box));
+        checkButtons(box);
+    }
+
 private:
+    /** Every button has the whole of its text, within its dialog and clear of the others. */
+    static void checkButtons(const QMessageBox &box)
+    {
+        QRegion taken;
+        for (const QAbstractButton *button : box.buttons()) {
+            const QRect place(button->mapTo(&box, QPoint(0, 0)), button->size());
+            QVERIFY2(place.width() >= button->sizeHint().width() &&
+                         place.height() >= button->sizeHint().height(),
+                     qPrintable(button->text()));
+            QVERIFY2(box.rect().contains(place), qPrintable(button->text()));
+            QVERIFY2(!taken.intersects(place), qPrintable(button->text()));
+            taken += place;
+        }
+        QVERIFY(box.width() <= box.screen()->availableGeometry().width());
+    }
+
     static QDialog *shownDialog()
     {
         for (QWidget *widget : QApplication::topLevelWidgets()) {

@@ -1,11 +1,12 @@
 #include "TextWindow.h"
 
+#include <cli/ZtmarkProcess.h>
+
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/job/JobExportDialog.h>
 #include <studio/job/JobExporter.h>
 #include <studio/job/JobPanel.h>
 #include <studio/job/JobPreview.h>
-#include <studio/job/JobReport.h>
 #include <studio/job/JobTools.h>
 #include <studio/job/MaterialStore.h>
 #include <studio/job/PenModel.h>
@@ -220,6 +221,7 @@ private Q_SLOTS:
         studio->addRect(0, 0);
         auto *outside = studio->addRect(100000, 0);
         studio->select({});
+        jobkit::setDrawingPens(studio->document(), jobkit::defaultPens());
         QVERIFY(studio->run("job.preview"));
         auto *list = planPanel().findChild<QListWidget *>(QStringLiteral("plan.findings"));
         QCOMPARE(list->count(), 1);
@@ -581,6 +583,7 @@ private Q_SLOTS:
     void exportDialog_writesWhatItSays()
     {
         studio->addRect(0, 0);
+        jobkit::setDrawingPens(studio->document(), jobkit::defaultPens());
         QVERIFY(studio->run("job.export"));
         auto *dialog = studio->window->findChild<JobExportDialog *>();
         QVERIFY(dialog != nullptr);
@@ -615,6 +618,7 @@ private Q_SLOTS:
         studio->addRect(0, 0);
         QVERIFY(studio->window->editor().files().saveTo(studio->path("plate 7.ztd")));
         QCoreApplication::processEvents();
+        jobkit::setDrawingPens(studio->document(), jobkit::defaultPens());
         QVERIFY(studio->run("job.export"));
         auto *dialog = studio->window->findChild<JobExportDialog *>();
         auto *path = dialog->findChild<QLineEdit *>(QStringLiteral("path"));
@@ -625,6 +629,48 @@ private Q_SLOTS:
         dialog->findChild<QPushButton *>(QStringLiteral("export"))->click();
         QTRY_VERIFY(QFile::exists(studio->path("a.nc")));
         QVERIFY(StudioWindow::contentOf(studio->path("a.nc")).startsWith("; plate 7.ztd\n"));
+    }
+
+    // No pens of its own: the same speed, power and colours everywhere, and a word about it.
+    void aDrawingWithoutPens_isWrittenAsByTheCommandLine_afterAWarning()
+    {
+        studio->addRect(0, 0)->setPenId(3);
+        studio->addRect(300, 0)->setPenId(40);
+        QVERIFY(studio->window->editor().files().saveTo(studio->path("plain.ztd")));
+        studio::JobSettings chosen = settings();
+        chosen.profile = QStringLiteral("grbl-diode");
+        for (const char *form : {"nc", "json", "svg", "dxf", "plt", "csv"}) {
+            const QString name = QStringLiteral("studio.") + QLatin1String(form);
+            studio::JobExport wanted;
+            wanted.path = studio->path(name.toLatin1());
+            QVERIFY(studio->window->editor().job().exporter().write(wanted, chosen, nullptr));
+            const QString other = QStringLiteral("line.") + QLatin1String(form);
+            const ZtmarkRun run = runZtmark(
+                {QStringLiteral("job"), QStringLiteral("plain.ztd"), QStringLiteral("-o"), other},
+                QFileInfo(wanted.path).path());
+            QVERIFY2(run.exitCode == 0, qPrintable(run.err));
+            QVERIFY2(run.err.contains(QStringLiteral("warning: Pen 3 of ")), qPrintable(run.err));
+            QVERIFY2(run.err.contains(QStringLiteral("it marks with 100 mm/s and 50 % power")),
+                     qPrintable(run.err));
+            QCOMPARE(StudioWindow::contentOf(wanted.path),
+                     StudioWindow::contentOf(studio->path(other.toLatin1())));
+        }
+        const QByteArray gcode = StudioWindow::contentOf(studio->path("studio.nc"));
+        QVERIFY(gcode.contains("; pen 40, 100 mm/s, 50 %"));
+        QVERIFY(gcode.contains("F6000")); // 100 mm/s, the fastest of this machine
+
+        QVERIFY(studio->run("job.export"));
+        auto *box = studio->window->findChild<QMessageBox *>(QStringLiteral("jobQuestion"));
+        QVERIFY(box != nullptr);
+        QVERIFY2(box->informativeText().contains(QStringLiteral("was given no values: it marks "
+                                                                "with 500 mm/s and 50 % power.")),
+                 qPrintable(box->informativeText()));
+        QVERIFY(studio->window->findChild<JobExportDialog *>() == nullptr);
+        for (QAbstractButton *button : box->buttons()) {
+            if (box->buttonRole(button) == QMessageBox::AcceptRole)
+                QTest::mouseClick(button, Qt::LeftButton);
+        }
+        QVERIFY(studio->window->findChild<JobExportDialog *>() != nullptr);
     }
 
     // In steps to the end: the window stays awake, and whoever gives up late is heard, too.
@@ -655,6 +701,7 @@ private Q_SLOTS:
     {
         studio->addRect(0, 0);
         const QString path = studio->write("old.nc", "old");
+        jobkit::setDrawingPens(studio->document(), jobkit::defaultPens());
         QVERIFY(studio->run("job.export"));
         auto *dialog = studio->window->findChild<JobExportDialog *>();
         dialog->findChild<QLineEdit *>(QStringLiteral("path"))->setText(path);
@@ -837,28 +884,16 @@ private Q_SLOTS:
         QCOMPARE(StudioWindow::contentOf(jobkit::journalPath(drawing)), QByteArray("{ cut off"));
     }
 
-    void report_holdsMachineSizeAndTime()
+    // In a window of 800 points height: nobody has to scroll for the buttons.
+    void planPage_keepsItsButtonsInSight()
     {
         studio->addRect(0, 0);
         QVERIFY(studio->run("job.preview"));
-        studio::GatheredItems gathered;
-        QVERIFY(studio::gatherItems(studio->document(), &gathered, [](int, int) { return true; }) ==
-                studio::Gathering::Done);
-        studio::JobRequest request;
-        request.items = gathered.items;
-        request.pens = studio::pensOf(studio->document());
-        request.settings = settings();
-        QString error;
-        QVERIFY(request.settings.readProfile(&request.machine, &error));
-        const std::atomic<bool> isGivenUp{false};
-        const auto job = studio::makeJob(request, isGivenUp);
-        const QString text = studio::reportText(*job);
-        for (const char *part : {"galvo-fiber", "10.000 x 10.000 mm", "0.08 s"})
-            QVERIFY2(text.contains(QLatin1String(part)), qPrintable(text));
-        QVERIFY(studio::saveReport(*job, preview()->plan(), studio->path("r.pdf"), &error));
-        QVERIFY(StudioWindow::contentOf(studio->path("r.pdf")).startsWith("%PDF"));
-        QVERIFY(!studio::saveReport(*job, preview()->plan(), studio->path("no/r.pdf"), &error));
-        QVERIFY(!error.isEmpty());
+        QCoreApplication::processEvents();
+        for (const char *name : {"plan.report", "plan.export"}) {
+            const auto *button = planPanel().findChild<QPushButton *>(QLatin1String(name));
+            QCOMPARE(button->visibleRegion().boundingRect(), button->rect());
+        }
     }
 
 private:

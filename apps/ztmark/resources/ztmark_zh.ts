@@ -1397,12 +1397,6 @@ given several times</source>
         <translation>不写作业而写其外框 box 或凸包 hull，供无功率走一遍</translation>
     </message>
     <message>
-        <source>The pens, a JSON file; without it those of the drawing, or all with
-50 % and 500 mm/s, or as fast as the machine is</source>
-        <translation>笔，JSON 文件；不给出时用图纸自带的笔，否则全部为 50 %、
-500 mm/s，或机器的最高速度</translation>
-    </message>
-    <message>
         <source>Write also what does not show what it was given, such as a code that cannot
 hold its content</source>
         <translation>也写出没有显示给定内容的图形，例如容纳不下其内容的
@@ -1423,6 +1417,13 @@ hold its content</source>
     <message>
         <source>Mark outlines inside others before those around them</source>
         <translation>先标刻内部轮廓，再标刻外部轮廓</translation>
+    </message>
+    <message>
+        <source>The pens, a JSON file; without it those of the drawing. Pens that
+nobody gave values mark with 50 % and 500 mm/s, or as fast as the
+machine is, after a warning</source>
+        <translation>笔，JSON 文件；不给时用图纸的笔。没有设定数值的笔在警告之后以
+50 % 和 500 mm/s 标刻，机器较慢时以机器的最大速度标刻</translation>
     </message>
 </context>
 <context>
@@ -1478,6 +1479,10 @@ hold its content</source>
     <message>
         <source>warning: a job that was interrupted took %1; they are passed over, for its files may have been run</source>
         <translation>警告：被中断的作业取用了 %1；这些编号将被跳过，因为那些文件可能已被运行</translation>
+    </message>
+    <message>
+        <source>warning: its pens cannot be read: %1</source>
+        <translation>警告：无法读取其中的笔：%1</translation>
     </message>
 </context>
 <context>

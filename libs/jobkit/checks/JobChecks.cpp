@@ -110,8 +110,10 @@ private:
         QList<int> numbers = used.values();
         std::sort(numbers.begin(), numbers.end());
         for (const int number : qAsConst(numbers)) {
-            const Pen pen = penOf(m_pens, number);
-            if (!pen.isOn)
+            const Pen pen = penOf(m_pens, number, m_profile);
+            if (findPen(m_pens, number) == nullptr)
+                tellWithoutValues(item, pen);
+            else if (!pen.isOn)
                 add(FindingKind::PenOff, item.object, placeOf(item),
                     Texts::tr("Pen %1 of %2 is off: what it draws is left out.")
                         .arg(QString::number(number), nameOf(item.object)));
@@ -121,6 +123,17 @@ private:
                         .arg(QString::number(number), nameOf(item.object),
                              numberText(pen.speedMmPerS), numberText(m_profile.mostSpeedMmPerS)));
         }
+    }
+
+    void tellWithoutValues(const JobItem &item, const Pen &pen)
+    {
+        if (m_withoutValues.contains(pen.number))
+            return;
+        m_withoutValues.insert(pen.number);
+        add(FindingKind::PenWithoutValues, item.object, placeOf(item),
+            Texts::tr("Pen %1 of %2 was given no values: it marks with %3 mm/s and %4 % power.")
+                .arg(QString::number(pen.number), nameOf(item.object), numberText(pen.speedMmPerS),
+                     numberText(pen.powerPercent)));
     }
 
     void checkText(const JobItem &item)
@@ -260,6 +273,7 @@ private:
     QHash<int, QString> m_names;
     QVector<JobFinding> m_findings;
     std::map<FindingKind, int> m_counts;
+    QSet<int> m_withoutValues; ///< numbers of pens that were told
     bool m_canCompare = true;
 };
 

@@ -10,6 +10,7 @@ enum class FindingKind : quint8 {
     NothingToMark,     ///< no object
     OutsideField,      ///< an object reaches beyond the machine's field
     TooFast,           ///< a pen is faster than the machine
+    PenWithoutValues,  ///< once a pen: the job's pens lack it, and `penOf` gives it values
     PenOff,            ///< an object, or a hatch of it, is left out
     DoubledLine,       ///< an outline lies on another, or on itself
     CoveredLine,       ///< a part of an outline does
@@ -40,8 +41,10 @@ struct CheckLimits
 /**
  * Looks a job over before it is marked; the findings by kind, then by object.
  *
- * Each kind is told once an object. Lines lie on each other where they are no farther apart than a
- * micrometre over more than a micrometre; hatch lines are not compared with outlines.
+ * `pens` are those that somebody gave the job; none for a drawing without pens of its own. Each
+ * kind is told once an object, a pen without values once at its first object. Lines lie on each
+ * other where they are no farther apart than a micrometre over more than a micrometre; hatch lines
+ * are not compared with outlines.
  */
 QVector<JobFinding> checkJob(const QVector<JobItem> &items, const QVector<Pen> &pens,
                              const MachineProfile &profile, const CheckLimits &limits = {});

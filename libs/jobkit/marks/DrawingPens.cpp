@@ -14,7 +14,7 @@ const QString kMaterialName = QStringLiteral("drawing");
 
 } // namespace
 
-QVector<Pen> drawingPens(const ZTGraphicsDocument &document, QString *error)
+QVector<Pen> givenPens(const ZTGraphicsDocument &document, QString *error)
 {
     QString problem;
     Material material;
@@ -22,7 +22,13 @@ QVector<Pen> drawingPens(const ZTGraphicsDocument &document, QString *error)
     const bool isRead = !json.isEmpty() && readMaterial(json, &material, &problem);
     if (error != nullptr)
         *error = problem;
-    return isRead && !material.pens.isEmpty() ? material.pens : defaultPens();
+    return isRead ? material.pens : QVector<Pen>();
+}
+
+QVector<Pen> drawingPens(const ZTGraphicsDocument &document, QString *error)
+{
+    const QVector<Pen> given = givenPens(document, error);
+    return given.isEmpty() ? defaultPens() : given;
 }
 
 bool hasDrawingPens(const ZTGraphicsDocument &document)

@@ -15,6 +15,12 @@ namespace jobkit {
  */
 QVector<Pen> drawingPens(const ZTGraphicsDocument &document, QString *error = nullptr);
 
+/**
+ * The pens that a drawing was given: what its job is planned, checked and written with. Empty for a
+ * drawing without any, and where they cannot be read; then a job tells that its pens lack values.
+ */
+QVector<Pen> givenPens(const ZTGraphicsDocument &document, QString *error = nullptr);
+
 /** Whether a drawing carries pens of its own. */
 bool hasDrawingPens(const ZTGraphicsDocument &document);
 

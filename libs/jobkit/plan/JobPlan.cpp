@@ -148,8 +148,19 @@ QRectF JobPlan::boundsMm() const
 
 Pen penOf(const QVector<Pen> &pens, int number)
 {
-    const Pen *pen = findPen(pens, number);
+    if (const Pen *pen = findPen(pens, number))
+        return *pen;
+    static const QVector<Pen> screenPens = defaultPens();
+    const Pen *pen = findPen(screenPens, number);
     return pen != nullptr ? *pen : defaultPen(number);
+}
+
+Pen penOf(const QVector<Pen> &pens, int number, const MachineProfile &machine)
+{
+    Pen pen = penOf(pens, number);
+    if (findPen(pens, number) == nullptr)
+        pen.speedMmPerS = std::min(pen.speedMmPerS, machine.mostSpeedMmPerS);
+    return pen;
 }
 
 JobPlan planOf(const QVector<JobItem> &items, const QVector<Pen> &pens)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <hostkit/items/ShapeHatch.h>
+#include <jobkit/values/MachineProfile.h>
 #include <jobkit/values/Pen.h>
 
 #include <QtCore/QLineF>
@@ -83,8 +84,17 @@ enum class PassOrder : quint8 {
     EachObject ///< the outlines of an object, or one of its hatches, as often as they need, then on
 };
 
-/** The pen with this number, or a default one where the list has none. */
+/**
+ * The pen with this number; where the list has none, that of `defaultPens`, or `defaultPen` for a
+ * number beyond them. What is marked with such a pen was given no values: `checkJob` tells of it.
+ */
 Pen penOf(const QVector<Pen> &pens, int number);
+
+/**
+ * The pen with this number on a machine: what all files, times and checks of a job go by. One that
+ * the list has is as it is there, however fast; one that it lacks is no faster than the machine.
+ */
+Pen penOf(const QVector<Pen> &pens, int number, const MachineProfile &machine);
 
 /**
  * The pieces of the items in their order: of each item the hatches that go before it, its

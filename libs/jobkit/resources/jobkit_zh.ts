@@ -59,6 +59,10 @@
         <source>%1 has lines that cover each other in part.</source>
         <translation>%1 有互相部分覆盖的线。</translation>
     </message>
+    <message>
+        <source>Pen %1 of %2 was given no values: it marks with %3 mm/s and %4 % power.</source>
+        <translation>%2 的笔 %1 没有设定数值：将以 %3 mm/s、%4 % 功率标刻。</translation>
+    </message>
 </context>
 <context>
     <name>jobkit::JobWriter</name>

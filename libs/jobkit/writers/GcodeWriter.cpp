@@ -47,7 +47,7 @@ private:
         Pen pen;
         for (const PlanPiece &piece : plan.pieces) {
             if (before == nullptr || before->pen != piece.pen || before->pass != piece.pass) {
-                pen = penOf(m_job.pens, piece.pen);
+                pen = penOf(m_job.pens, piece.pen, m_job.profile);
                 tell(pen, piece.pass);
             }
             writePiece(piece, pen);

@@ -57,7 +57,7 @@ void writeJson(const JobFile &job, JobText *text)
     *text << ",\n\"pens\":[";
     const QVector<int> numbers = pensOf(plan);
     for (int i = 0; i < numbers.size(); ++i) {
-        const QJsonObject pen = penToJson(penOf(job.pens, numbers[i]));
+        const QJsonObject pen = penToJson(penOf(job.pens, numbers[i], job.profile));
         *text << (i > 0 ? ",\n" : "\n") << QJsonDocument(pen).toJson(QJsonDocument::Compact);
     }
     *text << "],\n\"pieces\":[";

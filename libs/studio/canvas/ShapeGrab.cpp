@@ -23,13 +23,19 @@ bool ShapeGrab::eventFilter(QObject *watched, QEvent *event)
 
 void ShapeGrab::press(const QMouseEvent &event)
 {
-    if (event.button() != Qt::LeftButton || event.modifiers() != Qt::NoModifier)
+    const bool isAdding = event.modifiers() == Qt::ControlModifier;
+    const bool isPlain =
+        event.modifiers() == Qt::NoModifier || event.modifiers() == Qt::ShiftModifier;
+    if (event.button() != Qt::LeftButton || !(isPlain || isAdding))
         return;
     auto *item = dynamic_cast<ShapeItem *>(m_view.itemAt(event.pos()));
     if (item == nullptr || item->isSelected() ||
         !item->flags().testFlag(QGraphicsItem::ItemIsSelectable))
         return;
-    selectOnly(*m_view.scene(), {item});
+    if (isAdding)
+        item->setSelected(true);
+    else
+        selectOnly(*m_view.scene(), {item});
     passHandles();
 }
 

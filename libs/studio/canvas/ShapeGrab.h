@@ -15,7 +15,7 @@ namespace studio {
 /**
  * Takes hold of the shape under a press, so that one drag selects and moves it. The scene selects a
  * pressed shape as well, but only the frame around the selection can be dragged, and it comes too
- * late for that press.
+ * late for that press. With Ctrl the shape joins what is selected, and all of it moves.
  *
  * Order: made before all that looks at the mouse on the canvas, which then comes first.
  */

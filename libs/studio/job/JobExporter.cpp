@@ -2,7 +2,6 @@
 
 #include <studio/commands/FramePause.h>
 #include <studio/drawing/LongWork.h>
-#include <studio/job/PensCommand.h>
 #include <studio/program/Messages.h>
 #include <studio/text/TextTools.h>
 #include <studio/text/VariantParts.h>
@@ -10,6 +9,7 @@
 #include <hostkit/drawing/ExportDirection.h>
 #include <hostkit/files/FileWriter.h>
 #include <hostkit/items/LastPart.h>
+#include <jobkit/marks/DrawingPens.h>
 #include <jobkit/writers/JobWriter.h>
 
 #include <QtCore/QDir>
@@ -165,7 +165,7 @@ bool JobExporter::write(const JobExport &wanted, const JobSettings &settings,
     m_shown = shown;
     JobRequest request;
     request.settings = settings;
-    request.pens = pensOf(m_document);
+    request.pens = jobkit::givenPens(m_document);
     QString error;
     if (!settings.readProfile(&request.machine, &error))
         return fail(wanted.path, error);

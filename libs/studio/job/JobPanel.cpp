@@ -8,6 +8,8 @@
 #include <studio/job/ProfileStore.h>
 #include <studio/program/UndoTexts.h>
 
+#include <jobkit/marks/DrawingPens.h>
+
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
@@ -229,7 +231,7 @@ void JobPanel::retranslate()
     Q_EMIT m_model->headerDataChanged(Qt::Horizontal, 0, PenModel::ColumnCount - 1);
 }
 
-void JobPanel::refresh() { m_model->setPens(pensOf(m_document)); }
+void JobPanel::refresh() { m_model->setPens(jobkit::drawingPens(m_document)); }
 
 void JobPanel::tell(const QString &text)
 {

@@ -3,6 +3,7 @@
 #include <studio/job/JobReport.h>
 
 #include <QtCore/QDir>
+#include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
 #include <QtCore/QSet>
 #include <QtGui/QKeyEvent>
@@ -209,8 +210,12 @@ QVBoxLayout *JobPreview::newTransport()
 void JobPreview::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    retranslate();
+    // What was found is told in words: they are found anew once all else speaks the language.
+    if (isVisible() && m_job && !m_job->findings.isEmpty())
+        QMetaObject::invokeMethod(this, &JobPreview::updateAsked, Qt::QueuedConnection);
 }
 
 void JobPreview::retranslate()
@@ -427,13 +432,18 @@ void JobPreview::saveReport()
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setNameFilters({tr("PDF report (*.pdf)"), tr("Picture (*.png)")});
     dialog->setDefaultSuffix(QStringLiteral("pdf"));
+    dialog->setObjectName(QStringLiteral("reportDialog"));
+    const QFileInfo drawing(window()->windowFilePath()); // called after it, and beside it
+    if (!window()->windowFilePath().isEmpty())
+        dialog->setDirectory(drawing.absolutePath());
+    dialog->selectFile(drawing.fileName().isEmpty() ? tr("drawing") : drawing.completeBaseName());
     connect(dialog, &QFileDialog::filterSelected, dialog, [dialog](const QString &filter) {
         dialog->setDefaultSuffix(filter.contains(QLatin1String("png")) ? QStringLiteral("png")
                                                                        : QStringLiteral("pdf"));
     });
-    connect(dialog, &QFileDialog::fileSelected, this, [this](const QString &path) {
+    connect(dialog, &QFileDialog::fileSelected, this, [this, drawing](const QString &path) {
         QString error;
-        if (studio::saveReport(*m_job, *m_plan, path, &error))
+        if (studio::saveReport(*m_job, drawing.fileName(), *m_plan, path, &error))
             m_panel->tell(tr("Report written to %1").arg(QDir::toNativeSeparators(path)));
         else
             m_panel->tell(tr("The report was not written: %1").arg(error));

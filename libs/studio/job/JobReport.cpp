@@ -5,11 +5,14 @@
 #include <hostkit/files/FileWriter.h>
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QDate>
 #include <QtCore/QIODevice>
 #include <QtCore/QLocale>
-#include <QtGui/QAbstractTextDocumentLayout>
-#include <QtGui/QPainter>
+#include <QtCore/QUrl>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QImage>
 #include <QtGui/QPdfWriter>
+#include <QtGui/QScreen>
 #include <QtGui/QTextDocument>
 
 namespace studio {
@@ -18,7 +21,6 @@ namespace {
 
 constexpr int kDpi = 150;
 const QSize kPictureSize(1600, 1000);
-constexpr double kPictureShare = 0.5; ///< of the page's height, at most
 
 struct Texts
 {
@@ -47,7 +49,7 @@ QString penTable(const Job &job)
     QStringList rows{row({Texts::tr("Pen"), Texts::tr("Name"), Texts::tr("mm/s"), Texts::tr("%"),
                           Texts::tr("kHz"), Texts::tr("Times"), Texts::tr("Seconds")})};
     for (const auto &used : job.times.byPen) {
-        const jobkit::Pen pen = jobkit::penOf(job.request.pens, used.first);
+        const jobkit::Pen pen = jobkit::penOf(job.request.pens, used.first, job.request.machine);
         rows << row({QString::number(pen.number), pen.name, QLocale().toString(pen.speedMmPerS),
                      QLocale().toString(pen.powerPercent), QLocale().toString(pen.frequencyKHz),
                      QString::number(pen.passes), number(used.second.totalS())});
@@ -55,45 +57,55 @@ QString penTable(const Job &job)
     return table(Texts::tr("Pens"), rows);
 }
 
-bool writePdf(const Job &job, const QImage &picture, QIODevice &device)
+/** The width of the text on the page, in the pixels in which a text document counts pictures. */
+int pictureWidth()
+{
+    constexpr double kTextWidthInch = 6.5; // of A4, within the document's own margins
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    constexpr double kUsualDpi = 96.0;
+    const double dpi = screen != nullptr ? screen->logicalDotsPerInchY() : kUsualDpi;
+    return int(kTextWidthInch * dpi);
+}
+
+bool writePdf(const Job &job, const QString &drawing, const QImage &picture, QIODevice &device)
 {
     QPdfWriter pdf(&device);
     pdf.setPageSize(QPageSize(QPageSize::A4));
     pdf.setResolution(kDpi);
-    QPainter painter;
-    if (!painter.begin(&pdf))
-        return false;
-    const QRect page(0, 0, pdf.width(), pdf.height());
-    const QSize room(page.width(), int(page.height() * kPictureShare));
-    const QSize size = picture.size().scaled(room, Qt::KeepAspectRatio);
-    painter.drawImage(QRect(QPoint(0, 0), size), picture);
+    pdf.setTitle(drawing);
     QTextDocument text;
-    text.documentLayout()->setPaintDevice(&pdf);
-    text.setPageSize(QSizeF(page.width(), page.height() - size.height()));
-    text.setHtml(reportText(job));
-    painter.translate(0, size.height() + kDpi * 0.1);
-    text.drawContents(&painter, QRectF(0, 0, page.width(), page.height() - size.height()));
-    return painter.end();
+    text.addResource(QTextDocument::ImageResource, QUrl(QStringLiteral("plan")), picture);
+    text.setHtml(QStringLiteral("<p><img src=\"plan\" width=\"%1\"></p>").arg(pictureWidth()) +
+                 reportText(job, drawing));
+    // Over as many pages as it takes, and in black, whatever the colours of the screen.
+    text.print(&pdf);
+    return device.pos() > 0;
 }
 
 } // namespace
 
-QString reportText(const Job &job)
+QString reportText(const Job &job, const QString &drawing)
 {
     const jobkit::MachineProfile &machine = job.request.machine;
     const QRectF box = job.plan.boundsMm();
     const jobkit::TimeSums &all = job.times.all;
-    QString html =
-        table(Texts::tr("Job"),
-              {row({Texts::tr("Machine"), machine.name}),
-               row({Texts::tr("Field"), Texts::tr("%1 x %2 mm")
-                                            .arg(QLocale().toString(machine.fieldWidthMm),
-                                                 QLocale().toString(machine.fieldHeightMm))}),
-               row({Texts::tr("Size"),
-                    Texts::tr("%1 x %2 mm").arg(number(box.width(), 3), number(box.height(), 3))}),
-               row({Texts::tr("Time"), Texts::tr("%1 s (marking %2, jumps %3, delays %4)")
-                                           .arg(number(all.totalS()), number(all.markS),
-                                                number(all.jumpS), number(all.delayS))})});
+    QStringList head;
+    if (!drawing.isEmpty())
+        head << row({Texts::tr("Drawing"), drawing});
+    head << row({Texts::tr("Date"), QLocale().toString(QDate::currentDate(), QLocale::LongFormat)});
+    QString html = table(
+        Texts::tr("Job"),
+        head +
+            QStringList{
+                row({Texts::tr("Machine"), machine.name}),
+                row({Texts::tr("Field"), Texts::tr("%1 x %2 mm")
+                                             .arg(QLocale().toString(machine.fieldWidthMm),
+                                                  QLocale().toString(machine.fieldHeightMm))}),
+                row({Texts::tr("Size"),
+                     Texts::tr("%1 x %2 mm").arg(number(box.width(), 3), number(box.height(), 3))}),
+                row({Texts::tr("Time"), Texts::tr("%1 s (marking %2, jumps %3, delays %4)")
+                                            .arg(number(all.totalS()), number(all.markS),
+                                                 number(all.jumpS), number(all.delayS))})});
     html += penTable(job);
     QStringList findings;
     for (const jobkit::JobFinding &finding : job.findings)
@@ -103,7 +115,8 @@ QString reportText(const Job &job)
     return html + table(Texts::tr("Checks"), findings);
 }
 
-bool saveReport(const Job &job, const PlanView &plan, const QString &path, QString *error)
+bool saveReport(const Job &job, const QString &drawing, const PlanView &plan, const QString &path,
+                QString *error)
 {
     const QImage picture = plan.picture(kPictureSize);
     const bool isPicture = path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive);
@@ -111,7 +124,8 @@ bool saveReport(const Job &job, const PlanView &plan, const QString &path, QStri
     const bool isSaved = hostkit::saveWhole(
         path,
         [&](QIODevice &device) {
-            return isPicture ? picture.save(&device, "PNG") : writePdf(job, picture, device);
+            return isPicture ? picture.save(&device, "PNG")
+                             : writePdf(job, drawing, picture, device);
         },
         &failure);
     if (!isSaved)

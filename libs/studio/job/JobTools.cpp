@@ -4,9 +4,10 @@
 #include <studio/job/JobExportDialog.h>
 #include <studio/job/JobPanel.h>
 #include <studio/job/JobPreview.h>
-#include <studio/job/PensCommand.h>
 #include <studio/program/Messages.h>
 #include <studio/text/TextTools.h>
+
+#include <jobkit/marks/DrawingPens.h>
 
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
@@ -69,7 +70,7 @@ void JobTools::showOutdated()
 bool JobTools::gather(LongWork &work, JobRequest *request)
 {
     request->settings = m_panel->settings();
-    request->pens = pensOf(m_document);
+    request->pens = jobkit::givenPens(m_document);
     QString error;
     if (!request->settings.readProfile(&request->machine, &error)) {
         m_messages.failure({tr("There is no job."), error, {}});

@@ -1,20 +1,8 @@
 #include <studio/job/PensCommand.h>
 
-#include <studio/shapes/PenColors.h>
-
 #include <jobkit/marks/DrawingPens.h>
 
 namespace studio {
-
-QVector<jobkit::Pen> pensOf(const ZTGraphicsDocument &document)
-{
-    QVector<jobkit::Pen> pens = jobkit::drawingPens(document);
-    if (jobkit::hasDrawingPens(document))
-        return pens;
-    for (jobkit::Pen &pen : pens)
-        pen.color = penColor(pen.number);
-    return pens;
-}
 
 PensCommand::PensCommand(ZTGraphicsDocument &document, const QVector<jobkit::Pen> &pens,
                          const QString &text)

@@ -8,12 +8,6 @@
 
 namespace studio {
 
-/**
- * The pens of a drawing as the studio starts with: named by their number, in the colours in which
- * the canvas shows them; or those that the drawing carries.
- */
-QVector<jobkit::Pen> pensOf(const ZTGraphicsDocument &document);
-
 /** Gives a drawing other pens. */
 class PensCommand : public QUndoCommand
 {

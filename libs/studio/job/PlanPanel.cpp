@@ -19,6 +19,8 @@ namespace studio {
 
 namespace {
 
+constexpr int kBesideRow = 6;      ///< pixels above and below the words of a row
+constexpr int kRowsInSight = 3;    ///< at least, of the times and of the findings
 constexpr int kRowsMeasured = 100; ///< for the widths of columns
 constexpr int kWidestName = 110;
 
@@ -57,12 +59,17 @@ void PlanPanel::build()
     m_partsLabel->setBuddy(m_parts);
     m_times->setModel(m_model);
     m_times->verticalHeader()->hide();
-    m_times->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+    m_times->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kBesideRow);
     m_times->horizontalHeader()->setResizeContentsPrecision(kRowsMeasured);
     m_times->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_times->setTabKeyNavigation(false);
     m_findings->setWordWrap(true);
     m_findingsTitle->setBuddy(m_findings);
+    // They give way first: the buttons below them stay in sight.
+    for (QWidget *list : {static_cast<QWidget *>(m_times), static_cast<QWidget *>(m_findings)}) {
+        list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+        list->setMinimumHeight(kRowsInSight * (fontMetrics().height() + kBesideRow));
+    }
     m_picked->setWordWrap(true);
     m_picked->setTextFormat(Qt::PlainText);
 

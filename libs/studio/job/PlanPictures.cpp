@@ -105,16 +105,18 @@ PlanPictures::PlanPictures(const PlanScene &scene) : m_scene(scene)
     m_isSmooth = m_scene.job->plan.segmentCount() <= kSmoothAtMost;
     m_sightMm = sightMm();
     double fastest = 1.0;
-    for (const jobkit::Pen &pen : m_scene.job->request.pens)
-        fastest = std::max(fastest, pen.speedMmPerS);
     for (const jobkit::PlanPiece &piece : m_scene.job->plan.pieces) {
         if (m_penColors.count(piece.pen) > 0)
             continue;
-        const jobkit::Pen pen = jobkit::penOf(m_scene.job->request.pens, piece.pen);
+        const JobRequest &request = m_scene.job->request;
+        const jobkit::Pen pen = jobkit::penOf(request.pens, piece.pen, request.machine);
         m_penColors[piece.pen] =
             pen.color.lightness() > kTooLight ? pen.color.darker(150) : pen.color;
-        m_penSpeeds[piece.pen] = pen.speedMmPerS / fastest;
+        m_penSpeeds[piece.pen] = pen.speedMmPerS;
+        fastest = std::max(fastest, pen.speedMmPerS);
     }
+    for (auto &speed : m_penSpeeds)
+        speed.second /= fastest;
 }
 
 QRectF PlanPictures::sightMm() const

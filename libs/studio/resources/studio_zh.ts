@@ -4279,6 +4279,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <source>Update</source>
         <translation>更新</translation>
     </message>
+    <message>
+        <source>drawing</source>
+        <translation>图纸</translation>
+    </message>
 </context>
 <context>
     <name>studio::JobReport</name>
@@ -4349,6 +4353,14 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>mm/s</source>
         <translation>毫米/秒</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>日期</translation>
+    </message>
+    <message>
+        <source>Drawing</source>
+        <translation>图纸</translation>
     </message>
 </context>
 <context>

@@ -5,6 +5,7 @@
 #include <QtCore/QTimer>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QKeySequence>
+#include <QtGui/QScreen>
 #include <QtWidgets/QAbstractSpinBox>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QApplication>
@@ -13,9 +14,11 @@
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QGroupBox>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QLayout>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QStyle>
 #include <QtWidgets/QTabBar>
 
 #include <algorithm>
@@ -115,6 +118,28 @@ QString lettered(const QPushButton &button, const QString &text, const QSet<QCha
     return hasLatin(text) && hasKeyOfItsOwn(button) ? text : withAddedLetter(text, taken);
 }
 
+/** What the buttons of a box need beside each other, each with the whole of its text. */
+int rowWidth(const QDialogButtonBox &box)
+{
+    const int gap = box.style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing, nullptr, &box);
+    int width = 0;
+    for (const QAbstractButton *button : box.buttons())
+        width += button->sizeHint().width() + std::max(gap, 0);
+    return width;
+}
+
+/** The widest that a dialog gets on its screen: messages make themselves no wider than this. */
+int roomOf(const QDialog &dialog)
+{
+    constexpr int kSmallScreen = 1024;
+    constexpr int kBesideMessage = 480;
+    constexpr int kWidestMessage = 1000;
+    const int screen = dialog.screen()->availableGeometry().width();
+    if (screen <= kSmallScreen || qobject_cast<const QMessageBox *>(&dialog) == nullptr)
+        return screen;
+    return std::min(screen - kBesideMessage, kWidestMessage);
+}
+
 /** Whether a key is one that no field, list or text of a dialog waits for. */
 bool isCommandKey(const QKeySequence &shortcut)
 {
@@ -180,9 +205,21 @@ void DialogManners::addMnemonics(QDialog &dialog)
     }
 }
 
+void DialogManners::stackButtons(QDialog &dialog, int roomPx)
+{
+    const QMargins margins =
+        dialog.layout() != nullptr ? dialog.layout()->contentsMargins() : QMargins();
+    for (QDialogButtonBox *box : dialog.findChildren<QDialogButtonBox *>()) {
+        if (box->orientation() == Qt::Horizontal &&
+            rowWidth(*box) + margins.left() + margins.right() > roomPx)
+            box->setOrientation(Qt::Vertical);
+    }
+}
+
 void DialogManners::receive(QDialog &dialog) const
 {
     addMnemonics(dialog);
+    stackButtons(dialog, roomOf(dialog));
     if (qobject_cast<QMessageBox *>(&dialog) != nullptr && dialog.windowTitle().isEmpty())
         dialog.setWindowTitle(tr("Studio"));
     if (dialog.isModal() || dialog.parentWidget() == nullptr ||

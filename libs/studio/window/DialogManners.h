@@ -18,6 +18,7 @@ namespace studio {
  *   be seen, in every language and on every page. Where its text has no free letter, OK and Cancel
  *   go without, for they have Return and Escape; any other button gets one in brackets;
  * - questions and messages have one title, the name of the program;
+ * - buttons that a small screen would cut stand below each other;
  * - a dialog that stays open while the drawing is edited leaves the keys of commands to the
  *   drawing, unless what has the focus has a use for them.
  */
@@ -34,6 +35,12 @@ public:
 
     /** Gives each button of a dialog a letter, as above; those of its maker stay. */
     static void addMnemonics(QDialog &dialog);
+
+    /**
+     * Puts the buttons of a dialog below each other where beside each other they are wider than
+     * `roomPx`, the width that the dialog may have, and would be cut.
+     */
+    static void stackButtons(QDialog &dialog, int roomPx);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -17,6 +17,7 @@ private Q_SLOTS:
         const ZTGraphicsDocument document;
         QVERIFY(!jobkit::hasDrawingPens(document));
         QCOMPARE(jobkit::drawingPens(document), jobkit::defaultPens());
+        QVERIFY(jobkit::givenPens(document).isEmpty());
     }
 
     void pens_comeBackAsTheyWere()
@@ -30,6 +31,7 @@ private Q_SLOTS:
         jobkit::setDrawingPens(document, pens);
         QVERIFY(jobkit::hasDrawingPens(document));
         QCOMPARE(jobkit::drawingPens(document), pens);
+        QCOMPARE(jobkit::givenPens(document), pens);
         jobkit::setDrawingPens(document, {});
         QVERIFY(!jobkit::hasDrawingPens(document));
     }
@@ -55,6 +57,8 @@ private Q_SLOTS:
         QCOMPARE(jobkit::drawingPens(document, &error), jobkit::defaultPens());
         QVERIFY2(error.contains(QStringLiteral("format")), qPrintable(error));
         QVERIFY(jobkit::hasDrawingPens(document));
+        QVERIFY(jobkit::givenPens(document, &error).isEmpty());
+        QVERIFY2(error.contains(QStringLiteral("format")), qPrintable(error));
     }
 };
 

@@ -52,6 +52,7 @@ private Q_SLOTS:
     void nothing_isTold();
     void outsideField_isToldOnceAnObjectWithPlace();
     void fastAndSwitchedOffPens_areTold();
+    void pensWithoutValues_areToldOnceAPen();
     void overlaps_data();
     void overlaps();
     void overlaps_ofOneObject_nameItOnce();
@@ -111,6 +112,28 @@ void tst_JobChecks::fastAndSwitchedOffPens_areTold()
     QCOMPARE(findings[1].kind, FindingKind::PenOff);
     QCOMPARE(findings[1].object, 2);
     QCOMPARE(findings[1].atMm, QPointF(10, 0));
+}
+
+// No list, and a list that lacks a pen: what marks then is said, no faster than the machine.
+void tst_JobChecks::pensWithoutValues_areToldOnceAPen()
+{
+    MachineProfile slow = machine();
+    slow.mostSpeedMmPerS = 120.0;
+    JobItem other = square(3, 20, 0, 5);
+    other.pen = 7;
+    const QVector<JobItem> items{square(1, 0, 0, 5), square(2, 10, 0, 5), other};
+    const QVector<JobFinding> all = checkJob(items, {}, slow);
+    QCOMPARE(all.size(), 2);
+    QCOMPARE(all[0].kind, FindingKind::PenWithoutValues);
+    QCOMPARE(all[0].object, 1);
+    QCOMPARE(all[0].text, QStringLiteral("Pen 1 of \"shape 1\" was given no values: it marks with "
+                                         "120 mm/s and 50 % power."));
+    QCOMPARE(all[1].object, 3);
+    QCOMPARE(all[1].atMm, QPointF(20, 0));
+    const QVector<JobFinding> lacking = checkJob(items, {defaultPen(1)}, machine());
+    QCOMPARE(lacking.size(), 1);
+    QCOMPARE(lacking[0].text, QStringLiteral("Pen 7 of \"shape 3\" was given no values: it marks "
+                                             "with 500 mm/s and 50 % power."));
 }
 
 void tst_JobChecks::overlaps_data()

@@ -95,7 +95,7 @@ QString problemOf(const QByteArray &program, const JobPlan &plan, const JobFile 
         QPolygonF expected = plan.pieces[i].pointsMm;
         if (expected.size() == 1)
             expected.append(expected.first());
-        const Pen pen = penOf(job.pens, plan.pieces[i].pen);
+        const Pen pen = penOf(job.pens, plan.pieces[i].pen, job.profile);
         if (burn.machineMm.size() != expected.size())
             return QStringLiteral("piece %1 has %2 points").arg(i).arg(burn.machineMm.size());
         for (int k = 0; k < expected.size(); ++k) {
