@@ -195,6 +195,95 @@ private Q_SLOTS:
         QCOMPARE(studio->stack().count(), 2);
     }
 
+    void click_withinTheFrame_selectsTheShapeUnderIt()
+    {
+        studio->select({shapes[0], shapes[2]});
+        studio->driver->click({-80, 20}); // the one between them
+        QCOMPARE(studio->selected(), QVector<int>{1});
+        QCOMPARE(studio->stack().count(), 0);
+        studio->driver->click({-150, 120}); // nothing is there
+        QVERIFY(studio->selected().isEmpty());
+    }
+
+    void click_onOneOfTheSelected_leavesItAlone()
+    {
+        studio->select({shapes[0], shapes[2]});
+        studio->driver->click({-180, 20});
+        QCOMPARE(studio->selected(), QVector<int>{0});
+    }
+
+    void ctrlAndClick_withinTheFrame_addsTheShapeUnderIt()
+    {
+        studio->select({shapes[0], shapes[2]});
+        studio->driver->click({-80, 20}, Qt::ControlModifier);
+        QCOMPARE(studio->selected(), (QVector<int>{0, 1, 2}));
+        QVERIFY(studio->frameFits());
+    }
+
+    void ctrlAndClick_onASelectedShape_takesItOut()
+    {
+        studio->select({shapes[0], shapes[1], shapes[2]});
+        studio->driver->click({-80, 20}, Qt::ControlModifier);
+        QCOMPARE(studio->selected(), (QVector<int>{0, 2}));
+        QVERIFY(studio->frameFits());
+        studio->driver->click({-180, 20}, Qt::ControlModifier);
+        QCOMPARE(studio->selected(), QVector<int>{2});
+        QVERIFY(studio->frameFits());
+    }
+
+    void clicks_withinTheFrame_takeWholeGroups()
+    {
+        group({0, 1});
+        studio->select(studio::ShapeItems{shapes[0], shapes[1], shapes[2]});
+        studio->driver->click({-80, 20}, Qt::ControlModifier);
+        QCOMPARE(studio->selected(), QVector<int>{2});
+        studio->select(studio::ShapeItems{shapes[0], shapes[1], shapes[2]});
+        studio->driver->click({-80, 20});
+        QCOMPARE(studio->selected(), (QVector<int>{0, 1}));
+        // Within the group its members are on their own.
+        studio->driver->doubleClick({-180, 20});
+        QCOMPARE(studio->selected(), QVector<int>{0});
+        studio->driver->click({-80, 20}, Qt::ControlModifier);
+        QCOMPARE(studio->selected(), (QVector<int>{0, 1}));
+        studio->driver->click({-80, 20}, Qt::ControlModifier);
+        QCOMPARE(studio->selected(), QVector<int>{0});
+        QCOMPARE(studio->stack().count(), 0);
+    }
+
+    void click_onTheTextOfASelectedPlate_selectsTheText()
+    {
+        ShapeItem *plate = shapes[0];
+        plate->scale(4.0, 4.0);
+        ShapeItem *text = studio->addRect(-150.0, 60.0); // above the plate
+        studio->select({plate});
+        studio->driver->click({-140, 70});
+        QVERIFY(text->isSelected() && !plate->isSelected());
+        QVERIFY(studio->frameFits());
+        studio->driver->click({-190, 20});
+        QVERIFY(!text->isSelected() && plate->isSelected());
+    }
+
+    void click_onWhatIsLockedWithinTheFrame_selectsNothing()
+    {
+        hostkit::ItemExtras extras = hostkit::itemExtras(*shapes[1]);
+        extras.isLocked = true;
+        hostkit::setItemExtras(*shapes[1], extras);
+        studio->select({shapes[0], shapes[2]});
+        studio->driver->click({-80, 20}, Qt::ControlModifier);
+        QCOMPARE(studio->selected(), (QVector<int>{0, 2}));
+        studio->driver->click({-80, 20});
+        QVERIFY(studio->selected().isEmpty());
+    }
+
+    void drag_withinTheFrame_movesWhatIsSelected()
+    {
+        studio->select({shapes[0], shapes[2]});
+        studio->driver->drag({-80, 20}, {-80, 60});
+        QCOMPARE(studio->selected(), (QVector<int>{0, 2}));
+        QCOMPARE(shapes[0]->pos(), QPointF(-200, 40));
+        QCOMPARE(shapes[1]->pos(), QPointF(-100, 0));
+    }
+
 private:
     void group(const QVector<int> &members)
     {

@@ -14,18 +14,6 @@ namespace studio {
 
 namespace {
 
-/** The topmost shape under a place of the view that can be selected, or null. */
-ShapeItem *selectableAt(const ZTGraphicsView &view, const QPoint &pos)
-{
-    const QList<QGraphicsItem *> hit = view.items(pos);
-    for (QGraphicsItem *candidate : hit) {
-        auto *item = dynamic_cast<ShapeItem *>(candidate);
-        if (item != nullptr && item->flags().testFlag(QGraphicsItem::ItemIsSelectable))
-            return item;
-    }
-    return nullptr;
-}
-
 /** The group that all of these are in. */
 GroupPath surroundings(const QVector<ShapeUnit> &units)
 {
@@ -47,6 +35,17 @@ void givePaths(ZTGraphicsDocument &document, const ShapeItems &items,
 }
 
 } // namespace
+
+ShapeItem *selectableAt(const ZTGraphicsView &view, const QPoint &pos)
+{
+    const QList<QGraphicsItem *> hit = view.items(pos);
+    for (QGraphicsItem *candidate : hit) {
+        auto *item = dynamic_cast<ShapeItem *>(candidate);
+        if (item != nullptr && item->flags().testFlag(QGraphicsItem::ItemIsSelectable))
+            return item;
+    }
+    return nullptr;
+}
 
 GroupTools::GroupTools(ZTGraphicsDocument &document, QObject *parent)
     : QObject(parent), m_document(document)
@@ -115,6 +114,20 @@ void GroupTools::enter(const GroupPath &path)
     Q_EMIT told(m_entered.isEmpty() ? QString()
                                     : tr("Within a group: its shapes are on their own, Esc leaves "
                                          "it"));
+}
+
+void GroupTools::selectByMouse(const ShapeItems &items)
+{
+    const QScopedValueRollback<bool> byMouse(m_isByMouse, true);
+    selectOnly(*m_document.scene(), items);
+}
+
+void GroupTools::deselectByMouse(ShapeItem &item)
+{
+    ShapeItems left = selectedShapeItems(*m_document.scene());
+    for (ShapeItem *member : wholeGroups(*m_document.scene(), {&item}, m_entered))
+        left.removeOne(member);
+    selectByMouse(left);
 }
 
 bool GroupTools::leave()

@@ -10,6 +10,9 @@ QT_END_NAMESPACE
 
 namespace studio {
 
+/** The topmost shape under a place of the view that can be selected, or null. */
+ShapeItem *selectableAt(const ZTGraphicsView &view, const QPoint &pos);
+
 /**
  * Groups of shapes, and groups in groups. A click on a member selects its whole group, a double
  * click enters the group, in which its members are on their own, and leaving it selects it again.
@@ -35,6 +38,15 @@ public:
 
     /** Goes one group outward and selects the one that was left. False if there was none. */
     bool leave();
+
+    /**
+     * Selects these alone, as a click does: a member brings its group along, and a shape outside of
+     * the entered group leaves it.
+     */
+    void selectByMouse(const ShapeItems &items);
+
+    /** Takes a shape out of the selection, with the group that a click on it selects. */
+    void deselectByMouse(ShapeItem &item);
 
     /** The units of the selected shapes, as they are seen from the entered group. */
     QVector<ShapeUnit> selectedUnits() const;

@@ -14,6 +14,7 @@
 #include <studio/edit/DocumentActions.h>
 #include <studio/export/Exporter.h>
 #include <studio/export/FieldCheck.h>
+#include <studio/groups/FrameClicks.h>
 #include <studio/groups/GroupTools.h>
 #include <studio/import/ImportTools.h>
 #include <studio/import/Reimporter.h>
@@ -62,6 +63,7 @@ Editor::Editor(ZTGraphicsDocument &edited, Messages &messages, QWidget &window)
       m_snapping(std::make_unique<SnapTools>(edited, &window)),
       m_guides(std::make_unique<GuideTools>(edited, *m_snapping, window)),
       m_groups(std::make_unique<GroupTools>(edited, &window)),
+      m_frameClicks(std::make_unique<FrameClicks>(edited, *m_groups)),
       m_tools(std::make_unique<DrawingTools>(edited, *m_actions, &window)),
       m_paths(std::make_unique<PathTools>(edited, *m_tools, *m_snapping, window)),
       m_import(std::make_unique<ImportTools>(edited, messages, window)),

@@ -19,6 +19,7 @@ class DocumentActions;
 class DrawingFiles;
 class DrawingTools;
 class Exporter;
+class FrameClicks;
 class GroupTools;
 class GuideTools;
 class ImportTools;
@@ -107,6 +108,7 @@ private:
     std::unique_ptr<SnapTools> m_snapping;
     std::unique_ptr<GuideTools> m_guides;
     std::unique_ptr<GroupTools> m_groups;
+    std::unique_ptr<FrameClicks> m_frameClicks;
     std::unique_ptr<DrawingTools> m_tools;
     std::unique_ptr<PathTools> m_paths;
     std::unique_ptr<ImportTools> m_import;
