@@ -33,7 +33,7 @@ private Q_SLOTS:
         ShapeItem *plate = rect(0, 0);
         select({plate});
         const DrawingSnapshot before = studio->snapshot();
-        QVERIFY(!child<QToolButton>("panel.hatchAdd")->isVisible());
+        QVERIFY(!child<QToolButton>("panel.hatchAdd")->isEnabled());
         choose("panel.hatch", 1);
         enter("panel.hatchSpacing", "0.5");
         enter("panel.hatchInset", "1");
@@ -73,6 +73,30 @@ private Q_SLOTS:
         for (int i = 0; i < 9; ++i)
             QVERIFY(studio->run("edit.redo"));
         QCOMPARE(hostkit::hatchesOf(*plate), hatches);
+    }
+
+    // What is typed into next stands where it stood.
+    void choosingAHatch_movesNoFieldUnderTheMouse()
+    {
+        select({rect(0, 0)});
+        const auto places = [this] {
+            QVector<QPoint> found;
+            for (const char *name : {"panel.hatch", "panel.hatchSpacing", "panel.hatchAngle"})
+                found << child<QWidget>(name)->mapTo(studio->window.get(), QPoint());
+            return found;
+        };
+        const QVector<QPoint> before = places();
+        choose("panel.hatch", 1);
+        settle();
+        QVector<QPoint> after = places();
+        // A scroll bar beside all of them may take its width.
+        for (int i = 0; i < before.size(); ++i)
+            QCOMPARE(after[i].y(), before[i].y());
+        choose("panel.hatch", 0);
+        settle();
+        after = places();
+        for (int i = 0; i < before.size(); ++i)
+            QCOMPARE(after[i].y(), before[i].y());
     }
 
     void removeAndMove()

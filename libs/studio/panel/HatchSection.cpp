@@ -402,9 +402,10 @@ void HatchSection::showRows(bool isHatched, bool isTurned, bool hasAngle)
 {
     m_spacing->setEnabled(isHatched);
     m_angle->setEnabled(isHatched && hasAngle);
+    // Those below what is chosen first: nothing moves away from under the mouse.
     const std::initializer_list<QWidget *> further = {
-        m_list,   m_insetLabel,  m_inset,       m_units[2], m_penLabel, m_pen,
-        m_passes, m_passesLabel, m_momentLabel, m_moment,   m_oneWay};
+        m_insetLabel, m_inset,       m_units[2],    m_penLabel, m_pen,
+        m_passes,     m_passesLabel, m_momentLabel, m_moment,   m_oneWay};
     for (QWidget *field : further)
         field->setVisible(isHatched);
     for (QWidget *field : {static_cast<QWidget *>(m_turnLabel), static_cast<QWidget *>(m_turn),
