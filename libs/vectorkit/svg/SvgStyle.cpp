@@ -209,6 +209,16 @@ void SvgProperties::set(SvgName name, const QString &value, bool isImportant)
     m_rows.append({name, isImportant, value});
 }
 
+SvgProperties SvgProperties::geometry() const
+{
+    SvgProperties some;
+    for (const Row &row : m_rows) {
+        if (isSvgGeometry(row.name))
+            some.m_rows.append(row);
+    }
+    return some;
+}
+
 QString SvgProperties::value(SvgName name) const
 {
     for (const Row &row : m_rows) {
@@ -317,7 +327,7 @@ QVector<SvgSheets::Declaration> SvgSheets::parseDeclarations(const QString &text
         if (colon < 0)
             continue;
         const SvgName name = svgNameOf(part.left(colon).trimmed().toString().toLower());
-        if (name > SvgName::LastProperty)
+        if (name > SvgName::LastProperty && !isSvgGeometry(name))
             continue;
         QString value = part.mid(colon + 1).trimmed().toString();
         const int mark = value.lastIndexOf(QLatin1Char('!'));

@@ -44,6 +44,8 @@ public:
     void set(SvgName name, const QString &value, bool isImportant);
     /** Null when the element does not say it. */
     QString value(SvgName name) const;
+    /** Those alone that say where a shape runs. */
+    SvgProperties geometry() const;
 
 private:
     struct Row

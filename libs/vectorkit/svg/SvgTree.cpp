@@ -409,6 +409,25 @@ QString svgElementName(const SvgNode &node)
     return node.element == SvgElement::Other ? node.text : kNames.value(int(node.element));
 }
 
+bool isSvgGeometry(SvgName name)
+{
+    switch (name) {
+    case SvgName::X:
+    case SvgName::Y:
+    case SvgName::Width:
+    case SvgName::Height:
+    case SvgName::Cx:
+    case SvgName::Cy:
+    case SvgName::R:
+    case SvgName::Rx:
+    case SvgName::Ry:
+    case SvgName::D:
+        return true;
+    default:
+        return false;
+    }
+}
+
 QString SvgTree::attribute(int node, SvgName name) const
 {
     const int first = nodes[node].firstAttribute;

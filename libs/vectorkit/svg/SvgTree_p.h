@@ -130,6 +130,10 @@ enum class SvgName : quint8 {
 /** The attribute or property of this name, its prefix taken off; `Unknown` for any other. */
 SvgName svgNameOf(const QString &name);
 
+/** Whether style sheets may say it as well although it is no matter of looks: where a shape runs.
+ */
+bool isSvgGeometry(SvgName name);
+
 struct SvgAttribute
 {
     SvgName name = SvgName::Unknown;

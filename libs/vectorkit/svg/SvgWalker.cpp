@@ -72,6 +72,17 @@ bool saysNone(const QString &value)
     return value.isEmpty() || value.trimmed() == QLatin1String("none");
 }
 
+/** What stands in "path('...')", "" in "none"; null in anything else. */
+QString pathDataOf(const QString &declared)
+{
+    static const QRegularExpression kPath(QStringLiteral("^path\\(\\s*(['\"])(.*)\\1\\s*\\)$"));
+    const QString text = declared.trimmed();
+    const QRegularExpressionMatch match = kPath.match(text);
+    if (match.hasMatch())
+        return match.captured(2);
+    return text == QLatin1String("none") ? QStringLiteral("") : QString();
+}
+
 } // namespace
 
 SvgWalker::SvgWalker(const SvgTree &source, const ReadOptions &readOptions, VectorDrawing *target)
@@ -132,9 +143,19 @@ VectorLayer &SvgWalker::layer()
     return m_drawing->layers[m_freeLayerIndex];
 }
 
+/** An attribute of a shape, or what stands in its stead in a style sheet, there with its unit. */
+QString SvgWalker::geometryText(int node, SvgName name, const SvgPlace &place) const
+{
+    const QString declared = place.geometry.value(name).trimmed();
+    SvgLength read;
+    const bool isLength =
+        parseSvgLength(declared, &read) && (read.unit != SvgUnit::None || read.value == 0.0);
+    return isLength || declared == QLatin1String("auto") ? declared : m_tree.attribute(node, name);
+}
+
 double SvgWalker::length(int node, SvgName name, double whole, const SvgPlace &place, double none)
 {
-    const QString text = m_tree.attribute(node, name);
+    const QString text = geometryText(node, name, place);
     if (text.isEmpty() || text == QLatin1String("auto"))
         return none;
     SvgLength read;
@@ -195,6 +216,14 @@ QTransform SvgWalker::transformOf(const SvgProperties &properties, int node)
     return transform;
 }
 
+/** Texts, pictures and sheets have places of their own: only outlines follow style sheets. */
+SvgProperties SvgWalker::geometryOf(int node, const SvgProperties &properties) const
+{
+    const SvgElement element = m_tree.nodes[node].element;
+    const bool isShape = element >= SvgElement::Path && element <= SvgElement::Polygon;
+    return isShape ? properties.geometry() : SvgProperties();
+}
+
 /** The place inside an element; false when nothing in it is seen. */
 bool SvgWalker::enter(int node, const SvgPlace &outer, SvgPlace *place)
 {
@@ -206,6 +235,7 @@ bool SvgWalker::enter(int node, const SvgPlace &outer, SvgPlace *place)
     const double size =
         std::hypot(outer.viewport.width(), outer.viewport.height()) / std::sqrt(2.0);
     place->style = svgStyle(outer.style, properties, m_pixelsPerInch, size);
+    place->geometry = geometryOf(node, properties);
     const QString space = m_tree.attribute(node, SvgName::Space);
     if (!space.isEmpty())
         place->style.keepsSpaces = space == QLatin1String("preserve");
@@ -462,7 +492,9 @@ QVector<VectorPath> SvgWalker::outlineOf(int node, const SvgPlace &place)
     switch (element) {
     case SvgElement::Path: {
         int damageAt = 0;
-        if (!parseSvgPath(m_tree.attribute(node, SvgName::D), &paths, &damageAt))
+        const QString declared = pathDataOf(place.geometry.value(SvgName::D));
+        const QString data = declared.isNull() ? m_tree.attribute(node, SvgName::D) : declared;
+        if (!parseSvgPath(data, &paths, &damageAt))
             note(VectorNote::Kind::Damaged,
                  QCoreApplication::translate("vectorkit", "paths that end where they are damaged"),
                  node);
@@ -710,6 +742,7 @@ void SvgWalker::addToClip(int node, const SvgPlace &outer, int depth, SvgClip *c
     const SvgProperties properties = m_sheets.propertiesOf(m_tree, node);
     SvgPlace place = outer;
     place.style = svgStyle(outer.style, properties, m_pixelsPerInch, 0.0);
+    place.geometry = geometryOf(node, properties);
     place.toMm = transformOf(properties, node) * outer.toMm;
     if (m_isTooLarge || !place.style.isVisible ||
         properties.value(SvgName::Display).trimmed() == QLatin1String("none"))

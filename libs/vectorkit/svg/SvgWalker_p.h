@@ -14,6 +14,7 @@ struct SvgPlace
     SvgStyle style;
     QSizeF viewport;                    ///< user units; what percentages count from
     QSharedPointer<const SvgClip> clip; ///< null: all is seen
+    SvgProperties geometry;             ///< of a shape: what style sheets say of its outline
     int depth = 0;
 };
 
@@ -70,6 +71,8 @@ private:
     void placeRun(int node, const SvgPlace &place, const SvgTextRun &run);
 
     // Small things.
+    SvgProperties geometryOf(int node, const SvgProperties &properties) const;
+    QString geometryText(int node, SvgName name, const SvgPlace &place) const;
     double length(int node, SvgName name, double whole, const SvgPlace &place, double none = 0.0);
     double lengthX(int node, SvgName name, const SvgPlace &place, double none = 0.0);
     double lengthY(int node, SvgName name, const SvgPlace &place, double none = 0.0);

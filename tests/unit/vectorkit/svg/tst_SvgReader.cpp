@@ -149,6 +149,7 @@ private Q_SLOTS:
     void leftOut_isSaidAndCounted();
     void editorSwitch_givesItsLayers();
     void styleSheet_ofAProgram_isFollowed();
+    void outlines_followStyleSheets();
     void shownOtherwise_isSaid();
     void dots_areThoseThatShow();
     void texts_stayTexts();
@@ -387,6 +388,29 @@ void TestSvgReader::editorSwitch_givesItsLayers()
     QCOMPARE(shapes[0].color, QColor(0xE3, 0x06, 0x13));
     QVERIFY(!shapes[0].isFilled && shapes[1].isFilled);
     QVERIFY(shapes[0].paths[0].isClosed());
+}
+
+void TestSvgReader::outlines_followStyleSheets()
+{
+    const VectorDrawing drawing =
+        readBytes("<svg xmlns='http://www.w3.org/2000/svg' width='100mm' height='100mm' viewBox='0 "
+                  "0 100 100'>"
+                  "<style>.dot{cx:10px;cy:20px;r:5px} rect{width:30px;height:4px;x:1px}"
+                  " .wave{d:path('M1 2h7')} text{x:50px}</style>"
+                  "<circle class='dot' r='1'/>"
+                  "<rect x='60' y='70' width='1' height='1'/>"
+                  "<rect x='60' y='80' style='width:2px' height='9'/>"
+                  "<path class='wave' d='M0 0v99' stroke='red'/>"
+                  "<path style='d:none' d='M0 0v99' stroke='red'/>"
+                  "<circle cx='40' cy='40' r='3' style='r:7'/>" // without a unit it says nothing
+                  "<ellipse cx='40' cy='60' rx='3' ry='2' style='rx:10%'/></svg>");
+    const QVector<VectorShape> shapes = shapesOf(drawing);
+    const QVector<QRectF> expected{{5, 15, 10, 10}, {1, 70, 30, 4}, {1, 80, 2, 4},
+                                   {1, 2, 7, 0},    {37, 37, 6, 6}, {30, 58, 20, 4}};
+    QCOMPARE(shapes.size(), expected.size());
+    for (int i = 0; i < expected.size(); ++i)
+        QVERIFY2(isSame(boundsOf(shapes[i]), expected[i]),
+                 qPrintable(QStringLiteral("shape %1").arg(i)));
 }
 
 void TestSvgReader::styleSheet_ofAProgram_isFollowed()
