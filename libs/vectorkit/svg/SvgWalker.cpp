@@ -80,7 +80,7 @@ QString pathDataOf(const QString &declared)
     const QRegularExpressionMatch match = kPath.match(text);
     if (match.hasMatch())
         return match.captured(2);
-    return text == QLatin1String("none") ? QStringLiteral("") : QString();
+    return text == QLatin1String("none") ? QString(QLatin1String("")) : QString();
 }
 
 } // namespace
