@@ -1,7 +1,9 @@
 #include <vectorkit/Gunzip_p.h>
 
+#define ZLIB_CONST // it does not write where it reads
 #include <zlib.h>
 
+#include <algorithm>
 #include <array>
 
 namespace vectorkit {
@@ -17,9 +19,7 @@ class Inflation
 public:
     explicit Inflation(const QByteArray &packed)
     {
-        // zlib does not write there; it says so in newer versions alone.
-        m_stream.next_in =
-            const_cast<Bytef *>(reinterpret_cast<const Bytef *>(packed.constData())); // NOLINT
+        m_stream.next_in = reinterpret_cast<const Bytef *>(packed.constData()); // NOLINT
         m_stream.avail_in = static_cast<uInt>(packed.size());
         m_isReady = inflateInit2(&m_stream, MAX_WBITS + kGzipOnly) == Z_OK;
     }
@@ -47,9 +47,10 @@ public:
     /** Goes on with the part behind the one that ended; false without one. */
     bool beginNext()
     {
-        const QByteArray rest(reinterpret_cast<const char *>(m_stream.next_in), // NOLINT
-                              int(m_stream.avail_in));
-        return isGzip(rest) && inflateReset(&m_stream) == Z_OK;
+        // Its first bytes alone: a file may be nothing but millions of empty parts.
+        const int seen = int(std::min(m_stream.avail_in, uInt(2)));
+        const auto *rest = reinterpret_cast<const char *>(m_stream.next_in); // NOLINT
+        return isGzip(QByteArray::fromRawData(rest, seen)) && inflateReset(&m_stream) == Z_OK;
     }
 
 private:

@@ -193,6 +193,18 @@ private Q_SLOTS:
         QCOMPARE(int(refusalOf(kPackedSvg + kPackedSvg).kind), int(ReadFailure::Kind::Damaged));
     }
 
+    // Work grows with the input, not with its square: looked at as a whole for each part, these 15
+    // MB in 750,000 parts would be copied 750,000 times.
+    void packedDrawing_inVeryManyParts_isUnpackedAtOnce()
+    {
+        const QByteArray nothing = QByteArray::fromHex("1f8b080000000000000303000000000000000000");
+        const QByteArray many = nothing.repeated(750000) + kPackedSvg;
+        VectorDrawing drawing;
+        ReadFailure failure;
+        QVERIFY(readDrawing(many, {}, &drawing, &failure));
+        QCOMPARE(drawing.boundsMm(), QRectF(1.0, 2.0, 15.0, 5.0));
+    }
+
     void packedDrawing_damagedOrTooLarge_isRefused()
     {
         const int half = kPackedSvg.size() / 2;
