@@ -124,14 +124,21 @@ void BM_panWholeBlock(benchmark::State &state, FillType hatch)
     pan(state, desk, desk.fittingScale());
 }
 
-/** From the whole block to a few shapes and back, a step of the wheel a frame. */
+constexpr int kZoomSteps = 24; ///< one way
+
+/**
+ * From the whole block to a few shapes and back, a step of the wheel a frame.
+ *
+ * Two journeys, always: the first steps show all shapes and take ten times as long as the last
+ * ones, so that a mean over part of a journey tells how long the row ran and nothing else.
+ */
 void BM_zoom(benchmark::State &state, FillType hatch)
 {
     Desk desk(hatch);
     desk.show(desk.fittingScale());
     int step = 0;
     for (auto _ : state) {
-        desk.wheel(step++ / 24 % 2 == 0 ? 120 : -120);
+        desk.wheel(step++ / kZoomSteps % 2 == 0 ? 120 : -120);
         Desk::paintFrame();
     }
     countFrames(state);
@@ -194,8 +201,12 @@ BENCHMARK_CAPTURE(BM_pan, plain, FillType::None)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(BM_pan, hatched, FillType::Line)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(BM_panWholeBlock, plain, FillType::None)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(BM_panWholeBlock, hatched, FillType::Line)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(BM_zoom, plain, FillType::None)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(BM_zoom, hatched, FillType::Line)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_zoom, plain, FillType::None)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(4 * kZoomSteps);
+BENCHMARK_CAPTURE(BM_zoom, hatched, FillType::Line)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(4 * kZoomSteps);
 BENCHMARK_CAPTURE(BM_repaintAll, plain, FillType::None)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(BM_repaintAll, hatched, FillType::Line)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_panBigShape)->Unit(benchmark::kMillisecond);
