@@ -87,7 +87,13 @@ public:
         m_outlines.insert(key, new QPainterPath(outline), 1 + outline.elementCount());
     }
 
-    void forget() { m_outlines.clear(); }
+    void forget()
+    {
+        m_outlines.clear();
+        ++m_generation;
+    }
+
+    int generation() const { return m_generation; }
 
 private:
     RememberedOutlines() : m_outlines(kRememberedPoints) {}
@@ -103,6 +109,7 @@ private:
     }
 
     QCache<QByteArray, QPainterPath> m_outlines;
+    int m_generation = 0;                ///< how often they were forgotten
     QPointer<QGuiApplication> m_program; ///< whose fonts they are of
 };
 
@@ -128,6 +135,12 @@ void ztoutline::addText(QPainterPath &path, const QPointF &position, const QFont
     drawText(outline, position, font, text);
     path.addPath(outline);
     remembered->keep(key, outline);
+}
+
+int ztoutline::fontGeneration()
+{
+    const RememberedOutlines *const remembered = RememberedOutlines::ofThisThread();
+    return remembered != nullptr ? remembered->generation() : 0;
 }
 
 void ztoutline::forgetTexts()

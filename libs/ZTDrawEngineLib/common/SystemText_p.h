@@ -23,6 +23,12 @@ namespace ztoutline {
 ZTDRAWENGINELIB_PRIVATE_EXPORT void addText(QPainterPath &path, const QPointF &position,
                                             const QFont &font, const QString &text);
 
+/**
+ * A number that changes whenever fonts come or go: what was made from outlines before is to be made
+ * anew. Always the same in threads other than that of the program's windows.
+ */
+[[nodiscard]] int fontGeneration();
+
 /** Lets outlines be laid out anew that `addText` remembers; for tests of how they are laid out. */
 ZTDRAWENGINELIB_PRIVATE_EXPORT void forgetTexts();
 

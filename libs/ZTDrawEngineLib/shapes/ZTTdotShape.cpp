@@ -1,11 +1,14 @@
 #include <ZTDrawEngineLib/shapes/ZTTdotShape.h>
 
+#include <ZTDrawEngineLib/common/MovableText_p.h>
 #include <ZTDrawEngineLib/common/SystemText_p.h>
 
+#include <QtCore/QString>
 #include <QtGui/QFont>
 #include <QtGui/QFontMetrics>
 
 #include <array>
+#include <memory>
 
 namespace {
 
@@ -52,44 +55,67 @@ void addSquares(QPainterPath &path)
     }
 }
 
-void addLabel(QPainterPath &path, const QPointF &anchor, const QString &text)
+QFont labelFont()
 {
     QFont font;
     font.setPointSize(5);
-    const QRectF box = QFontMetrics(font).boundingRect(text);
-    ztoutline::addText(path, anchor - box.center(), font, text);
+    return font;
 }
 
-void drawLabels(QPainterPath &path, const QRectF &r)
+/** A word whose middle comes to a given place. */
+class Label
 {
-    const QPointF centre = r.center();
-    addLabel(path, {centre.x(), r.top() + 10}, QStringLiteral("up"));
-    addLabel(path, {centre.x(), r.bottom() - 10}, QStringLiteral("down"));
-    addLabel(path, {r.left() + 10, centre.y()}, QStringLiteral("left"));
-    addLabel(path, {r.right() - 10, centre.y()}, QStringLiteral("right"));
-}
-
-/** Unlike the operator of the class, which takes nearly equal ones for equal. */
-bool isExactly(const QRectF &a, const QRectF &b)
-{
-    return a.x() == b.x() && a.y() == b.y() && a.width() == b.width() && a.height() == b.height();
-}
-
-/** Adds the labels, drawn once for all figures of one rectangle: letters cost most of a figure. */
-void addLabels(QPainterPath &path, const QRectF &r)
-{
-    thread_local QString drawnFont;
-    thread_local QRectF drawnRect;
-    thread_local QPainterPath labels;
-    const QString font = QFont().key();
-    if (font != drawnFont || !isExactly(r, drawnRect)) {
-        labels = QPainterPath();
-        drawLabels(labels, r);
-        drawnFont = font;
-        drawnRect = r;
+public:
+    explicit Label(const QString &text)
+        : m_text(labelFont(), text),
+          m_middle(QRectF(QFontMetrics(labelFont()).boundingRect(text)).center())
+    {
     }
-    path.addPath(labels);
-}
+
+    void addTo(QPainterPath &path, const QPointF &anchor) const
+    {
+        m_text.addTo(path, anchor - m_middle);
+    }
+
+private:
+    ztoutline::MovableText m_text;
+    QPointF m_middle;
+};
+
+/** The four labels of a figure in the program's font. */
+class Labels
+{
+public:
+    /** Laid out once for all figures: letters cost most of a figure. */
+    static const Labels &current()
+    {
+        thread_local std::unique_ptr<const Labels> labels;
+        thread_local QString font;
+        thread_local int generation = 0;
+        if (labels == nullptr || font != QFont().key() ||
+            generation != ztoutline::fontGeneration()) {
+            font = QFont().key();
+            generation = ztoutline::fontGeneration();
+            labels = std::make_unique<const Labels>();
+        }
+        return *labels;
+    }
+
+    void addTo(QPainterPath &path, const QRectF &r) const
+    {
+        const QPointF centre = r.center();
+        m_up.addTo(path, {centre.x(), r.top() + 10});
+        m_down.addTo(path, {centre.x(), r.bottom() - 10});
+        m_left.addTo(path, {r.left() + 10, centre.y()});
+        m_right.addTo(path, {r.right() - 10, centre.y()});
+    }
+
+private:
+    Label m_up{QStringLiteral("up")};
+    Label m_down{QStringLiteral("down")};
+    Label m_left{QStringLiteral("left")};
+    Label m_right{QStringLiteral("right")};
+};
 
 } // namespace
 
@@ -108,7 +134,7 @@ void ZTTdotShape::paint()
     QPainterPath path;
     addFrameWithCentreLines(path, getRect());
     addSquares(path);
-    addLabels(path, getRect());
+    Labels::current().addTo(path, getRect());
     getPath() = path;
     path2Lines(true);
     fill();
