@@ -114,7 +114,7 @@ void timeLoads(benchmark::State &state, MakeDrawing make, const Finish &finish)
         auto open = std::make_unique<OpenDocument>();
         state.ResumeTiming();
         open->load(bytes);
-        finish();
+        finish(*open);
         state.PauseTiming();
         if (open->manager().itemModel()->rowCount() != countOf(state))
             state.SkipWithError("not all items are there");
@@ -127,13 +127,24 @@ void timeLoads(benchmark::State &state, MakeDrawing make, const Finish &finish)
 /** The call alone: the items are built, painted once, in the scene and in the tree. */
 void BM_load(benchmark::State &state, MakeDrawing make)
 {
-    timeLoads(state, make, [] {});
+    timeLoads(state, make, [](OpenDocument &) {});
+}
+
+/** With every hatch looked at, those of shapes out of sight too: as if all were shown. */
+void BM_loadAndHatch(benchmark::State &state, MakeDrawing make)
+{
+    timeLoads(state, make, [](OpenDocument &open) {
+        for (const QGraphicsItem *candidate : open.manager().scene()->items()) {
+            if (const auto *item = dynamic_cast<const ZTAbstractGraphicsItem *>(candidate))
+                benchmark::DoNotOptimize(item->getShapeBase()->getFillLines().constData());
+        }
+    });
 }
 
 /** Until the window is up to date again. */
 void BM_loadAndShow(benchmark::State &state, MakeDrawing make)
 {
-    timeLoads(state, make, [] { QApplication::processEvents(); });
+    timeLoads(state, make, [](OpenDocument &) { QApplication::processEvents(); });
 }
 
 /** Taking back what was loaded, as a host does when the user cancels or opens another drawing. */
@@ -258,6 +269,7 @@ BENCHMARK_CAPTURE(BM_loadAndShow, rectangles, testsupport::rectanglesDrawing)->A
 BENCHMARK_CAPTURE(BM_readPlainly, mixed, testsupport::mixedDrawing)->Apply(sizes);
 BENCHMARK_CAPTURE(BM_load, mixed, testsupport::mixedDrawing)->Apply(sizes);
 BENCHMARK_CAPTURE(BM_loadAndShow, mixed, testsupport::mixedDrawing)->Apply(sizes);
+BENCHMARK_CAPTURE(BM_loadAndHatch, mixed, testsupport::mixedDrawing)->Apply(sizes);
 BENCHMARK_CAPTURE(BM_clear, rectangles, testsupport::rectanglesDrawing)->Apply(sizes);
 BENCHMARK_CAPTURE(BM_cancelledLoad, rectangles, testsupport::rectanglesDrawing)->Apply(sizes);
 BENCHMARK_CAPTURE(BM_longestSilence, rectangles, testsupport::rectanglesDrawing)->Apply(sizes);

@@ -103,7 +103,7 @@ ShapeType ZTShapeBase::getShapeType() { return m_d->shapeType; }
 
 void ZTShapeBase::setShapeType(const ShapeType &type) { m_d->shapeType = type; }
 
-const QVector<QLineF> &ZTShapeBase::getFillLines() const { return m_d->fillLines; }
+const QVector<QLineF> &ZTShapeBase::getFillLines() const { return m_d->fillLines.lines(); }
 
 bool ZTShapeBase::load(QDataStream &stream)
 {
@@ -147,7 +147,10 @@ void ZTShapeBase::path2Lines(bool sort)
 
 void ZTShapeBase::setLines(const QPainterPath &linesPx) { m_d->setLines(linesPx); }
 
-void ZTShapeBase::setFillLines(const QVector<QLineF> &fillLinesPx) { m_d->fillLines = fillLinesPx; }
+void ZTShapeBase::setFillLines(const QVector<QLineF> &fillLinesPx)
+{
+    m_d->fillLines.set(fillLinesPx);
+}
 
 QDataStream &operator<<(QDataStream &stream, const ZTShapeBase &shape)
 {

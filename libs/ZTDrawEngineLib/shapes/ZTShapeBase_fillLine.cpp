@@ -162,6 +162,6 @@ void ZTShapeBase::fillLine()
 {
     if (m_d->path.isEmpty())
         return;
-    m_d->fillLines.clear();
-    m_d->fillLines = levelLines(m_d->path.toSubpathPolygons(pathToMm()), m_d->fillParam.spac);
+    setFillLines({});
+    setFillLines(levelLines(m_d->path.toSubpathPolygons(pathToMm()), m_d->fillParam.spac));
 }

@@ -1,11 +1,10 @@
 #pragma once
 
 #include <ZTDrawEngineLib/common/ZTFillParam.h>
+#include <ZTDrawEngineLib/shapes/hatch/LateHatch_p.h>
 
-#include <QtCore/QLineF>
 #include <QtCore/QRectF>
 #include <QtCore/QSharedData>
-#include <QtCore/QVector>
 #include <QtGui/QPainterPath>
 #include <QtGui/QTransform>
 
@@ -17,7 +16,7 @@ public:
     QPainterPath path;                 ///< millimetres, written by paint()
     QPainterPath lines;                ///< outline in scene pixels
     QRectF linesRect;                  ///< around it; asked for all shapes by whatever looks around
-    QVector<QLineF> fillLines;         ///< hatch in scene pixels
+    zthatch::LateHatch fillLines;      ///< hatch in scene pixels
     QTransform transformParam;         ///< given by rotating, mirroring, resizing
     QTransform roundingTransformParam; ///< for text on an arc
     ZTFillParam fillParam;

@@ -2,7 +2,7 @@
 
 #include <ZTDrawEngineLib/document/ZTCoord.h>
 #include <ZTDrawEngineLib/shapes/ZTShapeBase_p.h>
-#include <ZTDrawEngineLib/shapes/hatch/HatchFill_p.h>
+#include <ZTDrawEngineLib/shapes/hatch/LateHatch_p.h>
 
 void ZTShapeBase::fill()
 {
@@ -16,6 +16,5 @@ void ZTShapeBase::fill()
 
 void ZTShapeBase::fillULine(FillType type, double spac, double angle)
 {
-    setFillLines(
-        zthatch::hatchLines(getLines().toSubpathPolygons(QTransform()), type, spac, angle));
+    m_d->fillLines.set(zthatch::HatchOrder{getLines(), type, spac, angle});
 }
