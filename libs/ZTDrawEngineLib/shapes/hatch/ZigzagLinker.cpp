@@ -9,12 +9,12 @@ namespace {
 
 constexpr int kNoRow = std::numeric_limits<int>::max();
 
-/** Rows among which the next one of a polygon is looked for: those of one or two scan lines. */
-constexpr int kNearRows = 48;
-
 /** Trials of it in vain before there are no more, and how many more one earns that succeeds. */
 constexpr int kNearestTrials = 64;
 constexpr int kTrialsEarned = 3;
+
+/** Steps of a zigzag between fetching a row and taking it. */
+constexpr std::size_t kStepsAhead = 6;
 
 /** Rows tried one after the other from an edge that meets very many others. */
 constexpr int kCrowdTrials = 64;
@@ -32,12 +32,34 @@ void ZigzagLinker::link(int limit_, QVector<QLineF> *lines_)
 {
     m_limit = limit_;
     m_lines = lines_;
-    // A joint for every row but the first of a zigzag, in most hatches one line each.
-    m_lines->reserve(static_cast<int>(
-        std::min<std::size_t>(2 * m_rows.size(), static_cast<std::size_t>(m_limit))));
+    // A joint for every row but the first of a zigzag: one line each, and a few more round corners.
+    const std::size_t expected = 2 * m_rows.size() + m_rows.size() / 8;
+    m_lines->reserve(static_cast<int>(std::min(expected, static_cast<std::size_t>(m_limit))));
     for (int row = 0; row < static_cast<int>(m_rows.size()) && m_lines->size() <= m_limit; ++row) {
         if (!m_isUsed[static_cast<std::size_t>(row)])
             appendZigzag(row);
+    }
+}
+
+/**
+ * Has the memory bring what the next steps ask for, while this one is gone.
+ *
+ * A zigzag takes one row of each scan line, so its rows lie about as far apart as the last two did,
+ * mostly too far for the processor to see where it goes. A wrong guess costs nothing.
+ * Inlined by force: compilers leave out the call of a function that only fetches.
+ */
+[[gnu::always_inline]] inline void ZigzagLinker::fetchAhead(int row, int next) const
+{
+    const auto ahead =
+        static_cast<std::size_t>(next) + kStepsAhead * static_cast<std::size_t>(next - row);
+    if (ahead >= m_rows.size())
+        return;
+    __builtin_prefetch(&m_rows[ahead].first);
+    __builtin_prefetch(&m_rows[ahead].secondEdge);
+    __builtin_prefetch(&m_isUsed[ahead]);
+    for (const std::unique_ptr<RowLists> &lists : m_lazyEdgeLists) {
+        if (lists)
+            lists->fetch(static_cast<int>(ahead));
     }
 }
 
@@ -49,6 +71,7 @@ void ZigzagLinker::appendZigzag(int row)
         const int next = nextOf(row);
         if (next == kNoRow)
             return;
+        fetchAhead(row, next);
         appendJoint(row, next);
         appendRow(next, m_reached == AtFirst);
         m_isUsed[static_cast<std::size_t>(next)] = 1;
@@ -136,7 +159,7 @@ int ZigzagLinker::nextOf(int row)
     if (side == Side::OnLine)
         return nextBeforeStop(row);
     if (isNearestWorthATrial()) {
-        const int nearest = nearestOf(row);
+        const int nearest = nextOnPolygon(row, kNoRow);
         if (nearest < 0)
             return kNoRow;
         if (canJoin(row, nearest)) {
@@ -145,7 +168,7 @@ int ZigzagLinker::nextOf(int row)
         }
     }
     const int edge = reachedEdge(row);
-    int best = bestOn(edge, row, kNoRow);
+    int best = bestOnSameEdge(row);
     const int walkEnd = m_walks.end(edge, walkDirection(side));
     if (walkEnd >= 0 && walkEnd != edge)
         best = bestOn(walkEnd, row, best);
@@ -161,7 +184,7 @@ int ZigzagLinker::nextOf(int row)
 int ZigzagLinker::nextBeforeStop(int row)
 {
     for (int next = row;;) {
-        next = nextOnPolygon(row, next, kNoRow);
+        next = nextOnPolygon(next, kNoRow);
         if (next < 0)
             return kNoRow;
         m_found.joint = jointOf(row, next, &m_found.corner);
@@ -176,7 +199,7 @@ int ZigzagLinker::nextInCrowd(int row, int best)
     const int edge = reachedEdge(row);
     int next = row;
     for (int trial = 0; trial < kCrowdTrials; ++trial) {
-        next = nextOnPolygon(row, next, best);
+        next = nextOnPolygon(next, best);
         if (next < 0)
             return best;
         if (canJoin(row, next))
@@ -195,23 +218,17 @@ bool ZigzagLinker::isNearestWorthATrial()
     return true;
 }
 
-/** First later row on the polygon, mostly one of the next rows of all; -1 without one. */
-int ZigzagLinker::nearestOf(int row)
-{
-    const int polygon = m_outline.polygonOf(reachedEdge(row));
-    const int end = std::min(row + 1 + kNearRows, static_cast<int>(m_rows.size()));
-    for (int next = row + 1; next < end; ++next) {
-        if (!m_isUsed[static_cast<std::size_t>(next)] &&
-            m_outline.polygonOf(reachedEdge(next)) == polygon)
-            return next;
-    }
-    return nextOnPolygon(row, row, kNoRow);
-}
+/** First row after `row` and before `end` that ends on the same polygon; -1 without one. */
+int ZigzagLinker::nextOnPolygon(int row, int end) { return polygonLists().following(row, end); }
 
-/** First row after another and before `end` on the polygon that `row` ends on; -1 without one. */
-int ZigzagLinker::nextOnPolygon(int row, int after, int end)
+/** First row after `row` that can be joined and ends on the same edge. */
+int ZigzagLinker::bestOnSameEdge(int row)
 {
-    return polygonLists().nextAfter(m_outline.polygonOf(reachedEdge(row)), after, end);
+    RowLists &lists = edgeLists();
+    int next = lists.following(row, kNoRow);
+    while (next >= 0 && !canJoin(row, next))
+        next = lists.following(next, kNoRow);
+    return next < 0 ? kNoRow : next;
 }
 
 /** First row after `row`, if one before `best`, that can be joined and ends on an edge. */
@@ -219,7 +236,7 @@ int ZigzagLinker::bestOn(int edge, int row, int best)
 {
     RowLists &lists = edgeLists();
     for (int next = lists.nextAfter(edge, row, best); next >= 0;
-         next = lists.nextAfter(edge, next, best)) {
+         next = lists.following(next, best)) {
         if (canJoin(row, next))
             return next;
     }

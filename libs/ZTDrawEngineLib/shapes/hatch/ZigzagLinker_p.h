@@ -70,15 +70,16 @@ private:
 
     int nextOf(int row);
     bool isNearestWorthATrial();
-    int nearestOf(int row);
-    int nextOnPolygon(int row, int after, int end);
+    int nextOnPolygon(int row, int end);
     int nextBeforeStop(int row);
     int nextInCrowd(int row, int best);
+    int bestOnSameEdge(int row);
     int bestOn(int edge, int row, int best);
     RowLists &polygonLists();
     RowLists &edgeLists();
 
     void appendZigzag(int row);
+    void fetchAhead(int row, int next) const;
     void appendJoint(int row, int next);
     void appendRow(int row, bool asItStands);
 
