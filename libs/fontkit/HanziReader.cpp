@@ -1,5 +1,7 @@
 #include "HanziReader.h"
 
+#include <hostkit/files/JsonKeys.h>
+
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -48,6 +50,10 @@ bool readStroke(const QJsonValue &value, QVector<QPointF> *stroke)
 bool HanziReader::read(const QByteArray &json)
 {
     m_medians.clear();
+    if (const auto key = hostkit::jsonKeyTwice(json)) {
+        m_error = QStringLiteral("\"%1\" stands twice").arg(*key);
+        return false;
+    }
     QJsonParseError problem;
     const QJsonDocument document = QJsonDocument::fromJson(json, &problem);
     if (document.isNull()) {

@@ -75,7 +75,7 @@ LIBRARIES = {
     "QtPropertyBrowser": (),
     "ZTMarkDataManager": (),
     "ZTDrawEngineLib": ("QtPropertyBrowser", "ZTMarkDataManager"),
-    "fontkit": (),
+    "fontkit": ("hostkit/files/JsonKeys.h",),
     "vectorkit": (),
     "hostkit": (UMBRELLA, "vectorkit"),
     "codekit": (UMBRELLA, "hostkit", "vectorkit"),

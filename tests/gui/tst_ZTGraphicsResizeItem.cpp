@@ -127,6 +127,21 @@ private Q_SLOTS:
         QCOMPARE(desk->handlePlace(0).bottom(), desk->handlePlace(4).bottom());
     }
 
+    void box_holdsWhatIsPaintedOutsideOfTheRectangle()
+    {
+        desk->addRect(0, 0)->setSelected(true); // 100 by 100 pixels
+        const QRectF box = desk->frame().boundingRect();
+        const QRectF met = desk->frame().shape().boundingRect(); // by the mouse
+        QVERIFY(box.contains(QRectF(0, 0, 100, 100)));
+        desk->frame().setOutset(6.0);
+        QCOMPARE(desk->frame().boundingRect(), box.adjusted(-6, -6, 6, 6));
+        desk->frame().setHandleScale(2.0); // 6 pixels on the screen are 3 of the scene
+        QCOMPARE(desk->frame().boundingRect(), box.adjusted(-3, -3, 3, 3));
+        QCOMPARE(desk->frame().shape().boundingRect(), met);
+        desk->frame().setOutset(0.0);
+        QCOMPARE(desk->frame().boundingRect(), box);
+    }
+
     void rubberBand_selectsWhatItTouches()
     {
         auto *a = desk->addRect(0, 0);

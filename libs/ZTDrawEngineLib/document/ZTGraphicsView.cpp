@@ -4,6 +4,7 @@
 #include <ZTDrawEngineLib/items/ZTAbstractGraphicsItem.h>
 #include <ZTDrawEngineLib/items/ZTGraphicsResizeItem.h>
 
+#include <QtCore/QCoreApplication>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QWheelEvent>
@@ -80,6 +81,35 @@ void clipToExposed(QPainter *painter, const QRectF &rect)
         painter->setClipRect(rect, Qt::IntersectClip);
 }
 
+/**
+ * Lets the scene of a view ask for the repaint of what has moved before the view's window is
+ * painted.
+ *
+ * Where an item was painted last is noted anew whenever it is painted, so an item that has moved
+ * and is painted before that stays seen at its old place. The scene asks in a call that it posts to
+ * itself; when a posted call moves items while a repaint is posted already, that comes first.
+ */
+class MovesFirst : public QObject
+{
+public:
+    explicit MovesFirst(QGraphicsView &view) : QObject(&view), m_view(view)
+    {
+        m_view.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::UpdateRequest && m_view.scene() != nullptr)
+            QCoreApplication::sendPostedEvents(m_view.scene(), QEvent::MetaCall);
+        else if (event->type() == QEvent::Show && watched == &m_view && m_view.window() != &m_view)
+            m_view.window()->installEventFilter(this);
+        return false;
+    }
+
+private:
+    QGraphicsView &m_view; ///< parent
+};
+
 } // namespace
 
 ZTGraphicsView::ZTGraphicsView(QWidget *parent) : QGraphicsView(parent)
@@ -92,6 +122,7 @@ ZTGraphicsView::ZTGraphicsView(QWidget *parent) : QGraphicsView(parent)
     setTransformationAnchor(QGraphicsView::AnchorUnderMouse);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    new MovesFirst(*this);
 }
 
 void ZTGraphicsView::zoomIn()

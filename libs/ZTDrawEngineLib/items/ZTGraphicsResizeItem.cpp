@@ -64,12 +64,14 @@ ZTGraphicsResizeItem::~ZTGraphicsResizeItem()
 
 void ZTGraphicsResizeItem::setOutset(double devicePixels)
 {
+    prepareGeometryChange();
     m_outset = devicePixels;
     update();
 }
 
 void ZTGraphicsResizeItem::setHandleScale(double viewScale)
 {
+    prepareGeometryChange();
     m_handleScale = viewScale;
     for (ZTGraphicsResizeHandle *handle : qAsConst(m_handles))
         handle->place();
@@ -78,6 +80,12 @@ void ZTGraphicsResizeItem::setHandleScale(double viewScale)
 double ZTGraphicsResizeItem::getHandleScale() const { return m_handleScale; }
 
 double ZTGraphicsResizeItem::getOutset() const { return m_outset; }
+
+QRectF ZTGraphicsResizeItem::boundingRect() const
+{
+    const double outset = m_handleScale > 0.0 ? m_outset / m_handleScale : m_outset;
+    return QGraphicsRectItem::boundingRect().adjusted(-outset, -outset, outset, outset);
+}
 
 void ZTGraphicsResizeItem::setUndoStack(QUndoStack *stack) { m_undoStack = stack; }
 

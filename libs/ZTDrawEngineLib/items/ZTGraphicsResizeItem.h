@@ -50,7 +50,9 @@ public:
 
     /**
      * Draws the rectangle that many device pixels outside of where it is, so that it does not cover
-     * the outlines under it; 0 in a new frame. What the mouse meets stays where it is.
+     * the outlines under it; 0 in a new frame. What the mouse meets stays where it is. Which part
+     * of the scene that takes follows from `setHandleScale`; without it, a device pixel is taken for
+     * a scene pixel.
      */
     void setOutset(double devicePixels);
     double getOutset() const; ///< as `setOutset` set it
@@ -62,6 +64,9 @@ public:
      */
     void setHandleScale(double viewScale);
     double getHandleScale() const; ///< as `setHandleScale` set it
+
+    /** What is painted lies within: the rectangle, its line and its outset; frame's own pixels. */
+    QRectF boundingRect() const override;
 
     void setUndoStack(QUndoStack *stack); ///< where steps go, or null; stays the host's
     QUndoStack *getUndoStack() const;     ///< null at first

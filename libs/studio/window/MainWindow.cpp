@@ -81,7 +81,6 @@ constexpr int kTextWidth = 70;
 constexpr double kFrameOutset = 3.0;    ///< pixels on the screen
 constexpr int kMostSmooth = 20000;      ///< shapes; with more of them lines are drawn quickly
 constexpr double kHatchStrength = 0.45; ///< hatch lines are paler than outlines
-constexpr int kHandlePx = 24;           ///< room outside the frame that its handles may take
 const QSize kFirstSize(1280, 820);
 
 } // namespace
@@ -376,7 +375,6 @@ void MainWindow::connectState()
     connect(stack, &QUndoStack::undoTextChanged, this, &MainWindow::refreshUndoTexts);
     connect(stack, &QUndoStack::redoTextChanged, this, &MainWindow::refreshUndoTexts);
     connectFiles();
-    connectFrame();
     connectPreferences();
     refreshCommands();
 }
@@ -390,27 +388,6 @@ void MainWindow::connectPreferences()
                                                     1000);
     });
     connect(m_orderMenu, &OrderMenu::changed, m_orderNumbers.get(), &OrderNumbers::followSoon);
-}
-
-void MainWindow::connectFrame()
-{
-    const ZTGraphicsResizeItem *frame = m_drawing->scene()->getGraphicsResizeItem();
-    connect(m_drawing->scene(), &QGraphicsScene::selectionChanged, this, &MainWindow::repaintFrame);
-    connect(frame, &ZTGraphicsResizeItem::sigPosChanged, this, &MainWindow::repaintFrame);
-    connect(frame, &ZTGraphicsResizeItem::sigSizeChanged, this, &MainWindow::repaintFrame);
-}
-
-// The frame's handles keep their size at every zoom, and Qt does not always know where it painted
-// them last: after scrolling, the handles of what was selected before would stay on the screen.
-void MainWindow::repaintFrame()
-{
-    const QRect inner = m_drawing->view()->mapFromScene(m_paintedFramePx).boundingRect();
-    if (!m_paintedFramePx.isNull()) {
-        const QRect outer = inner.adjusted(-kHandlePx, -kHandlePx, kHandlePx, kHandlePx);
-        m_drawing->view()->viewport()->update(QRegion(outer) - QRegion(inner));
-    }
-    const ZTGraphicsResizeItem *frame = m_drawing->scene()->getGraphicsResizeItem();
-    m_paintedFramePx = frame->isVisible() ? frame->rect().translated(frame->pos()) : QRectF();
 }
 
 void MainWindow::connectFiles()

@@ -107,14 +107,12 @@ private:
     void buildCommands();
     void connectState();
     void connectFiles();
-    void connectFrame();
     void connectPreferences();
     void buildTools();
     void showTool();
     void showCanvasChoices();
     void showAlignTo();
     void dropSavedMessage();
-    void repaintFrame();
     void showReplacedDrawing();
     void refreshTitle();
     void showSelectionInTree();
@@ -152,7 +150,6 @@ private:
     QByteArray m_firstLayout;         ///< of docks and toolbars
     bool m_isPanelForPreview = false; ///< the panel is shown for the preview alone
     QTimer m_stateTimer;
-    QRectF m_paintedFramePx; ///< where the selection frame stood when it was seen last; or null
     QString m_savedMessage;  ///< of the last save, as long as it is true
     bool m_isLetGo = false;  ///< the user closes the window, and the changes may be lost
 };

@@ -4,6 +4,7 @@
 
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
+#include <QtGui/QScreen>
 #include <QtGui/QWheelEvent>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
@@ -139,6 +140,23 @@ private Q_SLOTS:
         view.reset();
         scene.reset();
         guard.reset();
+    }
+
+    void whatMovesWhileARepaintIsPosted_leavesItsOldPlace()
+    {
+        QGraphicsRectItem *item = scene->addRect(-10, -10, 20, 20, Qt::NoPen, Qt::red);
+        item->setPos(50, 20);
+        QTRY_COMPARE(seenAt({50, 20}), QColor(Qt::red));
+        QTest::qWait(20); // nothing is left to be painted
+        const auto move = [&] {
+            item->setPos(-50, -30);
+            view->viewport()->update(QRect(placeOf({-50, -30}), QSize(1, 1)));
+        };
+        view->viewport()->update(QRect(0, 0, 1, 1));
+        QMetaObject::invokeMethod(view.get(), move, Qt::QueuedConnection);
+        QTRY_COMPARE(seenAt({-50, -30}), QColor(Qt::red));
+        QTest::qWait(20);
+        QVERIFY(seenAt({50, 20}) != QColor(Qt::red));
     }
 
     void constructor_setsTheView()
@@ -401,6 +419,18 @@ private Q_SLOTS:
     }
 
 private:
+    QPoint placeOf(const QPointF &scenePos) const { return view->mapFromScene(scenePos); }
+
+    /** Colour that stands on the screen now, whatever a repaint would show. */
+    QColor seenAt(const QPointF &scenePos) const
+    {
+        const QPoint at = view->viewport()->mapTo(view.get(), placeOf(scenePos));
+        return view->screen()
+            ->grabWindow(view->winId(), at.x(), at.y(), 1, 1)
+            .toImage()
+            .pixelColor(0, 0);
+    }
+
     ZTAbstractGraphicsItem *addRect()
     {
         auto *item = new ZTGraphicsRectItem;

@@ -83,6 +83,8 @@ void tst_HanziReader::read_damage_isFalseAndTold_data()
     const QString none = QStringLiteral("no strokes");
     QTest::newRow("cut short") << QByteArray(R"({"medians":[[[1,2])")
                                << QStringLiteral("no JSON: unterminated array");
+    QTest::newRow("medians twice") << QByteArray(R"({"medians":[[[1,2]]],"medians":[[[3,4]]]})")
+                                   << QStringLiteral("\"medians\" stands twice");
     QTest::newRow("a list") << QByteArray("[[[1,2]]]") << none;
     QTest::newRow("no medians") << QByteArray(R"({"strokes":[]})") << none;
     QTest::newRow("medians a number") << QByteArray(R"({"medians":5})") << none;
