@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numeric>
 
 namespace zthatch {
@@ -10,12 +11,6 @@ namespace {
 
 /** Fewest candidates that a block of scan lines should have: bounds memory, keeps to the cache. */
 constexpr std::size_t kBlockCandidates = 1u << 13;
-
-bool isFinite(const QLineF &line)
-{
-    return std::isfinite(line.x1()) && std::isfinite(line.y1()) && std::isfinite(line.x2()) &&
-           std::isfinite(line.y2());
-}
 
 /** Whether products with the edge's extent may lose all their digits. */
 bool isVanishing(const QLineF &edge)
@@ -48,34 +43,55 @@ ScanLineCrossings::ScanLineCrossings(const HatchOutline &outline_, const ScanLin
     m_isHit.resize(edgeCount);
     m_runs.reserve(edgeCount);
     m_candidates.resize(static_cast<std::size_t>(m_layout.count()) + 1);
+    Place to = placeOf(QPointF());
     for (int e = 0; e < m_outline.edgeCount(); ++e) {
-        const Run run = runOf(m_outline.edge(e));
+        // An edge mostly starts where the one before ended.
+        const QLineF &edge = m_outline.edge(e);
+        const Place from = to.isAt(edge.p1()) ? to : placeOf(edge.p1());
+        to = placeOf(edge.p2());
+        const Run run = runOf(edge, from, to);
         m_runs.push_back(run);
+        if (run.first == run.end)
+            continue;
         ++m_candidates[static_cast<std::size_t>(run.first)];
         --m_candidates[static_cast<std::size_t>(run.end)];
     }
     std::partial_sum(m_candidates.begin(), m_candidates.end(), m_candidates.begin());
 }
 
-/** Whether the extent of an edge tells which scan lines it may meet. */
-bool ScanLineCrossings::isSure(const QLineF &edge) const
+ScanLineCrossings::Place ScanLineCrossings::placeOf(const QPointF &point) const
 {
-    return m_isSteady && isFinite(edge) && !isVanishing(edge) && m_layout.covers(edge.p1()) &&
-           m_layout.covers(edge.p2());
+    // No point that is not finite lies beside a steady layout.
+    return {point, m_layout.levelOf(point), m_isSteady && m_layout.covers(point)};
 }
 
-ScanLineCrossings::Run ScanLineCrossings::runOf(const QLineF &edge)
+ScanLineCrossings::Run ScanLineCrossings::runOf(const QLineF &edge, const Place &from,
+                                                const Place &to)
 {
     if (edge.x1() == edge.x2() && edge.y1() == edge.y2())
         return {}; // no length, no direction: QLineF finds no crossing
-    if (!isSure(edge))
+    if (!from.isSure || !to.isSure || isVanishing(edge))
         return {0, m_layout.count()};
-    const double level1 = m_layout.levelOf(edge.p1());
-    const double level2 = m_layout.levelOf(edge.p2());
-    const int first = firstAtOrAbove(std::min(level1, level2) - m_margin);
-    const int end = firstAtOrAbove(std::max(level1, level2) + 2 * m_margin);
+    const double low = std::min(from.level, to.level) - m_margin;
+    const double high = std::max(from.level, to.level) + 2 * m_margin;
+    if (m_gapBegin < low && high <= m_gapEnd)
+        return {m_gap, m_gap};
+    const int first = firstAtOrAbove(low);
+    const int end = firstAtOrAbove(high);
     m_expectedCount += end - first;
+    rememberGap(end);
     return {first, end};
+}
+
+/** Where scan lines are few, the next edges mostly lie before the same one. */
+void ScanLineCrossings::rememberGap(int number)
+{
+    const double infinity = std::numeric_limits<double>::infinity();
+    const std::vector<double> &levels = m_layout.levels();
+    const auto at = static_cast<std::size_t>(number);
+    m_gap = number;
+    m_gapBegin = at > 0 ? levels[at - 1] : -infinity;
+    m_gapEnd = at < levels.size() ? levels[at] : infinity;
 }
 
 /** Number of the first scan line at or above a level, searched from where it should be. */

@@ -51,8 +51,23 @@ private:
         int end = 0;
     };
 
-    bool isSure(const QLineF &edge) const;
-    Run runOf(const QLineF &edge);
+    /** Where an end of an edge lies among the scan lines. */
+    struct Place
+    {
+        QPointF point;
+        double level = 0.0;
+        bool isSure = false; ///< whether the level tells which scan lines the edge may meet
+
+        /** The same number for number: almost the same has another level. */
+        bool isAt(const QPointF &other) const
+        {
+            return point.x() == other.x() && point.y() == other.y();
+        }
+    };
+
+    Place placeOf(const QPointF &point) const;
+    Run runOf(const QLineF &edge, const Place &from, const Place &to);
+    void rememberGap(int number);
     int firstAtOrAbove(double level) const;
     int blockEnd(int begin) const;
     void fillBlock(int begin, int end);
@@ -62,6 +77,9 @@ private:
     bool m_isSteady = false;
     double m_margin = 0.0;
     double m_linesPerPx = 0.0;     ///< scan lines a pixel of their level, on average
+    int m_gap = 0;                 ///< number of a scan line, or of the end
+    double m_gapBegin = 0.0;       ///< level of the one before
+    double m_gapEnd = 0.0;         ///< its level
     std::vector<Run> m_runs;       ///< by edge
     std::vector<int> m_candidates; ///< by scan line: edges that may cross it
     std::int64_t m_expectedCount = 0;
