@@ -23,6 +23,7 @@ namespace {
 constexpr std::size_t kMostBytes = 2048;
 constexpr qint32 kMostItems = 3;
 constexpr qint32 kMostEntries = 3;
+constexpr qint32 kMostSides = 1000;
 constexpr double kLeastHatchSpacing = 10.0;
 constexpr double kMostExtentMm = 150.0;
 
@@ -93,15 +94,16 @@ struct Extent
 
 /**
  * Walks the records and switches off the hatches that the library lays out although they take
- * long: what is below its limit of a million scan lines is for a fuzz target of its own.
+ * long, and cuts polygons down: what is below its limit of a million scan lines is for a fuzz
+ * target of its own.
  */
 class Hatches
 {
 public:
-    Hatches(QByteArray *drawing, const SetUp &setUp, qint64 from)
-        : bytes(drawing), stream(*drawing), isBigEndian(setUp.order == QDataStream::BigEndian)
+    Hatches(QByteArray *drawing, const SetUp &drawingSetUp, qint64 from)
+        : bytes(drawing), stream(*drawing), setUp(drawingSetUp)
     {
-        setUp.applyTo(stream);
+        drawingSetUp.applyTo(stream);
         stream.device()->seek(from);
     }
 
@@ -125,9 +127,10 @@ private:
         stream >> posPx;
         qint32 sides = 0;
         QString path;
-        if (type == ShapeType::Polygon)
+        if (type == ShapeType::Polygon) {
+            limitCount(*bytes, stream.device()->pos(), kMostSides, setUp);
             stream >> sides;
-        else if (type == ShapeType::VecGraph)
+        } else if (type == ShapeType::VecGraph)
             stream >> path;
         else
             readShape(type == ShapeType::Text);
@@ -161,7 +164,7 @@ private:
         if (fillAt + 4 > bytes->size())
             return;
         char *fillType = bytes->data() + fillAt;
-        if (isBigEndian)
+        if (setUp.order == QDataStream::BigEndian)
             qToBigEndian(none, fillType);
         else
             qToLittleEndian(none, fillType);
@@ -169,7 +172,7 @@ private:
 
     QByteArray *bytes;
     QDataStream stream;
-    bool isBigEndian;
+    SetUp setUp;
 };
 
 /** The bytes with few entries and items announced, and no hatch that takes seconds. */

@@ -80,10 +80,12 @@ private Q_SLOTS:
         edit.language = studio::LanguageChoice::Chinese;
         studio->window->preferences().apply(edit);
         QTRY_COMPARE(dialog->windowTitle(), QStringLiteral("\u9635\u5217"));
+        QTest::qWait(20); // letters come when all texts are there
         checkLetters(*dialog);
         edit.language = studio::LanguageChoice::English;
         studio->window->preferences().apply(edit);
         QTRY_COMPARE(dialog->windowTitle(), QStringLiteral("Matrix"));
+        QTest::qWait(20); // letters come when all texts are there
         checkLetters(*dialog);
     }
 

@@ -7,23 +7,6 @@
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QTabWidget>
 
-/** Gathers what of a widget is painted. */
-class Painted : public QObject
-{
-public:
-    explicit Painted(QWidget &watched) { watched.installEventFilter(this); }
-
-    QRegion region;
-
-protected:
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint)
-            region += static_cast<QPaintEvent *>(event)->region();
-        return false;
-    }
-};
-
 class tst_studio_navigation : public QObject
 {
     Q_OBJECT
@@ -86,25 +69,6 @@ private Q_SLOTS:
         QCOMPARE(middle() - before, QPointF(-30, -10));
         drag({60, 60});
         QCOMPARE(middle() - before, QPointF(-30, -10));
-    }
-
-    void frameThatGoes_isPaintedOverWithAllItsSurroundings()
-    {
-        // Handles that stay where they were are seen on a real screen only, after scrolling. Here
-        // it is what no handle covers that tells whether all around the frame is painted anew.
-        studio::ShapeItem *item = studio->addRect(0, 0);
-        item->scale(4.0, 4.0);
-        for (const bool isMoved : {false, true}) {
-            studio->select({item});
-            QTest::qWait(50);
-            const QRectF boxPx = studio::sceneBox(*item);
-            const QPoint betweenHandles =
-                studio->view().mapFromScene(boxPx.left() + boxPx.width() / 4, boxPx.top()) -
-                QPoint(0, 10);
-            Painted painted(*viewport());
-            studio->key(isMoved ? Qt::Key_Right : Qt::Key_Escape);
-            QTRY_VERIFY(painted.region.contains(betweenHandles));
-        }
     }
 
     void spaceAndLeftButton_panInsteadOfSelecting()

@@ -150,8 +150,8 @@ private:
     QByteArray m_firstLayout;         ///< of docks and toolbars
     bool m_isPanelForPreview = false; ///< the panel is shown for the preview alone
     QTimer m_stateTimer;
-    QString m_savedMessage;  ///< of the last save, as long as it is true
-    bool m_isLetGo = false;  ///< the user closes the window, and the changes may be lost
+    QString m_savedMessage; ///< of the last save, as long as it is true
+    bool m_isLetGo = false; ///< the user closes the window, and the changes may be lost
 };
 
 } // namespace studio

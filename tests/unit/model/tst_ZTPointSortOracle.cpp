@@ -1,3 +1,4 @@
+#include <support/Effort.h>
 #include <support/SingletonGuard.h>
 #include <support/oracle/PlainChain.h>
 
@@ -145,7 +146,8 @@ private Q_SLOTS:
         QTest::addColumn<int>("rounds");
         QTest::addColumn<int>("largest");
         const auto add = [](const char *name, MakeCoordinate make, int rounds, int largest) {
-            QTest::newRow(name) << reinterpret_cast<quintptr>(make) << rounds << largest;
+            QTest::newRow(name) << reinterpret_cast<quintptr>(make) << testsupport::effort(rounds)
+                                << largest;
         };
         add("scattered", inField, 4000, 60);
         add("scattered, large", inField, 20, 1500);
