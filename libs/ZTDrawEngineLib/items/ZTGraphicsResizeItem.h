@@ -50,8 +50,8 @@ public:
 
     /**
      * Draws the rectangle that many device pixels outside of where it is, so that it does not cover
-     * the outlines under it; 0 in a new frame. What the mouse meets stays where it is. What that is
-     * in the scene follows from `setHandleScale`; without it, a device pixel counts as one there.
+     * the outlines under it; 0 in a new frame. What the mouse meets stays where it is. How far that
+     * is in the scene follows from `setHandleScale`; without it, as many scene pixels.
      */
     void setOutset(double devicePixels);
     double getOutset() const; ///< as `setOutset` set it

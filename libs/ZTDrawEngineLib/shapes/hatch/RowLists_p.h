@@ -19,8 +19,7 @@ public:
     template <typename KeyOf>
     RowLists(const std::vector<char> &isTaken, int keyCount, const KeyOf &keyOf);
 
-    /** First row behind `row` in its own list and before `end` that is not taken; -1 without one.
-     */
+    /** First row behind `row` in its list and before `end` that is not taken; -1 without one. */
     int following(int row, int end);
 
     /** First row after `row` and before `end` in a key's list that is not taken; -1 without one. */
