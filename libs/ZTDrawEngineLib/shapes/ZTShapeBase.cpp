@@ -6,6 +6,7 @@
 #include <ZTDrawEngineLib/document/ZTCoord.h>
 #include <ZTDrawEngineLib/model/ZTPointSort.h>
 #include <ZTDrawEngineLib/shapes/Reach_p.h>
+#include <ZTDrawEngineLib/shapes/StraightOutline_p.h>
 #include <ZTDrawEngineLib/shapes/ZTShapeBase_p.h>
 
 #include <QtCore/QDataStream>
@@ -152,6 +153,13 @@ void ZTShapeBase::path2Lines(bool sort)
             m_d->setLines(run);
         else
             m_d->setLines(QPainterPath());
+        return;
+    }
+    StraightOutline outline(m_d->path);
+    if (outline.isStraight()) {
+        if (sort)
+            outline.sort(pathToPx, ZTPointSort::getInstance()->getShapeMarkSort());
+        m_d->setLines(outline.mapped(pathToPx));
         return;
     }
     QList<QPolygonF> polygons = ZTCurveTolerance::polygons(m_d->path, pathToPx, coord.mm2pix(1.0));

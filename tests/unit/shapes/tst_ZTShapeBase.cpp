@@ -11,6 +11,7 @@
 
 #include <limits>
 #include <memory>
+#include <random>
 
 using testsupport::near;
 using testsupport::polygonsOf;
@@ -18,6 +19,34 @@ using testsupport::polygonsOf;
 namespace {
 
 constexpr double kUlp = std::numeric_limits<double>::epsilon();
+
+QPainterPath randomStraightPath(std::mt19937 &random)
+{
+    const auto next = [&random](int limit) { return static_cast<int>(random() % limit); };
+    QPainterPath path;
+    const int subpathCount = 1 + next(200);
+    const int columns = 1 + next(100);
+    for (int i = 0; i < subpathCount; ++i) {
+        path.moveTo(next(columns) / 3.0, next(100) / 7.0);
+        for (int k = next(6); k > 0; --k)
+            path.lineTo(next(100) / 3.0, next(100) / 7.0);
+    }
+    return path;
+}
+
+/** To the last bit, which the comparison of paths does not ask for. */
+bool hasTheSameElements(const QPainterPath &a, const QPainterPath &b)
+{
+    if (a.elementCount() != b.elementCount())
+        return false;
+    for (int i = 0; i < a.elementCount(); ++i) {
+        const QPainterPath::Element &left = a.elementAt(i);
+        const QPainterPath::Element &right = b.elementAt(i);
+        if (left.type != right.type || left.x != right.x || left.y != right.y)
+            return false;
+    }
+    return true;
+}
 
 /** A shape of given subpaths that counts what the base calls. */
 class ProbeShape : public ZTShapeBase
@@ -331,6 +360,30 @@ private Q_SLOTS:
         ProbeShape shape(squaresAt({2, 1, 3}));
         shape.paint();
         QCOMPARE(firstXs(shape.getLines()), xs);
+    }
+
+    /** Many subpaths, many of them with the same first x, a few of them of one point only. */
+    void path2Lines_straightLines_areWhatTheListOfSubpathsGives()
+    {
+        std::mt19937 random(1);
+        for (int trial = 0; trial < 2000; ++trial) {
+            const auto kind = static_cast<EShapeSortType>(trial % 6);
+            ZTPointSort::getInstance()->setShapeMarkSort(kind);
+            ProbeShape shape(randomStraightPath(random));
+            shape.sorted = trial % 5 != 0;
+            shape.setTransformParam(QTransform().rotate(trial % 3 * 45.0).scale(1.7, -0.3));
+            shape.setUpdate(1);
+            shape.paint();
+            const QTransform toPx =
+                shape.getTransformParam() * ZTCoord::getInstance()->getMm2pixTransform();
+            QList<QPolygonF> polygons = shape.source.toSubpathPolygons(toPx);
+            if (shape.sorted)
+                ZTPointSort::getInstance()->sort(polygons);
+            QPainterPath expected;
+            for (const QPolygonF &polygon : polygons)
+                expected.addPolygon(polygon);
+            QVERIFY(hasTheSameElements(shape.getLines(), expected));
+        }
     }
 
     void path2Lines_unsorted_keepsThePathsOrder()
