@@ -8,7 +8,7 @@
 #include <QtGui/QFontMetrics>
 
 #include <array>
-#include <cstring>
+#include <cmath>
 #include <memory>
 
 namespace {
@@ -61,8 +61,14 @@ QPainterPath squares()
     return path;
 }
 
+bool isExactly(double a, double b) { return a == b && std::signbit(a) == std::signbit(b); }
+
 /** To the bit: the operator of the class takes nearly equal ones for equal, and -0 for 0. */
-bool isExactly(const QRectF &a, const QRectF &b) { return std::memcmp(&a, &b, sizeof a) == 0; }
+bool isExactly(const QRectF &a, const QRectF &b)
+{
+    return isExactly(a.x(), b.x()) && isExactly(a.y(), b.y()) && isExactly(a.width(), b.width()) &&
+           isExactly(a.height(), b.height());
+}
 
 QFont labelFont()
 {
