@@ -15,6 +15,7 @@ packages_of() {
         echo libqt5svg5-dev libpolyclipping-dev
         echo ccache lld # not needed, but what is built again is there at once
         echo libzint-dev libzxing-dev
+        echo libmimalloc-dev # programs do without, more slowly
         echo qttools5-dev # the plugin for Qt Designer, and Qt help
         echo libqt5sql5-sqlite # which reads a help
         ;;

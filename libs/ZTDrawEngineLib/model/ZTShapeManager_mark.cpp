@@ -1,5 +1,6 @@
 #include <ZTDrawEngineLib/model/ZTShapeManager.h>
 
+#include <ZTDrawEngineLib/common/StraightRun_p.h>
 #include <ZTDrawEngineLib/items/ZTAbstractGraphicsItem.h>
 #include <ZTDrawEngineLib/items/ZTGraphicsScene.h>
 #include <ZTDrawEngineLib/model/ZTPointSort.h>
@@ -36,7 +37,13 @@ QRectF extentOf(const ZTAbstractGraphicsItem &item, const ToMark &toMark)
 QList<QPolygonF> outlineOf(const ZTShapeBase &shape, const ToMark &toMark)
 {
     const QTransform move = QTransform::fromTranslate(toMark.posPx.x(), toMark.posPx.y());
-    return shape.getLines().toSubpathPolygons(move * QTransform::fromScale(toMark.sx, toMark.sy));
+    const QTransform toMarkUnits = move * QTransform::fromScale(toMark.sx, toMark.sy);
+    const QPainterPath &outline = shape.getLines();
+    if (!isStraightRun(outline))
+        return outline.toSubpathPolygons(toMarkUnits);
+    QPolygonF run;
+    mapStraightRun(outline, toMarkUnits, run);
+    return {run};
 }
 
 QVector<QLineF> hatchOf(const ZTShapeBase &shape, const ToMark &toMark)

@@ -1,6 +1,7 @@
 #include <ZTDrawEngineLib/shapes/ZTShapeBase.h>
 
 #include <ZTDrawEngineLib/common/PackedFields_p.h>
+#include <ZTDrawEngineLib/common/StraightRun_p.h>
 #include <ZTDrawEngineLib/common/ZTCurveTolerance.h>
 #include <ZTDrawEngineLib/document/ZTCoord.h>
 #include <ZTDrawEngineLib/model/ZTPointSort.h>
@@ -21,6 +22,14 @@ QTransform fromItsNumbers(const QTransform &matrix)
 {
     return {matrix.m11(), matrix.m12(), matrix.m13(), matrix.m21(), matrix.m22(),
             matrix.m23(), matrix.m31(), matrix.m32(), matrix.m33()};
+}
+
+/** So many points are mapped in memory that is kept for it. */
+constexpr int kShortRun = 64;
+
+bool isShortRun(const QPainterPath &path)
+{
+    return path.elementCount() <= kShortRun && isStraightRun(path);
 }
 
 /** One path of all polygons. Without room for all from the start, each of them moves the others. */
@@ -136,6 +145,15 @@ void ZTShapeBase::path2Lines(bool sort)
 {
     const ZTCoord &coord = *ZTCoord::getInstance();
     const QTransform pathToPx = pathToMm() * coord.getMm2pixTransform();
+    if (isShortRun(m_d->path)) {
+        thread_local QPolygonF run;
+        mapStraightRun(m_d->path, pathToPx, run);
+        if (isWithinReach(run))
+            m_d->setLines(run);
+        else
+            m_d->setLines(QPainterPath());
+        return;
+    }
     QList<QPolygonF> polygons = ZTCurveTolerance::polygons(m_d->path, pathToPx, coord.mm2pix(1.0));
     if (!isWithinReach(polygons))
         polygons.clear();

@@ -31,4 +31,13 @@ public:
         lines = outline;
         linesRect = lines.controlPointRect();
     }
+
+    /** In the memory that the outline has, where nobody else looks at it. */
+    void setLines(const QPolygonF &run)
+    {
+        lines.clear();
+        lines.setFillRule(Qt::OddEvenFill);
+        lines.addPolygon(run);
+        linesRect = lines.controlPointRect();
+    }
 };

@@ -333,6 +333,33 @@ private Q_SLOTS:
         QVERIFY(!object.rect.isEmpty());
     }
 
+    void genMarkObject_outlineIsQtsOwnPolygonsToTheLastBit_data()
+    {
+        QTest::addColumn<QPointF>("scale");
+        QTest::newRow("one") << QPointF(1, 1);
+        QTest::newRow("mirrored") << QPointF(-1.3, 0.7);
+        QTest::newRow("odd") << QPointF(0.1, 37.3);
+    }
+
+    void genMarkObject_outlineIsQtsOwnPolygonsToTheLastBit()
+    {
+        QFETCH(QPointF, scale);
+        manager->setScale(float(scale.x()), float(scale.y()));
+        const auto [sx, sy] = manager->getScale();
+        for (const ShapeType type : {ShapeType::Rect, ShapeType::Line, ShapeType::Ellipse}) {
+            ZTAbstractGraphicsItem *item = manager->addShape(type, QRectF(0, 0, 10, 10));
+            for (const QPointF &posPx : {QPointF(0, 0), QPointF(0.1, -7.7), QPointF(333.3, 1e-9)}) {
+                item->setPos(posPx);
+                ZTMarkObject object;
+                manager->genMarkObject(item, item->getShapeBase(), object);
+                const QTransform toMark =
+                    QTransform::fromTranslate(posPx.x(), posPx.y()) * QTransform::fromScale(sx, sy);
+                QVERIFY(testsupport::same(
+                    object.lines, item->getShapeBase()->getLines().toSubpathPolygons(toMark)));
+            }
+        }
+    }
+
     void genMarkObject_line_hasOnePolygonAndNoHatch()
     {
         ZTAbstractGraphicsItem *item = manager->addShape(ShapeType::Line, QRectF(0, 0, 10, 10));

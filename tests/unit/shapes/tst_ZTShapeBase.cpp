@@ -353,6 +353,52 @@ private Q_SLOTS:
             QVERIFY(!shape.getLines().elementAt(i).isCurveTo());
     }
 
+    void path2Lines_straightRun_isQtsOwnPolygon_shortAndLong()
+    {
+        for (const int corners : {2, 5, 63, 64, 65, 200}) {
+            QPainterPath path(QPointF(0.1, 0.2));
+            for (int i = 1; i < corners; ++i)
+                path.lineTo(i * 0.3, (i % 7) * 0.7);
+            QCOMPARE(path.elementCount(), corners);
+            ProbeShape shape(path);
+            shape.setTransformParam(QTransform().rotate(33.0).scale(1.1, 0.9));
+            const QTransform toPx = QTransform(shape.getTransformParam()) *
+                                    ZTCoord::getInstance()->getMm2pixTransform();
+            QVERIFY(testsupport::same(polygonsOf(shape.getLines()), path.toSubpathPolygons(toPx)));
+            QCOMPARE(shape.controlPointRect(), shape.getLines().controlPointRect());
+        }
+    }
+
+    // The outline is made anew in the memory of the one before.
+    void path2Lines_straightRun_leavesWhatOthersHold()
+    {
+        ProbeShape shape(squaresAt({1}));
+        QPainterPath winding;
+        winding.setFillRule(Qt::WindingFill);
+        shape.setLines(winding);
+        shape.setUpdate(1);
+        shape.paint();
+        const QPainterPath held = shape.getLines();
+        QCOMPARE(held.fillRule(), Qt::OddEvenFill);
+        const ProbeShape copy(shape);
+        shape.source = squaresAt({4});
+        shape.setUpdate(1);
+        shape.paint();
+        QCOMPARE(firstXs(shape.getLines()), QList<double>{40});
+        QCOMPARE(firstXs(held), QList<double>{10});
+        QCOMPARE(firstXs(copy.getLines()), QList<double>{10});
+    }
+
+    void path2Lines_straightRun_outOfReachIsNothing()
+    {
+        ProbeShape shape(squaresAt({1}));
+        shape.paint();
+        shape.setTransformParam(QTransform::fromScale(1e300, 1e300));
+        QVERIFY(shape.getLines().isEmpty());
+        QCOMPARE(shape.getLines().elementCount(), 0);
+        QVERIFY(shape.controlPointRect().isNull());
+    }
+
     void emptyPath_givesEmptyLines()
     {
         ProbeShape shape;
