@@ -8,10 +8,13 @@
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
+#include <QtCore/QDataStream>
 #include <QtCore/QTemporaryDir>
 #include <QtWidgets/QApplication>
 
 #include <benchmark/benchmark.h>
+
+#include <memory>
 
 using benchfonts::chineseText;
 using benchfonts::latinText;
@@ -174,6 +177,57 @@ void makeAndResize(benchmark::State &state)
     state.SetComplexityN(state.range(0));
 }
 
+/** A drawing of serial numbers as a studio has it: all in one font, none like another. */
+QByteArray serialNumbers(int count, FontType type)
+{
+    ZTFontParam font = strokeFont();
+    font.fontType = type;
+    font.font.setPixelSize(static_cast<int>(kHeight));
+    ZTShapeManager manager(nullptr);
+    for (int i = 0; i < count; ++i) {
+        auto *item = static_cast<ZTGraphicsTextItem *>(manager.addShape(ShapeType::Text, QRectF()));
+        item->setFontParam(font);
+        item->setFixedText(QStringLiteral("SN%1").arg(i, 6, 10, QLatin1Char('0')));
+    }
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    manager.save(stream);
+    return bytes;
+}
+
+void loadSerials(benchmark::State &state, FontType type)
+{
+    const QByteArray bytes = serialNumbers(static_cast<int>(state.range(0)), type);
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto manager = std::make_unique<ZTShapeManager>(nullptr);
+        QDataStream stream(bytes);
+        state.ResumeTiming();
+        manager->load(stream);
+        state.PauseTiming();
+        manager.reset();
+        state.ResumeTiming();
+    }
+    state.SetComplexityN(state.range(0));
+}
+
+void loadSerialsInSystemFont(benchmark::State &state) { loadSerials(state, FontType::doubleLine); }
+
+void loadSerialsInStrokeFont(benchmark::State &state) { loadSerials(state, FontType::singleLine); }
+
+void addLoads()
+{
+    const auto add = [](const char *name, void (*function)(benchmark::State &)) {
+        benchmark::RegisterBenchmark(name, function)
+            ->RangeMultiplier(10)
+            ->Range(100, 10000)
+            ->Complexity(benchmark::oN)
+            ->Unit(benchmark::kMillisecond);
+    };
+    add("load serial numbers/system font", loadSerialsInSystemFont);
+    add("load serial numbers/stroke font", loadSerialsInStrokeFont);
+}
+
 void addLayouts()
 {
     const auto add = [](const char *name, void (*function)(benchmark::State &), int most) {
@@ -199,6 +253,7 @@ int main(int argc, char **argv)
     hostkit::registerFactories();
     benchmark::Initialize(&argc, argv);
     addLayouts();
+    addLoads();
     benchmark::RegisterBenchmark("edit one of", editOne)
         ->RangeMultiplier(10)
         ->Range(10, 10000)

@@ -1,5 +1,7 @@
 #include <ZTDrawEngineLib/common/SystemText_p.h>
 
+#include <ZTDrawEngineLib/common/LetterOutlines_p.h>
+
 #include <QtCore/QByteArray>
 #include <QtCore/QCache>
 #include <QtCore/QDataStream>
@@ -9,42 +11,10 @@
 #include <QtCore/QThread>
 #include <QtGui/QFont>
 #include <QtGui/QFontMetricsF>
-#include <QtGui/QGlyphRun>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPainterPath>
-#include <QtGui/QRawFont>
-#include <QtGui/QTextLayout>
 
 namespace {
-
-/** The letters of `text` with the fonts that they are taken from, fonts that stand in included. */
-QList<QGlyphRun> glyphRunsOf(const QFont &font, const QString &text)
-{
-    QTextLayout layout(text, font);
-    layout.beginLayout();
-    while (layout.createLine().isValid()) {
-        // All lines: separators inside the text begin further ones.
-    }
-    layout.endLayout();
-    return layout.glyphRuns();
-}
-
-/**
- * Lets the font file of `rawFont` forget where the last letter was painted.
- *
- * Letters are painted at fractions of a pixel. The rasteriser keeps that shift with the file, for
- * all sizes, and adds it to outlines that are asked for next. Opening the file at another size
- * sets the shift to zero.
- */
-void forgetLastPainted(QRawFont rawFont) { rawFont.setPixelSize(rawFont.pixelSize() + 1.0); }
-
-void drawText(QPainterPath &path, const QPointF &position, const QFont &font, const QString &text)
-{
-    const QList<QGlyphRun> runs = glyphRunsOf(font, text);
-    for (const QGlyphRun &run : runs)
-        forgetLastPainted(run.rawFont());
-    path.addText(position, font, text);
-}
 
 /** Limit: texts that are remembered; longer ones seldom come again. */
 constexpr int kLongestRemembered = 100;
@@ -52,14 +22,20 @@ constexpr int kLongestRemembered = 100;
 /** Limit: points of all outlines that are remembered, some 3 MB. */
 constexpr int kRememberedPoints = 100000;
 
-/** All that an outline depends on; the height tells the resolution of the screen. */
-QByteArray keyOf(const QPointF &position, const QFont &font, const QString &text)
+/** Limit: fonts whose letters are remembered, some 100 KB each. */
+constexpr int kRememberedFonts = 50;
+
+template <class... Fields>
+QByteArray bytesOf(const Fields &...fields)
 {
-    QByteArray key;
-    QDataStream stream(&key, QIODevice::WriteOnly);
-    stream << font << QFontMetricsF(font).height() << position << text;
-    return key;
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    (stream << ... << fields);
+    return bytes;
 }
+
+/** All that the letters of a font depend on; the height tells the resolution of the screen. */
+QByteArray keyOf(const QFont &font) { return bytesOf(font, QFontMetricsF(font).height()); }
 
 /**
  * Outlines asked for last: a text is laid out several times while it is made, loaded or dragged.
@@ -87,16 +63,26 @@ public:
         m_outlines.insert(key, new QPainterPath(outline), 1 + outline.elementCount());
     }
 
+    ztoutline::LetterOutlines &lettersOf(const QByteArray &fontKey, const QFont &font)
+    {
+        if (ztoutline::LetterOutlines *letters = m_letters.object(fontKey))
+            return *letters;
+        auto *letters = new ztoutline::LetterOutlines(font);
+        m_letters.insert(fontKey, letters);
+        return *letters;
+    }
+
     void forget()
     {
         m_outlines.clear();
+        m_letters.clear();
         ++m_generation;
     }
 
     int generation() const { return m_generation; }
 
 private:
-    RememberedOutlines() : m_outlines(kRememberedPoints) {}
+    RememberedOutlines() : m_outlines(kRememberedPoints), m_letters(kRememberedFonts) {}
 
     void follow(QGuiApplication *program)
     {
@@ -109,6 +95,7 @@ private:
     }
 
     QCache<QByteArray, QPainterPath> m_outlines;
+    QCache<QByteArray, ztoutline::LetterOutlines> m_letters;
     int m_generation = 0;                ///< how often they were forgotten
     QPointer<QGuiApplication> m_program; ///< whose fonts they are of
 };
@@ -123,16 +110,16 @@ void ztoutline::addText(QPainterPath &path, const QPointF &position, const QFont
     RememberedOutlines *const remembered =
         text.size() > kLongestRemembered ? nullptr : RememberedOutlines::ofThisThread();
     if (remembered == nullptr) {
-        drawText(path, position, font, text);
+        path.addPath(LetterOutlines(font).outlineOf(text, position));
         return;
     }
-    const QByteArray key = keyOf(position, font, text);
+    const QByteArray fontKey = keyOf(font);
+    const QByteArray key = fontKey + bytesOf(position, text);
     if (const QPainterPath *outline = remembered->find(key)) {
         path.addPath(*outline);
         return;
     }
-    QPainterPath outline;
-    drawText(outline, position, font, text);
+    const QPainterPath outline = remembered->lettersOf(fontKey, font).outlineOf(text, position);
     path.addPath(outline);
     remembered->keep(key, outline);
 }

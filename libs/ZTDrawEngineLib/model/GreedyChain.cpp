@@ -1,5 +1,6 @@
 #include <ZTDrawEngineLib/model/GreedyChain_p.h>
 
+#include <ZTDrawEngineLib/model/PointRow_p.h>
 #include <ZTDrawEngineLib/model/PointTree_p.h>
 
 #include <cmath>
@@ -59,6 +60,25 @@ std::vector<Stop> stopsAt(const QVector<ZTMarkObject> &objects)
     return stops;
 }
 
+/** What finds the next of the points, by the cost between them. */
+template <class Cost>
+struct PointsFor
+{
+    using Type = PointTree<Cost>;
+};
+
+template <>
+struct PointsFor<XDifference>
+{
+    using Type = PointRow<XDifference>;
+};
+
+template <>
+struct PointsFor<YDifference>
+{
+    using Type = PointRow<YDifference>;
+};
+
 /**
  * The objects between two barriers, a barrier being an object with an empty first polygon.
  *
@@ -68,13 +88,13 @@ std::vector<Stop> stopsAt(const QVector<ZTMarkObject> &objects)
 template <class Cost>
 class Stretch
 {
-    using Tree = PointTree<Cost>;
+    using Points = typename PointsFor<Cost>::Type;
 
 public:
     Stretch(const std::vector<Stop> &all, int begin, int stretchEnd, const Cost &costBetween)
         : m_stops(all), m_cost(costBetween), m_base(begin), m_end(stretchEnd),
           m_firstRemaining(begin), m_isTaken(static_cast<std::size_t>(stretchEnd - begin)),
-          m_tree(sortOut(), costBetween)
+          m_points(sortOut(), costBetween)
     {
     }
 
@@ -87,12 +107,12 @@ public:
      */
     int take(const QPointF &from, int last)
     {
-        typename Tree::Hit best{kUnreachable, -1};
+        typename Points::Hit best{kUnreachable, -1};
         if (isFinite(from)) {
             if (last >= 0)
-                m_tree.improveNear(last, from, best);
+                m_points.improveNear(last, from, best);
             else
-                m_tree.improve(from, best);
+                m_points.improve(from, best);
             for (const int index : m_odd)
                 improveBy(index, from, best);
         } else {
@@ -105,10 +125,10 @@ public:
     }
 
 private:
-    /** Fills `odd` and gives the others to the tree. Objects without polygons go to neither. */
-    std::vector<typename Tree::Item> sortOut()
+    /** Fills `odd` and gives the others to `points`. Objects without polygons go to neither. */
+    std::vector<typename Points::Item> sortOut()
     {
-        std::vector<typename Tree::Item> items;
+        std::vector<typename Points::Item> items;
         items.reserve(m_isTaken.size());
         for (int index = m_base; index < m_end; ++index) {
             if (m_stops[index].kind == Stop::Blank)
@@ -121,7 +141,7 @@ private:
         return items;
     }
 
-    void improveBy(int index, const QPointF &from, typename Tree::Hit &best) const
+    void improveBy(int index, const QPointF &from, typename Points::Hit &best) const
     {
         if (m_isTaken[index - m_base] || m_stops[index].kind == Stop::Blank)
             return;
@@ -138,7 +158,7 @@ private:
         if (m_stops[index].kind == Stop::Blank)
             return;
         if (isFinite(m_stops[index].first))
-            m_tree.remove(index);
+            m_points.remove(index);
         else
             m_odd.erase(std::find(m_odd.begin(), m_odd.end(), index));
     }
@@ -150,7 +170,7 @@ private:
     int m_firstRemaining;
     std::vector<bool> m_isTaken; ///< by index less `base`
     std::vector<int> m_odd;      ///< remaining objects whose first point is not finite
-    Tree m_tree;                 ///< remaining objects whose first point is
+    Points m_points;             ///< remaining objects whose first point is
 };
 
 /** Index of the next barrier, or of the end. */

@@ -8,12 +8,16 @@
 #include <QtGui/QFontMetrics>
 
 #include <array>
+#include <cmath>
 #include <memory>
 
 namespace {
 
 constexpr int kFirstSquareWithCircle = 4;
 constexpr double kCircleShare = 0.8;
+
+/** Nothing but a host or a drawing gives a figure another one. */
+constexpr QRectF kUsualRect(0, 0, 100, 100);
 
 // Kept: the square at (40, 40) stands twice, so that the middle is marked twice, circle included.
 constexpr std::array<QRectF, 11> kSquares = {
@@ -46,13 +50,24 @@ QRectF circleBoxOf(const QRectF &square)
     return shrink.mapRect(square);
 }
 
-void addSquares(QPainterPath &path)
+QPainterPath squares()
 {
+    QPainterPath path;
     for (int i = 0; i < static_cast<int>(kSquares.size()); ++i) {
         path.addRect(kSquares[i]);
         if (i >= kFirstSquareWithCircle)
             path.addEllipse(circleBoxOf(kSquares[i]));
     }
+    return path;
+}
+
+bool isExactly(double a, double b) { return a == b && std::signbit(a) == std::signbit(b); }
+
+/** To the bit: the operator of the class takes nearly equal ones for equal, and -0 for 0. */
+bool isExactly(const QRectF &a, const QRectF &b)
+{
+    return isExactly(a.x(), b.x()) && isExactly(a.y(), b.y()) && isExactly(a.width(), b.width()) &&
+           isExactly(a.height(), b.height());
 }
 
 QFont labelFont()
@@ -82,26 +97,43 @@ private:
     QPointF m_middle;
 };
 
-/** The four labels of a figure in the program's font. */
-class Labels
+/** The figure with labels in the program's font. */
+class Figure
 {
 public:
-    /** Laid out once for all figures: letters cost most of a figure. */
-    static const Labels &current()
+    /** Laid out once for all shapes: letters cost most of a figure. */
+    static const Figure &current()
     {
-        thread_local std::unique_ptr<const Labels> labels;
-        thread_local QString font;
+        thread_local std::unique_ptr<const Figure> figure;
+        thread_local QFont font;
         thread_local int generation = 0;
-        if (labels == nullptr || font != QFont().key() ||
-            generation != ztoutline::fontGeneration()) {
-            font = QFont().key();
+        if (figure == nullptr || font != QFont() || generation != ztoutline::fontGeneration()) {
+            font = QFont();
             generation = ztoutline::fontGeneration();
-            labels = std::make_unique<const Labels>();
+            figure = std::make_unique<const Figure>();
         }
-        return *labels;
+        return *figure;
     }
 
-    void addTo(QPainterPath &path, const QRectF &r) const
+    Figure() : m_squares(squares()), m_usual(laidOutOver(kUsualRect)) {}
+
+    /** Figures over the usual rectangle share one path. */
+    QPainterPath over(const QRectF &r) const
+    {
+        return isExactly(r, kUsualRect) ? m_usual : laidOutOver(r);
+    }
+
+private:
+    QPainterPath laidOutOver(const QRectF &r) const
+    {
+        QPainterPath path;
+        addFrameWithCentreLines(path, r);
+        path.addPath(m_squares);
+        addLabels(path, r);
+        return path;
+    }
+
+    void addLabels(QPainterPath &path, const QRectF &r) const
     {
         const QPointF centre = r.center();
         m_up.addTo(path, {centre.x(), r.top() + 10});
@@ -110,11 +142,12 @@ public:
         m_right.addTo(path, {r.right() - 10, centre.y()});
     }
 
-private:
     Label m_up{QStringLiteral("up")};
     Label m_down{QStringLiteral("down")};
     Label m_left{QStringLiteral("left")};
     Label m_right{QStringLiteral("right")};
+    QPainterPath m_squares;
+    QPainterPath m_usual;
 };
 
 } // namespace
@@ -123,7 +156,7 @@ ZTTdotShape::ZTTdotShape()
 {
     setShapeType(ShapeType::TDOT);
     setUpdate(1);
-    setRect(QRectF(0, 0, 100, 100));
+    setRect(kUsualRect);
 }
 
 void ZTTdotShape::paint()
@@ -131,11 +164,7 @@ void ZTTdotShape::paint()
     if (!isUpdate())
         return;
     setUpdate(0);
-    QPainterPath path;
-    addFrameWithCentreLines(path, getRect());
-    addSquares(path);
-    Labels::current().addTo(path, getRect());
-    getPath() = path;
+    getPath() = Figure::current().over(getRect());
     path2Lines(true);
     fill();
 }

@@ -11,13 +11,15 @@ namespace {
 /** The word in the default font, drawn once: an empty graphic stands behind every copy of one. */
 QPainterPath nullWord()
 {
-    thread_local QString drawnFont;
+    thread_local QFont drawnFont;
+    thread_local bool isDrawn = false;
     thread_local QPainterPath word;
     const QFont font;
-    if (font.key() != drawnFont) {
+    if (!isDrawn || font != drawnFont) {
         word = QPainterPath();
         ztoutline::addText(word, {10.0, 10.0}, font, QStringLiteral("null"));
-        drawnFont = font.key();
+        drawnFont = font;
+        isDrawn = true;
     }
     return word;
 }

@@ -59,8 +59,8 @@ QVector<QPainterPath> TextShape::strokeGlyphs(const QString &line, const QPointF
 
 TextItem::TextItem()
 {
+    // Not painted once more: a new text is in a system font, where both kinds of shape are alike.
     replaceTextShape(new TextShape(static_cast<const ZTShapeText &>(*getShapeBase())));
-    rebuildShape();
 }
 
 void TextItem::copy(ZTAbstractGraphicsItem *source)

@@ -33,6 +33,15 @@ double onFineLattice(Random &random) { return below(random, 40) * 0.1; }
 /** Distinct places that one computed cost from the start point cannot tell apart. */
 double closerThanRounding(Random &random) { return below(random, 50) * 1e-13; }
 
+/** Very many that cost the same from afar, each at a place of its own. */
+double crowded(Random &random) { return below(random, 100000) * 1e-17; }
+
+/** Two such crowds, from one to the other and back. */
+double crowdedAtTwoPlaces(Random &random)
+{
+    return below(random, 100000) * 1e-17 + below(random, 2) * 1e-3;
+}
+
 /** Places far apart and close together at once, where sums round in every step. */
 double ofAllSizes(Random &random)
 {
@@ -156,6 +165,8 @@ private Q_SLOTS:
         add("lattice", onFineLattice, 4000, 120);
         add("lattice, large", onFineLattice, 20, 1500);
         add("closer than rounding", closerThanRounding, 6000, 60);
+        add("crowded", crowded, 60, 600);
+        add("crowded at two places", crowdedAtTwoPlaces, 60, 600);
         add("of all sizes", ofAllSizes, 8000, 60);
         add("of all sizes, large", ofAllSizes, 20, 800);
         add("around the bound", aroundTheBound, 8000, 40);

@@ -126,6 +126,19 @@ private Q_SLOTS:
         QVERIFY(hatch.lines().isEmpty());
     }
 
+    /** One edge meets few scan lines too many, so that their product alone would grant them. */
+    void set_tooManyScanLinesOverOneEdge_warnsAtOnce()
+    {
+        QPainterPath edge;
+        edge.moveTo(0, 0);
+        edge.lineTo(1000, 0);
+        LateHatch hatch;
+        testsupport::WarningGuard warnings;
+        hatch.set(HatchOrder{edge, FillType::Line, 1.05e-3, 30.0});
+        QCOMPARE(warnings.take().size(), 1);
+        QVERIFY(hatch.lines().isEmpty());
+    }
+
     void set_spacingThatIsNone_givesNoLines_data()
     {
         QTest::addColumn<double>("spac");

@@ -6,9 +6,11 @@
 
 #include <QtGui/QFont>
 #include <QtGui/QFontMetrics>
+#include <QtGui/QGuiApplication>
 #include <QtTest/QTest>
 
 #include <memory>
+#include <random>
 
 namespace {
 
@@ -16,7 +18,7 @@ namespace {
 class OpenTdot : public ZTTdotShape
 {
 public:
-    const QPainterPath &path() const { return getPath(); }
+    QPainterPath &path() const { return getPath(); }
 };
 
 struct Kinds
@@ -40,6 +42,60 @@ Kinds figureOf(const QPainterPath &path, int subpaths)
             ++kinds.circles;
     }
     return kinds;
+}
+
+/** The figure laid out step by step, nothing of it kept. */
+QPainterPath plainFigure(const QRectF &r)
+{
+    QPainterPath path;
+    path.addRect(r);
+    const auto addStroke = [&path](const QPointF &from, const QPointF &to) {
+        path.moveTo(from);
+        path.lineTo(to);
+    };
+    const QPointF centre = r.center();
+    addStroke(r.topLeft(), r.bottomRight());
+    addStroke(r.topRight(), r.bottomLeft());
+    addStroke({r.left(), centre.y()}, {r.right(), centre.y()});
+    addStroke({centre.x(), r.top()}, {centre.x(), r.bottom()});
+    const QVector<QRectF> squares = {{0, 0, 20, 20},   {0, 80, 20, 20},  {80, 0, 20, 20},
+                                     {80, 80, 20, 20}, {40, 40, 20, 20}, {10, 10, 20, 20},
+                                     {10, 70, 20, 20}, {70, 10, 20, 20}, {70, 70, 20, 20},
+                                     {40, 40, 20, 20}, {20, 20, 60, 60}};
+    for (int i = 0; i < squares.size(); ++i) {
+        path.addRect(squares[i]);
+        const QPointF middle = squares[i].center();
+        QTransform shrink;
+        shrink.translate(middle.x(), middle.y());
+        shrink.scale(0.8, 0.8);
+        shrink.translate(-middle.x(), -middle.y());
+        if (i >= 4)
+            path.addEllipse(shrink.mapRect(squares[i]));
+    }
+    QFont font;
+    font.setPointSize(5);
+    const auto addWord = [&](const QString &word, const QPointF &anchor) {
+        const QRectF box = QFontMetrics(font).boundingRect(word);
+        path.addText(anchor - box.center(), font, word);
+    };
+    addWord(QStringLiteral("up"), {centre.x(), r.top() + 10});
+    addWord(QStringLiteral("down"), {centre.x(), r.bottom() - 10});
+    addWord(QStringLiteral("left"), {r.left() + 10, centre.y()});
+    addWord(QStringLiteral("right"), {r.right() - 10, centre.y()});
+    return path;
+}
+
+/** Every number with all its bits, the sign of a zero too. */
+QByteArray bitsOf(const QPainterPath &path)
+{
+    QByteArray bits;
+    for (int i = 0; i < path.elementCount(); ++i) {
+        const QPainterPath::Element &element = path.elementAt(i);
+        bits += QByteArray::number(element.type);
+        bits += QByteArray(reinterpret_cast<const char *>(&element.x), sizeof element.x);
+        bits += QByteArray(reinterpret_cast<const char *>(&element.y), sizeof element.y);
+    }
+    return bits;
 }
 
 } // namespace
@@ -131,6 +187,55 @@ private Q_SLOTS:
         QCOMPARE(polygons[5].boundingRect(), QRectF(0, 0, 20, 20));
         for (const QPolygonF &letter : polygons.mid(23))
             QVERIFY(letter.boundingRect().left() > 199);
+    }
+
+    /** Figures over the usual rectangle share their path: whatever was painted in between. */
+    void paint_anyRect_isThePlainFigureToTheBit()
+    {
+        std::mt19937 dice(11);
+        std::uniform_real_distribution<double> some(-200.0, 200.0);
+        QVector<QRectF> rects = {
+            {0, 0, 100, 100},     {-0.0, 0, 100, 100}, {0, 0, 100 + 1e-13, 100},
+            {1e-14, 0, 100, 100}, {0, 0, 0, 0},        {0, 0, 100, 100}};
+        for (int i = 0; i < 1000; ++i) {
+            rects << QRectF(some(dice), some(dice), some(dice), some(dice));
+            if (i % 4 == 0)
+                rects << QRectF(0, 0, 100, 100);
+        }
+        for (const QRectF &r : qAsConst(rects)) {
+            OpenTdot shape;
+            shape.setRect(QRectF(7, 7, 7, 7)); // or a nearly equal one is not taken
+            shape.setRect(r);
+            shape.paint();
+            QCOMPARE(bitsOf(shape.path()), bitsOf(plainFigure(r)));
+        }
+    }
+
+    void paint_ownPathWrittenTo_othersKeepTheirs()
+    {
+        OpenTdot first;
+        first.paint();
+        first.path().lineTo(1e3, 1e3);
+        OpenTdot second;
+        second.paint();
+        QCOMPARE(bitsOf(second.path()), bitsOf(plainFigure({0, 0, 100, 100})));
+    }
+
+    void paint_programsFontChanged_lettersFollow()
+    {
+        const QFont before = QGuiApplication::font();
+        OpenTdot shape;
+        shape.paint();
+        QFont bold = before;
+        bold.setBold(true);
+        QGuiApplication::setFont(bold);
+        OpenTdot other;
+        other.paint();
+        const QByteArray ours = bitsOf(other.path());
+        const QByteArray plain = bitsOf(plainFigure({0, 0, 100, 100}));
+        QGuiApplication::setFont(before);
+        QCOMPARE(ours, plain);
+        QVERIFY(ours != bitsOf(shape.path()));
     }
 
     void paint_linesHoldTheWholeFigure()

@@ -1,6 +1,7 @@
 #include <ZTDrawEngineLib/shapes/hatch/LateHatch_p.h>
 
 #include <ZTDrawEngineLib/shapes/hatch/HatchFill_p.h>
+#include <ZTDrawEngineLib/shapes/hatch/HatchLimits_p.h>
 
 #include <QtCore/QRectF>
 #include <QtCore/QtGlobal>
@@ -13,8 +14,11 @@ namespace zthatch {
 
 namespace {
 
-/** Limit: scan lines times edges, far below what a hatch is refused for. */
-constexpr double kMostMeetingsLater = 1000000.0;
+/**
+ * Limit: scan lines times edges, below what a hatch is refused for. An edge meets a scan line once
+ * at most, two meetings make a line, and a line has one joint.
+ */
+constexpr double kMostMeetingsLater = 10000000.0;
 
 /** More than scan lines reach beyond an outline. */
 constexpr double kMarginPx = 40.0;
@@ -38,7 +42,8 @@ bool isSurelyGranted(const HatchOrder &order)
         return false;
     const double mostScanLines =
         (2.0 * (rectPx.width() + rectPx.height()) + kMarginPx) / order.spac;
-    return mostScanLines * order.outline.elementCount() <= kMostMeetingsLater;
+    return mostScanLines <= kMostScanLines &&
+           mostScanLines * order.outline.elementCount() <= kMostMeetingsLater;
 }
 
 QVector<QLineF> laidOut(const HatchOrder &order)

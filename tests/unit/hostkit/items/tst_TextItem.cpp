@@ -38,6 +38,20 @@ private Q_SLOTS:
         warnings.reset();
     }
 
+    void constructor_hasTheOutlineThatPaintingOnceMoreGives()
+    {
+        hostkit::TextItem item;
+        ZTShapeBase *shape = item.getShapeBase();
+        QVERIFY(!shape->isUpdate());
+        const QPainterPath lines = shape->getLines();
+        const QRectF rectPx = shape->controlPointRect();
+        QVERIFY(!lines.isEmpty());
+        shape->setUpdate(1);
+        shape->paint();
+        QCOMPARE(shape->getLines(), lines);
+        QCOMPARE(shape->controlPointRect(), rectPx);
+    }
+
     void textsOfOneFont_eachHaveTheirOwnHeight()
     {
         ZTGraphicsTextItem *small = addText(5.0);
