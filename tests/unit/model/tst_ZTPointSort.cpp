@@ -460,6 +460,49 @@ private Q_SLOTS:
         QCOMPARE(sortedPens(Kind::ShapeSortNearest, graph), Pens({1, 2, 3}));
     }
 
+    void markGraphSort_sweepThroughACrowd_takesNeighboursAndTheEarlierOfTwo_data()
+    {
+        QTest::addColumn<int>("kind");
+        QTest::newRow("across") << static_cast<int>(Kind::ShapeSortXFromMin);
+        QTest::newRow("down") << static_cast<int>(Kind::ShapeSortYFromMin);
+    }
+    // From afar all cost the same, so that the first one is taken; among them each step costs what
+    // it is long. They stand at 100, 101, 99, 102, 98 and so on, in steps that leave no rounding.
+    void markGraphSort_sweepThroughACrowd_takesNeighboursAndTheEarlierOfTwo()
+    {
+        QFETCH(int, kind);
+        const auto placeOf = [](int step) { return std::ldexp(step, -60); };
+        QVector<QPointF> points{{placeOf(100), placeOf(100)}};
+        Pens upward{10};
+        Pens downward;
+        for (int i = 1; i <= 100; ++i) {
+            upward << 10 + points.size();
+            points << QPointF(placeOf(100 + i), placeOf(100 + i));
+            downward << 10 + points.size();
+            points << QPointF(placeOf(100 - i), placeOf(100 - i));
+        }
+        QCOMPARE(sortedPens(static_cast<Kind>(kind), graphAt(points)), upward + downward);
+    }
+
+    void markGraphSort_sweep_goesOnFromWhereAnObjectIsLeft()
+    {
+        const ZTMarkGraph graph =
+            graphOf({objectFromTo(1, {0, 0}, {50, 0}), objectAt(2, {10, 0}), objectAt(3, {45, 0}),
+                     objectFromTo(4, {60, 0}, {12, 0}), objectAt(5, {100, 0})});
+        QCOMPARE(sortedPens(Kind::ShapeSortXFromMin, graph), Pens({1, 3, 4, 2, 5}));
+    }
+
+    void markGraphSort_nearest_ofAColumn()
+    {
+        QVector<QPointF> points;
+        Pens fromTheTop;
+        for (int i = 0; i < 50; ++i) {
+            points << QPointF(29000, 10 * i);
+            fromTheTop.prepend(10 + i);
+        }
+        QCOMPARE(sortedPens(Kind::ShapeSortNearest, graphAt(points)), fromTheTop);
+    }
+
     void markGraphSort_sortedGraphOnceMore_staysEqual()
     {
         ZTPointSort::getInstance()->setShapeMarkSort(Kind::ShapeSortYFromMax);
