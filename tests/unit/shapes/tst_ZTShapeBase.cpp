@@ -34,20 +34,6 @@ QPainterPath randomStraightPath(std::mt19937 &random)
     return path;
 }
 
-/** To the last bit, which the comparison of paths does not ask for. */
-bool hasTheSameElements(const QPainterPath &a, const QPainterPath &b)
-{
-    if (a.elementCount() != b.elementCount())
-        return false;
-    for (int i = 0; i < a.elementCount(); ++i) {
-        const QPainterPath::Element &left = a.elementAt(i);
-        const QPainterPath::Element &right = b.elementAt(i);
-        if (left.type != right.type || left.x != right.x || left.y != right.y)
-            return false;
-    }
-    return true;
-}
-
 /** A shape of given subpaths that counts what the base calls. */
 class ProbeShape : public ZTShapeBase
 {
@@ -382,7 +368,7 @@ private Q_SLOTS:
             QPainterPath expected;
             for (const QPolygonF &polygon : polygons)
                 expected.addPolygon(polygon);
-            QVERIFY(hasTheSameElements(shape.getLines(), expected));
+            QVERIFY(testsupport::same(polygonsOf(shape.getLines()), polygonsOf(expected)));
         }
     }
 
