@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace zthatch {
 
@@ -35,6 +36,10 @@ const std::vector<HatchPairing::Pair> &HatchPairing::pair(const Crossing *crossi
                                                           int crossingCount, bool ascending)
 {
     m_count = static_cast<std::size_t>(crossingCount);
+    if (isLastOrderKept(crossings)) {
+        pairInLastOrder(crossings, ascending);
+        return m_pairs;
+    }
     order(crossings, ascending);
     m_pairs.clear();
     if (hasDoubt(crossings)) {
@@ -44,6 +49,35 @@ const std::vector<HatchPairing::Pair> &HatchPairing::pair(const Crossing *crossi
     for (std::size_t i = 0; i + 1 < m_count; i += 2)
         m_pairs.push_back({m_keys[i].number, m_keys[i + 1].number});
     return m_pairs;
+}
+
+// Where an outline goes on with its next edge, the crossings keep their numbers. That nothing
+// but the order is as it was does not have to be known: x grows along it, and beyond doubt.
+bool HatchPairing::isLastOrderKept(const Crossing *crossings) const
+{
+    if (m_lastOrder.size() != m_count)
+        return false;
+    double last = -std::numeric_limits<double>::infinity();
+    for (const Ranked &ranked : m_lastOrder) {
+        const double x = crossings[ranked.number].point.x();
+        if (!(x - last > kSamePointTolerance))
+            return false;
+        last = x;
+    }
+    return true;
+}
+
+void HatchPairing::pairInLastOrder(const Crossing *crossings, bool ascending)
+{
+    for (Ranked &ranked : m_lastOrder)
+        ranked.edge = crossings[ranked.number].edge;
+    m_pairs.resize(m_count / 2);
+    auto next = m_lastOrder.data() + (ascending ? 0 : m_count - 1);
+    const int step = ascending ? 1 : -1;
+    for (Pair &pair : m_pairs) {
+        pair = {next[0].number, next[step].number};
+        next += 2 * step;
+    }
 }
 
 // From one scan line to the next the order of the edges hardly changes, so the last order is where
@@ -65,7 +99,8 @@ void HatchPairing::order(const Crossing *crossings, bool ascending)
     sortKeys();
     m_lastOrder.resize(m_count);
     for (std::size_t i = 0; i < m_count; ++i)
-        m_lastOrder[ascending ? i : m_count - 1 - i] = crossings[m_keys[i].number].edge;
+        m_lastOrder[ascending ? i : m_count - 1 - i] = {m_keys[i].number,
+                                                       crossings[m_keys[i].number].edge};
 }
 
 void HatchPairing::startFromLastOrder(const Crossing *crossings, bool ascending)
@@ -82,10 +117,11 @@ void HatchPairing::startFromLastOrder(const Crossing *crossings, bool ascending)
         end += numbers[edge] > 0;
         numbers[edge] = 0;
     };
+    const auto takeUpRanked = [&](const Ranked &ranked) { takeUp(ranked.edge); };
     if (ascending)
-        std::for_each(m_lastOrder.begin(), m_lastOrder.end(), takeUp);
+        std::for_each(m_lastOrder.begin(), m_lastOrder.end(), takeUpRanked);
     else
-        std::for_each(m_lastOrder.rbegin(), m_lastOrder.rend(), takeUp);
+        std::for_each(m_lastOrder.rbegin(), m_lastOrder.rend(), takeUpRanked);
     for (std::size_t i = 0; i < m_count && end < m_keys.data() + m_count; ++i)
         takeUp(crossings[i].edge);
 }

@@ -36,11 +36,20 @@ private:
         int number;
     };
 
+    /** A crossing of the last scan line, for the next one to begin with. */
+    struct Ranked
+    {
+        int number;
+        int edge;
+    };
+
     struct IsBefore
     {
         bool operator()(const Key &a, const Key &b) const;
     };
 
+    bool isLastOrderKept(const Crossing *crossings) const;
+    void pairInLastOrder(const Crossing *crossings, bool ascending);
     void order(const Crossing *crossings, bool ascending);
     void startFromLastOrder(const Crossing *crossings, bool ascending);
     void sortKeys();
@@ -56,7 +65,7 @@ private:
     std::vector<Pair> m_pairs;
     std::vector<char> m_isUsed;         ///< by place in the order of x
     std::vector<std::size_t> m_placeOf; ///< by number: its place in the order of x
-    std::vector<int> m_lastOrder;       ///< edges of the last scan line, by growing x
+    std::vector<Ranked> m_lastOrder;    ///< crossings of the last scan line, by growing x
     std::vector<int> m_numbersOfEdges;  ///< by edge: number of its crossing + 1 while ordering, or
                                         ///< 0; empty until there are many crossings
 };

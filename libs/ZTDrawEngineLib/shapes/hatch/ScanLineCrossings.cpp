@@ -121,7 +121,8 @@ void ScanLineCrossings::visit(const Visitor &visitor)
         fillBlock(begin, end);
         for (int line = 0; line < end - begin; ++line) {
             const auto at = static_cast<std::size_t>(line);
-            if (!visitor(m_crossings.data() + m_starts[at], m_counts[at]))
+            const Crossing *const crossings = m_crossings.data() + m_starts[at];
+            if (!visitor(crossings, static_cast<int>(m_ends[at] - crossings)))
                 return;
         }
         begin = end;
@@ -143,32 +144,45 @@ void ScanLineCrossings::fillBlock(int begin, int end)
 {
     const auto lineCount = static_cast<std::size_t>(end - begin);
     m_starts.resize(lineCount);
-    m_counts.assign(lineCount, 0);
+    m_ends.resize(lineCount);
     m_scanLines.resize(lineCount);
     std::size_t total = 0;
     for (std::size_t line = 0; line < lineCount; ++line) {
         const int number = begin + static_cast<int>(line);
         m_starts[line] = total;
         total += static_cast<std::size_t>(m_candidates[static_cast<std::size_t>(number)]);
-        m_scanLines[line] = m_layout.scanLine(number);
+        m_scanLines[line] = ScanLine(m_layout.scanLine(number));
     }
     if (m_crossings.size() < total)
         m_crossings.resize(total);
+    for (std::size_t line = 0; line < lineCount; ++line)
+        m_ends[line] = m_crossings.data() + m_starts[line];
 
     // Edge by edge, so that each scan line gets its crossings in the order of the edges.
     for (int e = 0; e < m_outline.edgeCount(); ++e) {
         const Run &run = m_runs[static_cast<std::size_t>(e)];
+        const int first = std::max(run.first, begin);
         const int last = std::min(run.end, end);
-        for (int number = std::max(run.first, begin); number < last; ++number) {
-            const auto line = static_cast<std::size_t>(number - begin);
-            QPointF point;
-            if (m_scanLines[line].intersects(m_outline.edge(e), &point) !=
-                QLineF::BoundedIntersection)
-                continue;
-            m_crossings[m_starts[line] + static_cast<std::size_t>(m_counts[line]++)] = {point, e};
+        if (first < last && fillEdge(e, first - begin, last - begin))
             m_isHit[static_cast<std::size_t>(e)] = 1;
-        }
     }
+}
+
+/** Adds the crossings of an edge with some scan lines of the block; whether there is one. */
+bool ScanLineCrossings::fillEdge(int number, int first, int last)
+{
+    const QLineF edge = m_outline.edge(number);
+    const ScanLine *const scanLines = m_scanLines.data();
+    Crossing **const ends = m_ends.data();
+    bool isHit = false;
+    for (int line = first; line < last; ++line) {
+        QPointF point;
+        if (!crosses(scanLines[line], edge, &point))
+            continue;
+        *ends[line]++ = {point, number};
+        isHit = true;
+    }
+    return isHit;
 }
 
 } // namespace zthatch

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ZTDrawEngineLib/shapes/hatch/EdgeCrossing_p.h>
 #include <ZTDrawEngineLib/shapes/hatch/HatchOutline_p.h>
 #include <ZTDrawEngineLib/shapes/hatch/ScanLineLayout_p.h>
 
@@ -71,6 +72,7 @@ private:
     int firstAtOrAbove(double level) const;
     int blockEnd(int begin) const;
     void fillBlock(int begin, int end);
+    bool fillEdge(int number, int first, int last);
 
     const HatchOutline &m_outline;
     const ScanLineLayout &m_layout;
@@ -85,8 +87,8 @@ private:
     std::int64_t m_expectedCount = 0;
     std::vector<Crossing> m_crossings; ///< of the block of scan lines at hand
     std::vector<std::size_t> m_starts; ///< by scan line of the block: its first crossing
-    std::vector<int> m_counts;         ///< by scan line of the block: its crossings
-    std::vector<QLineF> m_scanLines;   ///< by scan line of the block
+    std::vector<Crossing *> m_ends;    ///< by scan line of the block: after its last crossing
+    std::vector<ScanLine> m_scanLines;  ///< by scan line of the block
     std::vector<char> m_isHit;
 };
 
