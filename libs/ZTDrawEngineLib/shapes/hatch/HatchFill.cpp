@@ -83,22 +83,22 @@ QVector<QLineF> zigzags(const HatchOutline &outline, ScanLineCrossings *crossing
 
 } // namespace
 
-QVector<QLineF> hatchLines(const QList<QPolygonF> &polygons, FillType type, double spac,
+QVector<QLineF> hatchLines(const QPainterPath &outlinePx, FillType type, double spacPx,
                            double angleDeg)
 {
-    const HatchOutline outline(polygons);
+    const HatchOutline outline(outlinePx);
     if (outline.edgeCount() == 0)
         return {};
-    const ScanLineLayout layout(outline.bounds(), spac, normalisedAngle(angleDeg));
+    const ScanLineLayout layout(outline.bounds(), spacPx, normalisedAngle(angleDeg));
     if (layout.state() != ScanLineLayout::State::Complete) {
-        warnOfLayout(layout.state(), spac);
+        warnOfLayout(layout.state(), spacPx);
         return {};
     }
     ScanLineCrossings crossings(outline, layout);
     if (type == FillType::Line)
-        return finished(separateLines(&crossings, outline.edgeCount()), spac);
+        return finished(separateLines(&crossings, outline.edgeCount()), spacPx);
     if (type == FillType::ULine)
-        return finished(zigzags(outline, &crossings), spac);
+        return finished(zigzags(outline, &crossings), spacPx);
     return {};
 }
 

@@ -3,14 +3,13 @@
 #include <ZTDrawEngineLib/common/ZTEnumerations.h>
 
 #include <QtCore/QLineF>
-#include <QtCore/QList>
 #include <QtCore/QVector>
-#include <QtGui/QPolygonF>
+#include <QtGui/QPainterPath>
 
 namespace zthatch {
 
 /** Hatch of an outline, as `ZTShapeBase::fillULine` tells. */
-QVector<QLineF> hatchLines(const QList<QPolygonF> &polygons, FillType type, double spac,
+QVector<QLineF> hatchLines(const QPainterPath &outlinePx, FillType type, double spacPx,
                            double angleDeg);
 
 } // namespace zthatch

@@ -1,25 +1,82 @@
 #include <ZTDrawEngineLib/shapes/hatch/HatchOutline_p.h>
 
+#include <QtCore/QList>
+#include <QtGui/QPolygonF>
+#include <QtGui/QTransform>
+
 namespace zthatch {
 
-HatchOutline::HatchOutline(const QList<QPolygonF> &polygons)
+namespace {
+
+/** Rectangle around some points, at least one, as `QPolygonF::boundingRect` gives it. */
+QRectF boxAround(const QPointF *points, std::size_t count)
 {
-    std::size_t pointCount = 0;
-    for (const QPolygonF &polygon : polygons)
-        pointCount += static_cast<std::size_t>(polygon.size());
+    double left = points->x();
+    double right = left;
+    double top = points->y();
+    double bottom = top;
+    for (const QPointF *at = points + 1; at < points + count; ++at) {
+        // What is not a number is no bound, unless it is the first point.
+        if (at->x() < left)
+            left = at->x();
+        else if (at->x() > right)
+            right = at->x();
+        if (at->y() < top)
+            top = at->y();
+        else if (at->y() > bottom)
+            bottom = at->y();
+    }
+    return {left, top, right - left, bottom - top};
+}
+
+} // namespace
+
+HatchOutline::HatchOutline(const QPainterPath &outlinePx)
+{
+    const auto pointCount = static_cast<std::size_t>(outlinePx.elementCount());
     m_edges.reserve(pointCount);
     m_owners.reserve(pointCount);
-    m_firstEdges.reserve(static_cast<std::size_t>(polygons.size()) + 1);
-    for (int p = 0; p < polygons.size(); ++p) {
-        const QPolygonF &polygon = polygons[p];
-        const int last = polygon.size() - 2;
-        for (int i = 0; i <= last; ++i) {
-            m_edges.emplace_back(polygon[i], i == last ? polygon[0] : polygon[i + 1]);
-            m_owners.push_back(p);
+    if (takeStraight(outlinePx))
+        return;
+    m_edges.clear();
+    m_owners.clear();
+    m_firstEdges = {0};
+    m_box = {};
+    for (const QPolygonF &polygon : outlinePx.toSubpathPolygons(QTransform()))
+        take(polygon.constData(), static_cast<std::size_t>(polygon.size()));
+}
+
+/** Takes the subpaths as they stand, without a list of polygons; false where there is a curve. */
+bool HatchOutline::takeStraight(const QPainterPath &outlinePx)
+{
+    const int count = outlinePx.elementCount();
+    std::vector<QPointF> points;
+    points.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        const QPainterPath::Element &element = outlinePx.elementAt(i);
+        if (element.type == QPainterPath::MoveToElement) {
+            take(points.data(), points.size());
+            points.clear();
+        } else if (element.type != QPainterPath::LineToElement) {
+            return false;
         }
-        m_firstEdges.push_back(edgeCount());
-        m_box = m_box.united(polygon.boundingRect());
+        points.emplace_back(element.x, element.y);
     }
+    take(points.data(), points.size());
+    return true;
+}
+
+/** A polygon; a single point is none. */
+void HatchOutline::take(const QPointF *points, std::size_t count)
+{
+    if (count < 2)
+        return;
+    m_owners.insert(m_owners.end(), count - 1, polygonCount());
+    for (std::size_t i = 0; i + 2 < count; ++i)
+        m_edges.emplace_back(points[i], points[i + 1]);
+    m_edges.emplace_back(points[count - 2], points[0]);
+    m_firstEdges.push_back(edgeCount());
+    m_box = m_box.united(boxAround(points, count));
 }
 
 } // namespace zthatch

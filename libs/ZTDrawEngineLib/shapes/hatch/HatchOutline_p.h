@@ -1,10 +1,11 @@
 #pragma once
 
 #include <QtCore/QLineF>
-#include <QtCore/QList>
+#include <QtCore/QPointF>
 #include <QtCore/QRectF>
-#include <QtGui/QPolygonF>
+#include <QtGui/QPainterPath>
 
+#include <cstddef>
 #include <vector>
 
 namespace zthatch {
@@ -18,7 +19,8 @@ namespace zthatch {
 class HatchOutline
 {
 public:
-    explicit HatchOutline(const QList<QPolygonF> &polygons);
+    /** The polygons are those of `QPainterPath::toSubpathPolygons`. */
+    explicit HatchOutline(const QPainterPath &outlinePx);
 
     int edgeCount() const { return static_cast<int>(m_edges.size()); }
     const QLineF &edge(int number) const { return m_edges[static_cast<std::size_t>(number)]; }
@@ -32,6 +34,9 @@ public:
     const QRectF &bounds() const { return m_box; }
 
 private:
+    bool takeStraight(const QPainterPath &outlinePx);
+    void take(const QPointF *points, std::size_t count);
+
     std::vector<QLineF> m_edges;
     std::vector<int> m_owners;
     std::vector<int> m_firstEdges{0};

@@ -5,7 +5,6 @@
 
 #include <QtCore/QRectF>
 #include <QtCore/QtGlobal>
-#include <QtGui/QTransform>
 
 #include <cmath>
 #include <mutex>
@@ -48,8 +47,7 @@ bool isSurelyGranted(const HatchOrder &order)
 
 QVector<QLineF> laidOut(const HatchOrder &order)
 {
-    return hatchLines(order.outline.toSubpathPolygons(QTransform()), order.type, order.spac,
-                      order.angleDeg);
+    return hatchLines(order.outline, order.type, order.spac, order.angleDeg);
 }
 
 } // namespace
