@@ -50,19 +50,22 @@ HatchOutline::HatchOutline(const QPainterPath &outlinePx)
 bool HatchOutline::takeStraight(const QPainterPath &outlinePx)
 {
     const int count = outlinePx.elementCount();
-    std::vector<QPointF> points;
-    points.reserve(static_cast<std::size_t>(count));
+    std::vector<QPointF> points(static_cast<std::size_t>(count));
+    std::size_t found = 0;
     for (int i = 0; i < count; ++i) {
         const QPainterPath::Element &element = outlinePx.elementAt(i);
         if (element.type == QPainterPath::MoveToElement) {
-            take(points.data(), points.size());
-            points.clear();
+            take(points.data(), found);
+            found = 0;
         } else if (element.type != QPainterPath::LineToElement) {
             return false;
         }
-        points.emplace_back(element.x, element.y);
+        // One number at a time: a point made of two would be written, waited for and read again.
+        points[found].setX(element.x);
+        points[found].setY(element.y);
+        ++found;
     }
-    take(points.data(), points.size());
+    take(points.data(), found);
     return true;
 }
 

@@ -41,7 +41,7 @@ ScanLineCrossings::ScanLineCrossings(const HatchOutline &outline_, const ScanLin
     if (levels.size() > 1)
         m_linesPerPx = (m_layout.count() - 1) / (levels.back() - levels.front());
     m_isHit.resize(edgeCount);
-    m_runs.reserve(edgeCount);
+    m_runs.resize(edgeCount);
     m_candidates.resize(static_cast<std::size_t>(m_layout.count()) + 1);
     Place to = placeOf(QPointF());
     for (int e = 0; e < m_outline.edgeCount(); ++e) {
@@ -50,7 +50,9 @@ ScanLineCrossings::ScanLineCrossings(const HatchOutline &outline_, const ScanLin
         const Place from = to.isAt(edge.p1()) ? to : placeOf(edge.p1());
         to = placeOf(edge.p2());
         const Run run = runOf(edge, from, to);
-        m_runs.push_back(run);
+        // One number at a time: a run made of two would be written, waited for and read again.
+        m_runs[static_cast<std::size_t>(e)].first = run.first;
+        m_runs[static_cast<std::size_t>(e)].end = run.end;
         if (run.first == run.end)
             continue;
         ++m_candidates[static_cast<std::size_t>(run.first)];
