@@ -57,26 +57,28 @@ QVector<QLineF> separateLines(ScanLineCrossings *crossings, int edgeCount)
     return lines;
 }
 
-std::vector<HatchRow> rowsOf(ScanLineCrossings *crossings, int edgeCount)
+HatchRows rowsOf(ScanLineCrossings *crossings, int edgeCount)
 {
-    std::vector<HatchRow> rows;
-    rows.reserve(static_cast<std::size_t>(firstRoom(*crossings)));
+    HatchRows found;
+    found.rows.reserve(static_cast<std::size_t>(firstRoom(*crossings)));
+    found.edges.reserve(found.rows.capacity());
     HatchPairing pairing(edgeCount);
     crossings->visit([&](const Crossing *hits, int count) {
         for (const HatchPairing::Pair &pair : pairing.pair(hits, count, true)) {
             const Crossing &first = hits[pair.first];
             const Crossing &second = hits[pair.second];
-            rows.push_back({first.point, second.point, first.edge, second.edge});
+            found.rows.push_back({first.point, second.point});
+            found.edges.push_back({first.edge, second.edge});
         }
-        return rows.size() <= kMostHatchLines;
+        return found.rows.size() <= kMostHatchLines;
     });
-    return rows;
+    return found;
 }
 
 QVector<QLineF> zigzags(const HatchOutline &outline, ScanLineCrossings *crossings)
 {
     QVector<QLineF> lines;
-    const std::vector<HatchRow> rows = rowsOf(crossings, outline.edgeCount());
+    const HatchRows rows = rowsOf(crossings, outline.edgeCount());
     ZigzagLinker(outline, crossings->hitEdges(), rows).link(kMostHatchLines, &lines);
     return lines;
 }

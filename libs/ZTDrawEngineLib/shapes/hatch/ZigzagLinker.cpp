@@ -22,9 +22,9 @@ constexpr int kCrowdTrials = 64;
 } // namespace
 
 ZigzagLinker::ZigzagLinker(const HatchOutline &outline_, const std::vector<char> &hitEdges,
-                           const std::vector<HatchRow> &rows_)
-    : m_outline(outline_), m_rows(rows_), m_isUsed(rows_.size()), m_walks(outline_, hitEdges),
-      m_meetings(outline_, hitEdges), m_trialsLeft(kNearestTrials)
+                           const HatchRows &rows_)
+    : m_outline(outline_), m_rows(rows_.rows), m_edges(rows_.edges), m_isUsed(m_rows.size()),
+      m_walks(outline_, hitEdges), m_meetings(outline_, hitEdges), m_trialsLeft(kNearestTrials)
 {
 }
 
@@ -55,7 +55,7 @@ void ZigzagLinker::link(int limit_, QVector<QLineF> *lines_)
     if (ahead >= m_rows.size())
         return;
     __builtin_prefetch(&m_rows[ahead].first);
-    __builtin_prefetch(&m_rows[ahead].secondEdge);
+    __builtin_prefetch(&m_edges[ahead]);
     __builtin_prefetch(&m_isUsed[ahead]);
     for (const std::unique_ptr<RowLists> &lists : m_lazyEdgeLists) {
         if (lists)
@@ -88,8 +88,8 @@ const QPointF &ZigzagLinker::reachedPoint(int row) const
 
 int ZigzagLinker::reachedEdge(int row) const
 {
-    const HatchRow &line = at(row);
-    return m_reached == AtFirst ? line.firstEdge : line.secondEdge;
+    const RowEdges &edges = m_edges[static_cast<std::size_t>(row)];
+    return m_reached == AtFirst ? edges.first : edges.second;
 }
 
 /** Whether and how the zigzag that has reached `row` goes on to `next`. */
@@ -127,7 +127,7 @@ ZigzagLinker::Joint ZigzagLinker::walkJoint(int row, int next)
 Side ZigzagLinker::walkSide(int row) const
 {
     const HatchRow &line = at(row);
-    return sideOf(line.first, line.second, m_outline.edge(line.secondEdge).p1());
+    return sideOf(line.first, line.second, m_outline.edge(m_edges[static_cast<std::size_t>(row)].second).p1());
 }
 
 OutlineWalks::Direction ZigzagLinker::walkDirection(Side side) const

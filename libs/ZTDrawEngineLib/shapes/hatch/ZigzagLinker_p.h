@@ -13,13 +13,25 @@
 
 namespace zthatch {
 
-/** Hatch segment waiting to be linked, and the edges of the outline that its ends lie on. */
+/** Hatch segment waiting to be linked. */
 struct HatchRow
 {
     QPointF first;
     QPointF second;
-    int firstEdge;
-    int secondEdge;
+};
+
+/** Edges of the outline that the ends of a segment lie on. */
+struct RowEdges
+{
+    int first;
+    int second;
+};
+
+/** Segments in the order of the scan lines; what they end on beside them, for it is asked alone. */
+struct HatchRows
+{
+    std::vector<HatchRow> rows;
+    std::vector<RowEdges> edges; ///< by row
 };
 
 /**
@@ -33,7 +45,7 @@ class ZigzagLinker
 {
 public:
     ZigzagLinker(const HatchOutline &outline, const std::vector<char> &hitEdges,
-                 const std::vector<HatchRow> &rows);
+                 const HatchRows &rows);
 
     /** Appends all zigzags; stops soon after `limit` lines are there. */
     void link(int limit, QVector<QLineF> *lines);
@@ -85,6 +97,7 @@ private:
 
     const HatchOutline &m_outline;
     const std::vector<HatchRow> &m_rows;
+    const std::vector<RowEdges> &m_edges; ///< by row
     std::vector<char> m_isUsed; ///< by row: linked already
     OutlineWalks m_walks;
     EdgeMeetings m_meetings;
