@@ -4,7 +4,7 @@
 #include <ZTDrawEngineLib/model/PointTree_p.h>
 
 #include <cmath>
-#include <iterator>
+#include <type_traits>
 
 namespace {
 
@@ -13,52 +13,74 @@ constexpr double kUnreachable = 999999999999999.0;
 
 bool isFinite(const QPointF &point) { return std::isfinite(point.x()) && std::isfinite(point.y()); }
 
-/** What the chain needs to know of an object, side by side in memory. */
+/** Where an object is reached and left. */
 struct Stop
 {
-    enum Kind : quint8 {
-        Reachable, ///< its first polygon has a first point
-        Barrier,   ///< its first polygon is empty
-        Blank      ///< it has no polygons
-    };
-
-    QPointF first; ///< where it is reached
-    QPointF next;  ///< where the chain goes on from
-    Kind kind = Blank;
-    bool endsChain = true; ///< there is nowhere to go on from
-
-    /** The same number for number: almost the same is another place. */
-    bool isLeftWhereReached() const
-    {
-        return kind == Reachable && !endsChain && first.x() == next.x() && first.y() == next.y() &&
-               isFinite(first);
-    }
+    QPointF first; ///< where it is reached, if it is
+    QPointF next;  ///< where the chain goes on from, if it does
 };
 
-Stop stopAt(const ZTMarkObject &object)
+/** What kind of stop an object is. */
+enum class Kind : quint8 {
+    Spot,    ///< the chain goes on from where the object is reached
+    Passage, ///< it goes on from elsewhere, or not at all
+    Odd,     ///< reached at what is not a finite point
+    Barrier, ///< the first polygon is empty
+    Blank    ///< there are no polygons
+};
+
+/** Whether there is nowhere to go on from. */
+bool isEnd(const QList<QPolygonF> &lines) { return lines.isEmpty() || lines.constLast().isEmpty(); }
+
+Stop stopAt(const QList<QPolygonF> &lines)
 {
     Stop stop;
-    const QList<QPolygonF> &lines = object.lines;
-    if (lines.isEmpty())
-        return stop;
-    stop.kind = lines.constFirst().isEmpty() ? Stop::Barrier : Stop::Reachable;
-    if (stop.kind == Stop::Reachable)
+    if (!lines.isEmpty() && !lines.constFirst().isEmpty())
         stop.first = lines.constFirst().constFirst();
-    stop.endsChain = lines.constLast().isEmpty();
     // Kept: the laser ends at the last point of this polygon, and the chain goes on from its first;
     // orders that users know depend on it.
-    if (!stop.endsChain)
+    if (!isEnd(lines))
         stop.next = lines.constLast().constFirst();
     return stop;
 }
 
-std::vector<Stop> stopsAt(const QVector<ZTMarkObject> &objects)
+Kind kindOf(const QList<QPolygonF> &lines, const Stop &stop)
 {
-    std::vector<Stop> stops;
-    stops.reserve(static_cast<std::size_t>(objects.size()));
-    std::transform(objects.begin(), objects.end(), std::back_inserter(stops), stopAt);
-    return stops;
+    if (lines.isEmpty())
+        return Kind::Blank;
+    if (lines.constFirst().isEmpty())
+        return Kind::Barrier;
+    if (!isFinite(stop.first))
+        return Kind::Odd;
+    // The same number for number: almost the same is another place.
+    const bool isLeftWhereReached =
+        !isEnd(lines) && stop.first.x() == stop.next.x() && stop.first.y() == stop.next.y();
+    return isLeftWhereReached ? Kind::Spot : Kind::Passage;
 }
+
+struct KindOfStop
+{
+    Kind kind;
+    bool isEnd; ///< there is nowhere to go on from
+};
+
+/** All that the chain needs to know of the objects, by index; what is asked most close together. */
+struct Stops
+{
+    explicit Stops(const QVector<ZTMarkObject> &objects)
+        : all(static_cast<std::size_t>(objects.size())), kinds(all.size())
+    {
+        std::size_t index = 0;
+        for (const ZTMarkObject &object : objects) {
+            all[index] = stopAt(object.lines);
+            kinds[index] = {kindOf(object.lines, all[index]), isEnd(object.lines)};
+            ++index;
+        }
+    }
+
+    std::vector<Stop> all;
+    std::vector<KindOfStop> kinds;
+};
 
 /** What finds the next of the points, by the cost between them. */
 template <class Cost>
@@ -89,9 +111,10 @@ template <class Cost>
 class Stretch
 {
     using Points = typename PointsFor<Cost>::Type;
+    using Hit = typename Points::Hit;
 
 public:
-    Stretch(const std::vector<Stop> &all, int begin, int stretchEnd, const Cost &costBetween)
+    Stretch(const Stops &all, int begin, int stretchEnd, const Cost &costBetween)
         : m_stops(all), m_cost(costBetween), m_base(begin), m_end(stretchEnd),
           m_firstRemaining(begin), m_isTaken(static_cast<std::size_t>(stretchEnd - begin)),
           m_points(sortOut(), costBetween)
@@ -103,11 +126,13 @@ public:
     /**
      * Takes the object that costs least to reach, or the first one where none can be reached.
      *
-     * `last` is an object of the stretch that was reached at `from`, or -1.
+     * `last` is an object of the stretch that was reached at `at`, or -1. Then, `at` is where the
+     * chain goes on from.
      */
-    int take(const QPointF &from, int last)
+    int take(QPointF &at, int last)
     {
-        typename Points::Hit best{kUnreachable, -1};
+        const QPointF from = at;
+        Hit best{kUnreachable, -1};
         if (isFinite(from)) {
             if (last >= 0)
                 m_points.improveNear(last, from, best);
@@ -120,32 +145,42 @@ public:
                 improveBy(index, from, best);
         }
         const int index = best.number < 0 ? m_firstRemaining : best.number;
+        at =
+            m_stops.kinds[index].kind == Kind::Spot ? spotOf(index, best) : m_stops.all[index].next;
         remove(index);
         return index;
     }
 
 private:
+    /** Where an object is, from memory that was just looked at if there is such. */
+    QPointF spotOf(int index, const Hit &hit) const
+    {
+        if constexpr (std::is_same_v<Points, PointTree<Cost>>) {
+            if (hit.place >= 0)
+                return m_points.pointOf(hit);
+        }
+        return m_stops.all[index].first;
+    }
+
     /** Fills `odd` and gives the others to `points`. Objects without polygons go to neither. */
     std::vector<typename Points::Item> sortOut()
     {
         std::vector<typename Points::Item> items;
         items.reserve(m_isTaken.size());
         for (int index = m_base; index < m_end; ++index) {
-            if (m_stops[index].kind == Stop::Blank)
-                continue;
-            if (isFinite(m_stops[index].first))
-                items.push_back({m_stops[index].first, index});
-            else
+            if (m_stops.kinds[index].kind == Kind::Odd)
                 m_odd.push_back(index);
+            else if (m_stops.kinds[index].kind != Kind::Blank)
+                items.push_back({m_stops.all[index].first, index});
         }
         return items;
     }
 
-    void improveBy(int index, const QPointF &from, typename Points::Hit &best) const
+    void improveBy(int index, const QPointF &from, Hit &best) const
     {
-        if (m_isTaken[index - m_base] || m_stops[index].kind == Stop::Blank)
+        if (m_isTaken[index - m_base] || m_stops.kinds[index].kind == Kind::Blank)
             return;
-        const double itemCost = m_cost(from, m_stops[index].first);
+        const double itemCost = m_cost(from, m_stops.all[index].first);
         if (itemCost < best.cost || (itemCost == best.cost && index < best.number))
             best = {itemCost, index};
     }
@@ -155,15 +190,13 @@ private:
         m_isTaken[index - m_base] = true;
         while (m_firstRemaining < m_end && m_isTaken[m_firstRemaining - m_base])
             ++m_firstRemaining;
-        if (m_stops[index].kind == Stop::Blank)
-            return;
-        if (isFinite(m_stops[index].first))
-            m_points.remove(index);
-        else
+        if (m_stops.kinds[index].kind == Kind::Odd)
             m_odd.erase(std::find(m_odd.begin(), m_odd.end(), index));
+        else if (m_stops.kinds[index].kind != Kind::Blank)
+            m_points.remove(index);
     }
 
-    const std::vector<Stop> &m_stops;
+    const Stops &m_stops;
     const Cost &m_cost;
     int m_base; ///< index of the first object of the stretch
     int m_end;  ///< index behind the last one
@@ -174,38 +207,40 @@ private:
 };
 
 /** Index of the next barrier, or of the end. */
-int nextBarrier(const std::vector<Stop> &stops, int from)
+int nextBarrier(const Stops &stops, int from)
 {
-    const auto barrier = std::find_if(stops.begin() + from, stops.end(),
-                                      [](const Stop &stop) { return stop.kind == Stop::Barrier; });
-    return static_cast<int>(barrier - stops.begin());
+    const auto barrier =
+        std::find_if(stops.kinds.begin() + from, stops.kinds.end(),
+                     [](const KindOfStop &stop) { return stop.kind == Kind::Barrier; });
+    return static_cast<int>(barrier - stops.kinds.begin());
 }
 
 template <class Cost>
-std::vector<int> chainOf(const std::vector<Stop> &stops, const Cost &cost, QPointF current)
+std::vector<int> chainOf(const Stops &stops, const Cost &cost, QPointF current)
 {
     std::vector<int> order;
-    order.reserve(stops.size());
+    order.reserve(stops.all.size());
     int last = -1; // where the chain is, if it goes on from where it came to
-    const auto goTo = [&](int index) {
-        const Stop &stop = stops[index];
+    const auto take = [&](int index) {
         order.push_back(index);
-        current = stop.next;
-        last = stop.isLeftWhereReached() ? index : -1;
-        return !stop.endsChain;
+        last = stops.kinds[index].kind == Kind::Spot ? index : -1;
+        return !stops.kinds[index].isEnd;
     };
 
-    const int count = static_cast<int>(stops.size());
+    const int count = static_cast<int>(stops.all.size());
     for (int begin = 0; begin < count;) {
         const int end = nextBarrier(stops, begin);
         Stretch<Cost> stretch(stops, begin, end, cost);
         last = -1;
         while (!stretch.isEmpty()) {
-            if (!goTo(stretch.take(current, last)))
+            if (!take(stretch.take(current, last)))
                 return order;
         }
-        if (end < count && !goTo(end))
-            return order;
+        if (end < count) {
+            current = stops.all[end].next;
+            if (!take(end))
+                return order;
+        }
         begin = end + 1;
     }
     return order;
@@ -216,7 +251,7 @@ std::vector<int> chainOf(const std::vector<Stop> &stops, const Cost &cost, QPoin
 std::vector<int> greedyChain(const QVector<ZTMarkObject> &objects, const PointCost &cost,
                              const QPointF &start)
 {
-    const std::vector<Stop> stops = stopsAt(objects);
+    const Stops stops(objects);
     // A cost that is known by its type is computed in place, without a call.
     if (const auto *known = cost.target<LargerDifference>())
         return chainOf(stops, *known, start);

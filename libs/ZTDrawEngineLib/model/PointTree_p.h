@@ -1,5 +1,7 @@
 #pragma once
 
+#include <ZTDrawEngineLib/model/Halving_p.h>
+
 #include <QtCore/QPointF>
 
 #include <algorithm>
@@ -38,6 +40,7 @@ public:
     {
         double cost;
         int number;
+        int place = -1; ///< where it stands in the tree, until a point is removed
     };
 
     PointTree(std::vector<Item> items, Cost cost);
@@ -51,6 +54,9 @@ public:
      * The answer is the same for any number that was ever in the tree.
      */
     void improveNear(int number, const QPointF &from, Hit &best) const;
+
+    /** A point that was just found, sooner had than from where the caller keeps it. */
+    const QPointF &pointOf(const Hit &hit) const { return m_items[hit.place].point; }
 
     /** Takes a point out. It must be there. */
     void remove(int number);
@@ -104,7 +110,7 @@ private:
     void sortForOneAxis();
     void build(int node, int begin, int end, const Cell &cell);
     bool splitsAcross(const Cell &cell) const;
-    void split(int begin, int middle, int end, bool isAcross);
+    int split(int begin, int end, bool isAcross);
     Node boxOf(int begin, int end) const;
     Node boxOfChildren(int node) const;
     Visit visit(int node, const QPointF &from) const;
@@ -148,15 +154,18 @@ PointTree<Cost>::PointTree(std::vector<Item> points, Cost costBetween)
     build(1, 0, static_cast<int>(m_items.size()), Cell());
 }
 
-/** Whether a stands before b, and so on one side of where their middle is split. */
+/**
+ * Whether a stands before b, and so on one side of where their middle is split. All is compared
+ * at once: what one comparison says cannot be foreseen, and a wrong guess costs more than two.
+ */
 inline bool isBeforeAcross(const QPointF &a, int aNumber, const QPointF &b, int bNumber)
 {
-    return a.x() < b.x() || (a.x() == b.x() && aNumber < bNumber);
+    return (a.x() < b.x()) | ((a.x() == b.x()) & (aNumber < bNumber));
 }
 
 inline bool isBeforeDown(const QPointF &a, int aNumber, const QPointF &b, int bNumber)
 {
-    return a.y() < b.y() || (a.y() == b.y() && aNumber < bNumber);
+    return (a.y() < b.y()) | ((a.y() == b.y()) & (aNumber < bNumber));
 }
 
 /** One sort where all splits go the same way, as one axis alone counts. */
@@ -185,12 +194,12 @@ void PointTree<Cost>::build(int node, int begin, int end, const Cell &cell)
         m_nodes[node] = boxOf(begin, end);
         return;
     }
-    const int middle = begin + (end - begin) / 2;
+    int middle = begin;
     Cell before = cell;
     Cell after = cell;
     if (begin < end) {
         const bool isAcross = splitsAcross(cell);
-        split(begin, middle, end, isAcross);
+        middle = split(begin, end, isAcross);
         const QPointF &at = m_items[middle].point;
         if (isAcross)
             before.right = after.left = at.x();
@@ -211,24 +220,22 @@ bool PointTree<Cost>::splitsAcross(const Cell &cell) const
     return m_cost(corner, {opposite.x(), corner.y()}) >= m_cost(corner, {corner.x(), opposite.y()});
 }
 
-/** Brings the lower half of the items before the middle one. */
+/** Brings the lower half of the items, about, before the one that is returned. */
 template <class Cost>
-void PointTree<Cost>::split(int begin, int middle, int end, bool isAcross)
+int PointTree<Cost>::split(int begin, int end, bool isAcross)
 {
     if (m_isSorted)
-        return;
-    const auto first = m_items.begin();
-    if (isAcross) {
-        std::nth_element(first + begin, first + middle, first + end,
+        return begin + (end - begin) / 2;
+    Item *const items = m_items.data();
+    const Item *const middle =
+        isAcross ? halve(items + begin, items + end,
                          [](const Item &a, const Item &b) {
                              return isBeforeAcross(a.point, a.number, b.point, b.number);
-                         });
-    } else {
-        std::nth_element(first + begin, first + middle, first + end,
-                         [](const Item &a, const Item &b) {
-                             return isBeforeDown(a.point, a.number, b.point, b.number);
-                         });
-    }
+                         })
+                 : halve(items + begin, items + end, [](const Item &a, const Item &b) {
+                       return isBeforeDown(a.point, a.number, b.point, b.number);
+                   });
+    return static_cast<int>(middle - items);
 }
 
 template <class Cost>
@@ -328,7 +335,7 @@ void PointTree<Cost>::improveInLeaf(const Leaf &leaf, const QPointF &from, Hit &
     for (int i = leaf.begin; i < leaf.begin + leaf.count; ++i) {
         const double itemCost = m_cost(from, m_items[i].point);
         if (itemCost < best.cost || (itemCost == best.cost && m_items[i].number < best.number))
-            best = {itemCost, m_items[i].number};
+            best = {itemCost, m_items[i].number, i};
     }
 }
 

@@ -47,6 +47,27 @@ double someSpacing(RandomOutlines *random, double extent)
     return share * extent;
 }
 
+void addSubpath(RandomOutlines *random, QPainterPath *outline)
+{
+    const QPointF at(random->between(-40.0, 40.0), random->between(-40.0, 40.0));
+    switch (random->between(0, 3)) {
+    case 0:
+        outline->addRect(QRectF(at, QSizeF(random->between(1.0, 30.0), 20.0)));
+        break;
+    case 1:
+        outline->addEllipse(at, random->between(1.0, 30.0), 12.0);
+        break;
+    case 2: // an open curve between straight lines
+        outline->moveTo(at);
+        outline->lineTo(at + QPointF(15, 4));
+        outline->quadTo(at + QPointF(30, random->between(-30.0, 30.0)), at + QPointF(3, 25));
+        outline->lineTo(at + QPointF(-8, 11));
+        break;
+    default:
+        outline->moveTo(at); // nothing goes on from there
+    }
+}
+
 } // namespace
 
 class tst_HatchOracle : public QObject
@@ -108,6 +129,23 @@ private Q_SLOTS:
     }
 
     /** So many edges and scan lines that they are taken in several parts. */
+    void curvesAndLonePoints_hatchAsThePlainWay()
+    {
+        for (int seed = 0; seed < 300; ++seed) {
+            RandomOutlines random(static_cast<quint32>(seed));
+            QPainterPath outline;
+            for (int i = random.between(1, 6); i > 0; --i)
+                addSubpath(&random, &outline);
+            const double spac = random.between(0.5, 4.0);
+            const double angle = someAngle(&random);
+            for (const FillType type : {FillType::Line, FillType::ULine}) {
+                QVERIFY2(isSameToTheBit(testsupport::plainHatch(outline, type, spac, angle),
+                                        hatch(outline, type, spac, angle)),
+                         qPrintable(QStringLiteral("seed %1").arg(seed)));
+            }
+        }
+    }
+
     void largeOutlines_hatchAsThePlainWay()
     {
         for (int seed = 0; seed < 12; ++seed) {

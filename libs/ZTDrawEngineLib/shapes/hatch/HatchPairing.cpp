@@ -100,7 +100,7 @@ void HatchPairing::order(const Crossing *crossings, bool ascending)
     m_lastOrder.resize(m_count);
     for (std::size_t i = 0; i < m_count; ++i)
         m_lastOrder[ascending ? i : m_count - 1 - i] = {m_keys[i].number,
-                                                       crossings[m_keys[i].number].edge};
+                                                        crossings[m_keys[i].number].edge};
 }
 
 void HatchPairing::startFromLastOrder(const Crossing *crossings, bool ascending)

@@ -88,7 +88,7 @@ private:
     std::vector<Crossing> m_crossings; ///< of the block of scan lines at hand
     std::vector<std::size_t> m_starts; ///< by scan line of the block: its first crossing
     std::vector<Crossing *> m_ends;    ///< by scan line of the block: after its last crossing
-    std::vector<ScanLine> m_scanLines;  ///< by scan line of the block
+    std::vector<ScanLine> m_scanLines; ///< by scan line of the block
     std::vector<char> m_isHit;
 };
 

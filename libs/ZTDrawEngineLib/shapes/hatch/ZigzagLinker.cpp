@@ -127,7 +127,8 @@ ZigzagLinker::Joint ZigzagLinker::walkJoint(int row, int next)
 Side ZigzagLinker::walkSide(int row) const
 {
     const HatchRow &line = at(row);
-    return sideOf(line.first, line.second, m_outline.edge(m_edges[static_cast<std::size_t>(row)].second).p1());
+    return sideOf(line.first, line.second,
+                  m_outline.edge(m_edges[static_cast<std::size_t>(row)].second).p1());
 }
 
 OutlineWalks::Direction ZigzagLinker::walkDirection(Side side) const

@@ -98,7 +98,7 @@ private:
     const HatchOutline &m_outline;
     const std::vector<HatchRow> &m_rows;
     const std::vector<RowEdges> &m_edges; ///< by row
-    std::vector<char> m_isUsed; ///< by row: linked already
+    std::vector<char> m_isUsed;           ///< by row: linked already
     OutlineWalks m_walks;
     EdgeMeetings m_meetings;
     std::unique_ptr<RowLists> m_lazyPolygonLists[2]; ///< by reached end: rows by its polygon
