@@ -68,21 +68,21 @@ const char *skipLineEnd(const char *at, const char *end)
 }
 
 /**
- * Reads the form that nearly every line has, "PU10 20;" or "PD10 20;" with or without the ";", and
- * returns where the next line begins; null for any other line, which may still hold a point.
+ * Reads the form that nearly every line has, "PU10 20;" or "PD10 20;" with or without the ";".
+ * False for any other line, which may still hold a point.
  */
-const char *readPlainPenLine(const char *begin, const char *end, PltLine &line)
+bool readPlainPenLine(const char *begin, const char *lineEnd, const char *end, PltLine &line)
 {
     const char *at = readPlainNumber(begin + 2, end, line.x);
     if (at == nullptr || at == end || *at != ' ')
-        return nullptr;
+        return false;
     at = readPlainNumber(at + 1, end, line.y);
     if (at == nullptr)
-        return nullptr;
+        return false;
     if (at != end && *at == ';')
         ++at;
     line.hasPoint = true;
-    return skipLineEnd(at, end);
+    return skipLineEnd(at, end) == lineEnd;
 }
 
 /** Reads one coordinate as `QString::toInt` does: white space around it is fine, 0 if it fails. */
@@ -146,11 +146,11 @@ const char *readPltLine(const char *begin, const char *end, PltLine &line)
 {
     line = PltLine();
     line.kind = kindOf(begin, end);
-    if (line.kind != PltLineKind::Skipped) {
-        if (const char *next = readPlainPenLine(begin, end, line))
-            return next;
-    }
+    // Looked for and not taken from where the numbers end: so the next line can be begun with
+    // before the last digit of this one is known.
     const char *const lineEnd = endOfLine(begin, end);
+    if (line.kind != PltLineKind::Skipped && readPlainPenLine(begin, lineEnd, end, line))
+        return lineEnd;
     const PltLineKind kind = kindOf(skipByteOrderMark(begin, lineEnd), lineEnd);
     line =
         kind == PltLineKind::Skipped ? PltLine() : readPenLine(kind, pltLineText(begin, lineEnd));

@@ -50,15 +50,17 @@ QRectF ZTPltDrawing::extent() const
 {
     if (m_points.empty())
         return {};
-    QPoint least = m_points.front();
-    QPoint most = m_points.front();
+    int left = m_points.front().x();
+    int top = m_points.front().y();
+    int right = left;
+    int bottom = top;
     for (const QPoint &point : m_points) {
-        least.rx() = std::min(least.x(), point.x());
-        least.ry() = std::min(least.y(), point.y());
-        most.rx() = std::max(most.x(), point.x());
-        most.ry() = std::max(most.y(), point.y());
+        left = std::min(left, point.x());
+        top = std::min(top, point.y());
+        right = std::max(right, point.x());
+        bottom = std::max(bottom, point.y());
     }
-    return {QPointF(least), QPointF(most)};
+    return {QPointF(left, top), QPointF(right, bottom)};
 }
 
 int ZTPltDrawing::polylineCount() const { return static_cast<int>(drawnCount()); }
@@ -86,9 +88,12 @@ QPainterPath ZTPltDrawing::normalised() const
     path.reserve(static_cast<int>(m_points.size()));
     QPolygonF polygon;
     for (std::size_t i = 0; i < drawnCount(); ++i) {
-        polygon.clear();
-        for (std::size_t k = m_starts[i]; k < endOf(i); ++k)
-            polygon << toMm.map(QPointF(m_points[k]));
+        const std::size_t begin = m_starts[i];
+        polygon.resize(static_cast<int>(endOf(i) - begin));
+        // Number by number: points made in between would each be waited for.
+        QPointF *mapped = polygon.data();
+        for (std::size_t k = begin; k < endOf(i); ++k, ++mapped)
+            toMm.map(m_points[k].x(), m_points[k].y(), &mapped->rx(), &mapped->ry());
         path.addPolygon(polygon);
     }
     return path;
