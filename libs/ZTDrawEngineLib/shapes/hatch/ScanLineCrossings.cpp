@@ -105,14 +105,12 @@ int ScanLineCrossings::firstAtOrAbove(double level) const
         return 0;
     if (level > levels.back())
         return count;
-    // Equal steps make this right to within one line; accumulated steps need not be equal.
-    const auto guess = static_cast<int>((level - levels.front()) * m_linesPerPx);
-    const double *const begin = levels.data();
-    const int low = std::clamp(guess, 1, count - 1);
-    for (int number = low; number < std::min(low + 2, count); ++number) {
-        if (begin[number - 1] < level && level <= begin[number])
-            return number;
-    }
+    // Equal steps make this right but for rounding; accumulated steps need not be equal.
+    const auto below = static_cast<int>((level - levels.front()) * m_linesPerPx);
+    const double *const at = levels.data();
+    const int number = std::clamp(below + 1, 1, count - 1);
+    if (at[number - 1] < level && level <= at[number])
+        return number;
     return static_cast<int>(std::lower_bound(levels.begin(), levels.end(), level) - levels.begin());
 }
 
