@@ -62,7 +62,7 @@ public:
     void remove(int number);
 
 private:
-    static constexpr int kLeafSize = 8;
+    static constexpr int kLeafSize = 32; ///< about; with half of that a sixth more time
     static constexpr int kNone = std::numeric_limits<int>::max();
 
     struct Node
@@ -158,14 +158,22 @@ PointTree<Cost>::PointTree(std::vector<Item> points, Cost costBetween)
  * Whether a stands before b, and so on one side of where their middle is split. All is compared
  * at once: what one comparison says cannot be foreseen, and a wrong guess costs more than two.
  */
+inline bool isBefore(double a, int aNumber, double b, int bNumber)
+{
+    const int isLess = a < b ? 1 : 0;
+    const int isSame = a == b ? 1 : 0;
+    const int isEarlier = aNumber < bNumber ? 1 : 0;
+    return (isLess | (isSame & isEarlier)) != 0;
+}
+
 inline bool isBeforeAcross(const QPointF &a, int aNumber, const QPointF &b, int bNumber)
 {
-    return (a.x() < b.x()) | ((a.x() == b.x()) & (aNumber < bNumber));
+    return isBefore(a.x(), aNumber, b.x(), bNumber);
 }
 
 inline bool isBeforeDown(const QPointF &a, int aNumber, const QPointF &b, int bNumber)
 {
-    return (a.y() < b.y()) | ((a.y() == b.y()) & (aNumber < bNumber));
+    return isBefore(a.y(), aNumber, b.y(), bNumber);
 }
 
 /** One sort where all splits go the same way, as one axis alone counts. */

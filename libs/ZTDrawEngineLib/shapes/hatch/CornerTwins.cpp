@@ -4,25 +4,37 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <utility>
 
 namespace zthatch {
 
 namespace {
 
-/** Calls `visit(begin, end)` for every longest run of sorted corners without a gap between. */
+/**
+ * Calls `visit(begin, end)` for every longest run of corners, sorted by their coordinate, without a
+ * gap between. The coordinates are sorted with the corners: asked for, each is another place in
+ * memory.
+ */
 template <typename Coordinate, typename Visit>
 void forEachCluster(std::vector<int>::iterator begin, std::vector<int>::iterator end,
                     const Coordinate &coordinate, const Visit &visit)
 {
-    std::sort(begin, end, [&](int a, int b) {
-        return coordinate(a) < coordinate(b) || (coordinate(a) == coordinate(b) && a < b);
-    });
-    while (begin != end) {
-        auto next = begin + 1;
-        while (next != end && coordinate(*next) - coordinate(*(next - 1)) <= kSamePointTolerance)
+    std::vector<std::pair<double, int>> sorted;
+    sorted.reserve(static_cast<std::size_t>(end - begin));
+    for (auto corner = begin; corner != end; ++corner)
+        sorted.emplace_back(coordinate(*corner), *corner);
+    std::sort(sorted.begin(), sorted.end());
+    std::transform(sorted.begin(), sorted.end(), begin, [](const auto &at) { return at.second; });
+
+    for (std::size_t first = 0; first < sorted.size();) {
+        std::size_t next = first + 1;
+        while (next < sorted.size() &&
+               sorted[next].first - sorted[next - 1].first <= kSamePointTolerance)
             ++next;
-        visit(begin, next);
-        begin = next;
+        visit(begin + static_cast<std::ptrdiff_t>(first),
+              begin + static_cast<std::ptrdiff_t>(next));
+        first = next;
     }
 }
 
