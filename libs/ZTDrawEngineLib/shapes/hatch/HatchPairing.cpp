@@ -72,11 +72,10 @@ void HatchPairing::pairInLastOrder(const Crossing *crossings, bool ascending)
     for (Ranked &ranked : m_lastOrder)
         ranked.edge = crossings[ranked.number].edge;
     m_pairs.resize(m_count / 2);
-    auto next = m_lastOrder.data() + (ascending ? 0 : m_count - 1);
-    const int step = ascending ? 1 : -1;
-    for (Pair &pair : m_pairs) {
-        pair = {next[0].number, next[step].number};
-        next += 2 * step;
+    for (std::size_t i = 0; i < m_pairs.size(); ++i) {
+        const std::size_t first = ascending ? 2 * i : m_count - 1 - 2 * i;
+        const std::size_t second = ascending ? first + 1 : first - 1;
+        m_pairs[i] = {m_lastOrder[first].number, m_lastOrder[second].number};
     }
 }
 
