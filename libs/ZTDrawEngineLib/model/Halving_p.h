@@ -4,12 +4,13 @@
 #include <array>
 #include <cstddef>
 #include <cstdlib>
+#include <utility>
 
 namespace halving {
 
 constexpr std::ptrdiff_t kSample = 15;    ///< items that a middle is taken of
 constexpr std::ptrdiff_t kFewItems = 32;  ///< fewer are halved exactly
-constexpr std::ptrdiff_t kMostUneven = 5; ///< share of the items that a middle may be off
+constexpr std::ptrdiff_t kMostUneven = 5; ///< a middle may be off by a fifth of the items
 
 /** An item that stands about in the middle of the order. */
 template <class Item, class IsBefore>

@@ -15,11 +15,10 @@ int halved(std::vector<int> numbers)
     std::vector<int> before = numbers;
     int *const begin = numbers.data();
     int *const end = begin + numbers.size();
-    const int *const middle = halve(begin, end, [](int a, int b) { return a < b; });
-    const bool isSplit = std::all_of(begin, const_cast<int *>(middle),
-                                     [middle](int number) { return number < *middle; }) &&
-                         std::all_of(middle, static_cast<const int *>(end),
-                                     [middle](int number) { return number >= *middle; });
+    int *const middle = halve(begin, end, [](int a, int b) { return a < b; });
+    const bool isSplit =
+        std::all_of(begin, middle, [middle](int number) { return number < *middle; }) &&
+        std::all_of(middle, end, [middle](int number) { return number >= *middle; });
     std::sort(before.begin(), before.end());
     std::sort(numbers.begin(), numbers.end());
     return isSplit && before == numbers ? static_cast<int>(middle - begin) : -1;

@@ -128,7 +128,6 @@ private Q_SLOTS:
         QVERIFY2(lines > rounds, "the comparison had next to nothing to compare");
     }
 
-    /** So many edges and scan lines that they are taken in several parts. */
     void curvesAndLonePoints_hatchAsThePlainWay()
     {
         for (int seed = 0; seed < 300; ++seed) {
@@ -146,6 +145,7 @@ private Q_SLOTS:
         }
     }
 
+    /** So many edges and scan lines that they are taken in several parts. */
     void largeOutlines_hatchAsThePlainWay()
     {
         for (int seed = 0; seed < 12; ++seed) {

@@ -3,6 +3,7 @@
 #include <ZTDrawEngineLib/shapes/hatch/HatchLimits_p.h>
 #include <ZTDrawEngineLib/shapes/hatch/HatchOutline_p.h>
 #include <ZTDrawEngineLib/shapes/hatch/HatchPairing_p.h>
+#include <ZTDrawEngineLib/shapes/hatch/HatchRows_p.h>
 #include <ZTDrawEngineLib/shapes/hatch/ScanLineCrossings_p.h>
 #include <ZTDrawEngineLib/shapes/hatch/ScanLineLayout_p.h>
 #include <ZTDrawEngineLib/shapes/hatch/ZigzagLinker_p.h>

@@ -8,7 +8,10 @@ namespace zthatch {
 
 namespace {
 
-/** Rectangle around some points, at least one, as `QPolygonF::boundingRect` gives it. */
+/**
+ * Rectangle around some points, at least one, as `QPolygonF::boundingRect` gives it. To ask that,
+ * each subpath would go into a polygon of its own: 0.33 ms instead of 0.28 for 20,000 edges.
+ */
 QRectF boxAround(const QPointF *points, std::size_t count)
 {
     double left = points->x();

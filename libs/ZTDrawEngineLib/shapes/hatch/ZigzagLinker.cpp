@@ -88,8 +88,7 @@ const QPointF &ZigzagLinker::reachedPoint(int row) const
 
 int ZigzagLinker::reachedEdge(int row) const
 {
-    const RowEdges &edges = m_edges[static_cast<std::size_t>(row)];
-    return m_reached == AtFirst ? edges.first : edges.second;
+    return m_reached == AtFirst ? edgesOf(row).first : edgesOf(row).second;
 }
 
 /** Whether and how the zigzag that has reached `row` goes on to `next`. */
@@ -127,8 +126,7 @@ ZigzagLinker::Joint ZigzagLinker::walkJoint(int row, int next)
 Side ZigzagLinker::walkSide(int row) const
 {
     const HatchRow &line = at(row);
-    return sideOf(line.first, line.second,
-                  m_outline.edge(m_edges[static_cast<std::size_t>(row)].second).p1());
+    return sideOf(line.first, line.second, m_outline.edge(edgesOf(row).second).p1());
 }
 
 OutlineWalks::Direction ZigzagLinker::walkDirection(Side side) const

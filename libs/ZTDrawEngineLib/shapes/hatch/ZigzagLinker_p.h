@@ -3,6 +3,7 @@
 #include <ZTDrawEngineLib/shapes/hatch/EdgeMeetings_p.h>
 #include <ZTDrawEngineLib/shapes/hatch/HatchGeometry_p.h>
 #include <ZTDrawEngineLib/shapes/hatch/HatchOutline_p.h>
+#include <ZTDrawEngineLib/shapes/hatch/HatchRows_p.h>
 #include <ZTDrawEngineLib/shapes/hatch/OutlineWalks_p.h>
 #include <ZTDrawEngineLib/shapes/hatch/RowLists_p.h>
 
@@ -12,27 +13,6 @@
 #include <vector>
 
 namespace zthatch {
-
-/** Hatch segment waiting to be linked. */
-struct HatchRow
-{
-    QPointF first;
-    QPointF second;
-};
-
-/** Edges of the outline that the ends of a segment lie on. */
-struct RowEdges
-{
-    int first;
-    int second;
-};
-
-/** Segments in the order of the scan lines; what they end on beside them, for it is asked alone. */
-struct HatchRows
-{
-    std::vector<HatchRow> rows;
-    std::vector<RowEdges> edges; ///< by row
-};
 
 /**
  * Strings hatch segments together into zigzags, along the outline where need be.
@@ -72,6 +52,7 @@ private:
     };
 
     const HatchRow &at(int row) const { return m_rows[static_cast<std::size_t>(row)]; }
+    const RowEdges &edgesOf(int row) const { return m_edges[static_cast<std::size_t>(row)]; }
     const QPointF &reachedPoint(int row) const;
     int reachedEdge(int row) const;
     Joint jointOf(int row, int next, QPointF *corner);
