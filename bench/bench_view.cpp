@@ -45,6 +45,17 @@ public:
 
     ZTGraphicsView &view() { return *document.view(); }
 
+    /** Gives all shapes a hatch at this angle, which nobody has looked at yet. */
+    void turnHatch(double angleDeg)
+    {
+        for (ZTAbstractGraphicsItem *item : items) {
+            ZTFillParam fill = item->getFillParam();
+            fill.angle = angleDeg;
+            item->setFillParam(fill);
+            item->getShapeBase()->paint();
+        }
+    }
+
     /** Shows the middle of the block at a scale and waits until it is painted. */
     void show(double scale)
     {
@@ -156,6 +167,46 @@ void BM_repaintAll(benchmark::State &state, FillType hatch)
     countFrames(state);
 }
 
+/** From shapes hatched anew to the first picture of all, or to their mark data. */
+template <class Look>
+void lookFirst(benchmark::State &state, const Look &look)
+{
+    Desk desk(FillType::Line);
+    desk.show(desk.fittingScale());
+    double angleDeg = 0.0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        angleDeg += 1.0;
+        desk.turnHatch(angleDeg);
+        state.ResumeTiming();
+        look(desk);
+    }
+}
+
+void BM_firstPicture(benchmark::State &state)
+{
+    lookFirst(state, [](Desk &desk) {
+        desk.view().viewport()->update();
+        Desk::paintFrame();
+    });
+}
+
+void BM_firstMarks(benchmark::State &state)
+{
+    lookFirst(state, [](Desk &desk) {
+        benchmark::DoNotOptimize(desk.document.itemMag()->getShapeLines());
+    });
+}
+
+/** The mark data of a drawing that stands on the screen: of the next part of a series. */
+void BM_nextMarks(benchmark::State &state)
+{
+    Desk desk(FillType::Line);
+    desk.show(desk.fittingScale());
+    for (auto _ : state)
+        benchmark::DoNotOptimize(desk.document.itemMag()->getShapeLines());
+}
+
 /** One shape that fills the block, hatched with some thousand lines, looked at closely. */
 void BM_panBigShape(benchmark::State &state)
 {
@@ -209,6 +260,9 @@ BENCHMARK_CAPTURE(BM_zoom, hatched, FillType::Line)
     ->Iterations(4 * kZoomSteps);
 BENCHMARK_CAPTURE(BM_repaintAll, plain, FillType::None)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(BM_repaintAll, hatched, FillType::Line)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_firstPicture)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_firstMarks)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_nextMarks)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_panBigShape)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(BM_drag, plain, FillType::None, false)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(BM_drag, hatched, FillType::Line, false)->Unit(benchmark::kMillisecond);

@@ -3,6 +3,8 @@
 #include <ZTDrawEngineLib/document/ZTCoord.h>
 #include <ZTDrawEngineLib/items/ZTAbstractGraphicsItem.h>
 #include <ZTDrawEngineLib/items/ZTGraphicsResizeItem.h>
+#include <ZTDrawEngineLib/shapes/ZTShapeBase.h>
+#include <ZTDrawEngineLib/shapes/hatch/LateHatch_p.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtGui/QMouseEvent>
@@ -11,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -79,6 +82,25 @@ void clipToExposed(QPainter *painter, const QRectF &rect)
 {
     if (painter->worldTransform().type() <= QTransform::TxScale)
         painter->setClipRect(rect, Qt::IntersectClip);
+}
+
+/** So many hatches nobody has looked at yet are worth a look for those that are about to be. */
+constexpr int kManyHatches = 64;
+
+/** Lays out what is about to be painted side by side, not one after the other as it is painted. */
+void layOutHatchesWithin(const QGraphicsScene *scene, const QRectF &rect)
+{
+    if (scene == nullptr || zthatch::LateHatch::waitingCount() < kManyHatches)
+        return;
+    QVector<const ZTShapeBase *> shapes;
+    const QList<QGraphicsItem *> items =
+        scene->items(rect, Qt::IntersectsItemBoundingRect, Qt::AscendingOrder);
+    for (const QGraphicsItem *candidate : items) {
+        const auto *item = dynamic_cast<const ZTAbstractGraphicsItem *>(candidate);
+        if (item != nullptr && item->isVisible() && item->getFillParam().fillType != FillType::None)
+            shapes << item->getShapeBase();
+    }
+    ZTShapeBase::layOutHatches(shapes, std::numeric_limits<int>::max());
 }
 
 /**
@@ -200,6 +222,7 @@ void ZTGraphicsView::resizeEvent(QResizeEvent *event) { QGraphicsView::resizeEve
 
 void ZTGraphicsView::drawBackground(QPainter *painter, const QRectF &rect)
 {
+    layOutHatchesWithin(scene(), rect);
     clipToExposed(painter, rect);
     QGraphicsView::drawBackground(painter, rect);
     const QRect scene = sceneRect().toRect();

@@ -5,8 +5,10 @@
 #include <ZTDrawEngineLib/items/ZTGraphicsScene.h>
 #include <ZTDrawEngineLib/model/ZTPointSort.h>
 #include <ZTDrawEngineLib/shapes/ZTShapeBase.h>
+#include <ZTDrawEngineLib/shapes/hatch/LateHatch_p.h>
 
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -54,6 +56,19 @@ QVector<QLineF> hatchOf(const ZTShapeBase &shape, const ToMark &toMark)
     return hatch;
 }
 
+/** Side by side: one that is as it was keeps its hatch when it is painted anew. */
+void layOutHatchesOf(const QList<QGraphicsItem *> &items)
+{
+    if (zthatch::LateHatch::waitingCount() == 0)
+        return;
+    QVector<const ZTShapeBase *> shapes;
+    for (const QGraphicsItem *candidate : items) {
+        if (const auto *item = dynamic_cast<const ZTAbstractGraphicsItem *>(candidate))
+            shapes << item->getShapeBase();
+    }
+    ZTShapeBase::layOutHatches(shapes, std::numeric_limits<int>::max());
+}
+
 } // namespace
 
 void ZTShapeManager::genMarkObject(ZTAbstractGraphicsItem *item, ZTShapeBase *shape,
@@ -86,6 +101,7 @@ ZTMarkGraph ZTShapeManager::getSelectedShapeLines()
 
 ZTMarkGraph ZTShapeManager::markGraphOf(const QList<QGraphicsItem *> &items)
 {
+    layOutHatchesOf(items);
     ZTMarkGraph graph;
     graph.objects.reserve(items.size());
     for (QGraphicsItem *candidate : items) {

@@ -139,6 +139,17 @@ public:
     virtual const QVector<QLineF> &getFillLines() const;
 
     /**
+     * Lays out hatches side by side, in as many threads as there are processors, for about
+     * `budgetMs` milliseconds, so that `getFillLines` of these shapes finds its result.
+     *
+     * A hatch is otherwise laid out when it is first asked for, one after the other. Nothing but
+     * the time of asking changes; what is left over when the time is up is laid out as before.
+     *
+     * @param shapes borrowed for the call; null ones and marked ones are passed over
+     */
+    static void layOutHatches(const QVector<const ZTShapeBase *> &shapes, int budgetMs);
+
+    /**
      * Reads what `save` wrote and marks the shape. Returns true whatever it read: the stream's
      * status is the caller's to test.
      */

@@ -28,6 +28,7 @@ namespace hostkit {
 namespace {
 
 constexpr qint64 kPieceMs = 40; // between two calls of the progress function
+constexpr int kBatch = 64;      // records built before their hatches are laid out side by side
 
 struct Texts
 {
@@ -189,9 +190,12 @@ public:
 private:
     using Item = std::unique_ptr<ZTAbstractGraphicsItem>;
 
+    bool isBuilt() const;
     bool buildSome(Failure *failure);
-    bool buildNext(Failure *failure);
-    bool keep(Item item, Failure *failure);
+    void buildBatch(const QElapsedTimer &sinceStart);
+    void buildNext();
+    bool weighBatch(const QElapsedTimer &sinceStart, Failure *failure);
+    void layOutBatch(int budgetMs) const;
     void keepForeign(int place);
     void fill(ZTAbstractGraphicsItem &item, const DrawingItem &record);
     void fillShape(ZTAbstractGraphicsItem &item, const DrawingItem &record);
@@ -214,9 +218,10 @@ private:
     DrawingExtras m_extras;
     int m_next = 0; ///< record to be built
     std::vector<Item> m_items;
+    std::size_t m_weighed = 0;               ///< items whose pieces are counted
     QList<ZTAbstractGraphicsItem *> m_added; ///< those that the scene has
     std::vector<RegistryUse> m_uses;
-    qint64 m_pieces = 0; ///< points and hatch lines of the items so far
+    qint64 m_pieces = 0; ///< points and hatch lines of the weighed items
     FontCheck m_fonts;
 };
 
@@ -226,7 +231,7 @@ bool Loader::build(Failure *failure)
         return false;
     const int total = m_drawing.items.size();
     m_items.reserve(static_cast<std::size_t>(total));
-    while (m_next < total) {
+    while (!isBuilt()) {
         if (!buildSome(failure))
             return false;
         if (m_load.progress && !m_load.progress(m_next, total))
@@ -235,29 +240,71 @@ bool Loader::build(Failure *failure)
     return true;
 }
 
+bool Loader::isBuilt() const
+{
+    return m_next == m_drawing.items.size() && m_weighed == m_items.size();
+}
+
 /** As much as fits between two calls of the progress function. */
 bool Loader::buildSome(Failure *failure)
 {
     const BorrowedSetup borrowed(m_drawing.meta.setup, m_ownSetup, m_ownHeights);
     QElapsedTimer sinceStart;
     sinceStart.start();
-    bool isGood = true;
-    while (isGood && m_next < m_drawing.items.size() && !sinceStart.hasExpired(kPieceMs))
-        isGood = buildNext(failure);
-    return isGood;
+    while (!isBuilt() && !sinceStart.hasExpired(kPieceMs)) {
+        if (m_weighed == m_items.size())
+            buildBatch(sinceStart);
+        if (!weighBatch(sinceStart, failure))
+            return false;
+    }
+    return true;
 }
 
-bool Loader::buildNext(Failure *failure)
+void Loader::buildBatch(const QElapsedTimer &sinceStart)
+{
+    const int end = std::min(m_next + kBatch, m_drawing.items.size());
+    while (m_next < end && !sinceStart.hasExpired(kPieceMs))
+        buildNext();
+}
+
+void Loader::buildNext()
 {
     const int place = m_next++;
     const DrawingItem &record = m_drawing.items[place];
     Item item(ZTGraphicsItemFactory::create(record.kind.toStdString()));
     if (!item || item->getShapeBase() == nullptr) {
         keepForeign(place);
-        return true;
+        return;
     }
     fill(*item, record);
-    return keep(std::move(item), failure);
+    m_items.push_back(std::move(item));
+}
+
+/**
+ * Counts what was built, and ends where it has become too much: small records can ask for shapes
+ * that are each within the library's limits and together beyond any memory.
+ */
+bool Loader::weighBatch(const QElapsedTimer &sinceStart, Failure *failure)
+{
+    layOutBatch(static_cast<int>(std::max<qint64>(1, kPieceMs - sinceStart.elapsed())));
+    while (m_weighed < m_items.size() && !sinceStart.hasExpired(kPieceMs)) {
+        const ZTShapeBase &shape = *m_items[m_weighed++]->getShapeBase();
+        m_pieces += shape.getLines().elementCount() + shape.getFillLines().size();
+        if (m_pieces > m_load.maxPieces)
+            return fail(
+                failure, Failure::Kind::NotPossible,
+                Texts::tr("holds more than %1 points and hatch lines").arg(m_load.maxPieces));
+    }
+    return true;
+}
+
+/** Side by side, what would otherwise be laid out as it is counted. */
+void Loader::layOutBatch(int budgetMs) const
+{
+    QVector<const ZTShapeBase *> shapes;
+    for (std::size_t i = m_weighed; i < m_items.size(); ++i)
+        shapes << m_items[i]->getShapeBase();
+    ZTShapeBase::layOutHatches(shapes, budgetMs);
 }
 
 void Loader::keepForeign(int place)
@@ -267,21 +314,6 @@ void Loader::keepForeign(int place)
     if (numberFromBytes(kept.item.fields.take(itemfield::kDrawing), &number))
         kept.drawing = m_drawing.drawings[number];
     m_extras.foreignItems << kept;
-}
-
-/**
- * Keeps an item, unless those so far have become too much: small records can ask for shapes that
- * are each within the library's limits and together beyond any memory.
- */
-bool Loader::keep(Item item, Failure *failure)
-{
-    const ZTShapeBase &shape = *item->getShapeBase();
-    m_pieces += shape.getLines().elementCount() + shape.getFillLines().size();
-    if (m_pieces > m_load.maxPieces)
-        return fail(failure, Failure::Kind::NotPossible,
-                    Texts::tr("holds more than %1 points and hatch lines").arg(m_load.maxPieces));
-    m_items.push_back(std::move(item));
-    return true;
 }
 
 void Loader::fill(ZTAbstractGraphicsItem &item, const DrawingItem &record)

@@ -14,6 +14,8 @@ namespace hostkit {
 
 namespace {
 
+constexpr int kShapesAhead = 1000;
+
 MarkItems shapesOf(const QList<QGraphicsItem *> &candidates)
 {
     MarkItems found;
@@ -123,6 +125,7 @@ MarkGraphBuilder::~MarkGraphBuilder() = default;
 
 bool MarkGraphBuilder::work(int budgetMs)
 {
+    layOutNextHatches(budgetMs / 2);
     const OrderHolds order(m_order);
     QElapsedTimer timer;
     timer.start();
@@ -133,6 +136,20 @@ bool MarkGraphBuilder::work(int budgetMs)
             break;
     }
     return m_next < m_items.size();
+}
+
+/** Side by side; shapes whose outlines are to be ordered anew lay out their hatches anew, too. */
+void MarkGraphBuilder::layOutNextHatches(int budgetMs) const
+{
+    if (m_order != ZTPointSort::getInstance()->getShapeMarkSort())
+        return;
+    QVector<const ZTShapeBase *> shapes;
+    const int end = std::min(m_next + kShapesAhead, m_items.size());
+    for (int i = m_next; i < end; ++i) {
+        if (m_items[i])
+            shapes << m_items[i]->getShapeBase();
+    }
+    ZTShapeBase::layOutHatches(shapes, budgetMs);
 }
 
 void MarkGraphBuilder::gather(ZTAbstractGraphicsItem &item)

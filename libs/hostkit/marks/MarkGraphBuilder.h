@@ -90,6 +90,7 @@ public:
 private:
     MarkGraphBuilder(ZTShapeManager &manager, const MarkItems &items,
                      std::optional<EShapeSortType> order, std::unique_ptr<MarkCheck> check);
+    void layOutNextHatches(int budgetMs) const;
     void gather(ZTAbstractGraphicsItem &item);
     void splitByPens();
 

@@ -1,6 +1,7 @@
 #include <support/SingletonGuard.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
+#include <ZTDrawEngineLib/shapes/hatch/LateHatch_p.h>
 
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
@@ -10,6 +11,7 @@
 #include <QtTest/QTest>
 #include <QtWidgets/QScrollBar>
 
+#include <algorithm>
 #include <memory>
 #include <random>
 
@@ -82,6 +84,20 @@ public:
     QRectF clipPx;
 };
 
+/** Notes how many hatches are still to be laid out when it is painted. */
+class WaitingProbe : public QGraphicsItem
+{
+public:
+    QRectF boundingRect() const override { return {-10, -10, 20, 20}; }
+
+    void paint(QPainter *, const QStyleOptionGraphicsItem *, QWidget *) override
+    {
+        waiting = zthatch::LateHatch::waitingCount();
+    }
+
+    int waiting = -1;
+};
+
 /** Rectangles and ellipses over the whole view and beyond its edges, each with a hatch. */
 void addHatchedShapes(ZTGraphicsScene &scene)
 {
@@ -99,6 +115,11 @@ void addHatchedShapes(ZTGraphicsScene &scene)
         scene.addItem(item);
         item->setPos((i % 10 - 5) * 61.3, (i / 10 - 3) * 58.7);
     }
+}
+
+bool isNoShape(const QGraphicsItem *item)
+{
+    return dynamic_cast<const ZTAbstractGraphicsItem *>(item) == nullptr;
 }
 
 QImage pictureOf(QWidget &widget)
@@ -416,6 +437,26 @@ private Q_SLOTS:
         for (int x = 0; x < picture.width(); ++x)
             inked += picture.pixel(x, picture.height() / 2) != white ? 1 : 0;
         QVERIFY(inked > 20);
+    }
+
+    void hatchesNobodyHasSeen_areLaidOutBeforeTheFirstShapeIsPainted()
+    {
+        addHatchedShapes(*scene);
+        addHatchedShapes(*scene);
+        QList<QGraphicsItem *> items = scene->items(Qt::AscendingOrder);
+        items.erase(std::remove_if(items.begin(), items.end(), isNoShape), items.end());
+        for (QGraphicsItem *item : items)
+            static_cast<ZTAbstractGraphicsItem *>(item)->getShapeBase()->paint();
+        items.last()->setVisible(false);
+        (*(items.end() - 2))->setPos(20000, 20000);
+        auto *probe = new WaitingProbe;
+        probe->setZValue(-1);
+        scene->addItem(probe);
+        QCOMPARE(zthatch::LateHatch::waitingCount(), 120);
+        view->resetSize(0.3);
+        view->centerOn(0, 0);
+        pictureOf(*view->viewport());
+        QCOMPARE(probe->waiting, 2); // the hidden one and the one far out
     }
 
 private:

@@ -401,6 +401,44 @@ private Q_SLOTS:
             QVERIFY(testsupport::same(again.objects[i].lines, graph.objects[i].lines));
     }
 
+    void getShapeLines_manyHatched_areEachAsAlone()
+    {
+        for (int i = 0; i < 100; ++i) {
+            ZTAbstractGraphicsItem *item = addHatched(0.2 + 0.01 * i);
+            item->setPos(30.0 * i, 10.0 * i);
+        }
+        QVector<ZTMarkObject> alone;
+        for (QGraphicsItem *candidate : manager->scene()->items(Qt::DescendingOrder)) {
+            if (auto *item = dynamic_cast<ZTAbstractGraphicsItem *>(candidate)) {
+                alone.append(ZTMarkObject());
+                ZTRectShape shape(static_cast<ZTRectShape &>(*item->getShapeBase()));
+                manager->genMarkObject(item, &shape, alone.last());
+            }
+        }
+        const ZTMarkGraph graph = manager->getShapeLines();
+        QCOMPARE(graph.objects.size(), 100);
+        for (int i = 0; i < 100; ++i) {
+            QVERIFY(!alone[i].fillLines.isEmpty());
+            QCOMPARE(graph.objects[i].fillLines, alone[i].fillLines);
+        }
+    }
+
+    /** What is written past the setters marks nothing and counts all the same. */
+    void getShapeLines_hatchedAndChangedPastTheSetters_isFresh()
+    {
+        ZTAbstractGraphicsItem *changed = addHatched(0.5);
+        const QVector<QLineF> before = manager->getShapeLines().objects[0].fillLines;
+        changed->getTransformParam() = QTransform::fromScale(2, 1);
+        ZTRectShape plain;
+        plain.setFillParam(changed->getFillParam());
+        plain.setTransformParam(QTransform::fromScale(2, 1));
+        ZTMarkObject expected;
+        manager->genMarkObject(changed, &plain, expected);
+        const QVector<QLineF> after = manager->getShapeLines().objects[0].fillLines;
+        QVERIFY(after != before);
+        QCOMPARE(after, expected.fillLines);
+    }
+
     void getShapeLines_passesThroughTheSort()
     {
         for (const double x : {500.0, 100.0, 300.0})
@@ -436,6 +474,17 @@ private Q_SLOTS:
     }
 
 private:
+    ZTAbstractGraphicsItem *addHatched(double spacMm)
+    {
+        ZTFillParam fill;
+        fill.fillType = FillType::Line;
+        fill.spac = spacMm;
+        ZTAbstractGraphicsItem *item = manager->addShape(ShapeType::Rect, {0, 0, 10, 10});
+        item->setFillParam(fill);
+        item->getShapeBase()->paint();
+        return item;
+    }
+
     ZTAbstractGraphicsItem *addRect()
     {
         return manager->addShape(ShapeType::Rect, QRectF(0, 0, 10, 10));

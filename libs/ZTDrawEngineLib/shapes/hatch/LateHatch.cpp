@@ -6,8 +6,10 @@
 #include <QtCore/QRectF>
 #include <QtCore/QtGlobal>
 
+#include <atomic>
 #include <cmath>
 #include <mutex>
+#include <utility>
 
 namespace zthatch {
 
@@ -50,27 +52,73 @@ QVector<QLineF> laidOut(const HatchOrder &order)
     return hatchLines(order.outline, order.type, order.spac, order.angleDeg);
 }
 
+/** Not for -0 and 0, whose lines differ in that; what is no number is like nothing. */
+bool isExactly(double a, double b) { return a == b && std::signbit(a) == std::signbit(b); }
+
+bool isExactly(const QPainterPath::Element &a, const QPainterPath::Element &b)
+{
+    return a.type == b.type && isExactly(a.x, b.x) && isExactly(a.y, b.y);
+}
+
+/** Unlike the operator of the class, which takes nearly equal ones for equal. */
+bool isExactly(const QPainterPath &a, const QPainterPath &b)
+{
+    if (a.elementCount() != b.elementCount() || a.fillRule() != b.fillRule())
+        return false;
+    for (int i = 0; i < a.elementCount(); ++i) {
+        if (!isExactly(a.elementAt(i), b.elementAt(i)))
+            return false;
+    }
+    return true;
+}
+
+bool isExactly(const HatchOrder &a, const HatchOrder &b)
+{
+    return a.type == b.type && isExactly(a.spac, b.spac) && isExactly(a.angleDeg, b.angleDeg) &&
+           isExactly(a.outline, b.outline);
+}
+
 } // namespace
 
 /** An order, and its lines once they were looked at. */
 class LateHatch::Layout
 {
 public:
-    explicit Layout(const HatchOrder &order) : m_order(order) {}
+    explicit Layout(const HatchOrder &order) : m_order(order)
+    {
+        s_waiting.fetch_add(1, std::memory_order_relaxed);
+    }
+
+    ~Layout()
+    {
+        if (isWaiting())
+            s_waiting.fetch_sub(1, std::memory_order_relaxed);
+    }
+
+    Layout(const Layout &) = delete;
+    Layout &operator=(const Layout &) = delete;
 
     const QVector<QLineF> &lines()
     {
         std::call_once(m_once, [this] {
             m_lines = laidOut(m_order);
-            m_order.outline = QPainterPath();
+            m_isWaiting = false;
+            s_waiting.fetch_sub(1, std::memory_order_relaxed);
         });
         return m_lines;
     }
 
+    bool isOf(const HatchOrder &order) const { return isExactly(m_order, order); }
+    bool isWaiting() const { return m_isWaiting; }
+    static int waitingCount() { return s_waiting; }
+
 private:
+    inline static std::atomic<int> s_waiting{0};
+
     std::once_flag m_once;
-    HatchOrder m_order;
+    const HatchOrder m_order;
     QVector<QLineF> m_lines;
+    std::atomic<bool> m_isWaiting{true};
 };
 
 void LateHatch::set(const QVector<QLineF> &lines)
@@ -81,11 +129,13 @@ void LateHatch::set(const QVector<QLineF> &lines)
 
 void LateHatch::set(const HatchOrder &order)
 {
-    if (!isSurelyGranted(order)) {
-        set(laidOut(order));
+    if (m_layout != nullptr && m_layout->isOf(order))
         return;
-    }
-    m_layout = std::make_shared<Layout>(order);
+    auto layout = std::make_shared<Layout>(order);
+    // One without lines may have told why there are none, and is to tell it again next time.
+    if (!isSurelyGranted(order) && layout->lines().isEmpty())
+        layout.reset();
+    m_layout = std::move(layout);
     m_lines = {};
 }
 
@@ -93,5 +143,9 @@ const QVector<QLineF> &LateHatch::lines() const
 {
     return m_layout != nullptr ? m_layout->lines() : m_lines;
 }
+
+bool LateHatch::isWaiting() const { return m_layout != nullptr && m_layout->isWaiting(); }
+
+int LateHatch::waitingCount() { return Layout::waitingCount(); }
 
 } // namespace zthatch

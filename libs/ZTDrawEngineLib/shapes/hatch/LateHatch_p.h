@@ -8,6 +8,7 @@
 #include <QtGui/QPainterPath>
 
 #include <memory>
+#include <vector>
 
 namespace zthatch {
 
@@ -28,6 +29,9 @@ struct HatchOrder
  * Nobody can tell from outside: the order holds all that the lines depend on, and one that may be
  * refused with a warning is laid out at once.
  *
+ * An order that is, to the last bit, the one before keeps its lines: mark data have every shape
+ * painted anew, and most have not changed since they were last looked at.
+ *
  * Copies share their lines. Several threads may look at one hatch, or at copies of it.
  */
 class ZTDRAWENGINELIB_PRIVATE_EXPORT LateHatch
@@ -44,11 +48,25 @@ public:
     /** Owner: this hatch; the reference is good until the next `set`. */
     [[nodiscard]] const QVector<QLineF> &lines() const;
 
+    /** Whether nobody has looked yet, so that the next look takes its time. */
+    [[nodiscard]] bool isWaiting() const;
+
+    /** How many hatches of this process nobody has looked at yet; copies count once. */
+    [[nodiscard]] static int waitingCount();
+
 private:
     class Layout;
 
     QVector<QLineF> m_lines;          ///< where there is no layout
     std::shared_ptr<Layout> m_layout; ///< null for lines that were given
 };
+
+/**
+ * Looks at hatches side by side, in as many threads as there are processors, for about `budgetMs`
+ * milliseconds, one hatch a thread at least. Returns when no thread looks any more; what is left
+ * waits as before, and so do all if they are very few.
+ */
+ZTDRAWENGINELIB_PRIVATE_EXPORT void lookTogether(const std::vector<LateHatch> &hatches,
+                                                 int budgetMs);
 
 } // namespace zthatch

@@ -4,6 +4,8 @@
 #include <ZTDrawEngineLib/shapes/ZTShapeBase_p.h>
 #include <ZTDrawEngineLib/shapes/hatch/LateHatch_p.h>
 
+#include <vector>
+
 void ZTShapeBase::fill()
 {
     const ZTFillParam &param = m_d->fillParam;
@@ -17,4 +19,17 @@ void ZTShapeBase::fill()
 void ZTShapeBase::fillULine(FillType type, double spac, double angle)
 {
     m_d->fillLines.set(zthatch::HatchOrder{getLines(), type, spac, angle});
+}
+
+// What is looked at is a copy that shares its lines: the shapes themselves, some of which are of a
+// host's own making, are asked for nothing in other threads.
+void ZTShapeBase::layOutHatches(const QVector<const ZTShapeBase *> &shapes, int budgetMs)
+{
+    std::vector<zthatch::LateHatch> waiting;
+    for (const ZTShapeBase *shape : shapes) {
+        const bool isUpToDate = shape != nullptr && shape->m_d->update == 0;
+        if (isUpToDate && shape->m_d->fillLines.isWaiting())
+            waiting.push_back(shape->m_d->fillLines);
+    }
+    zthatch::lookTogether(waiting, budgetMs);
 }
