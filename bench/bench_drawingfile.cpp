@@ -19,7 +19,16 @@ namespace {
 
 constexpr double kPitchPx = 60.0;
 
-enum class Content { Rectangles, Mixed };
+enum class Content { Rectangles, Mixed, Hatched };
+
+void hatch(ZTAbstractGraphicsItem &item)
+{
+    ZTFillParam fill;
+    fill.fillType = FillType::ULine;
+    fill.spac = 0.1;
+    fill.angle = 30.0;
+    item.setFillParam(fill);
+}
 
 void fill(ZTGraphicsDocument &document, Content content, int count)
 {
@@ -35,9 +44,11 @@ void fill(ZTGraphicsDocument &document, Content content, int count)
     const int columns = static_cast<int>(std::ceil(std::sqrt(count)));
     for (int i = 0; i < count; ++i) {
         const QPoint cell(i % columns, i / columns);
-        document.itemMag()
-            ->addShape(ShapeType::Rect, QRectF(0, 0, 10, 10))
-            ->setPos(QPointF(cell) * kPitchPx);
+        ZTAbstractGraphicsItem *item =
+            document.itemMag()->addShape(ShapeType::Rect, QRectF(0, 0, 10, 10));
+        item->setPos(QPointF(cell) * kPitchPx);
+        if (content == Content::Hatched)
+            hatch(*item);
     }
 }
 
@@ -73,7 +84,8 @@ int countOf(const benchmark::State &state) { return static_cast<int>(state.range
 
 Content contentOf(const benchmark::State &state)
 {
-    return state.range(1) == 0 ? Content::Rectangles : Content::Mixed;
+    constexpr Content kContents[] = {Content::Rectangles, Content::Mixed, Content::Hatched};
+    return kContents[state.range(1)];
 }
 
 void capture(benchmark::State &state, bool withPreview)
@@ -198,6 +210,7 @@ BENCHMARK(BM_toBytes)->Apply(sizes);
 BENCHMARK(BM_write)->Apply(sizes);
 BENCHMARK(BM_read)->Apply(sizes);
 BENCHMARK(BM_apply)->Apply(sizes);
+BENCHMARK(BM_apply)->Args({10000, 2})->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(BM_open)->Apply(sizes);
 
 int main(int argc, char **argv)

@@ -30,13 +30,11 @@ public:
 
     const ZTGraphicsDocument &document() const { return m_document; }
 
-    /** Draws every shape anew, its hatches with it. */
-    void rebuild() const
+    /** Draws every shape anew at a slightly other width, its hatches with it. */
+    void rebuild(double widthShare) const
     {
-        for (const studio::ShapeItem *item : studio::shapeItemsOf(*m_document.scene())) {
-            item->getShapeBase()->setUpdate(1);
-            item->getShapeBase()->paint();
-        }
+        for (const studio::ShapeItem *item : studio::shapeItemsOf(*m_document.scene()))
+            item->getShapeBase()->setTransformParam(QTransform::fromScale(widthShare, 1.0));
     }
 
     studio::JobRequest request() const
@@ -77,8 +75,11 @@ void tell(benchmark::State &state, const jobkit::JobPlan &plan)
 void BM_Hatch(benchmark::State &state)
 {
     const Drawing drawing(state.range(0));
-    for (auto _ : state)
-        drawing.rebuild();
+    double widthShare = 1.0;
+    for (auto _ : state) {
+        widthShare = 2.0001 - widthShare; // two widths in turns
+        drawing.rebuild(widthShare);
+    }
 }
 
 void BM_Gather(benchmark::State &state)

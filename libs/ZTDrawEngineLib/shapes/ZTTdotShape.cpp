@@ -1,5 +1,6 @@
 #include <ZTDrawEngineLib/shapes/ZTTdotShape.h>
 
+#include <ZTDrawEngineLib/common/Exactly_p.h>
 #include <ZTDrawEngineLib/common/MovableText_p.h>
 #include <ZTDrawEngineLib/common/SystemText_p.h>
 
@@ -8,7 +9,6 @@
 #include <QtGui/QFontMetrics>
 
 #include <array>
-#include <cmath>
 #include <memory>
 
 namespace {
@@ -59,15 +59,6 @@ QPainterPath squares()
             path.addEllipse(circleBoxOf(kSquares[i]));
     }
     return path;
-}
-
-bool isExactly(double a, double b) { return a == b && std::signbit(a) == std::signbit(b); }
-
-/** To the bit: the operator of the class takes nearly equal ones for equal, and -0 for 0. */
-bool isExactly(const QRectF &a, const QRectF &b)
-{
-    return isExactly(a.x(), b.x()) && isExactly(a.y(), b.y()) && isExactly(a.width(), b.width()) &&
-           isExactly(a.height(), b.height());
 }
 
 QFont labelFont()

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <hostkit/items/HatchDrawer.h>
+#include <hostkit/items/HatchMemory.h>
 #include <hostkit/items/ItemExtras.h>
 
+#include <ZTDrawEngineLib/ZTDrawEngineLib.h>
+
+#include <optional>
 #include <type_traits>
-#include <utility>
 
 namespace hostkit {
 
@@ -34,7 +37,7 @@ public:
         const HatchDrawer &drawer = hatchDrawer();
         const ItemExtras extras = itemExtras(m_owner);
         if (drawer.unite != nullptr && isUnited(extras.outlineUnion))
-            this->setLines(drawer.unite(this->getLines()));
+            this->setLines(m_memory.united(drawer, this->getLines()));
         m_layers.clear();
         if (drawer.draw == nullptr || extras.hatches.isEmpty()) {
             Base::fill();
@@ -43,14 +46,12 @@ public:
         const auto hatches = hatchesOf(this->getFillParam(), extras);
         if (hatches.isEmpty())
             return;
-        std::optional<QVector<QLineF>> first;
-        if (isPlain(hatches.first())) {
-            Base::fill();
-            first = this->getFillLines();
-        }
-        HatchDrawing drawing = drawer.draw(this->getLines(), hatches, first);
-        this->setFillLines(drawing.linesPx);
-        m_layers = std::move(drawing.layers);
+        const HatchMemory::Order order{drawer, this->getLines(), this->getFillParam(), hatches,
+                                       ZTCoord::getInstance()->mm2pix(1.0)};
+        if (!m_memory.isOf(order))
+            m_memory.keep(order, drawn(order));
+        this->setFillLines(m_memory.drawing().linesPx);
+        m_layers = m_memory.drawing().layers;
     }
 
     /**
@@ -78,6 +79,16 @@ public:
     }
 
 private:
+    HatchDrawing drawn(const HatchMemory::Order &order)
+    {
+        std::optional<QVector<QLineF>> first;
+        if (isPlain(order.hatches.first())) {
+            Base::fill();
+            first = this->getFillLines();
+        }
+        return order.drawer.draw(order.outlinePx, order.hatches, first);
+    }
+
     static bool isUnited(OutlineUnion wanted)
     {
         if (wanted == OutlineUnion::OfTexts)
@@ -87,6 +98,7 @@ private:
 
     const ZTAbstractGraphicsItem &m_owner; ///< borrowed: it owns this
     QVector<HatchLayer> m_layers;
+    HatchMemory m_memory;
 };
 
 } // namespace hostkit

@@ -1,5 +1,6 @@
 #include <ZTDrawEngineLib/shapes/hatch/LateHatch_p.h>
 
+#include <ZTDrawEngineLib/common/Exactly_p.h>
 #include <ZTDrawEngineLib/shapes/hatch/HatchFill_p.h>
 #include <ZTDrawEngineLib/shapes/hatch/HatchLimits_p.h>
 
@@ -52,27 +53,7 @@ QVector<QLineF> laidOut(const HatchOrder &order)
     return hatchLines(order.outline, order.type, order.spac, order.angleDeg);
 }
 
-/** Not for -0 and 0, whose lines differ in that; what is no number is like nothing. */
-bool isExactly(double a, double b) { return a == b && std::signbit(a) == std::signbit(b); }
-
-bool isExactly(const QPainterPath::Element &a, const QPainterPath::Element &b)
-{
-    return a.type == b.type && isExactly(a.x, b.x) && isExactly(a.y, b.y);
-}
-
-/** Unlike the operator of the class, which takes nearly equal ones for equal. */
-bool isExactly(const QPainterPath &a, const QPainterPath &b)
-{
-    if (a.elementCount() != b.elementCount() || a.fillRule() != b.fillRule())
-        return false;
-    for (int i = 0; i < a.elementCount(); ++i) {
-        if (!isExactly(a.elementAt(i), b.elementAt(i)))
-            return false;
-    }
-    return true;
-}
-
-bool isExactly(const HatchOrder &a, const HatchOrder &b)
+bool isSame(const HatchOrder &a, const HatchOrder &b)
 {
     return a.type == b.type && isExactly(a.spac, b.spac) && isExactly(a.angleDeg, b.angleDeg) &&
            isExactly(a.outline, b.outline);
@@ -108,7 +89,7 @@ public:
         return m_lines;
     }
 
-    bool isOf(const HatchOrder &order) const { return isExactly(m_order, order); }
+    bool isOf(const HatchOrder &order) const { return isSame(m_order, order); }
     bool isWaiting() const { return m_isWaiting; }
     static int waitingCount() { return s_waiting; }
 

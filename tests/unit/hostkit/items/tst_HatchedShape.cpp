@@ -1,6 +1,10 @@
+#include <support/SingletonGuard.h>
+
 #include <hostkit/items/HatchedShape.h>
 
 #include <QtTest/QTest>
+
+#include <cmath>
 
 using hostkit::HatchDrawing;
 using hostkit::HatchLayer;
@@ -45,7 +49,21 @@ HatchDrawing oneLineEach(const QPainterPath &, const QVector<ShapeHatch> &hatche
     return drawing;
 }
 
-QPainterPath movedAway(const QPainterPath &outlinePx) { return outlinePx.translated(1000, 0); }
+int g_drawn = 0;
+int g_united = 0;
+
+HatchDrawing countedLines(const QPainterPath &outlinePx, const QVector<ShapeHatch> &hatches,
+                          const std::optional<QVector<QLineF>> &firstPx)
+{
+    ++g_drawn;
+    return oneLineEach(outlinePx, hatches, firstPx);
+}
+
+QPainterPath movedAway(const QPainterPath &outlinePx)
+{
+    ++g_united;
+    return outlinePx.translated(1000, 0);
+}
 
 class Owner : public ZTGraphicsRectItem
 {
@@ -117,7 +135,93 @@ private Q_SLOTS:
         QCOMPARE(m_shape->getLines().boundingRect(), before.translated(1000, 0));
     }
 
+    void filledAnewAsItWas_nothingIsDrawnAnew()
+    {
+        hostkit::setHatchDrawer({&countedLines, &movedAway});
+        giveUnited(twoHatches());
+        const QVector<QLineF> lines = m_shape->getFillLines();
+        const QPainterPath outline = m_shape->getLines();
+        const auto layers = m_shape->hatchLayers();
+        g_drawn = 0;
+        g_united = 0;
+        rebuild();
+        QCOMPARE(g_drawn, 0);
+        QCOMPARE(g_united, 0);
+        QCOMPARE(m_shape->getFillLines(), lines);
+        QCOMPARE(m_shape->getLines(), outline);
+        QCOMPARE(m_shape->hatchLayers().size(), layers.size());
+        QCOMPARE(m_shape->hatchLayers().at(1).pen, 5);
+    }
+
+    void whateverTheHatchesDependOnChanges_theyAreDrawnAnew_data()
+    {
+        QTest::addColumn<int>("change");
+        QTest::newRow("outline") << 0;
+        QTest::newRow("spacing") << 1;
+        QTest::newRow("a hatch") << 2;
+        QTest::newRow("pixels a millimetre") << 3;
+    }
+
+    void whateverTheHatchesDependOnChanges_theyAreDrawnAnew()
+    {
+        QFETCH(int, change);
+        const testsupport::SingletonGuard guard;
+        ZTCoord::getInstance()->setHeight(1000.0);
+        hostkit::setHatchDrawer({&countedLines, &movedAway});
+        giveUnited(twoHatches());
+        g_drawn = 0;
+        switch (change) {
+        case 0:
+            m_shape->getTransformParam() = QTransform::fromScale(1.0 + 1e-9, 1.0);
+            break;
+        case 1: {
+            ZTFillParam fill = m_shape->getFillParam();
+            fill.spac = std::nextafter(fill.spac, 100.0);
+            m_shape->setFillParam(fill);
+            break;
+        }
+        case 2: {
+            hostkit::ItemExtras extras = hostkit::itemExtras(*m_item);
+            extras.hatches[1].passes = 3;
+            hostkit::setItemExtras(*m_item, extras);
+            break;
+        }
+        default:
+            m_shape->setRect(QRectF());
+            m_shape->setTransformParam(QTransform::fromScale(0, 0));
+            g_drawn = 0;
+            ZTCoord::getInstance()->setHeight(500.0);
+        }
+        rebuild();
+        QCOMPARE(g_drawn, 1);
+    }
+
+    void anotherDrawer_drawsAnew()
+    {
+        hostkit::setHatchDrawer({&oneLineEach, nullptr});
+        give(twoHatches());
+        g_drawn = 0;
+        hostkit::setHatchDrawer({&countedLines, nullptr});
+        rebuild();
+        QCOMPARE(g_drawn, 1);
+    }
+
 private:
+    void giveUnited(const QVector<ShapeHatch> &hatches)
+    {
+        give(hatches);
+        hostkit::ItemExtras extras = hostkit::itemExtras(*m_item);
+        extras.outlineUnion = hostkit::OutlineUnion::Always;
+        hostkit::setItemExtras(*m_item, extras);
+        rebuild();
+    }
+
+    void rebuild()
+    {
+        m_shape->setUpdate(1);
+        m_shape->paint();
+    }
+
     static QVector<ShapeHatch> twoHatches()
     {
         ShapeHatch second;
