@@ -139,13 +139,14 @@ public:
     virtual const QVector<QLineF> &getFillLines() const;
 
     /**
-     * Lays out hatches side by side, in as many threads as there are processors, for about
-     * `budgetMs` milliseconds, so that `getFillLines` of these shapes finds its result.
+     * Lays out hatches side by side, in as many threads as there are processors, so that
+     * `getFillLines` of these shapes finds its result.
      *
      * A hatch is otherwise laid out when it is first asked for, one after the other. Nothing but
      * the time of asking changes; what is left over when the time is up is laid out as before.
      *
      * @param shapes borrowed for the call; null ones and marked ones are passed over
+     * @param budgetMs milliseconds after which no further hatch is begun
      */
     static void layOutHatches(const QVector<const ZTShapeBase *> &shapes, int budgetMs);
 
