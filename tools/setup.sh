@@ -24,6 +24,7 @@ packages_of() {
         echo librsvg2-bin hp2xx python3-ezdxf
         echo libzbar-dev libdmtx-dev
         echo zsh fish # they try what they complete
+        echo fonts-urw-base35 # letters of curves with two control points
         ;;
     check) echo git clang clang-format clang-tidy clazy libclang-rt-14-dev libomp-dev \
         libbenchmark-dev doxygen llvm-14 debootstrap lintian xz-utils abigail-tools \

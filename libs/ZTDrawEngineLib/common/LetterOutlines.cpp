@@ -1,5 +1,6 @@
 #include <ZTDrawEngineLib/common/LetterOutlines_p.h>
 
+#include <ZTDrawEngineLib/common/Exactly_p.h>
 #include <ZTDrawEngineLib/common/MovedOutline_p.h>
 
 #include <QtGui/QGlyphRun>
@@ -103,7 +104,7 @@ LetterOutlines::Letter &LetterOutlines::letterOf(QChar character)
         letter.outline = laidOut(character, {}, runs);
         letter.glyphPos = runs.first().positions().constFirst();
         letter.glyph = runs.first().glyphIndexes().constFirst();
-        letter.isFound = true;
+        letter.isFound = isMovable(letter.outline);
     }
     return *m_letters.insert(character, letter);
 }

@@ -1,5 +1,6 @@
 #include <ZTDrawEngineLib/common/MovableText_p.h>
 
+#include <ZTDrawEngineLib/common/Exactly_p.h>
 #include <ZTDrawEngineLib/common/MovedOutline_p.h>
 #include <ZTDrawEngineLib/common/SystemText_p.h>
 
@@ -25,7 +26,8 @@ ztoutline::MovableText::MovableText(const QFont &font, const QString &text)
     : m_font(font), m_text(text), m_atOrigin(laidOutAt({}))
 {
     // Between two steps, and on either side of the origin.
-    m_moves = isOneRun(font, text) && movesTo({10.3, -77.7}) && movesTo({-431.9, 44.45});
+    m_moves = isOneRun(font, text) && isMovable(m_atOrigin) && movesTo({10.3, -77.7}) &&
+              movesTo({-431.9, 44.45});
 }
 
 void ztoutline::MovableText::addTo(QPainterPath &path, const QPointF &position) const

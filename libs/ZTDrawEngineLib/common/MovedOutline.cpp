@@ -1,5 +1,7 @@
 #include <ZTDrawEngineLib/common/MovedOutline_p.h>
 
+#include <ZTDrawEngineLib/common/Exactly_p.h>
+
 #include <cmath>
 
 namespace {
@@ -17,18 +19,66 @@ QPointF toNearestStep(const QPointF &point)
             std::round(point.y() * kStepsPerPixel) / kStepsPerPixel};
 }
 
-/**
- * Adds the curve from `start` over the control points to `end`, `by` away from there.
- *
- * Letters have curves with one control point, from which the path makes two by thirds, which
- * are rounded: the one point is found again, moved, and the thirds are taken anew.
- */
-void addMovedCurve(QPainterPath &path, const QPointF &start, const QPointF &second,
-                   const QPointF &end, const QPointF &by)
+/** To the last bit, which the points' own operator does not ask for. */
+bool isSame(const QPointF &a, const QPointF &b)
 {
-    const QPointF control = toNearestStep((3 * second - end) / 2) + by;
-    const QPointF movedEnd = end + by;
-    path.cubicTo((2 * control + (start + by)) / 3, (2 * control + movedEnd) / 3, movedEnd);
+    return isExactly(a.x(), b.x()) && isExactly(a.y(), b.y());
+}
+
+bool isOnStep(const QPointF &point) { return isSame(toNearestStep(point), point); }
+
+bool isOnHalfStep(const QPointF &point) { return isOnStep(2 * point); }
+
+/** The points that make a curve: its own two control points, or both of them from one. */
+struct Curve
+{
+    QPointF start;
+    QPointF first;
+    QPointF second;
+    QPointF end;
+};
+
+Curve curveAt(const QPainterPath &outline, int i)
+{
+    return {outline.elementAt(i - 1), outline.elementAt(i), outline.elementAt(i + 1),
+            outline.elementAt(i + 2)};
+}
+
+bool hasOwnControlPoints(const Curve &curve)
+{
+    return isOnStep(curve.first) && isOnStep(curve.second);
+}
+
+/**
+ * A curve made from one control point, `by` away from there.
+ *
+ * The path takes two points by thirds from the one, which are rounded: the one is found again,
+ * moved, and the thirds are taken anew.
+ */
+Curve movedByThirds(const Curve &curve, const QPointF &by)
+{
+    const QPointF control = toNearestStep((3 * curve.second - curve.end) / 2) + by;
+    const QPointF start = curve.start + by;
+    const QPointF end = curve.end + by;
+    return {start, (2 * control + start) / 3, (2 * control + end) / 3, end};
+}
+
+Curve moved(const Curve &curve, const QPointF &by)
+{
+    if (hasOwnControlPoints(curve))
+        return {curve.start + by, curve.first + by, curve.second + by, curve.end + by};
+    return movedByThirds(curve, by);
+}
+
+bool isMovable(const Curve &curve)
+{
+    const Curve there = moved(curve, {});
+    return isSame(there.first, curve.first) && isSame(there.second, curve.second);
+}
+
+void addCurve(QPainterPath &path, const Curve &curve)
+{
+    path.cubicTo(curve.first, curve.second, curve.end);
 }
 
 } // namespace
@@ -41,6 +91,21 @@ QPointF ztoutline::onStep(const QPointF &point)
 bool ztoutline::isNear(const QPointF &point)
 {
     return std::abs(point.x()) <= kFarthestPx && std::abs(point.y()) <= kFarthestPx;
+}
+
+bool ztoutline::isMovable(const QPainterPath &outline)
+{
+    int i = 0;
+    while (i < outline.elementCount()) {
+        const bool isCurve = outline.elementAt(i).type == QPainterPath::CurveToElement;
+        if (isCurve && !::isMovable(curveAt(outline, i)))
+            return false;
+        i += isCurve ? 2 : 0; // to where it ends
+        if (!isOnHalfStep(outline.elementAt(i)))
+            return false;
+        ++i;
+    }
+    return true;
 }
 
 void ztoutline::addMoved(QPainterPath &path, const QPainterPath &outline, const QPointF &by)
@@ -57,25 +122,11 @@ void ztoutline::addMoved(QPainterPath &path, const QPainterPath &outline, const 
             break;
         case QPainterPath::CurveToElement:
             // Both points that follow belong to the curve.
-            addMovedCurve(path, outline.elementAt(i - 1), outline.elementAt(i + 1),
-                          outline.elementAt(i + 2), by);
+            addCurve(path, moved(curveAt(outline, i), by));
             i += 2;
             break;
         case QPainterPath::CurveToDataElement:
             break;
         }
     }
-}
-
-bool ztoutline::isExactly(const QPainterPath &a, const QPainterPath &b)
-{
-    if (a.elementCount() != b.elementCount())
-        return false;
-    for (int i = 0; i < a.elementCount(); ++i) {
-        const QPainterPath::Element &left = a.elementAt(i);
-        const QPainterPath::Element &right = b.elementAt(i);
-        if (left.type != right.type || left.x != right.x || left.y != right.y)
-            return false;
-    }
-    return true;
 }

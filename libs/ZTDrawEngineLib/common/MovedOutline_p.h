@@ -1,5 +1,7 @@
 #pragma once
 
+#include <ZTDrawEngineLib/common/ZTDrawEngineGlobal.h>
+
 #include <QtCore/QPointF>
 #include <QtGui/QPainterPath>
 
@@ -15,10 +17,15 @@ namespace ztoutline {
  */
 [[nodiscard]] bool isNear(const QPointF &point);
 
-/** Adds the outline of letters, `by` whole steps away from where it is. */
-void addMoved(QPainterPath &path, const QPainterPath &outline, const QPointF &by);
+/**
+ * Whether the outline is made of points on steps, or half way between, and of curves that move:
+ * with one control point on a step, from which the path made two, or with two that are on steps
+ * themselves. Fonts have either kind; those with one have points half way between two of them.
+ */
+[[nodiscard]] ZTDRAWENGINELIB_PRIVATE_EXPORT bool isMovable(const QPainterPath &outline);
 
-/** Unlike the operator of the class, which takes nearly equal ones for equal. */
-[[nodiscard]] bool isExactly(const QPainterPath &a, const QPainterPath &b);
+/** Adds the outline of letters, which is movable, `by` whole steps away from where it is. */
+ZTDRAWENGINELIB_PRIVATE_EXPORT void addMoved(QPainterPath &path, const QPainterPath &outline,
+                                             const QPointF &by);
 
 } // namespace ztoutline

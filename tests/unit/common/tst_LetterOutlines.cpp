@@ -1,6 +1,7 @@
 #include <ZTDrawEngineLib/common/LetterOutlines_p.h>
 
 #include <QtGui/QFont>
+#include <QtGui/QFontDatabase>
 #include <QtGui/QPainterPath>
 #include <QtTest/QTest>
 
@@ -45,6 +46,23 @@ QString difference(const QPainterPath &ours, const QPainterPath &plain)
 QString serialNumber(int number)
 {
     return QStringLiteral("SN-%1").arg(number, 6, 10, QLatin1Char('0'));
+}
+
+QString kindOf(const QString &file)
+{
+    return file.endsWith(QStringLiteral(".t1")) ? QStringLiteral("type1")
+                                                : QStringLiteral("opentype");
+}
+
+/** A font from a file, of the folder that the package of fonts has for its kind. */
+QFont fontFromFile(const QString &file, int pixels)
+{
+    const int id = QFontDatabase::addApplicationFont(
+        QStringLiteral("/usr/share/fonts/%1/urw-base35/%2").arg(kindOf(file), file));
+    const QStringList families = QFontDatabase::applicationFontFamilies(id);
+    QFont font(families.value(0, QStringLiteral("missing: ") + file));
+    font.setPixelSize(pixels);
+    return font;
 }
 
 QString randomText(std::mt19937 &dice)
@@ -136,6 +154,44 @@ private Q_SLOTS:
                 difference(letters.outlineOf(text, place), laidOutAt(place, font, text));
             QVERIFY2(what.isEmpty(), qPrintable(text + QStringLiteral(": ") + what));
         }
+    }
+
+    void outlineOf_fontOfCubicCurves_asThePathDoes_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<int>("pixels");
+        for (const char *file : {"C059-Roman.otf", "NimbusSans-Regular.otf",
+                                 "NimbusRoman-Italic.t1", "URWBookman-Light.t1"}) {
+            for (const int pixels : {7, 40, 53, 300})
+                QTest::addRow("%s, %d", file, pixels) << QString::fromLatin1(file) << pixels;
+        }
+    }
+
+    /** Single letters at the origin first, which are not moved. */
+    void outlineOf_fontOfCubicCurves_asThePathDoes()
+    {
+        QFETCH(QString, file);
+        QFETCH(int, pixels);
+        const QFont font = fontFromFile(file, pixels);
+        QVERIFY2(QFontInfo(font).exactMatch(), "the package fonts-urw-base35 is missing");
+        LetterOutlines letters(font);
+        std::mt19937 dice(11);
+        for (int i = 0; i < 400; ++i) {
+            const QString text =
+                i < 100 ? QString(QLatin1Char(static_cast<char>('0' + i % 75))) : randomText(dice);
+            const QPointF place = i < 200 ? QPointF() : randomPlace(dice);
+            const QString what =
+                difference(letters.outlineOf(text, place), laidOutAt(place, font, text));
+            QVERIFY2(what.isEmpty(), qPrintable(text + QStringLiteral(": ") + what));
+        }
+    }
+
+    void outlineOf_fontOfCubicCurves_laysOutFew()
+    {
+        LetterOutlines letters(fontFromFile(QStringLiteral("C059-Roman.otf"), 40));
+        for (int i = 0; i < 1000; ++i)
+            letters.outlineOf(serialNumber(i * 997), {});
+        QVERIFY2(letters.layoutCount() < 70, qPrintable(QString::number(letters.layoutCount())));
     }
 
     void outlineOf_manySerialNumbers_laysOutFew()
