@@ -146,10 +146,10 @@ void ZTAbstractGraphicsItem::paint(QPainter *painter, const QStyleOptionGraphics
     if (shape == nullptr)
         return;
     painter->setPen(penOfId(shape->getPenId()));
-    if (shape->isUpdate()) {
-        shape->paint();
+    const bool isRebuilt = shape->isUpdate();
+    shape->paint(); // of a host's shape, which may have a mark of its own, each time too
+    if (isRebuilt)
         noteChangedGeometry();
-    }
     const ZTFillParam param = shape->getFillParam();
     if (param.isEnableBorder)
         painter->drawPath(shape->getLines());
@@ -191,6 +191,8 @@ QVariant ZTAbstractGraphicsItem::itemChange(GraphicsItemChange change, const QVa
         Q_EMIT posChanged();
         updateResizeItem();
         break;
+    case ItemParentHasChanged:
+    case ItemTransformOriginPointHasChanged:
     case ItemZValueHasChanged:
     case ItemTransformHasChanged:
     case ItemRotationHasChanged:

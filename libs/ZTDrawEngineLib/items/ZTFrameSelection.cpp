@@ -1,6 +1,8 @@
 #include <ZTDrawEngineLib/items/ZTFrameSelection_p.h>
 
 #include <ZTDrawEngineLib/items/ZTSceneIndex_p.h>
+#include <ZTDrawEngineLib/shapes/OutlineChanges_p.h>
+#include <ZTDrawEngineLib/shapes/ZTShapeBase.h>
 
 #include <QtCore/QSet>
 #include <QtWidgets/QGraphicsScene>
@@ -16,6 +18,19 @@ constexpr int kManyItems = 4096;
 ZTSelectionBounds::Extent extentOf(const ZTAbstractGraphicsItem *item)
 {
     return {item->mapRectToScene(item->boundingRect()), item->zValue()};
+}
+
+/** Parents and transformations that are objects of their own move an item without a word to it. */
+bool isWatchable(const ZTAbstractGraphicsItem *item)
+{
+    return item->parentItem() == nullptr && item->transformations().isEmpty();
+}
+
+/** Whether since `count` changes the extent of no shape but that of `item` has changed. */
+bool isOnlyOneSince(quint64 count, const ZTAbstractGraphicsItem *item)
+{
+    const ZTShapeBase *shape = item->getShapeBase();
+    return ztoutlinechanges::isOnlyOneSince(count, shape != nullptr ? &shape->getLines() : nullptr);
 }
 
 QSet<const QGraphicsItem *> itemsOf(const QGraphicsScene *scene)
@@ -126,18 +141,21 @@ ZTSelectionBounds::Extent ZTFrameSelection::extentAfterChangeOf(ZTAbstractGraphi
 {
     if (m_guards.size() <= kFewItems)
         return readExtent();
-    if (m_isBoundsValid)
-        noteChange(child);
-    else
+    noteChange(child);
+    if (!m_isBoundsValid)
         readAll();
     return m_bounds.total();
 }
 
 void ZTFrameSelection::noteChange(ZTAbstractGraphicsItem *child)
 {
-    const int index = m_isBoundsValid ? m_boundsIndex.value(child, -1) : -1;
-    if (index >= 0)
-        m_bounds.replace(index, extentOf(child));
+    if (!m_isBoundsValid)
+        return;
+    m_isBoundsValid = isOnlyOneSince(m_changeCount, child) && isWatchable(child);
+    const auto found = m_boundsIndex.constFind(child);
+    if (m_isBoundsValid && found != m_boundsIndex.constEnd())
+        m_bounds.replace(*found, extentOf(child));
+    m_changeCount = ztoutlinechanges::count();
 }
 
 void ZTFrameSelection::noteGone(ZTAbstractGraphicsItem *child)
@@ -170,12 +188,15 @@ void ZTFrameSelection::readAll()
     extents.reserve(static_cast<std::size_t>(m_guards.size()));
     m_boundsIndex.clear();
     m_boundsIndex.reserve(m_guards.size());
+    bool isWatchable = true;
     for (const Guard &guard : qAsConst(m_guards)) {
         if (guard.shapeItem == nullptr || !guard.object)
             continue;
         m_boundsIndex.insert(guard.shapeItem, static_cast<int>(extents.size()));
         extents.push_back(extentOf(guard.shapeItem));
+        isWatchable = isWatchable && ::isWatchable(guard.shapeItem);
     }
     m_bounds.assign(extents);
-    m_isBoundsValid = true;
+    m_isBoundsValid = isWatchable;
+    m_changeCount = ztoutlinechanges::count();
 }

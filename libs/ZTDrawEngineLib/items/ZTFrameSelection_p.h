@@ -43,7 +43,10 @@ public:
     /** Extent of all shape items, read from each of them. */
     ZTSelectionBounds::Extent readExtent();
 
-    /** The same after a change of `child` alone, for the cost of reading one item. */
+    /**
+     * The same after a change of `child`: for the cost of reading one item, where outlines of no
+     * others have changed since.
+     */
     ZTSelectionBounds::Extent extentAfterChangeOf(ZTAbstractGraphicsItem *child);
 
     /** Takes note of a changed child for the next `extentAfterChangeOf`. */
@@ -81,6 +84,7 @@ private:
     ZTSelectionBounds m_bounds;
     QHash<const ZTAbstractGraphicsItem *, int> m_boundsIndex;
     bool m_isBoundsValid = false;
+    quint64 m_changeCount = 0; ///< of the outlines, when the bounds were last as they are
 
     std::unique_ptr<ZTCarriedItems> m_carried;
     int m_moveCount = 0; ///< of the drag under way

@@ -31,6 +31,9 @@ QString nameAt(const QVariant &index, const std::vector<std::string> &fileNames,
     return i < fileNames.size() ? nameOf(fileNames[i]) : otherwise;
 }
 
+/** A record that was read with a height of no use has none. */
+bool hasFonts(ZTShxFontParam *param) { return param->parser.getTextHeight() != 0.0; }
+
 /** Loads the pair of fonts that the record names, at its height. */
 void load(ZTShxFontParam *param)
 {
@@ -87,7 +90,7 @@ QVariant ZTShxFontPropertySetHelper::valueChanged(const QObject *object,
         edited.height = value.toDouble();
     if (edited == before)
         return {};
-    if (name == heightName())
+    if (name == heightName() && hasFonts(&edited))
         edited.parser.setTextHeight(edited.height);
     else
         load(&edited);

@@ -11,6 +11,8 @@
 
 #include <QtCore/QDataStream>
 
+#include <utility>
+
 namespace {
 
 /** Bytes of the base record where numbers keep their full width. */
@@ -57,8 +59,19 @@ ZTShapeBase::ZTShapeBase(ZTShapeBase &&other) noexcept = default;
 
 // Kept: assignment shares the record instead of copying it, so that hosts that hold a shape by
 // value can let two of them stand for one geometry. The count in the record deletes it once.
-ZTShapeBase &ZTShapeBase::operator=(const ZTShapeBase &other) = default;
-ZTShapeBase &ZTShapeBase::operator=(ZTShapeBase &&other) noexcept = default;
+ZTShapeBase &ZTShapeBase::operator=(const ZTShapeBase &other)
+{
+    m_d = other.m_d;
+    ztoutlinechanges::note(nullptr);
+    return *this;
+}
+
+ZTShapeBase &ZTShapeBase::operator=(ZTShapeBase &&other) noexcept
+{
+    m_d = std::move(other.m_d);
+    ztoutlinechanges::note(nullptr);
+    return *this;
+}
 
 ZTShapeBase::~ZTShapeBase() = default;
 

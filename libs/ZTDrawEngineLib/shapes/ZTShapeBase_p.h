@@ -1,6 +1,8 @@
 #pragma once
 
+#include <ZTDrawEngineLib/common/Exactly_p.h>
 #include <ZTDrawEngineLib/common/ZTFillParam.h>
+#include <ZTDrawEngineLib/shapes/OutlineChanges_p.h>
 #include <ZTDrawEngineLib/shapes/hatch/LateHatch_p.h>
 
 #include <QtCore/QRectF>
@@ -29,7 +31,7 @@ public:
     void setLines(const QPainterPath &outline)
     {
         lines = outline;
-        linesRect = lines.controlPointRect();
+        setLinesRect(lines.controlPointRect());
     }
 
     /** In the memory that the outline has, where nobody else looks at it. */
@@ -38,6 +40,16 @@ public:
         lines.clear();
         lines.setFillRule(Qt::OddEvenFill);
         lines.addPolygon(run);
-        linesRect = lines.controlPointRect();
+        setLinesRect(lines.controlPointRect());
+    }
+
+private:
+    void setLinesRect(const QRectF &rectPx)
+    {
+        if (isExactly(rectPx, linesRect))
+            return;
+        linesRect = rectPx;
+        // Shapes that share the record have changed all at once.
+        ztoutlinechanges::note(ref.loadRelaxed() > 1 ? nullptr : &lines);
     }
 };

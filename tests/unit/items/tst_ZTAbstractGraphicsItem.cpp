@@ -397,6 +397,29 @@ private Q_SLOTS:
         QCOMPARE(item.boundingRect(), QRectF(0, 0, 50, 50));
     }
 
+    /** Marked or not: a host's shape may know better when it has to be rebuilt. */
+    void paint_asksTheShapeToPaintEachTime()
+    {
+        struct Counted : MarkedShape
+        {
+            explicit Counted(int *painted) : paintCalls(painted) {}
+            void paint() override
+            {
+                ++*paintCalls;
+                MarkedShape::paint();
+            }
+            int *paintCalls;
+        };
+        int paintCalls = 0;
+        HostItem item(new Counted(&paintCalls));
+        painted(item);
+        QVERIFY(!item.getShapeBase()->isUpdate());
+        paintCalls = 0;
+        painted(item);
+        painted(item);
+        QCOMPARE(paintCalls, 2);
+    }
+
     void destructor_deletesTheShape()
     {
         static int alive = 0;

@@ -8,6 +8,7 @@
 #include <ZTDrawEngineLib/properties/ZTShxFontPropertySetHelper.h>
 #include <ZTDrawEngineLib/shx/ZTShxFontManager.h>
 
+#include <QtCore/QDataStream>
 #include <QtCore/QDir>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
@@ -151,6 +152,23 @@ private Q_SLOTS:
         QCOMPARE(edited.height, 35.0);
         QCOMPARE(edited.parser.getTextHeight(), 35.0);
         QVERIFY(!row->edited("height", 20.0).isValid());
+    }
+
+    /** Read with a height of no use a record has no fonts, and must not stay so for good. */
+    void height_ofARecordWithoutFonts_loadsThePair()
+    {
+        object->shxFont.height = 0.0;
+        QByteArray bytes;
+        QDataStream written(&bytes, QIODevice::WriteOnly);
+        written << object->shxFont;
+        QDataStream read(bytes);
+        read >> object->shxFont;
+        QCOMPARE(object->shxFont.parser.getTextExtent("W"), 0.0);
+
+        row->fill(helper.get(), manager.get());
+        ZTShxFontParam edited = paramOf(row->edited("height", 35.0));
+        QCOMPARE(edited.parser.getTextHeight(), 35.0);
+        QCOMPARE(edited.parser.getTextExtent("W"), 35.0);
     }
 
     void index_outsideTheList_isNoEdit()
