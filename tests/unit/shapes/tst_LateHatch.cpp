@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <thread>
 #include <vector>
@@ -360,6 +361,18 @@ private Q_SLOTS:
         shape.setRect({0, 0, 10, 11});
         shape.paint();
         QVERIFY(shape.getFillLines() != first);
+    }
+
+    void shape_paintedAnewAsItWas_keepsOneOutline()
+    {
+        ZTRectShape shape;
+        shape.setFillParam(hatchParam(0.5));
+        shape.paint();
+        const QPainterPath before = shape.getLines(); // shares its points with the hatch
+        shape.setUpdate(1);
+        shape.paint();
+        // A path is a pointer to its points.
+        QVERIFY(std::memcmp(&shape.getLines(), &before, sizeof before) == 0);
     }
 
     void layOutHatches_shapesThatArePainted_haveTheirs()

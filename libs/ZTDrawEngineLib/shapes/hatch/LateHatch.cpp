@@ -90,6 +90,7 @@ public:
     }
 
     bool isOf(const HatchOrder &order) const { return isSame(m_order, order); }
+    const QPainterPath &outline() const { return m_order.outline; }
     bool isWaiting() const { return m_isWaiting; }
     static int waitingCount() { return s_waiting; }
 
@@ -108,16 +109,22 @@ void LateHatch::set(const QVector<QLineF> &lines)
     m_layout.reset();
 }
 
-void LateHatch::set(const HatchOrder &order)
+bool LateHatch::set(const HatchOrder &order)
 {
     if (m_layout != nullptr && m_layout->isOf(order))
-        return;
+        return false;
     auto layout = std::make_shared<Layout>(order);
     // One without lines may have told why there are none, and is to tell it again next time.
     if (!isSurelyGranted(order) && layout->lines().isEmpty())
         layout.reset();
     m_layout = std::move(layout);
     m_lines = {};
+    return true;
+}
+
+const QPainterPath *LateHatch::outline() const
+{
+    return m_layout != nullptr ? &m_layout->outline() : nullptr;
 }
 
 const QVector<QLineF> &LateHatch::lines() const

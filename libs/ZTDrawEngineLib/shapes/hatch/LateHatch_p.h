@@ -42,8 +42,11 @@ public:
     /** Replaces the hatch by these lines. */
     void set(const QVector<QLineF> &lines);
 
-    /** Replaces the hatch by what `order` asks for. */
-    void set(const HatchOrder &order);
+    /** Replaces the hatch by what `order` asks for. False where it is that already. */
+    bool set(const HatchOrder &order);
+
+    /** What an order was given with, null for lines that were given. Owner: this hatch. */
+    [[nodiscard]] const QPainterPath *outline() const;
 
     /** Owner: this hatch; the reference is good until the next `set`. */
     [[nodiscard]] const QVector<QLineF> &lines() const;

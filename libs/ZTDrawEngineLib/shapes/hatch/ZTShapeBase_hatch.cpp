@@ -18,7 +18,11 @@ void ZTShapeBase::fill()
 
 void ZTShapeBase::fillULine(FillType type, double spac, double angle)
 {
-    m_d->fillLines.set(zthatch::HatchOrder{getLines(), type, spac, angle});
+    const QPainterPath &outline = getLines();
+    const bool isNew = m_d->fillLines.set(zthatch::HatchOrder{outline, type, spac, angle});
+    // Painted as before, the shape need not keep a second outline beside that of its hatch.
+    if (!isNew && &outline == &m_d->lines)
+        m_d->lines = *m_d->fillLines.outline();
 }
 
 // What is looked at is a copy that shares its lines: the shapes themselves, some of which are of a
