@@ -12,14 +12,14 @@ namespace {
 QPainterPath nullWord()
 {
     thread_local QFont drawnFont;
-    thread_local bool isDrawn = false;
+    thread_local int generation = -1; // of no font
     thread_local QPainterPath word;
     const QFont font;
-    if (!isDrawn || font != drawnFont) {
+    if (generation != ztoutline::fontGeneration() || font != drawnFont) {
         word = QPainterPath();
         ztoutline::addText(word, {10.0, 10.0}, font, QStringLiteral("null"));
         drawnFont = font;
-        isDrawn = true;
+        generation = ztoutline::fontGeneration();
     }
     return word;
 }
@@ -28,7 +28,7 @@ QPainterPath nullWord()
 bool isNoPlainFile(const QString &path)
 {
     const QFileInfo file(path);
-    return file.exists() && !file.isFile();
+    return file.exists() && !file.isFile() && !file.isDir(); // a folder is refused at once
 }
 
 } // namespace

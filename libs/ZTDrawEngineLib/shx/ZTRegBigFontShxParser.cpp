@@ -93,8 +93,6 @@ double ZTRegBigFontShxParser::drawText(ZTAbstractGlyphCallback *cb, const char *
 double ZTRegBigFontShxParser::drawText(ZTAbstractGlyphCallback *cb, const wchar_t *text, double x,
                                        double y, double wordSpan)
 {
-    if (m_regFont == nullptr || m_bigFont == nullptr)
-        return 0.0;
     return drawText(cb, ztshx::toBytes(text).c_str(), x, y, wordSpan);
 }
 

@@ -38,8 +38,8 @@ enum class SHX_TYPE {
  * Source of the format: `docs/formats/shx.md`.
  *
  * Kept: a byte or code without a glyph draws nothing and takes no room.
- * Kept: a glyph's own changes of the scale hold until the end of the drawing call, and positions
- * that glyphs pushed and did not pop stay for the next call.
+ * Kept: a glyph's own changes of the scale, and positions that it pushed and did not pop, hold
+ * until the end of the drawing call.
  * Limit: a file of 256 MiB; subshapes nested 1,000 deep (deeper ones draw nothing); 2,000,000
  * codes, arc points and name bytes a drawing call and 1,000 more for each of its characters (then
  * nothing more is drawn); 4,000,000 pushed positions (then the oldest are forgotten).

@@ -66,12 +66,13 @@ double ZTShxParser::getTextExtent(const wchar_t *text) { return drawText(nullptr
 /** Drawing units of one font unit; infinite for a font without ascender. */
 double ZTShxParser::fontScale() const { return m_textHeight / m_above; }
 
-/** Sets what every drawing call sets: scale, pen, and how much work it may be. */
+/** Sets what every drawing call sets: scale, pen, no positions, and how much work it may be. */
 void ZTShxParser::beginDrawing(double x, double y)
 {
     m_scale = fontScale();
     m_x = x;
     m_y = y;
+    m_posStack.clear();
     m_stepsLeft = kStepsPerDrawing;
     m_depth = 0;
 }

@@ -130,6 +130,7 @@ double PlainShxFont::draw(Calls *callback, const std::vector<int> &codes, double
     x = 0;
     y = 0;
     scale = height / ascender;
+    stack.clear();
     depth = 0;
     if (callback != nullptr) {
         callback->glBegin();

@@ -1,10 +1,11 @@
 #include <ZTDrawEngineLib/common/SystemText_p.h>
 
+#include <support/RenamedFont.h>
+
 #include <ZTDrawEngineLib/shapes/ZTTdotShape.h>
 #include <ZTDrawEngineLib/shapes/ZTVecGraph.h>
 #include <ZTDrawEngineLib/text/ZTShapeText.h>
 
-#include <QtCore/QFile>
 #include <QtGui/QFont>
 #include <QtGui/QFontDatabase>
 #include <QtGui/QImage>
@@ -32,23 +33,6 @@ QPainterPath plainOutlineOf(const QFont &font, const QString &text, const QPoint
     QPainterPath path;
     path.addText(position, font, text);
     return path;
-}
-
-/** A font file whose family is called otherwise; empty without the file. */
-QByteArray renamedFont(const QString &family, const QString &newFamily)
-{
-    QFile file(qEnvironmentVariable("QT_QPA_FONTDIR") + QStringLiteral("/DejaVuSansMono.ttf"));
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    const auto asInFile = [](const QString &name) {
-        QByteArray bytes; // two bytes a letter, the high one first
-        for (const QChar letter : name)
-            bytes.append(static_cast<char>(letter.row())).append(static_cast<char>(letter.cell()));
-        return bytes;
-    };
-    return file.readAll()
-        .replace(asInFile(family), asInFile(newFamily))
-        .replace(family.toLatin1(), newFamily.toLatin1());
 }
 
 QPainterPath outlineOf(const QFont &font, const QString &text)
@@ -197,7 +181,7 @@ void tst_SystemText::addText_otherPlaceAndText_areToldApart()
 void tst_SystemText::addText_fontFileGone_isLaidOutAnew()
 {
     const QString family = QStringLiteral("OwnaVu Sans Mono");
-    const QByteArray file = renamedFont(QStringLiteral("DejaVu Sans Mono"), family);
+    const QByteArray file = testsupport::renamedMonoFont(family);
     QVERIFY(!file.isEmpty());
     const QString text = QStringLiteral("Gone file");
     const int id = QFontDatabase::addApplicationFontFromData(file);

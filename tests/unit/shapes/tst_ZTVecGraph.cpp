@@ -1,3 +1,4 @@
+#include <support/RenamedFont.h>
 #include <support/SingletonGuard.h>
 #include <support/WarningGuard.h>
 
@@ -6,8 +7,11 @@
 
 #include <QtCore/QBuffer>
 #include <QtCore/QDataStream>
+#include <QtCore/QDir>
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QFont>
+#include <QtGui/QFontDatabase>
+#include <QtGui/QGuiApplication>
 #include <QtTest/QTest>
 
 #include <memory>
@@ -94,6 +98,28 @@ private Q_SLOTS:
         QVERIFY(!graph.getPath().isEmpty());
         QCOMPARE(graph.getPath(), nullWord());
         QVERIFY(!graph.getLines().isEmpty());
+    }
+
+    /** The default font may go, with its name the same. */
+    void paint_defaultFontGone_showsNullInWhatStandsIn()
+    {
+        const QFont before = QGuiApplication::font();
+        const QString family = QStringLiteral("NoneVu Sans Mono");
+        const int id =
+            QFontDatabase::addApplicationFontFromData(testsupport::renamedMonoFont(family));
+        QVERIFY(id >= 0);
+        QGuiApplication::setFont(QFont(family));
+        Graph there;
+        there.paint();
+        QCOMPARE(there.getPath(), nullWord());
+        QVERIFY(QFontDatabase::removeApplicationFont(id));
+        QGuiApplication::setFont(QFont(family)); // the former one keeps what it had loaded
+        Graph gone;
+        gone.paint();
+        const QPainterPath standsIn = nullWord();
+        QGuiApplication::setFont(before);
+        QVERIFY(there.getPath() != standsIn);
+        QCOMPARE(gone.getPath(), standsIn);
     }
 
     void setImagePath_marksAndDoesNotPaint()
@@ -335,6 +361,19 @@ private Q_SLOTS:
         QCOMPARE(restored.getImagePath(), name);
         restored.paint();
         QCOMPARE(restored.getPath(), nullWord());
+    }
+
+    void load_pathOfAFolder_isToldAsOfAnyFileThatCannotBeOpened()
+    {
+        testsupport::WarningGuard warnings;
+        QByteArray bytes;
+        QDataStream stream(&bytes, QIODevice::WriteOnly);
+        stream << QDir::tempPath();
+        Graph graph;
+        QVERIFY(loaded(graph, bytes));
+        const QStringList messages = warnings.take();
+        QCOMPARE(messages.size(), 1);
+        QVERIFY(messages.first().startsWith(QStringLiteral("file open failed...")));
     }
 
     void load_damagedStream_isTrueAndHarmless()

@@ -302,6 +302,8 @@ private Q_SLOTS:
             stdoutOf([&] { pair.drawText(&recorder, L"A\u4F60", 0.0, 0.0, 0.0); });
         QCOMPARE(output, QByteArray("convert error!\n"));
         QVERIFY(nearCalls(recorder, QStringLiteral("B 0,0 E")));
+        ZTRegBigFontShxParser empty;
+        QCOMPARE(stdoutOf([&] { empty.drawText(nullptr, L"\u4F60", 0.0, 0.0, 0.0); }), output);
     }
 
     void drawText_unifontInAPair_getsByteCodes()

@@ -172,13 +172,14 @@ private Q_SLOTS:
         QCOMPARE(parser.getTextExtent("A"), 3.0);
     }
 
-    void positionStack_isNotEmptiedBetweenCalls()
+    void positionStack_runsOnFromGlyphToGlyph_andNotToTheNextCall()
     {
         ShxWriter writer;
         writer.glyphs = {{65, bytes({0x50, 5}), {}}, {66, bytes({6, 0x10}), {}}};
         ZTShxParser parser = load(writer.shapes());
+        QCOMPARE(parser.getTextExtent("AB"), 6.0);
+        QCOMPARE(parser.getTextExtent("ABB"), 7.0);
         QCOMPARE(parser.getTextExtent("A"), 5.0);
-        QCOMPARE(parser.getTextExtent("B"), 6.0);
         QCOMPARE(parser.getTextExtent("B"), 1.0);
     }
 

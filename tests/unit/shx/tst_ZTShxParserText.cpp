@@ -102,6 +102,23 @@ private Q_SLOTS:
         QCOMPARE(parser.getTextExtent(L"AB"), 3.0);
     }
 
+    /** A glyph that pops what no glyph of this call has pushed draws nothing. */
+    void positionsOfTheCallBefore_areGone()
+    {
+        ShxWriter writer;
+        writer.glyphs = {{0x41, bytes({0x05, 0x50}), {}}, {0x42, bytes({0x06, 0x10}), {}}};
+        for (const QByteArray &file : {writer.shapes(), writer.bigfont(), writer.unifont()}) {
+            ZTShxParser parser = load(file);
+            parser.drawText(nullptr, "A", 100.0, 7.0);
+            ShxRecorder recorder;
+            QCOMPARE(parser.drawText(&recorder, "B", 0.0, 0.0), 1.0);
+            QVERIFY(nearCalls(recorder, QStringLiteral("B 0,0 1,0 E")));
+
+            parser.resetNextGlyph();
+            QVERIFY(walk(parser).endsWith(QStringLiteral("E B 0,0 5,0 | E B 0,0 1,0")));
+        }
+    }
+
     void next_isNeverCalled_data() { forms(); }
     void next_isNeverCalled()
     {
