@@ -394,7 +394,7 @@ bool ForeignFiles::describe(const InputFiles &files)
     if (!drawing.producer.isEmpty())
         printRow(tr("Written by:"), shown(drawing.producer));
     printRow(tr("Unit:"), tr("%1 mm. %2").arg(drawing.unitMm).arg(drawing.sizeReason));
-    const QSizeF sizeMm = drawing.boundsMm().size();
+    const QSizeF sizeMm = hostkit::arrivingBoxMm(drawing).size();
     printRow(tr("Size:"), tr("%1 x %2 mm").arg(rounded(sizeMm.width()), rounded(sizeMm.height())));
     if (!drawing.declaredSizeMm.isEmpty())
         printRow(tr("Sheet:"), tr("%1 x %2 mm")

@@ -1,12 +1,11 @@
 #include <hostkit/import/DrawingImport.h>
 
 #include <hostkit/import/ImportParts_p.h>
+#include <hostkit/import/ImportText_p.h>
 #include <hostkit/items/GraphicItems.h>
 #include <hostkit/items/ItemExtras.h>
 
 #include <vectorkit/edit/PainterPaths.h>
-
-#include <QtGui/QFontMetricsF>
 
 #include <algorithm>
 #include <cmath>
@@ -21,8 +20,6 @@ using vectorkit::VectorLayer;
 using vectorkit::VectorPath;
 using vectorkit::VectorShape;
 using vectorkit::VectorText;
-
-constexpr int kFontPx = 100;
 
 /** Of the time: to take the drawing apart. */
 constexpr double kPartsShare = 0.2;
@@ -84,6 +81,13 @@ QRectF extentMm(const VectorDrawing &drawing)
             corners << text.positionMm;
     }
     return corners.boundingRect();
+}
+
+/** Not united(): it ignores boxes without a width or height. */
+QRectF boxAround(const QRectF &a, const QRectF &b)
+{
+    return QRectF(QPointF(std::min(a.left(), b.left()), std::min(a.top(), b.top())),
+                  QPointF(std::max(a.right(), b.right()), std::max(a.bottom(), b.bottom())));
 }
 
 /** Brings the parts and texts of one drawing into a document. */
@@ -210,42 +214,24 @@ private:
 
     void addText(const VectorText &text, int layer)
     {
-        QFont font;
-        if (!text.fontFamily.isEmpty())
-            font.setFamily(text.fontFamily);
-        font.setPixelSize(kFontPx);
-        QPainterPath letters;
-        letters.addText(0.0, 0.0, font, text.text);
-        const QFontMetricsF metrics(font);
-        if (letters.isEmpty() || !(metrics.capHeight() > 0.0) || !(text.heightMm > 0.0))
+        const ImportText wanted = importText(text);
+        if (wanted.lettersMm.isEmpty())
             return;
         auto *item = qobject_cast<ZTGraphicsTextItem *>(
             m_document.itemMag()->addShape(ShapeType::Text, {0, 0, 10, 10}));
         if (item == nullptr)
             return;
-        const double size = text.heightMm / metrics.capHeight();
-        QTransform form(1.0, 0.0, -std::tan(text.slantDeg * M_PI / 180.0), 1.0, 0.0, 0.0);
-        form = QTransform::fromScale(size * text.widthFactor, size) * form;
-        form *= QTransform::fromScale(text.isMirrored ? -1.0 : 1.0, 1.0);
-        QTransform turned;
-        turned.rotate(-text.angleDeg);
-        form *= turned;
-        item->setFont(font);
+        item->setFont(wanted.font);
         item->setFontType(FontType::doubleLine);
         item->setFixedText(text.text);
-        item->setTransformParam(form);
+        item->setTransformParam(wanted.form);
         item->setPenId(text.pen > 0 ? text.pen : penForColor(text.color, m_options.pens));
         // The library lays out a text by its own rule: what counts is where its letters come to.
-        const double advance = metrics.horizontalAdvance(text.text);
-        const double shift = text.anchor == vectorkit::TextAnchor::Left     ? 0.0
-                             : text.anchor == vectorkit::TextAnchor::Middle ? -advance / 2.0
-                                                                            : -advance;
-        letters.translate(shift, 0.0);
-        const QTransform toPx = ZTCoord::getInstance()->getMm2pixTransform();
-        const QPointF placeMm = text.positionMm + m_result.shiftMm;
-        const QTransform place = form * QTransform::fromTranslate(placeMm.x(), placeMm.y()) * toPx;
+        const QTransform place =
+            QTransform::fromTranslate(m_result.shiftMm.x(), m_result.shiftMm.y()) *
+            ZTCoord::getInstance()->getMm2pixTransform();
         QRectF wantedPx;
-        for (const QPolygonF &polygon : letters.toSubpathPolygons(place))
+        for (const QPolygonF &polygon : wanted.lettersMm.toSubpathPolygons(place))
             wantedPx |= polygon.boundingRect();
         item->setPos(wantedPx.center() - item->getShapeBase()->getLines().boundingRect().center());
         nameItem(*item, QString(), layer);
@@ -262,11 +248,7 @@ private:
             if (boxPx.isNull()) {
                 boxPx = linesPx;
             } else {
-                // Not united(): it ignores boxes without a width or height.
-                boxPx = QRectF(QPointF(std::min(boxPx.left(), linesPx.left()),
-                                       std::min(boxPx.top(), linesPx.top())),
-                               QPointF(std::max(boxPx.right(), linesPx.right()),
-                                       std::max(boxPx.bottom(), linesPx.bottom())));
+                boxPx = boxAround(boxPx, linesPx);
             }
         }
         const QPointF wayPx =
@@ -294,11 +276,8 @@ void stretch(VectorDrawing *drawing, double scaleX, double scaleY)
             for (VectorPath &path : shape.paths)
                 path = path.transformed(larger);
         }
-        for (VectorText &text : layer.texts) {
-            text.positionMm = larger.map(text.positionMm);
-            text.heightMm *= scaleY;
-            text.widthFactor *= scaleX / scaleY;
-        }
+        for (VectorText &text : layer.texts)
+            stretchText(&text, larger);
     }
     drawing->declaredSizeMm =
         QSizeF(drawing->declaredSizeMm.width() * scaleX, drawing->declaredSizeMm.height() * scaleY);
@@ -350,9 +329,27 @@ int penForColor(const QColor &color, const QMap<QRgb, int> &pens)
     return nearest;
 }
 
+QRectF arrivingBoxMm(const VectorDrawing &drawing)
+{
+    QRectF boxMm = drawing.boundsMm();
+    bool isFirst = drawing.pathCount() == 0;
+    for (const VectorLayer &layer : drawing.layers) {
+        for (const VectorText &text : layer.texts) {
+            const QPainterPath letters = importText(text).lettersMm;
+            if (letters.isEmpty())
+                continue;
+            boxMm = isFirst ? letters.boundingRect() : boxAround(boxMm, letters.boundingRect());
+            isFirst = false;
+        }
+    }
+    return boxMm;
+}
+
+QPainterPath arrivingLettersMm(const VectorText &text) { return importText(text).lettersMm; }
+
 bool fitDrawing(VectorDrawing *drawing, const QSizeF &sizeMm)
 {
-    const QRectF box = drawing->boundsMm();
+    const QRectF box = arrivingBoxMm(*drawing);
     const bool hasWidth = sizeMm.width() > 0.0;
     const bool hasHeight = sizeMm.height() > 0.0;
     if (!hasWidth && !hasHeight)

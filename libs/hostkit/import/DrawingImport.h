@@ -5,6 +5,7 @@
 #include <vectorkit/VectorDrawing.h>
 
 #include <QtCore/QMap>
+#include <QtGui/QPainterPath>
 
 #include <functional>
 #include <optional>
@@ -74,7 +75,21 @@ QColor screenPenColor(int pen);
 int penForColor(const QColor &color, const QMap<QRgb, int> &pens);
 
 /**
- * Stretches a drawing so that the box of its paths gets this size. A width or height that is not
+ * Box of all that comes in: of the paths, and of the texts' letters as the document lays them out;
+ * null for a drawing of neither.
+ *
+ * Frame: millimetres of the drawing. Order: GUI thread, as fonts are asked.
+ */
+QRectF arrivingBoxMm(const vectorkit::VectorDrawing &drawing);
+
+/**
+ * The outlines of a text's letters, where they come in; empty for a text that does not, as one of
+ * spaces alone. Frame, Order: as `arrivingBoxMm`.
+ */
+QPainterPath arrivingLettersMm(const vectorkit::VectorText &text);
+
+/**
+ * Stretches a drawing so that `arrivingBoxMm` gets this size. A width or height that is not
  * above 0 follows the other one; with neither above 0, or without a box, nothing changes.
  *
  * Failure: false, and no change, where the box has no extent in a direction that is asked for, or
