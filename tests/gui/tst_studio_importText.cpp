@@ -1,6 +1,7 @@
 #include "TextWindow.h"
 
 #include <studio/import/ImportDialog.h>
+#include <studio/import/ImportPicture.h>
 
 #include <QtCore/QSettings>
 
@@ -12,6 +13,19 @@ QByteArray sheet(const QByteArray &content)
     return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"100mm\" height=\"100mm\" "
            "viewBox=\"0 0 100 100\">" +
            content + "</svg>";
+}
+
+/** Box of what is dark, the frame of the picture apart. */
+QRect inkOf(const QImage &image)
+{
+    QRect ink;
+    for (int y = 2; y < image.height() - 2; ++y) {
+        for (int x = 2; x < image.width() - 2; ++x) {
+            if (image.pixelColor(x, y).lightness() < 128)
+                ink |= QRect(x, y, 1, 1);
+        }
+    }
+    return ink;
 }
 
 } // namespace
@@ -63,6 +77,31 @@ private Q_SLOTS:
         QVERIFY(size(dialog, "importHeight")->value() > 1.0);
         import(dialog);
         QVERIFY2(qAbs(widthOfAllMm() - 33.0) < 0.005, qPrintable(QString::number(widthOfAllMm())));
+    }
+
+    void picture_showsTextsWhole_inTheMiddle_data()
+    {
+        QTest::addColumn<QByteArray>("anchor");
+        QTest::newRow("to the right of its place") << QByteArray("start");
+        QTest::newRow("to the left of its place") << QByteArray("end");
+    }
+
+    void picture_showsTextsWhole_inTheMiddle()
+    {
+        QFETCH(QByteArray, anchor);
+        studio::ImportDialog *dialog =
+            offer(sheet("<rect x=\"49\" y=\"45\" width=\"2\" height=\"2\" fill=\"none\" "
+                        "stroke=\"black\"/><text x=\"50\" y=\"50\" font-size=\"8\" "
+                        "font-family=\"DejaVu Sans\" text-anchor=\"" +
+                        anchor + "\">SERIAL NUMBER</text>"));
+        const QImage image = dialog->findChild<studio::ImportPicture *>()->grab().toImage();
+        const QRect ink = inkOf(image);
+        // As wide as its margin of 8 pixels leaves room.
+        QVERIFY2(qAbs(ink.left() - 8) <= 2, qPrintable(QString::number(ink.left())));
+        QVERIFY2(qAbs(image.width() - 1 - ink.right() - 8) <= 2,
+                 qPrintable(QString::number(ink.right())));
+        QVERIFY2(qAbs(ink.center().y() - image.height() / 2) <= 2,
+                 qPrintable(QString::number(ink.center().y())));
     }
 
 private:
