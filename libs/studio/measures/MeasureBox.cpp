@@ -4,6 +4,7 @@
 
 #include <QtCore/QEvent>
 #include <QtCore/QSignalBlocker>
+#include <QtCore/QTimer>
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QLineEdit>
 
@@ -169,6 +170,16 @@ void MeasureBox::focusOutEvent(QFocusEvent *event)
 void MeasureBox::hideEvent(QHideEvent *event)
 {
     QDoubleSpinBox::hideEvent(event);
+    if (window()->isVisible()) {
+        takeBackWrong();
+        return;
+    }
+    // A window that goes may be on its way out, with those who listen here gone before it.
+    QTimer::singleShot(0, this, &MeasureBox::takeBackWrong);
+}
+
+void MeasureBox::takeBackWrong()
+{
     if (!m_fault.isEmpty())
         takeBack();
 }

@@ -70,6 +70,7 @@ private:
     void takeUnit();
     void check();
     void takeBack();
+    void takeBackWrong();
     void goBack();
     void keepAsEntered();
     bool isShown(const QString &text) const;
