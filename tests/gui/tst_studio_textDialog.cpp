@@ -207,6 +207,50 @@ private Q_SLOTS:
         QVERIFY(!item->font().italic());
     }
 
+    void missingFamily_showsByItsName_andStaysUnlessAnotherIsChosen()
+    {
+        const QString missing = QStringLiteral("No Such Family");
+        item->setFont(QFont(missing));
+        const TextState before(*item);
+        QVERIFY(studio->openDialog(Font));
+        auto *family = studio->box<QFontComboBox>("family");
+        const auto *note = studio->box<QLabel>("familyMissing");
+        const QString standIn = QFontInfo(QFont(missing)).family();
+        QCOMPARE(family->currentText(), missing);
+        QVERIFY(note->isVisible());
+        QCOMPARE(note->text(),
+                 QStringLiteral("\"%1\" is not installed here; \"%2\" stands in for it.")
+                     .arg(missing, standIn));
+        studio->check("bold");
+        QTRY_VERIFY(item->font().bold());
+        QCOMPARE(item->font().family(), missing);
+        studio->check("bold");
+        QTRY_VERIFY(TextState(*item) == before);
+
+        // What stands in for it can be chosen: then it is the text's own.
+        family->setFocus();
+        family->lineEdit()->selectAll();
+        QTest::keyClicks(family, standIn);
+        TextWindow::key(family, Qt::Key_Return);
+        QTRY_COMPARE(item->font().family(), standIn);
+        QVERIFY(!note->isVisible());
+        QCOMPARE(family->currentText(), standIn);
+        studio->close(kOk);
+        QCOMPARE(studio->stack().count(), 1);
+        QVERIFY(studio->run("edit.undo"));
+        QVERIFY(TextState(*item) == before);
+    }
+
+    void missingFamily_takesAnotherFromTheList()
+    {
+        item->setFont(QFont(QStringLiteral("No Such Family")));
+        QVERIFY(studio->openDialog(Font));
+        auto *family = studio->box<QFontComboBox>("family");
+        TextWindow::key(family, Qt::Key_Down);
+        QTRY_COMPARE(item->font().family(), family->itemText(0));
+        QVERIFY(!studio->box<QLabel>("familyMissing")->isVisible());
+    }
+
     void arc_takesStartSpanAndDiameter()
     {
         QVERIFY(studio->openDialog(Font));

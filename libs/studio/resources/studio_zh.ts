@@ -1378,6 +1378,13 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     </message>
 </context>
 <context>
+    <name>studio::FontOffers</name>
+    <message>
+        <source>&quot;%1&quot; is not installed here; &quot;%2&quot; stands in for it.</source>
+        <translation>这里没有安装“%1”，由“%2”代替。</translation>
+    </message>
+</context>
+<context>
     <name>studio::FontPage</name>
     <message>
         <source> %</source>
