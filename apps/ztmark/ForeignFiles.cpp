@@ -210,8 +210,10 @@ bool readForeign(const InputFiles &files, const std::string &name,
     if (!files.read(name, &bytes))
         return false;
     vectorkit::ReadFailure failure;
-    if (vectorkit::readDrawing(bytes, how, drawing, &failure))
+    if (vectorkit::readDrawing(bytes, how, drawing, &failure)) {
+        hostkit::noteMissingFonts(drawing);
         return true;
+    }
     console::complain(name, failure.advice.isEmpty()
                                 ? failure.reason
                                 : failure.reason + QLatin1Char(' ') + failure.advice);

@@ -79,6 +79,17 @@ private Q_SLOTS:
         QVERIFY2(qAbs(widthOfAllMm() - 33.0) < 0.005, qPrintable(QString::number(widthOfAllMm())));
     }
 
+    void missingFont_isSaidInTheReport()
+    {
+        studio::ImportDialog *dialog = offer(sheet("<text x=\"12\" y=\"28\" font-size=\"10\" "
+                                                   "font-family=\"No Such Family\">WM</text>"));
+        const auto *notes = dialog->findChild<QListWidget *>(QStringLiteral("importNotes"));
+        QCOMPARE(notes->count(), 1);
+        QVERIFY2(notes->item(0)->text().startsWith(
+                     QStringLiteral("changed: font \"No Such Family\", which is not installed")),
+                 qPrintable(notes->item(0)->text()));
+    }
+
     void picture_showsTextsWhole_inTheMiddle_data()
     {
         QTest::addColumn<QByteArray>("anchor");

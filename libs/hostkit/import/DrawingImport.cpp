@@ -4,8 +4,12 @@
 #include <hostkit/import/ImportText_p.h>
 #include <hostkit/items/GraphicItems.h>
 #include <hostkit/items/ItemExtras.h>
+#include <hostkit/text/FontPresence.h>
 
 #include <vectorkit/edit/PainterPaths.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtGui/QFontInfo>
 
 #include <algorithm>
 #include <cmath>
@@ -20,6 +24,11 @@ using vectorkit::VectorLayer;
 using vectorkit::VectorPath;
 using vectorkit::VectorShape;
 using vectorkit::VectorText;
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(hostkit::DrawingImport)
+};
 
 /** Of the time: to take the drawing apart. */
 constexpr double kPartsShare = 0.2;
@@ -346,6 +355,23 @@ QRectF arrivingBoxMm(const VectorDrawing &drawing)
 }
 
 QPainterPath arrivingLettersMm(const VectorText &text) { return importText(text).lettersMm; }
+
+void noteMissingFonts(VectorDrawing *drawing)
+{
+    QMap<QString, int> texts;
+    for (const VectorLayer &layer : qAsConst(drawing->layers)) {
+        for (const VectorText &text : layer.texts)
+            ++texts[text.fontFamily];
+    }
+    for (auto family = texts.constBegin(); family != texts.constEnd(); ++family) {
+        if (family.key().isEmpty() || hasSystemFont(family.key()))
+            continue;
+        drawing->note(vectorkit::VectorNote::Kind::Changed,
+                      Texts::tr("font \"%1\", which is not installed here: \"%2\" stands in for it")
+                          .arg(family.key(), QFontInfo(QFont(family.key())).family()),
+                      QString(), family.value());
+    }
+}
 
 bool fitDrawing(VectorDrawing *drawing, const QSizeF &sizeMm)
 {

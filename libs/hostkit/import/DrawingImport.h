@@ -89,6 +89,12 @@ QRectF arrivingBoxMm(const vectorkit::VectorDrawing &drawing);
 QPainterPath arrivingLettersMm(const vectorkit::VectorText &text);
 
 /**
+ * Notes each font of a drawing's texts that is not installed here, with how many texts name it and
+ * what stands in for it. The texts keep the name. Order: as `arrivingBoxMm`.
+ */
+void noteMissingFonts(vectorkit::VectorDrawing *drawing);
+
+/**
  * Stretches a drawing so that `arrivingBoxMm` gets this size. A width or height that is not
  * above 0 follows the other one; with neither above 0, or without a box, nothing changes.
  *

@@ -121,6 +121,7 @@ private Q_SLOTS:
     void arrivingBox_isThatOfWhatCameIn_data();
     void arrivingBox_isThatOfWhatCameIn();
     void arrivingBox_ofSpacesAlone_isNull();
+    void missingFonts_areNotedByName();
     void fit_oneSide_keepsTheForm();
     void fit_bothSides_stretches();
     void fit_countsTexts_data();
@@ -592,6 +593,27 @@ void tst_DrawingImport::arrivingBox_ofSpacesAlone_isNull()
     VectorDrawing both = plate();
     both.layers << drawing.layers;
     COMPARE_BOX(hostkit::arrivingBoxMm(both), QRectF(0, 10, 90, 50), 1e-9);
+}
+
+void tst_DrawingImport::missingFonts_areNotedByName()
+{
+    VectorDrawing drawing = plate();
+    VectorText text = word({5, 5});
+    drawing.layers[0].texts << text; // without a font of its own
+    text.fontFamily = QFontInfo(QFont()).family();
+    drawing.layers[0].texts << text;
+    text.fontFamily = QStringLiteral("No Such Family");
+    drawing.layers[0].texts << text;
+    drawing.layers[1].texts << text;
+    hostkit::noteMissingFonts(&drawing);
+    QCOMPARE(drawing.notes.size(), 1);
+    const vectorkit::VectorNote &note = drawing.notes.first();
+    QCOMPARE(note.kind, vectorkit::VectorNote::Kind::Changed);
+    QCOMPARE(note.count, qint64(2));
+    QCOMPARE(note.what, QStringLiteral("font \"No Such Family\", which is not installed here: "
+                                       "\"%1\" stands in for it")
+                            .arg(QFontInfo(QFont(QStringLiteral("No Such Family"))).family()));
+    QCOMPARE(drawing.layers[1].texts.first().fontFamily, QStringLiteral("No Such Family"));
 }
 
 void tst_DrawingImport::fit_countsTexts_data() { addWords(); }
