@@ -7,6 +7,7 @@
 #include <studio/drawing/RecoveryDialog.h>
 #include <studio/drawing/RecoveryStore.h>
 #include <studio/import/ImportDialog.h>
+#include <studio/preferences/PreferenceTools.h>
 #include <studio/program/Messages.h>
 
 #include <hostkit/drawing/DrawingCapture.h>
@@ -67,6 +68,26 @@ private Q_SLOTS:
         QCOMPARE(plate[1], QLocale().toString(kNoon.toLocalTime(), QLocale::ShortFormat) +
                                QStringLiteral(", shapes: 2"));
         QCOMPARE(plate[2], studio->path("plate.ztd"));
+    }
+
+    void leftBehind_isDatedInTheLanguageOfTheTexts()
+    {
+        leave({}, 1, kNoon);
+        guard();
+        studio::PreferenceEdit edit;
+        edit.drawing = edit.user.newDrawing;
+        edit.language = studio::LanguageChoice::Chinese;
+        studio->window->preferences().apply(edit);
+        const QString when = QLocale(QLocale::Chinese, QLocale::China)
+                                 .toString(kNoon.toLocalTime(), QLocale::ShortFormat);
+        const QString expected = when + QString::fromUtf8("，图形：1");
+        QTRY_COMPARE(list()->topLevelItem(0)->text(0).section(QLatin1Char('\n'), 1), expected);
+        QVERIFY(!when.contains(QLatin1String("May")));
+        edit.language = studio::LanguageChoice::English;
+        studio->window->preferences().apply(edit);
+        QTRY_VERIFY(list()->topLevelItem(0)->text(0).endsWith(QStringLiteral(", shapes: 1")));
+        QVERIFY(list()->topLevelItem(0)->text(0).contains(
+            QLocale().toString(kNoon.toLocalTime(), QLocale::ShortFormat)));
     }
 
     void recovered_isModifiedAndSavesToItsFile()

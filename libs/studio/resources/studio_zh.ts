@@ -1855,7 +1855,7 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <name>studio::RecoveryDialog</name>
     <message>
         <source>%1, shapes: %L2</source>
-        <translation>%1,图形：%L2</translation>
+        <translation>%1，图形：%L2</translation>
     </message>
     <message>
         <source>&amp;Close</source>
