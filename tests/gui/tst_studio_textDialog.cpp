@@ -251,6 +251,34 @@ private Q_SLOTS:
         QVERIFY(!studio->box<QLabel>("familyMissing")->isVisible());
     }
 
+    void wrongNumber_saysWhy_andLeavesNoOk()
+    {
+        QVERIFY(studio->openDialog(Font));
+        const auto *reason = studio->box<QLabel>("faultLabel");
+        const auto *ok = studio->dialog()->findChild<QDialogButtonBox *>()->button(kOk);
+        QVERIFY(ok->isEnabled());
+        QCOMPARE(reason->text(), QString());
+        const int okTop = ok->y();
+        studio->enter("height", "0");
+        QVERIFY2(reason->isVisible() && reason->text().startsWith(QStringLiteral(
+                                            "Too small. Permitted: 0.01 to 10000 mm")),
+                 qPrintable(reason->text()));
+        QVERIFY(!ok->isEnabled());
+        QCOMPARE(ok->y(), okTop);
+        studio->enter("height", "x");
+        QVERIFY(reason->text().startsWith(QStringLiteral("\"x\" makes no sense here")));
+        studio->enter("height", "12");
+        QCOMPARE(reason->text(), QString());
+        QVERIFY(ok->isEnabled());
+
+        // On another page nobody would look for it.
+        studio->enter("height", "0");
+        QVERIFY(!ok->isEnabled());
+        studio->dialog()->findChild<QTabWidget *>(QStringLiteral("tabs"))->setCurrentIndex(Words);
+        QTRY_VERIFY(ok->isEnabled());
+        QCOMPARE(reason->text(), QString());
+    }
+
     void arc_takesStartSpanAndDiameter()
     {
         QVERIFY(studio->openDialog(Font));

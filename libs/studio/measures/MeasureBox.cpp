@@ -2,7 +2,7 @@
 
 #include <studio/choices/Units.h>
 
-#include <QtCore/QEvent>
+#include <QtCore/QCoreApplication>
 #include <QtCore/QSignalBlocker>
 #include <QtCore/QTimer>
 #include <QtGui/QKeyEvent>
@@ -82,6 +82,12 @@ QString MeasureBox::faultIn(const QWidget &window)
 {
     const MeasureBox *wrong = wrongIn(window);
     return wrong != nullptr ? wrong->fault() : QString();
+}
+
+QEvent::Type MeasureBox::faultEvent()
+{
+    static const int kType = QEvent::registerEventType();
+    return static_cast<QEvent::Type>(kType);
 }
 
 /** Whether a text is no entry: what was given may even lie outside the range. */
@@ -257,6 +263,8 @@ void MeasureBox::setFault(const QString &reason)
     setAccessibleDescription(reason);
     MeasureField::colourFault(*this, !reason.isEmpty());
     Q_EMIT faultChanged(reason);
+    QEvent told(faultEvent());
+    QCoreApplication::sendEvent(window(), &told);
 }
 
 } // namespace studio
