@@ -85,6 +85,10 @@ private Q_SLOTS:
                                                    "font-family=\"No Such Family\">WM</text>"));
         const auto *notes = dialog->findChild<QListWidget *>(QStringLiteral("importNotes"));
         QCOMPARE(notes->count(), 1);
+        // Wrapped, so that all of it is in sight.
+        const QRect place = notes->visualItemRect(notes->item(0));
+        QVERIFY(place.width() <= notes->viewport()->width());
+        QVERIFY(place.height() >= 2 * notes->fontMetrics().lineSpacing());
         QVERIFY2(notes->item(0)->text().startsWith(
                      QStringLiteral("changed: font \"No Such Family\", which is not installed")),
                  qPrintable(notes->item(0)->text()));

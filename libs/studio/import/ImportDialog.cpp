@@ -137,6 +137,9 @@ void ImportDialog::fillNotes()
 {
     m_notes->setObjectName(QStringLiteral("importNotes"));
     m_notes->setMaximumHeight(kListPx);
+    m_notes->setWordWrap(true);
+    m_notes->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_notes->setResizeMode(QListView::Adjust);
     for (const vectorkit::VectorNote &note : qAsConst(m_found.notes))
         m_notes->addItem(noteText(note));
     if (m_found.notes.isEmpty())
