@@ -338,23 +338,23 @@ int penForColor(const QColor &color, const QMap<QRgb, int> &pens)
     return nearest;
 }
 
-QRectF arrivingBoxMm(const VectorDrawing &drawing)
+QRectF arrivingBoxMm(const VectorDrawing &drawing, QVector<QPainterPath> *letters)
 {
     QRectF boxMm = drawing.boundsMm();
     bool isFirst = drawing.pathCount() == 0;
     for (const VectorLayer &layer : drawing.layers) {
         for (const VectorText &text : layer.texts) {
-            const QPainterPath letters = importText(text).lettersMm;
-            if (letters.isEmpty())
+            const QPainterPath outlines = importText(text).lettersMm;
+            if (letters != nullptr)
+                letters->append(outlines);
+            if (outlines.isEmpty())
                 continue;
-            boxMm = isFirst ? letters.boundingRect() : boxAround(boxMm, letters.boundingRect());
+            boxMm = isFirst ? outlines.boundingRect() : boxAround(boxMm, outlines.boundingRect());
             isFirst = false;
         }
     }
     return boxMm;
 }
-
-QPainterPath arrivingLettersMm(const VectorText &text) { return importText(text).lettersMm; }
 
 void noteMissingFonts(VectorDrawing *drawing)
 {

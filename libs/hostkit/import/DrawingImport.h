@@ -76,17 +76,13 @@ int penForColor(const QColor &color, const QMap<QRgb, int> &pens);
 
 /**
  * Box of all that comes in: of the paths, and of the texts' letters as the document lays them out;
- * null for a drawing of neither.
+ * null for a drawing of neither. `letters` (may be null) gets the outlines of each text's letters
+ * in the order of layers and texts, empty for a text that does not come in, as one of spaces alone.
  *
  * Frame: millimetres of the drawing. Order: GUI thread, as fonts are asked.
  */
-QRectF arrivingBoxMm(const vectorkit::VectorDrawing &drawing);
-
-/**
- * The outlines of a text's letters, where they come in; empty for a text that does not, as one of
- * spaces alone. Frame, Order: as `arrivingBoxMm`.
- */
-QPainterPath arrivingLettersMm(const vectorkit::VectorText &text);
+QRectF arrivingBoxMm(const vectorkit::VectorDrawing &drawing,
+                     QVector<QPainterPath> *letters = nullptr);
 
 /**
  * Notes each font of a drawing's texts that is not installed here, with how many texts name it and

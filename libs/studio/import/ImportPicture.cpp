@@ -39,7 +39,8 @@ void ImportPicture::show(const vectorkit::VectorDrawing &drawing)
     m_parts.clear();
     m_texts.clear();
     m_endsMm.clear();
-    m_boxMm = hostkit::arrivingBoxMm(drawing);
+    QVector<QPainterPath> letters;
+    m_boxMm = hostkit::arrivingBoxMm(drawing, &letters);
     for (const vectorkit::VectorLayer &layer : drawing.layers) {
         for (const vectorkit::VectorShape &shape : layer.shapes) {
             const QColor ink = inkOf(shape.color);
@@ -49,7 +50,7 @@ void ImportPicture::show(const vectorkit::VectorDrawing &drawing)
                 take(path, &m_parts.last());
         }
         for (const vectorkit::VectorText &text : layer.texts)
-            m_texts.append({hostkit::arrivingLettersMm(text), inkOf(text.color)});
+            m_texts.append({letters[m_texts.size()], inkOf(text.color)});
     }
     update();
 }

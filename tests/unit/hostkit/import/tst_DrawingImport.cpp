@@ -578,7 +578,10 @@ void tst_DrawingImport::arrivingBox_isThatOfWhatCameIn()
     ZTGraphicsDocument document;
     const ImportResult result = hostkit::importDrawing(document, drawing, ImportOptions());
     QCOMPARE(result.texts, 1);
-    COMPARE_BOX(hostkit::arrivingBoxMm(drawing), boxOfAll(result), 0.005);
+    QVector<QPainterPath> letters;
+    COMPARE_BOX(hostkit::arrivingBoxMm(drawing, &letters), boxOfAll(result), 0.005);
+    QCOMPARE(letters.size(), 1);
+    COMPARE_BOX(letters.first().boundingRect(), boxMm(*result.items.last()), 0.005);
 }
 
 void tst_DrawingImport::arrivingBox_ofSpacesAlone_isNull()
@@ -587,8 +590,9 @@ void tst_DrawingImport::arrivingBox_ofSpacesAlone_isNull()
     drawing.layers << VectorLayer();
     drawing.layers[0].texts << word({5, 5});
     drawing.layers[0].texts[0].text = QStringLiteral("  ");
-    QVERIFY(hostkit::arrivingBoxMm(drawing).isNull());
-    QVERIFY(hostkit::arrivingLettersMm(drawing.layers[0].texts[0]).isEmpty());
+    QVector<QPainterPath> letters;
+    QVERIFY(hostkit::arrivingBoxMm(drawing, &letters).isNull());
+    QCOMPARE(letters, QVector<QPainterPath>(1));
     // Nor does it count beside what comes in.
     VectorDrawing both = plate();
     both.layers << drawing.layers;
