@@ -210,8 +210,10 @@ bool readForeign(const InputFiles &files, const std::string &name,
     if (!files.read(name, &bytes))
         return false;
     vectorkit::ReadFailure failure;
-    if (vectorkit::readDrawing(bytes, how, drawing, &failure))
+    if (vectorkit::readDrawing(bytes, how, drawing, &failure)) {
+        hostkit::noteMissingFonts(drawing);
         return true;
+    }
     console::complain(name, failure.advice.isEmpty()
                                 ? failure.reason
                                 : failure.reason + QLatin1Char(' ') + failure.advice);
@@ -394,7 +396,7 @@ bool ForeignFiles::describe(const InputFiles &files)
     if (!drawing.producer.isEmpty())
         printRow(tr("Written by:"), shown(drawing.producer));
     printRow(tr("Unit:"), tr("%1 mm. %2").arg(drawing.unitMm).arg(drawing.sizeReason));
-    const QSizeF sizeMm = drawing.boundsMm().size();
+    const QSizeF sizeMm = hostkit::arrivingBoxMm(drawing).size();
     printRow(tr("Size:"), tr("%1 x %2 mm").arg(rounded(sizeMm.width()), rounded(sizeMm.height())));
     if (!drawing.declaredSizeMm.isEmpty())
         printRow(tr("Sheet:"), tr("%1 x %2 mm")

@@ -100,7 +100,7 @@ private Q_SLOTS:
         studio->select({item});
         QVERIFY(studio->run("arrange.circle"));
         auto *dialog = studio->window->findChild<studio::CircleDialog *>();
-        dialog->findChild<QSpinBox *>(QStringLiteral("count"))->setValue(4);
+        dialog->findChild<QDoubleSpinBox *>(QStringLiteral("count"))->setValue(4);
         QCOMPARE(dialog->findChild<QLabel *>(QStringLiteral("hint"))->text(),
                  QStringLiteral("One every 90.000°"));
         const QImage withPreview = studio->view().grab().toImage();
@@ -133,7 +133,7 @@ private Q_SLOTS:
         down->setFocus();
         down->selectAll();
         QTest::keyClicks(down, QStringLiteral("1"));
-        dialog->findChild<QSpinBox *>(QStringLiteral("count"))->setValue(2);
+        dialog->findChild<QDoubleSpinBox *>(QStringLiteral("count"))->setValue(2);
         const double before = studio::sceneBox(*item).center().y();
         QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("create")),
                           Qt::LeftButton);
@@ -142,6 +142,31 @@ private Q_SLOTS:
         const double middle = -ZTCoord::getInstance()->mm2pix(25.4);
         const QRectF other = studio::sceneBox(*studio->document().scene()->getItemById(1));
         QVERIFY(qAbs(other.center().y() - (2.0 * middle - before)) < 1e-6);
+    }
+
+    void circle_countIsSelectedAtFirst_andRefusesWhatIsNoCount()
+    {
+        studio->select({studio->addRect(100, 0)});
+        QVERIFY(studio->run("arrange.circle"));
+        auto *dialog = studio->window->findChild<studio::CircleDialog *>();
+        auto *count = dialog->findChild<QDoubleSpinBox *>(QStringLiteral("count"));
+        const auto *create = dialog->findChild<QPushButton *>(QStringLiteral("create"));
+        const auto *hint = dialog->findChild<QLabel *>(QStringLiteral("hint"));
+        QCOMPARE(dialog->focusWidget(), count);
+        QTest::keyClicks(count, QStringLiteral("7")); // takes the place of what stood there
+        QCOMPARE(count->text(), QStringLiteral("7"));
+        QVERIFY(hint->text().startsWith(QStringLiteral("One every 51.4")));
+        for (const char *wrong : {"1", "0", "1e9", "2.5"}) {
+            count->selectAll();
+            QTest::keyClicks(count, QLatin1String(wrong));
+            QCOMPARE(count->text(), QLatin1String(wrong));
+            QVERIFY(!create->isEnabled());
+            QVERIFY2(hint->text().contains(QStringLiteral("Permitted: 2 to")),
+                     qPrintable(hint->text()));
+        }
+        QTest::keyClick(count, Qt::Key_Tab);
+        QCOMPARE(count->text(), QStringLiteral("2.5"));
+        QVERIFY(!create->isEnabled());
     }
 
     void circle_withoutSelection_saysWhatIsMissing()

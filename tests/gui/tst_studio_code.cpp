@@ -405,8 +405,8 @@ private Q_SLOTS:
         const QByteArray before = studio->bytes();
         QVERIFY(studio->run("arrange.matrix"));
         auto *matrix = studio->window->findChild<QDialog *>(QStringLiteral("matrixDialog"));
-        matrix->findChild<QSpinBox *>(QStringLiteral("rows"))->setValue(2);
-        matrix->findChild<QSpinBox *>(QStringLiteral("columns"))->setValue(3);
+        matrix->findChild<QDoubleSpinBox *>(QStringLiteral("rows"))->setValue(2);
+        matrix->findChild<QDoubleSpinBox *>(QStringLiteral("columns"))->setValue(3);
         QVERIFY(matrix->findChild<QCheckBox *>(QStringLiteral("numbered"))->isVisible());
         QTest::mouseClick(matrix->findChild<QPushButton *>(QStringLiteral("create")),
                           Qt::LeftButton);

@@ -11,13 +11,13 @@
 #include <QtGui/QScreen>
 #include <QtWidgets/QDialog>
 #include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QFormLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
-#include <QtWidgets/QSpinBox>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QVBoxLayout>
 
@@ -115,7 +115,7 @@ private Q_SLOTS:
         QVERIFY(studio->run("arrange.matrix"));
         QDialog *dialog = shownDialog();
         activate(*dialog);
-        auto *rows = dialog->findChild<QSpinBox *>(QStringLiteral("rows"));
+        auto *rows = dialog->findChild<QDoubleSpinBox *>(QStringLiteral("rows"));
         rows->setFocus();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(studio->stack().index(), 0);
@@ -136,14 +136,14 @@ private Q_SLOTS:
         QVERIFY(studio->run("arrange.matrix"));
         QDialog *dialog = shownDialog();
         activate(*dialog);
-        dialog->findChild<QSpinBox *>(QStringLiteral("rows"))->setFocus();
+        dialog->findChild<QDoubleSpinBox *>(QStringLiteral("rows"))->setFocus();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_D, Qt::ControlModifier);
         QCOMPARE(studio->ids().size(), 2); // a duplicate
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
         QTRY_VERIFY(studio->window->findChild<QFileDialog *>() != nullptr); // asks for a name
         studio->window->findChild<QFileDialog *>()->close();
         activate(*dialog);
-        dialog->findChild<QSpinBox *>(QStringLiteral("rows"))->setFocus();
+        dialog->findChild<QDoubleSpinBox *>(QStringLiteral("rows"))->setFocus();
         // Letters are no tools here, and Del deletes digits.
         const QByteArray tool = studio->editor().tools().chosenId();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_R);

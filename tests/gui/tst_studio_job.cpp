@@ -605,6 +605,51 @@ private Q_SLOTS:
         QTRY_VERIFY(QFile::exists(studio->path("a.nc")));
     }
 
+    void exportDialog_pathIsSelected_soThatTypingReplacesIt()
+    {
+        studio->addRect(0, 0);
+        jobkit::setDrawingPens(studio->document(), jobkit::defaultPens());
+        QVERIFY(studio->run("job.export"));
+        auto *dialog = studio->window->findChild<JobExportDialog *>();
+        auto *path = dialog->findChild<QLineEdit *>(QStringLiteral("path"));
+        QCOMPARE(dialog->focusWidget(), path);
+        QTest::keyClicks(path, QStringLiteral("a.nc"));
+        QCOMPARE(path->text(), QStringLiteral("a.nc"));
+        const auto *hint = dialog->findChild<QLabel *>(QStringLiteral("hint"));
+        QCOMPARE(hint->text(), QStringLiteral("One file: a.nc."));
+    }
+
+    void exportThatFails_leavesTheDialogAsItWas_andSaysWhereAndWhy()
+    {
+        makeSerial(999);
+        jobkit::setDrawingPens(studio->document(), jobkit::defaultPens());
+        QVERIFY(studio->run("job.export"));
+        QPointer<JobExportDialog> dialog = studio->window->findChild<JobExportDialog *>();
+        auto *path = dialog->findChild<QLineEdit *>(QStringLiteral("path"));
+        const QString folder = QFileInfo(studio->path("none/a.nc")).absolutePath();
+        QTest::keyClicks(path, folder + QStringLiteral("/a.nc"));
+        auto *parts = dialog->findChild<QSpinBox *>(QStringLiteral("parts"));
+        parts->setFocus();
+        parts->selectAll();
+        QTest::keyClicks(parts, QStringLiteral("3"));
+        auto *exporting = dialog->findChild<QPushButton *>(QStringLiteral("export"));
+        QTest::mouseClick(exporting, Qt::LeftButton);
+        QCoreApplication::processEvents();
+        QCOMPARE(studio->messages->failures.size(), 1);
+        const studio::Message told = studio->messages->failures.takeFirst();
+        QCOMPARE(told.what, QStringLiteral("\"a.nc\" was not written."));
+        QCOMPARE(told.why, QStringLiteral("Folder: %1\nReason: the folder does not exist.")
+                               .arg(QDir::toNativeSeparators(folder)));
+        QVERIFY(dialog && dialog->isVisible());
+        QCOMPARE(path->text(), folder + QStringLiteral("/a.nc"));
+        QCOMPARE(parts->value(), 3);
+        QVERIFY(QDir().mkpath(folder));
+        QTest::mouseClick(exporting, Qt::LeftButton);
+        QTRY_VERIFY(!dialog);
+        QVERIFY(QFile::exists(folder + QStringLiteral("/a.nc")));
+        QVERIFY(studio->messages->failures.isEmpty());
+    }
+
     // `ztmark job plate.ztd` writes the same bytes: the title and the order are the same.
     void export_ofASavedDrawing_isNamedAndTitledByIt()
     {

@@ -8,11 +8,11 @@
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDockWidget>
+#include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QPushButton>
-#include <QtWidgets/QSpinBox>
 #include <QtWidgets/QStatusBar>
 #include <QtWidgets/QTabBar>
 #include <QtWidgets/QToolBar>
@@ -116,7 +116,7 @@ private Q_SLOTS:
     {
         studio->select({studio->addRect(0, 0)});
         QVERIFY(studio->run("arrange.matrix"));
-        auto *rows = studio->window->findChild<QSpinBox *>(str("rows"));
+        auto *rows = studio->window->findChild<QDoubleSpinBox *>(str("rows"));
         rows->setValue(8);
         choose("chinese");
         QCOMPARE(rows->value(), 8);

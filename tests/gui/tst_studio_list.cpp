@@ -1,10 +1,12 @@
 #include "StudioWindow.h"
 
+#include <studio/choices/Theme.h>
 #include <studio/commands/ExtrasCommand.h>
 #include <studio/list/ShapeList.h>
 #include <studio/list/ShapeListModel.h>
 #include <studio/list/ShapeListView.h>
 #include <studio/list/ShapeOrder.h>
+#include <studio/shapes/ShapeKinds.h>
 
 #include <hostkit/marks/MarkFindings.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
@@ -16,7 +18,9 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QScrollBar>
+#include <QtWidgets/QStyle>
 
+#include <cmath>
 #include <limits>
 
 using studio::ShapeItem;
@@ -67,6 +71,40 @@ private Q_SLOTS:
         QCOMPARE(cell(0, ShapeListModel::Name).data().toString(), QStringLiteral("Path 1"));
         QCOMPARE(cell(1, ShapeListModel::Kind).data().toString(), QStringLiteral("Rectangle"));
         QCOMPARE(cell(0, ShapeListModel::Kind).data().toString(), QStringLiteral("Path"));
+    }
+
+    void icons_areAsPlainOnASelectedRow_data()
+    {
+        QTest::addColumn<int>("theme");
+        QTest::newRow("light") << int(studio::Theme::Light);
+        QTest::newRow("dark") << int(studio::Theme::Dark);
+    }
+
+    void icons_areAsPlainOnASelectedRow()
+    {
+        QFETCH(int, theme);
+        studio::applyTheme(studio::Theme(theme));
+        for (const studio::ShapeKind &kind : studio::shapeKinds())
+            QVERIFY(studio->document().itemMag()->addShape(kind.type, {0, 0, 10, 10}) != nullptr);
+        settle();
+        studio->edit().clearSelection();
+        const int rows = model().rowCount();
+        QCOMPARE(rows, studio::shapeKinds().size());
+        for (int row = 0; row < rows; ++row) {
+            studio->edit().clearSelection();
+            settle();
+            const int before = plainPixelsOfIcon(row);
+            QVERIFY(before > 10);
+            clickCell(row, ShapeListModel::Name);
+            QCOMPARE(selectedRows(), QVector<int>{row});
+            const int now = plainPixelsOfIcon(row);
+            QVERIFY2(now > 0.8 * before,
+                     qPrintable(QStringLiteral("%1: %2 of %3")
+                                    .arg(cell(row, ShapeListModel::Kind).data().toString())
+                                    .arg(now)
+                                    .arg(before)));
+        }
+        studio::applyTheme(studio::Theme::System);
     }
 
     // One name everywhere: what a finding says is found in the list, by its search, too.
@@ -345,6 +383,30 @@ private:
             hostkit::setItemExtras(*item, extras);
         }
         list().follow();
+    }
+
+    /** Pixels of a row's icon that stand out from the row, at least 0.3 times as far as its words.
+     */
+    int plainPixelsOfIcon(int row)
+    {
+        const QModelIndex name = cell(row, ShapeListModel::Name);
+        view().scrollTo(name);
+        settle();
+        const QRect place = view().visualRect(name);
+        const bool isSelected = view().selectionModel()->isSelected(name);
+        const QColor words =
+            view().palette().color(isSelected ? QPalette::HighlightedText : QPalette::Text);
+        const QImage image = view().viewport()->grab().toImage();
+        const int ground = qGray(image.pixel(place.right() - 2, place.top() + 2));
+        const int least = qRound(0.3 * std::abs(qGray(words.rgb()) - ground));
+        const int left = place.left() + 3;
+        const int side = view().style()->pixelMetric(QStyle::PM_SmallIconSize);
+        int plain = 0;
+        for (int y = place.top() + 1; y < place.bottom(); ++y) {
+            for (int x = left; x < left + side; ++x)
+                plain += std::abs(qGray(image.pixel(x, y)) - ground) >= least ? 1 : 0;
+        }
+        return plain;
     }
 
     QString names()

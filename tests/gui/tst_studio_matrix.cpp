@@ -172,6 +172,54 @@ private Q_SLOTS:
         QVERIFY(qAbs(second.left() - first.right() - 12.7 * gapPx()) < 1e-9);
     }
 
+    void firstCount_isSelected_wheneverTheDialogOpens()
+    {
+        open();
+        for (const char *typed : {"7", "6"}) {
+            auto *rows = child<QDoubleSpinBox>("rows");
+            QCOMPARE(dialog()->focusWidget(), rows);
+            QTest::keyClicks(rows, QLatin1String(typed));
+            QCOMPARE(rows->text(), QLatin1String(typed));
+            QVERIFY(hint().startsWith(
+                QStringLiteral("Shapes: %1,").arg(4 * QByteArray(typed).toInt())));
+            child<QDoubleSpinBox>("gapDown")->setFocus();
+            dialog()->close();
+            open();
+        }
+    }
+
+    void wrongCount_isSaid_andNothingIsMade_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::newRow("nothing of it") << "0";
+        QTest::newRow("below") << "-3";
+        QTest::newRow("large") << "1e9";
+        QTest::newRow("part of one") << "1.5";
+        QTest::newRow("words") << "x";
+        QTest::newRow("empty") << "";
+    }
+
+    void wrongCount_isSaid_andNothingIsMade()
+    {
+        QFETCH(QString, typed);
+        open();
+        auto *columns = child<QDoubleSpinBox>("columns");
+        columns->setFocus();
+        columns->selectAll();
+        QTest::keyClick(columns, Qt::Key_Delete);
+        QTest::keyClicks(columns, typed);
+        QVERIFY(!button("create")->isEnabled());
+        QVERIFY2(hint().contains(QStringLiteral("Permitted: 1 to 10000")), qPrintable(hint()));
+        QTest::keyClick(columns, Qt::Key_Tab); // it stays to be seen
+        QCOMPARE(columns->text(), typed);
+        QVERIFY(!button("create")->isEnabled());
+        columns->selectAll();
+        QTest::keyClicks(columns, QStringLiteral("2"));
+        QVERIFY(button("create")->isEnabled());
+        click("create");
+        QCOMPARE(studio->ids().size(), 6);
+    }
+
     void tooMany_areRefused()
     {
         open();
@@ -228,7 +276,6 @@ private:
         return nullptr;
     }
 
-    void set(const char *name, int value) { child<QSpinBox>(name)->setValue(value); }
     void set(const char *name, double value) { child<QDoubleSpinBox>(name)->setValue(value); }
     QPushButton *button(const char *name) { return child<QPushButton>(name); }
     QString hint() { return child<QLabel>("hint")->text(); }

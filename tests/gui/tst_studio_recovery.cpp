@@ -1,4 +1,4 @@
-#include "StudioWindow.h"
+#include "TextWindow.h"
 
 #include "unit/studio/RecoveryFolder.h"
 
@@ -6,6 +6,9 @@
 #include <studio/drawing/DrawingFiles.h>
 #include <studio/drawing/RecoveryDialog.h>
 #include <studio/drawing/RecoveryStore.h>
+#include <studio/import/ImportDialog.h>
+#include <studio/preferences/PreferenceTools.h>
+#include <studio/program/Messages.h>
 
 #include <hostkit/drawing/DrawingCapture.h>
 
@@ -33,6 +36,7 @@ class tst_studio_recovery : public QObject
 private Q_SLOTS:
     void init()
     {
+        testsupport::makeTinyFonts();
         studio = std::make_unique<StudioWindow>();
         folder = std::make_unique<RecoveryFolder>(studio->path("recovery"));
     }
@@ -64,6 +68,26 @@ private Q_SLOTS:
         QCOMPARE(plate[1], QLocale().toString(kNoon.toLocalTime(), QLocale::ShortFormat) +
                                QStringLiteral(", shapes: 2"));
         QCOMPARE(plate[2], studio->path("plate.ztd"));
+    }
+
+    void leftBehind_isDatedInTheLanguageOfTheTexts()
+    {
+        leave({}, 1, kNoon);
+        guard();
+        studio::PreferenceEdit edit;
+        edit.drawing = edit.user.newDrawing;
+        edit.language = studio::LanguageChoice::Chinese;
+        studio->window->preferences().apply(edit);
+        const QString when = QLocale(QLocale::Chinese, QLocale::China)
+                                 .toString(kNoon.toLocalTime(), QLocale::ShortFormat);
+        const QString expected = when + QString::fromUtf8("，图形：1");
+        QTRY_COMPARE(list()->topLevelItem(0)->text(0).section(QLatin1Char('\n'), 1), expected);
+        QVERIFY(!when.contains(QLatin1String("May")));
+        edit.language = studio::LanguageChoice::English;
+        studio->window->preferences().apply(edit);
+        QTRY_VERIFY(list()->topLevelItem(0)->text(0).endsWith(QStringLiteral(", shapes: 1")));
+        QVERIFY(list()->topLevelItem(0)->text(0).contains(
+            QLocale().toString(kNoon.toLocalTime(), QLocale::ShortFormat)));
     }
 
     void recovered_isModifiedAndSavesToItsFile()
@@ -141,6 +165,68 @@ private Q_SLOTS:
         QVERIFY(dialog() == nullptr);
         QVERIFY(studio->run("file.recover"));
         QCOMPARE(list()->topLevelItemCount(), 1);
+    }
+
+    void offer_waitsForTheDialogOfAnImport()
+    {
+        leave({}, 1, kNoon);
+        const QString drawing = studio->write(
+            "a.svg", "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"9mm\" height=\"9mm\" "
+                     "viewBox=\"0 0 9 9\"><path d=\"M1 1H5\" stroke=\"red\"/></svg>");
+        studio->window->editor().offerFile(drawing);
+        QCoreApplication::processEvents();
+        auto *import = studio->window->findChild<studio::ImportDialog *>();
+        QVERIFY(import != nullptr && import->isVisible());
+        guard();
+        QVERIFY(dialog() == nullptr);
+        QTest::mouseClick(import->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok),
+                          Qt::LeftButton);
+        QTRY_VERIFY(dialog() != nullptr);
+        QCOMPARE(studio->ids().size(), 1);
+        QCOMPARE(list()->topLevelItemCount(), 1);
+    }
+
+    void offer_waitsForMessages_eachOfWhichComesAlone()
+    {
+        leave({}, 1, kNoon);
+        studio::DialogMessages messages(studio->window.get());
+        messages.warning({QStringLiteral("one"), {}, {}});
+        messages.warning({QStringLiteral("two"), {}, {}});
+        guard();
+        for (const char *text : {"one", "two"}) {
+            QCoreApplication::processEvents();
+            QCOMPARE(shownBoxes(), QStringList{QLatin1String(text)});
+            QVERIFY(dialog() == nullptr);
+            for (QMessageBox *box : studio->window->findChildren<QMessageBox *>()) {
+                if (box->isVisible())
+                    QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
+            }
+        }
+        QTRY_VERIFY(dialog() != nullptr);
+        QVERIFY(shownBoxes().isEmpty());
+    }
+
+    void missingFonts_ofAFileAndOfWhatIsLeftOfIt_areToldOnce()
+    {
+        const QString path = studio->path("plate.ztd");
+        auto *text = qobject_cast<ZTGraphicsTextItem *>(
+            studio->document().itemMag()->addShape(ShapeType::Text, {0, 0, 10, 10}));
+        text->setFont(QFont(QStringLiteral("No Such Family")));
+        QVERIFY(studio->window->editor().files().saveTo(path));
+        hostkit::DrawingFile file;
+        hostkit::Failure error;
+        QVERIFY(hostkit::captureDrawing(studio->document(), {}, &file, &error));
+        folder->leave({path, studio::FileStamp::of(path)}, kNoon, file);
+        studio->window->editor().offerFile(path);
+        QCOMPARE(studio->messages->warnings.size(), 1);
+        guard();
+        QTest::mouseClick(button("recover"), Qt::LeftButton);
+        QCOMPARE(studio->ids().size(), 1);
+        QVERIFY(studio->window->isWindowModified());
+        QCOMPARE(studio->messages->warnings.size(), 1);
+        // The file alone tells it again.
+        QVERIFY(studio->window->editor().files().load(path));
+        QCOMPARE(studio->messages->warnings.size(), 2);
     }
 
     void discard_asksAndRemovesWhatIsSelected()
@@ -248,6 +334,16 @@ private:
         return folder->leave({path, studio::FileStamp::of(path)}, savedAt, file);
     }
 
+    QStringList shownBoxes() const
+    {
+        QStringList texts;
+        for (const QMessageBox *box : studio->window->findChildren<QMessageBox *>()) {
+            if (box->isVisible())
+                texts << box->text();
+        }
+        return texts;
+    }
+
     RecoveryDialog *dialog() const { return studio->window->findChild<RecoveryDialog *>(); }
 
     QTreeWidget *list() const { return dialog()->findChild<QTreeWidget *>(); }
@@ -269,5 +365,5 @@ private:
     std::unique_ptr<RecoveryFolder> folder;
 };
 
-QTEST_MAIN(tst_studio_recovery)
+int main(int argc, char **argv) { return runTextTest<tst_studio_recovery>(argc, argv); }
 #include "tst_studio_recovery.moc"

@@ -207,6 +207,78 @@ private Q_SLOTS:
         QVERIFY(!item->font().italic());
     }
 
+    void missingFamily_showsByItsName_andStaysUnlessAnotherIsChosen()
+    {
+        const QString missing = QStringLiteral("No Such Family");
+        item->setFont(QFont(missing));
+        const TextState before(*item);
+        QVERIFY(studio->openDialog(Font));
+        auto *family = studio->box<QFontComboBox>("family");
+        const auto *note = studio->box<QLabel>("familyMissing");
+        const QString standIn = QFontInfo(QFont(missing)).family();
+        QCOMPARE(family->currentText(), missing);
+        QVERIFY(note->isVisible());
+        QCOMPARE(note->text(),
+                 QStringLiteral("\"%1\" is not installed here; \"%2\" stands in for it.")
+                     .arg(missing, standIn));
+        studio->check("bold");
+        QTRY_VERIFY(item->font().bold());
+        QCOMPARE(item->font().family(), missing);
+        studio->check("bold");
+        QTRY_VERIFY(TextState(*item) == before);
+
+        // What stands in for it can be chosen: then it is the text's own.
+        family->setFocus();
+        family->lineEdit()->selectAll();
+        QTest::keyClicks(family, standIn);
+        TextWindow::key(family, Qt::Key_Return);
+        QTRY_COMPARE(item->font().family(), standIn);
+        QVERIFY(!note->isVisible());
+        QCOMPARE(family->currentText(), standIn);
+        studio->close(kOk);
+        QCOMPARE(studio->stack().count(), 1);
+        QVERIFY(studio->run("edit.undo"));
+        QVERIFY(TextState(*item) == before);
+    }
+
+    void missingFamily_takesAnotherFromTheList()
+    {
+        item->setFont(QFont(QStringLiteral("No Such Family")));
+        QVERIFY(studio->openDialog(Font));
+        auto *family = studio->box<QFontComboBox>("family");
+        TextWindow::key(family, Qt::Key_Down);
+        QTRY_COMPARE(item->font().family(), family->itemText(0));
+        QVERIFY(!studio->box<QLabel>("familyMissing")->isVisible());
+    }
+
+    void wrongNumber_saysWhy_andLeavesNoOk()
+    {
+        QVERIFY(studio->openDialog(Font));
+        const auto *reason = studio->box<QLabel>("faultLabel");
+        const auto *ok = studio->dialog()->findChild<QDialogButtonBox *>()->button(kOk);
+        QVERIFY(ok->isEnabled());
+        QCOMPARE(reason->text(), QString());
+        const int okTop = ok->y();
+        studio->enter("height", "0");
+        QVERIFY2(reason->isVisible() && reason->text().startsWith(QStringLiteral(
+                                            "Too small. Permitted: 0.01 to 10000 mm")),
+                 qPrintable(reason->text()));
+        QVERIFY(!ok->isEnabled());
+        QCOMPARE(ok->y(), okTop);
+        studio->enter("height", "x");
+        QVERIFY(reason->text().startsWith(QStringLiteral("\"x\" makes no sense here")));
+        studio->enter("height", "12");
+        QCOMPARE(reason->text(), QString());
+        QVERIFY(ok->isEnabled());
+
+        // On another page nobody would look for it.
+        studio->enter("height", "0");
+        QVERIFY(!ok->isEnabled());
+        studio->dialog()->findChild<QTabWidget *>(QStringLiteral("tabs"))->setCurrentIndex(Words);
+        QTRY_VERIFY(ok->isEnabled());
+        QCOMPARE(reason->text(), QString());
+    }
+
     void arc_takesStartSpanAndDiameter()
     {
         QVERIFY(studio->openDialog(Font));

@@ -1,12 +1,15 @@
 #include <hostkit/import/DrawingImport.h>
 
 #include <hostkit/import/ImportParts_p.h>
+#include <hostkit/import/ImportText_p.h>
 #include <hostkit/items/GraphicItems.h>
 #include <hostkit/items/ItemExtras.h>
+#include <hostkit/text/FontPresence.h>
 
 #include <vectorkit/edit/PainterPaths.h>
 
-#include <QtGui/QFontMetricsF>
+#include <QtCore/QCoreApplication>
+#include <QtGui/QFontInfo>
 
 #include <algorithm>
 #include <cmath>
@@ -22,7 +25,10 @@ using vectorkit::VectorPath;
 using vectorkit::VectorShape;
 using vectorkit::VectorText;
 
-constexpr int kFontPx = 100;
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(hostkit::DrawingImport)
+};
 
 /** Of the time: to take the drawing apart. */
 constexpr double kPartsShare = 0.2;
@@ -84,6 +90,13 @@ QRectF extentMm(const VectorDrawing &drawing)
             corners << text.positionMm;
     }
     return corners.boundingRect();
+}
+
+/** Not united(): it ignores boxes without a width or height. */
+QRectF boxAround(const QRectF &a, const QRectF &b)
+{
+    return QRectF(QPointF(std::min(a.left(), b.left()), std::min(a.top(), b.top())),
+                  QPointF(std::max(a.right(), b.right()), std::max(a.bottom(), b.bottom())));
 }
 
 /** Brings the parts and texts of one drawing into a document. */
@@ -210,42 +223,24 @@ private:
 
     void addText(const VectorText &text, int layer)
     {
-        QFont font;
-        if (!text.fontFamily.isEmpty())
-            font.setFamily(text.fontFamily);
-        font.setPixelSize(kFontPx);
-        QPainterPath letters;
-        letters.addText(0.0, 0.0, font, text.text);
-        const QFontMetricsF metrics(font);
-        if (letters.isEmpty() || !(metrics.capHeight() > 0.0) || !(text.heightMm > 0.0))
+        const ImportText wanted = importText(text);
+        if (wanted.lettersMm.isEmpty())
             return;
         auto *item = qobject_cast<ZTGraphicsTextItem *>(
             m_document.itemMag()->addShape(ShapeType::Text, {0, 0, 10, 10}));
         if (item == nullptr)
             return;
-        const double size = text.heightMm / metrics.capHeight();
-        QTransform form(1.0, 0.0, -std::tan(text.slantDeg * M_PI / 180.0), 1.0, 0.0, 0.0);
-        form = QTransform::fromScale(size * text.widthFactor, size) * form;
-        form *= QTransform::fromScale(text.isMirrored ? -1.0 : 1.0, 1.0);
-        QTransform turned;
-        turned.rotate(-text.angleDeg);
-        form *= turned;
-        item->setFont(font);
+        item->setFont(wanted.font);
         item->setFontType(FontType::doubleLine);
         item->setFixedText(text.text);
-        item->setTransformParam(form);
+        item->setTransformParam(wanted.form);
         item->setPenId(text.pen > 0 ? text.pen : penForColor(text.color, m_options.pens));
         // The library lays out a text by its own rule: what counts is where its letters come to.
-        const double advance = metrics.horizontalAdvance(text.text);
-        const double shift = text.anchor == vectorkit::TextAnchor::Left     ? 0.0
-                             : text.anchor == vectorkit::TextAnchor::Middle ? -advance / 2.0
-                                                                            : -advance;
-        letters.translate(shift, 0.0);
-        const QTransform toPx = ZTCoord::getInstance()->getMm2pixTransform();
-        const QPointF placeMm = text.positionMm + m_result.shiftMm;
-        const QTransform place = form * QTransform::fromTranslate(placeMm.x(), placeMm.y()) * toPx;
+        const QTransform place =
+            QTransform::fromTranslate(m_result.shiftMm.x(), m_result.shiftMm.y()) *
+            ZTCoord::getInstance()->getMm2pixTransform();
         QRectF wantedPx;
-        for (const QPolygonF &polygon : letters.toSubpathPolygons(place))
+        for (const QPolygonF &polygon : wanted.lettersMm.toSubpathPolygons(place))
             wantedPx |= polygon.boundingRect();
         item->setPos(wantedPx.center() - item->getShapeBase()->getLines().boundingRect().center());
         nameItem(*item, QString(), layer);
@@ -262,11 +257,7 @@ private:
             if (boxPx.isNull()) {
                 boxPx = linesPx;
             } else {
-                // Not united(): it ignores boxes without a width or height.
-                boxPx = QRectF(QPointF(std::min(boxPx.left(), linesPx.left()),
-                                       std::min(boxPx.top(), linesPx.top())),
-                               QPointF(std::max(boxPx.right(), linesPx.right()),
-                                       std::max(boxPx.bottom(), linesPx.bottom())));
+                boxPx = boxAround(boxPx, linesPx);
             }
         }
         const QPointF wayPx =
@@ -294,11 +285,8 @@ void stretch(VectorDrawing *drawing, double scaleX, double scaleY)
             for (VectorPath &path : shape.paths)
                 path = path.transformed(larger);
         }
-        for (VectorText &text : layer.texts) {
-            text.positionMm = larger.map(text.positionMm);
-            text.heightMm *= scaleY;
-            text.widthFactor *= scaleX / scaleY;
-        }
+        for (VectorText &text : layer.texts)
+            stretchText(&text, larger);
     }
     drawing->declaredSizeMm =
         QSizeF(drawing->declaredSizeMm.width() * scaleX, drawing->declaredSizeMm.height() * scaleY);
@@ -350,9 +338,44 @@ int penForColor(const QColor &color, const QMap<QRgb, int> &pens)
     return nearest;
 }
 
+QRectF arrivingBoxMm(const VectorDrawing &drawing, QVector<QPainterPath> *letters)
+{
+    QRectF boxMm = drawing.boundsMm();
+    bool isFirst = drawing.pathCount() == 0;
+    for (const VectorLayer &layer : drawing.layers) {
+        for (const VectorText &text : layer.texts) {
+            const QPainterPath outlines = importText(text).lettersMm;
+            if (letters != nullptr)
+                letters->append(outlines);
+            if (outlines.isEmpty())
+                continue;
+            boxMm = isFirst ? outlines.boundingRect() : boxAround(boxMm, outlines.boundingRect());
+            isFirst = false;
+        }
+    }
+    return boxMm;
+}
+
+void noteMissingFonts(VectorDrawing *drawing)
+{
+    QMap<QString, int> texts;
+    for (const VectorLayer &layer : qAsConst(drawing->layers)) {
+        for (const VectorText &text : layer.texts)
+            ++texts[text.fontFamily];
+    }
+    for (auto family = texts.constBegin(); family != texts.constEnd(); ++family) {
+        if (family.key().isEmpty() || hasSystemFont(family.key()))
+            continue;
+        drawing->note(vectorkit::VectorNote::Kind::Changed,
+                      Texts::tr("font \"%1\", which is not installed here: \"%2\" stands in for it")
+                          .arg(family.key(), QFontInfo(QFont(family.key())).family()),
+                      QString(), family.value());
+    }
+}
+
 bool fitDrawing(VectorDrawing *drawing, const QSizeF &sizeMm)
 {
-    const QRectF box = drawing->boundsMm();
+    const QRectF box = arrivingBoxMm(*drawing);
     const bool hasWidth = sizeMm.width() > 0.0;
     const bool hasHeight = sizeMm.height() > 0.0;
     if (!hasWidth && !hasHeight)

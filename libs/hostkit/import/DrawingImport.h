@@ -5,6 +5,7 @@
 #include <vectorkit/VectorDrawing.h>
 
 #include <QtCore/QMap>
+#include <QtGui/QPainterPath>
 
 #include <functional>
 #include <optional>
@@ -74,7 +75,23 @@ QColor screenPenColor(int pen);
 int penForColor(const QColor &color, const QMap<QRgb, int> &pens);
 
 /**
- * Stretches a drawing so that the box of its paths gets this size. A width or height that is not
+ * Box of all that comes in: of the paths, and of the texts' letters as the document lays them out;
+ * null for a drawing of neither. `letters` (may be null) gets the outlines of each text's letters
+ * in the order of layers and texts, empty for a text that does not come in, as one of spaces alone.
+ *
+ * Frame: millimetres of the drawing. Order: GUI thread, as fonts are asked.
+ */
+QRectF arrivingBoxMm(const vectorkit::VectorDrawing &drawing,
+                     QVector<QPainterPath> *letters = nullptr);
+
+/**
+ * Notes each font of a drawing's texts that is not installed here, with how many texts name it and
+ * what stands in for it. The texts keep the name. Order: as `arrivingBoxMm`.
+ */
+void noteMissingFonts(vectorkit::VectorDrawing *drawing);
+
+/**
+ * Stretches a drawing so that `arrivingBoxMm` gets this size. A width or height that is not
  * above 0 follows the other one; with neither above 0, or without a box, nothing changes.
  *
  * Failure: false, and no change, where the box has no extent in a direction that is asked for, or

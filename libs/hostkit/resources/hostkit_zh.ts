@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>hostkit::DrawingImport</name>
+    <message>
+        <source>font &quot;%1&quot;, which is not installed here: &quot;%2&quot; stands in for it</source>
+        <translation>字体“%1”，这里没有安装：由“%2”代替</translation>
+    </message>
+</context>
+<context>
     <name>hostkit::DrawingInput</name>
     <message>
         <source>cannot be read: %1</source>

@@ -19,6 +19,7 @@ namespace {
 constexpr double kWholeTurnDeg = 360.0;
 constexpr MeasureBox::Range kPlaceMm{-5000.0, 5000.0, 1.0, 3};
 constexpr MeasureBox::Range kTurnDeg{-kWholeTurnDeg, kWholeTurnDeg, 1.0, 3};
+constexpr MeasureBox::Range kPlaces{2.0, kMostOnCircle, 1.0, 0};
 constexpr int kFirstCount = 8;
 constexpr int kMarginPx = 24;
 constexpr int kHintCharacters = 40;
@@ -26,16 +27,15 @@ constexpr int kHintCharacters = 40;
 } // namespace
 
 CircleDialog::CircleDialog(ZTGraphicsDocument &document, ArrangeActions &actions, QWidget *parent)
-    : QDialog(parent), m_document(document), m_actions(actions), m_countBox(new QSpinBox(this)),
+    : QDialog(parent), m_document(document), m_actions(actions),
+      m_countBox(new MeasureBox(kPlaces, QString(), this)),
       m_totalBox(new MeasureBox(kTurnDeg, QStringLiteral("°"), this)),
       m_acrossBox(new MeasureBox(kPlaceMm, this)), m_downBox(new MeasureBox(kPlaceMm, this)),
       m_turnBox(new QCheckBox(this)), m_hintLabel(new QLabel(this)),
       m_createButton(new QPushButton(this))
 {
     setObjectName(QStringLiteral("circleDialog"));
-    m_countBox->setObjectName(QStringLiteral("count"));
-    m_countBox->setRange(2, kMostOnCircle);
-    m_countBox->setValue(kFirstCount);
+    m_countBox->setMeasure(kFirstCount);
     m_turnBox->setObjectName(QStringLiteral("turn"));
     m_turnBox->setChecked(true);
     const QPointF middleMm =
@@ -43,10 +43,10 @@ CircleDialog::CircleDialog(ZTGraphicsDocument &document, ArrangeActions &actions
     m_totalBox->setMeasure(kWholeTurnDeg);
     m_acrossBox->setMeasure(middleMm.x());
     showMiddleY(middleMm.y());
+    watch(*m_countBox, "count");
     watch(*m_totalBox, "total");
     watch(*m_acrossBox, "centreX");
     watch(*m_downBox, "centreY");
-    connect(m_countBox, qOverload<int>(&QSpinBox::valueChanged), this, &CircleDialog::refresh);
     connect(m_turnBox, &QCheckBox::toggled, this, &CircleDialog::refresh);
     layOut();
     retranslate();
@@ -136,6 +136,9 @@ void CircleDialog::showEvent(QShowEvent *event)
         move(m_document.mapToGlobal(QPoint(kMarginPx, kMarginPx)));
         m_hasBeenShown = true;
     }
+    // What is typed at once is the first number.
+    m_countBox->setFocus();
+    m_countBox->selectAll();
     if (!m_preview)
         m_preview = new CirclePreview(*m_document.scene());
     refresh();
@@ -152,7 +155,7 @@ CircleArray CircleDialog::circle() const
     CircleArray circle;
     circle.centrePx = ZTCoord::getInstance()->getMm2pixTransform().map(
         QPointF(m_acrossBox->measure(), middleY()));
-    circle.count = m_countBox->value();
+    circle.count = qRound(m_countBox->measure());
     circle.totalDeg = m_totalBox->measure();
     circle.turns = m_turnBox->isChecked();
     return circle;

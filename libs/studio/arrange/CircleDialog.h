@@ -48,7 +48,7 @@ private:
 
     ZTGraphicsDocument &m_document;
     ArrangeActions &m_actions;
-    QSpinBox *m_countBox;
+    MeasureBox *m_countBox;
     MeasureBox *m_totalBox;
     MeasureBox *m_acrossBox;
     MeasureBox *m_downBox;

@@ -6,6 +6,7 @@
 
 #include <QtCore/QSettings>
 #include <QtGui/QGuiApplication>
+#include <QtWidgets/QDialog>
 
 namespace studio {
 
@@ -47,9 +48,25 @@ RecoveryStore::Findings CrashGuard::findings()
 
 void CrashGuard::offerFound()
 {
-    const QVector<RecoveryEntry> entries = findings().entries;
-    if (!entries.isEmpty())
-        open(entries);
+    whenNothingIsAsked([this] {
+        const QVector<RecoveryEntry> entries = findings().entries;
+        if (!entries.isEmpty())
+            whenNothingIsAsked([this, entries] { open(entries); });
+    });
+}
+
+/** At once, or when the dialogs that stand over the window are closed, and those that follow them.
+ */
+void CrashGuard::whenNothingIsAsked(const std::function<void()> &next)
+{
+    for (const QDialog *dialog : m_window.findChildren<QDialog *>()) {
+        if (!dialog->isModal() || !dialog->isVisible())
+            continue;
+        const auto lookAgain = [this, next] { whenNothingIsAsked(next); };
+        connect(dialog, &QDialog::finished, this, lookAgain, Qt::QueuedConnection);
+        return;
+    }
+    next();
 }
 
 void CrashGuard::showDialog() { open(findings().entries); }

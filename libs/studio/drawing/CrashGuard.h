@@ -6,6 +6,8 @@
 
 #include <QtCore/QPointer>
 
+#include <functional>
+
 QT_BEGIN_NAMESPACE
 class QWidget;
 QT_END_NAMESPACE
@@ -40,7 +42,10 @@ public:
 
     Autosaver &autosaver() { return m_saver; }
 
-    /** Offers what was left behind, if there is something. */
+    /**
+     * Offers what was left behind, if there is something: once whatever the window asks or tells
+     * at the time has been answered, one after the other.
+     */
     void offerFound();
 
     /** The same as a user's command: says so when there is nothing. */
@@ -50,6 +55,7 @@ public:
     void letGo() { m_saver.discard(); }
 
 private:
+    void whenNothingIsAsked(const std::function<void()> &next);
     void open(const QVector<RecoveryEntry> &entries);
     RecoveryStore::Findings findings();
     void recover(const RecoveryEntry &entry);

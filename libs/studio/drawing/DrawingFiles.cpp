@@ -164,8 +164,16 @@ bool DrawingFiles::apply(const DrawingFile &file, const QString &label, Failure 
     return hostkit::applyDrawing(file, m_document, {progress}, report, error);
 }
 
+/** What a warning about missing fonts would say, of which drawing. */
+QString DrawingFiles::fontsOf(const hostkit::DrawingReport &report, const QString &path)
+{
+    return QFileInfo(path).fileName() + QLatin1Char('\n') +
+           report.missingFonts.join(QLatin1Char('\n'));
+}
+
 void DrawingFiles::tell(const hostkit::DrawingReport &report, const QString &path)
 {
+    m_toldFonts = fontsOf(report, path);
     if (!report.missingFonts.isEmpty())
         m_messages.warning(fontsMissing(path, report.missingFonts));
     if (!report.unknownKinds.isEmpty())
@@ -185,6 +193,9 @@ bool DrawingFiles::recover(const RecoveryEntry &entry)
             m_messages.failure(notRecovered(entry.name(), error));
         return false;
     }
+    // The file may just have been opened beside what was left of it.
+    if (m_toldFonts == fontsOf(report, entry.name()))
+        report.missingFonts.clear();
     m_drawing.setRecovered(entry.origin.path, entry.origin.stamp);
     Q_EMIT loaded();
     tell(report, entry.name());

@@ -85,6 +85,7 @@ private:
     bool apply(const hostkit::DrawingFile &file, const QString &label, hostkit::Failure *error,
                hostkit::DrawingReport *report);
     void tell(const hostkit::DrawingReport &report, const QString &path);
+    static QString fontsOf(const hostkit::DrawingReport &report, const QString &path);
     bool write(const QString &path, quint64 *revision, hostkit::Failure *error);
     void empty();
     void saveThen(const Next &next);
@@ -100,6 +101,7 @@ private:
     QWidget &m_window;
     DrawingSession m_drawing;
     hostkit::DrawingSetup m_firstSetup; ///< of a new drawing
+    QString m_toldFonts;                ///< the warning of fonts that was told last
     int m_quietMs = LongWork::kQuietMs;
     bool m_busy = false;
 };

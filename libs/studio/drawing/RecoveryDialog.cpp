@@ -1,8 +1,9 @@
 #include <studio/drawing/RecoveryDialog.h>
 
+#include <studio/program/Language.h>
+
 #include <QtCore/QDir>
 #include <QtCore/QEvent>
-#include <QtCore/QLocale>
 #include <QtGui/QPainter>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QHeaderView>
@@ -117,7 +118,7 @@ void RecoveryDialog::retranslate()
 
 QString RecoveryDialog::describe(const RecoveryEntry &entry)
 {
-    const QString when = QLocale().toString(entry.savedAt.toLocalTime(), QLocale::ShortFormat);
+    const QString when = textLocale().toString(entry.savedAt.toLocalTime(), QLocale::ShortFormat);
     QString text =
         entry.name() + QLatin1Char('\n') + tr("%1, shapes: %L2").arg(when).arg(entry.shapes);
     if (!entry.origin.path.isEmpty())

@@ -43,24 +43,26 @@ MatrixDialog::MatrixDialog(ZTGraphicsDocument &edited, DocumentActions &editing,
 
 MatrixDialog::~MatrixDialog() { delete m_preview; }
 
-QSpinBox *MatrixDialog::addCount(const QString &name, int value)
+MeasureBox *MatrixDialog::addCount(const QString &name, int value)
 {
-    auto *box = new QSpinBox(this);
-    box->setObjectName(name);
-    box->setRange(1, kMostInARow);
-    box->setValue(value);
-    connect(box, qOverload<int>(&QSpinBox::valueChanged), this, &MatrixDialog::refresh);
+    auto *box = new MeasureBox({1.0, kMostInARow, 1.0, 0}, QString(), this);
+    watch(*box, name, value);
     return box;
 }
 
 MeasureBox *MatrixDialog::addGap(const QString &name)
 {
     auto *box = new MeasureBox({-kLargestGapMm, kLargestGapMm, 1.0, 3}, this);
-    box->setObjectName(name);
-    box->setMeasure(kFirstGapMm);
-    connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &MatrixDialog::refresh);
-    connect(box, &MeasureBox::faultChanged, this, &MatrixDialog::refresh);
+    watch(*box, name, kFirstGapMm);
     return box;
+}
+
+void MatrixDialog::watch(MeasureBox &box, const QString &name, double first)
+{
+    box.setObjectName(name);
+    box.setMeasure(first);
+    connect(&box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &MatrixDialog::refresh);
+    connect(&box, &MeasureBox::faultChanged, this, &MatrixDialog::refresh);
 }
 
 QLabel *MatrixDialog::addRow(QFormLayout &form, QWidget *box)
@@ -131,6 +133,9 @@ void MatrixDialog::showEvent(QShowEvent *event)
         move(m_document.mapToGlobal(QPoint(kMarginPx, kMarginPx)));
         m_hasBeenShown = true;
     }
+    // What is typed at once is the first number.
+    m_rowsBox->setFocus();
+    m_rowsBox->selectAll();
     if (!m_preview)
         m_preview = new MatrixPreview(*m_document.scene());
     follow();
@@ -169,7 +174,7 @@ void MatrixDialog::refresh()
 
 MatrixGrid MatrixDialog::grid() const
 {
-    return {m_rowsBox->value(), m_columnsBox->value(),
+    return {qRound(m_rowsBox->measure()), qRound(m_columnsBox->measure()),
             QSizeF(m_acrossBox->measure(), m_downBox->measure())};
 }
 

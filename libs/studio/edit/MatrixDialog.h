@@ -9,7 +9,6 @@ class QCheckBox;
 class QFormLayout;
 class QLabel;
 class QPushButton;
-class QSpinBox;
 QT_END_NAMESPACE
 
 namespace studio {
@@ -37,8 +36,9 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    QSpinBox *addCount(const QString &name, int value);
+    MeasureBox *addCount(const QString &name, int value);
     MeasureBox *addGap(const QString &name);
+    void watch(MeasureBox &box, const QString &name, double first);
     QLabel *addRow(QFormLayout &form, QWidget *box);
     void layOut();
     void retranslate();
@@ -51,8 +51,8 @@ private:
 
     ZTGraphicsDocument &m_document;
     DocumentActions &m_actions;
-    QSpinBox *m_rowsBox;
-    QSpinBox *m_columnsBox;
+    MeasureBox *m_rowsBox;
+    MeasureBox *m_columnsBox;
     MeasureBox *m_acrossBox;
     MeasureBox *m_downBox;
     QCheckBox *m_numberBox; ///< shown for what has a variant text

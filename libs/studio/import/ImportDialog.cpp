@@ -24,6 +24,7 @@
 #include <QtWidgets/QTableWidget>
 
 #include <algorithm>
+#include <cmath>
 #include <set>
 
 namespace studio {
@@ -77,20 +78,11 @@ std::set<QRgb> colorsOf(const vectorkit::VectorDrawing &drawing)
     return colors;
 }
 
-/** Where there is no extent in a direction it is the other one's; in none, that of the unit. */
-QSizeF scaleBetween(const QSizeF &found, const QSizeF &now, double unitFactor)
-{
-    const double across = found.width() > 0.0 ? now.width() / found.width() : 0.0;
-    const double down = found.height() > 0.0 ? now.height() / found.height() : 0.0;
-    const double other = across > 0.0 ? across : down > 0.0 ? down : unitFactor;
-    return {across > 0.0 ? across : other, down > 0.0 ? down : other};
-}
-
 } // namespace
 
 ImportDialog::ImportDialog(const QString &path, const vectorkit::VectorDrawing &read,
                            QWidget *parent)
-    : QDialog(parent), m_found(read), m_foundSizeMm(read.boundsMm().size()),
+    : QDialog(parent), m_found(read), m_foundSizeMm(hostkit::arrivingBoxMm(read).size()),
       m_first(rememberedImportOptions()), m_picture(new ImportPicture(this)),
       m_unitBox(new QComboBox(this)), m_widthBox(addSize(QStringLiteral("importWidth"))),
       m_heightBox(addSize(QStringLiteral("importHeight"))), m_proportionsBox(new QCheckBox(this)),
@@ -145,6 +137,9 @@ void ImportDialog::fillNotes()
 {
     m_notes->setObjectName(QStringLiteral("importNotes"));
     m_notes->setMaximumHeight(kListPx);
+    m_notes->setWordWrap(true);
+    m_notes->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_notes->setResizeMode(QListView::Adjust);
     for (const vectorkit::VectorNote &note : qAsConst(m_found.notes))
         m_notes->addItem(noteText(note));
     if (m_found.notes.isEmpty())
@@ -344,9 +339,10 @@ void ImportDialog::refresh()
         return;
     }
     vectorkit::CleanOptions options = m_clean->options();
-    vectorkit::VectorDrawing drawing = sized();
-    const QSizeF scale = scaleBetween(m_foundSizeMm, drawing.boundsMm().size(),
-                                      m_unitBox->currentData().toDouble() / m_found.unitMm);
+    const QSizeF scale = chosenScale();
+    vectorkit::VectorDrawing drawing = m_found;
+    if (scale != QSizeF(1.0, 1.0))
+        hostkit::scaleDrawing(&drawing, scale.width(), scale.height());
     vectorkit::CleanReport report;
     bool isDone = false;
     {
@@ -367,9 +363,9 @@ void ImportDialog::refresh()
     m_picture->show(m_shown);
 }
 
-vectorkit::VectorDrawing ImportDialog::sized() const
+/** Where there is no extent in a direction it is the other one's; in none, that of the unit. */
+QSizeF ImportDialog::chosenScale() const
 {
-    vectorkit::VectorDrawing drawing = m_found;
     const double unitFactor = m_unitBox->currentData().toDouble() / m_found.unitMm;
     const auto isAt = [&](const MeasureBox *box, double sizeMm) {
         return qAbs(box->measure() - sizeMm) < 0.5 / 1000;
@@ -377,17 +373,17 @@ vectorkit::VectorDrawing ImportDialog::sized() const
     // What only the unit has changed is not rounded to what the fields show.
     const bool isUnitAlone = isAt(m_widthBox, m_foundSizeMm.width() * unitFactor) &&
                              isAt(m_heightBox, m_foundSizeMm.height() * unitFactor);
-    if (isUnitAlone || m_foundSizeMm.isNull()) {
-        if (unitFactor != 1.0)
-            drawing.scale(unitFactor);
-        return drawing;
-    }
-    const bool isWidthAlone = m_proportionsBox->isChecked() && m_foundSizeMm.width() > 0.0;
-    hostkit::fitDrawing(
-        &drawing,
-        QSizeF(m_foundSizeMm.width() > 0.0 ? m_widthBox->measure() : 0.0,
-               m_foundSizeMm.height() > 0.0 && !isWidthAlone ? m_heightBox->measure() : 0.0));
-    return drawing;
+    const bool hasWidth = m_foundSizeMm.width() > 0.0;
+    const bool hasHeight = m_foundSizeMm.height() > 0.0;
+    if (isUnitAlone || !(hasWidth || hasHeight))
+        return {unitFactor, unitFactor};
+    const double across = hasWidth ? m_widthBox->measure() / m_foundSizeMm.width() : 0.0;
+    const double down = hasHeight ? m_heightBox->measure() / m_foundSizeMm.height() : 0.0;
+    if (!std::isfinite(across) || !std::isfinite(down))
+        return {unitFactor, unitFactor};
+    if (hasWidth && (m_proportionsBox->isChecked() || !hasHeight))
+        return {across, across};
+    return {hasWidth ? across : down, down};
 }
 
 vectorkit::CleanOptions ImportDialog::cleaning() const { return m_clean->options(); }

@@ -27,6 +27,8 @@ class MeasureBox;
  * what was left out. The user may change unit, size, splitting, pens and what is to be cleaned; the
  * picture is that of what would come in.
  *
+ * The size is that of all that comes in, texts included, before it is cleaned.
+ *
  * Range: sizes from 0.001 to 100,000 mm, shown and typed in the unit of the program.
  */
 class ImportDialog : public QDialog
@@ -67,7 +69,7 @@ private:
     void showSize(const QSizeF &sizeMm);
     void refreshSoon();
     void refresh();
-    vectorkit::VectorDrawing sized() const;
+    QSizeF chosenScale() const;
     void take();
 
     vectorkit::VectorDrawing m_found;

@@ -1,6 +1,7 @@
 #include <studio/import/ImportPicture.h>
 
-#include <QtGui/QFontMetricsF>
+#include <hostkit/import/DrawingImport.h>
+
 #include <QtGui/QPainter>
 
 #include <algorithm>
@@ -11,7 +12,6 @@ namespace studio {
 namespace {
 
 constexpr int kMarginPx = 8;
-constexpr int kFontPx = 100;
 constexpr int kTint = 24;       ///< of 255
 constexpr int kMostEnds = 4000; ///< ends that are shown
 constexpr double kEndPx = 4.0;
@@ -24,12 +24,6 @@ QColor inkOf(const QColor &color)
     if (!color.isValid())
         return Qt::black;
     return color.lightness() > 220 ? color.darker(150) : color;
-}
-
-QRectF united(const QRectF &a, const QRectF &b)
-{
-    return QRectF(QPointF(std::min(a.left(), b.left()), std::min(a.top(), b.top())),
-                  QPointF(std::max(a.right(), b.right()), std::max(a.bottom(), b.bottom())));
 }
 
 } // namespace
@@ -45,7 +39,8 @@ void ImportPicture::show(const vectorkit::VectorDrawing &drawing)
     m_parts.clear();
     m_texts.clear();
     m_endsMm.clear();
-    m_boxMm = drawing.boundsMm();
+    QVector<QPainterPath> letters;
+    m_boxMm = hostkit::arrivingBoxMm(drawing, &letters);
     for (const vectorkit::VectorLayer &layer : drawing.layers) {
         for (const vectorkit::VectorShape &shape : layer.shapes) {
             const QColor ink = inkOf(shape.color);
@@ -54,14 +49,8 @@ void ImportPicture::show(const vectorkit::VectorDrawing &drawing)
             for (const vectorkit::VectorPath &path : shape.paths)
                 take(path, &m_parts.last());
         }
-        for (const vectorkit::VectorText &text : layer.texts) {
-            const double sideMm = text.heightMm * std::max(1, text.text.size());
-            const QRectF around(text.positionMm - QPointF(sideMm, sideMm) / 2,
-                                QSizeF(sideMm, sideMm));
-            m_boxMm =
-                drawing.shapeCount() == 0 && m_texts.isEmpty() ? around : united(m_boxMm, around);
-            m_texts.append(text);
-        }
+        for (const vectorkit::VectorText &text : layer.texts)
+            m_texts.append({letters[m_texts.size()], inkOf(text.color)});
     }
     update();
 }
@@ -99,7 +88,8 @@ void ImportPicture::paintEvent(QPaintEvent *)
         painter.setPen(dot);
         painter.drawPoints(m_endsMm.constData(), m_endsMm.size());
     }
-    paintTexts(&painter);
+    for (const Text &text : qAsConst(m_texts))
+        painter.fillPath(text.letters, text.color);
 }
 
 void ImportPicture::take(const vectorkit::VectorPath &path, Part *part)
@@ -107,28 +97,6 @@ void ImportPicture::take(const vectorkit::VectorPath &path, Part *part)
     path.addTo(path.isClosed() ? &part->closed : &part->open);
     if (!path.isClosed() && !path.isEmpty() && m_endsMm.size() <= kMostEnds)
         m_endsMm << path.start() << path.end();
-}
-
-void ImportPicture::paintTexts(QPainter *painter) const
-{
-    for (const vectorkit::VectorText &text : qAsConst(m_texts)) {
-        QFont font;
-        font.setPixelSize(kFontPx);
-        const QFontMetricsF metrics(font);
-        const double size = text.heightMm / metrics.capHeight();
-        const double advance = metrics.horizontalAdvance(text.text);
-        const double shift = text.anchor == vectorkit::TextAnchor::Left     ? 0.0
-                             : text.anchor == vectorkit::TextAnchor::Middle ? -advance / 2
-                                                                            : -advance;
-        painter->save();
-        painter->translate(text.positionMm);
-        painter->rotate(-text.angleDeg);
-        painter->scale((text.isMirrored ? -size : size) * text.widthFactor, size);
-        painter->setFont(font);
-        painter->setPen(inkOf(text.color));
-        painter->drawText(QPointF(shift, 0), text.text);
-        painter->restore();
-    }
 }
 
 } // namespace studio

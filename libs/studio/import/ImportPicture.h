@@ -8,8 +8,8 @@
 namespace studio {
 
 /**
- * What a drawing looks like before it comes in: its outlines, as large as the widget allows. Closed
- * ones are tinted, and dots stand at the ends of open ones.
+ * What a drawing looks like before it comes in: its outlines and the letters of its texts, as
+ * large as the widget allows. Closed outlines are tinted, and dots stand at the ends of open ones.
  */
 class ImportPicture : public QWidget
 {
@@ -18,7 +18,7 @@ class ImportPicture : public QWidget
 public:
     explicit ImportPicture(QWidget *parent = nullptr);
 
-    /** Takes the outlines and the places of the texts; the form is shown, not the size. */
+    /** Takes the outlines and the texts as they come in; the form is shown, not the size. */
     void show(const vectorkit::VectorDrawing &drawing);
 
 protected:
@@ -31,11 +31,15 @@ private:
         QPainterPath closed;
         QColor color;
     };
+    struct Text
+    {
+        QPainterPath letters;
+        QColor color;
+    };
     void take(const vectorkit::VectorPath &path, Part *part);
-    void paintTexts(QPainter *painter) const;
 
     QVector<Part> m_parts;
-    QVector<vectorkit::VectorText> m_texts;
+    QVector<Text> m_texts;
     QVector<QPointF> m_endsMm; ///< of open outlines, as many as can be told apart
     QRectF m_boxMm;
 };

@@ -99,22 +99,24 @@ Importer::Importer(ZTGraphicsDocument &target, Messages &reader)
 bool Importer::read(const QString &path, ReadDrawing *read)
 {
     read->path = path;
-    return readWith(fileNameOf(path),
-                    [&](const vectorkit::ReadOptions &options, vectorkit::ReadFailure *failure) {
-                        return vectorkit::readDrawingFile(path, options, &read->drawing, failure);
-                    });
+    const Read readOne = [&](const vectorkit::ReadOptions &options,
+                             vectorkit::ReadFailure *failure) {
+        return vectorkit::readDrawingFile(path, options, &read->drawing, failure);
+    };
+    return readWith(fileNameOf(path), readOne, &read->drawing);
 }
 
 bool Importer::read(const QByteArray &bytes, const QString &name, ReadDrawing *read)
 {
     read->path = name;
-    return readWith(name,
-                    [&](const vectorkit::ReadOptions &options, vectorkit::ReadFailure *failure) {
-                        return vectorkit::readDrawing(bytes, options, &read->drawing, failure);
-                    });
+    const Read readOne = [&](const vectorkit::ReadOptions &options,
+                             vectorkit::ReadFailure *failure) {
+        return vectorkit::readDrawing(bytes, options, &read->drawing, failure);
+    };
+    return readWith(name, readOne, &read->drawing);
 }
 
-bool Importer::readWith(const QString &name, const Read &readOne)
+bool Importer::readWith(const QString &name, const Read &readOne, vectorkit::VectorDrawing *drawing)
 {
     vectorkit::ReadFailure failure;
     bool isRead = false;
@@ -128,6 +130,8 @@ bool Importer::readWith(const QString &name, const Read &readOne)
     m_isCancelled = !isRead && failure.kind == vectorkit::ReadFailure::Kind::Cancelled;
     if (!isRead && !m_isCancelled)
         m_messages.failure(refusal(name, failure));
+    if (isRead)
+        hostkit::noteMissingFonts(drawing);
     return isRead;
 }
 

@@ -68,7 +68,7 @@ public:
 private:
     using Read = std::function<bool(const vectorkit::ReadOptions &, vectorkit::ReadFailure *)>;
 
-    bool readWith(const QString &name, const Read &readOne);
+    bool readWith(const QString &name, const Read &readOne, vectorkit::VectorDrawing *drawing);
     hostkit::ImportResult bringInOne(const ReadDrawing &read,
                                      const hostkit::ImportOptions &options);
     void takeBack(const ShapeItems &items);

@@ -91,6 +91,8 @@ void JobExportDialog::build()
     setTabOrder(m_browse, m_frame);
     setTabOrder(m_frame, m_parts);
     setTabOrder(m_parts, m_oneFile);
+    m_path->setFocus();
+    m_path->selectAll(); // another one that is typed takes its place
 }
 
 JobExport JobExportDialog::wanted() const
@@ -119,8 +121,8 @@ void JobExportDialog::refresh()
         return;
     }
     const QStringList files = JobExporter::filesOf(wanted());
-    QString text = files.size() == 1 ? tr("One file: %1").arg(QFileInfo(files.first()).fileName())
-                                     : tr("%1 files: %2 to %3")
+    QString text = files.size() == 1 ? tr("One file: %1.").arg(QFileInfo(files.first()).fileName())
+                                     : tr("%1 files: %2 to %3.")
                                            .arg(files.size())
                                            .arg(QFileInfo(files.first()).fileName(),
                                                 QFileInfo(files.last()).fileName());
@@ -151,13 +153,9 @@ void JobExportDialog::browse()
 void JobExportDialog::finish()
 {
     const JobExport order = wanted();
-    QSettings().setValue(kFolderKey, QFileInfo(order.path).absolutePath());
     const QStringList files = JobExporter::filesOf(order);
     const auto exists = [](const QString &file) { return QFileInfo::exists(file); };
-    const auto goOn = [this, order] {
-        Q_EMIT chosen(order);
-        accept();
-    };
+    const auto goOn = [this, order] { Q_EMIT chosen(order); };
     const int existing = int(std::count_if(files.begin(), files.end(), exists));
     if (existing == 0) {
         goOn();
@@ -174,6 +172,13 @@ void JobExportDialog::finish()
     box->setDefaultButton(box->addButton(QMessageBox::Cancel));
     connect(replacing, &QPushButton::clicked, this, goOn);
     box->open();
+}
+
+/** Only a folder that took the job is suggested again. */
+void JobExportDialog::accept()
+{
+    QSettings().setValue(kFolderKey, QFileInfo(wanted().path).absolutePath());
+    QDialog::accept();
 }
 
 } // namespace studio

@@ -15,7 +15,10 @@ QT_END_NAMESPACE
 
 namespace studio {
 
-/** Asks where a job goes, for how many parts, and whether its frame alone is wanted. */
+/**
+ * Asks where a job goes, for how many parts, and whether its frame alone is wanted. It stays open,
+ * with all that was entered, until the job is written: whoever writes it accepts the dialog.
+ */
 class JobExportDialog : public QDialog
 {
     Q_OBJECT
@@ -26,7 +29,10 @@ public:
 
     JobExport wanted() const;
 
+    void accept() override;
+
 Q_SIGNALS:
+    /** The job is to be written so. */
     void chosen(const studio::JobExport &wanted);
 
 private:

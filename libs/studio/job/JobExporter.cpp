@@ -118,6 +118,18 @@ bool JobExporter::fail(const QString &path, const QString &why)
     return false;
 }
 
+/** What the folder, the disk or a file that is there stands against. */
+bool JobExporter::failToWrite(const QString &path, const QString &reason, bool isFirst)
+{
+    const QFileInfo file(path);
+    QStringList why{
+        tr("Folder: %1").arg(QDir::toNativeSeparators(file.absoluteDir().absolutePath())),
+        tr("Reason: %1.").arg(reason)};
+    if (!isFirst)
+        why << tr("The files before it were written; the numbers were not used up.");
+    return fail(path, why.join(QLatin1Char('\n')));
+}
+
 void JobExporter::askAboutNotReady(const JobExport &wanted, const JobSettings &settings, int part,
                                    const QStringList &reasons)
 {
@@ -406,12 +418,8 @@ bool JobExporter::writeFiles(const JobExport &wanted, const JobRequest &request,
         const auto write = [form = *jobkit::jobFormOf(wanted.path), &file](QIODevice &device) {
             return jobkit::writeJob(form, file, device);
         };
-        if (!hostkit::saveWhole(files[i], write, &failure)) {
-            const QString before =
-                i == 0 ? QString()
-                       : tr(" The files before it were written; the numbers were not used up.");
-            return fail(files[i], failure.reason + QLatin1Char('.') + before);
-        }
+        if (!hostkit::saveWhole(files[i], write, &failure))
+            return failToWrite(files[i], failure.reason, i == 0);
     }
     return true;
 }

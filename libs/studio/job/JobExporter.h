@@ -94,6 +94,7 @@ private:
     bool writeFiles(const JobExport &wanted, const JobRequest &request,
                     const QVector<jobkit::JobPlan> &plans);
     bool fail(const QString &path, const QString &why);
+    bool failToWrite(const QString &path, const QString &reason, bool isFirst);
     void askAboutNotReady(const JobExport &wanted, const JobSettings &settings, int part,
                           const QStringList &reasons);
 

@@ -1,6 +1,7 @@
 #include <studio/job/JobReport.h>
 
 #include <studio/job/PlanView.h>
+#include <studio/program/Language.h>
 
 #include <hostkit/files/FileWriter.h>
 
@@ -92,7 +93,8 @@ QString reportText(const Job &job, const QString &drawing)
     QStringList head;
     if (!drawing.isEmpty())
         head << row({Texts::tr("Drawing"), drawing});
-    head << row({Texts::tr("Date"), QLocale().toString(QDate::currentDate(), QLocale::LongFormat)});
+    head << row(
+        {Texts::tr("Date"), textLocale().toString(QDate::currentDate(), QLocale::LongFormat)});
     QString html = table(
         Texts::tr("Job"),
         head +

@@ -195,6 +195,7 @@ void JobTools::askAndExport()
     connect(dialog, &JobExportDialog::chosen, this, [this](const JobExport &wanted) {
         m_exporter->write(wanted, m_panel->settings(), m_job);
     });
+    connect(m_exporter, &JobExporter::written, dialog, &QDialog::accept);
     dialog->open();
 }
 

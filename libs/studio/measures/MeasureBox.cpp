@@ -2,8 +2,9 @@
 
 #include <studio/choices/Units.h>
 
-#include <QtCore/QEvent>
+#include <QtCore/QCoreApplication>
 #include <QtCore/QSignalBlocker>
+#include <QtCore/QTimer>
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QLineEdit>
 
@@ -81,6 +82,12 @@ QString MeasureBox::faultIn(const QWidget &window)
 {
     const MeasureBox *wrong = wrongIn(window);
     return wrong != nullptr ? wrong->fault() : QString();
+}
+
+QEvent::Type MeasureBox::faultEvent()
+{
+    static const int kType = QEvent::registerEventType();
+    return static_cast<QEvent::Type>(kType);
 }
 
 /** Whether a text is no entry: what was given may even lie outside the range. */
@@ -169,6 +176,16 @@ void MeasureBox::focusOutEvent(QFocusEvent *event)
 void MeasureBox::hideEvent(QHideEvent *event)
 {
     QDoubleSpinBox::hideEvent(event);
+    if (window()->isVisible()) {
+        takeBackWrong();
+        return;
+    }
+    // A window that goes may be on its way out, with those who listen here gone before it.
+    QTimer::singleShot(0, this, &MeasureBox::takeBackWrong);
+}
+
+void MeasureBox::takeBackWrong()
+{
     if (!m_fault.isEmpty())
         takeBack();
 }
@@ -246,6 +263,8 @@ void MeasureBox::setFault(const QString &reason)
     setAccessibleDescription(reason);
     MeasureField::colourFault(*this, !reason.isEmpty());
     Q_EMIT faultChanged(reason);
+    QEvent told(faultEvent());
+    QCoreApplication::sendEvent(window(), &told);
 }
 
 } // namespace studio

@@ -2,6 +2,7 @@
 
 #include <studio/measures/MeasureField.h>
 
+#include <QtCore/QEvent>
 #include <QtWidgets/QDoubleSpinBox>
 
 namespace studio {
@@ -50,6 +51,12 @@ public:
     /** What is wrong there, for people; empty if nothing is. */
     static QString faultIn(const QWidget &window);
 
+    /**
+     * What the window of a box gets when the entry becomes wrong, wrong in another way, or right:
+     * for windows whose boxes come and go.
+     */
+    static QEvent::Type faultEvent();
+
     QValidator::State validate(QString &text, int &pos) const override;
     double valueFromText(const QString &text) const override;
     QString textFromValue(double value) const override;
@@ -70,6 +77,7 @@ private:
     void takeUnit();
     void check();
     void takeBack();
+    void takeBackWrong();
     void goBack();
     void keepAsEntered();
     bool isShown(const QString &text) const;

@@ -4,6 +4,7 @@
 #include <studio/panel/ChoiceBox.h>
 #include <studio/panel/ShapeStep.h>
 #include <studio/program/UndoTexts.h>
+#include <studio/text/FontOffers.h>
 #include <studio/text/StrokeFonts.h>
 
 #include <QtWidgets/QCheckBox>
@@ -250,6 +251,7 @@ void TextSection::showFonts(const QVector<TextSettings> &settings)
     m_kind->setCurrentIndex(kind ? m_kind->findData(int(*kind)) : -1);
     const auto family =
         commonSetting(settings, [](const TextSettings &s) { return s.font.family(); });
+    m_family->setToolTip(family ? missingFamilyNote(QFont(*family)) : QString());
     m_family->setCurrentIndex(family ? m_family->findText(*family) : -1);
     if (family && m_family->currentIndex() < 0)
         m_family->setEditText(*family);

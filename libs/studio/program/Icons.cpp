@@ -51,9 +51,12 @@ public:
     {
         const QPalette palette = QApplication::palette();
         const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-        const QColor &ink = palette.color(group, QPalette::ButtonText);
-        const QColor accent =
-            mode == QIcon::Disabled ? ink : palette.color(group, QPalette::Highlight);
+        // On a selected row the accent is the ground: there all of it is as the words beside it.
+        const QColor &ink = palette.color(group, mode == QIcon::Selected ? QPalette::HighlightedText
+                                                                         : QPalette::ButtonText);
+        const QColor accent = mode == QIcon::Normal || mode == QIcon::Active
+                                  ? palette.color(group, QPalette::Highlight)
+                                  : ink;
         painter->save();
         enterField(*painter, rect);
         painter->fillPath(m_areas, accent);

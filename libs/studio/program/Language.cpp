@@ -53,6 +53,9 @@ bool isSystemChinese()
     return !languages.isEmpty() && QLocale(languages.first()).language() == QLocale::Chinese;
 }
 
+/** Of the process, as the catalogues are. */
+bool areTextsChinese = false;
+
 } // namespace
 
 Language::Language() : m_chosen(rememberedChoice())
@@ -61,7 +64,7 @@ Language::Language() : m_chosen(rememberedChoice())
     apply();
 }
 
-Language::~Language() = default;
+Language::~Language() { areTextsChinese = false; }
 
 void Language::choose(LanguageChoice choice)
 {
@@ -80,6 +83,7 @@ void Language::apply()
     if (wantsChinese == m_isChinese)
         return;
     m_isChinese = wantsChinese;
+    areTextsChinese = wantsChinese;
     // A catalogue that goes uninstalls itself.
     m_catalogues.clear();
     if (!m_isChinese)
@@ -91,6 +95,15 @@ void Language::apply()
     load(QStringLiteral("codekit_zh"), QStringLiteral(":/"));
     load(QStringLiteral("jobkit_zh"), QStringLiteral(":/"));
     load(QStringLiteral("studio_zh"), QStringLiteral(":/"));
+}
+
+QLocale textLocale()
+{
+    const QLocale own;
+    if ((own.language() == QLocale::Chinese) == areTextsChinese)
+        return own;
+    return areTextsChinese ? QLocale(QLocale::Chinese, QLocale::China)
+                           : QLocale(QLocale::English, QLocale::UnitedStates);
 }
 
 void Language::load(const QString &name, const QString &folder)

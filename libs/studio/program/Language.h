@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QLocale>
 #include <QtCore/QString>
 
 #include <memory>
@@ -42,5 +43,11 @@ private:
     bool m_isChinese = false;
     std::vector<std::unique_ptr<QTranslator>> m_catalogues;
 };
+
+/**
+ * The locale of dates among the program's texts: the system's where it speaks the language of the
+ * texts, else that of their language.
+ */
+QLocale textLocale();
 
 } // namespace studio

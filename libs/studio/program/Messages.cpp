@@ -29,14 +29,28 @@ void DialogMessages::warning(const Message &message) { show(QMessageBox::Warning
 
 void DialogMessages::show(int icon, const Message &message)
 {
+    m_waiting.append({icon, message});
+    if (m_shown == nullptr)
+        showNext();
+}
+
+void DialogMessages::showNext()
+{
+    m_shown = nullptr;
+    if (m_waiting.isEmpty())
+        return;
+    const Waiting next = m_waiting.takeFirst();
+    const Message &message = next.message;
     auto *box = new QMessageBox(m_window);
+    m_shown = box;
     box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setIcon(static_cast<QMessageBox::Icon>(icon));
+    box->setIcon(static_cast<QMessageBox::Icon>(next.icon));
     // File names may look like markup.
     box->setTextFormat(Qt::PlainText);
     box->setText(message.what);
     box->setInformativeText(message.why);
     box->setDetailedText(message.details.join(QLatin1Char('\n')));
+    QObject::connect(box, &QMessageBox::finished, box, [this] { showNext(); });
     box->open();
 }
 

@@ -3,8 +3,10 @@
 #include <QtCore/QPointer>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
+#include <QtCore/QVector>
 
 QT_BEGIN_NAMESPACE
+class QMessageBox;
 class QWidget;
 QT_END_NAMESPACE
 
@@ -31,7 +33,10 @@ public:
     virtual void warning(const Message &message) = 0;
 };
 
-/** Shows messages as dialogs over a window, without waiting for them to be closed. */
+/**
+ * Shows messages as dialogs over a window, without waiting for them to be closed: the next one
+ * comes up when the one before it has gone.
+ */
 class DialogMessages final : public Messages
 {
 public:
@@ -41,9 +46,17 @@ public:
     void warning(const Message &message) override;
 
 private:
+    struct Waiting
+    {
+        int icon;
+        Message message;
+    };
     void show(int icon, const Message &message);
+    void showNext();
 
     QPointer<QWidget> m_window; ///< borrowed
+    QVector<Waiting> m_waiting;
+    QPointer<QMessageBox> m_shown; ///< Owner: the window
 };
 
 /** Writes messages to standard error, each line behind the program's name. */

@@ -1378,6 +1378,13 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     </message>
 </context>
 <context>
+    <name>studio::FontOffers</name>
+    <message>
+        <source>&quot;%1&quot; is not installed here; &quot;%2&quot; stands in for it.</source>
+        <translation>这里没有安装“%1”，由“%2”代替。</translation>
+    </message>
+</context>
+<context>
     <name>studio::FontPage</name>
     <message>
         <source> %</source>
@@ -1848,7 +1855,7 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <name>studio::RecoveryDialog</name>
     <message>
         <source>%1, shapes: %L2</source>
-        <translation>%1,图形：%L2</translation>
+        <translation>%1，图形：%L2</translation>
     </message>
     <message>
         <source>&amp;Close</source>
@@ -3863,8 +3870,8 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
 <context>
     <name>studio::JobExportDialog</name>
     <message>
-        <source>%1 files: %2 to %3</source>
-        <translation>%1 个文件：%2 至 %3</translation>
+        <source>%1 files: %2 to %3.</source>
+        <translation>%1 个文件：%2 至 %3。</translation>
     </message>
     <message>
         <source>%1 of the files are there already.</source>
@@ -3915,8 +3922,8 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>作业边框：凸包</translation>
     </message>
     <message>
-        <source>One file: %1</source>
-        <translation>一个文件：%1</translation>
+        <source>One file: %1.</source>
+        <translation>一个文件：%1。</translation>
     </message>
     <message>
         <source>The job</source>
@@ -3938,16 +3945,16 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
 <context>
     <name>studio::JobExporter</name>
     <message>
-        <source> The files before it were written; the numbers were not used up.</source>
-        <translation>之前的文件已写出；编号未被消耗。</translation>
-    </message>
-    <message>
         <source>&quot;%1&quot; was not written.</source>
         <translation>未写出“%1”。</translation>
     </message>
     <message>
         <source>After part %1 there are no further values for: %2. No file was written.</source>
         <translation>第 %1 件之后，以下文本不再有值：%2。未写出任何文件。</translation>
+    </message>
+    <message>
+        <source>Folder: %1</source>
+        <translation>文件夹：%1</translation>
     </message>
     <message>
         <source>Making the job...</source>
@@ -3960,6 +3967,14 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
     <message>
         <source>Only G-code can hold several parts with a pause between them. Write one file a part.</source>
         <translation>只有 G 代码能在一个文件中以暂停分隔多件。请每件写一个文件。</translation>
+    </message>
+    <message>
+        <source>Reason: %1.</source>
+        <translation>原因：%1。</translation>
+    </message>
+    <message>
+        <source>The files before it were written; the numbers were not used up.</source>
+        <translation>之前的文件已写出；编号未被消耗。</translation>
     </message>
     <message>
         <source>The name has to end in one of %1.</source>

@@ -56,7 +56,9 @@ QIcon penSwatch(int pen)
     // An edge of its own: yellow on a white list, black on a dark one.
     painter.setPen(QPen(Qt::gray, 2));
     painter.drawRect(1, 1, kSwatchSide - 2, kSwatchSide - 2);
-    return pixmap;
+    QIcon swatch(pixmap);
+    swatch.addPixmap(pixmap, QIcon::Selected); // else tinted with the colour of selections
+    return swatch;
 }
 
 } // namespace studio

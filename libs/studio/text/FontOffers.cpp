@@ -2,8 +2,10 @@
 
 #include <studio/text/StrokeFonts.h>
 
+#include <hostkit/text/FontPresence.h>
 #include <hostkit/text/StrokeFont.h>
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>
 #include <QtGui/QFontDatabase>
 #include <QtGui/QFontInfo>
@@ -15,6 +17,11 @@
 namespace studio {
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(studio::FontOffers)
+};
 
 constexpr int kMostStrokeOffers = 2;
 constexpr int kMostPairsTried = 40;
@@ -105,6 +112,14 @@ void FontOffer::applyTo(TextSettings *settings) const
     } else {
         settings->font.setFamily(family);
     }
+}
+
+QString missingFamilyNote(const QFont &font)
+{
+    if (hostkit::hasSystemFont(font.family()))
+        return {};
+    return Texts::tr("\"%1\" is not installed here; \"%2\" stands in for it.")
+        .arg(font.family(), QFontInfo(font).family());
 }
 
 QStringList missingCharacters(const QString &text, const TextSettings &settings)

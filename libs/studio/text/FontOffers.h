@@ -20,6 +20,12 @@ struct FontOffer
     void applyTo(TextSettings *settings) const;
 };
 
+/**
+ * What is to be said of a font whose family is not installed: its name, and what stands in for it.
+ * Empty for one that is.
+ */
+QString missingFamilyNote(const QFont &font);
+
 /** The characters of a text that the fonts of the settings do not draw, each once. */
 QStringList missingCharacters(const QString &text, const TextSettings &settings);
 

@@ -69,8 +69,12 @@ QWidget *FontPage::newSystemPart(const TextSettings &settings)
     auto *part = new QWidget(this);
     m_familyBox = new QFontComboBox(part);
     m_familyBox->setObjectName(QStringLiteral("family"));
-    m_familyBox->setCurrentFont(settings.font);
-    m_shownFamily = m_familyBox->currentFont().family();
+    m_missingLabel = new QLabel(part);
+    m_missingLabel->setObjectName(QStringLiteral("familyMissing"));
+    m_missingLabel->setWordWrap(true);
+    m_missingLabel->setTextFormat(Qt::PlainText);
+    m_family = settings.font.family();
+    showFamily();
     m_boldBox = new QCheckBox(tr("&Bold"), part);
     m_boldBox->setObjectName(QStringLiteral("bold"));
     m_boldBox->setChecked(settings.font.bold());
@@ -83,11 +87,33 @@ QWidget *FontPage::newSystemPart(const TextSettings &settings)
     styles->addStretch(1);
     auto *form = new QFormLayout(part);
     form->addRow(tr("F&amily"), m_familyBox);
+    form->addRow(QString(), m_missingLabel);
     form->addRow(QString(), styles);
-    connect(m_familyBox, &QFontComboBox::currentFontChanged, this, &TextPage::changed);
+    // Not when its font changes: what stands in for a missing family can be chosen as well.
+    connect(m_familyBox, qOverload<int>(&QComboBox::activated), this,
+            [this](int index) { takeFamily(m_familyBox->itemText(index)); });
     connect(m_boldBox, &QCheckBox::toggled, this, &TextPage::changed);
     connect(m_italicBox, &QCheckBox::toggled, this, &TextPage::changed);
     return part;
+}
+
+/** The family by its own name, also where none of this name is installed. */
+void FontPage::showFamily()
+{
+    const int index = m_familyBox->findText(m_family, Qt::MatchFixedString);
+    m_familyBox->setCurrentIndex(index);
+    if (index < 0)
+        m_familyBox->setEditText(m_family);
+    const QString note = missingFamilyNote(QFont(m_family));
+    m_missingLabel->setText(note);
+    m_missingLabel->setVisible(!note.isEmpty());
+}
+
+void FontPage::takeFamily(const QString &family)
+{
+    m_family = family;
+    showFamily();
+    Q_EMIT changed();
 }
 
 QWidget *FontPage::newStrokePart(const TextSettings &settings)
@@ -157,7 +183,8 @@ void FontPage::choose(const FontOffer &offer)
         m_bigList->choose(offer.zhName);
         m_strokeButton->setChecked(true);
     } else {
-        m_familyBox->setCurrentFont(QFont(offer.family));
+        m_family = offer.family;
+        showFamily();
         m_systemButton->setChecked(true);
     }
     Q_EMIT changed();
@@ -166,9 +193,8 @@ void FontPage::choose(const FontOffer &offer)
 void FontPage::read(TextSettings &settings) const
 {
     settings.kind = m_strokeButton->isChecked() ? FontType::singleLine : FontType::doubleLine;
-    // A family that is not installed shows as another one, and stays until one is chosen.
-    if (m_familyBox->currentFont().family() != m_shownFamily)
-        settings.font.setFamily(m_familyBox->currentFont().family());
+    if (m_family != settings.font.family())
+        settings.font.setFamily(m_family);
     settings.font.setBold(m_boldBox->isChecked());
     settings.font.setItalic(m_italicBox->isChecked());
     if (!m_regularList->chosen().isEmpty())

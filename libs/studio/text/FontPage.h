@@ -6,6 +6,7 @@
 QT_BEGIN_NAMESPACE
 class QCheckBox;
 class QFontComboBox;
+class QLabel;
 class QRadioButton;
 class QStackedWidget;
 QT_END_NAMESPACE
@@ -33,12 +34,15 @@ private:
     QWidget *newStrokePart(const TextSettings &settings);
     QWidget *newSizes(const TextSettings &settings);
     void showKind();
+    void showFamily();
+    void takeFamily(const QString &family);
 
     QRadioButton *m_systemButton;
     QRadioButton *m_strokeButton;
     QStackedWidget *m_kinds;
     QFontComboBox *m_familyBox = nullptr;
-    QString m_shownFamily; ///< at first, for the family of the text
+    QString m_family; ///< of the text, installed or not, until another one is chosen
+    QLabel *m_missingLabel = nullptr;
     QCheckBox *m_boldBox = nullptr;
     QCheckBox *m_italicBox = nullptr;
     StrokeSamples *m_samples = nullptr;

@@ -6,6 +6,8 @@
 #include <QtGui/QScreen>
 #include <QtGui/QShowEvent>
 #include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QUndoStack>
@@ -23,19 +25,21 @@ constexpr int kLeastFreePx = 100; ///< of the drawing beside the dialog
 PreviewDialog::PreviewDialog(ZTAbstractGraphicsTextItem &edited, QUndoStack &undoStack,
                              QWidget *parent)
     : QDialog(parent), m_item(&edited), m_stack(undoStack), m_before(edited),
-      m_tabs(new QTabWidget(this)), m_layout(new QVBoxLayout(this))
+      m_tabs(new QTabWidget(this)), m_layout(new QVBoxLayout(this)), m_faultLabel(new QLabel(this))
 {
     m_tabs->setObjectName(QStringLiteral("tabs"));
     auto *buttons =
         new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, Qt::Horizontal, this);
-    connect(buttons, &QDialogButtonBox::accepted, this, [this] {
-        if (MeasureBox *wrong = MeasureBox::wrongIn(*this))
-            wrong->setFocus();
-        else
-            accept();
-    });
+    m_okButton = buttons->button(QDialogButtonBox::Ok);
+    m_faultLabel->setObjectName(QStringLiteral("faultLabel"));
+    m_faultLabel->setTextFormat(Qt::PlainText);
+    m_faultLabel->setWordWrap(true);
+    // Its room stays: the buttons below may not move under the mouse.
+    m_faultLabel->setMinimumHeight(m_faultLabel->fontMetrics().lineSpacing());
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     m_layout->addWidget(m_tabs);
+    m_layout->addWidget(m_faultLabel);
     m_layout->addWidget(buttons);
 
     m_previewTimer.setSingleShot(true);
@@ -103,6 +107,20 @@ void PreviewDialog::giveBack()
 {
     if (m_item && TextState(*m_item) != m_before)
         m_before.restore(*m_item);
+}
+
+bool PreviewDialog::event(QEvent *event)
+{
+    if (event->type() == MeasureBox::faultEvent())
+        showFault();
+    return QDialog::event(event);
+}
+
+void PreviewDialog::showFault()
+{
+    const QString fault = MeasureBox::faultIn(*this);
+    m_faultLabel->setText(fault);
+    m_okButton->setEnabled(fault.isEmpty());
 }
 
 void PreviewDialog::showEvent(QShowEvent *event)

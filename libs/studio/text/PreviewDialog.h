@@ -8,7 +8,9 @@
 #include <QtWidgets/QDialog>
 
 QT_BEGIN_NAMESPACE
+class QLabel;
 class QLayout;
+class QPushButton;
 class QTabWidget;
 class QUndoStack;
 class QVBoxLayout;
@@ -19,7 +21,7 @@ namespace studio {
 /**
  * A dialog with pages about one text or code. The drawing shows each change at once, and stays in
  * sight beside the dialog; OK makes the changes one undo step, and Cancel brings back what was
- * there.
+ * there. While a number on the pages is wrong the reason stands below them, and there is no OK.
  */
 class PreviewDialog : public QDialog
 {
@@ -33,6 +35,7 @@ public:
     void done(int result) override;
 
 protected:
+    bool event(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
     void addPage(QWidget *page, const QString &title);
@@ -53,6 +56,7 @@ protected:
     virtual QString stepText() const = 0;
 
 private:
+    void showFault();
     void preview();
     void take();
     void giveBack();
@@ -66,6 +70,8 @@ private:
     const TextState m_before;
     QTabWidget *m_tabs;
     QVBoxLayout *m_layout;
+    QLabel *m_faultLabel; ///< what is wrong with a number on the pages
+    QPushButton *m_okButton = nullptr;
     QTimer m_previewTimer;
     QRect m_freePlace;    ///< the drawing beside the dialog; pixels of the screen
     int m_scrolledPx = 0; ///< by which the drawing was moved to show the item there

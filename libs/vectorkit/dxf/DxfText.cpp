@@ -92,21 +92,57 @@ QString withoutEscapes(const QString &text)
     return plain;
 }
 
+/** The font in which letters of a paragraph text stand. */
+struct Lettering
+{
+    QString font; ///< empty: that of the text's style
+    bool isStyled = false;
+};
+
+/** What "\fArial|b1|i0;" and "\Fromans.shx;" say between the letter and the semicolon. */
+Lettering letteringOf(const QString &argument)
+{
+    Lettering lettering;
+    const QStringList parts = argument.split(QLatin1Char('|'));
+    lettering.font = parts.first().section(QLatin1Char(','), 0, 0).trimmed();
+    for (const char *ending : {".shx", ".ttf", ".ttc", ".otf"}) {
+        if (lettering.font.endsWith(QLatin1String(ending), Qt::CaseInsensitive))
+            lettering.font.chop(int(qstrlen(ending)));
+    }
+    for (const char *style : {"b1", "i1"})
+        lettering.isStyled = lettering.isStyled || parts.contains(QLatin1String(style));
+    return lettering;
+}
+
 /** Takes the format codes off a paragraph text, letter by letter. */
 class ParagraphReader
 {
 public:
     explicit ParagraphReader(const QString &coded) : m_text(coded) {}
 
-    QStringList lines()
+    Paragraph read()
     {
         while (m_at < m_text.size())
             takeNext();
-        m_finished.append(m_line);
-        return m_finished;
+        endLine();
+        return m_read;
     }
 
 private:
+    /** Adds a letter to the line, in the font that holds there. */
+    void put(QChar letter)
+    {
+        m_line.text += letter;
+        if (letter.isSpace())
+            return;
+        if (!m_hasLetters)
+            m_line.font = m_lettering.font;
+        else if (m_line.font.compare(m_lettering.font, Qt::CaseInsensitive) != 0)
+            m_read.hasMixedLines = true;
+        m_hasLetters = true;
+        m_read.hasStyledFonts = m_read.hasStyledFonts || m_lettering.isStyled;
+    }
+
     void takeNext()
     {
         const QChar letter = m_text.at(m_at++);
@@ -116,9 +152,12 @@ private:
             endLine();
         else if (letter == QLatin1Char('^') && m_at < m_text.size())
             takeControl(m_text.at(m_at++));
-        else if (letter != QLatin1Char('{') && letter != QLatin1Char('}') &&
-                 letter != QLatin1Char('\r'))
-            m_line += letter;
+        else if (letter == QLatin1Char('{'))
+            m_around.append(m_lettering);
+        else if (letter == QLatin1Char('}'))
+            m_lettering = m_around.isEmpty() ? Lettering() : m_around.takeLast();
+        else if (letter != QLatin1Char('\r'))
+            put(letter);
     }
 
     void takeCode(QChar code)
@@ -130,12 +169,12 @@ private:
             endLine();
             break;
         case '~':
-            m_line += QChar(QChar::Nbsp);
+            put(QChar(QChar::Nbsp));
             break;
         case '\\':
         case '{':
         case '}':
-            m_line += code;
+            put(code);
             break;
         case 'L':
         case 'l':
@@ -149,6 +188,8 @@ private:
             break;
         case 'f':
         case 'F':
+            m_lettering = letteringOf(takeArgument());
+            break;
         case 'H':
         case 'W':
         case 'Q':
@@ -160,8 +201,8 @@ private:
             takeArgument();
             break;
         default:
-            m_line += QLatin1Char('\\');
-            m_line += code;
+            put(QLatin1Char('\\'));
+            put(code);
         }
     }
 
@@ -170,12 +211,12 @@ private:
         if (code == QLatin1Char('J'))
             endLine();
         else if (code == QLatin1Char('I'))
-            m_line += QLatin1Char(' ');
+            put(QLatin1Char(' '));
         else if (code == QLatin1Char(' '))
-            m_line += QLatin1Char('^');
+            put(QLatin1Char('^'));
         else if (code != QLatin1Char('M')) {
-            m_line += QLatin1Char('^');
-            m_line += code;
+            put(QLatin1Char('^'));
+            put(code);
         }
     }
 
@@ -193,24 +234,28 @@ private:
         for (int i = 0; i < stack.size(); ++i) {
             const QChar letter = stack.at(i);
             if (letter == QLatin1Char('\\') && i + 1 < stack.size())
-                m_line += stack.at(++i);
+                put(stack.at(++i));
             else if (letter == QLatin1Char('^') || letter == QLatin1Char('#'))
-                m_line += QLatin1Char('/');
+                put(QLatin1Char('/'));
             else
-                m_line += letter;
+                put(letter);
         }
     }
 
     void endLine()
     {
-        m_finished.append(m_line);
-        m_line.clear();
+        m_read.lines.append(m_line);
+        m_line = {};
+        m_hasLetters = false;
     }
 
     const QString &m_text;
     int m_at = 0;
-    QString m_line;
-    QStringList m_finished;
+    Paragraph m_read;
+    ParagraphLine m_line;
+    bool m_hasLetters = false; ///< of the line
+    Lettering m_lettering;
+    QVector<Lettering> m_around; ///< of the braces around
 };
 
 } // namespace
@@ -279,12 +324,12 @@ QString plainLine(const QString &coded)
     return plain;
 }
 
-QStringList plainLines(const QString &coded)
+Paragraph paragraphOf(const QString &coded)
 {
-    QStringList lines = ParagraphReader(coded).lines();
-    for (QString &line : lines)
-        line = plainLine(line);
-    return lines;
+    Paragraph paragraph = ParagraphReader(coded).read();
+    for (ParagraphLine &line : paragraph.lines)
+        line.text = plainLine(line.text);
+    return paragraph;
 }
 
 } // namespace vectorkit::dxf

@@ -117,6 +117,18 @@ void place(const Record &record, int sideways, int upwards, bool *isSound, Line 
     line->anchor = line->anchor + line->up * (rise * line->height);
 }
 
+/** A text stands in one font, plain. */
+void noteFonts(const Paragraph &paragraph, EntityReader *out)
+{
+    if (paragraph.hasMixedLines)
+        out->note(
+            VectorNote::Kind::Changed,
+            QT_TRANSLATE_NOOP("vectorkit", "lines of text in several fonts: taken in their first"));
+    if (paragraph.hasStyledFonts)
+        out->note(VectorNote::Kind::Changed,
+                  QT_TRANSLATE_NOOP("vectorkit", "bold or italic letters: taken as plain ones"));
+}
+
 } // namespace
 
 Outcome drawText(const Record &record, const Frame &sheet, EntityReader *out)
@@ -173,7 +185,7 @@ Outcome drawParagraph(const Record &record, const Frame &sheet, EntityReader *ou
     }
     coded.append(record.text(1));
     Line line;
-    line.font = styleOf(record, *out).font;
+    const QString styleFont = styleOf(record, *out).font;
     line.height = heightOf(record, *out, &isSound);
     const Vec3 normal = pointOr(record, 210, {0.0, 0.0, 1.0}, &isSound);
     const Frame plane = objectFrame(normal);
@@ -189,11 +201,14 @@ Outcome drawParagraph(const Record &record, const Frame &sheet, EntityReader *ou
     line.up = cross(plane.z, line.along);
     const int place = std::clamp(record.integer(71, 1), 1, 9) - 1; // by rows of three from the top
     line.side = sideOf(place % 3);
-    const QStringList lines = plainLines(out->file().decoder.decode(coded));
+    const Paragraph paragraph = paragraphOf(out->file().decoder.decode(coded));
+    noteFonts(paragraph, out);
+    const QVector<ParagraphLine> &lines = paragraph.lines;
     const double depth = line.height + spacing * (lines.size() - 1);
     const double top = place / 3 == 0 ? 0.0 : place / 3 == 1 ? depth / 2.0 : depth;
     for (int i = 0; i < lines.size(); ++i) {
-        line.text = lines[i];
+        line.text = lines[i].text;
+        line.font = lines[i].font.isEmpty() ? styleFont : lines[i].font;
         line.anchor = at + line.up * (top - line.height - spacing * i);
         if (addLine(line, sheet, out) == Outcome::Damaged)
             return Outcome::Damaged;

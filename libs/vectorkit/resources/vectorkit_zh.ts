@@ -220,6 +220,10 @@
         <translation>动画</translation>
     </message>
     <message>
+        <source>bold or italic letters: taken as plain ones</source>
+        <translation>粗体或斜体字母：按普通字母导入</translation>
+    </message>
+    <message>
         <source>byte %1</source>
         <translation>字节 %1</translation>
     </message>
@@ -306,6 +310,10 @@
     <message>
         <source>lines of no width, kept as thin ones</source>
         <translation>零宽度线条，按细线保留</translation>
+    </message>
+    <message>
+        <source>lines of text in several fonts: taken in their first</source>
+        <translation>含多种字体的文字行：按第一种字体导入</translation>
     </message>
     <message>
         <source>markers on lines</source>

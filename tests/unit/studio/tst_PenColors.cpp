@@ -50,6 +50,9 @@ private Q_SLOTS:
         for (int pen = 1; pen <= studio::kPenCount; ++pen) {
             const QImage swatch = studio::penSwatch(pen).pixmap(16, 16).toImage();
             QCOMPARE(QColor(swatch.pixel(8, 8)), studio::penColor(pen));
+            const QImage selected =
+                studio::penSwatch(pen).pixmap(QSize(16, 16), QIcon::Selected).toImage();
+            QCOMPARE(QColor(selected.pixel(8, 8)), studio::penColor(pen));
         }
     }
 

@@ -78,6 +78,8 @@ QString nameOf(const ZTAbstractGraphicsItem *item) { return hostkit::itemExtras(
 
 } // namespace
 
+Q_DECLARE_METATYPE(vectorkit::VectorDrawing)
+
 #define COMPARE_BOX(actual, expected, tolerance)                                                   \
     do {                                                                                           \
         const QRectF box = actual;                                                                 \
@@ -92,6 +94,7 @@ class tst_DrawingImport : public QObject
 
 private Q_SLOTS:
     void initTestCase() { hostkit::registerFactories(); }
+    void cleanup() { ZTCurveTolerance::setToleranceMm(0.0); }
 
     void import_keepsSizeAndPlace();
     void import_byLayer_keepsOpenOutlinesApart();
@@ -115,8 +118,14 @@ private Q_SLOTS:
     void import_savedAndLoaded_isTheSame();
     void text_standsOnItsBaseLine();
     void text_turnedAndMirrored_standsWhereItShould();
+    void arrivingBox_isThatOfWhatCameIn_data();
+    void arrivingBox_isThatOfWhatCameIn();
+    void arrivingBox_ofSpacesAlone_isNull();
+    void missingFonts_areNotedByName();
     void fit_oneSide_keepsTheForm();
     void fit_bothSides_stretches();
+    void fit_countsTexts_data();
+    void fit_countsTexts();
     void fit_withoutExtent_isRefused();
 };
 
@@ -513,6 +522,118 @@ void tst_DrawingImport::text_turnedAndMirrored_standsWhereItShould()
     const QRectF left = boxMm(*result.items[1]);
     QVERIFY(std::abs(left.bottom() - 40.0) < 0.05);
     QVERIFY(left.right() < 30.0 && left.right() > 28.0 && left.width() > 10.0);
+}
+
+/** Of letters that make a pair, an overhang and a descender. */
+VectorText word(const QPointF &positionMm)
+{
+    VectorText text;
+    text.text = QStringLiteral("AV Tj");
+    text.positionMm = positionMm;
+    text.heightMm = 12.0;
+    return text;
+}
+
+void addWords()
+{
+    QTest::addColumn<VectorDrawing>("drawing");
+    VectorDrawing drawing = plate();
+    VectorText text = word({85, 55});
+    const auto addRow = [&](const char *name) {
+        drawing.layers[0].texts = {text};
+        QTest::newRow(name) << drawing;
+    };
+    addRow("plain");
+    text.anchor = vectorkit::TextAnchor::Right;
+    text.positionMm = {5, 5};
+    addRow("right");
+    text.anchor = vectorkit::TextAnchor::Middle;
+    text.slantDeg = 20;
+    text.widthFactor = 1.5;
+    addRow("slanted");
+    text.isMirrored = true;
+    addRow("mirrored");
+    text.angleDeg = 33;
+    addRow("turned");
+    drawing.layers[0].shapes.clear();
+    drawing.layers.removeLast();
+    addRow("text alone");
+}
+
+QRectF boxOfAll(const ImportResult &result)
+{
+    QPolygonF corners;
+    for (const ZTAbstractGraphicsItem *item : result.items) {
+        const QRectF box = boxMm(*item);
+        corners << box.topLeft() << box.bottomRight();
+    }
+    return corners.boundingRect();
+}
+
+void tst_DrawingImport::arrivingBox_isThatOfWhatCameIn_data() { addWords(); }
+
+void tst_DrawingImport::arrivingBox_isThatOfWhatCameIn()
+{
+    QFETCH(VectorDrawing, drawing);
+    ZTGraphicsDocument document;
+    const ImportResult result = hostkit::importDrawing(document, drawing, ImportOptions());
+    QCOMPARE(result.texts, 1);
+    QVector<QPainterPath> letters;
+    COMPARE_BOX(hostkit::arrivingBoxMm(drawing, &letters), boxOfAll(result), 0.005);
+    QCOMPARE(letters.size(), 1);
+    COMPARE_BOX(letters.first().boundingRect(), boxMm(*result.items.last()), 0.005);
+}
+
+void tst_DrawingImport::arrivingBox_ofSpacesAlone_isNull()
+{
+    VectorDrawing drawing;
+    drawing.layers << VectorLayer();
+    drawing.layers[0].texts << word({5, 5});
+    drawing.layers[0].texts[0].text = QStringLiteral("  ");
+    QVector<QPainterPath> letters;
+    QVERIFY(hostkit::arrivingBoxMm(drawing, &letters).isNull());
+    QCOMPARE(letters, QVector<QPainterPath>(1));
+    // Nor does it count beside what comes in.
+    VectorDrawing both = plate();
+    both.layers << drawing.layers;
+    COMPARE_BOX(hostkit::arrivingBoxMm(both), QRectF(0, 10, 90, 50), 1e-9);
+}
+
+void tst_DrawingImport::missingFonts_areNotedByName()
+{
+    VectorDrawing drawing = plate();
+    VectorText text = word({5, 5});
+    drawing.layers[0].texts << text; // without a font of its own
+    text.fontFamily = QFontInfo(QFont()).family();
+    drawing.layers[0].texts << text;
+    text.fontFamily = QStringLiteral("No Such Family");
+    drawing.layers[0].texts << text;
+    drawing.layers[1].texts << text;
+    hostkit::noteMissingFonts(&drawing);
+    QCOMPARE(drawing.notes.size(), 1);
+    const vectorkit::VectorNote &note = drawing.notes.first();
+    QCOMPARE(note.kind, vectorkit::VectorNote::Kind::Changed);
+    QCOMPARE(note.count, qint64(2));
+    QCOMPARE(note.what, QStringLiteral("font \"No Such Family\", which is not installed here: "
+                                       "\"%1\" stands in for it")
+                            .arg(QFontInfo(QFont(QStringLiteral("No Such Family"))).family()));
+    QCOMPARE(drawing.layers[1].texts.first().fontFamily, QStringLiteral("No Such Family"));
+}
+
+void tst_DrawingImport::fit_countsTexts_data() { addWords(); }
+
+void tst_DrawingImport::fit_countsTexts()
+{
+    QFETCH(VectorDrawing, drawing);
+    ZTCurveTolerance::setToleranceMm(0.001); // what is measured is made of chords
+    for (const QSizeF &sizeMm : {QSizeF(80, 0), QSizeF(80, 140)}) {
+        QVERIFY(hostkit::fitDrawing(&drawing, sizeMm));
+        ZTGraphicsDocument document;
+        const QRectF box = boxOfAll(hostkit::importDrawing(document, drawing, ImportOptions()));
+        QVERIFY2(std::abs(box.width() - 80) < 0.005, qPrintable(QString::number(box.width())));
+        QVERIFY2(sizeMm.height() <= 0.0 || std::abs(box.height() - 140) < 0.005,
+                 qPrintable(QString::number(box.height())));
+    }
 }
 
 void tst_DrawingImport::fit_oneSide_keepsTheForm()

@@ -125,6 +125,8 @@ private Q_SLOTS:
     void read_manyInserts_stopAtTheLimit();
     void read_layers_decideWhatIsShownAndHow();
     void read_texts_standWhereTheirCodesSay();
+    void read_fontsOfAParagraph_areThoseOfItsLines_data();
+    void read_fontsOfAParagraph_areThoseOfItsLines();
     void read_attributes_fillTheirPlaces();
     void read_codePages_giveTheSameWords_data();
     void read_codePages_giveTheSameWords();
@@ -472,11 +474,72 @@ void tst_DxfReader::read_texts_standWhereTheirCodesSay()
     QVERIFY(std::abs(texts[2].angleDeg) < 1e-9);
     // Lines of a paragraph: the first a height below its place, the next five thirds further.
     QCOMPARE(texts[3].text, QStringLiteral("One"));
+    QCOMPARE(texts[3].fontFamily, QStringLiteral("Arial"));
+    QCOMPARE(texts[4].fontFamily, QString());
     COMPARE_POINT(texts[3].positionMm, 0.0, -97.0);
     QCOMPARE(texts[4].text, QStringLiteral("two 1/2 three"));
     COMPARE_POINT(texts[4].positionMm, 0.0, -92.0);
     COMPARE_POINT(texts[5].positionMm, 10.0, 0.0);
     QCOMPARE(noteCount(drawing, VectorNote::Kind::Changed, "stretched"), qint64(1));
+}
+
+void tst_DxfReader::read_fontsOfAParagraph_areThoseOfItsLines_data()
+{
+    QTest::addColumn<QByteArray>("coded");
+    QTest::addColumn<QStringList>("fonts");
+    QTest::addColumn<bool>("isMixed");
+    QTest::addColumn<bool>("isStyled");
+    const QStringList own{QStringLiteral("romans")};
+    const QStringList inlineFont{QStringLiteral("Liberation Serif")};
+    QTest::newRow("none") << QByteArray("plain") << own << false << false;
+    QTest::newRow("of the whole") << QByteArray("\\fLiberation Serif|b0|i0|c0|p18;all of it")
+                                  << inlineFont << false << false;
+    QTest::newRow("in braces") << QByteArray("{\\fLiberation Serif|b0;all of it}") << inlineFont
+                               << false << false;
+    QTest::newRow("of all but spaces")
+        << QByteArray(" {\\fLiberation Serif;a}\\~ {\\fliberation serif;b} ") << inlineFont << false
+        << false;
+    QTest::newRow("a stroke font's file")
+        << QByteArray("\\FLiberation Serif.shx,big.shx;all") << inlineFont << false << false;
+    QTest::newRow("first of two") << QByteArray("{\\fLiberation Serif;a}{\\fOther;b}") << inlineFont
+                                  << true << false;
+    QTest::newRow("before the style's")
+        << QByteArray("{\\fLiberation Serif;a} b") << inlineFont << true << false;
+    QTest::newRow("after the style's")
+        << QByteArray("a {\\fLiberation Serif;b}") << own << true << false;
+    QTest::newRow("a line each") << QByteArray("a\\P{\\fLiberation Serif;b}") << own + inlineFont
+                                 << false << false;
+    QTest::newRow("in a fraction")
+        << QByteArray("\\fLiberation Serif;\\S1#2;") << inlineFont << false << false;
+    QTest::newRow("bold") << QByteArray("\\fLiberation Serif|b1|i0;all") << inlineFont << false
+                          << true;
+    QTest::newRow("italic") << QByteArray("\\fLiberation Serif|b0|i1;all") << inlineFont << false
+                            << true;
+    QTest::newRow("nothing in bold")
+        << QByteArray("{\\fLiberation Serif|b1; }a") << own << false << false;
+    QTest::newRow("without a name") << QByteArray("\\f;a}b") << own << false << false;
+}
+
+void tst_DxfReader::read_fontsOfAParagraph_areThoseOfItsLines()
+{
+    QFETCH(QByteArray, coded);
+    QFETCH(QStringList, fonts);
+    QFETCH(bool, isMixed);
+    QFETCH(bool, isStyled);
+    QByteArray bytes = fixture(QStringLiteral("texts"));
+    // The third text is the paragraph; it stands in the style of the first.
+    const QByteArray before = "{\\fArial;One}\\Ptwo \\S1^2; three";
+    QVERIFY(bytes.contains(before));
+    bytes.replace(before, coded + "\n  7\nplain");
+    const VectorDrawing drawing = readBytes(bytes);
+    QStringList found;
+    for (const VectorText &text : drawing.layers.value(0).texts.mid(3)) {
+        if (text.text != QLatin1String("fitted"))
+            found << text.fontFamily;
+    }
+    QCOMPARE(found, fonts);
+    QCOMPARE(noteCount(drawing, VectorNote::Kind::Changed, "several fonts"), qint64(isMixed));
+    QCOMPARE(noteCount(drawing, VectorNote::Kind::Changed, "bold or italic"), qint64(isStyled));
 }
 
 void tst_DxfReader::read_attributes_fillTheirPlaces()
