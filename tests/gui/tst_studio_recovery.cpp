@@ -68,6 +68,10 @@ private Q_SLOTS:
         QCOMPARE(plate[1], QLocale().toString(kNoon.toLocalTime(), QLocale::ShortFormat) +
                                QStringLiteral(", shapes: 2"));
         QCOMPARE(plate[2], studio->path("plate.ztd"));
+        const QIcon picture = list()->topLevelItem(1)->icon(0);
+        QVERIFY(!picture.isNull());
+        QCOMPARE(picture.pixmap(QSize(96, 96), QIcon::Selected).toImage(),
+                 picture.pixmap(QSize(96, 96), QIcon::Normal).toImage());
     }
 
     void leftBehind_isDatedInTheLanguageOfTheTexts()

@@ -1,5 +1,6 @@
 #include <studio/drawing/RecoveryDialog.h>
 
+#include <studio/program/Icons.h>
 #include <studio/program/Language.h>
 
 #include <QtCore/QDir>
@@ -35,7 +36,7 @@ QIcon pictureOf(const QImage &preview)
         painter.drawImage((kPictureSide - small.width()) / 2, (kPictureSide - small.height()) / 2,
                           small);
     }
-    return paper;
+    return pictureIcon(paper);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include <studio/job/PenModel.h>
 
+#include <studio/program/Icons.h>
+
 #include <QtCore/QLocale>
 #include <QtGui/QIcon>
 #include <QtGui/QPixmap>
@@ -10,11 +12,11 @@ namespace {
 
 constexpr int kSwatchPx = 12;
 
-QPixmap swatch(const QColor &color)
+QIcon swatch(const QColor &color)
 {
     QPixmap pixmap(kSwatchPx, kSwatchPx);
     pixmap.fill(color);
-    return pixmap;
+    return pictureIcon(pixmap);
 }
 
 QString numberText(double value) { return QLocale().toString(value, 'g', 8); }

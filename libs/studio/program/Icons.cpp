@@ -111,6 +111,13 @@ QIcon icon(const char *name)
     return shape != nullptr ? QIcon(new ShapeIconEngine(*shape)) : QIcon();
 }
 
+QIcon pictureIcon(const QPixmap &picture)
+{
+    QIcon made(picture);
+    made.addPixmap(picture, QIcon::Selected);
+    return made;
+}
+
 QIcon programIcon() { return QIcon(new ProgramIconEngine); }
 
 } // namespace studio

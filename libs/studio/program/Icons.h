@@ -12,6 +12,9 @@ namespace studio {
  */
 QIcon icon(const char *name);
 
+/** An icon of a picture that keeps its colours on a selected row, where others are tinted. */
+QIcon pictureIcon(const QPixmap &picture);
+
 /** The program's own icon, in colours of its own. */
 QIcon programIcon();
 

@@ -1,5 +1,7 @@
 #include <studio/shapes/PenColors.h>
 
+#include <studio/program/Icons.h>
+
 #include <QtCore/QCoreApplication>
 #include <QtGui/QPainter>
 #include <QtGui/QPixmap>
@@ -56,9 +58,7 @@ QIcon penSwatch(int pen)
     // An edge of its own: yellow on a white list, black on a dark one.
     painter.setPen(QPen(Qt::gray, 2));
     painter.drawRect(1, 1, kSwatchSide - 2, kSwatchSide - 2);
-    QIcon swatch(pixmap);
-    swatch.addPixmap(pixmap, QIcon::Selected); // else tinted with the colour of selections
-    return swatch;
+    return pictureIcon(pixmap);
 }
 
 } // namespace studio
