@@ -9,7 +9,7 @@
 namespace {
 
 constexpr int kMaxFamilies = 100;
-constexpr int kMaxSize = 65535; // the most that letters come out at
+constexpr int kMaxSize = 65535; // the most pixels that letters come out at
 constexpr double kMaxWordSpacing = 1000000.0;
 
 /** Hands fields on from one stream to another of the same kind. */

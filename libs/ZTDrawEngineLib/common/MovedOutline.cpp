@@ -70,15 +70,11 @@ Curve moved(const Curve &curve, const QPointF &by)
     return movedByThirds(curve, by);
 }
 
-bool isMovable(const Curve &curve)
+/** Whether it comes out as it is where it is moved by nothing. */
+bool canMove(const Curve &curve)
 {
     const Curve there = moved(curve, {});
     return isSame(there.first, curve.first) && isSame(there.second, curve.second);
-}
-
-void addCurve(QPainterPath &path, const Curve &curve)
-{
-    path.cubicTo(curve.first, curve.second, curve.end);
 }
 
 } // namespace
@@ -98,7 +94,7 @@ bool ztoutline::isMovable(const QPainterPath &outline)
     int i = 0;
     while (i < outline.elementCount()) {
         const bool isCurve = outline.elementAt(i).type == QPainterPath::CurveToElement;
-        if (isCurve && !::isMovable(curveAt(outline, i)))
+        if (isCurve && !canMove(curveAt(outline, i)))
             return false;
         i += isCurve ? 2 : 0; // to where it ends
         if (!isOnHalfStep(outline.elementAt(i)))
@@ -120,11 +116,12 @@ void ztoutline::addMoved(QPainterPath &path, const QPainterPath &outline, const 
         case QPainterPath::LineToElement:
             path.lineTo(element + by);
             break;
-        case QPainterPath::CurveToElement:
-            // Both points that follow belong to the curve.
-            addCurve(path, moved(curveAt(outline, i), by));
-            i += 2;
+        case QPainterPath::CurveToElement: {
+            const Curve curve = moved(curveAt(outline, i), by);
+            path.cubicTo(curve.first, curve.second, curve.end);
+            i += 2; // both points that follow belong to the curve
             break;
+        }
         case QPainterPath::CurveToDataElement:
             break;
         }

@@ -51,7 +51,7 @@ void CrashGuard::offerFound()
     whenNothingIsAsked([this] {
         const QVector<RecoveryEntry> entries = findings().entries;
         if (!entries.isEmpty())
-            whenNothingIsAsked([this, entries] { open(entries); });
+            whenNothingIsAsked([this, entries] { open(entries); }); // looking may have told some
     });
 }
 

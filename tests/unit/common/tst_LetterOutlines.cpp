@@ -1,7 +1,8 @@
 #include <ZTDrawEngineLib/common/LetterOutlines_p.h>
 
+#include <support/TestFonts.h>
+
 #include <QtGui/QFont>
-#include <QtGui/QFontDatabase>
 #include <QtGui/QPainterPath>
 #include <QtTest/QTest>
 
@@ -10,6 +11,7 @@
 #include <limits>
 #include <random>
 
+using testsupport::cubicFont;
 using ztoutline::LetterOutlines;
 
 namespace {
@@ -46,23 +48,6 @@ QString difference(const QPainterPath &ours, const QPainterPath &plain)
 QString serialNumber(int number)
 {
     return QStringLiteral("SN-%1").arg(number, 6, 10, QLatin1Char('0'));
-}
-
-QString kindOf(const QString &file)
-{
-    return file.endsWith(QStringLiteral(".t1")) ? QStringLiteral("type1")
-                                                : QStringLiteral("opentype");
-}
-
-/** A font from a file, of the folder that the package of fonts has for its kind. */
-QFont fontFromFile(const QString &file, int pixels)
-{
-    const int id = QFontDatabase::addApplicationFont(
-        QStringLiteral("/usr/share/fonts/%1/urw-base35/%2").arg(kindOf(file), file));
-    const QStringList families = QFontDatabase::applicationFontFamilies(id);
-    QFont font(families.value(0, QStringLiteral("missing: ") + file));
-    font.setPixelSize(pixels);
-    return font;
 }
 
 QString randomText(std::mt19937 &dice)
@@ -172,7 +157,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, file);
         QFETCH(int, pixels);
-        const QFont font = fontFromFile(file, pixels);
+        const QFont font = cubicFont(file, pixels);
         QVERIFY2(QFontInfo(font).exactMatch(), "the package fonts-urw-base35 is missing");
         LetterOutlines letters(font);
         std::mt19937 dice(11);
@@ -188,7 +173,7 @@ private Q_SLOTS:
 
     void outlineOf_fontOfCubicCurves_laysOutFew()
     {
-        LetterOutlines letters(fontFromFile(QStringLiteral("C059-Roman.otf"), 40));
+        LetterOutlines letters(cubicFont(QStringLiteral("C059-Roman.otf"), 40));
         for (int i = 0; i < 1000; ++i)
             letters.outlineOf(serialNumber(i * 997), {});
         QVERIFY2(letters.layoutCount() < 70, qPrintable(QString::number(letters.layoutCount())));

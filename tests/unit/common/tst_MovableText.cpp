@@ -1,13 +1,15 @@
 #include <ZTDrawEngineLib/common/MovableText_p.h>
 
+#include <support/TestFonts.h>
+
 #include <QtGui/QFont>
-#include <QtGui/QFontDatabase>
 #include <QtGui/QPainterPath>
 #include <QtTest/QTest>
 
 #include <limits>
 #include <random>
 
+using testsupport::cubicFont;
 using ztoutline::MovableText;
 
 namespace {
@@ -45,15 +47,6 @@ void compareToTheBit(const QPainterPath &ours, const QPainterPath &plain)
     }
 }
 
-QFont cubicFont(int pixels)
-{
-    const int id = QFontDatabase::addApplicationFont(
-        QStringLiteral("/usr/share/fonts/opentype/urw-base35/C059-Roman.otf"));
-    QFont font(QFontDatabase::applicationFontFamilies(id).value(0));
-    font.setPixelSize(pixels);
-    return font;
-}
-
 } // namespace
 
 class tst_MovableText : public QObject
@@ -83,8 +76,10 @@ private Q_SLOTS:
         QFont capitals = small;
         capitals.setCapitalization(QFont::SmallCaps);
         QTest::newRow("small capitals") << capitals << QStringLiteral("aBcD");
-        QTest::newRow("curves with two control points") << cubicFont(40) << QStringLiteral("S8g");
-        QTest::newRow("the same, tiny") << cubicFont(5) << QStringLiteral("S8g");
+        QTest::newRow("curves with two control points")
+            << cubicFont(QStringLiteral("C059-Roman.otf"), 40) << QStringLiteral("S8g");
+        QTest::newRow("the same, tiny")
+            << cubicFont(QStringLiteral("C059-Roman.otf"), 5) << QStringLiteral("S8g");
         QTest::newRow("no text") << small << QString();
     }
 

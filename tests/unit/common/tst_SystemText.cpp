@@ -1,6 +1,6 @@
 #include <ZTDrawEngineLib/common/SystemText_p.h>
 
-#include <support/RenamedFont.h>
+#include <support/TestFonts.h>
 
 #include <ZTDrawEngineLib/shapes/ZTTdotShape.h>
 #include <ZTDrawEngineLib/shapes/ZTVecGraph.h>

@@ -1,3 +1,4 @@
+#include <support/FramedItems.h>
 #include <support/SingletonGuard.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
@@ -7,6 +8,9 @@
 #include <memory>
 #include <random>
 #include <vector>
+
+using testsupport::listOf;
+using testsupport::rectInScene;
 
 namespace {
 
@@ -29,19 +33,6 @@ Items makeItems(int count)
     return items;
 }
 
-QList<QGraphicsItem *> listOf(const Items &items)
-{
-    QList<QGraphicsItem *> list;
-    for (const auto &item : items)
-        list << item.get();
-    return list;
-}
-
-QRectF rectInScene(const ZTGraphicsResizeItem &frame)
-{
-    return frame.rect().translated(frame.pos());
-}
-
 /** Around all items, each of them asked. */
 QRectF rectAround(const Items &items)
 {
@@ -49,6 +40,19 @@ QRectF rectAround(const Items &items)
     for (const auto &item : items)
         rectPx |= item->mapRectToScene(item->boundingRect());
     return rectPx;
+}
+
+/** Another shape in the place of the item's. */
+void copyLargerOne(ZTAbstractGraphicsItem &item, double sideMm)
+{
+    const bool isRound = dynamic_cast<ZTGraphicsEllipseItem *>(&item) != nullptr;
+    std::unique_ptr<ZTAbstractGraphicsItem> source;
+    if (isRound)
+        source = std::make_unique<ZTGraphicsEllipseItem>();
+    else
+        source = std::make_unique<ZTGraphicsRectItem>();
+    source->getShapeBase()->setRect({0, 0, sideMm, sideMm});
+    item.copy(source.get());
 }
 
 /** Large, and rebuilt without a word to the item. */
@@ -164,7 +168,7 @@ private Q_SLOTS:
         std::uniform_real_distribution<double> some(1.0, 2000.0);
         for (int step = 0; step < 500; ++step) {
             ZTAbstractGraphicsItem &item = *items[dice() % items.size()];
-            change(item, static_cast<int>(dice() % 8), some(dice));
+            change(item, static_cast<int>(dice() % 9), some(dice));
             ZTAbstractGraphicsItem &follower = *items[dice() % items.size()];
             if (dice() % 3 == 0)
                 continue;
@@ -198,6 +202,9 @@ private:
             break;
         case 6:
             item.setTransformOriginPoint(value, 0);
+            break;
+        case 7:
+            copyLargerOne(item, value / 10);
             break;
         default:
             item.setTransformParam(QTransform::fromScale(value / 1000, 1));

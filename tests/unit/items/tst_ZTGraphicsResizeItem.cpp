@@ -1,3 +1,4 @@
+#include <support/FramedItems.h>
 #include <support/SingletonGuard.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
@@ -16,6 +17,9 @@
 #include <memory>
 #include <vector>
 
+using testsupport::listOf;
+using testsupport::rectInScene;
+
 namespace {
 
 using Items = std::vector<std::unique_ptr<ZTGraphicsRectItem>>;
@@ -30,19 +34,6 @@ Items makeItems(int count)
         items.back()->getShapeBase()->setId(i);
     }
     return items;
-}
-
-QList<QGraphicsItem *> listOf(const Items &items)
-{
-    QList<QGraphicsItem *> list;
-    for (const auto &item : items)
-        list << item.get();
-    return list;
-}
-
-QRectF rectInScene(const ZTGraphicsResizeItem &frame)
-{
-    return frame.rect().translated(frame.pos());
 }
 
 /** What a drag of a handle does to the frame, without the mouse. */

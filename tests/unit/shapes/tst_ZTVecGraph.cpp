@@ -1,5 +1,5 @@
-#include <support/RenamedFont.h>
 #include <support/SingletonGuard.h>
+#include <support/TestFonts.h>
 #include <support/WarningGuard.h>
 
 #include <ZTDrawEngineLib/document/ZTCoord.h>
