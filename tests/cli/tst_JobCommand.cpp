@@ -407,6 +407,20 @@ private Q_SLOTS:
         QCOMPARE(job("serial.ztd -o n.nc").err, QString());
     }
 
+    void killedJob_ofADrawingReachedByALink_usesUpItsNumbers()
+    {
+        makeDrawing(5000);
+        QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("links")));
+        QVERIFY(QFile::link(path("serial.ztd"), path("links/other.ztd")));
+        killAfterTheFirstFile("k.svg", "links/other.ztd");
+        if (QTest::currentTestFailed())
+            return;
+        const ZtmarkRun next = job("serial.ztd -o m.nc");
+        QVERIFY2(next.out.contains(QStringLiteral("Part:           SN-0501\n")),
+                 qPrintable(next.out));
+        QVERIFY(next.err.contains(QStringLiteral("SN-0001 to SN-0500")));
+    }
+
     void interruptedJob_andNumbersChangedSince_areTold()
     {
         makeDrawing(5000);
@@ -643,13 +657,13 @@ private Q_SLOTS:
 
 private:
     /** A job of 500 parts, a file each, that is killed as soon as the first is there. */
-    void killAfterTheFirstFile(const char *output)
+    void killAfterTheFirstFile(const char *output, const char *drawing = "serial.ztd")
     {
         const QString name = QString::fromLatin1(output);
         QProcess process;
         process.setWorkingDirectory(m_folder->path());
         process.start(QStringLiteral(ZT_ZTMARK),
-                      {QStringLiteral("job"), QStringLiteral("serial.ztd"), QStringLiteral("-o"),
+                      {QStringLiteral("job"), QString::fromLatin1(drawing), QStringLiteral("-o"),
                        name, QStringLiteral("--parts"), QStringLiteral("500"),
                        QStringLiteral("--optimize"), QStringLiteral("none")});
         const QString first =

@@ -53,7 +53,12 @@ QString partTexts(const QVector<ZTAbstractGraphicsItem *> &items)
     return texts.join(QLatin1Char(' '));
 }
 
-QString journalPath(const QString &drawingPath) { return drawingPath + QStringLiteral(".numbers"); }
+QString journalPath(const QString &drawingPath)
+{
+    // Nothing of this name is there before the drawing is saved first.
+    const QString path = QFileInfo(drawingPath).canonicalFilePath();
+    return (path.isEmpty() ? drawingPath : path) + QStringLiteral(".numbers");
+}
 
 std::optional<NumberJournal> readJournal(const QString &drawingPath, hostkit::Failure *failure)
 {

@@ -30,7 +30,7 @@ QByteArray partProgress(const QVector<ZTAbstractGraphicsItem *> &items);
 /** What the variant texts among these items show, a word each. */
 QString partTexts(const QVector<ZTAbstractGraphicsItem *> &items);
 
-/** Where the journal of a drawing's file stands. */
+/** Where the journal of a drawing's file stands: past links, one whatever the drawing is called. */
 QString journalPath(const QString &drawingPath);
 
 /**

@@ -1,5 +1,6 @@
 #include <jobkit/marks/NumberJournal.h>
 
+#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
@@ -31,6 +32,24 @@ private Q_SLOTS:
         QVERIFY(!jobkit::readJournal(folder.filePath(QStringLiteral("other.ztd"))));
         jobkit::removeJournal(drawing);
         QVERIFY(!jobkit::readJournal(drawing));
+    }
+
+    /** By whatever name a drawing is reached, its numbers are taken once. */
+    void drawingReachedByALink_hasTheSameJournal()
+    {
+        const QTemporaryDir folder;
+        const QString drawing = folder.filePath(QStringLiteral("plate.ztd"));
+        QVERIFY(QFile(drawing).open(QIODevice::WriteOnly));
+        QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("links")));
+        const QString link = folder.filePath(QStringLiteral("links/other.ztd"));
+        QVERIFY(QFile::link(drawing, link));
+        hostkit::Failure failure;
+        QVERIFY(jobkit::writeJournal(link, {"4 ;", {}, 5, {}, {}}, &failure));
+        const auto read = jobkit::readJournal(drawing);
+        QVERIFY(read.has_value());
+        QCOMPARE(read->parts, 5);
+        jobkit::removeJournal(drawing);
+        QVERIFY(!jobkit::readJournal(link));
     }
 
     void damagedJournal_isNone_data()
