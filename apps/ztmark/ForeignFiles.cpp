@@ -287,6 +287,9 @@ bool ForeignFiles::import(const InputFiles &files, const hostkit::MarkJobOptions
         fill.angle = layout.angleDeg;
         options.fill = fill;
     }
+    // Curves that stay curves are cut when they are marked, as in any new drawing.
+    if (options.toleranceMm == 0.0)
+        ZTCurveTolerance::setToleranceMm(kUsualToleranceMm);
     bool isWhole = true;
     for (const std::string &name : files.names) {
         progress.begin(tr("reading %1").arg(QString::fromStdString(name)));

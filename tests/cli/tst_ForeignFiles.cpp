@@ -3,8 +3,11 @@
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
+#include <QtCore/QLineF>
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QImage>
+
+#include <cmath>
 
 namespace {
 
@@ -241,6 +244,23 @@ private Q_SLOTS:
         QCOMPARE(pensOf(graph), (QVector<int>{2, 12}));
     }
 
+    /** Of a hole of 1 mm, which without a tolerance would be marked as an octagon. */
+    void convert_curvesAreMarkedWithinTheUsualTolerance()
+    {
+        write("hole.svg", "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"10mm\" "
+                          "height=\"10mm\" viewBox=\"0 0 10 10\"><circle cx=\"5\" cy=\"5\" "
+                          "r=\"0.5\" fill=\"none\" stroke=\"red\"/></svg>");
+        QCOMPARE(ztmark("convert hole.svg -o hole.ztd").exitCode, 0);
+        QVERIFY(ztmark("info hole.ztd").out.contains(QStringLiteral("0.005 mm")));
+        QCOMPARE(ztmark("mark hole.ztd -o hole.json").exitCode, 0);
+        const QVector<double> chordsMm = firstChordsMm(json("hole.json"));
+        QVERIFY(chordsMm.size() > 2);
+        for (const double chordMm : chordsMm) {
+            const double arrowMm = 0.5 - std::sqrt(0.25 - chordMm * chordMm / 4);
+            QVERIFY2(arrowMm < 0.00501, qPrintable(QString::number(arrowMm)));
+        }
+    }
+
 private:
     static QStringList words(const char *line)
     {
@@ -271,6 +291,24 @@ private:
     QJsonObject json(const char *name)
     {
         return QJsonDocument::fromJson(bytesOf(folder->filePath(QLatin1String(name)))).object();
+    }
+
+    /** Lengths of the pieces of the first polyline. */
+    static QVector<double> firstChordsMm(const QJsonObject &graph)
+    {
+        const double unitsPerMm = graph.value(QStringLiteral("unitsPerMm")).toDouble();
+        const QJsonObject object =
+            graph.value(QStringLiteral("objects")).toArray().at(0).toObject();
+        const QJsonArray points =
+            object.value(QStringLiteral("polylines")).toArray().at(0).toArray();
+        const auto at = [&points](int i) {
+            const QJsonArray point = points.at(i).toArray();
+            return QPointF(point.at(0).toDouble(), point.at(1).toDouble());
+        };
+        QVector<double> chordsMm;
+        for (int i = 1; i < points.size(); ++i)
+            chordsMm << QLineF(at(i - 1), at(i)).length() / unitsPerMm;
+        return chordsMm;
     }
 
     static double extentMm(const QJsonObject &graph, const char *side)
