@@ -221,18 +221,30 @@ double rowHeight(const zint_symbol &made, int row)
     return made.rows == 1 ? 1.0 : double(made.row_height[row]);
 }
 
+bool isDarkIn(const zint_symbol &made, int row, int column)
+{
+    return ((made.encoded_data[row][column / 8] >> (column % 8)) & 1) != 0;
+}
+
+/** Up to the last bar: Codabar comes with the gap that follows each character, the last too. */
+int columnsOf(const zint_symbol &made, CodeKind kind)
+{
+    int columns = made.width;
+    while (infoOf(kind).isLinear && columns > 1 && !isDarkIn(made, 0, columns - 1))
+        --columns;
+    return columns;
+}
+
 void takeModules(const zint_symbol &made, CodeSymbol *symbol)
 {
-    symbol->columns = made.width;
+    symbol->columns = columnsOf(made, symbol->kind);
     symbol->rows = made.rows;
-    symbol->dark = QBitArray(made.rows * made.width);
+    symbol->dark = QBitArray(symbol->rows * symbol->columns);
     symbol->rowModules.clear();
-    for (int row = 0; row < made.rows; ++row) {
+    for (int row = 0; row < symbol->rows; ++row) {
         symbol->rowModules.append(rowHeight(made, row));
-        for (int column = 0; column < made.width; ++column) {
-            const bool isDark = (made.encoded_data[row][column / 8] >> (column % 8)) & 1;
-            symbol->dark.setBit(row * made.width + column, isDark);
-        }
+        for (int column = 0; column < symbol->columns; ++column)
+            symbol->dark.setBit(row * symbol->columns + column, isDarkIn(made, row, column));
     }
 }
 

@@ -184,6 +184,75 @@ private Q_SLOTS:
         QVERIFY(lines.areas.isEmpty());
     }
 
+    void width_isThatOfFirstToLastBar_data()
+    {
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<QString>("content");
+        QTest::addColumn<int>("modules"); // from the first dark edge to the last
+        QTest::addColumn<int>("left");    // of the quiet zone
+        QTest::addColumn<int>("right");
+        const auto row = [](CodeKind kind, const char *content, int modules, int left, int right) {
+            QTest::addRow("%s %s", infoOf(kind).name, content)
+                << int(kind) << QString::fromLatin1(content) << modules << left << right;
+        };
+        // Characters of 11, a stop of 13.
+        row(CodeKind::Code128, "A", 3 * 11 + 13, 10, 10);
+        row(CodeKind::Gs1_128, "[10]A", 6 * 11 + 13, 10, 10);
+        // Six narrow and three wide of 2, a gap between two characters.
+        row(CodeKind::Code39, "A", 3 * 12 + 2, 10, 10);
+        row(CodeKind::Code39Extended, "a", 4 * 12 + 3, 10, 10);
+        // Start, character, two checks and stop of 9, a last bar.
+        row(CodeKind::Code93, "A", 5 * 9 + 1, 10, 10);
+        // Letters have three wide of seven, digits two, ':' three; a gap between two.
+        row(CodeKind::Codabar, "A1B", 10 + 9 + 10 + 2, 10, 10);
+        row(CodeKind::Codabar, "A12:4C", 10 + 9 + 9 + 10 + 9 + 10 + 5, 10, 10);
+        // Three narrow and two wide of 3 a digit, between a start of 4 and a stop of 5.
+        row(CodeKind::Interleaved25, "12", 4 + 2 * 9 + 5, 10, 10);
+        row(CodeKind::Itf14, "1540014128876", 4 + 14 * 9 + 5, 10, 10);
+        row(CodeKind::Ean13, "400638133393", 3 + 6 * 7 + 5 + 6 * 7 + 3, 11, 7);
+        row(CodeKind::Ean8, "7351353", 3 + 4 * 7 + 5 + 4 * 7 + 3, 7, 7);
+        row(CodeKind::UpcA, "03600029145", 3 + 6 * 7 + 5 + 6 * 7 + 3, 9, 9);
+        row(CodeKind::UpcE, "123456", 3 + 6 * 7 + 6, 9, 7);
+    }
+
+    void width_isThatOfFirstToLastBar()
+    {
+        QFETCH(int, kind);
+        QFETCH(QString, content);
+        QFETCH(int, modules);
+        QFETCH(int, left);
+        QFETCH(int, right);
+        CodeSpec asked;
+        asked.kind = CodeKind(kind);
+        asked.content = content;
+        CodeSymbol symbol;
+        QString reason;
+        QVERIFY2(encodeCode(asked, &symbol, &reason), qPrintable(reason));
+        QCOMPARE(symbol.columns, modules);
+
+        const double widthMm = 40.0;
+        const double moduleMm = widthMm / modules;
+        CodeForm bars = form(CodeStyle::Bars, moduleForWidth(symbol, widthMm));
+        const QRectF dark = marked(symbol, bars).areas.boundingRect();
+        QVERIFY(qAbs(dark.left()) < 1e-9);
+        QVERIFY2(qAbs(dark.right() - widthMm) < 1e-9, qPrintable(QString::number(dark.right())));
+        const QRectF field = marked(symbol, bars).fieldMm;
+        QVERIFY(qAbs(field.left() + left * moduleMm) < 1e-9);
+        QVERIFY(qAbs(field.right() - widthMm - right * moduleMm) < 1e-9);
+        bars.isInverse = true; // marks the quiet zone
+        const QRectF light = marked(symbol, bars).areas.boundingRect();
+        QVERIFY(qAbs(light.left() + left * moduleMm) < 1e-9);
+        QVERIFY(qAbs(light.right() - widthMm - right * moduleMm) < 1e-9);
+    }
+
+    void width_testHasEveryLinearKind()
+    {
+        int kinds = 0;
+        for (const CodeKindInfo &info : codeKinds())
+            kinds += info.isLinear ? 1 : 0;
+        QCOMPARE(kinds, 12); // each has a row above
+    }
+
     void linesOfSquares_runAlongTheRows_andBackByTurns()
     {
         CodeForm lines = form(CodeStyle::BarLines);
