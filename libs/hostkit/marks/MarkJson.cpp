@@ -33,16 +33,46 @@ void writeNumbers(TextOutput &out, std::initializer_list<double> values)
 /** A y as the file counts it. */
 double counted(double downward, bool isYUp) { return isYUp ? 0.0 - downward : downward; }
 
-void writeExtent(TextOutput &out, const QRectF &rect, bool isYUp)
+/** Grows around finite points; of zeros while there was none. */
+struct PointBox
+{
+    void add(const QPointF &point)
+    {
+        if (!qIsFinite(point.x()) || !qIsFinite(point.y()))
+            return;
+        least = isEmpty ? point : QPointF(qMin(least.x(), point.x()), qMin(least.y(), point.y()));
+        most = isEmpty ? point : QPointF(qMax(most.x(), point.x()), qMax(most.y(), point.y()));
+        isEmpty = false;
+    }
+
+    void add(const ZTMarkObject &object)
+    {
+        for (const QPolygonF &polygon : object.lines) {
+            for (const QPointF &point : polygon)
+                add(point);
+        }
+        for (const QLineF &line : object.fillLines) {
+            add(line.p1());
+            add(line.p2());
+        }
+    }
+
+    QPointF least;
+    QPointF most;
+    bool isEmpty = true;
+};
+
+// Of what is written: the objects' own rectangles don't turn with their shapes.
+void writeExtent(TextOutput &out, const PointBox &box, bool isYUp)
 {
     out << "\"extent\":{\"x\":";
-    writeNumber(out, rect.x());
+    writeNumber(out, box.least.x());
     out << ",\"y\":";
-    writeNumber(out, counted(isYUp ? rect.bottom() : rect.y(), isYUp));
+    writeNumber(out, counted(isYUp ? box.most.y() : box.least.y(), isYUp));
     out << ",\"width\":";
-    writeNumber(out, rect.width());
+    writeNumber(out, box.most.x() - box.least.x());
     out << ",\"height\":";
-    writeNumber(out, rect.height());
+    writeNumber(out, box.most.y() - box.least.y());
     out << "}";
 }
 
@@ -60,7 +90,9 @@ void writePolyline(TextOutput &out, const QPolygonF &polygon, bool isYUp)
 void writeObject(TextOutput &out, const ZTMarkObject &object, bool isYUp)
 {
     out << "{\"pen\":" << object.penId << ",";
-    writeExtent(out, object.rect, isYUp);
+    PointBox box;
+    box.add(object);
+    writeExtent(out, box, isYUp);
     out << ",\n\"polylines\":[";
     const char *before = "\n";
     for (const QPolygonF &polygon : object.lines) {
@@ -87,7 +119,10 @@ void writeMarkJson(const ZTMarkGraph &graph, const MarkUnits &units, QIODevice &
     out << "{\"format\":\"mark-data\",\"version\":1,\"unit\":\"mark\",\"unitsPerMm\":";
     writeNumber(out, units.perMm);
     out << (units.isYUp ? ",\"yAxis\":\"up\",\n" : ",\n");
-    writeExtent(out, graph.rect, units.isYUp);
+    PointBox box;
+    for (const ZTMarkObject &object : graph.objects)
+        box.add(object);
+    writeExtent(out, box, units.isYUp);
     out << ",\n\"objects\":[";
     const char *before = "\n";
     for (const ZTMarkObject &object : graph.objects) {

@@ -56,16 +56,16 @@ private Q_SLOTS:
         QCOMPARE(written("json", false),
                  QByteArray("{\"format\":\"mark-data\",\"version\":1,\"unit\":\"mark\","
                             "\"unitsPerMm\":500,\n"
-                            "\"extent\":{\"x\":1,\"y\":2,\"width\":2,\"height\":3},\n"
+                            "\"extent\":{\"x\":1,\"y\":-4,\"width\":2,\"height\":9},\n"
                             "\"objects\":[\n"
-                            "{\"pen\":4,\"extent\":{\"x\":1,\"y\":2,\"width\":2,\"height\":3},\n"
+                            "{\"pen\":4,\"extent\":{\"x\":1,\"y\":-4,\"width\":2,\"height\":9},\n"
                             "\"polylines\":[\n[[1,2],[3,5]]],\n\"hatch\":[\n[1,0,3,-4]]}]}\n"));
         QCOMPARE(written("json", true),
                  QByteArray("{\"format\":\"mark-data\",\"version\":1,\"unit\":\"mark\","
                             "\"unitsPerMm\":500,\"yAxis\":\"up\",\n"
-                            "\"extent\":{\"x\":1,\"y\":-5,\"width\":2,\"height\":3},\n"
+                            "\"extent\":{\"x\":1,\"y\":-5,\"width\":2,\"height\":9},\n"
                             "\"objects\":[\n"
-                            "{\"pen\":4,\"extent\":{\"x\":1,\"y\":-5,\"width\":2,\"height\":3},\n"
+                            "{\"pen\":4,\"extent\":{\"x\":1,\"y\":-5,\"width\":2,\"height\":9},\n"
                             "\"polylines\":[\n[[1,-2],[3,-5]]],\n\"hatch\":[\n[1,0,3,4]]}]}\n"));
     }
 

@@ -1,5 +1,10 @@
 #include <hostkit/marks/MarkGraphWriter.h>
 
+#include <support/SingletonGuard.h>
+
+#include <hostkit/marks/MarkGraphBuilder.h>
+#include <hostkit/setup/Factories.h>
+
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QJsonArray>
@@ -12,6 +17,7 @@
 #include <QtTest/QTest>
 
 #include <clocale>
+#include <cmath>
 #include <limits>
 
 using hostkit::MarkUnits;
@@ -166,6 +172,61 @@ private Q_SLOTS:
         QVERIFY(lines[2].toArray()[0].toArray()[0].isNull());
         QVERIFY(lines[2].toArray()[0].toArray()[1].toDouble() == 1.0 / 3.0); // to the last bit
         QVERIFY(QJsonDocument::fromJson(write(QStringLiteral("b.json"), ZTMarkGraph())).isObject());
+    }
+
+    void json_extent_isAroundWhatIsWritten()
+    {
+        ZTMarkGraph graph = sample();
+        for (ZTMarkObject &object : graph.objects)
+            object.rect = QRectF(-7, -8, 9, 10); // not looked at
+        graph.rect = QRectF(-7, -8, 9, 10);
+        graph.objects[0].fillLines.append(QLineF(-20, 150, 300, 260)); // beyond its outline
+        graph.objects[1].lines.append(polygon({{900, kNaN}}));
+        graph.objects.append(ZTMarkObject());
+        const QJsonObject file = jsonOf(graph);
+        QCOMPARE(extentOf(file), QRectF(-20, 0, 520, 260));
+        QCOMPARE(extentOf(objectOf(file, 0)), QRectF(-20, 0, 420, 260));
+        QCOMPARE(extentOf(objectOf(file, 1)), QRectF(500, 0, 0, 200.5));
+        QCOMPARE(extentOf(objectOf(file, 2)), QRectF(0, 0, 0, 0)); // without a point
+        QCOMPARE(extentOf(jsonOf(ZTMarkGraph())), QRectF(0, 0, 0, 0));
+        graph.objects.remove(0); // what has no point is not at the origin
+        QCOMPARE(extentOf(jsonOf(graph)), QRectF(500, 0, 0, 200.5));
+    }
+
+    void json_extent_turnsWithItsShape_data()
+    {
+        QTest::addColumn<QTransform>("change");
+        QTest::addColumn<QSizeF>("size");
+        // Of 10 x 4 mm at 500 marks a millimetre.
+        QTest::newRow("as it is") << QTransform() << QSizeF(5000, 2000);
+        QTest::newRow("a quarter") << QTransform(0, 1, -1, 0, 0, 0) << QSizeF(2000, 5000);
+        const double diagonal = 7000 / std::sqrt(2.0);
+        QTest::newRow("an eighth") << QTransform().rotate(45) << QSizeF(diagonal, diagonal);
+        QTest::newRow("mirrored") << QTransform(-1, 0, 0, 1, 0, 0) << QSizeF(5000, 2000);
+        QTest::newRow("mirrored and turned") << QTransform(0, 1, 1, 0, 0, 0) << QSizeF(2000, 5000);
+    }
+
+    void json_extent_turnsWithItsShape()
+    {
+        QFETCH(QTransform, change);
+        QFETCH(QSizeF, size);
+        const testsupport::SingletonGuard guard;
+        hostkit::registerFactories();
+        ZTGraphicsDocument document;
+        ZTAbstractGraphicsItem *item = document.itemMag()->addShape(ShapeType::Rect, QRectF());
+        item->setPos(300, 200);
+        item->setTransformParam(QTransform::fromScale(1.0, 0.4) * change); // of 10 x 10 mm
+        const QJsonObject file = jsonOf(hostkit::drawingMarks(document).graph);
+        const QJsonObject object = objectOf(file, 0);
+        const QRectF extent = extentOf(object);
+        QVERIFY(qAbs(extent.width() - size.width()) < 0.01);
+        QVERIFY(qAbs(extent.height() - size.height()) < 0.01);
+        QPolygonF points;
+        for (const QJsonValue &point :
+             object.value(QLatin1String("polylines")).toArray()[0].toArray())
+            points << QPointF(point.toArray()[0].toDouble(), point.toArray()[1].toDouble());
+        QCOMPARE(extent, points.boundingRect());
+        QCOMPARE(extentOf(file), extent);
     }
 
     void svg_isAPictureInMillimetres()
@@ -323,6 +384,25 @@ private Q_SLOTS:
     }
 
 private:
+    QJsonObject jsonOf(const ZTMarkGraph &graph) const
+    {
+        return QJsonDocument::fromJson(write(QStringLiteral("extent.json"), graph)).object();
+    }
+
+    static QJsonObject objectOf(const QJsonObject &file, int index)
+    {
+        return file.value(QLatin1String("objects")).toArray()[index].toObject();
+    }
+
+    static QRectF extentOf(const QJsonObject &of)
+    {
+        const QJsonObject extent = of.value(QLatin1String("extent")).toObject();
+        const auto number = [&extent](const char *key) {
+            return extent.value(QLatin1String(key)).toDouble(kNaN);
+        };
+        return QRectF(number("x"), number("y"), number("width"), number("height"));
+    }
+
     QString path(const QString &name) const { return folder->filePath(name); }
 
     QByteArray write(const QString &name, const ZTMarkGraph &graph) const
