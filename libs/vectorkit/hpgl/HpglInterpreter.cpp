@@ -57,6 +57,7 @@ bool HpglInterpreter::run(ReadFailure *failure)
         note(VectorNote::Kind::Left,
              QCoreApplication::translate("vectorkit", "polygon neither filled nor drawn"));
     noteRemains();
+    noteCut();
     if (!checkLimits(failure))
         return false;
     describe();
@@ -136,6 +137,22 @@ void HpglInterpreter::noteRemains()
             VectorNote::Kind::Changed,
             QCoreApplication::translate("vectorkit", "drawn although the pen was put away (SP0)"),
             QString(), m_plotter.drawnWithoutPen());
+}
+
+/**
+ * A last number that lost digits looks like a whole one, and files may end without a semicolon:
+ * what it draws is kept, and noted for the eye. A move that draws nothing is not worth a note.
+ */
+void HpglInterpreter::noteCut()
+{
+    const int last = m_scanner.code();
+    const bool isMove = isOneOf(last, "PD PA PR AA AR AT RT BZ BR ");
+    const bool draws = (isMove && m_plotter.isDown()) || isOneOf(last, "CI EA ER RA RR EW WG ");
+    if (m_scanner.cut() == HpglScanner::Cut::Certain ||
+        (m_scanner.cut() == HpglScanner::Cut::Possible && draws))
+        note(VectorNote::Kind::Damaged,
+             QCoreApplication::translate("vectorkit", "the file ends within command %1")
+                 .arg(commandName()));
 }
 
 /** Version, sheet, size and how it is known, names of the pages. */

@@ -55,6 +55,7 @@ private:
     double chord(std::size_t index) const;
     bool checkLimits(ReadFailure *failure);
     void noteRemains();
+    void noteCut();
     void describe();
 
     const ReadOptions &m_options; ///< borrowed from the caller

@@ -157,6 +157,7 @@ bool HpglScanner::readNumber()
 bool HpglScanner::readNumbers()
 {
     m_values.clear();
+    m_cut = Cut::No;
     bool hadComma = false;
     bool isOnNewLine = false; // since the last number
     while (m_at < m_last) {
@@ -166,6 +167,7 @@ bool HpglScanner::readNumbers()
                 break;
             hadComma = isOnNewLine = false;
         } else if (byte == ';') {
+            m_hadSemicolon = m_hadSemicolon || !m_values.empty();
             ++m_at;
             return true;
         } else if (isBlank(byte)) {
@@ -187,8 +189,13 @@ bool HpglScanner::readNumbers()
             break;
         }
     }
-    if (m_at >= m_last)
+    if (m_at >= m_last) {
+        if (hadComma)
+            m_cut = Cut::Certain;
+        else if (m_hadSemicolon && !m_values.empty() && (isDigit(m_last[-1]) || m_last[-1] == '.'))
+            m_cut = Cut::Possible;
         return true;
+    }
     while (m_at < m_last && *m_at != ';' && *m_at != '\n' && *m_at != '\r' && *m_at != kEscape)
         ++m_at;
     return false;

@@ -34,6 +34,14 @@ public:
     bool readNumbers();
     const std::vector<double> &numbers() const { return m_values; }
 
+    /** How sure it is that the bytes end within the numbers that were read last. */
+    enum class Cut {
+        No,       ///< something stands behind them
+        Possible, ///< at a digit, in a file that ends its commands with semicolons
+        Certain   ///< behind a comma
+    };
+    Cut cut() const { return m_cut; }
+
     /** A label up to its terminator, which is passed; `isMended` when the terminator is missing. */
     QByteArray readLabel(char terminator, bool *isMended);
 
@@ -72,6 +80,8 @@ private:
     const char *m_commandAt = nullptr;
     int m_current = 0;
     std::vector<double> m_values;
+    Cut m_cut = Cut::No;
+    bool m_hadSemicolon = false; ///< behind numbers
     qint64 m_strays = 0;
     qint64 m_firstStrayAt = 0;
     bool m_wrapped = false;

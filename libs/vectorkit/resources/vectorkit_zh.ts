@@ -384,6 +384,10 @@
         <translation>不是命令的文字</translation>
     </message>
     <message>
+        <source>the file ends within command %1</source>
+        <translation>文件在命令 %1 中途结束</translation>
+    </message>
+    <message>
         <source>texts along a path, set straight</source>
         <translation>沿路径的文字，改为直排</translation>
     </message>

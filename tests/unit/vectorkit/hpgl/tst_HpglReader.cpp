@@ -499,6 +499,17 @@ private Q_SLOTS:
         row("too far", tail + "PD1e30,0;", "points beyond all sheets x1 at byte 0");
         row("a polygon for nothing", "PM0;PD1,1,2,0;PM2;" + tail,
             "polygon neither filled nor drawn x1 at byte 70");
+        // The file ends within a number: what is whole is drawn.
+        const char *cut = "the file ends within command PD x1 at byte 58";
+        row("cut behind a comma", tail + "PD40,40,", cut);
+        row("cut at a digit", tail + "PD40,4", cut);
+        row("cut in a circle", tail + "CI4", "the file ends within command CI x1 at byte 58");
+        row("cut at a sign", tail + "PD40,40,-", "numbers of command PD x1 at byte 58");
+        row("ended by its line", tail + "PD40,40\n", "");
+        row("ended by the printer's language", tail + "PD40,40\x1B%0A", "");
+        row("a last move", tail + "PU0,0", "");
+        row("a last pen", tail + "SP0", "");
+        row("no semicolons at all", "PU0 0PD40 0PU0 0PD40 40", "");
         row("no pen", "SP0;PU0,0;PD1,1;PU;SP1;",
             "drawn although the pen was put away (SP0) x1 at ");
     }
