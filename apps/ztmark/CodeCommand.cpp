@@ -167,7 +167,7 @@ int CodeCommand::run()
 {
     if (m_wantsList) {
         listKinds();
-        return console::Done;
+        return console::finishOutput() ? console::Done : console::Failed;
     }
     std::vector<Part> all;
     if (!m_code.chooseFont() || !encodeParts(&all))
@@ -330,6 +330,7 @@ bool CodeCommand::verify(const Part &part, const ZTMarkGraph &graph) const
 bool CodeCommand::tellReading(const codekit::CodeReading &reading) const
 {
     const QString label = QLatin1String(codekit::infoOf(m_code.settings.spec.kind).label);
+    const bool areDots = m_code.settings.form.style == codekit::CodeStyle::Points;
     const bool isOpen = m_job.options.hatch == FillType::None && m_code.hasAreas();
     QString what;
     switch (reading.verdict) {
@@ -339,8 +340,10 @@ bool CodeCommand::tellReading(const codekit::CodeReading &reading) const
         what = tr("there is no reader for %1 to verify it").arg(label);
         break;
     case CodeVerdict::Nothing:
-        what = isOpen ? tr("the marks read as nothing: outlines alone are no code, give --hatch")
-                      : tr("the marks read as nothing: try a larger module or a closer hatch");
+        what = areDots && m_beamMm <= 0.0
+                   ? tr("the marks read as nothing: dots are as wide as the beam, give --beam")
+               : isOpen ? tr("the marks read as nothing: outlines alone are no code, give --hatch")
+                        : tr("the marks read as nothing: try a larger module or a closer hatch");
         break;
     default:
         what = codekit::describe(reading);

@@ -87,7 +87,7 @@ void ConvertCommand::checkDrawing() const
 
 int ConvertCommand::run()
 {
-    if (!JobArguments::canWrite({m_output}, m_files.names) || !m_fonts.makeKnown())
+    if (!JobArguments::canWrite({m_output}, {m_files.names, {}}) || !m_fonts.makeKnown())
         return console::Failed;
     Progress progress(true);
     m_files.readStandardInput(progress);

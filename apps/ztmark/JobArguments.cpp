@@ -1,6 +1,7 @@
 #include "JobArguments.h"
 
 #include "Console.h"
+#include "InputFiles.h"
 
 #include "Progress.h"
 #include "Usage.h"
@@ -38,19 +39,25 @@ QString millimetres(double length)
     return QString::number(length, 'f', 3) + QStringLiteral(" mm");
 }
 
+bool isAmong(const std::vector<std::string> &inputs, const QFileInfo &output)
+{
+    return std::any_of(inputs.begin(), inputs.end(), [&output](const std::string &input) {
+        return input != "-" && output.exists() &&
+               QFileInfo(absolutePath(QString::fromStdString(input))) == output;
+    });
+}
+
 /** Why the output cannot be written; empty when nothing is known to stand against it. */
-QString obstacleTo(const QFileInfo &output, const std::vector<std::string> &inputs)
+QString obstacleTo(const QFileInfo &output, const JobArguments::Inputs &inputs)
 {
     if (output.isDir())
         return JobArguments::tr("is a folder");
     if (!output.dir().exists())
         return JobArguments::tr("the folder does not exist");
-    const auto isOutput = [&output](const std::string &input) {
-        return input != "-" && output.exists() &&
-               QFileInfo(QString::fromStdString(input)) == output;
-    };
-    if (std::any_of(inputs.begin(), inputs.end(), isOutput))
+    if (isAmong(inputs.drawings, output))
         return JobArguments::tr("would overwrite the drawing it is made of");
+    if (isAmong(inputs.others, output))
+        return JobArguments::tr("would overwrite a file that it is made of");
     return {};
 }
 
@@ -205,8 +212,7 @@ void JobArguments::checkTogether() const
         usage::refuse("--no-outline", tr("nothing to mark without --hatch line or zigzag"));
 }
 
-bool JobArguments::canWrite(const std::vector<std::string> &outputNames,
-                            const std::vector<std::string> &inputs)
+bool JobArguments::canWrite(const std::vector<std::string> &outputNames, const Inputs &inputs)
 {
     for (const std::string &output : outputNames) {
         const QString obstacle = obstacleTo(QFileInfo(QString::fromStdString(output)), inputs);

@@ -33,9 +33,15 @@ public:
     /** Throws a usage error for options that contradict each other. */
     void checkTogether() const;
 
+    /** Names of files that the marks are made of, and that no output may replace. */
+    struct Inputs
+    {
+        std::vector<std::string> drawings;
+        std::vector<std::string> others; ///< lists that texts read, pens, a profile
+    };
+
     /** Finds what would fail in the end, or destroy an input, before the work begins. */
-    static bool canWrite(const std::vector<std::string> &outputNames,
-                         const std::vector<std::string> &inputs);
+    static bool canWrite(const std::vector<std::string> &outputNames, const Inputs &inputs);
 
     /** Writes the paths; a file that fails does not keep the others from being written. */
     bool write(const ZTMarkGraph &graph, const std::vector<std::string> &outputNames,

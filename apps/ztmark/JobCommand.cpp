@@ -52,6 +52,18 @@ QString cell(const QString &text)
     return QString(qMax(0, kNumberWidth - console::columnsOf(text)), QLatin1Char(' ')) + text;
 }
 
+/** Any extension will do for a machine, but none that names a drawing or what stands beside it. */
+std::string checkName(const std::string &name)
+{
+    for (const char *extension : {".ztd", ".numbers", ".lock"}) {
+        if (QString::fromStdString(name).endsWith(QLatin1String(extension), Qt::CaseInsensitive))
+            return JobCommand::tr("\"%1\" names no job: %2 belongs to drawings")
+                .arg(QString::fromStdString(name), QLatin1String(extension))
+                .toStdString();
+    }
+    return {};
+}
+
 QString seconds(double value) { return QString::number(value, 'f', 3); }
 
 void printSums(const QString &name, const TimeSums &sums)
@@ -171,9 +183,12 @@ void JobCommand::addOutput()
                         "given several times")
                          .toStdString())
         ->type_name("OUT")
-        ->allow_extra_args(false);
+        ->allow_extra_args(false)
+        ->check(CLI::Validator(checkName, ""));
     m_command->add_flag("--time", m_showsTime, tr("Print how long the job takes").toStdString());
     m_command->add_flag("--json", m_asJson, tr("Print the times as JSON").toStdString());
+    m_command->add_flag("-q,--quiet", m_job.quiet,
+                        tr("No summary and no progress; warnings stay").toStdString());
 }
 
 void JobCommand::checkTogether() const
@@ -204,14 +219,16 @@ void JobCommand::checkDrawing() const
 
 int JobCommand::run()
 {
-    if (!m_fonts.makeKnown() || !readMachine() || !canWriteAll())
+    if (!m_fonts.makeKnown() || !readMachine() ||
+        !canWriteAll({m_files.names, {m_profileName, m_pensFile}}))
         return console::Failed;
-    Progress progress(true);
+    Progress progress(!m_job.quiet);
     m_files.readStandardInput(progress);
     if (m_files.isDrawing())
         checkDrawing(); // what standard input holds is known only now
     JobSource source;
-    if (!source.open(m_files, m_foreign, m_job.options, progress))
+    if (!source.open(m_files, m_foreign, m_job.options, progress) ||
+        !canWriteAll({{}, source.textFiles()}))
         return console::Failed;
     m_isYUp = source.isYUp();
     if (m_pensFile.empty())
@@ -224,8 +241,10 @@ int JobCommand::run()
     if (m_asJson) {
         printJson();
     } else {
-        m_foreign.printCleaning();
-        printNumbers(source);
+        if (!m_job.quiet) {
+            m_foreign.printCleaning();
+            printNumbers(source);
+        }
         if (m_showsTime || m_outputs.empty())
             printTimes();
     }
@@ -362,13 +381,12 @@ bool JobCommand::isOneFile(const std::string &name) const
     return m_count == 1 || (!m_isSeparate && jobkit::canPause(formOf(name)));
 }
 
-bool JobCommand::canWriteAll() const
+bool JobCommand::canWriteAll(const JobArguments::Inputs &inputs) const
 {
     for (const std::string &output : m_outputs) {
         const int files = isOneFile(output) ? 1 : m_count;
         for (int part = 1; part <= files; ++part) {
-            if (!JobArguments::canWrite({JobArguments::outputOfPart(output, part, files)},
-                                        m_files.names))
+            if (!JobArguments::canWrite({JobArguments::outputOfPart(output, part, files)}, inputs))
                 return false;
         }
     }

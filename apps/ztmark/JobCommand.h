@@ -56,7 +56,7 @@ private:
     bool check(const QVector<jobkit::JobItem> &items);
     void warnOfEmptyHatch(const QVector<jobkit::JobItem> &items) const;
     jobkit::JobPlan planOf(const QVector<jobkit::JobItem> &items) const;
-    bool canWriteAll() const;
+    bool canWriteAll(const JobArguments::Inputs &inputs) const;
     bool write(Progress &progress);
     bool writeFile(const std::string &name, const QVector<jobkit::JobPlan> &plans,
                    Progress &progress);

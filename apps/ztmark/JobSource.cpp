@@ -14,6 +14,7 @@
 #include <jobkit/marks/DrawingPens.h>
 #include <jobkit/marks/MarkGraphItems.h>
 
+#include <QtCore/QDateTime>
 #include <QtCore/QFileInfo>
 
 #include <algorithm>
@@ -24,6 +25,8 @@ using jobkit::JobHatch;
 using jobkit::JobItem;
 
 namespace {
+
+constexpr int kLockBegunS = 10; ///< by then whoever made a lock has put a name into it
 
 QVector<ZTAbstractGraphicsItem *> lowestFirst(const QVector<ZTAbstractGraphicsItem *> &items)
 {
@@ -71,6 +74,11 @@ bool JobSource::openForeign(const InputFiles &files, ForeignFiles &foreign,
     m_isWhole = foreign.import(files, layout, m_drawing.document, progress);
     m_items = foreign.items;
     return !m_items.isEmpty();
+}
+
+std::vector<std::string> JobSource::textFiles() const
+{
+    return m_isForeign ? std::vector<std::string>() : m_drawing.textFiles();
 }
 
 bool JobSource::showPart(const QStringList &errors)
@@ -154,12 +162,26 @@ bool JobSource::lock(const InputFiles &files)
     }
     m_lock = std::make_unique<QLockFile>(path + QStringLiteral(".lock"));
     m_lock->setStaleLockTime(0);
-    if (m_lock->tryLock())
+    if (m_lock->tryLock() || lockAfterACrash(path + QStringLiteral(".lock")))
         return true;
     console::complain(m_name, m_lock->error() == QLockFile::LockFailedError
-                                  ? tr("another job takes numbers of it: try again afterwards")
+                                  ? tr("another job takes numbers of it, as \"%1.lock\" says: try "
+                                       "again afterwards")
+                                        .arg(QFileInfo(path).fileName())
                                   : tr("its numbers cannot be kept: its folder is read-only"));
     return false;
+}
+
+/** A power cut can leave a lock that does not say whose it is. Of a running job, it does. */
+bool JobSource::lockAfterACrash(const QString &path)
+{
+    qint64 pid = 0;
+    QString host;
+    QString program;
+    const bool isOld =
+        QFileInfo(path).lastModified().secsTo(QDateTime::currentDateTime()) > kLockBegunS;
+    return isOld && !m_lock->getLockInfo(&pid, &host, &program) && m_lock->removeStaleLockFile() &&
+           m_lock->tryLock();
 }
 
 bool JobSource::passInterrupted()

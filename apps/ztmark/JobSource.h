@@ -54,6 +54,9 @@ public:
     /** Whether the drawing lets JSON and CSV count y upward; false for other files. */
     bool isYUp() const;
 
+    /** Names of the files that its variant texts take their rows from. */
+    std::vector<std::string> textFiles() const;
+
     /** The objects of the present part, the drawing's own order kept. */
     QVector<jobkit::JobItem> items();
 
@@ -92,6 +95,7 @@ public:
     QString nextVariants() const { return m_isUsedUp ? QString() : variants(); }
 
 private:
+    bool lockAfterACrash(const QString &path);
     bool openDrawing(const InputFiles &files, Progress &progress);
     bool openForeign(const InputFiles &files, ForeignFiles &foreign,
                      const hostkit::MarkJobOptions &layout, Progress &progress);

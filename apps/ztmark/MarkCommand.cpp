@@ -96,7 +96,7 @@ void MarkCommand::checkDrawing() const
 
 int MarkCommand::run()
 {
-    if (!JobArguments::canWrite(m_job.outputs, m_files.names) || !m_fonts.makeKnown())
+    if (!JobArguments::canWrite(m_job.outputs, {m_files.names, {}}) || !m_fonts.makeKnown())
         return console::Failed;
     Progress progress(!m_job.quiet);
     m_files.readStandardInput(progress);
@@ -109,7 +109,8 @@ int MarkCommand::run()
 int MarkCommand::markDrawing(Progress &progress)
 {
     OpenedDrawing drawing;
-    if (!drawing.open(m_files, progress))
+    if (!drawing.open(m_files, progress) ||
+        !JobArguments::canWrite(m_job.outputs, {{}, drawing.textFiles()}))
         return console::Failed;
     progress.begin(tr("ordering"));
     const bool isOrdered = m_command->get_option("--order")->count() > 0;

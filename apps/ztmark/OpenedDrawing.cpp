@@ -4,6 +4,8 @@
 #include "InputFiles.h"
 #include "Progress.h"
 
+#include <hostkit/items/LastPart.h>
+
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 
@@ -81,6 +83,21 @@ void OpenedDrawing::warnOfUnknownKinds(const std::string &name) const
         console::complain(name, tr("warning: shapes of kinds that this program does not know are "
                                    "neither shown nor marked (%1)")
                                     .arg(counts.join(QStringLiteral(", "))));
+}
+
+std::vector<std::string> OpenedDrawing::textFiles() const
+{
+    std::vector<std::string> names;
+    for (const ZTAbstractGraphicsItem *item : items()) {
+        const ZTVariantText *text = hostkit::variantTextOf(*item);
+        if (text == nullptr)
+            continue;
+        for (const ZTVariantTextSegment &segment : text->getSegments()) {
+            if (const auto *rows = std::get_if<ZTTextFileSegment>(&segment))
+                names.push_back(rows->path.toStdString());
+        }
+    }
+    return names;
 }
 
 QVector<ZTAbstractGraphicsItem *> OpenedDrawing::items() const

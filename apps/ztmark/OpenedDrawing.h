@@ -5,6 +5,7 @@
 #include <QtCore/QCoreApplication>
 
 #include <string>
+#include <vector>
 
 class InputFiles;
 class Progress;
@@ -29,6 +30,9 @@ public:
      * loaded. Warns of missing fonts.
      */
     bool open(const InputFiles &files, Progress &progress);
+
+    /** Names of the files that its variant texts take their rows from. */
+    std::vector<std::string> textFiles() const;
 
     /** The shapes, the topmost one first. */
     QVector<ZTAbstractGraphicsItem *> items() const;

@@ -74,7 +74,7 @@ void RenderCommand::checkTogether() const
 
 int RenderCommand::run()
 {
-    if (!JobArguments::canWrite({m_output}, m_files.names) || !m_fonts.makeKnown())
+    if (!JobArguments::canWrite({m_output}, {m_files.names, {}}) || !m_fonts.makeKnown())
         return console::Failed;
     Progress progress(true);
     m_files.readStandardInput(progress);

@@ -134,6 +134,8 @@ private Q_SLOTS:
             "part 1, \"ABC8z\": Code 39 has no small letters: use Code 128");
         row("datamatrix A --verify",
             "the marks read as nothing: outlines alone are no code, give --hatch");
+        row("qr A --verify --style points",
+            "the marks read as nothing: dots are as wide as the beam, give --beam");
         // Lines two modules apart and as wide leave no light between them.
         row("datamatrix A --verify --hatch line --spacing 1mm",
             "the marks read as nothing: try a larger module or a closer hatch");

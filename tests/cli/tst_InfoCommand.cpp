@@ -94,13 +94,21 @@ private Q_SLOTS:
         QCOMPARE(run.exitCode, 1);
     }
 
+    void fullDisk_behindStandardOutput_fails_data()
+    {
+        QTest::addColumn<QString>("arguments");
+        QTest::newRow("info") << QStringLiteral("info corner.plt");
+        QTest::newRow("code list") << QStringLiteral("code --list");
+        QTest::newRow("code kind") << QStringLiteral("code --list qr");
+    }
+
     void fullDisk_behindStandardOutput_fails()
     {
+        QFETCH(QString, arguments);
         QProcess process;
         process.setWorkingDirectory(cliData());
         process.setStandardOutputFile(QStringLiteral("/dev/full"));
-        process.start(QStringLiteral(ZT_ZTMARK),
-                      {QStringLiteral("info"), QStringLiteral("corner.plt")});
+        process.start(QStringLiteral(ZT_ZTMARK), arguments.split(QLatin1Char(' ')));
         QVERIFY(process.waitForFinished());
         QCOMPARE(process.readAllStandardError(),
                  QByteArray("ztmark: standard output: cannot be written\n"));

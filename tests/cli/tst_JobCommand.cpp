@@ -267,6 +267,17 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(path("serial.ztd.lock")));
     }
 
+    void quiet_tellsWarningsAlone()
+    {
+        makeDrawing(100);
+        const ZtmarkRun run = job("serial.ztd -q -o a.nc");
+        QCOMPARE(run.out + run.err, QString());
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(textOf("serial.ztd"), QStringLiteral("SN-0002"));
+        QVERIFY(job("serial.ztd -q -o a.nc --time").out.startsWith(QStringLiteral("Seconds")));
+        QVERIFY(job("corner.plt -q -o a.nc").err.contains(QStringLiteral("was given no values")));
+    }
+
     void serialNumbers_differInEachPartOfOneFile()
     {
         makeDrawing(100);
@@ -372,10 +383,71 @@ private Q_SLOTS:
         QLockFile other(path("serial.ztd.lock"));
         QVERIFY(other.tryLock());
         const ZtmarkRun run = job("serial.ztd -o a.nc");
-        QCOMPARE(run.err, QStringLiteral("ztmark: serial.ztd: another job takes numbers of it: try "
-                                         "again afterwards\n"));
+        QCOMPARE(run.err, QStringLiteral("ztmark: serial.ztd: another job takes numbers of it, as "
+                                         "\"serial.ztd.lock\" says: try again afterwards\n"));
         QCOMPARE(run.exitCode, 1);
         QVERIFY(!QFile::exists(path("a.nc")));
+    }
+
+    // As a power cut leaves it.
+    void lockThatNamesNobody_isPassedOver_whenItIsOld()
+    {
+        makeDrawing(100);
+        put("serial.ztd.lock", QByteArray());
+        QCOMPARE(job("serial.ztd -o a.nc").exitCode, 1);
+        QFile lock(path("serial.ztd.lock"));
+        QVERIFY(lock.open(QIODevice::ReadWrite));
+        QVERIFY(lock.setFileTime(QDateTime::currentDateTime().addSecs(-11),
+                                 QFileDevice::FileModificationTime));
+        lock.close();
+        const ZtmarkRun run = job("serial.ztd -o a.nc");
+        QCOMPARE(run.err, QString());
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY(!QFile::exists(path("serial.ztd.lock")));
+    }
+
+    // Each is a name that a machine's file may have by its extension.
+    void output_neverOverwritesWhatTheJobIsMadeOf()
+    {
+        put("names.csv", "Anna\nBerta\n");
+        makeListDrawing("names.csv");
+        QVERIFY(QFile::link(QStringLiteral("names.csv"), path("link.csv")));
+        const auto refused = [this](const char *arguments, const char *output) {
+            const ZtmarkRun run = job(arguments);
+            QCOMPARE(run.err,
+                     QStringLiteral("ztmark: %1: would overwrite a file that it is made of\n")
+                         .arg(QLatin1String(output)));
+            QCOMPARE(run.exitCode, 1);
+        };
+        refused("list.ztd -o names.csv", "names.csv");
+        refused("list.ztd -o a.nc -o link.csv", "link.csv");
+        refused("corner.plt --pens pens.json -o pens.json", "pens.json");
+        refused("corner.plt --profile galvo.json -o ./galvo.json", "./galvo.json");
+        QCOMPARE(written("names.csv"), QByteArray("Anna\nBerta\n"));
+        QCOMPARE(written("pens.json"), kPens);
+        QCOMPARE(written("galvo.json"), kGalvo);
+        QVERIFY(!QFile::exists(path("a.nc")));
+        const ZtmarkRun marked = runZtmark({QStringLiteral("mark"), QStringLiteral("list.ztd"),
+                                            QStringLiteral("-o"), QStringLiteral("names.csv")},
+                                           m_folder->path());
+        QCOMPARE(marked.exitCode, 1);
+        QCOMPARE(written("names.csv"), QByteArray("Anna\nBerta\n"));
+        QCOMPARE(job("list.ztd -o b.csv").err, QString());
+    }
+
+    void output_neverHasTheNameOfADrawing()
+    {
+        makeDrawing(100);
+        const QByteArray before = written("serial.ztd");
+        for (const char *name : {"serial.ztd", "OTHER.ZTD", "a.ztd.numbers", "a.ztd.lock"}) {
+            const ZtmarkRun run = job(QStringLiteral("corner.plt -o %1").arg(QLatin1String(name)));
+            QCOMPARE(run.exitCode, 2);
+            QVERIFY2(
+                run.err.contains(QStringLiteral("\"%1\" names no job: .").arg(QLatin1String(name))),
+                qPrintable(run.err));
+        }
+        QCOMPARE(written("serial.ztd"), before);
+        QVERIFY(!QFile::exists(path("OTHER.ZTD")));
     }
 
     // Killed with files out that a machine may have run, before the drawing knows of it.
@@ -700,17 +772,39 @@ private:
         QVERIFY(hostkit::saveDrawing(document, {}, path("serial.ztd"), nullptr));
     }
 
-    void addText(ZTGraphicsDocument &document, qint64 last, const QPointF &placeMm, int shape,
-                 int shapes)
+    /** list.ztd, whose text takes its rows from the file. */
+    void makeListDrawing(const char *file)
+    {
+        ZTGraphicsDocument document;
+        document.itemMag()->scene()->setSceneRect(QRectF(-5000, -5000, 10000, 10000));
+        ZTGraphicsTextItem *item = newText(document);
+        ZTTextFileSegment rows;
+        rows.path = path(file);
+        item->getVariantText()->setSegments({rows});
+        hostkit::NextPart::make({item});
+        jobkit::Pen pen = jobkit::defaultPen(1);
+        pen.speedMmPerS = 80.0; // of which there is nothing to tell
+        jobkit::setDrawingPens(document, {pen});
+        QVERIFY(hostkit::saveDrawing(document, {}, path("list.ztd"), nullptr));
+    }
+
+    /** A variant text without segments. */
+    static ZTGraphicsTextItem *newText(ZTGraphicsDocument &document)
     {
         auto *item = qobject_cast<ZTGraphicsTextItem *>(
             document.itemMag()->addShape(ShapeType::Text, {0, 0, 10, 10}));
-        QVERIFY(item != nullptr);
+        item->setEnableVariantText(true);
+        return item;
+    }
+
+    void addText(ZTGraphicsDocument &document, qint64 last, const QPointF &placeMm, int shape,
+                 int shapes)
+    {
+        ZTGraphicsTextItem *item = newText(document);
         ZTCounterSegment counter;
         counter.width = 4;
         counter.last = last;
         counter.updates = quint64(shape);
-        item->setEnableVariantText(true);
         item->getVariantText()->setSegments({ZTFixedTextSegment{QStringLiteral("SN-")}, counter});
         hostkit::NextPart::make({item});
         item->setPos(ZTCoord::getInstance()->getMm2pixTransform().map(placeMm));

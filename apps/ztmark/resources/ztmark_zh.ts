@@ -228,6 +228,10 @@ simplify=长度、arcs=长度、weld、order，用逗号分隔</translation>
         <translation>没有可验证 %1 的识读程序</translation>
     </message>
     <message>
+        <source>the marks read as nothing: dots are as wide as the beam, give --beam</source>
+        <translation>标刻结果无法读出：点的大小就是光斑的大小，请给出 --beam</translation>
+    </message>
+    <message>
         <source>the marks read as nothing: try a larger module or a closer hatch</source>
         <translation>标刻结果无法读出：请用更大的模块或更密的填充</translation>
     </message>
@@ -1103,6 +1107,10 @@ input</source>
         <translation>文件夹不存在</translation>
     </message>
     <message>
+        <source>would overwrite a file that it is made of</source>
+        <translation>会覆盖作为输入的文件</translation>
+    </message>
+    <message>
         <source>would overwrite the drawing it is made of</source>
         <translation>会覆盖作为输入的图纸</translation>
     </message>
@@ -1222,6 +1230,14 @@ Can be given several times</source>
 </context>
 <context>
     <name>JobCommand</name>
+    <message>
+        <source>&quot;%1&quot; names no job: %2 belongs to drawings</source>
+        <translation>“%1”不能作为作业文件名：%2 属于图纸</translation>
+    </message>
+    <message>
+        <source>No summary and no progress; warnings stay</source>
+        <translation>不显示摘要和进度，警告保留</translation>
+    </message>
     <message>
         <source>Turn a drawing, or SVG, DXF and plotter drawings, into files for machines</source>
         <translation>把图纸，或 SVG、DXF 和绘图仪图纸，变成机器运行的文件</translation>
@@ -1437,8 +1453,8 @@ machine is, after a warning</source>
         <translation>无法保存它的编号：文件是只读的</translation>
     </message>
     <message>
-        <source>another job takes numbers of it: try again afterwards</source>
-        <translation>另一个作业正在取用它的编号：请稍后再试</translation>
+        <source>another job takes numbers of it, as &quot;%1.lock&quot; says: try again afterwards</source>
+        <translation>如“%1.lock”所示，另一个作业正在取用它的编号：请稍后再试</translation>
     </message>
     <message>
         <source>its numbers cannot be kept: its folder is read-only</source>
