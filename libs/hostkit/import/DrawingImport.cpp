@@ -131,12 +131,18 @@ public:
                     return takeBack();
             }
         }
-        if (m_options.centreMm)
+        if (hasCentre())
             moveTo(*m_options.centreMm);
         return m_result;
     }
 
 private:
+    bool hasCentre() const
+    {
+        return m_options.centreMm && qIsFinite(m_options.centreMm->x()) &&
+               qIsFinite(m_options.centreMm->y());
+    }
+
     bool goOn()
     {
         ++m_done;

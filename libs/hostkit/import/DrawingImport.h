@@ -39,8 +39,9 @@ struct ImportOptions
     std::optional<ZTFillParam> fill; ///< hatch of closed outlines; none: the library's default
 
     /**
-     * Where on the scene the middle of the drawing comes to; none: as it lies in the file, or,
-     * where that is beyond the scene, in the middle of it. A scene smaller than the drawing grows.
+     * Where on the scene the middle of the drawing comes to; none, or one that is not finite: as
+     * it lies in the file, or, where that is beyond the scene, in the middle of it. A scene smaller
+     * than the drawing grows.
      */
     std::optional<QPointF> centreMm;
 

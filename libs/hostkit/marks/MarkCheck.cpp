@@ -23,13 +23,15 @@ struct Texts
 /** What sums of lengths are off by. */
 constexpr double kHairMm = 1e-6;
 
+bool isFinite(const QPointF &point) { return std::isfinite(point.x()) && std::isfinite(point.y()); }
+
 /** A box that grows with each point; those that are no numbers are left out. */
 class Box
 {
 public:
     void include(const QPointF &point)
     {
-        if (!std::isfinite(point.x()) || !std::isfinite(point.y()))
+        if (!isFinite(point))
             return;
         m_least =
             m_isEmpty ? point : QPointF(qMin(m_least.x(), point.x()), qMin(m_least.y(), point.y()));
@@ -59,6 +61,18 @@ Box boxOf(const ZTMarkObject &object)
         box.include(line.p2());
     }
     return box;
+}
+
+bool isFinite(const ZTMarkObject &object)
+{
+    const auto isOutline = [](const QPolygonF &outline) {
+        return std::all_of(outline.begin(), outline.end(),
+                           [](const QPointF &point) { return isFinite(point); });
+    };
+    return std::all_of(object.lines.begin(), object.lines.end(), isOutline) &&
+           std::all_of(object.fillLines.begin(), object.fillLines.end(), [](const QLineF &line) {
+               return isFinite(line.p1()) && isFinite(line.p2());
+           });
 }
 
 bool hasLength(const QPolygonF &outline)
@@ -163,6 +177,9 @@ void MarkCheck::look(const ZTAbstractGraphicsItem &item, const ZTMarkObject &obj
     const QString reason = notReadyReason(item);
     if (!reason.isEmpty())
         findings.notReady << Texts::tr("%1: %2").arg(shapeName(item), reason);
+    if (!isFinite(object))
+        findings.notReady << Texts::tr("%1: %2").arg(shapeName(item),
+                                                     Texts::tr("a coordinate is no number"));
     bool isWithout = false;
     bool isDoubled = false;
     for (const QPolygonF &outline : object.lines) {

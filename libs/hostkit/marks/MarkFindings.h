@@ -21,7 +21,8 @@ struct MarkFindings
     QVector<ShapeOutside> outside; ///< reach out of the work area
     QStringList withoutLength;     ///< shapes with an outline that marks no length
     QStringList doubled;           ///< shapes with an outline that was marked before, to the point
-    QStringList notReady;          ///< shapes that mark something else than asked for, with why
+    /** Shapes that mark something else than asked for, or what cannot be marked, with why. */
+    QStringList notReady;
 
     bool isEmpty() const
     {

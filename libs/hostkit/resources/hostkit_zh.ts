@@ -464,6 +464,10 @@
         <translation>%1：%2</translation>
     </message>
     <message>
+        <source>a coordinate is no number</source>
+        <translation>有坐标不是数字</translation>
+    </message>
+    <message>
         <source>shown otherwise than asked for: %1</source>
         <translation>显示的与要求的不符：%1</translation>
     </message>

@@ -290,6 +290,8 @@ Pieces orderedStage(const Pieces &drawn, const OrderOptions &options,
 
 OrderResult orderPlan(JobPlan *plan, const OrderOptions &options)
 {
+    if (!plan->isSound())
+        return {};
     const std::vector<Pieces> stages = stagesOf(plan->pieces, options);
     Pieces start;
     for (const Pieces &stage : stages)

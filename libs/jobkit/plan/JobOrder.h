@@ -55,6 +55,8 @@ struct OrderResult
  * than 64 points.
  *
  * The same plan, options and seed give the same order, unless the time cuts it short.
+ *
+ * Failure: a plan that is not sound (`JobPlan::isSound`) stays as it is, and both lengths are 0.
  */
 OrderResult orderPlan(JobPlan *plan, const OrderOptions &options);
 

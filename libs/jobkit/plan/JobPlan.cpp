@@ -105,6 +105,17 @@ bool PlanPiece::isClosed() const
            pointsMm.first().y() == pointsMm.last().y();
 }
 
+bool JobPlan::isSound() const
+{
+    const auto isFinite = [](const QPointF &point) {
+        return std::isfinite(point.x()) && std::isfinite(point.y());
+    };
+    return std::all_of(pieces.begin(), pieces.end(), [&isFinite](const PlanPiece &piece) {
+        return !piece.pointsMm.isEmpty() &&
+               std::all_of(piece.pointsMm.begin(), piece.pointsMm.end(), isFinite);
+    });
+}
+
 double JobPlan::markLengthMm() const
 {
     double length = 0.0;

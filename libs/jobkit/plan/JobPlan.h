@@ -66,6 +66,11 @@ struct JobPlan
 {
     QVector<PlanPiece> pieces; ///< in the order in which they are marked
 
+    /**
+     * Whether every piece has points, and all are finite. What is not sound is neither ordered nor
+     * timed, and no file is made of it.
+     */
+    bool isSound() const;
     /** Length of what is marked, mm. */
     double markLengthMm() const;
     /** Length of the straight ways from piece to piece, mm; the way to the first is none. */

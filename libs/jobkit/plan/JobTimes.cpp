@@ -231,6 +231,8 @@ TimeSums &TimeSums::operator+=(const TimeSums &other)
 JobTimes jobTimes(const JobPlan &plan, const QVector<Pen> &pens, const MachineProfile &profile,
                   const std::optional<QPointF> &headMm)
 {
+    if (!plan.isSound())
+        return emptyTimes(plan);
     if (profile.kind == MachineKind::Galvo)
         return galvoTimes(plan, pens, profile, headMm);
     return gantryTimes(plan, pens, profile, headMm);
@@ -240,7 +242,7 @@ TimeSums partsTime(const JobPlan &plan, const QVector<Pen> &pens, const MachineP
                    const std::optional<QPointF> &headMm, int parts)
 {
     TimeSums sums = jobTimes(plan, pens, profile, headMm).all;
-    if (parts < 2 || plan.pieces.isEmpty())
+    if (parts < 2 || plan.pieces.isEmpty() || !plan.isSound())
         return sums;
     const TimeSums next = jobTimes(plan, pens, profile, plan.pieces.last().pointsMm.last()).all;
     const double more = parts - 1;
@@ -250,7 +252,7 @@ TimeSums partsTime(const JobPlan &plan, const QVector<Pen> &pens, const MachineP
 
 HeadPlace headAt(const JobPlan &plan, const JobTimes &times, double seconds)
 {
-    if (plan.pieces.isEmpty())
+    if (times.vertexS.empty())
         return {};
     const auto later = std::upper_bound(times.vertexS.begin(), times.vertexS.end(), seconds);
     const qint64 reached = std::max<qint64>(0, later - times.vertexS.begin() - 1);

@@ -53,6 +53,8 @@ struct HeadPlace
  *
  * `headMm` is where the head stands before; without it, the head stands at the first piece. A pen
  * that is faster than the machine is reckoned with the machine's speed.
+ *
+ * Failure: a plan that is not sound (`JobPlan::isSound`) takes no time, at any of its points.
  */
 JobTimes jobTimes(const JobPlan &plan, const QVector<Pen> &pens, const MachineProfile &profile,
                   const std::optional<QPointF> &headMm = std::nullopt);

@@ -32,17 +32,10 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(jobkit::JobWriter)
 };
 
-bool isFinite(const JobFile &job)
+bool isSound(const JobFile &job)
 {
-    for (const JobPlan &plan : job.parts) {
-        for (const PlanPiece &piece : plan.pieces) {
-            for (const QPointF &point : piece.pointsMm) {
-                if (!std::isfinite(point.x()) || !std::isfinite(point.y()))
-                    return false;
-            }
-        }
-    }
-    return true;
+    return std::all_of(job.parts.begin(), job.parts.end(),
+                       [](const JobPlan &plan) { return plan.isSound(); });
 }
 
 } // namespace
@@ -138,7 +131,7 @@ bool canPause(JobForm form) { return form == JobForm::Gcode; }
 
 bool writeJob(JobForm form, const JobFile &job, QIODevice &device)
 {
-    if (job.parts.isEmpty() || (job.parts.size() > 1 && !canPause(form)) || !isFinite(job))
+    if (job.parts.isEmpty() || (job.parts.size() > 1 && !canPause(form)) || !isSound(job))
         return false;
     JobText text(device);
     switch (form) {
@@ -172,7 +165,7 @@ bool saveJob(JobForm form, const JobFile &job, const QString &path, hostkit::Fai
     if (job.parts.size() > 1 && !canPause(form))
         return hostkit::fail(failure, Kind::NotPossible,
                              Texts::tr("several parts fit into G-code alone, which can pause"));
-    if (!isFinite(job))
+    if (!isSound(job))
         return hostkit::fail(failure, Kind::NotPossible, Texts::tr("a coordinate is no number"));
     return hostkit::saveWhole(
         path, [&](QIODevice &device) { return writeJob(form, job, device); }, failure);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <numeric>
 #include <random>
 
@@ -120,6 +121,7 @@ private Q_SLOTS:
     void hatchesWithAMoment_comeBeforeOrAfter_whateverTheirPen();
     void cancelled_keepsTheBestSoFar();
     void emptyAndSingle_stay();
+    void unsoundPlan_stays();
     void manyPieces_withinTheTime();
 };
 
@@ -326,6 +328,29 @@ void tst_JobOrder::emptyAndSingle_stay()
     plan.pieces = {piece({{1, 2}, {3, 4}})};
     QCOMPARE(orderPlan(&plan, {}).jumpsAfterMm, 0.0);
     QCOMPARE(plan.pieces.size(), 1);
+}
+
+void tst_JobOrder::unsoundPlan_stays()
+{
+    const double none = std::numeric_limits<double>::quiet_NaN();
+    const double endless = std::numeric_limits<double>::infinity();
+    for (const PlanPiece &bad : {piece({{none, 0}, {1, 1}}), piece({{5, 5}, {0, none}}),
+                                 piece({{endless, 0}}), piece(QVector<QPointF>())}) {
+        JobPlan plan;
+        plan.pieces = {piece({{30, 0}, {40, 0}}), bad, piece({{1, 0}, {2, 0}})};
+        QVERIFY(!plan.isSound());
+        for (const OrderKind kind : {OrderKind::Nearest, OrderKind::Best}) {
+            OrderOptions options;
+            options.kind = kind;
+            const OrderResult result = orderPlan(&plan, options);
+            QCOMPARE(result.jumpsBeforeMm, 0.0);
+            QCOMPARE(result.jumpsAfterMm, 0.0);
+            QCOMPARE(plan.pieces.size(), 3);
+            QCOMPARE(plan.pieces[0].pointsMm.first(), QPointF(30, 0));
+            QCOMPARE(plan.pieces[1].pointsMm.size(), bad.pointsMm.size());
+            QCOMPARE(plan.pieces[2].pointsMm.first(), QPointF(1, 0));
+        }
+    }
 }
 
 void tst_JobOrder::manyPieces_withinTheTime()

@@ -102,6 +102,7 @@ private Q_SLOTS:
     void playback_byHand();
     void playback_followsEveryVertex();
     void empty_takesNoTime();
+    void unsound_takesNoTime();
 };
 
 void tst_JobTimes::galvo_byHand_data()
@@ -344,6 +345,24 @@ void tst_JobTimes::empty_takesNoTime()
     for (const MachineProfile &profile : {galvo(), gantry()}) {
         QCOMPARE(jobTimes({}, pens(), profile, QPointF()).all.totalS(), 0.0);
         QCOMPARE(partsTime({}, pens(), profile, {}, 5).totalS(), 0.0);
+    }
+}
+
+void tst_JobTimes::unsound_takesNoTime()
+{
+    JobPlan damaged = planFrom(QStringLiteral("0,0 10,0;nan,0 30,0"), false);
+    QVERIFY(!damaged.isSound());
+    JobPlan hollow = planFrom(QStringLiteral("0,0 10,0"), false);
+    QVERIFY(hollow.isSound());
+    hollow.pieces.append(PlanPiece());
+    for (const MachineProfile &profile : {galvo(), gantry()}) {
+        for (const JobPlan &plan : {damaged, hollow}) {
+            const JobTimes times = jobTimes(plan, pens(), profile, QPointF());
+            QCOMPARE(times.all.totalS(), 0.0);
+            QCOMPARE(int(times.firstVertex.size()), plan.pieces.size() + 1);
+            QCOMPARE(partsTime(plan, pens(), profile, {}, 5).totalS(), 0.0);
+            QVERIFY(headAt(plan, times, 1.0).piece >= 0);
+        }
     }
 }
 

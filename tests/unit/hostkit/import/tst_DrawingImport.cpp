@@ -110,6 +110,7 @@ private Q_SLOTS:
     void import_dots_becomeShortLines();
     void import_manyOutlines_takeTheirHolesSoon();
     void import_centre_movesTheWhole();
+    void import_centreThatIsNone_staysInItsPlace();
     void import_farFromTheOrigin_staysWhole_data();
     void import_farFromTheOrigin_staysWhole();
     void import_largerThanTheScene_staysWhole();
@@ -361,6 +362,17 @@ void tst_DrawingImport::import_centre_movesTheWhole()
     // The whole reaches from (0, 10) to (90, 60).
     COMPARE_BOX(boxMm(*result.items[0]), QRectF(65, 175, 40, 40), 0.05);
     COMPARE_BOX(boxMm(*result.items[1]), QRectF(55, 225, 90, 0), 0.05);
+}
+
+void tst_DrawingImport::import_centreThatIsNone_staysInItsPlace()
+{
+    for (const double bad : {qQNaN(), qInf()}) {
+        ZTGraphicsDocument document;
+        ImportOptions options = splitBy(ImportSplit::Color);
+        options.centreMm = QPointF(bad, 0);
+        const ImportResult result = hostkit::importDrawing(document, plate(), options);
+        COMPARE_BOX(boxMm(*result.items[0]), QRectF(10, 10, 40, 40), 0.05);
+    }
 }
 
 void tst_DrawingImport::import_farFromTheOrigin_staysWhole_data()

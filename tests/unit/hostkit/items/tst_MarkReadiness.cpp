@@ -1,10 +1,13 @@
 #include <hostkit/items/MarkReadiness.h>
 #include <hostkit/marks/MarkFindings.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
+#include <hostkit/setup/Factories.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 #include <QtTest/QtTest>
+
+#include <limits>
 
 namespace {
 
@@ -52,6 +55,17 @@ private Q_SLOTS:
                  QStringLiteral("shown otherwise than asked for: Rectangle 0: it has no content"));
         QCOMPARE(hostkit::describeFindings(findings),
                  QStringList{hostkit::describeNotReady(findings)});
+    }
+
+    void coordinateThatIsNoNumber_isAFinding()
+    {
+        hostkit::registerFactories();
+        ZTGraphicsDocument document;
+        document.itemMag()->addShape(ShapeType::Rect, QRectF(0, 0, 10, 10));
+        QVERIFY(hostkit::drawingMarks(document).findings.notReady.isEmpty());
+        document.itemMag()->setScale(std::numeric_limits<float>::quiet_NaN(), 1.0F);
+        QCOMPARE(hostkit::drawingMarks(document).findings.notReady,
+                 QStringList{QStringLiteral("Rectangle 0: a coordinate is no number")});
     }
 };
 
