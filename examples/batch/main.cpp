@@ -2,8 +2,10 @@
 // machine takes. Nothing is shown: start it with QT_QPA_PLATFORM=offscreen where there is no
 // display.
 
+#include <codekit/shape/CodeItem.h>
 #include <hostkit/drawing/DrawingLoader.h>
 #include <hostkit/setup/Factories.h>
+#include <hostkit/text/FontPlaces.h>
 #include <jobkit/items/HatchedItems.h>
 #include <jobkit/marks/DrawingPens.h>
 #include <jobkit/marks/MarkGraphItems.h>
@@ -25,6 +27,17 @@ jobkit::JobPlan planOf(const ZTGraphicsDocument &document, const QVector<jobkit:
     return plan;
 }
 
+/** What of a drawing could not be marked here as it was drawn; empty for nothing. */
+QString missingIn(const hostkit::DrawingReport &report)
+{
+    QStringList missing;
+    for (const QString &font : report.missingFonts)
+        missing << QStringLiteral("font ") + font;
+    for (const QString &kind : report.unknownKinds.keys())
+        missing << QStringLiteral("shapes of kind ") + kind;
+    return missing.join(QStringLiteral(", "));
+}
+
 bool makeJob(const QString &drawingPath, const QString &jobPath, hostkit::Failure *failure)
 {
     ZTGraphicsDocument document;
@@ -33,6 +46,10 @@ bool makeJob(const QString &drawingPath, const QString &jobPath, hostkit::Failur
     if (!hostkit::readDrawing(drawingPath, &drawing, failure) ||
         !hostkit::applyDrawing(drawing, document, {}, &report, failure))
         return false;
+    const QString missing = missingIn(report);
+    if (!missing.isEmpty()) // a part without them would be a wrong one
+        return hostkit::fail(failure, hostkit::Failure::Kind::NotPossible,
+                             QStringLiteral("missing here: ") + missing);
 
     jobkit::JobFile job;
     jobkit::profileOnBoard(QStringLiteral("grbl-diode"), &job.profile);
@@ -54,6 +71,8 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv); // texts need its fonts
     jobkit::registerHatchedFactories();         // all hatches of a shape, not the first alone
     hostkit::registerFactories();
+    codekit::registerCodeFactories();
+    hostkit::addFontFolders(); // stroke fonts
     int failed = 0;
     for (const QString &path : application.arguments().mid(1)) {
         hostkit::Failure failure;

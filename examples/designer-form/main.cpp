@@ -18,7 +18,7 @@ int main(int argc, char **argv)
     form.propertyList->setUndoStack(form.document->undoStack());
 
     ZTAbstractGraphicsItem *square =
-        form.document->itemMag()->addShape(ShapeType::Rect, QRectF(0, 0, 20, 10));
+        form.document->itemMag()->addShape(ShapeType::Rect, QRectF(0, 0, 10, 10));
     form.propertyList->setObject(square);
     if (QApplication::arguments().contains(QLatin1String("--once"))) {
         QTextStream(stdout) << form.objectTree->model()->rowCount() << " shape in the tree\n";

@@ -4,6 +4,7 @@
 // Each part has its own serial number, whatever happens: the drawing with the next number is on the
 // disk before the laser begins. A power cut can cost a number; it cannot mark one twice.
 
+#include <codekit/shape/CodeItem.h>
 #include <hostkit/drawing/DrawingCapture.h>
 #include <hostkit/drawing/DrawingLoader.h>
 #include <hostkit/items/LastPart.h>
@@ -47,6 +48,11 @@ public:
             return hostkit::fail(failure, hostkit::Failure::Kind::NotPossible,
                                  QStringLiteral("these fonts are missing: ") +
                                      report.missingFonts.join(QStringLiteral(", ")));
+        if (!report.unknownKinds.isEmpty()) // kept, and not marked
+            return hostkit::fail(
+                failure, hostkit::Failure::Kind::NotPossible,
+                QStringLiteral("these kinds of shapes cannot be marked here: ") +
+                    QStringList(report.unknownKinds.keys()).join(QStringLiteral(", ")));
         hostkit::NextPart::again(hostkit::shapeItemsOf(m_document)); // with the date of today
         return true;
     }
@@ -124,6 +130,7 @@ int main(int argc, char **argv)
     const QStringList arguments = QApplication::arguments();
     jobkit::registerHatchedFactories(); // all hatches of a shape, not the first alone
     hostkit::registerFactories();
+    codekit::registerCodeFactories();
     hostkit::addFontFolders();
     hostkit::Failure failure;
     Kiosk kiosk(arguments.value(1));

@@ -2,8 +2,10 @@
 // the very plan that a machine would be given. laser DRAWING; with --once as a second argument in
 // no time at all, for a test.
 
+#include <codekit/shape/CodeItem.h>
 #include <hostkit/drawing/DrawingLoader.h>
 #include <hostkit/setup/Factories.h>
+#include <hostkit/text/FontPlaces.h>
 #include <jobkit/items/HatchedItems.h>
 #include <jobkit/marks/DrawingPens.h>
 #include <jobkit/marks/MarkGraphItems.h>
@@ -46,8 +48,14 @@ bool open(const QString &path, ZTGraphicsDocument &document, hostkit::Failure *f
 {
     hostkit::DrawingFile drawing;
     hostkit::DrawingReport report;
-    return hostkit::readDrawing(path, &drawing, failure) &&
-           hostkit::applyDrawing(drawing, document, {}, &report, failure);
+    if (!hostkit::readDrawing(path, &drawing, failure) ||
+        !hostkit::applyDrawing(drawing, document, {}, &report, failure))
+        return false;
+    const QStringList missing = report.missingFonts + QStringList(report.unknownKinds.keys());
+    if (!missing.isEmpty())
+        QTextStream(stderr) << "warning: missing here, and not run over as drawn: "
+                            << missing.join(QStringLiteral(", ")) << '\n';
+    return true;
 }
 
 } // namespace
@@ -57,6 +65,8 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv);
     jobkit::registerHatchedFactories(); // all hatches of a shape, not the first alone
     hostkit::registerFactories();
+    codekit::registerCodeFactories();
+    hostkit::addFontFolders(); // stroke fonts
     ZTGraphicsDocument document;
     hostkit::Failure failure;
     if (!open(QApplication::arguments().value(1), document, &failure)) {

@@ -10,7 +10,7 @@ int main(int argc, char **argv)
     ZTGraphicsDocument document; // the widget for your form
 
     ZTAbstractGraphicsItem *square =
-        document.itemMag()->addShape(ShapeType::Rect, QRectF(0, 0, 10, 10)); // millimetres
+        document.itemMag()->addShape(ShapeType::Rect, QRectF(0, 0, 10, 10)); // 10 mm, in the middle
     square->setFillParam({FillType::ULine, 2.0, 0.0, true});                 // zigzag, every 2 mm
 
     const ZTMarkGraph marks = document.itemMag()->getShapeLines(); // for the marking head

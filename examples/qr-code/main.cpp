@@ -4,6 +4,7 @@
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 #include <codekit/shape/CodeItem.h>
+#include <hostkit/items/ItemPlace.h>
 #include <hostkit/items/MarkReadiness.h>
 #include <hostkit/setup/Factories.h>
 #include <jobkit/marks/DrawingPens.h>
@@ -21,11 +22,12 @@ namespace {
 codekit::CodeItem *addCode(ZTGraphicsDocument &document, const QString &text)
 {
     codekit::CodeItem *code = codekit::codeItem(
-        document.itemMag()->addShape(ShapeType::QRCode, QRectF(-5.0, -5.0, 10.0, 10.0)));
+        document.itemMag()->addShape(ShapeType::QRCode, QRectF(0.0, 0.0, 10.0, 10.0)));
     codekit::CodeSettings settings = code->settings();
     settings.spec.kind = codekit::CodeKind::Qr;
     settings.form.moduleMm = 0.5;
     code->setCode(settings, text);
+    hostkit::moveMiddleTo(*code, QPointF(0.0, 0.0));
     code->setFillParam({FillType::Line, 0.1, 0.0, true});
     return code;
 }

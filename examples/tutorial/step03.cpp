@@ -21,7 +21,8 @@ void tell(const QString &text) { QTextStream(stdout) << text << '\n'; }
 ZTAbstractGraphicsItem *addPlate(ZTGraphicsDocument &document)
 {
     ZTAbstractGraphicsItem *plate =
-        document.itemMag()->addShape(ShapeType::Rect, QRectF(-20.0, -10.0, 40.0, 20.0));
+        document.itemMag()->addShape(ShapeType::Rect, QRectF(0.0, 0.0, 10.0, 10.0));
+    plate->scale(4.0, 2.0); // of 10 by 10 mm, in the middle
     plate->setFillParam({FillType::ULine, 0.5, 0.0, true});
     return plate;
 }

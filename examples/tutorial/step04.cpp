@@ -4,6 +4,7 @@
 
 #include <hostkit/drawing/DrawingCapture.h>
 #include <hostkit/drawing/DrawingLoader.h>
+#include <hostkit/items/ItemPlace.h>
 #include <hostkit/setup/Factories.h>
 #include <hostkit/view/ViewRulers.h>
 
@@ -25,7 +26,8 @@ void tell(const QString &text) { QTextStream(stdout) << text << '\n'; }
 ZTAbstractGraphicsItem *addPlate(ZTGraphicsDocument &document)
 {
     ZTAbstractGraphicsItem *plate =
-        document.itemMag()->addShape(ShapeType::Rect, QRectF(-20.0, -10.0, 40.0, 20.0));
+        document.itemMag()->addShape(ShapeType::Rect, QRectF(0.0, 0.0, 10.0, 10.0));
+    hostkit::setBoxMm(*plate, QRectF(-20.0, -10.0, 40.0, 20.0));
     plate->setFillParam({FillType::ULine, 0.5, 0.0, true});
     return plate;
 }

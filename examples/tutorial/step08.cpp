@@ -8,6 +8,7 @@
 #include <hostkit/drawing/DrawingCapture.h>
 #include <hostkit/drawing/DrawingLoader.h>
 #include <hostkit/import/DrawingImport.h>
+#include <hostkit/items/ItemPlace.h>
 #include <hostkit/items/LastPart.h>
 #include <hostkit/items/PartTexts.h>
 #include <hostkit/items/ShapeItems.h>
@@ -40,7 +41,8 @@ void tell(const QString &text) { QTextStream(stdout) << text << '\n'; }
 ZTAbstractGraphicsItem *addPlate(ZTGraphicsDocument &document)
 {
     ZTAbstractGraphicsItem *plate =
-        document.itemMag()->addShape(ShapeType::Rect, QRectF(-20.0, -10.0, 40.0, 20.0));
+        document.itemMag()->addShape(ShapeType::Rect, QRectF(0.0, 0.0, 10.0, 10.0));
+    hostkit::setBoxMm(*plate, QRectF(-20.0, -10.0, 40.0, 20.0));
     plate->setFillParam({FillType::ULine, 0.5, 0.0, true});
     return plate;
 }
@@ -101,12 +103,13 @@ double importLogo(const QString &path, ZTGraphicsDocument &document)
 codekit::CodeItem *addCode(ZTGraphicsDocument &document, const QString &content)
 {
     ZTAbstractGraphicsItem *item =
-        document.itemMag()->addShape(ShapeType::QRCode, QRectF(6.0, -4.0, 8.0, 8.0));
+        document.itemMag()->addShape(ShapeType::QRCode, QRectF(0.0, 0.0, 10.0, 10.0));
     codekit::CodeItem *code = codekit::codeItem(item);
     codekit::CodeSettings settings = code->settings();
     settings.spec.kind = codekit::CodeKind::DataMatrix;
     settings.form.moduleMm = 0.5;
     code->setCode(settings, content);
+    hostkit::moveMiddleTo(*code, QPointF(10.0, 0.0));
     return code;
 }
 

@@ -72,6 +72,14 @@ for step in 01 02 03 04 05 06 07 08 09 10; do
     TMPDIR=$scratch "$scratch/examples/tutorial/step$step" --once
 done >"$scratch/tutorial.out"
 diff "$scratch/tutorial.out" "$source/examples/tutorial/expected-output.txt"
+# The drawing of its last step has a code: a batch marks what the command line marks of it.
+"$scratch/examples/batch/batch" "$scratch/tutorial-plate.ztd" >/dev/null
+"$prefix/bin/ztmark" job "$scratch/tutorial-plate.ztd" -o "$scratch/plate-by-hand.nc" >/dev/null 2>&1
+burns() { grep -c '^G1' "$1"; }
+[ "$(burns "$scratch/tutorial-plate.ztd.nc")" = "$(burns "$scratch/plate-by-hand.nc")" ]
+"$scratch/examples/laser/laser" "$scratch/tutorial-plate.ztd" --once 2>"$scratch/laser.err" |
+    grep -q '^[0-9]* pieces marked in '
+[ ! -s "$scratch/laser.err" ]
 qr_code=$scratch/examples/qr-code/qr-code
 [ "$("$qr_code" SN-0001 "$scratch/code.nc" --once)" = "21 x 21 modules, 10.5 mm wide" ]
 grep -q '^G21' "$scratch/code.nc"
