@@ -24,8 +24,6 @@ using vectorkit::VectorShape;
 
 namespace {
 
-constexpr double kUsualToleranceMm = 0.005;
-
 constexpr std::array<const char *, 8> kOptions{"--size",  "--width",     "--height",    "--unit",
                                                "--split", "--tolerance", "--fill-open", "--clean"};
 
@@ -225,7 +223,7 @@ bool readForeign(const InputFiles &files, const std::string &name,
 void ForeignFiles::addOptions(CLI::App *owner)
 {
     m_command = owner;
-    options.toleranceMm = kUsualToleranceMm;
+    options.toleranceMm = ZTCurveTolerance::kUsualMm;
     usage::addValue(m_command, "--size", tr("Stretch each drawing to this width and height"),
                     [this](const std::string &text) { m_sizeMm = sizeOf(text); })
         ->type_name("WxH");
@@ -289,7 +287,7 @@ bool ForeignFiles::import(const InputFiles &files, const hostkit::MarkJobOptions
     }
     // Curves that stay curves are cut when they are marked, as in any new drawing.
     if (options.toleranceMm == 0.0)
-        ZTCurveTolerance::setToleranceMm(kUsualToleranceMm);
+        ZTCurveTolerance::setToleranceMm(ZTCurveTolerance::kUsualMm);
     bool isWhole = true;
     for (const std::string &name : files.names) {
         progress.begin(tr("reading %1").arg(QString::fromStdString(name)));
@@ -341,7 +339,7 @@ bool ForeignFiles::prepare(const std::string &name, const hostkit::MarkJobOption
     // Its lengths are those of the marks: what comes first is the size.
     if (m_cleaning.isAsked()) {
         const double tolerance =
-            options.toleranceMm > 0.0 ? options.toleranceMm : kUsualToleranceMm;
+            options.toleranceMm > 0.0 ? options.toleranceMm : ZTCurveTolerance::kUsualMm;
         const vectorkit::CleanReport report = m_cleaning.clean(drawing, tolerance);
         m_cleaned << CleanArgument::describe(report);
     }

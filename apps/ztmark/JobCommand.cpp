@@ -170,7 +170,7 @@ void JobCommand::addWork()
                         tr("Write also what reaches out of the machine's field").toStdString());
     m_command->add_flag("--as-shown", m_marksAsShown,
                         tr("Write also what does not show what it was given, such as a code that "
-                           "cannot\nhold its content")
+                           "cannot\nhold its content, or a text without its font")
                             .toStdString());
 }
 
@@ -304,7 +304,8 @@ bool JobCommand::makeParts(JobSource &source, Progress &progress)
             if (!m_job.options.outline)
                 item.outlinesMm.clear();
         }
-        if (!source.isReady(m_marksAsShown)) {
+        const bool lacksFonts = !source.hasItsFonts() && !m_marksAsShown && !m_outputs.empty();
+        if (!source.isReady(m_marksAsShown) || lacksFonts) {
             console::complain(m_files.names.front(),
                               tr("nothing written: what does not show what it was given is written "
                                  "with --as-shown alone"));

@@ -54,6 +54,9 @@ public:
     /** Whether the drawing lets JSON and CSV count y upward; false for other files. */
     bool isYUp() const;
 
+    /** Whether all fonts of a drawing are here; which are not was told when it was opened. */
+    bool hasItsFonts() const { return m_drawing.report.missingFonts.isEmpty(); }
+
     /** Names of the files that its variant texts take their rows from. */
     std::vector<std::string> textFiles() const;
 

@@ -15,7 +15,6 @@ namespace {
 constexpr double kMaxHatchRows = 1e6;
 constexpr double kMaxPieces = 20e6;
 constexpr double kMaxObjects = 1e6;
-constexpr double kUsualToleranceMm = 0.005;
 
 /** "12,345,678", the same in every locale. */
 QString grouped(double count)
@@ -51,7 +50,8 @@ Extent extentOf(const VectorDrawing &drawing, const hostkit::ImportOptions &impo
 {
     const double angle = qDegreesToRadians(angleDeg);
     const QPointF normal(-std::sin(angle), std::cos(angle));
-    const double tolerance = import.toleranceMm > 0.0 ? import.toleranceMm : kUsualToleranceMm;
+    const double tolerance =
+        import.toleranceMm > 0.0 ? import.toleranceMm : ZTCurveTolerance::kUsualMm;
     Extent extent;
     for (const VectorLayer &layer : drawing.layers) {
         for (const VectorShape &shape : layer.shapes) {

@@ -289,15 +289,7 @@ private Q_SLOTS:
 
     void missingFonts_areNamed()
     {
-        DrawingFile drawing = readFile(sample(QStringLiteral("text")));
-        const QByteArray wide = wideText(QStringLiteral("hershey-simplex.shx"));
-        bool isThere = false;
-        for (hostkit::DrawingItem &item : drawing.items) {
-            isThere = isThere || item.shape.contains(wide);
-            item.shape.replace(wide, wideText(QStringLiteral("nobodys-simplex.shx")));
-        }
-        QVERIFY(isThere);
-        put(path("foreign.ztd"), drawingToBytes(drawing));
+        makeWithoutFont();
         for (const char *command : {"info", "mark"}) {
             const ZtmarkRun run = ztmark({command, "foreign.ztd"});
             QVERIFY2(run.err.startsWith(QStringLiteral("ztmark: foreign.ztd: warning: these fonts "
@@ -314,6 +306,25 @@ private Q_SLOTS:
         QVERIFY2(
             run.out.contains(QStringLiteral("Variant texts:     1\n  \"SN-0001  2024-02-29\"\n")),
             qPrintable(run.out));
+    }
+
+    // A machine would run it, and the part would be a wrong one.
+    void job_withoutTheFonts_isNotWritten()
+    {
+        makeWithoutFont();
+        const QByteArray before = bytesOf(path("foreign.ztd"));
+        ZtmarkRun run = ztmark({"job", "foreign.ztd", "-o", "a.nc"});
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(run.err.endsWith(QStringLiteral(
+                     "ztmark: foreign.ztd: nothing written: what does not show what it was given "
+                     "is written with --as-shown alone\n")),
+                 qPrintable(run.err));
+        QVERIFY(!QFile::exists(path("a.nc")));
+        QVERIFY(bytesOf(path("foreign.ztd")) == before); // no number is used up
+        QCOMPARE(ztmark({"job", "foreign.ztd", "--time"}).exitCode, 0);
+        run = ztmark({"job", "foreign.ztd", "--as-shown", "-o", "a.nc"});
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY(QFile::exists(path("a.nc")));
     }
 
     void info_speaksChinese()
@@ -607,6 +618,20 @@ private Q_SLOTS:
     }
 
 private:
+    /** foreign.ztd: the sample of texts in a stroke font that nobody has. */
+    void makeWithoutFont()
+    {
+        DrawingFile drawing = readFile(sample(QStringLiteral("text")));
+        const QByteArray wide = wideText(QStringLiteral("hershey-simplex.shx"));
+        bool isThere = false;
+        for (hostkit::DrawingItem &item : drawing.items) {
+            isThere = isThere || item.shape.contains(wide);
+            item.shape.replace(wide, wideText(QStringLiteral("nobodys-simplex.shx")));
+        }
+        QVERIFY(isThere);
+        put(path("foreign.ztd"), drawingToBytes(drawing));
+    }
+
     /** Runs the program among copies of these samples. */
     ZtmarkRun ztmark(std::initializer_list<const char *> arguments,
                      std::initializer_list<const char *> samples = {}) const

@@ -1414,9 +1414,9 @@ given several times</source>
     </message>
     <message>
         <source>Write also what does not show what it was given, such as a code that cannot
-hold its content</source>
+hold its content, or a text without its font</source>
         <translation>也写出没有显示给定内容的图形，例如容纳不下其内容的
-条码</translation>
+条码或缺少字体的文字</translation>
     </message>
     <message>
         <source>nothing written: what does not show what it was given is written with --as-shown alone</source>

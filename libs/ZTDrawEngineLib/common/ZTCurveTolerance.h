@@ -24,6 +24,9 @@
 class ZTDRAWENGINELIB_EXPORT ZTCurveTolerance
 {
 public:
+    /** What programs give drawings that are new. */
+    static constexpr double kUsualMm = 0.005;
+
     /** What holds now; 0: none. */
     static double toleranceMm();
 

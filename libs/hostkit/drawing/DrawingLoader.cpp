@@ -5,7 +5,7 @@
 #include <hostkit/drawing/ShapeRecords_p.h>
 #include <hostkit/items/ShapeItems.h>
 #include <hostkit/items/StrokeFontHeights.h>
-#include <hostkit/text/FontPresence.h>
+#include <hostkit/items/FontCheck.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
@@ -20,7 +20,6 @@
 #include <exception>
 #include <memory>
 #include <new>
-#include <set>
 #include <vector>
 
 namespace hostkit {
@@ -51,46 +50,6 @@ void restore(ZTShapeBase &shape, const ShapeBaseFields &kept)
     shape.setUpdate(1);
     shape.paint();
 }
-
-/** Notes the fonts that texts name and this machine lacks. */
-class FontCheck
-{
-public:
-    void look(const ZTShapeText &text)
-    {
-        const ZTFontParam param = text.getFont();
-        if (param.fontType == FontType::doubleLine)
-            lookForFamily(param.font.family());
-        if (param.fontType == FontType::singleLine) {
-            lookForStrokeFont(param.shxFont.enName);
-            lookForStrokeFont(param.shxFont.zhName);
-        }
-    }
-
-    QStringList missing() const
-    {
-        QStringList names;
-        for (const QString &name : m_lacking)
-            names << name;
-        return names;
-    }
-
-private:
-    void lookForFamily(const QString &family)
-    {
-        if (m_known.insert(family).second && !hasSystemFont(family))
-            m_lacking.insert(family);
-    }
-
-    void lookForStrokeFont(const QString &fileName)
-    {
-        if (m_known.insert(fileName).second && !fileName.isEmpty() && !hasStrokeFont(fileName))
-            m_lacking.insert(fileName);
-    }
-
-    std::set<QString> m_known;
-    std::set<QString> m_lacking;
-};
 
 /** Lets the drawing's set-up hold while its shapes are rebuilt, and no longer. */
 class BorrowedSetup
@@ -391,7 +350,7 @@ void Loader::takeDrawing(ZTShapeBase &shape, const DrawingItem &record)
  */
 void Loader::takeText(ZTShapeText &text, const DrawingItem &record)
 {
-    m_fonts.look(text);
+    m_fonts.missingFor(text);
     ZTShxFontParam strokeFont = text.getFont().shxFont;
     const bool isNamed = !strokeFont.enName.isEmpty() && !strokeFont.zhName.isEmpty();
     if (!isNamed && strokeFont.parser.getTextHeight() != 0.0) {

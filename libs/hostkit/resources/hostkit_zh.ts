@@ -71,6 +71,13 @@
     </message>
 </context>
 <context>
+    <name>hostkit::FontCheck</name>
+    <message>
+        <source>its font is not here: %1</source>
+        <translation>本机没有它的字体：%1</translation>
+    </message>
+</context>
+<context>
     <name>hostkit::FontSheet</name>
     <message>
         <source>the font has no glyphs</source>

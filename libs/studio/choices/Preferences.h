@@ -15,7 +15,7 @@ struct DrawingChoice
     QRect fieldMm{-300, -300, 600, 600};
 
     /** How far a marked chord may lie from its curve; 0: as drawings before had it. */
-    double curveToleranceMm = 0.005;
+    double curveToleranceMm = ZTCurveTolerance::kUsualMm;
 
     bool isExportYUp = false; ///< of `hostkit::exportsYUp`
 };

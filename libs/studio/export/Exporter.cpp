@@ -7,6 +7,7 @@
 #include <hostkit/marks/MarkFindings.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/marks/MarkGraphWriter.h>
+#include <hostkit/items/FontCheck.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -44,9 +45,11 @@ QString formFilter(const QString &extension)
 QString notReadyShapes(const ZTGraphicsDocument &document, bool selectionOnly)
 {
     QStringList lines;
+    hostkit::FontCheck fonts;
     for (const ShapeItem *item :
          selectionOnly ? hostkit::selectedMarkedItems(document) : hostkit::markedItems(document)) {
-        const QString reason = hostkit::notReadyReason(*item);
+        const QString ownReason = hostkit::notReadyReason(*item);
+        const QString reason = ownReason.isEmpty() ? fonts.reasonFor(*item) : ownReason;
         if (!reason.isEmpty() && lines.size() < hostkit::kMostShapesNamed)
             lines << Exporter::tr("%1: %2").arg(hostkit::shapeName(*item), reason);
     }

@@ -131,9 +131,10 @@ bool JobExporter::failToWrite(const QString &path, const QString &reason, bool i
 }
 
 void JobExporter::askAboutNotReady(const JobExport &wanted, const JobSettings &settings, int part,
-                                   const QStringList &reasons)
+                                   const GatheredItems &gathered)
 {
     constexpr int kNamedAtMost = 10;
+    const QStringList reasons = gathered.notReady + gathered.withoutFonts;
     auto *box = new QMessageBox(
         QMessageBox::Warning, tr("Export the job"),
         tr("Part %1 cannot be made as asked for. No file was written.").arg(part + 1),
@@ -144,7 +145,10 @@ void JobExporter::askAboutNotReady(const JobExport &wanted, const JobSettings &s
     QStringList lines = reasons.mid(0, kNamedAtMost);
     if (reasons.size() > kNamedAtMost)
         lines << QStringLiteral("...");
-    lines << tr("Written as shown, they hold the last content that they could.");
+    if (!gathered.notReady.isEmpty())
+        lines << tr("Written as shown, they hold the last content that they could.");
+    if (!gathered.withoutFonts.isEmpty())
+        lines << tr("Written as shown, texts are in another font, or left out.");
     box->setInformativeText(lines.join(QLatin1Char('\n')));
     const QPushButton *goOn = box->addButton(tr("&Write them as shown"), QMessageBox::AcceptRole);
     box->setDefaultButton(QMessageBox::Cancel);
@@ -371,8 +375,9 @@ bool JobExporter::planPart(const JobExport &wanted, JobRequest request,
         return false;
     if (result == Gathering::NotWhole)
         return fail(wanted.path, tr("Not all shapes could be turned into marks."));
-    if (!gathered.notReady.isEmpty() && !wanted.isAsShown) {
-        askAboutNotReady(wanted, request.settings, plans->size(), gathered.notReady);
+    const bool isAsTold = gathered.notReady.isEmpty() && gathered.withoutFonts.isEmpty();
+    if (!isAsTold && !wanted.isAsShown) {
+        askAboutNotReady(wanted, request.settings, plans->size(), gathered);
         return false;
     }
     request.items = gathered.items;

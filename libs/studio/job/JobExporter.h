@@ -96,7 +96,7 @@ private:
     bool fail(const QString &path, const QString &why);
     bool failToWrite(const QString &path, const QString &reason, bool isFirst);
     void askAboutNotReady(const JobExport &wanted, const JobSettings &settings, int part,
-                          const QStringList &reasons);
+                          const GatheredItems &gathered);
 
     ZTGraphicsDocument &m_document;
     TextTools &m_texts;

@@ -2,6 +2,7 @@
 
 #include <hostkit/marks/MarkFindings.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
+#include <hostkit/items/FontCheck.h>
 #include <jobkit/marks/MarkGraphItems.h>
 
 #include <QtCore/QElapsedTimer>
@@ -47,6 +48,19 @@ jobkit::JobItem itemOf(const ZTMarkGraph &one, const hostkit::MarkUnits &units,
     return item;
 }
 
+/** Texts that are shown in another font than theirs, with why. */
+QStringList withoutTheirFonts(const hostkit::MarkItems &shapes)
+{
+    QStringList found;
+    hostkit::FontCheck fonts;
+    for (const ShapeItem *shape : shapes) {
+        const QString reason = fonts.reasonFor(*shape);
+        if (!reason.isEmpty())
+            found << QStringLiteral("%1: %2").arg(hostkit::shapeName(*shape), reason);
+    }
+    return found;
+}
+
 } // namespace
 
 bool operator==(const JobRequest &a, const JobRequest &b)
@@ -69,6 +83,7 @@ Gathering gatherItems(const ZTGraphicsDocument &document, GatheredItems *gathere
             return Gathering::Cancelled;
     }
     gathered->notReady = builder.findings().notReady;
+    gathered->withoutFonts = withoutTheirFonts(shapes);
     ZTMarkGraph graph = builder.takeUnordered();
     if (graph.objects.size() != kept.size())
         return Gathering::NotWhole;

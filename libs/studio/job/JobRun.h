@@ -44,7 +44,8 @@ struct GatheredItems
 {
     QVector<jobkit::JobItem> items;      ///< `object` of each is its index
     QVector<QPointer<ShapeItem>> shapes; ///< behind the items
-    QStringList notReady; ///< shapes that mark something else than asked for, with why
+    QStringList notReady;     ///< shapes that mark something else than asked for, with why
+    QStringList withoutFonts; ///< texts that are not in their fonts, with which
 };
 
 enum class Gathering : quint8 {

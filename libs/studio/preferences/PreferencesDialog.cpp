@@ -25,7 +25,6 @@ using namespace preferencerange;
 using Quantity = MeasureField::Quantity;
 
 constexpr double kFirstGridMm = 1.0;
-constexpr double kUsualToleranceMm = 0.005;
 
 /** Where the origin stands in the field: a share of its width and height. */
 struct Origin
@@ -246,7 +245,7 @@ void PreferencesDialog::showEdit(const PreferenceEdit &shown)
     showField(shown.drawing.fieldMm);
     const double toleranceMm = shown.drawing.curveToleranceMm;
     m_tolerant->setChecked(toleranceMm > 0.0);
-    m_tolerance->showValue(toleranceMm > 0.0 ? toleranceMm : kUsualToleranceMm);
+    m_tolerance->showValue(toleranceMm > 0.0 ? toleranceMm : ZTCurveTolerance::kUsualMm);
     choose(*m_exportDirection, int(shown.drawing.isExportYUp));
     m_forNew->setChecked(shown.isForNewDrawings);
     refresh();
@@ -340,7 +339,7 @@ PreferenceEdit PreferencesDialog::edited() const
     hatch.isEnableBorder = m_border->isChecked();
     edit.drawing.fieldMm = fieldMm();
     edit.drawing.curveToleranceMm =
-        m_tolerant->isChecked() ? valueOf(*m_tolerance, kUsualToleranceMm) : 0.0;
+        m_tolerant->isChecked() ? valueOf(*m_tolerance, ZTCurveTolerance::kUsualMm) : 0.0;
     edit.drawing.isExportYUp = chosenIn(*m_exportDirection) != 0;
     edit.isForNewDrawings = m_forNew->isChecked();
     return edit;

@@ -4009,6 +4009,10 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>第 %1 件不能按要求制作。没有写出文件。</translation>
     </message>
     <message>
+        <source>Written as shown, texts are in another font, or left out.</source>
+        <translation>若按所显示的写出，文字会使用其他字体或被略去。</translation>
+    </message>
+    <message>
         <source>Written as shown, they hold the last content that they could.</source>
         <translation>若按所显示的写出，它们保持最后一个可行的内容。</translation>
     </message>
