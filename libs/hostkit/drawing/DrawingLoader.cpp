@@ -3,9 +3,9 @@
 #include <hostkit/drawing/DrawingContent_p.h>
 #include <hostkit/drawing/ItemGroups.h>
 #include <hostkit/drawing/ShapeRecords_p.h>
+#include <hostkit/items/FontCheck.h>
 #include <hostkit/items/ShapeItems.h>
 #include <hostkit/items/StrokeFontHeights.h>
-#include <hostkit/items/FontCheck.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 

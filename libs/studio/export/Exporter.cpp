@@ -3,11 +3,11 @@
 #include <studio/export/PictureLookDialog.h>
 #include <studio/shapes/ShapeItems.h>
 
+#include <hostkit/items/FontCheck.h>
 #include <hostkit/items/MarkReadiness.h>
 #include <hostkit/marks/MarkFindings.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
 #include <hostkit/marks/MarkGraphWriter.h>
-#include <hostkit/items/FontCheck.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>

@@ -1,8 +1,8 @@
 #include <studio/job/JobRun.h>
 
+#include <hostkit/items/FontCheck.h>
 #include <hostkit/marks/MarkFindings.h>
 #include <hostkit/marks/MarkGraphBuilder.h>
-#include <hostkit/items/FontCheck.h>
 #include <jobkit/marks/MarkGraphItems.h>
 
 #include <QtCore/QElapsedTimer>
