@@ -2,8 +2,8 @@
 #include <support/SingletonGuard.h>
 #include <support/TinyFonts.h>
 
-#include <hostkit/setup/Factories.h>
 #include <hostkit/items/FontCheck.h>
+#include <hostkit/setup/Factories.h>
 
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
@@ -80,9 +80,9 @@ private Q_SLOTS:
     void otherShapes_missNothing()
     {
         hostkit::FontCheck check;
-        QCOMPARE(check.reasonFor(
-                     *document->itemMag()->addShape(ShapeType::Rect, QRectF(0, 0, 10, 10))),
-                 QString());
+        QCOMPARE(
+            check.reasonFor(*document->itemMag()->addShape(ShapeType::Rect, QRectF(0, 0, 10, 10))),
+            QString());
     }
 
 private:
