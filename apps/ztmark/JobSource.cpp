@@ -14,7 +14,6 @@
 #include <jobkit/marks/DrawingPens.h>
 #include <jobkit/marks/MarkGraphItems.h>
 
-#include <QtCore/QDateTime>
 #include <QtCore/QFileInfo>
 
 #include <algorithm>
@@ -23,10 +22,9 @@
 using hostkit::NextPart;
 using jobkit::JobHatch;
 using jobkit::JobItem;
+using jobkit::NumberLock;
 
 namespace {
-
-constexpr int kLockBegunS = 10; ///< by then whoever made a lock has put a name into it
 
 QVector<ZTAbstractGraphicsItem *> lowestFirst(const QVector<ZTAbstractGraphicsItem *> &items)
 {
@@ -154,34 +152,24 @@ bool JobSource::lock(const InputFiles &files)
         console::complain("-", tr("its numbers cannot be kept: give the drawing as a file"));
         return false;
     }
-    // Past links, so that a drawing has one lock whatever it is called.
-    const QString path = QFileInfo(QString::fromStdString(m_name)).canonicalFilePath();
+    const QString path = absolutePath(QString::fromStdString(m_name));
     if (!QFileInfo(path).isWritable()) {
         console::complain(m_name, tr("its numbers cannot be kept: the file is read-only"));
         return false;
     }
-    m_lock = std::make_unique<QLockFile>(path + QStringLiteral(".lock"));
-    m_lock->setStaleLockTime(0);
-    if (m_lock->tryLock() || lockAfterACrash(path + QStringLiteral(".lock")))
+    m_lock = std::make_unique<NumberLock>(path);
+    switch (m_lock->take()) {
+    case NumberLock::Result::Taken:
         return true;
-    console::complain(m_name, m_lock->error() == QLockFile::LockFailedError
-                                  ? tr("another job takes numbers of it, as \"%1.lock\" says: try "
-                                       "again afterwards")
-                                        .arg(QFileInfo(path).fileName())
-                                  : tr("its numbers cannot be kept: its folder is read-only"));
-    return false;
-}
-
-/** A power cut can leave a lock that does not say whose it is. Of a running job, it does. */
-bool JobSource::lockAfterACrash(const QString &path)
-{
-    qint64 pid = 0;
-    QString host;
-    QString program;
-    const bool isOld =
-        QFileInfo(path).lastModified().secsTo(QDateTime::currentDateTime()) > kLockBegunS;
-    return isOld && !m_lock->getLockInfo(&pid, &host, &program) && m_lock->removeStaleLockFile() &&
-           m_lock->tryLock();
+    case NumberLock::Result::Busy:
+        console::complain(m_name, tr("another job takes numbers of it, as \"%1\" says: try again "
+                                     "afterwards")
+                                      .arg(m_lock->fileName()));
+        return false;
+    default:
+        console::complain(m_name, tr("its numbers cannot be kept: its folder is read-only"));
+        return false;
+    }
 }
 
 bool JobSource::passInterrupted()

@@ -5,10 +5,10 @@
 #include "OpenedDrawing.h"
 
 #include <jobkit/marks/NumberJournal.h>
+#include <jobkit/marks/NumberLock.h>
 #include <jobkit/plan/JobPlan.h>
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QLockFile>
 #include <QtCore/QStringList>
 
 #include <memory>
@@ -98,7 +98,6 @@ public:
     QString nextVariants() const { return m_isUsedUp ? QString() : variants(); }
 
 private:
-    bool lockAfterACrash(const QString &path);
     bool openDrawing(const InputFiles &files, Progress &progress);
     bool openForeign(const InputFiles &files, ForeignFiles &foreign,
                      const hostkit::MarkJobOptions &layout, Progress &progress);
@@ -112,7 +111,7 @@ private:
     bool m_isForeign = false;
     bool m_isWhole = true;
     bool m_isUsedUp = false;
-    std::unique_ptr<QLockFile> m_lock;
+    std::unique_ptr<jobkit::NumberLock> m_lock;
     QByteArray m_stored;                            ///< how far the texts are in the drawing's file
     int m_passed = 0;                               ///< parts of an interrupted job
     std::optional<jobkit::NumberJournal> m_journal; ///< of it

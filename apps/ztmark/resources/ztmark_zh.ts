@@ -1453,8 +1453,8 @@ machine is, after a warning</source>
         <translation>无法保存它的编号：文件是只读的</translation>
     </message>
     <message>
-        <source>another job takes numbers of it, as &quot;%1.lock&quot; says: try again afterwards</source>
-        <translation>如“%1.lock”所示，另一个作业正在取用它的编号：请稍后再试</translation>
+        <source>another job takes numbers of it, as &quot;%1&quot; says: try again afterwards</source>
+        <translation>如“%1”所示，另一个作业正在取用它的编号：请稍后再试</translation>
     </message>
     <message>
         <source>its numbers cannot be kept: its folder is read-only</source>

@@ -186,8 +186,36 @@ bool JobExporter::write(const JobExport &wanted, const JobSettings &settings,
     if (!settings.readProfile(&request.machine, &error))
         return fail(wanted.path, error);
     m_texts.finishTyping();
+    return writeParts(wanted, request, shown);
+}
+
+/** One export at a time has the drawing's numbers, whatever program it is in. */
+bool JobExporter::takeLock(const QString &target, std::optional<jobkit::NumberLock> *lock)
+{
+    const QString path = m_drawingPath ? m_drawingPath() : QString();
+    if (!QFileInfo::exists(path))
+        return true;
+    lock->emplace(path);
+    // Where no file can be made, no numbers can be noted: this is told then.
+    if ((*lock)->take() == jobkit::NumberLock::Result::Busy)
+        return fail(target,
+                    tr("Another job takes numbers of the drawing, as \"%1\" says. Try again "
+                       "afterwards.")
+                        .arg((*lock)->fileName()));
+    if (m_isForeign && m_isForeign())
+        return fail(target,
+                    tr("\"%1\" was changed by another program since it was opened here: its "
+                       "numbers may be taken. Open it again.")
+                        .arg(QFileInfo(path).fileName()));
+    return true;
+}
+
+bool JobExporter::writeParts(const JobExport &wanted, const JobRequest &request,
+                             const std::shared_ptr<const Job> &shown)
+{
     const bool takesNumbers = !wanted.frame && hasNumbers();
-    if (takesNumbers && !passInterrupted(wanted.path))
+    std::optional<jobkit::NumberLock> lock;
+    if (takesNumbers && !(takeLock(wanted.path, &lock) && passInterrupted(wanted.path)))
         return false;
     if (!wanted.frame && !goPastMarkedParts(wanted.path))
         return false;
@@ -222,6 +250,15 @@ bool JobExporter::passInterrupted(const QString &target)
     const QByteArray progress = jobkit::partProgress(shapeItemsOf(*m_document.scene()));
     if (!m_before || m_before->after == progress)
         return true;
+    if (m_own && m_own->after == progress && m_own->before == m_before->before &&
+        m_before->parts > m_own->parts) {
+        goOn(m_before->parts - m_own->parts);
+        m_messages.warning(
+            {tr("Numbers were taken before."),
+             tr("Another window took numbers up to %1. They are passed over.").arg(m_before->last),
+             {}});
+        return true;
+    }
     const QString numbers = m_before->parts == 1
                                 ? m_before->first
                                 : tr("%1 to %2").arg(m_before->first, m_before->last);
@@ -276,6 +313,8 @@ void JobExporter::noteWritten(bool isWritten)
     if (journal && isWritten)
         journal->after = jobkit::partProgress(shapeItemsOf(*m_document.scene()));
     hostkit::Failure ignored; // what was noted before the export holds then
+    if (isWritten)
+        m_own = journal;
     if (journal)
         jobkit::writeJournal(path, *journal, &ignored);
     else
@@ -284,6 +323,7 @@ void JobExporter::noteWritten(bool isWritten)
 
 void JobExporter::noteSaved(const QString &path)
 {
+    m_own.reset();
     if (!path.isEmpty() && path == (m_drawingPath ? m_drawingPath() : QString()))
         jobkit::removeJournal(path);
 }

@@ -3,6 +3,7 @@
 #include <studio/job/JobRun.h>
 
 #include <jobkit/marks/NumberJournal.h>
+#include <jobkit/marks/NumberLock.h>
 #include <jobkit/plan/JobFrame.h>
 
 #include <QtCore/QObject>
@@ -54,6 +55,9 @@ public:
      */
     void setDrawingPath(const std::function<QString()> &path) { m_drawingPath = path; }
 
+    /** Whether another program wrote that file since: then its numbers may be taken. */
+    void setDrawingForeign(const std::function<bool()> &isForeign) { m_isForeign = isForeign; }
+
     /** The file holds the numbers as they are. */
     void noteSaved(const QString &path);
 
@@ -80,6 +84,9 @@ Q_SIGNALS:
 private:
     class Numbers;
 
+    bool writeParts(const JobExport &wanted, const JobRequest &request,
+                    const std::shared_ptr<const Job> &shown);
+    bool takeLock(const QString &target, std::optional<jobkit::NumberLock> *lock);
     bool goPastMarkedParts(const QString &path);
     bool passInterrupted(const QString &target);
     bool noteTaken(const JobExport &wanted);
@@ -103,8 +110,10 @@ private:
     Messages &m_messages;
     QWidget &m_window;
     std::function<QString()> m_drawingPath;
+    std::function<bool()> m_isForeign;
     std::weak_ptr<const Job> m_shown;              ///< of the present export
     std::optional<jobkit::NumberJournal> m_before; ///< the journal before the present export
+    std::optional<jobkit::NumberJournal> m_own;    ///< as it was left here, until a save
 };
 
 } // namespace studio

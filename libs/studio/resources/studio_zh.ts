@@ -3945,6 +3945,18 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
 <context>
     <name>studio::JobExporter</name>
     <message>
+        <source>Another job takes numbers of the drawing, as &quot;%1&quot; says. Try again afterwards.</source>
+        <translation>如“%1”所示，另一个作业正在取用图纸的编号。请稍后再试。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was changed by another program since it was opened here: its numbers may be taken. Open it again.</source>
+        <translation>“%1”在此打开后被其他程序更改：其编号可能已被取用。请重新打开。</translation>
+    </message>
+    <message>
+        <source>Another window took numbers up to %1. They are passed over.</source>
+        <translation>另一个窗口已取用到 %1 的编号，这些编号将被跳过。</translation>
+    </message>
+    <message>
         <source>&quot;%1&quot; was not written.</source>
         <translation>未写出“%1”。</translation>
     </message>

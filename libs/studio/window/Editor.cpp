@@ -111,6 +111,7 @@ void Editor::joinTools()
     connect(m_files.get(), &DrawingFiles::emptied, m_guides.get(), &GuideTools::follow);
     connect(m_text.get(), &TextTools::partChanged, session, &DrawingSession::markChanged);
     m_job->exporter().setDrawingPath([session] { return session->path(); });
+    m_job->exporter().setDrawingForeign([session] { return session->isFileForeign(); });
     connect(m_files.get(), &DrawingFiles::saved, &m_job->exporter(), &JobExporter::noteSaved);
 }
 

@@ -1,0 +1,45 @@
+#include <jobkit/marks/NumberLock.h>
+
+#include <QtCore/QDateTime>
+#include <QtCore/QFileInfo>
+
+namespace jobkit {
+
+namespace {
+
+constexpr int kLockBegunS = 10; ///< by then whoever made a lock has put a name into it
+
+QString lockPath(const QString &drawingPath)
+{
+    return QFileInfo(drawingPath).canonicalFilePath() + QStringLiteral(".lock");
+}
+
+} // namespace
+
+NumberLock::NumberLock(const QString &drawingPath) : m_path(lockPath(drawingPath)), m_file(m_path)
+{
+    m_file.setStaleLockTime(0);
+}
+
+NumberLock::Result NumberLock::take()
+{
+    if (m_file.tryLock() || takeAfterACrash())
+        return Result::Taken;
+    return m_file.error() == QLockFile::LockFailedError ? Result::Busy : Result::Impossible;
+}
+
+QString NumberLock::fileName() const { return QFileInfo(m_path).fileName(); }
+
+/** A power cut can leave a lock that does not say whose it is. Of a running program, it does. */
+bool NumberLock::takeAfterACrash()
+{
+    qint64 pid = 0;
+    QString host;
+    QString program;
+    const bool isOld =
+        QFileInfo(m_path).lastModified().secsTo(QDateTime::currentDateTime()) > kLockBegunS;
+    return isOld && !m_file.getLockInfo(&pid, &host, &program) && m_file.removeStaleLockFile() &&
+           m_file.tryLock();
+}
+
+} // namespace jobkit

@@ -1,0 +1,133 @@
+#include "TextWindow.h"
+
+#include <cli/ZtmarkProcess.h>
+
+#include <studio/drawing/DrawingFiles.h>
+#include <studio/job/JobExporter.h>
+#include <studio/job/JobTools.h>
+
+#include <jobkit/marks/NumberJournal.h>
+#include <jobkit/marks/NumberLock.h>
+
+#include <memory>
+
+using studio::JobExport;
+
+/** A drawing that is open here, and whose numbers others take as well. */
+class tst_studio_sharedNumbers : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        QStandardPaths::setTestModeEnabled(true);
+        studio = std::make_unique<TextWindow>();
+        studio->addRect(0, 0);
+        ZTGraphicsTextItem *item = studio->addText(QStringLiteral("SN"));
+        ZTCounterSegment counter;
+        counter.width = 3;
+        item->setEnableVariantText(true);
+        QVERIFY(item->getVariantText()->setSegments(
+            {ZTFixedTextSegment{QStringLiteral("SN")}, counter}));
+        studio->run("text.nextPart");
+        drawing = studio->path("serial.ztd");
+        QVERIFY(studio->window->editor().files().saveTo(drawing));
+        QCOMPARE(shown(), QStringLiteral("SN001"));
+    }
+    void cleanup() { studio.reset(); }
+
+    void numbersThatTheCommandLineTook_areNotGivenAgain()
+    {
+        const ZtmarkRun run = runZtmark(
+            {QStringLiteral("job"), drawing, QStringLiteral("--outside"), QStringLiteral("--parts"),
+             QStringLiteral("5"), QStringLiteral("-o"), studio->path("by-hand.nc")},
+            studio->path(""));
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY(!exporter().write(job("a.nc"), settings()));
+        QVERIFY(!QFile::exists(studio->path("a.nc")));
+        QCOMPARE(studio->messages->failures.size(), 1);
+        QCOMPARE(studio->messages->failures.takeFirst().why,
+                 QStringLiteral("\"serial.ztd\" was changed by another program since it was opened "
+                                "here: its numbers may be taken. Open it again."));
+        QCOMPARE(shown(), QStringLiteral("SN001"));
+        studio->window->editor().files().open(drawing);
+        QTRY_COMPARE(shown(), QStringLiteral("SN006"));
+        QVERIFY(exporter().write(job("a.nc"), settings()));
+        QCOMPARE(jobkit::readJournal(drawing)->first, QStringLiteral("SN006"));
+    }
+
+    void numbersThatAreBeingTaken_areWaitedFor()
+    {
+        auto other = std::make_unique<jobkit::NumberLock>(drawing);
+        QCOMPARE(other->take(), jobkit::NumberLock::Result::Taken);
+        QVERIFY(!exporter().write(job("a.nc"), settings()));
+        QVERIFY(!QFile::exists(studio->path("a.nc")));
+        QCOMPARE(studio->messages->failures.takeFirst().why,
+                 QStringLiteral("Another job takes numbers of the drawing, as \"serial.ztd.lock\" "
+                                "says. Try again afterwards."));
+        other.reset();
+        QVERIFY(exporter().write(job("a.nc"), settings()));
+        QVERIFY(!QFile::exists(drawing + QStringLiteral(".lock")));
+    }
+
+    // Two windows with one drawing, neither of which saves it.
+    void numbersThatAnotherWindowTook_arePassedOver()
+    {
+        QVERIFY(exporter().write(job("a.nc", 3), settings()));
+        auto note = jobkit::readJournal(drawing);
+        QVERIFY(note.has_value());
+        note->parts = 5; // the other one passed three over, and took two
+        note->last = QStringLiteral("SN005");
+        note->after = "whatever it is then";
+        QVERIFY(jobkit::writeJournal(drawing, *note, nullptr));
+        QVERIFY(exporter().write(job("b.nc"), settings()));
+        QCOMPARE(studio->messages->warnings.size(), 1);
+        QCOMPARE(studio->messages->warnings.first().why,
+                 QStringLiteral("Another window took numbers up to SN005. They are passed over."));
+        note = jobkit::readJournal(drawing);
+        QCOMPARE(note->parts, 6);
+        QCOMPARE(note->first, QStringLiteral("SN001"));
+        QCOMPARE(note->last, QStringLiteral("SN006"));
+        QCOMPARE(shown(), QStringLiteral("SN007"));
+    }
+
+    void frame_isWrittenWhateverOthersDo()
+    {
+        jobkit::NumberLock other(drawing);
+        QCOMPARE(other.take(), jobkit::NumberLock::Result::Taken);
+        QVERIFY(
+            exporter().write({studio->path("f.nc"), 1, false, jobkit::FrameKind::Box}, settings()));
+    }
+
+private:
+    studio::JobExporter &exporter() { return studio->window->editor().job().exporter(); }
+
+    JobExport job(const char *name, int parts = 1) const
+    {
+        return {studio->path(name), parts, true, {}};
+    }
+
+    static studio::JobSettings settings()
+    {
+        studio::JobSettings settings;
+        settings.profile = QStringLiteral("galvo-fiber");
+        return settings;
+    }
+
+    /** What the only text shows. */
+    QString shown()
+    {
+        for (QGraphicsItem *candidate : studio->scene().items()) {
+            if (auto *item = dynamic_cast<ZTGraphicsTextItem *>(candidate))
+                return item->text();
+        }
+        return {};
+    }
+
+    std::unique_ptr<TextWindow> studio;
+    QString drawing; ///< its file
+};
+
+QTEST_MAIN(tst_studio_sharedNumbers)
+#include "tst_studio_sharedNumbers.moc"
