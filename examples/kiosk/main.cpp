@@ -14,6 +14,8 @@
 #include <hostkit/setup/Factories.h>
 #include <hostkit/text/FontPlaces.h>
 #include <jobkit/items/HatchedItems.h>
+#include <jobkit/marks/NumberJournal.h>
+#include <jobkit/marks/NumberLock.h>
 
 #include <QtCore/QTextStream>
 #include <QtWidgets/QApplication>
@@ -33,26 +35,34 @@ void burn(const hostkit::DrawingMarks &marks, const QStringList &texts)
 class Kiosk
 {
 public:
-    explicit Kiosk(const QString &drawingPath) : m_path(drawingPath) {}
+    explicit Kiosk(const QString &drawingPath) : m_path(drawingPath), m_lock(drawingPath) {}
 
     ZTGraphicsDocument &document() { return m_document; }
 
     bool open(hostkit::Failure *failure)
     {
+        // For as long as the kiosk runs, no other program takes numbers of the drawing.
+        if (m_lock.take() == jobkit::NumberLock::Result::Busy)
+            return refuse(QStringLiteral("another program takes its numbers"), failure);
+        if (jobkit::readJournal(m_path, failure))
+            return refuse(QStringLiteral("a job took numbers that the drawing does not know of: "
+                                         "see to its file .numbers"),
+                          failure);
+        if (failure->kind != hostkit::Failure::Kind::None) // a journal that nobody can read
+            return false;
         hostkit::DrawingFile drawing;
         hostkit::DrawingReport report;
         if (!hostkit::readDrawing(m_path, &drawing, failure) ||
             !hostkit::applyDrawing(drawing, m_document, {}, &report, failure))
             return false;
         if (!report.missingFonts.isEmpty()) // its texts would be marked otherwise, or not at all
-            return hostkit::fail(failure, hostkit::Failure::Kind::NotPossible,
-                                 QStringLiteral("these fonts are missing: ") +
-                                     report.missingFonts.join(QStringLiteral(", ")));
+            return refuse(QStringLiteral("these fonts are missing: ") +
+                              report.missingFonts.join(QStringLiteral(", ")),
+                          failure);
         if (!report.unknownKinds.isEmpty()) // kept, and not marked
-            return hostkit::fail(
-                failure, hostkit::Failure::Kind::NotPossible,
-                QStringLiteral("these kinds of shapes cannot be marked here: ") +
-                    QStringList(report.unknownKinds.keys()).join(QStringLiteral(", ")));
+            return refuse(QStringLiteral("these kinds of shapes cannot be marked here: ") +
+                              QStringList(report.unknownKinds.keys()).join(QStringLiteral(", ")),
+                          failure);
         hostkit::NextPart::again(hostkit::shapeItemsOf(m_document)); // with the date of today
         return true;
     }
@@ -65,18 +75,21 @@ public:
         bool isLast = false;
         for (ZTAbstractGraphicsItem *item : items) {
             if (hostkit::isUsedUp(*item))
-                return hostkit::fail(failure, hostkit::Failure::Kind::NotPossible,
-                                     QStringLiteral("the serial numbers are used up"));
+                return refuse(QStringLiteral("the serial numbers are used up"), failure);
             if (const ZTVariantText *text = hostkit::variantTextOf(*item))
                 texts << text->getText();
             isLast = isLast || hostkit::isAtLastPart(*item);
         }
         const hostkit::DrawingMarks marks = hostkit::drawingMarks(m_document);
+        if (!marks.findings.notReady.isEmpty()) // a code that cannot hold its content
+            return refuse(hostkit::describeNotReady(marks.findings), failure);
         if (isLast) {
             for (ZTAbstractGraphicsItem *item : items)
                 hostkit::setLastPartMarked(*item, hostkit::variantTextOf(*item) != nullptr);
         } else {
-            hostkit::NextPart::make(items);
+            const QStringList errors = hostkit::NextPart::make(items).errors;
+            if (!errors.isEmpty()) // a list that cannot be read
+                return refuse(errors.join(QStringLiteral(", ")), failure);
         }
         if (!hostkit::saveDrawing(m_document, {}, m_path, failure))
             return false; // nothing is marked with a number that may come again
@@ -85,7 +98,13 @@ public:
     }
 
 private:
+    static bool refuse(const QString &why, hostkit::Failure *failure)
+    {
+        return hostkit::fail(failure, hostkit::Failure::Kind::NotPossible, why);
+    }
+
     QString m_path;
+    jobkit::NumberLock m_lock;
     ZTGraphicsDocument m_document;
 };
 

@@ -71,6 +71,37 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(drawing + QStringLiteral(".lock")));
     }
 
+    // Somebody opens the drawing, changes a thing and saves it: the files of the job are still
+    // there.
+    void numbersOfAKilledJob_stayNotedWhenTheDrawingIsSaved()
+    {
+        jobkit::NumberJournal killed;
+        killed.before = jobkit::partProgress(studio::shapeItemsOf(*studio->document().scene()));
+        killed.parts = 5;
+        killed.first = QStringLiteral("SN001");
+        killed.last = QStringLiteral("SN005");
+        QVERIFY(jobkit::writeJournal(drawing, killed, nullptr));
+        studio->addRect(0, 0);
+        QVERIFY(studio->window->editor().files().saveTo(drawing));
+        QVERIFY(jobkit::readJournal(drawing).has_value());
+        QVERIFY(exporter().write(job("a.nc"), settings()));
+        QCOMPARE(jobkit::readJournal(drawing)->last, QStringLiteral("SN006"));
+        QVERIFY(studio->window->editor().files().saveTo(drawing));
+        QVERIFY(!jobkit::readJournal(drawing).has_value());
+        QCOMPARE(shown(), QStringLiteral("SN007"));
+    }
+
+    void numbersGivenByHandAfterAnExport_areSettledByASave()
+    {
+        QVERIFY(exporter().write(job("a.nc", 3), settings()));
+        auto segments = text()->getVariantText()->getSegments();
+        std::get<ZTCounterSegment>(segments[1]).updates = 100;
+        QVERIFY(text()->getVariantText()->setSegments(segments));
+        studio->run("text.nextPart");
+        QVERIFY(studio->window->editor().files().saveTo(drawing));
+        QVERIFY(!jobkit::readJournal(drawing).has_value());
+    }
+
     // Two windows with one drawing, neither of which saves it.
     void numbersThatAnotherWindowTook_arePassedOver()
     {
@@ -115,15 +146,18 @@ private:
         return settings;
     }
 
-    /** What the only text shows. */
-    QString shown()
+    /** The only text. */
+    ZTGraphicsTextItem *text()
     {
         for (QGraphicsItem *candidate : studio->scene().items()) {
             if (auto *item = dynamic_cast<ZTGraphicsTextItem *>(candidate))
-                return item->text();
+                return item;
         }
-        return {};
+        return nullptr;
     }
+
+    /** What it shows. */
+    QString shown() { return text() != nullptr ? text()->text() : QString(); }
 
     std::unique_ptr<TextWindow> studio;
     QString drawing; ///< its file

@@ -321,11 +321,16 @@ void JobExporter::noteWritten(bool isWritten)
         jobkit::removeJournal(path);
 }
 
+/** What another job took and the drawing does not know of stays noted, saved or not. */
 void JobExporter::noteSaved(const QString &path)
 {
-    m_own.reset();
-    if (!path.isEmpty() && path == (m_drawingPath ? m_drawingPath() : QString()))
+    if (path.isEmpty() || path != (m_drawingPath ? m_drawingPath() : QString()))
+        return;
+    const std::optional<jobkit::NumberJournal> note = jobkit::readJournal(path);
+    const bool isOwn = note && m_own && note->after == m_own->after && note->parts == m_own->parts;
+    if (isOwn || (note && note->after == jobkit::partProgress(shapeItemsOf(*m_document.scene()))))
         jobkit::removeJournal(path);
+    m_own.reset();
 }
 
 /**

@@ -58,7 +58,7 @@ public:
     /** Whether another program wrote that file since: then its numbers may be taken. */
     void setDrawingForeign(const std::function<bool()> &isForeign) { m_isForeign = isForeign; }
 
-    /** The file holds the numbers as they are. */
+    /** The file holds the numbers as they are: what was noted of exports from here is settled. */
     void noteSaved(const QString &path);
 
     /** Files that an export writes: one, or one a part with its number before the extension. */
