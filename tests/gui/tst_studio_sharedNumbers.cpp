@@ -9,6 +9,8 @@
 #include <jobkit/marks/NumberJournal.h>
 #include <jobkit/marks/NumberLock.h>
 
+#include <QtWidgets/QMessageBox>
+
 #include <memory>
 
 using studio::JobExport;
@@ -55,6 +57,22 @@ private Q_SLOTS:
         QTRY_COMPARE(shown(), QStringLiteral("SN006"));
         QVERIFY(exporter().write(job("a.nc"), settings()));
         QCOMPARE(jobkit::readJournal(drawing)->first, QStringLiteral("SN006"));
+    }
+
+    void overwritingADrawingWithNumbers_warnsOfThem()
+    {
+        QFile file(drawing);
+        QVERIFY(file.open(QIODevice::Append));
+        file.write(" ");
+        file.close();
+        studio->addRect(0, 0);
+        studio->window->editor().files().save();
+        auto *asked = studio->window->findChild<QMessageBox *>(QStringLiteral("overwriteQuestion"));
+        QVERIFY(asked != nullptr);
+        QVERIFY2(asked->informativeText().endsWith(
+                     QStringLiteral("Numbers that jobs took of it meanwhile would come again.")),
+                 qPrintable(asked->informativeText()));
+        asked->reject();
     }
 
     void numbersThatAreBeingTaken_areWaitedFor()

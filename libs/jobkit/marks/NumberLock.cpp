@@ -11,7 +11,8 @@ constexpr int kLockBegunS = 10; ///< by then whoever made a lock has put a name 
 
 QString lockPath(const QString &drawingPath)
 {
-    return QFileInfo(drawingPath).canonicalFilePath() + QStringLiteral(".lock");
+    const QString path = QFileInfo(drawingPath).canonicalFilePath();
+    return (path.isEmpty() ? drawingPath : path) + QStringLiteral(".lock");
 }
 
 } // namespace

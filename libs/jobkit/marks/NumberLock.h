@@ -20,7 +20,6 @@ public:
         Impossible ///< no file can be made there
     };
 
-    /** The drawing's file is there. */
     explicit NumberLock(const QString &drawingPath);
 
     /** Takes it without waiting. */

@@ -4,6 +4,9 @@
 #include <studio/drawing/RecentDrawings.h>
 #include <studio/drawing/RecoveryStore.h>
 
+#include <hostkit/items/LastPart.h>
+#include <hostkit/items/ShapeItems.h>
+
 #include <ZTDrawEngineLib/ZTDrawEngineLib.h>
 
 #include <QtCore/QDir>
@@ -15,6 +18,7 @@
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 
+#include <algorithm>
 #include <memory>
 
 namespace studio {
@@ -303,11 +307,22 @@ void DrawingFiles::saveAndGoOn(const QString &path, const Next &next)
         next();
 }
 
+bool DrawingFiles::hasNumbers() const
+{
+    const QVector<ZTAbstractGraphicsItem *> items = hostkit::shapeItemsOf(m_document);
+    return std::any_of(items.begin(), items.end(), [](const ZTAbstractGraphicsItem *item) {
+        return hostkit::variantTextOf(*item) != nullptr;
+    });
+}
+
 void DrawingFiles::askToOverwrite(const Next &next)
 {
-    QMessageBox *box = question(
-        "overwriteQuestion", tr("\"%1\" was changed by another program.").arg(m_drawing.name()),
-        tr("Overwriting it loses those changes. Saving under another name keeps both."));
+    QString why = tr("Overwriting it loses those changes. Saving under another name keeps both.");
+    if (hasNumbers())
+        why += QLatin1Char('\n') + tr("Numbers that jobs took of it meanwhile would come again.");
+    QMessageBox *box =
+        question("overwriteQuestion",
+                 tr("\"%1\" was changed by another program.").arg(m_drawing.name()), why);
     box->setIcon(QMessageBox::Warning);
     const QPushButton *overwriting = box->addButton(tr("&Overwrite"), QMessageBox::DestructiveRole);
     QPushButton *renaming = box->addButton(tr("Save &as..."), QMessageBox::AcceptRole);

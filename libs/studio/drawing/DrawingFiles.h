@@ -90,6 +90,7 @@ private:
     void empty();
     void saveThen(const Next &next);
     void saveAsThen(const Next &next);
+    bool hasNumbers() const;
     void askToOverwrite(const Next &next);
     void saveUnder(const QString &chosen, const Next &next);
     void saveAndGoOn(const QString &path, const Next &next);

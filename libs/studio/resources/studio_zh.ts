@@ -1143,6 +1143,10 @@
         <translation>否则更改将会丢失。</translation>
     </message>
     <message>
+        <source>Numbers that jobs took of it meanwhile would come again.</source>
+        <translation>期间作业取用的编号会再次出现。</translation>
+    </message>
+    <message>
         <source>Overwriting it loses those changes. Saving under another name keeps both.</source>
         <translation>覆盖会丢失那些更改。以其他名称保存可保留两者。</translation>
     </message>

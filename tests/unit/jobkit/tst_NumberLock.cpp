@@ -58,6 +58,13 @@ private Q_SLOTS:
         QCOMPARE(lock.take(), Result::Taken);
     }
 
+    void drawingThatIsNotThere_isLockedInItsPlace()
+    {
+        NumberLock lock(path("none.ztd"));
+        QCOMPARE(lock.take(), Result::Taken);
+        QVERIFY(QFile::exists(path("none.ztd.lock")));
+    }
+
     void folderThatTakesNoFile_isTold()
     {
         NumberLock lock(QStringLiteral("/proc/self/status"));
