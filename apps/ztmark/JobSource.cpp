@@ -14,10 +14,12 @@
 #include <jobkit/marks/DrawingPens.h>
 #include <jobkit/marks/MarkGraphItems.h>
 
+#include <QtCore/QDateTime>
 #include <QtCore/QFileInfo>
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 using hostkit::NextPart;
 using jobkit::JobHatch;
@@ -29,6 +31,13 @@ namespace {
 QVector<ZTAbstractGraphicsItem *> lowestFirst(const QVector<ZTAbstractGraphicsItem *> &items)
 {
     return {items.rbegin(), items.rend()};
+}
+
+/** What a file looks like, to notice that another program wrote it. */
+std::pair<qint64, QDateTime> stampOf(const std::string &name)
+{
+    const QFileInfo info(absolutePath(QString::fromStdString(name)));
+    return {info.size(), info.lastModified()};
 }
 
 bool anyOf(const QVector<ZTAbstractGraphicsItem *> &items,
@@ -44,6 +53,7 @@ bool JobSource::open(const InputFiles &files, ForeignFiles &foreign,
                      const hostkit::MarkJobOptions &layout, Progress &progress)
 {
     m_name = files.names.front();
+    m_readAt = stampOf(m_name);
     return files.isDrawing() ? openDrawing(files, progress)
                              : openForeign(files, foreign, layout, progress);
 }
@@ -160,7 +170,11 @@ bool JobSource::lock(const InputFiles &files)
     m_lock = std::make_unique<NumberLock>(path);
     switch (m_lock->take()) {
     case NumberLock::Result::Taken:
-        return true;
+        // Another job may have saved it after it was read, and been done before the lock was asked.
+        if (stampOf(m_name) == m_readAt)
+            return true;
+        console::complain(m_name, tr("another job took numbers of it meanwhile: try again"));
+        return false;
     case NumberLock::Result::Busy:
         console::complain(m_name, tr("another job takes numbers of it, as \"%1\" says: try again "
                                      "afterwards")

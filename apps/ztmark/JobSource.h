@@ -9,10 +9,12 @@
 #include <jobkit/plan/JobPlan.h>
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QDateTime>
 #include <QtCore/QStringList>
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 class Progress;
 
@@ -111,6 +113,7 @@ private:
     bool m_isForeign = false;
     bool m_isWhole = true;
     bool m_isUsedUp = false;
+    std::pair<qint64, QDateTime> m_readAt; ///< size and time of the file before it was read
     std::unique_ptr<jobkit::NumberLock> m_lock;
     QByteArray m_stored;                            ///< how far the texts are in the drawing's file
     int m_passed = 0;                               ///< parts of an interrupted job

@@ -21,6 +21,7 @@
 
 #include <cmath>
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -389,6 +390,31 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(path("a.nc")));
     }
 
+    // One reads the drawing while the other one saves it: five of twelve rounds gave a number
+    // twice.
+    void serialNumbers_ofJobsAtOnce_comeOnce()
+    {
+        constexpr int kRounds = 8;
+        constexpr int kJobs = 6;
+        makeDrawing(1000);
+        QStringList parts;
+        for (int round = 0; round < kRounds; ++round) {
+            std::vector<std::unique_ptr<QProcess>> jobs;
+            for (int i = 0; i < kJobs; ++i)
+                jobs.push_back(started(QStringLiteral("job-%1-%2.nc").arg(round).arg(i)));
+            for (const auto &process : jobs) {
+                QVERIFY(process->waitForFinished());
+                const QByteArray told = process->readAllStandardOutput();
+                if (process->exitCode() == 0)
+                    parts << QString::fromUtf8(told.left(told.indexOf('\n')));
+            }
+        }
+        QVERIFY(parts.size() >= kRounds); // of each, one at least has the lock
+        QCOMPARE(parts.removeDuplicates(), 0);
+        QCOMPARE(textOf("serial.ztd"),
+                 QStringLiteral("SN-%1").arg(parts.size() + 1, 4, 10, QLatin1Char('0')));
+    }
+
     // As a power cut leaves it.
     void lockThatNamesNobody_isPassedOver_whenItIsOld()
     {
@@ -747,6 +773,17 @@ private:
         QVERIFY(process.waitForFinished());
         QCOMPARE(process.exitStatus(), QProcess::CrashExit);
         QVERIFY2(!QFile::exists(last), "the job was faster than its end");
+    }
+
+    /** A job of serial.ztd that runs. */
+    std::unique_ptr<QProcess> started(const QString &output) const
+    {
+        auto process = std::make_unique<QProcess>();
+        process->setWorkingDirectory(m_folder->path());
+        process->start(QStringLiteral(ZT_ZTMARK),
+                       {QStringLiteral("job"), QStringLiteral("serial.ztd"), QStringLiteral("-o"),
+                        output, QStringLiteral("--optimize"), QStringLiteral("none")});
+        return process;
     }
 
     void put(const char *name, const QByteArray &content)

@@ -1453,6 +1453,10 @@ machine is, after a warning</source>
         <translation>无法保存它的编号：文件是只读的</translation>
     </message>
     <message>
+        <source>another job took numbers of it meanwhile: try again</source>
+        <translation>另一个作业刚刚取用了它的编号：请再试一次</translation>
+    </message>
+    <message>
         <source>another job takes numbers of it, as &quot;%1&quot; says: try again afterwards</source>
         <translation>如“%1”所示，另一个作业正在取用它的编号：请稍后再试</translation>
     </message>
