@@ -9,6 +9,7 @@
 #include <jobkit/marks/NumberJournal.h>
 #include <jobkit/marks/NumberLock.h>
 
+#include <QtCore/QDir>
 #include <QtWidgets/QMessageBox>
 
 #include <memory>
@@ -117,6 +118,21 @@ private Q_SLOTS:
         QVERIFY(text()->getVariantText()->setSegments(segments));
         studio->run("text.nextPart");
         QVERIFY(studio->window->editor().files().saveTo(drawing));
+        QVERIFY(!jobkit::readJournal(drawing).has_value());
+    }
+
+    // Its number comes again: a machine that ran what there is would mark it twice.
+    void jobThatIsNotWhole_leavesNoFile()
+    {
+        QVERIFY(QDir(studio->path(".")).mkdir(QStringLiteral("p-0002.json")));
+        QVERIFY(!exporter().write({studio->path("p.json"), 3, false, {}}, settings()));
+        QVERIFY(!QFile::exists(studio->path("p-0001.json")));
+        QVERIFY(!QFile::exists(studio->path("p-0003.json")));
+        QCOMPARE(shown(), QStringLiteral("SN001"));
+        const QString why = studio->messages->failures.takeFirst().why;
+        QVERIFY2(why.endsWith(QStringLiteral(
+                     "The files before it were taken back, and no number is used up.")),
+                 qPrintable(why));
         QVERIFY(!jobkit::readJournal(drawing).has_value());
     }
 

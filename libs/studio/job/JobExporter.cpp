@@ -13,6 +13,7 @@
 #include <jobkit/writers/JobWriter.h>
 
 #include <QtCore/QDir>
+#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QIODevice>
 #include <QtWidgets/QMessageBox>
@@ -118,15 +119,23 @@ bool JobExporter::fail(const QString &path, const QString &why)
     return false;
 }
 
-/** What the folder, the disk or a file that is there stands against. */
-bool JobExporter::failToWrite(const QString &path, const QString &reason, bool isFirst)
+/**
+ * What the folder, the disk or a file that is there stands against. No file of a job that is not
+ * whole is left for a machine: its numbers come again.
+ */
+bool JobExporter::failToWrite(const QString &path, const QString &reason,
+                              const QStringList &written)
 {
     const QFileInfo file(path);
     QStringList why{
         tr("Folder: %1").arg(QDir::toNativeSeparators(file.absoluteDir().absolutePath())),
         tr("Reason: %1.").arg(reason)};
-    if (!isFirst)
-        why << tr("The files before it were written; the numbers were not used up.");
+    if (!written.isEmpty())
+        why << tr("The files before it were taken back, and no number is used up.");
+    for (const QString &before : written) {
+        if (!QFile::remove(before))
+            why << tr("%1 could not be taken back: it must not be run.").arg(before);
+    }
     return fail(path, why.join(QLatin1Char('\n')));
 }
 
@@ -469,7 +478,7 @@ bool JobExporter::writeFiles(const JobExport &wanted, const JobRequest &request,
             return jobkit::writeJob(form, file, device);
         };
         if (!hostkit::saveWhole(files[i], write, &failure))
-            return failToWrite(files[i], failure.reason, i == 0);
+            return failToWrite(files[i], failure.reason, files.mid(0, i));
     }
     return true;
 }

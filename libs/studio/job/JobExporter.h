@@ -101,7 +101,7 @@ private:
     bool writeFiles(const JobExport &wanted, const JobRequest &request,
                     const QVector<jobkit::JobPlan> &plans);
     bool fail(const QString &path, const QString &why);
-    bool failToWrite(const QString &path, const QString &reason, bool isFirst);
+    bool failToWrite(const QString &path, const QString &reason, const QStringList &written);
     void askAboutNotReady(const JobExport &wanted, const JobSettings &settings, int part,
                           const GatheredItems &gathered);
 

@@ -3989,8 +3989,12 @@ Ctrl 加滚轮缩放，空格加鼠标平移视图</translation>
         <translation>原因：%1。</translation>
     </message>
     <message>
-        <source>The files before it were written; the numbers were not used up.</source>
-        <translation>之前的文件已写出；编号未被消耗。</translation>
+        <source>%1 could not be taken back: it must not be run.</source>
+        <translation>无法收回 %1：不得运行它。</translation>
+    </message>
+    <message>
+        <source>The files before it were taken back, and no number is used up.</source>
+        <translation>此前写出的文件已收回，编号未用掉。</translation>
     </message>
     <message>
         <source>The name has to end in one of %1.</source>
