@@ -227,13 +227,17 @@ int JobCommand::run()
     if (m_files.isDrawing())
         checkDrawing(); // what standard input holds is known only now
     JobSource source;
+    if (!m_outputs.empty() && !m_frame)
+        source.lockBeforehand(m_files, progress);
     if (!source.open(m_files, m_foreign, m_job.options, progress) ||
         !canWriteAll({{}, source.textFiles()}))
         return console::Failed;
     m_isYUp = source.isYUp();
     if (m_pensFile.empty())
         m_pens = source.pens();
-    if (takesNumbers(source) && !(source.lock(m_files) && source.passInterrupted()))
+    if (!takesNumbers(source))
+        source.unlock();
+    else if (!source.isLocked(m_files) || !source.passInterrupted())
         return console::Failed;
     if (!makeParts(source, progress) || !writeAndKeep(source, progress))
         return console::Failed;

@@ -14,12 +14,10 @@
 #include <jobkit/marks/DrawingPens.h>
 #include <jobkit/marks/MarkGraphItems.h>
 
-#include <QtCore/QDateTime>
 #include <QtCore/QFileInfo>
 
 #include <algorithm>
 #include <limits>
-#include <utility>
 
 using hostkit::NextPart;
 using jobkit::JobHatch;
@@ -28,16 +26,11 @@ using jobkit::NumberLock;
 
 namespace {
 
+constexpr int kLockWaitMs = 5000; ///< most jobs are done by then
+
 QVector<ZTAbstractGraphicsItem *> lowestFirst(const QVector<ZTAbstractGraphicsItem *> &items)
 {
     return {items.rbegin(), items.rend()};
-}
-
-/** What a file looks like, to notice that another program wrote it. */
-std::pair<qint64, QDateTime> stampOf(const std::string &name)
-{
-    const QFileInfo info(absolutePath(QString::fromStdString(name)));
-    return {info.size(), info.lastModified()};
 }
 
 bool anyOf(const QVector<ZTAbstractGraphicsItem *> &items,
@@ -53,7 +46,6 @@ bool JobSource::open(const InputFiles &files, ForeignFiles &foreign,
                      const hostkit::MarkJobOptions &layout, Progress &progress)
 {
     m_name = files.names.front();
-    m_readAt = stampOf(m_name);
     return files.isDrawing() ? openDrawing(files, progress)
                              : openForeign(files, foreign, layout, progress);
 }
@@ -156,7 +148,22 @@ void JobSource::toMiddle(QVector<JobItem> *items) const
     }
 }
 
-bool JobSource::lock(const InputFiles &files)
+void JobSource::lockBeforehand(const InputFiles &files, Progress &progress)
+{
+    if (!files.isDrawing() || files.names.front() == "-")
+        return;
+    m_lock =
+        std::make_unique<NumberLock>(absolutePath(QString::fromStdString(files.names.front())));
+    m_lockResult = m_lock->take();
+    if (m_lockResult != NumberLock::Result::Busy)
+        return;
+    progress.begin(tr("waiting for another job"));
+    m_lockResult = m_lock->take(kLockWaitMs);
+}
+
+void JobSource::unlock() { m_lock.reset(); }
+
+bool JobSource::isLocked(const InputFiles &files) const
 {
     if (files.names.front() == "-") {
         console::complain("-", tr("its numbers cannot be kept: give the drawing as a file"));
@@ -167,14 +174,9 @@ bool JobSource::lock(const InputFiles &files)
         console::complain(m_name, tr("its numbers cannot be kept: the file is read-only"));
         return false;
     }
-    m_lock = std::make_unique<NumberLock>(path);
-    switch (m_lock->take()) {
+    switch (m_lockResult) {
     case NumberLock::Result::Taken:
-        // Another job may have saved it after it was read, and been done before the lock was asked.
-        if (stampOf(m_name) == m_readAt)
-            return true;
-        console::complain(m_name, tr("another job took numbers of it meanwhile: try again"));
-        return false;
+        return true;
     case NumberLock::Result::Busy:
         console::complain(m_name, tr("another job takes numbers of it, as \"%1\" says: try again "
                                      "afterwards")

@@ -9,12 +9,10 @@
 #include <jobkit/plan/JobPlan.h>
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QDateTime>
 #include <QtCore/QStringList>
 
 #include <memory>
 #include <optional>
-#include <utility>
 
 class Progress;
 
@@ -66,15 +64,24 @@ public:
     QVector<jobkit::JobItem> items();
 
     /**
-     * Keeps other jobs from taking the same numbers, for as long as this lives. False, told on
-     * stderr, when they cannot be kept in the drawing afterwards.
+     * Keeps other jobs from taking numbers of a drawing, until `unlock` or for as long as this
+     * lives. Waits a while for one that does. Order: before `open`, so that what is read holds.
      */
-    bool lock(const InputFiles &files);
+    void lockBeforehand(const InputFiles &files, Progress &progress);
+
+    /** Lets others take numbers: none are taken here. */
+    void unlock();
+
+    /**
+     * Whether numbers can be taken, and kept in the drawing afterwards; false is told on stderr.
+     * Order: after `lockBeforehand`.
+     */
+    bool isLocked(const InputFiles &files) const;
 
     /**
      * Passes over the numbers of a job that was killed before they were kept in the drawing, and
      * tells which: its files may have been run. False, told on stderr, when there are none after
-     * them. Order: after `lock`.
+     * them. Order: while it is locked.
      */
     bool passInterrupted();
 
@@ -113,8 +120,8 @@ private:
     bool m_isForeign = false;
     bool m_isWhole = true;
     bool m_isUsedUp = false;
-    std::pair<qint64, QDateTime> m_readAt; ///< size and time of the file before it was read
     std::unique_ptr<jobkit::NumberLock> m_lock;
+    jobkit::NumberLock::Result m_lockResult = jobkit::NumberLock::Result::Impossible;
     QByteArray m_stored;                            ///< how far the texts are in the drawing's file
     int m_passed = 0;                               ///< parts of an interrupted job
     std::optional<jobkit::NumberJournal> m_journal; ///< of it

@@ -394,7 +394,7 @@ private Q_SLOTS:
     // twice.
     void serialNumbers_ofJobsAtOnce_comeOnce()
     {
-        constexpr int kRounds = 8;
+        constexpr int kRounds = 4;
         constexpr int kJobs = 6;
         makeDrawing(1000);
         QStringList parts;
@@ -409,7 +409,7 @@ private Q_SLOTS:
                     parts << QString::fromUtf8(told.left(told.indexOf('\n')));
             }
         }
-        QVERIFY(parts.size() >= kRounds); // of each, one at least has the lock
+        QVERIFY(parts.size() > kRounds); // they wait for each other, for a while
         QCOMPARE(parts.removeDuplicates(), 0);
         QCOMPARE(textOf("serial.ztd"),
                  QStringLiteral("SN-%1").arg(parts.size() + 1, 4, 10, QLatin1Char('0')));

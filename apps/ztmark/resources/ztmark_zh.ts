@@ -1453,8 +1453,8 @@ machine is, after a warning</source>
         <translation>无法保存它的编号：文件是只读的</translation>
     </message>
     <message>
-        <source>another job took numbers of it meanwhile: try again</source>
-        <translation>另一个作业刚刚取用了它的编号：请再试一次</translation>
+        <source>waiting for another job</source>
+        <translation>正在等待另一个作业</translation>
     </message>
     <message>
         <source>another job takes numbers of it, as &quot;%1&quot; says: try again afterwards</source>

@@ -1,13 +1,16 @@
 #include <jobkit/marks/NumberLock.h>
 
 #include <QtCore/QDateTime>
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QFileInfo>
+#include <QtCore/QThread>
 
 namespace jobkit {
 
 namespace {
 
 constexpr int kLockBegunS = 10; ///< by then whoever made a lock has put a name into it
+constexpr int kAskAgainMs = 20;
 
 QString lockPath(const QString &drawingPath)
 {
@@ -22,11 +25,18 @@ NumberLock::NumberLock(const QString &drawingPath) : m_path(lockPath(drawingPath
     m_file.setStaleLockTime(0);
 }
 
-NumberLock::Result NumberLock::take()
+NumberLock::Result NumberLock::take(int waitMs)
 {
-    if (m_file.tryLock() || takeAfterACrash())
-        return Result::Taken;
-    return m_file.error() == QLockFile::LockFailedError ? Result::Busy : Result::Impossible;
+    const QDeadlineTimer deadline(waitMs);
+    // QLockFile itself asks at times that grow to seconds; jobs are often done sooner.
+    while (!m_file.tryLock() && !takeAfterACrash()) {
+        if (m_file.error() != QLockFile::LockFailedError)
+            return Result::Impossible;
+        if (deadline.hasExpired())
+            return Result::Busy;
+        QThread::msleep(kAskAgainMs);
+    }
+    return Result::Taken;
 }
 
 QString NumberLock::fileName() const { return QFileInfo(m_path).fileName(); }

@@ -22,8 +22,8 @@ public:
 
     explicit NumberLock(const QString &drawingPath);
 
-    /** Takes it without waiting. */
-    Result take();
+    /** Takes it, waiting so long at most while another program has it. */
+    Result take(int waitMs = 0);
 
     /** Name of the file, without its folder. */
     QString fileName() const;

@@ -3,9 +3,11 @@
 #include <QtCore/QDateTime>
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
+#include <QtCore/QThread>
 #include <QtTest/QTest>
 
 #include <memory>
+#include <thread>
 
 using jobkit::NumberLock;
 using Result = jobkit::NumberLock::Result;
@@ -32,6 +34,20 @@ private Q_SLOTS:
         first.reset();
         QVERIFY(!QFile::exists(path("plate.ztd.lock")));
         QCOMPARE(second.take(), Result::Taken);
+    }
+
+    void lockThatIsGivenBack_isWaitedFor()
+    {
+        auto first = std::make_unique<NumberLock>(path("plate.ztd"));
+        QCOMPARE(first->take(), Result::Taken);
+        NumberLock second(path("plate.ztd"));
+        std::thread other([&first] {
+            QThread::msleep(100);
+            first.reset();
+        });
+        const Result result = second.take(60000);
+        other.join();
+        QCOMPARE(result, Result::Taken);
     }
 
     void drawingReachedByALink_hasTheSameLock()
