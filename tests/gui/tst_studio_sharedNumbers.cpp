@@ -136,6 +136,58 @@ private Q_SLOTS:
         QVERIFY(!jobkit::readJournal(drawing).has_value());
     }
 
+    // Saved on Friday with the date of that day, opened on Monday.
+    void datesOfAJob_areThoseOfItsMoment()
+    {
+        ZTCounterSegment counter;
+        counter.width = 3;
+        ZTDateTimeSegment date;
+        date.format = QStringLiteral(" HH:mm:ss.zzz");
+        QVERIFY(text()->getVariantText()->setSegments({counter, date}));
+        studio->run("text.nextPart");
+        const QString before = shown();
+        QVERIFY(before.startsWith(QStringLiteral("001 ")));
+        QVERIFY(studio->window->editor().files().saveTo(drawing));
+        QTest::qWait(5);
+        QVERIFY(exporter().write(job("a.nc"), settings()));
+        const QString marked = jobkit::readJournal(drawing)->first;
+        QVERIFY2(marked.startsWith(QStringLiteral("001 ")) && marked > before, qPrintable(marked));
+        QVERIFY(shown().startsWith(QStringLiteral("002 ")));
+    }
+
+    void datesOfAPreview_areThoseOfItsMoment()
+    {
+        ZTDateTimeSegment date;
+        date.format = QStringLiteral("HH:mm:ss.zzz");
+        QVERIFY(text()->getVariantText()->setSegments({date}));
+        studio->run("text.nextPart");
+        const QString before = shown();
+        QTest::qWait(5);
+        QVERIFY(studio->run("job.preview"));
+        QVERIFY(shown() > before);
+    }
+
+    void listOfAJob_isAsItIsNow()
+    {
+        const QString names = studio->write("names.csv", "Anna\nBerta\n");
+        ZTTextFileSegment rows;
+        rows.path = names;
+        QVERIFY(text()->getVariantText()->setSegments({rows}));
+        studio->run("text.nextPart");
+        QCOMPARE(shown(), QStringLiteral("Anna"));
+        QVERIFY(studio->window->editor().files().saveTo(drawing));
+        studio->write("names.csv", "Anne\nBerta\n");
+        QVERIFY(exporter().write(job("a.nc"), settings()));
+        QCOMPARE(jobkit::readJournal(drawing)->first, QStringLiteral("Anne"));
+        QCOMPARE(shown(), QStringLiteral("Berta"));
+        QVERIFY(QFile::remove(names));
+        QVERIFY(!exporter().write(job("b.nc"), settings()));
+        QVERIFY(!QFile::exists(studio->path("b.nc")));
+        QCOMPARE(shown(), QStringLiteral("Berta")); // nothing is lost by the attempt
+        QVERIFY(studio->messages->failures.takeFirst().why.startsWith(
+            QStringLiteral("Part 1 cannot be made as asked for: ")));
+    }
+
     // Two windows with one drawing, neither of which saves it.
     void numbersThatAnotherWindowTook_arePassedOver()
     {

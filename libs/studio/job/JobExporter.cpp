@@ -228,6 +228,9 @@ bool JobExporter::writeParts(const JobExport &wanted, const JobRequest &request,
         return false;
     if (!wanted.frame && !goPastMarkedParts(wanted.path))
         return false;
+    const QStringList unreadable = wanted.frame ? QStringList() : m_texts.renewPart();
+    if (!unreadable.isEmpty())
+        return fail(wanted.path, cannotBeMade(0, unreadable));
     QVector<jobkit::JobPlan> plans;
     if (!planParts(wanted, request, shown, &plans) || (takesNumbers && !noteTaken(wanted)))
         return false;

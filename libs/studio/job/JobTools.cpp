@@ -93,6 +93,7 @@ bool JobTools::gather(LongWork &work, JobRequest *request)
 std::shared_ptr<const Job> JobTools::makeJob()
 {
     m_texts.finishTyping();
+    m_texts.renewPart(); // what cannot be read, an export tells
     JobRequest request;
     LongWork work(m_window, tr("Making the job..."), LongWork::Cancel::Possible);
     if (!gather(work, &request))

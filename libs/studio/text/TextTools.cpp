@@ -13,6 +13,8 @@
 #include <studio/text/TextDialog.h>
 #include <studio/text/VariantParts.h>
 
+#include <hostkit/items/LastPart.h>
+
 #include <QtWidgets/QUndoStack>
 
 #include <algorithm>
@@ -34,6 +36,16 @@ void giveExtras(const ShapeItems &items, const QVector<hostkit::ItemExtras> &ext
 {
     for (int at = 0; at < items.size(); ++at)
         hostkit::setItemExtras(*items[at], extras[at]);
+}
+
+/** Whether a text can be another one later, with the same numbers. */
+bool ages(const ZTVariantText &text)
+{
+    const QVector<ZTVariantTextSegment> segments = text.getSegments();
+    return std::any_of(segments.begin(), segments.end(), [](const ZTVariantTextSegment &segment) {
+        return std::holds_alternative<ZTDateTimeSegment>(segment) ||
+               std::holds_alternative<ZTTextFileSegment>(segment);
+    });
 }
 
 } // namespace
@@ -230,6 +242,35 @@ void TextTools::nextPart()
     else if (!part.usedUp.isEmpty())
         m_messages.warning({tr("A variant text is used up: its last value shows once more."),
                             tr("Give it new values before another part is marked."), part.usedUp});
+}
+
+QStringList TextTools::renewPart()
+{
+    ShapeItems ageing;
+    std::vector<ZTVariantText> before;
+    for (ShapeItem *item : shapeItemsOf(*m_document.scene())) {
+        const ZTVariantText *text = hostkit::variantTextOf(*item);
+        if (text == nullptr || !ages(*text))
+            continue;
+        ageing.append(item);
+        before.push_back(*text);
+    }
+    const FramePause pause(*m_document.scene());
+    const QStringList errors = NextPart::again(ageing).errors;
+    bool isOther = false;
+    for (int at = 0; at < ageing.size(); ++at) {
+        const ZTVariantText &former = before[std::size_t(at)];
+        if (!errors.isEmpty()) {
+            *hostkit::variantTextOf(*ageing[at]) = former;
+            wordsItem(ageing[at])->fromVariantTextSetText();
+        }
+        isOther = isOther || hostkit::variantTextOf(*ageing[at])->getText() != former.getText();
+    }
+    if (isOther) {
+        showInTree({ageing.begin(), ageing.end()});
+        Q_EMIT partChanged();
+    }
+    return errors;
 }
 
 } // namespace studio

@@ -48,6 +48,12 @@ public:
     void nextPart();
 
     /**
+     * Brings the present part up to this moment: dates of today, lists as they are now. Numbers and
+     * rows stay. Returns what cannot be read, a line each; nothing changes then.
+     */
+    QStringList renewPart();
+
+    /**
      * Lets the selected texts and codes share the counter of the lowest of them that has variant
      * text: each has the next value.
      */
