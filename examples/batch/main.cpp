@@ -4,6 +4,8 @@
 
 #include <codekit/shape/CodeItem.h>
 #include <hostkit/drawing/DrawingLoader.h>
+#include <hostkit/items/PartTexts.h>
+#include <hostkit/items/ShapeItems.h>
 #include <hostkit/setup/Factories.h>
 #include <hostkit/text/FontPlaces.h>
 #include <jobkit/items/HatchedItems.h>
@@ -50,6 +52,12 @@ bool makeJob(const QString &drawingPath, const QString &jobPath, hostkit::Failur
     if (!missing.isEmpty()) // a part without them would be a wrong one
         return hostkit::fail(failure, hostkit::Failure::Kind::NotPossible,
                              QStringLiteral("missing here: ") + missing);
+
+    const QStringList unreadable = // lists as they are now, and the date of today
+        hostkit::NextPart::again(hostkit::shapeItemsOf(document)).errors;
+    if (!unreadable.isEmpty())
+        return hostkit::fail(failure, hostkit::Failure::Kind::NotPossible,
+                             unreadable.join(QStringLiteral(", ")));
 
     jobkit::JobFile job;
     jobkit::profileOnBoard(QStringLiteral("grbl-diode"), &job.profile);

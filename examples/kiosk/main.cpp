@@ -63,7 +63,6 @@ public:
             return refuse(QStringLiteral("these kinds of shapes cannot be marked here: ") +
                               QStringList(report.unknownKinds.keys()).join(QStringLiteral(", ")),
                           failure);
-        hostkit::NextPart::again(hostkit::shapeItemsOf(m_document)); // with the date of today
         return true;
     }
 
@@ -71,6 +70,9 @@ public:
     bool markNext(hostkit::Failure *failure)
     {
         const QVector<ZTAbstractGraphicsItem *> items = hostkit::shapeItemsOf(m_document);
+        const QStringList unreadable = hostkit::NextPart::again(items).errors; // with today's date
+        if (!unreadable.isEmpty()) // a list that cannot be read
+            return refuse(unreadable.join(QStringLiteral(", ")), failure);
         QStringList texts;
         bool isLast = false;
         for (ZTAbstractGraphicsItem *item : items) {
@@ -88,7 +90,7 @@ public:
                 hostkit::setLastPartMarked(*item, hostkit::variantTextOf(*item) != nullptr);
         } else {
             const QStringList errors = hostkit::NextPart::make(items).errors;
-            if (!errors.isEmpty()) // a list that cannot be read
+            if (!errors.isEmpty())
                 return refuse(errors.join(QStringLiteral(", ")), failure);
         }
         if (!hostkit::saveDrawing(m_document, {}, m_path, failure))
