@@ -14,10 +14,12 @@
 #include <jobkit/marks/DrawingPens.h>
 #include <jobkit/marks/MarkGraphItems.h>
 
+#include <QtCore/QDateTime>
 #include <QtCore/QFileInfo>
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 using hostkit::NextPart;
 using jobkit::JobHatch;
@@ -33,6 +35,13 @@ QVector<ZTAbstractGraphicsItem *> lowestFirst(const QVector<ZTAbstractGraphicsIt
     return {items.rbegin(), items.rend()};
 }
 
+/** What a file looks like, to notice that another program wrote it. */
+std::pair<qint64, QDateTime> stampOf(const std::string &name)
+{
+    const QFileInfo info(absolutePath(QString::fromStdString(name)));
+    return {info.size(), info.lastModified()};
+}
+
 bool anyOf(const QVector<ZTAbstractGraphicsItem *> &items,
            bool (*holds)(const ZTAbstractGraphicsItem &))
 {
@@ -46,6 +55,7 @@ bool JobSource::open(const InputFiles &files, ForeignFiles &foreign,
                      const hostkit::MarkJobOptions &layout, Progress &progress)
 {
     m_name = files.names.front();
+    m_readAs = stampOf(m_name);
     return files.isDrawing() ? openDrawing(files, progress)
                              : openForeign(files, foreign, layout, progress);
 }
@@ -277,13 +287,23 @@ bool JobSource::next()
     return showPart(part.errors);
 }
 
+/** What somebody saved meanwhile is not lost for the numbers: their note stays, and speaks for
+ * them. */
 bool JobSource::store(Progress &progress)
 {
+    const QString path = absolutePath(QString::fromStdString(m_name));
+    if (stampOf(m_name) != m_readAs) {
+        progress.finish();
+        console::complain(m_name,
+                          tr("warning: another program changed it meanwhile; its next numbers "
+                             "stand in \"%1\", and the next job goes on after them")
+                              .arg(QFileInfo(jobkit::journalPath(path)).fileName()));
+        return true;
+    }
     progress.begin(tr("writing %1").arg(QString::fromStdString(m_name)));
     hostkit::DrawingCapture capture;
     capture.programVersion = QStringLiteral(ZT_VERSION);
     hostkit::Failure error;
-    const QString path = absolutePath(QString::fromStdString(m_name));
     if (saveDrawing(m_drawing.document, capture, path, &error)) {
         jobkit::removeJournal(path);
         return true;

@@ -9,10 +9,12 @@
 #include <jobkit/plan/JobPlan.h>
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QDateTime>
 #include <QtCore/QStringList>
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 class Progress;
 
@@ -100,7 +102,10 @@ public:
     /** On to the next part. False, told on stderr, when a text has nothing to show. */
     bool next();
 
-    /** Writes the drawing with the numbers of the next part. False, told on stderr. */
+    /**
+     * Writes the drawing with the numbers of the next part, unless another program wrote it since
+     * it was read. False, told on stderr, when it cannot be written.
+     */
     bool store(Progress &progress);
 
     /** What the next job marks first; empty when the numbers are used up. */
@@ -122,6 +127,7 @@ private:
     bool m_isUsedUp = false;
     std::unique_ptr<jobkit::NumberLock> m_lock;
     jobkit::NumberLock::Result m_lockResult = jobkit::NumberLock::Result::Impossible;
+    std::pair<qint64, QDateTime> m_readAs;          ///< size and time of the file when it was read
     QByteArray m_stored;                            ///< how far the texts are in the drawing's file
     int m_passed = 0;                               ///< parts of an interrupted job
     std::optional<jobkit::NumberJournal> m_journal; ///< of it

@@ -519,6 +519,25 @@ private Q_SLOTS:
         QVERIFY(next.err.contains(QStringLiteral("SN-0001 to SN-0500")));
     }
 
+    // Somebody saves it in the studio while a long job runs.
+    void drawingThatIsSavedDuringAJob_keepsWhatWasSaved()
+    {
+        makeDrawing(5000);
+        const auto process = started(QStringLiteral("a.svg"), 500);
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(path("a-0001.svg")), 60000);
+        extendTo(4000);
+        const QByteArray saved = written("serial.ztd");
+        QVERIFY(process->waitForFinished());
+        QCOMPARE(process->exitCode(), 0);
+        QVERIFY(written("serial.ztd") == saved);
+        QVERIFY(process->readAllStandardError().contains(
+            "another program changed it meanwhile; its next numbers stand in "
+            "\"serial.ztd.numbers\""));
+        QVERIFY(QFile::exists(path("a-0500.svg")));
+        QVERIFY(
+            job("serial.ztd -o m.nc").out.startsWith(QStringLiteral("Part:           SN-0501")));
+    }
+
     void interruptedJob_andNumbersChangedSince_areTold()
     {
         makeDrawing(5000);
@@ -776,13 +795,14 @@ private:
     }
 
     /** A job of serial.ztd that runs. */
-    std::unique_ptr<QProcess> started(const QString &output) const
+    std::unique_ptr<QProcess> started(const QString &output, int parts = 1) const
     {
         auto process = std::make_unique<QProcess>();
         process->setWorkingDirectory(m_folder->path());
         process->start(QStringLiteral(ZT_ZTMARK),
                        {QStringLiteral("job"), QStringLiteral("serial.ztd"), QStringLiteral("-o"),
-                        output, QStringLiteral("--optimize"), QStringLiteral("none")});
+                        output, QStringLiteral("--optimize"), QStringLiteral("none"),
+                        QStringLiteral("--parts"), QString::number(parts)});
         return process;
     }
 

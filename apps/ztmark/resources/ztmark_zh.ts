@@ -1453,6 +1453,10 @@ machine is, after a warning</source>
         <translation>无法保存它的编号：文件是只读的</translation>
     </message>
     <message>
+        <source>warning: another program changed it meanwhile; its next numbers stand in &quot;%1&quot;, and the next job goes on after them</source>
+        <translation>警告：期间它被其他程序更改；其后续编号记在“%1”中，下一个作业会接着往下</translation>
+    </message>
+    <message>
         <source>waiting for another job</source>
         <translation>正在等待另一个作业</translation>
     </message>

@@ -256,7 +256,7 @@ QStringList TextTools::renewPart()
         before.push_back(*text);
     }
     const FramePause pause(*m_document.scene());
-    const QStringList errors = NextPart::again(ageing).errors;
+    QStringList errors = NextPart::again(ageing).errors;
     bool isOther = false;
     for (int at = 0; at < ageing.size(); ++at) {
         const ZTVariantText &former = before[std::size_t(at)];
